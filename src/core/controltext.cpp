@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/controltext.h"
+
+#include <utility>
+
+namespace
+{
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v';
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+/** Takes the next line, without its newline, off the front of `rest`. */
+std::string_view takeLine(std::string_view &rest)
+{
+    const auto end = rest.find('\n');
+    const auto line = rest.substr(0, end);
+    rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+    return line;
+}
+
+/** The byte form of the expression that ends a description: a capital letter first and a colon somewhere. */
+bool startsField(std::string_view line)
+{
+    return !line.empty() && line.front() >= 'A' && line.front() <= 'Z'
+           && line.find(':') != std::string_view::npos;
+}
+
+bool isField(std::string_view line, std::string_view name)
+{
+    return line.size() > name.size() && line[name.size()] == ':' && line.substr(0, name.size()) == name;
+}
+
+QString decoded(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+}
+} // namespace
+
+ControlText::ControlText(const QByteArray &text)
+{
+    const auto bytes = std::make_shared<const QByteArray>(text);
+    m_text = std::string_view(bytes->constData(), static_cast<std::size_t>(bytes->size()));
+    m_owner = bytes;
+}
+
+ControlText::ControlText(Owner owner, std::string_view text)
+    : m_owner(std::move(owner))
+    , m_text(text)
+{ }
+
+QString ControlText::field(std::string_view name) const
+{
+    return decoded(controlFieldValue(m_text, name));
+}
+
+QString ControlText::description() const
+{
+    std::string_view rest = m_text;
+    while (!rest.empty()) {
+        const auto line = takeLine(rest);
+        if (!isField(line, "Description"))
+            continue;
+        const auto begin = rest;
+        while (!rest.empty()) {
+            auto next = rest;
+            if (startsField(takeLine(next)))
+                break;
+            rest = next;
+        }
+        auto continuation = begin.substr(0, begin.size() - rest.size());
+        while (!continuation.empty() && (continuation.back() == '\n' || continuation.back() == '\r'))
+            continuation.remove_suffix(1);
+        QString text = decoded(trimmed(line.substr(sizeof("Description:") - 1)));
+        if (!continuation.empty())
+            text += QLatin1Char('\n') + decoded(continuation);
+        return text;
+    }
+    return {};
+}
+
+std::string_view controlFieldValue(std::string_view text, std::string_view name)
+{
+    while (!text.empty()) {
+        const auto line = takeLine(text);
+        if (isField(line, name))
+            return trimmed(line.substr(name.size() + 1));
+    }
+    return {};
+}

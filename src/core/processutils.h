@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+#include <QProcess>
+#include <QString>
+#include <QStringList>
+
+/** What a finished program left behind. */
+struct ProcessResult
+{
+    QString output; ///< standard output, decoded from the local 8-bit encoding
+    QString errorOutput; ///< error output, or why the program could not be started
+    int exitCode = 0;
+    QProcess::ExitStatus exitStatus = QProcess::NormalExit;
+    bool started = false; ///< false: there is no such program, or it may not be run
+
+    bool crashed() const { return started && exitStatus == QProcess::CrashExit; }
+    bool succeeded() const { return started && exitStatus == QProcess::NormalExit && exitCode == 0; }
+};
+
+/** One run of a program: no shell, an argument list, and what differs from our own environment. */
+struct ProcessCall
+{
+    QString program;
+    QStringList arguments;
+    QString workingDirectory; ///< empty: our own
+    QStringList environment; ///< "NAME=value" entries set on top of our own environment
+    int umask = -1; ///< file mode mask of the program; -1: our own
+};
+
+/**
+ * Runs a program and waits for its end without a time limit, so never call it on the interface thread. The program's
+ * messages are not translated (LC_ALL=C.UTF-8), because we read them.
+ */
+ProcessResult runProcess(const ProcessCall &call);
+
+/**
+ * Base of the classes that ask one external tool: runs it and keeps what it answered. An object belongs to the thread
+ * that made it.
+ */
+class ProcessUtils : public QObject
+{
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+    /** True exactly when the program could be started, did not crash and ended with exit code 0. */
+    virtual bool
+    run(const QString &program, const QStringList &arguments, const QString &workingDirectory = QString());
+
+    QString errorOutput() const { return m_result.errorOutput; }
+    QString output() const { return m_result.output; }
+    int exitStatus() const { return m_result.exitStatus; }
+    int exitCode() const { return m_result.exitCode; }
+
+Q_SIGNALS:
+    /** A query failed; `detailedText` is what the tool said. */
+    void error(const QString &text, const QString &detailedText = QString());
+
+protected:
+    const ProcessResult &result() const { return m_result; }
+
+private:
+    ProcessResult m_result;
+};

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+
+/**
+ * The result codes and job kinds that the engine and the interface exchange. A class of its own so that rules can
+ * use them without knowing the engine; RepoShell inherits it, which makes them RepoShell::SUCCESS and so on.
+ */
+class RepoEnums
+{
+    Q_GADGET
+public:
+    /** Outcome of a job or of one of its steps. */
+    enum ErrorCode {
+        ERROR = -1, ///< the job or step failed
+        SUCCESS = 0,
+        CANCEL = 1, ///< stopped by the user
+        PACKAGE_EXISTS_NEW_VERSION = 2, ///< the repository already holds a newer version
+        PACKAGE_EXISTS_OLD_VERSION = 3, ///< the repository already holds an older version
+        PACKAGE_EXISTS = 4, ///< the repository already holds the same version
+        PACKAGE_GPGERROR = 5, ///< the repository could not be signed after the package went in
+        PACKAGE_UNSIGNED = 6 ///< the package itself could not be signed and stayed out
+    };
+    Q_ENUM(ErrorCode)
+
+    /** How an error is shown: as a critical error or as a warning. */
+    enum ErrorType { CRITICAL = 0, WARNING = 1 };
+    Q_ENUM(ErrorType)
+
+    /** The kind of a job that has ended, so that the interface knows what to refresh. */
+    enum JobId {
+        COMMON_JOB = 0,
+        DOWNLOAD_JOB = 1,
+        UPGRADE_JOB = 2,
+        CHECK_DEPENDS_JOB = 3,
+        CHANGE_REPO_JOB = 4
+    };
+    Q_ENUM(JobId)
+};
+
+Q_DECLARE_METATYPE(RepoEnums::ErrorCode)
+Q_DECLARE_METATYPE(RepoEnums::ErrorType)
+Q_DECLARE_METATYPE(RepoEnums::JobId)

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/** Names of the fields of reprepro's conf/distributions, see reprepro(1). */
+namespace DistributionField
+{
+inline const QString Codename = QStringLiteral("Codename");
+inline const QString Suite = QStringLiteral("Suite");
+inline const QString Version = QStringLiteral("Version");
+inline const QString Architectures = QStringLiteral("Architectures");
+inline const QString Components = QStringLiteral("Components");
+inline const QString SignWith = QStringLiteral("SignWith");
+inline const QString Contents = QStringLiteral("Contents");
+} // namespace DistributionField
+
+inline const QString DefaultArchitecture = QStringLiteral("amd64");
+inline const QString DefaultCodename = QStringLiteral("dogwood");
+inline const QString DefaultComponent = QStringLiteral("main");
+inline const QString DefaultSection = QStringLiteral("misc");
+
+/** The description of one repository: what its conf/distributions says, and the name it is shown under. */
+struct RepoInfo
+{
+    QString name; ///< display name; the directory's name when it was read back
+    QString codename; ///< also the distribution argument of every reprepro command
+    QString suite;
+    QString version;
+    QString architectures; ///< separated by blanks
+    QString components; ///< separated by blanks
+    bool signWith = false; ///< Release files are signed with the user's default key
+    bool contents = false; ///< Contents indices are made, compressed with gzip
+
+    QStringList architectureList() const { return architectures.split(QLatin1Char(' '), Qt::SkipEmptyParts); }
+    QStringList componentList() const { return components.split(QLatin1Char(' '), Qt::SkipEmptyParts); }
+
+    bool operator==(const RepoInfo &other) const;
+    bool operator!=(const RepoInfo &other) const { return !(*this == other); }
+};

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/testenvironment.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
+
+TestEnvironment::TestEnvironment()
+    // Short, because gpg-agent's socket path has a limit.
+    : m_home(QStringLiteral("/tmp/vtXXXXXX"))
+{
+    const QByteArray home = m_home.path().toLocal8Bit();
+    qputenv("HOME", home);
+    qputenv("XDG_CONFIG_HOME", home + "/.config");
+    qputenv("XDG_CACHE_HOME", home + "/.cache");
+    qputenv("XDG_DATA_HOME", home + "/.local/share");
+    qputenv("XDG_RUNTIME_DIR", home + "/run");
+    qputenv("GNUPGHOME", home + "/gnupg");
+    for (const char *folder : {"/.config", "/.cache", "/run", "/gnupg"}) {
+        const QString path = m_home.path() + QLatin1String(folder);
+        QDir().mkpath(path);
+        QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    }
+}
+
+TestEnvironment::~TestEnvironment()
+{
+    // An agent that gpg started for this GNUPGHOME would outlive us.
+    if (haveTool("gpgconf"))
+        QProcess::execute(QStringLiteral("gpgconf"), {QStringLiteral("--kill"), QStringLiteral("all")});
+}
+
+bool haveTool(const char *program)
+{
+    return !QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty();
+}
+
+void writeFile(const QString &path, const QByteArray &text)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size())
+        qFatal("cannot write %s", qPrintable(path));
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void writeScript(const QString &path, const QByteArray &text)
+{
+    writeFile(path, text);
+    QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+}
