@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/desktopintegration.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QPalette>
+#include <QStandardPaths>
+#include <QTranslator>
+
+// Outside any namespace: the macro declares a function of the resource compiler.
+static void initIconResource()
+{
+    Q_INIT_RESOURCE(velticons);
+}
+
+namespace
+{
+const QLatin1String applicationId("velt-admin-repo");
+
+void installTranslation(const QString &name, const QString &folder)
+{
+    auto *translator = new QTranslator(QCoreApplication::instance());
+    if (translator->load(QLocale(), name, QStringLiteral("_"), folder))
+        QCoreApplication::installTranslator(translator);
+    else
+        delete translator;
+}
+
+bool isDark(const QPalette &palette)
+{
+    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+} // namespace
+
+void veltInit(const QString &version, const QString &displayName)
+{
+    QCoreApplication::setApplicationName(applicationId);
+    QCoreApplication::setApplicationVersion(version);
+    QCoreApplication::setOrganizationName(QStringLiteral("corvana"));
+
+    installTranslation(QStringLiteral("qtbase"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    const QString translations = veltDataFile(applicationId + QStringLiteral("/translations"));
+    if (!translations.isEmpty())
+        installTranslation(applicationId, translations);
+
+    if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()) == nullptr)
+        return;
+    QGuiApplication::setApplicationDisplayName(displayName);
+    QGuiApplication::setDesktopFileName(applicationId);
+    veltSetUpIconThemes();
+}
+
+QString veltAppDescription()
+{
+    return QCoreApplication::translate("main", "Velt admin repo tool");
+}
+
+void veltSetUpIconThemes()
+{
+    initIconResource();
+    // Platforms without a desktop (offscreen) know no theme folder and no theme name at all.
+    QStringList paths = QIcon::themeSearchPaths();
+    const QStringList installed = QStandardPaths::locateAll(
+        QStandardPaths::GenericDataLocation, QStringLiteral("icons"), QStandardPaths::LocateDirectory);
+    for (const QString &path : installed) {
+        if (!paths.contains(path))
+            paths.append(path);
+    }
+    // Last, so that a drawing of ours never hides one of the desktop's.
+    const QString own = QStringLiteral(":/icons");
+    paths.removeAll(own);
+    paths.append(own);
+    QIcon::setThemeSearchPaths(paths);
+
+    const QString fallback
+        = isDark(QGuiApplication::palette()) ? QStringLiteral("breeze-dark") : QStringLiteral("breeze");
+    QIcon::setFallbackThemeName(fallback);
+    if (QIcon::themeName().isEmpty())
+        QIcon::setThemeName(fallback);
+}
+
+QString veltDataFile(const QString &relativePath)
+{
+    const QFileInfo beside(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/")
+                           + relativePath);
+    if (beside.exists())
+        return beside.canonicalFilePath();
+    const auto data = QStandardPaths::GenericDataLocation;
+    const QString file = QStandardPaths::locate(data, relativePath, QStandardPaths::LocateFile);
+    return file.isEmpty() ? QStandardPaths::locate(data, relativePath, QStandardPaths::LocateDirectory)
+                          : file;
+}

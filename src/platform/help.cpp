@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/help.h"
+
+#include "platform/desktopintegration.h"
+
+#include <QCoreApplication>
+#include <QDesktopServices>
+#include <QDialog>
+#include <QDialogButtonBox>
+#include <QMessageBox>
+#include <QTextBrowser>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace
+{
+QString text(const char *key)
+{
+    return QCoreApplication::translate("VeltHelp", key);
+}
+
+void showInOwnWindow(QWidget *parent, const QUrl &page)
+{
+    auto *dialog = new QDialog(parent);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(text("Help"));
+    dialog->resize(760, 560);
+    auto *browser = new QTextBrowser(dialog);
+    browser->setOpenExternalLinks(true);
+    browser->setSource(page);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, dialog);
+    QObject::connect(buttons, &QDialogButtonBox::rejected, dialog, &QDialog::reject);
+    auto *layout = new QVBoxLayout(dialog);
+    layout->addWidget(browser);
+    layout->addWidget(buttons);
+    dialog->show();
+}
+} // namespace
+
+void veltHelpShow(QWidget *parent)
+{
+    const QString page = veltDataFile(QStringLiteral("doc/velt-admin-repo/help/index.html"));
+    if (page.isEmpty()) {
+        QMessageBox::warning(parent, text("Help"), text("The help pages are not installed."));
+        return;
+    }
+    const QUrl url = QUrl::fromLocalFile(page);
+    if (!QDesktopServices::openUrl(url))
+        showInOwnWindow(parent, url);
+}
