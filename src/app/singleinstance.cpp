@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/singleinstance.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QLocalSocket>
+#include <QLoggingCategory>
+#include <QTimer>
+#include <QtEndian>
+
+#include <optional>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+Q_LOGGING_CATEGORY(log, "velt.app", QtInfoMsg)
+
+constexpr int headerSize = sizeof(quint32);
+constexpr char receipt = '\x06';
+// Pace of the attempts while the first instance is between its lock and its socket, or is ending, in milliseconds.
+constexpr int retryInterval = 100;
+// How long a peer may take between connecting and a whole message, in milliseconds.
+constexpr int patience = 10000;
+constexpr int maxPeers = 128;
+
+QString lockPath(const QString &folder)
+{
+    return folder + QStringLiteral("/velt-admin-repo.lock");
+}
+
+/** A folder, no link to one, of this user, that nobody else can enter. */
+bool belongsToUserAlone(const QString &folder)
+{
+    struct stat status = {};
+    return !folder.isEmpty() && ::lstat(QFile::encodeName(folder).constData(), &status) == 0
+           && S_ISDIR(status.st_mode) && status.st_uid == ::geteuid()
+           && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
+}
+
+QByteArray framed(const QString &message)
+{
+    const QByteArray body = message.toUtf8();
+    QByteArray frame(headerSize, Qt::Uninitialized);
+    qToBigEndian(static_cast<quint32>(body.size()), frame.data());
+    return frame + body;
+}
+
+/** The text of a body, or nothing when it is not UTF-8. */
+std::optional<QString> decoded(const QByteArray &body)
+{
+    const QString text = QString::fromUtf8(body);
+    if (text.toUtf8() != body || text.contains(QChar::Null))
+        return std::nullopt;
+    return text;
+}
+} // namespace
+
+SingleInstance::SingleInstance(const QString &folder, QObject *parent)
+    : QObject(parent)
+    , m_socketPath(folder + QStringLiteral("/velt-admin-repo.socket"))
+    , m_lock(lockPath(folder))
+{
+    // A lock never grows old: it is stale only when the process that holds it is gone.
+    m_lock.setStaleLockTime(0);
+    if (folder.isEmpty()) {
+        qCWarning(log, "no private folder for the lock: starting without hand-over");
+        m_first = true;
+    } else if (takeLock(0))
+        listen();
+}
+
+SingleInstance::~SingleInstance()
+{
+    // Before the lock, which is freed after this body: whoever gets that must not find our socket.
+    stopListening();
+}
+
+bool SingleInstance::takeLock(int timeout)
+{
+    if (!m_first) {
+        m_first = m_lock.tryLock(timeout);
+        // A lock file that cannot be made at all (full or read-only disk) must not keep the user from working.
+        if (!m_first && m_lock.error() != QLockFile::LockFailedError
+            && m_lock.error() != QLockFile::NoError) {
+            qCWarning(log, "no lock file in the runtime folder: starting without hand-over");
+            m_first = true;
+        }
+    }
+    return m_first;
+}
+
+void SingleInstance::listen()
+{
+    connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::acceptConnections);
+    m_server.setSocketOptions(QLocalServer::UserAccessOption);
+    m_server.setMaxPendingConnections(maxPeers);
+    // Under the lock a socket that is there belongs to nobody.
+    QLocalServer::removeServer(m_socketPath);
+    if (!m_server.listen(m_socketPath))
+        qCWarning(log, "no hand-over from later starts: %s", qPrintable(m_server.errorString()));
+}
+
+void SingleInstance::stopListening()
+{
+    m_server.close();
+    const QList<QLocalSocket *> peers = m_server.findChildren<QLocalSocket *>();
+    for (QLocalSocket *peer : peers)
+        peer->abort();
+}
+
+void SingleInstance::acceptConnections()
+{
+    while (QLocalSocket *socket = m_server.nextPendingConnection()) {
+        if (m_server.findChildren<QLocalSocket *>().size() > maxPeers) {
+            socket->abort();
+            socket->deleteLater();
+            continue;
+        }
+        socket->setReadBufferSize(headerSize + maxMessageSize);
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { readMessages(socket); });
+        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        QTimer::singleShot(patience, socket, [socket] { socket->abort(); });
+    }
+}
+
+void SingleInstance::readMessages(QLocalSocket *socket)
+{
+    // Acknowledged after the reading: writing to a sender that has gone closes the socket with all it still holds.
+    const int accepted = takeFrames(socket);
+    if (accepted > 0 && socket->state() == QLocalSocket::ConnectedState) {
+        socket->write(QByteArray(accepted, receipt));
+        socket->flush();
+    }
+    // Not from here: a receiver may open a dialog, whose event loop would read and delete this socket.
+    if (accepted > 0)
+        QMetaObject::invokeMethod(this, &SingleInstance::deliverPending, Qt::QueuedConnection);
+}
+
+int SingleInstance::takeFrames(QLocalSocket *socket)
+{
+    for (int accepted = 0;; ++accepted) {
+        const QByteArray header = socket->peek(headerSize);
+        if (header.size() < headerSize)
+            return accepted;
+        const auto size = qFromBigEndian<quint32>(header.constData());
+        if (size > maxMessageSize) {
+            qCWarning(log, "refused a message of %u bytes", size);
+            socket->abort();
+            return accepted;
+        }
+        if (socket->bytesAvailable() < headerSize + qint64(size))
+            return accepted;
+        socket->skip(headerSize);
+        const std::optional<QString> message = decoded(socket->read(size));
+        if (!message.has_value()) {
+            qCWarning(log, "refused a message that is no text");
+            socket->abort();
+            return accepted;
+        }
+        m_pending.append(*message);
+    }
+}
+
+void SingleInstance::startDelivery()
+{
+    m_delivering = true;
+    QMetaObject::invokeMethod(this, &SingleInstance::deliverPending, Qt::QueuedConnection);
+}
+
+void SingleInstance::deliverPending()
+{
+    while (m_delivering && !m_pending.isEmpty())
+        Q_EMIT messageReceived(m_pending.takeFirst());
+}
+
+SingleInstance::Outcome SingleInstance::handOver(const QString &message, int timeout)
+{
+    const QByteArray frame = framed(message);
+    if (frame.size() - headerSize > static_cast<int>(maxMessageSize))
+        return NotDelivered;
+    const QDeadlineTimer deadline(timeout);
+    do {
+        if (send(frame, static_cast<int>(deadline.remainingTime())))
+            return Delivered;
+        if (takeLock(static_cast<int>(qMin<qint64>(retryInterval, deadline.remainingTime())))) {
+            listen();
+            return BecameFirst;
+        }
+    } while (!deadline.hasExpired());
+    // A lock of an instance that died while writing it names no process, and one of a renamed machine names another
+    // machine. Removing succeeds only when no living process holds it.
+    if (m_lock.removeStaleLockFile() && takeLock(0)) {
+        listen();
+        return BecameFirst;
+    }
+    return NotDelivered;
+}
+
+bool SingleInstance::send(const QByteArray &frame, int timeout)
+{
+    const QDeadlineTimer deadline(timeout);
+    const auto remaining = [&deadline] { return static_cast<int>(deadline.remainingTime()); };
+    QLocalSocket socket;
+    socket.connectToServer(m_socketPath);
+    if (!socket.waitForConnected(remaining()))
+        return false;
+    socket.write(frame);
+    while (socket.bytesToWrite() > 0) {
+        if (!socket.waitForBytesWritten(remaining()))
+            return false;
+    }
+    char answer = 0;
+    return (socket.bytesAvailable() > 0 || socket.waitForReadyRead(remaining()))
+           && socket.read(&answer, 1) == 1 && answer == receipt;
+}
+
+QString SingleInstance::privateFolder(const QString &runtimeFolder, const QString &temporaryFolder)
+{
+    if (belongsToUserAlone(runtimeFolder))
+        return runtimeFolder;
+    const QString own = temporaryFolder + QStringLiteral("/velt-admin-repo-") + QString::number(::geteuid());
+    // Not mkpath: the mode must be right from the first moment.
+    ::mkdir(QFile::encodeName(own).constData(), S_IRWXU);
+    return belongsToUserAlone(own) ? own : QString();
+}
