@@ -95,8 +95,7 @@ QIcon VeltIcon::withOverlay(const QString &base, const QString &overlay)
     if (known != cache.constEnd())
         return *known;
     const QIcon baseIcon = QIcon::fromTheme(base);
-    const QIcon icon
-        = overlay.isEmpty() ? baseIcon : QIcon(new OverlayEngine(baseIcon, QIcon::fromTheme(overlay)));
+    QIcon icon = overlay.isEmpty() ? baseIcon : QIcon(new OverlayEngine(baseIcon, QIcon::fromTheme(overlay)));
     cache.insert(key, icon);
     return icon;
 }

@@ -57,7 +57,9 @@ void veltSaveGeometry(QWidget *window, QSettings &settings, bool saveState)
 void veltRestoreGeometry(QWidget *window, QSettings &settings, const QRect &defaultRect, bool restoreState)
 {
     const QByteArray geometry = settings.value(keyOf(window, geometryKey)).toByteArray();
-    const bool restored = !geometry.isEmpty() && window->restoreGeometry(geometry);
+    // Qt checks how a record begins but not where it ends: a cut one would give a window of no size.
+    const bool restored
+        = geometry.size() >= window->saveGeometry().size() && window->restoreGeometry(geometry);
     // A maximised window keeps its state: setting a rectangle would end it.
     const bool spansScreen = restored && (window->isMaximized() || window->isFullScreen());
     if (!spansScreen) {
