@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/debarchive.h"
+
+#include <QFile>
+
+namespace
+{
+constexpr int MagicSize = 8;
+constexpr int HeaderSize = 60;
+constexpr int SizeOffset = 48;
+constexpr int SizeLength = 10;
+} // namespace
+
+DebArchiveState debArchiveState(const QString &fileName)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly) || file.read(MagicSize) != "!<arch>\n")
+        return DebArchiveState::NoArchive;
+    bool hasData = false;
+    qint64 position = MagicSize;
+    while (position < file.size()) {
+        if (!file.seek(position))
+            return DebArchiveState::Truncated;
+        const QByteArray header = file.read(HeaderSize);
+        // Some tools end an archive with a newline that no member owns.
+        if (header.trimmed().isEmpty())
+            break;
+        if (header.size() < HeaderSize)
+            return DebArchiveState::Truncated;
+        if (!header.endsWith("`\n"))
+            return DebArchiveState::NoArchive;
+        bool isNumber = false;
+        const qint64 size = header.mid(SizeOffset, SizeLength).trimmed().toLongLong(&isNumber);
+        if (!isNumber || size < 0)
+            return DebArchiveState::NoArchive;
+        hasData = hasData || header.startsWith("data.tar");
+        const qint64 end = position + HeaderSize + size;
+        if (end > file.size())
+            return DebArchiveState::Truncated;
+        position = end + (size % 2); // members begin at even offsets
+    }
+    return hasData ? DebArchiveState::Whole : DebArchiveState::Truncated;
+}

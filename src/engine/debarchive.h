@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+/** What the outer structure of a package file tells. */
+enum class DebArchiveState {
+    Whole,
+    NoArchive, ///< not an ar archive of the kind that deb(5) describes
+    Truncated ///< a member is longer than what is left of the file
+};
+
+/**
+ * Looks at the members of a .deb or .udeb (an ar archive, deb(5)) without unpacking any. The packaging tools read
+ * the control member alone, so a file whose download broke off inside the data member passes them unnoticed.
+ */
+DebArchiveState debArchiveState(const QString &fileName);

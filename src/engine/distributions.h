@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/repoinfo.h"
+
+#include <QString>
+#include <QStringList>
+
+/** Rules of conf/distributions: what a new description holds, how it is written and how it is read back. */
+namespace Distributions
+{
+/** The description that a new repository for this release starts with; the code name may be empty. */
+RepoInfo repoInfoForCodename(const QString &codename);
+
+/** The text of conf/distributions for a description. */
+QString text(const RepoInfo &info);
+
+/** Reads a description back; `name` is what the repository is shown as. Fields that are absent stay empty. */
+RepoInfo parse(const QString &text, const QString &name);
+
+/** The value of the first line "name:value", the name's first letter in either case; empty when there is none.
+ *  A Description takes all lines that follow. */
+QString fieldValue(const QStringList &lines, const QString &fieldName);
+
+/** True when the text says more than text() would write, so that rewriting the file loses something. */
+bool holdsMore(const QString &text);
+
+/** The release's version in the text of the version file: the second of exactly three words, else the whole text. */
+QString systemVersionFromText(const QString &text);
+} // namespace Distributions

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/repoinfo.h"
+
+#include <QString>
+
+#include <optional>
+
+/** The file conf/distributions of one repository. */
+class DistributionsFile
+{
+public:
+    explicit DistributionsFile(const QString &repoPath);
+
+    QString fileName() const { return m_fileName; }
+    /** The description; nothing when the file cannot be read. */
+    std::optional<RepoInfo> read() const;
+    /** The file as it is, for restore(); nothing when it cannot be read. */
+    std::optional<QByteArray> readBytes() const;
+    /**
+     * Replaces the file atomically. What it held beyond our own fields is kept once beside it, as
+     * distributions.orig. False when the file cannot be written; the old one then stays.
+     */
+    bool write(const RepoInfo &info) const;
+    bool restore(const QByteArray &bytes) const;
+
+private:
+    QString m_repoPath;
+    QString m_fileName;
+};

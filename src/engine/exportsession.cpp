@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/exportsession.h"
+
+#include "engine/privateconfig.h"
+#include "engine/repreproanswers.h"
+#include "engine/repreprocommands.h"
+
+#include <QFile>
+
+#include <utility>
+
+namespace
+{
+QString markerFile(const QString &repoPath)
+{
+    return repoPath + QLatin1String("/db/velt-admin-repo.export-owed");
+}
+} // namespace
+
+ExportSession::ExportSession(const QString &repoPath, Run run)
+    : m_repoPath(repoPath)
+    , m_run(std::move(run))
+    , m_exportOwed(isExportOwed(repoPath))
+{ }
+
+ExportSession::~ExportSession() = default;
+
+ProcessResult ExportSession::modify(const QString &arguments)
+{
+    return change(arguments, m_silentConfig.get());
+}
+
+ProcessResult ExportSession::remove(const QString &arguments, bool makesRoom)
+{
+    if (!m_silentConfig)
+        return change(arguments, nullptr);
+    if (!makesRoom) {
+        m_removed = true;
+        return change(arguments, m_silentConfig.get());
+    }
+    if (!m_deletingConfig)
+        m_deletingConfig = std::make_unique<PrivateConfig>(m_repoPath, PrivateConfig::Delete);
+    return change(arguments, m_deletingConfig->isValid() ? m_deletingConfig.get() : nullptr);
+}
+
+void ExportSession::oweExport()
+{
+    m_exportOwed = true;
+    setMarker();
+}
+
+bool ExportSession::dropUnreferencedFiles()
+{
+    if (PrivateConfig::keepsUnreferencedFiles(m_repoPath))
+        return false;
+    // First the indices, since those on disk may still name the files that go.
+    if (m_exportOwed)
+        exportNow();
+    m_removed = false;
+    return m_run(ReproCommand::deleteUnreferenced(), {}).succeeded();
+}
+
+ProcessResult ExportSession::finish()
+{
+    ProcessResult result;
+    result.started = true;
+    if (m_exportOwed)
+        result = exportNow();
+    // As long as the indices on disk are old, clients may still fetch what they name.
+    if (m_removed && !m_exportOwed && !PrivateConfig::keepsUnreferencedFiles(m_repoPath)) {
+        m_run(ReproCommand::deleteUnreferenced(), {});
+        m_removed = false;
+    }
+    return result;
+}
+
+bool ExportSession::isExportOwed(const QString &repoPath)
+{
+    return QFile::exists(markerFile(repoPath));
+}
+
+void ExportSession::clearMarker(const QString &repoPath)
+{
+    QFile::remove(markerFile(repoPath));
+}
+
+ProcessResult ExportSession::change(const QString &arguments, const PrivateConfig *config)
+{
+    setMarker();
+    const ProcessResult result = m_run(arguments, config != nullptr ? config->environment() : QStringList());
+    if (result.succeeded()) {
+        if (config != nullptr) {
+            m_exportOwed = true;
+        } else if (!m_silentConfig) {
+            auto silent = std::make_unique<PrivateConfig>(m_repoPath, PrivateConfig::Keep);
+            if (silent->isValid())
+                m_silentConfig = std::move(silent);
+        }
+    } else if (result.crashed() || ReproAnswer::indicesOutdated(result.errorOutput)
+               || ReproAnswer::signingFailed(result.errorOutput)) {
+        m_exportOwed = true;
+    }
+    if (!m_exportOwed)
+        clearMarker(m_repoPath);
+    return result;
+}
+
+ProcessResult ExportSession::exportNow()
+{
+    const ProcessResult result = m_run(ReproCommand::exportIndices(), {});
+    m_exportOwed = !result.succeeded();
+    if (!m_exportOwed)
+        clearMarker(m_repoPath);
+    return result;
+}
+
+void ExportSession::setMarker() const
+{
+    QFile marker(markerFile(m_repoPath));
+    // A folder that cannot be written makes the run itself fail, with a better message than ours would be.
+    if (!marker.exists())
+        marker.open(QIODevice::WriteOnly);
+}

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/processutils.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+class PrivateConfig;
+
+/**
+ * The reprepro runs of one job that change a repository. The first run writes the indices, so that a signing failure
+ * shows at once; when it went well, the further ones leave them alone and finish() writes them once. Writing them
+ * each time makes a job's time grow with the square of its packages.
+ *
+ * While indices are owed a marker lies in the repository's db folder, so that whoever opens the repository after a
+ * crash writes them first.
+ */
+class ExportSession
+{
+public:
+    /** Runs reprepro with these arguments and additional environment. */
+    using Run = std::function<ProcessResult(const QString &arguments, const QStringList &environment)>;
+
+    ExportSession(const QString &repoPath, Run run);
+    /** Does not export: without finish() the marker stays for the next one who opens the repository. */
+    ~ExportSession();
+    ExportSession(const ExportSession &) = delete;
+    ExportSession &operator=(const ExportSession &) = delete;
+
+    /** Runs one changing command. */
+    ProcessResult modify(const QString &arguments);
+    /**
+     * Like modify(), for a command that takes a package out of the repository. Its pool file stays until finish(),
+     * because the old indices name it; with `makesRoom` it goes at once, for another file of the same name.
+     */
+    ProcessResult remove(const QString &arguments, bool makesRoom = false);
+    /** For when the indices turned out not to tell what is in the database. */
+    void oweExport();
+    /** Makes room for a file that an earlier, interrupted run has left in the pool without use. False when the
+     *  repository's own options ask to keep such files. */
+    bool dropUnreferencedFiles();
+
+    /** Writes what is owed and drops the files that no index names any more. A result that failed leaves the
+     *  marker; nothing owed is a success. */
+    ProcessResult finish();
+
+    /** Whether the repository's indices are behind its database. */
+    static bool isExportOwed(const QString &repoPath);
+    /** Takes the marker away, after an export that went well. */
+    static void clearMarker(const QString &repoPath);
+
+private:
+    QString m_repoPath;
+    Run m_run;
+    std::unique_ptr<PrivateConfig> m_silentConfig; ///< set once the first run has gone well
+    std::unique_ptr<PrivateConfig> m_deletingConfig; ///< made when a removal has to make room
+    bool m_exportOwed;
+    bool m_removed = false; ///< files may lie in the pool that nothing needs
+
+    ProcessResult change(const QString &arguments, const PrivateConfig *config);
+    ProcessResult exportNow();
+    void setMarker() const;
+};

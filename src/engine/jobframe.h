@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/reposhell.h"
+
+/**
+ * What every job does first and last: announces itself, resets progress and cancellation, and ends with exactly one
+ * finished(), also when the job's function returns early.
+ */
+class RepoShell::JobFrame
+{
+public:
+    JobFrame(RepoShell &shell, const QString &startMessage);
+    ~JobFrame();
+    JobFrame(const JobFrame &) = delete;
+    JobFrame &operator=(const JobFrame &) = delete;
+
+    /** Counts one item; the range of a job with several items is told after its first. */
+    void itemDone(int itemCount);
+    /** Ends the job with this message and returns `result`. */
+    int finish(int result, const QString &message, JobId jobId = COMMON_JOB);
+
+private:
+    RepoShell &m_shell;
+    bool m_finished = false;
+};

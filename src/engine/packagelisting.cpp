@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/packagelisting.h"
+
+#include "engine/packagesfile.h"
+
+#include <QDir>
+#include <QDirIterator>
+
+QList<PackageInfoPtr> listPackages(const QString &root, const RepoInfo &info)
+{
+    const QDir dists(QStringLiteral("%1/dists/%2").arg(root, info.codename));
+    QStringList files;
+    QDirIterator walk(dists.path(), {QStringLiteral("Packages")}, QDir::Files, QDirIterator::Subdirectories);
+    while (walk.hasNext())
+        files.append(dists.relativeFilePath(walk.next()));
+    // The order of a folder's entries is the file system's; a list that is the same each time is easier to follow.
+    files.sort();
+
+    QList<PackageInfoPtr> packages;
+    for (const QString &file : qAsConst(files)) {
+        const auto place = indexPlace(file);
+        if (place && info.architectures.contains(place->architecture)
+            && info.components.contains(place->component))
+            packages += readPackagesFile(dists.filePath(file), *place, root);
+    }
+    return packages;
+}

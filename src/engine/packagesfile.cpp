@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/packagesfile.h"
+
+#include "core/packagefields.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include <cstring>
+#include <unordered_map>
+
+namespace
+{
+using Bytes = std::string_view;
+
+QString decoded(Bytes text)
+{
+    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+}
+
+bool startsWith(Bytes text, Bytes prefix)
+{
+    return text.size() >= prefix.size() && std::memcmp(text.data(), prefix.data(), prefix.size()) == 0;
+}
+
+Bytes trimmed(Bytes text)
+{
+    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
+        text.remove_prefix(1);
+    while (!text.empty() && (text.back() == ' ' || text.back() == '\t' || text.back() == '\r'))
+        text.remove_suffix(1);
+    return text;
+}
+
+/** Component and section of every distinct Section value, so that thousands of records share a few strings. */
+class Sections
+{
+public:
+    explicit Sections(const QString &indexComponent)
+        : m_indexComponent(indexComponent)
+    { }
+
+    const PackageField::SectionValue &of(Bytes value)
+    {
+        const auto found = m_values.find(value);
+        if (found != m_values.end())
+            return found->second;
+        return m_values.emplace(value, PackageField::splitSection(decoded(value), m_indexComponent))
+            .first->second;
+    }
+
+private:
+    QString m_indexComponent;
+    std::unordered_map<Bytes, PackageField::SectionValue> m_values;
+};
+
+/** Collects the lines of one record; a record ends where the next Package line begins. */
+class RecordBuilder
+{
+public:
+    RecordBuilder(const ControlText::Owner &owner, const IndexPlace &place, const QString &root)
+        : m_owner(owner)
+        , m_place(place)
+        , m_root(root)
+        , m_sections(place.component)
+    { }
+
+    void begin(const char *start, Bytes name)
+    {
+        m_start = start;
+        m_name = name;
+        m_version = {};
+        m_section = {};
+    }
+
+    void takeVersion(Bytes value)
+    {
+        if (m_version.data() == nullptr)
+            m_version = value;
+    }
+
+    void takeSection(Bytes value)
+    {
+        if (m_section.data() == nullptr)
+            m_section = value;
+    }
+
+    void end(const char *end)
+    {
+        if (m_start == nullptr)
+            return;
+        auto record = QSharedPointer<PackageInfo>::create();
+        const auto &section = m_sections.of(m_section);
+        record->name = decoded(m_name);
+        record->version = decoded(m_version);
+        record->component = section.component;
+        record->section = section.section;
+        record->architecture = m_place.architecture;
+        record->type = m_place.type;
+        record->root = m_root;
+        record->control = ControlText(m_owner, Bytes(m_start, static_cast<std::size_t>(end - m_start)));
+        m_records.append(record);
+        m_start = nullptr;
+    }
+
+    QList<PackageInfoPtr> records() const { return m_records; }
+
+private:
+    ControlText::Owner m_owner;
+    IndexPlace m_place;
+    QString m_root;
+    Sections m_sections;
+    const char *m_start = nullptr;
+    Bytes m_name;
+    Bytes m_version;
+    Bytes m_section;
+    QList<PackageInfoPtr> m_records;
+};
+
+/** Keeps a mapping alive after the QFile object has gone out of the reader's sight. */
+struct MappedFile
+{
+    explicit MappedFile(const QString &fileName)
+        : file(fileName)
+    {
+        // reprepro puts a new index in place by renaming, so the bytes behind the mapping never change.
+        if (file.open(QIODevice::ReadOnly) && file.size() > 0)
+            data = file.map(0, file.size());
+    }
+
+    Bytes bytes() const
+    {
+        return data == nullptr
+                   ? Bytes()
+                   : Bytes(reinterpret_cast<const char *>(data), static_cast<std::size_t>(file.size()));
+    }
+
+    QFile file;
+    uchar *data = nullptr;
+};
+} // namespace
+
+std::optional<IndexPlace> indexPlace(const QString &relativePath)
+{
+    static const QRegularExpression expression(QRegularExpression::anchoredPattern(
+        QStringLiteral("(?<comp>.+?)/(?<udeb>debian-installer/)?binary-(?<arch>[^/]+)/Packages")));
+    const auto match = expression.match(relativePath);
+    if (!match.hasMatch())
+        return std::nullopt;
+    return IndexPlace{match.captured(QStringLiteral("comp")),
+                      match.captured(QStringLiteral("arch")),
+                      match.captured(QStringLiteral("udeb")).isEmpty() ? PackageType::Deb
+                                                                       : PackageType::Udeb};
+}
+
+QList<PackageInfoPtr> parsePackages(const ControlText::Owner &owner,
+                                    std::string_view bytes,
+                                    const IndexPlace &place,
+                                    const QString &root)
+{
+    RecordBuilder builder(owner, place, root);
+    const char *line = bytes.data();
+    const char *const end = bytes.data() + bytes.size();
+    while (line < end) {
+        const auto *newline
+            = static_cast<const char *>(std::memchr(line, '\n', static_cast<std::size_t>(end - line)));
+        const char *const lineEnd = newline == nullptr ? end : newline;
+        const Bytes text(line, static_cast<std::size_t>(lineEnd - line));
+        switch (text.empty() ? '\0' : text.front()) {
+        case 'P':
+            if (startsWith(text, "Package:")) {
+                builder.end(line);
+                builder.begin(line, trimmed(text.substr(8)));
+            }
+            break;
+        case 'V':
+            if (startsWith(text, "Version:"))
+                builder.takeVersion(trimmed(text.substr(8)));
+            break;
+        case 'S':
+            if (startsWith(text, "Section:"))
+                builder.takeSection(trimmed(text.substr(8)));
+            break;
+        default:
+            break;
+        }
+        line = newline == nullptr ? end : newline + 1;
+    }
+    builder.end(end);
+    return builder.records();
+}
+
+QList<PackageInfoPtr> readPackagesFile(const QString &fileName, const IndexPlace &place, const QString &root)
+{
+    const auto mapped = std::make_shared<const MappedFile>(fileName);
+    return parsePackages(mapped, mapped->bytes(), place, root);
+}

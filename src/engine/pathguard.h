@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/** Decides which directories may be wiped or replaced. Nothing is deleted before one of these has agreed. */
+namespace PathGuard
+{
+/**
+ * Whether everything below `path` may be deleted to make room for a repository: it must be an absolute path, not the
+ * root, a folder of the system or a home (or above one), and not lie at or above one of `openRepositories`.
+ */
+bool mayBeWiped(const QString &path, const QStringList &openRepositories);
+
+/** Whether `a` and `b` are one directory, or one lies inside the other, whatever their spelling. */
+bool overlap(const QString &a, const QString &b);
+
+/** The path with links resolved as far as it exists. */
+QString resolved(const QString &path);
+} // namespace PathGuard

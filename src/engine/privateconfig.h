@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+/**
+ * A configuration folder beside the repository's own that makes reprepro change the database and the pool without
+ * writing the indices each time. It shows the same files through links, with an options file of its own, and is
+ * handed to reprepro through its environment, so that command lines stay as they are.
+ */
+class PrivateConfig
+{
+public:
+    /** What happens to a pool file that the database needs no more while the old indices may still name it. */
+    enum Unreferenced { Keep, Delete };
+
+    PrivateConfig(const QString &repoPath, Unreferenced unreferenced);
+
+    /** False when the folder could not be made; reprepro must then export each time. */
+    bool isValid() const { return m_valid; }
+    QStringList environment() const;
+    /** True when the repository's own options ask to keep files that no index names. */
+    static bool keepsUnreferencedFiles(const QString &repoPath);
+
+    /** Our options file: the repository's own lines without those that ours replace, then ours. */
+    static QString optionsText(const QString &own, Unreferenced unreferenced);
+
+private:
+    QTemporaryDir m_folder;
+    bool m_valid = false;
+};

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/repolock.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+RepoLock::State RepoLock::state(const QString &repoPath)
+{
+    const QString database
+        = QFileInfo(repoPath + QLatin1String("/db")).canonicalFilePath() + QLatin1Char('/');
+    State state = State::Stale;
+    const QStringList processes
+        = QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")}, QDir::Dirs);
+    for (const QString &process : processes) {
+        const QString folder = QLatin1String("/proc/") + process;
+        QFile name(folder + QLatin1String("/comm"));
+        // Only reprepro writes the database; a file manager that looks into the folder does not hold it.
+        if (!name.open(QIODevice::ReadOnly) || name.readAll().trimmed() != "reprepro")
+            continue;
+        const QDir descriptors(folder + QLatin1String("/fd"));
+        if (!QFileInfo(descriptors.path()).isReadable()) {
+            state = State::Unknown;
+            continue;
+        }
+        const QFileInfoList open
+            = descriptors.entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+        const bool holds = std::any_of(open.cbegin(), open.cend(), [&](const QFileInfo &descriptor) {
+            return descriptor.symLinkTarget().startsWith(database);
+        });
+        if (holds)
+            return State::Held;
+    }
+    return state;
+}
+
+bool RepoLock::remove(const QString &repoPath)
+{
+    return QFile::remove(repoPath + QLatin1String("/db/lockfile"));
+}

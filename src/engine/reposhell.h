@@ -1,0 +1,220 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "core/packagereplacementrules.h"
+#include "core/repoenums.h"
+#include "core/repoinfo.h"
+#include "engine/addoptions.h"
+#include "engine/packagelist.h"
+
+#include <QFuture>
+#include <QMutex>
+#include <QObject>
+#include <QStringList>
+
+#include <atomic>
+#include <functional>
+#include <memory>
+
+class DependencyChecker;
+class ExportSession;
+class PackageBackup;
+struct ProcessResult;
+class PackageSigner;
+
+/**
+ * The engine of one open repository: owns its path, its description and its package list, and carries out every
+ * long operation as a job on the global thread pool. It lives in the interface thread.
+ *
+ * A job emits started(), then its progress and item signals, and exactly one finished(). Connect everything with
+ * the default connection type except question() and requestForReplacementHandlingByUser(), which need
+ * Qt::BlockingQueuedConnection: the job waits inside the emission for the answer. The engine does not refuse a
+ * second job while one runs; whoever calls it starts one at a time.
+ */
+class RepoShell : public QObject, public RepoEnums
+{
+    Q_OBJECT
+public:
+    explicit RepoShell(QObject *parent = nullptr);
+    /** No job may be running. */
+    ~RepoShell() override;
+
+    // --- jobs: return at once, do nothing when the path or the list is empty -------------------------------------
+
+    void openRepo(const QString &path);
+    /** Rewrites the description and, when `newPath` is another one, moves the repository there. */
+    void changeRepo(const QString &newPath, const RepoInfo &info);
+    void addPackages(const QStringList &files, const AddOptions &options = {});
+    void removePackages(const QList<PackageInfoPtr> &packages);
+
+    // --- creating and closing --------------------------------------------------------------------------------------
+
+    /**
+     * Makes the repository `path`, wiping what is there, and opens it empty. Runs in the calling thread and starts
+     * programs, so the interface uses createRepoAside(). Returns SUCCESS or, after critical(), ERROR.
+     */
+    int createRepo(const QString &path, const RepoInfo &info);
+    /** Runs createRepo() on the thread pool; repoCreated() tells its result. */
+    void createRepoAside(const QString &path, const RepoInfo &info);
+    /** Forgets the repository: empties path and list, emits pathChanged() and needCloseRepo(). */
+    void closeRepo();
+
+    // --- what is open: callable from any thread --------------------------------------------------------------------
+
+    QString path() const;
+    RepoInfo repoInfo() const;
+    /** A copy of the package list; cheap, since the list is shared until it changes. */
+    QList<PackageInfoPtr> packages() const { return m_packages.all(); }
+    int packageCount() const { return m_packages.count(); }
+    /** The package at `index`; null when there is none. */
+    PackageInfoPtr packageAt(int index) const { return m_packages.at(index); }
+    int indexOfPackage(const PackageInfoPtr &package) const { return m_packages.indexOf(package); }
+    /** Absolute path of the package's file in the pool as reprepro knows it. Runs reprepro: not for the interface. */
+    QString packageFilePath(const QString &name, const QString &component, const QString &architecture);
+
+    // --- the running job -------------------------------------------------------------------------------------------
+
+    /** The text the running job was announced with; empty once it has been asked to stop. */
+    QString startMessage() const;
+    int progress() const { return m_progress; }
+    /** Stores the answer to the pending question(); call it from the slot that question() is connected to. */
+    void setAnswer(bool answer) { m_answer = answer; }
+    /** Asks the running job to stop after the item it is at. */
+    void cancel();
+    /** Like cancel(), and from now on every question of a job gets its safe answer without being asked. */
+    void setClosing();
+    /** True from the start of a job until idle() has been emitted. */
+    bool isRunning() const { return m_runningJobs > 0; }
+    /** Blocks until the job has ended; for programs without an interface. */
+    void waitForFinished() { m_future.waitForFinished(); }
+    /** Blocks until the job has ended and returns its ErrorCode. */
+    int result() const { return m_future.result(); }
+
+    // --- what jobs use ---------------------------------------------------------------------------------------------
+
+    void setPackageSigner(std::shared_ptr<PackageSigner> signer) { m_signer = std::move(signer); }
+    void setDependencyChecker(std::shared_ptr<DependencyChecker> checker) { m_checker = std::move(checker); }
+    /** Whether packages that are added get their dependencies checked at once. */
+    void setCheckDependsOnAdd(bool check) { m_checkDependsOnAdd = check; }
+    /** Directories of the repositories that are open elsewhere; creating or moving never wipes one of them. */
+    void setOpenRepositories(const QStringList &paths);
+
+    /** Output and error output of the last reprepro run; only meaningful between jobs. */
+    QString lastOutput() const;
+    QString lastErrorOutput() const;
+
+    /** The description a new repository starts with on this machine. Runs lsb_release. */
+    static RepoInfo defaultRepoInfo();
+
+Q_SIGNALS:
+    /** A repository was opened, created or closed (empty argument), or moved by a change (its new path). */
+    void pathChanged(const QString &newPath = QString());
+    void packageAdded(const PackageInfoPtr &packageInfo);
+    void packageChanged(const PackageInfoPtr &packageInfo);
+    void packageRemoved(const PackageInfoPtr &packageInfo);
+    void criticalVelt(const QString &text, const QString &detailedtext = QString());
+    void critical(const QString &text,
+                  const QString &detailedtext = QString(),
+                  RepoEnums::ErrorType error = RepoEnums::CRITICAL);
+    /** The description was read. */
+    void repoInfoAdded();
+    void downloadablePackagesReady();
+    void started(const QString &startMsg);
+    void finished(RepoEnums::JobId jobId, const QString &finishMsg);
+    /** The job needs a yes or no; answer with setAnswer(). Connect blocking queued. */
+    void question(const QString &dialogTitle, const QString &text);
+    /** The number of items of the job; 0 = not known. */
+    void progressRangeChanged(int range);
+    void progressStepChanged(int step);
+    void needImportRepo();
+    void needCloseRepo();
+    /** An added package exists already; write the choice into `rule`. Connect blocking queued. */
+    void requestForReplacementHandlingByUser(RepoEnums::ErrorCode error,
+                                             PackageReplacementRules *rule,
+                                             const PackageInfoPtr &pkg,
+                                             bool singlePackage = false);
+    void requestForStoredInformation(const QString &repoPath);
+    void requestForRemovingStoredInformation();
+    void requestForMergingInformation(const QList<PackageInfoPtr> &packages);
+    void requestForSavingPackages(const QList<PackageInfoPtr> &packages);
+
+    /** The job's thread is free again and the engine can be closed; follows finished(). */
+    void idle();
+    /** createRepoAside() has ended with this result. */
+    void repoCreated(int result);
+
+private:
+    class JobFrame;
+
+    mutable QMutex m_mutex; ///< guards what follows, up to the blank line
+    QString m_path;
+    RepoInfo m_repoInfo;
+    QString m_startMessage;
+    QString m_lastOutput;
+    QString m_lastErrorOutput;
+    QStringList m_openRepositories;
+
+    PackageList m_packages;
+    QFuture<int> m_future;
+    int m_runningJobs = 0; ///< of the interface thread alone
+    std::atomic<int> m_progress{0};
+    std::atomic<bool> m_answer{false};
+    std::atomic<bool> m_canceled{false};
+    std::atomic<bool> m_closing{false};
+    std::atomic<bool> m_checkDependsOnAdd{true};
+    std::shared_ptr<PackageSigner> m_signer;
+    std::shared_ptr<DependencyChecker> m_checker;
+
+    // --- the job frame: reposhell.cpp
+    void startJob(std::function<int()> job);
+    void jobEnded();
+    void setStartMessage(const QString &message);
+    void resetCancel() { m_canceled = false; }
+    bool isCanceled() const { return m_canceled; }
+    bool ask(const QString &title, const QString &text, bool safeAnswer);
+    int runReprepro(const QString &arguments);
+    ProcessResult runReproWith(const QString &arguments, const QStringList &environment);
+    bool clearStaleLock(const QString &repoPath);
+
+    // --- create, open, change, close: reposhell_lifecycle.cpp
+    void setRepository(const QString &path, const RepoInfo &info);
+    int prepareRepoDir(const QString &path);
+    int readRepoInfo(const QString &path);
+    bool writeRepoInfo(const RepoInfo &info);
+    int openBody(const QString &path);
+    void recoverInterruptedJob(const QString &path);
+    int changeBody(const QString &newPath, const RepoInfo &info);
+    bool moveRepo(const QString &newPath);
+    void removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &newInfo);
+    bool exportOrGiveUpSigning(RepoInfo info);
+
+    // --- add and remove: reposhell_packages.cpp
+    int addBody(const QStringList &files, const AddOptions &options);
+    ErrorCode addFile(const QString &file,
+                      const AddOptions &options,
+                      bool singlePackage,
+                      PackageReplacementRules *rules,
+                      ExportSession *session);
+    PackageInfoPtr readPackageFile(const QString &file);
+    bool mustReplace(ErrorCode collision,
+                     PackageReplacementRules *rules,
+                     const PackageInfoPtr &package,
+                     bool singlePackage);
+    ErrorCode collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present);
+    ErrorCode includePackage(const QString &file,
+                             const PackageInfo &record,
+                             bool replace,
+                             const AddOptions &options,
+                             ExportSession *session);
+    bool signedCopy(QString *file, const QString &folder, const AddOptions &options);
+    QList<PackageInfoPtr> packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const;
+    void packageIncluded(PackageInfo record, bool replaced);
+    void
+    restorePackages(const QList<PackageInfoPtr> &packages, PackageBackup *backup, ExportSession *session);
+    int removeBody(const QList<PackageInfoPtr> &packages);
+    bool removePackage(const PackageInfoPtr &package, ExportSession *session, bool makesRoom = false);
+    ProcessResult runInclude(const QString &arguments, ExportSession *session);
+    void finishSession(ExportSession *session);
+    ExportSession makeSession();
+};

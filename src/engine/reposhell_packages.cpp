@@ -1,0 +1,368 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Adding and removing packages.
+#include "depends/dependencychecker.h"
+#include "depends/dpkgoutput.h"
+#include "depends/dpkgutils.h"
+#include "engine/debarchive.h"
+#include "engine/exportsession.h"
+#include "engine/jobframe.h"
+#include "engine/packagebackup.h"
+#include "engine/repreproanswers.h"
+#include "engine/repreprocommands.h"
+#include "signing/packagesigner.h"
+
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QThreadPool>
+
+#include <memory>
+
+namespace
+{
+bool isCollision(RepoEnums::ErrorCode code)
+{
+    return code == RepoEnums::PACKAGE_EXISTS || code == RepoEnums::PACKAGE_EXISTS_NEW_VERSION
+           || code == RepoEnums::PACKAGE_EXISTS_OLD_VERSION;
+}
+
+QString joined(const QStringList &names)
+{
+    return names.join(QLatin1String(", "));
+}
+} // namespace
+
+ExportSession RepoShell::makeSession()
+{
+    return ExportSession(path(), [this](const QString &arguments, const QStringList &environment) {
+        return runReproWith(arguments, environment);
+    });
+}
+
+void RepoShell::finishSession(ExportSession *session)
+{
+    const ProcessResult result = session->finish();
+    // A run that could not start or crashed has been reported by the runner.
+    if (result.succeeded() || !result.started || result.crashed())
+        return;
+    if (ReproAnswer::signingFailed(result.errorOutput))
+        Q_EMIT critical(tr("Failed to sign repository!"), result.errorOutput);
+    else
+        Q_EMIT critical(
+            tr("The indices of the repository could not be written. They will be written when the "
+               "repository is opened the next time."),
+            result.errorOutput);
+}
+
+// --- add ---------------------------------------------------------------------------------------------------------
+
+void RepoShell::addPackages(const QStringList &files, const AddOptions &options)
+{
+    if (!files.isEmpty())
+        startJob([this, files, options] { return addBody(files, options); });
+}
+
+int RepoShell::addBody(const QStringList &files, const AddOptions &options)
+{
+    JobFrame frame(*this, files.size() == 1 ? tr("Adding package") : tr("Adding packages"));
+    PackageReplacementRules rules;
+    ExportSession session = makeSession();
+    QStringList added;
+    bool stopped = false;
+    for (const QString &file : files) {
+        stopped = isCanceled();
+        if (stopped)
+            break;
+        const QString absoluteFile = QFileInfo(file).absoluteFilePath();
+        if (addFile(absoluteFile, options, files.size() == 1, &rules, &session) == SUCCESS)
+            added.append(QFileInfo(file).fileName());
+        frame.itemDone(files.size());
+    }
+    finishSession(&session);
+    Q_EMIT requestForSavingPackages(m_packages.all());
+    if (stopped)
+        return frame.finish(CANCEL,
+                            tr("Operation stopped. %1 of %n package(s) added: %2", nullptr, files.size())
+                                .arg(QString::number(added.size()), joined(added)));
+    return frame.finish(SUCCESS, tr("%n package(s) added: %1", nullptr, added.size()).arg(joined(added)));
+}
+
+PackageInfoPtr RepoShell::readPackageFile(const QString &file)
+{
+    QString reason;
+    DpkgUtils dpkg;
+    if (!dpkg.packageInformation(file)) {
+        reason = dpkg.errorText();
+    } else if (debArchiveState(file) != DebArchiveState::Whole) {
+        reason = tr("The file is damaged: its end is missing.");
+    } else {
+        const auto type = file.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
+        if (const auto package = DpkgOutput::packageInfo(dpkg.output(), type))
+            return QSharedPointer<PackageInfo>::create(*package);
+        reason = tr("Its control data lack the package's name, version or architecture.");
+    }
+    Q_EMIT critical(tr("Error adding package!"), file + QLatin1String(":\n") + reason);
+    return {};
+}
+
+RepoShell::ErrorCode RepoShell::addFile(const QString &file,
+                                        const AddOptions &options,
+                                        bool singlePackage,
+                                        PackageReplacementRules *rules,
+                                        ExportSession *session)
+{
+    const PackageInfoPtr package = readPackageFile(file);
+    if (!package)
+        return ERROR;
+    QStringList architectures{package->architecture};
+    if (package->architecture == QLatin1String("all"))
+        architectures = repoInfo().architectureList();
+    ErrorCode result = ERROR;
+    for (const QString &architecture : qAsConst(architectures)) {
+        PackageInfo record = *package;
+        record.architecture = architecture;
+        record.root = path();
+        if (!options.component.isEmpty())
+            record.component = options.component;
+        record.poolFile = ReproCommand::poolFile(record, package->architecture);
+
+        result = includePackage(file, record, false, options, session);
+        if (isCollision(result)) {
+            const PackageInfoPtr present = m_packages.find(PackageKey::of(record));
+            if (mustReplace(result, rules, present, singlePackage))
+                result = includePackage(file, record, true, options, session);
+        }
+        if (result == PACKAGE_GPGERROR
+            && ask(tr("Package is unsigned"),
+                   tr("Package is added, but unsigned. Do you want to remove it?"),
+                   false))
+            removePackage(m_packages.find(PackageKey::of(record)), session);
+    }
+    return result;
+}
+
+bool RepoShell::mustReplace(ErrorCode collision,
+                            PackageReplacementRules *rules,
+                            const PackageInfoPtr &package,
+                            bool singlePackage)
+{
+    if (rules->mustAsk()) {
+        // No answer, because the program is closing or nobody is there to ask, keeps what is in the repository.
+        rules->value = PackageReplacementRules::KeepThis;
+        if (!m_closing) {
+            QThreadPool::globalInstance()->releaseThread();
+            Q_EMIT requestForReplacementHandlingByUser(collision, rules, package, singlePackage);
+            QThreadPool::globalInstance()->reserveThread();
+        }
+    }
+    return rules->replaces(collision);
+}
+
+RepoShell::ErrorCode
+RepoShell::collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present)
+{
+    DpkgUtils dpkg;
+    if (dpkg.compareVersions(package.version, QStringLiteral("="), present.version))
+        return PACKAGE_EXISTS;
+    if (dpkg.compareVersions(package.version, QStringLiteral(">"), present.version))
+        return PACKAGE_EXISTS_OLD_VERSION;
+    if (dpkg.compareVersions(package.version, QStringLiteral("<"), present.version))
+        return PACKAGE_EXISTS_NEW_VERSION;
+    Q_EMIT critical(tr("Error adding package %1!").arg(file), dpkg.errorText());
+    return ERROR;
+}
+
+RepoShell::ErrorCode RepoShell::includePackage(const QString &file,
+                                               const PackageInfo &record,
+                                               bool replace,
+                                               const AddOptions &options,
+                                               ExportSession *session)
+{
+    if (record.architecture == QLatin1String("all")) {
+        Q_EMIT critical(tr("Cannot added package %1 with architecture all!").arg(file));
+        return ERROR;
+    }
+    const PackageInfoPtr present = m_packages.find(PackageKey::of(record));
+    if (present && !replace)
+        return collisionOf(file, record, *present);
+
+    // Signed before anything is removed: a key that fails must not cost the package that is there.
+    QString source = file;
+    std::unique_ptr<QTemporaryDir> signedFolder;
+    if (options.sign) {
+        signedFolder = std::make_unique<QTemporaryDir>();
+        if (!signedCopy(&source, signedFolder->path(), options))
+            return PACKAGE_UNSIGNED;
+    }
+
+    std::unique_ptr<PackageBackup> backup;
+    QList<PackageInfoPtr> removed;
+    if (present) {
+        backup = std::make_unique<PackageBackup>(path(), *present);
+        const auto inTheWay = packagesInTheWay(*present, record);
+        const bool makesRoom = present->filePath() == record.filePath();
+        for (const PackageInfoPtr &package : inTheWay) {
+            if (!removePackage(package, session, makesRoom)) {
+                restorePackages(removed, backup.get(), session);
+                return ERROR;
+            }
+            removed.append(package);
+        }
+    }
+
+    const ProcessResult result
+        = runInclude(ReproCommand::include(
+                         repoInfo().codename, record.component, record.architecture, record.section, source),
+                     session);
+    if (result.succeeded() && !ReproAnswer::inclusionSkipped(result.errorOutput)) {
+        packageIncluded(record, !removed.isEmpty());
+        return SUCCESS;
+    }
+    if (ReproAnswer::signingFailed(result.errorOutput)) {
+        packageIncluded(record, !removed.isEmpty());
+        return PACKAGE_GPGERROR;
+    }
+    Q_EMIT critical(tr("Error adding package %1!").arg(file), result.errorOutput);
+    restorePackages(removed, backup.get(), session);
+    return ERROR;
+}
+
+bool RepoShell::signedCopy(QString *file, const QString &folder, const AddOptions &options)
+{
+    if (!m_signer) {
+        Q_EMIT critical(tr("Packages cannot be signed: no signing program is available."), *file);
+        return false;
+    }
+    const SignOutcome outcome = m_signer->sign(*file, folder, options.signKeyId);
+    if (outcome.signedFile.isEmpty()) {
+        Q_EMIT critical(outcome.text, outcome.details);
+        return false;
+    }
+    *file = outcome.signedFile;
+    return true;
+}
+
+QList<PackageInfoPtr> RepoShell::packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const
+{
+    QList<PackageInfoPtr> packages{m_packages.find(PackageKey::of(present))};
+    if (present.filePath() != record.filePath())
+        return packages;
+    // An architecture-independent package has one file for all architectures, and as long as one of them uses the
+    // old file, reprepro takes no other contents under its name.
+    const QStringList architectures = repoInfo().architectureList();
+    for (const QString &architecture : architectures) {
+        PackageKey key = PackageKey::of(present);
+        key.architecture = architecture;
+        const PackageInfoPtr twin = m_packages.find(key);
+        if (twin && architecture != present.architecture && twin->filePath() == present.filePath())
+            packages.append(twin);
+    }
+    return packages;
+}
+
+ProcessResult RepoShell::runInclude(const QString &arguments, ExportSession *session)
+{
+    QString attempt = arguments;
+    ProcessResult result = session->modify(attempt);
+    if (!result.succeeded() && ReproAnswer::priorityMissing(result.errorOutput)) {
+        attempt = ReproCommand::defaultPriority() + arguments;
+        result = session->modify(attempt);
+    }
+    if (!result.succeeded() && ReproAnswer::otherFileInPool(result.errorOutput)
+        && session->dropUnreferencedFiles())
+        result = session->modify(attempt);
+    return result;
+}
+
+void RepoShell::packageIncluded(PackageInfo record, bool replaced)
+{
+    if (m_checkDependsOnAdd && m_checker)
+        record.dependsInfo = m_checker->check(record, m_packages.all());
+    const PackageInfoPtr package = QSharedPointer<PackageInfo>::create(record);
+    m_packages.append(package);
+    if (replaced)
+        Q_EMIT packageChanged(package);
+    else
+        Q_EMIT packageAdded(package);
+}
+
+void RepoShell::restorePackages(const QList<PackageInfoPtr> &packages,
+                                PackageBackup *backup,
+                                ExportSession *session)
+{
+    for (const PackageInfoPtr &package : packages) {
+        const bool restored = !backup->file().isEmpty()
+                              && runInclude(ReproCommand::include(repoInfo().codename,
+                                                                  package->component,
+                                                                  package->architecture,
+                                                                  package->section,
+                                                                  backup->file()),
+                                            session)
+                                     .succeeded();
+        if (restored) {
+            m_packages.append(package);
+            Q_EMIT packageAdded(package);
+        } else {
+            backup->keep();
+            Q_EMIT critical(tr("The replaced package %1 could not be put back. Its file is kept as %2.")
+                                .arg(package->name, backup->file()),
+                            lastErrorOutput());
+        }
+    }
+}
+
+// --- remove ------------------------------------------------------------------------------------------------------
+
+void RepoShell::removePackages(const QList<PackageInfoPtr> &packages)
+{
+    if (!packages.isEmpty())
+        startJob([this, packages] { return removeBody(packages); });
+}
+
+int RepoShell::removeBody(const QList<PackageInfoPtr> &packages)
+{
+    JobFrame frame(*this, packages.size() == 1 ? tr("Removing package") : tr("Removing packages"));
+    ExportSession session = makeSession();
+    QStringList removed;
+    bool stopped = false;
+    for (const PackageInfoPtr &package : packages) {
+        stopped = isCanceled();
+        if (stopped)
+            break;
+        if (removePackage(package, &session))
+            removed.append(displayFileName(*package));
+        frame.itemDone(packages.size());
+    }
+    finishSession(&session);
+    Q_EMIT requestForSavingPackages(m_packages.all());
+    if (stopped)
+        return frame.finish(
+            CANCEL,
+            tr("Operation stopped. %1 of %n packages(s) removed: %2", nullptr, packages.size())
+                .arg(QString::number(removed.size()), joined(removed)));
+    return frame.finish(SUCCESS, tr("%n packages removed: %1", nullptr, removed.size()).arg(joined(removed)));
+}
+
+bool RepoShell::removePackage(const PackageInfoPtr &package, ExportSession *session, bool makesRoom)
+{
+    PackageKey twin = PackageKey::of(*package);
+    twin.type = package->type == PackageType::Deb ? PackageType::Udeb : PackageType::Deb;
+    const PackageType *only = m_packages.find(twin) ? &package->type : nullptr;
+    const ProcessResult result = session->remove(
+        ReproCommand::remove(
+            repoInfo().codename, package->name, package->component, package->architecture, only),
+        makesRoom);
+    // When only the indices could not be written, the package has left the database all the same, and the end of the
+    // job tells of the indices.
+    const bool removed = result.succeeded() || ReproAnswer::indicesOutdated(result.errorOutput)
+                         || ReproAnswer::signingFailed(result.errorOutput);
+    if (!removed) {
+        if (result.started && !result.crashed())
+            Q_EMIT critical(tr("Error removing package %1!").arg(package->name), result.errorOutput);
+        return false;
+    }
+    if (ReproAnswer::nothingRemoved(result.errorOutput))
+        session->oweExport();
+    if (const PackageInfoPtr listed = m_packages.take(PackageKey::of(*package)))
+        Q_EMIT packageRemoved(listed);
+    return true;
+}

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/repreproanswers.h"
+
+bool ReproAnswer::signingFailed(const QString &errorOutput)
+{
+    return errorOutput.contains(QLatin1String("gpgme gave error"));
+}
+
+bool ReproAnswer::priorityMissing(const QString &errorOutput)
+{
+    return errorOutput.contains(QLatin1String("No priority given for"));
+}
+
+bool ReproAnswer::inclusionSkipped(const QString &errorOutput)
+{
+    return errorOutput.contains(QLatin1String("Skipping inclusion of"));
+}
+
+bool ReproAnswer::databaseLocked(const QString &errorOutput)
+{
+    return errorOutput.contains(QLatin1String("The lock file '"))
+           && errorOutput.contains(QLatin1String("' already exists"));
+}
+
+bool ReproAnswer::indicesOutdated(const QString &errorOutput)
+{
+    return errorOutput.contains(QLatin1String("but no index file was exported"))
+           || errorOutput.contains(QLatin1String("Could not finish exporting"));
+}
+
+bool ReproAnswer::nothingRemoved(const QString &errorOutput)
+{
+    return errorOutput.contains(QLatin1String("Not removed as not found"));
+}
+
+bool ReproAnswer::otherFileInPool(const QString &errorOutput)
+{
+    return errorOutput.contains(QLatin1String("Already existing files can only be included again"))
+           || errorOutput.contains(QLatin1String("already registered with different checksums"));
+}

@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/repreprocommands.h"
+
+#include <algorithm>
+
+namespace
+{
+QString suffixOf(PackageType type)
+{
+    return type == PackageType::Udeb ? QStringLiteral("udeb") : QStringLiteral("deb");
+}
+
+/** QProcess reads three double quotes as one that is meant. */
+QString escaped(const QString &text)
+{
+    return QString(text).replace(QLatin1Char('"'), QLatin1String("\"\"\""));
+}
+} // namespace
+
+QString ReproCommand::quoted(const QString &word)
+{
+    const bool plain = std::none_of(
+        word.cbegin(), word.cend(), [](QChar c) { return c.isSpace() || c == QLatin1Char('"'); });
+    if (plain && !word.isEmpty())
+        return word;
+    return QLatin1Char('"') + escaped(word) + QLatin1Char('"');
+}
+
+QString ReproCommand::commandLine(const QString &path, const QString &arguments)
+{
+    return QStringLiteral("reprepro -b %1 %2").arg(quoted(path), arguments);
+}
+
+QString ReproCommand::exportIndices()
+{
+    return QStringLiteral(" export");
+}
+
+QString ReproCommand::clearVanished()
+{
+    return QStringLiteral(" --delete clearvanished");
+}
+
+QString ReproCommand::deleteUnreferenced()
+{
+    return QStringLiteral(" deleteunreferenced");
+}
+
+QString ReproCommand::remove(const QString &codename,
+                             const QString &name,
+                             const QString &component,
+                             const QString &architecture,
+                             const PackageType *type)
+{
+    QString arguments;
+    if (type != nullptr)
+        arguments += QStringLiteral("-T %1 ").arg(suffixOf(*type));
+    if (!component.isEmpty())
+        arguments += QStringLiteral("-C %1 ").arg(quoted(component));
+    if (!architecture.isEmpty() && architecture != QLatin1String("all"))
+        arguments += QStringLiteral("-A %1 ").arg(quoted(architecture));
+    return arguments + QStringLiteral("remove %1 %2").arg(quoted(codename), quoted(name));
+}
+
+QString ReproCommand::include(const QString &codename,
+                              const QString &component,
+                              const QString &architecture,
+                              const QString &section,
+                              const QString &file)
+{
+    const QString kind
+        = suffixOf(file.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb);
+    if (architecture.isEmpty()) {
+        return QStringLiteral("-C %1 -S %2 include%3 %4 \"%5\"")
+            .arg(quoted(component), quoted(section), kind, quoted(codename), escaped(file));
+    }
+    return QStringLiteral("-C %1 -A %2 -S %3 include%4 %5 \"%6\"")
+        .arg(quoted(component), quoted(architecture), quoted(section), kind, quoted(codename), escaped(file));
+}
+
+QString ReproCommand::defaultPriority()
+{
+    // Verbose, so that the log shows the priority that was given; -P takes the next word whatever it is.
+    return QStringLiteral("-V -P optional ");
+}
+
+QString ReproCommand::listFiles(const QString &codename,
+                                const QString &name,
+                                const QString &component,
+                                const QString &architecture)
+{
+    QString filter = QStringLiteral("Package (% %1)").arg(name);
+    if (!component.isEmpty())
+        filter += QStringLiteral(", $Component (% %1)").arg(component);
+    if (!architecture.isEmpty())
+        filter += QStringLiteral(", $Architecture (% %1)").arg(architecture);
+    return QLatin1String("--list-format \"${filename}\n\" listfilter ") + quoted(codename)
+           + QLatin1String(" \"") + escaped(filter) + QLatin1Char('"');
+}
+
+QString ReproCommand::poolFile(const PackageInfo &package, const QString &controlArchitecture)
+{
+    // "Source: name (version)" names the source only when it differs from the package.
+    QString source = package.control.field("Source").section(QLatin1Char(' '), 0, 0);
+    if (source.isEmpty())
+        source = package.name;
+    const bool library = source.startsWith(QLatin1String("lib")) && source.size() > 3;
+    // The epoch is no part of a file name.
+    const QString version = package.version.mid(package.version.indexOf(QLatin1Char(':')) + 1);
+    const QString folder
+        = QStringLiteral("pool/%1/%2/%3").arg(package.component, source.left(library ? 4 : 1), source);
+    return QStringLiteral("%1/%2_%3_%4.%5")
+        .arg(folder, package.name, version, controlArchitecture, suffixOf(package.type));
+}

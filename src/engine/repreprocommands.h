@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+
+#include <QString>
+
+/**
+ * The argument strings that reprepro(1) is run with. Each fragment carries its own blanks, so that fragments are put
+ * together without separators; the whole becomes one command line that QProcess::splitCommand() cuts into words.
+ */
+namespace ReproCommand
+{
+/** A word as it stands on the command line: in double quotes when it holds a blank or a quote. */
+QString quoted(const QString &word);
+
+/** The whole command line for the repository at `path`. */
+QString commandLine(const QString &path, const QString &arguments);
+
+QString exportIndices();
+QString clearVanished();
+QString deleteUnreferenced();
+
+/**
+ * Removes one package. `type` restricts the removal to that kind; leave it out unless the package stands in the
+ * repository in both kinds, which a plain removal takes both.
+ */
+QString remove(const QString &codename,
+               const QString &name,
+               const QString &component,
+               const QString &architecture,
+               const PackageType *type = nullptr);
+
+/** Includes a file; the kind of package follows from the file's suffix. */
+QString include(const QString &codename,
+                const QString &component,
+                const QString &architecture,
+                const QString &section,
+                const QString &file);
+
+/** What is put in front of an include whose package has no priority of its own. */
+QString defaultPriority();
+
+/** Lists the pool files of the packages with this name; component and architecture may be empty. */
+QString listFiles(const QString &codename,
+                  const QString &name,
+                  const QString &component,
+                  const QString &architecture);
+
+/** The path below the repository's directory that reprepro gives a package's file. */
+QString poolFile(const PackageInfo &package, const QString &controlArchitecture);
+} // namespace ReproCommand
