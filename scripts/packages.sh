@@ -1,0 +1,38 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+# shellcheck shell=bash
+# Debian packages that the project needs, and a way to get them. To be sourced.
+
+# shellcheck disable=SC2034
+packages_build=(g++ cmake ninja-build qtbase5-dev libkf5itemviews-dev)
+packages_run=(reprepro dpkg apt gnupg lsb-release libqt5svg5 breeze-icon-theme hicolor-icon-theme)
+packages_test=(xvfb xauth openbox fonts-dejavu-core clang-format desktop-file-utils appstream man-db)
+
+# need PACKAGE...: installs those that are missing; without any it asks dpkg and nothing else.
+need() {
+    local missing=() package state
+    for package in "$@"; do
+        state=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
+        [ "$state" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        if ! command -v sudo >/dev/null; then
+            echo "Missing packages: ${missing[*]}. Install them as root, then start again." >&2
+            return 1
+        fi
+        as_root=(sudo)
+    fi
+    echo "Installing missing packages: ${missing[*]}"
+    "${as_root[@]}" apt-get update -q
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}"
+}
+
+# configure PRESET [ARGUMENT...]: makes build/PRESET ready, with a compiler cache where there is one.
+configure() {
+    local cache=()
+    if command -v ccache >/dev/null; then
+        cache=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    fi
+    cmake --preset "$@" "${cache[@]}"
+}
