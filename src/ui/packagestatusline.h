@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QWidget>
+
+#include <array>
+
+class QLabel;
+
+/** The line below the package tree: how many packages there are, and how many in each dependency state. */
+class PackageStatusLine : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit PackageStatusLine(QWidget *parent = nullptr);
+
+    void setCounters(int undefined, int error, int success);
+    void setTotal(int total);
+    /** One package more in this state (a DependStatus); one that no check applies to counts in the total alone. */
+    void increase(int state);
+    /** One package less in this state; no counter goes below 0. */
+    void decrease(int state);
+
+    int counter(int state) const;
+    int total() const { return m_total; }
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    static constexpr int States = 3;
+    std::array<int, States> m_counters{};
+    int m_total = 0;
+    std::array<QLabel *, States> m_icons{};
+    std::array<QLabel *, States> m_labels{};
+    QLabel *m_totalLabel = nullptr;
+
+    void updateIcons();
+    void showCounters();
+};

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QAbstractProxyModel>
+#include <QFlags>
+#include <QHash>
+
+#include <vector>
+
+class RepoModel;
+struct RepoItem;
+
+/**
+ * Filters and sorts a RepoModel: containers are always shown, packages when the text filter and the dependency-state
+ * filter accept them. The repository item can be left out; its children then are the top level.
+ *
+ * This is a proxy of its own and not a QSortFilterProxyModel, because that class announces a new filter as one
+ * removal or insertion for every run of rows. With some ten thousand rows expanded the view needs half a minute for
+ * one key. Here a new filter is one change of the layout, over which views keep expansion and selection. The setters
+ * that a KFilterProxySearchLine calls cannot be overridden, so the tab passes on the text of its line.
+ */
+class RepoProxyModel : public QAbstractProxyModel
+{
+    Q_OBJECT
+public:
+    enum State { ShowUndefined = 1, ShowError = 2, ShowSuccess = 4, ShowAll = 7 };
+    Q_DECLARE_FLAGS(States, State)
+
+    explicit RepoProxyModel(QObject *parent = nullptr);
+
+    /** Takes a RepoModel; any other model counts as none. */
+    void setSourceModel(QAbstractItemModel *sourceModel) override;
+    const RepoModel *repoModel() const { return m_model; }
+
+    /** Shows packages whose text contains this, in any case; an empty text shows all. */
+    void setFilterFixedString(const QString &text);
+    QString filterText() const { return m_text; }
+    /** Shows packages in these dependency states; one that no check applies to is always shown. */
+    void setShownStates(States states);
+    States shownStates() const { return m_states; }
+    void setRepositoryItemHidden(bool hidden);
+    bool isRepositoryItemHidden() const { return m_rootHidden; }
+
+    /** How many packages of a repository the filters show. */
+    int shownPackages(const QModelIndex &container = QModelIndex()) const;
+
+    QModelIndex mapToSource(const QModelIndex &proxyIndex) const override;
+    QModelIndex mapFromSource(const QModelIndex &sourceIndex) const override;
+    QModelIndex index(int row, int column, const QModelIndex &parent = QModelIndex()) const override;
+    QModelIndex parent(const QModelIndex &child) const override;
+    QModelIndex sibling(int row, int column, const QModelIndex &index) const override;
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+    bool hasChildren(const QModelIndex &parent = QModelIndex()) const override;
+    void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+private:
+    using Ids = std::vector<int>;
+
+    /** The invisible container of the top level. */
+    static constexpr int TopId = -1;
+    /** Changed rows of a batch whose visibility changes, above which the layout is announced instead. */
+    static constexpr int RelayoutThreshold = 50;
+
+    RepoModel *m_model = nullptr;
+    QHash<int, Ids> m_shown; ///< ids of the shown children in source order, by container
+    QString m_text;
+    States m_states = ShowAll;
+    bool m_rootHidden = false;
+    Qt::SortOrder m_order = Qt::AscendingOrder;
+    int m_removeFirst = 0; ///< what the running removal takes from m_shown[m_removeFrom]
+    int m_removeCount = 0;
+    int m_removeFrom = TopId;
+
+    bool isFiltering() const { return !m_text.isEmpty() || m_states != ShowAll; }
+    bool accepts(const RepoItem &item) const;
+    void rebuild();
+    void rebuildBelow(int id);
+    void relayout();
+
+    int containerId(const QModelIndex &proxyIndex) const;
+    QModelIndex indexOfId(int id) const;
+    /** Place of an item among the shown children of its container, or where it would be. */
+    int placeOf(const Ids &shown, int id) const;
+    const Ids &shownIn(int container) const;
+    bool isShown(int container, int id) const;
+    /** The row of a place, or the place of a row. */
+    int mirrored(int place, const Ids &shown) const;
+    void insertShown(int container, const Ids &ids);
+    void beginRemoval(int container, int first, int count);
+    void endRemoval();
+
+    void sourceRowsInserted(const QModelIndex &parent, int first, int last);
+    void sourceRowsAboutToBeRemoved(const QModelIndex &parent, int first, int last);
+    void
+    sourceDataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight, const QVector<int> &roles);
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(RepoProxyModel::States)

@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/repotreeview.h"
+
+#include "ui/packagedrop.h"
+#include "ui/repomodel.h"
+#include "ui/repoproxymodel.h"
+
+#include <QDragEnterEvent>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QScrollBar>
+#include <QSet>
+
+RepoTreeView::RepoTreeView(QWidget *parent)
+    : QTreeView(parent)
+{
+    setSelectionMode(ExtendedSelection);
+    setSelectionBehavior(SelectItems);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    setSortingEnabled(true);
+    sortByColumn(0, Qt::AscendingOrder);
+    setUniformRowHeights(true);
+    setDragDropMode(DropOnly);
+    setDropIndicatorShown(false);
+    header()->setSectionResizeMode(QHeaderView::Interactive);
+    header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+void RepoTreeView::setModel(QAbstractItemModel *model)
+{
+    if (m_proxy != nullptr)
+        disconnect(m_proxy, nullptr, this, nullptr);
+    m_proxy = qobject_cast<RepoProxyModel *>(model);
+    // Asked for what is expanded before the view itself is told of the reset, which makes it forget.
+    if (m_proxy != nullptr)
+        connect(m_proxy, &RepoProxyModel::modelAboutToBeReset, this, &RepoTreeView::saveState);
+    QTreeView::setModel(model);
+    if (m_proxy != nullptr) {
+        connect(m_proxy, &RepoProxyModel::modelReset, this, &RepoTreeView::restoreState);
+        connect(m_proxy, &RepoProxyModel::layoutAboutToBeChanged, this, &RepoTreeView::saveScroll);
+        connect(m_proxy, &RepoProxyModel::layoutChanged, this, [this] {
+            if (m_searching) {
+                scheduleDelayedItemsLayout(); // or every expansion would move all rows below it
+                expandMatches(QModelIndex());
+            }
+            restoreScroll();
+            Q_EMIT stateRestored();
+        });
+    }
+}
+
+// --- drops ---------------------------------------------------------------------------------------------------------
+
+void RepoTreeView::setDropsEnabled(bool enabled)
+{
+    m_dropsEnabled = enabled;
+}
+
+void RepoTreeView::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!m_dropsEnabled || !PackageDrop::accepts(event->mimeData())) {
+        event->ignore();
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void RepoTreeView::dragMoveEvent(QDragMoveEvent *event)
+{
+    if (!m_dropsEnabled || !PackageDrop::accepts(event->mimeData())) {
+        event->ignore();
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void RepoTreeView::dropEvent(QDropEvent *event)
+{
+    const QStringList files = m_dropsEnabled ? PackageDrop::packageFiles(event->mimeData()) : QStringList();
+    if (files.isEmpty()) {
+        event->ignore();
+        return;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    Q_EMIT filesDropped(files);
+}
+
+// --- what survives a change of the model ---------------------------------------------------------------------------
+
+QString RepoTreeView::keyOf(const QModelIndex &index) const
+{
+    return m_proxy->repoModel()->itemKey(m_proxy->mapToSource(index));
+}
+
+QModelIndex RepoTreeView::indexOfKey(const QString &key) const
+{
+    return m_proxy->mapFromSource(m_proxy->repoModel()->indexOfKey(key));
+}
+
+bool RepoTreeView::isPackage(const QModelIndex &index) const
+{
+    return m_proxy->flags(index).testFlag(Qt::ItemNeverHasChildren);
+}
+
+QStringList RepoTreeView::expandedKeys() const
+{
+    QStringList keys;
+    QModelIndexList open{rootIndex()};
+    while (!open.isEmpty()) {
+        const QModelIndex parent = open.takeLast();
+        for (int row = 0; row < m_proxy->rowCount(parent); ++row) {
+            const QModelIndex child = m_proxy->index(row, 0, parent);
+            if (isPackage(child))
+                break; // it has no siblings of another kind
+            if (isExpanded(child))
+                keys.append(keyOf(child));
+            open.append(child);
+        }
+    }
+    return keys;
+}
+
+void RepoTreeView::saveScroll()
+{
+    m_visible.clear();
+    if (m_proxy->repoModel() == nullptr || verticalScrollBar()->value() == 0)
+        return;
+    const int bottom = viewport()->height();
+    for (QModelIndex index = indexAt(QPoint(0, 0)); index.isValid() && visualRect(index).top() < bottom;
+         index = indexBelow(index))
+        m_visible.append(keyOf(index));
+}
+
+void RepoTreeView::restoreScroll()
+{
+    for (const QString &key : qAsConst(m_visible)) {
+        const QModelIndex index = indexOfKey(key);
+        if (index.isValid()) {
+            scrollTo(index, PositionAtTop);
+            break;
+        }
+    }
+    m_visible.clear();
+}
+
+void RepoTreeView::saveState()
+{
+    // Before a listing the tree is emptied; what was there then returns with the packages.
+    if (m_proxy->repoModel() == nullptr || m_proxy->repoModel()->packageCount() == 0)
+        return;
+    saveScroll();
+    m_expanded = expandedKeys();
+    m_current = keyOf(currentIndex());
+    m_selected.clear();
+    const QModelIndexList selected = selectionModel()->selectedIndexes();
+    for (const QModelIndex &index : selected)
+        m_selected.append(keyOf(index));
+}
+
+void RepoTreeView::restoreState()
+{
+    if (m_proxy->repoModel() == nullptr)
+        return;
+    for (const QString &key : qAsConst(m_expanded)) {
+        const QModelIndex index = indexOfKey(key);
+        if (index.isValid())
+            expand(index);
+    }
+    if (m_expanded.isEmpty())
+        expandToDepth(1);
+    QItemSelection selection;
+    for (const QString &key : qAsConst(m_selected)) {
+        const QModelIndex index = indexOfKey(key);
+        if (!index.isValid())
+            continue;
+        // Neighbours become one range: the selection model compares every range with every other.
+        if (!selection.isEmpty() && selection.last().parent() == index.parent()
+            && selection.last().bottom() + 1 == index.row())
+            selection.last() = QItemSelectionRange(selection.last().topLeft(), index);
+        else
+            selection.append(QItemSelectionRange(index));
+    }
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    selectionModel()->setCurrentIndex(indexOfKey(m_current), QItemSelectionModel::NoUpdate);
+    restoreScroll();
+    Q_EMIT stateRestored();
+}
+
+void RepoTreeView::setSearching(bool searching)
+{
+    if (searching == m_searching || m_proxy == nullptr || m_proxy->repoModel() == nullptr)
+        return;
+    m_searching = searching;
+    if (searching) {
+        m_expandedBeforeSearch = expandedKeys();
+        return;
+    }
+    scheduleDelayedItemsLayout();
+    const QSet<QString> before(m_expandedBeforeSearch.cbegin(), m_expandedBeforeSearch.cend());
+    const QStringList expanded = expandedKeys();
+    for (const QString &key : expanded) {
+        if (!before.contains(key))
+            collapse(indexOfKey(key));
+    }
+    m_expandedBeforeSearch.clear();
+    scrollTo(currentIndex());
+}
+
+void RepoTreeView::expandMatches(const QModelIndex &parent)
+{
+    for (int row = 0; row < m_proxy->rowCount(parent); ++row) {
+        const QModelIndex child = m_proxy->index(row, 0, parent);
+        if (isPackage(child))
+            break;
+        if (m_proxy->shownPackages(child) > 0)
+            expand(child);
+        expandMatches(child);
+    }
+}

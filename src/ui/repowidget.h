@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "core/repoenums.h"
+#include "ui/packagetree.h"
+
+#include <QModelIndex>
+#include <QPoint>
+#include <QTimer>
+#include <QWidget>
+
+#include <memory>
+
+class PackageFeed;
+class QMenu;
+class RepoModel;
+class RepoProxyModel;
+class RepoShell;
+
+namespace Ui
+{
+class RepoWidget;
+}
+
+/**
+ * One tab of the main window: one repository. The packages are a tree on the left; on the right stands what the
+ * current item of the tree is. It owns the repository's engine and passes on what the engine tells. The engine's
+ * question() and requestForReplacementHandlingByUser() are not passed on, because a job waits inside them: the
+ * window connects to them itself.
+ */
+class RepoWidget : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit RepoWidget(QWidget *parent = nullptr);
+    /** No job may be running. */
+    ~RepoWidget() override;
+
+    RepoShell *repoShell() const { return m_shell; }
+    void openRepo(const QString &path);
+    /** Directory of the open repository; empty as long as none is open. */
+    QString repoPath() const;
+
+    /** The selected packages, each once; a selected container stands for all packages in it that are shown. */
+    QList<PackageInfoPtr> selectedPackages() const;
+
+    void setShowPackageVersions(bool show);
+    void setStatusLineVisible(bool visible);
+    /** Where the signatures of packages are looked up; without one every package counts as unsigned. */
+    void setSignatureLookup(PackageTree::SignatureLookup lookup);
+    /** "Packet Filter": which dependency states the tree shows. */
+    QMenu *packetFilterMenu() const { return m_filterMenu; }
+
+public Q_SLOTS:
+    /** Shows the details of the package at this index of the tree. */
+    void changePackage(const QModelIndex &index);
+    void rowsInserted(const QModelIndex &parent, int first, int last);
+    void repoPathChanged();
+    /** Makes this index of the tree current and selects it. */
+    void setCurrentItem(const QModelIndex &index);
+    void currentItemChanged(const QModelIndex &current);
+    void customContextMenuRequested(const QPoint &pos);
+    void packageDependsContextMenuRequested(const QPoint &pos);
+    void repoInfoAdded();
+    void copySrcLineEdit();
+
+Q_SIGNALS:
+    void repoShellStarted(const QString &startMsg);
+    void repoShellFinished(RepoEnums::JobId jobId, const QString &finishMsg);
+    void repoShellQuestion(const QString &dialogTitle, const QString &text);
+    void needImportRepo();
+    /** Number of items of the job; 0 = not known. */
+    void progressBarSetMaximum(int maximum);
+    void progressStepChanged(int step);
+    /** Another repository, or none: then `isEmpty` is true. */
+    void newRepoPath(bool isEmpty);
+    /** Something, or nothing, is the current item of the tree. */
+    void itemChanged(bool isEnabled);
+    /** Number of items the job has done; told while it runs. */
+    void progressBarSetValue(int val);
+    void newTabTitle(const QString &repoPath);
+    void downloadablePackagesReady();
+    void publishRepoTriggered();
+    void unpublishRepoTriggered();
+    /** The repository holds no package any more. */
+    void childCountIsZero();
+    void enableRemovePackagesAction(bool isEnabled);
+    void enableCheckDependsAction(bool isEnabled);
+    void enableDependsCheckMenu(bool isEnabled);
+    /** `pos` is in global coordinates. */
+    void dependsContextMenuRequested(const QPoint &pos);
+    void currItemChanged(const QModelIndex &current);
+    void serverTypeChanged(int index);
+    /** `pos` is in global coordinates. */
+    void contextMenuRequested(const QPoint &pos);
+    void critical(const QString &text,
+                  const QString &detailedtext = QString(),
+                  RepoEnums::ErrorType error = RepoEnums::CRITICAL);
+    void criticalVelt(const QString &text,
+                      const QString &detailedtext = QString(),
+                      RepoEnums::ErrorType error = RepoEnums::CRITICAL);
+    void portEditingFinished();
+    void checkDependsToolButtonClicked();
+    void srcListActionSetVisible(bool visible);
+    void statusLabel(const QString &text);
+    void needCloseRepo();
+
+    /** Package files were dropped on the tree: absolute paths. */
+    void filesDropped(const QStringList &files);
+
+private:
+    enum Page { NothingPage, RepositoryPage, PackagePage, ErrorPage };
+    /** Milliseconds after the last key until the tree is searched. */
+    static constexpr int SearchDelay = 300;
+    /** Milliseconds between two looks at the progress of a job. */
+    static constexpr int ProgressInterval = 100;
+
+    std::unique_ptr<Ui::RepoWidget> m_ui;
+    RepoShell *m_shell = nullptr;
+    PackageFeed *m_feed = nullptr;
+    RepoModel *m_model = nullptr;
+    RepoProxyModel *m_proxy = nullptr;
+    QMenu *m_filterMenu = nullptr;
+    QTimer m_searchTimer;
+    QTimer m_progressTimer;
+    int m_shownPackages = 0; ///< packages there were at the last count
+    bool m_running = false;
+
+    void setUpSearch();
+    void setUpTree();
+    void setUpPublication();
+    void connectShell();
+    void connectJob();
+    void setRunning(bool running);
+    void search();
+    void applyPacketFilter();
+    void updateCounters();
+    void updateActions();
+    void showPackage(const PackageInfo &package);
+    void showPackageError(const QString &text);
+    void collectPackages(const QModelIndex &index, QList<int> &ids) const;
+};
