@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/testapplication.h"
+
 #include <QString>
 #include <QTemporaryDir>
 
@@ -43,7 +45,7 @@ void writeScript(const QString &path, const QByteArray &text);
     int main(int argc, char *argv[])                                                                         \
     {                                                                                                        \
         const TestEnvironment environment;                                                                   \
-        Application application(argc, argv);                                                                 \
+        TestApplication<Application> application(argc, argv);                                                \
         TestClass test;                                                                                      \
         return QTest::qExec(&test, argc, argv);                                                              \
     }
