@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Reading an index of 63,000 records: a bare pass over its lines against what the engine does.
+#include "benchdata.h"
+#include "engine/packagelisting.h"
+#include "engine/packagesfile.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+#include <cstring>
+#include <string_view>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+
+namespace
+{
+/** The least that a reader does: maps the file, walks its lines, keeps views of a record's fields. */
+std::size_t bareScan(const QString &fileName)
+{
+    struct Record
+    {
+        std::string_view name, version, section;
+    };
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    const char *const begin = reinterpret_cast<const char *>(file.map(0, file.size()));
+    const char *const end = begin + file.size();
+    std::vector<Record> records;
+    for (const char *line = begin; line < end;) {
+        const auto *newline
+            = static_cast<const char *>(std::memchr(line, '\n', static_cast<std::size_t>(end - line)));
+        const char *const lineEnd = newline == nullptr ? end : newline;
+        const std::string_view text(line, static_cast<std::size_t>(lineEnd - line));
+        if (text.substr(0, 8) == "Package:")
+            records.push_back({text.substr(8), {}, {}});
+        else if (text.substr(0, 8) == "Version:" && !records.empty())
+            records.back().version = text.substr(8);
+        else if (text.substr(0, 8) == "Section:" && !records.empty())
+            records.back().section = text.substr(8);
+        line = lineEnd + 1;
+    }
+    benchmark::DoNotOptimize(records.data());
+    return records.size();
+}
+
+void BareScan(benchmark::State &state)
+{
+    const QString file = BenchData::packagesFile();
+    std::size_t records = 0;
+    for (auto _ : state)
+        records = bareScan(file);
+    state.counters["records"] = static_cast<double>(records);
+}
+BENCHMARK(BareScan)->Unit(benchmark::kMillisecond)->MinTime(3);
+
+void ReadIndex(benchmark::State &state)
+{
+    const QString file = BenchData::packagesFile();
+    int records = 0;
+    for (auto _ : state) {
+        const auto packages = readPackagesFile(
+            file, {QStringLiteral("main"), QStringLiteral("amd64"), PackageType::Deb}, QString());
+        records = packages.size();
+        // Letting the records go is no part of reading them.
+        state.PauseTiming();
+        const_cast<QList<PackageInfoPtr> &>(packages).clear();
+        state.ResumeTiming();
+    }
+    state.counters["records"] = records;
+    state.counters["peak_MB"] = BenchData::peakMegabytes();
+}
+BENCHMARK(ReadIndex)->Unit(benchmark::kMillisecond)->MinTime(3);
+
+void ListRepository(benchmark::State &state)
+{
+    const QString repository = BenchData::largeRepository();
+    RepoInfo info;
+    info.codename = QStringLiteral("bookworm");
+    info.architectures = QStringLiteral("amd64");
+    info.components = QStringLiteral("main");
+    QList<PackageInfoPtr> packages;
+    for (auto _ : state) {
+        packages = listPackages(repository, info);
+        state.PauseTiming();
+        packages.clear();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(ListRepository)->Unit(benchmark::kMillisecond)->MinTime(3);
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
