@@ -118,6 +118,9 @@ QString Sections::textInBrackets(const QString &text)
 
 QString Sections::firstMatch(const QStringList &entries, const QRegularExpression &pattern)
 {
-    const int index = entries.indexOf(pattern);
-    return index < 0 ? QString() : entries.at(index);
+    for (const QString &entry : entries) {
+        if (pattern.match(entry).hasMatch())
+            return entry;
+    }
+    return {};
 }
