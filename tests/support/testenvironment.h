@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "support/threadsanitizer.h"
+#include "support/testapplication.h"
 
 #include <QString>
 #include <QTemporaryDir>
@@ -45,7 +45,7 @@ void writeScript(const QString &path, const QByteArray &text);
     int main(int argc, char *argv[])                                                                         \
     {                                                                                                        \
         const TestEnvironment environment;                                                                   \
-        ObservedApplication<Application> application(argc, argv);                                            \
+        TestApplication<Application> application(argc, argv);                                                \
         TestClass test;                                                                                      \
         return QTest::qExec(&test, argc, argv);                                                              \
     }
