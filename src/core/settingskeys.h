@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QString>
+
+/** Names under which the user's choices are kept. Readers open a short-lived QSettings without arguments. */
+namespace SettingsKey
+{
+inline const QString RecentOpennedRepos
+    = QStringLiteral("recentOpennedRepos"); ///< paths to open at the next start
+inline const QString RecentRepoList = QStringLiteral("recentRepoList"); ///< paths, the most recent first
+inline const QString CurrentComponent = QStringLiteral("currentComponent");
+inline const QString SignPackage = QStringLiteral("signPackage");
+inline const QString SignKeyId = QStringLiteral("signKeyID");
+inline const QString ShowAddPkgSettings = QStringLiteral("showAddPkgSettings");
+inline const QString ShowPkgVersion = QStringLiteral("showPkgVersion");
+inline const QString AddPkgCheckDepends = QStringLiteral("addPkgCheckDepends");
+inline const QString DependsRepoType = QStringLiteral("dependsRepoType"); ///< see DependsRepoType
+} // namespace SettingsKey
+
+/** Where dependencies are looked for; a bit set, stored as a number. */
+enum DependsRepoType { DependsNowhere = 0, DependsLocal = 1, DependsPublic = 2, DependsEverywhere = 3 };

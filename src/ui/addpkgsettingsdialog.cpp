@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/addpkgsettingsdialog.h"
+
+#include "ui_addpkgsettingsdialog.h"
+
+AddPkgSettingsDialog::AddPkgSettingsDialog(const QStringList &components,
+                                           const UserChoices &choices,
+                                           QWidget *parent)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::AddPkgSettingsDialog>())
+    , m_choices(choices)
+{
+    m_ui->setupUi(this);
+    // The empty entry leaves each package in its own component; without it there would be no way back to that.
+    m_ui->m_componentComboBox->addItem(QString());
+    m_ui->m_componentComboBox->addItems(components);
+    m_ui->m_componentComboBox->setCurrentText(choices.currentComponent);
+    // Signing needs a key; without one the choice could not be kept.
+    const bool canSign = !choices.signKeyId.isEmpty();
+    m_ui->m_signPackageCheckBox->setEnabled(canSign);
+    m_ui->m_signPackageCheckBox->setChecked(canSign && choices.signPackage);
+    m_ui->m_checkDependsCheckBox->setChecked(choices.addPkgCheckDepends);
+    m_ui->m_showCheckBox->setChecked(choices.showAddPkgSettings);
+    connect(m_ui->buttonBox, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_ui->buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+AddPkgSettingsDialog::~AddPkgSettingsDialog() = default;
+
+void AddPkgSettingsDialog::setSigningVisible(bool visible)
+{
+    m_ui->m_signPackageCheckBox->setVisible(visible);
+}
+
+UserChoices AddPkgSettingsDialog::choices() const
+{
+    UserChoices choices = m_choices;
+    // With no repository open there is nothing to choose from, and the stored component stays.
+    if (m_ui->m_componentComboBox->count() > 1)
+        choices.currentComponent = m_ui->m_componentComboBox->currentText();
+    if (m_ui->m_signPackageCheckBox->isEnabled())
+        choices.signPackage = m_ui->m_signPackageCheckBox->isChecked();
+    choices.addPkgCheckDepends = m_ui->m_checkDependsCheckBox->isChecked();
+    choices.showAddPkgSettings = m_ui->m_showCheckBox->isChecked();
+    return choices;
+}

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ui/userchoices.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace Ui
+{
+class AddPkgSettingsDialog;
+}
+
+/** How packages are added: the component, signing, the dependency check and whether to ask each time. */
+class AddPkgSettingsDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    /** `components` are those of the repository that packages would go to. */
+    AddPkgSettingsDialog(const QStringList &components,
+                         const UserChoices &choices,
+                         QWidget *parent = nullptr);
+    ~AddPkgSettingsDialog() override;
+
+    void setSigningVisible(bool visible);
+
+    /** The choices it was made with, changed to what the dialog shows. */
+    UserChoices choices() const;
+
+private:
+    std::unique_ptr<Ui::AddPkgSettingsDialog> m_ui;
+    UserChoices m_choices;
+};

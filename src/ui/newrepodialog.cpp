@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/newrepodialog.h"
+
+#include "ui/newreporules.h"
+#include "ui/prompts.h"
+#include "ui/singlespacevalidator.h"
+
+#include "ui_newrepodialog.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QIcon>
+#include <QProcess>
+#include <QPushButton>
+#include <QStandardPaths>
+
+namespace
+{
+/** The administrator's list of choices for a field; these files are a few lines long. */
+QStringList systemChoices(const QString &name, const QStringList &defaults)
+{
+    constexpr qint64 Limit = 65536;
+    QFile file(QStringLiteral("/etc/%1/%2.conf").arg(QStringLiteral("velt-admin-repo"), name));
+    if (!file.open(QIODevice::ReadOnly))
+        return defaults;
+    return NewRepoRules::choices(QString::fromLocal8Bit(file.read(Limit)), defaults);
+}
+
+/** Puts text into a field as long as the user has left it empty and alone. */
+void fillUntouched(QLineEdit *field, const QString &text)
+{
+    if (!field->isModified() && field->text().isEmpty())
+        field->setText(text);
+}
+} // namespace
+
+NewRepoDialog::NewRepoDialog(Mode mode, Prompts &prompts, QWidget *parent)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::NewRepoDialog>())
+    , m_prompts(prompts)
+    , m_mode(mode)
+{
+    m_ui->setupUi(this);
+    if (mode == Mode::Change)
+        setWindowTitle(tr("Repository change"));
+    else if (mode == Mode::Import)
+        setWindowTitle(tr("Repository import"));
+    setUpFields();
+    showPublished(false);
+    connect(m_ui->m_pathToolButton, &QToolButton::clicked, this, &NewRepoDialog::selectFolder);
+    connect(m_ui->buttonBox, &QDialogButtonBox::accepted, this, &NewRepoDialog::accept);
+    connect(m_ui->buttonBox, &QDialogButtonBox::rejected, this, &NewRepoDialog::reject);
+
+    const QString keyManager = QStandardPaths::findExecutable(QStringLiteral("kgpg"));
+    m_ui->m_startKGpgToolButton->setEnabled(!keyManager.isEmpty());
+    connect(m_ui->m_startKGpgToolButton, &QToolButton::clicked, this, [keyManager] {
+        QProcess::startDetached(keyManager, {});
+    });
+}
+
+NewRepoDialog::~NewRepoDialog() = default;
+
+void NewRepoDialog::setUpFields()
+{
+    const QRegularExpression nameCharacters(QStringLiteral("[a-z|0-9|_|\\.|\\-]+"));
+    const QRegularExpression listCharacters(QStringLiteral("[a-z|0-9|\\-|\\s]+"));
+    m_ui->m_nameLineEdit->setValidator(new QRegularExpressionValidator(nameCharacters, this));
+    m_ui->m_suiteComboBox->setValidator(new QRegularExpressionValidator(nameCharacters, this));
+    m_ui->m_archComboBox->setValidator(new SingleSpaceValidator(listCharacters, this));
+    m_ui->m_componentsComboBox->setValidator(new SingleSpaceValidator(listCharacters, this));
+    m_ui->m_archComboBox->setChoices(
+        systemChoices(QStringLiteral("architectures"), NewRepoRules::defaultArchitectures()));
+    m_ui->m_archComboBox->setTextReadOnly(true);
+    m_ui->m_componentsComboBox->setChoices(
+        systemChoices(QStringLiteral("components"), NewRepoRules::defaultComponents()));
+    for (QComboBox *box : {m_ui->m_codeNameComboBox, m_ui->m_suiteComboBox}) {
+        // What is typed must stay what was typed: "stable" is also the start of other names.
+        box->setCompleter(nullptr);
+        box->setCurrentIndex(-1);
+    }
+}
+
+void NewRepoDialog::setRepository(const QString &path, const RepoInfo &info)
+{
+    m_path = path;
+    m_info = info;
+    m_ui->m_pathLineEdit->setText(QFileInfo(path).absolutePath());
+    m_ui->m_nameLineEdit->setText(info.name);
+    m_ui->m_codeNameComboBox->setEditText(info.codename);
+    m_ui->m_suiteComboBox->setEditText(info.suite);
+    m_ui->m_versionLineEdit->setText(info.version);
+    m_ui->m_archComboBox->setEditText(info.architectures);
+    m_ui->m_componentsComboBox->setEditText(info.components);
+    m_ui->m_signWithCheckBox->setChecked(info.signWith);
+    m_ui->m_createContentsFileCheckBox->setChecked(info.contents);
+    showPublished(isPublished(path));
+}
+
+void NewRepoDialog::setPublishedCheck(PublishedCheck check)
+{
+    m_isPublished = std::move(check);
+    if (!m_path.isEmpty())
+        showPublished(isPublished(m_path));
+}
+
+void NewRepoDialog::setDefaults(const RepoInfo &info)
+{
+    fillUntouched(m_ui->m_nameLineEdit, info.name);
+    fillUntouched(m_ui->m_codeNameComboBox->lineEdit(), info.codename);
+    fillUntouched(m_ui->m_suiteComboBox->lineEdit(), info.suite);
+    fillUntouched(m_ui->m_versionLineEdit, info.version);
+    fillUntouched(m_ui->m_archComboBox->lineEdit(), info.architectures);
+    fillUntouched(m_ui->m_componentsComboBox->lineEdit(), info.components);
+}
+
+void NewRepoDialog::showPublished(bool published)
+{
+    m_ui->m_messageIcon->setVisible(published);
+    m_ui->m_messageLabel->setVisible(published);
+    m_ui->m_infoGroupBox->setEnabled(!published);
+    m_ui->m_pathLineEdit->setEnabled(!published);
+    m_ui->m_pathToolButton->setEnabled(!published);
+    m_ui->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(!published);
+    if (published) {
+        m_ui->m_messageIcon->setPixmap(QIcon::fromTheme(QStringLiteral("dialog-warning")).pixmap(32, 32));
+        m_ui->m_messageLabel->setText(
+            tr("It looks like you are trying to edit a published repository. Please "
+               "unpublish the repository first."));
+    }
+    adjustSize();
+}
+
+void NewRepoDialog::selectFolder()
+{
+    const QString start = m_ui->m_pathLineEdit->text();
+    const QString folder = m_prompts.directory(
+        tr("Select a directory to create the repository"), start.isEmpty() ? QDir::homePath() : start, this);
+    if (!folder.isEmpty())
+        m_ui->m_pathLineEdit->setText(folder);
+}
+
+QString NewRepoDialog::repositoryPath() const
+{
+    return NewRepoRules::fullPath(m_ui->m_pathLineEdit->text(), m_ui->m_nameLineEdit->text());
+}
+
+RepoInfo NewRepoDialog::repoInfo() const
+{
+    RepoInfo info;
+    info.name = m_ui->m_nameLineEdit->text();
+    info.codename = m_ui->m_codeNameComboBox->currentText();
+    info.suite = m_ui->m_suiteComboBox->currentText();
+    info.version = m_ui->m_versionLineEdit->text();
+    info.architectures = m_ui->m_archComboBox->currentText().trimmed();
+    info.components = m_ui->m_componentsComboBox->currentText().trimmed();
+    info.signWith = m_ui->m_signWithCheckBox->isChecked();
+    info.contents = m_ui->m_createContentsFileCheckBox->isChecked();
+    return info;
+}
+
+void NewRepoDialog::accept()
+{
+    if (fieldsAreValid() && userAgreesToLosses())
+        QDialog::accept();
+}
+
+bool NewRepoDialog::fieldsAreValid()
+{
+    switch (NewRepoRules::check(m_ui->m_pathLineEdit->text(), repoInfo())) {
+    case NewRepoRules::Refusal::None:
+        return true;
+    case NewRepoRules::Refusal::MissingField:
+        m_prompts.warn(windowTitle(), tr("Please fill all required fields!"), this);
+        break;
+    case NewRepoRules::Refusal::ArchitectureAll:
+        m_prompts.warn(windowTitle(), tr("Architecture \"all\" is unallowable!"), this);
+        break;
+    case NewRepoRules::Refusal::BadPath:
+        m_prompts.warn(windowTitle(), tr("The path must be absolute: it starts with a slash."), this);
+        m_ui->m_pathLineEdit->setFocus();
+        break;
+    case NewRepoRules::Refusal::BadName:
+        m_prompts.warn(
+            windowTitle(),
+            tr("The name or the code name cannot be used. They consist of letters, digits, dots, hyphens "
+               "and underscores."),
+            this);
+        break;
+    }
+    return false;
+}
+
+bool NewRepoDialog::userAgreesToLosses()
+{
+    if (m_mode == Mode::Change && NewRepoRules::endangersPackages(m_info, repoInfo())) {
+        if (m_prompts.ask(
+                windowTitle(),
+                tr("Changing fields Codename, Architectures, Components may result in packages deletion. "
+                   "Want to continue?"),
+                {},
+                this)
+            != Prompts::Answer::Yes)
+            return false;
+    }
+    const QString path = repositoryPath();
+    const bool stays = m_mode == Mode::Change && path == NewRepoRules::fullPath(m_path, QString());
+    if (stays || !QFileInfo::exists(path))
+        return true;
+    if (m_prompts.ask(windowTitle(), tr("The directory %1 already exists. Replace it?").arg(path), {}, this)
+        != Prompts::Answer::Yes)
+        return false;
+    return !isPublished(path)
+           || m_prompts.ask(
+                  tr("Overwriting a published repository"),
+                  tr("You are trying to overwrite a published repository. It is highly recommended to first "
+                     "unpublish the repository and then make changes. Click \"Yes\" only if you know what "
+                     "you are doing. Continue?"),
+                  {},
+                  this)
+                  == Prompts::Answer::Yes;
+}

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/repoinfo.h"
+
+#include <QDialog>
+
+#include <functional>
+#include <memory>
+
+class Prompts;
+
+namespace Ui
+{
+class NewRepoDialog;
+}
+
+/** Asks for the description and the place of a repository that is to be created, imported into, or changed. */
+class NewRepoDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    enum class Mode { Create, Change, Import };
+    /** Tells whether the repository in a directory is published. */
+    using PublishedCheck = std::function<bool(const QString &path)>;
+
+    NewRepoDialog(Mode mode, Prompts &prompts, QWidget *parent = nullptr);
+    ~NewRepoDialog() override;
+
+    /** The repository that is to be changed. */
+    void setRepository(const QString &path, const RepoInfo &info);
+    void setPublishedCheck(PublishedCheck check);
+    /** Fills the fields that the user has not touched, for a new repository; may come while the dialog is open. */
+    void setDefaults(const RepoInfo &info);
+
+    /** Directory of the repository: the path and the name. */
+    QString repositoryPath() const;
+    RepoInfo repoInfo() const;
+
+    void accept() override;
+
+private:
+    void setUpFields();
+    void selectFolder();
+    bool isPublished(const QString &path) const { return m_isPublished && m_isPublished(path); }
+    void showPublished(bool published);
+    bool fieldsAreValid();
+    bool userAgreesToLosses();
+
+    std::unique_ptr<Ui::NewRepoDialog> m_ui;
+    Prompts &m_prompts;
+    Mode m_mode;
+    PublishedCheck m_isPublished;
+    QString m_path; ///< of the repository that is being changed
+    RepoInfo m_info; ///< of the repository that is being changed
+};

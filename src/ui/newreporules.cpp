@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/newreporules.h"
+
+#include <QDir>
+#include <QRegularExpression>
+
+namespace
+{
+/** The words of a text, whatever white space separates them. */
+QStringList words(const QString &text)
+{
+    return text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+} // namespace
+
+QString NewRepoRules::fullPath(const QString &parent, const QString &name)
+{
+    return QDir::cleanPath(QStringLiteral("%1/%2").arg(parent, name));
+}
+
+NewRepoRules::Refusal NewRepoRules::check(const QString &parent, const RepoInfo &info)
+{
+    for (const QString &value : {parent, info.name, info.codename, info.architectures, info.components}) {
+        if (value.trimmed().isEmpty())
+            return Refusal::MissingField;
+    }
+    if (words(info.architectures).contains(QLatin1String("all")))
+        return Refusal::ArchitectureAll;
+    if (!QDir::isAbsolutePath(parent))
+        return Refusal::BadPath;
+    // "." and ".." pass for names but mean the parent folder and the one above it.
+    if (info.name == QLatin1String(".") || info.name == QLatin1String("..")
+        || info.name.contains(QLatin1Char('/')))
+        return Refusal::BadName;
+    // The code name becomes a folder and an argument of every command.
+    static const QRegularExpression codename(QStringLiteral("\\A[A-Za-z0-9_][A-Za-z0-9_.+~-]*\\z"));
+    return codename.match(info.codename).hasMatch() ? Refusal::None : Refusal::BadName;
+}
+
+bool NewRepoRules::endangersPackages(const RepoInfo &from, const RepoInfo &to)
+{
+    return from.codename != to.codename || words(from.architectures) != words(to.architectures)
+           || words(from.components) != words(to.components);
+}
+
+QStringList NewRepoRules::choices(const QString &fileText, const QStringList &defaults)
+{
+    QStringList entries = words(fileText);
+    entries.removeDuplicates();
+    return entries.isEmpty() ? defaults : entries;
+}
+
+QStringList NewRepoRules::defaultArchitectures()
+{
+    return {QStringLiteral("amd64"),
+            QStringLiteral("arm64"),
+            QStringLiteral("armhf"),
+            QStringLiteral("i386"),
+            QStringLiteral("e2k-8c")};
+}
+
+QStringList NewRepoRules::defaultComponents()
+{
+    return {QStringLiteral("main"),
+            QStringLiteral("contrib"),
+            QStringLiteral("non-free"),
+            QStringLiteral("non-free-firmware"),
+            QStringLiteral("rpi3")};
+}

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/packagereplacementdialog.h"
+
+#include <QButtonGroup>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStyle>
+#include <QVBoxLayout>
+
+namespace
+{
+QString questionText(RepoEnums::ErrorCode collision, const PackageInfo &package)
+{
+    QString text;
+    switch (collision) {
+    case RepoEnums::PACKAGE_EXISTS_NEW_VERSION:
+        text = PackageReplacementDialog::tr("The repository already contains a package %1 (%2) of a newer "
+                                            "version. Do you want to replace it?");
+        break;
+    case RepoEnums::PACKAGE_EXISTS_OLD_VERSION:
+        text = PackageReplacementDialog::tr("The repository already contains a package %1 (%2) of an earlier "
+                                            "version. Do you want to replace it?");
+        break;
+    default:
+        text = PackageReplacementDialog::tr("The package %1 (%2) already exists. Do you want to replace it?");
+    }
+    return text.arg(package.name, package.version);
+}
+
+QLabel *plainLabel(const QString &text, QWidget *parent)
+{
+    auto *label = new QLabel(text, parent);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+} // namespace
+
+PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collision,
+                                                   const PackageInfo &package,
+                                                   bool singlePackage,
+                                                   QWidget *parent)
+    : QDialog(parent)
+    , m_options(new QButtonGroup(this))
+    , m_repositoryLabel(plainLabel(QString(), this))
+{
+    setWindowTitle(tr("Package replacement"));
+    setMinimumWidth(fontMetrics().averageCharWidth() * 70);
+    auto *layout = new QVBoxLayout(this);
+    auto *question = plainLabel(questionText(collision, package), this);
+    question->setObjectName(QStringLiteral("m_questionLabel"));
+    layout->addWidget(question);
+    m_repositoryLabel->hide();
+    layout->addWidget(m_repositoryLabel);
+
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Yes | QDialogButtonBox::No, this);
+    buttons->setObjectName(QStringLiteral("buttonBox"));
+    connect(buttons->button(QDialogButtonBox::Yes), &QPushButton::clicked, this, [this] {
+        finish(PackageReplacementRules::ReplaceThis);
+    });
+    QPushButton *no = buttons->button(QDialogButtonBox::No);
+    connect(no, &QPushButton::clicked, this, [this] { finish(PackageReplacementRules::KeepThis); });
+    if (!singlePackage) {
+        addOptions(layout);
+        QPushButton *applyToAll = buttons->addButton(tr("Apply to all"), QDialogButtonBox::ApplyRole);
+        applyToAll->setObjectName(QStringLiteral("m_applyToAllButton"));
+        // Without an option there is nothing to apply.
+        applyToAll->setEnabled(false);
+        connect(m_options, qOverload<int>(&QButtonGroup::idClicked), applyToAll, [applyToAll] {
+            applyToAll->setEnabled(true);
+        });
+        connect(applyToAll, &QPushButton::clicked, this, [this] {
+            finish(static_cast<PackageReplacementRules::Rule>(m_options->checkedId()));
+        });
+    }
+    layout->addStretch();
+    layout->addWidget(buttons);
+    // Enter in haste keeps what is there.
+    no->setDefault(true);
+    no->setFocus();
+}
+
+void PackageReplacementDialog::setRepository(const QString &path)
+{
+    m_repositoryLabel->setText(path);
+    m_repositoryLabel->setVisible(!path.isEmpty());
+}
+
+void PackageReplacementDialog::addOptions(QVBoxLayout *layout)
+{
+    layout->addWidget(
+        plainLabel(tr("You can immediately choose what to do with all subsequent matches; to do this, "
+                      "select one of the options and click \"Apply to all\""),
+                   this));
+    const auto add =
+        [this, layout](PackageReplacementRules::Rule rule, const QString &text, const QString &explanation) {
+            auto *option = new QRadioButton(text, this);
+            option->setAccessibleDescription(explanation);
+            m_options->addButton(option, static_cast<int>(rule));
+            layout->addWidget(option);
+            QLabel *label = plainLabel(explanation, this);
+            // Under the option's text, not under its mark.
+            label->setIndent(style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth)
+                             + style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing));
+            QFont small = label->font();
+            small.setItalic(true);
+            label->setFont(small);
+            layout->addWidget(label);
+        };
+    add(PackageReplacementRules::PreferHigher,
+        tr("Give preference to versions higer"),
+        tr("In case of matching package, preference will be given to the package with a higher version"));
+    add(PackageReplacementRules::PreferLower,
+        tr("Give preference to versions lower"),
+        tr("In case of matching package, preference will be given to the package with a lower version"));
+    add(PackageReplacementRules::ReplaceAll,
+        tr("Replace all packages"),
+        tr("If the package matches, always replace it"));
+    add(PackageReplacementRules::ReplaceNone,
+        tr("Do not replace packages"),
+        tr("Always give preference to packages already present in the repository"));
+}
+
+void PackageReplacementDialog::finish(PackageReplacementRules::Rule rule)
+{
+    m_rule = rule;
+    accept();
+}

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "core/packagereplacementrules.h"
+
+#include <QDialog>
+
+class QButtonGroup;
+
+/**
+ * Asks whether a package that is being added replaces the one that is there. When more packages follow, it also
+ * offers to settle all further collisions of the job at once.
+ */
+class PackageReplacementDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    PackageReplacementDialog(RepoEnums::ErrorCode collision,
+                             const PackageInfo &package,
+                             bool singlePackage,
+                             QWidget *parent = nullptr);
+
+    /** Says which repository is meant, for when several are open. */
+    void setRepository(const QString &path);
+
+    /** What the user decided; closing the dialog without an answer keeps the present package. */
+    PackageReplacementRules::Rule rule() const { return m_rule; }
+
+private:
+    void addOptions(class QVBoxLayout *layout);
+    void finish(PackageReplacementRules::Rule rule);
+
+    QButtonGroup *m_options;
+    class QLabel *m_repositoryLabel;
+    PackageReplacementRules::Rule m_rule = PackageReplacementRules::KeepThis;
+};

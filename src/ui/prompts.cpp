@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/prompts.h"
+
+#include <QAbstractButton>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+
+Prompts::Prompts(QWidget *window)
+    : QObject(window)
+    , m_window(window)
+{ }
+
+int Prompts::run(QDialog &dialog)
+{
+    if (m_dismissed)
+        return QDialog::Rejected;
+    m_dialogs.append(&dialog);
+    const int result = dialog.exec();
+    m_dialogs.removeOne(&dialog);
+    announceFreed();
+    return m_dismissed ? static_cast<int>(QDialog::Rejected) : result;
+}
+
+Prompts::Answer Prompts::ask(const QString &title, const QString &text, const QString &about, QWidget *parent)
+{
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, parentOr(parent));
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(about);
+    box.setEscapeButton(QMessageBox::No);
+    const int reply = run(box);
+    if (m_dismissed)
+        return Answer::Dismissed;
+    return reply == QMessageBox::Yes ? Answer::Yes : Answer::No;
+}
+
+void Prompts::warn(const QString &title, const QString &text, QWidget *parent)
+{
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parentOr(parent));
+    box.setTextFormat(Qt::PlainText);
+    run(box);
+}
+
+void Prompts::showError(const QString &text, const QString &details, RepoEnums::ErrorType type)
+{
+    if (m_dismissed)
+        return;
+    m_errors.append({text, details, type});
+    showNextError();
+}
+
+void Prompts::showNextError()
+{
+    if (m_errors.isEmpty() || !m_errorBox.isNull())
+        return;
+    const QList<Error> errors = m_errors;
+    m_errors.clear();
+
+    bool critical = false;
+    QString details = errors.first().details;
+    if (errors.size() > 1)
+        details.clear();
+    for (const Error &error : errors) {
+        critical = critical || error.type == RepoEnums::CRITICAL;
+        if (errors.size() > 1)
+            details += error.text + QLatin1Char('\n') + error.details + QLatin1Char('\n');
+    }
+    QString text = errors.first().text;
+    if (errors.size() > 1)
+        text += QLatin1String("\n\n") + tr("%n further message(s) below.", nullptr, errors.size() - 1);
+
+    auto *box = new QMessageBox(critical ? QMessageBox::Critical : QMessageBox::Warning,
+                                critical ? tr("Error") : tr("Warning"),
+                                text,
+                                QMessageBox::Ok,
+                                m_window);
+    box->setTextFormat(Qt::PlainText);
+    if (!details.trimmed().isEmpty()) {
+        box->setDetailedText(details);
+        // Its button folds the details out, which is what one wants to see of an error.
+        const QList<QAbstractButton *> buttons = box->buttons();
+        for (QAbstractButton *button : buttons) {
+            if (box->buttonRole(button) == QMessageBox::ActionRole)
+                button->click();
+        }
+    }
+    m_errorBox = box;
+    connect(box, &QDialog::finished, this, [this, box] {
+        m_errorBox.clear();
+        box->deleteLater();
+        showNextError();
+        announceFreed();
+    });
+    box->open();
+}
+
+QStringList Prompts::openFiles(const QString &title, const QString &folder, const QString &filter)
+{
+    QFileDialog dialog(m_window, title, folder, filter);
+    dialog.setFileMode(QFileDialog::ExistingFiles);
+    return run(dialog) == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
+}
+
+QString Prompts::directory(const QString &title, const QString &folder, QWidget *parent)
+{
+    QFileDialog dialog(parentOr(parent), title, folder);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    return run(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+int Prompts::choose(const QString &title, const QString &label, const QStringList &items)
+{
+    QInputDialog dialog(m_window);
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(label);
+    dialog.setComboBoxItems(items);
+    dialog.setComboBoxEditable(false);
+    return run(dialog) == QDialog::Accepted ? items.indexOf(dialog.textValue()) : -1;
+}
+
+bool Prompts::isOpen() const
+{
+    return !m_dialogs.isEmpty() || !m_errorBox.isNull();
+}
+
+void Prompts::dismissAll()
+{
+    m_dismissed = true;
+    m_errors.clear();
+    if (QMessageBox *box = m_errorBox.data())
+        box->reject();
+    // The innermost event loop returns first.
+    const QList<QPointer<QDialog>> dialogs = m_dialogs;
+    for (auto dialog = dialogs.crbegin(); dialog != dialogs.crend(); ++dialog) {
+        if (QDialog *open = dialog->data())
+            open->reject();
+    }
+}
+
+void Prompts::announceFreed()
+{
+    // Queued, so that whoever ran the dialog has finished with its result.
+    if (!isOpen() && !m_dismissed)
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (!isOpen() && !m_dismissed)
+                    Q_EMIT freed();
+            },
+            Qt::QueuedConnection);
+}

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/repoenums.h"
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QStringList>
+
+class QDialog;
+class QMessageBox;
+class QWidget;
+
+/**
+ * The one place that opens dialogs on the main window. It knows whether one is open, closes them all when the window
+ * is being closed, and shows errors one at a time however many arrive.
+ *
+ * Whoever runs a dialog must expect that what it was opened for is gone when it returns.
+ */
+class Prompts : public QObject
+{
+    Q_OBJECT
+public:
+    enum class Answer {
+        Yes,
+        No, ///< also for a box that was closed without an answer
+        Dismissed ///< nobody was asked, because the window is being closed
+    };
+
+    explicit Prompts(QWidget *window);
+
+    /** Runs a dialog and returns its result; QDialog::Rejected at once when the window is being closed. */
+    int run(QDialog &dialog);
+
+    /** `about` is shown smaller below the text. */
+    Answer
+    ask(const QString &title, const QString &text, const QString &about = {}, QWidget *parent = nullptr);
+    void warn(const QString &title, const QString &text, QWidget *parent = nullptr);
+    /** Shows an error without waiting for the user. What arrives while it is shown comes in one box afterwards. */
+    void showError(const QString &text,
+                   const QString &details = {},
+                   RepoEnums::ErrorType type = RepoEnums::CRITICAL);
+
+    /** Asks for existing files; empty when cancelled. */
+    QStringList openFiles(const QString &title, const QString &folder, const QString &filter);
+    /** Asks for an existing folder; empty when cancelled. */
+    QString directory(const QString &title, const QString &folder, QWidget *parent = nullptr);
+    /** Asks for one of `items`; -1 when cancelled. */
+    int choose(const QString &title, const QString &label, const QStringList &items);
+
+    bool isOpen() const;
+    /** Closes every open dialog without an answer and opens no more. */
+    void dismissAll();
+
+Q_SIGNALS:
+    /** The last open dialog has gone. */
+    void freed();
+
+private:
+    struct Error
+    {
+        QString text;
+        QString details;
+        RepoEnums::ErrorType type;
+    };
+
+    QWidget *parentOr(QWidget *parent) const { return parent == nullptr ? m_window : parent; }
+    void showNextError();
+    void announceFreed();
+
+    QWidget *m_window;
+    QList<QPointer<QDialog>> m_dialogs;
+    QPointer<QMessageBox> m_errorBox;
+    QList<Error> m_errors;
+    bool m_dismissed = false;
+};

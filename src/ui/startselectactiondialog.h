@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDialog>
+
+/** Asks what to do first when packages are to be added while no repository is open. */
+class StartSelectActionDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    enum class Action { Cancel, CreateRepo, OpenRepo };
+
+    explicit StartSelectActionDialog(QWidget *parent = nullptr);
+
+    /** The button that closed the dialog. */
+    Action action() const { return m_action; }
+
+private:
+    Action m_action = Action::Cancel;
+};
