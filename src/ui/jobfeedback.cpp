@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/jobfeedback.h"
+
+#include "engine/reposhell.h"
+#include "ui/elidedlabel.h"
+#include "ui/packagereplacementdialog.h"
+#include "ui/prompts.h"
+#include "ui/repotabs.h"
+#include "ui/repowidget.h"
+
+#include <QIcon>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QTime>
+#include <QToolButton>
+#include <QWidget>
+
+JobFeedback::JobFeedback(
+    RepoTabs &tabs, Prompts &prompts, QStatusBar *statusBar, QPlainTextEdit *log, QObject *parent)
+    : QObject(parent)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_log(log)
+    , m_message(new ElidedLabel(statusBar))
+    , m_progressBar(new QProgressBar(statusBar))
+    , m_stopButton(new QToolButton(statusBar))
+{
+    m_message->setObjectName(QStringLiteral("m_messageLabel"));
+    m_progressBar->setObjectName(QStringLiteral("m_progressBar"));
+    m_progressBar->setFormat(QStringLiteral("%v/%m"));
+    m_progressBar->setMaximumWidth(statusBar->fontMetrics().averageCharWidth() * 40);
+    m_stopButton->setObjectName(QStringLiteral("m_stopButton"));
+    m_stopButton->setIcon(QIcon::fromTheme(QStringLiteral("process-stop")));
+    m_stopButton->setToolTip(tr("Stop"));
+    m_stopButton->setAccessibleName(tr("Stop"));
+    m_stopButton->setAutoRaise(true);
+    m_stopButton->setFocusPolicy(Qt::TabFocus);
+    statusBar->addWidget(m_message, 1);
+    statusBar->addPermanentWidget(m_progressBar);
+    statusBar->addPermanentWidget(m_stopButton);
+    connect(m_stopButton, &QToolButton::clicked, this, &JobFeedback::stop);
+    connect(&m_tabs, &RepoTabs::created, this, &JobFeedback::attach);
+    connect(&m_tabs, &RepoTabs::currentChanged, this, &JobFeedback::showCurrent);
+    connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
+        // The last word of a tab that closes by itself says why it did.
+        const QString lastWord = m_jobs.take(widget).message;
+        if (m_tabs.current() == widget)
+            m_message->setFullText(lastWord);
+    });
+    showCurrent();
+}
+
+void JobFeedback::attach(RepoWidget *widget)
+{
+    connect(widget, &RepoWidget::repoShellStarted, this, [this, widget](const QString &message) {
+        jobStarted(widget, message);
+    });
+    connect(widget,
+            &RepoWidget::repoShellFinished,
+            this,
+            [this, widget](RepoEnums::JobId, const QString &message) { jobFinished(widget, message); });
+    connect(widget, &RepoWidget::progressBarSetMaximum, this, [this, widget](int maximum) {
+        m_jobs[widget].maximum = maximum;
+        showCurrent();
+    });
+    connect(widget, &RepoWidget::progressStepChanged, this, [this, widget](int step) {
+        m_jobs[widget].value = step;
+        showCurrent();
+    });
+    connect(widget, &RepoWidget::progressBarSetValue, this, [this, widget](int value) {
+        m_jobs[widget].value = value;
+        showCurrent();
+    });
+    connect(widget, &RepoWidget::statusLabel, this, [this](const QString &text) {
+        m_message->setFullText(text);
+    });
+    connect(widget, &RepoWidget::critical, this, &JobFeedback::error);
+    connect(widget, &RepoWidget::criticalVelt, this, &JobFeedback::error);
+    connect(&m_tabs, &RepoTabs::runningChanged, widget, [this, widget](const RepoWidget *changed) {
+        if (changed == widget && !m_tabs.isRunning(widget) && m_jobs.contains(widget)) {
+            m_jobs[widget].shown = false;
+            showCurrent();
+        }
+    });
+
+    // The job waits inside these two until the slot returns. They go to the engine that asks, whatever tab is
+    // current by then.
+    RepoShell *engine = widget->repoShell();
+    const QPointer<RepoWidget> asking(widget);
+    connect(
+        engine,
+        &RepoShell::question,
+        this,
+        [this, asking](const QString &title, const QString &text) { askUser(asking, title, text); },
+        Qt::BlockingQueuedConnection);
+    connect(
+        engine,
+        &RepoShell::requestForReplacementHandlingByUser,
+        this,
+        [this, asking](RepoEnums::ErrorCode collision,
+                       PackageReplacementRules *rules,
+                       const PackageInfoPtr &package,
+                       bool singlePackage) {
+            packagesReplacementHandler(asking, collision, rules, package, singlePackage);
+        },
+        Qt::BlockingQueuedConnection);
+}
+
+void JobFeedback::jobStarted(RepoWidget *widget, const QString &message)
+{
+    m_jobs[widget] = Job{0, 0, message, true, false};
+    appendLog(message);
+    showCurrent();
+}
+
+void JobFeedback::jobFinished(RepoWidget *widget, const QString &message)
+{
+    Job &job = m_jobs[widget];
+    job.shown = false;
+    job.message = message;
+    if (!message.isEmpty())
+        appendLog(message);
+    showCurrent();
+}
+
+void JobFeedback::showCurrent()
+{
+    const RepoWidget *widget = m_tabs.current();
+    const Job job = m_jobs.value(widget);
+    m_progressBar->setVisible(job.shown);
+    m_stopButton->setVisible(job.shown);
+    m_stopButton->setEnabled(!job.stopping);
+    if (job.shown) {
+        m_progressBar->setMaximum(job.maximum);
+        m_progressBar->setValue(job.value);
+    }
+    if (widget != nullptr)
+        m_message->setFullText(job.message);
+}
+
+void JobFeedback::stop()
+{
+    RepoWidget *widget = m_tabs.current();
+    if (widget == nullptr || !m_tabs.isRunning(widget))
+        return;
+    widget->repoShell()->cancel();
+    m_jobs[widget].stopping = true;
+    showCurrent();
+}
+
+void JobFeedback::appendLog(const QString &inMessage)
+{
+    m_log->appendPlainText(QTime::currentTime().toString(QStringLiteral("[HH:mm:ss] "))
+                           + inMessage.simplified());
+}
+
+void JobFeedback::announce(const QString &message)
+{
+    if (const RepoWidget *widget = m_tabs.current())
+        m_jobs[widget].message = message;
+    m_message->setFullText(message);
+    appendLog(message);
+}
+
+void JobFeedback::error(const QString &text, const QString &details, RepoEnums::ErrorType type)
+{
+    appendLog(details.isEmpty() ? text : text + QLatin1Char(' ') + details);
+    m_prompts.showError(text, details, type);
+}
+
+QString JobFeedback::about(const QPointer<RepoWidget> &widget) const
+{
+    return m_tabs.shown().size() > 1 ? m_tabs.pathOf(widget) : QString();
+}
+
+void JobFeedback::askUser(const QPointer<RepoWidget> &widget, const QString &title, const QString &text)
+{
+    const Prompts::Answer answer = m_prompts.ask(title, text, about(widget));
+    // Without an answer the engine keeps the safe one that it has set itself.
+    RepoWidget *asking = widget.data();
+    if (asking != nullptr && answer != Prompts::Answer::Dismissed)
+        asking->repoShell()->setAnswer(answer == Prompts::Answer::Yes);
+}
+
+void JobFeedback::packagesReplacementHandler(const QPointer<RepoWidget> &widget,
+                                             RepoEnums::ErrorCode collision,
+                                             PackageReplacementRules *rules,
+                                             const PackageInfoPtr &package,
+                                             bool singlePackage)
+{
+    if (package.isNull())
+        return;
+    PackageReplacementDialog dialog(
+        collision, *package, singlePackage, qobject_cast<QWidget *>(m_prompts.parent()));
+    dialog.setRepository(about(widget));
+    // The engine waits for us, so the rules are still its own; closed without an answer, the package stays.
+    rules->value = m_prompts.run(dialog) == QDialog::Accepted
+                       ? dialog.rule()
+                       : static_cast<quint32>(PackageReplacementRules::KeepThis);
+}

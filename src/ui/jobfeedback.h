@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "core/packagereplacementrules.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+
+class ElidedLabel;
+class Prompts;
+class QPlainTextEdit;
+class QProgressBar;
+class QStatusBar;
+class QToolButton;
+class RepoTabs;
+class RepoWidget;
+
+/**
+ * Shows what jobs do: progress and messages in the status bar, everything in the log, errors in boxes, and asks what
+ * a job must know. The status bar follows the current tab.
+ */
+class JobFeedback : public QObject
+{
+    Q_OBJECT
+public:
+    JobFeedback(
+        RepoTabs &tabs, Prompts &prompts, QStatusBar *statusBar, QPlainTextEdit *log, QObject *parent);
+
+    /** Appends one line to the log, with the time of day. */
+    void appendLog(const QString &inMessage);
+    /** Shows a message in the status bar and puts it into the log. */
+    void announce(const QString &message);
+    /** Shows an error box and puts the error into the log. */
+    void
+    error(const QString &text, const QString &details = {}, RepoEnums::ErrorType type = RepoEnums::CRITICAL);
+
+private:
+    struct Job
+    {
+        int maximum = 0; ///< 0: not known
+        int value = 0;
+        QString message;
+        bool shown = false; ///< between start and end
+        bool stopping = false;
+    };
+
+    void attach(RepoWidget *widget);
+    void jobStarted(RepoWidget *widget, const QString &message);
+    void jobFinished(RepoWidget *widget, const QString &message);
+    void showCurrent();
+    void stop();
+    void askUser(const QPointer<RepoWidget> &widget, const QString &title, const QString &text);
+    void packagesReplacementHandler(const QPointer<RepoWidget> &widget,
+                                    RepoEnums::ErrorCode collision,
+                                    PackageReplacementRules *rules,
+                                    const PackageInfoPtr &package,
+                                    bool singlePackage);
+    /** Which repository a question is about, when there is more than one. */
+    QString about(const QPointer<RepoWidget> &widget) const;
+
+    RepoTabs &m_tabs;
+    Prompts &m_prompts;
+    QPlainTextEdit *m_log;
+    ElidedLabel *m_message;
+    QProgressBar *m_progressBar;
+    QToolButton *m_stopButton;
+    QHash<const RepoWidget *, Job> m_jobs;
+};

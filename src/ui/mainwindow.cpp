@@ -1,0 +1,356 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/mainwindow.h"
+
+#include "engine/systemrelease.h"
+#include "platform/help.h"
+#include "platform/veltaboutdialog.h"
+#include "platform/windowgeometry.h"
+#include "ui/closingsequence.h"
+#include "ui/jobfeedback.h"
+#include "ui/packagecommands.h"
+#include "ui/packagedrop.h"
+#include "ui/prompts.h"
+#include "ui/recentrepositories.h"
+#include "ui/repositorycommands.h"
+#include "ui/repotabs.h"
+#include "ui/repowidget.h"
+#include "ui/settingscommands.h"
+
+#include "ui_mainwindow.h"
+
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QPlainTextEdit>
+#include <QSettings>
+#include <QToolButton>
+
+namespace
+{
+const QString &windowName()
+{
+    static const QString name = QStringLiteral("velt-admin-repo");
+    return name;
+}
+} // namespace
+
+MainWindow::MainWindow()
+    : m_ui(std::make_unique<Ui::MainWindow>())
+    , m_logDock(new QDockWidget(this))
+    , m_log(new QPlainTextEdit(m_logDock))
+    , m_showLogAction(new QAction(this))
+    , m_dependsModes(new QActionGroup(this))
+    , m_contextMenu(new QMenu(this))
+    , m_prompts(new Prompts(this))
+{
+    m_ui->setupUi(this);
+    m_ui->tabWidget->setCurrentIndex(-1);
+    buildLogDock();
+    buildDependsMenu();
+
+    m_tabs = new RepoTabs(m_ui->tabWidget, this);
+    m_feedback = new JobFeedback(*m_tabs, *m_prompts, m_ui->m_statusBar, m_log, this);
+    m_recent = new RecentRepositories(m_ui->m_recentReposMenu, this);
+    m_settings = new SettingsCommands(*m_tabs, *m_prompts, this);
+    m_repositories = new RepositoryCommands(*m_tabs, *m_prompts, *m_feedback, *m_recent, this);
+    m_packages = new PackageCommands(*m_tabs, *m_prompts, *m_feedback, *m_settings, *m_repositories, this);
+    m_closing = new ClosingSequence(*m_tabs, *m_prompts, *m_repositories, this);
+
+    disableUnfinished();
+    adaptToSystem();
+    connectActions();
+    connect(m_tabs, &RepoTabs::created, this, &MainWindow::connectTab);
+    connect(m_tabs, &RepoTabs::currentChanged, this, &MainWindow::updateTitle);
+    connect(m_tabs, &RepoTabs::currentChanged, this, &MainWindow::updateActions);
+    connect(m_tabs, &RepoTabs::moved, this, &MainWindow::updateTitle);
+    connect(m_tabs, &RepoTabs::runningChanged, this, &MainWindow::updateActions);
+    connect(m_tabs, &RepoTabs::leaving, this, [this](const RepoWidget *widget) {
+        m_canRemovePackages.remove(widget);
+    });
+    connect(m_ui->tabWidget, &QTabWidget::tabCloseRequested, this, [this](int index) {
+        if (RepoWidget *widget = m_tabs->at(index))
+            m_closing->closeTab(widget);
+    });
+    connect(m_prompts, &Prompts::freed, this, &MainWindow::serveArrivals);
+    connect(m_settings, &SettingsCommands::changed, this, &MainWindow::showChoices);
+    connect(m_closing, &ClosingSequence::began, this, &MainWindow::beginClosing);
+    connect(m_closing, &ClosingSequence::finished, this, &MainWindow::close);
+    // The default at the end of a session closes windows and takes an ignored close for a refusal.
+    QGuiApplication::setFallbackSessionManagementEnabled(false);
+    connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &MainWindow::closeWithoutAsking);
+
+    QSettings settings;
+    veltRestoreGeometry(this, settings, QRect(100, 100, 1000, 500), true);
+    showChoices();
+    updateTitle();
+    updateActions();
+    m_repositories->reopen(storedPaths(settings, SettingsKey::RecentOpennedRepos));
+}
+
+MainWindow::~MainWindow() = default;
+
+// --- building ----------------------------------------------------------------------------------------------------
+
+void MainWindow::buildLogDock()
+{
+    constexpr int MinimumHeight = 100;
+    constexpr int MaximumHeight = 150;
+    constexpr int MaximumLines = 10000;
+    m_logDock->setObjectName(QStringLiteral("logDockWidget"));
+    m_logDock->setWindowTitle(tr("Extended log"));
+    m_logDock->setAllowedAreas(Qt::TopDockWidgetArea | Qt::BottomDockWidgetArea);
+    m_logDock->setMinimumHeight(MinimumHeight);
+    m_logDock->setMaximumHeight(MaximumHeight);
+    m_log->setObjectName(QStringLiteral("m_logTextEdit"));
+    m_log->setReadOnly(true);
+    m_log->setMaximumBlockCount(MaximumLines);
+    m_logDock->setWidget(m_log);
+    addDockWidget(Qt::BottomDockWidgetArea, m_logDock);
+    m_logDock->hide();
+
+    m_showLogAction->setObjectName(QStringLiteral("m_showLogAction"));
+    m_showLogAction->setText(tr("Show extended log"));
+    m_showLogAction->setCheckable(true);
+    m_ui->m_menuView->addAction(m_showLogAction);
+    m_ui->m_menuView->addAction(m_ui->m_hideStatusLineAction);
+    connect(m_showLogAction, &QAction::toggled, this, &MainWindow::onExtendedLogChanged);
+    // The dock can also be closed by its own button. Minimising the window hides it too, but only for the eye.
+    connect(m_logDock, &QDockWidget::visibilityChanged, this, [this] {
+        m_showLogAction->setChecked(!m_logDock->isHidden());
+    });
+}
+
+void MainWindow::buildDependsMenu()
+{
+    m_dependsModeActions = {{DependsEverywhere, m_ui->m_checkDependsAllAction},
+                            {DependsPublic, m_ui->m_checkDependsPublicAction},
+                            {DependsLocal, m_ui->m_checkDependsLocalAction},
+                            {DependsNowhere, m_ui->m_checkDependsNoAction}};
+    auto *menu = new QMenu(this);
+    for (auto mode = m_dependsModeActions.cbegin(); mode != m_dependsModeActions.cend(); ++mode) {
+        m_dependsModes->addAction(mode.value());
+        connect(mode.value(), &QAction::triggered, this, [this, type = mode.key()] {
+            m_settings->setDependsRepoType(type);
+        });
+    }
+    menu->addActions({m_ui->m_checkDependsAllAction,
+                      m_ui->m_checkDependsPublicAction,
+                      m_ui->m_checkDependsLocalAction,
+                      m_ui->m_checkDependsNoAction});
+    m_ui->m_checkDependsAction->setMenu(menu);
+    m_ui->mainToolBar->addAction(m_ui->m_checkDependsAction);
+    if (auto *button
+        = qobject_cast<QToolButton *>(m_ui->mainToolBar->widgetForAction(m_ui->m_checkDependsAction)))
+        button->setPopupMode(QToolButton::InstantPopup);
+}
+
+void MainWindow::disableUnfinished()
+{
+    // Commands whose engine is not there yet.
+    for (QAction *action : {m_ui->m_publishRepoAction,
+                            m_ui->m_unpublishRepoAction,
+                            m_ui->m_addSrcListAction,
+                            m_ui->m_removeSrcListAction,
+                            m_ui->m_signPackagesAction,
+                            m_ui->m_checkDependStartAction,
+                            m_ui->m_addToLocalRepoAction,
+                            m_ui->m_exportAllPackagesAction,
+                            m_ui->m_exportFullRepoAction,
+                            m_ui->m_exportSelectedPackagesAction,
+                            m_ui->m_exportRepoAction,
+                            m_ui->m_importRepoAction,
+                            m_ui->m_importPackagesAction,
+                            m_ui->m_sourceListAction,
+                            m_ui->m_addPackageFromExtRepoAction,
+                            m_ui->m_editExternalReposAction,
+                            m_ui->m_showPublishedReposAction,
+                            m_ui->m_exportWithDependsAction,
+                            m_ui->m_upgradeRepoAction,
+                            m_ui->actionView})
+        action->setEnabled(false);
+}
+
+void MainWindow::adaptToSystem()
+{
+    const QString version = SystemRelease::version();
+    m_settings->setSigningOffered(!version.contains(QLatin1String("2.12")));
+    if (version.contains(QLatin1String("1.6")))
+        m_ui->m_sourceListAction->setVisible(false);
+}
+
+void MainWindow::connectActions()
+{
+    const auto command = [this](QAction *action, auto function) {
+        connect(action, &QAction::triggered, this, [function] { function(); });
+    };
+    command(m_ui->m_newRepoAction, [this] { m_repositories->createRepo(); });
+    command(m_ui->m_openRepoAction, [this] { m_repositories->chooseAndOpen(); });
+    command(m_ui->m_changeRepoAction, [this] { m_repositories->changeRepo(); });
+    command(m_ui->m_removeRepoAction, [this] { m_repositories->removeRepo(); });
+    command(m_ui->m_addPackagesAction, [this] { m_packages->chooseAndAdd(); });
+    command(m_ui->m_removePackagesAction, [this] { m_packages->removePackages(); });
+    command(m_ui->m_addPkgSettingsAction, [this] { m_settings->showAddPkgSettings(); });
+    command(m_ui->m_parametersAction, [this] { m_settings->showParametersDialog(); });
+    command(m_ui->m_aboutAction, [this] { about(); });
+    command(m_ui->m_helpAction, [this] { showHelp(); });
+    command(m_ui->m_quitAction, [this] { close(); });
+    m_contextMenu->addActions({m_ui->m_addPackagesAction, m_ui->m_removePackagesAction});
+    m_contextMenu->addSeparator();
+    m_contextMenu->addActions({m_ui->m_changeRepoAction, m_ui->m_removeRepoAction});
+    connect(m_ui->m_hideStatusLineAction, &QAction::toggled, this, [this](bool hide) {
+        const QList<RepoWidget *> widgets = m_tabs->shown();
+        for (RepoWidget *widget : widgets)
+            widget->setStatusLineVisible(!hide);
+    });
+}
+
+void MainWindow::connectTab(RepoWidget *widget)
+{
+    widget->setShowPackageVersions(m_settings->choices().showPkgVersion);
+    widget->setStatusLineVisible(!m_ui->m_hideStatusLineAction->isChecked());
+    connect(widget, &RepoWidget::enableRemovePackagesAction, this, [this, widget](bool isEnabled) {
+        m_canRemovePackages[widget] = isEnabled;
+        updateActions();
+    });
+    connect(widget, &RepoWidget::contextMenuRequested, m_contextMenu, [this](const QPoint &pos) {
+        m_contextMenu->popup(pos);
+    });
+}
+
+// --- state of the window -----------------------------------------------------------------------------------------
+
+void MainWindow::updateActions()
+{
+    if (m_closing->isClosing())
+        return;
+    const RepoWidget *widget = m_tabs->current();
+    const bool free = widget != nullptr && widget->isEnabled() && !m_tabs->isRunning(widget);
+    m_ui->m_removeRepoAction->setEnabled(free);
+    m_ui->m_changeRepoAction->setEnabled(free);
+    // With no tab at all the command says what is missing.
+    m_ui->m_addPackagesAction->setEnabled(free || widget == nullptr);
+    m_ui->m_removePackagesAction->setEnabled(free && m_canRemovePackages.value(widget));
+}
+
+void MainWindow::updateTitle()
+{
+    const RepoWidget *widget = m_tabs->current();
+    setWindowTitle(widget == nullptr ? windowName()
+                                     : windowName() + QLatin1String(": ") + m_tabs->pathOf(widget));
+}
+
+void MainWindow::showChoices()
+{
+    const UserChoices &choices = m_settings->choices();
+    if (QAction *mode = m_dependsModeActions.value(choices.dependsRepoType))
+        mode->setChecked(true);
+    const QMap<int, QString> modeTexts{{DependsEverywhere, tr("Check depends in all repos")},
+                                       {DependsPublic, tr("Check depends in public repos")},
+                                       {DependsLocal, tr("Check depends in local repo")},
+                                       {DependsNowhere, tr("Dependces checking disabled")}};
+    m_ui->m_checkDependsAction->setToolTip(modeTexts.value(choices.dependsRepoType));
+    const QList<RepoWidget *> widgets = m_tabs->shown();
+    for (RepoWidget *widget : widgets)
+        widget->setShowPackageVersions(choices.showPkgVersion);
+}
+
+void MainWindow::onExtendedLogChanged(bool inExtended)
+{
+    m_logDock->setVisible(inExtended);
+}
+
+void MainWindow::about()
+{
+    VeltAboutDialog dialog(this);
+    m_prompts->run(dialog);
+}
+
+void MainWindow::showHelp()
+{
+    veltHelpShow(this);
+}
+
+// --- files from outside ------------------------------------------------------------------------------------------
+
+void MainWindow::onMessageReceived(const QString &message)
+{
+    if (message != QLatin1String("raise"))
+        addPackagesFromOutside(message.split(QLatin1Char('&')), true);
+}
+
+void MainWindow::addPackagesFromOutside(const QStringList &files, bool fromAnotherInstance)
+{
+    QStringList named = files;
+    named.removeAll(QString());
+    if (named.isEmpty() || m_closing->isClosing())
+        return;
+    m_arrivals.append({named, fromAnotherInstance});
+    serveArrivals();
+}
+
+void MainWindow::serveArrivals()
+{
+    // Each may open a dialog, which ends with another call of this.
+    if (m_arrivals.isEmpty() || m_prompts->isOpen())
+        return;
+    const Arrival arrival = m_arrivals.takeFirst();
+    if (arrival.fromAnotherInstance)
+        m_packages->addToChosen(arrival.files);
+    else
+        m_packages->addAtStart(arrival.files);
+    if (!m_arrivals.isEmpty())
+        QMetaObject::invokeMethod(this, &MainWindow::serveArrivals, Qt::QueuedConnection);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (PackageDrop::accepts(event->mimeData()))
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    const QStringList files = PackageDrop::packageFiles(event->mimeData());
+    event->acceptProposedAction();
+    // Queued: the drag's source waits until this returns, and a dialog may come.
+    if (!files.isEmpty())
+        QMetaObject::invokeMethod(
+            this, [this, files] { addPackagesFromOutside(files, true); }, Qt::QueuedConnection);
+}
+
+// --- closing -----------------------------------------------------------------------------------------------------
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(m_closing->requestClose());
+}
+
+void MainWindow::closeWithoutAsking()
+{
+    m_closing->closeWithoutAsking();
+}
+
+void MainWindow::beginClosing()
+{
+    m_arrivals.clear();
+    m_ui->menuBar->setEnabled(false);
+    m_ui->mainToolBar->setEnabled(false);
+    m_ui->centralWidget->setEnabled(false);
+    const QList<QAction *> actions = findChildren<QAction *>();
+    for (QAction *action : actions)
+        action->setEnabled(false);
+    // Before jobs are stopped: a repository whose opening is interrupted is to be opened the next time.
+    saveState();
+}
+
+void MainWindow::saveState()
+{
+    QSettings settings;
+    m_settings->save();
+    settings.setValue(SettingsKey::RecentOpennedRepos, m_tabs->paths());
+    veltSaveGeometry(this, settings, true);
+}

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMainWindow>
+#include <QMap>
+#include <QStringList>
+
+#include <memory>
+
+class ClosingSequence;
+class JobFeedback;
+class PackageCommands;
+class Prompts;
+class QActionGroup;
+class QDockWidget;
+class QMenu;
+class QPlainTextEdit;
+class RecentRepositories;
+class RepositoryCommands;
+class RepoTabs;
+class RepoWidget;
+class SettingsCommands;
+
+namespace Ui
+{
+class MainWindow;
+}
+
+/** The program's window: owns actions, tabs and log, and hands each command to the controller of its group. */
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    MainWindow();
+    ~MainWindow() override;
+
+    /** Adds package files that were named at a start of the program; queued while a dialog is open. */
+    void addPackagesFromOutside(const QStringList &files, bool fromAnotherInstance);
+
+public Q_SLOTS:
+    /** What a second start says: "raise", or its package files joined with "&". */
+    void onMessageReceived(const QString &message);
+    /** Closes in the orderly way without asking about running jobs, for signals and the end of the session. */
+    void closeWithoutAsking();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    struct Arrival
+    {
+        QStringList files;
+        bool fromAnotherInstance;
+    };
+
+    void buildLogDock();
+    void buildDependsMenu();
+    void disableUnfinished();
+    void adaptToSystem();
+    void connectActions();
+    void connectTab(RepoWidget *widget);
+    void updateActions();
+    void updateTitle();
+    void showChoices();
+    void serveArrivals();
+    void onExtendedLogChanged(bool inExtended);
+    void about();
+    void showHelp();
+    void beginClosing();
+    void saveState();
+
+    std::unique_ptr<Ui::MainWindow> m_ui;
+    QDockWidget *m_logDock;
+    QPlainTextEdit *m_log;
+    QAction *m_showLogAction;
+    QActionGroup *m_dependsModes;
+    QMenu *m_contextMenu; ///< of the package tree
+    QMap<int, QAction *> m_dependsModeActions;
+
+    Prompts *m_prompts;
+    RepoTabs *m_tabs;
+    JobFeedback *m_feedback;
+    RecentRepositories *m_recent;
+    SettingsCommands *m_settings;
+    RepositoryCommands *m_repositories;
+    PackageCommands *m_packages;
+    ClosingSequence *m_closing;
+
+    QMap<const RepoWidget *, bool> m_canRemovePackages;
+    QList<Arrival> m_arrivals; ///< package files that came while a dialog was open
+};

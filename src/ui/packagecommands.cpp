@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/packagecommands.h"
+
+#include "engine/reposhell.h"
+#include "ui/jobfeedback.h"
+#include "ui/prompts.h"
+#include "ui/repositorycommands.h"
+#include "ui/repotabs.h"
+#include "ui/repowidget.h"
+#include "ui/settingscommands.h"
+#include "ui/startselectactiondialog.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QPointer>
+
+namespace
+{
+bool isPackageFile(const QString &file)
+{
+    return file.endsWith(QLatin1String(".deb")) || file.endsWith(QLatin1String(".udeb"));
+}
+} // namespace
+
+PackageCommands::PackageCommands(RepoTabs &tabs,
+                                 Prompts &prompts,
+                                 JobFeedback &feedback,
+                                 SettingsCommands &settings,
+                                 RepositoryCommands &repositories,
+                                 QObject *parent)
+    : QObject(parent)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_feedback(feedback)
+    , m_settings(settings)
+    , m_repositories(repositories)
+    , m_lastFolder(QDir::homePath())
+{
+    connect(&m_tabs, &RepoTabs::created, this, [this](RepoWidget *widget) {
+        // A drop is a decision for this very repository. Queued: the drag's source waits for the drop to return.
+        connect(
+            widget,
+            &RepoWidget::filesDropped,
+            this,
+            [this, tab = QPointer<RepoWidget>(widget)](const QStringList &files) {
+                if (!tab.isNull())
+                    addPackages(tab, files);
+            },
+            Qt::QueuedConnection);
+    });
+    connect(&m_tabs, &RepoTabs::ready, this, [this](RepoWidget *widget) {
+        const QStringList files = m_waiting.take(widget);
+        if (!files.isEmpty())
+            addPackages(widget, files);
+    });
+    connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
+        const QStringList files = m_waiting.take(widget);
+        if (!files.isEmpty())
+            m_feedback.appendLog(tr("Not added: %1").arg(files.join(QLatin1String(", "))));
+    });
+}
+
+void PackageCommands::warnNoRepository()
+{
+    m_prompts.warn(tr("No repository"), tr("There are no repositories to add a package to"));
+}
+
+RepoWidget *PackageCommands::chooseTarget()
+{
+    const QList<RepoWidget *> tabs = m_tabs.shown();
+    if (tabs.isEmpty()) {
+        warnNoRepository();
+        return nullptr;
+    }
+    if (tabs.size() == 1)
+        return tabs.first();
+    const int index = m_prompts.choose(
+        tr("Choose repository"), tr("Select the repository to add the package(s) to:"), m_tabs.paths());
+    // Tabs can have gone while the user was choosing.
+    RepoWidget *target = index < 0 || !m_tabs.shown().contains(tabs.at(index)) ? nullptr : tabs.at(index);
+    if (target != nullptr)
+        m_tabs.bringToFront(target);
+    return target;
+}
+
+void PackageCommands::chooseAndAdd()
+{
+    RepoWidget *widget = m_tabs.current();
+    if (widget == nullptr) {
+        warnNoRepository();
+        return;
+    }
+    const QPointer<RepoWidget> guard(widget);
+    const QString name = tr("(%1)").arg(widget->repoShell()->repoInfo().name);
+    const QStringList files
+        = m_prompts.openFiles(tr("Adding Packages%1").arg(name), m_lastFolder, tr("Packages (*.deb *.udeb)"));
+    if (files.isEmpty())
+        return;
+    m_lastFolder = QFileInfo(files.first()).absolutePath();
+    if (!guard.isNull())
+        addPackages(widget, files);
+}
+
+void PackageCommands::addToChosen(const QStringList &files)
+{
+    if (RepoWidget *target = chooseTarget())
+        addPackages(target, files);
+}
+
+void PackageCommands::addAtStart(const QStringList &files)
+{
+    if (!m_tabs.shown().isEmpty()) {
+        addToChosen(files);
+        return;
+    }
+    StartSelectActionDialog dialog(qobject_cast<QWidget *>(m_prompts.parent()));
+    m_prompts.run(dialog);
+    RepoWidget *target = nullptr;
+    if (dialog.action() == StartSelectActionDialog::Action::CreateRepo)
+        target = m_repositories.createRepo();
+    else if (dialog.action() == StartSelectActionDialog::Action::OpenRepo)
+        target = m_repositories.chooseAndOpen();
+    if (target != nullptr)
+        addPackages(target, files);
+    else
+        m_feedback.announce(tr("Not added: %1").arg(files.join(QLatin1String(", "))));
+}
+
+void PackageCommands::addPackages(RepoWidget *widget, const QStringList &files)
+{
+    QStringList packages;
+    QStringList others;
+    for (const QString &file : files)
+        (isPackageFile(file) ? packages : others) << file;
+    if (!others.isEmpty())
+        m_feedback.error(tr("Only packages can be added: files whose name ends in .deb or .udeb."),
+                         others.join(QLatin1Char('\n')),
+                         RepoEnums::WARNING);
+    if (packages.isEmpty())
+        return;
+    if (m_tabs.isRunning(widget))
+        m_waiting[widget] << packages;
+    else
+        startAdding(widget, packages);
+}
+
+void PackageCommands::startAdding(RepoWidget *widget, const QStringList &files)
+{
+    const QPointer<RepoWidget> guard(widget);
+    const QStringList components = widget->repoShell()->repoInfo().componentList();
+    if (m_settings.choices().showAddPkgSettings && !m_settings.editAddSettings(components))
+        return;
+    if (guard.isNull())
+        return;
+    // Somebody else's files can have started a job here while the dialog was open.
+    if (m_tabs.isRunning(widget)) {
+        m_waiting[widget] << files;
+        return;
+    }
+    const UserChoices &choices = m_settings.choices();
+    AddOptions options;
+    // The component may stem from another repository; one that is not offered here leaves packages in their own.
+    if (components.contains(choices.currentComponent))
+        options.component = choices.currentComponent;
+    options.signKeyId = choices.signKeyId;
+    options.sign = m_settings.isSigningOffered() && choices.signPackage && !choices.signKeyId.isEmpty();
+    widget->repoShell()->setCheckDependsOnAdd(choices.addPkgCheckDepends);
+    widget->repoShell()->addPackages(files, options);
+}
+
+void PackageCommands::removePackages()
+{
+    RepoWidget *widget = m_tabs.current();
+    if (widget == nullptr || m_tabs.isRunning(widget) || widget->selectedPackages().isEmpty())
+        return;
+    const QPointer<RepoWidget> guard(widget);
+    if (m_prompts.ask(tr("Remove confirmation"), tr("Do you want to remove selected packages?"))
+            == Prompts::Answer::Yes
+        && !guard.isNull() && !m_tabs.isRunning(widget))
+        widget->repoShell()->removePackages(widget->selectedPackages());
+}

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QStringList>
+
+class JobFeedback;
+class Prompts;
+class RepositoryCommands;
+class RepoTabs;
+class RepoWidget;
+class SettingsCommands;
+
+/** The commands on packages: adding files, whatever way they come, and removing. */
+class PackageCommands : public QObject
+{
+    Q_OBJECT
+public:
+    PackageCommands(RepoTabs &tabs,
+                    Prompts &prompts,
+                    JobFeedback &feedback,
+                    SettingsCommands &settings,
+                    RepositoryCommands &repositories,
+                    QObject *parent);
+
+    /** Asks for files and adds them to the current tab's repository. */
+    void chooseAndAdd();
+    /** Adds files to the only repository, or to one that the user picks. */
+    void addToChosen(const QStringList &files);
+    /** Files of the program's own start: with no repository open the user can create or open one for them. */
+    void addAtStart(const QStringList &files);
+    /** Adds files to this tab's repository; when a job runs there, after it. */
+    void addPackages(RepoWidget *widget, const QStringList &files);
+    /** Removes the selected packages of the current tab after a question. */
+    void removePackages();
+
+private:
+    RepoWidget *chooseTarget();
+    void warnNoRepository();
+    void startAdding(RepoWidget *widget, const QStringList &files);
+
+    RepoTabs &m_tabs;
+    Prompts &m_prompts;
+    JobFeedback &m_feedback;
+    SettingsCommands &m_settings;
+    RepositoryCommands &m_repositories;
+    QHash<RepoWidget *, QStringList> m_waiting; ///< files for tabs whose engine is busy
+    QString m_lastFolder;
+};

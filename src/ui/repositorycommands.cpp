@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/repositorycommands.h"
+
+#include "engine/pathguard.h"
+#include "engine/reposhell.h"
+#include "ui/jobfeedback.h"
+#include "ui/newrepodialog.h"
+#include "ui/prompts.h"
+#include "ui/recentrepositories.h"
+#include "ui/repositoryremoval.h"
+#include "ui/repotabs.h"
+#include "ui/repowidget.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QFutureWatcher>
+#include <QPointer>
+#include <QtConcurrent>
+
+#include <utility>
+
+namespace
+{
+QString cleaned(const QString &path)
+{
+    return QDir::cleanPath(QDir(path).absolutePath());
+}
+} // namespace
+
+RepositoryCommands::RepositoryCommands(
+    RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, RecentRepositories &recent, QObject *parent)
+    : QObject(parent)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_feedback(feedback)
+    , m_recent(recent)
+{
+    connect(&m_recent, &RecentRepositories::chosen, this, &RepositoryCommands::openRecent);
+    connect(&m_tabs,
+            &RepoTabs::moved,
+            this,
+            [this](const RepoWidget *, const QString &newPath, const QString &oldPath) {
+                m_recent.remove(oldPath);
+                m_recent.add(newPath);
+            });
+}
+
+// --- new ---------------------------------------------------------------------------------------------------------
+
+RepoWidget *RepositoryCommands::createRepo()
+{
+    NewRepoDialog dialog(NewRepoDialog::Mode::Create, m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
+    fillDefaults(&dialog);
+    if (m_prompts.run(dialog) != QDialog::Accepted)
+        return nullptr;
+    const QString path = dialog.repositoryPath();
+    for (const QString &removed : qAsConst(m_removing)) {
+        if (PathGuard::overlap(path, removed)) {
+            m_feedback.error(tr("The repository %1 is being deleted.").arg(removed), {}, RepoEnums::WARNING);
+            return nullptr;
+        }
+    }
+    RepoWidget *widget = m_tabs.create(path);
+    connect(widget->repoShell(), &RepoShell::repoCreated, this, [this, widget, path](int result) {
+        repositoryCreated(widget, path, result);
+    });
+    widget->repoShell()->createRepoAside(path, dialog.repoInfo());
+    return widget;
+}
+
+void RepositoryCommands::fillDefaults(NewRepoDialog *dialog)
+{
+    // Asking the system runs a program, so the dialog is there first and is filled when the answer comes.
+    auto *watcher = new QFutureWatcher<RepoInfo>(dialog);
+    connect(watcher, &QFutureWatcher<RepoInfo>::finished, dialog, [watcher, dialog] {
+        dialog->setDefaults(watcher->result());
+        watcher->deleteLater();
+    });
+    watcher->setFuture(QtConcurrent::run(&RepoShell::defaultRepoInfo));
+}
+
+void RepositoryCommands::repositoryCreated(RepoWidget *widget, const QString &path, int result)
+{
+    if (result != RepoShell::SUCCESS) {
+        m_feedback.announce(tr("Repository is not created."));
+        return;
+    }
+    m_tabs.show(widget);
+    m_recent.add(path);
+    m_feedback.announce(tr("Repository is created."));
+}
+
+// --- open --------------------------------------------------------------------------------------------------------
+
+RepoWidget *RepositoryCommands::chooseAndOpen()
+{
+    const QString path = m_prompts.directory(tr("Select repository directory"), QDir::homePath());
+    return path.isEmpty() ? nullptr : openRepo(path);
+}
+
+RepoWidget *RepositoryCommands::openRepo(const QString &repoPath)
+{
+    const QString path = cleaned(repoPath);
+    if (RepoWidget *open = m_tabs.find(path)) {
+        m_tabs.bringToFront(open);
+        return open;
+    }
+    if (!QFileInfo(path).isDir()) {
+        m_feedback.error(tr("The directory %1 does not exist.").arg(path), {}, RepoEnums::WARNING);
+        return nullptr;
+    }
+    if (m_removing.contains(PathGuard::resolved(path))) {
+        m_feedback.announce(tr("The repository %1 is being deleted.").arg(path));
+        return nullptr;
+    }
+    RepoWidget *widget = m_tabs.create(path);
+    m_tabs.show(widget);
+    m_recent.add(path);
+    widget->openRepo(path);
+    return widget;
+}
+
+void RepositoryCommands::openRecent(const QString &path)
+{
+    if (m_tabs.find(path) == nullptr && !QFileInfo(path).isDir())
+        m_recent.remove(path);
+    openRepo(path);
+}
+
+void RepositoryCommands::reopen(const QStringList &paths)
+{
+    for (const QString &path : paths) {
+        const QString file = path + QLatin1String("/conf/distributions");
+        if (QFileInfo(file).isFile())
+            openRepo(path);
+        else
+            m_feedback.appendLog(tr("File %1/conf/distributions not found!").arg(path));
+    }
+}
+
+// --- change ------------------------------------------------------------------------------------------------------
+
+void RepositoryCommands::changeRepo()
+{
+    RepoWidget *widget = m_tabs.current();
+    if (widget == nullptr || m_tabs.isRunning(widget))
+        return;
+    const QPointer<RepoWidget> guard(widget);
+    NewRepoDialog dialog(NewRepoDialog::Mode::Change, m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
+    dialog.setRepository(m_tabs.pathOf(widget), widget->repoShell()->repoInfo());
+    if (m_prompts.run(dialog) != QDialog::Accepted || guard.isNull() || m_tabs.isRunning(widget))
+        return;
+    widget->repoShell()->changeRepo(dialog.repositoryPath(), dialog.repoInfo());
+}
+
+// --- remove ------------------------------------------------------------------------------------------------------
+
+void RepositoryCommands::removeRepo()
+{
+    RepoWidget *widget = m_tabs.current();
+    if (widget == nullptr || m_tabs.isRunning(widget))
+        return;
+    const QPointer<RepoWidget> guard(widget);
+    const QString path = m_tabs.pathOf(widget);
+    if (m_prompts.ask(tr("Remove confirmation"), tr("Do you want to delete a repository %1?").arg(path))
+            != Prompts::Answer::Yes
+        || guard.isNull() || m_tabs.isRunning(widget))
+        return;
+    Q_EMIT widget->repoShell()->requestForRemovingStoredInformation();
+    // Nothing may use the directory any more when it goes; this also takes the tab away.
+    widget->repoShell()->closeRepo();
+    startRemoval(path);
+}
+
+void RepositoryCommands::startRemoval(const QString &path)
+{
+    const QString directory = PathGuard::resolved(path);
+    m_removing << directory;
+    using Outcome = std::pair<bool, QString>;
+    auto *watcher = new QFutureWatcher<Outcome>(this);
+    connect(watcher, &QFutureWatcher<Outcome>::finished, this, [this, watcher, path, directory] {
+        const Outcome outcome = watcher->result();
+        watcher->deleteLater();
+        m_removing.removeOne(directory);
+        if (outcome.first) {
+            m_recent.remove(path);
+            m_feedback.announce(tr("Repository is deleted."));
+        } else {
+            m_feedback.appendLog(tr("Repository is not deleted"));
+            m_prompts.showError(tr("Repository is not deleted."), outcome.second);
+        }
+        if (m_removing.isEmpty())
+            Q_EMIT removalsEnded();
+    });
+    watcher->setFuture(QtConcurrent::run([path, open = m_tabs.paths()] {
+        QString reason;
+        const bool removed = RepositoryRemoval::remove(path, open, &reason);
+        return Outcome(removed, reason);
+    }));
+}

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/repoinfo.h"
+
+#include <QObject>
+#include <QStringList>
+
+class JobFeedback;
+class NewRepoDialog;
+class Prompts;
+class RecentRepositories;
+class RepoTabs;
+class RepoWidget;
+
+/** The commands on whole repositories: new, open, change, remove. */
+class RepositoryCommands : public QObject
+{
+    Q_OBJECT
+public:
+    RepositoryCommands(
+        RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, RecentRepositories &recent, QObject *parent);
+
+    /** Asks for a description and creates the repository. The tab comes when it is there; null when cancelled. */
+    RepoWidget *createRepo();
+    /** Asks for a directory and opens it; null when cancelled. */
+    RepoWidget *chooseAndOpen();
+    /** Opens the repository in `path`, or brings its tab to the front. */
+    RepoWidget *openRepo(const QString &path);
+    /** Opens an entry of the recent ones, which may be gone. */
+    void openRecent(const QString &path);
+    /** Opens what was open when the program ended; what is gone is only noted in the log. */
+    void reopen(const QStringList &paths);
+    /** Asks for a new description of the current tab's repository and applies it. */
+    void changeRepo();
+    /** Deletes the current tab's repository after a question. */
+    void removeRepo();
+
+    /** Whether a repository is being deleted. */
+    bool isRemoving() const { return !m_removing.isEmpty(); }
+
+Q_SIGNALS:
+    /** The last deletion has ended. */
+    void removalsEnded();
+
+private:
+    void fillDefaults(NewRepoDialog *dialog);
+    void repositoryCreated(RepoWidget *widget, const QString &path, int result);
+    void startRemoval(const QString &path);
+
+    RepoTabs &m_tabs;
+    Prompts &m_prompts;
+    JobFeedback &m_feedback;
+    RecentRepositories &m_recent;
+    QStringList m_removing; ///< directories that are being deleted
+};

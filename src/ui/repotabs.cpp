@@ -1,0 +1,227 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/repotabs.h"
+
+#include "engine/pathguard.h"
+#include "engine/reposhell.h"
+#include "ui/repowidget.h"
+
+#include <QTabWidget>
+
+#include <algorithm>
+
+namespace
+{
+/** A tab's text, in which "&" would mark a key. */
+QString tabText(const QString &path)
+{
+    return QString(path).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+} // namespace
+
+RepoTabs::RepoTabs(QTabWidget *tabWidget, QObject *parent)
+    : QObject(parent)
+    , m_tabWidget(tabWidget)
+{
+    connect(m_tabWidget, &QTabWidget::currentChanged, this, [this] { Q_EMIT currentChanged(current()); });
+}
+
+RepoWidget *RepoTabs::current() const
+{
+    return at(m_tabWidget->currentIndex());
+}
+
+RepoWidget *RepoTabs::at(int index) const
+{
+    return qobject_cast<RepoWidget *>(m_tabWidget->widget(index));
+}
+
+QList<RepoWidget *> RepoTabs::shown() const
+{
+    QList<RepoWidget *> widgets;
+    for (int index = 0; index < m_tabWidget->count(); ++index)
+        widgets.append(at(index));
+    return widgets;
+}
+
+RepoTabs::Tab *RepoTabs::tabOf(const RepoWidget *widget)
+{
+    const auto tab
+        = std::find_if(m_tabs.begin(), m_tabs.end(), [widget](const Tab &t) { return t.widget == widget; });
+    return tab == m_tabs.end() ? nullptr : &*tab;
+}
+
+const RepoTabs::Tab *RepoTabs::tabOf(const RepoWidget *widget) const
+{
+    const auto tab
+        = std::find_if(m_tabs.cbegin(), m_tabs.cend(), [widget](const Tab &t) { return t.widget == widget; });
+    return tab == m_tabs.cend() ? nullptr : &*tab;
+}
+
+RepoWidget *RepoTabs::find(const QString &path) const
+{
+    const QString wanted = PathGuard::resolved(path);
+    for (const Tab &tab : m_tabs) {
+        if (!tab.path.isEmpty() && PathGuard::resolved(tab.path) == wanted)
+            return tab.widget;
+    }
+    return nullptr;
+}
+
+QString RepoTabs::pathOf(const RepoWidget *widget) const
+{
+    const Tab *tab = tabOf(widget);
+    return tab == nullptr ? QString() : tab->path;
+}
+
+QStringList RepoTabs::paths() const
+{
+    QStringList paths;
+    const QList<RepoWidget *> widgets = shown();
+    for (const RepoWidget *widget : widgets)
+        paths << pathOf(widget);
+    return paths;
+}
+
+RepoWidget *RepoTabs::create(const QString &path)
+{
+    // A child of the tab widget from the start, so that it never is a window of its own.
+    auto *widget = new RepoWidget(m_tabWidget);
+    widget->hide();
+    m_tabs.append({widget, path, QString(), false});
+    tellOpenRepositories();
+
+    RepoShell *engine = widget->repoShell();
+    connect(engine, &RepoShell::started, this, [this, widget](const QString &message) {
+        if (Tab *tab = tabOf(widget))
+            tab->job = message;
+        Q_EMIT runningChanged(widget);
+    });
+    connect(engine, &RepoShell::idle, this, [this, widget] { engineIdle(widget); });
+    connect(widget, &RepoWidget::needCloseRepo, this, [this, widget] { discard(widget); });
+    connect(widget, &RepoWidget::newTabTitle, this, [this, widget](const QString &newPath) {
+        if (!newPath.isEmpty())
+            setPath(widget, newPath);
+    });
+    Q_EMIT created(widget);
+    return widget;
+}
+
+void RepoTabs::show(RepoWidget *widget)
+{
+    const Tab *tab = tabOf(widget);
+    if (tab == nullptr || tab->discarded)
+        return;
+    const int index = m_tabWidget->addTab(widget, tabText(tab->path));
+    m_tabWidget->setTabToolTip(index, tab->path);
+    m_tabWidget->setCurrentIndex(index);
+}
+
+void RepoTabs::bringToFront(RepoWidget *widget)
+{
+    const int index = m_tabWidget->indexOf(widget);
+    if (index >= 0)
+        m_tabWidget->setCurrentIndex(index);
+}
+
+void RepoTabs::setPath(RepoWidget *widget, const QString &path)
+{
+    Tab *tab = tabOf(widget);
+    if (tab == nullptr || tab->path == path)
+        return;
+    const QString oldPath = tab->path;
+    tab->path = path;
+    tellOpenRepositories();
+    const int index = m_tabWidget->indexOf(widget);
+    if (index >= 0) {
+        m_tabWidget->setTabText(index, tabText(path));
+        m_tabWidget->setTabToolTip(index, path);
+        Q_EMIT moved(widget, path, oldPath);
+    }
+}
+
+void RepoTabs::tellOpenRepositories()
+{
+    for (const Tab &tab : qAsConst(m_tabs)) {
+        QStringList others;
+        for (const Tab &other : qAsConst(m_tabs)) {
+            if (other.widget != tab.widget && !other.path.isEmpty())
+                others << other.path;
+        }
+        tab.widget->repoShell()->setOpenRepositories(others);
+    }
+}
+
+void RepoTabs::discard(RepoWidget *widget)
+{
+    Tab *tab = tabOf(widget);
+    if (tab == nullptr)
+        return;
+    tab->discarded = true;
+    if (!isRunning(widget)) {
+        remove(widget);
+        return;
+    }
+    // The tab stays in sight until its job has ended, so that nobody opens the same directory a second time.
+    widget->repoShell()->setClosing();
+    widget->setEnabled(false);
+}
+
+void RepoTabs::engineIdle(RepoWidget *widget)
+{
+    const Tab *tab = tabOf(widget);
+    if (tab == nullptr)
+        return;
+    const bool gone = tab->discarded || widget->repoShell()->path().isEmpty();
+    Q_EMIT runningChanged(widget);
+    if (gone)
+        remove(widget);
+    else
+        Q_EMIT ready(widget);
+    if (!isAnyRunning())
+        Q_EMIT allIdle();
+}
+
+void RepoTabs::remove(RepoWidget *widget)
+{
+    Q_EMIT leaving(widget);
+    const auto isIt = [widget](const Tab &tab) { return tab.widget == widget; };
+    m_tabs.erase(std::remove_if(m_tabs.begin(), m_tabs.end(), isIt), m_tabs.end());
+    tellOpenRepositories();
+    const int index = m_tabWidget->indexOf(widget);
+    if (index >= 0)
+        m_tabWidget->removeTab(index);
+    widget->deleteLater();
+}
+
+bool RepoTabs::isRunning(const RepoWidget *widget) const
+{
+    return widget->repoShell()->isRunning();
+}
+
+bool RepoTabs::isAnyRunning() const
+{
+    return std::any_of(
+        m_tabs.cbegin(), m_tabs.cend(), [this](const Tab &tab) { return isRunning(tab.widget); });
+}
+
+QString RepoTabs::runningJob(const RepoWidget *widget) const
+{
+    const Tab *tab = tabOf(widget);
+    return tab != nullptr && isRunning(widget) ? tab->job : QString();
+}
+
+QStringList RepoTabs::runningJobs() const
+{
+    QStringList jobs;
+    for (const Tab &tab : m_tabs)
+        jobs << runningJob(tab.widget);
+    jobs.removeAll(QString());
+    jobs.removeDuplicates();
+    return jobs;
+}
+
+void RepoTabs::setClosing()
+{
+    for (const Tab &tab : qAsConst(m_tabs))
+        tab.widget->repoShell()->setClosing();
+}

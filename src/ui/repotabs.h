@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QStringList>
+
+class QTabWidget;
+class RepoWidget;
+
+/**
+ * The open repositories and their tabs: makes a tab's widget, shows it, and takes it away when its engine's last job
+ * has ended. A tab whose engine ends a job without a repository (the opening failed) goes by itself.
+ */
+class RepoTabs : public QObject
+{
+    Q_OBJECT
+public:
+    RepoTabs(QTabWidget *tabWidget, QObject *parent);
+
+    /** The tab in front; null when there is none. */
+    RepoWidget *current() const;
+    RepoWidget *at(int index) const;
+    /** All tabs, from left to right. */
+    QList<RepoWidget *> shown() const;
+    /** The tab of the repository in this directory, whatever the spelling of the path; null when there is none. */
+    RepoWidget *find(const QString &path) const;
+    /** Directory of a tab's repository; also while it is still being opened. */
+    QString pathOf(const RepoWidget *widget) const;
+    /** Directories of all tabs, from left to right. */
+    QStringList paths() const;
+
+    /** A widget for the repository in this directory, which need not be there yet; no tab shows it. */
+    RepoWidget *create(const QString &path);
+    /** Gives `widget` a tab and brings it to the front. */
+    void show(RepoWidget *widget);
+    void bringToFront(RepoWidget *widget);
+    /** Takes the tab away, at once or, when a job runs, stopping it first, when that has ended. */
+    void discard(RepoWidget *widget);
+
+    bool isRunning(const RepoWidget *widget) const;
+    /** Whether the engine of any tab, shown or not, runs a job. */
+    bool isAnyRunning() const;
+    /** Start messages of the running jobs, each once. */
+    QStringList runningJobs() const;
+    QString runningJob(const RepoWidget *widget) const;
+    /** Stops all jobs and answers their questions with the safe answer. */
+    void setClosing();
+
+Q_SIGNALS:
+    /** A widget was made; connect it to what serves it. */
+    void created(RepoWidget *widget);
+    void currentChanged(RepoWidget *widget);
+    /** The repository of a tab lies somewhere else now. */
+    void moved(RepoWidget *widget, const QString &newPath, const QString &oldPath);
+    /** A job of this tab has begun or ended. */
+    void runningChanged(RepoWidget *widget);
+    /** The last job of this tab has ended and it has a repository. */
+    void ready(RepoWidget *widget);
+    /** This tab will be gone when control returns to the event loop. */
+    void leaving(RepoWidget *widget);
+    /** The last running job of all has ended. */
+    void allIdle();
+
+private:
+    struct Tab
+    {
+        RepoWidget *widget = nullptr;
+        QString path;
+        QString job; ///< start message of the last job
+        bool discarded = false;
+    };
+
+    Tab *tabOf(const RepoWidget *widget);
+    const Tab *tabOf(const RepoWidget *widget) const;
+    void setPath(RepoWidget *widget, const QString &path);
+    void engineIdle(RepoWidget *widget);
+    void remove(RepoWidget *widget);
+    void tellOpenRepositories();
+
+    QTabWidget *m_tabWidget;
+    QList<Tab> m_tabs;
+};
