@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/commandline.h"
+#include "app/signalwatcher.h"
+#include "app/singleinstance.h"
+#include "platform/desktopintegration.h"
+#include "ui/mainwindow.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QIcon>
+#include <QStandardPaths>
+#include <QThreadPool>
+
+namespace
+{
+constexpr int handOverTimeout = 5000; // milliseconds
+constexpr int drainInterval = 20; // milliseconds
+constexpr int alreadyRunning = -1; // exit code of a start that handed its files over
+
+void init()
+{
+    veltInit(QStringLiteral(VELT_VERSION), QStringLiteral("Velt admin repo"));
+}
+
+QStringList argumentsWithoutProgram(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    return arguments;
+}
+
+void activate(QWidget *window)
+{
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+/**
+ * Lets the jobs that outlived the event loop end. One that waits for an answer from the interface thread would wait
+ * for ever in the application's destructor, so its calls are still delivered.
+ */
+void drainThreadPool()
+{
+    while (!QThreadPool::globalInstance()->waitForDone(drainInterval))
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+}
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    if (CommandLine::asksForTextOnly(argumentsWithoutProgram(argc, argv))) {
+        const QCoreApplication application(argc, argv);
+        init();
+        CommandLine().process(application);
+    }
+
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    const QApplication application(argc, argv);
+    init();
+    CommandLine commandLine;
+    commandLine.process(application);
+    const QStringList files = commandLine.packageFiles();
+
+    SingleInstance instance(
+        SingleInstance::privateFolder(qEnvironmentVariable("XDG_RUNTIME_DIR"), QStringLiteral("/tmp")));
+    if (!instance.isFirst()) {
+        const QString message = files.isEmpty() ? QStringLiteral("raise") : files.join(QLatin1Char('&'));
+        if (instance.handOver(message, handOverTimeout) != SingleInstance::BecameFirst)
+            return alreadyRunning;
+    }
+
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("server-database")));
+    MainWindow window;
+    const SignalWatcher signalWatcher;
+    QObject::connect(
+        &signalWatcher, &SignalWatcher::terminationRequested, &window, &MainWindow::closeWithoutAsking);
+    QObject::connect(&instance, &SingleInstance::messageReceived, &window, [&window](const QString &message) {
+        activate(&window);
+        window.onMessageReceived(message);
+    });
+    window.show();
+    instance.startDelivery();
+    // Queued, because it may open a box: whatever ends the program meanwhile must find the main event loop.
+    if (!files.isEmpty()) {
+        QMetaObject::invokeMethod(
+            &window, [&window, files] { window.addPackagesFromOutside(files, false); }, Qt::QueuedConnection);
+    }
+
+    const int code = QApplication::exec();
+    instance.stopListening();
+    drainThreadPool();
+    return code;
+}
