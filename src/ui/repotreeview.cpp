@@ -37,7 +37,14 @@ void RepoTreeView::setModel(QAbstractItemModel *model)
     QTreeView::setModel(model);
     if (m_proxy != nullptr) {
         connect(m_proxy, &RepoProxyModel::modelReset, this, &RepoTreeView::restoreState);
-        connect(m_proxy, &RepoProxyModel::layoutAboutToBeChanged, this, &RepoTreeView::saveScroll);
+        connect(m_proxy,
+                &RepoProxyModel::layoutAboutToBeChanged,
+                this,
+                [this](const QList<QPersistentModelIndex> &, QAbstractItemModel::LayoutChangeHint hint) {
+                    // Sorting the other way round keeps the place in the window, not the rows in it.
+                    if (hint != QAbstractItemModel::VerticalSortHint)
+                        saveScroll();
+                });
         connect(m_proxy, &RepoProxyModel::layoutChanged, this, [this] {
             if (m_searching) {
                 scheduleDelayedItemsLayout(); // or every expansion would move all rows below it

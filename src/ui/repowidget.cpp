@@ -20,6 +20,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <array>
 
 RepoWidget::RepoWidget(QWidget *parent)
     : QWidget(parent)
@@ -105,11 +106,11 @@ void RepoWidget::setUpSearch()
         QString text;
         QString icon;
     };
-    const Choice choices[] = {
+    const std::array<Choice, 3> choices = {{
         {RepoProxyModel::ShowUndefined, tr("Show depends undefined"), QStringLiteral("dialog-question")},
         {RepoProxyModel::ShowError, tr("Show depends error"), QStringLiteral("dialog-close")},
         {RepoProxyModel::ShowSuccess, tr("Show depends success"), QStringLiteral("dialog-ok-apply")},
-    };
+    }};
     for (const Choice &choice : choices) {
         QAction *action = m_filterMenu->addAction(QIcon::fromTheme(choice.icon), choice.text);
         action->setCheckable(true);
@@ -121,6 +122,8 @@ void RepoWidget::setUpSearch()
         = line->addAction(QIcon::fromTheme(QStringLiteral("view-filter")), QLineEdit::LeadingPosition);
     filter->setText(m_filterMenu->title());
     filter->setToolTip(m_filterMenu->title());
+    filter->setShortcut(Qt::ALT + Qt::Key_Down);
+    filter->setShortcutContext(Qt::WidgetShortcut);
     connect(filter, &QAction::triggered, this, [this, line] {
         m_filterMenu->popup(line->mapToGlobal(line->rect().bottomLeft()));
     });

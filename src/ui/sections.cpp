@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QRegularExpression>
 
+#include <array>
+
 namespace
 {
 struct Section
@@ -13,7 +15,7 @@ struct Section
     const char *name;
 };
 
-constexpr Section Table[] = {
+constexpr std::array<Section, 63> Table = {{
     {"admin", QT_TRANSLATE_NOOP("Sections", "System Administration")},
     {"base", QT_TRANSLATE_NOOP("Sections", "Base System")},
     {"cli-mono", QT_TRANSLATE_NOOP("Sections", "Mono/CLI Infrastructure")},
@@ -77,7 +79,7 @@ constexpr Section Table[] = {
     {"non-US", QT_TRANSLATE_NOOP("Sections", "Restricted On Export")},
     {"nonfree", QT_TRANSLATE_NOOP("Sections", "non free")},
     {"contrib", QT_TRANSLATE_NOOP("Sections", "contrib")},
-};
+}};
 
 const char *sourceName(const QString &code)
 {

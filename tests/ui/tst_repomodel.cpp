@@ -227,7 +227,7 @@ void RepoModelTest::versionsArchitecturesAndFonts()
     f.model.setRepository(repository(QStringLiteral("amd64 arm64")));
     QVERIFY(package.data(Qt::ToolTipRole).toString().contains(QLatin1String("amd64")));
 
-    const QFont top = f.proxy.index(0, 0).data(Qt::FontRole).value<QFont>();
+    const auto top = f.proxy.index(0, 0).data(Qt::FontRole).value<QFont>();
     QCOMPARE(top.weight(), 75);
     QCOMPARE(top.pointSizeF(), QApplication::font("QTreeView").pointSizeF() + 1);
     QVERIFY(!package.data(Qt::FontRole).isValid());
