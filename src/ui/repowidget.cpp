@@ -122,7 +122,7 @@ void RepoWidget::setUpSearch()
         = line->addAction(QIcon::fromTheme(QStringLiteral("view-filter")), QLineEdit::LeadingPosition);
     filter->setText(m_filterMenu->title());
     filter->setToolTip(m_filterMenu->title());
-    filter->setShortcut(Qt::ALT + Qt::Key_Down);
+    filter->setShortcut(QKeySequence(QStringLiteral("Alt+Down")));
     filter->setShortcutContext(Qt::WidgetShortcut);
     connect(filter, &QAction::triggered, this, [this, line] {
         m_filterMenu->popup(line->mapToGlobal(line->rect().bottomLeft()));
