@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QDirIterator>
 
+#include <algorithm>
+
 QList<PackageInfoPtr> listPackages(const QString &root, const RepoInfo &info)
 {
     const QDir dists(QStringLiteral("%1/dists/%2").arg(root, info.codename));
@@ -24,4 +26,17 @@ QList<PackageInfoPtr> listPackages(const QString &root, const RepoInfo &info)
             packages += readPackagesFile(dists.filePath(file), *place, root);
     }
     return packages;
+}
+
+void sortPackages(QList<PackageInfoPtr> *packages)
+{
+    const auto less = [](const PackageInfoPtr &left, const PackageInfoPtr &right) {
+        if (const int order = left->name.compare(right->name))
+            return order < 0;
+        if (const int order = left->architecture.compare(right->architecture))
+            return order < 0;
+        return left->type < right->type;
+    };
+    if (!std::is_sorted(packages->cbegin(), packages->cend(), less))
+        std::stable_sort(packages->begin(), packages->end(), less);
 }

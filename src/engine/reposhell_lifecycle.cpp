@@ -183,9 +183,11 @@ int RepoShell::openBody(const QString &path)
     Q_EMIT requestForStoredInformation(path);
     recoverInterruptedJob(path);
 
-    m_packages.assign(listPackages(path, repoInfo()));
-    Q_EMIT requestForMergingInformation(m_packages.all());
-    const QList<PackageInfoPtr> packages = m_packages.all();
+    QList<PackageInfoPtr> packages = listPackages(path, repoInfo());
+    sortPackages(&packages);
+    m_packages.assign(packages);
+    Q_EMIT requestForMergingInformation(packages);
+    packages = m_packages.all();
     if (!packages.isEmpty())
         Q_EMIT progressRangeChanged(packages.size());
     for (const PackageInfoPtr &package : packages) {

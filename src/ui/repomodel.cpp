@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QFont>
 
+#include <algorithm>
+
 namespace
 {
 QIcon itemIcon(const RepoItem &item)
@@ -79,6 +81,18 @@ void RepoModel::setPackages(const QList<PackageInfoPtr> &packages)
 
 void RepoModel::apply(const PackageChanges &changes)
 {
+    const auto isCleared = [](const PackageChange &change) { return change.kind == PackageChange::Cleared; };
+    const auto listing = std::find_if(changes.crbegin(), changes.crend(), isCleared).base();
+    if (packageCount() == 0 || listing != changes.cbegin()) {
+        // A repository that is being opened: all its packages, in their order.
+        const bool removed = std::any_of(listing, changes.cend(), [](const PackageChange &change) {
+            return change.kind == PackageChange::Removed;
+        });
+        if (!removed && changes.cend() - listing > ResetThreshold) {
+            setListing(listing, changes.cend());
+            return;
+        }
+    }
     bool cleared = false;
     QHash<PackageKey, PackageChange> last; // of several changes to one package the last one counts
     last.reserve(changes.size());
@@ -115,6 +129,15 @@ void RepoModel::apply(const PackageChanges &changes)
         touchRow(id, touched);
     }
     announce(touched);
+}
+
+void RepoModel::setListing(PackageChanges::const_iterator begin, PackageChanges::const_iterator end)
+{
+    QList<PackageInfoPtr> packages;
+    packages.reserve(static_cast<int>(end - begin));
+    for (auto change = begin; change != end; ++change)
+        packages.append(change->package);
+    setPackages(packages);
 }
 
 int RepoModel::newRows(const QHash<PackageKey, PackageChange> &changes) const
