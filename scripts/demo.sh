@@ -1,0 +1,180 @@
+#!/bin/bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Performs the program's main job on a virtual display, through its window alone: creates a repository, adds packages,
+# replaces one, removes one, and proves with apt that a client can use the repository.
+#   scripts/demo.sh PROGRAM     leaves repository, packages and pictures in demo/
+set -euo pipefail
+top=$(dirname "$(dirname "$(readlink -f "$0")")")
+demo=$top/demo
+
+if [ "${2-}" != --on-display ]; then
+    . "$top/scripts/packages.sh"
+    need xvfb xauth openbox xdotool imagemagick fonts-dejavu-core "${packages_run[@]}"
+    exec xvfb-run -a -s "-screen 0 1280x800x24" "$0" "${1:?usage: $0 PROGRAM}" --on-display
+fi
+program=$1
+
+say() { printf '%s\n' "$*"; }
+die() {
+    say "FAILED: $*" >&2
+    picture failure || true
+    exit 1
+}
+picture() { import -window root "$demo/pictures/$1.png"; }
+
+# until_true SECONDS COMMAND...: waits for the command to succeed.
+until_true() {
+    local tries=$(($1 * 10))
+    shift
+    while ! "$@" >/dev/null 2>&1; do
+        tries=$((tries - 1))
+        [ $tries -gt 0 ] || return 1
+        sleep 0.1
+    done
+}
+
+# focus TITLE: waits for the window with this title and gives it the keyboard.
+focus() {
+    until_true 20 xdotool search --onlyvisible --name "$1" || die "no window \"$1\""
+    xdotool search --onlyvisible --name "$1" windowactivate --sync
+}
+keys() { xdotool key --clearmodifiers --delay 40 "$@"; }
+write() { xdotool type --clearmodifiers --delay 15 "$1"; }
+
+# package NAME VERSION ARCHITECTURE [DEPENDS]
+package() {
+    local tree
+    tree=$(mktemp -d)
+    mkdir -p "$tree/DEBIAN" "$tree/usr/share/$1"
+    echo "$1 $2" >"$tree/usr/share/$1/about"
+    {
+        printf 'Package: %s\nVersion: %s\nArchitecture: %s\n' "$1" "$2" "$3"
+        [ -z "${4-}" ] || printf 'Depends: %s\n' "$4"
+        printf 'Maintainer: Demo <demo@example.org>\nSection: utils\nPriority: optional\n'
+        printf 'Description: package of the demonstration\n It holds one file.\n'
+    } >"$tree/DEBIAN/control"
+    chmod 755 "$tree"
+    dpkg-deb --root-owner-group -b "$tree" "$demo/packages/${1}_${2}_${3}.deb" >/dev/null
+    rm -rf -- "$tree"
+}
+
+rm -rf -- "$demo"
+mkdir -p "$demo"/{packages,pictures,repositories,home}
+runtime=$(mktemp -d)
+export HOME=$demo/home XDG_CONFIG_HOME=$demo/home/.config XDG_CACHE_HOME=$demo/home/.cache XDG_RUNTIME_DIR=$runtime
+export QT_QPA_PLATFORM=xcb LC_ALL=C.UTF-8
+arch=$(dpkg --print-architecture)
+repo=$demo/repositories/demo-repo
+index=$repo/dists/dogwood/main/binary-$arch/Packages
+indexed() { grep -qx "Package: $1" "$index" && grep -qx "Version: $2" "$index"; }
+unindexed() { [ -s "$index" ] && ! grep -qx "Package: $1" "$index"; }
+
+jobs=()
+finish() {
+    for job in "${jobs[@]}"; do kill "$job" 2>/dev/null || true; done
+    rm -rf -- "$runtime"
+}
+trap finish EXIT
+
+openbox >/dev/null 2>&1 &
+jobs+=($!)
+package hello "1.0" "$arch" "hello-data (>= 1.0)"
+package hello-data "1.0" all
+package goodbye "1.0" "$arch"
+package hello "1.1" "$arch" "hello-data (>= 1.0)"
+
+say "Starting the program"
+"$program" &
+application=$!
+jobs+=("$application")
+focus "velt-admin-repo"
+
+say "Creating a repository"
+keys ctrl+n
+focus "Repository creation"
+# The proposals come from the system and would otherwise arrive while we type.
+sleep 1
+write "$demo/repositories"
+keys Tab Tab ctrl+a
+write "demo-repo"
+keys Tab ctrl+a
+write "dogwood"
+picture 1-new-repository
+keys Return
+until_true 20 test -s "$repo/dists/dogwood/Release" || die "the repository was not created"
+
+say "Adding packages"
+hand_over() {
+    local code=0
+    "$program" "$@" || code=$?
+    [ "$code" -eq 255 ] || die "the second start ended with $code"
+    focus "Package add settings"
+    keys Return
+}
+hand_over "$demo/packages/hello_1.0_$arch.deb" "$demo/packages/hello-data_1.0_all.deb" \
+    "$demo/packages/goodbye_1.0_$arch.deb"
+for name in hello hello-data goodbye; do
+    until_true 20 indexed "$name" 1.0 || die "$name is not in the index"
+done
+sleep 0.5
+picture 2-packages-added
+
+say "Replacing a package by a newer one"
+hand_over "$demo/packages/hello_1.1_$arch.deb"
+focus "Package replacement"
+picture 3-replacement
+keys alt+y
+until_true 20 indexed hello 1.1 || die "the newer package is not in the index"
+sleep 1
+
+say "Removing a package"
+# Click in the window at the search line, then at the top of the tree: the only match is then the last row.
+focus "velt-admin-repo"
+window=$(xdotool search --onlyvisible --name "velt-admin-repo" | head -n 1)
+click() { xdotool mousemove --window "$window" "$1" "$2" click 1; }
+click 200 125
+write "goodbye"
+sleep 1
+click 120 175
+keys End
+sleep 0.5
+picture 4-package-selected
+keys ctrl+d
+focus "Remove confirmation"
+picture 5-remove-confirmation
+keys alt+y
+until_true 20 unindexed goodbye || die "the package is still in the index"
+focus "velt-admin-repo"
+click 200 125
+keys ctrl+a BackSpace
+sleep 1
+picture 6-package-removed
+
+say "Ending the program"
+keys ctrl+q
+code=0
+wait "$application" || code=$?
+[ "$code" -eq 0 ] || die "the program ended with $code"
+
+say "Using the repository with apt"
+client=$demo/client
+mkdir -p "$client"/{etc/apt.conf.d,etc/preferences.d,state/lists/partial,cache/archives/partial}
+touch "$client/state/status"
+echo "deb [trusted=yes] file:$repo dogwood main" >"$client/etc/sources.list"
+cat >"$client/apt.conf" <<CONFIGURATION
+Dir::Etc "$client/etc";
+Dir::State "$client/state";
+Dir::State::status "$client/state/status";
+Dir::Cache "$client/cache";
+APT::Sandbox::User "";
+CONFIGURATION
+export APT_CONFIG=$client/apt.conf
+apt-get -qq update || die "apt does not read the repository"
+# Not "simulate" alone: it does not look at the files.
+apt-get -qq --simulate install hello >"$client/plan" || die "apt cannot install hello"
+grep -q "^Inst hello-data " "$client/plan" || die "apt does not find the dependency"
+(cd "$client" && apt-get -qq download hello) || die "apt cannot fetch hello"
+cmp -s "$client/hello_1.1_$arch.deb" "$demo/packages/hello_1.1_$arch.deb" || die "apt got another file"
+! apt-cache show goodbye >/dev/null 2>&1 || die "apt still knows the removed package"
+
+say "Done: the repository is $repo, the pictures are in $demo/pictures."
