@@ -131,6 +131,7 @@ void TestProgram::terminationWhileABoxIsOpen()
 {
     // Without a repository the file leads to a question, which nobody answers.
     const auto first = start({DebBuilder(QStringLiteral("foo")).build(m_folder->path())});
+    QTRY_VERIFY(QFileInfo::exists(m_folder->filePath(QStringLiteral("run/velt-admin-repo.socket"))));
     const auto second = start();
     QVERIFY(second->waitForFinished(10000));
     QCOMPARE(second->exitCode(), 255);
