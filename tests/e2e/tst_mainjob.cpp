@@ -321,7 +321,8 @@ void TestMainJob::severalErrorsAndOtherFiles()
     // Handed over by a second start: what is no package is refused with a word.
     Script refused{answerBox(text("Warning"), QMessageBox::Ok)};
     m_driver->window().onMessageReceived(notes + text("&") + package("more", "1.0"));
-    WAIT_FOR(refused.isDone() && packagesOf(repo, text("birch")).size() == 2);
+    WAIT_FOR(refused.isDone() && m_driver->tab()->repoShell()->packageCount() == 2 && !m_driver->isRunning());
+    QCOMPARE(packagesOf(repo, text("birch")).size(), 2);
 }
 
 void TestMainJob::stopButtonEndsTheJob()
@@ -624,7 +625,8 @@ void TestMainJob::handOverWaitsForDialogs()
                   }};
     m_driver->action("m_newRepoAction")->trigger();
     QVERIFY(dialog.isDone());
-    WAIT_FOR(packagesOf(repo, text("birch")).size() == 2 && !m_driver->isRunning());
+    WAIT_FOR(m_driver->tab()->repoShell()->packageCount() == 2 && !m_driver->isRunning());
+    QCOMPARE(packagesOf(repo, text("birch")).size(), 2);
 }
 
 void TestMainJob::filesAtStartLeadToARepository()
