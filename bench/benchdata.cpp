@@ -73,12 +73,19 @@ QString BenchData::smallPackages(const QString &prefix, int count)
     const QString target = folder() + QLatin1Char('/') + prefix;
     QDir().mkpath(target);
     const QString tree = folder() + QLatin1String("/tree");
+    // As long as the average record of Debian's main index, since it is the indices' size that takes time.
+    const QString description
+        = QStringLiteral(" This package holds nothing of use. It is there to be counted and carried.\n")
+              .repeated(4);
     for (int i = 0; i < count; ++i) {
         const QString name = prefix + QString::number(i);
         write(tree + QLatin1String("/DEBIAN/control"),
-              QStringLiteral("Package: %1\nVersion: 1.0\nArchitecture: amd64\nMaintainer: B <b@example.org>\n"
-                             "Section: %2\nPriority: optional\nDescription: benchmark package\n")
-                  .arg(name, i % 3 == 0 ? QStringLiteral("libs") : QStringLiteral("admin"))
+              QStringLiteral(
+                  "Package: %1\nVersion: 1.0\nArchitecture: amd64\nMaintainer: B <b@example.org>\n"
+                  "Section: %2\nPriority: optional\nInstalled-Size: 120\n"
+                  "Depends: libc6 (>= 2.34), libgcc-s1 (>= 3.0), libstdc++6 (>= 11), zlib1g (>= 1:1.2.0)\n"
+                  "Homepage: https://example.org/benchmark\nDescription: package to measure with\n%3")
+                  .arg(name, i % 3 == 0 ? QStringLiteral("libs") : QStringLiteral("admin"), description)
                   .toLatin1());
         run(QStringLiteral("dpkg-deb"),
             {QStringLiteral("--root-owner-group"),

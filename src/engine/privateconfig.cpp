@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/privateconfig.h"
 
+#include "engine/distributions.h"
+#include "engine/distributionsfile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
@@ -18,6 +21,16 @@ QString optionName(const QString &line)
     while (name.startsWith(QLatin1Char('-')))
         name.remove(0, 1);
     return name;
+}
+
+bool notifiesOthers(const QString &repoPath)
+{
+    const auto text = DistributionsFile(repoPath).readBytes();
+    return !text
+           || Distributions::fieldValue(QString::fromLocal8Bit(*text).split(QLatin1Char('\n')),
+                                        QStringLiteral("Log"))
+                      .size()
+                  > 0;
 }
 
 /** The repository's own options; null when there is such a file but it cannot be read. */
@@ -50,12 +63,14 @@ PrivateConfig::PrivateConfig(const QString &repoPath, Unreferenced unreferenced)
     const QByteArray text = optionsText(own, unreferenced).toLocal8Bit();
     if (!options.open(QIODevice::WriteOnly) || options.write(text) != text.size())
         return;
-    // Nothing is signed without an export; with no keys to look at, reprepro does not wake the user's gpg at each run.
-    if (!QDir(m_folder.path()).mkdir(QStringLiteral("gnupg")))
-        return;
-    QFile::setPermissions(m_folder.filePath(QStringLiteral("gnupg")),
-                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
     m_valid = true;
+    // Nothing is signed without an export, so with no keys to look at reprepro need not wake the user's gpg at each
+    // run. But a program that the repository has set up to hear of changes may need the user's keys.
+    if (notifiesOthers(repoPath) || !QDir(m_folder.path()).mkdir(QStringLiteral("gnupg")))
+        return;
+    m_keyless = m_folder.filePath(QStringLiteral("gnupg"));
+    QFile::setPermissions(m_keyless,
+                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 }
 
 bool PrivateConfig::keepsUnreferencedFiles(const QString &repoPath)
@@ -67,8 +82,10 @@ bool PrivateConfig::keepsUnreferencedFiles(const QString &repoPath)
 
 QStringList PrivateConfig::environment() const
 {
-    return {QLatin1String("REPREPRO_CONFIG_DIR=") + m_folder.path(),
-            QLatin1String("GNUPGHOME=") + m_folder.filePath(QStringLiteral("gnupg"))};
+    QStringList environment{QLatin1String("REPREPRO_CONFIG_DIR=") + m_folder.path()};
+    if (!m_keyless.isEmpty())
+        environment.append(QLatin1String("GNUPGHOME=") + m_keyless);
+    return environment;
 }
 
 QString PrivateConfig::optionsText(const QString &own, Unreferenced unreferenced)

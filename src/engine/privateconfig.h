@@ -28,5 +28,6 @@ public:
 
 private:
     QTemporaryDir m_folder;
+    QString m_keyless; ///< stands in for the folder of the user's keys; empty when that is needed
     bool m_valid = false;
 };

@@ -192,11 +192,11 @@ private:
     // --- add and remove: reposhell_packages.cpp
     int addBody(const QStringList &files, const AddOptions &options);
     ErrorCode addFile(const QString &file,
+                      const PackageInfo &package,
                       const AddOptions &options,
                       bool singlePackage,
                       PackageReplacementRules *rules,
                       ExportSession *session);
-    PackageInfoPtr readPackageFile(const QString &file);
     bool mustReplace(ErrorCode collision,
                      PackageReplacementRules *rules,
                      const PackageInfoPtr &package,

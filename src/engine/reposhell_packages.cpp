@@ -14,6 +14,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QThreadPool>
+#include <QtConcurrent>
 
 #include <memory>
 
@@ -29,6 +30,57 @@ QString joined(const QStringList &names)
 {
     return names.join(QLatin1String(", "));
 }
+
+/** A package file's control data, or why there are none. */
+struct PackageFile
+{
+    QString path;
+    PackageInfoPtr package;
+    QString reason;
+};
+
+PackageFile readPackageFile(const QString &path)
+{
+    DpkgUtils dpkg;
+    if (!dpkg.packageInformation(path))
+        return {path, {}, dpkg.errorText()};
+    if (debArchiveState(path) != DebArchiveState::Whole)
+        return {path, {}, RepoShell::tr("The file is damaged: its end is missing.")};
+    const auto type = path.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
+    if (const auto package = DpkgOutput::packageInfo(dpkg.output(), type))
+        return {path, QSharedPointer<PackageInfo>::create(*package), QString()};
+    return {path, {}, RepoShell::tr("Its control data lack the package's name, version or architecture.")};
+}
+
+/** Reads package files one ahead of their use, so that dpkg works on the next while reprepro takes this one in. */
+class PackageFileReader
+{
+public:
+    explicit PackageFileReader(const QStringList &paths)
+        : m_paths(paths)
+    {
+        startNext();
+    }
+
+    PackageFile next()
+    {
+        // When no thread of the pool is free, this reads the file itself.
+        PackageFile file = m_reading.result();
+        startNext();
+        return file;
+    }
+
+private:
+    QStringList m_paths;
+    QFuture<PackageFile> m_reading;
+
+    void startNext()
+    {
+        if (!m_paths.isEmpty())
+            m_reading
+                = QtConcurrent::run(&readPackageFile, QFileInfo(m_paths.takeFirst()).absoluteFilePath());
+    }
+};
 } // namespace
 
 ExportSession RepoShell::makeSession()
@@ -66,15 +118,18 @@ int RepoShell::addBody(const QStringList &files, const AddOptions &options)
     JobFrame frame(*this, files.size() == 1 ? tr("Adding package") : tr("Adding packages"));
     PackageReplacementRules rules;
     ExportSession session = makeSession();
+    PackageFileReader reader(files);
     QStringList added;
     bool stopped = false;
-    for (const QString &file : files) {
+    for (int done = 0; done < files.size(); ++done) {
         stopped = isCanceled();
         if (stopped)
             break;
-        const QString absoluteFile = QFileInfo(file).absoluteFilePath();
-        if (addFile(absoluteFile, options, files.size() == 1, &rules, &session) == SUCCESS)
-            added.append(QFileInfo(file).fileName());
+        const PackageFile file = reader.next();
+        if (!file.package)
+            Q_EMIT critical(tr("Error adding package!"), file.path + QLatin1String(":\n") + file.reason);
+        else if (addFile(file.path, *file.package, options, files.size() == 1, &rules, &session) == SUCCESS)
+            added.append(QFileInfo(file.path).fileName());
         frame.itemDone(files.size());
     }
     finishSession(&session);
@@ -86,44 +141,24 @@ int RepoShell::addBody(const QStringList &files, const AddOptions &options)
     return frame.finish(SUCCESS, tr("%n package(s) added: %1", nullptr, added.size()).arg(joined(added)));
 }
 
-PackageInfoPtr RepoShell::readPackageFile(const QString &file)
-{
-    QString reason;
-    DpkgUtils dpkg;
-    if (!dpkg.packageInformation(file)) {
-        reason = dpkg.errorText();
-    } else if (debArchiveState(file) != DebArchiveState::Whole) {
-        reason = tr("The file is damaged: its end is missing.");
-    } else {
-        const auto type = file.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
-        if (const auto package = DpkgOutput::packageInfo(dpkg.output(), type))
-            return QSharedPointer<PackageInfo>::create(*package);
-        reason = tr("Its control data lack the package's name, version or architecture.");
-    }
-    Q_EMIT critical(tr("Error adding package!"), file + QLatin1String(":\n") + reason);
-    return {};
-}
-
 RepoShell::ErrorCode RepoShell::addFile(const QString &file,
+                                        const PackageInfo &package,
                                         const AddOptions &options,
                                         bool singlePackage,
                                         PackageReplacementRules *rules,
                                         ExportSession *session)
 {
-    const PackageInfoPtr package = readPackageFile(file);
-    if (!package)
-        return ERROR;
-    QStringList architectures{package->architecture};
-    if (package->architecture == QLatin1String("all"))
+    QStringList architectures{package.architecture};
+    if (package.architecture == QLatin1String("all"))
         architectures = repoInfo().architectureList();
     ErrorCode result = ERROR;
     for (const QString &architecture : qAsConst(architectures)) {
-        PackageInfo record = *package;
+        PackageInfo record = package;
         record.architecture = architecture;
         record.root = path();
         if (!options.component.isEmpty())
             record.component = options.component;
-        record.poolFile = ReproCommand::poolFile(record, package->architecture);
+        record.poolFile = ReproCommand::poolFile(record, package.architecture);
 
         result = includePackage(file, record, false, options, session);
         if (isCollision(result)) {
