@@ -84,10 +84,15 @@ void ExportSession::clearMarker(const QString &repoPath)
     QFile::remove(markerFile(repoPath));
 }
 
-ProcessResult ExportSession::change(const QString &arguments, const PrivateConfig *config)
+ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *config)
 {
     setMarker();
-    const ProcessResult result = m_run(arguments, config != nullptr ? config->environment() : QStringList());
+    ProcessResult result = m_run(arguments, config != nullptr ? config->environment() : QStringList());
+    if (config != nullptr && ReproAnswer::signingFailed(result.errorOutput)) {
+        // Such a run has nothing to sign: it misses something that its lean environment does not have.
+        config->useWholeEnvironment();
+        result = m_run(arguments, config->environment());
+    }
     if (result.succeeded()) {
         if (config != nullptr) {
             m_exportOwed = true;

@@ -61,7 +61,7 @@ private:
     bool m_exportOwed;
     bool m_removed = false; ///< files may lie in the pool that nothing needs
 
-    ProcessResult change(const QString &arguments, const PrivateConfig *config);
+    ProcessResult change(const QString &arguments, PrivateConfig *config);
     ProcessResult exportNow();
     void setMarker() const;
 };

@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
+#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -23,16 +24,6 @@ QString optionName(const QString &line)
     return name;
 }
 
-bool notifiesOthers(const QString &repoPath)
-{
-    const auto text = DistributionsFile(repoPath).readBytes();
-    return !text
-           || Distributions::fieldValue(QString::fromLocal8Bit(*text).split(QLatin1Char('\n')),
-                                        QStringLiteral("Log"))
-                      .size()
-                  > 0;
-}
-
 /** The repository's own options; null when there is such a file but it cannot be read. */
 QString ownOptions(const QString &repoPath)
 {
@@ -41,6 +32,41 @@ QString ownOptions(const QString &repoPath)
         return QStringLiteral("");
     return file.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(file.readAll()) + QLatin1Char('\n')
                                           : QString();
+}
+
+/** Whether reprepro tells programs of the administrator's own about changes; those may need anything. */
+bool runsOtherPrograms(const QString &repoPath, const QString &options)
+{
+    const auto text = DistributionsFile(repoPath).readBytes();
+    if (!text)
+        return true;
+    const QStringList fields = QString::fromLocal8Bit(*text).split(QLatin1Char('\n'));
+    const QStringList lines = options.split(QLatin1Char('\n'));
+    return !Distributions::fieldValue(fields, QStringLiteral("Log")).isEmpty()
+           || std::any_of(lines.cbegin(), lines.cend(), [](const QString &line) {
+                  return optionName(line).endsWith(QLatin1String("hook"));
+              });
+}
+
+/**
+ * What spares each run the start of five programs. reprepro looks for a working gpg even when it is not to sign, and
+ * the library it does that with asks gpgconf, gpgsm and others too, if they are on PATH. So PATH holds gpg alone,
+ * besides the programs that unpack; and GNUPGHOME holds no keys, so that no agent is woken.
+ */
+QStringList leanEnvironment(const QTemporaryDir &folder)
+{
+    const QDir root(folder.path());
+    if (!root.mkdir(QStringLiteral("bin")) || !root.mkdir(QStringLiteral("gnupg")))
+        return {};
+    for (const char *name : {"gpg", "gunzip", "bunzip2", "unlzma", "unxz", "lunzip", "unzstd"}) {
+        const QString program = QStandardPaths::findExecutable(QLatin1String(name));
+        if (!program.isEmpty())
+            QFile::link(program, root.filePath(QLatin1String("bin/") + QLatin1String(name)));
+    }
+    const QString keys = root.filePath(QStringLiteral("gnupg"));
+    QFile::setPermissions(keys, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    return {QLatin1String("GNUPGHOME=") + keys,
+            QLatin1String("PATH=") + root.filePath(QStringLiteral("bin"))};
 }
 } // namespace
 
@@ -64,13 +90,14 @@ PrivateConfig::PrivateConfig(const QString &repoPath, Unreferenced unreferenced)
     if (!options.open(QIODevice::WriteOnly) || options.write(text) != text.size())
         return;
     m_valid = true;
-    // Nothing is signed without an export, so with no keys to look at reprepro need not wake the user's gpg at each
-    // run. But a program that the repository has set up to hear of changes may need the user's keys.
-    if (notifiesOthers(repoPath) || !QDir(m_folder.path()).mkdir(QStringLiteral("gnupg")))
-        return;
-    m_keyless = m_folder.filePath(QStringLiteral("gnupg"));
-    QFile::setPermissions(m_keyless,
-                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
+    if (!runsOtherPrograms(repoPath, own))
+        m_environment = leanEnvironment(m_folder);
+    m_environment.prepend(QLatin1String("REPREPRO_CONFIG_DIR=") + m_folder.path());
+}
+
+void PrivateConfig::useWholeEnvironment()
+{
+    m_environment = m_environment.mid(0, 1);
 }
 
 bool PrivateConfig::keepsUnreferencedFiles(const QString &repoPath)
@@ -78,14 +105,6 @@ bool PrivateConfig::keepsUnreferencedFiles(const QString &repoPath)
     const QStringList lines = ownOptions(repoPath).split(QLatin1Char('\n'));
     return std::any_of(
         lines.cbegin(), lines.cend(), [](const QString &line) { return optionName(line) == KeepFiles; });
-}
-
-QStringList PrivateConfig::environment() const
-{
-    QStringList environment{QLatin1String("REPREPRO_CONFIG_DIR=") + m_folder.path()};
-    if (!m_keyless.isEmpty())
-        environment.append(QLatin1String("GNUPGHOME=") + m_keyless);
-    return environment;
 }
 
 QString PrivateConfig::optionsText(const QString &own, Unreferenced unreferenced)

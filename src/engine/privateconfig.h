@@ -19,7 +19,10 @@ public:
 
     /** False when the folder could not be made; reprepro must then export each time. */
     bool isValid() const { return m_valid; }
-    QStringList environment() const;
+    /** What a run of reprepro gets on top of the environment. */
+    QStringList environment() const { return m_environment; }
+    /** From now on runs keep the user's own PATH and keys; slower, but nothing can be missing. */
+    void useWholeEnvironment();
     /** True when the repository's own options ask to keep files that no index names. */
     static bool keepsUnreferencedFiles(const QString &repoPath);
 
@@ -28,6 +31,6 @@ public:
 
 private:
     QTemporaryDir m_folder;
-    QString m_keyless; ///< stands in for the folder of the user's keys; empty when that is needed
+    QStringList m_environment; ///< the configuration folder first
     bool m_valid = false;
 };

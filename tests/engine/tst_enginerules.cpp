@@ -278,8 +278,18 @@ void TestEngineRules::silentOptions()
     QVERIFY(!PrivateConfig::keepsUnreferencedFiles(repository.path()));
     writeFile(repository.filePath(QStringLiteral("conf/options")), own.toLatin1());
     QVERIFY(PrivateConfig::keepsUnreferencedFiles(repository.path()));
-    const PrivateConfig config(repository.path(), PrivateConfig::Keep);
+    PrivateConfig config(repository.path(), PrivateConfig::Keep);
     QVERIFY(config.isValid());
+    QCOMPARE(config.environment().size(), 3);
+    config.useWholeEnvironment();
+    QCOMPARE(config.environment().size(), 1);
+    // Programs of the administrator's own, told by reprepro, may need their PATH and their keys.
+    writeFile(repository.filePath(QStringLiteral("conf/distributions")),
+              "Codename: dog\nLog: packages.log\n tell.sh\n");
+    QCOMPARE(PrivateConfig(repository.path(), PrivateConfig::Keep).environment().size(), 1);
+    writeFile(repository.filePath(QStringLiteral("conf/distributions")), "Codename: dog\n");
+    writeFile(repository.filePath(QStringLiteral("conf/options")), "endhook tell.sh\n");
+    QCOMPARE(PrivateConfig(repository.path(), PrivateConfig::Keep).environment().size(), 1);
     const QString folder = config.environment().first().section(QLatin1Char('='), 1);
     QCOMPARE(readFile(folder + QLatin1String("/distributions")), QByteArray("Codename: dog\n"));
     QVERIFY(readFile(folder + QLatin1String("/options")).contains("silent-never"));

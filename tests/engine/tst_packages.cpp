@@ -110,8 +110,9 @@ void TestPackages::addManyExportsTwice()
     const QString bin = h.folder.filePath(QStringLiteral("bin"));
     const QString log = h.folder.filePath(QStringLiteral("runs"));
     writeScript(bin + QLatin1String("/reprepro"),
-                "#!/bin/sh\nprintf '%s %s\\n' \"$(basename $REPREPRO_CONFIG_DIR)\" \"$*\" >>'"
-                    + log.toLocal8Bit() + "'\nPATH=${PATH#*:} exec reprepro \"$@\"\n");
+                "#!/bin/sh\nprintf '%s %s\\n' \"${REPREPRO_CONFIG_DIR##*/}\" \"$*\" >>'" + log.toLocal8Bit()
+                    + "'\nexec '" + QStandardPaths::findExecutable(QStringLiteral("reprepro")).toLocal8Bit()
+                    + "' \"$@\"\n");
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", bin.toLocal8Bit() + ':' + path);
     QStringList files;
