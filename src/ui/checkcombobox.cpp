@@ -107,16 +107,11 @@ bool CheckComboBox::eventFilter(QObject *watched, QEvent *event)
             return true;
         }
     }
-    if (watched == lineEdit() && lineEdit()->isReadOnly()) {
-        // Text that cannot be typed behaves like a button.
-        if (event->type() == QEvent::MouseButtonPress && isEnabled()) {
-            showPopup();
-            return true;
-        }
-        if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Space) {
-            showPopup();
-            return true;
-        }
+    // Text that cannot be typed behaves like a button.
+    if (watched == lineEdit() && lineEdit()->isReadOnly() && isEnabled()
+        && event->type() == QEvent::MouseButtonPress) {
+        showPopup();
+        return true;
     }
     return QComboBox::eventFilter(watched, event);
 }
@@ -125,6 +120,12 @@ void CheckComboBox::keyPressEvent(QKeyEvent *event)
 {
     // Stepping through the items would replace the text by a single one.
     switch (event->key()) {
+    case Qt::Key_Space:
+        if (!lineEdit()->isReadOnly()) {
+            QComboBox::keyPressEvent(event);
+            break;
+        }
+        [[fallthrough]];
     case Qt::Key_Up:
     case Qt::Key_Down:
     case Qt::Key_PageUp:

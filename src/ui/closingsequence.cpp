@@ -44,9 +44,9 @@ bool ClosingSequence::requestClose()
     if (!jobs.isEmpty()) {
         m_asking = true;
         const Prompts::Answer answer
-            = m_prompts.ask(tr("Warning"),
-                            tr("%1 is in progress, do you really want to close the program?")
-                                .arg(jobs.join(QLatin1String(", "))));
+            = m_prompts.askCarefully(tr("Warning"),
+                                     tr("%1 is in progress, do you really want to close the program?")
+                                         .arg(jobs.join(QLatin1String(", "))));
         m_asking = false;
         if (answer != Prompts::Answer::Yes)
             return m_closing && !isBusy();
@@ -83,9 +83,10 @@ void ClosingSequence::closeTab(RepoWidget *widget)
     const QPointer<RepoWidget> tab(widget);
     const QString job = m_tabs.runningJob(widget);
     if (!job.isEmpty()
-        && m_prompts.ask(tr("Warning"),
-                         tr("%1 is in progress, do you really want to close the repository?").arg(job),
-                         m_tabs.pathOf(widget))
+        && m_prompts.askCarefully(
+               tr("Warning"),
+               tr("%1 is in progress, do you really want to close the repository?").arg(job),
+               m_tabs.pathOf(widget))
                != Prompts::Answer::Yes)
         return;
     if (!tab.isNull())

@@ -15,6 +15,7 @@
 #include "ui/repotabs.h"
 #include "ui/repowidget.h"
 #include "ui/settingscommands.h"
+#include "ui/toolbuttonicon.h"
 
 #include "ui_mainwindow.h"
 
@@ -51,6 +52,7 @@ MainWindow::MainWindow()
     m_ui->tabWidget->setCurrentIndex(-1);
     buildLogDock();
     buildDependsMenu();
+    giveToolButtonsIcons();
 
     m_tabs = new RepoTabs(m_ui->tabWidget, this);
     m_feedback = new JobFeedback(*m_tabs, *m_prompts, m_ui->m_statusBar, m_log, this);
@@ -146,6 +148,20 @@ void MainWindow::buildDependsMenu()
     if (auto *button
         = qobject_cast<QToolButton *>(m_ui->mainToolBar->widgetForAction(m_ui->m_checkDependsAction)))
         button->setPopupMode(QToolButton::InstantPopup);
+}
+
+void MainWindow::giveToolButtonsIcons()
+{
+    const auto give = [this](QAction *action, const char *name) {
+        setToolButtonIcon(m_ui->mainToolBar, action, QLatin1String(name));
+    };
+    give(m_ui->m_changeRepoAction, "document-edit");
+    give(m_ui->m_addSrcListAction, "bookmark-new");
+    give(m_ui->m_sourceListAction, "view-list-details");
+    give(m_ui->m_removeSrcListAction, "bookmark-remove");
+    give(m_ui->m_addPackageFromExtRepoAction, "cloud-download");
+    give(m_ui->m_addPkgSettingsAction, "configure");
+    give(m_ui->m_checkDependsAction, "dialog-ok-apply");
 }
 
 void MainWindow::disableUnfinished()

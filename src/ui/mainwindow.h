@@ -57,6 +57,7 @@ private:
 
     void buildLogDock();
     void buildDependsMenu();
+    void giveToolButtonsIcons();
     void disableUnfinished();
     void adaptToSystem();
     void connectActions();

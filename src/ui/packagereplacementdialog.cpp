@@ -47,13 +47,12 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
     , m_repositoryLabel(plainLabel(QString(), this))
 {
     setWindowTitle(tr("Package replacement"));
-    setMinimumWidth(fontMetrics().averageCharWidth() * 70);
-    auto *layout = new QVBoxLayout(this);
+    auto *rows = new QVBoxLayout(this);
     auto *question = plainLabel(questionText(collision, package), this);
     question->setObjectName(QStringLiteral("m_questionLabel"));
-    layout->addWidget(question);
+    rows->addWidget(question);
     m_repositoryLabel->hide();
-    layout->addWidget(m_repositoryLabel);
+    rows->addWidget(m_repositoryLabel);
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Yes | QDialogButtonBox::No, this);
     buttons->setObjectName(QStringLiteral("buttonBox"));
@@ -63,7 +62,7 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
     QPushButton *no = buttons->button(QDialogButtonBox::No);
     connect(no, &QPushButton::clicked, this, [this] { finish(PackageReplacementRules::KeepThis); });
     if (!singlePackage) {
-        addOptions(layout);
+        addOptions(rows);
         QPushButton *applyToAll = buttons->addButton(tr("Apply to all"), QDialogButtonBox::ApplyRole);
         applyToAll->setObjectName(QStringLiteral("m_applyToAllButton"));
         // Without an option there is nothing to apply.
@@ -75,40 +74,49 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
             finish(static_cast<PackageReplacementRules::Rule>(m_options->checkedId()));
         });
     }
-    layout->addStretch();
-    layout->addWidget(buttons);
+    rows->addStretch();
+    rows->addWidget(buttons);
     // Enter in haste keeps what is there.
     no->setDefault(true);
     no->setFocus();
+    fitHeight();
+}
+
+void PackageReplacementDialog::fitHeight()
+{
+    // Texts that wrap have no height of their own; without this the dialog comes up too tall.
+    const int width = fontMetrics().averageCharWidth() * 70;
+    resize(width, layout()->totalHeightForWidth(width));
 }
 
 void PackageReplacementDialog::setRepository(const QString &path)
 {
     m_repositoryLabel->setText(path);
     m_repositoryLabel->setVisible(!path.isEmpty());
+    fitHeight();
 }
 
-void PackageReplacementDialog::addOptions(QVBoxLayout *layout)
+void PackageReplacementDialog::addOptions(QVBoxLayout *rows)
 {
-    layout->addWidget(
+    rows->addWidget(
         plainLabel(tr("You can immediately choose what to do with all subsequent matches; to do this, "
                       "select one of the options and click \"Apply to all\""),
                    this));
-    const auto add =
-        [this, layout](PackageReplacementRules::Rule rule, const QString &text, const QString &explanation) {
-            auto *option = new QRadioButton(text, this);
-            option->setAccessibleDescription(explanation);
-            m_options->addButton(option, static_cast<int>(rule));
-            layout->addWidget(option);
-            QLabel *label = plainLabel(explanation, this);
-            // Under the option's text, not under its mark.
-            label->setIndent(style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth)
-                             + style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing));
-            QFont small = label->font();
-            small.setItalic(true);
-            label->setFont(small);
-            layout->addWidget(label);
-        };
+    const auto add
+        = [this, rows](PackageReplacementRules::Rule rule, const QString &text, const QString &explanation) {
+              auto *option = new QRadioButton(text, this);
+              option->setAccessibleDescription(explanation);
+              m_options->addButton(option, static_cast<int>(rule));
+              rows->addWidget(option);
+              QLabel *label = plainLabel(explanation, this);
+              // Under the option's text, not under its mark.
+              label->setIndent(style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth)
+                               + style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing));
+              QFont small = label->font();
+              small.setItalic(true);
+              label->setFont(small);
+              rows->addWidget(label);
+          };
     add(PackageReplacementRules::PreferHigher,
         tr("Give preference to versions higer"),
         tr("In case of matching package, preference will be given to the package with a higher version"));

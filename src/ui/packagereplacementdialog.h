@@ -7,6 +7,8 @@
 #include <QDialog>
 
 class QButtonGroup;
+class QLabel;
+class QVBoxLayout;
 
 /**
  * Asks whether a package that is being added replaces the one that is there. When more packages follow, it also
@@ -28,10 +30,11 @@ public:
     PackageReplacementRules::Rule rule() const { return m_rule; }
 
 private:
-    void addOptions(class QVBoxLayout *layout);
+    void addOptions(QVBoxLayout *rows);
+    void fitHeight();
     void finish(PackageReplacementRules::Rule rule);
 
     QButtonGroup *m_options;
-    class QLabel *m_repositoryLabel;
+    QLabel *m_repositoryLabel;
     PackageReplacementRules::Rule m_rule = PackageReplacementRules::KeepThis;
 };

@@ -25,6 +25,18 @@ int Prompts::run(QDialog &dialog)
 Prompts::Answer Prompts::ask(const QString &title, const QString &text, const QString &about, QWidget *parent)
 {
     QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, parentOr(parent));
+    return askIn(box, about);
+}
+
+Prompts::Answer Prompts::askCarefully(const QString &title, const QString &text, const QString &about)
+{
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, m_window);
+    box.setDefaultButton(QMessageBox::No);
+    return askIn(box, about);
+}
+
+Prompts::Answer Prompts::askIn(QMessageBox &box, const QString &about)
+{
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(about);
     box.setEscapeButton(QMessageBox::No);

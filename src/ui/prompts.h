@@ -36,6 +36,8 @@ public:
     /** `about` is shown smaller below the text. */
     Answer
     ask(const QString &title, const QString &text, const QString &about = {}, QWidget *parent = nullptr);
+    /** Like ask(), for what cannot be undone: Enter in haste says no. */
+    Answer askCarefully(const QString &title, const QString &text, const QString &about = {});
     void warn(const QString &title, const QString &text, QWidget *parent = nullptr);
     /** Shows an error without waiting for the user. What arrives while it is shown comes in one box afterwards. */
     void showError(const QString &text,
@@ -66,6 +68,7 @@ private:
     };
 
     QWidget *parentOr(QWidget *parent) const { return parent == nullptr ? m_window : parent; }
+    Answer askIn(QMessageBox &box, const QString &about);
     void showNextError();
     void announceFreed();
 

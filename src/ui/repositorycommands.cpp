@@ -162,7 +162,8 @@ void RepositoryCommands::removeRepo()
         return;
     const QPointer<RepoWidget> guard(widget);
     const QString path = m_tabs.pathOf(widget);
-    if (m_prompts.ask(tr("Remove confirmation"), tr("Do you want to delete a repository %1?").arg(path))
+    if (m_prompts.askCarefully(tr("Remove confirmation"),
+                               tr("Do you want to delete a repository %1?").arg(path))
             != Prompts::Answer::Yes
         || guard.isNull() || m_tabs.isRunning(widget))
         return;

@@ -109,7 +109,7 @@ void WindowDriver::drop(const QStringList &files)
     QApplication::sendEvent(m_window.get(), &event);
 }
 
-bool WindowDriver::select(const QString &package)
+bool WindowDriver::select(const QString &package) const
 {
     RepoWidget *widget = tab(tabs()->currentIndex());
     auto *tree = widget->findChild<QTreeView *>(QStringLiteral("m_repoTreeView"));

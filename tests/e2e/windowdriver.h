@@ -68,7 +68,7 @@ public:
     /** Drops files on the window. */
     void drop(const QStringList &files);
     /** Selects the package of this name in the current tab's tree; false when there is none. */
-    bool select(const QString &package);
+    bool select(const QString &package) const;
 
 private:
     std::unique_ptr<MainWindow> m_window;
