@@ -9,12 +9,16 @@
 #include <QDir>
 #include <QIcon>
 #include <QStandardPaths>
+#include <QThread>
 #include <QThreadPool>
+
+#include <algorithm>
 
 namespace
 {
 constexpr int handOverTimeout = 5000; // milliseconds
 constexpr int drainInterval = 20; // milliseconds
+constexpr int jobThreads = 8;
 constexpr int alreadyRunning = -1; // exit code of a start that handed its files over
 
 void init()
@@ -89,6 +93,9 @@ int main(int argc, char *argv[])
         QMetaObject::invokeMethod(
             &window, [&window, files] { window.addPackagesFromOutside(files, false); }, Qt::QueuedConnection);
     }
+
+    // Jobs mostly wait for programs, so tabs at work must not keep others from starting.
+    QThreadPool::globalInstance()->setMaxThreadCount(std::max(jobThreads, QThread::idealThreadCount()));
 
     const int code = QApplication::exec();
     instance.stopListening();

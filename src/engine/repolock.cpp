@@ -7,6 +7,14 @@
 
 #include <algorithm>
 
+namespace
+{
+QString lockFile(const QString &repoPath)
+{
+    return repoPath + QLatin1String("/db/lockfile");
+}
+} // namespace
+
 RepoLock::State RepoLock::state(const QString &repoPath)
 {
     const QString database
@@ -33,10 +41,11 @@ RepoLock::State RepoLock::state(const QString &repoPath)
         if (holds)
             return State::Held;
     }
-    return state;
+    // Last, because a program that has finished meanwhile has taken its lock with it.
+    return QFile::exists(lockFile(repoPath)) ? state : State::Free;
 }
 
 bool RepoLock::remove(const QString &repoPath)
 {
-    return QFile::remove(repoPath + QLatin1String("/db/lockfile"));
+    return QFile::remove(lockFile(repoPath));
 }

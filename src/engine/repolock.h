@@ -7,6 +7,7 @@
 namespace RepoLock
 {
 enum class State {
+    Free, ///< there is no lock
     Stale, ///< no program has the database open
     Held, ///< a program has it open
     Unknown ///< a reprepro of another user runs, and what it has open cannot be seen

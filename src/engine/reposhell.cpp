@@ -143,7 +143,10 @@ ProcessResult RepoShell::runReproWith(const QString &arguments, const QStringLis
 
 bool RepoShell::clearStaleLock(const QString &repoPath)
 {
-    if (RepoLock::state(repoPath) != RepoLock::State::Stale) {
+    const RepoLock::State state = RepoLock::state(repoPath);
+    if (state == RepoLock::State::Free)
+        return true; // whoever had it has just finished
+    if (state != RepoLock::State::Stale) {
         Q_EMIT critical(
             tr("The repository %1 is being changed by another program. Try again when it is done.")
                 .arg(repoPath));
@@ -155,8 +158,11 @@ bool RepoShell::clearStaleLock(const QString &repoPath)
                  "was interrupted. Do you want to remove the lock and try again?")
                   .arg(repoPath),
               false);
-    // Between question and answer somebody else may have begun to work.
-    return remove && RepoLock::state(repoPath) == RepoLock::State::Stale && RepoLock::remove(repoPath);
+    if (!remove)
+        return false;
+    // Between question and answer somebody else may have begun to work, or have finished.
+    const RepoLock::State now = RepoLock::state(repoPath);
+    return now == RepoLock::State::Free || (now == RepoLock::State::Stale && RepoLock::remove(repoPath));
 }
 
 QString RepoShell::packageFilePath(const QString &name, const QString &component, const QString &architecture)

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/processutils.h"
+#include "support/literals.h"
 #include "support/testenvironment.h"
 
 #include <QTemporaryDir>
@@ -9,7 +10,7 @@ namespace
 {
 ProcessCall shell(const char *script)
 {
-    return {QStringLiteral("sh"), {QStringLiteral("-c"), QString::fromUtf8(script)}, {}, {}, -1};
+    return {"sh"_s, {"-c"_s, QString::fromUtf8(script)}, {}, {}, -1};
 }
 } // namespace
 
@@ -34,26 +35,25 @@ void TestProcessUtils::endings_data()
     QTest::addColumn<bool>("crashed");
     QTest::addColumn<bool>("started");
     QTest::addColumn<int>("code");
-    const QString sh = QStringLiteral("sh");
-    QTest::newRow("well") << sh << QStringLiteral("exit 0") << true << false << true << 0;
-    QTest::newRow("failed") << sh << QStringLiteral("exit 7") << false << false << true << 7;
-    QTest::newRow("crashed") << sh << QStringLiteral("kill -SEGV $$") << false << true << true << 11;
-    QTest::newRow("missing") << QStringLiteral("/no/such/program") << QString() << false << false << false
-                             << -1;
+    const QString sh = "sh"_s;
+    QTest::newRow("well") << sh << "exit 0"_s << true << false << true << 0;
+    QTest::newRow("failed") << sh << "exit 7"_s << false << false << true << 7;
+    QTest::newRow("crashed") << sh << "kill -SEGV $$"_s << false << true << true << 11;
+    QTest::newRow("missing") << "/no/such/program"_s << QString() << false << false << false << -1;
 }
 
 void TestProcessUtils::endings()
 {
     QFETCH(QString, program);
     QFETCH(QString, script);
-    const ProcessResult result = runProcess({program, {QStringLiteral("-c"), script}, {}, {}, -1});
+    const ProcessResult result = runProcess({program, {"-c"_s, script}, {}, {}, -1});
     QTEST(result.succeeded(), "success");
     QTEST(result.crashed(), "crashed");
     QTEST(result.started, "started");
     QTEST(result.exitCode, "code");
     QVERIFY2(result.started || result.errorOutput.contains(program), "who could not be started is said");
     ProcessUtils utils;
-    QTEST(utils.run(program, {QStringLiteral("-c"), script}), "success");
+    QTEST(utils.run(program, {"-c"_s, script}), "success");
 }
 
 void TestProcessUtils::bothChannelsInFull()
@@ -67,14 +67,8 @@ void TestProcessUtils::bothChannelsInFull()
 
 void TestProcessUtils::argumentsArriveAsTheyAre()
 {
-    const QStringList words{QStringLiteral("two words"),
-                            QStringLiteral("$HOME;`id`"),
-                            QStringLiteral("\"'\\"),
-                            QString(),
-                            QStringLiteral("%1"),
-                            QString::fromUtf8("пакет")};
-    const ProcessResult result
-        = runProcess({QStringLiteral("printf"), QStringList{QStringLiteral("%s\\n")} + words, {}, {}, -1});
+    const QStringList words{"two words"_s, "$HOME;`id`"_s, "\"'\\"_s, QString(), "%1"_s, "пакет"_s};
+    const ProcessResult result = runProcess({"printf"_s, QStringList{"%s\\n"_s} + words, {}, {}, -1});
     QCOMPARE(result.output, words.join(QLatin1Char('\n')) + QLatin1Char('\n'));
 }
 
@@ -83,26 +77,26 @@ void TestProcessUtils::surroundings()
     const QTemporaryDir folder;
     ProcessCall call = shell("printf '%s|%s|%s|%s' \"$LC_ALL\" \"$A\" \"$PWD\" $(umask)");
     call.workingDirectory = folder.path();
-    call.environment = QStringList{QStringLiteral("A=b=c")};
+    call.environment = QStringList{"A=b=c"_s};
     call.umask = 0022;
-    QCOMPARE(runProcess(call).output, QStringLiteral("C.UTF-8|b=c|%1|0022").arg(folder.path()));
+    QCOMPARE(runProcess(call).output, "C.UTF-8|b=c|%1|0022"_s.arg(folder.path()));
     call.umask = 0077;
-    QVERIFY(runProcess(call).output.endsWith(QLatin1String("0077")));
+    QVERIFY(runProcess(call).output.endsWith("0077"_s));
 }
 
 void TestProcessUtils::nobodyAnswersAPrompt()
 {
-    QCOMPARE(runProcess(shell("read line; echo \"got $line\"")).output, QStringLiteral("got \n"));
+    QCOMPARE(runProcess(shell("read line; echo \"got $line\"")).output, "got \n"_s);
 }
 
 void TestProcessUtils::lastRunOnly()
 {
     ProcessUtils utils;
-    utils.run(QStringLiteral("sh"), {QStringLiteral("-c"), QStringLiteral("echo o; echo e >&2; exit 3")});
-    QCOMPARE(utils.output(), QStringLiteral("o\n"));
-    QCOMPARE(utils.errorOutput(), QStringLiteral("e\n"));
+    utils.run("sh"_s, {"-c"_s, "echo o; echo e >&2; exit 3"_s});
+    QCOMPARE(utils.output(), "o\n"_s);
+    QCOMPARE(utils.errorOutput(), "e\n"_s);
     QCOMPARE(utils.exitCode(), 3);
-    utils.run(QStringLiteral("true"), {});
+    utils.run("true"_s, {});
     QCOMPARE(utils.output() + utils.errorOutput(), QString());
     QCOMPARE(utils.exitCode(), 0);
     QCOMPARE(utils.exitStatus(), int(QProcess::NormalExit));

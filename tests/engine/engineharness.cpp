@@ -3,6 +3,7 @@
 
 #include "core/processutils.h"
 #include "engine/packagelisting.h"
+#include "support/literals.h"
 
 #include <QSignalSpy>
 
@@ -12,14 +13,12 @@ namespace
 {
 QString shown(const PackageInfo &package)
 {
-    return QStringLiteral("%1 %2 %3 %4")
-        .arg(package.name, package.version, package.component, package.architecture);
+    return "%1 %2 %3 %4"_s.arg(package.name, package.version, package.component, package.architecture);
 }
 
 QString shownEvent(char mark, const PackageInfo &package)
 {
-    return QLatin1Char(mark)
-           + QStringLiteral("%1 %2 %3").arg(package.name, package.version, package.architecture);
+    return QLatin1Char(mark) + "%1 %2 %3"_s.arg(package.name, package.version, package.architecture);
 }
 
 QStringList shown(const QList<PackageInfoPtr> &packages)
@@ -34,11 +33,11 @@ QStringList shown(const QList<PackageInfoPtr> &packages)
 
 EngineHarness::EngineHarness(const QString &codename)
 {
-    info.name = QStringLiteral("repo");
+    info.name = "repo"_s;
     info.codename = codename;
-    info.suite = QStringLiteral("stable");
-    info.architectures = QStringLiteral("amd64");
-    info.components = QStringLiteral("main contrib");
+    info.suite = "stable"_s;
+    info.architectures = "amd64"_s;
+    info.components = "main contrib"_s;
     connect(&shell, &RepoShell::started, this, [this](const QString &text) { started.append(text); });
     connect(&shell, &RepoShell::finished, this, [this](RepoEnums::JobId job, const QString &message) {
         finished.append({job, message});
@@ -116,11 +115,7 @@ QStringList EngineHarness::listed() const
 QStringList EngineHarness::inDatabase(const QString &path) const
 {
     const ProcessResult result = runProcess(
-        {QStringLiteral("reprepro"),
-         {QStringLiteral("-b"), path.isEmpty() ? repoPath() : path, QStringLiteral("list"), info.codename},
-         {},
-         {},
-         -1});
+        {"reprepro"_s, {"-b"_s, path.isEmpty() ? repoPath() : path, "list"_s, info.codename}, {}, {}, -1});
     QStringList lines = result.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     lines.sort();
     return lines;

@@ -7,6 +7,7 @@
 #include "engine/privateconfig.h"
 #include "engine/repreprocommands.h"
 #include "support/debbuilder.h"
+#include "support/literals.h"
 #include "support/testenvironment.h"
 
 #include <QDir>
@@ -19,17 +20,13 @@ class TestEngineRules : public QObject
 private Q_SLOTS:
     void newDescriptions();
     void distributionsAreReadBack();
-    void whatRewritingWouldLose_data();
     void whatRewritingWouldLose();
     void foreignFieldsAreKeptBeside();
-    void systemVersion_data();
     void systemVersion();
     void wordsSurviveTheCommandLine_data();
     void wordsSurviveTheCommandLine();
     void commandLines();
-    void poolFiles_data();
     void poolFiles();
-    void indexPlaces_data();
     void indexPlaces();
     void silentOptions();
     void wipeGuard();
@@ -39,19 +36,18 @@ private Q_SLOTS:
 
 void TestEngineRules::newDescriptions()
 {
-    const RepoInfo dogwood = Distributions::repoInfoForCodename(QStringLiteral("dogwood"));
-    QCOMPARE(dogwood.name, QStringLiteral("dogwood-repo"));
-    QCOMPARE(dogwood.architectures, QStringLiteral("armhf"));
-    QCOMPARE(dogwood.components, QStringLiteral("main contrib non-free rpi3"));
-    QCOMPARE(Distributions::repoInfoForCodename(QStringLiteral("cedar")).architectures,
-             QStringLiteral("e2k-8c"));
+    const RepoInfo dogwood = Distributions::repoInfoForCodename("dogwood"_s);
+    QCOMPARE(dogwood.name, "dogwood-repo"_s);
+    QCOMPARE(dogwood.architectures, "armhf"_s);
+    QCOMPARE(dogwood.components, "main contrib non-free rpi3"_s);
+    QCOMPARE(Distributions::repoInfoForCodename("cedar"_s).architectures, "e2k-8c"_s);
     const RepoInfo other = Distributions::repoInfoForCodename(QString());
-    QCOMPARE(other.name, QStringLiteral("repo"));
-    QCOMPARE(other.architectures, QStringLiteral("amd64"));
-    QCOMPARE(other.components, QStringLiteral("main contrib non-free"));
+    QCOMPARE(other.name, "repo"_s);
+    QCOMPARE(other.architectures, "amd64"_s);
+    QCOMPARE(other.components, "main contrib non-free"_s);
 
     RepoInfo written = dogwood;
-    written.version = QStringLiteral("1.6");
+    written.version = "1.6"_s;
     written.signWith = true;
     QCOMPARE(Distributions::text(written),
              QStringLiteral(
@@ -68,215 +64,153 @@ void TestEngineRules::distributionsAreReadBack()
 {
     const auto parsed
         = [](const char *text) { return Distributions::parse(QString::fromLatin1(text), QString()); };
-    QCOMPARE(parsed("codename: x\nsuite:y").codename, QStringLiteral("x"));
-    QCOMPARE(parsed("codename: x\nsuite:y").suite, QStringLiteral("y"));
+    QCOMPARE(parsed("codename: x\nsuite:y").codename, "x"_s);
+    QCOMPARE(parsed("codename: x\nsuite:y").suite, "y"_s);
     QCOMPARE(parsed("CODENAME: x\n").codename, QString());
-    QCOMPARE(parsed("# Codename: old\nCodename: a\r\nComponents: main contrib\r\n").codename,
-             QStringLiteral("a"));
-    QCOMPARE(parsed("Codename: a\r\nComponents: main contrib\r\n").components,
-             QStringLiteral("main contrib"));
-    QCOMPARE(parsed("UDebComponents: x\nComponents: y\n").components, QStringLiteral("y"));
+    QCOMPARE(parsed("# Codename: old\nCodename: a\r\nComponents: main contrib\r\n").codename, "a"_s);
+    QCOMPARE(parsed("Codename: a\r\nComponents: main contrib\r\n").components, "main contrib"_s);
+    QCOMPARE(parsed("UDebComponents: x\nComponents: y\n").components, "y"_s);
     QVERIFY(!parsed("SignWith: Yes\n").signWith);
     QVERIFY(!parsed("SignWith: default\nContents: .gz .bz2\n").contents);
-    QCOMPARE(Distributions::fieldValue({QStringLiteral("Description: first"), QStringLiteral(" second")},
-                                       QStringLiteral("Description")),
-             QStringLiteral("first\n second"));
-}
-
-void TestEngineRules::whatRewritingWouldLose_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("more");
-    RepoInfo info = Distributions::repoInfoForCodename(QStringLiteral("aspen"));
-    info.signWith = true;
-    info.contents = true;
-    const QString own = Distributions::text(info);
-    QTest::newRow("our own") << own << false;
-    QTest::newRow("line ends of another system")
-        << QString(own).replace(QLatin1String("\n"), QLatin1String("\r\n")) << false;
-    QTest::newRow("another field") << own + QLatin1String("Log: log\n") << true;
-    QTest::newRow("another key") << QString(own).replace(QLatin1String("yes"), QLatin1String("ABCD")) << true;
-    QTest::newRow("another origin") << QString(own).replace(QLatin1String("Debian"), QLatin1String("Us"))
-                                    << true;
-    QTest::newRow("second distribution") << own + QLatin1String("\nCodename: b\n") << true;
-    QTest::newRow("comment") << own + QLatin1String("# mine\n") << true;
+    QCOMPARE(Distributions::fieldValue({"Description: first"_s, " second"_s}, "Description"_s),
+             "first\n second"_s);
 }
 
 void TestEngineRules::whatRewritingWouldLose()
 {
-    QFETCH(QString, text);
-    QTEST(Distributions::holdsMore(text), "more");
+    RepoInfo info = Distributions::repoInfoForCodename("aspen"_s);
+    info.signWith = true;
+    info.contents = true;
+    const QString own = Distributions::text(info);
+    QVERIFY(!Distributions::holdsMore(own));
+    QVERIFY(!Distributions::holdsMore(QString(own).replace("\n"_s, "\r\n"_s)));
+    QVERIFY(Distributions::holdsMore(own + "Log: log\n"_s));
+    QVERIFY(Distributions::holdsMore(own + "\nCodename: b\n"_s));
+    QVERIFY(Distributions::holdsMore(own + "# mine\n"_s));
+    QVERIFY(Distributions::holdsMore(QString(own).replace("yes"_s, "ABCD"_s)));
+    QVERIFY(Distributions::holdsMore(QString(own).replace("Debian"_s, "Us"_s)));
 }
 
 void TestEngineRules::foreignFieldsAreKeptBeside()
 {
     const QTemporaryDir folder;
-    const QString conf = folder.filePath(QStringLiteral("conf/distributions"));
+    const QString conf = folder.filePath("conf/distributions"_s);
     const DistributionsFile file(folder.path());
-    const RepoInfo info = Distributions::repoInfoForCodename(QStringLiteral("aspen"));
+    const RepoInfo info = Distributions::repoInfoForCodename("aspen"_s);
     QVERIFY(!file.read());
     QVERIFY(!file.write(info)); // there is no folder to write into
     writeFile(conf, "Codename: aspen\nLog: packages.log\n");
     QVERIFY(file.write(info));
-    QCOMPARE(readFile(conf + QLatin1String(".orig")), QByteArray("Codename: aspen\nLog: packages.log\n"));
+    QCOMPARE(readFile(conf + ".orig"_s), QByteArray("Codename: aspen\nLog: packages.log\n"));
     writeFile(conf, "Codename: aspen\nLog: later\n");
     QVERIFY(file.write(info));
-    QVERIFY2(readFile(conf + QLatin1String(".orig")).contains("packages.log"),
-             "the first file is the one to keep");
-    QCOMPARE(file.read()->codename, QStringLiteral("aspen"));
+    QVERIFY2(readFile(conf + ".orig"_s).contains("packages.log"), "the first file is the one to keep");
+    QCOMPARE(file.read()->codename, "aspen"_s);
     QCOMPARE(file.read()->name, QFileInfo(folder.path()).fileName());
-}
-
-void TestEngineRules::systemVersion_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("version");
-    QTest::newRow("three words") << QStringLiteral("Name 1.6 (x)\n") << QStringLiteral("1.6");
-    QTest::newRow("four words") << QStringLiteral("Name 1.6 (x) y\n") << QStringLiteral("Name 1.6 (x) y");
-    QTest::newRow("one word") << QStringLiteral("2.12\n") << QStringLiteral("2.12");
-    QTest::newRow("nothing") << QStringLiteral("  ") << QString();
 }
 
 void TestEngineRules::systemVersion()
 {
-    QFETCH(QString, text);
-    QTEST(Distributions::systemVersionFromText(text), "version");
+    QCOMPARE(Distributions::systemVersionFromText("Name 1.6 (x)\n"_s), "1.6"_s);
+    QCOMPARE(Distributions::systemVersionFromText("Name 1.6 (x) y\n"_s), "Name 1.6 (x) y"_s);
+    QCOMPARE(Distributions::systemVersionFromText("  "_s), QString());
 }
 
 void TestEngineRules::wordsSurviveTheCommandLine_data()
 {
     QTest::addColumn<QString>("path");
-    QTest::newRow("plain") << QStringLiteral("/srv/repo");
-    QTest::newRow("blanks") << QStringLiteral("/srv/my repo/two  blanks");
-    QTest::newRow("place holders") << QStringLiteral("/srv/%1/%2%3%6");
-    QTest::newRow("quotes") << QStringLiteral("/srv/a\"b\"/\"\"\"c'd");
-    QTest::newRow("shell") << QStringLiteral("/srv/$(x);`y`&|\\n");
-    QTest::newRow("letters") << QString::fromUtf8("/srv/пакет ö");
+    QTest::newRow("plain") << "/srv/repo"_s;
+    QTest::newRow("blanks") << "/srv/my repo/two  blanks"_s;
+    QTest::newRow("place holders") << "/srv/%1/%2%3%6"_s;
+    QTest::newRow("quotes") << "/srv/a\"b\"/\"\"\"c'd"_s;
+    QTest::newRow("shell") << "/srv/$(x);`y`&|\\n"_s;
+    QTest::newRow("letters") << "/srv/пакет ö"_s;
 }
 
 void TestEngineRules::wordsSurviveTheCommandLine()
 {
     QFETCH(QString, path);
-    const QString arguments = ReproCommand::include(QStringLiteral("dog"),
-                                                    QStringLiteral("main"),
-                                                    QStringLiteral("amd64"),
-                                                    QStringLiteral("my section"),
-                                                    path + QLatin1String(".deb"));
-    const QStringList expected{QStringLiteral("reprepro"),
-                               QStringLiteral("-b"),
+    const QString arguments
+        = ReproCommand::include("dog"_s, "main"_s, "amd64"_s, "my section"_s, path + ".deb"_s);
+    const QStringList expected{"reprepro"_s,
+                               "-b"_s,
                                path,
-                               QStringLiteral("-C"),
-                               QStringLiteral("main"),
-                               QStringLiteral("-A"),
-                               QStringLiteral("amd64"),
-                               QStringLiteral("-S"),
-                               QStringLiteral("my section"),
-                               QStringLiteral("includedeb"),
-                               QStringLiteral("dog"),
-                               path + QLatin1String(".deb")};
+                               "-C"_s,
+                               "main"_s,
+                               "-A"_s,
+                               "amd64"_s,
+                               "-S"_s,
+                               "my section"_s,
+                               "includedeb"_s,
+                               "dog"_s,
+                               path + ".deb"_s};
     QCOMPARE(QProcess::splitCommand(ReproCommand::commandLine(path, arguments)), expected);
-    const QStringList remove
-        = QProcess::splitCommand(ReproCommand::remove(QStringLiteral("dog"), path, path, QString()));
-    QCOMPARE(
-        remove,
-        (QStringList{QStringLiteral("-C"), path, QStringLiteral("remove"), QStringLiteral("dog"), path}));
+    const QStringList remove = QProcess::splitCommand(ReproCommand::remove("dog"_s, path, path, QString()));
+    QCOMPARE(remove, (QStringList{"-C"_s, path, "remove"_s, "dog"_s, path}));
 }
 
 void TestEngineRules::commandLines()
 {
-    const QString dog = QStringLiteral("dog");
-    const QString main = QStringLiteral("main");
-    const QString foo = QStringLiteral("foo");
-    QCOMPARE(ReproCommand::include(
-                 dog, main, QStringLiteral("amd64"), QStringLiteral("admin"), QStringLiteral("/a.udeb")),
-             QStringLiteral("-C main -A amd64 -S admin includeudeb dog \"/a.udeb\""));
-    QCOMPARE(ReproCommand::include(dog, main, QString(), QStringLiteral("admin"), QStringLiteral("/a.deb")),
-             QStringLiteral("-C main -S admin includedeb dog \"/a.deb\""));
-    QCOMPARE(ReproCommand::remove(dog, foo, main, QStringLiteral("amd64")),
-             QStringLiteral("-C main -A amd64 remove dog foo"));
-    QCOMPARE(ReproCommand::remove(dog, foo, QString(), QStringLiteral("all")),
-             QStringLiteral("remove dog foo"));
+    const QString dog = "dog"_s;
+    const QString main = "main"_s;
+    const QString foo = "foo"_s;
+    QCOMPARE(ReproCommand::include(dog, main, "amd64"_s, "admin"_s, "/a.udeb"_s),
+             "-C main -A amd64 -S admin includeudeb dog \"/a.udeb\""_s);
+    QCOMPARE(ReproCommand::include(dog, main, QString(), "admin"_s, "/a.deb"_s),
+             "-C main -S admin includedeb dog \"/a.deb\""_s);
+    QCOMPARE(ReproCommand::remove(dog, foo, main, "amd64"_s), "-C main -A amd64 remove dog foo"_s);
+    QCOMPARE(ReproCommand::remove(dog, foo, QString(), "all"_s), "remove dog foo"_s);
     const auto udeb = PackageType::Udeb;
-    QCOMPARE(ReproCommand::remove(dog, foo, QString(), QString(), &udeb),
-             QStringLiteral("-T udeb remove dog foo"));
-    QCOMPARE(ReproCommand::listFiles(dog, foo, main, QStringLiteral("amd64")),
-             QStringLiteral("--list-format \"${filename}\n\" listfilter dog "
-                            "\"Package (% foo), $Component (% main), $Architecture (% amd64)\""));
-    QCOMPARE(ReproCommand::commandLine(QStringLiteral("/r"), ReproCommand::clearVanished()),
-             QStringLiteral("reprepro -b /r  --delete clearvanished"));
-}
-
-void TestEngineRules::poolFiles_data()
-{
-    QTest::addColumn<QByteArray>("control");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("version");
-    QTest::addColumn<QString>("file");
-    QTest::newRow("plain") << QByteArray() << QStringLiteral("foo") << QStringLiteral("1.0-1")
-                           << QStringLiteral("pool/main/f/foo/foo_1.0-1_all.deb");
-    QTest::newRow("library") << QByteArray() << QStringLiteral("libfoo2") << QStringLiteral("1")
-                             << QStringLiteral("pool/main/libf/libfoo2/libfoo2_1_all.deb");
-    QTest::newRow("just lib") << QByteArray() << QStringLiteral("lib") << QStringLiteral("1")
-                              << QStringLiteral("pool/main/l/lib/lib_1_all.deb");
-    QTest::newRow("source with version")
-        << QByteArray("Source: bar (2.0)\n") << QStringLiteral("foo") << QStringLiteral("1")
-        << QStringLiteral("pool/main/b/bar/foo_1_all.deb");
-    QTest::newRow("epoch") << QByteArray() << QStringLiteral("foo") << QStringLiteral("2:1.0")
-                           << QStringLiteral("pool/main/f/foo/foo_1.0_all.deb");
+    QCOMPARE(ReproCommand::remove(dog, foo, QString(), QString(), &udeb), "-T udeb remove dog foo"_s);
+    QCOMPARE(ReproCommand::listFiles(dog, foo, main, "amd64"_s),
+             "--list-format \"${filename}\n\" listfilter dog "
+             "\"Package (% foo), $Component (% main), $Architecture (% amd64)\""_s);
+    QCOMPARE(ReproCommand::commandLine("/r"_s, ReproCommand::clearVanished()),
+             "reprepro -b /r  --delete clearvanished"_s);
 }
 
 void TestEngineRules::poolFiles()
 {
-    QFETCH(QByteArray, control);
-    QFETCH(QString, name);
-    QFETCH(QString, version);
-    PackageInfo package;
-    package.name = name;
-    package.version = version;
-    package.component = QStringLiteral("main");
-    package.control = ControlText(control);
-    QTEST(ReproCommand::poolFile(package, QStringLiteral("all")), "file");
-}
-
-void TestEngineRules::indexPlaces_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("place"); // "component architecture kind", empty for none
-    QTest::newRow("deb") << QStringLiteral("main/binary-amd64/Packages") << QStringLiteral("main amd64 0");
-    QTest::newRow("udeb") << QStringLiteral("main/debian-installer/binary-armhf/Packages")
-                          << QStringLiteral("main armhf 1");
-    QTest::newRow("names with hyphens")
-        << QStringLiteral("non-free/binary-e2k-8c/Packages") << QStringLiteral("non-free e2k-8c 0");
-    QTest::newRow("nested component")
-        << QStringLiteral("updates/main/binary-i386/Packages") << QStringLiteral("updates/main i386 0");
-    QTest::newRow("no component") << QStringLiteral("binary-amd64/Packages") << QString();
-    QTest::newRow("sources") << QStringLiteral("main/source/Packages") << QString();
+    const auto poolFile = [](const char *control, const char *name, const char *version) {
+        PackageInfo package;
+        package.name = QLatin1String(name);
+        package.version = QLatin1String(version);
+        package.component = "main"_s;
+        package.control = ControlText(control);
+        return ReproCommand::poolFile(package, "all"_s);
+    };
+    QCOMPARE(poolFile("", "libfoo2", "1"), "pool/main/libf/libfoo2/libfoo2_1_all.deb"_s);
+    QCOMPARE(poolFile("", "lib", "1"), "pool/main/l/lib/lib_1_all.deb"_s);
+    QCOMPARE(poolFile("Source: bar (2.0)\n", "foo", "1"), "pool/main/b/bar/foo_1_all.deb"_s);
+    QCOMPARE(poolFile("", "foo", "2:1.0-1"), "pool/main/f/foo/foo_1.0-1_all.deb"_s);
 }
 
 void TestEngineRules::indexPlaces()
 {
-    QFETCH(QString, path);
-    const auto place = indexPlace(path);
-    const QString shown = place ? QStringLiteral("%1 %2 %3")
-                                      .arg(place->component, place->architecture)
-                                      .arg(place->type == PackageType::Udeb ? 1 : 0)
-                                : QString();
-    QTEST(shown, "place");
+    const auto place = [](const QString &path) {
+        const auto found = indexPlace(path);
+        return found ? found->component + QLatin1Char(' ') + found->architecture
+                           + (found->type == PackageType::Udeb ? " udeb"_s : QString())
+                     : QString();
+    };
+    QCOMPARE(place("main/debian-installer/binary-armhf/Packages"_s), "main armhf udeb"_s);
+    QCOMPARE(place("non-free/binary-e2k-8c/Packages"_s), "non-free e2k-8c"_s);
+    QCOMPARE(place("updates/main/binary-i386/Packages"_s), "updates/main i386"_s);
+    QCOMPARE(place("binary-amd64/Packages"_s), QString());
+    QCOMPARE(place("main/source/Packages"_s), QString());
 }
 
 void TestEngineRules::silentOptions()
 {
-    const QString own
-        = QStringLiteral("verbose\n--export changed\nkeepunreferencedfiles\nexport=never\noutdir /x\n");
+    const QString own = "verbose\n--export changed\nkeepunreferencedfiles\nexport=never\noutdir /x\n"_s;
     QCOMPARE(PrivateConfig::optionsText(own, PrivateConfig::Keep),
-             QStringLiteral("verbose\noutdir /x\nexport silent-never\nkeepunreferencedfiles\n"));
-    QCOMPARE(PrivateConfig::optionsText(QString(), PrivateConfig::Delete),
-             QStringLiteral("export silent-never\n"));
+             "verbose\noutdir /x\nexport silent-never\nkeepunreferencedfiles\n"_s);
+    QCOMPARE(PrivateConfig::optionsText(QString(), PrivateConfig::Delete), "export silent-never\n"_s);
 
     const QTemporaryDir repository;
-    writeFile(repository.filePath(QStringLiteral("conf/distributions")), "Codename: dog\n");
+    writeFile(repository.filePath("conf/distributions"_s), "Codename: dog\n");
     QVERIFY(!PrivateConfig::keepsUnreferencedFiles(repository.path()));
-    writeFile(repository.filePath(QStringLiteral("conf/options")), own.toLatin1());
+    writeFile(repository.filePath("conf/options"_s), own.toLatin1());
     QVERIFY(PrivateConfig::keepsUnreferencedFiles(repository.path()));
     PrivateConfig config(repository.path(), PrivateConfig::Keep);
     QVERIFY(config.isValid());
@@ -284,15 +218,14 @@ void TestEngineRules::silentOptions()
     config.useWholeEnvironment();
     QCOMPARE(config.environment().size(), 1);
     // Programs of the administrator's own, told by reprepro, may need their PATH and their keys.
-    writeFile(repository.filePath(QStringLiteral("conf/distributions")),
-              "Codename: dog\nLog: packages.log\n tell.sh\n");
+    writeFile(repository.filePath("conf/distributions"_s), "Codename: dog\nLog: packages.log\n tell.sh\n");
     QCOMPARE(PrivateConfig(repository.path(), PrivateConfig::Keep).environment().size(), 1);
-    writeFile(repository.filePath(QStringLiteral("conf/distributions")), "Codename: dog\n");
-    writeFile(repository.filePath(QStringLiteral("conf/options")), "endhook tell.sh\n");
+    writeFile(repository.filePath("conf/distributions"_s), "Codename: dog\n");
+    writeFile(repository.filePath("conf/options"_s), "endhook tell.sh\n");
     QCOMPARE(PrivateConfig(repository.path(), PrivateConfig::Keep).environment().size(), 1);
     const QString folder = config.environment().first().section(QLatin1Char('='), 1);
-    QCOMPARE(readFile(folder + QLatin1String("/distributions")), QByteArray("Codename: dog\n"));
-    QVERIFY(readFile(folder + QLatin1String("/options")).contains("silent-never"));
+    QCOMPARE(readFile(folder + "/distributions"_s), QByteArray("Codename: dog\n"));
+    QVERIFY(readFile(folder + "/options"_s).contains("silent-never"));
 }
 
 void TestEngineRules::wipeGuard()
@@ -301,53 +234,46 @@ void TestEngineRules::wipeGuard()
     const QString home = QDir::homePath();
     const auto may
         = [](const QString &path, const QStringList &open = {}) { return PathGuard::mayBeWiped(path, open); };
-    QVERIFY(may(folder.filePath(QStringLiteral("new"))));
-    QVERIFY(may(home + QLatin1String("/repo")));
-    QVERIFY(may(QStringLiteral("/srv/repo")));
-    const QStringList refused{QStringLiteral("/"),
-                              QStringLiteral("//"),
-                              QStringLiteral("/srv"),
-                              home,
-                              home + QLatin1String("/x/.."),
-                              QFileInfo(home).path(),
-                              QStringLiteral("repo"),
-                              QString()};
+    QVERIFY(may(folder.filePath("new"_s)));
+    QVERIFY(may(home + "/repo"_s));
+    QVERIFY(may("/srv/repo"_s));
+    const QStringList refused{
+        "/"_s, "//"_s, "/srv"_s, home, home + "/x/.."_s, QFileInfo(home).path(), "repo"_s, QString()};
     for (const QString &path : refused)
         QVERIFY2(!may(path), qPrintable(path));
 
-    const QString open = folder.filePath(QStringLiteral("a/open"));
+    const QString open = folder.filePath("a/open"_s);
     QDir().mkpath(open);
     QVERIFY(!may(open, {open}));
-    QVERIFY(!may(folder.filePath(QStringLiteral("a")), {open}));
-    QVERIFY(may(open + QLatin1String("/inside"), {open}));
-    QVERIFY(may(folder.filePath(QStringLiteral("a/opened")), {open, QString()}));
+    QVERIFY(!may(folder.filePath("a"_s), {open}));
+    QVERIFY(may(open + "/inside"_s, {open}));
+    QVERIFY(may(folder.filePath("a/opened"_s), {open, QString()}));
     // A link to a folder above the repository is that folder.
-    QVERIFY(QFile::link(folder.filePath(QStringLiteral("a")), folder.filePath(QStringLiteral("link"))));
-    QVERIFY(!may(folder.filePath(QStringLiteral("link")), {open}));
+    QVERIFY(QFile::link(folder.filePath("a"_s), folder.filePath("link"_s)));
+    QVERIFY(!may(folder.filePath("link"_s), {open}));
 }
 
 void TestEngineRules::overlaps()
 {
     const QTemporaryDir folder;
-    const QString repository = folder.filePath(QStringLiteral("repo"));
+    const QString repository = folder.filePath("repo"_s);
     QDir().mkpath(repository);
-    QVERIFY(QFile::link(repository, folder.filePath(QStringLiteral("link"))));
-    QVERIFY(PathGuard::overlap(repository, folder.filePath(QStringLiteral("link"))));
-    QVERIFY(PathGuard::overlap(repository, repository + QLatin1String("/new/deep")));
+    QVERIFY(QFile::link(repository, folder.filePath("link"_s)));
+    QVERIFY(PathGuard::overlap(repository, folder.filePath("link"_s)));
+    QVERIFY(PathGuard::overlap(repository, repository + "/new/deep"_s));
     QVERIFY(PathGuard::overlap(repository, folder.path()));
-    QVERIFY(PathGuard::overlap(folder.filePath(QStringLiteral("link/in")), repository));
-    QVERIFY(!PathGuard::overlap(repository, folder.filePath(QStringLiteral("repository"))));
+    QVERIFY(PathGuard::overlap(folder.filePath("link/in"_s), repository));
+    QVERIFY(!PathGuard::overlap(repository, folder.filePath("repository"_s)));
 }
 
 void TestEngineRules::damagedArchives()
 {
     VELT_NEED_TOOL("dpkg-deb");
     const QTemporaryDir folder;
-    const QString whole
-        = DebBuilder(QStringLiteral("foo")).contents(QByteArray(5000, 'x')).build(folder.path());
+    const QString whole = DebBuilder("foo"_s).contents(QByteArray(5000, 'x')).build(folder.path());
     QCOMPARE(debArchiveState(whole), DebArchiveState::Whole);
     const QByteArray bytes = readFile(whole);
-    const QString cut = folder.filePath(QStringLiteral("cut.deb"));
+    const QString cut = folder.filePath("cut.deb"_s);
     for (const int size : {bytes.size() - 1000, 200, 100, 70}) {
         writeFile(cut, bytes.left(size));
         QVERIFY2(debArchiveState(cut) == DebArchiveState::Truncated, qPrintable(QString::number(size)));
@@ -356,7 +282,7 @@ void TestEngineRules::damagedArchives()
     QCOMPARE(debArchiveState(cut), DebArchiveState::NoArchive);
     writeFile(cut, bytes.left(8) + QByteArray(60, 'z'));
     QCOMPARE(debArchiveState(cut), DebArchiveState::NoArchive);
-    QCOMPARE(debArchiveState(folder.filePath(QStringLiteral("none"))), DebArchiveState::NoArchive);
+    QCOMPARE(debArchiveState(folder.filePath("none"_s)), DebArchiveState::NoArchive);
 }
 
 VELT_TEST_MAIN(TestEngineRules, QCoreApplication)

@@ -3,6 +3,7 @@
 #include "engine/exportsession.h"
 #include "engineharness.h"
 #include "support/debbuilder.h"
+#include "support/literals.h"
 #include "support/testenvironment.h"
 
 #include <QDir>
@@ -34,12 +35,12 @@ private Q_SLOTS:
 void TestLifecycle::createWipesAndOpensEmpty()
 {
     EngineHarness h;
-    writeFile(h.repoPath() + QLatin1String("/old/file"), "x");
+    writeFile(h.repoPath() + "/old/file"_s, "x");
     QSignalSpy paths(&h.shell, &RepoShell::pathChanged);
     QSignalSpy stored(&h.shell, &RepoShell::requestForStoredInformation);
     h.create();
-    QVERIFY(!QFile::exists(h.repoPath() + QLatin1String("/old")));
-    QVERIFY(QFile::exists(h.repoPath() + QLatin1String("/dists/dogwood/main/binary-amd64/Packages")));
+    QVERIFY(!QFile::exists(h.repoPath() + "/old"_s));
+    QVERIFY(QFile::exists(h.repoPath() + "/dists/dogwood/main/binary-amd64/Packages"_s));
     QCOMPARE(h.shell.path(), h.repoPath());
     QCOMPARE(h.shell.repoInfo(), h.info);
     QCOMPARE(paths.count(), 1);
@@ -51,33 +52,32 @@ void TestLifecycle::createWipesAndOpensEmpty()
 void TestLifecycle::createRefusesAndCleansUp()
 {
     EngineHarness h;
-    h.info.codename = QStringLiteral("../up");
+    h.info.codename = "../up"_s;
     QCOMPARE(h.shell.createRepo(h.repoPath(), h.info), int(RepoEnums::ERROR));
     QVERIFY2(!QFile::exists(h.repoPath()), "a repository that reprepro refuses does not stay behind");
     QCOMPARE(h.criticals.size(), 1);
-    QVERIFY2(h.criticals.first().startsWith(QLatin1String("Failed to create repository!|Error")),
+    QVERIFY2(h.criticals.first().startsWith("Failed to create repository!|Error"_s),
              qPrintable(h.criticals.first()));
     QCOMPARE(h.shell.path(), QString());
 
     h.clear();
-    const QString open = h.folder.filePath(QStringLiteral("above/open"));
-    writeFile(open + QLatin1String("/conf/distributions"), "x");
+    const QString open = h.folder.filePath("above/open"_s);
+    writeFile(open + "/conf/distributions"_s, "x");
     h.shell.setOpenRepositories({open});
-    h.info.codename = QStringLiteral("dog");
+    h.info.codename = "dog"_s;
     QCOMPARE(h.shell.createRepo(QFileInfo(open).path(), h.info), int(RepoEnums::ERROR));
-    QVERIFY(QFile::exists(open + QLatin1String("/conf/distributions")));
-    QVERIFY(h.criticals.first().startsWith(
-        QStringLiteral("Impossible to delete directory %1!").arg(QFileInfo(open).path())));
+    QVERIFY(QFile::exists(open + "/conf/distributions"_s));
+    QVERIFY(
+        h.criticals.first().startsWith("Impossible to delete directory %1!"_s.arg(QFileInfo(open).path())));
 }
 
 void TestLifecycle::openListsWhatIsThere()
 {
     EngineHarness h;
-    h.info.architectures = QStringLiteral("amd64 i386");
+    h.info.architectures = "amd64 i386"_s;
     h.create();
-    const QString all
-        = DebBuilder(QStringLiteral("both")).architecture(QStringLiteral("all")).build(h.debs());
-    const QString udeb = DebBuilder(QStringLiteral("small")).udeb().build(h.debs());
+    const QString all = DebBuilder("both"_s).architecture("all"_s).build(h.debs());
+    const QString udeb = DebBuilder("small"_s).udeb().build(h.debs());
     h.run([&] { h.shell.addPackages({all, udeb}); });
     const QStringList expected = h.listed();
     QCOMPARE(expected.size(), 3);
@@ -87,18 +87,16 @@ void TestLifecycle::openListsWhatIsThere()
     QSignalSpy merging(&reader.shell, &RepoShell::requestForMergingInformation);
     QCOMPARE(reader.run([&] { reader.shell.openRepo(h.repoPath()); }), int(RepoEnums::SUCCESS));
     QCOMPARE(reader.listed(), expected);
-    QCOMPARE(reader.started, QStringList{QStringLiteral("Opening repository")});
+    QCOMPARE(reader.started, QStringList{"Opening repository"_s});
     QCOMPARE(reader.finished.size(), 1);
-    QCOMPARE(reader.lastMessage(), QStringLiteral("Repositry is opened"));
+    QCOMPARE(reader.lastMessage(), "Repositry is opened"_s);
     QCOMPARE(reader.ranges, (QVector<int>{0, 3}));
     QCOMPARE(reader.events.size(), 3);
     QCOMPARE(merging.count(), 1);
-    QCOMPARE(reader.shell.repoInfo().name, QStringLiteral("repo"));
-    QCOMPARE(reader.find(QStringLiteral("small"))->type, PackageType::Udeb);
-    QVERIFY(QFile::exists(reader.find(QStringLiteral("both"))->filePath()));
-    QCOMPARE(
-        reader.shell.packageFilePath(QStringLiteral("both"), QStringLiteral("main"), QStringLiteral("i386")),
-        reader.find(QStringLiteral("both"))->filePath());
+    QCOMPARE(reader.shell.repoInfo().name, "repo"_s);
+    QCOMPARE(reader.find("small"_s)->type, PackageType::Udeb);
+    QVERIFY(QFile::exists(reader.find("both"_s)->filePath()));
+    QCOMPARE(reader.shell.packageFilePath("both"_s, "main"_s, "i386"_s), reader.find("both"_s)->filePath());
 
     reader.shell.closeRepo();
     QCOMPARE(reader.shell.packageCount(), 0);
@@ -110,10 +108,9 @@ void TestLifecycle::openWithoutDescription()
     EngineHarness h;
     QDir().mkpath(h.repoPath());
     QSignalSpy import(&h.shell, &RepoShell::needImportRepo);
-    const QString notFound = QStringLiteral("File %1/conf/distributions not found!").arg(h.repoPath());
+    const QString notFound = "File %1/conf/distributions not found!"_s.arg(h.repoPath());
     QCOMPARE(h.run([&] { h.shell.openRepo(h.repoPath()); }), int(RepoEnums::ERROR));
-    QCOMPARE(h.questions,
-             QStringList{QLatin1Char('|') + notFound + QLatin1String(" Do you want to import repository?")});
+    QCOMPARE(h.questions, QStringList{QLatin1Char('|') + notFound + " Do you want to import repository?"_s});
     QCOMPARE(h.lastMessage(), notFound);
     QCOMPARE(import.count(), 0);
     h.answer = [](const QString &) { return true; };
@@ -122,22 +119,22 @@ void TestLifecycle::openWithoutDescription()
     QCOMPARE(import.count(), 1);
     QCOMPARE(h.shell.path(), QString());
 
-    writeFile(h.repoPath() + QLatin1String("/conf/distributions"), "CODENAME: dog\n");
+    writeFile(h.repoPath() + "/conf/distributions"_s, "CODENAME: dog\n");
     QCOMPARE(h.run([&] { h.shell.openRepo(h.repoPath()); }), int(RepoEnums::ERROR));
     QCOMPARE(h.criticals.size(), 1);
-    QCOMPARE(h.lastMessage(), QStringLiteral("Repositry is not opened"));
+    QCOMPARE(h.lastMessage(), "Repositry is not opened"_s);
 }
 
 void TestLifecycle::openCanBeStopped()
 {
     EngineHarness h;
     h.create();
-    h.run([&] { h.shell.addPackages({DebBuilder(QStringLiteral("foo")).build(h.debs())}); });
+    h.run([&] { h.shell.addPackages({DebBuilder("foo"_s).build(h.debs())}); });
     QSignalSpy closed(&h.shell, &RepoShell::needCloseRepo);
     // Stopped from inside, before the first package: a direct connection runs on the job's thread.
     const auto stop = connect(&h.shell, &RepoShell::requestForMergingInformation, [&] { h.shell.cancel(); });
     QCOMPARE(h.run([&] { h.shell.openRepo(h.repoPath()); }), int(RepoEnums::CANCEL));
-    QCOMPARE(h.lastMessage(), QStringLiteral("Repositry is not opened"));
+    QCOMPARE(h.lastMessage(), "Repositry is not opened"_s);
     QCOMPARE(h.shell.path(), QString());
     QCOMPARE(closed.count(), 1);
     disconnect(stop);
@@ -160,44 +157,40 @@ void TestLifecycle::changeOfSuiteKeepsEverything()
 {
     EngineHarness h;
     h.create();
-    h.run([&] { h.shell.addPackages({DebBuilder(QStringLiteral("foo")).build(h.debs())}); });
-    h.info.suite = QStringLiteral("testing");
+    h.run([&] { h.shell.addPackages({DebBuilder("foo"_s).build(h.debs())}); });
+    h.info.suite = "testing"_s;
     h.info.contents = true;
     QSignalSpy saving(&h.shell, &RepoShell::requestForSavingPackages);
     QCOMPARE(h.run([&] { h.shell.changeRepo(h.repoPath(), h.info); }), int(RepoEnums::SUCCESS));
     QCOMPARE(saving.count(), 1);
-    QCOMPARE(h.started,
-             (QStringList{QStringLiteral("Repository changing"), QStringLiteral("Opening repository")}));
+    QCOMPARE(h.started, (QStringList{"Repository changing"_s, "Opening repository"_s}));
     QCOMPARE(h.finished.size(), 2);
-    QCOMPARE(h.lastMessage(), QStringLiteral("Repository is changed."));
+    QCOMPARE(h.lastMessage(), "Repository is changed."_s);
     QCOMPARE(h.finished.last().job, RepoEnums::CHANGE_REPO_JOB);
     QCOMPARE(h.listed().size(), 1);
-    QVERIFY(readFile(h.repoPath() + QLatin1String("/dists/dogwood/Release")).contains("Suite: testing"));
-    QVERIFY(QFile::exists(h.repoPath() + QLatin1String("/dists/dogwood/main/Contents-amd64.gz")));
+    QVERIFY(readFile(h.repoPath() + "/dists/dogwood/Release"_s).contains("Suite: testing"));
+    QVERIFY(QFile::exists(h.repoPath() + "/dists/dogwood/main/Contents-amd64.gz"_s));
 }
 
 void TestLifecycle::changeDropsArchitectureAndComponent()
 {
     EngineHarness h;
-    h.info.architectures = QStringLiteral("amd64 i386");
+    h.info.architectures = "amd64 i386"_s;
     h.create();
     h.run([&] {
-        h.shell.addPackages(
-            {DebBuilder(QStringLiteral("foo")).build(h.debs()),
-             DebBuilder(QStringLiteral("bar"))
-                 .field(QStringLiteral("Section"), QStringLiteral("contrib/admin"))
-                 .build(h.debs()),
-             DebBuilder(QStringLiteral("baz")).architecture(QStringLiteral("i386")).build(h.debs())});
+        h.shell.addPackages({DebBuilder("foo"_s).build(h.debs()),
+                             DebBuilder("bar"_s).field("Section"_s, "contrib/admin"_s).build(h.debs()),
+                             DebBuilder("baz"_s).architecture("i386"_s).build(h.debs())});
     });
     QCOMPARE(h.listed().size(), 3);
-    h.info.architectures = QStringLiteral("amd64");
-    h.info.components = QStringLiteral("main");
+    h.info.architectures = "amd64"_s;
+    h.info.components = "main"_s;
     QCOMPARE(h.run([&] { h.shell.changeRepo(h.repoPath(), h.info); }), int(RepoEnums::SUCCESS));
-    QCOMPARE(h.listed(), QStringList{QStringLiteral("foo 1.0 main amd64")});
-    const QString dist = h.repoPath() + QLatin1String("/dists/dogwood/");
-    QVERIFY(!QFile::exists(dist + QLatin1String("contrib")));
-    QVERIFY(!QFile::exists(dist + QLatin1String("main/binary-i386")));
-    QVERIFY(!QFile::exists(dist + QLatin1String("main/debian-installer/binary-i386")));
+    QCOMPARE(h.listed(), QStringList{"foo 1.0 main amd64"_s});
+    const QString dist = h.repoPath() + "/dists/dogwood/"_s;
+    QVERIFY(!QFile::exists(dist + "contrib"_s));
+    QVERIFY(!QFile::exists(dist + "main/binary-i386"_s));
+    QVERIFY(!QFile::exists(dist + "main/debian-installer/binary-i386"_s));
     QCOMPARE(h.inDatabase().size(), 1);
 }
 
@@ -205,54 +198,50 @@ void TestLifecycle::changeOfCodenameDropsItsIndices()
 {
     EngineHarness h;
     h.create();
-    h.run([&] { h.shell.addPackages({DebBuilder(QStringLiteral("foo")).build(h.debs())}); });
-    h.info.codename = QStringLiteral("aspen");
+    h.run([&] { h.shell.addPackages({DebBuilder("foo"_s).build(h.debs())}); });
+    h.info.codename = "aspen"_s;
     QCOMPARE(h.run([&] { h.shell.changeRepo(h.repoPath(), h.info); }), int(RepoEnums::SUCCESS));
-    QVERIFY(!QFile::exists(h.repoPath() + QLatin1String("/dists/dogwood")));
-    QVERIFY(QFile::exists(h.repoPath() + QLatin1String("/dists/aspen/Release")));
+    QVERIFY(!QFile::exists(h.repoPath() + "/dists/dogwood"_s));
+    QVERIFY(QFile::exists(h.repoPath() + "/dists/aspen/Release"_s));
 }
 
 void TestLifecycle::changeMoves()
 {
     EngineHarness h;
     h.create();
-    h.run([&] { h.shell.addPackages({DebBuilder(QStringLiteral("foo")).build(h.debs())}); });
-    const QString target = h.folder.filePath(QStringLiteral("deep er/new"));
-    writeFile(target + QLatin1String("/old"), "x");
+    h.run([&] { h.shell.addPackages({DebBuilder("foo"_s).build(h.debs())}); });
+    const QString target = h.folder.filePath("deep er/new"_s);
+    writeFile(target + "/old"_s, "x");
     QSignalSpy paths(&h.shell, &RepoShell::pathChanged);
     QCOMPARE(h.run([&] { h.shell.changeRepo(target + QLatin1Char('/'), h.info); }), int(RepoEnums::SUCCESS));
     QVERIFY(!QFile::exists(h.repoPath()));
-    QVERIFY(!QFile::exists(target + QLatin1String("/old")));
+    QVERIFY(!QFile::exists(target + "/old"_s));
     QCOMPARE(QDir(QFileInfo(target).path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-             QStringList{QStringLiteral("new")});
+             QStringList{"new"_s});
     QCOMPARE(h.shell.path(), target);
     QCOMPARE(paths.first().first().toString(), target);
-    QCOMPARE(h.find(QStringLiteral("foo"))->filePath(),
-             target + QLatin1String("/pool/main/f/foo/foo_1.0_amd64.deb"));
-    QVERIFY(QFile::exists(h.find(QStringLiteral("foo"))->filePath()));
+    QCOMPARE(h.find("foo"_s)->filePath(), target + "/pool/main/f/foo/foo_1.0_amd64.deb"_s);
+    QVERIFY(QFile::exists(h.find("foo"_s)->filePath()));
 }
 
 void TestLifecycle::changeRefusesToDestroyItself()
 {
     EngineHarness h;
     h.create();
-    h.run([&] { h.shell.addPackages({DebBuilder(QStringLiteral("foo")).build(h.debs())}); });
-    QVERIFY(QFile::link(h.repoPath(), h.folder.filePath(QStringLiteral("link"))));
-    const QString open = h.folder.filePath(QStringLiteral("open"));
-    writeFile(open + QLatin1String("/conf/distributions"), "x");
+    h.run([&] { h.shell.addPackages({DebBuilder("foo"_s).build(h.debs())}); });
+    QVERIFY(QFile::link(h.repoPath(), h.folder.filePath("link"_s)));
+    const QString open = h.folder.filePath("open"_s);
+    writeFile(open + "/conf/distributions"_s, "x");
     h.shell.setOpenRepositories({open});
-    const QStringList targets{h.folder.path(),
-                              h.repoPath() + QLatin1String("/inside"),
-                              h.folder.filePath(QStringLiteral("link")),
-                              QDir::homePath(),
-                              open};
+    const QStringList targets{
+        h.folder.path(), h.repoPath() + "/inside"_s, h.folder.filePath("link"_s), QDir::homePath(), open};
     for (const QString &target : targets) {
         QCOMPARE(h.run([&] { h.shell.changeRepo(target, h.info); }), int(RepoEnums::ERROR));
-        QCOMPARE(h.lastMessage(), QStringLiteral("Repository not changed"));
+        QCOMPARE(h.lastMessage(), "Repository not changed"_s);
         QCOMPARE(h.finished.last().job, RepoEnums::COMMON_JOB);
         QCOMPARE(h.criticals.size(), 1);
         QCOMPARE(h.inDatabase().size(), 1);
-        QVERIFY(QFile::exists(open + QLatin1String("/conf/distributions")));
+        QVERIFY(QFile::exists(open + "/conf/distributions"_s));
     }
     QCOMPARE(h.shell.path(), h.repoPath());
 }
@@ -261,17 +250,17 @@ void TestLifecycle::failedChangeKeepsTheOldDescription()
 {
     EngineHarness h;
     h.create();
-    h.run([&] { h.shell.addPackages({DebBuilder(QStringLiteral("foo")).build(h.debs())}); });
+    h.run([&] { h.shell.addPackages({DebBuilder("foo"_s).build(h.debs())}); });
     const RepoInfo old = h.info;
-    h.info.architectures = QStringLiteral("i386 all"); // reprepro refuses "all"
+    h.info.architectures = "i386 all"_s; // reprepro refuses "all"
     QCOMPARE(h.run([&] { h.shell.changeRepo(h.repoPath(), h.info); }), int(RepoEnums::ERROR));
-    QCOMPARE(h.lastMessage(), QStringLiteral("Repository is not changed."));
+    QCOMPARE(h.lastMessage(), "Repository is not changed."_s);
     QCOMPARE(h.finished.last().job, RepoEnums::CHANGE_REPO_JOB);
-    QVERIFY(h.criticals.first().startsWith(QLatin1String("Failed to change repository!|")));
+    QVERIFY(h.criticals.first().startsWith("Failed to change repository!|"_s));
     QVERIFY2(!h.criticals.first().endsWith(QLatin1Char('|')), "the tool's own words belong to the message");
     QCOMPARE(DistributionsFile(h.repoPath()).read()->architectures, old.architectures);
     QCOMPARE(h.shell.repoInfo().architectures, old.architectures);
-    QCOMPARE(h.inIndices(), QStringList{QStringLiteral("foo 1.0 main amd64")});
+    QCOMPARE(h.inIndices(), QStringList{"foo 1.0 main amd64"_s});
 }
 
 void TestLifecycle::changeGivesUpSigning()
@@ -282,19 +271,19 @@ void TestLifecycle::changeGivesUpSigning()
     h.info.signWith = true; // and this home has no key at all
     QCOMPARE(h.run([&] { h.shell.changeRepo(h.repoPath(), h.info); }), int(RepoEnums::SUCCESS));
     QCOMPARE(h.criticals.size(), 1);
-    QVERIFY(h.criticals.first().startsWith(QLatin1String("Failed to sign repository!|")));
+    QVERIFY(h.criticals.first().startsWith("Failed to sign repository!|"_s));
     QVERIFY(!h.shell.repoInfo().signWith);
-    QVERIFY(!readFile(h.repoPath() + QLatin1String("/conf/distributions")).contains("SignWith"));
+    QVERIFY(!readFile(h.repoPath() + "/conf/distributions"_s).contains("SignWith"));
 }
 
 void TestLifecycle::oddPathsWork_data()
 {
     QTest::addColumn<QString>("name");
-    QTest::newRow("blanks") << QStringLiteral("my  repo");
-    QTest::newRow("place holders") << QStringLiteral("100%1%2 %n");
-    QTest::newRow("quotes") << QStringLiteral("the \"best\" 'one'");
-    QTest::newRow("shell") << QStringLiteral("$(touch x)&;|");
-    QTest::newRow("letters") << QString::fromUtf8("репозиторий");
+    QTest::newRow("blanks") << "my  repo"_s;
+    QTest::newRow("place holders") << "100%1%2 %n"_s;
+    QTest::newRow("quotes") << "the \"best\" 'one'"_s;
+    QTest::newRow("shell") << "$(touch x)&;|"_s;
+    QTest::newRow("letters") << "репозиторий"_s;
 }
 
 void TestLifecycle::oddPathsWork()
@@ -303,15 +292,13 @@ void TestLifecycle::oddPathsWork()
     EngineHarness h;
     const QString path = h.folder.filePath(name);
     QCOMPARE(h.shell.createRepo(path, h.info), int(RepoEnums::SUCCESS));
-    const QStringList files{
-        DebBuilder(QStringLiteral("foo")).fileName(name + QLatin1String(".deb")).build(h.debs()),
-        DebBuilder(QStringLiteral("bar")).build(h.folder.filePath(name + QLatin1String("-debs"))),
-        DebBuilder(QStringLiteral("baz")).build(h.debs())};
+    const QStringList files{DebBuilder("foo"_s).fileName(name + ".deb"_s).build(h.debs()),
+                            DebBuilder("bar"_s).build(h.folder.filePath(name + "-debs"_s)),
+                            DebBuilder("baz"_s).build(h.debs())};
     QCOMPARE(h.run([&] { h.shell.addPackages(files); }), int(RepoEnums::SUCCESS));
     QVERIFY2(h.criticals.isEmpty(), qPrintable(h.criticals.join(QLatin1Char('\n'))));
     QCOMPARE(h.inIndices().size(), 3);
-    QCOMPARE(h.shell.packageFilePath(QStringLiteral("foo"), QString(), QString()),
-             h.find(QStringLiteral("foo"))->filePath());
+    QCOMPARE(h.shell.packageFilePath("foo"_s, QString(), QString()), h.find("foo"_s)->filePath());
     h.run([&] { h.shell.removePackages(h.shell.packages()); });
     QVERIFY(h.inDatabase(path).isEmpty());
     QVERIFY(!ExportSession::isExportOwed(path));

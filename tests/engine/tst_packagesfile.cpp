@@ -2,6 +2,7 @@
 #include "core/packagefields.h"
 #include "engine/packagelisting.h"
 #include "engine/packagesfile.h"
+#include "support/literals.h"
 #include "support/testenvironment.h"
 
 #include <QtTest>
@@ -19,7 +20,7 @@ QString word(const QRegularExpression &expression, const QStringList &lines)
     for (const QString &line : lines) {
         const auto match = expression.match(line);
         if (match.hasMatch())
-            return match.captured(QStringLiteral("word")).trimmed();
+            return match.captured("word"_s).trimmed();
     }
     return {};
 }
@@ -125,13 +126,13 @@ void TestPackagesFile::agreesWithTheExpressions()
 {
     QFETCH(QByteArray, text);
     const bool foreignLineEnds = text.contains('\r');
-    const auto expected = readByExpressions(text, QStringLiteral("contrib"));
+    const auto expected = readByExpressions(text, "contrib"_s);
     const auto bytes = std::make_shared<const QByteArray>(text);
     const auto records
         = parsePackages(bytes,
                         std::string_view(bytes->constData(), static_cast<std::size_t>(bytes->size())),
-                        {QStringLiteral("contrib"), QStringLiteral("amd64"), PackageType::Deb},
-                        QStringLiteral("/r"));
+                        {"contrib"_s, "amd64"_s, PackageType::Deb},
+                        "/r"_s);
     QCOMPARE(records.size(), expected.size());
     for (int i = 0; i < records.size(); ++i) {
         const PackageInfo &record = *records.at(i);
@@ -144,25 +145,21 @@ void TestPackagesFile::agreesWithTheExpressions()
         if (!foreignLineEnds)
             QCOMPARE(record.description(), expected.at(i).description);
         QCOMPARE(record.filePath(),
-                 expected.at(i).filePath.isEmpty() ? QString()
-                                                   : QLatin1String("/r/") + expected.at(i).filePath);
-        QCOMPARE(record.architecture, QStringLiteral("amd64"));
+                 expected.at(i).filePath.isEmpty() ? QString() : "/r/"_s + expected.at(i).filePath);
+        QCOMPARE(record.architecture, "amd64"_s);
     }
     if (text == Index) {
         QCOMPARE(records.size(), 4);
         QCOMPARE(records.at(0)->depends(),
-                 (QStringList{QStringLiteral("libc6 (>= 2.28)"),
-                              QStringLiteral("libfoo | libbar"),
-                              QStringLiteral("a |b(>= 1)"),
-                              QStringLiteral(" last")}));
-        QCOMPARE(records.at(0)->component, QStringLiteral("non-free"));
-        QCOMPARE(records.at(0)->section, QStringLiteral("admin"));
+                 (QStringList{"libc6 (>= 2.28)"_s, "libfoo | libbar"_s, "a |b(>= 1)"_s, " last"_s}));
+        QCOMPARE(records.at(0)->component, "non-free"_s);
+        QCOMPARE(records.at(0)->section, "admin"_s);
         QCOMPARE(records.at(0)->description(),
-                 QStringLiteral("first line\n second line\n .\n not a field: here\nlower: case"));
-        QCOMPARE(records.at(1)->version, QStringLiteral("2"));
-        QCOMPARE(records.at(2)->component, QStringLiteral("main"));
-        QCOMPARE(records.at(3)->section, QStringLiteral("misc"));
-        QCOMPARE(records.at(3)->component, QStringLiteral("contrib"));
+                 "first line\n second line\n .\n not a field: here\nlower: case"_s);
+        QCOMPARE(records.at(1)->version, "2"_s);
+        QCOMPARE(records.at(2)->component, "main"_s);
+        QCOMPARE(records.at(3)->section, "misc"_s);
+        QCOMPARE(records.at(3)->component, "contrib"_s);
     }
 }
 
@@ -175,38 +172,34 @@ void TestPackagesFile::listingLeavesOutWhatTheDescriptionDoesNotName()
                              "main/binary-i386",
                              "gone/binary-amd64",
                              "main/binary-arm"})
-        writeFile(folder.filePath(QStringLiteral("dists/dog/%1/Packages").arg(QLatin1String(path))), record);
-    writeFile(folder.filePath(QStringLiteral("dists/dog/main/binary-amd64/Packages.gz")), record);
-    writeFile(folder.filePath(QStringLiteral("dists/dog/main/binary-armhf/Packages")), QByteArray());
+        writeFile(folder.filePath("dists/dog/%1/Packages"_s.arg(QLatin1String(path))), record);
+    writeFile(folder.filePath("dists/dog/main/binary-amd64/Packages.gz"_s), record);
+    writeFile(folder.filePath("dists/dog/main/binary-armhf/Packages"_s), QByteArray());
     RepoInfo info;
-    info.codename = QStringLiteral("dog");
-    info.architectures = QStringLiteral("amd64 armhf");
-    info.components = QStringLiteral("main");
+    info.codename = "dog"_s;
+    info.architectures = "amd64 armhf"_s;
+    info.components = "main"_s;
     QStringList found;
     for (const PackageInfoPtr &package : listPackages(folder.path(), info))
         found.append(package->component + QLatin1Char(' ') + package->architecture
-                     + (package->type == PackageType::Udeb ? QLatin1String(" udeb") : QLatin1String("")));
+                     + (package->type == PackageType::Udeb ? " udeb"_s : ""_s));
     // "arm" is part of "armhf": the test is a loose one on purpose.
-    QCOMPARE(found,
-             (QStringList{QStringLiteral("main amd64"),
-                          QStringLiteral("main arm"),
-                          QStringLiteral("main amd64 udeb")}));
+    QCOMPARE(found, (QStringList{"main amd64"_s, "main arm"_s, "main amd64 udeb"_s}));
 }
 
 void TestPackagesFile::recordsOutliveTheirIndex()
 {
     const QTemporaryDir folder;
-    const QString file = folder.filePath(QStringLiteral("Packages"));
+    const QString file = folder.filePath("Packages"_s);
     writeFile(file, Index);
-    auto records = readPackagesFile(
-        file, {QStringLiteral("main"), QStringLiteral("amd64"), PackageType::Deb}, QString());
+    auto records = readPackagesFile(file, {"main"_s, "amd64"_s, PackageType::Deb}, QString());
     const PackageInfoPtr record = records.first();
     records.clear();
     // reprepro replaces an index by renaming a new one over it.
-    writeFile(file + QLatin1String(".new"), "Package: other\n");
+    writeFile(file + ".new"_s, "Package: other\n");
     QVERIFY(QFile::remove(file));
-    QVERIFY(QFile::rename(file + QLatin1String(".new"), file));
-    QCOMPARE(record->maintainer(), QString::fromUtf8("Jürgen Ö <j@example.org>"));
+    QVERIFY(QFile::rename(file + ".new"_s, file));
+    QCOMPARE(record->maintainer(), "Jürgen Ö <j@example.org>"_s);
 }
 
 VELT_TEST_MAIN(TestPackagesFile, QCoreApplication)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/debbuilder.h"
 
+#include "support/literals.h"
 #include "support/testenvironment.h"
 
 #include <QDir>
@@ -11,7 +12,7 @@ namespace
 {
 QString line(const QString &name, const QString &value)
 {
-    return value.isEmpty() ? QString() : name + QLatin1String(": ") + value + QLatin1Char('\n');
+    return value.isEmpty() ? QString() : name + ": "_s + value + QLatin1Char('\n');
 }
 } // namespace
 
@@ -33,11 +34,11 @@ DebBuilder &DebBuilder::architecture(const QString &architecture)
 
 DebBuilder &DebBuilder::field(const QString &name, const QString &value)
 {
-    if (name == QLatin1String("Section"))
+    if (name == "Section"_s)
         m_section = value;
-    else if (name == QLatin1String("Priority"))
+    else if (name == "Priority"_s)
         m_priority = value;
-    else if (name == QLatin1String("Description"))
+    else if (name == "Description"_s)
         m_description = value;
     else
         m_further += line(name, value);
@@ -52,7 +53,7 @@ DebBuilder &DebBuilder::contents(const QByteArray &contents)
 
 DebBuilder &DebBuilder::udeb()
 {
-    m_suffix = QStringLiteral("udeb");
+    m_suffix = "udeb"_s;
     return *this;
 }
 
@@ -65,32 +66,24 @@ DebBuilder &DebBuilder::fileName(const QString &fileName)
 QString DebBuilder::build(const QString &folder) const
 {
     const QTemporaryDir tree;
-    QDir(tree.path()).mkdir(QStringLiteral("DEBIAN"));
+    QDir(tree.path()).mkdir("DEBIAN"_s);
     QFile::setPermissions(tree.path(), QFileDevice::Permissions(0x7755));
     const QString control
-        = line(QStringLiteral("Package"), m_name) + line(QStringLiteral("Version"), m_version)
-          + line(QStringLiteral("Architecture"), m_architecture)
-          + line(QStringLiteral("Maintainer"), QStringLiteral("Test <test@example.org>"))
-          + line(QStringLiteral("Section"), m_section) + line(QStringLiteral("Priority"), m_priority)
-          + m_further + line(QStringLiteral("Description"), m_description);
-    writeFile(tree.filePath(QStringLiteral("DEBIAN/control")), control.toUtf8());
-    writeFile(tree.filePath(QStringLiteral("usr/share/") + m_name + QLatin1String("/data")), m_contents);
+        = line("Package"_s, m_name) + line("Version"_s, m_version) + line("Architecture"_s, m_architecture)
+          + line("Maintainer"_s, "Test <test@example.org>"_s) + line("Section"_s, m_section)
+          + line("Priority"_s, m_priority) + m_further + line("Description"_s, m_description);
+    writeFile(tree.filePath("DEBIAN/control"_s), control.toUtf8());
+    writeFile(tree.filePath("usr/share/"_s + m_name + "/data"_s), m_contents);
 
     QDir().mkpath(folder);
     QString fileVersion = m_version;
     fileVersion = fileVersion.mid(fileVersion.indexOf(QLatin1Char(':')) + 1);
-    const QString name
-        = m_fileName.isEmpty()
-              ? QStringLiteral("%1_%2_%3.%4").arg(m_name, fileVersion, m_architecture, m_suffix)
-              : m_fileName;
+    const QString name = m_fileName.isEmpty()
+                             ? "%1_%2_%3.%4"_s.arg(m_name, fileVersion, m_architecture, m_suffix)
+                             : m_fileName;
     const QString path = folder + QLatin1Char('/') + name;
     QProcess process;
-    process.start(QStringLiteral("dpkg-deb"),
-                  {QStringLiteral("--root-owner-group"),
-                   QStringLiteral("-Znone"),
-                   QStringLiteral("-b"),
-                   tree.path(),
-                   path});
+    process.start("dpkg-deb"_s, {"--root-owner-group"_s, "-Znone"_s, "-b"_s, tree.path(), path});
     process.waitForFinished(-1);
     if (process.exitCode() != 0)
         qFatal("dpkg-deb: %s", process.readAllStandardError().constData());

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/testenvironment.h"
 
+#include "support/literals.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,7 +11,7 @@
 
 TestEnvironment::TestEnvironment()
     // Short, because gpg-agent's socket path has a limit.
-    : m_home(QStringLiteral("/tmp/vtXXXXXX"))
+    : m_home("/tmp/vtXXXXXX"_s)
 {
     const QByteArray home = m_home.path().toLocal8Bit();
     qputenv("HOME", home);
@@ -29,7 +31,7 @@ TestEnvironment::~TestEnvironment()
 {
     // An agent that gpg started for this GNUPGHOME would outlive us.
     if (haveTool("gpgconf"))
-        QProcess::execute(QStringLiteral("gpgconf"), {QStringLiteral("--kill"), QStringLiteral("all")});
+        QProcess::execute("gpgconf"_s, {"--kill"_s, "all"_s});
 }
 
 bool haveTool(const char *program)
