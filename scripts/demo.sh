@@ -82,6 +82,16 @@ package hello "1.0" "$arch" "hello-data (>= 1.0)"
 package hello-data "1.0" all
 package goodbye "1.0" "$arch"
 package hello "1.1" "$arch" "hello-data (>= 1.0)"
+# A package for the installer differs in its name alone.
+package hello-installer "1.0" "$arch"
+mv -- "$demo/packages/hello-installer_1.0_$arch".{deb,udeb}
+
+say "Fetching packages from the system's sources"
+mkdir "$demo/fetched"
+(cd "$demo/fetched" && apt-get -qq -o APT::Sandbox::User="" download cowsay figlet sl) ||
+    say "apt cannot fetch packages here; going on with those built on the spot"
+fetched=("$demo/fetched"/*.deb)
+[ -e "${fetched[0]}" ] || fetched=()
 
 say "Starting the program"
 "$program" &
@@ -112,11 +122,25 @@ hand_over() {
     keys Return
 }
 hand_over "$demo/packages/hello_1.0_$arch.deb" "$demo/packages/hello-data_1.0_all.deb" \
-    "$demo/packages/goodbye_1.0_$arch.deb"
+    "$demo/packages/goodbye_1.0_$arch.deb" "$demo/packages/hello-installer_1.0_$arch.udeb"
 for name in hello hello-data goodbye; do
     until_true 20 indexed "$name" 1.0 || die "$name is not in the index"
 done
-sleep 0.5
+grep -qx "Package: hello-installer" "${index/binary/debian-installer/binary}" || die "the .udeb is not in its index"
+if [ ${#fetched[@]} -gt 0 ]; then
+    sleep 1
+    keys ctrl+a
+    focus "Adding Packages"
+    write "$(printf '"%s" ' "${fetched[@]}")"
+    keys Return
+    focus "Package add settings"
+    keys Return
+    for file in "${fetched[@]}"; do
+        name=$(dpkg-deb -f "$file" Package)
+        until_true 20 indexed "$name" "$(dpkg-deb -f "$file" Version)" || die "$name is not in the index"
+    done
+fi
+sleep 1
 picture 2-packages-added
 
 say "Replacing a package by a newer one"
@@ -128,7 +152,7 @@ until_true 20 indexed hello 1.1 || die "the newer package is not in the index"
 sleep 1
 
 say "Removing a package"
-# Click in the window at the search line, then at the top of the tree: the only match is then the last row.
+# Click in the window at the search line, then at the top of the tree, which jumps to the row whose name is typed.
 focus "velt-admin-repo"
 window=$(xdotool search --onlyvisible --name "velt-admin-repo" | head -n 1)
 click() { xdotool mousemove --window "$window" "$1" "$2" click 1; }
@@ -136,7 +160,7 @@ click 200 125
 write "goodbye"
 sleep 1
 click 120 175
-keys End
+write "goodbye"
 sleep 0.5
 picture 4-package-selected
 keys ctrl+d
@@ -175,6 +199,10 @@ apt-get -qq --simulate install hello >"$client/plan" || die "apt cannot install 
 grep -q "^Inst hello-data " "$client/plan" || die "apt does not find the dependency"
 (cd "$client" && apt-get -qq download hello) || die "apt cannot fetch hello"
 cmp -s "$client/hello_1.1_$arch.deb" "$demo/packages/hello_1.1_$arch.deb" || die "apt got another file"
+for file in "${fetched[@]}"; do
+    (cd "$client" && apt-get -qq download "$(dpkg-deb -f "$file" Package)") || die "apt cannot fetch $file"
+    cmp -s "$client/${file##*/}" "$file" || die "apt got another file than $file"
+done
 ! apt-cache show goodbye >/dev/null 2>&1 || die "apt still knows the removed package"
 
 say "Done: the repository is $repo, the pictures are in $demo/pictures."

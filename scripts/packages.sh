@@ -5,7 +5,7 @@
 # shellcheck disable=SC2034
 packages_build=(g++ cmake ninja-build qtbase5-dev libkf5itemviews-dev)
 packages_run=(reprepro dpkg apt gnupg lsb-release libqt5svg5 breeze-icon-theme hicolor-icon-theme)
-packages_test=(xvfb xauth openbox fonts-dejavu-core clang-format desktop-file-utils appstream man-db)
+packages_test=(dpkg-dev xvfb xauth openbox fonts-dejavu-core clang-format desktop-file-utils appstream man-db)
 
 # need PACKAGE...: installs those that are missing; without any it asks dpkg and nothing else.
 need() {
