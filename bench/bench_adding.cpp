@@ -3,6 +3,7 @@
 // Arguments: "--packages=N --present=M" (1000 into 5000 unless told otherwise); expect a quarter of an hour.
 #include "benchdata.h"
 #include "core/processutils.h"
+#include "engine/privateconfig.h"
 #include "engine/reposhell.h"
 #include "engine/repreprocommands.h"
 #include "engine/repreprorunner.h"
@@ -116,18 +117,7 @@ BENCHMARK(AddOneRunAPackage)->Unit(benchmark::kSecond)->Iterations(1)->UseRealTi
 void ToolsOfTheAddJob(benchmark::State &state)
 {
     const QString repository = copyOfFilledRepository(QStringLiteral("tools"));
-    const QString config = BenchData::folder() + QLatin1String("/silent");
-    QDir().mkpath(config + QLatin1String("/gnupg"));
-    QFile::setPermissions(config + QLatin1String("/gnupg"),
-                          QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-    QFile::copy(repository + QLatin1String("/conf/distributions"), config + QLatin1String("/distributions"));
-    QFile options(config + QLatin1String("/options"));
-    if (!options.open(QIODevice::WriteOnly))
-        state.SkipWithError("cannot write the options");
-    options.write("export silent-never\nkeepunreferencedfiles\n");
-    options.close();
-    const QStringList environment{QLatin1String("REPREPRO_CONFIG_DIR=") + config,
-                                  QLatin1String("GNUPGHOME=") + config + QLatin1String("/gnupg")};
+    const PrivateConfig config(repository, PrivateConfig::Keep);
     for (auto _ : state) {
         for (const QString &file : newFiles()) {
             runProcess({QStringLiteral("dpkg"), {QStringLiteral("-I"), file}, {}, {}, -1});
@@ -137,7 +127,7 @@ void ToolsOfTheAddJob(benchmark::State &state)
                                              QStringLiteral("amd64"),
                                              QStringLiteral("admin"),
                                              file),
-                       file == newFiles().first() ? QStringList() : environment);
+                       file == newFiles().first() ? QStringList() : config.environment());
         }
         runReproOn(repository, ReproCommand::exportIndices());
     }

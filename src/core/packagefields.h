@@ -7,7 +7,7 @@
 
 /**
  * Field names of Debian control data (deb822(5), deb-control(5)) and the expressions that define how a record is
- * read. The expressions serve single records; whole index files go through PackagesFileParser, which gives the same.
+ * read. The expressions serve single records; whole index files go through parsePackages() of the engine, which gives the same.
  */
 namespace PackageField
 {

@@ -22,7 +22,8 @@ struct PackageInfo
 {
     QString name;
     QString version;
-    QString component;
+    QString component; ///< as the Section field names it, else the index's
+    QString indexComponent; ///< the component whose index lists the package; what reprepro is asked with
     QString architecture; ///< the architecture whose index lists the package; never "all" in a listing
     QString section;
     PackageType type = PackageType::Deb;

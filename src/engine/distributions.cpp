@@ -121,6 +121,14 @@ bool Distributions::holdsMore(const QString &text)
     return false;
 }
 
+int Distributions::distributionCount(const QString &text)
+{
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    return static_cast<int>(std::count_if(lines.cbegin(), lines.cend(), [](const QString &line) {
+        return line.startsWith(QLatin1String("Codename:"), Qt::CaseInsensitive);
+    }));
+}
+
 QString Distributions::systemVersionFromText(const QString &text)
 {
     const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);

@@ -25,6 +25,9 @@ QString fieldValue(const QStringList &lines, const QString &fieldName);
 /** True when the text says more than text() would write, so that rewriting the file loses something. */
 bool holdsMore(const QString &text);
 
+/** How many distributions the text describes; only repositories with one can be changed. */
+int distributionCount(const QString &text);
+
 /** The release's version in the text of the version file: the second of exactly three words, else the whole text. */
 QString systemVersionFromText(const QString &text);
 } // namespace Distributions

@@ -34,11 +34,22 @@ std::optional<QByteArray> DistributionsFile::readBytes() const
 bool DistributionsFile::write(const RepoInfo &info) const
 {
     const auto old = readBytes();
-    const QString kept = m_fileName + QLatin1String(".orig");
-    if (old && Distributions::holdsMore(QString::fromLocal8Bit(*old)) && !QFile::exists(kept)
-        && !QFile::copy(m_fileName, kept))
+    if (old && Distributions::holdsMore(QString::fromLocal8Bit(*old)) && !keep(*old))
         return false;
     return restore(Distributions::text(info).toLocal8Bit());
+}
+
+bool DistributionsFile::keep(const QByteArray &bytes) const
+{
+    QString name = m_fileName + QLatin1String(".orig");
+    for (int number = 1; QFile::exists(name); ++number) {
+        QFile kept(name);
+        if (kept.open(QIODevice::ReadOnly) && kept.readAll() == bytes)
+            return true;
+        name = m_fileName + QLatin1String(".orig.") + QString::number(number);
+    }
+    QSaveFile file(name);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
 }
 
 bool DistributionsFile::restore(const QByteArray &bytes) const

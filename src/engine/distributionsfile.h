@@ -19,13 +19,15 @@ public:
     /** The file as it is, for restore(); nothing when it cannot be read. */
     std::optional<QByteArray> readBytes() const;
     /**
-     * Replaces the file atomically. What it held beyond our own fields is kept once beside it, as
-     * distributions.orig. False when the file cannot be written; the old one then stays.
+     * Replaces the file atomically. A text that held more than our own fields is kept beside it, as
+     * distributions.orig or with a number behind. False when the file cannot be written; the old one then stays.
      */
     bool write(const RepoInfo &info) const;
     bool restore(const QByteArray &bytes) const;
 
 private:
+    bool keep(const QByteArray &bytes) const;
+
     QString m_repoPath;
     QString m_fileName;
 };

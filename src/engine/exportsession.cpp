@@ -32,12 +32,16 @@ ProcessResult ExportSession::modify(const QString &arguments)
 
 ProcessResult ExportSession::remove(const QString &arguments, bool makesRoom)
 {
-    if (!m_silentConfig)
-        return change(arguments, nullptr);
     if (!makesRoom) {
-        m_removed = true;
+        if (m_silentConfig && !m_removed) {
+            m_removed = true;
+            // Files that others keep in the pool without use are not ours to delete at the end.
+            m_mayCleanUp = m_run(ReproCommand::dumpUnreferenced(), {}).output.trimmed().isEmpty();
+        }
         return change(arguments, m_silentConfig.get());
     }
+    if (!m_silentConfig && !PrivateConfig::keepsUnreferencedFiles(m_repoPath))
+        return change(arguments, nullptr);
     if (!m_deletingConfig)
         m_deletingConfig = std::make_unique<PrivateConfig>(m_repoPath, PrivateConfig::Delete);
     return change(arguments, m_deletingConfig->isValid() ? m_deletingConfig.get() : nullptr);
@@ -46,7 +50,7 @@ ProcessResult ExportSession::remove(const QString &arguments, bool makesRoom)
 void ExportSession::oweExport()
 {
     m_exportOwed = true;
-    setMarker();
+    setMarker(m_repoPath);
 }
 
 bool ExportSession::dropUnreferencedFiles()
@@ -54,8 +58,8 @@ bool ExportSession::dropUnreferencedFiles()
     if (PrivateConfig::keepsUnreferencedFiles(m_repoPath))
         return false;
     // First the indices, since those on disk may still name the files that go.
-    if (m_exportOwed)
-        exportNow();
+    if (m_exportOwed && !exportNow().succeeded())
+        return false;
     m_removed = false;
     return m_run(ReproCommand::deleteUnreferenced(), {}).succeeded();
 }
@@ -67,7 +71,7 @@ ProcessResult ExportSession::finish()
     if (m_exportOwed)
         result = exportNow();
     // As long as the indices on disk are old, clients may still fetch what they name.
-    if (m_removed && !m_exportOwed && !PrivateConfig::keepsUnreferencedFiles(m_repoPath)) {
+    if (m_removed && m_mayCleanUp && !m_exportOwed && !PrivateConfig::keepsUnreferencedFiles(m_repoPath)) {
         m_run(ReproCommand::deleteUnreferenced(), {});
         m_removed = false;
     }
@@ -86,7 +90,7 @@ void ExportSession::clearMarker(const QString &repoPath)
 
 ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *config)
 {
-    setMarker();
+    setMarker(m_repoPath);
     ProcessResult result = m_run(arguments, config != nullptr ? config->environment() : QStringList());
     if (config != nullptr && ReproAnswer::signingFailed(result.errorOutput)) {
         // Such a run has nothing to sign: it misses something that its lean environment does not have.
@@ -95,6 +99,8 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
     }
     if (result.succeeded()) {
         if (config != nullptr) {
+            m_exportOwed = true;
+        } else if (PrivateConfig::exportsNever(m_repoPath)) {
             m_exportOwed = true;
         } else if (!m_silentConfig) {
             auto silent = std::make_unique<PrivateConfig>(m_repoPath, PrivateConfig::Keep);
@@ -119,9 +125,9 @@ ProcessResult ExportSession::exportNow()
     return result;
 }
 
-void ExportSession::setMarker() const
+void ExportSession::setMarker(const QString &repoPath)
 {
-    QFile marker(markerFile(m_repoPath));
+    QFile marker(markerFile(repoPath));
     // A folder that cannot be written makes the run itself fail, with a better message than ours would be.
     if (!marker.exists())
         marker.open(QIODevice::WriteOnly);

@@ -41,7 +41,7 @@ public:
     /** For when the indices turned out not to tell what is in the database. */
     void oweExport();
     /** Makes room for a file that an earlier, interrupted run has left in the pool without use. False when the
-     *  repository's own options ask to keep such files. */
+     *  repository's own options ask to keep such files, or when the indices may still name them. */
     bool dropUnreferencedFiles();
 
     /** Writes what is owed and drops the files that no index names any more. A result that failed leaves the
@@ -50,6 +50,8 @@ public:
 
     /** Whether the repository's indices are behind its database. */
     static bool isExportOwed(const QString &repoPath);
+    /** Says for whoever opens the repository next that its indices may be behind. */
+    static void setMarker(const QString &repoPath);
     /** Takes the marker away, after an export that went well. */
     static void clearMarker(const QString &repoPath);
 
@@ -60,8 +62,8 @@ private:
     std::unique_ptr<PrivateConfig> m_deletingConfig; ///< made when a removal has to make room
     bool m_exportOwed;
     bool m_removed = false; ///< files may lie in the pool that nothing needs
+    bool m_mayCleanUp = false; ///< those files are ours alone
 
     ProcessResult change(const QString &arguments, PrivateConfig *config);
     ProcessResult exportNow();
-    void setMarker() const;
 };

@@ -11,13 +11,13 @@
 struct PackageKey
 {
     QString name;
-    QString component;
+    QString component; ///< the index's
     QString architecture;
     PackageType type = PackageType::Deb;
 
     static PackageKey of(const PackageInfo &package)
     {
-        return {package.name, package.component, package.architecture, package.type};
+        return {package.name, package.indexComponent, package.architecture, package.type};
     }
     bool operator==(const PackageKey &other) const
     {

@@ -95,6 +95,7 @@ public:
         record->version = decoded(m_version);
         record->component = section.component;
         record->section = section.section;
+        record->indexComponent = m_place.component;
         record->architecture = m_place.architecture;
         record->type = m_place.type;
         record->root = m_root;

@@ -107,6 +107,14 @@ bool PrivateConfig::keepsUnreferencedFiles(const QString &repoPath)
         lines.cbegin(), lines.cend(), [](const QString &line) { return optionName(line) == KeepFiles; });
 }
 
+bool PrivateConfig::exportsNever(const QString &repoPath)
+{
+    const QStringList lines = ownOptions(repoPath).split(QLatin1Char('\n'));
+    return std::any_of(lines.cbegin(), lines.cend(), [](const QString &line) {
+        return optionName(line) == QLatin1String("export") && line.contains(QLatin1String("never"));
+    });
+}
+
 QString PrivateConfig::optionsText(const QString &own, Unreferenced unreferenced)
 {
     QString text;

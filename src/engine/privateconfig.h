@@ -25,6 +25,8 @@ public:
     void useWholeEnvironment();
     /** True when the repository's own options ask to keep files that no index names. */
     static bool keepsUnreferencedFiles(const QString &repoPath);
+    /** True when the repository's own options leave the indices alone. */
+    static bool exportsNever(const QString &repoPath);
 
     /** Our options file: the repository's own lines without those that ours replace, then ours. */
     static QString optionsText(const QString &own, Unreferenced unreferenced);

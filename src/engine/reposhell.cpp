@@ -7,6 +7,7 @@
 #include "engine/repreprocommands.h"
 #include "engine/repreprorunner.h"
 
+#include <QFile>
 #include <QMutexLocker>
 #include <QThread>
 #include <QThreadPool>
@@ -89,6 +90,8 @@ void RepoShell::setClosing()
 void RepoShell::startJob(std::function<int()> job)
 {
     ++m_runningJobs;
+    // A stop that came after the last job had told its end belongs to that job.
+    m_canceled = m_closing.load();
     m_future = QtConcurrent::run([this, job = std::move(job)] {
         const int result = job();
         // finished() comes from inside the job; only a call posted by the very end says that the thread is free.
@@ -103,9 +106,15 @@ void RepoShell::jobEnded()
         Q_EMIT idle();
 }
 
+bool RepoShell::canAsk() const
+{
+    // On the interface thread nobody would be left to answer.
+    return !m_closing && QThread::currentThread() != thread();
+}
+
 bool RepoShell::ask(const QString &title, const QString &text, bool safeAnswer)
 {
-    if (m_closing || QThread::currentThread() == thread())
+    if (!canAsk())
         return safeAnswer;
     // When the receiver goes away while we wait, the emission returns without an answer.
     m_answer = safeAnswer;
@@ -114,6 +123,18 @@ bool RepoShell::ask(const QString &title, const QString &text, bool safeAnswer)
     Q_EMIT question(title, text);
     QThreadPool::globalInstance()->reserveThread();
     return m_answer;
+}
+
+bool RepoShell::isDatabaseThere()
+{
+    const QString file = path() + QLatin1String("/db/packages.db");
+    if (m_packages.count() == 0 || QFile::exists(file))
+        return true;
+    Q_EMIT critical(
+        tr("The database of the repository is missing. Any change would make a new one and take all "
+           "packages out of the indices, so nothing was done."),
+        file);
+    return false;
 }
 
 int RepoShell::runReprepro(const QString &arguments)

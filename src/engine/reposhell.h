@@ -17,6 +17,7 @@
 #include <functional>
 #include <memory>
 
+class AsideDirectory;
 class DependencyChecker;
 class ExportSession;
 class PackageBackup;
@@ -88,8 +89,8 @@ public:
     bool isRunning() const { return m_runningJobs > 0; }
     /** Blocks until the job has ended; for programs without an interface. */
     void waitForFinished() { m_future.waitForFinished(); }
-    /** Blocks until the job has ended and returns its ErrorCode. */
-    int result() const { return m_future.result(); }
+    /** Blocks until the job has ended and returns its ErrorCode; ERROR when there was none. */
+    int result() const { return m_future.isCanceled() ? ERROR : m_future.result(); }
 
     // --- what jobs use ---------------------------------------------------------------------------------------------
 
@@ -146,6 +147,7 @@ Q_SIGNALS:
 
 private:
     class JobFrame;
+    struct AddedFile;
 
     mutable QMutex m_mutex; ///< guards what follows, up to the blank line
     QString m_path;
@@ -172,28 +174,32 @@ private:
     void setStartMessage(const QString &message);
     void resetCancel() { m_canceled = false; }
     bool isCanceled() const { return m_canceled; }
+    bool canAsk() const;
     bool ask(const QString &title, const QString &text, bool safeAnswer);
+    bool isDatabaseThere();
     int runReprepro(const QString &arguments);
     ProcessResult runReproWith(const QString &arguments, const QStringList &environment);
     bool clearStaleLock(const QString &repoPath);
 
     // --- create, open, change, close: reposhell_lifecycle.cpp
     void setRepository(const QString &path, const RepoInfo &info);
-    int prepareRepoDir(const QString &path);
+    QStringList openRepositories() const;
+    int prepareRepoDir(const QString &path, AsideDirectory *aside);
     int readRepoInfo(const QString &path);
     bool writeRepoInfo(const RepoInfo &info);
     int openBody(const QString &path);
     void recoverInterruptedJob(const QString &path);
     int changeBody(const QString &newPath, const RepoInfo &info);
+    bool mayChange(const QString &newPath);
     bool moveRepo(const QString &newPath);
+    bool rewriteRepo(const RepoInfo &info, QString *details);
     void removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &newInfo);
     bool exportOrGiveUpSigning(RepoInfo info);
 
     // --- add and remove: reposhell_packages.cpp
     int addBody(const QStringList &files, const AddOptions &options);
-    ErrorCode addFile(const QString &file,
+    ErrorCode addFile(AddedFile *file,
                       const PackageInfo &package,
-                      const AddOptions &options,
                       bool singlePackage,
                       PackageReplacementRules *rules,
                       ExportSession *session);
@@ -202,12 +208,10 @@ private:
                      const PackageInfoPtr &package,
                      bool singlePackage);
     ErrorCode collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present);
-    ErrorCode includePackage(const QString &file,
-                             const PackageInfo &record,
-                             bool replace,
-                             const AddOptions &options,
-                             ExportSession *session);
-    bool signedCopy(QString *file, const QString &folder, const AddOptions &options);
+    ErrorCode
+    includePackage(AddedFile *file, const PackageInfo &record, bool replace, ExportSession *session);
+    bool signFile(AddedFile *file);
+    bool isIncluded(const ProcessResult &result, const PackageInfo &record);
     QList<PackageInfoPtr> packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const;
     void packageIncluded(PackageInfo record, bool replaced);
     void

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Creating, opening, changing and closing a repository.
 #include "core/processutils.h"
+#include "engine/asidedirectory.h"
 #include "engine/distributions.h"
 #include "engine/distributionsfile.h"
 #include "engine/exportsession.h"
@@ -22,16 +23,6 @@ QString absolute(const QString &path)
     return QDir::cleanPath(QDir(path).absolutePath());
 }
 
-/** A name beside `path` that nothing has yet. */
-QString freeSibling(const QString &path)
-{
-    QString candidate;
-    int number = 0;
-    do {
-        candidate = QStringLiteral("%1.replaced-%2").arg(path).arg(++number);
-    } while (QFileInfo::exists(candidate));
-    return candidate;
-}
 /** A name that stays below its folder: a description can hold anything, and what it names gets deleted. */
 bool isChildName(const QString &name)
 {
@@ -60,6 +51,12 @@ void RepoShell::setRepository(const QString &path, const RepoInfo &info)
     m_repoInfo = info;
 }
 
+QStringList RepoShell::openRepositories() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_openRepositories;
+}
+
 void RepoShell::closeRepo()
 {
     m_packages.clear();
@@ -79,26 +76,14 @@ void RepoShell::createRepoAside(const QString &path, const RepoInfo &info)
     });
 }
 
-int RepoShell::prepareRepoDir(const QString &path)
+int RepoShell::prepareRepoDir(const QString &path, AsideDirectory *aside)
 {
-    QDir folder(path);
-    QStringList openRepositories;
-    {
-        const QMutexLocker lock(&m_mutex);
-        openRepositories = m_openRepositories;
-    }
-    if (!PathGuard::mayBeWiped(path, openRepositories)) {
-        Q_EMIT critical(
-            tr("Impossible to delete directory %1!").arg(folder.absolutePath()),
-            tr("It is a directory of the system, or holds a home directory or an open repository."));
+    if (!aside->error().isEmpty()) {
+        Q_EMIT critical(tr("Impossible to delete directory %1!").arg(path), aside->error());
         return ERROR;
     }
-    if (folder.exists() && !folder.removeRecursively()) {
-        Q_EMIT critical(tr("Impossible to delete directory %1!").arg(folder.absolutePath()), QString());
-        return ERROR;
-    }
-    if (!QDir().mkpath(folder.absolutePath() + QLatin1String("/conf"))) {
-        Q_EMIT critical(tr("Impossible to create directory %1!").arg(folder.absolutePath()), QString());
+    if (!QDir().mkpath(path + QLatin1String("/conf"))) {
+        Q_EMIT critical(tr("Impossible to create directory %1!").arg(path), QString());
         return ERROR;
     }
     return SUCCESS;
@@ -106,23 +91,39 @@ int RepoShell::prepareRepoDir(const QString &path)
 
 int RepoShell::createRepo(const QString &path, const RepoInfo &info)
 {
-    const QString repoPath = absolute(path);
-    if (prepareRepoDir(repoPath) != SUCCESS)
+    // Of a link the directory that it names is meant.
+    const QString wanted = absolute(path);
+    const QString repoPath = QFileInfo(wanted).isSymLink() ? PathGuard::resolved(wanted) : wanted;
+    if (!PathGuard::mayBeWiped(repoPath, openRepositories())) {
+        Q_EMIT critical(
+            tr("Impossible to delete directory %1!").arg(repoPath),
+            tr("It is a directory of the system, or holds a home directory or an open repository."));
         return ERROR;
-    setRepository(repoPath, info);
-    m_packages.clear();
-    QString details;
-    if (writeRepoInfo(info)) {
-        if (runReprepro(ReproCommand::exportIndices()) == 0) {
-            Q_EMIT pathChanged(QString());
-            Q_EMIT requestForStoredInformation(repoPath);
-            return SUCCESS;
-        }
-        details = lastErrorOutput();
     }
-    QDir(repoPath).removeRecursively();
-    setRepository(QString(), {});
-    Q_EMIT critical(tr("Failed to create repository!"), details, CRITICAL);
+    // What is there goes only when the new repository works.
+    AsideDirectory aside(repoPath);
+    QString details;
+    if (prepareRepoDir(repoPath, &aside) == SUCCESS) {
+        setRepository(repoPath, info);
+        m_packages.clear();
+        if (writeRepoInfo(info)) {
+            if (runReprepro(ReproCommand::exportIndices()) == 0) {
+                if (!aside.remove())
+                    Q_EMIT critical(
+                        tr("Impossible to delete directory %1!").arg(aside.place()), QString(), WARNING);
+                Q_EMIT pathChanged(QString());
+                Q_EMIT requestForStoredInformation(repoPath);
+                return SUCCESS;
+            }
+            details = lastErrorOutput();
+        }
+        setRepository(QString(), {});
+        Q_EMIT critical(tr("Failed to create repository!"), details, CRITICAL);
+    }
+    if (aside.error().isEmpty()) {
+        QDir(repoPath).removeRecursively();
+        aside.putBack();
+    }
     return ERROR;
 }
 
@@ -227,7 +228,7 @@ void RepoShell::recoverInterruptedJob(const QString &path)
 
 void RepoShell::changeRepo(const QString &newPath, const RepoInfo &info)
 {
-    if (!newPath.isEmpty())
+    if (!newPath.isEmpty() && !path().isEmpty())
         startJob([this, target = absolute(newPath), info] { return changeBody(target, info); });
 }
 
@@ -235,65 +236,93 @@ int RepoShell::changeBody(const QString &newPath, const RepoInfo &info)
 {
     JobFrame frame(*this, tr("Repository changing"));
     Q_EMIT requestForSavingPackages(m_packages.all());
-    if (newPath != path() && !moveRepo(newPath))
+    const QString oldPath = path();
+    if (!isDatabaseThere() || !mayChange(newPath) || (newPath != oldPath && !moveRepo(newPath)))
         return frame.finish(ERROR, tr("Repository not changed"));
 
     const RepoInfo oldInfo = repoInfo();
     const auto oldText = DistributionsFile(newPath).readBytes();
-    setRepository(newPath, info);
-    removeVanishedIndices(oldInfo, info);
-    bool changed = writeRepoInfo(info);
+    // Until the indices are those of the description again, whoever opens the repository has to write them.
+    ExportSession::setMarker(newPath);
     QString details;
-    if (changed) {
-        changed = runReprepro(ReproCommand::clearVanished()) == 0 && exportOrGiveUpSigning(info);
-        details = lastErrorOutput();
-        if (!changed && oldText && DistributionsFile(newPath).restore(*oldText)) {
-            // The description is the old one again, and so the indices must be.
-            setRepository(newPath, oldInfo);
-            runReprepro(ReproCommand::exportIndices());
-        }
+    if (rewriteRepo(info, &details)) {
+        Q_EMIT pathChanged(newPath);
+        // Between the steps of a change nothing can be stopped, and its end is no opening to be stopped either.
+        if (!m_closing)
+            resetCancel();
+        openBody(newPath);
+        return frame.finish(SUCCESS, tr("Repository is changed."), CHANGE_REPO_JOB);
     }
-    if (!changed) {
-        Q_EMIT critical(tr("Failed to change repository!"), details, CRITICAL);
-        return frame.finish(ERROR, tr("Repository is not changed."), CHANGE_REPO_JOB);
-    }
-    Q_EMIT pathChanged(newPath);
-    openBody(newPath);
-    return frame.finish(SUCCESS, tr("Repository is changed."), CHANGE_REPO_JOB);
+    // Back to where we were, so that "not changed" is true.
+    setRepository(newPath, oldInfo);
+    if (oldText && DistributionsFile(newPath).restore(*oldText)
+        && runReprepro(ReproCommand::exportIndices()) == 0)
+        ExportSession::clearMarker(newPath);
+    if (newPath != oldPath && AsideDirectory::rename(newPath, oldPath).isEmpty())
+        setRepository(oldPath, repoInfo());
+    Q_EMIT critical(tr("Failed to change repository!"), details, CRITICAL);
+    if (path() != oldPath)
+        Q_EMIT pathChanged(newPath);
+    return frame.finish(ERROR, tr("Repository is not changed."), CHANGE_REPO_JOB);
 }
 
-bool RepoShell::moveRepo(const QString &newPath)
+bool RepoShell::mayChange(const QString &newPath)
 {
     const QString oldPath = path();
-    QStringList openRepositories;
-    {
-        const QMutexLocker lock(&m_mutex);
-        openRepositories = m_openRepositories;
+    const auto text = DistributionsFile(oldPath).readBytes();
+    if (text && Distributions::distributionCount(QString::fromLocal8Bit(*text)) > 1) {
+        Q_EMIT critical(
+            tr("The repository holds several distributions. A change would delete all but the first, so "
+               "nothing was done."),
+            DistributionsFile(oldPath).fileName());
+        return false;
     }
-    if (PathGuard::overlap(oldPath, newPath) || !PathGuard::mayBeWiped(newPath, openRepositories)) {
+    if (newPath != oldPath
+        && (PathGuard::overlap(oldPath, newPath) || !PathGuard::mayBeWiped(newPath, openRepositories()))) {
         Q_EMIT critical(
             tr("Impossible to delete directory %1!").arg(newPath),
             tr("It is the repository itself, lies in it or holds it, or it is a directory of the system, "
                "or holds a home directory or an open repository."));
         return false;
     }
+    return true;
+}
+
+bool RepoShell::moveRepo(const QString &newPath)
+{
     // What lies at the new path goes only when the repository has arrived there.
-    QString aside;
-    if (QFileInfo::exists(newPath)) {
-        aside = freeSibling(newPath);
-        if (!QDir().rename(newPath, aside))
-            return false;
+    AsideDirectory aside(newPath);
+    QString error = aside.error();
+    if (error.isEmpty()) {
+        QDir().mkpath(QFileInfo(newPath).path());
+        error = AsideDirectory::rename(path(), newPath);
+        if (!error.isEmpty())
+            aside.putBack();
     }
-    QDir().mkpath(QFileInfo(newPath).path());
-    if (!QDir().rename(oldPath, newPath)) {
-        if (!aside.isEmpty())
-            QDir().rename(aside, newPath);
+    if (!error.isEmpty()) {
+        Q_EMIT critical(tr("The repository could not be moved to %1.").arg(newPath), error);
         return false;
     }
-    if (!aside.isEmpty() && !QDir(aside).removeRecursively())
-        Q_EMIT critical(tr("Impossible to delete directory %1!").arg(aside), QString(), WARNING);
+    if (!aside.remove())
+        Q_EMIT critical(tr("Impossible to delete directory %1!").arg(aside.place()), QString(), WARNING);
     setRepository(newPath, repoInfo());
     return true;
+}
+
+bool RepoShell::rewriteRepo(const RepoInfo &info, QString *details)
+{
+    const RepoInfo oldInfo = repoInfo();
+    setRepository(path(), info);
+    if (!writeRepoInfo(info))
+        return false;
+    if (runReprepro(ReproCommand::clearVanished()) != 0) {
+        *details = lastErrorOutput();
+        return false;
+    }
+    removeVanishedIndices(oldInfo, info);
+    const bool exported = exportOrGiveUpSigning(info);
+    *details = lastErrorOutput();
+    return exported;
 }
 
 void RepoShell::removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &newInfo)
@@ -329,11 +358,18 @@ void RepoShell::removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &n
 
 bool RepoShell::exportOrGiveUpSigning(RepoInfo info)
 {
-    if (runReprepro(ReproCommand::exportIndices()) == 0 || !ReproAnswer::signingFailed(lastErrorOutput()))
-        return true;
-    Q_EMIT critical(tr("Failed to sign repository!"), lastErrorOutput(), CRITICAL);
-    info.signWith = false;
-    setRepository(path(), info);
-    writeRepoInfo(info);
-    return runReprepro(ReproCommand::exportIndices()) == 0;
+    bool exported = runReprepro(ReproCommand::exportIndices()) == 0;
+    // Any other failure leaves the new description in force, and the marker that indices are owed.
+    bool changed = true;
+    if (!exported && ReproAnswer::signingFailed(lastErrorOutput())) {
+        Q_EMIT critical(tr("Failed to sign repository!"), lastErrorOutput(), CRITICAL);
+        info.signWith = false;
+        setRepository(path(), info);
+        writeRepoInfo(info);
+        exported = runReprepro(ReproCommand::exportIndices()) == 0;
+        changed = exported;
+    }
+    if (exported)
+        ExportSession::clearMarker(path());
+    return changed;
 }

@@ -11,6 +11,7 @@
 #include "engine/repreprocommands.h"
 #include "signing/packagesigner.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QThreadPool>
@@ -83,6 +84,15 @@ private:
 };
 } // namespace
 
+/** A file on its way into the repository, for one or several architectures. */
+struct RepoShell::AddedFile
+{
+    QString path;
+    const AddOptions &options;
+    QString source; ///< what reprepro gets: the file itself or its signed copy; empty until that is known
+    std::unique_ptr<QTemporaryDir> signedFolder;
+};
+
 ExportSession RepoShell::makeSession()
 {
     return ExportSession(path(), [this](const QString &arguments, const QStringList &environment) {
@@ -109,13 +119,15 @@ void RepoShell::finishSession(ExportSession *session)
 
 void RepoShell::addPackages(const QStringList &files, const AddOptions &options)
 {
-    if (!files.isEmpty())
+    if (!files.isEmpty() && !path().isEmpty())
         startJob([this, files, options] { return addBody(files, options); });
 }
 
 int RepoShell::addBody(const QStringList &files, const AddOptions &options)
 {
     JobFrame frame(*this, files.size() == 1 ? tr("Adding package") : tr("Adding packages"));
+    if (!isDatabaseThere())
+        return frame.finish(ERROR, tr("%n package(s) added: %1", nullptr, 0).arg(QString()));
     PackageReplacementRules rules;
     ExportSession session = makeSession();
     PackageFileReader reader(files);
@@ -125,11 +137,12 @@ int RepoShell::addBody(const QStringList &files, const AddOptions &options)
         stopped = isCanceled();
         if (stopped)
             break;
-        const PackageFile file = reader.next();
-        if (!file.package)
-            Q_EMIT critical(tr("Error adding package!"), file.path + QLatin1String(":\n") + file.reason);
-        else if (addFile(file.path, *file.package, options, files.size() == 1, &rules, &session) == SUCCESS)
-            added.append(QFileInfo(file.path).fileName());
+        const PackageFile read = reader.next();
+        AddedFile file{read.path, options, QString(), nullptr};
+        if (!read.package)
+            Q_EMIT critical(tr("Error adding package!"), read.path + QLatin1String(":\n") + read.reason);
+        else if (addFile(&file, *read.package, files.size() == 1, &rules, &session) == SUCCESS)
+            added.append(QFileInfo(read.path).fileName());
         frame.itemDone(files.size());
     }
     finishSession(&session);
@@ -141,9 +154,8 @@ int RepoShell::addBody(const QStringList &files, const AddOptions &options)
     return frame.finish(SUCCESS, tr("%n package(s) added: %1", nullptr, added.size()).arg(joined(added)));
 }
 
-RepoShell::ErrorCode RepoShell::addFile(const QString &file,
+RepoShell::ErrorCode RepoShell::addFile(AddedFile *file,
                                         const PackageInfo &package,
-                                        const AddOptions &options,
                                         bool singlePackage,
                                         PackageReplacementRules *rules,
                                         ExportSession *session)
@@ -156,15 +168,16 @@ RepoShell::ErrorCode RepoShell::addFile(const QString &file,
         PackageInfo record = package;
         record.architecture = architecture;
         record.root = path();
-        if (!options.component.isEmpty())
-            record.component = options.component;
+        if (!file->options.component.isEmpty())
+            record.component = file->options.component;
+        record.indexComponent = record.component;
         record.poolFile = ReproCommand::poolFile(record, package.architecture);
 
-        result = includePackage(file, record, false, options, session);
+        result = includePackage(file, record, false, session);
         if (isCollision(result)) {
             const PackageInfoPtr present = m_packages.find(PackageKey::of(record));
             if (mustReplace(result, rules, present, singlePackage))
-                result = includePackage(file, record, true, options, session);
+                result = includePackage(file, record, true, session);
         }
         if (result == PACKAGE_GPGERROR
             && ask(tr("Package is unsigned"),
@@ -183,7 +196,7 @@ bool RepoShell::mustReplace(ErrorCode collision,
     if (rules->mustAsk()) {
         // No answer, because the program is closing or nobody is there to ask, keeps what is in the repository.
         rules->value = PackageReplacementRules::KeepThis;
-        if (!m_closing) {
+        if (canAsk()) {
             QThreadPool::globalInstance()->releaseThread();
             Q_EMIT requestForReplacementHandlingByUser(collision, rules, package, singlePackage);
             QThreadPool::globalInstance()->reserveThread();
@@ -206,33 +219,31 @@ RepoShell::collisionOf(const QString &file, const PackageInfo &package, const Pa
     return ERROR;
 }
 
-RepoShell::ErrorCode RepoShell::includePackage(const QString &file,
-                                               const PackageInfo &record,
-                                               bool replace,
-                                               const AddOptions &options,
-                                               ExportSession *session)
+RepoShell::ErrorCode
+RepoShell::includePackage(AddedFile *file, const PackageInfo &record, bool replace, ExportSession *session)
 {
     if (record.architecture == QLatin1String("all")) {
-        Q_EMIT critical(tr("Cannot added package %1 with architecture all!").arg(file));
+        Q_EMIT critical(tr("Cannot added package %1 with architecture all!").arg(file->path));
         return ERROR;
     }
     const PackageInfoPtr present = m_packages.find(PackageKey::of(record));
     if (present && !replace)
-        return collisionOf(file, record, *present);
+        return collisionOf(file->path, record, *present);
 
     // Signed before anything is removed: a key that fails must not cost the package that is there.
-    QString source = file;
-    std::unique_ptr<QTemporaryDir> signedFolder;
-    if (options.sign) {
-        signedFolder = std::make_unique<QTemporaryDir>();
-        if (!signedCopy(&source, signedFolder->path(), options))
-            return PACKAGE_UNSIGNED;
-    }
+    if (!signFile(file))
+        return PACKAGE_UNSIGNED;
 
     std::unique_ptr<PackageBackup> backup;
     QList<PackageInfoPtr> removed;
     if (present) {
         backup = std::make_unique<PackageBackup>(path(), *present);
+        if (backup->file().isEmpty() && QFile::exists(present->filePath())) {
+            Q_EMIT critical(tr("Error adding package %1!").arg(file->path),
+                            tr("The present package could not be kept aside, so it was not replaced: %1")
+                                .arg(present->filePath()));
+            return ERROR;
+        }
         const auto inTheWay = packagesInTheWay(*present, record);
         const bool makesRoom = present->filePath() == record.filePath();
         for (const PackageInfoPtr &package : inTheWay) {
@@ -244,36 +255,50 @@ RepoShell::ErrorCode RepoShell::includePackage(const QString &file,
         }
     }
 
-    const ProcessResult result
-        = runInclude(ReproCommand::include(
-                         repoInfo().codename, record.component, record.architecture, record.section, source),
-                     session);
-    if (result.succeeded() && !ReproAnswer::inclusionSkipped(result.errorOutput)) {
+    const ProcessResult result = runInclude(
+        ReproCommand::include(
+            repoInfo().codename, record.component, record.architecture, record.section, file->source),
+        session);
+    if (isIncluded(result, record)) {
         packageIncluded(record, !removed.isEmpty());
-        return SUCCESS;
+        return ReproAnswer::signingFailed(result.errorOutput) ? PACKAGE_GPGERROR : SUCCESS;
     }
-    if (ReproAnswer::signingFailed(result.errorOutput)) {
-        packageIncluded(record, !removed.isEmpty());
-        return PACKAGE_GPGERROR;
-    }
-    Q_EMIT critical(tr("Error adding package %1!").arg(file), result.errorOutput);
+    Q_EMIT critical(tr("Error adding package %1!").arg(file->path), result.errorOutput);
     restorePackages(removed, backup.get(), session);
     return ERROR;
 }
 
-bool RepoShell::signedCopy(QString *file, const QString &folder, const AddOptions &options)
+bool RepoShell::isIncluded(const ProcessResult &result, const PackageInfo &record)
 {
+    if (result.succeeded())
+        return !ReproAnswer::inclusionSkipped(result.errorOutput);
+    // What a run that died has done, only the database knows.
+    if (result.crashed())
+        return packageFilePath(record.name, record.indexComponent, record.architecture) == record.filePath();
+    // When only the indices could not be written, the package is in all the same, and the end of the job tells of
+    // the indices.
+    return ReproAnswer::indicesOutdated(result.errorOutput) || ReproAnswer::signingFailed(result.errorOutput);
+}
+
+bool RepoShell::signFile(AddedFile *file)
+{
+    if (!file->source.isEmpty())
+        return true;
+    if (!file->options.sign) {
+        file->source = file->path;
+        return true;
+    }
     if (!m_signer) {
-        Q_EMIT critical(tr("Packages cannot be signed: no signing program is available."), *file);
+        Q_EMIT critical(tr("Packages cannot be signed: no signing program is available."), file->path);
         return false;
     }
-    const SignOutcome outcome = m_signer->sign(*file, folder, options.signKeyId);
-    if (outcome.signedFile.isEmpty()) {
+    file->signedFolder = std::make_unique<QTemporaryDir>();
+    const SignOutcome outcome
+        = m_signer->sign(file->path, file->signedFolder->path(), file->options.signKeyId);
+    file->source = outcome.signedFile;
+    if (file->source.isEmpty())
         Q_EMIT critical(outcome.text, outcome.details);
-        return false;
-    }
-    *file = outcome.signedFile;
-    return true;
+    return !file->source.isEmpty();
 }
 
 QList<PackageInfoPtr> RepoShell::packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const
@@ -325,23 +350,27 @@ void RepoShell::restorePackages(const QList<PackageInfoPtr> &packages,
                                 ExportSession *session)
 {
     for (const PackageInfoPtr &package : packages) {
-        const bool restored = !backup->file().isEmpty()
-                              && runInclude(ReproCommand::include(repoInfo().codename,
-                                                                  package->component,
-                                                                  package->architecture,
-                                                                  package->section,
-                                                                  backup->file()),
-                                            session)
-                                     .succeeded();
-        if (restored) {
+        if (!backup->file().isEmpty()
+            && isIncluded(runInclude(ReproCommand::include(repoInfo().codename,
+                                                           package->indexComponent,
+                                                           package->architecture,
+                                                           package->section,
+                                                           backup->file()),
+                                     session),
+                          *package)) {
             m_packages.append(package);
             Q_EMIT packageAdded(package);
-        } else {
-            backup->keep();
-            Q_EMIT critical(tr("The replaced package %1 could not be put back. Its file is kept as %2.")
-                                .arg(package->name, backup->file()),
-                            lastErrorOutput());
+            continue;
         }
+        if (backup->file().isEmpty()) {
+            Q_EMIT critical(tr("The replaced package %1 could not be put back: its file was missing already.")
+                                .arg(package->name));
+            continue;
+        }
+        backup->keep();
+        Q_EMIT critical(tr("The replaced package %1 could not be put back. Its file is kept as %2.")
+                            .arg(package->name, backup->file()),
+                        lastErrorOutput());
     }
 }
 
@@ -349,13 +378,15 @@ void RepoShell::restorePackages(const QList<PackageInfoPtr> &packages,
 
 void RepoShell::removePackages(const QList<PackageInfoPtr> &packages)
 {
-    if (!packages.isEmpty())
+    if (!packages.isEmpty() && !path().isEmpty())
         startJob([this, packages] { return removeBody(packages); });
 }
 
 int RepoShell::removeBody(const QList<PackageInfoPtr> &packages)
 {
     JobFrame frame(*this, packages.size() == 1 ? tr("Removing package") : tr("Removing packages"));
+    if (!isDatabaseThere())
+        return frame.finish(ERROR, tr("%n packages removed: %1", nullptr, 0).arg(QString()));
     ExportSession session = makeSession();
     QStringList removed;
     bool stopped = false;

@@ -46,6 +46,11 @@ QString ReproCommand::deleteUnreferenced()
     return QStringLiteral(" deleteunreferenced");
 }
 
+QString ReproCommand::dumpUnreferenced()
+{
+    return QStringLiteral(" dumpunreferenced");
+}
+
 QString ReproCommand::remove(const QString &codename,
                              const QString &name,
                              const QString &component,

@@ -20,6 +20,8 @@ QString commandLine(const QString &path, const QString &arguments);
 QString exportIndices();
 QString clearVanished();
 QString deleteUnreferenced();
+/** Lists the pool files that nothing uses. */
+QString dumpUnreferenced();
 
 /**
  * Removes one package. `type` restricts the removal to that kind; leave it out unless the package stands in the
