@@ -100,9 +100,8 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
     if (result.succeeded()) {
         if (config != nullptr) {
             m_exportOwed = true;
-        } else if (PrivateConfig::exportsNever(m_repoPath)) {
-            m_exportOwed = true;
-        } else if (!m_silentConfig) {
+        } else if (!m_silentConfig && !PrivateConfig::exportsNever(m_repoPath)) {
+            // An administrator who has the indices left alone writes them himself.
             auto silent = std::make_unique<PrivateConfig>(m_repoPath, PrivateConfig::Keep);
             if (silent->isValid())
                 m_silentConfig = std::move(silent);

@@ -415,7 +415,7 @@ bool RepoShell::removePackage(const PackageInfoPtr &package, ExportSession *sess
     const PackageType *only = m_packages.find(twin) ? &package->type : nullptr;
     const ProcessResult result = session->remove(
         ReproCommand::remove(
-            repoInfo().codename, package->name, package->component, package->architecture, only),
+            repoInfo().codename, package->name, package->indexComponent, package->architecture, only),
         makesRoom);
     // When only the indices could not be written, the package has left the database all the same, and the end of the
     // job tells of the indices.
