@@ -2,39 +2,32 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "support/literals.h"
 
 #include <QAbstractItemModel>
 
-#include <utility>
-
-/** Builds records: PackageBuilder("foo").section("admin").state(DependError).build(). */
+/** Builds records: PackageBuilder("foo"_s).section("net"_s).state(DependError).build(). */
 class PackageBuilder
 {
 public:
-    explicit PackageBuilder(QString name)
+    explicit PackageBuilder(const QString &name)
     {
-        m_info.name = std::move(name);
-        m_info.version = QStringLiteral("1.0");
-        m_info.component = QStringLiteral("main");
-        m_info.architecture = QStringLiteral("amd64");
-        m_info.section = QStringLiteral("admin");
+        set(&PackageInfo::name, name).version("1.0"_s).component("main"_s);
+        architecture("amd64"_s).section("admin"_s);
     }
 
-    PackageBuilder &version(const QString &version) { return set(m_info.version, version); }
-    PackageBuilder &component(const QString &component) { return set(m_info.component, component); }
-    PackageBuilder &architecture(const QString &architecture)
+    PackageBuilder &version(const QString &version) { return set(&PackageInfo::version, version); }
+    /** Both what the Section field and what the index says. */
+    PackageBuilder &component(const QString &component)
     {
-        return set(m_info.architecture, architecture);
+        return set(&PackageInfo::component, component).set(&PackageInfo::indexComponent, component);
     }
-    PackageBuilder &section(const QString &section) { return set(m_info.section, section); }
-    PackageBuilder &control(const QByteArray &text)
-    {
-        m_info.control = ControlText(text);
-        return *this;
-    }
+    PackageBuilder &architecture(const QString &name) { return set(&PackageInfo::architecture, name); }
+    PackageBuilder &section(const QString &section) { return set(&PackageInfo::section, section); }
+    PackageBuilder &control(const QByteArray &text) { return set(&PackageInfo::control, ControlText(text)); }
     PackageBuilder &state(DependStatus status)
     {
-        auto info = QSharedPointer<DependsInfo>::create();
+        const auto info = QSharedPointer<DependsInfo>::create();
         info->status = status;
         m_info.dependsInfo = info;
         return *this;
@@ -44,24 +37,31 @@ public:
 private:
     PackageInfo m_info;
 
-    PackageBuilder &set(QString &field, const QString &value)
+    template <typename Value>
+    PackageBuilder &set(Value PackageInfo::*field, const Value &value)
     {
-        field = value;
+        m_info.*field = value;
         return *this;
     }
 };
 
-/** The model as text: one line a row, two blanks a level, the state (user role + 2) in brackets where it is set. */
-inline QString treeText(const QAbstractItemModel &model, const QModelIndex &parent = {}, int level = 0)
+/** The model as text, "repo{main{Shells{bash, zsh[0]}}}": the state stands in brackets where it is not undefined. */
+inline QString treeText(const QAbstractItemModel &model, const QModelIndex &parent = {})
 {
-    QString text;
+    QStringList items;
     for (int row = 0; row < model.rowCount(parent); ++row) {
         const QModelIndex index = model.index(row, 0, parent);
-        text += QString(2 * level, QLatin1Char(' ')) + index.data().toString();
         const int state = index.data(Qt::UserRole + 2).toInt();
-        if (state != 2)
-            text += QStringLiteral(" [%1]").arg(state);
-        text += QLatin1Char('\n') + treeText(model, index, level + 1);
+        items += index.data().toString() + (state == DependUndefined ? QString() : "[%1]"_s.arg(state));
+        if (model.hasChildren(index))
+            items.last() += "{"_s + treeText(model, index) + "}"_s;
     }
-    return text;
+    return items.join(", "_s);
+}
+
+/** The first item with this text. */
+inline QModelIndex find(const QAbstractItemModel &model, const char *text)
+{
+    const auto flags = Qt::MatchExactly | Qt::MatchRecursive;
+    return model.match(model.index(0, 0), Qt::DisplayRole, QString::fromUtf8(text), 1, flags).value(0);
 }

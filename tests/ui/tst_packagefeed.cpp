@@ -4,7 +4,6 @@
 #include "support/testenvironment.h"
 #include "ui/packagefeed.h"
 
-#include <QCoreApplication>
 #include <QtTest>
 
 #include <functional>
@@ -15,119 +14,106 @@ class PackageFeedTest : public QObject
 {
     Q_OBJECT
 
-    /** Runs `job` on a thread of its own, as the engine's jobs are. */
-    static std::unique_ptr<QThread> start(const std::function<void()> &job)
+    struct Fixture
     {
-        std::unique_ptr<QThread> thread(QThread::create(job));
-        thread->start();
-        return thread;
-    }
+        RepoShell shell;
+        PackageFeed feed;
+        PackageChanges received;
+        int batches = 0;
+        QThread *deliveredOn = nullptr;
 
-    static PackageInfoPtr package(int number)
-    {
-        return PackageBuilder(QStringLiteral("p%1").arg(number)).build();
-    }
+        Fixture()
+        {
+            feed.watch(shell);
+            connect(&feed, &PackageFeed::changesReady, &feed, [this](const PackageChanges &changes) {
+                received += changes;
+                ++batches;
+                deliveredOn = QThread::currentThread();
+            });
+        }
+        /** Runs `job` on a thread of its own, as the engine's jobs are. */
+        static std::unique_ptr<QThread> start(const std::function<void()> &job)
+        {
+            std::unique_ptr<QThread> thread(QThread::create(job));
+            thread->start();
+            return thread;
+        }
+    };
+
+    static PackageInfoPtr package(int number) { return PackageBuilder("p%1"_s.arg(number)).build(); }
 
 private Q_SLOTS:
-    void thousandsOfSignalsAreFewBatches();
-    void arrivesBeforeFinished();
-    void anotherRepositoryDropsWhatWaits();
-    void flushDeliversAtOnce();
-};
-
-void PackageFeedTest::thousandsOfSignalsAreFewBatches()
-{
-    RepoShell shell;
-    PackageFeed feed;
-    feed.watch(shell);
-    PackageChanges received;
-    int batches = 0;
-    QThread *deliveredOn = nullptr;
-    connect(&feed, &PackageFeed::changesReady, this, [&](const PackageChanges &changes) {
-        received += changes;
-        ++batches;
-        deliveredOn = QThread::currentThread();
-    });
-    const auto thread = start([&shell] {
+    void thousandsOfSignalsAreFewBatches()
+    {
+        Fixture f;
+        const auto thread = f.start([&f] {
+            for (int i = 0; i < 63000; ++i)
+                Q_EMIT f.shell.packageAdded(package(i));
+            Q_EMIT f.shell.packageChanged(package(5));
+            Q_EMIT f.shell.packageRemoved(package(6));
+        });
+        QTRY_COMPARE(f.received.size(), 63002);
+        QVERIFY(thread->wait());
+        QCOMPARE(f.deliveredOn, QThread::currentThread());
+        QVERIFY2(f.batches < 100, qPrintable(QString::number(f.batches)));
         for (int i = 0; i < 63000; ++i)
-            Q_EMIT shell.packageAdded(package(i));
-        Q_EMIT shell.packageChanged(package(5));
-        Q_EMIT shell.packageRemoved(package(6));
-    });
-    QTRY_COMPARE(received.size(), 63002);
-    QVERIFY(thread->wait());
-    QCOMPARE(deliveredOn, QThread::currentThread());
-    QVERIFY2(batches < 100, qPrintable(QString::number(batches)));
-    for (int i = 0; i < 63000; ++i)
-        QCOMPARE(received.at(i).package->name, QStringLiteral("p%1").arg(i));
-    QCOMPARE(received.at(63000).kind, PackageChange::Stored);
-    QCOMPARE(received.at(63001).kind, PackageChange::Removed);
-}
+            QCOMPARE(f.received.at(i).package->name, "p%1"_s.arg(i));
+        QCOMPARE(f.received.at(63000).kind, PackageChange::Stored);
+        QCOMPARE(f.received.at(63001).kind, PackageChange::Removed);
+    }
 
-void PackageFeedTest::arrivesBeforeFinished()
-{
-    RepoShell shell;
-    PackageFeed feed;
-    feed.watch(shell);
-    int received = 0;
-    QVector<int> receivedAtFinish;
-    connect(&feed, &PackageFeed::changesReady, this, [&](const PackageChanges &changes) {
-        received += changes.size();
-    });
-    connect(&shell, &RepoShell::finished, this, [&] { receivedAtFinish.append(received); });
-    connect(&shell, &RepoShell::repoCreated, this, [&] { receivedAtFinish.append(received); });
-    // The second and third burst come within the interval after the delivery of the first.
-    const auto thread = start([&shell] {
-        Q_EMIT shell.packageAdded(package(1));
-        Q_EMIT shell.finished(RepoEnums::COMMON_JOB, QString());
-        QThread::yieldCurrentThread();
-        Q_EMIT shell.packageAdded(package(2));
-        Q_EMIT shell.packageRemoved(package(1));
-        Q_EMIT shell.finished(RepoEnums::COMMON_JOB, QString());
-        Q_EMIT shell.packageAdded(package(3));
-        Q_EMIT shell.repoCreated(RepoEnums::SUCCESS);
-    });
-    QTRY_COMPARE(receivedAtFinish.size(), 3);
-    QVERIFY(thread->wait());
-    QVERIFY(receivedAtFinish.at(0) >= 1);
-    QVERIFY(receivedAtFinish.at(1) >= 3);
-    QCOMPARE(receivedAtFinish.at(2), 4);
-}
+    void arrivesBeforeFinished()
+    {
+        Fixture f;
+        QVector<int> atFinish;
+        const auto note = [&] { atFinish.append(f.received.size()); };
+        connect(&f.shell, &RepoShell::finished, this, note);
+        connect(&f.shell, &RepoShell::repoCreated, this, note);
+        // The second and third burst come within the interval after the delivery of the first.
+        const auto thread = f.start([&f] {
+            Q_EMIT f.shell.packageAdded(package(1));
+            Q_EMIT f.shell.finished(RepoEnums::COMMON_JOB, QString());
+            QThread::yieldCurrentThread();
+            Q_EMIT f.shell.packageAdded(package(2));
+            Q_EMIT f.shell.packageRemoved(package(1));
+            Q_EMIT f.shell.finished(RepoEnums::COMMON_JOB, QString());
+            Q_EMIT f.shell.packageAdded(package(3));
+            Q_EMIT f.shell.repoCreated(RepoEnums::SUCCESS);
+        });
+        QTRY_COMPARE(atFinish.size(), 3);
+        QVERIFY(thread->wait());
+        QVERIFY(atFinish.at(0) >= 1 && atFinish.at(1) >= 3);
+        QCOMPARE(atFinish.at(2), 4);
+    }
 
-void PackageFeedTest::anotherRepositoryDropsWhatWaits()
-{
-    RepoShell shell;
-    PackageFeed feed;
-    feed.watch(shell);
-    PackageChanges received;
-    connect(
-        &feed, &PackageFeed::changesReady, this, [&](const PackageChanges &changes) { received += changes; });
-    const auto thread = start([&shell] {
-        Q_EMIT shell.packageAdded(package(1));
-        Q_EMIT shell.pathChanged();
-        Q_EMIT shell.packageAdded(package(2));
-    });
-    QVERIFY(thread->wait());
-    QTRY_COMPARE(received.size(), 2);
-    QCOMPARE(received.at(0).kind, PackageChange::Cleared);
-    QCOMPARE(received.at(1).package->name, QStringLiteral("p2"));
-}
+    void anotherRepositoryDropsWhatWaits()
+    {
+        Fixture f;
+        const auto thread = f.start([&f] {
+            Q_EMIT f.shell.packageAdded(package(1));
+            Q_EMIT f.shell.pathChanged();
+            Q_EMIT f.shell.packageAdded(package(2));
+        });
+        QVERIFY(thread->wait());
+        QTRY_COMPARE(f.received.size(), 2);
+        QCOMPARE(f.received.at(0).kind, PackageChange::Cleared);
+        QCOMPARE(f.received.at(1).package->name, "p2"_s);
+    }
 
-void PackageFeedTest::flushDeliversAtOnce()
-{
-    PackageFeed feed;
-    int batches = 0;
-    connect(&feed, &PackageFeed::changesReady, this, [&batches] { ++batches; });
-    feed.push({PackageChange::Stored, package(1)});
-    QCOMPARE(batches, 0);
-    feed.flush();
-    QCOMPARE(batches, 1);
-    // Nothing is lost or told twice when the wake-up that was posted first arrives after the flush.
-    feed.push({PackageChange::Stored, package(2)});
-    QTRY_COMPARE(batches, 2);
-    feed.flush();
-    QCOMPARE(batches, 2);
-}
+    void flushDeliversAtOnce()
+    {
+        Fixture f;
+        f.feed.push({PackageChange::Stored, package(1)});
+        QCOMPARE(f.batches, 0);
+        f.feed.flush();
+        QCOMPARE(f.batches, 1);
+        // Nothing is lost or told twice when the wake-up that was posted first arrives after the flush.
+        f.feed.push({PackageChange::Stored, package(2)});
+        QTRY_COMPARE(f.batches, 2);
+        f.feed.flush();
+        QCOMPARE(f.batches, 2);
+    }
+};
 
 VELT_TEST_MAIN(PackageFeedTest, QCoreApplication)
 #include "tst_packagefeed.moc"

@@ -7,10 +7,7 @@
 
 #include <QApplication>
 #include <QDragEnterEvent>
-#include <QItemSelectionModel>
 #include <QMimeData>
-#include <QScrollBar>
-#include <QSignalSpy>
 #include <QtTest>
 
 /** What the tree keeps while its rows change, and what it takes when something is dropped on it. */
@@ -18,172 +15,138 @@ class RepoTreeViewTest : public QObject
 {
     Q_OBJECT
 
+    /** 300 packages, the even ones in the section Networking, the others in Utilities. */
     struct Fixture
     {
         RepoModel model;
         RepoProxyModel proxy;
         RepoTreeView view;
 
-        explicit Fixture(int packages = 300)
+        Fixture()
         {
             proxy.setSourceModel(&model);
             view.setModel(&proxy);
             view.resize(300, 250);
             view.show();
             RepoInfo info;
-            info.name = QStringLiteral("repo");
+            info.name = "repo"_s;
             model.setRepository(info);
-            model.apply(all(packages));
+            model.apply(all(300));
         }
 
         static PackageChanges all(int packages)
         {
             PackageChanges changes{{PackageChange::Cleared, {}}};
-            for (int i = 0; i < packages; ++i)
-                changes.append({PackageChange::Stored, package(i)});
+            for (int i = 0; i < packages; ++i) {
+                PackageBuilder package("p%1"_s.arg(i, 3, 10, QLatin1Char('0')));
+                changes.append(
+                    {PackageChange::Stored, package.section(i % 2 == 0 ? "net"_s : "utils"_s).build()});
+            }
             return changes;
         }
 
-        static PackageInfoPtr package(int i)
+        QModelIndex item(const char *text) const { return find(proxy, text); }
+        bool isExpanded(const char *text) const { return view.isExpanded(item(text)); }
+
+        void select(const QList<const char *> &packages)
         {
-            return PackageBuilder(QStringLiteral("p%1").arg(i, 3, 10, QLatin1Char('0')))
-                .section(i % 2 == 0 ? QStringLiteral("net") : QStringLiteral("utils"))
-                .build();
+            for (const char *package : packages)
+                view.selectionModel()->select(item(package), QItemSelectionModel::Select);
+            view.selectionModel()->setCurrentIndex(item(packages.last()), QItemSelectionModel::NoUpdate);
         }
 
-        QModelIndex section(const char *code) const
-        {
-            const int component = model.tree().containerId(PackageTree::RootId, QStringLiteral("main"));
-            return proxy.mapFromSource(
-                model.indexOfId(model.tree().containerId(component, QString::fromLatin1(code))));
-        }
-
-        QModelIndex shown(int i) const { return proxy.mapFromSource(model.indexOfPackage(*package(i))); }
-
-        void select(const QVector<int> &packages)
-        {
-            view.selectionModel()->clear();
-            for (const int i : packages)
-                view.selectionModel()->select(shown(i), QItemSelectionModel::Select);
-            view.selectionModel()->setCurrentIndex(shown(packages.last()), QItemSelectionModel::NoUpdate);
-        }
-
-        QStringList selected() const
+        QString selected() const
         {
             QStringList names;
-            const QModelIndexList indexes = view.selectionModel()->selectedIndexes();
-            for (const QModelIndex &index : indexes)
+            for (const QModelIndex &index : view.selectionModel()->selectedIndexes())
                 names.append(index.data().toString());
             names.sort();
-            return names;
+            return names.join(" "_s);
         }
     };
 
 private Q_SLOTS:
-    void firstListingShowsTheSections();
-    void filterKeepsExpansionSelectionAndPlace();
-    void resetKeepsExpansionSelectionAndPlace();
-    void searchExpandsMatchesForItsTime();
-    void drops();
+    void filterKeepsExpansionSelectionAndPlace()
+    {
+        Fixture f;
+        QVERIFY(f.isExpanded("repo") && f.isExpanded("main") && !f.isExpanded("Networking"));
+        f.view.expand(f.item("Networking"));
+        f.select({"p100", "p102", "p204"});
+        // The filter does not show this one; the next that it shows takes its place.
+        f.view.scrollTo(f.item("p112"), QAbstractItemView::PositionAtTop);
+        f.proxy.setFilterFixedString("0"_s);
+        QVERIFY(f.isExpanded("Networking") && !f.isExpanded("Utilities"));
+        QCOMPARE(f.selected(), "p100 p102 p204"_s);
+        QCOMPARE(f.view.currentIndex().data().toString(), "p204"_s);
+        QCOMPARE(f.view.indexAt(QPoint(60, 2)).data().toString(), "p120"_s);
+        f.proxy.setFilterFixedString("4"_s);
+        QCOMPARE(f.selected(), "p204"_s);
+        f.proxy.setFilterFixedString(QString());
+        QVERIFY(f.isExpanded("Networking"));
+    }
+
+    void resetKeepsExpansionSelectionAndPlace()
+    {
+        Fixture f;
+        f.view.expand(f.item("Networking"));
+        f.select({"p096", "p098", "p100", "p204"});
+        f.view.scrollTo(f.item("p200"), QAbstractItemView::PositionAtTop);
+        QSignalSpy resets(&f.proxy, &RepoProxyModel::modelReset);
+        // Listed anew, as after a change of the description: first empty, then with fewer packages.
+        f.model.apply(f.all(0));
+        f.model.apply(f.all(204));
+        QCOMPARE(resets.count(), 2);
+        QVERIFY(f.isExpanded("Networking") && !f.isExpanded("Utilities"));
+        QCOMPARE(f.selected(), "p096 p098 p100"_s);
+        QVERIFY(!f.view.currentIndex().isValid()); // it is gone
+        QVERIFY(f.view.viewport()->rect().intersects(f.view.visualRect(f.item("p200"))));
+    }
+
+    void searchExpandsMatchesForItsTime()
+    {
+        Fixture f;
+        f.view.expand(f.item("Utilities"));
+        f.view.setSearching(true);
+        for (const char *text : {"p102", "p1"}) {
+            f.proxy.setFilterFixedString(QString::fromLatin1(text));
+            QVERIFY(f.isExpanded("Networking"));
+        }
+        f.proxy.setFilterFixedString(QString());
+        f.view.setSearching(false);
+        QVERIFY(!f.isExpanded("Networking") && f.isExpanded("Utilities") && f.isExpanded("main"));
+    }
+
+    void drops()
+    {
+        Fixture f;
+        QStringList dropped;
+        connect(&f.view, &RepoTreeView::filesDropped, this, [&](const auto &files) { dropped = files; });
+        const auto drop = [&](const char *type, const QByteArray &data) {
+            QMimeData mime;
+            mime.setData(QString::fromLatin1(type), data);
+            const QPoint at(5, 5);
+            QDragEnterEvent enter(at, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(f.view.viewport(), &enter);
+            QDropEvent event(at, Qt::CopyAction, &mime, Qt::LeftButton, Qt::NoModifier);
+            dropped.clear();
+            // Only what has entered can be dropped.
+            return enter.isAccepted() && QApplication::sendEvent(f.view.viewport(), &event)
+                   && event.isAccepted();
+        };
+        const QByteArray odd
+            = "file:///tmp/a%20b.deb\r\nfile:///tmp/50%25%26.udeb\r\nfile:///tmp/%D0%B6.deb\r\n"
+              "http://example.org/c.deb\r\nfile:///tmp/a%20b.deb\r\nfile:///tmp/.deb/x\r\n";
+        QVERIFY(drop("text/uri-list", odd));
+        QCOMPARE(dropped, QStringList({"/tmp/a b.deb"_s, "/tmp/50%&.udeb"_s, "/tmp/\u0436.deb"_s}));
+        QVERIFY(drop("text/uri-list", "file:///tmp/a.deb\nfile:///tmp/b.txt\n"));
+        QCOMPARE(dropped, QStringList{"/tmp/a.deb"_s});
+        QVERIFY(!drop("text/uri-list", "file:///tmp/b.txt\r\n"));
+        QVERIFY(!drop("text/plain", "file:///tmp/a.deb"));
+        f.view.setDropsEnabled(false);
+        QVERIFY(!drop("text/uri-list", odd));
+        QVERIFY(dropped.isEmpty());
+    }
 };
-
-void RepoTreeViewTest::firstListingShowsTheSections()
-{
-    Fixture f;
-    QVERIFY(f.view.isExpanded(f.proxy.index(0, 0)));
-    QVERIFY(f.view.isExpanded(f.section("net").parent()));
-    QVERIFY(!f.view.isExpanded(f.section("net")));
-    QCOMPARE(f.view.selectionMode(), QAbstractItemView::ExtendedSelection);
-    QVERIFY(f.view.isSortingEnabled());
-}
-
-void RepoTreeViewTest::filterKeepsExpansionSelectionAndPlace()
-{
-    Fixture f;
-    f.view.expand(f.section("net"));
-    f.select({100, 102, 204});
-    f.view.scrollTo(f.shown(112),
-                    QAbstractItemView::PositionAtTop); // not shown by the filter, the next one is
-    QSignalSpy removals(&f.proxy, &RepoProxyModel::rowsRemoved);
-    f.proxy.setFilterFixedString(QStringLiteral("0"));
-    QCOMPARE(removals.count(), 0);
-    QVERIFY(f.view.isExpanded(f.section("net")));
-    QVERIFY(!f.view.isExpanded(f.section("utils")));
-    QCOMPARE(f.selected().join(QLatin1Char(' ')), QStringLiteral("p100 p102 p204"));
-    QCOMPARE(f.view.currentIndex().data().toString(), QStringLiteral("p204"));
-    QCOMPARE(f.view.indexAt(QPoint(60, 2)).data().toString(), QStringLiteral("p120"));
-    f.proxy.setFilterFixedString(QStringLiteral("4"));
-    QCOMPARE(f.selected().join(QLatin1Char(' ')), QStringLiteral("p204"));
-    f.proxy.setFilterFixedString(QString());
-    QVERIFY(f.view.isExpanded(f.section("net")));
-}
-
-void RepoTreeViewTest::resetKeepsExpansionSelectionAndPlace()
-{
-    Fixture f;
-    f.view.expand(f.section("net"));
-    f.view.collapse(f.section("net").parent());
-    f.view.expand(f.section("net").parent());
-    f.select({96, 98, 100, 204});
-    f.view.scrollTo(f.shown(200), QAbstractItemView::PositionAtTop);
-    QSignalSpy resets(&f.proxy, &RepoProxyModel::modelReset);
-    // Listed anew, as after a change of the description: first empty, then with fewer packages.
-    f.model.apply({{PackageChange::Cleared, {}}});
-    f.model.apply(f.all(204));
-    QCOMPARE(resets.count(), 2);
-    QVERIFY(f.view.isExpanded(f.section("net")));
-    QVERIFY(!f.view.isExpanded(f.section("utils")));
-    QCOMPARE(f.selected().join(QLatin1Char(' ')), QStringLiteral("p096 p098 p100"));
-    QVERIFY(!f.view.currentIndex().isValid()); // it is gone
-    QVERIFY(!f.view.visualRect(f.shown(200)).isEmpty());
-    QVERIFY(f.view.viewport()->rect().intersects(f.view.visualRect(f.shown(200))));
-}
-
-void RepoTreeViewTest::searchExpandsMatchesForItsTime()
-{
-    Fixture f;
-    f.view.expand(f.section("utils"));
-    f.view.setSearching(true);
-    f.proxy.setFilterFixedString(QStringLiteral("p102"));
-    QVERIFY(f.view.isExpanded(f.section("net")));
-    f.proxy.setFilterFixedString(QStringLiteral("p1"));
-    QVERIFY(f.view.isExpanded(f.section("net")));
-    f.proxy.setFilterFixedString(QString());
-    f.view.setSearching(false);
-    QVERIFY(!f.view.isExpanded(f.section("net")));
-    QVERIFY(f.view.isExpanded(f.section("utils")));
-    QVERIFY(f.view.isExpanded(f.section("net").parent()));
-}
-
-void RepoTreeViewTest::drops()
-{
-    Fixture f(3);
-    QSignalSpy dropped(&f.view, &RepoTreeView::filesDropped);
-    const auto drop = [&f](const QMimeData &data) {
-        QDragEnterEvent enter(
-            QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(f.view.viewport(), &enter);
-        if (!enter.isAccepted())
-            return false;
-        QDropEvent event(
-            QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(f.view.viewport(), &event);
-        return event.isAccepted();
-    };
-    QMimeData files;
-    files.setData(QStringLiteral("text/uri-list"), "file:///tmp/a%20b.deb\r\nfile:///tmp/b.txt\r\n");
-    QVERIFY(drop(files));
-    QCOMPARE(dropped.takeFirst().first().toStringList(), QStringList{QStringLiteral("/tmp/a b.deb")});
-    QMimeData others;
-    others.setData(QStringLiteral("text/uri-list"), "file:///tmp/b.txt\r\n");
-    QVERIFY(!drop(others));
-    QMimeData text;
-    text.setText(QStringLiteral("file:///tmp/a.deb"));
-    QVERIFY(!drop(text));
-    f.view.setDropsEnabled(false);
-    QVERIFY(!drop(files));
-    QCOMPARE(dropped.count(), 0);
-}
 
 VELT_TEST_MAIN(RepoTreeViewTest, QApplication)
 #include "tst_repotreeview.moc"
