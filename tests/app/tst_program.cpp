@@ -1,13 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/debbuilder.h"
+#include "support/literals.h"
 #include "support/testenvironment.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QProcess>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <QTest>
+#include <QtTest>
 
 #include <memory>
 
@@ -15,146 +11,114 @@
 class TestProgram : public QObject
 {
     Q_OBJECT
-private Q_SLOTS:
-    void init();
-    void versionNeedsNoDisplay();
-    void filesOfASecondStartAreAdded();
-    void terminationWhileABoxIsOpen();
-    void killedProgramStartsAgain();
 
 private:
-    std::unique_ptr<QProcess> start(const QStringList &arguments = {}) const;
-    void makeRepository() const;
-    QVariant setting(const char *key) const;
-    QString settingsFile() const;
-    QByteArray index() const;
-
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_repository;
-};
 
-void TestProgram::init()
-{
-    VELT_NEED_TOOL("reprepro");
-    VELT_NEED_TOOL("dpkg-deb");
-    m_folder = std::make_unique<QTemporaryDir>();
-    for (const char *name : {"config", "run"}) {
-        const QString folder = m_folder->filePath(QLatin1String(name));
-        QVERIFY(QDir().mkpath(folder));
-        QVERIFY(QFile::setPermissions(
-            folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner));
+    std::unique_ptr<QProcess> start(const QStringList &arguments = {}) const
+    {
+        auto process = std::make_unique<QProcess>();
+        process->setWorkingDirectory(m_folder->path());
+        process->setProcessChannelMode(QProcess::MergedChannels);
+        process->start(QStringLiteral(PROGRAM), arguments);
+        return process;
     }
-    m_repository = m_folder->filePath(QStringLiteral("my repo"));
-}
 
-std::unique_ptr<QProcess> TestProgram::start(const QStringList &arguments) const
-{
-    auto process = std::make_unique<QProcess>();
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_folder->filePath(QStringLiteral("config")));
-    environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), m_folder->filePath(QStringLiteral("run")));
-    process->setProcessEnvironment(environment);
-    process->setWorkingDirectory(m_folder->path());
-    process->setProcessChannelMode(QProcess::MergedChannels);
-    process->start(QStringLiteral(PROGRAM), arguments);
-    return process;
-}
+    QString build(const char *name) const { return DebBuilder(QLatin1String(name)).build(m_folder->path()); }
 
-void TestProgram::makeRepository() const
-{
-    writeFile(
-        m_repository + QStringLiteral("/conf/distributions"),
-        "Origin: repo\nLabel: repo\nCodename: dogwood\nSuite: stable\nVersion: 1\nArchitectures: amd64\n"
-        "Components: main\nUDebComponents: main\n");
-    QCOMPARE(QProcess::execute(QStringLiteral("reprepro"),
-                               {QStringLiteral("-b"), m_repository, QStringLiteral("export")}),
-             0);
-    QSettings store(settingsFile(), QSettings::NativeFormat);
-    store.setValue(QStringLiteral("recentOpennedRepos"), QStringList{m_repository});
-    store.setValue(QStringLiteral("showAddPkgSettings"), false);
-    store.setValue(QStringLiteral("addPkgCheckDepends"), false);
-}
+    static int exitCodeOf(QProcess &process)
+    {
+        const bool ended = process.waitForFinished(10000) && process.exitStatus() == QProcess::NormalExit;
+        return ended ? process.exitCode() : -1000;
+    }
 
-QString TestProgram::settingsFile() const
-{
-    return m_folder->filePath(QStringLiteral("config/corvana/velt-admin-repo.conf"));
-}
+    QString settingsFile() const { return m_folder->filePath("config/corvana/velt-admin-repo.conf"_s); }
 
-QVariant TestProgram::setting(const char *key) const
-{
-    return QSettings(settingsFile(), QSettings::NativeFormat).value(QLatin1String(key));
-}
+    void makeRepository() const
+    {
+        writeFile(m_repository + "/conf/distributions"_s,
+                  "Origin: repo\nLabel: repo\nCodename: dogwood\nSuite: stable\nVersion: 1\n"
+                  "Architectures: amd64\nComponents: main\nUDebComponents: main\n");
+        QCOMPARE(QProcess::execute("reprepro"_s, {"-b"_s, m_repository, "export"_s}), 0);
+        QSettings store(settingsFile(), QSettings::NativeFormat);
+        store.setValue("recentOpennedRepos"_s, QStringList{m_repository});
+        store.setValue("showAddPkgSettings"_s, false);
+        store.setValue("addPkgCheckDepends"_s, false);
+    }
 
-QByteArray TestProgram::index() const
-{
-    return readFile(m_repository + QStringLiteral("/dists/dogwood/main/binary-amd64/Packages"));
-}
+    bool lists(const char *name) const
+    {
+        return readFile(m_repository + "/dists/dogwood/main/binary-amd64/Packages"_s)
+            .contains(QByteArray("Package: ") + name + '\n');
+    }
 
-void TestProgram::versionNeedsNoDisplay()
-{
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-        environment.remove(QLatin1String(name));
-    process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(PROGRAM), {QStringLiteral("--version")});
-    QVERIFY(process.waitForFinished());
-    QCOMPARE(process.exitCode(), 0);
-    QCOMPARE(process.readAllStandardOutput(), QByteArray("velt-admin-repo 1.1.0+ci112\n"));
-}
+private Q_SLOTS:
+    void init()
+    {
+        VELT_NEED_TOOL("reprepro");
+        VELT_NEED_TOOL("dpkg-deb");
+        m_folder = std::make_unique<QTemporaryDir>();
+        qputenv("XDG_RUNTIME_DIR", m_folder->path().toLocal8Bit());
+        qputenv("XDG_CONFIG_HOME", m_folder->filePath("config"_s).toLocal8Bit());
+        m_repository = m_folder->filePath("my repo"_s);
+    }
 
-void TestProgram::filesOfASecondStartAreAdded()
-{
-    makeRepository();
-    const QString packages = m_folder->path();
-    DebBuilder(QStringLiteral("early")).build(packages);
-    DebBuilder(QStringLiteral("late")).fileName(QStringLiteral("late ü.deb")).build(packages);
-    const auto first = start({QStringLiteral("early_1.0_amd64.deb")});
-    QTRY_VERIFY_WITH_TIMEOUT(index().contains("Package: early\n"), 20000);
+    void textNeedsNoDisplay()
+    {
+        QProcess process;
+        const auto run = [&process](const QStringList &arguments) {
+            process.start("env"_s,
+                          QStringList{"-u"_s,
+                                      "DISPLAY"_s,
+                                      "-u"_s,
+                                      "WAYLAND_DISPLAY"_s,
+                                      "QT_QPA_PLATFORM=xcb"_s,
+                                      QStringLiteral(PROGRAM)}
+                              + arguments);
+            return exitCodeOf(process);
+        };
+        QCOMPARE(run({"-p"_s, "a.deb"_s, "--version"_s}), 0);
+        QCOMPARE(process.readAllStandardOutput(), QByteArray("velt-admin-repo 1.1.0+ci112\n"));
+        QCOMPARE(run({"--help"_s, "--nonsense"_s}), 1);
+        QVERIFY(process.readAllStandardError().contains("nonsense"));
+        QCOMPARE(run({"-h"_s}), 0);
+        const QByteArray text = process.readAllStandardOutput();
+        for (const char *part : {"Velt admin repo tool", "-p, --packages", "-v, --version", "[files...]"})
+            QVERIFY2(text.contains(part), text.constData());
+    }
 
-    const auto second = start({QStringLiteral("late ü.deb")});
-    QVERIFY(second->waitForFinished(10000));
-    QCOMPARE(second->exitCode(), 255);
-    QTRY_VERIFY_WITH_TIMEOUT(index().contains("Package: late\n"), 20000);
-    QCOMPARE(first->state(), QProcess::Running);
+    void filesOfLaterStartsAreAdded()
+    {
+        makeRepository();
+        build("early");
+        DebBuilder("late"_s).fileName("late ü.deb"_s).build(m_folder->path());
+        const auto first = start({"early_1.0_amd64.deb"_s});
+        QTRY_VERIFY_WITH_TIMEOUT(lists("early"), 20000);
+        QCOMPARE(exitCodeOf(*start({"late ü.deb"_s})), 255);
+        QTRY_VERIFY_WITH_TIMEOUT(lists("late"), 20000);
 
-    first->terminate();
-    QVERIFY(first->waitForFinished(10000));
-    QCOMPARE(first->exitStatus(), QProcess::NormalExit);
-    QCOMPARE(first->exitCode(), 0);
-    QCOMPARE(setting("recentOpennedRepos").toStringList(), QStringList{m_repository});
-    QVERIFY(setting("MainWindow/geometry").isValid());
-}
+        first->kill();
+        QVERIFY(first->waitForFinished());
+        const auto next = start({build("next")});
+        QTRY_VERIFY_WITH_TIMEOUT(lists("next"), 20000);
+        next->terminate();
+        QCOMPARE(exitCodeOf(*next), 0);
+        const QSettings store(settingsFile(), QSettings::NativeFormat);
+        QCOMPARE(store.value("recentOpennedRepos"_s).toStringList(), QStringList{m_repository});
+        QVERIFY(store.contains("MainWindow/geometry"_s));
+    }
 
-void TestProgram::terminationWhileABoxIsOpen()
-{
-    // Without a repository the file leads to a question, which nobody answers.
-    const auto first = start({DebBuilder(QStringLiteral("foo")).build(m_folder->path())});
-    QTRY_VERIFY(QFileInfo::exists(m_folder->filePath(QStringLiteral("run/velt-admin-repo.socket"))));
-    const auto second = start();
-    QVERIFY(second->waitForFinished(10000));
-    QCOMPARE(second->exitCode(), 255);
-    first->terminate();
-    QVERIFY(first->waitForFinished(10000));
-    QCOMPARE(first->exitStatus(), QProcess::NormalExit);
-    QCOMPARE(first->exitCode(), 0);
-}
-
-void TestProgram::killedProgramStartsAgain()
-{
-    makeRepository();
-    const auto first = start({DebBuilder(QStringLiteral("foo")).build(m_folder->path())});
-    QTRY_VERIFY_WITH_TIMEOUT(index().contains("Package: foo\n"), 20000);
-    first->kill();
-    QVERIFY(first->waitForFinished());
-
-    const auto next = start({DebBuilder(QStringLiteral("bar")).build(m_folder->path())});
-    QTRY_VERIFY_WITH_TIMEOUT(index().contains("Package: bar\n"), 20000);
-    next->terminate();
-    QVERIFY(next->waitForFinished(10000));
-    QCOMPARE(next->exitCode(), 0);
-}
+    void terminationWhileABoxIsOpen()
+    {
+        // Without a repository the files lead to a question, which nobody answers; one is called like an option.
+        const auto first = start({"--"_s, build("foo"), "--help"_s});
+        QTRY_VERIFY(QFileInfo::exists(m_folder->filePath("velt-admin-repo.socket"_s)));
+        QCOMPARE(exitCodeOf(*start()), 255);
+        first->terminate();
+        QCOMPARE(exitCodeOf(*first), 0);
+    }
+};
 
 VELT_TEST_MAIN(TestProgram, QCoreApplication)
 #include "tst_program.moc"
