@@ -29,7 +29,7 @@ QByteArray frame(const QByteArray &body)
 mode_t modeOf(const QString &path)
 {
     struct stat status = {};
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777u : 07777u;
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777U : 07777U;
 }
 
 int exitCodeOf(const Start &process)
@@ -125,7 +125,7 @@ private Q_SLOTS:
             expected.append(message);
             QTRY_COMPARE(record(), expected);
         }
-        QCOMPARE(modeOf(socket()) & 0077u, 0u);
+        QCOMPARE(modeOf(socket()) & 0077U, 0U);
     }
 
     void killedFirstDoesNotBlockTheNext()
@@ -209,9 +209,10 @@ private Q_SLOTS:
         QCOMPARE(talk(frame("/one.deb") + frame("/two.deb")), QByteArray("\x06\x06"));
 
         // Peers that connect and say nothing, or only half of it, keep nobody else out.
-        std::vector<std::unique_ptr<QLocalSocket>> silent;
-        for (int i = 0; i < 40; ++i)
-            silent.push_back(connected(frame("unfinished").left(i % 8)));
+        std::vector<std::unique_ptr<QLocalSocket>> silent(40);
+        int sent = 0;
+        for (auto &peer : silent)
+            peer = connected(frame("unfinished").left(sent++ % 8));
         const auto slow = connected({});
         const QByteArray bytes = frame("/slow.deb");
         for (const char byte : bytes) {
@@ -254,7 +255,7 @@ private Q_SLOTS:
         QVERIFY(QFile::link(run, path("link"_s)));
         for (const QString &unusable : {QString(), "/nonexistent"_s, path("link"_s)}) {
             QCOMPARE(folder(unusable), own);
-            QCOMPARE(modeOf(own), 0700u);
+            QCOMPARE(modeOf(own), 0700U);
         }
         // Somebody else may have put something there first: what others can enter, or a link, is not used.
         QVERIFY(::chmod(QFile::encodeName(own).constData(), 0755) == 0);
