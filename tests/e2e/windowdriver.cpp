@@ -4,12 +4,12 @@
 #include "engine/reposhell.h"
 #include "ui/elidedlabel.h"
 #include "ui/packagereplacementdialog.h"
-#include "ui/repowidget.h"
 
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QProcess>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QTreeView>
 #include <QUrl>
@@ -17,7 +17,7 @@
 Script::Script(const QList<Step> &steps)
     : m_steps(steps)
 {
-    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] {
+    m_timer.callOnTimeout([this] {
         if (m_steps.isEmpty())
             return;
         // A step can run an event loop, in which this is called again.
@@ -30,69 +30,49 @@ Script::Script(const QList<Step> &steps)
 
 Script::Step answerBox(const QString &title, QMessageBox::StandardButton button)
 {
-    return [title, button] {
-        auto *box = openDialog<QMessageBox>(title);
-        if (box == nullptr || box->button(button) == nullptr)
-            return false;
-        box->button(button)->click();
-        return true;
-    };
+    return inDialog<QMessageBox>(title, [button](QMessageBox &box) {
+        if (box.button(button) != nullptr)
+            box.button(button)->click();
+        return !box.isVisible();
+    });
 }
 
 Script::Step answerReplacement(const QString &button, const QString &option)
 {
-    return [button, option] {
-        auto *dialog = openDialog<PackageReplacementDialog>();
-        if (dialog == nullptr)
-            return false;
-        const QList<QRadioButton *> options = dialog->findChildren<QRadioButton *>();
-        for (QRadioButton *radio : options) {
+    return inDialog<PackageReplacementDialog>(QString(), [button, option](PackageReplacementDialog &dialog) {
+        for (QRadioButton *radio : dialog.findChildren<QRadioButton *>()) {
             if (radio->text() == option)
                 radio->click();
         }
-        const QList<QPushButton *> buttons = dialog->findChildren<QPushButton *>();
-        for (QPushButton *candidate : buttons) {
-            if (candidate->text().remove(QLatin1Char('&')) == button && candidate->isEnabled()) {
+        for (QPushButton *candidate : dialog.findChildren<QPushButton *>()) {
+            if (candidate->text().remove("&"_s) == button)
                 candidate->click();
-                return true;
-            }
         }
-        return false;
-    };
+        return !dialog.isVisible();
+    });
 }
 
-WindowDriver::WindowDriver()
-    : m_window(std::make_unique<MainWindow>())
+bool WindowDriver::isIdle(int repositories) const
 {
-    m_window->show();
+    bool idle = tabs()->count() == repositories;
+    for (int i = 0; i < tabs()->count(); ++i)
+        idle = idle && !tab(i)->repoShell()->isRunning();
+    return idle;
 }
 
-QAction *WindowDriver::action(const char *name) const
+int WindowDriver::packageCount() const
 {
-    auto *action = m_window->findChild<QAction *>(QLatin1String(name));
-    if (action == nullptr)
-        qFatal("no action %s", name);
-    return action;
-}
-
-RepoWidget *WindowDriver::tab(int index) const
-{
-    return qobject_cast<RepoWidget *>(tabs()->widget(index));
-}
-
-bool WindowDriver::isRunning(int index) const
-{
-    return tab(index) != nullptr && tab(index)->repoShell()->isRunning();
+    return tab()->repoShell()->packageCount();
 }
 
 QString WindowDriver::message() const
 {
-    return m_window->findChild<ElidedLabel *>(QStringLiteral("m_messageLabel"))->fullText();
+    return child<ElidedLabel>(m_window, "m_messageLabel")->fullText();
 }
 
 QString WindowDriver::log() const
 {
-    return m_window->findChild<QPlainTextEdit *>(QStringLiteral("m_logTextEdit"))->toPlainText();
+    return child<QPlainTextEdit>(m_window, "m_logTextEdit")->toPlainText();
 }
 
 void WindowDriver::drop(const QStringList &files)
@@ -104,36 +84,27 @@ void WindowDriver::drop(const QStringList &files)
     data.setUrls(urls);
     // Only what has entered can be dropped.
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_window.get(), &enter);
+    QApplication::sendEvent(&m_window, &enter);
     QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(m_window.get(), &event);
+    QApplication::sendEvent(&m_window, &event);
 }
 
 bool WindowDriver::select(const QString &package) const
 {
-    RepoWidget *widget = tab(tabs()->currentIndex());
-    auto *tree = widget->findChild<QTreeView *>(QStringLiteral("m_repoTreeView"));
-    const QModelIndexList found = tree->model()->match(
-        tree->model()->index(0, 0), Qt::DisplayRole, package, 1, Qt::MatchStartsWith | Qt::MatchRecursive);
-    if (found.isEmpty())
-        return false;
-    widget->setCurrentItem(found.first());
-    return true;
+    const QAbstractItemModel *model = child<QTreeView>(*tab(), "m_repoTreeView")->model();
+    const auto flags = Qt::MatchStartsWith | Qt::MatchRecursive;
+    const auto found = model->match(model->index(0, 0), Qt::DisplayRole, package, 1, flags);
+    tab()->setCurrentItem(found.value(0));
+    return !found.isEmpty();
 }
 
-QStringList packagesOf(const QString &repository, const QString &codename)
+QString packagesOf(const QString &repository)
 {
     QProcess process;
-    process.start(QStringLiteral("/usr/bin/reprepro"),
-                  {QStringLiteral("-b"),
-                   repository,
-                   QStringLiteral("--list-format"),
-                   QStringLiteral("${package} ${version}\n"),
-                   QStringLiteral("list"),
-                   codename});
+    process.start("/usr/bin/reprepro"_s,
+                  {"-b"_s, repository, "--list-format"_s, "${package} ${version}\n"_s, "list"_s, "birch"_s});
     process.waitForFinished(-1);
-    QStringList lines
-        = QString::fromUtf8(process.readAllStandardOutput()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QStringList lines = QString::fromUtf8(process.readAll()).split("\n"_s, Qt::SkipEmptyParts);
     lines.sort();
-    return lines;
+    return lines.join(", "_s);
 }
