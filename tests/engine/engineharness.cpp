@@ -1,136 +1,113 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engineharness.h"
 
-#include "core/processutils.h"
-#include "engine/packagelisting.h"
-#include "support/literals.h"
-
+#include <QDirIterator>
 #include <QSignalSpy>
 
-#include <algorithm>
-
-namespace
-{
-QString shown(const PackageInfo &package)
-{
-    return "%1 %2 %3 %4"_s.arg(package.name, package.version, package.component, package.architecture);
-}
-
-QString shownEvent(char mark, const PackageInfo &package)
-{
-    return QLatin1Char(mark) + "%1 %2 %3"_s.arg(package.name, package.version, package.architecture);
-}
-
-QStringList shown(const QList<PackageInfoPtr> &packages)
-{
-    QStringList texts;
-    for (const PackageInfoPtr &package : packages)
-        texts.append(shown(*package));
-    texts.sort();
-    return texts;
-}
-} // namespace
-
-EngineHarness::EngineHarness(const QString &codename)
+EngineHarness::EngineHarness()
 {
     info.name = "repo"_s;
-    info.codename = codename;
+    info.codename = "dogwood"_s;
     info.suite = "stable"_s;
     info.architectures = "amd64"_s;
     info.components = "main contrib"_s;
+    const auto pair = [](QStringList *list) {
+        return [list](const QString &a, const QString &b) { list->append(a + QLatin1Char('|') + b); };
+    };
+    const auto event = [this](char mark) {
+        return [this, mark](const PackageInfoPtr &package) {
+            events.append(QLatin1Char(mark)
+                          + "%1 %2 %3"_s.arg(package->name, package->version, package->architecture));
+        };
+    };
     connect(&shell, &RepoShell::started, this, [this](const QString &text) { started.append(text); });
     connect(&shell, &RepoShell::finished, this, [this](RepoEnums::JobId job, const QString &message) {
-        finished.append({job, message});
+        lastJob = job;
+        finished.append(message);
     });
-    connect(&shell, &RepoShell::critical, this, [this](const QString &text, const QString &details) {
-        criticals.append(text + QLatin1Char('|') + details);
-    });
+    connect(&shell, &RepoShell::critical, this, pair(&criticals));
     connect(&shell, &RepoShell::progressRangeChanged, this, [this](int range) { ranges.append(range); });
     connect(&shell, &RepoShell::progressStepChanged, this, [this](int step) { steps.append(step); });
-    connect(&shell, &RepoShell::packageAdded, this, [this](const PackageInfoPtr &package) {
-        events.append(shownEvent('+', *package));
-    });
-    connect(&shell, &RepoShell::packageRemoved, this, [this](const PackageInfoPtr &package) {
-        events.append(shownEvent('-', *package));
-    });
-    connect(&shell, &RepoShell::packageChanged, this, [this](const PackageInfoPtr &package) {
-        events.append(shownEvent('~', *package));
-    });
+    connect(&shell, &RepoShell::packageAdded, this, event('+'));
+    connect(&shell, &RepoShell::packageRemoved, this, event('-'));
+    connect(&shell, &RepoShell::packageChanged, this, event('~'));
+    const auto answer = [this, note = pair(&questions)](const QString &title, const QString &question) {
+        note(title, question);
+        whileAsked();
+        shell.setAnswer(reply);
+    };
+    connect(&shell, &RepoShell::question, this, answer, Qt::BlockingQueuedConnection);
+    using Rules = PackageReplacementRules;
+    const auto choose = [this](Code code, Rules *rules, const PackageInfoPtr &, bool single) {
+        collisions.append(code);
+        singles.append(single);
+        whileAsked();
+        rules->value = choice;
+    };
     connect(
-        &shell,
-        &RepoShell::question,
-        this,
-        [this](const QString &title, const QString &text) {
-            questions.append(title + QLatin1Char('|') + text);
-            shell.setAnswer(answer(text));
-        },
-        Qt::BlockingQueuedConnection);
-    connect(
-        &shell,
-        &RepoShell::requestForReplacementHandlingByUser,
-        this,
-        [this](
-            RepoEnums::ErrorCode code, PackageReplacementRules *rule, const PackageInfoPtr &, bool single) {
-            collisions.append(code);
-            singles.append(single);
-            rule->value = resolve(code);
-        },
-        Qt::BlockingQueuedConnection);
+        &shell, &RepoShell::requestForReplacementHandlingByUser, this, choose, Qt::BlockingQueuedConnection);
 }
 
-void EngineHarness::create()
+QStringList EngineHarness::debs(const char *names, const char *version, const char *contents)
 {
-    if (shell.createRepo(repoPath(), info) != RepoEnums::SUCCESS)
-        qFatal("the repository could not be created: %s", qPrintable(criticals.join(QLatin1Char('\n'))));
+    QStringList files;
+    for (const QString &name : QString::fromLatin1(names).split(QLatin1Char(' ')))
+        files.append(deb(DebBuilder(name).version(QLatin1String(version)).contents(contents)));
+    return files;
 }
 
-int EngineHarness::run(const std::function<void()> &start)
+EngineHarness::Code EngineHarness::run(const std::function<void()> &start)
 {
-    clear();
+    static_cast<JobNotes &>(*this) = {};
     QSignalSpy idle(&shell, &RepoShell::idle);
     start();
     if (!idle.wait(120000))
         qFatal("the job did not end");
-    return shell.result();
+    return static_cast<Code>(shell.result());
 }
 
-void EngineHarness::clear()
+QStringList EngineHarness::shown(const QList<PackageInfoPtr> &packages)
 {
-    started.clear();
-    finished.clear();
-    criticals.clear();
-    questions.clear();
-    ranges.clear();
-    steps.clear();
-    events.clear();
-    collisions.clear();
-    singles.clear();
+    QStringList texts;
+    for (const PackageInfoPtr &package : packages)
+        texts.append(
+            "%1 %2 %3 %4"_s.arg(package->name, package->version, package->component, package->architecture));
+    texts.sort();
+    return texts;
 }
 
-QStringList EngineHarness::listed() const
+QStringList EngineHarness::inDatabase() const
 {
-    return shown(shell.packages());
+    return reprepro({"list"_s, info.codename}).output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
-QStringList EngineHarness::inDatabase(const QString &path) const
+ProcessResult EngineHarness::reprepro(const QStringList &arguments) const
 {
-    const ProcessResult result = runProcess(
-        {"reprepro"_s, {"-b"_s, path.isEmpty() ? repoPath() : path, "list"_s, info.codename}, {}, {}, -1});
-    QStringList lines = result.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    lines.sort();
-    return lines;
+    return runProcess({"reprepro"_s, QStringList{"-b"_s, shell.path()} + arguments, {}, {}, -1});
 }
 
-QStringList EngineHarness::inIndices() const
+bool EngineHarness::settled() const
 {
-    return shown(listPackages(shell.path(), shell.repoInfo()));
+    QSet<QString> named;
+    for (const PackageInfoPtr &package : shell.packages())
+        named.insert(package->filePath());
+    QSet<QString> pool;
+    QDirIterator files(shell.path() + "/pool"_s, QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext())
+        pool.insert(files.next());
+    const QStringList kept = QDir(shell.path()).entryList({".replaced-*"_s}, QDir::Dirs | QDir::Hidden);
+    const QStringList records = listed();
+    if (pool == named && inIndices() == records && inDatabase().size() == records.size() && kept.isEmpty()
+        && !isExportOwed() && reprepro({"checkpool"_s}).succeeded())
+        return true;
+    qWarning() << records << named << inIndices() << inDatabase() << pool << kept << isExportOwed();
+    return false;
 }
 
 PackageInfoPtr EngineHarness::find(const QString &name, const QString &architecture) const
 {
-    const auto packages = shell.packages();
-    const auto found = std::find_if(packages.cbegin(), packages.cend(), [&](const PackageInfoPtr &package) {
-        return package->name == name && (architecture.isEmpty() || package->architecture == architecture);
-    });
-    return found == packages.cend() ? PackageInfoPtr() : *found;
+    for (const PackageInfoPtr &package : shell.packages())
+        if (package->name == name && (architecture.isEmpty() || package->architecture == architecture))
+            return package;
+    qFatal("there is no package %s", qPrintable(name));
 }

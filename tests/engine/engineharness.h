@@ -1,63 +1,102 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/processutils.h"
+#include "engine/exportsession.h"
+#include "engine/packagelisting.h"
 #include "engine/reposhell.h"
+#include "support/debbuilder.h"
+#include "support/literals.h"
+#include "support/testenvironment.h"
 
-#include <QObject>
-#include <QStringList>
 #include <QTemporaryDir>
 #include <QVector>
 
-#include <functional>
-
-/**
- * An engine with an interface that notes everything and answers questions as told. Its jobs run on real repositories
- * below a temporary folder.
- */
-class EngineHarness : public QObject
+/** What the engine said during one job. */
+struct JobNotes
 {
-    Q_OBJECT
-public:
-    explicit EngineHarness(const QString &codename = QStringLiteral("dogwood"));
-
-    struct Finish
-    {
-        RepoEnums::JobId job;
-        QString message;
-    };
-
-    RepoShell shell;
-    QTemporaryDir folder{QStringLiteral("/tmp/veXXXXXX")};
-
     QStringList started;
-    QVector<Finish> finished;
+    QStringList finished; ///< the messages
+    RepoEnums::JobId lastJob = RepoEnums::COMMON_JOB;
     QStringList criticals; ///< "text|details"
     QStringList questions; ///< "title|text"
     QVector<int> ranges;
     QVector<int> steps;
-    QStringList events; ///< "+name version arch", "-…", "~…" for added, removed, changed, and "saved n"
+    QStringList events; ///< "+name version arch", "-…", "~…" for added, removed, changed
     QVector<RepoEnums::ErrorCode> collisions;
     QVector<bool> singles;
+};
 
-    std::function<bool(const QString &text)> answer = [](const QString &) { return false; };
-    std::function<quint32(RepoEnums::ErrorCode)> resolve
-        = [](RepoEnums::ErrorCode) { return PackageReplacementRules::KeepThis; };
+/** An engine on real folders, with an interface that notes everything and answers questions as told. */
+class EngineHarness : public QObject, public JobNotes
+{
+    Q_OBJECT
+public:
+    using Code = RepoEnums::ErrorCode;
+
+    EngineHarness();
+
+    RepoShell shell;
+    QTemporaryDir folder{QStringLiteral("/tmp/veXXXXXX")};
+    RepoInfo info;
+    bool reply = false; ///< to every question
+    quint32 choice = PackageReplacementRules::KeepThis; ///< at every collision
+    std::function<void()> whileAsked = [] {}; ///< runs before either is given
 
     QString repoPath() const { return folder.filePath(QStringLiteral("repo")); }
-    QString debs() const { return folder.filePath(QStringLiteral("debs")); }
-    RepoInfo info;
+    /** Builds packages with these names (separated by blanks), or the one described, in a new folder. */
+    QStringList debs(const char *names, const char *version = "1.0", const char *contents = "x");
+    QString deb(const DebBuilder &deb) { return deb.build(folder.filePath(QString::number(++m_builds))); }
 
-    /** Creates the repository; fails the test program when that does not work. */
-    void create();
-    /** Runs `start` and returns when its job has ended; forgets what was noted before. */
-    int run(const std::function<void()> &start);
-    void clear();
-    QString lastMessage() const { return finished.isEmpty() ? QString() : finished.last().message; }
-    /** The package records as "name version component architecture", sorted. */
-    QStringList listed() const;
-    /** What reprepro itself says is in the repository, as it prints it, sorted. */
-    QStringList inDatabase(const QString &path = QString()) const;
-    /** What the indices below dists say, as listed(), from a fresh look. */
-    QStringList inIndices() const;
+    // Each runs one job to its end and forgets what was noted before.
+    Code run(const std::function<void()> &start);
+    Code open(const QString &path)
+    {
+        return run([&] { shell.openRepo(path); });
+    }
+    Code change(const QString &path)
+    {
+        return run([&] { shell.changeRepo(path, info); });
+    }
+    Code add(const QStringList &files, const AddOptions &options = {})
+    {
+        return run([&] { shell.addPackages(files, options); });
+    }
+    Code remove(const QList<PackageInfoPtr> &list)
+    {
+        return run([&] { shell.removePackages(list); });
+    }
+
+    QString lastMessage() const { return finished.isEmpty() ? QString() : finished.last(); }
+    /** All criticals in one text, for comparing with nothing and showing more. */
+    QString trouble() const { return criticals.join(QLatin1Char('\n')); }
+    /** The engine's records, or what the indices below dists say, as "name version component architecture", sorted. */
+    QStringList listed() const { return shown(shell.packages()); }
+    QStringList inIndices() const { return shown(listPackages(shell.path(), shell.repoInfo())); }
+    /** What reprepro itself says is in the repository, as it prints it. */
+    QStringList inDatabase() const;
+    ProcessResult reprepro(const QStringList &arguments) const;
+    bool isExportOwed() const { return ExportSession::isExportOwed(shell.path()); }
+    /** Whether records, indices, database and pool agree and no job's leftovers lie about. */
+    bool settled() const;
+    /** Fails the program when there is none. */
     PackageInfoPtr find(const QString &name, const QString &architecture = QString()) const;
+    QByteArray inPool(const QString &name) const { return readFile(find(name)->filePath()); }
+
+private:
+    static QStringList shown(const QList<PackageInfoPtr> &packages);
+
+    int m_builds = 0;
+};
+
+/** An engine with a new, empty repository. */
+class RepoHarness : public EngineHarness
+{
+public:
+    explicit RepoHarness(const QString &architectures = QStringLiteral("amd64"))
+    {
+        info.architectures = architectures;
+        if (shell.createRepo(repoPath(), info) != RepoEnums::SUCCESS)
+            qFatal("the repository could not be created: %s", qPrintable(trouble()));
+    }
 };
