@@ -41,6 +41,10 @@ private Q_SLOTS:
         h.info.codename = "../up"_s;
         QCOMPARE(h.shell.createRepo(h.repoPath(), h.info), int(RepoEnums::ERROR));
         QVERIFY2(!QFile::exists(h.repoPath()), "a repository that reprepro refuses does not stay behind");
+        h.criticals.clear();
+        writeFile(h.repoPath() + "/old"_s, "x");
+        QCOMPARE(h.shell.createRepo(h.repoPath(), h.info), int(RepoEnums::ERROR));
+        QVERIFY2(QFile::exists(h.repoPath() + "/old"_s), "and what it was to replace does");
         QCOMPARE(h.criticals.size(), 1);
         QVERIFY2(h.trouble().startsWith("Failed to create repository!|Error"_s), qPrintable(h.trouble()));
         QCOMPARE(h.shell.path(), QString());
@@ -52,6 +56,64 @@ private Q_SLOTS:
         QCOMPARE(h.shell.createRepo(above, h.info), int(RepoEnums::ERROR));
         QVERIFY(QFile::exists(above + "/open/conf/distributions"_s));
         QVERIFY(h.criticals.last().startsWith("Impossible to delete directory %1!"_s.arg(above)));
+    }
+
+    void linksAreNotWhatTheyPointTo()
+    {
+        RepoHarness h;
+        const QString target = h.folder.filePath("target"_s);
+        const QString link = h.folder.filePath("link"_s);
+        writeFile(target + "/precious"_s, "x");
+        QVERIFY(QFile::link(target, link));
+        QCOMPARE(h.change(link), RepoEnums::SUCCESS);
+        QVERIFY(QFile::exists(target + "/precious"_s));
+        QVERIFY(!QFileInfo(link).isSymLink());
+        QCOMPARE(h.shell.path(), link);
+        EngineHarness other;
+        QVERIFY(QFile::link(target, h.folder.filePath("second"_s)));
+        QCOMPARE(other.shell.createRepo(h.folder.filePath("second"_s), other.info), int(RepoEnums::SUCCESS));
+        QCOMPARE(other.shell.path(), target);
+        QVERIFY(other.settled());
+    }
+
+    void severalDistributionsAreLeftAlone()
+    {
+        RepoHarness h;
+        h.add(h.debs("foo"));
+        const QString conf = h.repoPath() + "/conf/distributions"_s;
+        writeFile(conf, readFile(conf) + "\nCodename: second\nArchitectures: amd64\nComponents: main\n");
+        h.reprepro({"copy"_s, "second"_s, "dogwood"_s, "foo"_s});
+        h.info.suite = "testing"_s;
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::ERROR);
+        QVERIFY(h.trouble().contains("several distributions"_s));
+        QVERIFY(readFile(conf).contains("Codename: second"));
+    }
+
+    void indicesOutliveALockedChange()
+    {
+        RepoHarness h;
+        AddOptions contrib;
+        contrib.component = "contrib"_s;
+        h.add(h.debs("foo"), contrib);
+        writeFile(h.repoPath() + "/db/lockfile"_s, "");
+        h.info.components = "main"_s;
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::ERROR); // and nobody lets us remove the lock
+        QCOMPARE(h.inIndices(), QStringList{"foo 1.0 contrib amd64"_s});
+        QFile::remove(h.repoPath() + "/db/lockfile"_s);
+        h.open(h.repoPath());
+        QVERIFY(h.settled());
+        // A stop that was meant for a change does not close what it has changed, nor stop the job after it.
+        connect(
+            &h.shell,
+            &RepoShell::requestForSavingPackages,
+            &h,
+            [&h] { h.shell.cancel(); },
+            Qt::DirectConnection);
+        h.info.components = "main contrib"_s;
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        QVERIFY(h.settled());
+        h.shell.cancel();
+        QCOMPARE(h.open(h.repoPath()), RepoEnums::SUCCESS);
     }
 
     void openListsWhatIsThere()

@@ -150,6 +150,46 @@ private Q_SLOTS:
         QVERIFY(h.settled());
     }
 
+    void indicesThatCannotBeWritten()
+    {
+        // A key that does not exist: reprepro takes the package in and fails at the indices.
+        RepoHarness h;
+        h.add(h.debs("foo bar"));
+        const QString conf = h.repoPath() + "/conf/distributions"_s;
+        const QByteArray text = readFile(conf);
+        writeFile(conf, text + "SignWith: 0123456789ABCDEF0123456789ABCDEF01234567\n");
+        h.choice = PackageReplacementRules::ReplaceThis;
+        h.add(h.debs("foo", "2.0"));
+        QVERIFY(h.criticals.size() == 1 && h.trouble().contains("Could not find any key"_s));
+        QCOMPARE(h.find("foo"_s)->version, "2.0"_s);
+        QVERIFY(h.isExportOwed());
+        writeFile(conf, text);
+        h.open(h.repoPath());
+        QCOMPARE(h.inIndices(), (QStringList{"bar 1.0 main amd64"_s, "foo 2.0 main amd64"_s}));
+        QVERIFY(!h.isExportOwed());
+
+        // Without its database, a change would make a new one and empty the indices.
+        QVERIFY(QDir(h.repoPath() + "/db"_s).removeRecursively());
+        const QStringList before = h.inIndices();
+        h.add(h.debs("third"));
+        h.remove(h.shell.packages());
+        QCOMPARE(h.inIndices(), before);
+        QVERIFY(h.trouble().contains("database of the repository is missing"_s));
+    }
+
+    void sectionThatNamesAnotherComponent()
+    {
+        RepoHarness h;
+        const QString file = h.deb(DebBuilder("foo"_s).field("Section"_s, "universe/net"_s));
+        QVERIFY(h.reprepro({"-C"_s, "main"_s, "-S"_s, "universe/net"_s, "includedeb"_s, "dogwood"_s, file})
+                    .succeeded());
+        h.open(h.repoPath());
+        QCOMPARE(h.listed(), QStringList{"foo 1.0 universe amd64"_s});
+        h.remove(h.shell.packages());
+        QCOMPARE(h.trouble(), QString());
+        QVERIFY(h.inDatabase().isEmpty());
+    }
+
     void signingFailsWhileAdding()
     {
         VELT_NEED_TOOL("gpg");
