@@ -1,20 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/reposhell.h"
 #include "support/children.h"
-#include "support/literals.h"
+#include "ui/elidedlabel.h"
 #include "ui/mainwindow.h"
+#include "ui/packagetesting.h"
 #include "ui/repowidget.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
-#include <QMessageBox>
+#include <QDialog>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QPlainTextEdit>
 #include <QTabWidget>
 #include <QTimer>
+#include <QTreeView>
+#include <QUrl>
 
 #include <functional>
 
-/** The visible top-level widgets of this class whose titles begin with `title`. */
+/** The visible dialogs of this class whose titles begin with `title`. */
 template <typename Dialog>
 QList<Dialog *> openDialogs(const QString &title = QString())
 {
@@ -34,7 +42,22 @@ public:
     using Step = std::function<bool()>;
 
     /** A dialog that no step answers holds up whoever waits, so every dialog needs its step beforehand. */
-    explicit Script(const QList<Step> &steps);
+    Script(std::initializer_list<Step> steps)
+        : Script(QList<Step>(steps))
+    { }
+    explicit Script(const QList<Step> &steps)
+        : m_steps(steps)
+    {
+        m_timer.callOnTimeout([this] {
+            if (m_steps.isEmpty())
+                return;
+            // A step can run an event loop, in which this is called again.
+            const Step step = m_steps.takeFirst();
+            if (!step())
+                m_steps.prepend(step);
+        });
+        m_timer.start(10);
+    }
     bool isDone() const { return m_steps.isEmpty(); }
 
 private:
@@ -52,10 +75,23 @@ Script::Step inDialog(const QString &title, const Act &act)
     };
 }
 
-/** Presses a button of the message box with this title. */
-Script::Step answerBox(const QString &title, QMessageBox::StandardButton button);
-/** Presses a button of the package replacement dialog, after choosing the option with this text, if any. */
-Script::Step answerReplacement(const QString &button, const QString &option = QString());
+/** Clicks the button with this text; false when there is none that can be clicked. */
+inline bool press(const QDialog &dialog, const QString &text)
+{
+    for (auto *button : dialog.findChildren<QAbstractButton *>()) {
+        if (button->text().remove("&"_s) == text && button->isEnabled()) {
+            button->click();
+            return true;
+        }
+    }
+    return false;
+}
+
+/** Presses a button in the dialog with this title. */
+inline Script::Step answer(const QString &title, const QString &button)
+{
+    return inDialog<QDialog>(title, [button](const QDialog &dialog) { return press(dialog, button); });
+}
 
 /** The real window, driven through its actions. */
 class WindowDriver
@@ -67,21 +103,41 @@ public:
     QAction *action(const char *name) const { return child<QAction>(m_window, name); }
     QTabWidget *tabs() const { return child<QTabWidget>(m_window, "tabWidget"); }
     RepoWidget *tab(int index = 0) const { return qobject_cast<RepoWidget *>(tabs()->widget(index)); }
-    /** Whether this many repositories are open and no job runs. */
-    bool isIdle(int repositories = 1) const;
-    /** Packages of the first tab. */
-    int packageCount() const;
+    int packageCount() const { return tab()->repoShell()->packageCount(); }
     /** Last message of the status bar. */
-    QString message() const;
-    QString log() const;
+    QString message() const { return child<ElidedLabel>(m_window, "m_messageLabel")->fullText(); }
+    QString log() const { return child<QPlainTextEdit>(m_window, "m_logTextEdit")->toPlainText(); }
+
+    /** Whether this many repositories are open and no job runs. */
+    bool isIdle(int repositories = 1) const
+    {
+        bool idle = tabs()->count() == repositories;
+        for (int i = 0; i < tabs()->count(); ++i)
+            idle = idle && !tab(i)->repoShell()->isRunning();
+        return idle;
+    }
+
     /** Drops files on the window. */
-    void drop(const QStringList &files);
-    /** Selects the package of this name in the first tab's tree; false when there is none. */
-    bool select(const QString &package) const;
+    void drop(const QStringList &files)
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString &file : files)
+            urls << QUrl::fromLocalFile(file);
+        data.setUrls(urls);
+        // Only what has entered can be dropped.
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&m_window, &enter);
+        QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&m_window, &event);
+    }
+
+    /** Selects the item with this text in the first tab's tree. */
+    void select(const char *text) const
+    {
+        tab()->setCurrentItem(find(*child<QTreeView>(*tab(), "m_repoTreeView")->model(), text));
+    }
 
 private:
     MainWindow m_window;
 };
-
-/** "name version" of each package that reprepro lists, sorted and with commas; also for installer packages. */
-QString packagesOf(const QString &repository);
