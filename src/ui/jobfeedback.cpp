@@ -45,8 +45,10 @@ JobFeedback::JobFeedback(
     connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
         // The last word of a tab that closes by itself says why it did.
         const QString lastWord = m_jobs.take(widget).message;
-        if (m_tabs.current() == widget)
-            m_message->setFullText(lastWord);
+        // Queued, because the tab that comes to front shows its own message first.
+        if (m_tabs.current() == widget && !lastWord.isEmpty())
+            QMetaObject::invokeMethod(
+                this, [this, lastWord] { m_message->setFullText(lastWord); }, Qt::QueuedConnection);
     });
     showCurrent();
 }

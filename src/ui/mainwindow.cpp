@@ -28,6 +28,7 @@
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QSettings>
+#include <QShortcut>
 #include <QToolButton>
 
 namespace
@@ -214,6 +215,13 @@ void MainWindow::connectActions()
     command(m_ui->m_aboutAction, [this] { about(); });
     command(m_ui->m_helpAction, [this] { showHelp(); });
     command(m_ui->m_quitAction, [this] { close(); });
+    m_ui->m_removePackagesAction->setShortcuts(
+        {m_ui->m_removePackagesAction->shortcut(), QKeySequence(QKeySequence::Delete)});
+    const auto *closeTab = new QShortcut(QKeySequence(QKeySequence::Close), this);
+    connect(closeTab, &QShortcut::activated, this, [this] {
+        if (RepoWidget *widget = m_tabs->current())
+            m_closing->closeTab(widget);
+    });
     m_contextMenu->addActions({m_ui->m_addPackagesAction, m_ui->m_removePackagesAction});
     m_contextMenu->addSeparator();
     m_contextMenu->addActions({m_ui->m_changeRepoAction, m_ui->m_removeRepoAction});

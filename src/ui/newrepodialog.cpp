@@ -194,7 +194,7 @@ bool NewRepoDialog::fieldsAreValid()
 bool NewRepoDialog::userAgreesToLosses()
 {
     if (m_mode == Mode::Change && NewRepoRules::endangersPackages(m_info, repoInfo())) {
-        if (m_prompts.ask(
+        if (m_prompts.askCarefully(
                 windowTitle(),
                 tr("Changing fields Codename, Architectures, Components may result in packages deletion. "
                    "Want to continue?"),
@@ -207,11 +207,15 @@ bool NewRepoDialog::userAgreesToLosses()
     const bool stays = m_mode == Mode::Change && path == NewRepoRules::fullPath(m_path, QString());
     if (stays || !QFileInfo::exists(path))
         return true;
-    if (m_prompts.ask(windowTitle(), tr("The directory %1 already exists. Replace it?").arg(path), {}, this)
+    const QString about = QFileInfo(path + QLatin1String("/conf/distributions")).isFile()
+                              ? tr("It holds a repository. Everything in it will be deleted.")
+                              : tr("It holds no repository. Everything in it will be deleted.");
+    if (m_prompts.askCarefully(
+            windowTitle(), tr("The directory %1 already exists. Replace it?").arg(path), about, this)
         != Prompts::Answer::Yes)
         return false;
     return !isPublished(path)
-           || m_prompts.ask(
+           || m_prompts.askCarefully(
                   tr("Overwriting a published repository"),
                   tr("You are trying to overwrite a published repository. It is highly recommended to first "
                      "unpublish the repository and then make changes. Click \"Yes\" only if you know what "

@@ -20,6 +20,19 @@ bool isPackageFile(const QString &file)
 {
     return file.endsWith(QLatin1String(".deb")) || file.endsWith(QLatin1String(".udeb"));
 }
+
+/** How many packages these are, and the names of the first. */
+QString summary(const QList<PackageInfoPtr> &packages)
+{
+    constexpr int NamesShown = 5;
+    QStringList names;
+    for (const PackageInfoPtr &package : packages.mid(0, NamesShown))
+        names << package->name;
+    if (packages.size() > NamesShown)
+        names << QString(QChar(0x2026));
+    return PackageCommands::tr("%n package(s): %1", nullptr, packages.size())
+        .arg(names.join(QLatin1String(", ")));
+}
 } // namespace
 
 PackageCommands::PackageCommands(RepoTabs &tabs,
@@ -74,8 +87,10 @@ RepoWidget *PackageCommands::chooseTarget()
     }
     if (tabs.size() == 1)
         return tabs.first();
-    const int index = m_prompts.choose(
-        tr("Choose repository"), tr("Select the repository to add the package(s) to:"), m_tabs.paths());
+    const int index = m_prompts.choose(tr("Choose repository"),
+                                       tr("Select the repository to add the package(s) to:"),
+                                       m_tabs.paths(),
+                                       tabs.indexOf(m_tabs.current()));
     // Tabs can have gone while the user was choosing.
     RepoWidget *target = index < 0 || !m_tabs.shown().contains(tabs.at(index)) ? nullptr : tabs.at(index);
     if (target != nullptr)
@@ -133,9 +148,10 @@ void PackageCommands::addPackages(RepoWidget *widget, const QStringList &files)
     for (const QString &file : files)
         (isPackageFile(file) ? packages : others) << file;
     if (!others.isEmpty())
-        m_feedback.error(tr("Only packages can be added: files whose name ends in .deb or .udeb."),
-                         others.join(QLatin1Char('\n')),
-                         RepoEnums::WARNING);
+        m_feedback.error(
+            tr("Only packages can be added: files whose name ends in .deb or .udeb, in small letters."),
+            others.join(QLatin1Char('\n')),
+            RepoEnums::WARNING);
     if (packages.isEmpty())
         return;
     if (m_tabs.isRunning(widget))
@@ -171,11 +187,15 @@ void PackageCommands::startAdding(RepoWidget *widget, const QStringList &files)
 void PackageCommands::removePackages()
 {
     RepoWidget *widget = m_tabs.current();
-    if (widget == nullptr || m_tabs.isRunning(widget) || widget->selectedPackages().isEmpty())
+    if (widget == nullptr || m_tabs.isRunning(widget))
+        return;
+    const QList<PackageInfoPtr> selected = widget->selectedPackages();
+    if (selected.isEmpty())
         return;
     const QPointer<RepoWidget> guard(widget);
-    if (m_prompts.ask(tr("Remove confirmation"), tr("Do you want to remove selected packages?"))
+    if (m_prompts.askCarefully(
+            tr("Remove confirmation"), tr("Do you want to remove selected packages?"), summary(selected))
             == Prompts::Answer::Yes
         && !guard.isNull() && !m_tabs.isRunning(widget))
-        widget->repoShell()->removePackages(widget->selectedPackages());
+        widget->repoShell()->removePackages(selected);
 }

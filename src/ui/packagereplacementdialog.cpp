@@ -54,6 +54,9 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
     m_repositoryLabel->hide();
     rows->addWidget(m_repositoryLabel);
 
+    // The options before the buttons, so that the Tab key goes from top to bottom.
+    if (!singlePackage)
+        addOptions(rows);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Yes | QDialogButtonBox::No, this);
     buttons->setObjectName(QStringLiteral("buttonBox"));
     connect(buttons->button(QDialogButtonBox::Yes), &QPushButton::clicked, this, [this] {
@@ -62,13 +65,13 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
     QPushButton *no = buttons->button(QDialogButtonBox::No);
     connect(no, &QPushButton::clicked, this, [this] { finish(PackageReplacementRules::KeepThis); });
     if (!singlePackage) {
-        addOptions(rows);
         QPushButton *applyToAll = buttons->addButton(tr("Apply to all"), QDialogButtonBox::ApplyRole);
         applyToAll->setObjectName(QStringLiteral("m_applyToAllButton"));
         // Without an option there is nothing to apply.
         applyToAll->setEnabled(false);
         connect(m_options, qOverload<int>(&QButtonGroup::idClicked), applyToAll, [applyToAll] {
             applyToAll->setEnabled(true);
+            applyToAll->setDefault(true);
         });
         connect(applyToAll, &QPushButton::clicked, this, [this] {
             finish(static_cast<PackageReplacementRules::Rule>(m_options->checkedId()));

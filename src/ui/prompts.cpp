@@ -18,6 +18,7 @@ int Prompts::run(QDialog &dialog)
     m_dialogs.append(&dialog);
     const int result = dialog.exec();
     m_dialogs.removeOne(&dialog);
+    showNextError();
     announceFreed();
     return m_dismissed ? static_cast<int>(QDialog::Rejected) : result;
 }
@@ -28,9 +29,10 @@ Prompts::Answer Prompts::ask(const QString &title, const QString &text, const QS
     return askIn(box, about);
 }
 
-Prompts::Answer Prompts::askCarefully(const QString &title, const QString &text, const QString &about)
+Prompts::Answer
+Prompts::askCarefully(const QString &title, const QString &text, const QString &about, QWidget *parent)
 {
-    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, m_window);
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, parentOr(parent));
     box.setDefaultButton(QMessageBox::No);
     return askIn(box, about);
 }
@@ -63,7 +65,8 @@ void Prompts::showError(const QString &text, const QString &details, RepoEnums::
 
 void Prompts::showNextError()
 {
-    if (m_errors.isEmpty() || !m_errorBox.isNull())
+    // A box that a modal dialog covers gets no keys, and on some desktops never again.
+    if (m_errors.isEmpty() || !m_errorBox.isNull() || !m_dialogs.isEmpty())
         return;
     const QList<Error> errors = m_errors;
     m_errors.clear();
@@ -121,13 +124,14 @@ QString Prompts::directory(const QString &title, const QString &folder, QWidget 
     return run(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
-int Prompts::choose(const QString &title, const QString &label, const QStringList &items)
+int Prompts::choose(const QString &title, const QString &label, const QStringList &items, int current)
 {
     QInputDialog dialog(m_window);
     dialog.setWindowTitle(title);
     dialog.setLabelText(label);
     dialog.setComboBoxItems(items);
     dialog.setComboBoxEditable(false);
+    dialog.setTextValue(items.value(current));
     return run(dialog) == QDialog::Accepted ? items.indexOf(dialog.textValue()) : -1;
 }
 

@@ -37,9 +37,15 @@ public:
     Answer
     ask(const QString &title, const QString &text, const QString &about = {}, QWidget *parent = nullptr);
     /** Like ask(), for what cannot be undone: Enter in haste says no. */
-    Answer askCarefully(const QString &title, const QString &text, const QString &about = {});
+    Answer askCarefully(const QString &title,
+                        const QString &text,
+                        const QString &about = {},
+                        QWidget *parent = nullptr);
     void warn(const QString &title, const QString &text, QWidget *parent = nullptr);
-    /** Shows an error without waiting for the user. What arrives while it is shown comes in one box afterwards. */
+    /**
+     * Shows an error without waiting for the user. What arrives while it is shown, or while a dialog is open that
+     * would cover it, comes in one box afterwards.
+     */
     void showError(const QString &text,
                    const QString &details = {},
                    RepoEnums::ErrorType type = RepoEnums::CRITICAL);
@@ -48,8 +54,8 @@ public:
     QStringList openFiles(const QString &title, const QString &folder, const QString &filter);
     /** Asks for an existing folder; empty when cancelled. */
     QString directory(const QString &title, const QString &folder, QWidget *parent = nullptr);
-    /** Asks for one of `items`; -1 when cancelled. */
-    int choose(const QString &title, const QString &label, const QStringList &items);
+    /** Asks for one of `items`, offering the one at `current` first; -1 when cancelled. */
+    int choose(const QString &title, const QString &label, const QStringList &items, int current);
 
     bool isOpen() const;
     /** Closes every open dialog without an answer and opens no more. */
