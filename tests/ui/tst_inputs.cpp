@@ -2,7 +2,6 @@
 #include "support/literals.h"
 #include "support/testenvironment.h"
 #include "ui/checkcombobox.h"
-#include "ui/delayedlineedit.h"
 #include "ui/newreporules.h"
 #include "ui/repositoryremoval.h"
 #include "ui/singlespacevalidator.h"
@@ -77,19 +76,6 @@ private Q_SLOTS:
         QCOMPARE(box.count(), 4);
         QTest::keyClick(&box, Qt::Key_Space);
         QTRY_VERIFY(box.view()->isVisible());
-    }
-
-    void delayedEditReportsOnce()
-    {
-        DelayedLineEdit edit;
-        QSignalSpy spy(&edit, &DelayedLineEdit::delayedTextChanged);
-        edit.setText("set by the program"_s);
-        edit.clear();
-        QTest::keyClicks(&edit, "bash"_s);
-        QVERIFY(spy.isEmpty());
-        QVERIFY(spy.wait(2000));
-        QVERIFY(!spy.wait(DelayedLineEdit::DelayMilliseconds + 100));
-        QCOMPARE(spy, QList<QVariantList>{{"bash"_s}});
     }
 
     void repositoryRules_data()

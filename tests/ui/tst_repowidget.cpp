@@ -6,10 +6,10 @@
 #include "ui/packagestatusline.h"
 #include "ui/repotreeview.h"
 #include "ui/repowidget.h"
+#include "ui/sections.h"
 
 #include <QAction>
 #include <QApplication>
-#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -37,7 +37,8 @@ class RepoWidgetTest : public QObject
             return "Package: " + name
                    + "\nVersion: 1.0-1\nArchitecture: amd64\nMaintainer: T. <t@example.org>\nSection: "
                    + section + "\nFilename: pool/main/" + name
-                   + "_1.0-1_amd64.deb\nDescription: a tool\n It <b>runs</b>.\n\n";
+                   + "_1.0-1_amd64.deb\nDescription: a tool & more\n It <b>runs</b>\n well.\n .\n .\n "
+                     "End.\n\n";
         }
 
         /** Opens a repository as reprepro exports it, as far as opening reads it. */
@@ -58,11 +59,12 @@ class RepoWidgetTest : public QObject
         {
             return static_cast<Page>(child<QStackedWidget>(tab, "m_stackedWidget")->currentIndex());
         }
-        QString labels(const QList<const char *> &names) const
+        /** The texts of the labels m_NAMELabel. */
+        QString labels(const char *names) const
         {
             QStringList texts;
-            for (const char *name : names)
-                texts += child<QLabel>(tab, name)->text();
+            for (const QByteArray &name : QByteArray(names).split(' '))
+                texts += child<QLabel>(tab, QByteArray("m_" + name + "Label").constData())->text();
             return texts.join("|"_s);
         }
         QString selectedNames() const
@@ -89,14 +91,8 @@ private Q_SLOTS:
         QCOMPARE(f.line->total(), 3);
         QCOMPARE(f.line->counter(DependUndefined), 3);
         QCOMPARE(f.tab.cursor().shape(), Qt::ArrowCursor);
-        QCOMPARE(f.labels({"m_repoComponentsLabel",
-                           "m_repoCodenameLabel",
-                           "m_repoSuiteLabel",
-                           "m_repoVersionLabel",
-                           "m_repoArchLabel",
-                           "m_repoSignLabel"}),
+        QCOMPARE(f.labels("repoComponents repoCodename repoSuite repoVersion repoArch repoSign"),
                  "main contrib|dogwood|stable|1.6|amd64|Signed"_s);
-
         QSignalSpy close(&f.tab, &RepoWidget::needCloseRepo);
         f.tab.setCurrentItem(f.item("bash"));
         f.tab.repoShell()->closeRepo();
@@ -115,12 +111,12 @@ private Q_SLOTS:
         QCOMPARE(f.page(), RepositoryPage);
         f.tab.setCurrentItem(f.item("bash"));
         QCOMPARE(f.page(), PackagePage);
-        QCOMPARE(f.labels({"m_packageLabel", "m_versionLabel", "m_componentLabel", "m_sectionLabel"}),
-                 "bash|1.0-1|main|Shells (shells)"_s);
-        QCOMPARE(f.labels({"m_maintainerLabel", "m_decriptionLabel", "m_packageSignLabel"}),
-                 "T. <t@example.org>|<b>a tool</b><br> It &lt;b&gt;runs&lt;/b&gt;.|Unsigned"_s);
+        QCOMPARE(f.labels("package version component section maintainer packageSign"),
+                 "bash|1.0-1|main|Shells (shells)|T. <t@example.org>|Unsigned"_s);
+        QCOMPARE(f.labels("decription"),
+                 "<b>a tool &amp; more</b><br> It &lt;b&gt;runs&lt;/b&gt;<br> well.<br><br><br> End."_s);
         f.tab.setSignatureLookup([](const PackageInfo &) { return "Key"_s; });
-        QCOMPARE(f.labels({"m_packageSignLabel"}), "Key"_s);
+        QCOMPARE(f.labels("packageSign"), "Key"_s);
         f.tab.setCurrentItem(f.item("Shells"));
         QCOMPARE(f.page(), NoPage);
         // A record that cannot be read.
@@ -128,8 +124,7 @@ private Q_SLOTS:
         QTRY_VERIFY(f.shows("lost"));
         f.tab.setCurrentItem(f.item("lost"));
         QCOMPARE(f.page(), ErrorPage);
-        QVERIFY(
-            f.labels({"m_packageErrorLabel"}).startsWith("<b>Failed to get package information</b><br> "_s));
+        QVERIFY(f.labels("packageError").startsWith("<b>Failed to get package information</b><br> "_s));
     }
 
     void selectionAndSearch()
@@ -186,25 +181,48 @@ private Q_SLOTS:
         QVERIFY(f.tree->isExpanded(f.item("my repo")) && f.tree->isExpanded(f.item("main")));
         f.tab.setCurrentItem(f.item("first"));
         Q_EMIT f.tab.repoShell()->packageChanged(first.version("2"_s).build());
-        QTRY_COMPARE(f.labels({"m_versionLabel"}), "2"_s);
+        QTRY_COMPARE(f.labels("version"), "2"_s);
         QSignalSpy empty(&f.tab, &RepoWidget::childCountIsZero);
         Q_EMIT f.tab.repoShell()->packageRemoved(first.build());
         QTRY_COMPARE(empty.count(), 1);
         QVERIFY(f.page() != PackagePage);
     }
 
-    void publicationForm()
+    void sections()
     {
-        Fixture f;
-        auto *address = child<QComboBox>(f.tab, "m_ipAddrComboBox");
-        address->setEditText("1.2.3"_s);
-        QVERIFY(!address->lineEdit()->hasAcceptableInput());
-        address->setEditText("300.1.1.1"_s);
-        QVERIFY(address->lineEdit()->hasAcceptableInput());
-        QCOMPARE(child<QComboBox>(f.tab, "m_srvTypeComboBox")->currentIndex(), -1);
-        child<QLineEdit>(f.tab, "m_srcLineEdit")->setText("deb http://x"_s);
-        f.tab.copySrcLineEdit();
-        QCOMPARE(QGuiApplication::clipboard()->text(), "deb http://x"_s);
+        QCOMPARE(Sections::codes().size(), 63);
+        QCOMPARE(Sections::codes().removeDuplicates(), 0);
+        QCOMPARE(Sections::displayName("kde"_s), "kde"_s);
+        QCOMPARE(Sections::displayName("KDE"_s), "KDE Desktop Environment"_s);
+        QCOMPARE(Sections::nameWithCode("%1"_s), "%1"_s);
+        QCOMPARE(Sections::textInBrackets("Tools [a] and [b]!"_s), "a] and [b"_s);
+        QCOMPARE(Sections::textInBrackets("none []"_s), QString());
+    }
+
+    void counters()
+    {
+        PackageStatusLine line;
+        line.setCounters(2, 0, 40);
+        line.setTotal(42);
+        line.decrease(DependError); // shows 0
+        line.decrease(DependUndefined);
+        line.increase(DependError);
+        line.increase(DependError);
+        line.increase(2); // no check applies
+        QStringList texts;
+        for (const char *name : {"m_undefinedLabel", "m_errorLabel", "m_successLabel", "m_totalLabel"})
+            texts += child<QLabel>(line, name)->text();
+        QCOMPARE(texts.join("|"_s), "1|2|40|Total: 44 package(s)"_s);
+    }
+
+    void publicationAddress()
+    {
+        RepoWidget tab;
+        auto *address = child<QComboBox>(tab, "m_ipAddrComboBox");
+        for (const char *text : {"1.2.3", "300.1.1.1"}) {
+            address->setEditText(QString::fromLatin1(text));
+            QCOMPARE(address->lineEdit()->hasAcceptableInput(), text[0] == '3');
+        }
     }
 };
 
