@@ -10,7 +10,7 @@ QStringList PackageInfo::depends() const
 
 QString PackageInfo::filePath() const
 {
-    const QString file = poolFile.isEmpty() ? control.field("Filename") : poolFile;
+    QString file = poolFile.isEmpty() ? control.field("Filename") : poolFile;
     if (file.isEmpty() || root.isEmpty())
         return file;
     return root + QLatin1Char('/') + file;

@@ -117,7 +117,7 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
 
 ProcessResult ExportSession::exportNow()
 {
-    const ProcessResult result = m_run(ReproCommand::exportIndices(), {});
+    ProcessResult result = m_run(ReproCommand::exportIndices(), {});
     m_exportOwed = !result.succeeded();
     if (!m_exportOwed)
         clearMarker(m_repoPath);

@@ -23,7 +23,7 @@ PackageInfoPtr PackageList::take(const PackageKey &key)
 {
     const QMutexLocker lock(&m_mutex);
     buildIndex();
-    const PackageInfoPtr package = m_byKey.take(key);
+    PackageInfoPtr package = m_byKey.take(key);
     if (package)
         m_packages.removeOne(package);
     return package;

@@ -8,6 +8,7 @@
 
 #include <cstring>
 #include <unordered_map>
+#include <utility>
 
 namespace
 {
@@ -36,8 +37,8 @@ Bytes trimmed(Bytes text)
 class Sections
 {
 public:
-    explicit Sections(const QString &indexComponent)
-        : m_indexComponent(indexComponent)
+    explicit Sections(QString indexComponent)
+        : m_indexComponent(std::move(indexComponent))
     { }
 
     const PackageField::SectionValue &of(Bytes value)
@@ -58,11 +59,11 @@ private:
 class RecordBuilder
 {
 public:
-    RecordBuilder(const ControlText::Owner &owner, const IndexPlace &place, const QString &root)
-        : m_owner(owner)
-        , m_place(place)
-        , m_root(root)
-        , m_sections(place.component)
+    RecordBuilder(ControlText::Owner owner, IndexPlace place, QString root)
+        : m_owner(std::move(owner))
+        , m_place(std::move(place))
+        , m_root(std::move(root))
+        , m_sections(m_place.component)
     { }
 
     void begin(const char *start, Bytes name)

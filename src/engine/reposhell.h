@@ -193,7 +193,7 @@ private:
     bool mayChange(const QString &newPath);
     bool moveRepo(const QString &newPath);
     bool rewriteRepo(const RepoInfo &info, QString *details);
-    void removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &newInfo);
+    void removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &newInfo) const;
     bool exportOrGiveUpSigning(RepoInfo info);
 
     // --- add and remove: reposhell_packages.cpp

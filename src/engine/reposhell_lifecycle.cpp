@@ -325,7 +325,7 @@ bool RepoShell::rewriteRepo(const RepoInfo &info, QString *details)
     return exported;
 }
 
-void RepoShell::removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &newInfo)
+void RepoShell::removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &newInfo) const
 {
     const QDir dists(path() + QLatin1String("/dists"));
     if (oldInfo.codename != newInfo.codename) {

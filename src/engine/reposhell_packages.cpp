@@ -18,6 +18,7 @@
 #include <QtConcurrent>
 
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -57,8 +58,8 @@ PackageFile readPackageFile(const QString &path)
 class PackageFileReader
 {
 public:
-    explicit PackageFileReader(const QStringList &paths)
-        : m_paths(paths)
+    explicit PackageFileReader(QStringList paths)
+        : m_paths(std::move(paths))
     {
         startNext();
     }

@@ -271,6 +271,7 @@ private Q_SLOTS:
         QCOMPARE(h.trouble(), QString());
         QCOMPARE(h.listed().size(), 2);
         signer->signedFiles.clear();
+        checker->checked.clear();
         h.add(file, options);
         QCOMPARE(signer->signedFiles, file);
         QCOMPARE(h.find(Foo)->dependStatus(), DependError);
