@@ -219,10 +219,10 @@ private Q_SLOTS:
     {
         RepoWidget tab;
         auto *address = child<QComboBox>(tab, "m_ipAddrComboBox");
-        for (const char *text : {"1.2.3", "300.1.1.1"}) {
-            address->setEditText(QString::fromLatin1(text));
-            QCOMPARE(address->lineEdit()->hasAcceptableInput(), text[0] == '3');
-        }
+        address->setEditText("1.2.3"_s);
+        QVERIFY(!address->lineEdit()->hasAcceptableInput());
+        address->setEditText("10.1.1.1"_s);
+        QVERIFY(address->lineEdit()->hasAcceptableInput());
     }
 };
 
