@@ -153,7 +153,7 @@ QString PackageTree::keyOf(int id) const
         return keyOf(entry.parent) + entry.code + Separator;
     const PackageInfo &package = *entry.package;
     const QString type = QString::number(static_cast<int>(package.type));
-    return QStringList{package.name, package.component, package.architecture, type}.join(Separator);
+    return QStringList{package.name, package.indexComponent, package.architecture, type}.join(Separator);
 }
 
 int PackageTree::idOfKey(const QString &key) const

@@ -130,8 +130,9 @@ private Q_SLOTS:
         const QString repo = parent + "/my-repo"_s;
         // Created by keyboard alone: the path has the focus, the rest comes by Tab.
         const Script create{inDialog<NewRepoDialog>("Repository creation"_s, [&](NewRepoDialog &dialog) {
-            if (dialog.repoInfo().codename.isEmpty()
-                || dialog.focusWidget()->objectName() != "m_pathLineEdit"_s)
+            const QWidget *focus = dialog.focusWidget();
+            if (dialog.repoInfo().codename.isEmpty() || focus == nullptr
+                || focus->objectName() != "m_pathLineEdit"_s)
                 return false;
             for (const QString &typed : QStringList{parent, {}, "my-repo"_s, "birch"_s, "testing"_s}) {
                 if (!typed.isEmpty()) {
