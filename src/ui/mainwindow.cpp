@@ -6,6 +6,7 @@
 #include "platform/veltaboutdialog.h"
 #include "platform/windowgeometry.h"
 #include "ui/closingsequence.h"
+#include "ui/emptypage.h"
 #include "ui/jobfeedback.h"
 #include "ui/packagecommands.h"
 #include "ui/packagedrop.h"
@@ -51,6 +52,8 @@ MainWindow::MainWindow()
 {
     m_ui->setupUi(this);
     m_ui->tabWidget->setCurrentIndex(-1);
+    m_emptyPage = new EmptyPage(m_ui->m_newRepoAction, m_ui->m_openRepoAction, m_ui->centralWidget);
+    m_ui->verticalLayout->addWidget(m_emptyPage);
     buildLogDock();
     buildDependsMenu();
     giveToolButtonsIcons();
@@ -69,6 +72,7 @@ MainWindow::MainWindow()
     connect(m_tabs, &RepoTabs::created, this, &MainWindow::connectTab);
     connect(m_tabs, &RepoTabs::currentChanged, this, &MainWindow::updateTitle);
     connect(m_tabs, &RepoTabs::currentChanged, this, &MainWindow::updateActions);
+    connect(m_tabs, &RepoTabs::currentChanged, this, &MainWindow::updateCentralArea);
     connect(m_tabs, &RepoTabs::moved, this, &MainWindow::updateTitle);
     connect(m_tabs, &RepoTabs::runningChanged, this, &MainWindow::updateActions);
     connect(m_tabs, &RepoTabs::leaving, this, [this](const RepoWidget *widget) {
@@ -91,6 +95,7 @@ MainWindow::MainWindow()
     showChoices();
     updateTitle();
     updateActions();
+    updateCentralArea();
     m_repositories->reopen(storedPaths(settings, SettingsKey::RecentOpennedRepos));
 }
 
@@ -265,6 +270,13 @@ void MainWindow::updateTitle()
     const RepoWidget *widget = m_tabs->current();
     setWindowTitle(widget == nullptr ? windowName()
                                      : windowName() + QLatin1String(": ") + m_tabs->pathOf(widget));
+}
+
+void MainWindow::updateCentralArea()
+{
+    const bool empty = m_tabs->current() == nullptr;
+    m_ui->tabWidget->setVisible(!empty);
+    m_emptyPage->setVisible(empty);
 }
 
 void MainWindow::showChoices()

@@ -8,6 +8,7 @@
 #include <memory>
 
 class ClosingSequence;
+class EmptyPage;
 class JobFeedback;
 class PackageCommands;
 class Prompts;
@@ -64,6 +65,7 @@ private:
     void connectTab(RepoWidget *widget);
     void updateActions();
     void updateTitle();
+    void updateCentralArea();
     void showChoices();
     void serveArrivals();
     void onExtendedLogChanged(bool inExtended);
@@ -73,6 +75,7 @@ private:
     void saveState();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
+    EmptyPage *m_emptyPage; ///< in place of the tabs while there is none
     QDockWidget *m_logDock;
     QPlainTextEdit *m_log;
     QAction *m_showLogAction;

@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QToolButton>
 #include <QtTest>
 
@@ -366,6 +367,14 @@ private Q_SLOTS:
         QCOMPARE(m_driver->tabs()->count(), 0);
         QCOMPARE(m_driver->window().windowTitle(), "velt-admin-repo"_s);
         QVERIFY(!m_driver->action("m_removeRepoAction")->isEnabled());
+        // With nothing open the window offers what comes first.
+        QVERIFY(!m_driver->tabs()->isVisible());
+        auto *create = child<QPushButton>(m_driver->window(), "m_newRepoButton");
+        const Script dialog{answer("Repository creation"_s, "Cancel"_s)};
+        QTest::keyClick(create, Qt::Key_Return);
+        QVERIFY(dialog.isDone());
+        QVERIFY(restart({repo}));
+        QVERIFY(!child<QPushButton>(m_driver->window(), "m_newRepoButton")->isVisible());
     }
 
     void twoTabsAskAtOnce()
