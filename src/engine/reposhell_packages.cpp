@@ -63,6 +63,10 @@ public:
     {
         startNext();
     }
+    /** No program of a job outlives it. */
+    ~PackageFileReader() { m_reading.waitForFinished(); }
+    PackageFileReader(const PackageFileReader &) = delete;
+    PackageFileReader &operator=(const PackageFileReader &) = delete;
 
     PackageFile next()
     {
