@@ -28,6 +28,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QSettings>
 #include <QShortcut>
 #include <QToolButton>
@@ -105,17 +106,20 @@ MainWindow::~MainWindow() = default;
 
 void MainWindow::buildLogDock()
 {
-    constexpr int MinimumHeight = 100;
+    // A small screen with large fonts has only a few hundred pixels for all parts of the window.
+    const int minimumHeight = qBound(50, screen()->availableGeometry().height() / 6, 100);
     constexpr int MaximumHeight = 150;
     constexpr int MaximumLines = 10000;
     m_logDock->setObjectName(QStringLiteral("logDockWidget"));
     m_logDock->setWindowTitle(tr("Extended log"));
     m_logDock->setAllowedAreas(Qt::TopDockWidgetArea | Qt::BottomDockWidgetArea);
-    m_logDock->setMinimumHeight(MinimumHeight);
+    m_logDock->setMinimumHeight(minimumHeight);
     m_logDock->setMaximumHeight(MaximumHeight);
     m_log->setObjectName(QStringLiteral("m_logTextEdit"));
     m_log->setReadOnly(true);
     m_log->setMaximumBlockCount(MaximumLines);
+    // Its own wish grows with the font and would outdo the limits of the dock.
+    m_log->setMinimumHeight(1);
     m_logDock->setWidget(m_log);
     addDockWidget(Qt::BottomDockWidgetArea, m_logDock);
     m_logDock->hide();

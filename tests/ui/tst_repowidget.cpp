@@ -215,6 +215,14 @@ private Q_SLOTS:
         QCOMPARE(texts.join("|"_s), "1|2|40|Total: 44 package(s)"_s);
     }
 
+    void shrinksBelowItsForms()
+    {
+        const RepoWidget tab;
+        const int form = child<QWidget>(tab, "m_publicParamsWidget")->minimumSizeHint().height();
+        for (const char *name : {"comboWidget", "m_stackedWidget"})
+            QVERIFY2(child<QWidget>(tab, name)->minimumSizeHint().height() < form, name);
+    }
+
     void publicationAddress()
     {
         RepoWidget tab;
