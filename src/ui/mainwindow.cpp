@@ -8,6 +8,7 @@
 #include "ui/closingsequence.h"
 #include "ui/emptypage.h"
 #include "ui/jobfeedback.h"
+#include "ui/mnemonics.h"
 #include "ui/packagecommands.h"
 #include "ui/packagedrop.h"
 #include "ui/prompts.h"
@@ -58,6 +59,7 @@ MainWindow::MainWindow()
     buildLogDock();
     buildDependsMenu();
     giveToolButtonsIcons();
+    Mnemonics::mark(m_ui->menuBar, m_ui->m_recentReposMenu);
 
     m_tabs = new RepoTabs(m_ui->tabWidget, this);
     m_feedback = new JobFeedback(*m_tabs, *m_prompts, m_ui->m_statusBar, m_log, this);

@@ -373,6 +373,10 @@ private Q_SLOTS:
         const Script dialog{answer("Repository creation"_s, "Cancel"_s)};
         QTest::keyClick(create, Qt::Key_Return);
         QVERIFY(dialog.isDone());
+        // Menus have keys of their own, which are not shown elsewhere.
+        QCOMPARE(m_driver->action("m_quitAction")->text(), "E&xit"_s);
+        QCOMPARE(m_driver->action("m_publishRepoAction")->toolTip(), "Publish repository"_s);
+        QVERIFY(!create->text().contains("&"_s));
         QVERIFY(restart({repo}));
         QVERIFY(!child<QPushButton>(m_driver->window(), "m_newRepoButton")->isVisible());
     }

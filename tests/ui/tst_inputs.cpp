@@ -2,6 +2,7 @@
 #include "support/literals.h"
 #include "support/testenvironment.h"
 #include "ui/checkcombobox.h"
+#include "ui/mnemonics.h"
 #include "ui/newreporules.h"
 #include "ui/repositoryremoval.h"
 #include "ui/singlespacevalidator.h"
@@ -20,6 +21,28 @@ class TestInputs : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void mnemonics_data()
+    {
+        QTest::addColumn<QString>("texts");
+        QTest::addColumn<QString>("marked");
+        QTest::newRow("first letters, then other words, then any") << "Remove|Remove tab|Rem|rr"_s
+                                                                   << "&Remove|Remove &tab|R&em|rr"_s;
+        QTest::newRow("beginnings go first") << "Bb|Ba|Ab"_s
+                                             << "&Bb|Ba|&Ab"_s;
+        QTest::newRow("nothing to mark") << "|...|&|&&|File"_s
+                                         << "|...|&|&&|&File"_s;
+        QTest::newRow("marks stay, whatever the case") << "Edit|&exit|E&&x"_s
+                                                       << "E&dit|&exit|E&&&x"_s;
+        QTest::newRow("other scripts and digits") << "\u00D6l|\u00F6d|1 2"_s
+                                                  << "&\u00D6l|\u00F6&d|&1 2"_s;
+    }
+
+    void mnemonics()
+    {
+        QFETCH(const QString, texts);
+        QTEST(Mnemonics::marked(texts.split("|"_s)).join("|"_s), "marked");
+    }
+
     void singleSpaces()
     {
         const SingleSpaceValidator validator(QRegularExpression("[a-z|0-9|\\-|\\s]+"_s));
