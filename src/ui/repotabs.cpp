@@ -114,6 +114,7 @@ void RepoTabs::show(RepoWidget *widget)
     const int index = m_tabWidget->addTab(widget, tabText(tab->path));
     m_tabWidget->setTabToolTip(index, tab->path);
     m_tabWidget->setCurrentIndex(index);
+    widget->setFocus();
 }
 
 void RepoTabs::bringToFront(RepoWidget *widget)

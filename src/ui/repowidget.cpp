@@ -34,6 +34,8 @@ RepoWidget::RepoWidget(QWidget *parent)
     m_ui->setupUi(this);
     m_ui->m_splitter->setStretchFactor(0, 2);
     m_ui->m_splitter->setStretchFactor(1, 3);
+    // In the search line the keys of the commands would edit text.
+    setFocusProxy(m_ui->m_repoTreeView);
     setUpTree();
     setUpSearch();
     setUpPublication();

@@ -152,6 +152,9 @@ private Q_SLOTS:
         const QByteArray distributions = readFile(repo + "/conf/distributions"_s);
         QVERIFY(distributions.contains("Codename: birch\nSuite: testing\n"));
 
+        // Where the keys of the commands are no editing keys.
+        QCOMPARE(m_driver->window().focusWidget()->objectName(), "m_repoTreeView"_s);
+
         // Added through the file dialog, with the settings asked for, into the component that was chosen there.
         const QString folder = QFileInfo(package("alpha"_s)).path();
         DebBuilder("beta"_s).version("1"_s).udeb().build(folder);
