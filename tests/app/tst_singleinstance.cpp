@@ -128,19 +128,6 @@ private Q_SLOTS:
         QCOMPARE(modeOf(socket()) & 0077U, 0U);
     }
 
-    void killedFirstDoesNotBlockTheNext()
-    {
-        const Start first = startFirst();
-        first->kill();
-        QVERIFY(first->waitForFinished());
-        QVERIFY(QFileInfo::exists(lock()));
-
-        const Start next = start();
-        QTRY_COMPARE_WITH_TIMEOUT(record(), (QStringList{"first"_s, "first"_s}), 2000);
-        QCOMPARE(exitCodeOf(start({"/a.deb"_s})), 255);
-        QTRY_COMPARE(record(), (QStringList{"first"_s, "first"_s, "/a.deb"_s}));
-    }
-
     void unreadableLockIsReplaced()
     {
         // Killed while writing it; the machine was renamed; the process id is in use again.
