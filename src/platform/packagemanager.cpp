@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/packagemanager.h"
+
+#include "core/processutils.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QRegularExpression>
+#include <QStandardPaths>
+#include <QTemporaryFile>
+
+namespace
+{
+/** The listing cuts names to the width of a terminal that the environment may speak of. */
+const QLatin1String listingWidth("1000");
+
+bool isPackageName(const QString &name)
+{
+    static const QRegularExpression pattern(QStringLiteral("\\A[a-z0-9][a-z0-9+.-]+\\z"));
+    return pattern.match(name).hasMatch();
+}
+
+QStringList listingArguments(const QString &package)
+{
+    return {QStringLiteral("-l"), package};
+}
+
+/** Its menu entry's starter asks for the administrator's password; without one only root may start it. */
+QString synapticProgram()
+{
+    const QString starter = QStandardPaths::findExecutable(QStringLiteral("synaptic-pkexec"));
+    return starter.isEmpty() ? QStandardPaths::findExecutable(QStringLiteral("synaptic")) : starter;
+}
+} // namespace
+
+namespace VeltAdmin
+{
+bool PackageManager::listsAsInstalled(const QString &listing, const QString &package)
+{
+    // The first letter is what is wished for, and a package on hold is installed too; an architecture can follow the
+    // name, and another name can begin with it.
+    const QRegularExpression line(
+        QStringLiteral("^[uihrp]i\\s+%1(?::[a-z0-9-]+)?\\s").arg(QRegularExpression::escape(package)),
+        QRegularExpression::MultilineOption);
+    return isPackageName(package) && line.match(listing).hasMatch();
+}
+
+bool PackageManager::isPackageInstalled(const QString &package)
+{
+    if (!isPackageName(package))
+        return false;
+    const ProcessResult result = runProcess({QStringLiteral("dpkg"),
+                                             listingArguments(package),
+                                             {},
+                                             {QLatin1String("COLUMNS=") + listingWidth},
+                                             -1});
+    return listsAsInstalled(result.output, package);
+}
+
+void PackageManager::isPackageInstalled(const QString &package, QObject *context, const Answer &answer)
+{
+    if (!isPackageName(package)) {
+        QMetaObject::invokeMethod(
+            context, [answer] { answer(false); }, Qt::QueuedConnection);
+        return;
+    }
+    auto *process = new QProcess(context);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("COLUMNS"), listingWidth);
+    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    process->setProcessEnvironment(environment);
+    const auto give = [process, package, answer] {
+        process->disconnect();
+        process->deleteLater();
+        answer(listsAsInstalled(QString::fromLocal8Bit(process->readAllStandardOutput()), package));
+    };
+    QObject::connect(
+        process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), context, [give] { give(); });
+    // Queued, so that the answer never comes before this function returns.
+    QObject::connect(
+        process,
+        &QProcess::errorOccurred,
+        context,
+        [give](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart)
+                give();
+        },
+        Qt::QueuedConnection);
+    process->start(QStringLiteral("dpkg"), listingArguments(package), QIODevice::ReadOnly);
+}
+
+bool PackageManager::runSynapticWithPackageSelected(const QString &package, bool refreshLists)
+{
+    const QString program = synapticProgram();
+    if (program.isEmpty() || !isPackageName(package))
+        return false;
+    // What to mark is read from the standard input, which stays open after the file has gone.
+    QTemporaryFile selection;
+    if (!selection.open() || selection.write(package.toLatin1() + "\tinstall\n") < 0 || !selection.flush())
+        return false;
+    QStringList arguments{QStringLiteral("--set-selections")};
+    if (refreshLists)
+        arguments << QStringLiteral("--update-at-startup");
+    QProcess process;
+    process.setProgram(program);
+    process.setArguments(arguments);
+    process.setStandardInputFile(selection.fileName());
+    return process.startDetached();
+}
+} // namespace VeltAdmin
