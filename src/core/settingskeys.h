@@ -16,6 +16,21 @@ inline const QString ShowAddPkgSettings = QStringLiteral("showAddPkgSettings");
 inline const QString ShowPkgVersion = QStringLiteral("showPkgVersion");
 inline const QString AddPkgCheckDepends = QStringLiteral("addPkgCheckDepends");
 inline const QString DependsRepoType = QStringLiteral("dependsRepoType"); ///< see DependsRepoType
+inline const QString BusyHttpPorts = QStringLiteral("busyHttpPorts"); ///< decimal texts
+
+// The group of a published repository: this and the port.
+inline const QString PublishedPrefix = QStringLiteral("Published");
+inline const QString PublishedRepoPath = QStringLiteral("repoPath");
+inline const QString PublishedTrusted = QStringLiteral("trustedRepo");
+inline const QString PublishedArch = QStringLiteral("arch"); ///< separated by blanks
+inline const QString PublishedType = QStringLiteral("type"); ///< see PublicationProtocol
+inline const QString PublishedIp = QStringLiteral("ip");
+
+// Groups, see ExternalRepos.
+inline const QString Aliases = QStringLiteral("Aliases"); ///< names by encoded source
+inline const QString DisabledRepos = QStringLiteral("DisabledRepos"); ///< sources by ExternalRepo
+inline const QString EnabledRepos = QStringLiteral("EnabledRepos"); ///< sources by ExternalRepo
+inline const QString ExternalRepo = QStringLiteral("repo%1"); ///< running number
 } // namespace SettingsKey
 
 /** Where dependencies are looked for; a bit set, stored as a number. */

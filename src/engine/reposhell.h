@@ -37,6 +37,14 @@ class RepoShell : public QObject, public RepoEnums
 {
     Q_OBJECT
 public:
+    /** The file that collides with the package which requestForReplacementHandlingByUser() carries. */
+    struct Newcomer
+    {
+        QString fileName;
+        QString version;
+        bool isLast = false; ///< nothing follows in this job that could collide
+    };
+
     explicit RepoShell(QObject *parent = nullptr);
     /** No job may be running. */
     ~RepoShell() override;
@@ -74,11 +82,19 @@ public:
     /** Absolute path of the package's file in the pool as reprepro knows it. Runs reprepro: not for the interface. */
     QString packageFilePath(const QString &name, const QString &component, const QString &architecture);
 
+    /** The line with which apt on a client uses the open repository; see SourceLine for the arguments. */
+    QString
+    sourceLine(bool trusted, const QString &architectures, int port, int protocol, const QString &host) const;
+    /** Whether this machine's apt has this line from us. Reads a file. */
+    static bool isInLocalSources(const QString &entry);
+
     // --- the running job -------------------------------------------------------------------------------------------
 
     /** The text the running job was announced with; empty once it has been asked to stop. */
     QString startMessage() const;
     int progress() const { return m_progress; }
+    /** What is on its way in while requestForReplacementHandlingByUser() waits for its answer. */
+    Newcomer newcomer() const;
     /** Stores the answer to the pending question(); call it from the slot that question() is connected to. */
     void setAnswer(bool answer) { m_answer = answer; }
     /** Asks the running job to stop after the item it is at. */
@@ -142,6 +158,8 @@ Q_SIGNALS:
 
     /** The job's thread is free again and the engine can be closed; follows finished(). */
     void idle();
+    /** A word for the log about a file that a job has passed over; nobody needs to do anything. */
+    void noted(const QString &text);
     /** createRepoAside() has ended with this result. */
     void repoCreated(int result);
 
@@ -156,6 +174,7 @@ private:
     QString m_lastOutput;
     QString m_lastErrorOutput;
     QStringList m_openRepositories;
+    Newcomer m_newcomer;
 
     PackageList m_packages;
     QFuture<int> m_future;
@@ -172,6 +191,7 @@ private:
     void startJob(std::function<int()> job);
     void jobEnded();
     void setStartMessage(const QString &message);
+    void setNewcomer(const Newcomer &newcomer);
     void resetCancel() { m_canceled = false; }
     bool isCanceled() const { return m_canceled; }
     bool canAsk() const;

@@ -4,18 +4,6 @@
 #include <QSettings>
 #include <QVariant>
 
-namespace
-{
-bool storedBool(const QSettings &settings, const QString &key, bool fallback)
-{
-    // QVariant calls nearly every string true, so a damaged entry would switch things on.
-    const QString text = settings.value(key).toString();
-    if (text == QLatin1String("true"))
-        return true;
-    return text == QLatin1String("false") ? false : fallback;
-}
-} // namespace
-
 UserChoices UserChoices::load(const QSettings &settings)
 {
     const UserChoices defaults;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/settingskeys.h"
+#include "core/storedvalues.h"
 
 #include <QString>
 #include <QStringList>

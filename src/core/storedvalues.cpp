@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/storedvalues.h"
+
+#include <QSettings>
+#include <QVariant>
+
+bool storedBool(const QSettings &settings, const QString &key, bool fallback)
+{
+    // QVariant calls nearly every string true, so a damaged entry would switch things on.
+    const QString text = settings.value(key).toString();
+    if (text == QLatin1String("true"))
+        return true;
+    return text == QLatin1String("false") ? false : fallback;
+}

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/settingskeys.h"
+#include "server/localsources.h"
+#include "server/publicationaddresses.h"
+#include "server/publicationsettings.h"
+#include "support/literals.h"
+#include "support/testenvironment.h"
+
+#include <QSettings>
+#include <QTcpServer>
+#include <QtTest>
+
+class PublicationTest : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void sourceLines()
+    {
+        const auto line = [](bool trusted, const QString &architectures, int protocol) {
+            return SourceLine{
+                trusted, architectures, protocol, "10.0.0.1"_s, 8000, "/srv/%1"_s, "dog"_s, "main a"_s}
+                .text();
+        };
+        QCOMPARE(line(false, {}, HttpProtocol), "deb http://10.0.0.1:8000/ dog main a"_s);
+        QCOMPARE(line(true, "amd64  i386 "_s, FtpProtocol),
+                 "deb [arch=amd64,i386 trusted=yes] ftp://10.0.0.1:8000/ dog main a"_s);
+        QCOMPARE(line(true, " "_s, LocalDirectoryProtocol), "deb [trusted=yes] file:///srv/%1/ dog main a"_s);
+        QCOMPARE(line(false, "all"_s, 7), "deb [arch=all] http://10.0.0.1:8000/ dog main a"_s);
+    }
+
+    void localSources()
+    {
+        using namespace LocalSources;
+        const QString two = "# deb b\ndeb a main contrib\n"_s;
+        QCOMPARE(appended(two, "deb a main"_s), two); // the start of a line is enough
+        QCOMPARE(appended("deb a"_s, "deb b"_s), "deb a\ndeb b\n"_s);
+        QCOMPARE(removed(appended(two, "deb b"_s), "deb b"_s), two);
+        QCOMPARE(removed("deb b\n\n#\ndeb b"_s, "deb b"_s), "\n#\n"_s);
+        QCOMPARE(removed("deb b\n#"_s, "deb b"_s), "#"_s);
+        QCOMPARE(removed("deb b\n"_s, "deb b"_s), QString());
+        QCOMPARE(appended(two, {}) + removed(two, {}), two + two);
+
+        const QTemporaryDir folder;
+        const QString file = folder.filePath("sources.list"_s);
+        QVERIFY(!fileContains("deb a main"_s, file));
+        writeFile(file, two.toUtf8());
+        QVERIFY(fileContains("deb a main"_s, file));
+        QVERIFY(!fileContains("deb b"_s, file) && !fileContains({}, file));
+    }
+
+    void settings()
+    {
+        const QTemporaryDir folder;
+        QSettings store(folder.filePath("x.conf"_s), QSettings::IniFormat);
+        const QStringList garbage{"x"_s, "0"_s, "8001"_s, "65536"_s, "8001"_s, "-1"_s, "8002"_s, QString()};
+        store.setValue(SettingsKey::BusyHttpPorts, garbage);
+        QCOMPARE(PublicationSettings::busyPorts(store), (QList<int>{8001, 8002}));
+        const QHash<QString, QVariant> wrong{{"repoPath"_s, "/srv/a/"_s},
+                                             {"trustedRepo"_s, "perhaps"_s},
+                                             {"arch"_s, QStringList{"a"_s, "b"_s}},
+                                             {"type"_s, 3},
+                                             {"ip"_s, "1.2.3"_s}};
+        for (auto value = wrong.cbegin(); value != wrong.cend(); ++value)
+            store.setValue("Published8002/"_s + value.key(), value.value());
+        QVERIFY(!PublicationSettings::find(store, {}) && !PublicationSettings::find(store, "/srv/b"_s));
+        auto found = PublicationSettings::find(store, "/srv/a"_s);
+        QVERIFY(found && found->trusted && found->architectures.isEmpty() && found->host.isEmpty());
+        QCOMPARE(found->port, 8002);
+        QCOMPARE(found->protocol, int(HttpProtocol));
+
+        const PublicationSettings taken{9000, "/srv/b"_s, false, "i386"_s, FtpProtocol, "10.0.0.1"_s};
+        taken.claim(store);
+        QCOMPARE(store.value(SettingsKey::BusyHttpPorts).toStringList(),
+                 (QStringList{"8001"_s, "8002"_s, "9000"_s}));
+        found = PublicationSettings::find(store, "/srv/b"_s);
+        QVERIFY(found && !found->trusted && found->protocol == FtpProtocol);
+        QCOMPARE(QStringList({found->architectures, found->host}), QStringList({"i386"_s, "10.0.0.1"_s}));
+    }
+
+    void addresses()
+    {
+        QTcpServer server;
+        QVERIFY(server.listen(QHostAddress::LocalHost));
+        const QHostAddress host = server.serverAddress();
+        const auto search = [](const PublicationAddresses::Target &target) {
+            PublicationAddresses addresses(target, nullptr);
+            QSignalSpy found(&addresses, &PublicationAddresses::found);
+            addresses.start();
+            if (!found.wait() || found.first().first().toStringList().contains("127.0.0.1"_s))
+                return "not told, or with what stays inside"_s;
+            found.wait(50); // and never a second time
+            return found.count() == 1 ? found.first().last().toString() : "told twice"_s;
+        };
+        QCOMPARE(search({host, server.serverPort(), 3000}), "127.0.0.1"_s);
+        const quint16 port = server.serverPort();
+        server.close();
+        QCOMPARE(search({host, port, 3000}), QString());
+        QCOMPARE(search({QHostAddress("192.0.2.1"_s), 53, 1}), QString());
+        PublicationAddresses(nullptr).start(); // gone before anything has come
+        QVERIFY(PublicationAddresses::isAddress("300.1.1.1"_s));
+        QVERIFY(!PublicationAddresses::isAddress("1.2.3.4\n"_s));
+    }
+};
+
+VELT_TEST_MAIN(PublicationTest, QCoreApplication)
+#include "tst_publication.moc"
