@@ -26,8 +26,8 @@ struct Source
 QVector<Source> sourcesIn(const QString &text)
 {
     static const QRegularExpression expression(
-        QStringLiteral("(?<src>(http|https|ftp|file):\\/\\S+)\\s+(?<name>\\S+)\\/(?<component>\\S+)\\s+"
-                       "(?<arch>\\S+)\\s"));
+        QStringLiteral("(?<!\\S)(?<src>(?:(?:mirror|tor)\\+)?(http|https|ftp|file|mirror):\\/\\S+)\\s+"
+                       "(?<name>\\S+)\\/(?<component>\\S+)\\s+(?<arch>\\S+)\\s"));
     QVector<Source> sources;
     auto matches = expression.globalMatch(text);
     while (matches.hasNext()) {

@@ -49,8 +49,10 @@ private Q_SLOTS:
         // A suite may contain a slash; translations and unknown schemes are no sources.
         QCOMPARE(AptOutput::sourceLines(" 500 https://h/debian dogwood/updates/main amd64 Packages\n"
                                         " 500 copy:/srv/r dogwood/main amd64 Packages\n"
-                                        " 500 http://h/r dogwood/main Translation-en\n"_s),
-                 QStringList{"https://h/debian dogwood/updates main"_s});
+                                        " 500 http://h/r dogwood/main Translation-en\n"
+                                        " 500 mirror+file:/etc/mirrors dogwood/main amd64 Packages\n"_s),
+                 (QStringList{"https://h/debian dogwood/updates main"_s,
+                              "mirror+file:/etc/mirrors dogwood main"_s}));
     }
 
     void shownVersions()

@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "depends/aptoutput.h"
+#include "depends/externalrepos.h"
+#include "support/literals.h"
+#include "support/testenvironment.h"
+
+#include <QtTest>
+
+namespace
+{
+/** The list as "source (alias) known added", with a dash in front of what is switched off, and "?" for neither. */
+QStringList printed(const ExternalRepos &repos)
+{
+    QStringList lines;
+    for (const ExternalRepos::Entry &entry : repos.entries())
+        lines += (entry.enabled ? QString() : "-"_s) + entry.source
+                 + (entry.alias.isEmpty() ? QString() : " ("_s + entry.alias + ")"_s)
+                 + (entry.known ? " known"_s : QString()) + (entry.added ? " added"_s : QString())
+                 + (entry.known || entry.added ? QString() : " ?"_s);
+    return lines;
+}
+
+QStringList knownSources()
+{
+    return AptOutput::sourceLines(
+        QString::fromUtf8(readFile(QStringLiteral(VELT_TEST_DATA "/apt-2.6.2/policy.txt"))));
+}
+
+const QString One = QStringLiteral("file:/tmp/sample/one dogwood contrib main");
+const QString Two = QStringLiteral("file:/tmp/sample/two dogwood main");
+} // namespace
+
+class TestExternalRepos : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_folder;
+    const QString m_file = m_folder.filePath("s.conf"_s);
+
+    ExternalRepos stored() const
+    {
+        QSettings settings(m_file, QSettings::IniFormat);
+        return ExternalRepos::load(settings);
+    }
+    bool store(const ExternalRepos &repos) const
+    {
+        QSettings settings(m_file, QSettings::IniFormat);
+        return repos.save(settings);
+    }
+
+private Q_SLOTS:
+    void init() { QFile::remove(m_file); }
+
+    void sources_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("kept"); // empty: refused
+        QTest::addColumn<QString>("reason");
+        const auto kept = [](const char *typed, const char *expected) {
+            QTest::newRow(typed) << QString::fromUtf8(typed) << QString::fromUtf8(expected) << QString();
+        };
+        const auto refused = [](const char *typed, const char *reason) {
+            QTest::newRow(typed) << QString::fromUtf8(typed) << QString() << QString::fromUtf8(reason);
+        };
+        kept("  deb\t[ arch=amd64  trusted=yes ]  HTTP://h:80/r   s  main\tcontrib \n",
+             "[arch=amd64 trusted=yes] http://h:80/r s main contrib");
+        kept("[]https://u:p@h s/updates main", "https://u:p@h s/updates main");
+        kept("[arch+=i386]http://[::1]:8080/r s main", "[arch+=i386] http://[::1]:8080/r s main");
+        kept("file:///srv/r ./", "file:///srv/r ./");
+        kept("file:/srv/хранилище /", "file:/srv/хранилище /");
+        kept("mirror+file:/etc/apt/mirrors s main", "mirror+file:/etc/apt/mirrors s main");
+        kept("tor+https://h/r s main", "tor+https://h/r s main");
+        kept("ftp://h:2121/r s main", "ftp://h:2121/r s main");
+        refused("", "Enter the address");
+        refused(" deb ", "not the address");
+        refused("http://h s main\ndeb http://evil s main", "line break");
+        refused("http://h\xe2\x80\x8b s main", "invisible");
+        refused("deb-src http://h s main", "source packages");
+        refused("http://h s main # comment", "character #");
+        refused("http://h/\"x s main", "character \"");
+        refused("[arch] http://h s main", "options");
+        refused("[arch=amd64 http://h s main", "options");
+        refused("/srv/r s main", "not the address");
+        refused("cdrom:[Disc]/ s main", "Mount it");
+        refused("gopher://h/r s main", "\"gopher:\"");
+        refused("file:srv/r s main", "begins with a slash");
+        refused("http:/h s main", "no host");
+        refused("http://h:port/r s main", "no host");
+        refused("[arch=i386] http://h", "suite is missing");
+        refused("http://h s", "components are missing");
+        refused("http://h s/ main", "no components");
+        refused("http://h s [main", "Square brackets");
+    }
+
+    void sources()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, kept);
+        QFETCH(QString, reason);
+        ExternalRepos repos;
+        const QString refusal = ExternalRepos::refusal(typed);
+        QCOMPARE(refusal.isEmpty(), reason.isEmpty());
+        QVERIFY2(refusal.contains(reason), qPrintable(refusal));
+        QCOMPARE(repos.setSource(typed), reason.isEmpty());
+        QCOMPARE(repos.entries().value(0).source, kept);
+        // What is kept is accepted again, and is the same source.
+        if (!kept.isEmpty())
+            QVERIFY(ExternalRepos::refusal(kept).isEmpty() && !repos.setSource(kept));
+    }
+
+    void theSameSourceInOtherWords()
+    {
+        ExternalRepos repos;
+        repos.merge(knownSources());
+        QCOMPARE(printed(repos), (QStringList{Two + " known"_s, One + " known"_s}));
+        QVERIFY(!repos.setSource("deb file:///tmp/sample/one/ dogwood main contrib main"_s));
+        QVERIFY(!repos.setSource("http://h s main"_s, 0) && !repos.remove(0));
+        QVERIFY(repos.setSource("[arch=i386] file:/tmp/sample/one dogwood main contrib"_s));
+        QVERIFY(repos.setSource("http://user:secret@h/ s main"_s));
+        QVERIFY(!repos.setSource("http://h s main"_s));
+        QVERIFY(repos.setSource("http://h s contrib"_s, 3));
+        QCOMPARE(repos.entries().size(), 4);
+    }
+
+    void survivesBetweenRuns()
+    {
+        ExternalRepos repos = stored();
+        repos.merge(knownSources());
+        const QString own = "http://h/a%20b s/ü main"_s;
+        QVERIFY(repos.setSource(own) && repos.setSource("http://off s main"_s));
+        repos.setEnabled(0, false);
+        repos.setEnabled(3, false);
+        repos.setAlias(1, " One,\n=@ 50% / \xd0\xb4 "_s);
+        repos.setAlias(2, "@own"_s);
+        const QStringList all{"-"_s + Two + " known"_s,
+                              One + " (One, =@ 50% / д) known"_s,
+                              own + " (@own) added"_s,
+                              "-http://off s main added"_s};
+        QCOMPARE(printed(repos), all);
+        QVERIFY(store(repos));
+        QCOMPARE(repos.enabledSources(), (QStringList{One, own}));
+
+        // While apt knows nothing, nothing is lost by storing, and only the user's own is asked.
+        ExternalRepos unasked = stored();
+        QCOMPARE(unasked.enabledSources(), QStringList{own});
+        QVERIFY(store(unasked));
+        unasked.merge({});
+        QVERIFY(store(unasked));
+        ExternalRepos again = stored();
+        again.merge(knownSources());
+        QCOMPARE(printed(again).mid(0, 3), all.mid(0, 3));
+        QCOMPARE(printed(again).value(3), "-http://off s main ?"_s);
+        again.setEnabled(3, true);
+        QCOMPARE(again.enabledSources(), (QStringList{One, own, "http://off s main"_s}));
+
+        // What is removed is gone, with its name.
+        QVERIFY(again.remove(2));
+        QVERIFY(store(again));
+        QVERIFY(!readFile(m_file).contains("own"));
+        QVERIFY(!printed(stored()).join(QLatin1Char('|')).contains(own));
+    }
+
+    void switchedOffStaysSoWithAnotherComponent()
+    {
+        ExternalRepos repos;
+        repos.merge({"http://h s main"_s});
+        repos.setEnabled(0, false);
+        repos.setAlias(0, "H"_s);
+        QVERIFY(store(repos));
+        repos = stored();
+        repos.merge({"http://h s contrib main"_s, "http://h t main"_s});
+        QCOMPARE(printed(repos),
+                 (QStringList{"-http://h s contrib main (H) known"_s, "http://h t main known"_s}));
+        // A component of the user's own is another matter.
+        repos = ExternalRepos();
+        QVERIFY(repos.setSource("http://h s contrib"_s));
+        repos.setEnabled(0, false);
+        repos.merge({"http://h s main"_s});
+        QCOMPARE(printed(repos), (QStringList{"http://h s main known"_s, "-http://h s contrib added"_s}));
+    }
+
+    void garbageGivesNothing()
+    {
+        writeFile(
+            m_file,
+            "Aliases=7\nDisabledRepos=x\n[DisabledRepos]\nrepo1=1, 2\nrepo2=@Invalid()\nrepo3=http://h s\n"
+            "repo4=@ByteArray(http://h s main)\nrepo5=http://h s main\\nx\ndeep\\repo1=http://d s main\n"
+            "[EnabledRepos]\nx=@Variant(\\0\\0\\0\\x7f)\nrepo1=true\nrepo9=deb  http://ok   s main\n"
+            "[Aliases]\n%=a\nhttp%253A%252F%252Fh%2520s%2520main=\nhttp%253A%252F%252Fb%2520s%2520m=a, b\n");
+        QCOMPARE(printed(stored()), (QStringList{"-http://h s main ?"_s, "http://ok s main added"_s}));
+        const QString folder = m_folder.filePath("file/below"_s);
+        writeFile(m_folder.filePath("file"_s), "x");
+        QSettings nowhere(folder, QSettings::IniFormat);
+        QVERIFY(!stored().save(nowhere));
+    }
+
+    void aliases()
+    {
+        ExternalRepos repos;
+        repos.merge({"http://h/r s main"_s, "http://h/r s/updates main"_s, "file:///srv/q t main"_s});
+        QVERIFY(repos.setSource("[arch=i386,arm64] http://u:p@h/r/ s main"_s));
+        QVERIFY(repos.setSource("http://nameless s main"_s));
+        for (int row = 0; row < 4; ++row)
+            repos.setAlias(row, "alias %1"_s.arg(row));
+        const QMap<QString, QString> expected{{"http://h/r s amd64"_s, "alias 0"_s},
+                                              {"http://h/r s/main amd64"_s, "alias 0"_s},
+                                              {"http://h/r s/updates amd64"_s, "alias 1"_s},
+                                              {"http://h/r s/updates/main amd64"_s, "alias 1"_s},
+                                              {"file:/srv/q t amd64"_s, "alias 2"_s},
+                                              {"http://h/r s i386"_s, "alias 3"_s}};
+        for (auto origin = expected.cbegin(); origin != expected.cend(); ++origin)
+            QCOMPARE(repos.aliasOf(origin.key()), origin.value());
+        for (const char *other :
+             {"http://nameless s amd64", "http://h/r s/contrib amd64", "http://h s amd64", "", " "})
+            QCOMPARE(repos.aliasOf(QLatin1String(other)), QLatin1String(other));
+    }
+};
+
+VELT_TEST_MAIN(TestExternalRepos, QCoreApplication)
+#include "tst_externalrepos.moc"
