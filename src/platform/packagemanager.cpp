@@ -96,7 +96,7 @@ bool PackageManager::runSynapticWithPackageSelected(const QString &package, bool
         return false;
     // What to mark is read from the standard input, which stays open after the file has gone.
     QTemporaryFile selection;
-    if (!selection.open() || selection.write(package.toLatin1() + "\tinstall\n") < 0 || !selection.flush())
+    if (!selection.open() || selection.write(package.toLatin1() + " install\n") < 0 || !selection.flush())
         return false;
     QStringList arguments{QStringLiteral("--set-selections")};
     if (refreshLists)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/newrepodialog.h"
 
+#include "signing/keymanager.h"
+#include "ui/missingpackage.h"
 #include "ui/newreporules.h"
 #include "ui/prompts.h"
 #include "ui/singlespacevalidator.h"
@@ -11,9 +13,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QIcon>
-#include <QProcess>
 #include <QPushButton>
-#include <QStandardPaths>
 
 namespace
 {
@@ -52,10 +52,14 @@ NewRepoDialog::NewRepoDialog(Mode mode, Prompts &prompts, QWidget *parent)
     connect(m_ui->buttonBox, &QDialogButtonBox::accepted, this, &NewRepoDialog::accept);
     connect(m_ui->buttonBox, &QDialogButtonBox::rejected, this, &NewRepoDialog::reject);
 
-    const QString keyManager = QStandardPaths::findExecutable(QStringLiteral("kgpg"));
-    m_ui->m_startKGpgToolButton->setEnabled(!keyManager.isEmpty());
-    connect(m_ui->m_startKGpgToolButton, &QToolButton::clicked, this, [keyManager] {
-        QProcess::startDetached(keyManager, {});
+    auto *keyManager = new KeyManager(this);
+    connect(m_ui->m_startKGpgToolButton, &QToolButton::clicked, keyManager, &KeyManager::start);
+    connect(keyManager, &KeyManager::runningChanged, m_ui->m_startKGpgToolButton, &QWidget::setDisabled);
+    connect(keyManager, &KeyManager::packageMissing, this, [this](const QString &package) {
+        offerMissingPackage(m_prompts, package, this);
+    });
+    connect(keyManager, &KeyManager::startFailed, this, [this](const QString &program) {
+        warnNotStarted(m_prompts, program, this);
     });
 }
 

@@ -3,6 +3,8 @@
 
 #include <QDialog>
 
+class GpgKeysWidget;
+class Prompts;
 class QCheckBox;
 
 /** The general parameters of the program. */
@@ -10,11 +12,17 @@ class ParametersDialog : public QDialog
 {
     Q_OBJECT
 public:
-    explicit ParametersDialog(QWidget *parent = nullptr);
+    explicit ParametersDialog(Prompts &prompts, QWidget *parent = nullptr);
 
     void setShowPackageVersion(bool show);
     bool showPackageVersion() const;
+    /** The key that packages are signed with; what was set stays unless the user chooses another. */
+    void setSignKeyId(const QString &keyId);
+    QString signKeyId() const;
+    /** Hides the choice of the key, where packages are not signed. */
+    void setSigningVisible(bool visible);
 
 private:
     QCheckBox *m_showPkgVersionCheckBox;
+    GpgKeysWidget *m_gpgKeysWidget;
 };

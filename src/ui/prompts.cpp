@@ -37,6 +37,12 @@ Prompts::askCarefully(const QString &title, const QString &text, const QString &
     return askIn(box, about);
 }
 
+Prompts::Answer Prompts::askAfterFailure(const QString &title, const QString &text, QWidget *parent)
+{
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Yes | QMessageBox::No, parentOr(parent));
+    return askIn(box, {});
+}
+
 Prompts::Answer Prompts::askIn(QMessageBox &box, const QString &about)
 {
     box.setTextFormat(Qt::PlainText);

@@ -41,6 +41,8 @@ public:
                         const QString &text,
                         const QString &about = {},
                         QWidget *parent = nullptr);
+    /** Like ask(), when what was wanted failed and the question offers a way out. */
+    Answer askAfterFailure(const QString &title, const QString &text, QWidget *parent = nullptr);
     void warn(const QString &title, const QString &text, QWidget *parent = nullptr);
     /**
      * Shows an error without waiting for the user. What arrives while it is shown, or while a dialog is open that

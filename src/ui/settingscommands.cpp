@@ -60,12 +60,15 @@ void SettingsCommands::showAddPkgSettings()
 
 void SettingsCommands::showParametersDialog()
 {
-    ParametersDialog dialog(qobject_cast<QWidget *>(m_prompts.parent()));
+    ParametersDialog dialog(m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
     dialog.setShowPackageVersion(m_choices.showPkgVersion);
+    dialog.setSignKeyId(m_choices.signKeyId);
+    dialog.setSigningVisible(m_signingOffered);
     if (m_prompts.run(dialog) != QDialog::Accepted)
         return;
     UserChoices choices = m_choices;
     choices.showPkgVersion = dialog.showPackageVersion();
+    choices.signKeyId = dialog.signKeyId();
     setChoices(choices);
 }
 

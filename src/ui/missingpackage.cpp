@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/missingpackage.h"
+
+#include "platform/packagemanager.h"
+#include "ui/prompts.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QWidget>
+
+namespace
+{
+QString text(const char *key)
+{
+    return QCoreApplication::translate("MissingPackage", key);
+}
+} // namespace
+
+void offerMissingPackage(Prompts &prompts, const QString &package, QWidget *parent)
+{
+    const QPointer<QWidget> stillThere(parent);
+    const QString question = text("Package %1 is not installed! Do you want to install it?").arg(package);
+    if (prompts.askAfterFailure(text("Error"), question, parent) != Prompts::Answer::Yes)
+        return;
+    const bool refreshLists = false;
+    if (!VeltAdmin::PackageManager::runSynapticWithPackageSelected(package, refreshLists))
+        prompts.warn(text("Error"),
+                     text("The package manager synaptic cannot be started. Install the package %1 in "
+                          "another way.")
+                         .arg(package),
+                     stillThere);
+}
+
+void warnNotStarted(Prompts &prompts, const QString &program, QWidget *parent)
+{
+    prompts.warn(text("Error"), text("The program %1 cannot be started.").arg(program), parent);
+}
