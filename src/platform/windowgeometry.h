@@ -14,6 +14,6 @@ void veltSaveGeometry(QWidget *window, QSettings &settings, bool saveState);
 
 /**
  * Puts `window` back to what veltSaveGeometry() stored. Without a usable record it gets `defaultRect`. Either way it
- * ends up on a screen that is there now, no larger than that screen.
+ * ends up, with its title bar, on a screen that is there now, no larger than that screen.
  */
 void veltRestoreGeometry(QWidget *window, QSettings &settings, const QRect &defaultRect, bool restoreState);
