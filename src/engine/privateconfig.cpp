@@ -53,7 +53,7 @@ bool runsOtherPrograms(const QString &repoPath, const QString &options)
  * the library it does that with asks gpgconf, gpgsm and others too, if they are on PATH. So PATH holds gpg alone,
  * besides the programs that unpack; and GNUPGHOME holds no keys, so that no agent is woken.
  */
-QStringList leanEnvironment(const QTemporaryDir &folder)
+QStringList leanEnvironment(const ScratchFolder &folder)
 {
     const QDir root(folder.path());
     if (!root.mkdir(QStringLiteral("bin")) || !root.mkdir(QStringLiteral("gnupg")))

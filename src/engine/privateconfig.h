@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/scratchfolder.h"
+
 #include <QStringList>
-#include <QTemporaryDir>
 
 /**
  * A configuration folder beside the repository's own that makes reprepro change the database and the pool without
@@ -32,7 +33,7 @@ public:
     static QString optionsText(const QString &own, Unreferenced unreferenced);
 
 private:
-    QTemporaryDir m_folder;
+    ScratchFolder m_folder;
     QStringList m_environment; ///< the configuration folder first
     bool m_valid = false;
 };

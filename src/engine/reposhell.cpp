@@ -74,6 +74,18 @@ void RepoShell::setStartMessage(const QString &message)
     m_startMessage = message;
 }
 
+RepoShell::Newcomer RepoShell::newcomer() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_newcomer;
+}
+
+void RepoShell::setNewcomer(const Newcomer &newcomer)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_newcomer = newcomer;
+}
+
 void RepoShell::cancel()
 {
     const QMutexLocker lock(&m_mutex);

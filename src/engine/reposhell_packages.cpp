@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Adding and removing packages.
+#include "core/scratchfolder.h"
 #include "depends/dependencychecker.h"
 #include "depends/dpkgoutput.h"
 #include "depends/dpkgutils.h"
@@ -13,7 +14,6 @@
 
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <QThreadPool>
 #include <QtConcurrent>
 
@@ -31,6 +31,20 @@ bool isCollision(RepoEnums::ErrorCode code)
 QString joined(const QStringList &names)
 {
     return names.join(QLatin1String(", "));
+}
+
+/** Why a file that collided stayed out. */
+QString keptText(RepoEnums::ErrorCode collision, const QString &file, const PackageInfo &present)
+{
+    QString text
+        = RepoShell::tr("Not added: %1. The repository holds version %2 (%3) already, which was kept.");
+    if (collision == RepoEnums::PACKAGE_EXISTS_NEW_VERSION)
+        text
+            = RepoShell::tr("Not added: %1. The repository holds the newer version %2 (%3), which was kept.");
+    else if (collision == RepoEnums::PACKAGE_EXISTS_OLD_VERSION)
+        text
+            = RepoShell::tr("Not added: %1. The repository holds the older version %2 (%3), which was kept.");
+    return text.arg(file, present.version, present.architecture);
 }
 
 /** A package file's control data, or why there are none. */
@@ -95,7 +109,8 @@ struct RepoShell::AddedFile
     QString path;
     const AddOptions &options;
     QString source; ///< what reprepro gets: the file itself or its signed copy; empty until that is known
-    std::unique_ptr<QTemporaryDir> signedFolder;
+    std::unique_ptr<ScratchFolder> signedFolder;
+    bool isLast = false;
 };
 
 ExportSession RepoShell::makeSession()
@@ -143,7 +158,7 @@ int RepoShell::addBody(const QStringList &files, const AddOptions &options)
         if (stopped)
             break;
         const PackageFile read = reader.next();
-        AddedFile file{read.path, options, QString(), nullptr};
+        AddedFile file{read.path, options, QString(), nullptr, done + 1 == files.size()};
         if (!read.package)
             Q_EMIT critical(tr("Error adding package!"), read.path + QLatin1String(":\n") + read.reason);
         else if (addFile(&file, *read.package, files.size() == 1, &rules, &session) == SUCCESS)
@@ -181,14 +196,24 @@ RepoShell::ErrorCode RepoShell::addFile(AddedFile *file,
         result = includePackage(file, record, false, session);
         if (isCollision(result)) {
             const PackageInfoPtr present = m_packages.find(PackageKey::of(record));
+            setNewcomer({QFileInfo(file->path).fileName(),
+                         record.version,
+                         file->isLast && architecture == architectures.last()});
             if (mustReplace(result, rules, present, singlePackage))
                 result = includePackage(file, record, true, session);
+            else
+                Q_EMIT noted(keptText(result, file->path, *present));
         }
-        if (result == PACKAGE_GPGERROR
-            && ask(tr("Package is unsigned"),
-                   tr("Package is added, but unsigned. Do you want to remove it?"),
-                   false))
-            removePackage(m_packages.find(PackageKey::of(record)), session);
+        if (result == PACKAGE_GPGERROR) {
+            const bool remove = ask(tr("Package is unsigned"),
+                                    tr("Package is added, but unsigned. Do you want to remove it?"),
+                                    false);
+            if (remove && removePackage(m_packages.find(PackageKey::of(record)), session))
+                Q_EMIT noted(
+                    tr("Not added: %1. The repository could not be signed with it.").arg(file->path));
+            else
+                Q_EMIT noted(tr("Added, but the repository could not be signed: %1.").arg(file->path));
+        }
     }
     return result;
 }
@@ -253,6 +278,8 @@ RepoShell::includePackage(AddedFile *file, const PackageInfo &record, bool repla
         const bool makesRoom = present->filePath() == record.filePath();
         for (const PackageInfoPtr &package : inTheWay) {
             if (!removePackage(package, session, makesRoom)) {
+                Q_EMIT critical(tr("Error adding package %1!").arg(file->path),
+                                tr("The present package could not be removed, so it was not replaced."));
                 restorePackages(removed, backup.get(), session);
                 return ERROR;
             }
@@ -297,12 +324,17 @@ bool RepoShell::signFile(AddedFile *file)
         Q_EMIT critical(tr("Packages cannot be signed: no signing program is available."), file->path);
         return false;
     }
-    file->signedFolder = std::make_unique<QTemporaryDir>();
+    file->signedFolder = std::make_unique<ScratchFolder>();
+    if (!file->signedFolder->isValid()) {
+        Q_EMIT critical(tr("Error adding package %1!").arg(file->path),
+                        tr("No temporary folder could be made to sign it in."));
+        return false;
+    }
     const SignOutcome outcome
         = m_signer->sign(file->path, file->signedFolder->path(), file->options.signKeyId);
     file->source = outcome.signedFile;
     if (file->source.isEmpty())
-        Q_EMIT critical(outcome.text, outcome.details);
+        Q_EMIT critical(outcome.text, file->path + QLatin1String(":\n") + outcome.details);
     return !file->source.isEmpty();
 }
 

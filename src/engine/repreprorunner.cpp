@@ -10,6 +10,16 @@ ProcessResult runReproOn(const QString &path, const QString &arguments, const QS
     QStringList words = QProcess::splitCommand(ReproCommand::commandLine(path, arguments));
     const QString program = words.takeFirst();
     // A folder in the user's environment must not take the place of the repository's own configuration.
-    const QStringList own{QLatin1String("REPREPRO_CONFIG_DIR=") + path + QLatin1String("/conf")};
-    return runProcess({program, words, QString(), own + environment, 0022});
+    const QString variable = QStringLiteral("REPREPRO_CONFIG_DIR=");
+    const QString conf = path + QLatin1String("/conf");
+    ProcessResult result
+        = runProcess({program, words, QString(), QStringList{variable + conf} + environment, 0022});
+    // A stand-in for that configuration is ours alone: what reprepro says of it is true of the repository's own.
+    for (const QString &entry : environment) {
+        if (entry.startsWith(variable)) {
+            result.output.replace(entry.mid(variable.size()), conf);
+            result.errorOutput.replace(entry.mid(variable.size()), conf);
+        }
+    }
+    return result;
 }

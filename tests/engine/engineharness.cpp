@@ -28,6 +28,7 @@ EngineHarness::EngineHarness()
     connect(&shell, &RepoShell::critical, this, pair(&criticals));
     connect(&shell, &RepoShell::progressRangeChanged, this, [this](int range) { ranges.append(range); });
     connect(&shell, &RepoShell::progressStepChanged, this, [this](int step) { steps.append(step); });
+    connect(&shell, &RepoShell::noted, this, [this](const QString &text) { notes.append(text); });
     connect(&shell, &RepoShell::packageAdded, this, event('+'));
     connect(&shell, &RepoShell::packageRemoved, this, event('-'));
     connect(&shell, &RepoShell::packageChanged, this, event('~'));
@@ -41,6 +42,9 @@ EngineHarness::EngineHarness()
     const auto choose = [this](Code code, Rules *rules, const PackageInfoPtr &, bool single) {
         collisions.append(code);
         singles.append(single);
+        const RepoShell::Newcomer newcomer = shell.newcomer();
+        newcomers.append(newcomer.fileName + QLatin1Char(' ') + newcomer.version
+                         + (newcomer.isLast ? " last"_s : QString()));
         whileAsked();
         rules->value = choice;
     };

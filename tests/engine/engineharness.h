@@ -20,11 +20,13 @@ struct JobNotes
     RepoEnums::JobId lastJob = RepoEnums::COMMON_JOB;
     QStringList criticals; ///< "text|details"
     QStringList questions; ///< "title|text"
+    QStringList notes; ///< for the log alone
     QVector<int> ranges;
     QVector<int> steps;
     QStringList events; ///< "+name version arch", "-…", "~…" for added, removed, changed
     QVector<RepoEnums::ErrorCode> collisions;
     QVector<bool> singles;
+    QStringList newcomers; ///< "file version", with "last" when nothing follows
 };
 
 /** An engine on real folders, with an interface that notes everything and answers questions as told. */

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/scratchfolder.h"
 #include "engine/debarchive.h"
 #include "engine/distributions.h"
 #include "engine/distributionsfile.h"
@@ -13,6 +14,8 @@
 #include <QDir>
 #include <QProcess>
 #include <QtTest>
+
+#include <unistd.h>
 
 class TestEngineRules : public QObject
 {
@@ -207,6 +210,40 @@ private Q_SLOTS:
             writeFile(cut, other);
             QCOMPARE(debArchiveState(cut), DebArchiveState::NoArchive);
         }
+    }
+
+    void onlyLeftoversOfOursGo()
+    {
+        const QTemporaryDir tmp;
+        const auto restore = qScopeGuard([old = qgetenv("TMPDIR")] { qputenv("TMPDIR", old); });
+        qputenv("TMPDIR", tmp.path().toLocal8Bit());
+        const auto place = [&tmp](const char *name) {
+            QString path = tmp.filePath("velt-admin-repo-"_s + QLatin1String(name));
+            writeFile(path + "/file"_s, "x");
+            return path;
+        };
+        const ScratchFolder inUse;
+        QVERIFY(inUse.isValid() && inUse.path().startsWith(tmp.path()));
+        const QString other = place("other");
+        const QString left = place("work-left");
+        QVERIFY(QFile::link(other, left + "/link"_s)
+                && QFile::link(other, tmp.filePath("velt-admin-repo-work-x"_s)));
+        // A program that was started by one that was killed may still be reading its folder.
+        const QString outlived = place("work-outlived");
+        const QString foreign = place("work-foreign");
+        const bool isForeign = ::chown(QFile::encodeName(foreign).constData(), 65534, 65534) == 0;
+        QProcess process;
+        process.start("sh"_s, {"-c"_s, "echo ready; read line"_s, outlived});
+        QVERIFY(process.waitForReadyRead());
+        ScratchFolder::removeLeftovers();
+        QVERIFY(!QFile::exists(left));
+        for (const QString &kept : QStringList{inUse.path(), other + "/file"_s, outlived + "/file"_s})
+            QVERIFY2(QFile::exists(kept), qPrintable(kept));
+        QVERIFY(QFile::exists(foreign) || !isForeign);
+        process.closeWriteChannel();
+        QVERIFY(process.waitForFinished());
+        ScratchFolder::removeLeftovers();
+        QVERIFY(!QFile::exists(outlived));
     }
 };
 

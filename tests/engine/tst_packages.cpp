@@ -184,6 +184,33 @@ private Q_SLOTS:
         }
     }
 
+    void whatStaysOutIsTold()
+    {
+        RepoHarness h("amd64 i386"_s);
+        const QString everywhere = h.deb(DebBuilder("all"_s).architecture("all"_s));
+        h.add({h.debs("foo").first(), everywhere});
+        const QStringList files = h.debs("foo", "2.0") + h.debs("foo", "0.5") + QStringList{everywhere};
+        h.add(files);
+        QCOMPARE(
+            h.newcomers.join("|"_s),
+            "foo_2.0_amd64.deb 2.0|foo_0.5_amd64.deb 0.5|all_1.0_all.deb 1.0|all_1.0_all.deb 1.0 last"_s);
+        QCOMPARE(h.singles, QVector<bool>(4, false));
+        QCOMPARE(h.notes.size(), 4);
+        QVERIFY(h.notes.at(0).contains(files.at(0)) && h.notes.at(0).contains("older version 1.0"_s));
+        QVERIFY(h.notes.at(1).contains(files.at(1)) && h.notes.at(1).contains("newer version 1.0"_s));
+        QVERIFY(h.notes.at(3).contains("version 1.0 (i386)"_s));
+        QVERIFY(h.criticals.isEmpty());
+
+        // What reprepro says of our stand-in for the repository's configuration names the repository's own.
+        const QString conf = h.repoPath() + "/conf/distributions"_s;
+        const auto spoil = [&] { writeFile(conf, readFile(conf) + "nonsense\n"); };
+        connect(&h.shell, &RepoShell::packageAdded, &h.shell, spoil, Qt::DirectConnection);
+        h.add(h.debs("bar baz"));
+        QVERIFY(h.criticals.first().contains("/baz_1.0_amd64.deb!"_s));
+        QVERIFY2(h.trouble().contains(conf) && !h.trouble().contains("velt-admin-repo-work"_s),
+                 qPrintable(h.trouble()));
+    }
+
     void refusedReplacementPutsTheOldOneBack()
     {
         RepoHarness h;
@@ -277,8 +304,9 @@ private Q_SLOTS:
         QCOMPARE(h.find(Foo)->dependStatus(), DependError);
         signer->works = false;
         h.choice = Rules::ReplaceThis;
-        h.add(h.debs("foo", "2.0"), options);
-        QCOMPARE(h.trouble(), "no key ABCD|"_s);
+        const QStringList newer = h.debs("foo", "2.0");
+        h.add(newer, options);
+        QCOMPARE(h.trouble(), "no key ABCD|%1:\n"_s.arg(newer.first()));
         QCOMPARE(h.find(Foo)->version, "1.0"_s);
         QVERIFY2(h.settled() && h.events.isEmpty(),
                  "a key that fails must not cost the package that is there");
