@@ -35,7 +35,7 @@ EmptyPage::EmptyPage(QAction *create, QAction *open, QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->addStretch();
     layout->addWidget(heading);
-    layout->addWidget(centredText(tr("Create a repository, open one, or drop packages here"), this));
+    layout->addWidget(centredText(tr("Create a repository or open one to add packages to it"), this));
     layout->addSpacing(layout->spacing());
     layout->addLayout(buttons);
     layout->addStretch();

@@ -11,17 +11,20 @@
 #include "ui/mnemonics.h"
 #include "ui/packagecommands.h"
 #include "ui/packagedrop.h"
+#include "ui/packagemenu.h"
 #include "ui/prompts.h"
 #include "ui/recentrepositories.h"
 #include "ui/repositorycommands.h"
 #include "ui/repotabs.h"
 #include "ui/repowidget.h"
 #include "ui/settingscommands.h"
+#include "ui/tabbaractions.h"
 #include "ui/toolbuttonicon.h"
 
 #include "ui_mainwindow.h"
 
 #include <QActionGroup>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QDragEnterEvent>
@@ -29,9 +32,11 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
+#include <QTabBar>
 #include <QToolButton>
 
 namespace
@@ -49,7 +54,6 @@ MainWindow::MainWindow()
     , m_log(new QPlainTextEdit(m_logDock))
     , m_showLogAction(new QAction(this))
     , m_dependsModes(new QActionGroup(this))
-    , m_contextMenu(new QMenu(this))
     , m_prompts(new Prompts(this))
 {
     m_ui->setupUi(this);
@@ -59,6 +63,7 @@ MainWindow::MainWindow()
     buildLogDock();
     buildDependsMenu();
     giveToolButtonsIcons();
+    buildPackageMenu();
     Mnemonics::mark(m_ui->menuBar, m_ui->m_recentReposMenu);
 
     m_tabs = new RepoTabs(m_ui->tabWidget, this);
@@ -81,6 +86,9 @@ MainWindow::MainWindow()
     connect(m_tabs, &RepoTabs::leaving, this, [this](const RepoWidget *widget) {
         m_canRemovePackages.remove(widget);
     });
+    connect(m_tabs, &RepoTabs::currentChanged, m_packageMenu, &PackageMenu::setTab);
+    connect(m_tabs, &RepoTabs::listChanged, this, &MainWindow::saveOpenRepositories);
+    buildTabBar();
     connect(m_ui->tabWidget, &QTabWidget::tabCloseRequested, this, [this](int index) {
         if (RepoWidget *widget = m_tabs->at(index))
             m_closing->closeTab(widget);
@@ -95,11 +103,15 @@ MainWindow::MainWindow()
 
     QSettings settings;
     veltRestoreGeometry(this, settings, QRect(100, 100, 1000, 500), true);
+    m_state = WindowState::load(settings);
+    m_showLogAction->setChecked(m_state.extendedLog);
+    onExtendedLogChanged(m_state.extendedLog);
+    m_ui->m_hideStatusLineAction->setChecked(m_state.statusLineHidden);
     showChoices();
     updateTitle();
     updateActions();
     updateCentralArea();
-    m_repositories->reopen(storedPaths(settings, SettingsKey::RecentOpennedRepos));
+    reopen();
 }
 
 MainWindow::~MainWindow() = default;
@@ -160,6 +172,28 @@ void MainWindow::buildDependsMenu()
     if (auto *button
         = qobject_cast<QToolButton *>(m_ui->mainToolBar->widgetForAction(m_ui->m_checkDependsAction)))
         button->setPopupMode(QToolButton::InstantPopup);
+}
+
+void MainWindow::buildPackageMenu()
+{
+    m_packageMenu = new PackageMenu(
+        {{m_ui->m_addPackagesAction},
+         {m_ui->m_removePackagesAction, m_ui->m_signPackagesAction, m_ui->m_exportSelectedPackagesAction},
+         {m_ui->m_checkDependStartAction},
+         {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
+        this);
+    m_ui->m_menuView->addMenu(m_packageMenu->packetFilterMenu());
+}
+
+void MainWindow::buildTabBar()
+{
+    const auto *bar = new TabBarActions(m_ui->tabWidget->tabBar(), this);
+    connect(bar, &TabBarActions::closeRequested, m_ui->tabWidget, &QTabWidget::tabCloseRequested);
+    connect(bar, &TabBarActions::closeOthersRequested, this, &MainWindow::closeOtherTabs);
+    connect(bar, &TabBarActions::copyPathRequested, this, [this](int index) {
+        if (const RepoWidget *widget = m_tabs->at(index))
+            QGuiApplication::clipboard()->setText(m_tabs->pathOf(widget));
+    });
 }
 
 void MainWindow::giveToolButtonsIcons()
@@ -233,9 +267,6 @@ void MainWindow::connectActions()
         if (RepoWidget *widget = m_tabs->current())
             m_closing->closeTab(widget);
     });
-    m_contextMenu->addActions({m_ui->m_addPackagesAction, m_ui->m_removePackagesAction});
-    m_contextMenu->addSeparator();
-    m_contextMenu->addActions({m_ui->m_changeRepoAction, m_ui->m_removeRepoAction});
     connect(m_ui->m_hideStatusLineAction, &QAction::toggled, this, [this](bool hide) {
         const QList<RepoWidget *> widgets = m_tabs->shown();
         for (RepoWidget *widget : widgets)
@@ -251,8 +282,19 @@ void MainWindow::connectTab(RepoWidget *widget)
         m_canRemovePackages[widget] = isEnabled;
         updateActions();
     });
-    connect(widget, &RepoWidget::contextMenuRequested, m_contextMenu, [this](const QPoint &pos) {
-        m_contextMenu->popup(pos);
+    connect(widget, &RepoWidget::newRepoPath, this, &MainWindow::updateActions);
+    connect(widget, &RepoWidget::contextMenuRequested, m_packageMenu, [this, widget](const QPoint &pos) {
+        m_packageMenu->popup(*widget, pos);
+    });
+    if (!m_state.splitterSizes.isEmpty())
+        widget->setSplitterSizes(m_state.splitterSizes);
+    connect(widget, &RepoWidget::splitterMoved, this, [this, widget] {
+        m_state.splitterSizes = widget->splitterSizes();
+        const QList<RepoWidget *> widgets = m_tabs->shown();
+        for (RepoWidget *other : widgets) {
+            if (other != widget)
+                other->setSplitterSizes(m_state.splitterSizes);
+        }
     });
 }
 
@@ -263,7 +305,8 @@ void MainWindow::updateActions()
     if (m_closing->isClosing())
         return;
     const RepoWidget *widget = m_tabs->current();
-    const bool free = widget != nullptr && widget->isEnabled() && !m_tabs->isRunning(widget);
+    const bool free = widget != nullptr && widget->isEnabled() && !m_tabs->isRunning(widget)
+                      && !widget->repoPath().isEmpty();
     m_ui->m_removeRepoAction->setEnabled(free);
     m_ui->m_changeRepoAction->setEnabled(free);
     // With no tab at all the command says what is missing.
@@ -376,6 +419,38 @@ void MainWindow::closeWithoutAsking()
     m_closing->closeWithoutAsking();
 }
 
+void MainWindow::closeOtherTabs(int index)
+{
+    const RepoWidget *kept = m_tabs->at(index);
+    QList<QPointer<RepoWidget>> others;
+    const QList<RepoWidget *> widgets = m_tabs->shown();
+    for (RepoWidget *widget : widgets) {
+        if (widget != kept)
+            others.append(widget);
+    }
+    for (const QPointer<RepoWidget> &other : qAsConst(others)) {
+        if (!other.isNull())
+            m_closing->closeTab(other);
+    }
+}
+
+void MainWindow::reopen()
+{
+    m_repositories->reopen(storedPaths(QSettings(), SettingsKey::RecentOpennedRepos));
+    m_reopening = false;
+    RepoWidget *front
+        = m_state.currentRepository.isEmpty() ? nullptr : m_tabs->find(m_state.currentRepository);
+    if (front != nullptr)
+        m_tabs->bringToFront(front);
+}
+
+void MainWindow::saveOpenRepositories()
+{
+    // Also before the end, which the program may not live to see.
+    if (!m_reopening && !m_closing->isClosing())
+        QSettings().setValue(SettingsKey::RecentOpennedRepos, m_tabs->paths());
+}
+
 void MainWindow::beginClosing()
 {
     m_arrivals.clear();
@@ -395,4 +470,9 @@ void MainWindow::saveState()
     m_settings->save();
     settings.setValue(SettingsKey::RecentOpennedRepos, m_tabs->paths());
     veltSaveGeometry(this, settings, true);
+    m_state.extendedLog = m_showLogAction->isChecked();
+    m_state.statusLineHidden = m_ui->m_hideStatusLineAction->isChecked();
+    const RepoWidget *front = m_tabs->current();
+    m_state.currentRepository = front == nullptr ? QString() : m_tabs->pathOf(front);
+    m_state.save(settings);
 }

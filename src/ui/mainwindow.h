@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ui/windowstate.h"
+
 #include <QMainWindow>
 #include <QMap>
 #include <QStringList>
@@ -11,6 +13,7 @@ class ClosingSequence;
 class EmptyPage;
 class JobFeedback;
 class PackageCommands;
+class PackageMenu;
 class Prompts;
 class QActionGroup;
 class QDockWidget;
@@ -58,6 +61,8 @@ private:
 
     void buildLogDock();
     void buildDependsMenu();
+    void buildPackageMenu();
+    void buildTabBar();
     void giveToolButtonsIcons();
     void disableUnfinished();
     void adaptToSystem();
@@ -71,7 +76,10 @@ private:
     void onExtendedLogChanged(bool inExtended);
     void about();
     void showHelp();
+    void reopen();
     void beginClosing();
+    void closeOtherTabs(int index);
+    void saveOpenRepositories();
     void saveState();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
@@ -80,7 +88,9 @@ private:
     QPlainTextEdit *m_log;
     QAction *m_showLogAction;
     QActionGroup *m_dependsModes;
-    QMenu *m_contextMenu; ///< of the package tree
+    PackageMenu *m_packageMenu = nullptr;
+    WindowState m_state;
+    bool m_reopening = true; ///< the stored list of tabs is being worked off
     QMap<int, QAction *> m_dependsModeActions;
 
     Prompts *m_prompts;

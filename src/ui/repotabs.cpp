@@ -4,25 +4,19 @@
 #include "engine/pathguard.h"
 #include "engine/reposhell.h"
 #include "ui/repowidget.h"
+#include "ui/tabtitles.h"
 
+#include <QTabBar>
 #include <QTabWidget>
 
 #include <algorithm>
-
-namespace
-{
-/** A tab's text, in which "&" would mark a key. */
-QString tabText(const QString &path)
-{
-    return QString(path).replace(QLatin1Char('&'), QLatin1String("&&"));
-}
-} // namespace
 
 RepoTabs::RepoTabs(QTabWidget *tabWidget, QObject *parent)
     : QObject(parent)
     , m_tabWidget(tabWidget)
 {
     connect(m_tabWidget, &QTabWidget::currentChanged, this, [this] { Q_EMIT currentChanged(current()); });
+    connect(m_tabWidget->tabBar(), &QTabBar::tabMoved, this, &RepoTabs::listChanged);
 }
 
 RepoWidget *RepoTabs::current() const
@@ -111,10 +105,23 @@ void RepoTabs::show(RepoWidget *widget)
     const Tab *tab = tabOf(widget);
     if (tab == nullptr || tab->discarded)
         return;
-    const int index = m_tabWidget->addTab(widget, tabText(tab->path));
-    m_tabWidget->setTabToolTip(index, tab->path);
+    const int index = m_tabWidget->addTab(widget, QString());
+    showTitles();
     m_tabWidget->setCurrentIndex(index);
     widget->setFocus();
+    Q_EMIT listChanged();
+}
+
+void RepoTabs::showTitles()
+{
+    const QStringList all = paths();
+    const QStringList titles = TabTitles::of(all);
+    for (int index = 0; index < all.size(); ++index) {
+        // A single "&" would mark a key.
+        m_tabWidget->setTabText(index,
+                                QString(titles.at(index)).replace(QLatin1Char('&'), QLatin1String("&&")));
+        m_tabWidget->setTabToolTip(index, all.at(index));
+    }
 }
 
 void RepoTabs::bringToFront(RepoWidget *widget)
@@ -132,11 +139,10 @@ void RepoTabs::setPath(RepoWidget *widget, const QString &path)
     const QString oldPath = tab->path;
     tab->path = path;
     tellOpenRepositories();
-    const int index = m_tabWidget->indexOf(widget);
-    if (index >= 0) {
-        m_tabWidget->setTabText(index, tabText(path));
-        m_tabWidget->setTabToolTip(index, path);
+    if (m_tabWidget->indexOf(widget) >= 0) {
+        showTitles();
         Q_EMIT moved(widget, path, oldPath);
+        Q_EMIT listChanged();
     }
 }
 
@@ -189,8 +195,11 @@ void RepoTabs::remove(RepoWidget *widget)
     m_tabs.erase(std::remove_if(m_tabs.begin(), m_tabs.end(), isIt), m_tabs.end());
     tellOpenRepositories();
     const int index = m_tabWidget->indexOf(widget);
-    if (index >= 0)
+    if (index >= 0) {
         m_tabWidget->removeTab(index);
+        showTitles();
+        Q_EMIT listChanged();
+    }
     widget->deleteLater();
 }
 

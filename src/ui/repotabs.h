@@ -59,6 +59,8 @@ Q_SIGNALS:
     void ready(RepoWidget *widget);
     /** This tab will be gone when control returns to the event loop. */
     void leaving(RepoWidget *widget);
+    /** A tab has come or gone, stands elsewhere, or has another repository. */
+    void listChanged();
     /** The last running job of all has ended. */
     void allIdle();
 
@@ -77,6 +79,7 @@ private:
     void engineIdle(RepoWidget *widget);
     void remove(RepoWidget *widget);
     void tellOpenRepositories();
+    void showTitles();
 
     QTabWidget *m_tabWidget;
     QList<Tab> m_tabs;

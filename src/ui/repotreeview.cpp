@@ -5,9 +5,11 @@
 #include "ui/repomodel.h"
 #include "ui/repoproxymodel.h"
 
+#include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QHeaderView>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QScrollBar>
 #include <QSet>
 
@@ -54,6 +56,37 @@ void RepoTreeView::setModel(QAbstractItemModel *model)
             Q_EMIT stateRestored();
         });
     }
+}
+
+// --- the menu by key -----------------------------------------------------------------------------------------------
+
+bool RepoTreeView::event(QEvent *event)
+{
+    if (event->type() == QEvent::ContextMenu
+        && static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard) {
+        requestMenuAtCurrent();
+        event->accept();
+        return true;
+    }
+    return QTreeView::event(event);
+}
+
+void RepoTreeView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        requestMenuAtCurrent();
+        return;
+    }
+    QTreeView::keyPressEvent(event);
+}
+
+void RepoTreeView::requestMenuAtCurrent()
+{
+    // The menu belongs to the item, which may have been scrolled out of sight.
+    const QModelIndex current = currentIndex();
+    scrollTo(current);
+    const QRect place = visualRect(current) & viewport()->rect();
+    Q_EMIT customContextMenuRequested(place.isEmpty() ? viewport()->rect().center() : place.center());
 }
 
 // --- drops ---------------------------------------------------------------------------------------------------------

@@ -34,6 +34,8 @@ Q_SIGNALS:
     void stateRestored();
 
 protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -48,6 +50,7 @@ private:
     QStringList m_visible; ///< keys of the rows in sight, from the top
     QStringList m_expandedBeforeSearch;
 
+    void requestMenuAtCurrent();
     bool isPackage(const QModelIndex &index) const;
     QStringList expandedKeys() const;
     QModelIndex indexOfKey(const QString &key) const;

@@ -2,8 +2,10 @@
 #include "ui/repowidget.h"
 
 #include "engine/reposhell.h"
+#include "ui/mnemonics.h"
 #include "ui/packagedetails.h"
 #include "ui/packagefeed.h"
+#include "ui/publicationpanel.h"
 #include "ui/repomodel.h"
 #include "ui/repoproxymodel.h"
 #include "ui/sections.h"
@@ -11,12 +13,9 @@
 #include "ui_repowidget.h"
 
 #include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QRegularExpressionValidator>
 #include <QSet>
 
 #include <algorithm>
@@ -34,11 +33,12 @@ RepoWidget::RepoWidget(QWidget *parent)
     m_ui->setupUi(this);
     m_ui->m_splitter->setStretchFactor(0, 2);
     m_ui->m_splitter->setStretchFactor(1, 3);
+    connect(m_ui->m_splitter, &QSplitter::splitterMoved, this, &RepoWidget::splitterMoved);
     // In the search line the keys of the commands would edit text.
     setFocusProxy(m_ui->m_repoTreeView);
     setUpTree();
     setUpSearch();
-    setUpPublication();
+    connectPublication();
     connectShell();
     connectJob();
 }
@@ -96,11 +96,7 @@ void RepoWidget::setUpSearch()
     line->setClearButtonEnabled(true);
     m_ui->m_searchLine->setFocusProxy(line);
     setTabOrder(line, m_ui->m_repoTreeView);
-    m_searchTimer.setSingleShot(true);
-    m_searchTimer.setInterval(SearchDelay);
-    connect(line, &QLineEdit::textChanged, &m_searchTimer, qOverload<>(&QTimer::start));
-    connect(line, &QLineEdit::returnPressed, this, &RepoWidget::search);
-    connect(&m_searchTimer, &QTimer::timeout, this, &RepoWidget::search);
+    connect(line, &QLineEdit::textChanged, this, &RepoWidget::search);
 
     struct Choice
     {
@@ -120,6 +116,7 @@ void RepoWidget::setUpSearch()
         action->setData(static_cast<int>(choice.state));
         connect(action, &QAction::toggled, this, &RepoWidget::applyPacketFilter);
     }
+    Mnemonics::mark(m_filterMenu, nullptr);
     QAction *filter
         = line->addAction(QIcon::fromTheme(QStringLiteral("view-filter")), QLineEdit::LeadingPosition);
     filter->setText(m_filterMenu->title());
@@ -131,21 +128,14 @@ void RepoWidget::setUpSearch()
     });
 }
 
-void RepoWidget::setUpPublication()
+void RepoWidget::connectPublication()
 {
-    m_ui->m_srvTypeComboBox->addItem(QStringLiteral("HTTP"), 0);
-    m_ui->m_srvTypeComboBox->addItem(QStringLiteral("FTP"), 1);
-    m_ui->m_srvTypeComboBox->setCurrentIndex(-1);
-    static const QRegularExpression address(QStringLiteral("([0-9]{1,3}[.]){3}[0-9]{1,3}"));
-    m_ui->m_ipAddrComboBox->setValidator(new QRegularExpressionValidator(address, m_ui->m_ipAddrComboBox));
-    connect(m_ui->m_srvTypeComboBox,
-            qOverload<int>(&QComboBox::currentIndexChanged),
-            this,
-            &RepoWidget::serverTypeChanged);
-    connect(m_ui->m_httpPortSpinBox, &QSpinBox::editingFinished, this, &RepoWidget::portEditingFinished);
-    connect(m_ui->m_srcCopyPushButton, &QPushButton::clicked, this, &RepoWidget::copySrcLineEdit);
-    connect(m_ui->m_publishPushButton, &QPushButton::clicked, this, &RepoWidget::publishRepoTriggered);
-    connect(m_ui->m_unpublishPushButton, &QPushButton::clicked, this, &RepoWidget::unpublishRepoTriggered);
+    m_publication = new PublicationPanel(*m_ui, *m_shell, this);
+    connect(m_publication, &PublicationPanel::serverTypeChanged, this, &RepoWidget::serverTypeChanged);
+    connect(m_publication, &PublicationPanel::portEditingFinished, this, &RepoWidget::portEditingFinished);
+    connect(m_publication, &PublicationPanel::publishTriggered, this, &RepoWidget::publishRepoTriggered);
+    connect(m_publication, &PublicationPanel::unpublishTriggered, this, &RepoWidget::unpublishRepoTriggered);
+    connect(m_publication, &PublicationPanel::statusLabel, this, &RepoWidget::statusLabel);
 }
 
 void RepoWidget::connectShell()
@@ -199,10 +189,12 @@ QString RepoWidget::repoPath() const
 void RepoWidget::repoPathChanged()
 {
     const QString path = m_shell->path();
-    if (path.isEmpty())
+    if (path.isEmpty()) {
         m_model->clearRepository();
-    else
+        m_publication->showRepository();
+    } else {
         repoInfoAdded();
+    }
     updateCounters();
     Q_EMIT newTabTitle(path);
     Q_EMIT newRepoPath(path.isEmpty());
@@ -218,11 +210,7 @@ void RepoWidget::repoInfoAdded()
     m_ui->m_repoVersionLabel->setText(info.version);
     m_ui->m_repoArchLabel->setText(info.architectures);
     m_ui->m_repoSignLabel->setText(info.signWith ? tr("Signed") : tr("Unsigned"));
-    const QString architecture = m_ui->m_publishArchComboBox->currentText();
-    m_ui->m_publishArchComboBox->clear();
-    m_ui->m_publishArchComboBox->addItems(info.architectureList());
-    m_ui->m_publishArchComboBox->setCurrentIndex(
-        qMax(0, m_ui->m_publishArchComboBox->findText(architecture)));
+    m_publication->showRepository();
     if (!m_shell->path().isEmpty())
         m_model->setRepository(info);
 }
@@ -263,6 +251,11 @@ void RepoWidget::updateActions()
     Q_EMIT enableCheckDependsAction(m_model->packageCount() > 0 && !m_running);
 }
 
+void RepoWidget::saveChoices()
+{
+    m_publication->saveChoices();
+}
+
 void RepoWidget::setShowPackageVersions(bool show)
 {
     m_model->setShowVersions(show);
@@ -271,6 +264,16 @@ void RepoWidget::setShowPackageVersions(bool show)
 void RepoWidget::setStatusLineVisible(bool visible)
 {
     m_ui->m_packageStatusLine->setVisible(visible);
+}
+
+QList<int> RepoWidget::splitterSizes() const
+{
+    return m_ui->m_splitter->sizes();
+}
+
+void RepoWidget::setSplitterSizes(const QList<int> &sizes)
+{
+    m_ui->m_splitter->setSizes(sizes);
 }
 
 void RepoWidget::setSignatureLookup(PackageTree::SignatureLookup lookup)
@@ -282,7 +285,6 @@ void RepoWidget::setSignatureLookup(PackageTree::SignatureLookup lookup)
 
 void RepoWidget::search()
 {
-    m_searchTimer.stop();
     const QString text = m_ui->m_searchLine->lineEdit()->text().trimmed();
     if (!text.isEmpty())
         m_ui->m_repoTreeView->setSearching(true);
@@ -300,6 +302,15 @@ void RepoWidget::applyPacketFilter()
             states |= static_cast<RepoProxyModel::State>(action->data().toInt());
     }
     m_proxy->setShownStates(states);
+}
+
+RepoWidget::CurrentItem RepoWidget::currentItem() const
+{
+    const QItemSelectionModel *selection = m_ui->m_repoTreeView->selectionModel();
+    const QModelIndex current = selection->currentIndex();
+    if (!current.isValid() || !selection->isSelected(current))
+        return CurrentItem::None;
+    return current.parent().isValid() ? CurrentItem::InRepository : CurrentItem::Repository;
 }
 
 QList<PackageInfoPtr> RepoWidget::selectedPackages() const
@@ -401,6 +412,5 @@ void RepoWidget::showPackageError(const QString &text)
 
 void RepoWidget::copySrcLineEdit()
 {
-    QGuiApplication::clipboard()->setText(m_ui->m_srcLineEdit->text());
-    Q_EMIT statusLabel(tr("Address is copied to clipboard"));
+    m_publication->copySourceLine();
 }

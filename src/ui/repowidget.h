@@ -13,6 +13,7 @@
 #include <memory>
 
 class PackageFeed;
+class PublicationPanel;
 class QMenu;
 class RepoModel;
 class RepoProxyModel;
@@ -44,9 +45,17 @@ public:
 
     /** The selected packages, each once; a selected container stands for all packages in it that are shown. */
     QList<PackageInfoPtr> selectedPackages() const;
+    enum class CurrentItem { None, Repository, InRepository };
+    /** What the current item of the tree is; a current item that is not selected counts as none. */
+    CurrentItem currentItem() const;
 
+    /** Keeps what the user has chosen for this repository; call it before the tab goes. */
+    void saveChoices();
     void setShowPackageVersions(bool show);
     void setStatusLineVisible(bool visible);
+    /** Widths of the tree and of what is beside it, in pixels. */
+    QList<int> splitterSizes() const;
+    void setSplitterSizes(const QList<int> &sizes);
     /** Where the signatures of packages are looked up; without one every package counts as unsigned. */
     void setSignatureLookup(PackageTree::SignatureLookup lookup);
     /** "Packet Filter": which dependency states the tree shows. */
@@ -108,11 +117,11 @@ Q_SIGNALS:
 
     /** Package files were dropped on the tree: absolute paths. */
     void filesDropped(const QStringList &files);
+    /** The user has divided the tab anew. */
+    void splitterMoved();
 
 private:
     enum Page { NothingPage, RepositoryPage, PackagePage, ErrorPage };
-    /** Milliseconds after the last key until the tree is searched. */
-    static constexpr int SearchDelay = 300;
     /** Milliseconds between two looks at the progress of a job. */
     static constexpr int ProgressInterval = 100;
 
@@ -121,15 +130,15 @@ private:
     PackageFeed *m_feed = nullptr;
     RepoModel *m_model = nullptr;
     RepoProxyModel *m_proxy = nullptr;
+    PublicationPanel *m_publication = nullptr;
     QMenu *m_filterMenu = nullptr;
-    QTimer m_searchTimer;
     QTimer m_progressTimer;
     int m_shownPackages = 0; ///< packages there were at the last count
     bool m_running = false;
 
     void setUpSearch();
     void setUpTree();
-    void setUpPublication();
+    void connectPublication();
     void connectShell();
     void connectJob();
     void setRunning(bool running);

@@ -459,7 +459,9 @@ private Q_SLOTS:
         WAIT_FOR(m_driver->message() == "Repository is changed."_s && m_driver->isIdle());
         QVERIFY(!QFile::exists(repo));
         QVERIFY(readFile(moved + "/conf/distributions"_s).contains("Version: 7\n"));
-        QCOMPARE(m_driver->tabs()->tabText(0), moved);
+        QCOMPARE(m_driver->tabs()->tabText(0), "moved"_s);
+        QCOMPARE(m_driver->tabs()->tabToolTip(0), moved);
+        QCOMPARE(QSettings().value(SettingsKey::RecentOpennedRepos).toStringList(), QStringList{moved});
         QCOMPARE(m_driver->window().windowTitle(), "velt-admin-repo: "_s + moved);
         QCOMPARE(m_driver->packageCount(), 1);
         QCOMPARE(QSettings().value(SettingsKey::RecentRepoList).toStringList(), QStringList{moved});

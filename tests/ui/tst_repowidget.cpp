@@ -140,11 +140,10 @@ private Q_SLOTS:
 
         auto *search = child<QWidget>(f.tab, "m_searchLine")->findChild<QLineEdit *>();
         QTest::keyClicks(search, "BAS"_s);
-        QTRY_VERIFY(!f.shows("zsh"));
+        QVERIFY(!f.shows("zsh")); // at once
         QCOMPARE(f.selectedNames(), "bash"_s);
         QVERIFY(f.tree->isExpanded(f.item("Shells")));
         search->clear();
-        QTest::keyClick(search, Qt::Key_Return); // does not wait
         QVERIFY(f.shows("zsh"));
         selection->select(f.item("my repo"), QItemSelectionModel::ClearAndSelect);
         QCOMPARE(f.tab.selectedPackages().size(), 3);

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+
+class QAction;
+class QMenu;
+class QPoint;
+class QWidget;
+class RepoWidget;
+
+/**
+ * The menu of the package tree and the submenu "Packet Filter" that it shares with the menu bar. The filter is a
+ * matter of the tab: the submenu holds the entries of the tab that was set last.
+ */
+class PackageMenu : public QObject
+{
+    Q_OBJECT
+public:
+    /** The window's commands that the menu offers. */
+    struct Commands
+    {
+        QList<QAction *> always;
+        QList<QAction *> packages; ///< where there is an item
+        QList<QAction *> checks;
+        QList<QAction *> repository; ///< on the repository itself, or beside all items
+    };
+
+    PackageMenu(const Commands &commands, QWidget *window);
+
+    QMenu *packetFilterMenu() const { return m_filter; }
+    void setTab(const RepoWidget *widget);
+    /** Shows the menu; what it offers follows the current item of `widget`. */
+    void popup(const RepoWidget &widget, const QPoint &globalPos);
+
+private:
+    void fill(bool onItem, bool onRepository);
+
+    Commands m_commands;
+    QMenu *m_menu;
+    QMenu *m_filter;
+};

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/tabbaractions.h"
+
+#include "ui/mnemonics.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QTabBar>
+
+TabBarActions::TabBarActions(QTabBar *bar, QObject *parent)
+    : QObject(parent)
+    , m_bar(bar)
+    , m_menu(new QMenu(bar))
+{
+    const auto add = [this](const char *icon, const QString &text, auto signal) {
+        connect(m_menu->addAction(QIcon::fromTheme(QLatin1String(icon)), text),
+                &QAction::triggered,
+                this,
+                [this, signal] { Q_EMIT(this->*signal)
+                                 (m_index); });
+    };
+    m_menu->setObjectName(QStringLiteral("m_tabMenu"));
+    add("tab-close", tr("Close"), &TabBarActions::closeRequested);
+    add("tab-close-other", tr("Close others"), &TabBarActions::closeOthersRequested);
+    m_menu->addSeparator();
+    add("edit-copy", tr("Copy path"), &TabBarActions::copyPathRequested);
+    Mnemonics::mark(m_menu, nullptr);
+    m_bar->installEventFilter(this);
+}
+
+bool TabBarActions::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::ContextMenu) {
+        const auto *request = static_cast<QContextMenuEvent *>(event);
+        const bool byKey = request->reason() == QContextMenuEvent::Keyboard;
+        const int index = byKey ? m_bar->currentIndex() : m_bar->tabAt(request->pos());
+        const QPoint pos = byKey ? m_bar->tabRect(index).center() : request->pos();
+        if (index >= 0)
+            showMenu(index, m_bar->mapToGlobal(pos));
+        return true;
+    }
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease) {
+        const auto *click = static_cast<QMouseEvent *>(event);
+        if (click->button() == Qt::MiddleButton) {
+            const int index = m_bar->tabAt(click->pos());
+            const int pressed = m_pressed;
+            m_pressed = event->type() == QEvent::MouseButtonPress ? index : -1;
+            // As with other buttons, moving away before letting go is a change of mind.
+            if (event->type() == QEvent::MouseButtonRelease && index >= 0 && index == pressed)
+                Q_EMIT closeRequested(index);
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void TabBarActions::showMenu(int index, const QPoint &globalPos)
+{
+    m_index = index;
+    m_menu->actions().at(1)->setEnabled(m_bar->count() > 1);
+    m_menu->popup(globalPos);
+}
