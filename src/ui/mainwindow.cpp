@@ -83,7 +83,8 @@ MainWindow::MainWindow()
     connect(m_tabs, &RepoTabs::currentChanged, this, &MainWindow::updateCentralArea);
     connect(m_tabs, &RepoTabs::moved, this, &MainWindow::updateTitle);
     connect(m_tabs, &RepoTabs::runningChanged, this, &MainWindow::updateActions);
-    connect(m_tabs, &RepoTabs::leaving, this, [this](const RepoWidget *widget) {
+    connect(m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
+        widget->saveChoices();
         m_canRemovePackages.remove(widget);
     });
     connect(m_tabs, &RepoTabs::currentChanged, m_packageMenu, &PackageMenu::setTab);
@@ -228,7 +229,6 @@ void MainWindow::disableUnfinished()
                             m_ui->m_importPackagesAction,
                             m_ui->m_sourceListAction,
                             m_ui->m_addPackageFromExtRepoAction,
-                            m_ui->m_editExternalReposAction,
                             m_ui->m_showPublishedReposAction,
                             m_ui->m_exportWithDependsAction,
                             m_ui->m_upgradeRepoAction,
@@ -256,6 +256,7 @@ void MainWindow::connectActions()
     command(m_ui->m_addPackagesAction, [this] { m_packages->chooseAndAdd(); });
     command(m_ui->m_removePackagesAction, [this] { m_packages->removePackages(); });
     command(m_ui->m_addPkgSettingsAction, [this] { m_settings->showAddPkgSettings(); });
+    command(m_ui->m_editExternalReposAction, [this] { m_settings->editExternalRepos(); });
     command(m_ui->m_parametersAction, [this] { m_settings->showParametersDialog(); });
     command(m_ui->m_aboutAction, [this] { about(); });
     command(m_ui->m_helpAction, [this] { showHelp(); });
@@ -475,4 +476,7 @@ void MainWindow::saveState()
     const RepoWidget *front = m_tabs->current();
     m_state.currentRepository = front == nullptr ? QString() : m_tabs->pathOf(front);
     m_state.save(settings);
+    const QList<RepoWidget *> widgets = m_tabs->shown();
+    for (RepoWidget *widget : widgets)
+        widget->saveChoices();
 }

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/publicationpanel.h"
+
+#include "engine/reposhell.h"
+#include "server/publicationaddresses.h"
+
+#include "ui_repowidget.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QRegularExpressionValidator>
+#include <QSettings>
+
+PublicationPanel::PublicationPanel(Ui::RepoWidget &ui, RepoShell &shell, QObject *parent)
+    : QObject(parent)
+    , m_ui(ui)
+    , m_shell(shell)
+{
+    setUpFields();
+    connectFields();
+    update();
+    connect(&m_shell, &RepoShell::pathChanged, this, &PublicationPanel::followMove);
+    auto *addresses = new PublicationAddresses(this);
+    connect(addresses, &PublicationAddresses::found, this, &PublicationPanel::offerAddresses);
+    addresses->start();
+}
+
+void PublicationPanel::setUpFields()
+{
+    m_ui.m_srvTypeComboBox->addItem(QStringLiteral("HTTP"), HttpProtocol);
+    m_ui.m_srvTypeComboBox->addItem(QStringLiteral("FTP"), FtpProtocol);
+    m_ui.m_srvTypeComboBox->setCurrentIndex(-1);
+    static const QRegularExpression address(PublicationAddresses::pattern());
+    m_ui.m_ipAddrComboBox->setValidator(new QRegularExpressionValidator(address, m_ui.m_ipAddrComboBox));
+    // It would complete an address that is the beginning of another one.
+    m_ui.m_ipAddrComboBox->setCompleter(nullptr);
+    m_ui.m_ipAddrComboBox->addItem(PublicationAddresses::loopback());
+}
+
+void PublicationPanel::connectFields()
+{
+    const auto index = qOverload<int>(&QComboBox::currentIndexChanged);
+    connect(m_ui.m_trustedCheckBox, &QCheckBox::toggled, this, &PublicationPanel::update);
+    connect(m_ui.m_publishArchComboBox, index, this, &PublicationPanel::update);
+    connect(m_ui.m_srvTypeComboBox, index, this, &PublicationPanel::update);
+    connect(m_ui.m_srvTypeComboBox, index, this, &PublicationPanel::serverTypeChanged);
+    connect(m_ui.m_httpPortSpinBox, qOverload<int>(&QSpinBox::valueChanged), this, &PublicationPanel::update);
+    connect(m_ui.m_httpPortSpinBox, &QSpinBox::editingFinished, this, &PublicationPanel::portEditingFinished);
+    QComboBox *address = m_ui.m_ipAddrComboBox;
+    connect(address, &QComboBox::editTextChanged, this, &PublicationPanel::update);
+    connect(address->lineEdit(), &QLineEdit::textEdited, this, [this] { m_addressChosen = true; });
+    connect(address, qOverload<int>(&QComboBox::activated), this, [this] { m_addressChosen = true; });
+    connect(m_ui.m_srcCopyPushButton, &QPushButton::clicked, this, &PublicationPanel::copySourceLine);
+    connect(m_ui.m_publishPushButton, &QPushButton::clicked, this, &PublicationPanel::publishTriggered);
+    connect(m_ui.m_unpublishPushButton, &QPushButton::clicked, this, &PublicationPanel::unpublishTriggered);
+}
+
+// --- what the fields offer -----------------------------------------------------------------------------------------
+
+void PublicationPanel::offerAddresses(const QStringList &addresses, const QString &preferred)
+{
+    QComboBox *address = m_ui.m_ipAddrComboBox;
+    address->addItems(addresses);
+    if (!m_addressChosen && !preferred.isEmpty())
+        address->setCurrentText(preferred);
+}
+
+void PublicationPanel::showArchitectures(const QStringList &architectures)
+{
+    QComboBox *field = m_ui.m_publishArchComboBox;
+    const QString chosen = field->currentText();
+    // One change for the line, not one for each step.
+    const QSignalBlocker blocker(field);
+    field->clear();
+    field->addItems(architectures);
+    field->setCurrentIndex(qMax(field->findText(chosen), architectures.isEmpty() ? -1 : 0));
+}
+
+void PublicationPanel::showRepository()
+{
+    const QString path = m_shell.path();
+    m_ui.m_publicParamsWidget->setEnabled(!path.isEmpty());
+    showArchitectures(m_shell.repoInfo().architectureList());
+    if (path != m_repoPath) {
+        m_repoPath = path;
+        m_published = PublicationSettings::find(QSettings(), path);
+        if (m_published)
+            restore(*m_published);
+    }
+    update();
+}
+
+// --- what is kept --------------------------------------------------------------------------------------------------
+
+void PublicationPanel::restore(const PublicationSettings &settings)
+{
+    m_ui.m_trustedCheckBox->setChecked(settings.trusted);
+    const int architecture = m_ui.m_publishArchComboBox->findText(settings.architectures);
+    if (architecture >= 0)
+        m_ui.m_publishArchComboBox->setCurrentIndex(architecture);
+    m_ui.m_srvTypeComboBox->setCurrentIndex(m_ui.m_srvTypeComboBox->findData(settings.protocol));
+    m_ui.m_httpPortSpinBox->setValue(settings.port);
+    if (!settings.host.isEmpty()) {
+        m_ui.m_ipAddrComboBox->setCurrentText(settings.host);
+        m_addressChosen = true;
+    }
+}
+
+void PublicationPanel::saveChoices()
+{
+    if (!m_published)
+        return;
+    QSettings settings;
+    // Meanwhile another repository may have been published on the port.
+    if (PublicationSettings::load(settings, m_published->port).repoPath != m_published->repoPath)
+        return;
+    m_published->repoPath = m_repoPath;
+    m_published->trusted = m_ui.m_trustedCheckBox->isChecked();
+    m_published->architectures = m_ui.m_publishArchComboBox->currentText();
+    if (m_ui.m_srvTypeComboBox->currentIndex() >= 0)
+        m_published->protocol = m_ui.m_srvTypeComboBox->currentData().toInt();
+    if (isAddressComplete())
+        m_published->host = m_ui.m_ipAddrComboBox->currentText();
+    m_published->claim(settings);
+}
+
+void PublicationPanel::followMove(const QString &newPath)
+{
+    // Empty when the repository was opened or closed.
+    if (newPath.isEmpty())
+        return;
+    m_repoPath = newPath;
+    saveChoices();
+}
+
+// --- the line ------------------------------------------------------------------------------------------------------
+
+bool PublicationPanel::isAddressComplete() const
+{
+    return m_ui.m_ipAddrComboBox->lineEdit()->hasAcceptableInput();
+}
+
+bool PublicationPanel::serves(int protocol) const
+{
+    return m_ui.m_srvTypeComboBox->currentIndex() >= 0
+           && m_ui.m_srvTypeComboBox->currentData().toInt() == protocol;
+}
+
+QString PublicationPanel::whatIsMissing() const
+{
+    if (m_ui.m_srvTypeComboBox->currentIndex() < 0)
+        return tr("Choose a server type");
+    if (!serves(LocalDirectoryProtocol) && !isAddressComplete())
+        return tr("Complete the IP address");
+    return {};
+}
+
+QString PublicationPanel::sourceLine() const
+{
+    return m_shell.sourceLine(m_ui.m_trustedCheckBox->isChecked(),
+                              m_ui.m_publishArchComboBox->currentText(),
+                              m_ui.m_httpPortSpinBox->value(),
+                              m_ui.m_srvTypeComboBox->currentData().toInt(),
+                              m_ui.m_ipAddrComboBox->currentText());
+}
+
+void PublicationPanel::update()
+{
+    const bool overNetwork = !serves(LocalDirectoryProtocol);
+    m_ui.m_ipAddrTitleLabel->setEnabled(overNetwork);
+    m_ui.m_ipAddrComboBox->setEnabled(overNetwork);
+    m_ui.m_httpPortTitleLabel->setEnabled(overNetwork);
+    m_ui.m_httpPortSpinBox->setEnabled(overNetwork);
+    m_ui.m_ftpNoteLabel->setVisible(serves(FtpProtocol));
+
+    const QString missing = m_repoPath.isEmpty() ? QString() : whatIsMissing();
+    const QString line = m_repoPath.isEmpty() || !missing.isEmpty() ? QString() : sourceLine();
+    m_ui.m_srcLineEdit->setPlaceholderText(missing);
+    m_ui.m_srcLineEdit->setText(line);
+    m_ui.m_srcLineEdit->setToolTip(line);
+    m_ui.m_srcLineEdit->setCursorPosition(0);
+    m_ui.m_srcCopyPushButton->setEnabled(!line.isEmpty());
+}
+
+void PublicationPanel::copySourceLine()
+{
+    if (m_ui.m_srcLineEdit->text().isEmpty())
+        return;
+    QGuiApplication::clipboard()->setText(m_ui.m_srcLineEdit->text());
+    Q_EMIT statusLabel(tr("Address is copied to clipboard"));
+}
