@@ -4,14 +4,16 @@
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QGuiApplication>
+#include <QThreadPool>
 #include <QVariantMap>
 
-void DesktopNotification::show(const QString &summary, const QString &body)
+namespace
+{
+void send(const QString &application, const QString &program, const QString &summary, const QString &body)
 {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
         return;
-    const QString program = QGuiApplication::desktopFileName();
     QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.Notifications"),
                                                        QStringLiteral("/org/freedesktop/Notifications"),
                                                        QStringLiteral("org.freedesktop.Notifications"),
@@ -19,7 +21,7 @@ void DesktopNotification::show(const QString &summary, const QString &body)
     const uint replacesNone = 0;
     const int desktopsOwnTime = -1;
     // The body may hold markup, the summary may not.
-    call.setArguments({QGuiApplication::applicationDisplayName(),
+    call.setArguments({application,
                        replacesNone,
                        program,
                        summary,
@@ -29,4 +31,14 @@ void DesktopNotification::show(const QString &summary, const QString &body)
                        desktopsOwnTime});
     // The service's answer, the number of the notification or an error, is of no use to us.
     bus.send(call);
+}
+} // namespace
+
+void DesktopNotification::show(const QString &summary, const QString &body)
+{
+    // The first call connects to the bus, which takes as long as the bus takes.
+    QThreadPool::globalInstance()->start([application = QGuiApplication::applicationDisplayName(),
+                                          program = QGuiApplication::desktopFileName(),
+                                          summary,
+                                          body] { send(application, program, summary, body); });
 }

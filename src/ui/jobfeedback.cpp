@@ -2,12 +2,15 @@
 #include "ui/jobfeedback.h"
 
 #include "engine/reposhell.h"
+#include "platform/desktopnotification.h"
 #include "ui/elidedlabel.h"
 #include "ui/packagereplacementdialog.h"
 #include "ui/prompts.h"
 #include "ui/repotabs.h"
 #include "ui/repowidget.h"
+#include "ui/tabtitles.h"
 
+#include <QApplication>
 #include <QIcon>
 #include <QPlainTextEdit>
 #include <QProgressBar>
@@ -15,6 +18,8 @@
 #include <QTime>
 #include <QToolButton>
 #include <QWidget>
+
+#include <utility>
 
 JobFeedback::JobFeedback(
     RepoTabs &tabs, Prompts &prompts, QStatusBar *statusBar, QPlainTextEdit *log, QObject *parent)
@@ -74,11 +79,25 @@ void JobFeedback::attach(RepoWidget *widget)
         m_jobs[widget].value = value;
         showCurrent();
     });
-    connect(widget, &RepoWidget::statusLabel, this, [this](const QString &text) {
-        m_message->setFullText(text);
+    connect(widget, &RepoWidget::statusLabel, this, [this, widget](const QString &text) {
+        m_jobs[widget].message = text;
+        showCurrent();
     });
-    connect(widget, &RepoWidget::critical, this, &JobFeedback::error);
-    connect(widget, &RepoWidget::criticalVelt, this, &JobFeedback::error);
+    connect(widget,
+            &RepoWidget::critical,
+            this,
+            [this, widget](const QString &text, const QString &details, RepoEnums::ErrorType type) {
+                jobError(widget, text, details, type);
+            });
+    connect(widget->repoShell(), &RepoShell::noted, this, [this, widget](const QString &text) {
+        appendLog(widget, text);
+    });
+    connect(widget,
+            &RepoWidget::criticalVelt,
+            this,
+            [this, widget](const QString &text, const QString &details, RepoEnums::ErrorType type) {
+                jobError(widget, text, details, type);
+            });
     connect(&m_tabs, &RepoTabs::runningChanged, widget, [this, widget](const RepoWidget *changed) {
         if (changed == widget && !m_tabs.isRunning(widget) && m_jobs.contains(widget)) {
             m_jobs[widget].shown = false;
@@ -111,8 +130,13 @@ void JobFeedback::attach(RepoWidget *widget)
 
 void JobFeedback::jobStarted(RepoWidget *widget, const QString &message)
 {
-    m_jobs[widget] = Job{0, 0, message, true, false};
-    appendLog(message);
+    Job job;
+    job.message = message;
+    job.shown = true;
+    job.errors = m_jobs[widget].errors;
+    job.runningTime.start();
+    m_jobs[widget] = job;
+    appendLog(widget, message);
     showCurrent();
 }
 
@@ -121,9 +145,43 @@ void JobFeedback::jobFinished(RepoWidget *widget, const QString &message)
     Job &job = m_jobs[widget];
     job.shown = false;
     job.message = message;
-    if (!message.isEmpty())
-        appendLog(message);
+    if (!message.isEmpty()) {
+        appendLog(widget, message);
+        notifyDesktop(widget, job);
+    }
     showCurrent();
+    const QList<Prompts::Error> errors = std::exchange(job.errors, {});
+    if (!errors.isEmpty())
+        m_prompts.showErrors(errors);
+}
+
+void JobFeedback::jobError(RepoWidget *widget,
+                           const QString &text,
+                           const QString &details,
+                           RepoEnums::ErrorType type)
+{
+    Job &job = m_jobs[widget];
+    if (!job.shown) {
+        logError(widget, text, details);
+        m_prompts.showError(text, details, type);
+        return;
+    }
+    // However many files fail, the user has one box to close. The log tells at once.
+    logError(widget, text, details);
+    job.errors.append({text, details, type});
+}
+
+void JobFeedback::logError(const RepoWidget *widget, const QString &text, const QString &details)
+{
+    appendLog(widget, details.isEmpty() ? text : text + QLatin1Char(' ') + details);
+}
+
+void JobFeedback::notifyDesktop(const RepoWidget *widget, const Job &job) const
+{
+    const auto *window = qobject_cast<QWidget *>(m_prompts.parent());
+    const bool isLooking = QApplication::activeWindow() != nullptr && !window->isMinimized();
+    if (!isLooking && !m_prompts.isDismissed() && job.runningTime.hasExpired(m_longJobTime))
+        DesktopNotification::show(job.message, m_tabs.pathOf(widget));
 }
 
 void JobFeedback::showCurrent()
@@ -157,6 +215,12 @@ void JobFeedback::appendLog(const QString &inMessage)
                            + inMessage.simplified());
 }
 
+void JobFeedback::appendLog(const RepoWidget *widget, const QString &message)
+{
+    const QString name = shortlyAbout(widget);
+    appendLog(name.isEmpty() ? message : QStringLiteral("%1 (%2)").arg(message, name));
+}
+
 void JobFeedback::announce(const QString &message)
 {
     if (const RepoWidget *widget = m_tabs.current())
@@ -167,13 +231,25 @@ void JobFeedback::announce(const QString &message)
 
 void JobFeedback::error(const QString &text, const QString &details, RepoEnums::ErrorType type)
 {
-    appendLog(details.isEmpty() ? text : text + QLatin1Char(' ') + details);
+    logError(nullptr, text, details);
     m_prompts.showError(text, details, type);
 }
 
 QString JobFeedback::about(const QPointer<RepoWidget> &widget) const
 {
     return m_tabs.shown().size() > 1 ? m_tabs.pathOf(widget) : QString();
+}
+
+QString JobFeedback::shortlyAbout(const RepoWidget *widget) const
+{
+    const QList<RepoWidget *> shown = m_tabs.shown();
+    if (widget == nullptr || shown.size() < 2)
+        return {};
+    for (int index = 0; index < shown.size(); ++index) {
+        if (shown.at(index) == widget)
+            return TabTitles::of(m_tabs.paths()).value(index);
+    }
+    return m_tabs.pathOf(widget);
 }
 
 void JobFeedback::askUser(const QPointer<RepoWidget> &widget, const QString &title, const QString &text)
@@ -191,11 +267,14 @@ void JobFeedback::packagesReplacementHandler(const QPointer<RepoWidget> &widget,
                                              const PackageInfoPtr &package,
                                              bool singlePackage)
 {
-    if (package.isNull())
+    const RepoWidget *asking = widget.data();
+    if (package.isNull() || asking == nullptr)
         return;
+    const RepoShell::Newcomer newcomer = asking->repoShell()->newcomer();
     PackageReplacementDialog dialog(
-        collision, *package, singlePackage, qobject_cast<QWidget *>(m_prompts.parent()));
+        collision, *package, singlePackage || newcomer.isLast, qobject_cast<QWidget *>(m_prompts.parent()));
     dialog.setRepository(about(widget));
+    dialog.setNewcomer(newcomer.fileName, newcomer.version);
     // The engine waits for us, so the rules are still its own; closed without an answer, the package stays.
     rules->value = m_prompts.run(dialog) == QDialog::Accepted
                        ? dialog.rule()

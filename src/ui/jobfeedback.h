@@ -3,13 +3,14 @@
 
 #include "core/packageinfo.h"
 #include "core/packagereplacementrules.h"
+#include "ui/prompts.h"
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QObject>
 #include <QPointer>
 
 class ElidedLabel;
-class Prompts;
 class QPlainTextEdit;
 class QProgressBar;
 class QStatusBar;
@@ -19,7 +20,8 @@ class RepoWidget;
 
 /**
  * Shows what jobs do: progress and messages in the status bar, everything in the log, errors in boxes, and asks what
- * a job must know. The status bar follows the current tab.
+ * a job must know. The status bar follows the current tab. A long job that ends while the user is elsewhere is told on
+ * the desktop.
  */
 class JobFeedback : public QObject
 {
@@ -27,6 +29,9 @@ class JobFeedback : public QObject
 public:
     JobFeedback(
         RepoTabs &tabs, Prompts &prompts, QStatusBar *statusBar, QPlainTextEdit *log, QObject *parent);
+
+    /** Jobs that take less time than this end without a message on the desktop; at first ten seconds. */
+    void setLongJobTime(qint64 milliseconds) { m_longJobTime = milliseconds; }
 
     /** Appends one line to the log, with the time of day. */
     void appendLog(const QString &inMessage);
@@ -44,13 +49,19 @@ private:
         QString message;
         bool shown = false; ///< between start and end
         bool stopping = false;
+        QList<Prompts::Error> errors; ///< of the running job, for one box at its end
+        QElapsedTimer runningTime;
     };
 
     void attach(RepoWidget *widget);
     void jobStarted(RepoWidget *widget, const QString &message);
     void jobFinished(RepoWidget *widget, const QString &message);
+    void jobError(RepoWidget *widget, const QString &text, const QString &details, RepoEnums::ErrorType type);
+    void logError(const RepoWidget *widget, const QString &text, const QString &details);
+    void notifyDesktop(const RepoWidget *widget, const Job &job) const;
     void showCurrent();
     void stop();
+    void appendLog(const RepoWidget *widget, const QString &message);
     void askUser(const QPointer<RepoWidget> &widget, const QString &title, const QString &text);
     void packagesReplacementHandler(const QPointer<RepoWidget> &widget,
                                     RepoEnums::ErrorCode collision,
@@ -59,6 +70,8 @@ private:
                                     bool singlePackage);
     /** Which repository a question is about, when there is more than one. */
     QString about(const QPointer<RepoWidget> &widget) const;
+    /** The same in a word or two. */
+    QString shortlyAbout(const RepoWidget *widget) const;
 
     RepoTabs &m_tabs;
     Prompts &m_prompts;
@@ -67,4 +80,5 @@ private:
     QProgressBar *m_progressBar;
     QToolButton *m_stopButton;
     QHash<const RepoWidget *, Job> m_jobs;
+    qint64 m_longJobTime = 10000;
 };

@@ -63,9 +63,14 @@ void Prompts::warn(const QString &title, const QString &text, QWidget *parent)
 
 void Prompts::showError(const QString &text, const QString &details, RepoEnums::ErrorType type)
 {
+    showErrors({{text, details, type}});
+}
+
+void Prompts::showErrors(const QList<Error> &errors)
+{
     if (m_dismissed)
         return;
-    m_errors.append({text, details, type});
+    m_errors.append(errors);
     showNextError();
 }
 
@@ -84,7 +89,7 @@ void Prompts::showNextError()
     for (const Error &error : errors) {
         critical = critical || error.type == RepoEnums::CRITICAL;
         if (errors.size() > 1)
-            details += error.text + QLatin1Char('\n') + error.details + QLatin1Char('\n');
+            details += error.text + QLatin1Char('\n') + error.details.trimmed() + QLatin1String("\n\n");
     }
     QString text = errors.first().text;
     if (errors.size() > 1)
@@ -97,7 +102,7 @@ void Prompts::showNextError()
                                 m_window);
     box->setTextFormat(Qt::PlainText);
     if (!details.trimmed().isEmpty()) {
-        box->setDetailedText(details);
+        box->setDetailedText(details.trimmed());
         // Its button folds the details out, which is what one wants to see of an error.
         const QList<QAbstractButton *> buttons = box->buttons();
         for (QAbstractButton *button : buttons) {

@@ -22,6 +22,12 @@ class Prompts : public QObject
 {
     Q_OBJECT
 public:
+    struct Error
+    {
+        QString text;
+        QString details;
+        RepoEnums::ErrorType type;
+    };
     enum class Answer {
         Yes,
         No, ///< also for a box that was closed without an answer
@@ -52,6 +58,9 @@ public:
                    const QString &details = {},
                    RepoEnums::ErrorType type = RepoEnums::CRITICAL);
 
+    /** Shows these errors in one box. */
+    void showErrors(const QList<Error> &errors);
+
     /** Asks for existing files; empty when cancelled. */
     QStringList openFiles(const QString &title, const QString &folder, const QString &filter);
     /** Asks for an existing folder; empty when cancelled. */
@@ -62,19 +71,13 @@ public:
     bool isOpen() const;
     /** Closes every open dialog without an answer and opens no more. */
     void dismissAll();
+    bool isDismissed() const { return m_dismissed; }
 
 Q_SIGNALS:
     /** The last open dialog has gone. */
     void freed();
 
 private:
-    struct Error
-    {
-        QString text;
-        QString details;
-        RepoEnums::ErrorType type;
-    };
-
     QWidget *parentOr(QWidget *parent) const { return parent == nullptr ? m_window : parent; }
     Answer askIn(QMessageBox &box, const QString &about);
     void showNextError();
