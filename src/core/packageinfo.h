@@ -30,6 +30,7 @@ struct PackageInfo
 
     ControlText control; ///< the whole paragraph
     QString root; ///< the repository's directory; empty for a file outside a repository
+    QString repository; ///< origin text of the public source that offers it; empty for a package of our own
     QString poolFile; ///< path below root when the paragraph has no Filename field; else empty
     QSharedPointer<const DependsInfo> dependsInfo; ///< null as long as nothing is stored
 
@@ -47,6 +48,8 @@ struct PackageInfo
 
 using PackageInfoPtr = QSharedPointer<const PackageInfo>;
 
+Q_DECLARE_METATYPE(PackageInfo)
+Q_DECLARE_METATYPE(QList<PackageInfo>)
 Q_DECLARE_METATYPE(PackageInfoPtr)
 Q_DECLARE_METATYPE(QList<PackageInfoPtr>)
 

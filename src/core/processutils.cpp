@@ -3,7 +3,10 @@
 
 #include <QProcessEnvironment>
 
+#include <csignal>
+
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
@@ -11,8 +14,9 @@ namespace
 class ChildProcess : public QProcess
 {
 public:
-    explicit ChildProcess(int mask)
+    ChildProcess(int mask, bool ownGroup)
         : m_mask(mask)
+        , m_ownGroup(ownGroup)
     { }
 
 protected:
@@ -20,11 +24,26 @@ protected:
     {
         if (m_mask >= 0)
             ::umask(static_cast<mode_t>(m_mask));
+        if (m_ownGroup)
+            ::setpgid(0, 0);
     }
 
 private:
     int m_mask;
+    bool m_ownGroup; ///< so that a shell can be killed together with its pipeline
 };
+
+void waitForEnd(QProcess &process, const std::function<bool()> &stopped)
+{
+    constexpr int StopInterval = 50; // milliseconds
+    while (stopped && !process.waitForFinished(StopInterval) && process.state() != QProcess::NotRunning) {
+        if (stopped()) {
+            ::kill(-static_cast<pid_t>(process.processId()), SIGKILL);
+            break;
+        }
+    }
+    process.waitForFinished(-1);
+}
 
 QProcessEnvironment environmentWith(const QStringList &entries)
 {
@@ -40,7 +59,7 @@ QProcessEnvironment environmentWith(const QStringList &entries)
 
 ProcessResult runProcess(const ProcessCall &call)
 {
-    ChildProcess process(call.umask);
+    ChildProcess process(call.umask, static_cast<bool>(call.stopped));
     if (!call.workingDirectory.isEmpty())
         process.setWorkingDirectory(call.workingDirectory);
     process.setProcessEnvironment(environmentWith(call.environment));
@@ -55,7 +74,7 @@ ProcessResult runProcess(const ProcessCall &call)
     }
     // Nobody answers a prompt: a tool that asks reads the end of its input and gives up.
     process.closeWriteChannel();
-    process.waitForFinished(-1);
+    waitForEnd(process, call.stopped);
     result.errorOutput = QString::fromLocal8Bit(process.readAllStandardError());
     result.output = QString::fromLocal8Bit(process.readAllStandardOutput());
     result.exitCode = process.exitCode();
@@ -66,6 +85,6 @@ ProcessResult runProcess(const ProcessCall &call)
 bool ProcessUtils::run(const QString &program, const QStringList &arguments, const QString &workingDirectory)
 {
     m_result = {};
-    m_result = runProcess({program, arguments, workingDirectory, {}, -1});
+    m_result = runProcess({program, arguments, workingDirectory, {}, -1, m_stopped});
     return m_result.succeeded();
 }

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 /** What a finished program left behind. */
 struct ProcessResult
 {
@@ -27,6 +29,8 @@ struct ProcessCall
     QString workingDirectory; ///< empty: our own
     QStringList environment; ///< "NAME=value" entries set on top of our own environment
     int umask = -1; ///< file mode mask of the program; -1: our own
+    /** Asked several times a second, on the calling thread; true kills the program and what it has started. */
+    std::function<bool()> stopped = {};
 };
 
 /**
@@ -49,6 +53,9 @@ public:
     virtual bool
     run(const QString &program, const QStringList &arguments, const QString &workingDirectory = QString());
 
+    /** The programs of later runs are killed as soon as this answers true, see ProcessCall::stopped. */
+    void setStopRequest(const std::function<bool()> &stopped) { m_stopped = stopped; }
+
     QString errorOutput() const { return m_result.errorOutput; }
     QString output() const { return m_result.output; }
     int exitStatus() const { return m_result.exitStatus; }
@@ -63,4 +70,5 @@ protected:
 
 private:
     ProcessResult m_result;
+    std::function<bool()> m_stopped;
 };

@@ -45,6 +45,23 @@ private Q_SLOTS:
         QCOMPARE(runProcess(shell("read line; echo \"got $line\"")).output, "got \n"_s);
     }
 
+    void stopEndsThePipelineToo()
+    {
+        const QTemporaryDir folder;
+        ProcessCall call = shell("(sleep 60; echo late >late) | cat");
+        call.workingDirectory = folder.path();
+        int asked = 0;
+        call.stopped = [&asked] { return ++asked == 3; };
+        QElapsedTimer clock;
+        clock.start();
+        // The shell waits for the whole pipeline, and the pipe stays open as long as one part of it lives.
+        QVERIFY(runProcess(call).crashed());
+        QVERIFY2(clock.elapsed() < 30000, "the rest of the pipeline went on");
+        call.stopped = [] { return false; };
+        call.arguments = QStringList{"-c"_s, "sleep 0.2; exit 5"_s};
+        QCOMPARE(runProcess(call).exitCode, 5);
+    }
+
     void surroundings()
     {
         const QTemporaryDir folder;
