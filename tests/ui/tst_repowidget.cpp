@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reposhell.h"
 #include "packagetesting.h"
+#include "server/publicationsettings.h"
 #include "support/children.h"
 #include "support/testenvironment.h"
 #include "ui/packagestatusline.h"
@@ -10,10 +11,15 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
+#include <QSettings>
+#include <QSpinBox>
 #include <QStackedWidget>
 #include <QtTest>
 
@@ -42,11 +48,14 @@ class RepoWidgetTest : public QObject
         }
 
         /** Opens a repository as reprepro exports it, as far as opening reads it. */
-        void open(const QByteArray &packages)
+        void open(const QByteArray &packages,
+                  const QByteArray &codename = "dogwood",
+                  const QByteArray &architectures = "amd64")
         {
             writeFile(path + "/conf/distributions"_s,
-                      "Origin: Debian\nCodename: dogwood\nSuite: stable\nVersion: 1.6\nArchitectures: amd64\n"
-                      "Components: main contrib\nUDebComponents: main contrib\nSignWith: yes\n");
+                      "Origin: Debian\nCodename: " + codename
+                          + "\nSuite: stable\nVersion: 1.6\nArchitectures: " + architectures
+                          + "\nComponents: main contrib\nUDebComponents: main contrib\nSignWith: yes\n");
             writeFile(path + "/dists/dogwood/main/binary-amd64/Packages"_s, packages);
             QSignalSpy idle(tab.repoShell(), &RepoShell::idle);
             tab.openRepo(path);
@@ -222,14 +231,73 @@ private Q_SLOTS:
             QVERIFY2(child<QWidget>(tab, name)->minimumSizeHint().height() < form, name);
     }
 
-    void publicationAddress()
+    void sourceLineOfTheChoices()
     {
-        RepoWidget tab;
-        auto *address = child<QComboBox>(tab, "m_ipAddrComboBox");
-        address->setEditText("1.2.3"_s);
-        QVERIFY(!address->lineEdit()->hasAcceptableInput());
-        address->setEditText("10.1.1.1"_s);
-        QVERIFY(address->lineEdit()->hasAcceptableInput());
+        Fixture f;
+        QSettings store;
+        PublicationSettings{8000, "/srv/other"_s, false, "arm64"_s, FtpProtocol, "10.9.9.9"_s}.claim(store);
+        const auto line = [&] { return child<QLineEdit>(f.tab, "m_srcLineEdit")->text(); };
+        auto *copy = child<QPushButton>(f.tab, "m_srcCopyPushButton");
+        auto *type = child<QComboBox>(f.tab, "m_srvTypeComboBox");
+        auto *note = child<QLabel>(f.tab, "m_ftpNoteLabel");
+        auto *address = child<QComboBox>(f.tab, "m_ipAddrComboBox")->lineEdit();
+        QCOMPARE(address->text(), "127.0.0.1"_s);
+        QVERIFY(!copy->isEnabled());
+        f.open({});
+        QVERIFY(line().isEmpty() && !copy->isEnabled()); // no server type
+        type->setCurrentIndex(type->findText("HTTP"_s));
+        address->selectAll();
+        QTest::keyClicks(address, "10.1.1."_s);
+        QVERIFY(line().isEmpty() && !copy->isEnabled());
+        QTest::keyClicks(address, "1"_s);
+        QCOMPARE(line(), "deb [arch=amd64 trusted=yes] http://10.1.1.1:8000/ dogwood main contrib"_s);
+        QVERIFY(note->isHidden());
+        type->setCurrentIndex(type->findText("FTP"_s));
+        QVERIFY(!note->isHidden());
+        child<QCheckBox>(f.tab, "m_trustedCheckBox")->click();
+        child<QSpinBox>(f.tab, "m_httpPortSpinBox")->setValue(2121);
+        const QString shown = "deb [arch=amd64] ftp://10.1.1.1:2121/ dogwood main contrib"_s;
+        QCOMPARE(line(), shown);
+        QCOMPARE(child<QLineEdit>(f.tab, "m_srcLineEdit")->cursorPosition(), 0);
+        QSignalSpy told(&f.tab, &RepoWidget::statusLabel);
+        copy->click();
+        QCOMPARE(QGuiApplication::clipboard()->text(), shown);
+        QCOMPARE(told.count(), 1);
+        f.open({}, "elm", "i386 amd64");
+        QCOMPARE(line(), "deb [arch=amd64] ftp://10.1.1.1:2121/ elm main contrib"_s);
+        type->addItem("directory"_s, LocalDirectoryProtocol);
+        type->setCurrentIndex(2);
+        QCOMPARE(line(), "deb [arch=amd64] file://%1/ elm main contrib"_s.arg(f.path));
+        QVERIFY(!address->isEnabled() && !child<QSpinBox>(f.tab, "m_httpPortSpinBox")->isEnabled());
+        // Unpublished, it takes nobody's place.
+        f.tab.saveChoices();
+        QCOMPARE(PublicationSettings::busyPorts(store), QList<int>{8000});
+        QCOMPARE(PublicationSettings::load(store, 8000).host, "10.9.9.9"_s);
+        f.tab.repoShell()->closeRepo();
+        QVERIFY(line().isEmpty());
+    }
+
+    void choicesOfAPublishedRepository()
+    {
+        Fixture f;
+        QSettings store;
+        PublicationSettings{2121, f.path, false, "i386"_s, FtpProtocol, "10.1.1.1"_s}.claim(store);
+        f.open({}, "elm", "amd64 i386");
+        QCOMPARE(child<QLineEdit>(f.tab, "m_srcLineEdit")->text(),
+                 "deb [arch=i386] ftp://10.1.1.1:2121/ elm main contrib"_s);
+        child<QCheckBox>(f.tab, "m_trustedCheckBox")->click();
+        child<QSpinBox>(f.tab, "m_httpPortSpinBox")->setValue(3000);
+        child<QComboBox>(f.tab, "m_ipAddrComboBox")->setEditText("10."_s); // not finished
+        f.tab.saveChoices();
+        PublicationSettings kept = PublicationSettings::load(store, 2121);
+        QCOMPARE(kept.repoPath + "|"_s + kept.host, f.path + "|10.1.1.1"_s);
+        QVERIFY(kept.trusted);
+        QVERIFY(!PublicationSettings::busyPorts(store).contains(3000));
+        // The port is somebody else's by now.
+        kept.repoPath = "/srv/other"_s;
+        kept.claim(store);
+        f.tab.saveChoices();
+        QCOMPARE(PublicationSettings::load(store, 2121).repoPath, "/srv/other"_s);
     }
 };
 
