@@ -394,7 +394,7 @@ QString ExternalRepos::refusal(const QString &source)
                                         [](const QString &word) { return option.match(word).hasMatch(); });
     if (!optionsFit || parts.uri.startsWith(QLatin1Char('[')))
         return tr("The options in square brackets are not written as in [arch=amd64 trusted=yes].");
-    const QString address = addressRefusal(parts.uri);
+    QString address = addressRefusal(parts.uri);
     if (!address.isEmpty())
         return address;
     if (parts.suite.isEmpty())
@@ -412,7 +412,7 @@ QString ExternalRepos::refusal(const QString &source)
 
 QString ExternalRepos::refusalInList(const QString &source, int row) const
 {
-    const QString reason = refusal(source);
+    QString reason = refusal(source);
     if (!reason.isEmpty())
         return reason;
     const QString line = normalised(source);

@@ -3,6 +3,7 @@
 
 #include "engine/reposhell.h"
 #include "ui/addpkgsettingsdialog.h"
+#include "ui/externalreposdialog.h"
 #include "ui/parametersdialog.h"
 #include "ui/prompts.h"
 #include "ui/repotabs.h"
@@ -70,6 +71,16 @@ void SettingsCommands::showParametersDialog()
     choices.showPkgVersion = dialog.showPackageVersion();
     choices.signKeyId = dialog.signKeyId();
     setChoices(choices);
+}
+
+void SettingsCommands::editExternalRepos()
+{
+    QSettings settings;
+    auto *window = qobject_cast<QWidget *>(m_prompts.parent());
+    ExternalReposDialog dialog(ExternalRepos::load(settings), m_prompts, window);
+    if (m_prompts.run(dialog) == QDialog::Accepted && !dialog.repos().save(settings))
+        m_prompts.warn(
+            dialog.windowTitle(), tr("The list cannot be stored in %1.").arg(settings.fileName()), window);
 }
 
 void SettingsCommands::setDependsRepoType(int type)

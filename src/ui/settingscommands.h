@@ -25,6 +25,7 @@ public:
     /** The same for the current tab's repository. */
     void showAddPkgSettings();
     void showParametersDialog();
+    void editExternalRepos();
     void setDependsRepoType(int type);
 
     /** Hides what makes no sense on this release of the system. */
