@@ -2,6 +2,7 @@
 #include "app/commandline.h"
 #include "app/signalwatcher.h"
 #include "app/singleinstance.h"
+#include "core/scratchfolder.h"
 #include "platform/desktopintegration.h"
 #include "ui/mainwindow.h"
 
@@ -96,6 +97,9 @@ int main(int argc, char *argv[])
 
     // Jobs mostly wait for programs, so tabs at work must not keep others from starting.
     QThreadPool::globalInstance()->setMaxThreadCount(std::max(jobThreads, QThread::idealThreadCount()));
+
+    // What a killed run has left behind; nobody waits for that.
+    QThreadPool::globalInstance()->start(&ScratchFolder::removeLeftovers);
 
     const int code = QApplication::exec();
     instance.stopListening();

@@ -12,9 +12,12 @@ AddPkgSettingsDialog::AddPkgSettingsDialog(const QStringList &components,
 {
     m_ui->setupUi(this);
     // The empty entry leaves each package in its own component; without it there would be no way back to that.
-    m_ui->m_componentComboBox->addItem(QString());
-    m_ui->m_componentComboBox->addItems(components);
-    m_ui->m_componentComboBox->setCurrentText(choices.currentComponent);
+    QComboBox *box = m_ui->m_componentComboBox;
+    box->addItem(tr("(each package's own component)"), QString());
+    for (const QString &component : components)
+        box->addItem(component, component);
+    // A component of another repository is not offered here, and packages then go where they belong.
+    box->setCurrentIndex(qMax(0, box->findData(choices.currentComponent)));
     // Signing needs a key; without one the choice could not be kept.
     const bool canSign = !choices.signKeyId.isEmpty();
     m_ui->m_signPackageCheckBox->setEnabled(canSign);
@@ -37,7 +40,7 @@ UserChoices AddPkgSettingsDialog::choices() const
     UserChoices choices = m_choices;
     // With no repository open there is nothing to choose from, and the stored component stays.
     if (m_ui->m_componentComboBox->count() > 1)
-        choices.currentComponent = m_ui->m_componentComboBox->currentText();
+        choices.currentComponent = m_ui->m_componentComboBox->currentData().toString();
     if (m_ui->m_signPackageCheckBox->isEnabled())
         choices.signPackage = m_ui->m_signPackageCheckBox->isChecked();
     choices.addPkgCheckDepends = m_ui->m_checkDependsCheckBox->isChecked();

@@ -14,6 +14,7 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QPushButton>
+#include <QToolTip>
 
 namespace
 {
@@ -32,6 +33,13 @@ void fillUntouched(QLineEdit *field, const QString &text)
 {
     if (!field->isModified() && field->text().isEmpty())
         field->setText(text);
+}
+/** Says at the field what may be typed there, when something else was. */
+void tellRefusals(QLineEdit *field, const QString &allowed)
+{
+    QObject::connect(field, &QLineEdit::inputRejected, field, [field, allowed] {
+        QToolTip::showText(field->mapToGlobal(field->rect().bottomLeft()), allowed, field);
+    });
 }
 } // namespace
 
@@ -69,6 +77,12 @@ void NewRepoDialog::setUpFields()
 {
     const QRegularExpression nameCharacters(QStringLiteral("[a-z|0-9|_|\\.|\\-]+"));
     const QRegularExpression listCharacters(QStringLiteral("[a-z|0-9|\\-|\\s]+"));
+    const QString allowed = tr("Small letters a to z, digits and the characters %1 are allowed here.");
+    tellRefusals(m_ui->m_nameLineEdit, allowed.arg(QLatin1String(". _ -")));
+    tellRefusals(m_ui->m_suiteComboBox->lineEdit(), allowed.arg(QLatin1String(". _ -")));
+    tellRefusals(
+        m_ui->m_componentsComboBox->lineEdit(),
+        tr("Small letters a to z, digits and hyphens are allowed here; one blank separates two values."));
     m_ui->m_nameLineEdit->setValidator(new QRegularExpressionValidator(nameCharacters, this));
     m_ui->m_suiteComboBox->setValidator(new QRegularExpressionValidator(nameCharacters, this));
     m_ui->m_archComboBox->setValidator(new SingleSpaceValidator(listCharacters, this));

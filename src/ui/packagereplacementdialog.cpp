@@ -45,12 +45,17 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
     : QDialog(parent)
     , m_options(new QButtonGroup(this))
     , m_repositoryLabel(plainLabel(QString(), this))
+    , m_versionsLabel(plainLabel(QString(), this))
+    , m_presentVersion(tr("%1 (%2)").arg(package.version, package.architecture))
 {
     setWindowTitle(tr("Package replacement"));
     auto *rows = new QVBoxLayout(this);
     auto *question = plainLabel(questionText(collision, package), this);
     question->setObjectName(QStringLiteral("m_questionLabel"));
     rows->addWidget(question);
+    m_versionsLabel->setObjectName(QStringLiteral("m_versionsLabel"));
+    m_versionsLabel->hide();
+    rows->addWidget(m_versionsLabel);
     m_repositoryLabel->hide();
     rows->addWidget(m_repositoryLabel);
 
@@ -96,6 +101,14 @@ void PackageReplacementDialog::setRepository(const QString &path)
 {
     m_repositoryLabel->setText(path);
     m_repositoryLabel->setVisible(!path.isEmpty());
+    fitHeight();
+}
+
+void PackageReplacementDialog::setNewcomer(const QString &fileName, const QString &version)
+{
+    m_versionsLabel->setText(tr("Version in the repository: %1").arg(m_presentVersion) + QLatin1Char('\n')
+                             + tr("New version: %1 (%2)").arg(version, fileName));
+    m_versionsLabel->setVisible(!version.isEmpty());
     fitHeight();
 }
 

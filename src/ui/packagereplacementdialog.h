@@ -26,6 +26,9 @@ public:
     /** Says which repository is meant, for when several are open. */
     void setRepository(const QString &path);
 
+    /** Shows the version of the file that would replace the package, beside the present one. */
+    void setNewcomer(const QString &fileName, const QString &version);
+
     /** What the user decided; closing the dialog without an answer keeps the present package. */
     PackageReplacementRules::Rule rule() const { return m_rule; }
 
@@ -36,5 +39,7 @@ private:
 
     QButtonGroup *m_options;
     QLabel *m_repositoryLabel;
+    QLabel *m_versionsLabel;
+    QString m_presentVersion; ///< with its architecture
     PackageReplacementRules::Rule m_rule = PackageReplacementRules::KeepThis;
 };

@@ -25,6 +25,11 @@ QString cleaned(const QString &path)
 {
     return QDir::cleanPath(QDir(path).absolutePath());
 }
+
+bool isRepository(const QString &path)
+{
+    return QFileInfo(path + QLatin1String("/conf/distributions")).isFile();
+}
 } // namespace
 
 RepositoryCommands::RepositoryCommands(
@@ -36,6 +41,15 @@ RepositoryCommands::RepositoryCommands(
     , m_recent(recent)
 {
     connect(&m_recent, &RecentRepositories::chosen, this, &RepositoryCommands::openRecent);
+    connect(&m_tabs, &RepoTabs::created, this, [this](RepoWidget *widget) {
+        connect(widget, &RepoWidget::needImportRepo, this, [this, widget] {
+            m_feedback.error(
+                tr("Packages of a directory that is no repository cannot be imported in one step "
+                   "yet. Create a repository in another directory and add the packages to it."),
+                m_tabs.pathOf(widget),
+                RepoEnums::WARNING);
+        });
+    });
     connect(&m_tabs,
             &RepoTabs::moved,
             this,
@@ -115,23 +129,35 @@ RepoWidget *RepositoryCommands::openRepo(const QString &repoPath)
     }
     RepoWidget *widget = m_tabs.create(path);
     m_tabs.show(widget);
-    m_recent.add(path);
+    // A directory that was opened by mistake is not worth remembering; a repository whose disk is absent just now
+    // keeps the place that it has.
+    if (isRepository(path))
+        m_recent.add(path);
     widget->openRepo(path);
     return widget;
 }
 
 void RepositoryCommands::openRecent(const QString &path)
 {
-    if (m_tabs.find(path) == nullptr && !QFileInfo(path).isDir())
+    if (m_tabs.find(path) != nullptr || QFileInfo(path).isDir()) {
+        openRepo(path);
+        return;
+    }
+    m_feedback.appendLog(tr("The directory %1 does not exist.").arg(path));
+    // It may lie on a disk that is absent just now.
+    if (m_prompts.askCarefully(
+            tr("Recent repositories"),
+            tr("The directory %1 does not exist. Do you want to remove it from the list of "
+               "recent repositories?")
+                .arg(path))
+        == Prompts::Answer::Yes)
         m_recent.remove(path);
-    openRepo(path);
 }
 
 void RepositoryCommands::reopen(const QStringList &paths)
 {
     for (const QString &path : paths) {
-        const QString file = path + QLatin1String("/conf/distributions");
-        if (QFileInfo(file).isFile())
+        if (isRepository(path))
             openRepo(path);
         else
             m_feedback.appendLog(tr("File %1/conf/distributions not found!").arg(path));
@@ -177,15 +203,22 @@ void RepositoryCommands::startRemoval(const QString &path)
 {
     const QString directory = PathGuard::resolved(path);
     m_removing << directory;
-    using Outcome = std::pair<bool, QString>;
+    using Outcome = std::pair<RepositoryRemoval::Outcome, QString>;
     auto *watcher = new QFutureWatcher<Outcome>(this);
     connect(watcher, &QFutureWatcher<Outcome>::finished, this, [this, watcher, path, directory] {
         const Outcome outcome = watcher->result();
         watcher->deleteLater();
         m_removing.removeOne(directory);
-        if (outcome.first) {
+        if (outcome.first == RepositoryRemoval::Outcome::Deleted) {
             m_recent.remove(path);
             m_feedback.announce(tr("Repository is deleted."));
+        } else if (outcome.first == RepositoryRemoval::Outcome::Absent) {
+            m_recent.remove(path);
+            m_feedback.error(tr("The directory %1 does not exist, so there was nothing to delete. The "
+                                "repository was closed and is no longer among the recent ones.")
+                                 .arg(path),
+                             {},
+                             RepoEnums::WARNING);
         } else {
             m_feedback.appendLog(tr("Repository is not deleted"));
             m_prompts.showError(tr("Repository is not deleted."), outcome.second);
@@ -195,7 +228,7 @@ void RepositoryCommands::startRemoval(const QString &path)
     });
     watcher->setFuture(QtConcurrent::run([path, open = m_tabs.paths()] {
         QString reason;
-        const bool removed = RepositoryRemoval::remove(path, open, &reason);
-        return Outcome(removed, reason);
+        const RepositoryRemoval::Outcome outcome = RepositoryRemoval::remove(path, open, &reason);
+        return Outcome(outcome, reason);
     }));
 }

@@ -15,26 +15,29 @@ QString tr(const char *text)
 }
 } // namespace
 
-bool RepositoryRemoval::remove(const QString &path, const QStringList &openRepositories, QString *reason)
+RepositoryRemoval::Outcome
+RepositoryRemoval::remove(const QString &path, const QStringList &openRepositories, QString *reason)
 {
     // The directory itself, not a link to it: behind a link everything would go but the directory.
     const QString directory = PathGuard::resolved(path);
+    if (!QFileInfo::exists(directory))
+        return Outcome::Absent;
     if (!QFileInfo(directory + QLatin1String("/conf/distributions")).isFile()) {
         *reason = tr("The directory %1 holds no repository.").arg(path);
-        return false;
+        return Outcome::Refused;
     }
     if (!PathGuard::mayBeWiped(directory, openRepositories)) {
         *reason
             = tr("The directory %1 belongs to the system, or holds a home directory or an open repository.")
                   .arg(path);
-        return false;
+        return Outcome::Refused;
     }
     if (!QDir(directory).removeRecursively()) {
         *reason = tr("Not everything in %1 could be deleted.").arg(path);
-        return false;
+        return Outcome::Refused;
     }
     const QFileInfo link(path);
     if (link.isSymLink())
         QFile::remove(path);
-    return true;
+    return Outcome::Deleted;
 }

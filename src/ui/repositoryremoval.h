@@ -7,10 +7,16 @@
 /** Deleting a whole repository. */
 namespace RepositoryRemoval
 {
+enum class Outcome {
+    Deleted,
+    Absent, ///< there was nothing to delete: the directory is gone already, or its disk is absent
+    Refused ///< nothing or not everything was deleted
+};
+
 /**
  * Deletes the directory `path` with everything in it. Only a directory that is a repository, and holds none of
- * `openRepositories`, is deleted. False, with the reason, when nothing or not everything was deleted. May take long:
- * not for the interface thread.
+ * `openRepositories`, is deleted. `reason` tells why one is refused. May take long: not for the interface
+ * thread.
  */
-bool remove(const QString &path, const QStringList &openRepositories, QString *reason);
+Outcome remove(const QString &path, const QStringList &openRepositories, QString *reason);
 } // namespace RepositoryRemoval

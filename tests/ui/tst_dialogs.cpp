@@ -3,10 +3,13 @@
 #include "support/literals.h"
 #include "support/testenvironment.h"
 #include "ui/addpkgsettingsdialog.h"
+#include "ui/elidedlabel.h"
+#include "ui/externalreposdialog.h"
 #include "ui/newrepodialog.h"
 #include "ui/packagereplacementdialog.h"
 #include "ui/prompts.h"
 
+#include <QAbstractItemModelTester>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -15,6 +18,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolTip>
+#include <QTreeView>
 #include <QtTest>
 
 namespace
@@ -101,6 +106,8 @@ private Q_SLOTS:
         const QStringList fields{
             info.name, info.suite, info.codename, info.version, info.architectures, info.components};
         QCOMPARE(fields.join("|"_s), "y-epo_1|testing|aspen||amd64 riscv64|main own"_s);
+        QVERIFY2(QToolTip::text().startsWith("Small letters"_s),
+                 "a key that is refused is not passed over in silence");
     }
 
     void creationRefusesAndAsks()
@@ -168,6 +175,7 @@ private Q_SLOTS:
         PackageInfo package;
         package.name = "<b>bash</b>"_s;
         package.version = "5.2"_s;
+        package.architecture = "amd64"_s;
         const QList<QPair<QString, int>> options{{"Give preference to versions higer"_s, 16},
                                                  {"Give preference to versions lower"_s, 32},
                                                  {"Replace all packages"_s, 48},
@@ -188,6 +196,9 @@ private Q_SLOTS:
             QCOMPARE(static_cast<int>(dialog.rule()), option.second);
         }
         PackageReplacementDialog single(RepoEnums::PACKAGE_EXISTS, package, true);
+        single.setNewcomer("bash_5.3_all.deb"_s, "5.3"_s);
+        QCOMPARE(child<QLabel>(single, "m_versionsLabel")->text(),
+                 "Version in the repository: 5.2 (amd64)\nNew version: 5.3 (bash_5.3_all.deb)"_s);
         QVERIFY(single.findChildren<QRadioButton *>().isEmpty());
         QCOMPARE(single.findChildren<QPushButton *>().size(), 2);
         button(single, QDialogButtonBox::Yes)->click();
@@ -225,6 +236,87 @@ private Q_SLOTS:
         QCOMPARE(dialog.choices().currentComponent, QString());
         QVERIFY(!dialog.choices().addPkgCheckDepends && !dialog.choices().showAddPkgSettings);
         QCOMPARE(AddPkgSettingsDialog({}, choices).choices().currentComponent, "contrib"_s);
+    }
+
+    void externalRepos()
+    {
+        // Stands in for apt-cache: answers when told to, as the file says.
+        QTemporaryDir bin;
+        const QString go = bin.filePath("go"_s);
+        writeScript(bin.filePath("apt-cache"_s),
+                    "#!/bin/sh\nwhile [ ! -e ${0%/*}/go ]; do sleep 0.02; done\n. ${0%/*}/go\n");
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", bin.path().toUtf8() + ":" + path);
+        QWidget window;
+        Prompts prompts(&window);
+        ExternalRepos stored;
+        QVERIFY(stored.setSource("http://own s main"_s) && stored.setSource("http://off s main"_s));
+        stored.setEnabled(1, false);
+        {
+            ExternalReposDialog abandoned(stored, prompts);
+            abandoned.show();
+        }
+        ExternalReposDialog dialog(stored, prompts);
+        auto *view = child<QTreeView>(dialog, "m_externalReposView");
+        const QAbstractItemModelTester tester(view->model(),
+                                              QAbstractItemModelTester::FailureReportingMode::Fatal);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        auto *state = child<QLabel>(dialog, "m_stateLabel");
+        QVERIFY(state->text().startsWith("Asking apt"_s));
+        QCOMPARE(view->model()->rowCount(), 2);
+        // A name is being typed while the answer comes and moves the row.
+        view->setFocus();
+        view->setCurrentIndex(view->model()->index(0, 1));
+        QTest::keyClick(view, Qt::Key_F2);
+        QTest::keyClicks(QApplication::focusWidget(), "My "_s);
+        writeFile(go, "echo ' 500 http://apt s/main amd64 Packages\n 500 http://off s/main amd64 Packages'");
+        QTRY_COMPARE(view->model()->rowCount(), 3);
+        QVERIFY(state->text().isEmpty());
+        QTest::keyClicks(QApplication::focusWidget(), "own"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QVERIFY(dialog.isVisible());
+        QTRY_COMPARE(view->model()->index(2, 1).data().toString(), "My own"_s);
+
+        // What apt knows is named and switched off, never changed or removed.
+        view->setCurrentIndex(view->model()->index(0, 0));
+        QTest::keyClick(view, Qt::Key_Delete);
+        QTest::keyClick(view, Qt::Key_Space);
+        QTest::keyClick(view, Qt::Key_F2);
+        QTest::keyClicks(QApplication::focusWidget(), "Apt"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QTRY_VERIFY(view->hasFocus());
+        QVERIFY(!child<QPushButton>(dialog, "m_removeButton")->isEnabled());
+
+        QString refused;
+        QTimer::singleShot(0, &dialog, [&refused] {
+            QWidget *source = QApplication::activeModalWidget();
+            type(*source, "m_sourceLineEdit", "deb http://own  s main"_s);
+            QTest::keyClick(source, Qt::Key_Return);
+            refused = child<QLabel>(*source, "m_refusalLabel")->text();
+            type(*source, "m_sourceLineEdit", "deb http://new  s main"_s);
+            QTest::keyClick(source, Qt::Key_Return);
+        });
+        QTest::keyClick(view, Qt::Key_Insert);
+        QVERIFY(refused.contains("already"_s));
+        view->setCurrentIndex(view->model()->index(2, 0));
+        dialog.activateWindow();
+        QTRY_VERIFY(view->hasFocus());
+        QTest::keyClick(view, Qt::Key_Delete);
+        button(dialog, QDialogButtonBox::Ok)->click();
+        const ExternalRepos edited = dialog.repos();
+        QStringList rows;
+        for (const auto &entry : edited.entries())
+            rows += (entry.enabled ? QString() : "-"_s) + entry.source + "|"_s + entry.alias;
+        QCOMPARE(rows,
+                 (QStringList{"-http://apt s main|Apt"_s, "-http://off s main|"_s, "http://new s main|"_s}));
+
+        // Without apt the stored ones stay at hand.
+        writeFile(go, "echo 'E: The list of sources could not be read.' >&2; exit 100");
+        ExternalReposDialog alone(edited, prompts);
+        QTRY_VERIFY(child<ElidedLabel>(alone, "m_stateLabel")->fullText().endsWith("could not be read."_s));
+        QVERIFY(alone.repos().entries() == edited.entries());
+        qputenv("PATH", path);
     }
 
     void errorsComeOneAtATime()
