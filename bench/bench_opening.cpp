@@ -5,14 +5,13 @@
 #include "benchdata.h"
 #include "core/processutils.h"
 #include "engine/reposhell.h"
+#include "stallmeter.h"
 #include "ui/repowidget.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
-#include <QTimer>
 #include <QTreeView>
 
 #include <algorithm>
@@ -21,28 +20,6 @@
 
 namespace
 {
-/** Measures the longest gap between two turns of the event loop. */
-class StallMeter : public QObject
-{
-public:
-    StallMeter()
-    {
-        m_clock.start();
-        m_timer.setInterval(0);
-        connect(&m_timer, &QTimer::timeout, this, [this] {
-            m_longest = std::max(m_longest, m_clock.nsecsElapsed());
-            m_clock.restart();
-        });
-        m_timer.start();
-    }
-    double longestMilliseconds() const { return static_cast<double>(m_longest) / 1e6; }
-
-private:
-    QTimer m_timer;
-    QElapsedTimer m_clock;
-    qint64 m_longest = 0;
-};
-
 int packagesBelow(const QAbstractItemModel &model, const QModelIndex &parent)
 {
     const int rows = model.rowCount(parent);

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the user waits for in the tree of a repository of 63,000 packages: from a key in the search line to the painted
+// result, with every group expanded and with all collapsed, expanding everything, and scrolling by a page. The
+// counters tell the slowest and the longest time that the interface was not served. Needs a platform plugin:
+// QT_QPA_PLATFORM=offscreen will do.
+#include "benchdata.h"
+#include "engine/reposhell.h"
+#include "stallmeter.h"
+#include "ui/repowidget.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QTreeView>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+#include <benchmark/benchmark.h>
+
+namespace
+{
+struct OpenTab
+{
+    RepoWidget widget;
+    QTreeView *tree = widget.findChild<QTreeView *>(QStringLiteral("m_repoTreeView"));
+    QLineEdit *line = widget.findChild<QWidget *>(QStringLiteral("m_searchLine"))->findChild<QLineEdit *>();
+    double slowest = 0; ///< milliseconds
+
+    OpenTab()
+    {
+        widget.resize(1000, 500);
+        widget.show();
+        QEventLoop loop;
+        QObject::connect(widget.repoShell(), &RepoShell::idle, &loop, &QEventLoop::quit);
+        widget.openRepo(BenchData::largeRepository());
+        loop.exec();
+        QApplication::processEvents();
+    }
+
+    /** Seconds until what `act` changes is on the screen. */
+    template <typename Act>
+    double secondsToPainted(const Act &act)
+    {
+        QElapsedTimer clock;
+        clock.start();
+        act();
+        QApplication::processEvents();
+        tree->viewport()->repaint();
+        const double seconds = static_cast<double>(clock.nsecsElapsed()) / 1e9;
+        slowest = std::max(slowest, seconds * 1000);
+        return seconds;
+    }
+
+    static void press(QWidget *target, int key, const QString &text = QString())
+    {
+        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+        QApplication::sendEvent(target, &event);
+    }
+};
+
+void Keystroke(benchmark::State &state)
+{
+    OpenTab tab;
+    if (state.range(0) != 0)
+        tab.tree->expandAll();
+    else
+        tab.tree->collapseAll();
+    QApplication::processEvents();
+    const StallMeter meter;
+    // In and out again: one letter finds nearly all packages, the whole word a few hundred.
+    const std::array<char, 10> keys{'l', 'i', 'b', 'q', 't', 0, 0, 0, 0, 0};
+    std::size_t next = 0;
+    for (auto _ : state) {
+        const char key = keys[next];
+        next = (next + 1) % keys.size();
+        state.SetIterationTime(tab.secondsToPainted([&] {
+            if (key == 0)
+                OpenTab::press(tab.line, Qt::Key_Backspace);
+            else
+                OpenTab::press(tab.line, Qt::Key_A + key - 'a', QString(QLatin1Char(key)));
+        }));
+    }
+    state.counters["slowest_ms"] = tab.slowest;
+    state.counters["longest_stall_ms"] = meter.longestMilliseconds();
+}
+BENCHMARK(Keystroke)
+    ->ArgName("expanded")
+    ->Arg(1)
+    ->Arg(0)
+    ->Unit(benchmark::kMillisecond)
+    ->UseManualTime()
+    ->Iterations(100);
+
+void ExpandAll(benchmark::State &state)
+{
+    OpenTab tab;
+    const StallMeter meter;
+    for (auto _ : state) {
+        tab.tree->collapseAll();
+        QApplication::processEvents();
+        state.SetIterationTime(tab.secondsToPainted([&] { tab.tree->expandAll(); }));
+    }
+    state.counters["slowest_ms"] = tab.slowest;
+    state.counters["longest_stall_ms"] = meter.longestMilliseconds();
+}
+BENCHMARK(ExpandAll)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(20);
+
+void ScrollPage(benchmark::State &state)
+{
+    OpenTab tab;
+    tab.tree->expandAll();
+    QApplication::processEvents();
+    const StallMeter meter;
+    for (auto _ : state)
+        state.SetIterationTime(tab.secondsToPainted([&] { OpenTab::press(tab.tree, Qt::Key_PageDown); }));
+    state.counters["slowest_ms"] = tab.slowest;
+    state.counters["longest_stall_ms"] = meter.longestMilliseconds();
+}
+BENCHMARK(ScrollPage)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(200);
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
