@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "depends/dependsdata.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLoggingCategory>
+#include <QMutex>
+#include <QMutexLocker>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+#include <cstdio>
+#include <utility>
+
+namespace
+{
+using DependsJson::Outcome;
+
+Q_LOGGING_CATEGORY(logDepends, "velt.depends", QtWarningMsg)
+
+/** Held while the file is read, changed and written, so that no tab's save is lost to another's. */
+QMutex &fileMutex()
+{
+    static QMutex mutex;
+    return mutex;
+}
+
+Outcome readFile(const QString &fileName, const QString &repoPath, StoredPackages *stored)
+{
+    QFile file(fileName);
+    // Nothing that could be lost is in an empty file, so it is not worth a word.
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.size() == 0)
+        return Outcome::Failed;
+    return DependsJson::read(&file, repoPath, stored);
+}
+} // namespace
+
+DependsData::DependsData(QString fileName, QString repoPath, QObject *parent)
+    : QObject(parent)
+    , m_fileName(std::move(fileName))
+    , m_repoPath(std::move(repoPath))
+{ }
+
+QString DependsData::userFileName()
+{
+    return QStringLiteral("%1/corvana/%2-dependencies.json")
+        .arg(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
+             QCoreApplication::applicationName());
+}
+
+void DependsData::loadData(const QString &repoPath)
+{
+    if (repoPath.isEmpty())
+        return;
+    m_repoPath = repoPath;
+    m_saved.clear();
+    StoredPackages stored;
+    Outcome outcome = readFile(m_fileName, m_repoPath, &stored);
+    bool keptAside = false;
+    if (outcome == Outcome::Broken) {
+        // Somebody else may have put a good file in its place meanwhile.
+        const QMutexLocker lock(&fileMutex());
+        outcome = readFile(m_fileName, m_repoPath, &stored);
+        keptAside = outcome == Outcome::Broken && moveAside();
+    }
+    m_stored = outcome == Outcome::Done ? stored : StoredPackages();
+    if (keptAside)
+        Q_EMIT fileBroken(brokenName());
+}
+
+void DependsData::changePath(const QString &newPath)
+{
+    if (m_repoPath.isEmpty() || newPath.isEmpty() || newPath == m_repoPath)
+        return;
+    if (hasMember({m_repoPath, newPath}) && !rewrite({m_repoPath, newPath, {}}))
+        m_saved.clear();
+    m_repoPath = newPath;
+}
+
+void DependsData::removeRepoData()
+{
+    if (!m_repoPath.isEmpty() && hasMember({m_repoPath}))
+        rewrite({m_repoPath, QString(), {}});
+    m_stored.clear();
+    m_saved.clear();
+}
+
+void DependsData::mergeStoredPackages(const QList<PackageInfoPtr> &origin)
+{
+    QList<PackageInfoPtr> packages;
+    packages.reserve(origin.size());
+    bool changed = false;
+    for (const PackageInfoPtr &package : origin) {
+        const auto stored = m_stored.constFind(package->name);
+        if (stored == m_stored.cend() || stored->info == package->dependsInfo) {
+            packages.append(package);
+            continue;
+        }
+        const auto merged = QSharedPointer<PackageInfo>::create(*package);
+        merged->dependsInfo = stored->info;
+        packages.append(merged);
+        changed = true;
+    }
+    if (changed)
+        Q_EMIT packagesMerged(packages);
+}
+
+void DependsData::savePackages(const QList<PackageInfoPtr> &packages)
+{
+    if (m_repoPath.isEmpty() || packages.isEmpty())
+        return;
+    // Records never change, so the same records have the same results.
+    if (packages == m_saved && QFile::exists(m_fileName))
+        return;
+    const bool saved = rewrite({m_repoPath, QString(), packages});
+    m_saved = saved ? packages : QList<PackageInfoPtr>();
+    m_stored.clear();
+    const auto byName = DependsJson::packagesByName(packages);
+    for (const PackageInfoPtr &package : byName)
+        if (package->hasDependsInfo())
+            m_stored.insert(package->name, {package->version, package->architecture, package->dependsInfo});
+}
+
+bool DependsData::hasMember(const QStringList &repositories) const
+{
+    QFile file(m_fileName);
+    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)
+           && DependsJson::hasMember(&file, repositories);
+}
+
+bool DependsData::rewrite(const DependsJson::Change &change)
+{
+    bool keptAside = false;
+    Outcome outcome = Outcome::Failed;
+    {
+        const QMutexLocker lock(&fileMutex());
+        outcome = rewriteOnce(change);
+        if (outcome == Outcome::Broken) {
+            keptAside = moveAside();
+            if (keptAside)
+                outcome = rewriteOnce(change);
+        }
+    }
+    if (keptAside)
+        Q_EMIT fileBroken(brokenName());
+    if (outcome != Outcome::Done)
+        qCDebug(logDepends) << "could not write" << m_fileName;
+    return outcome == Outcome::Done;
+}
+
+Outcome DependsData::rewriteOnce(const DependsJson::Change &change)
+{
+    QFile old(m_fileName);
+    const bool isThere = old.exists() && old.size() > 0;
+    // What cannot be read holds the results of other repositories and is not to be written over.
+    if (isThere && !old.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return Outcome::Failed;
+    QDir().mkpath(QFileInfo(m_fileName).path());
+    QSaveFile file(m_fileName);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return Outcome::Failed;
+    const Outcome outcome = DependsJson::rewrite(isThere ? &old : nullptr, &file, change);
+    if (outcome != Outcome::Done)
+        return outcome;
+    return file.commit() ? Outcome::Done : Outcome::Failed;
+}
+
+bool DependsData::moveAside()
+{
+    // The system's own renaming, because Qt's does not replace.
+    return std::rename(QFile::encodeName(m_fileName).constData(), QFile::encodeName(brokenName()).constData())
+           == 0;
+}

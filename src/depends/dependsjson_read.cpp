@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Reading the stored results of one repository.
+#include "depends/dependsjson.h"
+#include "depends/dependsjsonparts.h"
+#include "depends/jsondevice.h"
+
+#include <QStringList>
+
+#include <deque>
+#include <string>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace
+{
+using DependsJson::Outcome;
+namespace Key = DependsJson::Key;
+using Size = rapidjson::SizeType;
+
+/** One QString for all equal texts: a few names and versions stand in the results of thousands of packages. */
+class StringPool
+{
+public:
+    QString string(std::string_view text)
+    {
+        if (text.empty())
+            return {};
+        const auto known = m_strings.find(text);
+        if (known != m_strings.end())
+            return known->second;
+        m_texts.emplace_back(text);
+        const QString string = QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+        m_strings.emplace(m_texts.back(), string);
+        return string;
+    }
+
+private:
+    std::deque<std::string> m_texts; ///< what the keys below look at
+    std::unordered_map<std::string_view, QString> m_strings;
+};
+
+DependStatus toStatus(std::string_view number)
+{
+    const double value = QByteArray::fromRawData(number.data(), static_cast<int>(number.size())).toDouble();
+    for (const DependStatus status : {DependError, DependSuccess})
+        if (qFuzzyIsNull(value - status))
+            return status;
+    return DependUndefined;
+}
+
+/** Follows the parser through the document and builds the results where the wanted repository's member is. */
+class ResultsHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, ResultsHandler>
+{
+public:
+    ResultsHandler(const QString &repository, StoredPackages *stored)
+        : m_repository(repository.toStdString())
+        , m_stored(stored)
+    { }
+
+    bool hasRoot() const { return m_hasRoot; }
+
+    bool Key(const char *text, Size size, bool)
+    {
+        m_key.assign(text, size);
+        // Of members with the same name the last one counts.
+        if (m_places.back() == Place::Root && m_key == m_repository)
+            m_stored->clear();
+        return true;
+    }
+
+    bool StartObject() { return enter(objectIn(m_places.back())); }
+    bool StartArray() { return enter(arrayIn(m_places.back())); }
+    bool EndArray(Size)
+    {
+        m_places.pop_back();
+        return true;
+    }
+    bool EndObject(Size);
+    bool String(const char *text, Size size, bool);
+    bool RawNumber(const char *text, Size size, bool);
+
+private:
+    /** What the object or array is that the parser is in. */
+    enum class Place : quint8 {
+        Outside,
+        Root,
+        Repository,
+        Package,
+        Groups,
+        Group,
+        Alternatives,
+        Dependency,
+        Providers,
+        Sources,
+        Source,
+        Ignored
+    };
+
+    const std::string m_repository;
+    StoredPackages *m_stored;
+    StringPool m_pool;
+    std::vector<Place> m_places{Place::Outside};
+    std::string m_key;
+    bool m_hasRoot = false;
+
+    QString m_packageName;
+    StoredDepends m_package;
+    DependsInfo m_info;
+    QString m_groupName;
+    DependencyGroup m_group;
+    std::vector<::Dependency>
+        m_dependencies; ///< an alternative and below it the providers that are being read
+    QString m_sourceName;
+    FoundVersion m_found;
+
+    bool enter(Place place)
+    {
+        m_places.push_back(place);
+        return m_hasRoot && m_places.size() <= DependsJson::maximumDepth;
+    }
+    Place objectIn(Place outer);
+    Place arrayIn(Place outer);
+    Place startDependency();
+};
+
+ResultsHandler::Place ResultsHandler::objectIn(Place outer)
+{
+    // A status that is missing reads as 0, like every number.
+    switch (outer) {
+    case Place::Outside:
+        m_hasRoot = true;
+        return Place::Root;
+    case Place::Root:
+        return m_key == m_repository ? Place::Repository : Place::Ignored;
+    case Place::Repository:
+        m_packageName = m_pool.string(m_key);
+        m_package = {};
+        m_info = {DependError, {}};
+        return Place::Package;
+    case Place::Package:
+        if (m_key != Key::dependMap)
+            return Place::Ignored;
+        m_info.groups.clear();
+        return Place::Groups;
+    case Place::Groups:
+        m_groupName = m_pool.string(m_key);
+        m_group = {DependError, {}};
+        return Place::Group;
+    case Place::Alternatives:
+    case Place::Providers:
+        return startDependency();
+    case Place::Dependency:
+        if (m_key != Key::foundedVersions)
+            return Place::Ignored;
+        m_dependencies.back().foundVersions.clear();
+        return Place::Sources;
+    case Place::Sources:
+        m_sourceName = m_pool.string(m_key);
+        m_found = {QString(), DependError};
+        return Place::Source;
+    case Place::Group:
+    case Place::Source:
+    case Place::Ignored:
+        break;
+    }
+    return Place::Ignored;
+}
+
+ResultsHandler::Place ResultsHandler::arrayIn(Place outer)
+{
+    if (outer == Place::Group && m_key == Key::packages) {
+        m_group.alternatives.clear();
+        return Place::Alternatives;
+    }
+    if (outer == Place::Dependency && m_key == Key::providers) {
+        m_dependencies.back().providers.clear();
+        return Place::Providers;
+    }
+    return Place::Ignored;
+}
+
+ResultsHandler::Place ResultsHandler::startDependency()
+{
+    m_dependencies.emplace_back();
+    m_dependencies.back().status = DependError;
+    return Place::Dependency;
+}
+
+bool ResultsHandler::EndObject(Size)
+{
+    const Place left = m_places.back();
+    m_places.pop_back();
+    if (left == Place::Package) {
+        m_package.info = QSharedPointer<DependsInfo>::create(std::exchange(m_info, {}));
+        m_stored->insert(m_packageName, m_package);
+    } else if (left == Place::Group) {
+        m_info.groups.insert(m_groupName, std::exchange(m_group, {}));
+    } else if (left == Place::Dependency) {
+        const ::Dependency dependency = std::move(m_dependencies.back());
+        m_dependencies.pop_back();
+        if (m_places.back() == Place::Alternatives)
+            m_group.alternatives.append(dependency);
+        else
+            m_dependencies.back().providers.insert(dependency.name, dependency);
+    } else if (left == Place::Source) {
+        m_dependencies.back().foundVersions.insert(m_sourceName, m_found);
+    }
+    return true;
+}
+
+bool ResultsHandler::String(const char *text, Size size, bool)
+{
+    const Place place = m_places.back();
+    QString *target = nullptr;
+    if (place == Place::Package) {
+        if (m_key == Key::version)
+            target = &m_package.version;
+        else if (m_key == Key::architecture)
+            target = &m_package.architecture;
+    } else if (place == Place::Dependency) {
+        ::Dependency &dependency = m_dependencies.back();
+        if (m_key == Key::name)
+            target = &dependency.name;
+        else if (m_key == Key::op)
+            target = &dependency.op;
+        else if (m_key == Key::dependVersion)
+            target = &dependency.version;
+        else if (m_key == Key::altOp)
+            target = &dependency.secondOp;
+        else if (m_key == Key::altDependVersion)
+            target = &dependency.secondVersion;
+    } else if (place == Place::Source && m_key == Key::version) {
+        target = &m_found.version;
+    }
+    if (target != nullptr)
+        *target = m_pool.string({text, size});
+    return true;
+}
+
+bool ResultsHandler::RawNumber(const char *text, Size size, bool)
+{
+    const Place place = m_places.back();
+    DependStatus *target = nullptr;
+    if (place == Place::Package && m_key == Key::dependsStatus)
+        target = &m_info.status;
+    else if (place == Place::Group && m_key == Key::dependStatus)
+        target = &m_group.status;
+    else if (place == Place::Dependency && m_key == Key::status)
+        target = &m_dependencies.back().status;
+    else if (place == Place::Source && m_key == Key::status)
+        target = &m_found.status;
+    if (target != nullptr)
+        *target = toStatus({text, size});
+    return true;
+}
+
+/** Ends the parsing at the first member of the root that has one of the names. */
+class MemberHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, MemberHandler>
+{
+public:
+    explicit MemberHandler(const QStringList &names)
+    {
+        for (const QString &name : names)
+            m_names.push_back(name.toStdString());
+    }
+
+    bool found() const { return m_found; }
+
+    bool Key(const char *text, Size size, bool)
+    {
+        if (m_depth == 1)
+            for (const std::string &name : m_names)
+                m_found = m_found || name == std::string_view(text, size);
+        return !m_found;
+    }
+    bool StartObject() { return enter(); }
+    bool StartArray() { return enter(); }
+    bool EndObject(Size) { return leave(); }
+    bool EndArray(Size) { return leave(); }
+
+private:
+    std::vector<std::string> m_names;
+    int m_depth = 0;
+    bool m_found = false;
+
+    bool enter() { return ++m_depth < DependsJson::maximumDepth; }
+    bool leave()
+    {
+        --m_depth;
+        return true;
+    }
+};
+} // namespace
+
+Outcome DependsJson::read(QIODevice *input, const QString &repository, StoredPackages *stored)
+{
+    stored->clear();
+    JsonInput stream(input);
+    ResultsHandler handler(repository, stored);
+    rapidjson::Reader reader;
+    const bool parsed = !reader.Parse<parseFlags>(stream, handler).IsError();
+    if (stream.hasFailed())
+        return Outcome::Failed;
+    return parsed && handler.hasRoot() ? Outcome::Done : Outcome::Broken;
+}
+
+bool DependsJson::hasMember(QIODevice *input, const QStringList &repositories)
+{
+    JsonInput stream(input);
+    MemberHandler handler(repositories);
+    rapidjson::Reader reader;
+    reader.Parse<parseFlags>(stream, handler);
+    return handler.found();
+}

@@ -1,0 +1,280 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Rewriting the document of dependency results with one repository's member changed.
+#include "depends/dependsjson.h"
+#include "depends/dependsjsonparts.h"
+#include "depends/jsondevice.h"
+
+#include <QStringList>
+
+#include <string>
+
+#include <rapidjson/prettywriter.h>
+
+namespace
+{
+using DependsJson::Change;
+using DependsJson::Outcome;
+namespace Key = DependsJson::Key;
+using Size = rapidjson::SizeType;
+using Writer = rapidjson::PrettyWriter<JsonOutput>;
+
+/** Writes results in the form of the document. */
+class ResultsWriter
+{
+public:
+    explicit ResultsWriter(Writer &writer)
+        : m_writer(writer)
+    { }
+
+    void repository(const QString &path, const QList<PackageInfoPtr> &packages);
+
+private:
+    Writer &m_writer;
+    std::string m_utf8; ///< kept from text to text, so that it need not be made millions of times
+
+    void key(std::string_view name) { m_writer.Key(name.data(), static_cast<Size>(name.size())); }
+    void text(const QString &text)
+    {
+        encode(text);
+        m_writer.String(m_utf8.data(), static_cast<Size>(m_utf8.size()));
+    }
+    void key(const QString &text)
+    {
+        encode(text);
+        m_writer.Key(m_utf8.data(), static_cast<Size>(m_utf8.size()));
+    }
+    void member(std::string_view name, const QString &value)
+    {
+        key(name);
+        text(value);
+    }
+    void member(std::string_view name, DependStatus status)
+    {
+        key(name);
+        m_writer.Int(status);
+    }
+    void encode(const QString &text);
+    void package(const PackageInfo &package);
+    void group(const DependencyGroup &group);
+    void dependency(const Dependency &dependency);
+};
+
+void ResultsWriter::encode(const QString &text)
+{
+    m_utf8.clear();
+    for (const QChar c : text) {
+        if (c.unicode() >= 0x80) {
+            const QByteArray bytes = text.toUtf8();
+            m_utf8.assign(bytes.constData(), static_cast<std::size_t>(bytes.size()));
+            return;
+        }
+        m_utf8.push_back(static_cast<char>(c.unicode()));
+    }
+}
+
+void ResultsWriter::repository(const QString &path, const QList<PackageInfoPtr> &packages)
+{
+    const QHash<QString, PackageInfoPtr> byName = DependsJson::packagesByName(packages);
+    key(path);
+    m_writer.StartObject();
+    for (const PackageInfoPtr &candidate : packages)
+        if (byName.value(candidate->name) == candidate)
+            package(*candidate);
+    m_writer.EndObject();
+}
+
+void ResultsWriter::package(const PackageInfo &package)
+{
+    key(package.name);
+    m_writer.StartObject();
+    member(Key::version, package.version);
+    member(Key::architecture, package.architecture);
+    key(Key::dependMap);
+    m_writer.StartObject();
+    if (package.dependsInfo) {
+        const auto &groups = package.dependsInfo->groups;
+        for (auto it = groups.cbegin(); it != groups.cend(); ++it) {
+            key(it.key());
+            group(it.value());
+        }
+    }
+    m_writer.EndObject();
+    member(Key::dependsStatus, package.dependStatus());
+    m_writer.EndObject();
+}
+
+void ResultsWriter::group(const DependencyGroup &group)
+{
+    m_writer.StartObject();
+    member(Key::dependStatus, group.status);
+    key(Key::packages);
+    m_writer.StartArray();
+    for (const Dependency &alternative : group.alternatives)
+        dependency(alternative);
+    m_writer.EndArray();
+    m_writer.EndObject();
+}
+
+void ResultsWriter::dependency(const Dependency &dependency)
+{
+    m_writer.StartObject();
+    member(Key::name, dependency.name);
+    member(Key::op, dependency.op);
+    member(Key::dependVersion, dependency.version);
+    member(Key::altOp, dependency.secondOp);
+    member(Key::altDependVersion, dependency.secondVersion);
+    key(Key::providers);
+    m_writer.StartArray();
+    for (const Dependency &provider : dependency.providers)
+        this->dependency(provider);
+    m_writer.EndArray();
+    member(Key::status, dependency.status);
+    key(Key::foundedVersions);
+    m_writer.StartObject();
+    const auto &sources = dependency.foundVersions;
+    for (auto it = sources.cbegin(); it != sources.cend(); ++it) {
+        key(it.key());
+        m_writer.StartObject();
+        member(Key::version, it.value().version);
+        member(Key::status, it.value().status);
+        m_writer.EndObject();
+    }
+    m_writer.EndObject();
+    m_writer.EndObject();
+}
+
+/** Passes the parser's events on to the writer, but for the members that change. */
+class CopyHandler
+{
+public:
+    CopyHandler(const Change &change, Writer &writer, const JsonOutput &output)
+        : m_change(change)
+        , m_repository(change.repository.toStdString())
+        , m_newPath(change.newPath.toStdString())
+        , m_writer(writer)
+        , m_output(output)
+    { }
+
+    bool Null()
+    {
+        return value([this] { m_writer.Null(); });
+    }
+    bool Bool(bool b)
+    {
+        return value([this, b] { m_writer.Bool(b); });
+    }
+    bool RawNumber(const char *text, Size size, bool)
+    {
+        return value([this, text, size] { m_writer.RawValue(text, size, rapidjson::kNumberType); });
+    }
+    bool String(const char *text, Size size, bool)
+    {
+        return value([this, text, size] { m_writer.String(text, size); });
+    }
+    bool StartArray()
+    {
+        return value([this] { m_writer.StartArray(); }) && enter();
+    }
+    bool EndArray(Size)
+    {
+        --m_depth;
+        return value([this] { m_writer.EndArray(); });
+    }
+    bool StartObject()
+    {
+        if (m_depth > 0)
+            value([this] { m_writer.StartObject(); });
+        else
+            m_writer.StartObject();
+        return enter();
+    }
+    bool Key(const char *text, Size size, bool);
+    bool EndObject(Size);
+
+    // The parser hands numbers over as text.
+    bool Int(int) { return false; }
+    bool Uint(unsigned) { return false; }
+    bool Int64(int64_t) { return false; }
+    bool Uint64(uint64_t) { return false; }
+    bool Double(double) { return false; }
+
+private:
+    const Change &m_change;
+    const std::string m_repository;
+    const std::string m_newPath;
+    Writer &m_writer;
+    const JsonOutput &m_output;
+    int m_depth = 0;
+    bool m_dropping = false; ///< the root's member that the parser is in is not wanted any more
+
+    bool enter() { return ++m_depth < DependsJson::maximumDepth; }
+    /** Writes a value unless it goes; false, which ends the parsing, where the document itself is no object. */
+    template <typename Write>
+    bool value(Write write)
+    {
+        if (!m_dropping && m_depth > 0)
+            write();
+        return m_depth > 0 && m_output.isGood();
+    }
+};
+
+bool CopyHandler::Key(const char *text, Size size, bool)
+{
+    if (m_depth > 1)
+        return value([this, text, size] { m_writer.Key(text, size); });
+    const std::string_view name(text, size);
+    const bool isRepository = name == m_repository;
+    const bool renamed = isRepository && !m_newPath.empty();
+    m_dropping = !renamed && (isRepository || (!m_newPath.empty() && name == m_newPath));
+    if (renamed)
+        m_writer.Key(m_newPath.data(), static_cast<Size>(m_newPath.size()));
+    else if (!m_dropping)
+        m_writer.Key(text, size);
+    return m_output.isGood();
+}
+
+bool CopyHandler::EndObject(Size)
+{
+    if (--m_depth > 0)
+        return value([this] { m_writer.EndObject(); });
+    m_dropping = false;
+    if (!m_change.packages.isEmpty())
+        ResultsWriter(m_writer).repository(m_change.repository, m_change.packages);
+    m_writer.EndObject();
+    return m_output.isGood();
+}
+} // namespace
+
+Outcome DependsJson::rewrite(QIODevice *input, QIODevice *output, const Change &change)
+{
+    JsonOutput target(output);
+    Writer writer(target);
+    CopyHandler handler(change, writer, target);
+    if (input == nullptr) {
+        handler.StartObject();
+        handler.EndObject(0);
+    } else {
+        JsonInput source(input);
+        rapidjson::Reader reader;
+        const bool parsed = !reader.Parse<parseFlags>(source, handler).IsError();
+        if (source.hasFailed() || !target.isGood())
+            return Outcome::Failed;
+        if (!parsed || !writer.IsComplete())
+            return Outcome::Broken;
+    }
+    target.Put('\n');
+    target.Flush();
+    return target.isGood() ? Outcome::Done : Outcome::Failed;
+}
+
+QHash<QString, PackageInfoPtr> DependsJson::packagesByName(const QList<PackageInfoPtr> &packages)
+{
+    QHash<QString, PackageInfoPtr> byName;
+    byName.reserve(packages.size());
+    for (const PackageInfoPtr &package : packages) {
+        PackageInfoPtr &chosen = byName[package->name];
+        if (!chosen || package->hasDependsInfo() || !chosen->hasDependsInfo())
+            chosen = package;
+    }
+    return byName;
+}

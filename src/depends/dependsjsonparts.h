@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <string_view>
+
+#include <rapidjson/reader.h>
+
+/** What reading and writing the document of dependency results share. */
+namespace DependsJson
+{
+namespace Key
+{
+inline constexpr std::string_view version = "version";
+inline constexpr std::string_view architecture = "architecture";
+inline constexpr std::string_view dependMap = "dependMap";
+inline constexpr std::string_view dependsStatus = "dependsStatus";
+inline constexpr std::string_view dependStatus = "dependStatus";
+inline constexpr std::string_view packages = "packages";
+inline constexpr std::string_view name = "name";
+inline constexpr std::string_view op = "op";
+inline constexpr std::string_view dependVersion = "dependVersion";
+inline constexpr std::string_view altOp = "alt_op";
+inline constexpr std::string_view altDependVersion = "alt_dependVersion";
+inline constexpr std::string_view providers = "providers";
+inline constexpr std::string_view status = "status";
+inline constexpr std::string_view foundedVersions = "foundedVersions";
+} // namespace Key
+
+/** Far above what is ever written; more would make an indented document grow with the square of its depth. */
+inline constexpr int maximumDepth = 1024;
+
+/** Numbers are taken as text, so that those of other members stay as they are. */
+inline constexpr unsigned parseFlags = rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag
+                                       | rapidjson::kParseNumbersAsStringsFlag;
+} // namespace DependsJson

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QIODevice>
+
+#include <array>
+#include <cstddef>
+
+/** Reads a device in pieces, with the functions that RapidJSON expects of an input stream. */
+class JsonInput
+{
+public:
+    using Ch = char;
+
+    explicit JsonInput(QIODevice *device)
+        : m_device(device)
+    {
+        fill();
+    }
+
+    /** Whether the device failed; to the parser that looks like the end of the text. */
+    bool hasFailed() const { return m_failed; }
+
+    Ch Peek() const { return *m_current; }
+    Ch Take()
+    {
+        const Ch taken = *m_current;
+        if (m_current != m_end && ++m_current == m_end)
+            fill();
+        return taken;
+    }
+    std::size_t Tell() const { return m_read - static_cast<std::size_t>(m_end - m_current); }
+
+    // Wanted by parsing in place alone, which needs the text in memory and is not used.
+    Ch *PutBegin() { return nullptr; }
+    void Put(Ch) { }
+    std::size_t PutEnd(Ch *) { return 0; }
+
+private:
+    QIODevice *m_device;
+    std::array<Ch, 256 * 1024> m_buffer{};
+    const Ch *m_current = m_buffer.data();
+    const Ch *m_end = m_buffer.data();
+    std::size_t m_read = 0;
+    bool m_failed = false;
+
+    void fill()
+    {
+        const qint64 size = m_device->read(m_buffer.data(), static_cast<qint64>(m_buffer.size()));
+        m_failed = m_failed || size < 0;
+        m_current = m_buffer.data();
+        m_end = m_current + (size > 0 ? size : 0);
+        m_read += static_cast<std::size_t>(m_end - m_current);
+        // The parser takes a zero for the end.
+        if (m_current == m_end)
+            m_buffer[0] = '\0';
+    }
+};
+
+/** Writes to a device in pieces, with the functions that RapidJSON expects of an output stream. */
+class JsonOutput
+{
+public:
+    using Ch = char;
+
+    explicit JsonOutput(QIODevice *device)
+        : m_device(device)
+    { }
+
+    /** Whether everything so far was written. */
+    bool isGood() const { return m_good; }
+
+    void Put(Ch c)
+    {
+        m_buffer[m_size] = c;
+        if (++m_size == m_buffer.size())
+            Flush();
+    }
+    void Flush()
+    {
+        const auto size = static_cast<qint64>(m_size);
+        m_good = m_good && m_device->write(m_buffer.data(), size) == size;
+        m_size = 0;
+    }
+
+private:
+    QIODevice *m_device;
+    std::array<Ch, 256 * 1024> m_buffer{};
+    std::size_t m_size = 0;
+    bool m_good = true;
+};

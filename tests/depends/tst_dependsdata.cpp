@@ -1,0 +1,424 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "depends/dependsdata.h"
+#include "support/literals.h"
+#include "support/testenvironment.h"
+
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QtTest>
+
+#include <csignal>
+#include <memory>
+#include <thread>
+#include <vector>
+
+#include <sys/resource.h>
+
+namespace
+{
+/** A record with everything that the file can say: `mark` tells one from another. */
+PackageInfoPtr package(const QString &name, const QString &mark, DependStatus status = DependSuccess)
+{
+    const auto provider = [&](const QString &provides) {
+        Dependency dependency;
+        dependency.name = provides;
+        dependency.op = ">="_s;
+        dependency.version = "1.0"_s;
+        dependency.status = DependSuccess;
+        dependency.foundVersions = {{"Local"_s, {mark, DependSuccess}}};
+        return dependency;
+    };
+    Dependency virtualName;
+    virtualName.name = "mail \"agent\" é"_s;
+    virtualName.op = ">="_s;
+    virtualName.version = "1.0"_s;
+    virtualName.secondOp = "<<"_s;
+    virtualName.secondVersion = "2.0"_s;
+    virtualName.status = DependError;
+    virtualName.foundVersions = {{"http://deb stable amd64"_s, {"0.9"_s, DependError}}};
+    virtualName.providers = {{"a"_s, provider("a"_s)}, {"b"_s, provider("b"_s)}};
+    Dependency other;
+    other.name = "other"_s;
+    DependsInfo info;
+    info.status = status;
+    info.groups["none"_s];
+    DependencyGroup &group = info.groups[virtualName.name];
+    group.status = DependSuccess;
+    group.alternatives << virtualName << other;
+
+    PackageInfo record;
+    record.name = name;
+    record.version = "1:2-3"_s;
+    record.architecture = "amd64"_s;
+    record.dependsInfo = QSharedPointer<DependsInfo>::create(info);
+    return QSharedPointer<PackageInfo>::create(record);
+}
+
+PackageInfoPtr unchecked(const QString &name, const QString &version = "1"_s)
+{
+    PackageInfo record;
+    record.name = name;
+    record.version = version;
+    return QSharedPointer<PackageInfo>::create(record);
+}
+
+/** JSON with single quotes, which can be read here. */
+QByteArray json(const char *text)
+{
+    return QByteArray(text).replace('\'', '"');
+}
+
+/** The member of a repository that holds package("foo", mark). */
+QByteArray member(const char *mark)
+{
+    const QByteArray provider = json(
+        "{'name': '%', 'op': '>=', 'dependVersion': '1.0', 'alt_op': '', 'alt_dependVersion': '', "
+        "'providers': [], 'status': 1, 'foundedVersions': {'Local': {'version': 'MARK', 'status': 1}}} ");
+    return QByteArray(
+               json(
+                   "{'foo': {'version': '1:2-3', 'architecture': 'amd64', 'dependsStatus': 1, 'dependMap': { "
+                   "'none': {'dependStatus': -1, 'packages': []}, "
+                   "'mail \\\"agent\\\" é': {'dependStatus': 1, 'packages': [ "
+                   "{'name': 'mail \\\"agent\\\" é', 'op': '>=', 'dependVersion': '1.0', 'alt_op': '<<', "
+                   "'alt_dependVersion': '2.0', 'providers': [A, B], 'status': 0, "
+                   "'foundedVersions': {'http://deb stable amd64': {'version': '0.9', 'status': 0}}}, "
+                   "{'name': 'other', 'op': '', 'dependVersion': '', 'alt_op': '', 'alt_dependVersion': '', "
+                   "'providers': [], 'status': -1, 'foundedVersions': {}}]}}}} "))
+        .replace("A,", QByteArray(provider).replace('%', 'a') + ',')
+        .replace("B]", QByteArray(provider).replace('%', 'b') + ']')
+        .replace("MARK", mark);
+}
+
+/** What can be compared of a record: the text that would be stored of it. */
+QByteArray text(const PackageInfoPtr &record)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    DependsJson::rewrite(nullptr, &buffer, {"/r"_s, QString(), {record}});
+    return buffer.data();
+}
+
+/** One cache on one file, with what it says. */
+struct Cache
+{
+    explicit Cache(const QString &file, const QString &repository = {})
+        : data(file)
+    {
+        QObject::connect(&data, &DependsData::packagesMerged, [this](const auto &list) { merged = list; });
+        QObject::connect(&data, &DependsData::fileBroken, [this](const QString &kept) { broken << kept; });
+        data.loadData(repository);
+    }
+    QList<PackageInfoPtr> merge(const QList<PackageInfoPtr> &packages)
+    {
+        merged = packages;
+        data.mergeStoredPackages(packages);
+        return merged;
+    }
+    DependsData data;
+    QList<PackageInfoPtr> merged;
+    QStringList broken;
+};
+
+QList<PackageInfoPtr> many(const QString &mark, int count)
+{
+    QList<PackageInfoPtr> packages;
+    for (int i = 0; i < count; ++i)
+        packages << package("p%1"_s.arg(i), mark);
+    return packages;
+}
+} // namespace
+
+/** The file of stored results: its form, and what must never happen to what is in it. */
+class TestDependsData : public QObject
+{
+    Q_OBJECT
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_file;
+
+    QJsonObject document() const
+    {
+        QJsonParseError error{};
+        const QJsonDocument json = QJsonDocument::fromJson(readFile(m_file), &error);
+        if (error.error != QJsonParseError::NoError)
+            qWarning() << error.errorString() << error.offset;
+        return json.object();
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_file = m_folder->filePath("new/results.json"_s);
+    }
+
+    void writesTheFormAndReadsItBack()
+    {
+        Cache cache(m_file, "/r/é \"x\""_s);
+        cache.data.savePackages({package("foo"_s, "1.5"_s), unchecked("bar"_s)});
+        QJsonObject wanted = QJsonDocument::fromJson(member("1.5")).object();
+        wanted["bar"_s] = QJsonObject{{"version"_s, "1"_s},
+                                      {"architecture"_s, QString()},
+                                      {"dependMap"_s, QJsonObject()},
+                                      {"dependsStatus"_s, -1}};
+        QCOMPARE(document(), (QJsonObject{{"/r/é \"x\""_s, wanted}}));
+        QVERIFY2(readFile(m_file).startsWith("{\n    \"/r/"), "indented");
+
+        PackageInfo plain = *package("foo"_s, "1.5"_s);
+        plain.dependsInfo.reset();
+        const PackageInfoPtr old = QSharedPointer<PackageInfo>::create(plain);
+        const QList<PackageInfoPtr> list{
+            old, unchecked("foo"_s, "2"_s), unchecked("bar"_s), unchecked("x"_s)};
+        Cache reader(m_file, "/r/é \"x\""_s);
+        const QList<PackageInfoPtr> merged = reader.merge(list);
+        QVERIFY2(!old->hasDependsInfo(), "a record that was handed out stays as it was");
+        QCOMPARE(text(merged.at(0)), text(package("foo"_s, "1.5"_s)));
+        QVERIFY2(merged.at(1)->dependsInfo == merged.at(0)->dependsInfo, "the name alone decides");
+        QCOMPARE(merged.at(1)->version, "2"_s);
+        QCOMPARE(merged.at(2)->dependStatus(), DependUndefined);
+        QVERIFY(merged.at(3) == list.at(3));
+        Cache elsewhere(m_file, "/r"_s);
+        QVERIFY2(elsewhere.merge(list) == list, "a repository that is not in the file");
+    }
+
+    void severalRecordsOfOneName()
+    {
+        Cache cache(m_file, "/r"_s);
+        cache.data.savePackages({package("foo"_s, "old"_s), package("foo"_s, "1.5"_s), unchecked("foo"_s)});
+        QCOMPARE(document(), (QJsonObject{{"/r"_s, QJsonDocument::fromJson(member("1.5")).object()}}));
+        QCOMPARE(readFile(m_file).count("\"foo\""), 1);
+    }
+
+    void othersStayAsTheyAre()
+    {
+        const QByteArray strange = "\"/odd\": [ -0, 1.50, 1E5, 123456789012345678901234567890, null, true, "
+                                   "{\"é\\u0000\\ud83d\\ude00\": {}},"
+                                   " [], \"\\/\\\"\\t\" ], \"/odd\": 7, \"\": \"x\"";
+        const QByteArray kept = json("{'/r2': {'foo': {'version': '9'}},") + strange + '}';
+        QByteArray before = kept;
+        before.insert(1, json("'/r': {'gone': {}}, '/r': 5,"));
+        writeFile(m_file, before);
+        const auto compact = [](QByteArray json) { return json.replace(' ', "").replace('\n', ""); };
+        const QByteArray form = QByteArray(compact(kept)).replace("\\/", "/").replace("\\ud83d\\ude00", "😀");
+        Cache cache(m_file, "/r"_s);
+        cache.data.removeRepoData();
+        QCOMPARE(compact(readFile(m_file)), form);
+        const QByteArray removed = readFile(m_file);
+        cache.data.savePackages({package("foo"_s, "1.5"_s)});
+        QCOMPARE(document()["/r"_s].toObject(), QJsonDocument::fromJson(member("1.5")).object());
+        cache.data.removeRepoData();
+        QCOMPARE(readFile(m_file), removed);
+        QVERIFY(cache.merge({unchecked("foo"_s)}).first()->dependsInfo.isNull());
+    }
+
+    void moves_data()
+    {
+        QTest::addColumn<QByteArray>("before");
+        QTest::addColumn<QByteArray>("after");
+        QTest::newRow("takes its results along")
+            << json("{'/a': {'x': {}}, '/c': 1}") << json("{'/b': {'x': {}}, '/c': 1}");
+        QTest::newRow("over another's")
+            << json("{'/b': {'y': {}}, '/a': {'x': {}}}") << json("{'/b': {'x': {}}}");
+        QTest::newRow("without any") << json("{'/b': {'y': {}}, '/c': 1}") << json("{'/c': 1}");
+    }
+
+    void moves()
+    {
+        QFETCH(QByteArray, before);
+        QFETCH(QByteArray, after);
+        writeFile(m_file, before);
+        Cache cache(m_file, "/a"_s);
+        cache.data.changePath("/b"_s);
+        QCOMPARE(document(), QJsonDocument::fromJson(after).object());
+        cache.data.savePackages({package("foo"_s, "1.5"_s)});
+        QCOMPARE(document()["/b"_s].toObject(), QJsonDocument::fromJson(member("1.5")).object());
+        QVERIFY(!document().contains("/a"_s));
+    }
+
+    void ignoresWhatSaysNothing()
+    {
+        Cache cache(m_file);
+        cache.data.savePackages({unchecked("x"_s)});
+        cache.data.changePath("/b"_s);
+        cache.data.removeRepoData();
+        QVERIFY2(!QFileInfo::exists(m_file), "there is no current repository");
+        cache.data.loadData("/a"_s);
+        cache.data.savePackages({});
+        cache.data.changePath(QString());
+        cache.data.removeRepoData();
+        QVERIFY(!QFileInfo::exists(m_file));
+        const QList<PackageInfoPtr> packages{package("foo"_s, "1"_s)};
+        cache.data.savePackages(packages);
+        const auto written = [this] { return QFileInfo(m_file).fileTime(QFile::FileMetadataChangeTime); };
+        const QDateTime first = written();
+        cache.data.savePackages(packages);
+        Cache(m_file, "/other"_s).data.removeRepoData();
+        QCOMPARE(written(), first); // nothing had changed
+        QFile::remove(m_file);
+        cache.data.savePackages(packages);
+        QVERIFY(QFileInfo::exists(m_file));
+    }
+
+    void readsWhatItCan_data()
+    {
+        QTest::addColumn<QByteArray>("entry");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("dependency"); // name, status and first source of the first alternative
+        const auto alternative = [](const QByteArray &members) -> QByteArray {
+            return json("{'dependMap': {'g': {'packages': [{") + members + "}]}}}";
+        };
+        QTest::newRow("nothing") << QByteArray("{}") << 0 << QString();
+        QTest::newRow("wrong types") << json("{'dependsStatus': '1', 'dependMap': [1]}") << 0 << QString();
+        QTest::newRow("no object") << QByteArray("[{}]") << -1 << QString();
+        QTest::newRow("status") << json("{'dependsStatus': 1.0}") << 1 << QString();
+        QTest::newRow("out of range") << json("{'dependsStatus': 2}") << -1 << QString();
+        QTest::newRow("huge") << json("{'dependsStatus': 99999999999999999999999}") << -1 << QString();
+        QTest::newRow("twice") << json("{'dependsStatus': -1, 'dependsStatus': 1}") << 1 << QString();
+        QTest::newRow("unknown members")
+            << alternative(json("'x': {'name': 'y', 'a': [{'status': 5}]}, 'name': 'n', 'status': 1")) << 0
+            << "n 1 "_s;
+        QTest::newRow("odd sources") << alternative(
+            json("'foundedVersions': {'a': 1, 'b': {'status': [1], 'version': 3}}, 'providers': {}"))
+                                     << 0 << " 0 b=0"_s;
+    }
+
+    void readsWhatItCan()
+    {
+        QFETCH(QByteArray, entry);
+        QFETCH(int, status);
+        QFETCH(QString, dependency);
+        writeFile(m_file, json("{'/r': {'foo':") + entry + "}}");
+        Cache cache(m_file, "/r"_s);
+        const PackageInfoPtr read = cache.merge({unchecked("foo"_s)}).first();
+        QCOMPARE(int(read->dependStatus()), status);
+        QString found;
+        if (read->hasDependsInfo() && !read->dependsInfo->groups.isEmpty()) {
+            const Dependency first = read->dependsInfo->groups.first().alternatives.first();
+            const auto &sources = first.foundVersions;
+            found = "%1 %2 "_s.arg(first.name, QString::number(first.status));
+            if (!sources.isEmpty())
+                found += "%1=%2"_s.arg(sources.firstKey(), QString::number(sources.first().status));
+        }
+        QCOMPARE(found, dependency);
+        QVERIFY(cache.broken.isEmpty());
+    }
+
+    void keepsWhatItCannotRead_data()
+    {
+        QTest::addColumn<QByteArray>("contents");
+        const QByteArray good = json("{'/other': {'x': {}}, '/r':") + member("1") + '}';
+        QTest::newRow("cut") << good.left(good.size() - 1);
+        QTest::newRow("more behind it") << good + '1';
+        QTest::newRow("no object") << QByteArray("[]");
+        QTest::newRow("null") << QByteArray("null");
+        QTest::newRow("other text") << QByteArray("<html>");
+        QTest::newRow("number too big") << json("{'/other': 1e999, '/r': {}}");
+        QTest::newRow("not UTF-8") << QByteArray("{\"/other\": \"\xff\xfe\"}");
+        QTest::newRow("half a surrogate") << json("{'/other': '\\ud800'}");
+        QTest::newRow("deep arrays") << "{\"/other\": " + QByteArray(5000000, '[');
+        QTest::newRow("deep objects") << QByteArray("{\"/r\":").repeated(1000000);
+        QTest::newRow("deep but whole")
+            << "{\"/other\": " + QByteArray(3000, '[') + QByteArray(3000, ']') + '}';
+    }
+
+    void keepsWhatItCannotRead()
+    {
+        QFETCH(QByteArray, contents);
+        const QString kept = m_file + ".broken"_s;
+        writeFile(kept, "older");
+        for (const bool byLoading : {true, false}) {
+            writeFile(m_file, contents);
+            Cache cache(m_file, byLoading ? "/r"_s : QString());
+            if (!byLoading) {
+                QFile::remove(m_file);
+                cache.data.loadData("/r"_s);
+                writeFile(m_file, contents);
+            }
+            QVERIFY(cache.merge({unchecked("foo"_s)}).first()->dependsInfo.isNull());
+            cache.data.savePackages({package("foo"_s, "1.5"_s)});
+            QCOMPARE(cache.broken, QStringList{kept});
+            QVERIFY(readFile(kept) == contents);
+            QCOMPARE(document(), (QJsonObject{{"/r"_s, QJsonDocument::fromJson(member("1.5")).object()}}));
+        }
+    }
+
+    void aSaveThatFailsChangesNothing()
+    {
+        Cache cache(m_file, "/r"_s);
+        cache.data.savePackages(many("1"_s, 50));
+        const QByteArray before = readFile(m_file);
+        std::signal(SIGXFSZ, SIG_IGN);
+        rlimit limit{};
+        getrlimit(RLIMIT_FSIZE, &limit);
+        const rlimit full{200000, limit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &full);
+        cache.data.savePackages(many("2"_s, 3000));
+        setrlimit(RLIMIT_FSIZE, &limit);
+        QVERIFY(readFile(m_file) == before);
+        QCOMPARE(QDir(m_folder->filePath("new"_s)).entryList(QDir::Files).size(), 1);
+        cache.data.savePackages(many("2"_s, 3000));
+        QVERIFY2(document()["/r"_s].toObject().size() == 3000, "the next save writes everything");
+
+        writeFile(m_folder->filePath("file"_s), "x");
+        Cache nowhere(m_folder->filePath("file/results.json"_s), "/r"_s);
+        nowhere.data.savePackages(many("1"_s, 1));
+        QCOMPARE(readFile(m_folder->filePath("file"_s)), QByteArray("x"));
+        // What cannot be moved aside is not written over either.
+        QDir().mkpath(m_file + ".broken/x"_s);
+        writeFile(m_file, "{");
+        cache.data.savePackages(many("1"_s, 1));
+        QVERIFY(readFile(m_file) == "{" && cache.broken.isEmpty());
+    }
+
+    void aKilledProgramLeavesAWholeFile()
+    {
+        for (int i = 0; i < 8; ++i) {
+            QProcess writer;
+            writer.start(QCoreApplication::applicationFilePath(), {"write"_s, m_file});
+            QVERIFY(writer.waitForReadyRead());
+            // The moment within the writing is another one each time.
+            QTest::qWait(3 * i);
+            writer.kill();
+            QVERIFY(writer.waitForFinished());
+            QCOMPARE(document()["/r"_s].toObject().size(), 3000);
+        }
+    }
+
+    void tabsShareTheFile()
+    {
+        std::vector<std::thread> threads;
+        for (int tab = 0; tab < 4; ++tab)
+            threads.emplace_back([this, tab] {
+                Cache cache(m_file, "/r%1"_s.arg(tab));
+                for (int round = 0; round < 20; ++round) {
+                    cache.data.savePackages(many(QString::number(round), 1 + round));
+                    cache.data.changePath("/r%1-%2"_s.arg(tab).arg(round));
+                }
+            });
+        for (std::thread &thread : threads)
+            thread.join();
+        const QJsonObject root = document();
+        QCOMPARE(root.keys(), (QStringList{"/r0-19"_s, "/r1-19"_s, "/r2-19"_s, "/r3-19"_s}));
+        for (const QJsonValue &repository : root)
+            QCOMPARE(repository.toObject().size(), 20);
+    }
+};
+
+int main(int argc, char *argv[])
+{
+    const TestEnvironment environment;
+    TestApplication<QCoreApplication> application(argc, argv);
+    if (argc == 3 && qstrcmp(argv[1], "write") == 0) {
+        Cache cache(QString::fromLocal8Bit(argv[2]), "/r"_s);
+        for (int i = 0;; ++i) {
+            cache.data.savePackages(many(QString::number(i), 3000));
+            std::puts("saved");
+            std::fflush(stdout);
+        }
+    }
+    TestDependsData test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_dependsdata.moc"
