@@ -60,6 +60,10 @@ ExternalReposDialog::ExternalReposDialog(const ExternalRepos &stored, Prompts &p
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(&m_watcher, &QFutureWatcherBase::finished, this, &ExternalReposDialog::showAnswer);
+    constexpr QSize Characters(110, 26);
+    const QSize wished(Characters.width() * fontMetrics().averageCharWidth(),
+                       Characters.height() * fontMetrics().lineSpacing());
+    resize(wished.boundedTo(screen()->availableGeometry().size() * 9 / 10));
     m_stateLabel->setFullText(tr("Asking apt which repositories it knows..."));
     m_watcher.setFuture(QtConcurrent::run(&ExternalReposDialog::askApt));
     updateButtons();
@@ -76,9 +80,9 @@ const ExternalRepos &ExternalReposDialog::repos() const
 
 void ExternalReposDialog::buildView()
 {
-    constexpr int SourceWidth = 56; // characters
-    constexpr int AliasWidth = 18;
-    constexpr int Rows = 10;
+    constexpr int SourceWidth = 40; // characters, the least that is of use
+    constexpr int AliasWidth = 20;
+    constexpr int Rows = 6;
     m_view->setObjectName(QStringLiteral("m_externalReposView"));
     m_view->setAccessibleName(tr("External repositories"));
     m_view->setModel(m_model);
@@ -96,8 +100,9 @@ void ExternalReposDialog::buildView()
     header->setSectionResizeMode(ExternalReposModel::SourceColumn, QHeaderView::Stretch);
     header->setSectionResizeMode(ExternalReposModel::AliasColumn, QHeaderView::Interactive);
     header->resizeSection(ExternalReposModel::AliasColumn, AliasWidth * character);
-    const QSize wished((SourceWidth + AliasWidth) * character, Rows * fontMetrics().lineSpacing() * 3 / 2);
-    m_view->setMinimumSize(wished.boundedTo(screen()->availableGeometry().size() / 2));
+    m_view->setMinimumSize(
+        QSize((SourceWidth + AliasWidth) * character, Rows * fontMetrics().lineSpacing() * 3 / 2)
+            .boundedTo(screen()->availableGeometry().size() / 2));
 
     m_emptyLabel->setObjectName(QStringLiteral("m_emptyLabel"));
     m_emptyLabel->setAlignment(Qt::AlignCenter);
@@ -156,6 +161,8 @@ void ExternalReposDialog::showAnswer()
     if (answer.failure.isEmpty()) {
         m_stateLabel->setFullText(QString());
         m_model->merge(answer.sources);
+        if (!m_view->currentIndex().isValid())
+            m_view->setCurrentIndex(m_model->index(0, ExternalReposModel::SourceColumn));
     } else {
         m_stateLabel->setFullText(
             tr("apt does not say which repositories it knows; only stored ones are shown. %1")
@@ -220,7 +227,8 @@ void ExternalReposDialog::editSource(int row)
     const QPersistentModelIndex edited = row < 0 ? QModelIndex() : m_model->index(row, 0);
     const auto check
         = [this, &edited](const QString &source) { return repos().refusalInList(source, edited.row()); };
-    ExternalRepoSourceDialog dialog(edited.data(Qt::EditRole).toString(), check, this);
+    const QString alias = edited.sibling(row, ExternalReposModel::AliasColumn).data().toString();
+    ExternalRepoSourceDialog dialog(edited.data(Qt::EditRole).toString(), alias, check, this);
     if (m_prompts.run(dialog) != QDialog::Accepted)
         return;
     const QString refusal = check(dialog.source());
@@ -229,13 +237,15 @@ void ExternalReposDialog::editSource(int row)
         return;
     }
     const int written = m_model->setSource(dialog.source(), edited.row());
-    if (written < 0)
+    if (written < 0) {
         m_prompts.warn(
             windowTitle(),
             tr("apt knows this repository from the sources of the system, so it cannot be changed here."),
             this);
-    else
-        m_view->setCurrentIndex(m_model->index(written, ExternalReposModel::SourceColumn));
+        return;
+    }
+    m_model->setData(m_model->index(written, ExternalReposModel::AliasColumn), dialog.alias(), Qt::EditRole);
+    m_view->setCurrentIndex(m_model->index(written, ExternalReposModel::SourceColumn));
 }
 
 void ExternalReposDialog::removeSelected()

@@ -2,15 +2,20 @@
 #include "ui/externalreposourcedialog.h"
 
 #include <QDialogButtonBox>
+#include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
-ExternalRepoSourceDialog::ExternalRepoSourceDialog(const QString &source, Check check, QWidget *parent)
+ExternalRepoSourceDialog::ExternalRepoSourceDialog(const QString &source,
+                                                   const QString &alias,
+                                                   Check check,
+                                                   QWidget *parent)
     : QDialog(parent)
     , m_check(std::move(check))
     , m_sourceLineEdit(new QLineEdit(source, this))
+    , m_aliasLineEdit(new QLineEdit(alias, this))
     , m_refusalLabel(new QLabel(this))
 {
     constexpr int WidthInCharacters = 64;
@@ -19,8 +24,9 @@ ExternalRepoSourceDialog::ExternalRepoSourceDialog(const QString &source, Check 
     m_sourceLineEdit->setObjectName(QStringLiteral("m_sourceLineEdit"));
     m_sourceLineEdit->setPlaceholderText(QStringLiteral("http://example.org/debian dogwood main"));
     m_sourceLineEdit->setMinimumWidth(fontMetrics().averageCharWidth() * WidthInCharacters);
-    auto *label = new QLabel(tr("&Source line (address, suite and components):"), this);
-    label->setBuddy(m_sourceLineEdit);
+    m_sourceLineEdit->setToolTip(tr("Address, suite and components, as in a sources list"));
+    m_aliasLineEdit->setObjectName(QStringLiteral("m_aliasLineEdit"));
+    m_aliasLineEdit->setPlaceholderText(tr("name to show in place of the address"));
     m_refusalLabel->setObjectName(QStringLiteral("m_refusalLabel"));
     m_refusalLabel->setTextFormat(Qt::PlainText);
     m_refusalLabel->setWordWrap(true);
@@ -32,8 +38,10 @@ ExternalRepoSourceDialog::ExternalRepoSourceDialog(const QString &source, Check 
     m_okButton = buttons->button(QDialogButtonBox::Ok);
 
     auto *layout = new QVBoxLayout(this);
-    layout->addWidget(label);
-    layout->addWidget(m_sourceLineEdit);
+    auto *form = new QFormLayout;
+    form->addRow(tr("&Source line:"), m_sourceLineEdit);
+    form->addRow(tr("A&lias:"), m_aliasLineEdit);
+    layout->addLayout(form);
     layout->addWidget(m_refusalLabel);
     layout->addStretch();
     layout->addWidget(buttons);
@@ -46,6 +54,11 @@ ExternalRepoSourceDialog::ExternalRepoSourceDialog(const QString &source, Check 
 QString ExternalRepoSourceDialog::source() const
 {
     return m_sourceLineEdit->text();
+}
+
+QString ExternalRepoSourceDialog::alias() const
+{
+    return m_aliasLineEdit->text();
 }
 
 void ExternalRepoSourceDialog::judge()

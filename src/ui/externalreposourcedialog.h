@@ -9,7 +9,7 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 
-/** Asks for the source line of an external repository and says while it is typed why it cannot be used. */
+/** Asks for the source line and the alias of a repository and says while one types why the line cannot be used. */
 class ExternalRepoSourceDialog : public QDialog
 {
     Q_OBJECT
@@ -18,15 +18,20 @@ public:
     using Check = std::function<QString(const QString &)>;
 
     /** `source` is empty for a new one. */
-    ExternalRepoSourceDialog(const QString &source, Check check, QWidget *parent = nullptr);
+    ExternalRepoSourceDialog(const QString &source,
+                             const QString &alias,
+                             Check check,
+                             QWidget *parent = nullptr);
 
     QString source() const;
+    QString alias() const;
 
 private:
     void judge();
 
     Check m_check;
     QLineEdit *m_sourceLineEdit;
+    QLineEdit *m_aliasLineEdit;
     QLabel *m_refusalLabel;
     QPushButton *m_okButton;
 };
