@@ -7,7 +7,6 @@
 #include <QDesktopServices>
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QMessageBox>
 #include <QTextBrowser>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -37,14 +36,13 @@ void showInOwnWindow(QWidget *parent, const QUrl &page)
 }
 } // namespace
 
-void veltHelpShow(QWidget *parent)
+bool veltHelpShow(QWidget *parent)
 {
     const QString page = veltDataFile(QStringLiteral("doc/velt-admin-repo/help/index.html"));
-    if (page.isEmpty()) {
-        QMessageBox::warning(parent, text("Help"), text("The help pages are not installed."));
-        return;
-    }
+    if (page.isEmpty())
+        return false;
     const QUrl url = QUrl::fromLocalFile(page);
     if (!QDesktopServices::openUrl(url))
         showInOwnWindow(parent, url);
+    return true;
 }

@@ -8,7 +8,6 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -43,7 +42,7 @@ VeltAboutDialog::VeltAboutDialog(QWidget *parent)
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     QPushButton *aboutQt = buttons->addButton(tr("About Qt"), QDialogButtonBox::HelpRole);
-    connect(aboutQt, &QPushButton::clicked, this, [this] { QMessageBox::aboutQt(this); });
+    connect(aboutQt, &QPushButton::clicked, this, &VeltAboutDialog::aboutQtRequested);
 
     auto *texts = new QVBoxLayout;
     for (QWidget *line : {title, version, purpose, licence})

@@ -9,4 +9,8 @@ class VeltAboutDialog : public QDialog
     Q_OBJECT
 public:
     explicit VeltAboutDialog(QWidget *parent = nullptr);
+
+Q_SIGNALS:
+    /** The user wants to know about the toolkit too. */
+    void aboutQtRequested();
 };

@@ -18,6 +18,7 @@
 #include "ui/repotabs.h"
 #include "ui/repowidget.h"
 #include "ui/settingscommands.h"
+#include "ui/sourceslistcommand.h"
 #include "ui/tabbaractions.h"
 #include "ui/toolbuttonicon.h"
 
@@ -72,6 +73,7 @@ MainWindow::MainWindow()
     m_settings = new SettingsCommands(*m_tabs, *m_prompts, this);
     m_repositories = new RepositoryCommands(*m_tabs, *m_prompts, *m_feedback, *m_recent, this);
     m_packages = new PackageCommands(*m_tabs, *m_prompts, *m_feedback, *m_settings, *m_repositories, this);
+    new SourcesListCommand(m_ui->m_sourceListAction, m_ui->m_publicationMenu, *m_prompts, this);
     m_closing = new ClosingSequence(*m_tabs, *m_prompts, *m_repositories, this);
 
     disableUnfinished();
@@ -131,6 +133,7 @@ void MainWindow::buildLogDock()
     m_logDock->setMinimumHeight(minimumHeight);
     m_logDock->setMaximumHeight(MaximumHeight);
     m_log->setObjectName(QStringLiteral("m_logTextEdit"));
+    m_log->setAccessibleName(m_logDock->windowTitle());
     m_log->setReadOnly(true);
     m_log->setMaximumBlockCount(MaximumLines);
     // Its own wish grows with the font and would outdo the limits of the dock.
@@ -227,7 +230,6 @@ void MainWindow::disableUnfinished()
                             m_ui->m_exportRepoAction,
                             m_ui->m_importRepoAction,
                             m_ui->m_importPackagesAction,
-                            m_ui->m_sourceListAction,
                             m_ui->m_addPackageFromExtRepoAction,
                             m_ui->m_showPublishedReposAction,
                             m_ui->m_exportWithDependsAction,
@@ -268,6 +270,15 @@ void MainWindow::connectActions()
         if (RepoWidget *widget = m_tabs->current())
             m_closing->closeTab(widget);
     });
+    const auto switchTab = [this](const QKeySequence &keys, int step) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, [this, step] {
+            const int count = m_ui->tabWidget->count();
+            if (count > 0)
+                m_ui->tabWidget->setCurrentIndex((m_ui->tabWidget->currentIndex() + step + count) % count);
+        });
+    };
+    switchTab(QKeySequence(Qt::CTRL + Qt::Key_PageDown), 1);
+    switchTab(QKeySequence(Qt::CTRL + Qt::Key_PageUp), -1);
     connect(m_ui->m_hideStatusLineAction, &QAction::toggled, this, [this](bool hide) {
         const QList<RepoWidget *> widgets = m_tabs->shown();
         for (RepoWidget *widget : widgets)
@@ -352,12 +363,20 @@ void MainWindow::onExtendedLogChanged(bool inExtended)
 void MainWindow::about()
 {
     VeltAboutDialog dialog(this);
+    connect(&dialog, &VeltAboutDialog::aboutQtRequested, m_prompts, [this, &dialog] {
+        m_prompts->inform(tr("About Qt"),
+                          tr("This program uses Qt version %1, a toolkit for applications under the GNU "
+                             "Lesser General Public License, version 3. See https://www.qt.io.")
+                              .arg(QLatin1String(qVersion())),
+                          &dialog);
+    });
     m_prompts->run(dialog);
 }
 
 void MainWindow::showHelp()
 {
-    veltHelpShow(this);
+    if (!veltHelpShow(this))
+        m_prompts->warn(tr("Help"), tr("The help pages are not installed."));
 }
 
 // --- files from outside ------------------------------------------------------------------------------------------

@@ -54,9 +54,19 @@ Prompts::Answer Prompts::askIn(QMessageBox &box, const QString &about)
     return reply == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 
+void Prompts::inform(const QString &title, const QString &text, QWidget *parent)
+{
+    tell(QMessageBox::Information, title, text, parent);
+}
+
 void Prompts::warn(const QString &title, const QString &text, QWidget *parent)
 {
-    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, parentOr(parent));
+    tell(QMessageBox::Warning, title, text, parent);
+}
+
+void Prompts::tell(int icon, const QString &title, const QString &text, QWidget *parent)
+{
+    QMessageBox box(static_cast<QMessageBox::Icon>(icon), title, text, QMessageBox::Ok, parentOr(parent));
     box.setTextFormat(Qt::PlainText);
     run(box);
 }

@@ -49,6 +49,7 @@ public:
                         QWidget *parent = nullptr);
     /** Like ask(), when what was wanted failed and the question offers a way out. */
     Answer askAfterFailure(const QString &title, const QString &text, QWidget *parent = nullptr);
+    void inform(const QString &title, const QString &text, QWidget *parent = nullptr);
     void warn(const QString &title, const QString &text, QWidget *parent = nullptr);
     /**
      * Shows an error without waiting for the user. What arrives while it is shown, or while a dialog is open that
@@ -80,6 +81,7 @@ Q_SIGNALS:
 private:
     QWidget *parentOr(QWidget *parent) const { return parent == nullptr ? m_window : parent; }
     Answer askIn(QMessageBox &box, const QString &about);
+    void tell(int icon, const QString &title, const QString &text, QWidget *parent);
     void showNextError();
     void announceFreed();
 
