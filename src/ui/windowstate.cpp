@@ -45,6 +45,9 @@ void WindowState::save(QSettings &settings) const
         sizes << QString::number(size);
     settings.setValue(extendedLogKey, extendedLog);
     settings.setValue(statusLineHiddenKey, statusLineHidden);
-    settings.setValue(splitterKey, sizes);
+    if (sizes.isEmpty())
+        settings.remove(splitterKey);
+    else
+        settings.setValue(splitterKey, sizes);
     settings.setValue(currentRepositoryKey, currentRepository);
 }
