@@ -45,7 +45,11 @@ bool NewRepoRules::endangersPackages(const RepoInfo &from, const RepoInfo &to)
 
 QStringList NewRepoRules::choices(const QString &fileText, const QStringList &defaults)
 {
-    QStringList entries = words(fileText);
+    // Editors of other systems begin a file with a mark that is no text.
+    QString text = fileText;
+    text.remove(QChar(QChar::ByteOrderMark));
+    static const QRegularExpression comment(QStringLiteral("#[^\\r\\n]*"));
+    QStringList entries = words(text.remove(comment));
     entries.removeDuplicates();
     return entries.isEmpty() ? defaults : entries;
 }

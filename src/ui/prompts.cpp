@@ -5,6 +5,8 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QScreen>
+#include <QTextEdit>
 
 Prompts::Prompts(QWidget *window)
     : QObject(window)
@@ -113,6 +115,10 @@ void Prompts::showNextError()
     box->setTextFormat(Qt::PlainText);
     if (!details.trimmed().isEmpty()) {
         box->setDetailedText(details.trimmed());
+        // Its own width breaks every path in two.
+        if (auto *view = box->findChild<QTextEdit *>())
+            view->setMinimumWidth(qMin(box->fontMetrics().averageCharWidth() * 80,
+                                       m_window->screen()->availableSize().width() / 2));
         // Its button folds the details out, which is what one wants to see of an error.
         const QList<QAbstractButton *> buttons = box->buttons();
         for (QAbstractButton *button : buttons) {

@@ -147,7 +147,8 @@ private Q_SLOTS:
         for (const RepoInfo &danger : dangers)
             QVERIFY(NewRepoRules::endangersPackages(info, danger));
 
-        QCOMPARE(NewRepoRules::choices(" a\tb\n\nc a\r\n"_s, {"d"_s}).join("|"_s), "a|b|c"_s);
+        QCOMPARE(NewRepoRules::choices("\uFEFF# x y\r\n a\tb # z\n\nc a\r\n#"_s, {"d"_s}).join("|"_s),
+                 "a|b|c"_s);
         QCOMPARE(NewRepoRules::choices(" \n"_s, {"d"_s}), QStringList{"d"_s});
     }
 
