@@ -426,6 +426,14 @@ private Q_SLOTS:
         WAIT_FOR(both.isDone() && m_driver->isIdle(2));
         QCOMPARE(packagesOf(one), "a 2"_s);
         QCOMPARE(packagesOf(two), "b 1"_s);
+
+        // The log says whose words they are, and each tab keeps its last ones.
+        QVERIFY(m_driver->log().contains(QRegularExpression("\\] Repositry is opened.* \\(one\\)"_s)));
+        for (const int index : {0, 1, 0}) {
+            m_driver->tabs()->setCurrentIndex(index);
+            const QString name = index == 0 ? " (one)"_s : " (two)"_s;
+            QVERIFY(!m_driver->message().isEmpty() && m_driver->log().contains(m_driver->message() + name));
+        }
     }
 
     void reopeningAndOpening()

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "signing/gpgkeyswidget.h"
 #include "support/children.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
@@ -7,6 +8,7 @@
 #include "ui/externalreposdialog.h"
 #include "ui/newrepodialog.h"
 #include "ui/packagereplacementdialog.h"
+#include "ui/parametersdialog.h"
 #include "ui/prompts.h"
 
 #include <QAbstractItemModelTester>
@@ -18,6 +20,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTemporaryDir>
+#include <QToolButton>
 #include <QToolTip>
 #include <QTreeView>
 #include <QtTest>
@@ -346,6 +350,61 @@ private Q_SLOTS:
         box()->button(QMessageBox::Ok)->click();
         QTRY_COMPARE(freed.size(), 1);
         QVERIFY(!prompts.isOpen());
+    }
+
+    void signingKeyIsNeverLost()
+    {
+        QWidget window;
+        Prompts prompts(&window);
+        ParametersDialog dialog(prompts);
+        auto *combo = child<QComboBox>(dialog, "m_keysComboBox");
+        dialog.setSignKeyId("22223333"_s);
+        QVERIFY(!combo->isEnabled() && combo->placeholderText().contains("22223333"_s));
+        QCOMPARE(dialog.signKeyId(), "22223333"_s);
+
+        auto *keys = child<GpgKeysWidget>(dialog, "m_gpgKeysWidget");
+        keys->fill({"Ann [work] <a@x> [11112222]"_s, "Old [44445555]"_s, "Nobody"_s},
+                   {{"Old [44445555]"_s, "expired"_s}});
+        QCOMPARE(combo->currentIndex(), -1);
+        QCOMPARE(dialog.signKeyId(), "22223333"_s);
+        QTest::keyClick(combo, Qt::Key_Down);
+        QCOMPARE(dialog.signKeyId(), "11112222"_s);
+        QTest::keyClick(combo, Qt::Key_End);
+        QTest::keyClick(combo, Qt::Key_Down);
+        QCOMPARE(dialog.signKeyId(), "11112222"_s);
+        keys->fill({"Ben [22223333]"_s});
+        QCOMPARE(combo->currentText(), "Ben [22223333]"_s);
+    }
+
+    void keyManagerIsOfferedOrFollowed()
+    {
+        QTemporaryDir tools;
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", tools.path().toLocal8Bit() + ":/bin");
+        const auto toolIs = [&tools](const char *name, const QByteArray &script) {
+            writeScript(tools.filePath(QLatin1String(name)), "#!/bin/sh\n" + script);
+        };
+        toolIs("dpkg", "echo 'un  kgpg  <none> <none> x'\n");
+        toolIs("synaptic-pkexec", "exec cat >\"${0%/*}/marked\"\n");
+        RepoDialog f(NewRepoDialog::Mode::Create);
+        auto *button = child<QToolButton>(f.dialog, "m_startKGpgToolButton");
+        const BoxAnswers answers({QMessageBox::No, QMessageBox::Yes});
+        for (const bool agreed : {false, true}) {
+            button->click();
+            QTRY_VERIFY(button->isEnabled());
+            QTRY_COMPARE(QFile::exists(tools.filePath("marked"_s)), agreed);
+        }
+        const QString question = "Error: Package kgpg is not installed! Do you want to install it?"_s;
+        QTRY_COMPARE(answers.texts, (QStringList{question, question}));
+
+        toolIs("dpkg", "echo 'ii  kgpg  1 amd64 x'\n");
+        toolIs("kgpg", "cd \"${0%/*}\"; : >started; while [ -e started ]; do sleep 0.02; done\n");
+        button->click();
+        QTRY_VERIFY(QFile::exists(tools.filePath("started"_s)));
+        QVERIFY(!button->isEnabled());
+        QFile::remove(tools.filePath("started"_s));
+        QTRY_VERIFY(button->isEnabled());
+        qputenv("PATH", path);
     }
 
     void dismissingEndsEverything()
