@@ -3,7 +3,7 @@
 # Debian packages that the project needs, and a way to get them. To be sourced.
 
 # shellcheck disable=SC2034
-packages_build=(g++ cmake ninja-build qtbase5-dev libkf5itemviews-dev)
+packages_build=(g++ cmake ninja-build qtbase5-dev libkf5itemviews-dev libapt-pkg-dev rapidjson-dev)
 packages_run=(reprepro dpkg apt gnupg lsb-release libqt5svg5 breeze-icon-theme hicolor-icon-theme)
 packages_test=(dpkg-dev xvfb xauth openbox fonts-dejavu-core clang-format desktop-file-utils appstream man-db)
 

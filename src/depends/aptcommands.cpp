@@ -7,9 +7,9 @@ namespace
 {
 const QString SourceListKey = QStringLiteral("Dir::Etc::sourcelist");
 
-bool matchesWhole(const QString &pattern, const QString &text)
+QRegularExpression whole(const QString &pattern)
 {
-    return QRegularExpression(QRegularExpression::anchoredPattern(pattern)).match(text).hasMatch();
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern));
 }
 } // namespace
 
@@ -39,7 +39,13 @@ QStringList versionsArguments(const QString &name, const QString &architecture, 
 
 QStringList recordsArguments(const QString &name, const QString &listFile)
 {
-    return QStringList{QStringLiteral("show"), name, QStringLiteral("-a")} + privateListOptions(listFile);
+    return recordsArguments(QStringList{name}, listFile);
+}
+
+QStringList recordsArguments(const QStringList &names, const QString &listFile)
+{
+    return QStringList{QStringLiteral("show")} + names + QStringList{QStringLiteral("-a")}
+           + privateListOptions(listFile);
 }
 
 QStringList downloadArguments(const QString &name, const QString &version, const QString &architecture)
@@ -59,17 +65,20 @@ QStringList searchArguments(const QString &prefix)
 bool isPackageName(const QString &name)
 {
     // Wider than the archive's rule: dpkg accepts capitals and underscores, and packages with them exist.
-    return matchesWhole(QStringLiteral("[A-Za-z0-9][A-Za-z0-9+._-]*"), name);
+    static const QRegularExpression expression = whole(QStringLiteral("[A-Za-z0-9][A-Za-z0-9+._-]*"));
+    return expression.match(name).hasMatch();
 }
 
 bool isArchitecture(const QString &architecture)
 {
-    return matchesWhole(QStringLiteral("[a-z0-9][a-z0-9-]*"), architecture);
+    static const QRegularExpression expression = whole(QStringLiteral("[a-z0-9][a-z0-9-]*"));
+    return expression.match(architecture).hasMatch();
 }
 
 bool isSearchPrefix(const QString &text)
 {
-    return matchesWhole(QStringLiteral("[a-z0-9][a-z0-9+.-]*"), text);
+    static const QRegularExpression expression = whole(QStringLiteral("[a-z0-9][a-z0-9+.-]*"));
+    return expression.match(text).hasMatch();
 }
 
 bool isDownloadOf(const QString &fileName,

@@ -26,6 +26,8 @@ QStringList providersArguments(const QString &name, const QString &listFile);
 QStringList versionsArguments(const QString &name, const QString &architecture, const QString &listFile);
 /** For apt. */
 QStringList recordsArguments(const QString &name, const QString &listFile);
+/** For apt: many packages in one run. */
+QStringList recordsArguments(const QStringList &names, const QString &listFile);
 /** For apt. */
 QStringList downloadArguments(const QString &name, const QString &version, const QString &architecture);
 /** For bash: a search for names that begin with `prefix`, which has passed isSearchPrefix(). */

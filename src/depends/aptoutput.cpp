@@ -201,6 +201,12 @@ QStringList searchedNames(const QString &search, const QString &prefix)
     return names;
 }
 
+QString origin(const QString &line)
+{
+    const auto sources = sourcesIn(line);
+    return sources.isEmpty() ? QString() : sources.first().origin();
+}
+
 QStringList fieldValues(const QStringList &lines, const QString &field)
 {
     QStringList values;

@@ -45,6 +45,9 @@ QStringList providers(const QString &showpkg);
 /** The names that the prefix search printed, each once; grep reads a dot of the prefix as any character. */
 QStringList searchedNames(const QString &search, const QString &prefix);
 
+/** The origin text of the source that a line names; empty when it names none that packages are fetched from. */
+QString origin(const QString &line);
+
 /** The values of all lines that hold the field, in their order, without surrounding white space. */
 QStringList fieldValues(const QStringList &lines, const QString &field);
 } // namespace AptOutput

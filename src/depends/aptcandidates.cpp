@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "depends/aptcandidates.h"
+
+#include "depends/aptcommands.h"
+#include "depends/aptpolicy.h"
+#include "depends/aptutils.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <utility>
+
+namespace
+{
+/** Characters of names in one run; the system allows thirty times as many for all arguments. */
+constexpr int BatchLength = 60000;
+
+const QString AptConfig = QStringLiteral("apt-config");
+
+/** The value of a line NAME='VALUE' as apt-config prints it for a shell. */
+QString shellValue(const QString &output, const QString &name)
+{
+    const QRegularExpression line(QStringLiteral("^%1='(.*)'$").arg(name),
+                                  QRegularExpression::MultilineOption);
+    return line.match(output).captured(1).replace(QLatin1String("'\\''"), QLatin1String("'"));
+}
+
+bool isAskable(const PackageQuestion &question)
+{
+    // apt's sources list no installer packages, and an ordinary package of that name is no substitute.
+    return question.type == PackageType::Deb && AptCommands::isPackageName(question.name)
+           && AptCommands::isArchitecture(question.architecture);
+}
+} // namespace
+
+AptCandidates::AptCandidates(QString sourceList, OriginFilter accepts)
+    : m_sourceList(std::move(sourceList))
+    , m_accepts(std::move(accepts))
+{ }
+
+void AptCandidates::prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped)
+{
+    QStringList words;
+    for (const PackageQuestion &question : questions) {
+        if (m_asked.contains(question))
+            continue;
+        m_asked.insert(question);
+        if (isAskable(question))
+            words.append(question.name + QLatin1Char(':') + question.architecture);
+    }
+    ask(QStringLiteral("policy"), words, stopped, [this](const QString &output) { readVersions(output); });
+}
+
+QVector<Candidate> AptCandidates::candidates(const PackageQuestion &question) const
+{
+    // apt files packages for all architectures under its own.
+    if (question.architecture == QLatin1String("all"))
+        return m_answers.value({question.name, m_architecture, question.type});
+    return m_answers.value(question);
+}
+
+void AptCandidates::prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped)
+{
+    QStringList words;
+    for (const PackageQuestion &question : questions) {
+        if (m_askedProviders.contains(question.name) || !isAskable(question))
+            continue;
+        m_askedProviders.insert(question.name);
+        words.append(question.name);
+    }
+    ask(QStringLiteral("showpkg"), words, stopped, [this](const QString &output) {
+        const auto providers = AptPolicy::providers(output);
+        for (auto it = providers.cbegin(); it != providers.cend(); ++it)
+            m_providers.insert(it.key(), it.value());
+    });
+}
+
+QStringList AptCandidates::providers(const PackageQuestion &question) const
+{
+    return question.type == PackageType::Deb ? m_providers.value(question.name) : QStringList();
+}
+
+QString AptCandidates::errorText() const
+{
+    return m_failed ? AptUtils::tr("Apt error") : QString();
+}
+
+bool AptCandidates::prepare(const StopRequest &stopped)
+{
+    if (m_prepared || m_failed)
+        return !m_failed;
+    QString output;
+    if (!run(AptConfig,
+             {QStringLiteral("shell"),
+              QStringLiteral("ARCHITECTURE"),
+              QStringLiteral("APT::Architecture"),
+              QStringLiteral("CACHE"),
+              QStringLiteral("Dir::Cache::pkgcache/f")},
+             stopped,
+             output))
+        return false;
+    m_prepared = true;
+    m_architecture = shellValue(output, QStringLiteral("ARCHITECTURE"));
+    const QString cacheFile = shellValue(output, QStringLiteral("CACHE"));
+    // Without a cache file that it may write apt reads all lists anew in every run; and a list of our own must not
+    // leave its traces in the system's file.
+    if (!m_sourceList.isEmpty() || cacheFile.isEmpty()
+        || !QFileInfo(QFileInfo(cacheFile).path()).isWritable())
+        m_cache = std::make_unique<QTemporaryDir>();
+    return true;
+}
+
+void AptCandidates::ask(const QString &command,
+                        const QStringList &words,
+                        const StopRequest &stopped,
+                        const Reader &reader)
+{
+    if (words.isEmpty() || !prepare(stopped))
+        return;
+    QStringList options = AptCommands::privateListOptions(m_sourceList);
+    if (m_cache && m_cache->isValid()) {
+        for (const auto *const file : {"pkgcache", "srcpkgcache"})
+            options << QStringLiteral("-o")
+                    << QStringLiteral("Dir::Cache::%1=%2")
+                           .arg(QLatin1String(file), m_cache->filePath(QLatin1String(file)));
+    }
+    for (auto word = words.cbegin(); word != words.cend();) {
+        if (stopped && stopped())
+            return;
+        QStringList arguments{command};
+        for (int length = 0; word != words.cend() && length < BatchLength; ++word) {
+            arguments.append(*word);
+            length += word->size() + 1;
+        }
+        QString output;
+        if (!run(AptCommands::AptCache, arguments + options, stopped, output))
+            return;
+        reader(output);
+    }
+}
+
+bool AptCandidates::run(const QString &program,
+                        const QStringList &arguments,
+                        const StopRequest &stopped,
+                        QString &output)
+{
+    ProcessCall call{program, arguments, {}, {}, -1};
+    call.stopped = stopped;
+    const ProcessResult result = runProcess(call);
+    if (!result.succeeded()) {
+        // A program that was ended for the user's sake has not failed.
+        m_failed = !stopped || !stopped();
+        m_errorDetail = result.errorOutput;
+        return false;
+    }
+    output = result.output;
+    return true;
+}
+
+void AptCandidates::readVersions(const QString &policy)
+{
+    const auto versions = AptPolicy::versions(policy);
+    for (const AptPolicy::ListedVersion &listed : versions) {
+        if (listed.origin.isEmpty() || (m_accepts && !m_accepts(listed.origin)))
+            continue;
+        QString architecture = listed.package.section(QLatin1Char(':'), 1, 1);
+        if (architecture.isEmpty())
+            architecture = m_architecture;
+        const PackageQuestion question{
+            listed.package.section(QLatin1Char(':'), 0, 0), architecture, PackageType::Deb};
+        m_answers[question].append({listed.origin, listed.version});
+    }
+}

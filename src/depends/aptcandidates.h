@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/processutils.h"
+#include "depends/candidatesource.h"
+
+#include <QHash>
+#include <QSet>
+#include <QTemporaryDir>
+
+#include <memory>
+
+/**
+ * What apt's sources offer, asked in few runs for many names each and remembered as long as this lives, which is one
+ * job. The versions and labels are those of AptUtils::packageVersions(). A name that apt does not know is an answer;
+ * when apt itself fails, nothing is offered, nothing more is asked, and failed() tells it.
+ */
+class AptCandidates : public CandidateSource
+{
+public:
+    /** Whether the source with this origin text counts. */
+    using OriginFilter = std::function<bool(const QString &origin)>;
+
+    /** `sourceList` is read in place of apt's main list, see AptUtils::privateSourcesFile(); empty for the system's. */
+    explicit AptCandidates(QString sourceList = QString(), OriginFilter accepts = OriginFilter());
+
+    void prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
+    QVector<Candidate> candidates(const PackageQuestion &question) const override;
+    void prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
+    QStringList providers(const PackageQuestion &question) const override;
+
+    /** apt could not be asked; the answers are not complete. */
+    bool failed() const { return m_failed; }
+    /** For the user, in a few words; empty unless failed(). */
+    QString errorText() const;
+    /** What apt said about it. */
+    QString errorDetail() const { return m_errorDetail; }
+
+private:
+    using Answers = QHash<PackageQuestion, QVector<Candidate>>;
+    /** Takes in what a run has printed. */
+    using Reader = std::function<void(const QString &output)>;
+
+    /** Learns how apt is set up here and finds a place for its cache file; false when apt cannot be asked. */
+    bool prepare(const StopRequest &stopped);
+    /** Runs "apt-cache command word…" until all words are through, a stop is wanted or a run fails. */
+    void
+    ask(const QString &command, const QStringList &words, const StopRequest &stopped, const Reader &reader);
+    /** False when it failed or was stopped. */
+    bool
+    run(const QString &program, const QStringList &arguments, const StopRequest &stopped, QString &output);
+    void readVersions(const QString &policy);
+
+    QString m_sourceList;
+    OriginFilter m_accepts;
+    bool m_prepared = false;
+    bool m_failed = false;
+    QString m_errorDetail;
+    QString m_architecture; ///< the system's own, which apt leaves out of names
+    std::unique_ptr<QTemporaryDir>
+        m_cache; ///< apt's cache file, where the system's own place is not to be had
+    QSet<PackageQuestion> m_asked;
+    Answers m_answers;
+    QSet<QString> m_askedProviders;
+    QHash<QString, QStringList> m_providers;
+};

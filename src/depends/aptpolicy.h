@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "depends/candidatesource.h"
+
+#include <QHash>
+
+/** What apt-cache prints about many packages in one run, made into values in one pass over the text. */
+namespace AptPolicy
+{
+/** A version in the output of "apt-cache policy". */
+struct ListedVersion
+{
+    QString package; ///< with ":architecture" when that is not the system's own
+    QString version;
+    QString
+        origin; ///< of its first source, as AptOutput::origin(); empty for an installed version of no source
+};
+
+/** The versions of all packages in the output, in its order. */
+QVector<ListedVersion> versions(const QString &policy);
+
+/** The providers of every package in the output of "apt-cache showpkg", each as AptOutput::providers() reads them. */
+QHash<QString, QStringList> providers(const QString &showpkg);
+} // namespace AptPolicy

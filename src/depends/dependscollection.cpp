@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "depends/dependscollection.h"
+
+#include "depends/dependsparser.h"
+#include "depends/versionorder.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+QList<PackageInfoPtr> localDependencies(const QList<PackageInfoPtr> &packages, const LocalCandidates &local)
+{
+    DependsParser parser;
+    std::string buffer;
+    QList<PackageInfoPtr> collected = packages;
+    QSet<PackageInfoPtr> known(packages.cbegin(), packages.cend());
+    // The list grows while it is walked: what was taken has dependencies of its own.
+    for (int i = 0; i < collected.size(); ++i) {
+        const PackageInfoPtr package = collected.at(i);
+        const auto entries = parser.entries(unfoldedField(package->control.text(), "Depends", buffer),
+                                            package->architecture);
+        for (const DependencyGroup &entry : entries) {
+            const Dependency &first = entry.alternatives.first();
+            const auto found = local.find({first.name, first.architecture, package->type});
+            const auto highest = std::max_element(
+                found.cbegin(), found.cend(), [](const PackageInfoPtr &a, const PackageInfoPtr &b) {
+                    return VersionOrder::compare(a->version, b->version) < 0;
+                });
+            if (highest == found.cend() || known.contains(*highest))
+                continue;
+            known.insert(*highest);
+            collected.append(*highest);
+        }
+    }
+    return collected.mid(packages.size());
+}

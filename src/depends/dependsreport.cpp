@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "depends/dependsreport.h"
+
+#include "depends/dependsparser.h"
+
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int MostWantedNames = 10;
+/** Names in one sentence; some virtual packages have hundreds of providers. */
+constexpr int ListedNames = 5;
+
+const QString Separator = QStringLiteral(", ");
+
+QString listed(const QStringList &names)
+{
+    QString text = names.mid(0, ListedNames).join(Separator);
+    if (names.size() > ListedNames)
+        text += QStringLiteral(", …");
+    return text;
+}
+
+QStringList providerNames(const Dependency &dependency, DependStatus status)
+{
+    QStringList names;
+    for (const Dependency &provider : dependency.providers) {
+        if (provider.status == status)
+            names.append(provider.name);
+    }
+    return names;
+}
+
+QList<PackageInfoPtr> inError(const QList<PackageInfoPtr> &packages)
+{
+    QList<PackageInfoPtr> result;
+    std::copy_if(packages.cbegin(),
+                 packages.cend(),
+                 std::back_inserter(result),
+                 [](const PackageInfoPtr &package) { return package->dependStatus() == DependError; });
+    return result;
+}
+
+QVector<DependencyGroup> missingEntries(const PackageInfo &package)
+{
+    QVector<DependencyGroup> result;
+    if (!package.dependsInfo)
+        return result;
+    for (const DependencyGroup &group : package.dependsInfo->groups) {
+        if (group.status == DependError && !group.alternatives.isEmpty())
+            result.append(group);
+    }
+    return result;
+}
+} // namespace
+
+QString DependsReport::explanation(const Dependency &dependency)
+{
+    if (dependency.status == DependUndefined)
+        return tr("not checked");
+    if (dependency.status == DependSuccess) {
+        const QString found = offers(dependency, DependSuccess);
+        return found.isEmpty() ? tr("provided by %1").arg(listed(providerNames(dependency, DependSuccess)))
+                               : found;
+    }
+    const QString found = offers(dependency, DependError);
+    if (!found.isEmpty())
+        return tr("needs %1, %2").arg(constraint(dependency), found);
+    const QStringList providers = providerNames(dependency, DependError);
+    if (!providers.isEmpty())
+        return tr("no source offers it, nor a suitable version of what provides it: %1")
+            .arg(listed(providers));
+    return tr("no source offers it");
+}
+
+QString DependsReport::explanation(const DependencyGroup &group)
+{
+    QStringList lines;
+    for (const Dependency &dependency : group.alternatives)
+        lines.append(tr("%1: %2").arg(dependencyText(dependency), explanation(dependency)));
+    return lines.join(QLatin1Char('\n'));
+}
+
+DependsReport::Summary DependsReport::summary(const QList<PackageInfoPtr> &packages)
+{
+    Summary result;
+    QHash<QString, int> wanted;
+    for (const PackageInfoPtr &package : packages) {
+        const DependStatus status = package->dependStatus();
+        result.satisfied += static_cast<int>(status == DependSuccess);
+        result.errors += static_cast<int>(status == DependError);
+        result.unchecked += static_cast<int>(status == DependUndefined);
+        QStringList names;
+        for (const DependencyGroup &group : missingEntries(*package))
+            names.append(group.alternatives.first().name);
+        // A name can be wanted by several entries of one package.
+        names.removeDuplicates();
+        for (const QString &name : qAsConst(names))
+            ++wanted[name];
+    }
+    for (auto it = wanted.cbegin(); it != wanted.cend(); ++it)
+        result.mostWanted.append({it.key(), it.value()});
+    std::sort(
+        result.mostWanted.begin(), result.mostWanted.end(), [](const WantedName &a, const WantedName &b) {
+            return a.packages != b.packages ? a.packages > b.packages : a.name < b.name;
+        });
+    if (result.mostWanted.size() > MostWantedNames)
+        result.mostWanted.resize(MostWantedNames);
+    return result;
+}
+
+QString DependsReport::text(const QList<PackageInfoPtr> &packages)
+{
+    const Summary counts = summary(packages);
+    QStringList lines{tr("Packages with satisfied dependencies: %1").arg(counts.satisfied),
+                      tr("Packages with missing dependencies: %1").arg(counts.errors),
+                      tr("Packages not checked: %1").arg(counts.unchecked)};
+    if (!counts.mostWanted.isEmpty())
+        lines << QString() << tr("Most wanted:");
+    for (const WantedName &name : counts.mostWanted)
+        lines.append(QStringLiteral("  ") + tr("%1, by %n package(s)", "", name.packages).arg(name.name));
+    for (const PackageInfoPtr &package : inError(packages)) {
+        lines << QString()
+              << QStringLiteral("%1 %2 (%3, %4)")
+                     .arg(package->name, package->version, package->component, package->architecture);
+        for (const DependencyGroup &group : missingEntries(*package)) {
+            for (const QString &line : explanation(group).split(QLatin1Char('\n')))
+                lines.append(QStringLiteral("  ") + line);
+        }
+    }
+    return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
+}
+
+QByteArray DependsReport::json(const QList<PackageInfoPtr> &packages)
+{
+    const Summary counts = summary(packages);
+    QJsonArray wanted;
+    for (const WantedName &name : counts.mostWanted)
+        wanted.append(
+            QJsonObject{{QStringLiteral("name"), name.name}, {QStringLiteral("packages"), name.packages}});
+    QJsonArray errors;
+    for (const PackageInfoPtr &package : inError(packages)) {
+        QJsonArray entries;
+        for (const DependencyGroup &group : missingEntries(*package))
+            entries.append(QJsonObject{{QStringLiteral("entry"), dependencyText(group)},
+                                       {QStringLiteral("explanation"), explanation(group)}});
+        errors.append(QJsonObject{{QStringLiteral("name"), package->name},
+                                  {QStringLiteral("version"), package->version},
+                                  {QStringLiteral("architecture"), package->architecture},
+                                  {QStringLiteral("component"), package->component},
+                                  {QStringLiteral("missing"), entries}});
+    }
+    return QJsonDocument(QJsonObject{{QStringLiteral("satisfied"), counts.satisfied},
+                                     {QStringLiteral("errors"), counts.errors},
+                                     {QStringLiteral("unchecked"), counts.unchecked},
+                                     {QStringLiteral("mostWanted"), wanted},
+                                     {QStringLiteral("packages"), errors}})
+        .toJson();
+}
+
+QString DependsReport::offers(const Dependency &dependency, DependStatus status)
+{
+    QStringList texts;
+    for (auto found = dependency.foundVersions.cbegin(); found != dependency.foundVersions.cend(); ++found) {
+        if (found->status == status)
+            texts.append(tr("%1 offers %2").arg(found.key(), found->version));
+    }
+    return texts.join(Separator);
+}
+
+QString DependsReport::constraint(const Dependency &dependency)
+{
+    QStringList parts{dependency.op + QLatin1Char(' ') + dependency.version};
+    if (!dependency.secondOp.isEmpty())
+        parts.append(dependency.secondOp + QLatin1Char(' ') + dependency.secondVersion);
+    return parts.join(Separator);
+}

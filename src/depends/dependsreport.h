@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+
+#include <QCoreApplication>
+
+/** The results of dependency checks in words, for tool tips and for reports. */
+class DependsReport
+{
+    Q_DECLARE_TR_FUNCTIONS(DependsReport)
+public:
+    /** A name that packages depend on in vain. */
+    struct WantedName
+    {
+        QString name;
+        int packages = 0; ///< how many want it
+    };
+
+    struct Summary
+    {
+        int satisfied = 0;
+        int errors = 0;
+        int unchecked = 0;
+        QVector<WantedName> mostWanted; ///< at most ten, the most wanted first
+    };
+
+    /** Why the dependency is in its state. */
+    static QString explanation(const Dependency &dependency);
+    /** The same for an entry, with one line for each of several alternatives. */
+    static QString explanation(const DependencyGroup &group);
+
+    /** Over the stored results of the packages. */
+    static Summary summary(const QList<PackageInfoPtr> &packages);
+
+    /** The summary, and every package in error with the entries that cannot be met. */
+    static QString text(const QList<PackageInfoPtr> &packages);
+    /** The same as a JSON document. */
+    static QByteArray json(const QList<PackageInfoPtr> &packages);
+
+private:
+    static QString offers(const Dependency &dependency, DependStatus status);
+    static QString constraint(const Dependency &dependency);
+};

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "depends/candidatesource.h"
+
+/** What the answers of the sources mean for a dependency, an entry and a package. */
+namespace DependsRules
+{
+/** Whether the version meets every constraint of the dependency; one without constraints is met by any. */
+bool isSatisfiedBy(const Dependency &dependency, const QString &version);
+
+/**
+ * What each source offers for the dependency, by its label: of several versions the highest that satisfies it, or
+ * else the highest.
+ */
+QMap<QString, FoundVersion> foundVersions(const Dependency &dependency, const QVector<Candidate> &candidates);
+
+/** Success when a source has a satisfying version, else error. */
+DependStatus dependencyStatus(const QMap<QString, FoundVersion> &found);
+
+/** The best of its alternatives. */
+DependStatus groupStatus(const DependencyGroup &group);
+
+/** Error as soon as one entry is in error, else undefined if one is undefined; success also without entries. */
+DependStatus packageStatus(const QMap<QString, DependencyGroup> &groups);
+} // namespace DependsRules

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "depends/candidatesource.h"
+
+#include <QCoreApplication>
+#include <QMultiHash>
+
+/**
+ * The packages of a repository as candidates, read from their records. A name can be there in several versions, one in
+ * each component. What the packages provide is read at the first question for it.
+ */
+class LocalCandidates : public CandidateSource
+{
+    Q_DECLARE_TR_FUNCTIONS(LocalCandidates)
+public:
+    explicit LocalCandidates(const QList<PackageInfoPtr> &packages = {});
+
+    void add(const PackageInfoPtr &package);
+
+    /** The packages of that name that serve the architecture, in no order. */
+    QVector<PackageInfoPtr> find(const PackageQuestion &question) const;
+
+    void prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
+    QVector<Candidate> candidates(const PackageQuestion &question) const override;
+    void prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
+    QStringList providers(const PackageQuestion &question) const override;
+
+    /** What the repository is called among the sources. */
+    static QString label() { return tr("Local"); }
+
+private:
+    using PackagesByName = QMultiHash<QString, PackageInfoPtr>;
+
+    static QVector<PackageInfoPtr> matching(const PackagesByName &packages, const PackageQuestion &question);
+    void addProvided(const PackageInfoPtr &package);
+
+    PackagesByName m_packages;
+    PackagesByName m_providers; ///< by provided name
+    bool m_providersRead = false;
+    QString m_label = label();
+};

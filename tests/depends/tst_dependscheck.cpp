@@ -1,0 +1,523 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/packagefields.h"
+#include "core/settingskeys.h"
+#include "depends/aptcandidates.h"
+#include "depends/aptutils.h"
+#include "depends/dependscheck.h"
+#include "depends/dependscollection.h"
+#include "depends/dependsreport.h"
+#include "depends/versionorder.h"
+#include "support/literals.h"
+#include "support/testenvironment.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRandomGenerator>
+#include <QtTest>
+
+namespace
+{
+/** A package from the lines of its control data, which are separated by semicolons here. */
+PackageInfoPtr package(const QString &fields, PackageType type = PackageType::Deb)
+{
+    auto info = QSharedPointer<PackageInfo>::create();
+    info->control = ControlText(QString(fields).replace("; "_s, "\n"_s).toUtf8() + '\n');
+    info->name = info->control.field("Package");
+    info->version = info->control.field("Version");
+    info->architecture = info->control.field("Architecture");
+    if (info->architecture.isEmpty())
+        info->architecture = "amd64"_s;
+    info->component = "main"_s;
+    info->type = type;
+    return info;
+}
+
+PackageInfoPtr needing(const QString &depends, PackageType type = PackageType::Deb)
+{
+    return package("Package: p; Version: 1; Depends: "_s + depends, type);
+}
+
+/** A source with its packages written as "name version", and with providers, "name provided". */
+class FakeSource : public CandidateSource
+{
+public:
+    FakeSource(QStringList packages, QStringList providers)
+        : m_packages(std::move(packages))
+        , m_providers(std::move(providers))
+    { }
+    void prefetch(const QVector<PackageQuestion> &questions, const StopRequest & /*stopped*/) override
+    {
+        for (const PackageQuestion &question : questions)
+            asked.append(question.name + QLatin1Char(':') + question.architecture);
+    }
+    QVector<Candidate> candidates(const PackageQuestion &question) const override
+    {
+        QVector<Candidate> result;
+        for (const QString &entry : m_packages) {
+            if (question.architecture == "amd64"_s && question.name == entry.section(QLatin1Char(' '), 0, 0))
+                result.append({"http://h s amd64"_s, entry.section(QLatin1Char(' '), 1)});
+        }
+        return result;
+    }
+    void prefetchProviders(const QVector<PackageQuestion> & /*questions*/,
+                           const StopRequest & /*stopped*/) override
+    { }
+    QStringList providers(const PackageQuestion &question) const override
+    {
+        QStringList names;
+        for (const QString &entry : m_providers) {
+            if (entry.section(QLatin1Char(' '), 1) == question.name)
+                names.append(entry.section(QLatin1Char(' '), 0, 0));
+        }
+        return names;
+    }
+    QStringList asked;
+
+private:
+    QStringList m_packages;
+    QStringList m_providers;
+};
+
+/** "name:arch (constraints)" with "=status", then what was found, then the providers in brackets. */
+QString printed(const Dependency &dependency)
+{
+    QString text
+        = dependencyText(dependency, "amd64"_s) + QLatin1Char('=') + QString::number(dependency.status);
+    for (auto found = dependency.foundVersions.cbegin(); found != dependency.foundVersions.cend(); ++found)
+        text += " %1 %2 %3"_s.arg(
+            found.key().section(QLatin1Char(' '), 0, 0), found->version, QString::number(found->status));
+    QStringList providers;
+    for (const Dependency &provider : dependency.providers)
+        providers.append(printed(provider));
+    return providers.isEmpty() ? text : text + " ["_s + providers.join("; "_s) + QLatin1Char(']');
+}
+
+/** The entries, with their keys where these are not the first names, and the package's status behind. */
+QString printed(const DependsInfo &info)
+{
+    QStringList entries;
+    for (auto group = info.groups.cbegin(); group != info.groups.cend(); ++group) {
+        QStringList alternatives;
+        for (const Dependency &dependency : group->alternatives)
+            alternatives.append(printed(dependency));
+        const bool usual = group.key() == group->alternatives.first().name;
+        entries.append((usual ? QString() : QLatin1Char('"') + group.key() + "\" "_s)
+                       + alternatives.join(" | "_s));
+    }
+    return entries.join(", "_s) + " => "_s + QString::number(info.status);
+}
+
+/** What the two expressions say, and what is done with the name after them. */
+QStringList readByExpressions(const QString &field)
+{
+    QStringList result;
+    for (const QString &entry : field.split(QLatin1Char(','))) {
+        QStringList alternatives;
+        for (const QString &alternative : entry.split(QLatin1Char('|'))) {
+            const auto name = PackageField::DependencyName.match(alternative);
+            const auto constraint = PackageField::DependencyConstraint.match(alternative);
+            const QString word = name.captured("package"_s).section(QLatin1Char('('), 0, 0);
+            if (word.section(QLatin1Char(':'), 0, 0).isEmpty())
+                continue;
+            const QString qualifier = word.section(QLatin1Char(':'), 1);
+            alternatives.append(QStringList{word.section(QLatin1Char(':'), 0, 0),
+                                            qualifier.isEmpty() || qualifier == "any"_s ? "own"_s : qualifier,
+                                            constraint.captured("op"_s),
+                                            constraint.captured("version"_s)}
+                                    .join(QChar(1)));
+        }
+        if (!alternatives.isEmpty())
+            result.append(alternatives.join(QChar(2)));
+    }
+    return result;
+}
+
+QStringList readByHand(const QString &field)
+{
+    DependsParser parser;
+    QStringList result;
+    for (const DependencyGroup &group : parser.entries(field.toStdString(), "own"_s)) {
+        QStringList alternatives;
+        for (const Dependency &d : group.alternatives)
+            alternatives.append(QStringList{d.name, d.architecture, d.op, d.version}.join(QChar(1)));
+        result.append(alternatives.join(QChar(2)));
+    }
+    return result;
+}
+
+/** Two local sources, one of them also for a foreign architecture, with an apt that knows nothing else. */
+const QString SetUp = QStringLiteral(R"(cd "$0"
+mkdir -p etc/apt.conf.d etc/preferences.d etc/trusted.gpg.d lists/partial cache/archives/partial
+for source in one two; do
+    echo "deb [trusted=yes] file:$0/$source dogwood main" >>etc/sources.list
+done
+cat >apt.conf <<END
+Dir::Etc "$0/etc"; Dir::Etc::Parts "$0/etc/apt.conf.d"; Dir::State "$0"; Dir::State::lists "$0/lists";
+Dir::State::status "$0/status"; Dir::Cache "$0/cache"; Dir::Cache::pkgcache ""; Dir::Cache::srcpkgcache "";
+Dir::Log "$0/log"; APT::Sandbox::User ""; APT::Architecture "amd64"; APT::Architectures {"amd64"; "i386";};
+END
+APT_CONFIG=apt.conf apt-get -qq update)");
+} // namespace
+
+class TestDependsCheck : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_root;
+
+    QString path(const QString &name) const { return m_root.filePath(name); }
+
+    static QString
+    checked(const PackageInfoPtr &package, const QList<PackageInfoPtr> &repository, FakeSource &apt, int from)
+    {
+        LocalCandidates local(repository);
+        QString result = "none"_s;
+        DependsCheck(from, &local, &apt).run({package}, [&result](const auto &, const auto &info) {
+            result = printed(*info);
+        });
+        return result;
+    }
+
+private Q_SLOTS:
+    void fieldsAreReadAsTheExpressionsSay()
+    {
+        QStringList fields;
+        const auto status = QString::fromUtf8(readFile("/var/lib/dpkg/status"_s)).split(QLatin1Char('\n'));
+        for (const QString &line : status) {
+            if (line.startsWith("Depends: "_s))
+                fields.append(line.mid(9));
+        }
+        QVERIFY(fields.size() > 100);
+        const QStringList pieces{"a"_s,
+                                 "libb1"_s,
+                                 " "_s,
+                                 "\t"_s,
+                                 "("_s,
+                                 ")"_s,
+                                 "<"_s,
+                                 ">"_s,
+                                 "="_s,
+                                 ","_s,
+                                 "|"_s,
+                                 ":"_s,
+                                 "1"_s,
+                                 "2~"_s,
+                                 ":any"_s,
+                                 "é"_s,
+                                 "[x]"_s,
+                                 ">= 1"_s};
+        QRandomGenerator random(20);
+        for (int i = 0; i < 20000; ++i) {
+            QString field;
+            for (int n = random.bounded(24); n >= 0; --n)
+                field += pieces.at(random.bounded(pieces.size()));
+            fields.append(field);
+        }
+        for (const QString &field : qAsConst(fields)) {
+            if (readByHand(field) != readByExpressions(field))
+                QCOMPARE(qMakePair(field, readByHand(field)), qMakePair(field, readByExpressions(field)));
+        }
+        // Linear also where every parenthesis could begin a constraint and none does.
+        QElapsedTimer timer;
+        timer.start();
+        DependsParser().entries("a " + "(<<"_s.repeated(33000).toStdString() + std::string(50000, ' '), {});
+        QVERIFY2(timer.elapsed() < 200, qPrintable(QString::number(timer.elapsed())));
+    }
+
+    void versionsAreOrderedAsDpkgDoes()
+    {
+        VELT_NEED_TOOL("dpkg");
+        const QStringList versions{"1.0"_s,
+                                   "1.0-1"_s,
+                                   "1.0-0"_s,
+                                   "1.0~rc1"_s,
+                                   "1.0~"_s,
+                                   "1:0.1"_s,
+                                   "+1:0.1"_s,
+                                   "0:1.0"_s,
+                                   "1.00"_s,
+                                   "1.0-1.0"_s,
+                                   "1."_s,
+                                   "1.0a"_s,
+                                   "1.0+b1"_s,
+                                   "1.0-"_s,
+                                   "-1"_s,
+                                   ""_s,
+                                   " 1.0 "_s,
+                                   "1 0"_s,
+                                   ":1"_s,
+                                   "x:1"_s,
+                                   "1:"_s,
+                                   "a"_s,
+                                   "1_0"_s,
+                                   "1é"_s,
+                                   "~"_s,
+                                   "1:2:3"_s,
+                                   "1-2-3"_s,
+                                   "99999999999:1"_s,
+                                   "2147483647:1"_s,
+                                   "<unknown>"_s,
+                                   "-0:1"_s,
+                                   "20240101.git-1~bpo"_s};
+        const QStringList operators{"<<"_s, "<="_s, "<"_s, "="_s, ">="_s, ">>"_s, ">"_s};
+        QStringList arguments{
+            "-c"_s,
+            "while [ $# -gt 0 ]; do dpkg --compare-versions \"$1\" \"$2\" \"$3\" 2>/dev/null && printf 1 || "
+            "printf 0; shift 3; done"_s,
+            "sh"_s};
+        QString ours;
+        for (int i = 0; i < versions.size(); ++i) {
+            for (int j = 0; j < versions.size(); ++j) {
+                const QString &op = operators.at((i * 3 + j) % operators.size());
+                arguments << versions.at(i) << op << versions.at(j);
+                ours += VersionOrder::holds(versions.at(i), op, versions.at(j)) ? QLatin1Char('1')
+                                                                                : QLatin1Char('0');
+            }
+        }
+        const QString dpkgs = runProcess({"sh"_s, arguments, {}, {}, -1}).output;
+        QCOMPARE(dpkgs.size(), ours.size());
+        for (int i = 0; i < ours.size(); ++i) {
+            if (ours.at(i) != dpkgs.at(i))
+                QCOMPARE(ours.mid(i, 1) + arguments.mid(3 + i * 3, 3).join(QLatin1Char(' ')),
+                         dpkgs.mid(i, 1));
+        }
+    }
+
+    void verdicts_data()
+    {
+        QTest::addColumn<QString>("depends");
+        QTest::addColumn<int>("from");
+        QTest::addColumn<QString>("expected");
+        const auto row = [](const char *name, const char *depends, int from, const char *expected) {
+            QTest::newRow(name) << QString::fromUtf8(depends) << from << QString::fromUtf8(expected);
+        };
+        row("found", "libc6 (>= 2.17)", 1, "libc6 (>= 2.17)=1 Local 2.31 1 => 1");
+        row("too new", "one (<< 1.0)", 3, "one (<< 1.0)=0 http://h 1.0 0 => 0");
+        row("virtual", "mta", 3, "mta=1 [exim=0; postfix=1 http://h 3.7 1] => 1");
+        row("virtual, provider not local", "mta", 1, "mta=0 [exim=0; postfix=0] => 0");
+        row("local provides", "perlapi (>= 5)", 1, "perlapi (>= 5)=1 [perl (>= 5)=1 Local 5.36 1] => 1");
+        row("alternatives", "nosuch | one", 3, "nosuch=0 | one=1 http://h 1.0 1 => 1");
+        row("any", "libc6:any, one:i386", 3, "libc6=1 Local 2.31 1, one:i386=0 => 0");
+        row("nowhere", "libc6", 0, "none");
+        row("no entries", " , |", 3, " => 1");
+        row("no blank", "one(>=1)|two", 2, "one (>= 1)=1 http://h 1.0 1 | two=0 => 1");
+        row("both constraints", "two (>= 1), two (<< 3)", 1, "two (>= 1, << 3)=1 Local 2 1 => 1");
+        // Several versions: one of them has to meet both constraints, and the best of those is told.
+        row("between two", "two (>> 2), two (<< 4)", 1, "two (>> 2, << 4)=0 Local 4 0 => 0");
+        row("both sources", "both", 3, "both=1 Local 1 1 http://h 2 1 => 1");
+        row("public alone", "both (<= 1), libc6", 2, "both (<= 1)=0 http://h 2 0, libc6=0 => 0");
+        row("a third constraint",
+            "two (>= 1), two (<< 5), two (>> 4)",
+            1,
+            "two (>= 1, << 5)=1 Local 4 1, \"two (>> 4)\" two (>> 4)=0 Local 4 0 => 0");
+        // An alternative must not help past the other entry, nor hide it.
+        row("alternatives apart",
+            "two (>= 9) | libc6, two (<< 1)",
+            1,
+            "two (>= 9)=0 Local 4 0 | libc6=1 Local 2.31 1, \"two (<< 1)\" two (<< 1)=0 Local 4 0 => 0");
+        row("the name alone",
+            "two (<< 1) | libc6, two",
+            1,
+            "two (<< 1)=0 Local 4 0 | libc6=1 Local 2.31 1, \"two #2\" two=1 Local 4 1 => 1");
+        row("constraint after none", "two, two (>= 3)", 1, "two (>= 3)=1 Local 4 1 => 1");
+        row("folded",
+            "libc6,\n one,\n\tnosuch",
+            3,
+            "libc6=1 Local 2.31 1, nosuch=0, one=1 http://h 1.0 1 => 0");
+        row("installer package", "installer", 3, "installer=0 => 0");
+        row("refused version", "two (>= 1-)", 1, "two (>= 1-)=0 Local 4 0 => 0");
+        row("only a provider of itself", "self (>= 2)", 1, "self (>= 2)=0 Local 1 0 => 0");
+    }
+
+    void verdicts()
+    {
+        QFETCH(QString, depends);
+        QFETCH(int, from);
+        const QList<PackageInfoPtr> repository{
+            package("Package: libc6; Version: 2.31"_s),
+            package("Package: libc6; Version: 9; Architecture: i386"_s),
+            package("Package: perl; Version: 5.36; Provides: x, perlapi (= 5.36)"_s),
+            package("Package: two; Version: 2"_s),
+            package("Package: two; Version: 4"_s),
+            package("Package: both; Version: 1"_s),
+            package("Package: self; Version: 1; Provides: self"_s),
+            package("Package: installer; Version: 1; Provides: mta"_s, PackageType::Udeb)};
+        FakeSource apt({"one 1.0"_s, "postfix 3.7"_s, "both 2"_s}, {"exim mta"_s, "postfix mta"_s});
+        QTEST(checked(needing(depends), repository, apt, from), "expected");
+    }
+
+    void manyPackages()
+    {
+        QList<PackageInfoPtr> packages;
+        for (int i = 0; i < 5000; ++i)
+            packages.append(package("Package: n%1; Version: 1; Depends: n%2 (= 1), common"_s.arg(
+                QString::number(i), QString::number((i + 1) % 5000))));
+        LocalCandidates local(packages);
+        FakeSource apt({"common 1"_s}, {});
+        int count = 0;
+        const auto inOrder = [&](const PackageInfoPtr &package, const auto &result) {
+            // A circle of five thousand is all satisfied.
+            QVERIFY(package == packages.at(count++) && result->status == DependSuccess);
+        };
+        QCOMPARE(DependsCheck(DependsEverywhere, &local, &apt).run(packages, inOrder), 5000);
+        QCOMPARE(count, 5000);
+        // Each question is put once a job.
+        QCOMPARE(apt.asked.size(), QSet<QString>(apt.asked.cbegin(), apt.asked.cend()).size());
+        QCOMPARE(apt.asked.count("common:amd64"_s), 1);
+
+        count = 0;
+        const auto afterThree = [&count] { return count == 3; };
+        QCOMPARE(DependsCheck(DependsLocal, &local, &apt)
+                     .run(
+                         packages, [&](auto, auto) { ++count; }, afterThree),
+                 3);
+        QCOMPARE(count, 3);
+    }
+
+    void aptInBatchesSaysWhatItSaysOneByOne()
+    {
+        VELT_NEED_TOOL("apt-get");
+        // Packages of this machine, in three indices: every third name also in another version elsewhere.
+        const auto known = QString::fromUtf8(readFile("/var/lib/dpkg/status"_s)).split("\n\n"_s);
+        QHash<QString, QByteArray> indices;
+        QByteArray installed;
+        QVector<PackageQuestion> questions;
+        for (int i = 0; i < qMin(200, known.size() - 1); ++i) {
+            const ControlText control(known.at(i).toUtf8());
+            const QString name = control.field("Package");
+            const auto record = [&](const QString &version, const QString &architecture) {
+                return "Package: %1\nVersion: %2\nArchitecture: %3\nProvides: %4\nMaintainer: M "
+                       "<m@example.org>\n"
+                       "Filename: pool/%1_%2.deb\nSize: 1\nSHA256: %5\nDescription: d\n"_s
+                           .arg(name,
+                                version,
+                                architecture,
+                                i % 50 == 0 ? "fruit"_s : "kind-%1 (= 1)"_s.arg(i),
+                                QString(64, QLatin1Char('0')))
+                           .toUtf8();
+            };
+            const QString version = control.field("Version");
+            if (i % 7 != 0)
+                indices["one/dists/dogwood/main/binary-amd64"_s] += record(version, "amd64"_s) + '\n';
+            if (i % 3 == 0)
+                indices["two/dists/dogwood/main/binary-amd64"_s]
+                    += record(i % 2 == 0 ? version : "9:"_s + version.section(QLatin1Char(':'), -1), "all"_s)
+                       + '\n';
+            if (i % 5 == 0)
+                indices["one/dists/dogwood/main/binary-i386"_s] += record("0.1"_s, "i386"_s) + '\n';
+            if (i % 4 == 0)
+                installed += record(i % 8 == 0 ? version : "0~old"_s, "amd64"_s)
+                             + "Status: install ok installed\n\n";
+            for (const QString &architecture : {"amd64"_s, "i386"_s})
+                questions.append({name, architecture, PackageType::Deb});
+        }
+        for (auto index = indices.cbegin(); index != indices.cend(); ++index)
+            writeFile(path(index.key() + "/Packages"_s), *index);
+        writeFile(path("two/dists/dogwood/main/binary-i386/Packages"_s), "");
+        writeFile(path("status"_s), installed);
+        QCOMPARE(QProcess::execute("sh"_s, {"-ec"_s, SetUp, m_root.path()}), 0);
+        qputenv("APT_CONFIG", path("apt.conf"_s).toLocal8Bit());
+
+        // Names that nobody knows push the rest into later runs.
+        QVector<PackageQuestion> all = questions.mid(0, 20);
+        all.append({"-o"_s, "amd64"_s, PackageType::Deb});
+        for (int i = 0; i < 6000; ++i)
+            all.append({"no-such-package-%1"_s.arg(i), "amd64"_s, PackageType::Deb});
+        all += questions;
+        AptCandidates apt;
+        apt.prefetch(all, {});
+        apt.prefetchProviders(all + QVector<PackageQuestion>{{"fruit"_s, "amd64"_s, PackageType::Deb}}, {});
+        QVERIFY2(!apt.failed(), qPrintable(apt.errorDetail()));
+        AptUtils single;
+        int found = 0;
+        for (int i = 0; i < questions.size(); i += 1 + i % 2 * 2) {
+            const PackageQuestion &question = questions.at(i);
+            QSet<QString> expected;
+            const auto versions = single.packageVersions(question.name, question.architecture);
+            for (auto it = versions.cbegin(); it != versions.cend(); ++it) {
+                for (const QString &origin : *it)
+                    expected.insert(origin + QLatin1Char(' ') + it.key());
+            }
+            QSet<QString> got;
+            for (const Candidate &candidate : apt.candidates(question))
+                got.insert(candidate.source + QLatin1Char(' ') + candidate.version);
+            QVERIFY2(got == expected, qPrintable(question.name + QLatin1Char(':') + question.architecture));
+            found += got.size();
+        }
+        QVERIFY2(found > 100, qPrintable(QString::number(found)));
+        QVERIFY(apt.providers({"fruit"_s, {}}).size() > 1);
+        QCOMPARE(apt.providers({"fruit"_s, {}}), single.providers("fruit"_s));
+        QVERIFY(apt.candidates({questions.first().name, "amd64"_s, PackageType::Udeb}).isEmpty());
+
+        AptCandidates filtered({}, [](const QString &origin) { return origin.contains("/one "_s); });
+        filtered.prefetch(questions, {});
+        int others = 0;
+        for (const PackageQuestion &question : qAsConst(questions)) {
+            for (const Candidate &candidate : filtered.candidates(question))
+                others += candidate.source.contains("/two "_s) ? 1 : 0;
+        }
+        QCOMPARE(others, 0);
+
+        // Sources that apt cannot read are one error for the whole job, and a dependency in error.
+        AptCandidates broken(path("apt.conf"_s));
+        QCOMPARE(broken.errorText(), QString());
+        QString result;
+        DependsCheck(DependsPublic, nullptr, &broken)
+            .run({needing(questions.at(4).name)}, [&](auto, const auto &info) { result = printed(*info); });
+        QCOMPARE(result, questions.at(4).name + "=0 => 0"_s);
+        QCOMPARE(broken.errorText(), "Apt error"_s);
+        QVERIFY2(broken.errorDetail().contains("apt.conf"_s), qPrintable(broken.errorDetail()));
+    }
+
+    void collection()
+    {
+        const QList<PackageInfoPtr> all{
+            package("Package: a; Version: 1; Depends: b:any (>= 9) | x, c(= 7), nosuch"_s),
+            package("Package: b; Version: 1; Depends: a, d|e"_s),
+            package("Package: b; Version: 2; Depends: d"_s),
+            package("Package: c; Version: 1; Architecture: i386"_s),
+            package("Package: d; Version: 1"_s),
+            package("Package: e; Version: 1"_s)};
+        // The higher b, with what it needs; neither itself, although in a circle, nor another architecture's c.
+        QCOMPARE(localDependencies({all.first()}, LocalCandidates(all)),
+                 (QList<PackageInfoPtr>{all.at(2), all.at(4)}));
+        QCOMPARE(localDependencies({all.at(1)}, LocalCandidates(all)),
+                 (QList<PackageInfoPtr>{all.at(0), all.at(4), all.at(2)}));
+    }
+
+    void reports()
+    {
+        LocalCandidates local({package("Package: foo; Version: 1.5; Provides: bar"_s)});
+        QList<PackageInfoPtr> packages;
+        const auto keep = [&packages](const PackageInfoPtr &package, const auto &result) {
+            PackageInfo info = *package;
+            info.dependsInfo = result;
+            packages.append(QSharedPointer<PackageInfo>::create(info));
+        };
+        DependsCheck(DependsLocal, &local, nullptr)
+            .run({needing("foo (>= 2.0), foo (<< 3) , bar"_s),
+                  needing("nosuch | foo (>> 8)"_s),
+                  needing("foo, bar"_s)},
+                 keep);
+        packages.append(needing("foo"_s));
+        const auto reason = [&packages](int index, const char *key) {
+            return DependsReport::explanation(
+                packages.at(index)->dependsInfo->groups.value(QLatin1String(key)));
+        };
+        QCOMPARE(reason(0, "foo"), "foo (>= 2.0, << 3): needs >= 2.0, << 3, Local offers 1.5"_s);
+        QCOMPARE(reason(0, "bar"), "bar: provided by foo"_s);
+        QCOMPARE(reason(1, "nosuch"),
+                 "nosuch: no source offers it\nfoo (>> 8): needs >> 8, Local offers 1.5"_s);
+        QCOMPARE(reason(2, "foo"), "foo: Local offers 1.5"_s);
+        const auto summary = DependsReport::summary(packages);
+        QCOMPARE(summary.errors * 100 + summary.satisfied * 10 + summary.unchecked, 211);
+        QCOMPARE(summary.mostWanted.size(), 2);
+        QVERIFY(
+            DependsReport::text(packages).contains("\np 1 (main, amd64)\n  nosuch: no source offers it\n"_s));
+        const auto json = QJsonDocument::fromJson(DependsReport::json(packages)).object();
+        QCOMPARE(json["packages"_s][1]["missing"_s][0]["entry"_s].toString(), "nosuch | foo (>> 8)"_s);
+    }
+};
+
+VELT_TEST_MAIN(TestDependsCheck, QCoreApplication)
+#include "tst_dependscheck.moc"
