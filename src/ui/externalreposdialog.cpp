@@ -24,7 +24,7 @@ ExternalReposDialog::ExternalReposDialog(const ExternalRepos &stored, Prompts &p
     , m_prompts(prompts)
     , m_model(new ExternalReposModel(stored, this))
     , m_view(new QTreeView(this))
-    , m_emptyLabel(new QLabel(m_view->viewport()))
+    , m_emptyLabel(new QLabel(tr("No external repositories to show"), m_view->viewport()))
     , m_stateLabel(new ElidedLabel(this))
     , m_addButton(button(tr("&Add..."), QStringLiteral("m_addButton"), &ExternalReposDialog::addSource))
     , m_editButton(button(tr("&Edit..."), QStringLiteral("m_editButton"), &ExternalReposDialog::edit))
@@ -192,8 +192,6 @@ void ExternalReposDialog::updateButtons()
     m_removeButton->setEnabled(!rows.isEmpty() && removable);
     m_removeButton->setToolTip(
         removable ? QString() : tr("What apt knows from the sources of the system cannot be removed here."));
-    m_emptyLabel->setText(m_watcher.isFinished() ? tr("There are no external repositories.")
-                                                 : tr("No external repositories yet."));
     m_emptyLabel->setVisible(m_model->rowCount() == 0);
 }
 
