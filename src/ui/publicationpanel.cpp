@@ -7,10 +7,13 @@
 #include "ui_repowidget.h"
 
 #include <QClipboard>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QLineEdit>
 #include <QRegularExpressionValidator>
 #include <QSettings>
+
+#include <array>
 
 PublicationPanel::PublicationPanel(Ui::RepoWidget &ui, RepoShell &shell, QObject *parent)
     : QObject(parent)
@@ -36,6 +39,12 @@ void PublicationPanel::setUpFields()
     // It would complete an address that is the beginning of another one.
     m_ui.m_ipAddrComboBox->setCompleter(nullptr);
     m_ui.m_ipAddrComboBox->addItem(PublicationAddresses::loopback());
+    const std::array<QWidget *, 4> turned
+        = {m_ui.m_publishArchComboBox, m_ui.m_srvTypeComboBox, m_ui.m_ipAddrComboBox, m_ui.m_httpPortSpinBox};
+    for (QWidget *field : turned) {
+        field->setFocusPolicy(Qt::StrongFocus);
+        field->installEventFilter(this);
+    }
 }
 
 void PublicationPanel::connectFields()
@@ -54,6 +63,15 @@ void PublicationPanel::connectFields()
     connect(m_ui.m_srcCopyPushButton, &QPushButton::clicked, this, &PublicationPanel::copySourceLine);
     connect(m_ui.m_publishPushButton, &QPushButton::clicked, this, &PublicationPanel::publishTriggered);
     connect(m_ui.m_unpublishPushButton, &QPushButton::clicked, this, &PublicationPanel::unpublishTriggered);
+}
+
+bool PublicationPanel::eventFilter(QObject *watched, QEvent *event)
+{
+    // Who scrolls through the panel does not mean to change the field that comes under the pointer.
+    if (event->type() != QEvent::Wheel || qobject_cast<QWidget *>(watched)->hasFocus())
+        return QObject::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 // --- what the fields offer -----------------------------------------------------------------------------------------

@@ -38,6 +38,9 @@ Q_SIGNALS:
     void portEditingFinished();
     void statusLabel(const QString &text);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     Ui::RepoWidget &m_ui;
     RepoShell &m_shell;
