@@ -6,9 +6,11 @@
 
 #include <QMenu>
 
-PackageMenu::PackageMenu(const Commands &commands, QWidget *window)
+#include <utility>
+
+PackageMenu::PackageMenu(Commands commands, QWidget *window)
     : QObject(window)
-    , m_commands(commands)
+    , m_commands(std::move(commands))
     , m_menu(new QMenu(window))
     , m_filter(new QMenu(RepoWidget::tr("Packet Filter"), window))
 {

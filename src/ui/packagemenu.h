@@ -26,7 +26,7 @@ public:
         QList<QAction *> repository; ///< on the repository itself, or beside all items
     };
 
-    PackageMenu(const Commands &commands, QWidget *window);
+    PackageMenu(Commands commands, QWidget *window);
 
     QMenu *packetFilterMenu() const { return m_filter; }
     void setTab(const RepoWidget *widget);

@@ -1,0 +1,432 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/reposhell.h"
+#include "packagetesting.h"
+#include "platform/desktopintegration.h"
+#include "platform/veltaboutdialog.h"
+#include "support/children.h"
+#include "support/testenvironment.h"
+#include "ui/addpkgsettingsdialog.h"
+#include "ui/mainwindow.h"
+#include "ui/newrepodialog.h"
+#include "ui/packagereplacementdialog.h"
+#include "ui/parametersdialog.h"
+#include "ui/prompts.h"
+#include "ui/repowidget.h"
+#include "ui/startselectactiondialog.h"
+#include "ui/tabtitles.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QSettings>
+#include <QSplitter>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QTreeView>
+#include <QtTest>
+
+namespace
+{
+QString plain(QString text)
+{
+    return text.remove(QLatin1Char('&'));
+}
+
+/** The entries of a menu or tool bar: object names, "|" for a separator, submenus in braces. */
+QString entries(const QWidget &bar)
+{
+    QStringList names;
+    for (const QAction *action : bar.actions()) {
+        if (action->isSeparator())
+            names << "|"_s;
+        else if (action->menu() == nullptr || bar.inherits("QToolBar"))
+            names << action->objectName();
+        else
+            names << plain(action->menu()->title()) + "{"_s + entries(*action->menu()) + "}"_s;
+    }
+    return names.join(" "_s);
+}
+
+/** Notes each of these texts whose marked letter another has. */
+void noteDoubles(const QStringList &texts, const QString &where, QStringList *faults)
+{
+    QHash<QString, QString> taken;
+    for (const QString &text : texts) {
+        const QString key = QKeySequence::mnemonic(text).toString();
+        if (!key.isEmpty() && taken.contains(key))
+            *faults << where + ": "_s + taken.value(key) + " / "_s + text;
+        taken.insert(key, text);
+    }
+}
+
+void noteDoublesInMenus(const QWidget &menu, QStringList *faults)
+{
+    QStringList texts;
+    for (const QAction *action : menu.actions()) {
+        texts << action->text();
+        // The list of repositories holds paths.
+        if (action->menu() != nullptr && action->menu()->objectName() != "m_recentReposMenu"_s)
+            noteDoublesInMenus(*action->menu(), faults);
+    }
+    noteDoubles(texts, "menu "_s + menu.objectName(), faults);
+}
+
+bool isInput(const QWidget &widget)
+{
+    const bool isPart = widget.objectName().startsWith("qt_"_s) || widget.parentWidget()->inherits("QTabBar")
+                        || widget.parentWidget()->inherits("QComboBox")
+                        || widget.inherits("QComboBoxListView")
+                        || widget.parentWidget()->inherits("QLineEdit");
+    const bool isKind = widget.inherits("QAbstractButton") || widget.inherits("QLineEdit")
+                        || widget.inherits("QComboBox") || widget.inherits("QAbstractSpinBox")
+                        || widget.inherits("QAbstractItemView") || widget.inherits("QPlainTextEdit")
+                        || widget.inherits("QTextEdit");
+    return isKind && !isPart && !widget.inherits("QHeaderView") && widget.focusPolicy() != Qt::NoFocus;
+}
+
+/** What keeps somebody who does not see the window, or has no mouse, from using it. */
+QStringList faultsOf(const QWidget &window)
+{
+    QStringList faults;
+    QSet<const QWidget *> labelled;
+    QStringList marked;
+    for (const QLabel *label : window.findChildren<QLabel *>()) {
+        labelled << label->buddy();
+        if (label->buddy() != nullptr)
+            marked << label->text();
+        else if (label->textFormat() != Qt::PlainText && !QKeySequence::mnemonic(label->text()).isEmpty())
+            faults << "no buddy: "_s + label->text();
+    }
+    for (const QWidget *widget : window.findChildren<QWidget *>()) {
+        const auto *button = qobject_cast<const QAbstractButton *>(widget);
+        const bool hasText = button != nullptr && !button->text().isEmpty();
+        if (isInput(*widget) && !labelled.contains(widget) && !hasText
+            && QAccessible::queryAccessibleInterface(const_cast<QWidget *>(widget))
+                   ->text(QAccessible::Name)
+                   .isEmpty())
+            faults << "no name: "_s + QLatin1String(widget->metaObject()->className()) + " "_s
+                          + widget->objectName();
+        if (button != nullptr)
+            marked << button->text();
+        if (const auto *bar = qobject_cast<const QMenuBar *>(widget)) {
+            for (const QAction *action : bar->actions())
+                marked << action->text();
+        }
+        if (const auto *tabs = qobject_cast<const QTabBar *>(widget)) {
+            for (int i = 0; i < tabs->count(); ++i)
+                marked << tabs->tabText(i);
+        }
+    }
+    noteDoubles(marked, QLatin1String(window.metaObject()->className()), &faults);
+    return faults;
+}
+} // namespace
+
+/** The window's commands as they stand, what it remembers, and whether all of it can be used without a mouse. */
+class MainWindowTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+
+    /** A repository that needs no program to be read. */
+    QString makeRepository(const QString &name) const
+    {
+        const QString path = m_folder.filePath(name);
+        writeFile(path + "/conf/distributions"_s,
+                  "Codename: dogwood\nSuite: stable\nVersion: 1.6\nArchitectures: amd64\nComponents: main\n"
+                  "UDebComponents: main\n");
+        writeFile(path + "/dists/dogwood/main/binary-amd64/Packages"_s,
+                  "Package: bash\nVersion: 1\nArchitecture: amd64\nSection: shells\n"
+                  "Filename: pool/b.deb\n\n");
+        return path;
+    }
+
+    static bool waitForTabs(const MainWindow &window, int count)
+    {
+        return QTest::qWaitFor([&] {
+            const auto tabs = window.findChildren<RepoWidget *>();
+            return tabs.size() == count
+                   && std::none_of(tabs.cbegin(), tabs.cend(), [](const RepoWidget *tab) {
+                          return tab->repoPath().isEmpty() || tab->repoShell()->isRunning();
+                      });
+        });
+    }
+
+    static QStringList openRepositories() { return QSettings().value("recentOpennedRepos"_s).toStringList(); }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        veltInit("0"_s, "Velt admin repo"_s);
+        QApplication::setQuitOnLastWindowClosed(false);
+        // A command whose program is missing says so in its tool tip.
+        writeScript(m_folder.filePath("bin/velt-admin-sourcelist"_s), "#!/bin/sh\n");
+        qputenv("PATH", m_folder.filePath("bin:"_s).toLocal8Bit() + qgetenv("PATH"));
+    }
+
+    void init() { QSettings().clear(); }
+
+    void actions()
+    {
+        // Name, text, tool tip, shortcut, icon; last "+": enabled without a tab, "-": disabled, "?": as far as it
+        // goes, "c": checkable. Without a tool tip an action shows its text.
+        const QList<QByteArray> table{
+            "newRepo;New repository...;New repository;Ctrl+N;document-new;+",
+            "openRepo;Open repository...;Open repository;Ctrl+O;document-open;+",
+            "removeRepo;Remove repository;Remove repository;;edit-delete;-",
+            "quit;Exit;Exit;Ctrl+Q;application-exit;+",
+            "addPackages;Add packages...;Add packages;Ctrl+A;list-add;+",
+            "removePackages;Remove packages...;Remove packages;Ctrl+D;list-remove;-",
+            "publishRepo;Publish repository;Publish repository;;media-playback-start;?",
+            "unpublishRepo;Unpublish repository;Unpublish repository;;media-playback-stop;?",
+            "about;About;About;;;+",
+            "changeRepo;Change repository...;Change repository...;;;-",
+            "addSrcList;Add src list;Add repository to local sources list;;;?",
+            "removeSrcList;Remove src list;Remove repository from local sources list;;;?",
+            "addPkgSettings;Package add settings...;Package add settings;;;+",
+            "parameters;Parameters...;Parameters...;;velt-admin-alternatives;+",
+            "signPackages;Sign package(s);Sign package(s);;application-pgp-signature;-",
+            "checkDependsLocal;Local repository;Local repository;;;+c",
+            "checkDependsPublic;Public repositories;Public repositories;;;+c",
+            "checkDependsAll;All repositories;All repositories;;;+c",
+            "checkDependsNo;Disable;Disable;;;+c",
+            "checkDependStart;Check depends;Check depends;;view-refresh;-",
+            "checkDepends;Check depends;Check depends in all repos;;;+",
+            "addToLocalRepo;Add package to local repository;Add package to local repository;;;?",
+            "help;Contents;Contents;F1;;+",
+            "exportAllPackages;Export all packages;Export all packages;;archive-insert;-",
+            "exportFullRepo;Export repository;Export repository;;;-",
+            "exportSelectedPackages;Export selected packages;Export selected packages;;;-",
+            "exportRepo;Export repo;Export repo;;utilities-file-archiver;-",
+            "importRepo;Import repository;Import repository;;;?",
+            "importPackages;Import packages from archive;Import packages from archive;;;?",
+            "sourceList;Edit sources lists;Edit sources lists;;;?",
+            "addPackageFromExtRepo;Add package from external repo;Add package from external repo;;;?",
+            "editExternalRepos;Edit external repos...;Edit external repos...;;;?",
+            "showPublishedRepos;Show published repos;Show published repos;;view-list-text;?",
+            "exportWithDepends;Export package with depends;Export package with depends;;;-",
+            "upgradeRepo;Upgrade Repository;Upgrade Repository;;download;-",
+            "actionView;View...;View;;;?",
+            "hideStatusLine;Hide status line;Changes the visibility of widget with dependencies "
+            "counter;;;+c"};
+        QCOMPARE(table.size(), 37);
+        const MainWindow window;
+        QList<const QAction *> actions;
+        for (const QAction *action : window.findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (!action->objectName().isEmpty() && action->objectName() != "m_showLogAction"_s)
+                actions << action;
+        }
+        QCOMPARE(actions.size(), table.size());
+        for (int i = 0; i < table.size(); ++i) {
+            const QAction &action = *actions.at(i);
+            const QByteArrayList row = table.at(i).split(';');
+            const QString name = QString::fromLatin1(row.at(0));
+            QCOMPARE(action.objectName(), name == "actionView"_s ? name : "m_"_s + name + "Action"_s);
+            const QStringList shown{name,
+                                    plain(action.text()),
+                                    action.toolTip(),
+                                    action.shortcut().toString(),
+                                    action.icon().name()};
+            QCOMPARE(shown.join(";"_s), QString::fromLatin1(row.mid(0, 5).join(';')));
+            const QByteArray state = row.at(5);
+            QCOMPARE(action.isCheckable(), state.endsWith('c'));
+            if (!state.startsWith('?'))
+                QVERIFY2(action.isEnabled() == state.startsWith('+'), row.at(0).constData());
+        }
+        QVERIFY(!child<QAction>(window, "m_hideStatusLineAction")->isChecked());
+        QVERIFY(child<QAction>(window, "m_checkDependsAllAction")->isChecked());
+    }
+
+    void menusAndToolBar()
+    {
+        const MainWindow window;
+        const auto names = [&](const QWidget &bar) { return entries(bar).remove("m_"_s).remove("Action"_s); };
+        QMenu *recent = child<QMenu>(window, "m_recentReposMenu");
+        QCOMPARE(recent->actions().size(), 5);
+        recent->clear();
+        QCOMPARE(names(*child<QMenuBar>(window, "menuBar")),
+                 "File{newRepo openRepo removeRepo Recent repositories{} | Dependences "
+                 "checking{checkDependStart | "
+                 "checkDependsAll checkDependsPublic checkDependsLocal checkDependsNo} Export{exportFullRepo "
+                 "exportAllPackages exportSelectedPackages} Import{importRepo importPackages} | quit} "
+                 "Edit{addPackageFromExtRepo addPackages removePackages | upgradeRepo signPackages | "
+                 "checkDependStart changeRepo} Publication{publishRepo unpublishRepo sourceList "
+                 "showPublishedRepos} Settings{editExternalRepos addPkgSettings parameters} "
+                 "View{showLog hideStatusLine Packet Filter{}} Help{help about}"_s);
+        QCOMPARE(
+            names(*child<QToolBar>(window, "mainToolBar")),
+            "newRepo openRepo changeRepo removeRepo | addSrcList upgradeRepo sourceList removeSrcList "
+            "publishRepo unpublishRepo | signPackages addPackageFromExtRepo addPackages removePackages | "
+            "addPkgSettings parameters | checkDepends"_s);
+        QCOMPARE(names(*child<QAction>(window, "m_checkDependsAction")->menu()),
+                 "checkDependsAll checkDependsPublic checkDependsLocal checkDependsNo"_s);
+    }
+
+    void usableWithoutMouse()
+    {
+        QSettings().setValue("recentOpennedRepos"_s, QStringList{makeRepository("r"_s)});
+        MainWindow window;
+        window.show();
+        QVERIFY(waitForTabs(window, 1));
+        QStringList faults = faultsOf(window);
+        noteDoublesInMenus(*child<QMenuBar>(window, "menuBar"), &faults);
+        for (const char *menu : {"m_packageMenu", "m_tabMenu"})
+            noteDoublesInMenus(*child<QMenu>(window, menu), &faults);
+
+        Prompts prompts(&window);
+        NewRepoDialog create(NewRepoDialog::Mode::Create, prompts);
+        NewRepoDialog change(NewRepoDialog::Mode::Change, prompts);
+        const AddPkgSettingsDialog settings({"main"_s}, UserChoices());
+        const ParametersDialog parameters(prompts);
+        const PackageReplacementDialog replacement(
+            RepoEnums::PACKAGE_EXISTS, *PackageBuilder("foo"_s).build(), false);
+        const StartSelectActionDialog start;
+        const VeltAboutDialog about(&window);
+        for (const QWidget *dialog : std::initializer_list<const QWidget *>{
+                 &create, &change, &settings, &parameters, &replacement, &start, &about})
+            faults << faultsOf(*dialog);
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
+
+        // The menu of an item comes to it by its key, also when it has been scrolled away.
+        auto *tree = child<QTreeView>(window, "m_repoTreeView");
+        auto *menu = child<QMenu>(window, "m_packageMenu");
+        auto *tab = window.findChild<RepoWidget *>();
+        for (const char *item : {"bash_1", "r"}) {
+            tab->setCurrentItem(find(*tree->model(), item));
+            QTest::keyClick(tree, Qt::Key_F10, Qt::ShiftModifier);
+            QTRY_VERIFY(menu->isVisible());
+            const QRect place = tree->visualRect(tree->currentIndex());
+            QVERIFY(place.contains(tree->viewport()->mapFromGlobal(menu->pos())));
+            const bool hasRemoval = menu->actions().contains(child<QAction>(window, "m_removeRepoAction"));
+            QCOMPARE(hasRemoval, qstrcmp(item, "r") == 0);
+            menu->close();
+        }
+        // The filter in the menus is that of the tab.
+        auto *filter = child<QMenu>(window, "m_packetFilterMenu");
+        filter->actions().first()->trigger();
+        QVERIFY(!find(*tree->model(), "bash_1").isValid());
+        filter->actions().first()->trigger();
+    }
+
+    void tabs()
+    {
+        const QStringList paths{makeRepository("a/r"_s), makeRepository("b/r"_s), makeRepository("x&y"_s)};
+        QSettings().setValue("recentOpennedRepos"_s, paths);
+        {
+            MainWindow window;
+            window.show();
+            QVERIFY(waitForTabs(window, 3));
+            auto *tabs = child<QTabWidget>(window, "tabWidget");
+            QCOMPARE(tabs->tabText(0) + tabs->tabText(1) + tabs->tabText(2), "a/rb/rx&&y"_s);
+            QCOMPARE(tabs->tabToolTip(1), paths.at(1));
+            tabs->tabBar()->moveTab(2, 0);
+            QCOMPARE(openRepositories(), QStringList({paths.at(2), paths.at(0), paths.at(1)}));
+            // The middle button closes where it went down and up.
+            const auto press = [&](int from, int to) {
+                QTest::mousePress(
+                    tabs->tabBar(), Qt::MiddleButton, {}, tabs->tabBar()->tabRect(from).center());
+                QTest::mouseRelease(
+                    tabs->tabBar(), Qt::MiddleButton, {}, tabs->tabBar()->tabRect(to).center());
+            };
+            press(0, 1);
+            QCOMPARE(tabs->count(), 3);
+            press(1, 1);
+            QCOMPARE(tabs->count(), 2);
+            QCOMPARE(tabs->tabText(1), "r"_s);
+            QCOMPARE(openRepositories(), QStringList({paths.at(2), paths.at(1)}));
+            tabs->setCurrentIndex(0);
+            child<QSplitter>(window, "m_splitter")->setSizes({300, 600});
+            Q_EMIT tabs->findChild<QSplitter *>("m_splitter"_s)->splitterMoved(300, 1);
+            child<QAction>(window, "m_hideStatusLineAction")->trigger();
+            child<QAction>(window, "m_showLogAction")->trigger();
+            QVERIFY(window.close());
+        }
+        MainWindow window;
+        window.show();
+        QVERIFY(waitForTabs(window, 2));
+        auto *tabs = child<QTabWidget>(window, "tabWidget");
+        QCOMPARE(tabs->currentIndex(), 0);
+        QVERIFY(child<QWidget>(window, "logDockWidget")->isVisible());
+        QVERIFY(!child<QWidget>(*tabs->currentWidget(), "m_packageStatusLine")->isVisible());
+        const QList<int> sizes = child<QSplitter>(*tabs->currentWidget(), "m_splitter")->sizes();
+        QVERIFY2(qAbs(sizes.at(0) * 2 - sizes.at(1)) < 60,
+                 qPrintable("%1 %2"_s.arg(sizes.at(0)).arg(sizes.at(1))));
+        // The menu of a tab.
+        QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {});
+        QApplication::sendEvent(tabs->tabBar(), &byKey);
+        auto *menu = child<QMenu>(*tabs, "m_tabMenu");
+        menu->actions().last()->trigger();
+        QCOMPARE(QGuiApplication::clipboard()->text(), paths.at(2));
+        menu->actions().at(1)->trigger();
+        QCOMPARE(openRepositories(), QStringList{paths.at(2)});
+        menu->actions().at(0)->trigger();
+        QCOMPARE(tabs->count(), 0);
+        QVERIFY(openRepositories().isEmpty());
+        menu->close();
+    }
+
+    void titles()
+    {
+        const QStringList paths{"/a/x/r"_s, "/b/x/r"_s, "/r"_s, "/c/s/"_s, "/"_s};
+        QCOMPARE(TabTitles::of(paths).join(" "_s), "a/x/r b/x/r /r s /"_s);
+        QCOMPARE(TabTitles::of({"/a/r"_s, "/a/r"_s}).join(" "_s), "/a/r /a/r"_s);
+    }
+
+    void damagedSettings()
+    {
+        const QRect usual = MainWindow().geometry();
+        const QVariantList rubbish{QVariantMap{{"a"_s, 1}},
+                                   QByteArray("\0\xff\x01", 3),
+                                   -7,
+                                   "\u0416"_s,
+                                   QStringList{"x"_s, QString()}};
+        for (const QVariant &value : rubbish) {
+            QSettings settings;
+            for (const char *key : {"recentOpennedRepos",
+                                    "recentRepoList",
+                                    "currentComponent",
+                                    "signPackage",
+                                    "signKeyID",
+                                    "showAddPkgSettings",
+                                    "showPkgVersion",
+                                    "addPkgCheckDepends",
+                                    "dependsRepoType",
+                                    "busyHttpPorts",
+                                    "MainWindow/geometry",
+                                    "MainWindow/state",
+                                    "MainWindow/extendedLog",
+                                    "MainWindow/splitter",
+                                    "MainWindow/statusLineHidden",
+                                    "MainWindow/currentRepository"})
+                settings.setValue(QString::fromLatin1(key), value);
+            MainWindow window;
+            window.show();
+            QVERIFY(window.width() > usual.width() / 2 && window.height() > usual.height() / 2);
+            QVERIFY(child<QAction>(window, "m_checkDependsAllAction")->isChecked());
+            QVERIFY(!child<QAction>(window, "m_hideStatusLineAction")->isChecked());
+            QVERIFY(!child<QWidget>(window, "logDockWidget")->isVisible());
+            QCOMPARE(window.windowTitle(), "velt-admin-repo"_s);
+            QVERIFY(window.close());
+            const QStringList written{"signPackage false"_s,
+                                      "showAddPkgSettings true"_s,
+                                      "showPkgVersion true"_s,
+                                      "addPkgCheckDepends true"_s,
+                                      "dependsRepoType 3"_s};
+            for (const QString &entry : written)
+                QCOMPARE(settings.value(entry.section(" "_s, 0, 0)).toString(), entry.section(" "_s, 1));
+            QVERIFY(openRepositories().isEmpty());
+        }
+    }
+};
+
+VELT_TEST_MAIN(MainWindowTest, QApplication)
+#include "tst_mainwindow.moc"
