@@ -7,6 +7,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
 #include <iterator>
 
 namespace
@@ -249,7 +250,7 @@ void ExternalRepos::merge(const QStringList &knownSources)
         if (entry.added || !entry.enabled || !entry.alias.isEmpty())
             merged.m_entries.append(entry);
     }
-    *this = merged;
+    *this = std::move(merged);
 }
 
 QStringList ExternalRepos::enabledSources() const
