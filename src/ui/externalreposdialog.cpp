@@ -30,6 +30,7 @@ ExternalReposDialog::ExternalReposDialog(const ExternalRepos &stored, Prompts &p
     , m_editButton(button(tr("&Edit..."), QStringLiteral("m_editButton"), &ExternalReposDialog::edit))
     , m_removeButton(
           button(tr("&Remove"), QStringLiteral("m_removeButton"), &ExternalReposDialog::removeSelected))
+    , m_stopped(std::make_shared<std::atomic_bool>(false))
 {
     setWindowTitle(tr("Edit external repos"));
     auto *about = new QLabel(
@@ -65,11 +66,15 @@ ExternalReposDialog::ExternalReposDialog(const ExternalRepos &stored, Prompts &p
                        Characters.height() * fontMetrics().lineSpacing());
     resize(wished.boundedTo(screen()->availableGeometry().size() * 9 / 10));
     m_stateLabel->setFullText(tr("Asking apt which repositories it knows..."));
-    m_watcher.setFuture(QtConcurrent::run(&ExternalReposDialog::askApt));
+    m_watcher.setFuture(QtConcurrent::run(&ExternalReposDialog::askApt, m_stopped));
     updateButtons();
 }
 
-ExternalReposDialog::~ExternalReposDialog() = default;
+ExternalReposDialog::~ExternalReposDialog()
+{
+    // An apt that hangs must not keep the program from ending.
+    *m_stopped = true;
+}
 
 const ExternalRepos &ExternalReposDialog::repos() const
 {
@@ -144,10 +149,12 @@ void ExternalReposDialog::addKey(int key, void (ExternalReposDialog::*slot)())
 
 // --- apt ---------------------------------------------------------------------------------------------------------
 
-ExternalReposDialog::AptAnswer ExternalReposDialog::askApt()
+ExternalReposDialog::AptAnswer
+ExternalReposDialog::askApt(const std::shared_ptr<const std::atomic_bool> &stopped)
 {
     AptAnswer answer;
     AptUtils apt;
+    apt.setStopRequest([stopped] { return stopped->load(); });
     connect(&apt, &ProcessUtils::error, &apt, [&answer](const QString &text, const QString &detail) {
         answer.failure = detail.isEmpty() ? text : detail;
     });

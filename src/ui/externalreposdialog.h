@@ -6,6 +6,9 @@
 #include <QDialog>
 #include <QFutureWatcher>
 
+#include <atomic>
+#include <memory>
+
 class ElidedLabel;
 class ExternalReposModel;
 class Prompts;
@@ -35,7 +38,8 @@ private:
         QString failure; ///< empty when apt has answered
     };
 
-    static AptAnswer askApt();
+    /** Runs on a thread of the pool. */
+    static AptAnswer askApt(const std::shared_ptr<const std::atomic_bool> &stopped);
     void buildView();
     QPushButton *button(const QString &text, const QString &name, void (ExternalReposDialog::*slot)());
     void addKey(int key, void (ExternalReposDialog::*slot)());
@@ -58,4 +62,5 @@ private:
     QPushButton *m_editButton;
     QPushButton *m_removeButton;
     QFutureWatcher<AptAnswer> m_watcher;
+    std::shared_ptr<std::atomic_bool> m_stopped; ///< read by askApt(), which may outlive the dialog
 };
