@@ -9,12 +9,35 @@
 #include <QLabel>
 #include <QRegularExpression>
 #include <QStandardItemModel>
+#include <QStylePainter>
 #include <QToolButton>
+
+namespace
+{
+/** Draws the text that stands for no choice in the usual colours; Qt draws it too faintly to be read. */
+class KeysComboBox : public QComboBox
+{
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QStyleOptionComboBox option;
+        initStyleOption(&option);
+        if (currentIndex() < 0)
+            option.currentText = placeholderText();
+        QStylePainter painter(this);
+        painter.drawComplexControl(QStyle::CC_ComboBox, option);
+        painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    }
+};
+} // namespace
 
 GpgKeysWidget::GpgKeysWidget(QWidget *parent)
     : QWidget(parent)
     , m_startKGpgToolButton(new QToolButton(this))
-    , m_keysComboBox(new QComboBox(this))
+    , m_keysComboBox(new KeysComboBox(this))
     , m_keyManager(new KeyManager(this))
 {
     setObjectName(QStringLiteral("GpgKeysWidget"));
