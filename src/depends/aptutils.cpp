@@ -5,6 +5,9 @@
 
 #include <QDir>
 
+#include <algorithm>
+#include <iterator>
+
 AptUtils::AptUtils(QObject *parent)
     : ProcessUtils(parent)
     , m_workingDirectory(QDir::currentPath())
@@ -63,6 +66,20 @@ QVector<AptPackageRecord> AptUtils::packageRecords(const QString &name)
                 m_workingDirectory,
                 failure))
         return {};
+    return AptOutput::records(output());
+}
+
+QVector<AptPackageRecord> AptUtils::packageRecords(const QStringList &names)
+{
+    QStringList accepted;
+    std::copy_if(names.cbegin(), names.cend(), std::back_inserter(accepted), AptCommands::isPackageName);
+    if (accepted.isEmpty())
+        return {};
+    // One unknown name makes apt fail, but it shows the others.
+    const bool succeeded = run(
+        AptCommands::Apt, AptCommands::recordsArguments(accepted, privateSourcesFile()), m_workingDirectory);
+    if (!succeeded && output().isEmpty())
+        Q_EMIT error(tr("Apt error"), errorOutput());
     return AptOutput::records(output());
 }
 

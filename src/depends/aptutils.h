@@ -36,6 +36,12 @@ public:
     /** One record for each version and origin of a package. */
     QVector<AptPackageRecord> packageRecords(const QString &name);
 
+    /**
+     * The same for many packages in one run, in their order. Names that apt does not know are passed over; an error is
+     * told only when nothing could be read. Some hundreds of names fit into a run.
+     */
+    QVector<AptPackageRecord> packageRecords(const QStringList &names);
+
     /** The packages that provide a name, of any version of theirs. */
     QStringList providers(const QString &name);
 

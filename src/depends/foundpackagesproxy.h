@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QMap>
+#include <QSortFilterProxyModel>
+
+/** Bounds the found packages to one architecture and one source; sorts versions by their age. */
+class FoundPackagesProxy : public QSortFilterProxyModel
+{
+    Q_OBJECT
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    /** Shows only rows with this text in the column; a null text shows all. */
+    void setWanted(int column, const QString &text);
+
+protected:
+    bool filterAcceptsRow(int row, const QModelIndex &parent) const override;
+    bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
+
+private:
+    QMap<int, QString> m_wanted; ///< by column
+};

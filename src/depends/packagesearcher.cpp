@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "depends/packagesearcher.h"
+
+#include "depends/aptutils.h"
+
+#include <QScopeGuard>
+#include <QtConcurrent>
+
+PackageSearcher::PackageSearcher(const PackageFilter &filter)
+    : m_filter(filter)
+    , m_apt(new AptUtils(this))
+{
+    qRegisterMetaType<QList<PackageInfo>>("QList<PackageInfo>");
+    connect(m_apt, &ProcessUtils::error, this, [this](const QString &text, const QString &detailedText) {
+        // A search that was given up fails because its program was killed.
+        if (!isSuperseded(m_current))
+            Q_EMIT searchFailed(text, detailedText);
+    });
+    m_thread.setObjectName(QStringLiteral("PackageSearcher"));
+    moveToThread(&m_thread);
+    m_thread.start(QThread::InheritPriority);
+}
+
+PackageSearcher::~PackageSearcher()
+{
+    cancel();
+    m_thread.quit();
+    m_thread.wait();
+}
+
+void PackageSearcher::cancel()
+{
+    ++m_newest;
+}
+
+void PackageSearcher::startSearch(const QString &packagePattern)
+{
+    const int number = ++m_newest;
+    if (packagePattern.isEmpty())
+        return;
+    ++m_pending;
+    QMetaObject::invokeMethod(
+        this, [this, packagePattern, number] { search(packagePattern, number); }, Qt::QueuedConnection);
+}
+
+void PackageSearcher::search(const QString &pattern, int number)
+{
+    const auto ended = qScopeGuard([this] { --m_pending; });
+    if (isSuperseded(number))
+        return;
+    m_current = number;
+    Q_EMIT searchStarted();
+    m_apt->setStopRequest([this, number] { return isSuperseded(number); });
+    const QStringList names = m_apt->searchByPrefix(pattern);
+    if (isSuperseded(number))
+        return;
+    const QStringList wanted = names.mid(0, NameLimit);
+    Q_EMIT namesFound(pattern, names.size(), wanted.size());
+
+    // The blocking form works in this thread as well: the pool may be full of jobs that wait for an answer.
+    const QList<PackageInfo> packages = QtConcurrent::blockingFiltered(
+        packagesOf(wanted, number), [this](const PackageInfo &package) { return m_filter.accepts(package); });
+    if (!isSuperseded(number))
+        Q_EMIT newPackageFound(packages);
+}
+
+QList<PackageInfo> PackageSearcher::packagesOf(const QStringList &names, int number)
+{
+    constexpr int NamesPerRun = 250;
+    QList<PackageInfo> packages;
+    for (int first = 0; first < names.size() && !isSuperseded(number); first += NamesPerRun) {
+        const auto records = m_apt->packageRecords(names.mid(first, NamesPerRun));
+        for (const AptPackageRecord &record : records) {
+            PackageInfo package;
+            package.name = record.name;
+            package.version = record.version;
+            package.architecture = record.architecture;
+            package.repository = record.repository;
+            packages.append(package);
+        }
+    }
+    return packages;
+}

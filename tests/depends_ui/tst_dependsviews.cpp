@@ -1,0 +1,367 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "depends/addpackagedialog.h"
+#include "depends/delayedlineedit.h"
+#include "depends/dependsmodel.h"
+#include "depends/dependsproxymodel.h"
+#include "depends/packagesearcher.h"
+#include "support/children.h"
+#include "support/debbuilder.h"
+#include "support/literals.h"
+#include "support/testenvironment.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemModelTester>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLabel>
+#include <QTableView>
+#include <QtTest>
+
+namespace
+{
+const QString Origin = QStringLiteral("http://deb.example.org/d dogwood amd64");
+
+Dependency dependency(const char *name,
+                      DependStatus status,
+                      const QString &constraint = {},
+                      const QMap<QString, FoundVersion> &found = {},
+                      const QVector<Dependency> &providers = {})
+{
+    const QStringList words = constraint.split(QLatin1Char(' '));
+    Dependency result{QLatin1String(name),
+                      "amd64"_s,
+                      words.value(0),
+                      words.value(1),
+                      words.value(2),
+                      words.value(3),
+                      status,
+                      found,
+                      {}};
+    for (const Dependency &provider : providers)
+        result.providers.insert(provider.name, provider);
+    return result;
+}
+
+PackageInfoPtr
+package(const char *name, DependStatus status, const QVector<DependencyGroup> &entries, bool checked = true)
+{
+    PackageInfo result;
+    result.name = QLatin1String(name);
+    result.version = "1.0"_s;
+    result.architecture = "amd64"_s;
+    if (checked) {
+        DependsInfo info{status, {}};
+        for (const DependencyGroup &entry : entries)
+            info.groups.insert(entry.alternatives.first().name, entry);
+        result.dependsInfo = QSharedPointer<DependsInfo>::create(info);
+    }
+    return PackageInfoPtr::create(result);
+}
+
+const auto Yes = DependSuccess;
+const auto No = DependError;
+
+/** A local source out of the packages in one/pool, for a configuration that knows nothing else. */
+const QString SetUp = QStringLiteral(R"(cd "$0"
+mkdir -p etc/apt.conf.d etc/preferences.d etc/trusted.gpg.d lists/partial cache/archives/partial
+for arch in amd64 i386; do
+    mkdir -p one/dists/dogwood/main/binary-$arch
+    (cd one; dpkg-scanpackages -m -a $arch pool >dists/dogwood/main/binary-$arch/Packages)
+done
+echo "deb [trusted=yes arch=amd64,i386] file:$0/one dogwood main" >etc/sources.list
+: >status
+cat >apt.conf <<END
+Dir::Etc "$0/etc"; Dir::Etc::Parts "$0/etc/apt.conf.d"; Dir::State "$0"; Dir::State::lists "$0/lists";
+Dir::State::status "$0/status"; Dir::Cache "$0/cache"; Dir::Log "$0/log"; APT::Sandbox::User "";
+APT::Architecture "amd64"; APT::Architectures { "amd64"; "i386"; };
+END
+APT_CONFIG=apt.conf apt-get -qq update)");
+
+/** Hangs on one word; of every other one it knows more names than are looked at. */
+const char *const RecordingApt = R"(#!/bin/sh
+echo "$@" >>"$ASKED"
+case $2 in slow) sleep 60;; esac
+if [ $1 = search ]; then i=0; while [ $i -lt 2100 ]; do echo "$2$i/x"; i=$((i+1)); done; exit; fi
+shift
+for name; do
+    [ $name = -a ] ||
+        printf 'Package: %s\nVersion: 1\nAPT-Sources: http://e.org/d dogwood/main amd64 Packages\n\n' $name
+done
+)";
+
+/** Every kind of row: two constraints, a wrong version, a choice with providers, a virtual name, nothing at all. */
+QList<PackageInfoPtr> examples()
+{
+    const FoundVersion right{"1.5"_s, Yes};
+    const FoundVersion wrong{"1.0"_s, No};
+    const auto foo = dependency("foo", Yes, ">= 1.0 << 2.0"_s, {{Origin, right}, {"Local"_s, wrong}});
+    const auto bar = dependency("bar", No, ">= 2.0"_s, {{"Local"_s, wrong}});
+    const auto exim = dependency("exim", Yes, {}, {{Origin, right}});
+    const auto mail = dependency("mail", Yes, {}, {}, {exim, dependency("postfix", No)});
+    const auto gone = dependency("gone", No);
+    return {package("app", No, {{Yes, {foo}}, {No, {bar}}}),
+            package("mta", Yes, {{Yes, {mail}}, {Yes, {gone, mail}}}),
+            package("free", Yes, {}),
+            package("new", DependUndefined, {}, false)};
+}
+
+/** One line a row: the depth, the text, and the mark in each column of a source. */
+QStringList rows(const QAbstractItemModel &model, const QModelIndex &parent = {}, const QString &indent = {})
+{
+    QStringList lines;
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        QString line = indent + model.index(row, 0, parent).data().toString() + " ["_s;
+        for (int column = 1; column < model.columnCount(parent); ++column) {
+            const QVariant mark = model.index(row, column, parent).data(DependsModel::SourceStatusRole);
+            line += mark.isValid() ? "x+?"_s.at((mark.toInt() + 3) % 3) : QLatin1Char('.');
+        }
+        lines.append(line + QLatin1Char(']'));
+        lines += rows(model, model.index(row, 0, parent), indent + QLatin1Char('-'));
+    }
+    return lines;
+}
+} // namespace
+
+class TestDependsViews : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_root;
+
+    QString path(const QString &name) const { return m_root.filePath(name); }
+
+private Q_SLOTS:
+    void treeOfResults()
+    {
+        DependsModel model;
+        const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+        model.setAliases([](const QString &source) { return source == Origin ? "Debian"_s : "Mine"_s; });
+        model.setPackages(examples());
+        QCOMPARE(rows(model),
+                 (QStringList{"app [xx]"_s,
+                              "-bar (>= 2.0) [xx]"_s,
+                              "-foo (>= 1.0 & << 2.0) [x+]"_s,
+                              "mta [.+]"_s,
+                              "-gone | mail Provided by ...  [.+]"_s,
+                              "--mail Provided by ... [.+]"_s,
+                              "---exim [.+]"_s,
+                              "---postfix [xx]"_s,
+                              "-mail Provided by ... [.+]"_s,
+                              "--exim [.+]"_s,
+                              "--postfix [xx]"_s,
+                              "free [++]"_s,
+                              "new [??]"_s}));
+        const auto header = [&model](int column, Qt::ItemDataRole role) {
+            return model.headerData(column, Qt::Horizontal, role).toString();
+        };
+        QCOMPARE(header(0, Qt::DisplayRole), "Package"_s);
+        QCOMPARE(header(1, Qt::DisplayRole), "Local"_s);
+        QCOMPARE(header(2, Qt::DisplayRole), "Debian"_s);
+        QCOMPARE(header(2, Qt::ToolTipRole), Origin);
+        QVERIFY(!model.headerData(0, Qt::Vertical, Qt::DisplayRole).isValid());
+        QVERIFY(!model.headerData(2, Qt::Horizontal, Qt::DecorationRole).isValid());
+        model.setAliases([](const QString &) { return QString(); });
+        QCOMPARE(header(2, Qt::DisplayRole), Origin);
+
+        const QModelIndex app = model.index(0, 0);
+        const auto words = [&model, &app](int row, int column) {
+            return model.index(row, column, app).data(Qt::AccessibleTextRole).toString();
+        };
+        QCOMPARE(words(0, 1), "needs >= 2.0, Local offers 1.0"_s);
+        QCOMPARE(words(0, 2), "%1 does not offer it"_s.arg(Origin));
+        QCOMPARE(words(1, 2), "%1 offers 1.5"_s.arg(Origin));
+        QCOMPARE(model.dependencyAt(model.index(0, 2, app))->name, "bar"_s);
+        QVERIFY(!model.dependencyAt(app).has_value());
+        QCOMPARE(model.packageAt(model.index(0, 1, app))->name, "app"_s);
+    }
+
+    void updatesInPlace()
+    {
+        DependsModel model;
+        const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+        DependsProxyModel proxy;
+        proxy.setSourceModel(&model);
+        proxy.setStatusShown(DependError, true);
+        model.setPackages(examples());
+        const QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
+        QCOMPARE(rows(proxy), (QStringList{"app [xx]"_s, "-bar (>= 2.0) [xx]"_s}));
+        const QPersistentModelIndex app = model.index(0, 0);
+
+        // The order of entries changes with their number, and the view hears of each.
+        const FoundVersion found{"3"_s, Yes};
+        const auto bar = dependency("bar", Yes, {}, {{"Local"_s, found}});
+        model.updatePackage(
+            package("app", No, {{No, {dependency("a", No)}}, {Yes, {bar}}, {No, {dependency("z", No)}}}));
+        QCOMPARE(rows(proxy), (QStringList{"app [xx]"_s, "-a [xx]"_s, "-z [xx]"_s}));
+        QVERIFY(app.isValid());
+        model.updatePackage(package("app", Yes, {{Yes, {bar}}}));
+        QCOMPARE(rows(proxy), QStringList());
+        model.updatePackage(package("late", No, {{No, {dependency("z", No)}}}));
+        QCOMPARE(rows(proxy), (QStringList{"late [xx]"_s, "-z [xx]"_s}));
+        QCOMPARE(resets.size(), 0);
+
+        // A source that is new is a column for all.
+        const auto baz
+            = dependency("z", No, "> 4"_s, {{"http://another.example.org/ x amd64"_s, {"3"_s, No}}});
+        model.updatePackage(package("late", No, {{No, {baz}}}));
+        QCOMPARE(rows(proxy), (QStringList{"late [xxx]"_s, "-z (> 4) [xxx]"_s}));
+        QCOMPARE(model.rowCount(), 5);
+    }
+
+    void filterByState_data()
+    {
+        QTest::addColumn<QList<int>>("shown");
+        QTest::addColumn<QStringList>("expected");
+        QTest::newRow("nothing set") << QList<int>() << QStringList();
+        QTest::newRow("undefined") << QList<int>{-1} << QStringList{"new [??]"_s};
+        QTest::newRow("errors in errors")
+            << QList<int>{0} << QStringList{"app [xx]"_s, "-bar (>= 2.0) [xx]"_s};
+        QTest::newRow("success") << QList<int>{1}
+                                 << QStringList{"free [++]"_s,
+                                                "mta [.+]"_s,
+                                                "-gone | mail Provided by ...  [.+]"_s,
+                                                "--mail Provided by ... [.+]"_s,
+                                                "---exim [.+]"_s,
+                                                "-mail Provided by ... [.+]"_s,
+                                                "--exim [.+]"_s};
+    }
+
+    void filterByState()
+    {
+        QFETCH(const QList<int>, shown);
+        DependsModel model;
+        model.setPackages(examples());
+        DependsProxyModel proxy;
+        proxy.setSourceModel(&model);
+        proxy.sort(0);
+        for (const int status : {-1, 0, 1})
+            proxy.setStatusShown(status, true);
+        QCOMPARE(proxy.rowCount(), model.rowCount());
+        // Set one by one, in any order, over what was set before.
+        for (const int status : {1, -1, 0})
+            proxy.setStatusShown(status, shown.contains(status));
+        QTEST(rows(proxy), "expected");
+    }
+
+    void typingIsToldOnce()
+    {
+        DelayedLineEdit edit;
+        const QSignalSpy told(&edit, &DelayedLineEdit::textEditingStoped);
+        for (const char *key : {"b", "a", "s"}) {
+            QTest::keyClicks(&edit, QLatin1String(key));
+            QTest::qWait(50);
+        }
+        QCOMPARE(told.size(), 0);
+        QTRY_COMPARE(told.size(), 1);
+        QCOMPARE(told.last().first().toString(), "bas"_s);
+        QTest::keyClicks(&edit, "h"_s);
+        QTest::keyClick(&edit, Qt::Key_Return);
+        QCOMPARE(told.size(), 2);
+        QCOMPARE(told.last().first().toString(), "bash"_s);
+        QTest::keyClick(&edit, Qt::Key_Return);
+        edit.setText("set by the program"_s);
+        QTest::qWait(400);
+        QCOMPARE(told.size(), 2);
+    }
+
+    /** Real apt over a local source with a configuration of its own. */
+    void searchAndChoice()
+    {
+        VELT_NEED_TOOL("apt");
+        VELT_NEED_TOOL("dpkg-scanpackages");
+        DebBuilder("foo"_s).version("1.9"_s).build(path("one/pool"_s));
+        DebBuilder("foo"_s).version("1.10"_s).build(path("one/pool"_s));
+        DebBuilder("food"_s).version("1:3-1"_s).architecture("all"_s).build(path("one/pool"_s));
+        DebBuilder("fool"_s).architecture("i386"_s).build(path("one/pool"_s));
+        QCOMPARE(QProcess::execute("sh"_s, {"-ec"_s, SetUp, m_root.path()}), 0);
+        qputenv("APT_CONFIG", path("apt.conf"_s).toLocal8Bit());
+        const auto restore = qScopeGuard([] { qunsetenv("APT_CONFIG"); });
+
+        const QString origin = "file:%1 dogwood amd64"_s.arg(path("one"_s));
+        AddPackageDialog dialog({{"amd64"_s}, {}}, [&origin](const QString &source) {
+            return source == origin ? "Mine"_s : QString();
+        });
+        dialog.show();
+        auto *edit = child<DelayedLineEdit>(dialog, "m_searchEdit");
+        auto *table = child<QTableView>(dialog, "m_packagesTable");
+        auto *add = child<QAbstractButton>(dialog, "m_addButton");
+        const auto cells = [table] {
+            QStringList lines;
+            for (int row = 0; row < table->model()->rowCount(); ++row) {
+                QStringList line;
+                for (int column = 0; column < table->model()->columnCount(); ++column)
+                    line.append(table->model()->index(row, column).data().toString());
+                lines.append(line.join(QLatin1Char(' ')));
+            }
+            return lines;
+        };
+        QTest::keyClicks(edit, " Foo"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(table->model()->rowCount(), 3, 30000);
+        table->sortByColumn(2, Qt::AscendingOrder);
+        QCOMPARE(cells(),
+                 (QStringList{"foo amd64 1.9 Mine"_s, "foo amd64 1.10 Mine"_s, "food amd64 1:3-1 Mine"_s}));
+        QCOMPARE(child<QComboBox>(dialog, "m_repositoryComboBox")->itemText(1), "Mine"_s);
+
+        // With the keyboard alone: down into the table, and Enter adds.
+        QVERIFY(!add->isEnabled());
+        QTest::keyClick(edit, Qt::Key_Down);
+        QVERIFY(add->isEnabled());
+        QTest::keyClick(table, Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(table, Qt::Key_Return);
+        QCOMPARE(dialog.result(), static_cast<int>(QDialog::Accepted));
+        const auto chosen = dialog.selectedPackages();
+        QCOMPARE(chosen.size(), 2);
+        QCOMPARE(chosen.at(1).version, "1.10"_s);
+        QCOMPARE(chosen.at(1).repository, origin);
+
+        // What nobody offers is an empty table, and nothing that could be added.
+        QTest::keyClicks(edit, "zzz"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(table->model()->rowCount(), 0, 30000);
+        QVERIFY(!add->isEnabled());
+    }
+
+    /** A recording apt that hangs on one word and answers another at once. */
+    void onlyTheNewestTextIsAnswered()
+    {
+        writeScript(path("bin/apt"_s), RecordingApt);
+        qputenv("ASKED", path("asked"_s).toLocal8Bit());
+        const QByteArray usual = qgetenv("PATH");
+        const auto restore = qScopeGuard([&usual] { qputenv("PATH", usual); });
+        qputenv("PATH", path("bin"_s).toLocal8Bit() + ':' + usual);
+        const auto asked = [this](const char *word) { return readFile(path("asked"_s)).count(word); };
+
+        QElapsedTimer clock;
+        clock.start();
+        {
+            AddPackageDialog dialog({}, {});
+            auto *edit = child<DelayedLineEdit>(dialog, "m_searchEdit");
+            auto *table = child<QTableView>(dialog, "m_packagesTable");
+            auto *status = child<QLabel>(dialog, "m_statusLabel");
+            const auto type = [edit](const QString &text) {
+                edit->selectAll();
+                QGuiApplication::clipboard()->setText(text);
+                edit->paste();
+                QTest::keyClick(edit, Qt::Key_Return);
+            };
+            for (const QString &text : {"x; touch y"_s, "-o"_s, "$(id)"_s, "a%b"_s, "пакет"_s, "*"_s}) {
+                type(text);
+                QVERIFY2(status->text().contains(text), qPrintable(status->text()));
+            }
+            type("slow"_s);
+            QTRY_COMPARE_WITH_TIMEOUT(asked("search slow"), 1, 30000);
+            QVERIFY(child<QWidget>(dialog, "m_busyBar")->isVisibleTo(&dialog));
+            type("many"_s);
+            QTRY_COMPARE_WITH_TIMEOUT(table->model()->rowCount(), PackageSearcher::NameLimit, 30000);
+            QVERIFY2(status->text().contains("2,100"_s), qPrintable(status->text()));
+            QVERIFY(!child<QWidget>(dialog, "m_busyBar")->isVisibleTo(&dialog));
+            QCOMPARE(readFile(path("asked"_s)).count("search "), 2);
+            type("slow"_s);
+            QTRY_COMPARE_WITH_TIMEOUT(asked("search slow"), 2, 30000);
+        }
+        QVERIFY2(clock.elapsed() < 40000, "somebody waited for a search that nobody wants");
+    }
+};
+
+VELT_TEST_MAIN(TestDependsViews, QApplication)
+#include "tst_dependsviews.moc"
