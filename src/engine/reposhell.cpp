@@ -2,6 +2,7 @@
 #include "engine/reposhell.h"
 
 #include "core/processutils.h"
+#include "depends/dependsdata.h"
 #include "engine/repolock.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
@@ -24,12 +25,14 @@ RepoShell::RepoShell(QObject *parent)
     qRegisterMetaType<RepoEnums::ErrorCode>();
     qRegisterMetaType<RepoEnums::ErrorType>();
     qRegisterMetaType<RepoEnums::JobId>();
+    startStore();
 }
 
 RepoShell::~RepoShell()
 {
     setClosing();
     m_future.waitForFinished();
+    stopStore();
 }
 
 QString RepoShell::path() const

@@ -12,6 +12,7 @@
 #include <QMutex>
 #include <QObject>
 #include <QStringList>
+#include <QThread>
 
 #include <atomic>
 #include <functional>
@@ -19,6 +20,7 @@
 
 class AsideDirectory;
 class DependencyChecker;
+class DependsData;
 class ExportSession;
 class PackageBackup;
 struct ProcessResult;
@@ -186,6 +188,8 @@ private:
     std::atomic<bool> m_checkDependsOnAdd{true};
     std::shared_ptr<PackageSigner> m_signer;
     std::shared_ptr<DependencyChecker> m_checker;
+    QThread m_storeThread; ///< m_store's, and free whenever no job runs
+    std::unique_ptr<DependsData> m_store;
 
     // --- the job frame: reposhell.cpp
     void startJob(std::function<int()> job);
@@ -215,6 +219,13 @@ private:
     bool rewriteRepo(const RepoInfo &info, QString *details);
     void removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &newInfo) const;
     bool exportOrGiveUpSigning(RepoInfo info);
+
+    // --- stored results of dependency checks: reposhell_depends.cpp
+    void startStore();
+    void stopStore();
+    void removeStoredResultsAside();
+    void startStoredResultsAnew(const QString &repoPath);
+    void moveStoredResults(const QString &newPath);
 
     // --- add and remove: reposhell_packages.cpp
     int addBody(const QStringList &files, const AddOptions &options);

@@ -112,7 +112,7 @@ int RepoShell::createRepo(const QString &path, const RepoInfo &info)
                     Q_EMIT critical(
                         tr("Impossible to delete directory %1!").arg(aside.place()), QString(), WARNING);
                 Q_EMIT pathChanged(QString());
-                Q_EMIT requestForStoredInformation(repoPath);
+                startStoredResultsAnew(repoPath);
                 return SUCCESS;
             }
             details = lastErrorOutput();
@@ -258,8 +258,10 @@ int RepoShell::changeBody(const QString &newPath, const RepoInfo &info)
     if (oldText && DistributionsFile(newPath).restore(*oldText)
         && runReprepro(ReproCommand::exportIndices()) == 0)
         ExportSession::clearMarker(newPath);
-    if (newPath != oldPath && AsideDirectory::rename(newPath, oldPath).isEmpty())
+    if (newPath != oldPath && AsideDirectory::rename(newPath, oldPath).isEmpty()) {
         setRepository(oldPath, repoInfo());
+        moveStoredResults(oldPath);
+    }
     Q_EMIT critical(tr("Failed to change repository!"), details, CRITICAL);
     if (path() != oldPath)
         Q_EMIT pathChanged(newPath);
@@ -306,6 +308,7 @@ bool RepoShell::moveRepo(const QString &newPath)
     if (!aside.remove())
         Q_EMIT critical(tr("Impossible to delete directory %1!").arg(aside.place()), QString(), WARNING);
     setRepository(newPath, repoInfo());
+    moveStoredResults(newPath);
     return true;
 }
 

@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "depends/dependsdata.h"
+#include "engineharness.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QThreadPool>
+#include <QtTest>
+
+#include <memory>
+
+namespace
+{
+/** The stored status of every package, as "repository package status". */
+QStringList inFile()
+{
+    const QJsonObject root = QJsonDocument::fromJson(readFile(DependsData::userFileName())).object();
+    QStringList lines;
+    for (const QString &path : root.keys()) {
+        const QJsonObject packages = root[path].toObject();
+        for (const QString &name : packages.keys())
+            lines << "%1 %2 %3"_s.arg(QFileInfo(path).fileName(), name)
+                         .arg(packages[name].toObject()["dependsStatus"_s].toInt(-9));
+    }
+    return lines;
+}
+
+void store(const QString &path, const QString &name, DependStatus status)
+{
+    PackageInfo package;
+    package.name = name;
+    package.dependsInfo = QSharedPointer<DependsInfo>::create(DependsInfo{status, {}});
+    DependsData(DependsData::userFileName(), path)
+        .savePackages({QSharedPointer<PackageInfo>::create(package)});
+}
+} // namespace
+
+/** What engines do with the stored results of dependency checks. */
+class TestStoredResults : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase() { VELT_NEED_TOOL("reprepro"); }
+    void init() { QFile::remove(DependsData::userFileName()); }
+
+    void openingShowsThem()
+    {
+        RepoHarness h("amd64 i386"_s);
+        h.add({h.deb(DebBuilder("foo"_s).architecture("all"_s)), h.deb(DebBuilder("bar"_s))});
+        QCOMPARE(inFile(), (QStringList{"repo bar -1"_s, "repo foo -1"_s}));
+        store(h.repoPath(), "foo"_s, DependError);
+
+        EngineHarness reader;
+        QStringList seen;
+        connect(&reader.shell, &RepoShell::packageAdded, this, [&seen](const PackageInfoPtr &package) {
+            seen << "%1 %2"_s.arg(package->name).arg(package->dependStatus());
+        });
+        reader.open(h.repoPath());
+        seen.sort();
+        QCOMPARE(seen, (QStringList{"bar -1"_s, "foo 0"_s, "foo 0"_s}));
+        QVERIFY(reader.trouble().isEmpty() && reader.settled());
+        // And no job loses them.
+        reader.add(reader.debs("baz"));
+        QCOMPARE(inFile(), (QStringList{"repo bar -1"_s, "repo baz -1"_s, "repo foo 0"_s}));
+        reader.remove({reader.find("baz"_s), reader.find("foo"_s, "i386"_s)});
+        QCOMPARE(inFile(), (QStringList{"repo bar -1"_s, "repo foo 0"_s}));
+    }
+
+    void changesTakeThemAlong()
+    {
+        RepoHarness h;
+        h.add(h.debs("foo"));
+        store(h.repoPath(), "foo"_s, DependSuccess);
+        store("/other"_s, "x"_s, DependError);
+        h.open(h.repoPath());
+        const QString target = h.folder.filePath("target"_s);
+        store(target, "old"_s, DependError);
+        QCOMPARE(h.change(target), RepoEnums::SUCCESS);
+        QCOMPARE(inFile(), (QStringList{"other x 0"_s, "target foo 1"_s}));
+        QCOMPARE(h.find("foo"_s)->dependStatus(), DependSuccess);
+
+        h.info.architectures = "i386 all"_s; // reprepro refuses "all", and the repository moves back
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::ERROR);
+        QCOMPARE(h.shell.path(), target);
+        QCOMPARE(inFile(), (QStringList{"other x 0"_s, "target foo 1"_s}));
+        h.info.architectures = "amd64"_s;
+        QCOMPARE(h.change(target), RepoEnums::SUCCESS);
+        QCOMPARE(h.find("foo"_s)->dependStatus(), DependSuccess);
+    }
+
+    void removedEvenWhenTheEngineGoesAtOnce()
+    {
+        auto h = std::make_unique<RepoHarness>();
+        h->add(h->debs("foo"));
+        store("/other"_s, "x"_s, DependError);
+        // As the interface does it; the results of ten thousand others make the writing take its time.
+        QList<PackageInfoPtr> many;
+        for (int i = 0; i < 10000; ++i) {
+            PackageInfo package;
+            package.name = QString::number(i);
+            many << QSharedPointer<PackageInfo>::create(package);
+        }
+        DependsData(DependsData::userFileName(), "/many"_s).savePackages(many);
+        Q_EMIT h->shell.requestForRemovingStoredInformation();
+        h->shell.closeRepo();
+        h.reset();
+        QThreadPool::globalInstance()->waitForDone();
+        const QStringList left = inFile();
+        QCOMPARE(left.size(), 10001);
+        QCOMPARE(left.last(), "other x 0"_s);
+    }
+
+    void aNewRepositoryStartsWithoutTheOldOnes()
+    {
+        RepoHarness h;
+        store(h.repoPath(), "foo"_s, DependError);
+        store("/other"_s, "x"_s, DependError);
+        h.info.codename = "../up"_s;
+        QCOMPARE(h.shell.createRepo(h.repoPath(), h.info), int(RepoEnums::ERROR));
+        QCOMPARE(inFile(), (QStringList{"other x 0"_s, "repo foo 0"_s}));
+        h.info.codename = "dogwood"_s;
+        QCOMPARE(h.shell.createRepo(h.repoPath(), h.info), int(RepoEnums::SUCCESS));
+        QCOMPARE(inFile(), QStringList{"other x 0"_s});
+        h.open(h.repoPath());
+        h.add(h.debs("foo"));
+        h.open(h.repoPath());
+        QCOMPARE(h.find("foo"_s)->dependStatus(), DependUndefined);
+    }
+
+    void aBrokenFileIsToldOfOnce()
+    {
+        RepoHarness h;
+        h.add(h.debs("foo"));
+        writeFile(DependsData::userFileName(), "{");
+        QCOMPARE(h.open(h.repoPath()), RepoEnums::SUCCESS);
+        QCOMPARE(h.criticals.size(), 1);
+        QVERIFY(h.trouble().contains(DependsData::userFileName() + ".broken"_s));
+        h.open(h.repoPath());
+        QCOMPARE(h.trouble(), QString());
+    }
+};
+
+VELT_TEST_MAIN(TestStoredResults, QCoreApplication)
+#include "tst_storedresults.moc"
