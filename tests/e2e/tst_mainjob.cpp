@@ -65,12 +65,12 @@ class TestMainJob : public QObject
         return repository;
     }
 
-    /** How many processes were started with something of this test's folder. */
-    int processes() const
+    /** How many processes were started with this path, or any, of this test's folder. */
+    int processes(const QString &name = {}) const
     {
         int count = 0;
         for (const QString &process : QDir("/proc"_s).entryList({"[0-9]*"_s}, QDir::Dirs))
-            count += readFile("/proc/%1/cmdline"_s.arg(process)).contains(m_folder->path().toUtf8()) ? 1 : 0;
+            count += readFile("/proc/%1/cmdline"_s.arg(process)).contains(path(name).toUtf8()) ? 1 : 0;
         return count;
     }
 
@@ -337,7 +337,7 @@ private Q_SLOTS:
             QVERIFY(restart({repo, other}));
             hold();
             Q_EMIT m_driver->tab(1)->filesDropped({package("c"_s), package("d"_s)});
-            WAIT_FOR(processes() > 0);
+            WAIT_FOR(processes("bin/reprepro"_s) > 0);
             Q_EMIT m_driver->tab(0)->filesDropped({package("a"_s, "2"_s), package("b"_s)});
             bool asked = false;
             const Script close{inDialog<PackageReplacementDialog>(QString(), [&](auto &) {
