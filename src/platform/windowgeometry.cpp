@@ -5,7 +5,6 @@
 #include <QMainWindow>
 #include <QScreen>
 #include <QSettings>
-#include <QStyle>
 #include <QWidget>
 
 namespace
@@ -50,7 +49,7 @@ QVariantList frameOf(const QWidget &window)
 }
 
 /** The frame that a window will get, which nobody can say before it is shown: the last one, or a usual one. */
-QMargins expectedFrame(const QWidget &window, const QVariantList &lastFrame)
+QMargins expectedFrame(const QVariantList &lastFrame)
 {
     constexpr int MostPixels = 200;
     QVector<int> widths;
@@ -61,9 +60,7 @@ QMargins expectedFrame(const QWidget &window, const QVariantList &lastFrame)
     }
     if (widths.size() == 4)
         return {widths[0], widths[1], widths[2], widths[3]};
-    const int border = window.style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, &window);
-    const int title = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
-    return {border, border + title, border, border};
+    return {1, 24, 1, 5};
 }
 
 /** `wanted` (without its frame) moved, and shrunk where it must, so that the frame is on a screen too. */
@@ -105,7 +102,7 @@ void veltRestoreGeometry(QWidget *window, QSettings &settings, const QRect &defa
     if (!spansScreen) {
         const QRect wanted = restored && isUsable(window->geometry()) ? window->geometry() : defaultRect;
         const QVariantList lastFrame = settings.value(keyOf(window, frameKey)).toList();
-        window->setGeometry(movedOnScreen(wanted, expectedFrame(*window, lastFrame)));
+        window->setGeometry(movedOnScreen(wanted, expectedFrame(lastFrame)));
     }
     auto *mainWindow = qobject_cast<QMainWindow *>(window);
     if (restoreState && mainWindow != nullptr)

@@ -49,7 +49,7 @@ GpgKeysWidget::GpgKeysWidget(QWidget *parent)
     m_keysComboBox->setObjectName(QStringLiteral("m_keysComboBox"));
     // A user id can be long; the dialog is not to become as wide as the longest.
     m_keysComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    constexpr int ShownCharacters = 30;
+    constexpr int ShownCharacters = 16;
     m_keysComboBox->setMinimumContentsLength(ShownCharacters);
     auto *label = new QLabel(tr("Package signing key:"), this);
     label->setBuddy(m_keysComboBox);
