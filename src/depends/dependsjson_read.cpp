@@ -42,7 +42,10 @@ private:
 
 DependStatus toStatus(std::string_view number)
 {
-    const double value = QByteArray::fromRawData(number.data(), static_cast<int>(number.size())).toDouble();
+    // Hardly ever is it written in another way, and reading any number takes its time.
+    if (number.size() == 1 && (number[0] == '0' || number[0] == '1'))
+        return number[0] == '1' ? DependSuccess : DependError;
+    const double value = QByteArray(number.data(), static_cast<int>(number.size())).toDouble();
     for (const DependStatus status : {DependError, DependSuccess})
         if (qFuzzyIsNull(value - status))
             return status;

@@ -3,8 +3,12 @@
 
 #include <QIODevice>
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstring>
+
+#include <rapidjson/reader.h>
 
 /** Reads a device in pieces, with the functions that RapidJSON expects of an input stream. */
 class JsonInput
@@ -28,6 +32,13 @@ public:
         if (m_current != m_end && ++m_current == m_end)
             fill();
         return taken;
+    }
+    /** Half of an indented text is blanks, so they are worth a loop of their own. */
+    void skipBlanks()
+    {
+        while (*m_current == ' ' || *m_current == '\n' || *m_current == '\r' || *m_current == '\t')
+            if (++m_current == m_end)
+                fill();
     }
     std::size_t Tell() const { return m_read - static_cast<std::size_t>(m_end - m_current); }
 
@@ -76,6 +87,17 @@ public:
         if (++m_size == m_buffer.size())
             Flush();
     }
+    void put(Ch c, std::size_t count)
+    {
+        while (count > 0) {
+            const std::size_t part = std::min(count, m_buffer.size() - m_size);
+            std::memset(m_buffer.data() + m_size, c, part);
+            m_size += part;
+            count -= part;
+            if (m_size == m_buffer.size())
+                Flush();
+        }
+    }
     void Flush()
     {
         const auto size = static_cast<qint64>(m_size);
@@ -89,3 +111,18 @@ private:
     std::size_t m_size = 0;
     bool m_good = true;
 };
+
+namespace rapidjson
+{
+template <>
+inline void SkipWhitespace(JsonInput &input)
+{
+    input.skipBlanks();
+}
+
+template <>
+inline void PutN(JsonOutput &output, char c, std::size_t count)
+{
+    output.put(c, count);
+}
+} // namespace rapidjson

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Storing and reading the dependency results of 63,000 packages with five dependencies each. Peak memory is the
+// program's so far, the packages' own included; --benchmark_filter measures one case alone.
+#include "benchdata.h"
+#include "depends/dependsdata.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cstdlib>
+
+#include <benchmark/benchmark.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace
+{
+constexpr int packageCount = 63000;
+constexpr int dependencyCount = 5;
+
+/** Like what a check leaves: names and versions are shared, results are not. */
+QList<PackageInfoPtr> checkedPackages()
+{
+    const QString archive = QStringLiteral("http://deb.debian.org/debian bookworm/main amd64 Packages");
+    QVector<Dependency> dependencies;
+    for (int i = 0; i < packageCount; ++i) {
+        Dependency dependency;
+        dependency.name = QStringLiteral("library-package%1").arg(i);
+        dependency.op = QStringLiteral(">=");
+        dependency.version = QStringLiteral("1.%1-2").arg(i % 100);
+        dependency.status = DependSuccess;
+        dependencies.append(dependency);
+    }
+    QList<PackageInfoPtr> packages;
+    for (int i = 0; i < packageCount; ++i) {
+        DependsInfo info{DependSuccess, {}};
+        for (int j = 0; j < dependencyCount; ++j) {
+            Dependency dependency = dependencies.at((i * 7 + j * j * 31) % (packageCount / (j + 1)));
+            dependency.foundVersions.insert(archive, {dependency.version, DependSuccess});
+            info.groups.insert(dependency.name, {DependSuccess, {dependency}});
+        }
+        PackageInfo package;
+        package.name = QStringLiteral("library-package%1").arg(i);
+        package.version = QStringLiteral("2.%1-1").arg(i % 100);
+        package.architecture = QStringLiteral("amd64");
+        package.dependsInfo = QSharedPointer<DependsInfo>::create(info);
+        packages.append(QSharedPointer<PackageInfo>::create(package));
+    }
+    return packages;
+}
+
+QString stored()
+{
+    const QString file = BenchData::folder() + QStringLiteral("/stored.json");
+    if (!QFile::exists(file)) {
+        // In a process of its own, whose memory does not count.
+        const pid_t child = fork();
+        if (child == 0) {
+            DependsData(file, QStringLiteral("/srv/first")).savePackages(checkedPackages());
+            std::_Exit(0);
+        }
+        waitpid(child, nullptr, 0);
+    }
+    return file;
+}
+
+void Save(benchmark::State &state)
+{
+    const QString file = BenchData::folder() + QStringLiteral("/saved.json");
+    const QList<PackageInfoPtr> packages = checkedPackages();
+    state.counters["before_MB"] = BenchData::peakMegabytes();
+    for (auto _ : state)
+        DependsData(file, QStringLiteral("/srv/first")).savePackages(packages);
+    state.counters["file_MB"] = static_cast<double>(QFile(file).size()) / 1e6;
+    state.counters["peak_MB"] = BenchData::peakMegabytes();
+}
+BENCHMARK(Save)->Unit(benchmark::kMillisecond)->MinTime(3);
+
+void Load(benchmark::State &state)
+{
+    const QString file = stored();
+    for (auto _ : state) {
+        DependsData data(file);
+        data.loadData(QStringLiteral("/srv/first"));
+    }
+    state.counters["peak_MB"] = BenchData::peakMegabytes();
+}
+BENCHMARK(Load)->Unit(benchmark::kMillisecond)->MinTime(3);
+
+/** The same file as one document in memory, which is less than Load does. */
+void QtDocument(benchmark::State &state)
+{
+    const QString fileName = stored();
+    for (auto _ : state) {
+        QFile file(fileName);
+        if (!file.open(QIODevice::ReadOnly))
+            return state.SkipWithError("cannot be opened");
+        benchmark::DoNotOptimize(QJsonDocument::fromJson(file.readAll()).object().size());
+    }
+    state.counters["peak_MB"] = BenchData::peakMegabytes();
+}
+BENCHMARK(QtDocument)->Unit(benchmark::kMillisecond)->MinTime(3);
+
+/** What a small repository pays for the large one beside it. */
+void SaveBesideAnother(benchmark::State &state)
+{
+    const QString file = stored();
+    for (auto _ : state)
+        DependsData(file, QStringLiteral("/srv/second"))
+            .savePackages({QSharedPointer<PackageInfo>::create(PackageInfo())});
+    state.counters["peak_MB"] = BenchData::peakMegabytes();
+}
+BENCHMARK(SaveBesideAnother)->Unit(benchmark::kMillisecond)->MinTime(3);
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
