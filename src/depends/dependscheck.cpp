@@ -10,8 +10,12 @@
 
 namespace
 {
-/** Packages whose questions are put to the sources at once: enough for few runs of apt, few enough to show progress. */
-constexpr int BlockSize = 2000;
+/**
+ * Packages whose questions are put to the sources at once. The first results come soon, and as most of what is asked
+ * for is known after a while, later blocks can be large: it is the number of apt's runs that takes time.
+ */
+constexpr int FirstBlock = 500;
+constexpr int LargestBlock = 8000;
 
 PackageQuestion questionFor(const Dependency &dependency, PackageType type)
 {
@@ -45,8 +49,8 @@ int DependsCheck::run(const QList<PackageInfoPtr> &packages, const Sink &sink, c
         return 0;
     int checked = 0;
     std::string buffer;
-    while (checked < packages.size()) {
-        const auto block = packages.mid(checked, BlockSize);
+    for (int size = FirstBlock; checked < packages.size(); size = std::min(size * 2, LargestBlock)) {
+        const auto block = packages.mid(checked, size);
         QVector<QSharedPointer<DependsInfo>> results;
         results.reserve(block.size());
         for (const PackageInfoPtr &package : block) {
@@ -123,26 +127,39 @@ void DependsCheck::checkByName(QVector<Key> &keys, const StopRequest &stopped) c
 
 void DependsCheck::checkProviders(QVector<Key> &keys, const StopRequest &stopped) const
 {
-    QVector<PackageQuestion> questions;
-    for (const Key &key : qAsConst(keys)) {
-        if (key.wanted.status != DependSuccess)
-            questions.append(questionFor(key.wanted, key.type));
+    QVector<int> wanting;
+    for (int i = 0; i < keys.size(); ++i) {
+        if (keys.at(i).wanted.status != DependSuccess)
+            wanting.append(i);
     }
-    for (CandidateSource *const source : m_providerSources)
-        source->prefetchProviders(questions, stopped);
+    for (CandidateSource *const source : m_providerSources) {
+        checkProviders(keys, wanting, *source, stopped);
+        // What could be had elsewhere as well is of interest only where elsewhere counts.
+        if (m_sources.contains(source) && m_sources.size() == 1) {
+            const auto isMet = [&keys](int i) { return keys.at(i).wanted.status == DependSuccess; };
+            wanting.erase(std::remove_if(wanting.begin(), wanting.end(), isMet), wanting.end());
+        }
+    }
+}
+
+void DependsCheck::checkProviders(QVector<Key> &keys,
+                                  const QVector<int> &wanting,
+                                  CandidateSource &source,
+                                  const StopRequest &stopped) const
+{
+    QVector<PackageQuestion> questions;
+    for (const int i : wanting)
+        questions.append(questionFor(keys.at(i).wanted, keys.at(i).type));
+    source.prefetchProviders(questions, stopped);
 
     QVector<Key> providers;
     QVector<int> wantedBy;
-    for (int i = 0; i < keys.size(); ++i) {
+    for (const int i : wanting) {
         const Key &key = keys.at(i);
-        if (key.wanted.status == DependSuccess)
-            continue;
-        QStringList names;
-        for (const CandidateSource *const source : m_providerSources)
-            names += source->providers(questionFor(key.wanted, key.type));
-        names.removeDuplicates();
-        names.removeOne(key.wanted.name);
-        for (const QString &name : qAsConst(names)) {
+        const auto names = source.providers(questionFor(key.wanted, key.type));
+        for (const QString &name : names) {
+            if (name == key.wanted.name || key.wanted.providers.contains(name))
+                continue;
             Key provider{key.wanted, key.type};
             provider.wanted.name = name;
             provider.wanted.providers.clear();

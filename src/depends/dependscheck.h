@@ -19,8 +19,8 @@ public:
 
     /**
      * `selection` is a DependsRepoType; with DependsNowhere nothing is ever checked. `local` are the packages of the
-     * repository, `apt` the public sources, which are asked for providers even when only the repository counts. Both
-     * belong to the caller and can be null.
+     * repository, `apt` the public sources, which are asked who provides what the repository lacks even when only the
+     * repository counts. Both belong to the caller and can be null.
      */
     DependsCheck(int selection, CandidateSource *local, CandidateSource *apt);
 
@@ -58,6 +58,11 @@ private:
                  const StopRequest &stopped);
     void checkByName(QVector<Key> &keys, const StopRequest &stopped) const;
     void checkProviders(QVector<Key> &keys, const StopRequest &stopped) const;
+    /** Asks one source for the providers of the keys at these places. */
+    void checkProviders(QVector<Key> &keys,
+                        const QVector<int> &wanting,
+                        CandidateSource &source,
+                        const StopRequest &stopped) const;
     void fillIn(DependsInfo &result, PackageType type) const;
 
     QVector<CandidateSource *> m_sources;

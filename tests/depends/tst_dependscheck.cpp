@@ -296,6 +296,7 @@ private Q_SLOTS:
         row("virtual", "mta", 3, "mta=1 [exim=0; postfix=1 http://h 3.7 1] => 1");
         row("virtual, provider not local", "mta", 1, "mta=0 [exim=0; postfix=0] => 0");
         row("local provides", "perlapi (>= 5)", 1, "perlapi (>= 5)=1 [perl (>= 5)=1 Local 5.36 1] => 1");
+        row("all provide", "perlapi", 3, "perlapi=1 [perl=1 Local 5.36 1; perlx=0] => 1");
         row("alternatives", "nosuch | one", 3, "nosuch=0 | one=1 http://h 1.0 1 => 1");
         row("any", "libc6:any, one:i386", 3, "libc6=1 Local 2.31 1, one:i386=0 => 0");
         row("nowhere", "libc6", 0, "none");
@@ -342,7 +343,8 @@ private Q_SLOTS:
             package("Package: both; Version: 1"_s),
             package("Package: self; Version: 1; Provides: self"_s),
             package("Package: installer; Version: 1; Provides: mta"_s, PackageType::Udeb)};
-        FakeSource apt({"one 1.0"_s, "postfix 3.7"_s, "both 2"_s}, {"exim mta"_s, "postfix mta"_s});
+        FakeSource apt({"one 1.0"_s, "postfix 3.7"_s, "both 2"_s},
+                       {"exim mta"_s, "postfix mta"_s, "perlx perlapi"_s});
         QTEST(checked(needing(depends), repository, apt, from), "expected");
     }
 
