@@ -21,7 +21,7 @@ public:
     using QComboBox::QComboBox;
 
 protected:
-    void paintEvent(QPaintEvent *) override
+    void paintEvent(QPaintEvent * /*event*/) override
     {
         QStyleOptionComboBox option;
         initStyleOption(&option);
