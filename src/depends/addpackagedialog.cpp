@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 AddPackageDialog::AddPackageDialog(const PackageFilter &filter,
@@ -28,9 +29,11 @@ AddPackageDialog::AddPackageDialog(const PackageFilter &filter,
     layout->addWidget(prompt);
     layout->addWidget(m_searchWidget, 1);
     layout->addWidget(buttons);
-    constexpr int Width = 90; // in characters
+    constexpr int Width = 110; // in characters: an origin has fifty
     constexpr int Height = 28; // in lines
-    resize(fontMetrics().averageCharWidth() * Width, fontMetrics().height() * Height);
+    const QSize wanted(fontMetrics().averageCharWidth() * Width, fontMetrics().height() * Height);
+    // With room for the frame and a panel.
+    resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
     m_searchWidget->setFocus();
 
     connect(m_searchWidget, &SearchPackageWidget::selectionChanged, add, [this, add] {

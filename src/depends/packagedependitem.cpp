@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/packagedependitem.h"
 
+#include "depends/dependsreport.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -27,19 +29,6 @@ std::optional<DependStatus> offeredFor(const Dependency &dependency, const QStri
     for (const Dependency &provider : dependency.providers)
         best = std::max(best, offeredFor(provider, source)); // nothing is less than any state
     return best;
-}
-
-QString statusWords(DependStatus status)
-{
-    switch (status) {
-    case DependSuccess:
-        return PackageDependItem::tr("Satisfied");
-    case DependError:
-        return PackageDependItem::tr("Not satisfied");
-    case DependUndefined:
-        break;
-    }
-    return PackageDependItem::tr("Not checked yet");
 }
 
 QString entryText(const DependencyGroup &entry)
@@ -115,13 +104,13 @@ std::optional<DependStatus> PackageDependItem::sourceStatus(const QString &sourc
 
 QString PackageDependItem::explanation() const
 {
-    return text().trimmed() + QLatin1Char('\n') + statusWords(status());
+    return DependsReport::explanation(m_entry);
 }
 
 QString PackageDependItem::sourceExplanation(const QString &source, const QString &shownSource) const
 {
     if (status() == DependUndefined)
-        return statusWords(status());
+        return tr("not checked");
     QStringList lines;
     const bool several = m_entry.alternatives.size() > 1;
     for (const Dependency &alternative : m_entry.alternatives)

@@ -37,9 +37,11 @@ std::optional<DependStatus> PackageItem::sourceStatus(const QString &source) con
     if (status() != DependSuccess || entryCount() == 0)
         return status();
     // All is well: the mark stands where what is needed comes from.
-    if (countSatisfiedBy(source) > 0)
-        return DependSuccess;
-    return std::nullopt;
+    const auto &groups = m_package->dependsInfo->groups;
+    const bool contributes = std::any_of(groups.cbegin(), groups.cend(), [&source](const auto &entry) {
+        return PackageDependItem::offered(entry, source) == DependSuccess;
+    });
+    return contributes ? std::make_optional(DependSuccess) : std::nullopt;
 }
 
 QString PackageItem::explanation() const

@@ -154,6 +154,7 @@ void SearchPackageWidget::textEdited()
 {
     m_searcher->cancel();
     m_wantedPattern.clear();
+    m_failure.clear();
     setBusy(false);
     m_statusLabel->clear();
 }
@@ -171,6 +172,7 @@ void SearchPackageWidget::search(const QString &text)
         return;
     }
     m_searcher->cancel();
+    m_namesFound = m_namesLookedAt = 0;
     updateTableWidget({});
     m_statusLabel->setText(
         pattern.isEmpty() ? QString() : tr("The name of a package cannot begin with \"%1\"").arg(text));
