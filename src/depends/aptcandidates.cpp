@@ -75,9 +75,9 @@ void AptCandidates::prefetchProviders(const QVector<PackageQuestion> &questions,
     });
 }
 
-QStringList AptCandidates::providers(const PackageQuestion &question) const
+QVector<Provider> AptCandidates::providers(const PackageQuestion &question) const
 {
-    return question.type == PackageType::Deb ? m_providers.value(question.name) : QStringList();
+    return question.type == PackageType::Deb ? m_providers.value(question.name) : QVector<Provider>();
 }
 
 QString AptCandidates::errorText() const

@@ -27,7 +27,7 @@ public:
     void prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
     QVector<Candidate> candidates(const PackageQuestion &question) const override;
     void prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
-    QStringList providers(const PackageQuestion &question) const override;
+    QVector<Provider> providers(const PackageQuestion &question) const override;
 
     /** apt could not be asked; the answers are not complete. */
     bool failed() const { return m_failed; }
@@ -62,5 +62,5 @@ private:
     QSet<PackageQuestion> m_asked;
     Answers m_answers;
     QSet<QString> m_askedProviders;
-    QHash<QString, QStringList> m_providers;
+    QHash<QString, QVector<Provider>> m_providers;
 };

@@ -19,6 +19,23 @@ QStringRef takeLine(QStringRef &rest)
     return line;
 }
 
+/** The providers in what is printed about one package: lines of name, version and "(= PROVIDED)". */
+QVector<Provider> providersIn(const QString &part)
+{
+    QVector<Provider> result;
+    const QStringList names = AptOutput::providers(part);
+    for (const QString &name : names) {
+        const QString begin = QLatin1Char('\n') + name + QLatin1Char(' ');
+        for (int at = part.lastIndexOf(begin); at >= 0; at = at == 0 ? -1 : part.lastIndexOf(begin, at - 1)) {
+            const QStringList words = part.mid(at + 1, part.indexOf(QLatin1Char('\n'), at + 1) - at - 1)
+                                          .split(QLatin1Char(' '), Qt::SkipEmptyParts);
+            // Without a version there is but a closing parenthesis.
+            result.append({name, words.value(1), words.value(3).chopped(words.size() > 3 ? 1 : 0)});
+        }
+    }
+    return result;
+}
+
 bool startsWithBlank(const QStringRef &text)
 {
     return text.startsWith(QLatin1Char(' '));
@@ -63,18 +80,16 @@ QVector<ListedVersion> versions(const QString &policy)
     return result;
 }
 
-QHash<QString, QStringList> providers(const QString &showpkg)
+QHash<QString, QVector<Provider>> providers(const QString &showpkg)
 {
     const QString heading = QStringLiteral("Package: ");
-    QHash<QString, QStringList> result;
+    QHash<QString, QVector<Provider>> result;
     int begin = showpkg.startsWith(heading) ? 0 : -1;
     while (begin >= 0) {
         const int next = showpkg.indexOf(QLatin1Char('\n') + heading, begin);
         const QString part = showpkg.mid(begin, next < 0 ? -1 : next + 1 - begin);
         const QString name = part.section(QLatin1Char('\n'), 0, 0).mid(heading.size());
-        QStringList &names = result[name.section(QLatin1Char(':'), 0, 0)];
-        names += AptOutput::providers(part);
-        names.removeDuplicates();
+        result[name.section(QLatin1Char(':'), 0, 0)] += providersIn(part);
         begin = next < 0 ? -1 : next + 1;
     }
     return result;

@@ -20,6 +20,6 @@ struct ListedVersion
 /** The versions of all packages in the output, in its order. */
 QVector<ListedVersion> versions(const QString &policy);
 
-/** The providers of every package in the output of "apt-cache showpkg", each as AptOutput::providers() reads them. */
-QHash<QString, QStringList> providers(const QString &showpkg);
+/** The providers of every package in the output of "apt-cache showpkg"; their names are AptOutput::providers(). */
+QHash<QString, QVector<Provider>> providers(const QString &showpkg);
 } // namespace AptPolicy

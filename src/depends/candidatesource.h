@@ -3,7 +3,6 @@
 
 #include "core/packageinfo.h"
 
-#include <QStringList>
 #include <QVector>
 
 #include <functional>
@@ -33,6 +32,14 @@ struct Candidate
     QString version;
 };
 
+/** A package that provides a name. */
+struct Provider
+{
+    QString name;
+    QString version; ///< the package's own
+    QString providedVersion; ///< the version as which it provides the name; empty when it gives none
+};
+
 /** Asked between steps of a long operation; true means that it should end. */
 using StopRequest = std::function<bool()>;
 
@@ -54,6 +61,6 @@ public:
     virtual QVector<Candidate> candidates(const PackageQuestion &question) const = 0;
 
     virtual void prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) = 0;
-    /** The packages that provide the name, of whatever version. */
-    virtual QStringList providers(const PackageQuestion &question) const = 0;
+    /** The packages that provide the name; the same one more than once when several versions of it do. */
+    virtual QVector<Provider> providers(const PackageQuestion &question) const = 0;
 };

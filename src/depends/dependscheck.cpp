@@ -156,14 +156,10 @@ void DependsCheck::checkProviders(QVector<Key> &keys,
     QVector<int> wantedBy;
     for (const int i : wanting) {
         const Key &key = keys.at(i);
-        const auto names = source.providers(questionFor(key.wanted, key.type));
-        for (const QString &name : names) {
-            if (name == key.wanted.name || key.wanted.providers.contains(name))
-                continue;
-            Key provider{key.wanted, key.type};
-            provider.wanted.name = name;
-            provider.wanted.providers.clear();
-            providers.append(provider);
+        const auto standIns = DependsRules::providerDependencies(
+            key.wanted, source.providers(questionFor(key.wanted, key.type)));
+        for (const Dependency &standIn : standIns) {
+            providers.append({standIn, key.type});
             wantedBy.append(i);
         }
     }
@@ -171,7 +167,9 @@ void DependsCheck::checkProviders(QVector<Key> &keys,
     for (int i = 0; i < providers.size(); ++i) {
         const Dependency &provider = providers.at(i).wanted;
         Dependency &wanted = keys[wantedBy.at(i)].wanted;
-        wanted.providers.insert(provider.name, provider);
+        // The other source may have found another version of it to do.
+        if (wanted.providers.value(provider.name).status < provider.status)
+            wanted.providers.insert(provider.name, provider);
         wanted.status = std::max(wanted.status, provider.status);
     }
 }

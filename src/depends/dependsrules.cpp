@@ -35,6 +35,35 @@ QMap<QString, FoundVersion> foundVersions(const Dependency &dependency, const QV
     return result;
 }
 
+QVector<Dependency> providerDependencies(const Dependency &dependency, const QVector<Provider> &providers)
+{
+    QMap<QString, Dependency> result;
+    for (const Provider &provider : providers) {
+        const bool decidedByVersion = !dependency.op.isEmpty() && !provider.providedVersion.isEmpty();
+        if (provider.name == dependency.name
+            || (decidedByVersion && !isSatisfiedBy(dependency, provider.providedVersion)))
+            continue;
+        Dependency standIn;
+        standIn.name = provider.name;
+        standIn.architecture = dependency.architecture;
+        if (decidedByVersion) {
+            standIn.op = QStringLiteral("=");
+            standIn.version = provider.version;
+        } else {
+            standIn.op = dependency.op;
+            standIn.version = dependency.version;
+            standIn.secondOp = dependency.secondOp;
+            standIn.secondVersion = dependency.secondVersion;
+        }
+        const auto known = result.constFind(provider.name);
+        // Of several versions that fit the highest will do.
+        if (known == result.cend() || known->op != standIn.op
+            || VersionOrder::compare(known->version, standIn.version) < 0)
+            result.insert(provider.name, standIn);
+    }
+    return result.values().toVector();
+}
+
 DependStatus dependencyStatus(const QMap<QString, FoundVersion> &found)
 {
     const bool satisfied = std::any_of(found.cbegin(), found.cend(), [](const FoundVersion &version) {

@@ -15,6 +15,13 @@ bool isSatisfiedBy(const Dependency &dependency, const QString &version);
  */
 QMap<QString, FoundVersion> foundVersions(const Dependency &dependency, const QVector<Candidate> &candidates);
 
+/**
+ * The packages among `providers` that can stand for the dependency, each as a dependency that is still to be checked:
+ * with the same constraints, or on just the version that provides the name as one that meets them. A package that
+ * gives versions to what it provides and none that fits cannot stand for it, and is left out, as is the name itself.
+ */
+QVector<Dependency> providerDependencies(const Dependency &dependency, const QVector<Provider> &providers);
+
 /** Success when a source has a satisfying version, else error. */
 DependStatus dependencyStatus(const QMap<QString, FoundVersion> &found);
 

@@ -6,7 +6,14 @@
 namespace
 {
 const QString AnyArchitecture = QStringLiteral("all");
+
+bool serves(const PackageInfo &package, const PackageQuestion &question)
+{
+    return package.type == question.type
+           && (package.architecture == question.architecture || package.architecture == AnyArchitecture
+               || question.architecture == AnyArchitecture);
 }
+} // namespace
 
 LocalCandidates::LocalCandidates(const QList<PackageInfoPtr> &packages)
 {
@@ -24,7 +31,13 @@ void LocalCandidates::add(const PackageInfoPtr &package)
 
 QVector<PackageInfoPtr> LocalCandidates::find(const PackageQuestion &question) const
 {
-    return matching(m_packages, question);
+    QVector<PackageInfoPtr> result;
+    for (auto it = m_packages.constFind(question.name); it != m_packages.cend() && it.key() == question.name;
+         ++it) {
+        if (serves(**it, question))
+            result.append(*it);
+    }
+    return result;
 }
 
 void LocalCandidates::prefetch(const QVector<PackageQuestion> & /*questions*/,
@@ -50,28 +63,14 @@ void LocalCandidates::prefetchProviders(const QVector<PackageQuestion> &question
         addProvided(package);
 }
 
-QStringList LocalCandidates::providers(const PackageQuestion &question) const
+QVector<Provider> LocalCandidates::providers(const PackageQuestion &question) const
 {
-    QStringList names;
-    const auto packages = matching(m_providers, question);
-    for (const PackageInfoPtr &package : packages) {
-        if (!names.contains(package->name))
-            names.append(package->name);
-    }
-    return names;
-}
-
-QVector<PackageInfoPtr> LocalCandidates::matching(const PackagesByName &packages,
-                                                  const PackageQuestion &question)
-{
-    QVector<PackageInfoPtr> result;
-    for (auto it = packages.constFind(question.name); it != packages.cend() && it.key() == question.name;
+    QVector<Provider> result;
+    for (auto it = m_providers.constFind(question.name);
+         it != m_providers.cend() && it.key() == question.name;
          ++it) {
-        const PackageInfo &package = **it;
-        if (package.type == question.type
-            && (package.architecture == question.architecture || package.architecture == AnyArchitecture
-                || question.architecture == AnyArchitecture))
-            result.append(*it);
+        if (serves(*it->package, question))
+            result.append({it->package->name, it->package->version, it->version});
     }
     return result;
 }
@@ -85,5 +84,5 @@ void LocalCandidates::addProvided(const PackageInfoPtr &package)
     // A Provides field is written like a Depends field without alternatives.
     const auto provided = DependsParser().entries(field, package->architecture);
     for (const DependencyGroup &entry : provided)
-        m_providers.insert(entry.alternatives.first().name, package);
+        m_providers.insert(entry.alternatives.first().name, {package, entry.alternatives.first().version});
 }

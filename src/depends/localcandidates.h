@@ -24,19 +24,22 @@ public:
     void prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
     QVector<Candidate> candidates(const PackageQuestion &question) const override;
     void prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
-    QStringList providers(const PackageQuestion &question) const override;
+    QVector<Provider> providers(const PackageQuestion &question) const override;
 
     /** What the repository is called among the sources. */
     static QString label() { return tr("Local"); }
 
 private:
-    using PackagesByName = QMultiHash<QString, PackageInfoPtr>;
+    struct Provision
+    {
+        PackageInfoPtr package;
+        QString version; ///< of what is provided
+    };
 
-    static QVector<PackageInfoPtr> matching(const PackagesByName &packages, const PackageQuestion &question);
     void addProvided(const PackageInfoPtr &package);
 
-    PackagesByName m_packages;
-    PackagesByName m_providers; ///< by provided name
+    QMultiHash<QString, PackageInfoPtr> m_packages;
+    QMultiHash<QString, Provision> m_providers; ///< by provided name
     bool m_providersRead = false;
     QString m_label = label();
 };
