@@ -18,7 +18,7 @@ namespace
 {
 using DependsJson::Outcome;
 
-Q_LOGGING_CATEGORY(logDepends, "velt.depends", QtWarningMsg)
+Q_LOGGING_CATEGORY(log, "velt.depends", QtInfoMsg)
 
 /** Held while the file is read, changed and written, so that no tab's save is lost to another's. */
 QMutex &fileMutex()
@@ -146,7 +146,7 @@ bool DependsData::rewrite(const DependsJson::Change &change)
     if (keptAside)
         Q_EMIT fileBroken(brokenName());
     if (outcome != Outcome::Done)
-        qCDebug(logDepends) << "could not write" << m_fileName;
+        qCDebug(log, "%s could not be written", qUtf8Printable(m_fileName));
     return outcome == Outcome::Done;
 }
 

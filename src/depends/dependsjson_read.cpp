@@ -30,7 +30,7 @@ public:
         if (known != m_strings.end())
             return known->second;
         m_texts.emplace_back(text);
-        const QString string = QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+        QString string = QString::fromUtf8(text.data(), static_cast<int>(text.size()));
         m_strings.emplace(m_texts.back(), string);
         return string;
     }
@@ -46,10 +46,9 @@ DependStatus toStatus(std::string_view number)
     if (number.size() == 1 && (number[0] == '0' || number[0] == '1'))
         return number[0] == '1' ? DependSuccess : DependError;
     const double value = QByteArray(number.data(), static_cast<int>(number.size())).toDouble();
-    for (const DependStatus status : {DependError, DependSuccess})
-        if (qFuzzyIsNull(value - status))
-            return status;
-    return DependUndefined;
+    if (qFuzzyIsNull(value))
+        return DependError;
+    return qFuzzyCompare(value, 1.0) ? DependSuccess : DependUndefined;
 }
 
 /** Follows the parser through the document and builds the results where the wanted repository's member is. */
@@ -63,7 +62,7 @@ public:
 
     bool hasRoot() const { return m_hasRoot; }
 
-    bool Key(const char *text, Size size, bool)
+    bool Key(const char *text, Size size, bool /*copy*/)
     {
         m_key.assign(text, size);
         // Of members with the same name the last one counts.
@@ -74,14 +73,14 @@ public:
 
     bool StartObject() { return enter(objectIn(m_places.back())); }
     bool StartArray() { return enter(arrayIn(m_places.back())); }
-    bool EndArray(Size)
+    bool EndArray(Size /*count*/)
     {
         m_places.pop_back();
         return true;
     }
-    bool EndObject(Size);
-    bool String(const char *text, Size size, bool);
-    bool RawNumber(const char *text, Size size, bool);
+    bool EndObject(Size /*count*/);
+    bool String(const char *text, Size size, bool /*copy*/);
+    bool RawNumber(const char *text, Size size, bool /*copy*/);
 
 private:
     /** What the object or array is that the parser is in. */
@@ -190,7 +189,7 @@ ResultsHandler::Place ResultsHandler::startDependency()
     return Place::Dependency;
 }
 
-bool ResultsHandler::EndObject(Size)
+bool ResultsHandler::EndObject(Size /*count*/)
 {
     const Place left = m_places.back();
     m_places.pop_back();
@@ -212,7 +211,7 @@ bool ResultsHandler::EndObject(Size)
     return true;
 }
 
-bool ResultsHandler::String(const char *text, Size size, bool)
+bool ResultsHandler::String(const char *text, Size size, bool /*copy*/)
 {
     const Place place = m_places.back();
     QString *target = nullptr;
@@ -241,7 +240,7 @@ bool ResultsHandler::String(const char *text, Size size, bool)
     return true;
 }
 
-bool ResultsHandler::RawNumber(const char *text, Size size, bool)
+bool ResultsHandler::RawNumber(const char *text, Size size, bool /*copy*/)
 {
     const Place place = m_places.back();
     DependStatus *target = nullptr;
@@ -270,7 +269,7 @@ public:
 
     bool found() const { return m_found; }
 
-    bool Key(const char *text, Size size, bool)
+    bool Key(const char *text, Size size, bool /*copy*/)
     {
         if (m_depth == 1)
             for (const std::string &name : m_names)
@@ -279,8 +278,8 @@ public:
     }
     bool StartObject() { return enter(); }
     bool StartArray() { return enter(); }
-    bool EndObject(Size) { return leave(); }
-    bool EndArray(Size) { return leave(); }
+    bool EndObject(Size /*count*/) { return leave(); }
+    bool EndArray(Size /*count*/) { return leave(); }
 
 private:
     std::vector<std::string> m_names;

@@ -163,11 +163,11 @@ public:
     {
         return value([this, b] { m_writer.Bool(b); });
     }
-    bool RawNumber(const char *text, Size size, bool)
+    bool RawNumber(const char *text, Size size, bool /*copy*/)
     {
         return value([this, text, size] { m_writer.RawValue(text, size, rapidjson::kNumberType); });
     }
-    bool String(const char *text, Size size, bool)
+    bool String(const char *text, Size size, bool /*copy*/)
     {
         return value([this, text, size] { m_writer.String(text, size); });
     }
@@ -175,7 +175,7 @@ public:
     {
         return value([this] { m_writer.StartArray(); }) && enter();
     }
-    bool EndArray(Size)
+    bool EndArray(Size /*count*/)
     {
         --m_depth;
         return value([this] { m_writer.EndArray(); });
@@ -188,15 +188,15 @@ public:
             m_writer.StartObject();
         return enter();
     }
-    bool Key(const char *text, Size size, bool);
-    bool EndObject(Size);
+    bool Key(const char *text, Size size, bool /*copy*/);
+    bool EndObject(Size /*count*/);
 
     // The parser hands numbers over as text.
-    bool Int(int) { return false; }
-    bool Uint(unsigned) { return false; }
-    bool Int64(int64_t) { return false; }
-    bool Uint64(uint64_t) { return false; }
-    bool Double(double) { return false; }
+    bool Int(int /*n*/) { return false; }
+    bool Uint(unsigned /*n*/) { return false; }
+    bool Int64(int64_t /*n*/) { return false; }
+    bool Uint64(uint64_t /*n*/) { return false; }
+    bool Double(double /*d*/) { return false; }
 
 private:
     const Change &m_change;
@@ -218,7 +218,7 @@ private:
     }
 };
 
-bool CopyHandler::Key(const char *text, Size size, bool)
+bool CopyHandler::Key(const char *text, Size size, bool /*copy*/)
 {
     if (m_depth > 1)
         return value([this, text, size] { m_writer.Key(text, size); });
@@ -233,7 +233,7 @@ bool CopyHandler::Key(const char *text, Size size, bool)
     return m_output.isGood();
 }
 
-bool CopyHandler::EndObject(Size)
+bool CopyHandler::EndObject(Size /*count*/)
 {
     if (--m_depth > 0)
         return value([this] { m_writer.EndObject(); });

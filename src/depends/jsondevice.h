@@ -44,12 +44,12 @@ public:
 
     // Wanted by parsing in place alone, which needs the text in memory and is not used.
     Ch *PutBegin() { return nullptr; }
-    void Put(Ch) { }
-    std::size_t PutEnd(Ch *) { return 0; }
+    void Put(Ch /*c*/) { }
+    std::size_t PutEnd(Ch * /*begin*/) { return 0; }
 
 private:
     QIODevice *m_device;
-    std::array<Ch, 256 * 1024> m_buffer{};
+    std::array<Ch, 1U << 18U> m_buffer{};
     const Ch *m_current = m_buffer.data();
     const Ch *m_end = m_buffer.data();
     std::size_t m_read = 0;
@@ -107,7 +107,7 @@ public:
 
 private:
     QIODevice *m_device;
-    std::array<Ch, 256 * 1024> m_buffer{};
+    std::array<Ch, 1U << 18U> m_buffer{};
     std::size_t m_size = 0;
     bool m_good = true;
 };
@@ -115,14 +115,14 @@ private:
 namespace rapidjson
 {
 template <>
-inline void SkipWhitespace(JsonInput &input)
+inline void SkipWhitespace(JsonInput &is)
 {
-    input.skipBlanks();
+    is.skipBlanks();
 }
 
 template <>
-inline void PutN(JsonOutput &output, char c, std::size_t count)
+inline void PutN(JsonOutput &stream, char c, std::size_t n)
 {
-    output.put(c, count);
+    stream.put(c, n);
 }
 } // namespace rapidjson

@@ -223,7 +223,7 @@ private:
     // --- stored results of dependency checks: reposhell_depends.cpp
     void startStore();
     void stopStore();
-    void removeStoredResultsAside();
+    void removeStoredResultsAside() const;
     void startStoredResultsAnew(const QString &repoPath);
     void moveStoredResults(const QString &newPath);
 

@@ -56,7 +56,7 @@ void RepoShell::stopStore()
     m_storeThread.wait();
 }
 
-void RepoShell::removeStoredResultsAside()
+void RepoShell::removeStoredResultsAside() const
 {
     // The engine may be gone in the next moment, and the program too; it ends when the pool has nothing left to do.
     QtConcurrent::run(

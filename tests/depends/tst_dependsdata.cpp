@@ -388,6 +388,7 @@ private Q_SLOTS:
     void tabsShareTheFile()
     {
         std::vector<std::thread> threads;
+        threads.reserve(4);
         for (int tab = 0; tab < 4; ++tab)
             threads.emplace_back([this, tab] {
                 Cache cache(m_file, "/r%1"_s.arg(tab));
