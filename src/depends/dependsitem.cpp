@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsitem.h"
 
-DependsItem::DependsItem(const QString &text, DependsItem *parent)
+#include <utility>
+
+DependsItem::DependsItem(QString text, DependsItem *parent)
     : m_parent(parent)
-    , m_text(text)
+    , m_text(std::move(text))
 { }
 
 DependsItem::~DependsItem() = default;

@@ -16,7 +16,7 @@
 class DependsItem
 {
 public:
-    explicit DependsItem(const QString &text, DependsItem *parent = nullptr);
+    explicit DependsItem(QString text, DependsItem *parent = nullptr);
     virtual ~DependsItem();
     DependsItem(const DependsItem &) = delete;
     DependsItem &operator=(const DependsItem &) = delete;

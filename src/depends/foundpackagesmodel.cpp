@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/foundpackagesmodel.h"
 
-FoundPackagesModel::FoundPackagesModel(const AliasLookup &aliases, QObject *parent)
+#include <utility>
+
+FoundPackagesModel::FoundPackagesModel(AliasLookup aliases, QObject *parent)
     : QAbstractTableModel(parent)
-    , m_aliases(aliases)
+    , m_aliases(std::move(aliases))
 { }
 
 void FoundPackagesModel::setPackages(const QList<PackageInfo> &packages)

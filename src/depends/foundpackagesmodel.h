@@ -16,7 +16,7 @@ public:
     using AliasLookup = std::function<QString(const QString &origin)>;
     enum Column { PackageColumn, ArchitectureColumn, VersionColumn, RepositoryColumn, ColumnCount };
 
-    FoundPackagesModel(const AliasLookup &aliases, QObject *parent);
+    FoundPackagesModel(AliasLookup aliases, QObject *parent);
 
     void setPackages(const QList<PackageInfo> &packages);
     const PackageInfo &packageAt(int row) const { return m_packages.at(row); }

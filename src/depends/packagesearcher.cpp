@@ -6,8 +6,10 @@
 #include <QScopeGuard>
 #include <QtConcurrent>
 
-PackageSearcher::PackageSearcher(const PackageFilter &filter)
-    : m_filter(filter)
+#include <utility>
+
+PackageSearcher::PackageSearcher(PackageFilter filter)
+    : m_filter(std::move(filter))
     , m_apt(new AptUtils(this))
 {
     qRegisterMetaType<QList<PackageInfo>>("QList<PackageInfo>");

@@ -22,7 +22,7 @@ public:
     /** The records of so many names are read; a short pattern fits tens of thousands. */
     static constexpr int NameLimit = 2000;
 
-    explicit PackageSearcher(const PackageFilter &filter);
+    explicit PackageSearcher(PackageFilter filter);
     ~PackageSearcher() override;
 
     /** Whether a search runs or waits to run. */

@@ -98,6 +98,8 @@ private Q_SLOTS:
                  (QMap<QString, QStringList>{
                      {"0.9"_s, {}}, {"1.0-1"_s, {one, two}}, {"1.5"_s, {two}}, {"1:2.0-1"_s, {one}}}));
         QCOMPARE(apt.packageRecords("foo"_s).size(), 4);
+        // Many at once; one that is not known, or is no name, does not take the others along.
+        QCOMPARE(apt.packageRecords(QStringList{"foo"_s, "nosuch"_s, "-o"_s, "food"_s}).size(), 5);
 
         // For every architecture, and listed under the one whose index holds it.
         QCOMPARE(apt.packageVersions("food"_s, "amd64"_s).keys(), QStringList{"1:3-1"_s});
