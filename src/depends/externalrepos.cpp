@@ -7,8 +7,8 @@
 #include <QUrl>
 
 #include <algorithm>
-#include <utility>
 #include <iterator>
+#include <utility>
 
 namespace
 {
@@ -276,6 +276,21 @@ QString ExternalRepos::aliasOf(const QString &origin) const
         }
     }
     return alias;
+}
+
+bool ExternalRepos::isOriginAsked(const QString &origin) const
+{
+    const QStringList words = origin.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    bool isHeld = false;
+    for (const Entry &entry : m_entries) {
+        if (fit(partsOf(entry.source), words) == 0)
+            continue;
+        // An origin does not name its component, so that one entry that is on is enough.
+        if (entry.enabled)
+            return true;
+        isHeld = true;
+    }
+    return !isHeld;
 }
 
 bool ExternalRepos::setSource(const QString &source, int row)

@@ -51,6 +51,8 @@ public:
      * component), or the origin itself when there is none.
      */
     QString aliasOf(const QString &origin) const;
+    /** False when what the list holds for this origin is switched off; an origin that it does not hold is asked. */
+    bool isOriginAsked(const QString &origin) const;
 
     /** The source as it is kept: single blanks, without a leading "deb". */
     static QString normalised(const QString &source);

@@ -7,15 +7,20 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 /** Which of the packages that apt offers can be taken into a repository. An empty set sets no bound. */
 struct PackageFilter
 {
     QSet<QString> architectures;
     QSet<QString> repositories; ///< origin texts
+    std::function<bool(const QString &origin)>
+        isAsked; ///< a further bound, called from any thread; may be empty
 
     bool accepts(const PackageInfo &package) const
     {
         return (architectures.isEmpty() || architectures.contains(package.architecture))
-               && (repositories.isEmpty() || repositories.contains(package.repository));
+               && (repositories.isEmpty() || repositories.contains(package.repository))
+               && (!isAsked || isAsked(package.repository));
     }
 };

@@ -215,6 +215,20 @@ private Q_SLOTS:
              {"http://nameless s amd64", "http://h/r s/contrib amd64", "http://h s amd64", "", " "})
             QCOMPARE(repos.aliasOf(QLatin1String(other)), QLatin1String(other));
     }
+
+    void switchedOffOrigins()
+    {
+        ExternalRepos repos;
+        repos.merge({"http://h/r s main"_s, "http://h/r t main"_s, "http://h/r t contrib"_s});
+        repos.setEnabled(0, false);
+        repos.setEnabled(1, false);
+        QVERIFY(!repos.isOriginAsked("http://h/r s amd64"_s));
+        QVERIFY(repos.isOriginAsked("http://h/r t amd64"_s));
+        QVERIFY(!repos.isOriginAsked("http://h/r t/main amd64"_s));
+        QVERIFY(repos.isOriginAsked("http://other s amd64"_s));
+        repos.setEnabled(0, true);
+        QVERIFY(repos.isOriginAsked("http://h/r s amd64"_s));
+    }
 };
 
 VELT_TEST_MAIN(TestExternalRepos, QCoreApplication)
