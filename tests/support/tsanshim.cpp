@@ -73,7 +73,10 @@ SHIM bool _ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectB
     static const auto function = real<bool (*)(void *, void *, int, void *)>(
         "_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectBaseEN2Qt14ConnectionTypeEPv");
     __tsan_release(&posted);
-    return function(object, slot, type, result);
+    const bool invoked = function(object, slot, type, result);
+    // Of a blocking call the caller sees what was done in the other thread.
+    __tsan_acquire(&delivered);
+    return invoked;
 }
 
 // QThreadPool::start(QRunnable*, int), and QFutureInterfaceBase::isCanceled(), which a concurrent run asks first.
