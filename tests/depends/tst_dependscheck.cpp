@@ -6,6 +6,7 @@
 #include "depends/dependscheck.h"
 #include "depends/dependscollection.h"
 #include "depends/dependsreport.h"
+#include "depends/dependsrules.h"
 #include "depends/versionorder.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
@@ -354,6 +355,16 @@ private Q_SLOTS:
         QTEST(checked(needing(depends), repository, apt, from), "expected");
     }
 
+    void statusOfAPackage()
+    {
+        const auto status = [](DependStatus first, DependStatus second) {
+            return DependsRules::packageStatus({{"a"_s, {first, {}}}, {"b"_s, {second, {}}}});
+        };
+        QCOMPARE(status(DependUndefined, DependError), DependError);
+        QCOMPARE(status(DependError, DependUndefined), DependError);
+        QCOMPARE(status(DependSuccess, DependUndefined), DependUndefined);
+    }
+
     void manyPackages()
     {
         QList<PackageInfoPtr> packages;
@@ -426,11 +437,11 @@ private Q_SLOTS:
         QCOMPARE(QProcess::execute("sh"_s, {"-ec"_s, SetUp, m_root.path()}), 0);
         qputenv("APT_CONFIG", path("apt.conf"_s).toLocal8Bit());
 
-        // Names that nobody knows push the rest into later runs.
+        // Names that nobody knows push the rest into later runs; together they are more than one run can be given.
         QVector<PackageQuestion> all = questions.mid(0, 20);
         all.append({"-o"_s, "amd64"_s, PackageType::Deb});
-        for (int i = 0; i < 6000; ++i)
-            all.append({"no-such-package-%1"_s.arg(i), "amd64"_s, PackageType::Deb});
+        for (int i = 0; i < 20; ++i)
+            all.append({"no%1"_s.arg(i) + QString(110000, QLatin1Char('x')), "amd64"_s, PackageType::Deb});
         all += questions;
         AptCandidates apt;
         apt.prefetch(all, {});
