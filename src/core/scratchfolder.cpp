@@ -39,12 +39,23 @@ bool isOurs(int folder)
     return ::fstat(folder, &status) == 0 && status.st_uid == ::geteuid();
 }
 
-/** Where anybody may rename what is not his, a folder could be another one by the time that it is deleted. */
+/** Where others may rename what is not theirs, a folder could be another one by the time that it is deleted. */
 bool keepsNames(const QString &parent)
 {
     struct stat status = {};
-    return ::stat(QFile::encodeName(parent).constData(), &status) == 0
-           && ((status.st_mode & (S_IWGRP | S_IWOTH)) == 0 || (status.st_mode & S_ISVTX) != 0);
+    if (::stat(QFile::encodeName(parent).constData(), &status) != 0)
+        return false;
+    const bool ownerIsTrusted = status.st_uid == 0 || status.st_uid == ::geteuid();
+    return ownerIsTrusted && ((status.st_mode & (S_IWGRP | S_IWOTH)) == 0 || (status.st_mode & S_ISVTX) != 0);
+}
+
+/** Deletes what is in the open folder, and the empty folder at `path`. */
+void removeFolder(int folder, const QString &path)
+{
+    // By the descriptor, so that nothing else is emptied whatever lies at the path by now. The folder itself cannot
+    // be deleted that way; a link in its place makes rmdir() fail.
+    QDir(QStringLiteral("/proc/self/fd/%1").arg(folder)).removeRecursively();
+    ::rmdir(QFile::encodeName(path).constData());
 }
 
 /** Whether a process was started with this path in its arguments or its environment. */
@@ -104,7 +115,7 @@ void ScratchFolder::removeLeftovers()
         if (folder < 0)
             continue;
         if (isOurs(folder) && ::flock(folder, LOCK_EX | LOCK_NB) == 0 && !isNamedByProcess(path))
-            QDir(path).removeRecursively();
+            removeFolder(folder, path);
         ::close(folder);
     }
 }

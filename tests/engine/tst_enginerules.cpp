@@ -244,6 +244,12 @@ private Q_SLOTS:
         QVERIFY(process.waitForFinished());
         ScratchFolder::removeLeftovers();
         QVERIFY(!QFile::exists(outlived));
+        // Whose folder holds ours may put another one in its place at any moment.
+        const QString endangered = place("work-endangered");
+        if (::chown(QFile::encodeName(tmp.path()).constData(), 65534, 65534) == 0) {
+            ScratchFolder::removeLeftovers();
+            QVERIFY(QFile::exists(endangered + "/file"_s));
+        }
     }
 };
 
