@@ -38,8 +38,8 @@ public:
     virtual QString explanation() const { return m_text; }
     /** What the source has to do with the item's state, in words; `shownSource` is its name for the user. */
     virtual QString sourceExplanation(const QString &source, const QString &shownSource) const;
-    /** The package that the row asks for; none where it is a package of the repository or names several. */
-    virtual std::optional<Dependency> dependency() const { return std::nullopt; }
+    /** What the row asks for, one of these; empty for a package of the repository. */
+    virtual QVector<Dependency> alternatives() const { return {}; }
 
 protected:
     /** Appends the children; called once, and again after forgetChildren(). */

@@ -153,9 +153,9 @@ void DependsModel::replace(PackageItem &item, const PackageInfoPtr &package)
     Q_EMIT dataChanged(first, createIndex(item.row(), columnCount() - 1, &item));
 }
 
-std::optional<Dependency> DependsModel::dependencyAt(const QModelIndex &index) const
+QVector<Dependency> DependsModel::alternativesAt(const QModelIndex &index) const
 {
-    return itemAt(index)->dependency();
+    return itemAt(index)->alternatives();
 }
 
 PackageInfoPtr DependsModel::packageAt(const QModelIndex &index) const

@@ -10,7 +10,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 
 class DependsItem;
 class PackageItem;
@@ -44,8 +43,8 @@ public:
 
     /** The sources in the order of their columns. */
     QStringList sources() const { return m_sources; }
-    /** What the row asks for; none for a package of the repository and an entry with a choice. */
-    std::optional<Dependency> dependencyAt(const QModelIndex &index) const;
+    /** What the row asks for, one of these; empty for a package of the repository. */
+    QVector<Dependency> alternativesAt(const QModelIndex &index) const;
     /** The package that the row belongs to; null for an invalid index. */
     PackageInfoPtr packageAt(const QModelIndex &index) const;
 

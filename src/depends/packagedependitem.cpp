@@ -122,13 +122,6 @@ QString PackageDependItem::sourceExplanation(const QString &source, const QStrin
     return lines.isEmpty() ? tr("%1 does not offer it").arg(shownSource) : lines.join(QLatin1Char('\n'));
 }
 
-std::optional<Dependency> PackageDependItem::dependency() const
-{
-    if (m_entry.alternatives.size() != 1)
-        return std::nullopt;
-    return m_entry.alternatives.first();
-}
-
 void PackageDependItem::makeChildren()
 {
     const bool several = m_entry.alternatives.size() > 1;

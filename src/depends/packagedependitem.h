@@ -22,7 +22,7 @@ public:
     std::optional<DependStatus> sourceStatus(const QString &source) const override;
     QString explanation() const override;
     QString sourceExplanation(const QString &source, const QString &shownSource) const override;
-    std::optional<Dependency> dependency() const override;
+    QVector<Dependency> alternatives() const override { return m_entry.alternatives; }
 
     /** Name and constraints as they are shown, without providers. */
     static QString dependencyText(const Dependency &dependency);

@@ -14,8 +14,8 @@ struct PackageFilter
 {
     QSet<QString> architectures;
     QSet<QString> repositories; ///< origin texts
-    std::function<bool(const QString &origin)>
-        isAsked; ///< a further bound, called from any thread; may be empty
+    /** A further bound for origins, called from any thread; may be empty. */
+    std::function<bool(const QString &origin)> isAsked = {};
 
     bool accepts(const PackageInfo &package) const
     {
