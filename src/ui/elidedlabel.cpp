@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/elidedlabel.h"
 
+#include "ui/plaintooltip.h"
+
 ElidedLabel::ElidedLabel(QWidget *parent)
     : QLabel(parent)
 {
@@ -26,5 +28,5 @@ void ElidedLabel::elide()
     constexpr int LongestToolTip = 1000; // characters
     const QString shown = fontMetrics().elidedText(m_fullText, Qt::ElideRight, width());
     setText(shown);
-    setToolTip(shown == m_fullText ? QString() : m_fullText.left(LongestToolTip).toHtmlEscaped());
+    setToolTip(shown == m_fullText ? QString() : plainToolTip(m_fullText.left(LongestToolTip)));
 }

@@ -6,6 +6,7 @@
 #include "platform/veltaboutdialog.h"
 #include "platform/windowgeometry.h"
 #include "ui/closingsequence.h"
+#include "ui/dependsmodes.h"
 #include "ui/emptypage.h"
 #include "ui/jobfeedback.h"
 #include "ui/mnemonics.h"
@@ -24,21 +25,18 @@
 
 #include "ui_mainwindow.h"
 
-#include <QActionGroup>
 #include <QClipboard>
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QGuiApplication>
-#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
 #include <QTabBar>
-#include <QToolButton>
 
 namespace
 {
@@ -54,7 +52,6 @@ MainWindow::MainWindow()
     , m_logDock(new QDockWidget(this))
     , m_log(new QPlainTextEdit(m_logDock))
     , m_showLogAction(new QAction(this))
-    , m_dependsModes(new QActionGroup(this))
     , m_prompts(new Prompts(this))
 {
     m_ui->setupUi(this);
@@ -97,6 +94,7 @@ MainWindow::MainWindow()
             m_closing->closeTab(widget);
     });
     connect(m_prompts, &Prompts::freed, this, &MainWindow::serveArrivals);
+    connect(m_dependsModes, &DependsModes::chosen, m_settings, &SettingsCommands::setDependsRepoType);
     connect(m_settings, &SettingsCommands::changed, this, &MainWindow::showChoices);
     connect(m_closing, &ClosingSequence::began, this, &MainWindow::beginClosing);
     connect(m_closing, &ClosingSequence::finished, this, &MainWindow::close);
@@ -156,26 +154,13 @@ void MainWindow::buildLogDock()
 
 void MainWindow::buildDependsMenu()
 {
-    m_dependsModeActions = {{DependsEverywhere, m_ui->m_checkDependsAllAction},
-                            {DependsPublic, m_ui->m_checkDependsPublicAction},
-                            {DependsLocal, m_ui->m_checkDependsLocalAction},
-                            {DependsNowhere, m_ui->m_checkDependsNoAction}};
-    auto *menu = new QMenu(this);
-    for (auto mode = m_dependsModeActions.cbegin(); mode != m_dependsModeActions.cend(); ++mode) {
-        m_dependsModes->addAction(mode.value());
-        connect(mode.value(), &QAction::triggered, this, [this, type = mode.key()] {
-            m_settings->setDependsRepoType(type);
-        });
-    }
-    menu->addActions({m_ui->m_checkDependsAllAction,
-                      m_ui->m_checkDependsPublicAction,
-                      m_ui->m_checkDependsLocalAction,
-                      m_ui->m_checkDependsNoAction});
-    m_ui->m_checkDependsAction->setMenu(menu);
-    m_ui->mainToolBar->addAction(m_ui->m_checkDependsAction);
-    if (auto *button
-        = qobject_cast<QToolButton *>(m_ui->mainToolBar->widgetForAction(m_ui->m_checkDependsAction)))
-        button->setPopupMode(QToolButton::InstantPopup);
+    m_dependsModes = new DependsModes({{DependsEverywhere, m_ui->m_checkDependsAllAction},
+                                       {DependsPublic, m_ui->m_checkDependsPublicAction},
+                                       {DependsLocal, m_ui->m_checkDependsLocalAction},
+                                       {DependsNowhere, m_ui->m_checkDependsNoAction}},
+                                      m_ui->m_checkDependsAction,
+                                      m_ui->mainToolBar,
+                                      this);
 }
 
 void MainWindow::buildPackageMenu()
@@ -191,7 +176,7 @@ void MainWindow::buildPackageMenu()
 
 void MainWindow::buildTabBar()
 {
-    const auto *bar = new TabBarActions(m_ui->tabWidget->tabBar(), this);
+    const auto *bar = new TabBarActions(m_ui->tabWidget, this);
     connect(bar, &TabBarActions::closeRequested, m_ui->tabWidget, &QTabWidget::tabCloseRequested);
     connect(bar, &TabBarActions::closeOthersRequested, this, &MainWindow::closeOtherTabs);
     connect(bar, &TabBarActions::copyPathRequested, this, [this](int index) {
@@ -329,8 +314,10 @@ void MainWindow::updateActions()
 void MainWindow::updateTitle()
 {
     const RepoWidget *widget = m_tabs->current();
-    setWindowTitle(widget == nullptr ? windowName()
-                                     : windowName() + QLatin1String(": ") + m_tabs->pathOf(widget));
+    QString path = m_tabs->pathOf(widget);
+    // Single, it stands for the mark of unsaved work.
+    path.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
+    setWindowTitle(widget == nullptr ? windowName() : windowName() + QLatin1String(": ") + path);
 }
 
 void MainWindow::updateCentralArea()
@@ -343,13 +330,7 @@ void MainWindow::updateCentralArea()
 void MainWindow::showChoices()
 {
     const UserChoices &choices = m_settings->choices();
-    if (QAction *mode = m_dependsModeActions.value(choices.dependsRepoType))
-        mode->setChecked(true);
-    const QMap<int, QString> modeTexts{{DependsEverywhere, tr("Check depends in all repos")},
-                                       {DependsPublic, tr("Check depends in public repos")},
-                                       {DependsLocal, tr("Check depends in local repo")},
-                                       {DependsNowhere, tr("Dependces checking disabled")}};
-    m_ui->m_checkDependsAction->setToolTip(modeTexts.value(choices.dependsRepoType));
+    m_dependsModes->show(choices.dependsRepoType);
     const QList<RepoWidget *> widgets = m_tabs->shown();
     for (RepoWidget *widget : widgets)
         widget->setShowPackageVersions(choices.showPkgVersion);

@@ -10,14 +10,13 @@
 #include <memory>
 
 class ClosingSequence;
+class DependsModes;
 class EmptyPage;
 class JobFeedback;
 class PackageCommands;
 class PackageMenu;
 class Prompts;
-class QActionGroup;
 class QDockWidget;
-class QMenu;
 class QPlainTextEdit;
 class RecentRepositories;
 class RepositoryCommands;
@@ -87,11 +86,10 @@ private:
     QDockWidget *m_logDock;
     QPlainTextEdit *m_log;
     QAction *m_showLogAction;
-    QActionGroup *m_dependsModes;
+    DependsModes *m_dependsModes = nullptr;
     PackageMenu *m_packageMenu = nullptr;
     WindowState m_state;
     bool m_reopening = true; ///< the stored list of tabs is being worked off
-    QMap<int, QAction *> m_dependsModeActions;
 
     Prompts *m_prompts;
     RepoTabs *m_tabs;

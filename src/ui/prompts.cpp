@@ -4,6 +4,7 @@
 #include <QAbstractButton>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTextEdit>
@@ -49,6 +50,9 @@ Prompts::Answer Prompts::askIn(QMessageBox &box, const QString &about)
 {
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(about);
+    // The format of the box is not that of its smaller text, which is a path.
+    if (auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")))
+        label->setTextFormat(Qt::PlainText);
     box.setEscapeButton(QMessageBox::No);
     const int reply = run(box);
     if (m_dismissed)

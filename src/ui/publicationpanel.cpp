@@ -3,6 +3,7 @@
 
 #include "engine/reposhell.h"
 #include "server/publicationaddresses.h"
+#include "ui/plaintooltip.h"
 
 #include "ui_repowidget.h"
 
@@ -130,8 +131,9 @@ void PublicationPanel::saveChoices()
     if (!m_published)
         return;
     QSettings settings;
-    // Meanwhile another repository may have been published on the port.
-    if (PublicationSettings::load(settings, m_published->port).repoPath != m_published->repoPath)
+    // Meanwhile the port may have been given up, or another repository may have been published on it.
+    if (!PublicationSettings::busyPorts(settings).contains(m_published->port)
+        || PublicationSettings::load(settings, m_published->port).repoPath != m_published->repoPath)
         return;
     m_published->repoPath = m_repoPath;
     m_published->trusted = m_ui.m_trustedCheckBox->isChecked();
@@ -196,7 +198,7 @@ void PublicationPanel::update()
     const QString line = m_repoPath.isEmpty() || !missing.isEmpty() ? QString() : sourceLine();
     m_ui.m_srcLineEdit->setPlaceholderText(missing);
     m_ui.m_srcLineEdit->setText(line);
-    m_ui.m_srcLineEdit->setToolTip(line);
+    m_ui.m_srcLineEdit->setToolTip(plainToolTip(line));
     m_ui.m_srcLineEdit->setCursorPosition(0);
     m_ui.m_srcCopyPushButton->setEnabled(!line.isEmpty());
 }

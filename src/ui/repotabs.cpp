@@ -3,6 +3,7 @@
 
 #include "engine/pathguard.h"
 #include "engine/reposhell.h"
+#include "ui/plaintooltip.h"
 #include "ui/repowidget.h"
 #include "ui/tabtitles.h"
 
@@ -120,7 +121,7 @@ void RepoTabs::showTitles()
         // A single "&" would mark a key.
         m_tabWidget->setTabText(index,
                                 QString(titles.at(index)).replace(QLatin1Char('&'), QLatin1String("&&")));
-        m_tabWidget->setTabToolTip(index, all.at(index));
+        m_tabWidget->setTabToolTip(index, plainToolTip(all.at(index)));
     }
 }
 

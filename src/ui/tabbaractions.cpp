@@ -7,18 +7,22 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QTabBar>
+#include <QTabWidget>
 
-TabBarActions::TabBarActions(QTabBar *bar, QObject *parent)
+TabBarActions::TabBarActions(QTabWidget *tabs, QObject *parent)
     : QObject(parent)
-    , m_bar(bar)
-    , m_menu(new QMenu(bar))
+    , m_tabs(tabs)
+    , m_menu(new QMenu(tabs->tabBar()))
 {
     const auto add = [this](const char *icon, const QString &text, auto signal) {
         connect(m_menu->addAction(QIcon::fromTheme(QLatin1String(icon)), text),
                 &QAction::triggered,
                 this,
-                [this, signal] { Q_EMIT(this->*signal)
-                                 (m_index); });
+                [this, signal] {
+                    const int index = m_tabs->indexOf(m_page);
+                    if (index >= 0)
+                        Q_EMIT(this->*signal)(index);
+                });
     };
     m_menu->setObjectName(QStringLiteral("m_tabMenu"));
     add("tab-close", tr("Close"), &TabBarActions::closeRequested);
@@ -26,28 +30,30 @@ TabBarActions::TabBarActions(QTabBar *bar, QObject *parent)
     m_menu->addSeparator();
     add("edit-copy", tr("Copy path"), &TabBarActions::copyPathRequested);
     Mnemonics::mark(m_menu, nullptr);
-    m_bar->installEventFilter(this);
+    m_tabs->tabBar()->installEventFilter(this);
 }
 
 bool TabBarActions::eventFilter(QObject *watched, QEvent *event)
 {
+    const auto *bar = static_cast<const QTabBar *>(watched);
     if (event->type() == QEvent::ContextMenu) {
         const auto *request = static_cast<QContextMenuEvent *>(event);
         const bool byKey = request->reason() == QContextMenuEvent::Keyboard;
-        const int index = byKey ? m_bar->currentIndex() : m_bar->tabAt(request->pos());
-        const QPoint pos = byKey ? m_bar->tabRect(index).center() : request->pos();
+        const int index = byKey ? bar->currentIndex() : bar->tabAt(request->pos());
+        const QPoint pos = byKey ? bar->tabRect(index).center() : request->pos();
         if (index >= 0)
-            showMenu(index, m_bar->mapToGlobal(pos));
+            showMenu(index, bar->mapToGlobal(pos));
         return true;
     }
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease) {
         const auto *click = static_cast<QMouseEvent *>(event);
         if (click->button() == Qt::MiddleButton) {
-            const int index = m_bar->tabAt(click->pos());
-            const int pressed = m_pressed;
-            m_pressed = event->type() == QEvent::MouseButtonPress ? index : -1;
+            const int index = bar->tabAt(click->pos());
+            QWidget *page = m_tabs->widget(index);
+            const QPointer<QWidget> pressed = m_pressed;
+            m_pressed = event->type() == QEvent::MouseButtonPress ? page : nullptr;
             // As with other buttons, moving away before letting go is a change of mind.
-            if (event->type() == QEvent::MouseButtonRelease && index >= 0 && index == pressed)
+            if (event->type() == QEvent::MouseButtonRelease && page != nullptr && page == pressed)
                 Q_EMIT closeRequested(index);
             return true;
         }
@@ -57,7 +63,7 @@ bool TabBarActions::eventFilter(QObject *watched, QEvent *event)
 
 void TabBarActions::showMenu(int index, const QPoint &globalPos)
 {
-    m_index = index;
-    m_menu->actions().at(1)->setEnabled(m_bar->count() > 1);
+    m_page = m_tabs->widget(index);
+    m_menu->actions().at(1)->setEnabled(m_tabs->count() > 1);
     m_menu->popup(globalPos);
 }

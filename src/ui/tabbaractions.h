@@ -2,17 +2,21 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 
 class QMenu;
 class QPoint;
-class QTabBar;
+class QTabWidget;
 
-/** What the bar of the tabs offers for the tab under the pointer: a menu, and closing by the middle button. */
+/**
+ * What the bar of the tabs offers for the tab under the pointer: a menu, and closing by the middle button. Both go to
+ * the tab that they began with, though tabs may come, go and move before they end.
+ */
 class TabBarActions : public QObject
 {
     Q_OBJECT
 public:
-    TabBarActions(QTabBar *bar, QObject *parent);
+    TabBarActions(QTabWidget *tabs, QObject *parent);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -24,8 +28,8 @@ Q_SIGNALS:
 private:
     void showMenu(int index, const QPoint &globalPos);
 
-    QTabBar *m_bar;
+    QTabWidget *m_tabs;
     QMenu *m_menu;
-    int m_index = -1; ///< tab that the menu is about
-    int m_pressed = -1; ///< tab that the middle button went down on
+    QPointer<QWidget> m_page; ///< tab that the menu is about
+    QPointer<QWidget> m_pressed; ///< tab that the middle button went down on
 };

@@ -21,6 +21,8 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
+#include <QTextDocument>
+#include <QTimer>
 #include <QToolButton>
 #include <QToolTip>
 #include <QTreeView>
@@ -407,6 +409,28 @@ private Q_SLOTS:
         QFile::remove(tools.filePath("started"_s));
         QTRY_VERIFY(button->isEnabled());
         qputenv("PATH", path);
+    }
+
+    void namesAreNoMarkup()
+    {
+        QWidget window;
+        Prompts prompts(&window);
+        auto format = Qt::AutoText;
+        QTimer::singleShot(0, &prompts, [&] {
+            format = window.findChild<QLabel *>("qt_msgbox_informativelabel"_s)->textFormat();
+            prompts.dismissAll();
+        });
+        prompts.ask("t"_s, "x"_s, "/srv/<b>r</b>"_s);
+        QCOMPARE(format, Qt::PlainText);
+        ElidedLabel label;
+        label.resize(20, 20);
+        label.setFullText("Added \"R&D\" to it"_s);
+        QCOMPARE(label.toolTip(), label.fullText());
+        label.setFullText("Added <b>R&D</b> to it"_s);
+        QTextDocument tip;
+        tip.setHtml(label.toolTip());
+        QVERIFY(Qt::mightBeRichText(label.toolTip()));
+        QCOMPARE(tip.toPlainText(), label.fullText());
     }
 
     void dismissingEndsEverything()

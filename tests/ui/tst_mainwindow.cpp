@@ -29,6 +29,7 @@
 #include <QSplitter>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QTextDocument>
 #include <QToolBar>
 #include <QTreeView>
 #include <QtTest>
@@ -319,15 +320,18 @@ private Q_SLOTS:
 
     void tabs()
     {
-        const QStringList paths{makeRepository("a/r"_s), makeRepository("b/r"_s), makeRepository("x&y"_s)};
+        const QStringList paths{makeRepository("a/r"_s), makeRepository("b/r"_s), makeRepository("x&y<i>"_s)};
         QSettings().setValue("recentOpennedRepos"_s, paths);
         {
             MainWindow window;
             window.show();
             QVERIFY(waitForTabs(window, 3));
             auto *tabs = child<QTabWidget>(window, "tabWidget");
-            QCOMPARE(tabs->tabText(0) + tabs->tabText(1) + tabs->tabText(2), "a/rb/rx&&y"_s);
+            QCOMPARE(tabs->tabText(0) + tabs->tabText(1) + tabs->tabText(2), "a/rb/rx&&y<i>"_s);
             QCOMPARE(tabs->tabToolTip(1), paths.at(1));
+            QTextDocument tip;
+            tip.setHtml(tabs->tabToolTip(2));
+            QCOMPARE(tip.toPlainText(), paths.at(2));
             tabs->tabBar()->moveTab(2, 0);
             QCOMPARE(openRepositories(), QStringList({paths.at(2), paths.at(0), paths.at(1)}));
             // The middle button closes where it went down and up.
@@ -360,7 +364,14 @@ private Q_SLOTS:
         const QList<int> sizes = child<QSplitter>(*tabs->currentWidget(), "m_splitter")->sizes();
         QVERIFY2(qAbs(sizes.at(0) * 2 - sizes.at(1)) < 60,
                  qPrintable("%1 %2"_s.arg(sizes.at(0)).arg(sizes.at(1))));
-        // The menu of a tab.
+        // The menu of a tab, also when one before it goes meanwhile.
+        const QPoint second = tabs->tabBar()->tabRect(1).center();
+        QContextMenuEvent byMouse(QContextMenuEvent::Mouse, second, tabs->tabBar()->mapToGlobal(second));
+        tabs->tabBar()->moveTab(0, 1);
+        QApplication::sendEvent(tabs->tabBar(), &byMouse);
+        tabs->tabBar()->moveTab(0, 1);
+        child<QMenu>(*tabs, "m_tabMenu")->actions().last()->trigger();
+        QCOMPARE(QGuiApplication::clipboard()->text(), paths.at(2));
         QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {});
         QApplication::sendEvent(tabs->tabBar(), &byKey);
         auto *menu = child<QMenu>(*tabs, "m_tabMenu");

@@ -299,6 +299,17 @@ private Q_SLOTS:
         f.tab.saveChoices();
         QCOMPARE(PublicationSettings::load(store, 2121).repoPath, "/srv/other"_s);
     }
+
+    void portThatWasGivenUp()
+    {
+        Fixture f;
+        QSettings store;
+        PublicationSettings{2121, f.path, false, "i386"_s, FtpProtocol, "10.1.1.1"_s}.claim(store);
+        f.open({});
+        store.remove("busyHttpPorts"_s);
+        f.tab.saveChoices();
+        QVERIFY(PublicationSettings::busyPorts(store).isEmpty());
+    }
 };
 
 VELT_TEST_MAIN(RepoWidgetTest, QApplication)
