@@ -3,12 +3,15 @@
 
 #include <QMutexLocker>
 
+#include <algorithm>
+
 void PackageList::assign(const QList<PackageInfoPtr> &packages)
 {
     const QMutexLocker lock(&m_mutex);
     m_packages = packages;
-    m_byKey.clear();
+    m_places.clear();
     m_indexed = false;
+    m_taken = 0;
 }
 
 void PackageList::append(const PackageInfoPtr &package)
@@ -16,17 +19,31 @@ void PackageList::append(const PackageInfoPtr &package)
     const QMutexLocker lock(&m_mutex);
     m_packages.append(package);
     if (m_indexed)
-        m_byKey.insert(PackageKey::of(*package), package);
+        m_places.insert(PackageKey::of(*package), {package, m_packages.size() - 1 + m_taken});
 }
 
 PackageInfoPtr PackageList::take(const PackageKey &key)
 {
     const QMutexLocker lock(&m_mutex);
     buildIndex();
-    PackageInfoPtr package = m_byKey.take(key);
-    if (package)
-        m_packages.removeOne(package);
-    return package;
+    const Place place = m_places.take(key);
+    if (place.package) {
+        m_packages.removeAt(positionOf(place));
+        ++m_taken;
+    }
+    return place.package;
+}
+
+bool PackageList::replace(const PackageInfoPtr &package)
+{
+    const QMutexLocker lock(&m_mutex);
+    buildIndex();
+    const auto place = m_places.find(PackageKey::of(*package));
+    if (place == m_places.end())
+        return false;
+    m_packages[positionOf(*place)] = package;
+    place->package = package;
+    return true;
 }
 
 QList<PackageInfoPtr> PackageList::all() const
@@ -57,15 +74,22 @@ PackageInfoPtr PackageList::find(const PackageKey &key) const
 {
     const QMutexLocker lock(&m_mutex);
     buildIndex();
-    return m_byKey.value(key);
+    return m_places.value(key).package;
 }
 
 void PackageList::buildIndex() const
 {
     if (m_indexed)
         return;
-    m_byKey.reserve(m_packages.size());
-    for (const PackageInfoPtr &package : qAsConst(m_packages))
-        m_byKey.insert(PackageKey::of(*package), package);
+    m_places.reserve(m_packages.size());
+    for (int i = 0; i < m_packages.size(); ++i)
+        m_places.insert(PackageKey::of(*m_packages.at(i)), {m_packages.at(i), i + m_taken});
     m_indexed = true;
+}
+
+int PackageList::positionOf(const Place &place) const
+{
+    // What was taken out may have stood before it or behind it; as a rule nothing was.
+    const auto first = m_packages.cbegin() + std::max(0, place.ordinal - m_taken);
+    return static_cast<int>(std::find(first, m_packages.cend(), place.package) - m_packages.cbegin());
 }

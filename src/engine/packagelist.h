@@ -44,6 +44,8 @@ public:
     void append(const PackageInfoPtr &package);
     /** Takes the package with this key out; null when there is none. */
     PackageInfoPtr take(const PackageKey &key);
+    /** Puts the record into the place of the one with the same key; false when there is none. */
+    bool replace(const PackageInfoPtr &package);
 
     QList<PackageInfoPtr> all() const;
     int count() const;
@@ -53,10 +55,19 @@ public:
     PackageInfoPtr find(const PackageKey &key) const;
 
 private:
+    /** A package, and its position plus the number of packages that had been taken out when it got that. */
+    struct Place
+    {
+        PackageInfoPtr package;
+        int ordinal = 0;
+    };
+
     mutable QMutex m_mutex;
     QList<PackageInfoPtr> m_packages;
-    mutable QHash<PackageKey, PackageInfoPtr> m_byKey; ///< made when the first look-up asks for it
+    mutable QHash<PackageKey, Place> m_places; ///< made when the first look-up asks for it
     mutable bool m_indexed = false;
+    int m_taken = 0; ///< packages taken out since the index was begun
 
     void buildIndex() const;
+    int positionOf(const Place &place) const;
 };
