@@ -115,16 +115,22 @@ DependsReport::Summary DependsReport::summary(const QList<PackageInfoPtr> &packa
     return result;
 }
 
-QString DependsReport::text(const QList<PackageInfoPtr> &packages)
+QStringList DependsReport::summaryLines(const QList<PackageInfoPtr> &packages)
 {
     const Summary counts = summary(packages);
     QStringList lines{tr("Packages with satisfied dependencies: %1").arg(counts.satisfied),
                       tr("Packages with missing dependencies: %1").arg(counts.errors),
                       tr("Packages not checked: %1").arg(counts.unchecked)};
     if (!counts.mostWanted.isEmpty())
-        lines << QString() << tr("Most wanted:");
+        lines.append(tr("Most wanted:"));
     for (const WantedName &name : counts.mostWanted)
         lines.append(QStringLiteral("  ") + tr("%1, by %n package(s)", "", name.packages).arg(name.name));
+    return lines;
+}
+
+QString DependsReport::text(const QList<PackageInfoPtr> &packages)
+{
+    QStringList lines = summaryLines(packages);
     for (const PackageInfoPtr &package : inError(packages)) {
         lines << QString()
               << QStringLiteral("%1 %2 (%3, %4)")

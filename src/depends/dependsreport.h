@@ -33,6 +33,9 @@ public:
     /** Over the stored results of the packages. */
     static Summary summary(const QList<PackageInfoPtr> &packages);
 
+    /** The same in words, one line for each number and each name. */
+    static QStringList summaryLines(const QList<PackageInfoPtr> &packages);
+
     /** The summary, and every package in error with the entries that cannot be met. */
     static QString text(const QList<PackageInfoPtr> &packages);
     /** The same as a JSON document. */

@@ -25,6 +25,16 @@ void RepoShell::JobFrame::itemDone(int itemCount)
     Q_EMIT m_shell.progressStepChanged(done);
 }
 
+void RepoShell::JobFrame::quickItemDone()
+{
+    constexpr int StepInterval = 50; // milliseconds
+    const int done = ++m_shell.m_progress;
+    if (m_sinceStep.isValid() && !m_sinceStep.hasExpired(StepInterval))
+        return;
+    m_sinceStep.start();
+    Q_EMIT m_shell.progressStepChanged(done);
+}
+
 int RepoShell::JobFrame::finish(int result, const QString &message, JobId jobId)
 {
     m_finished = true;

@@ -3,6 +3,8 @@
 
 #include "engine/reposhell.h"
 
+#include <QElapsedTimer>
+
 /**
  * What every job does first and last: announces itself, resets progress and cancellation, and ends with exactly one
  * finished(), also when the job's function returns early.
@@ -17,10 +19,13 @@ public:
 
     /** Counts one item; the range of a job with several items is told after its first. */
     void itemDone(int itemCount);
+    /** Counts one of many items that take no time; tells of them now and then. */
+    void quickItemDone();
     /** Ends the job with this message and returns `result`. */
     int finish(int result, const QString &message, JobId jobId = COMMON_JOB);
 
 private:
     RepoShell &m_shell;
     bool m_finished = false;
+    QElapsedTimer m_sinceStep; ///< since quick items were told of
 };

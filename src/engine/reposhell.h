@@ -5,6 +5,8 @@
 #include "core/packagereplacementrules.h"
 #include "core/repoenums.h"
 #include "core/repoinfo.h"
+#include "core/settingskeys.h"
+#include "depends/externalrepos.h"
 #include "engine/addoptions.h"
 #include "engine/packagelist.h"
 
@@ -18,13 +20,15 @@
 #include <functional>
 #include <memory>
 
+class AptCandidates;
 class AsideDirectory;
-class DependencyChecker;
 class DependsData;
 class ExportSession;
 class PackageBackup;
+struct PackageFile;
 struct ProcessResult;
 class PackageSigner;
+class ScratchFolder;
 
 /**
  * The engine of one open repository: owns its path, its description and its package list, and carries out every
@@ -58,6 +62,18 @@ public:
     void changeRepo(const QString &newPath, const RepoInfo &info);
     void addPackages(const QStringList &files, const AddOptions &options = {});
     void removePackages(const QList<PackageInfoPtr> &packages);
+    /** Fetches the packages from apt's sources and adds them; each is known by name, version and architecture. */
+    void downloadPackages(const QList<PackageInfo> &packages, const AddOptions &options = {});
+    /**
+     * Fetches and adds for each dependency the best package that apt's sources offer for it, and checks those anew
+     * that lacked them. The dependencies come from the results of a check.
+     */
+    void addDependencies(const QVector<Dependency> &dependencies, const AddOptions &options = {});
+    /**
+     * Checks whether the packages' dependencies can be met; the records with the results go out as packageChanged().
+     * A package that is in the repository no longer is passed over.
+     */
+    void checkDepends(const QList<PackageInfoPtr> &packages);
 
     // --- creating and closing --------------------------------------------------------------------------------------
 
@@ -113,9 +129,12 @@ public:
     // --- what jobs use ---------------------------------------------------------------------------------------------
 
     void setPackageSigner(std::shared_ptr<PackageSigner> signer) { m_signer = std::move(signer); }
-    void setDependencyChecker(std::shared_ptr<DependencyChecker> checker) { m_checker = std::move(checker); }
-    /** Whether packages that are added get their dependencies checked at once. */
+    /** Whether packages that are added get their dependencies checked within the same job. */
     void setCheckDependsOnAdd(bool check) { m_checkDependsOnAdd = check; }
+    /** Where dependencies are looked for, see DependsRepoType; with DependsNowhere nothing is checked. */
+    void setDependsRepoType(int type) { m_dependsRepoType = type; }
+    /** Which of apt's sources count: those that are switched off in the list do not. */
+    void setExternalRepos(const ExternalRepos &repos);
     /** Directories of the repositories that are open elsewhere; creating or moving never wipes one of them. */
     void setOpenRepositories(const QStringList &paths);
 
@@ -162,11 +181,14 @@ Q_SIGNALS:
     void idle();
     /** A word for the log about a file that a job has passed over; nobody needs to do anything. */
     void noted(const QString &text);
+    /** What a dependency check has found, in words, one line each. */
+    void dependsSummary(const QStringList &lines);
     /** createRepoAside() has ended with this result. */
     void repoCreated(int result);
 
 private:
     class JobFrame;
+    struct AddRun;
     struct AddedFile;
 
     mutable QMutex m_mutex; ///< guards what follows, up to the blank line
@@ -177,6 +199,7 @@ private:
     QString m_lastErrorOutput;
     QStringList m_openRepositories;
     Newcomer m_newcomer;
+    ExternalRepos m_externalRepos;
 
     PackageList m_packages;
     QFuture<int> m_future;
@@ -186,8 +209,8 @@ private:
     std::atomic<bool> m_canceled{false};
     std::atomic<bool> m_closing{false};
     std::atomic<bool> m_checkDependsOnAdd{true};
+    std::atomic<int> m_dependsRepoType{DependsEverywhere};
     std::shared_ptr<PackageSigner> m_signer;
-    std::shared_ptr<DependencyChecker> m_checker;
     QThread m_storeThread; ///< m_store's, and free whenever no job runs
     std::unique_ptr<DependsData> m_store;
 
@@ -227,24 +250,37 @@ private:
     void startStoredResultsAnew(const QString &repoPath);
     void moveStoredResults(const QString &newPath);
 
+    // --- the check: reposhell_depends.cpp
+    int checkBody(const QList<PackageInfoPtr> &packages);
+    QList<PackageInfoPtr> presentRecords(const QList<PackageInfoPtr> &packages) const;
+    int checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone = {});
+    std::function<bool(const QString &origin)> acceptedOrigins() const;
+    void tellAptFailure(const AptCandidates &apt);
+
+    // --- packages from elsewhere: reposhell_download.cpp
+    int downloadBody(const QList<PackageInfo> &packages, const AddOptions &options);
+    int addDependenciesBody(const QVector<Dependency> &dependencies, const AddOptions &options);
+    int fetchAndAdd(const QList<PackageInfo> &packages,
+                    const AddOptions &options,
+                    const QList<PackageInfoPtr> &wanting,
+                    JobFrame *frame);
+    PackageFile fetch(const PackageInfo &package, const ScratchFolder &folder) const;
+
     // --- add and remove: reposhell_packages.cpp
     int addBody(const QStringList &files, const AddOptions &options);
-    ErrorCode addFile(AddedFile *file,
-                      const PackageInfo &package,
-                      bool singlePackage,
-                      PackageReplacementRules *rules,
-                      ExportSession *session);
+    void addReadFile(const PackageFile &read, bool isLast, AddRun *run);
+    void finishAdding(AddRun *run, bool stopped);
+    ErrorCode addFile(AddedFile *file, const PackageInfo &package);
     bool mustReplace(ErrorCode collision,
                      PackageReplacementRules *rules,
                      const PackageInfoPtr &package,
                      bool singlePackage);
     ErrorCode collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present);
-    ErrorCode
-    includePackage(AddedFile *file, const PackageInfo &record, bool replace, ExportSession *session);
+    ErrorCode includePackage(AddedFile *file, const PackageInfo &record, bool replace);
     bool signFile(AddedFile *file);
     bool isIncluded(const ProcessResult &result, const PackageInfo &record);
     QList<PackageInfoPtr> packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const;
-    void packageIncluded(PackageInfo record, bool replaced);
+    PackageInfoPtr packageIncluded(const PackageInfo &record, bool replaced);
     void
     restorePackages(const QList<PackageInfoPtr> &packages, PackageBackup *backup, ExportSession *session);
     int removeBody(const QList<PackageInfoPtr> &packages);

@@ -1,9 +1,108 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The stored results of dependency checks: who asks for what, and on which thread it happens.
+// The dependency check, and its stored results: who asks for what, and on which thread it happens.
+#include "depends/aptcandidates.h"
+#include "depends/dependscheck.h"
 #include "depends/dependsdata.h"
-#include "engine/reposhell.h"
+#include "depends/dependsreport.h"
+#include "depends/localcandidates.h"
+#include "engine/jobframe.h"
 
+#include <QMutexLocker>
+#include <QSet>
 #include <QtConcurrent>
+
+// --- the check ---------------------------------------------------------------------------------------------------
+
+void RepoShell::checkDepends(const QList<PackageInfoPtr> &packages)
+{
+    if (!packages.isEmpty() && !path().isEmpty())
+        startJob([this, packages] { return checkBody(packages); });
+}
+
+int RepoShell::checkBody(const QList<PackageInfoPtr> &packages)
+{
+    JobFrame frame(*this, tr("Checking depends"));
+    const auto records = presentRecords(packages);
+    Q_EMIT progressRangeChanged(records.size());
+    const bool isOn = m_dependsRepoType != DependsNowhere;
+    const int checked = checkRecords(records, [&frame] { frame.quickItemDone(); });
+    Q_EMIT progressStepChanged(m_progress);
+    if (isOn)
+        Q_EMIT requestForSavingPackages(m_packages.all());
+    if (isOn && checked < records.size())
+        return frame.finish(
+            CANCEL,
+            tr("Operation stopped. %1 of %n package(s) depends checked", nullptr, records.size())
+                .arg(checked),
+            CHECK_DEPENDS_JOB);
+    return frame.finish(SUCCESS, tr("Depends checked"), CHECK_DEPENDS_JOB);
+}
+
+QList<PackageInfoPtr> RepoShell::presentRecords(const QList<PackageInfoPtr> &packages) const
+{
+    QList<PackageInfoPtr> records;
+    QSet<PackageInfoPtr> seen;
+    for (const PackageInfoPtr &package : packages) {
+        const PackageInfoPtr record = m_packages.find(PackageKey::of(*package));
+        if (!record || seen.contains(record))
+            continue;
+        seen.insert(record);
+        records.append(record);
+    }
+    return records;
+}
+
+int RepoShell::checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone)
+{
+    const int selection = m_dependsRepoType;
+    if (selection == DependsNowhere || records.isEmpty())
+        return 0;
+    LocalCandidates local(m_packages.all());
+    AptCandidates apt(QString(), acceptedOrigins());
+    QList<PackageInfoPtr> results;
+    const int checked = DependsCheck(selection, &local, &apt)
+                            .run(
+                                records,
+                                [&](const PackageInfoPtr &package, const auto &result) {
+                                    const auto record = QSharedPointer<PackageInfo>::create(*package);
+                                    record->dependsInfo = result;
+                                    if (m_packages.replace(record))
+                                        Q_EMIT packageChanged(record);
+                                    results.append(record);
+                                    if (itemDone)
+                                        itemDone();
+                                },
+                                [this] { return isCanceled() || m_closing; });
+    tellAptFailure(apt);
+    if (!results.isEmpty())
+        Q_EMIT dependsSummary(DependsReport::summaryLines(results));
+    return checked;
+}
+
+void RepoShell::setExternalRepos(const ExternalRepos &repos)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_externalRepos = repos;
+}
+
+std::function<bool(const QString &origin)> RepoShell::acceptedOrigins() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return [repos = m_externalRepos, known = QHash<QString, bool>()](const QString &origin) mutable {
+        auto it = known.find(origin);
+        if (it == known.end())
+            it = known.insert(origin, repos.isOriginAsked(origin));
+        return *it;
+    };
+}
+
+void RepoShell::tellAptFailure(const AptCandidates &apt)
+{
+    if (apt.failed())
+        Q_EMIT critical(apt.errorText(), apt.errorDetail(), WARNING);
+}
+
+// --- stored results ----------------------------------------------------------------------------------------------
 
 void RepoShell::startStore()
 {

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Adding and removing packages.
-#include "core/scratchfolder.h"
-#include "depends/dependencychecker.h"
-#include "depends/dpkgoutput.h"
 #include "depends/dpkgutils.h"
-#include "engine/debarchive.h"
-#include "engine/exportsession.h"
+#include "engine/addrun.h"
 #include "engine/jobframe.h"
 #include "engine/packagebackup.h"
+#include "engine/packagefile.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
 #include "signing/packagesigner.h"
@@ -15,10 +12,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QThreadPool>
-#include <QtConcurrent>
 
 #include <memory>
-#include <utility>
 
 namespace
 {
@@ -46,72 +41,7 @@ QString keptText(RepoEnums::ErrorCode collision, const QString &file, const Pack
             = RepoShell::tr("Not added: %1. The repository holds the older version %2 (%3), which was kept.");
     return text.arg(file, present.version, present.architecture);
 }
-
-/** A package file's control data, or why there are none. */
-struct PackageFile
-{
-    QString path;
-    PackageInfoPtr package;
-    QString reason;
-};
-
-PackageFile readPackageFile(const QString &path)
-{
-    DpkgUtils dpkg;
-    if (!dpkg.packageInformation(path))
-        return {path, {}, dpkg.errorText()};
-    if (debArchiveState(path) != DebArchiveState::Whole)
-        return {path, {}, RepoShell::tr("The file is damaged: its end is missing.")};
-    const auto type = path.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
-    if (const auto package = DpkgOutput::packageInfo(dpkg.output(), type))
-        return {path, QSharedPointer<PackageInfo>::create(*package), QString()};
-    return {path, {}, RepoShell::tr("Its control data lack the package's name, version or architecture.")};
-}
-
-/** Reads package files one ahead of their use, so that dpkg works on the next while reprepro takes this one in. */
-class PackageFileReader
-{
-public:
-    explicit PackageFileReader(QStringList paths)
-        : m_paths(std::move(paths))
-    {
-        startNext();
-    }
-    /** No program of a job outlives it. */
-    ~PackageFileReader() { m_reading.waitForFinished(); }
-    PackageFileReader(const PackageFileReader &) = delete;
-    PackageFileReader &operator=(const PackageFileReader &) = delete;
-
-    PackageFile next()
-    {
-        // When no thread of the pool is free, this reads the file itself.
-        PackageFile file = m_reading.result();
-        startNext();
-        return file;
-    }
-
-private:
-    QStringList m_paths;
-    QFuture<PackageFile> m_reading;
-
-    void startNext()
-    {
-        if (!m_paths.isEmpty())
-            m_reading
-                = QtConcurrent::run(&readPackageFile, QFileInfo(m_paths.takeFirst()).absoluteFilePath());
-    }
-};
 } // namespace
-
-/** A file on its way into the repository, for one or several architectures. */
-struct RepoShell::AddedFile
-{
-    QString path;
-    const AddOptions &options;
-    QString source; ///< what reprepro gets: the file itself or its signed copy; empty until that is known
-    std::unique_ptr<ScratchFolder> signedFolder;
-    bool isLast = false;
-};
 
 ExportSession RepoShell::makeSession()
 {
@@ -148,38 +78,52 @@ int RepoShell::addBody(const QStringList &files, const AddOptions &options)
     JobFrame frame(*this, files.size() == 1 ? tr("Adding package") : tr("Adding packages"));
     if (!isDatabaseThere())
         return frame.finish(ERROR, tr("%n package(s) added: %1", nullptr, 0).arg(QString()));
-    PackageReplacementRules rules;
-    ExportSession session = makeSession();
+    AddRun run{options, files.size() == 1, makeSession()};
     PackageFileReader reader(files);
-    QStringList added;
     bool stopped = false;
     for (int done = 0; done < files.size(); ++done) {
         stopped = isCanceled();
         if (stopped)
             break;
-        const PackageFile read = reader.next();
-        AddedFile file{read.path, options, QString(), nullptr, done + 1 == files.size()};
-        if (!read.package)
-            Q_EMIT critical(tr("Error adding package!"), read.path + QLatin1String(":\n") + read.reason);
-        else if (addFile(&file, *read.package, files.size() == 1, &rules, &session) == SUCCESS)
-            added.append(QFileInfo(read.path).fileName());
+        addReadFile(reader.next(), done + 1 == files.size(), &run);
         frame.itemDone(files.size());
     }
-    finishSession(&session);
-    Q_EMIT requestForSavingPackages(m_packages.all());
+    finishAdding(&run, stopped);
     if (stopped)
         return frame.finish(CANCEL,
                             tr("Operation stopped. %1 of %n package(s) added: %2", nullptr, files.size())
-                                .arg(QString::number(added.size()), joined(added)));
-    return frame.finish(SUCCESS, tr("%n package(s) added: %1", nullptr, added.size()).arg(joined(added)));
+                                .arg(QString::number(run.added.size()), joined(run.added)));
+    return frame.finish(SUCCESS,
+                        tr("%n package(s) added: %1", nullptr, run.added.size()).arg(joined(run.added)));
 }
 
-RepoShell::ErrorCode RepoShell::addFile(AddedFile *file,
-                                        const PackageInfo &package,
-                                        bool singlePackage,
-                                        PackageReplacementRules *rules,
-                                        ExportSession *session)
+void RepoShell::addReadFile(const PackageFile &read, bool isLast, AddRun *run)
 {
+    AddedFile file{*run, read.path, isLast};
+    if (!read.package)
+        Q_EMIT critical(tr("Error adding package!"), read.path + QLatin1String(":\n") + read.reason);
+    else if (addFile(&file, *read.package) == SUCCESS)
+        run->added.append(QFileInfo(read.path).fileName());
+}
+
+void RepoShell::finishAdding(AddRun *run, bool stopped)
+{
+    finishSession(&run->session);
+    QList<PackageInfoPtr> unchecked = m_checkDependsOnAdd ? run->records : QList<PackageInfoPtr>();
+    if (!run->records.isEmpty())
+        unchecked += run->wanting;
+    if (!m_closing && !unchecked.isEmpty()) {
+        // The stop was for the adding; what went in is checked until the next one.
+        if (stopped)
+            resetCancel();
+        checkRecords(presentRecords(unchecked));
+    }
+    Q_EMIT requestForSavingPackages(m_packages.all());
+}
+
+RepoShell::ErrorCode RepoShell::addFile(AddedFile *file, const PackageInfo &package)
+{
+    AddRun &run = file->run;
     QStringList architectures{package.architecture};
     if (package.architecture == QLatin1String("all"))
         architectures = repoInfo().architectureList();
@@ -188,19 +132,19 @@ RepoShell::ErrorCode RepoShell::addFile(AddedFile *file,
         PackageInfo record = package;
         record.architecture = architecture;
         record.root = path();
-        if (!file->options.component.isEmpty())
-            record.component = file->options.component;
+        if (!run.options.component.isEmpty())
+            record.component = run.options.component;
         record.indexComponent = record.component;
         record.poolFile = ReproCommand::poolFile(record, package.architecture);
 
-        result = includePackage(file, record, false, session);
+        result = includePackage(file, record, false);
         if (isCollision(result)) {
             const PackageInfoPtr present = m_packages.find(PackageKey::of(record));
             setNewcomer({QFileInfo(file->path).fileName(),
                          record.version,
                          file->isLast && architecture == architectures.last()});
-            if (mustReplace(result, rules, present, singlePackage))
-                result = includePackage(file, record, true, session);
+            if (mustReplace(result, &run.rules, present, run.singlePackage))
+                result = includePackage(file, record, true);
             else
                 Q_EMIT noted(keptText(result, file->path, *present));
         }
@@ -208,7 +152,7 @@ RepoShell::ErrorCode RepoShell::addFile(AddedFile *file,
             const bool remove = ask(tr("Package is unsigned"),
                                     tr("Package is added, but unsigned. Do you want to remove it?"),
                                     false);
-            if (remove && removePackage(m_packages.find(PackageKey::of(record)), session))
+            if (remove && removePackage(m_packages.find(PackageKey::of(record)), &run.session))
                 Q_EMIT noted(
                     tr("Not added: %1. The repository could not be signed with it.").arg(file->path));
             else
@@ -249,9 +193,9 @@ RepoShell::collisionOf(const QString &file, const PackageInfo &package, const Pa
     return ERROR;
 }
 
-RepoShell::ErrorCode
-RepoShell::includePackage(AddedFile *file, const PackageInfo &record, bool replace, ExportSession *session)
+RepoShell::ErrorCode RepoShell::includePackage(AddedFile *file, const PackageInfo &record, bool replace)
 {
+    ExportSession *const session = &file->run.session;
     if (record.architecture == QLatin1String("all")) {
         Q_EMIT critical(tr("Cannot added package %1 with architecture all!").arg(file->path));
         return ERROR;
@@ -292,7 +236,7 @@ RepoShell::includePackage(AddedFile *file, const PackageInfo &record, bool repla
             repoInfo().codename, record.component, record.architecture, record.section, file->source),
         session);
     if (isIncluded(result, record)) {
-        packageIncluded(record, !removed.isEmpty());
+        file->run.records.append(packageIncluded(record, !removed.isEmpty()));
         return ReproAnswer::signingFailed(result.errorOutput) ? PACKAGE_GPGERROR : SUCCESS;
     }
     Q_EMIT critical(tr("Error adding package %1!").arg(file->path), result.errorOutput);
@@ -316,7 +260,7 @@ bool RepoShell::signFile(AddedFile *file)
 {
     if (!file->source.isEmpty())
         return true;
-    if (!file->options.sign) {
+    if (!file->run.options.sign) {
         file->source = file->path;
         return true;
     }
@@ -331,7 +275,7 @@ bool RepoShell::signFile(AddedFile *file)
         return false;
     }
     const SignOutcome outcome
-        = m_signer->sign(file->path, file->signedFolder->path(), file->options.signKeyId);
+        = m_signer->sign(file->path, file->signedFolder->path(), file->run.options.signKeyId);
     file->source = outcome.signedFile;
     if (file->source.isEmpty())
         Q_EMIT critical(outcome.text, file->path + QLatin1String(":\n") + outcome.details);
@@ -370,16 +314,15 @@ ProcessResult RepoShell::runInclude(const QString &arguments, ExportSession *ses
     return result;
 }
 
-void RepoShell::packageIncluded(PackageInfo record, bool replaced)
+PackageInfoPtr RepoShell::packageIncluded(const PackageInfo &record, bool replaced)
 {
-    if (m_checkDependsOnAdd && m_checker)
-        record.dependsInfo = m_checker->check(record, m_packages.all());
-    const PackageInfoPtr package = QSharedPointer<PackageInfo>::create(record);
+    PackageInfoPtr package = QSharedPointer<PackageInfo>::create(record);
     m_packages.append(package);
     if (replaced)
         Q_EMIT packageChanged(package);
     else
         Q_EMIT packageAdded(package);
+    return package;
 }
 
 void RepoShell::restorePackages(const QList<PackageInfoPtr> &packages,

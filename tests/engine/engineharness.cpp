@@ -11,6 +11,8 @@ EngineHarness::EngineHarness()
     info.suite = "stable"_s;
     info.architectures = "amd64"_s;
     info.components = "main contrib"_s;
+    // Whoever wants dependencies checked says so, and gives apt sources of its own.
+    shell.setDependsRepoType(DependsNowhere);
     const auto pair = [](QStringList *list) {
         return [list](const QString &a, const QString &b) { list->append(a + QLatin1Char('|') + b); };
     };

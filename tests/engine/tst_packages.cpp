@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "depends/dependencychecker.h"
 #include "engineharness.h"
 #include "signing/packagesigner.h"
 
@@ -29,21 +28,6 @@ public:
                   readFile(file) + "_gpgorigin      0           0     0     100644  2         `\n"
                       + QByteArray::number(9 + signedFiles.size()));
         return {copy, QString(), QString()};
-    }
-};
-
-class FakeChecker : public DependencyChecker
-{
-public:
-    QStringList checked;
-
-    QSharedPointer<const DependsInfo> check(const PackageInfo &package,
-                                            const QList<PackageInfoPtr> &) override
-    {
-        checked.append(package.name);
-        DependsInfo info;
-        info.status = DependError;
-        return QSharedPointer<DependsInfo>::create(info);
     }
 };
 } // namespace
@@ -279,11 +263,9 @@ private Q_SLOTS:
         QVERIFY(h.listed().isEmpty() && h.settled());
     }
 
-    void signingAndCheckingSeams()
+    void signing()
     {
         RepoHarness h;
-        const auto checker = std::make_shared<FakeChecker>();
-        h.shell.setDependencyChecker(checker);
         const AddOptions options{QString(), true, "ABCD"_s};
         const QStringList file = h.debs("foo");
         h.add(file, options);
@@ -298,10 +280,8 @@ private Q_SLOTS:
         QCOMPARE(h.trouble(), QString());
         QCOMPARE(h.listed().size(), 2);
         signer->signedFiles.clear();
-        checker->checked.clear();
         h.add(file, options);
         QCOMPARE(signer->signedFiles, file);
-        QCOMPARE(h.find(Foo)->dependStatus(), DependError);
         signer->works = false;
         h.choice = Rules::ReplaceThis;
         const QStringList newer = h.debs("foo", "2.0");
@@ -310,10 +290,6 @@ private Q_SLOTS:
         QCOMPARE(h.find(Foo)->version, "1.0"_s);
         QVERIFY2(h.settled() && h.events.isEmpty(),
                  "a key that fails must not cost the package that is there");
-        h.shell.setCheckDependsOnAdd(false);
-        h.add(h.debs("bar"));
-        QCOMPARE(checker->checked, QStringList{Foo});
-        QVERIFY(!h.find("bar"_s)->hasDependsInfo());
     }
 };
 

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/scratchfolder.h"
+#include "engine/exportsession.h"
+#include "engine/reposhell.h"
+
+#include <memory>
+
+/** What a job that adds packages keeps from one file to the next. */
+struct RepoShell::AddRun
+{
+    const AddOptions &options;
+    const bool singlePackage; ///< the job has one package
+    ExportSession session;
+    PackageReplacementRules rules = {};
+    QStringList added = {}; ///< names of the files that are in
+    QList<PackageInfoPtr> records = {}; ///< of what went in, once for each architecture
+    QList<PackageInfoPtr> wanting = {}; ///< to be checked anew when something went in
+};
+
+/** A file on its way into the repository, for one or several architectures. */
+struct RepoShell::AddedFile
+{
+    AddRun &run;
+    QString path;
+    bool isLast = false;
+    QString source
+        = {}; ///< what reprepro gets: the file itself or its signed copy; empty until that is known
+    std::unique_ptr<ScratchFolder> signedFolder = nullptr;
+};

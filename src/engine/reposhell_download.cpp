@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Packages that apt fetches from its sources: those that the user chose, and those that others depend on.
+#include "depends/aptcandidates.h"
+#include "depends/aptutils.h"
+#include "depends/dependsoffers.h"
+#include "depends/dependsparser.h"
+#include "engine/addrun.h"
+#include "engine/jobframe.h"
+#include "engine/packagefile.h"
+
+#include <QFile>
+#include <QVector>
+
+#include <algorithm>
+
+#include <pwd.h>
+#include <unistd.h>
+
+namespace
+{
+/** Run by root, apt fetches as a user of its own, and without any protection where that one may not write. */
+void giveToApt(const QString &folder)
+{
+    if (::geteuid() != 0)
+        return;
+    passwd user{};
+    passwd *found = nullptr;
+    QVector<char> buffer(4096);
+    if (::getpwnam_r("_apt", &user, buffer.data(), static_cast<size_t>(buffer.size()), &found) == 0
+        && found != nullptr && ::chown(QFile::encodeName(folder).constData(), user.pw_uid, user.pw_gid) != 0)
+        return; // apt goes on without the protection
+}
+
+QString startText(int count)
+{
+    return count == 1 ? RepoShell::tr("Downloading package") : RepoShell::tr("Downloading packages");
+}
+
+/** Whether the last check found the package to lack one of these. */
+bool lacks(const PackageInfo &package, const QVector<Dependency> &dependencies)
+{
+    if (!package.hasDependsInfo() || package.dependStatus() == DependSuccess)
+        return false;
+    const auto isWanted = [&dependencies](const Dependency &alternative) {
+        return std::any_of(dependencies.cbegin(), dependencies.cend(), [&](const Dependency &dependency) {
+            return dependency.name == alternative.name && dependency.architecture == alternative.architecture;
+        });
+    };
+    const auto &groups = package.dependsInfo->groups;
+    return std::any_of(groups.cbegin(), groups.cend(), [&isWanted](const DependencyGroup &group) {
+        return group.status != DependSuccess
+               && std::any_of(group.alternatives.cbegin(), group.alternatives.cend(), isWanted);
+    });
+}
+} // namespace
+
+void RepoShell::downloadPackages(const QList<PackageInfo> &packages, const AddOptions &options)
+{
+    if (!packages.isEmpty() && !path().isEmpty())
+        startJob([this, packages, options] { return downloadBody(packages, options); });
+}
+
+void RepoShell::addDependencies(const QVector<Dependency> &dependencies, const AddOptions &options)
+{
+    if (!dependencies.isEmpty() && !path().isEmpty())
+        startJob([this, dependencies, options] { return addDependenciesBody(dependencies, options); });
+}
+
+int RepoShell::downloadBody(const QList<PackageInfo> &packages, const AddOptions &options)
+{
+    JobFrame frame(*this, startText(packages.size()));
+    return fetchAndAdd(packages, options, {}, &frame);
+}
+
+int RepoShell::addDependenciesBody(const QVector<Dependency> &dependencies, const AddOptions &options)
+{
+    JobFrame frame(*this, startText(dependencies.size()));
+    AptCandidates apt(QString(), acceptedOrigins());
+    const DependsOffers offers = findOffers(dependencies, &apt, [this] { return isCanceled(); });
+    QStringList missing;
+    for (const Dependency &dependency : offers.missing)
+        missing.append(dependencyText(dependency));
+    tellAptFailure(apt);
+    if (!missing.isEmpty() && !apt.failed() && !isCanceled())
+        Q_EMIT critical(
+            tr("No source offers: %1").arg(missing.join(QLatin1String(", "))), QString(), WARNING);
+
+    QList<PackageInfoPtr> wanting;
+    const auto packages = m_packages.all();
+    std::copy_if(packages.cbegin(), packages.cend(), std::back_inserter(wanting), [&](const auto &package) {
+        return lacks(*package, dependencies);
+    });
+    return fetchAndAdd(offers.packages, options, wanting, &frame);
+}
+
+int RepoShell::fetchAndAdd(const QList<PackageInfo> &packages,
+                           const AddOptions &options,
+                           const QList<PackageInfoPtr> &wanting,
+                           JobFrame *frame)
+{
+    if (!isDatabaseThere())
+        return frame->finish(
+            ERROR, tr("Added %n package(s) to local repo: %1", nullptr, 0).arg(QString()), DOWNLOAD_JOB);
+    AddRun run{options, packages.size() == 1, makeSession()};
+    run.wanting = wanting;
+    bool stopped = isCanceled();
+    for (int done = 0; done < packages.size() && !stopped; ++done) {
+        const ScratchFolder folder;
+        const PackageFile file = fetch(packages.at(done), folder);
+        stopped = isCanceled() && file.path.isEmpty();
+        if (stopped)
+            break;
+        if (file.path.isEmpty())
+            Q_EMIT critical(AptUtils::tr("Apt: download package %1 error").arg(packages.at(done).name),
+                            file.reason);
+        else
+            addReadFile(file, done + 1 == packages.size(), &run);
+        frame->itemDone(packages.size());
+        stopped = isCanceled() && done + 1 < packages.size();
+    }
+    finishAdding(&run, stopped);
+    const QString added = run.added.join(QLatin1String(", "));
+    if (stopped)
+        return frame->finish(
+            CANCEL,
+            tr("Operation stopped. %1 of %n package(s) added to local repo: %2", nullptr, packages.size())
+                .arg(QString::number(run.added.size()), added),
+            DOWNLOAD_JOB);
+    return frame->finish(SUCCESS,
+                         tr("Added %n package(s) to local repo: %1", nullptr, run.added.size()).arg(added),
+                         DOWNLOAD_JOB);
+}
+
+PackageFile RepoShell::fetch(const PackageInfo &package, const ScratchFolder &folder) const
+{
+    if (!folder.isValid())
+        return {{}, {}, tr("No temporary folder could be made to fetch it into.")};
+    giveToApt(folder.path());
+    AptUtils apt;
+    apt.setStopRequest([this] { return isCanceled(); });
+    QString reason;
+    connect(&apt, &ProcessUtils::error, &apt, [&reason](const QString &, const QString &details) {
+        reason = details;
+    });
+    const QString file = apt.download(package.name, package.version, package.architecture, folder.path());
+    if (file.isEmpty())
+        return {{}, {}, reason.isEmpty() ? tr("apt has left no file of that version.") : reason};
+    return PackageFile::read(file);
+}

@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engineharness.h"
+#include "support/privateapt.h"
+
+#include <QtTest>
+
+namespace
+{
+/** A package that depends on others, for a repository. */
+DebBuilder needing(const char *name, const char *depends)
+{
+    return DebBuilder(QLatin1String(name)).field("Depends"_s, QLatin1String(depends));
+}
+
+/** Names with their dependency states, sorted: "foo 1". */
+QStringList states(const EngineHarness &h)
+{
+    QStringList lines;
+    for (const PackageInfoPtr &package : h.shell.packages())
+        lines << "%1 %2"_s.arg(package->name).arg(package->dependStatus());
+    lines.sort();
+    return lines;
+}
+
+PackageInfo wanted(const char *name, const char *version)
+{
+    PackageInfo package;
+    package.name = QLatin1String(name);
+    package.version = QLatin1String(version);
+    package.architecture = "amd64"_s;
+    return package;
+}
+
+Dependency lacking(const PackageInfoPtr &package, const char *name)
+{
+    return package->dependsInfo->groups.value(QLatin1String(name)).alternatives.value(0);
+}
+} // namespace
+
+/** Jobs that ask apt: the real one, over a local source that holds lib 1.0 and 2.0, food and gone. */
+class TestDepends : public QObject
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_root{"/tmp/vaXXXXXX"_s};
+    std::unique_ptr<PrivateApt> m_apt;
+
+    static EngineHarness::Code check(EngineHarness &h, int type, const QList<PackageInfoPtr> &packages)
+    {
+        h.shell.setDependsRepoType(type);
+        return h.run([&] { h.shell.checkDepends(packages); });
+    }
+    static EngineHarness::Code checkAll(EngineHarness &h, int type)
+    {
+        return check(h, type, h.shell.packages());
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        VELT_NEED_TOOL("reprepro");
+        VELT_NEED_TOOL("apt");
+        VELT_NEED_TOOL("dpkg-scanpackages");
+        const QString pool = m_root.filePath("one/pool"_s);
+        DebBuilder("lib"_s).build(pool);
+        DebBuilder("lib"_s).version("2.0"_s).build(pool);
+        DebBuilder("food"_s).architecture("all"_s).field("Provides"_s, "meal"_s).build(pool);
+        const QString gone = DebBuilder("gone"_s).build(pool);
+        m_apt = std::make_unique<PrivateApt>(m_root.path(), QStringList{"one"_s});
+        QFile::remove(gone);
+    }
+
+    void modes_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<bool>("isSourceOff");
+        QTest::addColumn<QString>("states");
+        QTest::newRow("nowhere") << int(DependsNowhere) << false << "far -1,near -1,plain -1";
+        QTest::newRow("local") << int(DependsLocal) << false << "far 0,near 1,plain 1";
+        QTest::newRow("public") << int(DependsPublic) << false << "far 1,near 0,plain 1";
+        QTest::newRow("everywhere") << int(DependsEverywhere) << false << "far 1,near 1,plain 1";
+        QTest::newRow("without the source") << int(DependsEverywhere) << true << "far 0,near 1,plain 1";
+    }
+    void modes()
+    {
+        QFETCH(int, type);
+        QFETCH(bool, isSourceOff);
+        RepoHarness h;
+        h.add({h.deb(needing("far", "lib (>= 2), meal")),
+               h.deb(needing("near", "plain (= 1.0)")),
+               h.deb(DebBuilder("plain"_s))});
+        if (isSourceOff) {
+            ExternalRepos repos;
+            repos.merge({"file:%1 dogwood main"_s.arg(m_root.filePath("one"_s))});
+            repos.setEnabled(0, false);
+            h.shell.setExternalRepos(repos);
+        }
+        QSignalSpy saving(&h.shell, &RepoShell::requestForSavingPackages);
+        QSignalSpy summaries(&h.shell, &RepoShell::dependsSummary);
+        QCOMPARE(checkAll(h, type), RepoEnums::SUCCESS);
+        QTEST(states(h).join(QLatin1Char(',')), "states");
+        QCOMPARE(h.started + h.finished, (QStringList{"Checking depends"_s, "Depends checked"_s}));
+        QCOMPARE(h.lastJob, RepoEnums::CHECK_DEPENDS_JOB);
+        QCOMPARE(h.trouble(), QString());
+        QCOMPARE(h.ranges, (QVector<int>{0, 3}));
+        const int runs = type == DependsNowhere ? 0 : 1;
+        QCOMPARE(h.events.size(), 3 * runs);
+        QCOMPARE(h.steps.last(), 3 * runs);
+        QCOMPARE(saving.count(), runs);
+        QCOMPARE(summaries.count(), runs);
+        if (type == DependsLocal) {
+            const QString summary = summaries.first().first().toStringList().join(QLatin1Char('|'));
+            QVERIFY2(summary.contains("lib, by 1"_s) && summary.contains("meal, by 1"_s),
+                     qPrintable(summary));
+        }
+        // What was found is there again with the repository.
+        const QStringList found = states(h);
+        h.open(h.repoPath());
+        QCOMPARE(states(h), found);
+    }
+
+    void stopped()
+    {
+        RepoHarness h;
+        h.add(h.debs("a b c d e f g h i j"));
+        const auto packages = h.shell.packages();
+        h.remove({h.find("a"_s)});
+        int left = 3;
+        const auto counting = connect(
+            &h.shell,
+            &RepoShell::packageChanged,
+            &h.shell,
+            [&] {
+                if (--left == 0)
+                    h.shell.cancel();
+            },
+            Qt::DirectConnection);
+        // Of these ten one has left the repository meanwhile.
+        QCOMPARE(check(h, DependsLocal, packages), RepoEnums::CANCEL);
+        QCOMPARE(h.lastMessage(), "Operation stopped. 3 of 9 package(s) depends checked"_s);
+        QCOMPARE(h.events.size(), 3);
+        disconnect(counting);
+        QCOMPARE(check(h, DependsLocal, {packages.first()}), RepoEnums::SUCCESS);
+        QVERIFY(h.events.isEmpty());
+        h.open(h.repoPath());
+        QCOMPARE(states(h).filter(" 1"_s).size(), 3);
+        QCOMPARE(checkAll(h, DependsLocal), RepoEnums::SUCCESS);
+        QCOMPARE(states(h).filter(" 1"_s).size(), 9);
+        // Taking packages out moves the others, and a record still gets into its own place.
+        h.remove({h.find("c"_s), h.find("e"_s)});
+        checkAll(h, DependsLocal);
+        QCOMPARE(h.listed().size(), 7);
+        QVERIFY(h.settled());
+    }
+
+    void addedPackagesMeetEachOther()
+    {
+        RepoHarness h;
+        h.shell.setDependsRepoType(DependsEverywhere);
+        QSignalSpy saving(&h.shell, &RepoShell::requestForSavingPackages);
+        h.add({h.deb(needing("first", "second, lib")),
+               h.deb(needing("second", "first")),
+               h.deb(needing("lost", "nothing"))});
+        QCOMPARE(states(h), (QStringList{"first 1"_s, "lost 0"_s, "second 1"_s}));
+        QCOMPARE(h.events.size(), 6);
+        QCOMPARE(h.events.filter("+"_s), h.events.mid(0, 3));
+        QCOMPARE(saving.count(), 1);
+        QVERIFY(h.settled());
+
+        const QStringList more = h.debs("x y");
+        const auto stopping = connect(
+            &h.shell, &RepoShell::packageAdded, &h.shell, [&] { h.shell.cancel(); }, Qt::DirectConnection);
+        QCOMPARE(h.add(more), RepoEnums::CANCEL);
+        QCOMPARE(h.events, (QStringList{"+x 1.0 amd64"_s, "~x 1.0 amd64"_s}));
+        disconnect(stopping);
+        h.shell.setCheckDependsOnAdd(false);
+        h.add(more);
+        QCOMPARE(h.events, QStringList{"+y 1.0 amd64"_s});
+        h.shell.setCheckDependsOnAdd(true);
+        connect(
+            &h.shell,
+            &RepoShell::packageAdded,
+            &h.shell,
+            [&] { h.shell.setClosing(); },
+            Qt::DirectConnection);
+        h.add(h.debs("z"));
+        QCOMPARE(h.events, QStringList{"+z 1.0 amd64"_s});
+    }
+
+    void download()
+    {
+        RepoHarness h;
+        const auto run = [&h](const QList<PackageInfo> &packages) {
+            return h.run([&] { h.shell.downloadPackages(packages); });
+        };
+        QCOMPARE(run({wanted("lib", "1.0"), wanted("gone", "1.0"), wanted("food", "1.0")}),
+                 RepoEnums::SUCCESS);
+        QCOMPARE(h.started + h.finished,
+                 (QStringList{"Downloading packages"_s,
+                              "Added 2 package(s) to local repo: lib_1.0_amd64.deb, food_1.0_all.deb"_s}));
+        QCOMPARE(h.lastJob, RepoEnums::DOWNLOAD_JOB);
+        QCOMPARE(h.criticals.size(), 1);
+        QVERIFY2(h.trouble().startsWith("Apt: download package gone error|"_s) && h.trouble().size() > 40,
+                 qPrintable(h.trouble()));
+        QCOMPARE(h.ranges, (QVector<int>{0, 3}));
+        QCOMPARE(h.listed(), (QStringList{"food 1.0 main amd64"_s, "lib 1.0 main amd64"_s}));
+        QVERIFY(h.settled());
+        // It collides like any other file.
+        h.choice = PackageReplacementRules::ReplaceThis;
+        QCOMPARE(run({wanted("lib", "2.0")}), RepoEnums::SUCCESS);
+        QCOMPARE(h.collisions, QVector<RepoEnums::ErrorCode>{RepoEnums::PACKAGE_EXISTS_OLD_VERSION});
+        QCOMPARE(h.find("lib"_s)->version, "2.0"_s);
+        QCOMPARE(h.trouble(), QString());
+    }
+
+    void stoppedDownload()
+    {
+        RepoHarness h;
+        const auto restore = qScopeGuard([path = qgetenv("PATH")] { qputenv("PATH", path); });
+        const QString running = h.folder.filePath("running"_s);
+        writeScript(h.folder.filePath("bin/apt"_s),
+                    "#!/bin/sh\n: >" + running.toLocal8Bit() + "\nsleep 60 & wait\n");
+        qputenv("PATH", h.folder.filePath("bin"_s).toLocal8Bit() + ':' + qgetenv("PATH"));
+        QTimer waiting;
+        connect(&waiting, &QTimer::timeout, this, [&] {
+            if (QFile::exists(running))
+                h.shell.cancel();
+        });
+        waiting.start(20);
+        QElapsedTimer time;
+        time.start();
+        QCOMPARE(h.run([&] {
+            h.shell.downloadPackages({wanted("lib", "1.0"), wanted("lib", "2.0")});
+        }),
+                 RepoEnums::CANCEL);
+        QVERIFY(time.elapsed() < 30000);
+        QCOMPARE(h.lastMessage(), "Operation stopped. 0 of 2 package(s) added to local repo: "_s);
+        QCOMPARE(h.trouble(), QString());
+    }
+
+    void dependenciesAreFetched()
+    {
+        RepoHarness h;
+        h.add({h.deb(needing("hungry", "meal, lib (>= 1)")),
+               h.deb(needing("lost", "lib (>= 2), nothing (>= 3)")),
+               h.deb(needing("late", "lib (<< 2)"))});
+        checkAll(h, DependsLocal);
+        QCOMPARE(states(h), (QStringList{"hungry 0"_s, "late 0"_s, "lost 0"_s}));
+        const auto hungry = h.find("hungry"_s);
+        const auto lost = h.find("lost"_s);
+        h.run([&] {
+            h.shell.addDependencies({lacking(hungry, "meal"),
+                                     lacking(lost, "nothing"),
+                                     lacking(hungry, "lib"),
+                                     lacking(lost, "lib")});
+        });
+        QCOMPARE(h.lastMessage(), "Added 2 package(s) to local repo: food_1.0_all.deb, lib_2.0_amd64.deb"_s);
+        QCOMPARE(h.criticals, QStringList{"No source offers: nothing (>= 3)|"_s});
+        QCOMPARE(states(h), (QStringList{"food 1"_s, "hungry 1"_s, "late 0"_s, "lib 1"_s, "lost 0"_s}));
+        QCOMPARE(lacking(h.find("lost"_s), "lib").status, DependSuccess);
+        QCOMPARE(h.events.filter("~"_s).size(), 5);
+        QVERIFY(h.settled());
+    }
+
+    void brokenApt()
+    {
+        const auto restore = qScopeGuard([config = qgetenv("APT_CONFIG")] { qputenv("APT_CONFIG", config); });
+        RepoHarness h;
+        writeFile(h.folder.filePath("apt.conf"_s), "Dir::Etc \"" + h.folder.path().toLocal8Bit() + "\";");
+        writeFile(h.folder.filePath("sources.list"_s), "nonsense\n");
+        qputenv("APT_CONFIG", h.folder.filePath("apt.conf"_s).toLocal8Bit());
+        h.add({h.deb(needing("far", "lib")), h.deb(needing("near", "far")), h.deb(needing("other", "meal"))});
+        QSignalSpy criticals(&h.shell, &RepoShell::critical);
+        QCOMPARE(checkAll(h, DependsEverywhere), RepoEnums::SUCCESS);
+        QCOMPARE(states(h), (QStringList{"far 0"_s, "near 1"_s, "other 0"_s}));
+        QCOMPARE(criticals.count(), 1);
+        QCOMPARE(criticals.first().at(0).toString(), "Apt error"_s);
+        QVERIFY(!criticals.first().at(1).toString().isEmpty());
+        QCOMPARE(criticals.first().at(2).value<RepoEnums::ErrorType>(), RepoEnums::WARNING);
+        // Nothing is said of offers that nobody could ask for.
+        h.run([&] { h.shell.addDependencies({lacking(h.find("far"_s), "lib")}); });
+        QCOMPARE(h.criticals.size(), 1);
+        QVERIFY(h.trouble().startsWith("Apt error|"_s));
+    }
+};
+
+VELT_TEST_MAIN(TestDepends, QCoreApplication)
+#include "tst_depends.moc"

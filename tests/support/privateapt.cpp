@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/privateapt.h"
+
+#include "support/literals.h"
+
+#include <QProcess>
+
+namespace
+{
+const QString SetUp = QStringLiteral(R"(cd "$0"
+mkdir -p etc/apt.conf.d etc/preferences.d etc/trusted.gpg.d lists/partial cache/archives/partial
+: >status
+for source; do
+    mkdir -p $source/dists/dogwood/main/binary-amd64
+    (cd $source; dpkg-scanpackages -m pool >dists/dogwood/main/binary-amd64/Packages)
+    echo "deb [trusted=yes arch=amd64] file:$0/$source dogwood main" >>etc/sources.list
+done
+cat >apt.conf <<END
+Dir::Etc "$0/etc"; Dir::Etc::Parts "$0/etc/apt.conf.d"; Dir::State "$0"; Dir::State::lists "$0/lists";
+Dir::State::status "$0/status"; Dir::Cache "$0/cache"; Dir::Log "$0/log";
+APT::Sandbox::User ""; APT::Architecture "amd64";
+END
+APT_CONFIG=apt.conf apt-get -qq update)");
+} // namespace
+
+PrivateApt::PrivateApt(const QString &root, const QStringList &sources)
+    : m_before(qgetenv("APT_CONFIG"))
+{
+    if (QProcess::execute("sh"_s, QStringList{"-ec"_s, SetUp, root} + sources) != 0)
+        qFatal("apt could not be set up");
+    qputenv("APT_CONFIG", root.toLocal8Bit() + "/apt.conf");
+}
+
+PrivateApt::~PrivateApt()
+{
+    if (m_before.isEmpty())
+        qunsetenv("APT_CONFIG");
+    else
+        qputenv("APT_CONFIG", m_before);
+}
