@@ -33,16 +33,28 @@ private:
     bool m_ownGroup; ///< so that a shell can be killed together with its pipeline
 };
 
-void waitForEnd(QProcess &process, const std::function<bool()> &stopped)
+/** Returns the program's standard output. */
+QByteArray waitForEnd(QProcess &process, const ProcessCall &call)
 {
-    constexpr int StopInterval = 50; // milliseconds
-    while (stopped && !process.waitForFinished(StopInterval) && process.state() != QProcess::NotRunning) {
-        if (stopped()) {
+    constexpr int Interval = 50; // milliseconds
+    QByteArray output;
+    const auto takeOutput = [&] {
+        const QByteArray news = process.readAllStandardOutput();
+        output += news;
+        if (call.printed && !news.isEmpty())
+            call.printed(news);
+    };
+    while ((call.stopped || call.printed) && !process.waitForFinished(Interval)
+           && process.state() != QProcess::NotRunning) {
+        takeOutput();
+        if (call.stopped && call.stopped()) {
             ::kill(-static_cast<pid_t>(process.processId()), SIGKILL);
             break;
         }
     }
     process.waitForFinished(-1);
+    takeOutput();
+    return output;
 }
 
 QProcessEnvironment environmentWith(const QStringList &entries)
@@ -74,9 +86,8 @@ ProcessResult runProcess(const ProcessCall &call)
     }
     // Nobody answers a prompt: a tool that asks reads the end of its input and gives up.
     process.closeWriteChannel();
-    waitForEnd(process, call.stopped);
+    result.output = QString::fromLocal8Bit(waitForEnd(process, call));
     result.errorOutput = QString::fromLocal8Bit(process.readAllStandardError());
-    result.output = QString::fromLocal8Bit(process.readAllStandardOutput());
     result.exitCode = process.exitCode();
     result.exitStatus = process.exitStatus();
     return result;
@@ -85,6 +96,6 @@ ProcessResult runProcess(const ProcessCall &call)
 bool ProcessUtils::run(const QString &program, const QStringList &arguments, const QString &workingDirectory)
 {
     m_result = {};
-    m_result = runProcess({program, arguments, workingDirectory, {}, -1, m_stopped});
+    m_result = runProcess({program, arguments, workingDirectory, m_environment, -1, m_stopped});
     return m_result.succeeded();
 }

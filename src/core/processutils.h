@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QObject>
 #include <QProcess>
 #include <QString>
@@ -31,6 +32,8 @@ struct ProcessCall
     int umask = -1; ///< file mode mask of the program; -1: our own
     /** Asked several times a second, on the calling thread; true kills the program and what it has started. */
     std::function<bool()> stopped = {};
+    /** Gets what the program has printed since the last call, while it runs; on the calling thread. */
+    std::function<void(const QByteArray &output)> printed = {};
 };
 
 /**
@@ -55,6 +58,8 @@ public:
 
     /** The programs of later runs are killed as soon as this answers true, see ProcessCall::stopped. */
     void setStopRequest(const std::function<bool()> &stopped) { m_stopped = stopped; }
+    /** "NAME=value" entries that later runs get on top of our own environment. */
+    void setEnvironment(const QStringList &entries) { m_environment = entries; }
 
     QString errorOutput() const { return m_result.errorOutput; }
     QString output() const { return m_result.output; }
@@ -71,4 +76,5 @@ protected:
 private:
     ProcessResult m_result;
     std::function<bool()> m_stopped;
+    QStringList m_environment;
 };
