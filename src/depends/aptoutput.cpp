@@ -75,6 +75,7 @@ struct ShownVersion
     QString name;
     QString version;
     QVector<Source> sources;
+    QString file;
 };
 
 /** The sources of a record: apt 2.6 names only the first; those on continuation lines are read as well. */
@@ -104,7 +105,10 @@ QVector<ShownVersion> shownVersions(const QString &show)
             continue;
         const QString name = AptOutput::fieldValues(record, PackageField::Package).value(0);
         // Foreign architectures qualify the name.
-        result.append({name.section(QLatin1Char(':'), 0, 0), version, recordSources(record)});
+        result.append({name.section(QLatin1Char(':'), 0, 0),
+                       version,
+                       recordSources(record),
+                       AptOutput::fieldValues(record, PackageField::Filename).value(0)});
     }
     return result;
 }
@@ -159,7 +163,7 @@ QVector<AptPackageRecord> records(const QString &show)
     for (const ShownVersion &version : shown) {
         for (const Source &source : version.sources) {
             const AptPackageRecord record{
-                version.name, version.version, source.architecture, source.origin()};
+                version.name, version.version, source.architecture, source.origin(), version.file};
             // The same version with other contents in another component of the source.
             const bool known = std::any_of(result.cbegin(), result.cend(), [&record](const auto &other) {
                 return other.name == record.name && other.version == record.version

@@ -13,6 +13,7 @@ struct AptPackageRecord
     QString version;
     QString architecture; ///< of the index that lists it, so never "all"
     QString repository; ///< origin text: URI, suite and architecture
+    QString file; ///< the package's file below the URI; empty unless apt is set up to show whole records
 };
 
 /** Whether one source line of a repository serves all its architectures, or each gets a line of its own. */

@@ -8,6 +8,17 @@
 #include <algorithm>
 #include <iterator>
 
+namespace
+{
+/** A name, or a name and an architecture with a colon between them. */
+bool isPackageWord(const QString &word)
+{
+    const int colon = word.indexOf(QLatin1Char(':'));
+    return AptCommands::isPackageName(word.left(colon))
+           && (colon < 0 || AptCommands::isArchitecture(word.mid(colon + 1)));
+}
+} // namespace
+
 AptUtils::AptUtils(QObject *parent)
     : ProcessUtils(parent)
     , m_workingDirectory(QDir::currentPath())
@@ -72,7 +83,7 @@ QVector<AptPackageRecord> AptUtils::packageRecords(const QString &name)
 QVector<AptPackageRecord> AptUtils::packageRecords(const QStringList &names)
 {
     QStringList accepted;
-    std::copy_if(names.cbegin(), names.cend(), std::back_inserter(accepted), AptCommands::isPackageName);
+    std::copy_if(names.cbegin(), names.cend(), std::back_inserter(accepted), isPackageWord);
     if (accepted.isEmpty())
         return {};
     // One unknown name makes apt fail, but it shows the others.
