@@ -32,6 +32,7 @@ struct PackageInfo
     QString root; ///< the repository's directory; empty for a file outside a repository
     QString repository; ///< origin text of the public source that offers it; empty for a package of our own
     QString poolFile; ///< path below root when the paragraph has no Filename field; else empty
+    QString signingKey; ///< text of the key that signed the package file; empty when it is unsigned
     QSharedPointer<const DependsInfo> dependsInfo; ///< null as long as nothing is stored
 
     QString maintainer() const { return control.field("Maintainer"); }
@@ -42,6 +43,7 @@ struct PackageInfo
     /** The file's name without folders; empty when it is not known. */
     QString fileName() const;
 
+    bool isSigned() const { return !signingKey.isEmpty(); }
     bool hasDependsInfo() const { return !dependsInfo.isNull(); }
     DependStatus dependStatus() const { return dependsInfo ? dependsInfo->status : DependUndefined; }
 };

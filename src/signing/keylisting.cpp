@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "signing/keylisting.h"
+
+#include "core/processutils.h"
+#include "signing/signprocess.h"
+
+#include <QElapsedTimer>
+#include <QFutureWatcher>
+#include <QtConcurrent>
+
+KeyListing KeyListing::read()
+{
+    const auto known = readSecretKeys();
+    if (!known)
+        return {};
+    return judge(SignProcess::keys(), *known, QDateTime::currentDateTime());
+}
+
+void KeyListing::readAside(QObject *context, const Receiver &receiver)
+{
+    auto *watcher = new QFutureWatcher<KeyListing>(context);
+    QObject::connect(watcher, &QFutureWatcherBase::finished, context, [watcher, receiver] {
+        watcher->deleteLater();
+        receiver(watcher->result());
+    });
+    watcher->setFuture(QtConcurrent::run(&KeyListing::read));
+}
+
+KeyListing KeyListing::judge(const QStringList &keys, const QVector<SigningKey> &known, const QDateTime &now)
+{
+    KeyListing listing;
+    listing.keys = keys;
+    for (const QString &text : keys) {
+        const int bracket = text.lastIndexOf(QLatin1Char('['));
+        const SigningKey key = SigningKey::find(known, text.mid(bracket + 1, text.size() - bracket - 2));
+        const QString obstacle = key.obstacle();
+        const QString warning = key.warning(now);
+        if (!obstacle.isEmpty())
+            listing.unusable.insert(text, obstacle);
+        if (!warning.isEmpty())
+            listing.warnings.insert(text, warning);
+    }
+    return listing;
+}
+
+std::optional<QVector<SigningKey>> readSecretKeys()
+{
+    constexpr int TimeLimit = 30000; // milliseconds
+    QElapsedTimer clock;
+    clock.start();
+    ProcessCall call{QStringLiteral("gpg"),
+                     {QStringLiteral("--batch"),
+                      QStringLiteral("--no-tty"),
+                      QStringLiteral("--with-colons"),
+                      QStringLiteral("--list-secret-keys")},
+                     {},
+                     {}};
+    call.stopped = [&clock] { return clock.hasExpired(TimeLimit); };
+    const ProcessResult result = runProcess(call);
+    if (!result.succeeded())
+        return std::nullopt;
+    return SigningKey::parse(result.output);
+}
