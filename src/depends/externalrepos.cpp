@@ -118,6 +118,17 @@ bool isInvisible(QChar character)
            || category == QChar::Other_Format || category == QChar::Separator_Line
            || category == QChar::Separator_Paragraph;
 }
+
+/** An alias as it is kept: on one line, without what would turn round or hide the text around it. */
+QString visibleAlias(const QString &alias)
+{
+    QString visible;
+    const QString text = alias.simplified();
+    std::copy_if(text.cbegin(), text.cend(), std::back_inserter(visible), [](QChar character) {
+        return !isInvisible(character);
+    });
+    return visible;
+}
 } // namespace
 
 // --- storage -----------------------------------------------------------------------------------------------------
@@ -163,7 +174,7 @@ ExternalRepos ExternalRepos::load(QSettings &settings)
     const QStringList keys = settings.childKeys();
     for (const QString &key : keys) {
         const QString source = QUrl::fromPercentEncoding(key.toUtf8());
-        const QString alias = settings.value(key).toString().simplified();
+        const QString alias = visibleAlias(settings.value(key).toString());
         if (!alias.isEmpty() && refusal(source).isEmpty())
             repos.storedEntry(normalised(source)).alias = alias;
     }
@@ -308,12 +319,7 @@ bool ExternalRepos::setSource(const QString &source, int row)
 
 void ExternalRepos::setAlias(int row, const QString &alias)
 {
-    QString visible;
-    const QString text = alias.simplified();
-    std::copy_if(text.cbegin(), text.cend(), std::back_inserter(visible), [](QChar character) {
-        return !isInvisible(character);
-    });
-    m_entries[row].alias = visible;
+    m_entries[row].alias = visibleAlias(alias);
 }
 
 void ExternalRepos::setEnabled(int row, bool enabled)

@@ -187,8 +187,10 @@ private Q_SLOTS:
             "Aliases=7\nDisabledRepos=x\n[DisabledRepos]\nrepo1=1, 2\nrepo2=@Invalid()\nrepo3=http://h s\n"
             "repo4=@ByteArray(http://h s main)\nrepo5=http://h s main\\nx\ndeep\\repo1=http://d s main\n"
             "[EnabledRepos]\nx=@Variant(\\0\\0\\0\\x7f)\nrepo1=true\nrepo9=deb  http://ok   s main\n"
-            "[Aliases]\n%=a\nhttp%253A%252F%252Fh%2520s%2520main=\nhttp%253A%252F%252Fb%2520s%2520m=a, b\n");
-        QCOMPARE(printed(stored()), (QStringList{"-http://h s main ?"_s, "http://ok s main added"_s}));
+            "[Aliases]\n%=a\nhttp%253A%252F%252Fh%2520s%2520main=\nhttp%253A%252F%252Fb%2520s%2520m=a, b\n"
+            "http%253A%252F%252Fc%2520s%2520m=\\x202ez\n");
+        QCOMPARE(printed(stored()),
+                 (QStringList{"http://c s m (z) ?"_s, "-http://h s main ?"_s, "http://ok s main added"_s}));
         const QString folder = m_folder.filePath("file/below"_s);
         writeFile(m_folder.filePath("file"_s), "x");
         QSettings nowhere(folder, QSettings::IniFormat);
