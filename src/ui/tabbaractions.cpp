@@ -35,8 +35,8 @@ TabBarActions::TabBarActions(QTabWidget *tabs, QObject *parent)
 
 bool TabBarActions::eventFilter(QObject *watched, QEvent *event)
 {
-    const auto *bar = static_cast<const QTabBar *>(watched);
     if (event->type() == QEvent::ContextMenu) {
+        const QTabBar *bar = m_tabs->tabBar();
         const auto *request = static_cast<QContextMenuEvent *>(event);
         const bool byKey = request->reason() == QContextMenuEvent::Keyboard;
         const int index = byKey ? bar->currentIndex() : bar->tabAt(request->pos());
@@ -48,7 +48,7 @@ bool TabBarActions::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease) {
         const auto *click = static_cast<QMouseEvent *>(event);
         if (click->button() == Qt::MiddleButton) {
-            const int index = bar->tabAt(click->pos());
+            const int index = m_tabs->tabBar()->tabAt(click->pos());
             QWidget *page = m_tabs->widget(index);
             const QPointer<QWidget> pressed = m_pressed;
             m_pressed = event->type() == QEvent::MouseButtonPress ? page : nullptr;
