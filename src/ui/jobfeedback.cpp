@@ -98,6 +98,10 @@ void JobFeedback::attach(RepoWidget *widget)
             [this, widget](const QString &text, const QString &details, RepoEnums::ErrorType type) {
                 jobError(widget, text, details, type);
             });
+    connect(widget->repoShell(), &RepoShell::dependsSummary, this, [this, widget](const QStringList &lines) {
+        for (const QString &line : lines)
+            appendLog(widget, line);
+    });
     connect(&m_tabs, &RepoTabs::runningChanged, widget, [this, widget](const RepoWidget *changed) {
         if (changed == widget && !m_tabs.isRunning(widget) && m_jobs.contains(widget)) {
             m_jobs[widget].shown = false;

@@ -6,7 +6,9 @@
 #include "platform/veltaboutdialog.h"
 #include "platform/windowgeometry.h"
 #include "ui/closingsequence.h"
+#include "ui/dependscommands.h"
 #include "ui/dependsmodes.h"
+#include "ui/dependsreportcommands.h"
 #include "ui/emptypage.h"
 #include "ui/jobfeedback.h"
 #include "ui/mnemonics.h"
@@ -61,8 +63,6 @@ MainWindow::MainWindow()
     buildLogDock();
     buildDependsMenu();
     giveToolButtonsIcons();
-    buildPackageMenu();
-    Mnemonics::mark(m_ui->menuBar, m_ui->m_recentReposMenu);
 
     m_tabs = new RepoTabs(m_ui->tabWidget, this);
     m_feedback = new JobFeedback(*m_tabs, *m_prompts, m_ui->m_statusBar, m_log, this);
@@ -71,6 +71,10 @@ MainWindow::MainWindow()
     m_repositories = new RepositoryCommands(*m_tabs, *m_prompts, *m_feedback, *m_recent, this);
     m_packages = new PackageCommands(*m_tabs, *m_prompts, *m_feedback, *m_settings, *m_repositories, this);
     new SourcesListCommand(m_ui->m_sourceListAction, m_ui->m_publicationMenu, *m_prompts, this);
+    m_depends = new DependsCommands(*m_ui, *m_tabs, *m_prompts, *m_feedback, *m_settings, this);
+    m_reports = new DependsReportCommands(*m_tabs, *m_prompts, *m_feedback, this);
+    buildPackageMenu();
+    Mnemonics::mark(m_ui->menuBar, m_ui->m_recentReposMenu);
     m_closing = new ClosingSequence(*m_tabs, *m_prompts, *m_repositories, this);
 
     disableUnfinished();
@@ -95,6 +99,8 @@ MainWindow::MainWindow()
     });
     connect(m_prompts, &Prompts::freed, this, &MainWindow::serveArrivals);
     connect(m_dependsModes, &DependsModes::chosen, m_settings, &SettingsCommands::setDependsRepoType);
+    connect(m_depends, &DependsCommands::stateChanged, this, &MainWindow::updateActions);
+    connect(m_reports, &DependsReportCommands::stateChanged, this, &MainWindow::updateActions);
     connect(m_settings, &SettingsCommands::changed, this, &MainWindow::showChoices);
     connect(m_closing, &ClosingSequence::began, this, &MainWindow::beginClosing);
     connect(m_closing, &ClosingSequence::finished, this, &MainWindow::close);
@@ -108,6 +114,7 @@ MainWindow::MainWindow()
     m_showLogAction->setChecked(m_state.extendedLog);
     onExtendedLogChanged(m_state.extendedLog);
     m_ui->m_hideStatusLineAction->setChecked(m_state.statusLineHidden);
+    m_depends->setArrangement(m_state.depends);
     showChoices();
     updateTitle();
     updateActions();
@@ -168,9 +175,10 @@ void MainWindow::buildPackageMenu()
     m_packageMenu = new PackageMenu(
         {{m_ui->m_addPackagesAction},
          {m_ui->m_removePackagesAction, m_ui->m_signPackagesAction, m_ui->m_exportSelectedPackagesAction},
-         {m_ui->m_checkDependStartAction},
+         QList<QAction *>{m_ui->m_checkDependStartAction} + m_reports->actions(),
          {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
         this);
+    m_ui->m_editMenu->insertActions(m_ui->m_changeRepoAction, m_reports->actions());
     m_ui->m_menuView->addMenu(m_packageMenu->packetFilterMenu());
 }
 
@@ -194,7 +202,7 @@ void MainWindow::giveToolButtonsIcons()
     give(m_ui->m_addSrcListAction, "bookmark-new");
     give(m_ui->m_sourceListAction, "view-list-details");
     give(m_ui->m_removeSrcListAction, "bookmark-remove");
-    give(m_ui->m_addPackageFromExtRepoAction, "cloud-download");
+    give(m_ui->m_addPackageFromExtRepoAction, "globe");
     give(m_ui->m_addPkgSettingsAction, "configure");
     give(m_ui->m_checkDependsAction, "dialog-ok-apply");
 }
@@ -207,15 +215,12 @@ void MainWindow::disableUnfinished()
                             m_ui->m_addSrcListAction,
                             m_ui->m_removeSrcListAction,
                             m_ui->m_signPackagesAction,
-                            m_ui->m_checkDependStartAction,
-                            m_ui->m_addToLocalRepoAction,
                             m_ui->m_exportAllPackagesAction,
                             m_ui->m_exportFullRepoAction,
                             m_ui->m_exportSelectedPackagesAction,
                             m_ui->m_exportRepoAction,
                             m_ui->m_importRepoAction,
                             m_ui->m_importPackagesAction,
-                            m_ui->m_addPackageFromExtRepoAction,
                             m_ui->m_showPublishedReposAction,
                             m_ui->m_exportWithDependsAction,
                             m_ui->m_upgradeRepoAction,
@@ -308,6 +313,8 @@ void MainWindow::updateActions()
     m_ui->m_changeRepoAction->setEnabled(free);
     // With no tab at all the command says what is missing.
     m_ui->m_addPackagesAction->setEnabled(free || widget == nullptr);
+    m_depends->updateActions();
+    m_reports->updateActions();
     m_ui->m_removePackagesAction->setEnabled(free && m_canRemovePackages.value(widget));
 }
 
@@ -473,6 +480,7 @@ void MainWindow::saveState()
     veltSaveGeometry(this, settings, true);
     m_state.extendedLog = m_showLogAction->isChecked();
     m_state.statusLineHidden = m_ui->m_hideStatusLineAction->isChecked();
+    m_state.depends = m_depends->arrangement();
     const RepoWidget *front = m_tabs->current();
     m_state.currentRepository = front == nullptr ? QString() : m_tabs->pathOf(front);
     m_state.save(settings);

@@ -10,7 +10,9 @@
 #include <memory>
 
 class ClosingSequence;
+class DependsCommands;
 class DependsModes;
+class DependsReportCommands;
 class EmptyPage;
 class JobFeedback;
 class PackageCommands;
@@ -98,6 +100,8 @@ private:
     SettingsCommands *m_settings;
     RepositoryCommands *m_repositories;
     PackageCommands *m_packages;
+    DependsCommands *m_depends;
+    DependsReportCommands *m_reports;
     ClosingSequence *m_closing;
 
     QMap<const RepoWidget *, bool> m_canRemovePackages;

@@ -164,7 +164,7 @@ void PackageCommands::startAdding(RepoWidget *widget, const QStringList &files)
 {
     const QPointer<RepoWidget> guard(widget);
     const QStringList components = widget->repoShell()->repoInfo().componentList();
-    if (m_settings.choices().showAddPkgSettings && !m_settings.editAddSettings(components))
+    if (!m_settings.confirmAddSettings(components))
         return;
     if (guard.isNull())
         return;
@@ -173,15 +173,7 @@ void PackageCommands::startAdding(RepoWidget *widget, const QStringList &files)
         m_waiting[widget] << files;
         return;
     }
-    const UserChoices &choices = m_settings.choices();
-    AddOptions options;
-    // The component may stem from another repository; one that is not offered here leaves packages in their own.
-    if (components.contains(choices.currentComponent))
-        options.component = choices.currentComponent;
-    options.signKeyId = choices.signKeyId;
-    options.sign = m_settings.isSigningOffered() && choices.signPackage && !choices.signKeyId.isEmpty();
-    widget->repoShell()->setCheckDependsOnAdd(choices.addPkgCheckDepends);
-    widget->repoShell()->addPackages(files, options);
+    widget->repoShell()->addPackages(files, m_settings.addOptions(components));
 }
 
 void PackageCommands::removePackages()

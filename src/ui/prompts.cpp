@@ -3,11 +3,26 @@
 
 #include <QAbstractButton>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTextEdit>
+
+#include <algorithm>
+
+namespace
+{
+/** Package files have long names, and the toolkit's own dialog comes up too narrow for them. */
+void giveRoom(QFileDialog &dialog)
+{
+    constexpr QSize Characters(120, 30);
+    const QSize wished(Characters.width() * dialog.fontMetrics().averageCharWidth(),
+                       Characters.height() * dialog.fontMetrics().lineSpacing());
+    dialog.resize(wished.boundedTo(dialog.screen()->availableSize() * 4 / 5));
+}
+} // namespace
 
 Prompts::Prompts(QWidget *window)
     : QObject(window)
@@ -140,10 +155,44 @@ void Prompts::showNextError()
     box->open();
 }
 
+Prompts::FileChoice Prompts::saveFile(const QString &title,
+                                      const QString &folder,
+                                      const QString &name,
+                                      const QStringList &filters)
+{
+    const auto suffixOf = [](const QString &filter) {
+        return filter.section(QLatin1String("*."), 1).section(QLatin1Char(')'), 0, 0);
+    };
+    QFileDialog dialog(m_window, title, folder);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(suffixOf(filters.first()));
+    dialog.selectFile(name);
+    giveRoom(dialog);
+    // A proposed name of one kind would otherwise stand in the way of another that is chosen.
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString &filter) {
+        dialog.setDefaultSuffix(suffixOf(filter));
+        const QFileInfo chosen(dialog.selectedFiles().value(0));
+        const bool isOfKind = std::any_of(filters.cbegin(), filters.cend(), [&](const QString &other) {
+            return chosen.suffix() == suffixOf(other);
+        });
+        if (isOfKind)
+            dialog.selectFile(chosen.completeBaseName() + QLatin1Char('.') + suffixOf(filter));
+    });
+    if (run(dialog) != QDialog::Accepted)
+        return {};
+    const QString path = dialog.selectedFiles().value(0);
+    const auto fitting = std::find_if(filters.cbegin(), filters.cend(), [&](const QString &filter) {
+        return path.endsWith(QLatin1Char('.') + suffixOf(filter), Qt::CaseInsensitive);
+    });
+    return {path, fitting == filters.cend() ? dialog.selectedNameFilter() : *fitting};
+}
+
 QStringList Prompts::openFiles(const QString &title, const QString &folder, const QString &filter)
 {
     QFileDialog dialog(m_window, title, folder, filter);
     dialog.setFileMode(QFileDialog::ExistingFiles);
+    giveRoom(dialog);
     return run(dialog) == QDialog::Accepted ? dialog.selectedFiles() : QStringList();
 }
 
@@ -152,6 +201,7 @@ QString Prompts::directory(const QString &title, const QString &folder, QWidget 
     QFileDialog dialog(parentOr(parent), title, folder);
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
+    giveRoom(dialog);
     return run(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 

@@ -62,6 +62,15 @@ public:
     /** Shows these errors in one box. */
     void showErrors(const QList<Error> &errors);
 
+    struct FileChoice
+    {
+        QString path; ///< empty when cancelled
+        QString filter; ///< the one that the name fits, or else the one that was chosen
+    };
+
+    /** Asks where to save a file; each of `filters` holds one pattern, whose suffix a name without one gets. */
+    FileChoice
+    saveFile(const QString &title, const QString &folder, const QString &name, const QStringList &filters);
     /** Asks for existing files; empty when cancelled. */
     QStringList openFiles(const QString &title, const QString &folder, const QString &filter);
     /** Asks for an existing folder; empty when cancelled. */

@@ -2,6 +2,7 @@
 #include "ui/repowidget.h"
 
 #include "engine/reposhell.h"
+#include "ui/dependsview.h"
 #include "ui/mnemonics.h"
 #include "ui/packagedetails.h"
 #include "ui/packagefeed.h"
@@ -36,6 +37,7 @@ RepoWidget::RepoWidget(QWidget *parent)
     connect(m_ui->m_splitter, &QSplitter::splitterMoved, this, &RepoWidget::splitterMoved);
     // In the search line the keys of the commands would edit text.
     setFocusProxy(m_ui->m_repoTreeView);
+    m_depends = new DependsView(*m_ui, this);
     setUpTree();
     setUpSearch();
     connectPublication();
@@ -102,15 +104,15 @@ void RepoWidget::setUpSearch()
     {
         RepoProxyModel::State state;
         QString text;
-        QString icon;
     };
+    // Without icons, which many styles draw in place of the check mark: nobody would see what is chosen.
     const std::array<Choice, 3> choices = {{
-        {RepoProxyModel::ShowUndefined, tr("Show depends undefined"), QStringLiteral("dialog-question")},
-        {RepoProxyModel::ShowError, tr("Show depends error"), QStringLiteral("dialog-close")},
-        {RepoProxyModel::ShowSuccess, tr("Show depends success"), QStringLiteral("dialog-ok-apply")},
+        {RepoProxyModel::ShowUndefined, tr("Show depends undefined")},
+        {RepoProxyModel::ShowError, tr("Show depends error")},
+        {RepoProxyModel::ShowSuccess, tr("Show depends success")},
     }};
     for (const Choice &choice : choices) {
-        QAction *action = m_filterMenu->addAction(QIcon::fromTheme(choice.icon), choice.text);
+        QAction *action = m_filterMenu->addAction(choice.text);
         action->setCheckable(true);
         action->setChecked(true);
         action->setData(static_cast<int>(choice.state));
@@ -239,6 +241,7 @@ void RepoWidget::updateCounters()
         Q_EMIT childCountIsZero();
     m_shownPackages = m_model->packageCount();
     updateActions();
+    Q_EMIT packagesChanged();
 }
 
 void RepoWidget::updateActions()
@@ -249,6 +252,12 @@ void RepoWidget::updateActions()
     });
     Q_EMIT enableRemovePackagesAction(anyPackage && !m_running);
     Q_EMIT enableCheckDependsAction(m_model->packageCount() > 0 && !m_running);
+    m_depends->setCheckEnabled(m_depends->package() && !m_running);
+}
+
+int RepoWidget::packagesInError() const
+{
+    return m_model->packageCount(DependError);
 }
 
 void RepoWidget::saveChoices()
@@ -387,11 +396,12 @@ void RepoWidget::changePackage(const QModelIndex &index)
     if (package->control.isEmpty())
         showPackageError(tr("The indices of the repository hold no record of %1.").arg(package->name));
     else
-        showPackage(*package);
+        showPackage(package);
 }
 
-void RepoWidget::showPackage(const PackageInfo &package)
+void RepoWidget::showPackage(const PackageInfoPtr &record)
 {
+    const PackageInfo &package = *record;
     m_ui->m_packageLabel->setText(package.name);
     m_ui->m_versionLabel->setText(package.version);
     m_ui->m_componentLabel->setText(package.component);
@@ -400,6 +410,8 @@ void RepoWidget::showPackage(const PackageInfo &package)
     m_ui->m_decriptionLabel->setText(PackageDetails::descriptionHtml(package.description()));
     const QString signature = m_model->signature(package);
     m_ui->m_packageSignLabel->setText(signature.isEmpty() ? tr("Unsigned") : signature);
+    m_depends->setPackage(record);
+    m_depends->setCheckEnabled(!m_running);
     m_ui->m_stackedWidget->setCurrentIndex(PackagePage);
 }
 

@@ -12,6 +12,7 @@
 
 #include <memory>
 
+class DependsView;
 class PackageFeed;
 class PublicationPanel;
 class QMenu;
@@ -58,6 +59,10 @@ public:
     void setSplitterSizes(const QList<int> &sizes);
     /** Where the signatures of packages are looked up; without one every package counts as unsigned. */
     void setSignatureLookup(PackageTree::SignatureLookup lookup);
+    /** The tab "Dependences" of the package that is shown. */
+    DependsView *dependsView() const { return m_depends; }
+    /** How many packages the last checks found in error. */
+    int packagesInError() const;
     /** "Packet Filter": which dependency states the tree shows. */
     QMenu *packetFilterMenu() const { return m_filterMenu; }
 
@@ -117,6 +122,8 @@ Q_SIGNALS:
 
     /** Package files were dropped on the tree: absolute paths. */
     void filesDropped(const QStringList &files);
+    /** Packages, or their states, are others now. */
+    void packagesChanged();
     /** The user has divided the tab anew. */
     void splitterMoved();
 
@@ -130,6 +137,7 @@ private:
     PackageFeed *m_feed = nullptr;
     RepoModel *m_model = nullptr;
     RepoProxyModel *m_proxy = nullptr;
+    DependsView *m_depends = nullptr;
     PublicationPanel *m_publication = nullptr;
     QMenu *m_filterMenu = nullptr;
     QTimer m_progressTimer;
@@ -146,7 +154,7 @@ private:
     void applyPacketFilter();
     void updateCounters();
     void updateActions();
-    void showPackage(const PackageInfo &package);
+    void showPackage(const PackageInfoPtr &record);
     void showPackageError(const QString &text);
     void collectPackages(const QModelIndex &index, QList<int> &ids) const;
 };

@@ -16,14 +16,33 @@ SettingsCommands::SettingsCommands(RepoTabs &tabs, Prompts &prompts, QObject *pa
     , m_tabs(tabs)
     , m_prompts(prompts)
 {
+    QSettings settings;
+    m_externalRepos = ExternalRepos::load(settings);
     load();
+    connect(&m_tabs, &RepoTabs::created, this, [this](const RepoWidget *widget) { applyTo(*widget); });
     connect(&m_tabs, &RepoTabs::currentChanged, this, &SettingsCommands::load);
 }
 
 void SettingsCommands::load()
 {
     m_choices = UserChoices::load(QSettings());
+    applyToAll();
     Q_EMIT changed();
+}
+
+void SettingsCommands::applyTo(const RepoWidget &widget) const
+{
+    RepoShell *engine = widget.repoShell();
+    engine->setCheckDependsOnAdd(m_choices.addPkgCheckDepends);
+    engine->setDependsRepoType(m_choices.dependsRepoType);
+    engine->setExternalRepos(m_externalRepos);
+}
+
+void SettingsCommands::applyToAll() const
+{
+    const QList<RepoWidget *> widgets = m_tabs.shown();
+    for (const RepoWidget *widget : widgets)
+        applyTo(*widget);
 }
 
 void SettingsCommands::save() const
@@ -37,6 +56,7 @@ void SettingsCommands::setChoices(const UserChoices &choices)
     // Stored at once: the choices are read again whenever another tab comes to the front.
     m_choices = choices;
     save();
+    applyToAll();
     Q_EMIT changed();
 }
 
@@ -50,13 +70,26 @@ bool SettingsCommands::editAddSettings(const QStringList &components)
     return true;
 }
 
+bool SettingsCommands::confirmAddSettings(const QStringList &components)
+{
+    return !m_choices.showAddPkgSettings || editAddSettings(components);
+}
+
+AddOptions SettingsCommands::addOptions(const QStringList &components) const
+{
+    AddOptions options;
+    // The component may stem from another repository; one that is not offered here leaves packages in their own.
+    if (components.contains(m_choices.currentComponent))
+        options.component = m_choices.currentComponent;
+    options.signKeyId = m_choices.signKeyId;
+    options.sign = m_signingOffered && m_choices.signPackage && !m_choices.signKeyId.isEmpty();
+    return options;
+}
+
 void SettingsCommands::showAddPkgSettings()
 {
     const RepoWidget *widget = m_tabs.current();
-    if (!editAddSettings(widget == nullptr ? QStringList() : widget->repoShell()->repoInfo().componentList()))
-        return;
-    if (const RepoWidget *current = m_tabs.current())
-        current->repoShell()->setCheckDependsOnAdd(m_choices.addPkgCheckDepends);
+    editAddSettings(widget == nullptr ? QStringList() : widget->repoShell()->repoInfo().componentList());
 }
 
 void SettingsCommands::showParametersDialog()
@@ -78,9 +111,21 @@ void SettingsCommands::editExternalRepos()
     QSettings settings;
     auto *window = qobject_cast<QWidget *>(m_prompts.parent());
     ExternalReposDialog dialog(ExternalRepos::load(settings), m_prompts, window);
-    if (m_prompts.run(dialog) == QDialog::Accepted && !dialog.repos().save(settings))
+    if (m_prompts.run(dialog) != QDialog::Accepted)
+        return;
+    if (!dialog.repos().save(settings)) {
         m_prompts.warn(
             dialog.windowTitle(), tr("The list cannot be stored in %1.").arg(settings.fileName()), window);
+        return;
+    }
+    m_externalRepos = dialog.repos();
+    applyToAll();
+    Q_EMIT externalReposChanged();
+}
+
+std::function<QString(const QString &)> SettingsCommands::aliases() const
+{
+    return [repos = m_externalRepos](const QString &origin) { return repos.aliasOf(origin); };
 }
 
 void SettingsCommands::setDependsRepoType(int type)

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "depends/externalrepos.h"
+#include "engine/addoptions.h"
 #include "ui/userchoices.h"
 
 #include <QObject>
 
+#include <functional>
+
 class Prompts;
 class RepoTabs;
+class RepoWidget;
 
 /** The dialogs in which the user's choices are made, and the choices themselves. */
 class SettingsCommands : public QObject
@@ -22,11 +27,20 @@ public:
 
     /** Lets the user say how packages are added; false when cancelled. `components`: where they can go. */
     bool editAddSettings(const QStringList &components);
-    /** The same for the current tab's repository. */
+    /** The same before packages are added, if the user wants to be asked; false when cancelled. */
+    bool confirmAddSettings(const QStringList &components);
+    /** How packages are added now to a repository with these components. */
+    AddOptions addOptions(const QStringList &components) const;
+    /** The same as editAddSettings() for the current tab's repository. */
     void showAddPkgSettings();
     void showParametersDialog();
     void editExternalRepos();
     void setDependsRepoType(int type);
+
+    /** The stored list; it does not know what apt knows. */
+    const ExternalRepos &externalRepos() const { return m_externalRepos; }
+    /** The user's names for origins. */
+    std::function<QString(const QString &origin)> aliases() const;
 
     /** Hides what makes no sense on this release of the system. */
     void setSigningOffered(bool offered) { m_signingOffered = offered; }
@@ -34,12 +48,18 @@ public:
 
 Q_SIGNALS:
     void changed();
+    /** Another list, or other names in it. */
+    void externalReposChanged();
 
 private:
     void setChoices(const UserChoices &choices);
+    /** Tells the engine what its jobs must know of the choices. */
+    void applyTo(const RepoWidget &widget) const;
+    void applyToAll() const;
 
     RepoTabs &m_tabs;
     Prompts &m_prompts;
     UserChoices m_choices;
+    ExternalRepos m_externalRepos;
     bool m_signingOffered = true;
 };

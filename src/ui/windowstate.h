@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ui/dependsarrangement.h"
+
 #include <QList>
 #include <QString>
 
@@ -12,6 +14,7 @@ struct WindowState
     bool extendedLog = false; ///< the log is shown
     bool statusLineHidden = false;
     QList<int> splitterSizes; ///< widths of tree and details in pixels; empty: the form's own
+    DependsArrangement depends;
     QString currentRepository; ///< directory of the tab in front
 
     static WindowState load(const QSettings &settings);

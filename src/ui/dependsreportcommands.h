@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+
+#include <QObject>
+
+class JobFeedback;
+class Prompts;
+class QAction;
+class RepoTabs;
+
+/** Lets the user take along what the last checks found missing in the current tab's repository. */
+class DependsReportCommands : public QObject
+{
+    Q_OBJECT
+public:
+    DependsReportCommands(RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, QObject *parent);
+
+    /** What the user can do, for menus. */
+    QList<QAction *> actions() const { return {m_copyAction, m_saveAction}; }
+    /** Shows by the actions what can be done now. */
+    void updateActions();
+
+Q_SIGNALS:
+    /** What can be done now is something else than before. */
+    void stateChanged();
+
+private:
+    enum class Format { Text, Json };
+
+    /** The report; takes a while for a large repository. From any thread. */
+    static QByteArray report(const QList<PackageInfoPtr> &packages, Format format);
+    /** Writes it; returns why that failed, empty when it did not. From any thread. */
+    static QString write(const QList<PackageInfoPtr> &packages, Format format, const QString &path);
+    void copy();
+    void save();
+
+    RepoTabs &m_tabs;
+    Prompts &m_prompts;
+    JobFeedback &m_feedback;
+    QAction *m_copyAction;
+    QAction *m_saveAction;
+    QString m_lastFolder;
+};
