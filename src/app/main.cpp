@@ -4,6 +4,7 @@
 #include "app/singleinstance.h"
 #include "core/scratchfolder.h"
 #include "platform/desktopintegration.h"
+#include "ui/iconstyle.h"
 #include "ui/mainwindow.h"
 
 #include <QApplication>
@@ -66,6 +67,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     const QApplication application(argc, argv);
     init();
+    QApplication::setStyle(new IconStyle);
     CommandLine commandLine;
     commandLine.process(application);
     const QStringList files = commandLine.packageFiles();

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QProxyStyle>
+
+/**
+ * The desktop's style with icons that tell what can be used. The usual way to draw the icon of a disabled command
+ * leaves it nearly as bright as the others on a dark background, and a selected row's tint swallows small badges.
+ */
+class IconStyle : public QProxyStyle
+{
+    Q_OBJECT
+public:
+    QPixmap
+    generatedIconPixmap(QIcon::Mode mode, const QPixmap &pixmap, const QStyleOption *option) const override;
+};
