@@ -30,6 +30,13 @@ void installTranslation(const QString &name, const QString &folder)
         delete translator;
 }
 
+/** Not the toolkit's display name: that is added to every window title, and ours begin with the name already. */
+QString &shownName()
+{
+    static QString name;
+    return name;
+}
+
 bool isDark(const QPalette &palette)
 {
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
@@ -38,6 +45,7 @@ bool isDark(const QPalette &palette)
 
 void veltInit(const QString &version, const QString &displayName)
 {
+    shownName() = displayName;
     QCoreApplication::setApplicationName(applicationId);
     QCoreApplication::setApplicationVersion(version);
     QCoreApplication::setOrganizationName(QStringLiteral("corvana"));
@@ -49,9 +57,13 @@ void veltInit(const QString &version, const QString &displayName)
 
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()) == nullptr)
         return;
-    QGuiApplication::setApplicationDisplayName(displayName);
     QGuiApplication::setDesktopFileName(applicationId);
     veltSetUpIconThemes();
+}
+
+QString veltDisplayName()
+{
+    return shownName();
 }
 
 QString veltAppDescription()

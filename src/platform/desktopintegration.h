@@ -11,6 +11,9 @@
  */
 void veltInit(const QString &version, const QString &displayName);
 
+/** The name that veltInit() was given, as a reader sees it in texts. */
+QString veltDisplayName();
+
 /** One line, translated, that says what the program is. */
 QString veltAppDescription();
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktopnotification.h"
 
+#include "platform/desktopintegration.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QGuiApplication>
@@ -37,8 +39,8 @@ void send(const QString &application, const QString &program, const QString &sum
 void DesktopNotification::show(const QString &summary, const QString &body)
 {
     // The first call connects to the bus, which takes as long as the bus takes.
-    QThreadPool::globalInstance()->start([application = QGuiApplication::applicationDisplayName(),
-                                          program = QGuiApplication::desktopFileName(),
-                                          summary,
-                                          body] { send(application, program, summary, body); });
+    QThreadPool::globalInstance()->start(
+        [application = veltDisplayName(), program = QGuiApplication::desktopFileName(), summary, body] {
+            send(application, program, summary, body);
+        });
 }

@@ -15,7 +15,7 @@
 VeltAboutDialog::VeltAboutDialog(QWidget *parent)
     : QDialog(parent)
 {
-    const QString name = QGuiApplication::applicationDisplayName();
+    const QString name = veltDisplayName();
     setWindowTitle(tr("About %1").arg(name));
 
     auto *icon = new QLabel(this);
