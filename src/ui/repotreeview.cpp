@@ -22,6 +22,9 @@ RepoTreeView::RepoTreeView(QWidget *parent)
     setSortingEnabled(true);
     sortByColumn(0, Qt::AscendingOrder);
     setUniformRowHeights(true);
+    // The usual small icon leaves no room for a badge that can be read.
+    const int iconSide = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) * 11 / 8;
+    setIconSize(QSize(iconSide, iconSide));
     setDragDropMode(DropOnly);
     setDropIndicatorShown(false);
     header()->setSectionResizeMode(QHeaderView::Interactive);
@@ -224,7 +227,11 @@ void RepoTreeView::restoreState()
             selection.append(QItemSelectionRange(index));
     }
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-    selectionModel()->setCurrentIndex(indexOfKey(m_current), QItemSelectionModel::NoUpdate);
+    if (m_current
+            .isEmpty()) // nobody has chosen anything yet: a repository that was just opened introduces itself
+        selectionModel()->setCurrentIndex(m_proxy->index(0, 0), QItemSelectionModel::ClearAndSelect);
+    else
+        selectionModel()->setCurrentIndex(indexOfKey(m_current), QItemSelectionModel::NoUpdate);
     restoreScroll();
     Q_EMIT stateRestored();
 }

@@ -50,6 +50,7 @@ class RepoTreeViewTest : public QObject
 
         void select(const QList<const char *> &packages)
         {
+            view.clearSelection();
             for (const char *package : packages)
                 view.selectionModel()->select(item(package), QItemSelectionModel::Select);
             view.selectionModel()->setCurrentIndex(item(packages.last()), QItemSelectionModel::NoUpdate);

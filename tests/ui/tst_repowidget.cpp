@@ -115,9 +115,8 @@ private Q_SLOTS:
     {
         Fixture f;
         f.open(f.record("bash", "shells") + f.record("odd", "kde"));
-        QCOMPARE(f.page(), NoPage);
-        f.tab.setCurrentItem(f.item("my repo"));
-        QCOMPARE(f.page(), RepositoryPage);
+        QCOMPARE(f.page(), RepositoryPage); // which is selected, and not only shown
+        QCOMPARE(f.tab.currentItem(), RepoWidget::CurrentItem::Repository);
         f.tab.setCurrentItem(f.item("bash"));
         QCOMPARE(f.page(), PackagePage);
         QCOMPARE(f.labels("package version component section maintainer packageSign"),
