@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/addpkgsettingsdialog.h"
 
+#include "ui/mnemonics.h"
+
 #include "ui_addpkgsettingsdialog.h"
 
 AddPkgSettingsDialog::AddPkgSettingsDialog(const QStringList &components,
@@ -11,6 +13,7 @@ AddPkgSettingsDialog::AddPkgSettingsDialog(const QStringList &components,
     , m_choices(choices)
 {
     m_ui->setupUi(this);
+    Mnemonics::markForm(this);
     // The empty entry leaves each package in its own component; without it there would be no way back to that.
     QComboBox *box = m_ui->m_componentComboBox;
     box->addItem(tr("(each package's own component)"), QString());
@@ -21,6 +24,8 @@ AddPkgSettingsDialog::AddPkgSettingsDialog(const QStringList &components,
     // Signing needs a key; without one the choice could not be kept.
     const bool canSign = !choices.signKeyId.isEmpty();
     m_ui->m_signPackageCheckBox->setEnabled(canSign);
+    if (!canSign)
+        m_ui->m_signPackageCheckBox->setToolTip(tr("Choose a signing key in Settings, Parameters first."));
     m_ui->m_signPackageCheckBox->setChecked(canSign && choices.signPackage);
     m_ui->m_checkDependsCheckBox->setChecked(choices.addPkgCheckDepends);
     m_ui->m_showCheckBox->setChecked(choices.showAddPkgSettings);

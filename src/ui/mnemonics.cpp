@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/mnemonics.h"
 
+#include <QAbstractButton>
 #include <QAction>
+#include <QDialogButtonBox>
+#include <QLabel>
 #include <QMenu>
 #include <QSet>
 
@@ -81,4 +84,29 @@ void Mnemonics::mark(QWidget *menu, const QWidget *except)
     const QStringList results = marked(texts);
     for (int i = 0; i < entries.size(); ++i)
         entries.at(i)->setText(results.at(i));
+}
+
+void Mnemonics::markForm(QWidget *form)
+{
+    QWidgetList captions;
+    QStringList texts;
+    const QWidgetList children = form->findChildren<QWidget *>();
+    for (QWidget *child : children) {
+        const auto *label = qobject_cast<QLabel *>(child);
+        const auto *button = qobject_cast<QAbstractButton *>(child);
+        // Return and Escape stand for the buttons at the end of a dialog.
+        if (qobject_cast<QDialogButtonBox *>(child->parentWidget()) != nullptr
+            && markedLetter(button->text()) < 0)
+            continue;
+        const QString text = label != nullptr && label->buddy() != nullptr ? label->text()
+                             : button != nullptr                           ? button->text()
+                                                                           : QString();
+        if (text.isEmpty())
+            continue;
+        captions.append(child);
+        texts.append(text);
+    }
+    const QStringList results = marked(texts);
+    for (int i = 0; i < captions.size(); ++i)
+        captions.at(i)->setProperty("text", results.at(i));
 }

@@ -5,7 +5,7 @@
 
 class QWidget;
 
-/** The keys that choose the entries of a menu, marked with "&" in their texts as Qt wants it. */
+/** The keys that choose the entries of a menu and the fields of a dialog, marked with "&" in their texts as Qt wants it. */
 namespace Mnemonics
 {
 /**
@@ -16,4 +16,7 @@ QStringList marked(const QStringList &texts);
 
 /** Marks the texts of a menu's or menu bar's actions and, below them, of all submenus but `except`. */
 void mark(QWidget *menu, const QWidget *except);
+
+/** Marks the captions of a dialog's fields, which lead to their buddies, and its buttons. */
+void markForm(QWidget *form);
 } // namespace Mnemonics

@@ -3,6 +3,7 @@
 
 #include "signing/keymanager.h"
 #include "ui/missingpackage.h"
+#include "ui/mnemonics.h"
 #include "ui/newreporules.h"
 #include "ui/prompts.h"
 #include "ui/singlespacevalidator.h"
@@ -13,7 +14,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QIcon>
+#include <QLayout>
 #include <QPushButton>
+#include <QScreen>
 #include <QToolTip>
 
 namespace
@@ -54,6 +57,7 @@ NewRepoDialog::NewRepoDialog(Mode mode, Prompts &prompts, QWidget *parent)
         setWindowTitle(tr("Repository change"));
     else if (mode == Mode::Import)
         setWindowTitle(tr("Repository import"));
+    Mnemonics::markForm(this);
     setUpFields();
     showPublished(false);
     connect(m_ui->m_pathToolButton, &QToolButton::clicked, this, &NewRepoDialog::selectFolder);
@@ -147,6 +151,9 @@ void NewRepoDialog::showPublished(bool published)
                "unpublish the repository first."));
     }
     adjustSize();
+    // Texts that wrap are cut off in the size which that gives with large fonts.
+    resize(width(),
+           qMin(layout()->totalHeightForWidth(width()), screen()->availableSize().height() * 9 / 10));
 }
 
 void NewRepoDialog::selectFolder()

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packagereplacementdialog.h"
 
+#include "ui/mnemonics.h"
+
 #include <QButtonGroup>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -84,6 +86,7 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
     }
     rows->addStretch();
     rows->addWidget(buttons);
+    Mnemonics::markForm(this);
     // Enter in haste keeps what is there.
     no->setDefault(true);
     no->setFocus();

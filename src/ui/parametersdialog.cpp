@@ -3,6 +3,7 @@
 
 #include "signing/gpgkeyswidget.h"
 #include "ui/missingpackage.h"
+#include "ui/mnemonics.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -23,6 +24,7 @@ ParametersDialog::ParametersDialog(Prompts &prompts, QWidget *parent)
     layout->addWidget(m_gpgKeysWidget);
     layout->addStretch();
     layout->addWidget(buttons);
+    Mnemonics::markForm(this);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(m_gpgKeysWidget, &GpgKeysWidget::packageMissing, this, [this, &prompts](const QString &package) {

@@ -195,7 +195,7 @@ private Q_SLOTS:
             auto *apply = child<QPushButton>(dialog, "m_applyToAllButton");
             QVERIFY(!apply->isEnabled());
             for (QRadioButton *radio : dialog.findChildren<QRadioButton *>()) {
-                if (radio->text() == option.first)
+                if (radio->text().remove("&"_s) == option.first)
                     radio->click();
             }
             apply->click();

@@ -10,7 +10,11 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QtTest>
 
 using NewRepoRules::Refusal;
@@ -42,6 +46,23 @@ private Q_SLOTS:
     {
         QFETCH(const QString, texts);
         QTEST(Mnemonics::marked(texts.split("|"_s)).join("|"_s), "marked");
+    }
+
+    void mnemonicsOfForms()
+    {
+        QWidget form;
+        QLabel note("Note"_s, &form);
+        QLabel caption("Name"_s, &form);
+        QLineEdit field(&form);
+        caption.setBuddy(&field);
+        QCheckBox choice("No more"_s, &form);
+        QDialogButtonBox box(QDialogButtonBox::Ok | QDialogButtonBox::No, &form);
+        box.button(QDialogButtonBox::No)->setText("&No"_s);
+        box.button(QDialogButtonBox::Ok)->setText("OK"_s);
+        Mnemonics::markForm(&form);
+        const QStringList texts{
+            note.text(), caption.text(), choice.text(), box.button(QDialogButtonBox::Ok)->text()};
+        QCOMPARE(texts.join("|"_s), "Note|N&ame|No &more|OK"_s);
     }
 
     void singleSpaces()
