@@ -103,6 +103,12 @@ QString ReproCommand::listFiles(const QString &codename,
            + QLatin1String(" \"") + escaped(filter) + QLatin1Char('"');
 }
 
+QString ReproCommand::listAllFiles(const QString &codename)
+{
+    return QLatin1String("--list-format \"${$component} ${$architecture} ${package} ${filename}\n\" list ")
+           + quoted(codename);
+}
+
 QString ReproCommand::poolFile(const PackageInfo &package, const QString &controlArchitecture)
 {
     // "Source: name (version)" names the source only when it differs from the package.

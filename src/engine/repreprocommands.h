@@ -49,6 +49,9 @@ QString listFiles(const QString &codename,
                   const QString &component,
                   const QString &architecture);
 
+/** Lists all packages, one a line, as "component architecture name file". */
+QString listAllFiles(const QString &codename);
+
 /** The path below the repository's directory that reprepro gives a package's file. */
 QString poolFile(const PackageInfo &package, const QString &controlArchitecture);
 } // namespace ReproCommand
