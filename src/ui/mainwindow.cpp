@@ -122,7 +122,11 @@ MainWindow::MainWindow()
     reopen();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    // A window that goes while it is shown: its dock is hidden on the way, when the window is none any more.
+    m_logDock->disconnect(this);
+}
 
 // --- building ----------------------------------------------------------------------------------------------------
 
