@@ -78,6 +78,8 @@ QString AptFetch::configuration(const Places &places, const QStringList &archite
         {"Dir::Bin::Methods::ftp", QStringLiteral("ftp")},
         // As root, apt would read the lists as a user who cannot enter this folder.
         {"APT::Sandbox::User", QString()},
+        // Each try waits longer than the one before, and somebody is looking on.
+        {"Acquire::Retries", QStringLiteral("1")},
         {"Dir::Etc::parts", nothing},
         {"Dir::Etc::main", nothing},
         {"Dir::Etc::sourcelist", places.sourceList},
