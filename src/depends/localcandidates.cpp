@@ -3,6 +3,8 @@
 
 #include "depends/dependsparser.h"
 
+#include <algorithm>
+
 namespace
 {
 const QString AnyArchitecture = QStringLiteral("all");
@@ -27,6 +29,12 @@ void LocalCandidates::add(const PackageInfoPtr &package)
     m_packages.insert(package->name, package);
     if (m_providersRead)
         addProvided(package);
+}
+
+bool LocalCandidates::meets(const Dependency &dependency)
+{
+    return dependency.foundVersions.value(label()).status == DependSuccess
+           || std::any_of(dependency.providers.cbegin(), dependency.providers.cend(), meets);
 }
 
 QVector<PackageInfoPtr> LocalCandidates::find(const PackageQuestion &question) const

@@ -28,6 +28,8 @@ public:
 
     /** What the repository is called among the sources. */
     static QString label() { return tr("Local"); }
+    /** Whether the repository itself meets the dependency, as the last check found. */
+    static bool meets(const Dependency &dependency);
 
 private:
     struct Provision

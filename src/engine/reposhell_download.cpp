@@ -4,6 +4,7 @@
 #include "depends/aptutils.h"
 #include "depends/dependsoffers.h"
 #include "depends/dependsparser.h"
+#include "depends/localcandidates.h"
 #include "engine/addrun.h"
 #include "engine/jobframe.h"
 #include "engine/packagefile.h"
@@ -36,20 +37,26 @@ QString startText(int count)
     return count == 1 ? RepoShell::tr("Downloading package") : RepoShell::tr("Downloading packages");
 }
 
-/** Whether the last check found the package to lack one of these. */
+/** Whether the package names one of these, or what one provides, for something that its repository does not meet. */
 bool lacks(const PackageInfo &package, const QVector<Dependency> &dependencies)
 {
-    if (!package.hasDependsInfo() || package.dependStatus() == DependSuccess)
+    if (!package.hasDependsInfo())
         return false;
-    const auto isWanted = [&dependencies](const Dependency &alternative) {
-        return std::any_of(dependencies.cbegin(), dependencies.cend(), [&](const Dependency &dependency) {
-            return dependency.name == alternative.name && dependency.architecture == alternative.architecture;
-        });
+    const auto isNamed = [&dependencies](const Dependency &named) {
+        return std::any_of(
+            dependencies.cbegin(), dependencies.cend(), [&named](const Dependency &dependency) {
+                return dependency.name == named.name && dependency.architecture == named.architecture;
+            });
+    };
+    const auto isWanted = [&isNamed](const Dependency &alternative) {
+        return isNamed(alternative)
+               || std::any_of(alternative.providers.cbegin(), alternative.providers.cend(), isNamed);
     };
     const auto &groups = package.dependsInfo->groups;
     return std::any_of(groups.cbegin(), groups.cend(), [&isWanted](const DependencyGroup &group) {
-        return group.status != DependSuccess
-               && std::any_of(group.alternatives.cbegin(), group.alternatives.cend(), isWanted);
+        const auto &choice = group.alternatives;
+        return std::none_of(choice.cbegin(), choice.cend(), LocalCandidates::meets)
+               && std::any_of(choice.cbegin(), choice.cend(), isWanted);
     });
 }
 } // namespace

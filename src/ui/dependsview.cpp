@@ -28,18 +28,13 @@ QStringList pathOf(const QModelIndex &index)
     return path;
 }
 
-enum class Place { Local, Public };
-
-bool isOffered(const Dependency &dependency, Place place)
+bool isOfferedElsewhere(const Dependency &dependency)
 {
     for (auto found = dependency.foundVersions.cbegin(); found != dependency.foundVersions.cend(); ++found) {
-        const bool isLocal = found.key() == LocalCandidates::label();
-        if (isLocal == (place == Place::Local) && found->status == DependSuccess)
+        if (found.key() != LocalCandidates::label() && found->status == DependSuccess)
             return true;
     }
-    return std::any_of(dependency.providers.cbegin(),
-                       dependency.providers.cend(),
-                       [place](const Dependency &provider) { return isOffered(provider, place); });
+    return std::any_of(dependency.providers.cbegin(), dependency.providers.cend(), isOfferedElsewhere);
 }
 } // namespace
 
@@ -286,12 +281,10 @@ void DependsView::collectLacks(const QModelIndex &index, QVector<Dependency> &la
             collectLacks(m_proxy->index(row, 0, index), lacks);
         return;
     }
-    const auto isHere = [](const Dependency &dependency) { return isOffered(dependency, Place::Local); };
-    const auto canCome = [](const Dependency &dependency) { return isOffered(dependency, Place::Public); };
     const bool isChecked = index.data(DependsModel::StatusRole).toInt() != DependUndefined;
-    if (!isChecked || std::any_of(alternatives.cbegin(), alternatives.cend(), isHere))
+    if (!isChecked || std::any_of(alternatives.cbegin(), alternatives.cend(), LocalCandidates::meets))
         return;
-    const auto best = std::find_if(alternatives.cbegin(), alternatives.cend(), canCome);
+    const auto best = std::find_if(alternatives.cbegin(), alternatives.cend(), isOfferedElsewhere);
     const Dependency &wanted = best == alternatives.cend() ? alternatives.first() : *best;
     const bool isKnown = std::any_of(lacks.cbegin(), lacks.cend(), [&wanted](const Dependency &lack) {
         return lack.name == wanted.name && lack.architecture == wanted.architecture;
