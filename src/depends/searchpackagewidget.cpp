@@ -91,7 +91,7 @@ void SearchPackageWidget::layOut()
     };
     auto *filters = new QHBoxLayout;
     filters->addWidget(
-        caption(tr("A&rchitecture:"), m_architectureComboBox, QStringLiteral("m_architectureComboBox")));
+        caption(tr("&Architecture:"), m_architectureComboBox, QStringLiteral("m_architectureComboBox")));
     filters->addWidget(m_architectureComboBox);
     filters->addWidget(
         caption(tr("&Repository:"), m_repositoryComboBox, QStringLiteral("m_repositoryComboBox")));

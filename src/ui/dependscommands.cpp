@@ -32,7 +32,6 @@ DependsCommands::DependsCommands(Ui::MainWindow &ui,
 {
     m_menu->setObjectName(QStringLiteral("m_dependsMenu"));
     m_menu->setToolTipsVisible(true);
-    m_ui.m_addToLocalRepoAction->setIcon(QIcon::fromTheme(QStringLiteral("list-add")));
     m_ui.m_addToLocalRepoAction->setEnabled(false);
     connect(m_ui.m_checkDependStartAction, &QAction::triggered, this, &DependsCommands::checkDepends);
     connect(m_ui.m_checkDependsAction, &QAction::triggered, this, &DependsCommands::checkDependsByToolBar);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "depends/addpackagedialog.h"
 #include "engine/reposhell.h"
 #include "packagetesting.h"
 #include "platform/desktopintegration.h"
@@ -6,6 +7,8 @@
 #include "support/children.h"
 #include "support/testenvironment.h"
 #include "ui/addpkgsettingsdialog.h"
+#include "ui/externalreposdialog.h"
+#include "ui/externalreposourcedialog.h"
 #include "ui/mainwindow.h"
 #include "ui/newrepodialog.h"
 #include "ui/packagereplacementdialog.h"
@@ -202,7 +205,7 @@ private Q_SLOTS:
             "checkDependsNo;Disable;Disable;;;+c",
             "checkDependStart;Check depends;Check depends;;view-refresh;-",
             "checkDepends;Check depends;Check depends in all repos;;;+",
-            "addToLocalRepo;Add package to local repository;Add package to local repository;;;?",
+            "addToLocalRepo;Add package to local repository;Add package to local repository;;;-",
             "help;Contents;Contents;F1;;+",
             "exportAllPackages;Export all packages;Export all packages;;archive-insert;-",
             "exportFullRepo;Export repository;Export repository;;;-",
@@ -211,7 +214,7 @@ private Q_SLOTS:
             "importRepo;Import repository;Import repository;;;?",
             "importPackages;Import packages from archive;Import packages from archive;;;?",
             "sourceList;Edit sources lists;Edit sources lists;;;?",
-            "addPackageFromExtRepo;Add package from external repo;Add package from external repo;;;?",
+            "addPackageFromExtRepo;Add package from external repo;Add package from external repo;;;-",
             "editExternalRepos;Edit external repos...;Edit external repos...;;;?",
             "showPublishedRepos;Show published repos;Show published repos;;view-list-text;?",
             "exportWithDepends;Export package with depends;Export package with depends;;;-",
@@ -260,7 +263,8 @@ private Q_SLOTS:
                  "checkDependsAll checkDependsPublic checkDependsLocal checkDependsNo} Export{exportFullRepo "
                  "exportAllPackages exportSelectedPackages} Import{importRepo importPackages} | quit} "
                  "Edit{addPackageFromExtRepo addPackages removePackages | upgradeRepo signPackages | "
-                 "checkDependStart changeRepo} Publication{publishRepo unpublishRepo sourceList "
+                 "checkDependStart copyReport saveReport changeRepo} Publication{publishRepo unpublishRepo "
+                 "sourceList "
                  "showPublishedRepos} Settings{editExternalRepos addPkgSettings parameters} "
                  "View{showLog hideStatusLine Packet Filter{}} Help{help about}"_s);
         QCOMPARE(
@@ -280,7 +284,9 @@ private Q_SLOTS:
         QVERIFY(waitForTabs(window, 1));
         QStringList faults = faultsOf(window);
         noteDoublesInMenus(*child<QMenuBar>(window, "menuBar"), &faults);
-        for (const char *menu : {"m_packageMenu", "m_tabMenu"})
+        child<QTreeView>(window, "m_dependsTreeView")->customContextMenuRequested({});
+        child<QMenu>(window, "m_dependsMenu")->close();
+        for (const char *menu : {"m_packageMenu", "m_tabMenu", "m_dependsMenu"})
             noteDoublesInMenus(*child<QMenu>(window, menu), &faults);
 
         Prompts prompts(&window);
@@ -292,8 +298,19 @@ private Q_SLOTS:
             RepoEnums::PACKAGE_EXISTS, *PackageBuilder("foo"_s).build(), false);
         const StartSelectActionDialog start;
         const VeltAboutDialog about(&window);
-        for (const QWidget *dialog : std::initializer_list<const QWidget *>{
-                 &create, &change, &settings, &parameters, &replacement, &start, &about})
+        const AddPackageDialog search(PackageFilter(), {}, &window);
+        const ExternalReposDialog repos(ExternalRepos(), prompts);
+        const ExternalRepoSourceDialog source({}, {}, [](const QString &) { return QString(); });
+        for (const QWidget *dialog : std::initializer_list<const QWidget *>{&create,
+                                                                            &change,
+                                                                            &settings,
+                                                                            &parameters,
+                                                                            &replacement,
+                                                                            &start,
+                                                                            &about,
+                                                                            &search,
+                                                                            &repos,
+                                                                            &source})
             faults << faultsOf(*dialog);
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
 
@@ -417,6 +434,8 @@ private Q_SLOTS:
                                     "MainWindow/extendedLog",
                                     "MainWindow/splitter",
                                     "MainWindow/statusLineHidden",
+                                    "MainWindow/dependsHiddenStates",
+                                    "MainWindow/dependsColumns",
                                     "MainWindow/currentRepository"})
                 settings.setValue(QString::fromLatin1(key), value);
             MainWindow window;

@@ -1,0 +1,251 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/settingskeys.h"
+#include "depends/addpackagedialog.h"
+#include "depends/dependsmodel.h"
+#include "e2e/windowdriver.h"
+#include "platform/desktopintegration.h"
+#include "support/debbuilder.h"
+#include "support/privateapt.h"
+#include "support/testenvironment.h"
+#include "ui/packagestatusline.h"
+
+#include <QClipboard>
+#include <QFileDialog>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTableView>
+#include <QToolButton>
+#include <QtTest>
+
+#include <memory>
+
+#define WAIT_FOR(condition) QTRY_VERIFY_WITH_TIMEOUT((condition), 30000)
+
+/** Checking dependencies and fetching what is missing, through the window, with a real repository and a real apt. */
+class TestDependsJob : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_folder{"/tmp/vaXXXXXX"_s};
+    std::unique_ptr<PrivateApt> m_apt;
+    std::unique_ptr<WindowDriver> m_driver;
+
+    QString path(const QString &name) const { return m_folder.filePath(name); }
+
+    static void run(const QString &program, const QStringList &arguments)
+    {
+        if (QProcess::execute(program, arguments) != 0)
+            qFatal("%s failed", qPrintable(program));
+    }
+
+    QTreeView *depends() const { return child<QTreeView>(*m_driver->tab(), "m_dependsTreeView"); }
+    QModelIndex dependency(const char *text) const { return find(*depends()->model(), text); }
+    QAction *action(const char *name) const { return m_driver->action(name); }
+    QString counters() const
+    {
+        QStringList texts;
+        for (const QLabel *label : child<PackageStatusLine>(*m_driver->tab(), "m_packageStatusLine")
+                                       ->findChildren<QLabel *>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (!label->text().isEmpty())
+                texts << label->text();
+        }
+        return texts.join(" "_s);
+    }
+
+    /** Opens the menu of the dependency tree on this row and returns it. */
+    QMenu *menuOf(const QModelIndex &row) const
+    {
+        depends()->setFocus();
+        depends()->selectionModel()->setCurrentIndex(
+            row, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+        QTest::keyClick(depends(), Qt::Key_F10, Qt::ShiftModifier);
+        return child<QMenu>(m_driver->window(), "m_dependsMenu");
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        VELT_NEED_TOOL("reprepro");
+        VELT_NEED_TOOL("apt");
+        VELT_NEED_TOOL("dpkg-scanpackages");
+        veltInit("0"_s, "Velt admin repo"_s);
+        QApplication::setQuitOnLastWindowClosed(false);
+        DebBuilder("lib"_s).version("1.2"_s).build(path("one/pool"_s));
+        DebBuilder("library"_s).version("3"_s).field("Depends"_s, "meal"_s).build(path("one/pool"_s));
+        DebBuilder("food"_s).field("Provides"_s, "meal"_s).build(path("one/pool"_s));
+        m_apt = std::make_unique<PrivateApt>(m_folder.path(), QStringList{"one"_s});
+
+        const QString repository = path("r"_s);
+        writeFile(repository + "/conf/distributions"_s,
+                  "Codename: birch\nSuite: stable\nVersion: 1\nArchitectures: amd64\nComponents: main\n");
+        const QString app
+            = DebBuilder("app"_s).field("Depends"_s, "lib (>= 1.0), base"_s).build(path("files"_s));
+        run("reprepro"_s,
+            {"-s"_s,
+             "-b"_s,
+             repository,
+             "includedeb"_s,
+             "birch"_s,
+             app,
+             DebBuilder("base"_s).build(path("files"_s)),
+             DebBuilder("tool"_s).build(path("files"_s))});
+        QSettings().setValue(SettingsKey::ShowAddPkgSettings, false);
+        QSettings().setValue(SettingsKey::RecentOpennedRepos, QStringList{repository});
+        m_driver = std::make_unique<WindowDriver>();
+        WAIT_FOR(m_driver->isIdle());
+    }
+
+    void cleanup()
+    {
+        if (QTest::currentTestFailed())
+            qInfo("%s", qPrintable(m_driver->log()));
+    }
+
+    void cleanupTestCase()
+    {
+        if (m_driver == nullptr)
+            return;
+        m_driver->window().closeWithoutAsking();
+        WAIT_FOR(!m_driver->window().isVisible());
+        m_driver.reset();
+    }
+
+    void nothingIsCheckedWhenSwitchedOff()
+    {
+        m_driver->select("app_1.0");
+        child<QTabWidget>(*m_driver->tab(), "tabWidget")->setCurrentIndex(1);
+        const auto *empty = child<QLabel>(*m_driver->tab(), "m_dependsEmptyLabel");
+        QVERIFY(empty->isVisible() && empty->text().contains("Check dependences"_s));
+        action("m_checkDependsNoAction")->trigger();
+        const Script told({answer("Warning!"_s, "OK"_s), answer("Warning!"_s, "OK"_s)});
+        action("m_checkDependStartAction")->trigger();
+        child<QToolButton>(*m_driver->tab(), "m_checkDependsToolButton")->click();
+        QVERIFY(told.isDone() && m_driver->isIdle());
+        QVERIFY(!m_driver->log().contains("Checking depends"_s));
+        m_driver->select("tool_1.0");
+        QCOMPARE(empty->text(), "The package has no dependencies."_s);
+    }
+
+    void missingPackageIsFoundAndAdded()
+    {
+        QAction *save = child<QAction>(m_driver->window(), "m_saveReportAction");
+        QVERIFY(!save->isEnabled());
+        action("m_checkDependsLocalAction")->trigger();
+
+        // The selected package alone, then all.
+        action("m_checkDependStartAction")->trigger();
+        WAIT_FOR(m_driver->message() == "Depends checked"_s && m_driver->isIdle());
+        QCOMPARE(counters(), "2 0 1 Total: 3 package(s)"_s);
+        child<QTreeView>(*m_driver->tab(), "m_repoTreeView")->clearSelection();
+        action("m_checkDependStartAction")->trigger();
+        WAIT_FOR(counters() == "0 1 2 Total: 3 package(s)"_s && m_driver->isIdle());
+        QVERIFY2(m_driver->log().contains("lib, by 1"_s), qPrintable(m_driver->log()));
+
+        m_driver->select("app_1.0");
+        const QModelIndex lib = dependency("lib (>= 1.0)");
+        QVERIFY(lib.isValid() && depends()->isExpanded(lib.parent()));
+        QVERIFY(lib.data(Qt::ToolTipRole).toString().contains("no source offers it"_s));
+        QVERIFY(save->isEnabled());
+
+        // The report, as JSON because of the kind that is chosen.
+        const Script naming{inDialog<QFileDialog>("Save report"_s, [&](QFileDialog &dialog) {
+            dialog.setDirectory(path("."_s));
+            dialog.selectNameFilter("JSON (*.json)"_s);
+            Q_EMIT dialog.filterSelected("JSON (*.json)"_s);
+            auto *name = child<QLineEdit>(dialog, "fileNameEdit");
+            const bool isProposed = name->text().endsWith("_dependences.json"_s);
+            name->setText("report"_s);
+            return isProposed && QMetaObject::invokeMethod(&dialog, "accept");
+        })};
+        save->trigger();
+        WAIT_FOR(m_driver->message().startsWith("The report is saved in"_s));
+        const QJsonObject report = QJsonDocument::fromJson(readFile(path("report.json"_s))).object();
+        QCOMPARE(report.value("errors"_s).toInt(), 1);
+        QCOMPARE(report.value("packages"_s).toArray().at(0).toObject().value("name"_s).toString(), "app"_s);
+        child<QAction>(m_driver->window(), "m_copyReportAction")->trigger();
+        WAIT_FOR(QGuiApplication::clipboard()->text().contains("app 1.0 (main, amd64)"_s));
+
+        // What is there already cannot be added, what is missing can; the copy has its own key.
+        QMenu *menu = menuOf(dependency("base"));
+        WAIT_FOR(menu->isVisible());
+        QVERIFY(!action("m_addToLocalRepoAction")->isEnabled());
+        menu->close();
+        QTest::keyClick(depends(), Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text(), "base"_s);
+        menu = menuOf(dependency("lib (>= 1.0)"));
+        WAIT_FOR(menu->isVisible());
+        QCOMPARE(action("m_addToLocalRepoAction")->toolTip(), "Add package to local repository"_s);
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+        WAIT_FOR(m_driver->packageCount() == 4 && m_driver->isIdle());
+        QVERIFY(m_driver->message().startsWith("Added 1 package(s) to local repo: lib"_s));
+
+        // The tree has followed, and stands where the user left it.
+        WAIT_FOR(counters() == "0 0 4 Total: 4 package(s)"_s);
+        const QModelIndex satisfied = dependency("lib (>= 1.0)");
+        QCOMPARE(depends()->currentIndex().siblingAtColumn(0), satisfied);
+        QVERIFY(depends()->isExpanded(satisfied.parent()));
+        QVERIFY(satisfied.data(Qt::ToolTipRole).toString().contains("Local offers 1.2"_s));
+        QVERIFY(!save->isEnabled());
+
+        // What is switched off is not shown, and words say so; it comes back as it was.
+        auto *success = child<QToolButton>(*m_driver->tab(), "m_showDependsSuccessToolButton");
+        QVERIFY(depends()->isVisible());
+        success->click();
+        QVERIFY(!depends()->isVisible());
+        QVERIFY(!child<QLabel>(*m_driver->tab(), "m_dependsEmptyLabel")->text().isEmpty());
+        success->click();
+        QVERIFY(dependency("lib (>= 1.0)").isValid());
+    }
+
+    void packageIsAddedFromElsewhere()
+    {
+        const auto choose = [](AddPackageDialog &dialog) {
+            auto *table = dialog.findChild<QTableView *>();
+            auto *field = dialog.findChild<QLineEdit *>();
+            if (field->text().isEmpty())
+                QTest::keyClicks(field, "libr"_s);
+            if (table->model()->rowCount() != 1)
+                return false;
+            table->selectRow(0);
+            return press(dialog, "Add"_s);
+        };
+        const Script adding{inDialog<AddPackageDialog>("Add package from external repo"_s, choose)};
+        action("m_addPackageFromExtRepoAction")->trigger();
+        WAIT_FOR(m_driver->packageCount() == 5 && m_driver->isIdle());
+        QVERIFY(adding.isDone());
+        QVERIFY(m_driver->message().startsWith("Added 1 package(s) to local repo: library"_s));
+
+        // What it depends on is offered elsewhere; taken over, it is here as well.
+        action("m_checkDependsAllAction")->trigger();
+        child<QTreeView>(*m_driver->tab(), "m_repoTreeView")->clearSelection();
+        action("m_checkDependsAction")->trigger();
+        WAIT_FOR(m_driver->message() == "Depends checked"_s && m_driver->isIdle());
+        m_driver->select("library_3");
+        const auto isHere = [this] {
+            const QAbstractItemModel &model = *depends()->model();
+            for (int column = 1; column < model.columnCount(); ++column) {
+                if (model.headerData(column, Qt::Horizontal) == "Local"_s)
+                    return dependency("meal Provided by ...")
+                               .siblingAtColumn(column)
+                               .data(DependsModel::SourceStatusRole)
+                           == DependSuccess;
+            }
+            return false;
+        };
+        QVERIFY(!isHere());
+        QMenu *menu = menuOf(dependency("meal Provided by ..."));
+        WAIT_FOR(menu->isVisible());
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+        WAIT_FOR(m_driver->packageCount() == 6 && m_driver->isIdle());
+        WAIT_FOR(isHere());
+    }
+};
+
+VELT_TEST_MAIN(TestDependsJob, QApplication)
+#include "tst_dependsjob.moc"
