@@ -5,7 +5,8 @@
 # Writes a signed copy of the Debian package SOURCE to DESTINATION. The signature is the archive member _gpgorigin,
 # a detached OpenPGP signature of the members debian-binary, control.tar* and data.tar*; an older one is replaced.
 # KEYID is a key's fingerprint or its last 16 or 8 digits. Exit code 0 means that DESTINATION is complete; otherwise
-# it is as it was, and one line of the error output says why. SOURCE is never changed.
+# it is as it was, and one line of the error output says why: exit code 2 when the key cannot be used, which no other
+# package would change, else 1. SOURCE is never changed.
 set -euo pipefail
 export LC_ALL=C
 
@@ -13,9 +14,14 @@ work=
 trap '[ -z "$work" ] || rm -rf -- "$work"' EXIT
 trap 'exit 143' HUP INT TERM
 
+# fail TEXT [EXITCODE]
 fail() {
     printf 'velt-admin-repo-sign.sh: %s\n' "${1//[$'\001'-$'\037\177']/?}" >&2
-    exit 1
+    exit "${2-1}"
+}
+# fail_key TEXT: what is wrong with the key
+fail_key() {
+    fail "$label: $1" 2
 }
 
 [ $# -eq 3 ] || fail "usage: velt-admin-repo-sign.sh SOURCE DESTINATION KEYID"
@@ -25,13 +31,14 @@ case $2 in /*) destination=$2 ;; *) destination=./$2 ;; esac
 wanted=${3//[[:space:]]/}
 wanted=${wanted^^}
 wanted=${wanted#0X}
+label="key $wanted"
 
 [[ $wanted =~ ^([0-9A-F]{8}|[0-9A-F]{16}|[0-9A-F]{40})$ ]] \
-    || fail "'$3' is no key id: the last 8 or 16 digits of a fingerprint are needed, or all 40"
+    || fail "'$3' is no key id: the last 8 or 16 digits of a fingerprint are needed, or all 40" 2
 [[ -f $source && -r $source ]] || fail "$1: no such file, or it may not be read"
 [ ! -d "$destination" ] || fail "$2 is a folder"
 [ ! "$source" -ef "$destination" ] || fail "$1: source and destination are the same file"
-command -v gpg >/dev/null || fail "key $wanted: the program gpg is not installed"
+command -v gpg >/dev/null || fail_key "the program gpg is not installed"
 work=$(mktemp -d -- "${destination%/*}/.sign.XXXXXXXX" 2>/dev/null) || fail "${2%/*}: no file can be written there"
 
 # No question on a terminal that happens to be there: a passphrase is the business of gpg's agent.
@@ -46,7 +53,7 @@ last_message() {
 # --- the key -----------------------------------------------------------------------------------------------------
 
 run_gpg --with-colons --list-secret-keys >"$work/keys" </dev/null \
-    || fail "key $wanted: gpg cannot list the secret keys: $(last_message)"
+    || fail_key "gpg cannot list the secret keys: $(last_message)"
 
 # One entry a key or subkey; the one of its primary key says more about it.
 kinds=() validities=() expiries=() capabilities=() tokens=() prints=() primaries=() names=()
@@ -67,10 +74,10 @@ done <"$work/keys"
 found=-1
 for index in "${!prints[@]}"; do
     [[ ${prints[index]} == *"$wanted" ]] || continue
-    [ "$found" -lt 0 ] || fail "key $wanted: several keys have this id; the whole fingerprint is needed"
+    [ "$found" -lt 0 ] || fail_key "several keys have this id; the whole fingerprint is needed"
     found=$index
 done
-[ "$found" -ge 0 ] || fail "key $wanted: there is no secret key with this id"
+[ "$found" -ge 0 ] || fail_key "there is no secret key with this id"
 primary=${primaries[found]}
 label="key $wanted (${names[primary]})"
 
@@ -90,11 +97,11 @@ signs() {
 }
 
 reason=$(obstacle "$primary")
-[ -z "$reason" ] || fail "$label: $reason"
+[ -z "$reason" ] || fail_key "$reason"
 signer=-1
 if signs "$found"; then
     reason=$(obstacle "$found")
-    [ -z "$reason" ] || fail "$label: $reason"
+    [ -z "$reason" ] || fail_key "$reason"
     signer=$found
 elif [ "$found" -eq "$primary" ]; then
     # A primary key that does not sign leaves that to a subkey; the last one is the newest.
@@ -105,7 +112,7 @@ elif [ "$found" -eq "$primary" ]; then
         fi
     done
 fi
-[ "$signer" -ge 0 ] || fail "$label: it cannot sign, or its secret part is not on this machine"
+[ "$signer" -ge 0 ] || fail_key "it cannot sign, or its secret part is not on this machine"
 
 # --- the package -------------------------------------------------------------------------------------------------
 
@@ -165,11 +172,11 @@ if ! signed_parts | run_gpg --no-armor --no-textmode --digest-algo SHA512 --stat
     --local-user "${prints[signer]}!" --detach-sign --output "$work/signature" 3>"$work/status"; then
     hint=
     ! grep -q PINENTRY_LAUNCHED "$work/status" || hint=" (its passphrase was not given, or could not be asked for)"
-    fail "$label: gpg cannot sign: $(last_message)$hint"
+    fail_key "gpg cannot sign: $(last_message)$hint"
 fi
 # The user's own options can add signers; what is delivered carries the signature of the key asked for alone.
 made=$(sed -n 's/^\[GNUPG:\] SIG_CREATED D [0-9]* \([0-9]*\) 00 [^ ]* \([0-9A-F]*\).*/\1 \2/p' "$work/status")
-[ "$made" = "10 ${prints[signer]}" ] || fail "$label: gpg signed in another way or with another key than it was told to"
+[ "$made" = "10 ${prints[signer]}" ] || fail_key "gpg signed in another way or with another key than it was told to"
 
 length=$(stat -c %s -- "$work/signature")
 {

@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "signing/keylisting.h"
+#include "signing/signingcheck.h"
+#include "signing/signprocess.h"
+#include "support/debbuilder.h"
+#include "support/literals.h"
+#include "support/testenvironment.h"
+#include "support/testkeys.h"
+
+#include <QtTest>
+
+namespace
+{
+const QString GoodName = "Good: \"key\" äß <good@example.org>"_s;
+
+/** Sets an environment variable as long as it lives. */
+class Environment
+{
+public:
+    Environment(const char *name, const QString &value)
+        : m_name(name)
+        , m_old(qgetenv(name))
+    {
+        qputenv(name, value.toLocal8Bit());
+    }
+    ~Environment() { qputenv(m_name, m_old); }
+    Environment(const Environment &) = delete;
+    Environment &operator=(const Environment &) = delete;
+
+private:
+    const char *m_name;
+    QByteArray m_old;
+};
+
+SigningCheck verified()
+{
+    QObject context;
+    QEventLoop loop;
+    SigningCheck check;
+    SigningCheck::verifySigningKeys(&context, [&](const SigningCheck &answer) {
+        check = answer;
+        loop.quit();
+    });
+    loop.exec();
+    return check;
+}
+} // namespace
+
+/** Signing with the real gpg, in a key ring of the test's own. */
+class TestSigning : public QObject
+{
+    Q_OBJECT
+private:
+    QTemporaryDir m_folder;
+    QString m_good;
+    QHash<QString, QString> m_keys; ///< fingerprints by what is the matter with the key
+
+    QString file(const QString &name) const { return m_folder.filePath(name); }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        VELT_NEED_TOOL("gpg");
+        VELT_NEED_TOOL("debsig-verify");
+        QCOMPARE(SignProcess::keys(), QStringList());
+        QVERIFY2(!verified().canSign, "an empty key ring");
+        m_keys["certifies only"_s] = TestKeys::make("certifies only"_s, "cert"_s);
+        const SigningCheck check = verified();
+        QVERIFY(!check.canSign && check.errorText.isEmpty() && check.missingPackage.isEmpty());
+        m_good = TestKeys::make(GoodName);
+        QVERIFY(verified().canSign);
+        m_keys["soon"_s] = TestKeys::make("soon"_s, "sign"_s, "10d"_s);
+        m_keys["subkey"_s] = TestKeys::make("subkey"_s, "cert"_s);
+        TestKeys::gpg(
+            {"--passphrase"_s, QString(), "--quick-add-key"_s, m_keys["subkey"_s], "ed25519"_s, "sign"_s});
+        m_keys["protected"_s] = TestKeys::make("protected"_s, "sign"_s, "never"_s, "secret"_s);
+        m_keys["expired"_s] = TestKeys::makeExpired("expired"_s);
+        m_keys["revoked"_s] = TestKeys::makeRevoked("revoked"_s);
+        m_keys["disabled"_s] = TestKeys::make("disabled"_s);
+        TestKeys::gpg({"--command-fd"_s, "0"_s, "--edit-key"_s, "disabled"_s}, "disable\n");
+        m_keys["foreign"_s] = TestKeys::make("foreign"_s);
+        TestKeys::gpg({"--yes"_s, "--delete-secret-keys"_s, m_keys["foreign"_s]});
+        // Its agent has just asked for this one's passphrase, and would remember it.
+        QProcess::execute("gpgconf"_s, {"--kill"_s, "gpg-agent"_s});
+    }
+
+    void listsKeysWithTheirObstacles()
+    {
+        QObject context;
+        KeyListing listing;
+        bool done = false;
+        KeyListing::readAside(&context, [&](const KeyListing &read) {
+            listing = read;
+            done = true;
+        });
+        QTRY_VERIFY(done);
+        const auto text = [this](const char *name) {
+            return TestKeys::text(QLatin1String(name), m_keys[QLatin1String(name)]);
+        };
+        QCOMPARE(listing.keys.size(), 9);
+        QVERIFY(listing.keys.contains(TestKeys::text(GoodName, m_good)));
+        const QDate expiry(2020, 1, 2);
+        const QHash<QString, QString> unusable{
+            {text("certifies only"), "not meant for signing"_s},
+            {text("expired"), "expired on %1"_s.arg(QLocale().toString(expiry, QLocale::ShortFormat))},
+            {text("revoked"), "revoked"_s},
+            {text("disabled"), "disabled"_s},
+            {text("foreign"), "no secret key"_s}};
+        QCOMPARE(listing.unusable, unusable);
+        QCOMPARE(listing.warnings.keys(), QStringList{text("soon")});
+        QCOMPARE(SignProcess::keyText(listing.keys, m_good.toLower()), TestKeys::text(GoodName, m_good));
+        QCOMPARE(SignProcess::keyText(listing.keys, m_good.right(8)), TestKeys::text(GoodName, m_good));
+        QCOMPARE(SignProcess::keyText(listing.keys, "12345678"_s) + SignProcess::keyText(listing.keys, {}),
+                 QString());
+    }
+
+    void judgesWhatNoKeyRingHereHas()
+    {
+        const auto key = [](const char *record, const char *fingerprint) {
+            return "sec:%1:255:22:X:1:%2:::::%3:::%4::\nfpr:::::::::%5:\n"_s.arg(
+                QString::fromLatin1(record).section(QLatin1Char('/'), 0, 0),
+                QString::fromLatin1(record).section(QLatin1Char('/'), 1, 1),
+                QString::fromLatin1(record).section(QLatin1Char('/'), 2, 2),
+                QString::fromLatin1(record).section(QLatin1Char('/'), 3, 3),
+                QString::fromLatin1(fingerprint));
+        };
+        const QString listing = key("u//scSC/#", "AA11111111") + key("u//scSC/+", "AA22222222")
+                                + key("u//scSC/+", "BB22222222") + key("u/2000000/cSC/#", "CC33333333")
+                                + "ssb:e:255:22:Y:1:50:::::s:::+::\nssb:u:255:22:Z:1:1000000:::::s:::+::\n"_s
+                                + "fpr:::::::::DD44444444:\n"_s;
+        const auto keys = SigningKey::parse(listing);
+        QCOMPARE(keys.size(), 4);
+        QCOMPARE(SigningKey::find(keys, "11111111"_s).state, SigningKey::NoSecretKey);
+        QCOMPARE(SigningKey::find(keys, "22222222"_s).state, SigningKey::Ambiguous);
+        const SigningKey subkey = SigningKey::find(keys, "33333333"_s);
+        QCOMPARE(subkey.state, SigningKey::Usable);
+        // It ends with its subkey.
+        const auto days = [&](int count) { return QDateTime::fromSecsSinceEpoch(1000000).addDays(-count); };
+        QVERIFY(!subkey.warning(days(30)).isEmpty() && subkey.warning(days(31)).isEmpty());
+    }
+
+    void signs_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("compression");
+        QTest::newRow("xz") << "foo_1.0_amd64.deb"_s
+                            << "xz"_s;
+        QTest::newRow("zstd") << "foo_1.0_amd64.deb"_s
+                              << "zstd"_s;
+        QTest::newRow("gzip") << "-u foo.deb"_s
+                              << "gzip"_s;
+        QTest::newRow("udeb") << "foo_1.0_amd64.udeb"_s
+                              << "none"_s;
+        QTest::newRow("name") << "a\nb ü'\"$(id);*.deb"_s
+                              << "none"_s;
+    }
+
+    void signs()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, compression);
+        const QString plain = DebBuilder("foo"_s).fileName("plain.deb"_s).build(file("in"_s));
+        QProcess::execute("dpkg-deb"_s, {"-R"_s, plain, file("tree"_s)});
+        QDir().mkpath(file("out"_s));
+        const QString source = file("in/"_s + name);
+        const QString target = file("out/"_s + name);
+        QCOMPARE(QProcess::execute("dpkg-deb"_s, {"-Z"_s + compression, "-b"_s, file("tree"_s), source}), 0);
+        const QByteArray before = readFile(source);
+        SignProcess process;
+        QVERIFY2(process.sign(source, target, m_keys["soon"_s]), qPrintable(process.log()));
+        QVERIFY(readFile(source) == before && readFile(target).startsWith(before));
+        QCOMPARE(QProcess::execute("dpkg-deb"_s, {"-f"_s, target, "Package"_s}), 0);
+        QVERIFY(TestKeys::verifies(target, m_keys["soon"_s]));
+        // Signed again, with another key and by its short id: the older signature goes.
+        const QString again = file("out/again"_s);
+        QVERIFY2(process.sign(target, again, m_good.right(8)), qPrintable(process.log()));
+        QVERIFY(TestKeys::verifies(again, m_good) && !TestKeys::verifies(again, m_keys["soon"_s]));
+        QCOMPARE(readFile(again).count("_gpgorigin"), 1);
+        QDir(m_folder.path()).removeRecursively();
+        QDir().mkpath(m_folder.path());
+    }
+
+    void refuses_data()
+    {
+        QTest::addColumn<QString>("keyId");
+        QTest::addColumn<QString>("says");
+        QTest::newRow("expired") << m_keys["expired"_s] << "(expired): it expired on 2020-01-02"_s;
+        QTest::newRow("revoked") << m_keys["revoked"_s].right(16) << "(revoked): it has been revoked"_s;
+        QTest::newRow("disabled") << m_keys["disabled"_s].right(8) << "(disabled): it is disabled"_s;
+        QTest::newRow("foreign") << m_keys["foreign"_s] << "there is no secret key with this id"_s;
+        QTest::newRow("certifies") << m_keys["certifies only"_s] << "it cannot sign"_s;
+        QTest::newRow("protected") << m_keys["protected"_s] << "passphrase was not given"_s;
+        QTest::newRow("user id") << "soon"_s
+                                 << "'soon' is no key id"_s;
+        QTest::newRow("none") << QString() << "'' is no key id"_s;
+        QTest::newRow("option") << "--help"_s
+                                << "is no key id"_s;
+    }
+
+    void refuses()
+    {
+        QFETCH(QString, keyId);
+        QFETCH(QString, says);
+        const QString source = DebBuilder("foo"_s).build(file("in"_s));
+        writeFile(file("target"_s), "old");
+        SignProcess process;
+        QVERIFY(!process.sign(source, file("target"_s), keyId));
+        QVERIFY2(process.log().contains(says) && process.log().count(QLatin1Char('\n')) == 1,
+                 qPrintable(process.log()));
+        QCOMPARE(process.exitCode(), 2);
+        QCOMPARE(readFile(file("target"_s)), QByteArray("old"));
+        QCOMPARE(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"target"_s});
+    }
+
+    void refusesWhatIsNoPackage()
+    {
+        const QString whole = DebBuilder("foo"_s).build(file("in"_s));
+        const QByteArray bytes = readFile(whole);
+        SignProcess process;
+        const QVector<QByteArray> broken{{},
+                                         "text",
+                                         "!<arch>\n",
+                                         bytes.left(bytes.size() - 600),
+                                         bytes.left(150),
+                                         QByteArray(bytes).replace("data.tar", "date.tar")};
+        for (const QByteArray &contents : broken) {
+            writeFile(file("broken.deb"_s), contents);
+            QVERIFY(!process.sign(file("broken.deb"_s), file("out.deb"_s), m_good));
+            QCOMPARE(process.exitCode(), 1);
+            QVERIFY(!QFile::exists(file("out.deb"_s)));
+        }
+        QVERIFY(!process.sign(whole, whole, m_good) && readFile(whole) == bytes);
+        QVERIFY(!process.sign(file("absent.deb"_s), file("out.deb"_s), m_good));
+    }
+
+    /** No signature but the one asked for leaves the machine, whatever the user's configuration adds. */
+    void noOtherKeySigns()
+    {
+        const QString source = DebBuilder("foo"_s).build(file("in"_s));
+        const QString conf = qEnvironmentVariable("GNUPGHOME") + "/gpg.conf"_s;
+        SignProcess process;
+        writeFile(conf, "default-key " + m_good.toLatin1() + "\narmor\ntextmode\ndigest-algo SHA1\n");
+        QVERIFY2(process.sign(source, file("out.deb"_s), m_keys["soon"_s]), qPrintable(process.log()));
+        QFile::remove(conf);
+        QVERIFY(TestKeys::verifies(file("out.deb"_s), m_keys["soon"_s]));
+        writeFile(conf, "local-user " + m_good.toLatin1() + "\n");
+        QVERIFY(!process.sign(source, file("other.deb"_s), m_keys["soon"_s]));
+        QVERIFY(!QFile::exists(file("other.deb"_s)));
+        QFile::remove(conf);
+        QVERIFY2(process.sign(source, file("sub.deb"_s), m_keys["subkey"_s]), qPrintable(process.log()));
+    }
+
+    void survivesStrangeSurroundings()
+    {
+        {
+            const Environment home("GNUPGHOME", "/nonexistent"_s);
+            QVERIFY(SignProcess::keys().isEmpty() && KeyListing::read().keys.isEmpty());
+            QVERIFY(!verified().errorText.isEmpty());
+        }
+        {
+            writeScript(file("bin/gpg"_s), "#!/bin/sh\necho 'bäd luck' >&2\nexit 2\n");
+            const Environment path("PATH", file("bin:"_s) + qEnvironmentVariable("PATH"));
+            QVERIFY(SignProcess::keys().isEmpty());
+            QCOMPARE(verified().errorText, "bäd luck\n"_s);
+        }
+        const Environment path("PATH", file("empty"_s));
+        QVERIFY(SignProcess::keys().isEmpty());
+        QCOMPARE(verified().missingPackage, "gpg"_s);
+    }
+
+    void recordOfSignedPackages()
+    {
+        const QString conf = SignProcess::packagesConfPath(m_folder.path());
+        PackageInfo foo;
+        foo.name = "foo"_s;
+        foo.component = "main"_s;
+        foo.architecture = "amd64"_s;
+        foo.signingKey = "A, \"b\" ; ü <c@d> [01234567]"_s;
+        PackageInfo other = foo;
+        other.architecture = "i386"_s;
+        other.signingKey = "other"_s;
+        QCOMPARE(SignProcess::keyInfo(conf, foo), QString());
+        QVERIFY(SignProcess::removeKeyInfo(conf, foo) && !QFile::exists(conf));
+        QVERIFY(SignProcess::saveKeyInfo(conf, foo) && SignProcess::saveKeyInfo(conf, other));
+        QVERIFY(readFile(conf).startsWith("[KeyInfo]\nmain_amd64_foo="));
+        QCOMPARE(SignProcess::keyInfo(conf, foo), foo.signingKey);
+        const QHash<QString, QString> all{{"main_amd64_foo"_s, foo.signingKey},
+                                          {"main_i386_foo"_s, "other"_s}};
+        QCOMPARE(SignProcess::allKeyInfo(conf), all);
+        QVERIFY(SignProcess::removeKeyInfo(conf, foo));
+        QCOMPARE(SignProcess::keyInfo(conf, foo) + SignProcess::keyInfo(conf, other), "other"_s);
+        QVERIFY(SignProcess::saveKeyInfo({}, foo) && SignProcess::keyInfo({}, foo).isEmpty());
+        QVERIFY(!SignProcess::saveKeyInfo("/proc/no/packages.conf"_s, foo));
+    }
+};
+
+VELT_TEST_MAIN(TestSigning, QCoreApplication)
+#include "tst_signing.moc"

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/testkeys.h"
+
+#include "support/literals.h"
+#include "support/testenvironment.h"
+
+#include <QProcess>
+
+QString TestKeys::gpg(const QStringList &arguments, const QByteArray &input)
+{
+    QProcess process;
+    process.start("gpg"_s,
+                  QStringList{"--batch"_s, "--no-tty"_s, "--pinentry-mode"_s, "loopback"_s} + arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    process.waitForFinished(-1);
+    if (process.exitCode() != 0)
+        qFatal("gpg: %s", process.readAllStandardError().constData());
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+QString TestKeys::make(const QString &userId,
+                       const QString &usage,
+                       const QString &expire,
+                       const QString &passphrase,
+                       const QStringList &options)
+{
+    const QString status
+        = gpg(options
+              + QStringList{"--status-fd"_s, "1"_s, "--passphrase"_s, passphrase, "--quick-gen-key"_s, userId}
+              + QStringList{"ed25519"_s, usage, expire});
+    const int at = status.indexOf("KEY_CREATED P "_s);
+    return status.mid(at + 14, 40);
+}
+
+QString TestKeys::makeExpired(const QString &userId)
+{
+    return make(userId, "sign"_s, "1d"_s, QString(), {"--faked-system-time"_s, "20200101T000000"_s});
+}
+
+QString TestKeys::makeRevoked(const QString &userId)
+{
+    const QString key = make(userId);
+    // A colon keeps the prepared certificate from being imported by mistake.
+    const QString file = qEnvironmentVariable("GNUPGHOME") + "/openpgp-revocs.d/"_s + key + ".rev"_s;
+    gpg({"--import"_s}, readFile(file).replace("\n:---", "\n---"));
+    return key;
+}
+
+QString TestKeys::text(const QString &userId, const QString &fingerprint)
+{
+    return "%1 [%2]"_s.arg(userId, fingerprint.right(8));
+}
+
+bool TestKeys::verifies(const QString &package, const QString &fingerprint)
+{
+    const QTemporaryDir folder("/tmp/vdXXXXXX"_s);
+    const QString inKey = QLatin1Char('/') + fingerprint + QLatin1Char('/');
+    writeFile(folder.path() + "/keys"_s + inKey + "debsig.gpg"_s, {});
+    gpg({"--yes"_s, "-o"_s, folder.path() + "/keys"_s + inKey + "debsig.gpg"_s, "--export"_s, fingerprint});
+    const QString required = "<Required Type=\"origin\" File=\"debsig.gpg\" id=\"%1\"/>"_s.arg(fingerprint);
+    writeFile(
+        folder.path() + "/policies"_s + inKey + "any.pol"_s,
+        "<?xml version=\"1.0\"?>\n<!DOCTYPE Policy SYSTEM \"https://www.debian.org/debsig/1.0/policy.dtd\">\n"
+        "<Policy xmlns=\"https://www.debian.org/debsig/1.0/\"><Origin Name=\"x\" id=\""
+            + fingerprint.toLatin1() + "\" Description=\"x\"/><Selection>" + required.toLatin1()
+            + "</Selection><Verification MinOptional=\"0\">" + required.toLatin1()
+            + "</Verification></Policy>\n");
+    return QProcess::execute("debsig-verify"_s,
+                             {"-q"_s,
+                              "--policies-dir"_s,
+                              folder.filePath("policies"_s),
+                              "--keyrings-dir"_s,
+                              folder.filePath("keys"_s),
+                              package})
+           == 0;
+}
