@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "depends/aptfetch.h"
+#include "depends/privateapt.h"
+#include "depends/sourceoptions.h"
+#include "support/literals.h"
+#include "support/testenvironment.h"
+
+#include <QtTest>
+
+/** apt's state of our own for chosen sources; the program apt-get is a stand-in here. */
+class TestPrivateApt : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void messages_data()
+    {
+        QTest::addColumn<QString>("said");
+        QTest::addColumn<QString>("expected");
+        const auto row = [](const char *name, const char *said, const char *expected) {
+            QTest::newRow(name) << QString::fromLatin1(said) << QString::fromLatin1(expected);
+        };
+        row("nothing to worry about",
+            "W: Target Packages (main/binary-amd64/Packages) is configured multiple times\nN: Skipping\n",
+            "");
+        row("only warned of",
+            "W: Failed to fetch http://h/dists/x/InRelease  Temporary failure resolving 'h'\n"
+            "W: Some index files failed to download. They have been ignored, or old ones used instead.\n",
+            "The server could not be reached: http://h/dists/x/InRelease.");
+        row("unknown key",
+            "W: GPG error: http://h x InRelease: The following signatures couldn't be verified because the "
+            "public "
+            "key is not available: NO_PUBKEY 12\nE: The repository 'http://h x InRelease' is not signed.\n",
+            "The source http://h x InRelease is not trusted: its signature is missing or cannot be checked.");
+        row("expired",
+            "E: Failed to fetch http://h/InRelease  The following signatures were invalid: EXPKEYSIG 12\n",
+            "The source http://h/InRelease is not trusted: its signature is missing or cannot be checked.");
+        row("two of a kind",
+            "E: Failed to fetch http://h/a  Connection timed out\nE: Failed to fetch http://h/a  Connection "
+            "timed "
+            "out\nE: Failed to fetch http://h/b  404  Not Found\n",
+            "The server could not be reached: http://h/a.|A part of the source is missing: http://h/b.");
+        row("of the list",
+            "E: Malformed entry 1 in list file x.list (URI)\n",
+            "Malformed entry 1 in list file x.list (URI)");
+    }
+
+    void messages()
+    {
+        QFETCH(QString, said);
+        QFETCH(QString, expected);
+        QCOMPARE(AptFetch::problems(said).join(QLatin1Char('|')), expected);
+    }
+
+    void progressAndAge()
+    {
+        QCOMPARE(AptFetch::percent("dlstatus:1:0.0000:A\nGet:1 x\ndlstatus:2:56.5836:Retrieving file\nGet"),
+                 56);
+        QCOMPARE(AptFetch::percent("Get:1 dlstatus:1:5:x"), -1);
+        const QDateTime now = QDateTime::currentDateTime();
+        const QStringList remote{"http://h/file:x x main"_s};
+        QVERIFY(AptFetch::isFresh(now.addSecs(-3599), now, remote));
+        QVERIFY(!AptFetch::isFresh(now.addSecs(-3600), now, remote)
+                && !AptFetch::isFresh(now.addSecs(60), now, remote));
+        QVERIFY(!AptFetch::isFresh({}, now, remote));
+        QVERIFY(!AptFetch::isFresh(now, now, remote + QStringList{"[trusted=yes] file:/x x main"_s}));
+    }
+
+    void trustOfTheSystem()
+    {
+        SourceOptions options;
+        options.addLines("# deb [trusted=yes] http://off x main\n"
+                         "deb [ arch=amd64 signed-by=/k.gpg ] http://one/ x main\ndeb http://plain x main\n"
+                         "deb-src [trusted=yes] http://src x main\n"_s);
+        options.addStanzas(
+            "Types: deb\nURIs: http://two http://three/\n# a comment\nSuites: x\n y\nSigned-By: /a.gpg\n"
+            "Trusted: yes\n\nURIs: http://four\nSuites: x\nSigned-By:\n -----BEGIN PGP\n"_s);
+        for (const char *unchanged : {"http://off x main",
+                                      "http://plain x main",
+                                      "http://src x main",
+                                      "http://one y main",
+                                      "http://four x main",
+                                      "[trusted=no] http://one x main"})
+            QCOMPARE(options.completed(QLatin1String(unchanged)), QLatin1String(unchanged));
+        QCOMPARE(options.completed("http://one x main"_s), "[signed-by=/k.gpg] http://one x main"_s);
+        QCOMPARE(options.completed("[arch=i386,amd64] http://three y main"_s),
+                 "[arch=i386,amd64 signed-by=/a.gpg trusted=yes] http://three y main"_s);
+    }
+
+    void listsServeForAnHour()
+    {
+        VELT_NEED_TOOL("apt-config");
+        const QTemporaryDir folder;
+        const QString log = folder.filePath("runs"_s);
+        writeScript(
+            folder.filePath("bin/apt-get"_s),
+            "#!/bin/sh\necho \"$*\" >>" + log.toLocal8Bit()
+                + "\necho dlstatus:1:42.0:x\n"
+                  "grep -q '^deb http://h x main$' \"$(dirname \"$APT_CONFIG\")\"/*.list || exit 1\n");
+        const QByteArray usual = qgetenv("PATH");
+        const auto restore = qScopeGuard([&usual] { qputenv("PATH", usual); });
+        qputenv("PATH", folder.filePath("bin:"_s).toLocal8Bit() + usual);
+        const auto updates = [&log] { return readFile(log).count("update"); };
+        int percent = 0;
+        const auto fetch = [&percent](PrivateApt &apt, bool stop = false) {
+            return apt.fetch([stop] { return stop; }, [&percent](int value) { percent = value; });
+        };
+        const auto apt
+            = std::make_unique<PrivateApt>(QStringList{"http://h x main"_s}, QStringList{"amd64"_s});
+        QVERIFY(apt->isValid());
+        QVERIFY(fetch(*apt).usable);
+        QCOMPARE(percent, 42);
+        PrivateApt again({"http://h x main"_s}, {"amd64"_s});
+        QVERIFY(fetch(again).usable);
+        QCOMPARE(updates(), 1);
+        // Other architectures have other lists, and what was stopped or failed counts for nothing.
+        PrivateApt other({"http://h x main"_s}, {"i386"_s});
+        const auto stopped = fetch(other, true);
+        QVERIFY(!stopped.usable && stopped.problems.isEmpty());
+        writeScript(folder.filePath("bin/apt-get"_s),
+                    "#!/bin/sh\necho update >>" + log.toLocal8Bit() + "\nexit 100\n");
+        for (int i = 0; i < 2; ++i) {
+            const auto failed = fetch(other);
+            QVERIFY(!failed.usable && failed.problems.size() == 1);
+        }
+        QVERIFY(updates() >= 3);
+    }
+};
+
+VELT_TEST_MAIN(TestPrivateApt, QCoreApplication)
+#include "tst_privateapt.moc"
