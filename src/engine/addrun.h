@@ -6,6 +6,7 @@
 #include "engine/reposhell.h"
 
 #include <memory>
+#include <optional>
 
 /** What a job that adds packages keeps from one file to the next. */
 struct RepoShell::AddRun
@@ -13,9 +14,12 @@ struct RepoShell::AddRun
     const AddOptions &options;
     const bool singlePackage; ///< the job has one package
     ExportSession session;
+    const bool checksDepends = true; ///< when the user wants what is added checked
     PackageReplacementRules rules = {};
     QStringList added = {}; ///< names of the files that are in
     QList<PackageInfoPtr> records = {}; ///< of what went in, once for each architecture
+    std::optional<QString> signingKey = {}; ///< text of the key that signs; looked up when the first file is in
+    QString keyTrouble = {}; ///< why the key cannot be used, once that is known
     QList<PackageInfoPtr> wanting = {}; ///< to be checked anew when something went in
 };
 

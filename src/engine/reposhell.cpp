@@ -2,11 +2,13 @@
 #include "engine/reposhell.h"
 
 #include "core/processutils.h"
+#include "core/scratchfolder.h"
 #include "depends/dependsdata.h"
 #include "engine/repolock.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
 #include "engine/repreprorunner.h"
+#include "signing/signprocess.h"
 
 #include <QFile>
 #include <QMutexLocker>
@@ -18,6 +20,7 @@
 
 RepoShell::RepoShell(QObject *parent)
     : QObject(parent)
+    , m_signProcess(std::make_unique<SignProcess>())
 {
     qRegisterMetaType<PackageInfoPtr>();
     qRegisterMetaType<QList<PackageInfoPtr>>();

@@ -9,6 +9,7 @@
 #include "depends/externalrepos.h"
 #include "engine/addoptions.h"
 #include "engine/packagelist.h"
+#include "engine/upgraderules.h"
 
 #include <QFuture>
 #include <QMutex>
@@ -26,9 +27,10 @@ class DependsData;
 class ExportSession;
 class PackageBackup;
 struct PackageFile;
+class PrivateApt;
 struct ProcessResult;
-class PackageSigner;
 class ScratchFolder;
+class SignProcess;
 
 /**
  * The engine of one open repository: owns its path, its description and its package list, and carries out every
@@ -62,6 +64,11 @@ public:
     void changeRepo(const QString &newPath, const RepoInfo &info);
     void addPackages(const QStringList &files, const AddOptions &options = {});
     void removePackages(const QList<PackageInfoPtr> &packages);
+    /**
+     * Puts signed copies of the packages' files into their places. `keyId` is a key's fingerprint or its last 16 or 8
+     * digits. A file that several architectures share is signed for all of them.
+     */
+    void signPackages(const QList<PackageInfoPtr> &packages, const QString &keyId);
     /** Fetches the packages from apt's sources and adds them; each is known by name, version and architecture. */
     void downloadPackages(const QList<PackageInfo> &packages, const AddOptions &options = {});
     /**
@@ -74,6 +81,25 @@ public:
      * A package that is in the repository no longer is passed over.
      */
     void checkDepends(const QList<PackageInfoPtr> &packages);
+    /**
+     * Writes the whole repository to the .tgz archive `target`. The archive takes its place when it is complete; after
+     * a failure or a stop, what lay there before still does. The target cannot lie in the repository.
+     */
+    void exportRepo(const QString &target);
+    /**
+     * Writes the packages' files to the .tgz archive `target`, `withDepends` also those that the repository has for
+     * their dependencies. Like exportRepo(), but a stopped job leaves an archive of the files that were added before.
+     */
+    void exportPackages(const QList<PackageInfoPtr> &packages, const QString &target, bool withDepends);
+    /** Adds the packages in an archive, or those below a folder, without checking their dependencies. */
+    void importRepo(const QString &archive, const AddOptions &options = {});
+    /**
+     * Looks for newer versions of the packages in these sources, each written as it follows "deb " in a sources list,
+     * and emits downloadablePackagesReady() when upgradablePackages() has found some.
+     */
+    void prepareUpgrade(const QStringList &sources);
+    /** Replaces the packages with the versions that prepareUpgrade() has found; also runs, and says so, for none. */
+    void upgradeRepo(const QVector<UpgradablePackage> &packages, const AddOptions &options = {});
 
     // --- creating and closing --------------------------------------------------------------------------------------
 
@@ -97,6 +123,8 @@ public:
     /** The package at `index`; null when there is none. */
     PackageInfoPtr packageAt(int index) const { return m_packages.at(index); }
     int indexOfPackage(const PackageInfoPtr &package) const { return m_packages.indexOf(package); }
+    /** What the last prepareUpgrade() has found. */
+    QVector<UpgradablePackage> upgradablePackages() const;
     /** Absolute path of the package's file in the pool as reprepro knows it. Runs reprepro: not for the interface. */
     QString packageFilePath(const QString &name, const QString &component, const QString &architecture);
 
@@ -126,9 +154,11 @@ public:
     /** Blocks until the job has ended and returns its ErrorCode; ERROR when there was none. */
     int result() const { return m_future.isCanceled() ? ERROR : m_future.result(); }
 
+    /** Deletes what an import has unpacked; done by its end too. Nothing happens while a job runs. */
+    void removeTempDir();
+
     // --- what jobs use ---------------------------------------------------------------------------------------------
 
-    void setPackageSigner(std::shared_ptr<PackageSigner> signer) { m_signer = std::move(signer); }
     /** Whether packages that are added get their dependencies checked within the same job. */
     void setCheckDependsOnAdd(bool check) { m_checkDependsOnAdd = check; }
     /** Where dependencies are looked for, see DependsRepoType; with DependsNowhere nothing is checked. */
@@ -144,6 +174,10 @@ public:
 
     /** The description a new repository starts with on this machine. Runs lsb_release. */
     static RepoInfo defaultRepoInfo();
+
+public Q_SLOTS:
+    /** Deletes the list of sources that a job of this kind has written for apt; to be connected to finished(). */
+    void removeCustomSourcesListFile(RepoEnums::JobId jobId);
 
 Q_SIGNALS:
     /** A repository was opened, created or closed (empty argument), or moved by a change (its new path). */
@@ -190,6 +224,7 @@ private:
     class JobFrame;
     struct AddRun;
     struct AddedFile;
+    struct UpgradeRun;
 
     mutable QMutex m_mutex; ///< guards what follows, up to the blank line
     QString m_path;
@@ -200,6 +235,9 @@ private:
     QStringList m_openRepositories;
     Newcomer m_newcomer;
     ExternalRepos m_externalRepos;
+    QStringList m_upgradeSources;
+    QVector<UpgradablePackage> m_upgradable;
+    std::shared_ptr<PrivateApt> m_upgradeApt; ///< for m_upgradeSources; null when its files are gone
 
     PackageList m_packages;
     QFuture<int> m_future;
@@ -210,7 +248,8 @@ private:
     std::atomic<bool> m_closing{false};
     std::atomic<bool> m_checkDependsOnAdd{true};
     std::atomic<int> m_dependsRepoType{DependsEverywhere};
-    std::shared_ptr<PackageSigner> m_signer;
+    std::unique_ptr<SignProcess> m_signProcess; ///< of the running job
+    std::unique_ptr<ScratchFolder> m_tempDir; ///< what an import has unpacked
     QThread m_storeThread; ///< m_store's, and free whenever no job runs
     std::unique_ptr<DependsData> m_store;
 
@@ -266,8 +305,45 @@ private:
                     JobFrame *frame);
     PackageFile fetch(const PackageInfo &package, const ScratchFolder &folder) const;
 
+    // --- upgrade: reposhell_upgrade.cpp
+    int prepareUpgradeBody(const QStringList &sources);
+    int upgradeBody(const QVector<UpgradablePackage> &packages, const AddOptions &options);
+    QString ownArchitecture() const;
+    std::shared_ptr<PrivateApt> upgradeApt();
+    bool fetchLists(PrivateApt *apt);
+    bool askRecords(const PrivateApt &apt,
+                    const QStringList &names,
+                    const std::function<bool()> &stopped,
+                    QVector<AptPackageRecord> *records);
+    QVector<UpgradablePackage> packagesToUpgrade(const QVector<UpgradablePackage> &kept);
+    ErrorCode askAgain(const QVector<QVector<UpgradablePackage>> &groups, UpgradeRun *run);
+    bool mustStopUpgrade();
+    void upgradeFrom(const QVector<UpgradablePackage> &group, UpgradeRun *run);
+    PackageFile fetchUpgrade(const UpgradablePackage &wanted, const UpgradeRun &run);
+    QList<PackageInfoPtr> replacedBy(const PackageFile &file, const QVector<UpgradablePackage> &group) const;
+
+    // --- archives: reposhell_archives.cpp
+    int exportRepoBody(const QString &target);
+    int exportPackagesBody(const QList<PackageInfoPtr> &packages, const QString &target, bool withDepends);
+    bool mayExport(const QString &target);
+    int exportFailed(JobFrame *frame, const QString &reason);
+    QHash<PackageKey, QString> poolFiles(const QList<PackageInfoPtr> &packages);
+    int importBody(const QString &archive, const AddOptions &options);
+    bool collectPackages(const QString &source, QStringList *files);
+    bool unpackPackages(const QString &archive, QStringList *files);
+
+    // --- signing: reposhell_signing.cpp
+    void markSigned(QList<PackageInfoPtr> *packages, const QString &repoPath) const;
+    int signBody(const QList<PackageInfoPtr> &packages, const QString &keyId);
+    bool signPackage(const PackageInfoPtr &package, AddRun *run);
+    bool signFile(AddedFile *file, const QString &packageName);
+    QString signingKeyOf(AddRun *run) const;
+    void rememberSignature(const PackageInfo &package);
+    void forgetSignature(const PackageInfo &package);
+
     // --- add and remove: reposhell_packages.cpp
     int addBody(const QStringList &files, const AddOptions &options);
+    ErrorCode addFiles(const QStringList &files, AddRun *run, JobFrame *frame);
     void addReadFile(const PackageFile &read, bool isLast, AddRun *run);
     void finishAdding(AddRun *run, bool stopped);
     ErrorCode addFile(AddedFile *file, const PackageInfo &package);
@@ -277,7 +353,6 @@ private:
                      bool singlePackage);
     ErrorCode collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present);
     ErrorCode includePackage(AddedFile *file, const PackageInfo &record, bool replace);
-    bool signFile(AddedFile *file);
     bool isIncluded(const ProcessResult &result, const PackageInfo &record);
     QList<PackageInfoPtr> packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const;
     PackageInfoPtr packageIncluded(const PackageInfo &record, bool replaced);

@@ -186,6 +186,7 @@ int RepoShell::openBody(const QString &path)
 
     QList<PackageInfoPtr> packages = listPackages(path, repoInfo());
     sortPackages(&packages);
+    markSigned(&packages, path);
     m_packages.assign(packages);
     Q_EMIT requestForMergingInformation(packages);
     packages = m_packages.all();

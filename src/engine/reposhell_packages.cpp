@@ -7,7 +7,6 @@
 #include "engine/packagefile.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
-#include "signing/packagesigner.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -79,22 +78,27 @@ int RepoShell::addBody(const QStringList &files, const AddOptions &options)
     if (!isDatabaseThere())
         return frame.finish(ERROR, tr("%n package(s) added: %1", nullptr, 0).arg(QString()));
     AddRun run{options, files.size() == 1, makeSession()};
+    if (addFiles(files, &run, &frame) == CANCEL)
+        return frame.finish(CANCEL,
+                            tr("Operation stopped. %1 of %n package(s) added: %2", nullptr, files.size())
+                                .arg(QString::number(run.added.size()), joined(run.added)));
+    return frame.finish(SUCCESS,
+                        tr("%n package(s) added: %1", nullptr, run.added.size()).arg(joined(run.added)));
+}
+
+RepoShell::ErrorCode RepoShell::addFiles(const QStringList &files, AddRun *run, JobFrame *frame)
+{
     PackageFileReader reader(files);
     bool stopped = false;
     for (int done = 0; done < files.size(); ++done) {
         stopped = isCanceled();
         if (stopped)
             break;
-        addReadFile(reader.next(), done + 1 == files.size(), &run);
-        frame.itemDone(files.size());
+        addReadFile(reader.next(), done + 1 == files.size(), run);
+        frame->itemDone(files.size());
     }
-    finishAdding(&run, stopped);
-    if (stopped)
-        return frame.finish(CANCEL,
-                            tr("Operation stopped. %1 of %n package(s) added: %2", nullptr, files.size())
-                                .arg(QString::number(run.added.size()), joined(run.added)));
-    return frame.finish(SUCCESS,
-                        tr("%n package(s) added: %1", nullptr, run.added.size()).arg(joined(run.added)));
+    finishAdding(run, stopped);
+    return stopped ? CANCEL : SUCCESS;
 }
 
 void RepoShell::addReadFile(const PackageFile &read, bool isLast, AddRun *run)
@@ -109,7 +113,9 @@ void RepoShell::addReadFile(const PackageFile &read, bool isLast, AddRun *run)
 void RepoShell::finishAdding(AddRun *run, bool stopped)
 {
     finishSession(&run->session);
-    QList<PackageInfoPtr> unchecked = m_checkDependsOnAdd ? run->records : QList<PackageInfoPtr>();
+    QList<PackageInfoPtr> unchecked;
+    if (m_checkDependsOnAdd && run->checksDepends)
+        unchecked = run->records;
     if (!run->records.isEmpty())
         unchecked += run->wanting;
     if (!m_closing && !unchecked.isEmpty()) {
@@ -205,7 +211,7 @@ RepoShell::ErrorCode RepoShell::includePackage(AddedFile *file, const PackageInf
         return collisionOf(file->path, record, *present);
 
     // Signed before anything is removed: a key that fails must not cost the package that is there.
-    if (!signFile(file))
+    if (!signFile(file, record.name))
         return PACKAGE_UNSIGNED;
 
     std::unique_ptr<PackageBackup> backup;
@@ -236,7 +242,10 @@ RepoShell::ErrorCode RepoShell::includePackage(AddedFile *file, const PackageInf
             repoInfo().codename, record.component, record.architecture, record.section, file->source),
         session);
     if (isIncluded(result, record)) {
-        file->run.records.append(packageIncluded(record, !removed.isEmpty()));
+        PackageInfo included = record;
+        included.signingKey = signingKeyOf(&file->run);
+        rememberSignature(included);
+        file->run.records.append(packageIncluded(included, !removed.isEmpty()));
         return ReproAnswer::signingFailed(result.errorOutput) ? PACKAGE_GPGERROR : SUCCESS;
     }
     Q_EMIT critical(tr("Error adding package %1!").arg(file->path), result.errorOutput);
@@ -254,32 +263,6 @@ bool RepoShell::isIncluded(const ProcessResult &result, const PackageInfo &recor
     // When only the indices could not be written, the package is in all the same, and the end of the job tells of
     // the indices.
     return ReproAnswer::indicesOutdated(result.errorOutput) || ReproAnswer::signingFailed(result.errorOutput);
-}
-
-bool RepoShell::signFile(AddedFile *file)
-{
-    if (!file->source.isEmpty())
-        return true;
-    if (!file->run.options.sign) {
-        file->source = file->path;
-        return true;
-    }
-    if (!m_signer) {
-        Q_EMIT critical(tr("Packages cannot be signed: no signing program is available."), file->path);
-        return false;
-    }
-    file->signedFolder = std::make_unique<ScratchFolder>();
-    if (!file->signedFolder->isValid()) {
-        Q_EMIT critical(tr("Error adding package %1!").arg(file->path),
-                        tr("No temporary folder could be made to sign it in."));
-        return false;
-    }
-    const SignOutcome outcome
-        = m_signer->sign(file->path, file->signedFolder->path(), file->run.options.signKeyId);
-    file->source = outcome.signedFile;
-    if (file->source.isEmpty())
-        Q_EMIT critical(outcome.text, file->path + QLatin1String(":\n") + outcome.details);
-    return !file->source.isEmpty();
 }
 
 QList<PackageInfoPtr> RepoShell::packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const
@@ -338,6 +321,7 @@ void RepoShell::restorePackages(const QList<PackageInfoPtr> &packages,
                                                            backup->file()),
                                      session),
                           *package)) {
+            rememberSignature(*package);
             m_packages.append(package);
             Q_EMIT packageAdded(package);
             continue;
@@ -408,7 +392,9 @@ bool RepoShell::removePackage(const PackageInfoPtr &package, ExportSession *sess
     }
     if (ReproAnswer::nothingRemoved(result.errorOutput))
         session->oweExport();
-    if (const PackageInfoPtr listed = m_packages.take(PackageKey::of(*package)))
+    if (const PackageInfoPtr listed = m_packages.take(PackageKey::of(*package))) {
+        forgetSignature(*listed);
         Q_EMIT packageRemoved(listed);
+    }
     return true;
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engineharness.h"
-#include "signing/packagesigner.h"
 
 #include <QtTest>
 
@@ -9,27 +8,6 @@ using Rules = PackageReplacementRules;
 namespace
 {
 const QString Foo = "foo"_s;
-
-/** Signs by copying, so that the contents stay includable, or refuses. */
-class FakeSigner : public PackageSigner
-{
-public:
-    bool works = true;
-    QStringList signedFiles;
-
-    SignOutcome sign(const QString &file, const QString &target, const QString &keyId) override
-    {
-        if (!works)
-            return {QString(), "no key "_s + keyId, QString()};
-        signedFiles.append(file);
-        const QString copy = target + QLatin1Char('/') + QFileInfo(file).fileName();
-        // No two signatures are the same.
-        writeFile(copy,
-                  readFile(file) + "_gpgorigin      0           0     0     100644  2         `\n"
-                      + QByteArray::number(9 + signedFiles.size()));
-        return {copy, QString(), QString()};
-    }
-};
 } // namespace
 
 /** Adding and removing packages with the real reprepro and dpkg. */
@@ -261,35 +239,6 @@ private Q_SLOTS:
         QCOMPARE(h.inIndices().size(), 1);
         h.remove({last});
         QVERIFY(h.listed().isEmpty() && h.settled());
-    }
-
-    void signing()
-    {
-        RepoHarness h;
-        const AddOptions options{QString(), true, "ABCD"_s};
-        const QStringList file = h.debs("foo");
-        h.add(file, options);
-        QVERIFY2(h.listed().isEmpty() && h.criticals.size() == 1,
-                 "without a signer nothing goes in unsigned");
-        const auto signer = std::make_shared<FakeSigner>();
-        h.shell.setPackageSigner(signer);
-        h.info.architectures = "amd64 i386"_s;
-        h.change(h.repoPath());
-        QCOMPARE(h.add({h.deb(DebBuilder("everywhere"_s).architecture("all"_s))}, options),
-                 RepoEnums::SUCCESS);
-        QCOMPARE(h.trouble(), QString());
-        QCOMPARE(h.listed().size(), 2);
-        signer->signedFiles.clear();
-        h.add(file, options);
-        QCOMPARE(signer->signedFiles, file);
-        signer->works = false;
-        h.choice = Rules::ReplaceThis;
-        const QStringList newer = h.debs("foo", "2.0");
-        h.add(newer, options);
-        QCOMPARE(h.trouble(), "no key ABCD|%1:\n"_s.arg(newer.first()));
-        QCOMPARE(h.find(Foo)->version, "1.0"_s);
-        QVERIFY2(h.settled() && h.events.isEmpty(),
-                 "a key that fails must not cost the package that is there");
     }
 };
 

@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engineharness.h"
+#include "signing/signprocess.h"
+#include "support/testkeys.h"
+
+#include <QtTest>
+
+namespace
+{
+const QString KeyName = "Release key ü <r@example.org>"_s;
+} // namespace
+
+/** Signed packages with the real reprepro and gpg. */
+class TestPackageSigning : public QObject
+{
+    Q_OBJECT
+private:
+    QString m_key;
+    QString m_keyText;
+    QString m_expired;
+
+    AddOptions signedWith(const QString &key) const { return {QString(), true, key}; }
+    /** The entries of packages.conf, as "component_architecture_name", sorted. */
+    static QStringList recorded(const EngineHarness &h)
+    {
+        QStringList names = SignProcess::allKeyInfo(SignProcess::packagesConfPath(h.shell.path())).keys();
+        names.sort();
+        return names;
+    }
+    bool isSignedInPool(const EngineHarness &h, const PackageInfoPtr &package) const
+    {
+        return package->signingKey == m_keyText && TestKeys::verifies(package->filePath(), m_key)
+               && recorded(h).contains(
+                   "%1_%2_%3"_s.arg(package->component, package->architecture, package->name));
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        VELT_NEED_TOOL("reprepro");
+        VELT_NEED_TOOL("debsig-verify");
+        m_key = TestKeys::make(KeyName);
+        m_keyText = TestKeys::text(KeyName, m_key);
+        m_expired = TestKeys::makeExpired("expired"_s);
+    }
+
+    void signedWhileAdding()
+    {
+        RepoHarness h("amd64 i386"_s);
+        const QStringList file = h.debs("foo");
+        const QString everywhere = h.deb(DebBuilder("everywhere"_s).architecture("all"_s));
+        QCOMPARE(h.add(file + QStringList{everywhere}, signedWith(m_key.right(8))), RepoEnums::SUCCESS);
+        QCOMPARE(h.trouble(), QString());
+        QVERIFY(isSignedInPool(h, h.find("foo"_s)) && isSignedInPool(h, h.find("everywhere"_s, "i386"_s)));
+        const QStringList all{"main_amd64_everywhere"_s, "main_amd64_foo"_s, "main_i386_everywhere"_s};
+        QCOMPARE(recorded(h), all);
+        QVERIFY(h.settled());
+        // The next opening knows it from the record.
+        h.open(h.repoPath());
+        QCOMPARE(h.find("everywhere"_s, "i386"_s)->signingKey, m_keyText);
+
+        // A key that fails costs nothing, neither the package that is there nor what is known of it.
+        h.choice = PackageReplacementRules::ReplaceThis;
+        const QStringList newer = h.debs("foo bar", "2.0");
+        QCOMPARE(h.add(newer, signedWith(m_expired)), RepoEnums::SUCCESS);
+        QCOMPARE(h.criticals.size(), 2);
+        QVERIFY(h.criticals.first().startsWith("Failed to sign package foo!|"_s)
+                && h.criticals.last().startsWith("Failed to sign package bar!|"_s)
+                && h.criticals.last().endsWith("(expired): it expired on 2020-01-02\n"_s));
+        QVERIFY(h.events.isEmpty() && isSignedInPool(h, h.find("foo"_s)) && recorded(h) == all);
+
+        // Replaced by an unsigned one it is unsigned.
+        QCOMPARE(h.add({newer.first()}), RepoEnums::SUCCESS);
+        QVERIFY(!h.find("foo"_s)->isSigned() && !recorded(h).contains("main_amd64_foo"_s));
+        h.remove({h.find("everywhere"_s, "i386"_s)});
+        QCOMPARE(recorded(h), QStringList{"main_amd64_everywhere"_s});
+        QVERIFY(h.settled());
+    }
+
+    void signJob()
+    {
+        RepoHarness h("amd64 i386"_s);
+        const QString everywhere = h.deb(DebBuilder("everywhere"_s).architecture("all"_s));
+        h.add(h.debs("foo bar") + QStringList{everywhere, h.deb(DebBuilder("u"_s).udeb())});
+        const auto sign = [&](const QList<PackageInfoPtr> &packages, const QString &key) {
+            return h.run([&] { h.shell.signPackages(packages, key); });
+        };
+        const QStringList before = h.listed();
+        const QByteArray unsignedFile = h.inPool("foo"_s);
+        QCOMPARE(sign({h.find("foo"_s), h.find("bar"_s)}, m_expired), RepoEnums::PACKAGE_UNSIGNED);
+        QVERIFY(h.criticals.size() == 2 && h.events.isEmpty() && h.inPool("foo"_s) == unsignedFile);
+        QCOMPARE(h.lastMessage(), "0 package(s) is signed: "_s);
+
+        QCOMPARE(sign({h.find("foo"_s)}, m_key), RepoEnums::SUCCESS);
+        QCOMPARE(h.started + h.finished,
+                 (QStringList{"Package signing"_s, "1 package(s) is signed: foo_1.0_amd64.deb"_s}));
+        QVERIFY(isSignedInPool(h, h.find("foo"_s)) && !h.find("bar"_s)->isSigned());
+        QCOMPARE(h.events, (QStringList{"-foo 1.0 amd64"_s, "~foo 1.0 amd64"_s}));
+
+        // One file for two architectures is signed for both, whichever is chosen.
+        QCOMPARE(sign({h.find("everywhere"_s, "i386"_s), h.find("u"_s)}, m_key), RepoEnums::SUCCESS);
+        QCOMPARE(h.started, QStringList{"Packages signing"_s});
+        QVERIFY(isSignedInPool(h, h.find("everywhere"_s, "amd64"_s)));
+        QVERIFY(isSignedInPool(h, h.find("everywhere"_s, "i386"_s)) && isSignedInPool(h, h.find("u"_s)));
+        QVERIFY(h.trouble().isEmpty() && h.listed() == before && h.settled());
+
+        connect(
+            &h.shell, &RepoShell::packageChanged, &h, [&] { h.shell.cancel(); }, Qt::DirectConnection);
+        QCOMPARE(sign({h.find("bar"_s), h.find("foo"_s)}, m_key), RepoEnums::CANCEL);
+        QCOMPARE(h.lastMessage(), "Operation stopped. 1 of 2 package(s) is signed: bar_1.0_amd64.deb"_s);
+    }
+
+    void refusedCopyIsTakenBack()
+    {
+        RepoHarness h("amd64 i386"_s);
+        h.add({h.deb(DebBuilder("everywhere"_s).architecture("all"_s))}, signedWith(m_key));
+        const QByteArray before = h.inPool("everywhere"_s);
+        const QString bin = h.folder.filePath("bin"_s);
+        writeFile(bin + "/once"_s, {});
+        writeScript(bin + "/reprepro"_s,
+                    "#!/bin/sh\ncase \"$*\" in *includedeb*) if /bin/rm " + bin.toLatin1()
+                        + "/once 2>/dev/null; then echo refused >&2; exit 254; fi;; esac\n"
+                          "exec "
+                        + QStandardPaths::findExecutable("reprepro"_s).toLatin1() + " \"$@\"\n");
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", bin.toLatin1() + ':' + path);
+        h.run([&] { h.shell.signPackages({h.find("everywhere"_s, "i386"_s)}, m_key); });
+        qputenv("PATH", path);
+        QVERIFY2(h.trouble().endsWith("|refused\n"_s), qPrintable(h.trouble()));
+        QVERIFY(h.inPool("everywhere"_s) == before && recorded(h).size() == 2);
+        QVERIFY(isSignedInPool(h, h.find("everywhere"_s, "amd64"_s)) && h.settled());
+    }
+};
+
+VELT_TEST_MAIN(TestPackageSigning, QCoreApplication)
+#include "tst_packagesigning.moc"
