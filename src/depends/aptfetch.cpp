@@ -73,6 +73,8 @@ QString AptFetch::configuration(const Places &places, const QStringList &archite
     const std::pair<const char *, QString> settings[] = {
         {"Acquire::Languages", QStringLiteral("none")},
         {"APT::Cache::ShowFull", QStringLiteral("true")},
+        // In a compressed list apt unpacks all that lies before a record to show it.
+        {"Acquire::GzipIndexes", QStringLiteral("false")},
         {"APT::Update::Error-Mode", QStringLiteral("any")},
         // Our own publications over FTP are sources too, and apt has that switched off.
         {"Dir::Bin::Methods::ftp", QStringLiteral("ftp")},
