@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/processutils.h"
+#include "engine/packageextractor.h"
+#include "support/literals.h"
+#include "support/testenvironment.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace
+{
+QString shell(const QString &script, const QString &folder = {})
+{
+    const ProcessResult result = runProcess({"bash"_s, {"-ec"_s, script}, folder, {}, -1});
+    if (!result.succeeded())
+        qFatal("%s: %s", qPrintable(script), qPrintable(result.errorOutput));
+    return result.output;
+}
+
+/** Incompressible, and the same each time. */
+QByteArray noise(int size)
+{
+    QByteArray bytes(size, '\0');
+    quint32 state = 1;
+    for (char &byte : bytes)
+        byte = static_cast<char>((state = state * 1664525U + 1013904223U) >> 24U);
+    return bytes;
+}
+
+} // namespace
+
+/** What is taken out of archives that are in order, damaged, or made to do harm. */
+class TestPackageExtractor : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase() { VELT_NEED_TOOL("python3"); }
+
+    void members_data()
+    {
+        QTest::addColumn<QString>("script"); // makes x.tgz in its folder; d.deb, e.deb and bad.txt are there
+        QTest::addColumn<QString>("files"); // the contents that arrive, "damaged" or "other"
+        const auto python = [](const QString &members) {
+            return "python3 -c '\nimport io, tarfile\nt = tarfile.open(\"x.tgz\", \"w:gz\", "
+                   "format=tarfile.GNU_FORMAT)\n"
+                   "def f(name, text, **more):\n i = tarfile.TarInfo(name); i.size = len(text)\n"
+                   " for k in more: setattr(i, k, more[k])\n t.addfile(i, io.BytesIO(text))\n%1\nt.close()'"_s
+                       .arg(members);
+        };
+        const auto row = [](const char *name, const QString &script, const char *files) {
+            QTest::newRow(name) << script << QString::fromLatin1(files);
+        };
+        row("plain", "tar czf x.tgz d.deb bad.txt e.deb"_s, "D E");
+        row("not compressed", "tar cf x.tgz d.deb e.deb"_s, "D E");
+        row("dots", "tar czf x.tgz ./d.deb"_s, "D");
+        row("extended headers",
+            "n=$(printf 'n%.0s' {1..200}); mkdir $n; cp d.deb $n/$n.deb; tar czf x.tgz --format=pax $n"_s,
+            "D");
+        row("long names",
+            "n=$(printf 'n%.0s' {1..200}); mkdir $n; cp d.deb $n/$n.deb; ln -s $n/$n.deb $n/l; tar czf x.tgz --format=gnu $n"_s,
+            "D");
+        row("prefixed names",
+            "n=$(printf 'n%.0s' {1..90}); mkdir $n; cp d.deb $n/$n.deb; tar czf x.tgz --format=ustar $n"_s,
+            "D");
+        row("absolute", python("f(\"/tmp/velt-hostile.deb\", b\"D\")"_s), "D");
+        row("upwards", python("f(\"a/../../up.deb\", b\"U\"); f(\"d.deb\", b\"D\")"_s), "D");
+        row("below a link",
+            python("f(\"l\", b\"\", type=b\"2\", linkname=\"..\"); f(\"l/d.deb\", b\"D\")"_s),
+            "D");
+        row("links, folders and devices",
+            python(
+                "f(\"l.deb\", b\"\", type=b\"2\", linkname=\"/etc/passwd\"); f(\"h.deb\", b\"\", "
+                "type=b\"1\", linkname=\"/etc/passwd\")\n"
+                "f(\"c.deb\", b\"\", type=b\"3\", devmajor=1, devminor=5); f(\"p.deb\", b\"\", type=b\"6\"); f(\"f.deb\", b\"\", type=b\"5\"); f(\"d.deb\", b\"D\")"_s),
+            "D");
+        row("the same twice", python("f(\"d.deb\", b\"old and long\"); f(\"./d.deb\", b\"D\")"_s), "D");
+        row("the same name in two folders",
+            python("f(\"a/d.deb\", b\"D\"); f(\"b/d.deb\", b\"E\")"_s),
+            "D E");
+        row("many", python("for i in range(10000): f(\"%d.txt\" % i, b\"\")\nf(\"d.udeb\", b\"D\")"_s), "D");
+        row("no end blocks", "tar cf x d.deb; head -c 1024 x | gzip >x.tgz"_s, "D");
+        row("nothing", "tar czf x.tgz -T /dev/null"_s, "");
+        row("no archive", "cp bad.txt x.tgz"_s, "other");
+        row("no file", "true"_s, "damaged");
+        row("compressed text", "gzip <bad.txt >x.tgz"_s, "other");
+        row("truncated", "tar czf x d.deb big.deb; head -c 600000 x >x.tgz"_s, "damaged");
+        row("trailer missing", "tar cf x d.deb big.deb; gzip -1 <x >y; head -c -9 y >x.tgz"_s, "damaged");
+        row("a wrong bit",
+            "tar czf x.tgz d.deb big.deb; printf x | dd of=x.tgz bs=1 seek=500000 conv=notrunc status=none"_s,
+            "damaged");
+        row("a wrong header",
+            "tar cf x big.deb d.deb; printf x | dd of=x bs=1 seek=1049100 conv=notrunc status=none; gzip -1 <x >x.tgz"_s,
+            "damaged");
+        row("endless name",
+            python("f(\"x\", b\"n\" * 2000000, type=b\"L\"); f(\"d.deb\", b\"D\")"_s),
+            "damaged");
+    }
+    void members()
+    {
+        QFETCH(QString, script);
+        QFETCH(QString, files);
+        const QTemporaryDir folder;
+        writeFile(folder.filePath("d.deb"_s), "D");
+        writeFile(folder.filePath("e.deb"_s), "E");
+        writeFile(folder.filePath("bad.txt"_s), QByteArray(2000, 'b'));
+        writeFile(folder.filePath("big.deb"_s), noise(1 << 20));
+        shell(script, folder.path());
+        const QString place = folder.filePath("deep/place"_s);
+        QDir().mkpath(place);
+        PackageExtractor extractor(place, [] { return false; });
+        const auto result = extractor.extract(folder.filePath("x.tgz"_s));
+        QStringList found;
+        if (result == PackageExtractor::Result::Done)
+            for (const QString &file : extractor.files())
+                found.append(QString::fromUtf8(readFile(file)));
+        else
+            found.append(result == PackageExtractor::Result::Damaged ? "damaged"_s : "other"_s);
+        QCOMPARE(found.join(QLatin1Char(' ')), files);
+        QCOMPARE(extractor.error().isEmpty(), files != "damaged"_s);
+        QVERIFY(!QFile::exists("/tmp/velt-hostile.deb"_s) && !QFile::exists(folder.filePath("up.deb"_s)));
+        QCOMPARE(QDir(folder.filePath("deep"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+                 QStringList{"place"_s});
+    }
+};
+
+VELT_TEST_MAIN(TestPackageExtractor, QCoreApplication)
+#include "tst_packageextractor.moc"
