@@ -9,27 +9,35 @@
 #include "engine/jobframe.h"
 #include "engine/packagefile.h"
 
+#include <QDir>
 #include <QFile>
 #include <QVector>
 
 #include <algorithm>
 
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
 {
-/** Run by root, apt fetches as a user of its own, and without any protection where that one may not write. */
-void giveToApt(const QString &folder)
+/** A folder to fetch into. Run by root, apt fetches as a user of its own, who may write there and nowhere else. */
+QString downloadFolder(const ScratchFolder &scratch)
 {
-    if (::geteuid() != 0)
-        return;
+    QString folder = scratch.filePath(QStringLiteral("download"));
+    QDir().mkdir(folder);
     passwd user{};
     passwd *found = nullptr;
     QVector<char> buffer(4096);
-    if (::getpwnam_r("_apt", &user, buffer.data(), static_cast<size_t>(buffer.size()), &found) == 0
-        && found != nullptr && ::chown(QFile::encodeName(folder).constData(), user.pw_uid, user.pw_gid) != 0)
-        return; // apt goes on without the protection
+    if (::geteuid() != 0
+        || ::getpwnam_r("_apt", &user, buffer.data(), static_cast<size_t>(buffer.size()), &found) != 0
+        || found == nullptr)
+        return folder;
+    // Where this fails apt fetches as root, and says so in its output.
+    constexpr mode_t PassableFolder = 0711;
+    if (::chown(QFile::encodeName(folder).constData(), user.pw_uid, user.pw_gid) == 0)
+        ::chmod(QFile::encodeName(scratch.path()).constData(), PassableFolder);
+    return folder;
 }
 
 QString startText(int count)
@@ -142,14 +150,14 @@ PackageFile RepoShell::fetch(const PackageInfo &package, const ScratchFolder &fo
 {
     if (!folder.isValid())
         return {{}, {}, tr("No temporary folder could be made to fetch it into.")};
-    giveToApt(folder.path());
     AptUtils apt;
     apt.setStopRequest([this] { return isCanceled(); });
     QString reason;
     connect(&apt, &ProcessUtils::error, &apt, [&reason](const QString &, const QString &details) {
         reason = details;
     });
-    const QString file = apt.download(package.name, package.version, package.architecture, folder.path());
+    const QString file
+        = apt.download(package.name, package.version, package.architecture, downloadFolder(folder));
     if (file.isEmpty())
         return {{}, {}, reason.isEmpty() ? tr("apt has left no file of that version.") : reason};
     return PackageFile::read(file);
