@@ -90,16 +90,16 @@ private:
 
 void findPackages(const QString &folder,
                   const QString &root,
-                  const QString &without,
+                  const QString &skipped,
                   const std::function<bool()> &stopped,
                   QStringList *found)
 {
-    if (isWithin(folder, without) || isKernelFolder(folder) || (stopped && stopped()))
+    if (isWithin(folder, skipped) || isKernelFolder(folder) || (stopped && stopped()))
         return;
     const QFileInfoList present = QDir(folder).entryInfoList(Everything, QDir::Name);
     for (const QFileInfo &info : present) {
         if (info.isDir() && !info.isSymLink()) {
-            findPackages(info.filePath(), root, without, stopped, found);
+            findPackages(info.filePath(), root, skipped, stopped, found);
         } else if (info.isFile() && ArchiveContents::isPackageName(info.fileName())) {
             // What a link within the folder names is found by itself, if it has the name of a package.
             const QString target = info.canonicalFilePath();

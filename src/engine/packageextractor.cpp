@@ -34,8 +34,8 @@ QByteArray lastPart(const QByteArray &name)
 }
 } // namespace
 
-PackageExtractor::PackageExtractor(const QString &folder, StopRequest stopped)
-    : m_folder(folder)
+PackageExtractor::PackageExtractor(QString folder, StopRequest stopped)
+    : m_folder(std::move(folder))
     , m_stopped(std::move(stopped))
 { }
 

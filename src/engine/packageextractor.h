@@ -25,7 +25,7 @@ public:
         Stopped
     };
 
-    PackageExtractor(const QString &folder, StopRequest stopped);
+    PackageExtractor(QString folder, StopRequest stopped);
 
     /** Reads a tar archive. */
     Result extract(const QString &archive);

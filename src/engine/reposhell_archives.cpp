@@ -227,20 +227,23 @@ bool RepoShell::collectPackages(const QString &source, QStringList *files)
 bool RepoShell::unpackPackages(const QString &archive, QStringList *files)
 {
     const auto stopped = [this] { return isCanceled(); };
+    bool isMounting = true;
     ArchiveUtils mounted;
     // Direct, so that the interface hears of an error before it hears of the job's end.
     connect(
         &mounted,
         &ProcessUtils::error,
         this,
-        [this](const QString &text, const QString &details) {
-            if (!isCanceled())
+        [this, &isMounting](const QString &text, const QString &details) {
+            // A mount that was stopped has failed as wished.
+            if (!isMounting || !isCanceled())
                 Q_EMIT critical(text, details);
         },
         Qt::DirectConnection);
     mounted.setStopRequest(stopped);
     if (!mounted.mount(archive))
         return false;
+    isMounting = false;
     const QStringList listed = ArchiveContents::packagesBelow(ArchiveUtils::mountPoint(), QString(), stopped);
     m_tempDir = std::make_unique<ScratchFolder>();
     if (!m_tempDir->isValid()) {
