@@ -2,9 +2,11 @@
 #include "depends/aptfetch.h"
 
 #include <QRegularExpression>
+#include <QVector>
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace
 {
@@ -70,7 +72,7 @@ QString AptFetch::configuration(const Places &places, const QStringList &archite
     for (const QString &architecture : architectures)
         text += setting(QStringLiteral("APT::Architectures::"), architecture);
     const QString nothing = QStringLiteral("/dev/null");
-    const std::pair<const char *, QString> settings[] = {
+    const QVector<std::pair<const char *, QString>> settings{
         {"Acquire::Languages", QStringLiteral("none")},
         {"APT::Cache::ShowFull", QStringLiteral("true")},
         // In a compressed list apt unpacks all that lies before a record to show it.

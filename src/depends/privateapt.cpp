@@ -12,6 +12,8 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
+#include <utility>
+
 namespace
 {
 constexpr int LockInterval = 100; // milliseconds
@@ -96,8 +98,8 @@ bool writeInto(QTemporaryFile *file, const QString &text)
 }
 } // namespace
 
-PrivateApt::PrivateApt(const QStringList &sources, const QStringList &architectures)
-    : m_sources(sources)
+PrivateApt::PrivateApt(QStringList sources, const QStringList &architectures)
+    : m_sources(std::move(sources))
 {
     m_sources.removeDuplicates();
     QStringList named = architectures;

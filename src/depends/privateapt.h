@@ -22,7 +22,7 @@ public:
      * Each source is written as it follows "deb " in a sources list, options included. The first of the architectures
      * is the one under which apt files packages for all.
      */
-    PrivateApt(const QStringList &sources, const QStringList &architectures);
+    PrivateApt(QStringList sources, const QStringList &architectures);
     PrivateApt(const PrivateApt &) = delete;
     PrivateApt &operator=(const PrivateApt &) = delete;
 
