@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/gpgkeyswidget.h"
 
+#include "signing/keylisting.h"
 #include "signing/keymanager.h"
 
 #include <QComboBox>
@@ -76,13 +77,22 @@ GpgKeysWidget::GpgKeysWidget(QWidget *parent)
     fill({});
 }
 
-void GpgKeysWidget::fill(const QStringList &keys, const QHash<QString, QString> &unusable)
+void GpgKeysWidget::readKeys()
+{
+    KeyListing::readAside(
+        this, [this](const KeyListing &listing) { fill(listing.keys, listing.unusable, listing.warnings); });
+}
+
+void GpgKeysWidget::fill(const QStringList &keys,
+                         const QHash<QString, QString> &unusable,
+                         const QHash<QString, QString> &warnings)
 {
     m_keysComboBox->clear();
     const auto *model = qobject_cast<const QStandardItemModel *>(m_keysComboBox->model());
     for (const QString &key : keys) {
         const QString id = keyIdOf(key);
         m_keysComboBox->addItem(key, id);
+        m_keysComboBox->setItemData(m_keysComboBox->count() - 1, warnings.value(key), Qt::ToolTipRole);
         const QString obstacle = unusable.value(key);
         QStandardItem *item = model == nullptr ? nullptr : model->item(m_keysComboBox->count() - 1);
         if (item == nullptr || (obstacle.isEmpty() && !id.isEmpty()))

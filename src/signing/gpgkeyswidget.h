@@ -18,9 +18,13 @@ public:
 
     /**
      * Offers these keys ("user id [key id]") and selects none but the one that setKeyId() named. `unusable` says of
-     * some of them why they cannot sign; they are listed and cannot be chosen.
+     * some of them why they cannot sign; they are listed and cannot be chosen. `warnings` is shown with the others.
      */
-    void fill(const QStringList &keys, const QHash<QString, QString> &unusable = {});
+    void fill(const QStringList &keys,
+              const QHash<QString, QString> &unusable = {},
+              const QHash<QString, QString> &warnings = {});
+    /** Reads the key ring aside and then offers its keys. */
+    void readKeys();
     /** The key that has been in use until now. */
     void setKeyId(const QString &keyId);
     /** The key that the user chose; without a choice, the one that has been in use. */

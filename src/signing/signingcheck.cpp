@@ -9,6 +9,8 @@
 #include <QStringList>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace
 {
 const QLatin1String gpg("gpg");
@@ -69,9 +71,7 @@ void SigningCheck::verifySigningKeys(QObject *context, const Answer &answer)
 bool SigningCheck::listsSigningKey(const QString &listing)
 {
     const QStringList lines = listing.split(QLatin1Char('\n'));
-    for (const QString &line : lines) {
-        if (line.startsWith(QLatin1String("pub")) && line.contains(QLatin1String("SC")))
-            return true;
-    }
-    return false;
+    return std::any_of(lines.cbegin(), lines.cend(), [](const QString &line) {
+        return line.startsWith(QLatin1String("pub")) && line.contains(QLatin1String("SC"));
+    });
 }

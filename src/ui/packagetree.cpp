@@ -113,11 +113,6 @@ void PackageTree::build(const QList<PackageInfoPtr> &packages)
     }
 }
 
-QString PackageTree::signature(const PackageInfo &package) const
-{
-    return m_signatureLookup ? m_signatureLookup(package) : QString();
-}
-
 QList<PackageInfoPtr> PackageTree::packages() const
 {
     QList<PackageInfoPtr> result;
@@ -186,7 +181,6 @@ RepoItem PackageTree::makePackage(const PackageInfoPtr &package) const
     RepoItem result;
     result.package = package;
     result.state = package->dependStatus();
-    result.isSigned = !signature(*package).isEmpty();
     return result;
 }
 
@@ -250,7 +244,6 @@ void PackageTree::take(int id)
 void PackageTree::replace(int id, const PackageInfoPtr &package)
 {
     at(id).package = package;
-    at(id).isSigned = !signature(*package).isEmpty();
     setState(id, package->dependStatus());
 }
 
@@ -259,14 +252,6 @@ void PackageTree::setState(int id, int state)
     count(item(id), -1);
     at(id).state = state;
     count(item(id), 1);
-}
-
-void PackageTree::refreshSignatures()
-{
-    for (RepoItem &entry : m_items) {
-        if (entry.package)
-            entry.isSigned = !signature(*entry.package).isEmpty();
-    }
 }
 
 void PackageTree::count(const RepoItem &package, int difference)

@@ -7,7 +7,6 @@
 #include <QHash>
 #include <QList>
 
-#include <functional>
 #include <vector>
 
 /**
@@ -20,15 +19,11 @@ class PackageTree
 public:
     /** The id of the repository item, which always exists. */
     static constexpr int RootId = 0;
-    /** Tells the key text that signed a package; empty for an unsigned one. */
-    using SignatureLookup = std::function<QString(const PackageInfo &)>;
 
     PackageTree();
 
     /** Makes the tree of these packages; of two that cannot be told apart the later one counts. */
     void build(const QList<PackageInfoPtr> &packages);
-    void setSignatureLookup(SignatureLookup lookup) { m_signatureLookup = std::move(lookup); }
-    QString signature(const PackageInfo &package) const;
 
     const RepoItem &item(int id) const { return m_items[static_cast<std::size_t>(id)]; }
     const RepoItem &root() const { return item(RootId); }
@@ -57,14 +52,11 @@ public:
     void replace(int id, const PackageInfoPtr &package);
     void setState(int id, int state);
     void setRootTitle(const QString &title) { at(RootId).title = title; }
-    /** Asks for all signatures again. */
-    void refreshSignatures();
 
 private:
     std::vector<RepoItem> m_items;
     std::vector<int> m_freeIds;
     QHash<PackageKey, int> m_byKey; ///< ids of the packages
-    SignatureLookup m_signatureLookup;
 
     RepoItem &at(int id) { return m_items[static_cast<std::size_t>(id)]; }
     int append(RepoItem item, int parent);

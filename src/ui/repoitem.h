@@ -17,7 +17,6 @@ struct RepoItem
     enum Kind : quint8 { Repository, Component, Section, Package };
 
     Kind kind = Package;
-    bool isSigned = false;
     int state = NoDependState; ///< of a package; a container's follows from its counters
     int parent = -1;
     int row = 0; ///< in the parent

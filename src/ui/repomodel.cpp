@@ -14,7 +14,7 @@ QIcon itemIcon(const RepoItem &item)
 {
     QString base = QStringLiteral("folder");
     if (!item.isContainer())
-        base = item.isSigned ? QStringLiteral("signed-package") : QStringLiteral("synaptic");
+        base = item.package->isSigned() ? QStringLiteral("signed-package") : QStringLiteral("synaptic");
     switch (item.dependState()) {
     case DependUndefined:
         return VeltIcon::withOverlay(base, QStringLiteral("dialog-question"));
@@ -260,14 +260,6 @@ void RepoModel::setShowVersions(bool show)
     m_showVersions = show;
     if (m_hasRepository)
         announcePackages({Qt::DisplayRole, TextRole});
-}
-
-void RepoModel::setSignatureLookup(PackageTree::SignatureLookup lookup)
-{
-    m_tree.setSignatureLookup(std::move(lookup));
-    m_tree.refreshSignatures();
-    if (m_hasRepository)
-        announcePackages({Qt::DecorationRole});
 }
 
 int RepoModel::dependState(const QModelIndex &index) const

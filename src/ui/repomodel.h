@@ -38,9 +38,6 @@ public:
 
     /** Adds the versions to the displayed names. */
     void setShowVersions(bool show);
-    /** Where signatures are looked up; without one every package counts as unsigned. */
-    void setSignatureLookup(PackageTree::SignatureLookup lookup);
-    QString signature(const PackageInfo &package) const { return m_tree.signature(package); }
 
     /** Remembers the item whose details are shown, also over a reset; an invalid index for none. */
     void setCurrentItem(const QModelIndex &index) { m_currentKey = itemKey(index); }

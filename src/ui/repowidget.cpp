@@ -285,11 +285,6 @@ void RepoWidget::setSplitterSizes(const QList<int> &sizes)
     m_ui->m_splitter->setSizes(sizes);
 }
 
-void RepoWidget::setSignatureLookup(PackageTree::SignatureLookup lookup)
-{
-    m_model->setSignatureLookup(std::move(lookup));
-}
-
 // --- the tree ------------------------------------------------------------------------------------------------------
 
 void RepoWidget::search()
@@ -408,8 +403,7 @@ void RepoWidget::showPackage(const PackageInfoPtr &record)
     m_ui->m_sectionLabel->setText(Sections::nameWithCode(package.section));
     m_ui->m_maintainerLabel->setText(package.maintainer());
     m_ui->m_decriptionLabel->setText(PackageDetails::descriptionHtml(package.description()));
-    const QString signature = m_model->signature(package);
-    m_ui->m_packageSignLabel->setText(signature.isEmpty() ? tr("Unsigned") : signature);
+    m_ui->m_packageSignLabel->setText(package.isSigned() ? package.signingKey : tr("Unsigned"));
     m_depends->setPackage(record);
     m_depends->setCheckEnabled(!m_running);
     m_ui->m_stackedWidget->setCurrentIndex(PackagePage);

@@ -57,8 +57,6 @@ public:
     /** Widths of the tree and of what is beside it, in pixels. */
     QList<int> splitterSizes() const;
     void setSplitterSizes(const QList<int> &sizes);
-    /** Where the signatures of packages are looked up; without one every package counts as unsigned. */
-    void setSignatureLookup(PackageTree::SignatureLookup lookup);
     /** The tab "Dependences" of the package that is shown. */
     DependsView *dependsView() const { return m_depends; }
     /** How many packages the last checks found in error. */

@@ -24,6 +24,7 @@ public:
     }
     PackageBuilder &architecture(const QString &name) { return set(&PackageInfo::architecture, name); }
     PackageBuilder &section(const QString &section) { return set(&PackageInfo::section, section); }
+    PackageBuilder &signedWith(const QString &key) { return set(&PackageInfo::signingKey, key); }
     PackageBuilder &control(const QByteArray &text) { return set(&PackageInfo::control, ControlText(text)); }
     PackageBuilder &state(DependStatus status)
     {

@@ -166,7 +166,7 @@ private Q_SLOTS:
             = [&f](const char *name) { return f.data(name, Qt::DecorationRole).value<QIcon>().cacheKey(); };
         QVERIFY(icon("a") != icon("b"));
         QCOMPARE(icon("a"), icon("c"));
-        f.model.setSignatureLookup([](const PackageInfo &info) { return info.name == "a"_s ? "k"_s : ""_s; });
+        f.model.apply({stored(named("a").signedWith("key"_s))});
         QVERIFY(icon("a") != icon("c"));
         QVERIFY(f.data("a", Qt::ToolTipRole).toString().isEmpty());
         f.model.setRepository(repository("amd64 arm64"_s));

@@ -123,8 +123,12 @@ private Q_SLOTS:
                  "bash|1.0-1|main|Shells (shells)|T. <t@example.org>|Unsigned"_s);
         QCOMPARE(f.labels("decription"),
                  "<b>a tool &amp; more</b><br> It &lt;b&gt;runs&lt;/b&gt;<br> well.<br><br><br> End."_s);
-        f.tab.setSignatureLookup([](const PackageInfo &) { return "Key"_s; });
-        QCOMPARE(f.labels("packageSign"), "Key"_s);
+        Q_EMIT f.tab.repoShell()->packageChanged(PackageBuilder("bash"_s)
+                                                     .section("shells"_s)
+                                                     .signedWith("Key"_s)
+                                                     .control("Package: bash\n")
+                                                     .build());
+        QTRY_COMPARE(f.labels("packageSign"), "Key"_s);
         f.tab.setCurrentItem(f.item("Shells"));
         QCOMPARE(f.page(), NoPage);
         // A record that cannot be read.
