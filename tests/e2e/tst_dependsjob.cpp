@@ -5,7 +5,7 @@
 #include "e2e/windowdriver.h"
 #include "platform/desktopintegration.h"
 #include "support/debbuilder.h"
-#include "support/privateapt.h"
+#include "support/localapt.h"
 #include "support/testenvironment.h"
 #include "ui/packagestatusline.h"
 
@@ -31,7 +31,7 @@ class TestDependsJob : public QObject
     Q_OBJECT
 
     QTemporaryDir m_folder{"/tmp/vaXXXXXX"_s};
-    std::unique_ptr<PrivateApt> m_apt;
+    std::unique_ptr<LocalApt> m_apt;
     std::unique_ptr<WindowDriver> m_driver;
 
     QString path(const QString &name) const { return m_folder.filePath(name); }
@@ -77,7 +77,7 @@ private Q_SLOTS:
         DebBuilder("lib"_s).version("1.2"_s).build(path("one/pool"_s));
         DebBuilder("library"_s).version("3"_s).field("Depends"_s, "meal"_s).build(path("one/pool"_s));
         DebBuilder("food"_s).field("Provides"_s, "meal"_s).build(path("one/pool"_s));
-        m_apt = std::make_unique<PrivateApt>(m_folder.path(), QStringList{"one"_s});
+        m_apt = std::make_unique<LocalApt>(m_folder.path(), QStringList{"one"_s});
 
         const QString repository = path("r"_s);
         writeFile(repository + "/conf/distributions"_s,

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engineharness.h"
-#include "support/privateapt.h"
+#include "support/localapt.h"
 
 #include <QtTest>
 
@@ -44,7 +44,7 @@ class TestDepends : public QObject
 
 private:
     QTemporaryDir m_root{"/tmp/vaXXXXXX"_s};
-    std::unique_ptr<PrivateApt> m_apt;
+    std::unique_ptr<LocalApt> m_apt;
 
     static EngineHarness::Code check(EngineHarness &h, int type, const QList<PackageInfoPtr> &packages)
     {
@@ -67,7 +67,7 @@ private Q_SLOTS:
         DebBuilder("lib"_s).version("2.0"_s).build(pool);
         DebBuilder("food"_s).architecture("all"_s).field("Provides"_s, "meal"_s).build(pool);
         const QString gone = DebBuilder("gone"_s).build(pool);
-        m_apt = std::make_unique<PrivateApt>(m_root.path(), QStringList{"one"_s});
+        m_apt = std::make_unique<LocalApt>(m_root.path(), QStringList{"one"_s});
         QFile::remove(gone);
     }
 

@@ -8,14 +8,14 @@
  * An apt that knows nothing but folders of packages, each a source of the suite "dogwood" with the component "main",
  * and that has configuration, state and cache of its own; as long as this lives all programs get it.
  */
-class PrivateApt
+class LocalApt
 {
 public:
     /** The packages of a source lie in ROOT/SOURCE/pool; root is an absolute path. Fails the program on trouble. */
-    PrivateApt(const QString &root, const QStringList &sources);
-    ~PrivateApt();
-    PrivateApt(const PrivateApt &) = delete;
-    PrivateApt &operator=(const PrivateApt &) = delete;
+    LocalApt(const QString &root, const QStringList &sources);
+    ~LocalApt();
+    LocalApt(const LocalApt &) = delete;
+    LocalApt &operator=(const LocalApt &) = delete;
 
 private:
     QByteArray m_before;

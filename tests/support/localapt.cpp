@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/privateapt.h"
+#include "support/localapt.h"
 
 #include "support/literals.h"
 
@@ -23,7 +23,7 @@ END
 APT_CONFIG=apt.conf apt-get -qq update)");
 } // namespace
 
-PrivateApt::PrivateApt(const QString &root, const QStringList &sources)
+LocalApt::LocalApt(const QString &root, const QStringList &sources)
     : m_before(qgetenv("APT_CONFIG"))
 {
     if (QProcess::execute("sh"_s, QStringList{"-ec"_s, SetUp, root} + sources) != 0)
@@ -31,7 +31,7 @@ PrivateApt::PrivateApt(const QString &root, const QStringList &sources)
     qputenv("APT_CONFIG", root.toLocal8Bit() + "/apt.conf");
 }
 
-PrivateApt::~PrivateApt()
+LocalApt::~LocalApt()
 {
     if (m_before.isEmpty())
         qunsetenv("APT_CONFIG");
