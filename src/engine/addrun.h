@@ -18,7 +18,8 @@ struct RepoShell::AddRun
     PackageReplacementRules rules = {};
     QStringList added = {}; ///< names of the files that are in
     QList<PackageInfoPtr> records = {}; ///< of what went in, once for each architecture
-    std::optional<QString> signingKey = {}; ///< text of the key that signs; looked up when the first file is in
+    std::optional<QString> signingKey
+        = {}; ///< text of the key that signs; looked up when the first file is in
     QString keyTrouble = {}; ///< why the key cannot be used, once that is known
     QList<PackageInfoPtr> wanting = {}; ///< to be checked anew when something went in
 };
