@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/keylisting.h"
 
-#include "core/processutils.h"
+#include "signing/gpgrun.h"
 #include "signing/signprocess.h"
 
-#include <QElapsedTimer>
 #include <QFutureWatcher>
 #include <QtConcurrent>
 
@@ -45,18 +44,8 @@ KeyListing KeyListing::judge(const QStringList &keys, const QVector<SigningKey> 
 
 std::optional<QVector<SigningKey>> readSecretKeys()
 {
-    constexpr int TimeLimit = 30000; // milliseconds
-    QElapsedTimer clock;
-    clock.start();
-    ProcessCall call{QStringLiteral("gpg"),
-                     {QStringLiteral("--batch"),
-                      QStringLiteral("--no-tty"),
-                      QStringLiteral("--with-colons"),
-                      QStringLiteral("--list-secret-keys")},
-                     {},
-                     {}};
-    call.stopped = [&clock] { return clock.hasExpired(TimeLimit); };
-    const ProcessResult result = runProcess(call);
+    const ProcessResult result
+        = runGpg({QStringLiteral("--with-colons"), QStringLiteral("--list-secret-keys")});
     if (!result.succeeded())
         return std::nullopt;
     return SigningKey::parse(result.output);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/keylisting.h"
+#include "signing/repositorykey.h"
 #include "signing/signingcheck.h"
 #include "signing/signprocess.h"
 #include "support/debbuilder.h"
@@ -112,6 +113,42 @@ private Q_SLOTS:
         QCOMPARE(SignProcess::keyText(listing.keys, m_good.right(8)), TestKeys::text(GoodName, m_good));
         QCOMPARE(SignProcess::keyText(listing.keys, "12345678"_s) + SignProcess::keyText(listing.keys, {}),
                  QString());
+    }
+
+    void tellsWhoSignedARepository()
+    {
+        const QTemporaryDir folder;
+        writeFile(folder.filePath("Release"_s), "Codename: birch\n");
+        const auto signedBy = [&](const QString &key) {
+            QDir().mkpath(folder.filePath("dists/birch"_s));
+            TestKeys::gpg({"--yes"_s,
+                           "-u"_s,
+                           key,
+                           "-o"_s,
+                           folder.filePath("dists/birch/InRelease"_s),
+                           "--clearsign"_s,
+                           folder.filePath("Release"_s)});
+            return RepositoryKey::read(folder.path(), "birch"_s);
+        };
+        QVERIFY(RepositoryKey::read(folder.path(), "birch"_s).id.isEmpty());
+        for (const QString &name : {"subkey"_s, "soon"_s}) {
+            const RepositoryKey key = signedBy(m_keys[name]);
+            QCOMPARE(key.id, m_keys[name]);
+            QCOMPARE(key.text, TestKeys::text(name, m_keys[name]));
+            QCOMPARE(key.remark.contains("expires on"_s), name == "soon"_s);
+        }
+        const QString gone = TestKeys::make("gone"_s);
+        const QString file = folder.filePath("gone.asc"_s);
+        signedBy(gone);
+        QCOMPARE(RepositoryKey::savePublicKey(gone, file), QString());
+        TestKeys::gpg({"--yes"_s, "--delete-secret-and-public-key"_s, gone});
+        const RepositoryKey unknown = RepositoryKey::read(folder.path(), "birch"_s);
+        QVERIFY(!unknown.id.isEmpty() && gone.endsWith(unknown.id) && unknown.text.isEmpty());
+        // What cannot be exported leaves the file as it is.
+        const QByteArray exported = readFile(file);
+        QVERIFY(exported.startsWith("-----BEGIN PGP PUBLIC KEY BLOCK-----\n"));
+        QVERIFY(!RepositoryKey::savePublicKey(gone, file).isEmpty());
+        QCOMPARE(readFile(file), exported);
     }
 
     void judgesWhatNoKeyRingHereHas()

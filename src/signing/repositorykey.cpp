@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "signing/repositorykey.h"
+
+#include "signing/gpgrun.h"
+#include "signing/keylisting.h"
+#include "signing/signprocess.h"
+
+#include <QFileInfo>
+#include <QFutureWatcher>
+#include <QSaveFile>
+#include <QtConcurrent>
+
+RepositoryKey RepositoryKey::read(const QString &repoPath, const QString &codename)
+{
+    RepositoryKey key;
+    const QString file = QStringLiteral("%1/dists/%2/InRelease").arg(repoPath, codename);
+    if (!QFileInfo(file).isFile())
+        return key;
+    // The user's gpg may be set up to fetch a key that it does not know.
+    const ProcessResult result = runGpg({QStringLiteral("--no-auto-key-retrieve"),
+                                         QStringLiteral("--status-fd"),
+                                         QStringLiteral("1"),
+                                         QStringLiteral("--verify"),
+                                         QStringLiteral("--"),
+                                         file});
+    key.id = signer(result.output);
+    if (key.id.isEmpty())
+        return key;
+    key.text = SignProcess::keyText(SignProcess::keys(), key.id);
+    if (key.text.isEmpty()) {
+        key.remark = tr("not in the key ring");
+        return key;
+    }
+    const auto known = readSecretKeys();
+    if (!known)
+        return key;
+    const SigningKey secret = SigningKey::find(*known, key.id);
+    key.remark = secret.obstacle();
+    if (key.remark.isEmpty())
+        key.remark = secret.warning(QDateTime::currentDateTime());
+    return key;
+}
+
+void RepositoryKey::readAside(QObject *context,
+                              const QString &repoPath,
+                              const QString &codename,
+                              const Receiver &receiver)
+{
+    auto *watcher = new QFutureWatcher<RepositoryKey>(context);
+    QObject::connect(watcher, &QFutureWatcherBase::finished, context, [watcher, receiver] {
+        watcher->deleteLater();
+        receiver(watcher->result());
+    });
+    watcher->setFuture(QtConcurrent::run(&RepositoryKey::read, repoPath, codename));
+}
+
+QString RepositoryKey::signer(const QString &status)
+{
+    // See gpg's doc/DETAILS. The last word of VALIDSIG is the primary key's fingerprint, whatever subkey signed.
+    QString unknown;
+    const QStringList lines = status.split(QLatin1Char('\n'));
+    for (const QString &line : lines) {
+        const QStringList words = line.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        if (words.value(0) != QLatin1String("[GNUPG:]"))
+            continue;
+        if (words.value(1) == QLatin1String("VALIDSIG"))
+            return words.last();
+        if (words.value(1) == QLatin1String("NO_PUBKEY"))
+            unknown = words.value(2);
+    }
+    return unknown;
+}
+
+RepositoryKey::Export RepositoryKey::publicKey(const QString &id)
+{
+    const ProcessResult result
+        = runGpg({QStringLiteral("--armor"), QStringLiteral("--export"), QStringLiteral("--"), id});
+    // Without such a key there is no output, which gpg does not take for a failure.
+    if (!result.succeeded() || result.output.isEmpty())
+        return {{}, tr("gpg exported no key.") + QLatin1Char('\n') + result.errorOutput};
+    return {result.output.toLatin1(), {}};
+}
+
+QString RepositoryKey::savePublicKey(const QString &id, const QString &path)
+{
+    const Export exported = publicKey(id);
+    if (exported.key.isEmpty())
+        return exported.errorText;
+    QSaveFile file(path);
+    const bool isWritten
+        = file.open(QIODevice::WriteOnly) && file.write(exported.key) == exported.key.size() && file.commit();
+    return isWritten ? QString() : file.errorString();
+}
