@@ -48,13 +48,13 @@ void SearchPackageWidget::layOut()
     m_searchEdit->setAccessibleName(tr("Package name"));
     m_searchEdit->installEventFilter(this);
 
-    // No item count is known, so it only moves; its place stays when it is hidden.
+    // No item count is known, so it only moves; its place stays when it is hidden, so that the table keeps its height.
     m_busyBar->setObjectName(QStringLiteral("m_busyBar"));
     m_busyBar->setRange(0, 0);
     m_busyBar->setTextVisible(false);
     m_busyBar->setAccessibleName(tr("Searching"));
     constexpr int BusyWidth = 8; // in characters
-    m_busyBar->setMaximumWidth(fontMetrics().averageCharWidth() * BusyWidth);
+    m_busyBar->setMaximumSize(fontMetrics().averageCharWidth() * BusyWidth, fontMetrics().height());
     QSizePolicy policy = m_busyBar->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     m_busyBar->setSizePolicy(policy);
@@ -101,11 +101,12 @@ void SearchPackageWidget::layOut()
 
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_searchEdit, 0, 0);
-    layout->addWidget(m_busyBar, 0, 1);
+    layout->addWidget(m_searchEdit, 0, 0, 1, 2);
     layout->addLayout(filters, 1, 0, 1, 2);
     layout->addWidget(m_packagesTable, 2, 0, 1, 2);
-    layout->addWidget(m_statusLabel, 3, 0, 1, 2);
+    layout->addWidget(m_statusLabel, 3, 0);
+    layout->addWidget(m_busyBar, 3, 1, Qt::AlignTop);
+    layout->setColumnStretch(0, 1);
     setFocusProxy(m_searchEdit);
 }
 
