@@ -2,6 +2,7 @@
 #include "depends/privateapt.h"
 
 #include "core/processutils.h"
+#include "depends/aptcommands.h"
 #include "depends/aptfetch.h"
 #include "depends/sourceoptions.h"
 
@@ -12,6 +13,8 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace
@@ -101,8 +104,16 @@ bool writeInto(QTemporaryFile *file, const QString &text)
 PrivateApt::PrivateApt(QStringList sources, const QStringList &architectures)
     : m_sources(std::move(sources))
 {
+    // One line each, whatever has been typed or stored.
+    for (QString &source : m_sources)
+        source = source.simplified();
     m_sources.removeDuplicates();
-    QStringList named = architectures;
+    // They come from other people's repositories, and a configuration can make apt run programs.
+    QStringList named;
+    std::copy_if(architectures.cbegin(),
+                 architectures.cend(),
+                 std::back_inserter(named),
+                 [](const QString &architecture) { return AptCommands::isArchitecture(architecture); });
     named.removeAll(QStringLiteral("all"));
     named.removeAll(QStringLiteral("source"));
     QStringList identity = m_sources;

@@ -86,6 +86,19 @@ private Q_SLOTS:
                  "[arch=i386,amd64 signed-by=/a.gpg trusted=yes] http://three y main"_s);
     }
 
+    void nothingIsSmuggledIn()
+    {
+        VELT_NEED_TOOL("apt-config");
+        const PrivateApt apt({"http://h x main\ndeb http://other x main"_s},
+                             {"i386\";APT::Update::Pre-Invoke::\"false"_s, "amd64"_s});
+        const QString config = apt.environment().first().section(QLatin1Char('='), 1);
+        const QByteArray text = readFile(config);
+        QVERIFY(text.contains("Architecture \"amd64\"") && !text.contains("Pre-Invoke"));
+        const QDir folder = QFileInfo(config).dir();
+        const QString list = folder.filePath(folder.entryList({"*.list"_s}).value(0));
+        QCOMPARE(readFile(list), QByteArray("deb http://h x main deb http://other x main\n"));
+    }
+
     void listsServeForAnHour()
     {
         VELT_NEED_TOOL("apt-config");
