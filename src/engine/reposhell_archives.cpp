@@ -14,8 +14,8 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QScopeGuard>
-#include <QSet>
 
 namespace
 {
@@ -90,11 +90,14 @@ int RepoShell::exportPackagesBody(const QList<PackageInfoPtr> &packages,
     if (!writer.open())
         return exportFailed(&frame, writer.error());
 
-    QSet<QString> members;
+    QHash<QString, QString> members; // the files by their names in the archive
     auto result = ArchiveWriter::Result::Added;
     for (const PackageInfoPtr &package : packages + needed) {
         const QString file = files.value(PackageKey::of(*package));
-        const QString member = QFileInfo(file).fileName();
+        QString member = QFileInfo(file).fileName();
+        // Components can hold different packages under one file name.
+        if (members.value(member, file) != file)
+            member.prepend(package->indexComponent + QLatin1Char('/'));
         if (isCanceled())
             result = ArchiveWriter::Result::Stopped;
         else if (file.isEmpty())
@@ -105,7 +108,7 @@ int RepoShell::exportPackagesBody(const QList<PackageInfoPtr> &packages,
             return exportFailed(&frame, writer.error());
         if (result == ArchiveWriter::Result::Stopped)
             break;
-        members.insert(member);
+        members.insert(member, file);
         frame.itemDone(packages.size() + needed.size());
     }
     // An archive of nothing must not replace an older one.

@@ -226,6 +226,12 @@ private Q_SLOTS:
             shell("tar xzf '%1' -O | cmp - '%2'"_s.arg(target, package->filePath()));
         }
 
+        // Different packages of one file name both get in.
+        h.add({h.deb(DebBuilder("bar"_s).contents("other"))}, {"contrib"_s, false, QString()});
+        QCOMPARE(exportThese(h.shell.packages(), false), RepoEnums::SUCCESS);
+        QVERIFY(members().contains("contrib/bar_1.0_amd64.deb"_s)
+                && members().contains("bar_1.0_amd64.deb"_s));
+
         // A file that another program has taken away is named, and the archive before stays.
         const QByteArray before = readFile(target);
         QFile::remove(h.find("foo"_s)->filePath());
