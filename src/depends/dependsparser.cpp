@@ -109,6 +109,20 @@ bool repeatsName(const DependencyGroup &entry, const DependencyGroup &other)
            && entry.alternatives.first().architecture == other.alternatives.first().architecture;
 }
 
+/** Whether the entries are the same, written twice. */
+bool asksTheSame(const DependencyGroup &entry, const DependencyGroup &other)
+{
+    return std::equal(entry.alternatives.cbegin(),
+                      entry.alternatives.cend(),
+                      other.alternatives.cbegin(),
+                      other.alternatives.cend(),
+                      [](const Dependency &a, const Dependency &b) {
+                          return a.name == b.name && a.architecture == b.architecture && a.op == b.op
+                                 && a.version == b.version && a.secondOp == b.secondOp
+                                 && a.secondVersion == b.secondVersion;
+                      });
+}
+
 /** Puts the constraint of `from` into a free place of `into`; false when there is none. */
 bool mergeConstraint(Dependency &into, const Dependency &from)
 {
@@ -158,11 +172,12 @@ QMap<QString, DependencyGroup> DependsParser::groups(std::string_view field, con
         } else if (!repeatsName(entry, *known)
                    || !mergeConstraint(known->alternatives.first(), entry.alternatives.first())) {
             const QString text = dependencyText(entry, architecture);
-            QString key = text;
+            const bool isRepeated = asksTheSame(*known, entry)
+                                    || (result.contains(text) && asksTheSame(result.value(text), entry));
+            if (isRepeated)
+                continue;
             // The same name once more, once with alternatives and once without.
-            for (int number = 2; result.contains(key); ++number)
-                key = QStringLiteral("%1 #%2").arg(text, QString::number(number));
-            result.insert(key, entry);
+            result.insert(result.contains(text) ? text + QLatin1String(" #2") : text, entry);
         }
     }
     return result;
