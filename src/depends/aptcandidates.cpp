@@ -2,6 +2,7 @@
 #include "depends/aptcandidates.h"
 
 #include "depends/aptcommands.h"
+#include "depends/aptoutput.h"
 #include "depends/aptpolicy.h"
 #include "depends/aptutils.h"
 
@@ -85,6 +86,14 @@ QString AptCandidates::errorText() const
     return m_failed ? AptUtils::tr("Apt error") : QString();
 }
 
+bool AptCandidates::lacksSources()
+{
+    QString output;
+    return !m_asked.isEmpty() && m_prepared && !m_failed && !m_hasSources
+           && run(AptCommands::AptCache, QStringList{QStringLiteral("policy")} + options(), {}, output)
+           && AptOutput::sourceLines(output, SourceGrouping::BySuite).isEmpty();
+}
+
 bool AptCandidates::prepare(const StopRequest &stopped)
 {
     if (m_prepared || m_failed)
@@ -106,8 +115,22 @@ bool AptCandidates::prepare(const StopRequest &stopped)
     // leave its traces in the system's file.
     if (!m_sourceList.isEmpty() || cacheFile.isEmpty()
         || !QFileInfo(QFileInfo(cacheFile).path()).isWritable())
-        m_cache = std::make_unique<QTemporaryDir>();
+        m_cache = std::make_unique<ScratchFolder>();
     return true;
+}
+
+QStringList AptCandidates::options() const
+{
+    QStringList result = AptCommands::privateListOptions(m_sourceList);
+    // apt-cache takes an unknown name with a dot or a plus for a pattern, and "a." fits nearly all packages there are.
+    result << QStringLiteral("-o") << QStringLiteral("APT::Cmd::Pattern-Only=true");
+    if (m_cache && m_cache->isValid()) {
+        for (const auto *const file : {"pkgcache", "srcpkgcache"})
+            result << QStringLiteral("-o")
+                   << QStringLiteral("Dir::Cache::%1=%2")
+                          .arg(QLatin1String(file), m_cache->filePath(QLatin1String(file)));
+    }
+    return result;
 }
 
 void AptCandidates::ask(const QString &command,
@@ -117,13 +140,7 @@ void AptCandidates::ask(const QString &command,
 {
     if (words.isEmpty() || !prepare(stopped))
         return;
-    QStringList options = AptCommands::privateListOptions(m_sourceList);
-    if (m_cache && m_cache->isValid()) {
-        for (const auto *const file : {"pkgcache", "srcpkgcache"})
-            options << QStringLiteral("-o")
-                    << QStringLiteral("Dir::Cache::%1=%2")
-                           .arg(QLatin1String(file), m_cache->filePath(QLatin1String(file)));
-    }
+    const QStringList settings = options();
     for (auto word = words.cbegin(); word != words.cend();) {
         if (stopped && stopped())
             return;
@@ -133,7 +150,7 @@ void AptCandidates::ask(const QString &command,
             length += word->size() + 1;
         }
         QString output;
-        if (!run(AptCommands::AptCache, arguments + options, stopped, output))
+        if (!run(AptCommands::AptCache, arguments + settings, stopped, output))
             return;
         reader(output);
     }
@@ -161,13 +178,15 @@ void AptCandidates::readVersions(const QString &policy)
 {
     const auto versions = AptPolicy::versions(policy);
     for (const AptPolicy::ListedVersion &listed : versions) {
-        if (listed.origin.isEmpty() || (m_accepts && !m_accepts(listed.origin)))
-            continue;
         QString architecture = listed.package.section(QLatin1Char(':'), 1, 1);
         if (architecture.isEmpty())
             architecture = m_architecture;
         const PackageQuestion question{
             listed.package.section(QLatin1Char(':'), 0, 0), architecture, PackageType::Deb};
-        m_answers[question].append({listed.origin, listed.version});
+        for (const QString &origin : listed.origins) {
+            m_hasSources = true;
+            if (!m_accepts || m_accepts(origin))
+                m_answers[question].append({origin, listed.version});
+        }
     }
 }

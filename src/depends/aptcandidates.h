@@ -2,11 +2,11 @@
 #pragma once
 
 #include "core/processutils.h"
+#include "core/scratchfolder.h"
 #include "depends/candidatesource.h"
 
 #include <QHash>
 #include <QSet>
-#include <QTemporaryDir>
 
 #include <memory>
 
@@ -35,6 +35,8 @@ public:
     QString errorText() const;
     /** What apt said about it. */
     QString errorDetail() const { return m_errorDetail; }
+    /** apt was asked for versions and has no list of any source. May run apt once more to find out. */
+    bool lacksSources();
 
 private:
     using Answers = QHash<PackageQuestion, QVector<Candidate>>;
@@ -49,15 +51,18 @@ private:
     /** False when it failed or was stopped. */
     bool
     run(const QString &program, const QStringList &arguments, const StopRequest &stopped, QString &output);
+    /** What every run gets besides its words. */
+    QStringList options() const;
     void readVersions(const QString &policy);
 
     QString m_sourceList;
     OriginFilter m_accepts;
     bool m_prepared = false;
     bool m_failed = false;
+    bool m_hasSources = false; ///< some answer named one
     QString m_errorDetail;
     QString m_architecture; ///< the system's own, which apt leaves out of names
-    std::unique_ptr<QTemporaryDir>
+    std::unique_ptr<ScratchFolder>
         m_cache; ///< apt's cache file, where the system's own place is not to be had
     QSet<PackageQuestion> m_asked;
     Answers m_answers;

@@ -52,7 +52,6 @@ QVector<ListedVersion> versions(const QString &policy)
     QStringRef rest(&policy);
     QString package;
     bool inTable = false;
-    bool wantsSource = false;
     while (!rest.isEmpty()) {
         const QStringRef line = takeLine(rest);
         if (!startsWithBlank(line) && line.endsWith(QLatin1Char(':'))) {
@@ -64,16 +63,16 @@ QVector<ListedVersion> versions(const QString &policy)
             const QStringRef text = line.mid(VersionColumn);
             if (!startsWithBlank(text)) {
                 result.append({package, text.left(text.indexOf(QLatin1Char(' '))).toString(), {}});
-                wantsSource = true;
-            } else if (wantsSource) {
-                wantsSource = false;
+            } else if (!result.isEmpty()) {
                 // The priority stands in front, and differs where sources are pinned.
                 const QStringRef source = text.trimmed();
                 const QString key = source.mid(source.indexOf(QLatin1Char(' ')) + 1).toString();
                 auto origin = origins.find(key);
                 if (origin == origins.end())
                     origin = origins.insert(key, AptOutput::origin(key));
-                result.last().origin = *origin;
+                QStringList &known = result.last().origins;
+                if (!origin->isEmpty() && !known.contains(*origin))
+                    known.append(*origin);
             }
         }
     }

@@ -13,8 +13,8 @@ struct ListedVersion
 {
     QString package; ///< with ":architecture" when that is not the system's own
     QString version;
-    QString
-        origin; ///< of its first source, as AptOutput::origin(); empty for an installed version of no source
+    QStringList
+        origins; ///< of its sources, see AptOutput::origin(); none for an installed version of no source
 };
 
 /** The versions of all packages in the output, in its order. */

@@ -46,6 +46,13 @@ QString AptUtils::privateSourcesFile() const
     return m_privateSources ? m_privateSources->fileName() : QString();
 }
 
+QString AptUtils::noSourcesText()
+{
+    return tr("apt has no list of the packages of any public source. \"apt update\" fetches the lists of the "
+              "sources "
+              "that it has been told of.");
+}
+
 QStringList AptUtils::sourcesFromPolicy(SourceGrouping grouping)
 {
     if (!ask(AptCommands::AptCache,

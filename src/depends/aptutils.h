@@ -27,6 +27,9 @@ public:
     /** Path of the private list; empty without one. */
     QString privateSourcesFile() const;
 
+    /** For the user, when apt has no list of any source. */
+    static QString noSourcesText();
+
     /** The sources apt knows, as they follow "deb " in a sources list. */
     QStringList sourcesFromPolicy(SourceGrouping grouping = SourceGrouping::BySuite);
 

@@ -58,6 +58,10 @@ void PackageSearcher::search(const QString &pattern, int number)
         return;
     const QStringList wanted = names.mid(0, NameLimit);
     Q_EMIT namesFound(pattern, names.size(), wanted.size());
+    // The search is silent about an apt that is broken, or was never given any lists.
+    if (names.isEmpty() && m_apt->sourcesFromPolicy().isEmpty() && m_apt->exitCode() == 0
+        && !isSuperseded(number))
+        Q_EMIT searchFailed(AptUtils::tr("Apt error"), AptUtils::noSourcesText());
 
     // The blocking form works in this thread as well: the pool may be full of jobs that wait for an answer.
     const QList<PackageInfo> packages = QtConcurrent::blockingFiltered(

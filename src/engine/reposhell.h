@@ -294,7 +294,7 @@ private:
     QList<PackageInfoPtr> presentRecords(const QList<PackageInfoPtr> &packages) const;
     int checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone = {});
     std::function<bool(const QString &origin)> acceptedOrigins() const;
-    void tellAptFailure(const AptCandidates &apt);
+    void tellAptFailure(AptCandidates *apt);
 
     // --- packages from elsewhere: reposhell_download.cpp
     int downloadBody(const QList<PackageInfo> &packages, const AddOptions &options);
@@ -353,7 +353,10 @@ private:
                      bool singlePackage);
     ErrorCode collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present);
     ErrorCode includePackage(AddedFile *file, const PackageInfo &record, bool replace);
+    ErrorCode replacePackage(AddedFile *file, const PackageInfo &record, const PackageInfo &present);
+    ErrorCode includeFile(AddedFile *file, const PackageInfo &record, bool replaces);
     bool isIncluded(const ProcessResult &result, const PackageInfo &record);
+    bool isGone(const PackageInfo &package);
     QList<PackageInfoPtr> packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const;
     PackageInfoPtr packageIncluded(const PackageInfo &record, bool replaced);
     void

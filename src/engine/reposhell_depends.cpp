@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The dependency check, and its stored results: who asks for what, and on which thread it happens.
 #include "depends/aptcandidates.h"
+#include "depends/aptutils.h"
 #include "depends/dependscheck.h"
 #include "depends/dependsdata.h"
 #include "depends/dependsreport.h"
@@ -27,7 +28,7 @@ int RepoShell::checkBody(const QList<PackageInfoPtr> &packages)
     const bool isOn = m_dependsRepoType != DependsNowhere;
     const int checked = checkRecords(records, [&frame] { frame.quickItemDone(); });
     Q_EMIT progressStepChanged(m_progress);
-    if (isOn)
+    if (checked > 0)
         Q_EMIT requestForSavingPackages(m_packages.all());
     if (isOn && checked < records.size())
         return frame.finish(
@@ -73,7 +74,7 @@ int RepoShell::checkRecords(const QList<PackageInfoPtr> &records, const std::fun
                                         itemDone();
                                 },
                                 [this] { return isCanceled() || m_closing; });
-    tellAptFailure(apt);
+    tellAptFailure(&apt);
     if (!results.isEmpty())
         Q_EMIT dependsSummary(DependsReport::summaryLines(results));
     return checked;
@@ -96,10 +97,12 @@ std::function<bool(const QString &origin)> RepoShell::acceptedOrigins() const
     };
 }
 
-void RepoShell::tellAptFailure(const AptCandidates &apt)
+void RepoShell::tellAptFailure(AptCandidates *apt)
 {
-    if (apt.failed())
-        Q_EMIT critical(apt.errorText(), apt.errorDetail(), WARNING);
+    if (apt->failed())
+        Q_EMIT critical(apt->errorText(), apt->errorDetail(), WARNING);
+    else if (!isCanceled() && !m_closing && apt->lacksSources())
+        Q_EMIT critical(AptUtils::tr("Apt error"), AptUtils::noSourcesText(), WARNING);
 }
 
 // --- stored results ----------------------------------------------------------------------------------------------

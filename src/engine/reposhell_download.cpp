@@ -95,7 +95,7 @@ int RepoShell::addDependenciesBody(const QVector<Dependency> &dependencies, cons
     QStringList missing;
     for (const Dependency &dependency : offers.missing)
         missing.append(dependencyText(dependency));
-    tellAptFailure(apt);
+    tellAptFailure(&apt);
     if (!missing.isEmpty() && !apt.failed() && !isCanceled())
         Q_EMIT critical(
             tr("No source offers: %1").arg(missing.join(QLatin1String(", "))), QString(), WARNING);

@@ -221,6 +221,8 @@ private Q_SLOTS:
         // Linear also where every parenthesis could begin a constraint and none does.
         QElapsedTimer timer;
         timer.start();
+        const QString repeated = "a|b,b|a,"_s.repeated(12500);
+        QCOMPARE(DependsParser().groups(repeated.toStdString(), {}).size(), 2);
         DependsParser().entries("a " + "(<<"_s.repeated(33000).toStdString() + std::string(50000, ' '), {});
         QVERIFY2(timer.elapsed() < 200, qPrintable(QString::number(timer.elapsed())));
     }
@@ -418,6 +420,8 @@ private Q_SLOTS:
             const QString version = control.field("Version");
             if (i % 7 != 0)
                 indices["one/dists/dogwood/main/binary-amd64"_s] += record(version, "amd64"_s) + '\n';
+            if (i % 7 == 2 && i % 3 != 0)
+                indices["two/dists/dogwood/main/binary-amd64"_s] += record(version, "amd64"_s) + '\n';
             if (i % 3 == 0)
                 indices["two/dists/dogwood/main/binary-amd64"_s]
                     += record(i % 2 == 0 ? version : "9:"_s + version.section(QLatin1Char(':'), -1), "all"_s)
@@ -460,7 +464,10 @@ private Q_SLOTS:
             QSet<QString> got;
             for (const Candidate &candidate : apt.candidates(question))
                 got.insert(candidate.source + QLatin1Char(' ') + candidate.version);
-            QVERIFY2(got == expected, qPrintable(question.name + QLatin1Char(':') + question.architecture));
+            // Of a version that two sources have alike, apt shows one.
+            const bool isShared = question.architecture == "amd64"_s && i / 2 % 7 == 2 && i / 2 % 3 != 0;
+            QVERIFY2(isShared ? got.contains(expected) && got.size() > expected.size() : got == expected,
+                     qPrintable(question.name + QLatin1Char(':') + question.architecture));
             found += got.size();
         }
         QVERIFY2(found > 100, qPrintable(QString::number(found)));
@@ -472,14 +479,22 @@ private Q_SLOTS:
         QCOMPARE(names, single.providers("fruit"_s));
         QVERIFY(apt.candidates({questions.first().name, "amd64"_s, PackageType::Udeb}).isEmpty());
 
-        AptCandidates filtered({}, [](const QString &origin) { return origin.contains("/one "_s); });
-        filtered.prefetch(questions, {});
-        int others = 0;
-        for (const PackageQuestion &question : qAsConst(questions)) {
-            for (const Candidate &candidate : filtered.candidates(question))
-                others += candidate.source.contains("/two "_s) ? 1 : 0;
+        // Where one source does not count, the other has what both have; the last question is on such a package.
+        const PackageQuestion shared = questions.at(2 * (2 + 7 * 2));
+        for (const QString &source : {"/one "_s, "/two "_s}) {
+            AptCandidates filtered({}, [source](const QString &origin) { return origin.contains(source); });
+            filtered.prefetch(questions, {});
+            QCOMPARE(filtered.candidates(shared).size(), 1);
+            for (const PackageQuestion &question : qAsConst(questions)) {
+                for (const Candidate &candidate : filtered.candidates(question))
+                    QVERIFY(candidate.source.contains(source));
+            }
         }
-        QCOMPARE(others, 0);
+        // An unknown name is no pattern that fits others.
+        AptCandidates hostile;
+        hostile.prefetch({{"b."_s, "amd64"_s, PackageType::Deb}, {"a.+"_s, "amd64"_s, PackageType::Deb}}, {});
+        for (const PackageQuestion &question : qAsConst(questions))
+            QVERIFY(hostile.candidates(question).isEmpty());
 
         // Sources that apt cannot read are one error for the whole job, and a dependency in error.
         AptCandidates broken(path("apt.conf"_s));

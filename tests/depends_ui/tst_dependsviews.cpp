@@ -319,6 +319,18 @@ private Q_SLOTS:
         QTest::keyClicks(edit, "zzz"_s);
         QTRY_COMPARE_WITH_TIMEOUT(table->model()->rowCount(), 0, 30000);
         QVERIFY(!add->isEnabled());
+        auto *status = child<QLabel>(dialog, "m_statusLabel");
+        QTRY_COMPARE_WITH_TIMEOUT(status->text(), "No packages found"_s, 30000);
+
+        // An apt without lists finds nothing as well, and so does none at all: that is not the text's fault.
+        QDir(path("lists"_s)).removeRecursively();
+        QTest::keyClick(edit, Qt::Key_Z);
+        QTRY_VERIFY_WITH_TIMEOUT(status->text().contains("apt update"_s), 30000);
+        const QByteArray usual = qgetenv("PATH");
+        const auto restorePath = qScopeGuard([&usual] { qputenv("PATH", usual); });
+        qputenv("PATH", path("one"_s).toLocal8Bit());
+        QTest::keyClick(edit, Qt::Key_Z);
+        QTRY_VERIFY_WITH_TIMEOUT(status->text().contains("apt-cache: "_s), 30000);
     }
 
     /** A recording apt that hangs on one word and answers another at once. */

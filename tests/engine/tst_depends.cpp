@@ -282,6 +282,16 @@ private Q_SLOTS:
         h.run([&] { h.shell.addDependencies({lacking(h.find("far"_s), "lib")}); });
         QCOMPARE(h.criticals.size(), 1);
         QVERIFY(h.trouble().startsWith("Apt error|"_s));
+        // Nor is a healthy apt that was never given any lists a reason to call all missing without a word.
+        writeFile(h.folder.filePath("sources.list"_s), "");
+        writeFile(h.folder.filePath("apt.conf"_s),
+                  "Dir::Etc \"" + h.folder.path().toLocal8Bit() + "\"; Dir::State::lists \"/nowhere\";");
+        checkAll(h, DependsLocal);
+        QCOMPARE(criticals.count(), 2);
+        checkAll(h, DependsEverywhere);
+        QCOMPARE(criticals.count(), 3);
+        QVERIFY(criticals.last().at(1).toString().contains("apt update"_s));
+        QCOMPARE(h.criticals.size(), 1);
     }
 };
 
