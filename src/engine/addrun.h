@@ -5,6 +5,8 @@
 #include "engine/exportsession.h"
 #include "engine/reposhell.h"
 
+#include <QHash>
+
 #include <memory>
 #include <optional>
 
@@ -33,4 +35,5 @@ struct RepoShell::AddedFile
     QString source
         = {}; ///< what reprepro gets: the file itself or its signed copy; empty until that is known
     std::unique_ptr<ScratchFolder> signedFolder = nullptr;
+    QHash<PackageKey, ErrorCode> results = {}; ///< of what is in, which can be more than was asked for
 };

@@ -12,7 +12,7 @@
 #include <QFileInfo>
 #include <QThreadPool>
 
-#include <memory>
+#include <algorithm>
 
 namespace
 {
@@ -39,6 +39,15 @@ QString keptText(RepoEnums::ErrorCode collision, const QString &file, const Pack
         text
             = RepoShell::tr("Not added: %1. The repository holds the older version %2 (%3), which was kept.");
     return text.arg(file, present.version, present.architecture);
+}
+
+/** Puts the file where `record` says; the Section field can name another component than the one that lists it. */
+QString includeCommand(const QString &codename, const PackageInfo &record, const QString &file)
+{
+    QString section = record.section;
+    if (record.component != record.indexComponent)
+        section.prepend(record.component + QLatin1Char('/'));
+    return ReproCommand::include(codename, record.indexComponent, record.architecture, section, file);
 }
 } // namespace
 
@@ -201,12 +210,14 @@ RepoShell::collisionOf(const QString &file, const PackageInfo &package, const Pa
 
 RepoShell::ErrorCode RepoShell::includePackage(AddedFile *file, const PackageInfo &record, bool replace)
 {
-    ExportSession *const session = &file->run.session;
     if (record.architecture == QLatin1String("all")) {
         Q_EMIT critical(tr("Cannot added package %1 with architecture all!").arg(file->path));
         return ERROR;
     }
-    const PackageInfoPtr present = m_packages.find(PackageKey::of(record));
+    const PackageKey key = PackageKey::of(record);
+    if (file->results.contains(key))
+        return file->results.value(key);
+    const PackageInfoPtr present = m_packages.find(key);
     if (present && !replace)
         return collisionOf(file->path, record, *present);
 
@@ -214,43 +225,67 @@ RepoShell::ErrorCode RepoShell::includePackage(AddedFile *file, const PackageInf
     if (!signFile(file, record.name))
         return PACKAGE_UNSIGNED;
 
-    std::unique_ptr<PackageBackup> backup;
+    return present ? replacePackage(file, record, *present) : includeFile(file, record, false);
+}
+
+RepoShell::ErrorCode
+RepoShell::replacePackage(AddedFile *file, const PackageInfo &record, const PackageInfo &present)
+{
+    ExportSession *const session = &file->run.session;
+    PackageBackup backup(path(), present);
+    if (backup.file().isEmpty() && QFile::exists(present.filePath())) {
+        Q_EMIT critical(tr("Error adding package %1!").arg(file->path),
+                        tr("The present package could not be kept aside, so it was not replaced: %1")
+                            .arg(present.filePath()));
+        return ERROR;
+    }
+    const auto inTheWay = packagesInTheWay(present, record);
+    const bool makesRoom = present.filePath() == record.filePath();
     QList<PackageInfoPtr> removed;
-    if (present) {
-        backup = std::make_unique<PackageBackup>(path(), *present);
-        if (backup->file().isEmpty() && QFile::exists(present->filePath())) {
+    for (const PackageInfoPtr &package : inTheWay) {
+        const bool isRemoved = removePackage(package, session, makesRoom);
+        // A run that died may have come further than anybody could find out.
+        if (isRemoved || !QFile::exists(package->filePath()))
+            removed.append(package);
+        if (!isRemoved) {
             Q_EMIT critical(tr("Error adding package %1!").arg(file->path),
-                            tr("The present package could not be kept aside, so it was not replaced: %1")
-                                .arg(present->filePath()));
+                            tr("The present package could not be removed, so it was not replaced."));
+            restorePackages(removed, &backup, session);
             return ERROR;
         }
-        const auto inTheWay = packagesInTheWay(*present, record);
-        const bool makesRoom = present->filePath() == record.filePath();
-        for (const PackageInfoPtr &package : inTheWay) {
-            if (!removePackage(package, session, makesRoom)) {
-                Q_EMIT critical(tr("Error adding package %1!").arg(file->path),
-                                tr("The present package could not be removed, so it was not replaced."));
-                restorePackages(removed, backup.get(), session);
-                return ERROR;
-            }
-            removed.append(package);
+    }
+    // They had one file, and either all get the new one or all keep the old one.
+    for (const PackageInfoPtr &package : inTheWay) {
+        PackageInfo successor = record;
+        successor.architecture = package->architecture;
+        if (includeFile(file, successor, true) != ERROR)
+            continue;
+        for (const PackageInfoPtr &other : inTheWay) {
+            const PackageInfoPtr included = m_packages.find(PackageKey::of(*other));
+            if (file->results.remove(PackageKey::of(*other)) > 0 && included)
+                removePackage(included, session, makesRoom);
         }
+        restorePackages(removed, &backup, session);
+        return ERROR;
     }
+    return file->results.value(PackageKey::of(record), ERROR);
+}
 
-    const ProcessResult result = runInclude(
-        ReproCommand::include(
-            repoInfo().codename, record.component, record.architecture, record.section, file->source),
-        session);
-    if (isIncluded(result, record)) {
-        PackageInfo included = record;
-        included.signingKey = signingKeyOf(&file->run);
-        rememberSignature(included);
-        file->run.records.append(packageIncluded(included, !removed.isEmpty()));
-        return ReproAnswer::signingFailed(result.errorOutput) ? PACKAGE_GPGERROR : SUCCESS;
+RepoShell::ErrorCode RepoShell::includeFile(AddedFile *file, const PackageInfo &record, bool replaces)
+{
+    const ProcessResult result
+        = runInclude(includeCommand(repoInfo().codename, record, file->source), &file->run.session);
+    if (!isIncluded(result, record)) {
+        Q_EMIT critical(tr("Error adding package %1!").arg(file->path), result.errorOutput);
+        return ERROR;
     }
-    Q_EMIT critical(tr("Error adding package %1!").arg(file->path), result.errorOutput);
-    restorePackages(removed, backup.get(), session);
-    return ERROR;
+    PackageInfo included = record;
+    included.signingKey = signingKeyOf(&file->run);
+    rememberSignature(included);
+    file->run.records.append(packageIncluded(included, replaces));
+    const ErrorCode code = ReproAnswer::signingFailed(result.errorOutput) ? PACKAGE_GPGERROR : SUCCESS;
+    file->results.insert(PackageKey::of(record), code);
+    return code;
 }
 
 bool RepoShell::isIncluded(const ProcessResult &result, const PackageInfo &record)
@@ -263,6 +298,17 @@ bool RepoShell::isIncluded(const ProcessResult &result, const PackageInfo &recor
     // When only the indices could not be written, the package is in all the same, and the end of the job tells of
     // the indices.
     return ReproAnswer::indicesOutdated(result.errorOutput) || ReproAnswer::signingFailed(result.errorOutput);
+}
+
+bool RepoShell::isGone(const PackageInfo &package)
+{
+    const bool isKnown = runReprepro(ReproCommand::listFiles(
+                             repoInfo().codename, package.name, package.indexComponent, package.architecture))
+                         == 0;
+    const QStringList files = lastOutput().split(QLatin1Char('\n'));
+    return isKnown && std::none_of(files.cbegin(), files.cend(), [&](const QString &file) {
+               return path() + QLatin1Char('/') + file == package.filePath();
+           });
 }
 
 QList<PackageInfoPtr> RepoShell::packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const
@@ -314,12 +360,7 @@ void RepoShell::restorePackages(const QList<PackageInfoPtr> &packages,
 {
     for (const PackageInfoPtr &package : packages) {
         if (!backup->file().isEmpty()
-            && isIncluded(runInclude(ReproCommand::include(repoInfo().codename,
-                                                           package->indexComponent,
-                                                           package->architecture,
-                                                           package->section,
-                                                           backup->file()),
-                                     session),
+            && isIncluded(runInclude(includeCommand(repoInfo().codename, *package, backup->file()), session),
                           *package)) {
             rememberSignature(*package);
             m_packages.append(package);
@@ -384,7 +425,8 @@ bool RepoShell::removePackage(const PackageInfoPtr &package, ExportSession *sess
     // When only the indices could not be written, the package has left the database all the same, and the end of the
     // job tells of the indices.
     const bool removed = result.succeeded() || ReproAnswer::indicesOutdated(result.errorOutput)
-                         || ReproAnswer::signingFailed(result.errorOutput);
+                         || ReproAnswer::signingFailed(result.errorOutput)
+                         || (result.crashed() && isGone(*package));
     if (!removed) {
         if (result.started && !result.crashed())
             Q_EMIT critical(tr("Error removing package %1!").arg(package->name), result.errorOutput);

@@ -51,17 +51,8 @@ bool RepoShell::signPackage(const PackageInfoPtr &package, AddRun *run)
     if (!present)
         return false;
     AddedFile file{*run, present->filePath()};
-    // The first include takes all that use the file out, so each of them goes in again.
-    const auto sharing = packagesInTheWay(*present, *present);
-    bool isSigned = true;
-    for (const PackageInfoPtr &record : sharing) {
-        const ErrorCode result = includePackage(&file, *record, true);
-        isSigned = isSigned && (result == SUCCESS || result == PACKAGE_GPGERROR);
-        // What was taken out has been put back.
-        if (!isSigned && record == present)
-            break;
-    }
-    return isSigned;
+    const ErrorCode result = includePackage(&file, *present, true);
+    return result == SUCCESS || result == PACKAGE_GPGERROR;
 }
 
 bool RepoShell::signFile(AddedFile *file, const QString &packageName)

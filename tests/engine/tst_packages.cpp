@@ -75,6 +75,14 @@ private Q_SLOTS:
         QCOMPARE(h.trouble(), QString());
         QCOMPARE(h.inPool(Foo), readFile(other));
         QVERIFY(h.listed().size() == 2 && h.settled());
+        // They share a file: a yes for the second replaces it for the first, too, and takes it from none.
+        int asked = 0;
+        h.whileAsked = [&] { h.choice = ++asked == 1 ? Rules::KeepThis : Rules::ReplaceThis; };
+        const QString third = h.deb(deb.contents("third"));
+        h.add({third});
+        QCOMPARE(asked, 2);
+        QCOMPARE(h.inPool(Foo), readFile(third));
+        QVERIFY(h.listed().size() == 2 && h.settled());
         h.remove({h.find(Foo, "i386"_s)});
         QCOMPARE(h.inDatabase(), QStringList{"dogwood|main|amd64: foo 1.0"_s});
         QVERIFY(h.settled());

@@ -110,17 +110,24 @@ private Q_SLOTS:
         QCOMPARE(h.lastMessage(), "Operation stopped. 1 of 2 package(s) is signed: bar_1.0_amd64.deb"_s);
     }
 
+    void refusedCopyIsTakenBack_data()
+    {
+        QTest::addColumn<int>("refused");
+        QTest::newRow("the first include") << 1;
+        QTest::newRow("the other architecture's") << 2;
+    }
+
     void refusedCopyIsTakenBack()
     {
+        QFETCH(int, refused);
         RepoHarness h("amd64 i386"_s);
         h.add({h.deb(DebBuilder("everywhere"_s).architecture("all"_s))}, signedWith(m_key));
         const QByteArray before = h.inPool("everywhere"_s);
         const QString bin = h.folder.filePath("bin"_s);
-        writeFile(bin + "/once"_s, {});
         writeScript(bin + "/reprepro"_s,
-                    "#!/bin/sh\ncase \"$*\" in *includedeb*) if /bin/rm " + bin.toLatin1()
-                        + "/once 2>/dev/null; then echo refused >&2; exit 254; fi;; esac\n"
-                          "exec "
+                    "#!/bin/sh\ncase \"$*\" in *includedeb*) echo >>" + bin.toLatin1()
+                        + "/runs; [ $(/usr/bin/wc -l <" + bin.toLatin1() + "/runs) != "
+                        + QByteArray::number(refused) + " ] || { echo refused >&2; exit 254; };; esac\nexec "
                         + QStandardPaths::findExecutable("reprepro"_s).toLatin1() + " \"$@\"\n");
         const QByteArray path = qgetenv("PATH");
         qputenv("PATH", bin.toLatin1() + ':' + path);
@@ -129,6 +136,19 @@ private Q_SLOTS:
         QVERIFY2(h.trouble().endsWith("|refused\n"_s), qPrintable(h.trouble()));
         QVERIFY(h.inPool("everywhere"_s) == before && recorded(h).size() == 2);
         QVERIFY(isSignedInPool(h, h.find("everywhere"_s, "amd64"_s)) && h.settled());
+    }
+
+    void staysInItsComponent()
+    {
+        RepoHarness h;
+        const QString file = h.deb(DebBuilder("foo"_s).field("Section"_s, "non-free/admin"_s));
+        QVERIFY(h.reprepro({"-C"_s, "main"_s, "includedeb"_s, "dogwood"_s, file}).succeeded());
+        h.open(h.repoPath());
+        QVERIFY(h.find("foo"_s)->component == "non-free"_s && h.find("foo"_s)->indexComponent == "main"_s);
+        QCOMPARE(h.run([&] { h.shell.signPackages(h.shell.packages(), m_key); }), RepoEnums::SUCCESS);
+        QCOMPARE(h.inDatabase(), QStringList{"dogwood|main|amd64: foo 1.0"_s});
+        h.open(h.repoPath());
+        QVERIFY(isSignedInPool(h, h.find("foo"_s)) && h.settled());
     }
 };
 

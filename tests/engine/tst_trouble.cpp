@@ -121,6 +121,20 @@ private Q_SLOTS:
         h.open(h.repoPath());
         QCOMPARE(h.listed(), QStringList{"foo 1.0 main amd64"_s});
         QVERIFY(h.settled());
+
+        // Killed when all was done: what it removed is not kept in the list, nor lost when it was to be replaced.
+        const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLocal8Bit();
+        const auto restore = qScopeGuard([path = qgetenv("PATH")] { qputenv("PATH", path); });
+        QFile::remove(bin + "reprepro"_s);
+        writeScript(bin + "reprepro"_s,
+                    "#!/bin/sh\n" + real + " \"$@\"\ncase \"$*\" in *' remove '*) kill -SEGV $$;; esac\n");
+        qputenv("PATH", bin.toLocal8Bit() + ':' + qgetenv("PATH"));
+        h.choice = PackageReplacementRules::ReplaceThis;
+        h.add(h.debs("foo", "2.0"));
+        QCOMPARE(h.listed(), QStringList{"foo 2.0 main amd64"_s});
+        QVERIFY(h.settled());
+        h.remove(h.shell.packages());
+        QVERIFY(h.listed().isEmpty() && h.settled());
     }
 
     void fullDisk()
