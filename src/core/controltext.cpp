@@ -97,3 +97,21 @@ std::string_view controlFieldValue(std::string_view text, std::string_view name)
     }
     return {};
 }
+
+std::string_view unfoldedField(std::string_view paragraph, std::string_view name, std::string &buffer)
+{
+    const auto value = controlFieldValue(paragraph, name);
+    // There is no such field; an empty one points at its line.
+    if (value.data() == nullptr)
+        return value;
+    auto rest = paragraph.substr(static_cast<std::size_t>(value.data() - paragraph.data()) + value.size());
+    takeLine(rest);
+    if (rest.empty() || (rest.front() != ' ' && rest.front() != '\t'))
+        return value;
+    buffer = value;
+    while (!rest.empty() && (rest.front() == ' ' || rest.front() == '\t')) {
+        buffer += ' ';
+        buffer += takeLine(rest);
+    }
+    return buffer;
+}

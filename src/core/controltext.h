@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 /**
@@ -39,3 +40,9 @@ private:
 
 /** The value of the first line "name:value" in `text`, without its surrounding white space. */
 std::string_view controlFieldValue(std::string_view text, std::string_view name);
+
+/**
+ * The whole value of a field that may be folded over several lines, which then are joined with blanks in `buffer`.
+ * The result points into `paragraph` or `buffer`.
+ */
+std::string_view unfoldedField(std::string_view paragraph, std::string_view name, std::string &buffer);

@@ -5,7 +5,13 @@
 
 QStringList PackageInfo::depends() const
 {
-    return PackageField::dependsEntries(control.field("Depends"));
+    std::string buffer;
+    const auto field = unfoldedField(control.text(), "Depends", buffer);
+    QString value = QString::fromUtf8(field.data(), static_cast<int>(field.size()));
+    // Where the field goes on in another line, a newline stands for the blank between two entries.
+    if (!buffer.empty())
+        value = value.simplified().replace(QLatin1String(" ,"), QLatin1String(","));
+    return PackageField::dependsEntries(value);
 }
 
 QString PackageInfo::filePath() const

@@ -219,24 +219,6 @@ bool DependsParser::readAlternative(std::string_view text,
     return true;
 }
 
-std::string_view unfoldedField(std::string_view paragraph, std::string_view name, std::string &buffer)
-{
-    const auto value = controlFieldValue(paragraph, name);
-    // There is no such field; an empty one points at its line.
-    if (value.data() == nullptr)
-        return value;
-    auto rest = paragraph.substr(static_cast<std::size_t>(value.data() - paragraph.data()) + value.size());
-    takePiece(rest, '\n');
-    if (rest.empty() || (rest.front() != ' ' && rest.front() != '\t'))
-        return value;
-    buffer = value;
-    while (!rest.empty() && (rest.front() == ' ' || rest.front() == '\t')) {
-        buffer += ' ';
-        buffer += takePiece(rest, '\n');
-    }
-    return buffer;
-}
-
 QString dependencyText(const Dependency &dependency, const QString &architecture)
 {
     QString text = dependency.name;

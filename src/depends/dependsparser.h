@@ -37,12 +37,6 @@ private:
     std::unordered_map<std::string_view, QString> m_pool;
 };
 
-/**
- * The whole value of a field that may be folded over several lines, which then are joined with blanks in `buffer`.
- * The result points into `paragraph` or `buffer`.
- */
-std::string_view unfoldedField(std::string_view paragraph, std::string_view name, std::string &buffer);
-
 /** The dependency as a Depends field writes it; the architecture only where it is not `architecture`. */
 QString dependencyText(const Dependency &dependency, const QString &architecture = QString());
 /** The alternatives of an entry in the same way, with " | " between them. */

@@ -111,6 +111,9 @@ private Q_SLOTS:
         const auto records = parse(Index);
         QCOMPARE(records.at(0)->depends().join(QLatin1Char('/')),
                  "libc6 (>= 2.28)/libfoo | libbar/a |b(>= 1)/ last"_s);
+        PackageInfo folded;
+        folded.control = ControlText("Depends:\n libc6 (>= 2),\n\ta | b\n , c:any\nOther: d\n x\n");
+        QCOMPARE(folded.depends(), (QStringList{"libc6 (>= 2)"_s, "a | b"_s, "c"_s}));
         QCOMPARE(records.at(0)->description(),
                  "first line\n second line\n .\n not a field: here\nlower: case"_s);
         QString read;
