@@ -3,10 +3,10 @@
 
 #include "depends/packagedependitem.h"
 #include "depends/packageitem.h"
+#include "depends/tooltiptext.h"
 
 #include <QIcon>
 #include <QSet>
-#include <QTextDocument>
 
 #include <algorithm>
 
@@ -23,12 +23,6 @@ QIcon statusIcon(DependStatus status)
         break;
     }
     return QIcon::fromTheme(QStringLiteral("dialog-close"));
-}
-
-/** A tool tip that begins like markup would be read as such; operators such as "<<" can look like it. */
-QString plainToolTip(const QString &text)
-{
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
 }
 
 /** An origin text begins with an address; the local repository has a word. */
@@ -210,7 +204,7 @@ QVariant DependsModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return item.text();
     case Qt::ToolTipRole:
-        return plainToolTip(item.explanation());
+        return toolTipText(item.explanation());
     case Qt::AccessibleDescriptionRole:
         return item.explanation();
     default:
@@ -227,7 +221,7 @@ QVariant DependsModel::sourceData(const DependsItem &item, const QString &source
     case SourceStatusRole:
         return status ? QVariant(static_cast<int>(*status)) : QVariant();
     case Qt::ToolTipRole:
-        return plainToolTip(item.sourceExplanation(source, shownSource(source)));
+        return toolTipText(item.sourceExplanation(source, shownSource(source)));
     case Qt::AccessibleTextRole:
         return item.sourceExplanation(source, shownSource(source));
     default:
@@ -243,7 +237,7 @@ QVariant DependsModel::headerData(int section, Qt::Orientation orientation, int 
     if (section == 0)
         return tr("Package");
     const QString &source = m_sources.at(section - 1);
-    return role == Qt::DisplayRole ? shownSource(source) : source;
+    return role == Qt::DisplayRole ? shownSource(source) : toolTipText(source);
 }
 
 QString DependsModel::shownSource(const QString &source) const

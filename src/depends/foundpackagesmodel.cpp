@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/foundpackagesmodel.h"
 
+#include "depends/tooltiptext.h"
+
 #include <utility>
 
 FoundPackagesModel::FoundPackagesModel(AliasLookup aliases, QObject *parent)
@@ -53,7 +55,8 @@ QVariant FoundPackagesModel::data(const QModelIndex &index, int role) const
         return text(package, index.column());
     // The origin behind a name, and what a narrow column cuts off.
     if (role == Qt::ToolTipRole)
-        return index.column() == RepositoryColumn ? package.repository : text(package, index.column());
+        return toolTipText(index.column() == RepositoryColumn ? package.repository
+                                                              : text(package, index.column()));
     return {};
 }
 

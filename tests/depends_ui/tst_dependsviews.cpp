@@ -333,6 +333,16 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(status->text().contains("apt-cache: "_s), 30000);
     }
 
+    void othersTextsAreNoMarkup()
+    {
+        FoundPackagesModel model({}, nullptr);
+        PackageInfo package;
+        package.version = "1<img src='file:///x'>"_s;
+        model.setPackages({package});
+        const QModelIndex version = model.index(0, FoundPackagesModel::VersionColumn);
+        QVERIFY(version.data(Qt::ToolTipRole).toString().contains("&lt;img"_s));
+    }
+
     /** A recording apt that hangs on one word and answers another at once. */
     void onlyTheNewestTextIsAnswered()
     {
