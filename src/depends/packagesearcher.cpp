@@ -3,6 +3,7 @@
 
 #include "depends/aptutils.h"
 
+#include <QFileInfo>
 #include <QScopeGuard>
 #include <QtConcurrent>
 
@@ -53,6 +54,8 @@ void PackageSearcher::search(const QString &pattern, int number)
     m_current = number;
     Q_EMIT searchStarted();
     m_apt->setStopRequest([this, number] { return isSuperseded(number); });
+    if (!m_config)
+        askForNamesOnly();
     const QStringList names = m_apt->searchByPrefix(pattern);
     if (isSuperseded(number))
         return;
@@ -68,6 +71,19 @@ void PackageSearcher::search(const QString &pattern, int number)
         packagesOf(wanted, number), [this](const PackageInfo &package) { return m_filter.accepts(package); });
     if (!isSuperseded(number))
         Q_EMIT newPackageFound(packages);
+}
+
+void PackageSearcher::askForNamesOnly()
+{
+    // apt would read every description, out of packed lists for minutes, and only names are kept of what it finds.
+    m_config = std::make_unique<QTemporaryFile>();
+    QByteArray text("APT::Cache::NamesOnly \"true\";\n");
+    const QString own = qEnvironmentVariable("APT_CONFIG");
+    if (!own.isEmpty())
+        text.prepend(
+            QStringLiteral("#include \"%1\";\n").arg(QFileInfo(own).absoluteFilePath()).toLocal8Bit());
+    if (m_config->open() && m_config->write(text) == text.size() && m_config->flush())
+        m_apt->setEnvironment({QLatin1String("APT_CONFIG=") + m_config->fileName()});
 }
 
 QList<PackageInfo> PackageSearcher::packagesOf(const QStringList &names, int number)

@@ -4,9 +4,11 @@
 #include "depends/packagefilter.h"
 
 #include <QObject>
+#include <QTemporaryFile>
 #include <QThread>
 
 #include <atomic>
+#include <memory>
 
 class AptUtils;
 
@@ -49,12 +51,14 @@ Q_SIGNALS:
 
 private:
     void search(const QString &pattern, int number);
+    void askForNamesOnly();
     QList<PackageInfo> packagesOf(const QStringList &names, int number);
     bool isSuperseded(int number) const { return m_newest != number; }
 
     QThread m_thread;
     const PackageFilter m_filter;
     AptUtils *m_apt;
+    std::unique_ptr<QTemporaryFile> m_config; ///< apt's configuration; made in the searcher's thread
     int m_current = 0; ///< number of the search that runs; used in the searcher's thread alone
     std::atomic_int m_newest{0}; ///< number of the search that is wanted
     std::atomic_int m_pending{0}; ///< searches that were started and have not ended

@@ -81,7 +81,7 @@ APT_CONFIG=apt.conf apt-get -qq update)");
 const char *const RecordingApt = R"(#!/bin/sh
 echo "$@" >>"$ASKED"
 case $2 in slow) sleep 60;; esac
-if [ $1 = search ]; then i=0; while [ $i -lt 2100 ]; do echo "$2$i/x"; i=$((i+1)); done; exit; fi
+if [ $1 = search ]; then grep -q 'NamesOnly "true"' "$APT_CONFIG" || exit 1; i=0; while [ $i -lt 2100 ]; do echo "$2$i/x"; i=$((i+1)); done; exit; fi
 shift
 for name; do
     [ $name = -a ] ||
