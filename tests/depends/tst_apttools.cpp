@@ -4,9 +4,12 @@
 #include "depends/dpkgutils.h"
 #include "support/debbuilder.h"
 #include "support/literals.h"
+#include "support/localapt.h"
 #include "support/testenvironment.h"
 
 #include <QtTest>
+
+#include <memory>
 
 namespace
 {
@@ -16,23 +19,6 @@ QStringList sorted(QStringList list)
     list.sort();
     return list;
 }
-
-/** Local sources out of the packages in one/pool and two/pool, and a configuration that knows nothing else. */
-const QString SetUp = QStringLiteral(R"(cd "$0"
-mkdir -p etc/apt.conf.d etc/preferences.d etc/trusted.gpg.d lists/partial cache/archives/partial
-for source in one two; do
-    mkdir -p $source/dists/dogwood/main/binary-amd64
-    (cd $source; dpkg-scanpackages -m pool >dists/dogwood/main/binary-amd64/Packages)
-    echo "deb [trusted=yes arch=amd64] file:$0/$source dogwood main" >>etc/sources.list
-done
-printf '%s\n' 'Package: foo' 'Status: install ok installed' 'Version: 0.9' 'Architecture: amd64' \
-    'Maintainer: T <t@example.org>' 'Description: installed' '' >status
-cat >apt.conf <<END
-Dir::Etc "$0/etc"; Dir::Etc::Parts "$0/etc/apt.conf.d"; Dir::State "$0"; Dir::State::lists "$0/lists";
-Dir::State::status "$0/status"; Dir::Cache "$0/cache"; Dir::Log "$0/log";
-APT::Sandbox::User ""; APT::Architecture "amd64";
-END
-APT_CONFIG=apt.conf apt-get -qq update)");
 } // namespace
 
 /** Real apt over local sources, with configuration, state and cache of its own. */
@@ -42,6 +28,7 @@ class TestAptTools : public QObject
 
 private:
     QTemporaryDir m_root;
+    std::unique_ptr<LocalApt> m_apt;
     const QString m_one = "file:%1 dogwood"_s.arg(path("one"_s));
     const QString m_two = "file:%1 dogwood"_s.arg(path("two"_s));
     QStringList m_errors;
@@ -80,8 +67,10 @@ private Q_SLOTS:
         addPackage("g++-x.y", "1", "two"_s, "Provides meal"_s);
         addPackage("g++-x.y", "2", "two"_s, "Provides meal"_s);
         addPackage("g++-x-y", "1", "two"_s);
-        QCOMPARE(QProcess::execute("sh"_s, {"-ec"_s, SetUp, m_root.path()}), 0);
-        qputenv("APT_CONFIG", path("apt.conf"_s).toLocal8Bit());
+        m_apt = std::make_unique<LocalApt>(m_root.path(), QStringList{"one"_s, "two"_s});
+        writeFile(path("status"_s),
+                  "Package: foo\nStatus: install ok installed\nVersion: 0.9\nArchitecture: amd64\n"
+                  "Maintainer: T <t@example.org>\nDescription: installed\n");
     }
 
     void versionsAndRecords()
