@@ -21,6 +21,16 @@
 
 #include <utility>
 
+namespace
+{
+/** What says more than that there is a warning; empty for most. */
+QString titleOf(const QString &error)
+{
+    return error == RepoShell::tr("No packages for upgrading") ? RepoShell::tr("Nothing to upgrade")
+                                                               : QString();
+}
+} // namespace
+
 JobFeedback::JobFeedback(
     RepoTabs &tabs, Prompts &prompts, QStatusBar *statusBar, QPlainTextEdit *log, QObject *parent)
     : QObject(parent)
@@ -172,7 +182,7 @@ void JobFeedback::jobError(RepoWidget *widget,
     }
     // However many files fail, the user has one box to close. The log tells at once.
     logError(widget, text, details);
-    job.errors.append({text, details, type});
+    job.errors.append({text, details, type, titleOf(text)});
 }
 
 void JobFeedback::logError(const RepoWidget *widget, const QString &text, const QString &details)

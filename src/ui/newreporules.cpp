@@ -37,6 +37,16 @@ NewRepoRules::Refusal NewRepoRules::check(const QString &parent, const RepoInfo 
     return codename.match(info.codename).hasMatch() ? Refusal::None : Refusal::BadName;
 }
 
+QString NewRepoRules::importName(const QString &source)
+{
+    QString base = QDir(source).dirName().toLower();
+    static const QRegularExpression ending(QStringLiteral("(_export)?(\\.tgz|\\.tar\\.gzip|\\.tar\\.gz)\\z"));
+    static const QRegularExpression refused(QStringLiteral("[^a-z0-9._-]+"));
+    static const QRegularExpression edges(QStringLiteral("\\A[.-]+|[.-]+\\z"));
+    base.remove(ending).replace(refused, QStringLiteral("-")).remove(edges);
+    return QStringLiteral("%1-repo-import").arg(base.isEmpty() ? QStringLiteral("packages") : base);
+}
+
 bool NewRepoRules::endangersPackages(const RepoInfo &from, const RepoInfo &to)
 {
     return from.codename != to.codename || words(from.architectures) != words(to.architectures)

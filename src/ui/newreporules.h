@@ -23,6 +23,9 @@ QString fullPath(const QString &parent, const QString &name);
 /** The first rule that the fields break. */
 Refusal check(const QString &parent, const RepoInfo &info);
 
+/** A name for the repository that gets what is in this archive or folder. */
+QString importName(const QString &source);
+
 /** Whether changing `from` into `to` can drop packages. */
 bool endangersPackages(const RepoInfo &from, const RepoInfo &to);
 

@@ -7,6 +7,7 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QTextEdit>
 
@@ -94,7 +95,7 @@ void Prompts::tell(int icon, const QString &title, const QString &text, QWidget 
 
 void Prompts::showError(const QString &text, const QString &details, RepoEnums::ErrorType type)
 {
-    showErrors({{text, details, type}});
+    showErrors({{text, details, type, {}}});
 }
 
 void Prompts::showErrors(const QList<Error> &errors)
@@ -126,11 +127,11 @@ void Prompts::showNextError()
     if (errors.size() > 1)
         text += QLatin1String("\n\n") + tr("%n further message(s) below.", nullptr, errors.size() - 1);
 
-    auto *box = new QMessageBox(critical ? QMessageBox::Critical : QMessageBox::Warning,
-                                critical ? tr("Error") : tr("Warning"),
-                                text,
-                                QMessageBox::Ok,
-                                m_window);
+    QString title = errors.size() == 1 ? errors.first().title : QString();
+    if (title.isEmpty())
+        title = critical ? tr("Error") : tr("Warning");
+    auto *box = new QMessageBox(
+        critical ? QMessageBox::Critical : QMessageBox::Warning, title, text, QMessageBox::Ok, m_window);
     box->setTextFormat(Qt::PlainText);
     if (!details.trimmed().isEmpty()) {
         box->setDetailedText(details.trimmed());
@@ -161,10 +162,13 @@ Prompts::FileChoice Prompts::saveFile(const QString &title,
                                       const QStringList &filters)
 {
     const auto suffixOf = [](const QString &filter) {
-        return filter.section(QLatin1String("*."), 1).section(QLatin1Char(')'), 0, 0);
+        static const QRegularExpression firstPattern(QStringLiteral("\\*\\.([^ )]+)"));
+        return firstPattern.match(filter).captured(1);
     };
     QFileDialog dialog(m_window, title, folder);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
+    // We ask ourselves, for the whole name.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilters(filters);
     dialog.setDefaultSuffix(suffixOf(filters.first()));
     dialog.selectFile(name);
@@ -179,13 +183,36 @@ Prompts::FileChoice Prompts::saveFile(const QString &title,
         if (isOfKind)
             dialog.selectFile(chosen.completeBaseName() + QLatin1Char('.') + suffixOf(filter));
     });
-    if (run(dialog) != QDialog::Accepted)
-        return {};
-    const QString path = dialog.selectedFiles().value(0);
+    QString path;
+    do {
+        if (run(dialog) != QDialog::Accepted)
+            return {};
+        path = dialog.selectedFiles().value(0);
+        // The toolkit takes the end of a version for a suffix.
+        const QString suffix = QFileInfo(path).suffix();
+        if (!suffix.isEmpty() && suffix.at(0).isDigit())
+            path += QLatin1Char('.') + suffixOf(dialog.selectedNameFilter());
+    } while (!mayReplace(path));
     const auto fitting = std::find_if(filters.cbegin(), filters.cend(), [&](const QString &filter) {
         return path.endsWith(QLatin1Char('.') + suffixOf(filter), Qt::CaseInsensitive);
     });
     return {path, fitting == filters.cend() ? dialog.selectedNameFilter() : *fitting};
+}
+
+bool Prompts::mayReplace(const QString &path)
+{
+    return !QFileInfo::exists(path)
+           || askCarefully(tr("Confirm replacement"),
+                           tr("The file %1 already exists. Do you want to replace it?").arg(path))
+                  == Answer::Yes;
+}
+
+QString Prompts::openFile(const QString &title, const QString &folder, const QString &filter)
+{
+    QFileDialog dialog(m_window, title, folder, filter);
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    giveRoom(dialog);
+    return run(dialog) == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 QStringList Prompts::openFiles(const QString &title, const QString &folder, const QString &filter)

@@ -27,6 +27,7 @@ public:
         QString text;
         QString details;
         RepoEnums::ErrorType type;
+        QString title; ///< of a box with this error alone; empty: by its weight
     };
     enum class Answer {
         Yes,
@@ -68,9 +69,14 @@ public:
         QString filter; ///< the one that the name fits, or else the one that was chosen
     };
 
-    /** Asks where to save a file; each of `filters` holds one pattern, whose suffix a name without one gets. */
+    /**
+     * Asks where to save a file, and again when there is one that shall stay. A name without a suffix gets that of the
+     * filter's first pattern.
+     */
     FileChoice
     saveFile(const QString &title, const QString &folder, const QString &name, const QStringList &filters);
+    /** Asks for an existing file; empty when cancelled. */
+    QString openFile(const QString &title, const QString &folder, const QString &filter);
     /** Asks for existing files; empty when cancelled. */
     QStringList openFiles(const QString &title, const QString &folder, const QString &filter);
     /** Asks for an existing folder; empty when cancelled. */
@@ -90,6 +96,7 @@ Q_SIGNALS:
 private:
     QWidget *parentOr(QWidget *parent) const { return parent == nullptr ? m_window : parent; }
     Answer askIn(QMessageBox &box, const QString &about);
+    bool mayReplace(const QString &path);
     void tell(int icon, const QString &title, const QString &text, QWidget *parent);
     void showNextError();
     void announceFreed();
