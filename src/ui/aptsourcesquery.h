@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFutureWatcher>
+#include <QObject>
+#include <QStringList>
+
+#include <atomic>
+#include <memory>
+
+/** Asks apt once, on a thread of the pool, which sources it knows. The answer comes unless the object goes before. */
+class AptSourcesQuery : public QObject
+{
+    Q_OBJECT
+public:
+    explicit AptSourcesQuery(QObject *parent = nullptr);
+    ~AptSourcesQuery() override;
+
+    void start();
+
+Q_SIGNALS:
+    /** Each source as it follows "deb " in a sources list; `failure` tells why apt has not answered, if it has not. */
+    void answered(const QStringList &sources, const QString &failure);
+
+private:
+    struct Answer
+    {
+        QStringList sources;
+        QString failure;
+    };
+
+    static Answer ask(const std::shared_ptr<const std::atomic_bool> &stopped);
+
+    QFutureWatcher<Answer> m_watcher;
+    std::shared_ptr<std::atomic_bool> m_stopped; ///< read by ask(), which may outlive the object
+};

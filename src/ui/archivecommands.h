@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+
+#include <QHash>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+
+class JobFeedback;
+class Prompts;
+class QAction;
+class RepositoryCommands;
+class RepoShell;
+class RepoTabs;
+class RepoWidget;
+class SettingsCommands;
+
+namespace Ui
+{
+class MainWindow;
+}
+
+/** Export to archives, and import of packages from archives and folders, also into a new repository. */
+class ArchiveCommands : public QObject
+{
+    Q_OBJECT
+public:
+    /** `ui` holds the actions and outlives the commands; `window` is its window. */
+    ArchiveCommands(Ui::MainWindow &ui,
+                    RepoTabs &tabs,
+                    Prompts &prompts,
+                    JobFeedback &feedback,
+                    SettingsCommands &settings,
+                    RepositoryCommands &repositories,
+                    QWidget *window);
+
+    /** Shows by the actions what can be done now; packages may be selected in the current tab. */
+    void updateActions(bool arePackagesSelected);
+
+private:
+    void connectActions();
+    void attach(RepoWidget *widget);
+    bool isFree(const RepoWidget *widget) const;
+    /** Asks for the archive to write and begins the job, if that is possible still. */
+    void exportBy(const std::function<void(RepoShell &engine, const QString &target)> &job);
+    void exportPackages(const QList<PackageInfoPtr> &packages, bool withDepends);
+    void exportSelected(bool withDepends);
+    bool canReadArchives();
+    QString chooseArchive();
+    void importRepo();
+    void importIntoNew(const QString &source, const QString &folder);
+    void importPackages(const std::function<QString()> &chooseSource);
+    void importWaiting(RepoWidget *widget);
+
+    Ui::MainWindow &m_ui;
+    RepoTabs &m_tabs;
+    Prompts &m_prompts;
+    JobFeedback &m_feedback;
+    SettingsCommands &m_settings;
+    RepositoryCommands &m_repositories;
+    QAction *m_importFolderAction;
+    QHash<const RepoWidget *, QString> m_waiting; ///< what goes into repositories that are being created
+    QString m_lastFolder;
+};

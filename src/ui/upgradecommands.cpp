@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/upgradecommands.h"
+
+#include "engine/reposhell.h"
+#include "ui/prompts.h"
+#include "ui/repotabs.h"
+#include "ui/repowidget.h"
+#include "ui/settingscommands.h"
+#include "ui/upgradepackagesdialog.h"
+#include "ui/upgradesourcesdialog.h"
+
+#include <QAction>
+#include <QPointer>
+
+#include <algorithm>
+
+UpgradeCommands::UpgradeCommands(
+    QAction *action, RepoTabs &tabs, Prompts &prompts, SettingsCommands &settings, QObject *parent)
+    : QObject(parent)
+    , m_action(action)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_settings(settings)
+{
+    connect(m_action, &QAction::triggered, this, &UpgradeCommands::showUpgradeRepoDialog);
+    connect(&m_tabs, &RepoTabs::created, this, &UpgradeCommands::attach);
+    connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) { m_prepared.removeAll(widget); });
+    // Queued, because a dialog comes: others are told of the tab, and of the dialog that has gone, before.
+    connect(&m_tabs, &RepoTabs::ready, this, &UpgradeCommands::servePrepared, Qt::QueuedConnection);
+    connect(&m_prompts, &Prompts::freed, this, &UpgradeCommands::servePrepared, Qt::QueuedConnection);
+}
+
+void UpgradeCommands::attach(RepoWidget *widget)
+{
+    RepoShell *engine = widget->repoShell();
+    connect(engine, &RepoShell::finished, engine, &RepoShell::removeCustomSourcesListFile);
+    // The job is still ending then.
+    connect(widget, &RepoWidget::downloadablePackagesReady, this, [this, widget] {
+        m_prepared.removeAll(widget);
+        m_prepared.append(widget);
+    });
+}
+
+bool UpgradeCommands::isFree(const RepoWidget *widget) const
+{
+    return widget != nullptr && widget->isEnabled() && !m_tabs.isRunning(widget)
+           && !widget->repoPath().isEmpty();
+}
+
+void UpgradeCommands::updateActions()
+{
+    const RepoWidget *widget = m_tabs.current();
+    m_action->setEnabled(isFree(widget) && widget->repoShell()->packageCount() > 0);
+}
+
+void UpgradeCommands::showUpgradeRepoDialog()
+{
+    const QPointer<RepoWidget> target = m_tabs.current();
+    if (!isFree(target))
+        return;
+    UpgradeSourcesDialog dialog(
+        m_settings.externalRepos(), m_lastSources, qobject_cast<QWidget *>(m_prompts.parent()));
+    if (m_prompts.run(dialog) != QDialog::Accepted)
+        return;
+    const QStringList sources = dialog.sources();
+    if (sources.isEmpty()) {
+        m_prompts.inform(tr("No source selected"),
+                         tr("Since you have not selected any source, the update will be canceled"));
+        return;
+    }
+    m_lastSources = sources;
+    if (isFree(target))
+        target->repoShell()->prepareUpgrade(sources);
+}
+
+void UpgradeCommands::servePrepared()
+{
+    if (m_prompts.isOpen())
+        return;
+    const auto next = std::find_if(
+        m_prepared.cbegin(), m_prepared.cend(), [this](const RepoWidget *widget) { return isFree(widget); });
+    // When the dialog has gone, Prompts::freed() calls again for the rest.
+    if (next != m_prepared.cend())
+        choosePackages(m_prepared.takeAt(static_cast<int>(next - m_prepared.cbegin())));
+}
+
+void UpgradeCommands::choosePackages(RepoWidget *widget)
+{
+    const QPointer<RepoWidget> target(widget);
+    m_tabs.bringToFront(widget);
+    UpgradePackagesDialog dialog(widget->repoShell()->upgradablePackages(),
+                                 m_settings.aliases(),
+                                 qobject_cast<QWidget *>(m_prompts.parent()));
+    const bool isChosen = m_prompts.run(dialog) == QDialog::Accepted;
+    if (target.isNull())
+        return;
+    RepoShell *engine = target->repoShell();
+    if (isChosen && isFree(target))
+        engine->upgradeRepo(dialog.packages(), m_settings.addOptions(engine->repoInfo().componentList()));
+    else
+        engine->removeCustomSourcesListFile(RepoEnums::UPGRADE_JOB);
+}

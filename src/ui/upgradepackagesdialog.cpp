@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/upgradepackagesdialog.h"
+
+#include "ui/checktablemodel.h"
+
+#include <utility>
+
+UpgradePackagesDialog::UpgradePackagesDialog(QVector<UpgradablePackage> packages,
+                                             const std::function<QString(const QString &)> &alias,
+                                             QWidget *parent)
+    : CheckTableDialog(
+        tr("Choose packages to upgrade"),
+        tr("The chosen packages are fetched and take the places of the old versions."),
+        {tr("Package"), tr("Architecture"), tr("Old version"), tr("New version"), tr("Source")},
+        parent)
+    , m_packages(std::move(packages))
+{
+    QVector<CheckTableModel::Row> rows;
+    rows.reserve(m_packages.size());
+    for (const UpgradablePackage &package : qAsConst(m_packages)) {
+        rows.append({{package.name,
+                      package.architecture,
+                      package.oldVersion,
+                      package.newVersion,
+                      alias(package.source)},
+                     true});
+    }
+    model()->setRows(rows);
+    fitColumns();
+    setEmptyChoiceAllowed(false);
+}
+
+QVector<UpgradablePackage> UpgradePackagesDialog::packages() const
+{
+    QVector<UpgradablePackage> kept;
+    for (int row = 0; row < m_packages.size(); ++row) {
+        if (model()->isChecked(row))
+            kept.append(m_packages.at(row));
+    }
+    return kept;
+}
