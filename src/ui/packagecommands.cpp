@@ -3,6 +3,7 @@
 
 #include "engine/reposhell.h"
 #include "ui/jobfeedback.h"
+#include "ui/packagedetails.h"
 #include "ui/prompts.h"
 #include "ui/repositorycommands.h"
 #include "ui/repotabs.h"
@@ -19,19 +20,6 @@ namespace
 bool isPackageFile(const QString &file)
 {
     return file.endsWith(QLatin1String(".deb")) || file.endsWith(QLatin1String(".udeb"));
-}
-
-/** How many packages these are, and the names of the first. */
-QString summary(const QList<PackageInfoPtr> &packages)
-{
-    constexpr int NamesShown = 5;
-    QStringList names;
-    for (const PackageInfoPtr &package : packages.mid(0, NamesShown))
-        names << package->name;
-    if (packages.size() > NamesShown)
-        names << QString(QChar(0x2026));
-    return PackageCommands::tr("%n package(s): %1", nullptr, packages.size())
-        .arg(names.join(QLatin1String(", ")));
 }
 } // namespace
 
@@ -100,11 +88,9 @@ RepoWidget *PackageCommands::chooseTarget()
 
 void PackageCommands::chooseAndAdd()
 {
-    RepoWidget *widget = m_tabs.current();
-    if (widget == nullptr) {
-        warnNoRepository();
+    RepoWidget *widget = chooseTarget();
+    if (widget == nullptr)
         return;
-    }
     const QPointer<RepoWidget> guard(widget);
     const QString name = tr("(%1)").arg(widget->repoShell()->repoInfo().name);
     const QStringList files
@@ -185,8 +171,9 @@ void PackageCommands::removePackages()
     if (selected.isEmpty())
         return;
     const QPointer<RepoWidget> guard(widget);
-    if (m_prompts.askCarefully(
-            tr("Remove confirmation"), tr("Do you want to remove selected packages?"), summary(selected))
+    if (m_prompts.askCarefully(tr("Remove confirmation"),
+                               tr("Do you want to remove selected packages?"),
+                               PackageDetails::summary(selected))
             == Prompts::Answer::Yes
         && !guard.isNull() && !m_tabs.isRunning(widget))
         widget->repoShell()->removePackages(selected);

@@ -24,7 +24,7 @@ public:
                     RepositoryCommands &repositories,
                     QObject *parent);
 
-    /** Asks for files and adds them to the current tab's repository. */
+    /** Asks for one of several repositories, then for files, and adds these to it. */
     void chooseAndAdd();
     /** Adds files to the only repository, or to one that the user picks. */
     void addToChosen(const QStringList &files);

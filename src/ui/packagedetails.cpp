@@ -11,3 +11,14 @@ QString PackageDetails::descriptionHtml(const QString &description)
     lines.first() = QStringLiteral("<b>%1</b>").arg(lines.constFirst());
     return lines.join(QLatin1String("<br>"));
 }
+
+QString PackageDetails::summary(const QList<PackageInfoPtr> &packages)
+{
+    constexpr int NamesShown = 5;
+    QStringList names;
+    for (const PackageInfoPtr &package : packages.mid(0, NamesShown))
+        names << package->name;
+    if (packages.size() > NamesShown)
+        names << QString(QChar(0x2026));
+    return tr("%n package(s): %1", nullptr, packages.size()).arg(names.join(QLatin1String(", ")));
+}

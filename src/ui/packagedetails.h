@@ -1,14 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/packageinfo.h"
+
+#include <QCoreApplication>
 #include <QString>
 
 /** How the fields of a package record are shown. */
-namespace PackageDetails
+class PackageDetails
 {
-/**
- * The description as rich text: the synopsis in bold, one line a line, and an empty line where the description has a
- * line with a lone dot. The text itself is shown as it stands, whatever characters it holds.
- */
-QString descriptionHtml(const QString &description);
-} // namespace PackageDetails
+    Q_DECLARE_TR_FUNCTIONS(PackageDetails)
+public:
+    /**
+     * The description as rich text: the synopsis in bold, one line a line, and an empty line where the description has
+     * a line with a lone dot. The text itself is shown as it stands, whatever characters it holds.
+     */
+    static QString descriptionHtml(const QString &description);
+    /** How many packages these are, and the names of the first. */
+    static QString summary(const QList<PackageInfoPtr> &packages);
+};
