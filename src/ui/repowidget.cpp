@@ -9,6 +9,7 @@
 #include "ui/publicationpanel.h"
 #include "ui/repomodel.h"
 #include "ui/repoproxymodel.h"
+#include "ui/repositorykeypanel.h"
 #include "ui/sections.h"
 
 #include "ui_repowidget.h"
@@ -138,6 +139,9 @@ void RepoWidget::connectPublication()
     connect(m_publication, &PublicationPanel::publishTriggered, this, &RepoWidget::publishRepoTriggered);
     connect(m_publication, &PublicationPanel::unpublishTriggered, this, &RepoWidget::unpublishRepoTriggered);
     connect(m_publication, &PublicationPanel::statusLabel, this, &RepoWidget::statusLabel);
+    m_key = new RepositoryKeyPanel(*m_ui, *m_shell, this);
+    connect(m_key, &RepositoryKeyPanel::copyTriggered, this, &RepoWidget::copyPublicKeyTriggered);
+    connect(m_key, &RepositoryKeyPanel::saveTriggered, this, &RepoWidget::savePublicKeyTriggered);
 }
 
 void RepoWidget::connectShell()
@@ -194,6 +198,7 @@ void RepoWidget::repoPathChanged()
     if (path.isEmpty()) {
         m_model->clearRepository();
         m_publication->showRepository();
+        m_key->showRepository();
     } else {
         repoInfoAdded();
     }
@@ -213,6 +218,7 @@ void RepoWidget::repoInfoAdded()
     m_ui->m_repoArchLabel->setText(info.architectures);
     m_ui->m_repoSignLabel->setText(info.signWith ? tr("Signed") : tr("Unsigned"));
     m_publication->showRepository();
+    m_key->showRepository();
     if (!m_shell->path().isEmpty())
         m_model->setRepository(info);
 }
@@ -248,7 +254,7 @@ void RepoWidget::updateActions()
 {
     const QModelIndexList selected = m_ui->m_repoTreeView->selectionModel()->selectedIndexes();
     const bool anyPackage = std::any_of(selected.cbegin(), selected.cend(), [this](const QModelIndex &index) {
-        return m_proxy->shownPackages(index) > 0;
+        return !isRepository(index) && m_proxy->shownPackages(index) > 0;
     });
     Q_EMIT enableRemovePackagesAction(anyPackage && !m_running);
     Q_EMIT enableCheckDependsAction(m_model->packageCount() > 0 && !m_running);
@@ -321,8 +327,10 @@ QList<PackageInfoPtr> RepoWidget::selectedPackages() const
 {
     QList<int> ids;
     const QModelIndexList selected = m_ui->m_repoTreeView->selectionModel()->selectedIndexes();
-    for (const QModelIndex &index : selected)
-        collectPackages(index, ids);
+    for (const QModelIndex &index : selected) {
+        if (!isRepository(index))
+            collectPackages(index, ids);
+    }
     QSet<int> known;
     QList<PackageInfoPtr> packages;
     for (const int id : qAsConst(ids)) {
@@ -332,6 +340,11 @@ QList<PackageInfoPtr> RepoWidget::selectedPackages() const
         packages.append(m_model->tree().item(id).package);
     }
     return packages;
+}
+
+bool RepoWidget::isRepository(const QModelIndex &index) const
+{
+    return !m_proxy->mapToSource(index).parent().isValid();
 }
 
 void RepoWidget::collectPackages(const QModelIndex &index, QList<int> &ids) const

@@ -15,6 +15,7 @@
 class DependsView;
 class PackageFeed;
 class PublicationPanel;
+class RepositoryKeyPanel;
 class QMenu;
 class RepoModel;
 class RepoProxyModel;
@@ -44,7 +45,10 @@ public:
     /** Directory of the open repository; empty as long as none is open. */
     QString repoPath() const;
 
-    /** The selected packages, each once; a selected container stands for all packages in it that are shown. */
+    /**
+     * The selected packages, each once. A selected container stands for all packages in it that are shown, but not the
+     * repository itself, which is selected after opening and has commands of its own.
+     */
     QList<PackageInfoPtr> selectedPackages() const;
     enum class CurrentItem { None, Repository, InRepository };
     /** What the current item of the tree is; a current item that is not selected counts as none. */
@@ -120,6 +124,9 @@ Q_SIGNALS:
 
     /** Package files were dropped on the tree: absolute paths. */
     void filesDropped(const QStringList &files);
+    /** The public part of the key that signs the repository is wanted. */
+    void copyPublicKeyTriggered(const QString &keyId);
+    void savePublicKeyTriggered(const QString &keyId);
     /** Packages, or their states, are others now. */
     void packagesChanged();
     /** The user has divided the tab anew. */
@@ -137,6 +144,7 @@ private:
     RepoProxyModel *m_proxy = nullptr;
     DependsView *m_depends = nullptr;
     PublicationPanel *m_publication = nullptr;
+    RepositoryKeyPanel *m_key = nullptr;
     QMenu *m_filterMenu = nullptr;
     QTimer m_progressTimer;
     int m_shownPackages = 0; ///< packages there were at the last count
@@ -154,5 +162,6 @@ private:
     void updateActions();
     void showPackage(const PackageInfoPtr &record);
     void showPackageError(const QString &text);
+    bool isRepository(const QModelIndex &index) const;
     void collectPackages(const QModelIndex &index, QList<int> &ids) const;
 };
