@@ -39,6 +39,7 @@ GpgKeysWidget::GpgKeysWidget(QWidget *parent)
     : QWidget(parent)
     , m_startKGpgToolButton(new QToolButton(this))
     , m_keysComboBox(new KeysComboBox(this))
+    , m_warningLabel(new QLabel(this))
     , m_keyManager(new KeyManager(this))
 {
     setObjectName(QStringLiteral("GpgKeysWidget"));
@@ -52,6 +53,9 @@ GpgKeysWidget::GpgKeysWidget(QWidget *parent)
     m_keysComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     constexpr int ShownCharacters = 16;
     m_keysComboBox->setMinimumContentsLength(ShownCharacters);
+    m_warningLabel->setObjectName(QStringLiteral("m_warningLabel"));
+    m_warningLabel->setTextFormat(Qt::PlainText);
+    m_warningLabel->setWordWrap(true);
     auto *label = new QLabel(tr("Package signing key:"), this);
     label->setBuddy(m_keysComboBox);
     auto *information = new QLabel(tr("Select GPG key for signing packages. Use KGpg to add/delete GPG keys. "
@@ -66,21 +70,28 @@ GpgKeysWidget::GpgKeysWidget(QWidget *parent)
     layout->addWidget(m_startKGpgToolButton, 0, 0);
     layout->addWidget(label, 0, 1);
     layout->addWidget(m_keysComboBox, 0, 2);
-    layout->addWidget(information, 1, 0, 1, 3);
+    layout->addWidget(m_warningLabel, 1, 2);
+    layout->addWidget(information, 2, 0, 1, 3);
     layout->setColumnStretch(2, 1);
-    layout->setRowStretch(1, 1);
+    layout->setRowStretch(2, 1);
 
     connect(m_startKGpgToolButton, &QToolButton::clicked, m_keyManager, &KeyManager::start);
     connect(m_keyManager, &KeyManager::runningChanged, m_startKGpgToolButton, &QWidget::setDisabled);
     connect(m_keyManager, &KeyManager::packageMissing, this, &GpgKeysWidget::packageMissing);
     connect(m_keyManager, &KeyManager::startFailed, this, &GpgKeysWidget::startFailed);
+    connect(
+        m_keysComboBox, qOverload<int>(&QComboBox::currentIndexChanged), this, &GpgKeysWidget::showWarning);
     fill({});
 }
 
 void GpgKeysWidget::readKeys()
 {
-    KeyListing::readAside(
-        this, [this](const KeyListing &listing) { fill(listing.keys, listing.unusable, listing.warnings); });
+    m_isReading = true;
+    selectKeyInUse();
+    KeyListing::readAside(this, [this](const KeyListing &listing) {
+        m_isReading = false;
+        fill(listing.keys, listing.unusable, listing.warnings);
+    });
 }
 
 void GpgKeysWidget::fill(const QStringList &keys,
@@ -92,7 +103,11 @@ void GpgKeysWidget::fill(const QStringList &keys,
     for (const QString &key : keys) {
         const QString id = keyIdOf(key);
         m_keysComboBox->addItem(key, id);
-        m_keysComboBox->setItemData(m_keysComboBox->count() - 1, warnings.value(key), Qt::ToolTipRole);
+        const QString warning = warnings.value(key);
+        m_keysComboBox->setItemData(m_keysComboBox->count() - 1, warning, Qt::ToolTipRole);
+        if (!warning.isEmpty())
+            m_keysComboBox->setItemIcon(m_keysComboBox->count() - 1,
+                                        QIcon::fromTheme(QStringLiteral("dialog-warning")));
         const QString obstacle = unusable.value(key);
         QStandardItem *item = model == nullptr ? nullptr : model->item(m_keysComboBox->count() - 1);
         if (item == nullptr || (obstacle.isEmpty() && !id.isEmpty()))
@@ -115,13 +130,23 @@ void GpgKeysWidget::selectKeyInUse()
 {
     // What is not listed is named all the same, for it stays in use.
     QString none = tr("No key is selected");
-    if (m_keysComboBox->count() == 0)
+    if (m_isReading)
+        none = tr("The keys are being read");
+    else if (m_keysComboBox->count() == 0)
         none = m_keyInUse.isEmpty() ? tr("No keys are listed")
                                     : tr("No keys are listed (in use: %1)").arg(m_keyInUse);
     else if (!m_keyInUse.isEmpty())
         none = tr("%1 (not listed)").arg(m_keyInUse);
     m_keysComboBox->setPlaceholderText(none);
     m_keysComboBox->setCurrentIndex(m_keyInUse.isEmpty() ? -1 : m_keysComboBox->findData(m_keyInUse));
+    showWarning();
+}
+
+void GpgKeysWidget::showWarning()
+{
+    const QString warning = m_keysComboBox->currentData(Qt::ToolTipRole).toString();
+    m_warningLabel->setText(warning);
+    m_warningLabel->setVisible(!warning.isEmpty());
 }
 
 QString GpgKeysWidget::keyId() const

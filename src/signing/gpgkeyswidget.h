@@ -7,6 +7,7 @@
 
 class KeyManager;
 class QComboBox;
+class QLabel;
 class QToolButton;
 
 /** Picks the key that packages are signed with, and starts the program that manages keys. */
@@ -41,9 +42,12 @@ Q_SIGNALS:
 
 private:
     void selectKeyInUse();
+    void showWarning();
 
     QToolButton *m_startKGpgToolButton;
     QComboBox *m_keysComboBox;
+    QLabel *m_warningLabel; ///< of the key that is chosen
     KeyManager *m_keyManager;
     QString m_keyInUse;
+    bool m_isReading = false;
 };

@@ -2,11 +2,15 @@
 #include "ui/addpkgsettingsdialog.h"
 
 #include "ui/mnemonics.h"
+#include "ui/signingswitch.h"
 
 #include "ui_addpkgsettingsdialog.h"
 
+#include <QPushButton>
+
 AddPkgSettingsDialog::AddPkgSettingsDialog(const QStringList &components,
                                            const UserChoices &choices,
+                                           Prompts &prompts,
                                            QWidget *parent)
     : QDialog(parent)
     , m_ui(std::make_unique<Ui::AddPkgSettingsDialog>())
@@ -21,12 +25,9 @@ AddPkgSettingsDialog::AddPkgSettingsDialog(const QStringList &components,
         box->addItem(component, component);
     // A component of another repository is not offered here, and packages then go where they belong.
     box->setCurrentIndex(qMax(0, box->findData(choices.currentComponent)));
-    // Signing needs a key; without one the choice could not be kept.
-    const bool canSign = !choices.signKeyId.isEmpty();
-    m_ui->m_signPackageCheckBox->setEnabled(canSign);
-    if (!canSign)
-        m_ui->m_signPackageCheckBox->setToolTip(tr("Choose a signing key in Settings, Parameters first."));
-    m_ui->m_signPackageCheckBox->setChecked(canSign && choices.signPackage);
+    m_ui->m_signPackageCheckBox->setChecked(choices.signPackage);
+    new SigningSwitch(
+        m_ui->m_signPackageCheckBox, m_ui->buttonBox->button(QDialogButtonBox::Ok), prompts, this);
     m_ui->m_checkDependsCheckBox->setChecked(choices.addPkgCheckDepends);
     m_ui->m_showCheckBox->setChecked(choices.showAddPkgSettings);
     connect(m_ui->buttonBox, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -46,8 +47,7 @@ UserChoices AddPkgSettingsDialog::choices() const
     // With no repository open there is nothing to choose from, and the stored component stays.
     if (m_ui->m_componentComboBox->count() > 1)
         choices.currentComponent = m_ui->m_componentComboBox->currentData().toString();
-    if (m_ui->m_signPackageCheckBox->isEnabled())
-        choices.signPackage = m_ui->m_signPackageCheckBox->isChecked();
+    choices.signPackage = m_ui->m_signPackageCheckBox->isChecked();
     choices.addPkgCheckDepends = m_ui->m_checkDependsCheckBox->isChecked();
     choices.showAddPkgSettings = m_ui->m_showCheckBox->isChecked();
     return choices;

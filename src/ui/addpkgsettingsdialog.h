@@ -7,6 +7,8 @@
 
 #include <memory>
 
+class Prompts;
+
 namespace Ui
 {
 class AddPkgSettingsDialog;
@@ -20,6 +22,7 @@ public:
     /** `components` are those of the repository that packages would go to. */
     AddPkgSettingsDialog(const QStringList &components,
                          const UserChoices &choices,
+                         Prompts &prompts,
                          QWidget *parent = nullptr);
     ~AddPkgSettingsDialog() override;
 

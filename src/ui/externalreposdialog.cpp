@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/externalreposdialog.h"
 
-#include "depends/aptutils.h"
+#include "ui/aptsourcesquery.h"
 #include "ui/elidedlabel.h"
 #include "ui/externalreposmodel.h"
 #include "ui/externalreposourcedialog.h"
@@ -15,7 +15,6 @@
 #include <QScreen>
 #include <QTreeView>
 #include <QVBoxLayout>
-#include <QtConcurrent>
 
 #include <algorithm>
 
@@ -30,7 +29,6 @@ ExternalReposDialog::ExternalReposDialog(const ExternalRepos &stored, Prompts &p
     , m_editButton(button(tr("&Edit..."), QStringLiteral("m_editButton"), &ExternalReposDialog::edit))
     , m_removeButton(
           button(tr("&Remove"), QStringLiteral("m_removeButton"), &ExternalReposDialog::removeSelected))
-    , m_stopped(std::make_shared<std::atomic_bool>(false))
 {
     setWindowTitle(tr("Edit external repos"));
     auto *about = new QLabel(
@@ -60,20 +58,15 @@ ExternalReposDialog::ExternalReposDialog(const ExternalRepos &stored, Prompts &p
 
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    connect(&m_watcher, &QFutureWatcherBase::finished, this, &ExternalReposDialog::showAnswer);
+    auto *query = new AptSourcesQuery(this);
+    connect(query, &AptSourcesQuery::answered, this, &ExternalReposDialog::showAnswer);
     constexpr QSize Characters(110, 26);
     const QSize wished(Characters.width() * fontMetrics().averageCharWidth(),
                        Characters.height() * fontMetrics().lineSpacing());
     resize(wished.boundedTo(screen()->availableGeometry().size() * 9 / 10));
     m_stateLabel->setFullText(tr("Asking apt which repositories it knows..."));
-    m_watcher.setFuture(QtConcurrent::run(&ExternalReposDialog::askApt, m_stopped));
+    query->start();
     updateButtons();
-}
-
-ExternalReposDialog::~ExternalReposDialog()
-{
-    // An apt that hangs must not keep the program from ending.
-    *m_stopped = true;
 }
 
 const ExternalRepos &ExternalReposDialog::repos() const
@@ -149,31 +142,16 @@ void ExternalReposDialog::addKey(int key, void (ExternalReposDialog::*slot)())
 
 // --- apt ---------------------------------------------------------------------------------------------------------
 
-ExternalReposDialog::AptAnswer
-ExternalReposDialog::askApt(const std::shared_ptr<const std::atomic_bool> &stopped)
+void ExternalReposDialog::showAnswer(const QStringList &sources, const QString &failure)
 {
-    AptAnswer answer;
-    AptUtils apt;
-    apt.setStopRequest([stopped] { return stopped->load(); });
-    connect(&apt, &ProcessUtils::error, &apt, [&answer](const QString &text, const QString &detail) {
-        answer.failure = detail.isEmpty() ? text : detail;
-    });
-    answer.sources = apt.sourcesFromPolicy();
-    return answer;
-}
-
-void ExternalReposDialog::showAnswer()
-{
-    const AptAnswer answer = m_watcher.result();
-    if (answer.failure.isEmpty()) {
+    if (failure.isEmpty()) {
         m_stateLabel->setFullText(QString());
-        m_model->merge(answer.sources);
+        m_model->merge(sources);
         if (!m_view->currentIndex().isValid())
             m_view->setCurrentIndex(m_model->index(0, ExternalReposModel::SourceColumn));
     } else {
         m_stateLabel->setFullText(
-            tr("apt does not say which repositories it knows; only stored ones are shown. %1")
-                .arg(answer.failure));
+            tr("apt does not say which repositories it knows; only stored ones are shown. %1").arg(failure));
     }
     updateButtons();
 }

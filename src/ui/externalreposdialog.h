@@ -4,10 +4,6 @@
 #include "depends/externalrepos.h"
 
 #include <QDialog>
-#include <QFutureWatcher>
-
-#include <atomic>
-#include <memory>
 
 class ElidedLabel;
 class ExternalReposModel;
@@ -25,25 +21,16 @@ class ExternalReposDialog : public QDialog
     Q_OBJECT
 public:
     ExternalReposDialog(const ExternalRepos &stored, Prompts &prompts, QWidget *parent = nullptr);
-    ~ExternalReposDialog() override;
 
     const ExternalRepos &repos() const;
 
     void accept() override;
 
 private:
-    struct AptAnswer
-    {
-        QStringList sources;
-        QString failure; ///< empty when apt has answered
-    };
-
-    /** Runs on a thread of the pool. */
-    static AptAnswer askApt(const std::shared_ptr<const std::atomic_bool> &stopped);
     void buildView();
     QPushButton *button(const QString &text, const QString &name, void (ExternalReposDialog::*slot)());
     void addKey(int key, void (ExternalReposDialog::*slot)());
-    void showAnswer();
+    void showAnswer(const QStringList &sources, const QString &failure);
     void updateButtons();
     QList<int> selectedRows() const;
     void addSource();
@@ -61,6 +48,4 @@ private:
     QPushButton *m_addButton;
     QPushButton *m_editButton;
     QPushButton *m_removeButton;
-    QFutureWatcher<AptAnswer> m_watcher;
-    std::shared_ptr<std::atomic_bool> m_stopped; ///< read by askApt(), which may outlive the dialog
 };

@@ -5,6 +5,7 @@
 #include "platform/help.h"
 #include "platform/veltaboutdialog.h"
 #include "platform/windowgeometry.h"
+#include "ui/archivecommands.h"
 #include "ui/closingsequence.h"
 #include "ui/dependscommands.h"
 #include "ui/dependsmodes.h"
@@ -21,9 +22,11 @@
 #include "ui/repotabs.h"
 #include "ui/repowidget.h"
 #include "ui/settingscommands.h"
+#include "ui/signingcommands.h"
 #include "ui/sourceslistcommand.h"
 #include "ui/tabbaractions.h"
 #include "ui/toolbuttonicon.h"
+#include "ui/upgradecommands.h"
 
 #include "ui_mainwindow.h"
 
@@ -73,6 +76,10 @@ MainWindow::MainWindow()
     new SourcesListCommand(m_ui->m_sourceListAction, m_ui->m_publicationMenu, *m_prompts, this);
     m_depends = new DependsCommands(*m_ui, *m_tabs, *m_prompts, *m_feedback, *m_settings, this);
     m_reports = new DependsReportCommands(*m_tabs, *m_prompts, *m_feedback, this);
+    m_signing = new SigningCommands(*m_tabs, *m_prompts, *m_feedback, *m_settings, this);
+    m_archives
+        = new ArchiveCommands(*m_ui, *m_tabs, *m_prompts, *m_feedback, *m_settings, *m_repositories, this);
+    m_upgrade = new UpgradeCommands(m_ui->m_upgradeRepoAction, *m_tabs, *m_prompts, *m_settings, this);
     buildPackageMenu();
     Mnemonics::mark(m_ui->menuBar, m_ui->m_recentReposMenu);
     m_closing = new ClosingSequence(*m_tabs, *m_prompts, *m_repositories, this);
@@ -176,12 +183,15 @@ void MainWindow::buildDependsMenu()
 
 void MainWindow::buildPackageMenu()
 {
-    m_packageMenu = new PackageMenu(
-        {{m_ui->m_addPackagesAction},
-         {m_ui->m_removePackagesAction, m_ui->m_signPackagesAction, m_ui->m_exportSelectedPackagesAction},
-         QList<QAction *>{m_ui->m_checkDependStartAction} + m_reports->actions(),
-         {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
-        this);
+    m_packageMenu
+        = new PackageMenu({{m_ui->m_addPackagesAction},
+                           {m_ui->m_removePackagesAction,
+                            m_ui->m_signPackagesAction,
+                            m_ui->m_exportSelectedPackagesAction,
+                            m_ui->m_exportWithDependsAction},
+                           QList<QAction *>{m_ui->m_checkDependStartAction} + m_reports->actions(),
+                           {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
+                          this);
     m_ui->m_editMenu->insertActions(m_ui->m_changeRepoAction, m_reports->actions());
     m_ui->m_menuView->addMenu(m_packageMenu->packetFilterMenu());
 }
@@ -218,16 +228,7 @@ void MainWindow::disableUnfinished()
                             m_ui->m_unpublishRepoAction,
                             m_ui->m_addSrcListAction,
                             m_ui->m_removeSrcListAction,
-                            m_ui->m_signPackagesAction,
-                            m_ui->m_exportAllPackagesAction,
-                            m_ui->m_exportFullRepoAction,
-                            m_ui->m_exportSelectedPackagesAction,
-                            m_ui->m_exportRepoAction,
-                            m_ui->m_importRepoAction,
-                            m_ui->m_importPackagesAction,
                             m_ui->m_showPublishedReposAction,
-                            m_ui->m_exportWithDependsAction,
-                            m_ui->m_upgradeRepoAction,
                             m_ui->actionView})
         action->setEnabled(false);
 }
@@ -236,6 +237,7 @@ void MainWindow::adaptToSystem()
 {
     const QString version = SystemRelease::version();
     m_settings->setSigningOffered(!version.contains(QLatin1String("2.12")));
+    m_ui->m_signPackagesAction->setVisible(m_settings->isSigningOffered());
     if (version.contains(QLatin1String("1.6")))
         m_ui->m_sourceListAction->setVisible(false);
 }
@@ -251,6 +253,7 @@ void MainWindow::connectActions()
     command(m_ui->m_removeRepoAction, [this] { m_repositories->removeRepo(); });
     command(m_ui->m_addPackagesAction, [this] { m_packages->chooseAndAdd(); });
     command(m_ui->m_removePackagesAction, [this] { m_packages->removePackages(); });
+    command(m_ui->m_signPackagesAction, [this] { m_signing->signPackages(); });
     command(m_ui->m_addPkgSettingsAction, [this] { m_settings->showAddPkgSettings(); });
     command(m_ui->m_editExternalReposAction, [this] { m_settings->editExternalRepos(); });
     command(m_ui->m_parametersAction, [this] { m_settings->showParametersDialog(); });
@@ -319,7 +322,10 @@ void MainWindow::updateActions()
     m_ui->m_addPackagesAction->setEnabled(free || widget == nullptr);
     m_depends->updateActions();
     m_reports->updateActions();
+    m_archives->updateActions(m_canRemovePackages.value(widget));
+    m_upgrade->updateActions();
     m_ui->m_removePackagesAction->setEnabled(free && m_canRemovePackages.value(widget));
+    m_ui->m_signPackagesAction->setEnabled(free && m_canRemovePackages.value(widget));
 }
 
 void MainWindow::updateTitle()

@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class ArchiveCommands;
 class ClosingSequence;
 class DependsCommands;
 class DependsModes;
@@ -25,6 +26,8 @@ class RepositoryCommands;
 class RepoTabs;
 class RepoWidget;
 class SettingsCommands;
+class SigningCommands;
+class UpgradeCommands;
 
 namespace Ui
 {
@@ -102,6 +105,9 @@ private:
     PackageCommands *m_packages;
     DependsCommands *m_depends;
     DependsReportCommands *m_reports;
+    SigningCommands *m_signing;
+    ArchiveCommands *m_archives;
+    UpgradeCommands *m_upgrade;
     ClosingSequence *m_closing;
 
     QMap<const RepoWidget *, bool> m_canRemovePackages;

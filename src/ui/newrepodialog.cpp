@@ -6,6 +6,7 @@
 #include "ui/mnemonics.h"
 #include "ui/newreporules.h"
 #include "ui/prompts.h"
+#include "ui/signingswitch.h"
 #include "ui/singlespacevalidator.h"
 
 #include "ui_newrepodialog.h"
@@ -64,6 +65,8 @@ NewRepoDialog::NewRepoDialog(Mode mode, Prompts &prompts, QWidget *parent)
     connect(m_ui->buttonBox, &QDialogButtonBox::accepted, this, &NewRepoDialog::accept);
     connect(m_ui->buttonBox, &QDialogButtonBox::rejected, this, &NewRepoDialog::reject);
 
+    new SigningSwitch(
+        m_ui->m_signWithCheckBox, m_ui->buttonBox->button(QDialogButtonBox::Ok), m_prompts, this);
     auto *keyManager = new KeyManager(this);
     connect(m_ui->m_startKGpgToolButton, &QToolButton::clicked, keyManager, &KeyManager::start);
     connect(keyManager, &KeyManager::runningChanged, m_ui->m_startKGpgToolButton, &QWidget::setDisabled);
@@ -117,6 +120,12 @@ void NewRepoDialog::setRepository(const QString &path, const RepoInfo &info)
     m_ui->m_signWithCheckBox->setChecked(info.signWith);
     m_ui->m_createContentsFileCheckBox->setChecked(info.contents);
     showPublished(isPublished(path));
+}
+
+void NewRepoDialog::propose(const QString &folder, const QString &name)
+{
+    m_ui->m_pathLineEdit->setText(folder);
+    m_ui->m_nameLineEdit->setText(name);
 }
 
 void NewRepoDialog::setPublishedCheck(PublishedCheck check)
@@ -194,7 +203,7 @@ bool NewRepoDialog::fieldsAreValid()
 {
     switch (NewRepoRules::check(m_ui->m_pathLineEdit->text(), repoInfo())) {
     case NewRepoRules::Refusal::None:
-        return true;
+        return placeIsFree();
     case NewRepoRules::Refusal::MissingField:
         m_prompts.warn(windowTitle(), tr("Please fill all required fields!"), this);
         break;
@@ -213,6 +222,16 @@ bool NewRepoDialog::fieldsAreValid()
             this);
         break;
     }
+    return false;
+}
+
+bool NewRepoDialog::placeIsFree()
+{
+    const QString refusal = m_placeRefusal ? m_placeRefusal(repositoryPath()) : QString();
+    if (refusal.isEmpty())
+        return true;
+    m_prompts.warn(windowTitle(), refusal, this);
+    m_ui->m_nameLineEdit->setFocus();
     return false;
 }
 

@@ -23,6 +23,8 @@ public:
     enum class Mode { Create, Change, Import };
     /** Tells whether the repository in a directory is published. */
     using PublishedCheck = std::function<bool(const QString &path)>;
+    /** Tells why a directory cannot become the repository; empty when it can. */
+    using PlaceCheck = std::function<QString(const QString &path)>;
 
     NewRepoDialog(Mode mode, Prompts &prompts, QWidget *parent = nullptr);
     ~NewRepoDialog() override;
@@ -30,6 +32,9 @@ public:
     /** The repository that is to be changed. */
     void setRepository(const QString &path, const RepoInfo &info);
     void setPublishedCheck(PublishedCheck check);
+    void setPlaceCheck(PlaceCheck check) { m_placeRefusal = std::move(check); }
+    /** Proposes where a new repository shall lie. */
+    void propose(const QString &folder, const QString &name);
     /** Fills the fields that the user has not touched, for a new repository; may come while the dialog is open. */
     void setDefaults(const RepoInfo &info);
 
@@ -45,12 +50,14 @@ private:
     bool isPublished(const QString &path) const { return m_isPublished && m_isPublished(path); }
     void showPublished(bool published);
     bool fieldsAreValid();
+    bool placeIsFree();
     bool userAgreesToLosses();
 
     std::unique_ptr<Ui::NewRepoDialog> m_ui;
     Prompts &m_prompts;
     Mode m_mode;
     PublishedCheck m_isPublished;
+    PlaceCheck m_placeRefusal;
     QString m_path; ///< of the repository that is being changed
     RepoInfo m_info; ///< of the repository that is being changed
 };

@@ -59,3 +59,8 @@ void ParametersDialog::setSigningVisible(bool visible)
 {
     m_gpgKeysWidget->setVisible(visible);
 }
+
+void ParametersDialog::readKeys()
+{
+    m_gpgKeysWidget->readKeys();
+}

@@ -21,6 +21,8 @@ public:
     QString signKeyId() const;
     /** Hides the choice of the key, where packages are not signed. */
     void setSigningVisible(bool visible);
+    /** Reads the keys to choose from; they are offered when they are known. */
+    void readKeys();
 
 private:
     QCheckBox *m_showPkgVersionCheckBox;

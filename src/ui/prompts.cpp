@@ -86,6 +86,11 @@ void Prompts::warn(const QString &title, const QString &text, QWidget *parent)
     tell(QMessageBox::Warning, title, text, parent);
 }
 
+void Prompts::fail(const QString &title, const QString &text, QWidget *parent)
+{
+    tell(QMessageBox::Critical, title, text, parent);
+}
+
 void Prompts::tell(int icon, const QString &title, const QString &text, QWidget *parent)
 {
     QMessageBox box(static_cast<QMessageBox::Icon>(icon), title, text, QMessageBox::Ok, parentOr(parent));

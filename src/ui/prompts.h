@@ -52,6 +52,8 @@ public:
     Answer askAfterFailure(const QString &title, const QString &text, QWidget *parent = nullptr);
     void inform(const QString &title, const QString &text, QWidget *parent = nullptr);
     void warn(const QString &title, const QString &text, QWidget *parent = nullptr);
+    /** Like warn(), for what failed. */
+    void fail(const QString &title, const QString &text, QWidget *parent = nullptr);
     /**
      * Shows an error without waiting for the user. What arrives while it is shown, or while a dialog is open that
      * would cover it, comes in one box afterwards.

@@ -5,6 +5,7 @@
 #include "engine/reposhell.h"
 #include "ui/jobfeedback.h"
 #include "ui/newrepodialog.h"
+#include "ui/newreporules.h"
 #include "ui/prompts.h"
 #include "ui/recentrepositories.h"
 #include "ui/repositoryremoval.h"
@@ -41,15 +42,6 @@ RepositoryCommands::RepositoryCommands(
     , m_recent(recent)
 {
     connect(&m_recent, &RecentRepositories::chosen, this, &RepositoryCommands::openRecent);
-    connect(&m_tabs, &RepoTabs::created, this, [this](RepoWidget *widget) {
-        connect(widget, &RepoWidget::needImportRepo, this, [this, widget] {
-            m_feedback.error(
-                tr("Packages of a directory that is no repository cannot be imported in one step "
-                   "yet. Create a repository in another directory and add the packages to it."),
-                m_tabs.pathOf(widget),
-                RepoEnums::WARNING);
-        });
-    });
     connect(&m_tabs,
             &RepoTabs::moved,
             this,
@@ -64,10 +56,34 @@ RepositoryCommands::RepositoryCommands(
 RepoWidget *RepositoryCommands::createRepo()
 {
     NewRepoDialog dialog(NewRepoDialog::Mode::Create, m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
-    fillDefaults(&dialog);
-    if (m_prompts.run(dialog) != QDialog::Accepted)
+    return createFrom(&dialog, tr("Repository is not created."));
+}
+
+RepoWidget *RepositoryCommands::createForImport(const QString &source, const QString &folder)
+{
+    NewRepoDialog dialog(NewRepoDialog::Mode::Import, m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
+    const QString proposed = NewRepoRules::importName(source);
+    QString name = proposed;
+    for (int number = 2; QFileInfo::exists(NewRepoRules::fullPath(folder, name)); ++number)
+        name = QStringLiteral("%1-%2").arg(proposed).arg(number);
+    dialog.propose(folder, name);
+    // Creating wipes what is there.
+    dialog.setPlaceCheck([source](const QString &path) {
+        return PathGuard::overlap(path, source) ? tr("The packages are imported from %1, so the repository "
+                                                     "can neither lie in it nor hold it. "
+                                                     "Choose another path or name.")
+                                                      .arg(source)
+                                                : QString();
+    });
+    return createFrom(&dialog, tr("Repository for import is not created"));
+}
+
+RepoWidget *RepositoryCommands::createFrom(NewRepoDialog *dialog, const QString &failure)
+{
+    fillDefaults(dialog);
+    if (m_prompts.run(*dialog) != QDialog::Accepted)
         return nullptr;
-    const QString path = dialog.repositoryPath();
+    const QString path = dialog->repositoryPath();
     for (const QString &removed : qAsConst(m_removing)) {
         if (PathGuard::overlap(path, removed)) {
             m_feedback.error(tr("The repository %1 is being deleted.").arg(removed), {}, RepoEnums::WARNING);
@@ -75,10 +91,16 @@ RepoWidget *RepositoryCommands::createRepo()
         }
     }
     RepoWidget *widget = m_tabs.create(path);
-    connect(widget->repoShell(), &RepoShell::repoCreated, this, [this, widget, path](int result) {
-        repositoryCreated(widget, path, result);
+    connect(widget->repoShell(), &RepoShell::repoCreated, this, [this, widget, path, failure](int result) {
+        if (result != RepoShell::SUCCESS) {
+            m_feedback.announce(failure);
+            return;
+        }
+        m_tabs.show(widget);
+        m_recent.add(path);
+        m_feedback.announce(tr("Repository is created."));
     });
-    widget->repoShell()->createRepoAside(path, dialog.repoInfo());
+    widget->repoShell()->createRepoAside(path, dialog->repoInfo());
     return widget;
 }
 
@@ -91,17 +113,6 @@ void RepositoryCommands::fillDefaults(NewRepoDialog *dialog)
         watcher->deleteLater();
     });
     watcher->setFuture(QtConcurrent::run(&RepoShell::defaultRepoInfo));
-}
-
-void RepositoryCommands::repositoryCreated(RepoWidget *widget, const QString &path, int result)
-{
-    if (result != RepoShell::SUCCESS) {
-        m_feedback.announce(tr("Repository is not created."));
-        return;
-    }
-    m_tabs.show(widget);
-    m_recent.add(path);
-    m_feedback.announce(tr("Repository is created."));
 }
 
 // --- open --------------------------------------------------------------------------------------------------------

@@ -23,6 +23,8 @@ public:
 
     /** Asks for a description and creates the repository. The tab comes when it is there; null when cancelled. */
     RepoWidget *createRepo();
+    /** The same for what is in `source`, an archive or a folder, with a proposed place in `folder`. */
+    RepoWidget *createForImport(const QString &source, const QString &folder);
     /** Asks for a directory and opens it; null when cancelled. */
     RepoWidget *chooseAndOpen();
     /** Opens the repository in `path`, or brings its tab to the front. */
@@ -45,7 +47,7 @@ Q_SIGNALS:
 
 private:
     void fillDefaults(NewRepoDialog *dialog);
-    void repositoryCreated(RepoWidget *widget, const QString &path, int result);
+    RepoWidget *createFrom(NewRepoDialog *dialog, const QString &failure);
     void startRemoval(const QString &path);
 
     RepoTabs &m_tabs;

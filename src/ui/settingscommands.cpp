@@ -62,7 +62,8 @@ void SettingsCommands::setChoices(const UserChoices &choices)
 
 bool SettingsCommands::editAddSettings(const QStringList &components)
 {
-    AddPkgSettingsDialog dialog(components, m_choices, qobject_cast<QWidget *>(m_prompts.parent()));
+    AddPkgSettingsDialog dialog(
+        components, m_choices, m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
     dialog.setSigningVisible(m_signingOffered);
     if (m_prompts.run(dialog) != QDialog::Accepted)
         return false;
@@ -72,7 +73,9 @@ bool SettingsCommands::editAddSettings(const QStringList &components)
 
 bool SettingsCommands::confirmAddSettings(const QStringList &components)
 {
-    return !m_choices.showAddPkgSettings || editAddSettings(components);
+    if (m_choices.showAddPkgSettings && !editAddSettings(components))
+        return false;
+    return !signsOnAdd() || chooseKeyIfNone();
 }
 
 AddOptions SettingsCommands::addOptions(const QStringList &components) const
@@ -82,14 +85,17 @@ AddOptions SettingsCommands::addOptions(const QStringList &components) const
     if (components.contains(m_choices.currentComponent))
         options.component = m_choices.currentComponent;
     options.signKeyId = m_choices.signKeyId;
-    options.sign = m_signingOffered && m_choices.signPackage && !m_choices.signKeyId.isEmpty();
+    options.sign = signsOnAdd();
     return options;
 }
 
 void SettingsCommands::showAddPkgSettings()
 {
     const RepoWidget *widget = m_tabs.current();
-    editAddSettings(widget == nullptr ? QStringList() : widget->repoShell()->repoInfo().componentList());
+    const QStringList components
+        = widget == nullptr ? QStringList() : widget->repoShell()->repoInfo().componentList();
+    if (editAddSettings(components) && signsOnAdd())
+        chooseKeyIfNone();
 }
 
 void SettingsCommands::showParametersDialog()
@@ -98,12 +104,24 @@ void SettingsCommands::showParametersDialog()
     dialog.setShowPackageVersion(m_choices.showPkgVersion);
     dialog.setSignKeyId(m_choices.signKeyId);
     dialog.setSigningVisible(m_signingOffered);
+    if (m_signingOffered)
+        dialog.readKeys();
     if (m_prompts.run(dialog) != QDialog::Accepted)
         return;
     UserChoices choices = m_choices;
     choices.showPkgVersion = dialog.showPackageVersion();
     choices.signKeyId = dialog.signKeyId();
     setChoices(choices);
+}
+
+bool SettingsCommands::chooseKeyIfNone()
+{
+    if (m_choices.signKeyId.isEmpty()
+        && m_prompts.ask(tr("Package signing"),
+                         tr("No key is chosen to sign packages with. Do you want to choose one?"))
+               == Prompts::Answer::Yes)
+        showParametersDialog();
+    return !m_choices.signKeyId.isEmpty();
 }
 
 void SettingsCommands::editExternalRepos()

@@ -27,13 +27,18 @@ public:
 
     /** Lets the user say how packages are added; false when cancelled. `components`: where they can go. */
     bool editAddSettings(const QStringList &components);
-    /** The same before packages are added, if the user wants to be asked; false when cancelled. */
+    /**
+     * The same before packages are added, if the user wants to be asked; false when cancelled, or when packages are to
+     * be signed and the user chooses no key.
+     */
     bool confirmAddSettings(const QStringList &components);
     /** How packages are added now to a repository with these components. */
     AddOptions addOptions(const QStringList &components) const;
     /** The same as editAddSettings() for the current tab's repository. */
     void showAddPkgSettings();
     void showParametersDialog();
+    /** Lets the user choose a signing key where none has been chosen; false when there is still none. */
+    bool chooseKeyIfNone();
     void editExternalRepos();
     void setDependsRepoType(int type);
 
@@ -45,6 +50,8 @@ public:
     /** Hides what makes no sense on this release of the system. */
     void setSigningOffered(bool offered) { m_signingOffered = offered; }
     bool isSigningOffered() const { return m_signingOffered; }
+    /** Whether packages that are added are to be signed. */
+    bool signsOnAdd() const { return m_signingOffered && m_choices.signPackage; }
 
 Q_SIGNALS:
     void changed();

@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/signingcommands.h"
+
+#include "engine/reposhell.h"
+#include "signing/keylisting.h"
+#include "signing/repositorykey.h"
+#include "signing/signprocess.h"
+#include "ui/jobfeedback.h"
+#include "ui/packagedetails.h"
+#include "ui/prompts.h"
+#include "ui/repositorykeypanel.h"
+#include "ui/repotabs.h"
+#include "ui/repowidget.h"
+#include "ui/settingscommands.h"
+
+#include <QClipboard>
+#include <QFileInfo>
+#include <QFutureWatcher>
+#include <QGuiApplication>
+#include <QtConcurrent>
+
+SigningCommands::SigningCommands(
+    RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, SettingsCommands &settings, QObject *parent)
+    : QObject(parent)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_feedback(feedback)
+    , m_settings(settings)
+{
+    connect(&m_tabs, &RepoTabs::created, this, [this](const RepoWidget *widget) {
+        connect(widget, &RepoWidget::copyPublicKeyTriggered, this, &SigningCommands::copyPublicKey);
+        connect(widget, &RepoWidget::savePublicKeyTriggered, this, [this, widget](const QString &keyId) {
+            savePublicKey(*widget, keyId);
+        });
+    });
+}
+
+// --- packages ------------------------------------------------------------------------------------------------------
+
+bool SigningCommands::isPossible(const Request &request) const
+{
+    return !request.widget.isNull() && !m_tabs.isRunning(request.widget) && !request.packages.isEmpty();
+}
+
+void SigningCommands::signPackages()
+{
+    RepoWidget *widget = m_tabs.current();
+    if (widget == nullptr || m_isReading)
+        return;
+    const Request request{widget, widget->selectedPackages()};
+    if (isPossible(request) && m_settings.chooseKeyIfNone())
+        readKey(request);
+}
+
+void SigningCommands::readKey(const Request &request)
+{
+    m_isReading = true;
+    KeyListing::readAside(this, [this, request](const KeyListing &listing) {
+        m_isReading = false;
+        confirm(request, listing);
+    });
+}
+
+void SigningCommands::confirm(const Request &request, const KeyListing &listing)
+{
+    if (!isPossible(request))
+        return;
+    const QString title = tr("Sign confirmation");
+    const QString keyId = m_settings.choices().signKeyId;
+    const QString key = SignProcess::keyText(listing.keys, keyId);
+    const QString obstacle = key.isEmpty() ? tr("not in the key ring") : listing.unusable.value(key);
+    if (!obstacle.isEmpty()) {
+        if (m_prompts.ask(title,
+                          tr("The chosen key cannot sign. Do you want to choose another one?"),
+                          tr("%1 (%2)").arg(key.isEmpty() ? keyId : key, obstacle))
+            != Prompts::Answer::Yes)
+            return;
+        m_settings.showParametersDialog();
+        if (m_settings.choices().signKeyId != keyId)
+            readKey(request);
+        return;
+    }
+    QStringList about{PackageDetails::summary(request.packages), tr("Key: %1").arg(key)};
+    const QString warning = listing.warnings.value(key);
+    if (!warning.isEmpty())
+        about << warning;
+    if (m_prompts.ask(title, tr("Do you want to sign selected packages?"), about.join(QLatin1Char('\n')))
+            == Prompts::Answer::Yes
+        && isPossible(request))
+        request.widget->repoShell()->signPackages(request.packages, keyId);
+}
+
+// --- the key of a repository ---------------------------------------------------------------------------------------
+
+void SigningCommands::copyPublicKey(const QString &keyId)
+{
+    auto *watcher = new QFutureWatcher<RepositoryKey::Export>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        const RepositoryKey::Export exported = watcher->result();
+        if (exported.key.isEmpty()) {
+            m_feedback.error(tr("The public key cannot be exported."), exported.errorText);
+            return;
+        }
+        QGuiApplication::clipboard()->setText(QString::fromLatin1(exported.key));
+        m_feedback.announce(tr("Public key is copied to clipboard"));
+    });
+    watcher->setFuture(QtConcurrent::run(&RepositoryKey::publicKey, keyId));
+}
+
+void SigningCommands::savePublicKey(const RepoWidget &widget, const QString &keyId)
+{
+    const QString folder = QFileInfo(widget.repoPath()).absolutePath();
+    const QString name = RepositoryKeyPanel::keyFileName(widget.repoShell()->repoInfo().name);
+    const QString path = m_prompts.saveFile(tr("Save public key"), folder, name, {tr("Keys (*.asc)")}).path;
+    if (path.isEmpty())
+        return;
+    auto *watcher = new QFutureWatcher<QString>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, path] {
+        watcher->deleteLater();
+        if (watcher->result().isEmpty())
+            m_feedback.announce(tr("The public key is saved in %1.").arg(path));
+        else
+            m_feedback.error(tr("The public key cannot be saved in %1.").arg(path), watcher->result());
+    });
+    watcher->setFuture(QtConcurrent::run(&RepositoryKey::savePublicKey, keyId, path));
+}
