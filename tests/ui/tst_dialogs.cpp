@@ -227,21 +227,23 @@ private Q_SLOTS:
 
     void addSettingsTakeOnlyWhatIsShown()
     {
+        QWidget window;
+        Prompts prompts(&window);
         UserChoices choices;
         choices.currentComponent = "contrib"_s;
         choices.signPackage = true;
-        AddPkgSettingsDialog dialog({"main"_s, "contrib"_s}, choices);
+        AddPkgSettingsDialog dialog({"main"_s, "contrib"_s}, choices, prompts);
         auto *component = child<QComboBox>(dialog, "m_componentComboBox");
         QCOMPARE(component->currentText(), "contrib"_s);
-        // Without a key nothing can be signed, but the stored wish is not lost.
-        QVERIFY(!child<QCheckBox>(dialog, "m_signPackageCheckBox")->isEnabled());
         QVERIFY(dialog.choices().signPackage);
+        child<QCheckBox>(dialog, "m_signPackageCheckBox")->click();
+        QVERIFY(!dialog.choices().signPackage);
         child<QCheckBox>(dialog, "m_checkDependsCheckBox")->click();
         child<QCheckBox>(dialog, "m_showCheckBox")->click();
         component->setCurrentIndex(0);
         QCOMPARE(dialog.choices().currentComponent, QString());
         QVERIFY(!dialog.choices().addPkgCheckDepends && !dialog.choices().showAddPkgSettings);
-        QCOMPARE(AddPkgSettingsDialog({}, choices).choices().currentComponent, "contrib"_s);
+        QCOMPARE(AddPkgSettingsDialog({}, choices, prompts).choices().currentComponent, "contrib"_s);
     }
 
     void externalRepos()
@@ -408,6 +410,45 @@ private Q_SLOTS:
         QVERIFY(!button->isEnabled());
         QFile::remove(tools.filePath("started"_s));
         QTRY_VERIFY(button->isEnabled());
+        qputenv("PATH", path);
+    }
+
+    void signingIsTurnedOnWhereItIsPossible()
+    {
+        QTemporaryDir tools;
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", tools.path().toLocal8Bit() + ":/bin");
+        const auto toolIs = [&tools](const char *name, const QByteArray &script) {
+            writeScript(tools.filePath(QLatin1String(name)), "#!/bin/sh\n" + script);
+        };
+        RepoDialog f(NewRepoDialog::Mode::Create);
+        auto *box = child<QCheckBox>(f.dialog, "m_signWithCheckBox");
+        const auto *ok = child<QDialogButtonBox>(f.dialog, "buttonBox")->button(QDialogButtonBox::Ok);
+        const BoxAnswers answers({QMessageBox::No, QMessageBox::Ok});
+        struct Case
+        {
+            QByteArray dpkg;
+            QByteArray gpg;
+            QStringList said;
+            bool isOn;
+        };
+        const QString missing = "Error: Package gpg is not installed! Do you want to install it?"_s;
+        const QString failed = "Error: Key verification error:\nnö\n"_s;
+        const QList<Case> cases{{"un  gpg <none>", "exit 1", {missing}, false},
+                                {"ii  gpg 2", "echo nö >&2; exit 2", {missing, failed}, false},
+                                {"ii  gpg 2", "echo 'pub rsa4096 [C]'", {missing, failed}, false},
+                                {"ii  gpg 2", "echo 'pub rsa4096 [SC]'", {missing, failed}, true}};
+        for (const Case &c : cases) {
+            toolIs("dpkg", "echo '" + c.dpkg + "'\n");
+            toolIs("gpg", c.gpg + "\n");
+            box->click();
+            // What has been switched on cannot be accepted before it is known whether it works.
+            QVERIFY(!ok->isEnabled());
+            QTRY_VERIFY(ok->isEnabled() && box->isEnabled());
+            QTRY_COMPARE(answers.texts, c.said);
+            QTRY_COMPARE(f.dialog.repoInfo().signWith, c.isOn);
+        }
+        QVERIFY(box->toolTip().contains("no key"_s));
         qputenv("PATH", path);
     }
 
