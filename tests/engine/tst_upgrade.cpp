@@ -244,7 +244,22 @@ private Q_SLOTS:
                  (QStringList{"bar 1.0 main amd64"_s, "baz 2.0 main amd64"_s, "foo 1.0 main amd64"_s}));
         QVERIFY(h.settled());
 
+        // An index that calls an old package a new one.
+        const QString liar = h.folder.filePath("liar"_s);
+        const QByteArray old = readFile(h.debs("foo").first());
+        writeFile(liar + "/foo.deb"_s, old);
+        writeFile(liar + "/dists/dogwood/main/binary-amd64/Packages"_s,
+                  "Package: foo\nVersion: 9\nArchitecture: amd64\nMaintainer: x\nDescription: x\n"
+                  "Filename: foo.deb\nSize: "
+                      + QByteArray::number(old.size()) + "\nSHA256: "
+                      + QCryptographicHash::hash(old, QCryptographicHash::Sha256).toHex() + '\n');
+        prepare(h, {"[trusted=yes] file:%1 dogwood main"_s.arg(liar)});
+        QCOMPARE(upgrade(h), RepoEnums::ERROR);
+        QVERIFY2(h.trouble().endsWith("is of another package: foo 1.0 (amd64)."_s), qPrintable(h.trouble()));
+        QVERIFY(h.listed().contains("foo 1.0 main amd64"_s) && h.settled());
+
         // The whole source is gone.
+        prepare(h, {line});
         QDir(source.repoPath()).removeRecursively();
         QCOMPARE(upgrade(h), RepoEnums::ERROR);
         QCOMPARE(h.lastMessage(), "Repo is not upgraded"_s);
@@ -254,10 +269,10 @@ private Q_SLOTS:
     void stopAsks()
     {
         RepoHarness source;
-        const QString line = makeSource(source, source.debs("a b c", "2.0"));
+        const QString line = makeSource(source, source.debs("a b c d", "2.0"));
         RepoHarness h;
         h.shell.setCheckDependsOnAdd(false);
-        h.add(h.debs("a b c"));
+        h.add(h.debs("a b c d"));
         prepare(h, {line});
         const auto stopAt = connect(
             &h.shell, &RepoShell::packageChanged, &h.shell, [&h] { h.shell.cancel(); }, Qt::DirectConnection);
@@ -267,7 +282,9 @@ private Q_SLOTS:
         QCOMPARE(h.lastMessage(), "Canceled by user"_s);
         QCOMPARE(h.listed().filter("2.0"_s).size(), 1);
         QVERIFY(h.settled());
+        // A no takes the stop back.
         h.reply = false;
+        h.whileAsked = [&] { disconnect(stopAt); };
         QString message;
         const auto seen = connect(
             &h.shell,
@@ -278,8 +295,7 @@ private Q_SLOTS:
         QCOMPARE(upgrade(h), RepoEnums::SUCCESS);
         QCOMPARE(h.questions.size(), 1);
         QCOMPARE(message, "Upgrading repo"_s);
-        QCOMPARE(h.listed().filter("2.0"_s).size(), 3);
-        disconnect(stopAt);
+        QCOMPARE(h.listed().filter("2.0"_s).size(), 4);
         disconnect(seen);
         // The preparation stops without a question.
         connect(
