@@ -58,12 +58,17 @@ JobFeedback::JobFeedback(
     connect(&m_tabs, &RepoTabs::created, this, &JobFeedback::attach);
     connect(&m_tabs, &RepoTabs::currentChanged, this, &JobFeedback::showCurrent);
     connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
-        // The last word of a tab that closes by itself says why it did.
-        const QString lastWord = m_jobs.take(widget).message;
+        // The last word of a tab that closes by itself says why it did; nobody wonders why one that was closed is gone.
+        const QString word = m_jobs.take(widget).message;
+        const QString lastWord = widget->repoPath().isEmpty() ? word : QString();
+        if (m_tabs.current() != widget)
+            return;
         // Queued, because the tab that comes to front shows its own message first.
-        if (m_tabs.current() == widget && !lastWord.isEmpty())
-            QMetaObject::invokeMethod(
-                this, [this, lastWord] { m_message->setFullText(lastWord); }, Qt::QueuedConnection);
+        const auto show = [this, lastWord] {
+            if (!lastWord.isEmpty() || m_tabs.current() == nullptr)
+                m_message->setFullText(lastWord);
+        };
+        QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
     });
     showCurrent();
 }
