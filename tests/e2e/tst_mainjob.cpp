@@ -365,7 +365,13 @@ private Q_SLOTS:
         const QString repo = makeRepository("r"_s);
         const QString other = makeRepository("other"_s);
         QVERIFY(restart({repo, other}));
-        // With two tabs the target of a drop on the window is asked for.
+        // With two tabs the target is asked for, of the command before the files are.
+        const Script cancel{inDialog<QInputDialog>("Choose repository"_s, [&other](QInputDialog &dialog) {
+            dialog.reject();
+            return dialog.textValue() == other;
+        })};
+        m_driver->action("m_addPackagesAction")->trigger();
+        QVERIFY(cancel.isDone());
         hold();
         const Script choose{inDialog<QInputDialog>("Choose repository"_s, [&repo](QInputDialog &dialog) {
             dialog.setTextValue(repo);
@@ -459,7 +465,7 @@ private Q_SLOTS:
         for (const QString &reply : QStringList{"No"_s, "Yes"_s}) {
             QList<Script::Step> steps{answer(QString(), reply)};
             if (reply == "Yes"_s)
-                steps << answer("Warning"_s, "OK"_s);
+                steps << answer("Repository import"_s, "Cancel"_s);
             const Script script(steps);
             recentRepositories().first()->trigger();
             WAIT_FOR(script.isDone() && m_driver->tabs()->count() == 0);

@@ -17,6 +17,8 @@
 #include "ui/repowidget.h"
 #include "ui/startselectactiondialog.h"
 #include "ui/tabtitles.h"
+#include "ui/upgradepackagesdialog.h"
+#include "ui/upgradesourcesdialog.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -211,8 +213,8 @@ private Q_SLOTS:
             "exportFullRepo;Export repository;Export repository;;;-",
             "exportSelectedPackages;Export selected packages;Export selected packages;;;-",
             "exportRepo;Export repo;Export repo;;utilities-file-archiver;-",
-            "importRepo;Import repository;Import repository;;;?",
-            "importPackages;Import packages from archive;Import packages from archive;;;?",
+            "importRepo;Import repository;Import repository;;;+",
+            "importPackages;Import packages from archive;Import packages from archive;;;-",
             "sourceList;Edit sources lists;Edit sources lists;;;?",
             "addPackageFromExtRepo;Add package from external repo;Add package from external repo;;;-",
             "editExternalRepos;Edit external repos...;Edit external repos...;;;?",
@@ -261,7 +263,8 @@ private Q_SLOTS:
                  "File{newRepo openRepo removeRepo Recent repositories{} | Dependences "
                  "checking{checkDependStart | "
                  "checkDependsAll checkDependsPublic checkDependsLocal checkDependsNo} Export{exportFullRepo "
-                 "exportAllPackages exportSelectedPackages} Import{importRepo importPackages} | quit} "
+                 "exportAllPackages exportSelectedPackages} Import{importRepo importPackages importFolder} | "
+                 "quit} "
                  "Edit{addPackageFromExtRepo addPackages removePackages | upgradeRepo signPackages | "
                  "checkDependStart copyReport saveReport changeRepo} Publication{publishRepo unpublishRepo "
                  "sourceList "
@@ -292,7 +295,7 @@ private Q_SLOTS:
         Prompts prompts(&window);
         NewRepoDialog create(NewRepoDialog::Mode::Create, prompts);
         NewRepoDialog change(NewRepoDialog::Mode::Change, prompts);
-        const AddPkgSettingsDialog settings({"main"_s}, UserChoices());
+        const AddPkgSettingsDialog settings({"main"_s}, UserChoices(), prompts);
         const ParametersDialog parameters(prompts);
         const PackageReplacementDialog replacement(
             RepoEnums::PACKAGE_EXISTS, *PackageBuilder("foo"_s).build(), false);
@@ -301,6 +304,9 @@ private Q_SLOTS:
         const AddPackageDialog search(PackageFilter(), {}, &window);
         const ExternalReposDialog repos(ExternalRepos(), prompts);
         const ExternalRepoSourceDialog source({}, {}, [](const QString &) { return QString(); });
+        const UpgradeSourcesDialog sources(ExternalRepos(), {}, &window);
+        const UpgradePackagesDialog packages(
+            {}, [](const QString &) { return QString(); }, &window);
         for (const QWidget *dialog : std::initializer_list<const QWidget *>{&create,
                                                                             &change,
                                                                             &settings,
@@ -310,7 +316,9 @@ private Q_SLOTS:
                                                                             &about,
                                                                             &search,
                                                                             &repos,
-                                                                            &source})
+                                                                            &source,
+                                                                            &sources,
+                                                                            &packages})
             faults << faultsOf(*dialog);
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
 
