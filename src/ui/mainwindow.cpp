@@ -183,15 +183,14 @@ void MainWindow::buildDependsMenu()
 
 void MainWindow::buildPackageMenu()
 {
-    m_packageMenu
-        = new PackageMenu({{m_ui->m_addPackagesAction},
-                           {m_ui->m_removePackagesAction,
-                            m_ui->m_signPackagesAction,
-                            m_ui->m_exportSelectedPackagesAction,
-                            m_ui->m_exportWithDependsAction},
-                           QList<QAction *>{m_ui->m_checkDependStartAction} + m_reports->actions(),
-                           {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
-                          this);
+    m_packageMenu = new PackageMenu({{m_ui->m_addPackagesAction},
+                                     {m_ui->m_removePackagesAction,
+                                      m_ui->m_signPackagesAction,
+                                      m_ui->m_exportSelectedPackagesAction,
+                                      m_ui->m_exportWithDependsAction},
+                                     QList<QAction *>{m_ui->m_checkDependStartAction} + m_reports->actions(),
+                                     {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
+                                    this);
     m_ui->m_editMenu->insertActions(m_ui->m_changeRepoAction, m_reports->actions());
     m_ui->m_menuView->addMenu(m_packageMenu->packetFilterMenu());
 }
