@@ -17,8 +17,6 @@
 #include <QPointer>
 #include <QStandardPaths>
 
-#include <utility>
-
 ArchiveCommands::ArchiveCommands(Ui::MainWindow &ui,
                                  RepoTabs &tabs,
                                  Prompts &prompts,
@@ -148,17 +146,14 @@ void ArchiveCommands::exportSelected(bool withDepends)
 
 bool ArchiveCommands::canReadArchives()
 {
-    const std::pair<QString, QString> programs[]{
-        {QStringLiteral("archivemount"), QStringLiteral("archivemount")},
-        {QStringLiteral("fusermount"), QStringLiteral("fuse3")},
-    };
-    for (const auto &[program, package] : programs) {
-        if (QStandardPaths::findExecutable(program).isEmpty()) {
+    const auto isThere = [this](const QString &program, const QString &package) {
+        const bool found = !QStandardPaths::findExecutable(program).isEmpty();
+        if (!found)
             offerMissingPackage(m_prompts, package);
-            return false;
-        }
-    }
-    return true;
+        return found;
+    };
+    return isThere(QStringLiteral("archivemount"), QStringLiteral("archivemount"))
+           && isThere(QStringLiteral("fusermount"), QStringLiteral("fuse3"));
 }
 
 QString ArchiveCommands::chooseArchive()
