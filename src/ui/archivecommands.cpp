@@ -158,7 +158,7 @@ bool ArchiveCommands::canReadArchives()
 
 QString ArchiveCommands::chooseArchive()
 {
-    const QString archive
+    QString archive
         = m_prompts.openFile(tr("Select archive with packages"),
                              m_lastFolder,
                              tr("Archives (*.tgz *.tar.gzip)") + QLatin1String(";;") + tr("All files (*)"));
