@@ -3,6 +3,7 @@
 
 #include "depends/aptutils.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QScopeGuard>
 #include <QtConcurrent>
@@ -76,14 +77,16 @@ void PackageSearcher::search(const QString &pattern, int number)
 void PackageSearcher::askForNamesOnly()
 {
     // apt would read every description, out of packed lists for minutes, and only names are kept of what it finds.
-    m_config = std::make_unique<QTemporaryFile>();
+    m_config = std::make_unique<ScratchFolder>();
     QByteArray text("APT::Cache::NamesOnly \"true\";\n");
     const QString own = qEnvironmentVariable("APT_CONFIG");
     if (!own.isEmpty())
         text.prepend(
             QStringLiteral("#include \"%1\";\n").arg(QFileInfo(own).absoluteFilePath()).toLocal8Bit());
-    if (m_config->open() && m_config->write(text) == text.size() && m_config->flush())
-        m_apt->setEnvironment({QLatin1String("APT_CONFIG=") + m_config->fileName()});
+    QFile file(m_config->filePath(QStringLiteral("apt.conf")));
+    if (m_config->isValid() && file.open(QIODevice::WriteOnly) && file.write(text) == text.size()
+        && file.flush())
+        m_apt->setEnvironment({QLatin1String("APT_CONFIG=") + file.fileName()});
 }
 
 QList<PackageInfo> PackageSearcher::packagesOf(const QStringList &names, int number)

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/scratchfolder.h"
 #include "depends/packagefilter.h"
 
 #include <QObject>
-#include <QTemporaryFile>
 #include <QThread>
 
 #include <atomic>
@@ -58,7 +58,7 @@ private:
     QThread m_thread;
     const PackageFilter m_filter;
     AptUtils *m_apt;
-    std::unique_ptr<QTemporaryFile> m_config; ///< apt's configuration; made in the searcher's thread
+    std::unique_ptr<ScratchFolder> m_config; ///< holds apt's configuration; made in the searcher's thread
     int m_current = 0; ///< number of the search that runs; used in the searcher's thread alone
     std::atomic_int m_newest{0}; ///< number of the search that is wanted
     std::atomic_int m_pending{0}; ///< searches that were started and have not ended
