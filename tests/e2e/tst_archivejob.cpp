@@ -1,50 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/settingskeys.h"
-#include "e2e/windowdriver.h"
-#include "platform/desktopintegration.h"
-#include "support/debbuilder.h"
+#include "e2e/windowtest.h"
 #include "support/localapt.h"
-#include "support/testenvironment.h"
 #include "ui/newrepodialog.h"
 #include "ui/upgradepackagesdialog.h"
 #include "ui/upgradesourcesdialog.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QtTest>
-
-#include <memory>
-
-#define WAIT_FOR(condition) QTRY_VERIFY_WITH_TIMEOUT((condition), 30000)
-
 /** Export, import and upgrade through the window, with real repositories, archives and a real apt. */
-class TestArchiveJob : public QObject
+class TestArchiveJob : public WindowTest
 {
     Q_OBJECT
 
-    QTemporaryDir m_folder{"/tmp/vaXXXXXX"_s};
     std::unique_ptr<LocalApt> m_apt;
-    std::unique_ptr<WindowDriver> m_driver;
-
-    QString path(const QString &name) const { return m_folder.filePath(name); }
-    QAction *action(const char *name) const { return child<QAction>(m_driver->window(), name); }
-
-    QString package(const QString &name, const QString &version) const
-    {
-        return DebBuilder(name).version(version).build(path("files"_s));
-    }
-
-    static QByteArray outputOf(const QString &program, const QStringList &arguments)
-    {
-        QProcess process;
-        process.start(program, arguments);
-        if (!process.waitForFinished(-1) || process.exitCode() != 0)
-            qFatal("%s: %s", qPrintable(program), process.readAllStandardError().constData());
-        return process.readAllStandardOutput();
-    }
 
     /** What reprepro lists, and the sums of the files that it lists. */
     static QByteArray contentsOf(const QString &repository)
@@ -54,28 +20,12 @@ class TestArchiveJob : public QObject
                + outputOf("reprepro"_s, base + QStringList{"_listchecksums"_s});
     }
 
-    /** Makes a repository with reprepro itself and opens it alone. */
     QString openRepository(const QString &name, const QStringList &packages)
     {
-        QString repository = path(name);
-        writeFile(repository + "/conf/distributions"_s,
-                  "Codename: birch\nSuite: stable\nVersion: 1\nArchitectures: amd64\nComponents: main\n");
-        outputOf("reprepro"_s, QStringList{"-s"_s, "-b"_s, repository, "includedeb"_s, "birch"_s} + packages);
-        QSettings().setValue(SettingsKey::RecentOpennedRepos, QStringList{repository});
-        m_driver = std::make_unique<WindowDriver>();
-        if (!QTest::qWaitFor([&] { return m_driver->isIdle(); }, 20000))
+        QString repository = makeRepository(name, packages);
+        if (!restart({repository}))
             qFatal("not opened");
         return repository;
-    }
-
-    /** Chooses a file or folder, given as a whole path, in a file dialog. */
-    static Script::Step choose(const QString &title, const QString &file)
-    {
-        return inDialog<QFileDialog>(title, [file](QFileDialog &dialog) {
-            dialog.setDirectory(QFileInfo(file).path());
-            child<QLineEdit>(dialog, "fileNameEdit")->setText(QFileInfo(file).fileName());
-            return QMetaObject::invokeMethod(&dialog, "accept");
-        });
     }
 
     /** Confirms the description of the repository for an import; tells the proposed name. */
@@ -91,41 +41,23 @@ class TestArchiveJob : public QObject
         });
     }
 
-private Q_SLOTS:
-    void initTestCase()
+    void prepare() override
     {
-        VELT_NEED_TOOL("reprepro");
         VELT_NEED_TOOL("apt-get");
         VELT_NEED_TOOL("dpkg-scanpackages");
         VELT_NEED_TOOL("archivemount");
-        veltInit("0"_s, "Velt admin repo"_s);
-        QApplication::setQuitOnLastWindowClosed(false);
         DebBuilder("old"_s).version("2"_s).build(path("one/pool"_s));
         DebBuilder("kept"_s).version("2"_s).build(path("one/pool"_s));
-        m_apt = std::make_unique<LocalApt>(m_folder.path(), QStringList{"one"_s});
+        m_apt = std::make_unique<LocalApt>(m_folder->path(), QStringList{"one"_s});
     }
 
-    void init()
-    {
-        QSettings().clear();
-        QSettings().setValue(SettingsKey::ShowAddPkgSettings, false);
-    }
+    void finish() override { close(); }
 
-    void cleanup()
-    {
-        if (m_driver == nullptr)
-            return;
-        if (QTest::currentTestFailed())
-            qInfo("%s", qPrintable(m_driver->log()));
-        m_driver->window().closeWithoutAsking();
-        WAIT_FOR(!m_driver->window().isVisible());
-        m_driver.reset();
-    }
-
+private Q_SLOTS:
     void exportAndImportRepository()
     {
         const QString repo = openRepository("r"_s, {package("a"_s, "1"_s), package("b"_s, "1:2"_s)});
-        child<QTreeView>(*m_driver->tab(), "m_repoTreeView")->clearSelection();
+        tree()->clearSelection();
         QVERIFY(!action("m_exportSelectedPackagesAction")->isEnabled());
         m_driver->select("a_1");
         QVERIFY(action("m_exportSelectedPackagesAction")->isEnabled());
@@ -140,7 +72,7 @@ private Q_SLOTS:
         const Script replacing{choose("Select export archive"_s, archive),
                                answer("Confirm replacement"_s, "Yes"_s)};
         action("m_exportRepoAction")->trigger();
-        WAIT_FOR(m_driver->message() == "Repository exported."_s && m_driver->isIdle());
+        WAIT_FOR(has("Repository exported."_s));
         QVERIFY(outputOf("tar"_s, {"-tzf"_s, archive}).contains("conf/distributions"));
 
         // The place of the archive cannot become the repository.
@@ -154,13 +86,13 @@ private Q_SLOTS:
                                         if (dialog.repoInfo().codename.isEmpty())
                                             return false;
                                         proposed = dialog.repositoryPath();
-                                        dialog.propose("/tmp"_s, QFileInfo(m_folder.path()).fileName());
+                                        dialog.propose("/tmp"_s, QFileInfo(m_folder->path()).fileName());
                                         const Script told{
                                             inDialog<QMessageBox>(import, [&](const QMessageBox &box) {
                                                 return box.text().contains(archive) && press(box, "OK"_s);
                                             })};
                                         dialog.accept();
-                                        dialog.propose(m_folder.path(), "new"_s);
+                                        dialog.propose(m_folder->path(), "new"_s);
                                         return told.isDone();
                                     }),
             describe(nullptr)};
@@ -205,7 +137,7 @@ private Q_SLOTS:
                               answer("Choose packages to upgrade"_s, "Cancel"_s)};
         action("m_upgradeRepoAction")->trigger();
         WAIT_FOR(canceled.isDone() && m_driver->isIdle());
-        QCOMPARE(outputOf("reprepro"_s, {"-b"_s, repo, "list"_s, "birch"_s}).count(" 1\n"), 2);
+        QCOMPARE(packagesOf(repo), "kept 1, old 1"_s);
 
         const auto chooseOld = [](const UpgradePackagesDialog &dialog) {
             const auto *view = child<QTreeView>(dialog, "m_tableView");
@@ -220,15 +152,14 @@ private Q_SLOTS:
         const Script upgrading{inDialog<UpgradeSourcesDialog>(QString(), chooseAll),
                                inDialog<UpgradePackagesDialog>(QString(), chooseOld)};
         action("m_upgradeRepoAction")->trigger();
-        WAIT_FOR(m_driver->message() == "Repo upgraded"_s && m_driver->isIdle());
-        const QByteArray list = outputOf("reprepro"_s, {"-b"_s, repo, "list"_s, "birch"_s});
-        QVERIFY2(list.contains("old 2\n") && list.contains("kept 1\n"), list.constData());
+        WAIT_FOR(has("Repo upgraded"_s));
+        QCOMPARE(packagesOf(repo), "kept 1, old 2"_s);
 
         // What is left upgraded as well, there is nothing more, and that is said once.
         const Script rest{inDialog<UpgradeSourcesDialog>(QString(), chooseAll),
                           answer("Choose packages to upgrade"_s, "OK"_s)};
         action("m_upgradeRepoAction")->trigger();
-        WAIT_FOR(rest.isDone() && m_driver->message() == "Repo upgraded"_s && m_driver->isIdle());
+        WAIT_FOR(rest.isDone() && has("Repo upgraded"_s));
         const Script none{inDialog<UpgradeSourcesDialog>(QString(), chooseAll),
                           inDialog<QMessageBox>("Nothing to upgrade"_s, [](const QMessageBox &box) {
                               return box.text() == "No packages for upgrading"_s && press(box, "OK"_s);

@@ -1,50 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/settingskeys.h"
 #include "depends/addpackagedialog.h"
 #include "depends/dependsmodel.h"
-#include "e2e/windowdriver.h"
-#include "platform/desktopintegration.h"
-#include "support/debbuilder.h"
+#include "e2e/windowtest.h"
 #include "support/localapt.h"
-#include "support/testenvironment.h"
 #include "ui/packagestatusline.h"
 
-#include <QClipboard>
-#include <QFileDialog>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QTableView>
-#include <QToolButton>
-#include <QtTest>
-
-#include <memory>
-
-#define WAIT_FOR(condition) QTRY_VERIFY_WITH_TIMEOUT((condition), 30000)
 
 /** Checking dependencies and fetching what is missing, through the window, with a real repository and a real apt. */
-class TestDependsJob : public QObject
+class TestDependsJob : public WindowTest
 {
     Q_OBJECT
 
-    QTemporaryDir m_folder{"/tmp/vaXXXXXX"_s};
     std::unique_ptr<LocalApt> m_apt;
-    std::unique_ptr<WindowDriver> m_driver;
-
-    QString path(const QString &name) const { return m_folder.filePath(name); }
-
-    static void run(const QString &program, const QStringList &arguments)
-    {
-        if (QProcess::execute(program, arguments) != 0)
-            qFatal("%s failed", qPrintable(program));
-    }
 
     QTreeView *depends() const { return child<QTreeView>(*m_driver->tab(), "m_dependsTreeView"); }
     QModelIndex dependency(const char *text) const { return find(*depends()->model(), text); }
-    QAction *action(const char *name) const { return m_driver->action(name); }
     QString counters() const
     {
         QStringList texts;
@@ -66,54 +39,20 @@ class TestDependsJob : public QObject
         return child<QMenu>(m_driver->window(), "m_dependsMenu");
     }
 
-private Q_SLOTS:
-    void initTestCase()
+    void prepare() override
     {
-        VELT_NEED_TOOL("reprepro");
         VELT_NEED_TOOL("apt");
         VELT_NEED_TOOL("dpkg-scanpackages");
-        veltInit("0"_s, "Velt admin repo"_s);
-        QApplication::setQuitOnLastWindowClosed(false);
         DebBuilder("lib"_s).version("1.2"_s).build(path("one/pool"_s));
         DebBuilder("library"_s).version("3"_s).field("Depends"_s, "meal"_s).build(path("one/pool"_s));
         DebBuilder("food"_s).field("Provides"_s, "meal"_s).build(path("one/pool"_s));
-        m_apt = std::make_unique<LocalApt>(m_folder.path(), QStringList{"one"_s});
-
-        const QString repository = path("r"_s);
-        writeFile(repository + "/conf/distributions"_s,
-                  "Codename: birch\nSuite: stable\nVersion: 1\nArchitectures: amd64\nComponents: main\n");
+        m_apt = std::make_unique<LocalApt>(m_folder->path(), QStringList{"one"_s});
         const QString app
             = DebBuilder("app"_s).field("Depends"_s, "lib (>= 1.0), base"_s).build(path("files"_s));
-        run("reprepro"_s,
-            {"-s"_s,
-             "-b"_s,
-             repository,
-             "includedeb"_s,
-             "birch"_s,
-             app,
-             DebBuilder("base"_s).build(path("files"_s)),
-             DebBuilder("tool"_s).build(path("files"_s))});
-        QSettings().setValue(SettingsKey::ShowAddPkgSettings, false);
-        QSettings().setValue(SettingsKey::RecentOpennedRepos, QStringList{repository});
-        m_driver = std::make_unique<WindowDriver>();
-        WAIT_FOR(m_driver->isIdle());
+        QVERIFY(restart({makeRepository("r"_s, {app, package("base"_s), package("tool"_s)})}));
     }
 
-    void cleanup()
-    {
-        if (QTest::currentTestFailed())
-            qInfo("%s", qPrintable(m_driver->log()));
-    }
-
-    void cleanupTestCase()
-    {
-        if (m_driver == nullptr)
-            return;
-        m_driver->window().closeWithoutAsking();
-        WAIT_FOR(!m_driver->window().isVisible());
-        m_driver.reset();
-    }
-
+private Q_SLOTS:
     void nothingIsCheckedWhenSwitchedOff()
     {
         m_driver->select("app_1.0");
@@ -126,21 +65,21 @@ private Q_SLOTS:
         child<QToolButton>(*m_driver->tab(), "m_checkDependsToolButton")->click();
         QVERIFY(told.isDone() && m_driver->isIdle());
         QVERIFY(!m_driver->log().contains("Checking depends"_s));
-        m_driver->select("tool_1.0");
+        m_driver->select("tool_1");
         QCOMPARE(empty->text(), "The package has no dependencies."_s);
     }
 
     void missingPackageIsFoundAndAdded()
     {
-        QAction *save = child<QAction>(m_driver->window(), "m_saveReportAction");
+        QAction *save = action("m_saveReportAction");
         QVERIFY(!save->isEnabled());
         action("m_checkDependsLocalAction")->trigger();
 
         // The selected package alone, then all.
         action("m_checkDependStartAction")->trigger();
-        WAIT_FOR(m_driver->message() == "Depends checked"_s && m_driver->isIdle());
+        WAIT_FOR(has("Depends checked"_s));
         QCOMPARE(counters(), "2 0 1 Total: 3 package(s)"_s);
-        child<QTreeView>(*m_driver->tab(), "m_repoTreeView")->clearSelection();
+        tree()->clearSelection();
         action("m_checkDependStartAction")->trigger();
         WAIT_FOR(counters() == "0 1 2 Total: 3 package(s)"_s && m_driver->isIdle());
         QVERIFY2(m_driver->log().contains("lib, by 1"_s), qPrintable(m_driver->log()));
@@ -166,7 +105,7 @@ private Q_SLOTS:
         const QJsonObject report = QJsonDocument::fromJson(readFile(path("report.json"_s))).object();
         QCOMPARE(report.value("errors"_s).toInt(), 1);
         QCOMPARE(report.value("packages"_s).toArray().at(0).toObject().value("name"_s).toString(), "app"_s);
-        child<QAction>(m_driver->window(), "m_copyReportAction")->trigger();
+        action("m_copyReportAction")->trigger();
         WAIT_FOR(QGuiApplication::clipboard()->text().contains("app 1.0 (main, amd64)"_s));
 
         // What is there already cannot be added, what is missing can; the copy has its own key.
@@ -222,9 +161,9 @@ private Q_SLOTS:
 
         // What it depends on is offered elsewhere; taken over, it is here as well.
         action("m_checkDependsAllAction")->trigger();
-        child<QTreeView>(*m_driver->tab(), "m_repoTreeView")->clearSelection();
+        tree()->clearSelection();
         action("m_checkDependsAction")->trigger();
-        WAIT_FOR(m_driver->message() == "Depends checked"_s && m_driver->isIdle());
+        WAIT_FOR(has("Depends checked"_s));
         m_driver->select("library_3");
         const auto isHere = [this] {
             const QAbstractItemModel &model = *depends()->model();

@@ -1,69 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/settingskeys.h"
-#include "e2e/windowdriver.h"
-#include "platform/desktopintegration.h"
-#include "support/debbuilder.h"
-#include "support/testenvironment.h"
+#include "e2e/windowtest.h"
 #include "ui/addpkgsettingsdialog.h"
 #include "ui/newrepodialog.h"
 #include "ui/packagereplacementdialog.h"
 
-#include <QComboBox>
-#include <QFileDialog>
-#include <QInputDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMessageBox>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QToolButton>
-#include <QtTest>
-
-#include <memory>
-
-#define WAIT_FOR(condition) QTRY_VERIFY_WITH_TIMEOUT((condition), 20000)
-
 /** The main job of the program, through its window and with the real tools. */
-class TestMainJob : public QObject
+class TestMainJob : public WindowTest
 {
     Q_OBJECT
 
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<WindowDriver> m_driver;
     QByteArray m_realPath = qgetenv("PATH");
 
-    QString path(const QString &name) const { return m_folder->filePath(name); }
     /** While held, every run of reprepro waits before it begins. */
     void hold() { writeFile(path("hold"_s), {}); }
     void release() { QFile::remove(path("hold"_s)); }
-
-    QString package(const QString &name, const QString &version = "1"_s, const QByteArray &contents = "x\n")
-    {
-        return DebBuilder(name).version(version).contents(contents).build(path("files-"_s + version));
-    }
-
-    static QByteArray outputOf(const QString &program, const QStringList &arguments)
-    {
-        QProcess process;
-        process.start(program, arguments);
-        if (!process.waitForFinished(-1) || process.exitCode() != 0)
-            qFatal("%s failed", qPrintable(program));
-        return process.readAllStandardOutput();
-    }
-
-    /** Makes a repository with reprepro itself, for tests that are not about creating. */
-    QString makeRepository(const QString &name, const QStringList &packages = {})
-    {
-        QString repository = path(name);
-        writeFile(repository + "/conf/distributions"_s,
-                  "Origin: Debian\nCodename: birch\nSuite: stable\nVersion: 1\nArchitectures: amd64\n"
-                  "Components: main contrib\nUDebComponents: main contrib\n");
-        const QStringList job
-            = packages.isEmpty() ? QStringList{"export"_s} : QStringList{"includedeb"_s, "birch"_s};
-        outputOf("/usr/bin/reprepro"_s, QStringList{"-s"_s, "-b"_s, repository} + job + packages);
-        return repository;
-    }
 
     /** How many processes were started with this path, or any, of this test's folder. */
     int processes(const QString &name = {}) const
@@ -74,43 +24,17 @@ class TestMainJob : public QObject
         return count;
     }
 
-    /** "name version" of each package that reprepro lists, sorted; also for installer packages. */
-    static QString packagesOf(const QString &repository)
-    {
-        const QString format = "${package} ${version}\n"_s;
-        const QByteArray list = outputOf(
-            "/usr/bin/reprepro"_s, {"-b"_s, repository, "--list-format"_s, format, "list"_s, "birch"_s});
-        QStringList lines = QString::fromUtf8(list).split("\n"_s, Qt::SkipEmptyParts);
-        lines.sort();
-        return lines.join(", "_s);
-    }
-
-    /** Starts the window anew, which opens what was open when the last one closed. */
-    bool restart(const QStringList &repositories)
-    {
-        m_driver.reset();
-        QSettings().setValue(SettingsKey::RecentOpennedRepos, repositories);
-        m_driver = std::make_unique<WindowDriver>();
-        return QTest::qWaitFor([&] { return m_driver->isIdle(repositories.size()); }, 20000);
-    }
-
     QList<QAction *> recentRepositories()
     {
         return child<QMenu>(m_driver->window(), "m_recentReposMenu")->actions();
     }
 
-private Q_SLOTS:
-    void initTestCase()
-    {
-        VELT_NEED_TOOL("reprepro");
-        VELT_NEED_TOOL("dpkg-deb");
-        veltInit("0"_s, "Velt admin repo"_s);
-        // The window quits the application when it closes; here the tests go on.
-        QApplication::setQuitOnLastWindowClosed(false);
-    }
+    void finish() override { release(); }
 
+private Q_SLOTS:
     void init()
     {
+        close();
         m_folder = std::make_unique<QTemporaryDir>();
         const QByteArray folder = m_folder->path().toLocal8Bit();
         writeScript(path("bin/reprepro"_s),
@@ -118,19 +42,7 @@ private Q_SLOTS:
                         + "/hold' ]; do sleep 0.02; done\nexec /usr/bin/reprepro \"$@\"\n");
         qputenv("PATH", folder + "/bin:" + m_realPath);
         QSettings().clear();
-        QSettings().setValue(SettingsKey::ShowAddPkgSettings, false);
-        m_driver = std::make_unique<WindowDriver>();
-    }
-
-    void cleanup()
-    {
-        release();
-        if (QTest::currentTestFailed())
-            qInfo("%s", qPrintable(m_driver->log()));
-        m_driver->window().closeWithoutAsking();
-        WAIT_FOR(!m_driver->window().isVisible());
-        m_driver.reset();
-        qputenv("PATH", m_realPath);
+        QVERIFY(restart({}));
     }
 
     void createAddRemoveReopen()
@@ -154,8 +66,8 @@ private Q_SLOTS:
             QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
             return true;
         })};
-        m_driver->action("m_newRepoAction")->trigger();
-        WAIT_FOR(m_driver->message() == "Repository is created."_s && m_driver->isIdle());
+        action("m_newRepoAction")->trigger();
+        WAIT_FOR(has("Repository is created."_s));
         QCOMPARE(m_driver->window().windowTitle(), "velt-admin-repo: "_s + repo);
         QCOMPARE(m_driver->tab()->repoPath(), repo);
         const QByteArray distributions = readFile(repo + "/conf/distributions"_s);
@@ -182,7 +94,7 @@ private Q_SLOTS:
                          inDialog<AddPkgSettingsDialog>("Package add settings"_s, chooseComponent)};
         // The choices are read again when a tab comes to the front.
         Q_EMIT m_driver->tabs()->currentChanged(0);
-        m_driver->action("m_addPackagesAction")->trigger();
+        action("m_addPackagesAction")->trigger();
         WAIT_FOR(m_driver->packageCount() == 2 && m_driver->isIdle());
         QVERIFY(add.isDone());
         QCOMPARE(packagesOf(repo), "alpha 1, beta 1"_s);
@@ -191,7 +103,7 @@ private Q_SLOTS:
         QCOMPARE(QSettings().value(SettingsKey::CurrentComponent).toString(), "contrib"_s);
 
         // Removed after a question.
-        QAction *remove = m_driver->action("m_removePackagesAction");
+        QAction *remove = action("m_removePackagesAction");
         QVERIFY(!remove->isEnabled());
         m_driver->select("alpha_1");
         QVERIFY(remove->isEnabled());
@@ -279,9 +191,9 @@ private Q_SLOTS:
         auto *stop = child<QToolButton>(m_driver->window(), "m_stopButton");
         const auto looksRunning = [&](bool running) {
             return child<QProgressBar>(m_driver->window(), "m_progressBar")->isVisible() == running
-                   && stop->isVisible() == running && m_driver->action("m_newRepoAction")->isEnabled()
-                   && m_driver->action("m_addPackagesAction")->isEnabled() != running
-                   && m_driver->action("m_changeRepoAction")->isEnabled() != running;
+                   && stop->isVisible() == running && action("m_newRepoAction")->isEnabled()
+                   && action("m_addPackagesAction")->isEnabled() != running
+                   && action("m_changeRepoAction")->isEnabled() != running;
         };
         QVERIFY(looksRunning(false));
         hold();
@@ -312,7 +224,7 @@ private Q_SLOTS:
         release();
         WAIT_FOR(m_driver->isIdle());
         QCOMPARE(packagesOf(repo), "a 1"_s);
-        QVERIFY(m_driver->action("m_addPackagesAction")->isEnabled());
+        QVERIFY(action("m_addPackagesAction")->isEnabled());
 
         hold();
         m_driver->drop({package("b"_s), package("c"_s)});
@@ -320,7 +232,7 @@ private Q_SLOTS:
         const Script yes{answer("Warning"_s, "Yes"_s)};
         QVERIFY(!m_driver->window().close());
         // The window is there until the package at hand is in, and does nothing but wait.
-        QVERIFY(!m_driver->action("m_newRepoAction")->isEnabled());
+        QVERIFY(!action("m_newRepoAction")->isEnabled());
         QVERIFY(!m_driver->window().close());
         QVERIFY(m_driver->window().isVisible());
         release();
@@ -370,7 +282,7 @@ private Q_SLOTS:
             dialog.reject();
             return dialog.textValue() == other;
         })};
-        m_driver->action("m_addPackagesAction")->trigger();
+        action("m_addPackagesAction")->trigger();
         QVERIFY(cancel.isDone());
         hold();
         const Script choose{inDialog<QInputDialog>("Choose repository"_s, [&repo](QInputDialog &dialog) {
@@ -394,7 +306,7 @@ private Q_SLOTS:
         Q_EMIT m_driver->tabs()->tabCloseRequested(0);
         QCOMPARE(m_driver->tabs()->count(), 0);
         QCOMPARE(m_driver->window().windowTitle(), "velt-admin-repo"_s);
-        QVERIFY(!m_driver->action("m_removeRepoAction")->isEnabled());
+        QVERIFY(!action("m_removeRepoAction")->isEnabled());
         // With nothing open the window offers what comes first.
         QVERIFY(!m_driver->tabs()->isVisible());
         auto *create = child<QPushButton>(m_driver->window(), "m_newRepoButton");
@@ -402,8 +314,8 @@ private Q_SLOTS:
         QTest::keyClick(create, Qt::Key_Return);
         QVERIFY(dialog.isDone());
         // Menus have keys of their own, which are not shown elsewhere.
-        QCOMPARE(m_driver->action("m_quitAction")->text(), "E&xit"_s);
-        QCOMPARE(m_driver->action("m_publishRepoAction")->toolTip(), "Publish repository"_s);
+        QCOMPARE(action("m_quitAction")->text(), "E&xit"_s);
+        QCOMPARE(action("m_publishRepoAction")->toolTip(), "Publish repository"_s);
         QVERIFY(!create->text().contains("&"_s));
         QVERIFY(restart({repo}));
         QVERIFY(!child<QPushButton>(m_driver->window(), "m_newRepoButton")->isVisible());
@@ -477,7 +389,7 @@ private Q_SLOTS:
                                                        return QMetaObject::invokeMethod(&dialog, "accept");
                                                    }),
                              answer(QString(), "No"_s)};
-        m_driver->action("m_openRepoAction")->trigger();
+        action("m_openRepoAction")->trigger();
         WAIT_FOR(mistake.isDone() && m_driver->tabs()->count() == 0);
         const auto recentPaths = [] { return QSettings().value(SettingsKey::RecentRepoList).toStringList(); };
         const Script keep{answer("Recent repositories"_s, "No"_s)};
@@ -489,7 +401,7 @@ private Q_SLOTS:
         const Script warnings{answer("Recent repositories"_s, "Yes"_s), answer("No repository"_s, "OK"_s)};
         recentRepositories().at(1)->trigger();
         QCOMPARE(recentPaths(), QStringList{plain});
-        m_driver->action("m_addPackagesAction")->trigger();
+        action("m_addPackagesAction")->trigger();
         QVERIFY(warnings.isDone());
     }
 
@@ -504,8 +416,8 @@ private Q_SLOTS:
             QTest::keyClick(child<QLineEdit>(dialog, "m_versionLineEdit"), Qt::Key_Return);
             return true;
         })};
-        m_driver->action("m_changeRepoAction")->trigger();
-        WAIT_FOR(m_driver->message() == "Repository is changed."_s && m_driver->isIdle());
+        action("m_changeRepoAction")->trigger();
+        WAIT_FOR(has("Repository is changed."_s));
         QVERIFY(!QFile::exists(repo));
         QVERIFY(readFile(moved + "/conf/distributions"_s).contains("Version: 7\n"));
         QCOMPARE(m_driver->tabs()->tabText(0), "moved"_s);
@@ -517,9 +429,9 @@ private Q_SLOTS:
 
         const Script confirm(
             {answer("Remove confirmation"_s, "No"_s), answer("Remove confirmation"_s, "Yes"_s)});
-        m_driver->action("m_removeRepoAction")->trigger();
+        action("m_removeRepoAction")->trigger();
         QVERIFY(QFile::exists(moved + "/conf/distributions"_s));
-        m_driver->action("m_removeRepoAction")->trigger();
+        action("m_removeRepoAction")->trigger();
         WAIT_FOR(m_driver->message() == "Repository is deleted."_s);
         QVERIFY(!QFile::exists(moved));
         QCOMPARE(m_driver->tabs()->count(), 0);
@@ -532,7 +444,7 @@ private Q_SLOTS:
                           inDialog<QMessageBox>("Warning"_s, [](const QMessageBox &box) {
                               return box.text().contains("does not exist"_s) && press(box, "OK"_s);
                           })};
-        m_driver->action("m_removeRepoAction")->trigger();
+        action("m_removeRepoAction")->trigger();
         WAIT_FOR(gone.isDone() && m_driver->tabs()->count() == 0);
         QVERIFY(QSettings().value(SettingsKey::RecentRepoList).toStringList().isEmpty());
     }
@@ -552,7 +464,7 @@ private Q_SLOTS:
             return press(dialog, "Cancel"_s);
         };
         const Script steps{inDialog<NewRepoDialog>({}, handOver), inDialog<NewRepoDialog>({}, look)};
-        m_driver->action("m_newRepoAction")->trigger();
+        action("m_newRepoAction")->trigger();
         QVERIFY(steps.isDone() && waited);
         WAIT_FOR(m_driver->packageCount() == 2 && m_driver->isIdle());
         QCOMPARE(packagesOf(repo), "a 1, b 1"_s);

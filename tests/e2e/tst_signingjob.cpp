@@ -1,38 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/settingskeys.h"
-#include "e2e/windowdriver.h"
-#include "platform/desktopintegration.h"
-#include "support/debbuilder.h"
-#include "support/testenvironment.h"
+#include "e2e/windowtest.h"
 #include "support/testkeys.h"
 #include "ui/newrepodialog.h"
 #include "ui/parametersdialog.h"
 
-#include <QCheckBox>
-#include <QClipboard>
-#include <QComboBox>
-#include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QtTest>
-
-#include <memory>
-
-#define WAIT_FOR(condition) QTRY_VERIFY_WITH_TIMEOUT((condition), 30000)
-
 /** Signing packages and a repository through the window, with real keys. */
-class TestSigningJob : public QObject
+class TestSigningJob : public WindowTest
 {
     Q_OBJECT
 
-    QTemporaryDir m_folder;
-    std::unique_ptr<WindowDriver> m_driver;
     QString m_key;
     QString m_keyText;
 
-    QString path(const QString &name) const { return m_folder.filePath(name); }
     QLabel *label(const char *name) const { return child<QLabel>(*m_driver->tab(), name); }
     /** What the details of this package say of its signature, and how its icon looks. */
     QString signature(const char *package) const
@@ -42,63 +21,35 @@ class TestSigningJob : public QObject
     }
     QImage icon(const char *package) const
     {
-        const QModelIndex item
-            = find(*child<QTreeView>(*m_driver->tab(), "m_repoTreeView")->model(), package);
+        const QModelIndex item = find(*tree()->model(), package);
         return item.data(Qt::DecorationRole).value<QIcon>().pixmap(32).toImage();
     }
     QString poolFile(const QString &name) const
     {
-        return path("r/pool/main/%1/%2/%2_1.0_amd64.deb"_s.arg(name.left(1), name));
+        return path("r/pool/main/%1/%2/%2_1_amd64.deb"_s.arg(name.left(1), name));
     }
 
-private Q_SLOTS:
-    void initTestCase()
+    void prepare() override
     {
-        VELT_NEED_TOOL("reprepro");
         VELT_NEED_TOOL("debsig-verify");
         VELT_NEED_TOOL("gpgv");
-        veltInit("0"_s, "Velt admin repo"_s);
-        QApplication::setQuitOnLastWindowClosed(false);
         m_key = TestKeys::make("Ann <ann@example.org>"_s, "sign"_s, "10d"_s);
         m_keyText = TestKeys::text("Ann <ann@example.org>"_s, m_key);
         TestKeys::makeExpired("Old"_s);
-        writeFile(path("r/conf/distributions"_s),
-                  "Codename: birch\nSuite: stable\nVersion: 1\nArchitectures: amd64\nComponents: main\n");
-        const QStringList include{"-s"_s, "-b"_s, path("r"_s), "includedeb"_s, "birch"_s};
-        QCOMPARE(
-            QProcess::execute("reprepro"_s, include + QStringList{DebBuilder("plain"_s).build(path("f"_s))}),
-            0);
-        QSettings().setValue(SettingsKey::ShowAddPkgSettings, false);
-        QSettings().setValue(SettingsKey::RecentOpennedRepos, QStringList{path("r"_s)});
-        m_driver = std::make_unique<WindowDriver>();
-        WAIT_FOR(m_driver->isIdle());
+        QVERIFY(restart({makeRepository("r"_s, {package("plain"_s)})}));
     }
 
-    void cleanup()
-    {
-        if (QTest::currentTestFailed())
-            qInfo("%s", qPrintable(m_driver->log()));
-    }
-
-    void cleanupTestCase()
-    {
-        if (m_driver == nullptr)
-            return;
-        m_driver->window().closeWithoutAsking();
-        WAIT_FOR(!m_driver->window().isVisible());
-        m_driver.reset();
-    }
-
+private Q_SLOTS:
     void withoutAKeyNothingIsAddedUnsigned()
     {
-        child<QTreeView>(*m_driver->tab(), "m_repoTreeView")->clearSelection();
-        QVERIFY(!m_driver->action("m_signPackagesAction")->isEnabled());
-        m_driver->select("plain_1.0");
-        QVERIFY(m_driver->action("m_signPackagesAction")->isEnabled());
+        tree()->clearSelection();
+        QVERIFY(!action("m_signPackagesAction")->isEnabled());
+        m_driver->select("plain_1");
+        QVERIFY(action("m_signPackagesAction")->isEnabled());
         QSettings().setValue(SettingsKey::SignPackage, true);
         m_driver->tabs()->currentChanged(0);
         const Script declines{answer("Package signing"_s, "No"_s)};
-        m_driver->drop({DebBuilder("added"_s).build(path("f"_s))});
+        m_driver->drop({package("added"_s)});
         WAIT_FOR(declines.isDone());
         QVERIFY(m_driver->isIdle());
         QCOMPARE(m_driver->packageCount(), 1);
@@ -117,24 +68,24 @@ private Q_SLOTS:
         };
         const Script choosing{answer("Package signing"_s, "Yes"_s),
                               inDialog<ParametersDialog>("Parametrs"_s, choose)};
-        m_driver->drop({path("f/added_1.0_amd64.deb"_s)});
+        m_driver->drop({package("added"_s)});
         WAIT_FOR(choosing.isDone() && m_driver->packageCount() == 2 && m_driver->isIdle());
         QCOMPARE(QSettings().value(SettingsKey::SignKeyId).toString(), m_key.right(8));
-        QCOMPARE(signature("added_1.0"), m_keyText);
+        QCOMPARE(signature("added_1"), m_keyText);
         QVERIFY(TestKeys::verifies(poolFile("added"_s), m_key));
 
-        QCOMPARE(signature("plain_1.0"), "Unsigned"_s);
-        const QImage unsignedIcon = icon("plain_1.0");
+        QCOMPARE(signature("plain_1"), "Unsigned"_s);
+        const QImage unsignedIcon = icon("plain_1");
         QString about;
         const Script confirming{inDialog<QMessageBox>("Sign confirmation"_s, [&](QMessageBox &box) {
             about = box.informativeText();
             return box.text() == "Do you want to sign selected packages?"_s && press(box, "Yes"_s);
         })};
-        m_driver->action("m_signPackagesAction")->trigger();
-        WAIT_FOR(confirming.isDone() && signature("plain_1.0") == m_keyText && m_driver->isIdle());
+        action("m_signPackagesAction")->trigger();
+        WAIT_FOR(confirming.isDone() && signature("plain_1") == m_keyText && m_driver->isIdle());
         QVERIFY2(about.contains("plain"_s) && about.contains(m_keyText) && about.contains("expires"_s),
                  qPrintable(about));
-        QVERIFY(icon("plain_1.0") != unsignedIcon);
+        QVERIFY(icon("plain_1") != unsignedIcon);
         QVERIFY(TestKeys::verifies(poolFile("plain"_s), m_key));
     }
 
@@ -142,13 +93,13 @@ private Q_SLOTS:
     {
         QSettings().setValue(SettingsKey::SignKeyId, "0BADC0DE"_s);
         m_driver->tabs()->currentChanged(0);
-        m_driver->select("plain_1.0");
+        m_driver->select("plain_1");
         QString about;
         const Script declines{inDialog<QMessageBox>("Sign confirmation"_s, [&](QMessageBox &box) {
             about = box.informativeText();
             return press(box, "No"_s);
         })};
-        m_driver->action("m_signPackagesAction")->trigger();
+        action("m_signPackagesAction")->trigger();
         WAIT_FOR(declines.isDone());
         QVERIFY(m_driver->isIdle());
         QCOMPARE(about, "0BADC0DE (not in the key ring)"_s);
@@ -166,9 +117,8 @@ private Q_SLOTS:
             return press(dialog, "OK"_s);
         };
         const Script changing{inDialog<NewRepoDialog>("Repository change"_s, sign)};
-        m_driver->action("m_changeRepoAction")->trigger();
-        WAIT_FOR(changing.isDone() && m_driver->message() == "Repository is changed."_s
-                 && m_driver->isIdle());
+        action("m_changeRepoAction")->trigger();
+        WAIT_FOR(changing.isDone() && has("Repository is changed."_s));
         m_driver->select("r");
         QCOMPARE(label("m_repoSignLabel")->text(), "Signed"_s);
         WAIT_FOR(label("m_repoKeyLabel")->isVisible());
@@ -179,7 +129,7 @@ private Q_SLOTS:
         child<QPushButton>(*m_driver->tab(), "m_copyKeyPushButton")->click();
         WAIT_FOR(m_driver->message() == "Public key is copied to clipboard"_s);
         const Script saving{inDialog<QFileDialog>("Save public key"_s, [&](QFileDialog &dialog) {
-            return dialog.directory().path() == m_folder.path()
+            return dialog.directory().path() == m_folder->path()
                    && child<QLineEdit>(dialog, "fileNameEdit")->text() == "r.asc"_s
                    && QMetaObject::invokeMethod(&dialog, "accept");
         })};

@@ -100,7 +100,6 @@ public:
     WindowDriver() { m_window.show(); }
 
     MainWindow &window() { return m_window; }
-    QAction *action(const char *name) const { return child<QAction>(m_window, name); }
     QTabWidget *tabs() const { return child<QTabWidget>(m_window, "tabWidget"); }
     RepoWidget *tab(int index = 0) const { return qobject_cast<RepoWidget *>(tabs()->widget(index)); }
     int packageCount() const { return tab()->repoShell()->packageCount(); }
