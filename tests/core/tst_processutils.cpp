@@ -29,6 +29,12 @@ private Q_SLOTS:
         QVERIFY(!missing.started && !missing.crashed() && !missing.succeeded());
         QVERIFY2(missing.errorOutput.contains("/no/such/program"_s), "who could not be started is said");
         QVERIFY(runProcess(shell("exit 0")).succeeded());
+
+        // The base of the tools' classes tells of the last run alone.
+        ProcessUtils utils;
+        QVERIFY(!utils.run("sh"_s, {"-c"_s, "echo o; echo e >&2; exit 3"_s}));
+        QCOMPARE(utils.output() + utils.errorOutput() + QString::number(utils.exitCode()), "o\ne\n3"_s);
+        QVERIFY(utils.run("true"_s, {}) && utils.output().isEmpty() && utils.errorOutput().isEmpty());
     }
 
     void wordsInAndOut()
@@ -73,18 +79,6 @@ private Q_SLOTS:
             QCOMPARE(runProcess(call).output,
                      "C.UTF-8|b=c|%1|00%2"_s.arg(folder.path(), QString::number(mask, 8)));
         }
-    }
-
-    void lastRunOnly()
-    {
-        ProcessUtils utils;
-        QVERIFY(!utils.run("sh"_s, {"-c"_s, "echo o; echo e >&2; exit 3"_s}));
-        QCOMPARE(utils.output() + utils.errorOutput(), "o\ne\n"_s);
-        QCOMPARE(utils.exitCode(), 3);
-        QVERIFY(utils.run("true"_s, {}));
-        QCOMPARE(utils.output() + utils.errorOutput(), QString());
-        QCOMPARE(utils.exitCode(), 0);
-        QVERIFY(!utils.run("/no/such/program"_s, {}));
     }
 };
 

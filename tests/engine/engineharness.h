@@ -69,6 +69,17 @@ public:
         return run([&] { shell.removePackages(list); });
     }
 
+    /** Stops jobs from their own thread, at the count-th of these signals from now on and at each one after it. */
+    template <typename Signal>
+    QMetaObject::Connection cancelAt(Signal signal, int count = 1)
+    {
+        const auto stop = [this, count]() mutable {
+            if (--count <= 0)
+                shell.cancel();
+        };
+        return connect(&shell, signal, &shell, stop, Qt::DirectConnection);
+    }
+
     QString lastMessage() const { return finished.isEmpty() ? QString() : finished.last(); }
     /** All criticals in one text, for comparing with nothing and showing more. */
     QString trouble() const { return criticals.join(QLatin1Char('\n')); }

@@ -2,6 +2,7 @@
 #include "engine/archiveutils.h"
 #include "engine/archivewriter.h"
 #include "engineharness.h"
+#include "support/scopedvariable.h"
 
 #include <QtTest>
 
@@ -15,24 +16,6 @@ namespace
 {
 const QString NotExported = "Repository is not exported"_s;
 
-QString shell(const QString &script, const QString &folder = {})
-{
-    const ProcessResult result = runProcess({"bash"_s, {"-ec"_s, script}, folder, {}, -1});
-    if (!result.succeeded())
-        qFatal("%s: %s", qPrintable(script), qPrintable(result.errorOutput));
-    return result.output;
-}
-
-/** Incompressible, and the same each time. */
-QByteArray noise(int size)
-{
-    QByteArray bytes(size, '\0');
-    quint32 state = 1;
-    for (char &byte : bytes)
-        byte = static_cast<char>((state = state * 1664525U + 1013904223U) >> 24U);
-    return bytes;
-}
-
 /** A stand-in for the mount: unpacks the archive, so that the listing is real, and notes what was called. */
 void playMount(const EngineHarness &h, const QByteArray &unmount = "rm -rf \"$2\"/*\n")
 {
@@ -42,18 +25,6 @@ void playMount(const EngineHarness &h, const QByteArray &unmount = "rm -rf \"$2\
                 head + "tar xf \"$1\" -C \"$2\" --no-same-owner 2>/dev/null; [ -e \"$1\" ]\n");
     writeScript(h.folder.filePath("bin/fusermount"_s), head + unmount);
 }
-
-/** A program's place on PATH for one test. */
-class PathFront
-{
-public:
-    explicit PathFront(const QString &folder) { qputenv("PATH", (folder + ":"_s).toLocal8Bit() + m_path); }
-    ~PathFront() { qputenv("PATH", m_path); }
-    Q_DISABLE_COPY(PathFront)
-
-private:
-    QByteArray m_path = qgetenv("PATH");
-};
 
 bool canMount()
 {
@@ -74,10 +45,15 @@ private:
     {
         return h->run([&] { h->shell.importRepo(source); });
     }
-    static QStringList leftovers(const EngineHarness &h)
+    /** That there is the archive of before and nothing beside it. */
+    static bool isUntouched(const EngineHarness &h)
     {
-        return QDir(h.folder.filePath("out"_s))
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        return readFile(h.folder.filePath("out/x.tgz"_s)) == "old"
+               && QDir(h.folder.filePath("out"_s)).entryList(QDir::Files | QDir::Hidden).size() == 1;
+    }
+    static QString members(const QString &archive)
+    {
+        return runShell("tar tzf '%1' | LC_ALL=C sort"_s.arg(archive));
     }
 
 private Q_SLOTS:
@@ -94,34 +70,34 @@ private Q_SLOTS:
         writeFile(h.repoPath() + "/pool/big.txt"_s, QByteArray(9 << 20, 'x') + noise(3 << 20));
         writeFile(h.repoPath() + "/db/lockfile"_s, {});
         writeFile(h.folder.filePath("elsewhere/in"_s), "outside");
-        shell("touch .hidden empty; chmod 4751 empty; touch -d @1000000000 empty; ln -s empty link; ln -s no "
-              "dangling; "
-              "ln -s ../elsewhere/in outfile; ln -s ../elsewhere outdir; mkfifo pipe; "
-              "ln -s ../elsewhere ../elsewhere/circle"_s,
-              h.repoPath());
+        runShell(
+            "touch .hidden empty; chmod 4751 empty; touch -d @1000000000 empty; ln -s empty link; ln -s no "
+            "dangling; ln -s ../elsewhere/in outfile; ln -s ../elsewhere outdir; mkfifo pipe; "
+            "ln -s ../elsewhere ../elsewhere/circle"_s,
+            h.repoPath());
         const QString target = h.folder.filePath("out/x.tgz"_s);
         writeFile(target, "old");
         QCOMPARE(exportTo(&h, target), RepoEnums::SUCCESS);
         QCOMPARE(h.trouble(), QString());
         QCOMPARE(h.started, QStringList{"Exporting repository"_s});
         QCOMPARE(h.lastMessage(), "Repository exported."_s);
-        QCOMPARE(leftovers(h), QStringList{"x.tgz"_s});
-        const int count = shell("tar tzf '%1'"_s.arg(target)).count(QLatin1Char('\n'));
+        QCOMPARE(QDir(h.folder.filePath("out"_s)).entryList(QDir::Files | QDir::Hidden).size(), 1);
+        const int count = members(target).count(QLatin1Char('\n'));
         QCOMPARE(h.ranges, (QVector<int>{0, count}));
         QCOMPARE(h.steps.last(), count);
 
         // What tar unpacks is what was there, but for links to elsewhere, which became what they stand for.
         const QString copy = h.folder.filePath("copy"_s);
-        shell("gzip -t '%1'; mkdir '%2'; tar xzpf '%1' -C '%2' 2>&1 | (! grep .)"_s.arg(target, copy));
+        runShell("gzip -t '%1'; mkdir '%2'; tar xzpf '%1' -C '%2' 2>&1 | (! grep .)"_s.arg(target, copy));
         QVERIFY(!QFile::exists(copy + "/db/lockfile"_s));
         QCOMPARE(readFile(copy + "/outfile"_s), QByteArray("outside"));
         QVERIFY(!QFileInfo(copy + "/outfile"_s).isSymLink());
         QCOMPARE(readFile(copy + "/outdir/in"_s), QByteArray("outside"));
-        shell("rm -rf outfile outdir db/lockfile pipe ../copy/outfile ../copy/outdir; cd ..; diff -r "
-              "--no-dereference "
-              "repo copy; list() { find . ! -type d -printf '%p %m %s %Ts %l\\n' | sort; }; "
-              "diff <(cd repo; list) <(cd copy; list)"_s,
-              h.repoPath());
+        runShell(
+            "rm -rf outfile outdir db/lockfile pipe ../copy/outfile ../copy/outdir; cd ..; diff -r "
+            "--no-dereference repo copy; list() { find . ! -type d -printf '%p %m %s %Ts %l\\n' | sort; }; "
+            "diff <(cd repo; list) <(cd copy; list)"_s,
+            h.repoPath());
         EngineHarness restored;
         QCOMPARE(restored.open(copy), RepoEnums::SUCCESS);
         QCOMPARE(restored.trouble(), QString());
@@ -133,10 +109,10 @@ private Q_SLOTS:
     {
         RepoHarness h;
         const QString target = h.folder.filePath("out.tgz"_s);
-        shell("rm -rf *"_s, h.repoPath());
+        runShell("rm -rf *"_s, h.repoPath());
         QCOMPARE(exportTo(&h, target), RepoEnums::SUCCESS);
         QCOMPARE(h.lastMessage(), "Repository exported."_s);
-        QCOMPARE(shell("tar tzf '%1'"_s.arg(target)), QString());
+        QCOMPARE(members(target), QString());
         QDir(h.repoPath()).removeRecursively();
         QCOMPARE(exportTo(&h, target), RepoEnums::ERROR);
         QVERIFY(h.trouble().startsWith("Can't open repository dir|"_s));
@@ -144,48 +120,43 @@ private Q_SLOTS:
     }
 
     /** Whatever goes wrong, the older archive stays and nothing lies beside it. */
-    void olderArchiveStays_data()
-    {
-        QTest::addColumn<QString>("target"); // in the harness's folder
-        QTest::addColumn<QString>("before"); // script, in the repository
-        QTest::addColumn<QString>("says");
-        const QString full = "out/x.tgz"_s;
-        QTest::newRow("disk full") << full << "head -c 5000000 /dev/urandom >pool/big.deb"_s
-                                   << "x.tgz: "_s;
-        QTest::newRow("too large") << full << "truncate -s 9G pool/huge.txt"_s
-                                   << "huge.txt: It is larger"_s;
-        QTest::newRow("in the repository")
-            << "repo/conf/distributions"_s << QString() << "lies in the repository"_s;
-        QTest::newRow("in it through a link") << "way/x.tgz"_s
-                                              << "ln -s repo ../way"_s
-                                              << "lies in the repository"_s;
-        QTest::newRow("no folder") << "none/x.tgz"_s << QString() << "No such file"_s;
-        QTest::newRow("a folder") << "out"_s << QString() << "directory"_s;
-    }
     void olderArchiveStays()
     {
-        QFETCH(QString, target);
-        QFETCH(QString, before);
-        QFETCH(QString, says);
         RepoHarness h;
         h.add(h.debs("foo"));
         writeFile(h.folder.filePath("out/x.tgz"_s), "old");
-        shell(before, h.repoPath());
         const QByteArray description = readFile(h.repoPath() + "/conf/distributions"_s);
         struct rlimit limit = {};
         ::getrlimit(RLIMIT_FSIZE, &limit);
-        const auto restore = qScopeGuard([limit] { ::setrlimit(RLIMIT_FSIZE, &limit); });
-        std::signal(SIGXFSZ, SIG_IGN);
         const struct rlimit small = {3 << 20, limit.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &small);
-        QCOMPARE(exportTo(&h, h.folder.filePath(target)), RepoEnums::ERROR);
-        QCOMPARE(h.lastMessage(), NotExported);
-        QCOMPARE(h.criticals.size(), 1);
-        QVERIFY2(h.trouble().startsWith("Can't create archive for export|"_s) && h.trouble().contains(says),
-                 qPrintable(h.trouble()));
-        QCOMPARE(readFile(h.folder.filePath("out/x.tgz"_s)), QByteArray("old"));
-        QCOMPARE(leftovers(h), QStringList{"x.tgz"_s});
-        QCOMPARE(readFile(h.repoPath() + "/conf/distributions"_s), description);
+        std::signal(SIGXFSZ, SIG_IGN);
+        struct Case
+        {
+            const char *target; ///< in the harness's folder
+            const char *before; ///< script, in the repository
+            const char *says;
+        };
+        // The disk is full, a file is too large, and places where no archive may or can be.
+        for (const Case &c :
+             {Case{"repo/conf/distributions", "", "lies in the repository"},
+              Case{"way/x.tgz", "ln -s repo ../way", "lies in the repository"},
+              Case{"none/x.tgz", "", "No such file"},
+              Case{"out", "", "directory"},
+              Case{"out/x.tgz", "head -c 5000000 /dev/urandom >pool/big.deb", "x.tgz: "},
+              Case{"out/x.tgz", "rm pool/big.deb; truncate -s 9G pool/huge.txt", "huge.txt: It is larger"}}) {
+            runShell(QLatin1String(c.before), h.repoPath());
+            ::setrlimit(RLIMIT_FSIZE, &small);
+            const auto code = exportTo(&h, h.folder.filePath(QLatin1String(c.target)));
+            ::setrlimit(RLIMIT_FSIZE, &limit);
+            QCOMPARE(code, RepoEnums::ERROR);
+            QCOMPARE(h.lastMessage(), NotExported);
+            QCOMPARE(h.criticals.size(), 1);
+            QVERIFY2(h.trouble().startsWith("Can't create archive for export|"_s)
+                         && h.trouble().contains(QLatin1String(c.says)),
+                     qPrintable(h.trouble()));
+            QVERIFY(isUntouched(h));
+            QCOMPARE(readFile(h.repoPath() + "/conf/distributions"_s), description);
+        }
     }
 
     void packagesWithDependencies()
@@ -199,38 +170,30 @@ private Q_SLOTS:
                             h.deb(udeb.udeb().contents("installer"))});
         QCOMPARE(h.trouble(), QString());
         const QString target = h.folder.filePath("x.tgz"_s);
-        const auto members = [&] {
-            QStringList names
-                = shell("tar tzf '%1'"_s.arg(target)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-            names.sort();
-            return names;
-        };
         const auto exportThese = [&](const QList<PackageInfoPtr> &packages, bool withDepends) {
             return h.run([&] { h.shell.exportPackages(packages, target, withDepends); });
         };
         QCOMPARE(exportThese({h.find("app"_s)}, true), RepoEnums::SUCCESS);
         QCOMPARE(h.started, QStringList{"Exporting package"_s});
         QCOMPARE(h.lastMessage(), "Export finished"_s);
-        const QStringList closure{
-            "app_1.0_amd64.deb"_s, "bar_1.0_amd64.deb"_s, "foo_1.0_amd64.deb"_s, "lib_1.0_all.deb"_s};
-        QCOMPARE(members(), closure);
+        QCOMPARE(members(target),
+                 "app_1.0_amd64.deb\nbar_1.0_amd64.deb\nfoo_1.0_amd64.deb\nlib_1.0_all.deb\n"_s);
         QCOMPARE(exportThese(h.shell.packages(), false), RepoEnums::SUCCESS);
         QCOMPARE(h.started, QStringList{"Exporting packages"_s});
         // lib is there for two architectures with one file.
-        QStringList all = closure + QStringList{"other_1.0_amd64.deb"_s, "foo_1.0_amd64.udeb"_s};
-        all.sort();
-        QCOMPARE(members(), all);
+        QCOMPARE(members(target),
+                 "app_1.0_amd64.deb\nbar_1.0_amd64.deb\nfoo_1.0_amd64.deb\nfoo_1.0_amd64.udeb\n"
+                 "lib_1.0_all.deb\nother_1.0_amd64.deb\n"_s);
         for (const PackageInfoPtr &package : h.shell.packages()) {
             QCOMPARE(exportThese({package}, false), RepoEnums::SUCCESS);
-            QCOMPARE(members(), QStringList{package->fileName()});
-            shell("tar xzf '%1' -O | cmp - '%2'"_s.arg(target, package->filePath()));
+            QCOMPARE(members(target), package->fileName() + QLatin1Char('\n'));
+            runShell("tar xzf '%1' -O | cmp - '%2'"_s.arg(target, package->filePath()));
         }
 
         // Different packages of one file name both get in.
         h.add({h.deb(DebBuilder("bar"_s).contents("other"))}, {"contrib"_s, false, QString()});
         QCOMPARE(exportThese(h.shell.packages(), false), RepoEnums::SUCCESS);
-        QVERIFY(members().contains("contrib/bar_1.0_amd64.deb"_s)
-                && members().contains("bar_1.0_amd64.deb"_s));
+        QVERIFY(members(target).contains("\nbar_1.0_amd64.deb\ncontrib/bar_1.0_amd64.deb\n"_s));
 
         // A file that another program has taken away is named, and the archive before stays.
         const QByteArray before = readFile(target);
@@ -248,22 +211,22 @@ private Q_SLOTS:
         int asked = 0;
         ArchiveWriter writer(target, [&asked] { return ++asked > 3; });
         QVERIFY(writer.open());
-        for (const char *name : {"a.txt", "b.deb", "c.txt", "d.deb"})
-            writeFile(h.folder.filePath(QLatin1String(name)),
-                      QLatin1String(name) == "a.txt"_s ? "a" : noise(3 << 20));
-        shell("truncate -s 20M large"_s, h.folder.path());
         const auto add = [&](const char *name) {
             return writer.add(h.folder.filePath(QLatin1String(name)), QLatin1String(name));
         };
-        for (const char *name : {"a.txt", "b.deb", "c.txt", "d.deb"})
+        for (const char *name : {"a.txt", "b.deb", "c.txt", "d.deb"}) {
+            writeFile(h.folder.filePath(QLatin1String(name)), *name == 'a' ? "a" : noise(3 << 20));
             QVERIFY(add(name) == ArchiveWriter::Result::Added);
+        }
+        runShell("truncate -s 20M large"_s, h.folder.path());
         QVERIFY(add("large") == ArchiveWriter::Result::Stopped);
         QCOMPARE(asked, 4);
         QCOMPARE(readFile(target), QByteArray("old"));
         QVERIFY(writer.commit());
-        QCOMPARE(shell("tar tzf '%1'; tar xzf '%1' -O | cmp - <(cat a.txt b.deb c.txt d.deb)"_s.arg(target),
-                       h.folder.path()),
-                 "a.txt\nb.deb\nc.txt\nd.deb\n"_s);
+        QCOMPARE(
+            runShell("tar tzf '%1'; tar xzf '%1' -O | cmp - <(cat a.txt b.deb c.txt d.deb)"_s.arg(target),
+                     h.folder.path()),
+            "a.txt\nb.deb\nc.txt\nd.deb\n"_s);
     }
 
     void stoppedExports()
@@ -272,30 +235,19 @@ private Q_SLOTS:
         h.add(h.debs("a b c"));
         const QString target = h.folder.filePath("out/x.tgz"_s);
         writeFile(target, "old");
-        const auto stop = [&h] { h.shell.cancel(); };
-        // The start text comes before the first file, from the job's own thread.
-        QMetaObject::Connection early
-            = connect(&h.shell, &RepoShell::started, this, stop, Qt::DirectConnection);
+        // The start text comes before the first file.
+        const auto early = h.cancelAt(&RepoShell::started);
         QCOMPARE(exportTo(&h, target), RepoEnums::CANCEL);
         QCOMPARE(h.lastMessage(), "Operation stopped. Repository not exported."_s);
         QCOMPARE(h.run([&] { h.shell.exportPackages({h.find("a"_s)}, target, false); }), RepoEnums::CANCEL);
         QCOMPARE(h.lastMessage(), "Operation stopped. Package not exported."_s);
         disconnect(early);
-        QCOMPARE(readFile(target), QByteArray("old"));
-        QCOMPARE(leftovers(h), QStringList{"x.tgz"_s});
-        connect(
-            &h.shell,
-            &RepoShell::progressStepChanged,
-            this,
-            [&h](int step) {
-                if (step == 2)
-                    h.shell.cancel();
-            },
-            Qt::DirectConnection);
+        QVERIFY(isUntouched(h));
+        h.cancelAt(&RepoShell::progressStepChanged, 3);
         QCOMPARE(h.run([&] { h.shell.exportPackages(h.shell.packages(), target, false); }),
                  RepoEnums::CANCEL);
         QCOMPARE(h.lastMessage(), "Operation stopped. Packages not exported."_s);
-        QCOMPARE(shell("tar tzf '%1'"_s.arg(target)), "a_1.0_amd64.deb\nb_1.0_amd64.deb\n"_s);
+        QCOMPARE(members(target), "a_1.0_amd64.deb\nb_1.0_amd64.deb\n"_s);
     }
 
     void fromArchive_data()
@@ -315,7 +267,8 @@ private Q_SLOTS:
         exportTo(&source, archive);
         RepoHarness h;
         playMount(h);
-        const PathFront front(real ? "/usr/bin"_s : h.folder.filePath("bin"_s));
+        const ScopedVariable path("PATH",
+                                  ScopedVariable::pathBehind(h.folder.filePath(real ? "none"_s : "bin"_s)));
         h.add(h.debs("b", "0.5"));
         h.choice = PackageReplacementRules::KeepThis;
         QCOMPARE(importFrom(&h, archive), RepoEnums::SUCCESS);
@@ -334,9 +287,9 @@ private Q_SLOTS:
 
         // A damaged archive is found out before anything is added, and what a kill left mounted is no obstacle.
         if (real)
-            shell("archivemount '%1' %2"_s.arg(archive, ArchiveUtils::mountPoint()));
+            runShell("archivemount '%1' %2"_s.arg(archive, ArchiveUtils::mountPoint()));
         const QStringList before = h.listed();
-        shell("head -c -20 '%1' >'%1.cut'"_s.arg(archive));
+        runShell("head -c -20 '%1' >'%1.cut'"_s.arg(archive));
         QCOMPARE(importFrom(&h, archive + ".cut"_s), RepoEnums::ERROR);
         QCOMPARE(h.trouble(), "Can't open archive for import!|The archive is damaged: its end is missing."_s);
         QCOMPARE(h.lastMessage(), "Import error!"_s);
@@ -344,56 +297,26 @@ private Q_SLOTS:
         QVERIFY(!readFile("/proc/self/mountinfo"_s).contains("importTempDir"));
     }
 
-    void mountTroubles_data()
-    {
-        QTest::addColumn<QByteArray>("mount");
-        QTest::addColumn<QByteArray>("unmount");
-        QTest::addColumn<QString>("trouble"); // how each critical begins
-        QTest::addColumn<QString>("message");
-        const QByteArray good = "#!/bin/sh\ntar xf \"$1\" -C \"$2\"\n";
-        const QByteArray goodEnd = "#!/bin/sh\nrm -rf \"$2\"/*\n";
-        const QString cannot = "Can't open archive for import!|"_s;
-        QTest::newRow("refused") << QByteArray("#!/bin/sh\necho no fuse >&2; exit 1\n") << goodEnd
-                                 << cannot + "no fuse"_s
-                                 << "Import error!"_s;
-        QTest::newRow("no program")
-            << QByteArray() << goodEnd
-            << cannot + "The program archivemount could not be started. Install the package archivemount."_s
-            << "Import error!"_s;
-        QTest::newRow("busy") << good << QByteArray("#!/bin/sh\nrm -rf \"$2\"/*; echo busy >&2; exit 1\n")
-                              << "Can't umount archive!|busy"_s
-                              << "1 package(s) imported"_s;
-    }
     void mountTroubles()
     {
-        QFETCH(QByteArray, mount);
-        QFETCH(QByteArray, unmount);
-        QFETCH(QString, trouble);
-        QFETCH(QString, message);
         RepoHarness h;
         const QString archive = h.folder.filePath("x.tgz"_s);
-        shell("tar czf '%1' -C '%2' ."_s.arg(archive, QFileInfo(h.debs("a").first()).path()));
+        runShell("tar czf '%1' -C '%2' ."_s.arg(archive, QFileInfo(h.debs("a").first()).path()));
         const QString bin = h.folder.filePath("bin"_s);
-        for (const QString &tool : {"reprepro"_s,
-                                    "dpkg"_s,
-                                    "dpkg-deb"_s,
-                                    "tar"_s,
-                                    "rm"_s,
-                                    "gzip"_s,
-                                    "sh"_s,
-                                    "gpg"_s,
-                                    "gpgconf"_s}) {
-            QDir().mkpath(bin);
-            QFile::link(QStandardPaths::findExecutable(tool), bin + "/"_s + tool);
-        }
-        if (!mount.isEmpty())
-            writeScript(bin + "/archivemount"_s, mount);
-        writeScript(bin + "/fusermount"_s, unmount);
-        const auto restore = qScopeGuard([path = qgetenv("PATH")] { qputenv("PATH", path); });
-        qputenv("PATH", bin.toLocal8Bit());
-        importFrom(&h, archive);
-        QVERIFY2(h.criticals.size() == 1 && h.trouble().startsWith(trouble), qPrintable(h.trouble()));
-        QCOMPARE(h.lastMessage(), message);
+        runShell("mkdir '%1'; for tool in reprepro dpkg dpkg-deb tar rm gzip sh gpg gpgconf; do "
+                 "ln -s $(type -p $tool) '%1'; done"_s.arg(bin));
+        const ScopedVariable path("PATH", bin);
+        const auto import = [&](const char *unmount) -> QString {
+            writeScript(bin + "/fusermount"_s, QByteArray("#!/bin/sh\nrm -rf \"$2\"/*\n") + unmount);
+            importFrom(&h, archive);
+            return h.trouble() + QLatin1Char('|') + h.lastMessage();
+        };
+        QVERIFY(import("").startsWith(
+            "Can't open archive for import!|The program archivemount could not be started. Install"_s));
+        writeScript(bin + "/archivemount"_s, "#!/bin/sh\necho no fuse >&2; exit 1\n");
+        QCOMPARE(import(""), "Can't open archive for import!|no fuse\n|Import error!"_s);
+        writeScript(bin + "/archivemount"_s, "#!/bin/sh\ntar xf \"$1\" -C \"$2\"\n");
+        QCOMPARE(import("echo busy >&2; exit 1\n"), "Can't umount archive!|busy\n|1 package(s) imported"_s);
     }
 
     void fromFolder()
@@ -420,8 +343,7 @@ private Q_SLOTS:
         QCOMPARE(h.lastMessage(), "Import failed: there are no packages by selected path"_s);
         QVERIFY(h.settled());
 
-        connect(
-            &h.shell, &RepoShell::started, this, [&h] { h.shell.cancel(); }, Qt::DirectConnection);
+        h.cancelAt(&RepoShell::started);
         QCOMPARE(importFrom(&h, folder), RepoEnums::CANCEL);
         QCOMPARE(h.lastMessage(), "Package(s) not imported"_s);
     }

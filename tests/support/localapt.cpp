@@ -20,21 +20,12 @@ Dir::Etc "$0/etc"; Dir::Etc::Parts "$0/etc/apt.conf.d"; Dir::State "$0"; Dir::St
 Dir::State::status "$0/status"; Dir::Cache "$0/cache"; Dir::Log "$0/log";
 APT::Sandbox::User ""; APT::Architecture "amd64";
 END
-APT_CONFIG=apt.conf apt-get -qq update)");
+apt-get -qq update)");
 } // namespace
 
 LocalApt::LocalApt(const QString &root, const QStringList &sources)
-    : m_before(qgetenv("APT_CONFIG"))
+    : m_config("APT_CONFIG", root + "/apt.conf"_s)
 {
     if (QProcess::execute("sh"_s, QStringList{"-ec"_s, SetUp, root} + sources) != 0)
         qFatal("apt could not be set up");
-    qputenv("APT_CONFIG", root.toLocal8Bit() + "/apt.conf");
-}
-
-LocalApt::~LocalApt()
-{
-    if (m_before.isEmpty())
-        qunsetenv("APT_CONFIG");
-    else
-        qputenv("APT_CONFIG", m_before);
 }

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QString>
+#include "support/scopedvariable.h"
+
 #include <QStringList>
 
 /**
@@ -13,10 +14,7 @@ class LocalApt
 public:
     /** The packages of a source lie in ROOT/SOURCE/pool; root is an absolute path. Fails the program on trouble. */
     LocalApt(const QString &root, const QStringList &sources);
-    ~LocalApt();
-    LocalApt(const LocalApt &) = delete;
-    LocalApt &operator=(const LocalApt &) = delete;
 
 private:
-    QByteArray m_before;
+    ScopedVariable m_config;
 };

@@ -58,3 +58,23 @@ void writeScript(const QString &path, const QByteArray &text)
     writeFile(path, text);
     QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 }
+
+QString runShell(const QString &script, const QString &folder)
+{
+    QProcess process;
+    process.setWorkingDirectory(folder);
+    process.start("bash"_s, {"-o"_s, "pipefail"_s, "-ec"_s, script});
+    process.waitForFinished(-1);
+    if (process.exitStatus() != QProcess::NormalExit || process.exitCode() != 0)
+        qFatal("%s: %s", qPrintable(script), process.readAllStandardError().constData());
+    return QString::fromUtf8(process.readAllStandardOutput());
+}
+
+QByteArray noise(int size)
+{
+    QByteArray bytes(size, '\0');
+    quint32 state = 1;
+    for (char &byte : bytes)
+        byte = static_cast<char>((state = state * 1664525U + 1013904223U) >> 24U);
+    return bytes;
+}

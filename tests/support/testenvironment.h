@@ -30,6 +30,10 @@ void writeFile(const QString &path, const QByteArray &text);
 QByteArray readFile(const QString &path);
 /** Writes an executable script, for example a recording or failing stand-in for a tool. */
 void writeScript(const QString &path, const QByteArray &text);
+/** What a bash script printed; fails the program when one of its commands fails. */
+QString runShell(const QString &script, const QString &folder = {});
+/** Incompressible, and the same each time. */
+QByteArray noise(int size);
 
 #define VELT_NEED_TOOL(name)                                                                                 \
     do {                                                                                                     \
