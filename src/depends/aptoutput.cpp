@@ -19,7 +19,7 @@ struct Source
     QString component;
     QString architecture;
 
-    QString origin() const { return QStringLiteral("%1 %2 %3").arg(uri, suite, architecture); }
+    QString origin() const { return QStringLiteral("%1 %2 %3").arg(uri, suite, architecture).trimmed(); }
 };
 
 /** The sources named in a line; more than one only where lines were joined. */
@@ -38,6 +38,25 @@ QVector<Source> sourcesIn(const QString &text)
                         match.captured(QStringLiteral("arch"))});
     }
     return sources;
+}
+
+/** A source that is one folder, without components and architectures; such are written with a slash at their end. */
+QVector<Source> flatSourceIn(const QString &line)
+{
+    static const QRegularExpression expression(
+        QStringLiteral("\\s(?<src>(?:(?:mirror|tor)\\+)?(?:http|https|ftp|file|mirror):\\/\\S+)\\s+"
+                       "(?<name>\\S*\\/)\\s+Packages\\s*$"));
+    const auto match = expression.match(line);
+    if (!match.hasMatch())
+        return {};
+    return {{match.captured(QStringLiteral("src")), match.captured(QStringLiteral("name")), {}, {}}};
+}
+
+/** The architecture that ends the name of a package's file. */
+QString fileArchitecture(const QString &file)
+{
+    static const QRegularExpression expression(QStringLiteral("_([a-z0-9-]+)\\.u?deb$"));
+    return expression.match(file).captured(1);
 }
 
 bool startsWithField(const QString &line, const QString &field)
@@ -88,8 +107,7 @@ QVector<Source> recordSources(const QStringList &record)
         if (!inField)
             continue;
         const auto found = sourcesIn(line);
-        for (const Source &source : found)
-            sources.append(source);
+        sources += found.isEmpty() ? flatSourceIn(line) : found;
     }
     return sources;
 }
@@ -162,8 +180,10 @@ QVector<AptPackageRecord> records(const QString &show)
     const auto shown = shownVersions(show);
     for (const ShownVersion &version : shown) {
         for (const Source &source : version.sources) {
+            const QString architecture
+                = source.architecture.isEmpty() ? fileArchitecture(version.file) : source.architecture;
             const AptPackageRecord record{
-                version.name, version.version, source.architecture, source.origin(), version.file};
+                version.name, version.version, architecture, source.origin(), version.file};
             // The same version with other contents in another component of the source.
             const bool known = std::any_of(result.cbegin(), result.cend(), [&record](const auto &other) {
                 return other.name == record.name && other.version == record.version
