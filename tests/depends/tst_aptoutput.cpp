@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/aptoutput.h"
 #include "depends/dpkgoutput.h"
+#include "support/lists.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 
@@ -43,9 +44,9 @@ private Q_SLOTS:
                  (QStringList{"file:/tmp/sample/two dogwood main"_s,
                               "file:/tmp/sample/one dogwood contrib main"_s}));
         QCOMPARE(AptOutput::sourceLines(policy, SourceGrouping::BySuiteAndArchitecture),
-                 (QStringList{"[arch=amd64] file:/tmp/sample/two dogwood main"_s,
-                              "[arch=amd64] file:/tmp/sample/one dogwood contrib main"_s,
-                              "[arch=i386] file:/tmp/sample/one dogwood main"_s}));
+                 "[arch=amd64] file:/tmp/sample/two dogwood main|"
+                 "[arch=amd64] file:/tmp/sample/one dogwood contrib main|"
+                 "[arch=i386] file:/tmp/sample/one dogwood main"_list);
         // A suite may contain a slash; translations and unknown schemes are no sources.
         QCOMPARE(AptOutput::sourceLines(" 500 https://h/debian dogwood/updates/main amd64 Packages\n"
                                         " 500 copy:/srv/r dogwood/main amd64 Packages\n"

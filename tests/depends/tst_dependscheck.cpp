@@ -8,6 +8,7 @@
 #include "depends/dependsreport.h"
 #include "depends/dependsrules.h"
 #include "depends/versionorder.h"
+#include "support/lists.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 
@@ -189,24 +190,9 @@ private Q_SLOTS:
                 fields.append(line.mid(9));
         }
         QVERIFY(fields.size() > 100);
-        const QStringList pieces{"a"_s,
-                                 "libb1"_s,
-                                 " "_s,
-                                 "\t"_s,
-                                 "("_s,
-                                 ")"_s,
-                                 "<"_s,
-                                 ">"_s,
-                                 "="_s,
-                                 ","_s,
-                                 "|"_s,
-                                 ":"_s,
-                                 "1"_s,
-                                 "2~"_s,
-                                 ":any"_s,
-                                 "é"_s,
-                                 "[x]"_s,
-                                 ">= 1"_s};
+        const QStringList pieces = QStringList{"|"_s}
+                                   + "a,libb1, ,\t,(,),<,>,=,:,1,2~,:any,é,[x],>= 1"_s.split(QLatin1Char(','))
+                                   + QStringList{","_s};
         QRandomGenerator random(20);
         for (int i = 0; i < 20000; ++i) {
             QString field;
@@ -233,39 +219,11 @@ private Q_SLOTS:
     void versionsAreOrderedAsDpkgDoes()
     {
         VELT_NEED_TOOL("dpkg");
-        const QStringList versions{"1.0"_s,
-                                   "1.0-1"_s,
-                                   "1.0-0"_s,
-                                   "1.0~rc1"_s,
-                                   "1.0~"_s,
-                                   "1:0.1"_s,
-                                   "+1:0.1"_s,
-                                   "0:1.0"_s,
-                                   "1.00"_s,
-                                   "1.0-1.0"_s,
-                                   "1."_s,
-                                   "1.0a"_s,
-                                   "1.0+b1"_s,
-                                   "1.0-"_s,
-                                   "-1"_s,
-                                   ""_s,
-                                   " 1.0 "_s,
-                                   "1 0"_s,
-                                   ":1"_s,
-                                   "x:1"_s,
-                                   "1:"_s,
-                                   "a"_s,
-                                   "1_0"_s,
-                                   "1é"_s,
-                                   "~"_s,
-                                   "1:2:3"_s,
-                                   "1-2-3"_s,
-                                   "99999999999:1"_s,
-                                   "2147483647:1"_s,
-                                   "<unknown>"_s,
-                                   "-0:1"_s,
-                                   "20240101.git-1~bpo"_s};
-        const QStringList operators{"<<"_s, "<="_s, "<"_s, "="_s, ">="_s, ">>"_s, ">"_s};
+        const QStringList versions
+            = "1.0|1.0-1|1.0-0|1.0~rc1|1.0~|1:0.1|+1:0.1|0:1.0|1.00|1.0-1.0|1.|1.0a|1.0+b1|1.0-|-1|| 1.0 |1 "
+              "0|:1|"
+              "x:1|1:|a|1_0|1é|~|1:2:3|1-2-3|99999999999:1|2147483647:1|<unknown>|-0:1|20240101.git-1~bpo"_list;
+        const QStringList operators = "<<|<=|<|=|>=|>>|>"_list;
         QStringList arguments{
             "-c"_s,
             "while [ $# -gt 0 ]; do dpkg --compare-versions \"$1\" \"$2\" \"$3\" 2>/dev/null && printf 1 || "

@@ -12,21 +12,8 @@
 #include "ui/prompts.h"
 
 #include <QAbstractItemModelTester>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTemporaryDir>
-#include <QTextDocument>
-#include <QTimer>
-#include <QToolButton>
-#include <QToolTip>
-#include <QTreeView>
 #include <QtTest>
+#include <QtWidgets>
 
 namespace
 {
@@ -71,6 +58,21 @@ RepoInfo birch()
 {
     return {"r"_s, "birch"_s, "stable"_s, {}, "amd64 riscv64"_s, "main own"_s, true};
 }
+
+/** Stand-ins for programs, which nothing but the shell's own is beside. */
+struct Tools
+{
+    QTemporaryDir folder;
+    const QByteArray path = qgetenv("PATH");
+
+    Tools() { qputenv("PATH", folder.path().toLocal8Bit() + ":/bin"); }
+    ~Tools() { qputenv("PATH", path); }
+    QString file(const char *name) const { return folder.filePath(QLatin1String(name)); }
+    void set(const char *name, const QByteArray &script) const
+    {
+        writeScript(file(name), "#!/bin/sh\n" + script);
+    }
+};
 
 /** The dialog of a repository with what it needs; `accept` presses OK and says whether the dialog was content. */
 struct RepoDialog
@@ -249,12 +251,9 @@ private Q_SLOTS:
     void externalRepos()
     {
         // Stands in for apt-cache: answers when told to, as the file says.
-        QTemporaryDir bin;
-        const QString go = bin.filePath("go"_s);
-        writeScript(bin.filePath("apt-cache"_s),
-                    "#!/bin/sh\nwhile [ ! -e ${0%/*}/go ]; do sleep 0.02; done\n. ${0%/*}/go\n");
-        const QByteArray path = qgetenv("PATH");
-        qputenv("PATH", bin.path().toUtf8() + ":" + path);
+        const Tools tools;
+        const QString go = tools.file("go");
+        tools.set("apt-cache", "while [ ! -e ${0%/*}/go ]; do sleep 0.02; done\n. ${0%/*}/go\n");
         QWidget window;
         Prompts prompts(&window);
         ExternalRepos stored;
@@ -326,7 +325,6 @@ private Q_SLOTS:
         ExternalReposDialog alone(edited, prompts);
         QTRY_VERIFY(child<ElidedLabel>(alone, "m_stateLabel")->fullText().endsWith("could not be read."_s));
         QVERIFY(alone.repos().entries() == edited.entries());
-        qputenv("PATH", path);
     }
 
     void errorsComeOneAtATime()
@@ -384,72 +382,55 @@ private Q_SLOTS:
 
     void keyManagerIsOfferedOrFollowed()
     {
-        QTemporaryDir tools;
-        const QByteArray path = qgetenv("PATH");
-        qputenv("PATH", tools.path().toLocal8Bit() + ":/bin");
-        const auto toolIs = [&tools](const char *name, const QByteArray &script) {
-            writeScript(tools.filePath(QLatin1String(name)), "#!/bin/sh\n" + script);
-        };
-        toolIs("dpkg", "echo 'un  kgpg  <none> <none> x'\n");
-        toolIs("synaptic-pkexec", "exec cat >\"${0%/*}/marked\"\n");
+        const Tools tools;
+        tools.set("dpkg", "echo 'un  kgpg  <none> <none> x'\n");
+        tools.set("synaptic-pkexec", "exec cat >\"${0%/*}/marked\"\n");
         RepoDialog f(NewRepoDialog::Mode::Create);
         auto *button = child<QToolButton>(f.dialog, "m_startKGpgToolButton");
         const BoxAnswers answers({QMessageBox::No, QMessageBox::Yes});
         for (const bool agreed : {false, true}) {
             button->click();
             QTRY_VERIFY(button->isEnabled());
-            QTRY_COMPARE(QFile::exists(tools.filePath("marked"_s)), agreed);
+            QTRY_COMPARE(QFile::exists(tools.file("marked")), agreed);
         }
         const QString question = "Error: Package kgpg is not installed! Do you want to install it?"_s;
         QTRY_COMPARE(answers.texts, (QStringList{question, question}));
 
-        toolIs("dpkg", "echo 'ii  kgpg  1 amd64 x'\n");
-        toolIs("kgpg", "cd \"${0%/*}\"; : >started; while [ -e started ]; do sleep 0.02; done\n");
+        tools.set("dpkg", "echo 'ii  kgpg  1 amd64 x'\n");
+        tools.set("kgpg", "cd \"${0%/*}\"; : >started; while [ -e started ]; do sleep 0.02; done\n");
         button->click();
-        QTRY_VERIFY(QFile::exists(tools.filePath("started"_s)));
+        QTRY_VERIFY(QFile::exists(tools.file("started")));
         QVERIFY(!button->isEnabled());
-        QFile::remove(tools.filePath("started"_s));
+        QFile::remove(tools.file("started"));
         QTRY_VERIFY(button->isEnabled());
-        qputenv("PATH", path);
     }
 
     void signingIsTurnedOnWhereItIsPossible()
     {
-        QTemporaryDir tools;
-        const QByteArray path = qgetenv("PATH");
-        qputenv("PATH", tools.path().toLocal8Bit() + ":/bin");
-        const auto toolIs = [&tools](const char *name, const QByteArray &script) {
-            writeScript(tools.filePath(QLatin1String(name)), "#!/bin/sh\n" + script);
-        };
+        const Tools tools;
         RepoDialog f(NewRepoDialog::Mode::Create);
         auto *box = child<QCheckBox>(f.dialog, "m_signWithCheckBox");
         const auto *ok = child<QDialogButtonBox>(f.dialog, "buttonBox")->button(QDialogButtonBox::Ok);
         const BoxAnswers answers({QMessageBox::No, QMessageBox::Ok});
-        struct Case
-        {
-            QByteArray dpkg;
-            QByteArray gpg;
-            QStringList said;
-            bool isOn;
-        };
         const QString missing = "Error: Package gpg is not installed! Do you want to install it?"_s;
         const QString failed = "Error: Key verification error:\nnö\n"_s;
-        const QList<Case> cases{{"un  gpg <none>", "exit 1", {missing}, false},
-                                {"ii  gpg 2", "echo nö >&2; exit 2", {missing, failed}, false},
-                                {"ii  gpg 2", "echo 'pub rsa4096 [C]'", {missing, failed}, false},
-                                {"ii  gpg 2", "echo 'pub rsa4096 [SC]'", {missing, failed}, true}};
-        for (const Case &c : cases) {
-            toolIs("dpkg", "echo '" + c.dpkg + "'\n");
-            toolIs("gpg", c.gpg + "\n");
+        // What dpkg prints and gpg does, how many of these have been said then, and whether signing is on.
+        const std::tuple<QByteArray, QByteArray, int, bool> cases[]
+            = {{"un  gpg <none>", "exit 1", 1, false},
+               {"ii  gpg 2", "echo nö >&2; exit 2", 2, false},
+               {"ii  gpg 2", "echo 'pub rsa4096 [C]'", 2, false},
+               {"ii  gpg 2", "echo 'pub rsa4096 [SC]'", 2, true}};
+        for (const auto &[dpkg, gpg, said, isOn] : cases) {
+            tools.set("dpkg", "echo '" + dpkg + "'\n");
+            tools.set("gpg", gpg + "\n");
             box->click();
             // What has been switched on cannot be accepted before it is known whether it works.
             QVERIFY(!ok->isEnabled());
             QTRY_VERIFY(ok->isEnabled() && box->isEnabled());
-            QTRY_COMPARE(answers.texts, c.said);
-            QTRY_COMPARE(f.dialog.repoInfo().signWith, c.isOn);
+            QTRY_COMPARE(answers.texts, QStringList({missing, failed}).mid(0, said));
+            QTRY_COMPARE(f.dialog.repoInfo().signWith, isOn);
         }
         QVERIFY(box->toolTip().contains("no key"_s));
-        qputenv("PATH", path);
     }
 
     void namesAreNoMarkup()

@@ -8,14 +8,8 @@
 #include "ui/singlespacevalidator.h"
 #include "ui/userchoices.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QCheckBox>
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QtTest>
+#include <QtWidgets>
 
 using NewRepoRules::Refusal;
 using RepositoryRemoval::Outcome;
@@ -171,26 +165,6 @@ private Q_SLOTS:
         QCOMPARE(NewRepoRules::choices("\uFEFF# x y\r\n a\tb # z\n\nc a\r\n#"_s, {"d"_s}).join("|"_s),
                  "a|b|c"_s);
         QCOMPARE(NewRepoRules::choices(" \n"_s, {"d"_s}), QStringList{"d"_s});
-    }
-
-    void damagedSettingsGiveDefaults()
-    {
-        QSettings settings;
-        settings.setValue(SettingsKey::SignPackage, "maybe"_s);
-        settings.setValue(SettingsKey::ShowPkgVersion, QStringList{"a"_s, "b"_s});
-        settings.setValue(SettingsKey::AddPkgCheckDepends, QString());
-        settings.setValue(SettingsKey::RecentRepoList, QVariantMap{{"a"_s, 1}});
-        for (const QVariant &bad : {QVariant("all"_s), QVariant(7), QVariant(-1), QVariant(QRect())}) {
-            settings.setValue(SettingsKey::DependsRepoType, bad);
-            QCOMPARE(UserChoices::load(settings).dependsRepoType, 3);
-        }
-        QVERIFY(storedPaths(settings, SettingsKey::RecentRepoList).isEmpty());
-        for (int round = 0; round < 2; ++round) {
-            const UserChoices choices = UserChoices::load(settings);
-            QVERIFY(!choices.signPackage && choices.showAddPkgSettings);
-            QVERIFY(choices.showPkgVersion && choices.addPkgCheckDepends);
-            settings.clear();
-        }
     }
 
     void choicesAndRecentPathsSurvive()

@@ -5,6 +5,7 @@
 #include "platform/desktopintegration.h"
 #include "platform/veltaboutdialog.h"
 #include "support/children.h"
+#include "support/lists.h"
 #include "support/testenvironment.h"
 #include "ui/addpkgsettingsdialog.h"
 #include "ui/externalreposdialog.h"
@@ -20,24 +21,8 @@
 #include "ui/upgradepackagesdialog.h"
 #include "ui/upgradesourcesdialog.h"
 
-#include <QAbstractButton>
-#include <QAccessible>
-#include <QApplication>
-#include <QClipboard>
-#include <QComboBox>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QSettings>
-#include <QSplitter>
-#include <QTabBar>
-#include <QTabWidget>
-#include <QTextDocument>
-#include <QToolBar>
-#include <QTreeView>
 #include <QtTest>
+#include <QtWidgets>
 
 namespace
 {
@@ -87,15 +72,21 @@ void noteDoublesInMenus(const QWidget &menu, QStringList *faults)
 
 bool isInput(const QWidget &widget)
 {
-    const bool isPart = widget.objectName().startsWith("qt_"_s) || widget.parentWidget()->inherits("QTabBar")
-                        || widget.parentWidget()->inherits("QComboBox")
-                        || widget.inherits("QComboBoxListView")
-                        || widget.parentWidget()->inherits("QLineEdit");
-    const bool isKind = widget.inherits("QAbstractButton") || widget.inherits("QLineEdit")
-                        || widget.inherits("QComboBox") || widget.inherits("QAbstractSpinBox")
-                        || widget.inherits("QAbstractItemView") || widget.inherits("QPlainTextEdit")
-                        || widget.inherits("QTextEdit");
-    return isKind && !isPart && !widget.inherits("QHeaderView") && widget.focusPolicy() != Qt::NoFocus;
+    const auto isOne = [](const QObject &object, std::initializer_list<const char *> kinds) {
+        return std::any_of(kinds.begin(), kinds.end(), [&](auto *kind) { return object.inherits(kind); });
+    };
+    const bool isPart = widget.objectName().startsWith("qt_"_s)
+                        || isOne(*widget.parentWidget(), {"QTabBar", "QComboBox", "QLineEdit"})
+                        || isOne(widget, {"QComboBoxListView", "QHeaderView"});
+    return !isPart && widget.focusPolicy() != Qt::NoFocus
+           && isOne(widget,
+                    {"QAbstractButton",
+                     "QLineEdit",
+                     "QComboBox",
+                     "QAbstractSpinBox",
+                     "QAbstractItemView",
+                     "QPlainTextEdit",
+                     "QTextEdit"});
 }
 
 /** What keeps somebody who does not see the window, or has no mouse, from using it. */
@@ -183,48 +174,20 @@ private Q_SLOTS:
 
     void actions()
     {
-        // Name, text, tool tip, shortcut, icon; last "+": enabled without a tab, "-": disabled, "?": as far as it
-        // goes, "c": checkable. Without a tool tip an action shows its text.
-        const QList<QByteArray> table{
-            "newRepo;New repository...;New repository;Ctrl+N;document-new;+",
-            "openRepo;Open repository...;Open repository;Ctrl+O;document-open;+",
-            "removeRepo;Remove repository;Remove repository;;edit-delete;-",
-            "quit;Exit;Exit;Ctrl+Q;application-exit;+",
-            "addPackages;Add packages...;Add packages;Ctrl+A;list-add;+",
-            "removePackages;Remove packages...;Remove packages;Ctrl+D;list-remove;-",
-            "publishRepo;Publish repository;Publish repository;;media-playback-start;?",
-            "unpublishRepo;Unpublish repository;Unpublish repository;;media-playback-stop;?",
-            "about;About;About;;;+",
-            "changeRepo;Change repository...;Change repository...;;;-",
-            "addSrcList;Add src list;Add repository to local sources list;;;?",
-            "removeSrcList;Remove src list;Remove repository from local sources list;;;?",
-            "addPkgSettings;Package add settings...;Package add settings;;;+",
-            "parameters;Parameters...;Parameters...;;velt-admin-alternatives;+",
-            "signPackages;Sign package(s);Sign package(s);;application-pgp-signature;-",
-            "checkDependsLocal;Local repository;Local repository;;;+c",
-            "checkDependsPublic;Public repositories;Public repositories;;;+c",
-            "checkDependsAll;All repositories;All repositories;;;+c",
-            "checkDependsNo;Disable;Disable;;;+c",
-            "checkDependStart;Check depends;Check depends;;view-refresh;-",
-            "checkDepends;Check depends;Check depends in all repos;;;+",
-            "addToLocalRepo;Add package to local repository;Add package to local repository;;;-",
-            "help;Contents;Contents;F1;;+",
-            "exportAllPackages;Export all packages;Export all packages;;archive-insert;-",
-            "exportFullRepo;Export repository;Export repository;;;-",
-            "exportSelectedPackages;Export selected packages;Export selected packages;;;-",
-            "exportRepo;Export repo;Export repo;;utilities-file-archiver;-",
-            "importRepo;Import repository;Import repository;;;+",
-            "importPackages;Import packages from archive;Import packages from archive;;;-",
-            "sourceList;Edit sources lists;Edit sources lists;;;?",
-            "addPackageFromExtRepo;Add package from external repo;Add package from external repo;;;-",
-            "editExternalRepos;Edit external repos...;Edit external repos...;;;?",
-            "showPublishedRepos;Show published repos;Show published repos;;view-list-text;?",
-            "exportWithDepends;Export package with depends;Export package with depends;;;-",
-            "upgradeRepo;Upgrade Repository;Upgrade Repository;;download;-",
-            "actionView;View...;View;;;?",
-            "hideStatusLine;Hide status line;Changes the visibility of widget with dependencies "
-            "counter;;;+c"};
-        QCOMPARE(table.size(), 37);
+        // Name, shortcut and icon; last "+": enabled without a tab, "-": disabled, "?": as far as it goes, "c": checkable.
+        const QStringList table
+            = "newRepo Ctrl+N document-new +|openRepo Ctrl+O document-open +|"
+              "removeRepo edit-delete -|quit Ctrl+Q application-exit +|"
+              "addPackages Ctrl+A list-add +|removePackages Ctrl+D list-remove -|"
+              "publishRepo media-playback-start ?|unpublishRepo media-playback-stop ?|about +|"
+              "changeRepo -|addSrcList ?|removeSrcList ?|addPkgSettings +|"
+              "parameters velt-admin-alternatives +|signPackages application-pgp-signature -|"
+              "checkDependsLocal +c|checkDependsPublic +c|checkDependsAll +c|checkDependsNo +c|"
+              "checkDependStart view-refresh -|checkDepends +|addToLocalRepo -|help F1 +|"
+              "exportAllPackages archive-insert -|exportFullRepo -|exportSelectedPackages -|"
+              "exportRepo utilities-file-archiver -|importRepo +|importPackages -|sourceList ?|"
+              "addPackageFromExtRepo -|editExternalRepos ?|showPublishedRepos view-list-text ?|"
+              "exportWithDepends -|upgradeRepo download -|actionView ?|hideStatusLine +c"_list;
         const MainWindow window;
         QList<const QAction *> actions;
         for (const QAction *action : window.findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly)) {
@@ -234,19 +197,15 @@ private Q_SLOTS:
         QCOMPARE(actions.size(), table.size());
         for (int i = 0; i < table.size(); ++i) {
             const QAction &action = *actions.at(i);
-            const QByteArrayList row = table.at(i).split(';');
-            const QString name = QString::fromLatin1(row.at(0));
-            QCOMPARE(action.objectName(), name == "actionView"_s ? name : "m_"_s + name + "Action"_s);
-            const QStringList shown{name,
-                                    plain(action.text()),
-                                    action.toolTip(),
-                                    action.shortcut().toString(),
-                                    action.icon().name()};
-            QCOMPARE(shown.join(";"_s), QString::fromLatin1(row.mid(0, 5).join(';')));
-            const QByteArray state = row.at(5);
-            QCOMPARE(action.isCheckable(), state.endsWith('c'));
-            if (!state.startsWith('?'))
-                QVERIFY2(action.isEnabled() == state.startsWith('+'), row.at(0).constData());
+            const QString state = table.at(i).section(" "_s, -1);
+            QStringList shown{action.objectName().remove(QRegularExpression("^m_|Action$"_s)),
+                              action.shortcut().toString(),
+                              action.icon().name(),
+                              state == "?"_s       ? state
+                              : action.isEnabled() ? "+"_s
+                                                   : "-"_s};
+            shown.removeAll({});
+            QCOMPARE(shown.join(" "_s) + (action.isCheckable() ? "c"_s : QString()), table.at(i));
         }
         QVERIFY(!child<QAction>(window, "m_hideStatusLineAction")->isChecked());
         QVERIFY(child<QAction>(window, "m_checkDependsAllAction")->isChecked());
@@ -307,19 +266,19 @@ private Q_SLOTS:
         const UpgradeSourcesDialog sources(ExternalRepos(), {}, &window);
         const UpgradePackagesDialog packages(
             {}, [](const QString &) { return QString(); }, &window);
-        for (const QWidget *dialog : std::initializer_list<const QWidget *>{&create,
-                                                                            &change,
-                                                                            &settings,
-                                                                            &parameters,
-                                                                            &replacement,
-                                                                            &start,
-                                                                            &about,
-                                                                            &search,
-                                                                            &repos,
-                                                                            &source,
-                                                                            &sources,
-                                                                            &packages})
-            faults << faultsOf(*dialog);
+        const auto note = [&faults](const auto &...dialogs) { ((faults << faultsOf(dialogs)), ...); };
+        note(create,
+             change,
+             settings,
+             parameters,
+             replacement,
+             start,
+             about,
+             search,
+             repos,
+             source,
+             sources,
+             packages);
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
 
         // The menu of an item comes to it by its key, also when it has been scrolled away.
@@ -423,29 +382,19 @@ private Q_SLOTS:
         const QVariantList rubbish{QVariantMap{{"a"_s, 1}},
                                    QByteArray("\0\xff\x01", 3),
                                    -7,
+                                   7,
                                    "\u0416"_s,
                                    QStringList{"x"_s, QString()}};
         for (const QVariant &value : rubbish) {
             QSettings settings;
-            for (const char *key : {"recentOpennedRepos",
-                                    "recentRepoList",
-                                    "currentComponent",
-                                    "signPackage",
-                                    "signKeyID",
-                                    "showAddPkgSettings",
-                                    "showPkgVersion",
-                                    "addPkgCheckDepends",
-                                    "dependsRepoType",
-                                    "busyHttpPorts",
-                                    "MainWindow/geometry",
-                                    "MainWindow/state",
-                                    "MainWindow/extendedLog",
-                                    "MainWindow/splitter",
-                                    "MainWindow/statusLineHidden",
-                                    "MainWindow/dependsHiddenStates",
-                                    "MainWindow/dependsColumns",
-                                    "MainWindow/currentRepository"})
-                settings.setValue(QString::fromLatin1(key), value);
+            const QStringList keys
+                = "recentOpennedRepos|recentRepoList|currentComponent|signPackage|signKeyID|"
+                  "showAddPkgSettings|showPkgVersion|addPkgCheckDepends|dependsRepoType|"
+                  "busyHttpPorts|MainWindow/geometry|MainWindow/state|MainWindow/extendedLog|"
+                  "MainWindow/splitter|MainWindow/statusLineHidden|MainWindow/dependsHiddenStates|"
+                  "MainWindow/dependsColumns|MainWindow/currentRepository"_list;
+            for (const QString &key : keys)
+                settings.setValue(key, value);
             MainWindow window;
             window.show();
             QVERIFY(window.width() > usual.width() / 2 && window.height() > usual.height() / 2);
@@ -454,11 +403,8 @@ private Q_SLOTS:
             QVERIFY(!child<QWidget>(window, "logDockWidget")->isVisible());
             QCOMPARE(window.windowTitle(), "velt-admin-repo"_s);
             QVERIFY(window.close());
-            const QStringList written{"signPackage false"_s,
-                                      "showAddPkgSettings true"_s,
-                                      "showPkgVersion true"_s,
-                                      "addPkgCheckDepends true"_s,
-                                      "dependsRepoType 3"_s};
+            const QStringList written = "signPackage false|showAddPkgSettings true|showPkgVersion true|"
+                                        "addPkgCheckDepends true|dependsRepoType 3"_list;
             for (const QString &entry : written)
                 QCOMPARE(settings.value(entry.section(" "_s, 0, 0)).toString(), entry.section(" "_s, 1));
             QVERIFY(openRepositories().isEmpty());

@@ -5,10 +5,8 @@
 #include "ui/repoproxymodel.h"
 #include "ui/repotreeview.h"
 
-#include <QApplication>
-#include <QDragEnterEvent>
-#include <QMimeData>
 #include <QtTest>
+#include <QtWidgets>
 
 /** What the tree keeps while its rows change, and what it takes when something is dropped on it. */
 class RepoTreeViewTest : public QObject

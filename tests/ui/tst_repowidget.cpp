@@ -7,21 +7,9 @@
 #include "ui/packagestatusline.h"
 #include "ui/repotreeview.h"
 #include "ui/repowidget.h"
-#include "ui/sections.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QPushButton>
-#include <QSettings>
-#include <QSpinBox>
-#include <QStackedWidget>
 #include <QtTest>
+#include <QtWidgets>
 
 /** The repository tab with its engine, on repositories that need no program to be read. */
 class RepoWidgetTest : public QObject
@@ -199,31 +187,17 @@ private Q_SLOTS:
         QVERIFY(f.page() != PackagePage);
     }
 
-    void sections()
-    {
-        QCOMPARE(Sections::codes().size(), 63);
-        QCOMPARE(Sections::codes().removeDuplicates(), 0);
-        QCOMPARE(Sections::displayName("kde"_s), "kde"_s);
-        QCOMPARE(Sections::displayName("KDE"_s), "KDE Desktop Environment"_s);
-        QCOMPARE(Sections::nameWithCode("%1"_s), "%1"_s);
-        QCOMPARE(Sections::textInBrackets("Tools [a] and [b]!"_s), "a] and [b"_s);
-        QCOMPARE(Sections::textInBrackets("none []"_s), QString());
-    }
-
     void counters()
     {
         PackageStatusLine line;
         line.setCounters(2, 0, 40);
-        line.setTotal(42);
         line.decrease(DependError); // shows 0
-        line.decrease(DependUndefined);
-        line.increase(DependError);
         line.increase(DependError);
         line.increase(2); // no check applies
         QStringList texts;
-        for (const char *name : {"m_undefinedLabel", "m_errorLabel", "m_successLabel", "m_totalLabel"})
+        for (const char *name : {"m_undefinedLabel", "m_errorLabel", "m_successLabel"})
             texts += child<QLabel>(line, name)->text();
-        QCOMPARE(texts.join("|"_s), "1|2|40|Total: 44 package(s)"_s);
+        QCOMPARE(texts.join("|"_s), "2|1|40"_s);
     }
 
     void shrinksBelowItsForms()
@@ -301,13 +275,9 @@ private Q_SLOTS:
         kept.claim(store);
         f.tab.saveChoices();
         QCOMPARE(PublicationSettings::load(store, 2121).repoPath, "/srv/other"_s);
-    }
-
-    void portThatWasGivenUp()
-    {
-        Fixture f;
-        QSettings store;
-        PublicationSettings{2121, f.path, false, "i386"_s, FtpProtocol, "10.1.1.1"_s}.claim(store);
+        // Or was given up.
+        kept.repoPath = f.path;
+        kept.claim(store);
         f.open({});
         store.remove("busyHttpPorts"_s);
         f.tab.saveChoices();
