@@ -20,7 +20,9 @@ TestEnvironment::TestEnvironment()
     qputenv("XDG_DATA_HOME", home + "/.local/share");
     qputenv("XDG_RUNTIME_DIR", home + "/run");
     qputenv("GNUPGHOME", home + "/gnupg");
-    for (const char *folder : {"/.config", "/.cache", "/run", "/gnupg"}) {
+    // What a test looks for among temporary files must not be another program's.
+    qputenv("TMPDIR", home + "/tmp");
+    for (const char *folder : {"/.config", "/.cache", "/run", "/gnupg", "/tmp"}) {
         const QString path = m_home.path() + QLatin1String(folder);
         QDir().mkpath(path);
         QFile::setPermissions(path, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
