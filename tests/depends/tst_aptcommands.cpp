@@ -134,16 +134,11 @@ private Q_SLOTS:
             QVERIFY2(!accepted(name), qPrintable(name));
     }
 
-    void dpkgCommandLines()
+    void noOptionReachesDpkg()
     {
         Recorder<DpkgUtils> dpkg;
-        dpkg.packageInformation("/srv/a %1 b.deb"_s);
-        dpkg.compareVersions("1"_s, "<<"_s, "-x"_s);
-        // dpkg would read this one as an option.
         QVERIFY(!dpkg.compareVersions("--version"_s, "<<"_s, "1"_s));
-        QVERIFY(dpkg.errorText().contains("--version"_s));
-        QCOMPARE(dpkg.calls,
-                 (QStringList{"> dpkg|-I|/srv/a %1 b.deb"_s, "> dpkg|--compare-versions|1|<<|-x"_s}));
+        QVERIFY(dpkg.errorText().contains("--version"_s) && dpkg.calls.isEmpty());
     }
 };
 

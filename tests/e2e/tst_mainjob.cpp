@@ -80,18 +80,13 @@ private Q_SLOTS:
         const QString folder = QFileInfo(package("alpha"_s)).path();
         DebBuilder("beta"_s).version("1"_s).udeb().build(folder);
         QSettings().setValue(SettingsKey::ShowAddPkgSettings, true);
-        const auto chooseFiles = [&](QFileDialog &dialog) {
-            dialog.setDirectory(folder);
-            auto *names = child<QLineEdit>(dialog, "fileNameEdit");
-            names->setText("\"alpha_1_amd64.deb\" \"beta_1_amd64.udeb\""_s);
-            return QMetaObject::invokeMethod(&dialog, "accept");
-        };
         const auto chooseComponent = [](AddPkgSettingsDialog &dialog) {
             child<QComboBox>(dialog, "m_componentComboBox")->setCurrentText("contrib"_s);
             return press(dialog, "OK"_s);
         };
-        const Script add{inDialog<QFileDialog>("Adding Packages(my-repo)"_s, chooseFiles),
-                         inDialog<AddPkgSettingsDialog>("Package add settings"_s, chooseComponent)};
+        const Script add{
+            choose("Adding Packages(my-repo)"_s, folder + R"(/"alpha_1_amd64.deb" "beta_1_amd64.udeb")"_s),
+            inDialog<AddPkgSettingsDialog>("Package add settings"_s, chooseComponent)};
         // The choices are read again when a tab comes to the front.
         Q_EMIT m_driver->tabs()->currentChanged(0);
         action("m_addPackagesAction")->trigger();
@@ -383,11 +378,7 @@ private Q_SLOTS:
             WAIT_FOR(script.isDone() && m_driver->tabs()->count() == 0);
         }
         // What is no repository gets no place among the recent ones; a repository that is absent may keep its own.
-        const Script mistake{inDialog<QFileDialog>("Select repository directory"_s,
-                                                   [this](QFileDialog &dialog) {
-                                                       dialog.setDirectory(path("bin"_s));
-                                                       return QMetaObject::invokeMethod(&dialog, "accept");
-                                                   }),
+        const Script mistake{choose("Select repository directory"_s, path("bin/."_s)),
                              answer(QString(), "No"_s)};
         action("m_openRepoAction")->trigger();
         WAIT_FOR(mistake.isDone() && m_driver->tabs()->count() == 0);

@@ -68,24 +68,16 @@ private Q_SLOTS:
         }
     }
 
-    void overlayMarksOneCorner()
+    void overlayIsSeen()
     {
-        const auto image = [](const char *overlay) {
-            const QIcon icon = VeltIcon::withOverlay("folder"_s, QLatin1String(overlay));
-            return icon.pixmap(32, 32).toImage().convertToFormat(QImage::Format_ARGB32);
-        };
-        const QImage plain = image("");
-        const QImage marked = image("dialog-close");
-        QCOMPARE(marked.size(), plain.size());
-        QCOMPARE(marked.copy(0, 0, 32, 11), plain.copy(0, 0, 32, 11));
-        QVERIFY(marked != plain);
-        QVERIFY(marked != image("dialog-ok-apply"));
-
         // A thin check mark must still be seen in the tree: most of its corner is not what it was.
         const auto small = [](const char *overlay) {
             return VeltIcon::withOverlay("folder"_s, QLatin1String(overlay)).pixmap(16, 16).toImage();
         };
         const QImage checked = small("dialog-ok-apply");
+        const QImage plain = small("");
+        QCOMPARE(checked.copy(0, 0, 16, 5), plain.copy(0, 0, 16, 5));
+        QVERIFY(checked != plain && checked != small("dialog-close"));
         int strong = 0;
         for (int y = 8; y < 16; ++y) {
             for (int x = 7; x < 16; ++x)

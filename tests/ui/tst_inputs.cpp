@@ -167,23 +167,8 @@ private Q_SLOTS:
         QCOMPARE(NewRepoRules::choices(" \n"_s, {"d"_s}), QStringList{"d"_s});
     }
 
-    void choicesAndRecentPathsSurvive()
+    void recentPaths()
     {
-        const UserChoices choices{
-            "contrib"_s, true, "0123456789ABCDEF"_s, false, false, false, DependsPublic};
-        const QStringList paths{"/srv/a, b; \"c\" %1 ü"_s};
-        {
-            QSettings settings;
-            choices.save(settings);
-            settings.setValue(SettingsKey::RecentOpennedRepos, paths);
-        }
-        const QSettings file(QSettings().fileName(), QSettings::NativeFormat);
-        const UserChoices read = UserChoices::load(file);
-        QCOMPARE(read.currentComponent + read.signKeyId, "contrib0123456789ABCDEF"_s);
-        QVERIFY(read.signPackage && read.dependsRepoType == DependsPublic);
-        QVERIFY(!read.showAddPkgSettings && !read.showPkgVersion && !read.addPkgCheckDepends);
-        QCOMPARE(storedPaths(file, SettingsKey::RecentOpennedRepos), paths);
-
         QStringList recent;
         for (const char *path : {"/1", "/2", "/3", "/4", "/5", "/3", "/6"})
             recent = withRecentRepository(recent, QLatin1String(path));

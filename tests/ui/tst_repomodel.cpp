@@ -246,33 +246,6 @@ private Q_SLOTS:
             QCOMPARE(f.proxy.shownPackages(), fresh.proxy.shownPackages());
         }
     }
-
-    void sixtyThousandPackages()
-    {
-        RepoModel model;
-        RepoProxyModel proxy;
-        proxy.setSourceModel(&model);
-        model.setRepository(repository());
-        PackageChanges changes;
-        for (int i = 62999; i >= 0; --i) {
-            PackageBuilder package("package%1"_s.arg((i * 7919) % 63000));
-            package.section("section%1"_s.arg(i % 57));
-            changes.append(stored(i % 100 == 0 ? package.state(DependError) : package));
-        }
-        QSignalSpy resets(&proxy, &RepoProxyModel::modelReset);
-        model.apply(changes);
-        QCOMPARE(resets.count(), 1);
-        QCOMPARE(model.packageCount(), 63000);
-        QCOMPARE(model.packageCount(DependError), 630);
-        for (const PackageChange &change : qAsConst(changes)) {
-            const QModelIndex index = proxy.mapFromSource(model.indexOfPackage(*change.package));
-            QCOMPARE(model.package(proxy.mapToSource(index)), change.package);
-            const QModelIndex above = index.siblingAtRow(index.row() - 1);
-            QVERIFY(index.row() == 0 || above.data().toString() < index.data().toString());
-        }
-        proxy.setFilterFixedString("package6299"_s);
-        QCOMPARE(proxy.shownPackages(), 11);
-    }
 };
 
 VELT_TEST_MAIN(RepoModelTest, QApplication)

@@ -151,24 +151,6 @@ private Q_SLOTS:
         QVERIFY(!removable.last().first().toBool());
     }
 
-    void packetFilter()
-    {
-        Fixture f;
-        f.open(f.record("bash", "shells") + f.record("zsh", "shells"));
-        Q_EMIT f.tab.repoShell()->packageChanged(
-            PackageBuilder("zsh"_s).section("shells"_s).state(DependError).build());
-        QTRY_COMPARE(f.line->counter(DependError), 1);
-        QCOMPARE(f.line->counter(DependUndefined), 1);
-        f.tab.setCurrentItem(f.item("bash"));
-        const QList<QAction *> actions = f.tab.packetFilterMenu()->actions();
-        actions.at(0)->trigger(); // undefined
-        QVERIFY(!f.shows("bash") && f.shows("zsh"));
-        QCOMPARE(f.page(), NoPage); // what it showed is out of sight
-        actions.at(0)->trigger();
-        actions.at(1)->trigger(); // error
-        QVERIFY(f.shows("bash") && !f.shows("zsh"));
-    }
-
     void changesOfTheOpenRepository()
     {
         Fixture f;
