@@ -80,7 +80,14 @@ void RepoTreeView::keyPressEvent(QKeyEvent *event)
         requestMenuAtCurrent();
         return;
     }
+    forgetLost();
     QTreeView::keyPressEvent(event);
+}
+
+void RepoTreeView::mousePressEvent(QMouseEvent *event)
+{
+    forgetLost();
+    QTreeView::mousePressEvent(event);
 }
 
 void RepoTreeView::requestMenuAtCurrent()
@@ -129,6 +136,54 @@ void RepoTreeView::dropEvent(QDropEvent *event)
     event->setDropAction(Qt::CopyAction);
     event->accept();
     Q_EMIT filesDropped(files);
+}
+
+// --- what survives the replacement of a package ---------------------------------------------------------------------
+
+void RepoTreeView::rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last)
+{
+    for (int row = first; m_proxy != nullptr && row <= last; ++row) {
+        const QModelIndex index = m_proxy->index(row, 0, parent);
+        if (!isPackage(index))
+            continue;
+        if (selectionModel()->isSelected(index))
+            m_lostSelected.insert(keyOf(index));
+        if (index == currentIndex())
+            m_lostCurrent = keyOf(index);
+    }
+    QTreeView::rowsAboutToBeRemoved(parent, first, last);
+}
+
+void RepoTreeView::rowsInserted(const QModelIndex &parent, int first, int last)
+{
+    QTreeView::rowsInserted(parent, first, last);
+    if (m_proxy != nullptr && !(m_lostSelected.isEmpty() && m_lostCurrent.isEmpty()))
+        takeUpLost(parent, first, last);
+}
+
+void RepoTreeView::takeUpLost(const QModelIndex &parent, int first, int last)
+{
+    for (int row = first; row <= last; ++row) {
+        const QModelIndex index = m_proxy->index(row, 0, parent);
+        if (!isPackage(index)) {
+            // A section goes with its only package and returns with it.
+            takeUpLost(index, 0, m_proxy->rowCount(index) - 1);
+            continue;
+        }
+        const QString key = keyOf(index);
+        if (m_lostSelected.remove(key))
+            selectionModel()->select(index, QItemSelectionModel::Select);
+        if (key == m_lostCurrent) {
+            m_lostCurrent.clear();
+            selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+        }
+    }
+}
+
+void RepoTreeView::forgetLost()
+{
+    m_lostSelected.clear();
+    m_lostCurrent.clear();
 }
 
 // --- what survives a change of the model ---------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QSet>
 #include <QStringList>
 #include <QTreeView>
 
@@ -8,7 +9,7 @@ class RepoProxyModel;
 
 /**
  * The tree of a repository's packages. It takes package files that are dropped on it, and it keeps what is expanded,
- * selected and scrolled to when its model is filtered anew or reset.
+ * selected and scrolled to when its model is filtered anew or reset, and what is selected when a package is replaced.
  */
 class RepoTreeView : public QTreeView
 {
@@ -36,6 +37,9 @@ Q_SIGNALS:
 protected:
     bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last) override;
+    void rowsInserted(const QModelIndex &parent, int first, int last) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -49,7 +53,11 @@ private:
     QString m_current;
     QStringList m_visible; ///< keys of the rows in sight, from the top
     QStringList m_expandedBeforeSearch;
+    QSet<QString> m_lostSelected; ///< keys of packages that went while they were selected
+    QString m_lostCurrent;
 
+    void forgetLost();
+    void takeUpLost(const QModelIndex &parent, int first, int last);
     void requestMenuAtCurrent();
     bool isPackage(const QModelIndex &index) const;
     QStringList expandedKeys() const;

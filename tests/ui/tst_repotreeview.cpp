@@ -115,6 +115,31 @@ private Q_SLOTS:
         QVERIFY(!f.isExpanded("Networking") && f.isExpanded("Utilities") && f.isExpanded("main"));
     }
 
+    void replacedPackagesStaySelected()
+    {
+        Fixture f;
+        const auto change = [&f](const char *name, PackageChange::Kind kind, const char *section) {
+            PackageBuilder package(QString::fromLatin1(name));
+            const PackageInfoPtr record = package.section(QString::fromLatin1(section)).build();
+            f.model.apply({PackageChange{kind, record}});
+        };
+        change("lone", PackageChange::Stored, "editors");
+        f.select({"p100", "p102", "lone"});
+        for (const char *name : {"p100", "lone"}) {
+            const char *section = name[0] == 'p' ? "net" : "editors";
+            change(name, PackageChange::Removed, section);
+            change(name, PackageChange::Stored, section);
+        }
+        QCOMPARE(f.selected(), "lone p100 p102"_s);
+        QCOMPARE(f.view.currentIndex(), f.item("lone"));
+
+        // Who has gone on meanwhile is left alone.
+        change("lone", PackageChange::Removed, "editors");
+        QTest::keyClick(&f.view, Qt::Key_Home);
+        change("lone", PackageChange::Stored, "editors");
+        QCOMPARE(f.selected(), "repo"_s);
+    }
+
     void drops()
     {
         Fixture f;
