@@ -94,9 +94,10 @@ void Mnemonics::markForm(QWidget *form)
     for (QWidget *child : children) {
         const auto *label = qobject_cast<QLabel *>(child);
         const auto *button = qobject_cast<QAbstractButton *>(child);
-        // Return and Escape stand for the buttons at the end of a dialog.
-        if (qobject_cast<QDialogButtonBox *>(child->parentWidget()) != nullptr
-            && markedLetter(button->text()) < 0)
+        // Return and Escape stand for OK and Cancel; the marks of Yes and No are taken.
+        const auto *box = qobject_cast<QDialogButtonBox *>(child->parentWidget());
+        if (box != nullptr && markedLetter(button->text()) < 0
+            && box->standardButton(qobject_cast<QAbstractButton *>(child)) != QDialogButtonBox::NoButton)
             continue;
         const QString text = label != nullptr && label->buddy() != nullptr ? label->text()
                              : button != nullptr                           ? button->text()

@@ -195,6 +195,8 @@ private Q_SLOTS:
                      "The repository already contains a package <b>bash</b> (5.2) of an earlier version. "
                      "Do you want to replace it?"_s);
             auto *apply = child<QPushButton>(dialog, "m_applyToAllButton");
+            // The keys of the other buttons come from the toolkit, this one's from us.
+            QVERIFY(!QKeySequence::mnemonic(apply->text()).isEmpty());
             QVERIFY(!apply->isEnabled());
             for (QRadioButton *radio : dialog.findChildren<QRadioButton *>()) {
                 if (radio->text().remove("&"_s) == option.first)
