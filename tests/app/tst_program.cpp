@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/debbuilder.h"
+#include "support/lists.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 
@@ -68,14 +69,8 @@ private Q_SLOTS:
     {
         QProcess process;
         const auto run = [&process](const QStringList &arguments) {
-            process.start("env"_s,
-                          QStringList{"-u"_s,
-                                      "DISPLAY"_s,
-                                      "-u"_s,
-                                      "WAYLAND_DISPLAY"_s,
-                                      "QT_QPA_PLATFORM=xcb"_s,
-                                      QStringLiteral(PROGRAM)}
-                              + arguments);
+            const QStringList bare = "-u|DISPLAY|-u|WAYLAND_DISPLAY|QT_QPA_PLATFORM=xcb"_list;
+            process.start("env"_s, bare + QStringList{QStringLiteral(PROGRAM)} + arguments);
             return exitCodeOf(process);
         };
         QCOMPARE(run({"-p"_s, "a.deb"_s, "--version"_s}), 0);

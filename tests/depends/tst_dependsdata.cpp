@@ -22,31 +22,22 @@ namespace
 PackageInfoPtr package(const QString &name, const QString &mark, DependStatus status = DependSuccess)
 {
     const auto provider = [&](const QString &provides) {
-        Dependency dependency;
-        dependency.name = provides;
-        dependency.op = ">="_s;
-        dependency.version = "1.0"_s;
-        dependency.status = DependSuccess;
-        dependency.foundVersions = {{"Local"_s, {mark, DependSuccess}}};
-        return dependency;
+        return Dependency{
+            provides, {}, ">="_s, "1.0"_s, {}, {}, DependSuccess, {{"Local"_s, {mark, DependSuccess}}}, {}};
     };
-    Dependency virtualName;
-    virtualName.name = "mail \"agent\" é"_s;
-    virtualName.op = ">="_s;
-    virtualName.version = "1.0"_s;
-    virtualName.secondOp = "<<"_s;
-    virtualName.secondVersion = "2.0"_s;
-    virtualName.status = DependError;
-    virtualName.foundVersions = {{"http://deb stable amd64"_s, {"0.9"_s, DependError}}};
-    virtualName.providers = {{"a"_s, provider("a"_s)}, {"b"_s, provider("b"_s)}};
+    const QMap<QString, FoundVersion> found{{"http://deb stable amd64"_s, {"0.9"_s, DependError}}};
+    const QMap<QString, Dependency> providers{{"a"_s, provider("a"_s)}, {"b"_s, provider("b"_s)}};
+    const QString virtualName = "mail \"agent\" é"_s;
     Dependency other;
     other.name = "other"_s;
     DependsInfo info;
     info.status = status;
     info.groups["none"_s];
-    DependencyGroup &group = info.groups[virtualName.name];
+    DependencyGroup &group = info.groups[virtualName];
     group.status = DependSuccess;
-    group.alternatives << virtualName << other;
+    group.alternatives
+        << Dependency{virtualName, {}, ">="_s, "1.0"_s, "<<"_s, "2.0"_s, DependError, found, providers}
+        << other;
 
     PackageInfo record;
     record.name = name;
@@ -73,22 +64,7 @@ QByteArray json(const char *text)
 /** The member of a repository that holds package("foo", mark). */
 QByteArray member(const char *mark)
 {
-    const QByteArray provider = json(
-        "{'name': '%', 'op': '>=', 'dependVersion': '1.0', 'alt_op': '', 'alt_dependVersion': '', "
-        "'providers': [], 'status': 1, 'foundedVersions': {'Local': {'version': 'MARK', 'status': 1}}} ");
-    return QByteArray(
-               json(
-                   "{'foo': {'version': '1:2-3', 'architecture': 'amd64', 'dependsStatus': 1, 'dependMap': { "
-                   "'none': {'dependStatus': -1, 'packages': []}, "
-                   "'mail \\\"agent\\\" é': {'dependStatus': 1, 'packages': [ "
-                   "{'name': 'mail \\\"agent\\\" é', 'op': '>=', 'dependVersion': '1.0', 'alt_op': '<<', "
-                   "'alt_dependVersion': '2.0', 'providers': [A, B], 'status': 0, "
-                   "'foundedVersions': {'http://deb stable amd64': {'version': '0.9', 'status': 0}}}, "
-                   "{'name': 'other', 'op': '', 'dependVersion': '', 'alt_op': '', 'alt_dependVersion': '', "
-                   "'providers': [], 'status': -1, 'foundedVersions': {}}]}}}} "))
-        .replace("A,", QByteArray(provider).replace('%', 'a') + ',')
-        .replace("B]", QByteArray(provider).replace('%', 'b') + ']')
-        .replace("MARK", mark);
+    return readFile(QStringLiteral(VELT_TEST_DATA "/results/foo.json")).replace("MARK", mark);
 }
 
 /** What can be compared of a record: the text that would be stored of it. */
