@@ -110,6 +110,22 @@ bool EngineHarness::settled() const
     return false;
 }
 
+bool EngineHarness::complains(const QString &text, int count) const
+{
+    if (criticals.size() == count && trouble().contains(text))
+        return true;
+    qWarning() << criticals;
+    return false;
+}
+
+bool EngineHarness::holds(const QString &packages) const
+{
+    if (listed().join(QLatin1Char(',')) == packages)
+        return settled();
+    qWarning() << listed();
+    return false;
+}
+
 PackageInfoPtr EngineHarness::find(const QString &name, const QString &architecture) const
 {
     for (const PackageInfoPtr &package : shell.packages())

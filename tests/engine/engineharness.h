@@ -83,6 +83,12 @@ public:
     QString lastMessage() const { return finished.isEmpty() ? QString() : finished.last(); }
     /** All criticals in one text, for comparing with nothing and showing more. */
     QString trouble() const { return criticals.join(QLatin1Char('\n')); }
+    /** Start, troubles and end of the job: all that it said, separated by bars. */
+    QString words() const { return (started + criticals + finished).join(QLatin1Char('|')); }
+    /** Whether there were so many troubles, with this in their texts or details. */
+    bool complains(const QString &text, int count = 1) const;
+    /** Whether the repository has these packages, as listed() has them, separated by commas, and is settled. */
+    bool holds(const QString &packages) const;
     /** The engine's records, or what the indices below dists say, as "name version component architecture", sorted. */
     QStringList listed() const { return shown(shell.packages()); }
     QStringList inIndices() const { return shown(listPackages(shell.path(), shell.repoInfo())); }

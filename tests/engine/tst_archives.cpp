@@ -78,9 +78,7 @@ private Q_SLOTS:
         const QString target = h.folder.filePath("out/x.tgz"_s);
         writeFile(target, "old");
         QCOMPARE(exportTo(&h, target), RepoEnums::SUCCESS);
-        QCOMPARE(h.trouble(), QString());
-        QCOMPARE(h.started, QStringList{"Exporting repository"_s});
-        QCOMPARE(h.lastMessage(), "Repository exported."_s);
+        QCOMPARE(h.words(), "Exporting repository|Repository exported."_s);
         QCOMPARE(QDir(h.folder.filePath("out"_s)).entryList(QDir::Files | QDir::Hidden).size(), 1);
         const int count = members(target).count(QLatin1Char('\n'));
         QCOMPARE(h.ranges, (QVector<int>{0, count}));
@@ -115,7 +113,7 @@ private Q_SLOTS:
         QCOMPARE(members(target), QString());
         QDir(h.repoPath()).removeRecursively();
         QCOMPARE(exportTo(&h, target), RepoEnums::ERROR);
-        QVERIFY(h.trouble().startsWith("Can't open repository dir|"_s));
+        QVERIFY(h.complains("Can't open repository dir|"_s));
         QCOMPARE(h.lastMessage(), NotExported);
     }
 
@@ -174,8 +172,7 @@ private Q_SLOTS:
             return h.run([&] { h.shell.exportPackages(packages, target, withDepends); });
         };
         QCOMPARE(exportThese({h.find("app"_s)}, true), RepoEnums::SUCCESS);
-        QCOMPARE(h.started, QStringList{"Exporting package"_s});
-        QCOMPARE(h.lastMessage(), "Export finished"_s);
+        QCOMPARE(h.words(), "Exporting package|Export finished"_s);
         QCOMPARE(members(target),
                  "app_1.0_amd64.deb\nbar_1.0_amd64.deb\nfoo_1.0_amd64.deb\nlib_1.0_all.deb\n"_s);
         QCOMPARE(exportThese(h.shell.packages(), false), RepoEnums::SUCCESS);
@@ -272,9 +269,7 @@ private Q_SLOTS:
         h.add(h.debs("b", "0.5"));
         h.choice = PackageReplacementRules::KeepThis;
         QCOMPARE(importFrom(&h, archive), RepoEnums::SUCCESS);
-        QCOMPARE(h.trouble(), QString());
-        QCOMPARE(h.started, QStringList{"Start repo import"_s});
-        QCOMPARE(h.lastMessage(), "2 package(s) imported"_s);
+        QCOMPARE(h.words(), "Start repo import|2 package(s) imported"_s);
         QCOMPARE(h.collisions, QVector<RepoEnums::ErrorCode>{RepoEnums::PACKAGE_EXISTS_OLD_VERSION});
         QVERIFY(h.settled() && h.listed().size() == 3);
         QVERIFY(!readFile("/proc/self/mountinfo"_s).contains("importTempDir"));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engineharness.h"
 #include "signing/signprocess.h"
+#include "support/scopedvariable.h"
 #include "support/testkeys.h"
 
 #include <QtTest>
@@ -92,8 +93,7 @@ private Q_SLOTS:
         QCOMPARE(h.lastMessage(), "0 package(s) is signed: "_s);
 
         QCOMPARE(sign({h.find("foo"_s)}, m_key), RepoEnums::SUCCESS);
-        QCOMPARE(h.started + h.finished,
-                 (QStringList{"Package signing"_s, "1 package(s) is signed: foo_1.0_amd64.deb"_s}));
+        QCOMPARE(h.words(), "Package signing|1 package(s) is signed: foo_1.0_amd64.deb"_s);
         QVERIFY(isSignedInPool(h, h.find("foo"_s)) && !h.find("bar"_s)->isSigned());
         QCOMPARE(h.events, (QStringList{"-foo 1.0 amd64"_s, "~foo 1.0 amd64"_s}));
 
@@ -104,38 +104,31 @@ private Q_SLOTS:
         QVERIFY(isSignedInPool(h, h.find("everywhere"_s, "i386"_s)) && isSignedInPool(h, h.find("u"_s)));
         QVERIFY(h.trouble().isEmpty() && h.listed() == before && h.settled());
 
-        connect(
-            &h.shell, &RepoShell::packageChanged, &h, [&] { h.shell.cancel(); }, Qt::DirectConnection);
+        h.cancelAt(&RepoShell::packageChanged);
         QCOMPARE(sign({h.find("bar"_s), h.find("foo"_s)}, m_key), RepoEnums::CANCEL);
         QCOMPARE(h.lastMessage(), "Operation stopped. 1 of 2 package(s) is signed: bar_1.0_amd64.deb"_s);
     }
 
-    void refusedCopyIsTakenBack_data()
-    {
-        QTest::addColumn<int>("refused");
-        QTest::newRow("the first include") << 1;
-        QTest::newRow("the other architecture's") << 2;
-    }
-
     void refusedCopyIsTakenBack()
     {
-        QFETCH(int, refused);
         RepoHarness h("amd64 i386"_s);
         h.add({h.deb(DebBuilder("everywhere"_s).architecture("all"_s))}, signedWith(m_key));
         const QByteArray before = h.inPool("everywhere"_s);
-        const QString bin = h.folder.filePath("bin"_s);
-        writeScript(bin + "/reprepro"_s,
-                    "#!/bin/sh\ncase \"$*\" in *includedeb*) echo >>" + bin.toLatin1()
-                        + "/runs; [ $(/usr/bin/wc -l <" + bin.toLatin1() + "/runs) != "
-                        + QByteArray::number(refused) + " ] || { echo refused >&2; exit 254; };; esac\nexec "
-                        + QStandardPaths::findExecutable("reprepro"_s).toLatin1() + " \"$@\"\n");
-        const QByteArray path = qgetenv("PATH");
-        qputenv("PATH", bin.toLatin1() + ':' + path);
-        h.run([&] { h.shell.signPackages({h.find("everywhere"_s, "i386"_s)}, m_key); });
-        qputenv("PATH", path);
-        QVERIFY2(h.trouble().endsWith("|refused\n"_s), qPrintable(h.trouble()));
-        QVERIFY(h.inPool("everywhere"_s) == before && recorded(h).size() == 2);
-        QVERIFY(isSignedInPool(h, h.find("everywhere"_s, "amd64"_s)) && h.settled());
+        const QByteArray bin = h.folder.filePath("bin"_s).toLatin1();
+        const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLatin1();
+        const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+        // The first include, and the other architecture's.
+        for (const char *refused : {"1", "2"}) {
+            writeFile(h.folder.filePath("bin/runs"_s), "");
+            writeScript(h.folder.filePath("bin/reprepro"_s),
+                        "#!/bin/sh\ncase \"$*\" in *includedeb*) echo >>" + bin
+                            + "/runs; [ $(/usr/bin/wc -l <" + bin + "/runs) != " + refused
+                            + " ] || { echo refused >&2; exit 254; };; esac\nexec " + real + " \"$@\"\n");
+            h.run([&] { h.shell.signPackages({h.find("everywhere"_s, "i386"_s)}, m_key); });
+            QVERIFY2(h.trouble().endsWith("|refused\n"_s), qPrintable(h.trouble()));
+            QVERIFY(h.inPool("everywhere"_s) == before && recorded(h).size() == 2);
+            QVERIFY(isSignedInPool(h, h.find("everywhere"_s, "amd64"_s)) && h.settled());
+        }
     }
 
     void staysInItsComponent()
@@ -149,6 +142,8 @@ private Q_SLOTS:
         QCOMPARE(h.inDatabase(), QStringList{"dogwood|main|amd64: foo 1.0"_s});
         h.open(h.repoPath());
         QVERIFY(isSignedInPool(h, h.find("foo"_s)) && h.settled());
+        h.remove(h.shell.packages());
+        QVERIFY(h.trouble().isEmpty() && h.holds({}));
     }
 };
 

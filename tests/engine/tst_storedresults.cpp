@@ -11,8 +11,8 @@
 
 namespace
 {
-/** The stored status of every package, as "repository package status". */
-QStringList inFile()
+/** The stored status of every package, as "repository package status", separated by commas. */
+QString inFile()
 {
     const QJsonObject root = QJsonDocument::fromJson(readFile(DependsData::userFileName())).object();
     QStringList lines;
@@ -22,7 +22,7 @@ QStringList inFile()
             lines << "%1 %2 %3"_s.arg(QFileInfo(path).fileName(), name)
                          .arg(packages[name].toObject()["dependsStatus"_s].toInt(-9));
     }
-    return lines;
+    return lines.join(QLatin1Char(','));
 }
 
 void store(const QString &path, const QString &name, DependStatus status)
@@ -47,7 +47,7 @@ private Q_SLOTS:
     {
         RepoHarness h("amd64 i386"_s);
         h.add({h.deb(DebBuilder("foo"_s).architecture("all"_s)), h.deb(DebBuilder("bar"_s))});
-        QCOMPARE(inFile(), (QStringList{"repo bar -1"_s, "repo foo -1"_s}));
+        QCOMPARE(inFile(), "repo bar -1,repo foo -1"_s);
         store(h.repoPath(), "foo"_s, DependError);
 
         EngineHarness reader;
@@ -61,9 +61,9 @@ private Q_SLOTS:
         QVERIFY(reader.trouble().isEmpty() && reader.settled());
         // And no job loses them.
         reader.add(reader.debs("baz"));
-        QCOMPARE(inFile(), (QStringList{"repo bar -1"_s, "repo baz -1"_s, "repo foo 0"_s}));
+        QCOMPARE(inFile(), "repo bar -1,repo baz -1,repo foo 0"_s);
         reader.remove({reader.find("baz"_s), reader.find("foo"_s, "i386"_s)});
-        QCOMPARE(inFile(), (QStringList{"repo bar -1"_s, "repo foo 0"_s}));
+        QCOMPARE(inFile(), "repo bar -1,repo foo 0"_s);
     }
 
     void changesTakeThemAlong()
@@ -76,13 +76,13 @@ private Q_SLOTS:
         const QString target = h.folder.filePath("target"_s);
         store(target, "old"_s, DependError);
         QCOMPARE(h.change(target), RepoEnums::SUCCESS);
-        QCOMPARE(inFile(), (QStringList{"other x 0"_s, "target foo 1"_s}));
+        QCOMPARE(inFile(), "other x 0,target foo 1"_s);
         QCOMPARE(h.find("foo"_s)->dependStatus(), DependSuccess);
 
         h.info.architectures = "i386 all"_s; // reprepro refuses "all", and the repository moves back
         QCOMPARE(h.change(h.repoPath()), RepoEnums::ERROR);
         QCOMPARE(h.shell.path(), target);
-        QCOMPARE(inFile(), (QStringList{"other x 0"_s, "target foo 1"_s}));
+        QCOMPARE(inFile(), "other x 0,target foo 1"_s);
         h.info.architectures = "amd64"_s;
         QCOMPARE(h.change(target), RepoEnums::SUCCESS);
         QCOMPARE(h.find("foo"_s)->dependStatus(), DependSuccess);
@@ -105,9 +105,8 @@ private Q_SLOTS:
         h->shell.closeRepo();
         h.reset();
         QThreadPool::globalInstance()->waitForDone();
-        const QStringList left = inFile();
-        QCOMPARE(left.size(), 10001);
-        QCOMPARE(left.last(), "other x 0"_s);
+        const QString left = inFile();
+        QVERIFY(left.count(QLatin1Char(',')) == 10000 && left.endsWith(",other x 0"_s));
     }
 
     void aNewRepositoryStartsWithoutTheOldOnes()
@@ -117,10 +116,10 @@ private Q_SLOTS:
         store("/other"_s, "x"_s, DependError);
         h.info.codename = "../up"_s;
         QCOMPARE(h.shell.createRepo(h.repoPath(), h.info), int(RepoEnums::ERROR));
-        QCOMPARE(inFile(), (QStringList{"other x 0"_s, "repo foo 0"_s}));
+        QCOMPARE(inFile(), "other x 0,repo foo 0"_s);
         h.info.codename = "dogwood"_s;
         QCOMPARE(h.shell.createRepo(h.repoPath(), h.info), int(RepoEnums::SUCCESS));
-        QCOMPARE(inFile(), QStringList{"other x 0"_s});
+        QCOMPARE(inFile(), "other x 0"_s);
         h.open(h.repoPath());
         h.add(h.debs("foo"));
         h.open(h.repoPath());
@@ -133,8 +132,7 @@ private Q_SLOTS:
         h.add(h.debs("foo"));
         writeFile(DependsData::userFileName(), "{");
         QCOMPARE(h.open(h.repoPath()), RepoEnums::SUCCESS);
-        QCOMPARE(h.criticals.size(), 1);
-        QVERIFY(h.trouble().contains(DependsData::userFileName() + ".broken"_s));
+        QVERIFY(h.complains(DependsData::userFileName() + ".broken"_s));
         h.open(h.repoPath());
         QCOMPARE(h.trouble(), QString());
     }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engineharness.h"
+#include "support/scopedvariable.h"
 
 #include <QDir>
 #include <QProcess>
@@ -39,8 +40,7 @@ private Q_SLOTS:
                          && critical.section(QLatin1Char('|'), 1).size() > 20,
                      qPrintable(critical));
         QVERIFY(h.criticals.last().contains("damaged"_s));
-        QCOMPARE(h.listed(), QStringList{"good 1.0 main amd64"_s});
-        QVERIFY(h.settled());
+        QVERIFY(h.holds("good 1.0 main amd64"_s));
     }
 
     void interruptedJobIsFinishedOnOpen()
@@ -78,7 +78,7 @@ private Q_SLOTS:
         h.reply = true;
         h.add(file);
         QVERIFY2(h.questions.isEmpty(), "the lock of a program at work is not offered for removal");
-        QVERIFY2(h.trouble().contains("another program"_s), qPrintable(h.trouble()));
+        QVERIFY(h.complains("another program"_s, 2));
         process.closeWriteChannel();
         QVERIFY(process.waitForFinished());
 
@@ -86,7 +86,7 @@ private Q_SLOTS:
         h.add(file);
         QVERIFY(h.questions.size() == 1 && h.questions.first().contains(h.repoPath()));
         QVERIFY2(QFile::exists(lock), "never without the user's word");
-        QVERIFY2(h.trouble().contains("lockfile"_s), qPrintable(h.trouble()));
+        QVERIFY(h.complains("lockfile"_s));
         QVERIFY(h.listed().isEmpty());
         h.reply = true;
         h.add(file);
@@ -100,14 +100,13 @@ private Q_SLOTS:
         h.add(h.debs("foo"));
         const QStringList file = h.debs("bar");
         const QString bin = h.folder.filePath("bin/"_s);
-        QDir(h.folder.path()).mkdir("bin"_s);
-        for (const QString &tool : {"dpkg"_s, "dpkg-deb"_s, "tar"_s, "rm"_s})
-            QFile::link(QStandardPaths::findExecutable(tool), bin + tool);
+        const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLocal8Bit();
+        runShell("mkdir bin; for tool in dpkg dpkg-deb tar rm; do ln -s $(type -p $tool) bin; done"_s,
+                 h.folder.path());
         {
-            const auto restore = qScopeGuard([path = qgetenv("PATH")] { qputenv("PATH", path); });
-            qputenv("PATH", bin.toLocal8Bit());
+            const ScopedVariable path("PATH", bin);
             h.add(file);
-            QVERIFY2(h.trouble().contains("reprepro could not be started"_s), qPrintable(h.trouble()));
+            QVERIFY(h.complains("reprepro could not be started"_s, 2));
             EngineHarness other;
             QCOMPARE(other.shell.createRepo(other.repoPath(), other.info), int(RepoEnums::ERROR));
             QVERIFY(!QFile::exists(other.repoPath()));
@@ -119,22 +118,17 @@ private Q_SLOTS:
             QVERIFY2(h.isExportOwed(), "nobody knows what a crash has left");
         }
         h.open(h.repoPath());
-        QCOMPARE(h.listed(), QStringList{"foo 1.0 main amd64"_s});
-        QVERIFY(h.settled());
+        QVERIFY(h.holds("foo 1.0 main amd64"_s));
 
         // Killed when all was done: what it removed is not kept in the list, nor lost when it was to be replaced.
-        const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLocal8Bit();
-        const auto restore = qScopeGuard([path = qgetenv("PATH")] { qputenv("PATH", path); });
-        QFile::remove(bin + "reprepro"_s);
+        const ScopedVariable path("PATH", ScopedVariable::pathBehind(bin));
         writeScript(bin + "reprepro"_s,
                     "#!/bin/sh\n" + real + " \"$@\"\ncase \"$*\" in *' remove '*) kill -SEGV $$;; esac\n");
-        qputenv("PATH", bin.toLocal8Bit() + ':' + qgetenv("PATH"));
         h.choice = PackageReplacementRules::ReplaceThis;
         h.add(h.debs("foo", "2.0"));
-        QCOMPARE(h.listed(), QStringList{"foo 2.0 main amd64"_s});
-        QVERIFY(h.settled());
+        QVERIFY(h.holds("foo 2.0 main amd64"_s));
         h.remove(h.shell.packages());
-        QVERIFY(h.listed().isEmpty() && h.settled());
+        QVERIFY(h.holds({}));
     }
 
     void fullDisk()
@@ -152,16 +146,14 @@ private Q_SLOTS:
         QCOMPARE(h.shell.createRepo(repo + "/in"_s, h.info), int(RepoEnums::SUCCESS));
         const QByteArray big(4000000, 'x');
         h.add(h.debs("big", "1.0", big.constData()) + h.debs("small"));
-        QCOMPARE(h.criticals.size(), 1);
-        QVERIFY2(h.trouble().contains("No space left on device"_s), qPrintable(h.trouble()));
+        QVERIFY(h.complains("No space left on device"_s));
         QCOMPARE(h.lastMessage(), "1 package(s) added: small_1.0_amd64.deb"_s);
         QVERIFY(h.settled());
 
         // A replacement that does not fit leaves the old package.
         h.choice = PackageReplacementRules::ReplaceThis;
         h.add(h.debs("small", "2.0", big.constData()));
-        QCOMPARE(h.listed(), QStringList{"small 1.0 main amd64"_s});
-        QVERIFY(h.settled());
+        QVERIFY(h.holds("small 1.0 main amd64"_s));
     }
 
     void indicesThatCannotBeWritten()
@@ -174,7 +166,7 @@ private Q_SLOTS:
         writeFile(conf, text + "SignWith: 0123456789ABCDEF0123456789ABCDEF01234567\n");
         h.choice = PackageReplacementRules::ReplaceThis;
         h.add(h.debs("foo", "2.0"));
-        QVERIFY(h.criticals.size() == 1 && h.trouble().contains("Could not find any key"_s));
+        QVERIFY(h.complains("Could not find any key"_s));
         QCOMPARE(h.find("foo"_s)->version, "2.0"_s);
         QVERIFY(h.isExportOwed());
         writeFile(conf, text);
@@ -188,20 +180,7 @@ private Q_SLOTS:
         h.add(h.debs("third"));
         h.remove(h.shell.packages());
         QCOMPARE(h.inIndices(), before);
-        QVERIFY(h.trouble().contains("database of the repository is missing"_s));
-    }
-
-    void sectionThatNamesAnotherComponent()
-    {
-        RepoHarness h;
-        const QString file = h.deb(DebBuilder("foo"_s).field("Section"_s, "universe/net"_s));
-        QVERIFY(h.reprepro({"-C"_s, "main"_s, "-S"_s, "universe/net"_s, "includedeb"_s, "dogwood"_s, file})
-                    .succeeded());
-        h.open(h.repoPath());
-        QCOMPARE(h.listed(), QStringList{"foo 1.0 universe amd64"_s});
-        h.remove(h.shell.packages());
-        QCOMPARE(h.trouble(), QString());
-        QVERIFY(h.inDatabase().isEmpty());
+        QVERIFY(h.complains("database of the repository is missing"_s));
     }
 
     void signingFailsWhileAdding()
@@ -216,17 +195,13 @@ private Q_SLOTS:
         const QString question
             = "Package is unsigned|Package is added, but unsigned. Do you want to remove it?"_s;
         QCOMPARE(h.questions, (QStringList{question, question}));
-        QCOMPARE(h.listed().size(), 2);
-        QCOMPARE(h.inDatabase().size(), 2);
+        QVERIFY(h.listed().size() == 2 && h.inDatabase().size() == 2 && h.isExportOwed());
         QCOMPARE(h.lastMessage(), "0 package(s) added: "_s);
-        QCOMPARE(h.criticals.size(), 1);
-        QVERIFY(h.trouble().startsWith("Failed to sign repository!|"_s));
-        QVERIFY(h.isExportOwed());
+        QVERIFY(h.complains("Failed to sign repository!|"_s));
 
         h.reply = true;
         h.add(h.debs("third"));
-        QCOMPARE(h.inDatabase().size(), 2);
-        QCOMPARE(h.listed().size(), 2);
+        QVERIFY(h.inDatabase().size() == 2 && h.listed().size() == 2);
         // Once signing is off again, the next opening shows everything.
         writeFile(conf, unsignedConf);
         h.open(h.repoPath());

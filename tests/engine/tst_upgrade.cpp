@@ -141,7 +141,7 @@ private Q_SLOTS:
         QSignalSpy ready(&h.shell, &RepoShell::downloadablePackagesReady);
         QCOMPARE(prepare(h, {line}), RepoEnums::SUCCESS);
         QCOMPARE(h.trouble(), QString());
-        QCOMPARE(h.started + h.finished, (QStringList{"Downloading information"_s, "Ready for upgrade"_s}));
+        QCOMPARE(h.words(), "Downloading information|Ready for upgrade"_s);
         QCOMPARE(ready.count(), 1);
         QCOMPARE(h.listed(), before);
         auto upgradable = h.shell.upgradablePackages();
@@ -203,9 +203,7 @@ private Q_SLOTS:
         QCOMPARE(chosen.size(), 2);
         h.run([&] { h.shell.upgradeRepo(chosen); });
         QCOMPARE(h.trouble(), QString());
-        QCOMPARE(h.listed().join(QLatin1Char(',')),
-                 "bar 1.0 main amd64,bar 2 main i386,foo 2 main amd64,foo 2 main i386"_s);
-        QVERIFY(h.settled());
+        QVERIFY(h.holds("bar 1.0 main amd64,bar 2 main i386,foo 2 main amd64,foo 2 main i386"_s));
     }
 
     void whatCannotBeFetchedStays()
@@ -222,9 +220,7 @@ private Q_SLOTS:
         QVERIFY2(h.trouble().contains("Apt: download package foo error|"_s)
                      && h.trouble().contains("no source offers bar 2.0 any more"_s),
                  qPrintable(h.trouble()));
-        QCOMPARE(h.listed().join(QLatin1Char(',')),
-                 "bar 1.0 main amd64,baz 2.0 main amd64,foo 1.0 main amd64"_s);
-        QVERIFY(h.settled());
+        QVERIFY(h.holds("bar 1.0 main amd64,baz 2.0 main amd64,foo 1.0 main amd64"_s));
 
         // An index that calls an old package a new one.
         const QString liar = h.folder.filePath("liar"_s);
@@ -287,7 +283,7 @@ private Q_SLOTS:
         makeSource(other, other.debs("foo", "3.0"));
         const QString file = "file:%1 "_s.arg(other.repoPath());
         QCOMPARE(prepare(h, {"nonsense"_s}), RepoEnums::ERROR);
-        QVERIFY(h.criticals.size() == 1 && h.trouble().contains("Malformed"_s));
+        QVERIFY(h.complains("Malformed"_s));
         const QVector<QPair<QString, QString>> failures{
             {"[trusted=yes] http://127.0.0.1:1/x dogwood main"_s,
              "The server could not be reached: http://127.0.0.1:1/x/"_s},
@@ -301,7 +297,7 @@ private Q_SLOTS:
             QCOMPARE(h.lastMessage(), "Information is not downloaded"_s);
             // Beside a good one it is told of, and the other serves.
             QCOMPARE(prepare(h, {source, h.line}), RepoEnums::SUCCESS);
-            QVERIFY2(h.trouble().contains(expected), qPrintable(h.trouble()));
+            QVERIFY(h.complains(expected));
             QCOMPARE(h.shell.upgradablePackages().value(0).newVersion, "2.0"_s);
         }
     }
@@ -320,7 +316,7 @@ private Q_SLOTS:
         h.add(h.debs("foo"));
         const QString plain = "file:%1 dogwood main"_s.arg(source.repoPath());
         QCOMPARE(prepare(h, {plain}), RepoEnums::ERROR);
-        QVERIFY2(h.trouble().contains("is not trusted"_s), qPrintable(h.trouble()));
+        QVERIFY(h.complains("is not trusted"_s));
         QCOMPARE(prepare(h, {"[signed-by=%1] %2"_s.arg(key, plain)}), RepoEnums::SUCCESS);
         QCOMPARE(h.trouble(), QString());
 
@@ -343,7 +339,7 @@ private Q_SLOTS:
         writeFile(h.folder.filePath("file"_s), "x");
         const ScopedVariable cache("XDG_CACHE_HOME", h.folder.filePath("file"_s));
         QCOMPARE(upgrade(h), RepoEnums::ERROR);
-        QVERIFY2(h.trouble().startsWith("Unable to create cache folder|"_s), qPrintable(h.trouble()));
+        QVERIFY(h.complains("Unable to create cache folder|"_s));
         QCOMPARE(h.listed(), QStringList{"foo 1.0 main amd64"_s});
     }
 
