@@ -5,6 +5,7 @@
 #include "support/debbuilder.h"
 #include "support/literals.h"
 #include "support/localapt.h"
+#include "support/scopedvariable.h"
 #include "support/testenvironment.h"
 
 #include <QtTest>
@@ -176,17 +177,16 @@ private Q_SLOTS:
         QVERIFY(!dpkg.packageInformation(path("nosuch.deb"_s)));
         QVERIFY2(dpkg.errorText().contains("No such file"_s), qPrintable(dpkg.errorText()));
 
-        const QByteArray usual = qgetenv("PATH");
-        const auto restore = qScopeGuard([&usual] { qputenv("PATH", usual); });
         writeScript(path("bin/dpkg"_s), "#!/bin/sh\necho half a word >&2\nkill -SEGV $$\n");
-        qputenv("PATH", path("bin"_s).toLocal8Bit());
-        QVERIFY(!holds("<<"));
-        QCOMPARE(dpkg.errorText(), "The process dpkg crashed!"_s);
-        qputenv("PATH", path("lists"_s).toLocal8Bit());
-        QVERIFY(!holds("<<"));
-        QVERIFY2(dpkg.errorText().startsWith("dpkg: "_s), qPrintable(dpkg.errorText()));
+        {
+            const ScopedVariable crashing("PATH", path("bin"_s));
+            QVERIFY(!holds("<<"));
+            QCOMPARE(dpkg.errorText(), "The process dpkg crashed!"_s);
+            const ScopedVariable missing("PATH", path("lists"_s));
+            QVERIFY(!holds("<<"));
+            QVERIFY2(dpkg.errorText().startsWith("dpkg: "_s), qPrintable(dpkg.errorText()));
+        }
         // An error does not outlive the next success.
-        qputenv("PATH", usual);
         QVERIFY(holds("<<"));
         QCOMPARE(dpkg.errorText(), QString());
     }

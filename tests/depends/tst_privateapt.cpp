@@ -2,7 +2,9 @@
 #include "depends/aptfetch.h"
 #include "depends/privateapt.h"
 #include "depends/sourceoptions.h"
+#include "support/lists.h"
 #include "support/literals.h"
+#include "support/scopedvariable.h"
 #include "support/testenvironment.h"
 
 #include <QtTest>
@@ -74,13 +76,11 @@ private Q_SLOTS:
         options.addStanzas(
             "Types: deb\nURIs: http://two http://three/\n# a comment\nSuites: x\n y\nSigned-By: /a.gpg\n"
             "Trusted: yes\n\nURIs: http://four\nSuites: x\nSigned-By:\n -----BEGIN PGP\n"_s);
-        for (const char *unchanged : {"http://off x main",
-                                      "http://plain x main",
-                                      "http://src x main",
-                                      "http://one y main",
-                                      "http://four x main",
-                                      "[trusted=no] http://one x main"})
-            QCOMPARE(options.completed(QLatin1String(unchanged)), QLatin1String(unchanged));
+        const QStringList unchanged
+            = "http://off x main|http://plain x main|http://src x main|"
+              "http://one y main|http://four x main|[trusted=no] http://one x main"_list;
+        for (const QString &source : unchanged)
+            QCOMPARE(options.completed(source), source);
         QCOMPARE(options.completed("http://one x main"_s), "[signed-by=/k.gpg] http://one x main"_s);
         QCOMPARE(options.completed("[arch=i386,amd64] http://three y main"_s),
                  "[arch=i386,amd64 signed-by=/a.gpg trusted=yes] http://three y main"_s);
@@ -109,9 +109,7 @@ private Q_SLOTS:
             "#!/bin/sh\necho \"$*\" >>" + log.toLocal8Bit()
                 + "\necho dlstatus:1:42.0:x\n"
                   "grep -q '^deb http://h x main$' \"$(dirname \"$APT_CONFIG\")\"/*.list || exit 1\n");
-        const QByteArray usual = qgetenv("PATH");
-        const auto restore = qScopeGuard([&usual] { qputenv("PATH", usual); });
-        qputenv("PATH", folder.filePath("bin:"_s).toLocal8Bit() + usual);
+        const ScopedVariable behind("PATH", ScopedVariable::pathBehind(folder.filePath("bin"_s)));
         const auto updates = [&log] { return readFile(log).count("update"); };
         int percent = 0;
         const auto fetch = [&percent](PrivateApt &apt, bool stop = false) {

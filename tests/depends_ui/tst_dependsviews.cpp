@@ -9,6 +9,7 @@
 #include "support/lists.h"
 #include "support/literals.h"
 #include "support/localapt.h"
+#include "support/scopedvariable.h"
 #include "support/testenvironment.h"
 
 #include <QAbstractItemModelTester>
@@ -25,16 +26,8 @@ Dependency dependency(const char *name,
                       const QMap<QString, FoundVersion> &found = {},
                       const QVector<Dependency> &providers = {})
 {
-    const QStringList words = constraint.split(QLatin1Char(' '));
-    Dependency result{QLatin1String(name),
-                      "amd64"_s,
-                      words.value(0),
-                      words.value(1),
-                      words.value(2),
-                      words.value(3),
-                      status,
-                      found,
-                      {}};
+    const QStringList w = QString(constraint + "   "_s).split(QLatin1Char(' '));
+    Dependency result{QLatin1String(name), "amd64"_s, w[0], w[1], w[2], w[3], status, found, {}};
     for (const Dependency &provider : providers)
         result.providers.insert(provider.name, provider);
     return result;
@@ -297,9 +290,7 @@ private Q_SLOTS:
         QDir(path("lists"_s)).removeRecursively();
         QTest::keyClick(edit, Qt::Key_Z);
         QTRY_VERIFY_WITH_TIMEOUT(status->text().contains("apt update"_s), 30000);
-        const QByteArray usual = qgetenv("PATH");
-        const auto restorePath = qScopeGuard([&usual] { qputenv("PATH", usual); });
-        qputenv("PATH", path("one"_s).toLocal8Bit());
+        const ScopedVariable nothing("PATH", path("one"_s));
         QTest::keyClick(edit, Qt::Key_Z);
         QTRY_VERIFY_WITH_TIMEOUT(status->text().contains("apt-cache: "_s), 30000);
     }
@@ -319,9 +310,7 @@ private Q_SLOTS:
     {
         writeScript(path("bin/apt"_s), RecordingApt);
         qputenv("ASKED", path("asked"_s).toLocal8Bit());
-        const QByteArray usual = qgetenv("PATH");
-        const auto restore = qScopeGuard([&usual] { qputenv("PATH", usual); });
-        qputenv("PATH", path("bin"_s).toLocal8Bit() + ':' + usual);
+        const ScopedVariable behind("PATH", ScopedVariable::pathBehind(path("bin"_s)));
         const auto asked = [this](const char *word) { return readFile(path("asked"_s)).count(word); };
 
         QElapsedTimer clock;

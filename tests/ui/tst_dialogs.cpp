@@ -2,6 +2,7 @@
 #include "signing/gpgkeyswidget.h"
 #include "support/children.h"
 #include "support/literals.h"
+#include "support/scopedvariable.h"
 #include "support/testenvironment.h"
 #include "ui/addpkgsettingsdialog.h"
 #include "ui/elidedlabel.h"
@@ -63,10 +64,8 @@ RepoInfo birch()
 struct Tools
 {
     QTemporaryDir folder;
-    const QByteArray path = qgetenv("PATH");
+    const ScopedVariable path{"PATH", folder.path() + ":/bin"_s};
 
-    Tools() { qputenv("PATH", folder.path().toLocal8Bit() + ":/bin"); }
-    ~Tools() { qputenv("PATH", path); }
     QString file(const char *name) const { return folder.filePath(QLatin1String(name)); }
     void set(const char *name, const QByteArray &script) const
     {
@@ -386,7 +385,7 @@ private Q_SLOTS:
     {
         const Tools tools;
         tools.set("dpkg", "echo 'un  kgpg  <none> <none> x'\n");
-        tools.set("synaptic-pkexec", "exec cat >\"${0%/*}/marked\"\n");
+        tools.set("synaptic-pkexec", "{ echo $@; cat; } >${0%/*}/x; mv ${0%/*}/x ${0%/*}/marked\n");
         RepoDialog f(NewRepoDialog::Mode::Create);
         auto *button = child<QToolButton>(f.dialog, "m_startKGpgToolButton");
         const BoxAnswers answers({QMessageBox::No, QMessageBox::Yes});
@@ -395,6 +394,8 @@ private Q_SLOTS:
             QTRY_VERIFY(button->isEnabled());
             QTRY_COMPARE(QFile::exists(tools.file("marked")), agreed);
         }
+        QVERIFY(readFile(tools.file("marked")).endsWith("\nkgpg install\n"));
+        QVERIFY(readFile(tools.file("marked")).startsWith("--set-selections"));
         const QString question = "Error: Package kgpg is not installed! Do you want to install it?"_s;
         QTRY_COMPARE(answers.texts, (QStringList{question, question}));
 
