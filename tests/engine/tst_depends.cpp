@@ -110,10 +110,8 @@ private Q_SLOTS:
         QCOMPARE(h.trouble(), QString());
         QCOMPARE(h.ranges, (QVector<int>{0, 3}));
         const int runs = type == DependsNowhere ? 0 : 1;
-        QCOMPARE(h.events.size(), 3 * runs);
-        QCOMPARE(h.steps.last(), 3 * runs);
-        QCOMPARE(saving.count(), runs);
-        QCOMPARE(summaries.count(), runs);
+        QVERIFY(h.events.size() == 3 * runs && h.steps.last() == 3 * runs);
+        QVERIFY(saving.count() == runs && summaries.count() == runs);
         if (type == DependsLocal) {
             const QString summary = summaries.first().first().toStringList().join(QLatin1Char('|'));
             QVERIFY2(summary.contains("lib, by 1"_s) && summary.contains("meal, by 1"_s),
@@ -173,12 +171,8 @@ private Q_SLOTS:
         h.add(more);
         QCOMPARE(h.events, QStringList{"+y 1.0 amd64"_s});
         h.shell.setCheckDependsOnAdd(true);
-        connect(
-            &h.shell,
-            &RepoShell::packageAdded,
-            &h.shell,
-            [&] { h.shell.setClosing(); },
-            Qt::DirectConnection);
+        const auto close = [&] { h.shell.setClosing(); };
+        connect(&h.shell, &RepoShell::packageAdded, &h.shell, close, Qt::DirectConnection);
         h.add(h.debs("z"));
         QCOMPARE(h.events, QStringList{"+z 1.0 amd64"_s});
     }

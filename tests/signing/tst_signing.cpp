@@ -266,9 +266,9 @@ private Q_SLOTS:
         foo.name = "foo"_s;
         foo.component = "main"_s;
         foo.architecture = "amd64"_s;
-        foo.signingKey = "A, \"b\" ; ü <c@d> [01234567]"_s;
         PackageInfo other = foo;
         other.architecture = "i386"_s;
+        foo.signingKey = "A, \"b\" ; ü <c@d> [01234567]"_s;
         other.signingKey = "other"_s;
         QCOMPARE(SignProcess::keyInfo(conf, foo), QString());
         QVERIFY(SignProcess::removeKeyInfo(conf, foo) && !QFile::exists(conf));
