@@ -8,40 +8,19 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-namespace
-{
-QString line(const QString &name, const QString &value)
-{
-    return value.isEmpty() ? QString() : name + ": "_s + value + QLatin1Char('\n');
-}
-} // namespace
-
 DebBuilder::DebBuilder(const QString &name)
-    : m_name(name)
+    : m_fields{{"Package"_s, name},
+               {"Version"_s, "1.0"_s},
+               {"Architecture"_s, "amd64"_s},
+               {"Maintainer"_s, "Test <test@example.org>"_s},
+               {"Section"_s, "admin"_s},
+               {"Priority"_s, "optional"_s},
+               {"Description"_s, "test package"_s}}
 { }
-
-DebBuilder &DebBuilder::version(const QString &version)
-{
-    m_version = version;
-    return *this;
-}
-
-DebBuilder &DebBuilder::architecture(const QString &architecture)
-{
-    m_architecture = architecture;
-    return *this;
-}
 
 DebBuilder &DebBuilder::field(const QString &name, const QString &value)
 {
-    if (name == "Section"_s)
-        m_section = value;
-    else if (name == "Priority"_s)
-        m_priority = value;
-    else if (name == "Description"_s)
-        m_description = value;
-    else
-        m_further += line(name, value);
+    m_fields[name] = value;
     return *this;
 }
 
@@ -68,20 +47,21 @@ QString DebBuilder::build(const QString &folder) const
     const QTemporaryDir tree;
     QDir(tree.path()).mkdir("DEBIAN"_s);
     QFile::setPermissions(tree.path(), QFileDevice::Permissions(0x7755));
-    const QString control
-        = line("Package"_s, m_name) + line("Version"_s, m_version) + line("Architecture"_s, m_architecture)
-          + line("Maintainer"_s, "Test <test@example.org>"_s) + line("Section"_s, m_section)
-          + line("Priority"_s, m_priority) + m_further + line("Description"_s, m_description);
+    QString control;
+    for (auto field = m_fields.cbegin(); field != m_fields.cend(); ++field)
+        if (!field.value().isEmpty())
+            control += "%1: %2\n"_s.arg(field.key(), field.value());
+    const QString name = m_fields["Package"_s];
     writeFile(tree.filePath("DEBIAN/control"_s), control.toUtf8());
-    writeFile(tree.filePath("usr/share/"_s + m_name + "/data"_s), m_contents);
+    writeFile(tree.filePath("usr/share/%1/data"_s.arg(name)), m_contents);
 
     QDir().mkpath(folder);
-    QString fileVersion = m_version;
-    fileVersion = fileVersion.mid(fileVersion.indexOf(QLatin1Char(':')) + 1);
-    const QString name = m_fileName.isEmpty()
-                             ? "%1_%2_%3.%4"_s.arg(m_name, fileVersion, m_architecture, m_suffix)
-                             : m_fileName;
-    const QString path = folder + QLatin1Char('/') + name;
+    const QString version = m_fields["Version"_s];
+    const QString fileVersion = version.mid(version.indexOf(QLatin1Char(':')) + 1);
+    const QString path = folder + QLatin1Char('/')
+                         + (m_fileName.isEmpty()
+                                ? "%1_%2_%3.%4"_s.arg(name, fileVersion, m_fields["Architecture"_s], m_suffix)
+                                : m_fileName);
     QProcess process;
     process.start("dpkg-deb"_s, {"--root-owner-group"_s, "-Znone"_s, "-b"_s, tree.path(), path});
     process.waitForFinished(-1);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QMap>
 #include <QString>
 
 /** Builds real packages: DebBuilder("foo").version("1.0").field("Depends", "bar").build(folder). */
@@ -9,8 +10,8 @@ class DebBuilder
 public:
     explicit DebBuilder(const QString &name);
 
-    DebBuilder &version(const QString &version);
-    DebBuilder &architecture(const QString &architecture);
+    DebBuilder &version(const QString &version) { return field(QStringLiteral("Version"), version); }
+    DebBuilder &architecture(const QString &name) { return field(QStringLiteral("Architecture"), name); }
     /** Sets a control field; an empty value leaves the field out. */
     DebBuilder &field(const QString &name, const QString &value);
     /** Contents of the package's one data file; other contents make another package of the same version. */
@@ -23,14 +24,8 @@ public:
     QString build(const QString &folder) const;
 
 private:
-    QString m_name;
-    QString m_version = QStringLiteral("1.0");
-    QString m_architecture = QStringLiteral("amd64");
+    QMap<QString, QString> m_fields;
     QString m_suffix = QStringLiteral("deb");
     QString m_fileName;
     QByteArray m_contents = "contents\n";
-    QString m_section = QStringLiteral("admin");
-    QString m_priority = QStringLiteral("optional");
-    QString m_description = QStringLiteral("test package");
-    QString m_further;
 };

@@ -55,23 +55,17 @@ QString TestKeys::text(const QString &userId, const QString &fingerprint)
 bool TestKeys::verifies(const QString &package, const QString &fingerprint)
 {
     const QTemporaryDir folder("/tmp/vdXXXXXX"_s);
-    const QString inKey = QLatin1Char('/') + fingerprint + QLatin1Char('/');
-    writeFile(folder.path() + "/keys"_s + inKey + "debsig.gpg"_s, {});
-    gpg({"--yes"_s, "-o"_s, folder.path() + "/keys"_s + inKey + "debsig.gpg"_s, "--export"_s, fingerprint});
     const QString required = "<Required Type=\"origin\" File=\"debsig.gpg\" id=\"%1\"/>"_s.arg(fingerprint);
-    writeFile(
-        folder.path() + "/policies"_s + inKey + "any.pol"_s,
-        "<?xml version=\"1.0\"?>\n<!DOCTYPE Policy SYSTEM \"https://www.debian.org/debsig/1.0/policy.dtd\">\n"
-        "<Policy xmlns=\"https://www.debian.org/debsig/1.0/\"><Origin Name=\"x\" id=\""
-            + fingerprint.toLatin1() + "\" Description=\"x\"/><Selection>" + required.toLatin1()
-            + "</Selection><Verification MinOptional=\"0\">" + required.toLatin1()
-            + "</Verification></Policy>\n");
-    return QProcess::execute("debsig-verify"_s,
-                             {"-q"_s,
-                              "--policies-dir"_s,
-                              folder.filePath("policies"_s),
-                              "--keyrings-dir"_s,
-                              folder.filePath("keys"_s),
-                              package})
-           == 0;
+    writeFile(folder.filePath("policies/%1/any.pol"_s.arg(fingerprint)),
+              "<?xml version=\"1.0\"?>\n"
+              "<!DOCTYPE Policy SYSTEM \"https://www.debian.org/debsig/1.0/policy.dtd\">\n"
+              "<Policy xmlns=\"https://www.debian.org/debsig/1.0/\"><Origin Name=\"x\" id=\"%1\" "
+              "Description=\"x\"/><Selection>%2</Selection><Verification MinOptional=\"0\">%2"
+              "</Verification></Policy>\n"_s.arg(fingerprint, required)
+                  .toUtf8());
+    runShell("mkdir -p keys/%1; gpg -q --batch -o keys/%1/debsig.gpg --export %1"_s.arg(fingerprint),
+             folder.path());
+    const QStringList places{
+        "--policies-dir"_s, folder.filePath("policies"_s), "--keyrings-dir"_s, folder.filePath("keys"_s)};
+    return QProcess::execute("debsig-verify"_s, QStringList{"-q"_s} + places + QStringList{package}) == 0;
 }
