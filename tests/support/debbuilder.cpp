@@ -58,10 +58,10 @@ QString DebBuilder::build(const QString &folder) const
     QDir().mkpath(folder);
     const QString version = m_fields["Version"_s];
     const QString fileVersion = version.mid(version.indexOf(QLatin1Char(':')) + 1);
-    const QString path = folder + QLatin1Char('/')
-                         + (m_fileName.isEmpty()
-                                ? "%1_%2_%3.%4"_s.arg(name, fileVersion, m_fields["Architecture"_s], m_suffix)
-                                : m_fileName);
+    QString path = folder + QLatin1Char('/')
+                   + (m_fileName.isEmpty()
+                          ? "%1_%2_%3.%4"_s.arg(name, fileVersion, m_fields["Architecture"_s], m_suffix)
+                          : m_fileName);
     QProcess process;
     process.start("dpkg-deb"_s, {"--root-owner-group"_s, "-Znone"_s, "-b"_s, tree.path(), path});
     process.waitForFinished(-1);

@@ -40,7 +40,7 @@ QString TestKeys::makeExpired(const QString &userId)
 
 QString TestKeys::makeRevoked(const QString &userId)
 {
-    const QString key = make(userId);
+    QString key = make(userId);
     // A colon keeps the prepared certificate from being imported by mistake.
     const QString file = qEnvironmentVariable("GNUPGHOME") + "/openpgp-revocs.d/"_s + key + ".rev"_s;
     gpg({"--import"_s}, readFile(file).replace("\n:---", "\n---"));
