@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QList>
+#include <QString>
+
+/** A repository that is served from this machine. */
+struct PublishedRepo
+{
+    int port = 0; ///< TCP
+    QString type; ///< "HTTP" or "FTP"
+    QString path; ///< the directory
+};
+
+/**
+ * A way to serve repositories from this machine. It keeps no state of its own: what is served is read from the system
+ * each time. All calls ask the service manager and wait for it. Changing takes root's rights.
+ */
+class RepoServer
+{
+public:
+    RepoServer() = default;
+    RepoServer(const RepoServer &) = delete;
+    RepoServer &operator=(const RepoServer &) = delete;
+    virtual ~RepoServer() = default;
+
+    /** Serves the directory `path`, which must be one that isPublishable() allows, on `port`; true when it is. */
+    virtual bool publish(const QString &path, int port) = 0;
+    virtual bool unpublish(int port) = 0;
+    virtual bool isPublished(int port) = 0;
+    virtual QList<PublishedRepo> publishedRepos() = 0;
+    /** The log of the last publication made through this object; empty when there is none. */
+    virtual QString log() = 0;
+};
