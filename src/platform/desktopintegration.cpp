@@ -11,6 +11,8 @@
 #include <QStandardPaths>
 #include <QTranslator>
 
+#include <memory>
+
 // Outside any namespace: the macro declares a function of the resource compiler.
 static void initIconResource()
 {
@@ -21,13 +23,30 @@ namespace
 {
 const QLatin1String applicationId("velt-admin-repo");
 
-void installTranslation(const QString &name, const QString &folder)
+void install(std::unique_ptr<QTranslator> translator)
 {
-    auto *translator = new QTranslator(QCoreApplication::instance());
-    if (translator->load(QLocale(), name, QStringLiteral("_"), folder))
-        QCoreApplication::installTranslator(translator);
-    else
-        delete translator;
+    translator->setParent(QCoreApplication::instance());
+    QCoreApplication::installTranslator(translator.release());
+}
+
+/**
+ * In the first of the user's languages that we speak, else in English, whose file has the plural forms. The toolkit
+ * may speak more languages, but its buttons shall not stand in another one than the question above them.
+ */
+void installTranslations(const QString &folder)
+{
+    const QLatin1String between("_");
+    auto own = std::make_unique<QTranslator>();
+    if (!own->load(QLocale(), applicationId, between, folder)
+        && !own->load(QLocale(QLocale::English), applicationId, between, folder))
+        return;
+    auto toolkit = std::make_unique<QTranslator>();
+    if (toolkit->load(QLocale(own->language()),
+                      QStringLiteral("qtbase"),
+                      between,
+                      QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+        install(std::move(toolkit));
+    install(std::move(own));
 }
 
 /** Not the toolkit's display name: that is added to every window title, and ours begin with the name already. */
@@ -50,10 +69,9 @@ void veltInit(const QString &version, const QString &displayName)
     QCoreApplication::setApplicationVersion(version);
     QCoreApplication::setOrganizationName(QStringLiteral("corvana"));
 
-    installTranslation(QStringLiteral("qtbase"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
     const QString translations = veltDataFile(applicationId + QStringLiteral("/translations"));
     if (!translations.isEmpty())
-        installTranslation(applicationId, translations);
+        installTranslations(translations);
 
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()) == nullptr)
         return;

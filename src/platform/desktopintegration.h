@@ -5,9 +5,9 @@
 
 /**
  * Gives the application its names, version and organisation, so that settings live in
- * ~/.config/corvana/velt-admin-repo.conf, and installs the translations of Qt and of our own that fit the user's
- * language. With a graphical application it also sets up the icon themes. Call it once, right after the application
- * object has been made.
+ * ~/.config/corvana/velt-admin-repo.conf, and installs our translation that fits the user's languages, with the
+ * toolkit's own of the same language. With a graphical application it also sets up the icon themes. Call it once,
+ * right after the application object has been made.
  */
 void veltInit(const QString &version, const QString &displayName);
 

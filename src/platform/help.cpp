@@ -13,16 +13,16 @@
 
 namespace
 {
-QString text(const char *key)
+class VeltHelp
 {
-    return QCoreApplication::translate("VeltHelp", key);
-}
+    Q_DECLARE_TR_FUNCTIONS(VeltHelp)
+};
 
 void showInOwnWindow(QWidget *parent, const QUrl &page)
 {
     auto *dialog = new QDialog(parent);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowTitle(text("Help"));
+    dialog->setWindowTitle(VeltHelp::tr("Help"));
     dialog->resize(760, 560);
     auto *browser = new QTextBrowser(dialog);
     browser->setOpenExternalLinks(true);

@@ -9,10 +9,10 @@
 
 namespace
 {
-QString tr(const char *text)
+class Reason
 {
-    return QCoreApplication::translate("RepositoryRemoval", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(RepositoryRemoval)
+};
 } // namespace
 
 RepositoryRemoval::Outcome
@@ -23,17 +23,18 @@ RepositoryRemoval::remove(const QString &path, const QStringList &openRepositori
     if (!QFileInfo::exists(directory))
         return Outcome::Absent;
     if (!QFileInfo(directory + QLatin1String("/conf/distributions")).isFile()) {
-        *reason = tr("The directory %1 holds no repository.").arg(path);
+        *reason = Reason::tr("The directory %1 holds no repository.").arg(path);
         return Outcome::Refused;
     }
     if (!PathGuard::mayBeWiped(directory, openRepositories)) {
         *reason
-            = tr("The directory %1 belongs to the system, or holds a home directory or an open repository.")
+            = Reason::tr(
+                  "The directory %1 belongs to the system, or holds a home directory or an open repository.")
                   .arg(path);
         return Outcome::Refused;
     }
     if (!QDir(directory).removeRecursively()) {
-        *reason = tr("Not everything in %1 could be deleted.").arg(path);
+        *reason = Reason::tr("Not everything in %1 could be deleted.").arg(path);
         return Outcome::Refused;
     }
     const QFileInfo link(path);

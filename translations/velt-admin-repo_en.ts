@@ -1,0 +1,134 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>DependsReport</name>
+    <message numerus="yes">
+        <source>%1, by %n package(s)</source>
+        <translation>
+            <numerusform>%1, by %n package</numerusform>
+            <numerusform>%1, by %n packages</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PackageDetails</name>
+    <message numerus="yes">
+        <source>%n package(s): %1</source>
+        <translation>
+            <numerusform>%n package: %1</numerusform>
+            <numerusform>%n packages: %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PackageItem</name>
+    <message numerus="yes">
+        <source>%1 satisfies %2 of %n dependency(ies)</source>
+        <translation>
+            <numerusform>%1 satisfies %2 of %n dependency</numerusform>
+            <numerusform>%1 satisfies %2 of %n dependencies</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>Prompts</name>
+    <message numerus="yes">
+        <source>%n further message(s) below.</source>
+        <translation>
+            <numerusform>%n further message below.</numerusform>
+            <numerusform>%n further messages below.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>RepoShell</name>
+    <message numerus="yes">
+        <source>%n package(s) imported</source>
+        <translation>
+            <numerusform>%n package imported</numerusform>
+            <numerusform>%n packages imported</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) depends checked</source>
+        <translation>
+            <numerusform>Operation stopped. Dependencies of %1 of %n package checked</numerusform>
+            <numerusform>Operation stopped. Dependencies of %1 of %n packages checked</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Added %n package(s) to local repo: %1</source>
+        <translation>
+            <numerusform>Added %n package to local repo: %1</numerusform>
+            <numerusform>Added %n packages to local repo: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) added to local repo: %2</source>
+        <translation>
+            <numerusform>Operation stopped. %1 of %n package added to local repo: %2</numerusform>
+            <numerusform>Operation stopped. %1 of %n packages added to local repo: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) added: %1</source>
+        <translation>
+            <numerusform>%n package added: %1</numerusform>
+            <numerusform>%n packages added: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) added: %2</source>
+        <translation>
+            <numerusform>Operation stopped. %1 of %n package added: %2</numerusform>
+            <numerusform>Operation stopped. %1 of %n packages added: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n packages removed: %1</source>
+        <translation>
+            <numerusform>%n package removed: %1</numerusform>
+            <numerusform>%n packages removed: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n packages(s) removed: %2</source>
+        <translation>
+            <numerusform>Operation stopped. %1 of %n package removed: %2</numerusform>
+            <numerusform>Operation stopped. %1 of %n packages removed: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) is signed: %1</source>
+        <translation>
+            <numerusform>%n package is signed: %1</numerusform>
+            <numerusform>%n packages are signed: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) is signed: %2</source>
+        <translation>
+            <numerusform>Operation stopped. %1 of %n package is signed: %2</numerusform>
+            <numerusform>Operation stopped. %1 of %n packages are signed: %2</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>SearchPackageWidget</name>
+    <message numerus="yes">
+        <source>%n package(s)</source>
+        <translation>
+            <numerusform>%n package</numerusform>
+            <numerusform>%n packages</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n package(s)</source>
+        <translation>
+            <numerusform>%1 of %n package</numerusform>
+            <numerusform>%1 of %n packages</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>
