@@ -2,8 +2,11 @@
 #include "core/processutils.h"
 
 #include <QProcessEnvironment>
+#include <QTimer>
 
+#include <cerrno>
 #include <csignal>
+#include <cstring>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -14,10 +17,35 @@ namespace
 class ChildProcess : public QProcess
 {
 public:
-    ChildProcess(int mask, bool ownGroup)
-        : m_mask(mask)
+    ChildProcess(int mask, bool ownGroup, QObject *parent = nullptr)
+        : QProcess(parent)
+        , m_mask(mask)
         , m_ownGroup(ownGroup)
     { }
+    ~ChildProcess() override
+    {
+        if (state() == NotRunning)
+            return;
+        killAll();
+        waitForFinished();
+    }
+    ChildProcess(const ChildProcess &) = delete;
+    ChildProcess &operator=(const ChildProcess &) = delete;
+
+    void killAll()
+    {
+        if (m_ownGroup && processId() > 0)
+            ::kill(-static_cast<pid_t>(processId()), SIGKILL);
+        kill();
+    }
+    /** Ends a program that has taken too long. */
+    void giveUp()
+    {
+        m_reason = program() + QLatin1String(": ") + QString::fromLocal8Bit(std::strerror(ETIME));
+        killAll();
+    }
+    /** Why the program was given up; else empty. */
+    QString reason() const { return m_reason; }
 
 protected:
     void setupChildProcess() override
@@ -31,10 +59,11 @@ protected:
 private:
     int m_mask;
     bool m_ownGroup; ///< so that a shell can be killed together with its pipeline
+    QString m_reason;
 };
 
 /** Returns the program's standard output. */
-QByteArray waitForEnd(QProcess &process, const ProcessCall &call)
+QByteArray waitForEnd(ChildProcess &process, const ProcessCall &call)
 {
     constexpr int Interval = 50; // milliseconds
     QByteArray output;
@@ -48,7 +77,7 @@ QByteArray waitForEnd(QProcess &process, const ProcessCall &call)
            && process.state() != QProcess::NotRunning) {
         takeOutput();
         if (call.stopped && call.stopped()) {
-            ::kill(-static_cast<pid_t>(process.processId()), SIGKILL);
+            process.killAll();
             break;
         }
     }
@@ -67,30 +96,75 @@ QProcessEnvironment environmentWith(const QStringList &entries)
     }
     return environment;
 }
+
+void start(ChildProcess *process, const ProcessCall &call)
+{
+    if (!call.workingDirectory.isEmpty())
+        process->setWorkingDirectory(call.workingDirectory);
+    process->setProcessEnvironment(environmentWith(call.environment));
+    process->start(call.program, call.arguments, QIODevice::ReadWrite);
+    // Nobody answers a prompt: a tool that asks reads the end of its input and gives up.
+    process->closeWriteChannel();
+}
+
+ProcessResult notStarted(const QProcess &process)
+{
+    ProcessResult result;
+    result.errorOutput = process.program() + QLatin1String(": ") + process.errorString();
+    result.exitCode = -1;
+    return result;
+}
+
+ProcessResult resultOf(ChildProcess *process, const QByteArray &output)
+{
+    ProcessResult result;
+    result.started = true;
+    result.output = QString::fromLocal8Bit(output);
+    result.errorOutput = QString::fromLocal8Bit(process->readAllStandardError()) + process->reason();
+    result.exitCode = process->exitCode();
+    result.exitStatus = process->exitStatus();
+    return result;
+}
 } // namespace
 
 ProcessResult runProcess(const ProcessCall &call)
 {
     ChildProcess process(call.umask, static_cast<bool>(call.stopped));
-    if (!call.workingDirectory.isEmpty())
-        process.setWorkingDirectory(call.workingDirectory);
-    process.setProcessEnvironment(environmentWith(call.environment));
-    process.start(call.program, call.arguments, QIODevice::ReadWrite);
+    start(&process, call);
+    if (!process.waitForStarted(-1))
+        return notStarted(process);
+    const QByteArray output = waitForEnd(process, call);
+    return resultOf(&process, output);
+}
 
-    ProcessResult result;
-    result.started = process.waitForStarted(-1);
-    if (!result.started) {
-        result.errorOutput = call.program + QLatin1String(": ") + process.errorString();
-        result.exitCode = -1;
-        return result;
-    }
-    // Nobody answers a prompt: a tool that asks reads the end of its input and gives up.
-    process.closeWriteChannel();
-    result.output = QString::fromLocal8Bit(waitForEnd(process, call));
-    result.errorOutput = QString::fromLocal8Bit(process.readAllStandardError());
-    result.exitCode = process.exitCode();
-    result.exitStatus = process.exitStatus();
-    return result;
+void followProcess(const ProcessCall &call,
+                   int timeLimit,
+                   QObject *context,
+                   const std::function<void(const ProcessResult &result)> &answer)
+{
+    constexpr bool OwnGroup = true;
+    auto *process = new ChildProcess(call.umask, OwnGroup, context);
+    const auto give = [process, answer](const ProcessResult &result) {
+        process->disconnect();
+        process->deleteLater();
+        answer(result);
+    };
+    QObject::connect(process,
+                     QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished),
+                     context,
+                     [process, give] { give(resultOf(process, process->readAllStandardOutput())); });
+    // Queued, so that the answer never comes before this function returns.
+    QObject::connect(
+        process,
+        &QProcess::errorOccurred,
+        context,
+        [process, give](QProcess::ProcessError error) {
+            if (error == QProcess::FailedToStart)
+                give(notStarted(*process));
+        },
+        Qt::QueuedConnection);
+    QTimer::singleShot(timeLimit, process, [process] { process->giveUp(); });
+    start(process, call);
 }
 
 bool ProcessUtils::run(const QString &program, const QStringList &arguments, const QString &workingDirectory)

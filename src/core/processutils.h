@@ -13,7 +13,7 @@
 struct ProcessResult
 {
     QString output; ///< standard output, decoded from the local 8-bit encoding
-    QString errorOutput; ///< error output, or why the program could not be started
+    QString errorOutput; ///< error output, or why the program could not be started or was not waited for
     int exitCode = 0;
     QProcess::ExitStatus exitStatus = QProcess::NormalExit;
     bool started = false; ///< false: there is no such program, or it may not be run
@@ -41,6 +41,17 @@ struct ProcessCall
  * messages are not translated (LC_ALL=C.UTF-8), because we read them.
  */
 ProcessResult runProcess(const ProcessCall &call);
+
+/**
+ * Runs a program without waiting, in the same surroundings. `answer` gets its result later, on the thread of `context`
+ * (which must be the calling one); when `context` dies before, the program is killed and nothing is answered. So is a
+ * program that takes longer than `timeLimit` milliseconds, with the reason as its error output. The functions in
+ * `call` are not used.
+ */
+void followProcess(const ProcessCall &call,
+                   int timeLimit,
+                   QObject *context,
+                   const std::function<void(const ProcessResult &result)> &answer);
 
 /**
  * Base of the classes that ask one external tool: runs it and keeps what it answered. An object belongs to the thread

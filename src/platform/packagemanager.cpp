@@ -4,25 +4,23 @@
 #include "core/processutils.h"
 
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryFile>
 
 namespace
 {
-/** The listing cuts names to the width of a terminal that the environment may speak of. */
-const QLatin1String listingWidth("1000");
-
 bool isPackageName(const QString &name)
 {
     static const QRegularExpression pattern(QStringLiteral("\\A[a-z0-9][a-z0-9+.-]+\\z"));
     return pattern.match(name).hasMatch();
 }
 
-QStringList listingArguments(const QString &package)
+ProcessCall listingCall(const QString &package)
 {
-    return {QStringLiteral("-l"), package};
+    // The listing cuts names to the width of a terminal that the environment may speak of.
+    return {
+        QStringLiteral("dpkg"), {QStringLiteral("-l"), package}, {}, {QStringLiteral("COLUMNS=1000")}, -1};
 }
 
 /** Its menu entry's starter asks for the administrator's password; without one only root may start it. */
@@ -47,14 +45,7 @@ bool PackageManager::listsAsInstalled(const QString &listing, const QString &pac
 
 bool PackageManager::isPackageInstalled(const QString &package)
 {
-    if (!isPackageName(package))
-        return false;
-    const ProcessResult result = runProcess({QStringLiteral("dpkg"),
-                                             listingArguments(package),
-                                             {},
-                                             {QLatin1String("COLUMNS=") + listingWidth},
-                                             -1});
-    return listsAsInstalled(result.output, package);
+    return isPackageName(package) && listsAsInstalled(runProcess(listingCall(package)).output, package);
 }
 
 void PackageManager::isPackageInstalled(const QString &package, QObject *context, const Answer &answer)
@@ -64,29 +55,10 @@ void PackageManager::isPackageInstalled(const QString &package, QObject *context
             context, [answer] { answer(false); }, Qt::QueuedConnection);
         return;
     }
-    auto *process = new QProcess(context);
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("COLUMNS"), listingWidth);
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    process->setProcessEnvironment(environment);
-    const auto give = [process, package, answer] {
-        process->disconnect();
-        process->deleteLater();
-        answer(listsAsInstalled(QString::fromLocal8Bit(process->readAllStandardOutput()), package));
-    };
-    QObject::connect(
-        process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), context, [give] { give(); });
-    // Queued, so that the answer never comes before this function returns.
-    QObject::connect(
-        process,
-        &QProcess::errorOccurred,
-        context,
-        [give](QProcess::ProcessError error) {
-            if (error == QProcess::FailedToStart)
-                give();
-        },
-        Qt::QueuedConnection);
-    process->start(QStringLiteral("dpkg"), listingArguments(package), QIODevice::ReadOnly);
+    constexpr int TimeLimit = 30000; // milliseconds
+    followProcess(listingCall(package), TimeLimit, context, [package, answer](const ProcessResult &result) {
+        answer(listsAsInstalled(result.output, package));
+    });
 }
 
 bool PackageManager::runSynapticWithPackageSelected(const QString &package, bool refreshLists)

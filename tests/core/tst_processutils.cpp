@@ -68,6 +68,40 @@ private Q_SLOTS:
         QCOMPARE(runProcess(call).exitCode, 5);
     }
 
+    void followingToTheEnd()
+    {
+        constexpr int NoLimit = 60000;
+        QList<ProcessResult> results;
+        const auto keep = [&results](const ProcessResult &result) { results << result; };
+        followProcess({"/no/such/program"_s, {}, {}, {}, -1}, NoLimit, this, keep);
+        QVERIFY2(results.isEmpty(), "the answer comes later, whatever it is");
+        QTRY_COMPARE(results.size(), 1);
+        QVERIFY(!results.first().started && results.first().errorOutput.contains("/no/such/program"_s));
+
+        followProcess(shell("read line; echo \"$LC_ALL $line\"; echo why >&2; exit 3"), NoLimit, this, keep);
+        QTRY_COMPARE(results.size(), 2);
+        QCOMPARE(results.last().output + results.last().errorOutput, "C.UTF-8 \nwhy\n"_s);
+        QCOMPARE(results.last().exitCode, 3);
+
+        // What is killed takes along what it has started.
+        const QTemporaryDir folder;
+        ProcessCall call = shell("touch begun; (sleep 3; touch late) | cat");
+        call.workingDirectory = folder.path();
+        const QString begun = folder.filePath("begun"_s);
+        followProcess(call, 200, this, keep);
+        QTRY_COMPARE(results.size(), 3);
+        QVERIFY(QFile::remove(begun) && results.last().crashed()
+                && results.last().errorOutput.startsWith("sh: "_s));
+        auto context = std::make_unique<QObject>();
+        followProcess(call, NoLimit, context.get(), keep);
+        QTRY_VERIFY(QFile::exists(begun));
+        context.reset();
+        QTest::qWait(3500);
+        QVERIFY(!QFile::exists(folder.filePath("late"_s)));
+        QCOMPARE(results.size(), 3);
+        QCOMPARE(findChildren<QProcess *>().size(), 0);
+    }
+
     void surroundings()
     {
         const QTemporaryDir folder;
