@@ -18,6 +18,7 @@
 #include <QPointer>
 #include <QtConcurrent>
 
+#include <memory>
 #include <utility>
 
 namespace
@@ -140,10 +141,15 @@ RepoWidget *RepositoryCommands::openRepo(const QString &repoPath)
     }
     RepoWidget *widget = m_tabs.create(path);
     m_tabs.show(widget);
-    // A directory that was opened by mistake is not worth remembering; a repository whose disk is absent just now
-    // keeps the place that it has.
-    if (isRepository(path))
-        m_recent.add(path);
+    // What turns out to be no repository is not worth remembering; a repository whose disk is absent just now keeps
+    // the place that it has.
+    const RepoShell *shell = widget->repoShell();
+    const auto once = std::make_shared<QMetaObject::Connection>();
+    *once = connect(shell, &RepoShell::pathChanged, this, [this, shell, path, once] {
+        disconnect(*once);
+        if (shell->path() == path)
+            m_recent.add(path);
+    });
     widget->openRepo(path);
     return widget;
 }
