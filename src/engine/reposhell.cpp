@@ -8,6 +8,7 @@
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
 #include "engine/repreprorunner.h"
+#include "server/helperclient.h"
 #include "signing/signprocess.h"
 
 #include <QFile>
@@ -21,6 +22,7 @@
 RepoShell::RepoShell(QObject *parent)
     : QObject(parent)
     , m_signProcess(std::make_unique<SignProcess>())
+    , m_helper(std::make_unique<HelperClient>())
 {
     qRegisterMetaType<PackageInfoPtr>();
     qRegisterMetaType<QList<PackageInfoPtr>>();

@@ -10,6 +10,7 @@
 #include "engine/addoptions.h"
 #include "engine/packagelist.h"
 #include "engine/upgraderules.h"
+#include "server/reposerver.h"
 
 #include <QFuture>
 #include <QMutex>
@@ -25,6 +26,7 @@ class AptCandidates;
 class AsideDirectory;
 class DependsData;
 class ExportSession;
+class HelperClient;
 class PackageBackup;
 struct PackageFile;
 class PrivateApt;
@@ -133,6 +135,21 @@ public:
     sourceLine(bool trusted, const QString &architectures, int port, int protocol, const QString &host) const;
     /** Whether this machine's apt has this line from us. Reads a file. */
     static bool isInLocalSources(const QString &entry);
+
+    // --- publication: what the privileged helper does for the interface thread -------------------------------------
+
+    /**
+     * These return at once. `answer` comes from the event loop, after critical() where there is something to tell; it
+     * does not come when the engine is deleted before.
+     */
+    using HelperAnswer = std::function<void(bool done)>;
+    void addLocalSource(const QString &entry, const HelperAnswer &answer);
+    void removeLocalSource(const QString &entry, const HelperAnswer &answer);
+    void publishRepo(int port, int protocol, const HelperAnswer &answer);
+    void unpublishRepo(int port, int protocol, const HelperAnswer &answer);
+    /** What is served from this machine. These ask the service manager: callable from any thread but the interface's. */
+    QList<PublishedRepo> publishedRepos() const;
+    bool isPublished(int port, int protocol) const;
 
     // --- the running job -------------------------------------------------------------------------------------------
 
@@ -252,6 +269,7 @@ private:
     std::unique_ptr<ScratchFolder> m_tempDir; ///< what an import has unpacked
     QThread m_storeThread; ///< m_store's, and free whenever no job runs
     std::unique_ptr<DependsData> m_store;
+    std::unique_ptr<HelperClient> m_helper;
 
     // --- the job frame: reposhell.cpp
     void startJob(std::function<int()> job);

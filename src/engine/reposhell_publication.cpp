@@ -1,7 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reposhell.h"
+#include "server/helperclient.h"
 #include "server/localsources.h"
 #include "server/sourceline.h"
+
+#include <QFileInfo>
+#include <QPointer>
+#include <QTimer>
+
+namespace
+{
+/** Lets the engine tell what there is to tell, then hands the answer on. */
+HelperClient::Answer toldBy(RepoShell *shell, const RepoShell::HelperAnswer &answer)
+{
+    return [shell = QPointer<RepoShell>(shell), answer](const HelperClient::Result &result) {
+        if (!result.errorText.isEmpty())
+            Q_EMIT shell->critical(result.errorText, result.details);
+        // While a message box was shown, the engine may have gone.
+        if (shell)
+            answer(result.done);
+    };
+}
+} // namespace
 
 QString RepoShell::sourceLine(
     bool trusted, const QString &architectures, int port, int protocol, const QString &host) const
@@ -15,4 +35,34 @@ QString RepoShell::sourceLine(
 bool RepoShell::isInLocalSources(const QString &entry)
 {
     return LocalSources::fileContains(entry);
+}
+
+void RepoShell::addLocalSource(const QString &entry, const HelperAnswer &answer)
+{
+    m_helper->addLocalSource(entry, toldBy(this, answer));
+}
+
+void RepoShell::removeLocalSource(const QString &entry, const HelperAnswer &answer)
+{
+    m_helper->removeLocalSource(entry, toldBy(this, answer));
+}
+
+void RepoShell::publishRepo(int port, int protocol, const HelperAnswer &answer)
+{
+    const QString directory = QFileInfo(path()).canonicalFilePath();
+    if (directory.isEmpty()) {
+        const auto refuse = [this, answer, missing = path()] {
+            toldBy(this, answer)({false,
+                                  tr("The repository is not published!"),
+                                  tr("The directory \"%1\" is not there.").arg(missing)});
+        };
+        QTimer::singleShot(0, this, refuse);
+        return;
+    }
+    m_helper->publishRepo(directory, port, protocol, toldBy(this, answer));
+}
+
+void RepoShell::unpublishRepo(int port, int protocol, const HelperAnswer &answer)
+{
+    m_helper->unpublishRepo(port, protocol, toldBy(this, answer));
 }

@@ -5,7 +5,10 @@
 #include <QDBusError>
 #include <QDBusPendingReply>
 
-/** The privileged helper as it is seen on the system bus, which starts it when it is called. */
+/**
+ * The privileged helper as it is seen on the system bus, which starts it when it is called. The calls let the system
+ * ask the user for a password, and give the user the time to type it.
+ */
 class VeltAdminRepoInterface : public QDBusAbstractInterface
 {
     Q_OBJECT
@@ -26,4 +29,7 @@ public:
 
 Q_SIGNALS:
     void Error(int error, const QString &message);
+
+private:
+    QDBusPendingCall ask(const QString &method, const QVariantList &arguments);
 };

@@ -22,6 +22,9 @@ TestEnvironment::TestEnvironment()
     qputenv("GNUPGHOME", home + "/gnupg");
     // What a test looks for among temporary files must not be another program's.
     qputenv("TMPDIR", home + "/tmp");
+    // Nor may a test ask this machine's services for anything: there is no bus but one that was named on purpose.
+    if (qEnvironmentVariableIsEmpty("DBUS_SYSTEM_BUS_ADDRESS"))
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=" + home + "/bus");
     for (const char *folder : {"/.config", "/.cache", "/run", "/gnupg", "/tmp"}) {
         const QString path = m_home.path() + QLatin1String(folder);
         QDir().mkpath(path);
