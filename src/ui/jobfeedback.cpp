@@ -174,6 +174,28 @@ void JobFeedback::jobFinished(RepoWidget *widget, const QString &message)
         m_prompts.showErrors(errors);
 }
 
+void JobFeedback::showWaiting(RepoWidget *widget, const QString &message)
+{
+    Job job;
+    job.message = message;
+    job.shown = true;
+    job.stoppable = false;
+    job.runningTime.start();
+    m_jobs[widget] = job;
+    appendLog(widget, message);
+    showCurrent();
+}
+
+void JobFeedback::endWaiting(RepoWidget *widget,
+                             const QString &message,
+                             const QString &errorText,
+                             const QString &errorDetails)
+{
+    if (!errorText.isEmpty() && m_jobs[widget].errors.isEmpty())
+        jobError(widget, errorText, errorDetails, RepoEnums::CRITICAL);
+    jobFinished(widget, message);
+}
+
 void JobFeedback::jobError(RepoWidget *widget,
                            const QString &text,
                            const QString &details,
@@ -208,7 +230,7 @@ void JobFeedback::showCurrent()
     const RepoWidget *widget = m_tabs.current();
     const Job job = m_jobs.value(widget);
     m_progressBar->setVisible(job.shown);
-    m_stopButton->setVisible(job.shown);
+    m_stopButton->setVisible(job.shown && job.stoppable);
     m_stopButton->setEnabled(!job.stopping);
     if (job.shown) {
         m_progressBar->setMaximum(job.maximum);

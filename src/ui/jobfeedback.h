@@ -37,6 +37,16 @@ public:
     void appendLog(const QString &inMessage);
     /** Shows a message in the status bar and puts it into the log. */
     void announce(const QString &message);
+    /** Shows that the tab waits for the system, which nothing can stop: a text and a bar without an end. */
+    void showWaiting(RepoWidget *widget, const QString &message);
+    /**
+     * Ends that with a last word, which goes into the log too. Errors that came meanwhile are shown, or else this one
+     * if it has a text.
+     */
+    void endWaiting(RepoWidget *widget,
+                    const QString &message,
+                    const QString &errorText = {},
+                    const QString &errorDetails = {});
     /** Shows an error box and puts the error into the log. */
     void
     error(const QString &text, const QString &details = {}, RepoEnums::ErrorType type = RepoEnums::CRITICAL);
@@ -49,6 +59,7 @@ private:
         QString message;
         bool shown = false; ///< between start and end
         bool stopping = false;
+        bool stoppable = true;
         QList<Prompts::Error> errors; ///< of the running job, for one box at its end
         QElapsedTimer runningTime;
     };

@@ -82,7 +82,7 @@ RepoWidget *RepoTabs::create(const QString &path)
     // A child of the tab widget from the start, so that it never is a window of its own.
     auto *widget = new RepoWidget(m_tabWidget);
     widget->hide();
-    m_tabs.append({widget, path, QString(), false});
+    m_tabs.append({widget, path, QString(), false, false});
     tellOpenRepositories();
 
     RepoShell *engine = widget->repoShell();
@@ -165,7 +165,7 @@ void RepoTabs::discard(RepoWidget *widget)
     if (tab == nullptr)
         return;
     tab->discarded = true;
-    if (!isRunning(widget)) {
+    if (!runsJob(widget)) {
         remove(widget);
         return;
     }
@@ -204,21 +204,38 @@ void RepoTabs::remove(RepoWidget *widget)
     widget->deleteLater();
 }
 
-bool RepoTabs::isRunning(const RepoWidget *widget) const
+bool RepoTabs::runsJob(const RepoWidget *widget)
 {
     return widget->repoShell()->isRunning();
 }
 
+bool RepoTabs::isRunning(const RepoWidget *widget) const
+{
+    const Tab *tab = tabOf(widget);
+    return runsJob(widget) || (tab != nullptr && tab->waiting);
+}
+
+void RepoTabs::setWaiting(RepoWidget *widget, bool waiting)
+{
+    Tab *tab = tabOf(widget);
+    if (tab == nullptr || tab->waiting == waiting)
+        return;
+    tab->waiting = waiting;
+    Q_EMIT runningChanged(widget);
+    // What was put off meanwhile has its turn, as after a job.
+    if (!waiting && !runsJob(widget) && !widget->repoPath().isEmpty())
+        Q_EMIT ready(widget);
+}
+
 bool RepoTabs::isAnyRunning() const
 {
-    return std::any_of(
-        m_tabs.cbegin(), m_tabs.cend(), [this](const Tab &tab) { return isRunning(tab.widget); });
+    return std::any_of(m_tabs.cbegin(), m_tabs.cend(), [](const Tab &tab) { return runsJob(tab.widget); });
 }
 
 QString RepoTabs::runningJob(const RepoWidget *widget) const
 {
     const Tab *tab = tabOf(widget);
-    return tab != nullptr && isRunning(widget) ? tab->job : QString();
+    return tab != nullptr && runsJob(widget) ? tab->job : QString();
 }
 
 QStringList RepoTabs::runningJobs() const

@@ -38,7 +38,10 @@ public:
     /** Takes the tab away, at once or, when a job runs, stopping it first, when that has ended. */
     void discard(RepoWidget *widget);
 
+    /** Whether the tab is at work: its engine runs a job, or setWaiting() says that it waits for the system. */
     bool isRunning(const RepoWidget *widget) const;
+    /** Between these two calls the system does something for the tab. Unlike a job, it keeps nobody from closing. */
+    void setWaiting(RepoWidget *widget, bool waiting);
     /** Whether the engine of any tab, shown or not, runs a job. */
     bool isAnyRunning() const;
     /** Start messages of the running jobs, each once. */
@@ -53,9 +56,9 @@ Q_SIGNALS:
     void currentChanged(RepoWidget *widget);
     /** The repository of a tab lies somewhere else now. */
     void moved(RepoWidget *widget, const QString &newPath, const QString &oldPath);
-    /** A job of this tab has begun or ended. */
+    /** A job of this tab, or a time of waiting, has begun or ended. */
     void runningChanged(RepoWidget *widget);
-    /** The last job of this tab has ended and it has a repository. */
+    /** The last job of this tab, or its waiting, has ended and it has a repository. */
     void ready(RepoWidget *widget);
     /** This tab will be gone when control returns to the event loop. */
     void leaving(RepoWidget *widget);
@@ -71,10 +74,12 @@ private:
         QString path;
         QString job; ///< start message of the last job
         bool discarded = false;
+        bool waiting = false; ///< for the system
     };
 
     Tab *tabOf(const RepoWidget *widget);
     const Tab *tabOf(const RepoWidget *widget) const;
+    static bool runsJob(const RepoWidget *widget);
     void setPath(RepoWidget *widget, const QString &path);
     void engineIdle(RepoWidget *widget);
     void remove(RepoWidget *widget);
