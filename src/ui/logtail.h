@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFutureWatcher>
+#include <QObject>
+#include <QTimer>
+
+/** Follows the end of a text file that another program writes. The file is read aside, once a second. */
+class LogTail : public QObject
+{
+    Q_OBJECT
+public:
+    static constexpr qint64 MostBytes = 65536;
+
+    explicit LogTail(QObject *parent);
+
+    /** Follows this file from now on; an empty path: none. It need not be there. */
+    void setFile(const QString &path);
+    /** Whole lines from the end of the file, at most MostBytes; empty when it cannot be read. Reads a file. */
+    static QString read(const QString &path);
+
+Q_SIGNALS:
+    /** The text is another one than the last time. */
+    void changed(const QString &text);
+
+private:
+    void readAside();
+    void take();
+
+    QString m_path;
+    QString m_readPath; ///< of the reading that is under way
+    QString m_text;
+    QTimer m_timer;
+    QFutureWatcher<QString> m_reading;
+};
