@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <chrono>
@@ -10,10 +11,12 @@ namespace VeltAdmin
 /**
  * One service of the system's service manager, which is spoken to over the system bus. Every call waits until what it
  * asks for is done and takes from some milliseconds to many seconds: not for the interface thread. Reading is
- * allowed to everybody; changing takes the rights that the service manager wants. Usable on any thread, one at a time.
+ * allowed to everybody; changing takes the rights that the service manager wants, which nobody is asked for a password
+ * to get. Each call has a connection of its own: usable on any thread, one object by one thread at a time.
  */
 class SystemdService
 {
+    Q_DECLARE_TR_FUNCTIONS(SystemdService)
 public:
     /** `name` with or without its ".service". */
     explicit SystemdService(const QString &name);
@@ -25,12 +28,14 @@ public:
     /** From the next start of the system on, the service is started, or not. */
     bool enable();
     bool disable();
+    /** Lets the manager forget that the service has failed. */
+    bool resetFailed();
 
     bool isActive() const;
     bool isEnabled() const;
     /** "active", "inactive", "failed", "activating" and so on; empty when the manager cannot be asked. */
     QString activeState() const;
-    /** Whether the service is active and still is after this time; false as soon as it is not. */
+    /** Whether the service is active and still is after this time, without a restart; false as soon as it is not. */
     bool staysActive(std::chrono::milliseconds time) const;
 
     /** Why the last call on this object failed, in words; empty after one that did not. */
@@ -42,5 +47,8 @@ public:
 private:
     QString m_unit;
     mutable QString m_errorText;
+
+    bool runJob(const char *method);
+    bool fail(const QString &text) const;
 };
 } // namespace VeltAdmin

@@ -10,8 +10,11 @@
 class RepoServers
 {
 public:
+    using Servers = std::map<int, std::unique_ptr<RepoServer>>;
+
     /** Those of this system. */
     RepoServers();
+    explicit RepoServers(Servers servers);
 
     /** Null for a protocol that nothing serves. */
     RepoServer *server(int protocol) const;
@@ -20,5 +23,5 @@ public:
     bool isPublished(int port, int protocol) const;
 
 private:
-    std::map<int, std::unique_ptr<RepoServer>> m_servers;
+    Servers m_servers;
 };

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "server/reposerver.h"
+
+#include <memory>
+
+namespace SystemFile
+{
+struct State;
+}
+namespace VeltAdmin
+{
+class SystemdService;
+}
+
+/**
+ * Serves one repository over FTP, by the system's vsftpd, whose configuration is replaced. The first one that was the
+ * administrator's own is kept beside it. A publication that fails leaves the configuration and the service as they
+ * were. Reading is safe on several threads at once, publishing on one.
+ */
+class FtpServer final : public RepoServer
+{
+public:
+    /** What the name of the configuration file gets to name the administrator's own. */
+    static inline const QString KeptSuffix = QStringLiteral(".velt-admin-repo.orig");
+
+    FtpServer();
+    explicit FtpServer(const QString &configPath);
+    ~FtpServer() override;
+
+    bool publish(const QString &path, int port) override;
+    /** Whatever is published, on this port or another one. */
+    bool unpublish(int port) override;
+    bool isPublished(int port) override;
+    QList<PublishedRepo> publishedRepos() override;
+    /** There is none. */
+    QString log() override;
+
+    /** Whether the configuration that is there was written by publish(). */
+    bool isConfiguredByUs() const;
+
+private:
+    QString m_configPath;
+    std::unique_ptr<VeltAdmin::SystemdService> m_service;
+
+    bool keepForeign(const SystemFile::State &before) const;
+    void withdraw(const SystemFile::State &before, const SystemFile::State &kept, bool wasActive);
+};

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "server/publicationpath.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QVector>
+
+#include <algorithm>
+
+namespace
+{
+bool isAllowed(uint character)
+{
+    return QChar::isLetterOrNumber(character) || QChar::isMark(character)
+           || (character < 0x80 && QByteArrayLiteral("/._+~@:- ").contains(static_cast<char>(character)));
+}
+} // namespace
+
+namespace PublicationPath
+{
+bool isWellFormed(const QString &path)
+{
+    if (path.size() < 2 || !path.startsWith(QLatin1Char('/')) || QDir::cleanPath(path) != path)
+        return false;
+    // A blank at the end of a value is lost in most configuration files; one at the start of a name is asking for it.
+    if (path.endsWith(QLatin1Char(' ')) || path.contains(QLatin1String("/ "))
+        || path.contains(QLatin1String(" /")))
+        return false;
+    const QVector<uint> characters = path.toUcs4();
+    return std::all_of(characters.cbegin(), characters.cend(), isAllowed);
+}
+
+bool isPublishable(const QString &path)
+{
+    return isWellFormed(path) && QFileInfo(path).canonicalFilePath() == path && QFileInfo(path).isDir()
+           && QFileInfo(path + QLatin1String("/conf/distributions")).isFile();
+}
+} // namespace PublicationPath

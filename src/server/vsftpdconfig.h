@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "server/reposerver.h"
+
+/** The text of vsftpd's configuration file. */
+namespace VsftpdConfig
+{
+/** The one that offers `path` on `port` to everybody, read-only. */
+QString text(const QString &path, int port);
+/** Whether it is one that text() gives; any other belongs to the machine's administrator. */
+bool isOurs(const QString &config);
+/** What it offers to everybody; the port is 0 when none is named. */
+PublishedRepo read(const QString &config);
+/** Whether it speaks of this port. The start of a longer number counts too. */
+bool mentionsPort(const QString &config, int port);
+} // namespace VsftpdConfig
