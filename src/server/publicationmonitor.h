@@ -1,25 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "server/reposerver.h"
-#include "server/sourceline.h"
+#include "server/publication.h"
 
+#include <QFileSystemWatcher>
+#include <QFutureWatcher>
 #include <QObject>
+#include <QSet>
+#include <QStringList>
+#include <QTimer>
 #include <QVector>
 
+#include <functional>
 #include <memory>
 
+class QDBusMessage;
 class RepoServers;
-
-/** A repository that is published, and how its service does. */
-struct Publication
-{
-    PublishedRepo repo;
-    int protocol = HttpProtocol;
-    QString state; ///< the service's: "active", "failed", "inactive" and so on; empty when it cannot be told
-
-    bool operator==(const Publication &other) const;
-};
 
 /**
  * Knows what is published from this machine right now. It reads aside, again whenever the servers' files or services
@@ -29,24 +25,63 @@ class PublicationMonitor : public QObject
 {
     Q_OBJECT
 public:
+    /** What one reading has found. */
+    struct Picture
+    {
+        QVector<Publication> publications;
+        QSet<int> listeningPorts;
+
+        bool operator==(const Picture &other) const;
+    };
+    /** Called on the thread pool, never twice at a time, and perhaps after the monitor has gone. */
+    using Reader = std::function<Picture()>;
+
     explicit PublicationMonitor(QObject *parent = nullptr);
-    PublicationMonitor(std::shared_ptr<const RepoServers> servers, QObject *parent);
+    PublicationMonitor(const std::shared_ptr<const RepoServers> &servers, QObject *parent);
+    /** `watched` are files and folders whose change calls for a reading. */
+    PublicationMonitor(Reader reader, const QStringList &watched, QObject *parent);
     ~PublicationMonitor() override;
 
     /** Whether the first reading has ended; before, nothing is known and publications() is empty. */
     bool isKnown() const { return m_known; }
     /** Those over HTTP first. */
-    QVector<Publication> publications() const { return m_publications; }
+    QVector<Publication> publications() const { return m_picture.publications; }
     /** The publications of the repository in this directory, however its path is spelled. */
     QVector<Publication> publicationsOf(const QString &repoPath) const;
+    /** On which any program of this machine waits; as of the last reading, which no such program brings about. */
+    QSet<int> listeningPorts() const { return m_picture.listeningPorts; }
     /** Reads again now; refreshed() follows in any case. */
     void refresh();
+    /** Reads again every few seconds from now on, or no longer: for who looks at the services. Starts switched off. */
+    void setLive(bool live);
 
 Q_SIGNALS:
+    /** A reading has found another picture than the one before it, or the first one. */
     void changed();
+    /** A reading has ended that began after the last refresh(). */
     void refreshed();
 
+private Q_SLOTS:
+    // What QtDBus calls, by name.
+    void takeServiceMessage(const QDBusMessage &message);
+
 private:
+    Reader m_reader;
+    QStringList m_watched;
+    QFileSystemWatcher m_files;
+    QFutureWatcher<Picture> m_reading;
+    QTimer m_soon;
+    QTimer m_live;
+    bool m_again = false; ///< a refresh() has come while a reading ran
     bool m_known = false;
-    QVector<Publication> m_publications;
+    Picture m_picture;
+
+    void watchFiles();
+    bool isWatched(const QString &path) const;
+    void takeFolderChange(const QString &folder);
+    void subscribe();
+    void refreshSoon();
+    void refreshWhenFree();
+    void startReading();
+    void takeReading();
 };

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "server/publication.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+bool Publication::isRunning() const
+{
+    return state != QLatin1String("inactive") && state != QLatin1String("failed");
+}
+
+bool Publication::operator==(const Publication &other) const
+{
+    return repo.port == other.repo.port && repo.type == other.repo.type && repo.path == other.repo.path
+           && protocol == other.protocol && state == other.state && isThere == other.isThere;
+}
+
+QString Publication::placeOf(const QString &path)
+{
+    const QString canonical = QFileInfo(path).canonicalFilePath();
+    return canonical.isEmpty() && !path.isEmpty() ? QDir::cleanPath(path) : canonical;
+}

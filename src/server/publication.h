@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "server/reposerver.h"
+#include "server/sourceline.h"
+
+/** A repository that is published, and how its service does. */
+struct Publication
+{
+    PublishedRepo repo; ///< its path is canonical where the directory exists
+    int protocol = HttpProtocol;
+    QString state; ///< the service's: "active", "failed", "inactive" and so on; empty when it cannot be told
+    bool isThere = true; ///< its directory exists
+
+    /** Whether it is served, or may be: a state that cannot be told counts as running. */
+    bool isRunning() const;
+
+    bool operator==(const Publication &other) const;
+
+    /** The canonical form of a path, or its clean form when nothing is there. Reads the file system. */
+    static QString placeOf(const QString &path);
+};
