@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "server/publicationrules.h"
+
+#include "server/publicationpath.h"
+#include "server/publicationsettings.h"
+
+namespace
+{
+/** The port on which it waits; the FTP server has a port of its own where its settings name none. */
+int portOf(const Publication &publication)
+{
+    constexpr int ftpPort = 21;
+    return publication.protocol == FtpProtocol && publication.repo.port == 0 ? ftpPort
+                                                                             : publication.repo.port;
+}
+
+/** Whether both need the same place: a port's service, or FTP's only one. */
+bool isSamePlace(const Publication &publication, const PublicationRequest &request)
+{
+    return publication.protocol == request.protocol
+           && (request.protocol == FtpProtocol || portOf(publication) == request.port);
+}
+
+/** Whether it serves the repository from where that has been before it was moved. */
+bool isLeftBehind(const Publication &publication, const PublicationRequest &request)
+{
+    // What another user has published on a port that was ours once still has its directory.
+    return !publication.isThere && portOf(publication) == request.port
+           && request.registeredPath == request.path;
+}
+} // namespace
+
+PublicationRules PublicationRules::judge(const PublicationRequest &request,
+                                         const QVector<Publication> &publications,
+                                         const QSet<int> &listening)
+{
+    PublicationRules rules;
+    rules.sort(request, publications);
+    rules.obstacle = badRequest(request);
+    if (rules.obstacle.isEmpty())
+        rules.obstacle = rules.conflict(request, publications, listening);
+    return rules;
+}
+
+void PublicationRules::sort(const PublicationRequest &request, const QVector<Publication> &publications)
+{
+    for (const Publication &publication : publications) {
+        const bool isOwn = !request.path.isEmpty() && publication.repo.path == request.path;
+        if (!isSamePlace(publication, request)) {
+            if (isOwn)
+                elsewhere += publication;
+        } else if (isOwn || isLeftBehind(publication, request)) {
+            own = publication;
+            // The FTP server is started anew in any case.
+            stopsFirst = !isOwn && publication.protocol == HttpProtocol && publication.isRunning();
+        } else if (!publication.repo.path.isEmpty()) {
+            replaced = publication;
+        }
+    }
+}
+
+QString PublicationRules::badRequest(const PublicationRequest &request)
+{
+    if (request.path.isEmpty())
+        return tr("There is no repository");
+    if (request.protocol != HttpProtocol && request.protocol != FtpProtocol)
+        return tr("Choose a server type");
+    if (request.port < PublicationSettings::LowestPort || request.port > PublicationSettings::HighestPort)
+        return tr("There is no port %1").arg(request.port);
+    if (!PublicationPath::isWellFormed(request.path))
+        return tr("The path %1 cannot be served. It may consist of letters, digits, blanks inside names and "
+                  "the "
+                  "characters %2.")
+            .arg(request.path, QStringLiteral(". _ + ~ @ : -"));
+    return {};
+}
+
+QString PublicationRules::conflict(const PublicationRequest &request,
+                                   const QVector<Publication> &publications,
+                                   const QSet<int> &listening) const
+{
+    bool isOurPort = false;
+    for (const Publication &publication : publications) {
+        if (!publication.isRunning() || portOf(publication) != request.port)
+            continue;
+        if (publication.protocol == request.protocol) {
+            if (publication.repo.path == request.path)
+                return tr("The repository is published already");
+            if (publication.repo.path.isEmpty() || (own && *own == publication))
+                isOurPort = true;
+            else
+                return tr("Another repository is published");
+        } else if (publication.repo.path == request.path) {
+            return tr("The repository is published on this port over %1. Unpublish it first.")
+                .arg(publication.repo.type);
+        } else if (!publication.repo.path.isEmpty()) {
+            return tr("Another repository is published");
+        }
+    }
+    if (!isOurPort && listening.contains(request.port))
+        return tr("Another program uses the port %1").arg(request.port);
+    return {};
+}
