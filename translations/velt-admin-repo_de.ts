@@ -5,284 +5,284 @@
     <name>AddPackageDialog</name>
     <message>
         <source>Add package from external repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket aus externem Repository hinzufügen</translation>
     </message>
     <message>
         <source>Enter package name:</source>
-        <translation type="unfinished"></translation>
+        <translation>Paketnamen eingeben:</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzufügen</translation>
     </message>
 </context>
 <context>
     <name>AddPkgSettingsDialog</name>
     <message>
         <source>Package add settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen zum Hinzufügen von Paketen</translation>
     </message>
     <message>
         <source>Component:</source>
-        <translation type="unfinished"></translation>
+        <translation>Komponente:</translation>
     </message>
     <message>
         <source>The component to which packages will be added.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Komponente, zu der Pakete hinzugefügt werden.</translation>
     </message>
     <message>
         <source>Sign the package for a closed software environment</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket für eine geschlossene Softwareumgebung signieren</translation>
     </message>
     <message>
         <source>Check depends</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten prüfen</translation>
     </message>
     <message>
         <source>Show dialog when adding packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesen Dialog beim Hinzufügen von Paketen zeigen</translation>
     </message>
     <message>
         <source>(each package&apos;s own component)</source>
-        <translation type="unfinished"></translation>
+        <translation>(eigene Komponente jedes Pakets)</translation>
     </message>
 </context>
 <context>
     <name>AptFetch</name>
     <message>
         <source>The source %1 does not have one of its components.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Paketquelle %1 fehlt eine ihrer Komponenten.</translation>
     </message>
     <message>
         <source>The source %1 is not trusted: its signature is missing or cannot be checked.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Paketquelle %1 wird nicht vertraut: Ihre Signatur fehlt oder kann nicht geprüft werden.</translation>
     </message>
     <message>
         <source>The source %1 does not exist there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Paketquelle %1 gibt es dort nicht.</translation>
     </message>
     <message>
         <source>A part of the source is missing: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Teil der Paketquelle fehlt: %1.</translation>
     </message>
     <message>
         <source>The server could not be reached: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Server war nicht erreichbar: %1.</translation>
     </message>
     <message>
         <source>The source could not be fetched: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Paketquelle konnte nicht abgerufen werden: %1.</translation>
     </message>
     <message>
         <source>apt could not fetch the lists of packages.</source>
-        <translation type="unfinished"></translation>
+        <translation>apt konnte die Paketlisten nicht abrufen.</translation>
     </message>
 </context>
 <context>
     <name>AptUtils</name>
     <message>
         <source>Apt error</source>
-        <translation type="unfinished"></translation>
+        <translation>apt-Fehler</translation>
     </message>
     <message>
         <source>apt has no list of the packages of any public source. &quot;apt update&quot; fetches the lists of the sources that it has been told of.</source>
-        <translation type="unfinished"></translation>
+        <translation>apt hat von keiner öffentlichen Paketquelle eine Paketliste. „apt update“ ruft die Listen der Paketquellen ab, die apt kennt.</translation>
     </message>
     <message>
         <source>apt-cache: error showing package %1 info</source>
-        <translation type="unfinished"></translation>
+        <translation>apt-cache: Fehler beim Anzeigen der Angaben zum Paket %1</translation>
     </message>
     <message>
         <source>Apt: download package %1 error</source>
-        <translation type="unfinished"></translation>
+        <translation>apt: Fehler beim Herunterladen des Pakets %1</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not the name of a package</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist kein Paketname</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not an architecture</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist keine Architektur</translation>
     </message>
 </context>
 <context>
     <name>ArchiveCommands</name>
     <message>
         <source>Import packages from folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete aus Ordner importieren</translation>
     </message>
     <message>
         <source>Not imported: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht importiert: %1</translation>
     </message>
     <message>
         <source>Select folder with packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Ordner mit Paketen auswählen</translation>
     </message>
     <message>
         <source>Select export archive</source>
-        <translation type="unfinished"></translation>
+        <translation>Exportarchiv auswählen</translation>
     </message>
     <message>
         <source>Archives (*.tgz *.tar.gzip)</source>
-        <translation type="unfinished"></translation>
+        <translation>Archive (*.tgz *.tar.gzip)</translation>
     </message>
     <message>
         <source>Not exported: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht exportiert: %1</translation>
     </message>
     <message>
         <source>Select archive with packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Archiv mit Paketen auswählen</translation>
     </message>
     <message>
         <source>All files (*)</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Dateien (*)</translation>
     </message>
     <message>
         <source>Select directory</source>
-        <translation type="unfinished"></translation>
+        <translation>Verzeichnis auswählen</translation>
     </message>
 </context>
 <context>
     <name>ArchiveUtils</name>
     <message>
         <source>Can&apos;t open archive for import!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv kann nicht für den Import geöffnet werden!</translation>
     </message>
     <message>
         <source>Can&apos;t umount archive!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv kann nicht ausgehängt werden!</translation>
     </message>
     <message>
         <source>The folder %1 cannot be used: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Ordner %1 kann nicht verwendet werden: %2</translation>
     </message>
     <message>
         <source>Another import is reading an archive. Try again when it is done.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderer Import liest gerade ein Archiv. Versuchen Sie es erneut, wenn er fertig ist.</translation>
     </message>
     <message>
         <source>The archive of an earlier import is still mounted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv eines früheren Imports ist noch eingehängt.</translation>
     </message>
     <message>
         <source>The program %1 could not be started. Install the package %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm %1 konnte nicht gestartet werden. Installieren Sie das Paket %2.</translation>
     </message>
 </context>
 <context>
     <name>ArchiveWriter</name>
     <message>
         <source>It is no file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es ist keine Datei.</translation>
     </message>
     <message>
         <source>It is larger than the 8 GiB that an archive can hold of a file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie ist größer als die 8 GiB, die ein Archiv von einer Datei aufnehmen kann.</translation>
     </message>
     <message>
         <source>It was changed by another program while it was read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie wurde beim Lesen von einem anderen Programm geändert.</translation>
     </message>
 </context>
 <context>
     <name>CheckTableDialog</name>
     <message>
         <source>&amp;Select all</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Alle auswählen</translation>
     </message>
     <message>
         <source>Selected: %1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgewählt: %1 von %2</translation>
     </message>
 </context>
 <context>
     <name>ClosingSequence</name>
     <message>
         <source>Warning</source>
-        <translation type="unfinished"></translation>
+        <translation>Warnung</translation>
     </message>
     <message>
         <source>%1 is in progress, do you really want to close the program?</source>
-        <translation type="unfinished"></translation>
+        <translation>Es läuft noch: %1. Möchten Sie das Programm wirklich schließen?</translation>
     </message>
     <message>
         <source>%1 is in progress, do you really want to close the repository?</source>
-        <translation type="unfinished"></translation>
+        <translation>Es läuft noch: %1. Möchten Sie das Repository wirklich schließen?</translation>
     </message>
 </context>
 <context>
     <name>DependsCommands</name>
     <message>
         <source>Warning!</source>
-        <translation type="unfinished"></translation>
+        <translation>Warnung!</translation>
     </message>
     <message>
         <source>Dependences checking is disabled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Abhängigkeitsprüfung ist ausgeschaltet.</translation>
     </message>
     <message>
         <source>Add packages to local repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete zum lokalen Repository hinzufügen</translation>
     </message>
     <message>
         <source>Add package to local repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket zum lokalen Repository hinzufügen</translation>
     </message>
     <message>
         <source>Not added: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht hinzugefügt: %1</translation>
     </message>
 </context>
 <context>
     <name>DependsModel</name>
     <message>
         <source>Package</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket</translation>
     </message>
 </context>
 <context>
     <name>DependsReport</name>
     <message>
         <source>not checked</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht geprüft</translation>
     </message>
     <message>
         <source>provided by %1</source>
-        <translation type="unfinished"></translation>
+        <translation>bereitgestellt von %1</translation>
     </message>
     <message>
         <source>needs %1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>benötigt %1, %2</translation>
     </message>
     <message>
         <source>no source offers it, nor a suitable version of what provides it: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>keine Paketquelle bietet es an, auch keine passende Version dessen, was es bereitstellt: %1</translation>
     </message>
     <message>
         <source>no source offers it</source>
-        <translation type="unfinished"></translation>
+        <translation>keine Paketquelle bietet es an</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
     <message>
         <source>Packages with satisfied dependencies: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete mit erfüllten Abhängigkeiten: %1</translation>
     </message>
     <message>
         <source>Packages with missing dependencies: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete mit fehlenden Abhängigkeiten: %1</translation>
     </message>
     <message>
         <source>Packages not checked: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht geprüfte Pakete: %1</translation>
     </message>
     <message>
         <source>Most wanted:</source>
-        <translation type="unfinished"></translation>
+        <translation>Am meisten verlangt:</translation>
     </message>
     <message numerus="yes">
         <source>%1, by %n package(s)</source>
@@ -293,308 +293,327 @@
     </message>
     <message>
         <source>%1 offers %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bietet %2 an</translation>
     </message>
 </context>
 <context>
     <name>DependsReportCommands</name>
     <message>
         <source>Copy report</source>
-        <translation type="unfinished"></translation>
+        <translation>Bericht kopieren</translation>
     </message>
     <message>
         <source>Save report...</source>
-        <translation type="unfinished"></translation>
+        <translation>Bericht speichern...</translation>
     </message>
     <message>
         <source>Report is copied to clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht ist in die Zwischenablage kopiert</translation>
     </message>
     <message>
         <source>Text (*.txt)</source>
-        <translation type="unfinished"></translation>
+        <translation>Text (*.txt)</translation>
     </message>
     <message>
         <source>JSON (*.json)</source>
-        <translation type="unfinished"></translation>
+        <translation>JSON (*.json)</translation>
     </message>
     <message>
         <source>Save report</source>
-        <translation type="unfinished"></translation>
+        <translation>Bericht speichern</translation>
     </message>
     <message>
         <source>The report is saved in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht ist in %1 gespeichert.</translation>
     </message>
     <message>
         <source>The report cannot be saved in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Bericht kann nicht in %1 gespeichert werden.</translation>
     </message>
 </context>
 <context>
     <name>DependsView</name>
     <message>
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>Kopieren</translation>
     </message>
     <message>
         <source>Dependencies in this state are not shown. The buttons above choose what is shown.</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten in diesem Zustand werden nicht angezeigt. Die Knöpfe darüber wählen, was angezeigt wird.</translation>
     </message>
     <message>
         <source>The package has no dependencies.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Paket hat keine Abhängigkeiten.</translation>
     </message>
     <message>
         <source>Not checked yet: press &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Noch nicht geprüft: Betätigen Sie „%1“.</translation>
     </message>
     <message>
         <source>The package has no dependencies that can be checked.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Paket hat keine Abhängigkeiten, die geprüft werden können.</translation>
     </message>
 </context>
 <context>
     <name>DpkgUtils</name>
     <message>
         <source>&quot;%1&quot; is not a version</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist keine Version</translation>
     </message>
     <message>
         <source>The process dpkg crashed!</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Prozess dpkg ist abgestürzt!</translation>
     </message>
 </context>
 <context>
     <name>EmptyPage</name>
     <message>
         <source>No repository is open</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Repository ist geöffnet</translation>
     </message>
     <message>
         <source>Create a repository or open one to add packages to it</source>
-        <translation type="unfinished"></translation>
+        <translation>Legen Sie ein Repository an oder öffnen Sie eines, um Pakete hinzuzufügen</translation>
     </message>
 </context>
 <context>
     <name>ExternalRepoSourceDialog</name>
     <message>
         <source>Add external repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Externes Repository hinzufügen</translation>
     </message>
     <message>
         <source>Change external repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Externes Repository ändern</translation>
     </message>
     <message>
         <source>Address, suite and components, as in a sources list</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse, Suite und Komponenten wie in einer Paketquellenliste</translation>
     </message>
     <message>
         <source>name to show in place of the address</source>
-        <translation type="unfinished"></translation>
+        <translation>Name, der statt der Adresse angezeigt wird</translation>
     </message>
     <message>
         <source>&amp;Source line:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Quellzeile:</translation>
     </message>
     <message>
         <source>A&amp;lias:</source>
-        <translation type="unfinished"></translation>
+        <translation>A&amp;lias:</translation>
     </message>
 </context>
 <context>
     <name>ExternalRepos</name>
     <message>
         <source>&quot;%1&quot; is not the address of a repository. It begins with http:, https:, ftp: or file:.</source>
-        <translation type="unfinished"></translation>
+        <translation>„%1“ ist keine Adresse eines Repositorys. Sie beginnt mit http:, https:, ftp: oder file:.</translation>
     </message>
     <message>
         <source>A disc that apt asks for cannot be searched. Mount it and use a file: address.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Datenträger, nach dem apt fragt, kann nicht durchsucht werden. Hängen Sie ihn ein und verwenden Sie eine file:-Adresse.</translation>
     </message>
     <message>
         <source>The path behind file: begins with a slash and holds no square brackets.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Pfad hinter file: beginnt mit einem Schrägstrich und enthält keine eckigen Klammern.</translation>
     </message>
     <message>
         <source>Addresses with &quot;%1:&quot; cannot be used. Use http:, https:, ftp: or file:.</source>
-        <translation type="unfinished"></translation>
+        <translation>Adressen mit „%1:“ können nicht verwendet werden. Verwenden Sie http:, https:, ftp: oder file:.</translation>
     </message>
     <message>
         <source>The address names no host, or not as in http://example.org/debian.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Adresse nennt keinen Rechner oder nicht wie in http://example.org/debian.</translation>
     </message>
     <message>
         <source>The line holds a line break or another invisible character.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zeile enthält einen Zeilenumbruch oder ein anderes unsichtbares Zeichen.</translation>
     </message>
     <message>
         <source>Enter the address, the suite and the components of the repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geben Sie die Adresse, die Suite und die Komponenten des Repositorys ein.</translation>
     </message>
     <message>
         <source>Lines for source packages cannot be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeilen für Quellpakete können nicht verwendet werden.</translation>
     </message>
     <message>
         <source>The character %1 cannot stand in a source line.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Zeichen %1 darf in einer Quellzeile nicht stehen.</translation>
     </message>
     <message>
         <source>The options in square brackets are not written as in [arch=amd64 trusted=yes].</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Optionen in eckigen Klammern sind nicht wie in [arch=amd64 trusted=yes] geschrieben.</translation>
     </message>
     <message>
         <source>The suite is missing behind the address.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinter der Adresse fehlt die Suite.</translation>
     </message>
     <message>
         <source>Square brackets stand only around the options, in front of the address.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eckige Klammern stehen nur um die Optionen vor der Adresse.</translation>
     </message>
     <message>
         <source>A suite that ends in a slash has no components.</source>
-        <translation type="unfinished"></translation>
+        <translation>Eine Suite, die mit einem Schrägstrich endet, hat keine Komponenten.</translation>
     </message>
     <message>
         <source>The components are missing. Only a suite that ends in a slash has none.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Komponenten fehlen. Nur eine Suite, die mit einem Schrägstrich endet, hat keine.</translation>
     </message>
     <message>
         <source>The list has this repository already.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Liste enthält dieses Repository bereits.</translation>
     </message>
 </context>
 <context>
     <name>ExternalReposDialog</name>
     <message>
         <source>No external repositories to show</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine externen Repositorys vorhanden</translation>
     </message>
     <message>
         <source>&amp;Add...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Hinzufügen...</translation>
     </message>
     <message>
         <source>&amp;Edit...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Bearbeiten...</translation>
     </message>
     <message>
         <source>&amp;Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Entfernen</translation>
     </message>
     <message>
         <source>Edit external repos</source>
-        <translation type="unfinished"></translation>
+        <translation>Externe Repositorys bearbeiten</translation>
     </message>
     <message>
         <source>The repositories that are asked when dependencies are checked, packages are searched for and a repository is upgraded. The sources of the system itself stay as they are.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Repositorys, die gefragt werden, wenn Abhängigkeiten geprüft, Pakete gesucht und Repositorys aktualisiert werden. Die Paketquellen des Systems selbst bleiben, wie sie sind.</translation>
     </message>
     <message>
         <source>Asking apt which repositories it knows...</source>
-        <translation type="unfinished"></translation>
+        <translation>apt wird gefragt, welche Repositorys es kennt...</translation>
     </message>
     <message>
         <source>External repositories</source>
-        <translation type="unfinished"></translation>
+        <translation>Externe Repositorys</translation>
     </message>
     <message>
         <source>apt does not say which repositories it knows; only stored ones are shown. %1</source>
-        <translation type="unfinished"></translation>
+        <translation>apt teilt nicht mit, welche Repositorys es kennt; nur gespeicherte werden angezeigt. %1</translation>
     </message>
     <message>
         <source>What apt knows from the sources of the system cannot be removed here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was apt aus den Paketquellen des Systems kennt, kann hier nicht entfernt werden.</translation>
     </message>
     <message>
         <source>apt knows this repository from the sources of the system, so it cannot be changed here.</source>
-        <translation type="unfinished"></translation>
+        <translation>apt kennt dieses Repository aus den Paketquellen des Systems, deshalb kann es hier nicht geändert werden.</translation>
     </message>
 </context>
 <context>
     <name>ExternalReposModel</name>
     <message>
         <source>Repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository</translation>
     </message>
     <message>
         <source>Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Alias</translation>
     </message>
     <message>
         <source>apt knows this repository from the sources of the system. Here it can be switched off and named, but not changed or removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>apt kennt dieses Repository aus den Paketquellen des Systems. Hier kann es ausgeschaltet und benannt, aber nicht geändert oder entfernt werden.</translation>
     </message>
     <message>
         <source>You added this repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie haben dieses Repository hinzugefügt.</translation>
     </message>
     <message>
         <source>apt does not know this repository at present. It is asked again when apt knows it.</source>
-        <translation type="unfinished"></translation>
+        <translation>apt kennt dieses Repository zurzeit nicht. Es wird wieder gefragt, sobald apt es kennt.</translation>
     </message>
     <message>
         <source>apt does not know this repository at present.</source>
-        <translation type="unfinished"></translation>
+        <translation>apt kennt dieses Repository zurzeit nicht.</translation>
     </message>
 </context>
 <context>
     <name>FoundPackagesModel</name>
     <message>
         <source>Package</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket</translation>
     </message>
     <message>
         <source>Architecture</source>
-        <translation type="unfinished"></translation>
+        <translation>Architektur</translation>
     </message>
     <message>
         <source>Version</source>
-        <translation type="unfinished"></translation>
+        <translation>Version</translation>
     </message>
     <message>
         <source>Repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository</translation>
     </message>
 </context>
 <context>
     <name>GpgKeysWidget</name>
     <message>
         <source>Start KGpg</source>
-        <translation type="unfinished"></translation>
+        <translation>KGpg starten</translation>
     </message>
     <message>
         <source>Package signing key:</source>
-        <translation type="unfinished"></translation>
+        <translation>Schlüssel zum Signieren von Paketen:</translation>
     </message>
     <message>
         <source>Select GPG key for signing packages. Use KGpg to add/delete GPG keys. After add/delete GPG keys need reload program.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie den GPG-Schlüssel zum Signieren von Paketen. Mit KGpg können Sie GPG-Schlüssel hinzufügen und löschen. Danach muss das Programm neu gestartet werden.</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
     <message>
         <source>No key is selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Schlüssel ausgewählt</translation>
     </message>
     <message>
         <source>The keys are being read</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Schlüssel werden gelesen</translation>
     </message>
     <message>
         <source>No keys are listed</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Schlüssel vorhanden</translation>
     </message>
     <message>
         <source>No keys are listed (in use: %1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Schlüssel vorhanden (in Gebrauch: %1)</translation>
     </message>
     <message>
         <source>%1 (not listed)</source>
+        <translation>%1 (nicht vorhanden)</translation>
+    </message>
+</context>
+<context>
+    <name>HelperClient</name>
+    <message>
+        <source>Failed to add repository to local sources list!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to remove repository from local sources list!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository is not published!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository is not unpublished!</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -602,505 +621,509 @@
     <name>JobFeedback</name>
     <message>
         <source>Stop</source>
-        <translation type="unfinished"></translation>
+        <translation>Anhalten</translation>
     </message>
 </context>
 <context>
     <name>LocalCandidates</name>
     <message>
         <source>Local</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokal</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>File</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei</translation>
     </message>
     <message>
         <source>Recent repositories</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuletzt geöffnete Repositorys</translation>
     </message>
     <message>
         <source>Dependences checking</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeitsprüfung</translation>
     </message>
     <message>
         <source>Export</source>
-        <translation type="unfinished"></translation>
+        <translation>Exportieren</translation>
     </message>
     <message>
         <source>Import</source>
-        <translation type="unfinished"></translation>
+        <translation>Importieren</translation>
     </message>
     <message>
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>Bearbeiten</translation>
     </message>
     <message>
         <source>Publication</source>
-        <translation type="unfinished"></translation>
+        <translation>Veröffentlichung</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen</translation>
     </message>
     <message>
         <source>View</source>
-        <translation type="unfinished"></translation>
+        <translation>Ansicht</translation>
     </message>
     <message>
         <source>Help</source>
-        <translation type="unfinished"></translation>
+        <translation>Hilfe</translation>
     </message>
     <message>
         <source>Tool bar</source>
-        <translation type="unfinished"></translation>
+        <translation>Werkzeugleiste</translation>
     </message>
     <message>
         <source>New repository...</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Repository...</translation>
     </message>
     <message>
         <source>New repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Neues Repository</translation>
     </message>
     <message>
         <source>Open repository...</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository öffnen...</translation>
     </message>
     <message>
         <source>Open repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository öffnen</translation>
     </message>
     <message>
         <source>Remove repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository löschen</translation>
     </message>
     <message>
         <source>Exit</source>
-        <translation type="unfinished"></translation>
+        <translation>Beenden</translation>
     </message>
     <message>
         <source>Add packages...</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete hinzufügen...</translation>
     </message>
     <message>
         <source>Add packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete hinzufügen</translation>
     </message>
     <message>
         <source>Remove packages...</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete entfernen...</translation>
     </message>
     <message>
         <source>Remove packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete entfernen</translation>
     </message>
     <message>
         <source>Publish repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository veröffentlichen</translation>
     </message>
     <message>
         <source>Unpublish repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Veröffentlichung beenden</translation>
     </message>
     <message>
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>Über das Programm</translation>
     </message>
     <message>
         <source>Change repository...</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository ändern...</translation>
     </message>
     <message>
         <source>Add src list</source>
-        <translation type="unfinished"></translation>
+        <translation>Paketquelle eintragen</translation>
     </message>
     <message>
         <source>Add repository to local sources list</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository in die lokale Paketquellenliste eintragen</translation>
     </message>
     <message>
         <source>Remove src list</source>
-        <translation type="unfinished"></translation>
+        <translation>Paketquelle austragen</translation>
     </message>
     <message>
         <source>Remove repository from local sources list</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository aus der lokalen Paketquellenliste austragen</translation>
     </message>
     <message>
         <source>Package add settings...</source>
-        <translation type="unfinished"></translation>
+        <translation>Einstellungen zum Hinzufügen von Paketen...</translation>
     </message>
     <message>
         <source>Parameters...</source>
-        <translation type="unfinished"></translation>
+        <translation>Parameter...</translation>
     </message>
     <message>
         <source>Sign package(s)</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket(e) signieren</translation>
     </message>
     <message>
         <source>Local repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokales Repository</translation>
     </message>
     <message>
         <source>Public repositories</source>
-        <translation type="unfinished"></translation>
+        <translation>Öffentliche Repositorys</translation>
     </message>
     <message>
         <source>All repositories</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Repositorys</translation>
     </message>
     <message>
         <source>Disable</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausschalten</translation>
     </message>
     <message>
         <source>Check depends</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten prüfen</translation>
     </message>
     <message>
         <source>Add package to local repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket zum lokalen Repository hinzufügen</translation>
     </message>
     <message>
         <source>Contents</source>
-        <translation type="unfinished"></translation>
+        <translation>Inhalt</translation>
     </message>
     <message>
         <source>Export all packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Pakete exportieren</translation>
     </message>
     <message>
         <source>Export repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository exportieren</translation>
     </message>
     <message>
         <source>Export selected packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausgewählte Pakete exportieren</translation>
     </message>
     <message>
         <source>Export repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository exportieren</translation>
     </message>
     <message>
         <source>Import repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository importieren</translation>
     </message>
     <message>
         <source>Import packages from archive</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete aus Archiv importieren</translation>
     </message>
     <message>
         <source>Edit sources lists</source>
-        <translation type="unfinished"></translation>
+        <translation>Paketquellenlisten bearbeiten</translation>
     </message>
     <message>
         <source>Add package from external repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket aus externem Repository hinzufügen</translation>
     </message>
     <message>
         <source>Edit external repos...</source>
-        <translation type="unfinished"></translation>
+        <translation>Externe Repositorys bearbeiten...</translation>
     </message>
     <message>
         <source>Show published repos</source>
-        <translation type="unfinished"></translation>
+        <translation>Veröffentlichte Repositorys anzeigen</translation>
     </message>
     <message>
         <source>Export package with depends</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket mit Abhängigkeiten exportieren</translation>
     </message>
     <message>
         <source>Upgrade Repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository aktualisieren</translation>
     </message>
     <message>
         <source>View...</source>
-        <translation type="unfinished"></translation>
+        <translation>Ansicht...</translation>
     </message>
     <message>
         <source>Hide status line</source>
-        <translation type="unfinished"></translation>
+        <translation>Statuszeile ausblenden</translation>
     </message>
     <message>
         <source>Changes the visibility of widget with dependencies counter</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeigt oder verbirgt die Zeile mit den Abhängigkeitszählern</translation>
     </message>
     <message>
         <source>Check depends in all repos</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten werden in allen Repositorys geprüft</translation>
     </message>
     <message>
         <source>Check depends in public repos</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten werden in öffentlichen Repositorys geprüft</translation>
     </message>
     <message>
         <source>Check depends in local repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten werden im lokalen Repository geprüft</translation>
     </message>
     <message>
         <source>Dependces checking disabled</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeitsprüfung ausgeschaltet</translation>
     </message>
     <message>
         <source>Extended log</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausführliches Protokoll</translation>
     </message>
     <message>
         <source>Show extended log</source>
-        <translation type="unfinished"></translation>
+        <translation>Ausführliches Protokoll anzeigen</translation>
     </message>
     <message>
         <source>About Qt</source>
-        <translation type="unfinished"></translation>
+        <translation>Über Qt</translation>
     </message>
     <message>
         <source>This program uses Qt version %1, a toolkit for applications under the GNU Lesser General Public License, version 3. See https://www.qt.io.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Programm verwendet Qt in der Version %1, einen Baukasten für Anwendungen unter der GNU Lesser General Public License, Version 3. Siehe https://www.qt.io.</translation>
     </message>
     <message>
         <source>The help pages are not installed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Hilfeseiten sind nicht installiert.</translation>
     </message>
 </context>
 <context>
     <name>MissingPackage</name>
     <message>
         <source>Package %1 is not installed! Do you want to install it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Paket %1 ist nicht installiert! Möchten Sie es installieren?</translation>
     </message>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler</translation>
     </message>
     <message>
         <source>The package manager synaptic cannot be started. Install the package %1 in another way.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Paketverwaltung synaptic kann nicht gestartet werden. Installieren Sie das Paket %1 auf andere Weise.</translation>
     </message>
     <message>
         <source>The program %1 cannot be started.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm %1 kann nicht gestartet werden.</translation>
     </message>
 </context>
 <context>
     <name>NewRepoDialog</name>
     <message>
         <source>Repository creation</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository anlegen</translation>
     </message>
     <message>
         <source>Path</source>
-        <translation type="unfinished"></translation>
+        <translation>Pfad</translation>
     </message>
     <message>
         <source>Select a directory to create the repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Verzeichnis wählen, in dem das Repository angelegt wird</translation>
     </message>
     <message>
         <source>Repository information</source>
-        <translation type="unfinished"></translation>
+        <translation>Angaben zum Repository</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Name</translation>
     </message>
     <message>
         <source>This required field.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Feld ist erforderlich.</translation>
     </message>
     <message>
         <source>Code name</source>
-        <translation type="unfinished"></translation>
+        <translation>Codename</translation>
     </message>
     <message>
         <source>Suite</source>
-        <translation type="unfinished"></translation>
+        <translation>Suite</translation>
     </message>
     <message>
         <source>This optional field.
 Value: oldstable, stable, testing, unstable, current, experimental.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Feld kann leer bleiben.
+Werte: oldstable, stable, testing, unstable, current, experimental.</translation>
     </message>
     <message>
         <source>Version</source>
-        <translation type="unfinished"></translation>
+        <translation>Version</translation>
     </message>
     <message>
         <source>This optional field.
 Example: 1.0.2</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Feld kann leer bleiben.
+Beispiel: 1.0.2</translation>
     </message>
     <message>
         <source>Architectures</source>
-        <translation type="unfinished"></translation>
+        <translation>Architekturen</translation>
     </message>
     <message>
         <source>This required field. 
 One or more values</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Feld ist erforderlich.
+Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>Components</source>
-        <translation type="unfinished"></translation>
+        <translation>Komponenten</translation>
     </message>
     <message>
         <source>This required field.
 One or more values</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieses Feld ist erforderlich.
+Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>Create Contets-*.gz file</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei Contents-*.gz anlegen</translation>
     </message>
     <message>
         <source>Sign the repository (apt)</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository signieren (apt)</translation>
     </message>
     <message>
         <source>Start KGpg</source>
-        <translation type="unfinished"></translation>
+        <translation>KGpg starten</translation>
     </message>
     <message>
         <source>Will be use default GPG key for signing repository (apt). Use KGpg to select default GPG key.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository (apt) wird mit dem Standard-GPG-Schlüssel signiert. Wählen Sie den Standardschlüssel in KGpg.</translation>
     </message>
     <message>
         <source>Repository change</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository ändern</translation>
     </message>
     <message>
         <source>Repository import</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository importieren</translation>
     </message>
     <message>
         <source>Small letters a to z, digits and the characters %1 are allowed here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hier sind die Kleinbuchstaben a bis z, Ziffern und die Zeichen %1 erlaubt.</translation>
     </message>
     <message>
         <source>Small letters a to z, digits and hyphens are allowed here; one blank separates two values.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hier sind die Kleinbuchstaben a bis z, Ziffern und Bindestriche erlaubt; ein Leerzeichen trennt zwei Werte.</translation>
     </message>
     <message>
         <source>It looks like you are trying to edit a published repository. Please unpublish the repository first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie versuchen offenbar, ein veröffentlichtes Repository zu bearbeiten. Bitte beenden Sie zuerst seine Veröffentlichung.</translation>
     </message>
     <message>
         <source>Please fill all required fields!</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte füllen Sie alle erforderlichen Felder aus!</translation>
     </message>
     <message>
         <source>Architecture &quot;all&quot; is unallowable!</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Architektur „all“ ist nicht erlaubt!</translation>
     </message>
     <message>
         <source>The path must be absolute: it starts with a slash.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Pfad muss absolut sein: Er beginnt mit einem Schrägstrich.</translation>
     </message>
     <message>
         <source>The name or the code name cannot be used. They consist of letters, digits, dots, hyphens and underscores.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Name oder der Codename kann nicht verwendet werden. Sie bestehen aus Buchstaben, Ziffern, Punkten, Bindestrichen und Unterstrichen.</translation>
     </message>
     <message>
         <source>Changing fields Codename, Architectures, Components may result in packages deletion. Want to continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Änderungen an den Feldern Codename, Architekturen und Komponenten können dazu führen, dass Pakete gelöscht werden. Möchten Sie fortfahren?</translation>
     </message>
     <message>
         <source>It holds a repository. Everything in it will be deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es enthält ein Repository. Alles darin wird gelöscht.</translation>
     </message>
     <message>
         <source>It holds no repository. Everything in it will be deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es enthält kein Repository. Alles darin wird gelöscht.</translation>
     </message>
     <message>
         <source>The directory %1 already exists. Replace it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Verzeichnis %1 besteht bereits. Ersetzen?</translation>
     </message>
     <message>
         <source>Overwriting a published repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Überschreiben eines veröffentlichten Repositorys</translation>
     </message>
     <message>
         <source>You are trying to overwrite a published repository. It is highly recommended to first unpublish the repository and then make changes. Click &quot;Yes&quot; only if you know what you are doing. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie versuchen, ein veröffentlichtes Repository zu überschreiben. Es wird dringend empfohlen, zuerst die Veröffentlichung zu beenden und dann Änderungen vorzunehmen. Wählen Sie „Ja“ nur, wenn Sie wissen, was Sie tun. Fortfahren?</translation>
     </message>
 </context>
 <context>
     <name>PackageCommands</name>
     <message>
         <source>Not added: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht hinzugefügt: %1</translation>
     </message>
     <message>
         <source>No repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Repository</translation>
     </message>
     <message>
         <source>There are no repositories to add a package to</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt kein Repository, zu dem ein Paket hinzugefügt werden könnte</translation>
     </message>
     <message>
         <source>Choose repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository wählen</translation>
     </message>
     <message>
         <source>Select the repository to add the package(s) to:</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie das Repository, zu dem Pakete hinzugefügt werden:</translation>
     </message>
     <message>
         <source>(%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>(%1)</translation>
     </message>
     <message>
         <source>Adding Packages%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete hinzufügen %1</translation>
     </message>
     <message>
         <source>Packages (*.deb *.udeb)</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete (*.deb *.udeb)</translation>
     </message>
     <message>
         <source>Only packages can be added: files whose name ends in .deb or .udeb, in small letters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur Pakete können hinzugefügt werden: Dateien, deren Name auf .deb oder .udeb endet, in Kleinbuchstaben.</translation>
     </message>
     <message>
         <source>Remove confirmation</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen bestätigen</translation>
     </message>
     <message>
         <source>Do you want to remove selected packages?</source>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie die ausgewählten Pakete entfernen?</translation>
     </message>
 </context>
 <context>
     <name>PackageDependItem</name>
     <message>
         <source>%1 Provided by ...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bereitgestellt von ...</translation>
     </message>
     <message>
         <source>Provided by ... </source>
-        <translation type="unfinished"></translation>
+        <translation>bereitgestellt von ... </translation>
     </message>
     <message>
         <source>%1 offers %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bietet %2 an</translation>
     </message>
     <message>
         <source>needs %1, %2 offers %3</source>
-        <translation type="unfinished"></translation>
+        <translation>benötigt %1, %2 bietet %3 an</translation>
     </message>
     <message>
         <source>not checked</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht geprüft</translation>
     </message>
     <message>
         <source>%1 does not offer it</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bietet es nicht an</translation>
     </message>
 </context>
 <context>
@@ -1117,30 +1140,30 @@ One or more values</source>
     <name>PackageFile</name>
     <message>
         <source>The file is damaged: its end is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei ist beschädigt: Ihr Ende fehlt.</translation>
     </message>
     <message>
         <source>Its control data lack the package&apos;s name, version or architecture.</source>
-        <translation type="unfinished"></translation>
+        <translation>Seinen Steuerdaten fehlen Name, Version oder Architektur des Pakets.</translation>
     </message>
 </context>
 <context>
     <name>PackageItem</name>
     <message>
         <source>Dependencies not checked yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten noch nicht geprüft</translation>
     </message>
     <message>
         <source>Some dependencies are not satisfied</source>
-        <translation type="unfinished"></translation>
+        <translation>Einige Abhängigkeiten sind nicht erfüllt</translation>
     </message>
     <message>
         <source>Depends on nothing</source>
-        <translation type="unfinished"></translation>
+        <translation>Hat keine Abhängigkeiten</translation>
     </message>
     <message>
         <source>All dependencies are satisfied</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Abhängigkeiten sind erfüllt</translation>
     </message>
     <message numerus="yes">
         <source>%1 satisfies %2 of %n dependency(ies)</source>
@@ -1154,101 +1177,101 @@ One or more values</source>
     <name>PackageReplacementDialog</name>
     <message>
         <source>The repository already contains a package %1 (%2) of a newer version. Do you want to replace it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository enthält bereits eine neuere Version des Pakets %1 (%2). Möchten Sie sie ersetzen?</translation>
     </message>
     <message>
         <source>The repository already contains a package %1 (%2) of an earlier version. Do you want to replace it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository enthält bereits eine ältere Version des Pakets %1 (%2). Möchten Sie sie ersetzen?</translation>
     </message>
     <message>
         <source>The package %1 (%2) already exists. Do you want to replace it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Paket %1 (%2) ist bereits vorhanden. Möchten Sie es ersetzen?</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
     <message>
         <source>Package replacement</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket ersetzen</translation>
     </message>
     <message>
         <source>Apply to all</source>
-        <translation type="unfinished"></translation>
+        <translation>Für alle übernehmen</translation>
     </message>
     <message>
         <source>Version in the repository: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Version im Repository: %1</translation>
     </message>
     <message>
         <source>New version: %1 (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue Version: %1 (%2)</translation>
     </message>
     <message>
         <source>You can immediately choose what to do with all subsequent matches; to do this, select one of the options and click &quot;Apply to all&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Sie können sofort festlegen, was mit allen weiteren Übereinstimmungen geschehen soll; wählen Sie dazu eine der Möglichkeiten und betätigen Sie „Für alle übernehmen“</translation>
     </message>
     <message>
         <source>Give preference to versions higer</source>
-        <translation type="unfinished"></translation>
+        <translation>Höhere Versionen bevorzugen</translation>
     </message>
     <message>
         <source>In case of matching package, preference will be given to the package with a higher version</source>
-        <translation type="unfinished"></translation>
+        <translation>Bei übereinstimmenden Paketen wird das Paket mit der höheren Version bevorzugt</translation>
     </message>
     <message>
         <source>Give preference to versions lower</source>
-        <translation type="unfinished"></translation>
+        <translation>Niedrigere Versionen bevorzugen</translation>
     </message>
     <message>
         <source>In case of matching package, preference will be given to the package with a lower version</source>
-        <translation type="unfinished"></translation>
+        <translation>Bei übereinstimmenden Paketen wird das Paket mit der niedrigeren Version bevorzugt</translation>
     </message>
     <message>
         <source>Replace all packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle Pakete ersetzen</translation>
     </message>
     <message>
         <source>If the package matches, always replace it</source>
-        <translation type="unfinished"></translation>
+        <translation>Übereinstimmende Pakete immer ersetzen</translation>
     </message>
     <message>
         <source>Do not replace packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Pakete ersetzen</translation>
     </message>
     <message>
         <source>Always give preference to packages already present in the repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Immer die Pakete bevorzugen, die schon im Repository sind</translation>
     </message>
 </context>
 <context>
     <name>PackageStatusLine</name>
     <message>
         <source>Dependences not checked</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten nicht geprüft</translation>
     </message>
     <message>
         <source>Dependences not satisfied</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten nicht erfüllt</translation>
     </message>
     <message>
         <source>Dependences satisfied</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten erfüllt</translation>
     </message>
     <message>
         <source>Total: %1 package(s)</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete gesamt: %1</translation>
     </message>
 </context>
 <context>
     <name>ParametersDialog</name>
     <message>
         <source>Show package version</source>
-        <translation type="unfinished"></translation>
+        <translation>Paketversion anzeigen</translation>
     </message>
     <message>
         <source>Parametrs</source>
-        <translation type="unfinished"></translation>
+        <translation>Parameter</translation>
     </message>
 </context>
 <context>
@@ -1262,25 +1285,44 @@ One or more values</source>
     </message>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler</translation>
     </message>
     <message>
         <source>Warning</source>
-        <translation type="unfinished"></translation>
+        <translation>Warnung</translation>
     </message>
     <message>
         <source>Confirm replacement</source>
-        <translation type="unfinished"></translation>
+        <translation>Ersetzen bestätigen</translation>
     </message>
     <message>
         <source>The file %1 already exists. Do you want to replace it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1 besteht bereits. Möchten Sie sie ersetzen?</translation>
     </message>
 </context>
 <context>
     <name>PublicationAccess</name>
     <message>
         <source>The access rights of %1 cannot be changed.</source>
+        <translation>Die Zugriffsrechte von %1 können nicht geändert werden.</translation>
+    </message>
+</context>
+<context>
+    <name>PublicationCommands</name>
+    <message>
+        <source>Address is copied to clipboard</source>
+        <translation>Die Adresse ist in die Zwischenablage kopiert</translation>
+    </message>
+    <message>
+        <source>Repository is added to local sources list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repository is removed from local sources list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for the system to change the local sources list</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1288,14 +1330,61 @@ One or more values</source>
     <name>PublicationPanel</name>
     <message>
         <source>Choose a server type</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie eine Serverart</translation>
     </message>
     <message>
         <source>Complete the IP address</source>
-        <translation type="unfinished"></translation>
+        <translation>Vervollständigen Sie die IP-Adresse</translation>
     </message>
     <message>
         <source>Address is copied to clipboard</source>
+        <translation>Die Adresse ist in die Zwischenablage kopiert</translation>
+    </message>
+    <message>
+        <source>Published at %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>To be published at %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not published</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PublicationRules</name>
+    <message>
+        <source>There is no repository</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose a server type</source>
+        <translation>Wählen Sie eine Serverart</translation>
+    </message>
+    <message>
+        <source>There is no port %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The path %1 cannot be served. It may consist of letters, digits, blanks inside names and the characters %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository is published already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another repository is published</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository is published on this port over %1. Unpublish it first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another program uses the port %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1303,26 +1392,194 @@ One or more values</source>
     <name>PublicationText</name>
     <message>
         <source>Published</source>
-        <translation type="unfinished"></translation>
+        <translation>Veröffentlicht</translation>
     </message>
     <message>
         <source>Being started</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird gestartet</translation>
     </message>
     <message>
         <source>Being stopped</source>
-        <translation type="unfinished"></translation>
+        <translation>Wird angehalten</translation>
     </message>
     <message>
         <source>Not running</source>
-        <translation type="unfinished"></translation>
+        <translation>Läuft nicht</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlgeschlagen</translation>
     </message>
     <message>
         <source>Unknown</source>
+        <translation>Unbekannt</translation>
+    </message>
+</context>
+<context>
+    <name>PublishCommand</name>
+    <message>
+        <source>Publish repository</source>
+        <translation>Repository veröffentlichen</translation>
+    </message>
+    <message>
+        <source>Choose a server type, then publish the repository once more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository is not published!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The path %1 cannot be served. It must be the directory of a repository, and its name may consist of letters, digits, blanks between them and the characters %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The FTP server reads only what all users of this machine can read, and they cannot enter the folder %1. Choose the server type HTTP, or move the repository to another folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n further file(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Access rights</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The server cannot read everything in the repository. Do you want to let all users of this machine read it?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Publication confirmation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to publish an empty repository?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program puts its own settings into the file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository %1 is published over FTP now and will not be any more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rewrite confirmation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File /etc/vsftpd.conf will be rewrite. Do you want to continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for the system to publish %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repository is published.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service did not start, or ended at once. &quot;systemctl status %1&quot; tells more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The end of the server&apos;s log %1:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repository is unpublished.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository %1 is busy. Unpublish it when that has ended.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for the system to unpublish %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository is not unpublished!</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PublishedReposDialog</name>
+    <message>
+        <source>Published repositories</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Log of the server:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Open repository</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Unpublish</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No repository is published from this machine.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asking the system what is published...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The log %1 is empty or cannot be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The FTP server keeps no log of its own for the repository.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unpublish confirmation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to unpublish the repository %1?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clients that use it get errors until it is published again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PublishedReposModel</name>
+    <message>
+        <source>Repository</source>
+        <translation>Repository</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>State</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1330,106 +1587,106 @@ One or more values</source>
     <name>RepoModel</name>
     <message>
         <source>Architecture: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Architektur: %1</translation>
     </message>
     <message>
         <source>Packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete</translation>
     </message>
 </context>
 <context>
     <name>RepoShell</name>
     <message>
         <source>The database of the repository is missing. Any change would make a new one and take all packages out of the indices, so nothing was done.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenbank des Repositorys fehlt. Jede Änderung würde eine neue anlegen und alle Pakete aus den Indexdateien nehmen, deshalb wurde nichts getan.</translation>
     </message>
     <message>
         <source>The program reprepro could not be started. Is it installed?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm reprepro konnte nicht gestartet werden. Ist es installiert?</translation>
     </message>
     <message>
         <source>The process reprepro crashed!</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Prozess reprepro ist abgestürzt!</translation>
     </message>
     <message>
         <source>The repository %1 is being changed by another program. Try again when it is done.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository %1 wird gerade von einem anderen Programm geändert. Versuchen Sie es erneut, wenn es fertig ist.</translation>
     </message>
     <message>
         <source>Repository is locked</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository ist gesperrt</translation>
     </message>
     <message>
         <source>The database of the repository %1 is locked, but no program uses it: an earlier run was interrupted. Do you want to remove the lock and try again?</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenbank des Repositorys %1 ist gesperrt, aber kein Programm verwendet sie: Ein früherer Lauf wurde unterbrochen. Möchten Sie die Sperre entfernen und es erneut versuchen?</translation>
     </message>
     <message>
         <source>Exporting repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository wird exportiert</translation>
     </message>
     <message>
         <source>Repository is not exported</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde nicht exportiert</translation>
     </message>
     <message>
         <source>Can&apos;t open repository dir</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Verzeichnis des Repositorys kann nicht geöffnet werden</translation>
     </message>
     <message>
         <source>Operation stopped. Repository not exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorgang angehalten. Das Repository wurde nicht exportiert.</translation>
     </message>
     <message>
         <source>Repository exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde exportiert.</translation>
     </message>
     <message>
         <source>Exporting package</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket wird exportiert</translation>
     </message>
     <message>
         <source>Exporting packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete werden exportiert</translation>
     </message>
     <message>
         <source>The file of the package %1 is not known.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei des Pakets %1 ist nicht bekannt.</translation>
     </message>
     <message>
         <source>Operation stopped. Package not exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorgang angehalten. Das Paket wurde nicht exportiert.</translation>
     </message>
     <message>
         <source>Operation stopped. Packages not exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Vorgang angehalten. Die Pakete wurden nicht exportiert.</translation>
     </message>
     <message>
         <source>Export finished</source>
-        <translation type="unfinished"></translation>
+        <translation>Export beendet</translation>
     </message>
     <message>
         <source>Can&apos;t create archive for export</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv für den Export kann nicht angelegt werden</translation>
     </message>
     <message>
         <source>%1 lies in the repository itself. Choose a place outside of it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 liegt im Repository selbst. Wählen Sie einen Ort außerhalb.</translation>
     </message>
     <message>
         <source>Start repo import</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository-Import beginnt</translation>
     </message>
     <message>
         <source>Import error!</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler beim Import!</translation>
     </message>
     <message>
         <source>Package(s) not imported</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete nicht importiert</translation>
     </message>
     <message>
         <source>Import failed: there are no packages by selected path</source>
-        <translation type="unfinished"></translation>
+        <translation>Import fehlgeschlagen: Unter dem gewählten Pfad gibt es keine Pakete</translation>
     </message>
     <message numerus="yes">
         <source>%n package(s) imported</source>
@@ -1440,15 +1697,15 @@ One or more values</source>
     </message>
     <message>
         <source>Can&apos;t open archive for import!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv kann nicht für den Import geöffnet werden!</translation>
     </message>
     <message>
         <source>No temporary folder could be made to unpack it in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es konnte kein temporärer Ordner zum Entpacken angelegt werden.</translation>
     </message>
     <message>
         <source>Checking depends</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten werden geprüft</translation>
     </message>
     <message numerus="yes">
         <source>Operation stopped. %1 of %n package(s) depends checked</source>
@@ -1459,23 +1716,23 @@ One or more values</source>
     </message>
     <message>
         <source>Depends checked</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten geprüft</translation>
     </message>
     <message>
         <source>The stored results of the dependency checks could not be read. The file is kept as %1; check the dependencies again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die gespeicherten Ergebnisse der Abhängigkeitsprüfungen konnten nicht gelesen werden. Die Datei bleibt als %1 erhalten; prüfen Sie die Abhängigkeiten erneut.</translation>
     </message>
     <message>
         <source>Downloading package</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket wird heruntergeladen</translation>
     </message>
     <message>
         <source>Downloading packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete werden heruntergeladen</translation>
     </message>
     <message>
         <source>No source offers: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Paketquelle bietet an: %1</translation>
     </message>
     <message numerus="yes">
         <source>Added %n package(s) to local repo: %1</source>
@@ -1493,123 +1750,123 @@ One or more values</source>
     </message>
     <message>
         <source>No temporary folder could be made to fetch it into.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es konnte kein temporärer Ordner zum Abrufen angelegt werden.</translation>
     </message>
     <message>
         <source>apt has left no file of that version.</source>
-        <translation type="unfinished"></translation>
+        <translation>apt hat keine Datei dieser Version hinterlassen.</translation>
     </message>
     <message>
         <source>Impossible to delete directory %1!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Verzeichnis %1 kann nicht gelöscht werden!</translation>
     </message>
     <message>
         <source>Impossible to create directory %1!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Verzeichnis %1 kann nicht angelegt werden!</translation>
     </message>
     <message>
         <source>It is a directory of the system, or holds a home directory or an open repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es ist ein Verzeichnis des Systems oder enthält ein Home-Verzeichnis oder ein geöffnetes Repository.</translation>
     </message>
     <message>
         <source>Failed to create repository!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository konnte nicht angelegt werden!</translation>
     </message>
     <message>
         <source>Impossible to create file %1!</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1 kann nicht angelegt werden!</translation>
     </message>
     <message>
         <source>Opening repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository wird geöffnet</translation>
     </message>
     <message>
         <source>File %1/conf/distributions not found! Do you want to import repository?</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1/conf/distributions wurde nicht gefunden! Möchten Sie das Repository importieren?</translation>
     </message>
     <message>
         <source>File %1/conf/distributions not found!</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1/conf/distributions wurde nicht gefunden!</translation>
     </message>
     <message>
         <source>File %1/conf/distributions names no distribution: its field Codename is missing or empty.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1/conf/distributions nennt keine Distribution: Ihr Feld Codename fehlt oder ist leer.</translation>
     </message>
     <message>
         <source>Repositry is not opened</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository ist nicht geöffnet</translation>
     </message>
     <message>
         <source>Repositry is opened</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository ist geöffnet</translation>
     </message>
     <message>
         <source>An earlier job was interrupted, and the indices of the repository could not be brought up to date. The packages shown may not be all that it holds.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein früherer Vorgang wurde unterbrochen, und die Indexdateien des Repositorys konnten nicht auf den neuesten Stand gebracht werden. Möglicherweise werden nicht alle enthaltenen Pakete angezeigt.</translation>
     </message>
     <message>
         <source>An earlier job was interrupted while it replaced a package. The replaced files are kept in %1; add them again if they are missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein früherer Vorgang wurde unterbrochen, während er ein Paket ersetzte. Die ersetzten Dateien werden in %1 aufbewahrt; fügen Sie sie wieder hinzu, falls sie fehlen.</translation>
     </message>
     <message>
         <source>Repository changing</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository wird geändert</translation>
     </message>
     <message>
         <source>Repository not changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde nicht geändert</translation>
     </message>
     <message>
         <source>Repository is changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde geändert.</translation>
     </message>
     <message>
         <source>Failed to change repository!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository konnte nicht geändert werden!</translation>
     </message>
     <message>
         <source>Repository is not changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde nicht geändert.</translation>
     </message>
     <message>
         <source>The repository holds several distributions. A change would delete all but the first, so nothing was done.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository enthält mehrere Distributionen. Eine Änderung würde alle bis auf die erste löschen, deshalb wurde nichts getan.</translation>
     </message>
     <message>
         <source>It is the repository itself, lies in it or holds it, or it is a directory of the system, or holds a home directory or an open repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es ist das Repository selbst, liegt darin oder enthält es, oder es ist ein Verzeichnis des Systems oder enthält ein Home-Verzeichnis oder ein geöffnetes Repository.</translation>
     </message>
     <message>
         <source>The repository could not be moved to %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository konnte nicht nach %1 verschoben werden.</translation>
     </message>
     <message>
         <source>Failed to sign repository!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository konnte nicht signiert werden!</translation>
     </message>
     <message>
         <source>Not added: %1. The repository holds version %2 (%3) already, which was kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht hinzugefügt: %1. Das Repository enthält bereits die Version %2 (%3), sie wurde behalten.</translation>
     </message>
     <message>
         <source>Not added: %1. The repository holds the newer version %2 (%3), which was kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht hinzugefügt: %1. Das Repository enthält die neuere Version %2 (%3), sie wurde behalten.</translation>
     </message>
     <message>
         <source>Not added: %1. The repository holds the older version %2 (%3), which was kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht hinzugefügt: %1. Das Repository enthält die ältere Version %2 (%3), sie wurde behalten.</translation>
     </message>
     <message>
         <source>The indices of the repository could not be written. They will be written when the repository is opened the next time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Indexdateien des Repositorys konnten nicht geschrieben werden. Sie werden geschrieben, wenn das Repository das nächste Mal geöffnet wird.</translation>
     </message>
     <message>
         <source>Adding package</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket wird hinzugefügt</translation>
     </message>
     <message>
         <source>Adding packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete werden hinzugefügt</translation>
     </message>
     <message numerus="yes">
         <source>%n package(s) added: %1</source>
@@ -1627,55 +1884,55 @@ One or more values</source>
     </message>
     <message>
         <source>Error adding package!</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler beim Hinzufügen des Pakets!</translation>
     </message>
     <message>
         <source>Package is unsigned</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Paket ist nicht signiert</translation>
     </message>
     <message>
         <source>Package is added, but unsigned. Do you want to remove it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Paket wurde hinzugefügt, ist aber nicht signiert. Möchten Sie es entfernen?</translation>
     </message>
     <message>
         <source>Not added: %1. The repository could not be signed with it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht hinzugefügt: %1. Das Repository konnte damit nicht signiert werden.</translation>
     </message>
     <message>
         <source>Added, but the repository could not be signed: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Hinzugefügt, aber das Repository konnte nicht signiert werden: %1.</translation>
     </message>
     <message>
         <source>Error adding package %1!</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler beim Hinzufügen des Pakets %1!</translation>
     </message>
     <message>
         <source>Cannot added package %1 with architecture all!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Paket %1 mit der Architektur all kann nicht hinzugefügt werden!</translation>
     </message>
     <message>
         <source>The present package could not be kept aside, so it was not replaced: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Das vorhandene Paket konnte nicht beiseitegelegt werden, deshalb wurde es nicht ersetzt: %1</translation>
     </message>
     <message>
         <source>The present package could not be removed, so it was not replaced.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das vorhandene Paket konnte nicht entfernt werden, deshalb wurde es nicht ersetzt.</translation>
     </message>
     <message>
         <source>The replaced package %1 could not be put back: its file was missing already.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das ersetzte Paket %1 konnte nicht zurückgelegt werden: Seine Datei fehlte bereits.</translation>
     </message>
     <message>
         <source>The replaced package %1 could not be put back. Its file is kept as %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das ersetzte Paket %1 konnte nicht zurückgelegt werden. Seine Datei wird als %2 aufbewahrt.</translation>
     </message>
     <message>
         <source>Removing package</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket wird entfernt</translation>
     </message>
     <message>
         <source>Removing packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete werden entfernt</translation>
     </message>
     <message numerus="yes">
         <source>%n packages removed: %1</source>
@@ -1693,15 +1950,15 @@ One or more values</source>
     </message>
     <message>
         <source>Error removing package %1!</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler beim Entfernen des Pakets %1!</translation>
     </message>
     <message>
         <source>Package signing</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket wird signiert</translation>
     </message>
     <message>
         <source>Packages signing</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete werden signiert</translation>
     </message>
     <message numerus="yes">
         <source>%n package(s) is signed: %1</source>
@@ -1719,74 +1976,82 @@ One or more values</source>
     </message>
     <message>
         <source>Failed to sign package %1!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Paket %1 konnte nicht signiert werden!</translation>
     </message>
     <message>
         <source>No temporary folder could be made to sign it in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es konnte kein temporärer Ordner zum Signieren angelegt werden.</translation>
     </message>
     <message>
         <source>The record of the signed packages could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Verzeichnis der signierten Pakete konnte nicht geschrieben werden.</translation>
     </message>
     <message>
         <source>The file that has come is of another package: %1 %2 (%3).</source>
-        <translation type="unfinished"></translation>
+        <translation>Die erhaltene Datei gehört zu einem anderen Paket: %1 %2 (%3).</translation>
     </message>
     <message>
         <source>Downloading information</source>
-        <translation type="unfinished"></translation>
+        <translation>Angaben werden heruntergeladen</translation>
     </message>
     <message>
         <source>Information is not downloaded</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Angaben wurden nicht heruntergeladen</translation>
     </message>
     <message>
         <source>Canceled by user</source>
-        <translation type="unfinished"></translation>
+        <translation>Vom Benutzer abgebrochen</translation>
     </message>
     <message>
         <source>No packages for upgrading</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Pakete zu aktualisieren</translation>
     </message>
     <message>
         <source>Nothing to upgrade</source>
-        <translation type="unfinished"></translation>
+        <translation>Nichts zu aktualisieren</translation>
     </message>
     <message>
         <source>Ready for upgrade</source>
-        <translation type="unfinished"></translation>
+        <translation>Bereit zur Aktualisierung</translation>
     </message>
     <message>
         <source>Upgrading repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository wird aktualisiert</translation>
     </message>
     <message>
         <source>Repo is not upgraded</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde nicht aktualisiert</translation>
     </message>
     <message>
         <source>Unable to create cache folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Cache-Ordner kann nicht angelegt werden</translation>
     </message>
     <message>
         <source>Repo upgraded</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde aktualisiert</translation>
     </message>
     <message>
         <source>The chosen sources offer no packages for this repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die gewählten Paketquellen bieten keine Pakete für dieses Repository an.</translation>
     </message>
     <message>
         <source>Not upgraded: %1 (%2) is in the repository no longer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht aktualisiert: %1 (%2) ist nicht mehr im Repository.</translation>
     </message>
     <message>
         <source>Are you sure?</source>
-        <translation type="unfinished"></translation>
+        <translation>Sind Sie sicher?</translation>
     </message>
     <message>
         <source>Not upgraded: no source offers %1 %2 any more.</source>
+        <translation>Nicht aktualisiert: Keine Paketquelle bietet %1 %2 noch an.</translation>
+    </message>
+    <message>
+        <source>The repository is not published!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The directory &quot;%1&quot; is not there.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1794,311 +2059,312 @@ One or more values</source>
     <name>RepoWidget</name>
     <message>
         <source>Packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Pakete</translation>
     </message>
     <message>
         <source>Common</source>
-        <translation type="unfinished"></translation>
+        <translation>Allgemein</translation>
     </message>
     <message>
         <source>Components:</source>
-        <translation type="unfinished"></translation>
+        <translation>Komponenten:</translation>
     </message>
     <message>
         <source>Code name:</source>
-        <translation type="unfinished"></translation>
+        <translation>Codename:</translation>
     </message>
     <message>
         <source>Suite:</source>
-        <translation type="unfinished"></translation>
+        <translation>Suite:</translation>
     </message>
     <message>
         <source>Version:</source>
-        <translation type="unfinished"></translation>
+        <translation>Version:</translation>
     </message>
     <message>
         <source>Architectures:</source>
-        <translation type="unfinished"></translation>
+        <translation>Architekturen:</translation>
     </message>
     <message>
         <source>Signature (apt):</source>
-        <translation type="unfinished"></translation>
+        <translation>Signatur (apt):</translation>
     </message>
     <message>
         <source>Signing key:</source>
-        <translation type="unfinished"></translation>
+        <translation>Signierschlüssel:</translation>
     </message>
     <message>
         <source>Key for clients:</source>
-        <translation type="unfinished"></translation>
+        <translation>Schlüssel für Clients:</translation>
     </message>
     <message>
         <source>Copy public key</source>
-        <translation type="unfinished"></translation>
+        <translation>Öffentlichen Schlüssel kopieren</translation>
     </message>
     <message>
         <source>Save public key...</source>
-        <translation type="unfinished"></translation>
+        <translation>Öffentlichen Schlüssel speichern...</translation>
     </message>
     <message>
         <source>Publication</source>
-        <translation type="unfinished"></translation>
+        <translation>Veröffentlichung</translation>
     </message>
     <message>
         <source>Trusted repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Vertrauenswürdiges Repository</translation>
     </message>
     <message>
         <source>Architecture:</source>
-        <translation type="unfinished"></translation>
+        <translation>Architektur:</translation>
     </message>
     <message>
         <source>Server type:</source>
-        <translation type="unfinished"></translation>
+        <translation>Serverart:</translation>
     </message>
     <message>
         <source>IP address:</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-Adresse:</translation>
     </message>
     <message>
         <source>Port number:</source>
-        <translation type="unfinished"></translation>
+        <translation>Portnummer:</translation>
     </message>
     <message>
         <source>Source line</source>
-        <translation type="unfinished"></translation>
+        <translation>Quellzeile</translation>
     </message>
     <message>
         <source>Copy to clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>In die Zwischenablage kopieren</translation>
     </message>
     <message>
         <source>apt on Debian 12 uses FTP only when a file in the client&apos;s /etc/apt/apt.conf.d holds this line:
 Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
-        <translation type="unfinished"></translation>
+        <translation>apt verwendet FTP unter Debian 12 nur, wenn eine Datei in /etc/apt/apt.conf.d auf dem Client diese Zeile enthält:
+Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
     <message>
         <source>Publish</source>
-        <translation type="unfinished"></translation>
+        <translation>Veröffentlichen</translation>
     </message>
     <message>
         <source>Unpublish</source>
-        <translation type="unfinished"></translation>
+        <translation>Veröffentlichung beenden</translation>
     </message>
     <message>
         <source>Package:</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket:</translation>
     </message>
     <message>
         <source>Component:</source>
-        <translation type="unfinished"></translation>
+        <translation>Komponente:</translation>
     </message>
     <message>
         <source>Section:</source>
-        <translation type="unfinished"></translation>
+        <translation>Sektion:</translation>
     </message>
     <message>
         <source>Maintainer:</source>
-        <translation type="unfinished"></translation>
+        <translation>Betreuer:</translation>
     </message>
     <message>
         <source>Description:</source>
-        <translation type="unfinished"></translation>
+        <translation>Beschreibung:</translation>
     </message>
     <message>
         <source>Signature:</source>
-        <translation type="unfinished"></translation>
+        <translation>Signatur:</translation>
     </message>
     <message>
         <source>Dependences</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten</translation>
     </message>
     <message>
         <source>Check dependences</source>
-        <translation type="unfinished"></translation>
+        <translation>Abhängigkeiten prüfen</translation>
     </message>
     <message>
         <source>Show depends undefined</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht geprüfte Abhängigkeiten anzeigen</translation>
     </message>
     <message>
         <source>Show depends error</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht erfüllte Abhängigkeiten anzeigen</translation>
     </message>
     <message>
         <source>Show depends success</source>
-        <translation type="unfinished"></translation>
+        <translation>Erfüllte Abhängigkeiten anzeigen</translation>
     </message>
     <message>
         <source>Packet Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Paketfilter</translation>
     </message>
     <message>
         <source>Packages search</source>
-        <translation type="unfinished"></translation>
+        <translation>Paketsuche</translation>
     </message>
     <message>
         <source>Signed</source>
-        <translation type="unfinished"></translation>
+        <translation>Signiert</translation>
     </message>
     <message>
         <source>Unsigned</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht signiert</translation>
     </message>
     <message>
         <source>The indices of the repository hold no record of %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Indexdateien des Repositorys enthalten keinen Eintrag zu %1.</translation>
     </message>
     <message>
         <source>&lt;b&gt;Failed to get package information&lt;/b&gt;&lt;br&gt; %1</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;b&gt;Die Angaben zum Paket konnten nicht ermittelt werden&lt;/b&gt;&lt;br&gt; %1</translation>
     </message>
 </context>
 <context>
     <name>RepositoryCommands</name>
     <message>
         <source>Repository is not created.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde nicht angelegt.</translation>
     </message>
     <message>
         <source>The packages are imported from %1, so the repository can neither lie in it nor hold it. Choose another path or name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Pakete werden aus %1 importiert, deshalb darf das Repository weder darin liegen noch es enthalten. Wählen Sie einen anderen Pfad oder Namen.</translation>
     </message>
     <message>
         <source>Repository for import is not created</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository für den Import wurde nicht angelegt</translation>
     </message>
     <message>
         <source>The repository %1 is being deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository %1 wird gelöscht.</translation>
     </message>
     <message>
         <source>Repository is created.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde angelegt.</translation>
     </message>
     <message>
         <source>Select repository directory</source>
-        <translation type="unfinished"></translation>
+        <translation>Verzeichnis des Repositorys auswählen</translation>
     </message>
     <message>
         <source>The directory %1 does not exist.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Verzeichnis %1 gibt es nicht.</translation>
     </message>
     <message>
         <source>Recent repositories</source>
-        <translation type="unfinished"></translation>
+        <translation>Zuletzt geöffnete Repositorys</translation>
     </message>
     <message>
         <source>The directory %1 does not exist. Do you want to remove it from the list of recent repositories?</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Verzeichnis %1 gibt es nicht. Möchten Sie es aus der Liste der zuletzt geöffneten Repositorys entfernen?</translation>
     </message>
     <message>
         <source>File %1/conf/distributions not found!</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei %1/conf/distributions wurde nicht gefunden!</translation>
     </message>
     <message>
         <source>Remove confirmation</source>
-        <translation type="unfinished"></translation>
+        <translation>Löschen bestätigen</translation>
     </message>
     <message>
         <source>Do you want to delete a repository %1?</source>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie das Repository %1 löschen?</translation>
     </message>
     <message>
         <source>Repository is deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde gelöscht.</translation>
     </message>
     <message>
         <source>The directory %1 does not exist, so there was nothing to delete. The repository was closed and is no longer among the recent ones.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Verzeichnis %1 gibt es nicht, deshalb gab es nichts zu löschen. Das Repository wurde geschlossen und steht nicht mehr unter den zuletzt geöffneten.</translation>
     </message>
     <message>
         <source>Repository is not deleted</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde nicht gelöscht</translation>
     </message>
     <message>
         <source>Repository is not deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde nicht gelöscht.</translation>
     </message>
 </context>
 <context>
     <name>RepositoryKey</name>
     <message>
         <source>not in the key ring</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht im Schlüsselbund</translation>
     </message>
     <message>
         <source>gpg exported no key.</source>
-        <translation type="unfinished"></translation>
+        <translation>gpg hat keinen Schlüssel exportiert.</translation>
     </message>
 </context>
 <context>
     <name>RepositoryKeyPanel</name>
     <message>
         <source>%1 (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
     <message>
         <source>Save the public key, put it on each client as %1, and write signed-by=%1 into the brackets after &quot;deb&quot; in its source line.</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern Sie den öffentlichen Schlüssel, legen Sie ihn auf jedem Client als %1 ab und schreiben Sie signed-by=%1 in die Klammern hinter „deb“ in dessen Quellzeile.</translation>
     </message>
 </context>
 <context>
     <name>RepositoryRemoval</name>
     <message>
         <source>The directory %1 holds no repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Verzeichnis %1 enthält kein Repository.</translation>
     </message>
     <message>
         <source>The directory %1 belongs to the system, or holds a home directory or an open repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Verzeichnis %1 gehört zum System oder enthält ein Home-Verzeichnis oder ein geöffnetes Repository.</translation>
     </message>
     <message>
         <source>Not everything in %1 could be deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht alles in %1 konnte gelöscht werden.</translation>
     </message>
 </context>
 <context>
     <name>SearchPackageWidget</name>
     <message>
         <source>Start typing the pacakge name here...</source>
-        <translation type="unfinished"></translation>
+        <translation>Geben Sie hier den Paketnamen ein...</translation>
     </message>
     <message>
         <source>Package name</source>
-        <translation type="unfinished"></translation>
+        <translation>Paketname</translation>
     </message>
     <message>
         <source>Searching</source>
-        <translation type="unfinished"></translation>
+        <translation>Suche läuft</translation>
     </message>
     <message>
         <source>Packages found</source>
-        <translation type="unfinished"></translation>
+        <translation>Gefundene Pakete</translation>
     </message>
     <message>
         <source>&amp;Architecture:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Architektur:</translation>
     </message>
     <message>
         <source>&amp;Repository:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Repository:</translation>
     </message>
     <message>
         <source>Searching...</source>
-        <translation type="unfinished"></translation>
+        <translation>Suche läuft...</translation>
     </message>
     <message>
         <source>The name of a package cannot begin with &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Paketname kann nicht mit „%1“ beginnen</translation>
     </message>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Alle</translation>
     </message>
     <message>
         <source>No packages found</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Pakete gefunden</translation>
     </message>
     <message numerus="yes">
         <source>%n package(s)</source>
@@ -2116,411 +2382,479 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
     </message>
     <message>
         <source>Only the first %1 of %2 names are shown: type more of the name</source>
-        <translation type="unfinished"></translation>
+        <translation>Nur die ersten %1 von %2 Namen werden angezeigt: Geben Sie mehr vom Namen ein</translation>
     </message>
 </context>
 <context>
     <name>Sections</name>
     <message>
         <source>System Administration</source>
-        <translation type="unfinished"></translation>
+        <translation>Systemverwaltung</translation>
     </message>
     <message>
         <source>Base System</source>
-        <translation type="unfinished"></translation>
+        <translation>Basissystem</translation>
     </message>
     <message>
         <source>Mono/CLI Infrastructure</source>
-        <translation type="unfinished"></translation>
+        <translation>Mono-/CLI-Infrastruktur</translation>
     </message>
     <message>
         <source>Communication</source>
-        <translation type="unfinished"></translation>
+        <translation>Kommunikation</translation>
     </message>
     <message>
         <source>Default</source>
-        <translation type="unfinished"></translation>
+        <translation>Standard</translation>
     </message>
     <message>
         <source>Databases</source>
-        <translation type="unfinished"></translation>
+        <translation>Datenbanken</translation>
     </message>
     <message>
         <source>Development</source>
-        <translation type="unfinished"></translation>
+        <translation>Entwicklung</translation>
     </message>
     <message>
         <source>Documentation</source>
-        <translation type="unfinished"></translation>
+        <translation>Dokumentation</translation>
     </message>
     <message>
         <source>Debug</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehlersuche</translation>
     </message>
     <message>
         <source>Editors</source>
-        <translation type="unfinished"></translation>
+        <translation>Editoren</translation>
     </message>
     <message>
         <source>Electronics</source>
-        <translation type="unfinished"></translation>
+        <translation>Elektronik</translation>
     </message>
     <message>
         <source>Embedded Devices</source>
-        <translation type="unfinished"></translation>
+        <translation>Eingebettete Geräte</translation>
     </message>
     <message>
         <source>Fonts</source>
-        <translation type="unfinished"></translation>
+        <translation>Schriften</translation>
     </message>
     <message>
         <source>Games and Amusement</source>
-        <translation type="unfinished"></translation>
+        <translation>Spiele und Unterhaltung</translation>
     </message>
     <message>
         <source>GNOME Desktop Environment</source>
-        <translation type="unfinished"></translation>
+        <translation>GNOME-Arbeitsumgebung</translation>
     </message>
     <message>
         <source>Graphics</source>
-        <translation type="unfinished"></translation>
+        <translation>Grafik</translation>
     </message>
     <message>
         <source>GNU R statistical system</source>
-        <translation type="unfinished"></translation>
+        <translation>Statistiksystem GNU R</translation>
     </message>
     <message>
         <source>Gnustep Desktop Environment</source>
-        <translation type="unfinished"></translation>
+        <translation>GNUstep-Arbeitsumgebung</translation>
     </message>
     <message>
         <source>Amateur Radio</source>
-        <translation type="unfinished"></translation>
+        <translation>Amateurfunk</translation>
     </message>
     <message>
         <source>Haskell Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Programmiersprache Haskell</translation>
     </message>
     <message>
         <source>Web servers</source>
-        <translation type="unfinished"></translation>
+        <translation>Webserver</translation>
     </message>
     <message>
         <source>Interpreted Computer Languages</source>
-        <translation type="unfinished"></translation>
+        <translation>Interpretierte Programmiersprachen</translation>
     </message>
     <message>
         <source>Java Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Programmiersprache Java</translation>
     </message>
     <message>
         <source>KDE Desktop Environment</source>
-        <translation type="unfinished"></translation>
+        <translation>KDE-Arbeitsumgebung</translation>
     </message>
     <message>
         <source>Kernel and modules</source>
-        <translation type="unfinished"></translation>
+        <translation>Kernel und Module</translation>
     </message>
     <message>
         <source>Libraries - Development</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliotheken – Entwicklung</translation>
     </message>
     <message>
         <source>Libraries</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliotheken</translation>
     </message>
     <message>
         <source>Lisp Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Programmiersprache Lisp</translation>
     </message>
     <message>
         <source>Localization</source>
-        <translation type="unfinished"></translation>
+        <translation>Lokalisierung</translation>
     </message>
     <message>
         <source>Email</source>
-        <translation type="unfinished"></translation>
+        <translation>E-Mail</translation>
     </message>
     <message>
         <source>Mathematics</source>
-        <translation type="unfinished"></translation>
+        <translation>Mathematik</translation>
     </message>
     <message>
         <source>Miscellaneous</source>
-        <translation type="unfinished"></translation>
+        <translation>Verschiedenes</translation>
     </message>
     <message>
         <source>Networking</source>
-        <translation type="unfinished"></translation>
+        <translation>Netzwerk</translation>
     </message>
     <message>
         <source>Newsgroup</source>
-        <translation type="unfinished"></translation>
+        <translation>Newsgroups</translation>
     </message>
     <message>
         <source>OCaml Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Programmiersprache OCaml</translation>
     </message>
     <message>
         <source>Libraries - Old</source>
-        <translation type="unfinished"></translation>
+        <translation>Bibliotheken – alt</translation>
     </message>
     <message>
         <source>Cross Platform</source>
-        <translation type="unfinished"></translation>
+        <translation>Plattformübergreifend</translation>
     </message>
     <message>
         <source>Perl Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Programmiersprache Perl</translation>
     </message>
     <message>
         <source>PHP Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Programmiersprache PHP</translation>
     </message>
     <message>
         <source>Python Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Programmiersprache Python</translation>
     </message>
     <message>
         <source>Ruby Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Programmiersprache Ruby</translation>
     </message>
     <message>
         <source>Science</source>
-        <translation type="unfinished"></translation>
+        <translation>Wissenschaft</translation>
     </message>
     <message>
         <source>Shells</source>
-        <translation type="unfinished"></translation>
+        <translation>Shells</translation>
     </message>
     <message>
         <source>Multimedia</source>
-        <translation type="unfinished"></translation>
+        <translation>Multimedia</translation>
     </message>
     <message>
         <source>Tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Aufgaben</translation>
     </message>
     <message>
         <source>TeX Authoring</source>
-        <translation type="unfinished"></translation>
+        <translation>TeX-Textsatz</translation>
     </message>
     <message>
         <source>Word Processing</source>
-        <translation type="unfinished"></translation>
+        <translation>Textverarbeitung</translation>
     </message>
     <message>
         <source>Utilities</source>
-        <translation type="unfinished"></translation>
+        <translation>Hilfsprogramme</translation>
     </message>
     <message>
         <source>Version Control Systems</source>
-        <translation type="unfinished"></translation>
+        <translation>Versionsverwaltungssysteme</translation>
     </message>
     <message>
         <source>Video software</source>
-        <translation type="unfinished"></translation>
+        <translation>Videosoftware</translation>
     </message>
     <message>
         <source>World Wide Web</source>
-        <translation type="unfinished"></translation>
+        <translation>World Wide Web</translation>
     </message>
     <message>
         <source>Miscellaneous  - Graphical</source>
-        <translation type="unfinished"></translation>
+        <translation>Verschiedenes – grafisch</translation>
     </message>
     <message>
         <source>Xfce Desktop Environment</source>
-        <translation type="unfinished"></translation>
+        <translation>Xfce-Arbeitsumgebung</translation>
     </message>
     <message>
         <source>Zope/Plone Environment</source>
-        <translation type="unfinished"></translation>
+        <translation>Zope-/Plone-Umgebung</translation>
     </message>
     <message>
         <source>Unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>Unbekannt</translation>
     </message>
     <message>
         <source>Converted From RPM by Alien</source>
-        <translation type="unfinished"></translation>
+        <translation>Mit Alien aus RPM umgewandelt</translation>
     </message>
     <message>
         <source>Internationalization and localization</source>
-        <translation type="unfinished"></translation>
+        <translation>Internationalisierung und Lokalisierung</translation>
     </message>
     <message>
         <source>Meta Packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Metapakete</translation>
     </message>
     <message>
         <source>Education</source>
-        <translation type="unfinished"></translation>
+        <translation>Bildung</translation>
     </message>
     <message>
         <source>GObject Introspection data</source>
-        <translation type="unfinished"></translation>
+        <translation>GObject-Introspection-Daten</translation>
     </message>
     <message>
         <source>Restricted On Export</source>
-        <translation type="unfinished"></translation>
+        <translation>Exportbeschränkt</translation>
     </message>
     <message>
         <source>non free</source>
-        <translation type="unfinished"></translation>
+        <translation>unfrei</translation>
     </message>
     <message>
         <source>contrib</source>
-        <translation type="unfinished"></translation>
+        <translation>contrib</translation>
     </message>
 </context>
 <context>
     <name>SettingsCommands</name>
     <message>
         <source>Package signing</source>
-        <translation type="unfinished"></translation>
+        <translation>Signieren von Paketen</translation>
     </message>
     <message>
         <source>No key is chosen to sign packages with. Do you want to choose one?</source>
-        <translation type="unfinished"></translation>
+        <translation>Es ist kein Schlüssel zum Signieren von Paketen gewählt. Möchten Sie einen wählen?</translation>
     </message>
     <message>
         <source>The list cannot be stored in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Liste kann nicht in %1 gespeichert werden.</translation>
     </message>
 </context>
 <context>
     <name>SigningCommands</name>
     <message>
         <source>Sign confirmation</source>
-        <translation type="unfinished"></translation>
+        <translation>Signieren bestätigen</translation>
     </message>
     <message>
         <source>not in the key ring</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht im Schlüsselbund</translation>
     </message>
     <message>
         <source>The chosen key cannot sign. Do you want to choose another one?</source>
-        <translation type="unfinished"></translation>
+        <translation>Mit dem gewählten Schlüssel kann nicht signiert werden. Möchten Sie einen anderen wählen?</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
     <message>
         <source>Key: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Schlüssel: %1</translation>
     </message>
     <message>
         <source>Do you want to sign selected packages?</source>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie die ausgewählten Pakete signieren?</translation>
     </message>
     <message>
         <source>The public key cannot be exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der öffentliche Schlüssel kann nicht exportiert werden.</translation>
     </message>
     <message>
         <source>Public key is copied to clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Der öffentliche Schlüssel ist in die Zwischenablage kopiert</translation>
     </message>
     <message>
         <source>Save public key</source>
-        <translation type="unfinished"></translation>
+        <translation>Öffentlichen Schlüssel speichern</translation>
     </message>
     <message>
         <source>Keys (*.asc)</source>
-        <translation type="unfinished"></translation>
+        <translation>Schlüssel (*.asc)</translation>
     </message>
     <message>
         <source>The public key is saved in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der öffentliche Schlüssel ist in %1 gespeichert.</translation>
     </message>
     <message>
         <source>The public key cannot be saved in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der öffentliche Schlüssel kann nicht in %1 gespeichert werden.</translation>
     </message>
 </context>
 <context>
     <name>SigningKey</name>
     <message>
         <source>no secret key</source>
-        <translation type="unfinished"></translation>
+        <translation>kein geheimer Schlüssel</translation>
     </message>
     <message>
         <source>expired on %1</source>
-        <translation type="unfinished"></translation>
+        <translation>abgelaufen am %1</translation>
     </message>
     <message>
         <source>expired</source>
-        <translation type="unfinished"></translation>
+        <translation>abgelaufen</translation>
     </message>
     <message>
         <source>revoked</source>
-        <translation type="unfinished"></translation>
+        <translation>widerrufen</translation>
     </message>
     <message>
         <source>disabled</source>
-        <translation type="unfinished"></translation>
+        <translation>deaktiviert</translation>
     </message>
     <message>
         <source>not meant for signing</source>
-        <translation type="unfinished"></translation>
+        <translation>nicht zum Signieren bestimmt</translation>
     </message>
     <message>
         <source>another key has the same id</source>
-        <translation type="unfinished"></translation>
+        <translation>ein anderer Schlüssel hat dieselbe Kennung</translation>
     </message>
     <message>
         <source>The key expires on %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Schlüssel läuft am %1 ab.</translation>
     </message>
 </context>
 <context>
     <name>SigningSwitch</name>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler</translation>
     </message>
     <message>
         <source>Key verification error:
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler bei der Prüfung des Schlüssels:
+%1</translation>
     </message>
     <message>
         <source>There is no key that can sign. Make one with KGpg first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt keinen Schlüssel, mit dem signiert werden kann. Legen Sie zuerst mit KGpg einen an.</translation>
     </message>
 </context>
 <context>
     <name>SourcesListCommand</name>
     <message>
         <source>The program %1 is not installed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm %1 ist nicht installiert.</translation>
     </message>
 </context>
 <context>
     <name>StartSelectActionDialog</name>
     <message>
         <source>Select action</source>
-        <translation type="unfinished"></translation>
+        <translation>Aktion wählen</translation>
     </message>
     <message>
         <source>There are no repositories open at the moment to add packages, please select the next action</source>
-        <translation type="unfinished"></translation>
+        <translation>Zurzeit ist kein Repository geöffnet, zu dem Pakete hinzugefügt werden könnten. Bitte wählen Sie die nächste Aktion</translation>
     </message>
     <message>
         <source>Create repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository anlegen</translation>
     </message>
     <message>
         <source>Open repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository öffnen</translation>
     </message>
 </context>
 <context>
     <name>SystemFile</name>
     <message>
         <source>it is a link or no regular file</source>
+        <translation>es ist eine Verknüpfung oder keine reguläre Datei</translation>
+    </message>
+</context>
+<context>
+    <name>SystemdService</name>
+    <message>
+        <source>The system bus cannot be reached: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no service manager (systemd) on the system bus.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service manager allows this to the administrator only.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no such service: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The administrator has masked the service: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service manager answers: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service %1 has ended right after its start (%2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service manager has not done with %1 in time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service %1 has failed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service %1 was not ready in time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Something that the service %1 needs has failed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The job of the service %1 was cancelled.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The job of the service %1 did not apply to its state.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The job of the service %1 has ended with &quot;%2&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service %1 has nothing that says when to start it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service %1 does not stay active.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2528,113 +2862,216 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
     <name>TabBarActions</name>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Schließen</translation>
     </message>
     <message>
         <source>Close others</source>
-        <translation type="unfinished"></translation>
+        <translation>Andere schließen</translation>
     </message>
     <message>
         <source>Copy path</source>
-        <translation type="unfinished"></translation>
+        <translation>Pfad kopieren</translation>
     </message>
 </context>
 <context>
     <name>TarReader</name>
     <message>
         <source>The archive is damaged.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv ist beschädigt.</translation>
     </message>
     <message>
         <source>The archive is damaged: its end is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Archiv ist beschädigt: Sein Ende fehlt.</translation>
     </message>
 </context>
 <context>
     <name>UpgradeCommands</name>
     <message>
         <source>No source selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Paketquelle ausgewählt</translation>
     </message>
     <message>
         <source>Since you have not selected any source, the update will be canceled</source>
-        <translation type="unfinished"></translation>
+        <translation>Da Sie keine Paketquelle ausgewählt haben, wird die Aktualisierung abgebrochen</translation>
     </message>
 </context>
 <context>
     <name>UpgradePackagesDialog</name>
     <message>
         <source>Choose packages to upgrade</source>
-        <translation type="unfinished"></translation>
+        <translation>Zu aktualisierende Pakete wählen</translation>
     </message>
     <message>
         <source>The chosen packages are fetched and take the places of the old versions.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die gewählten Pakete werden abgerufen und treten an die Stelle der alten Versionen.</translation>
     </message>
     <message>
         <source>Package</source>
-        <translation type="unfinished"></translation>
+        <translation>Paket</translation>
     </message>
     <message>
         <source>Architecture</source>
-        <translation type="unfinished"></translation>
+        <translation>Architektur</translation>
     </message>
     <message>
         <source>Old version</source>
-        <translation type="unfinished"></translation>
+        <translation>Alte Version</translation>
     </message>
     <message>
         <source>New version</source>
-        <translation type="unfinished"></translation>
+        <translation>Neue Version</translation>
     </message>
     <message>
         <source>Source</source>
-        <translation type="unfinished"></translation>
+        <translation>Paketquelle</translation>
     </message>
 </context>
 <context>
     <name>UpgradeSourcesDialog</name>
     <message>
         <source>Select sources to upgrade</source>
-        <translation type="unfinished"></translation>
+        <translation>Paketquellen für die Aktualisierung auswählen</translation>
     </message>
     <message>
         <source>Newer versions of the packages are looked for in these sources. Which ones are offered here is set in Settings, Edit external repos.</source>
-        <translation type="unfinished"></translation>
+        <translation>In diesen Paketquellen wird nach neueren Versionen der Pakete gesucht. Welche hier angeboten werden, legen Sie unter „Einstellungen“, „Externe Repositorys bearbeiten“ fest.</translation>
     </message>
     <message>
         <source>Repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository</translation>
     </message>
     <message>
         <source>Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Alias</translation>
     </message>
     <message>
         <source>Asking apt which repositories it knows...</source>
-        <translation type="unfinished"></translation>
+        <translation>apt wird gefragt, welche Repositorys es kennt...</translation>
     </message>
     <message>
         <source>apt does not say which repositories it knows; only your own are shown. %1</source>
-        <translation type="unfinished"></translation>
+        <translation>apt teilt nicht mit, welche Repositorys es kennt; nur Ihre eigenen werden angezeigt. %1</translation>
     </message>
 </context>
 <context>
     <name>VeltAboutDialog</name>
     <message>
         <source>About %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Über %1</translation>
     </message>
     <message>
         <source>Version %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Version %1</translation>
     </message>
     <message>
         <source>Free software under the GNU General Public License, version 3 or later. It comes without any warranty.</source>
-        <translation type="unfinished"></translation>
+        <translation>Freie Software unter der GNU General Public License, Version 3 oder neuer. Sie wird ohne jede Garantie bereitgestellt.</translation>
     </message>
     <message>
         <source>About Qt</source>
+        <translation>Über Qt</translation>
+    </message>
+</context>
+<context>
+    <name>VeltAdminRepoInterface</name>
+    <message>
+        <source>The call failed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Out of memory.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The called service is not known.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Timeout reply.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The address given is not valid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The call/operation is not supported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The limits allocated to this process/call/connection exceeded the pre-defined values.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Authorization error.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No server found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No network found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>QDBusServer tried to bind to an address that is already in use.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The call/process/message was sent after QDBusConnection disconnected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The arguments passed to this call/operation are not valid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The method called was not found in this object/interface with the given parameters.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The type signature is not valid or compatible.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The interface is not known in this object.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The object path points to an object that does not exist.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The property does not exist in this interface.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The property set failed because the property is read-only.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An internal error occurred.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service requested is invalid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The object path provided is invalid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The interface is invalid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The member is invalid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown error.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2642,22 +3079,22 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
     <name>VeltHelp</name>
     <message>
         <source>Help</source>
-        <translation type="unfinished"></translation>
+        <translation>Hilfe</translation>
     </message>
 </context>
 <context>
     <name>main</name>
     <message>
         <source>List of packages to add to the repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Liste der Pakete, die zum Repository hinzugefügt werden</translation>
     </message>
     <message>
         <source>Package files (.deb, .udeb)</source>
-        <translation type="unfinished"></translation>
+        <translation>Paketdateien (.deb, .udeb)</translation>
     </message>
     <message>
         <source>Velt admin repo tool</source>
-        <translation type="unfinished"></translation>
+        <translation>Werkzeug zur Verwaltung von Paket-Repositorys</translation>
     </message>
 </context>
 </TS>

@@ -42,6 +42,16 @@
     </message>
 </context>
 <context>
+    <name>PublishCommand</name>
+    <message numerus="yes">
+        <source>and %n further file(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>RepoShell</name>
     <message numerus="yes">
         <source>%n package(s) imported</source>

@@ -5,284 +5,284 @@
     <name>AddPackageDialog</name>
     <message>
         <source>Add package from external repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить пакет из внешнего репозитория</translation>
     </message>
     <message>
         <source>Enter package name:</source>
-        <translation type="unfinished"></translation>
+        <translation>Введите имя пакета:</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить</translation>
     </message>
 </context>
 <context>
     <name>AddPkgSettingsDialog</name>
     <message>
         <source>Package add settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Настройки добавления пакетов</translation>
     </message>
     <message>
         <source>Component:</source>
-        <translation type="unfinished"></translation>
+        <translation>Компонент:</translation>
     </message>
     <message>
         <source>The component to which packages will be added.</source>
-        <translation type="unfinished"></translation>
+        <translation>Компонент, в который будут добавлены пакеты.</translation>
     </message>
     <message>
         <source>Sign the package for a closed software environment</source>
-        <translation type="unfinished"></translation>
+        <translation>Подписать пакет для замкнутой программной среды</translation>
     </message>
     <message>
         <source>Check depends</source>
-        <translation type="unfinished"></translation>
+        <translation>Проверять зависимости</translation>
     </message>
     <message>
         <source>Show dialog when adding packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Показывать это окно при добавлении пакетов</translation>
     </message>
     <message>
         <source>(each package&apos;s own component)</source>
-        <translation type="unfinished"></translation>
+        <translation>(собственный компонент каждого пакета)</translation>
     </message>
 </context>
 <context>
     <name>AptFetch</name>
     <message>
         <source>The source %1 does not have one of its components.</source>
-        <translation type="unfinished"></translation>
+        <translation>В источнике %1 нет одного из его компонентов.</translation>
     </message>
     <message>
         <source>The source %1 is not trusted: its signature is missing or cannot be checked.</source>
-        <translation type="unfinished"></translation>
+        <translation>Источник %1 не является доверенным: его подпись отсутствует или не может быть проверена.</translation>
     </message>
     <message>
         <source>The source %1 does not exist there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Источника %1 по этому адресу нет.</translation>
     </message>
     <message>
         <source>A part of the source is missing: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Отсутствует часть источника: %1.</translation>
     </message>
     <message>
         <source>The server could not be reached: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось связаться с сервером: %1.</translation>
     </message>
     <message>
         <source>The source could not be fetched: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось получить данные источника: %1.</translation>
     </message>
     <message>
         <source>apt could not fetch the lists of packages.</source>
-        <translation type="unfinished"></translation>
+        <translation>apt не удалось получить списки пакетов.</translation>
     </message>
 </context>
 <context>
     <name>AptUtils</name>
     <message>
         <source>Apt error</source>
-        <translation type="unfinished"></translation>
+        <translation>Ошибка apt</translation>
     </message>
     <message>
         <source>apt has no list of the packages of any public source. &quot;apt update&quot; fetches the lists of the sources that it has been told of.</source>
-        <translation type="unfinished"></translation>
+        <translation>У apt нет списков пакетов ни одного общедоступного источника. Команда «apt update» получает списки известных apt источников.</translation>
     </message>
     <message>
         <source>apt-cache: error showing package %1 info</source>
-        <translation type="unfinished"></translation>
+        <translation>apt-cache: ошибка показа сведений о пакете %1</translation>
     </message>
     <message>
         <source>Apt: download package %1 error</source>
-        <translation type="unfinished"></translation>
+        <translation>apt: ошибка загрузки пакета %1</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not the name of a package</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» не является именем пакета</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not an architecture</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» не является архитектурой</translation>
     </message>
 </context>
 <context>
     <name>ArchiveCommands</name>
     <message>
         <source>Import packages from folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Импортировать пакеты из папки</translation>
     </message>
     <message>
         <source>Not imported: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Не импортировано: %1</translation>
     </message>
     <message>
         <source>Select folder with packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Выберите папку с пакетами</translation>
     </message>
     <message>
         <source>Select export archive</source>
-        <translation type="unfinished"></translation>
+        <translation>Выберите архив для экспорта</translation>
     </message>
     <message>
         <source>Archives (*.tgz *.tar.gzip)</source>
-        <translation type="unfinished"></translation>
+        <translation>Архивы (*.tgz *.tar.gzip)</translation>
     </message>
     <message>
         <source>Not exported: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Не экспортировано: %1</translation>
     </message>
     <message>
         <source>Select archive with packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Выберите архив с пакетами</translation>
     </message>
     <message>
         <source>All files (*)</source>
-        <translation type="unfinished"></translation>
+        <translation>Все файлы (*)</translation>
     </message>
     <message>
         <source>Select directory</source>
-        <translation type="unfinished"></translation>
+        <translation>Выберите каталог</translation>
     </message>
 </context>
 <context>
     <name>ArchiveUtils</name>
     <message>
         <source>Can&apos;t open archive for import!</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось открыть архив для импорта!</translation>
     </message>
     <message>
         <source>Can&apos;t umount archive!</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось размонтировать архив!</translation>
     </message>
     <message>
         <source>The folder %1 cannot be used: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Папку %1 использовать нельзя: %2</translation>
     </message>
     <message>
         <source>Another import is reading an archive. Try again when it is done.</source>
-        <translation type="unfinished"></translation>
+        <translation>Другой импорт сейчас читает архив. Повторите попытку, когда он закончится.</translation>
     </message>
     <message>
         <source>The archive of an earlier import is still mounted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Архив предыдущего импорта всё ещё смонтирован.</translation>
     </message>
     <message>
         <source>The program %1 could not be started. Install the package %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось запустить программу %1. Установите пакет %2.</translation>
     </message>
 </context>
 <context>
     <name>ArchiveWriter</name>
     <message>
         <source>It is no file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Это не файл.</translation>
     </message>
     <message>
         <source>It is larger than the 8 GiB that an archive can hold of a file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Размер превышает 8 ГиБ — наибольший размер файла в архиве.</translation>
     </message>
     <message>
         <source>It was changed by another program while it was read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл был изменён другой программой во время чтения.</translation>
     </message>
 </context>
 <context>
     <name>CheckTableDialog</name>
     <message>
         <source>&amp;Select all</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Выбрать все</translation>
     </message>
     <message>
         <source>Selected: %1 of %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Выбрано: %1 из %2</translation>
     </message>
 </context>
 <context>
     <name>ClosingSequence</name>
     <message>
         <source>Warning</source>
-        <translation type="unfinished"></translation>
+        <translation>Предупреждение</translation>
     </message>
     <message>
         <source>%1 is in progress, do you really want to close the program?</source>
-        <translation type="unfinished"></translation>
+        <translation>Выполняется: %1. Вы действительно хотите закрыть программу?</translation>
     </message>
     <message>
         <source>%1 is in progress, do you really want to close the repository?</source>
-        <translation type="unfinished"></translation>
+        <translation>Выполняется: %1. Вы действительно хотите закрыть репозиторий?</translation>
     </message>
 </context>
 <context>
     <name>DependsCommands</name>
     <message>
         <source>Warning!</source>
-        <translation type="unfinished"></translation>
+        <translation>Внимание!</translation>
     </message>
     <message>
         <source>Dependences checking is disabled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Проверка зависимостей отключена.</translation>
     </message>
     <message>
         <source>Add packages to local repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить пакеты в локальный репозиторий</translation>
     </message>
     <message>
         <source>Add package to local repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить пакет в локальный репозиторий</translation>
     </message>
     <message>
         <source>Not added: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Не добавлено: %1</translation>
     </message>
 </context>
 <context>
     <name>DependsModel</name>
     <message>
         <source>Package</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакет</translation>
     </message>
 </context>
 <context>
     <name>DependsReport</name>
     <message>
         <source>not checked</source>
-        <translation type="unfinished"></translation>
+        <translation>не проверено</translation>
     </message>
     <message>
         <source>provided by %1</source>
-        <translation type="unfinished"></translation>
+        <translation>предоставляется %1</translation>
     </message>
     <message>
         <source>needs %1, %2</source>
-        <translation type="unfinished"></translation>
+        <translation>требуется %1, %2</translation>
     </message>
     <message>
         <source>no source offers it, nor a suitable version of what provides it: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>ни один источник не предлагает его или подходящую версию того, что его предоставляет: %1</translation>
     </message>
     <message>
         <source>no source offers it</source>
-        <translation type="unfinished"></translation>
+        <translation>ни один источник его не предлагает</translation>
     </message>
     <message>
         <source>%1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2</translation>
     </message>
     <message>
         <source>Packages with satisfied dependencies: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакеты с удовлетворёнными зависимостями: %1</translation>
     </message>
     <message>
         <source>Packages with missing dependencies: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакеты с недостающими зависимостями: %1</translation>
     </message>
     <message>
         <source>Packages not checked: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Непроверенные пакеты: %1</translation>
     </message>
     <message>
         <source>Most wanted:</source>
-        <translation type="unfinished"></translation>
+        <translation>Чаще всего требуются:</translation>
     </message>
     <message numerus="yes">
         <source>%1, by %n package(s)</source>
@@ -294,308 +294,327 @@
     </message>
     <message>
         <source>%1 offers %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 предлагает %2</translation>
     </message>
 </context>
 <context>
     <name>DependsReportCommands</name>
     <message>
         <source>Copy report</source>
-        <translation type="unfinished"></translation>
+        <translation>Скопировать отчёт</translation>
     </message>
     <message>
         <source>Save report...</source>
-        <translation type="unfinished"></translation>
+        <translation>Сохранить отчёт...</translation>
     </message>
     <message>
         <source>Report is copied to clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Отчёт скопирован в буфер обмена</translation>
     </message>
     <message>
         <source>Text (*.txt)</source>
-        <translation type="unfinished"></translation>
+        <translation>Текст (*.txt)</translation>
     </message>
     <message>
         <source>JSON (*.json)</source>
-        <translation type="unfinished"></translation>
+        <translation>JSON (*.json)</translation>
     </message>
     <message>
         <source>Save report</source>
-        <translation type="unfinished"></translation>
+        <translation>Сохранение отчёта</translation>
     </message>
     <message>
         <source>The report is saved in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Отчёт сохранён в %1.</translation>
     </message>
     <message>
         <source>The report cannot be saved in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось сохранить отчёт в %1.</translation>
     </message>
 </context>
 <context>
     <name>DependsView</name>
     <message>
         <source>Copy</source>
-        <translation type="unfinished"></translation>
+        <translation>Копировать</translation>
     </message>
     <message>
         <source>Dependencies in this state are not shown. The buttons above choose what is shown.</source>
-        <translation type="unfinished"></translation>
+        <translation>Зависимости в этом состоянии не показываются. Кнопки выше определяют, что показывать.</translation>
     </message>
     <message>
         <source>The package has no dependencies.</source>
-        <translation type="unfinished"></translation>
+        <translation>У пакета нет зависимостей.</translation>
     </message>
     <message>
         <source>Not checked yet: press &quot;%1&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ещё не проверено: нажмите «%1».</translation>
     </message>
     <message>
         <source>The package has no dependencies that can be checked.</source>
-        <translation type="unfinished"></translation>
+        <translation>У пакета нет зависимостей, которые можно проверить.</translation>
     </message>
 </context>
 <context>
     <name>DpkgUtils</name>
     <message>
         <source>&quot;%1&quot; is not a version</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» не является версией</translation>
     </message>
     <message>
         <source>The process dpkg crashed!</source>
-        <translation type="unfinished"></translation>
+        <translation>Процесс dpkg аварийно завершился!</translation>
     </message>
 </context>
 <context>
     <name>EmptyPage</name>
     <message>
         <source>No repository is open</source>
-        <translation type="unfinished"></translation>
+        <translation>Нет открытых репозиториев</translation>
     </message>
     <message>
         <source>Create a repository or open one to add packages to it</source>
-        <translation type="unfinished"></translation>
+        <translation>Создайте репозиторий или откройте существующий, чтобы добавлять в него пакеты</translation>
     </message>
 </context>
 <context>
     <name>ExternalRepoSourceDialog</name>
     <message>
         <source>Add external repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить внешний репозиторий</translation>
     </message>
     <message>
         <source>Change external repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Изменить внешний репозиторий</translation>
     </message>
     <message>
         <source>Address, suite and components, as in a sources list</source>
-        <translation type="unfinished"></translation>
+        <translation>Адрес, выпуск и компоненты, как в списке источников</translation>
     </message>
     <message>
         <source>name to show in place of the address</source>
-        <translation type="unfinished"></translation>
+        <translation>имя, показываемое вместо адреса</translation>
     </message>
     <message>
         <source>&amp;Source line:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Строка источника:</translation>
     </message>
     <message>
         <source>A&amp;lias:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Псевдоним:</translation>
     </message>
 </context>
 <context>
     <name>ExternalRepos</name>
     <message>
         <source>&quot;%1&quot; is not the address of a repository. It begins with http:, https:, ftp: or file:.</source>
-        <translation type="unfinished"></translation>
+        <translation>«%1» не является адресом репозитория. Адрес начинается с http:, https:, ftp: или file:.</translation>
     </message>
     <message>
         <source>A disc that apt asks for cannot be searched. Mount it and use a file: address.</source>
-        <translation type="unfinished"></translation>
+        <translation>Поиск на диске, который запрашивает apt, невозможен. Смонтируйте его и используйте адрес file:.</translation>
     </message>
     <message>
         <source>The path behind file: begins with a slash and holds no square brackets.</source>
-        <translation type="unfinished"></translation>
+        <translation>Путь после file: начинается с косой черты и не содержит квадратных скобок.</translation>
     </message>
     <message>
         <source>Addresses with &quot;%1:&quot; cannot be used. Use http:, https:, ftp: or file:.</source>
-        <translation type="unfinished"></translation>
+        <translation>Адреса с «%1:» использовать нельзя. Используйте http:, https:, ftp: или file:.</translation>
     </message>
     <message>
         <source>The address names no host, or not as in http://example.org/debian.</source>
-        <translation type="unfinished"></translation>
+        <translation>В адресе не указан узел, или он указан не так, как в http://example.org/debian.</translation>
     </message>
     <message>
         <source>The line holds a line break or another invisible character.</source>
-        <translation type="unfinished"></translation>
+        <translation>Строка содержит перевод строки или другой невидимый символ.</translation>
     </message>
     <message>
         <source>Enter the address, the suite and the components of the repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Введите адрес, выпуск и компоненты репозитория.</translation>
     </message>
     <message>
         <source>Lines for source packages cannot be used.</source>
-        <translation type="unfinished"></translation>
+        <translation>Строки для пакетов с исходным кодом использовать нельзя.</translation>
     </message>
     <message>
         <source>The character %1 cannot stand in a source line.</source>
-        <translation type="unfinished"></translation>
+        <translation>Символ %1 недопустим в строке источника.</translation>
     </message>
     <message>
         <source>The options in square brackets are not written as in [arch=amd64 trusted=yes].</source>
-        <translation type="unfinished"></translation>
+        <translation>Параметры в квадратных скобках записаны не так, как в [arch=amd64 trusted=yes].</translation>
     </message>
     <message>
         <source>The suite is missing behind the address.</source>
-        <translation type="unfinished"></translation>
+        <translation>После адреса не указан выпуск.</translation>
     </message>
     <message>
         <source>Square brackets stand only around the options, in front of the address.</source>
-        <translation type="unfinished"></translation>
+        <translation>В квадратные скобки заключаются только параметры перед адресом.</translation>
     </message>
     <message>
         <source>A suite that ends in a slash has no components.</source>
-        <translation type="unfinished"></translation>
+        <translation>У выпуска, оканчивающегося косой чертой, нет компонентов.</translation>
     </message>
     <message>
         <source>The components are missing. Only a suite that ends in a slash has none.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не указаны компоненты. Их нет только у выпуска, оканчивающегося косой чертой.</translation>
     </message>
     <message>
         <source>The list has this repository already.</source>
-        <translation type="unfinished"></translation>
+        <translation>Этот репозиторий уже есть в списке.</translation>
     </message>
 </context>
 <context>
     <name>ExternalReposDialog</name>
     <message>
         <source>No external repositories to show</source>
-        <translation type="unfinished"></translation>
+        <translation>Нет внешних репозиториев</translation>
     </message>
     <message>
         <source>&amp;Add...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Добавить...</translation>
     </message>
     <message>
         <source>&amp;Edit...</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Изменить...</translation>
     </message>
     <message>
         <source>&amp;Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Удалить</translation>
     </message>
     <message>
         <source>Edit external repos</source>
-        <translation type="unfinished"></translation>
+        <translation>Изменение внешних репозиториев</translation>
     </message>
     <message>
         <source>The repositories that are asked when dependencies are checked, packages are searched for and a repository is upgraded. The sources of the system itself stay as they are.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозитории, которые опрашиваются при проверке зависимостей, поиске пакетов и обновлении репозитория. Источники самой системы не изменяются.</translation>
     </message>
     <message>
         <source>Asking apt which repositories it knows...</source>
-        <translation type="unfinished"></translation>
+        <translation>Запрос известных apt репозиториев...</translation>
     </message>
     <message>
         <source>External repositories</source>
-        <translation type="unfinished"></translation>
+        <translation>Внешние репозитории</translation>
     </message>
     <message>
         <source>apt does not say which repositories it knows; only stored ones are shown. %1</source>
-        <translation type="unfinished"></translation>
+        <translation>apt не сообщает, какие репозитории ему известны; показаны только сохранённые. %1</translation>
     </message>
     <message>
         <source>What apt knows from the sources of the system cannot be removed here.</source>
-        <translation type="unfinished"></translation>
+        <translation>То, что известно apt из источников системы, здесь удалить нельзя.</translation>
     </message>
     <message>
         <source>apt knows this repository from the sources of the system, so it cannot be changed here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Этот репозиторий известен apt из источников системы, поэтому изменить его здесь нельзя.</translation>
     </message>
 </context>
 <context>
     <name>ExternalReposModel</name>
     <message>
         <source>Repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий</translation>
     </message>
     <message>
         <source>Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Псевдоним</translation>
     </message>
     <message>
         <source>apt knows this repository from the sources of the system. Here it can be switched off and named, but not changed or removed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Этот репозиторий известен apt из источников системы. Здесь его можно отключить и назвать, но нельзя изменить или удалить.</translation>
     </message>
     <message>
         <source>You added this repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Этот репозиторий добавили вы.</translation>
     </message>
     <message>
         <source>apt does not know this repository at present. It is asked again when apt knows it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Сейчас этот репозиторий apt неизвестен. Он снова будет опрашиваться, когда станет известен apt.</translation>
     </message>
     <message>
         <source>apt does not know this repository at present.</source>
-        <translation type="unfinished"></translation>
+        <translation>Сейчас этот репозиторий apt неизвестен.</translation>
     </message>
 </context>
 <context>
     <name>FoundPackagesModel</name>
     <message>
         <source>Package</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакет</translation>
     </message>
     <message>
         <source>Architecture</source>
-        <translation type="unfinished"></translation>
+        <translation>Архитектура</translation>
     </message>
     <message>
         <source>Version</source>
-        <translation type="unfinished"></translation>
+        <translation>Версия</translation>
     </message>
     <message>
         <source>Repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий</translation>
     </message>
 </context>
 <context>
     <name>GpgKeysWidget</name>
     <message>
         <source>Start KGpg</source>
-        <translation type="unfinished"></translation>
+        <translation>Запустить KGpg</translation>
     </message>
     <message>
         <source>Package signing key:</source>
-        <translation type="unfinished"></translation>
+        <translation>Ключ для подписи пакетов:</translation>
     </message>
     <message>
         <source>Select GPG key for signing packages. Use KGpg to add/delete GPG keys. After add/delete GPG keys need reload program.</source>
-        <translation type="unfinished"></translation>
+        <translation>Выберите ключ GPG для подписи пакетов. Добавить или удалить ключи GPG можно в KGpg. После добавления или удаления ключей необходимо перезапустить программу.</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
     <message>
         <source>No key is selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Ключ не выбран</translation>
     </message>
     <message>
         <source>The keys are being read</source>
-        <translation type="unfinished"></translation>
+        <translation>Чтение ключей</translation>
     </message>
     <message>
         <source>No keys are listed</source>
-        <translation type="unfinished"></translation>
+        <translation>Ключей нет</translation>
     </message>
     <message>
         <source>No keys are listed (in use: %1)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ключей нет (используется: %1)</translation>
     </message>
     <message>
         <source>%1 (not listed)</source>
+        <translation>%1 (нет в списке)</translation>
+    </message>
+</context>
+<context>
+    <name>HelperClient</name>
+    <message>
+        <source>Failed to add repository to local sources list!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed to remove repository from local sources list!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository is not published!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository is not unpublished!</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -603,505 +622,509 @@
     <name>JobFeedback</name>
     <message>
         <source>Stop</source>
-        <translation type="unfinished"></translation>
+        <translation>Остановить</translation>
     </message>
 </context>
 <context>
     <name>LocalCandidates</name>
     <message>
         <source>Local</source>
-        <translation type="unfinished"></translation>
+        <translation>Локальный</translation>
     </message>
 </context>
 <context>
     <name>MainWindow</name>
     <message>
         <source>File</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл</translation>
     </message>
     <message>
         <source>Recent repositories</source>
-        <translation type="unfinished"></translation>
+        <translation>Недавние репозитории</translation>
     </message>
     <message>
         <source>Dependences checking</source>
-        <translation type="unfinished"></translation>
+        <translation>Проверка зависимостей</translation>
     </message>
     <message>
         <source>Export</source>
-        <translation type="unfinished"></translation>
+        <translation>Экспорт</translation>
     </message>
     <message>
         <source>Import</source>
-        <translation type="unfinished"></translation>
+        <translation>Импорт</translation>
     </message>
     <message>
         <source>Edit</source>
-        <translation type="unfinished"></translation>
+        <translation>Правка</translation>
     </message>
     <message>
         <source>Publication</source>
-        <translation type="unfinished"></translation>
+        <translation>Публикация</translation>
     </message>
     <message>
         <source>Settings</source>
-        <translation type="unfinished"></translation>
+        <translation>Настройки</translation>
     </message>
     <message>
         <source>View</source>
-        <translation type="unfinished"></translation>
+        <translation>Вид</translation>
     </message>
     <message>
         <source>Help</source>
-        <translation type="unfinished"></translation>
+        <translation>Справка</translation>
     </message>
     <message>
         <source>Tool bar</source>
-        <translation type="unfinished"></translation>
+        <translation>Панель инструментов</translation>
     </message>
     <message>
         <source>New repository...</source>
-        <translation type="unfinished"></translation>
+        <translation>Создать репозиторий...</translation>
     </message>
     <message>
         <source>New repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Создать репозиторий</translation>
     </message>
     <message>
         <source>Open repository...</source>
-        <translation type="unfinished"></translation>
+        <translation>Открыть репозиторий...</translation>
     </message>
     <message>
         <source>Open repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Открыть репозиторий</translation>
     </message>
     <message>
         <source>Remove repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Удалить репозиторий</translation>
     </message>
     <message>
         <source>Exit</source>
-        <translation type="unfinished"></translation>
+        <translation>Выход</translation>
     </message>
     <message>
         <source>Add packages...</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить пакеты...</translation>
     </message>
     <message>
         <source>Add packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить пакеты</translation>
     </message>
     <message>
         <source>Remove packages...</source>
-        <translation type="unfinished"></translation>
+        <translation>Удалить пакеты...</translation>
     </message>
     <message>
         <source>Remove packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Удалить пакеты</translation>
     </message>
     <message>
         <source>Publish repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Опубликовать репозиторий</translation>
     </message>
     <message>
         <source>Unpublish repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Снять репозиторий с публикации</translation>
     </message>
     <message>
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>О программе</translation>
     </message>
     <message>
         <source>Change repository...</source>
-        <translation type="unfinished"></translation>
+        <translation>Изменить репозиторий...</translation>
     </message>
     <message>
         <source>Add src list</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить в список источников</translation>
     </message>
     <message>
         <source>Add repository to local sources list</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить репозиторий в локальный список источников</translation>
     </message>
     <message>
         <source>Remove src list</source>
-        <translation type="unfinished"></translation>
+        <translation>Удалить из списка источников</translation>
     </message>
     <message>
         <source>Remove repository from local sources list</source>
-        <translation type="unfinished"></translation>
+        <translation>Удалить репозиторий из локального списка источников</translation>
     </message>
     <message>
         <source>Package add settings...</source>
-        <translation type="unfinished"></translation>
+        <translation>Настройки добавления пакетов...</translation>
     </message>
     <message>
         <source>Parameters...</source>
-        <translation type="unfinished"></translation>
+        <translation>Параметры...</translation>
     </message>
     <message>
         <source>Sign package(s)</source>
-        <translation type="unfinished"></translation>
+        <translation>Подписать пакет(ы)</translation>
     </message>
     <message>
         <source>Local repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Локальный репозиторий</translation>
     </message>
     <message>
         <source>Public repositories</source>
-        <translation type="unfinished"></translation>
+        <translation>Общедоступные репозитории</translation>
     </message>
     <message>
         <source>All repositories</source>
-        <translation type="unfinished"></translation>
+        <translation>Все репозитории</translation>
     </message>
     <message>
         <source>Disable</source>
-        <translation type="unfinished"></translation>
+        <translation>Отключить</translation>
     </message>
     <message>
         <source>Check depends</source>
-        <translation type="unfinished"></translation>
+        <translation>Проверить зависимости</translation>
     </message>
     <message>
         <source>Add package to local repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить пакет в локальный репозиторий</translation>
     </message>
     <message>
         <source>Contents</source>
-        <translation type="unfinished"></translation>
+        <translation>Содержание</translation>
     </message>
     <message>
         <source>Export all packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Экспортировать все пакеты</translation>
     </message>
     <message>
         <source>Export repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Экспортировать репозиторий</translation>
     </message>
     <message>
         <source>Export selected packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Экспортировать выбранные пакеты</translation>
     </message>
     <message>
         <source>Export repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Экспортировать репозиторий</translation>
     </message>
     <message>
         <source>Import repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Импортировать репозиторий</translation>
     </message>
     <message>
         <source>Import packages from archive</source>
-        <translation type="unfinished"></translation>
+        <translation>Импортировать пакеты из архива</translation>
     </message>
     <message>
         <source>Edit sources lists</source>
-        <translation type="unfinished"></translation>
+        <translation>Изменить списки источников</translation>
     </message>
     <message>
         <source>Add package from external repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавить пакет из внешнего репозитория</translation>
     </message>
     <message>
         <source>Edit external repos...</source>
-        <translation type="unfinished"></translation>
+        <translation>Изменить внешние репозитории...</translation>
     </message>
     <message>
         <source>Show published repos</source>
-        <translation type="unfinished"></translation>
+        <translation>Показать опубликованные репозитории</translation>
     </message>
     <message>
         <source>Export package with depends</source>
-        <translation type="unfinished"></translation>
+        <translation>Экспортировать пакет с зависимостями</translation>
     </message>
     <message>
         <source>Upgrade Repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Обновить репозиторий</translation>
     </message>
     <message>
         <source>View...</source>
-        <translation type="unfinished"></translation>
+        <translation>Вид...</translation>
     </message>
     <message>
         <source>Hide status line</source>
-        <translation type="unfinished"></translation>
+        <translation>Скрыть строку состояния</translation>
     </message>
     <message>
         <source>Changes the visibility of widget with dependencies counter</source>
-        <translation type="unfinished"></translation>
+        <translation>Показывает или скрывает строку со счётчиками зависимостей</translation>
     </message>
     <message>
         <source>Check depends in all repos</source>
-        <translation type="unfinished"></translation>
+        <translation>Зависимости проверяются во всех репозиториях</translation>
     </message>
     <message>
         <source>Check depends in public repos</source>
-        <translation type="unfinished"></translation>
+        <translation>Зависимости проверяются в общедоступных репозиториях</translation>
     </message>
     <message>
         <source>Check depends in local repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Зависимости проверяются в локальном репозитории</translation>
     </message>
     <message>
         <source>Dependces checking disabled</source>
-        <translation type="unfinished"></translation>
+        <translation>Проверка зависимостей отключена</translation>
     </message>
     <message>
         <source>Extended log</source>
-        <translation type="unfinished"></translation>
+        <translation>Подробный журнал</translation>
     </message>
     <message>
         <source>Show extended log</source>
-        <translation type="unfinished"></translation>
+        <translation>Показать подробный журнал</translation>
     </message>
     <message>
         <source>About Qt</source>
-        <translation type="unfinished"></translation>
+        <translation>О Qt</translation>
     </message>
     <message>
         <source>This program uses Qt version %1, a toolkit for applications under the GNU Lesser General Public License, version 3. See https://www.qt.io.</source>
-        <translation type="unfinished"></translation>
+        <translation>Эта программа использует Qt версии %1 — набор инструментов для разработки приложений, распространяемый на условиях GNU Lesser General Public License версии 3. См. https://www.qt.io.</translation>
     </message>
     <message>
         <source>The help pages are not installed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Страницы справки не установлены.</translation>
     </message>
 </context>
 <context>
     <name>MissingPackage</name>
     <message>
         <source>Package %1 is not installed! Do you want to install it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакет %1 не установлен! Установить его?</translation>
     </message>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Ошибка</translation>
     </message>
     <message>
         <source>The package manager synaptic cannot be started. Install the package %1 in another way.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось запустить менеджер пакетов synaptic. Установите пакет %1 другим способом.</translation>
     </message>
     <message>
         <source>The program %1 cannot be started.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось запустить программу %1.</translation>
     </message>
 </context>
 <context>
     <name>NewRepoDialog</name>
     <message>
         <source>Repository creation</source>
-        <translation type="unfinished"></translation>
+        <translation>Создание репозитория</translation>
     </message>
     <message>
         <source>Path</source>
-        <translation type="unfinished"></translation>
+        <translation>Путь</translation>
     </message>
     <message>
         <source>Select a directory to create the repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Выберите каталог, в котором будет создан репозиторий</translation>
     </message>
     <message>
         <source>Repository information</source>
-        <translation type="unfinished"></translation>
+        <translation>Сведения о репозитории</translation>
     </message>
     <message>
         <source>Name</source>
-        <translation type="unfinished"></translation>
+        <translation>Имя</translation>
     </message>
     <message>
         <source>This required field.</source>
-        <translation type="unfinished"></translation>
+        <translation>Это поле обязательно.</translation>
     </message>
     <message>
         <source>Code name</source>
-        <translation type="unfinished"></translation>
+        <translation>Кодовое имя</translation>
     </message>
     <message>
         <source>Suite</source>
-        <translation type="unfinished"></translation>
+        <translation>Выпуск</translation>
     </message>
     <message>
         <source>This optional field.
 Value: oldstable, stable, testing, unstable, current, experimental.</source>
-        <translation type="unfinished"></translation>
+        <translation>Это поле необязательно.
+Значения: oldstable, stable, testing, unstable, current, experimental.</translation>
     </message>
     <message>
         <source>Version</source>
-        <translation type="unfinished"></translation>
+        <translation>Версия</translation>
     </message>
     <message>
         <source>This optional field.
 Example: 1.0.2</source>
-        <translation type="unfinished"></translation>
+        <translation>Это поле необязательно.
+Пример: 1.0.2</translation>
     </message>
     <message>
         <source>Architectures</source>
-        <translation type="unfinished"></translation>
+        <translation>Архитектуры</translation>
     </message>
     <message>
         <source>This required field. 
 One or more values</source>
-        <translation type="unfinished"></translation>
+        <translation>Это поле обязательно.
+Одно или несколько значений</translation>
     </message>
     <message>
         <source>Components</source>
-        <translation type="unfinished"></translation>
+        <translation>Компоненты</translation>
     </message>
     <message>
         <source>This required field.
 One or more values</source>
-        <translation type="unfinished"></translation>
+        <translation>Это поле обязательно.
+Одно или несколько значений</translation>
     </message>
     <message>
         <source>Create Contets-*.gz file</source>
-        <translation type="unfinished"></translation>
+        <translation>Создавать файл Contents-*.gz</translation>
     </message>
     <message>
         <source>Sign the repository (apt)</source>
-        <translation type="unfinished"></translation>
+        <translation>Подписывать репозиторий (apt)</translation>
     </message>
     <message>
         <source>Start KGpg</source>
-        <translation type="unfinished"></translation>
+        <translation>Запустить KGpg</translation>
     </message>
     <message>
         <source>Will be use default GPG key for signing repository (apt). Use KGpg to select default GPG key.</source>
-        <translation type="unfinished"></translation>
+        <translation>Для подписи репозитория (apt) будет использоваться ключ GPG по умолчанию. Выбрать его можно в KGpg.</translation>
     </message>
     <message>
         <source>Repository change</source>
-        <translation type="unfinished"></translation>
+        <translation>Изменение репозитория</translation>
     </message>
     <message>
         <source>Repository import</source>
-        <translation type="unfinished"></translation>
+        <translation>Импорт репозитория</translation>
     </message>
     <message>
         <source>Small letters a to z, digits and the characters %1 are allowed here.</source>
-        <translation type="unfinished"></translation>
+        <translation>Здесь допускаются строчные буквы от a до z, цифры и символы %1.</translation>
     </message>
     <message>
         <source>Small letters a to z, digits and hyphens are allowed here; one blank separates two values.</source>
-        <translation type="unfinished"></translation>
+        <translation>Здесь допускаются строчные буквы от a до z, цифры и дефисы; значения разделяются одним пробелом.</translation>
     </message>
     <message>
         <source>It looks like you are trying to edit a published repository. Please unpublish the repository first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Похоже, вы пытаетесь изменить опубликованный репозиторий. Сначала снимите его с публикации.</translation>
     </message>
     <message>
         <source>Please fill all required fields!</source>
-        <translation type="unfinished"></translation>
+        <translation>Заполните все обязательные поля!</translation>
     </message>
     <message>
         <source>Architecture &quot;all&quot; is unallowable!</source>
-        <translation type="unfinished"></translation>
+        <translation>Архитектура «all» недопустима!</translation>
     </message>
     <message>
         <source>The path must be absolute: it starts with a slash.</source>
-        <translation type="unfinished"></translation>
+        <translation>Путь должен быть абсолютным, то есть начинаться с косой черты.</translation>
     </message>
     <message>
         <source>The name or the code name cannot be used. They consist of letters, digits, dots, hyphens and underscores.</source>
-        <translation type="unfinished"></translation>
+        <translation>Имя или кодовое имя недопустимо. Они состоят из букв, цифр, точек, дефисов и знаков подчёркивания.</translation>
     </message>
     <message>
         <source>Changing fields Codename, Architectures, Components may result in packages deletion. Want to continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Изменение полей «Кодовое имя», «Архитектуры», «Компоненты» может привести к удалению пакетов. Продолжить?</translation>
     </message>
     <message>
         <source>It holds a repository. Everything in it will be deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>В нём находится репозиторий. Всё его содержимое будет удалено.</translation>
     </message>
     <message>
         <source>It holds no repository. Everything in it will be deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозитория в нём нет. Всё его содержимое будет удалено.</translation>
     </message>
     <message>
         <source>The directory %1 already exists. Replace it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Каталог %1 уже существует. Заменить его?</translation>
     </message>
     <message>
         <source>Overwriting a published repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Перезапись опубликованного репозитория</translation>
     </message>
     <message>
         <source>You are trying to overwrite a published repository. It is highly recommended to first unpublish the repository and then make changes. Click &quot;Yes&quot; only if you know what you are doing. Continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Вы пытаетесь перезаписать опубликованный репозиторий. Настоятельно рекомендуется сначала снять репозиторий с публикации и только потом вносить изменения. Нажимайте «Да», только если уверены в своих действиях. Продолжить?</translation>
     </message>
 </context>
 <context>
     <name>PackageCommands</name>
     <message>
         <source>Not added: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Не добавлено: %1</translation>
     </message>
     <message>
         <source>No repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Нет репозитория</translation>
     </message>
     <message>
         <source>There are no repositories to add a package to</source>
-        <translation type="unfinished"></translation>
+        <translation>Нет репозиториев, в которые можно добавить пакет</translation>
     </message>
     <message>
         <source>Choose repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Выбор репозитория</translation>
     </message>
     <message>
         <source>Select the repository to add the package(s) to:</source>
-        <translation type="unfinished"></translation>
+        <translation>Выберите репозиторий, в который будут добавлены пакеты:</translation>
     </message>
     <message>
         <source>(%1)</source>
-        <translation type="unfinished"></translation>
+        <translation>(%1)</translation>
     </message>
     <message>
         <source>Adding Packages%1</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавление пакетов %1</translation>
     </message>
     <message>
         <source>Packages (*.deb *.udeb)</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакеты (*.deb *.udeb)</translation>
     </message>
     <message>
         <source>Only packages can be added: files whose name ends in .deb or .udeb, in small letters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавлять можно только пакеты — файлы, имена которых оканчиваются на .deb или .udeb (строчными буквами).</translation>
     </message>
     <message>
         <source>Remove confirmation</source>
-        <translation type="unfinished"></translation>
+        <translation>Подтверждение удаления</translation>
     </message>
     <message>
         <source>Do you want to remove selected packages?</source>
-        <translation type="unfinished"></translation>
+        <translation>Удалить выбранные пакеты?</translation>
     </message>
 </context>
 <context>
     <name>PackageDependItem</name>
     <message>
         <source>%1 Provided by ...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 предоставляется ...</translation>
     </message>
     <message>
         <source>Provided by ... </source>
-        <translation type="unfinished"></translation>
+        <translation>предоставляется ... </translation>
     </message>
     <message>
         <source>%1 offers %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 предлагает %2</translation>
     </message>
     <message>
         <source>needs %1, %2 offers %3</source>
-        <translation type="unfinished"></translation>
+        <translation>требуется %1, %2 предлагает %3</translation>
     </message>
     <message>
         <source>not checked</source>
-        <translation type="unfinished"></translation>
+        <translation>не проверено</translation>
     </message>
     <message>
         <source>%1 does not offer it</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 его не предлагает</translation>
     </message>
 </context>
 <context>
@@ -1119,30 +1142,30 @@ One or more values</source>
     <name>PackageFile</name>
     <message>
         <source>The file is damaged: its end is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл повреждён: отсутствует его конец.</translation>
     </message>
     <message>
         <source>Its control data lack the package&apos;s name, version or architecture.</source>
-        <translation type="unfinished"></translation>
+        <translation>В его управляющих данных не указаны имя, версия или архитектура пакета.</translation>
     </message>
 </context>
 <context>
     <name>PackageItem</name>
     <message>
         <source>Dependencies not checked yet</source>
-        <translation type="unfinished"></translation>
+        <translation>Зависимости ещё не проверены</translation>
     </message>
     <message>
         <source>Some dependencies are not satisfied</source>
-        <translation type="unfinished"></translation>
+        <translation>Некоторые зависимости не удовлетворены</translation>
     </message>
     <message>
         <source>Depends on nothing</source>
-        <translation type="unfinished"></translation>
+        <translation>Зависимостей нет</translation>
     </message>
     <message>
         <source>All dependencies are satisfied</source>
-        <translation type="unfinished"></translation>
+        <translation>Все зависимости удовлетворены</translation>
     </message>
     <message numerus="yes">
         <source>%1 satisfies %2 of %n dependency(ies)</source>
@@ -1157,101 +1180,101 @@ One or more values</source>
     <name>PackageReplacementDialog</name>
     <message>
         <source>The repository already contains a package %1 (%2) of a newer version. Do you want to replace it?</source>
-        <translation type="unfinished"></translation>
+        <translation>В репозитории уже есть более новая версия пакета %1 (%2). Заменить её?</translation>
     </message>
     <message>
         <source>The repository already contains a package %1 (%2) of an earlier version. Do you want to replace it?</source>
-        <translation type="unfinished"></translation>
+        <translation>В репозитории уже есть более старая версия пакета %1 (%2). Заменить её?</translation>
     </message>
     <message>
         <source>The package %1 (%2) already exists. Do you want to replace it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакет %1 (%2) уже существует. Заменить его?</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
     <message>
         <source>Package replacement</source>
-        <translation type="unfinished"></translation>
+        <translation>Замена пакета</translation>
     </message>
     <message>
         <source>Apply to all</source>
-        <translation type="unfinished"></translation>
+        <translation>Применить ко всем</translation>
     </message>
     <message>
         <source>Version in the repository: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Версия в репозитории: %1</translation>
     </message>
     <message>
         <source>New version: %1 (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>Новая версия: %1 (%2)</translation>
     </message>
     <message>
         <source>You can immediately choose what to do with all subsequent matches; to do this, select one of the options and click &quot;Apply to all&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Можно сразу выбрать, что делать со всеми последующими совпадениями: выберите один из вариантов и нажмите «Применить ко всем»</translation>
     </message>
     <message>
         <source>Give preference to versions higer</source>
-        <translation type="unfinished"></translation>
+        <translation>Предпочитать более высокие версии</translation>
     </message>
     <message>
         <source>In case of matching package, preference will be given to the package with a higher version</source>
-        <translation type="unfinished"></translation>
+        <translation>При совпадении пакетов предпочтение отдаётся пакету с более высокой версией</translation>
     </message>
     <message>
         <source>Give preference to versions lower</source>
-        <translation type="unfinished"></translation>
+        <translation>Предпочитать более низкие версии</translation>
     </message>
     <message>
         <source>In case of matching package, preference will be given to the package with a lower version</source>
-        <translation type="unfinished"></translation>
+        <translation>При совпадении пакетов предпочтение отдаётся пакету с более низкой версией</translation>
     </message>
     <message>
         <source>Replace all packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Заменять все пакеты</translation>
     </message>
     <message>
         <source>If the package matches, always replace it</source>
-        <translation type="unfinished"></translation>
+        <translation>При совпадении всегда заменять пакет</translation>
     </message>
     <message>
         <source>Do not replace packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Не заменять пакеты</translation>
     </message>
     <message>
         <source>Always give preference to packages already present in the repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Всегда отдавать предпочтение пакетам, уже имеющимся в репозитории</translation>
     </message>
 </context>
 <context>
     <name>PackageStatusLine</name>
     <message>
         <source>Dependences not checked</source>
-        <translation type="unfinished"></translation>
+        <translation>Зависимости не проверены</translation>
     </message>
     <message>
         <source>Dependences not satisfied</source>
-        <translation type="unfinished"></translation>
+        <translation>Зависимости не удовлетворены</translation>
     </message>
     <message>
         <source>Dependences satisfied</source>
-        <translation type="unfinished"></translation>
+        <translation>Зависимости удовлетворены</translation>
     </message>
     <message>
         <source>Total: %1 package(s)</source>
-        <translation type="unfinished"></translation>
+        <translation>Всего пакетов: %1</translation>
     </message>
 </context>
 <context>
     <name>ParametersDialog</name>
     <message>
         <source>Show package version</source>
-        <translation type="unfinished"></translation>
+        <translation>Показывать версию пакета</translation>
     </message>
     <message>
         <source>Parametrs</source>
-        <translation type="unfinished"></translation>
+        <translation>Параметры</translation>
     </message>
 </context>
 <context>
@@ -1266,25 +1289,44 @@ One or more values</source>
     </message>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Ошибка</translation>
     </message>
     <message>
         <source>Warning</source>
-        <translation type="unfinished"></translation>
+        <translation>Предупреждение</translation>
     </message>
     <message>
         <source>Confirm replacement</source>
-        <translation type="unfinished"></translation>
+        <translation>Подтверждение замены</translation>
     </message>
     <message>
         <source>The file %1 already exists. Do you want to replace it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл %1 уже существует. Заменить его?</translation>
     </message>
 </context>
 <context>
     <name>PublicationAccess</name>
     <message>
         <source>The access rights of %1 cannot be changed.</source>
+        <translation>Не удалось изменить права доступа к %1.</translation>
+    </message>
+</context>
+<context>
+    <name>PublicationCommands</name>
+    <message>
+        <source>Address is copied to clipboard</source>
+        <translation>Адрес скопирован в буфер обмена</translation>
+    </message>
+    <message>
+        <source>Repository is added to local sources list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repository is removed from local sources list.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for the system to change the local sources list</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1292,14 +1334,61 @@ One or more values</source>
     <name>PublicationPanel</name>
     <message>
         <source>Choose a server type</source>
-        <translation type="unfinished"></translation>
+        <translation>Выберите тип сервера</translation>
     </message>
     <message>
         <source>Complete the IP address</source>
-        <translation type="unfinished"></translation>
+        <translation>Введите IP-адрес полностью</translation>
     </message>
     <message>
         <source>Address is copied to clipboard</source>
+        <translation>Адрес скопирован в буфер обмена</translation>
+    </message>
+    <message>
+        <source>Published at %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>To be published at %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Not published</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PublicationRules</name>
+    <message>
+        <source>There is no repository</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose a server type</source>
+        <translation>Выберите тип сервера</translation>
+    </message>
+    <message>
+        <source>There is no port %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The path %1 cannot be served. It may consist of letters, digits, blanks inside names and the characters %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository is published already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another repository is published</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository is published on this port over %1. Unpublish it first.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another program uses the port %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1307,26 +1396,195 @@ One or more values</source>
     <name>PublicationText</name>
     <message>
         <source>Published</source>
-        <translation type="unfinished"></translation>
+        <translation>Опубликован</translation>
     </message>
     <message>
         <source>Being started</source>
-        <translation type="unfinished"></translation>
+        <translation>Запускается</translation>
     </message>
     <message>
         <source>Being stopped</source>
-        <translation type="unfinished"></translation>
+        <translation>Останавливается</translation>
     </message>
     <message>
         <source>Not running</source>
-        <translation type="unfinished"></translation>
+        <translation>Не запущен</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Сбой</translation>
     </message>
     <message>
         <source>Unknown</source>
+        <translation>Неизвестно</translation>
+    </message>
+</context>
+<context>
+    <name>PublishCommand</name>
+    <message>
+        <source>Publish repository</source>
+        <translation>Опубликовать репозиторий</translation>
+    </message>
+    <message>
+        <source>Choose a server type, then publish the repository once more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository is not published!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The path %1 cannot be served. It must be the directory of a repository, and its name may consist of letters, digits, blanks between them and the characters %2.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The FTP server reads only what all users of this machine can read, and they cannot enter the folder %1. Choose the server type HTTP, or move the repository to another folder.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n further file(s)</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Access rights</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The server cannot read everything in the repository. Do you want to let all users of this machine read it?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Publication confirmation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to publish an empty repository?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program puts its own settings into the file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository %1 is published over FTP now and will not be any more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Rewrite confirmation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File /etc/vsftpd.conf will be rewrite. Do you want to continue?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for the system to publish %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repository is published.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service did not start, or ended at once. &quot;systemctl status %1&quot; tells more.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The end of the server&apos;s log %1:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repository is unpublished.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository %1 is busy. Unpublish it when that has ended.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Waiting for the system to unpublish %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repository is not unpublished!</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PublishedReposDialog</name>
+    <message>
+        <source>Published repositories</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Log of the server:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Open repository</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Copy address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&amp;Unpublish</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No repository is published from this machine.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Asking the system what is published...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The log %1 is empty or cannot be read.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The FTP server keeps no log of its own for the repository.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unpublish confirmation</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to unpublish the repository %1?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Clients that use it get errors until it is published again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>PublishedReposModel</name>
+    <message>
+        <source>Repository</source>
+        <translation>Репозиторий</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Port</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>State</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1334,106 +1592,106 @@ One or more values</source>
     <name>RepoModel</name>
     <message>
         <source>Architecture: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Архитектура: %1</translation>
     </message>
     <message>
         <source>Packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакеты</translation>
     </message>
 </context>
 <context>
     <name>RepoShell</name>
     <message>
         <source>The database of the repository is missing. Any change would make a new one and take all packages out of the indices, so nothing was done.</source>
-        <translation type="unfinished"></translation>
+        <translation>База данных репозитория отсутствует. Любое изменение создало бы новую базу и удалило бы все пакеты из индексов, поэтому ничего сделано не было.</translation>
     </message>
     <message>
         <source>The program reprepro could not be started. Is it installed?</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось запустить программу reprepro. Установлена ли она?</translation>
     </message>
     <message>
         <source>The process reprepro crashed!</source>
-        <translation type="unfinished"></translation>
+        <translation>Процесс reprepro аварийно завершился!</translation>
     </message>
     <message>
         <source>The repository %1 is being changed by another program. Try again when it is done.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий %1 сейчас изменяется другой программой. Повторите попытку, когда она закончит.</translation>
     </message>
     <message>
         <source>Repository is locked</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий заблокирован</translation>
     </message>
     <message>
         <source>The database of the repository %1 is locked, but no program uses it: an earlier run was interrupted. Do you want to remove the lock and try again?</source>
-        <translation type="unfinished"></translation>
+        <translation>База данных репозитория %1 заблокирована, но ни одна программа её не использует: предыдущий запуск был прерван. Снять блокировку и повторить попытку?</translation>
     </message>
     <message>
         <source>Exporting repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Экспорт репозитория</translation>
     </message>
     <message>
         <source>Repository is not exported</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не экспортирован</translation>
     </message>
     <message>
         <source>Can&apos;t open repository dir</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось открыть каталог репозитория</translation>
     </message>
     <message>
         <source>Operation stopped. Repository not exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Операция остановлена. Репозиторий не экспортирован.</translation>
     </message>
     <message>
         <source>Repository exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий экспортирован.</translation>
     </message>
     <message>
         <source>Exporting package</source>
-        <translation type="unfinished"></translation>
+        <translation>Экспорт пакета</translation>
     </message>
     <message>
         <source>Exporting packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Экспорт пакетов</translation>
     </message>
     <message>
         <source>The file of the package %1 is not known.</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл пакета %1 неизвестен.</translation>
     </message>
     <message>
         <source>Operation stopped. Package not exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Операция остановлена. Пакет не экспортирован.</translation>
     </message>
     <message>
         <source>Operation stopped. Packages not exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Операция остановлена. Пакеты не экспортированы.</translation>
     </message>
     <message>
         <source>Export finished</source>
-        <translation type="unfinished"></translation>
+        <translation>Экспорт завершён</translation>
     </message>
     <message>
         <source>Can&apos;t create archive for export</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось создать архив для экспорта</translation>
     </message>
     <message>
         <source>%1 lies in the repository itself. Choose a place outside of it.</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 находится в самом репозитории. Выберите место вне его.</translation>
     </message>
     <message>
         <source>Start repo import</source>
-        <translation type="unfinished"></translation>
+        <translation>Начало импорта репозитория</translation>
     </message>
     <message>
         <source>Import error!</source>
-        <translation type="unfinished"></translation>
+        <translation>Ошибка импорта!</translation>
     </message>
     <message>
         <source>Package(s) not imported</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакеты не импортированы</translation>
     </message>
     <message>
         <source>Import failed: there are no packages by selected path</source>
-        <translation type="unfinished"></translation>
+        <translation>Импорт не удался: по выбранному пути нет пакетов</translation>
     </message>
     <message numerus="yes">
         <source>%n package(s) imported</source>
@@ -1445,15 +1703,15 @@ One or more values</source>
     </message>
     <message>
         <source>Can&apos;t open archive for import!</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось открыть архив для импорта!</translation>
     </message>
     <message>
         <source>No temporary folder could be made to unpack it in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось создать временную папку для распаковки.</translation>
     </message>
     <message>
         <source>Checking depends</source>
-        <translation type="unfinished"></translation>
+        <translation>Проверка зависимостей</translation>
     </message>
     <message numerus="yes">
         <source>Operation stopped. %1 of %n package(s) depends checked</source>
@@ -1465,23 +1723,23 @@ One or more values</source>
     </message>
     <message>
         <source>Depends checked</source>
-        <translation type="unfinished"></translation>
+        <translation>Зависимости проверены</translation>
     </message>
     <message>
         <source>The stored results of the dependency checks could not be read. The file is kept as %1; check the dependencies again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось прочитать сохранённые результаты проверки зависимостей. Файл оставлен под именем %1; проверьте зависимости ещё раз.</translation>
     </message>
     <message>
         <source>Downloading package</source>
-        <translation type="unfinished"></translation>
+        <translation>Загрузка пакета</translation>
     </message>
     <message>
         <source>Downloading packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Загрузка пакетов</translation>
     </message>
     <message>
         <source>No source offers: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ни один источник не предлагает: %1</translation>
     </message>
     <message numerus="yes">
         <source>Added %n package(s) to local repo: %1</source>
@@ -1501,123 +1759,123 @@ One or more values</source>
     </message>
     <message>
         <source>No temporary folder could be made to fetch it into.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось создать временную папку для загрузки.</translation>
     </message>
     <message>
         <source>apt has left no file of that version.</source>
-        <translation type="unfinished"></translation>
+        <translation>apt не оставил файла этой версии.</translation>
     </message>
     <message>
         <source>Impossible to delete directory %1!</source>
-        <translation type="unfinished"></translation>
+        <translation>Невозможно удалить каталог %1!</translation>
     </message>
     <message>
         <source>Impossible to create directory %1!</source>
-        <translation type="unfinished"></translation>
+        <translation>Невозможно создать каталог %1!</translation>
     </message>
     <message>
         <source>It is a directory of the system, or holds a home directory or an open repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Это системный каталог, или в нём находится домашний каталог либо открытый репозиторий.</translation>
     </message>
     <message>
         <source>Failed to create repository!</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось создать репозиторий!</translation>
     </message>
     <message>
         <source>Impossible to create file %1!</source>
-        <translation type="unfinished"></translation>
+        <translation>Невозможно создать файл %1!</translation>
     </message>
     <message>
         <source>Opening repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Открытие репозитория</translation>
     </message>
     <message>
         <source>File %1/conf/distributions not found! Do you want to import repository?</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл %1/conf/distributions не найден! Импортировать репозиторий?</translation>
     </message>
     <message>
         <source>File %1/conf/distributions not found!</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл %1/conf/distributions не найден!</translation>
     </message>
     <message>
         <source>File %1/conf/distributions names no distribution: its field Codename is missing or empty.</source>
-        <translation type="unfinished"></translation>
+        <translation>В файле %1/conf/distributions не указан дистрибутив: поле Codename отсутствует или пусто.</translation>
     </message>
     <message>
         <source>Repositry is not opened</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не открыт</translation>
     </message>
     <message>
         <source>Repositry is opened</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий открыт</translation>
     </message>
     <message>
         <source>An earlier job was interrupted, and the indices of the repository could not be brought up to date. The packages shown may not be all that it holds.</source>
-        <translation type="unfinished"></translation>
+        <translation>Предыдущая операция была прервана, и индексы репозитория не удалось обновить. Возможно, показаны не все имеющиеся пакеты.</translation>
     </message>
     <message>
         <source>An earlier job was interrupted while it replaced a package. The replaced files are kept in %1; add them again if they are missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Предыдущая операция была прервана при замене пакета. Заменённые файлы сохранены в %1; добавьте их снова, если они отсутствуют.</translation>
     </message>
     <message>
         <source>Repository changing</source>
-        <translation type="unfinished"></translation>
+        <translation>Изменение репозитория</translation>
     </message>
     <message>
         <source>Repository not changed</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не изменён</translation>
     </message>
     <message>
         <source>Repository is changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий изменён.</translation>
     </message>
     <message>
         <source>Failed to change repository!</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось изменить репозиторий!</translation>
     </message>
     <message>
         <source>Repository is not changed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не изменён.</translation>
     </message>
     <message>
         <source>The repository holds several distributions. A change would delete all but the first, so nothing was done.</source>
-        <translation type="unfinished"></translation>
+        <translation>В репозитории несколько дистрибутивов. Изменение удалило бы все, кроме первого, поэтому ничего сделано не было.</translation>
     </message>
     <message>
         <source>It is the repository itself, lies in it or holds it, or it is a directory of the system, or holds a home directory or an open repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Это сам репозиторий, каталог внутри него или содержащий его каталог, либо системный каталог, либо каталог, в котором находится домашний каталог или открытый репозиторий.</translation>
     </message>
     <message>
         <source>The repository could not be moved to %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось переместить репозиторий в %1.</translation>
     </message>
     <message>
         <source>Failed to sign repository!</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось подписать репозиторий!</translation>
     </message>
     <message>
         <source>Not added: %1. The repository holds version %2 (%3) already, which was kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не добавлено: %1. В репозитории уже есть версия %2 (%3), она оставлена.</translation>
     </message>
     <message>
         <source>Not added: %1. The repository holds the newer version %2 (%3), which was kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не добавлено: %1. В репозитории есть более новая версия %2 (%3), она оставлена.</translation>
     </message>
     <message>
         <source>Not added: %1. The repository holds the older version %2 (%3), which was kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не добавлено: %1. В репозитории есть более старая версия %2 (%3), она оставлена.</translation>
     </message>
     <message>
         <source>The indices of the repository could not be written. They will be written when the repository is opened the next time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось записать индексы репозитория. Они будут записаны при следующем открытии репозитория.</translation>
     </message>
     <message>
         <source>Adding package</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавление пакета</translation>
     </message>
     <message>
         <source>Adding packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавление пакетов</translation>
     </message>
     <message numerus="yes">
         <source>%n package(s) added: %1</source>
@@ -1637,55 +1895,55 @@ One or more values</source>
     </message>
     <message>
         <source>Error adding package!</source>
-        <translation type="unfinished"></translation>
+        <translation>Ошибка добавления пакета!</translation>
     </message>
     <message>
         <source>Package is unsigned</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакет не подписан</translation>
     </message>
     <message>
         <source>Package is added, but unsigned. Do you want to remove it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакет добавлен, но не подписан. Удалить его?</translation>
     </message>
     <message>
         <source>Not added: %1. The repository could not be signed with it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не добавлено: %1. Репозиторий с этим пакетом не удалось подписать.</translation>
     </message>
     <message>
         <source>Added, but the repository could not be signed: %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Добавлено, но подписать репозиторий не удалось: %1.</translation>
     </message>
     <message>
         <source>Error adding package %1!</source>
-        <translation type="unfinished"></translation>
+        <translation>Ошибка добавления пакета %1!</translation>
     </message>
     <message>
         <source>Cannot added package %1 with architecture all!</source>
-        <translation type="unfinished"></translation>
+        <translation>Невозможно добавить пакет %1 с архитектурой all!</translation>
     </message>
     <message>
         <source>The present package could not be kept aside, so it was not replaced: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Имеющийся пакет не удалось сохранить отдельно, поэтому он не заменён: %1</translation>
     </message>
     <message>
         <source>The present package could not be removed, so it was not replaced.</source>
-        <translation type="unfinished"></translation>
+        <translation>Имеющийся пакет не удалось удалить, поэтому он не заменён.</translation>
     </message>
     <message>
         <source>The replaced package %1 could not be put back: its file was missing already.</source>
-        <translation type="unfinished"></translation>
+        <translation>Заменённый пакет %1 не удалось вернуть: его файл уже отсутствовал.</translation>
     </message>
     <message>
         <source>The replaced package %1 could not be put back. Its file is kept as %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Заменённый пакет %1 не удалось вернуть. Его файл сохранён как %2.</translation>
     </message>
     <message>
         <source>Removing package</source>
-        <translation type="unfinished"></translation>
+        <translation>Удаление пакета</translation>
     </message>
     <message>
         <source>Removing packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Удаление пакетов</translation>
     </message>
     <message numerus="yes">
         <source>%n packages removed: %1</source>
@@ -1705,15 +1963,15 @@ One or more values</source>
     </message>
     <message>
         <source>Error removing package %1!</source>
-        <translation type="unfinished"></translation>
+        <translation>Ошибка удаления пакета %1!</translation>
     </message>
     <message>
         <source>Package signing</source>
-        <translation type="unfinished"></translation>
+        <translation>Подписание пакета</translation>
     </message>
     <message>
         <source>Packages signing</source>
-        <translation type="unfinished"></translation>
+        <translation>Подписание пакетов</translation>
     </message>
     <message numerus="yes">
         <source>%n package(s) is signed: %1</source>
@@ -1733,74 +1991,82 @@ One or more values</source>
     </message>
     <message>
         <source>Failed to sign package %1!</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось подписать пакет %1!</translation>
     </message>
     <message>
         <source>No temporary folder could be made to sign it in.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось создать временную папку для подписания.</translation>
     </message>
     <message>
         <source>The record of the signed packages could not be written.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось записать перечень подписанных пакетов.</translation>
     </message>
     <message>
         <source>The file that has come is of another package: %1 %2 (%3).</source>
-        <translation type="unfinished"></translation>
+        <translation>Полученный файл относится к другому пакету: %1 %2 (%3).</translation>
     </message>
     <message>
         <source>Downloading information</source>
-        <translation type="unfinished"></translation>
+        <translation>Загрузка сведений</translation>
     </message>
     <message>
         <source>Information is not downloaded</source>
-        <translation type="unfinished"></translation>
+        <translation>Сведения не загружены</translation>
     </message>
     <message>
         <source>Canceled by user</source>
-        <translation type="unfinished"></translation>
+        <translation>Отменено пользователем</translation>
     </message>
     <message>
         <source>No packages for upgrading</source>
-        <translation type="unfinished"></translation>
+        <translation>Нет пакетов для обновления</translation>
     </message>
     <message>
         <source>Nothing to upgrade</source>
-        <translation type="unfinished"></translation>
+        <translation>Обновлять нечего</translation>
     </message>
     <message>
         <source>Ready for upgrade</source>
-        <translation type="unfinished"></translation>
+        <translation>Готово к обновлению</translation>
     </message>
     <message>
         <source>Upgrading repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Обновление репозитория</translation>
     </message>
     <message>
         <source>Repo is not upgraded</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не обновлён</translation>
     </message>
     <message>
         <source>Unable to create cache folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось создать папку кэша</translation>
     </message>
     <message>
         <source>Repo upgraded</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий обновлён</translation>
     </message>
     <message>
         <source>The chosen sources offer no packages for this repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Выбранные источники не предлагают пакетов для этого репозитория.</translation>
     </message>
     <message>
         <source>Not upgraded: %1 (%2) is in the repository no longer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не обновлено: %1 (%2) больше нет в репозитории.</translation>
     </message>
     <message>
         <source>Are you sure?</source>
-        <translation type="unfinished"></translation>
+        <translation>Вы уверены?</translation>
     </message>
     <message>
         <source>Not upgraded: no source offers %1 %2 any more.</source>
+        <translation>Не обновлено: ни один источник больше не предлагает %1 %2.</translation>
+    </message>
+    <message>
+        <source>The repository is not published!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The directory &quot;%1&quot; is not there.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -1808,311 +2074,312 @@ One or more values</source>
     <name>RepoWidget</name>
     <message>
         <source>Packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакеты</translation>
     </message>
     <message>
         <source>Common</source>
-        <translation type="unfinished"></translation>
+        <translation>Общие</translation>
     </message>
     <message>
         <source>Components:</source>
-        <translation type="unfinished"></translation>
+        <translation>Компоненты:</translation>
     </message>
     <message>
         <source>Code name:</source>
-        <translation type="unfinished"></translation>
+        <translation>Кодовое имя:</translation>
     </message>
     <message>
         <source>Suite:</source>
-        <translation type="unfinished"></translation>
+        <translation>Выпуск:</translation>
     </message>
     <message>
         <source>Version:</source>
-        <translation type="unfinished"></translation>
+        <translation>Версия:</translation>
     </message>
     <message>
         <source>Architectures:</source>
-        <translation type="unfinished"></translation>
+        <translation>Архитектуры:</translation>
     </message>
     <message>
         <source>Signature (apt):</source>
-        <translation type="unfinished"></translation>
+        <translation>Подпись (apt):</translation>
     </message>
     <message>
         <source>Signing key:</source>
-        <translation type="unfinished"></translation>
+        <translation>Ключ подписи:</translation>
     </message>
     <message>
         <source>Key for clients:</source>
-        <translation type="unfinished"></translation>
+        <translation>Ключ для клиентов:</translation>
     </message>
     <message>
         <source>Copy public key</source>
-        <translation type="unfinished"></translation>
+        <translation>Скопировать открытый ключ</translation>
     </message>
     <message>
         <source>Save public key...</source>
-        <translation type="unfinished"></translation>
+        <translation>Сохранить открытый ключ...</translation>
     </message>
     <message>
         <source>Publication</source>
-        <translation type="unfinished"></translation>
+        <translation>Публикация</translation>
     </message>
     <message>
         <source>Trusted repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Доверенный репозиторий</translation>
     </message>
     <message>
         <source>Architecture:</source>
-        <translation type="unfinished"></translation>
+        <translation>Архитектура:</translation>
     </message>
     <message>
         <source>Server type:</source>
-        <translation type="unfinished"></translation>
+        <translation>Тип сервера:</translation>
     </message>
     <message>
         <source>IP address:</source>
-        <translation type="unfinished"></translation>
+        <translation>IP-адрес:</translation>
     </message>
     <message>
         <source>Port number:</source>
-        <translation type="unfinished"></translation>
+        <translation>Номер порта:</translation>
     </message>
     <message>
         <source>Source line</source>
-        <translation type="unfinished"></translation>
+        <translation>Строка источника</translation>
     </message>
     <message>
         <source>Copy to clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Скопировать в буфер обмена</translation>
     </message>
     <message>
         <source>apt on Debian 12 uses FTP only when a file in the client&apos;s /etc/apt/apt.conf.d holds this line:
 Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
-        <translation type="unfinished"></translation>
+        <translation>В Debian 12 apt использует FTP, только если в одном из файлов каталога /etc/apt/apt.conf.d на клиенте есть строка:
+Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
     <message>
         <source>Publish</source>
-        <translation type="unfinished"></translation>
+        <translation>Опубликовать</translation>
     </message>
     <message>
         <source>Unpublish</source>
-        <translation type="unfinished"></translation>
+        <translation>Снять с публикации</translation>
     </message>
     <message>
         <source>Package:</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакет:</translation>
     </message>
     <message>
         <source>Component:</source>
-        <translation type="unfinished"></translation>
+        <translation>Компонент:</translation>
     </message>
     <message>
         <source>Section:</source>
-        <translation type="unfinished"></translation>
+        <translation>Раздел:</translation>
     </message>
     <message>
         <source>Maintainer:</source>
-        <translation type="unfinished"></translation>
+        <translation>Сопровождающий:</translation>
     </message>
     <message>
         <source>Description:</source>
-        <translation type="unfinished"></translation>
+        <translation>Описание:</translation>
     </message>
     <message>
         <source>Signature:</source>
-        <translation type="unfinished"></translation>
+        <translation>Подпись:</translation>
     </message>
     <message>
         <source>Dependences</source>
-        <translation type="unfinished"></translation>
+        <translation>Зависимости</translation>
     </message>
     <message>
         <source>Check dependences</source>
-        <translation type="unfinished"></translation>
+        <translation>Проверить зависимости</translation>
     </message>
     <message>
         <source>Show depends undefined</source>
-        <translation type="unfinished"></translation>
+        <translation>Показывать непроверенные зависимости</translation>
     </message>
     <message>
         <source>Show depends error</source>
-        <translation type="unfinished"></translation>
+        <translation>Показывать неудовлетворённые зависимости</translation>
     </message>
     <message>
         <source>Show depends success</source>
-        <translation type="unfinished"></translation>
+        <translation>Показывать удовлетворённые зависимости</translation>
     </message>
     <message>
         <source>Packet Filter</source>
-        <translation type="unfinished"></translation>
+        <translation>Фильтр пакетов</translation>
     </message>
     <message>
         <source>Packages search</source>
-        <translation type="unfinished"></translation>
+        <translation>Поиск пакетов</translation>
     </message>
     <message>
         <source>Signed</source>
-        <translation type="unfinished"></translation>
+        <translation>Подписан</translation>
     </message>
     <message>
         <source>Unsigned</source>
-        <translation type="unfinished"></translation>
+        <translation>Не подписан</translation>
     </message>
     <message>
         <source>The indices of the repository hold no record of %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>В индексах репозитория нет записи о %1.</translation>
     </message>
     <message>
         <source>&lt;b&gt;Failed to get package information&lt;/b&gt;&lt;br&gt; %1</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;b&gt;Не удалось получить сведения о пакете&lt;/b&gt;&lt;br&gt; %1</translation>
     </message>
 </context>
 <context>
     <name>RepositoryCommands</name>
     <message>
         <source>Repository is not created.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не создан.</translation>
     </message>
     <message>
         <source>The packages are imported from %1, so the repository can neither lie in it nor hold it. Choose another path or name.</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакеты импортируются из %1, поэтому репозиторий не может находиться в этом каталоге или содержать его. Выберите другой путь или имя.</translation>
     </message>
     <message>
         <source>Repository for import is not created</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий для импорта не создан</translation>
     </message>
     <message>
         <source>The repository %1 is being deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий %1 удаляется.</translation>
     </message>
     <message>
         <source>Repository is created.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий создан.</translation>
     </message>
     <message>
         <source>Select repository directory</source>
-        <translation type="unfinished"></translation>
+        <translation>Выберите каталог репозитория</translation>
     </message>
     <message>
         <source>The directory %1 does not exist.</source>
-        <translation type="unfinished"></translation>
+        <translation>Каталог %1 не существует.</translation>
     </message>
     <message>
         <source>Recent repositories</source>
-        <translation type="unfinished"></translation>
+        <translation>Недавние репозитории</translation>
     </message>
     <message>
         <source>The directory %1 does not exist. Do you want to remove it from the list of recent repositories?</source>
-        <translation type="unfinished"></translation>
+        <translation>Каталог %1 не существует. Убрать его из списка недавних репозиториев?</translation>
     </message>
     <message>
         <source>File %1/conf/distributions not found!</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл %1/conf/distributions не найден!</translation>
     </message>
     <message>
         <source>Remove confirmation</source>
-        <translation type="unfinished"></translation>
+        <translation>Подтверждение удаления</translation>
     </message>
     <message>
         <source>Do you want to delete a repository %1?</source>
-        <translation type="unfinished"></translation>
+        <translation>Удалить репозиторий %1?</translation>
     </message>
     <message>
         <source>Repository is deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий удалён.</translation>
     </message>
     <message>
         <source>The directory %1 does not exist, so there was nothing to delete. The repository was closed and is no longer among the recent ones.</source>
-        <translation type="unfinished"></translation>
+        <translation>Каталог %1 не существует, поэтому удалять было нечего. Репозиторий закрыт и убран из списка недавних.</translation>
     </message>
     <message>
         <source>Repository is not deleted</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не удалён</translation>
     </message>
     <message>
         <source>Repository is not deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не удалён.</translation>
     </message>
 </context>
 <context>
     <name>RepositoryKey</name>
     <message>
         <source>not in the key ring</source>
-        <translation type="unfinished"></translation>
+        <translation>отсутствует в связке ключей</translation>
     </message>
     <message>
         <source>gpg exported no key.</source>
-        <translation type="unfinished"></translation>
+        <translation>gpg не экспортировал ключ.</translation>
     </message>
 </context>
 <context>
     <name>RepositoryKeyPanel</name>
     <message>
         <source>%1 (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
     <message>
         <source>Save the public key, put it on each client as %1, and write signed-by=%1 into the brackets after &quot;deb&quot; in its source line.</source>
-        <translation type="unfinished"></translation>
+        <translation>Сохраните открытый ключ, поместите его на каждом клиенте в %1 и впишите signed-by=%1 в скобки после «deb» в строке источника.</translation>
     </message>
 </context>
 <context>
     <name>RepositoryRemoval</name>
     <message>
         <source>The directory %1 holds no repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>В каталоге %1 нет репозитория.</translation>
     </message>
     <message>
         <source>The directory %1 belongs to the system, or holds a home directory or an open repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Каталог %1 является системным, или в нём находится домашний каталог либо открытый репозиторий.</translation>
     </message>
     <message>
         <source>Not everything in %1 could be deleted.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось удалить всё содержимое %1.</translation>
     </message>
 </context>
 <context>
     <name>SearchPackageWidget</name>
     <message>
         <source>Start typing the pacakge name here...</source>
-        <translation type="unfinished"></translation>
+        <translation>Начните вводить имя пакета...</translation>
     </message>
     <message>
         <source>Package name</source>
-        <translation type="unfinished"></translation>
+        <translation>Имя пакета</translation>
     </message>
     <message>
         <source>Searching</source>
-        <translation type="unfinished"></translation>
+        <translation>Выполняется поиск</translation>
     </message>
     <message>
         <source>Packages found</source>
-        <translation type="unfinished"></translation>
+        <translation>Найденные пакеты</translation>
     </message>
     <message>
         <source>&amp;Architecture:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Архитектура:</translation>
     </message>
     <message>
         <source>&amp;Repository:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Репозиторий:</translation>
     </message>
     <message>
         <source>Searching...</source>
-        <translation type="unfinished"></translation>
+        <translation>Поиск...</translation>
     </message>
     <message>
         <source>The name of a package cannot begin with &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>Имя пакета не может начинаться с «%1»</translation>
     </message>
     <message>
         <source>All</source>
-        <translation type="unfinished"></translation>
+        <translation>Все</translation>
     </message>
     <message>
         <source>No packages found</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакеты не найдены</translation>
     </message>
     <message numerus="yes">
         <source>%n package(s)</source>
@@ -2132,411 +2399,479 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
     </message>
     <message>
         <source>Only the first %1 of %2 names are shown: type more of the name</source>
-        <translation type="unfinished"></translation>
+        <translation>Показаны только первые %1 из %2 имён: введите имя подробнее</translation>
     </message>
 </context>
 <context>
     <name>Sections</name>
     <message>
         <source>System Administration</source>
-        <translation type="unfinished"></translation>
+        <translation>Системное администрирование</translation>
     </message>
     <message>
         <source>Base System</source>
-        <translation type="unfinished"></translation>
+        <translation>Базовая система</translation>
     </message>
     <message>
         <source>Mono/CLI Infrastructure</source>
-        <translation type="unfinished"></translation>
+        <translation>Инфраструктура Mono/CLI</translation>
     </message>
     <message>
         <source>Communication</source>
-        <translation type="unfinished"></translation>
+        <translation>Связь</translation>
     </message>
     <message>
         <source>Default</source>
-        <translation type="unfinished"></translation>
+        <translation>По умолчанию</translation>
     </message>
     <message>
         <source>Databases</source>
-        <translation type="unfinished"></translation>
+        <translation>Базы данных</translation>
     </message>
     <message>
         <source>Development</source>
-        <translation type="unfinished"></translation>
+        <translation>Разработка</translation>
     </message>
     <message>
         <source>Documentation</source>
-        <translation type="unfinished"></translation>
+        <translation>Документация</translation>
     </message>
     <message>
         <source>Debug</source>
-        <translation type="unfinished"></translation>
+        <translation>Отладка</translation>
     </message>
     <message>
         <source>Editors</source>
-        <translation type="unfinished"></translation>
+        <translation>Редакторы</translation>
     </message>
     <message>
         <source>Electronics</source>
-        <translation type="unfinished"></translation>
+        <translation>Электроника</translation>
     </message>
     <message>
         <source>Embedded Devices</source>
-        <translation type="unfinished"></translation>
+        <translation>Встраиваемые устройства</translation>
     </message>
     <message>
         <source>Fonts</source>
-        <translation type="unfinished"></translation>
+        <translation>Шрифты</translation>
     </message>
     <message>
         <source>Games and Amusement</source>
-        <translation type="unfinished"></translation>
+        <translation>Игры и развлечения</translation>
     </message>
     <message>
         <source>GNOME Desktop Environment</source>
-        <translation type="unfinished"></translation>
+        <translation>Среда рабочего стола GNOME</translation>
     </message>
     <message>
         <source>Graphics</source>
-        <translation type="unfinished"></translation>
+        <translation>Графика</translation>
     </message>
     <message>
         <source>GNU R statistical system</source>
-        <translation type="unfinished"></translation>
+        <translation>Статистическая система GNU R</translation>
     </message>
     <message>
         <source>Gnustep Desktop Environment</source>
-        <translation type="unfinished"></translation>
+        <translation>Среда рабочего стола GNUstep</translation>
     </message>
     <message>
         <source>Amateur Radio</source>
-        <translation type="unfinished"></translation>
+        <translation>Любительское радио</translation>
     </message>
     <message>
         <source>Haskell Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Язык программирования Haskell</translation>
     </message>
     <message>
         <source>Web servers</source>
-        <translation type="unfinished"></translation>
+        <translation>Веб-серверы</translation>
     </message>
     <message>
         <source>Interpreted Computer Languages</source>
-        <translation type="unfinished"></translation>
+        <translation>Интерпретируемые языки программирования</translation>
     </message>
     <message>
         <source>Java Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Язык программирования Java</translation>
     </message>
     <message>
         <source>KDE Desktop Environment</source>
-        <translation type="unfinished"></translation>
+        <translation>Среда рабочего стола KDE</translation>
     </message>
     <message>
         <source>Kernel and modules</source>
-        <translation type="unfinished"></translation>
+        <translation>Ядро и модули</translation>
     </message>
     <message>
         <source>Libraries - Development</source>
-        <translation type="unfinished"></translation>
+        <translation>Библиотеки — разработка</translation>
     </message>
     <message>
         <source>Libraries</source>
-        <translation type="unfinished"></translation>
+        <translation>Библиотеки</translation>
     </message>
     <message>
         <source>Lisp Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Язык программирования Lisp</translation>
     </message>
     <message>
         <source>Localization</source>
-        <translation type="unfinished"></translation>
+        <translation>Локализация</translation>
     </message>
     <message>
         <source>Email</source>
-        <translation type="unfinished"></translation>
+        <translation>Электронная почта</translation>
     </message>
     <message>
         <source>Mathematics</source>
-        <translation type="unfinished"></translation>
+        <translation>Математика</translation>
     </message>
     <message>
         <source>Miscellaneous</source>
-        <translation type="unfinished"></translation>
+        <translation>Разное</translation>
     </message>
     <message>
         <source>Networking</source>
-        <translation type="unfinished"></translation>
+        <translation>Сеть</translation>
     </message>
     <message>
         <source>Newsgroup</source>
-        <translation type="unfinished"></translation>
+        <translation>Группы новостей</translation>
     </message>
     <message>
         <source>OCaml Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Язык программирования OCaml</translation>
     </message>
     <message>
         <source>Libraries - Old</source>
-        <translation type="unfinished"></translation>
+        <translation>Библиотеки — устаревшие</translation>
     </message>
     <message>
         <source>Cross Platform</source>
-        <translation type="unfinished"></translation>
+        <translation>Кроссплатформенное ПО</translation>
     </message>
     <message>
         <source>Perl Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Язык программирования Perl</translation>
     </message>
     <message>
         <source>PHP Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Язык программирования PHP</translation>
     </message>
     <message>
         <source>Python Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Язык программирования Python</translation>
     </message>
     <message>
         <source>Ruby Programming Language</source>
-        <translation type="unfinished"></translation>
+        <translation>Язык программирования Ruby</translation>
     </message>
     <message>
         <source>Science</source>
-        <translation type="unfinished"></translation>
+        <translation>Наука</translation>
     </message>
     <message>
         <source>Shells</source>
-        <translation type="unfinished"></translation>
+        <translation>Командные оболочки</translation>
     </message>
     <message>
         <source>Multimedia</source>
-        <translation type="unfinished"></translation>
+        <translation>Мультимедиа</translation>
     </message>
     <message>
         <source>Tasks</source>
-        <translation type="unfinished"></translation>
+        <translation>Задачи</translation>
     </message>
     <message>
         <source>TeX Authoring</source>
-        <translation type="unfinished"></translation>
+        <translation>Вёрстка в TeX</translation>
     </message>
     <message>
         <source>Word Processing</source>
-        <translation type="unfinished"></translation>
+        <translation>Обработка текста</translation>
     </message>
     <message>
         <source>Utilities</source>
-        <translation type="unfinished"></translation>
+        <translation>Утилиты</translation>
     </message>
     <message>
         <source>Version Control Systems</source>
-        <translation type="unfinished"></translation>
+        <translation>Системы управления версиями</translation>
     </message>
     <message>
         <source>Video software</source>
-        <translation type="unfinished"></translation>
+        <translation>Программы для работы с видео</translation>
     </message>
     <message>
         <source>World Wide Web</source>
-        <translation type="unfinished"></translation>
+        <translation>Всемирная паутина</translation>
     </message>
     <message>
         <source>Miscellaneous  - Graphical</source>
-        <translation type="unfinished"></translation>
+        <translation>Разное — графические программы</translation>
     </message>
     <message>
         <source>Xfce Desktop Environment</source>
-        <translation type="unfinished"></translation>
+        <translation>Среда рабочего стола Xfce</translation>
     </message>
     <message>
         <source>Zope/Plone Environment</source>
-        <translation type="unfinished"></translation>
+        <translation>Среда Zope/Plone</translation>
     </message>
     <message>
         <source>Unknown</source>
-        <translation type="unfinished"></translation>
+        <translation>Неизвестно</translation>
     </message>
     <message>
         <source>Converted From RPM by Alien</source>
-        <translation type="unfinished"></translation>
+        <translation>Преобразовано из RPM программой Alien</translation>
     </message>
     <message>
         <source>Internationalization and localization</source>
-        <translation type="unfinished"></translation>
+        <translation>Интернационализация и локализация</translation>
     </message>
     <message>
         <source>Meta Packages</source>
-        <translation type="unfinished"></translation>
+        <translation>Метапакеты</translation>
     </message>
     <message>
         <source>Education</source>
-        <translation type="unfinished"></translation>
+        <translation>Образование</translation>
     </message>
     <message>
         <source>GObject Introspection data</source>
-        <translation type="unfinished"></translation>
+        <translation>Данные интроспекции GObject</translation>
     </message>
     <message>
         <source>Restricted On Export</source>
-        <translation type="unfinished"></translation>
+        <translation>С ограничениями на экспорт</translation>
     </message>
     <message>
         <source>non free</source>
-        <translation type="unfinished"></translation>
+        <translation>несвободное ПО</translation>
     </message>
     <message>
         <source>contrib</source>
-        <translation type="unfinished"></translation>
+        <translation>contrib</translation>
     </message>
 </context>
 <context>
     <name>SettingsCommands</name>
     <message>
         <source>Package signing</source>
-        <translation type="unfinished"></translation>
+        <translation>Подпись пакетов</translation>
     </message>
     <message>
         <source>No key is chosen to sign packages with. Do you want to choose one?</source>
-        <translation type="unfinished"></translation>
+        <translation>Ключ для подписи пакетов не выбран. Выбрать его?</translation>
     </message>
     <message>
         <source>The list cannot be stored in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось сохранить список в %1.</translation>
     </message>
 </context>
 <context>
     <name>SigningCommands</name>
     <message>
         <source>Sign confirmation</source>
-        <translation type="unfinished"></translation>
+        <translation>Подтверждение подписи</translation>
     </message>
     <message>
         <source>not in the key ring</source>
-        <translation type="unfinished"></translation>
+        <translation>отсутствует в связке ключей</translation>
     </message>
     <message>
         <source>The chosen key cannot sign. Do you want to choose another one?</source>
-        <translation type="unfinished"></translation>
+        <translation>Выбранным ключом нельзя подписывать. Выбрать другой?</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 (%2)</translation>
     </message>
     <message>
         <source>Key: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ключ: %1</translation>
     </message>
     <message>
         <source>Do you want to sign selected packages?</source>
-        <translation type="unfinished"></translation>
+        <translation>Подписать выбранные пакеты?</translation>
     </message>
     <message>
         <source>The public key cannot be exported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось экспортировать открытый ключ.</translation>
     </message>
     <message>
         <source>Public key is copied to clipboard</source>
-        <translation type="unfinished"></translation>
+        <translation>Открытый ключ скопирован в буфер обмена</translation>
     </message>
     <message>
         <source>Save public key</source>
-        <translation type="unfinished"></translation>
+        <translation>Сохранение открытого ключа</translation>
     </message>
     <message>
         <source>Keys (*.asc)</source>
-        <translation type="unfinished"></translation>
+        <translation>Ключи (*.asc)</translation>
     </message>
     <message>
         <source>The public key is saved in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Открытый ключ сохранён в %1.</translation>
     </message>
     <message>
         <source>The public key cannot be saved in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось сохранить открытый ключ в %1.</translation>
     </message>
 </context>
 <context>
     <name>SigningKey</name>
     <message>
         <source>no secret key</source>
-        <translation type="unfinished"></translation>
+        <translation>нет секретного ключа</translation>
     </message>
     <message>
         <source>expired on %1</source>
-        <translation type="unfinished"></translation>
+        <translation>срок действия истёк %1</translation>
     </message>
     <message>
         <source>expired</source>
-        <translation type="unfinished"></translation>
+        <translation>срок действия истёк</translation>
     </message>
     <message>
         <source>revoked</source>
-        <translation type="unfinished"></translation>
+        <translation>отозван</translation>
     </message>
     <message>
         <source>disabled</source>
-        <translation type="unfinished"></translation>
+        <translation>отключён</translation>
     </message>
     <message>
         <source>not meant for signing</source>
-        <translation type="unfinished"></translation>
+        <translation>не предназначен для подписи</translation>
     </message>
     <message>
         <source>another key has the same id</source>
-        <translation type="unfinished"></translation>
+        <translation>у другого ключа тот же идентификатор</translation>
     </message>
     <message>
         <source>The key expires on %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Срок действия ключа истекает %1.</translation>
     </message>
 </context>
 <context>
     <name>SigningSwitch</name>
     <message>
         <source>Error</source>
-        <translation type="unfinished"></translation>
+        <translation>Ошибка</translation>
     </message>
     <message>
         <source>Key verification error:
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ошибка проверки ключа:
+%1</translation>
     </message>
     <message>
         <source>There is no key that can sign. Make one with KGpg first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Нет ключа, которым можно подписывать. Сначала создайте его в KGpg.</translation>
     </message>
 </context>
 <context>
     <name>SourcesListCommand</name>
     <message>
         <source>The program %1 is not installed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Программа %1 не установлена.</translation>
     </message>
 </context>
 <context>
     <name>StartSelectActionDialog</name>
     <message>
         <source>Select action</source>
-        <translation type="unfinished"></translation>
+        <translation>Выбор действия</translation>
     </message>
     <message>
         <source>There are no repositories open at the moment to add packages, please select the next action</source>
-        <translation type="unfinished"></translation>
+        <translation>Сейчас нет открытых репозиториев, в которые можно добавить пакеты. Выберите дальнейшее действие</translation>
     </message>
     <message>
         <source>Create repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Создать репозиторий</translation>
     </message>
     <message>
         <source>Open repo</source>
-        <translation type="unfinished"></translation>
+        <translation>Открыть репозиторий</translation>
     </message>
 </context>
 <context>
     <name>SystemFile</name>
     <message>
         <source>it is a link or no regular file</source>
+        <translation>это ссылка или не обычный файл</translation>
+    </message>
+</context>
+<context>
+    <name>SystemdService</name>
+    <message>
+        <source>The system bus cannot be reached: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no service manager (systemd) on the system bus.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service manager allows this to the administrator only.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>There is no such service: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The administrator has masked the service: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service manager answers: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service %1 has ended right after its start (%2).</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service manager has not done with %1 in time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service %1 has failed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service %1 was not ready in time.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Something that the service %1 needs has failed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The job of the service %1 was cancelled.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The job of the service %1 did not apply to its state.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The job of the service %1 has ended with &quot;%2&quot;.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service %1 has nothing that says when to start it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service %1 does not stay active.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2544,113 +2879,216 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
     <name>TabBarActions</name>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Закрыть</translation>
     </message>
     <message>
         <source>Close others</source>
-        <translation type="unfinished"></translation>
+        <translation>Закрыть остальные</translation>
     </message>
     <message>
         <source>Copy path</source>
-        <translation type="unfinished"></translation>
+        <translation>Копировать путь</translation>
     </message>
 </context>
 <context>
     <name>TarReader</name>
     <message>
         <source>The archive is damaged.</source>
-        <translation type="unfinished"></translation>
+        <translation>Архив повреждён.</translation>
     </message>
     <message>
         <source>The archive is damaged: its end is missing.</source>
-        <translation type="unfinished"></translation>
+        <translation>Архив повреждён: отсутствует его конец.</translation>
     </message>
 </context>
 <context>
     <name>UpgradeCommands</name>
     <message>
         <source>No source selected</source>
-        <translation type="unfinished"></translation>
+        <translation>Источник не выбран</translation>
     </message>
     <message>
         <source>Since you have not selected any source, the update will be canceled</source>
-        <translation type="unfinished"></translation>
+        <translation>Вы не выбрали ни одного источника, поэтому обновление будет отменено</translation>
     </message>
 </context>
 <context>
     <name>UpgradePackagesDialog</name>
     <message>
         <source>Choose packages to upgrade</source>
-        <translation type="unfinished"></translation>
+        <translation>Выбор пакетов для обновления</translation>
     </message>
     <message>
         <source>The chosen packages are fetched and take the places of the old versions.</source>
-        <translation type="unfinished"></translation>
+        <translation>Выбранные пакеты будут загружены и заменят старые версии.</translation>
     </message>
     <message>
         <source>Package</source>
-        <translation type="unfinished"></translation>
+        <translation>Пакет</translation>
     </message>
     <message>
         <source>Architecture</source>
-        <translation type="unfinished"></translation>
+        <translation>Архитектура</translation>
     </message>
     <message>
         <source>Old version</source>
-        <translation type="unfinished"></translation>
+        <translation>Старая версия</translation>
     </message>
     <message>
         <source>New version</source>
-        <translation type="unfinished"></translation>
+        <translation>Новая версия</translation>
     </message>
     <message>
         <source>Source</source>
-        <translation type="unfinished"></translation>
+        <translation>Источник</translation>
     </message>
 </context>
 <context>
     <name>UpgradeSourcesDialog</name>
     <message>
         <source>Select sources to upgrade</source>
-        <translation type="unfinished"></translation>
+        <translation>Выбор источников для обновления</translation>
     </message>
     <message>
         <source>Newer versions of the packages are looked for in these sources. Which ones are offered here is set in Settings, Edit external repos.</source>
-        <translation type="unfinished"></translation>
+        <translation>В этих источниках ищутся более новые версии пакетов. Какие из них предлагаются здесь, задаётся в меню «Настройки», «Изменить внешние репозитории».</translation>
     </message>
     <message>
         <source>Repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий</translation>
     </message>
     <message>
         <source>Alias</source>
-        <translation type="unfinished"></translation>
+        <translation>Псевдоним</translation>
     </message>
     <message>
         <source>Asking apt which repositories it knows...</source>
-        <translation type="unfinished"></translation>
+        <translation>Запрос известных apt репозиториев...</translation>
     </message>
     <message>
         <source>apt does not say which repositories it knows; only your own are shown. %1</source>
-        <translation type="unfinished"></translation>
+        <translation>apt не сообщает, какие репозитории ему известны; показаны только ваши. %1</translation>
     </message>
 </context>
 <context>
     <name>VeltAboutDialog</name>
     <message>
         <source>About %1</source>
-        <translation type="unfinished"></translation>
+        <translation>О программе %1</translation>
     </message>
     <message>
         <source>Version %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Версия %1</translation>
     </message>
     <message>
         <source>Free software under the GNU General Public License, version 3 or later. It comes without any warranty.</source>
-        <translation type="unfinished"></translation>
+        <translation>Свободное программное обеспечение на условиях GNU General Public License версии 3 или новее. Предоставляется без каких-либо гарантий.</translation>
     </message>
     <message>
         <source>About Qt</source>
+        <translation>О Qt</translation>
+    </message>
+</context>
+<context>
+    <name>VeltAdminRepoInterface</name>
+    <message>
+        <source>The call failed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Out of memory.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The called service is not known.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Timeout reply.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The address given is not valid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The call/operation is not supported.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The limits allocated to this process/call/connection exceeded the pre-defined values.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Authorization error.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No server found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No network found.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>QDBusServer tried to bind to an address that is already in use.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The call/process/message was sent after QDBusConnection disconnected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The arguments passed to this call/operation are not valid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The method called was not found in this object/interface with the given parameters.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The type signature is not valid or compatible.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The interface is not known in this object.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The object path points to an object that does not exist.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The property does not exist in this interface.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The property set failed because the property is read-only.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>An internal error occurred.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The service requested is invalid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The object path provided is invalid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The interface is invalid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The member is invalid.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unknown error.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -2658,22 +3096,22 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
     <name>VeltHelp</name>
     <message>
         <source>Help</source>
-        <translation type="unfinished"></translation>
+        <translation>Справка</translation>
     </message>
 </context>
 <context>
     <name>main</name>
     <message>
         <source>List of packages to add to the repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Список пакетов, добавляемых в репозиторий</translation>
     </message>
     <message>
         <source>Package files (.deb, .udeb)</source>
-        <translation type="unfinished"></translation>
+        <translation>Файлы пакетов (.deb, .udeb)</translation>
     </message>
     <message>
         <source>Velt admin repo tool</source>
-        <translation type="unfinished"></translation>
+        <translation>Средство управления репозиториями пакетов</translation>
     </message>
 </context>
 </TS>
