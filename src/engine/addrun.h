@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/packagereplacementrules.h"
+#include "core/repoenums.h"
 #include "core/scratchfolder.h"
+#include "engine/addoptions.h"
 #include "engine/exportsession.h"
-#include "engine/reposhell.h"
+#include "engine/packagelist.h"
 
 #include <QHash>
 
@@ -11,7 +14,7 @@
 #include <optional>
 
 /** What a job that adds packages keeps from one file to the next. */
-struct RepoShell::AddRun
+struct AddRun
 {
     const AddOptions &options;
     const bool singlePackage; ///< the job has one package
@@ -27,7 +30,7 @@ struct RepoShell::AddRun
 };
 
 /** A file on its way into the repository, for one or several architectures. */
-struct RepoShell::AddedFile
+struct AddedFile
 {
     AddRun &run;
     QString path;
@@ -35,5 +38,6 @@ struct RepoShell::AddedFile
     QString source
         = {}; ///< what reprepro gets: the file itself or its signed copy; empty until that is known
     std::unique_ptr<ScratchFolder> signedFolder = nullptr;
-    QHash<PackageKey, ErrorCode> results = {}; ///< of what is in, which can be more than was asked for
+    QHash<PackageKey, RepoEnums::ErrorCode> results
+        = {}; ///< of what is in, which can be more than was asked for
 };

@@ -1,44 +1,42 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobframe.h"
 
-RepoShell::JobFrame::JobFrame(RepoShell &shell, const QString &startMessage)
-    : m_shell(shell)
+JobFrame::JobFrame(JobContext &context, const QString &startMessage)
+    : m_context(context)
 {
-    m_shell.setStartMessage(startMessage);
-    Q_EMIT m_shell.started(startMessage);
-    m_shell.m_progress = 0;
-    Q_EMIT m_shell.progressRangeChanged(0);
-    Q_EMIT m_shell.progressStepChanged(0);
+    m_context.started(startMessage);
+    m_context.setProgress(0);
+    m_context.setProgressRange(0);
+    m_context.showProgress();
 }
 
-RepoShell::JobFrame::~JobFrame()
+JobFrame::~JobFrame()
 {
     if (!m_finished)
-        finish(ERROR, QString());
+        finish(RepoEnums::ERROR, QString());
 }
 
-void RepoShell::JobFrame::itemDone(int itemCount)
+void JobFrame::itemDone(int itemCount)
 {
-    const int done = ++m_shell.m_progress;
-    if (done == 1 && itemCount > 1)
-        Q_EMIT m_shell.progressRangeChanged(itemCount);
-    Q_EMIT m_shell.progressStepChanged(done);
+    if (m_context.countProgress() == 1 && itemCount > 1)
+        m_context.setProgressRange(itemCount);
+    m_context.showProgress();
 }
 
-void RepoShell::JobFrame::quickItemDone()
+void JobFrame::quickItemDone()
 {
     constexpr int StepInterval = 50; // milliseconds
-    const int done = ++m_shell.m_progress;
+    m_context.countProgress();
     if (m_sinceStep.isValid() && !m_sinceStep.hasExpired(StepInterval))
         return;
     m_sinceStep.start();
-    Q_EMIT m_shell.progressStepChanged(done);
+    m_context.showProgress();
 }
 
-int RepoShell::JobFrame::finish(int result, const QString &message, JobId jobId)
+int JobFrame::finish(int result, const QString &message, RepoEnums::JobId jobId)
 {
     m_finished = true;
-    m_shell.resetCancel();
-    Q_EMIT m_shell.finished(jobId, message);
+    m_context.resetCancel();
+    m_context.finished(jobId, message);
     return result;
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/reposhell.h"
+#include "engine/jobcontext.h"
 
 #include <QElapsedTimer>
 
@@ -9,10 +9,10 @@
  * What every job does first and last: announces itself, resets progress and cancellation, and ends with exactly one
  * finished(), also when the job's function returns early.
  */
-class RepoShell::JobFrame
+class JobFrame
 {
 public:
-    JobFrame(RepoShell &shell, const QString &startMessage);
+    JobFrame(JobContext &context, const QString &startMessage);
     ~JobFrame();
     JobFrame(const JobFrame &) = delete;
     JobFrame &operator=(const JobFrame &) = delete;
@@ -22,10 +22,10 @@ public:
     /** Counts one of many items that take no time; tells of them now and then. */
     void quickItemDone();
     /** Ends the job with this message and returns `result`. */
-    int finish(int result, const QString &message, JobId jobId = COMMON_JOB);
+    int finish(int result, const QString &message, RepoEnums::JobId jobId = RepoEnums::COMMON_JOB);
 
 private:
-    RepoShell &m_shell;
+    JobContext &m_context;
     bool m_finished = false;
     QElapsedTimer m_sinceStep; ///< since quick items were told of
 };

@@ -1,28 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reposhell.h"
 
-#include "core/processutils.h"
 #include "core/scratchfolder.h"
 #include "depends/dependsdata.h"
-#include "engine/repolock.h"
-#include "engine/repreproanswers.h"
-#include "engine/repreprocommands.h"
-#include "engine/repreprorunner.h"
+#include "engine/jobcontext.h"
 #include "server/helperclient.h"
-#include "signing/signprocess.h"
+#include "server/reposervers.h"
 
-#include <QFile>
 #include <QMutexLocker>
-#include <QThread>
-#include <QThreadPool>
 #include <QtConcurrent>
 
 #include <utility>
 
 RepoShell::RepoShell(QObject *parent)
     : QObject(parent)
-    , m_signProcess(std::make_unique<SignProcess>())
+    , m_context(std::make_unique<JobContext>(*this))
     , m_helper(std::make_unique<HelperClient>())
+    , m_servers(std::make_unique<const RepoServers>())
 {
     qRegisterMetaType<PackageInfoPtr>();
     qRegisterMetaType<QList<PackageInfoPtr>>();
@@ -52,66 +46,96 @@ RepoInfo RepoShell::repoInfo() const
     return m_repoInfo;
 }
 
-QString RepoShell::startMessage() const
-{
-    const QMutexLocker lock(&m_mutex);
-    return m_startMessage;
-}
-
-QString RepoShell::lastOutput() const
-{
-    const QMutexLocker lock(&m_mutex);
-    return m_lastOutput;
-}
-
-QString RepoShell::lastErrorOutput() const
-{
-    const QMutexLocker lock(&m_mutex);
-    return m_lastErrorOutput;
-}
-
 void RepoShell::setOpenRepositories(const QStringList &paths)
 {
     const QMutexLocker lock(&m_mutex);
     m_openRepositories = paths;
 }
 
-void RepoShell::setStartMessage(const QString &message)
+QList<PackageInfoPtr> RepoShell::packages() const
 {
-    const QMutexLocker lock(&m_mutex);
-    m_startMessage = message;
+    return m_context->packages().all();
+}
+
+int RepoShell::packageCount() const
+{
+    return m_context->packages().count();
+}
+
+PackageInfoPtr RepoShell::packageAt(int index) const
+{
+    return m_context->packages().at(index);
+}
+
+int RepoShell::indexOfPackage(const PackageInfoPtr &package) const
+{
+    return m_context->packages().indexOf(package);
+}
+
+QString RepoShell::packageFilePath(const QString &name, const QString &component, const QString &architecture)
+{
+    return m_context->packageFilePath(name, component, architecture);
+}
+
+QString RepoShell::startMessage() const
+{
+    return m_context->startMessage();
+}
+
+int RepoShell::progress() const
+{
+    return m_context->progress();
 }
 
 RepoShell::Newcomer RepoShell::newcomer() const
 {
-    const QMutexLocker lock(&m_mutex);
-    return m_newcomer;
+    return m_context->newcomer();
 }
 
-void RepoShell::setNewcomer(const Newcomer &newcomer)
+QString RepoShell::lastOutput() const
 {
-    const QMutexLocker lock(&m_mutex);
-    m_newcomer = newcomer;
+    return m_context->lastOutput();
+}
+
+QString RepoShell::lastErrorOutput() const
+{
+    return m_context->lastErrorOutput();
+}
+
+void RepoShell::setAnswer(bool answer)
+{
+    m_context->setAnswer(answer);
 }
 
 void RepoShell::cancel()
 {
-    const QMutexLocker lock(&m_mutex);
-    m_canceled = true;
-    m_startMessage.clear();
+    m_context->cancel();
 }
 
 void RepoShell::setClosing()
 {
-    m_closing = true;
-    cancel();
+    m_context->setClosing();
+}
+
+void RepoShell::setCheckDependsOnAdd(bool check)
+{
+    m_context->setChecksDependsOnAdd(check);
+}
+
+void RepoShell::setDependsRepoType(int type)
+{
+    m_context->setDependsRepoType(type);
+}
+
+void RepoShell::setExternalRepos(const ExternalRepos &repos)
+{
+    m_context->setExternalRepos(repos);
 }
 
 void RepoShell::startJob(std::function<int()> job)
 {
     ++m_runningJobs;
-    // A stop that came after the last job had told its end belongs to that job.
-    m_canceled = m_closing.load();
+    m_context->prepare();
     m_future = QtConcurrent::run([this, job = std::move(job)] {
         const int result = job();
         // finished() comes from inside the job; only a call posted by the very end says that the thread is free.
@@ -124,90 +148,4 @@ void RepoShell::jobEnded()
 {
     if (--m_runningJobs == 0)
         Q_EMIT idle();
-}
-
-bool RepoShell::canAsk() const
-{
-    // On the interface thread nobody would be left to answer.
-    return !m_closing && QThread::currentThread() != thread();
-}
-
-bool RepoShell::ask(const QString &title, const QString &text, bool safeAnswer)
-{
-    if (!canAsk())
-        return safeAnswer;
-    // When the receiver goes away while we wait, the emission returns without an answer.
-    m_answer = safeAnswer;
-    // A job that waits for its user must not keep the jobs of other tabs from running.
-    QThreadPool::globalInstance()->releaseThread();
-    Q_EMIT question(title, text);
-    QThreadPool::globalInstance()->reserveThread();
-    return m_answer;
-}
-
-bool RepoShell::isDatabaseThere()
-{
-    const QString file = path() + QLatin1String("/db/packages.db");
-    if (m_packages.count() == 0 || QFile::exists(file))
-        return true;
-    Q_EMIT critical(
-        tr("The database of the repository is missing. Any change would make a new one and take all "
-           "packages out of the indices, so nothing was done."),
-        file);
-    return false;
-}
-
-int RepoShell::runReprepro(const QString &arguments)
-{
-    const ProcessResult result = runReproWith(arguments, {});
-    return result.crashed() || !result.started ? -1 : result.exitCode;
-}
-
-ProcessResult RepoShell::runReproWith(const QString &arguments, const QStringList &environment)
-{
-    const QString repoPath = path();
-    ProcessResult result = runReproOn(repoPath, arguments, environment);
-    if (ReproAnswer::databaseLocked(result.errorOutput) && clearStaleLock(repoPath))
-        result = runReproOn(repoPath, arguments, environment);
-    {
-        const QMutexLocker lock(&m_mutex);
-        m_lastOutput = result.output;
-        m_lastErrorOutput = result.errorOutput;
-    }
-    if (!result.started)
-        Q_EMIT critical(tr("The program reprepro could not be started. Is it installed?"),
-                        result.errorOutput);
-    else if (result.crashed())
-        Q_EMIT critical(tr("The process reprepro crashed!"));
-    return result;
-}
-
-bool RepoShell::clearStaleLock(const QString &repoPath)
-{
-    const RepoLock::State state = RepoLock::state(repoPath);
-    if (state == RepoLock::State::Free)
-        return true; // whoever had it has just finished
-    if (state != RepoLock::State::Stale) {
-        Q_EMIT critical(
-            tr("The repository %1 is being changed by another program. Try again when it is done.")
-                .arg(repoPath));
-        return false;
-    }
-    const bool remove
-        = ask(tr("Repository is locked"),
-              tr("The database of the repository %1 is locked, but no program uses it: an earlier run "
-                 "was interrupted. Do you want to remove the lock and try again?")
-                  .arg(repoPath),
-              false);
-    if (!remove)
-        return false;
-    // Between question and answer somebody else may have begun to work, or have finished.
-    const RepoLock::State now = RepoLock::state(repoPath);
-    return now == RepoLock::State::Free || (now == RepoLock::State::Stale && RepoLock::remove(repoPath));
-}
-
-QString RepoShell::packageFilePath(const QString &name, const QString &component, const QString &architecture)
-{
-    runReprepro(ReproCommand::listFiles(repoInfo().codename, name, component, architecture));
-    return path() + QLatin1Char('/') + lastOutput().split(QLatin1Char('\n')).first();
 }

@@ -8,6 +8,7 @@
 #include "core/settingskeys.h"
 #include "depends/externalrepos.h"
 #include "engine/addoptions.h"
+#include "engine/newcomer.h"
 #include "engine/packagelist.h"
 #include "engine/upgraderules.h"
 #include "server/reposerver.h"
@@ -18,7 +19,6 @@
 #include <QStringList>
 #include <QThread>
 
-#include <atomic>
 #include <functional>
 #include <memory>
 
@@ -26,13 +26,17 @@ class AptCandidates;
 class AsideDirectory;
 class DependsData;
 class ExportSession;
+struct AddedFile;
+struct AddRun;
 class HelperClient;
+class JobContext;
+class JobFrame;
 class PackageBackup;
 struct PackageFile;
 class PrivateApt;
 struct ProcessResult;
+class RepoServers;
 class ScratchFolder;
-class SignProcess;
 
 /**
  * The engine of one open repository: owns its path, its description and its package list, and carries out every
@@ -48,12 +52,7 @@ class RepoShell : public QObject, public RepoEnums
     Q_OBJECT
 public:
     /** The file that collides with the package which requestForReplacementHandlingByUser() carries. */
-    struct Newcomer
-    {
-        QString fileName;
-        QString version;
-        bool isLast = false; ///< nothing follows in this job that could collide
-    };
+    using Newcomer = ::Newcomer;
 
     explicit RepoShell(QObject *parent = nullptr);
     /** No job may be running. */
@@ -120,11 +119,11 @@ public:
     QString path() const;
     RepoInfo repoInfo() const;
     /** A copy of the package list; cheap, since the list is shared until it changes. */
-    QList<PackageInfoPtr> packages() const { return m_packages.all(); }
-    int packageCount() const { return m_packages.count(); }
+    QList<PackageInfoPtr> packages() const;
+    int packageCount() const;
     /** The package at `index`; null when there is none. */
-    PackageInfoPtr packageAt(int index) const { return m_packages.at(index); }
-    int indexOfPackage(const PackageInfoPtr &package) const { return m_packages.indexOf(package); }
+    PackageInfoPtr packageAt(int index) const;
+    int indexOfPackage(const PackageInfoPtr &package) const;
     /** What the last prepareUpgrade() has found. */
     QVector<UpgradablePackage> upgradablePackages() const;
     /** Absolute path of the package's file in the pool as reprepro knows it. Runs reprepro: not for the interface. */
@@ -155,11 +154,11 @@ public:
 
     /** The text the running job was announced with; empty once it has been asked to stop. */
     QString startMessage() const;
-    int progress() const { return m_progress; }
+    int progress() const;
     /** What is on its way in while requestForReplacementHandlingByUser() waits for its answer. */
     Newcomer newcomer() const;
     /** Stores the answer to the pending question(); call it from the slot that question() is connected to. */
-    void setAnswer(bool answer) { m_answer = answer; }
+    void setAnswer(bool answer);
     /** Asks the running job to stop after the item it is at. */
     void cancel();
     /** Like cancel(), and from now on every question of a job gets its safe answer without being asked. */
@@ -177,9 +176,9 @@ public:
     // --- what jobs use ---------------------------------------------------------------------------------------------
 
     /** Whether packages that are added get their dependencies checked within the same job. */
-    void setCheckDependsOnAdd(bool check) { m_checkDependsOnAdd = check; }
+    void setCheckDependsOnAdd(bool check);
     /** Where dependencies are looked for, see DependsRepoType; with DependsNowhere nothing is checked. */
-    void setDependsRepoType(int type) { m_dependsRepoType = type; }
+    void setDependsRepoType(int type);
     /** Which of apt's sources count: those that are switched off in the list do not. */
     void setExternalRepos(const ExternalRepos &repos);
     /** Directories of the repositories that are open elsewhere; creating or moving never wipes one of them. */
@@ -238,52 +237,28 @@ Q_SIGNALS:
     void repoCreated(int result);
 
 private:
-    class JobFrame;
-    struct AddRun;
-    struct AddedFile;
     struct UpgradeRun;
 
     mutable QMutex m_mutex; ///< guards what follows, up to the blank line
     QString m_path;
     RepoInfo m_repoInfo;
-    QString m_startMessage;
-    QString m_lastOutput;
-    QString m_lastErrorOutput;
     QStringList m_openRepositories;
-    Newcomer m_newcomer;
-    ExternalRepos m_externalRepos;
     QStringList m_upgradeSources;
     QVector<UpgradablePackage> m_upgradable;
     std::shared_ptr<PrivateApt> m_upgradeApt; ///< for m_upgradeSources; null when its files are gone
 
-    PackageList m_packages;
+    std::unique_ptr<JobContext> m_context; ///< with the package list
     QFuture<int> m_future;
     int m_runningJobs = 0; ///< of the interface thread alone
-    std::atomic<int> m_progress{0};
-    std::atomic<bool> m_answer{false};
-    std::atomic<bool> m_canceled{false};
-    std::atomic<bool> m_closing{false};
-    std::atomic<bool> m_checkDependsOnAdd{true};
-    std::atomic<int> m_dependsRepoType{DependsEverywhere};
-    std::unique_ptr<SignProcess> m_signProcess; ///< of the running job
     std::unique_ptr<ScratchFolder> m_tempDir; ///< what an import has unpacked
     QThread m_storeThread; ///< m_store's, and free whenever no job runs
     std::unique_ptr<DependsData> m_store;
     std::unique_ptr<HelperClient> m_helper;
+    std::unique_ptr<const RepoServers> m_servers;
 
-    // --- the job frame: reposhell.cpp
+    // --- running jobs: reposhell.cpp
     void startJob(std::function<int()> job);
     void jobEnded();
-    void setStartMessage(const QString &message);
-    void setNewcomer(const Newcomer &newcomer);
-    void resetCancel() { m_canceled = false; }
-    bool isCanceled() const { return m_canceled; }
-    bool canAsk() const;
-    bool ask(const QString &title, const QString &text, bool safeAnswer);
-    bool isDatabaseThere();
-    int runReprepro(const QString &arguments);
-    ProcessResult runReproWith(const QString &arguments, const QStringList &environment);
-    bool clearStaleLock(const QString &repoPath);
 
     // --- create, open, change, close: reposhell_lifecycle.cpp
     void setRepository(const QString &path, const RepoInfo &info);
@@ -311,7 +286,6 @@ private:
     int checkBody(const QList<PackageInfoPtr> &packages);
     QList<PackageInfoPtr> presentRecords(const QList<PackageInfoPtr> &packages) const;
     int checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone = {});
-    std::function<bool(const QString &origin)> acceptedOrigins() const;
     void tellAptFailure(AptCandidates *apt);
 
     // --- packages from elsewhere: reposhell_download.cpp
@@ -382,6 +356,4 @@ private:
     int removeBody(const QList<PackageInfoPtr> &packages);
     bool removePackage(const PackageInfoPtr &package, ExportSession *session, bool makesRoom = false);
     ProcessResult runInclude(const QString &arguments, ExportSession *session);
-    void finishSession(ExportSession *session);
-    ExportSession makeSession();
 };

@@ -10,6 +10,7 @@
 #include "engine/packageextractor.h"
 #include "engine/pathguard.h"
 #include "engine/repolock.h"
+#include "engine/reposhell.h"
 #include "engine/repreprocommands.h"
 
 #include <QDir>
@@ -48,7 +49,7 @@ void RepoShell::exportPackages(const QList<PackageInfoPtr> &packages, const QStr
 
 int RepoShell::exportRepoBody(const QString &target)
 {
-    JobFrame frame(*this, tr("Exporting repository"));
+    JobFrame frame(*m_context, tr("Exporting repository"));
     if (!mayExport(target))
         return frame.finish(ERROR, tr("Repository is not exported"));
     const auto listing = ArchiveContents::ofRepository(path());
@@ -56,13 +57,13 @@ int RepoShell::exportRepoBody(const QString &target)
         Q_EMIT critical(tr("Can't open repository dir"), listing.error);
         return frame.finish(ERROR, tr("Repository is not exported"));
     }
-    ArchiveWriter writer(target, [this] { return isCanceled(); });
+    ArchiveWriter writer(target, [this] { return m_context->isCanceled(); });
     if (!writer.open())
         return exportFailed(&frame, writer.error());
-    Q_EMIT progressRangeChanged(listing.entries.size());
+    m_context->setProgressRange(listing.entries.size());
     for (const auto &entry : listing.entries) {
         const auto result
-            = isCanceled() ? ArchiveWriter::Result::Stopped : writer.add(entry.path, entry.member);
+            = m_context->isCanceled() ? ArchiveWriter::Result::Stopped : writer.add(entry.path, entry.member);
         if (result == ArchiveWriter::Result::Stopped)
             return frame.finish(CANCEL, tr("Operation stopped. Repository not exported."));
         if (result == ArchiveWriter::Result::Failed)
@@ -71,7 +72,7 @@ int RepoShell::exportRepoBody(const QString &target)
     }
     if (!writer.commit())
         return exportFailed(&frame, writer.error());
-    Q_EMIT progressStepChanged(progress());
+    m_context->showProgress();
     return frame.finish(SUCCESS, tr("Repository exported."));
 }
 
@@ -79,14 +80,14 @@ int RepoShell::exportPackagesBody(const QList<PackageInfoPtr> &packages,
                                   const QString &target,
                                   bool withDepends)
 {
-    JobFrame frame(*this, packages.size() == 1 ? tr("Exporting package") : tr("Exporting packages"));
+    JobFrame frame(*m_context, packages.size() == 1 ? tr("Exporting package") : tr("Exporting packages"));
     if (!mayExport(target))
         return frame.finish(ERROR, tr("Repository is not exported"));
-    const QList<PackageInfoPtr> needed = withDepends
-                                             ? localDependencies(packages, LocalCandidates(m_packages.all()))
-                                             : QList<PackageInfoPtr>();
+    const QList<PackageInfoPtr> needed
+        = withDepends ? localDependencies(packages, LocalCandidates(m_context->packages().all()))
+                      : QList<PackageInfoPtr>();
     const auto files = poolFiles(packages + needed);
-    ArchiveWriter writer(target, [this] { return isCanceled(); });
+    ArchiveWriter writer(target, [this] { return m_context->isCanceled(); });
     if (!writer.open())
         return exportFailed(&frame, writer.error());
 
@@ -98,7 +99,7 @@ int RepoShell::exportPackagesBody(const QList<PackageInfoPtr> &packages,
         // Components can hold different packages under one file name.
         if (members.value(member, file) != file)
             member.prepend(package->indexComponent + QLatin1Char('/'));
-        if (isCanceled())
+        if (m_context->isCanceled())
             result = ArchiveWriter::Result::Stopped;
         else if (file.isEmpty())
             return exportFailed(&frame, tr("The file of the package %1 is not known.").arg(package->name));
@@ -165,7 +166,7 @@ QHash<PackageKey, QString> RepoShell::poolFiles(const QList<PackageInfoPtr> &pac
         }
         return files;
     }
-    runReprepro(ReproCommand::listAllFiles(repoInfo().codename));
+    m_context->runReprepro(ReproCommand::listAllFiles(repoInfo().codename));
     const QStringList lines = lastOutput().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     files.reserve(lines.size());
     for (const QString &line : lines) {
@@ -194,13 +195,13 @@ void RepoShell::removeTempDir()
 
 int RepoShell::importBody(const QString &archive, const AddOptions &options)
 {
-    JobFrame frame(*this, tr("Start repo import"));
-    if (!isDatabaseThere())
+    JobFrame frame(*m_context, tr("Start repo import"));
+    if (!m_context->isDatabaseThere())
         return frame.finish(ERROR, tr("Import error!"));
     const auto cleanUp = qScopeGuard([this] { m_tempDir.reset(); });
     QStringList files;
     const bool collected = collectPackages(archive, &files);
-    if (isCanceled())
+    if (m_context->isCanceled())
         return frame.finish(CANCEL, tr("Package(s) not imported"));
     if (!collected)
         return frame.finish(ERROR, tr("Import error!"));
@@ -208,7 +209,7 @@ int RepoShell::importBody(const QString &archive, const AddOptions &options)
         return frame.finish(ERROR, tr("Import failed: there are no packages by selected path"));
 
     constexpr bool WithoutCheck = false;
-    AddRun run{options, files.size() == 1, makeSession(), WithoutCheck};
+    AddRun run{options, files.size() == 1, m_context->makeSession(), WithoutCheck};
     if (addFiles(files, &run, &frame) == CANCEL)
         return frame.finish(CANCEL, tr("Package(s) not imported"));
     return frame.finish(SUCCESS, tr("%n package(s) imported", nullptr, run.added.size()));
@@ -223,13 +224,13 @@ bool RepoShell::collectPackages(const QString &source, QStringList *files)
         Q_EMIT critical(tr("Can't open archive for import!"), source);
         return false;
     }
-    *files = ArchiveContents::packagesBelow(source, path(), [this] { return isCanceled(); });
+    *files = ArchiveContents::packagesBelow(source, path(), [this] { return m_context->isCanceled(); });
     return true;
 }
 
 bool RepoShell::unpackPackages(const QString &archive, QStringList *files)
 {
-    const auto stopped = [this] { return isCanceled(); };
+    const auto stopped = [this] { return m_context->isCanceled(); };
     bool isMounting = true;
     ArchiveUtils mounted;
     // Direct, so that the interface hears of an error before it hears of the job's end.
@@ -239,7 +240,7 @@ bool RepoShell::unpackPackages(const QString &archive, QStringList *files)
         this,
         [this, &isMounting](const QString &text, const QString &details) {
             // A mount that was stopped has failed as wished.
-            if (!isMounting || !isCanceled())
+            if (!isMounting || !m_context->isCanceled())
                 Q_EMIT critical(text, details);
         },
         Qt::DirectConnection);

@@ -7,6 +7,7 @@
 #include "depends/dependsreport.h"
 #include "depends/localcandidates.h"
 #include "engine/jobframe.h"
+#include "engine/reposhell.h"
 
 #include <QMutexLocker>
 #include <QSet>
@@ -22,14 +23,14 @@ void RepoShell::checkDepends(const QList<PackageInfoPtr> &packages)
 
 int RepoShell::checkBody(const QList<PackageInfoPtr> &packages)
 {
-    JobFrame frame(*this, tr("Checking depends"));
+    JobFrame frame(*m_context, tr("Checking depends"));
     const auto records = presentRecords(packages);
-    Q_EMIT progressRangeChanged(records.size());
-    const bool isOn = m_dependsRepoType != DependsNowhere;
+    m_context->setProgressRange(records.size());
+    const bool isOn = m_context->dependsRepoType() != DependsNowhere;
     const int checked = checkRecords(records, [&frame] { frame.quickItemDone(); });
-    Q_EMIT progressStepChanged(m_progress);
+    m_context->showProgress();
     if (checked > 0)
-        Q_EMIT requestForSavingPackages(m_packages.all());
+        Q_EMIT requestForSavingPackages(m_context->packages().all());
     if (isOn && checked < records.size())
         return frame.finish(
             CANCEL,
@@ -44,7 +45,7 @@ QList<PackageInfoPtr> RepoShell::presentRecords(const QList<PackageInfoPtr> &pac
     QList<PackageInfoPtr> records;
     QSet<PackageInfoPtr> seen;
     for (const PackageInfoPtr &package : packages) {
-        const PackageInfoPtr record = m_packages.find(PackageKey::of(*package));
+        const PackageInfoPtr record = m_context->packages().find(PackageKey::of(*package));
         if (!record || seen.contains(record))
             continue;
         seen.insert(record);
@@ -55,11 +56,11 @@ QList<PackageInfoPtr> RepoShell::presentRecords(const QList<PackageInfoPtr> &pac
 
 int RepoShell::checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone)
 {
-    const int selection = m_dependsRepoType;
+    const int selection = m_context->dependsRepoType();
     if (selection == DependsNowhere || records.isEmpty())
         return 0;
-    LocalCandidates local(m_packages.all());
-    AptCandidates apt(QString(), acceptedOrigins());
+    LocalCandidates local(m_context->packages().all());
+    AptCandidates apt(QString(), m_context->acceptedOrigins());
     QList<PackageInfoPtr> results;
     const int checked = DependsCheck(selection, &local, &apt)
                             .run(
@@ -67,41 +68,24 @@ int RepoShell::checkRecords(const QList<PackageInfoPtr> &records, const std::fun
                                 [&](const PackageInfoPtr &package, const auto &result) {
                                     const auto record = QSharedPointer<PackageInfo>::create(*package);
                                     record->dependsInfo = result;
-                                    if (m_packages.replace(record))
+                                    if (m_context->packages().replace(record))
                                         Q_EMIT packageChanged(record);
                                     results.append(record);
                                     if (itemDone)
                                         itemDone();
                                 },
-                                [this] { return isCanceled() || m_closing; });
+                                [this] { return m_context->isCanceled() || m_context->isClosing(); });
     tellAptFailure(&apt);
     if (!results.isEmpty())
         Q_EMIT dependsSummary(DependsReport::summaryLines(results));
     return checked;
 }
 
-void RepoShell::setExternalRepos(const ExternalRepos &repos)
-{
-    const QMutexLocker lock(&m_mutex);
-    m_externalRepos = repos;
-}
-
-std::function<bool(const QString &origin)> RepoShell::acceptedOrigins() const
-{
-    const QMutexLocker lock(&m_mutex);
-    return [repos = m_externalRepos, known = QHash<QString, bool>()](const QString &origin) mutable {
-        auto it = known.find(origin);
-        if (it == known.end())
-            it = known.insert(origin, repos.isOriginAsked(origin));
-        return *it;
-    };
-}
-
 void RepoShell::tellAptFailure(AptCandidates *apt)
 {
     if (apt->failed())
         Q_EMIT critical(apt->errorText(), apt->errorDetail(), WARNING);
-    else if (!isCanceled() && !m_closing && apt->lacksSources())
+    else if (!m_context->isCanceled() && !m_context->isClosing() && apt->lacksSources())
         Q_EMIT critical(AptUtils::tr("Apt error"), AptUtils::noSourcesText(), WARNING);
 }
 
@@ -132,7 +116,7 @@ void RepoShell::startStore()
         m_store.get(),
         &DependsData::packagesMerged,
         this,
-        [this](const QList<PackageInfoPtr> &packages) { m_packages.assign(packages); },
+        [this](const QList<PackageInfoPtr> &packages) { m_context->packages().assign(packages); },
         Qt::DirectConnection);
     connect(m_store.get(), &DependsData::fileBroken, this, [this](const QString &keptAs) {
         Q_EMIT critical(tr("The stored results of the dependency checks could not be read. The file is kept "

@@ -8,6 +8,7 @@
 #include "engine/addrun.h"
 #include "engine/jobframe.h"
 #include "engine/packagefile.h"
+#include "engine/reposhell.h"
 
 #include <QDir>
 #include <QFile>
@@ -83,25 +84,25 @@ void RepoShell::addDependencies(const QVector<Dependency> &dependencies, const A
 
 int RepoShell::downloadBody(const QList<PackageInfo> &packages, const AddOptions &options)
 {
-    JobFrame frame(*this, startText(packages.size()));
+    JobFrame frame(*m_context, startText(packages.size()));
     return fetchAndAdd(packages, options, {}, &frame);
 }
 
 int RepoShell::addDependenciesBody(const QVector<Dependency> &dependencies, const AddOptions &options)
 {
-    JobFrame frame(*this, startText(dependencies.size()));
-    AptCandidates apt(QString(), acceptedOrigins());
-    const DependsOffers offers = findOffers(dependencies, &apt, [this] { return isCanceled(); });
+    JobFrame frame(*m_context, startText(dependencies.size()));
+    AptCandidates apt(QString(), m_context->acceptedOrigins());
+    const DependsOffers offers = findOffers(dependencies, &apt, [this] { return m_context->isCanceled(); });
     QStringList missing;
     for (const Dependency &dependency : offers.missing)
         missing.append(dependencyText(dependency));
     tellAptFailure(&apt);
-    if (!missing.isEmpty() && !apt.failed() && !isCanceled())
+    if (!missing.isEmpty() && !apt.failed() && !m_context->isCanceled())
         Q_EMIT critical(
             tr("No source offers: %1").arg(missing.join(QLatin1String(", "))), QString(), WARNING);
 
     QList<PackageInfoPtr> wanting;
-    const auto packages = m_packages.all();
+    const auto packages = m_context->packages().all();
     std::copy_if(packages.cbegin(), packages.cend(), std::back_inserter(wanting), [&](const auto &package) {
         return lacks(*package, dependencies);
     });
@@ -113,16 +114,16 @@ int RepoShell::fetchAndAdd(const QList<PackageInfo> &packages,
                            const QList<PackageInfoPtr> &wanting,
                            JobFrame *frame)
 {
-    if (!isDatabaseThere())
+    if (!m_context->isDatabaseThere())
         return frame->finish(
             ERROR, tr("Added %n package(s) to local repo: %1", nullptr, 0).arg(QString()), DOWNLOAD_JOB);
-    AddRun run{options, packages.size() == 1, makeSession()};
+    AddRun run{options, packages.size() == 1, m_context->makeSession()};
     run.wanting = wanting;
-    bool stopped = isCanceled();
+    bool stopped = m_context->isCanceled();
     for (int done = 0; done < packages.size() && !stopped; ++done) {
         const ScratchFolder folder;
         const PackageFile file = fetch(packages.at(done), folder);
-        stopped = isCanceled() && file.path.isEmpty();
+        stopped = m_context->isCanceled() && file.path.isEmpty();
         if (stopped)
             break;
         if (file.path.isEmpty())
@@ -131,7 +132,7 @@ int RepoShell::fetchAndAdd(const QList<PackageInfo> &packages,
         else
             addReadFile(file, done + 1 == packages.size(), &run);
         frame->itemDone(packages.size());
-        stopped = isCanceled() && done + 1 < packages.size();
+        stopped = m_context->isCanceled() && done + 1 < packages.size();
     }
     finishAdding(&run, stopped);
     const QString added = run.added.join(QLatin1String(", "));
@@ -151,7 +152,7 @@ PackageFile RepoShell::fetch(const PackageInfo &package, const ScratchFolder &fo
     if (!folder.isValid())
         return {{}, {}, tr("No temporary folder could be made to fetch it into.")};
     AptUtils apt;
-    apt.setStopRequest([this] { return isCanceled(); });
+    apt.setStopRequest([this] { return m_context->isCanceled(); });
     QString reason;
     connect(&apt, &ProcessUtils::error, &apt, [&reason](const QString &, const QString &details) {
         reason = details;

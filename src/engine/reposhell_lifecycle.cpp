@@ -8,6 +8,7 @@
 #include "engine/jobframe.h"
 #include "engine/packagelisting.h"
 #include "engine/pathguard.h"
+#include "engine/reposhell.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
 #include "engine/systemrelease.h"
@@ -59,7 +60,7 @@ QStringList RepoShell::openRepositories() const
 
 void RepoShell::closeRepo()
 {
-    m_packages.clear();
+    m_context->packages().clear();
     setRepository(QString(), {});
     Q_EMIT pathChanged(QString());
     Q_EMIT needCloseRepo();
@@ -105,9 +106,9 @@ int RepoShell::createRepo(const QString &path, const RepoInfo &info)
     QString details;
     if (prepareRepoDir(repoPath, &aside) == SUCCESS) {
         setRepository(repoPath, info);
-        m_packages.clear();
+        m_context->packages().clear();
         if (writeRepoInfo(info)) {
-            if (runReprepro(ReproCommand::exportIndices()) == 0) {
+            if (m_context->runReprepro(ReproCommand::exportIndices()) == 0) {
                 if (!aside.remove())
                     Q_EMIT critical(
                         tr("Impossible to delete directory %1!").arg(aside.place()), QString(), WARNING);
@@ -159,12 +160,12 @@ bool RepoShell::writeRepoInfo(const RepoInfo &info)
 
 int RepoShell::openBody(const QString &path)
 {
-    JobFrame frame(*this, tr("Opening repository"));
+    JobFrame frame(*m_context, tr("Opening repository"));
     if (readRepoInfo(path) != SUCCESS) {
-        const bool import
-            = ask(QString(),
-                  tr("File %1/conf/distributions not found! Do you want to import repository?").arg(path),
-                  false);
+        const bool import = m_context->ask(
+            QString(),
+            tr("File %1/conf/distributions not found! Do you want to import repository?").arg(path),
+            false);
         if (!import)
             return frame.finish(ERROR, tr("File %1/conf/distributions not found!").arg(path));
         Q_EMIT needImportRepo();
@@ -187,17 +188,17 @@ int RepoShell::openBody(const QString &path)
     QList<PackageInfoPtr> packages = listPackages(path, repoInfo());
     sortPackages(&packages);
     markSigned(&packages, path);
-    m_packages.assign(packages);
+    m_context->packages().assign(packages);
     Q_EMIT requestForMergingInformation(packages);
-    packages = m_packages.all();
+    packages = m_context->packages().all();
     if (!packages.isEmpty())
-        Q_EMIT progressRangeChanged(packages.size());
+        m_context->setProgressRange(packages.size());
     for (const PackageInfoPtr &package : packages) {
-        if (isCanceled()) {
+        if (m_context->isCanceled()) {
             closeRepo();
             return frame.finish(CANCEL, tr("Repositry is not opened"));
         }
-        ++m_progress;
+        m_context->countProgress();
         Q_EMIT packageAdded(package);
     }
     return frame.finish(SUCCESS, tr("Repositry is opened"));
@@ -206,7 +207,7 @@ int RepoShell::openBody(const QString &path)
 void RepoShell::recoverInterruptedJob(const QString &path)
 {
     if (ExportSession::isExportOwed(path)) {
-        if (runReprepro(ReproCommand::exportIndices()) == 0)
+        if (m_context->runReprepro(ReproCommand::exportIndices()) == 0)
             ExportSession::clearMarker(path);
         else
             Q_EMIT critical(
@@ -235,10 +236,10 @@ void RepoShell::changeRepo(const QString &newPath, const RepoInfo &info)
 
 int RepoShell::changeBody(const QString &newPath, const RepoInfo &info)
 {
-    JobFrame frame(*this, tr("Repository changing"));
-    Q_EMIT requestForSavingPackages(m_packages.all());
+    JobFrame frame(*m_context, tr("Repository changing"));
+    Q_EMIT requestForSavingPackages(m_context->packages().all());
     const QString oldPath = path();
-    if (!isDatabaseThere() || !mayChange(newPath) || (newPath != oldPath && !moveRepo(newPath)))
+    if (!m_context->isDatabaseThere() || !mayChange(newPath) || (newPath != oldPath && !moveRepo(newPath)))
         return frame.finish(ERROR, tr("Repository not changed"));
 
     const RepoInfo oldInfo = repoInfo();
@@ -249,15 +250,15 @@ int RepoShell::changeBody(const QString &newPath, const RepoInfo &info)
     if (rewriteRepo(info, &details)) {
         Q_EMIT pathChanged(newPath);
         // Between the steps of a change nothing can be stopped, and its end is no opening to be stopped either.
-        if (!m_closing)
-            resetCancel();
+        if (!m_context->isClosing())
+            m_context->resetCancel();
         openBody(newPath);
         return frame.finish(SUCCESS, tr("Repository is changed."), CHANGE_REPO_JOB);
     }
     // Back to where we were, so that "not changed" is true.
     setRepository(newPath, oldInfo);
     if (oldText && DistributionsFile(newPath).restore(*oldText)
-        && runReprepro(ReproCommand::exportIndices()) == 0)
+        && m_context->runReprepro(ReproCommand::exportIndices()) == 0)
         ExportSession::clearMarker(newPath);
     if (newPath != oldPath && AsideDirectory::rename(newPath, oldPath).isEmpty()) {
         setRepository(oldPath, repoInfo());
@@ -319,7 +320,7 @@ bool RepoShell::rewriteRepo(const RepoInfo &info, QString *details)
     setRepository(path(), info);
     if (!writeRepoInfo(info))
         return false;
-    if (runReprepro(ReproCommand::clearVanished()) != 0) {
+    if (m_context->runReprepro(ReproCommand::clearVanished()) != 0) {
         *details = lastErrorOutput();
         return false;
     }
@@ -362,7 +363,7 @@ void RepoShell::removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &n
 
 bool RepoShell::exportOrGiveUpSigning(RepoInfo info)
 {
-    bool exported = runReprepro(ReproCommand::exportIndices()) == 0;
+    bool exported = m_context->runReprepro(ReproCommand::exportIndices()) == 0;
     // Any other failure leaves the new description in force, and the marker that indices are owed.
     bool changed = true;
     if (!exported && ReproAnswer::signingFailed(lastErrorOutput())) {
@@ -370,7 +371,7 @@ bool RepoShell::exportOrGiveUpSigning(RepoInfo info)
         info.signWith = false;
         setRepository(path(), info);
         writeRepoInfo(info);
-        exported = runReprepro(ReproCommand::exportIndices()) == 0;
+        exported = m_context->runReprepro(ReproCommand::exportIndices()) == 0;
         changed = exported;
     }
     if (exported)

@@ -5,12 +5,12 @@
 #include "engine/jobframe.h"
 #include "engine/packagebackup.h"
 #include "engine/packagefile.h"
+#include "engine/reposhell.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QThreadPool>
 
 #include <algorithm>
 
@@ -51,28 +51,6 @@ QString includeCommand(const QString &codename, const PackageInfo &record, const
 }
 } // namespace
 
-ExportSession RepoShell::makeSession()
-{
-    return ExportSession(path(), [this](const QString &arguments, const QStringList &environment) {
-        return runReproWith(arguments, environment);
-    });
-}
-
-void RepoShell::finishSession(ExportSession *session)
-{
-    const ProcessResult result = session->finish();
-    // A run that could not start or crashed has been reported by the runner.
-    if (result.succeeded() || !result.started || result.crashed())
-        return;
-    if (ReproAnswer::signingFailed(result.errorOutput))
-        Q_EMIT critical(tr("Failed to sign repository!"), result.errorOutput);
-    else
-        Q_EMIT critical(
-            tr("The indices of the repository could not be written. They will be written when the "
-               "repository is opened the next time."),
-            result.errorOutput);
-}
-
 // --- add ---------------------------------------------------------------------------------------------------------
 
 void RepoShell::addPackages(const QStringList &files, const AddOptions &options)
@@ -83,10 +61,10 @@ void RepoShell::addPackages(const QStringList &files, const AddOptions &options)
 
 int RepoShell::addBody(const QStringList &files, const AddOptions &options)
 {
-    JobFrame frame(*this, files.size() == 1 ? tr("Adding package") : tr("Adding packages"));
-    if (!isDatabaseThere())
+    JobFrame frame(*m_context, files.size() == 1 ? tr("Adding package") : tr("Adding packages"));
+    if (!m_context->isDatabaseThere())
         return frame.finish(ERROR, tr("%n package(s) added: %1", nullptr, 0).arg(QString()));
-    AddRun run{options, files.size() == 1, makeSession()};
+    AddRun run{options, files.size() == 1, m_context->makeSession()};
     if (addFiles(files, &run, &frame) == CANCEL)
         return frame.finish(CANCEL,
                             tr("Operation stopped. %1 of %n package(s) added: %2", nullptr, files.size())
@@ -100,7 +78,7 @@ RepoShell::ErrorCode RepoShell::addFiles(const QStringList &files, AddRun *run, 
     PackageFileReader reader(files);
     bool stopped = false;
     for (int done = 0; done < files.size(); ++done) {
-        stopped = isCanceled();
+        stopped = m_context->isCanceled();
         if (stopped)
             break;
         addReadFile(reader.next(), done + 1 == files.size(), run);
@@ -121,19 +99,19 @@ void RepoShell::addReadFile(const PackageFile &read, bool isLast, AddRun *run)
 
 void RepoShell::finishAdding(AddRun *run, bool stopped)
 {
-    finishSession(&run->session);
+    m_context->finishSession(&run->session);
     QList<PackageInfoPtr> unchecked;
-    if (m_checkDependsOnAdd && run->checksDepends)
+    if (m_context->checksDependsOnAdd() && run->checksDepends)
         unchecked = run->records;
     if (!run->records.isEmpty())
         unchecked += run->wanting;
-    if (!m_closing && !unchecked.isEmpty()) {
+    if (!m_context->isClosing() && !unchecked.isEmpty()) {
         // The stop was for the adding; what went in is checked until the next one.
         if (stopped)
-            resetCancel();
+            m_context->resetCancel();
         checkRecords(presentRecords(unchecked));
     }
-    Q_EMIT requestForSavingPackages(m_packages.all());
+    Q_EMIT requestForSavingPackages(m_context->packages().all());
 }
 
 RepoShell::ErrorCode RepoShell::addFile(AddedFile *file, const PackageInfo &package)
@@ -154,20 +132,21 @@ RepoShell::ErrorCode RepoShell::addFile(AddedFile *file, const PackageInfo &pack
 
         result = includePackage(file, record, false);
         if (isCollision(result)) {
-            const PackageInfoPtr present = m_packages.find(PackageKey::of(record));
-            setNewcomer({QFileInfo(file->path).fileName(),
-                         record.version,
-                         file->isLast && architecture == architectures.last()});
+            const PackageInfoPtr present = m_context->packages().find(PackageKey::of(record));
+            m_context->setNewcomer({QFileInfo(file->path).fileName(),
+                                    record.version,
+                                    file->isLast && architecture == architectures.last()});
             if (mustReplace(result, &run.rules, present, run.singlePackage))
                 result = includePackage(file, record, true);
             else
                 Q_EMIT noted(keptText(result, file->path, *present));
         }
         if (result == PACKAGE_GPGERROR) {
-            const bool remove = ask(tr("Package is unsigned"),
-                                    tr("Package is added, but unsigned. Do you want to remove it?"),
-                                    false);
-            if (remove && removePackage(m_packages.find(PackageKey::of(record)), &run.session))
+            const bool remove
+                = m_context->ask(tr("Package is unsigned"),
+                                 tr("Package is added, but unsigned. Do you want to remove it?"),
+                                 false);
+            if (remove && removePackage(m_context->packages().find(PackageKey::of(record)), &run.session))
                 Q_EMIT noted(
                     tr("Not added: %1. The repository could not be signed with it.").arg(file->path));
             else
@@ -185,11 +164,7 @@ bool RepoShell::mustReplace(ErrorCode collision,
     if (rules->mustAsk()) {
         // No answer, because the program is closing or nobody is there to ask, keeps what is in the repository.
         rules->value = PackageReplacementRules::KeepThis;
-        if (canAsk()) {
-            QThreadPool::globalInstance()->releaseThread();
-            Q_EMIT requestForReplacementHandlingByUser(collision, rules, package, singlePackage);
-            QThreadPool::globalInstance()->reserveThread();
-        }
+        m_context->askForReplacement(collision, rules, package, singlePackage);
     }
     return rules->replaces(collision);
 }
@@ -217,7 +192,7 @@ RepoShell::ErrorCode RepoShell::includePackage(AddedFile *file, const PackageInf
     const PackageKey key = PackageKey::of(record);
     if (file->results.contains(key))
         return file->results.value(key);
-    const PackageInfoPtr present = m_packages.find(key);
+    const PackageInfoPtr present = m_context->packages().find(key);
     if (present && !replace)
         return collisionOf(file->path, record, *present);
 
@@ -261,7 +236,7 @@ RepoShell::replacePackage(AddedFile *file, const PackageInfo &record, const Pack
         if (includeFile(file, successor, true) != ERROR)
             continue;
         for (const PackageInfoPtr &other : inTheWay) {
-            const PackageInfoPtr included = m_packages.find(PackageKey::of(*other));
+            const PackageInfoPtr included = m_context->packages().find(PackageKey::of(*other));
             if (file->results.remove(PackageKey::of(*other)) > 0 && included)
                 removePackage(included, session, makesRoom);
         }
@@ -302,7 +277,7 @@ bool RepoShell::isIncluded(const ProcessResult &result, const PackageInfo &recor
 
 bool RepoShell::isGone(const PackageInfo &package)
 {
-    const bool isKnown = runReprepro(ReproCommand::listFiles(
+    const bool isKnown = m_context->runReprepro(ReproCommand::listFiles(
                              repoInfo().codename, package.name, package.indexComponent, package.architecture))
                          == 0;
     const QStringList files = lastOutput().split(QLatin1Char('\n'));
@@ -313,7 +288,7 @@ bool RepoShell::isGone(const PackageInfo &package)
 
 QList<PackageInfoPtr> RepoShell::packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const
 {
-    QList<PackageInfoPtr> packages{m_packages.find(PackageKey::of(present))};
+    QList<PackageInfoPtr> packages{m_context->packages().find(PackageKey::of(present))};
     if (present.filePath() != record.filePath())
         return packages;
     // An architecture-independent package has one file for all architectures, and as long as one of them uses the
@@ -322,7 +297,7 @@ QList<PackageInfoPtr> RepoShell::packagesInTheWay(const PackageInfo &present, co
     for (const QString &architecture : architectures) {
         PackageKey key = PackageKey::of(present);
         key.architecture = architecture;
-        const PackageInfoPtr twin = m_packages.find(key);
+        const PackageInfoPtr twin = m_context->packages().find(key);
         if (twin && architecture != present.architecture && twin->filePath() == present.filePath())
             packages.append(twin);
     }
@@ -346,7 +321,7 @@ ProcessResult RepoShell::runInclude(const QString &arguments, ExportSession *ses
 PackageInfoPtr RepoShell::packageIncluded(const PackageInfo &record, bool replaced)
 {
     PackageInfoPtr package = QSharedPointer<PackageInfo>::create(record);
-    m_packages.append(package);
+    m_context->packages().append(package);
     if (replaced)
         Q_EMIT packageChanged(package);
     else
@@ -363,7 +338,7 @@ void RepoShell::restorePackages(const QList<PackageInfoPtr> &packages,
             && isIncluded(runInclude(includeCommand(repoInfo().codename, *package, backup->file()), session),
                           *package)) {
             rememberSignature(*package);
-            m_packages.append(package);
+            m_context->packages().append(package);
             Q_EMIT packageAdded(package);
             continue;
         }
@@ -389,22 +364,22 @@ void RepoShell::removePackages(const QList<PackageInfoPtr> &packages)
 
 int RepoShell::removeBody(const QList<PackageInfoPtr> &packages)
 {
-    JobFrame frame(*this, packages.size() == 1 ? tr("Removing package") : tr("Removing packages"));
-    if (!isDatabaseThere())
+    JobFrame frame(*m_context, packages.size() == 1 ? tr("Removing package") : tr("Removing packages"));
+    if (!m_context->isDatabaseThere())
         return frame.finish(ERROR, tr("%n packages removed: %1", nullptr, 0).arg(QString()));
-    ExportSession session = makeSession();
+    ExportSession session = m_context->makeSession();
     QStringList removed;
     bool stopped = false;
     for (const PackageInfoPtr &package : packages) {
-        stopped = isCanceled();
+        stopped = m_context->isCanceled();
         if (stopped)
             break;
         if (removePackage(package, &session))
             removed.append(displayFileName(*package));
         frame.itemDone(packages.size());
     }
-    finishSession(&session);
-    Q_EMIT requestForSavingPackages(m_packages.all());
+    m_context->finishSession(&session);
+    Q_EMIT requestForSavingPackages(m_context->packages().all());
     if (stopped)
         return frame.finish(
             CANCEL,
@@ -417,7 +392,7 @@ bool RepoShell::removePackage(const PackageInfoPtr &package, ExportSession *sess
 {
     PackageKey twin = PackageKey::of(*package);
     twin.type = package->type == PackageType::Deb ? PackageType::Udeb : PackageType::Deb;
-    const PackageType *only = m_packages.find(twin) ? &package->type : nullptr;
+    const PackageType *only = m_context->packages().find(twin) ? &package->type : nullptr;
     const ProcessResult result = session->remove(
         ReproCommand::remove(
             repoInfo().codename, package->name, package->indexComponent, package->architecture, only),
@@ -434,7 +409,7 @@ bool RepoShell::removePackage(const PackageInfoPtr &package, ExportSession *sess
     }
     if (ReproAnswer::nothingRemoved(result.errorOutput))
         session->oweExport();
-    if (const PackageInfoPtr listed = m_packages.take(PackageKey::of(*package))) {
+    if (const PackageInfoPtr listed = m_context->packages().take(PackageKey::of(*package))) {
         forgetSignature(*listed);
         Q_EMIT packageRemoved(listed);
     }

@@ -2,6 +2,7 @@
 // Signing packages, and the record of which key signed which.
 #include "engine/addrun.h"
 #include "engine/jobframe.h"
+#include "engine/reposhell.h"
 #include "signing/signprocess.h"
 
 #include <QFileInfo>
@@ -15,16 +16,16 @@ void RepoShell::signPackages(const QList<PackageInfoPtr> &packages, const QStrin
 
 int RepoShell::signBody(const QList<PackageInfoPtr> &packages, const QString &keyId)
 {
-    JobFrame frame(*this, packages.size() == 1 ? tr("Package signing") : tr("Packages signing"));
-    if (!isDatabaseThere())
+    JobFrame frame(*m_context, packages.size() == 1 ? tr("Package signing") : tr("Packages signing"));
+    if (!m_context->isDatabaseThere())
         return frame.finish(ERROR, tr("%n package(s) is signed: %1", nullptr, 0).arg(QString()));
     const AddOptions options{QString(), true, keyId};
-    AddRun run{options, packages.size() == 1, makeSession(), false};
+    AddRun run{options, packages.size() == 1, m_context->makeSession(), false};
     QStringList names;
     QHash<QString, bool> files; // the files that have been dealt with, and whether they are signed
     bool stopped = false;
     for (const PackageInfoPtr &package : packages) {
-        stopped = isCanceled();
+        stopped = m_context->isCanceled();
         if (stopped)
             break;
         const QString file = package->filePath();
@@ -47,7 +48,7 @@ int RepoShell::signBody(const QList<PackageInfoPtr> &packages, const QString &ke
 
 bool RepoShell::signPackage(const PackageInfoPtr &package, AddRun *run)
 {
-    const PackageInfoPtr present = m_packages.find(PackageKey::of(*package));
+    const PackageInfoPtr present = m_context->packages().find(PackageKey::of(*package));
     if (!present)
         return false;
     AddedFile file{*run, present->filePath()};
@@ -74,14 +75,14 @@ bool RepoShell::signFile(AddedFile *file, const QString &packageName)
     if (!file->signedFolder->isValid())
         return fail(tr("No temporary folder could be made to sign it in."));
     const QString copy = file->signedFolder->filePath(QFileInfo(file->path).fileName());
-    if (m_signProcess->sign(file->path, copy, file->run.options.signKeyId)) {
+    if (m_context->signProcess().sign(file->path, copy, file->run.options.signKeyId)) {
         file->source = copy;
         return true;
     }
     constexpr int KeyUnusable = 2;
-    if (m_signProcess->exitCode() == KeyUnusable)
-        file->run.keyTrouble = m_signProcess->log();
-    return fail(m_signProcess->log());
+    if (m_context->signProcess().exitCode() == KeyUnusable)
+        file->run.keyTrouble = m_context->signProcess().log();
+    return fail(m_context->signProcess().log());
 }
 
 QString RepoShell::signingKeyOf(AddRun *run) const

@@ -6,6 +6,7 @@
 #include "engine/addrun.h"
 #include "engine/jobframe.h"
 #include "engine/packagefile.h"
+#include "engine/reposhell.h"
 #include "engine/repreprocommands.h"
 
 #include <QDateTime>
@@ -85,7 +86,7 @@ void RepoShell::removeCustomSourcesListFile(RepoEnums::JobId jobId)
 
 int RepoShell::prepareUpgradeBody(const QStringList &sources)
 {
-    JobFrame frame(*this, tr("Downloading information"));
+    JobFrame frame(*m_context, tr("Downloading information"));
     {
         const QMutexLocker lock(&m_mutex);
         m_upgradable.clear();
@@ -96,14 +97,14 @@ int RepoShell::prepareUpgradeBody(const QStringList &sources)
     const QString failure = tr("Information is not downloaded");
     if (!apt)
         return frame.finish(ERROR, failure);
-    const auto stopped = [this] { return isCanceled(); };
+    const auto stopped = [this] { return m_context->isCanceled(); };
     const bool fetched = fetchLists(apt.get());
     QVector<AptPackageRecord> records;
-    const auto packages = m_packages.all();
+    const auto packages = m_context->packages().all();
     const bool asked
         = fetched
           && askRecords(*apt, UpgradeRules::questions(packages, ownArchitecture()), stopped, &records);
-    if (isCanceled())
+    if (m_context->isCanceled())
         return frame.finish(CANCEL, tr("Canceled by user"));
     if (!asked)
         return frame.finish(ERROR, failure);
@@ -123,14 +124,14 @@ int RepoShell::prepareUpgradeBody(const QStringList &sources)
 
 int RepoShell::upgradeBody(const QVector<UpgradablePackage> &packages, const AddOptions &options)
 {
-    JobFrame frame(*this, tr("Upgrading repo"));
+    JobFrame frame(*m_context, tr("Upgrading repo"));
     const auto end
         = [&frame](int result, const QString &message) { return frame.finish(result, message, UPGRADE_JOB); };
     const auto groups = UpgradeRules::byFile(packagesToUpgrade(packages));
     if (groups.isEmpty())
         return end(SUCCESS, tr("Nothing to upgrade"));
     const QString failure = tr("Repo is not upgraded");
-    if (!isDatabaseThere())
+    if (!m_context->isDatabaseThere())
         return end(ERROR, failure);
     removeLeftovers(PrivateApt::cacheFolder());
     const bool made = QDir().mkpath(PrivateApt::cacheFolder());
@@ -144,7 +145,7 @@ int RepoShell::upgradeBody(const QVector<UpgradablePackage> &packages, const Add
     if (!apt)
         return end(ERROR, failure);
 
-    UpgradeRun run{{options, groups.size() == 1, makeSession()}, *apt, folder.path()};
+    UpgradeRun run{{options, groups.size() == 1, m_context->makeSession()}, *apt, folder.path()};
     const ErrorCode ready = askAgain(groups, &run);
     if (ready == ERROR)
         return end(ERROR, failure);
@@ -192,24 +193,24 @@ std::shared_ptr<PrivateApt> RepoShell::upgradeApt()
 bool RepoShell::fetchLists(PrivateApt *apt)
 {
     const auto showPercent = [this](int percent) {
-        if (m_progress == 0)
-            Q_EMIT progressRangeChanged(Percents);
-        if (percent > m_progress) {
-            m_progress = percent;
-            Q_EMIT progressStepChanged(percent);
+        if (m_context->progress() == 0)
+            m_context->setProgressRange(Percents);
+        if (percent > m_context->progress()) {
+            m_context->setProgress(percent);
+            m_context->showProgress();
         }
     };
-    const auto outcome = apt->fetch([this] { return isCanceled(); }, showPercent);
-    if (m_progress != 0) {
+    const auto outcome = apt->fetch([this] { return m_context->isCanceled(); }, showPercent);
+    if (m_context->progress() != 0) {
         // What follows has another measure.
-        m_progress = 0;
-        Q_EMIT progressRangeChanged(0);
-        Q_EMIT progressStepChanged(0);
+        m_context->setProgress(0);
+        m_context->setProgressRange(0);
+        m_context->showProgress();
     }
     if (!outcome.problems.isEmpty())
         Q_EMIT critical(
             outcome.problems.join(QLatin1Char('\n')), outcome.details, outcome.usable ? WARNING : CRITICAL);
-    else if (!outcome.usable && !isCanceled())
+    else if (!outcome.usable && !m_context->isCanceled())
         Q_EMIT critical(tr("The chosen sources offer no packages for this repository."), outcome.details);
     return outcome.usable;
 }
@@ -239,8 +240,8 @@ QVector<UpgradablePackage> RepoShell::packagesToUpgrade(const QVector<Upgradable
 {
     QVector<UpgradablePackage> result;
     for (UpgradablePackage package : kept) {
-        const PackageInfoPtr present
-            = m_packages.find({package.name, package.component, package.architecture, PackageType::Deb});
+        const PackageInfoPtr present = m_context->packages().find(
+            {package.name, package.component, package.architecture, PackageType::Deb});
         if (!present) {
             Q_EMIT noted(tr("Not upgraded: %1 (%2) is in the repository no longer.")
                              .arg(package.name, package.architecture));
@@ -261,9 +262,9 @@ RepoShell::ErrorCode RepoShell::askAgain(const QVector<QVector<UpgradablePackage
     // Whoever asked for a stop and then thinks better of it begins anew; what is fetched already stays.
     while (true) {
         run->records.clear();
-        const auto stopped = [this] { return isCanceled(); };
+        const auto stopped = [this] { return m_context->isCanceled(); };
         const bool asked = fetchLists(&run->apt) && askRecords(run->apt, names, stopped, &run->records);
-        if (!isCanceled())
+        if (!m_context->isCanceled())
             return asked ? SUCCESS : ERROR;
         if (mustStopUpgrade())
             return CANCEL;
@@ -272,13 +273,13 @@ RepoShell::ErrorCode RepoShell::askAgain(const QVector<QVector<UpgradablePackage
 
 bool RepoShell::mustStopUpgrade()
 {
-    if (!isCanceled())
+    if (!m_context->isCanceled())
         return false;
-    if (ask(tr("Upgrading repo"), tr("Are you sure?"), true))
+    if (m_context->ask(tr("Upgrading repo"), tr("Are you sure?"), true))
         return true;
-    resetCancel();
-    setStartMessage(tr("Upgrading repo"));
-    return m_closing;
+    m_context->resetCancel();
+    m_context->setStartMessage(tr("Upgrading repo"));
+    return m_context->isClosing();
 }
 
 void RepoShell::upgradeFrom(const QVector<UpgradablePackage> &group, UpgradeRun *run)
@@ -316,7 +317,7 @@ PackageFile RepoShell::fetchUpgrade(const UpgradablePackage &wanted, const Upgra
     AptUtils apt;
     apt.setEnvironment(run.apt.environment());
     // A stop waits for the file; only the end of the program does not, for a server may never answer.
-    apt.setStopRequest([this] { return m_closing.load(); });
+    apt.setStopRequest([this] { return m_context->isClosing(); });
     QString reason;
     connect(&apt, &ProcessUtils::error, &apt, [&reason](const QString &, const QString &details) {
         reason = details;
@@ -332,7 +333,7 @@ PackageFile RepoShell::fetchUpgrade(const UpgradablePackage &wanted, const Upgra
     } else if (reason.isEmpty()) {
         reason = tr("apt has left no file of that version.");
     }
-    if (!m_closing)
+    if (!m_context->isClosing())
         Q_EMIT critical(AptUtils::tr("Apt: download package %1 error").arg(wanted.name), reason);
     return {arrived, {}, reason};
 }
@@ -349,14 +350,14 @@ QList<PackageInfoPtr> RepoShell::replacedBy(const PackageFile &file,
     const QStringList architectures = repoInfo().architectureList();
     for (const UpgradablePackage &package : group) {
         PackageKey key{package.name, package.component, package.architecture, PackageType::Deb};
-        const PackageInfoPtr present = m_packages.find(key);
+        const PackageInfoPtr present = m_context->packages().find(key);
         add(present);
         if (!present || file.package->architecture != QLatin1String("all"))
             continue;
         // One file served several architectures, and one file takes its place.
         for (const QString &architecture : architectures) {
             key.architecture = architecture;
-            const PackageInfoPtr twin = m_packages.find(key);
+            const PackageInfoPtr twin = m_context->packages().find(key);
             if (twin && twin->filePath() == present->filePath())
                 add(twin);
         }

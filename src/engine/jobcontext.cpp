@@ -1,0 +1,288 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/jobcontext.h"
+
+#include "engine/exportsession.h"
+#include "engine/repolock.h"
+#include "engine/reposhell.h"
+#include "engine/repreproanswers.h"
+#include "engine/repreprocommands.h"
+#include "engine/repreprorunner.h"
+#include "signing/signprocess.h"
+
+#include <QFile>
+#include <QMutexLocker>
+#include <QThread>
+#include <QThreadPool>
+
+JobContext::JobContext(RepoShell &shell)
+    : m_shell(shell)
+    , m_signProcess(std::make_unique<SignProcess>())
+{ }
+
+JobContext::~JobContext() = default;
+
+// --- the repository ----------------------------------------------------------------------------------------------
+
+QString JobContext::path() const
+{
+    return m_shell.path();
+}
+
+RepoInfo JobContext::repoInfo() const
+{
+    return m_shell.repoInfo();
+}
+
+bool JobContext::isDatabaseThere()
+{
+    const QString file = path() + QLatin1String("/db/packages.db");
+    if (m_packages.count() == 0 || QFile::exists(file))
+        return true;
+    critical(tr("The database of the repository is missing. Any change would make a new one and take all "
+                "packages out of the indices, so nothing was done."),
+             file);
+    return false;
+}
+
+// --- reprepro ----------------------------------------------------------------------------------------------------
+
+int JobContext::runReprepro(const QString &arguments)
+{
+    const ProcessResult result = runWith(arguments, {});
+    return result.crashed() || !result.started ? -1 : result.exitCode;
+}
+
+ProcessResult JobContext::runWith(const QString &arguments, const QStringList &environment)
+{
+    const QString repoPath = path();
+    ProcessResult result = runReproOn(repoPath, arguments, environment);
+    if (ReproAnswer::databaseLocked(result.errorOutput) && clearStaleLock(repoPath))
+        result = runReproOn(repoPath, arguments, environment);
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_lastOutput = result.output;
+        m_lastErrorOutput = result.errorOutput;
+    }
+    if (!result.started)
+        critical(tr("The program reprepro could not be started. Is it installed?"), result.errorOutput);
+    else if (result.crashed())
+        critical(tr("The process reprepro crashed!"));
+    return result;
+}
+
+bool JobContext::clearStaleLock(const QString &repoPath)
+{
+    const RepoLock::State state = RepoLock::state(repoPath);
+    if (state == RepoLock::State::Free)
+        return true; // whoever had it has just finished
+    if (state != RepoLock::State::Stale) {
+        critical(tr("The repository %1 is being changed by another program. Try again when it is done.")
+                     .arg(repoPath));
+        return false;
+    }
+    const bool remove
+        = ask(tr("Repository is locked"),
+              tr("The database of the repository %1 is locked, but no program uses it: an earlier run "
+                 "was interrupted. Do you want to remove the lock and try again?")
+                  .arg(repoPath),
+              false);
+    if (!remove)
+        return false;
+    // Between question and answer somebody else may have begun to work, or have finished.
+    const RepoLock::State now = RepoLock::state(repoPath);
+    return now == RepoLock::State::Free || (now == RepoLock::State::Stale && RepoLock::remove(repoPath));
+}
+
+QString JobContext::lastOutput() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_lastOutput;
+}
+
+QString JobContext::lastErrorOutput() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_lastErrorOutput;
+}
+
+QString
+JobContext::packageFilePath(const QString &name, const QString &component, const QString &architecture)
+{
+    runReprepro(ReproCommand::listFiles(repoInfo().codename, name, component, architecture));
+    return path() + QLatin1Char('/') + lastOutput().split(QLatin1Char('\n')).first();
+}
+
+ExportSession JobContext::makeSession()
+{
+    return ExportSession(path(), [this](const QString &arguments, const QStringList &environment) {
+        return runWith(arguments, environment);
+    });
+}
+
+void JobContext::finishSession(ExportSession *session)
+{
+    const ProcessResult result = session->finish();
+    // A run that could not start or crashed has been reported by the runner.
+    if (result.succeeded() || !result.started || result.crashed())
+        return;
+    if (ReproAnswer::signingFailed(result.errorOutput))
+        critical(tr("Failed to sign repository!"), result.errorOutput);
+    else
+        critical(tr("The indices of the repository could not be written. They will be written when the "
+                    "repository is opened the next time."),
+                 result.errorOutput);
+}
+
+// --- telling -----------------------------------------------------------------------------------------------------
+
+void JobContext::critical(const QString &text, const QString &details, ErrorType error)
+{
+    Q_EMIT m_shell.critical(text, details, error);
+}
+
+void JobContext::noted(const QString &text)
+{
+    Q_EMIT m_shell.noted(text);
+}
+
+void JobContext::packageAdded(const PackageInfoPtr &package)
+{
+    Q_EMIT m_shell.packageAdded(package);
+}
+
+void JobContext::packageChanged(const PackageInfoPtr &package)
+{
+    Q_EMIT m_shell.packageChanged(package);
+}
+
+void JobContext::packageRemoved(const PackageInfoPtr &package)
+{
+    Q_EMIT m_shell.packageRemoved(package);
+}
+
+void JobContext::dependsSummary(const QStringList &lines)
+{
+    Q_EMIT m_shell.dependsSummary(lines);
+}
+
+void JobContext::downloadablePackagesReady()
+{
+    Q_EMIT m_shell.downloadablePackagesReady();
+}
+
+void JobContext::savePackages()
+{
+    Q_EMIT m_shell.requestForSavingPackages(m_packages.all());
+}
+
+// --- the job itself ----------------------------------------------------------------------------------------------
+
+void JobContext::started(const QString &message)
+{
+    setStartMessage(message);
+    Q_EMIT m_shell.started(message);
+}
+
+void JobContext::finished(JobId jobId, const QString &message)
+{
+    Q_EMIT m_shell.finished(jobId, message);
+}
+
+QString JobContext::startMessage() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_startMessage;
+}
+
+void JobContext::setStartMessage(const QString &message)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_startMessage = message;
+}
+
+void JobContext::showProgress()
+{
+    Q_EMIT m_shell.progressStepChanged(m_progress);
+}
+
+void JobContext::setProgressRange(int range)
+{
+    Q_EMIT m_shell.progressRangeChanged(range);
+}
+
+// --- the user ----------------------------------------------------------------------------------------------------
+
+void JobContext::cancel()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_canceled = true;
+    m_startMessage.clear();
+}
+
+void JobContext::setClosing()
+{
+    m_closing = true;
+    cancel();
+}
+
+bool JobContext::canAsk() const
+{
+    // On the interface thread nobody would be left to answer.
+    return !m_closing && QThread::currentThread() != m_shell.thread();
+}
+
+bool JobContext::ask(const QString &title, const QString &text, bool safeAnswer)
+{
+    if (!canAsk())
+        return safeAnswer;
+    // When the receiver goes away while we wait, the emission returns without an answer.
+    m_answer = safeAnswer;
+    // A job that waits for its user must not keep the jobs of other tabs from running.
+    QThreadPool::globalInstance()->releaseThread();
+    Q_EMIT m_shell.question(title, text);
+    QThreadPool::globalInstance()->reserveThread();
+    return m_answer;
+}
+
+void JobContext::askForReplacement(ErrorCode collision,
+                                   PackageReplacementRules *rules,
+                                   const PackageInfoPtr &package,
+                                   bool singlePackage)
+{
+    if (!canAsk())
+        return;
+    QThreadPool::globalInstance()->releaseThread();
+    Q_EMIT m_shell.requestForReplacementHandlingByUser(collision, rules, package, singlePackage);
+    QThreadPool::globalInstance()->reserveThread();
+}
+
+Newcomer JobContext::newcomer() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_newcomer;
+}
+
+void JobContext::setNewcomer(const Newcomer &newcomer)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_newcomer = newcomer;
+}
+
+// --- what the user has set ---------------------------------------------------------------------------------------
+
+void JobContext::setExternalRepos(const ExternalRepos &repos)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_externalRepos = repos;
+}
+
+std::function<bool(const QString &origin)> JobContext::acceptedOrigins() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return [repos = m_externalRepos, known = QHash<QString, bool>()](const QString &origin) mutable {
+        auto it = known.find(origin);
+        if (it == known.end())
+            it = known.insert(origin, repos.isOriginAsked(origin));
+        return *it;
+    };
+}
