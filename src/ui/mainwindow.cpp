@@ -17,6 +17,7 @@
 #include "ui/packagedrop.h"
 #include "ui/packagemenu.h"
 #include "ui/prompts.h"
+#include "ui/publicationcommands.h"
 #include "ui/recentrepositories.h"
 #include "ui/repositorycommands.h"
 #include "ui/repotabs.h"
@@ -52,7 +53,7 @@ const QString &windowName()
 }
 } // namespace
 
-MainWindow::MainWindow()
+MainWindow::MainWindow(PublicationMonitor *monitor)
     : m_ui(std::make_unique<Ui::MainWindow>())
     , m_logDock(new QDockWidget(this))
     , m_log(new QPlainTextEdit(m_logDock))
@@ -80,11 +81,17 @@ MainWindow::MainWindow()
     m_archives
         = new ArchiveCommands(*m_ui, *m_tabs, *m_prompts, *m_feedback, *m_settings, *m_repositories, this);
     m_upgrade = new UpgradeCommands(m_ui->m_upgradeRepoAction, *m_tabs, *m_prompts, *m_settings, this);
+    m_publication = new PublicationCommands(*m_ui,
+                                            monitor == nullptr ? *new PublicationMonitor(this) : *monitor,
+                                            *m_tabs,
+                                            *m_prompts,
+                                            *m_feedback,
+                                            *m_repositories,
+                                            this);
     buildPackageMenu();
     Mnemonics::mark(m_ui->menuBar, m_ui->m_recentReposMenu);
     m_closing = new ClosingSequence(*m_tabs, *m_prompts, *m_repositories, this);
 
-    disableUnfinished();
     adaptToSystem();
     connectActions();
     connect(m_tabs, &RepoTabs::created, this, &MainWindow::connectTab);
@@ -220,18 +227,6 @@ void MainWindow::giveToolButtonsIcons()
     give(m_ui->m_checkDependsAction, "dialog-ok-apply");
 }
 
-void MainWindow::disableUnfinished()
-{
-    // Commands whose engine is not there yet.
-    for (QAction *action : {m_ui->m_publishRepoAction,
-                            m_ui->m_unpublishRepoAction,
-                            m_ui->m_addSrcListAction,
-                            m_ui->m_removeSrcListAction,
-                            m_ui->m_showPublishedReposAction,
-                            m_ui->actionView})
-        action->setEnabled(false);
-}
-
 void MainWindow::adaptToSystem()
 {
     const QString version = SystemRelease::version();
@@ -323,6 +318,7 @@ void MainWindow::updateActions()
     m_reports->updateActions();
     m_archives->updateActions(m_canRemovePackages.value(widget));
     m_upgrade->updateActions();
+    m_publication->updateActions();
     m_ui->m_removePackagesAction->setEnabled(free && m_canRemovePackages.value(widget));
     m_ui->m_signPackagesAction->setEnabled(free && m_canRemovePackages.value(widget));
 }

@@ -19,6 +19,8 @@ class JobFeedback;
 class PackageCommands;
 class PackageMenu;
 class Prompts;
+class PublicationCommands;
+class PublicationMonitor;
 class QDockWidget;
 class QPlainTextEdit;
 class RecentRepositories;
@@ -39,7 +41,8 @@ class MainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    MainWindow();
+    /** `monitor` knows what is published; null: one for this system. */
+    explicit MainWindow(PublicationMonitor *monitor = nullptr);
     ~MainWindow() override;
 
     /** Adds package files that were named at a start of the program; queued while a dialog is open. */
@@ -68,7 +71,6 @@ private:
     void buildPackageMenu();
     void buildTabBar();
     void giveToolButtonsIcons();
-    void disableUnfinished();
     void adaptToSystem();
     void connectActions();
     void connectTab(RepoWidget *widget);
@@ -108,6 +110,7 @@ private:
     SigningCommands *m_signing;
     ArchiveCommands *m_archives;
     UpgradeCommands *m_upgrade;
+    PublicationCommands *m_publication;
     ClosingSequence *m_closing;
 
     QMap<const RepoWidget *, bool> m_canRemovePackages;

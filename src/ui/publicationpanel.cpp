@@ -4,6 +4,7 @@
 #include "engine/reposhell.h"
 #include "server/publicationaddresses.h"
 #include "ui/plaintooltip.h"
+#include "ui/publicationtext.h"
 
 #include "ui_repowidget.h"
 
@@ -106,6 +107,7 @@ void PublicationPanel::showRepository()
         m_published = PublicationSettings::find(QSettings(), path);
         if (m_published)
             restore(*m_published);
+        m_live.clear();
     }
     update();
 }
@@ -124,6 +126,27 @@ void PublicationPanel::restore(const PublicationSettings &settings)
         m_ui.m_ipAddrComboBox->setCurrentText(settings.host);
         m_addressChosen = true;
     }
+}
+
+PublicationSettings PublicationPanel::choice() const
+{
+    PublicationSettings choice;
+    choice.port = m_ui.m_httpPortSpinBox->value();
+    choice.repoPath = m_repoPath;
+    choice.trusted = m_ui.m_trustedCheckBox->isChecked();
+    choice.architectures = m_ui.m_publishArchComboBox->currentText();
+    choice.protocol
+        = m_ui.m_srvTypeComboBox->currentIndex() < 0 ? -1 : m_ui.m_srvTypeComboBox->currentData().toInt();
+    if (isAddressComplete())
+        choice.host = m_ui.m_ipAddrComboBox->currentText();
+    return choice;
+}
+
+void PublicationPanel::claim()
+{
+    m_published = choice();
+    QSettings settings;
+    m_published->claim(settings);
 }
 
 void PublicationPanel::saveChoices()
@@ -176,7 +199,7 @@ QString PublicationPanel::whatIsMissing() const
     return {};
 }
 
-QString PublicationPanel::sourceLine() const
+QString PublicationPanel::builtLine() const
 {
     return m_shell.sourceLine(m_ui.m_trustedCheckBox->isChecked(),
                               m_ui.m_publishArchComboBox->currentText(),
@@ -195,12 +218,19 @@ void PublicationPanel::update()
     m_ui.m_ftpNoteLabel->setVisible(serves(FtpProtocol));
 
     const QString missing = m_repoPath.isEmpty() ? QString() : whatIsMissing();
-    const QString line = m_repoPath.isEmpty() || !missing.isEmpty() ? QString() : sourceLine();
+    const QString line = m_repoPath.isEmpty() || !missing.isEmpty() ? QString() : builtLine();
     m_ui.m_srcLineEdit->setPlaceholderText(missing);
     m_ui.m_srcLineEdit->setText(line);
     m_ui.m_srcLineEdit->setToolTip(plainToolTip(line));
     m_ui.m_srcLineEdit->setCursorPosition(0);
     m_ui.m_srcCopyPushButton->setEnabled(!line.isEmpty());
+    showState();
+    Q_EMIT choiceChanged();
+}
+
+QString PublicationPanel::sourceLine() const
+{
+    return m_ui.m_srcLineEdit->text();
 }
 
 void PublicationPanel::copySourceLine()
@@ -209,4 +239,55 @@ void PublicationPanel::copySourceLine()
         return;
     QGuiApplication::clipboard()->setText(m_ui.m_srcLineEdit->text());
     Q_EMIT statusLabel(tr("Address is copied to clipboard"));
+}
+
+// --- what the system says ------------------------------------------------------------------------------------------
+
+void PublicationPanel::showPublications(bool known, const QVector<Publication> &publications)
+{
+    const bool isNew = publications != m_live;
+    m_isPublishingKnown = known;
+    m_live = publications;
+    // Only news of this repository: what is being typed must not go because of another one.
+    if (isNew)
+        followLive();
+    showState();
+}
+
+void PublicationPanel::followLive()
+{
+    if (m_live.isEmpty())
+        return;
+    const Publication &first = m_live.first();
+    m_ui.m_srvTypeComboBox->setCurrentIndex(m_ui.m_srvTypeComboBox->findData(first.protocol));
+    if (first.repo.port >= PublicationSettings::LowestPort)
+        m_ui.m_httpPortSpinBox->setValue(first.repo.port);
+}
+
+void PublicationPanel::showState()
+{
+    const QString host = m_ui.m_ipAddrComboBox->currentText();
+    QStringList lines;
+    for (const Publication &publication : qAsConst(m_live)) {
+        const QString address = PublicationText::address(publication.protocol, host, publication.repo.port);
+        lines << (publication.state == QLatin1String("active")
+                      ? tr("Published at %1").arg(address)
+                      : tr("To be published at %1: %2")
+                            .arg(address, PublicationText::state(publication.state).toLower()));
+    }
+    if (lines.isEmpty() && m_isPublishingKnown && !m_repoPath.isEmpty())
+        lines << tr("Not published");
+    m_ui.m_publicationStateLabel->setText(lines.join(QLatin1Char('\n')));
+}
+
+void PublicationPanel::setCommands(bool canPublish, bool canUnpublish, const QString &reason)
+{
+    m_ui.m_publishPushButton->setEnabled(canPublish);
+    m_ui.m_publishPushButton->setToolTip(plainToolTip(reason));
+    m_ui.m_unpublishPushButton->setEnabled(canUnpublish);
+}
+
+void PublicationPanel::askServerType()
+{
+    m_ui.m_srvTypeComboBox->setFocus();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "server/publicationmonitor.h"
 #include "server/publicationsettings.h"
 
 #include <QObject>
@@ -31,11 +32,26 @@ public:
     void saveChoices();
     void copySourceLine();
 
+    /** What the user has chosen, as the publication would be kept; the protocol is -1 as long as none is chosen. */
+    PublicationSettings choice() const;
+    /** The source line that is shown; empty while something is missing for it. */
+    QString sourceLine() const;
+    /** Keeps the choices under their port: the repository is published so. */
+    void claim();
+    /** Gives the focus to the choice of the server type. */
+    void askServerType();
+    /** Shows what the system says of the repository, which overrides what is kept. `known`: the system was asked. */
+    void showPublications(bool known, const QVector<Publication> &publications);
+    /** Which of the two commands can be given; `reason` says why the repository cannot be published. */
+    void setCommands(bool canPublish, bool canUnpublish, const QString &reason);
+
 Q_SIGNALS:
     void publishTriggered();
     void unpublishTriggered();
     void serverTypeChanged(int index);
     void portEditingFinished();
+    /** The choices may be other ones, and with them the source line. */
+    void choiceChanged();
     void statusLabel(const QString &text);
 
 protected:
@@ -48,6 +64,8 @@ private:
     std::optional<PublicationSettings>
         m_published; ///< the repository's place, as it was when last read or kept
     bool m_addressChosen = false; ///< by the user, or once by them and kept
+    bool m_isPublishingKnown = false;
+    QVector<Publication> m_live; ///< the repository's, as the system has last said
 
     void setUpFields();
     void connectFields();
@@ -58,6 +76,8 @@ private:
     bool isAddressComplete() const;
     bool serves(int protocol) const;
     void update();
-    QString sourceLine() const;
+    QString builtLine() const;
     QString whatIsMissing() const;
+    void followLive();
+    void showState();
 };

@@ -82,6 +82,7 @@ RepoWidget *RepositoryCommands::createForImport(const QString &source, const QSt
 RepoWidget *RepositoryCommands::createFrom(NewRepoDialog *dialog, const QString &failure)
 {
     fillDefaults(dialog);
+    dialog->setPublishedCheck(m_publishing.isPublished);
     if (m_prompts.run(*dialog) != QDialog::Accepted)
         return nullptr;
     const QString path = dialog->repositoryPath();
@@ -191,6 +192,7 @@ void RepositoryCommands::changeRepo()
     const QPointer<RepoWidget> guard(widget);
     NewRepoDialog dialog(NewRepoDialog::Mode::Change, m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
     dialog.setRepository(m_tabs.pathOf(widget), widget->repoShell()->repoInfo());
+    dialog.setPublishedCheck(m_publishing.isPublished);
     if (m_prompts.run(dialog) != QDialog::Accepted || guard.isNull() || m_tabs.isRunning(widget))
         return;
     widget->repoShell()->changeRepo(dialog.repositoryPath(), dialog.repoInfo());
@@ -205,11 +207,37 @@ void RepositoryCommands::removeRepo()
         return;
     const QPointer<RepoWidget> guard(widget);
     const QString path = m_tabs.pathOf(widget);
-    if (m_prompts.askCarefully(tr("Remove confirmation"),
-                               tr("Do you want to delete a repository %1?").arg(path))
+    const QString title = tr("Remove confirmation");
+    const bool isPublished = m_publishing.isPublished && m_publishing.isPublished(path);
+    const QString about = isPublished ? tr("It is published, and clients use it.") : QString();
+    const auto mayGoOn = [this, guard] { return !guard.isNull() && !m_tabs.isRunning(guard); };
+    if (m_prompts.askCarefully(title, tr("Do you want to delete a repository %1?").arg(path), about)
             != Prompts::Answer::Yes
-        || guard.isNull() || m_tabs.isRunning(widget))
+        || !mayGoOn())
         return;
+    if (!isPublished) {
+        remove(widget);
+        return;
+    }
+    const Prompts::Answer answer
+        = m_prompts.ask(title,
+                        tr("Do you want to unpublish the repository first?"),
+                        tr("Otherwise a service goes on that has nothing to serve."));
+    if (answer == Prompts::Answer::Dismissed || !mayGoOn())
+        return;
+    if (answer == Prompts::Answer::No) {
+        remove(widget);
+        return;
+    }
+    m_publishing.unpublish(path, [this, guard, mayGoOn](bool done) {
+        if (done && mayGoOn())
+            remove(guard);
+    });
+}
+
+void RepositoryCommands::remove(RepoWidget *widget)
+{
+    const QString path = m_tabs.pathOf(widget);
     Q_EMIT widget->repoShell()->requestForRemovingStoredInformation();
     // Nothing may use the directory any more when it goes; this also takes the tab away.
     widget->repoShell()->closeRepo();

@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
+
 class JobFeedback;
 class NewRepoDialog;
 class Prompts;
@@ -18,8 +20,18 @@ class RepositoryCommands : public QObject
 {
     Q_OBJECT
 public:
+    /** What the commands must know of publications, and may do to them. */
+    struct Publishing
+    {
+        std::function<bool(const QString &path)> isPublished;
+        /** Ends all publications of the repository; `answer` comes later, unless the window is closed before. */
+        std::function<void(const QString &path, const std::function<void(bool done)> &answer)> unpublish;
+    };
+
     RepositoryCommands(
         RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, RecentRepositories &recent, QObject *parent);
+
+    void setPublishing(const Publishing &publishing) { m_publishing = publishing; }
 
     /** Asks for a description and creates the repository. The tab comes when it is there; null when cancelled. */
     RepoWidget *createRepo();
@@ -48,11 +60,13 @@ Q_SIGNALS:
 private:
     void fillDefaults(NewRepoDialog *dialog);
     RepoWidget *createFrom(NewRepoDialog *dialog, const QString &failure);
+    void remove(RepoWidget *widget);
     void startRemoval(const QString &path);
 
     RepoTabs &m_tabs;
     Prompts &m_prompts;
     JobFeedback &m_feedback;
     RecentRepositories &m_recent;
+    Publishing m_publishing;
     QStringList m_removing; ///< directories that are being deleted
 };

@@ -7,6 +7,7 @@
 #include "ui/repowidget.h"
 #include "ui/tabtitles.h"
 
+#include <QIcon>
 #include <QTabBar>
 #include <QTabWidget>
 
@@ -157,6 +158,14 @@ void RepoTabs::tellOpenRepositories()
         }
         tab.widget->repoShell()->setOpenRepositories(others);
     }
+}
+
+void RepoTabs::setPublished(RepoWidget *widget, bool published)
+{
+    const int index = m_tabWidget->indexOf(widget);
+    if (index >= 0)
+        m_tabWidget->setTabIcon(index,
+                                published ? QIcon::fromTheme(QStringLiteral("network-server")) : QIcon());
 }
 
 void RepoTabs::discard(RepoWidget *widget)

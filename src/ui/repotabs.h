@@ -40,6 +40,8 @@ public:
 
     /** Whether the tab is at work: its engine runs a job, or setWaiting() says that it waits for the system. */
     bool isRunning(const RepoWidget *widget) const;
+    /** Marks the tab of a repository that is published. */
+    void setPublished(RepoWidget *widget, bool published);
     /** Between these two calls the system does something for the tab. Unlike a job, it keeps nobody from closing. */
     void setWaiting(RepoWidget *widget, bool waiting);
     /** Whether the engine of any tab, shown or not, runs a job. */

@@ -261,6 +261,12 @@ void RepoWidget::updateActions()
     m_depends->setCheckEnabled(m_depends->package() && !m_running);
 }
 
+void RepoWidget::showPublication()
+{
+    setCurrentItem(m_proxy->index(0, 0));
+    m_ui->comboWidget->setCurrentWidget(m_ui->tab_3);
+}
+
 int RepoWidget::packagesInError() const
 {
     return m_model->packageCount(DependError);

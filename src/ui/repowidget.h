@@ -63,6 +63,10 @@ public:
     void setSplitterSizes(const QList<int> &sizes);
     /** The tab "Dependences" of the package that is shown. */
     DependsView *dependsView() const { return m_depends; }
+    /** The tab "Publication" of the repository's page. */
+    PublicationPanel *publicationPanel() const { return m_publication; }
+    /** Brings the tab "Publication" to sight. */
+    void showPublication();
     /** How many packages the last checks found in error. */
     int packagesInError() const;
     /** "Packet Filter": which dependency states the tree shows. */

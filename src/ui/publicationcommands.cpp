@@ -1,0 +1,250 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/publicationcommands.h"
+
+#include "engine/reposhell.h"
+#include "ui/jobfeedback.h"
+#include "ui/prompts.h"
+#include "ui/publicationpanel.h"
+#include "ui/publishcommand.h"
+#include "ui/publishedreposdialog.h"
+#include "ui/repositorycommands.h"
+#include "ui/repotabs.h"
+#include "ui/repowidget.h"
+
+#include "ui_mainwindow.h"
+
+#include <QSettings>
+
+#include <algorithm>
+
+PublicationCommands::PublicationCommands(Ui::MainWindow &ui,
+                                         PublicationMonitor &monitor,
+                                         RepoTabs &tabs,
+                                         Prompts &prompts,
+                                         JobFeedback &feedback,
+                                         RepositoryCommands &repositories,
+                                         QWidget *window)
+    : QObject(window)
+    , m_ui(ui)
+    , m_monitor(monitor)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_feedback(feedback)
+    , m_repositories(repositories)
+    , m_window(window)
+    , m_publish(new PublishCommand(tabs, prompts, feedback, monitor, this))
+    , m_localSources(this)
+    , m_publishToolTip(ui.m_publishRepoAction->toolTip())
+{
+    // Nothing in the window means it.
+    m_ui.actionView->setVisible(false);
+    connectActions();
+    connect(&m_tabs, &RepoTabs::created, this, &PublicationCommands::attach);
+    connect(&m_tabs, &RepoTabs::listChanged, this, &PublicationCommands::showPicture);
+    connect(&m_monitor, &PublicationMonitor::changed, this, &PublicationCommands::showPicture);
+    connect(&m_localSources, &LocalSourcesWatch::changed, this, &PublicationCommands::updateActions);
+    connect(m_publish, &PublishCommand::published, this, [this] {
+        m_hasPublished = true;
+        updateActions();
+    });
+    m_repositories.setPublishing(
+        {[this](const QString &path) { return isPublished(path); },
+         [this](const QString &path, const auto &answer) { unpublishAll(path, answer); }});
+}
+
+void PublicationCommands::connectActions()
+{
+    const auto command = [this](QAction *action, auto function) {
+        connect(action, &QAction::triggered, this, [function] { function(); });
+    };
+    command(m_ui.m_publishRepoAction, [this] { publish(m_tabs.current()); });
+    command(m_ui.m_unpublishRepoAction, [this] { unpublish(m_tabs.current()); });
+    command(m_ui.m_addSrcListAction, [this] { changeLocalSources(true); });
+    command(m_ui.m_removeSrcListAction, [this] { changeLocalSources(false); });
+    command(m_ui.m_showPublishedReposAction, [this] { showPublishedRepos(); });
+}
+
+void PublicationCommands::attach(RepoWidget *widget)
+{
+    connect(widget, &RepoWidget::publishRepoTriggered, this, [this, widget] { publish(widget); });
+    connect(widget, &RepoWidget::unpublishRepoTriggered, this, [this, widget] { unpublish(widget); });
+    connect(widget, &RepoWidget::newRepoPath, this, [this, widget] { showPictureIn(widget); });
+    connect(widget->publicationPanel(), &PublicationPanel::choiceChanged, this, [this, widget] {
+        updateCommands(widget);
+    });
+    connect(&m_tabs, &RepoTabs::moved, widget, [this, widget](const RepoWidget *moved) {
+        if (moved == widget)
+            showPictureIn(widget);
+    });
+}
+
+// --- what can be done --------------------------------------------------------------------------------------------
+
+bool PublicationCommands::isFree(const RepoWidget *widget) const
+{
+    return widget != nullptr && widget->isEnabled() && !m_tabs.isRunning(widget)
+           && !widget->repoPath().isEmpty();
+}
+
+void PublicationCommands::showPicture()
+{
+    const QList<RepoWidget *> widgets = m_tabs.shown();
+    for (RepoWidget *widget : widgets)
+        showPictureIn(widget);
+}
+
+void PublicationCommands::showPictureIn(RepoWidget *widget)
+{
+    const QString path = widget->repoPath();
+    const QVector<Publication> publications
+        = path.isEmpty() ? QVector<Publication>() : m_monitor.publicationsOf(path);
+    const bool isServed = std::any_of(publications.cbegin(), publications.cend(), [](const Publication &one) {
+        return one.state == QLatin1String("active");
+    });
+    m_tabs.setPublished(widget, isServed);
+    widget->publicationPanel()->showPublications(m_monitor.isKnown(), publications);
+    updateCommands(widget);
+}
+
+void PublicationCommands::updateActions()
+{
+    const QList<RepoWidget *> widgets = m_tabs.shown();
+    for (RepoWidget *widget : widgets)
+        updateCommands(widget);
+    if (widgets.isEmpty())
+        updateCommands(nullptr);
+}
+
+PublicationRules PublicationCommands::judge(const RepoWidget &widget) const
+{
+    // Which ports others use is looked up when it matters: nobody tells when one is given up.
+    return PublicationRules::judge(PublishCommand::requestOf(widget), m_monitor.publications(), {});
+}
+
+std::optional<Publication> PublicationCommands::publicationToEnd(const PublicationRules &rules)
+{
+    if (rules.own)
+        return rules.own;
+    return rules.elsewhere.size() == 1 ? std::optional<Publication>(rules.elsewhere.first()) : std::nullopt;
+}
+
+void PublicationCommands::updateCommands(RepoWidget *widget)
+{
+    const bool isFree = this->isFree(widget) && m_monitor.isKnown();
+    bool canPublish = isFree;
+    bool canUnpublish = false;
+    QString reason;
+    QString line;
+    if (isFree) {
+        line = widget->publicationPanel()->sourceLine();
+        const PublicationRules rules = judge(*widget);
+        canUnpublish = publicationToEnd(rules).has_value();
+        // Without a server type the command asks for one.
+        canPublish = rules.mayPublish() || PublishCommand::requestOf(*widget).protocol < 0;
+        if (!canPublish)
+            reason = rules.obstacle;
+        // What a publication in this window has brought about is told in other words.
+        if (m_hasPublished && reason == PublicationRules::tr("Another repository is published"))
+            reason = tr("Another repo already published");
+    }
+    if (widget != nullptr)
+        widget->publicationPanel()->setCommands(canPublish, canUnpublish, reason);
+    if (widget != m_tabs.current())
+        return;
+    m_ui.m_publishRepoAction->setEnabled(canPublish);
+    m_ui.m_publishRepoAction->setToolTip(reason.isEmpty() ? m_publishToolTip : reason);
+    m_ui.m_unpublishRepoAction->setEnabled(canUnpublish);
+    const bool isListed = m_localSources.contains(line);
+    m_ui.m_addSrcListAction->setEnabled(isFree && !line.isEmpty() && !isListed);
+    m_ui.m_removeSrcListAction->setEnabled(isFree && isListed);
+}
+
+bool PublicationCommands::isPublished(const QString &path) const
+{
+    // Before the system has answered, what is remembered must do.
+    return m_monitor.isKnown() ? !m_monitor.publicationsOf(path).isEmpty()
+                               : PublicationSettings::find(QSettings(), path).has_value();
+}
+
+// --- publishing --------------------------------------------------------------------------------------------------
+
+void PublicationCommands::publish(RepoWidget *widget)
+{
+    if (isFree(widget))
+        m_publish->publish(widget);
+}
+
+void PublicationCommands::unpublish(RepoWidget *widget)
+{
+    if (!isFree(widget))
+        return;
+    if (const std::optional<Publication> publication = publicationToEnd(judge(*widget)))
+        m_publish->unpublish(*publication, widget);
+}
+
+void PublicationCommands::unpublishAll(const QString &path, const std::function<void(bool)> &answer)
+{
+    const QVector<Publication> publications = m_monitor.publicationsOf(path);
+    if (publications.isEmpty()) {
+        answer(true);
+        return;
+    }
+    m_publish->unpublish(publications.first(),
+                         m_tabs.find(path),
+                         [this, path, answer, count = publications.size()](bool done) {
+                             const bool fewer = m_monitor.publicationsOf(path).size() < count;
+                             if (done && fewer)
+                                 unpublishAll(path, answer);
+                             else
+                                 answer(false);
+                         });
+}
+
+void PublicationCommands::showPublishedRepos()
+{
+    if (m_dialog.isNull()) {
+        m_dialog = new PublishedReposDialog(m_monitor, m_prompts, m_window);
+        connect(
+            m_dialog, &PublishedReposDialog::openRequested, &m_repositories, &RepositoryCommands::openRepo);
+        connect(m_dialog,
+                &PublishedReposDialog::unpublishRequested,
+                this,
+                [this](const Publication &publication) {
+                    m_publish->unpublish(publication, m_tabs.find(publication.repo.path));
+                });
+        connect(m_dialog, &PublishedReposDialog::addressCopied, this, [this] {
+            m_feedback.announce(tr("Address is copied to clipboard"));
+        });
+    }
+    m_dialog->show();
+    m_dialog->raise();
+    m_dialog->activateWindow();
+}
+
+// --- this machine's own sources ----------------------------------------------------------------------------------
+
+void PublicationCommands::changeLocalSources(bool add)
+{
+    RepoWidget *widget = m_tabs.current();
+    if (!isFree(widget))
+        return;
+    const QString line = widget->publicationPanel()->sourceLine();
+    if (line.isEmpty())
+        return;
+    const QPointer<RepoWidget> guard(widget);
+    const auto answer = [this, guard, add](bool done) {
+        if (guard.isNull() || m_prompts.isDismissed())
+            return;
+        m_localSources.refresh();
+        const QString word = add ? tr("Repository is added to local sources list.")
+                                 : tr("Repository is removed from local sources list.");
+        m_feedback.endWaiting(guard, done ? word : QString());
+        m_tabs.setWaiting(guard, false);
+    };
+    m_tabs.setWaiting(widget, true);
+    m_feedback.showWaiting(widget, tr("Waiting for the system to change the local sources list"));
+    if (add)
+        widget->repoShell()->addLocalSource(line, answer);
+    else
+        widget->repoShell()->removeLocalSource(line, answer);
+}

@@ -1,0 +1,374 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/publishcommand.h"
+
+#include "engine/reposhell.h"
+#include "platform/packagemanager.h"
+#include "server/httpserver.h"
+#include "server/publicationpath.h"
+#include "ui/jobfeedback.h"
+#include "ui/logtail.h"
+#include "ui/missingpackage.h"
+#include "ui/prompts.h"
+#include "ui/publicationpanel.h"
+#include "ui/publicationtext.h"
+#include "ui/repotabs.h"
+#include "ui/repowidget.h"
+
+#include <QFutureWatcher>
+#include <QSettings>
+#include <QtConcurrent>
+
+#include <algorithm>
+
+namespace
+{
+/** Runs `work` on the thread pool and gives its result to `next` as long as `context` lives. */
+template <typename Work, typename Next>
+void aside(QObject *context, Work work, Next next)
+{
+    using Result = decltype(work());
+    auto *watcher = new QFutureWatcher<Result>(context);
+    QObject::connect(watcher, &QFutureWatcherBase::finished, context, [watcher, next] {
+        watcher->deleteLater();
+        next(watcher->result());
+    });
+    watcher->setFuture(QtConcurrent::run(work));
+}
+} // namespace
+
+PublishCommand::PublishCommand(
+    RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, PublicationMonitor &monitor, QObject *parent)
+    : QObject(parent)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_feedback(feedback)
+    , m_monitor(monitor)
+{ }
+
+// --- what can stand in the way -----------------------------------------------------------------------------------
+
+void PublishCommand::publish(RepoWidget *widget)
+{
+    if (m_tabs.isRunning(widget) || widget->repoPath().isEmpty())
+        return;
+    const PublicationRequest wanted = requestOf(*widget);
+    if (wanted.protocol < 0) {
+        widget->showPublication();
+        m_prompts.inform(tr("Publish repository"),
+                         tr("Choose a server type, then publish the repository once more."));
+        widget->publicationPanel()->askServerType();
+        return;
+    }
+    m_tabs.setWaiting(widget, true);
+    checkPackage({widget, wanted, {}});
+}
+
+PublicationRequest PublishCommand::requestOf(const RepoWidget &widget)
+{
+    const PublicationSettings choice = widget.publicationPanel()->choice();
+    const QSettings settings;
+    const bool isKept = PublicationSettings::busyPorts(settings).contains(choice.port);
+    return {Publication::placeOf(widget.repoPath()),
+            choice.protocol,
+            choice.port,
+            isKept ? Publication::placeOf(PublicationSettings::load(settings, choice.port).repoPath)
+                   : QString()};
+}
+
+bool PublishCommand::goesOn(const Request &request) const
+{
+    return !request.widget.isNull() && !m_prompts.isDismissed();
+}
+
+void PublishCommand::giveUp(const Request &request)
+{
+    if (goesOn(request))
+        m_tabs.setWaiting(request.widget, false);
+}
+
+void PublishCommand::refuse(const Request &request, const QString &reason)
+{
+    giveUp(request);
+    m_feedback.error(tr("The repository is not published!"), reason, RepoEnums::WARNING);
+}
+
+void PublishCommand::afterReading(const std::function<void()> &next)
+{
+    auto *once = new QObject(this);
+    connect(&m_monitor, &PublicationMonitor::refreshed, once, [once, next] {
+        once->deleteLater();
+        once->disconnect();
+        next();
+    });
+    m_monitor.refresh();
+}
+
+void PublishCommand::checkPackage(const Request &request)
+{
+    const QString package
+        = request.wanted.protocol == FtpProtocol ? QStringLiteral("vsftpd") : QStringLiteral("lighttpd");
+    VeltAdmin::PackageManager::isPackageInstalled(package, this, [this, request, package](bool isInstalled) {
+        if (!goesOn(request))
+            return;
+        if (isInstalled) {
+            afterReading([this, request] { checkPort(request); });
+            return;
+        }
+        giveUp(request);
+        offerMissingPackage(m_prompts, package);
+    });
+}
+
+void PublishCommand::checkPort(Request request)
+{
+    if (!goesOn(request))
+        return;
+    request.rules
+        = PublicationRules::judge(request.wanted, m_monitor.publications(), m_monitor.listeningPorts());
+    if (request.rules.mayPublish())
+        checkAccess(request);
+    else
+        refuse(request, request.rules.obstacle);
+}
+
+void PublishCommand::checkAccess(const Request &request)
+{
+    struct Finding
+    {
+        bool isPublishable;
+        PublicationAccess access;
+    };
+    const auto look = [path = request.wanted.path, protocol = request.wanted.protocol] {
+        return Finding{PublicationPath::isPublishable(path), PublicationAccess::examine(path, protocol)};
+    };
+    aside(this, look, [this, request](const Finding &found) {
+        if (!goesOn(request))
+            return;
+        if (found.isPublishable)
+            judgeAccess(request, found.access);
+        else
+            refuse(
+                request,
+                tr("The path %1 cannot be served. It must be the directory of a repository, and its name may "
+                   "consist of letters, digits, blanks between them and the characters %2.")
+                    .arg(request.wanted.path, QStringLiteral(". _ + ~ @ : -")));
+    });
+}
+
+void PublishCommand::judgeAccess(const Request &request, const PublicationAccess &access)
+{
+    if (!access.closedParent.isEmpty()) {
+        refuse(
+            request,
+            tr("The FTP server reads only what all users of this machine can read, and they cannot enter the "
+               "folder %1. Choose the server type HTTP, or move the repository to another folder.")
+                .arg(access.closedParent));
+        return;
+    }
+    if (access.isOpen()) {
+        confirm(request);
+        return;
+    }
+    QStringList closed = access.unreadable;
+    if (!access.isEntered)
+        closed.prepend(request.wanted.path);
+    const int further = access.unreadableCount - access.unreadable.size();
+    if (further > 0)
+        closed << tr("and %n further file(s)", nullptr, further);
+    const Prompts::Answer answer
+        = m_prompts.ask(tr("Access rights"),
+                        tr("The server cannot read everything in the repository. Do you want to let all "
+                           "users of this machine read it?"),
+                        closed.join(QLatin1Char('\n')));
+    if (answer == Prompts::Answer::Yes && goesOn(request))
+        openUp(request);
+    else
+        giveUp(request);
+}
+
+void PublishCommand::openUp(const Request &request)
+{
+    const auto open = [path = request.wanted.path, protocol = request.wanted.protocol] {
+        return PublicationAccess::openUp(path, protocol);
+    };
+    aside(this, open, [this, request](const QString &failure) {
+        if (!goesOn(request))
+            return;
+        if (failure.isEmpty())
+            confirm(request);
+        else
+            refuse(request, failure);
+    });
+}
+
+bool PublishCommand::agreesToReplace(const Request &request)
+{
+    const std::optional<Publication> &replaced = request.rules.replaced;
+    if (request.wanted.protocol == FtpProtocol) {
+        const QString about
+            = replaced && replaced->isRunning()
+                  ? tr("The repository %1 is published over FTP now and will not be any more.")
+                        .arg(replaced->repo.path)
+                  : tr("The first file that is not the program's own is kept beside it.");
+        return m_prompts.askCarefully(tr("Rewrite confirmation"),
+                                      tr("File /etc/vsftpd.conf will be rewrite. Do you want to continue?"),
+                                      about)
+               == Prompts::Answer::Yes;
+    }
+    return !replaced
+           || m_prompts.askCarefully(tr("Publication confirmation"),
+                                     tr("The port %1 belongs to the service of the repository %2, which does "
+                                        "not run. Do you want to replace it?")
+                                         .arg(QString::number(request.wanted.port), replaced->repo.path))
+                  == Prompts::Answer::Yes;
+}
+
+void PublishCommand::confirm(const Request &request)
+{
+    const bool isEmpty = request.widget->repoShell()->packageCount() == 0;
+    if (isEmpty
+        && m_prompts.ask(tr("Publication confirmation"), tr("Do you want to publish an empty repository?"))
+               != Prompts::Answer::Yes)
+        giveUp(request);
+    else if (goesOn(request) && !agreesToReplace(request))
+        giveUp(request);
+    else if (goesOn(request))
+        makeRoom(request);
+}
+
+// --- the system --------------------------------------------------------------------------------------------------
+
+void PublishCommand::makeRoom(const Request &request)
+{
+    m_feedback.showWaiting(request.widget,
+                           tr("Waiting for the system to publish %1").arg(request.wanted.path));
+    if (!request.rules.stopsFirst) {
+        askSystem(request);
+        return;
+    }
+    // A service that runs goes on with the directory that it was started with.
+    request.widget->repoShell()->unpublishRepo(
+        request.wanted.port, request.wanted.protocol, [this, request](bool done) {
+            if (done)
+                askSystem(request);
+            else if (goesOn(request))
+                finish(request, false);
+        });
+}
+
+void PublishCommand::askSystem(const Request &request)
+{
+    if (!goesOn(request))
+        return;
+    request.widget->repoShell()->publishRepo(
+        request.wanted.port, request.wanted.protocol, [this, request](bool done) {
+            if (!goesOn(request))
+                return;
+            // The truth is what the system says now; also when its answer has come too late.
+            afterReading([this, request, done] { finish(request, done); });
+        });
+}
+
+void PublishCommand::finish(const Request &request, bool done)
+{
+    if (!goesOn(request))
+        return;
+    const QVector<Publication> publications = m_monitor.publicationsOf(request.wanted.path);
+    const bool isServed
+        = std::any_of(publications.cbegin(), publications.cend(), [&request](const Publication &publication) {
+              return publication.protocol == request.wanted.protocol
+                     && publication.repo.port == request.wanted.port
+                     && publication.state == QLatin1String("active");
+          });
+    if (!done && !isServed) {
+        explainFailure(request);
+        return;
+    }
+    request.widget->publicationPanel()->claim();
+    if (request.widget == m_tabs.current())
+        request.widget->showPublication();
+    m_feedback.endWaiting(request.widget, tr("Repository is published."));
+    m_tabs.setWaiting(request.widget, false);
+    Q_EMIT published(request.widget);
+}
+
+void PublishCommand::explainFailure(const Request &request)
+{
+    QString log
+        = request.wanted.protocol == HttpProtocol ? HttpServer::logFile(request.wanted.port) : QString();
+    aside(
+        this,
+        [log] { return LogTail::read(log); },
+        [this, request, log](const QString &text) {
+            if (!goesOn(request))
+                return;
+            constexpr int MostLines = 20;
+            const QStringList lines = text.trimmed().split(QLatin1Char('\n'));
+            const QString details
+                = text.trimmed().isEmpty()
+                      ? tr("The service did not start, or ended at once. \"systemctl status %1\" tells more.")
+                            .arg(request.wanted.protocol == FtpProtocol
+                                     ? QStringLiteral("vsftpd")
+                                     : QStringLiteral("public-repo-%1").arg(request.wanted.port))
+                      : tr("The end of the server's log %1:").arg(log) + QLatin1Char('\n')
+                            + lines.mid(qMax(0, lines.size() - MostLines)).join(QLatin1Char('\n'));
+            m_feedback.endWaiting(request.widget,
+                                  tr("Repository is unpublished."),
+                                  tr("The repository is not published!"),
+                                  details);
+            m_tabs.setWaiting(request.widget, false);
+        });
+}
+
+// --- the way back ------------------------------------------------------------------------------------------------
+
+void PublishCommand::unpublish(const Publication &publication, RepoWidget *tab, const Answer &answer)
+{
+    const QPointer<RepoWidget> widget(tab);
+    if (widget.isNull() || widget->repoPath().isEmpty()) {
+        unpublishWithoutTab(publication, answer);
+        return;
+    }
+    if (m_tabs.isRunning(widget)) {
+        m_feedback.announce(
+            tr("The repository %1 is busy. Unpublish it when that has ended.").arg(publication.repo.path));
+        return;
+    }
+    m_tabs.setWaiting(widget, true);
+    m_feedback.showWaiting(widget, tr("Waiting for the system to unpublish %1").arg(publication.repo.path));
+    widget->repoShell()->unpublishRepo(
+        publication.repo.port, publication.protocol, [this, widget, publication, answer](bool done) {
+            afterReading([this, widget, publication, answer, done] {
+                if (widget.isNull() || m_prompts.isDismissed())
+                    return;
+                m_feedback.endWaiting(widget,
+                                      done ? tr("Repository is unpublished.") : QString(),
+                                      done ? QString() : tr("The repository is not unpublished!"));
+                m_tabs.setWaiting(widget, false);
+                if (answer)
+                    answer(done);
+            });
+        });
+}
+
+void PublishCommand::unpublishWithoutTab(const Publication &publication, const Answer &answer)
+{
+    m_feedback.announce(tr("Waiting for the system to unpublish %1").arg(publication.repo.path));
+    m_helper.unpublishRepo(publication.repo.port,
+                           publication.protocol,
+                           [this, publication, answer](const HelperClient::Result &result) {
+                               if (m_prompts.isDismissed())
+                                   return;
+                               m_monitor.refresh();
+                               if (result.done) {
+                                   m_feedback.announce(tr("Repository is unpublished."));
+                               } else {
+                                   m_feedback.error(result.errorText.isEmpty()
+                                                        ? tr("The repository is not unpublished!")
+                                                        : result.errorText,
+                                                    result.details);
+                               }
+                               if (answer)
+                                   answer(result.done);
+                           });
+}

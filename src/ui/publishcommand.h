@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "server/helperclient.h"
+#include "server/publicationaccess.h"
+#include "server/publicationmonitor.h"
+#include "server/publicationrules.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+
+class JobFeedback;
+class Prompts;
+class RepoTabs;
+class RepoWidget;
+
+/**
+ * Publishes and unpublishes repositories. Before the system is asked for anything, everything is looked at that can
+ * stand in the way, each thing aside; while a tab waits for the system, its other commands are switched off.
+ */
+class PublishCommand : public QObject
+{
+    Q_OBJECT
+public:
+    using Answer = std::function<void(bool done)>;
+
+    PublishCommand(RepoTabs &tabs,
+                   Prompts &prompts,
+                   JobFeedback &feedback,
+                   PublicationMonitor &monitor,
+                   QObject *parent);
+
+    /** What the tab's panel says, for the rules. */
+    static PublicationRequest requestOf(const RepoWidget &widget);
+    /** Publishes the tab's repository as its panel says. */
+    void publish(RepoWidget *widget);
+    /** Ends this publication. `widget` is the tab of its repository, null when it has none. */
+    void unpublish(const Publication &publication, RepoWidget *widget, const Answer &answer = {});
+
+Q_SIGNALS:
+    void published(RepoWidget *widget);
+
+private:
+    /** What is to be published, as it was when the command was given. */
+    struct Request
+    {
+        QPointer<RepoWidget> widget;
+        PublicationRequest wanted;
+        PublicationRules rules; ///< as of the last look at the system
+    };
+
+    // The steps of publishing, in this order. Each goes on with the next or gives up.
+    void checkPackage(const Request &request);
+    void checkPort(Request request);
+    void checkAccess(const Request &request);
+    void judgeAccess(const Request &request, const PublicationAccess &access);
+    void openUp(const Request &request);
+    void confirm(const Request &request);
+    void makeRoom(const Request &request);
+    void askSystem(const Request &request);
+    void finish(const Request &request, bool done);
+    void explainFailure(const Request &request);
+
+    bool agreesToReplace(const Request &request);
+    bool goesOn(const Request &request) const;
+    void giveUp(const Request &request);
+    void refuse(const Request &request, const QString &reason);
+    void endWaiting(RepoWidget *widget);
+    void afterReading(const std::function<void()> &next);
+    void unpublishWithoutTab(const Publication &publication, const Answer &answer);
+
+    RepoTabs &m_tabs;
+    Prompts &m_prompts;
+    JobFeedback &m_feedback;
+    PublicationMonitor &m_monitor;
+    HelperClient m_helper; ///< for repositories that have no engine
+};
