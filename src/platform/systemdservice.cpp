@@ -77,10 +77,10 @@ SystemdService::SystemdService(const QString &name)
     : m_unit(name.endsWith(QLatin1String(".service")) ? name : name + QLatin1String(".service"))
 { }
 
-bool SystemdService::fail(const QString &text) const
+bool SystemdService::settle(const QString &errorText) const
 {
-    m_errorText = text;
-    return text.isEmpty();
+    m_errorText = errorText;
+    return errorText.isEmpty();
 }
 
 bool SystemdService::start()
@@ -91,7 +91,7 @@ bool SystemdService::start()
     const QString state = activeState();
     if (!m_errorText.isEmpty() || state == active || state == QLatin1String("activating"))
         return m_errorText.isEmpty();
-    return fail(tr("The service %1 has ended right after its start (%2).").arg(m_unit, state));
+    return settle(tr("The service %1 has ended right after its start (%2).").arg(m_unit, state));
 }
 
 bool SystemdService::stop()
@@ -114,28 +114,28 @@ bool SystemdService::runJob(const char *method)
     const SystemdBus::Reply reply
         = isAsked ? bus.call(Manager, method, {m_unit, QStringLiteral("replace")}) : SystemdBus::Reply();
     if (!reply)
-        return fail(bus.errorText());
+        return settle(bus.errorText());
     end.job = SystemdBus::objectPath(reply);
     const QDeadlineTimer deadline(JobLimit);
     while (end.result.isEmpty()) {
         if (!bus.processUntil(deadline))
-            return fail(bus.errorText());
+            return settle(bus.errorText());
         if (end.result.isEmpty() && deadline.hasExpired())
-            return fail(tr("The service manager has not done with %1 in time.").arg(m_unit));
+            return settle(tr("The service manager has not done with %1 in time.").arg(m_unit));
     }
     if (end.result == "done")
-        return fail({});
+        return settle({});
     if (end.result == "failed")
-        return fail(tr("The service %1 has failed.").arg(m_unit));
+        return settle(tr("The service %1 has failed.").arg(m_unit));
     if (end.result == "timeout")
-        return fail(tr("The service %1 was not ready in time.").arg(m_unit));
+        return settle(tr("The service %1 was not ready in time.").arg(m_unit));
     if (end.result == "dependency")
-        return fail(tr("Something that the service %1 needs has failed.").arg(m_unit));
+        return settle(tr("Something that the service %1 needs has failed.").arg(m_unit));
     if (end.result == "canceled")
-        return fail(tr("The job of the service %1 was cancelled.").arg(m_unit));
+        return settle(tr("The job of the service %1 was cancelled.").arg(m_unit));
     if (end.result == "skipped")
-        return fail(tr("The job of the service %1 did not apply to its state.").arg(m_unit));
-    return fail(
+        return settle(tr("The job of the service %1 did not apply to its state.").arg(m_unit));
+    return settle(
         tr("The job of the service %1 has ended with \"%2\".").arg(m_unit, QString::fromUtf8(end.result)));
 }
 
@@ -144,24 +144,24 @@ bool SystemdService::enable()
     SystemdBus bus;
     const SystemdBus::Reply reply = bus.changeUnitFiles("EnableUnitFiles", m_unit, {false, false});
     if (!reply)
-        return fail(bus.errorText());
+        return settle(bus.errorText());
     int carriesInstallInfo = 0;
     if (sd_bus_message_read(reply.get(), "b", &carriesInstallInfo) > 0 && carriesInstallInfo == 0)
-        return fail(tr("The service %1 has nothing that says when to start it.").arg(m_unit));
-    return fail(bus.reload() ? QString() : bus.errorText());
+        return settle(tr("The service %1 has nothing that says when to start it.").arg(m_unit));
+    return settle(bus.reload() ? QString() : bus.errorText());
 }
 
 bool SystemdService::disable()
 {
     SystemdBus bus;
     const bool isDone = bus.changeUnitFiles("DisableUnitFiles", m_unit, {false}) && bus.reload();
-    return fail(isDone ? QString() : bus.errorText());
+    return settle(isDone ? QString() : bus.errorText());
 }
 
 bool SystemdService::resetFailed()
 {
     SystemdBus bus;
-    return fail(bus.call(Manager, "ResetFailedUnit", {m_unit}) ? QString() : bus.errorText());
+    return settle(bus.call(Manager, "ResetFailedUnit", {m_unit}) ? QString() : bus.errorText());
 }
 
 bool SystemdService::isActive() const
@@ -174,7 +174,7 @@ bool SystemdService::isEnabled() const
     SystemdBus bus;
     const SystemdBus::Reply reply = bus.call(Manager, "GetUnitFileState", {m_unit});
     const char *state = nullptr;
-    fail(reply ? QString() : bus.errorText());
+    settle(reply ? QString() : bus.errorText());
     return reply && sd_bus_message_read(reply.get(), "s", &state) > 0 && qstrcmp(state, "enabled") == 0;
 }
 
@@ -182,13 +182,13 @@ QString SystemdService::activeState() const
 {
     SystemdBus bus;
     const QByteArray unit = SystemdBus::objectPath(bus.call(Manager, "GetUnit", {m_unit}));
-    const QString state = unit.isEmpty() ? QString() : bus.text(unit, Unit, "ActiveState");
+    QString state = unit.isEmpty() ? QString() : bus.text(unit, Unit, "ActiveState");
     // A unit that nobody needs is forgotten, perhaps between the two questions.
     if (state.isEmpty() && bus.isUnitUnknown()) {
-        fail({});
+        settle({});
         return QStringLiteral("inactive");
     }
-    fail(bus.errorText());
+    settle(bus.errorText());
     return state;
 }
 
@@ -201,7 +201,7 @@ bool SystemdService::staysActive(std::chrono::milliseconds time) const
     const QByteArray unit = SystemdBus::objectPath(reply);
     StateWatch watch;
     if (unit.isEmpty() || !bus.watchProperties(unit, propertiesChanged, &watch))
-        return fail(bus.errorText());
+        return settle(bus.errorText());
     // Told changes may come late or be joined, so the time of the last start is compared too.
     const quint64 start = bus.number(unit, Unit, "ActiveEnterTimestampMonotonic");
     watch.see(bus.text(unit, Unit, "ActiveState").toUtf8());
@@ -214,8 +214,8 @@ bool SystemdService::staysActive(std::chrono::milliseconds time) const
                         || (wasActive && bus.number(unit, Unit, "ActiveEnterTimestampMonotonic") != start);
     }
     if (!bus.errorText().isEmpty())
-        return fail(bus.errorText());
-    return fail(watch.hasLeft ? tr("The service %1 does not stay active.").arg(m_unit) : QString());
+        return settle(bus.errorText());
+    return settle(watch.hasLeft ? tr("The service %1 does not stay active.").arg(m_unit) : QString());
 }
 
 bool SystemdService::reload(QString *errorText)

@@ -49,6 +49,7 @@ private:
     mutable QString m_errorText;
 
     bool runJob(const char *method);
-    bool fail(const QString &text) const;
+    /** Keeps the error; true when there is none. */
+    bool settle(const QString &errorText) const;
 };
 } // namespace VeltAdmin

@@ -33,8 +33,8 @@ FtpServer::FtpServer()
     : FtpServer(QStringLiteral("/etc/vsftpd.conf"))
 { }
 
-FtpServer::FtpServer(const QString &configPath)
-    : m_configPath(configPath)
+FtpServer::FtpServer(QString configPath)
+    : m_configPath(std::move(configPath))
     , m_service(std::make_unique<VeltAdmin::SystemdService>(serviceName))
 { }
 

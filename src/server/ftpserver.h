@@ -26,7 +26,7 @@ public:
     static inline const QString KeptSuffix = QStringLiteral(".velt-admin-repo.orig");
 
     FtpServer();
-    explicit FtpServer(const QString &configPath);
+    explicit FtpServer(QString configPath);
     ~FtpServer() override;
 
     bool publish(const QString &path, int port) override;

@@ -156,7 +156,7 @@ QString HttpServer::log()
 {
     if (m_logFile.fileName().isEmpty() || !m_logFile.open(QIODevice::ReadOnly))
         return {};
-    const QString text = QString::fromUtf8(m_logFile.readAll());
+    QString text = QString::fromUtf8(m_logFile.readAll());
     m_logFile.close();
     return text;
 }

@@ -188,10 +188,15 @@ bool writeStaging(const QString &path, const QByteArray &contents, QString *erro
 bool remove(const QString &path, QString *errorText)
 {
     const Place place(path);
-    if (place.folder.isOpen() && ::unlinkat(place.folder.number(), place.name.constData(), 0) == 0
-        && ::fsync(place.folder.number()) == 0)
-        return true;
-    return errno == ENOENT || fail(path, errno, errorText);
+    const int folder = place.folder.number();
+    struct stat status = {};
+    if (!place.folder.isOpen()
+        || ::fstatat(folder, place.name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+        return errno == ENOENT || fail(path, errno, errorText);
+    if (!S_ISREG(status.st_mode))
+        return fail(path, ELOOP, errorText);
+    return (::unlinkat(folder, place.name.constData(), 0) == 0 && ::fsync(folder) == 0)
+           || fail(path, errno, errorText);
 }
 
 bool restore(const QString &path, const State &state, QString *errorText)
