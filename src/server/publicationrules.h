@@ -15,7 +15,7 @@ struct PublicationRequest
     QString path; ///< the repository's directory, canonical
     int protocol = HttpProtocol; ///< -1: none is chosen
     int port = 0;
-    QString registeredPath; ///< of the repository for which the settings keep this port; empty: none
+    QString registeredPath; ///< canonical; of the repository for which the settings keep this port
 };
 
 /** What can be done about one request, and what it would bring about. It follows from its arguments alone. */

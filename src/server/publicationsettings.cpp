@@ -5,9 +5,11 @@
 #include "core/storedvalues.h"
 #include "server/publicationaddresses.h"
 
-#include <QDir>
 #include <QSettings>
 #include <QStringList>
+
+#include <algorithm>
+#include <functional>
 
 namespace
 {
@@ -50,10 +52,11 @@ PublicationSettings PublicationSettings::load(const QSettings &settings, int por
 std::optional<PublicationSettings> PublicationSettings::find(const QSettings &settings,
                                                              const QString &repoPath)
 {
+    const QString place = Publication::placeOf(repoPath);
     const QList<int> ports = busyPorts(settings);
     for (const int port : ports) {
         const PublicationSettings stored = load(settings, port);
-        if (!stored.repoPath.isEmpty() && QDir::cleanPath(stored.repoPath) == QDir::cleanPath(repoPath))
+        if (!stored.repoPath.isEmpty() && Publication::placeOf(stored.repoPath) == place)
             return stored;
     }
     return std::nullopt;
@@ -64,13 +67,48 @@ void PublicationSettings::claim(QSettings &settings) const
     QList<int> ports = busyPorts(settings);
     if (!ports.contains(port))
         ports += port;
-    QStringList texts;
-    for (const int busy : qAsConst(ports))
-        texts += QString::number(busy);
-    settings.setValue(SettingsKey::BusyHttpPorts, texts);
+    storePorts(settings, ports);
     settings.setValue(keyOf(port, SettingsKey::PublishedTrusted), trusted);
     settings.setValue(keyOf(port, SettingsKey::PublishedArch), architectures);
     settings.setValue(keyOf(port, SettingsKey::PublishedType), protocol);
     settings.setValue(keyOf(port, SettingsKey::PublishedRepoPath), repoPath);
     settings.setValue(keyOf(port, SettingsKey::PublishedIp), host);
+}
+
+void PublicationSettings::release(QSettings &settings, const QString &repoPath, const QList<int> &kept)
+{
+    const QString place = Publication::placeOf(repoPath);
+    QList<int> ports = busyPorts(settings);
+    const auto isGivenUp = [&](int port) {
+        return !place.isEmpty() && !kept.contains(port)
+               && Publication::placeOf(load(settings, port).repoPath) == place;
+    };
+    const auto end = std::stable_partition(ports.begin(), ports.end(), std::not_fn(isGivenUp));
+    if (end == ports.end())
+        return;
+    for (auto port = end; port != ports.end(); ++port)
+        settings.remove(SettingsKey::PublishedPrefix + QString::number(*port));
+    ports.erase(end, ports.end());
+    storePorts(settings, ports);
+}
+
+void PublicationSettings::storePorts(QSettings &settings, const QList<int> &ports)
+{
+    QStringList texts;
+    for (const int port : ports)
+        texts += QString::number(port);
+    settings.setValue(SettingsKey::BusyHttpPorts, texts);
+}
+
+bool PublicationSettings::applyLive(const QVector<Publication> &publications)
+{
+    const auto live
+        = std::find_if(publications.cbegin(), publications.cend(), [this](const Publication &publication) {
+              return !repoPath.isEmpty() && publication.repo.path == repoPath;
+          });
+    if (live == publications.cend())
+        return false;
+    protocol = live->protocol;
+    port = live->repo.port;
+    return true;
 }

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "server/sourceline.h"
+#include "server/publication.h"
 
 #include <QList>
 #include <QString>
+#include <QVector>
 
 #include <optional>
 
@@ -13,6 +14,9 @@ class QSettings;
 /**
  * What is remembered of a published repository: one group of the settings for each port in the list of busy ports.
  * A stored value of another kind than expected counts as absent.
+ *
+ * What was chosen stays for the next time when a repository is unpublished. A port is given up when its repository is
+ * published on another one instead, when it is removed, or when another repository takes the port.
  */
 struct PublicationSettings
 {
@@ -35,4 +39,15 @@ struct PublicationSettings
 
     /** Takes the port, which must be a valid one, and keeps everything under it, whoever had it before. */
     void claim(QSettings &settings) const;
+    /** Gives up this repository's ports but those in `kept`, and forgets what was kept under them. */
+    static void release(QSettings &settings, const QString &repoPath, const QList<int> &kept = {});
+
+    /**
+     * Takes protocol and port of the first publication of this repository: where the system and the settings
+     * disagree, the system is right. False when it is not published. The paths must be canonical.
+     */
+    bool applyLive(const QVector<Publication> &publications);
+
+private:
+    static void storePorts(QSettings &settings, const QList<int> &ports);
 };

@@ -79,6 +79,20 @@ private Q_SLOTS:
         found = PublicationSettings::find(store, "/srv/b"_s);
         QVERIFY(found && !found->trusted && found->protocol == FtpProtocol);
         QCOMPARE(QStringList({found->architectures, found->host}), QStringList({"i386"_s, "10.0.0.1"_s}));
+
+        // The system is right about protocol and port, by the first publication that is the repository's.
+        const QVector<Publication> live{{{1, "HTTP"_s, "/srv/c"_s}, HttpProtocol, {}},
+                                        {{2, "HTTP"_s, "/srv/b"_s}, HttpProtocol, {}},
+                                        {{21, "FTP"_s, "/srv/b"_s}, FtpProtocol, {}}};
+        QVERIFY(found->applyLive(live) && found->port == 2 && found->protocol == HttpProtocol);
+        QVERIFY(!found->trusted && !found->applyLive({}) && !PublicationSettings().applyLive({{}}));
+
+        found->repoPath = "/srv/./b/"_s;
+        found->claim(store);
+        PublicationSettings::release(store, {});
+        PublicationSettings::release(store, "/srv/b"_s, {2});
+        QCOMPARE(PublicationSettings::busyPorts(store), (QList<int>{8001, 8002, 2}));
+        QVERIFY(!store.contains("Published9000/ip"_s) && store.contains("Published2/ip"_s));
     }
 
     void addresses()
