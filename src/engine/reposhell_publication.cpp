@@ -2,6 +2,7 @@
 #include "engine/reposhell.h"
 #include "server/helperclient.h"
 #include "server/localsources.h"
+#include "server/reposervers.h"
 #include "server/sourceline.h"
 
 #include <QFileInfo>
@@ -65,4 +66,14 @@ void RepoShell::publishRepo(int port, int protocol, const HelperAnswer &answer)
 void RepoShell::unpublishRepo(int port, int protocol, const HelperAnswer &answer)
 {
     m_helper->unpublishRepo(port, protocol, toldBy(this, answer));
+}
+
+QList<PublishedRepo> RepoShell::publishedRepos() const
+{
+    return m_servers->publishedRepos();
+}
+
+bool RepoShell::isPublished(int port, int protocol) const
+{
+    return m_servers->isPublished(port, protocol);
 }
