@@ -22,19 +22,13 @@
 #include <functional>
 #include <memory>
 
-class AptCandidates;
 class AsideDirectory;
 class DependsData;
-class ExportSession;
-struct AddedFile;
-struct AddRun;
 class HelperClient;
 class JobContext;
 class JobFrame;
-class PackageBackup;
 struct PackageFile;
 class PrivateApt;
-struct ProcessResult;
 class RepoServers;
 class ScratchFolder;
 
@@ -282,12 +276,6 @@ private:
     void startStoredResultsAnew(const QString &repoPath);
     void moveStoredResults(const QString &newPath);
 
-    // --- the check: reposhell_depends.cpp
-    int checkBody(const QList<PackageInfoPtr> &packages);
-    QList<PackageInfoPtr> presentRecords(const QList<PackageInfoPtr> &packages) const;
-    int checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone = {});
-    void tellAptFailure(AptCandidates *apt);
-
     // --- packages from elsewhere: reposhell_download.cpp
     int downloadBody(const QList<PackageInfo> &packages, const AddOptions &options);
     int addDependenciesBody(const QVector<Dependency> &dependencies, const AddOptions &options);
@@ -323,37 +311,4 @@ private:
     int importBody(const QString &archive, const AddOptions &options);
     bool collectPackages(const QString &source, QStringList *files);
     bool unpackPackages(const QString &archive, QStringList *files);
-
-    // --- signing: reposhell_signing.cpp
-    void markSigned(QList<PackageInfoPtr> *packages, const QString &repoPath) const;
-    int signBody(const QList<PackageInfoPtr> &packages, const QString &keyId);
-    bool signPackage(const PackageInfoPtr &package, AddRun *run);
-    bool signFile(AddedFile *file, const QString &packageName);
-    QString signingKeyOf(AddRun *run) const;
-    void rememberSignature(const PackageInfo &package);
-    void forgetSignature(const PackageInfo &package);
-
-    // --- add and remove: reposhell_packages.cpp
-    int addBody(const QStringList &files, const AddOptions &options);
-    ErrorCode addFiles(const QStringList &files, AddRun *run, JobFrame *frame);
-    void addReadFile(const PackageFile &read, bool isLast, AddRun *run);
-    void finishAdding(AddRun *run, bool stopped);
-    ErrorCode addFile(AddedFile *file, const PackageInfo &package);
-    bool mustReplace(ErrorCode collision,
-                     PackageReplacementRules *rules,
-                     const PackageInfoPtr &package,
-                     bool singlePackage);
-    ErrorCode collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present);
-    ErrorCode includePackage(AddedFile *file, const PackageInfo &record, bool replace);
-    ErrorCode replacePackage(AddedFile *file, const PackageInfo &record, const PackageInfo &present);
-    ErrorCode includeFile(AddedFile *file, const PackageInfo &record, bool replaces);
-    bool isIncluded(const ProcessResult &result, const PackageInfo &record);
-    bool isGone(const PackageInfo &package);
-    QList<PackageInfoPtr> packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const;
-    PackageInfoPtr packageIncluded(const PackageInfo &record, bool replaced);
-    void
-    restorePackages(const QList<PackageInfoPtr> &packages, PackageBackup *backup, ExportSession *session);
-    int removeBody(const QList<PackageInfoPtr> &packages);
-    bool removePackage(const PackageInfoPtr &package, ExportSession *session, bool makesRoom = false);
-    ProcessResult runInclude(const QString &arguments, ExportSession *session);
 };

@@ -2,11 +2,11 @@
 // Export to archives, import from archives and folders.
 #include "core/scratchfolder.h"
 #include "depends/dependscollection.h"
-#include "engine/addrun.h"
 #include "engine/archivecontents.h"
 #include "engine/archiveutils.h"
 #include "engine/archivewriter.h"
 #include "engine/jobframe.h"
+#include "engine/packageadding.h"
 #include "engine/packageextractor.h"
 #include "engine/pathguard.h"
 #include "engine/repolock.h"
@@ -209,10 +209,10 @@ int RepoShell::importBody(const QString &archive, const AddOptions &options)
         return frame.finish(ERROR, tr("Import failed: there are no packages by selected path"));
 
     constexpr bool WithoutCheck = false;
-    AddRun run{options, files.size() == 1, m_context->makeSession(), WithoutCheck};
-    if (addFiles(files, &run, &frame) == CANCEL)
+    PackageAdding adding(*m_context, options, files.size() == 1, WithoutCheck);
+    if (adding.addFiles(files, &frame) == CANCEL)
         return frame.finish(CANCEL, tr("Package(s) not imported"));
-    return frame.finish(SUCCESS, tr("%n package(s) imported", nullptr, run.added.size()));
+    return frame.finish(SUCCESS, tr("%n package(s) imported", nullptr, adding.addedCount()));
 }
 
 bool RepoShell::collectPackages(const QString &source, QStringList *files)

@@ -5,8 +5,9 @@
 #include "depends/dependsoffers.h"
 #include "depends/dependsparser.h"
 #include "depends/localcandidates.h"
-#include "engine/addrun.h"
+#include "engine/checkjob.h"
 #include "engine/jobframe.h"
+#include "engine/packageadding.h"
 #include "engine/packagefile.h"
 #include "engine/reposhell.h"
 
@@ -96,7 +97,7 @@ int RepoShell::addDependenciesBody(const QVector<Dependency> &dependencies, cons
     QStringList missing;
     for (const Dependency &dependency : offers.missing)
         missing.append(dependencyText(dependency));
-    tellAptFailure(&apt);
+    CheckJob(*m_context).tellAptFailure(&apt);
     if (!missing.isEmpty() && !apt.failed() && !m_context->isCanceled())
         Q_EMIT critical(
             tr("No source offers: %1").arg(missing.join(QLatin1String(", "))), QString(), WARNING);
@@ -117,8 +118,8 @@ int RepoShell::fetchAndAdd(const QList<PackageInfo> &packages,
     if (!m_context->isDatabaseThere())
         return frame->finish(
             ERROR, tr("Added %n package(s) to local repo: %1", nullptr, 0).arg(QString()), DOWNLOAD_JOB);
-    AddRun run{options, packages.size() == 1, m_context->makeSession()};
-    run.wanting = wanting;
+    PackageAdding adding(*m_context, options, packages.size() == 1);
+    adding.run().wanting = wanting;
     bool stopped = m_context->isCanceled();
     for (int done = 0; done < packages.size() && !stopped; ++done) {
         const ScratchFolder folder;
@@ -130,20 +131,20 @@ int RepoShell::fetchAndAdd(const QList<PackageInfo> &packages,
             Q_EMIT critical(AptUtils::tr("Apt: download package %1 error").arg(packages.at(done).name),
                             file.reason);
         else
-            addReadFile(file, done + 1 == packages.size(), &run);
+            adding.addReadFile(file, done + 1 == packages.size());
         frame->itemDone(packages.size());
         stopped = m_context->isCanceled() && done + 1 < packages.size();
     }
-    finishAdding(&run, stopped);
-    const QString added = run.added.join(QLatin1String(", "));
+    adding.finish(stopped);
+    const QString added = adding.addedNames();
     if (stopped)
         return frame->finish(
             CANCEL,
             tr("Operation stopped. %1 of %n package(s) added to local repo: %2", nullptr, packages.size())
-                .arg(QString::number(run.added.size()), added),
+                .arg(QString::number(adding.addedCount()), added),
             DOWNLOAD_JOB);
     return frame->finish(SUCCESS,
-                         tr("Added %n package(s) to local repo: %1", nullptr, run.added.size()).arg(added),
+                         tr("Added %n package(s) to local repo: %1", nullptr, adding.addedCount()).arg(added),
                          DOWNLOAD_JOB);
 }
 

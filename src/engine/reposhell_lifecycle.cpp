@@ -11,6 +11,7 @@
 #include "engine/reposhell.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
+#include "engine/signaturerecord.h"
 #include "engine/systemrelease.h"
 
 #include <QDir>
@@ -187,7 +188,7 @@ int RepoShell::openBody(const QString &path)
 
     QList<PackageInfoPtr> packages = listPackages(path, repoInfo());
     sortPackages(&packages);
-    markSigned(&packages, path);
+    SignatureRecord::mark(&packages, path);
     m_context->packages().assign(packages);
     Q_EMIT requestForMergingInformation(packages);
     packages = m_context->packages().all();

@@ -3,9 +3,10 @@
 #include "depends/aptutils.h"
 #include "depends/privateapt.h"
 #include "depends/versionorder.h"
-#include "engine/addrun.h"
 #include "engine/jobframe.h"
+#include "engine/packageadding.h"
 #include "engine/packagefile.h"
+#include "engine/packageinclusion.h"
 #include "engine/reposhell.h"
 #include "engine/repreprocommands.h"
 
@@ -49,7 +50,7 @@ QString mismatch(const PackageFile &file, const UpgradablePackage &wanted)
 /** What the upgrade job keeps from one package to the next. */
 struct RepoShell::UpgradeRun
 {
-    AddRun adding;
+    PackageAdding &adding;
     PrivateApt &apt;
     QString folder; ///< where the files are fetched to
     QVector<AptPackageRecord> records = {}; ///< what the sources offer now
@@ -145,7 +146,8 @@ int RepoShell::upgradeBody(const QVector<UpgradablePackage> &packages, const Add
     if (!apt)
         return end(ERROR, failure);
 
-    UpgradeRun run{{options, groups.size() == 1, m_context->makeSession()}, *apt, folder.path()};
+    PackageAdding adding(*m_context, options, groups.size() == 1);
+    UpgradeRun run{adding, *apt, folder.path()};
     const ErrorCode ready = askAgain(groups, &run);
     if (ready == ERROR)
         return end(ERROR, failure);
@@ -157,7 +159,7 @@ int RepoShell::upgradeBody(const QVector<UpgradablePackage> &packages, const Add
         upgradeFrom(groups.at(done), &run);
         frame.itemDone(groups.size());
     }
-    finishAdding(&run.adding, stopped);
+    adding.finish(stopped);
     if (stopped)
         return end(CANCEL, tr("Canceled by user"));
     if (run.upgraded == 0 && run.failed > 0)
@@ -298,14 +300,14 @@ void RepoShell::upgradeFrom(const QVector<UpgradablePackage> &group, UpgradeRun 
         ++run->failed;
         return;
     }
-    AddedFile added{run->adding, file.path};
+    AddedFile added{run->adding.run(), file.path};
     for (const PackageInfoPtr &present : replacedBy(file, group)) {
         PackageInfo record = *file.package;
         record.architecture = present->architecture;
         record.component = record.indexComponent = present->indexComponent;
         record.root = path();
         record.poolFile = ReproCommand::poolFile(record, file.package->architecture);
-        const ErrorCode result = includePackage(&added, record, true);
+        const ErrorCode result = PackageInclusion(*m_context).include(&added, record, true);
         // The package is in when only the repository's signature failed; the end of the job tells of that.
         ++(result == SUCCESS || result == PACKAGE_GPGERROR ? run->upgraded : run->failed);
     }

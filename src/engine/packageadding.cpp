@@ -1,0 +1,136 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/packageadding.h"
+
+#include "engine/checkjob.h"
+#include "engine/jobframe.h"
+#include "engine/packagefile.h"
+#include "engine/packageinclusion.h"
+#include "engine/packageremoval.h"
+#include "engine/repreprocommands.h"
+
+#include <QFileInfo>
+
+namespace
+{
+bool isCollision(RepoEnums::ErrorCode code)
+{
+    return code == RepoEnums::PACKAGE_EXISTS || code == RepoEnums::PACKAGE_EXISTS_NEW_VERSION
+           || code == RepoEnums::PACKAGE_EXISTS_OLD_VERSION;
+}
+
+/** Why a file that collided stayed out. */
+QString keptText(RepoEnums::ErrorCode collision, const QString &file, const PackageInfo &present)
+{
+    QString text
+        = PackageAdding::tr("Not added: %1. The repository holds version %2 (%3) already, which was kept.");
+    if (collision == RepoEnums::PACKAGE_EXISTS_NEW_VERSION)
+        text = PackageAdding::tr(
+            "Not added: %1. The repository holds the newer version %2 (%3), which was kept.");
+    else if (collision == RepoEnums::PACKAGE_EXISTS_OLD_VERSION)
+        text = PackageAdding::tr(
+            "Not added: %1. The repository holds the older version %2 (%3), which was kept.");
+    return text.arg(file, present.version, present.architecture);
+}
+} // namespace
+
+PackageAdding::PackageAdding(JobContext &context,
+                             const AddOptions &options,
+                             bool singlePackage,
+                             bool checksDepends)
+    : m_context(context)
+    , m_run{options, singlePackage, context.makeSession(), checksDepends}
+{ }
+
+RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame *frame)
+{
+    PackageFileReader reader(files);
+    bool stopped = false;
+    for (int done = 0; done < files.size(); ++done) {
+        stopped = m_context.isCanceled();
+        if (stopped)
+            break;
+        addReadFile(reader.next(), done + 1 == files.size());
+        frame->itemDone(files.size());
+    }
+    finish(stopped);
+    return stopped ? CANCEL : SUCCESS;
+}
+
+void PackageAdding::addReadFile(const PackageFile &read, bool isLast)
+{
+    AddedFile file{m_run, read.path, isLast};
+    if (!read.package)
+        m_context.critical(tr("Error adding package!"), read.path + QLatin1String(":\n") + read.reason);
+    else if (addFile(&file, *read.package) == SUCCESS)
+        m_run.added.append(QFileInfo(read.path).fileName());
+}
+
+void PackageAdding::finish(bool stopped)
+{
+    m_context.finishSession(&m_run.session);
+    QList<PackageInfoPtr> unchecked;
+    if (m_context.checksDependsOnAdd() && m_run.checksDepends)
+        unchecked = m_run.records;
+    if (!m_run.records.isEmpty())
+        unchecked += m_run.wanting;
+    if (!m_context.isClosing() && !unchecked.isEmpty()) {
+        // The stop was for the adding; what went in is checked until the next one.
+        if (stopped)
+            m_context.resetCancel();
+        CheckJob(m_context).checkPresent(unchecked);
+    }
+    m_context.savePackages();
+}
+
+RepoEnums::ErrorCode PackageAdding::addFile(AddedFile *file, const PackageInfo &package)
+{
+    QStringList architectures{package.architecture};
+    if (package.architecture == QLatin1String("all"))
+        architectures = m_context.repoInfo().architectureList();
+    ErrorCode result = ERROR;
+    for (const QString &architecture : qAsConst(architectures)) {
+        PackageInfo record = package;
+        record.architecture = architecture;
+        record.root = m_context.path();
+        if (!m_run.options.component.isEmpty())
+            record.component = m_run.options.component;
+        record.indexComponent = record.component;
+        record.poolFile = ReproCommand::poolFile(record, package.architecture);
+
+        result = PackageInclusion(m_context).include(file, record, false);
+        if (isCollision(result)) {
+            const PackageInfoPtr present = m_context.packages().find(PackageKey::of(record));
+            m_context.setNewcomer({QFileInfo(file->path).fileName(),
+                                   record.version,
+                                   file->isLast && architecture == architectures.last()});
+            if (mustReplace(result, present))
+                result = PackageInclusion(m_context).include(file, record, true);
+            else
+                m_context.noted(keptText(result, file->path, *present));
+        }
+        if (result == PACKAGE_GPGERROR) {
+            const bool remove = m_context.ask(tr("Package is unsigned"),
+                                              tr("Package is added, but unsigned. Do you want to remove it?"),
+                                              false);
+            if (remove
+                && PackageRemoval(m_context, &m_run.session)
+                       .remove(m_context.packages().find(PackageKey::of(record))))
+                m_context.noted(
+                    tr("Not added: %1. The repository could not be signed with it.").arg(file->path));
+            else
+                m_context.noted(tr("Added, but the repository could not be signed: %1.").arg(file->path));
+        }
+    }
+    return result;
+}
+
+bool PackageAdding::mustReplace(ErrorCode collision, const PackageInfoPtr &package)
+{
+    PackageReplacementRules &rules = m_run.rules;
+    if (rules.mustAsk()) {
+        // No answer, because the program is closing or nobody is there to ask, keeps what is in the repository.
+        rules.value = PackageReplacementRules::KeepThis;
+        m_context.askForReplacement(collision, &rules, package, m_run.singlePackage);
+    }
+    return rules.replaces(collision);
+}

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "core/repoenums.h"
+#include "engine/addrun.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+class JobContext;
+class JobFrame;
+struct PackageFile;
+
+/** The part that all jobs have in common that add packages. */
+class PackageAdding : public RepoEnums
+{
+    Q_DECLARE_TR_FUNCTIONS(RepoShell)
+public:
+    /** The options must outlive it; `singlePackage` says that the job has one package. */
+    PackageAdding(JobContext &context,
+                  const AddOptions &options,
+                  bool singlePackage,
+                  bool checksDepends = true);
+
+    /** Adds the files one by one and finishes; CANCEL after a stop. */
+    ErrorCode addFiles(const QStringList &files, JobFrame *frame);
+    /** Adds a file for the architectures that it serves. */
+    void addReadFile(const PackageFile &read, bool isLast);
+    /** Writes the indices, checks what went in and has the results stored. */
+    void finish(bool stopped);
+
+    /** For those that include files themselves. */
+    AddRun &run() { return m_run; }
+    int addedCount() const { return m_run.added.size(); }
+    /** The files that are in. */
+    QString addedNames() const { return m_run.added.join(QLatin1String(", ")); }
+
+private:
+    JobContext &m_context;
+    AddRun m_run;
+
+    ErrorCode addFile(AddedFile *file, const PackageInfo &package);
+    bool mustReplace(ErrorCode collision, const PackageInfoPtr &package);
+};

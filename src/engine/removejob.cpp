@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/removejob.h"
+
+#include "engine/exportsession.h"
+#include "engine/jobframe.h"
+#include "engine/packageremoval.h"
+
+int RemoveJob::run(const QList<PackageInfoPtr> &packages)
+{
+    JobFrame frame(m_context, packages.size() == 1 ? tr("Removing package") : tr("Removing packages"));
+    if (!m_context.isDatabaseThere())
+        return frame.finish(ERROR, tr("%n packages removed: %1", nullptr, 0).arg(QString()));
+    ExportSession session = m_context.makeSession();
+    PackageRemoval removal(m_context, &session);
+    QStringList removed;
+    bool stopped = false;
+    for (const PackageInfoPtr &package : packages) {
+        stopped = m_context.isCanceled();
+        if (stopped)
+            break;
+        if (removal.remove(package))
+            removed.append(displayFileName(*package));
+        frame.itemDone(packages.size());
+    }
+    m_context.finishSession(&session);
+    m_context.savePackages();
+    if (stopped)
+        return frame.finish(
+            CANCEL,
+            tr("Operation stopped. %1 of %n packages(s) removed: %2", nullptr, packages.size())
+                .arg(QString::number(removed.size()), removed.join(QLatin1String(", "))));
+    return frame.finish(
+        SUCCESS,
+        tr("%n packages removed: %1", nullptr, removed.size()).arg(removed.join(QLatin1String(", "))));
+}

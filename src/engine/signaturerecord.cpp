@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/signaturerecord.h"
+
+#include "engine/jobcontext.h"
+#include "signing/signprocess.h"
+
+#include <QHash>
+
+void SignatureRecord::mark(QList<PackageInfoPtr> *packages, const QString &repoPath)
+{
+    const QHash<QString, QString> keys = SignProcess::allKeyInfo(SignProcess::packagesConfPath(repoPath));
+    if (keys.isEmpty())
+        return;
+    for (PackageInfoPtr &package : *packages) {
+        const QString key = keys.value(SignProcess::keyInfoName(*package));
+        if (key.isEmpty())
+            continue;
+        const auto record = QSharedPointer<PackageInfo>::create(*package);
+        record->signingKey = key;
+        package = record;
+    }
+}
+
+void SignatureRecord::remember(JobContext *context, const PackageInfo &package)
+{
+    const QString file = SignProcess::packagesConfPath(context->path());
+    if (package.isSigned() && !SignProcess::saveKeyInfo(file, package))
+        context->critical(
+            tr("The record of the signed packages could not be written."), file, RepoEnums::WARNING);
+}
+
+void SignatureRecord::forget(JobContext *context, const PackageInfo &package)
+{
+    const QString file = SignProcess::packagesConfPath(context->path());
+    if (package.isSigned() && !SignProcess::removeKeyInfo(file, package))
+        context->critical(
+            tr("The record of the signed packages could not be written."), file, RepoEnums::WARNING);
+}

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+
+#include <QCoreApplication>
+#include <QList>
+#include <QString>
+
+class JobContext;
+
+/** The repository's record of which key has signed which package. */
+class SignatureRecord
+{
+    Q_DECLARE_TR_FUNCTIONS(RepoShell)
+public:
+    /** Puts the keys into the records of signed packages. */
+    static void mark(QList<PackageInfoPtr> *packages, const QString &repoPath);
+    /** Enters the package when it is signed. A record that cannot be written costs a warning. */
+    static void remember(JobContext *context, const PackageInfo &package);
+    /** Takes the package out when it was signed. */
+    static void forget(JobContext *context, const PackageInfo &package);
+};
