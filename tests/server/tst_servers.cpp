@@ -38,10 +38,7 @@ struct System
         QDir(folder.path()).mkdir("etc"_s);
     }
 
-    QString repoDir(const char *name) const
-    {
-        return folder.filePath(QString::fromUtf8(name));
-    }
+    QString repoDir(const char *name) const { return folder.filePath(QString::fromUtf8(name)); }
     QByteArray installed() const { return readFileOrNothing(folder.filePath("etc/"_s + unitName)); }
     QByteArray config() const { return readFileOrNothing(vsftpd); }
     QByteArray kept() const { return readFileOrNothing(vsftpd + FtpServer::KeptSuffix); }
@@ -139,7 +136,8 @@ private Q_SLOTS:
         QVERIFY(!SystemFile::read(link) && !SystemFile::remove(link));
         // Below a file, or through a folder that is a link, there is no place for another file.
         QVERIFY(QFile::link(folder.path(), folder.filePath("dir"_s)));
-        for (const QString &bad : {folder.filePath("file/x"_s), folder.filePath("dir/x"_s), folder.filePath("none/x"_s)})
+        for (const QString &bad :
+             {folder.filePath("file/x"_s), folder.filePath("dir/x"_s), folder.filePath("none/x"_s)})
             QVERIFY(!SystemFile::write(bad, "x") && !SystemFile::writeStaging(bad, "x"));
         QVERIFY(SystemFile::restore(folder.filePath("none/x"_s), {}) && !SystemFile::read(file + "/x"_s));
         const QString pipe = folder.filePath("pipe"_s);

@@ -26,15 +26,14 @@ const char configuration[]
     <allow send_destination="org.freedesktop.DBus"/>
   </policy>
 </busconfig>
-)";
+)");
 } // namespace
 
 PrivateBus::PrivateBus()
 {
     QFile file(m_folder.filePath(QStringLiteral("bus.conf")));
     const QString socket = m_folder.filePath(QStringLiteral("socket"));
-    if (!file.open(QIODevice::WriteOnly)
-        || file.write(QString::fromLatin1(configuration).arg(socket).toUtf8()) < 0)
+    if (!file.open(QIODevice::WriteOnly) || file.write(QString(configuration).arg(socket).toUtf8()) < 0)
         qFatal("no configuration of a bus");
     file.close();
     m_daemon.start(QStringLiteral("dbus-daemon"),

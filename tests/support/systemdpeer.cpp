@@ -33,8 +33,8 @@ QByteArray contents(const QString &path)
 }
 } // namespace
 
-SystemdPeer::SystemdPeer(const QString &busAddress, const QString &unitDir)
-    : m_unitDir(unitDir)
+SystemdPeer::SystemdPeer(const QString &busAddress, QString unitDir)
+    : m_unitDir(std::move(unitDir))
 {
     QDBusConnection bus = QDBusConnection::connectToBus(busAddress, connectionName);
     if (!bus.registerVirtualObject(managerPath, this, QDBusConnection::SubPath)

@@ -28,7 +28,7 @@ public:
         quint64 startNumber = 0;
     };
 
-    SystemdPeer(const QString &busAddress, const QString &unitDir);
+    SystemdPeer(const QString &busAddress, QString unitDir);
     ~SystemdPeer() override;
 
     void setUnit(const QString &name, const Unit &unit);
