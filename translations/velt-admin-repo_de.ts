@@ -602,19 +602,19 @@
     <name>HelperClient</name>
     <message>
         <source>Failed to add repository to local sources list!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository konnte nicht in die lokale Paketquellenliste eingetragen werden!</translation>
     </message>
     <message>
         <source>Failed to remove repository from local sources list!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository konnte nicht aus der lokalen Paketquellenliste ausgetragen werden!</translation>
     </message>
     <message>
         <source>The repository is not published!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde nicht veröffentlicht!</translation>
     </message>
     <message>
         <source>The repository is not unpublished!</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Veröffentlichung des Repositorys wurde nicht beendet!</translation>
     </message>
 </context>
 <context>
@@ -1315,15 +1315,19 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>Repository is added to local sources list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde in die lokale Paketquellenliste eingetragen.</translation>
     </message>
     <message>
         <source>Repository is removed from local sources list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde aus der lokalen Paketquellenliste ausgetragen.</translation>
     </message>
     <message>
         <source>Waiting for the system to change the local sources list</source>
-        <translation type="unfinished"></translation>
+        <translation>Das System ändert die lokale Paketquellenliste</translation>
+    </message>
+    <message>
+        <source>Another repo already published</source>
+        <translation>Ein anderes Repository ist bereits veröffentlicht</translation>
     </message>
 </context>
 <context>
@@ -1342,22 +1346,22 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>Published at %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Veröffentlicht unter %1</translation>
     </message>
     <message>
         <source>To be published at %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Zur Veröffentlichung unter %1 vorgesehen: %2</translation>
     </message>
     <message>
         <source>Not published</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht veröffentlicht</translation>
     </message>
 </context>
 <context>
     <name>PublicationRules</name>
     <message>
         <source>There is no repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Es gibt kein Repository</translation>
     </message>
     <message>
         <source>Choose a server type</source>
@@ -1365,27 +1369,27 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>There is no port %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Einen Port %1 gibt es nicht</translation>
     </message>
     <message>
         <source>The path %1 cannot be served. It may consist of letters, digits, blanks inside names and the characters %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Pfad %1 kann nicht veröffentlicht werden. Er darf aus Buchstaben, Ziffern, Leerzeichen innerhalb von Namen und den Zeichen %2 bestehen.</translation>
     </message>
     <message>
         <source>The repository is published already</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository ist bereits veröffentlicht</translation>
     </message>
     <message>
         <source>Another repository is published</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderes Repository ist veröffentlicht</translation>
     </message>
     <message>
         <source>The repository is published on this port over %1. Unpublish it first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository ist auf diesem Port über %1 veröffentlicht. Beenden Sie zuerst diese Veröffentlichung.</translation>
     </message>
     <message>
         <source>Another program uses the port %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein anderes Programm verwendet den Port %1</translation>
     </message>
 </context>
 <context>
@@ -1423,141 +1427,145 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>Choose a server type, then publish the repository once more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Wählen Sie eine Serverart und veröffentlichen Sie das Repository dann noch einmal.</translation>
     </message>
     <message>
         <source>The repository is not published!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde nicht veröffentlicht!</translation>
     </message>
     <message>
         <source>The path %1 cannot be served. It must be the directory of a repository, and its name may consist of letters, digits, blanks between them and the characters %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Pfad %1 kann nicht veröffentlicht werden. Er muss das Verzeichnis eines Repositorys sein, und sein Name darf aus Buchstaben, Ziffern, Leerzeichen dazwischen und den Zeichen %2 bestehen.</translation>
     </message>
     <message>
         <source>The FTP server reads only what all users of this machine can read, and they cannot enter the folder %1. Choose the server type HTTP, or move the repository to another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der FTP-Server liest nur, was alle Benutzer dieses Rechners lesen können, und in den Ordner %1 gelangen sie nicht. Wählen Sie die Serverart HTTP oder verschieben Sie das Repository in einen anderen Ordner.</translation>
     </message>
     <message numerus="yes">
         <source>and %n further file(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>und %n weitere Datei</numerusform>
+            <numerusform>und %n weitere Dateien</numerusform>
         </translation>
     </message>
     <message>
         <source>Access rights</source>
-        <translation type="unfinished"></translation>
+        <translation>Zugriffsrechte</translation>
     </message>
     <message>
         <source>The server cannot read everything in the repository. Do you want to let all users of this machine read it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Server kann nicht alles im Repository lesen. Möchten Sie allen Benutzern dieses Rechners erlauben, es zu lesen?</translation>
     </message>
     <message>
         <source>Publication confirmation</source>
-        <translation type="unfinished"></translation>
+        <translation>Veröffentlichung bestätigen</translation>
     </message>
     <message>
         <source>Do you want to publish an empty repository?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The program puts its own settings into the file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie ein leeres Repository veröffentlichen?</translation>
     </message>
     <message>
         <source>The repository %1 is published over FTP now and will not be any more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository %1 ist jetzt über FTP veröffentlicht und wird es danach nicht mehr sein.</translation>
     </message>
     <message>
         <source>Rewrite confirmation</source>
-        <translation type="unfinished"></translation>
+        <translation>Überschreiben bestätigen</translation>
     </message>
     <message>
         <source>File /etc/vsftpd.conf will be rewrite. Do you want to continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datei /etc/vsftpd.conf wird überschrieben. Möchten Sie fortfahren?</translation>
     </message>
     <message>
         <source>Waiting for the system to publish %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Das System veröffentlicht %1</translation>
     </message>
     <message>
         <source>Repository is published.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde veröffentlicht.</translation>
     </message>
     <message>
         <source>The service did not start, or ended at once. &quot;systemctl status %1&quot; tells more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst ist nicht gestartet oder hat sich sofort beendet. „systemctl status %1“ sagt mehr.</translation>
     </message>
     <message>
         <source>The end of the server&apos;s log %1:</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Ende des Serverprotokolls %1:</translation>
     </message>
     <message>
         <source>Repository is unpublished.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Veröffentlichung des Repositorys wurde beendet.</translation>
     </message>
     <message>
         <source>The repository %1 is busy. Unpublish it when that has ended.</source>
-        <translation type="unfinished"></translation>
+        <translation>Am Repository %1 wird gerade gearbeitet. Beenden Sie die Veröffentlichung, wenn das abgeschlossen ist.</translation>
     </message>
     <message>
         <source>Waiting for the system to unpublish %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Das System beendet die Veröffentlichung von %1</translation>
     </message>
     <message>
         <source>The repository is not unpublished!</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Veröffentlichung des Repositorys wurde nicht beendet!</translation>
+    </message>
+    <message>
+        <source>The first file that is not the program&apos;s own is kept beside it.</source>
+        <translation>Die erste Datei, die nicht vom Programm stammt, wird daneben aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>The port %1 belongs to the service of the repository %2, which does not run. Do you want to replace it?</source>
+        <translation>Der Port %1 gehört zum Dienst des Repositorys %2, der nicht läuft. Möchten Sie ihn ersetzen?</translation>
     </message>
 </context>
 <context>
     <name>PublishedReposDialog</name>
     <message>
         <source>Published repositories</source>
-        <translation type="unfinished"></translation>
+        <translation>Veröffentlichte Repositorys</translation>
     </message>
     <message>
         <source>&amp;Log of the server:</source>
-        <translation type="unfinished"></translation>
+        <translation>Protokoll des &amp;Servers:</translation>
     </message>
     <message>
         <source>&amp;Open repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository &amp;öffnen</translation>
     </message>
     <message>
         <source>&amp;Copy address</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse &amp;kopieren</translation>
     </message>
     <message>
         <source>&amp;Unpublish</source>
-        <translation type="unfinished"></translation>
+        <translation>Veröffentlichung &amp;beenden</translation>
     </message>
     <message>
         <source>No repository is published from this machine.</source>
-        <translation type="unfinished"></translation>
+        <translation>Von diesem Rechner aus ist kein Repository veröffentlicht.</translation>
     </message>
     <message>
         <source>Asking the system what is published...</source>
-        <translation type="unfinished"></translation>
+        <translation>Das System wird gefragt, was veröffentlicht ist...</translation>
     </message>
     <message>
         <source>The log %1 is empty or cannot be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Protokoll %1 ist leer oder kann nicht gelesen werden.</translation>
     </message>
     <message>
         <source>The FTP server keeps no log of its own for the repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der FTP-Server führt kein eigenes Protokoll für das Repository.</translation>
     </message>
     <message>
         <source>Unpublish confirmation</source>
-        <translation type="unfinished"></translation>
+        <translation>Ende der Veröffentlichung bestätigen</translation>
     </message>
     <message>
         <source>Do you want to unpublish the repository %1?</source>
-        <translation type="unfinished"></translation>
+        <translation>Möchten Sie die Veröffentlichung des Repositorys %1 beenden?</translation>
     </message>
     <message>
         <source>Clients that use it get errors until it is published again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Clients, die es verwenden, erhalten Fehler, bis es wieder veröffentlicht wird.</translation>
     </message>
 </context>
 <context>
@@ -1568,19 +1576,19 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>Type</source>
-        <translation type="unfinished"></translation>
+        <translation>Art</translation>
     </message>
     <message>
         <source>Address</source>
-        <translation type="unfinished"></translation>
+        <translation>Adresse</translation>
     </message>
     <message>
         <source>Port</source>
-        <translation type="unfinished"></translation>
+        <translation>Port</translation>
     </message>
     <message>
         <source>State</source>
-        <translation type="unfinished"></translation>
+        <translation>Zustand</translation>
     </message>
 </context>
 <context>
@@ -2048,11 +2056,11 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>The repository is not published!</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Repository wurde nicht veröffentlicht!</translation>
     </message>
     <message>
         <source>The directory &quot;%1&quot; is not there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Verzeichnis „%1“ gibt es nicht.</translation>
     </message>
 </context>
 <context>
@@ -2285,6 +2293,18 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>Repository is not deleted.</source>
         <translation>Das Repository wurde nicht gelöscht.</translation>
+    </message>
+    <message>
+        <source>It is published, and clients use it.</source>
+        <translation>Es ist veröffentlicht und wird von Clients verwendet.</translation>
+    </message>
+    <message>
+        <source>Do you want to unpublish the repository first?</source>
+        <translation>Möchten Sie zuerst die Veröffentlichung des Repositorys beenden?</translation>
+    </message>
+    <message>
+        <source>Otherwise a service goes on that has nothing to serve.</source>
+        <translation>Sonst läuft ein Dienst weiter, der nichts mehr auszuliefern hat.</translation>
     </message>
 </context>
 <context>
@@ -2795,67 +2815,67 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <name>SystemdService</name>
     <message>
         <source>The system bus cannot be reached: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Systembus ist nicht erreichbar: %1</translation>
     </message>
     <message>
         <source>There is no service manager (systemd) on the system bus.</source>
-        <translation type="unfinished"></translation>
+        <translation>Am Systembus gibt es keine Dienstverwaltung (systemd).</translation>
     </message>
     <message>
         <source>The service manager allows this to the administrator only.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Dienstverwaltung erlaubt dies nur dem Systemverwalter.</translation>
     </message>
     <message>
         <source>There is no such service: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Diesen Dienst gibt es nicht: %1</translation>
     </message>
     <message>
         <source>The administrator has masked the service: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Systemverwalter hat den Dienst maskiert: %1</translation>
     </message>
     <message>
         <source>The service manager answers: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Dienstverwaltung antwortet: %1</translation>
     </message>
     <message>
         <source>The service %1 has ended right after its start (%2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst %1 hat sich gleich nach dem Start beendet (%2).</translation>
     </message>
     <message>
         <source>The service manager has not done with %1 in time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Dienstverwaltung ist mit %1 nicht rechtzeitig fertig geworden.</translation>
     </message>
     <message>
         <source>The service %1 has failed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst %1 ist fehlgeschlagen.</translation>
     </message>
     <message>
         <source>The service %1 was not ready in time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst %1 war nicht rechtzeitig bereit.</translation>
     </message>
     <message>
         <source>Something that the service %1 needs has failed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Etwas, das der Dienst %1 benötigt, ist fehlgeschlagen.</translation>
     </message>
     <message>
         <source>The job of the service %1 was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Auftrag für den Dienst %1 wurde abgebrochen.</translation>
     </message>
     <message>
         <source>The job of the service %1 did not apply to its state.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Auftrag für den Dienst %1 passte nicht zu dessen Zustand.</translation>
     </message>
     <message>
         <source>The job of the service %1 has ended with &quot;%2&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Auftrag für den Dienst %1 endete mit „%2“.</translation>
     </message>
     <message>
         <source>The service %1 has nothing that says when to start it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Für den Dienst %1 ist nicht festgelegt, wann er gestartet wird.</translation>
     </message>
     <message>
         <source>The service %1 does not stay active.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst %1 bleibt nicht aktiv.</translation>
     </message>
 </context>
 <context>
@@ -2976,103 +2996,103 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <name>VeltAdminRepoInterface</name>
     <message>
         <source>The call failed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Aufruf ist fehlgeschlagen.</translation>
     </message>
     <message>
         <source>Out of memory.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nicht genügend Speicher.</translation>
     </message>
     <message>
         <source>The called service is not known.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der aufgerufene Dienst ist nicht bekannt.</translation>
     </message>
     <message>
         <source>Timeout reply.</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeitüberschreitung bei der Antwort.</translation>
     </message>
     <message>
         <source>The address given is not valid.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die angegebene Adresse ist ungültig.</translation>
     </message>
     <message>
         <source>The call/operation is not supported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Aufruf oder Vorgang wird nicht unterstützt.</translation>
     </message>
     <message>
         <source>The limits allocated to this process/call/connection exceeded the pre-defined values.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Grenzwerte für diesen Prozess, Aufruf oder diese Verbindung wurden überschritten.</translation>
     </message>
     <message>
         <source>Authorization error.</source>
-        <translation type="unfinished"></translation>
+        <translation>Fehler bei der Berechtigungsprüfung.</translation>
     </message>
     <message>
         <source>No server found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Server gefunden.</translation>
     </message>
     <message>
         <source>No network found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Netzwerk gefunden.</translation>
     </message>
     <message>
         <source>QDBusServer tried to bind to an address that is already in use.</source>
-        <translation type="unfinished"></translation>
+        <translation>QDBusServer wollte eine Adresse belegen, die bereits verwendet wird.</translation>
     </message>
     <message>
         <source>The call/process/message was sent after QDBusConnection disconnected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Aufruf, Prozess oder die Nachricht wurde gesendet, nachdem QDBusConnection getrennt worden war.</translation>
     </message>
     <message>
         <source>The arguments passed to this call/operation are not valid.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die übergebenen Argumente dieses Aufrufs oder Vorgangs sind ungültig.</translation>
     </message>
     <message>
         <source>The method called was not found in this object/interface with the given parameters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die aufgerufene Methode wurde mit diesen Parametern in diesem Objekt oder dieser Schnittstelle nicht gefunden.</translation>
     </message>
     <message>
         <source>The type signature is not valid or compatible.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Typsignatur ist ungültig oder nicht kompatibel.</translation>
     </message>
     <message>
         <source>The interface is not known in this object.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Schnittstelle ist diesem Objekt nicht bekannt.</translation>
     </message>
     <message>
         <source>The object path points to an object that does not exist.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Objektpfad verweist auf ein Objekt, das es nicht gibt.</translation>
     </message>
     <message>
         <source>The property does not exist in this interface.</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Eigenschaft gibt es in dieser Schnittstelle nicht.</translation>
     </message>
     <message>
         <source>The property set failed because the property is read-only.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Eigenschaft konnte nicht gesetzt werden, weil sie nur gelesen werden kann.</translation>
     </message>
     <message>
         <source>An internal error occurred.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein interner Fehler ist aufgetreten.</translation>
     </message>
     <message>
         <source>The service requested is invalid.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der angeforderte Dienst ist ungültig.</translation>
     </message>
     <message>
         <source>The object path provided is invalid.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der angegebene Objektpfad ist ungültig.</translation>
     </message>
     <message>
         <source>The interface is invalid.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Schnittstelle ist ungültig.</translation>
     </message>
     <message>
         <source>The member is invalid.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Element ist ungültig.</translation>
     </message>
     <message>
         <source>Unknown error.</source>
-        <translation type="unfinished"></translation>
+        <translation>Unbekannter Fehler.</translation>
     </message>
 </context>
 <context>

@@ -45,9 +45,9 @@
     <name>PublishCommand</name>
     <message numerus="yes">
         <source>and %n further file(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>and %n further file</numerusform>
+            <numerusform>and %n further files</numerusform>
         </translation>
     </message>
 </context>

@@ -603,19 +603,19 @@
     <name>HelperClient</name>
     <message>
         <source>Failed to add repository to local sources list!</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось добавить репозиторий в локальный список источников!</translation>
     </message>
     <message>
         <source>Failed to remove repository from local sources list!</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось удалить репозиторий из локального списка источников!</translation>
     </message>
     <message>
         <source>The repository is not published!</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не опубликован!</translation>
     </message>
     <message>
         <source>The repository is not unpublished!</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не снят с публикации!</translation>
     </message>
 </context>
 <context>
@@ -1319,15 +1319,19 @@ One or more values</source>
     </message>
     <message>
         <source>Repository is added to local sources list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий добавлен в локальный список источников.</translation>
     </message>
     <message>
         <source>Repository is removed from local sources list.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий удалён из локального списка источников.</translation>
     </message>
     <message>
         <source>Waiting for the system to change the local sources list</source>
-        <translation type="unfinished"></translation>
+        <translation>Ожидание изменения локального списка источников</translation>
+    </message>
+    <message>
+        <source>Another repo already published</source>
+        <translation>Другой репозиторий уже опубликован</translation>
     </message>
 </context>
 <context>
@@ -1346,22 +1350,22 @@ One or more values</source>
     </message>
     <message>
         <source>Published at %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Опубликован по адресу %1</translation>
     </message>
     <message>
         <source>To be published at %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Должен быть опубликован по адресу %1: %2</translation>
     </message>
     <message>
         <source>Not published</source>
-        <translation type="unfinished"></translation>
+        <translation>Не опубликован</translation>
     </message>
 </context>
 <context>
     <name>PublicationRules</name>
     <message>
         <source>There is no repository</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозитория нет</translation>
     </message>
     <message>
         <source>Choose a server type</source>
@@ -1369,27 +1373,27 @@ One or more values</source>
     </message>
     <message>
         <source>There is no port %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Порта %1 не существует</translation>
     </message>
     <message>
         <source>The path %1 cannot be served. It may consist of letters, digits, blanks inside names and the characters %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Путь %1 нельзя опубликовать. Он может состоять из букв, цифр, пробелов внутри имён и символов %2.</translation>
     </message>
     <message>
         <source>The repository is published already</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий уже опубликован</translation>
     </message>
     <message>
         <source>Another repository is published</source>
-        <translation type="unfinished"></translation>
+        <translation>Опубликован другой репозиторий</translation>
     </message>
     <message>
         <source>The repository is published on this port over %1. Unpublish it first.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий опубликован на этом порту по %1. Сначала снимите его с публикации.</translation>
     </message>
     <message>
         <source>Another program uses the port %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Порт %1 занят другой программой</translation>
     </message>
 </context>
 <context>
@@ -1427,142 +1431,146 @@ One or more values</source>
     </message>
     <message>
         <source>Choose a server type, then publish the repository once more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Выберите тип сервера и опубликуйте репозиторий ещё раз.</translation>
     </message>
     <message>
         <source>The repository is not published!</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не опубликован!</translation>
     </message>
     <message>
         <source>The path %1 cannot be served. It must be the directory of a repository, and its name may consist of letters, digits, blanks between them and the characters %2.</source>
-        <translation type="unfinished"></translation>
+        <translation>Путь %1 нельзя опубликовать. Это должен быть каталог репозитория, а его имя может состоять из букв, цифр, пробелов между ними и символов %2.</translation>
     </message>
     <message>
         <source>The FTP server reads only what all users of this machine can read, and they cannot enter the folder %1. Choose the server type HTTP, or move the repository to another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>FTP-сервер читает только то, что могут читать все пользователи этого компьютера, а доступа к папке %1 у них нет. Выберите тип сервера HTTP или переместите репозиторий в другую папку.</translation>
     </message>
     <message numerus="yes">
         <source>and %n further file(s)</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>и ещё %n файл</numerusform>
+            <numerusform>и ещё %n файла</numerusform>
+            <numerusform>и ещё %n файлов</numerusform>
         </translation>
     </message>
     <message>
         <source>Access rights</source>
-        <translation type="unfinished"></translation>
+        <translation>Права доступа</translation>
     </message>
     <message>
         <source>The server cannot read everything in the repository. Do you want to let all users of this machine read it?</source>
-        <translation type="unfinished"></translation>
+        <translation>Сервер не может прочитать всё содержимое репозитория. Разрешить его чтение всем пользователям этого компьютера?</translation>
     </message>
     <message>
         <source>Publication confirmation</source>
-        <translation type="unfinished"></translation>
+        <translation>Подтверждение публикации</translation>
     </message>
     <message>
         <source>Do you want to publish an empty repository?</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>The program puts its own settings into the file.</source>
-        <translation type="unfinished"></translation>
+        <translation>Опубликовать пустой репозиторий?</translation>
     </message>
     <message>
         <source>The repository %1 is published over FTP now and will not be any more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий %1 сейчас опубликован по FTP; его публикация прекратится.</translation>
     </message>
     <message>
         <source>Rewrite confirmation</source>
-        <translation type="unfinished"></translation>
+        <translation>Подтверждение перезаписи</translation>
     </message>
     <message>
         <source>File /etc/vsftpd.conf will be rewrite. Do you want to continue?</source>
-        <translation type="unfinished"></translation>
+        <translation>Файл /etc/vsftpd.conf будет перезаписан. Продолжить?</translation>
     </message>
     <message>
         <source>Waiting for the system to publish %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ожидание публикации %1</translation>
     </message>
     <message>
         <source>Repository is published.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий опубликован.</translation>
     </message>
     <message>
         <source>The service did not start, or ended at once. &quot;systemctl status %1&quot; tells more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Служба не запустилась или сразу завершилась. Подробности покажет «systemctl status %1».</translation>
     </message>
     <message>
         <source>The end of the server&apos;s log %1:</source>
-        <translation type="unfinished"></translation>
+        <translation>Конец журнала сервера %1:</translation>
     </message>
     <message>
         <source>Repository is unpublished.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий снят с публикации.</translation>
     </message>
     <message>
         <source>The repository %1 is busy. Unpublish it when that has ended.</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий %1 занят. Снимите его с публикации, когда работа с ним закончится.</translation>
     </message>
     <message>
         <source>Waiting for the system to unpublish %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ожидание снятия %1 с публикации</translation>
     </message>
     <message>
         <source>The repository is not unpublished!</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не снят с публикации!</translation>
+    </message>
+    <message>
+        <source>The first file that is not the program&apos;s own is kept beside it.</source>
+        <translation>Первый файл, созданный не этой программой, сохраняется рядом.</translation>
+    </message>
+    <message>
+        <source>The port %1 belongs to the service of the repository %2, which does not run. Do you want to replace it?</source>
+        <translation>Порт %1 принадлежит службе репозитория %2, которая не запущена. Заменить её?</translation>
     </message>
 </context>
 <context>
     <name>PublishedReposDialog</name>
     <message>
         <source>Published repositories</source>
-        <translation type="unfinished"></translation>
+        <translation>Опубликованные репозитории</translation>
     </message>
     <message>
         <source>&amp;Log of the server:</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Журнал сервера:</translation>
     </message>
     <message>
         <source>&amp;Open repository</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Открыть репозиторий</translation>
     </message>
     <message>
         <source>&amp;Copy address</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Копировать адрес</translation>
     </message>
     <message>
         <source>&amp;Unpublish</source>
-        <translation type="unfinished"></translation>
+        <translation>&amp;Снять с публикации</translation>
     </message>
     <message>
         <source>No repository is published from this machine.</source>
-        <translation type="unfinished"></translation>
+        <translation>На этом компьютере нет опубликованных репозиториев.</translation>
     </message>
     <message>
         <source>Asking the system what is published...</source>
-        <translation type="unfinished"></translation>
+        <translation>Запрос опубликованных репозиториев...</translation>
     </message>
     <message>
         <source>The log %1 is empty or cannot be read.</source>
-        <translation type="unfinished"></translation>
+        <translation>Журнал %1 пуст или недоступен для чтения.</translation>
     </message>
     <message>
         <source>The FTP server keeps no log of its own for the repository.</source>
-        <translation type="unfinished"></translation>
+        <translation>FTP-сервер не ведёт отдельного журнала для репозитория.</translation>
     </message>
     <message>
         <source>Unpublish confirmation</source>
-        <translation type="unfinished"></translation>
+        <translation>Подтверждение снятия с публикации</translation>
     </message>
     <message>
         <source>Do you want to unpublish the repository %1?</source>
-        <translation type="unfinished"></translation>
+        <translation>Снять репозиторий %1 с публикации?</translation>
     </message>
     <message>
         <source>Clients that use it get errors until it is published again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Использующие его клиенты будут получать ошибки, пока он не будет опубликован снова.</translation>
     </message>
 </context>
 <context>
@@ -1573,19 +1581,19 @@ One or more values</source>
     </message>
     <message>
         <source>Type</source>
-        <translation type="unfinished"></translation>
+        <translation>Тип</translation>
     </message>
     <message>
         <source>Address</source>
-        <translation type="unfinished"></translation>
+        <translation>Адрес</translation>
     </message>
     <message>
         <source>Port</source>
-        <translation type="unfinished"></translation>
+        <translation>Порт</translation>
     </message>
     <message>
         <source>State</source>
-        <translation type="unfinished"></translation>
+        <translation>Состояние</translation>
     </message>
 </context>
 <context>
@@ -2063,11 +2071,11 @@ One or more values</source>
     </message>
     <message>
         <source>The repository is not published!</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий не опубликован!</translation>
     </message>
     <message>
         <source>The directory &quot;%1&quot; is not there.</source>
-        <translation type="unfinished"></translation>
+        <translation>Каталог «%1» отсутствует.</translation>
     </message>
 </context>
 <context>
@@ -2300,6 +2308,18 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>Repository is not deleted.</source>
         <translation>Репозиторий не удалён.</translation>
+    </message>
+    <message>
+        <source>It is published, and clients use it.</source>
+        <translation>Он опубликован, и им пользуются клиенты.</translation>
+    </message>
+    <message>
+        <source>Do you want to unpublish the repository first?</source>
+        <translation>Сначала снять репозиторий с публикации?</translation>
+    </message>
+    <message>
+        <source>Otherwise a service goes on that has nothing to serve.</source>
+        <translation>Иначе останется работать служба, которой нечего отдавать.</translation>
     </message>
 </context>
 <context>
@@ -2812,67 +2832,67 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <name>SystemdService</name>
     <message>
         <source>The system bus cannot be reached: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Системная шина недоступна: %1</translation>
     </message>
     <message>
         <source>There is no service manager (systemd) on the system bus.</source>
-        <translation type="unfinished"></translation>
+        <translation>На системной шине нет диспетчера служб (systemd).</translation>
     </message>
     <message>
         <source>The service manager allows this to the administrator only.</source>
-        <translation type="unfinished"></translation>
+        <translation>Диспетчер служб разрешает это только администратору.</translation>
     </message>
     <message>
         <source>There is no such service: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Такой службы нет: %1</translation>
     </message>
     <message>
         <source>The administrator has masked the service: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Администратор замаскировал службу: %1</translation>
     </message>
     <message>
         <source>The service manager answers: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Ответ диспетчера служб: %1</translation>
     </message>
     <message>
         <source>The service %1 has ended right after its start (%2).</source>
-        <translation type="unfinished"></translation>
+        <translation>Служба %1 завершилась сразу после запуска (%2).</translation>
     </message>
     <message>
         <source>The service manager has not done with %1 in time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Диспетчер служб не справился с %1 за отведённое время.</translation>
     </message>
     <message>
         <source>The service %1 has failed.</source>
-        <translation type="unfinished"></translation>
+        <translation>В службе %1 произошёл сбой.</translation>
     </message>
     <message>
         <source>The service %1 was not ready in time.</source>
-        <translation type="unfinished"></translation>
+        <translation>Служба %1 не была готова вовремя.</translation>
     </message>
     <message>
         <source>Something that the service %1 needs has failed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Произошёл сбой в том, что требуется службе %1.</translation>
     </message>
     <message>
         <source>The job of the service %1 was cancelled.</source>
-        <translation type="unfinished"></translation>
+        <translation>Задание службы %1 было отменено.</translation>
     </message>
     <message>
         <source>The job of the service %1 did not apply to its state.</source>
-        <translation type="unfinished"></translation>
+        <translation>Задание службы %1 не подходило к её состоянию.</translation>
     </message>
     <message>
         <source>The job of the service %1 has ended with &quot;%2&quot;.</source>
-        <translation type="unfinished"></translation>
+        <translation>Задание службы %1 завершилось с результатом «%2».</translation>
     </message>
     <message>
         <source>The service %1 has nothing that says when to start it.</source>
-        <translation type="unfinished"></translation>
+        <translation>Для службы %1 не указано, когда её запускать.</translation>
     </message>
     <message>
         <source>The service %1 does not stay active.</source>
-        <translation type="unfinished"></translation>
+        <translation>Служба %1 не остаётся активной.</translation>
     </message>
 </context>
 <context>
@@ -2993,103 +3013,103 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <name>VeltAdminRepoInterface</name>
     <message>
         <source>The call failed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Вызов не удался.</translation>
     </message>
     <message>
         <source>Out of memory.</source>
-        <translation type="unfinished"></translation>
+        <translation>Недостаточно памяти.</translation>
     </message>
     <message>
         <source>The called service is not known.</source>
-        <translation type="unfinished"></translation>
+        <translation>Вызываемая служба неизвестна.</translation>
     </message>
     <message>
         <source>Timeout reply.</source>
-        <translation type="unfinished"></translation>
+        <translation>Истекло время ожидания ответа.</translation>
     </message>
     <message>
         <source>The address given is not valid.</source>
-        <translation type="unfinished"></translation>
+        <translation>Указан недопустимый адрес.</translation>
     </message>
     <message>
         <source>The call/operation is not supported.</source>
-        <translation type="unfinished"></translation>
+        <translation>Вызов или операция не поддерживается.</translation>
     </message>
     <message>
         <source>The limits allocated to this process/call/connection exceeded the pre-defined values.</source>
-        <translation type="unfinished"></translation>
+        <translation>Превышены ограничения, установленные для этого процесса, вызова или соединения.</translation>
     </message>
     <message>
         <source>Authorization error.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ошибка авторизации.</translation>
     </message>
     <message>
         <source>No server found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Сервер не найден.</translation>
     </message>
     <message>
         <source>No network found.</source>
-        <translation type="unfinished"></translation>
+        <translation>Сеть не найдена.</translation>
     </message>
     <message>
         <source>QDBusServer tried to bind to an address that is already in use.</source>
-        <translation type="unfinished"></translation>
+        <translation>QDBusServer попытался занять уже используемый адрес.</translation>
     </message>
     <message>
         <source>The call/process/message was sent after QDBusConnection disconnected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Вызов, процесс или сообщение были отправлены после отключения QDBusConnection.</translation>
     </message>
     <message>
         <source>The arguments passed to this call/operation are not valid.</source>
-        <translation type="unfinished"></translation>
+        <translation>Переданы недопустимые аргументы вызова или операции.</translation>
     </message>
     <message>
         <source>The method called was not found in this object/interface with the given parameters.</source>
-        <translation type="unfinished"></translation>
+        <translation>Вызванный метод с такими параметрами не найден в этом объекте или интерфейсе.</translation>
     </message>
     <message>
         <source>The type signature is not valid or compatible.</source>
-        <translation type="unfinished"></translation>
+        <translation>Сигнатура типа недопустима или несовместима.</translation>
     </message>
     <message>
         <source>The interface is not known in this object.</source>
-        <translation type="unfinished"></translation>
+        <translation>Интерфейс неизвестен этому объекту.</translation>
     </message>
     <message>
         <source>The object path points to an object that does not exist.</source>
-        <translation type="unfinished"></translation>
+        <translation>Путь указывает на несуществующий объект.</translation>
     </message>
     <message>
         <source>The property does not exist in this interface.</source>
-        <translation type="unfinished"></translation>
+        <translation>В этом интерфейсе нет такого свойства.</translation>
     </message>
     <message>
         <source>The property set failed because the property is read-only.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось установить свойство, так как оно доступно только для чтения.</translation>
     </message>
     <message>
         <source>An internal error occurred.</source>
-        <translation type="unfinished"></translation>
+        <translation>Произошла внутренняя ошибка.</translation>
     </message>
     <message>
         <source>The service requested is invalid.</source>
-        <translation type="unfinished"></translation>
+        <translation>Запрошена недопустимая служба.</translation>
     </message>
     <message>
         <source>The object path provided is invalid.</source>
-        <translation type="unfinished"></translation>
+        <translation>Указан недопустимый путь объекта.</translation>
     </message>
     <message>
         <source>The interface is invalid.</source>
-        <translation type="unfinished"></translation>
+        <translation>Недопустимый интерфейс.</translation>
     </message>
     <message>
         <source>The member is invalid.</source>
-        <translation type="unfinished"></translation>
+        <translation>Недопустимый элемент.</translation>
     </message>
     <message>
         <source>Unknown error.</source>
-        <translation type="unfinished"></translation>
+        <translation>Неизвестная ошибка.</translation>
     </message>
 </context>
 <context>

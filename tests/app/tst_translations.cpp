@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/desktopintegration.h"
+#include "support/lists.h"
+#include "support/literals.h"
+#include "support/scopedvariable.h"
+#include "support/testenvironment.h"
+#include "ui/mainwindow.h"
+
+#include <QXmlStreamReader>
+#include <QtTest>
+#include <QtWidgets>
+
+namespace
+{
+struct Message
+{
+    QString context;
+    QString source;
+    QStringList translations;
+    bool isPlural = false;
+    bool isFinished = true;
+};
+
+QVector<Message> messagesOf(const QString &path)
+{
+    QVector<Message> messages;
+    QString context;
+    QXmlStreamReader reader(readFile(path));
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        const QStringView name = reader.name();
+        if (name == "name"_s)
+            context = reader.readElementText();
+        else if (name == "message"_s)
+            messages.append({context, {}, {}, reader.attributes().value("numerus"_s) == "yes"_s, true});
+        else if (name == "source"_s)
+            messages.last().source = reader.readElementText();
+        else if (name == "translation"_s) {
+            messages.last().isFinished = !reader.attributes().hasAttribute("type"_s);
+            if (!messages.last().isPlural)
+                messages.last().translations = QStringList{reader.readElementText()};
+        } else if (name == "numerusform"_s)
+            messages.last().translations << reader.readElementText();
+    }
+    return reader.hasError() ? QVector<Message>() : messages;
+}
+
+QStringList matches(const QString &expression, const QString &text)
+{
+    QStringList found;
+    auto all = QRegularExpression(expression).globalMatch(text);
+    while (all.hasNext())
+        found << all.next().captured();
+    found.sort();
+    found.removeDuplicates();
+    return found;
+}
+
+/** What the program, or the place where it is shown, relies on in a text. */
+QStringList essentials(const QString &text)
+{
+    const QRegularExpression edges("^(\\s*).*?(\\.{3}|:)?(\\s*)$"_s,
+                                   QRegularExpression::DotMatchesEverythingOption);
+    return matches("%L?(?:\\d+|n)"_s, text) + matches("\\*\\.[\\w.]+"_s, text) + matches("</?\\w+>"_s, text)
+           + edges.match(text).capturedTexts().mid(1)
+           + QStringList{QString::number(text.count(QLatin1Char('&'))), QString::number(text.count("\n"_s))};
+}
+} // namespace
+
+/** The translation files, and how the program takes its language from the user's. */
+class TranslationsTest : public QObject
+{
+    Q_OBJECT
+
+    static QString shown(const char *context, const char *text, int count = -1)
+    {
+        return QCoreApplication::translate(context, text, nullptr, count);
+    }
+
+private Q_SLOTS:
+    void cleanup() { QLocale::setDefault(QLocale::c()); }
+
+    void completeAndSound_data()
+    {
+        QTest::addColumn<int>("forms");
+        QTest::newRow("en") << 2;
+        QTest::newRow("de") << 2;
+        QTest::newRow("ru") << 3;
+    }
+
+    void completeAndSound()
+    {
+        QFETCH(int, forms);
+        const QString language = QLatin1String(QTest::currentDataTag());
+        const QString original
+            = QStringLiteral(SOURCE_FOLDER) + "/translations/velt-admin-repo_"_s + language + ".ts"_s;
+        const QTemporaryDir folder;
+        const QString file = folder.filePath("x_"_s + language + ".ts"_s);
+        QVERIFY(QFile::copy(original, file));
+        QProcess lupdate;
+        lupdate.setProcessChannelMode(QProcess::MergedChannels);
+        QStringList arguments{"-locations"_s, "none"_s, "-no-obsolete"_s};
+        if (language == "en"_s)
+            arguments << "-pluralonly"_s;
+        arguments << "-recursive"_s << QStringLiteral(SOURCE_FOLDER "/src") << "-ts"_s << file;
+        lupdate.start(QStringLiteral(LUPDATE), arguments);
+        QVERIFY(lupdate.waitForFinished(60000) && lupdate.exitCode() == 0);
+        const QByteArray said = lupdate.readAll();
+        QVERIFY2(!said.contains("Q_OBJECT"), said.constData());
+
+        const QVector<Message> messages = messagesOf(file);
+        QVERIFY(messages.size() > 10);
+        QStringList faults;
+        for (const Message &message : messages) {
+            const QString place = message.context + " \""_s + message.source + "\": "_s;
+            if (!message.isFinished || message.translations.contains(QString()))
+                faults << place + "not translated"_s;
+            else if (message.translations.size() != (message.isPlural ? forms : 1))
+                faults << place + "forms are missing"_s;
+            else
+                for (const QString &translation : message.translations)
+                    if (essentials(translation) != essentials(message.source))
+                        faults << place + translation;
+        }
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
+        QVERIFY2(readFile(file) == readFile(original), "build update-translations: texts have gone");
+    }
+
+    void pluralFormsOfEnglish()
+    {
+        // Of a language that is not there, too.
+        QLocale::setDefault(QLocale("fr"_s));
+        veltInit("0"_s, "Velt admin repo"_s);
+        QCOMPARE(shown("SearchPackageWidget", "%n package(s)", 1), "1 package"_s);
+        QCOMPARE(shown("SearchPackageWidget", "%n package(s)", 2), "2 packages"_s);
+        QCOMPARE(shown("QPlatformTheme", "Cancel"), "Cancel"_s);
+    }
+
+    void windowInTheLanguageOfTheUser_data()
+    {
+        QTest::addColumn<QStringList>("menus");
+        QTest::addColumn<QString>("cancel");
+        QTest::newRow("de_AT") << "Datei|Bearbeiten|Veröffentlichung|Einstellungen|Ansicht|Hilfe"_list
+                               << "Abbrechen"_s;
+        QTest::newRow("ru_RU") << "Файл|Правка|Публикация|Настройки|Вид|Справка"_list
+                               << "Отмена"_s;
+    }
+
+    void windowInTheLanguageOfTheUser()
+    {
+        QLocale::setDefault(QLocale(QLatin1String(QTest::currentDataTag())));
+        veltInit("0"_s, "Velt admin repo"_s);
+        const MainWindow window;
+        QStringList menus;
+        for (const QAction *action : window.findChild<QMenuBar *>()->actions())
+            menus << action->text().remove(QLatin1Char('&'));
+        QTEST(menus, "menus");
+        const QDialogButtonBox box(QDialogButtonBox::Cancel);
+        QTEST(box.buttons().first()->text().remove(QLatin1Char('&')), "cancel");
+    }
+
+    void languagesInTheirOrder()
+    {
+        // Each program reads them once.
+        const auto help = [](const QString &languages) {
+            const ScopedVariable wanted("LANGUAGE", languages);
+            QProcess process;
+            process.start(QStringLiteral(PROGRAM), {"--help"_s});
+            return process.waitForFinished() ? process.readAll() : QByteArray();
+        };
+        const QByteArray german = help("fr:de_CH:ru"_s);
+        QVERIFY2(german.contains("Paketdateien") && german.contains("Aufruf: "), german.constData());
+        QVERIFY(help("en:de"_s).contains("Package files"));
+    }
+};
+
+int main(int argc, char *argv[])
+{
+    // What the build has made, as if it were installed.
+    qputenv("XDG_DATA_DIRS", SHARE_FOLDER);
+    const TestEnvironment environment;
+    TestApplication<QApplication> application(argc, argv);
+    TranslationsTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_translations.moc"
