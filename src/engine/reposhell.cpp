@@ -4,6 +4,7 @@
 #include "core/scratchfolder.h"
 #include "depends/dependsdata.h"
 #include "engine/jobcontext.h"
+#include "engine/upgradesources.h"
 #include "server/helperclient.h"
 #include "server/reposervers.h"
 
@@ -15,6 +16,7 @@
 RepoShell::RepoShell(QObject *parent)
     : QObject(parent)
     , m_context(std::make_unique<JobContext>(*this))
+    , m_upgradeSources(std::make_unique<UpgradeSources>())
     , m_helper(std::make_unique<HelperClient>())
     , m_servers(std::make_unique<const RepoServers>())
 {

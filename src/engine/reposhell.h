@@ -28,9 +28,9 @@ class HelperClient;
 class JobContext;
 class JobFrame;
 struct PackageFile;
-class PrivateApt;
 class RepoServers;
 class ScratchFolder;
+class UpgradeSources;
 
 /**
  * The engine of one open repository: owns its path, its description and its package list, and carries out every
@@ -231,17 +231,13 @@ Q_SIGNALS:
     void repoCreated(int result);
 
 private:
-    struct UpgradeRun;
-
     mutable QMutex m_mutex; ///< guards what follows, up to the blank line
     QString m_path;
     RepoInfo m_repoInfo;
     QStringList m_openRepositories;
-    QStringList m_upgradeSources;
-    QVector<UpgradablePackage> m_upgradable;
-    std::shared_ptr<PrivateApt> m_upgradeApt; ///< for m_upgradeSources; null when its files are gone
 
     std::unique_ptr<JobContext> m_context; ///< with the package list
+    std::unique_ptr<UpgradeSources> m_upgradeSources;
     QFuture<int> m_future;
     int m_runningJobs = 0; ///< of the interface thread alone
     std::unique_ptr<ScratchFolder> m_tempDir; ///< what an import has unpacked
@@ -284,23 +280,6 @@ private:
                     const QList<PackageInfoPtr> &wanting,
                     JobFrame *frame);
     PackageFile fetch(const PackageInfo &package, const ScratchFolder &folder) const;
-
-    // --- upgrade: reposhell_upgrade.cpp
-    int prepareUpgradeBody(const QStringList &sources);
-    int upgradeBody(const QVector<UpgradablePackage> &packages, const AddOptions &options);
-    QString ownArchitecture() const;
-    std::shared_ptr<PrivateApt> upgradeApt();
-    bool fetchLists(PrivateApt *apt);
-    bool askRecords(const PrivateApt &apt,
-                    const QStringList &names,
-                    const std::function<bool()> &stopped,
-                    QVector<AptPackageRecord> *records);
-    QVector<UpgradablePackage> packagesToUpgrade(const QVector<UpgradablePackage> &kept);
-    ErrorCode askAgain(const QVector<QVector<UpgradablePackage>> &groups, UpgradeRun *run);
-    bool mustStopUpgrade();
-    void upgradeFrom(const QVector<UpgradablePackage> &group, UpgradeRun *run);
-    PackageFile fetchUpgrade(const UpgradablePackage &wanted, const UpgradeRun &run);
-    QList<PackageInfoPtr> replacedBy(const PackageFile &file, const QVector<UpgradablePackage> &group) const;
 
     // --- archives: reposhell_archives.cpp
     int exportRepoBody(const QString &target);
