@@ -8,6 +8,7 @@
 #include <QDBusPendingReply>
 
 #include <chrono>
+#include <utility>
 
 namespace
 {
@@ -61,9 +62,9 @@ Verdict verdictOf(const QDBusMessage &reply)
 }
 } // namespace
 
-Authority::Authority(const QDBusConnection &bus, QObject *parent)
+Authority::Authority(QDBusConnection bus, QObject *parent)
     : QObject(parent)
-    , m_bus(bus)
+    , m_bus(std::move(bus))
 {
     qDBusRegisterMetaType<Details>();
 }
@@ -73,7 +74,7 @@ QString Authority::check(const QString &caller,
                          const QMap<QString, QString> &details,
                          const Answer &answer)
 {
-    const QString question = QStringLiteral("velt-admin-repo-%1").arg(++m_count);
+    QString question = QStringLiteral("velt-admin-repo-%1").arg(++m_count);
     QDBusMessage call = authorityCall(QStringLiteral("CheckAuthorization"));
     call.setArguments(
         {subject(caller), action, QVariant::fromValue(details), AllowUserInteraction, question});

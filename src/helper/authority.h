@@ -22,7 +22,7 @@ public:
     /** `reason` says in a sentence why the answer is no. */
     using Answer = std::function<void(bool authorised, const QString &reason)>;
 
-    explicit Authority(const QDBusConnection &bus, QObject *parent = nullptr);
+    explicit Authority(QDBusConnection bus, QObject *parent = nullptr);
 
     /**
      * `caller` is a unique name of the bus, `action` one of the installed policy, `details` what the question may show.

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace
@@ -26,10 +27,10 @@ QDBusError::ErrorType errorOf(HelperOutcome::Kind kind)
 }
 } // namespace
 
-Manager::Manager(const QDBusConnection &bus, const Work &work, std::chrono::milliseconds idleTime)
-    : m_bus(bus)
-    , m_work(work)
-    , m_authority(bus)
+Manager::Manager(QDBusConnection bus, Work work, std::chrono::milliseconds idleTime)
+    : m_bus(std::move(bus))
+    , m_work(std::move(work))
+    , m_authority(m_bus)
 {
     m_worker.setMaxThreadCount(1);
     m_callers.setConnection(m_bus);

@@ -34,7 +34,7 @@ public:
     /** Checks once more what may have changed and does it; called on the worker thread. */
     using Work = std::function<HelperOutcome(const HelperRequest &)>;
 
-    Manager(const QDBusConnection &bus, const Work &work, std::chrono::milliseconds idleTime);
+    Manager(QDBusConnection bus, Work work, std::chrono::milliseconds idleTime);
     ~Manager() override;
 
     /** False when the name is somebody else's, or the bus does not let us have it. */

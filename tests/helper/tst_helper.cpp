@@ -1,0 +1,389 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "helper/manager.h"
+#include "helper/polkitpeer.h"
+#include "helper/privilegedwork.h"
+#include "helper/requestrules.h"
+#include "server/sourceline.h"
+#include "support/literals.h"
+#include "support/privatebus.h"
+#include "support/testenvironment.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusPendingReply>
+#include <QDBusReply>
+#include <QSemaphore>
+#include <QXmlStreamReader>
+#include <QtTest>
+
+#include <csignal>
+
+#include <unistd.h>
+
+using namespace std::chrono_literals;
+
+namespace
+{
+using Reply = QDBusPendingReply<bool>;
+
+const QString line = QStringLiteral("deb http://10.0.0.1:8000/ dog main");
+
+QDBusConnection connectTo(const PrivateBus &bus, const char *name)
+{
+    return QDBusConnection::connectToBus(bus.address(), QString::fromLatin1(name));
+}
+
+Reply call(const QDBusConnection &bus, const char *method, const QVariantList &arguments)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        Manager::Service, "/"_s, "org.corvana.velt.repo.Manager"_s, QString::fromLatin1(method));
+    message.setArguments(arguments);
+    return bus.asyncCall(message);
+}
+
+/** What a call has come to: "yes", "no", or the kind of its error. */
+QString resultOf(const Reply &reply)
+{
+    if (!QTest::qWaitFor([&] { return reply.isFinished(); }))
+        return "nothing"_s;
+    if (reply.isError())
+        return reply.error().name().section(u'.', -1);
+    return reply.value() ? "yes"_s : "no"_s;
+}
+
+/** The helper without its process, with work that is written down and waits for leave. */
+struct Inside
+{
+    explicit Inside(const PrivateBus &bus, std::chrono::milliseconds idleTime = 1h)
+        : manager(
+            connectTo(bus, "helper"),
+            [this](const HelperRequest &request) {
+                begun.release();
+                leave.acquire();
+                done += request.describe();
+                return HelperOutcome{request.port == 666 ? HelperOutcome::Failed : HelperOutcome::Done,
+                                     "No."_s};
+            },
+            idleTime)
+    {
+        if (!manager.start())
+            qFatal("no helper");
+    }
+    ~Inside()
+    {
+        leave.release(100);
+        QDBusConnection::disconnectFromBus("helper"_s);
+    }
+    Q_DISABLE_COPY(Inside)
+
+    QSemaphore begun;
+    QSemaphore leave{100};
+    QStringList done;
+    Manager manager;
+};
+
+/** The installed program. */
+struct Outside : QProcess
+{
+    explicit Outside(const QStringList &arguments = {}) { start(QStringLiteral(VELT_HELPER), arguments); }
+    bool isOnBus(const QDBusConnection &bus) const
+    {
+        return QTest::qWaitFor(
+            [&] { return bus.interface()->isServiceRegistered(Manager::Service).value(); });
+    }
+    bool endedWell() { return waitForFinished() && exitStatus() == NormalExit && exitCode() == 0; }
+};
+} // namespace
+
+class HelperTest : public QObject
+{
+    Q_OBJECT
+    std::unique_ptr<PrivateBus> m_bus;
+    int m_errors = 0;
+    QString m_reason;
+
+public Q_SLOTS:
+    void takeError(int /*kind*/, const QString &reason)
+    {
+        ++m_errors;
+        m_reason = reason;
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        VELT_NEED_TOOL("dbus-daemon");
+        m_bus = std::make_unique<PrivateBus>();
+    }
+
+    void cleanup()
+    {
+        for (const char *name : {"a", "b", "c"})
+            QDBusConnection::disconnectFromBus(QString::fromLatin1(name));
+    }
+
+    void answers()
+    {
+        const Inside inside(*m_bus);
+        QDBusConnection a = connectTo(*m_bus, "a");
+        QDBusConnection b = connectTo(*m_bus, "b");
+        const auto listen = [this](QDBusConnection &bus) {
+            return bus.connect(
+                {}, "/"_s, "org.corvana.velt.repo.Manager"_s, "Error"_s, this, SLOT(takeError(int, QString)));
+        };
+        QVERIFY(listen(a) && listen(b));
+        QCOMPARE(resultOf(call(a, "AddLocalSource", {line})), "AccessDenied"_s); // there is no polkit
+        PolkitPeer polkit(m_bus->address());
+        for (const auto answer :
+             {PolkitPeer::No, PolkitPeer::Dismissed, PolkitPeer::Broken, PolkitPeer::Nonsense}) {
+            polkit.answer = answer;
+            QCOMPARE(resultOf(call(a, "PublishRepo", {"/srv/r"_s, 80, 0})), "AccessDenied"_s);
+        }
+        QVERIFY(inside.done.isEmpty());
+        polkit.answer = PolkitPeer::Yes;
+        QCOMPARE(resultOf(call(a, "AddLocalSource", {line})), "yes"_s);
+        QCOMPARE(resultOf(call(a, "RemoveLocalSource", {line})), "yes"_s);
+        QCOMPARE(resultOf(call(a, "PublishRepo", {"/srv/r"_s, 80, 1})), "yes"_s);
+        QCOMPARE(m_errors, 5);
+        QCOMPARE(resultOf(call(b, "UnpublishRepo", {666, 0})), "no"_s);
+        QTRY_COMPARE(m_errors, 6); // each to its caller alone
+        QCOMPARE(m_reason, "No."_s);
+        QCOMPARE(
+            inside.done.join(u'\n'),
+            "AddLocalSource entry=\"%1\"\nRemoveLocalSource entry=\"%1\"\n"
+            "PublishRepo path=\"/srv/r\" port=\"80\" protocol=\"1\"\nUnpublishRepo port=\"666\" protocol=\"0\""_s
+                .arg(line));
+
+        QStringList asked;
+        for (const PolkitPeer::Question &question : polkit.questions.mid(4)) {
+            asked += question.action.section(u'.', -1);
+            QCOMPARE(question.flags, 1U);
+        }
+        QCOMPARE(asked.join(u' '), "add-local-source remove-local-source publish unpublish"_s);
+        QCOMPARE(polkit.questions.last().subject, "system-bus-name "_s + b.baseService());
+        QCOMPARE(polkit.questions.at(6).details.value("path"_s), "/srv/r"_s);
+        // Each of the actions is one that the installed policy knows.
+        QXmlStreamReader policy(readFile(QStringLiteral(VELT_POLICY)));
+        QStringList known;
+        while (!policy.atEnd()) {
+            if (policy.readNext() == QXmlStreamReader::StartElement && policy.name() == "action"_s)
+                known += policy.attributes().value("id"_s).toString();
+        }
+        for (const PolkitPeer::Question &question : qAsConst(polkit.questions))
+            QVERIFY2(known.contains(question.action), qPrintable(question.action));
+        QCOMPARE(known.size(), 4);
+    }
+
+    void hostileArguments()
+    {
+        const Inside inside(*m_bus);
+        PolkitPeer polkit(m_bus->address());
+        const QDBusConnection a = connectTo(*m_bus, "a");
+        const QVector<QPair<QString, QVariantList>> paths{
+            {"PublishRepo"_s, {"/srv/r\nExecStartPre=/bin/sh"_s, 80, 0}},
+            {"PublishRepo"_s, {"/srv/%h"_s, 80, 0}},
+            {"PublishRepo"_s, {"/srv/\"r"_s, 80, 0}},
+            {"PublishRepo"_s, {"/srv/../etc"_s, 80, 0}},
+            {"PublishRepo"_s, {"srv"_s, 80, 0}},
+            {"PublishRepo"_s, {""_s, 80, 0}},
+            {"PublishRepo"_s, {"/srv/r"_s, 0, 0}},
+            {"PublishRepo"_s, {"/srv/r"_s, 70000, 0}},
+            {"PublishRepo"_s, {"/srv/r"_s, 80, 2}},
+            {"UnpublishRepo"_s, {-1, 0}},
+            {"UnpublishRepo"_s, {80, 7}},
+        };
+        for (const auto &[method, arguments] : paths)
+            QCOMPARE(resultOf(call(a, method.toLatin1().constData(), arguments)), "InvalidArgs"_s);
+        const QStringList entries{
+            QString(),
+            "#"_s,
+            line + u'\n',
+            line + "\ndeb http://evil:80/ dog main"_s,
+            line + "\rx"_s,
+            line + " "_s,
+            line + " [x]"_s,
+            "deb-src http://h:80/ dog main"_s,
+            "deb [signed-by=/tmp/k] http://h:80/ dog main"_s,
+            "deb [trusted=yes arch=amd64] http://h:80/ dog main"_s,
+            "deb [allow-insecure=yes] http://h:80/ dog main"_s,
+            "deb https://h:80/ dog main"_s,
+            "deb http://u:p@h:80/ dog main"_s,
+            "deb http://h:0/ dog main"_s,
+            "deb http://h:70000/ dog main"_s,
+            "deb http://h:80/x/ dog main"_s,
+            "deb http://h:80/ dog/ main"_s,
+            "deb http://h:80/ dog"_s,
+            "deb file:///srv/a b/ dog main"_s,
+            "deb file:///srv/../etc/ dog main"_s,
+            "deb file:///srv/%41/ dog main"_s,
+            "deb copy:///srv/a/ dog main"_s,
+            line + QString(1000000, u'a'),
+        };
+        for (const QString &entry : entries) {
+            QCOMPARE(resultOf(call(a, "AddLocalSource", {entry})), "InvalidArgs"_s);
+            QCOMPARE(resultOf(call(a, "RemoveLocalSource", {entry})), "InvalidArgs"_s);
+        }
+        QCOMPARE(resultOf(call(a, "PublishRepo", {"/srv/r"_s, 80U, 0})), "UnknownMethod"_s);
+        QCOMPARE(resultOf(call(a, "deleteLater", {})), "UnknownMethod"_s);
+        QVERIFY(polkit.questions.isEmpty() && inside.done.isEmpty());
+
+        for (const bool trusted : {false, true}) {
+            for (const QString &architectures : {QString(), "amd64"_s, "i386 kfreebsd-amd64"_s}) {
+                for (const int protocol : {HttpProtocol, FtpProtocol, LocalDirectoryProtocol}) {
+                    const SourceLine own{trusted,
+                                         architectures,
+                                         protocol,
+                                         "host-1.lan"_s,
+                                         65535,
+                                         "/srv/мой@1"_s,
+                                         "s/u_1"_s,
+                                         "main  a-b"_s};
+                    QCOMPARE(RequestRules::entryProblem(own.text()), QString());
+                }
+            }
+        }
+    }
+
+    void manyCallers()
+    {
+        Inside inside(*m_bus);
+        PolkitPeer polkit(m_bus->address());
+        // Who holds no connection can leave.
+        const auto from = [this](const char *caller, int port) {
+            return call(connectTo(*m_bus, caller), "UnpublishRepo", {port, 0});
+        };
+        // A question that nobody answers holds up neither others nor, when its caller has left, itself.
+        polkit.answer = PolkitPeer::Silence;
+        from("c", 1);
+        QTRY_COMPARE(polkit.questions.size(), 1);
+        polkit.answer = PolkitPeer::Yes;
+        QCOMPARE(resultOf(from("a", 2)), "yes"_s);
+        // One after another; who leaves meanwhile takes along what has not begun, and only that.
+        inside.leave.acquire(99);
+        inside.begun.acquire();
+        from("a", 3);
+        QTRY_COMPARE(inside.begun.available(), 1);
+        inside.begun.acquire();
+        from("c", 4);
+        const Reply queued = from("b", 5);
+        QTRY_COMPARE(polkit.questions.size(), 5);
+        QDBusConnection::disconnectFromBus("c"_s);
+        QTRY_COMPARE(polkit.takenBack, QStringList(polkit.questions.first().id));
+        QDBusConnection::disconnectFromBus("a"_s);
+        QVERIFY(!inside.begun.tryAcquire(1, 20));
+        inside.leave.release(99);
+        QCOMPARE(resultOf(queued), "yes"_s);
+        QCOMPARE(inside.done.size(), 3);
+        QVERIFY(inside.done.at(1).contains("\"3\""_s) && inside.done.at(2).contains("\"5\""_s));
+
+        // Nobody can fill the helper, and stopping it answers everybody.
+        polkit.answer = PolkitPeer::Silence;
+        QVector<Reply> many;
+        for (int i = 0; i < 9; ++i)
+            many += from("b", 6);
+        QCOMPARE(resultOf(many.last()), "LimitsExceeded"_s);
+        QTRY_COMPARE(polkit.questions.size(), 13);
+        QSignalSpy finished(&inside.manager, &Manager::finished);
+        inside.manager.stop();
+        for (int i = 0; i < 8; ++i)
+            QCOMPARE(resultOf(many.at(i)), "NoReply"_s);
+        QTRY_VERIFY(!finished.isEmpty());
+        QTRY_COMPARE(polkit.takenBack.size(), 9);
+        QCOMPARE(inside.done.size(), 3);
+    }
+
+    void callBeforeTheEnd()
+    {
+        Inside inside(*m_bus);
+        PolkitPeer polkit(m_bus->address());
+        const QDBusConnection a = connectTo(*m_bus, "a");
+        const Reply late = call(a, "UnpublishRepo", {1, 0});
+        a.interface()->serviceOwner(Manager::Service); // by now the bus has handed on the call
+        QSignalSpy finished(&inside.manager, &Manager::finished);
+        inside.manager.stop();
+        QVERIFY(!a.interface()->isServiceRegistered(Manager::Service));
+        QCOMPARE(resultOf(late), "yes"_s);
+        QTRY_VERIFY(!finished.isEmpty());
+    }
+
+    void process()
+    {
+        const QDBusConnection a = connectTo(*m_bus, "a");
+        PolkitPeer polkit(m_bus->address());
+        QTemporaryDir folder;
+        writeFile(folder.filePath("r/conf/distributions"_s), "x");
+        QVERIFY(QFile::link(folder.filePath("r"_s), folder.filePath("link"_s)));
+        {
+            Outside helper;
+            QVERIFY(helper.isOnBus(a));
+            // What may be done, and yet changes nothing here.
+            QCOMPARE(resultOf(call(a, "RemoveLocalSource", {"deb ftp://nowhere:1/ dog main"_s})), "yes"_s);
+            QCOMPARE(resultOf(call(a, "PublishRepo", {folder.filePath("link"_s), 80, 0})), "InvalidArgs"_s);
+            QCOMPARE(resultOf(call(a, "PublishRepo", {folder.filePath("r\n<0>"_s), 80, 0})), "InvalidArgs"_s);
+            polkit.answer = PolkitPeer::Silence;
+            const Reply unanswered = call(a, "UnpublishRepo", {1, 0});
+            QTRY_COMPARE(polkit.questions.size(), 3);
+            helper.kill();
+            QCOMPARE(resultOf(unanswered), "NoReply"_s);
+            helper.waitForFinished();
+            const QString journal = QString::fromUtf8(helper.readAllStandardError());
+            QVERIFY(journal.contains("r\\u000a<0>\" port=\"80\""_s));
+            QVERIFY(journal.startsWith("<6>request 1 of %1, user %2: RemoveLocalSource"_s.arg(
+                a.baseService(), QString::number(::getuid()))));
+        }
+        Outside stopped;
+        QVERIFY(stopped.isOnBus(a));
+        const Reply waiting = call(a, "UnpublishRepo", {1, 0});
+        QTRY_COMPARE(polkit.questions.size(), 4);
+        Outside second;
+        QVERIFY(second.waitForFinished() && second.exitCode() == 1); // there is one already
+        stopped.terminate();
+        QCOMPARE(resultOf(waiting), "NoReply"_s);
+        QVERIFY(stopped.endedWell());
+        Outside idle({"--idle-time"_s, "1"_s});
+        QVERIFY(idle.endedWell());
+        Outside wrong({"--idle-time"_s, "-5"_s});
+        QVERIFY(wrong.waitForFinished() && wrong.exitCode() == 1);
+    }
+
+    void sourcesFile()
+    {
+        QTemporaryDir folder;
+        PrivilegedWork::Places places;
+        places.sources = folder.filePath("d/velt.list"_s);
+        places.ftpConfig = folder.filePath("vsftpd.conf"_s);
+        PrivilegedWork work(places);
+        const HelperRequest add{HelperRequest::AddLocalSource, line, {}, 0, 0};
+        const HelperRequest remove{HelperRequest::RemoveLocalSource, line, {}, 0, 0};
+        const HelperOutcome nowhere = work.run(add);
+        QVERIFY(nowhere.kind == HelperOutcome::Failed && !nowhere.reason.isEmpty());
+        QVERIFY(QDir(folder.path()).mkdir("d"_s));
+        QCOMPARE(work.run(remove).kind, HelperOutcome::Done);
+        QVERIFY(!QFile::exists(places.sources));
+        QCOMPARE(work.run(add).kind, HelperOutcome::Done);
+        QCOMPARE(readFile(places.sources), line.toUtf8() + '\n');
+        const QByteArray byHand = "# \xe9\x80 not of any encoding\r\n\ndeb http://h:1/ x y";
+        writeFile(places.sources, byHand);
+        QCOMPARE(work.run(add).kind, HelperOutcome::Done);
+        QCOMPARE(readFile(places.sources), byHand + '\n' + line.toUtf8() + '\n');
+        QCOMPARE(QFile(places.sources).permissions() & QFile::Permissions(0x0fff),
+                 QFile::Permissions(0x0644) & 0x0fff);
+        QCOMPARE(work.run(remove).kind, HelperOutcome::Done);
+        QCOMPARE(readFile(places.sources), byHand + '\n');
+
+        const QString victim = folder.filePath("victim"_s);
+        writeFile(victim, "v");
+        QVERIFY(QFile::remove(places.sources) && QFile::link(victim, places.sources));
+        QCOMPARE(work.run(add).kind, HelperOutcome::Failed);
+        QCOMPARE(readFile(victim), QByteArray("v"));
+        // The FTP server of somebody else goes on.
+        writeFile(places.ftpConfig, "listen=yes\nlisten_port=21\nanon_root=/srv\n");
+        QCOMPARE(work.run({HelperRequest::UnpublishRepo, {}, {}, 21, 1}).kind, HelperOutcome::Failed);
+        // What the text could not tell, the file system does.
+        QCOMPARE(work.run({HelperRequest::PublishRepo, {}, folder.path(), 80, 0}).kind,
+                 HelperOutcome::Invalid);
+        QCOMPARE(work.run({HelperRequest::UnpublishRepo, {}, {}, 0, 0}).kind, HelperOutcome::Invalid);
+    }
+};
+
+VELT_TEST_MAIN(HelperTest, QCoreApplication)
+#include "tst_helper.moc"
