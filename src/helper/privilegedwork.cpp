@@ -62,9 +62,9 @@ HelperOutcome PrivilegedWork::changeSources(const HelperRequest &request) const
 HelperOutcome PrivilegedWork::publish(const HelperRequest &request)
 {
     if (!PublicationPath::isPublishable(request.path)) {
-        return {
-            HelperOutcome::Invalid,
-            QStringLiteral("%1 is not the canonical path of a repository's directory.").arg(request.path)};
+        return {HelperOutcome::Invalid,
+                QStringLiteral("%1 is not the canonical path of a repository outside of /tmp.")
+                    .arg(request.path)};
     }
     if (!server(request.protocol).publish(request.path, request.port))
         return {HelperOutcome::Failed, QStringLiteral("The server could not be started.")};
