@@ -97,7 +97,11 @@ inline Script::Step answer(const QString &title, const QString &button)
 class WindowDriver
 {
 public:
-    WindowDriver() { m_window.show(); }
+    explicit WindowDriver(PublicationMonitor *monitor = nullptr)
+        : m_window(monitor)
+    {
+        m_window.show();
+    }
 
     MainWindow &window() { return m_window; }
     QTabWidget *tabs() const { return child<QTabWidget>(m_window, "tabWidget"); }
