@@ -5,7 +5,8 @@
 # shellcheck disable=SC2034
 packages_build=(g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools libqca-qt5-2-dev libkf5archive-dev libkf5itemviews-dev zlib1g-dev libapt-pkg-dev libsystemd-dev pkgconf rapidjson-dev)
 packages_run=(reprepro archivemount dpkg apt gnupg libqca-qt5-2-plugins lsb-release libqt5svg5 qttranslations5-l10n breeze-icon-theme hicolor-icon-theme)
-packages_test=(dpkg-dev debsig-verify shellcheck xvfb xauth openbox fonts-dejavu-core clang-format desktop-file-utils appstream man-db)
+packages_test=(dpkg-dev debsig-verify shellcheck xvfb xauth openbox fonts-dejavu-core clang-format desktop-file-utils appstream man-db libxml2-utils
+    lighttpd vsftpd polkitd dbus systemd curl procps iproute2 python3)
 
 # need PACKAGE...: installs those that are missing; without any it asks dpkg and nothing else.
 need() {
@@ -23,9 +24,23 @@ need() {
         fi
         as_root=(sudo)
     fi
+    # The servers are for the tests, which start them in a system of their own; here they would take ports 80 and 21.
+    local idle=() status=0
+    if [ -d /run/systemd/system ]; then
+        for package in "${missing[@]}"; do
+            case "$package" in lighttpd | vsftpd) idle+=("$package.service") ;; esac
+        done
+    fi
+    [ ${#idle[@]} -eq 0 ] || "${as_root[@]}" systemctl mask --runtime "${idle[@]}"
     echo "Installing missing packages: ${missing[*]}"
-    "${as_root[@]}" apt-get update -q
-    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}"
+    { "${as_root[@]}" apt-get update -q &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -q -y --no-install-recommends "${missing[@]}"; } || status=$?
+    if [ ${#idle[@]} -gt 0 ]; then
+        "${as_root[@]}" systemctl unmask --runtime "${idle[@]}"
+        "${as_root[@]}" systemctl disable "${idle[@]}" || true
+    fi
+    return "$status"
 }
 
 # configure PRESET [ARGUMENT...]: makes build/PRESET ready, with a compiler cache where there is one.
