@@ -280,14 +280,4 @@ private:
                     const QList<PackageInfoPtr> &wanting,
                     JobFrame *frame);
     PackageFile fetch(const PackageInfo &package, const ScratchFolder &folder) const;
-
-    // --- archives: reposhell_archives.cpp
-    int exportRepoBody(const QString &target);
-    int exportPackagesBody(const QList<PackageInfoPtr> &packages, const QString &target, bool withDepends);
-    bool mayExport(const QString &target);
-    int exportFailed(JobFrame *frame, const QString &reason);
-    QHash<PackageKey, QString> poolFiles(const QList<PackageInfoPtr> &packages);
-    int importBody(const QString &archive, const AddOptions &options);
-    bool collectPackages(const QString &source, QStringList *files);
-    bool unpackPackages(const QString &archive, QStringList *files);
 };

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/exportjob.h"
+
+#include "depends/dependscollection.h"
+#include "engine/archivecontents.h"
+#include "engine/archivewriter.h"
+#include "engine/jobframe.h"
+#include "engine/pathguard.h"
+#include "engine/repolock.h"
+#include "engine/repreprocommands.h"
+
+#include <QFileInfo>
+
+#include <utility>
+
+namespace
+{
+QString suffixOf(const PackageInfo &package)
+{
+    return package.type == PackageType::Udeb ? QStringLiteral(".udeb") : QStringLiteral(".deb");
+}
+} // namespace
+
+ExportJob::ExportJob(JobContext &context, QString target)
+    : m_context(context)
+    , m_target(std::move(target))
+{ }
+
+int ExportJob::exportRepo()
+{
+    JobFrame frame(m_context, tr("Exporting repository"));
+    if (!mayExport())
+        return frame.finish(ERROR, tr("Repository is not exported"));
+    const auto listing = ArchiveContents::ofRepository(m_context.path());
+    if (!listing.error.isEmpty()) {
+        m_context.critical(tr("Can't open repository dir"), listing.error);
+        return frame.finish(ERROR, tr("Repository is not exported"));
+    }
+    ArchiveWriter writer(m_target, [this] { return m_context.isCanceled(); });
+    if (!writer.open())
+        return failed(&frame, writer.error());
+    m_context.setProgressRange(listing.entries.size());
+    for (const auto &entry : listing.entries) {
+        const auto result
+            = m_context.isCanceled() ? ArchiveWriter::Result::Stopped : writer.add(entry.path, entry.member);
+        if (result == ArchiveWriter::Result::Stopped)
+            return frame.finish(CANCEL, tr("Operation stopped. Repository not exported."));
+        if (result == ArchiveWriter::Result::Failed)
+            return failed(&frame, writer.error());
+        frame.quickItemDone();
+    }
+    if (!writer.commit())
+        return failed(&frame, writer.error());
+    m_context.showProgress();
+    return frame.finish(SUCCESS, tr("Repository exported."));
+}
+
+int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDepends)
+{
+    JobFrame frame(m_context, packages.size() == 1 ? tr("Exporting package") : tr("Exporting packages"));
+    if (!mayExport())
+        return frame.finish(ERROR, tr("Repository is not exported"));
+    const QList<PackageInfoPtr> needed
+        = withDepends ? localDependencies(packages, LocalCandidates(m_context.packages().all()))
+                      : QList<PackageInfoPtr>();
+    const auto files = poolFiles(packages + needed);
+    ArchiveWriter writer(m_target, [this] { return m_context.isCanceled(); });
+    if (!writer.open())
+        return failed(&frame, writer.error());
+
+    QHash<QString, QString> members; // the files by their names in the archive
+    auto result = ArchiveWriter::Result::Added;
+    for (const PackageInfoPtr &package : packages + needed) {
+        const QString file = files.value(PackageKey::of(*package));
+        QString member = QFileInfo(file).fileName();
+        // Components can hold different packages under one file name.
+        if (members.value(member, file) != file)
+            member.prepend(package->indexComponent + QLatin1Char('/'));
+        if (m_context.isCanceled())
+            result = ArchiveWriter::Result::Stopped;
+        else if (file.isEmpty())
+            return failed(&frame, tr("The file of the package %1 is not known.").arg(package->name));
+        else if (!members.contains(member))
+            result = writer.add(file, member);
+        if (result == ArchiveWriter::Result::Failed)
+            return failed(&frame, writer.error());
+        if (result == ArchiveWriter::Result::Stopped)
+            break;
+        members.insert(member, file);
+        frame.itemDone(packages.size() + needed.size());
+    }
+    // An archive of nothing must not replace an older one.
+    if (!(result == ArchiveWriter::Result::Stopped && members.isEmpty()) && !writer.commit())
+        return failed(&frame, writer.error());
+    if (result == ArchiveWriter::Result::Stopped)
+        return frame.finish(CANCEL,
+                            packages.size() == 1 ? tr("Operation stopped. Package not exported.")
+                                                 : tr("Operation stopped. Packages not exported."));
+    return frame.finish(SUCCESS, tr("Export finished"));
+}
+
+bool ExportJob::mayExport()
+{
+    const QString repoPath = m_context.path();
+    if (!QFileInfo(repoPath).isDir()) {
+        m_context.critical(tr("Can't open repository dir"), repoPath);
+        return false;
+    }
+    const QString place = PathGuard::resolved(m_target);
+    if (place.startsWith(PathGuard::resolved(repoPath) + QLatin1Char('/'))) {
+        m_context.critical(
+            tr("Can't create archive for export"),
+            tr("%1 lies in the repository itself. Choose a place outside of it.").arg(m_target));
+        return false;
+    }
+    const RepoLock::State state = RepoLock::state(repoPath);
+    if (state != RepoLock::State::Free && state != RepoLock::State::Stale) {
+        m_context.critical(
+            tr("The repository %1 is being changed by another program. Try again when it is done.")
+                .arg(repoPath));
+        return false;
+    }
+    return true;
+}
+
+int ExportJob::failed(JobFrame *frame, const QString &reason)
+{
+    m_context.critical(tr("Can't create archive for export"), reason);
+    return frame->finish(ERROR, tr("Repository is not exported"));
+}
+
+QHash<PackageKey, QString> ExportJob::poolFiles(const QList<PackageInfoPtr> &packages)
+{
+    // A question for each takes longer than copying most packages; all at once can be asked in one run.
+    constexpr int FewPackages = 4;
+    QHash<PackageKey, QString> files;
+    if (packages.size() <= FewPackages) {
+        for (const PackageInfoPtr &package : packages) {
+            m_context.packageFilePath(package->name, package->indexComponent, package->architecture);
+            const QStringList lines = m_context.lastOutput().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+            for (const QString &line : lines)
+                if (line.endsWith(suffixOf(*package)))
+                    files.insert(PackageKey::of(*package), m_context.path() + QLatin1Char('/') + line);
+        }
+        return files;
+    }
+    m_context.runReprepro(ReproCommand::listAllFiles(m_context.repoInfo().codename));
+    const QStringList lines = m_context.lastOutput().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    files.reserve(lines.size());
+    for (const QString &line : lines) {
+        const QString file = line.section(QLatin1Char(' '), 3);
+        const auto type = file.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
+        const QStringList words = line.split(QLatin1Char(' '));
+        files.insert({words.value(2), words.value(0), words.value(1), type},
+                     m_context.path() + QLatin1Char('/') + file);
+    }
+    return files;
+}

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/importjob.h"
+
+#include "core/scratchfolder.h"
+#include "engine/archivecontents.h"
+#include "engine/archiveutils.h"
+#include "engine/jobframe.h"
+#include "engine/packageadding.h"
+#include "engine/packageextractor.h"
+
+#include <QFileInfo>
+#include <QScopeGuard>
+
+int ImportJob::run(const QString &source, const AddOptions &options)
+{
+    JobFrame frame(m_context, tr("Start repo import"));
+    if (!m_context.isDatabaseThere())
+        return frame.finish(ERROR, tr("Import error!"));
+    const auto cleanUp = qScopeGuard([this] { m_folder.reset(); });
+    QStringList files;
+    const bool collected = collectPackages(source, &files);
+    if (m_context.isCanceled())
+        return frame.finish(CANCEL, tr("Package(s) not imported"));
+    if (!collected)
+        return frame.finish(ERROR, tr("Import error!"));
+    if (files.isEmpty())
+        return frame.finish(ERROR, tr("Import failed: there are no packages by selected path"));
+
+    constexpr bool WithoutCheck = false;
+    PackageAdding adding(m_context, options, files.size() == 1, WithoutCheck);
+    if (adding.addFiles(files, &frame) == CANCEL)
+        return frame.finish(CANCEL, tr("Package(s) not imported"));
+    return frame.finish(SUCCESS, tr("%n package(s) imported", nullptr, adding.addedCount()));
+}
+
+bool ImportJob::collectPackages(const QString &source, QStringList *files)
+{
+    const QFileInfo info(source);
+    if (!info.isDir())
+        return unpackPackages(source, files);
+    if (!info.isReadable()) {
+        m_context.critical(tr("Can't open archive for import!"), source);
+        return false;
+    }
+    *files
+        = ArchiveContents::packagesBelow(source, m_context.path(), [this] { return m_context.isCanceled(); });
+    return true;
+}
+
+bool ImportJob::unpackPackages(const QString &archive, QStringList *files)
+{
+    const auto stopped = [this] { return m_context.isCanceled(); };
+    bool isMounting = true;
+    ArchiveUtils mounted;
+    QObject::connect(&mounted,
+                     &ProcessUtils::error,
+                     &mounted,
+                     [this, &isMounting](const QString &text, const QString &details) {
+                         // A mount that was stopped has failed as wished.
+                         if (!isMounting || !m_context.isCanceled())
+                             m_context.critical(text, details);
+                     });
+    mounted.setStopRequest(stopped);
+    if (!mounted.mount(archive))
+        return false;
+    isMounting = false;
+    const QStringList listed = ArchiveContents::packagesBelow(ArchiveUtils::mountPoint(), QString(), stopped);
+    m_folder = std::make_unique<ScratchFolder>();
+    if (!m_folder->isValid()) {
+        m_context.critical(tr("Can't open archive for import!"),
+                           tr("No temporary folder could be made to unpack it in."));
+        return false;
+    }
+    // Every file that is opened below the mount point reads the archive from its start, so all are taken in one pass.
+    PackageExtractor extractor(m_folder->path(), stopped);
+    PackageExtractor::Result result = extractor.extract(archive);
+    if (result == PackageExtractor::Result::NoTar)
+        result = extractor.copy(listed);
+    mounted.umount();
+    if (result == PackageExtractor::Result::Damaged)
+        m_context.critical(tr("Can't open archive for import!"), extractor.error());
+    *files = extractor.files();
+    return result == PackageExtractor::Result::Done;
+}

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/repoenums.h"
+#include "engine/addoptions.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <memory>
+
+class JobContext;
+class ScratchFolder;
+
+/** Adds the packages in an archive, or those below a folder. */
+class ImportJob : public RepoEnums
+{
+    Q_DECLARE_TR_FUNCTIONS(RepoShell)
+public:
+    /** What is unpacked lies in `folder`, which is empty again when the job ends. */
+    ImportJob(JobContext &context, std::unique_ptr<ScratchFolder> &folder)
+        : m_context(context)
+        , m_folder(folder)
+    { }
+
+    /** `source` is an absolute path. */
+    int run(const QString &source, const AddOptions &options);
+
+private:
+    JobContext &m_context;
+    std::unique_ptr<ScratchFolder> &m_folder;
+
+    bool collectPackages(const QString &source, QStringList *files);
+    bool unpackPackages(const QString &archive, QStringList *files);
+};
