@@ -39,6 +39,10 @@ PublicationRules PublicationRules::judge(const PublicationRequest &request,
     rules.obstacle = badRequest(request);
     if (rules.obstacle.isEmpty())
         rules.obstacle = rules.conflict(request, publications, listening);
+    if (!rules.mayPublish()) {
+        rules.replaced.reset();
+        rules.stopsFirst = false;
+    }
     return rules;
 }
 

@@ -1,0 +1,459 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/reposhell.h"
+#include "server/helperclient.h"
+#include "server/listeningports.h"
+#include "server/publicationmonitor.h"
+#include "server/publicationrules.h"
+#include "server/reposervers.h"
+#include "support/literals.h"
+#include "support/privatebus.h"
+#include "support/systemdpeer.h"
+#include "support/testenvironment.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
+#include <QTcpServer>
+#include <QtTest>
+
+#include <condition_variable>
+#include <mutex>
+
+namespace
+{
+/** Set for the run of this program in which there is no bus. */
+constexpr const char *withoutBusVariable = "VELT_TEST_WITHOUT_BUS";
+const QString peerName = "helper-peer"_s;
+
+/** Plays the helper on the bus, from the test's own event loop: a client that blocks never gets an answer. */
+class HelperPeer : public QDBusVirtualObject
+{
+public:
+    enum Behaviour { Yes, No, Refuse, Die };
+
+    explicit HelperPeer(const QString &address)
+    {
+        QDBusConnection bus = QDBusConnection::connectToBus(address, peerName);
+        if (!bus.registerVirtualObject("/"_s, this) || !bus.registerService("org.corvana.velt.repo"_s))
+            qFatal("no place for the helper on the bus");
+    }
+    ~HelperPeer() override { QDBusConnection::disconnectFromBus(peerName); }
+
+    QString introspect(const QString & /*path*/) const override { return {}; }
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
+    {
+        calls += message.interface().section("."_s, -1) + " "_s + message.member() + " "_s
+                 + message.signature()
+                 + (message.isInteractiveAuthorizationAllowed() ? " asks"_s : QString());
+        arguments = message.arguments();
+        if (behaviour == Die)
+            QTimer::singleShot(0, this, [] { QDBusConnection::disconnectFromBus(peerName); });
+        else if (behaviour == Refuse)
+            connection.send(message.createErrorReply(QDBusError::AccessDenied, "no"_s));
+        else // only when the loop has turned
+            QTimer::singleShot(30, this, [connection, reply = message.createReply(behaviour == Yes)] {
+                connection.send(reply);
+            });
+        return true;
+    }
+
+    Behaviour behaviour = Yes;
+    QStringList calls;
+    QVariantList arguments;
+};
+
+/** A server that serves what it was told to. */
+class FakeServer : public RepoServer
+{
+public:
+    explicit FakeServer(QList<PublishedRepo> repos)
+        : m_repos(std::move(repos))
+    { }
+    bool publish(const QString & /*path*/, int /*port*/) override { return false; }
+    bool unpublish(int /*port*/) override { return false; }
+    bool isPublished(int /*port*/) override { return false; }
+    QList<PublishedRepo> publishedRepos() override { return m_repos; }
+    QString log() override { return {}; }
+
+private:
+    QList<PublishedRepo> m_repos;
+};
+
+/** Gives a monitor its pictures, each only when it is let go. */
+struct Gate
+{
+    std::mutex mutex;
+    std::condition_variable condition;
+    int allowed = 0;
+    int begun = 0;
+    int ended = 0;
+    int port = 1;
+
+    static PublicationMonitor::Reader reader(const std::shared_ptr<Gate> &gate)
+    {
+        return [gate] {
+            std::unique_lock lock(gate->mutex);
+            ++gate->begun;
+            gate->condition.wait(lock, [&] { return gate->ended < gate->allowed; });
+            ++gate->ended;
+            return PublicationMonitor::Picture{{{{gate->port, "HTTP"_s, "/srv/a"_s}, HttpProtocol, {}}}, {}};
+        };
+    }
+    void allow(int readings)
+    {
+        const std::lock_guard lock(mutex);
+        allowed += readings;
+        condition.notify_all();
+    }
+    int count(int Gate::*counter)
+    {
+        const std::lock_guard lock(mutex);
+        return this->*counter;
+    }
+};
+
+QString toldBy(const std::function<void(HelperClient &, const HelperClient::Answer &)> &call)
+{
+    HelperClient client;
+    QStringList told;
+    call(client, [&told](const HelperClient::Result &result) {
+        told += (result.done ? "done "_s : "not "_s) + result.errorText + "|"_s + result.details;
+    });
+    // The answer never comes from within the call, and never twice.
+    if (!told.isEmpty())
+        return "at once"_s;
+    if (!QTest::qWaitFor([&told] { return !told.isEmpty(); }))
+        return "never"_s;
+    QTest::qWait(20);
+    return told.join(" and "_s);
+}
+
+void publish(HelperClient &client, const HelperClient::Answer &answer)
+{
+    client.publishRepo("/srv/a b"_s, 8000, FtpProtocol, answer);
+}
+} // namespace
+
+class PublicationClientTest : public QObject
+{
+    Q_OBJECT
+private:
+    std::optional<PrivateBus> m_bus;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        if (!qEnvironmentVariableIsSet(withoutBusVariable))
+            m_bus.emplace();
+    }
+
+    void withoutBus()
+    {
+        if (m_bus) {
+            // What is the system's bus is settled once in a process.
+            const ScopedVariable here(withoutBusVariable, "1"_s);
+            const ScopedVariable nothing("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nonexistent/bus"_s);
+            QProcess again;
+            again.start(QCoreApplication::applicationFilePath(), {"withoutBus"_s});
+            QVERIFY(again.waitForFinished() && again.exitStatus() == QProcess::NormalExit);
+            QVERIFY2(again.exitCode() == 0, again.readAllStandardOutput().constData());
+            return;
+        }
+        QCOMPARE(toldBy(&publish),
+                 "not The repository is not published!|The call/process/message was sent after "
+                 "QDBusConnection disconnected."_s);
+        PublicationMonitor monitor;
+        QSignalSpy refreshed(&monitor, &PublicationMonitor::refreshed);
+        QVERIFY(refreshed.wait());
+    }
+
+    void helper()
+    {
+        const auto add
+            = [](HelperClient &client, const auto &answer) { client.addLocalSource("deb x"_s, answer); };
+        const auto remove
+            = [](HelperClient &client, const auto &answer) { client.removeLocalSource("deb x"_s, answer); };
+        const auto unpublish = [](HelperClient &client, const auto &answer) {
+            client.unpublishRepo(8000, FtpProtocol, answer);
+        };
+        QCOMPARE(toldBy(&publish), "not The repository is not published!|The called service is not known."_s);
+
+        HelperPeer peer(m_bus->address());
+        QCOMPARE(toldBy(&publish), "done |"_s);
+        QCOMPARE(peer.arguments, (QVariantList{"/srv/a b"_s, 8000, 1}));
+        QCOMPARE(toldBy(unpublish), "done |"_s);
+        QCOMPARE(peer.arguments, (QVariantList{8000, 1}));
+        QCOMPARE(toldBy(add), "done |"_s);
+        QCOMPARE(toldBy(remove), "done |"_s);
+        QCOMPARE(peer.calls,
+                 (QStringList{"Manager PublishRepo sii asks"_s,
+                              "Manager UnpublishRepo ii asks"_s,
+                              "Manager AddLocalSource s asks"_s,
+                              "Manager RemoveLocalSource s asks"_s}));
+        peer.behaviour = HelperPeer::No;
+        QCOMPARE(toldBy(&publish) + toldBy(unpublish), "not |not |"_s);
+        QCOMPARE(toldBy(add), "not Failed to add repository to local sources list!|"_s);
+        QCOMPARE(toldBy(remove), "not Failed to remove repository from local sources list!|"_s);
+        peer.behaviour = HelperPeer::Refuse;
+        QCOMPARE(toldBy(unpublish), "not The repository is not unpublished!|Authorization error."_s);
+        peer.behaviour = HelperPeer::Yes;
+        HelperClient().unpublishRepo(1, 0, [](const auto &) { qFatal("an answer to nobody"); });
+        QTest::qWait(60);
+        peer.behaviour = HelperPeer::Die;
+        QCOMPARE(toldBy(&publish), "not The repository is not published!|Timeout reply."_s);
+    }
+
+    void engine()
+    {
+        HelperPeer peer(m_bus->address());
+        const QTemporaryDir folder;
+        const QString real = QFileInfo(folder.path()).canonicalFilePath() + "/real"_s;
+        QDir().mkdir(real);
+        QVERIFY(QFile::link(real, folder.filePath("link"_s)));
+        RepoShell shell;
+        QStringList told;
+        connect(&shell, &RepoShell::critical, this, [&told](const QString &text, const QString &details) {
+            told += text + "|"_s + details;
+        });
+        const auto answer = [&told](bool done) { told += done ? "yes"_s : "no"_s; };
+
+        VELT_NEED_TOOL("reprepro");
+        RepoInfo info;
+        info.codename = "dog"_s;
+        info.components = "main"_s;
+        info.architectures = "amd64"_s;
+        QCOMPARE(shell.createRepo(folder.filePath("link/repo"_s), info), int(RepoShell::SUCCESS));
+        shell.publishRepo(8000, HttpProtocol, answer);
+        QTRY_COMPARE(told, QStringList{"yes"_s});
+        QCOMPARE(peer.arguments.first().toString(), real + "/repo"_s);
+        peer.behaviour = HelperPeer::Refuse;
+        shell.addLocalSource("deb x"_s, answer);
+        QTRY_COMPARE(
+            told.mid(1),
+            (QStringList{"Failed to add repository to local sources list!|Authorization error."_s, "no"_s}));
+        QVERIFY(QDir(real).removeRecursively());
+        shell.publishRepo(8000, HttpProtocol, answer);
+        QTRY_COMPARE(told.size(), 5);
+        QVERIFY(told.at(3).contains("link/repo"_s) && peer.calls.size() == 2);
+    }
+
+    void monitor()
+    {
+        const auto gate = std::make_shared<Gate>();
+        auto monitor = std::make_unique<PublicationMonitor>(Gate::reader(gate), QStringList(), nullptr);
+        QSignalSpy changed(monitor.get(), &PublicationMonitor::changed);
+        QSignalSpy refreshed(monitor.get(), &PublicationMonitor::refreshed);
+        // However often it is asked while it reads, it reads once more, and tells then.
+        for (int i = 0; i < 5; ++i)
+            monitor->refresh();
+        QVERIFY(!monitor->isKnown() && monitor->publications().isEmpty());
+        gate->allow(1);
+        QTRY_COMPARE(gate->count(&Gate::begun), 2);
+        QVERIFY(monitor->isKnown() && changed.count() == 1 && refreshed.isEmpty());
+        gate->allow(1);
+        QVERIFY(refreshed.wait());
+        QVERIFY(changed.count() == 1 && refreshed.count() == 1);
+        gate->port = 2; // nothing reads now
+        monitor->setLive(true);
+        gate->allow(1);
+        QTRY_COMPARE(refreshed.count(), 2);
+        QCOMPARE(changed.count(), 2);
+        QCOMPARE(monitor->publicationsOf("/srv//b/../a"_s).first().repo.port, 2);
+        QVERIFY(monitor->publicationsOf({}).isEmpty());
+        // Who is told may end it, and it may end while it reads.
+        monitor->refresh();
+        connect(monitor.get(), &PublicationMonitor::changed, this, [&monitor] { monitor.reset(); });
+        gate->port = 3;
+        gate->allow(1);
+        QTRY_VERIFY(monitor == nullptr);
+        PublicationMonitor(Gate::reader(gate), {}, nullptr).refresh();
+        gate->allow(1);
+        QTRY_COMPARE(gate->count(&Gate::ended), 5);
+    }
+
+    void whatCallsForAReading()
+    {
+        const QTemporaryDir folder;
+        const QString units = folder.filePath("units"_s);
+        const QString config = folder.filePath("etc/vsftpd.conf"_s);
+        writeFile(units + "/x"_s, {});
+        writeFile(folder.filePath("etc/passwd"_s), {});
+        const auto gate = std::make_shared<Gate>();
+        gate->allow(1000);
+        PublicationMonitor monitor(Gate::reader(gate), {units, config}, nullptr);
+        QSignalSpy refreshed(&monitor, &PublicationMonitor::refreshed);
+        const auto reads = [&refreshed](const std::function<void()> &change, int limit = 5000) {
+            refreshed.clear();
+            change();
+            return refreshed.wait(limit);
+        };
+        QVERIFY(reads([] {})); // the first
+        QVERIFY(reads([&] { writeFile(units + "/y"_s, {}); }));
+        QVERIFY(reads([&] { writeFile(config, "a"); }));
+        QVERIFY(reads([&] { writeFile(config, "b"); }));
+        writeFile(folder.filePath("new"_s), "c");
+        QVERIFY(reads([&] { std::rename(qPrintable(folder.filePath("new"_s)), qPrintable(config)); }));
+        QVERIFY(reads([&] { QFile::remove(config); }));
+
+        const QString connection = "sender"_s;
+        const QDBusConnection sender = QDBusConnection::connectToBus(m_bus->address(), connection);
+        const auto send =
+            [&](const QString &path, const char *interface, const char *name, const QVariantList &arguments) {
+                QDBusMessage message = QDBusMessage::createSignal(
+                    "/org/freedesktop/systemd1"_s + path, QLatin1String(interface), QLatin1String(name));
+                message.setArguments(arguments);
+                sender.send(message);
+            };
+        const auto endJob = [&](const QString &unit) {
+            const auto job = QVariant::fromValue(QDBusObjectPath("/job"_s));
+            send({}, "org.freedesktop.systemd1.Manager", "JobRemoved", {1U, job, unit, "done"_s});
+        };
+        const auto changeUnit = [&](const QString &unit) {
+            send("/unit/"_s + unit,
+                 "org.freedesktop.DBus.Properties",
+                 "PropertiesChanged",
+                 {"org.freedesktop.systemd1.Unit"_s, QVariantMap(), QStringList()});
+        };
+        QVERIFY(reads([&] { endJob("public-repo-8000.service"_s); }));
+        QVERIFY(reads([&] { changeUnit("vsftpd_2eservice"_s); }));
+        QVERIFY(reads([&] { changeUnit("public_2drepo_2d80_2eservice"_s); }));
+        QVERIFY(reads([&] { send({}, "org.freedesktop.systemd1.Manager", "Reloading", {false}); }));
+        const auto changeOthers = [&] {
+            endJob("cron.service"_s);
+            changeUnit("cron_2eservice"_s);
+            writeFile(folder.filePath("etc/group"_s), {});
+        };
+        QVERIFY(!reads(changeOthers, 1000));
+        QDBusConnection::disconnectFromBus(connection);
+    }
+
+    void pictureOfTheSystem()
+    {
+        const QTemporaryDir folder;
+        const QString real = QFileInfo(folder.path()).canonicalFilePath();
+        QVERIFY(QFile::link(real, real + "/link"_s));
+        SystemdPeer systemd(m_bus->address(), folder.path());
+        SystemdPeer::Unit unit;
+        unit.activeState = "failed"_s;
+        systemd.setUnit("public-repo-8000.service"_s, unit);
+        unit.activeState = "active"_s;
+        systemd.setUnit("vsftpd.service"_s, unit);
+        RepoServers::Servers servers;
+        servers[FtpProtocol]
+            = std::make_unique<FakeServer>(QList<PublishedRepo>{{21, "FTP"_s, real + "/link"_s}});
+        servers[HttpProtocol] = std::make_unique<FakeServer>(
+            QList<PublishedRepo>{{8000, "HTTP"_s, "/gone/./x/"_s}, {0, "HTTP"_s, {}}});
+        QTcpServer listening;
+        QVERIFY(listening.listen(QHostAddress::AnyIPv6));
+
+        PublicationMonitor monitor(std::make_shared<const RepoServers>(std::move(servers)), nullptr);
+        QSignalSpy refreshed(&monitor, &PublicationMonitor::refreshed);
+        QVERIFY(refreshed.wait());
+        const QVector<Publication> expected{{{8000, "HTTP"_s, "/gone/x"_s}, HttpProtocol, "failed"_s, false},
+                                            {{0, "HTTP"_s, {}}, HttpProtocol, {}, false},
+                                            {{21, "FTP"_s, real}, FtpProtocol, "active"_s, true}};
+        QCOMPARE(monitor.publications(), expected);
+        QCOMPARE(monitor.publicationsOf(real + "/link/link"_s), expected.mid(2));
+        QVERIFY(monitor.listeningPorts().contains(listening.serverPort()));
+    }
+
+    void ports()
+    {
+        // As Linux 6.1 writes it, with a connection from port 22; then what is no table at all.
+        const QByteArray table
+            = "  sl  local_address rem_address   st tx_queue rx_queue tr tm->when retrnsmt   uid\n"
+              "   0: 0100007F:0277 00000000:0000 0A 00000000:00000000 00:00000000 00000000     0\n"
+              "   2: 0100007F:0016 0100007F:D2A4 01 00000000:00000000 02:000A1B2C 00000000     0\n"
+              "  10: 00000000000000000000000001000000:1F40 00000000000000000000000000000000:0000 0A 0:0\n"
+              "x: y:zz a 0A\n   3: 0100007F:0 0 0A\n 0A\n\n   4: 0100007F:00";
+        QCOMPARE(ListeningPorts::parse(table), (QSet<int>{631, 8000}));
+    }
+
+    void rules()
+    {
+        const QString own = "/srv/a"_s;
+        const auto http
+            = [](int port, const QString &path, const char *state = "active", bool isThere = true) {
+                  return Publication{{port, "HTTP"_s, path}, HttpProtocol, QLatin1String(state), isThere};
+              };
+        const auto ftp = [](int port, const QString &path, bool isThere = true) {
+            return Publication{{port, "FTP"_s, path}, FtpProtocol, "active"_s, isThere};
+        };
+        const auto overHttp = [&own](int port, const QString &registered = {}) {
+            return PublicationRequest{own, HttpProtocol, port, registered};
+        };
+        const auto overFtp = [&own](int port, const QString &registered = {}) {
+            return PublicationRequest{own, FtpProtocol, port, registered};
+        };
+        const auto moved = http(8000, "/old"_s, "active", false);
+        const auto movedDead = http(8000, "/old"_s, "failed", false);
+        const auto another = http(8000, "/srv/b"_s);
+        const QString otherRepo = "Another repository is published;"_s;
+        const QString already = "The repository is published already; own"_s;
+        struct Row
+        {
+            PublicationRequest request;
+            QVector<Publication> publications;
+            QString expected; ///< the obstacle, and what else is found
+        };
+        const QVector<Row> rows{
+            {overHttp(8000), {}, ";"_s},
+            {overHttp(80), {}, ";"_s},
+            {overHttp(0), {}, "There is no port 0;"_s},
+            {overHttp(70000), {}, "There is no port 70000;"_s},
+            {overHttp(631), {}, "Another program uses the port 631;"_s},
+            {{{}, HttpProtocol, 8000, {}}, {http(8000, {})}, "There is no repository;"_s},
+            {{own, -1, 8000, {}}, {http(8000, own)}, "Choose a server type; elsewhere"_s},
+            {{own, LocalDirectoryProtocol, 8000, {}}, {}, "Choose a server type;"_s},
+            {{"/srv/%h"_s, HttpProtocol, 8000, {}}, {}, "The path /srv/%h cannot be served;"_s},
+            {{"/srv/мой репо"_s, HttpProtocol, 8000, {}}, {}, ";"_s},
+            // HTTP
+            {overHttp(8000), {http(8000, own)}, already},
+            {overHttp(8000), {http(8000, own, "")}, already},
+            {overHttp(8000), {http(8000, own, "failed")}, "; own"_s},
+            {overHttp(631), {http(631, own, "failed")}, "Another program uses the port 631; own"_s},
+            {overHttp(8000), {http(80, "/srv/b"_s), http(8001, own)}, "; elsewhere"_s},
+            {overHttp(8000), {another}, otherRepo},
+            {overHttp(8000), {http(8000, "/srv/b"_s, "inactive")}, "; replaced"_s},
+            // a directory that has moved, and what is not ours although it once was
+            {overHttp(8000, own), {moved}, "; own stop"_s},
+            {overHttp(8000, own), {movedDead}, "; own"_s},
+            {overHttp(8000), {moved}, otherRepo},
+            {overHttp(8000, own), {another}, otherRepo},
+            // FTP, which has one place
+            {overFtp(21), {http(8000, own), ftp(21, own)}, already + " elsewhere"_s},
+            {overFtp(2121), {ftp(21, own)}, "; own"_s},
+            {overFtp(21, own), {ftp(21, "/old"_s, false)}, "; own"_s},
+            {overFtp(2121), {ftp(21, "/srv/b"_s)}, "; replaced"_s},
+            {overFtp(21), {ftp(21, "/srv/b"_s)}, otherRepo},
+            {overFtp(21), {ftp(0, {})}, ";"_s}, // the administrator's server
+            // one port, two protocols
+            {overHttp(21), {ftp(0, {})}, "Another program uses the port 21;"_s},
+            {overHttp(21),
+             {ftp(21, own)},
+             "The repository is published on this port over FTP. Unpublish it first; elsewhere"_s},
+            {overFtp(8000), {another}, otherRepo},
+        };
+        for (const Row &row : rows) {
+            QSet<int> listening{631, 21};
+            for (const Publication &publication : row.publications) {
+                if (publication.isRunning())
+                    listening += publication.repo.port;
+            }
+            const auto found = PublicationRules::judge(row.request, row.publications, listening);
+            QString told = found.obstacle.section(". It may"_s, 0, 0);
+            if (told.endsWith("."_s))
+                told.chop(1);
+            told += ";"_s + (found.mayUnpublish() ? " own"_s : QString())
+                    + (found.replaced ? " replaced"_s : QString())
+                    + (found.stopsFirst ? " stop"_s : QString())
+                    + (found.elsewhere.isEmpty() ? QString() : " elsewhere"_s);
+            const auto number = std::to_string(&row - rows.data());
+            QVERIFY2(told == row.expected, ("row " + number + ": " + told.toStdString()).c_str());
+            QVERIFY(found.mayPublish() == row.expected.startsWith(";"_s));
+        }
+    }
+};
+
+VELT_TEST_MAIN(PublicationClientTest, QCoreApplication)
+#include "tst_publicationclient.moc"
