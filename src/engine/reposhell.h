@@ -26,8 +26,6 @@ class AsideDirectory;
 class DependsData;
 class HelperClient;
 class JobContext;
-class JobFrame;
-struct PackageFile;
 class RepoServers;
 class ScratchFolder;
 class UpgradeSources;
@@ -271,13 +269,4 @@ private:
     void removeStoredResultsAside() const;
     void startStoredResultsAnew(const QString &repoPath);
     void moveStoredResults(const QString &newPath);
-
-    // --- packages from elsewhere: reposhell_download.cpp
-    int downloadBody(const QList<PackageInfo> &packages, const AddOptions &options);
-    int addDependenciesBody(const QVector<Dependency> &dependencies, const AddOptions &options);
-    int fetchAndAdd(const QList<PackageInfo> &packages,
-                    const AddOptions &options,
-                    const QList<PackageInfoPtr> &wanting,
-                    JobFrame *frame);
-    PackageFile fetch(const PackageInfo &package, const ScratchFolder &folder) const;
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Adding, removing and signing packages.
+// Adding, fetching, removing and signing packages.
 #include "engine/addjob.h"
+#include "engine/downloadjob.h"
 #include "engine/jobcontext.h"
 #include "engine/removejob.h"
 #include "engine/reposhell.h"
@@ -10,6 +11,20 @@ void RepoShell::addPackages(const QStringList &files, const AddOptions &options)
 {
     if (!files.isEmpty() && !path().isEmpty())
         startJob([this, files, options] { return AddJob(*m_context).run(files, options); });
+}
+
+void RepoShell::downloadPackages(const QList<PackageInfo> &packages, const AddOptions &options)
+{
+    if (!packages.isEmpty() && !path().isEmpty())
+        startJob([this, packages, options] { return DownloadJob(*m_context, options).download(packages); });
+}
+
+void RepoShell::addDependencies(const QVector<Dependency> &dependencies, const AddOptions &options)
+{
+    if (!dependencies.isEmpty() && !path().isEmpty())
+        startJob([this, dependencies, options] {
+            return DownloadJob(*m_context, options).addDependencies(dependencies);
+        });
 }
 
 void RepoShell::removePackages(const QList<PackageInfoPtr> &packages)

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Packages that apt fetches from its sources: those that the user chose, and those that others depend on.
+#include "engine/downloadjob.h"
+
+#include "core/scratchfolder.h"
 #include "depends/aptcandidates.h"
 #include "depends/aptutils.h"
 #include "depends/dependsoffers.h"
@@ -9,7 +11,6 @@
 #include "engine/jobframe.h"
 #include "engine/packageadding.h"
 #include "engine/packagefile.h"
-#include "engine/reposhell.h"
 
 #include <QDir>
 #include <QFile>
@@ -44,7 +45,7 @@ QString downloadFolder(const ScratchFolder &scratch)
 
 QString startText(int count)
 {
-    return count == 1 ? RepoShell::tr("Downloading package") : RepoShell::tr("Downloading packages");
+    return count == 1 ? DownloadJob::tr("Downloading package") : DownloadJob::tr("Downloading packages");
 }
 
 /** Whether the package names one of these, or what one provides, for something that its repository does not meet. */
@@ -71,69 +72,56 @@ bool lacks(const PackageInfo &package, const QVector<Dependency> &dependencies)
 }
 } // namespace
 
-void RepoShell::downloadPackages(const QList<PackageInfo> &packages, const AddOptions &options)
+int DownloadJob::download(const QList<PackageInfo> &packages)
 {
-    if (!packages.isEmpty() && !path().isEmpty())
-        startJob([this, packages, options] { return downloadBody(packages, options); });
+    JobFrame frame(m_context, startText(packages.size()));
+    return fetchAndAdd(packages, {}, &frame);
 }
 
-void RepoShell::addDependencies(const QVector<Dependency> &dependencies, const AddOptions &options)
+int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
 {
-    if (!dependencies.isEmpty() && !path().isEmpty())
-        startJob([this, dependencies, options] { return addDependenciesBody(dependencies, options); });
-}
-
-int RepoShell::downloadBody(const QList<PackageInfo> &packages, const AddOptions &options)
-{
-    JobFrame frame(*m_context, startText(packages.size()));
-    return fetchAndAdd(packages, options, {}, &frame);
-}
-
-int RepoShell::addDependenciesBody(const QVector<Dependency> &dependencies, const AddOptions &options)
-{
-    JobFrame frame(*m_context, startText(dependencies.size()));
-    AptCandidates apt(QString(), m_context->acceptedOrigins());
-    const DependsOffers offers = findOffers(dependencies, &apt, [this] { return m_context->isCanceled(); });
+    JobFrame frame(m_context, startText(dependencies.size()));
+    AptCandidates apt(QString(), m_context.acceptedOrigins());
+    const DependsOffers offers = findOffers(dependencies, &apt, [this] { return m_context.isCanceled(); });
     QStringList missing;
     for (const Dependency &dependency : offers.missing)
         missing.append(dependencyText(dependency));
-    CheckJob(*m_context).tellAptFailure(&apt);
-    if (!missing.isEmpty() && !apt.failed() && !m_context->isCanceled())
-        Q_EMIT critical(
+    CheckJob(m_context).tellAptFailure(&apt);
+    if (!missing.isEmpty() && !apt.failed() && !m_context.isCanceled())
+        m_context.critical(
             tr("No source offers: %1").arg(missing.join(QLatin1String(", "))), QString(), WARNING);
 
     QList<PackageInfoPtr> wanting;
-    const auto packages = m_context->packages().all();
+    const auto packages = m_context.packages().all();
     std::copy_if(packages.cbegin(), packages.cend(), std::back_inserter(wanting), [&](const auto &package) {
         return lacks(*package, dependencies);
     });
-    return fetchAndAdd(offers.packages, options, wanting, &frame);
+    return fetchAndAdd(offers.packages, wanting, &frame);
 }
 
-int RepoShell::fetchAndAdd(const QList<PackageInfo> &packages,
-                           const AddOptions &options,
-                           const QList<PackageInfoPtr> &wanting,
-                           JobFrame *frame)
+int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
+                             const QList<PackageInfoPtr> &wanting,
+                             JobFrame *frame)
 {
-    if (!m_context->isDatabaseThere())
+    if (!m_context.isDatabaseThere())
         return frame->finish(
             ERROR, tr("Added %n package(s) to local repo: %1", nullptr, 0).arg(QString()), DOWNLOAD_JOB);
-    PackageAdding adding(*m_context, options, packages.size() == 1);
+    PackageAdding adding(m_context, m_options, packages.size() == 1);
     adding.run().wanting = wanting;
-    bool stopped = m_context->isCanceled();
+    bool stopped = m_context.isCanceled();
     for (int done = 0; done < packages.size() && !stopped; ++done) {
         const ScratchFolder folder;
         const PackageFile file = fetch(packages.at(done), folder);
-        stopped = m_context->isCanceled() && file.path.isEmpty();
+        stopped = m_context.isCanceled() && file.path.isEmpty();
         if (stopped)
             break;
         if (file.path.isEmpty())
-            Q_EMIT critical(AptUtils::tr("Apt: download package %1 error").arg(packages.at(done).name),
-                            file.reason);
+            m_context.critical(AptUtils::tr("Apt: download package %1 error").arg(packages.at(done).name),
+                               file.reason);
         else
             adding.addReadFile(file, done + 1 == packages.size());
         frame->itemDone(packages.size());
-        stopped = m_context->isCanceled() && done + 1 < packages.size();
+        stopped = m_context.isCanceled() && done + 1 < packages.size();
     }
     adding.finish(stopped);
     const QString added = adding.addedNames();
@@ -148,14 +136,14 @@ int RepoShell::fetchAndAdd(const QList<PackageInfo> &packages,
                          DOWNLOAD_JOB);
 }
 
-PackageFile RepoShell::fetch(const PackageInfo &package, const ScratchFolder &folder) const
+PackageFile DownloadJob::fetch(const PackageInfo &package, const ScratchFolder &folder) const
 {
     if (!folder.isValid())
         return {{}, {}, tr("No temporary folder could be made to fetch it into.")};
     AptUtils apt;
-    apt.setStopRequest([this] { return m_context->isCanceled(); });
+    apt.setStopRequest([this] { return m_context.isCanceled(); });
     QString reason;
-    connect(&apt, &ProcessUtils::error, &apt, [&reason](const QString &, const QString &details) {
+    QObject::connect(&apt, &ProcessUtils::error, &apt, [&reason](const QString &, const QString &details) {
         reason = details;
     });
     const QString file
