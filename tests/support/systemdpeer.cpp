@@ -26,6 +26,11 @@ QString unitName(const QString &path)
     return QString::fromUtf8(QByteArray::fromHex(encoded.toLatin1()));
 }
 
+QDBusObjectPath jobPath(uint job)
+{
+    return QDBusObjectPath(QStringLiteral("%1/job/%2").arg(managerPath).arg(job));
+}
+
 QByteArray contents(const QString &path)
 {
     QFile file(path);
@@ -149,8 +154,7 @@ QDBusMessage SystemdPeer::beginJob(const QDBusMessage &message, const QString &n
     const uint job = ++m_jobs;
     const QString method = message.member();
     QTimer::singleShot(m_units[name].jobTime, this, [this, method, name, job] { endJob(method, name, job); });
-    return message.createReply(
-        QVariant::fromValue(QDBusObjectPath(QStringLiteral("%1/job/%2").arg(managerPath).arg(job))));
+    return message.createReply(QVariant::fromValue(jobPath(job)));
 }
 
 void SystemdPeer::endJob(const QString &method, const QString &name, uint job)
@@ -159,14 +163,17 @@ void SystemdPeer::endJob(const QString &method, const QString &name, uint job)
     Unit &unit = m_units[name];
     QString result = QStringLiteral("done");
     if (method == QLatin1String("StopUnit")) {
-        setState(name, QStringLiteral("inactive"));
+        if (unit.activeState != QLatin1String("failed")) // which only resetting ends
+            setState(name, QStringLiteral("inactive"));
     } else if (unit.startResult != result) {
         result = unit.startResult;
         setState(name, QStringLiteral("failed"));
     } else if (unit.activeState != QLatin1String("active") || method == QLatin1String("RestartUnit")) {
         setState(name, QStringLiteral("active"));
         const quint64 start = ++unit.startNumber;
-        if (unit.lifeTime >= 0)
+        if (unit.lifeTime == 0)
+            setState(name, QStringLiteral("failed"));
+        else if (unit.lifeTime > 0)
             QTimer::singleShot(unit.lifeTime, this, [this, name, start] {
                 const QMutexLocker inner(&m_mutex);
                 Unit &dying = m_units[name];
@@ -179,11 +186,16 @@ void SystemdPeer::endJob(const QString &method, const QString &name, uint job)
                 setState(name, QStringLiteral("active"));
             });
     }
+    // Others have jobs too.
+    sendJobRemoved(0, QStringLiteral("other.service"), QStringLiteral("canceled"));
+    sendJobRemoved(job, name, result);
+}
+
+void SystemdPeer::sendJobRemoved(uint job, const QString &name, const QString &result) const
+{
     QDBusMessage signal
         = QDBusMessage::createSignal(managerPath, managerInterface, QStringLiteral("JobRemoved"));
-    signal << job
-           << QVariant::fromValue(QDBusObjectPath(QStringLiteral("%1/job/%2").arg(managerPath).arg(job)))
-           << name << result;
+    signal << job << QVariant::fromValue(jobPath(job)) << name << result;
     send(signal);
 }
 

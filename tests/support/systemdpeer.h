@@ -21,7 +21,7 @@ public:
         QString fileState = QStringLiteral("disabled");
         QString startResult = QStringLiteral("done"); ///< of the job that starts or restarts it
         int jobTime = 0; ///< milliseconds
-        int lifeTime = -1; ///< milliseconds from its start to its failure; none when negative
+        int lifeTime = -1; ///< milliseconds from its start to its failure; negative: it lives on
         bool comesBack = false; ///< is started again as soon as it has failed
         QString refusal; ///< the name of the error that changing it gives
         QByteArray text; ///< of the unit file that it runs by
@@ -56,6 +56,7 @@ private:
     QDBusMessage readProperty(const QDBusMessage &message);
     QDBusMessage beginJob(const QDBusMessage &message, const QString &name);
     void endJob(const QString &method, const QString &name, uint job);
+    void sendJobRemoved(uint job, const QString &name, const QString &result) const;
     void setState(const QString &name, const QString &state);
     void send(const QDBusMessage &message) const;
 };
