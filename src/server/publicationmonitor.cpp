@@ -71,10 +71,10 @@ PublicationMonitor::PublicationMonitor(const std::shared_ptr<const RepoServers> 
                          parent)
 { }
 
-PublicationMonitor::PublicationMonitor(Reader reader, const QStringList &watched, QObject *parent)
+PublicationMonitor::PublicationMonitor(Reader reader, QStringList watched, QObject *parent)
     : QObject(parent)
     , m_reader(std::move(reader))
-    , m_watched(watched)
+    , m_watched(std::move(watched))
 {
     m_soon.setSingleShot(true);
     m_soon.setInterval(gatheringTime);

@@ -39,7 +39,7 @@ public:
     explicit PublicationMonitor(QObject *parent = nullptr);
     PublicationMonitor(const std::shared_ptr<const RepoServers> &servers, QObject *parent);
     /** `watched` are files and folders whose change calls for a reading. */
-    PublicationMonitor(Reader reader, const QStringList &watched, QObject *parent);
+    PublicationMonitor(Reader reader, QStringList watched, QObject *parent);
     ~PublicationMonitor() override;
 
     /** Whether the first reading has ended; before, nothing is known and publications() is empty. */

@@ -79,15 +79,15 @@ void PublicationSettings::release(QSettings &settings, const QString &repoPath, 
 {
     const QString place = Publication::placeOf(repoPath);
     QList<int> ports = busyPorts(settings);
-    const auto isGivenUp = [&](int port) {
-        return !place.isEmpty() && !kept.contains(port)
-               && Publication::placeOf(load(settings, port).repoPath) == place;
+    const auto isGivenUp = [&](int busy) {
+        return !place.isEmpty() && !kept.contains(busy)
+               && Publication::placeOf(load(settings, busy).repoPath) == place;
     };
     const auto end = std::stable_partition(ports.begin(), ports.end(), std::not_fn(isGivenUp));
     if (end == ports.end())
         return;
-    for (auto port = end; port != ports.end(); ++port)
-        settings.remove(SettingsKey::PublishedPrefix + QString::number(*port));
+    for (auto left = end; left != ports.end(); ++left)
+        settings.remove(SettingsKey::PublishedPrefix + QString::number(*left));
     ports.erase(end, ports.end());
     storePorts(settings, ports);
 }
@@ -95,8 +95,8 @@ void PublicationSettings::release(QSettings &settings, const QString &repoPath, 
 void PublicationSettings::storePorts(QSettings &settings, const QList<int> &ports)
 {
     QStringList texts;
-    for (const int port : ports)
-        texts += QString::number(port);
+    for (const int busy : ports)
+        texts += QString::number(busy);
     settings.setValue(SettingsKey::BusyHttpPorts, texts);
 }
 
