@@ -17,18 +17,20 @@ QString lockFile(const QString &repoPath)
 
 RepoLock::State RepoLock::state(const QString &repoPath)
 {
-    const QString database
-        = QFileInfo(repoPath + QLatin1String("/db")).canonicalFilePath() + QLatin1Char('/');
+    const QString folder = QFileInfo(repoPath + QLatin1String("/db")).canonicalFilePath();
+    if (folder.isEmpty())
+        return State::Free; // without the folder there is no database that somebody could hold
+    const QString database = folder + QLatin1Char('/');
     State state = State::Stale;
     const QStringList processes
         = QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")}, QDir::Dirs);
     for (const QString &process : processes) {
-        const QString folder = QLatin1String("/proc/") + process;
-        QFile name(folder + QLatin1String("/comm"));
+        const QString about = QLatin1String("/proc/") + process;
+        QFile name(about + QLatin1String("/comm"));
         // Only reprepro writes the database; a file manager that looks into the folder does not hold it.
         if (!name.open(QIODevice::ReadOnly) || name.readAll().trimmed() != "reprepro")
             continue;
-        const QDir descriptors(folder + QLatin1String("/fd"));
+        const QDir descriptors(about + QLatin1String("/fd"));
         if (!QFileInfo(descriptors.path()).isReadable()) {
             state = State::Unknown;
             continue;

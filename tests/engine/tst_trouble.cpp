@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/repolock.h"
 #include "engineharness.h"
 #include "support/scopedvariable.h"
 
@@ -79,6 +80,8 @@ private Q_SLOTS:
         h.add(file);
         QVERIFY2(h.questions.isEmpty(), "the lock of a program at work is not offered for removal");
         QVERIFY(h.complains("another program"_s, 2));
+        QVERIFY(RepoLock::state(h.repoPath()) == RepoLock::State::Held);
+        QVERIFY2(RepoLock::state(h.folder.path()) == RepoLock::State::Free, "what has no database");
         process.closeWriteChannel();
         QVERIFY(process.waitForFinished());
 
