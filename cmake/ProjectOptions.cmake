@@ -25,7 +25,8 @@ if(VELT_SANITIZE)
     add_compile_options(-fsanitize=${VELT_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${VELT_SANITIZE})
     # The sanitizers' instrumentation confuses the compiler's flow analysis of these.
-    target_compile_options(project_options INTERFACE -Wno-null-dereference -Wno-maybe-uninitialized)
+    target_compile_options(project_options INTERFACE -Wno-null-dereference
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 elseif(CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo)$")
     # At -O3 gcc 12 sees null in the copy of every empty QVector.
     target_compile_options(project_options INTERFACE -Wno-null-dereference)

@@ -25,9 +25,10 @@ struct Source
 /** The sources named in a line; more than one only where lines were joined. */
 QVector<Source> sourcesIn(const QString &text)
 {
+    // What has been taken is not given back, or a word of many slashes would be tried again at each of them.
     static const QRegularExpression expression(
-        QStringLiteral("(?<!\\S)(?<src>(?:(?:mirror|tor)\\+)?(http|https|ftp|file|mirror):\\/\\S+)\\s+"
-                       "(?<name>\\S+)\\/(?<component>\\S+)\\s+(?<arch>\\S+)\\s"));
+        QStringLiteral("(?<!\\S)(?<src>(?:(?:mirror|tor)\\+)?(?:http|https|ftp|file|mirror):\\/\\S++)\\s++"
+                       "(?<name>\\S+)\\/(?<component>[^\\s\\/]++)\\s++(?<arch>\\S++)\\s"));
     QVector<Source> sources;
     auto matches = expression.globalMatch(text);
     while (matches.hasNext()) {
@@ -208,8 +209,9 @@ QStringList providers(const QString &showpkg)
     for (auto line = heading == lines.cend() ? lines.cbegin() : heading; line != lines.cend(); ++line) {
         const auto match = expression.match(*line);
         if (match.hasMatch())
-            appendOnce(names, match.captured(QStringLiteral("packageName")));
+            names.append(match.captured(QStringLiteral("packageName")));
     }
+    names.removeDuplicates();
     return names;
 }
 

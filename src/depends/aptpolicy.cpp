@@ -24,11 +24,15 @@ QVector<Provider> providersIn(const QString &part)
 {
     QVector<Provider> result;
     const QStringList names = AptOutput::providers(part);
+    if (names.isEmpty())
+        return result;
+    const QStringList lines = part.split(QLatin1Char('\n'));
+    QHash<QString, QVector<int>> linesOf;
+    for (int i = lines.size() - 1; i >= 0; --i)
+        linesOf[lines.at(i).section(QLatin1Char(' '), 0, 0)].append(i);
     for (const QString &name : names) {
-        const QString begin = QLatin1Char('\n') + name + QLatin1Char(' ');
-        for (int at = part.lastIndexOf(begin); at >= 0; at = at == 0 ? -1 : part.lastIndexOf(begin, at - 1)) {
-            const QStringList words = part.mid(at + 1, part.indexOf(QLatin1Char('\n'), at + 1) - at - 1)
-                                          .split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        for (const int i : linesOf.value(name)) {
+            const QStringList words = lines.at(i).split(QLatin1Char(' '), Qt::SkipEmptyParts);
             // Without a version there is but a closing parenthesis.
             result.append({name, words.value(1), words.value(3).chopped(words.size() > 3 ? 1 : 0)});
         }

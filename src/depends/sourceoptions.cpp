@@ -20,6 +20,14 @@ const QRegularExpression &sourceExpression()
     return expression;
 }
 
+/** The value of a field of a stanza, over all its lines, in the first group. */
+QRegularExpression stanzaField(const char *name)
+{
+    return QRegularExpression(QStringLiteral("^%1:(.*(?:\\n[ \\t].*)*)").arg(QLatin1String(name)),
+                              QRegularExpression::MultilineOption
+                                  | QRegularExpression::CaseInsensitiveOption);
+}
+
 QStringList words(const QString &text)
 {
     static const QRegularExpression blanks(QStringLiteral("[\\s,]+"));
@@ -59,23 +67,24 @@ void SourceOptions::addStanzas(const QString &text)
 {
     static const QRegularExpression border(QStringLiteral("\\n[ \\t]*\\n"));
     static const QRegularExpression comment(QStringLiteral("^#.*\\n?"), QRegularExpression::MultilineOption);
+    static const QRegularExpression signedBy = stanzaField("Signed-By");
+    static const QRegularExpression trustedField = stanzaField("Trusted");
+    static const QRegularExpression urisField = stanzaField("URIs");
+    static const QRegularExpression suitesField = stanzaField("Suites");
     const QStringList stanzas = QString(text).remove(comment).split(border);
     for (const QString &stanza : stanzas) {
-        const auto field = [&stanza](const char *name) {
-            const QRegularExpression expression(
-                QStringLiteral("^%1:(.*(?:\\n[ \\t].*)*)").arg(QLatin1String(name)),
-                QRegularExpression::MultilineOption | QRegularExpression::CaseInsensitiveOption);
+        const auto field = [&stanza](const QRegularExpression &expression) {
             return words(expression.match(stanza).captured(1));
         };
-        const QStringList keys = field("Signed-By");
-        const QStringList trusted = field("Trusted");
+        const QStringList keys = field(signedBy);
+        const QStringList trusted = field(trustedField);
         QStringList options;
         if (!keys.isEmpty() && !keys.first().startsWith(QLatin1String("-----")))
             options.append(QLatin1String("signed-by=") + keys.join(QLatin1Char(',')));
         if (!trusted.isEmpty())
             options.append(QLatin1String("trusted=") + trusted.first());
-        const QStringList uris = field("URIs");
-        const QStringList suites = field("Suites");
+        const QStringList uris = field(urisField);
+        const QStringList suites = field(suitesField);
         for (const QString &uri : uris)
             for (const QString &suite : suites)
                 add(uri, suite, options.join(QLatin1Char(' ')));

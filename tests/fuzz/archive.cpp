@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/archivecontents.h"
+#include "engine/packageextractor.h"
+#include "engine/tarheader.h"
+#include "fuzz/fuzzing.h"
+#include "fuzz/targets.h"
+
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <zlib.h>
+
+namespace
+{
+/** Writes the right sum into each block that is marked as a header, since no mutation would ever hit it. */
+QByteArray withRightSums(QByteArray archive)
+{
+    constexpr int SumOffset = 148;
+    constexpr int SumLength = 8;
+    constexpr int MagicOffset = 257;
+    for (int block = 0; block + TarHeader::BlockSize <= archive.size(); block += TarHeader::BlockSize) {
+        if (archive.mid(block + MagicOffset, 5) != "ustar")
+            continue;
+        archive.replace(block + SumOffset, SumLength, QByteArray(SumLength, ' '));
+        int sum = 0;
+        for (int i = 0; i < TarHeader::BlockSize; ++i)
+            sum += static_cast<uchar>(archive.at(block + i));
+        const QByteArray digits = QByteArray::number(sum, 8).rightJustified(SumLength - 2, '0');
+        archive.replace(block + SumOffset, SumLength, digits + QByteArray("\0 ", 2));
+    }
+    return archive;
+}
+
+QByteArray compressed(const QByteArray &bytes)
+{
+    z_stream stream = {};
+    constexpr int GzipWindow = 15 + 16;
+    constexpr int MemoryLevel = 8;
+    if (deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, GzipWindow, MemoryLevel, Z_DEFAULT_STRATEGY) != Z_OK)
+        Fuzzing::fail("deflateInit2", __FILE__, __LINE__);
+    QByteArray result(static_cast<int>(deflateBound(&stream, static_cast<uLong>(bytes.size()))), '\0');
+    stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(bytes.constData()));
+    stream.avail_in = static_cast<uInt>(bytes.size());
+    stream.next_out = reinterpret_cast<Bytef *>(result.data());
+    stream.avail_out = static_cast<uInt>(result.size());
+    deflate(&stream, Z_FINISH);
+    result.truncate(static_cast<int>(stream.total_out));
+    deflateEnd(&stream);
+    return result;
+}
+
+struct Extracted
+{
+    PackageExtractor::Result result = PackageExtractor::Result::NoTar;
+    QStringList contents;
+};
+
+/** Extracts and looks at what came of it: nothing but packages, and these where they belong. */
+Extracted extract(const QByteArray &archive, int largest)
+{
+    const QTemporaryDir scratch(QStringLiteral("/dev/shm/velt-fuzz-XXXXXX"));
+    FUZZ_RULE(scratch.isValid());
+    const QString folder = scratch.filePath(QStringLiteral("out"));
+    QDir().mkpath(folder);
+    const Fuzzing::MemoryFile file(archive);
+    PackageExtractor extractor(folder, [] { return false; });
+    Extracted extracted;
+    extracted.result = extractor.extract(file.name());
+    FUZZ_RULE(extracted.result != PackageExtractor::Result::Stopped);
+    FUZZ_RULE(extractor.error().isEmpty() == (extracted.result != PackageExtractor::Result::Damaged));
+
+    FUZZ_RULE(
+        QDir(scratch.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)
+        == QStringList{QStringLiteral("out")});
+    QStringList present;
+    qint64 size = 0;
+    QDirIterator walk(folder,
+                      QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                      QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        const QFileInfo info(walk.next());
+        FUZZ_RULE(!info.isSymLink() && (info.isFile() || info.isDir()));
+        if (!info.isFile())
+            continue;
+        FUZZ_RULE(ArchiveContents::isPackageName(info.fileName()));
+        present.append(info.filePath());
+        size += info.size();
+    }
+    FUZZ_RULE(size <= largest);
+    QStringList told = extractor.files();
+    for (const QString &path : qAsConst(told)) {
+        QFile package(path);
+        if (package.open(QIODevice::ReadOnly))
+            extracted.contents.append(QFileInfo(path).fileName() + QLatin1Char(' ')
+                                      + QString::fromLatin1(package.readAll().toHex()));
+    }
+    if (extracted.result == PackageExtractor::Result::Done) {
+        FUZZ_RULE(told.removeDuplicates() == 0);
+        told.sort();
+        present.sort();
+        FUZZ_EQUAL(told.join(QLatin1Char('\n')), present.join(QLatin1Char('\n')));
+    }
+    return extracted;
+}
+} // namespace
+
+void FuzzTarget::archive(std::string_view input)
+{
+    const QByteArray given(input.data(), static_cast<int>(input.size()));
+    extract(given, 1 << 28);
+
+    TarHeader header;
+    if (header.overrule(given))
+        FUZZ_RULE(header.size >= 0);
+
+    if (given.startsWith("\x1f\x8b"))
+        return; // compressed twice it would be something else
+    const QByteArray tar = withRightSums(given);
+    const Extracted plain = extract(tar, tar.size());
+    const Extracted packed = extract(compressed(tar), tar.size());
+    // Whether it is compressed makes no difference, except that what is compressed and no tar was meant for one.
+    if (plain.result == PackageExtractor::Result::Done) {
+        FUZZ_RULE(packed.result == plain.result);
+        FUZZ_EQUAL(packed.contents.join(QLatin1Char('\n')), plain.contents.join(QLatin1Char('\n')));
+    } else {
+        FUZZ_RULE(packed.result != PackageExtractor::Result::Done);
+    }
+}

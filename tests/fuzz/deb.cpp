@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/debarchive.h"
+#include "fuzz/fuzzing.h"
+#include "fuzz/targets.h"
+
+namespace
+{
+DebArchiveState stateOf(const QByteArray &bytes)
+{
+    return debArchiveState(Fuzzing::MemoryFile(bytes).name());
+}
+} // namespace
+
+void FuzzTarget::deb(std::string_view input)
+{
+    const QByteArray bytes = Fuzzing::expanded(input);
+    const auto state = stateOf(bytes);
+    if (state == DebArchiveState::NoArchive)
+        return;
+    FUZZ_RULE(bytes.startsWith("!<arch>\n"));
+    if (state == DebArchiveState::Truncated)
+        return;
+    FUZZ_RULE(bytes.contains("data.tar"));
+
+    // A member of one byte behind it, and the same with its byte missing.
+    const QByteArray header = QByteArray("_x").leftJustified(48) + QByteArray("1").leftJustified(10) + "`\n";
+    const QByteArray even = bytes + QByteArray(bytes.size() % 2, '\n') + header;
+    const auto more = stateOf(even + 'x');
+    const auto less = stateOf(even);
+    // Behind an end of blanks nothing is looked at any more.
+    constexpr int HeaderSize = 60;
+    const bool endsBlank = even.chopped(header.size()).right(HeaderSize).trimmed().isEmpty();
+    FUZZ_RULE(more != DebArchiveState::Whole || less == DebArchiveState::Truncated || endsBlank);
+}

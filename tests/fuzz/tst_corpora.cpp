@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Gives the targets of the fuzzer the inputs that are kept.
+#include "fuzz/fuzzing.h"
+#include "fuzz/targets.h"
+#include "support/literals.h"
+#include "support/testenvironment.h"
+
+#include <QDir>
+#include <QtTest>
+
+#include <ctime>
+
+Q_DECLARE_METATYPE(FuzzTarget::Function)
+
+class TestCorpora : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void rulesHold_data()
+    {
+        QTest::addColumn<FuzzTarget::Function>("target");
+        QTest::addColumn<QString>("file");
+        for (const FuzzTarget::Target &target : FuzzTarget::All) {
+            const QDir folder(QStringLiteral(FUZZ_CORPUS "/%1").arg(QLatin1String(target.name)));
+            const QStringList files = folder.entryList(QDir::Files);
+            QVERIFY2(!files.isEmpty(), target.name);
+            for (const QString &file : files)
+                QTest::addRow("%s/%s", target.name, qPrintable(file))
+                    << target.function << folder.filePath(file);
+        }
+    }
+    void rulesHold()
+    {
+        QFETCH(FuzzTarget::Function, target);
+        QFETCH(QString, file);
+        const QByteArray bytes = readFile(file);
+        const std::clock_t begin = std::clock();
+        try {
+            target({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+        } catch (const Fuzzing::Broken &broken) {
+            QFAIL(broken.what());
+        }
+        // Time of the processor, so that other work on the machine does not count.
+        const double seconds = double(std::clock() - begin) / CLOCKS_PER_SEC;
+        constexpr double Limit = 5;
+        QVERIFY2(seconds < Limit, qPrintable("took %1 seconds"_s.arg(seconds)));
+    }
+};
+
+VELT_TEST_MAIN(TestCorpora, QCoreApplication)
+#include "tst_corpora.moc"
