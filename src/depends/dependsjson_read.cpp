@@ -3,6 +3,7 @@
 #include "depends/dependsjson.h"
 #include "depends/dependsjsonparts.h"
 #include "depends/jsondevice.h"
+#include "depends/localcandidates.h"
 
 #include <QStringList>
 
@@ -113,6 +114,7 @@ private:
     DependencyGroup m_group;
     std::vector<::Dependency>
         m_dependencies; ///< an alternative and below it the providers that are being read
+    const QString m_local = LocalCandidates::label();
     QString m_sourceName;
     FoundVersion m_found;
 
@@ -158,7 +160,7 @@ ResultsHandler::Place ResultsHandler::objectIn(Place outer)
         m_dependencies.back().foundVersions.clear();
         return Place::Sources;
     case Place::Sources:
-        m_sourceName = m_pool.string(m_key);
+        m_sourceName = m_key == Key::local ? m_local : m_pool.string(m_key);
         m_found = {QString(), DependError};
         return Place::Source;
     case Place::Group:

@@ -3,6 +3,7 @@
 #include "depends/dependsjson.h"
 #include "depends/dependsjsonparts.h"
 #include "depends/jsondevice.h"
+#include "depends/localcandidates.h"
 
 #include <QStringList>
 
@@ -30,6 +31,7 @@ public:
 
 private:
     Writer &m_writer;
+    const QString m_local = LocalCandidates::label();
     std::string m_utf8; ///< kept from text to text, so that it need not be made millions of times
 
     void key(std::string_view name) { m_writer.Key(name.data(), static_cast<Size>(name.size())); }
@@ -133,7 +135,10 @@ void ResultsWriter::dependency(const Dependency &dependency)
     m_writer.StartObject();
     const auto &sources = dependency.foundVersions;
     for (auto it = sources.cbegin(); it != sources.cend(); ++it) {
-        key(it.key());
+        if (it.key() == m_local)
+            key(Key::local);
+        else
+            key(it.key());
         m_writer.StartObject();
         member(Key::version, it.value().version);
         member(Key::status, it.value().status);

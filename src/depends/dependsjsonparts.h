@@ -24,6 +24,8 @@ inline constexpr std::string_view altDependVersion = "alt_dependVersion";
 inline constexpr std::string_view providers = "providers";
 inline constexpr std::string_view status = "status";
 inline constexpr std::string_view foundedVersions = "foundedVersions";
+/** The repository itself among the sources. Shown it has a word of the user's language, which may change. */
+inline constexpr std::string_view local = "Local";
 } // namespace Key
 
 /** Far above what is ever written; more would make an indented document grow with the square of its depth. */

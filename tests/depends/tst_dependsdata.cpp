@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsdata.h"
+#include "depends/localcandidates.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 
@@ -156,6 +157,31 @@ private Q_SLOTS:
         QVERIFY(merged.at(3) == list.at(3));
         Cache elsewhere(m_file, "/r"_s);
         QVERIFY2(elsewhere.merge(list) == list, "a repository that is not in the file");
+    }
+
+    void theLanguageMayChange()
+    {
+        struct : QTranslator
+        {
+            QString translate(const char *, const char *text, const char *, int) const override
+            {
+                return qstrcmp(text, "Local") == 0 ? "Lokal"_s : QString();
+            }
+            bool isEmpty() const override { return false; }
+        } german;
+        Cache(m_file, "/r"_s).data.savePackages({package("foo"_s, "1.5"_s)});
+        const QByteArray stored = readFile(m_file);
+        QCoreApplication::installTranslator(&german);
+        Cache cache(m_file, "/r"_s);
+        const PackageInfoPtr merged = cache.merge({unchecked("foo"_s)}).first();
+        const DependencyGroup entry = merged->dependsInfo->groups.first();
+        QVERIFY(LocalCandidates::meets(entry.alternatives.first()));
+        QCOMPARE(LocalCandidates::label(), "Lokal"_s);
+        PackageInfo same = *merged;
+        same.version = "1:2-3"_s;
+        same.architecture = "amd64"_s;
+        cache.data.savePackages({QSharedPointer<PackageInfo>::create(same)});
+        QCOMPARE(readFile(m_file), stored);
     }
 
     void severalRecordsOfOneName()
