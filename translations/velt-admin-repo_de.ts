@@ -1437,10 +1437,6 @@ Ein oder mehrere Werte</translation>
         <source>The path %1 cannot be served. It must be the directory of a repository, and its name may consist of letters, digits, blanks between them and the characters %2.</source>
         <translation>Der Pfad %1 kann nicht veröffentlicht werden. Er muss das Verzeichnis eines Repositorys sein, und sein Name darf aus Buchstaben, Ziffern, Leerzeichen dazwischen und den Zeichen %2 bestehen.</translation>
     </message>
-    <message>
-        <source>The FTP server reads only what all users of this machine can read, and they cannot enter the folder %1. Choose the server type HTTP, or move the repository to another folder.</source>
-        <translation>Der FTP-Server liest nur, was alle Benutzer dieses Rechners lesen können, und in den Ordner %1 gelangen sie nicht. Wählen Sie die Serverart HTTP oder verschieben Sie das Repository in einen anderen Ordner.</translation>
-    </message>
     <message numerus="yes">
         <source>and %n further file(s)</source>
         <translation>

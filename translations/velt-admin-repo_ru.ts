@@ -1441,10 +1441,6 @@ One or more values</source>
         <source>The path %1 cannot be served. It must be the directory of a repository, and its name may consist of letters, digits, blanks between them and the characters %2.</source>
         <translation>Путь %1 нельзя опубликовать. Это должен быть каталог репозитория, а его имя может состоять из букв, цифр, пробелов между ними и символов %2.</translation>
     </message>
-    <message>
-        <source>The FTP server reads only what all users of this machine can read, and they cannot enter the folder %1. Choose the server type HTTP, or move the repository to another folder.</source>
-        <translation>FTP-сервер читает только то, что могут читать все пользователи этого компьютера, а доступа к папке %1 у них нет. Выберите тип сервера HTTP или переместите репозиторий в другую папку.</translation>
-    </message>
     <message numerus="yes">
         <source>and %n further file(s)</source>
         <translation>
