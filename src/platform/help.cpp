@@ -38,7 +38,7 @@ void showInOwnWindow(QWidget *parent, const QUrl &page)
 
 bool veltHelpShow(QWidget *parent)
 {
-    const QString page = veltDataFile(QStringLiteral("doc/velt-admin-repo/help/index.html"));
+    const QString page = veltDataFile(QStringLiteral("velt-admin-repo/help/index.html"));
     if (page.isEmpty())
         return false;
     const QUrl url = QUrl::fromLocalFile(page);

@@ -232,7 +232,7 @@ private Q_SLOTS:
         qputenv("XDG_DATA_DIRS", "/nonexistent");
         QVERIFY(!veltHelpShow(nullptr) && m_opened.isEmpty());
 
-        const QString page = qEnvironmentVariable("XDG_DATA_HOME") + "/doc/velt-admin-repo/help/index.html"_s;
+        const QString page = qEnvironmentVariable("XDG_DATA_HOME") + "/velt-admin-repo/help/index.html"_s;
         writeFile(page, "<html><body>How it works</body></html>");
         QVERIFY(veltHelpShow(nullptr));
         QCOMPARE(m_opened, QList<QUrl>{QUrl::fromLocalFile(page)});
