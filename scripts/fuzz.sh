@@ -39,8 +39,9 @@ fuzz() {
 export -f fuzz
 export seconds scratch findings
 # Leaks are looked for by the sanitizers' tests, which read the same inputs: to tell ours from Qt's takes slow traces.
-export ASAN_OPTIONS=detect_leaks=0:malloc_context_size=8 LC_ALL=C.UTF-8
+export ASAN_OPTIONS=detect_leaks=0:malloc_context_size=8:quarantine_size_mb=16 LC_ALL=C.UTF-8
 
+# shellcheck disable=SC2016
 if ! printf '%s\0' "${targets[@]}" | xargs -0 -P2 -I{} bash -c 'fuzz "$1"' fuzz {}; then
     echo "Findings are in $findings." >&2
     exit 1

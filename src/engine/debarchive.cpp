@@ -22,8 +22,8 @@ DebArchiveState debArchiveState(const QString &fileName)
         if (!file.seek(position))
             return DebArchiveState::Truncated;
         const QByteArray header = file.read(HeaderSize);
-        // Some tools end an archive with a newline that no member owns.
-        if (header.trimmed().isEmpty())
+        // Some tools end an archive with a newline that no member owns; blanks with more behind them are damage.
+        if (header.size() < HeaderSize && header.trimmed().isEmpty())
             break;
         if (header.size() < HeaderSize)
             return DebArchiveState::Truncated;

@@ -10,7 +10,6 @@ namespace
 {
 constexpr char RepeatMark = '\x01';
 constexpr char NumberMark = '\x02';
-constexpr int ExpandedSize = 1 << 15;
 } // namespace
 
 namespace Fuzzing
@@ -38,7 +37,7 @@ QByteArray expanded(std::string_view input)
     const QByteArray unit = bytes.mid(begin + 1, end - begin - 1);
     const QByteArray rest = bytes.mid(end + 1);
     QByteArray result = bytes.left(begin);
-    for (int number = 0; result.size() < ExpandedSize; ++number)
+    for (int number = 0; result.size() < repeatedSize; ++number)
         result += QByteArray(unit).replace(NumberMark, QByteArray::number(number));
     return result + rest;
 }

@@ -22,9 +22,13 @@ public:
 void requireEqual(
     const QString &actual, const QString &expected, const char *rule, const char *file, int line);
 
+/** Enough for what is quadratic to take many seconds. */
+inline int repeatedSize = 1 << 16;
+
 /**
  * The bytes that an input stands for. Where it holds the byte 1 twice, what stands between is repeated until there
- * are 32 KB, with a running number in the place of the byte 2: so a short input shows what takes more than linear time.
+ * are repeatedSize, with a running number in the place of the byte 2: so a short input shows what takes more than
+ * linear time.
  */
 QByteArray expanded(std::string_view input);
 QString expandedText(std::string_view input);

@@ -25,6 +25,7 @@ void deb(std::string_view input); ///< a package file
 void gzip(std::string_view input); ///< what is written to a compressed archive
 void sources(std::string_view input); ///< source lines and the file of those
 void signing(std::string_view input); ///< what gpg prints
+void publication(std::string_view input); ///< what the helper is asked, and the servers' files
 
 struct Target
 {
@@ -47,5 +48,6 @@ inline constexpr Target All[] = {
     {"gzip", gzip},
     {"sources", sources},
     {"signing", signing},
+    {"publication", publication},
 };
 } // namespace FuzzTarget

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "fuzz/fuzzing.h"
+#include "fuzz/targets.h"
+#include "helper/requestrules.h"
+#include "server/listeningports.h"
+#include "server/localsources.h"
+#include "server/publicationpath.h"
+#include "server/publicationunit.h"
+#include "server/sourceline.h"
+#include "server/vsftpdconfig.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int LargestPort = 65535;
+
+void checkRead(const PublishedRepo &repo)
+{
+    FUZZ_RULE(!Fuzzing::breaksLine(repo.path) && repo.path == repo.path.trimmed());
+}
+
+/** What a service is given is what is read of its file, and nothing else stands in it. */
+void checkPath(const QString &path, int port, const QString &unitTemplate)
+{
+    FUZZ_RULE(path.startsWith(QLatin1Char('/')) && !Fuzzing::breaksLine(path));
+    for (const QChar special : QStringLiteral("%\"'\\$;#,*?[]{}=\t\r"))
+        FUZZ_RULE(!path.contains(special));
+
+    const QString unit = PublicationUnit::text(
+        QStringLiteral("[Service]\nWorkingDirectory=%1\nExecStart=/bin/x \"%1\" %%1 %2\n"), path, port);
+    FUZZ_EQUAL(unit,
+               QLatin1String("[Service]\nWorkingDirectory=") + path + QLatin1String("\nExecStart=/bin/x \"")
+                   + path + QLatin1String("\" %%1 ") + QString::number(port) + QLatin1Char('\n'));
+    FUZZ_EQUAL(PublicationUnit::read(unit).path, path);
+    FUZZ_RULE(PublicationUnit::read(unit).port == port);
+    const QString filled = PublicationUnit::text(unitTemplate, path, port);
+    FUZZ_RULE(filled.count(QLatin1Char('\n')) == unitTemplate.count(QLatin1Char('\n')));
+
+    const QString config = VsftpdConfig::text(path, port);
+    FUZZ_RULE(VsftpdConfig::isOurs(config) && VsftpdConfig::mentionsPort(config, port));
+    FUZZ_EQUAL(VsftpdConfig::read(config).path, path);
+    FUZZ_RULE(VsftpdConfig::read(config).port == port);
+    FUZZ_RULE(!VsftpdConfig::isOurs(config + QLatin1Char('x')));
+
+    // The program's own line is one that the helper takes; a blank it cannot hold.
+    SourceLine line;
+    line.trusted = port % 2 == 0;
+    line.architectures = port % 3 == 0 ? QStringLiteral("amd64 i386") : QString();
+    line.protocol = LocalDirectoryProtocol;
+    line.directory = path;
+    line.codename = QStringLiteral("dogwood");
+    line.components = QStringLiteral("main non-free");
+    if (!path.contains(QLatin1Char(' ')))
+        FUZZ_EQUAL(RequestRules::entryProblem(line.text()),
+                   line.text().size() > RequestRules::LongestEntry
+                       ? QStringLiteral("The source line is too long.")
+                       : QString());
+}
+
+void checkEntry(const QString &entry, const QString &file)
+{
+    FUZZ_RULE(entry.size() <= RequestRules::LongestEntry && entry.startsWith(QLatin1String("deb ")));
+    for (const QChar special : QStringLiteral("%\"'\\$;#\t\r\n"))
+        FUZZ_RULE(!entry.contains(special));
+    FUZZ_RULE(!entry.contains(QLatin1String("signed-by")));
+    const QString more = LocalSources::appended(file, entry);
+    FUZZ_RULE(LocalSources::contains(more, entry));
+    FUZZ_RULE(!LocalSources::removed(more, entry).split(QLatin1Char('\n')).contains(entry));
+}
+} // namespace
+
+void FuzzTarget::publication(std::string_view input)
+{
+    // The first line is what somebody asks for, the rest a file.
+    const QByteArray bytes = Fuzzing::expanded(input);
+    const QString text = QString::fromUtf8(bytes);
+    const QString first = text.section(QLatin1Char('\n'), 0, 0);
+    const QString file = text.section(QLatin1Char('\n'), 1);
+    const int port = 1 + first.size() * first.size() % LargestPort;
+    for (const QString &given : {first, file}) {
+        if (PublicationPath::isWellFormed(given))
+            checkPath(given, port, file);
+        if (RequestRules::entryProblem(given).isEmpty())
+            checkEntry(given, file);
+    }
+    checkRead(PublicationUnit::read(file));
+    checkRead(VsftpdConfig::read(file));
+    const auto repo = VsftpdConfig::read(file);
+    FUZZ_RULE(!VsftpdConfig::isOurs(file) || VsftpdConfig::text(repo.path, repo.port) == file);
+
+    const QSet<int> ports = ListeningPorts::parse(bytes);
+    FUZZ_RULE(ports.size() <= bytes.count('\n') + 1);
+    FUZZ_RULE(std::all_of(ports.cbegin(), ports.cend(), [](int p) { return p >= 0 && p <= LargestPort; }));
+}
