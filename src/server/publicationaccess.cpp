@@ -10,7 +10,6 @@
 
 namespace
 {
-const QFile::Permissions enter = QFile::ExeOther;
 const QFile::Permissions list = QFile::ReadOther | QFile::ExeOther;
 
 /** What others need of this file or folder to read it. */
@@ -43,26 +42,13 @@ void visitServed(const QString &repoPath, const std::function<bool(const QFileIn
         }
     }
 }
-
-QString closedParentOf(const QString &repoPath)
-{
-    for (QString folder = QFileInfo(repoPath).path(); folder != QLatin1String("/");
-         folder = QFileInfo(folder).path()) {
-        if (!grants(QFileInfo(folder), enter))
-            return folder;
-    }
-    return {};
-}
 } // namespace
 
 PublicationAccess PublicationAccess::examine(const QString &repoPath, int protocol)
 {
     PublicationAccess access;
-    if (protocol != FtpProtocol) {
-        access.isEntered = grants(QFileInfo(repoPath), enter);
+    if (protocol != FtpProtocol)
         return access;
-    }
-    access.closedParent = closedParentOf(repoPath);
     access.isEntered = grants(QFileInfo(repoPath), list);
     visitServed(repoPath, [&access](const QFileInfo &file) {
         if (!grants(file, needed(file)) && ++access.unreadableCount <= MostNamed)
@@ -72,7 +58,7 @@ PublicationAccess PublicationAccess::examine(const QString &repoPath, int protoc
     return access;
 }
 
-QString PublicationAccess::openUp(const QString &repoPath, int protocol)
+QString PublicationAccess::openUp(const QString &repoPath)
 {
     QString closed;
     const auto open = [&closed](const QFileInfo &file, QFile::Permissions permissions) {
@@ -81,7 +67,7 @@ QString PublicationAccess::openUp(const QString &repoPath, int protocol)
             closed = file.filePath();
         return closed.isEmpty();
     };
-    if (open(QFileInfo(repoPath), list) && protocol == FtpProtocol)
+    if (open(QFileInfo(repoPath), list))
         visitServed(repoPath, [&open](const QFileInfo &file) { return open(file, needed(file)); });
     return closed.isEmpty() ? QString() : tr("The access rights of %1 cannot be changed.").arg(closed);
 }

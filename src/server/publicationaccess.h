@@ -6,8 +6,8 @@
 #include <QStringList>
 
 /**
- * Whether a server can read a repository. The servers run with few rights: the one for HTTP must be able to enter the
- * repository's directory and may then read everything; the one for FTP reads only what everybody on this machine may.
+ * Whether a server can read a repository. The one for HTTP may read everything. The one for FTP is brought to the
+ * repository's directory, whoever may enter the folders above, and reads there what everybody on this machine may.
  */
 struct PublicationAccess
 {
@@ -15,7 +15,6 @@ struct PublicationAccess
 public:
     static constexpr int MostNamed = 10;
 
-    QString closedParent; ///< folder above the repository through which the server does not come; empty: none
     bool isEntered = true; ///< whether the repository's own directory lets the server in
     QStringList unreadable; ///< the first MostNamed files and folders of the repository that it cannot read
     int unreadableCount = 0; ///< all of them
@@ -25,8 +24,8 @@ public:
     /** Looks at every file that is served: not for the interface thread. */
     static PublicationAccess examine(const QString &repoPath, int protocol);
     /**
-     * Gives everybody on this machine the right to read what examine() found closed, but for closedParent. Returns
-     * why that failed; empty when it did not. Not for the interface thread.
+     * Gives everybody on this machine the right to read what examine() found closed. Returns why that failed; empty
+     * when it did not. Not for the interface thread.
      */
-    static QString openUp(const QString &repoPath, int protocol);
+    static QString openUp(const QString &repoPath);
 };

@@ -146,6 +146,10 @@ void PublicationPanel::claim()
 {
     m_published = choice();
     QSettings settings;
+    QList<int> served{m_published->port};
+    for (const Publication &publication : qAsConst(m_live))
+        served << publication.repo.port;
+    PublicationSettings::release(settings, m_repoPath, served);
     m_published->claim(settings);
 }
 
@@ -256,12 +260,12 @@ void PublicationPanel::showPublications(bool known, const QVector<Publication> &
 
 void PublicationPanel::followLive()
 {
-    if (m_live.isEmpty())
+    PublicationSettings settings = choice();
+    settings.repoPath = Publication::placeOf(m_repoPath);
+    if (!settings.applyLive(m_live))
         return;
-    const Publication &first = m_live.first();
-    m_ui.m_srvTypeComboBox->setCurrentIndex(m_ui.m_srvTypeComboBox->findData(first.protocol));
-    if (first.repo.port >= PublicationSettings::LowestPort)
-        m_ui.m_httpPortSpinBox->setValue(first.repo.port);
+    m_ui.m_srvTypeComboBox->setCurrentIndex(m_ui.m_srvTypeComboBox->findData(settings.protocol));
+    m_ui.m_httpPortSpinBox->setValue(settings.port);
 }
 
 void PublicationPanel::showState()

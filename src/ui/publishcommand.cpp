@@ -157,14 +157,6 @@ void PublishCommand::checkAccess(const Request &request)
 
 void PublishCommand::judgeAccess(const Request &request, const PublicationAccess &access)
 {
-    if (!access.closedParent.isEmpty()) {
-        refuse(
-            request,
-            tr("The FTP server reads only what all users of this machine can read, and they cannot enter the "
-               "folder %1. Choose the server type HTTP, or move the repository to another folder.")
-                .arg(access.closedParent));
-        return;
-    }
     if (access.isOpen()) {
         confirm(request);
         return;
@@ -188,9 +180,7 @@ void PublishCommand::judgeAccess(const Request &request, const PublicationAccess
 
 void PublishCommand::openUp(const Request &request)
 {
-    const auto open = [path = request.wanted.path, protocol = request.wanted.protocol] {
-        return PublicationAccess::openUp(path, protocol);
-    };
+    const auto open = [path = request.wanted.path] { return PublicationAccess::openUp(path); };
     aside(this, open, [this, request](const QString &failure) {
         if (!goesOn(request))
             return;

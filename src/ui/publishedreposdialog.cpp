@@ -175,9 +175,9 @@ void PublishedReposDialog::buildActions()
 void PublishedReposDialog::showEvent(QShowEvent *event)
 {
     m_monitor.setLive(true);
-    m_monitor.refresh();
     readHosts();
     showPicture();
+    m_view->setFocus();
     QDialog::showEvent(event);
 }
 

@@ -3,6 +3,7 @@
 
 #include "engine/pathguard.h"
 #include "engine/reposhell.h"
+#include "server/publicationsettings.h"
 #include "ui/jobfeedback.h"
 #include "ui/newrepodialog.h"
 #include "ui/newreporules.h"
@@ -16,6 +17,7 @@
 #include <QFileInfo>
 #include <QFutureWatcher>
 #include <QPointer>
+#include <QSettings>
 #include <QtConcurrent>
 
 #include <memory>
@@ -256,6 +258,8 @@ void RepositoryCommands::startRemoval(const QString &path)
         m_removing.removeOne(directory);
         if (outcome.first == RepositoryRemoval::Outcome::Deleted) {
             m_recent.remove(path);
+            QSettings settings;
+            PublicationSettings::release(settings, path);
             m_feedback.announce(tr("Repository is deleted."));
         } else if (outcome.first == RepositoryRemoval::Outcome::Absent) {
             m_recent.remove(path);

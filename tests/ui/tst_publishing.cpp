@@ -1,0 +1,314 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "e2e/windowdriver.h"
+#include "platform/desktopintegration.h"
+#include "server/publicationmonitor.h"
+#include "server/veltadminrepointerface.h"
+#include "support/lists.h"
+#include "support/privatebus.h"
+#include "support/testenvironment.h"
+#include "ui/publicationpanel.h"
+#include "ui/publishedreposdialog.h"
+
+#include <QtDBus>
+#include <QtTest>
+#include <QtWidgets>
+
+namespace
+{
+/** Plays the helper and the system that it changes. */
+class HelperPeer : public QObject, protected QDBusContext
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.corvana.velt.repo.Manager")
+public:
+    explicit HelperPeer(const QString &bus)
+        : m_bus(QDBusConnection::connectToBus(bus, "helper"_s))
+    {
+        m_bus.registerObject("/"_s, this, QDBusConnection::ExportAllSlots);
+        m_bus.registerService(QString::fromLatin1(VeltAdminRepoInterface::Service));
+    }
+
+    QStringList calls;
+    QString refusal; ///< the name of an error
+    bool succeeds = true;
+    bool holds = false; ///< the answer, until it is released
+
+    PublicationMonitor::Picture picture() const
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_picture;
+    }
+    void setPicture(const PublicationMonitor::Picture &picture)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_picture = picture;
+    }
+    void release() { m_bus.send(m_held.createReply(succeeds)); }
+
+public Q_SLOTS:
+    bool PublishRepo(const QString &path, int port, int protocol)
+    {
+        auto now = picture();
+        if (succeeds && refusal.isEmpty())
+            now.publications
+                += {{port, protocol == 0 ? "HTTP"_s : "FTP"_s, path}, protocol, "active"_s, true};
+        setPicture(now);
+        return answer("publish %1 %2 %3"_s.arg(path).arg(port).arg(protocol));
+    }
+    bool UnpublishRepo(int port, int protocol)
+    {
+        auto now = picture();
+        const auto isIt = [=](const auto &one) { return one.repo.port == port && one.protocol == protocol; };
+        auto &all = now.publications;
+        all.erase(std::remove_if(all.begin(), all.end(), isIt), all.end());
+        setPicture(now);
+        return answer("unpublish %1 %2"_s.arg(port).arg(protocol));
+    }
+
+private:
+    bool answer(const QString &call)
+    {
+        calls << call;
+        m_held = message();
+        setDelayedReply(holds);
+        if (!refusal.isEmpty())
+            sendErrorReply(refusal, "x"_s);
+        return succeeds;
+    }
+
+    mutable QMutex m_mutex;
+    PublicationMonitor::Picture m_picture;
+    QDBusConnection m_bus;
+    QDBusMessage m_held;
+};
+} // namespace
+
+/** What the window does with publications, against a helper that does what the test wants. */
+class PublishingTest : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_folder{"/tmp/vpXXXXXX"_s};
+    PrivateBus m_bus;
+    std::unique_ptr<HelperPeer> m_helper;
+    std::unique_ptr<PublicationMonitor> m_monitor;
+    std::unique_ptr<WindowDriver> m_driver;
+
+    QAction *action(const char *name) const { return child<QAction>(m_driver->window(), name); }
+    template <typename Widget>
+    Widget *field(const char *name, int tab = 0) const
+    {
+        return child<Widget>(*m_driver->tab(tab), name);
+    }
+    QString state(int tab = 0) const { return field<QLabel>("m_publicationStateLabel", tab)->text(); }
+
+    QString makeRepository(const QString &name, bool empty = false) const
+    {
+        const QString path = m_folder.filePath(name);
+        writeFile(path + "/conf/distributions"_s,
+                  "Codename: birch\nSuite: stable\nVersion: 1\nArchitectures: amd64\nComponents: main\n");
+        writeFile(path + "/dists/birch/main/binary-amd64/Packages"_s,
+                  empty ? QByteArray()
+                        : "Package: a\nVersion: 1\nArchitecture: amd64\nFilename: pool/a.deb\n\n");
+        return path;
+    }
+
+    void start(const QStringList &repositories)
+    {
+        m_driver.reset();
+        QSettings().setValue("recentOpennedRepos"_s, repositories);
+        HelperPeer *helper = m_helper.get();
+        m_monitor = std::make_unique<PublicationMonitor>(
+            [helper] { return helper->picture(); }, QStringList(), nullptr);
+        m_driver = std::make_unique<WindowDriver>(m_monitor.get());
+        QVERIFY(
+            QTest::qWaitFor([&] { return m_driver->isIdle(repositories.size()) && m_monitor->isKnown(); }));
+    }
+
+    void choose(int tab, int protocol, int port) const
+    {
+        field<QComboBox>("m_srvTypeComboBox", tab)->setCurrentIndex(protocol);
+        field<QSpinBox>("m_httpPortSpinBox", tab)->setValue(port);
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        veltInit("0"_s, "Velt admin repo"_s);
+        QApplication::setQuitOnLastWindowClosed(false);
+        writeScript(
+            m_folder.filePath("bin/dpkg"_s),
+            "#!/bin/sh\n[ \"$2\" = \"$(cat $0.missing 2>/dev/null)\" ] || echo \"ii  $2  1  all  x\"\n");
+        qputenv("PATH", m_folder.filePath("bin:"_s).toLocal8Bit() + qgetenv("PATH"));
+    }
+
+    void init()
+    {
+        QSettings().clear();
+        m_helper = std::make_unique<HelperPeer>(m_bus.address());
+    }
+
+    void cleanup()
+    {
+        m_driver.reset();
+        m_monitor.reset();
+        // A reading may still be under way.
+        QThreadPool::globalInstance()->waitForDone();
+        m_helper.reset();
+        QDBusConnection::disconnectFromBus("helper"_s);
+        QFile::remove(m_folder.filePath("bin/dpkg.missing"_s));
+    }
+
+    void publishesAndUnpublishes()
+    {
+        const QString one = makeRepository("one"_s);
+        start({one, makeRepository("two"_s)});
+        m_driver->tabs()->setCurrentIndex(0);
+        QCOMPARE(state(), "Not published"_s);
+        QVERIFY(!action("m_unpublishRepoAction")->isEnabled());
+        const Script hint{answer("Publish repository"_s, "OK"_s)};
+        action("m_publishRepoAction")->trigger();
+        QVERIFY(hint.isDone() && m_helper->calls.isEmpty());
+
+        choose(0, HttpProtocol, 8000);
+        choose(1, HttpProtocol, 8000);
+        m_helper->holds = true;
+        field<QPushButton>("m_publishPushButton")->click();
+        QTRY_COMPARE(m_helper->calls.join("|"_s), "publish %1 8000 0"_s.arg(one));
+        // The system takes its time; meanwhile nothing else is done to this repository, and everything to others.
+        auto *bar = child<QProgressBar>(m_driver->window(), "m_progressBar");
+        QVERIFY(bar->isVisible() && bar->maximum() == 0);
+        QVERIFY(m_driver->message().startsWith("Waiting for the system to publish"_s));
+        for (const char *command : {"m_publishRepoAction", "m_changeRepoAction", "m_addSrcListAction"})
+            QVERIFY(!action(command)->isEnabled());
+        m_driver->tabs()->setCurrentIndex(1);
+        QVERIFY(action("m_changeRepoAction")->isEnabled() && !bar->isVisible());
+        m_driver->tabs()->setCurrentIndex(0);
+        m_helper->release();
+        QTRY_COMPARE(m_driver->message(), "Repository is published."_s);
+        QVERIFY(state().startsWith("Published at http://"_s) && state().endsWith(":8000/"_s));
+        QVERIFY(!action("m_publishRepoAction")->isEnabled() && action("m_unpublishRepoAction")->isEnabled());
+        QCOMPARE(QSettings().value("busyHttpPorts"_s).toStringList(), QStringList{"8000"_s});
+        QCOMPARE(QSettings().value("Published8000/repoPath"_s).toString(), one);
+        QVERIFY(!m_driver->tabs()->tabIcon(0).isNull() && m_driver->tabs()->tabIcon(1).isNull());
+        m_driver->tabs()->setCurrentIndex(1);
+        QCOMPARE(action("m_publishRepoAction")->toolTip(), "Another repo already published"_s);
+        QVERIFY(!action("m_publishRepoAction")->isEnabled());
+
+        m_driver->tabs()->setCurrentIndex(0);
+        m_helper->holds = false;
+        action("m_unpublishRepoAction")->trigger();
+        QTRY_COMPARE(m_driver->message(), "Repository is unpublished."_s);
+        QCOMPARE(state(), "Not published"_s);
+        QCOMPARE(action("m_publishRepoAction")->toolTip(), "Publish repository"_s);
+        QVERIFY(action("m_publishRepoAction")->isEnabled());
+    }
+
+    void whatStandsInTheWay_data()
+    {
+        // Title of the box, its answer, a part of what it says; the calls that come all the same.
+        QTest::addColumn<int>("protocol");
+        QTest::addColumn<QStringList>("box");
+        QTest::addColumn<QString>("calls");
+        QTest::newRow("package") << 0 << "Error|No|lighttpd is not installed"_list << QString();
+        QTest::newRow("port") << 0 << "Warning|OK|uses the port 8000"_list << QString();
+        QTest::newRow("rights") << 1 << "Access rights|No|/r"_list << QString();
+        QTest::newRow("empty") << 0 << "Publication confirmation|No|empty"_list << QString();
+        QTest::newRow("rewrite") << 1 << "Rewrite confirmation|No|/old"_list << QString();
+        QTest::newRow("refused") << 0 << "Error|OK|Authorization error."_list
+                                 << "publish"_s;
+        QTest::newRow("fails") << 0 << "Error|OK|did not start"_list
+                               << "publish"_s;
+    }
+
+    void whatStandsInTheWay()
+    {
+        QFETCH(int, protocol);
+        QFETCH(QStringList, box);
+        QFETCH(QString, calls);
+        const auto is = [](const char *row) { return qstrcmp(QTest::currentDataTag(), row) == 0; };
+        const QString repo = makeRepository("r"_s, is("empty"));
+        QFile::setPermissions(repo, QFile::Permissions(is("rights") ? 0x7700 : 0x7755));
+        if (is("package"))
+            writeFile(m_folder.filePath("bin/dpkg.missing"_s), "lighttpd");
+        if (is("refused"))
+            m_helper->refusal = "org.freedesktop.DBus.Error.AccessDenied"_s;
+        m_helper->succeeds = !is("fails");
+        const int port = is("fails") ? 64999 : 8000;
+        if (is("rewrite"))
+            m_helper->setPicture({{{{8021, "FTP"_s, "/old"_s}, 1, "active"_s, true}}, {}});
+        start({repo});
+        choose(0, protocol, port);
+        if (is("port"))
+            m_helper->setPicture({{}, {8000}});
+        QString said;
+        const Script script{inDialog<QMessageBox>(box.at(0), [&](QMessageBox &dialog) {
+            said = dialog.text() + " "_s + dialog.informativeText() + " "_s + dialog.detailedText();
+            return press(dialog, box.at(1));
+        })};
+        action("m_publishRepoAction")->trigger();
+        QTRY_VERIFY(script.isDone());
+        QVERIFY2(said.contains(box.at(2)), qPrintable(said));
+        QTRY_VERIFY(action("m_publishRepoAction")->isEnabled());
+        QCOMPARE(m_helper->calls.join("|"_s).section(" "_s, 0, 0), calls);
+        QVERIFY(QSettings().value("busyHttpPorts"_s).toStringList().isEmpty());
+        QVERIFY(openDialogs<QMessageBox>().isEmpty());
+        if (!calls.isEmpty())
+            QVERIFY(m_driver->log().contains("Repository is unpublished."_s));
+        QVERIFY((QFileInfo(repo).permissions() & QFile::ExeOther) || is("rights"));
+    }
+
+    void table()
+    {
+        const QString open = makeRepository("one"_s);
+        const QString closed = makeRepository("two"_s);
+        m_helper->setPicture(
+            {{{{80, "HTTP"_s, open}, 0, "active"_s, true}, {{8080, "HTTP"_s, closed}, 0, "failed"_s, true}},
+             {}});
+        start({open});
+        // What the system says goes before what the panel has.
+        QCOMPARE(field<QSpinBox>("m_httpPortSpinBox")->value(), 80);
+        action("m_showPublishedReposAction")->trigger();
+        auto *dialog = m_driver->window().findChild<PublishedReposDialog *>();
+        auto *view = child<QTreeView>(*dialog, "m_publishedReposView");
+        const auto texts = [view](int column) {
+            QStringList rows;
+            for (int row = 0; row < view->model()->rowCount(); ++row)
+                rows << view->model()->index(row, column).data().toString();
+            return rows.join(" "_s);
+        };
+        QTRY_COMPARE(texts(4), "Published Failed"_s);
+        view->sortByColumn(3, Qt::DescendingOrder);
+        QCOMPARE(texts(3), "8080 80"_s);
+        view->setCurrentIndex(view->model()->index(0, 0));
+        child<QAction>(*dialog, "m_copyAddressAction")->trigger();
+        QVERIFY(QGuiApplication::clipboard()->text().endsWith(":8080/"_s));
+        // Of a repository without a tab.
+        const Script confirm{answer("Unpublish confirmation"_s, "Yes"_s)};
+        child<QAction>(*dialog, "m_unpublishThisAction")->trigger();
+        QTRY_COMPARE(texts(3), "80"_s);
+        QCOMPARE(m_driver->message(), "Repository is unpublished."_s);
+        const Script removal{answer("Remove confirmation"_s, "Yes"_s),
+                             answer("Remove confirmation"_s, "Yes"_s)};
+        action("m_removeRepoAction")->trigger();
+        QTRY_COMPARE(m_driver->message(), "Repository is deleted."_s);
+        QCOMPARE(m_helper->calls.join("|"_s), "unpublish 8080 0|unpublish 80 0"_s);
+        QTRY_VERIFY(child<QLabel>(*dialog, "m_emptyLabel")->isVisible());
+    }
+
+    void closingDoesNotWait()
+    {
+        start({makeRepository("one"_s)});
+        choose(0, HttpProtocol, 8000);
+        m_helper->holds = true;
+        action("m_publishRepoAction")->trigger();
+        QTRY_COMPARE(m_helper->calls.size(), 1);
+        QVERIFY(m_driver->window().close());
+        m_driver.reset();
+        m_helper->release();
+        QTest::qWait(50);
+    }
+};
+
+VELT_TEST_MAIN(PublishingTest, QApplication)
+#include "tst_publishing.moc"
