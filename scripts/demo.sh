@@ -41,6 +41,18 @@ focus() {
 keys() { xdotool key --clearmodifiers --delay 40 "$@"; }
 write() { xdotool type --clearmodifiers --delay 15 "$1"; }
 
+# press KEYS TITLE: brings a window up by a shortcut, which does nothing before the last job has ended.
+press() {
+    for _ in {1..10}; do
+        keys "$1"
+        if until_true 2 xdotool search --onlyvisible --name "$2"; then
+            focus "$2"
+            return 0
+        fi
+    done
+    die "no window \"$2\""
+}
+
 # package NAME VERSION ARCHITECTURE [DEPENDS]
 package() {
     local tree
@@ -128,9 +140,7 @@ for name in hello hello-data goodbye; do
 done
 grep -qx "Package: hello-installer" "${index/binary/debian-installer/binary}" || die "the .udeb is not in its index"
 if [ ${#fetched[@]} -gt 0 ]; then
-    sleep 1
-    keys ctrl+a
-    focus "Adding Packages"
+    press ctrl+a "Adding Packages"
     write "$(printf '"%s" ' "${fetched[@]}")"
     keys Return
     focus "Package add settings"
@@ -163,8 +173,7 @@ click 120 175
 write "goodbye"
 sleep 0.5
 picture 4-package-selected
-keys ctrl+d
-focus "Remove confirmation"
+press ctrl+d "Remove confirmation"
 picture 5-remove-confirmation
 keys alt+y
 until_true 20 unindexed goodbye || die "the package is still in the index"

@@ -8,6 +8,8 @@ packages_run=(reprepro archivemount dpkg apt gnupg libqca-qt5-2-plugins lsb-rele
 packages_test=(dpkg-dev debsig-verify shellcheck xvfb xauth openbox fonts-dejavu-core clang-format desktop-file-utils appstream man-db libxml2-utils
     lighttpd vsftpd polkitd dbus systemd curl procps iproute2 python3)
 packages_fuzz=(clang-14 libclang-rt-14-dev)
+packages_package=(dpkg-dev debhelper lintian mmdebstrap man-db desktop-file-utils appstream fonts-dejavu-core
+    lighttpd vsftpd polkitd dbus systemd curl procps iproute2)
 
 # need PACKAGE...: installs those that are missing; without any it asks dpkg and nothing else.
 need() {
