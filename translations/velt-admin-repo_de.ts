@@ -599,6 +599,53 @@
     </message>
 </context>
 <context>
+    <name>HelpWindow</name>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vorwärts</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>Find previous</source>
+        <translation>Vorheriges suchen</translation>
+    </message>
+    <message>
+        <source>Find next</source>
+        <translation>Nächstes suchen</translation>
+    </message>
+    <message>
+        <source>Larger text</source>
+        <translation>Größerer Text</translation>
+    </message>
+    <message>
+        <source>Smaller text</source>
+        <translation>Kleinerer Text</translation>
+    </message>
+    <message>
+        <source>Find in the help</source>
+        <translation>In der Hilfe suchen</translation>
+    </message>
+    <message>
+        <source>Help: %1</source>
+        <translation>Hilfe: %1</translation>
+    </message>
+    <message>
+        <source>The help does not hold &quot;%1&quot;.</source>
+        <translation>Die Hilfe enthält „%1“ nicht.</translation>
+    </message>
+</context>
+<context>
     <name>HelperClient</name>
     <message>
         <source>Failed to add repository to local sources list!</source>
@@ -3089,13 +3136,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>Unknown error.</source>
         <translation>Unbekannter Fehler.</translation>
-    </message>
-</context>
-<context>
-    <name>VeltHelp</name>
-    <message>
-        <source>Help</source>
-        <translation>Hilfe</translation>
     </message>
 </context>
 <context>

@@ -600,6 +600,53 @@
     </message>
 </context>
 <context>
+    <name>HelpWindow</name>
+    <message>
+        <source>Help</source>
+        <translation>Справка</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Назад</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Вперёд</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Содержание</translation>
+    </message>
+    <message>
+        <source>Find previous</source>
+        <translation>Найти предыдущее</translation>
+    </message>
+    <message>
+        <source>Find next</source>
+        <translation>Найти следующее</translation>
+    </message>
+    <message>
+        <source>Larger text</source>
+        <translation>Увеличить текст</translation>
+    </message>
+    <message>
+        <source>Smaller text</source>
+        <translation>Уменьшить текст</translation>
+    </message>
+    <message>
+        <source>Find in the help</source>
+        <translation>Поиск в справке</translation>
+    </message>
+    <message>
+        <source>Help: %1</source>
+        <translation>Справка: %1</translation>
+    </message>
+    <message>
+        <source>The help does not hold &quot;%1&quot;.</source>
+        <translation>В справке нет «%1».</translation>
+    </message>
+</context>
+<context>
     <name>HelperClient</name>
     <message>
         <source>Failed to add repository to local sources list!</source>
@@ -3106,13 +3153,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>Unknown error.</source>
         <translation>Неизвестная ошибка.</translation>
-    </message>
-</context>
-<context>
-    <name>VeltHelp</name>
-    <message>
-        <source>Help</source>
-        <translation>Справка</translation>
     </message>
 </context>
 <context>

@@ -96,20 +96,20 @@ private Q_SLOTS:
         const QString original
             = QStringLiteral(SOURCE_FOLDER) + "/translations/velt-admin-repo_"_s + language + ".ts"_s;
         const QTemporaryDir folder;
-        const QString file = folder.filePath("x_"_s + language + ".ts"_s);
-        QVERIFY(QFile::copy(original, file));
+        const QString copy = folder.filePath("x_"_s + language + ".ts"_s);
+        QVERIFY(QFile(original).copy(copy));
         QProcess lupdate;
         lupdate.setProcessChannelMode(QProcess::MergedChannels);
         QStringList arguments{"-locations"_s, "none"_s, "-no-obsolete"_s};
         if (language == "en"_s)
             arguments << "-pluralonly"_s;
-        arguments << "-recursive"_s << QStringLiteral(SOURCE_FOLDER "/src") << "-ts"_s << file;
+        arguments << "-recursive"_s << QStringLiteral(SOURCE_FOLDER "/src") << "-ts"_s << copy;
         lupdate.start(QStringLiteral(LUPDATE), arguments);
         QVERIFY(lupdate.waitForFinished(60000) && lupdate.exitCode() == 0);
         const QByteArray said = lupdate.readAll();
         QVERIFY2(!said.contains("Q_OBJECT"), said.constData());
 
-        const QVector<Message> messages = messagesOf(file);
+        const QVector<Message> messages = messagesOf(copy);
         QVERIFY(messages.size() > 10);
         QStringList faults;
         for (const Message &message : messages) {
@@ -124,7 +124,7 @@ private Q_SLOTS:
                         faults << place + translation;
         }
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
-        QVERIFY2(readFile(file) == readFile(original), "build update-translations: texts have gone");
+        QVERIFY2(readFile(copy) == readFile(original), "build update-translations: texts have gone");
     }
 
     void pluralFormsOfEnglish()

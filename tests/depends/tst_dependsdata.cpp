@@ -163,7 +163,10 @@ private Q_SLOTS:
     {
         struct : QTranslator
         {
-            QString translate(const char *, const char *text, const char *, int) const override
+            QString translate(const char * /*context*/,
+                              const char *text,
+                              const char * /*remark*/,
+                              int /*n*/) const override
             {
                 return qstrcmp(text, "Local") == 0 ? "Lokal"_s : QString();
             }
