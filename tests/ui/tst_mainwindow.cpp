@@ -15,6 +15,7 @@
 #include "ui/packagereplacementdialog.h"
 #include "ui/parametersdialog.h"
 #include "ui/prompts.h"
+#include "ui/publishedreposdialog.h"
 #include "ui/repowidget.h"
 #include "ui/startselectactiondialog.h"
 #include "ui/tabtitles.h"
@@ -175,15 +176,15 @@ private Q_SLOTS:
             = "newRepo Ctrl+N document-new +|openRepo Ctrl+O document-open +|"
               "removeRepo edit-delete -|quit Ctrl+Q application-exit +|"
               "addPackages Ctrl+A list-add +|removePackages Ctrl+D list-remove -|"
-              "publishRepo media-playback-start ?|unpublishRepo media-playback-stop ?|about +|"
-              "changeRepo -|addSrcList ?|removeSrcList ?|addPkgSettings +|"
+              "publishRepo media-playback-start -|unpublishRepo media-playback-stop -|about +|"
+              "changeRepo -|addSrcList -|removeSrcList -|addPkgSettings +|"
               "parameters velt-admin-alternatives +|signPackages application-pgp-signature -|"
               "checkDependsLocal +c|checkDependsPublic +c|checkDependsAll +c|checkDependsNo +c|"
               "checkDependStart view-refresh -|checkDepends +|addToLocalRepo -|help F1 +|"
               "exportAllPackages archive-insert -|exportFullRepo -|exportSelectedPackages -|"
               "exportRepo utilities-file-archiver -|importRepo +|importPackages -|sourceList ?|"
-              "addPackageFromExtRepo -|editExternalRepos ?|showPublishedRepos view-list-text ?|"
-              "exportWithDepends -|upgradeRepo download -|actionView ?|hideStatusLine +c"_list;
+              "addPackageFromExtRepo -|editExternalRepos ?|showPublishedRepos view-list-text +|"
+              "exportWithDepends -|upgradeRepo download -|actionView -|hideStatusLine +c"_list;
         const MainWindow window;
         QList<const QAction *> actions;
         for (const QAction *action : window.findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly)) {
@@ -232,8 +233,24 @@ private Q_SLOTS:
                  "checkDependsAll checkDependsPublic checkDependsLocal checkDependsNo"_s);
     }
 
+    void usableWithoutMouse_data()
+    {
+        QTest::addColumn<QString>("language");
+        for (const char *language : {"en", "de", "ru"})
+            QTest::newRow(language) << QString::fromLatin1(language);
+    }
+
     void usableWithoutMouse()
     {
+        // The marks of the standard buttons come with the toolkit's texts.
+        QFETCH(QString, language);
+        QTranslator own;
+        QTranslator toolkit;
+        const QString toolkitFolder = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+        QVERIFY(own.load("velt-admin-repo_"_s + language, QStringLiteral(TRANSLATIONS)));
+        QVERIFY(toolkit.load("qtbase_"_s + language, toolkitFolder));
+        QCoreApplication::installTranslator(&toolkit);
+        QCoreApplication::installTranslator(&own);
         QSettings().setValue("recentOpennedRepos"_s, QStringList{makeRepository("r"_s)});
         MainWindow window;
         window.show();
@@ -260,9 +277,11 @@ private Q_SLOTS:
         const UpgradeSourcesDialog sources(ExternalRepos(), {}, &window);
         const UpgradePackagesDialog packages(
             {}, [](const QString &) { return QString(); }, &window);
+        auto *monitor = new PublicationMonitor(&window);
+        const PublishedReposDialog published(*monitor, prompts, &window);
         const auto note = [&faults](const auto &...dialogs) { ((faults << faultsOf(dialogs)), ...); };
         note(create, change, settings, parameters, replacement, start);
-        note(about, search, repos, source, sources, packages);
+        note(about, search, repos, source, sources, packages, published);
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
 
         // The menu of an item comes to it by its key, also when it has been scrolled away.
