@@ -31,7 +31,7 @@ class PublicationJobTest : public QObject
     {
         QElapsedTimer time;
         time.start();
-        while (!m_box.canReadLine() && m_box.state() != QProcess::NotRunning && time.elapsed() < 2 * Minute)
+        while (!m_box.canReadLine() && m_box.state() != QProcess::NotRunning && !time.hasExpired(Minute))
             m_box.waitForReadyRead(1000);
         return m_box.readLine() == "ready\n";
     }
@@ -48,7 +48,7 @@ class PublicationJobTest : public QObject
         process.closeWriteChannel();
         if (!process.waitForFinished(3 * Minute))
             return "did not end"_s;
-        const QString output = QString::fromUtf8(process.readAllStandardOutput()).trimmed();
+        QString output = QString::fromUtf8(process.readAllStandardOutput()).trimmed();
         if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
             return output;
         return "%1 [%2: %3]"_s.arg(output,
@@ -138,6 +138,7 @@ private Q_SLOTS:
     void leavesEverythingWhenItFails_data();
     void leavesEverythingWhenItFails();
     void recoversFromAKilledHelper();
+    void publishesFromTheWindow();
 };
 
 void PublicationJobTest::initTestCase()
@@ -437,6 +438,15 @@ void PublicationJobTest::recoversFromAKilledHelper()
     QCOMPARE(box("systemctl is-enabled public-repo-8083 || true"_s), "disabled"_s);
     QCOMPARE(publish(openRepo, 8083, 0), "b true"_s);
     QCOMPARE(unpublish(8083, 0), "b true"_s);
+}
+
+void PublicationJobTest::publishesFromTheWindow()
+{
+    QVERIFY(QFile::copy(QStringLiteral(WINDOW_PROGRAM), m_folder.filePath("shared/window"_s)));
+    const QString output = asUser(R"(export QT_QPA_PLATFORM=offscreen
+        export DBUS_SYSTEM_BUS_ADDRESS=unix:path=/run/dbus/system_bus_socket
+        timeout 80 /shared/window 2>&1)"_s);
+    QVERIFY2(output.contains("4 passed, 0 failed, 0 skipped"_s), qPrintable(output));
 }
 
 VELT_TEST_MAIN(PublicationJobTest, QCoreApplication)
