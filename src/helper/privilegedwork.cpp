@@ -54,7 +54,8 @@ HelperOutcome PrivilegedWork::changeSources(const HelperRequest &request) const
                                 ? LocalSources::appended(text, entry)
                                 : LocalSources::removed(text, entry);
     if (changed == text
-        || SystemFile::write(m_sources, changed.toLatin1(), 0644, SystemFile::Existing::Replaced, &errorText))
+        || SystemFile::write(
+            m_sources, changed.toLatin1(), file->mode, SystemFile::Existing::Replaced, &errorText))
         return done();
     return {HelperOutcome::Failed, errorText};
 }

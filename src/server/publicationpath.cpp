@@ -6,6 +6,7 @@
 #include <QVector>
 
 #include <algorithm>
+#include <climits>
 
 namespace
 {
@@ -20,7 +21,8 @@ namespace PublicationPath
 {
 bool isWellFormed(const QString &path)
 {
-    if (path.size() < 2 || !path.startsWith(QLatin1Char('/')) || QDir::cleanPath(path) != path)
+    if (path.size() < 2 || path.size() >= PATH_MAX || !path.startsWith(QLatin1Char('/'))
+        || QDir::cleanPath(path) != path)
         return false;
     // A blank at the end of a value is lost in most configuration files; one at the start of a name is asking for it.
     if (path.endsWith(QLatin1Char(' ')) || path.contains(QLatin1String("/ "))

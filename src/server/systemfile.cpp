@@ -2,9 +2,11 @@
 #include "server/systemfile.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
@@ -95,10 +97,28 @@ bool create(const Place &place, const QByteArray &name, const QByteArray &conten
     return false;
 }
 
+const QByteArray temporarySuffix = ".new";
+
 QByteArray temporaryName(const QByteArray &name)
 {
     // Begins with a dot and ends in no name that a reader of the folder looks for.
-    return '.' + name + '.' + QByteArray::number(QRandomGenerator::system()->generate64(), 16) + ".new";
+    return '.' + name + '.' + QByteArray::number(QRandomGenerator::system()->generate64(), 16)
+           + temporarySuffix;
+}
+
+/** What a writer has left behind that was killed. A writer that is still at it fails, and nothing else happens. */
+void removeTemporaries(const QString &path, const Place &place)
+{
+    static const QRegularExpression random(
+        QRegularExpression::anchoredPattern(QStringLiteral("[0-9a-f]{1,16}")));
+    const QString start = QFile::decodeName('.' + place.name + '.');
+    const QString end = QFile::decodeName(temporarySuffix);
+    const QStringList names = QDir(QFileInfo(path).path())
+                                  .entryList({start + QLatin1Char('*') + end}, QDir::Files | QDir::Hidden);
+    for (const QString &name : names) {
+        if (random.match(name.mid(start.size(), name.size() - start.size() - end.size())).hasMatch())
+            ::unlinkat(place.folder.number(), QFile::encodeName(name).constData(), 0);
+    }
 }
 } // namespace
 
@@ -157,6 +177,7 @@ bool write(
     if (isThere && !S_ISREG(status.st_mode))
         return fail(path, ELOOP, errorText);
 
+    removeTemporaries(path, place);
     const QByteArray temporary = temporaryName(place.name);
     if (!create(place, temporary, contents, mode))
         return fail(path, errno, errorText);

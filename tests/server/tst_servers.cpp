@@ -14,6 +14,8 @@
 #include <QElapsedTimer>
 #include <QtTest>
 
+#include <climits>
+
 #include <sys/stat.h>
 
 using VeltAdmin::SystemdService;
@@ -90,6 +92,7 @@ private Q_SLOTS:
         const QString repo = folder.filePath("repo"_s);
         writeFile(repo + "/conf/distributions"_s, "");
         QVERIFY(QFile::link(repo, folder.filePath("link"_s)));
+        QVERIFY(!isWellFormed(u'/' + QString(PATH_MAX, u'a')));
         QVERIFY(isPublishable(repo));
         QVERIFY(!isPublishable(folder.filePath("link"_s)) && !isPublishable(folder.path())
                 && !isPublishable(repo + "/conf/distributions"_s)
@@ -125,7 +128,13 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString file = folder.filePath("file"_s);
         const QString link = folder.filePath("link"_s);
+        // A writer that was killed has left the first of these; the other one is the administrator's.
+        const QStringList hidden{folder.filePath(".file.0123456789abcdef.new"_s),
+                                 folder.filePath(".file.my.new"_s)};
+        for (const QString &name : hidden)
+            writeFile(name, "x");
         QVERIFY(SystemFile::write(file, "one", 0600));
+        QVERIFY(!QFile::exists(hidden.first()) && QFile::remove(hidden.last()));
         QVERIFY(SystemFile::write(file, "two", 0644, SystemFile::Existing::Kept));
         auto state = SystemFile::read(file);
         QVERIFY(state && state->exists && state->contents == "one" && state->mode == 0600);
