@@ -5,11 +5,13 @@
 #include <QFileInfo>
 #include <QtConcurrent>
 
+#include <utility>
+
 namespace
 {
 QString readList(const QString &path)
 {
-    constexpr qint64 MostBytes = 1024 * 1024;
+    constexpr qint64 MostBytes = 1 << 20;
     QFile file(path);
     return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly)
                ? QString::fromUtf8(file.read(MostBytes))
@@ -17,9 +19,9 @@ QString readList(const QString &path)
 }
 } // namespace
 
-LocalSourcesWatch::LocalSourcesWatch(QObject *parent, const QString &path)
+LocalSourcesWatch::LocalSourcesWatch(QObject *parent, QString path)
     : QObject(parent)
-    , m_path(path)
+    , m_path(std::move(path))
 {
     connect(&m_watcher, &QFileSystemWatcher::directoryChanged, this, &LocalSourcesWatch::refresh);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this, &LocalSourcesWatch::refresh);

@@ -12,7 +12,7 @@ class LocalSourcesWatch : public QObject
 {
     Q_OBJECT
 public:
-    explicit LocalSourcesWatch(QObject *parent, const QString &path = LocalSources::Path);
+    explicit LocalSourcesWatch(QObject *parent, QString path = LocalSources::Path);
 
     /** Whether a line of the list begins with `line`; false as well before the first reading. */
     bool contains(const QString &line) const { return LocalSources::contains(m_text, line); }

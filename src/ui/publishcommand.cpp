@@ -215,12 +215,16 @@ bool PublishCommand::agreesToReplace(const Request &request)
 
 void PublishCommand::confirm(const Request &request)
 {
-    const bool isEmpty = request.widget->repoShell()->packageCount() == 0;
-    if (isEmpty
-        && m_prompts.ask(tr("Publication confirmation"), tr("Do you want to publish an empty repository?"))
-               != Prompts::Answer::Yes)
-        giveUp(request);
-    else if (goesOn(request) && !agreesToReplace(request))
+    const auto agrees = [this, &request] {
+        const bool isEmpty = request.widget->repoShell()->packageCount() == 0;
+        if (isEmpty
+            && m_prompts.ask(tr("Publication confirmation"),
+                             tr("Do you want to publish an empty repository?"))
+                   != Prompts::Answer::Yes)
+            return false;
+        return goesOn(request) && agreesToReplace(request);
+    };
+    if (!agrees())
         giveUp(request);
     else if (goesOn(request))
         makeRoom(request);

@@ -36,8 +36,8 @@ public:
     static PublicationRequest requestOf(const RepoWidget &widget);
     /** Publishes the tab's repository as its panel says. */
     void publish(RepoWidget *widget);
-    /** Ends this publication. `widget` is the tab of its repository, null when it has none. */
-    void unpublish(const Publication &publication, RepoWidget *widget, const Answer &answer = {});
+    /** Ends this publication. `tab` is that of its repository, null when it has none. */
+    void unpublish(const Publication &publication, RepoWidget *tab, const Answer &answer = {});
 
 Q_SIGNALS:
     void published(RepoWidget *widget);
