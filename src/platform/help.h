@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QString>
+
 class QWidget;
 
 /**
- * Shows the help pages in the user's browser or, where no program opens them, in a window of our own. False when the
- * pages are not installed.
+ * Shows a help page, "name.html" or "name.html#anchor" (the contents when empty), in the one help window of the
+ * program, which can be used while `parent` is open as a modal dialog. False when the pages are not installed.
  */
-bool veltHelpShow(QWidget *parent);
+bool veltHelpShow(QWidget *parent, const QString &page = {});

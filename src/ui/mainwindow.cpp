@@ -112,6 +112,7 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
             m_closing->closeTab(widget);
     });
     connect(m_prompts, &Prompts::freed, this, &MainWindow::serveArrivals);
+    connect(m_prompts, &Prompts::helpRequested, this, &MainWindow::showHelp);
     connect(m_dependsModes, &DependsModes::chosen, m_settings, &SettingsCommands::setDependsRepoType);
     connect(m_depends, &DependsCommands::stateChanged, this, &MainWindow::updateActions);
     connect(m_reports, &DependsReportCommands::stateChanged, this, &MainWindow::updateActions);
@@ -252,7 +253,7 @@ void MainWindow::connectActions()
     command(m_ui->m_editExternalReposAction, [this] { m_settings->editExternalRepos(); });
     command(m_ui->m_parametersAction, [this] { m_settings->showParametersDialog(); });
     command(m_ui->m_aboutAction, [this] { about(); });
-    command(m_ui->m_helpAction, [this] { showHelp(); });
+    command(m_ui->m_helpAction, [this] { showHelp(this); });
     command(m_ui->m_quitAction, [this] { close(); });
     m_ui->m_removePackagesAction->setShortcuts(
         {m_ui->m_removePackagesAction->shortcut(), QKeySequence(QKeySequence::Delete)});
@@ -366,10 +367,10 @@ void MainWindow::about()
     m_prompts->run(dialog);
 }
 
-void MainWindow::showHelp()
+void MainWindow::showHelp(QWidget *asking, const QString &page)
 {
-    if (!veltHelpShow(this))
-        m_prompts->warn(tr("Help"), tr("The help pages are not installed."));
+    if (!veltHelpShow(asking, page))
+        m_prompts->warn(tr("Help"), tr("The help pages are not installed."), asking);
 }
 
 // --- files from outside ------------------------------------------------------------------------------------------

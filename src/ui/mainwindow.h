@@ -81,7 +81,7 @@ private:
     void serveArrivals();
     void onExtendedLogChanged(bool inExtended);
     void about();
-    void showHelp();
+    void showHelp(QWidget *asking, const QString &page = {});
     void reopen();
     void beginClosing();
     void closeOtherTabs(int index);

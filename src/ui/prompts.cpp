@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/prompts.h"
 
+#include "ui/helptopics.h"
+
 #include <QAbstractButton>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -9,6 +11,7 @@
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QShortcut>
 #include <QTextEdit>
 
 #include <algorithm>
@@ -35,11 +38,20 @@ int Prompts::run(QDialog &dialog)
     if (m_dismissed)
         return QDialog::Rejected;
     m_dialogs.append(&dialog);
+    QShortcut helpKey(QKeySequence(QKeySequence::HelpContents), &dialog);
+    offerHelp(dialog, helpKey);
     const int result = dialog.exec();
     m_dialogs.removeOne(&dialog);
     showNextError();
     announceFreed();
     return m_dismissed ? static_cast<int>(QDialog::Rejected) : result;
+}
+
+void Prompts::offerHelp(QDialog &dialog, QShortcut &key)
+{
+    connect(&key, &QShortcut::activated, this, [this, &dialog] {
+        Q_EMIT helpRequested(&dialog, HelpTopics::pageOf(dialog));
+    });
 }
 
 Prompts::Answer Prompts::ask(const QString &title, const QString &text, const QString &about, QWidget *parent)
@@ -152,6 +164,7 @@ void Prompts::showNextError()
         }
     }
     m_errorBox = box;
+    offerHelp(*box, *new QShortcut(QKeySequence(QKeySequence::HelpContents), box));
     connect(box, &QDialog::finished, this, [this, box] {
         m_errorBox.clear();
         box->deleteLater();

@@ -10,6 +10,7 @@
 
 class QDialog;
 class QMessageBox;
+class QShortcut;
 class QWidget;
 
 /**
@@ -94,6 +95,8 @@ public:
 Q_SIGNALS:
     /** The last open dialog has gone. */
     void freed();
+    /** The user has asked for help in `dialog`, which is open. */
+    void helpRequested(QDialog *dialog, const QString &page);
 
 private:
     QWidget *parentOr(QWidget *parent) const { return parent == nullptr ? m_window : parent; }
@@ -102,6 +105,7 @@ private:
     void tell(int icon, const QString &title, const QString &text, QWidget *parent);
     void showNextError();
     void announceFreed();
+    void offerHelp(QDialog &dialog, QShortcut &key);
 
     QWidget *m_window;
     QList<QPointer<QDialog>> m_dialogs;

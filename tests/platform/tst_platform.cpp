@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktopintegration.h"
 #include "platform/desktopnotification.h"
-#include "platform/help.h"
 #include "platform/packagemanager.h"
 #include "platform/velticon.h"
 #include "platform/windowgeometry.h"
@@ -20,7 +19,6 @@ class TestPlatform : public QObject
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
 
 public Q_SLOTS:
-    void openUrl(const QUrl &url) { m_opened.append(url); }
     uint Notify(const QString &application,
                 uint,
                 const QString &icon,
@@ -36,7 +34,6 @@ public Q_SLOTS:
 
 private:
     QStringList m_notifications;
-    QList<QUrl> m_opened;
 
 private Q_SLOTS:
     void initTestCase()
@@ -223,29 +220,6 @@ private Q_SLOTS:
             }
         }
         QSettings().remove("QMainWindow/frame"_s);
-    }
-
-    void help()
-    {
-        // No pages: nothing is opened.
-        QDesktopServices::setUrlHandler("file"_s, this, "openUrl");
-        qputenv("XDG_DATA_DIRS", "/nonexistent");
-        QVERIFY(!veltHelpShow(nullptr) && m_opened.isEmpty());
-
-        const QString page = qEnvironmentVariable("XDG_DATA_HOME") + "/velt-admin-repo/help/index.html"_s;
-        writeFile(page, "<html><body>How it works</body></html>");
-        QVERIFY(veltHelpShow(nullptr));
-        QCOMPARE(m_opened, QList<QUrl>{QUrl::fromLocalFile(page)});
-
-        // The offscreen platform opens no documents, as a desktop without a browser does not.
-        QDesktopServices::unsetUrlHandler("file"_s);
-        veltHelpShow(nullptr);
-        QTRY_VERIFY(QApplication::activeWindow() != nullptr);
-        QWidget *window = QApplication::activeWindow();
-        auto *browser = window->findChild<QTextBrowser *>();
-        QVERIFY(browser != nullptr);
-        QVERIFY(browser->toPlainText().contains("How it works"_s));
-        window->close();
     }
 };
 
