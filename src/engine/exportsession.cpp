@@ -47,6 +47,13 @@ ProcessResult ExportSession::remove(const QString &arguments, bool makesRoom)
     return change(arguments, m_deletingConfig->isValid() ? m_deletingConfig.get() : nullptr);
 }
 
+void ExportSession::mayLeave(const QString &poolFile)
+{
+    QFile marker(markerFile(m_repoPath));
+    if (poolFile.startsWith(m_repoPath + QLatin1Char('/')) && marker.open(QIODevice::Append))
+        marker.write((poolFile.mid(m_repoPath.size() + 1) + QLatin1Char('\n')).toUtf8());
+}
+
 void ExportSession::oweExport()
 {
     m_exportOwed = true;
@@ -58,7 +65,7 @@ bool ExportSession::dropUnreferencedFiles()
     if (PrivateConfig::keepsUnreferencedFiles(m_repoPath))
         return false;
     // First the indices, since those on disk may still name the files that go.
-    if (m_exportOwed && !exportNow().succeeded())
+    if (m_disturbed || (m_exportOwed && !exportNow().succeeded()))
         return false;
     m_removed = false;
     return m_run(ReproCommand::deleteUnreferenced(), {}).succeeded();
@@ -69,18 +76,32 @@ ProcessResult ExportSession::finish()
     ProcessResult result;
     result.started = true;
     if (m_exportOwed)
-        result = exportNow();
+        result = writeIndices();
+    // References that could not be written make files look as if nobody needed them.
+    if (m_disturbed)
+        return result;
     // As long as the indices on disk are old, clients may still fetch what they name.
     if (m_removed && m_mayCleanUp && !m_exportOwed && !PrivateConfig::keepsUnreferencedFiles(m_repoPath)) {
-        m_run(ReproCommand::deleteUnreferenced(), {});
-        m_removed = false;
+        m_removed = m_run(ReproCommand::deleteUnreferenced(), {}).crashed();
     }
+    if (!m_exportOwed && !m_removed)
+        clearMarker(m_repoPath);
     return result;
 }
 
 bool ExportSession::isExportOwed(const QString &repoPath)
 {
     return QFile::exists(markerFile(repoPath));
+}
+
+QStringList ExportSession::filesLeft(const QString &repoPath)
+{
+    QFile marker(markerFile(repoPath));
+    if (!marker.open(QIODevice::ReadOnly))
+        return {};
+    QStringList files = QString::fromUtf8(marker.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    files.removeDuplicates();
+    return files;
 }
 
 void ExportSession::clearMarker(const QString &repoPath)
@@ -97,6 +118,7 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
         config->useWholeEnvironment();
         result = m_run(arguments, config->environment());
     }
+    m_disturbed = m_disturbed || result.crashed() || ReproAnswer::databaseTroubled(result.errorOutput);
     if (result.succeeded()) {
         if (config != nullptr) {
             m_exportOwed = true;
@@ -110,16 +132,22 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
                || ReproAnswer::signingFailed(result.errorOutput)) {
         m_exportOwed = true;
     }
-    if (!m_exportOwed)
+    if (!m_exportOwed && !m_disturbed)
         clearMarker(m_repoPath);
+    return result;
+}
+
+ProcessResult ExportSession::writeIndices()
+{
+    ProcessResult result = m_run(ReproCommand::exportIndices(), {});
+    m_exportOwed = !result.succeeded();
     return result;
 }
 
 ProcessResult ExportSession::exportNow()
 {
-    ProcessResult result = m_run(ReproCommand::exportIndices(), {});
-    m_exportOwed = !result.succeeded();
-    if (!m_exportOwed)
+    ProcessResult result = writeIndices();
+    if (!m_exportOwed && !m_disturbed)
         clearMarker(m_repoPath);
     return result;
 }

@@ -17,7 +17,7 @@ class PrivateConfig;
  * each time makes a job's time grow with the square of its packages.
  *
  * While indices are owed a marker lies in the repository's db folder, so that whoever opens the repository after a
- * crash writes them first.
+ * crash writes them first. It names the files that the job was about.
  */
 class ExportSession
 {
@@ -38,6 +38,8 @@ public:
      * because the old indices name it; with `makesRoom` it goes at once, for another file of the same name.
      */
     ProcessResult remove(const QString &arguments, bool makesRoom = false);
+    /** Tells, before the run, of a file that would lie in the pool without use if the run were cut short. */
+    void mayLeave(const QString &poolFile);
     /** For when the indices turned out not to tell what is in the database. */
     void oweExport();
     /** Makes room for a file that an earlier, interrupted run has left in the pool without use. False when the
@@ -47,9 +49,13 @@ public:
     /** Writes what is owed and drops the files that no index names any more. A result that failed leaves the
      *  marker; nothing owed is a success. */
     ProcessResult finish();
+    /** Whether a run died or could not write the database. Then the marker stays, and JobRecovery has work to do. */
+    bool isDisturbed() const { return m_disturbed; }
 
     /** Whether the repository's indices are behind its database. */
     static bool isExportOwed(const QString &repoPath);
+    /** The files that jobs which were cut short may have left in the pool, as paths below the repository. */
+    static QStringList filesLeft(const QString &repoPath);
     /** Says for whoever opens the repository next that its indices may be behind. */
     static void setMarker(const QString &repoPath);
     /** Takes the marker away, after an export that went well. */
@@ -62,8 +68,10 @@ private:
     std::unique_ptr<PrivateConfig> m_deletingConfig; ///< made when a removal has to make room
     bool m_exportOwed;
     bool m_removed = false; ///< files may lie in the pool that nothing needs
+    bool m_disturbed = false;
     bool m_mayCleanUp = false; ///< those files are ours alone
 
     ProcessResult change(const QString &arguments, PrivateConfig *config);
+    ProcessResult writeIndices();
     ProcessResult exportNow();
 };

@@ -2,6 +2,7 @@
 #include "engine/jobcontext.h"
 
 #include "engine/exportsession.h"
+#include "engine/jobrecovery.h"
 #include "engine/repolock.h"
 #include "engine/reposhell.h"
 #include "engine/repreproanswers.h"
@@ -122,6 +123,8 @@ ExportSession JobContext::makeSession()
 void JobContext::finishSession(ExportSession *session)
 {
     const ProcessResult result = session->finish();
+    if (session->isDisturbed() && result.succeeded())
+        JobRecovery(*this).repair();
     // A run that could not start or crashed has been reported by the runner.
     if (result.succeeded() || !result.started || result.crashed())
         return;

@@ -3,6 +3,7 @@
 
 #include "core/packageinfo.h"
 
+#include <QList>
 #include <QString>
 
 #include <memory>
@@ -16,7 +17,8 @@ class QTemporaryDir;
 class PackageBackup
 {
 public:
-    PackageBackup(const QString &repoPath, const PackageInfo &package);
+    /** `removed` are the packages that go for the new file; their descriptions are kept with the file of `package`. */
+    PackageBackup(const QString &repoPath, const PackageInfo &package, const QList<PackageInfoPtr> &removed);
     ~PackageBackup();
     PackageBackup(const PackageBackup &) = delete;
     PackageBackup &operator=(const PackageBackup &) = delete;
@@ -25,6 +27,13 @@ public:
     QString file() const { return m_file; }
     /** Leaves the file where it is when the object goes. */
     void keep();
+
+    /** Folders of jobs that were killed. */
+    static QStringList leftovers(const QString &repoPath);
+    /** The packages whose file such a folder keeps; none when they had not been removed yet, or it says nothing. */
+    static QList<PackageInfo> packagesIn(const QString &folder, const QString &repoPath);
+    /** The file that such a folder keeps; empty when it has none. */
+    static QString fileIn(const QString &folder);
 
 private:
     std::unique_ptr<QTemporaryDir> m_folder;

@@ -64,14 +64,14 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
 {
     ExportSession *const session = &file->run.session;
     PackageRemoval removal(m_context, session);
-    PackageBackup backup(m_context.path(), present);
+    const auto inTheWay = packagesInTheWay(present, record);
+    PackageBackup backup(m_context.path(), present, inTheWay);
     if (backup.file().isEmpty() && QFile::exists(present.filePath())) {
         m_context.critical(tr("Error adding package %1!").arg(file->path),
                            tr("The present package could not be kept aside, so it was not replaced: %1")
                                .arg(present.filePath()));
         return ERROR;
     }
-    const auto inTheWay = packagesInTheWay(present, record);
     const bool makesRoom = present.filePath() == record.filePath();
     QList<PackageInfoPtr> removed;
     for (const PackageInfoPtr &package : inTheWay) {
@@ -103,8 +103,17 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
     return file->results.value(PackageKey::of(record), ERROR);
 }
 
+bool PackageInclusion::putBack(const PackageInfo &record, const QString &file, ExportSession *session)
+{
+    if (!isIncluded(runInclude(includeCommand(m_context.repoInfo().codename, record, file), session), record))
+        return false;
+    SignatureRecord::remember(&m_context, record);
+    return true;
+}
+
 RepoEnums::ErrorCode PackageInclusion::includeFile(AddedFile *file, const PackageInfo &record, bool replaces)
 {
+    file->run.session.mayLeave(record.filePath());
     const ProcessResult result
         = runInclude(includeCommand(m_context.repoInfo().codename, record, file->source), &file->run.session);
     if (!isIncluded(result, record)) {
@@ -122,10 +131,11 @@ RepoEnums::ErrorCode PackageInclusion::includeFile(AddedFile *file, const Packag
 
 bool PackageInclusion::isIncluded(const ProcessResult &result, const PackageInfo &record)
 {
-    if (result.succeeded())
+    const bool isSure = !result.crashed() && !ReproAnswer::databaseTroubled(result.errorOutput);
+    if (isSure && result.succeeded())
         return !ReproAnswer::inclusionSkipped(result.errorOutput);
-    // What a run that died has done, only the database knows.
-    if (result.crashed())
+    // What a run that died, or could not write its database, has done, only the database knows.
+    if (!isSure)
         return m_context.packageFilePath(record.name, record.indexComponent, record.architecture)
                == record.filePath();
     // When only the indices could not be written, the package is in all the same, and the end of the job tells of
@@ -182,11 +192,7 @@ void PackageInclusion::restorePackages(const QList<PackageInfoPtr> &packages,
                                        ExportSession *session)
 {
     for (const PackageInfoPtr &package : packages) {
-        if (!backup->file().isEmpty()
-            && isIncluded(
-                runInclude(includeCommand(m_context.repoInfo().codename, *package, backup->file()), session),
-                *package)) {
-            SignatureRecord::remember(&m_context, *package);
+        if (!backup->file().isEmpty() && putBack(*package, backup->file(), session)) {
             m_context.packages().append(package);
             m_context.packageAdded(package);
             continue;

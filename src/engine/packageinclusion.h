@@ -27,6 +27,8 @@ public:
      * their collision and stays. A file that cannot go in leaves what is there, and ERROR has been told.
      */
     ErrorCode include(AddedFile *file, const PackageInfo &record, bool replace);
+    /** Puts the file of a package that an interrupted job has taken out back in. */
+    bool putBack(const PackageInfo &record, const QString &file, ExportSession *session);
 
 private:
     JobContext &m_context;

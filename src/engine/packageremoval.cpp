@@ -14,6 +14,7 @@ bool PackageRemoval::remove(const PackageInfoPtr &package, bool makesRoom)
     PackageKey twin = PackageKey::of(*package);
     twin.type = package->type == PackageType::Deb ? PackageType::Udeb : PackageType::Deb;
     const PackageType *only = m_context.packages().find(twin) ? &package->type : nullptr;
+    m_session->mayLeave(package->filePath());
     const ProcessResult result = m_session->remove(ReproCommand::remove(m_context.repoInfo().codename,
                                                                         package->name,
                                                                         package->indexComponent,
@@ -22,9 +23,10 @@ bool PackageRemoval::remove(const PackageInfoPtr &package, bool makesRoom)
                                                    makesRoom);
     // When only the indices could not be written, the package has left the database all the same, and the end of the
     // job tells of the indices.
-    const bool removed = result.succeeded() || ReproAnswer::indicesOutdated(result.errorOutput)
-                         || ReproAnswer::signingFailed(result.errorOutput)
-                         || (result.crashed() && isGone(*package));
+    const bool removed
+        = result.succeeded() || ReproAnswer::indicesOutdated(result.errorOutput)
+          || ReproAnswer::signingFailed(result.errorOutput)
+          || ((result.crashed() || ReproAnswer::databaseTroubled(result.errorOutput)) && isGone(*package));
     if (!removed) {
         if (result.started && !result.crashed())
             m_context.critical(tr("Error removing package %1!").arg(package->name), result.errorOutput);

@@ -255,7 +255,6 @@ private:
     int readRepoInfo(const QString &path);
     bool writeRepoInfo(const RepoInfo &info);
     int openBody(const QString &path);
-    void recoverInterruptedJob(const QString &path);
     int changeBody(const QString &newPath, const RepoInfo &info);
     bool mayChange(const QString &newPath);
     bool moveRepo(const QString &newPath);

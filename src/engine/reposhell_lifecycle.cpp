@@ -6,6 +6,7 @@
 #include "engine/distributionsfile.h"
 #include "engine/exportsession.h"
 #include "engine/jobframe.h"
+#include "engine/jobrecovery.h"
 #include "engine/packagelisting.h"
 #include "engine/pathguard.h"
 #include "engine/reposhell.h"
@@ -184,7 +185,7 @@ int RepoShell::openBody(const QString &path)
     }
     Q_EMIT pathChanged(QString());
     Q_EMIT requestForStoredInformation(path);
-    recoverInterruptedJob(path);
+    JobRecovery(*m_context).run();
 
     QList<PackageInfoPtr> packages = listPackages(path, repoInfo());
     sortPackages(&packages);
@@ -203,28 +204,6 @@ int RepoShell::openBody(const QString &path)
         Q_EMIT packageAdded(package);
     }
     return frame.finish(SUCCESS, tr("Repositry is opened"));
-}
-
-void RepoShell::recoverInterruptedJob(const QString &path)
-{
-    if (ExportSession::isExportOwed(path)) {
-        if (m_context->runReprepro(ReproCommand::exportIndices()) == 0)
-            ExportSession::clearMarker(path);
-        else
-            Q_EMIT critical(
-                tr("An earlier job was interrupted, and the indices of the repository could not be "
-                   "brought up to date. The packages shown may not be all that it holds."),
-                lastErrorOutput(),
-                WARNING);
-    }
-    const QStringList kept = QDir(path).entryList({QStringLiteral(".replaced-*")}, QDir::Dirs | QDir::Hidden);
-    if (!kept.isEmpty())
-        Q_EMIT critical(
-            tr("An earlier job was interrupted while it replaced a package. The replaced files are kept "
-               "in %1; add them again if they are missing.")
-                .arg(path + QLatin1Char('/') + kept.first()),
-            QString(),
-            WARNING);
 }
 
 // --- change ------------------------------------------------------------------------------------------------------

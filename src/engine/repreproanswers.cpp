@@ -22,6 +22,11 @@ bool ReproAnswer::databaseLocked(const QString &errorOutput)
            && errorOutput.contains(QLatin1String("' already exists"));
 }
 
+bool ReproAnswer::databaseTroubled(const QString &errorOutput)
+{
+    return errorOutput.contains(QLatin1String("BDB"));
+}
+
 bool ReproAnswer::indicesOutdated(const QString &errorOutput)
 {
     return errorOutput.contains(QLatin1String("but no index file was exported"))

@@ -17,6 +17,8 @@ bool priorityMissing(const QString &errorOutput);
 bool inclusionSkipped(const QString &errorOutput);
 /** Another run holds the repository's database, or one that was killed left its lock behind. */
 bool databaseLocked(const QString &errorOutput);
+/** The database could not be written or is damaged; what the run has done is not certain, whatever its exit code. */
+bool databaseTroubled(const QString &errorOutput);
 /** The database has changed but the indices below dists have not. */
 bool indicesOutdated(const QString &errorOutput);
 /** The package to remove was not there. */

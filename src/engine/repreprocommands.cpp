@@ -51,6 +51,16 @@ QString ReproCommand::dumpUnreferenced()
     return QStringLiteral(" dumpunreferenced");
 }
 
+QString ReproCommand::rereference()
+{
+    return QStringLiteral(" rereference");
+}
+
+QString ReproCommand::listChecksums()
+{
+    return QStringLiteral(" _listchecksums");
+}
+
 QString ReproCommand::remove(const QString &codename,
                              const QString &name,
                              const QString &component,

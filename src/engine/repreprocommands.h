@@ -40,6 +40,12 @@ QString include(const QString &codename,
                 const QString &section,
                 const QString &file);
 
+/** Finds out anew which files the packages need. */
+QString rereference();
+
+/** Lists all files that the database knows, one a line, with their checksums behind. */
+QString listChecksums();
+
 /** What is put in front of an include whose package has no priority of its own. */
 QString defaultPriority();
 

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/repoenums.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+class JobContext;
+struct PackageInfo;
+
+/** Brings a repository in order that is opened after a job on it was killed. What cannot be mended is told. */
+class JobRecovery : public RepoEnums
+{
+    Q_DECLARE_TR_FUNCTIONS(RepoShell)
+public:
+    explicit JobRecovery(JobContext &context)
+        : m_context(context)
+    { }
+
+    /** Puts back what was taken out for a replacement that never came, writes the indices, and deletes files that
+     *  were left in the pool. The context has its path and description, but no packages yet. */
+    void run();
+    /**
+     * The same without the replacements: for the end of a job in which a program was killed. Deletes what the marker
+     * names and `filesLeft`. False when it fails.
+     */
+    bool repair(const QStringList &filesLeft = {});
+
+private:
+    JobContext &m_context;
+
+    QStringList restoreReplaced();
+    bool restore(const QString &folder);
+    bool isThere(const PackageInfo &package);
+    void dropFiles(const QStringList &files);
+};
