@@ -3,6 +3,7 @@
 #include "app/signalwatcher.h"
 #include "app/singleinstance.h"
 #include "core/scratchfolder.h"
+#include "engine/archiveutils.h"
 #include "platform/desktopintegration.h"
 #include "ui/iconstyle.h"
 #include "ui/mainwindow.h"
@@ -103,7 +104,10 @@ int main(int argc, char *argv[])
     QThreadPool::globalInstance()->setMaxThreadCount(std::max(jobThreads, QThread::idealThreadCount()));
 
     // What a killed run has left behind; nobody waits for that.
-    QThreadPool::globalInstance()->start(&ScratchFolder::removeLeftovers);
+    QThreadPool::globalInstance()->start([] {
+        ScratchFolder::removeLeftovers();
+        ArchiveUtils::removeLeftover();
+    });
 
     const int code = QApplication::exec();
     instance.stopListening();

@@ -65,6 +65,18 @@ QString ArchiveUtils::mountPoint()
     return mountFolder() + QLatin1Char('/');
 }
 
+void ArchiveUtils::removeLeftover()
+{
+    if (!isMounted(mountFolder()))
+        return;
+    // What goes wrong here will go wrong for the next import too, which tells.
+    ArchiveUtils leftover;
+    leftover.m_lock = openOwnFolder(AT_FDCWD, Parent);
+    if (leftover.m_lock >= 0 && ::flock(leftover.m_lock, LOCK_EX | LOCK_NB) == 0 && isMounted(mountFolder()))
+        leftover.unmountNow();
+    leftover.releaseLock();
+}
+
 bool ArchiveUtils::mount(const QString &archive)
 {
     QString trouble = prepareMountPoint();

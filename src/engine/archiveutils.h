@@ -20,6 +20,8 @@ public:
     bool umount();
 
     static QString mountPoint();
+    /** Takes away the mount that a killed import has left. Nothing happens while another one runs. */
+    static void removeLeftover();
 
 private:
     int m_lock = -1; ///< descriptor of the folder above the mount point
