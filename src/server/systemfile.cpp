@@ -32,6 +32,11 @@ public:
             ::close(m_number);
     }
     Q_DISABLE_COPY(Descriptor)
+    Descriptor &operator=(Descriptor &&other) noexcept
+    {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
 
     bool isOpen() const { return m_number >= 0; }
     int number() const { return m_number; }
@@ -82,15 +87,29 @@ bool writeAll(const Descriptor &file, const QByteArray &contents)
 /** Makes a file that was not there. The mode is set apart, so that the process's mask takes nothing from it. */
 bool create(const Place &place, const QByteArray &name, const QByteArray &contents, mode_t mode)
 {
-    Descriptor file(::openat(place.folder.number(),
-                             name.constData(),
-                             O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                             S_IRUSR | S_IWUSR));
+    // Without a name as long as it is not whole, so that nothing lies about when we are killed meanwhile.
+    Descriptor file(
+        ::openat(place.folder.number(), ".", O_WRONLY | O_TMPFILE | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    const bool isUnnamed = file.isOpen();
+    // Not every file system has such files.
+    if (!isUnnamed)
+        file = Descriptor(::openat(place.folder.number(),
+                                   name.constData(),
+                                   O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                                   S_IRUSR | S_IWUSR));
     if (!file.isOpen())
         return false;
-    if (writeAll(file, contents) && ::fchmod(file.number(), mode) == 0 && ::fsync(file.number()) == 0
-        && file.close())
+    const QByteArray unnamed = "/proc/self/fd/" + QByteArray::number(file.number());
+    const bool isWritten
+        = writeAll(file, contents) && ::fchmod(file.number(), mode) == 0 && ::fsync(file.number()) == 0;
+    if (isWritten && isUnnamed)
+        return ::linkat(
+                   AT_FDCWD, unnamed.constData(), place.folder.number(), name.constData(), AT_SYMLINK_FOLLOW)
+               == 0;
+    if (isWritten && file.close())
         return true;
+    if (isUnnamed)
+        return false;
     const int error = errno;
     ::unlinkat(place.folder.number(), name.constData(), 0);
     errno = error;
