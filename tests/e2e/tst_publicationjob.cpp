@@ -130,6 +130,7 @@ private Q_SLOTS:
     void hidesAllElseOverHttp();
     void servesManyAtOnceOverHttp();
     void keepsPublishingAfterAPowerCut();
+    void servesNothingElseInItsPlace();
     void feedsThisSystemsApt();
     void endsPublishing();
     void servesAptOverFtp();
@@ -240,6 +241,7 @@ void PublicationJobTest::hidesAllElseOverHttp_data()
                              "/pool/%2e%2e/conf/distributions",
                              "/pool/..%2fconf/distributions",
                              "/db/version",
+                             "/logs/x",
                              "/packages.conf",
                              "/%70ackages.conf?x",
                              "/.hidden",
@@ -269,6 +271,22 @@ void PublicationJobTest::keepsPublishingAfterAPowerCut()
 {
     m_box.write("restart\n");
     QVERIFY(isReady());
+    QTRY_COMPARE_WITH_TIMEOUT(httpCode("/dists/birch/Release"_s), "200"_s, 30000);
+}
+
+void PublicationJobTest::servesNothingElseInItsPlace()
+{
+    // The repository's user puts links in the place of the directory and of the log, before the next start.
+    const QString planted = asUser(R"(mv "$1" ~/aside; ln -s /etc "$1")"_s, {closedRepo});
+    const QString told = box(R"(echo precious >/root/precious; rm -f /tmp/http8080.log
+        runuser -u tester -- ln -s /root/precious /tmp/http8080.log
+        systemctl restart public-repo-8080 2>/dev/null && echo started
+        curl -s http://127.0.0.1:8080/passwd || true; cat /root/precious)"_s);
+    const QString back = asUser(R"(rm "$1"; mv ~/aside "$1")"_s, {closedRepo});
+    QCOMPARE(planted + told + back, "precious"_s);
+    QCOMPARE(box(R"(systemctl restart public-repo-8080; runuser -u tester -- mkfifo /tmp/pipe
+        mv -f /tmp/pipe /tmp/http8080.log; systemctl restart public-repo-8080; readlink /tmp/http8080.log)"_s),
+             "/var/log/velt-admin-repo-http8080.log"_s);
     QTRY_COMPARE_WITH_TIMEOUT(httpCode("/dists/birch/Release"_s), "200"_s, 30000);
 }
 
