@@ -84,6 +84,7 @@ struct ArchiveWriter::Source
 
 ArchiveWriter::ArchiveWriter(const QString &target, StopRequest stopped)
     : m_stopped(std::move(stopped))
+    , m_target(target)
     , m_file(target)
 { }
 
@@ -91,11 +92,11 @@ ArchiveWriter::~ArchiveWriter() = default;
 
 bool ArchiveWriter::open()
 {
-    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
-        m_error = m_file.fileName() + QLatin1String(": ") + m_file.errorString();
+    if (!m_file.open()) {
+        m_error = m_target + QLatin1String(": ") + m_file.errorString();
         return false;
     }
-    m_device = std::make_unique<GzipDevice>(&m_file);
+    m_device = std::make_unique<GzipDevice>(m_file.device());
     m_tar = std::make_unique<KTar>(m_device.get());
     m_buffer.resize(CopySize);
     return m_tar->open(QIODevice::WriteOnly);
@@ -129,7 +130,7 @@ ArchiveWriter::Result ArchiveWriter::addLink(const Source &source, const QString
                                            time(source.status.st_atim),
                                            time(source.status.st_mtim),
                                            time(source.status.st_ctim));
-    return added ? Result::Added : failed(m_file.fileName(), m_device->failure());
+    return added ? Result::Added : failed(m_target, m_device->failure());
 }
 
 ArchiveWriter::Result ArchiveWriter::addFile(const Source &source, const QString &member)
@@ -152,7 +153,7 @@ ArchiveWriter::Result ArchiveWriter::addFile(const Source &source, const QString
                                time(source.status.st_atim),
                                time(source.status.st_mtim),
                                time(source.status.st_ctim)))
-        return failed(m_file.fileName(), m_device->failure());
+        return failed(m_target, m_device->failure());
     qint64 left = source.status.st_size;
     while (left > 0) {
         if (isLarge && m_stopped && m_stopped()) {
@@ -165,14 +166,14 @@ ArchiveWriter::Result ArchiveWriter::addFile(const Source &source, const QString
         if (size == 0)
             break;
         if (!m_tar->writeData(m_buffer.constData(), size))
-            return failed(m_file.fileName(), m_device->failure());
+            return failed(m_target, m_device->failure());
         left -= size;
     }
     struct stat now = {};
     if (left > 0 || ::fstat(descriptor, &now) != 0 || !isSame(now, source.status))
         return failed(source.path, tr("It was changed by another program while it was read."));
     if (!m_tar->finishWriting(source.status.st_size))
-        return failed(m_file.fileName(), m_device->failure());
+        return failed(m_target, m_device->failure());
     return Result::Added;
 }
 
@@ -183,13 +184,13 @@ bool ArchiveWriter::commit()
     m_tar->close();
     if (!m_device->finish() || !ended) {
         if (m_error.isEmpty())
-            failed(m_file.fileName(), m_device->failure());
-        m_file.cancelWriting();
+            failed(m_target, m_device->failure());
+        return false;
     }
     if (m_file.commit())
         return true;
     if (m_error.isEmpty())
-        failed(m_file.fileName(), m_file.errorString());
+        failed(m_target, m_file.errorString());
     return false;
 }
 

@@ -2,10 +2,10 @@
 #pragma once
 
 #include "engine/gzipdevice.h"
+#include "engine/replacingfile.h"
 
 #include <QCoreApplication>
 #include <QHash>
-#include <QSaveFile>
 #include <QString>
 
 #include <functional>
@@ -58,7 +58,8 @@ private:
     QString groupName(gid_t id);
 
     StopRequest m_stopped;
-    QSaveFile m_file;
+    QString m_target;
+    ReplacingFile m_file;
     std::unique_ptr<GzipDevice> m_device;
     std::unique_ptr<KTar> m_tar;
     QHash<uid_t, QString> m_users;
