@@ -1182,6 +1182,10 @@ Ein oder mehrere Werte</translation>
             <numerusform>%n Pakete: %1</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>PackageFile</name>

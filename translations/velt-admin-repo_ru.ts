@@ -1184,6 +1184,10 @@ One or more values</source>
             <numerusform>%n пакетов: %1</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
 </context>
 <context>
     <name>PackageFile</name>
