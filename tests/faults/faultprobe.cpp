@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the tests of faults kill: carries out one job of the engine on a repository, or saves settings for ever. It
+// prints "begun" when the job begins, and "done" when it has ended.
+#include "engine/reposhell.h"
+#include "savedstate.h"
+#include "support/testapplication.h"
+
+#include <QTextStream>
+
+#include <csignal>
+#include <cstdio>
+#include <utility>
+
+#include <sys/resource.h>
+
+namespace
+{
+void say(const QString &word)
+{
+    std::printf("%s\n", qPrintable(word));
+    std::fflush(stdout);
+}
+
+/** From now on no file grows beyond the size that was asked for, as on a disk that is full. */
+void limitFiles()
+{
+    const rlim_t size = qEnvironmentVariableIntValue("FAULTS_FILE_SIZE");
+    if (size == 0)
+        return;
+    // As a signal, it would end the programs; ignored, the write fails.
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{size, size};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+[[noreturn]] void saveForEver(int first)
+{
+    limitFiles();
+    say("begun"_s);
+    for (int number = first;; ++number) {
+        SavedState::save(number);
+        say(QString::number(number));
+    }
+}
+
+std::function<void()> jobOf(RepoShell *shell, const QString &job, const QStringList &arguments)
+{
+    if (job == "add"_s)
+        return [=] { shell->addPackages(arguments); };
+    if (job == "import"_s)
+        return [=] { shell->importRepo(arguments.first()); };
+    if (job == "export"_s)
+        return [=] { shell->exportRepo(arguments.first()); };
+    if (job == "pack"_s)
+        return [=] { shell->exportPackages(shell->packages(), arguments.first(), false); };
+    if (job != "remove"_s)
+        qFatal("no such job");
+    return [=] {
+        QList<PackageInfoPtr> packages;
+        for (const PackageInfoPtr &package : shell->packages())
+            if (arguments.contains(package->name))
+                packages.append(package);
+        if (packages.isEmpty())
+            QMetaObject::invokeMethod(shell, &RepoShell::idle, Qt::QueuedConnection);
+        shell->removePackages(packages);
+    };
+}
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    TestApplication<QCoreApplication> application(argc, argv);
+    QCoreApplication::setOrganizationName("corvana"_s);
+    QCoreApplication::setApplicationName("velt-admin-repo"_s);
+    const QStringList words = QCoreApplication::arguments();
+    const QString job = words.value(1);
+    if (job == "save"_s)
+        saveForEver(words.value(2).toInt());
+
+    RepoShell shell;
+    shell.setDependsRepoType(DependsNowhere);
+    const auto agree = [&shell] { shell.setAnswer(true); };
+    QObject::connect(&shell, &RepoShell::question, &application, agree, Qt::BlockingQueuedConnection);
+    const auto replace = [](RepoEnums::ErrorCode, PackageReplacementRules *rules) {
+        rules->value = PackageReplacementRules::ReplaceAll;
+    };
+    QObject::connect(&shell,
+                     &RepoShell::requestForReplacementHandlingByUser,
+                     &application,
+                     replace,
+                     Qt::BlockingQueuedConnection);
+    QObject::connect(
+        &shell, &RepoShell::critical, &application, [](const QString &text, const QString &more) {
+            say("critical: "_s + text + QLatin1Char('|') + more);
+        });
+    bool isOpen = false;
+    QObject::connect(&shell, &RepoShell::idle, &application, [&] {
+        if (std::exchange(isOpen, true)) {
+            say("done"_s);
+            QCoreApplication::quit();
+            return;
+        }
+        limitFiles();
+        say("begun"_s);
+        jobOf(&shell, job, words.mid(3))();
+    });
+    shell.openRepo(words.value(2));
+    return QCoreApplication::exec();
+}

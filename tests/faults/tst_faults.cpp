@@ -1,0 +1,456 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "../engine/engineharness.h"
+#include "../helper/polkitpeer.h"
+#include "core/scratchfolder.h"
+#include "engine/archiveutils.h"
+#include "engine/repolock.h"
+#include "helper/manager.h"
+#include "privateplaces.h"
+#include "repostate.h"
+#include "savedstate.h"
+#include "support/privatebus.h"
+#include "support/systemdpeer.h"
+#include "victim.h"
+
+#include <QDBusConnectionInterface>
+#include <QDBusPendingReply>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QRandomGenerator>
+#include <QtTest>
+
+#include <csignal>
+
+namespace
+{
+constexpr int Minute = 60000; // milliseconds
+
+/** What happens to a program in the middle of its work. */
+enum class Fault {
+    Killed, ///< alone: what it has started goes on
+    KilledWithChildren,
+    ChildKilled,
+    DiskFull
+};
+
+/** A job with all that is needed to start it and to judge what it has left. */
+struct Job
+{
+    QString name;
+    QStringList arguments;
+    QByteArray child = "reprepro"; ///< name of the program that it works with
+    Request request = {};
+    QString archive = {}; ///< path of the archive that it writes
+    int largestFile = 0; ///< bytes that it has to write into one file
+};
+
+/** All files below the folders with their contents. */
+QMap<QString, QByteArray> contentsOf(const QStringList &folders)
+{
+    QMap<QString, QByteArray> contents;
+    for (const QString &folder : folders) {
+        QDirIterator files(folder, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QString file = files.next();
+            contents.insert(file, readFile(file));
+        }
+    }
+    return contents;
+}
+} // namespace
+
+/** Programs that die in the middle of their work, and what is found when they are started again. */
+class FaultsTest : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit FaultsTest(bool hasPrivatePlaces)
+        : m_private(hasPrivatePlaces)
+    { }
+
+private:
+    QRandomGenerator m_random;
+    int m_rounds = 2;
+    bool m_private;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_base; ///< a repository to copy
+    QStringList m_new; ///< packages that it does not have
+    QStringList m_other; ///< others of packages that it has
+
+    QString repoPath() const { return m_folder->filePath("repo"_s); }
+    QString archivePath() const { return m_folder->filePath("target/a.tgz"_s); }
+
+    /** Fresh copies of the repository and of the folder for archives. */
+    RepoState prepare(bool withArchive) const
+    {
+        runShell("rm -rf repo target; cp -a base repo; mkdir target"_s, m_folder->path());
+        if (withArchive)
+            writeFile(archivePath(), "an older archive\n");
+        return RepoState::read(repoPath());
+    }
+
+    static QStringList startWords(const Job &job, const QString &repo)
+    {
+        return QStringList{job.name, repo} + job.arguments;
+    }
+
+    QString listing(const QString &archive) const
+    {
+        return runShell("gzip -dc '%1' | tar tf - | sort"_s.arg(archive), m_folder->path());
+    }
+
+    /** What a start of the program sweeps away. */
+    static void sweep()
+    {
+        ScratchFolder::removeLeftovers();
+        ArchiveUtils::removeLeftover();
+    }
+
+    QString leftovers() const
+    {
+        QStringList left = QDir(QDir::tempPath()).entryList({"velt-admin-repo-work-*"_s}, QDir::Dirs);
+        if (readFile("/proc/self/mountinfo"_s).contains("importTempDir"))
+            left += "a mount"_s;
+        const QStringList beside
+            = QDir(m_folder->filePath("target"_s)).entryList(QDir::Files | QDir::Hidden | QDir::System);
+        for (const QString &file : beside)
+            if (file != "a.tgz"_s)
+                left += file;
+        return left.isEmpty() ? QString() : "left behind: %1\n"_s.arg(left.join(QLatin1Char(' ')));
+    }
+
+    /** Opens the repository as the next start does and says what is wrong with it. */
+    QString reopenedFaults(const RepoState &before, const Request &request) const
+    {
+        sweep();
+        EngineHarness engine;
+        engine.reply = true;
+        if (engine.open(repoPath()) != RepoEnums::SUCCESS)
+            return "it does not open: %1 %2\n"_s.arg(engine.trouble(), engine.lastMessage());
+        // What the program asks before the next change, and is told to do.
+        if (RepoLock::state(repoPath()) == RepoLock::State::Stale)
+            RepoLock::remove(repoPath());
+        return RepoState::faultsWithin(engine) + RepoState::read(repoPath()).faultsAfter(before, request)
+               + leftovers();
+    }
+
+    /** One job, at first undisturbed, and then cut short in each round; at last it is done again to its end. */
+    void cutShort(const Job &job)
+    {
+        const RepoState before = prepare(false);
+        QElapsedTimer time;
+        {
+            Victim whole(QStringLiteral(FAULT_PROBE), startWords(job, repoPath()));
+            time.start();
+            QVERIFY(whole.endsWithin(Minute));
+        }
+        const int length = static_cast<int>(time.elapsed());
+        const RepoState whole = RepoState::read(repoPath());
+        QVERIFY(job.request.offered.isEmpty() == (whole == before) || !job.request.removed.isEmpty());
+        const QString members = job.archive.isEmpty() ? QString() : listing(job.archive);
+        QString faults = reopenedFaults(before, job.request);
+        QVERIFY2(faults.isEmpty(), qPrintable(faults));
+
+        for (int round = 0; round < m_rounds; ++round) {
+            const auto fault = static_cast<Fault>(m_random.bounded(4));
+            const int moment = m_random.bounded(length + length / 10 + 1);
+            const int size = m_random.bounded(4096, job.largestFile);
+            const bool hasOld = m_random.bounded(2) == 0;
+            prepare(hasOld && !job.archive.isEmpty());
+            QString words;
+            {
+                Victim victim(QStringLiteral(FAULT_PROBE),
+                              startWords(job, repoPath()),
+                              fault == Fault::DiskFull ? size : 0);
+                if (fault != Fault::DiskFull && !victim.endsWithin(moment)) {
+                    if (fault == Fault::ChildKilled)
+                        victim.killChild(job.child);
+                    else
+                        victim.kill(fault == Fault::KilledWithChildren);
+                }
+                const bool ends = victim.endsWithin(Minute);
+                victim.waitForOrphans();
+                words = victim.words();
+                QVERIFY2(ends, "the job does not end");
+            }
+            const QString situation = "round %1, fault %2 at %3 of %4 ms, file size %5\n%6\n"_s.arg(
+                QString::number(round),
+                QString::number(static_cast<int>(fault)),
+                QString::number(moment),
+                QString::number(length),
+                QString::number(size),
+                words);
+            faults = reopenedFaults(before, job.request);
+            if (!job.archive.isEmpty()) {
+                const bool isOld
+                    = hasOld ? readFile(job.archive) == "an older archive\n" : !QFile::exists(job.archive);
+                if (!isOld && listing(job.archive) != members)
+                    faults += "the archive is neither the old nor the new one\n"_s;
+            }
+            QVERIFY2(faults.isEmpty(), qPrintable(situation + faults));
+            {
+                Victim again(QStringLiteral(FAULT_PROBE), startWords(job, repoPath()));
+                QVERIFY(again.endsWithin(Minute));
+                words = again.words();
+            }
+            faults = reopenedFaults(before, job.request);
+            if (!(RepoState::read(repoPath()) == whole))
+                faults += "done again, it does not come to the same\n"_s;
+            QVERIFY2(faults.isEmpty() && !words.contains("critical"_s),
+                     qPrintable(situation + "again: "_s + words + faults));
+        }
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        for (const char *tool : {"reprepro", "archivemount", "dpkg-deb"})
+            if (!haveTool(tool))
+                qFatal("%s is not installed", tool);
+        bool isSet = false;
+        const uint given = qEnvironmentVariable("FAULTS_SEED").toUInt(&isSet);
+        const quint32 seed = isSet ? given : QRandomGenerator::global()->generate();
+        m_random.seed(seed);
+        m_rounds = qMax(1, qEnvironmentVariable("FAULTS_ROUNDS", "2"_s).toInt());
+        qInfo("FAULTS_SEED=%u FAULTS_ROUNDS=%d", seed, m_rounds);
+        Victim::adoptOrphans();
+        QCoreApplication::setOrganizationName("corvana"_s);
+        QCoreApplication::setApplicationName("velt-admin-repo"_s);
+
+        m_folder = std::make_unique<QTemporaryDir>("/tmp/vfXXXXXX"_s);
+        RepoHarness h("amd64 i386"_s);
+        const auto package = [&h](const char *name, const char *version, int size, char fill) {
+            return DebBuilder(QLatin1String(name))
+                .version(QLatin1String(version))
+                .architecture(qstrcmp(name, "every") == 0 || qstrcmp(name, "each") == 0 ? "all"_s : "amd64"_s)
+                .field("Section"_s, qstrcmp(name, "side") == 0 ? "contrib/admin"_s : "admin"_s)
+                .contents(noise(size) + fill);
+        };
+        const QString folder = m_folder->path();
+        QStringList base;
+        for (const char *name : {"one", "two", "every", "side", "big"})
+            base += package(name, "1.0", qstrcmp(name, "big") == 0 ? 900000 : 20000, 'a').build(folder);
+        QCOMPARE(h.add(base), RepoEnums::SUCCESS);
+        for (const char *name : {"three", "each", "large"})
+            m_new += package(name, "1.0", qstrcmp(name, "large") == 0 ? 900000 : 20000, 'b').build(folder);
+        m_other += package("one", "2.0", 20000, 'c').build(folder);
+        // Of the same names as what lies in the pool, but with other contents.
+        for (const char *name : {"every", "side", "big"})
+            m_other += package(name, "1.0", 30000, 'd').build(folder + "/other"_s);
+        runShell("cp -a '%1' base; tar czf packages.tgz *.deb other"_s.arg(h.repoPath()), folder);
+    }
+
+    void adding()
+    {
+        Job job{"add"_s, m_new};
+        job.request.offer(m_new);
+        job.largestFile = 1000000;
+        cutShort(job);
+    }
+
+    void replacing()
+    {
+        Job job{"add"_s, m_other};
+        job.request.offer(m_other);
+        job.largestFile = 60000;
+        cutShort(job);
+    }
+
+    void removing()
+    {
+        Job job{"remove"_s, {"one"_s, "every"_s, "side"_s}};
+        job.request.removed = {"one"_s, "every"_s, "side"_s};
+        job.largestFile = 60000;
+        cutShort(job);
+    }
+
+    void importing()
+    {
+        Job job{"import"_s, {m_folder->filePath("packages.tgz"_s)}};
+        job.child = m_random.bounded(2) == 0 ? "reprepro" : "archivemount";
+        job.request.offer(m_new + m_other);
+        job.request.offer(QDir(m_folder->path()).entryList({"*.deb"_s}));
+        job.largestFile = 1000000;
+        cutShort(job);
+    }
+
+    void exporting()
+    {
+        for (const char *name : {"export", "pack"}) {
+            Job job{QString::fromLatin1(name), {archivePath()}};
+            job.archive = archivePath();
+            job.largestFile = 1500000;
+            cutShort(job);
+        }
+    }
+
+    void saving()
+    {
+        DependsData(DependsData::userFileName(), SavedState::OtherRepoPath)
+            .savePackages(SavedState::results(1));
+        SavedState::save(0);
+        int last = 0;
+        for (int round = 0; round < m_rounds * 3; ++round) {
+            const int moment = m_random.bounded(100);
+            const bool isFull = m_random.bounded(4) == 0;
+            Victim victim(QStringLiteral(FAULT_PROBE),
+                          {"save"_s, QString::number(last + 1)},
+                          isFull ? m_random.bounded(512, 100000) : 0);
+            victim.endsWithin(moment);
+            victim.kill(true);
+            // A number that was said is that of a save that had ended.
+            const QStringList said = victim.words().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+            // On a full disk a save fails as a whole, and the probe goes on.
+            const int first = last;
+            last = qMax(last, said.last().toInt());
+            const int settings = SavedState::settingsNumber();
+            const int results = SavedState::resultsNumber();
+            const QString situation
+                = "round %1 at %2 ms: said %3, settings %4, results %5"_s.arg(QString::number(round),
+                                                                              QString::number(moment),
+                                                                              said.last(),
+                                                                              QString::number(settings),
+                                                                              QString::number(results));
+            QVERIFY2(settings >= (isFull ? first : last) && settings <= last + 1, qPrintable(situation));
+            QVERIFY2(results >= (isFull ? first : last) && results <= last + 1, qPrintable(situation));
+            last = settings;
+            SavedState::save(last); // with what a killed save has left beside
+            QCOMPARE(SavedState::settingsNumber(), last);
+        }
+    }
+
+    void programKilled()
+    {
+        const QString settingsFile = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+                                     + "/corvana/velt-admin-repo.conf"_s;
+        {
+            QSettings settings;
+            settings.setValue(SettingsKey::RecentOpennedRepos, QStringList{repoPath()});
+            settings.setValue(SettingsKey::ShowAddPkgSettings, false);
+            settings.setValue(SettingsKey::AddPkgCheckDepends, false);
+            settings.setValue(SettingsKey::DependsRepoType, int(DependsNowhere));
+        }
+        Request request;
+        request.offer(m_new);
+        constexpr int StartAndAdd = 3000; // milliseconds
+        for (int round = 0; round < m_rounds; ++round) {
+            const RepoState before = prepare(false);
+            const int moment = m_random.bounded(StartAndAdd);
+            const int ending = m_random.bounded(300);
+            const bool terminates = m_random.bounded(2) == 0;
+            const bool withChildren = m_random.bounded(2) == 0;
+            {
+                Victim victim(QStringLiteral(PROGRAM), m_new, 0, false);
+                victim.endsWithin(moment);
+                if (terminates) {
+                    victim.terminate();
+                    victim.endsWithin(ending);
+                }
+                victim.kill(withChildren);
+            }
+            QString faults = reopenedFaults(before, request);
+            const QSettings settings;
+            if (settings.status() != QSettings::NoError
+                || settings.value(SettingsKey::RecentOpennedRepos).toStringList() != QStringList{repoPath()}
+                || UserChoices::load(settings).dependsRepoType != DependsNowhere
+                || UserChoices::load(settings).showAddPkgSettings)
+                faults += "the settings are %1\n"_s.arg(QString::fromUtf8(readFile(settingsFile)));
+            QVERIFY2(faults.isEmpty(),
+                     qPrintable("round %1, after %2 ms, %3\n%4"_s.arg(QString::number(round),
+                                                                      QString::number(moment),
+                                                                      terminates ? "ending"_s : "working"_s,
+                                                                      faults)));
+        }
+    }
+
+    void helperKilled()
+    {
+        if (!m_private)
+            QSKIP("only root has places of its own for the system's files");
+        const QString sources = "/etc/apt/sources.list.d"_s;
+        const QString units = "/etc/systemd/system"_s;
+        const QString line = "deb http://10.0.0.1:8000/ dogwood main"_s;
+        runShell("rm -rf /etc/systemd/system/* /etc/apt/sources.list.d/* /srv/repo; cp -a base /srv/repo"_s,
+                 m_folder->path());
+        // The helper looks for its template beside the folder that it lies in.
+        runShell("mkdir -p bin share/velt-admin-repo; cp '%1' bin; cp '%2' share/velt-admin-repo"_s.arg(
+                     QStringLiteral(VELT_HELPER), QStringLiteral(UNIT_TEMPLATE)),
+                 m_folder->path());
+        const QString program = m_folder->filePath("bin/velt-admin-repo-helper"_s);
+        const PrivateBus bus;
+        const PolkitPeer polkit(bus.address());
+        SystemdPeer systemd(bus.address(), units);
+        systemd.setUnit("vsftpd.service"_s, {});
+        const QDBusConnection user = QDBusConnection::connectToBus(bus.address(), "user"_s);
+        const auto state = [&] { return contentsOf({sources, units, "/tmp/etc"_s}); };
+        const auto call = [&user](const QString &method, const QVariantList &arguments) {
+            QDBusMessage message = QDBusMessage::createMethodCall(
+                Manager::Service, "/"_s, "org.corvana.velt.repo.Manager"_s, method);
+            message.setArguments(arguments);
+            return QDBusPendingReply<bool>(user.asyncCall(message));
+        };
+        const auto isOnBus
+            = [&user] { return user.interface()->isServiceRegistered(Manager::Service).value(); };
+        const QVector<QPair<QString, QVariantList>> requests{
+            {"AddLocalSource"_s, {line}},
+            {"PublishRepo"_s, {"/srv/repo"_s, 8080, 0}},
+            {"PublishRepo"_s, {"/srv/repo"_s, 21, 1}},
+            {"UnpublishRepo"_s, {8080, 0}},
+            {"UnpublishRepo"_s, {21, 1}},
+            {"RemoveLocalSource"_s, {line}},
+        };
+        int next = 0;
+        for (int round = 0; round < m_rounds * 2; ++round) {
+            const auto &[method, arguments] = requests.at(next++ % requests.size());
+            const auto old = state();
+            const int moment = m_random.bounded(2) == 0 ? m_random.bounded(20) : m_random.bounded(1200);
+            // A signal that comes from the very write.
+            const int size = m_random.bounded(3) == 0 ? m_random.bounded(1, 700) : 1 << 20;
+            {
+                Victim helper("prlimit"_s, {"--fsize="_s + QString::number(size), program}, 0, false);
+                QVERIFY(QTest::qWaitFor(isOnBus));
+                const auto answer = call(method, arguments);
+                static_cast<void>(QTest::qWaitFor([&answer] { return answer.isFinished(); }, moment));
+                helper.kill(true);
+            }
+            QVERIFY(QTest::qWaitFor([&] { return !isOnBus(); }));
+            const auto killed = state();
+            {
+                Victim helper(program, {}, 0, false);
+                QVERIFY(QTest::qWaitFor(isOnBus));
+                const auto answer = call(method, arguments);
+                QVERIFY(QTest::qWaitFor([&answer] { return answer.isFinished(); }, Minute));
+                helper.kill(true);
+                QVERIFY2(!answer.isError() && answer.value(),
+                         qPrintable(method + QLatin1Char('\n') + helper.words()));
+            }
+            QVERIFY(QTest::qWaitFor([&] { return !isOnBus(); }));
+            const auto whole = state();
+            QStringList files = old.keys() + killed.keys() + whole.keys();
+            files.removeDuplicates();
+            for (const QString &file : qAsConst(files)) {
+                const QByteArray contents = killed.value(file);
+                const bool isOldOrNew = contents == old.value(file) || contents == whole.value(file);
+                QVERIFY2(isOldOrNew && !file.endsWith(".new"_s),
+                         qPrintable("round %1, %2 at %3 ms, size %4: %5 holds \"%6\""_s.arg(
+                             QString::number(round),
+                             method,
+                             QString::number(moment),
+                             QString::number(size),
+                             file,
+                             QString::fromUtf8(contents))));
+            }
+        }
+    }
+};
+
+int main(int argc, char *argv[])
+{
+    const bool isPrivate = PrivatePlaces::enter();
+    const TestEnvironment environment;
+    TestApplication<QCoreApplication> application(argc, argv);
+    FaultsTest test(isPrivate);
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_faults.moc"
