@@ -39,35 +39,6 @@ class TestAptCommands : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void commandLines()
-    {
-        Recorder<AptUtils> apt;
-        QSignalSpy errors(&apt, &ProcessUtils::error);
-        askAll(apt, "lib-1.2"_s);
-        const QString here = QDir::currentPath() + "> "_s;
-        const QString search = "bash|-c|apt search lib-1.2 | grep ^lib-1.2  | cut -d'/' -f1"_s;
-        QStringList expected{here + "apt-cache|policy"_s,
-                             here + "apt|show|lib-1.2:i386|-a"_s,
-                             here + "apt|show|lib-1.2|-a"_s,
-                             "> apt-cache|showpkg|lib-1.2"_s,
-                             here + search,
-                             "/target> apt|download|lib-1.2:amd64=1:2-%2"_s};
-        QCOMPARE(apt.calls, expected);
-        // The search alone says nothing of its failure.
-        QCOMPARE(errors.size(), 5);
-        QCOMPARE(errors.at(0).first().toString(), "Apt error"_s);
-        QCOMPARE(errors.at(3).first().toString(), "apt-cache: error showing package lib-1.2 info"_s);
-        QCOMPARE(errors.at(4).first().toString(), "Apt: download package lib-1.2 error"_s);
-
-        // With a private list the four queries name it at their end; search and download do not.
-        QVERIFY(apt.setPrivateSources({"http://h/r s main"_s}));
-        apt.calls.clear();
-        askAll(apt, "lib-1.2"_s);
-        for (int i = 0; i < 4; ++i)
-            expected[i] += "|-o|Dir::Etc::sourcelist="_s + apt.privateSourcesFile();
-        QCOMPARE(apt.calls, expected);
-    }
-
     void privateListLivesAsLongAsItIsUsed()
     {
         QString last;

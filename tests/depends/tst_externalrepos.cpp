@@ -52,61 +52,56 @@ private:
 private Q_SLOTS:
     void init() { QFile::remove(m_file); }
 
-    void sources_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("kept"); // empty: refused
-        QTest::addColumn<QString>("reason");
-        const auto kept = [](const char *typed, const char *expected) {
-            QTest::newRow(typed) << QString::fromUtf8(typed) << QString::fromUtf8(expected) << QString();
-        };
-        const auto refused = [](const char *typed, const char *reason) {
-            QTest::newRow(typed) << QString::fromUtf8(typed) << QString() << QString::fromUtf8(reason);
-        };
-        kept("  deb\t[ arch=amd64  trusted=yes ]  HTTP://h:80/r   s  main\tcontrib \n",
-             "[arch=amd64 trusted=yes] http://h:80/r s main contrib");
-        kept("[]https://u:p@h s/updates main", "https://u:p@h s/updates main");
-        kept("[arch+=i386]http://[::1]:8080/r s main", "[arch+=i386] http://[::1]:8080/r s main");
-        kept("file:///srv/r ./", "file:///srv/r ./");
-        kept("file:/srv/хранилище /", "file:/srv/хранилище /");
-        kept("mirror+file:/etc/apt/mirrors s main", "mirror+file:/etc/apt/mirrors s main");
-        kept("tor+https://h/r s main", "tor+https://h/r s main");
-        kept("ftp://h:2121/r s main", "ftp://h:2121/r s main");
-        refused("", "Enter the address");
-        refused(" deb ", "not the address");
-        refused("http://h s main\ndeb http://evil s main", "line break");
-        refused("http://h\xe2\x80\x8b s main", "invisible");
-        refused("deb-src http://h s main", "source packages");
-        refused("http://h s main # comment", "character #");
-        refused("http://h/\"x s main", "character \"");
-        refused("[arch] http://h s main", "options");
-        refused("[arch=amd64 http://h s main", "options");
-        refused("/srv/r s main", "not the address");
-        refused("cdrom:[Disc]/ s main", "Mount it");
-        refused("gopher://h/r s main", "\"gopher:\"");
-        refused("file:srv/r s main", "begins with a slash");
-        refused("http:/h s main", "no host");
-        refused("http://h:port/r s main", "no host");
-        refused("[arch=i386] http://h", "suite is missing");
-        refused("http://h s", "components are missing");
-        refused("http://h s/ main", "no components");
-        refused("http://h s [main", "Square brackets");
-    }
-
     void sources()
     {
-        QFETCH(QString, typed);
-        QFETCH(QString, kept);
-        QFETCH(QString, reason);
-        ExternalRepos repos;
-        const QString refusal = ExternalRepos::refusal(typed);
-        QCOMPARE(refusal.isEmpty(), reason.isEmpty());
-        QVERIFY2(refusal.contains(reason), qPrintable(refusal));
-        QCOMPARE(repos.setSource(typed), reason.isEmpty());
-        QCOMPARE(repos.entries().value(0).source, kept);
-        // What is kept is accepted again, and is the same source.
-        if (!kept.isEmpty())
-            QVERIFY(ExternalRepos::refusal(kept).isEmpty() && !repos.setSource(kept));
+        struct Row
+        {
+            const char *typed;
+            const char *kept; ///< as it is listed then; empty: refused
+            const char *reason;
+        };
+        const Row rows[]
+            = {{"  deb\t[ arch=amd64  trusted=yes ]  HTTP://h:80/r   s  main\tcontrib \n",
+                "[arch=amd64 trusted=yes] http://h:80/r s main contrib",
+                ""},
+               {"[]https://u:p@h s/updates main", "https://u:p@h s/updates main", ""},
+               {"[arch+=i386]http://[::1]:8080/r s main", "[arch+=i386] http://[::1]:8080/r s main", ""},
+               {"file:///srv/r ./", "file:///srv/r ./", ""},
+               {"file:/srv/хранилище /", "file:/srv/хранилище /", ""},
+               {"mirror+file:/etc/apt/mirrors s main", "mirror+file:/etc/apt/mirrors s main", ""},
+               {"tor+https://h/r s main", "tor+https://h/r s main", ""},
+               {"ftp://h:2121/r s main", "ftp://h:2121/r s main", ""},
+               {"", "", "Enter the address"},
+               {" deb ", "", "not the address"},
+               {"http://h s main\ndeb http://evil s main", "", "line break"},
+               {"http://h\xe2\x80\x8b s main", "", "invisible"},
+               {"deb-src http://h s main", "", "source packages"},
+               {"http://h s main # comment", "", "character #"},
+               {"http://h/\"x s main", "", "character \""},
+               {"[arch] http://h s main", "", "options"},
+               {"[arch=amd64 http://h s main", "", "options"},
+               {"/srv/r s main", "", "not the address"},
+               {"cdrom:[Disc]/ s main", "", "Mount it"},
+               {"gopher://h/r s main", "", "\"gopher:\""},
+               {"file:srv/r s main", "", "begins with a slash"},
+               {"http:/h s main", "", "no host"},
+               {"http://h:port/r s main", "", "no host"},
+               {"[arch=i386] http://h", "", "suite is missing"},
+               {"http://h s", "", "components are missing"},
+               {"http://h s/ main", "", "no components"},
+               {"http://h s [main", "", "Square brackets"}};
+        for (const Row &row : rows) {
+            const QString typed = QString::fromUtf8(row.typed);
+            const bool isKept = *row.reason == '\0';
+            ExternalRepos repos;
+            const QString refusal = ExternalRepos::refusal(typed);
+            QVERIFY2(refusal.isEmpty() == isKept && refusal.contains(QLatin1String(row.reason)), row.typed);
+            QVERIFY2(repos.setSource(typed) == isKept, row.typed);
+            const QString kept = repos.entries().value(0).source;
+            QCOMPARE(kept, QString::fromUtf8(row.kept));
+            // What is kept is accepted again, and is the same source.
+            QVERIFY(!isKept || (ExternalRepos::refusal(kept).isEmpty() && !repos.setSource(kept)));
+        }
     }
 
     void theSameSourceInOtherWords()

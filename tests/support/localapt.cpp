@@ -9,10 +9,10 @@ namespace
 {
 const QString SetUp = QStringLiteral(R"(cd "$0"
 mkdir -p etc/apt.conf.d etc/preferences.d etc/trusted.gpg.d lists/partial cache/archives/partial
-: >status
+touch status
 for source; do
     mkdir -p $source/dists/dogwood/main/binary-amd64
-    (cd $source; dpkg-scanpackages -m pool >dists/dogwood/main/binary-amd64/Packages)
+    [ ! -d $source/pool ] || (cd $source; dpkg-scanpackages -m pool >dists/dogwood/main/binary-amd64/Packages)
     echo "deb [trusted=yes arch=amd64] file:$0/$source dogwood main" >>etc/sources.list
 done
 cat >apt.conf <<END

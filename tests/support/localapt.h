@@ -12,7 +12,7 @@
 class LocalApt
 {
 public:
-    /** The packages of a source lie in ROOT/SOURCE/pool; root is an absolute path. Fails the program on trouble. */
+    /** The packages of a source lie in ROOT/SOURCE/pool, or its index is there already; root is an absolute path. Fails the program on trouble. */
     LocalApt(const QString &root, const QStringList &sources);
 
 private:
