@@ -7,6 +7,7 @@
 #include "ui/addpkgsettingsdialog.h"
 #include "ui/elidedlabel.h"
 #include "ui/externalreposdialog.h"
+#include "ui/helptopics.h"
 #include "ui/newrepodialog.h"
 #include "ui/packagereplacementdialog.h"
 #include "ui/parametersdialog.h"
@@ -225,6 +226,39 @@ private Q_SLOTS:
                 QCOMPARE(several.rule(),
                          applied ? PackageReplacementRules::ReplaceAll : PackageReplacementRules::KeepThis);
             }
+        }
+    }
+
+    void everyDialogHasItsHelp()
+    {
+        QWidget window;
+        Prompts prompts(&window);
+        QStringList asked;
+        connect(&prompts, &Prompts::helpRequested, this, [&asked](QDialog *dialog, const QString &page) {
+            asked << page;
+            dialog->reject();
+        });
+        QTimer help;
+        help.callOnTimeout(this, [] {
+            if (QWidget *dialog = QApplication::activeModalWidget())
+                QTest::keyClick(dialog, Qt::Key_F1);
+        });
+        help.start(5);
+        NewRepoDialog create(NewRepoDialog::Mode::Create, prompts);
+        for (int i = 0; i < 2; ++i)
+            QCOMPARE(prompts.run(create), static_cast<int>(QDialog::Rejected));
+        prompts.warn("title"_s, "text"_s);
+        prompts.showError("text"_s);
+        QTRY_VERIFY(!prompts.isOpen());
+        QCOMPARE(asked,
+                 (QStringList{"repositories.html#fields"_s,
+                              "repositories.html#fields"_s,
+                              "troubles.html"_s,
+                              "troubles.html"_s}));
+        for (const HelpTopics::Topic &topic : HelpTopics::all()) {
+            const QStringList page = QString::fromLatin1(topic.page).split(QLatin1Char('#'));
+            const QByteArray html = readFile(QStringLiteral(HELP_FOLDER "/") + page.first());
+            QVERIFY2(page.size() == 1 || html.contains("id=\"" + page.last().toUtf8() + "\""), topic.page);
         }
     }
 

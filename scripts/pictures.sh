@@ -1,0 +1,274 @@
+#!/bin/bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Takes the pictures of the help and of README.md anew, from the built program on a virtual display, inside a
+# throw-away system where it can publish. Needs root.
+#   scripts/pictures.sh BUILD     writes data/help/pictures and docs/screenshots
+set -euo pipefail
+top=$(dirname "$(dirname "$(readlink -f "$0")")")
+
+say() { printf '%s\n' "$*"; }
+die() {
+    say "FAILED: $*" >&2
+    [ -z "${pictures-}" ] || import -window root "$pictures/failure.png" || true
+    exit 1
+}
+
+outside() {
+    local build=$1 box place
+    # shellcheck source=scripts/packages.sh
+    . "$top/scripts/packages.sh"
+    need xvfb xauth openbox xdotool imagemagick fonts-dejavu-core pngquant "${packages_run[@]}" "${packages_test[@]}"
+    box=$(mktemp -d /tmp/vpXXXXXX)
+    # shellcheck disable=SC2064
+    trap "rm -rf -- '$box'" EXIT
+    coproc "$top/tests/e2e/systemdbox" boot "$box"
+    read -r -u "${COPROC[0]}" || die "no box"
+    DESTDIR=$box/shared/stage cmake --install "$build" >/dev/null
+    mkdir "$box/shared/pictures"
+    cp "$0" "$box/shared/pictures.sh"
+    local code=0
+    "$top/tests/e2e/systemdbox" run "$box" bash /shared/pictures.sh --prepare || code=$?
+    eval "exec ${COPROC[1]}>&-"
+    wait "$COPROC_PID" || true
+    if [ "$code" -ne 0 ]; then
+        mkdir -p "$build/pictures"
+        cp "$box"/shared/pictures/*.png "$build/pictures/" 2>/dev/null || true
+        die "what was there is in $build/pictures"
+    fi
+    (cd "$box/shared/pictures" && pngquant --force --ext .png --speed 1 64 ./*.png)
+    place=$top/data/help/pictures
+    mkdir -p "$place"
+    rm -f -- "$place"/*.png
+    mv -- "$box"/shared/pictures/*.png "$place/"
+    for name in window new-repository dependences publication; do
+        cp -- "$place/$name.png" "$top/docs/screenshots/"
+    done
+    du -sh "$place"
+}
+
+# package FOLDER NAME VERSION SECTION DEPENDS DESCRIPTION
+package() {
+    local tree
+    tree=$(mktemp -d)
+    mkdir -p "$tree/DEBIAN" "$tree/usr/share/$2"
+    echo "$2 $3" >"$tree/usr/share/$2/about"
+    {
+        printf 'Package: %s\nVersion: %s\nArchitecture: amd64\nSection: %s\n' "$2" "$3" "$4"
+        [ -z "$5" ] || printf 'Depends: %s\n' "$5"
+        printf 'Maintainer: Anna Example <anna@example.org>\nPriority: optional\nDescription: %s\n' "$6"
+    } >"$tree/DEBIAN/control"
+    chmod 755 "$tree"
+    dpkg-deb --root-owner-group -b "$tree" "$1/${2}_${3}_amd64.deb" >/dev/null
+    rm -rf -- "$tree"
+}
+
+prepare() {
+    cp -r --preserve=mode,links /shared/stage/. /
+    systemctl daemon-reload
+    systemctl reload dbus
+    rm -f /etc/vsftpd.conf
+    useradd -m anna
+    echo 'polkit.addRule(function(action, subject) { return polkit.Result.YES; });' >/etc/polkit-1/rules.d/10-pictures.rules
+    systemctl restart polkit
+    # The lists of apt are this machine's; only its usual sources are shown.
+    find /etc/apt/sources.list.d -type f ! -name 'debian.sources' -delete
+    mkdir -p /srv/packages/{first,newer} /srv/repos
+    cd /srv/packages
+    package first backup-agent 2.4.1-1 admin 'rsync, report-client (>= 1.8), cloud-uploader' 'backs up a workstation every night
+ Files that have changed are copied to the server of the department,
+ encrypted with the key of the workstation.
+ .
+ A report is sent by mail when a backup fails.'
+    package first report-client 1.8-2 net 'curl | wget' 'sends reports to the report server'
+    package first report-server 1.8-2 net 'report-client (= 1.8-2), python3' 'collects the reports of workstations'
+    package first scanner-firmware 1.12-1 contrib/utils '' 'firmware for the scanners in the offices'
+    package first vpn-config 3.0-1 net 'openvpn' 'settings for the network from outside'
+    package first letter-templates 2026.1 text 'libreoffice-writer' 'templates for letters and faxes'
+    package newer backup-agent 2.5.0-1 admin 'rsync' 'backs up a workstation every night'
+    package newer report-client 1.9-1 net 'curl' 'sends reports to the report server'
+    (cd newer && dpkg-scanpackages . 2>/dev/null >Packages)
+    chown -R anna: /srv/packages /srv/repos
+    mkdir -p /run/user/anna && chown anna: /run/user/anna && chmod 700 /run/user/anna
+    chown -R anna: /shared/pictures
+    runuser -u anna -- env HOME=/home/anna XDG_RUNTIME_DIR=/run/user/anna LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb \
+        xvfb-run -a -s "-screen 0 1280x900x24" bash /shared/pictures.sh --take
+}
+
+# until_true SECONDS COMMAND...: waits for the command to succeed.
+until_true() {
+    local tries=$(($1 * 10))
+    shift
+    while ! "$@" >/dev/null 2>&1; do
+        tries=$((tries - 1))
+        [ $tries -gt 0 ] || return 1
+        sleep 0.1
+    done
+}
+window_of() { xdotool search --onlyvisible --name "$1" | tail -n 1; }
+# focus TITLE: waits for the window with this title and gives it the keyboard.
+focus() {
+    until_true 30 xdotool search --onlyvisible --name "$1" || die "no window \"$1\""
+    xdotool windowactivate --sync "$(window_of "$1")"
+    sleep 0.3
+}
+keys() { xdotool key --clearmodifiers --delay 60 "$@"; }
+write() { xdotool type --clearmodifiers --delay 20 "$1"; }
+click() { xdotool mousemove --window "$main" "$1" "$2" click 1 && sleep 0.3; }
+# picture NAME TITLE: of the window with this title; the pointer is put out of the way.
+picture() {
+    xdotool mousemove 1270 890
+    sleep 0.5
+    import -window "$(window_of "$2")" "$pictures/$1.png"
+}
+# menu ALT-LETTER DOWN: chooses an entry by its place.
+menu() {
+    keys "alt+$1"
+    sleep 0.3
+    local i
+    for ((i = 0; i < $2; i++)); do keys Down; done
+    keys Return
+}
+
+start() {
+    velt-admin-repo >>"$log" 2>&1 &
+    application=$!
+    focus "velt-admin-repo"
+    main=$(window_of "velt-admin-repo")
+    xdotool windowsize --sync "$main" 840 520 || true
+    xdotool windowmove --sync "$main" 200 150 || true
+    sleep 1
+}
+finish() {
+    focus "velt-admin-repo"
+    keys ctrl+q
+    wait "$application" || die "the program ended with $?"
+}
+
+take() {
+    pictures=/shared/pictures log=/tmp/pictures.log
+    repo=/srv/repos/dogwood-repo
+    index=$repo/dists/dogwood/main/binary-amd64/Packages
+    eval "$(dbus-launch --sh-syntax 2>/dev/null || true)"
+    openbox >/dev/null 2>&1 &
+    gpg --batch --quiet --passphrase '' --quick-generate-key 'Dogwood Packages <packages@example.org>' rsa3072 sign 2y
+    local key
+    key=$(gpg --list-secret-keys --with-colons | awk -F: '$1 == "sec" { print substr($5, 9) }')
+    mkdir -p ~/.config/corvana
+    printf '%s\n' '[General]' "signKeyID=$key" 'busyHttpPorts=8000' \
+        '[Published8000]' "repoPath=$repo" 'type=0' 'ip=192.168.0.10' 'arch=amd64' 'trustedRepo=false' \
+        '[EnabledRepos]' 'repo1="[trusted=yes] file:/srv/packages/newer ./"' \
+        >~/.config/corvana/velt-admin-repo.conf
+    start
+
+    say "New repository"
+    keys ctrl+n
+    focus "Repository creation"
+    sleep 1
+    write /srv/repos
+    keys Tab Tab ctrl+a
+    write dogwood-repo
+    keys Tab ctrl+a
+    write dogwood
+    picture new-repository "Repository creation"
+    keys Return
+    until_true 30 test -s "$repo/dists/dogwood/Release" || die "no repository"
+    sleep 1
+
+    say "Adding"
+    velt-admin-repo /srv/packages/first/*.deb || true
+    focus "Package add settings"
+    picture add-settings "Package add settings"
+    keys Return
+    until_true 60 grep -q "Package: vpn-config" "$index" || die "not added"
+    sleep 3
+    menu v 0
+    sleep 1
+    pick_package backup-agent
+    picture log velt-admin-repo
+    menu v 0
+    sleep 1
+    picture window velt-admin-repo
+
+    say "Dependencies"
+    click 465 119
+    picture dependences velt-admin-repo
+
+    say "Replacing"
+    velt-admin-repo /srv/packages/first/{report-client,report-server,vpn-config}*.deb || true
+    focus "Package add settings"
+    keys Return
+    focus "Package replacement"
+    picture replacement "Package replacement"
+    keys Escape
+    sleep 2
+    for _ in 1 2 3; do
+        until_true 1 xdotool search --onlyvisible --name "Package replacement" && keys Escape
+        sleep 1
+    done
+
+    say "Settings"
+    focus velt-admin-repo
+    menu s 2
+    focus "Parametrs"
+    sleep 3
+    picture parameters "Parametrs"
+    keys Escape
+    focus velt-admin-repo
+    menu s 0
+    focus "Edit external repos"
+    sleep 4
+    picture external-repos "Edit external repos"
+    keys Escape
+
+    say "Search"
+    focus velt-admin-repo
+    menu e 0
+    focus "Add package from external repo"
+    write openvpn
+    sleep 8
+    picture external "Add package from external repo"
+    keys Escape
+
+    say "Upgrade"
+    focus velt-admin-repo
+    menu e 3
+    focus "Select sources to upgrade"
+    sleep 4
+    picture upgrade-sources "Select sources to upgrade"
+    keys End space Return
+    focus "Choose packages to upgrade"
+    picture upgrade-packages "Choose packages to upgrade"
+    keys Escape
+
+    say "Publishing"
+    focus velt-admin-repo
+    click 150 168
+    click 465 119
+    menu p 0
+    until_true 30 systemctl is-active public-repo-8000 || die "not published"
+    sleep 3
+    curl -sf http://127.0.0.1:8000/dists/dogwood/Release >/dev/null || die "not served"
+    picture publication velt-admin-repo
+    keys alt+p Up Return
+    focus "Published repositories"
+    sleep 8
+    picture published "Published repositories"
+    keys Escape
+    finish
+}
+
+# pick_package NAME: selects it in the tree, whose first row is the place where typing begins.
+pick_package() {
+    focus velt-admin-repo
+    click 150 168
+    keys asterisk
+    sleep 1
+    write "$1"
+    sleep 1
+}
+
+case "${1-}" in
+    --prepare) prepare ;;
+    --take) take ;;
+    *) outside "${1:?usage: $0 BUILD}" ;;
+esac
