@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
@@ -76,7 +77,7 @@ bool JobRecovery::restore(const QString &folder)
     ExportSession session = m_context.makeSession();
     const bool restored = std::all_of(packages.cbegin(), packages.cend(), [&](const PackageInfo &package) {
         if (isThere(package))
-            return true;
+            return isComplete(package, file);
         // A twin for another architecture may have the new file already, and they share one.
         return PackageInclusion(m_context).putBack(package, file, &session)
                || PackageInclusion(m_context).putBack(package, package.filePath(), &session);
@@ -95,6 +96,16 @@ bool JobRecovery::isThere(const PackageInfo &package)
     const QStringList files = linesOf(m_context.lastOutput());
     return std::any_of(
         files.cbegin(), files.cend(), [&](const QString &file) { return file.endsWith(suffix); });
+}
+
+bool JobRecovery::isComplete(const PackageInfo &package, const QString &kept)
+{
+    // With a full disk a file can go although the database still has its package.
+    const QStringList files = linesOf(m_context.lastOutput());
+    if (!files.contains(package.poolFile) || QFile::exists(package.filePath()))
+        return true;
+    return QDir().mkpath(QFileInfo(package.filePath()).path()) && QFile::copy(kept, package.filePath())
+           && m_context.runReprepro(ReproCommand::detect(package.poolFile)) == 0;
 }
 
 void JobRecovery::dropFiles(const QStringList &files)

@@ -33,5 +33,6 @@ private:
     QStringList restoreReplaced();
     bool restore(const QString &folder);
     bool isThere(const PackageInfo &package);
+    bool isComplete(const PackageInfo &package, const QString &kept);
     void dropFiles(const QStringList &files);
 };

@@ -56,6 +56,11 @@ QString ReproCommand::rereference()
     return QStringLiteral(" rereference");
 }
 
+QString ReproCommand::detect(const QString &poolFile)
+{
+    return QStringLiteral(" _detect %1").arg(quoted(poolFile));
+}
+
 QString ReproCommand::listChecksums()
 {
     return QStringLiteral(" _listchecksums");

@@ -43,6 +43,9 @@ QString include(const QString &codename,
 /** Finds out anew which files the packages need. */
 QString rereference();
 
+/** Tells the database of a file that lies in the pool. */
+QString detect(const QString &poolFile);
+
 /** Lists all files that the database knows, one a line, with their checksums behind. */
 QString listChecksums();
 
