@@ -30,6 +30,8 @@ inline const QString PublishedIp = QStringLiteral("ip");
 inline const QString Aliases = QStringLiteral("Aliases"); ///< names by encoded source
 inline const QString DisabledRepos = QStringLiteral("DisabledRepos"); ///< sources by ExternalRepo
 inline const QString EnabledRepos = QStringLiteral("EnabledRepos"); ///< sources by ExternalRepo
+inline const QString AddedRepos
+    = QStringLiteral("AddedRepos"); ///< the user's own sources that are switched off, by ExternalRepo
 inline const QString ExternalRepo = QStringLiteral("repo%1"); ///< running number
 } // namespace SettingsKey
 

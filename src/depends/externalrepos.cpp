@@ -164,7 +164,8 @@ void storeSources(QSettings &settings, const QString &group, const QStringList &
 ExternalRepos ExternalRepos::load(QSettings &settings)
 {
     ExternalRepos repos;
-    const QStringList added = storedSources(settings, SettingsKey::EnabledRepos);
+    const QStringList added = storedSources(settings, SettingsKey::EnabledRepos)
+                              + storedSources(settings, SettingsKey::AddedRepos);
     for (const QString &source : added)
         repos.storedEntry(source).added = true;
     const QStringList disabled = storedSources(settings, SettingsKey::DisabledRepos);
@@ -190,14 +191,16 @@ bool ExternalRepos::save(QSettings &settings) const
 {
     QStringList disabled;
     QStringList added;
+    QStringList addedAndDisabled;
     for (const Entry &entry : m_entries) {
         if (!entry.enabled)
             disabled.append(entry.source);
-        else if (entry.added)
-            added.append(entry.source);
+        if (entry.added)
+            (entry.enabled ? added : addedAndDisabled).append(entry.source);
     }
     storeSources(settings, SettingsKey::DisabledRepos, disabled);
     storeSources(settings, SettingsKey::EnabledRepos, added);
+    storeSources(settings, SettingsKey::AddedRepos, addedAndDisabled);
     settings.remove(SettingsKey::Aliases);
     settings.beginGroup(SettingsKey::Aliases);
     for (const Entry &entry : m_entries) {

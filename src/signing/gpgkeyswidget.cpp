@@ -4,6 +4,7 @@
 #include "signing/keylisting.h"
 #include "signing/keymanager.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QIcon>
@@ -15,7 +16,10 @@
 
 namespace
 {
-/** Draws the text that stands for no choice in the usual colours; Qt draws it too faintly to be read. */
+/**
+ * Draws the text that stands for no choice in the usual colours (Qt draws it too faintly to be read), and cuts a long
+ * one in its middle: its end is the id, which tells two keys of one person apart.
+ */
 class KeysComboBox : public QComboBox
 {
 public:
@@ -28,6 +32,14 @@ protected:
         initStyleOption(&option);
         if (currentIndex() < 0)
             option.currentText = placeholderText();
+        const int space
+            = style()
+                  ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this)
+                  .width();
+        const int icon = option.currentIcon.isNull() ? 0 : option.iconSize.width() + 4;
+        constexpr int Margins = 4;
+        option.currentText
+            = fontMetrics().elidedText(option.currentText, Qt::ElideMiddle, space - icon - Margins);
         QStylePainter painter(this);
         painter.drawComplexControl(QStyle::CC_ComboBox, option);
         painter.drawControl(QStyle::CE_ComboBoxLabel, option);
@@ -53,6 +65,7 @@ GpgKeysWidget::GpgKeysWidget(QWidget *parent)
     m_keysComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     constexpr int ShownCharacters = 16;
     m_keysComboBox->setMinimumContentsLength(ShownCharacters);
+    m_keysComboBox->view()->setTextElideMode(Qt::ElideMiddle);
     m_warningLabel->setObjectName(QStringLiteral("m_warningLabel"));
     m_warningLabel->setTextFormat(Qt::PlainText);
     m_warningLabel->setWordWrap(true);

@@ -41,6 +41,11 @@ void AddPkgSettingsDialog::setSigningVisible(bool visible)
     m_ui->m_signPackageCheckBox->setVisible(visible);
 }
 
+void AddPkgSettingsDialog::setDependsCheckVisible(bool visible)
+{
+    m_ui->m_checkDependsCheckBox->setVisible(visible);
+}
+
 UserChoices AddPkgSettingsDialog::choices() const
 {
     UserChoices choices = m_choices;

@@ -27,6 +27,8 @@ public:
     ~AddPkgSettingsDialog() override;
 
     void setSigningVisible(bool visible);
+    /** For what is added without a check whatever is chosen. */
+    void setDependsCheckVisible(bool visible);
 
     /** The choices it was made with, changed to what the dialog shows. */
     UserChoices choices() const;

@@ -203,7 +203,7 @@ void ArchiveCommands::importPackages(const std::function<QString()> &chooseSourc
     if (source.isEmpty() || target.isNull())
         return;
     const QStringList components = target->repoShell()->repoInfo().componentList();
-    if (!m_settings.confirmAddSettings(components))
+    if (!m_settings.confirmAddSettings(components, SettingsCommands::AddedFrom::Archive))
         return;
     if (isFree(target))
         target->repoShell()->importRepo(source, m_settings.addOptions(components));

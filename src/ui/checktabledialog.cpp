@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/checktabledialog.h"
 
+#include "depends/versionorder.h"
 #include "ui/checktablemodel.h"
 #include "ui/elidedlabel.h"
 
@@ -15,13 +16,30 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+/** Sorts texts as such, and versions as dpkg does: "10.0" comes after "9.0". */
+class CheckTableDialog::SortedTable : public QSortFilterProxyModel
+{
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    QSet<int> versionColumns;
+
+protected:
+    bool lessThan(const QModelIndex &left, const QModelIndex &right) const override
+    {
+        if (!versionColumns.contains(left.column()))
+            return QSortFilterProxyModel::lessThan(left, right);
+        return VersionOrder::compare(left.data().toString(), right.data().toString()) < 0;
+    }
+};
+
 CheckTableDialog::CheckTableDialog(const QString &title,
                                    const QString &about,
                                    const QStringList &headers,
                                    QWidget *parent)
     : QDialog(parent)
     , m_model(new CheckTableModel(headers, this))
-    , m_sorted(new QSortFilterProxyModel(this))
+    , m_sorted(new SortedTable(this))
     , m_view(new QTreeView(this))
     , m_selectAllCheckBox(new QCheckBox(tr("&Select all"), this))
     , m_stateLabel(new ElidedLabel(this))
@@ -88,6 +106,11 @@ void CheckTableDialog::setState(const QString &text)
 {
     m_state = text;
     updateWidgets();
+}
+
+void CheckTableDialog::setVersionColumns(const QSet<int> &columns)
+{
+    m_sorted->versionColumns = columns;
 }
 
 void CheckTableDialog::setEmptyChoiceAllowed(bool allowed)

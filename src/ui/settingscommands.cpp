@@ -60,20 +60,21 @@ void SettingsCommands::setChoices(const UserChoices &choices)
     Q_EMIT changed();
 }
 
-bool SettingsCommands::editAddSettings(const QStringList &components)
+bool SettingsCommands::editAddSettings(const QStringList &components, AddedFrom origin)
 {
     AddPkgSettingsDialog dialog(
         components, m_choices, m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
     dialog.setSigningVisible(m_signingOffered);
+    dialog.setDependsCheckVisible(origin == AddedFrom::Files);
     if (m_prompts.run(dialog) != QDialog::Accepted)
         return false;
     setChoices(dialog.choices());
     return true;
 }
 
-bool SettingsCommands::confirmAddSettings(const QStringList &components)
+bool SettingsCommands::confirmAddSettings(const QStringList &components, AddedFrom origin)
 {
-    if (m_choices.showAddPkgSettings && !editAddSettings(components))
+    if (m_choices.showAddPkgSettings && !editAddSettings(components, origin))
         return false;
     return !signsOnAdd() || chooseKeyIfNone();
 }

@@ -18,6 +18,9 @@ class SettingsCommands : public QObject
 {
     Q_OBJECT
 public:
+    /** What the packages that are added come from. */
+    enum class AddedFrom { Files, Archive };
+
     SettingsCommands(RepoTabs &tabs, Prompts &prompts, QObject *parent);
 
     const UserChoices &choices() const { return m_choices; }
@@ -26,12 +29,12 @@ public:
     void save() const;
 
     /** Lets the user say how packages are added; false when cancelled. `components`: where they can go. */
-    bool editAddSettings(const QStringList &components);
+    bool editAddSettings(const QStringList &components, AddedFrom origin = AddedFrom::Files);
     /**
      * The same before packages are added, if the user wants to be asked; false when cancelled, or when packages are to
      * be signed and the user chooses no key.
      */
-    bool confirmAddSettings(const QStringList &components);
+    bool confirmAddSettings(const QStringList &components, AddedFrom origin = AddedFrom::Files);
     /** How packages are added now to a repository with these components. */
     AddOptions addOptions(const QStringList &components) const;
     /** The same as editAddSettings() for the current tab's repository. */

@@ -25,6 +25,9 @@ UpgradePackagesDialog::UpgradePackagesDialog(QVector<UpgradablePackage> packages
                       alias(package.source)},
                      true});
     }
+    constexpr int OldVersion = 2;
+    constexpr int NewVersion = 3;
+    setVersionColumns({OldVersion, NewVersion});
     model()->setRows(rows);
     fitColumns();
     setEmptyChoiceAllowed(false);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "packagetesting.h"
 #include "signing/gpgkeyswidget.h"
 #include "support/children.h"
 #include "support/literals.h"
@@ -9,9 +10,11 @@
 #include "ui/externalreposdialog.h"
 #include "ui/helptopics.h"
 #include "ui/newrepodialog.h"
+#include "ui/packagedetails.h"
 #include "ui/packagereplacementdialog.h"
 #include "ui/parametersdialog.h"
 #include "ui/prompts.h"
+#include "ui/upgradepackagesdialog.h"
 
 #include <QAbstractItemModelTester>
 #include <QtTest>
@@ -281,6 +284,39 @@ private Q_SLOTS:
         QCOMPARE(dialog.choices().currentComponent, QString());
         QVERIFY(!dialog.choices().addPkgCheckDepends && !dialog.choices().showAddPkgSettings);
         QCOMPARE(AddPkgSettingsDialog({}, choices, prompts).choices().currentComponent, "contrib"_s);
+    }
+
+    void upgradesAreSortedByVersion()
+    {
+        QWidget window;
+        UpgradePackagesDialog dialog(
+            {{"a"_s, "amd64"_s, {}, "1"_s, "10.0"_s, {}, {}},
+             {"b"_s, "amd64"_s, {}, "1"_s, "9.0"_s, {}, {}},
+             {"c"_s, "amd64"_s, {}, "1"_s, "1:0.1"_s, {}, {}},
+             {"d"_s, "amd64"_s, {}, "1"_s, "10.0~rc1"_s, {}, {}}},
+            [](const QString &) { return QString(); },
+            &window);
+        auto *view = child<QTreeView>(dialog, "m_tableView");
+        const QAbstractItemModel &rows = *view->model();
+        const auto names = [&rows] {
+            QString all;
+            for (int row = 0; row < rows.rowCount(); ++row)
+                all += rows.index(row, 0).data().toString();
+            return all;
+        };
+        QCOMPARE(names(), "abcd"_s);
+        view->sortByColumn(3, Qt::AscendingOrder);
+        QCOMPARE(names(), "bdac"_s);
+        view->sortByColumn(0, Qt::DescendingOrder);
+        QCOMPARE(names(), "dcba"_s);
+    }
+
+    void equalNamesAreToldApart()
+    {
+        const QList<PackageInfoPtr> packages{PackageBuilder("foo"_s).architecture("amd64"_s).build(),
+                                             PackageBuilder("bar"_s).architecture("amd64"_s).build(),
+                                             PackageBuilder("foo"_s).architecture("i386"_s).build()};
+        QVERIFY(PackageDetails::summary(packages).endsWith(": foo (amd64), bar, foo (i386)"_s));
     }
 
     void externalRepos()
