@@ -18,7 +18,7 @@ HelpWindow::HelpWindow()
     , m_message(new QLabel(this))
 {
     setWindowTitle(tr("Help"));
-    resize(880, 640);
+    resize(960, 660);
     build();
     // Esc and the title bar hide a dialog; nobody would bring this one back as it was.
     connect(this, &QDialog::finished, this, &QObject::deleteLater);
