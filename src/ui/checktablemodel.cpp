@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/checktablemodel.h"
 
-#include "ui/plaintooltip.h"
+#include "depends/tooltiptext.h"
 
 #include <algorithm>
 #include <utility>
@@ -68,7 +68,7 @@ QVariant CheckTableModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return row.texts.value(index.column());
     case Qt::ToolTipRole:
-        return plainToolTip(row.texts.value(index.column()));
+        return toolTipText(row.texts.value(index.column()));
     case Qt::CheckStateRole:
         if (index.column() == 0)
             return row.isChecked ? Qt::Checked : Qt::Unchecked;

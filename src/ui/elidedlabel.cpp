@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/elidedlabel.h"
 
-#include "ui/plaintooltip.h"
+#include "depends/tooltiptext.h"
 
 ElidedLabel::ElidedLabel(QWidget *parent)
     : QLabel(parent)
@@ -28,5 +28,5 @@ void ElidedLabel::elide()
     constexpr int LongestToolTip = 1000; // characters
     const QString shown = fontMetrics().elidedText(m_fullText, Qt::ElideRight, width());
     setText(shown);
-    setToolTip(shown == m_fullText ? QString() : plainToolTip(m_fullText.left(LongestToolTip)));
+    setToolTip(shown == m_fullText ? QString() : toolTipText(m_fullText.left(LongestToolTip)));
 }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/publicationpanel.h"
 
+#include "depends/tooltiptext.h"
 #include "engine/reposhell.h"
 #include "server/publicationaddresses.h"
-#include "ui/plaintooltip.h"
 #include "ui/publicationtext.h"
 
 #include "ui_repowidget.h"
@@ -225,7 +225,7 @@ void PublicationPanel::update()
     const QString line = m_repoPath.isEmpty() || !missing.isEmpty() ? QString() : builtLine();
     m_ui.m_srcLineEdit->setPlaceholderText(missing);
     m_ui.m_srcLineEdit->setText(line);
-    m_ui.m_srcLineEdit->setToolTip(plainToolTip(line));
+    m_ui.m_srcLineEdit->setToolTip(toolTipText(line));
     m_ui.m_srcLineEdit->setCursorPosition(0);
     m_ui.m_srcCopyPushButton->setEnabled(!line.isEmpty());
     showState();
@@ -281,13 +281,20 @@ void PublicationPanel::showState()
     }
     if (lines.isEmpty() && m_isPublishingKnown && !m_repoPath.isEmpty())
         lines << tr("Not published");
+    // A tool tip alone is not found by who wonders why nothing can be published.
+    if (m_live.isEmpty() && !m_obstacle.isEmpty())
+        lines << m_obstacle;
     m_ui.m_publicationStateLabel->setText(lines.join(QLatin1Char('\n')));
 }
 
 void PublicationPanel::setCommands(bool canPublish, bool canUnpublish, const QString &reason)
 {
+    if (m_obstacle != reason) {
+        m_obstacle = reason;
+        showState();
+    }
     m_ui.m_publishPushButton->setEnabled(canPublish);
-    m_ui.m_publishPushButton->setToolTip(plainToolTip(reason));
+    m_ui.m_publishPushButton->setToolTip(toolTipText(reason));
     m_ui.m_unpublishPushButton->setEnabled(canUnpublish);
 }
 

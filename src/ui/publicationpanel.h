@@ -65,6 +65,7 @@ private:
         m_published; ///< the repository's place, as it was when last read or kept
     bool m_addressChosen = false; ///< by the user, or once by them and kept
     bool m_isPublishingKnown = false;
+    QString m_obstacle; ///< why the repository cannot be published
     QVector<Publication> m_live; ///< the repository's, as the system has last said
 
     void setUpFields();

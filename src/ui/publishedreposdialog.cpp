@@ -75,8 +75,7 @@ PublishedReposDialog::~PublishedReposDialog() = default;
 void PublishedReposDialog::buildView()
 {
     constexpr int Rows = 4;
-    constexpr int PathWidth = 36; // characters
-    constexpr int AddressWidth = 30;
+    constexpr int AddressWidth = 30; // characters
     m_sorted->setSourceModel(m_model);
     m_sorted->setSortRole(PublishedReposModel::SortRole);
     m_sorted->setSortLocaleAware(true);
@@ -96,7 +95,10 @@ void PublishedReposDialog::buildView()
     header->setSectionResizeMode(QHeaderView::Interactive);
     header->setSectionResizeMode(PublishedReposModel::TypeColumn, QHeaderView::ResizeToContents);
     header->setSectionResizeMode(PublishedReposModel::PortColumn, QHeaderView::ResizeToContents);
-    header->resizeSection(PublishedReposModel::RepositoryColumn, PathWidth * character);
+    header->setSectionResizeMode(PublishedReposModel::StateColumn, QHeaderView::ResizeToContents);
+    // The longest texts are paths: they get what the others leave.
+    header->setStretchLastSection(false);
+    header->setSectionResizeMode(PublishedReposModel::RepositoryColumn, QHeaderView::Stretch);
     header->resizeSection(PublishedReposModel::AddressColumn, AddressWidth * character);
     m_view->setMinimumHeight(Rows * fontMetrics().lineSpacing() * 3 / 2);
 

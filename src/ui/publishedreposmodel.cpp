@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/publishedreposmodel.h"
 
-#include "ui/plaintooltip.h"
+#include "depends/tooltiptext.h"
 #include "ui/publicationtext.h"
 
 #include <QIcon>
@@ -124,7 +124,7 @@ QVariant PublishedReposModel::data(const QModelIndex &index, int role) const
         return index.column() == PortColumn ? QVariant(publication.repo.port)
                                             : QVariant(text(index.row(), index.column()));
     case Qt::ToolTipRole:
-        return plainToolTip(text(index.row(), index.column()));
+        return toolTipText(text(index.row(), index.column()));
     case Qt::DecorationRole:
         if (index.column() == StateColumn && publication.state == QLatin1String("failed"))
             return QIcon::fromTheme(QStringLiteral("dialog-warning"));

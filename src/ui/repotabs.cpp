@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/repotabs.h"
 
+#include "depends/tooltiptext.h"
 #include "engine/pathguard.h"
 #include "engine/reposhell.h"
-#include "ui/plaintooltip.h"
 #include "ui/repowidget.h"
 #include "ui/tabtitles.h"
 
@@ -122,7 +122,7 @@ void RepoTabs::showTitles()
         // A single "&" would mark a key.
         m_tabWidget->setTabText(index,
                                 QString(titles.at(index)).replace(QLatin1Char('&'), QLatin1String("&&")));
-        m_tabWidget->setTabToolTip(index, plainToolTip(all.at(index)));
+        m_tabWidget->setTabToolTip(index, toolTipText(all.at(index)));
     }
 }
 
