@@ -210,7 +210,10 @@ private Q_SLOTS:
                 qFatal("%s is not installed", tool);
         bool isSet = false;
         const uint given = qEnvironmentVariable("FAULTS_SEED").toUInt(&isSet);
-        const quint32 seed = isSet ? given : QRandomGenerator::global()->generate();
+        // A suite that everybody runs has to say the same each time; long runs look for what is not known yet.
+        const bool isLong = qEnvironmentVariableIsSet("FAULTS_ROUNDS");
+        const quint32 chosen = isLong ? QRandomGenerator::global()->generate() : 1;
+        const quint32 seed = isSet ? given : chosen;
         m_random.seed(seed);
         m_rounds = qMax(1, qEnvironmentVariable("FAULTS_ROUNDS", "2"_s).toInt());
         qInfo("FAULTS_SEED=%u FAULTS_ROUNDS=%d", seed, m_rounds);
