@@ -1469,6 +1469,14 @@ Ein oder mehrere Werte</translation>
         <source>Unknown</source>
         <translation>Unbekannt</translation>
     </message>
+    <message>
+        <source>This takes the rights of an administrator. If no password was asked for, no authentication agent runs in this session, or a rule of this machine refuses.</source>
+        <translation>Dafür sind die Rechte eines Administrators nötig. Wurde kein Passwort verlangt, so läuft in dieser Sitzung kein Authentifizierungsagent, oder eine Regel dieses Rechners lehnt ab.</translation>
+    </message>
+    <message>
+        <source>The helper that does this with the rights of an administrator is not installed. Install the package of this program once more.</source>
+        <translation>Das Hilfsprogramm, das dies mit den Rechten eines Administrators ausführt, ist nicht installiert. Installieren Sie das Paket dieses Programms erneut.</translation>
+    </message>
 </context>
 <context>
     <name>PublishCommand</name>

@@ -1473,6 +1473,14 @@ One or more values</source>
         <source>Unknown</source>
         <translation>Неизвестно</translation>
     </message>
+    <message>
+        <source>This takes the rights of an administrator. If no password was asked for, no authentication agent runs in this session, or a rule of this machine refuses.</source>
+        <translation>Для этого нужны права администратора. Если пароль не был запрошен, в этом сеансе не запущен агент аутентификации или правило этого компьютера запрещает действие.</translation>
+    </message>
+    <message>
+        <source>The helper that does this with the rights of an administrator is not installed. Install the package of this program once more.</source>
+        <translation>Вспомогательная программа, которая выполняет это с правами администратора, не установлена. Установите пакет этой программы ещё раз.</translation>
+    </message>
 </context>
 <context>
     <name>PublishCommand</name>

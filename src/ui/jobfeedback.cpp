@@ -6,6 +6,7 @@
 #include "ui/elidedlabel.h"
 #include "ui/packagereplacementdialog.h"
 #include "ui/prompts.h"
+#include "ui/publicationtext.h"
 #include "ui/repotabs.h"
 #include "ui/repowidget.h"
 #include "ui/tabtitles.h"
@@ -28,6 +29,12 @@ QString titleOf(const QString &error)
 {
     return error == RepoShell::tr("No packages for upgrading") ? RepoShell::tr("Nothing to upgrade")
                                                                : QString();
+}
+
+QString withAdvice(const QString &details)
+{
+    const QString advice = PublicationText::advice(details);
+    return advice.isEmpty() ? details : details + QLatin1String("\n\n") + advice;
 }
 } // namespace
 
@@ -204,12 +211,12 @@ void JobFeedback::jobError(RepoWidget *widget,
     Job &job = m_jobs[widget];
     if (!job.shown) {
         logError(widget, text, details);
-        m_prompts.showError(text, details, type);
+        m_prompts.showError(text, withAdvice(details), type);
         return;
     }
     // However many files fail, the user has one box to close. The log tells at once.
     logError(widget, text, details);
-    job.errors.append({text, details, type, titleOf(text)});
+    job.errors.append({text, withAdvice(details), type, titleOf(text)});
 }
 
 void JobFeedback::logError(const RepoWidget *widget, const QString &text, const QString &details)
@@ -273,7 +280,7 @@ void JobFeedback::announce(const QString &message)
 void JobFeedback::error(const QString &text, const QString &details, RepoEnums::ErrorType type)
 {
     logError(nullptr, text, details);
-    m_prompts.showError(text, details, type);
+    m_prompts.showError(text, withAdvice(details), type);
 }
 
 QString JobFeedback::about(const QPointer<RepoWidget> &widget) const

@@ -2,6 +2,7 @@
 #include "ui/publicationtext.h"
 
 #include "server/sourceline.h"
+#include "server/veltadminrepointerface.h"
 
 #include <QCoreApplication>
 
@@ -43,4 +44,17 @@ QString PublicationText::state(const QString &serviceState)
     if (serviceState == QLatin1String("failed"))
         return Word::tr("Failed");
     return Word::tr("Unknown");
+}
+
+QString PublicationText::advice(const QString &description)
+{
+    if (description == VeltAdminRepoInterface::describe(QDBusError::AccessDenied))
+        return Word::tr(
+            "This takes the rights of an administrator. If no password was asked for, no authentication "
+            "agent runs in this session, or a rule of this machine refuses.");
+    if (description == VeltAdminRepoInterface::describe(QDBusError::ServiceUnknown))
+        return Word::tr(
+            "The helper that does this with the rights of an administrator is not installed. Install "
+            "the package of this program once more.");
+    return {};
 }

@@ -12,4 +12,6 @@ QString serverType(int protocol);
 QString address(int protocol, const QString &host, int port);
 /** What a service's state means for the repository that it serves. */
 QString state(const QString &serviceState);
+/** What the administrator can do about an error that the privileged helper's client has described; empty: nothing. */
+QString advice(const QString &description);
 } // namespace PublicationText

@@ -193,6 +193,7 @@ private Q_SLOTS:
         QVERIFY(!m_driver->tabs()->tabIcon(0).isNull() && m_driver->tabs()->tabIcon(1).isNull());
         m_driver->tabs()->setCurrentIndex(1);
         QCOMPARE(action("m_publishRepoAction")->toolTip(), "Another repo already published"_s);
+        QCOMPARE(state(1), "Not published\nAnother repo already published"_s);
         QVERIFY(!action("m_publishRepoAction")->isEnabled());
 
         m_driver->tabs()->setCurrentIndex(0);
@@ -215,8 +216,9 @@ private Q_SLOTS:
         QTest::newRow("rights") << 1 << "Access rights|No|/r"_list << QString();
         QTest::newRow("empty") << 0 << "Publication confirmation|No|empty"_list << QString();
         QTest::newRow("rewrite") << 1 << "Rewrite confirmation|No|/old"_list << QString();
-        QTest::newRow("refused") << 0 << "Error|OK|Authorization error."_list
-                                 << "publish"_s;
+        QTest::newRow("refused")
+            << 0 << "Error|OK|Authorization error.\n\nThis takes the rights of an administrator."_list
+            << "publish"_s;
         QTest::newRow("fails") << 0 << "Error|OK|did not start"_list
                                << "publish"_s;
     }
