@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "support/lists.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 #include "ui/checkcombobox.h"
@@ -13,50 +14,22 @@
 
 using NewRepoRules::Refusal;
 using RepositoryRemoval::Outcome;
-Q_DECLARE_METATYPE(Refusal)
 
 /** Fields, their rules, and what is kept of the user's choices. */
 class TestInputs : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void mnemonics_data()
-    {
-        QTest::addColumn<QString>("texts");
-        QTest::addColumn<QString>("marked");
-        QTest::newRow("first letters, then other words, then any") << "Remove|Remove tab|Rem|rr"_s
-                                                                   << "&Remove|Remove &tab|R&em|rr"_s;
-        QTest::newRow("beginnings go first") << "Bb|Ba|Ab"_s
-                                             << "&Bb|Ba|&Ab"_s;
-        QTest::newRow("nothing to mark") << "|...|&|&&|File"_s
-                                         << "|...|&|&&|&File"_s;
-        QTest::newRow("marks stay, whatever the case") << "Edit|&exit|E&&x"_s
-                                                       << "E&dit|&exit|E&&&x"_s;
-        QTest::newRow("other scripts and digits") << "\u00D6l|\u00F6d|1 2"_s
-                                                  << "&\u00D6l|\u00F6&d|&1 2"_s;
-    }
-
     void mnemonics()
     {
-        QFETCH(const QString, texts);
-        QTEST(Mnemonics::marked(texts.split("|"_s)).join("|"_s), "marked");
-    }
-
-    void mnemonicsOfForms()
-    {
-        QWidget form;
-        QLabel note("Note"_s, &form);
-        QLabel caption("Name"_s, &form);
-        QLineEdit field(&form);
-        caption.setBuddy(&field);
-        QCheckBox choice("No more"_s, &form);
-        QDialogButtonBox box(QDialogButtonBox::Ok | QDialogButtonBox::No, &form);
-        box.button(QDialogButtonBox::No)->setText("&No"_s);
-        box.button(QDialogButtonBox::Ok)->setText("OK"_s);
-        Mnemonics::markForm(&form);
-        const QStringList texts{
-            note.text(), caption.text(), choice.text(), box.button(QDialogButtonBox::Ok)->text()};
-        QCOMPARE(texts.join("|"_s), "Note|N&ame|No &more|OK"_s);
+        // First letters, then other words, then any; beginnings go first; marks stay; other scripts and digits.
+        const QMap<QString, QString> rows{{"Remove|Remove tab|Rem|rr"_s, "&Remove|Remove &tab|R&em|rr"_s},
+                                          {"Bb|Ba|Ab"_s, "&Bb|Ba|&Ab"_s},
+                                          {"|...|&|&&|File"_s, "|...|&|&&|&File"_s},
+                                          {"Edit|&exit|E&&x"_s, "E&dit|&exit|E&&&x"_s},
+                                          {"\u00D6l|\u00F6d|1 2"_s, "&\u00D6l|\u00F6&d|&1 2"_s}};
+        for (const QString &texts : rows.keys())
+            QCOMPARE(Mnemonics::marked(texts.split("|"_s)).join("|"_s), rows.value(texts));
     }
 
     void singleSpaces()
@@ -92,7 +65,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(&box));
         // A value that is not offered is kept through opening and toggling.
         box.showPopup();
-        QCOMPARE(box.checkedItems(), QStringList({"i386"_s, "riscv64"_s}));
+        QCOMPARE(box.checkedItems(), "i386|riscv64"_list);
         box.view()->setCurrentIndex(box.model()->index(0, 0));
         QTest::keyClick(box.view(), Qt::Key_Space);
         QVERIFY(box.view()->isVisible());
@@ -117,9 +90,8 @@ private Q_SLOTS:
         QTRY_VERIFY(box.view()->isVisible());
     }
 
-    void repositoryRules_data()
+    void repositoryRules()
     {
-        QTest::addColumn<Refusal>("refusal");
         // Folder, name, code name, architectures, components.
         const QVector<QPair<const char *, Refusal>> rows{
             {"/srv|repo|birch|amd64|main", Refusal::None},
@@ -137,15 +109,11 @@ private Q_SLOTS:
             {"/srv|repo|-b|amd64|main", Refusal::BadName},
             {"/srv|repo|../../x|amd64|main", Refusal::BadName},
             {"/srv|repo|a\nSignWith: yes|amd64|main", Refusal::BadName}};
-        for (const auto &row : rows)
-            QTest::newRow(row.first) << row.second;
-    }
-
-    void repositoryRules()
-    {
-        const QStringList fields = QString::fromLatin1(QTest::currentDataTag()).split("|"_s);
-        const RepoInfo info{fields.at(1), fields.at(2), {}, {}, fields.at(3), fields.at(4)};
-        QTEST(NewRepoRules::check(fields.at(0), info), "refusal");
+        for (const auto &[row, refusal] : rows) {
+            const QStringList fields = QString::fromLatin1(row).split("|"_s);
+            const RepoInfo info{fields.at(1), fields.at(2), {}, {}, fields.at(3), fields.at(4)};
+            QVERIFY2(NewRepoRules::check(fields.at(0), info) == refusal, row);
+        }
     }
 
     void repositoryPathsAndChoices()

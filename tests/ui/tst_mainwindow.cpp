@@ -27,26 +27,6 @@
 
 namespace
 {
-QString plain(QString text)
-{
-    return text.remove(QLatin1Char('&'));
-}
-
-/** The entries of a menu or tool bar: object names, "|" for a separator, submenus in braces. */
-QString entries(const QWidget &bar)
-{
-    QStringList names;
-    for (const QAction *action : bar.actions()) {
-        if (action->isSeparator())
-            names << "|"_s;
-        else if (action->menu() == nullptr || bar.inherits("QToolBar"))
-            names << action->objectName();
-        else
-            names << plain(action->menu()->title()) + "{"_s + entries(*action->menu()) + "}"_s;
-    }
-    return names.join(" "_s);
-}
-
 /** Notes each of these texts whose marked letter another has. */
 void noteDoubles(const QStringList &texts, const QString &where, QStringList *faults)
 {
@@ -124,7 +104,7 @@ QStringList faultsOf(const QWidget &window)
 }
 } // namespace
 
-/** The window's commands as they stand, what it remembers, and whether all of it can be used without a mouse. */
+/** What the window remembers, and whether all of it can be used without a mouse. */
 class MainWindowTest : public QObject
 {
     Q_OBJECT
@@ -169,70 +149,6 @@ private Q_SLOTS:
 
     void init() { QSettings().clear(); }
 
-    void actions()
-    {
-        // Name, shortcut and icon; last "+": enabled without a tab, "-": disabled, "?": as far as it goes, "c": checkable.
-        const QStringList table
-            = "newRepo Ctrl+N document-new +|openRepo Ctrl+O document-open +|"
-              "removeRepo edit-delete -|quit Ctrl+Q application-exit +|"
-              "addPackages Ctrl+A list-add +|removePackages Ctrl+D list-remove -|"
-              "publishRepo media-playback-start -|unpublishRepo media-playback-stop -|about +|"
-              "changeRepo -|addSrcList -|removeSrcList -|addPkgSettings +|"
-              "parameters velt-admin-alternatives +|signPackages application-pgp-signature -|"
-              "checkDependsLocal +c|checkDependsPublic +c|checkDependsAll +c|checkDependsNo +c|"
-              "checkDependStart view-refresh -|checkDepends +|addToLocalRepo -|help F1 +|"
-              "exportAllPackages archive-insert -|exportFullRepo -|exportSelectedPackages -|"
-              "exportRepo utilities-file-archiver -|importRepo +|importPackages -|sourceList ?|"
-              "addPackageFromExtRepo -|editExternalRepos ?|showPublishedRepos view-list-text +|"
-              "exportWithDepends -|upgradeRepo download -|actionView -|hideStatusLine +c"_list;
-        const MainWindow window;
-        QList<const QAction *> actions;
-        for (const QAction *action : window.findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly)) {
-            if (!action->objectName().isEmpty() && action->objectName() != "m_showLogAction"_s)
-                actions << action;
-        }
-        QCOMPARE(actions.size(), table.size());
-        for (int i = 0; i < table.size(); ++i) {
-            const QAction &action = *actions.at(i);
-            QString state = table.at(i).section(" "_s, -1);
-            if (state != "?"_s)
-                state = action.isEnabled() ? "+"_s : "-"_s;
-            const QString name = action.objectName().remove(QRegularExpression("^m_|Action$"_s));
-            QStringList shown{name, action.shortcut().toString(), action.icon().name(), state};
-            shown.removeAll({});
-            QCOMPARE(shown.join(" "_s) + (action.isCheckable() ? "c"_s : QString()), table.at(i));
-        }
-        QVERIFY(!child<QAction>(window, "m_hideStatusLineAction")->isChecked());
-        QVERIFY(child<QAction>(window, "m_checkDependsAllAction")->isChecked());
-    }
-
-    void menusAndToolBar()
-    {
-        const MainWindow window;
-        const auto names = [&](const QWidget &bar) { return entries(bar).remove("m_"_s).remove("Action"_s); };
-        QMenu *recent = child<QMenu>(window, "m_recentReposMenu");
-        QCOMPARE(recent->actions().size(), 5);
-        recent->clear();
-        QCOMPARE(names(*child<QMenuBar>(window, "menuBar")),
-                 "File{newRepo openRepo removeRepo Recent repositories{} | Dependences "
-                 "checking{checkDependStart | "
-                 "checkDependsAll checkDependsPublic checkDependsLocal checkDependsNo} Export{exportFullRepo "
-                 "exportAllPackages exportSelectedPackages} Import{importRepo importPackages importFolder} | "
-                 "quit} "
-                 "Edit{addPackageFromExtRepo addPackages removePackages | upgradeRepo signPackages | "
-                 "checkDependStart copyReport saveReport changeRepo} Publication{publishRepo unpublishRepo "
-                 "sourceList "
-                 "showPublishedRepos} Settings{editExternalRepos addPkgSettings parameters} "
-                 "View{showLog hideStatusLine Packet Filter{}} Help{help about}"_s);
-        QCOMPARE(
-            names(*child<QToolBar>(window, "mainToolBar")),
-            "newRepo openRepo changeRepo removeRepo | addSrcList upgradeRepo sourceList removeSrcList "
-            "publishRepo unpublishRepo | signPackages addPackageFromExtRepo addPackages removePackages | "
-            "addPkgSettings parameters | checkDepends"_s);
-        QCOMPARE(names(*child<QAction>(window, "m_checkDependsAction")->menu()),
-                 "checkDependsAll checkDependsPublic checkDependsLocal checkDependsNo"_s);
-    }
-
     void usableWithoutMouse_data()
     {
         QTest::addColumn<QString>("language");
@@ -261,6 +177,13 @@ private Q_SLOTS:
         child<QMenu>(window, "m_dependsMenu")->close();
         for (const char *menu : {"m_packageMenu", "m_tabMenu", "m_dependsMenu"})
             noteDoublesInMenus(*child<QMenu>(window, menu), &faults);
+        QSet<QString> keys;
+        for (const QAction *action : window.findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly)) {
+            const QString key = action->shortcut().toString();
+            if (!key.isEmpty() && keys.contains(key))
+                faults << "two commands have the key "_s + key;
+            keys << key;
+        }
 
         Prompts prompts(&window);
         NewRepoDialog create(NewRepoDialog::Mode::Create, prompts);

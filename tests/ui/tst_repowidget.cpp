@@ -169,19 +169,6 @@ private Q_SLOTS:
         QVERIFY(f.page() != PackagePage);
     }
 
-    void counters()
-    {
-        PackageStatusLine line;
-        line.setCounters(2, 0, 40);
-        line.decrease(DependError); // shows 0
-        line.increase(DependError);
-        line.increase(2); // no check applies
-        QStringList texts;
-        for (const char *name : {"m_undefinedLabel", "m_errorLabel", "m_successLabel"})
-            texts += child<QLabel>(line, name)->text();
-        QCOMPARE(texts.join("|"_s), "2|1|40"_s);
-    }
-
     void shrinksBelowItsForms()
     {
         const RepoWidget tab;
