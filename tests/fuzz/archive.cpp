@@ -32,24 +32,6 @@ QByteArray withRightSums(QByteArray archive)
     return archive;
 }
 
-QByteArray compressed(const QByteArray &bytes)
-{
-    z_stream stream = {};
-    constexpr int GzipWindow = 15 + 16;
-    constexpr int MemoryLevel = 8;
-    if (deflateInit2(&stream, Z_BEST_SPEED, Z_DEFLATED, GzipWindow, MemoryLevel, Z_DEFAULT_STRATEGY) != Z_OK)
-        Fuzzing::fail("deflateInit2", __FILE__, __LINE__);
-    QByteArray result(static_cast<int>(deflateBound(&stream, static_cast<uLong>(bytes.size()))), '\0');
-    stream.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(bytes.constData()));
-    stream.avail_in = static_cast<uInt>(bytes.size());
-    stream.next_out = reinterpret_cast<Bytef *>(result.data());
-    stream.avail_out = static_cast<uInt>(result.size());
-    deflate(&stream, Z_FINISH);
-    result.truncate(static_cast<int>(stream.total_out));
-    deflateEnd(&stream);
-    return result;
-}
-
 struct Extracted
 {
     PackageExtractor::Result result = PackageExtractor::Result::NoTar;
@@ -57,13 +39,12 @@ struct Extracted
 };
 
 /** Extracts and looks at what came of it: nothing but packages, and these where they belong. */
-Extracted extract(const QByteArray &archive, int largest)
+Extracted extract(const Fuzzing::MemoryFile &file, int largest)
 {
     const QTemporaryDir scratch(QStringLiteral("/dev/shm/velt-fuzz-XXXXXX"));
     FUZZ_RULE(scratch.isValid());
     const QString folder = scratch.filePath(QStringLiteral("out"));
     QDir().mkpath(folder);
-    const Fuzzing::MemoryFile file(archive);
     PackageExtractor extractor(folder, [] { return false; });
     Extracted extracted;
     extracted.result = extractor.extract(file.name());
@@ -108,7 +89,7 @@ Extracted extract(const QByteArray &archive, int largest)
 void FuzzTarget::archive(std::string_view input)
 {
     const QByteArray given(input.data(), static_cast<int>(input.size()));
-    extract(given, 1 << 28);
+    extract(Fuzzing::MemoryFile(given), 1 << 28);
 
     TarHeader header;
     if (header.overrule(given))
@@ -117,8 +98,12 @@ void FuzzTarget::archive(std::string_view input)
     if (given.startsWith("\x1f\x8b"))
         return; // compressed twice it would be something else
     const QByteArray tar = withRightSums(given);
-    const Extracted plain = extract(tar, tar.size());
-    const Extracted packed = extract(compressed(tar), tar.size());
+    const Extracted plain = extract(Fuzzing::MemoryFile(tar), tar.size());
+    const Fuzzing::MemoryFile compressed{QByteArray()};
+    const gzFile gzip = gzopen(QFile::encodeName(compressed.name()).constData(), "wb1");
+    FUZZ_RULE(gzwrite(gzip, tar.constData(), static_cast<unsigned>(tar.size())) == tar.size());
+    FUZZ_RULE(gzclose(gzip) == Z_OK);
+    const Extracted packed = extract(compressed, tar.size());
     // Whether it is compressed makes no difference, except that what is compressed and no tar was meant for one.
     if (plain.result == PackageExtractor::Result::Done) {
         FUZZ_RULE(packed.result == plain.result);

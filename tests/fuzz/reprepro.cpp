@@ -3,6 +3,7 @@
 #include "engine/repreprocommands.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
+#include "support/literals.h"
 
 #include <QProcess>
 
@@ -12,7 +13,7 @@ namespace
 void checkWords(const QString &path, const QString &arguments, const QStringList &expected)
 {
     const QStringList words = QProcess::splitCommand(ReproCommand::commandLine(path, arguments));
-    const QStringList all = QStringList{QStringLiteral("reprepro"), QStringLiteral("-b"), path} + expected;
+    const QStringList all = QStringList{"reprepro"_s, "-b"_s, path} + expected;
     FUZZ_EQUAL(words.join(QLatin1Char('\n')), all.join(QLatin1Char('\n')));
     FUZZ_RULE(words.size() == all.size());
 }
@@ -34,42 +35,25 @@ void FuzzTarget::reprepro(std::string_view input)
     FUZZ_RULE(found == 0 || text.contains(QLatin1Char(' ')));
 
     const QStringList lines = text.split(QLatin1Char('\n'));
-    const QString path = QLatin1Char('/') + lines.value(0);
-    const QString codename = QLatin1Char('c') + lines.value(1);
-    const QString name = QLatin1Char('n') + lines.value(2);
-    const QString component = QLatin1Char('m') + lines.value(3);
-    const QString architecture = QLatin1Char('a') + lines.value(4);
-    const QString section = QLatin1Char('s') + lines.value(5);
-    const QString file = QLatin1Char('/') + lines.value(6);
+    const QString path = "/"_s + lines.value(0);
+    const QString codename = "c"_s + lines.value(1);
+    const QString name = "n"_s + lines.value(2);
+    const QString component = "m"_s + lines.value(3);
+    const QString architecture = "a"_s + lines.value(4);
+    const QString section = "s"_s + lines.value(5);
+    const QString file = "/"_s + lines.value(6);
+    const QStringList place{"-C"_s, component, "-A"_s, architecture};
     checkWords(path,
                ReproCommand::remove(codename, name, component, architecture),
-               architecture == QLatin1String("all")
-                   ? QStringList{QStringLiteral("-C"), component, QStringLiteral("remove"), codename, name}
-                   : QStringList{QStringLiteral("-C"),
-                                 component,
-                                 QStringLiteral("-A"),
-                                 architecture,
-                                 QStringLiteral("remove"),
-                                 codename,
-                                 name});
-    checkWords(
-        path,
-        ReproCommand::include(codename, component, architecture, section, file),
-        {QStringLiteral("-C"),
-         component,
-         QStringLiteral("-A"),
-         architecture,
-         QStringLiteral("-S"),
-         section,
-         file.endsWith(QLatin1String(".udeb")) ? QStringLiteral("includeudeb") : QStringLiteral("includedeb"),
-         codename,
-         file});
+               (architecture == "all"_s ? QStringList(place.mid(0, 2)) : place)
+                   + QStringList{"remove"_s, codename, name});
+    const QString include = file.endsWith(".udeb"_s) ? "includeudeb"_s : "includedeb"_s;
+    checkWords(path,
+               ReproCommand::include(codename, component, architecture, section, file),
+               place + QStringList{"-S"_s, section, include, codename, file});
+    const QString filter
+        = "Package (% %1), $Component (% %2), $Architecture (% %3)"_s.arg(name, component, architecture);
     checkWords(path,
                ReproCommand::listFiles(codename, name, component, architecture),
-               {QStringLiteral("--list-format"),
-                QStringLiteral("${filename}\n"),
-                QStringLiteral("listfilter"),
-                codename,
-                QLatin1String("Package (% ") + name + QLatin1String("), $Component (% ") + component
-                    + QLatin1String("), $Architecture (% ") + architecture + QLatin1Char(')')});
+               {"--list-format"_s, "${filename}\n"_s, "listfilter"_s, codename, filter});
 }

@@ -37,55 +37,30 @@ Outcome rewrite(QByteArray document, const DependsJson::Change &change, QByteArr
     return DependsJson::rewrite(&input, &output, change);
 }
 
-void append(QString *text, const Dependency &dependency)
-{
-    *text += QStringLiteral("%1 %2 %3 %4 %5 %6{")
-                 .arg(dependency.name,
-                      dependency.op,
-                      dependency.version,
-                      dependency.secondOp,
-                      dependency.secondVersion,
-                      QString::number(dependency.status));
-    for (auto found = dependency.foundVersions.cbegin(); found != dependency.foundVersions.cend(); ++found)
-        *text += found.key() + QLatin1Char(' ') + found->version + QString::number(found->status);
-    for (const Dependency &provider : dependency.providers)
-        append(text, provider);
-    *text += QLatin1Char('}');
-}
-
-/** All that is known, in the packages' order. */
-QString description(const StoredPackages &stored)
-{
-    QString text;
-    QStringList names = stored.keys();
-    names.sort();
-    for (const QString &name : qAsConst(names)) {
-        const StoredDepends &package = stored[name];
-        text += QStringLiteral("%1 %2 %3 %4\n")
-                    .arg(name, package.version, package.architecture, QString::number(package.info->status));
-        const auto &groups = package.info->groups;
-        for (auto group = groups.cbegin(); group != groups.cend(); ++group) {
-            text += group.key() + QString::number(group->status);
-            for (const Dependency &dependency : group->alternatives)
-                append(&text, dependency);
-        }
-    }
-    return text;
-}
-
 /** As the check would leave it: the stored results, and no other package of the name. */
 QList<PackageInfoPtr> packagesOf(const StoredPackages &stored)
 {
     QList<PackageInfoPtr> packages;
-    for (auto entry = stored.cbegin(); entry != stored.cend(); ++entry) {
+    QStringList names = stored.keys();
+    names.sort();
+    for (const QString &name : qAsConst(names)) {
         PackageInfo package;
-        package.name = entry.key();
-        package.version = entry->version;
-        package.architecture = entry->architecture;
-        package.dependsInfo = entry->info;
+        package.name = name;
+        package.version = stored[name].version;
+        package.architecture = stored[name].architecture;
+        package.dependsInfo = stored[name].info;
         packages.append(PackageInfoPtr::create(package));
     }
     return packages;
+}
+
+/** All that is known, as it would be written. */
+QString description(const StoredPackages &stored)
+{
+    QBuffer output;
+    output.open(QIODevice::WriteOnly);
+    DependsJson::rewrite(nullptr, &output, {Repository, {}, packagesOf(stored)});
+    return QString::fromUtf8(output.data());
 }
 } // namespace
 
