@@ -104,25 +104,6 @@ private Q_SLOTS:
         QVERIFY(store.contains("MainWindow/geometry"_s));
     }
 
-    void settingsSurviveAKillWhileTheyAreSaved()
-    {
-        makeRepository();
-        for (const int milliseconds : {0, 1, 2, 4, 8, 16}) {
-            // Two at once: one of them only raises the other.
-            const auto first = start();
-            QTRY_VERIFY(QFileInfo::exists(m_folder->filePath("velt-admin-repo.socket"_s)));
-            QCOMPARE(exitCodeOf(*start()), 255);
-            first->terminate();
-            first->waitForFinished(milliseconds);
-            first->kill();
-            QVERIFY(first->state() == QProcess::NotRunning || first->waitForFinished());
-            const QSettings store(settingsFile(), QSettings::NativeFormat);
-            QCOMPARE(store.value("recentOpennedRepos"_s).toStringList(), QStringList{m_repository});
-            QCOMPARE(store.value("showAddPkgSettings"_s).toString(), "false"_s);
-            QFile::remove(m_folder->filePath("velt-admin-repo.socket"_s));
-        }
-    }
-
     void terminationWhileABoxIsOpen()
     {
         // Without a repository the files lead to a question, which nobody answers; one is called like an option.

@@ -120,38 +120,6 @@ private Q_SLOTS:
             m_driver->log().contains(QRegularExpression("\\[\\d\\d:\\d\\d:\\d\\d\\] Repositry is opened"_s)));
     }
 
-    void collisionOptions_data()
-    {
-        QTest::addColumn<QStringList>("buttons");
-        const QString all = "Apply to all"_s;
-        // In the repository: lower 1, higher 3, equal 2; the files are all 2, in this order.
-        const QString prefer = "Give preference to versions "_s;
-        QTest::newRow("equal 2 old, higher 3, lower 2") << QStringList{prefer + "higer"_s, all};
-        QTest::newRow("equal 2 old, higher 2, lower 1") << QStringList{prefer + "lower"_s, all};
-        QTest::newRow("equal 2 new, higher 2, lower 2") << QStringList{"Replace all packages"_s, all};
-        QTest::newRow("equal 2 old, higher 3, lower 1") << QStringList{"Do not replace packages"_s, all};
-        QTest::newRow("equal 2 new, higher 3, lower 2") << QStringList{"Yes"_s, "No"_s, "Yes"_s};
-    }
-
-    void collisionOptions()
-    {
-        QFETCH(const QStringList, buttons);
-        const QString repo = makeRepository(
-            "r"_s, {package("lower"_s, "1"_s), package("higher"_s, "3"_s), package("equal"_s, "2"_s, "old")});
-        QVERIFY(restart({repo}));
-        QList<Script::Step> answers;
-        for (const QString &button : buttons)
-            answers << answer("Package replacement"_s, button);
-        const Script script(answers);
-        m_driver->drop(
-            {package("lower"_s, "2"_s), package("higher"_s, "2"_s), package("equal"_s, "2"_s, "new")});
-        WAIT_FOR(m_driver->log().contains("package(s) added"_s) && m_driver->isIdle());
-        const QString equal = repo + "/pool/main/e/equal/equal_2_amd64.deb"_s;
-        const bool replaced = outputOf("dpkg-deb"_s, {"--fsys-tarfile"_s, equal}).contains("new");
-        QCOMPARE(packagesOf(repo).replace("equal 2"_s, replaced ? "equal 2 new"_s : "equal 2 old"_s),
-                 QString::fromLatin1(QTest::currentDataTag()));
-    }
-
     void severalErrorsAndOtherFiles()
     {
         const QString repo = makeRepository("r"_s);
@@ -369,7 +337,7 @@ private Q_SLOTS:
 
         QSettings().setValue(SettingsKey::RecentRepoList, QStringList{plain, gone});
         QVERIFY(restart({}));
-        for (const QString &reply : QStringList{"No"_s, "Yes"_s}) {
+        for (const QString &reply : "No|Yes"_list) {
             QList<Script::Step> steps{answer(QString(), reply)};
             if (reply == "Yes"_s)
                 steps << answer("Repository import"_s, "Cancel"_s);

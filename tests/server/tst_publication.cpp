@@ -3,6 +3,7 @@
 #include "server/localsources.h"
 #include "server/publicationaddresses.h"
 #include "server/publicationsettings.h"
+#include "support/lists.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 
@@ -18,32 +19,13 @@ class PublicationTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void sourceLines()
-    {
-        const auto line = [](bool trusted, const QString &architectures, int protocol) {
-            return SourceLine{
-                trusted, architectures, protocol, "10.0.0.1"_s, 8000, "/srv/%1"_s, "dog"_s, "main a"_s}
-                .text();
-        };
-        QCOMPARE(line(false, {}, HttpProtocol), "deb http://10.0.0.1:8000/ dog main a"_s);
-        QCOMPARE(line(true, "amd64  i386 "_s, FtpProtocol),
-                 "deb [arch=amd64,i386 trusted=yes] ftp://10.0.0.1:8000/ dog main a"_s);
-        QCOMPARE(line(true, " "_s, LocalDirectoryProtocol), "deb [trusted=yes] file:///srv/%1/ dog main a"_s);
-        QCOMPARE(line(false, "all"_s, 7), "deb [arch=all] http://10.0.0.1:8000/ dog main a"_s);
-    }
-
     void localSources()
     {
         using namespace LocalSources;
         const QString two = "# deb b\ndeb a main contrib\n"_s;
         QCOMPARE(appended(two, "deb a main"_s), two); // the start of a line is enough
-        QCOMPARE(appended("deb a"_s, "deb b"_s), "deb a\ndeb b\n"_s);
-        QCOMPARE(removed(appended(two, "deb b"_s), "deb b"_s), two);
         QCOMPARE(removed("deb b\n\n#\ndeb b"_s, "deb b"_s), "\n#\n"_s);
-        QCOMPARE(removed("deb b\n#"_s, "deb b"_s), "#"_s);
-        QCOMPARE(removed("deb b\n"_s, "deb b"_s), QString());
         QCOMPARE(appended(two, {}) + removed(two, {}), two + two);
-
         const QTemporaryDir folder;
         const QString file = folder.filePath("sources.list"_s);
         QVERIFY(!fileContains("deb a main"_s, file));
@@ -61,7 +43,7 @@ private Q_SLOTS:
         QCOMPARE(PublicationSettings::busyPorts(store), (QList<int>{8001, 8002}));
         const QHash<QString, QVariant> wrong{{"repoPath"_s, "/srv/a/"_s},
                                              {"trustedRepo"_s, "perhaps"_s},
-                                             {"arch"_s, QStringList{"a"_s, "b"_s}},
+                                             {"arch"_s, "a|b"_list},
                                              {"type"_s, 3},
                                              {"ip"_s, "1.2.3"_s}};
         for (auto value = wrong.cbegin(); value != wrong.cend(); ++value)
@@ -74,11 +56,10 @@ private Q_SLOTS:
 
         const PublicationSettings taken{9000, "/srv/b"_s, false, "i386"_s, FtpProtocol, "10.0.0.1"_s};
         taken.claim(store);
-        QCOMPARE(store.value(SettingsKey::BusyHttpPorts).toStringList(),
-                 (QStringList{"8001"_s, "8002"_s, "9000"_s}));
+        QCOMPARE(store.value(SettingsKey::BusyHttpPorts).toStringList(), "8001|8002|9000"_list);
         found = PublicationSettings::find(store, "/srv/b"_s);
         QVERIFY(found && !found->trusted && found->protocol == FtpProtocol);
-        QCOMPARE(QStringList({found->architectures, found->host}), QStringList({"i386"_s, "10.0.0.1"_s}));
+        QCOMPARE(QStringList({found->architectures, found->host}), "i386|10.0.0.1"_list);
 
         // The system is right about protocol and port, by the first publication that is the repository's.
         const QVector<Publication> live{{{1, "HTTP"_s, "/srv/c"_s}, HttpProtocol, {}},
