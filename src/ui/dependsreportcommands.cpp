@@ -91,16 +91,18 @@ void DependsReportCommands::save()
         = m_prompts.saveFile(tr("Save report"), m_lastFolder, name, {textFilter, jsonFilter});
     if (choice.path.isEmpty())
         return;
-    m_lastFolder = QFileInfo(choice.path).absolutePath();
     const QString path = choice.path;
     auto *watcher = new QFutureWatcher<QString>(this);
     connect(watcher, &QFutureWatcher<QString>::finished, this, [this, watcher, path] {
         const QString failure = watcher->result();
-        if (failure.isEmpty())
-            m_feedback.announce(tr("The report is saved in %1.").arg(path));
-        else
-            m_feedback.error(tr("The report cannot be saved in %1.").arg(path), failure);
         watcher->deleteLater();
+        if (!failure.isEmpty()) {
+            m_feedback.error(tr("The report cannot be saved in %1.").arg(path), failure);
+            return;
+        }
+        // A folder that took it takes the next one.
+        m_lastFolder = QFileInfo(path).absolutePath();
+        m_feedback.announce(tr("The report is saved in %1.").arg(path));
     });
     const Format format = choice.filter == jsonFilter ? Format::Json : Format::Text;
     watcher->setFuture(QtConcurrent::run([packages, format, path] { return write(packages, format, path); }));
