@@ -17,7 +17,7 @@ UpgradeOffers::UpgradeOffers(JobContext &context, UpgradeSources &sources)
     , m_apt(sources.apt(context.repoInfo().architectureList()))
 {
     if (!m_apt)
-        m_context.critical(tr("Unable to create cache folder"), PrivateApt::cacheFolder());
+        m_context.critical(tr("Failed to create file with selected sources"), PrivateApt::cacheFolder());
 }
 
 QStringList UpgradeOffers::environment() const

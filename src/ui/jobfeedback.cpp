@@ -24,11 +24,14 @@
 
 namespace
 {
-/** What says more than that there is a warning; empty for most. */
+/** What says more than that there is an error or a warning; empty for most. */
 QString titleOf(const QString &error)
 {
-    return error == RepoShell::tr("No packages for upgrading") ? RepoShell::tr("Nothing to upgrade")
-                                                               : QString();
+    if (error == RepoShell::tr("No packages for upgrading"))
+        return RepoShell::tr("Nothing to upgrade");
+    if (error == RepoShell::tr("Failed to create file with selected sources"))
+        return RepoShell::tr("Create source.list file error");
+    return {};
 }
 
 QString withAdvice(const QString &details)
