@@ -121,351 +121,315 @@ END
     }
 
 private Q_SLOTS:
-    void initTestCase();
-    void cleanup();
-    void cleanupTestCase();
+    void initTestCase()
+    {
+        QProcess check;
+        check.start(QStringLiteral(SYSTEMDBOX), {"check"_s});
+        QVERIFY(check.waitForFinished(Minute));
+        if (check.exitCode() != 0) {
+            const QByteArray reason = check.readAllStandardOutput().trimmed();
+            if (qEnvironmentVariableIsSet("REQUIRE_REAL_TOOLS") && ::geteuid() == 0)
+                QFAIL(reason.constData());
+            QSKIP(reason.constData());
+        }
+        VELT_NEED_TOOL("curl");
+        VELT_NEED_TOOL("lighttpd");
+        VELT_NEED_TOOL("reprepro");
+        VELT_NEED_TOOL("vsftpd");
 
-    void servesAptOverHttp();
-    void hidesAllElseOverHttp_data();
-    void hidesAllElseOverHttp();
-    void servesManyAtOnceOverHttp();
-    void keepsPublishingAfterAPowerCut();
-    void servesNothingElseInItsPlace();
-    void feedsThisSystemsApt();
-    void endsPublishing();
-    void servesAptOverFtp();
-    void refuses_data();
-    void refuses();
-    void leavesEverythingWhenItFails_data();
-    void leavesEverythingWhenItFails();
-    void recoversFromAKilledHelper();
-    void publishesFromTheWindow();
-};
+        m_box.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        m_box.start(QStringLiteral(SYSTEMDBOX), {"boot"_s, m_folder.path()});
+        QVERIFY(isReady());
 
-void PublicationJobTest::initTestCase()
-{
-    QProcess check;
-    check.start(QStringLiteral(SYSTEMDBOX), {"check"_s});
-    QVERIFY(check.waitForFinished(Minute));
-    if (check.exitCode() != 0) {
-        const QByteArray reason = check.readAllStandardOutput().trimmed();
-        if (qEnvironmentVariableIsSet("REQUIRE_REAL_TOOLS") && ::geteuid() == 0)
-            QFAIL(reason.constData());
-        QSKIP(reason.constData());
-    }
-    VELT_NEED_TOOL("curl");
-    VELT_NEED_TOOL("lighttpd");
-    VELT_NEED_TOOL("reprepro");
-    VELT_NEED_TOOL("vsftpd");
-
-    m_box.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    m_box.start(QStringLiteral(SYSTEMDBOX), {"boot"_s, m_folder.path()});
-    QVERIFY(isReady());
-
-    const QString stage = m_folder.filePath("shared/stage"_s);
-    runShell("DESTDIR=%1 '%2' --install '%3' >/dev/null"_s.arg(
-        stage, QStringLiteral(CMAKE_PROGRAM), QStringLiteral(BUILD_FOLDER)));
-    const QString trouble = box(R"(cp -r --preserve=mode,links /shared/stage/. /
-        systemctl daemon-reload; systemctl reload dbus
-        rm -f /etc/apt/sources.list /etc/apt/sources.list.d/* /etc/vsftpd.conf
-        useradd -m tester; chmod 700 /home/tester
-        cd /home/tester
-        repo=$1; mkdir -p "$repo/conf" package/DEBIAN package/usr/share/fizz
-        printf '%s\n' 'Codename: birch' 'Architectures: amd64' 'Components: main' 'Contents: compatsymlink' \
-            >"$repo/conf/distributions"
-        head -c 300000 /dev/urandom >package/usr/share/fizz/data
-        printf '%s\n' 'Package: fizz' 'Version: 1.0' 'Architecture: amd64' 'Maintainer: T <t@example.org>' \
-            'Section: admin' 'Priority: optional' 'Description: test' >package/DEBIAN/control
-        dpkg-deb --root-owner-group -b package fizz_1.0_amd64.deb >/dev/null
-        reprepro -s -b "$repo" includedeb birch fizz_1.0_amd64.deb
-        cp -r --preserve=mode,links "$repo" "$2"
-        ln -s /usr/share/common-licenses/GPL-3 "$repo/pool/outwards"; ln -s / "$repo/dists/outwards"; echo key >"$repo/packages.conf"
-        chown -R tester: /home/tester
-        find "$repo" -type f -exec chmod 600 {} +; chmod 700 "$repo")"_s,
-                                {closedRepo, openRepo});
-    QVERIFY2(trouble.isEmpty(), qPrintable(trouble));
-    allow(true);
-}
-
-void PublicationJobTest::cleanup()
-{
-    if (QTest::currentTestFailed() && m_box.state() == QProcess::Running)
-        qInfo(
-            "%s",
-            qPrintable(box(
-                "journalctl -b --no-pager -n 40 -u 'public-repo*' -u vsftpd -u 'velt*'; tail /tmp/http*.log || true"_s)));
-}
-
-void PublicationJobTest::cleanupTestCase()
-{
-    m_box.closeWriteChannel();
-    if (m_box.state() != QProcess::NotRunning)
-        QVERIFY(m_box.waitForFinished(Minute));
-}
-
-void PublicationJobTest::servesAptOverHttp()
-{
-    QCOMPARE(publish(closedRepo, 8080, 0), "b true"_s);
-    QCOMPARE(box("systemctl is-active public-repo-8080; systemctl is-enabled public-repo-8080"_s),
-             "active\nenabled"_s);
-    QCOMPARE(box("systemd-analyze verify /etc/systemd/system/public-repo-8080.service 2>&1"_s), QString());
-    QCOMPARE(box("ps -o user:32= -p $(pgrep -x lighttpd)"_s), "public-repo-8080"_s);
-
-    const QString source = "deb [trusted=yes] http://127.0.0.1:8080/ birch main"_s;
-    const QString first = apt(source, "update"_s);
-    QVERIFY2(first.contains("Get:"_s) && !first.contains("W:"_s), qPrintable(first));
-    const QString second = apt(source, "update"_s);
-    QVERIFY2(second.contains("Hit:"_s) && !second.contains("Get:"_s), qPrintable(second));
-    const QString download = apt(source, "download fizz"_s);
-    const QString same
-        = asUser("cmp ~/fizz_1.0_amd64.deb \"$1\"/pool/main/f/fizz/fizz_1.0_amd64.deb"_s, {closedRepo});
-    QVERIFY2(same.isEmpty(), qPrintable(same + download));
-
-    const QString package = "/pool/main/f/fizz/fizz_1.0_amd64.deb"_s;
-    QCOMPARE(httpCode(package, {"-r"_s, "100000-"_s}), "206"_s);
-    QCOMPARE(httpCode(package, {"-r"_s, "9000000-"_s}), "416"_s);
-    QTRY_VERIFY_WITH_TIMEOUT(asUser("cat /tmp/http8080.log"_s).contains("\"GET "_s + package), 15000);
-}
-
-void PublicationJobTest::hidesAllElseOverHttp_data()
-{
-    QTest::addColumn<QString>("code");
-    for (const char *path : {"/", "/dists/birch/Release", "/dists/birch/main/Contents-amd64.gz"})
-        QTest::newRow(path) << "200"_s;
-    for (const char *path : {"/conf",
-                             "/conf/distributions",
-                             "//conf/distributions",
-                             "/./conf/distributions",
-                             "/%63onf/distributions",
-                             "/pool/../conf/distributions",
-                             "/pool/%2e%2e/conf/distributions",
-                             "/pool/..%2fconf/distributions",
-                             "/db/version",
-                             "/logs/x",
-                             "/packages.conf",
-                             "/%70ackages.conf?x",
-                             "/.hidden",
-                             "/pool/outwards",
-                             "/dists/outwards/usr/bin/env"})
-        QTest::newRow(path) << "403"_s;
-    for (const char *path :
-         {"/CONF/distributions", "/../../etc/passwd", "/%2e%2e/%2e%2e/etc/passwd", "//etc/passwd"})
-        QTest::newRow(path) << "404"_s;
-}
-
-void PublicationJobTest::hidesAllElseOverHttp()
-{
-    QFETCH(QString, code);
-    QCOMPARE(httpCode(QString::fromUtf8(QTest::currentDataTag())), code);
-}
-
-void PublicationJobTest::servesManyAtOnceOverHttp()
-{
-    QCOMPARE(box(R"(for i in {1..300}; do
-                curl -s -o /dev/null -w '%{http_code}\n' http://127.0.0.1:8080/pool/main/f/fizz/fizz_1.0_amd64.deb &
-            done | sort | uniq -c | xargs)"_s),
-             "300 200"_s);
-}
-
-void PublicationJobTest::keepsPublishingAfterAPowerCut()
-{
-    m_box.write("restart\n");
-    QVERIFY(isReady());
-    QTRY_COMPARE_WITH_TIMEOUT(httpCode("/dists/birch/Release"_s), "200"_s, 30000);
-}
-
-void PublicationJobTest::servesNothingElseInItsPlace()
-{
-    // The repository's user puts links in the place of the directory and of the log, before the next start.
-    const QString planted = asUser(R"(mv "$1" ~/aside; ln -s /etc "$1")"_s, {closedRepo});
-    const QString told = box(R"(echo precious >/root/precious; rm -f /tmp/http8080.log
-        runuser -u tester -- ln -s /root/precious /tmp/http8080.log
-        systemctl restart public-repo-8080 2>/dev/null && echo started
-        curl -s http://127.0.0.1:8080/passwd || true; cat /root/precious)"_s);
-    const QString back = asUser(R"(rm "$1"; mv ~/aside "$1")"_s, {closedRepo});
-    QCOMPARE(planted + told + back, "precious"_s);
-    QCOMPARE(box(R"(systemctl restart public-repo-8080; runuser -u tester -- mkfifo /tmp/pipe
-        mv -f /tmp/pipe /tmp/http8080.log; systemctl restart public-repo-8080; readlink /tmp/http8080.log)"_s),
-             "/var/log/velt-admin-repo-http8080.log"_s);
-    QTRY_COMPARE_WITH_TIMEOUT(httpCode("/dists/birch/Release"_s), "200"_s, 30000);
-}
-
-void PublicationJobTest::feedsThisSystemsApt()
-{
-    const QString file = "/etc/apt/sources.list.d/velt-admin-repo.list"_s;
-    const QString byHand
-        = "# Do not touch, спасибо\ndeb [trusted=yes] file:///usr/local/own ./\n\n#no end of line"_s;
-    const QString entry = "deb [trusted=yes] http://127.0.0.1:8080/ birch main"_s;
-    box("printf %s \"$1\" >\"$2\""_s, {byHand, file});
-    box("mkdir /usr/local/own; touch /usr/local/own/Packages"_s);
-
-    QCOMPARE(ask("AddLocalSource"_s, {"s"_s, entry}), "b true"_s);
-    QCOMPARE(ask("AddLocalSource"_s, {"s"_s, entry}), "b true"_s);
-    QCOMPARE(box("cat "_s + file), QString(byHand + "\n"_s + entry));
-    const QString output = box("apt-get update 2>&1; apt-get install -y fizz 2>&1"_s);
-    QCOMPARE(box("dpkg-query -W -f '${Version}' fizz"_s), "1.0"_s);
-    QVERIFY2(output.contains("fizz"_s), qPrintable(output));
-
-    QCOMPARE(ask("RemoveLocalSource"_s, {"s"_s, entry}), "b true"_s);
-    QCOMPARE(box("cat "_s + file), byHand);
-}
-
-void PublicationJobTest::endsPublishing()
-{
-    QCOMPARE(unpublish(8080, 0), "b true"_s);
-    QCOMPARE(box("ls -R /etc/systemd/system | grep public-repo || true; ls /tmp/*.service || true"_s),
-             QString());
-    QCOMPARE(box("systemctl is-active public-repo-8080 || true"_s), "inactive"_s);
-    QVERIFY(httpCode("/"_s).startsWith("000"_s));
-}
-
-void PublicationJobTest::servesAptOverFtp()
-{
-    const QString byHand
-        = "# the administrator's\nlisten=YES\nlisten_ipv6=NO\nlisten_port=2100\nlocal_enable=YES"_s;
-    box("printf '%s\n' \"$1\" >/etc/vsftpd.conf; systemctl start vsftpd"_s, {byHand});
-
-    QCOMPARE(publish(openRepo, 2121, 1), "b true"_s);
-    QCOMPARE(box("systemctl is-active vsftpd; systemctl is-enabled vsftpd"_s), "active\nenabled"_s);
-    QCOMPARE(box("cat /etc/vsftpd.conf.velt-admin-repo.orig"_s), byHand);
-    const QString source = "deb [trusted=yes] ftp://127.0.0.1:2121/ birch main"_s;
-    const QString update = apt(source, "update"_s);
-    QVERIFY2(update.contains("Get:"_s) && !update.contains("W:"_s), qPrintable(update));
-    QCOMPARE(asUser("rm -f ~/fizz*.deb"_s), QString());
-    const QString download = apt(source, "download fizz"_s);
-    QVERIFY2(asUser("ls ~"_s).contains("fizz_1.0_amd64.deb"_s), qPrintable(download));
-    // Nobody writes.
-    QVERIFY(box("curl -s -T /etc/hostname ftp://127.0.0.1:2121/pool/x"_s).contains("[25:"_s));
-
-    // Another one on another port takes the place, and what was written by hand is still kept.
-    QCOMPARE(publish(openRepo, 2122, 1), "b true"_s);
-    QCOMPARE(box("cat /etc/vsftpd.conf.velt-admin-repo.orig"_s), byHand);
-    QCOMPARE(box("curl -s ftp://127.0.0.1:2122/dists/birch/Release | head -1"_s), "Codename: birch"_s);
-
-    QCOMPARE(unpublish(2122, 1), "b true"_s);
-    QCOMPARE(box("systemctl is-active vsftpd || true; systemctl is-enabled vsftpd || true"_s),
-             "inactive\ndisabled"_s);
-}
-
-void PublicationJobTest::refuses_data()
-{
-    QTest::addColumn<QString>("method");
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("answer");
-    const auto publishing = [](const char *name,
-                               const QString &answer,
-                               const QString &path,
-                               const QString &port = "8081"_s,
-                               const QString &protocol = "0"_s) {
-        QTest::newRow(name) << "PublishRepo"_s << QStringList{"sii"_s, path, port, protocol} << answer;
-    };
-    for (const char *port : {"0", "-1", "70000"})
-        publishing(port, "The port is not one"_s, openRepo, QString::fromUtf8(port));
-    publishing("local directory", "The protocol is neither"_s, openRepo, "8081"_s, "2"_s);
-    const QString form = "The directory is not an absolute path"_s;
-    publishing("no path", form, QString());
-    publishing("relative", form, "home/tester/open repo"_s);
-    publishing("a line more", form, openRepo + "\nExecStartPre=/bin/touch /etc/hacked"_s);
-    publishing("a specifier", form, "/home/tester/%h"_s);
-    publishing("a quote", form, "/home/tester/a\" b"_s);
-    publishing("two ways", form, "/home/tester/../tester/open repo"_s);
-    const QString canonical = "is not the canonical path"_s;
-    publishing("no repository", canonical, "/etc"_s);
-    publishing("nothing there", canonical, "/home/tester/none"_s);
-    publishing("a link", canonical, "/home/tester/link"_s);
-    publishing("not allowed", "Access denied"_s, openRepo);
-    const QString source = "deb http://127.0.0.1:80/ birch main"_s;
-    QTest::newRow("not a source") << "AddLocalSource"_s << QStringList{"s"_s, "rm -rf /"_s}
-                                  << "This is not a source line"_s;
-    QTest::newRow("two sources") << "AddLocalSource"_s
-                                 << QStringList{"s"_s, QString(source + "\n"_s + source)}
-                                 << "This is not a source line"_s;
-    QTest::newRow("somebody else's FTP")
-        << "UnpublishRepo"_s << QStringList{"ii"_s, "21"_s, "1"_s} << "b false"_s;
-}
-
-void PublicationJobTest::refuses()
-{
-    QFETCH(QString, method);
-    QFETCH(QStringList, arguments);
-    QFETCH(QString, answer);
-    const bool isAllowed = QByteArray(QTest::currentDataTag()) != "not allowed";
-    box(R"(cd /home/tester; for name in a\"\ b %h; do [ -e "$name" ] || cp -r open\ repo "$name"; done
-        [ -e link ] || ln -s open\ repo link
-        echo 'listen=YES' >/etc/vsftpd.conf)"_s);
-    if (!isAllowed)
-        allow(false);
-    const QString before = state();
-    const QString told = ask(method, arguments);
-    const QString after = state();
-    if (!isAllowed)
+        const QString stage = m_folder.filePath("shared/stage"_s);
+        runShell("DESTDIR=%1 '%2' --install '%3' >/dev/null"_s.arg(
+            stage, QStringLiteral(CMAKE_PROGRAM), QStringLiteral(BUILD_FOLDER)));
+        const QString trouble = box(R"(cp -r --preserve=mode,links /shared/stage/. /
+            systemctl daemon-reload; systemctl reload dbus
+            rm -f /etc/apt/sources.list /etc/apt/sources.list.d/* /etc/vsftpd.conf
+            useradd -m tester; chmod 700 /home/tester
+            cd /home/tester
+            repo=$1; mkdir -p "$repo/conf" package/DEBIAN package/usr/share/fizz
+            printf '%s\n' 'Codename: birch' 'Architectures: amd64' 'Components: main' 'Contents: compatsymlink' \
+                >"$repo/conf/distributions"
+            head -c 300000 /dev/urandom >package/usr/share/fizz/data
+            printf '%s\n' 'Package: fizz' 'Version: 1.0' 'Architecture: amd64' 'Maintainer: T <t@example.org>' \
+                'Section: admin' 'Priority: optional' 'Description: test' >package/DEBIAN/control
+            dpkg-deb --root-owner-group -b package fizz_1.0_amd64.deb >/dev/null
+            reprepro -s -b "$repo" includedeb birch fizz_1.0_amd64.deb
+            cp -r --preserve=mode,links "$repo" "$2"
+            ln -s /usr/share/common-licenses/GPL-3 "$repo/pool/outwards"; ln -s / "$repo/dists/outwards"; echo key >"$repo/packages.conf"
+            chown -R tester: /home/tester
+            find "$repo" -type f -exec chmod 600 {} +; chmod 700 "$repo")"_s,
+                                    {closedRepo, openRepo});
+        QVERIFY2(trouble.isEmpty(), qPrintable(trouble));
         allow(true);
-    QVERIFY2(told.contains(answer), qPrintable(told));
-    QCOMPARE(after, before);
-}
+    }
 
-void PublicationJobTest::leavesEverythingWhenItFails_data()
-{
-    QTest::addColumn<QString>("obstacle");
-    QTest::addColumn<QString>("relief");
-    QTest::addColumn<int>("protocol");
-    const QString taken
-        = "systemd-run -q --unit=other --service-type=exec /usr/bin/python3 -m http.server 8082; "
-          "until curl -s -o /dev/null http://127.0.0.1:8082/; do sleep 0.1; done"_s;
-    const QString freed = "systemctl stop other"_s;
-    QTest::newRow("HTTP, port taken") << taken << freed << 0;
-    QTest::newRow("FTP, port taken") << taken << freed << 1;
-    QTest::newRow("HTTP, no server") << "chmod -x /usr/sbin/lighttpd"_s
-                                     << "chmod +x /usr/sbin/lighttpd"_s << 0;
-    QTest::newRow("FTP, no server") << "chmod -x /usr/sbin/vsftpd"_s
-                                    << "chmod +x /usr/sbin/vsftpd"_s << 1;
-    QTest::newRow("units cannot be written")
-        << "mount --bind /etc/systemd/system /etc/systemd/system; "
-           "mount -o remount,bind,ro /etc/systemd/system; systemctl stop velt-admin-repo-helper"_s
-        << "systemctl stop velt-admin-repo-helper; umount /etc/systemd/system"_s << 0;
-}
+    void cleanup()
+    {
+        if (QTest::currentTestFailed() && m_box.state() == QProcess::Running)
+            qInfo(
+                "%s",
+                qPrintable(box(
+                    "journalctl -b --no-pager -n 40 -u 'public-repo*' -u vsftpd -u 'velt*'; tail /tmp/http*.log || true"_s)));
+    }
 
-void PublicationJobTest::leavesEverythingWhenItFails()
-{
-    QFETCH(QString, obstacle);
-    QFETCH(QString, relief);
-    QFETCH(int, protocol);
-    box("printf 'listen=YES\n# by hand\n' >/etc/vsftpd.conf; rm -f /etc/vsftpd.conf.velt*; systemctl stop vsftpd"_s);
-    const QString before = state();
-    QCOMPARE(box(obstacle), QString());
-    const QString told = publish(openRepo, 8082, protocol);
-    QCOMPARE(box(relief), QString());
-    QCOMPARE(told, "b false"_s);
-    QCOMPARE(state(), before);
+    void cleanupTestCase()
+    {
+        m_box.closeWriteChannel();
+        if (m_box.state() != QProcess::NotRunning)
+            QVERIFY(m_box.waitForFinished(Minute));
+    }
 
-    // Nothing that was left over is in the way of the next attempt.
-    QCOMPARE(publish(openRepo, 8082, protocol), "b true"_s);
-    QCOMPARE(unpublish(8082, protocol), "b true"_s);
-}
+    void servesAptOverHttp()
+    {
+        QCOMPARE(publish(closedRepo, 8080, 0), "b true"_s);
+        QCOMPARE(box("systemctl is-active public-repo-8080; systemctl is-enabled public-repo-8080"_s),
+                 "active\nenabled"_s);
+        QCOMPARE(box("systemd-analyze verify /etc/systemd/system/public-repo-8080.service 2>&1"_s),
+                 QString());
+        QCOMPARE(box("ps -o user:32= -p $(pgrep -x lighttpd)"_s), "public-repo-8080"_s);
 
-void PublicationJobTest::recoversFromAKilledHelper()
-{
-    const QString told = box(R"(cd /
-        runuser -u tester -- busctl call org.corvana.velt.repo / org.corvana.velt.repo.Manager \
-            PublishRepo sii "$1" 8083 0 2>&1 &
-        until systemctl -q is-active public-repo-8083; do sleep 0.02; done
-        systemctl kill -s KILL velt-admin-repo-helper
-        wait $! || true)"_s,
-                             {openRepo});
-    QVERIFY2(told.startsWith("Call failed:"_s), qPrintable(told));
-    QCOMPARE(box("systemctl is-enabled public-repo-8083 || true"_s), "disabled"_s);
-    QCOMPARE(publish(openRepo, 8083, 0), "b true"_s);
-    QCOMPARE(unpublish(8083, 0), "b true"_s);
-}
+        const QString source = "deb [trusted=yes] http://127.0.0.1:8080/ birch main"_s;
+        const QString first = apt(source, "update"_s);
+        QVERIFY2(first.contains("Get:"_s) && !first.contains("W:"_s), qPrintable(first));
+        const QString second = apt(source, "update"_s);
+        QVERIFY2(second.contains("Hit:"_s) && !second.contains("Get:"_s), qPrintable(second));
+        const QString download = apt(source, "download fizz"_s);
+        const QString same
+            = asUser("cmp ~/fizz_1.0_amd64.deb \"$1\"/pool/main/f/fizz/fizz_1.0_amd64.deb"_s, {closedRepo});
+        QVERIFY2(same.isEmpty(), qPrintable(same + download));
 
-void PublicationJobTest::publishesFromTheWindow()
-{
-    QVERIFY(QFile::copy(QStringLiteral(WINDOW_PROGRAM), m_folder.filePath("shared/window"_s)));
-    const QString output = asUser(R"(export QT_QPA_PLATFORM=offscreen
-        export DBUS_SYSTEM_BUS_ADDRESS=unix:path=/run/dbus/system_bus_socket
-        timeout 80 /shared/window 2>&1)"_s);
-    QVERIFY2(output.contains("4 passed, 0 failed, 0 skipped"_s), qPrintable(output));
-}
+        const QString package = "/pool/main/f/fizz/fizz_1.0_amd64.deb"_s;
+        QCOMPARE(httpCode(package, {"-r"_s, "100000-"_s}), "206"_s);
+        QCOMPARE(httpCode(package, {"-r"_s, "9000000-"_s}), "416"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(asUser("cat /tmp/http8080.log"_s).contains("\"GET "_s + package), 15000);
+    }
+
+    void hidesAllElseOverHttp_data()
+    {
+        QTest::addColumn<QString>("code");
+        for (const char *path : {"/", "/dists/birch/Release", "/dists/birch/main/Contents-amd64.gz"})
+            QTest::newRow(path) << "200"_s;
+        for (const char *path : {"/conf",
+                                 "/conf/distributions",
+                                 "//conf/distributions",
+                                 "/./conf/distributions",
+                                 "/%63onf/distributions",
+                                 "/pool/../conf/distributions",
+                                 "/pool/%2e%2e/conf/distributions",
+                                 "/pool/..%2fconf/distributions",
+                                 "/db/version",
+                                 "/logs/x",
+                                 "/packages.conf",
+                                 "/%70ackages.conf?x",
+                                 "/.hidden",
+                                 "/pool/outwards",
+                                 "/dists/outwards/usr/bin/env"})
+            QTest::newRow(path) << "403"_s;
+        for (const char *path :
+             {"/CONF/distributions", "/../../etc/passwd", "/%2e%2e/%2e%2e/etc/passwd", "//etc/passwd"})
+            QTest::newRow(path) << "404"_s;
+    }
+
+    void hidesAllElseOverHttp()
+    {
+        QFETCH(QString, code);
+        QCOMPARE(httpCode(QString::fromUtf8(QTest::currentDataTag())), code);
+    }
+
+    void servesManyAtOnceOverHttp()
+    {
+        QCOMPARE(box(R"(for i in {1..300}; do
+                    curl -s -o /dev/null -w '%{http_code}\n' http://127.0.0.1:8080/pool/main/f/fizz/fizz_1.0_amd64.deb &
+                done | sort | uniq -c | xargs)"_s),
+                 "300 200"_s);
+    }
+
+    void keepsPublishingAfterAPowerCut()
+    {
+        m_box.write("restart\n");
+        QVERIFY(isReady());
+        QTRY_COMPARE_WITH_TIMEOUT(httpCode("/dists/birch/Release"_s), "200"_s, 30000);
+    }
+
+    void servesNothingElseInItsPlace()
+    {
+        // The repository's user puts links in the place of the directory and of the log, before the next start.
+        const QString planted = asUser(R"(mv "$1" ~/aside; ln -s /etc "$1")"_s, {closedRepo});
+        const QString told = box(R"(echo precious >/root/precious; rm -f /tmp/http8080.log
+            runuser -u tester -- ln -s /root/precious /tmp/http8080.log
+            systemctl restart public-repo-8080 2>/dev/null && echo started
+            curl -s http://127.0.0.1:8080/passwd || true; cat /root/precious)"_s);
+        const QString back = asUser(R"(rm "$1"; mv ~/aside "$1")"_s, {closedRepo});
+        QCOMPARE(planted + told + back, "precious"_s);
+        QCOMPARE(box(R"(systemctl restart public-repo-8080; runuser -u tester -- mkfifo /tmp/pipe
+            mv -f /tmp/pipe /tmp/http8080.log; systemctl restart public-repo-8080; readlink /tmp/http8080.log)"_s),
+                 "/var/log/velt-admin-repo-http8080.log"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(httpCode("/dists/birch/Release"_s), "200"_s, 30000);
+    }
+
+    void feedsThisSystemsApt()
+    {
+        const QString file = "/etc/apt/sources.list.d/velt-admin-repo.list"_s;
+        const QString byHand
+            = "# Do not touch, спасибо\ndeb [trusted=yes] file:///usr/local/own ./\n\n#no end of line"_s;
+        const QString entry = "deb [trusted=yes] http://127.0.0.1:8080/ birch main"_s;
+        box("printf %s \"$1\" >\"$2\""_s, {byHand, file});
+        box("mkdir /usr/local/own; touch /usr/local/own/Packages"_s);
+
+        QCOMPARE(ask("AddLocalSource"_s, {"s"_s, entry}), "b true"_s);
+        QCOMPARE(ask("AddLocalSource"_s, {"s"_s, entry}), "b true"_s);
+        QCOMPARE(box("cat "_s + file), QString(byHand + "\n"_s + entry));
+        const QString output = box("apt-get update 2>&1; apt-get install -y fizz 2>&1"_s);
+        QCOMPARE(box("dpkg-query -W -f '${Version}' fizz"_s), "1.0"_s);
+        QVERIFY2(output.contains("fizz"_s), qPrintable(output));
+
+        QCOMPARE(ask("RemoveLocalSource"_s, {"s"_s, entry}), "b true"_s);
+        QCOMPARE(box("cat "_s + file), byHand);
+    }
+
+    void endsPublishing()
+    {
+        QCOMPARE(unpublish(8080, 0), "b true"_s);
+        QCOMPARE(box("ls -R /etc/systemd/system | grep public-repo || true; ls /tmp/*.service || true"_s),
+                 QString());
+        QCOMPARE(box("systemctl is-active public-repo-8080 || true"_s), "inactive"_s);
+        QVERIFY(httpCode("/"_s).startsWith("000"_s));
+    }
+
+    void servesAptOverFtp()
+    {
+        const QString byHand
+            = "# the administrator's\nlisten=YES\nlisten_ipv6=NO\nlisten_port=2100\nlocal_enable=YES"_s;
+        box("printf '%s\n' \"$1\" >/etc/vsftpd.conf; systemctl start vsftpd"_s, {byHand});
+
+        QCOMPARE(publish(openRepo, 2121, 1), "b true"_s);
+        QCOMPARE(box("systemctl is-active vsftpd; systemctl is-enabled vsftpd"_s), "active\nenabled"_s);
+        QCOMPARE(box("cat /etc/vsftpd.conf.velt-admin-repo.orig"_s), byHand);
+        const QString source = "deb [trusted=yes] ftp://127.0.0.1:2121/ birch main"_s;
+        const QString update = apt(source, "update"_s);
+        QVERIFY2(update.contains("Get:"_s) && !update.contains("W:"_s), qPrintable(update));
+        QCOMPARE(asUser("rm -f ~/fizz*.deb"_s), QString());
+        const QString download = apt(source, "download fizz"_s);
+        QVERIFY2(asUser("ls ~"_s).contains("fizz_1.0_amd64.deb"_s), qPrintable(download));
+        // Nobody writes.
+        QVERIFY(box("curl -s -T /etc/hostname ftp://127.0.0.1:2121/pool/x"_s).contains("[25:"_s));
+
+        // Another one on another port takes the place, and what was written by hand is still kept.
+        QCOMPARE(publish(openRepo, 2122, 1), "b true"_s);
+        QCOMPARE(box("cat /etc/vsftpd.conf.velt-admin-repo.orig"_s), byHand);
+        QCOMPARE(box("curl -s ftp://127.0.0.1:2122/dists/birch/Release | head -1"_s), "Codename: birch"_s);
+
+        QCOMPARE(unpublish(2122, 1), "b true"_s);
+        QCOMPARE(box("systemctl is-active vsftpd || true; systemctl is-enabled vsftpd || true"_s),
+                 "inactive\ndisabled"_s);
+    }
+
+    void refuses_data()
+    {
+        QTest::addColumn<QString>("method");
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("answer");
+        const auto publishing = [](const char *name, const QString &answer, const QString &path) {
+            QTest::newRow(name) << "PublishRepo"_s << QStringList{"sii"_s, path, "8081"_s, "0"_s} << answer;
+        };
+        // The text alone is judged in the tests of the helper; here it reaches no file.
+        publishing("a line more",
+                   "The directory is not an absolute path"_s,
+                   openRepo + "\nExecStartPre=/bin/touch /etc/hacked"_s);
+        const QString canonical = "is not the canonical path"_s;
+        publishing("no repository", canonical, "/etc"_s);
+        publishing("nothing there", canonical, "/home/tester/none"_s);
+        publishing("a link", canonical, "/home/tester/link"_s);
+        publishing("not allowed", "Access denied"_s, openRepo);
+        QTest::newRow("somebody else's FTP")
+            << "UnpublishRepo"_s << QStringList{"ii"_s, "21"_s, "1"_s} << "b false"_s;
+    }
+
+    void refuses()
+    {
+        QFETCH(QString, method);
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, answer);
+        const bool isAllowed = QByteArray(QTest::currentDataTag()) != "not allowed";
+        box(R"(cd /home/tester; [ -e link ] || ln -s open\ repo link
+            echo 'listen=YES' >/etc/vsftpd.conf)"_s);
+        if (!isAllowed)
+            allow(false);
+        const QString before = state();
+        const QString told = ask(method, arguments);
+        const QString after = state();
+        if (!isAllowed)
+            allow(true);
+        QVERIFY2(told.contains(answer), qPrintable(told));
+        QCOMPARE(after, before);
+    }
+
+    void leavesEverythingWhenItFails_data()
+    {
+        QTest::addColumn<QString>("obstacle");
+        QTest::addColumn<QString>("relief");
+        QTest::addColumn<int>("protocol");
+        const QString taken
+            = "systemd-run -q --unit=other --service-type=exec /usr/bin/python3 -m http.server 8082; "
+              "until curl -s -o /dev/null http://127.0.0.1:8082/; do sleep 0.1; done"_s;
+        const QString freed = "systemctl stop other"_s;
+        QTest::newRow("HTTP, port taken") << taken << freed << 0;
+        QTest::newRow("FTP, port taken") << taken << freed << 1;
+        QTest::newRow("HTTP, no server") << "chmod -x /usr/sbin/lighttpd"_s
+                                         << "chmod +x /usr/sbin/lighttpd"_s << 0;
+        QTest::newRow("FTP, no server") << "chmod -x /usr/sbin/vsftpd"_s
+                                        << "chmod +x /usr/sbin/vsftpd"_s << 1;
+        QTest::newRow("units cannot be written")
+            << "mount --bind /etc/systemd/system /etc/systemd/system; "
+               "mount -o remount,bind,ro /etc/systemd/system; systemctl stop velt-admin-repo-helper"_s
+            << "systemctl stop velt-admin-repo-helper; umount /etc/systemd/system"_s << 0;
+    }
+
+    void leavesEverythingWhenItFails()
+    {
+        QFETCH(QString, obstacle);
+        QFETCH(QString, relief);
+        QFETCH(int, protocol);
+        box("printf 'listen=YES\n# by hand\n' >/etc/vsftpd.conf; rm -f /etc/vsftpd.conf.velt*; systemctl stop vsftpd"_s);
+        const QString before = state();
+        QCOMPARE(box(obstacle), QString());
+        const QString told = publish(openRepo, 8082, protocol);
+        QCOMPARE(box(relief), QString());
+        QCOMPARE(told, "b false"_s);
+        QCOMPARE(state(), before);
+
+        // Nothing that was left over is in the way of the next attempt.
+        QCOMPARE(publish(openRepo, 8082, protocol), "b true"_s);
+        QCOMPARE(unpublish(8082, protocol), "b true"_s);
+    }
+
+    void recoversFromAKilledHelper()
+    {
+        const QString told = box(R"(cd /
+            runuser -u tester -- busctl call org.corvana.velt.repo / org.corvana.velt.repo.Manager \
+                PublishRepo sii "$1" 8083 0 2>&1 &
+            until systemctl -q is-active public-repo-8083; do sleep 0.02; done
+            systemctl kill -s KILL velt-admin-repo-helper
+            wait $! || true)"_s,
+                                 {openRepo});
+        QVERIFY2(told.startsWith("Call failed:"_s), qPrintable(told));
+        QCOMPARE(box("systemctl is-enabled public-repo-8083 || true"_s), "disabled"_s);
+        QCOMPARE(publish(openRepo, 8083, 0), "b true"_s);
+        QCOMPARE(unpublish(8083, 0), "b true"_s);
+    }
+
+    void publishesFromTheWindow()
+    {
+        QVERIFY(QFile::copy(QStringLiteral(WINDOW_PROGRAM), m_folder.filePath("shared/window"_s)));
+        const QString output = asUser(R"(export QT_QPA_PLATFORM=offscreen
+            export DBUS_SYSTEM_BUS_ADDRESS=unix:path=/run/dbus/system_bus_socket
+            timeout 80 /shared/window 2>&1)"_s);
+        QVERIFY2(output.contains("4 passed, 0 failed, 0 skipped"_s), qPrintable(output));
+    }
+};
 
 VELT_TEST_MAIN(PublicationJobTest, QCoreApplication)
 #include "tst_publicationjob.moc"

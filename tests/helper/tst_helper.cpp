@@ -184,6 +184,8 @@ private Q_SLOTS:
             {"PublishRepo"_s, {"/srv/\"r"_s, 80, 0}},
             {"PublishRepo"_s, {"/srv/../etc"_s, 80, 0}},
             {"PublishRepo"_s, {""_s, 80, 0}},
+            {"PublishRepo"_s, {"srv/r"_s, 80, 0}},
+            {"PublishRepo"_s, {"/srv/r"_s, 0, 0}},
             {"PublishRepo"_s, {"/srv/r"_s, 70000, 0}},
             {"PublishRepo"_s, {"/srv/r"_s, 80, 2}},
             {"UnpublishRepo"_s, {-1, 0}},
