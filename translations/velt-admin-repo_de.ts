@@ -1752,6 +1752,13 @@ Ein oder mehrere Werte</translation>
         <translation>Import fehlgeschlagen: Unter dem gewählten Pfad gibt es keine Pakete</translation>
     </message>
     <message numerus="yes">
+        <source>%n package(s) had been imported before the stop.</source>
+        <translation>
+            <numerusform>%n Paket war vor dem Anhalten schon importiert.</numerusform>
+            <numerusform>%n Pakete waren vor dem Anhalten schon importiert.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%n package(s) imported</source>
         <translation>
             <numerusform>%n Paket importiert</numerusform>
@@ -2117,6 +2124,14 @@ Ein oder mehrere Werte</translation>
         <source>The directory &quot;%1&quot; is not there.</source>
         <translation>Das Verzeichnis „%1“ gibt es nicht.</translation>
     </message>
+    <message>
+        <source>Failed to create file with selected sources</source>
+        <translation>Die Datei mit den ausgewählten Paketquellen konnte nicht erstellt werden</translation>
+    </message>
+    <message>
+        <source>Create source.list file error</source>
+        <translation>Fehler beim Erstellen der Datei source.list</translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>
@@ -2352,6 +2367,10 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>It is published, and clients use it.</source>
         <translation>Es ist veröffentlicht und wird von Clients verwendet.</translation>
+    </message>
+    <message>
+        <source>It is in this machine&apos;s local sources list, and stays there if you do not remove it first. apt then reports an error at each update.</source>
+        <translation>Es steht in der Paketquellenliste dieses Rechners und bleibt dort, wenn Sie es nicht vorher austragen. apt meldet dann bei jeder Aktualisierung einen Fehler.</translation>
     </message>
     <message>
         <source>Do you want to unpublish the repository first?</source>

@@ -54,6 +54,13 @@
 <context>
     <name>RepoShell</name>
     <message numerus="yes">
+        <source>%n package(s) had been imported before the stop.</source>
+        <translation>
+            <numerusform>%n package had been imported before the stop.</numerusform>
+            <numerusform>%n packages had been imported before the stop.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%n package(s) imported</source>
         <translation>
             <numerusform>%n package imported</numerusform>

@@ -1757,6 +1757,14 @@ One or more values</source>
         <translation>Импорт не удался: по выбранному пути нет пакетов</translation>
     </message>
     <message numerus="yes">
+        <source>%n package(s) had been imported before the stop.</source>
+        <translation>
+            <numerusform>До остановки импортирован %n пакет.</numerusform>
+            <numerusform>До остановки импортировано %n пакета.</numerusform>
+            <numerusform>До остановки импортировано %n пакетов.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%n package(s) imported</source>
         <translation>
             <numerusform>Импортирован %n пакет</numerusform>
@@ -2132,6 +2140,14 @@ One or more values</source>
         <source>The directory &quot;%1&quot; is not there.</source>
         <translation>Каталог «%1» отсутствует.</translation>
     </message>
+    <message>
+        <source>Failed to create file with selected sources</source>
+        <translation>Не удалось создать файл с выбранными источниками</translation>
+    </message>
+    <message>
+        <source>Create source.list file error</source>
+        <translation>Ошибка создания файла source.list</translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>
@@ -2367,6 +2383,10 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>It is published, and clients use it.</source>
         <translation>Он опубликован, и им пользуются клиенты.</translation>
+    </message>
+    <message>
+        <source>It is in this machine&apos;s local sources list, and stays there if you do not remove it first. apt then reports an error at each update.</source>
+        <translation>Он есть в списке источников этого компьютера и останется там, если вы не удалите его оттуда заранее. Тогда apt будет сообщать об ошибке при каждом обновлении.</translation>
     </message>
     <message>
         <source>Do you want to unpublish the repository first?</source>

@@ -28,8 +28,12 @@ int ImportJob::run(const QString &source, const AddOptions &options)
 
     constexpr bool WithoutCheck = false;
     PackageAdding adding(m_context, options, files.size() == 1, WithoutCheck);
-    if (adding.addFiles(files, &frame) == CANCEL)
+    if (adding.addFiles(files, &frame) == CANCEL) {
+        if (adding.addedCount() > 0)
+            m_context.noted(
+                tr("%n package(s) had been imported before the stop.", nullptr, adding.addedCount()));
         return frame.finish(CANCEL, tr("Package(s) not imported"));
+    }
     return frame.finish(SUCCESS, tr("%n package(s) imported", nullptr, adding.addedCount()));
 }
 

@@ -49,7 +49,10 @@ PublicationCommands::PublicationCommands(Ui::MainWindow &ui,
     });
     m_repositories.setPublishing(
         {[this](const QString &path) { return isPublished(path); },
-         [this](const QString &path, const auto &answer) { unpublishAll(path, answer); }});
+         [this](const QString &path, const auto &answer) { unpublishAll(path, answer); },
+         [this](const RepoWidget &widget) {
+             return m_localSources.contains(widget.publicationPanel()->sourceLine());
+         }});
 }
 
 void PublicationCommands::connectActions()

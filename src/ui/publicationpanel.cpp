@@ -279,11 +279,13 @@ void PublicationPanel::showState()
                       : tr("To be published at %1: %2")
                             .arg(address, PublicationText::state(publication.state).toLower()));
     }
-    if (lines.isEmpty() && m_isPublishingKnown && !m_repoPath.isEmpty())
+    if (lines.isEmpty() && m_isPublishingKnown && !m_repoPath.isEmpty()) {
         lines << tr("Not published");
-    // A tool tip alone is not found by who wonders why nothing can be published.
-    if (m_live.isEmpty() && !m_obstacle.isEmpty())
-        lines << m_obstacle;
+        // A tool tip alone is not found by who wonders why nothing can be published. On the same line, so that the
+        // fields below stay where they are while a port is typed.
+        if (!m_obstacle.isEmpty())
+            lines.last() += QStringLiteral(". %1").arg(m_obstacle);
+    }
     m_ui.m_publicationStateLabel->setText(lines.join(QLatin1Char('\n')));
 }
 

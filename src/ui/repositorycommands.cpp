@@ -211,9 +211,16 @@ void RepositoryCommands::removeRepo()
     const QString path = m_tabs.pathOf(widget);
     const QString title = tr("Remove confirmation");
     const bool isPublished = m_publishing.isPublished && m_publishing.isPublished(path);
-    const QString about = isPublished ? tr("It is published, and clients use it.") : QString();
+    QStringList about;
+    if (isPublished)
+        about << tr("It is published, and clients use it.");
+    if (m_publishing.isLocalSource && m_publishing.isLocalSource(*widget))
+        about << tr(
+            "It is in this machine's local sources list, and stays there if you do not remove it first. "
+            "apt then reports an error at each update.");
     const auto mayGoOn = [this, guard] { return !guard.isNull() && !m_tabs.isRunning(guard); };
-    if (m_prompts.askCarefully(title, tr("Do you want to delete a repository %1?").arg(path), about)
+    if (m_prompts.askCarefully(
+            title, tr("Do you want to delete a repository %1?").arg(path), about.join(QLatin1Char('\n')))
             != Prompts::Answer::Yes
         || !mayGoOn())
         return;

@@ -26,6 +26,8 @@ public:
         std::function<bool(const QString &path)> isPublished;
         /** Ends all publications of the repository; `answer` comes later, unless the window is closed before. */
         std::function<void(const QString &path, const std::function<void(bool done)> &answer)> unpublish;
+        /** Whether this machine's own list of sources has the line that the repository's tab shows. */
+        std::function<bool(const RepoWidget &widget)> isLocalSource;
     };
 
     RepositoryCommands(

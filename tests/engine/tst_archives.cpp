@@ -341,6 +341,20 @@ private Q_SLOTS:
         h.cancelAt(&RepoShell::started);
         QCOMPARE(importFrom(&h, folder), RepoEnums::CANCEL);
         QCOMPARE(h.lastMessage(), "Package(s) not imported"_s);
+        QVERIFY(h.notes.isEmpty());
+    }
+
+    void stoppedImports()
+    {
+        RepoHarness h;
+        h.cancelAt(&RepoShell::packageAdded, 2);
+        const QString folder = h.folder.filePath("in"_s);
+        for (const char *name : {"a", "b", "c", "d"})
+            DebBuilder(QLatin1String(name)).build(folder);
+        QCOMPARE(importFrom(&h, folder), RepoEnums::CANCEL);
+        QCOMPARE(h.lastMessage(), "Package(s) not imported"_s);
+        QCOMPARE(h.notes, QStringList{"2 package(s) had been imported before the stop."_s});
+        QVERIFY(h.listed().size() == 2 && h.settled());
     }
 };
 

@@ -193,7 +193,7 @@ private Q_SLOTS:
         QVERIFY(!m_driver->tabs()->tabIcon(0).isNull() && m_driver->tabs()->tabIcon(1).isNull());
         m_driver->tabs()->setCurrentIndex(1);
         QCOMPARE(action("m_publishRepoAction")->toolTip(), "Another repo already published"_s);
-        QCOMPARE(state(1), "Not published\nAnother repo already published"_s);
+        QCOMPARE(state(1), "Not published. Another repo already published"_s);
         QVERIFY(!action("m_publishRepoAction")->isEnabled());
 
         m_driver->tabs()->setCurrentIndex(0);
