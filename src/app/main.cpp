@@ -2,7 +2,9 @@
 #include "app/commandline.h"
 #include "app/signalwatcher.h"
 #include "app/singleinstance.h"
+#include "core/saveleftovers.h"
 #include "core/scratchfolder.h"
+#include "depends/dependsdata.h"
 #include "engine/archiveutils.h"
 #include "platform/desktopintegration.h"
 #include "ui/iconstyle.h"
@@ -11,6 +13,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QThread>
 #include <QThreadPool>
@@ -106,6 +109,8 @@ int main(int argc, char *argv[])
     // What a killed run has left behind; nobody waits for that.
     QThreadPool::globalInstance()->start([] {
         ScratchFolder::removeLeftovers();
+        SaveLeftovers::remove(QSettings().fileName());
+        SaveLeftovers::remove(DependsData::userFileName());
         ArchiveUtils::removeLeftover();
     });
 
