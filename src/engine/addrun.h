@@ -6,12 +6,14 @@
 #include "core/scratchfolder.h"
 #include "engine/addoptions.h"
 #include "engine/exportsession.h"
+#include "engine/packagebackup.h"
 #include "engine/packagelist.h"
 
 #include <QHash>
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 /** What a job that adds packages keeps from one file to the next. */
 struct AddRun
@@ -27,6 +29,8 @@ struct AddRun
         = {}; ///< text of the key that signs; looked up when the first file is in
     QString keyTrouble = {}; ///< why the key cannot be used, once that is known
     QList<PackageInfoPtr> wanting = {}; ///< to be checked anew when something went in
+    std::vector<PackageBackup> backups
+        = {}; ///< of what was replaced, until the database is known to be whole
 };
 
 /** A file on its way into the repository, for one or several architectures. */

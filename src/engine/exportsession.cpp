@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/exportsession.h"
 
+#include "engine/databasecopy.h"
 #include "engine/privateconfig.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
 
 #include <QFile>
 
+#include <cstdlib>
 #include <utility>
 
 namespace
@@ -36,7 +38,7 @@ ProcessResult ExportSession::remove(const QString &arguments, bool makesRoom)
         if (m_silentConfig && !m_removed) {
             m_removed = true;
             // Files that others keep in the pool without use are not ours to delete at the end.
-            m_mayCleanUp = m_run(ReproCommand::dumpUnreferenced(), {}).output.trimmed().isEmpty();
+            m_mayCleanUp = run(ReproCommand::dumpUnreferenced()).output.trimmed().isEmpty();
         }
         return change(arguments, m_silentConfig.get());
     }
@@ -65,16 +67,18 @@ bool ExportSession::dropUnreferencedFiles()
     if (PrivateConfig::keepsUnreferencedFiles(m_repoPath))
         return false;
     // First the indices, since those on disk may still name the files that go.
-    if (m_disturbed || (m_exportOwed && !exportNow().succeeded()))
+    if (m_disturbed || (m_exportOwed && !writeIndices().succeeded()))
         return false;
     m_removed = false;
-    return m_run(ReproCommand::deleteUnreferenced(), {}).succeeded();
+    return run(ReproCommand::deleteUnreferenced()).succeeded();
 }
 
 ProcessResult ExportSession::finish()
 {
     ProcessResult result;
     result.started = true;
+    if (m_trouble)
+        return *m_trouble;
     if (m_exportOwed)
         result = writeIndices();
     // References that could not be written make files look as if nobody needed them.
@@ -82,7 +86,7 @@ ProcessResult ExportSession::finish()
         return result;
     // As long as the indices on disk are old, clients may still fetch what they name.
     if (m_removed && m_mayCleanUp && !m_exportOwed && !PrivateConfig::keepsUnreferencedFiles(m_repoPath)) {
-        m_removed = m_run(ReproCommand::deleteUnreferenced(), {}).crashed();
+        m_removed = run(ReproCommand::deleteUnreferenced()).crashed();
     }
     if (!m_exportOwed && !m_removed)
         clearMarker(m_repoPath);
@@ -109,16 +113,56 @@ void ExportSession::clearMarker(const QString &repoPath)
     QFile::remove(markerFile(repoPath));
 }
 
+ProcessResult ExportSession::run(const QString &arguments, const QStringList &environment)
+{
+    if (m_trouble)
+        return *m_trouble;
+    ProcessResult result = m_run(arguments, environment);
+    if (ReproAnswer::databaseTroubled(result.errorOutput)) {
+        m_disturbed = true;
+        m_trouble = result;
+        m_trouble->exitCode = EXIT_FAILURE; // that of a run which did not take place
+        DatabaseCopy::condemn(m_repoPath);
+    }
+    return result;
+}
+
+std::optional<ProcessResult> ExportSession::keepDatabase()
+{
+    if (m_refusal || m_isKept)
+        return m_refusal;
+    DatabaseCopy::Outcome outcome = DatabaseCopy::make(m_repoPath);
+    if (outcome == DatabaseCopy::Outcome::Locked) {
+        // A run finds out whether the lock is of any worth, and has the user asked to take it away.
+        const ProcessResult result = run(ReproCommand::dumpUnreferenced());
+        if (!result.started || ReproAnswer::databaseLocked(result.errorOutput))
+            return result;
+        outcome = DatabaseCopy::make(m_repoPath);
+    }
+    m_isKept = outcome == DatabaseCopy::Outcome::Made;
+    if (!m_isKept) {
+        m_refusal.emplace();
+        m_refusal->started = true;
+        m_refusal->exitCode = EXIT_FAILURE;
+        m_refusal->errorOutput
+            = tr("The database of the repository could not be copied, so nothing was changed. "
+                 "Is there room on the disk?");
+    }
+    return m_refusal;
+}
+
 ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *config)
 {
+    if (const auto refusal = keepDatabase())
+        return *refusal;
     setMarker(m_repoPath);
-    ProcessResult result = m_run(arguments, config != nullptr ? config->environment() : QStringList());
+    ProcessResult result = run(arguments, config != nullptr ? config->environment() : QStringList());
     if (config != nullptr && ReproAnswer::signingFailed(result.errorOutput)) {
         // Such a run has nothing to sign: it misses something that its lean environment does not have.
         config->useWholeEnvironment();
-        result = m_run(arguments, config->environment());
+        result = run(arguments, config->environment());
     }
-    m_disturbed = m_disturbed || result.crashed() || ReproAnswer::databaseTroubled(result.errorOutput);
+    m_disturbed = m_disturbed || result.crashed();
     if (result.succeeded()) {
         if (config != nullptr) {
             m_exportOwed = true;
@@ -132,23 +176,13 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
                || ReproAnswer::signingFailed(result.errorOutput)) {
         m_exportOwed = true;
     }
-    if (!m_exportOwed && !m_disturbed)
-        clearMarker(m_repoPath);
     return result;
 }
 
 ProcessResult ExportSession::writeIndices()
 {
-    ProcessResult result = m_run(ReproCommand::exportIndices(), {});
+    ProcessResult result = run(ReproCommand::exportIndices());
     m_exportOwed = !result.succeeded();
-    return result;
-}
-
-ProcessResult ExportSession::exportNow()
-{
-    ProcessResult result = writeIndices();
-    if (!m_exportOwed && !m_disturbed)
-        clearMarker(m_repoPath);
     return result;
 }
 

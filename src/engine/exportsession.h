@@ -3,11 +3,13 @@
 
 #include "core/processutils.h"
 
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class PrivateConfig;
 
@@ -16,11 +18,12 @@ class PrivateConfig;
  * shows at once; when it went well, the further ones leave them alone and finish() writes them once. Writing them
  * each time makes a job's time grow with the square of its packages.
  *
- * While indices are owed a marker lies in the repository's db folder, so that whoever opens the repository after a
- * crash writes them first. It names the files that the job was about.
+ * From the first change to the end of the job a marker lies in the repository's db folder, so that whoever opens the repository after a
+ * crash writes them first. It names the files that the job was about. The database is copied before the first change.
  */
 class ExportSession
 {
+    Q_DECLARE_TR_FUNCTIONS(RepoShell)
 public:
     /** Runs reprepro with these arguments and additional environment. */
     using Run = std::function<ProcessResult(const QString &arguments, const QStringList &environment)>;
@@ -51,8 +54,11 @@ public:
     ProcessResult finish();
     /** Whether a run died or could not write the database. Then the marker stays, and JobRecovery has work to do. */
     bool isDisturbed() const { return m_disturbed; }
+    /** Whether the database could not be read or written. From then on nothing is run any more, and the copy of it
+     *  from before the session (DatabaseCopy) is the one to use. */
+    bool isDamaged() const { return m_trouble.has_value(); }
 
-    /** Whether the repository's indices are behind its database. */
+    /** Whether the repository's indices may be behind its database. */
     static bool isExportOwed(const QString &repoPath);
     /** The files that jobs which were cut short may have left in the pool, as paths below the repository. */
     static QStringList filesLeft(const QString &repoPath);
@@ -69,9 +75,13 @@ private:
     bool m_exportOwed;
     bool m_removed = false; ///< files may lie in the pool that nothing needs
     bool m_disturbed = false;
+    bool m_isKept = false; ///< the database has been copied
     bool m_mayCleanUp = false; ///< those files are ours alone
+    std::optional<ProcessResult> m_trouble; ///< of the run that met a damaged database
+    std::optional<ProcessResult> m_refusal; ///< why nothing may be changed
 
+    ProcessResult run(const QString &arguments, const QStringList &environment = {});
+    std::optional<ProcessResult> keepDatabase();
     ProcessResult change(const QString &arguments, PrivateConfig *config);
     ProcessResult writeIndices();
-    ProcessResult exportNow();
 };

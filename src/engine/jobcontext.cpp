@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobcontext.h"
 
+#include "engine/databasecopy.h"
 #include "engine/exportsession.h"
 #include "engine/jobrecovery.h"
 #include "engine/repolock.h"
@@ -120,20 +121,28 @@ ExportSession JobContext::makeSession()
     });
 }
 
-void JobContext::finishSession(ExportSession *session)
+bool JobContext::finishSession(ExportSession *session)
 {
+    JobRecovery recovery(*this);
+    // Before anything is written from a database that may have lost packages.
+    if (session->isDisturbed() && recovery.undoJob())
+        return false;
     const ProcessResult result = session->finish();
+    if (session->isDamaged() && recovery.undoJob())
+        return false;
     if (session->isDisturbed() && result.succeeded())
-        JobRecovery(*this).repair();
+        recovery.repair();
+    DatabaseCopy::drop(path());
     // A run that could not start or crashed has been reported by the runner.
     if (result.succeeded() || !result.started || result.crashed())
-        return;
+        return true;
     if (ReproAnswer::signingFailed(result.errorOutput))
         critical(tr("Failed to sign repository!"), result.errorOutput);
     else
         critical(tr("The indices of the repository could not be written. They will be written when the "
                     "repository is opened the next time."),
                  result.errorOutput);
+    return true;
 }
 
 // --- telling -----------------------------------------------------------------------------------------------------

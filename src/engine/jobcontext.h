@@ -55,8 +55,9 @@ public:
     QString packageFilePath(const QString &name, const QString &component, const QString &architecture);
     /** The changing runs of one job. */
     ExportSession makeSession();
-    /** Writes what the session owes and tells when that failed. */
-    void finishSession(ExportSession *session);
+    /** Writes what the session owes and tells when that failed. False when the database was damaged and everything
+     *  that the session had done is undone, which has been told as well. */
+    bool finishSession(ExportSession *session);
     SignProcess &signProcess() { return *m_signProcess; }
 
     // --- telling: each is the engine's signal of this name ---------------------------------------------------------

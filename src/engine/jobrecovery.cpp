@@ -1,25 +1,39 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobrecovery.h"
 
+#include "engine/databasecopy.h"
 #include "engine/exportsession.h"
 #include "engine/jobcontext.h"
 #include "engine/packagebackup.h"
 #include "engine/packageinclusion.h"
+#include "engine/packagelisting.h"
 #include "engine/privateconfig.h"
+#include "engine/repolock.h"
+#include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
+#include "engine/signaturerecord.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace
 {
 QStringList linesOf(const QString &text)
 {
     return text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+QByteArray sha256(const QString &fileName)
+{
+    QFile file(fileName);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    return file.open(QIODevice::ReadOnly) && hash.addData(&file) ? hash.result().toHex() : QByteArray();
 }
 } // namespace
 
@@ -28,8 +42,16 @@ void JobRecovery::run()
     const QString path = m_context.path();
     // Restoring ends with indices that are right, and so with the marker gone.
     const QStringList files = ExportSession::filesLeft(path);
+    const bool hasCopy = DatabaseCopy::exists(path);
+    if (hasCopy && isDamaged(files) && !putDatabaseBack())
+        return;
     const QStringList kept = restoreReplaced();
-    if (ExportSession::isExportOwed(path) && !repair(files))
+    bool repaired = !ExportSession::isExportOwed(path) || repair(files);
+    if (!repaired && hasCopy && ReproAnswer::databaseTroubled(m_context.lastErrorOutput()))
+        repaired = putDatabaseBack() && repair(files);
+    if (repaired)
+        DatabaseCopy::drop(path);
+    else
         m_context.critical(
             tr("An earlier job was interrupted, and the indices of the repository could not be "
                "brought up to date. The packages shown may not be all that it holds."),
@@ -47,6 +69,7 @@ void JobRecovery::run()
 bool JobRecovery::repair(const QStringList &filesLeft)
 {
     const QString path = m_context.path();
+    removeMissing(filesLeft + ExportSession::filesLeft(path));
     // A file whose reference was lost would be deleted with those that nobody needs.
     if (m_context.runReprepro(ReproCommand::rereference()) != 0
         || m_context.runReprepro(ReproCommand::exportIndices()) != 0)
@@ -82,7 +105,7 @@ bool JobRecovery::restore(const QString &folder)
         return PackageInclusion(m_context).putBack(package, file, &session)
                || PackageInclusion(m_context).putBack(package, package.filePath(), &session);
     });
-    // For repair(): a run that went well has taken the marker away.
+    // For repair(), if the package was there again and nothing had to be run.
     session.oweExport();
     return restored;
 }
@@ -100,13 +123,151 @@ bool JobRecovery::isThere(const PackageInfo &package)
 
 bool JobRecovery::isComplete(const PackageInfo &package, const QString &kept)
 {
-    // With a full disk a file can go although the database still has its package.
     const QStringList files = linesOf(m_context.lastOutput());
-    if (!files.contains(package.poolFile) || QFile::exists(package.filePath()))
+    if (!files.contains(package.poolFile))
         return true;
-    return QDir().mkpath(QFileInfo(package.filePath()).path()) && QFile::copy(kept, package.filePath())
-           && m_context.runReprepro(ReproCommand::detect(package.poolFile)) == 0;
+    const QByteArray checksum = checksumOf(package.poolFile);
+    if (QFile::exists(package.filePath())) {
+        // A database that was put back tells of the file that was replaced.
+        const bool isOther
+            = !checksum.isEmpty() && sha256(kept) == checksum && sha256(package.filePath()) != checksum;
+        return !isOther || putIntoPool(kept, package.filePath());
+    }
+    // With a full disk a file can go although the database still has its package.
+    return putIntoPool(kept, package.filePath())
+           && (!checksum.isEmpty() || m_context.runReprepro(ReproCommand::detect(package.poolFile)) == 0);
 }
+
+bool JobRecovery::putIntoPool(const QString &kept, const QString &target)
+{
+    // The name without a known suffix keeps it out of every index until it is whole.
+    const QString partial = target + QLatin1String(".velt-new");
+    QFile::remove(partial);
+    if (QDir().mkpath(QFileInfo(target).path()) && QFile::copy(kept, partial)
+        && std::rename(QFile::encodeName(partial).constData(), QFile::encodeName(target).constData()) == 0)
+        return true;
+    QFile::remove(partial);
+    return false;
+}
+
+QByteArray JobRecovery::checksumOf(const QString &poolFile)
+{
+    if (m_checksums.isEmpty() && m_context.runReprepro(ReproCommand::listChecksums()) == 0) {
+        const QString mark = QStringLiteral(":2:");
+        const QStringList lines = linesOf(m_context.lastOutput());
+        for (const QString &line : lines) {
+            const QStringList words = line.split(QLatin1Char(' '));
+            const auto sum = std::find_if(
+                words.cbegin(), words.cend(), [&](const QString &word) { return word.startsWith(mark); });
+            if (sum != words.cend())
+                m_checksums.insert(words.first(), sum->mid(mark.size()).toLatin1());
+        }
+    }
+    return m_checksums.value(poolFile);
+}
+
+// --- the database ------------------------------------------------------------------------------------------------
+
+bool JobRecovery::undoJob()
+{
+    const QString path = m_context.path();
+    const QStringList files = ExportSession::filesLeft(path);
+    if (!DatabaseCopy::exists(path) || !isDamaged(files))
+        return false;
+    if (putDatabaseBack()) {
+        restoreReplaced();
+        if (repair(files))
+            DatabaseCopy::drop(path);
+        showAnew(files);
+    }
+    return true;
+}
+
+bool JobRecovery::isDamaged(const QStringList &filesLeft)
+{
+    const QString path = m_context.path();
+    const QString codename = m_context.repoInfo().codename;
+    if (DatabaseCopy::isCondemned(path))
+        return true;
+    // What a job has taken out, it has written down before.
+    if (m_context.runReprepro(ReproCommand::listAllFilesIn(DatabaseCopy::folder(path), codename)) != 0)
+        return false;
+    const QStringList before = linesOf(m_context.lastOutput());
+    if (m_context.runReprepro(ReproCommand::listAllFiles(codename)) != 0)
+        return ReproAnswer::databaseTroubled(m_context.lastErrorOutput());
+    const QStringList lines = linesOf(m_context.lastOutput());
+    const QSet<QString> now(lines.cbegin(), lines.cend());
+    return std::any_of(before.cbegin(), before.cend(), [&](const QString &line) {
+        return !now.contains(line) && !filesLeft.contains(line.section(QLatin1Char(' '), 3));
+    });
+}
+
+bool JobRecovery::putDatabaseBack()
+{
+    const QString path = m_context.path();
+    DatabaseCopy::condemn(path);
+    if (RepoLock::state(path) == RepoLock::State::Held || !DatabaseCopy::putBack(path)) {
+        m_context.critical(
+            tr("The database of the repository is damaged and could not be put back. Make room "
+               "on the disk, and open the repository again."));
+        return false;
+    }
+    m_checksums.clear();
+    m_context.critical(
+        tr("The database of the repository was damaged while a job changed it. It was put back "
+           "as it was before, and what the job had done is undone. Make room on the disk, and "
+           "do it again."));
+    return true;
+}
+
+void JobRecovery::removeMissing(const QStringList &filesLeft)
+{
+    // A database that was put back still lists what the job had taken out, with its file, for good.
+    const QString path = m_context.path() + QLatin1Char('/');
+    const bool isMissing = std::any_of(filesLeft.cbegin(), filesLeft.cend(), [&](const QString &file) {
+        return !QFile::exists(path + file);
+    });
+    const QString codename = m_context.repoInfo().codename;
+    if (!isMissing || m_context.runReprepro(ReproCommand::listAllFiles(codename)) != 0)
+        return;
+    const QSet<QString> left(filesLeft.cbegin(), filesLeft.cend());
+    const QStringList lines = linesOf(m_context.lastOutput());
+    for (const QString &line : lines) {
+        const QString file = line.section(QLatin1Char(' '), 3);
+        if (!left.contains(file) || QFile::exists(path + file))
+            continue;
+        const QStringList words = line.split(QLatin1Char(' '));
+        const auto type = file.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
+        m_context.runReprepro(
+            ReproCommand::remove(codename, words.value(2), words.value(0), words.value(1), &type));
+    }
+}
+
+void JobRecovery::showAnew(const QStringList &filesLeft)
+{
+    PackageList &shown = m_context.packages();
+    const QList<PackageInfoPtr> old = shown.all();
+    QList<PackageInfoPtr> now = listPackages(m_context.path(), m_context.repoInfo());
+    sortPackages(&now);
+    SignatureRecord::mark(&now, m_context.path());
+    QSet<PackageKey> unchanged;
+    for (const PackageInfoPtr &package : old) {
+        if (!filesLeft.contains(package->poolFile)) {
+            unchanged.insert(PackageKey::of(*package));
+            continue;
+        }
+        shown.take(PackageKey::of(*package));
+        m_context.packageRemoved(package);
+    }
+    for (const PackageInfoPtr &package : qAsConst(now)) {
+        if (unchanged.contains(PackageKey::of(*package)))
+            continue;
+        shown.append(package);
+        m_context.packageAdded(package);
+    }
+}
+
+// --- files that were left ----------------------------------------------------------------------------------------
 
 void JobRecovery::dropFiles(const QStringList &files)
 {

@@ -4,6 +4,7 @@
 #include "core/repoenums.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QStringList>
 
 class JobContext;
@@ -18,7 +19,7 @@ public:
         : m_context(context)
     { }
 
-    /** Puts back what was taken out for a replacement that never came, writes the indices, and deletes files that
+    /** Puts a damaged database back as it was, puts back what was taken out for a replacement that never came, writes the indices, and deletes files that
      *  were left in the pool. The context has its path and description, but no packages yet. */
     void run();
     /**
@@ -26,10 +27,23 @@ public:
      * names and `filesLeft`. False when it fails.
      */
     bool repair(const QStringList &filesLeft = {});
+    /**
+     * At the end of a job in which a program was killed or could not use the database: when the database was damaged,
+     * makes it and the pool what they were before the job, as far as they can be read and written, and tells of it.
+     * False when there was no damage and nothing was done.
+     */
+    bool undoJob();
 
 private:
     JobContext &m_context;
+    QHash<QString, QByteArray> m_checksums; ///< SHA256 by pool file, once they were asked for
 
+    bool isDamaged(const QStringList &filesLeft);
+    bool putDatabaseBack();
+    void removeMissing(const QStringList &filesLeft);
+    void showAnew(const QStringList &filesLeft);
+    QByteArray checksumOf(const QString &poolFile);
+    static bool putIntoPool(const QString &kept, const QString &target);
     QStringList restoreReplaced();
     bool restore(const QString &folder);
     bool isThere(const PackageInfo &package);

@@ -58,6 +58,8 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
 
 void PackageAdding::addReadFile(const PackageFile &read, bool isLast)
 {
+    if (m_run.session.isDamaged())
+        return;
     AddedFile file{m_run, read.path, isLast};
     if (!read.package)
         m_context.critical(tr("Error adding package!"), read.path + QLatin1String(":\n") + read.reason);
@@ -67,7 +69,11 @@ void PackageAdding::addReadFile(const PackageFile &read, bool isLast)
 
 void PackageAdding::finish(bool stopped)
 {
-    m_context.finishSession(&m_run.session);
+    if (!m_context.finishSession(&m_run.session)) {
+        m_run.added.clear();
+        m_run.records.clear();
+    }
+    m_run.backups.clear();
     QList<PackageInfoPtr> unchecked;
     if (m_context.checksDependsOnAdd() && m_run.checksDepends)
         unchecked = m_run.records;

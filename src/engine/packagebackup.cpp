@@ -48,6 +48,8 @@ PackageBackup::PackageBackup(const QString &repoPath,
         m_file = target;
 }
 
+PackageBackup::PackageBackup(PackageBackup &&other) noexcept = default;
+
 PackageBackup::~PackageBackup() = default;
 
 void PackageBackup::keep()

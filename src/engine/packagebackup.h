@@ -12,7 +12,8 @@ class QTemporaryDir;
 
 /**
  * Keeps the file of a package that is about to be replaced, so that it can be put back when the new one is refused.
- * The copy lies in the repository's own folder, as a link where the file system has links, and goes with the object.
+ * The copy lies in the repository's own folder, as a link where the file system has links, and goes with the object:
+ * at the end of the job, since the whole job is undone when the database breaks.
  */
 class PackageBackup
 {
@@ -20,6 +21,7 @@ public:
     /** `removed` are the packages that go for the new file; their descriptions are kept with the file of `package`. */
     PackageBackup(const QString &repoPath, const PackageInfo &package, const QList<PackageInfoPtr> &removed);
     ~PackageBackup();
+    PackageBackup(PackageBackup &&other) noexcept;
     PackageBackup(const PackageBackup &) = delete;
     PackageBackup &operator=(const PackageBackup &) = delete;
 

@@ -65,7 +65,8 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
     ExportSession *const session = &file->run.session;
     PackageRemoval removal(m_context, session);
     const auto inTheWay = packagesInTheWay(present, record);
-    PackageBackup backup(m_context.path(), present, inTheWay);
+    file->run.backups.emplace_back(m_context.path(), present, inTheWay);
+    PackageBackup &backup = file->run.backups.back();
     if (backup.file().isEmpty() && QFile::exists(present.filePath())) {
         m_context.critical(tr("Error adding package %1!").arg(file->path),
                            tr("The present package could not be kept aside, so it was not replaced: %1")
@@ -191,6 +192,9 @@ void PackageInclusion::restorePackages(const QList<PackageInfoPtr> &packages,
                                        PackageBackup *backup,
                                        ExportSession *session)
 {
+    // The end of the job puts back everything.
+    if (session->isDamaged())
+        return;
     for (const PackageInfoPtr &package : packages) {
         if (!backup->file().isEmpty() && putBack(*package, backup->file(), session)) {
             m_context.packages().append(package);

@@ -16,13 +16,14 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
     bool stopped = false;
     for (const PackageInfoPtr &package : packages) {
         stopped = m_context.isCanceled();
-        if (stopped)
+        if (stopped || session.isDamaged())
             break;
         if (removal.remove(package))
             removed.append(displayFileName(*package));
         frame.itemDone(packages.size());
     }
-    m_context.finishSession(&session);
+    if (!m_context.finishSession(&session))
+        removed.clear();
     m_context.savePackages();
     if (stopped)
         return frame.finish(

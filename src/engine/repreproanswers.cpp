@@ -24,7 +24,8 @@ bool ReproAnswer::databaseLocked(const QString &errorOutput)
 
 bool ReproAnswer::databaseTroubled(const QString &errorOutput)
 {
-    return errorOutput.contains(QLatin1String("BDB"));
+    return errorOutput.contains(QLatin1String("BDB"))
+           || errorOutput.contains(QLatin1String("returned corrupted"));
 }
 
 bool ReproAnswer::indicesOutdated(const QString &errorOutput)

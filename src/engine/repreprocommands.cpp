@@ -124,6 +124,11 @@ QString ReproCommand::listAllFiles(const QString &codename)
            + quoted(codename);
 }
 
+QString ReproCommand::listAllFilesIn(const QString &databaseFolder, const QString &codename)
+{
+    return QStringLiteral("--dbdir %1 %2").arg(quoted(databaseFolder), listAllFiles(codename));
+}
+
 QString ReproCommand::poolFile(const PackageInfo &package, const QString &controlArchitecture)
 {
     // "Source: name (version)" names the source only when it differs from the package.

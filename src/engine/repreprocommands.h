@@ -61,6 +61,9 @@ QString listFiles(const QString &codename,
 /** Lists all packages, one a line, as "component architecture name file". */
 QString listAllFiles(const QString &codename);
 
+/** The same of another folder with a database. */
+QString listAllFilesIn(const QString &databaseFolder, const QString &codename);
+
 /** The path below the repository's directory that reprepro gives a package's file. */
 QString poolFile(const PackageInfo &package, const QString &controlArchitecture);
 } // namespace ReproCommand

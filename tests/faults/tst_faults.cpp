@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "../engine/engineharness.h"
 #include "../helper/polkitpeer.h"
+#include "core/saveleftovers.h"
 #include "core/scratchfolder.h"
 #include "engine/archiveutils.h"
 #include "engine/repolock.h"
@@ -105,6 +106,30 @@ private:
     {
         ScratchFolder::removeLeftovers();
         ArchiveUtils::removeLeftover();
+    }
+
+    /** What a start of the program a while later leaves of the saves of a file is the file alone. */
+    static bool isSwept(const QString &saved)
+    {
+        const QDir folder = QFileInfo(saved).dir();
+        const QString pattern = QFileInfo(saved).fileName() + ".*"_s;
+        const QString broken = saved + ".broken"_s;
+        writeFile(broken, "not ours to delete");
+        const QStringList written = folder.entryList({pattern}, QDir::Files | QDir::Hidden);
+        SaveLeftovers::remove(saved);
+        bool fine = folder.entryList({pattern}, QDir::Files | QDir::Hidden) == written;
+        for (const QString &name : written) {
+            QFile file(folder.filePath(name));
+            fine = file.open(QIODevice::ReadWrite)
+                   && file.setFileTime(QDateTime::currentDateTime().addSecs(-100),
+                                       QFileDevice::FileModificationTime)
+                   && fine;
+        }
+        SaveLeftovers::remove(saved);
+        // Where the random letters look like a word, they may stay.
+        const QRegularExpression unfinished("\\.(?![A-Z]?[a-z]+$|[A-Z]+$)[A-Za-z]{6}$"_s);
+        return fine && QFile::remove(broken)
+               && folder.entryList({pattern}, QDir::Files | QDir::Hidden).filter(unfinished).isEmpty();
     }
 
     QString leftovers() const
@@ -316,6 +341,8 @@ private Q_SLOTS:
                                                                               QString::number(settings),
                                                                               QString::number(results));
             QVERIFY2(settings >= (isFull ? first : last) && settings <= last + 1, qPrintable(situation));
+            QVERIFY2(isSwept(QSettings().fileName()) && isSwept(DependsData::userFileName()),
+                     qPrintable(situation));
             QVERIFY2(results >= (isFull ? first : last) && results <= last + 1, qPrintable(situation));
             last = settings;
             SavedState::save(last); // with what a killed save has left beside

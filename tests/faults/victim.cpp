@@ -132,20 +132,22 @@ void Victim::waitForOrphans()
             ::waitpid(process.id, nullptr, 0);
     }
     // What is left of others has been killed, or is a mount that works.
-    constexpr int Attempts = 2000;
+    constexpr int Attempts = 20000;
+    QByteArray left;
     for (int i = 0; i < Attempts; ++i) {
-        bool busy = false;
+        left.clear();
         for (const Process &process : processes()) {
             if (process.parent != ::getpid() || process.id == m_process.processId()
                 || process.name == mountName || process.name == "dbus-daemon")
                 continue;
-            busy = ::waitpid(process.id, nullptr, WNOHANG) == 0 || busy;
+            if (::waitpid(process.id, nullptr, WNOHANG) == 0)
+                left += process.name + ' ';
         }
-        if (!busy)
+        if (left.isEmpty())
             return;
         QThread::msleep(1);
     }
-    qFatal("programs are left that do not end");
+    qFatal("programs are left that do not end: %s", left.constData());
 }
 
 QString Victim::words()

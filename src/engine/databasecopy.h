@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+/**
+ * A copy of a repository's database, kept beside it while a job changes it: reprepro writes in place, and when a write
+ * fails it can neither mend its database nor always tell that packages have gone from it.
+ */
+namespace DatabaseCopy
+{
+enum class Outcome {
+    Made, ///< or there was one, or there is nothing yet to copy
+    Locked, ///< somebody else works with the database, or a lock was left behind
+    Failed ///< nothing is left of it
+};
+
+/** Holds reprepro's lock meanwhile. Where the folder cannot be written no copy is made: no job can change it either. */
+Outcome make(const QString &repoPath);
+bool exists(const QString &repoPath);
+/** Folder of the copy, for reprepro's --dbdir. */
+QString folder(const QString &repoPath);
+/** When it was made. */
+QDateTime time(const QString &repoPath);
+
+/** Says for whoever opens the repository next that the database must not be used any more. */
+void condemn(const QString &repoPath);
+bool isCondemned(const QString &repoPath);
+/** The copy takes the place of the database. When it is cut short it can be done again. */
+bool putBack(const QString &repoPath);
+void drop(const QString &repoPath);
+} // namespace DatabaseCopy
