@@ -1,177 +1,119 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Adding and removing small packages: one reprepro run a package that exports each time, against the engine's jobs.
-// Arguments: "--packages=N --present=M" (1000 into 5000 unless told otherwise); expect a quarter of an hour.
+// Adding and removing small packages: the engine's jobs, beside reprepro as one calls it by hand, which writes all
+// indices at the end of every run. Times are those of one package.
 #include "benchdata.h"
-#include "core/processutils.h"
-#include "engine/privateconfig.h"
-#include "engine/reposhell.h"
-#include "engine/repreprocommands.h"
-#include "engine/repreprorunner.h"
+#include "enginejob.h"
 
-#include <QCoreApplication>
 #include <QDir>
-#include <QEventLoop>
-
-#include <algorithm>
-#include <functional>
+#include <QElapsedTimer>
 
 #include <benchmark/benchmark.h>
 
 namespace
 {
-int packageCount = 1000;
-int presentCount = 5000;
+constexpr int PackageCount = 500;
+/** What is the same for each package needs no five hundred of them. */
+constexpr int OneByOneCount = 30;
+constexpr int PresentCount = 5000;
 
-QStringList filesIn(const QString &folder)
+QStringList newPackages()
 {
-    QStringList files;
-    const QDir dir(folder);
-    for (const QString &name : dir.entryList({QStringLiteral("*.deb")}, QDir::Files, QDir::Name))
-        files.append(dir.filePath(name));
-    return files;
+    return BenchData::packages(QStringLiteral("new"), PackageCount);
 }
 
-const QStringList &newFiles()
+/** A repository of its own for the measurement, with the packages that are there before. */
+QString repository(bool withNewOnes)
 {
-    static const QStringList files = filesIn(BenchData::smallPackages(QStringLiteral("new"), packageCount));
-    return files;
-}
-
-RepoInfo info()
-{
-    RepoInfo result;
-    result.codename = QStringLiteral("dogwood");
-    result.suite = QStringLiteral("stable");
-    result.architectures = QStringLiteral("amd64");
-    result.components = QStringLiteral("main contrib non-free");
-    return result;
-}
-
-/** A repository with the packages that are there before, filled in one run. */
-const QString &filledRepository()
-{
-    static const QString path = [] {
-        const QString repository = BenchData::folder() + QLatin1String("/filled");
-        RepoShell shell;
-        if (shell.createRepo(repository, info()) != RepoShell::SUCCESS)
-            qFatal("cannot create the repository");
-        const QStringList files = filesIn(BenchData::smallPackages(QStringLiteral("old"), presentCount));
-        const ProcessResult result = runProcess(
-            {QStringLiteral("reprepro"),
-             QStringList{
-                 QStringLiteral("-b"), repository, QStringLiteral("includedeb"), QStringLiteral("dogwood")}
-                 + files,
-             {},
-             {},
-             -1});
-        if (!result.succeeded())
-            qFatal("%s", qPrintable(result.errorOutput));
-        return repository;
-    }();
-    return path;
-}
-
-QString copyOfFilledRepository(const QString &name)
-{
-    const QString target = BenchData::folder() + QLatin1Char('/') + name;
+    const QString target = BenchData::folder() + QLatin1String("/adding");
+    const QString filled = BenchData::folder() + QLatin1String("/filled");
+    if (!QDir(filled).exists()) {
+        BenchData::describeRepository(target);
+        BenchData::packages(QStringLiteral("old"), PresentCount);
+        BenchData::shell(
+            QStringLiteral("reprepro -s -b \"$1\" includedeb dogwood \"$2\"/*.deb; mv \"$1\" \"$3\""),
+            {target, BenchData::folder() + QLatin1String("/old"), filled});
+    }
     QDir(target).removeRecursively();
-    runProcess({QStringLiteral("cp"), {QStringLiteral("-a"), filledRepository(), target}, {}, {}, -1});
+    BenchData::shell(QStringLiteral("cp -a \"$1\" \"$2\""), {filled, target});
+    if (withNewOnes)
+        BenchData::shell(QStringLiteral("reprepro -s -b \"$1\" includedeb dogwood \"${@:2}\""),
+                         QStringList{target} + newPackages());
     return target;
 }
 
-void runJob(RepoShell &shell, const std::function<void()> &start)
+template <typename Work>
+void measure(benchmark::State &state, int packages, const Work &work)
 {
-    QEventLoop loop;
-    QObject::connect(&shell, &RepoShell::idle, &loop, &QEventLoop::quit);
-    start();
-    loop.exec();
+    for (auto _ : state) {
+        QElapsedTimer time;
+        time.start();
+        work();
+        state.SetIterationTime(static_cast<double>(time.nsecsElapsed()) / 1e9 / packages);
+    }
 }
 
-void check(benchmark::State &state, const RepoShell &shell, int expected)
+/** A measurement by reprepro alone: the script has the repository and the packages as its arguments. */
+void reprepro(benchmark::State &state, const char *script, int packages, bool areThere)
 {
-    if (shell.packageCount() != expected)
-        state.SkipWithError("the job did not do its work");
+    const QString path = repository(areThere);
+    const QStringList arguments = QStringList{path} + newPackages().mid(0, packages);
+    measure(state, packages, [&] { BenchData::shell(QLatin1String(script), arguments); });
+    const int listed = BenchData::shell(QStringLiteral("reprepro -b \"$1\" list dogwood"), {path})
+                           .count(QLatin1Char('\n'));
+    require(state, listed == PresentCount + (areThere ? PackageCount - packages : packages));
 }
 
-/** Every run writes all indices: time grows with the square of the packages. */
 void AddOneRunAPackage(benchmark::State &state)
 {
-    const QString repository = copyOfFilledRepository(QStringLiteral("literal"));
-    newFiles();
-    for (auto _ : state) {
-        for (const QString &file : newFiles()) {
-            const auto arguments = ReproCommand::include(QStringLiteral("dogwood"),
-                                                         QStringLiteral("main"),
-                                                         QStringLiteral("amd64"),
-                                                         QStringLiteral("admin"),
-                                                         file);
-            runProcess({QStringLiteral("dpkg"), {QStringLiteral("-I"), file}, {}, {}, -1});
-            if (!runReproOn(repository, arguments).succeeded())
-                state.SkipWithError("an include failed");
-        }
-    }
+    reprepro(state,
+             R"(for file in "${@:2}"; do reprepro -s -b "$1" includedeb dogwood "$file"; done)",
+             OneByOneCount,
+             false);
 }
-BENCHMARK(AddOneRunAPackage)->Unit(benchmark::kSecond)->Iterations(1)->UseRealTime();
+BENCHMARK(AddOneRunAPackage)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
-/** The programs that the engine's add job starts, and nothing else. */
-void ToolsOfTheAddJob(benchmark::State &state)
+void AddInOneRun(benchmark::State &state)
 {
-    const QString repository = copyOfFilledRepository(QStringLiteral("tools"));
-    const PrivateConfig config(repository, PrivateConfig::Keep);
-    for (auto _ : state) {
-        for (const QString &file : newFiles()) {
-            runProcess({QStringLiteral("dpkg"), {QStringLiteral("-I"), file}, {}, {}, -1});
-            runReproOn(repository,
-                       ReproCommand::include(QStringLiteral("dogwood"),
-                                             QStringLiteral("main"),
-                                             QStringLiteral("amd64"),
-                                             QStringLiteral("admin"),
-                                             file),
-                       file == newFiles().first() ? QStringList() : config.environment());
-        }
-        runReproOn(repository, ReproCommand::exportIndices());
-    }
+    reprepro(state, R"(reprepro -s -b "$1" includedeb dogwood "${@:2}")", PackageCount, false);
 }
-BENCHMARK(ToolsOfTheAddJob)->Unit(benchmark::kSecond)->Iterations(1)->UseRealTime();
+BENCHMARK(AddInOneRun)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
+
+void RemoveOneRunAPackage(benchmark::State &state)
+{
+    reprepro(state,
+             R"(for file in "${@:2}"; do
+                    name=${file##*/}
+                    reprepro -s -b "$1" remove dogwood "${name%%_*}"
+                done)",
+             OneByOneCount,
+             true);
+}
+BENCHMARK(RemoveOneRunAPackage)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
 void AddJob(benchmark::State &state)
 {
     RepoShell shell;
-    const QString repository = copyOfFilledRepository(QStringLiteral("job"));
-    runJob(shell, [&] { shell.openRepo(repository); });
-    const int before = shell.packageCount();
-    newFiles();
-    for (auto _ : state)
-        runJob(shell, [&] { shell.addPackages(newFiles()); });
-    check(state, shell, before + newFiles().size());
+    const QString path = repository(false);
+    const QStringList files = newPackages();
+    runJob(shell, [&] { shell.openRepo(path); });
+    shell.setCheckDependsOnAdd(false);
+    measure(state, PackageCount, [&] { runJob(shell, [&] { shell.addPackages(files); }); });
+    require(state, shell.packageCount() == PresentCount + PackageCount);
 }
-BENCHMARK(AddJob)->Unit(benchmark::kSecond)->Iterations(1)->UseRealTime();
+BENCHMARK(AddJob)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
 void RemoveJob(benchmark::State &state)
 {
     RepoShell shell;
-    const QString repository = copyOfFilledRepository(QStringLiteral("job"));
-    runJob(shell, [&] { shell.openRepo(repository); });
-    const auto packages = shell.packages().mid(0, std::min(packageCount, shell.packageCount()));
-    const int before = shell.packageCount();
-    for (auto _ : state)
-        runJob(shell, [&] { shell.removePackages(packages); });
-    check(state, shell, before - packages.size());
-}
-BENCHMARK(RemoveJob)->Unit(benchmark::kSecond)->Iterations(1)->UseRealTime();
-} // namespace
-
-int main(int argc, char *argv[])
-{
-    const QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    for (int i = 1; i < argc; ++i) {
-        const QString argument = QString::fromLocal8Bit(argv[i]);
-        if (argument.startsWith(QLatin1String("--packages=")))
-            packageCount = argument.section(QLatin1Char('='), 1).toInt();
-        if (argument.startsWith(QLatin1String("--present=")))
-            presentCount = argument.section(QLatin1Char('='), 1).toInt();
+    const QString path = repository(true);
+    runJob(shell, [&] { shell.openRepo(path); });
+    QList<PackageInfoPtr> added;
+    for (const PackageInfoPtr &package : shell.packages()) {
+        if (package->name.startsWith(QLatin1String("new")))
+            added.append(package);
     }
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    measure(state, PackageCount, [&] { runJob(shell, [&] { shell.removePackages(added); }); });
+    require(state, added.size() == PackageCount && shell.packageCount() == PresentCount);
 }
+BENCHMARK(RemoveJob)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
+} // namespace

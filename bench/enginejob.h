@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "engine/reposhell.h"
+
+#include <QEventLoop>
+
+#include <benchmark/benchmark.h>
+
+/** Starts a job and serves the events until it has ended; returns its result. */
+template <typename Start>
+int runJob(RepoShell &shell, const Start &start)
+{
+    QEventLoop loop;
+    QObject::connect(&shell, &RepoShell::idle, &loop, &QEventLoop::quit);
+    start();
+    loop.exec();
+    return shell.result();
+}
+
+/** A job that fails at once would look fast. */
+inline void require(benchmark::State &state, bool done)
+{
+    if (!done)
+        state.SkipWithError("the job did not do its work");
+}

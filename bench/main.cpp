@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// All measurements in one program; bench/run gives each a process of its own, so that its peak memory is its own.
+#include "benchdata.h"
+
+#include <QApplication>
+
+#include <benchmark/benchmark.h>
+
+int main(int argc, char *argv[])
+{
+    // Neither what the user has stored nor the user's display is touched.
+    const QByteArray home = BenchData::folder().toLocal8Bit();
+    qputenv("XDG_CACHE_HOME", home + "/cache");
+    qputenv("XDG_CONFIG_HOME", home + "/config");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 2;
+    return benchmark::RunSpecifiedBenchmarks() > 0 ? 0 : 1;
+}
