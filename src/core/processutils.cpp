@@ -6,13 +6,32 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 
+#include <pthread.h>
+#include <sys/prctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace
 {
+/** This process, while its thread starts a program; else 0. */
+thread_local pid_t startingParent = 0;
+
+/**
+ * Between fork and exec QProcess's child waits for its parent, and when that is killed just then, for ever, with the
+ * locks and files that the parent had open. So until it is a program of its own it ends with its parent.
+ */
+void endWithParent()
+{
+    if (startingParent == 0)
+        return;
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != startingParent)
+        ::_exit(EXIT_FAILURE);
+}
+
 /** QProcess's only hook between fork and exec in Qt 5. */
 class ChildProcess : public QProcess
 {
@@ -50,6 +69,7 @@ public:
 protected:
     void setupChildProcess() override
     {
+        ::prctl(PR_SET_PDEATHSIG, 0);
         if (m_mask >= 0)
             ::umask(static_cast<mode_t>(m_mask));
         if (m_ownGroup)
@@ -102,7 +122,11 @@ void start(ChildProcess *process, const ProcessCall &call)
     if (!call.workingDirectory.isEmpty())
         process->setWorkingDirectory(call.workingDirectory);
     process->setProcessEnvironment(environmentWith(call.environment));
+    static const int isHooked = ::pthread_atfork(nullptr, nullptr, endWithParent);
+    Q_UNUSED(isHooked)
+    startingParent = ::getpid();
     process->start(call.program, call.arguments, QIODevice::ReadWrite);
+    startingParent = 0;
     // Nobody answers a prompt: a tool that asks reads the end of its input and gives up.
     process->closeWriteChannel();
 }

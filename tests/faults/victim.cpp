@@ -2,6 +2,7 @@
 #include "victim.h"
 
 #include "support/literals.h"
+#include "support/testenvironment.h"
 
 #include <QDir>
 #include <QFile>
@@ -132,16 +133,17 @@ void Victim::waitForOrphans()
             ::waitpid(process.id, nullptr, 0);
     }
     // What is left of others has been killed, or is a mount that works.
-    constexpr int Attempts = 20000;
+    QElapsedTimer time;
+    time.start();
     QByteArray left;
-    for (int i = 0; i < Attempts; ++i) {
+    while (!time.hasExpired(Minute / 3)) {
         left.clear();
         for (const Process &process : processes()) {
             if (process.parent != ::getpid() || process.id == m_process.processId()
                 || process.name == mountName || process.name == "dbus-daemon")
                 continue;
             if (::waitpid(process.id, nullptr, WNOHANG) == 0)
-                left += process.name + ' ';
+                left += process.name + " in " + readFile("/proc/%1/syscall"_s.arg(process.id)) + ' ';
         }
         if (left.isEmpty())
             return;
