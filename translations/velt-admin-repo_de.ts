@@ -2125,6 +2125,18 @@ Ein oder mehrere Werte</translation>
         <translation>Das Verzeichnis „%1“ gibt es nicht.</translation>
     </message>
     <message>
+        <source>The database of the repository could not be copied, so nothing was changed. Is there room on the disk?</source>
+        <translation>Die Datenbank des Repositorys konnte nicht kopiert werden, deshalb wurde nichts geändert. Ist auf dem Datenträger noch Platz?</translation>
+    </message>
+    <message>
+        <source>The database of the repository is damaged and could not be put back. Make room on the disk, and open the repository again.</source>
+        <translation>Die Datenbank des Repositorys ist beschädigt und konnte nicht wiederhergestellt werden. Schaffen Sie Platz auf dem Datenträger und öffnen Sie das Repository erneut.</translation>
+    </message>
+    <message>
+        <source>The database of the repository was damaged while a job changed it. It was put back as it was before, and what the job had done is undone. Make room on the disk, and do it again.</source>
+        <translation>Die Datenbank des Repositorys wurde beschädigt, während ein Vorgang sie änderte. Ihr früherer Stand wurde wiederhergestellt, und was der Vorgang getan hatte, ist rückgängig gemacht. Schaffen Sie Platz auf dem Datenträger und wiederholen Sie den Vorgang.</translation>
+    </message>
+    <message>
         <source>Failed to create file with selected sources</source>
         <translation>Die Datei mit den ausgewählten Paketquellen konnte nicht erstellt werden</translation>
     </message>

@@ -2141,6 +2141,18 @@ One or more values</source>
         <translation>Каталог «%1» отсутствует.</translation>
     </message>
     <message>
+        <source>The database of the repository could not be copied, so nothing was changed. Is there room on the disk?</source>
+        <translation>Не удалось скопировать базу данных репозитория, поэтому ничего не изменено. Есть ли место на диске?</translation>
+    </message>
+    <message>
+        <source>The database of the repository is damaged and could not be put back. Make room on the disk, and open the repository again.</source>
+        <translation>База данных репозитория повреждена, и восстановить её не удалось. Освободите место на диске и откройте репозиторий снова.</translation>
+    </message>
+    <message>
+        <source>The database of the repository was damaged while a job changed it. It was put back as it was before, and what the job had done is undone. Make room on the disk, and do it again.</source>
+        <translation>База данных репозитория была повреждена во время операции. Восстановлено её прежнее состояние, и всё, что сделала операция, отменено. Освободите место на диске и повторите операцию.</translation>
+    </message>
+    <message>
         <source>Failed to create file with selected sources</source>
         <translation>Не удалось создать файл с выбранными источниками</translation>
     </message>
