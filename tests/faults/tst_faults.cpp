@@ -31,7 +31,9 @@ enum class Fault {
     Killed, ///< alone: what it has started goes on
     KilledWithChildren,
     ChildKilled,
-    DiskFull
+    DiskFull,
+    DatabaseTorn, ///< killed with children, and a part of the database was never written
+    Count
 };
 
 /** A job with all that is needed to start it and to judge what it has left. */
@@ -160,6 +162,14 @@ private:
                + leftovers();
     }
 
+    /** What a job has begun to write ends here; one that has not begun, or has ended, is left alone. */
+    void tearDatabase(int size) const
+    {
+        const QString database = repoPath() + "/db/packages.db"_s;
+        if (QFile::exists(repoPath() + "/db/velt-admin-repo.before"_s) && size < QFileInfo(database).size())
+            QVERIFY(QFile::resize(database, size));
+    }
+
     /** One job, at first undisturbed, and then cut short in each round; at last it is done again to its end. */
     void cutShort(const Job &job)
     {
@@ -178,7 +188,7 @@ private:
         QVERIFY2(faults.isEmpty(), qPrintable(faults));
 
         for (int round = 0; round < m_rounds; ++round) {
-            const auto fault = static_cast<Fault>(m_random.bounded(4));
+            const auto fault = static_cast<Fault>(m_random.bounded(static_cast<int>(Fault::Count)));
             const int moment = m_random.bounded(length + length / 10 + 1);
             const int size = m_random.bounded(4096, job.largestFile);
             const bool hasOld = m_random.bounded(2) == 0;
@@ -192,13 +202,15 @@ private:
                     if (fault == Fault::ChildKilled)
                         victim.killChild(job.child);
                     else
-                        victim.kill(fault == Fault::KilledWithChildren);
+                        victim.kill(fault != Fault::Killed);
                 }
                 const bool ends = victim.endsWithin(Minute);
                 victim.waitForOrphans();
                 words = victim.words();
                 QVERIFY2(ends, "the job does not end");
             }
+            if (fault == Fault::DatabaseTorn)
+                tearDatabase(size);
             const QString situation = "round %1, fault %2 at %3 of %4 ms, file size %5\n%6\n"_s.arg(
                 QString::number(round),
                 QString::number(static_cast<int>(fault)),

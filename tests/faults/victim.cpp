@@ -91,7 +91,7 @@ QByteArray Victim::nextLine()
     while (!m_process.canReadLine())
         if (!m_process.waitForReadyRead(Minute))
             break;
-    const QByteArray line = m_process.readLine();
+    QByteArray line = m_process.readLine();
     m_words += line;
     return line;
 }
