@@ -190,7 +190,10 @@ private:
         for (int round = 0; round < m_rounds; ++round) {
             const auto fault = static_cast<Fault>(m_random.bounded(static_cast<int>(Fault::Count)));
             const int moment = m_random.bounded(length + length / 10 + 1);
-            const int size = m_random.bounded(4096, job.largestFile);
+            // Half of them let the database be copied, and then not grow by much.
+            const int database = static_cast<int>(QFileInfo(m_base + "/db/packages.db"_s).size());
+            const int size = m_random.bounded(2) == 0 ? database + m_random.bounded(12000)
+                                                      : m_random.bounded(4096, job.largestFile);
             const bool hasOld = m_random.bounded(2) == 0;
             prepare(hasOld && !job.archive.isEmpty());
             QString words;
@@ -279,6 +282,7 @@ private Q_SLOTS:
         for (const char *name : {"every", "side", "big"})
             m_other += package(name, "1.0", 30000, 'd').build(folder + "/other"_s);
         runShell("cp -a '%1' base; tar czf packages.tgz *.deb other"_s.arg(h.repoPath()), folder);
+        m_base = folder + "/base"_s;
     }
 
     void adding()
