@@ -31,6 +31,7 @@ PolkitPeer::PolkitPeer(const QString &busAddress)
 
 PolkitPeer::~PolkitPeer()
 {
+    QDBusConnection(connectionName).unregisterObject("/org/freedesktop/PolicyKit1/Authority"_s);
     QDBusConnection::disconnectFromBus(connectionName);
 }
 

@@ -37,7 +37,11 @@ public:
         if (!bus.registerVirtualObject("/"_s, this) || !bus.registerService("org.corvana.velt.repo"_s))
             qFatal("no place for the helper on the bus");
     }
-    ~HelperPeer() override { QDBusConnection::disconnectFromBus(peerName); }
+    ~HelperPeer() override
+    {
+        QDBusConnection(peerName).unregisterObject("/"_s);
+        QDBusConnection::disconnectFromBus(peerName);
+    }
 
     QString introspect(const QString & /*path*/) const override { return {}; }
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override

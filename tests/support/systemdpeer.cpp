@@ -51,9 +51,11 @@ SystemdPeer::SystemdPeer(const QString &busAddress, QString unitDir)
 
 SystemdPeer::~SystemdPeer()
 {
-    QDBusConnection::disconnectFromBus(connectionName);
+    // The connection does not notice by itself that such an object goes.
+    QDBusConnection(connectionName).unregisterObject(managerPath, QDBusConnection::UnregisterTree);
     m_thread.quit();
     m_thread.wait();
+    QDBusConnection::disconnectFromBus(connectionName);
 }
 
 void SystemdPeer::setUnit(const QString &name, const Unit &unit)

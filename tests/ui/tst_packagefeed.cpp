@@ -52,7 +52,7 @@ private Q_SLOTS:
             Q_EMIT f.shell.packageChanged(package(5));
             Q_EMIT f.shell.packageRemoved(package(6));
         });
-        QTRY_COMPARE(f.received.size(), 63002);
+        QTRY_COMPARE_WITH_TIMEOUT(f.received.size(), 63002, 60000);
         QVERIFY(thread->wait());
         QCOMPARE(f.deliveredOn, QThread::currentThread());
         QVERIFY2(f.batches < 100, qPrintable(QString::number(f.batches)));
