@@ -79,7 +79,7 @@ void FuzzTarget::publication(std::string_view input)
     const QString text = QString::fromUtf8(bytes);
     const QString first = text.section(QLatin1Char('\n'), 0, 0);
     const QString file = text.section(QLatin1Char('\n'), 1);
-    const int port = 1 + first.size() * first.size() % LargestPort;
+    const int port = 1 + first.size() % LargestPort;
     for (const QString &given : {first, file}) {
         if (PublicationPath::isWellFormed(given))
             checkPath(given, port, file);
