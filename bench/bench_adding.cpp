@@ -24,7 +24,7 @@ QStringList newPackages()
 /** A repository of its own for the measurement, with the packages that are there before. */
 QString repository(bool withNewOnes)
 {
-    const QString target = BenchData::folder() + QLatin1String("/adding");
+    QString target = BenchData::folder() + QLatin1String("/adding");
     const QString filled = BenchData::folder() + QLatin1String("/filled");
     if (!QDir(filled).exists()) {
         BenchData::describeRepository(target);

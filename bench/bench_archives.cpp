@@ -19,7 +19,7 @@ constexpr int ImportSize = 1 << 20;
 /** A repository whose pool has 400 megabytes of packages, or many small texts. */
 QString repository(bool large)
 {
-    const QString path = BenchData::folder() + QLatin1String(large ? "/exported-large" : "/exported-small");
+    QString path = BenchData::folder() + QLatin1String(large ? "/exported-large" : "/exported-small");
     if (QDir(path).exists())
         return path;
     const QString made = path + QLatin1String(".new");
@@ -62,7 +62,7 @@ BENCHMARK_CAPTURE(Export, small, false)->Unit(benchmark::kMillisecond)->Iteratio
 
 QString archive()
 {
-    const QString path = BenchData::folder() + QLatin1String("/import.tgz");
+    QString path = BenchData::folder() + QLatin1String("/import.tgz");
     if (!QFile::exists(path)) {
         BenchData::packages(QStringLiteral("import"), ImportCount, ImportSize);
         BenchData::shell(QStringLiteral("tar czf \"$1\" -C \"$2\" ."),

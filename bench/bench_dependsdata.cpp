@@ -53,7 +53,7 @@ QList<PackageInfoPtr> checkedPackages()
 
 QString stored()
 {
-    const QString file = BenchData::folder() + QStringLiteral("/stored.json");
+    QString file = BenchData::folder() + QStringLiteral("/stored.json");
     if (!QFile::exists(file)) {
         // In a process of its own, whose memory does not count.
         const pid_t child = fork();

@@ -66,7 +66,7 @@ void forgetLists()
 }
 
 /** Asks for all packages at once and compares their versions, given as lines of "NAME VERSION". */
-const char AskAndCompare[] = R"(
+constexpr const char *AskAndCompare = R"(
     awk '{ print $1 }' "$1" | xargs apt show 2>/dev/null |
         awk '/^Package: / { name = $2 } /^Version: / { print name, $2 }' >"$1.found"
     sort -u -k 1,1 "$1.found" | join - <(sort "$1") |

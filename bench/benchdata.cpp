@@ -73,7 +73,7 @@ QString BenchData::folder()
 
 QString BenchData::packagesFile()
 {
-    const QString path = folder() + QLatin1String("/Packages");
+    QString path = folder() + QLatin1String("/Packages");
     if (!QFile::exists(path))
         qFatal("there is no %s", qPrintable(path));
     return path;
@@ -81,7 +81,7 @@ QString BenchData::packagesFile()
 
 QString BenchData::largeRepository()
 {
-    const QString repository = folder() + QLatin1String("/large");
+    QString repository = folder() + QLatin1String("/large");
     const QString index = repository + QLatin1String("/dists/bookworm/main/binary-amd64/Packages");
     if (!QFile::exists(index)) {
         write(repository + QLatin1String("/conf/distributions"),
