@@ -127,7 +127,8 @@ QString visibleAlias(const QString &alias)
     std::copy_if(text.cbegin(), text.cend(), std::back_inserter(visible), [](QChar character) {
         return !isInvisible(character);
     });
-    return visible;
+    // What was between blanks may have gone.
+    return visible.simplified();
 }
 } // namespace
 
