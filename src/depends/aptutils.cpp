@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/aptutils.h"
 
+#include "core/wholefile.h"
 #include "depends/aptcommands.h"
 
 #include <QDir>
@@ -35,7 +36,7 @@ bool AptUtils::setPrivateSources(const QStringList &sources)
     for (const QString &source : sources)
         text += QStringLiteral("deb %1\n").arg(source).toUtf8();
     // Half a list would answer for other sources than those that were asked.
-    if (file->write(text) != text.size() || !file->flush())
+    if (!WholeFile::writeOut(*file, text))
         return false;
     m_privateSources = file;
     return true;

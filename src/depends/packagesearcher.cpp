@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/packagesearcher.h"
 
+#include "core/wholefile.h"
 #include "depends/aptutils.h"
 
 #include <QFile>
@@ -84,8 +85,7 @@ void PackageSearcher::askForNamesOnly()
         text.prepend(
             QStringLiteral("#include \"%1\";\n").arg(QFileInfo(own).absoluteFilePath()).toLocal8Bit());
     QFile file(m_config->filePath(QStringLiteral("apt.conf")));
-    if (m_config->isValid() && file.open(QIODevice::WriteOnly) && file.write(text) == text.size()
-        && file.flush())
+    if (m_config->isValid() && file.open(QIODevice::WriteOnly) && WholeFile::writeOut(file, text))
         m_apt->setEnvironment({QLatin1String("APT_CONFIG=") + file.fileName()});
 }
 

@@ -2,6 +2,7 @@
 #include "depends/privateapt.h"
 
 #include "core/processutils.h"
+#include "core/wholefile.h"
 #include "depends/aptcommands.h"
 #include "depends/aptfetch.h"
 #include "depends/sourceoptions.h"
@@ -96,8 +97,7 @@ SourceOptions systemOptions(const QStringList &files)
 
 bool writeInto(QTemporaryFile *file, const QString &text)
 {
-    const QByteArray bytes = text.toUtf8();
-    return file->open() && file->write(bytes) == bytes.size() && file->flush();
+    return file->open() && WholeFile::writeOut(*file, text.toUtf8());
 }
 } // namespace
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/distributionsfile.h"
 
+#include "core/wholefile.h"
 #include "engine/distributions.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 DistributionsFile::DistributionsFile(const QString &repoPath)
     : m_repoPath(repoPath)
@@ -48,12 +48,10 @@ bool DistributionsFile::keep(const QByteArray &bytes) const
             return true;
         name = m_fileName + QLatin1String(".orig.") + QString::number(number);
     }
-    QSaveFile file(name);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return WholeFile::replace(name, bytes).isEmpty();
 }
 
 bool DistributionsFile::restore(const QByteArray &bytes) const
 {
-    QSaveFile file(m_fileName);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return WholeFile::replace(m_fileName, bytes).isEmpty();
 }

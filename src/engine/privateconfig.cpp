@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/privateconfig.h"
 
+#include "core/wholefile.h"
 #include "engine/distributions.h"
 #include "engine/distributionsfile.h"
 
@@ -87,7 +88,7 @@ PrivateConfig::PrivateConfig(const QString &repoPath, Unreferenced unreferenced)
 
     QFile options(m_folder.filePath(QStringLiteral("options")));
     const QByteArray text = optionsText(own, unreferenced).toLocal8Bit();
-    if (!options.open(QIODevice::WriteOnly) || options.write(text) != text.size())
+    if (!options.open(QIODevice::WriteOnly) || !WholeFile::writeOut(options, text))
         return;
     m_valid = true;
     if (!runsOtherPrograms(repoPath, own))

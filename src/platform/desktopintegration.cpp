@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktopintegration.h"
 
+#include "core/settingsformat.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -68,6 +70,7 @@ void veltInit(const QString &version, const QString &displayName)
     QCoreApplication::setApplicationName(applicationId);
     QCoreApplication::setApplicationVersion(version);
     QCoreApplication::setOrganizationName(QStringLiteral("corvana"));
+    SettingsFormat::useForOwnSettings();
 
     const QString translations = veltDataFile(applicationId + QStringLiteral("/translations"));
     if (!translations.isEmpty())

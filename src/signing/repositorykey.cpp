@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/repositorykey.h"
 
+#include "core/wholefile.h"
 #include "signing/gpgrun.h"
 #include "signing/keylisting.h"
 #include "signing/signprocess.h"
 
 #include <QFileInfo>
 #include <QFutureWatcher>
-#include <QSaveFile>
 #include <QtConcurrent>
 
 RepositoryKey RepositoryKey::read(const QString &repoPath, const QString &codename)
@@ -86,8 +86,5 @@ QString RepositoryKey::savePublicKey(const QString &id, const QString &path)
     const Export exported = publicKey(id);
     if (exported.key.isEmpty())
         return exported.errorText;
-    QSaveFile file(path);
-    const bool isWritten
-        = file.open(QIODevice::WriteOnly) && file.write(exported.key) == exported.key.size() && file.commit();
-    return isWritten ? QString() : file.errorString();
+    return WholeFile::replace(path, exported.key);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/signprocess.h"
 
+#include "core/settingsformat.h"
 #include "signing/keylisting.h"
 
 #include <QtCrypto>
@@ -93,7 +94,7 @@ bool SignProcess::saveKeyInfo(const QString &packagesConfPath, const PackageInfo
 {
     if (packagesConfPath.isEmpty())
         return true;
-    QSettings settings(packagesConfPath, QSettings::IniFormat);
+    QSettings settings(packagesConfPath, SettingsFormat::ini());
     settings.setValue(entryName(package), package.signingKey);
     settings.sync();
     return settings.status() == QSettings::NoError;
@@ -104,7 +105,7 @@ bool SignProcess::removeKeyInfo(const QString &packagesConfPath, const PackageIn
     // Without the file there is nothing to remove, and an empty one need not be made.
     if (packagesConfPath.isEmpty() || !QFileInfo::exists(packagesConfPath))
         return true;
-    QSettings settings(packagesConfPath, QSettings::IniFormat);
+    QSettings settings(packagesConfPath, SettingsFormat::ini());
     settings.remove(entryName(package));
     settings.sync();
     return settings.status() == QSettings::NoError;
@@ -114,7 +115,7 @@ QString SignProcess::keyInfo(const QString &packagesConfPath, const PackageInfo 
 {
     if (packagesConfPath.isEmpty())
         return {};
-    return QSettings(packagesConfPath, QSettings::IniFormat).value(entryName(package)).toString();
+    return QSettings(packagesConfPath, SettingsFormat::ini()).value(entryName(package)).toString();
 }
 
 QHash<QString, QString> SignProcess::allKeyInfo(const QString &packagesConfPath)
@@ -122,7 +123,7 @@ QHash<QString, QString> SignProcess::allKeyInfo(const QString &packagesConfPath)
     QHash<QString, QString> entries;
     if (packagesConfPath.isEmpty())
         return entries;
-    QSettings settings(packagesConfPath, QSettings::IniFormat);
+    QSettings settings(packagesConfPath, SettingsFormat::ini());
     settings.beginGroup(keyInfoGroup);
     const QStringList names = settings.allKeys();
     for (const QString &name : names)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dependsreportcommands.h"
 
+#include "core/wholefile.h"
 #include "depends/dependsreport.h"
 #include "engine/reposhell.h"
 #include "ui/jobfeedback.h"
@@ -14,7 +15,6 @@
 #include <QFileInfo>
 #include <QFutureWatcher>
 #include <QGuiApplication>
-#include <QSaveFile>
 #include <QtConcurrent>
 
 DependsReportCommands::DependsReportCommands(RepoTabs &tabs,
@@ -55,11 +55,7 @@ QByteArray DependsReportCommands::report(const QList<PackageInfoPtr> &packages, 
 QString
 DependsReportCommands::write(const QList<PackageInfoPtr> &packages, Format format, const QString &path)
 {
-    QSaveFile file(path);
-    const QByteArray text = report(packages, format);
-    const bool isWritten
-        = file.open(QIODevice::WriteOnly) && file.write(text) == text.size() && file.commit();
-    return isWritten ? QString() : file.errorString();
+    return WholeFile::replace(path, report(packages, format));
 }
 
 void DependsReportCommands::copy()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsdata.h"
 #include "depends/localcandidates.h"
+#include "support/fulldisk.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 
@@ -9,12 +10,9 @@
 #include <QJsonObject>
 #include <QtTest>
 
-#include <csignal>
 #include <memory>
 #include <thread>
 #include <vector>
-
-#include <sys/resource.h>
 
 namespace
 {
@@ -335,13 +333,10 @@ private Q_SLOTS:
         Cache cache(m_file, "/r"_s);
         cache.data.savePackages(many("1"_s, 50));
         const QByteArray before = readFile(m_file);
-        std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limit{};
-        getrlimit(RLIMIT_FSIZE, &limit);
-        const rlimit full{200000, limit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &full);
-        cache.data.savePackages(many("2"_s, 3000));
-        setrlimit(RLIMIT_FSIZE, &limit);
+        {
+            const FullDisk full(200000);
+            cache.data.savePackages(many("2"_s, 3000));
+        }
         QVERIFY(readFile(m_file) == before);
         QCOMPARE(QDir(m_folder->filePath("new"_s)).entryList(QDir::Files).size(), 1);
         cache.data.savePackages(many("2"_s, 3000));

@@ -2,13 +2,13 @@
 #include "engine/archiveutils.h"
 #include "engine/archivewriter.h"
 #include "engineharness.h"
+#include "support/fulldisk.h"
 #include "support/scopedvariable.h"
 
 #include <QtTest>
 
-#include <csignal>
+#include <optional>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -124,10 +124,6 @@ private Q_SLOTS:
         h.add(h.debs("foo"));
         writeFile(h.folder.filePath("out/x.tgz"_s), "old");
         const QByteArray description = readFile(h.repoPath() + "/conf/distributions"_s);
-        struct rlimit limit = {};
-        ::getrlimit(RLIMIT_FSIZE, &limit);
-        const struct rlimit small = {3 << 20, limit.rlim_max};
-        std::signal(SIGXFSZ, SIG_IGN);
         struct Case
         {
             const char *target; ///< in the harness's folder
@@ -143,9 +139,9 @@ private Q_SLOTS:
               Case{"out/x.tgz", "head -c 5000000 /dev/urandom >pool/big.deb", "x.tgz: "},
               Case{"out/x.tgz", "rm pool/big.deb; truncate -s 9G pool/huge.txt", "huge.txt: It is larger"}}) {
             runShell(QLatin1String(c.before), h.repoPath());
-            ::setrlimit(RLIMIT_FSIZE, &small);
+            std::optional<FullDisk> full(3 << 20);
             const auto code = exportTo(&h, h.folder.filePath(QLatin1String(c.target)));
-            ::setrlimit(RLIMIT_FSIZE, &limit);
+            full.reset();
             QCOMPARE(code, RepoEnums::ERROR);
             QCOMPARE(h.lastMessage(), NotExported);
             QCOMPARE(h.criticals.size(), 1);

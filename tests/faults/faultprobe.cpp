@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the tests of faults kill: carries out one job of the engine on a repository, or saves settings for ever. It
 // prints "begun" when the job begins, and "done" when it has ended.
+#include "core/settingsformat.h"
 #include "engine/reposhell.h"
 #include "savedstate.h"
+#include "support/fulldisk.h"
 #include "support/testapplication.h"
 
 #include <QTextStream>
 
-#include <csignal>
 #include <cstdio>
+#include <optional>
 #include <utility>
-
-#include <sys/resource.h>
 
 namespace
 {
@@ -21,16 +21,13 @@ void say(const QString &word)
     std::fflush(stdout);
 }
 
-/** From now on no file grows beyond the size that was asked for, as on a disk that is full. */
+/** From now on the disk is full, when that was asked for. */
 void limitFiles()
 {
-    const rlim_t size = qEnvironmentVariableIntValue("FAULTS_FILE_SIZE");
-    if (size == 0)
-        return;
-    // As a signal, it would end the programs; ignored, the write fails.
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit{size, size};
-    ::setrlimit(RLIMIT_FSIZE, &limit);
+    static std::optional<FullDisk> disk;
+    const int size = qEnvironmentVariableIntValue("FAULTS_FILE_SIZE");
+    if (size > 0)
+        disk.emplace(size);
 }
 
 [[noreturn]] void saveForEver(int first)
@@ -72,6 +69,7 @@ int main(int argc, char *argv[])
     TestApplication<QCoreApplication> application(argc, argv);
     QCoreApplication::setOrganizationName("corvana"_s);
     QCoreApplication::setApplicationName("velt-admin-repo"_s);
+    SettingsFormat::useForOwnSettings();
     const QStringList words = QCoreApplication::arguments();
     const QString job = words.value(1);
     if (job == "save"_s)

@@ -340,7 +340,7 @@ private Q_SLOTS:
             const bool isFull = m_random.bounded(4) == 0;
             Victim victim(QStringLiteral(FAULT_PROBE),
                           {"save"_s, QString::number(last + 1)},
-                          isFull ? m_random.bounded(512, 100000) : 0);
+                          isFull ? m_random.bounded(512, m_random.bounded(2) == 0 ? 6000 : 100000) : 0);
             victim.endsWithin(moment);
             victim.kill(true);
             // A number that was said is that of a save that had ended.
