@@ -31,6 +31,12 @@ void install(std::unique_ptr<QTranslator> translator)
     QCoreApplication::installTranslator(translator.release());
 }
 
+QString &shownLanguage()
+{
+    static QString language(QStringLiteral("en"));
+    return language;
+}
+
 /**
  * In the first of the user's languages that we speak, else in English, whose file has the plural forms. The toolkit
  * may speak more languages, but its buttons shall not stand in another one than the question above them.
@@ -42,8 +48,10 @@ void installTranslations(const QString &folder)
     if (!own->load(QLocale(), applicationId, between, folder)
         && !own->load(QLocale(QLocale::English), applicationId, between, folder))
         return;
+    const QLocale spoken(own->language());
+    shownLanguage() = spoken.name().section(between, 0, 0);
     auto toolkit = std::make_unique<QTranslator>();
-    if (toolkit->load(QLocale(own->language()),
+    if (toolkit->load(spoken,
                       QStringLiteral("qtbase"),
                       between,
                       QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
@@ -80,6 +88,11 @@ void veltInit(const QString &version, const QString &displayName)
         return;
     QGuiApplication::setDesktopFileName(applicationId);
     veltSetUpIconThemes();
+}
+
+QString veltLanguage()
+{
+    return shownLanguage();
 }
 
 QString veltDisplayName()

@@ -14,6 +14,9 @@ void veltInit(const QString &version, const QString &displayName);
 /** The name that veltInit() was given, as a reader sees it in texts. */
 QString veltDisplayName();
 
+/** Language of the program's texts, as "de"; English when the user's has no translation. */
+QString veltLanguage();
+
 /** One line, translated, that says what the program is. */
 QString veltAppDescription();
 

@@ -11,7 +11,10 @@ bool veltHelpShow(QWidget *parent, const QString &page)
 {
     static QPointer<HelpWindow> window;
 
-    const QString contents = veltDataFile(QStringLiteral("velt-admin-repo/help/index.html"));
+    const QString place = QStringLiteral("velt-admin-repo/help/%1/index.html");
+    QString contents = veltDataFile(place.arg(veltLanguage()));
+    if (contents.isEmpty())
+        contents = veltDataFile(place.arg(QStringLiteral("en")));
     if (contents.isEmpty())
         return false;
     if (window == nullptr || !window->isVisible())

@@ -66,6 +66,32 @@ QStringList essentials(const QString &text)
            + edges.match(text).capturedTexts().mid(1)
            + QStringList{QString::number(text.count(QLatin1Char('&'))), QString::number(text.count("\n"_s))};
 }
+
+/** Everything that the first group of the expression finds, sorted. */
+QStringList captured(const QString &expression, const QString &text)
+{
+    QStringList found;
+    auto all
+        = QRegularExpression(expression, QRegularExpression::DotMatchesEverythingOption).globalMatch(text);
+    while (all.hasNext())
+        found << all.next().captured(1);
+    found.sort();
+    return found;
+}
+
+/** A text as the manual writes it. */
+QString inManual(QString text)
+{
+    text.replace(QRegularExpression("%L?(?:\\d|n)"_s), "…"_s).remove(QLatin1Char('&'));
+    return QTextDocumentFragment::fromHtml(text).toPlainText().simplified();
+}
+
+QStringList inManual(QStringList texts)
+{
+    for (QString &text : texts)
+        text = inManual(QTextDocumentFragment::fromHtml(text).toPlainText());
+    return texts;
+}
 } // namespace
 
 /** The translation files, and how the program takes its language from the user's. */
@@ -125,6 +151,52 @@ private Q_SLOTS:
         }
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
         QVERIFY2(readFile(copy) == readFile(original), "build update-translations: texts have gone");
+    }
+
+    void manual_data()
+    {
+        QTest::addColumn<QString>("page");
+        const QDir english(QStringLiteral(SOURCE_FOLDER "/data/help/en"));
+        for (const char *language : {"de", "ru"}) {
+            if (!english.exists("../"_s + QLatin1String(language)))
+                continue;
+            const QStringList pages = english.entryList({"*.html"_s});
+            for (const QString &page : pages)
+                QTest::addRow("%s/%s", language, qPrintable(page)) << page;
+        }
+    }
+
+    /** A translated page has the links, pictures and commands of the English one, and the program's own words. */
+    void manual()
+    {
+        QFETCH(QString, page);
+        const QString name = QLatin1String(QTest::currentDataTag());
+        const QString language = name.left(2);
+        const QString folder = QStringLiteral(SOURCE_FOLDER "/data/help/");
+        const QString english = QString::fromUtf8(readFile(folder + "en/"_s + page));
+        const QString translated = QString::fromUtf8(readFile(folder + name));
+        QVERIFY(translated.contains("<html lang=\"%1\">"_s.arg(language)));
+        for (const char *kept :
+             {"(?:href|src|id|class)=\"([^\"]*)\"", "<code>(.*?)</code>", "<(h\\d|li|d[td]|tr|pre|p)\\b"})
+            QCOMPARE(captured(QLatin1String(kept), translated), captured(QLatin1String(kept), english));
+
+        QHash<QString, QStringList> words;
+        const auto messages
+            = messagesOf(QStringLiteral(SOURCE_FOLDER "/translations/velt-admin-repo_%1.ts").arg(language));
+        for (const Message &message : messages)
+            for (const QString &translation : message.translations)
+                words[inManual(message.source)] << inManual(translation);
+        const QString ofProgram("<(?:b|td class=\"message\")>(.*?)</(?:b|td)>"_s);
+        const QStringList found = inManual(captured(ofProgram, translated));
+        const QStringList originals = inManual(captured(ofProgram, english));
+        for (const QString &original : originals) {
+            const QStringList wanted = words.value(original);
+            const bool isThere
+                = wanted.isEmpty() || std::any_of(wanted.begin(), wanted.end(), [&](const QString &word) {
+                      return found.contains(word);
+                  });
+            QVERIFY2(isThere, qPrintable("\"%1\" is \"%2\""_s.arg(original, wanted.join("\" or \""_s))));
+        }
     }
 
     void pluralFormsOfEnglish()
