@@ -292,6 +292,10 @@ private Q_SLOTS:
 
     void endsPublishing()
     {
+        // On a port that is served already another directory waits for the next start.
+        const QString process = box("systemctl show -P MainPID public-repo-8080"_s);
+        QCOMPARE(publish(openRepo, 8080, 0), "b true"_s);
+        QCOMPARE(box("systemctl show -P MainPID public-repo-8080"_s), process);
         QCOMPARE(unpublish(8080, 0), "b true"_s);
         QCOMPARE(box("ls -R /etc/systemd/system | grep public-repo || true; ls /tmp/*.service || true"_s),
                  QString());
@@ -317,7 +321,8 @@ private Q_SLOTS:
         // Nobody writes.
         QVERIFY(box("curl -s -T /etc/hostname ftp://127.0.0.1:2121/pool/x"_s).contains("[25:"_s));
 
-        // Another one on another port takes the place, and what was written by hand is still kept.
+        // Another one on another port takes the place, and what was first written by hand is still kept.
+        box("echo '# later' >>/etc/vsftpd.conf"_s);
         QCOMPARE(publish(openRepo, 2122, 1), "b true"_s);
         QCOMPARE(box("cat /etc/vsftpd.conf.velt-admin-repo.orig"_s), byHand);
         QCOMPARE(box("curl -s ftp://127.0.0.1:2122/dists/birch/Release | head -1"_s), "Codename: birch"_s);
@@ -378,10 +383,19 @@ private Q_SLOTS:
         const QString freed = "systemctl stop other"_s;
         QTest::newRow("HTTP, port taken") << taken << freed << 0;
         QTest::newRow("FTP, port taken") << taken << freed << 1;
+        QTest::newRow("FTP, port taken, another runs") << taken << freed << 1;
         QTest::newRow("HTTP, no server") << "chmod -x /usr/sbin/lighttpd"_s
                                          << "chmod +x /usr/sbin/lighttpd"_s << 0;
         QTest::newRow("FTP, no server") << "chmod -x /usr/sbin/vsftpd"_s
                                         << "chmod +x /usr/sbin/vsftpd"_s << 1;
+        QTest::newRow("HTTP, server crashes")
+            << "printf '#!/bin/sh\nkill -SEGV $$\n' >/run/crash; chmod +x /run/crash; "
+               "mount --bind /run/crash /usr/sbin/lighttpd"_s
+            << "umount /usr/sbin/lighttpd"_s << 0;
+        QTest::newRow("HTTP, masked")
+            << "systemctl -q mask public-repo-8082"_s
+            << "test -L /etc/systemd/system/public-repo-8082.service; systemctl -q unmask public-repo-8082"_s
+            << 0;
         QTest::newRow("units cannot be written")
             << "mount --bind /etc/systemd/system /etc/systemd/system; "
                "mount -o remount,bind,ro /etc/systemd/system; systemctl stop velt-admin-repo-helper"_s
@@ -393,7 +407,9 @@ private Q_SLOTS:
         QFETCH(QString, obstacle);
         QFETCH(QString, relief);
         QFETCH(int, protocol);
-        box("printf 'listen=YES\n# by hand\n' >/etc/vsftpd.conf; rm -f /etc/vsftpd.conf.velt*; systemctl stop vsftpd"_s);
+        const bool anotherRuns = QByteArray(QTest::currentDataTag()).endsWith("runs");
+        box("printf 'listen=YES\n# by hand\n' >/etc/vsftpd.conf; rm -f /etc/vsftpd.conf.velt*; systemctl %1 vsftpd"_s
+                .arg(anotherRuns ? "start"_s : "stop"_s));
         const QString before = state();
         QCOMPARE(box(obstacle), QString());
         const QString told = publish(openRepo, 8082, protocol);
