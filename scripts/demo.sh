@@ -6,6 +6,7 @@
 set -euo pipefail
 top=$(dirname "$(dirname "$(readlink -f "$0")")")
 demo=$top/demo
+. "$top/scripts/functions.sh"
 
 if [ "${2-}" != --on-display ]; then
     . "$top/scripts/packages.sh"
@@ -14,7 +15,6 @@ if [ "${2-}" != --on-display ]; then
 fi
 program=$1
 
-say() { printf '%s\n' "$*"; }
 die() {
     say "FAILED: $*" >&2
     picture failure || true
@@ -22,24 +22,11 @@ die() {
 }
 picture() { import -window root "$demo/pictures/$1.png"; }
 
-# until_true SECONDS COMMAND...: waits for the command to succeed.
-until_true() {
-    local tries=$(($1 * 10))
-    shift
-    while ! "$@" >/dev/null 2>&1; do
-        tries=$((tries - 1))
-        [ $tries -gt 0 ] || return 1
-        sleep 0.1
-    done
-}
-
 # focus TITLE: waits for the window with this title and gives it the keyboard.
 focus() {
     until_true 20 xdotool search --onlyvisible --name "$1" || die "no window \"$1\""
     xdotool search --onlyvisible --name "$1" windowactivate --sync
 }
-keys() { xdotool key --clearmodifiers --delay 40 "$@"; }
-write() { xdotool type --clearmodifiers --delay 15 "$1"; }
 
 # press KEYS TITLE: brings a window up by a shortcut, which does nothing before the last job has ended.
 press() {
@@ -51,23 +38,6 @@ press() {
         fi
     done
     die "no window \"$2\""
-}
-
-# package NAME VERSION ARCHITECTURE [DEPENDS]
-package() {
-    local tree
-    tree=$(mktemp -d)
-    mkdir -p "$tree/DEBIAN" "$tree/usr/share/$1"
-    echo "$1 $2" >"$tree/usr/share/$1/about"
-    {
-        printf 'Package: %s\nVersion: %s\nArchitecture: %s\n' "$1" "$2" "$3"
-        [ -z "${4-}" ] || printf 'Depends: %s\n' "$4"
-        printf 'Maintainer: Demo <demo@example.org>\nSection: utils\nPriority: optional\n'
-        printf 'Description: package of the demonstration\n It holds one file.\n'
-    } >"$tree/DEBIAN/control"
-    chmod 755 "$tree"
-    dpkg-deb --root-owner-group -b "$tree" "$demo/packages/${1}_${2}_${3}.deb" >/dev/null
-    rm -rf -- "$tree"
 }
 
 rm -rf -- "$demo"
@@ -90,12 +60,15 @@ trap finish EXIT
 
 openbox >/dev/null 2>&1 &
 jobs+=($!)
-package hello "1.0" "$arch" "hello-data (>= 1.0)"
-package hello-data "1.0" all
-package goodbye "1.0" "$arch"
-package hello "1.1" "$arch" "hello-data (>= 1.0)"
+about='package of the demonstration
+ It holds one file.'
+demo_package() { package "$demo/packages" "$1" "$2" "$3" utils "${4-}" "$about"; }
+demo_package hello "1.0" "$arch" "hello-data (>= 1.0)"
+demo_package hello-data "1.0" all
+demo_package goodbye "1.0" "$arch"
+demo_package hello "1.1" "$arch" "hello-data (>= 1.0)"
 # A package for the installer differs in its name alone.
-package hello-installer "1.0" "$arch"
+demo_package hello-installer "1.0" "$arch"
 mv -- "$demo/packages/hello-installer_1.0_$arch".{deb,udeb}
 
 say "Fetching packages from the system's sources"

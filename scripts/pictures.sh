@@ -5,8 +5,8 @@
 #   scripts/pictures.sh BUILD     writes data/help/pictures and docs/screenshots
 set -euo pipefail
 top=$(dirname "$(dirname "$(readlink -f "$0")")")
+. "$top/scripts/functions.sh"
 
-say() { printf '%s\n' "$*"; }
 die() {
     say "FAILED: $*" >&2
     [ -z "${pictures-}" ] || import -window root "$pictures/failure.png" || true
@@ -25,9 +25,10 @@ outside() {
     read -r -u "${COPROC[0]}" || die "no box"
     DESTDIR=$box/shared/stage cmake --install "$build" >/dev/null
     mkdir "$box/shared/pictures"
-    cp "$0" "$box/shared/pictures.sh"
+    mkdir "$box/shared/scripts"
+    cp "$top"/scripts/{pictures,functions}.sh "$box/shared/scripts/"
     local code=0
-    "$top/tests/e2e/systemdbox" run "$box" bash /shared/pictures.sh --prepare || code=$?
+    "$top/tests/e2e/systemdbox" run "$box" bash /shared/scripts/pictures.sh --prepare || code=$?
     eval "exec ${COPROC[1]}>&-"
     wait "$COPROC_PID" || true
     if [ "$code" -ne 0 ]; then
@@ -39,27 +40,12 @@ outside() {
     place=$top/data/help/pictures
     mkdir -p "$place"
     rm -f -- "$place"/*.png
+    mv -- "$box/shared/pictures/dark.png" "$top/docs/screenshots/"
     mv -- "$box"/shared/pictures/*.png "$place/"
     for name in window new-repository dependences publication; do
         cp -- "$place/$name.png" "$top/docs/screenshots/"
     done
     du -sh "$place"
-}
-
-# package FOLDER NAME VERSION SECTION DEPENDS DESCRIPTION
-package() {
-    local tree
-    tree=$(mktemp -d)
-    mkdir -p "$tree/DEBIAN" "$tree/usr/share/$2"
-    echo "$2 $3" >"$tree/usr/share/$2/about"
-    {
-        printf 'Package: %s\nVersion: %s\nArchitecture: amd64\nSection: %s\n' "$2" "$3" "$4"
-        [ -z "$5" ] || printf 'Depends: %s\n' "$5"
-        printf 'Maintainer: Anna Example <anna@example.org>\nPriority: optional\nDescription: %s\n' "$6"
-    } >"$tree/DEBIAN/control"
-    chmod 755 "$tree"
-    dpkg-deb --root-owner-group -b "$tree" "$1/${2}_${3}_amd64.deb" >/dev/null
-    rm -rf -- "$tree"
 }
 
 prepare() {
@@ -74,36 +60,26 @@ prepare() {
     find /etc/apt/sources.list.d -type f ! -name 'debian.sources' -delete
     mkdir -p /srv/packages/{first,newer} /srv/repos
     cd /srv/packages
-    package first backup-agent 2.4.1-1 admin 'rsync, report-client (>= 1.8), cloud-uploader' 'backs up a workstation every night
+    package first backup-agent 2.4.1-1 amd64 admin 'rsync, report-client (>= 1.8), cloud-uploader' 'backs up a workstation every night
  Files that have changed are copied to the server of the department,
  encrypted with the key of the workstation.
  .
  A report is sent by mail when a backup fails.'
-    package first report-client 1.8-2 net 'curl | wget' 'sends reports to the report server'
-    package first report-server 1.8-2 net 'report-client (= 1.8-2), python3' 'collects the reports of workstations'
-    package first scanner-firmware 1.12-1 contrib/utils '' 'firmware for the scanners in the offices'
-    package first vpn-config 3.0-1 net 'openvpn' 'settings for the network from outside'
-    package first letter-templates 2026.1 text 'libreoffice-writer' 'templates for letters and faxes'
-    package newer backup-agent 2.5.0-1 admin 'rsync' 'backs up a workstation every night'
-    package newer report-client 1.9-1 net 'curl' 'sends reports to the report server'
+    package first report-client 1.8-2 amd64 net 'curl | wget' 'sends reports to the report server'
+    package first report-server 1.8-2 amd64 net 'report-client (= 1.8-2), python3' 'collects the reports of workstations'
+    package first scanner-firmware 1.12-1 amd64 contrib/utils '' 'firmware for the scanners in the offices'
+    package first vpn-config 3.0-1 amd64 net 'openvpn' 'settings for the network from outside'
+    package first letter-templates 2026.1 amd64 text 'libreoffice-writer' 'templates for letters and faxes'
+    package newer backup-agent 2.5.0-1 amd64 admin 'rsync' 'backs up a workstation every night'
+    package newer report-client 1.9-1 amd64 net 'curl' 'sends reports to the report server'
     (cd newer && dpkg-scanpackages . 2>/dev/null >Packages)
     chown -R anna: /srv/packages /srv/repos
     mkdir -p /run/user/anna && chown anna: /run/user/anna && chmod 700 /run/user/anna
     chown -R anna: /shared/pictures
     runuser -u anna -- env HOME=/home/anna XDG_RUNTIME_DIR=/run/user/anna LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb \
-        xvfb-run -a -s "-screen 0 1280x900x24" bash /shared/pictures.sh --take
+        xvfb-run -a -s "-screen 0 1280x900x24" bash /shared/scripts/pictures.sh --take
 }
 
-# until_true SECONDS COMMAND...: waits for the command to succeed.
-until_true() {
-    local tries=$(($1 * 10))
-    shift
-    while ! "$@" >/dev/null 2>&1; do
-        tries=$((tries - 1))
-        [ $tries -gt 0 ] || return 1
-        sleep 0.1
-    done
-}
 window_of() { xdotool search --onlyvisible --name "$1" | tail -n 1; }
 # focus TITLE: waits for the window with this title and gives it the keyboard.
 focus() {
@@ -111,8 +87,6 @@ focus() {
     xdotool windowactivate --sync "$(window_of "$1")"
     sleep 0.3
 }
-keys() { xdotool key --clearmodifiers --delay 60 "$@"; }
-write() { xdotool type --clearmodifiers --delay 20 "$1"; }
 click() { xdotool mousemove --window "$main" "$1" "$2" click 1 && sleep 0.3; }
 # picture NAME TITLE: of the window with this title; the pointer is put out of the way.
 picture() {
@@ -255,6 +229,25 @@ take() {
     picture published "Published repositories"
     keys Escape
     finish
+
+    say "Dark colours"
+    dark_desktop
+    start
+    pick_package backup-agent
+    picture dark velt-admin-repo
+    finish
+}
+
+# A desktop whose colours the toolkit reads from a file.
+dark_desktop() {
+    local part
+    for part in Window View Button; do
+        printf '[Colors:%s]\nBackgroundNormal=%s\nForegroundNormal=239,240,241\n' "$part" 35,38,41
+    done >~/.config/kdeglobals
+    printf '%s\n' '[Colors:Selection]' BackgroundNormal=20,96,138 ForegroundNormal=252,252,252 \
+        '[General]' 'font=DejaVu Sans,9,-1,5,50,0,0,0,0,0' '[KDE]' widgetStyle=Fusion '[Icons]' Theme=breeze-dark \
+        >>~/.config/kdeglobals
+    export XDG_CURRENT_DESKTOP=KDE KDE_FULL_SESSION=true KDE_SESSION_VERSION=5
 }
 
 # pick_package NAME: selects it in the tree, whose first row is the place where typing begins.
