@@ -2,6 +2,7 @@
 #include "helper/helperrequest.h"
 
 #include "helper/journal.h"
+#include "server/sourceline.h"
 
 #include <QStringList>
 
@@ -49,6 +50,10 @@ QMap<QString, QString> HelperRequest::arguments() const
         named.insert(QStringLiteral("path"), path);
     named.insert(QStringLiteral("port"), QString::number(port));
     named.insert(QStringLiteral("protocol"), QString::number(protocol));
+    // The number for rules, the name for people.
+    if (protocol == HttpProtocol || protocol == FtpProtocol)
+        named.insert(QStringLiteral("server"),
+                     protocol == HttpProtocol ? QStringLiteral("HTTP") : QStringLiteral("FTP"));
     return named;
 }
 

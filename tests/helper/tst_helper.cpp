@@ -11,6 +11,7 @@
 #include <QDBusConnectionInterface>
 #include <QDBusPendingReply>
 #include <QDBusReply>
+#include <QRegularExpression>
 #include <QSemaphore>
 #include <QXmlStreamReader>
 #include <QtTest>
@@ -147,11 +148,10 @@ private Q_SLOTS:
         QCOMPARE(resultOf(call(b, "UnpublishRepo", {666, 0})), "no"_s);
         QTRY_COMPARE(m_errors, 6); // each to its caller alone
         QCOMPARE(m_reason, "No."_s);
-        QCOMPARE(
-            inside.done.join(u'\n'),
-            "AddLocalSource entry=\"%1\"\nRemoveLocalSource entry=\"%1\"\n"
-            "PublishRepo path=\"/srv/r\" port=\"80\" protocol=\"1\"\nUnpublishRepo port=\"666\" protocol=\"0\""_s
-                .arg(line));
+        QCOMPARE(inside.done.join(u'\n'),
+                 "AddLocalSource entry=\"%1\"\nRemoveLocalSource entry=\"%1\"\n"
+                 "PublishRepo path=\"/srv/r\" port=\"80\" protocol=\"1\" server=\"FTP\"\n"
+                 "UnpublishRepo port=\"666\" protocol=\"0\" server=\"HTTP\""_s.arg(line));
 
         QStringList asked;
         for (const PolkitPeer::Question &question : polkit.questions.mid(4)) {
@@ -161,16 +161,28 @@ private Q_SLOTS:
         QCOMPARE(asked.join(u' '), "add-local-source remove-local-source publish unpublish"_s);
         QCOMPARE(polkit.questions.last().subject, "system-bus-name "_s + b.baseService());
         QCOMPARE(polkit.questions.at(6).details.value("path"_s), "/srv/r"_s);
-        // Each of the actions is one that the installed policy knows.
+        // Each of the actions is one that the installed policy knows, and what its words name is there.
         QXmlStreamReader policy(readFile(QStringLiteral(VELT_POLICY)));
-        QStringList known;
+        QMap<QString, QString> words;
+        QString action;
         while (!policy.atEnd()) {
-            if (policy.readNext() == QXmlStreamReader::StartElement && policy.name() == "action"_s)
-                known += policy.attributes().value("id"_s).toString();
+            if (policy.readNext() != QXmlStreamReader::StartElement)
+                continue;
+            if (policy.name() == "action"_s)
+                action = policy.attributes().value("id"_s).toString();
+            else if (policy.name() == "message"_s)
+                words[action] += policy.readElementText();
         }
-        for (const PolkitPeer::Question &question : qAsConst(polkit.questions))
-            QVERIFY2(known.contains(question.action), qPrintable(question.action));
-        QCOMPARE(known.size(), 4);
+        QCOMPARE(words.size(), 4);
+        static const QRegularExpression variable("\\$\\((\\w+)\\)"_s);
+        for (const PolkitPeer::Question &question : qAsConst(polkit.questions)) {
+            auto match = variable.globalMatch(words.value(question.action));
+            QVERIFY2(match.hasNext(), qPrintable(question.action));
+            while (match.hasNext()) {
+                const QString name = match.next().captured(1);
+                QVERIFY2(question.details.contains(name), qPrintable(question.action + u' ' + name));
+            }
+        }
     }
 
     void hostileArguments()
