@@ -4,6 +4,7 @@
 #include "depends/versionorder.h"
 #include "ui/checktablemodel.h"
 #include "ui/elidedlabel.h"
+#include "ui/tablelook.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -85,12 +86,8 @@ void CheckTableDialog::buildView()
     // What is checked changes no order.
     m_sorted->setDynamicSortFilter(false);
     m_view->setObjectName(QStringLiteral("m_tableView"));
-    m_view->setAccessibleName(windowTitle());
     m_view->setModel(m_sorted);
-    m_view->setRootIsDecorated(false);
-    m_view->setUniformRowHeights(true);
-    m_view->setAlternatingRowColors(true);
-    m_view->setAllColumnsShowFocus(true);
+    TableLook::apply(*m_view, windowTitle());
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_view->setSortingEnabled(true);
     // In the order given, until the user wants another.

@@ -6,6 +6,7 @@
 #include "ui/externalreposmodel.h"
 #include "ui/externalreposourcedialog.h"
 #include "ui/prompts.h"
+#include "ui/tablelook.h"
 
 #include <QAction>
 #include <QDialogButtonBox>
@@ -82,12 +83,8 @@ void ExternalReposDialog::buildView()
     constexpr int AliasWidth = 20;
     constexpr int Rows = 6;
     m_view->setObjectName(QStringLiteral("m_externalReposView"));
-    m_view->setAccessibleName(tr("External repositories"));
     m_view->setModel(m_model);
-    m_view->setRootIsDecorated(false);
-    m_view->setUniformRowHeights(true);
-    m_view->setAlternatingRowColors(true);
-    m_view->setAllColumnsShowFocus(true);
+    TableLook::apply(*m_view, tr("External repositories"));
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     // What is opened depends on who knows the source, see editAt().
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -101,13 +98,7 @@ void ExternalReposDialog::buildView()
     m_view->setMinimumSize(
         QSize((SourceWidth + AliasWidth) * character, Rows * fontMetrics().lineSpacing() * 3 / 2)
             .boundedTo(screen()->availableGeometry().size() / 2));
-
-    m_emptyLabel->setObjectName(QStringLiteral("m_emptyLabel"));
-    m_emptyLabel->setAlignment(Qt::AlignCenter);
-    m_emptyLabel->setWordWrap(true);
-    m_emptyLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
-    auto *over = new QVBoxLayout(m_view->viewport());
-    over->addWidget(m_emptyLabel);
+    TableLook::placeOver(*m_view, m_emptyLabel);
 
     addKey(Qt::Key_Insert, &ExternalReposDialog::addSource);
     addKey(Qt::Key_F2, &ExternalReposDialog::edit);

@@ -9,6 +9,7 @@
 #include "ui/prompts.h"
 #include "ui/publicationtext.h"
 #include "ui/publishedreposmodel.h"
+#include "ui/tablelook.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -80,12 +81,8 @@ void PublishedReposDialog::buildView()
     m_sorted->setSortRole(PublishedReposModel::SortRole);
     m_sorted->setSortLocaleAware(true);
     m_view->setObjectName(QStringLiteral("m_publishedReposView"));
-    m_view->setAccessibleName(windowTitle());
     m_view->setModel(m_sorted);
-    m_view->setRootIsDecorated(false);
-    m_view->setUniformRowHeights(true);
-    m_view->setAlternatingRowColors(true);
-    m_view->setAllColumnsShowFocus(true);
+    TableLook::apply(*m_view, windowTitle());
     m_view->setTextElideMode(Qt::ElideMiddle);
     m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
     m_view->setSortingEnabled(true);
@@ -101,13 +98,7 @@ void PublishedReposDialog::buildView()
     header->setSectionResizeMode(PublishedReposModel::RepositoryColumn, QHeaderView::Stretch);
     header->resizeSection(PublishedReposModel::AddressColumn, AddressWidth * character);
     m_view->setMinimumHeight(Rows * fontMetrics().lineSpacing() * 3 / 2);
-
-    m_emptyLabel->setObjectName(QStringLiteral("m_emptyLabel"));
-    m_emptyLabel->setAlignment(Qt::AlignCenter);
-    m_emptyLabel->setWordWrap(true);
-    m_emptyLabel->setAttribute(Qt::WA_TransparentForMouseEvents);
-    auto *over = new QVBoxLayout(m_view->viewport());
-    over->addWidget(m_emptyLabel);
+    TableLook::placeOver(*m_view, m_emptyLabel);
     connect(m_view->selectionModel(),
             &QItemSelectionModel::currentRowChanged,
             this,
