@@ -269,8 +269,8 @@ void MainWindow::connectActions()
                 m_ui->tabWidget->setCurrentIndex((m_ui->tabWidget->currentIndex() + step + count) % count);
         });
     };
-    switchTab(QKeySequence(Qt::CTRL + Qt::Key_PageDown), 1);
-    switchTab(QKeySequence(Qt::CTRL + Qt::Key_PageUp), -1);
+    switchTab(QKeySequence(QStringLiteral("Ctrl+PgDown")), 1);
+    switchTab(QKeySequence(QStringLiteral("Ctrl+PgUp")), -1);
     connect(m_ui->m_hideStatusLineAction, &QAction::toggled, this, [this](bool hide) {
         const QList<RepoWidget *> widgets = m_tabs->shown();
         for (RepoWidget *widget : widgets)
