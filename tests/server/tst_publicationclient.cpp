@@ -1,18 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/reposhell.h"
 #include "server/helperclient.h"
 #include "server/listeningports.h"
 #include "server/publicationmonitor.h"
 #include "server/publicationrules.h"
-#include "server/reposervers.h"
 #include "support/literals.h"
 #include "support/privatebus.h"
-#include "support/systemdpeer.h"
 #include "support/testenvironment.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusVirtualObject>
 #include <QTcpServer>
 #include <QtTest>
 
@@ -23,66 +19,6 @@ namespace
 {
 /** Set for the run of this program in which there is no bus. */
 constexpr const char *withoutBusVariable = "VELT_TEST_WITHOUT_BUS";
-const QString peerName = "helper-peer"_s;
-
-/** Plays the helper on the bus, from the test's own event loop: a client that blocks never gets an answer. */
-class HelperPeer : public QDBusVirtualObject
-{
-public:
-    enum Behaviour { Yes, No, Refuse, Die };
-
-    explicit HelperPeer(const QString &address)
-    {
-        QDBusConnection bus = QDBusConnection::connectToBus(address, peerName);
-        if (!bus.registerVirtualObject("/"_s, this) || !bus.registerService("org.corvana.velt.repo"_s))
-            qFatal("no place for the helper on the bus");
-    }
-    ~HelperPeer() override
-    {
-        QDBusConnection(peerName).unregisterObject("/"_s);
-        QDBusConnection::disconnectFromBus(peerName);
-    }
-
-    QString introspect(const QString & /*path*/) const override { return {}; }
-    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override
-    {
-        calls += message.interface().section("."_s, -1) + " "_s + message.member() + " "_s
-                 + message.signature()
-                 + (message.isInteractiveAuthorizationAllowed() ? " asks"_s : QString());
-        arguments = message.arguments();
-        if (behaviour == Die)
-            QTimer::singleShot(0, this, [] { QDBusConnection::disconnectFromBus(peerName); });
-        else if (behaviour == Refuse)
-            connection.send(message.createErrorReply(QDBusError::AccessDenied, "no"_s));
-        else // only when the loop has turned
-            QTimer::singleShot(30, this, [connection, reply = message.createReply(behaviour == Yes)] {
-                connection.send(reply);
-            });
-        return true;
-    }
-
-    Behaviour behaviour = Yes;
-    QStringList calls;
-    QVariantList arguments;
-};
-
-/** A server that serves what it was told to. */
-class FakeServer : public RepoServer
-{
-public:
-    explicit FakeServer(QList<PublishedRepo> repos)
-        : m_repos(std::move(repos))
-    { }
-    bool publish(const QString & /*path*/, int /*port*/) override { return false; }
-    bool unpublish(int /*port*/) override { return false; }
-    bool isPublished(int /*port*/) override { return false; }
-    QList<PublishedRepo> publishedRepos() override { return m_repos; }
-    QString log() override { return {}; }
-
-private:
-    QList<PublishedRepo> m_repos;
-};
-
 /** Gives a monitor its pictures, each only when it is let go. */
 struct Gate
 {
@@ -116,26 +52,6 @@ struct Gate
     }
 };
 
-QString toldBy(const std::function<void(HelperClient &, const HelperClient::Answer &)> &call)
-{
-    HelperClient client;
-    QStringList told;
-    call(client, [&told](const HelperClient::Result &result) {
-        told += (result.done ? "done "_s : "not "_s) + result.errorText + "|"_s + result.details;
-    });
-    // The answer never comes from within the call, and never twice.
-    if (!told.isEmpty())
-        return "at once"_s;
-    if (!QTest::qWaitFor([&told] { return !told.isEmpty(); }))
-        return "never"_s;
-    QTest::qWait(20);
-    return told.join(" and "_s);
-}
-
-void publish(HelperClient &client, const HelperClient::Answer &answer)
-{
-    client.publishRepo("/srv/a b"_s, 8000, FtpProtocol, answer);
-}
 } // namespace
 
 class PublicationClientTest : public QObject
@@ -163,82 +79,19 @@ private Q_SLOTS:
             QVERIFY2(again.exitCode() == 0, again.readAllStandardOutput().constData());
             return;
         }
-        QCOMPARE(toldBy(&publish),
-                 "not The repository is not published!|The call/process/message was sent after "
-                 "QDBusConnection disconnected."_s);
+        QStringList told;
+        HelperClient client;
+        client.publishRepo("/srv/a"_s, 8000, FtpProtocol, [&told](const HelperClient::Result &result) {
+            told << result.errorText << result.details;
+        });
+        QVERIFY2(told.isEmpty(), "the answer never comes from within the call");
+        QTRY_COMPARE(
+            told,
+            (QStringList{"The repository is not published!"_s,
+                         "The call/process/message was sent after QDBusConnection disconnected."_s}));
         PublicationMonitor monitor;
         QSignalSpy refreshed(&monitor, &PublicationMonitor::refreshed);
         QVERIFY(refreshed.wait());
-    }
-
-    void helper()
-    {
-        const auto add
-            = [](HelperClient &client, const auto &answer) { client.addLocalSource("deb x"_s, answer); };
-        const auto remove
-            = [](HelperClient &client, const auto &answer) { client.removeLocalSource("deb x"_s, answer); };
-        const auto unpublish = [](HelperClient &client, const auto &answer) {
-            client.unpublishRepo(8000, FtpProtocol, answer);
-        };
-        QCOMPARE(toldBy(&publish), "not The repository is not published!|The called service is not known."_s);
-
-        HelperPeer peer(m_bus->address());
-        QCOMPARE(toldBy(&publish), "done |"_s);
-        QCOMPARE(peer.arguments, (QVariantList{"/srv/a b"_s, 8000, 1}));
-        QCOMPARE(toldBy(unpublish), "done |"_s);
-        QCOMPARE(peer.arguments, (QVariantList{8000, 1}));
-        QCOMPARE(toldBy(add), "done |"_s);
-        QCOMPARE(toldBy(remove), "done |"_s);
-        QCOMPARE(peer.calls,
-                 (QStringList{"Manager PublishRepo sii asks"_s,
-                              "Manager UnpublishRepo ii asks"_s,
-                              "Manager AddLocalSource s asks"_s,
-                              "Manager RemoveLocalSource s asks"_s}));
-        peer.behaviour = HelperPeer::No;
-        QCOMPARE(toldBy(&publish) + toldBy(unpublish), "not |not |"_s);
-        QCOMPARE(toldBy(add), "not Failed to add repository to local sources list!|"_s);
-        QCOMPARE(toldBy(remove), "not Failed to remove repository from local sources list!|"_s);
-        peer.behaviour = HelperPeer::Refuse;
-        QCOMPARE(toldBy(unpublish), "not The repository is not unpublished!|Authorization error."_s);
-        peer.behaviour = HelperPeer::Yes;
-        HelperClient().unpublishRepo(1, 0, [](const auto &) { qFatal("an answer to nobody"); });
-        QTest::qWait(60);
-        peer.behaviour = HelperPeer::Die;
-        QCOMPARE(toldBy(&publish), "not The repository is not published!|Timeout reply."_s);
-    }
-
-    void engine()
-    {
-        HelperPeer peer(m_bus->address());
-        const QTemporaryDir folder;
-        const QString real = QFileInfo(folder.path()).canonicalFilePath() + "/real"_s;
-        QDir().mkdir(real);
-        QVERIFY(QFile::link(real, folder.filePath("link"_s)));
-        RepoShell shell;
-        QStringList told;
-        connect(&shell, &RepoShell::critical, this, [&told](const QString &text, const QString &details) {
-            told += text + "|"_s + details;
-        });
-        const auto answer = [&told](bool done) { told += done ? "yes"_s : "no"_s; };
-
-        VELT_NEED_TOOL("reprepro");
-        RepoInfo info;
-        info.codename = "dog"_s;
-        info.components = "main"_s;
-        info.architectures = "amd64"_s;
-        QCOMPARE(shell.createRepo(folder.filePath("link/repo"_s), info), int(RepoShell::SUCCESS));
-        shell.publishRepo(8000, HttpProtocol, answer);
-        QTRY_COMPARE(told, QStringList{"yes"_s});
-        QCOMPARE(peer.arguments.first().toString(), real + "/repo"_s);
-        peer.behaviour = HelperPeer::Refuse;
-        shell.addLocalSource("deb x"_s, answer);
-        QTRY_COMPARE(
-            told.mid(1),
-            (QStringList{"Failed to add repository to local sources list!|Authorization error."_s, "no"_s}));
-        QVERIFY(QDir(real).removeRecursively());
-        shell.publishRepo(8000, HttpProtocol, answer);
-        QTRY_COMPARE(told.size(), 5);
-        QVERIFY(told.at(3).contains("link/repo"_s) && peer.calls.size() == 2);
     }
 
     void monitor()
@@ -331,36 +184,6 @@ private Q_SLOTS:
         QDBusConnection::disconnectFromBus(connection);
     }
 
-    void pictureOfTheSystem()
-    {
-        const QTemporaryDir folder;
-        const QString real = QFileInfo(folder.path()).canonicalFilePath();
-        QVERIFY(QFile::link(real, real + "/link"_s));
-        SystemdPeer systemd(m_bus->address(), folder.path());
-        SystemdPeer::Unit unit;
-        unit.activeState = "failed"_s;
-        systemd.setUnit("public-repo-8000.service"_s, unit);
-        unit.activeState = "active"_s;
-        systemd.setUnit("vsftpd.service"_s, unit);
-        RepoServers::Servers servers;
-        servers[FtpProtocol]
-            = std::make_unique<FakeServer>(QList<PublishedRepo>{{21, "FTP"_s, real + "/link"_s}});
-        servers[HttpProtocol] = std::make_unique<FakeServer>(
-            QList<PublishedRepo>{{8000, "HTTP"_s, "/gone/./x/"_s}, {0, "HTTP"_s, {}}});
-        QTcpServer listening;
-        QVERIFY(listening.listen(QHostAddress::AnyIPv6));
-
-        PublicationMonitor monitor(std::make_shared<const RepoServers>(std::move(servers)), nullptr);
-        QSignalSpy refreshed(&monitor, &PublicationMonitor::refreshed);
-        QVERIFY(refreshed.wait());
-        const QVector<Publication> expected{{{8000, "HTTP"_s, "/gone/x"_s}, HttpProtocol, "failed"_s, false},
-                                            {{0, "HTTP"_s, {}}, HttpProtocol, {}, false},
-                                            {{21, "FTP"_s, real}, FtpProtocol, "active"_s, true}};
-        QCOMPARE(monitor.publications(), expected);
-        QCOMPARE(monitor.publicationsOf(real + "/link/link"_s), expected.mid(2));
-        QVERIFY(monitor.listeningPorts().contains(listening.serverPort()));
-    }
-
     void ports()
     {
         // As Linux 6.1 writes it, with a connection from port 22; then what is no table at all.
@@ -371,6 +194,9 @@ private Q_SLOTS:
               "  10: 00000000000000000000000001000000:1F40 00000000000000000000000000000000:0000 0A 0:0\n"
               "x: y:zz a 0A\n   3: 0100007F:0 0 0A\n 0A\n\n   4: 0100007F:00";
         QCOMPARE(ListeningPorts::parse(table), (QSet<int>{631, 8000}));
+        QTcpServer listening;
+        QVERIFY(listening.listen(QHostAddress::AnyIPv6));
+        QVERIFY(ListeningPorts::read().contains(listening.serverPort()));
     }
 
     void rules()

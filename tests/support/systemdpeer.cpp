@@ -31,11 +31,6 @@ QDBusObjectPath jobPath(uint job)
     return QDBusObjectPath(QStringLiteral("%1/job/%2").arg(managerPath).arg(job));
 }
 
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 } // namespace
 
 SystemdPeer::SystemdPeer(const QString &busAddress, QString unitDir)
@@ -64,24 +59,6 @@ void SystemdPeer::setUnit(const QString &name, const Unit &unit)
     m_units.insert(name, unit);
 }
 
-SystemdPeer::Unit SystemdPeer::unit(const QString &name) const
-{
-    const QMutexLocker lock(&m_mutex);
-    return m_units.value(name);
-}
-
-void SystemdPeer::setNewUnits(const Unit &unit)
-{
-    const QMutexLocker lock(&m_mutex);
-    m_newUnit = unit;
-}
-
-QStringList SystemdPeer::takeCalls()
-{
-    const QMutexLocker lock(&m_mutex);
-    return std::exchange(m_calls, {});
-}
-
 QString SystemdPeer::introspect(const QString & /*path*/) const
 {
     return {};
@@ -101,96 +78,45 @@ void SystemdPeer::send(const QDBusMessage &message) const
 
 bool SystemdPeer::load(const QString &name)
 {
-    if (!m_units.contains(name) && QFile::exists(m_unitDir + QLatin1Char('/') + name)) {
-        m_units.insert(name, m_newUnit);
-        m_units[name].text = contents(m_unitDir + QLatin1Char('/') + name);
-    }
+    if (!m_units.contains(name) && QFile::exists(m_unitDir + QLatin1Char('/') + name))
+        m_units.insert(name, {});
     return m_units.contains(name);
 }
 
 QDBusMessage SystemdPeer::answer(const QDBusMessage &message)
 {
     const QString method = message.member();
-    if (method == QLatin1String("Subscribe"))
+    if (method == QLatin1String("Subscribe") || method == QLatin1String("Reload"))
         return message.createReply();
-    if (method == QLatin1String("Reload")) {
-        m_calls << method;
-        for (auto unit = m_units.begin(); unit != m_units.end();) {
-            unit->text = contents(m_unitDir + QLatin1Char('/') + unit.key());
-            const bool isGone = unit->activeState == QLatin1String("inactive") && unit->text.isEmpty()
-                                && unit.key().startsWith(QLatin1String("public-repo"));
-            unit = isGone ? m_units.erase(unit) : std::next(unit);
-        }
-        return message.createReply();
-    }
     const QString name = message.arguments().value(0).toStringList().value(0); // also of a single text
-    const bool isRead = method.startsWith(QLatin1String("Get"));
-    if (!isRead)
-        m_calls << method + QLatin1Char(' ') + name;
     if (!load(name))
         return message.createErrorReply(QStringLiteral("org.freedesktop.systemd1.NoSuchUnit"),
                                         QStringLiteral("Unit %1 not found.").arg(name));
-    Unit &unit = m_units[name];
-    if (!isRead && !unit.refusal.isEmpty())
-        return message.createErrorReply(unit.refusal, QStringLiteral("Unit %1 is not for you.").arg(name));
     if (method == QLatin1String("GetUnit"))
         return message.createReply(QVariant::fromValue(QDBusObjectPath(unitPath(name))));
     if (method == QLatin1String("GetUnitFileState"))
-        return message.createReply(unit.fileState);
-    if (method == QLatin1String("ResetFailedUnit")) {
-        if (unit.activeState == QLatin1String("failed"))
-            unit.activeState = QStringLiteral("inactive");
+        return message.createReply(QStringLiteral("disabled"));
+    // The list of changes is of no interest to anybody who asks here.
+    if (method == QLatin1String("EnableUnitFiles"))
+        return message.createReply(true);
+    if (method == QLatin1String("DisableUnitFiles") || method == QLatin1String("ResetFailedUnit"))
         return message.createReply();
-    }
-    if (method == QLatin1String("EnableUnitFiles") || method == QLatin1String("DisableUnitFiles")) {
-        const bool enables = method.startsWith(QLatin1Char('E'));
-        unit.fileState = enables ? QStringLiteral("enabled") : QStringLiteral("disabled");
-        // The list of changes is of no interest to anybody who asks here.
-        return enables ? message.createReply(true) : message.createReply();
-    }
-    return beginJob(message, name);
+    return doJob(message, name);
 }
 
-QDBusMessage SystemdPeer::beginJob(const QDBusMessage &message, const QString &name)
+QDBusMessage SystemdPeer::doJob(const QDBusMessage &message, const QString &name)
 {
     const uint job = ++m_jobs;
-    const QString method = message.member();
-    QTimer::singleShot(m_units[name].jobTime, this, [this, method, name, job] { endJob(method, name, job); });
+    QTimer::singleShot(0, this, [this, isStop = message.member() == QLatin1String("StopUnit"), name, job] {
+        const QMutexLocker lock(&m_mutex);
+        Unit &unit = m_units[name];
+        setState(name, isStop ? QStringLiteral("inactive") : QStringLiteral("active"));
+        unit.startNumber += isStop ? 0 : 1;
+        // Others have jobs too.
+        sendJobRemoved(0, QStringLiteral("other.service"), QStringLiteral("canceled"));
+        sendJobRemoved(job, name, QStringLiteral("done"));
+    });
     return message.createReply(QVariant::fromValue(jobPath(job)));
-}
-
-void SystemdPeer::endJob(const QString &method, const QString &name, uint job)
-{
-    const QMutexLocker lock(&m_mutex);
-    Unit &unit = m_units[name];
-    QString result = QStringLiteral("done");
-    if (method == QLatin1String("StopUnit")) {
-        if (unit.activeState != QLatin1String("failed")) // which only resetting ends
-            setState(name, QStringLiteral("inactive"));
-    } else if (unit.startResult != result) {
-        result = unit.startResult;
-        setState(name, QStringLiteral("failed"));
-    } else if (unit.activeState != QLatin1String("active") || method == QLatin1String("RestartUnit")) {
-        setState(name, QStringLiteral("active"));
-        const quint64 start = ++unit.startNumber;
-        if (unit.lifeTime == 0)
-            setState(name, QStringLiteral("failed"));
-        else if (unit.lifeTime > 0)
-            QTimer::singleShot(unit.lifeTime, this, [this, name, start] {
-                const QMutexLocker inner(&m_mutex);
-                Unit &dying = m_units[name];
-                if (dying.startNumber != start)
-                    return;
-                setState(name, dying.comesBack ? QStringLiteral("activating") : QStringLiteral("failed"));
-                if (!dying.comesBack)
-                    return;
-                ++dying.startNumber;
-                setState(name, QStringLiteral("active"));
-            });
-    }
-    // Others have jobs too.
-    sendJobRemoved(0, QStringLiteral("other.service"), QStringLiteral("canceled"));
-    sendJobRemoved(job, name, result);
 }
 
 void SystemdPeer::sendJobRemoved(uint job, const QString &name, const QString &result) const

@@ -64,11 +64,14 @@ public Q_SLOTS:
         setPicture(now);
         return answer("unpublish %1 %2"_s.arg(port).arg(protocol));
     }
+    bool AddLocalSource(const QString &entry) { return answer("add "_s + entry); }
+    bool RemoveLocalSource(const QString &entry) { return answer("remove "_s + entry); }
 
 private:
     bool answer(const QString &call)
     {
-        calls << call;
+        // Nobody can agree to what may not ask.
+        calls << (message().isInteractiveAuthorizationAllowed() ? call : "silent "_s + call);
         m_held = message();
         setDelayedReply(holds);
         if (!refusal.isEmpty())
@@ -219,6 +222,8 @@ private Q_SLOTS:
         QTest::newRow("refused")
             << 0 << "Error|OK|Authorization error.\n\nThis takes the rights of an administrator."_list
             << "publish"_s;
+        QTest::newRow("dies") << 0 << "Error|OK|Timeout reply."_list
+                              << "publish"_s;
         QTest::newRow("fails") << 0 << "Error|OK|did not start"_list
                                << "publish"_s;
     }
@@ -235,6 +240,8 @@ private Q_SLOTS:
             writeFile(m_folder.filePath("bin/dpkg.missing"_s), "lighttpd");
         if (is("refused"))
             m_helper->refusal = "org.freedesktop.DBus.Error.AccessDenied"_s;
+        if (is("dies"))
+            m_helper->refusal = "org.freedesktop.DBus.Error.NoReply"_s;
         m_helper->succeeds = !is("fails");
         const int port = is("fails") ? 64999 : 8000;
         if (is("rewrite"))
@@ -298,13 +305,31 @@ private Q_SLOTS:
         QTRY_VERIFY(child<QLabel>(*dialog, "m_emptyLabel")->isVisible());
     }
 
-    void closingDoesNotWait()
+    void localSources()
     {
         start({makeRepository("one"_s)});
         choose(0, HttpProtocol, 8000);
+        action("m_addSrcListAction")->trigger();
+        QTRY_COMPARE(m_driver->message(), "Repository is added to local sources list."_s);
+        const QString line = field<QLineEdit>("m_srcLineEdit")->text();
+        m_helper->succeeds = false;
+        bool isAnswered = false;
+        const Script told{answer("Error"_s, "OK"_s)};
+        m_driver->tab()->repoShell()->removeLocalSource(line, [&](bool done) { isAnswered = !done; });
+        QTRY_VERIFY(told.isDone() && isAnswered);
+        QCOMPARE(m_helper->calls.join("|"_s), "add %1|remove %1"_s.arg(line));
+        QVERIFY(m_driver->log().contains("Failed to remove repository from local sources list!"_s));
+    }
+
+    void closingDoesNotWait()
+    {
+        const QString real = makeRepository("one"_s);
+        QVERIFY(QFile::link(real, real + "-link"_s));
+        start({real + "-link"_s});
+        choose(0, HttpProtocol, 8000);
         m_helper->holds = true;
         action("m_publishRepoAction")->trigger();
-        QTRY_COMPARE(m_helper->calls.size(), 1);
+        QTRY_COMPARE(m_helper->calls.join("|"_s), "publish %1 8000 0"_s.arg(real));
         QVERIFY(m_driver->window().close());
         m_driver.reset();
         m_helper->release();
