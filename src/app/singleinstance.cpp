@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/singleinstance.h"
 
+#include "app/instanceframes.h"
+
 #include <QDeadlineTimer>
 #include <QFile>
 #include <QLocalSocket>
 #include <QLoggingCategory>
 #include <QTimer>
-#include <QtEndian>
-
-#include <optional>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -17,7 +16,6 @@ namespace
 {
 Q_LOGGING_CATEGORY(log, "velt.app", QtInfoMsg)
 
-constexpr int headerSize = sizeof(quint32);
 constexpr char receipt = '\x06';
 // Pace of the attempts while the first instance is between its lock and its socket, or is ending, in milliseconds.
 constexpr int retryInterval = 100;
@@ -37,23 +35,6 @@ bool belongsToUserAlone(const QString &folder)
     return !folder.isEmpty() && ::lstat(QFile::encodeName(folder).constData(), &status) == 0
            && S_ISDIR(status.st_mode) && status.st_uid == ::geteuid()
            && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
-}
-
-QByteArray framed(const QString &message)
-{
-    const QByteArray body = message.toUtf8();
-    QByteArray frame(headerSize, Qt::Uninitialized);
-    qToBigEndian(static_cast<quint32>(body.size()), frame.data());
-    return frame + body;
-}
-
-/** The text of a body, or nothing when it is not UTF-8. */
-std::optional<QString> decoded(const QByteArray &body)
-{
-    const QString text = QString::fromUtf8(body);
-    if (text.toUtf8() != body || text.contains(QChar::Null))
-        return std::nullopt;
-    return text;
 }
 } // namespace
 
@@ -118,7 +99,7 @@ void SingleInstance::acceptConnections()
             socket->deleteLater();
             continue;
         }
-        socket->setReadBufferSize(headerSize + maxMessageSize);
+        socket->setReadBufferSize(InstanceFrames::HeaderSize + InstanceFrames::LongestMessage);
         connect(socket, &QLocalSocket::readyRead, this, [this, socket] { readMessages(socket); });
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
         QTimer::singleShot(patience, socket, [socket] { socket->abort(); });
@@ -128,7 +109,13 @@ void SingleInstance::acceptConnections()
 void SingleInstance::readMessages(QLocalSocket *socket)
 {
     // Acknowledged after the reading: writing to a sender that has gone closes the socket with all it still holds.
-    const int accepted = takeFrames(socket);
+    const InstanceFrames::Taken taken = InstanceFrames::take(*socket);
+    const int accepted = taken.messages.size();
+    m_pending += taken.messages;
+    if (!taken.fault.isEmpty()) {
+        qCWarning(log, "refused %s", qPrintable(taken.fault));
+        socket->abort();
+    }
     if (accepted > 0 && socket->state() == QLocalSocket::ConnectedState) {
         socket->write(QByteArray(accepted, receipt));
         socket->flush();
@@ -136,31 +123,6 @@ void SingleInstance::readMessages(QLocalSocket *socket)
     // Not from here: a receiver may open a dialog, whose event loop would read and delete this socket.
     if (accepted > 0)
         QMetaObject::invokeMethod(this, &SingleInstance::deliverPending, Qt::QueuedConnection);
-}
-
-int SingleInstance::takeFrames(QLocalSocket *socket)
-{
-    for (int accepted = 0;; ++accepted) {
-        const QByteArray header = socket->peek(headerSize);
-        if (header.size() < headerSize)
-            return accepted;
-        const auto size = qFromBigEndian<quint32>(header.constData());
-        if (size > maxMessageSize) {
-            qCWarning(log, "refused a message of %u bytes", size);
-            socket->abort();
-            return accepted;
-        }
-        if (socket->bytesAvailable() < headerSize + qint64(size))
-            return accepted;
-        socket->skip(headerSize);
-        const std::optional<QString> message = decoded(socket->read(size));
-        if (!message.has_value()) {
-            qCWarning(log, "refused a message that is no text");
-            socket->abort();
-            return accepted;
-        }
-        m_pending.append(*message);
-    }
 }
 
 void SingleInstance::startDelivery()
@@ -177,8 +139,8 @@ void SingleInstance::deliverPending()
 
 SingleInstance::Outcome SingleInstance::handOver(const QString &message, int timeout)
 {
-    const QByteArray frame = framed(message);
-    if (frame.size() - headerSize > static_cast<int>(maxMessageSize))
+    const QByteArray frame = InstanceFrames::frame(message);
+    if (frame.isEmpty())
         return NotDelivered;
     const QDeadlineTimer deadline(timeout);
     do {

@@ -14,8 +14,8 @@ class QLocalSocket;
  * Makes the program run once for a user: the first start holds a lock and listens, every later one hands a message
  * over to it. Lock and socket lie in a folder that only the user can enter.
  *
- * On the wire a message is a 32-bit big-endian length and that many bytes of UTF-8; the first instance answers each
- * one with one byte when it has it. What arrives before startDelivery() is kept.
+ * The first instance answers each message (see InstanceFrames) with one byte when it has it, and hangs up on who sends
+ * something else. What arrives before startDelivery() is kept.
  */
 class SingleInstance : public QObject
 {
@@ -26,9 +26,6 @@ public:
         NotDelivered, ///< nobody took it within the time
         BecameFirst ///< the first instance has ended meanwhile; this one is now the first and the message is unsent
     };
-
-    /** Longest message in bytes; what claims to be longer is refused and its sender disconnected. */
-    static constexpr quint32 maxMessageSize = 8 * 1024 * 1024;
 
     /** Takes the lock in `folder`, and listens, when no other instance holds it. */
     explicit SingleInstance(const QString &folder, QObject *parent = nullptr);
@@ -63,8 +60,6 @@ private:
     void listen();
     void acceptConnections();
     void readMessages(QLocalSocket *socket);
-    /** Moves the whole messages that have come to the pending ones and returns their number. */
-    int takeFrames(QLocalSocket *socket);
     void deliverPending();
     bool send(const QByteArray &frame, int timeout);
 

@@ -87,16 +87,4 @@ void FuzzTarget::results(std::string_view input)
     QByteArray twice;
     FUZZ_RULE(rewrite(written, {Other, {}, {}}, &twice) == Outcome::Done);
     FUZZ_RULE(twice == written);
-
-    // The repository has moved.
-    FUZZ_RULE(rewrite(written, {Repository, Other, {}}, &twice) == Outcome::Done);
-    FUZZ_RULE(!hasMember(twice, Repository) && hasMember(twice, Other) == isKnown);
-    FUZZ_RULE(read(twice, Other, &again) == Outcome::Done);
-    FUZZ_EQUAL(description(again), description(stored));
-
-    // The repository's results are stored anew.
-    const auto packages = packagesOf(stored);
-    FUZZ_RULE(rewrite(written, {Repository, {}, packages}, &twice) == Outcome::Done);
-    FUZZ_RULE(read(twice, Repository, &again) == Outcome::Done);
-    FUZZ_EQUAL(description(again), description(stored));
 }
