@@ -39,29 +39,6 @@ class TestAptCommands : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void privateListLivesAsLongAsItIsUsed()
-    {
-        QString last;
-        {
-            AptUtils apt;
-            QVERIFY(apt.setPrivateSources({"http://h/r s main contrib"_s, "ftp://h/%1 t main"_s}));
-            const QString first = apt.privateSourcesFile();
-            QVERIFY(first.startsWith(QDir::tempPath() + "/nep-sources.list"_s));
-            QCOMPARE(readFile(first), QByteArray("deb http://h/r s main contrib\ndeb ftp://h/%1 t main\n"));
-
-            // A list that cannot be made leaves none, not the one before.
-            const QByteArray before = qgetenv("TMPDIR");
-            qputenv("TMPDIR", "/proc");
-            const bool made = apt.setPrivateSources({"http://h/r s main"_s});
-            qputenv("TMPDIR", before);
-            QVERIFY(!made && apt.privateSourcesFile().isEmpty() && !QFile::exists(first));
-            QVERIFY(apt.setPrivateSources({}));
-            last = apt.privateSourcesFile();
-            QVERIFY(QFile::exists(last));
-        }
-        QVERIFY(!QFile::exists(last));
-    }
-
     void onlyNamesReachTheTools()
     {
         const auto calls = [](const QString &name) {
