@@ -120,20 +120,6 @@ private Q_SLOTS:
         QVERIFY2(unknown.isEmpty(), qPrintable(unknown.join(QLatin1Char('\n'))));
     }
 
-    void showsAPageAndGoesBack()
-    {
-        QVERIFY(veltHelpShow(nullptr));
-        QCOMPARE(browser()->source().fileName(), "index.html"_s);
-        HelpWindow *first = shownWindow();
-        QVERIFY(veltHelpShow(nullptr, "clients.html#ftp"_s));
-        QVERIFY(shownWindow() == first && browser()->source().fragment() == "ftp"_s);
-        QVERIFY(first->windowTitle().contains(browser()->documentTitle()));
-        QTest::keyClick(browser(), Qt::Key_Left, Qt::AltModifier);
-        QCOMPARE(browser()->source().fileName(), "index.html"_s);
-        QTest::keyClick(first, Qt::Key_Escape);
-        QVERIFY(shownWindow() == nullptr);
-    }
-
     void findsOnOtherPages()
     {
         QVERIFY(veltHelpShow(nullptr));
@@ -172,12 +158,12 @@ private Q_SLOTS:
             QDialog dialog(&window);
             dialog.setModal(true);
             dialog.show();
-            QVERIFY(veltHelpShow(&dialog, "packages.html"_s));
+            QVERIFY(veltHelpShow(&dialog, "clients.html#ftp"_s));
             QVERIFY(help->isVisible() && help->parentWidget() == &dialog);
             dialog.accept();
         }
         QVERIFY(!help.isNull() && help->isVisible() && help->parentWidget() == &window);
-        QCOMPARE(browser()->source().fileName(), "packages.html"_s);
+        QCOMPARE(browser()->source().fileName() + browser()->source().fragment(), "clients.htmlftp"_s);
         help->reject();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }

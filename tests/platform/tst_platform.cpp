@@ -2,7 +2,6 @@
 #include "platform/desktopintegration.h"
 #include "platform/desktopnotification.h"
 #include "platform/packagemanager.h"
-#include "platform/velticon.h"
 #include "platform/windowgeometry.h"
 #include "support/lists.h"
 #include "support/literals.h"
@@ -65,24 +64,6 @@ private Q_SLOTS:
             for (const int size : {16, 22, 48})
                 QVERIFY2(!QIcon::fromTheme(name).pixmap(size, size).isNull(), qPrintable(name));
         }
-    }
-
-    void overlayIsSeen()
-    {
-        // A thin check mark must still be seen in the tree: most of its corner is not what it was.
-        const auto small = [](const char *overlay) {
-            return VeltIcon::withOverlay("folder"_s, QLatin1String(overlay)).pixmap(16, 16).toImage();
-        };
-        const QImage checked = small("dialog-ok-apply");
-        const QImage plain = small("");
-        QCOMPARE(checked.copy(0, 0, 16, 5), plain.copy(0, 0, 16, 5));
-        QVERIFY(checked != plain && checked != small("dialog-close"));
-        int strong = 0;
-        for (int y = 8; y < 16; ++y) {
-            for (int x = 7; x < 16; ++x)
-                strong += qAlpha(checked.pixel(x, y)) > 200 ? 1 : 0;
-        }
-        QVERIFY2(strong >= 12, qPrintable(QString::number(strong)));
     }
 
     void installedPackages()

@@ -273,16 +273,11 @@ private Q_SLOTS:
         choices.currentComponent = "contrib"_s;
         choices.signPackage = true;
         AddPkgSettingsDialog dialog({"main"_s, "contrib"_s}, choices, prompts);
-        auto *component = child<QComboBox>(dialog, "m_componentComboBox");
-        QCOMPARE(component->currentText(), "contrib"_s);
         QVERIFY(dialog.choices().signPackage);
-        child<QCheckBox>(dialog, "m_signPackageCheckBox")->click();
-        QVERIFY(!dialog.choices().signPackage);
-        child<QCheckBox>(dialog, "m_checkDependsCheckBox")->click();
-        child<QCheckBox>(dialog, "m_showCheckBox")->click();
-        component->setCurrentIndex(0);
-        QCOMPARE(dialog.choices().currentComponent, QString());
-        QVERIFY(!dialog.choices().addPkgCheckDepends && !dialog.choices().showAddPkgSettings);
+        for (const char *box : {"m_signPackageCheckBox", "m_checkDependsCheckBox"})
+            child<QCheckBox>(dialog, box)->click();
+        QVERIFY(!dialog.choices().signPackage && !dialog.choices().addPkgCheckDepends);
+        QVERIFY(dialog.choices().showAddPkgSettings);
         QCOMPARE(AddPkgSettingsDialog({}, choices, prompts).choices().currentComponent, "contrib"_s);
     }
 
@@ -396,35 +391,6 @@ private Q_SLOTS:
         ExternalReposDialog alone(edited, prompts);
         QTRY_VERIFY(child<ElidedLabel>(alone, "m_stateLabel")->fullText().endsWith("could not be read."_s));
         QVERIFY(alone.repos().entries() == edited.entries());
-    }
-
-    void errorsComeOneAtATime()
-    {
-        QWidget window;
-        window.show();
-        Prompts prompts(&window);
-        QSignalSpy freed(&prompts, &Prompts::freed);
-        for (int i = 0; i < 50; ++i)
-            prompts.showError("error %1"_s.arg(i), "because"_s, RepoEnums::WARNING);
-        // The one box that is visible.
-        const auto box = [&window] {
-            QList<QMessageBox *> boxes = window.findChildren<QMessageBox *>();
-            boxes.erase(std::remove_if(boxes.begin(),
-                                       boxes.end(),
-                                       [](auto *candidate) { return candidate->isHidden(); }),
-                        boxes.end());
-            return boxes.size() == 1 ? boxes.first() : nullptr;
-        };
-        QVERIFY(box() != nullptr && prompts.isOpen());
-        QCOMPARE(box()->text(), "error 0"_s);
-        QCOMPARE(box()->icon(), QMessageBox::Warning);
-        box()->button(QMessageBox::Ok)->click();
-        QVERIFY(box() != nullptr && freed.isEmpty());
-        QVERIFY(box()->text().startsWith("error 1\n"_s));
-        QVERIFY(box()->detailedText().contains("error 49\nbecause"_s));
-        box()->button(QMessageBox::Ok)->click();
-        QTRY_COMPARE(freed.size(), 1);
-        QVERIFY(!prompts.isOpen());
     }
 
     void signingKeyIsNeverLost()

@@ -295,19 +295,6 @@ private Q_SLOTS:
         menu->close();
     }
 
-    void remembersWhatCouldBeOpened()
-    {
-        const QString damaged = m_folder.filePath("damaged"_s);
-        writeFile(damaged + "/conf/distributions"_s, "Architectures: amd64\n");
-        const QString good = makeRepository("good"_s);
-        QSettings().setValue("recentRepoList"_s, QStringList());
-        QSettings().setValue("recentOpennedRepos"_s, QStringList{damaged, good});
-        MainWindow window;
-        window.show();
-        QVERIFY(waitForTabs(window, 1));
-        QCOMPARE(QSettings().value("recentRepoList"_s).toStringList(), QStringList{good});
-    }
-
     void titles()
     {
         const QStringList paths{"/a/x/r"_s, "/b/x/r"_s, "/r"_s, "/c/s/"_s, "/"_s};

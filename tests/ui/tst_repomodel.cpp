@@ -25,11 +25,6 @@ PackageBuilder named(const char *name)
     return PackageBuilder(QString::fromLatin1(name));
 }
 
-RepoInfo repository(const QString &architectures = "amd64"_s)
-{
-    return {"repo"_s, {}, {}, {}, architectures, {}};
-}
-
 PackageBuilder numbered(int number)
 {
     return PackageBuilder("p%1"_s.arg(number)).section(number % 3 == 0 ? "net"_s : "utils"_s);
@@ -51,11 +46,10 @@ struct Fixture
     {
         proxy.setSourceModel(&model);
         model.apply(changes);
-        model.setRepository(repository());
+        model.setRepository({"repo"_s, {}, {}, {}, "amd64"_s, {}});
         for (QSignalSpy *spy : {&resets, &inserted, &removals, &changed})
             spy->clear();
     }
-    QVariant data(const char *text, int role) const { return find(model, text).data(role); }
 };
 } // namespace
 
@@ -156,20 +150,6 @@ private Q_SLOTS:
         QVERIFY(!f.model.setData(f.model.index(0, 0), int(DependError), RepoModel::StateRole));
         QVERIFY(!f.model.setData(a, "name"_s, Qt::DisplayRole));
         QCOMPARE(f.model.dependState(f.model.index(0, 0)), int(DependSuccess));
-    }
-
-    void iconsAndToolTips()
-    {
-        Fixture f({stored(named("a")), stored(named("b").state(DependError)), stored(named("c"))});
-        const auto icon
-            = [&f](const char *name) { return f.data(name, Qt::DecorationRole).value<QIcon>().cacheKey(); };
-        QVERIFY(icon("a") != icon("b"));
-        QCOMPARE(icon("a"), icon("c"));
-        f.model.apply({stored(named("a").signedWith("key"_s))});
-        QVERIFY(icon("a") != icon("c"));
-        QVERIFY(f.data("a", Qt::ToolTipRole).toString().isEmpty());
-        f.model.setRepository(repository("amd64 arm64"_s));
-        QVERIFY(f.data("a", Qt::ToolTipRole).toString().contains("amd64"_s));
     }
 
     void filters()
