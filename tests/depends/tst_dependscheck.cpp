@@ -5,7 +5,6 @@
 #include "depends/dependscheck.h"
 #include "depends/dependscollection.h"
 #include "depends/dependsreport.h"
-#include "depends/dependsrules.h"
 #include "depends/versionorder.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
@@ -265,16 +264,6 @@ private Q_SLOTS:
         FakeSource apt({"one 1.0"_s, "postfix 3.7"_s, "both 2"_s},
                        {"exim mta"_s, "postfix mta"_s, "perlx perlapi"_s});
         QTEST(checked(needing(depends), repository, apt, from), "expected");
-    }
-
-    void statusOfAPackage()
-    {
-        const auto status = [](DependStatus first, DependStatus second) {
-            return DependsRules::packageStatus({{"a"_s, {first, {}}}, {"b"_s, {second, {}}}});
-        };
-        QCOMPARE(status(DependUndefined, DependError), DependError);
-        QCOMPARE(status(DependError, DependUndefined), DependError);
-        QCOMPARE(status(DependSuccess, DependUndefined), DependUndefined);
     }
 
     void manyPackages()
