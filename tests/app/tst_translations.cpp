@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktopintegration.h"
-#include "support/lists.h"
 #include "support/literals.h"
 #include "support/scopedvariable.h"
 #include "support/testenvironment.h"
-#include "ui/mainwindow.h"
 
 #include <QXmlStreamReader>
 #include <QtTest>
@@ -207,29 +205,6 @@ private Q_SLOTS:
         QCOMPARE(shown("SearchPackageWidget", "%n package(s)", 1), "1 package"_s);
         QCOMPARE(shown("SearchPackageWidget", "%n package(s)", 2), "2 packages"_s);
         QCOMPARE(shown("QPlatformTheme", "Cancel"), "Cancel"_s);
-    }
-
-    void windowInTheLanguageOfTheUser_data()
-    {
-        QTest::addColumn<QStringList>("menus");
-        QTest::addColumn<QString>("cancel");
-        QTest::newRow("de_AT") << "Datei|Bearbeiten|Veröffentlichung|Einstellungen|Ansicht|Hilfe"_list
-                               << "Abbrechen"_s;
-        QTest::newRow("ru_RU") << "Файл|Правка|Публикация|Настройки|Вид|Справка"_list
-                               << "Отмена"_s;
-    }
-
-    void windowInTheLanguageOfTheUser()
-    {
-        QLocale::setDefault(QLocale(QLatin1String(QTest::currentDataTag())));
-        veltInit("0"_s, "Velt admin repo"_s);
-        const MainWindow window;
-        QStringList menus;
-        for (const QAction *action : window.findChild<QMenuBar *>()->actions())
-            menus << action->text().remove(QLatin1Char('&'));
-        QTEST(menus, "menus");
-        const QDialogButtonBox box(QDialogButtonBox::Cancel);
-        QTEST(box.buttons().first()->text().remove(QLatin1Char('&')), "cancel");
     }
 
     void languagesInTheirOrder()
