@@ -339,7 +339,7 @@
     </message>
     <message>
         <source>Dependencies in this state are not shown. The buttons above choose what is shown.</source>
-        <translation>Abhängigkeiten in diesem Zustand werden nicht angezeigt. Die Knöpfe darüber wählen, was angezeigt wird.</translation>
+        <translation>Abhängigkeiten in diesem Zustand werden nicht angezeigt. Die Schaltflächen darüber bestimmen, was angezeigt wird.</translation>
     </message>
     <message>
         <source>The package has no dependencies.</source>
@@ -1139,7 +1139,7 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>Remove confirmation</source>
-        <translation>Löschen bestätigen</translation>
+        <translation>Entfernen bestätigen</translation>
     </message>
     <message>
         <source>Do you want to remove selected packages?</source>
@@ -2054,7 +2054,7 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>The record of the signed packages could not be written.</source>
-        <translation>Das Verzeichnis der signierten Pakete konnte nicht geschrieben werden.</translation>
+        <translation>Die Liste der signierten Pakete konnte nicht geschrieben werden.</translation>
     </message>
     <message>
         <source>The file that has come is of another package: %1 %2 (%3).</source>
@@ -2909,7 +2909,7 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
     <message>
         <source>The service manager allows this to the administrator only.</source>
-        <translation>Die Dienstverwaltung erlaubt dies nur dem Systemverwalter.</translation>
+        <translation>Die Dienstverwaltung erlaubt dies nur dem Administrator.</translation>
     </message>
     <message>
         <source>There is no such service: %1</source>
@@ -2917,7 +2917,7 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
     <message>
         <source>The administrator has masked the service: %1</source>
-        <translation>Der Systemverwalter hat den Dienst maskiert: %1</translation>
+        <translation>Der Administrator hat den Dienst maskiert: %1</translation>
     </message>
     <message>
         <source>The service manager answers: %1</source>
