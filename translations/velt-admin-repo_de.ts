@@ -2760,6 +2760,14 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
         <source>The list cannot be stored in %1.</source>
         <translation>Die Liste kann nicht in %1 gespeichert werden.</translation>
     </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>The settings cannot be stored in %1.</source>
+        <translation>Die Einstellungen können nicht in %1 gespeichert werden.</translation>
+    </message>
 </context>
 <context>
     <name>SigningCommands</name>

@@ -2778,6 +2778,14 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
         <source>The list cannot be stored in %1.</source>
         <translation>Не удалось сохранить список в %1.</translation>
     </message>
+    <message>
+        <source>Settings</source>
+        <translation>Настройки</translation>
+    </message>
+    <message>
+        <source>The settings cannot be stored in %1.</source>
+        <translation>Не удалось сохранить настройки в %1.</translation>
+    </message>
 </context>
 <context>
     <name>SigningCommands</name>

@@ -117,6 +117,7 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
     connect(m_depends, &DependsCommands::stateChanged, this, &MainWindow::updateActions);
     connect(m_reports, &DependsReportCommands::stateChanged, this, &MainWindow::updateActions);
     connect(m_settings, &SettingsCommands::changed, this, &MainWindow::showChoices);
+    connect(m_settings, &SettingsCommands::notStored, m_feedback, &JobFeedback::announce);
     connect(m_closing, &ClosingSequence::began, this, &MainWindow::beginClosing);
     connect(m_closing, &ClosingSequence::finished, this, &MainWindow::close);
     // The default at the end of a session closes windows and takes an ignored close for a refusal.
@@ -425,6 +426,9 @@ void MainWindow::dropEvent(QDropEvent *event)
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    // While somebody is still there to read it.
+    if (!m_closing->isClosing() && !m_prompts->isOpen() && !saveState())
+        m_settings->warnNotStored();
     event->setAccepted(m_closing->requestClose());
 }
 
@@ -461,8 +465,11 @@ void MainWindow::reopen()
 void MainWindow::saveOpenRepositories()
 {
     // Also before the end, which the program may not live to see.
-    if (!m_reopening && !m_closing->isClosing())
-        QSettings().setValue(SettingsKey::RecentOpennedRepos, m_tabs->paths());
+    if (m_reopening || m_closing->isClosing())
+        return;
+    QSettings settings;
+    settings.setValue(SettingsKey::RecentOpennedRepos, m_tabs->paths());
+    m_settings->store(settings);
 }
 
 void MainWindow::beginClosing()
@@ -478,7 +485,7 @@ void MainWindow::beginClosing()
     saveState();
 }
 
-void MainWindow::saveState()
+bool MainWindow::saveState()
 {
     QSettings settings;
     m_settings->save();
@@ -493,4 +500,5 @@ void MainWindow::saveState()
     const QList<RepoWidget *> widgets = m_tabs->shown();
     for (RepoWidget *widget : widgets)
         widget->saveChoices();
+    return m_settings->store(settings);
 }

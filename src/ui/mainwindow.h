@@ -86,7 +86,8 @@ private:
     void beginClosing();
     void closeOtherTabs(int index);
     void saveOpenRepositories();
-    void saveState();
+    /** False when it could not be stored. */
+    bool saveState();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
     EmptyPage *m_emptyPage; ///< in place of the tabs while there is none

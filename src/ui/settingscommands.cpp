@@ -45,10 +45,34 @@ void SettingsCommands::applyToAll() const
         applyTo(*widget);
 }
 
-void SettingsCommands::save() const
+void SettingsCommands::save()
 {
     QSettings settings;
     m_choices.save(settings);
+    store(settings);
+}
+
+bool SettingsCommands::store(QSettings &settings)
+{
+    // With the object that the values were given to: a new one knows nothing of them when there is no file yet.
+    settings.sync();
+    if (settings.status() != QSettings::AccessError)
+        return true;
+    if (!m_toldNotStored) {
+        m_toldNotStored = true;
+        Q_EMIT notStored(notStoredText());
+    }
+    return false;
+}
+
+void SettingsCommands::warnNotStored()
+{
+    m_prompts.warn(tr("Settings"), notStoredText());
+}
+
+QString SettingsCommands::notStoredText()
+{
+    return tr("The settings cannot be stored in %1.").arg(QSettings().fileName());
 }
 
 void SettingsCommands::setChoices(const UserChoices &choices)

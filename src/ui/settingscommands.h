@@ -10,6 +10,7 @@
 #include <functional>
 
 class Prompts;
+class QSettings;
 class RepoTabs;
 class RepoWidget;
 
@@ -26,7 +27,11 @@ public:
     const UserChoices &choices() const { return m_choices; }
     /** Reads the stored choices again. */
     void load();
-    void save() const;
+    void save();
+    /** Writes the settings out. When that fails it says so, once in a session, by notStored(). */
+    bool store(QSettings &settings);
+    /** The same as a box, for the end of the session: what the user has changed is lost. */
+    void warnNotStored();
 
     /** Lets the user say how packages are added; false when cancelled. `components`: where they can go. */
     bool editAddSettings(const QStringList &components, AddedFrom origin = AddedFrom::Files);
@@ -60,16 +65,20 @@ Q_SIGNALS:
     void changed();
     /** Another list, or other names in it. */
     void externalReposChanged();
+    /** A sentence for the user. */
+    void notStored(const QString &message);
 
 private:
     void setChoices(const UserChoices &choices);
     /** Tells the engine what its jobs must know of the choices. */
     void applyTo(const RepoWidget &widget) const;
     void applyToAll() const;
+    static QString notStoredText();
 
     RepoTabs &m_tabs;
     Prompts &m_prompts;
     UserChoices m_choices;
     ExternalRepos m_externalRepos;
     bool m_signingOffered = true;
+    bool m_toldNotStored = false;
 };

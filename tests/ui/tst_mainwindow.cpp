@@ -5,6 +5,7 @@
 #include "platform/desktopintegration.h"
 #include "platform/veltaboutdialog.h"
 #include "support/children.h"
+#include "support/fulldisk.h"
 #include "support/lists.h"
 #include "support/testenvironment.h"
 #include "ui/addpkgsettingsdialog.h"
@@ -300,6 +301,36 @@ private Q_SLOTS:
         const QStringList paths{"/a/x/r"_s, "/b/x/r"_s, "/r"_s, "/c/s/"_s, "/"_s};
         QCOMPARE(TabTitles::of(paths).join(" "_s), "a/x/r b/x/r /r s /"_s);
         QCOMPARE(TabTitles::of({"/a/r"_s, "/a/r"_s}).join(" "_s), "/a/r /a/r"_s);
+    }
+
+    /** Once in the log, and once more when the window is closed; nobody is there when the session ends. */
+    void settingsThatCannotBeStored()
+    {
+        for (const bool isAsked : {true, false}) {
+            QSettings().setValue("dependsRepoType"_s, 3);
+            MainWindow window;
+            window.show();
+            const FullDisk full(0);
+            for (const char *mode : {"m_checkDependsLocalAction", "m_checkDependsAllAction"})
+                child<QAction>(window, mode)->trigger();
+            const QString told = "The settings cannot be stored in %1."_s.arg(QSettings().fileName());
+            QCOMPARE(child<QPlainTextEdit>(window, "m_logTextEdit")->toPlainText().count(told), 1);
+            QStringList boxes;
+            QTimer answers;
+            answers.callOnTimeout([&boxes] {
+                if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget())) {
+                    boxes << box->text();
+                    box->accept();
+                }
+            });
+            answers.start(10);
+            if (isAsked)
+                QVERIFY(window.close());
+            else
+                window.closeWithoutAsking();
+            QVERIFY(!window.isVisible());
+            QCOMPARE(boxes, isAsked ? QStringList(told) : QStringList());
+        }
     }
 
     void damagedSettings()
