@@ -1072,7 +1072,7 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>The name or the code name cannot be used. They consist of letters, digits, dots, hyphens and underscores.</source>
-        <translation>Der Name oder der Codename kann nicht verwendet werden. Sie bestehen aus Buchstaben, Ziffern, Punkten, Bindestrichen und Unterstrichen.</translation>
+        <translation>Der Name oder der Codename kann nicht verwendet werden. Beide bestehen aus Buchstaben, Ziffern, Punkten, Bindestrichen und Unterstrichen.</translation>
     </message>
     <message>
         <source>Changing fields Codename, Architectures, Components may result in packages deletion. Want to continue?</source>
@@ -1088,7 +1088,7 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>The directory %1 already exists. Replace it?</source>
-        <translation>Das Verzeichnis %1 besteht bereits. Ersetzen?</translation>
+        <translation>Das Verzeichnis %1 ist bereits vorhanden. Ersetzen?</translation>
     </message>
     <message>
         <source>Overwriting a published repository</source>
@@ -1348,7 +1348,7 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>The file %1 already exists. Do you want to replace it?</source>
-        <translation>Die Datei %1 besteht bereits. Möchten Sie sie ersetzen?</translation>
+        <translation>Die Datei %1 ist bereits vorhanden. Möchten Sie sie ersetzen?</translation>
     </message>
 </context>
 <context>
@@ -2143,6 +2143,14 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>Create source.list file error</source>
         <translation>Fehler beim Erstellen der Datei source.list</translation>
+    </message>
+    <message>
+        <source>Recovering repository after an interrupted job</source>
+        <translation>Repository wird nach einem unterbrochenen Vorgang wiederhergestellt</translation>
+    </message>
+    <message>
+        <source>An earlier change of the repository was interrupted and has been undone. Do it again if it is still wanted.</source>
+        <translation>Eine frühere Änderung des Repositorys wurde unterbrochen und ist rückgängig gemacht. Wiederholen Sie sie, falls sie noch gewünscht ist.</translation>
     </message>
 </context>
 <context>

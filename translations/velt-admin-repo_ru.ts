@@ -2160,6 +2160,14 @@ One or more values</source>
         <source>Create source.list file error</source>
         <translation>Ошибка создания файла source.list</translation>
     </message>
+    <message>
+        <source>Recovering repository after an interrupted job</source>
+        <translation>Восстановление репозитория после прерванной операции</translation>
+    </message>
+    <message>
+        <source>An earlier change of the repository was interrupted and has been undone. Do it again if it is still wanted.</source>
+        <translation>Предыдущее изменение репозитория было прервано и отменено. Повторите его, если оно ещё нужно.</translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>

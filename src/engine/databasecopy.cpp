@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/databasecopy.h"
 
+#include "core/wholefile.h"
+#include "engine/distributionsfile.h"
+#include "signing/signprocess.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -17,6 +21,11 @@ namespace
 const QString PackagesFile = QStringLiteral("packages.db");
 /** What it remembers of the index files that it has written, which are other ones by now. */
 const QString ReleaseCache = QStringLiteral("release.caches.db");
+
+/** The record of the signed packages; empty in the copy when there was none. */
+const QString SignatureFile = QStringLiteral("packages.conf");
+const QString DescriptionFile = QStringLiteral("/distributions");
+const QString DoneDescriptionFile = QStringLiteral("/distributions.done");
 
 QString inDatabase(const QString &repoPath, const QString &name)
 {
@@ -53,6 +62,30 @@ QStringList filesToCopy(const QString &repoPath)
     return files;
 }
 
+bool copyWhole(const QString &source, const QString &copy)
+{
+    return QFile::copy(source, copy) && QFileInfo(copy).size() == QFileInfo(source).size();
+}
+
+bool copySignatures(const QString &repoPath, const QString &target)
+{
+    const QString source = SignProcess::packagesConfPath(repoPath);
+    const QString copy = target + QLatin1Char('/') + SignatureFile;
+    return QFile::exists(source) ? copyWhole(source, copy) : QFile(copy).open(QIODevice::WriteOnly);
+}
+
+bool putSignaturesBack(const QString &repoPath, const QString &source)
+{
+    const QString copy = source + QLatin1Char('/') + SignatureFile;
+    const QString target = SignProcess::packagesConfPath(repoPath);
+    // When this was cut short before, the copy has gone to its place.
+    if (!QFile::exists(copy))
+        return true;
+    if (QFileInfo(copy).size() > 0)
+        return rename(copy, target);
+    return !QFile::exists(target) || QFile::remove(target);
+}
+
 bool copyFiles(const QString &repoPath)
 {
     const QString target = unfinishedPlace(repoPath);
@@ -61,11 +94,9 @@ bool copyFiles(const QString &repoPath)
         return false;
     const QStringList files = filesToCopy(repoPath);
     const bool copied = std::all_of(files.cbegin(), files.cend(), [&](const QString &file) {
-        const QString source = inDatabase(repoPath, file);
-        const QString copy = target + QLatin1Char('/') + file;
-        return QFile::copy(source, copy) && QFileInfo(copy).size() == QFileInfo(source).size();
+        return copyWhole(inDatabase(repoPath, file), target + QLatin1Char('/') + file);
     });
-    if (copied && rename(target, place(repoPath)))
+    if (copied && copySignatures(repoPath, target) && rename(target, place(repoPath)))
         return true;
     QDir(target).removeRecursively();
     return false;
@@ -123,7 +154,8 @@ bool DatabaseCopy::putBack(const QString &repoPath)
     if (files.removeOne(PackagesFile))
         files.append(PackagesFile);
     QFile::remove(inDatabase(repoPath, ReleaseCache));
-    return std::all_of(
+    return putSignaturesBack(repoPath, source.path())
+           && std::all_of(
                files.cbegin(),
                files.cend(),
                [&](const QString &file) { return rename(source.filePath(file), inDatabase(repoPath, file)); })
@@ -132,7 +164,49 @@ bool DatabaseCopy::putBack(const QString &repoPath)
 
 void DatabaseCopy::drop(const QString &repoPath)
 {
-    for (const QString &path : {place(repoPath), condemnedPlace(repoPath), unfinishedPlace(repoPath)})
-        if (QFile::exists(path))
-            QDir(path).removeRecursively();
+    // Under the name of a copy that is not finished, half of it is taken for what it is.
+    const QString rest = unfinishedPlace(repoPath);
+    for (const QString &path : {place(repoPath), condemnedPlace(repoPath)}) {
+        if (!QFile::exists(path))
+            continue;
+        QDir(rest).removeRecursively();
+        QDir(rename(path, rest) ? rest : path).removeRecursively();
+    }
+    if (QFile::exists(rest))
+        QDir(rest).removeRecursively();
+}
+
+// --- the description ---------------------------------------------------------------------------------------------
+
+bool DatabaseCopy::keepDescription(const QString &repoPath, const QByteArray &bytes)
+{
+    return (exists(repoPath) || QDir().mkpath(place(repoPath)))
+           && WholeFile::replace(folder(repoPath) + DescriptionFile, bytes).isEmpty();
+}
+
+std::optional<QByteArray> DatabaseCopy::description(const QString &repoPath)
+{
+    QFile file(folder(repoPath) + DescriptionFile);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    return file.readAll();
+}
+
+void DatabaseCopy::setDescriptionDone(const QString &repoPath)
+{
+    rename(folder(repoPath) + DescriptionFile, folder(repoPath) + DoneDescriptionFile);
+}
+
+void DatabaseCopy::setDescriptionDue(const QString &repoPath)
+{
+    rename(folder(repoPath) + DoneDescriptionFile, folder(repoPath) + DescriptionFile);
+}
+
+bool DatabaseCopy::putDescriptionBack(const QString &repoPath)
+{
+    const auto kept = description(repoPath);
+    const DistributionsFile file(repoPath);
+    if (!kept || file.readBytes() == kept || file.restore(*kept))
+        return true;
+    return rename(folder(repoPath) + DescriptionFile, file.fileName());
 }

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QDateTime>
 #include <QString>
 
+#include <optional>
+
 /**
  * A copy of a repository's database, kept beside it while a job changes it: reprepro writes in place, and when a write
- * fails it can neither mend its database nor always tell that packages have gone from it.
+ * fails it can neither mend its database nor always tell that packages have gone from it. The record of the signed
+ * packages goes with it, and while the description of the repository changes, the earlier one does too.
  */
 namespace DatabaseCopy
 {
@@ -30,4 +34,18 @@ bool isCondemned(const QString &repoPath);
 /** The copy takes the place of the database. When it is cut short it can be done again. */
 bool putBack(const QString &repoPath);
 void drop(const QString &repoPath);
+
+/**
+ * Keeps the description (conf/distributions) that goes with the copy, before another one takes its place; also where
+ * there was no database to copy. False when it cannot be written.
+ */
+bool keepDescription(const QString &repoPath, const QByteArray &bytes);
+/** What is kept; none when the database is that of the description in force. */
+std::optional<QByteArray> description(const QString &repoPath);
+/** The database has followed the new description: from now on the kept one counts no more... */
+void setDescriptionDone(const QString &repoPath);
+/** ... but when the whole change has to be taken back. */
+void setDescriptionDue(const QString &repoPath);
+/** The kept description takes the place of the new one; true also when there is none. */
+bool putDescriptionBack(const QString &repoPath);
 } // namespace DatabaseCopy

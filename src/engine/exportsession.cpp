@@ -49,6 +49,27 @@ ProcessResult ExportSession::remove(const QString &arguments, bool makesRoom)
     return change(arguments, m_deletingConfig->isValid() ? m_deletingConfig.get() : nullptr);
 }
 
+ProcessResult ExportSession::keep()
+{
+    if (const auto refusal = keepDatabase())
+        return *refusal;
+    // With another description it could not be asked.
+    const ProcessResult unused = run(ReproCommand::dumpUnreferenced());
+    m_mayCleanUp = unused.succeeded() && unused.output.trimmed().isEmpty();
+    ProcessResult result;
+    result.started = true;
+    return result;
+}
+
+ProcessResult ExportSession::clearVanished()
+{
+    auto silent = std::make_unique<PrivateConfig>(m_repoPath, PrivateConfig::Keep);
+    if (silent->isValid())
+        m_silentConfig = std::move(silent);
+    m_removed = true;
+    return change(ReproCommand::clearVanished(), m_silentConfig.get());
+}
+
 void ExportSession::mayLeave(const QString &poolFile)
 {
     QFile marker(markerFile(m_repoPath));

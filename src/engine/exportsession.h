@@ -41,6 +41,13 @@ public:
      * because the old indices name it; with `makesRoom` it goes at once, for another file of the same name.
      */
     ProcessResult remove(const QString &arguments, bool makesRoom = false);
+    /**
+     * Copies the database before something else than a run changes the repository. A result that failed says why that
+     * may not be.
+     */
+    ProcessResult keep();
+    /** Takes out what the description has no place for any more; after keep(). The pool files stay until finish(). */
+    ProcessResult clearVanished();
     /** Tells, before the run, of a file that would lie in the pool without use if the run were cut short. */
     void mayLeave(const QString &poolFile);
     /** For when the indices turned out not to tell what is in the database. */

@@ -37,18 +37,39 @@ QByteArray sha256(const QString &fileName)
 }
 } // namespace
 
-void JobRecovery::run()
+bool JobRecovery::run()
 {
     const QString path = m_context.path();
+    const bool hasCopy = DatabaseCopy::exists(path);
+    if (!hasCopy && !ExportSession::isExportOwed(path) && PackageBackup::leftovers(path).isEmpty())
+        return false;
+    // A large repository takes seconds; one who has asked for a stop is not told of something new.
+    const QString words = tr("Recovering repository after an interrupted job");
+    if (m_context.isCanceled())
+        m_context.noted(words);
+    else
+        m_context.started(words);
+    const bool undoesChange = DatabaseCopy::description(path).has_value();
     // Restoring ends with indices that are right, and so with the marker gone.
     const QStringList files = ExportSession::filesLeft(path);
-    const bool hasCopy = DatabaseCopy::exists(path);
-    if (hasCopy && isDamaged(files) && !putDatabaseBack())
-        return;
+    if (hasCopy && isDamaged(files)) {
+        if (!putDatabaseBack())
+            return false;
+        if (undoesChange)
+            m_context.critical(tr("An earlier change of the repository was interrupted and has been undone. "
+                                  "Do it again if it is still wanted."),
+                               QString(),
+                               WARNING);
+        else
+            tellOfDamage();
+    }
     const QStringList kept = restoreReplaced();
     bool repaired = !ExportSession::isExportOwed(path) || repair(files);
-    if (!repaired && hasCopy && ReproAnswer::databaseTroubled(m_context.lastErrorOutput()))
-        repaired = putDatabaseBack() && repair(files);
+    if (!repaired && hasCopy && ReproAnswer::databaseTroubled(m_context.lastErrorOutput())
+        && putDatabaseBack()) {
+        tellOfDamage();
+        repaired = repair(files);
+    }
     if (repaired)
         DatabaseCopy::drop(path);
     else
@@ -64,6 +85,15 @@ void JobRecovery::run()
                 .arg(kept.first()),
             QString(),
             WARNING);
+    return repaired;
+}
+
+void JobRecovery::putDescriptionBack(const QString &repoPath)
+{
+    if (!DatabaseCopy::description(repoPath) || RepoLock::state(repoPath) == RepoLock::State::Held)
+        return;
+    DatabaseCopy::condemn(repoPath);
+    DatabaseCopy::putDescriptionBack(repoPath);
 }
 
 bool JobRecovery::repair(const QStringList &filesLeft)
@@ -175,12 +205,25 @@ bool JobRecovery::undoJob()
     if (!DatabaseCopy::exists(path) || !isDamaged(files))
         return false;
     if (putDatabaseBack()) {
+        tellOfDamage();
         restoreReplaced();
         if (repair(files))
             DatabaseCopy::drop(path);
         showAnew(files);
     }
     return true;
+}
+
+bool JobRecovery::undoChange()
+{
+    const QString path = m_context.path();
+    const bool wasDamaged = DatabaseCopy::isCondemned(path);
+    DatabaseCopy::setDescriptionDue(path);
+    if (!putDatabaseBack())
+        return false;
+    if (wasDamaged)
+        tellOfDamage();
+    return repair();
 }
 
 bool JobRecovery::isDamaged(const QStringList &filesLeft)
@@ -206,18 +249,24 @@ bool JobRecovery::putDatabaseBack()
 {
     const QString path = m_context.path();
     DatabaseCopy::condemn(path);
-    if (RepoLock::state(path) == RepoLock::State::Held || !DatabaseCopy::putBack(path)) {
+    // The description first: without it the database could not be read.
+    if (RepoLock::state(path) == RepoLock::State::Held || !DatabaseCopy::putDescriptionBack(path)
+        || !DatabaseCopy::putBack(path)) {
         m_context.critical(
             tr("The database of the repository is damaged and could not be put back. Make room "
                "on the disk, and open the repository again."));
         return false;
     }
     m_checksums.clear();
+    return true;
+}
+
+void JobRecovery::tellOfDamage()
+{
     m_context.critical(
         tr("The database of the repository was damaged while a job changed it. It was put back "
            "as it was before, and what the job had done is undone. Make room on the disk, and "
            "do it again."));
-    return true;
 }
 
 void JobRecovery::removeMissing(const QStringList &filesLeft)

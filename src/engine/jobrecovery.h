@@ -19,9 +19,17 @@ public:
         : m_context(context)
     { }
 
-    /** Puts a damaged database back as it was, puts back what was taken out for a replacement that never came, writes the indices, and deletes files that
-     *  were left in the pool. The context has its path and description, but no packages yet. */
-    void run();
+    /**
+     * Before the description is read: puts back the one from before a change that was cut short while the database did
+     * not follow it yet. run() undoes the rest.
+     */
+    static void putDescriptionBack(const QString &repoPath);
+    /**
+     * Puts a damaged database back as it was, puts back what was taken out for a replacement that never came, writes
+     * the indices, and deletes files that were left in the pool. The context has its path and description, but no
+     * packages yet. True when there was something to do and it is done.
+     */
+    bool run();
     /**
      * The same without the replacements: for the end of a job in which a program was killed. Deletes what the marker
      * names and `filesLeft`. False when it fails.
@@ -33,6 +41,8 @@ public:
      * False when there was no damage and nothing was done.
      */
     bool undoJob();
+    /** Makes the repository what it was before its description changed. The context has the earlier one again. */
+    bool undoChange();
 
 private:
     JobContext &m_context;
@@ -40,6 +50,7 @@ private:
 
     bool isDamaged(const QStringList &filesLeft);
     bool putDatabaseBack();
+    void tellOfDamage();
     void removeMissing(const QStringList &filesLeft);
     void showAnew(const QStringList &filesLeft);
     QByteArray checksumOf(const QString &poolFile);

@@ -9,7 +9,6 @@
 #include "depends/externalrepos.h"
 #include "engine/addoptions.h"
 #include "engine/newcomer.h"
-#include "engine/packagelist.h"
 #include "engine/upgraderules.h"
 #include "server/reposerver.h"
 
@@ -24,6 +23,7 @@
 
 class AsideDirectory;
 class DependsData;
+class ExportSession;
 class HelperClient;
 class JobContext;
 class RepoServers;
@@ -248,19 +248,22 @@ private:
     void startJob(std::function<int()> job);
     void jobEnded();
 
-    // --- create, open, change, close: reposhell_lifecycle.cpp
+    // --- create, open, close: reposhell_lifecycle.cpp
     void setRepository(const QString &path, const RepoInfo &info);
     QStringList openRepositories() const;
     int prepareRepoDir(const QString &path, AsideDirectory *aside);
     int readRepoInfo(const QString &path);
     bool writeRepoInfo(const RepoInfo &info);
     int openBody(const QString &path);
+
+    // --- change: reposhell_change.cpp
     int changeBody(const QString &newPath, const RepoInfo &info);
     bool mayChange(const QString &newPath);
+    bool keepForUndoing(QString *details);
     bool moveRepo(const QString &newPath);
     bool rewriteRepo(const RepoInfo &info, QString *details);
     void removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &newInfo) const;
-    bool exportOrGiveUpSigning(RepoInfo info);
+    bool exportOrGiveUpSigning(RepoInfo info, ExportSession *session);
 
     // --- stored results of dependency checks: reposhell_depends.cpp
     void startStore();

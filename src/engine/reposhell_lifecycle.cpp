@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Creating, opening, changing and closing a repository.
-#include "core/processutils.h"
+// Creating, opening and closing a repository.
 #include "engine/asidedirectory.h"
 #include "engine/distributions.h"
 #include "engine/distributionsfile.h"
-#include "engine/exportsession.h"
 #include "engine/jobframe.h"
 #include "engine/jobrecovery.h"
 #include "engine/packagelisting.h"
 #include "engine/pathguard.h"
 #include "engine/reposhell.h"
-#include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
 #include "engine/signaturerecord.h"
 #include "engine/systemrelease.h"
@@ -24,19 +21,6 @@ namespace
 QString absolute(const QString &path)
 {
     return QDir::cleanPath(QDir(path).absolutePath());
-}
-
-/** A name that stays below its folder: a description can hold anything, and what it names gets deleted. */
-bool isChildName(const QString &name)
-{
-    return !name.isEmpty() && QDir::cleanPath(name) == name && name != QLatin1String(".")
-           && !name.startsWith(QLatin1String("..")) && !name.startsWith(QLatin1Char('/'));
-}
-
-void removeChild(const QDir &folder, const QString &name)
-{
-    if (isChildName(name))
-        QDir(folder.filePath(name)).removeRecursively();
 }
 } // namespace
 
@@ -163,6 +147,7 @@ bool RepoShell::writeRepoInfo(const RepoInfo &info)
 int RepoShell::openBody(const QString &path)
 {
     JobFrame frame(*m_context, tr("Opening repository"));
+    JobRecovery::putDescriptionBack(path);
     if (readRepoInfo(path) != SUCCESS) {
         const bool import = m_context->ask(
             QString(),
@@ -185,10 +170,12 @@ int RepoShell::openBody(const QString &path)
     }
     Q_EMIT pathChanged(QString());
     Q_EMIT requestForStoredInformation(path);
-    JobRecovery(*m_context).run();
+    const bool isRecovered = JobRecovery(*m_context).run();
 
     QList<PackageInfoPtr> packages = listPackages(path, repoInfo());
     sortPackages(&packages);
+    if (isRecovered)
+        SignatureRecord::forgetOthers(m_context.get(), packages);
     SignatureRecord::mark(&packages, path);
     m_context->packages().assign(packages);
     Q_EMIT requestForMergingInformation(packages);
@@ -204,157 +191,4 @@ int RepoShell::openBody(const QString &path)
         Q_EMIT packageAdded(package);
     }
     return frame.finish(SUCCESS, tr("Repositry is opened"));
-}
-
-// --- change ------------------------------------------------------------------------------------------------------
-
-void RepoShell::changeRepo(const QString &newPath, const RepoInfo &info)
-{
-    if (!newPath.isEmpty() && !path().isEmpty())
-        startJob([this, target = absolute(newPath), info] { return changeBody(target, info); });
-}
-
-int RepoShell::changeBody(const QString &newPath, const RepoInfo &info)
-{
-    JobFrame frame(*m_context, tr("Repository changing"));
-    Q_EMIT requestForSavingPackages(m_context->packages().all());
-    const QString oldPath = path();
-    if (!m_context->isDatabaseThere() || !mayChange(newPath) || (newPath != oldPath && !moveRepo(newPath)))
-        return frame.finish(ERROR, tr("Repository not changed"));
-
-    const RepoInfo oldInfo = repoInfo();
-    const auto oldText = DistributionsFile(newPath).readBytes();
-    // Until the indices are those of the description again, whoever opens the repository has to write them.
-    ExportSession::setMarker(newPath);
-    QString details;
-    if (rewriteRepo(info, &details)) {
-        Q_EMIT pathChanged(newPath);
-        // Between the steps of a change nothing can be stopped, and its end is no opening to be stopped either.
-        if (!m_context->isClosing())
-            m_context->resetCancel();
-        openBody(newPath);
-        return frame.finish(SUCCESS, tr("Repository is changed."), CHANGE_REPO_JOB);
-    }
-    // Back to where we were, so that "not changed" is true.
-    setRepository(newPath, oldInfo);
-    if (oldText && DistributionsFile(newPath).restore(*oldText)
-        && m_context->runReprepro(ReproCommand::exportIndices()) == 0)
-        ExportSession::clearMarker(newPath);
-    if (newPath != oldPath && AsideDirectory::rename(newPath, oldPath).isEmpty()) {
-        setRepository(oldPath, repoInfo());
-        moveStoredResults(oldPath);
-    }
-    Q_EMIT critical(tr("Failed to change repository!"), details, CRITICAL);
-    if (path() != oldPath)
-        Q_EMIT pathChanged(newPath);
-    return frame.finish(ERROR, tr("Repository is not changed."), CHANGE_REPO_JOB);
-}
-
-bool RepoShell::mayChange(const QString &newPath)
-{
-    const QString oldPath = path();
-    const auto text = DistributionsFile(oldPath).readBytes();
-    if (text && Distributions::distributionCount(QString::fromLocal8Bit(*text)) > 1) {
-        Q_EMIT critical(
-            tr("The repository holds several distributions. A change would delete all but the first, so "
-               "nothing was done."),
-            DistributionsFile(oldPath).fileName());
-        return false;
-    }
-    if (newPath != oldPath
-        && (PathGuard::overlap(oldPath, newPath) || !PathGuard::mayBeWiped(newPath, openRepositories()))) {
-        Q_EMIT critical(
-            tr("Impossible to delete directory %1!").arg(newPath),
-            tr("It is the repository itself, lies in it or holds it, or it is a directory of the system, "
-               "or holds a home directory or an open repository."));
-        return false;
-    }
-    return true;
-}
-
-bool RepoShell::moveRepo(const QString &newPath)
-{
-    // What lies at the new path goes only when the repository has arrived there.
-    AsideDirectory aside(newPath);
-    QString error = aside.error();
-    if (error.isEmpty()) {
-        QDir().mkpath(QFileInfo(newPath).path());
-        error = AsideDirectory::rename(path(), newPath);
-        if (!error.isEmpty())
-            aside.putBack();
-    }
-    if (!error.isEmpty()) {
-        Q_EMIT critical(tr("The repository could not be moved to %1.").arg(newPath), error);
-        return false;
-    }
-    if (!aside.remove())
-        Q_EMIT critical(tr("Impossible to delete directory %1!").arg(aside.place()), QString(), WARNING);
-    setRepository(newPath, repoInfo());
-    moveStoredResults(newPath);
-    return true;
-}
-
-bool RepoShell::rewriteRepo(const RepoInfo &info, QString *details)
-{
-    const RepoInfo oldInfo = repoInfo();
-    setRepository(path(), info);
-    if (!writeRepoInfo(info))
-        return false;
-    if (m_context->runReprepro(ReproCommand::clearVanished()) != 0) {
-        *details = lastErrorOutput();
-        return false;
-    }
-    removeVanishedIndices(oldInfo, info);
-    const bool exported = exportOrGiveUpSigning(info);
-    *details = lastErrorOutput();
-    return exported;
-}
-
-void RepoShell::removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &newInfo) const
-{
-    const QDir dists(path() + QLatin1String("/dists"));
-    if (oldInfo.codename != newInfo.codename) {
-        removeChild(dists, oldInfo.codename);
-        return;
-    }
-    if (!isChildName(oldInfo.codename))
-        return;
-    const QStringList components = newInfo.componentList();
-    const QStringList architectures = newInfo.architectureList();
-    const QDir distribution(dists.filePath(oldInfo.codename));
-    const QStringList oldComponents = oldInfo.componentList();
-    const QStringList oldArchitectures = oldInfo.architectureList();
-    for (const QString &component : oldComponents) {
-        if (!components.contains(component)) {
-            removeChild(distribution, component);
-            continue;
-        }
-        if (!isChildName(component))
-            continue;
-        const QDir folder(distribution.filePath(component));
-        for (const QString &architecture : oldArchitectures) {
-            if (architectures.contains(architecture))
-                continue;
-            removeChild(folder, QLatin1String("binary-") + architecture);
-            removeChild(folder, QLatin1String("debian-installer/binary-") + architecture);
-        }
-    }
-}
-
-bool RepoShell::exportOrGiveUpSigning(RepoInfo info)
-{
-    bool exported = m_context->runReprepro(ReproCommand::exportIndices()) == 0;
-    // Any other failure leaves the new description in force, and the marker that indices are owed.
-    bool changed = true;
-    if (!exported && ReproAnswer::signingFailed(lastErrorOutput())) {
-        Q_EMIT critical(tr("Failed to sign repository!"), lastErrorOutput(), CRITICAL);
-        info.signWith = false;
-        setRepository(path(), info);
-        writeRepoInfo(info);
-        exported = m_context->runReprepro(ReproCommand::exportIndices()) == 0;
-        changed = exported;
-    }
-    if (exported)
-        ExportSession::clearMarker(path());
-    return changed;
 }

@@ -126,7 +126,9 @@ QString ReproCommand::listAllFiles(const QString &codename)
 
 QString ReproCommand::listAllFilesIn(const QString &databaseFolder, const QString &codename)
 {
-    return QStringLiteral("--dbdir %1 %2").arg(quoted(databaseFolder), listAllFiles(codename));
+    // It can be older than the description of the repository.
+    return QStringLiteral("--ignore=undefinedtarget --dbdir %1 %2")
+        .arg(quoted(databaseFolder), listAllFiles(codename));
 }
 
 QString ReproCommand::poolFile(const PackageInfo &package, const QString &controlArchitecture)

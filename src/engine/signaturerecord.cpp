@@ -5,6 +5,17 @@
 #include "signing/signprocess.h"
 
 #include <QHash>
+#include <QSet>
+
+namespace
+{
+void warn(JobContext *context, const QString &file)
+{
+    context->critical(SignatureRecord::tr("The record of the signed packages could not be written."),
+                      file,
+                      RepoEnums::WARNING);
+}
+} // namespace
 
 void SignatureRecord::mark(QList<PackageInfoPtr> *packages, const QString &repoPath)
 {
@@ -25,14 +36,22 @@ void SignatureRecord::remember(JobContext *context, const PackageInfo &package)
 {
     const QString file = SignProcess::packagesConfPath(context->path());
     if (package.isSigned() && !SignProcess::saveKeyInfo(file, package))
-        context->critical(
-            tr("The record of the signed packages could not be written."), file, RepoEnums::WARNING);
+        warn(context, file);
 }
 
 void SignatureRecord::forget(JobContext *context, const PackageInfo &package)
 {
     const QString file = SignProcess::packagesConfPath(context->path());
     if (package.isSigned() && !SignProcess::removeKeyInfo(file, package))
-        context->critical(
-            tr("The record of the signed packages could not be written."), file, RepoEnums::WARNING);
+        warn(context, file);
+}
+
+void SignatureRecord::forgetOthers(JobContext *context, const QList<PackageInfoPtr> &packages)
+{
+    const QString file = SignProcess::packagesConfPath(context->path());
+    QSet<QString> names;
+    for (const PackageInfoPtr &package : packages)
+        names.insert(SignProcess::keyInfoName(*package));
+    if (!SignProcess::keepKeyInfo(file, names))
+        warn(context, file);
 }

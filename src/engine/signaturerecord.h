@@ -20,4 +20,6 @@ public:
     static void remember(JobContext *context, const PackageInfo &package);
     /** Takes the package out when it was signed. */
     static void forget(JobContext *context, const PackageInfo &package);
+    /** Takes out whatever is not among all packages that the repository has. */
+    static void forgetOthers(JobContext *context, const QList<PackageInfoPtr> &packages);
 };

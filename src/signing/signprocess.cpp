@@ -13,6 +13,8 @@
 #include <QSettings>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace
 {
 const QLatin1String scriptName("/velt-admin-repo-sign.sh");
@@ -107,6 +109,23 @@ bool SignProcess::removeKeyInfo(const QString &packagesConfPath, const PackageIn
         return true;
     QSettings settings(packagesConfPath, SettingsFormat::ini());
     settings.remove(entryName(package));
+    settings.sync();
+    return settings.status() == QSettings::NoError;
+}
+
+bool SignProcess::keepKeyInfo(const QString &packagesConfPath, const QSet<QString> &names)
+{
+    const QStringList entries = allKeyInfo(packagesConfPath).keys();
+    if (std::all_of(
+            entries.cbegin(), entries.cend(), [&](const QString &name) { return names.contains(name); }))
+        return true;
+    QSettings settings(packagesConfPath, SettingsFormat::ini());
+    settings.beginGroup(keyInfoGroup);
+    for (const QString &name : entries) {
+        if (!names.contains(name))
+            settings.remove(name);
+    }
+    settings.endGroup();
     settings.sync();
     return settings.status() == QSettings::NoError;
 }

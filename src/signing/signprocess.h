@@ -5,6 +5,7 @@
 #include "core/processutils.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -41,6 +42,8 @@ public:
     // and name. False when the file cannot be written.
     static bool saveKeyInfo(const QString &packagesConfPath, const PackageInfo &package);
     static bool removeKeyInfo(const QString &packagesConfPath, const PackageInfo &package);
+    /** Removes all entries but those of these names, see keyInfoName(). */
+    static bool keepKeyInfo(const QString &packagesConfPath, const QSet<QString> &names);
     /** The text of the key that signed the package; empty when it is unsigned. */
     static QString keyInfo(const QString &packagesConfPath, const PackageInfo &package);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/distributionsfile.h"
 #include "engineharness.h"
+#include "support/scopedvariable.h"
 
 #include <QDir>
 #include <QtTest>
@@ -190,11 +191,37 @@ private Q_SLOTS:
         h.add(h.debs("foo")
               + QStringList{h.deb(DebBuilder("bar"_s).field("Section"_s, "contrib/admin"_s)),
                             h.deb(DebBuilder("baz"_s).architecture("i386"_s))});
-        QCOMPARE(h.listed().size(), 3);
+        const QStringList before = h.listed();
+        const QString components = h.shell.repoInfo().components;
+        QCOMPARE(before.size(), 3);
         h.info.architectures = "amd64"_s;
         h.info.components = "main"_s;
-        QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        {
+            const QByteArray folder = h.folder.path().toLocal8Bit();
+            const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLocal8Bit();
+            // What is there before and after the runs of the change, which is what is left when the program dies.
+            writeScript(
+                h.folder.filePath("bin/reprepro"_s),
+                "#!/bin/sh\nPATH=/usr/bin:/bin; cd " + folder
+                    + "; for run in clearvanished export; do case \"$*\" in *$run)\n"
+                    + "cp -a repo before-$run; " + real + " \"$@\"; code=$?; cp -a repo after-$run\n"
+                    + "cp -a repo torn-$run; truncate -s 4096 torn-$run/db/packages.db; exit $code;;\n"
+                    + "esac; done; exec " + real + " \"$@\"\n");
+            const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+            QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        }
         QVERIFY(h.holds("foo 1.0 main amd64"_s));
+        for (const char *moment :
+             {"before-clearvanished", "after-clearvanished", "torn-clearvanished", "after-export"}) {
+            EngineHarness next;
+            next.open(h.folder.filePath(QString::fromLatin1(moment)));
+            const bool isDone = qstrcmp(moment, "after-export") == 0;
+            QVERIFY2(next.listed() == (isDone ? h.listed() : before) && next.settled(), moment);
+            QVERIFY2(next.shell.repoInfo().components == (isDone ? "main"_s : components), moment);
+            QVERIFY2(next.started.contains("Recovering repository after an interrupted job"_s), moment);
+            QVERIFY2(isDone ? next.trouble().isEmpty() : next.complains("change of the repository"_s),
+                     moment);
+        }
         for (const QString &gone : {"contrib"_s, "main/binary-i386"_s, "main/debian-installer/binary-i386"_s})
             QVERIFY2(!QFile::exists(h.repoPath() + "/dists/dogwood/"_s + gone), qPrintable(gone));
     }
@@ -227,6 +254,17 @@ private Q_SLOTS:
         QCOMPARE(DistributionsFile(h.repoPath()).read()->architectures, "amd64"_s);
         QCOMPARE(h.shell.repoInfo().architectures, "amd64"_s);
         QVERIFY(h.listed().size() == 1 && h.settled());
+
+        // Nor does one leave less that fails when packages have gone already, even without room on the disk.
+        const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLocal8Bit();
+        const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+        writeScript(h.folder.filePath("bin/reprepro"_s),
+                    "#!/bin/sh\n" + real + " \"$@\" || exit\ncase \"$*\" in *clearvanished)\n"
+                        + "echo 'BDB0060 write: No space left on device' >&2; exit 228;; esac\n");
+        h.info.architectures = "i386"_s;
+        QCOMPARE(h.change(h.folder.filePath("moved"_s)), RepoEnums::ERROR);
+        QVERIFY(h.complains("No space left on device"_s, 2));
+        QVERIFY(h.shell.path() == h.repoPath() && h.holds("foo 1.0 main amd64"_s));
     }
 
     void changeGivesUpSigning()

@@ -131,6 +131,41 @@ private Q_SLOTS:
         }
     }
 
+    void recordAgreesWithTheRepository()
+    {
+        RepoHarness h("amd64 i386"_s);
+        h.add({h.deb(DebBuilder("foo"_s)), h.deb(DebBuilder("bar"_s).architecture("i386"_s))},
+              signedWith(m_key));
+        const QStringList all{"main_amd64_foo"_s, "main_i386_bar"_s};
+        QCOMPARE(recorded(h), all);
+        {
+            // The disk is full at the third package: all that the job has done is undone.
+            const QString bin = h.folder.filePath("bin/"_s);
+            const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLatin1();
+            const ScopedVariable path("PATH", ScopedVariable::pathBehind(bin));
+            writeScript(
+                bin + "reprepro"_s,
+                "#!/bin/sh\ncase \"$*\" in *third*) echo 'BDB0060 write failed' >&2; exit 228;; esac\nexec "
+                    + real + " \"$@\"\n");
+            h.choice = PackageReplacementRules::ReplaceAll;
+            h.add(h.debs("second", "2.0") + h.debs("third"), signedWith(m_key));
+            h.add(h.debs("foo", "2.0") + h.debs("third"));
+        }
+        QVERIFY(recorded(h) == all && isSignedInPool(h, h.find("foo"_s)) && h.settled());
+
+        // What a kill between the database and the record leaves.
+        PackageInfo gone = *h.find("foo"_s);
+        gone.name = "gone"_s;
+        QVERIFY(SignProcess::saveKeyInfo(SignProcess::packagesConfPath(h.repoPath()), gone));
+        ExportSession::setMarker(h.repoPath());
+        h.open(h.repoPath());
+        QCOMPARE(recorded(h), all);
+
+        h.info.architectures = "amd64"_s;
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        QVERIFY(recorded(h) == all.mid(0, 1) && h.settled());
+    }
+
     void staysInItsComponent()
     {
         RepoHarness h;
