@@ -5,6 +5,7 @@
 #include "platform/windowgeometry.h"
 #include "support/lists.h"
 #include "support/literals.h"
+#include "support/privatebus.h"
 #include "support/scopedvariable.h"
 #include "support/testenvironment.h"
 
@@ -115,12 +116,9 @@ private Q_SLOTS:
     void notificationReachesTheDesktop()
     {
         VELT_NEED_TOOL("dbus-daemon");
-        QProcess daemon;
-        daemon.start("dbus-daemon"_s, {"--session"_s, "--nofork"_s, "--print-address"_s});
-        QTRY_VERIFY(daemon.canReadLine());
-        const QByteArray address = daemon.readLine().trimmed();
-        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-        QDBusConnection desktop = QDBusConnection::connectToBus(QString::fromLatin1(address), "desktop"_s);
+        const PrivateBus bus;
+        const ScopedVariable session("DBUS_SESSION_BUS_ADDRESS", bus.address());
+        QDBusConnection desktop = QDBusConnection::connectToBus(bus.address(), "desktop"_s);
         QVERIFY(desktop.registerService("org.freedesktop.Notifications"_s));
         QVERIFY(desktop.registerObject(
             "/org/freedesktop/Notifications"_s, this, QDBusConnection::ExportAllSlots));
@@ -128,8 +126,6 @@ private Q_SLOTS:
         QTRY_COMPARE(m_notifications,
                      QStringList{"Display name|velt-admin-repo|It is done.|/srv/&lt;b&gt;"_s});
         QDBusConnection::disconnectFromBus("desktop"_s);
-        daemon.terminate();
-        QVERIFY(daemon.waitForFinished());
     }
 
     void geometryComesBack()
