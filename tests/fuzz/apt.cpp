@@ -18,15 +18,10 @@ void checkOrigin(const QString &origin)
     FUZZ_RULE(origin == origin.simplified() && (words == 2 || words == 3));
 }
 
-void checkSourceLines(const QString &text)
+void checkOrigins(const QStringList &origins)
 {
-    using Grouping = SourceGrouping;
-    for (const auto grouping : {Grouping::BySuite, Grouping::BySuiteAndArchitecture}) {
-        QStringList lines = AptOutput::sourceLines(text, grouping);
-        for (const QString &line : qAsConst(lines))
-            FUZZ_RULE(line == line.simplified() && line.contains(QLatin1String(":/")));
-        FUZZ_RULE(lines.removeDuplicates() == 0);
-    }
+    for (const QString &origin : origins)
+        checkOrigin(origin);
 }
 
 void checkShow(const QString &text)
@@ -34,35 +29,25 @@ void checkShow(const QString &text)
     const auto versions = AptOutput::versions(text);
     for (auto version = versions.cbegin(); version != versions.cend(); ++version) {
         FUZZ_RULE(!version.key().isEmpty() && !Fuzzing::breaksLine(version.key()));
-        for (const QString &origin : version.value())
-            checkOrigin(origin);
+        checkOrigins(*version);
     }
-    const auto records = AptOutput::records(text);
-    for (const AptPackageRecord &record : records) {
+    for (const AptPackageRecord &record : AptOutput::records(text)) {
         checkOrigin(record.repository);
         FUZZ_RULE(!Fuzzing::breaksLine(record.name) && !Fuzzing::breaksLine(record.file));
         FUZZ_RULE(versions.value(record.version).contains(record.repository));
     }
-}
-
-void checkPolicy(const QString &text)
-{
-    const auto listed = AptPolicy::versions(text);
-    for (const auto &version : listed) {
+    for (const auto &version : AptPolicy::versions(text)) {
         FUZZ_RULE(!version.version.contains(QLatin1Char(' ')) && !Fuzzing::breaksLine(version.version));
-        for (const QString &origin : version.origins)
-            checkOrigin(origin);
+        checkOrigins(version.origins);
     }
 }
 
 void checkProviders(const QString &text)
 {
-    const QStringList names = AptOutput::providers(text);
-    for (const QString &name : names)
+    for (const QString &name : AptOutput::providers(text))
         FUZZ_RULE(isWord(name));
-    const auto listed = AptPolicy::providers(text);
     int count = 0;
-    for (const auto &providers : listed) {
+    for (const auto &providers : AptPolicy::providers(text)) {
         count += providers.size();
         for (const Provider &provider : providers)
             FUZZ_RULE(isWord(provider.name));
@@ -74,16 +59,19 @@ void checkProviders(const QString &text)
 void FuzzTarget::apt(std::string_view input)
 {
     const QString text = Fuzzing::expandedText(input);
-    checkSourceLines(text);
+    for (const auto grouping : {SourceGrouping::BySuite, SourceGrouping::BySuiteAndArchitecture}) {
+        QStringList lines = AptOutput::sourceLines(text, grouping);
+        for (const QString &line : qAsConst(lines))
+            FUZZ_RULE(line == line.simplified() && line.contains(QLatin1String(":/")));
+        FUZZ_RULE(lines.removeDuplicates() == 0);
+    }
     checkShow(text);
-    checkPolicy(text);
     checkProviders(text);
     const QString origin = AptOutput::origin(text);
     if (!origin.isEmpty())
         checkOrigin(origin);
     const QString prefix = text.section(QLatin1Char('\n'), 0, 0).left(8);
-    const QStringList searched = AptOutput::searchedNames(text, prefix);
-    for (const QString &name : searched)
+    for (const QString &name : AptOutput::searchedNames(text, prefix))
         FUZZ_RULE(name.startsWith(prefix) && !Fuzzing::breaksLine(name));
     // What reaches a shell or a command line must not be more than one plain word.
     if (AptCommands::isSearchPrefix(text) || AptCommands::isPackageName(text)

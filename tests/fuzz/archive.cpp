@@ -51,14 +51,11 @@ Extracted extract(const Fuzzing::MemoryFile &file, int largest)
     FUZZ_RULE(extracted.result != PackageExtractor::Result::Stopped);
     FUZZ_RULE(extractor.error().isEmpty() == (extracted.result != PackageExtractor::Result::Damaged));
 
-    FUZZ_RULE(
-        QDir(scratch.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot)
-        == QStringList{QStringLiteral("out")});
+    const QDir::Filters all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    FUZZ_RULE(QDir(scratch.path()).entryList(all) == QStringList{QStringLiteral("out")});
     QStringList present;
     qint64 size = 0;
-    QDirIterator walk(folder,
-                      QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                      QDirIterator::Subdirectories);
+    QDirIterator walk(folder, all, QDirIterator::Subdirectories);
     while (walk.hasNext()) {
         const QFileInfo info(walk.next());
         FUZZ_RULE(!info.isSymLink() && (info.isFile() || info.isDir()));
