@@ -174,13 +174,6 @@ private Q_SLOTS:
         QDirIterator written(
             PrivateApt::cacheFolder(), {"*.list"_s, "*.conf"_s}, QDir::Files, QDirIterator::Subdirectories);
         QVERIFY(!written.hasNext());
-
-        prepare(h, {line});
-        QCOMPARE(h.lastMessage(), "Nothing to upgrade"_s);
-        QCOMPARE(h.criticals, QStringList{"No packages for upgrading|"_s});
-        QVERIFY(h.shell.upgradablePackages().isEmpty());
-        upgrade(h);
-        QCOMPARE(h.lastMessage(), "Nothing to upgrade"_s);
     }
 
     void oneFileForAllArchitectures()

@@ -3,7 +3,6 @@
 #include "support/literals.h"
 #include "support/testenvironment.h"
 #include "ui/checkcombobox.h"
-#include "ui/mnemonics.h"
 #include "ui/newreporules.h"
 #include "ui/repositoryremoval.h"
 #include "ui/singlespacevalidator.h"
@@ -20,18 +19,6 @@ class TestInputs : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void mnemonics()
-    {
-        // First letters, then other words, then any; beginnings go first; marks stay; other scripts and digits.
-        const QMap<QString, QString> rows{{"Remove|Remove tab|Rem|rr"_s, "&Remove|Remove &tab|R&em|rr"_s},
-                                          {"Bb|Ba|Ab"_s, "&Bb|Ba|&Ab"_s},
-                                          {"|...|&|&&|File"_s, "|...|&|&&|&File"_s},
-                                          {"Edit|&exit|E&&x"_s, "E&dit|&exit|E&&&x"_s},
-                                          {"\u00D6l|\u00F6d|1 2"_s, "&\u00D6l|\u00F6&d|&1 2"_s}};
-        for (const QString &texts : rows.keys())
-            QCOMPARE(Mnemonics::marked(texts.split("|"_s)).join("|"_s), rows.value(texts));
-    }
-
     void singleSpaces()
     {
         const SingleSpaceValidator validator(QRegularExpression("[a-z|0-9|\\-|\\s]+"_s));
@@ -45,13 +32,6 @@ private Q_SLOTS:
             edit.setValidator(&validator);
             QTest::keyClicks(&edit, keys);
             QCOMPARE(edit.text(), typed.value(keys));
-        }
-        // Other white space is a blank as well; the one before the cursor counts.
-        QString spaces = "a\u00A0\u0085"_s;
-        const SingleSpaceValidator any(QRegularExpression("[\\s\\S]+"_s));
-        for (int position : {3, 0}) {
-            const auto expected = position == 3 ? QValidator::Invalid : QValidator::Acceptable;
-            QCOMPARE(any.validate(spaces, position), expected);
         }
     }
 
