@@ -3,6 +3,7 @@
 #include "depends/aptutils.h"
 #include "depends/dpkgutils.h"
 #include "support/literals.h"
+#include "support/scopedvariable.h"
 #include "support/testenvironment.h"
 
 #include <QtTest>
@@ -87,6 +88,48 @@ private Q_SLOTS:
         Recorder<DpkgUtils> dpkg;
         QVERIFY(!dpkg.compareVersions("--version"_s, "<<"_s, "1"_s));
         QVERIFY(dpkg.errorText().contains("--version"_s) && dpkg.calls.isEmpty());
+    }
+
+    void privateList()
+    {
+        QString file;
+        {
+            AptUtils apt;
+            QVERIFY(apt.setPrivateSources({"http://h/r s main contrib"_s, "ftp://h/%1 t main"_s}));
+            file = apt.privateSourcesFile();
+            QCOMPARE(readFile(file), QByteArray("deb http://h/r s main contrib\ndeb ftp://h/%1 t main\n"));
+        }
+        QVERIFY(!QFile::exists(file));
+    }
+
+    void dpkgFailuresAreToldApart()
+    {
+        const QTemporaryDir folder;
+        DpkgUtils dpkg;
+        const auto holds = [&dpkg](const char *relation, const char *a = "1", const char *b = "2") {
+            return dpkg.compareVersions(QLatin1String(a), QLatin1String(relation), QLatin1String(b));
+        };
+        QVERIFY(holds("<<", "1.0~rc1", "1.0") && holds("gt", "1:0.1", "9") && holds("lt", "", "0~"));
+        // A relation that does not hold is no error, a relation that dpkg does not know is one.
+        QVERIFY(!holds(">>"));
+        QCOMPARE(dpkg.errorText(), QString());
+        QVERIFY(!holds("like"));
+        QVERIFY2(dpkg.errorText().contains("bad relation"_s), qPrintable(dpkg.errorText()));
+        QVERIFY(!dpkg.packageInformation(folder.filePath("nosuch.deb"_s)));
+        QVERIFY2(dpkg.errorText().contains("No such file"_s), qPrintable(dpkg.errorText()));
+
+        writeScript(folder.filePath("bin/dpkg"_s), "#!/bin/sh\necho half a word >&2\nkill -SEGV $$\n");
+        {
+            const ScopedVariable crashing("PATH", folder.filePath("bin"_s));
+            QVERIFY(!holds("<<"));
+            QCOMPARE(dpkg.errorText(), "The process dpkg crashed!"_s);
+            const ScopedVariable missing("PATH", folder.filePath("none"_s));
+            QVERIFY(!holds("<<"));
+            QVERIFY2(dpkg.errorText().startsWith("dpkg: "_s), qPrintable(dpkg.errorText()));
+        }
+        // An error does not outlive the next success.
+        QVERIFY(holds("<<"));
+        QCOMPARE(dpkg.errorText(), QString());
     }
 };
 

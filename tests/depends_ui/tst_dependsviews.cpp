@@ -226,6 +226,8 @@ private Q_SLOTS:
         DebBuilder("foo"_s).version("1.9"_s).build(path("one/pool"_s));
         DebBuilder("foo"_s).version("1.10"_s).build(path("one/pool"_s));
         DebBuilder("food"_s).version("1:3-1"_s).architecture("all"_s).build(path("one/pool"_s));
+        for (const QString &name : {"g++-x.y"_s, "g++-x-y"_s})
+            DebBuilder(name).build(path("one/pool"_s));
         writeFile(path("etc/apt.conf.d/foreign"_s), R"(APT::Architectures { "amd64"; "i386"; };)");
         writeFile(path("etc/sources.list.d/foreign.list"_s),
                   "deb [trusted=yes arch=i386] file:" + path("one"_s).toUtf8() + " dogwood main\n");
@@ -269,6 +271,11 @@ private Q_SLOTS:
         QCOMPARE(chosen.size(), 2);
         QCOMPARE(chosen.at(1).version, "1.10"_s);
         QCOMPARE(chosen.at(1).repository, origin);
+
+        // A dot is a dot, and plus signs are no repetition.
+        edit->clear();
+        QTest::keyClicks(edit, "g++-x."_s);
+        QTRY_COMPARE_WITH_TIMEOUT(table->model()->rowCount(), 1, 30000);
 
         // What nobody offers is an empty table, and nothing that could be added.
         QTest::keyClicks(edit, "zzz"_s);
