@@ -24,6 +24,8 @@ struct AddRun
     const bool checksDepends = true; ///< when the user wants what is added checked
     PackageReplacementRules rules = {};
     QStringList added = {}; ///< names of the files that are in
+    /** Paths of files that went in together with others before their turn, and the places that they have there. */
+    QMultiHash<QString, PackageKey> ahead = {};
     QList<PackageInfoPtr> records = {}; ///< of what went in, once for each architecture
     std::optional<QString> signingKey
         = {}; ///< text of the key that signs; looked up when the first file is in

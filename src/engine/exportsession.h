@@ -48,6 +48,8 @@ public:
     ProcessResult keep();
     /** Takes out what the description has no place for any more; after keep(). The pool files stay until finish(). */
     ProcessResult clearVanished();
+    /** Whether further runs leave the indices alone. */
+    bool isSilent() const { return m_silentConfig != nullptr; }
     /** Tells, before the run, of a file that would lie in the pool without use if the run were cut short. */
     void mayLeave(const QString &poolFile);
     /** For when the indices turned out not to tell what is in the database. */

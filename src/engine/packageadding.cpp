@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/packageadding.h"
 
+#include "engine/batchinclusion.h"
 #include "engine/checkjob.h"
 #include "engine/jobframe.h"
 #include "engine/packagefile.h"
@@ -43,14 +44,28 @@ PackageAdding::PackageAdding(JobContext &context,
 
 RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame *frame)
 {
-    PackageFileReader reader(files);
+    // A stop waits for the end of a run, so what takes no second is added file by file.
+    constexpr int ManyFiles = 50;
+    constexpr int FilesTogether = 25;
+    PackageFileReader reader(files, 2 * FilesTogether);
     bool stopped = false;
-    for (int done = 0; done < files.size(); ++done) {
+    for (int done = 0; done < files.size() && !stopped;) {
         stopped = m_context.isCanceled();
         if (stopped)
             break;
-        addReadFile(reader.next(), done + 1 == files.size());
-        frame->itemDone(files.size());
+        const bool together = files.size() > ManyFiles && BatchInclusion::isPossible(m_run);
+        const QVector<PackageFile> read = reader.next(together ? FilesTogether : 1);
+        if (together)
+            includeTogether(read);
+        for (const PackageFile &file : read) {
+            ++done;
+            // What has gone in already is told of, also after a stop.
+            stopped = stopped || m_context.isCanceled();
+            if (stopped && !m_run.ahead.contains(file.path))
+                continue;
+            addReadFile(file, done == files.size());
+            frame->itemDone(files.size());
+        }
     }
     finish(stopped);
     return stopped ? CANCEL : SUCCESS;
@@ -88,12 +103,23 @@ void PackageAdding::finish(bool stopped)
     m_context.savePackages();
 }
 
-RepoEnums::ErrorCode PackageAdding::addFile(AddedFile *file, const PackageInfo &package)
+void PackageAdding::includeTogether(const QVector<PackageFile> &files)
+{
+    QVector<BatchInclusion::Candidate> candidates;
+    for (const PackageFile &file : files) {
+        const QVector<PackageInfo> records = file.package ? recordsOf(*file.package) : QVector<PackageInfo>();
+        for (const PackageInfo &record : records)
+            candidates.append({file.path, record});
+    }
+    BatchInclusion(m_context, m_run).include(candidates);
+}
+
+QVector<PackageInfo> PackageAdding::recordsOf(const PackageInfo &package) const
 {
     QStringList architectures{package.architecture};
     if (package.architecture == QLatin1String("all"))
         architectures = m_context.repoInfo().architectureList();
-    ErrorCode result = ERROR;
+    QVector<PackageInfo> records;
     for (const QString &architecture : qAsConst(architectures)) {
         PackageInfo record = package;
         record.architecture = architecture;
@@ -102,13 +128,22 @@ RepoEnums::ErrorCode PackageAdding::addFile(AddedFile *file, const PackageInfo &
             record.component = m_run.options.component;
         record.indexComponent = record.component;
         record.poolFile = ReproCommand::poolFile(record, package.architecture);
+        records.append(record);
+    }
+    return records;
+}
 
+RepoEnums::ErrorCode PackageAdding::addFile(AddedFile *file, const PackageInfo &package)
+{
+    const QVector<PackageInfo> records = recordsOf(package);
+    ErrorCode result = ERROR;
+    for (const PackageInfo &record : records) {
         result = PackageInclusion(m_context).include(file, record, false);
         if (isCollision(result)) {
             const PackageInfoPtr present = m_context.packages().find(PackageKey::of(record));
             m_context.setNewcomer({QFileInfo(file->path).fileName(),
                                    record.version,
-                                   file->isLast && architecture == architectures.last()});
+                                   file->isLast && &record == &records.last()});
             if (mustReplace(result, present))
                 result = PackageInclusion(m_context).include(file, record, true);
             else

@@ -40,6 +40,10 @@ private:
     JobContext &m_context;
     AddRun m_run;
 
+    /** Puts those of the files into the repository for which that can be done with few runs. */
+    void includeTogether(const QVector<PackageFile> &files);
+    /** How the package of a file is to stand in the repository, once for each architecture. */
+    QVector<PackageInfo> recordsOf(const PackageInfo &package) const;
     ErrorCode addFile(AddedFile *file, const PackageInfo &package);
     bool mustReplace(ErrorCode collision, const PackageInfoPtr &package);
 };

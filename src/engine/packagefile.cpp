@@ -23,22 +23,34 @@ PackageFile PackageFile::read(const QString &path)
     return {path, {}, tr("Its control data lack the package's name, version or architecture.")};
 }
 
-PackageFileReader::PackageFileReader(QStringList paths)
+PackageFileReader::PackageFileReader(QStringList paths, int ahead)
     : m_paths(std::move(paths))
+    , m_ahead(ahead)
 {
     startNext();
 }
 
-PackageFile PackageFileReader::next()
+PackageFileReader::~PackageFileReader()
 {
-    // When no thread of the pool is free, this reads the file itself.
-    PackageFile file = m_reading.result();
-    startNext();
-    return file;
+    m_pool.clear();
+    m_pool.waitForDone();
+}
+
+QVector<PackageFile> PackageFileReader::next(int most)
+{
+    QVector<PackageFile> files;
+    // While the first ones are waited for, the ones behind them are begun.
+    const int count = qMin(most, m_reading.size());
+    for (int i = 0; i < count; ++i) {
+        files.append(m_reading.dequeue().result());
+        startNext();
+    }
+    return files;
 }
 
 void PackageFileReader::startNext()
 {
-    if (!m_paths.isEmpty())
-        m_reading = QtConcurrent::run(&PackageFile::read, QFileInfo(m_paths.takeFirst()).absoluteFilePath());
+    while (!m_paths.isEmpty() && m_reading.size() < m_ahead)
+        m_reading.enqueue(QtConcurrent::run(
+            &m_pool, &PackageFile::read, QFileInfo(m_paths.takeFirst()).absoluteFilePath()));
 }

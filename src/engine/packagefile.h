@@ -5,7 +5,10 @@
 
 #include <QCoreApplication>
 #include <QFuture>
+#include <QQueue>
 #include <QStringList>
+#include <QThreadPool>
+#include <QVector>
 
 /** A package file's control data, or why there are none. */
 struct PackageFile
@@ -20,22 +23,24 @@ public:
     static PackageFile read(const QString &path);
 };
 
-/** Reads package files one ahead of their use, so that dpkg works on the next while reprepro takes this one in. */
+/** Reads package files ahead of their use, so that dpkg works on the next ones while reprepro takes these in. */
 class PackageFileReader
 {
 public:
-    explicit PackageFileReader(QStringList paths);
+    PackageFileReader(QStringList paths, int ahead);
     /** No program of a job outlives it. */
-    ~PackageFileReader() { m_reading.waitForFinished(); }
+    ~PackageFileReader();
     PackageFileReader(const PackageFileReader &) = delete;
     PackageFileReader &operator=(const PackageFileReader &) = delete;
 
-    /** The files in their order; to be called once for each. */
-    PackageFile next();
+    /** The next files in their order, `most` or those that are left. */
+    QVector<PackageFile> next(int most);
 
 private:
     QStringList m_paths;
-    QFuture<PackageFile> m_reading;
+    int m_ahead;
+    QThreadPool m_pool; ///< of its own: everything that is read costs the start of a program
+    QQueue<QFuture<PackageFile>> m_reading;
 
     void startNext();
 };

@@ -13,18 +13,6 @@
 
 #include <QFile>
 
-namespace
-{
-/** Puts the file where `record` says; the Section field can name another component than the one that lists it. */
-QString includeCommand(const QString &codename, const PackageInfo &record, const QString &file)
-{
-    QString section = record.section;
-    if (record.component != record.indexComponent)
-        section.prepend(record.component + QLatin1Char('/'));
-    return ReproCommand::include(codename, record.indexComponent, record.architecture, section, file);
-}
-} // namespace
-
 RepoEnums::ErrorCode PackageInclusion::include(AddedFile *file, const PackageInfo &record, bool replace)
 {
     if (record.architecture == QLatin1String("all")) {
@@ -106,7 +94,8 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
 
 bool PackageInclusion::putBack(const PackageInfo &record, const QString &file, ExportSession *session)
 {
-    if (!isIncluded(runInclude(includeCommand(m_context.repoInfo().codename, record, file), session), record))
+    if (!isIncluded(runInclude(ReproCommand::include(m_context.repoInfo().codename, record, {file}), session),
+                    record))
         return false;
     SignatureRecord::remember(&m_context, record);
     return true;
@@ -114,12 +103,15 @@ bool PackageInclusion::putBack(const PackageInfo &record, const QString &file, E
 
 RepoEnums::ErrorCode PackageInclusion::includeFile(AddedFile *file, const PackageInfo &record, bool replaces)
 {
-    file->run.session.mayLeave(record.filePath());
-    const ProcessResult result
-        = runInclude(includeCommand(m_context.repoInfo().codename, record, file->source), &file->run.session);
-    if (!isIncluded(result, record)) {
-        m_context.critical(tr("Error adding package %1!").arg(file->path), result.errorOutput);
-        return ERROR;
+    ProcessResult result;
+    if (file->run.ahead.remove(file->path, PackageKey::of(record)) == 0) {
+        file->run.session.mayLeave(record.filePath());
+        result = runInclude(ReproCommand::include(m_context.repoInfo().codename, record, {file->source}),
+                            &file->run.session);
+        if (!isIncluded(result, record)) {
+            m_context.critical(tr("Error adding package %1!").arg(file->path), result.errorOutput);
+            return ERROR;
+        }
     }
     PackageInfo included = record;
     included.signingKey = PackageSigner::keyOf(&file->run);

@@ -82,20 +82,23 @@ QString ReproCommand::remove(const QString &codename,
     return arguments + QStringLiteral("remove %1 %2").arg(quoted(codename), quoted(name));
 }
 
-QString ReproCommand::include(const QString &codename,
-                              const QString &component,
-                              const QString &architecture,
-                              const QString &section,
-                              const QString &file)
+QString ReproCommand::include(const QString &codename, const PackageInfo &record, const QStringList &files)
 {
-    const QString kind
-        = suffixOf(file.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb);
-    if (architecture.isEmpty()) {
-        return QStringLiteral("-C %1 -S %2 include%3 %4 \"%5\"")
-            .arg(quoted(component), quoted(section), kind, quoted(codename), escaped(file));
-    }
-    return QStringLiteral("-C %1 -A %2 -S %3 include%4 %5 \"%6\"")
-        .arg(quoted(component), quoted(architecture), quoted(section), kind, quoted(codename), escaped(file));
+    // The Section field can name another component than the one that lists the package.
+    QString section = record.section;
+    if (record.component != record.indexComponent)
+        section.prepend(record.component + QLatin1Char('/'));
+    const bool isUdeb = files.first().endsWith(QLatin1String(".udeb"));
+    QString arguments = QStringLiteral("-C %1 ").arg(quoted(record.indexComponent));
+    if (!record.architecture.isEmpty())
+        arguments += QStringLiteral("-A %1 ").arg(quoted(record.architecture));
+    arguments += QStringLiteral("-S %1 include%2 %3")
+                     .arg(quoted(section),
+                          suffixOf(isUdeb ? PackageType::Udeb : PackageType::Deb),
+                          quoted(codename));
+    for (const QString &file : files)
+        arguments += QLatin1String(" \"") + escaped(file) + QLatin1Char('"');
+    return arguments;
 }
 
 QString ReproCommand::defaultPriority()
@@ -109,7 +112,20 @@ QString ReproCommand::listFiles(const QString &codename,
                                 const QString &component,
                                 const QString &architecture)
 {
-    QString filter = QStringLiteral("Package (% %1)").arg(name);
+    return listFiles(codename, QStringList{name}, component, architecture);
+}
+
+QString ReproCommand::listFiles(const QString &codename,
+                                const QStringList &names,
+                                const QString &component,
+                                const QString &architecture)
+{
+    QStringList choices;
+    for (const QString &name : names)
+        choices.append(QStringLiteral("Package (% %1)").arg(name));
+    QString filter = choices.join(QLatin1String(" | "));
+    if (names.size() > 1)
+        filter = QLatin1Char('(') + filter + QLatin1Char(')');
     if (!component.isEmpty())
         filter += QStringLiteral(", $Component (% %1)").arg(component);
     if (!architecture.isEmpty())

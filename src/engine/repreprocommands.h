@@ -33,12 +33,8 @@ QString remove(const QString &codename,
                const QString &architecture,
                const PackageType *type = nullptr);
 
-/** Includes a file; the kind of package follows from the file's suffix. */
-QString include(const QString &codename,
-                const QString &component,
-                const QString &architecture,
-                const QString &section,
-                const QString &file);
+/** Includes files of one kind, which follows from their suffix, where `record` says and with its section. */
+QString include(const QString &codename, const PackageInfo &record, const QStringList &files);
 
 /** Finds out anew which files the packages need. */
 QString rereference();
@@ -55,6 +51,12 @@ QString defaultPriority();
 /** Lists the pool files of the packages with this name; component and architecture may be empty. */
 QString listFiles(const QString &codename,
                   const QString &name,
+                  const QString &component,
+                  const QString &architecture);
+
+/** The same of several packages. */
+QString listFiles(const QString &codename,
+                  const QStringList &names,
                   const QString &component,
                   const QString &architecture);
 

@@ -77,8 +77,12 @@ private Q_SLOTS:
     void wordsSurviveTheCommandLine()
     {
         // That what is not empty arrives as it is, is a rule of the fuzzer's.
-        QCOMPARE(ReproCommand::include("dog"_s, "main"_s, {}, "admin"_s, "/a.udeb"_s),
-                 "-C main -S admin includeudeb dog \"/a.udeb\""_s);
+        PackageInfo record;
+        record.component = "other"_s;
+        record.indexComponent = "main"_s;
+        record.section = "my section"_s;
+        QCOMPARE(ReproCommand::include("dog"_s, record, {"/a.udeb"_s}),
+                 "-C main -S \"other/my section\" includeudeb dog \"/a.udeb\""_s);
         QCOMPARE(ReproCommand::remove("dog"_s, "foo"_s, {}, "all"_s), "remove dog foo"_s);
         QCOMPARE(ReproCommand::listFiles("dog"_s, "foo"_s, "main"_s, "i386"_s),
                  "--list-format \"${filename}\n\" listfilter dog "

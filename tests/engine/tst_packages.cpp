@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engineharness.h"
+#include "support/lists.h"
 #include "support/scopedvariable.h"
 
 #include <QtTest>
@@ -44,6 +45,52 @@ private Q_SLOTS:
                          i == 0 ? "conf"_s : silent, h.repoPath(), files.at(i)));
         QCOMPARE(runs.last(), "conf -b %1 export"_s.arg(h.repoPath()));
         QVERIFY(h.settled());
+    }
+
+    /** Of a large job most files go in together; what is wrong with one of them is told as if it had come alone. */
+    void manyFilesTogether()
+    {
+        RepoHarness h;
+        const QString log = h.folder.filePath("runs"_s);
+        writeScript(h.folder.filePath("bin/reprepro"_s),
+                    "#!/bin/sh\necho \"$@\" >>'" + log.toLocal8Bit() + "'\nexec '"
+                        + QStandardPaths::findExecutable("reprepro"_s).toLocal8Bit() + "' \"$@\"\n");
+        const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+        h.add(h.debs("present"));
+        QStringList files;
+        for (int i = 10; i < 60; ++i)
+            files += h.debs(qPrintable("p%1"_s.arg(i)));
+        const QString broken = h.folder.filePath("broken.deb"_s);
+        writeFile(broken, "no archive");
+        // A name that reprepro refuses, which dpkg does not mind.
+        const QString refused = h.deb(DebBuilder("pp"_s).field("Source"_s, "No_source"_s));
+        files.insert(10, h.deb(DebBuilder("twice"_s).version("1.0"_s)));
+        files.insert(12, broken);
+        files.insert(20, refused);
+        files.insert(22, h.deb(DebBuilder("twice"_s).version("2.0"_s)));
+        files.insert(30, h.debs("present", "2.0").first());
+        files.insert(33, h.deb(DebBuilder("quoted"_s).fileName("a \"b\"  c.deb"_s)));
+        files.insert(35, h.deb(DebBuilder("installer"_s).udeb()));
+        files.insert(41, h.deb(DebBuilder("nopriority"_s).field("Priority"_s, {})));
+        h.choice = PackageReplacementRules::PreferHigher;
+        QFile::remove(log);
+        QCOMPARE(h.add(files), RepoEnums::SUCCESS);
+        QCOMPARE(h.criticals.size(), 2);
+        QVERIFY(h.trouble().contains("No_source"_s));
+        QCOMPARE(h.listed().size(), 50 + 5);
+        QCOMPARE(h.ranges, (QVector<int>{0, files.size()}));
+        QCOMPARE(h.events.filter(QRegularExpression("[+~](p11|twice|p19|present|p38|installer) "_s)),
+                 "+p11 1.0 amd64|+p19 1.0 amd64|+twice 1.0 amd64|~twice 2.0 amd64|~present 2.0 amd64|"
+                 "+p38 1.0 amd64|+installer 1.0 amd64"_list);
+        QVERIFY(h.listed().contains("twice 2.0 main amd64"_s) && h.settled());
+        QVERIFY2(readFile(log).count('\n') < files.size() / 2, "few runs");
+
+        // A stop waits for the end of a run, and what that has put in is told of.
+        h.remove(h.shell.packages());
+        h.cancelAt(&RepoShell::packageAdded, 5);
+        QCOMPARE(h.add(files), RepoEnums::CANCEL);
+        QVERIFY(h.listed().size() > 5 && h.listed().size() < files.size() / 2 && h.settled());
+        QCOMPARE(h.events.size(), h.listed().size());
     }
 
     void everyArchitectureOfAll()

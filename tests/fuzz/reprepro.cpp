@@ -38,9 +38,10 @@ void FuzzTarget::reprepro(std::string_view input)
     const QString path = "/"_s + lines.value(0);
     const QString codename = "c"_s + lines.value(1);
     const QString name = "n"_s + lines.value(2);
-    const QString component = "m"_s + lines.value(3);
-    const QString architecture = "a"_s + lines.value(4);
-    const QString section = "s"_s + lines.value(5);
+    PackageInfo record;
+    const QString component = record.component = record.indexComponent = "m"_s + lines.value(3);
+    const QString architecture = record.architecture = "a"_s + lines.value(4);
+    const QString section = record.section = "s"_s + lines.value(5);
     const QString file = "/"_s + lines.value(6);
     const QStringList place{"-C"_s, component, "-A"_s, architecture};
     checkWords(path,
@@ -49,8 +50,8 @@ void FuzzTarget::reprepro(std::string_view input)
                    + QStringList{"remove"_s, codename, name});
     const QString include = file.endsWith(".udeb"_s) ? "includeudeb"_s : "includedeb"_s;
     checkWords(path,
-               ReproCommand::include(codename, component, architecture, section, file),
-               place + QStringList{"-S"_s, section, include, codename, file});
+               ReproCommand::include(codename, record, {file, path}),
+               place + QStringList{"-S"_s, section, include, codename, file, path});
     const QString filter
         = "Package (% %1), $Component (% %2), $Architecture (% %3)"_s.arg(name, component, architecture);
     checkWords(path,
