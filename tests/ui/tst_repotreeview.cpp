@@ -101,20 +101,6 @@ private Q_SLOTS:
         QVERIFY(f.view.viewport()->rect().intersects(f.view.visualRect(f.item("p200"))));
     }
 
-    void searchExpandsMatchesForItsTime()
-    {
-        Fixture f;
-        f.view.expand(f.item("Utilities"));
-        f.view.setSearching(true);
-        for (const char *text : {"p102", "p1"}) {
-            f.proxy.setFilterFixedString(QString::fromLatin1(text));
-            QVERIFY(f.isExpanded("Networking"));
-        }
-        f.proxy.setFilterFixedString(QString());
-        f.view.setSearching(false);
-        QVERIFY(!f.isExpanded("Networking") && f.isExpanded("Utilities") && f.isExpanded("main"));
-    }
-
     void replacedPackagesStaySelected()
     {
         Fixture f;
