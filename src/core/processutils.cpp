@@ -110,6 +110,8 @@ QProcessEnvironment environmentWith(const QStringList &entries)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    // It rules the language of messages even so.
+    environment.remove(QStringLiteral("LANGUAGE"));
     for (const QString &entry : entries) {
         const int equals = entry.indexOf(QLatin1Char('='));
         environment.insert(entry.left(equals), entry.mid(equals + 1));

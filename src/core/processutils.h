@@ -38,7 +38,7 @@ struct ProcessCall
 
 /**
  * Runs a program and waits for its end without a time limit, so never call it on the interface thread. The program's
- * messages are not translated (LC_ALL=C.UTF-8), because we read them.
+ * messages are not translated (LC_ALL=C.UTF-8, no LANGUAGE), because we read them.
  */
 ProcessResult runProcess(const ProcessCall &call);
 

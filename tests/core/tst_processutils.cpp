@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/processutils.h"
 #include "support/literals.h"
+#include "support/scopedvariable.h"
 #include "support/testenvironment.h"
 
 #include <QTemporaryDir>
@@ -105,7 +106,8 @@ private Q_SLOTS:
     void surroundings()
     {
         const QTemporaryDir folder;
-        ProcessCall call = shell("printf '%s|%s|%s|%s' \"$LC_ALL\" \"$A\" \"$PWD\" $(umask)");
+        const ScopedVariable language("LANGUAGE", "de"_s);
+        ProcessCall call = shell("printf '%s|%s|%s|%s' \"$LC_ALL$LANGUAGE\" \"$A\" \"$PWD\" $(umask)");
         call.workingDirectory = folder.path();
         call.environment = QStringList{"A=b=c"_s};
         for (const int mask : {0022, 0077}) {
