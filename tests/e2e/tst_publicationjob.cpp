@@ -391,7 +391,8 @@ private Q_SLOTS:
         QTest::newRow("HTTP, server crashes")
             << "printf '#!/bin/sh\nkill -SEGV $$\n' >/run/crash; chmod +x /run/crash; "
                "mount --bind /run/crash /usr/sbin/lighttpd"_s
-            << "umount /usr/sbin/lighttpd"_s << 0;
+            << "umount /usr/sbin/lighttpd; journalctl -u public-repo-8082 -o cat | grep -c status=11/SEGV >/dev/null"_s
+            << 0;
         QTest::newRow("HTTP, masked")
             << "systemctl -q mask public-repo-8082"_s
             << "test -L /etc/systemd/system/public-repo-8082.service; systemctl -q unmask public-repo-8082"_s
