@@ -152,10 +152,15 @@ void Prompts::showNextError()
     box->setTextFormat(Qt::PlainText);
     if (!details.trimmed().isEmpty()) {
         box->setDetailedText(details.trimmed());
-        // Its own width breaks every path in two.
-        if (auto *view = box->findChild<QTextEdit *>())
+        if (auto *view = box->findChild<QTextEdit *>()) {
+            // Its own width breaks every path in two.
             view->setMinimumWidth(qMin(box->fontMetrics().averageCharWidth() * 80,
                                        m_window->screen()->availableSize().width() / 2));
+            // Long ones must be scrolled and copied without a mouse too.
+            view->setFocusPolicy(Qt::StrongFocus);
+            view->setTabChangesFocus(true);
+            view->setTextInteractionFlags(view->textInteractionFlags() | Qt::TextSelectableByKeyboard);
+        }
         // Its button folds the details out, which is what one wants to see of an error.
         const QList<QAbstractButton *> buttons = box->buttons();
         for (QAbstractButton *button : buttons) {

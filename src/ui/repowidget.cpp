@@ -15,6 +15,7 @@
 #include "ui_repowidget.h"
 
 #include <QAction>
+#include <QFocusEvent>
 #include <QItemSelectionModel>
 #include <QLineEdit>
 #include <QMenu>
@@ -36,8 +37,6 @@ RepoWidget::RepoWidget(QWidget *parent)
     m_ui->m_splitter->setStretchFactor(0, 2);
     m_ui->m_splitter->setStretchFactor(1, 3);
     connect(m_ui->m_splitter, &QSplitter::splitterMoved, this, &RepoWidget::splitterMoved);
-    // In the search line the keys of the commands would edit text.
-    setFocusProxy(m_ui->m_repoTreeView);
     m_depends = new DependsView(*m_ui, this);
     setUpTree();
     setUpSearch();
@@ -47,6 +46,12 @@ RepoWidget::RepoWidget(QWidget *parent)
 }
 
 RepoWidget::~RepoWidget() = default;
+
+void RepoWidget::focusInEvent(QFocusEvent *event)
+{
+    // In the search line the keys of the commands would edit text. A focus proxy would make Tab leave that line out.
+    m_ui->m_repoTreeView->setFocus(event->reason());
+}
 
 void RepoWidget::setUpTree()
 {

@@ -88,6 +88,7 @@ public Q_SLOTS:
 Q_SIGNALS:
     void repoShellStarted(const QString &startMsg);
     void repoShellFinished(RepoEnums::JobId jobId, const QString &finishMsg);
+    /** What a job asks. Nothing sends it: whoever answers must hold the job up, which only the engine's own question does. */
     void repoShellQuestion(const QString &dialogTitle, const QString &text);
     void needImportRepo();
     /** Number of items of the job; 0 = not known. */
@@ -122,6 +123,10 @@ Q_SIGNALS:
                       RepoEnums::ErrorType error = RepoEnums::CRITICAL);
     void portEditingFinished();
     void checkDependsToolButtonClicked();
+    /**
+     * Whether the commands for the local sources list are to be seen. Nothing sends it: like all commands they stay
+     * where they are and are disabled while they cannot be used, see PublicationCommands.
+     */
     void srcListActionSetVisible(bool visible);
     void statusLabel(const QString &text);
     void needCloseRepo();
@@ -135,6 +140,9 @@ Q_SIGNALS:
     void packagesChanged();
     /** The user has divided the tab anew. */
     void splitterMoved();
+
+protected:
+    void focusInEvent(QFocusEvent *event) override;
 
 private:
     enum Page { NothingPage, RepositoryPage, PackagePage, ErrorPage };

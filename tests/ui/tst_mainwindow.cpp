@@ -208,6 +208,16 @@ private Q_SLOTS:
         note(about, search, repos, source, sources, packages, published);
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
 
+        prompts.showError("text"_s, "details"_s);
+        auto *box = window.findChild<QMessageBox *>();
+        QTRY_VERIFY(box->button(QMessageBox::Ok)->hasFocus());
+        auto *details = box->findChild<QTextEdit *>();
+        for (int i = 0; i < 3 && !details->hasFocus(); ++i)
+            QTest::keyClick(box->focusWidget(), Qt::Key_Tab);
+        QTest::keyClick(details, Qt::Key_A, Qt::ControlModifier);
+        QVERIFY(details->hasFocus() && details->textCursor().hasSelection());
+        box->reject();
+
         // The menu of an item comes to it by its key, also when it has been scrolled away.
         auto *tree = child<QTreeView>(window, "m_repoTreeView");
         auto *menu = child<QMenu>(window, "m_packageMenu");
@@ -221,6 +231,21 @@ private Q_SLOTS:
             const bool hasRemoval = menu->actions().contains(child<QAction>(window, "m_removeRepoAction"));
             QCOMPARE(hasRemoval, qstrcmp(item, "r") == 0);
             menu->close();
+        }
+        // Tab goes round through all parts of a repository, and back again.
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        tab->setFocus();
+        QTRY_VERIFY(tree->hasFocus());
+        const QWidget *line = child<QWidget>(*tab, "m_searchLine")->findChild<QLineEdit *>();
+        for (const auto key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+            QVector<const QWidget *> round;
+            do {
+                round << QApplication::focusWidget();
+                QTest::keyClick(QApplication::focusWidget(), key);
+            } while (!round.contains(QApplication::focusWidget()));
+            QVERIFY(round.contains(line) && round.contains(child<QTabBar>(window, "qt_tabwidget_tabbar")));
+            QVERIFY(round.size() >= 5 && tree->hasFocus());
         }
         // The filter in the menus is that of the tab.
         auto *filter = child<QMenu>(window, "m_packetFilterMenu");
