@@ -131,7 +131,8 @@ void RepoModel::apply(const PackageChanges &changes)
     announce(touched);
 }
 
-void RepoModel::setListing(PackageChanges::const_iterator begin, PackageChanges::const_iterator end)
+void RepoModel::setListing(const PackageChanges::const_iterator &begin,
+                           const PackageChanges::const_iterator &end)
 {
     QList<PackageInfoPtr> packages;
     packages.reserve(static_cast<int>(end - begin));

@@ -88,7 +88,7 @@ private:
     QString m_currentKey;
 
     int newRows(const QHash<PackageKey, PackageChange> &changes) const;
-    void setListing(PackageChanges::const_iterator begin, PackageChanges::const_iterator end);
+    void setListing(const PackageChanges::const_iterator &begin, const PackageChanges::const_iterator &end);
     void rebuild(const QHash<PackageKey, PackageChange> &changes, bool cleared);
     void store(const PackageInfoPtr &package, Touched &touched);
     void remove(int id, Touched &touched);
