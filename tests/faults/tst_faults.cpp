@@ -100,7 +100,7 @@ private:
 
     QString listing(const QString &archive) const
     {
-        return runShell("gzip -dc '%1' | tar tf - | sort"_s.arg(archive), m_folder->path());
+        return runShell("tar tzf '%1' | sort"_s.arg(archive), m_folder->path());
     }
 
     /** What a start of the program sweeps away. */
