@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/settingskeys.h"
+#include "server/helperclient.h"
 #include "server/localsources.h"
 #include "server/publicationaddresses.h"
+#include "server/publicationmonitor.h"
 #include "server/publicationsettings.h"
 #include "support/lists.h"
 #include "support/literals.h"
@@ -108,6 +110,23 @@ private Q_SLOTS:
         PublicationAddresses(nullptr).start(); // gone before anything has come
         QVERIFY(PublicationAddresses::isAddress("300.1.1.1"_s));
         QVERIFY(!PublicationAddresses::isAddress("1.2.3.4\n"_s));
+    }
+
+    void withoutBus()
+    {
+        QStringList told;
+        HelperClient client;
+        client.publishRepo("/srv/a"_s, 8000, FtpProtocol, [&told](const HelperClient::Result &result) {
+            told << result.errorText << result.details;
+        });
+        QVERIFY2(told.isEmpty(), "the answer never comes from within the call");
+        QTRY_COMPARE(
+            told,
+            (QStringList{"The repository is not published!"_s,
+                         "The call/process/message was sent after QDBusConnection disconnected."_s}));
+        PublicationMonitor monitor;
+        QSignalSpy refreshed(&monitor, &PublicationMonitor::refreshed);
+        QVERIFY(refreshed.wait());
     }
 };
 

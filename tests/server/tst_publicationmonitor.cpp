@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "server/helperclient.h"
 #include "server/listeningports.h"
 #include "server/publicationmonitor.h"
 #include "server/publicationrules.h"
@@ -9,6 +8,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusObjectPath>
 #include <QTcpServer>
 #include <QtTest>
 
@@ -17,8 +17,6 @@
 
 namespace
 {
-/** Set for the run of this program in which there is no bus. */
-constexpr const char *withoutBusVariable = "VELT_TEST_WITHOUT_BUS";
 /** Gives a monitor its pictures, each only when it is let go. */
 struct Gate
 {
@@ -54,46 +52,12 @@ struct Gate
 
 } // namespace
 
-class PublicationClientTest : public QObject
+class PublicationMonitorTest : public QObject
 {
     Q_OBJECT
-private:
-    std::optional<PrivateBus> m_bus;
+    PrivateBus m_bus;
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        if (!qEnvironmentVariableIsSet(withoutBusVariable))
-            m_bus.emplace();
-    }
-
-    void withoutBus()
-    {
-        if (m_bus) {
-            // What is the system's bus is settled once in a process.
-            const ScopedVariable here(withoutBusVariable, "1"_s);
-            const ScopedVariable nothing("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=/nonexistent/bus"_s);
-            QProcess again;
-            again.start(QCoreApplication::applicationFilePath(), {"withoutBus"_s});
-            QVERIFY(again.waitForFinished() && again.exitStatus() == QProcess::NormalExit);
-            QVERIFY2(again.exitCode() == 0, again.readAllStandardOutput().constData());
-            return;
-        }
-        QStringList told;
-        HelperClient client;
-        client.publishRepo("/srv/a"_s, 8000, FtpProtocol, [&told](const HelperClient::Result &result) {
-            told << result.errorText << result.details;
-        });
-        QVERIFY2(told.isEmpty(), "the answer never comes from within the call");
-        QTRY_COMPARE(
-            told,
-            (QStringList{"The repository is not published!"_s,
-                         "The call/process/message was sent after QDBusConnection disconnected."_s}));
-        PublicationMonitor monitor;
-        QSignalSpy refreshed(&monitor, &PublicationMonitor::refreshed);
-        QVERIFY(refreshed.wait());
-    }
-
     void monitor()
     {
         const auto gate = std::make_shared<Gate>();
@@ -153,7 +117,7 @@ private Q_SLOTS:
         QVERIFY(reads([&] { QFile::remove(config); }));
 
         const QString connection = "sender"_s;
-        const QDBusConnection sender = QDBusConnection::connectToBus(m_bus->address(), connection);
+        const QDBusConnection sender = QDBusConnection::connectToBus(m_bus.address(), connection);
         const auto send =
             [&](const QString &path, const char *interface, const char *name, const QVariantList &arguments) {
                 QDBusMessage message = QDBusMessage::createSignal(
@@ -285,5 +249,5 @@ private Q_SLOTS:
     }
 };
 
-VELT_TEST_MAIN(PublicationClientTest, QCoreApplication)
-#include "tst_publicationclient.moc"
+VELT_TEST_MAIN(PublicationMonitorTest, QCoreApplication)
+#include "tst_publicationmonitor.moc"
