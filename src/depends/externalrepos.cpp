@@ -66,21 +66,13 @@ QString identityOf(const QString &source)
     return placeOf(parts) + QLatin1Char(' ') + sortedComponents(parts).join(QLatin1Char(' '));
 }
 
-bool isSame(const QString &source, const QString &other)
+/** Whether a source is another one of the same place with further components. */
+bool hasGrownFrom(const Parts &source, const Parts &earlier)
 {
-    return source == other || identityOf(source) == identityOf(other);
-}
-
-/** Whether a source is another one with further components. */
-bool hasGrownFrom(const QString &source, const QString &earlier)
-{
-    const Parts parts = partsOf(source);
-    const Parts earlierParts = partsOf(earlier);
-    const QStringList components = sortedComponents(parts);
-    const QStringList earlierComponents = sortedComponents(earlierParts);
-    return placeOf(parts) == placeOf(earlierParts)
-           && std::includes(
-               components.cbegin(), components.cend(), earlierComponents.cbegin(), earlierComponents.cend());
+    const QStringList components = sortedComponents(source);
+    const QStringList earlierComponents = sortedComponents(earlier);
+    return std::includes(
+        components.cbegin(), components.cend(), earlierComponents.cbegin(), earlierComponents.cend());
 }
 
 /** How well a source fits an origin; 0: not at all. */
@@ -185,6 +177,7 @@ ExternalRepos ExternalRepos::load(QSettings &settings)
     std::sort(repos.m_entries.begin(), repos.m_entries.end(), [](const Entry &a, const Entry &b) {
         return a.source < b.source;
     });
+    repos.findRows();
     return repos;
 }
 
@@ -216,54 +209,68 @@ bool ExternalRepos::save(QSettings &settings) const
 
 ExternalRepos::Entry &ExternalRepos::storedEntry(const QString &source)
 {
-    int row = indexOf(source);
-    if (row < 0) {
-        row = m_entries.size();
-        Entry entry;
-        entry.source = source;
-        m_entries.append(entry);
-    }
-    return m_entries[row];
+    const auto row = m_rows.constFind(identityOf(source));
+    if (row != m_rows.constEnd())
+        return m_entries[*row];
+    Entry entry;
+    entry.source = source;
+    append(entry);
+    return m_entries.last();
+}
+
+void ExternalRepos::append(const Entry &entry)
+{
+    m_rows.insert(identityOf(entry.source), m_entries.size());
+    m_entries.append(entry);
+}
+
+void ExternalRepos::findRows()
+{
+    m_rows.clear();
+    for (int row = 0; row < m_entries.size(); ++row)
+        m_rows.insert(identityOf(m_entries.at(row).source), row);
 }
 
 // --- the list ----------------------------------------------------------------------------------------------------
 
-int ExternalRepos::indexOf(const QString &source) const
-{
-    const auto found = std::find_if(m_entries.cbegin(), m_entries.cend(), [&source](const Entry &entry) {
-        return isSame(entry.source, source);
-    });
-    return found == m_entries.cend() ? -1 : static_cast<int>(found - m_entries.cbegin());
-}
-
 void ExternalRepos::merge(const QStringList &knownSources)
 {
     ExternalRepos merged;
-    QVector<Entry> rest = m_entries;
+    QHash<QString, QVector<int>> inPlace; // the rows that can have grown
+    for (int row = 0; row < m_entries.size(); ++row) {
+        if (!m_entries.at(row).added)
+            inPlace[placeOf(partsOf(m_entries.at(row).source))].append(row);
+    }
+    QVector<bool> isTaken(m_entries.size(), false);
     for (const QString &known : knownSources) {
         const QString source = normalised(known);
-        if (merged.indexOf(source) >= 0)
+        const QString identity = identityOf(source);
+        if (merged.m_rows.contains(identity))
             continue;
-        auto stored = std::find_if(
-            rest.begin(), rest.end(), [&source](const Entry &entry) { return isSame(entry.source, source); });
+        int stored = m_rows.value(identity, -1);
         // A source of the system that was switched off stays so when the administrator adds a component to it.
-        if (stored == rest.end())
-            stored = std::find_if(rest.begin(), rest.end(), [&source](const Entry &entry) {
-                return !entry.added && hasGrownFrom(source, entry.source);
+        if (stored < 0 || isTaken.at(stored)) {
+            const Parts parts = partsOf(source);
+            const auto rows = inPlace.value(placeOf(parts));
+            const auto grown = std::find_if(rows.cbegin(), rows.cend(), [&](int row) {
+                return !isTaken.at(row) && hasGrownFrom(parts, partsOf(m_entries.at(row).source));
             });
+            stored = grown == rows.cend() ? -1 : *grown;
+        }
         Entry entry;
-        if (stored != rest.end()) {
-            entry = *stored;
-            rest.erase(stored);
+        if (stored >= 0) {
+            entry = m_entries.at(stored);
+            isTaken[stored] = true;
         }
         entry.source = source;
         entry.known = true;
-        merged.m_entries.append(entry);
+        merged.append(entry);
     }
-    for (Entry &entry : rest) {
+    for (int row = 0; row < m_entries.size(); ++row) {
+        Entry entry = m_entries.at(row);
         entry.known = false;
-        if (entry.added || !entry.enabled || !entry.alias.isEmpty())
-            merged.m_entries.append(entry);
+        if (!isTaken.at(row) && (entry.added || !entry.enabled || !entry.alias.isEmpty()))
+            merged.append(entry);
     }
     *this = std::move(merged);
 }
@@ -312,12 +319,19 @@ bool ExternalRepos::setSource(const QString &source, int row)
 {
     if (!refusalInList(source, row).isEmpty() || (row >= 0 && m_entries.at(row).known))
         return false;
+    Entry entry;
+    if (row >= 0)
+        entry = m_entries.at(row);
+    const QString earlier = identityOf(entry.source);
+    entry.source = normalised(source);
+    entry.added = true;
     if (row < 0) {
-        row = m_entries.size();
-        m_entries.append(Entry());
+        append(entry);
+    } else {
+        m_rows.remove(earlier);
+        m_rows.insert(identityOf(entry.source), row);
+        m_entries[row] = entry;
     }
-    m_entries[row].source = normalised(source);
-    m_entries[row].added = true;
     return true;
 }
 
@@ -340,6 +354,7 @@ bool ExternalRepos::remove(int row)
     if (m_entries.at(row).known)
         return false;
     m_entries.remove(row);
+    findRows();
     return true;
 }
 
@@ -441,10 +456,8 @@ QString ExternalRepos::refusalInList(const QString &source, int row) const
     QString reason = refusal(source);
     if (!reason.isEmpty())
         return reason;
-    const QString line = normalised(source);
-    for (int other = 0; other < m_entries.size(); ++other) {
-        if (other != row && isSame(m_entries.at(other).source, line))
-            return tr("The list has this repository already.");
-    }
+    const auto other = m_rows.constFind(identityOf(normalised(source)));
+    if (other != m_rows.constEnd() && *other != row)
+        return tr("The list has this repository already.");
     return {};
 }

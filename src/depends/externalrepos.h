@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QSettings>
 #include <QString>
 #include <QStringList>
@@ -69,8 +70,10 @@ public:
     bool remove(int row);
 
 private:
-    int indexOf(const QString &source) const;
     Entry &storedEntry(const QString &source);
+    void append(const Entry &entry);
+    void findRows();
 
     QVector<Entry> m_entries;
+    QHash<QString, int> m_rows; ///< by what makes sources the same
 };
