@@ -262,7 +262,7 @@ private:
     bool keepForUndoing(QString *details);
     bool moveRepo(const QString &newPath);
     bool rewriteRepo(const RepoInfo &info, QString *details);
-    void removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &newInfo) const;
+    void removeVanishedIndices(const RepoInfo &before, const RepoInfo &after) const;
     bool exportOrGiveUpSigning(RepoInfo info, ExportSession *session);
 
     // --- stored results of dependency checks: reposhell_depends.cpp

@@ -183,20 +183,20 @@ bool RepoShell::rewriteRepo(const RepoInfo &info, QString *details)
     return exported;
 }
 
-void RepoShell::removeVanishedIndices(const RepoInfo &oldInfo, const RepoInfo &newInfo) const
+void RepoShell::removeVanishedIndices(const RepoInfo &before, const RepoInfo &after) const
 {
     const QDir dists(path() + QLatin1String("/dists"));
-    if (oldInfo.codename != newInfo.codename) {
-        removeChild(dists, oldInfo.codename);
+    if (before.codename != after.codename) {
+        removeChild(dists, before.codename);
         return;
     }
-    if (!isChildName(oldInfo.codename))
+    if (!isChildName(before.codename))
         return;
-    const QStringList components = newInfo.componentList();
-    const QStringList architectures = newInfo.architectureList();
-    const QDir distribution(dists.filePath(oldInfo.codename));
-    const QStringList oldComponents = oldInfo.componentList();
-    const QStringList oldArchitectures = oldInfo.architectureList();
+    const QStringList components = after.componentList();
+    const QStringList architectures = after.architectureList();
+    const QDir distribution(dists.filePath(before.codename));
+    const QStringList oldComponents = before.componentList();
+    const QStringList oldArchitectures = before.architectureList();
     for (const QString &component : oldComponents) {
         if (!components.contains(component)) {
             removeChild(distribution, component);
