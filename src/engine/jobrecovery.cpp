@@ -288,7 +288,7 @@ void JobRecovery::removeMissing(const QStringList &filesLeft)
         const QStringList words = line.split(QLatin1Char(' '));
         const auto type = file.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
         m_context.runReprepro(
-            ReproCommand::remove(codename, words.value(2), words.value(0), words.value(1), &type));
+            ReproCommand::remove(codename, {words.value(2)}, words.value(0), words.value(1), &type));
     }
 }
 

@@ -7,38 +7,83 @@
 #include "engine/repreprocommands.h"
 #include "engine/signaturerecord.h"
 
+#include <QMap>
+
 #include <algorithm>
+
+void PackageRemoval::removeTogether(const QList<PackageInfoPtr> &packages)
+{
+    QMap<QString, QList<PackageInfoPtr>> groups;
+    for (const PackageInfoPtr &package : packages) {
+        const QString sameArguments = ReproCommand::remove(m_context.repoInfo().codename,
+                                                           QStringList{QStringLiteral("name")},
+                                                           package->indexComponent,
+                                                           package->architecture,
+                                                           kindToName(*package));
+        groups[sameArguments].append(package);
+    }
+    for (const QList<PackageInfoPtr> &group : qAsConst(groups)) {
+        if (group.size() == 1 || m_session->isDamaged())
+            continue;
+        QStringList names;
+        for (const PackageInfoPtr &package : group) {
+            m_session->mayLeave(package->filePath());
+            names.append(package->name);
+        }
+        const PackageInfo &first = *group.first();
+        const ProcessResult result = m_session->remove(ReproCommand::remove(m_context.repoInfo().codename,
+                                                                            names,
+                                                                            first.indexComponent,
+                                                                            first.architecture,
+                                                                            kindToName(first)));
+        // What is out already when such a run fails, a run of its own will find to be no fault.
+        if (!result.succeeded() || ReproAnswer::databaseTroubled(result.errorOutput))
+            continue;
+        if (ReproAnswer::nothingRemoved(result.errorOutput))
+            m_session->oweExport();
+        for (const PackageInfoPtr &package : group)
+            m_gone.insert(PackageKey::of(*package));
+    }
+}
 
 bool PackageRemoval::remove(const PackageInfoPtr &package, bool makesRoom)
 {
-    PackageKey twin = PackageKey::of(*package);
-    twin.type = package->type == PackageType::Deb ? PackageType::Udeb : PackageType::Deb;
-    const PackageType *only = m_context.packages().find(twin) ? &package->type : nullptr;
-    m_session->mayLeave(package->filePath());
+    if (!m_gone.remove(PackageKey::of(*package)) && !removeFromDatabase(*package, makesRoom))
+        return false;
+    if (const PackageInfoPtr listed = m_context.packages().take(PackageKey::of(*package))) {
+        SignatureRecord::forget(&m_context, *listed);
+        m_context.packageRemoved(listed);
+    }
+    return true;
+}
+
+const PackageType *PackageRemoval::kindToName(const PackageInfo &package) const
+{
+    PackageKey twin = PackageKey::of(package);
+    twin.type = package.type == PackageType::Deb ? PackageType::Udeb : PackageType::Deb;
+    return m_context.packages().find(twin) ? &package.type : nullptr;
+}
+
+bool PackageRemoval::removeFromDatabase(const PackageInfo &package, bool makesRoom)
+{
+    m_session->mayLeave(package.filePath());
     const ProcessResult result = m_session->remove(ReproCommand::remove(m_context.repoInfo().codename,
-                                                                        package->name,
-                                                                        package->indexComponent,
-                                                                        package->architecture,
-                                                                        only),
+                                                                        QStringList{package.name},
+                                                                        package.indexComponent,
+                                                                        package.architecture,
+                                                                        kindToName(package)),
                                                    makesRoom);
     // When only the indices could not be written, the package has left the database all the same, and the end of the
     // job tells of the indices.
     const bool removed
         = result.succeeded() || ReproAnswer::indicesOutdated(result.errorOutput)
           || ReproAnswer::signingFailed(result.errorOutput)
-          || ((result.crashed() || ReproAnswer::databaseTroubled(result.errorOutput)) && isGone(*package));
-    if (!removed) {
-        if (result.started && !result.crashed())
-            m_context.critical(tr("Error removing package %1!").arg(package->name), result.errorOutput);
-        return false;
-    }
-    if (ReproAnswer::nothingRemoved(result.errorOutput))
+          || ((result.crashed() || ReproAnswer::databaseTroubled(result.errorOutput)) && isGone(package));
+    if (!removed && result.started && !result.crashed())
+        m_context.critical(tr("Error removing package %1!").arg(package.name), result.errorOutput);
+    if (removed && ReproAnswer::nothingRemoved(result.errorOutput))
         m_session->oweExport();
-    if (const PackageInfoPtr listed = m_context.packages().take(PackageKey::of(*package))) {
-        SignatureRecord::forget(&m_context, *listed);
-        m_context.packageRemoved(listed);
-    }
-    return true;
+    return removed;
 }
 
 bool PackageRemoval::isGone(const PackageInfo &package)

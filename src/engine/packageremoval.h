@@ -2,13 +2,15 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "engine/packagelist.h"
 
 #include <QCoreApplication>
+#include <QSet>
 
 class ExportSession;
 class JobContext;
 
-/** Takes single packages out of the repository. */
+/** Takes packages out of the repository. */
 class PackageRemoval
 {
     Q_DECLARE_TR_FUNCTIONS(RepoShell)
@@ -18,6 +20,13 @@ public:
         , m_session(session)
     { }
 
+    /**
+     * Takes those of the packages that can share a run out of the database, without telling; remove() is still to be
+     * called for each. What a run did not do is left to it. A stop waits for the end of a run.
+     */
+    void removeTogether(const QList<PackageInfoPtr> &packages);
+    /** Whether removeTogether() has taken it out of the database. */
+    bool isOut(const PackageInfo &package) const { return m_gone.contains(PackageKey::of(package)); }
     /** False after critical() when the package is still there. For `makesRoom` see ExportSession::remove(). */
     bool remove(const PackageInfoPtr &package, bool makesRoom = false);
 
@@ -25,5 +34,9 @@ private:
     JobContext &m_context;
     ExportSession *m_session;
 
+    QSet<PackageKey> m_gone; ///< out of the database, by a run for several
+
+    const PackageType *kindToName(const PackageInfo &package) const;
+    bool removeFromDatabase(const PackageInfo &package, bool makesRoom);
     bool isGone(const PackageInfo &package);
 };

@@ -5,6 +5,13 @@
 #include "engine/jobframe.h"
 #include "engine/packageremoval.h"
 
+namespace
+{
+// A stop waits for the end of a run, so what takes no second is removed one by one.
+constexpr int ManyPackages = 50;
+constexpr int PackagesTogether = 25;
+} // namespace
+
 int RemoveJob::run(const QList<PackageInfoPtr> &packages)
 {
     JobFrame frame(m_context, packages.size() == 1 ? tr("Removing package") : tr("Removing packages"));
@@ -14,13 +21,26 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
     PackageRemoval removal(m_context, &session);
     QStringList removed;
     bool stopped = false;
-    for (const PackageInfoPtr &package : packages) {
+    int done = 0;
+    while (done < packages.size() && !stopped && !session.isDamaged()) {
         stopped = m_context.isCanceled();
-        if (stopped || session.isDamaged())
+        if (stopped)
             break;
-        if (removal.remove(package))
-            removed.append(displayFileName(*package));
-        frame.itemDone(packages.size());
+        // The first run of a job writes the indices.
+        const bool together = packages.size() > ManyPackages && session.isSilent();
+        const auto next = packages.mid(done, together ? PackagesTogether : 1);
+        if (together)
+            removal.removeTogether(next);
+        for (const PackageInfoPtr &package : next) {
+            ++done;
+            // What is out already is told of, also after a stop.
+            stopped = stopped || m_context.isCanceled();
+            if (session.isDamaged() || (stopped && together && !removal.isOut(*package)))
+                continue;
+            if (removal.remove(package))
+                removed.append(displayFileName(*package));
+            frame.itemDone(packages.size());
+        }
     }
     if (!m_context.finishSession(&session))
         removed.clear();

@@ -67,7 +67,7 @@ QString ReproCommand::listChecksums()
 }
 
 QString ReproCommand::remove(const QString &codename,
-                             const QString &name,
+                             const QStringList &names,
                              const QString &component,
                              const QString &architecture,
                              const PackageType *type)
@@ -79,7 +79,10 @@ QString ReproCommand::remove(const QString &codename,
         arguments += QStringLiteral("-C %1 ").arg(quoted(component));
     if (!architecture.isEmpty() && architecture != QLatin1String("all"))
         arguments += QStringLiteral("-A %1 ").arg(quoted(architecture));
-    return arguments + QStringLiteral("remove %1 %2").arg(quoted(codename), quoted(name));
+    arguments += QStringLiteral("remove %1").arg(quoted(codename));
+    for (const QString &name : names)
+        arguments += QLatin1Char(' ') + quoted(name);
+    return arguments;
 }
 
 QString ReproCommand::include(const QString &codename, const PackageInfo &record, const QStringList &files)

@@ -24,11 +24,11 @@ QString deleteUnreferenced();
 QString dumpUnreferenced();
 
 /**
- * Removes one package. `type` restricts the removal to that kind; leave it out unless the package stands in the
+ * Removes packages. `type` restricts the removal to that kind; leave it out unless the package stands in the
  * repository in both kinds, which a plain removal takes both.
  */
 QString remove(const QString &codename,
-               const QString &name,
+               const QStringList &names,
                const QString &component,
                const QString &architecture,
                const PackageType *type = nullptr);

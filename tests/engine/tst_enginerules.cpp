@@ -83,7 +83,7 @@ private Q_SLOTS:
         record.section = "my section"_s;
         QCOMPARE(ReproCommand::include("dog"_s, record, {"/a.udeb"_s}),
                  "-C main -S \"other/my section\" includeudeb dog \"/a.udeb\""_s);
-        QCOMPARE(ReproCommand::remove("dog"_s, "foo"_s, {}, "all"_s), "remove dog foo"_s);
+        QCOMPARE(ReproCommand::remove("dog"_s, {"foo"_s, "b c"_s}, {}, "all"_s), "remove dog foo \"b c\""_s);
         QCOMPARE(ReproCommand::listFiles("dog"_s, "foo"_s, "main"_s, "i386"_s),
                  "--list-format \"${filename}\n\" listfilter dog "
                  "\"Package (% foo), $Component (% main), $Architecture (% i386)\""_s);

@@ -85,12 +85,24 @@ private Q_SLOTS:
         QVERIFY(h.listed().contains("twice 2.0 main amd64"_s) && h.settled());
         QVERIFY2(readFile(log).count('\n') < files.size() / 2, "few runs");
 
+        // So with removing, also of what somebody else has removed already.
+        h.reprepro({"--export=never"_s, "remove"_s, "dogwood"_s, "p11"_s, "p33"_s});
+        QFile::remove(log);
+        const auto packages = h.shell.packages();
+        QCOMPARE(h.remove(packages), RepoEnums::SUCCESS);
+        QCOMPARE(h.trouble(), QString());
+        QVERIFY(h.events.size() == packages.size() && h.shell.packages().isEmpty() && h.settled());
+        QVERIFY2(readFile(log).count('\n') < packages.size() / 3, "few runs");
+
         // A stop waits for the end of a run, and what that has put in is told of.
-        h.remove(h.shell.packages());
         h.cancelAt(&RepoShell::packageAdded, 5);
         QCOMPARE(h.add(files), RepoEnums::CANCEL);
         QVERIFY(h.listed().size() > 5 && h.listed().size() < files.size() / 2 && h.settled());
         QCOMPARE(h.events.size(), h.listed().size());
+        h.add(files);
+        h.cancelAt(&RepoShell::packageRemoved, 5);
+        QCOMPARE(h.remove(h.shell.packages()), RepoEnums::CANCEL);
+        QVERIFY(h.events.size() >= 5 && h.listed().size() > 10 && h.settled());
     }
 
     void everyArchitectureOfAll()

@@ -45,9 +45,9 @@ void FuzzTarget::reprepro(std::string_view input)
     const QString file = "/"_s + lines.value(6);
     const QStringList place{"-C"_s, component, "-A"_s, architecture};
     checkWords(path,
-               ReproCommand::remove(codename, name, component, architecture),
+               ReproCommand::remove(codename, {name, path}, component, architecture),
                (architecture == "all"_s ? QStringList(place.mid(0, 2)) : place)
-                   + QStringList{"remove"_s, codename, name});
+                   + QStringList{"remove"_s, codename, name, path});
     const QString include = file.endsWith(".udeb"_s) ? "includeudeb"_s : "includedeb"_s;
     checkWords(path,
                ReproCommand::include(codename, record, {file, path}),
