@@ -156,8 +156,6 @@ private Q_SLOTS:
         QTest::addColumn<QString>("page");
         const QDir english(QStringLiteral(SOURCE_FOLDER "/data/help/en"));
         for (const char *language : {"de", "ru"}) {
-            if (!english.exists("../"_s + QLatin1String(language)))
-                continue;
             const QStringList pages = english.entryList({"*.html"_s});
             for (const QString &page : pages)
                 QTest::addRow("%s/%s", language, qPrintable(page)) << page;
