@@ -10,7 +10,7 @@
 
 /**
  * The text of one control paragraph, kept as the bytes it was read as and decoded field by field on demand. Many
- * paragraphs can share one block of bytes (a mapped index file); the block lives as long as one of them does.
+ * paragraphs can share one block of bytes (an index file); the block lives as long as one of them does.
  * Immutable, so it can be read from any thread.
  */
 class ControlText

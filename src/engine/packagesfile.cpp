@@ -119,27 +119,6 @@ private:
     QList<PackageInfoPtr> m_records;
 };
 
-/** Keeps a mapping alive after the QFile object has gone out of the reader's sight. */
-struct MappedFile
-{
-    explicit MappedFile(const QString &fileName)
-        : file(fileName)
-    {
-        // reprepro puts a new index in place by renaming, so the bytes behind the mapping never change.
-        if (file.open(QIODevice::ReadOnly) && file.size() > 0)
-            data = file.map(0, file.size());
-    }
-
-    Bytes bytes() const
-    {
-        return data == nullptr
-                   ? Bytes()
-                   : Bytes(reinterpret_cast<const char *>(data), static_cast<std::size_t>(file.size()));
-    }
-
-    QFile file;
-    uchar *data = nullptr;
-};
 } // namespace
 
 std::optional<IndexPlace> indexPlace(const QString &relativePath)
@@ -194,6 +173,11 @@ QList<PackageInfoPtr> parsePackages(const ControlText::Owner &owner,
 
 QList<PackageInfoPtr> readPackagesFile(const QString &fileName, const IndexPlace &place, const QString &root)
 {
-    const auto mapped = std::make_shared<const MappedFile>(fileName);
-    return parsePackages(mapped, mapped->bytes(), place, root);
+    // A mapping would cost less, but whoever cuts the file short in its place would end the program with it.
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return {};
+    const auto bytes = std::make_shared<const QByteArray>(file.readAll());
+    return parsePackages(
+        bytes, Bytes(bytes->constData(), static_cast<std::size_t>(bytes->size())), place, root);
 }

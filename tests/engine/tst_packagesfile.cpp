@@ -64,10 +64,8 @@ private Q_SLOTS:
         auto records = readPackagesFile(file, Contrib, {});
         const PackageInfoPtr record = records.first();
         records.clear();
-        // reprepro replaces an index by renaming a new one over it.
-        writeFile(file + ".new"_s, "Package: other\n");
-        QVERIFY(QFile::remove(file));
-        QVERIFY(QFile::rename(file + ".new"_s, file));
+        // reprepro puts a new index in place by renaming, a backup that is played back writes into the old one.
+        writeFile(file, "");
         QCOMPARE(record->maintainer(), "Jürgen Ö <j@example.org>"_s);
     }
 };
