@@ -28,12 +28,14 @@ struct RepoInfo
     QString codename; ///< also the distribution argument of every reprepro command
     QString suite;
     QString version;
-    QString architectures; ///< separated by blanks
+    QString architectures; ///< separated by blanks, as the file has them
     QString components; ///< separated by blanks
     bool signWith = false; ///< Release files are signed with the user's default key
     bool contents = false; ///< Contents indices are made, compressed with gzip
 
     QStringList architectureList() const { return architectures.split(QLatin1Char(' '), Qt::SkipEmptyParts); }
+    /** Those that packages can be built for: without "source", and without what follows a comment sign. */
+    QStringList binaryArchitectures() const;
     QStringList componentList() const { return components.split(QLatin1Char(' '), Qt::SkipEmptyParts); }
 
     bool operator==(const RepoInfo &other) const;

@@ -118,7 +118,7 @@ QVector<PackageInfo> PackageAdding::recordsOf(const PackageInfo &package) const
 {
     QStringList architectures{package.architecture};
     if (package.architecture == QLatin1String("all"))
-        architectures = m_context.repoInfo().architectureList();
+        architectures = m_context.repoInfo().binaryArchitectures();
     QVector<PackageInfo> records;
     for (const QString &architecture : qAsConst(architectures)) {
         PackageInfo record = package;

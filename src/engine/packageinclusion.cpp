@@ -144,7 +144,7 @@ QList<PackageInfoPtr> PackageInclusion::packagesInTheWay(const PackageInfo &pres
         return packages;
     // An architecture-independent package has one file for all architectures, and as long as one of them uses the
     // old file, reprepro takes no other contents under its name.
-    const QStringList architectures = m_context.repoInfo().architectureList();
+    const QStringList architectures = m_context.repoInfo().binaryArchitectures();
     for (const QString &architecture : architectures) {
         PackageKey key = PackageKey::of(present);
         key.architecture = architecture;

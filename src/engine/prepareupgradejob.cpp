@@ -16,7 +16,7 @@ int PrepareUpgradeJob::run(const QStringList &sources)
         return frame.finish(ERROR, failure);
     const bool fetched = offers.fetchLists();
     QVector<AptPackageRecord> records;
-    const QString ownArchitecture = m_context.repoInfo().architectureList().value(0);
+    const QString ownArchitecture = m_context.repoInfo().binaryArchitectures().value(0);
     const auto packages = m_context.packages().all();
     const bool asked
         = fetched && offers.askRecords(UpgradeRules::questions(packages, ownArchitecture), &records);

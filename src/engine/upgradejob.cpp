@@ -209,7 +209,7 @@ QList<PackageInfoPtr> UpgradeJob::replacedBy(const PackageFile &file,
             && VersionOrder::holds(file.package->version, QStringLiteral(">>"), package->version))
             replaced.append(package);
     };
-    const QStringList architectures = m_context.repoInfo().architectureList();
+    const QStringList architectures = m_context.repoInfo().binaryArchitectures();
     for (const UpgradablePackage &package : group) {
         PackageKey key{package.name, package.component, package.architecture, PackageType::Deb};
         const PackageInfoPtr present = m_context.packages().find(key);

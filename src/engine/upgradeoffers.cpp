@@ -14,7 +14,7 @@ constexpr int Percents = 100;
 
 UpgradeOffers::UpgradeOffers(JobContext &context, UpgradeSources &sources)
     : m_context(context)
-    , m_apt(sources.apt(context.repoInfo().architectureList()))
+    , m_apt(sources.apt(context.repoInfo().binaryArchitectures()))
 {
     if (!m_apt)
         m_context.critical(tr("Failed to create file with selected sources"), PrivateApt::cacheFolder());

@@ -107,7 +107,9 @@ private Q_SLOTS:
 
     void everyArchitectureOfAll()
     {
-        RepoHarness h("amd64 i386"_s);
+        RepoHarness h("source amd64 i386"_s);
+        runShell("sed -i '/^Architectures/s/$/ # both/' conf/distributions"_s, h.repoPath());
+        h.open(h.repoPath());
         DebBuilder deb(Foo);
         QCOMPARE(h.add({h.deb(deb.architecture("all"_s))}), RepoEnums::SUCCESS);
         QCOMPARE(h.listed(), (QStringList{"foo 1.0 main amd64"_s, "foo 1.0 main i386"_s}));
