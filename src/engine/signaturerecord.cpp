@@ -35,7 +35,10 @@ void SignatureRecord::mark(QList<PackageInfoPtr> *packages, const QString &repoP
 void SignatureRecord::remember(JobContext *context, const PackageInfo &package)
 {
     const QString file = SignProcess::packagesConfPath(context->path());
-    if (package.isSigned() && !SignProcess::saveKeyInfo(file, package))
+    // The entry of a package that was removed without this program's help is not that of the next one.
+    const bool isStale = !package.isSigned() && !SignProcess::keyInfo(file, package).isEmpty();
+    if ((package.isSigned() && !SignProcess::saveKeyInfo(file, package))
+        || (isStale && !SignProcess::removeKeyInfo(file, package)))
         warn(context, file);
 }
 

@@ -16,7 +16,7 @@ class SignatureRecord
 public:
     /** Puts the keys into the records of signed packages. */
     static void mark(QList<PackageInfoPtr> *packages, const QString &repoPath);
-    /** Enters the package when it is signed. A record that cannot be written costs a warning. */
+    /** Enters the package when it is signed, and takes out what is said of it when not. A record that cannot be written costs a warning. */
     static void remember(JobContext *context, const PackageInfo &package);
     /** Takes the package out when it was signed. */
     static void forget(JobContext *context, const PackageInfo &package);

@@ -76,6 +76,11 @@ private Q_SLOTS:
         h.remove({h.find("everywhere"_s, "i386"_s)});
         QCOMPARE(recorded(h), QStringList{"main_amd64_everywhere"_s});
         QVERIFY(h.settled());
+        // Nor does it inherit the key of one that was removed without us.
+        h.reprepro({"remove"_s, "dogwood"_s, "everywhere"_s});
+        h.open(h.repoPath());
+        h.add({everywhere});
+        QCOMPARE(recorded(h), QStringList());
     }
 
     void signJob()
