@@ -17,6 +17,12 @@ QString line(const QString &name, const QString &value)
     return QStringLiteral("%1: %2\n").arg(name, value);
 }
 
+/** The name of the field that the line begins, in small letters. */
+QString nameOf(const QString &line)
+{
+    return line.section(QLatin1Char(':'), 0, 0).trimmed().toLower();
+}
+
 QString architectureOf(const QString &codename)
 {
     static const QHash<QString, QString> architectures{
@@ -94,31 +100,60 @@ QString Distributions::fieldValue(const QStringList &lines, const QString &field
     return value.trimmed();
 }
 
-bool Distributions::holdsMore(const QString &text)
+QStringList Distributions::foreignLines(const QString &text)
 {
     static const QSet<QString> ours{QStringLiteral("codename"),
                                     QStringLiteral("suite"),
                                     QStringLiteral("version"),
                                     QStringLiteral("architectures"),
-                                    QStringLiteral("components"),
-                                    QStringLiteral("udebcomponents")};
+                                    QStringLiteral("components")};
+    const QString components = parse(text, {}).components;
     QSet<QString> seen;
+    QStringList foreign;
     const QStringList lines = text.split(QLatin1Char('\n'));
     for (const QString &raw : lines) {
         const QString entry = raw.trimmed();
         if (entry.isEmpty())
             continue;
-        const QString name = entry.section(QLatin1Char(':'), 0, 0).toLower();
+        const QString name = nameOf(entry);
         const QString value = entry.section(QLatin1Char(':'), 1).trimmed();
         const bool known = ours.contains(name) || entry == Origin
+                           || (name == UDebComponents.toLower() && value == components)
                            || (name == QLatin1String("signwith") && value == QLatin1String("yes"))
                            || (name == QLatin1String("contents") && value == QLatin1String(".gz"));
         // A name that comes again belongs to a second distribution, a leading blank to a value over several lines.
         if (!known || seen.contains(name) || raw.at(0).isSpace())
-            return true;
+            foreign.append(raw.at(0).isSpace() ? QLatin1Char(' ') + entry : entry);
         seen.insert(name);
     }
-    return false;
+    return foreign;
+}
+
+bool Distributions::losesField(const QString &text, const QString &fieldName)
+{
+    const QStringList foreign = foreignLines(text);
+    return std::any_of(foreign.cbegin(), foreign.cend(), [&fieldName](const QString &line) {
+        return line.startsWith(fieldName + QLatin1Char(':'), Qt::CaseInsensitive);
+    });
+}
+
+QString Distributions::unreadLine(const QString &text)
+{
+    static const QSet<QString> lists{
+        QStringLiteral("architectures"), QStringLiteral("components"), QStringLiteral("udebcomponents")};
+    QString field;
+    const QStringList lines = text.split(QLatin1Char('\n'));
+    for (const QString &line : lines) {
+        if (line.startsWith(QLatin1Char('!')))
+            return line;
+        if (line.trimmed().isEmpty() || line.startsWith(QLatin1Char('#')))
+            continue;
+        if (!line.at(0).isSpace())
+            field = nameOf(line);
+        else if (lists.contains(field))
+            return line;
+    }
+    return {};
 }
 
 int Distributions::distributionCount(const QString &text)

@@ -22,8 +22,17 @@ RepoInfo parse(const QString &text, const QString &name);
  *  A Description takes all lines that follow. */
 QString fieldValue(const QStringList &lines, const QString &fieldName);
 
-/** True when the text says more than text() would write, so that rewriting the file loses something. */
-bool holdsMore(const QString &text);
+/** The lines that a description of ours has no place for, so that rewriting the file loses them. */
+QStringList foreignLines(const QString &text);
+
+/** Whether the value of this field stands in the text, with a value that we do not write. */
+bool losesField(const QString &text, const QString &fieldName);
+
+/**
+ * The first line that says of the packages' places what parse() does not read: a further line of a list, or an order
+ * to include another file. Empty when there is none.
+ */
+QString unreadLine(const QString &text);
 
 /** How many distributions the text describes; only repositories with one can be changed. */
 int distributionCount(const QString &text);

@@ -18,8 +18,7 @@ std::optional<RepoInfo> DistributionsFile::read() const
     const auto bytes = readBytes();
     if (!bytes)
         return std::nullopt;
-    return Distributions::parse(QString::fromLocal8Bit(*bytes),
-                                QFileInfo(QDir::cleanPath(m_repoPath)).fileName());
+    return parsed(*bytes);
 }
 
 std::optional<QByteArray> DistributionsFile::readBytes() const
@@ -31,24 +30,37 @@ std::optional<QByteArray> DistributionsFile::readBytes() const
     return file.readAll();
 }
 
+RepoInfo DistributionsFile::parsed(const QByteArray &bytes) const
+{
+    return Distributions::parse(QString::fromLocal8Bit(bytes),
+                                QFileInfo(QDir::cleanPath(m_repoPath)).fileName());
+}
+
 bool DistributionsFile::write(const RepoInfo &info) const
 {
     const auto old = readBytes();
-    if (old && Distributions::holdsMore(QString::fromLocal8Bit(*old)) && !keep(*old))
+    if (old && !Distributions::foreignLines(QString::fromLocal8Bit(*old)).isEmpty() && !keep(*old))
         return false;
     return restore(Distributions::text(info).toLocal8Bit());
 }
 
-bool DistributionsFile::keep(const QByteArray &bytes) const
+QString DistributionsFile::keptAs(const QByteArray &bytes) const
 {
-    QString name = m_fileName + QLatin1String(".orig");
+    const QString first = m_fileName + QLatin1String(".orig");
+    QString name = first;
     for (int number = 1; QFile::exists(name); ++number) {
         QFile kept(name);
         if (kept.open(QIODevice::ReadOnly) && kept.readAll() == bytes)
-            return true;
-        name = m_fileName + QLatin1String(".orig.") + QString::number(number);
+            break;
+        name = QStringLiteral("%1.%2").arg(first).arg(number);
     }
-    return WholeFile::replace(name, bytes).isEmpty();
+    return QFileInfo(name).fileName();
+}
+
+bool DistributionsFile::keep(const QByteArray &bytes) const
+{
+    const QString name = QFileInfo(m_fileName).dir().filePath(keptAs(bytes));
+    return QFile::exists(name) || WholeFile::replace(name, bytes).isEmpty();
 }
 
 bool DistributionsFile::restore(const QByteArray &bytes) const

@@ -18,6 +18,10 @@ public:
     std::optional<RepoInfo> read() const;
     /** The file as it is, for restore(); nothing when it cannot be read. */
     std::optional<QByteArray> readBytes() const;
+    /** The description that the file has when it holds this. */
+    RepoInfo parsed(const QByteArray &bytes) const;
+    /** Name of the file that write() keeps this in, in the same folder. */
+    QString keptAs(const QByteArray &bytes) const;
     /**
      * Replaces the file atomically. A text that held more than our own fields is kept beside it, as
      * distributions.orig or with a number behind. False when the file cannot be written; the old one then stays.

@@ -61,13 +61,24 @@ ProcessResult ExportSession::keep()
     return result;
 }
 
-ProcessResult ExportSession::clearVanished()
+ProcessResult ExportSession::clearVanished(Vanished parts)
 {
+    return changeSilently(ReproCommand::clearVanished(parts == WithPackages));
+}
+
+ProcessResult ExportSession::dropTracks(const QString &codename)
+{
+    return changeSilently(ReproCommand::removeAllTracks(codename));
+}
+
+ProcessResult ExportSession::changeSilently(const QString &arguments)
+{
+    // Anew each time, because the description may have changed.
     auto silent = std::make_unique<PrivateConfig>(m_repoPath, PrivateConfig::Keep);
     if (silent->isValid())
         m_silentConfig = std::move(silent);
     m_removed = true;
-    return change(ReproCommand::clearVanished(), m_silentConfig.get());
+    return change(arguments, m_silentConfig.get());
 }
 
 void ExportSession::mayLeave(const QString &poolFile)

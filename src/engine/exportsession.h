@@ -46,8 +46,11 @@ public:
      * may not be.
      */
     ProcessResult keep();
+    enum Vanished { OnlyEmpty, WithPackages };
     /** Takes out what the description has no place for any more; after keep(). The pool files stay until finish(). */
-    ProcessResult clearVanished();
+    ProcessResult clearVanished(Vanished parts);
+    /** Makes the database forget which files belonged to which source; after keep(), with the pool files as above. */
+    ProcessResult dropTracks(const QString &codename);
     /** Whether further runs leave the indices alone. */
     bool isSilent() const { return m_silentConfig != nullptr; }
     /** Tells, before the run, of a file that would lie in the pool without use if the run were cut short. */
@@ -92,5 +95,6 @@ private:
     ProcessResult run(const QString &arguments, const QStringList &environment = {});
     std::optional<ProcessResult> keepDatabase();
     ProcessResult change(const QString &arguments, PrivateConfig *config);
+    ProcessResult changeSilently(const QString &arguments);
     ProcessResult writeIndices();
 };

@@ -2,9 +2,12 @@
 #include "engine/pathguard.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
+#include <iterator>
 
 namespace
 {
@@ -13,29 +16,33 @@ bool isAtOrAbove(const QString &upper, const QString &lower)
     return upper == QLatin1String("/") || lower == upper || lower.startsWith(upper + QLatin1Char('/'));
 }
 
-/** A top-level folder of the hierarchy (hier(7)); a repository may lie in one, but not be one. */
-bool isSystemFolder(const QString &path)
+/** Whether a repository may lie in this folder of the hierarchy (hier(7)), but not be it. */
+bool isSharedFolder(const QString &path)
 {
-    static const QStringList folders{QStringLiteral("/bin"),
-                                     QStringLiteral("/boot"),
-                                     QStringLiteral("/dev"),
-                                     QStringLiteral("/etc"),
-                                     QStringLiteral("/home"),
-                                     QStringLiteral("/lib"),
-                                     QStringLiteral("/lib64"),
+    static const QStringList folders{QStringLiteral("/home"),
                                      QStringLiteral("/media"),
                                      QStringLiteral("/mnt"),
                                      QStringLiteral("/opt"),
-                                     QStringLiteral("/proc"),
                                      QStringLiteral("/root"),
                                      QStringLiteral("/run"),
-                                     QStringLiteral("/sbin"),
                                      QStringLiteral("/srv"),
-                                     QStringLiteral("/sys"),
                                      QStringLiteral("/tmp"),
-                                     QStringLiteral("/usr"),
-                                     QStringLiteral("/var")};
-    return folders.contains(path);
+                                     QStringLiteral("/var"),
+                                     QStringLiteral("/var/cache"),
+                                     QStringLiteral("/var/lib"),
+                                     QStringLiteral("/var/log"),
+                                     QStringLiteral("/var/spool"),
+                                     QStringLiteral("/var/tmp")};
+    // Right below /home stand the homes, other people's too.
+    return folders.contains(path) || QFileInfo(path).path() == QLatin1String("/home");
+}
+
+/** Whether the path belongs to the system with all that is below it. */
+bool isOfSystem(const QString &path)
+{
+    static const QRegularExpression trees(
+        QStringLiteral("\\A/(bin|boot|dev|etc|lib(32|64|x32)?|proc|sbin|sys|usr|var/lib/(apt|dpkg))(/|\\z)"));
+    return trees.match(path).hasMatch();
 }
 } // namespace
 
@@ -58,11 +65,50 @@ bool PathGuard::mayBeWiped(const QString &path, const QStringList &openRepositor
     if (!QDir::isAbsolutePath(path))
         return false;
     const QString target = resolved(path);
-    if (isSystemFolder(target) || isAtOrAbove(target, resolved(QDir::homePath())))
+    if (isSharedFolder(target) || isOfSystem(target) || isAtOrAbove(target, resolved(QDir::homePath())))
+        return false;
+    if (!repositoriesBelow(target).isEmpty())
         return false;
     return std::none_of(openRepositories.cbegin(), openRepositories.cend(), [&](const QString &repository) {
         return !repository.isEmpty() && isAtOrAbove(target, resolved(repository));
     });
+}
+
+QStringList PathGuard::repositoriesBelow(const QString &path, const QStringList &remembered)
+{
+    constexpr int Levels = 3;
+    constexpr int MostFolders = 50000; // of a repository's own there are a few hundred
+    const QString top = resolved(path);
+    QStringList found;
+    QStringList level{top};
+    int folders = 0;
+    for (int depth = 0; depth < Levels; ++depth) {
+        QStringList below;
+        for (const QString &parent : qAsConst(level)) {
+            // What a link leads to does not go with it.
+            QDirIterator children(parent,
+                                  QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+            while (children.hasNext() && folders < MostFolders) {
+                below.append(children.next());
+                ++folders;
+            }
+        }
+        std::copy_if(below.cbegin(), below.cend(), std::back_inserter(found), &PathGuard::isRepository);
+        level = below;
+    }
+    for (const QString &repository : remembered) {
+        const QString place = resolved(repository);
+        if (place != top && isAtOrAbove(top, place) && isRepository(place))
+            found.append(place);
+    }
+    found.removeDuplicates();
+    found.sort();
+    return found;
+}
+
+bool PathGuard::isRepository(const QString &path)
+{
+    return QFileInfo(path + QLatin1String("/conf/distributions")).isFile();
 }
 
 bool PathGuard::overlap(const QString &a, const QString &b)

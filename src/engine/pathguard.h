@@ -8,10 +8,20 @@
 namespace PathGuard
 {
 /**
- * Whether everything below `path` may be deleted to make room for a repository: it must be an absolute path, not the
- * root, a folder of the system or a home (or above one), and not lie at or above one of `openRepositories`.
+ * Whether everything below `path` may be deleted, to make room for a repository or with the one that it is: it must be
+ * an absolute path, not the root, a folder of the system or a home (or above one), not lie at or above one of
+ * `openRepositories`, and hold no other repository. Searches folders: not for the interface thread.
  */
 bool mayBeWiped(const QString &path, const QStringList &openRepositories);
+
+/**
+ * The repositories that lie below `path`, which may be one itself: those a few levels down, and those of `remembered`
+ * wherever they are below it. Sorted. Searches folders: not for the interface thread.
+ */
+QStringList repositoriesBelow(const QString &path, const QStringList &remembered = {});
+
+/** Whether the directory is one of a repository. */
+bool isRepository(const QString &path);
 
 /** Whether `a` and `b` are one directory, or one lies inside the other, whatever their spelling. */
 bool overlap(const QString &a, const QString &b);

@@ -42,6 +42,12 @@ QString RepoShell::path() const
     return m_path;
 }
 
+QString RepoShell::place() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_place;
+}
+
 RepoInfo RepoShell::repoInfo() const
 {
     const QMutexLocker lock(&m_mutex);

@@ -20,6 +20,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class AsideDirectory;
 class DependsData;
@@ -53,8 +54,13 @@ public:
     // --- jobs: return at once, do nothing when the path or the list is empty -------------------------------------
 
     void openRepo(const QString &path);
-    /** Rewrites the description and, when `newPath` is another one, moves the repository there. */
-    void changeRepo(const QString &newPath, const RepoInfo &info);
+    /**
+     * Rewrites the description and, when `newPath` is another one, moves the repository there. What the new description
+     * cannot keep of the old one is lost after a question only. `given` is the text of conf/distributions that `info`
+     * was made from: when the file holds another one by now, nothing is done.
+     */
+    void
+    changeRepo(const QString &newPath, const RepoInfo &info, const std::optional<QByteArray> &given = {});
     void addPackages(const QStringList &files, const AddOptions &options = {});
     void removePackages(const QList<PackageInfoPtr> &packages);
     /**
@@ -109,6 +115,8 @@ public:
     // --- what is open: callable from any thread --------------------------------------------------------------------
 
     QString path() const;
+    /** path() with links resolved, as of the opening or the last move: to be compared, not to be shown. */
+    QString place() const;
     RepoInfo repoInfo() const;
     /** A copy of the package list; cheap, since the list is shared until it changes. */
     QList<PackageInfoPtr> packages() const;
@@ -231,6 +239,7 @@ Q_SIGNALS:
 private:
     mutable QMutex m_mutex; ///< guards what follows, up to the blank line
     QString m_path;
+    QString m_place;
     RepoInfo m_repoInfo;
     QStringList m_openRepositories;
 
@@ -257,11 +266,14 @@ private:
     int openBody(const QString &path);
 
     // --- change: reposhell_change.cpp
-    int changeBody(const QString &newPath, const RepoInfo &info);
-    bool mayChange(const QString &newPath);
-    bool keepForUndoing(QString *details);
+    int changeBody(const QString &newPath, const RepoInfo &info, const std::optional<QByteArray> &given);
+    bool isUnderstood(const QByteArray &text, const std::optional<QByteArray> &given);
+    bool mayMove(const QString &newPath);
+    bool userAgreesToLosses(const QByteArray &text, const QString &newPath, const RepoInfo &info);
+    bool keepForUndoing(const QByteArray &text, QString *details);
     bool moveRepo(const QString &newPath);
-    bool rewriteRepo(const RepoInfo &info, QString *details);
+    bool rewriteRepo(const RepoInfo &info, bool dropsTracks, QString *details);
+    bool takeOutVanished(const RepoInfo &before, ExportSession *session, QString *details);
     void removeVanishedIndices(const RepoInfo &before, const RepoInfo &after) const;
     bool exportOrGiveUpSigning(RepoInfo info, ExportSession *session);
 

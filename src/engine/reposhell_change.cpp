@@ -43,22 +43,35 @@ bool hasPlaceFor(const RepoInfo &info, const RepoInfo &earlier, const PackageInf
 }
 } // namespace
 
-void RepoShell::changeRepo(const QString &newPath, const RepoInfo &info)
+void RepoShell::changeRepo(const QString &newPath,
+                           const RepoInfo &info,
+                           const std::optional<QByteArray> &given)
 {
     if (!newPath.isEmpty() && !path().isEmpty())
-        startJob([this, target = absolute(newPath), info] { return changeBody(target, info); });
+        startJob([this, target = absolute(newPath), info, given] { return changeBody(target, info, given); });
 }
 
-int RepoShell::changeBody(const QString &newPath, const RepoInfo &info)
+int RepoShell::changeBody(const QString &newPath,
+                          const RepoInfo &info,
+                          const std::optional<QByteArray> &given)
 {
     JobFrame frame(*m_context, tr("Repository changing"));
     Q_EMIT requestForSavingPackages(m_context->packages().all());
     const QString oldPath = path();
-    if (!m_context->isDatabaseThere() || !mayChange(newPath))
+    const DistributionsFile file(oldPath);
+    const auto text = file.readBytes();
+    if (!text)
+        Q_EMIT critical(tr("Failed to change repository!"),
+                        tr("File %1/conf/distributions not found!").arg(oldPath));
+    if (!text || !m_context->isDatabaseThere() || !isUnderstood(*text, given) || !mayMove(newPath))
         return frame.finish(ERROR, tr("Repository not changed"));
-    const RepoInfo oldInfo = repoInfo();
+    if (!userAgreesToLosses(*text, newPath, info))
+        return frame.finish(CANCEL, tr("Repository not changed"));
+    // Somebody may have edited the file since it was opened.
+    const RepoInfo oldInfo = file.parsed(*text);
+    setRepository(oldPath, oldInfo);
     QString details;
-    if (!keepForUndoing(&details)) {
+    if (!keepForUndoing(*text, &details)) {
         Q_EMIT critical(tr("Failed to change repository!"), details, CRITICAL);
         return frame.finish(ERROR, tr("Repository is not changed."), CHANGE_REPO_JOB);
     }
@@ -69,7 +82,9 @@ int RepoShell::changeBody(const QString &newPath, const RepoInfo &info)
 
     // Until the indices are those of the description again, whoever opens the repository has to write them.
     ExportSession::setMarker(newPath);
-    if (rewriteRepo(info, &details)) {
+    const bool dropsTracks
+        = Distributions::losesField(QString::fromLocal8Bit(*text), QStringLiteral("Tracking"));
+    if (rewriteRepo(info, dropsTracks, &details)) {
         DatabaseCopy::drop(newPath);
         Q_EMIT pathChanged(newPath);
         // Between the steps of a change nothing can be stopped, and its end is no opening to be stopped either.
@@ -93,42 +108,90 @@ int RepoShell::changeBody(const QString &newPath, const RepoInfo &info)
     return frame.finish(ERROR, tr("Repository is not changed."), CHANGE_REPO_JOB);
 }
 
-bool RepoShell::keepForUndoing(QString *details)
+bool RepoShell::keepForUndoing(const QByteArray &text, QString *details)
 {
     const QString repoPath = path();
     const ProcessResult kept = m_context->makeSession().keep();
     *details = kept.errorOutput;
     if (!kept.succeeded())
         return false;
-    const DistributionsFile file(repoPath);
-    const auto text = file.readBytes();
-    if (text && DatabaseCopy::keepDescription(repoPath, *text))
+    if (DatabaseCopy::keepDescription(repoPath, text))
         return true;
-    *details = file.fileName();
+    *details = DistributionsFile(repoPath).fileName();
     DatabaseCopy::drop(repoPath);
     return false;
 }
 
-bool RepoShell::mayChange(const QString &newPath)
+bool RepoShell::isUnderstood(const QByteArray &text, const std::optional<QByteArray> &given)
 {
-    const QString oldPath = path();
-    const auto text = DistributionsFile(oldPath).readBytes();
-    if (text && Distributions::distributionCount(QString::fromLocal8Bit(*text)) > 1) {
+    const QString fileName = DistributionsFile(path()).fileName();
+    if (given && *given != text) {
+        Q_EMIT critical(tr("The description of the repository has been changed by another program "
+                           "meanwhile, so nothing was done. Look at it and try again."),
+                        fileName);
+        return false;
+    }
+    const QString description = QString::fromLocal8Bit(text);
+    if (Distributions::distributionCount(description) > 1) {
         Q_EMIT critical(
             tr("The repository holds several distributions. A change would delete all but the first, so "
                "nothing was done."),
-            DistributionsFile(oldPath).fileName());
+            fileName);
         return false;
     }
-    if (newPath != oldPath
-        && (PathGuard::overlap(oldPath, newPath) || !PathGuard::mayBeWiped(newPath, openRepositories()))) {
-        Q_EMIT critical(
-            tr("Impossible to delete directory %1!").arg(newPath),
-            tr("It is the repository itself, lies in it or holds it, or it is a directory of the system, "
-               "or holds a home directory or an open repository."));
+    const QString unread = Distributions::unreadLine(description);
+    if (!unread.isEmpty()) {
+        Q_EMIT critical(tr("The description of the repository is written in a way that this program does not "
+                           "read fully. A change could delete packages, so nothing was done."),
+                        QStringLiteral("%1\n%2").arg(fileName, unread));
         return false;
     }
     return true;
+}
+
+bool RepoShell::mayMove(const QString &newPath)
+{
+    const QString oldPath = path();
+    if (newPath == oldPath)
+        return true;
+    if (PathGuard::overlap(oldPath, newPath) || !PathGuard::mayBeWiped(newPath, openRepositories())) {
+        const QStringList held = PathGuard::repositoriesBelow(newPath);
+        Q_EMIT critical(
+            tr("Impossible to delete directory %1!").arg(newPath),
+            held.isEmpty()
+                ? tr("It is the repository itself, lies in it or holds it, or it is a directory of the "
+                     "system, or holds a home directory or an open repository.")
+                : tr("It holds these repositories: %1").arg(held.join(QLatin1String(", "))));
+        return false;
+    }
+    return true;
+}
+
+bool RepoShell::userAgreesToLosses(const QByteArray &text, const QString &newPath, const RepoInfo &info)
+{
+    constexpr int MostLines = 12;
+    constexpr int MostCharacters = 100;
+    const QString description = QString::fromLocal8Bit(text);
+    const QStringList lost = Distributions::foreignLines(description);
+    if (lost.isEmpty())
+        return true;
+    QStringList lines;
+    for (const QString &line : lost.mid(0, MostLines))
+        lines << (line.size() > MostCharacters ? line.left(MostCharacters) + QChar(0x2026) : line);
+    if (lost.size() > MostLines)
+        lines << QString(QChar(0x2026));
+    QString question = tr("The change writes the description of the repository anew, without these lines:\n\n"
+                          "%1\n\n"
+                          "The file with them is kept as %2.")
+                           .arg(lines.join(QLatin1Char('\n')),
+                                newPath + QLatin1String("/conf/") + DistributionsFile(path()).keptAs(text));
+    if (Distributions::losesField(description, DistributionField::SignWith))
+        question += QLatin1Char(' ')
+                    + (info.signWith ? tr("The repository will be signed with the default key instead.")
+                                     : tr("The repository will no longer be signed, so that clients may "
+                                          "refuse it."));
+    return m_context->ask(
+        tr("Repository change"), question + QLatin1Char(' ') + tr("Want to continue?"), false);
 }
 
 bool RepoShell::moveRepo(const QString &newPath)
@@ -153,7 +216,7 @@ bool RepoShell::moveRepo(const QString &newPath)
     return true;
 }
 
-bool RepoShell::rewriteRepo(const RepoInfo &info, QString *details)
+bool RepoShell::rewriteRepo(const RepoInfo &info, bool dropsTracks, QString *details)
 {
     const RepoInfo oldInfo = repoInfo();
     ExportSession session = m_context->makeSession();
@@ -166,12 +229,12 @@ bool RepoShell::rewriteRepo(const RepoInfo &info, QString *details)
         else
             session.mayLeave(path() + package->filePath().mid(package->root.size()));
     }
-    setRepository(path(), info);
-    if (!result.succeeded() || !writeRepoInfo(info))
-        return false;
-    result = session.clearVanished();
+    // Without the field that asks for them, the tracks of the packages would make every later run fail.
+    if (result.succeeded() && dropsTracks)
+        result = session.dropTracks(oldInfo.codename);
     *details = result.errorOutput;
-    if (!result.succeeded())
+    setRepository(path(), info);
+    if (!result.succeeded() || !writeRepoInfo(info) || !takeOutVanished(oldInfo, &session, details))
         return false;
     removeVanishedIndices(oldInfo, info);
     // Whoever finds the repository like this has to go on with the change rather than to undo it.
@@ -181,6 +244,31 @@ bool RepoShell::rewriteRepo(const RepoInfo &info, QString *details)
     if (exported)
         SignatureRecord::forgetOthers(m_context.get(), staying);
     return exported;
+}
+
+bool RepoShell::takeOutVanished(const RepoInfo &before, ExportSession *session, QString *details)
+{
+    ProcessResult result = session->clearVanished(ExportSession::OnlyEmpty);
+    QStringList unexplained;
+    const QStringList filled = ReproAnswer::vanishedParts(result.output + result.errorOutput);
+    for (const QString &part : filled) {
+        // CODENAME|COMPONENT|ARCHITECTURE, of .udeb files with u| in front
+        const QStringList words
+            = part.split(QLatin1Char('|')).mid(part.startsWith(QLatin1String("u|")) ? 1 : 0);
+        if (words.value(0) != before.codename || !before.componentList().contains(words.value(1))
+            || !before.architectureList().contains(words.value(2)))
+            unexplained << part;
+    }
+    if (!unexplained.isEmpty()) {
+        *details = tr("The repository holds packages in places that its description does not name: %1. The "
+                      "change would delete them.")
+                       .arg(unexplained.join(QLatin1String(", ")));
+        return false;
+    }
+    if (result.succeeded())
+        result = session->clearVanished(ExportSession::WithPackages);
+    *details = result.errorOutput;
+    return result.succeeded();
 }
 
 void RepoShell::removeVanishedIndices(const RepoInfo &before, const RepoInfo &after) const

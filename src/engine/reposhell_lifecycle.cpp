@@ -16,6 +16,9 @@
 #include <QFileInfo>
 #include <QMutexLocker>
 
+#include <filesystem>
+#include <system_error>
+
 namespace
 {
 QString absolute(const QString &path)
@@ -33,8 +36,10 @@ RepoInfo RepoShell::defaultRepoInfo()
 
 void RepoShell::setRepository(const QString &path, const RepoInfo &info)
 {
+    const QString place = path.isEmpty() ? QString() : PathGuard::resolved(path);
     const QMutexLocker lock(&m_mutex);
     m_path = path;
+    m_place = place;
     m_repoInfo = info;
 }
 
@@ -69,8 +74,11 @@ int RepoShell::prepareRepoDir(const QString &path, AsideDirectory *aside)
         Q_EMIT critical(tr("Impossible to delete directory %1!").arg(path), aside->error());
         return ERROR;
     }
-    if (!QDir().mkpath(path + QLatin1String("/conf"))) {
-        Q_EMIT critical(tr("Impossible to create directory %1!").arg(path), QString());
+    std::error_code reason;
+    std::filesystem::create_directories(QFile::encodeName(path + QLatin1String("/conf")).constData(), reason);
+    if (reason) {
+        Q_EMIT critical(tr("Impossible to create directory %1!").arg(path),
+                        QString::fromLocal8Bit(reason.message().c_str()));
         return ERROR;
     }
     return SUCCESS;
@@ -82,9 +90,12 @@ int RepoShell::createRepo(const QString &path, const RepoInfo &info)
     const QString wanted = absolute(path);
     const QString repoPath = QFileInfo(wanted).isSymLink() ? PathGuard::resolved(wanted) : wanted;
     if (!PathGuard::mayBeWiped(repoPath, openRepositories())) {
+        const QStringList held = PathGuard::repositoriesBelow(repoPath);
         Q_EMIT critical(
             tr("Impossible to delete directory %1!").arg(repoPath),
-            tr("It is a directory of the system, or holds a home directory or an open repository."));
+            held.isEmpty()
+                ? tr("It is a directory of the system, or holds a home directory or an open repository.")
+                : tr("It holds these repositories: %1").arg(held.join(QLatin1String(", "))));
         return ERROR;
     }
     // What is there goes only when the new repository works.
@@ -164,10 +175,7 @@ int RepoShell::openBody(const QString &path)
                 .arg(path));
         return frame.finish(ERROR, tr("Repositry is not opened"));
     }
-    {
-        const QMutexLocker lock(&m_mutex);
-        m_path = path;
-    }
+    setRepository(path, repoInfo());
     Q_EMIT pathChanged(QString());
     Q_EMIT requestForStoredInformation(path);
     const bool isRecovered = JobRecovery(*m_context).run();

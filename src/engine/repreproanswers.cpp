@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/repreproanswers.h"
 
+#include <QRegularExpression>
+
 bool ReproAnswer::signingFailed(const QString &errorOutput)
 {
     return errorOutput.contains(QLatin1String("gpgme gave error"));
@@ -32,6 +34,18 @@ bool ReproAnswer::indicesOutdated(const QString &errorOutput)
 {
     return errorOutput.contains(QLatin1String("but no index file was exported"))
            || errorOutput.contains(QLatin1String("Could not finish exporting"));
+}
+
+QStringList ReproAnswer::vanishedParts(const QString &output)
+{
+    static const QRegularExpression report(
+        QStringLiteral("^There are still packages in '([^']*)', not removing"),
+        QRegularExpression::MultilineOption);
+    QStringList parts;
+    auto reports = report.globalMatch(output);
+    while (reports.hasNext())
+        parts << reports.next().captured(1);
+    return parts;
 }
 
 bool ReproAnswer::nothingRemoved(const QString &errorOutput)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /**
  * What a reprepro run says of itself. Its exit codes overlap and 0 also means "nothing done", so the text of its
@@ -21,6 +22,8 @@ bool databaseLocked(const QString &errorOutput);
 bool databaseTroubled(const QString &errorOutput);
 /** The database has changed but the indices below dists have not. */
 bool indicesOutdated(const QString &errorOutput);
+/** The parts with packages that the description does not name, as clearvanished without --delete reports them. */
+QStringList vanishedParts(const QString &output);
 /** The package to remove was not there. */
 bool nothingRemoved(const QString &errorOutput);
 /** A file of that name but with other contents is still in the pool. */

@@ -36,9 +36,14 @@ QString ReproCommand::exportIndices()
     return QStringLiteral(" export");
 }
 
-QString ReproCommand::clearVanished()
+QString ReproCommand::clearVanished(bool packages)
 {
-    return QStringLiteral(" --delete clearvanished");
+    return packages ? QStringLiteral(" --delete clearvanished") : QStringLiteral(" clearvanished");
+}
+
+QString ReproCommand::removeAllTracks(const QString &codename)
+{
+    return QStringLiteral(" --delete removealltracks ") + quoted(codename);
 }
 
 QString ReproCommand::deleteUnreferenced()

@@ -18,7 +18,9 @@ QString quoted(const QString &word);
 QString commandLine(const QString &path, const QString &arguments);
 
 QString exportIndices();
-QString clearVanished();
+/** Takes out what the description does not name; with `packages` also where packages are. */
+QString clearVanished(bool packages);
+QString removeAllTracks(const QString &codename);
 QString deleteUnreferenced();
 /** Lists the pool files that nothing uses. */
 QString dumpUnreferenced();

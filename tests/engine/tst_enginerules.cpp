@@ -13,6 +13,8 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <array>
+
 #include <unistd.h>
 
 class TestEngineRules : public QObject
@@ -47,13 +49,28 @@ private Q_SLOTS:
         RepoInfo info = Distributions::repoInfoForCodename("aspen"_s);
         info.signWith = info.contents = true;
         const QString own = Distributions::text(info);
-        QVERIFY(!Distributions::holdsMore(own));
-        QVERIFY(!Distributions::holdsMore(QString(own).replace("\n"_s, "\r\n"_s)));
-        const QString keyed = QString(own).replace("yes"_s, "ABCD"_s);
-        const QString foreign = QString(own).replace("Debian"_s, "Us"_s);
-        for (const QString &text :
-             QStringList{own + "Log: log\n"_s, own + "\nCodename: b\n"_s, own + "# mine\n"_s, keyed, foreign})
-            QVERIFY2(Distributions::holdsMore(text), qPrintable(text));
+        QCOMPARE(Distributions::foreignLines(own), QStringList());
+        QCOMPARE(Distributions::foreignLines(QString(own).replace("\n"_s, "\r\n"_s)), QStringList());
+        // What is put in place of what, and what is lost then.
+        const QList<std::array<const char *, 3>> cases{
+            {"Suite", "Log: log\n tell.sh\nSuite", "Log: log| tell.sh"},
+            {"SignWith: yes\n", "SignWith: yes\n\nCodename: b\n", "Codename: b"},
+            {"Codename", "# mine\nCodename", "# mine"},
+            {"SignWith: yes", "signwith: ABCD", "signwith: ABCD"},
+            {"Contents: .gz", "Contents: .gz .bz2", "Contents: .gz .bz2"},
+            {"Origin: Debian", "Origin: Us", "Origin: Us"},
+            {"UDebComponents: main contrib non-free", "UDebComponents: main", "UDebComponents: main"}};
+        for (const auto &[from, to, lost] : cases) {
+            const QString text = QString(own).replace(QLatin1String(from), QLatin1String(to));
+            QCOMPARE(Distributions::foreignLines(text).join("|"_s), QLatin1String(lost));
+            QCOMPARE(Distributions::losesField(text, "SignWith"_s), lost == QByteArray("signwith: ABCD"));
+            QCOMPARE(Distributions::unreadLine(text), QString());
+        }
+        for (const QString &unread : QStringList{" i386"_s, "# c\n\ti386"_s, "!include: x"_s}) {
+            const QString text
+                = QString(own).replace("\nComponents"_s, QLatin1Char('\n') + unread + "\nComponents"_s);
+            QCOMPARE(Distributions::unreadLine(text), unread.section(QLatin1Char('\n'), -1));
+        }
     }
 
     void foreignFieldsAreKeptBeside()
@@ -159,12 +176,26 @@ private Q_SLOTS:
         QVERIFY(QFile::link(in("a"), in("above")));
         QVERIFY(QFile::link(open, in("link")));
         for (const QString &path :
-             QStringList{in("new"), home + "/repo"_s, "/srv/repo"_s, open + "/inside"_s, in("a/opened")})
+             QStringList{in("new"), home + "/repo"_s, open + "/inside"_s, in("a/opened")}
+                 + "/srv/repo,/home/ann/repo,/opt/bin/repo,/library/repo"_s.split(QLatin1Char(',')))
             QVERIFY2(PathGuard::mayBeWiped(path, {open, QString()}), qPrintable(path));
-        for (const QString &path : "/,//,/srv,repo,"_s.split(QLatin1Char(','))
-                                       + QStringList{home, home + "/x/.."_s, QFileInfo(home).path()}
-                                       + QStringList{open, in("a"), in("above"), in("link")})
+        for (const QString &path :
+             "/,//,/srv,repo,,/home/ann,/var/lib/dpkg/info,/usr/lib,/etc/apt/x,/boot/grub,/libx32/a"_s.split(
+                 QLatin1Char(','))
+                 + QStringList{home, home + "/x/.."_s, QFileInfo(home).path()}
+                 + QStringList{open, in("a"), in("above"), in("link")})
             QVERIFY2(!PathGuard::mayBeWiped(path, {open}), qPrintable(path));
+        // So does a folder with repositories that are not open; what a link in it leads to does not lie in it.
+        writeFile(in("shelf/one/conf/distributions"), "x");
+        writeFile(in("shelf/x/.y/two/conf/distributions"), "x");
+        writeFile(in("shelf/a/b/c/d/deep/conf/distributions"), "x");
+        QVERIFY(QFile::link(in("shelf/one"), in("new")));
+        QVERIFY(!PathGuard::mayBeWiped(in("shelf"), {}));
+        QCOMPARE(PathGuard::repositoriesBelow(in("shelf"),
+                                              {in("shelf/a/b/c/d/deep/"), in("shelf/gone"), in("shelf")}),
+                 (QStringList{in("shelf/a/b/c/d/deep"), in("shelf/one"), in("shelf/x/.y/two")}));
+        QVERIFY(PathGuard::mayBeWiped(in("shelf/one"), {})
+                && PathGuard::repositoriesBelow(in("a")).isEmpty());
         for (const QString &path :
              QStringList{in("link"), open + "/new/deep"_s, folder.path(), in("link/in"), in("above")})
             QVERIFY2(PathGuard::overlap(open, path) && PathGuard::overlap(path, open), qPrintable(path));

@@ -37,6 +37,13 @@ private Q_SLOTS:
     void createRefusesAndCleansUp()
     {
         EngineHarness h;
+        writeFile(h.folder.filePath("file"_s), "x");
+        QCOMPARE(h.shell.createRepo(h.folder.filePath("file/repo"_s), h.info), int(RepoEnums::ERROR));
+        QVERIFY(h.complains("Not a directory"_s));
+        writeFile(h.folder.filePath("shelf/a/conf/distributions"_s), "x");
+        QCOMPARE(h.shell.createRepo(h.folder.filePath("shelf"_s), h.info), int(RepoEnums::ERROR));
+        QVERIFY(h.complains("repositories: "_s + h.folder.filePath("shelf/a"_s), 2));
+        h.criticals.clear();
         h.info.codename = "../up"_s;
         QCOMPARE(h.shell.createRepo(h.repoPath(), h.info), int(RepoEnums::ERROR));
         QVERIFY2(!QFile::exists(h.repoPath()), "a repository that reprepro refuses does not stay behind");
@@ -71,6 +78,58 @@ private Q_SLOTS:
         QCOMPARE(other.shell.createRepo(h.folder.filePath("second"_s), other.info), int(RepoEnums::SUCCESS));
         QCOMPARE(other.shell.path(), target);
         QVERIFY(other.settled());
+    }
+
+    void nothingIsLostWithoutAQuestion()
+    {
+        RepoHarness h("amd64 i386"_s);
+        h.add(h.debs("foo") + QStringList{h.deb(DebBuilder("baz"_s).architecture("i386"_s))});
+        const QString conf = h.repoPath() + "/conf/distributions"_s;
+        const QByteArray own = readFile(conf);
+        h.info.suite = "testing"_s;
+        // Lists that are read in part, and places of which the description knows nothing, would cost packages.
+        for (const char *lists : {"Architectures: amd64\n i386\n", "ARCHITECTURES: amd64 i386\n"}) {
+            writeFile(conf, QByteArray(own).replace("Architectures: amd64 i386\n", lists));
+            h.open(h.repoPath());
+            h.info.architectures = "amd64"_s;
+            QVERIFY(h.shell.repoInfo().architectures != "amd64 i386"_s);
+            h.reply = true;
+            QCOMPARE(h.change(h.repoPath()), RepoEnums::ERROR);
+            QVERIFY(h.complains(lists[1] == 'R' ? "does not name: dogwood|main|i386"_s
+                                                : "does not read fully"_s));
+            QVERIFY(readFile(conf).contains(lists));
+            QCOMPARE(h.inDatabase().size(), 2);
+        }
+
+        // Other fields go after a question that names them; packages that only tracks keep go, too.
+        const QByteArray key = "SignWith: 0123456789ABCDEF\n";
+        writeFile(conf, own + "Tracking: keep\n");
+        h.open(h.repoPath());
+        h.reprepro({"retrack"_s});
+        h.choice = PackageReplacementRules::ReplaceThis;
+        h.add(h.debs("foo", "2.0"));
+        writeFile(conf, own + "Tracking: keep\n" + key);
+        h.info.architectures = "amd64 i386"_s;
+        h.reply = false;
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::CANCEL);
+        QCOMPARE(readFile(conf), own + "Tracking: keep\n" + key);
+        QVERIFY(h.questions.size() == 1 && h.trouble().isEmpty());
+        for (const QString &said :
+             QStringList{"Tracking: keep\n"_s, QLatin1String(key), conf + ".orig"_s, "no longer be signed"_s})
+            QVERIFY2(h.questions.first().contains(said), qPrintable(h.questions.first()));
+        h.reply = true;
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        QCOMPARE(h.trouble(), QString());
+        QCOMPARE(readFile(conf + ".orig"_s), own + "Tracking: keep\n" + key);
+        QVERIFY(h.holds("baz 1.0 main i386,foo 2.0 main amd64"_s));
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        QVERIFY(h.questions.isEmpty());
+
+        // Whoever has edited the file while it was shown keeps the edit.
+        const QByteArray shown = readFile(conf);
+        writeFile(conf, QByteArray(shown).replace("testing", "edited"));
+        QCOMPARE(h.run([&] { h.shell.changeRepo(h.repoPath(), h.info, shown); }), RepoEnums::ERROR);
+        QVERIFY(h.complains("meanwhile"_s) && readFile(conf).contains("edited"));
     }
 
     void severalDistributionsAreLeftAlone()
@@ -203,8 +262,9 @@ private Q_SLOTS:
             writeScript(
                 h.folder.filePath("bin/reprepro"_s),
                 "#!/bin/sh\nPATH=/usr/bin:/bin; cd " + folder
-                    + "; for run in clearvanished export; do case \"$*\" in *$run)\n"
-                    + "cp -a repo before-$run; " + real + " \"$@\"; code=$?; cp -a repo after-$run\n"
+                    + "; for run in '--delete clearvanished' export; do case \"$*\" in *\"$run\")\n"
+                    + "run=${run#--delete }; cp -a repo before-$run; " + real
+                    + " \"$@\"; code=$?; cp -a repo after-$run\n"
                     + "cp -a repo torn-$run; truncate -s 4096 torn-$run/db/packages.db; exit $code;;\n"
                     + "esac; done; exec " + real + " \"$@\"\n");
             const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));

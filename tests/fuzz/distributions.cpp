@@ -18,7 +18,7 @@ void FuzzTarget::distributions(std::string_view input)
     const QString written = Distributions::text(info);
     FUZZ_RULE(Distributions::parse(written, name) == info);
     FUZZ_EQUAL(Distributions::text(Distributions::parse(written, name)), written);
-    FUZZ_RULE(!Distributions::holdsMore(written));
+    FUZZ_RULE(Distributions::foreignLines(written).isEmpty());
     FUZZ_RULE(Distributions::distributionCount(written) == 1);
     FUZZ_RULE(Distributions::distributionCount(text) <= text.count(QLatin1Char('\n')) + 1);
     FUZZ_RULE(Distributions::systemVersionFromText(text).size() <= text.size());
