@@ -21,7 +21,7 @@ PrivilegedWork::PrivilegedWork()
 PrivilegedWork::PrivilegedWork(const Places &places)
     : m_sources(places.sources)
     , m_http(places.http)
-    , m_ftp(places.ftpConfig)
+    , m_ftp(places.ftpConfig, places.http.unitDir)
 { }
 
 HelperOutcome PrivilegedWork::run(const HelperRequest &request)

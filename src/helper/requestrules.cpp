@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "helper/requestrules.h"
 
+#include "server/portrange.h"
 #include "server/publicationpath.h"
 #include "server/sourceline.h"
 
@@ -8,11 +9,6 @@
 
 namespace
 {
-bool isPort(int port)
-{
-    return port >= 1 && port <= 65535;
-}
-
 const QRegularExpression &entryForm()
 {
     // No "%" and no quotes anywhere: apt gives a meaning to them. A suite that ends in "/" takes no components.
@@ -35,7 +31,7 @@ QString RequestRules::entryProblem(const QString &entry)
     if (!match.hasMatch())
         return QStringLiteral("This is not a source line of a repository that this program publishes.");
     const QString port = match.captured(QStringLiteral("port"));
-    if (!port.isEmpty() && !isPort(port.toInt()))
+    if (!port.isEmpty() && !PortRange::contains(port.toInt()))
         return QStringLiteral("The port of the source line is not one from 1 to 65535.");
     const QString path = match.captured(QStringLiteral("path"));
     if (!path.isEmpty() && !PublicationPath::isWellFormed(path))
@@ -49,7 +45,7 @@ QString RequestRules::problem(const HelperRequest &request)
         return entryProblem(request.entry);
     if (request.protocol != HttpProtocol && request.protocol != FtpProtocol)
         return QStringLiteral("The protocol is neither 0 (HTTP) nor 1 (FTP).");
-    if (!isPort(request.port))
+    if (!PortRange::contains(request.port))
         return QStringLiteral("The port is not one from 1 to 65535.");
     if (request.method == HelperRequest::PublishRepo && !PublicationPath::isWellFormed(request.path)) {
         return QStringLiteral(

@@ -169,6 +169,12 @@ bool SystemdService::isActive() const
     return activeState() == active;
 }
 
+bool SystemdService::isStopped() const
+{
+    const QString state = activeState();
+    return state == QLatin1String("inactive") || state == QLatin1String("failed");
+}
+
 bool SystemdService::isEnabled() const
 {
     SystemdBus bus;

@@ -32,6 +32,8 @@ public:
     bool resetFailed();
 
     bool isActive() const;
+    /** Neither running nor on the way there; false also when the manager cannot be asked. */
+    bool isStopped() const;
     bool isEnabled() const;
     /** "active", "inactive", "failed", "activating" and so on; empty when the manager cannot be asked. */
     QString activeState() const;

@@ -2,6 +2,7 @@
 #include "server/ftpserver.h"
 
 #include "platform/systemdservice.h"
+#include "server/portrange.h"
 #include "server/publicationpath.h"
 #include "server/systemfile.h"
 #include "server/vsftpdconfig.h"
@@ -13,9 +14,6 @@ namespace
 Q_LOGGING_CATEGORY(category, "velt.server")
 
 const QString serviceName = QStringLiteral("vsftpd");
-/** A server that cannot have its port, or does not like its configuration, ends well within this time. */
-constexpr std::chrono::seconds WatchTime(1);
-constexpr int HighestPort = 65535;
 
 void warn(const QString &errorText)
 {
@@ -30,11 +28,13 @@ QString configText(const std::optional<SystemFile::State> &state)
 } // namespace
 
 FtpServer::FtpServer()
-    : FtpServer(QStringLiteral("/etc/vsftpd.conf"))
+    : FtpServer(QStringLiteral("/etc/vsftpd.conf"), QStringLiteral("/etc/systemd/system"))
 { }
 
-FtpServer::FtpServer(QString configPath)
+FtpServer::FtpServer(QString configPath, const QString &unitDir)
     : m_configPath(std::move(configPath))
+    , m_guardDir(unitDir + QStringLiteral("/vsftpd.service.d"))
+    , m_guardPath(m_guardDir + QStringLiteral("/velt-admin-repo.conf"))
     , m_service(std::make_unique<VeltAdmin::SystemdService>(serviceName))
 { }
 
@@ -42,26 +42,29 @@ FtpServer::~FtpServer() = default;
 
 bool FtpServer::publish(const QString &path, int port)
 {
-    if (port < 1 || port > HighestPort || !PublicationPath::isPublishable(path))
+    if (!PortRange::contains(port) || !PublicationPath::isPublishable(path))
         return false;
     QString errorText;
     const auto before = SystemFile::read(m_configPath, &errorText);
     const auto kept = SystemFile::read(m_configPath + KeptSuffix, &errorText);
-    if (!before || !kept || !keepForeign(*before)) {
+    const auto guard = SystemFile::read(m_guardPath, &errorText);
+    if (!before || !kept || !guard || !keepForeign(*before)) {
         warn(errorText);
         return false;
     }
     const bool wasActive = m_service->isActive();
-    const bool isWritten = SystemFile::write(m_configPath,
-                                             VsftpdConfig::text(path, port).toUtf8(),
-                                             0644,
-                                             SystemFile::Existing::Replaced,
-                                             &errorText);
+    // The guard comes first: whoever starts the server in between has it keep to the old directory or to none.
+    const bool isWritten = putGuard(path)
+                           && SystemFile::write(m_configPath,
+                                                VsftpdConfig::text(path, port).toUtf8(),
+                                                0644,
+                                                SystemFile::Existing::Replaced,
+                                                &errorText);
     warn(errorText);
     if (!isWritten || !(wasActive ? m_service->restart() : m_service->start())
         || !m_service->staysActive(WatchTime) || !isPublished(port)) {
         warn(m_service->errorText());
-        withdraw(*before, *kept, wasActive);
+        withdraw(*before, *kept, *guard, wasActive);
         return false;
     }
     if (!m_service->isEnabled() && !m_service->enable())
@@ -80,13 +83,40 @@ bool FtpServer::keepForeign(const SystemFile::State &before) const
     return isKept;
 }
 
-void FtpServer::withdraw(const SystemFile::State &before, const SystemFile::State &kept, bool wasActive)
+bool FtpServer::putGuard(const QString &path) const
+{
+    QString errorText;
+    const bool isDone = SystemFile::makeFolder(m_guardDir, &errorText)
+                        && SystemFile::write(m_guardPath,
+                                             VsftpdConfig::guard(path).toUtf8(),
+                                             0644,
+                                             SystemFile::Existing::Replaced,
+                                             &errorText)
+                        && VeltAdmin::SystemdService::reload(&errorText);
+    warn(errorText);
+    return isDone;
+}
+
+void FtpServer::restoreGuard(const SystemFile::State &guard) const
+{
+    QString errorText;
+    if (SystemFile::restore(m_guardPath, guard, &errorText)
+        && (guard.exists || SystemFile::removeEmptyFolder(m_guardDir, &errorText)))
+        VeltAdmin::SystemdService::reload(&errorText);
+    warn(errorText);
+}
+
+void FtpServer::withdraw(const SystemFile::State &before,
+                         const SystemFile::State &kept,
+                         const SystemFile::State &guard,
+                         bool wasActive)
 {
     QString errorText;
     // In this order, so that the administrator's own is never without a place.
     if (SystemFile::restore(m_configPath, before, &errorText) && !kept.exists)
         SystemFile::remove(m_configPath + KeptSuffix, &errorText);
     warn(errorText);
+    restoreGuard(guard);
     if (wasActive) {
         m_service->restart();
     } else {
@@ -99,6 +129,10 @@ bool FtpServer::unpublish(int /*port*/)
 {
     m_service->stop();
     m_service->disable();
+    if (m_service->isStopped())
+        restoreGuard({});
+    else
+        qCWarning(category, "The FTP server cannot be stopped.");
     return true;
 }
 

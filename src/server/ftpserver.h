@@ -16,8 +16,9 @@ class SystemdService;
 
 /**
  * Serves one repository over FTP, by the system's vsftpd, whose configuration is replaced. The first one that was the
- * administrator's own is kept beside it. A publication that fails leaves the configuration and the service as they
- * were. Reading is safe on several threads at once, publishing on one.
+ * administrator's own is kept beside it. A drop-in of its unit keeps the server to the very directory that was there
+ * when it was started. A publication that fails leaves all these and the service as they were. Reading is safe on
+ * several threads at once, publishing on one.
  */
 class FtpServer final : public RepoServer
 {
@@ -26,7 +27,7 @@ public:
     static inline const QString KeptSuffix = QStringLiteral(".velt-admin-repo.orig");
 
     FtpServer();
-    explicit FtpServer(QString configPath);
+    FtpServer(QString configPath, const QString &unitDir);
     ~FtpServer() override;
 
     bool publish(const QString &path, int port) override;
@@ -42,8 +43,15 @@ public:
 
 private:
     QString m_configPath;
+    QString m_guardDir;
+    QString m_guardPath;
     std::unique_ptr<VeltAdmin::SystemdService> m_service;
 
     bool keepForeign(const SystemFile::State &before) const;
-    void withdraw(const SystemFile::State &before, const SystemFile::State &kept, bool wasActive);
+    bool putGuard(const QString &path) const;
+    void restoreGuard(const SystemFile::State &guard) const;
+    void withdraw(const SystemFile::State &before,
+                  const SystemFile::State &kept,
+                  const SystemFile::State &guard,
+                  bool wasActive);
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "server/httpserver.h"
 
+#include "server/portrange.h"
 #include "server/publicationpath.h"
 #include "server/publicationunit.h"
 
@@ -14,10 +15,6 @@
 namespace
 {
 Q_LOGGING_CATEGORY(category, "velt.server")
-
-/** A server that cannot have its port, or cannot read its directory, ends well within this time. */
-constexpr std::chrono::seconds WatchTime(1);
-constexpr int HighestPort = 65535;
 
 QString logFileName(const QString &prefix, int port)
 {
@@ -63,7 +60,7 @@ QString HttpServer::unitFile(int port) const
 
 bool HttpServer::publish(const QString &path, int port)
 {
-    if (port < 1 || port > HighestPort || !PublicationPath::isPublishable(path))
+    if (!PortRange::contains(port) || !PublicationPath::isPublishable(path))
         return false;
     m_logFile.setFileName(logFileName(m_logPrefix, port));
     const QString unit = PublicationUnit::text(m_template, path, port);
@@ -128,6 +125,11 @@ bool HttpServer::unpublish(int port)
     VeltAdmin::SystemdService service(PublicationUnit::serviceName(port));
     service.stop();
     service.disable();
+    // Without its unit, a service that goes on would be seen by nobody.
+    if (!service.isStopped()) {
+        qCWarning(category, "The service on port %d cannot be stopped.", port);
+        return true;
+    }
     QString errorText;
     if (!SystemFile::remove(unitFile(port), &errorText) || !VeltAdmin::SystemdService::reload(&errorText))
         qCWarning(category, "%ls", qUtf16Printable(errorText));

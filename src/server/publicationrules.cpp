@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "server/publicationrules.h"
 
+#include "server/portrange.h"
 #include "server/publicationpath.h"
-#include "server/publicationsettings.h"
 
 namespace
 {
@@ -69,7 +69,7 @@ QString PublicationRules::badRequest(const PublicationRequest &request)
         return tr("There is no repository");
     if (request.protocol != HttpProtocol && request.protocol != FtpProtocol)
         return tr("Choose a server type");
-    if (request.port < PublicationSettings::LowestPort || request.port > PublicationSettings::HighestPort)
+    if (!PortRange::contains(request.port))
         return tr("There is no port %1").arg(request.port);
     if (!PublicationPath::isWellFormed(request.path))
         return tr("The path %1 cannot be served. It may consist of letters, digits, blanks inside names and "

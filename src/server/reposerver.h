@@ -4,6 +4,8 @@
 #include <QList>
 #include <QString>
 
+#include <chrono>
+
 /** A repository that is served from this machine. */
 struct PublishedRepo
 {
@@ -31,4 +33,8 @@ public:
     virtual QList<PublishedRepo> publishedRepos() = 0;
     /** The log of the last publication made through this object; empty when there is none. */
     virtual QString log() = 0;
+
+protected:
+    /** A server that cannot have its port, or cannot read what it needs, ends well within this time. */
+    static constexpr std::chrono::seconds WatchTime{1};
 };

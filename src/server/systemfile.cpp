@@ -239,6 +239,25 @@ bool remove(const QString &path, QString *errorText)
            || fail(path, errno, errorText);
 }
 
+bool makeFolder(const QString &path, QString *errorText)
+{
+    const Place place(path);
+    if (!place.folder.isOpen())
+        return fail(path, errno, errorText);
+    if (::mkdirat(place.folder.number(), place.name.constData(), 0755) != 0)
+        return errno == EEXIST || fail(path, errno, errorText);
+    return ::fchmodat(place.folder.number(), place.name.constData(), 0755, 0) == 0
+           || fail(path, errno, errorText);
+}
+
+bool removeEmptyFolder(const QString &path, QString *errorText)
+{
+    const Place place(path);
+    if (place.folder.isOpen() && ::unlinkat(place.folder.number(), place.name.constData(), AT_REMOVEDIR) == 0)
+        return true;
+    return errno == ENOENT || errno == ENOTEMPTY || errno == EEXIST || fail(path, errno, errorText);
+}
+
 bool restore(const QString &path, const State &state, QString *errorText)
 {
     return state.exists ? write(path, state.contents, state.mode, Existing::Replaced, errorText)

@@ -43,6 +43,10 @@ bool write(const QString &path,
 bool writeStaging(const QString &path, const QByteArray &contents, QString *errorText = nullptr);
 /** Also true when there is no such file. */
 bool remove(const QString &path, QString *errorText = nullptr);
+/** Makes a folder that everybody may read; also true when there is one. */
+bool makeFolder(const QString &path, QString *errorText = nullptr);
+/** Also true when it is not there or not empty. */
+bool removeEmptyFolder(const QString &path, QString *errorText = nullptr);
 /** Brings back what read() has found. */
 bool restore(const QString &path, const State &state, QString *errorText = nullptr);
 } // namespace SystemFile

@@ -8,6 +8,12 @@ namespace VsftpdConfig
 {
 /** The one that offers `path` on `port` to everybody, read-only. */
 QString text(const QString &path, int port);
+/**
+ * What is added to the server's unit so that it serves the directory that was truly at `path` when it started,
+ * read-only, whatever is put in its place afterwards. It holds for text() only: a server with another configuration
+ * is started as ever.
+ */
+QString guard(const QString &path);
 /** Whether it is one that text() gives; any other belongs to the machine's administrator. */
 bool isOurs(const QString &config);
 /** What it offers to everybody; the port is 0 when none is named. */

@@ -332,6 +332,76 @@ private Q_SLOTS:
                  "inactive\ndisabled"_s);
     }
 
+    void keepsToItsDirectoryOverFtp()
+    {
+        const QString listing = "curl -s -l ftp://127.0.0.1:2121/ | sort | xargs"_s;
+        box(R"(useradd -m bob; mkdir /home/bob/private; echo bob >/home/bob/private/secret; chmod 700 /home/bob)"_s);
+        // Its own owner could write into it, and so could everybody.
+        box("chown ftp \"$1\"; chmod 777 \"$1\""_s, {openRepo});
+        QCOMPARE(publish(openRepo, 2121, 1), "b true"_s);
+        QCOMPARE(box(listing), "conf db dists pool"_s);
+        QCOMPARE(box("chown tester \"$1\"; chmod 755 \"$1\"; systemd-analyze verify vsftpd.service 2>&1"_s,
+                     {openRepo}),
+                 QString());
+
+        QCOMPARE(asUser(R"(mv "$1" ~/aside; ln -s /home/bob/private "$1")"_s, {openRepo}), QString());
+        QCOMPARE(box(listing), "conf db dists pool"_s);
+        const QString ended = "systemctl is-active vsftpd || true; %1"_s.arg(listing);
+        QCOMPARE(box("systemctl reload vsftpd 2>/dev/null || true; "_s + listing), "conf db dists pool"_s);
+        QCOMPARE(box("systemctl restart vsftpd; sleep 0.5; "_s + ended), "failed"_s);
+        m_box.write("restart\n");
+        QVERIFY(isReady());
+        QCOMPARE(box(ended), "failed"_s);
+        QCOMPARE(box("rm \"$1\"; systemctl restart vsftpd; sleep 0.5; %1"_s.arg(ended), {openRepo}),
+                 "failed"_s);
+        QCOMPARE(asUser("mv ~/aside \"$1\""_s, {openRepo}), QString());
+        QCOMPARE(box("systemctl restart vsftpd; sleep 0.5; "_s + listing), "conf db dists pool"_s);
+
+        // A configuration that was cut off from its guard is not served; one of the administrator's own is.
+        QCOMPARE(
+            box("sed -i 's,^anon_root=.*,anon_root=/home/bob/private,' /etc/vsftpd.conf; systemctl restart vsftpd; sleep 0.5; "_s
+                + ended),
+            "failed"_s);
+        QCOMPARE(
+            box(R"(mkdir -p /srv/ftp/own; printf '%s\n' listen=YES anonymous_enable=YES listen_port=2121 \
+                >/etc/vsftpd.conf; systemctl restart vsftpd; sleep 0.5; )"_s
+                + listing),
+            "own"_s);
+        QCOMPARE(publish(openRepo, 2121, 1), "b true"_s);
+        QCOMPARE(unpublish(2121, 1), "b true"_s);
+        QCOMPARE(box("ls -d /etc/systemd/system/vsftpd* || true"_s), QString());
+    }
+
+    void leavesTheUnitOfAServiceThatGoesOn_data()
+    {
+        QTest::addColumn<QString>("service");
+        QTest::addColumn<QString>("file");
+        QTest::newRow("HTTP") << "public-repo-8084"_s
+                              << "public-repo-8084.service"_s;
+        QTest::newRow("FTP") << "vsftpd"_s
+                             << "vsftpd.service.d/velt-admin-repo.conf"_s;
+    }
+
+    void leavesTheUnitOfAServiceThatGoesOn()
+    {
+        QFETCH(QString, service);
+        QFETCH(QString, file);
+        const int protocol = service == "vsftpd"_s ? 1 : 0;
+        QCOMPARE(publish(openRepo, 8084, protocol), "b true"_s);
+        const QString look
+            = "systemctl is-active %1 || true; cd /etc/systemd/system; ls %2 || true"_s.arg(service, file);
+        const QString own = "/run/systemd/system/%1.service.d"_s.arg(service);
+        QCOMPARE(
+            box("mkdir -p \"$1\"; printf '[Unit]\nRefuseManualStop=yes\n' >\"$1\"/test.conf; systemctl daemon-reload"_s,
+                {own}),
+            QString());
+        QCOMPARE(unpublish(8084, protocol), "b true"_s);
+        QCOMPARE(box(look), "active\n"_s + file);
+        QCOMPARE(box("rm -r \"$1\"; systemctl daemon-reload"_s, {own}), QString());
+        QCOMPARE(unpublish(8084, protocol), "b true"_s);
+        QCOMPARE(box(look), "inactive"_s);
+    }
+
     void refuses_data()
     {
         QTest::addColumn<QString>("method");

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+/** The TCP ports that something can be published on. */
+namespace PortRange
+{
+inline constexpr int Lowest = 1;
+inline constexpr int Highest = 65535;
+
+constexpr bool contains(int port)
+{
+    return port >= Lowest && port <= Highest;
+}
+} // namespace PortRange
