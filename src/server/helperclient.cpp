@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "server/helperclient.h"
 
+#include <QDBusConnection>
 #include <QDBusPendingCallWatcher>
 #include <QTimer>
 
@@ -20,6 +21,11 @@ resultOf(const QDBusPendingReply<bool> &reply, const QString &errorText, bool re
 HelperClient::HelperClient(QObject *parent)
     : QObject(parent)
 { }
+
+bool HelperClient::isReachable()
+{
+    return QDBusConnection::systemBus().isConnected();
+}
 
 void HelperClient::addLocalSource(const QString &entry, const Answer &answer)
 {

@@ -25,6 +25,8 @@ public:
     using Answer = std::function<void(const Result &)>;
 
     explicit HelperClient(QObject *parent = nullptr);
+    /** Whether there is a bus; without one, nothing of the system can be learnt or changed. */
+    static bool isReachable();
 
     void addLocalSource(const QString &entry, const Answer &answer);
     void removeLocalSource(const QString &entry, const Answer &answer);
