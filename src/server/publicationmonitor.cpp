@@ -91,9 +91,8 @@ PublicationMonitor::PublicationMonitor(Reader reader, QStringList watched, QObje
 // A reading that still runs goes on and is heard by nobody.
 PublicationMonitor::~PublicationMonitor() = default;
 
-QVector<Publication> PublicationMonitor::publicationsOf(const QString &repoPath) const
+QVector<Publication> PublicationMonitor::publicationsOf(const QString &place) const
 {
-    const QString place = Publication::placeOf(repoPath);
     QVector<Publication> found;
     std::copy_if(m_picture.publications.cbegin(),
                  m_picture.publications.cend(),

@@ -46,8 +46,8 @@ public:
     bool isKnown() const { return m_known; }
     /** Those over HTTP first. */
     QVector<Publication> publications() const { return m_picture.publications; }
-    /** The publications of the repository in this directory, however its path is spelled. */
-    QVector<Publication> publicationsOf(const QString &repoPath) const;
+    /** The publications of the repository in this directory, whose path is canonical: touches no file. */
+    QVector<Publication> publicationsOf(const QString &place) const;
     /** On which any program of this machine waits; as of the last reading, which no such program brings about. */
     QSet<int> listeningPorts() const { return m_picture.listeningPorts; }
     /** Reads again now; refreshed() follows in any case. */

@@ -3,8 +3,10 @@
 
 #include "core/settingskeys.h"
 #include "core/storedvalues.h"
+#include "server/portrange.h"
 #include "server/publicationaddresses.h"
 
+#include <QDir>
 #include <QSettings>
 #include <QStringList>
 
@@ -17,6 +19,11 @@ QString keyOf(int port, const QString &name)
 {
     return SettingsKey::PublishedPrefix + QString::number(port) + QLatin1Char('/') + name;
 }
+
+bool isAmong(const QString &path, const QStringList &spellings)
+{
+    return !path.isEmpty() && spellings.contains(QDir::cleanPath(path));
+}
 } // namespace
 
 QList<int> PublicationSettings::busyPorts(const QSettings &settings)
@@ -26,10 +33,19 @@ QList<int> PublicationSettings::busyPorts(const QSettings &settings)
     for (const QString &text : texts) {
         // Zero is what a text that is no number gives.
         const int port = text.toInt();
-        if (port >= LowestPort && port <= HighestPort && !ports.contains(port))
+        if (PortRange::contains(port) && !ports.contains(port))
             ports += port;
     }
     return ports;
+}
+
+QHash<int, QString> PublicationSettings::keptPaths(const QSettings &settings)
+{
+    QHash<int, QString> paths;
+    const QList<int> ports = busyPorts(settings);
+    for (const int port : ports)
+        paths.insert(port, QDir::cleanPath(load(settings, port).repoPath));
+    return paths;
 }
 
 PublicationSettings PublicationSettings::load(const QSettings &settings, int port)
@@ -50,13 +66,12 @@ PublicationSettings PublicationSettings::load(const QSettings &settings, int por
 }
 
 std::optional<PublicationSettings> PublicationSettings::find(const QSettings &settings,
-                                                             const QString &repoPath)
+                                                             const QStringList &spellings)
 {
-    const QString place = Publication::placeOf(repoPath);
     const QList<int> ports = busyPorts(settings);
     for (const int port : ports) {
         const PublicationSettings stored = load(settings, port);
-        if (!stored.repoPath.isEmpty() && Publication::placeOf(stored.repoPath) == place)
+        if (isAmong(stored.repoPath, spellings))
             return stored;
     }
     return std::nullopt;
@@ -75,14 +90,11 @@ void PublicationSettings::claim(QSettings &settings) const
     settings.setValue(keyOf(port, SettingsKey::PublishedIp), host);
 }
 
-void PublicationSettings::release(QSettings &settings, const QString &repoPath, const QList<int> &kept)
+void PublicationSettings::release(QSettings &settings, const QStringList &spellings, const QList<int> &kept)
 {
-    const QString place = Publication::placeOf(repoPath);
     QList<int> ports = busyPorts(settings);
-    const auto isGivenUp = [&](int busy) {
-        return !place.isEmpty() && !kept.contains(busy)
-               && Publication::placeOf(load(settings, busy).repoPath) == place;
-    };
+    const auto isGivenUp
+        = [&](int busy) { return !kept.contains(busy) && isAmong(load(settings, busy).repoPath, spellings); };
     const auto end = std::stable_partition(ports.begin(), ports.end(), std::not_fn(isGivenUp));
     if (end == ports.end())
         return;

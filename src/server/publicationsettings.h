@@ -3,8 +3,10 @@
 
 #include "server/publication.h"
 
+#include <QHash>
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QVector>
 
 #include <optional>
@@ -20,9 +22,6 @@ class QSettings;
  */
 struct PublicationSettings
 {
-    static constexpr int LowestPort = 1;
-    static constexpr int HighestPort = 65535;
-
     int port = 0;
     QString repoPath;
     bool trusted = true;
@@ -32,15 +31,20 @@ struct PublicationSettings
 
     /** The ports that are taken, each once, in the order in which they were. */
     static QList<int> busyPorts(const QSettings &settings);
+    /** The directories of the repositories that the taken ports are kept for. */
+    static QHash<int, QString> keptPaths(const QSettings &settings);
     /** What is kept for this port. */
     static PublicationSettings load(const QSettings &settings, int port);
-    /** What is kept for the repository in this directory: the first of the busy ports that is its own. */
-    static std::optional<PublicationSettings> find(const QSettings &settings, const QString &repoPath);
+    /**
+     * What is kept for the repository whose directory has these spellings: the first of the busy ports that is its
+     * own. They are compared as texts, since a directory that is kept may lie on a disk that does not answer.
+     */
+    static std::optional<PublicationSettings> find(const QSettings &settings, const QStringList &spellings);
 
     /** Takes the port, which must be a valid one, and keeps everything under it, whoever had it before. */
     void claim(QSettings &settings) const;
     /** Gives up this repository's ports but those in `kept`, and forgets what was kept under them. */
-    static void release(QSettings &settings, const QString &repoPath, const QList<int> &kept = {});
+    static void release(QSettings &settings, const QStringList &spellings, const QList<int> &kept = {});
 
     /**
      * Takes protocol and port of the first publication of this repository: where the system and the settings

@@ -87,6 +87,8 @@ public:
     /** Asks for one of `items`, offering the one at `current` first; -1 when cancelled. */
     int choose(const QString &title, const QString &label, const QStringList &items, int current);
 
+    /** What dialogs stand in front of. */
+    QWidget *window() const { return m_window; }
     bool isOpen() const;
     /** Closes every open dialog without an answer and opens no more. */
     void dismissAll();

@@ -42,6 +42,7 @@ PublicationCommands::PublicationCommands(Ui::MainWindow &ui,
     connect(&m_tabs, &RepoTabs::created, this, &PublicationCommands::attach);
     connect(&m_tabs, &RepoTabs::listChanged, this, &PublicationCommands::showPicture);
     connect(&m_monitor, &PublicationMonitor::changed, this, &PublicationCommands::showPicture);
+    connect(&m_repositories, &RepositoryCommands::removalsEnded, this, &PublicationCommands::showPicture);
     connect(&m_localSources, &LocalSourcesWatch::changed, this, &PublicationCommands::updateActions);
     connect(m_publish, &PublishCommand::published, this, [this] {
         m_hasPublished = true;
@@ -75,6 +76,12 @@ void PublicationCommands::attach(RepoWidget *widget)
     connect(widget->publicationPanel(), &PublicationPanel::choiceChanged, this, [this, widget] {
         updateCommands(widget);
     });
+    connect(widget->publicationPanel(), &PublicationPanel::serverTypeChosen, this, [this, widget] {
+        PublicationPanel *panel = widget->publicationPanel();
+        const PublicationSettings choice = panel->choice();
+        panel->setPort(
+            PublicationRules::proposedPort(choice.protocol, choice.port, m_monitor.listeningPorts()));
+    });
     connect(&m_tabs, &RepoTabs::moved, widget, [this, widget](const RepoWidget *moved) {
         if (moved == widget)
             showPictureIn(widget);
@@ -83,24 +90,22 @@ void PublicationCommands::attach(RepoWidget *widget)
 
 // --- what can be done --------------------------------------------------------------------------------------------
 
-bool PublicationCommands::isFree(const RepoWidget *widget) const
-{
-    return widget != nullptr && widget->isEnabled() && !m_tabs.isRunning(widget)
-           && !widget->repoPath().isEmpty();
-}
-
 void PublicationCommands::showPicture()
 {
+    // Whatever has brought about another picture may have changed what is kept.
+    m_publish->renewKeptPorts();
     const QList<RepoWidget *> widgets = m_tabs.shown();
     for (RepoWidget *widget : widgets)
         showPictureIn(widget);
+    if (widgets.isEmpty())
+        updateCommands(nullptr);
 }
 
 void PublicationCommands::showPictureIn(RepoWidget *widget)
 {
-    const QString path = widget->repoPath();
+    const QString place = widget->repoShell()->place();
     const QVector<Publication> publications
-        = path.isEmpty() ? QVector<Publication>() : m_monitor.publicationsOf(path);
+        = place.isEmpty() ? QVector<Publication>() : m_monitor.publicationsOf(place);
     const bool isServed = std::any_of(publications.cbegin(), publications.cend(), [](const Publication &one) {
         return one.state == QLatin1String("active");
     });
@@ -111,17 +116,13 @@ void PublicationCommands::showPictureIn(RepoWidget *widget)
 
 void PublicationCommands::updateActions()
 {
-    const QList<RepoWidget *> widgets = m_tabs.shown();
-    for (RepoWidget *widget : widgets)
-        updateCommands(widget);
-    if (widgets.isEmpty())
-        updateCommands(nullptr);
+    updateCommands(m_tabs.current());
 }
 
 PublicationRules PublicationCommands::judge(const RepoWidget &widget) const
 {
     // Which ports others use is looked up when it matters: nobody tells when one is given up.
-    return PublicationRules::judge(PublishCommand::requestOf(widget), m_monitor.publications(), {});
+    return PublicationRules::judge(m_publish->requestOf(widget), m_monitor.publications(), {});
 }
 
 std::optional<Publication> PublicationCommands::publicationToEnd(const PublicationRules &rules)
@@ -133,7 +134,7 @@ std::optional<Publication> PublicationCommands::publicationToEnd(const Publicati
 
 void PublicationCommands::updateCommands(RepoWidget *widget)
 {
-    const bool isFree = this->isFree(widget) && m_monitor.isKnown();
+    const bool isFree = m_tabs.isFree(widget) && m_monitor.isKnown();
     bool canPublish = isFree;
     bool canUnpublish = false;
     QString reason;
@@ -143,7 +144,7 @@ void PublicationCommands::updateCommands(RepoWidget *widget)
         const PublicationRules rules = judge(*widget);
         canUnpublish = publicationToEnd(rules).has_value();
         // Without a server type the command asks for one.
-        canPublish = rules.mayPublish() || PublishCommand::requestOf(*widget).protocol < 0;
+        canPublish = rules.mayPublish() || m_publish->requestOf(*widget).protocol < 0;
         if (!canPublish)
             reason = rules.obstacle;
         // What a publication in this window has brought about is told in other words.
@@ -165,21 +166,22 @@ void PublicationCommands::updateCommands(RepoWidget *widget)
 bool PublicationCommands::isPublished(const QString &path) const
 {
     // Before the system has answered, what is remembered must do.
-    return m_monitor.isKnown() ? !m_monitor.publicationsOf(path).isEmpty()
-                               : PublicationSettings::find(QSettings(), path).has_value();
+    const QString place = m_repositories.placeOf(path);
+    return m_monitor.isKnown() ? !m_monitor.publicationsOf(place).isEmpty()
+                               : PublicationSettings::find(QSettings(), {path, place}).has_value();
 }
 
 // --- publishing --------------------------------------------------------------------------------------------------
 
 void PublicationCommands::publish(RepoWidget *widget)
 {
-    if (isFree(widget))
+    if (m_tabs.isFree(widget))
         m_publish->publish(widget);
 }
 
 void PublicationCommands::unpublish(RepoWidget *widget)
 {
-    if (!isFree(widget))
+    if (!m_tabs.isFree(widget))
         return;
     if (const std::optional<Publication> publication = publicationToEnd(judge(*widget)))
         m_publish->unpublish(*publication, widget);
@@ -187,15 +189,16 @@ void PublicationCommands::unpublish(RepoWidget *widget)
 
 void PublicationCommands::unpublishAll(const QString &path, const std::function<void(bool)> &answer)
 {
-    const QVector<Publication> publications = m_monitor.publicationsOf(path);
+    const QString place = m_repositories.placeOf(path);
+    const QVector<Publication> publications = m_monitor.publicationsOf(place);
     if (publications.isEmpty()) {
         answer(true);
         return;
     }
     m_publish->unpublish(publications.first(),
                          m_tabs.find(path),
-                         [this, path, answer, count = publications.size()](bool done) {
-                             const bool fewer = m_monitor.publicationsOf(path).size() < count;
+                         [this, path, place, answer, count = publications.size()](bool done) {
+                             const bool fewer = m_monitor.publicationsOf(place).size() < count;
                              if (done && fewer)
                                  unpublishAll(path, answer);
                              else
@@ -229,7 +232,7 @@ void PublicationCommands::showPublishedRepos()
 void PublicationCommands::changeLocalSources(bool add)
 {
     RepoWidget *widget = m_tabs.current();
-    if (!isFree(widget))
+    if (!m_tabs.isFree(widget))
         return;
     const QString line = widget->publicationPanel()->sourceLine();
     if (line.isEmpty())

@@ -41,7 +41,7 @@ public:
                         RepositoryCommands &repositories,
                         QWidget *window);
 
-    /** Shows by the actions and panels what can be done now. */
+    /** Shows by the actions and the current tab's panel what can be done now. */
     void updateActions();
 
 private:
@@ -50,7 +50,6 @@ private:
     void showPicture();
     void showPictureIn(RepoWidget *widget);
     void updateCommands(RepoWidget *widget);
-    bool isFree(const RepoWidget *widget) const;
     PublicationRules judge(const RepoWidget &widget) const;
     /** What the tab's command to unpublish means; of several, the one that the panel shows. */
     static std::optional<Publication> publicationToEnd(const PublicationRules &rules);

@@ -56,6 +56,10 @@ void PublicationPanel::connectFields()
     connect(m_ui.m_publishArchComboBox, index, this, &PublicationPanel::update);
     connect(m_ui.m_srvTypeComboBox, index, this, &PublicationPanel::update);
     connect(m_ui.m_srvTypeComboBox, index, this, &PublicationPanel::serverTypeChanged);
+    connect(m_ui.m_srvTypeComboBox,
+            qOverload<int>(&QComboBox::activated),
+            this,
+            &PublicationPanel::serverTypeChosen);
     connect(m_ui.m_httpPortSpinBox, qOverload<int>(&QSpinBox::valueChanged), this, &PublicationPanel::update);
     connect(m_ui.m_httpPortSpinBox, &QSpinBox::editingFinished, this, &PublicationPanel::portEditingFinished);
     QComboBox *address = m_ui.m_ipAddrComboBox;
@@ -104,7 +108,7 @@ void PublicationPanel::showRepository()
     showArchitectures(m_shell.repoInfo().architectureList());
     if (path != m_repoPath) {
         m_repoPath = path;
-        m_published = PublicationSettings::find(QSettings(), path);
+        m_published = PublicationSettings::find(QSettings(), {path, m_shell.place()});
         if (m_published)
             restore(*m_published);
         m_live.clear();
@@ -132,7 +136,7 @@ PublicationSettings PublicationPanel::choice() const
 {
     PublicationSettings choice;
     choice.port = m_ui.m_httpPortSpinBox->value();
-    choice.repoPath = m_repoPath;
+    choice.repoPath = m_shell.place();
     choice.trusted = m_ui.m_trustedCheckBox->isChecked();
     choice.architectures = m_ui.m_publishArchComboBox->currentText();
     choice.protocol
@@ -149,7 +153,7 @@ void PublicationPanel::claim()
     QList<int> served{m_published->port};
     for (const Publication &publication : qAsConst(m_live))
         served << publication.repo.port;
-    PublicationSettings::release(settings, m_repoPath, served);
+    PublicationSettings::release(settings, {m_repoPath, m_shell.place()}, served);
     m_published->claim(settings);
 }
 
@@ -162,7 +166,7 @@ void PublicationPanel::saveChoices()
     if (!PublicationSettings::busyPorts(settings).contains(m_published->port)
         || PublicationSettings::load(settings, m_published->port).repoPath != m_published->repoPath)
         return;
-    m_published->repoPath = m_repoPath;
+    m_published->repoPath = m_shell.place();
     m_published->trusted = m_ui.m_trustedCheckBox->isChecked();
     m_published->architectures = m_ui.m_publishArchComboBox->currentText();
     if (m_ui.m_srvTypeComboBox->currentIndex() >= 0)
@@ -261,7 +265,6 @@ void PublicationPanel::showPublications(bool known, const QVector<Publication> &
 void PublicationPanel::followLive()
 {
     PublicationSettings settings = choice();
-    settings.repoPath = Publication::placeOf(m_repoPath);
     if (!settings.applyLive(m_live))
         return;
     m_ui.m_srvTypeComboBox->setCurrentIndex(m_ui.m_srvTypeComboBox->findData(settings.protocol));
@@ -300,7 +303,13 @@ void PublicationPanel::setCommands(bool canPublish, bool canUnpublish, const QSt
     m_ui.m_unpublishPushButton->setEnabled(canUnpublish);
 }
 
+void PublicationPanel::setPort(int port)
+{
+    m_ui.m_httpPortSpinBox->setValue(port);
+}
+
 void PublicationPanel::askServerType()
 {
     m_ui.m_srvTypeComboBox->setFocus();
+    m_ui.m_srvTypeComboBox->showPopup();
 }

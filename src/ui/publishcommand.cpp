@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/publishcommand.h"
 
+#include "core/aside.h"
 #include "engine/reposhell.h"
 #include "platform/packagemanager.h"
 #include "server/httpserver.h"
@@ -14,25 +15,15 @@
 #include "ui/repotabs.h"
 #include "ui/repowidget.h"
 
-#include <QFutureWatcher>
 #include <QSettings>
-#include <QtConcurrent>
 
 #include <algorithm>
 
 namespace
 {
-/** Runs `work` on the thread pool and gives its result to `next` as long as `context` lives. */
-template <typename Work, typename Next>
-void aside(QObject *context, Work work, Next next)
+QString serviceOf(int protocol, int port)
 {
-    using Result = decltype(work());
-    auto *watcher = new QFutureWatcher<Result>(context);
-    QObject::connect(watcher, &QFutureWatcherBase::finished, context, [watcher, next] {
-        watcher->deleteLater();
-        next(watcher->result());
-    });
-    watcher->setFuture(QtConcurrent::run(work));
+    return protocol == FtpProtocol ? QStringLiteral("vsftpd") : QStringLiteral("public-repo-%1").arg(port);
 }
 } // namespace
 
@@ -43,7 +34,9 @@ PublishCommand::PublishCommand(
     , m_prompts(prompts)
     , m_feedback(feedback)
     , m_monitor(monitor)
-{ }
+{
+    renewKeptPorts();
+}
 
 // --- what can stand in the way -----------------------------------------------------------------------------------
 
@@ -54,8 +47,7 @@ void PublishCommand::publish(RepoWidget *widget)
     const PublicationRequest wanted = requestOf(*widget);
     if (wanted.protocol < 0) {
         widget->showPublication();
-        m_prompts.inform(tr("Publish repository"),
-                         tr("Choose a server type, then publish the repository once more."));
+        m_feedback.announce(tr("Choose a server type, then publish the repository once more."));
         widget->publicationPanel()->askServerType();
         return;
     }
@@ -63,16 +55,17 @@ void PublishCommand::publish(RepoWidget *widget)
     checkPackage({widget, wanted, {}});
 }
 
-PublicationRequest PublishCommand::requestOf(const RepoWidget &widget)
+PublicationRequest PublishCommand::requestOf(const RepoWidget &widget) const
 {
     const PublicationSettings choice = widget.publicationPanel()->choice();
-    const QSettings settings;
-    const bool isKept = PublicationSettings::busyPorts(settings).contains(choice.port);
-    return {Publication::placeOf(widget.repoPath()),
-            choice.protocol,
-            choice.port,
-            isKept ? Publication::placeOf(PublicationSettings::load(settings, choice.port).repoPath)
-                   : QString()};
+    const QString place = widget.repoShell()->place();
+    const QString kept = m_keptPorts.value(choice.port);
+    return {place, choice.protocol, choice.port, kept == widget.repoPath() ? place : kept};
+}
+
+void PublishCommand::renewKeptPorts()
+{
+    m_keptPorts = PublicationSettings::keptPaths(QSettings());
 }
 
 bool PublishCommand::goesOn(const Request &request) const
@@ -243,10 +236,12 @@ void PublishCommand::makeRoom(const Request &request)
     // A service that runs goes on with the directory that it was started with.
     request.widget->repoShell()->unpublishRepo(
         request.wanted.port, request.wanted.protocol, [this, request](bool done) {
-            if (done)
-                askSystem(request);
-            else if (goesOn(request))
-                finish(request, false);
+            afterReading([this, request, done] {
+                if (done && !isListed(*request.rules.own))
+                    askSystem(request);
+                else
+                    finish(request, false);
+            });
         });
 }
 
@@ -279,6 +274,7 @@ void PublishCommand::finish(const Request &request, bool done)
         return;
     }
     request.widget->publicationPanel()->claim();
+    renewKeptPorts();
     if (request.widget == m_tabs.current())
         request.widget->showPublication();
     m_feedback.endWaiting(request.widget, tr("Repository is published."));
@@ -301,13 +297,12 @@ void PublishCommand::explainFailure(const Request &request)
             const QString details
                 = text.trimmed().isEmpty()
                       ? tr("The service did not start, or ended at once. \"systemctl status %1\" tells more.")
-                            .arg(request.wanted.protocol == FtpProtocol
-                                     ? QStringLiteral("vsftpd")
-                                     : QStringLiteral("public-repo-%1").arg(request.wanted.port))
+                            .arg(serviceOf(request.wanted.protocol, request.wanted.port))
                       : tr("The end of the server's log %1:").arg(log) + QLatin1Char('\n')
                             + lines.mid(qMax(0, lines.size() - MostLines)).join(QLatin1Char('\n'));
+            // Without a bus, nobody can tell what is published.
             m_feedback.endWaiting(request.widget,
-                                  tr("Repository is unpublished."),
+                                  HelperClient::isReachable() ? tr("Repository is unpublished.") : QString(),
                                   tr("The repository is not published!"),
                                   details);
             m_tabs.setWaiting(request.widget, false);
@@ -335,12 +330,14 @@ void PublishCommand::unpublish(const Publication &publication, RepoWidget *tab, 
             afterReading([this, widget, publication, answer, done] {
                 if (widget.isNull() || m_prompts.isDismissed())
                     return;
+                const bool isOver = done && !isListed(publication);
                 m_feedback.endWaiting(widget,
-                                      done ? tr("Repository is unpublished.") : QString(),
-                                      done ? QString() : tr("The repository is not unpublished!"));
+                                      isOver ? tr("Repository is unpublished.") : QString(),
+                                      isOver ? QString() : tr("The repository is not unpublished!"),
+                                      done ? whyListed(publication) : QString());
                 m_tabs.setWaiting(widget, false);
                 if (answer)
-                    answer(done);
+                    answer(isOver);
             });
         });
 }
@@ -351,18 +348,40 @@ void PublishCommand::unpublishWithoutTab(const Publication &publication, const A
     m_helper.unpublishRepo(publication.repo.port,
                            publication.protocol,
                            [this, publication, answer](const HelperClient::Result &result) {
-                               if (m_prompts.isDismissed())
-                                   return;
-                               m_monitor.refresh();
-                               if (result.done) {
-                                   m_feedback.announce(tr("Repository is unpublished."));
-                               } else {
-                                   m_feedback.error(result.errorText.isEmpty()
-                                                        ? tr("The repository is not unpublished!")
-                                                        : result.errorText,
-                                                    result.details);
-                               }
-                               if (answer)
-                                   answer(result.done);
+                               afterReading([this, publication, answer, result] {
+                                   endWithoutTab(publication, answer, result);
+                               });
                            });
+}
+
+void PublishCommand::endWithoutTab(const Publication &publication,
+                                   const Answer &answer,
+                                   const HelperClient::Result &result)
+{
+    if (m_prompts.isDismissed())
+        return;
+    const bool isOver = result.done && !isListed(publication);
+    if (isOver) {
+        m_feedback.announce(tr("Repository is unpublished."));
+    } else {
+        m_feedback.error(result.errorText.isEmpty() ? tr("The repository is not unpublished!")
+                                                    : result.errorText,
+                         result.done ? whyListed(publication) : result.details);
+    }
+    if (answer)
+        answer(isOver);
+}
+
+bool PublishCommand::isListed(const Publication &publication) const
+{
+    const QVector<Publication> all = m_monitor.publications();
+    return std::any_of(all.cbegin(), all.cend(), [&publication](const Publication &one) {
+        return one.protocol == publication.protocol && one.repo.port == publication.repo.port;
+    });
+}
+
+QString PublishCommand::whyListed(const Publication &publication)
+{
+    return tr("The service %1 could not be stopped. \"systemctl status %1\" tells more.")
+        .arg(serviceOf(publication.protocol, publication.repo.port));
 }

@@ -6,6 +6,7 @@
 #include "server/publicationmonitor.h"
 #include "server/publicationrules.h"
 
+#include <QHash>
 #include <QObject>
 #include <QPointer>
 
@@ -32,8 +33,10 @@ public:
                    PublicationMonitor &monitor,
                    QObject *parent);
 
-    /** What the tab's panel says, for the rules. */
-    static PublicationRequest requestOf(const RepoWidget &widget);
+    /** What the tab's panel says, for the rules. Touches no file: it is asked for at every key. */
+    PublicationRequest requestOf(const RepoWidget &widget) const;
+    /** Reads again which ports are kept, and for which repositories. */
+    void renewKeptPorts();
     /** Publishes the tab's repository as its panel says. */
     void publish(RepoWidget *widget);
     /** Ends this publication. `tab` is that of its repository, null when it has none. */
@@ -70,10 +73,18 @@ private:
     void endWaiting(RepoWidget *widget);
     void afterReading(const std::function<void()> &next);
     void unpublishWithoutTab(const Publication &publication, const Answer &answer);
+    void endWithoutTab(const Publication &publication,
+                       const Answer &answer,
+                       const HelperClient::Result &result);
+    /** Whether the system still has it; as of the last reading. */
+    bool isListed(const Publication &publication) const;
+    static QString whyListed(const Publication &publication);
 
     RepoTabs &m_tabs;
     Prompts &m_prompts;
     JobFeedback &m_feedback;
     PublicationMonitor &m_monitor;
+    QHash<int, QString>
+        m_keptPorts; ///< with the directories of their repositories, as the settings have them
     HelperClient m_helper; ///< for repositories that have no engine
 };

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/repositorycommands.h"
 
+#include "core/aside.h"
+#include "engine/distributionsfile.h"
 #include "engine/pathguard.h"
 #include "engine/reposhell.h"
 #include "server/publicationsettings.h"
 #include "ui/jobfeedback.h"
-#include "ui/newrepodialog.h"
 #include "ui/newreporules.h"
 #include "ui/prompts.h"
 #include "ui/recentrepositories.h"
@@ -15,10 +16,9 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QFutureWatcher>
 #include <QPointer>
 #include <QSettings>
-#include <QtConcurrent>
+#include <QTimer>
 
 #include <memory>
 #include <utility>
@@ -28,11 +28,6 @@ namespace
 QString cleaned(const QString &path)
 {
     return QDir::cleanPath(QDir(path).absolutePath());
-}
-
-bool isRepository(const QString &path)
-{
-    return QFileInfo(path + QLatin1String("/conf/distributions")).isFile();
 }
 } // namespace
 
@@ -58,65 +53,106 @@ RepositoryCommands::RepositoryCommands(
 
 RepoWidget *RepositoryCommands::createRepo()
 {
-    NewRepoDialog dialog(NewRepoDialog::Mode::Create, m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
-    return createFrom(&dialog, tr("Repository is not created."));
+    Creation creation;
+    creation.mode = NewRepoDialog::Mode::Create;
+    creation.failure = tr("Repository is not created.");
+    return create(creation);
 }
 
-RepoWidget *RepositoryCommands::createForImport(const QString &source, const QString &folder)
+void RepositoryCommands::createForImport(const QString &source,
+                                         const QString &folder,
+                                         const std::function<void(const RepoWidget *)> &made)
 {
-    NewRepoDialog dialog(NewRepoDialog::Mode::Import, m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
     const QString proposed = NewRepoRules::importName(source);
     QString name = proposed;
     for (int number = 2; QFileInfo::exists(NewRepoRules::fullPath(folder, name)); ++number)
         name = QStringLiteral("%1-%2").arg(proposed).arg(number);
-    dialog.propose(folder, name);
-    // Creating wipes what is there.
-    dialog.setPlaceCheck([source](const QString &path) {
-        return PathGuard::overlap(path, source) ? tr("The packages are imported from %1, so the repository "
-                                                     "can neither lie in it nor hold it. "
-                                                     "Choose another path or name.")
-                                                      .arg(source)
-                                                : QString();
-    });
-    return createFrom(&dialog, tr("Repository for import is not created"));
+    Creation creation;
+    creation.mode = NewRepoDialog::Mode::Import;
+    creation.failure = tr("Repository for import is not created");
+    creation.source = source;
+    creation.made = made;
+    creation.path = NewRepoRules::fullPath(folder, name);
+    create(creation);
 }
 
-RepoWidget *RepositoryCommands::createFrom(NewRepoDialog *dialog, const QString &failure)
+RepoWidget *RepositoryCommands::create(Creation creation)
 {
-    fillDefaults(dialog);
-    dialog->setPublishedCheck(m_publishing.isPublished);
-    if (m_prompts.run(*dialog) != QDialog::Accepted)
+    NewRepoDialog dialog(creation.mode, m_prompts, m_prompts.window());
+    if (creation.isTypedIn) {
+        dialog.setEntries(creation.path, creation.info);
+    } else {
+        if (!creation.path.isEmpty())
+            dialog.propose(QFileInfo(creation.path).path(), QFileInfo(creation.path).fileName());
+        fillDefaults(&dialog);
+    }
+    // Creating wipes what is there.
+    if (!creation.source.isEmpty())
+        dialog.setPlaceCheck([source = creation.source](const QString &path) {
+            return PathGuard::overlap(path, source)
+                       ? tr("The packages are imported from %1, so the repository "
+                            "can neither lie in it nor hold it. "
+                            "Choose another path or name.")
+                             .arg(source)
+                       : QString();
+        });
+    dialog.setPublishedCheck(m_publishing.isPublished);
+    dialog.setRemembered(remembered());
+    if (m_prompts.run(dialog) != QDialog::Accepted)
         return nullptr;
-    const QString path = dialog->repositoryPath();
+    const QString path = dialog.repositoryPath();
     for (const QString &removed : qAsConst(m_removing)) {
         if (PathGuard::overlap(path, removed)) {
             m_feedback.error(tr("The repository %1 is being deleted.").arg(removed), {}, RepoEnums::WARNING);
             return nullptr;
         }
     }
+    creation.path = path;
+    creation.info = dialog.repoInfo();
+    creation.isTypedIn = true;
     RepoWidget *widget = m_tabs.create(path);
-    connect(widget->repoShell(), &RepoShell::repoCreated, this, [this, widget, path, failure](int result) {
+    if (creation.made)
+        creation.made(widget);
+    connect(widget->repoShell(), &RepoShell::repoCreated, this, [this, widget, creation](int result) {
         if (result != RepoShell::SUCCESS) {
-            m_feedback.announce(failure);
+            m_feedback.announce(creation.failure);
+            QTimer::singleShot(0, this, [this, creation] { createAgain(creation); });
             return;
         }
         m_tabs.show(widget);
-        m_recent.add(path);
+        m_recent.add(creation.path);
         m_feedback.announce(tr("Repository is created."));
     });
-    widget->repoShell()->createRepoAside(path, dialog->repoInfo());
+    widget->repoShell()->createRepoAside(path, creation.info);
     return widget;
+}
+
+void RepositoryCommands::createAgain(const Creation &creation)
+{
+    if (m_prompts.isDismissed())
+        return;
+    if (!m_prompts.isOpen()) {
+        create(creation);
+        return;
+    }
+    // What went wrong is read first.
+    const auto once = std::make_shared<QMetaObject::Connection>();
+    const auto again = [this, creation, once] {
+        disconnect(*once);
+        createAgain(creation);
+    };
+    *once = connect(&m_prompts, &Prompts::freed, this, again, Qt::QueuedConnection);
+}
+
+QStringList RepositoryCommands::remembered() const
+{
+    return m_recent.paths() + m_tabs.allPaths();
 }
 
 void RepositoryCommands::fillDefaults(NewRepoDialog *dialog)
 {
     // Asking the system runs a program, so the dialog is there first and is filled when the answer comes.
-    auto *watcher = new QFutureWatcher<RepoInfo>(dialog);
-    connect(watcher, &QFutureWatcher<RepoInfo>::finished, dialog, [watcher, dialog] {
-        dialog->setDefaults(watcher->result());
-        watcher->deleteLater();
-    });
-    watcher->setFuture(QtConcurrent::run(&RepoShell::defaultRepoInfo));
+    aside(dialog, &RepoShell::defaultRepoInfo, [dialog](const RepoInfo &info) { dialog->setDefaults(info); });
 }
 
 // --- open --------------------------------------------------------------------------------------------------------
@@ -129,59 +165,105 @@ RepoWidget *RepositoryCommands::chooseAndOpen()
 
 RepoWidget *RepositoryCommands::openRepo(const QString &repoPath)
 {
+    return showRepo(repoPath, false);
+}
+
+RepositoryCommands::Look RepositoryCommands::lookAt(const QString &path)
+{
+    return {PathGuard::resolved(path),
+            QFileInfo(path).isDir(),
+            QFileInfo(path + QLatin1String("/conf/distributions")).isFile()};
+}
+
+RepoWidget *RepositoryCommands::showRepo(const QString &repoPath, bool again)
+{
     const QString path = cleaned(repoPath);
     if (RepoWidget *open = m_tabs.find(path)) {
         m_tabs.bringToFront(open);
         return open;
     }
-    if (!QFileInfo(path).isDir()) {
-        m_feedback.error(tr("The directory %1 does not exist.").arg(path), {}, RepoEnums::WARNING);
-        return nullptr;
-    }
-    if (m_removing.contains(PathGuard::resolved(path))) {
-        m_feedback.announce(tr("The repository %1 is being deleted.").arg(path));
-        return nullptr;
-    }
     RepoWidget *widget = m_tabs.create(path);
     m_tabs.show(widget);
-    // What turns out to be no repository is not worth remembering; a repository whose disk is absent just now keeps
-    // the place that it has.
-    const RepoShell *shell = widget->repoShell();
-    const auto once = std::make_shared<QMetaObject::Connection>();
-    *once = connect(shell, &RepoShell::pathChanged, this, [this, shell, path, once] {
-        disconnect(*once);
-        if (shell->path() == path)
-            m_recent.add(path);
-    });
-    widget->openRepo(path);
+    m_tabs.setWaiting(widget, true);
+    aside(
+        widget,
+        [path] { return lookAt(path); },
+        [this, widget, path, again](const Look &look) {
+            if (m_tabs.pathOf(widget).isEmpty() || m_prompts.isDismissed())
+                return;
+            m_tabs.setWaiting(widget, false);
+            openWhatIsThere(widget, path, look, again);
+        });
     return widget;
+}
+
+void RepositoryCommands::openWhatIsThere(RepoWidget *widget,
+                                         const QString &path,
+                                         const Look &look,
+                                         bool again)
+{
+    RepoWidget *other = m_tabs.find(look.place);
+    if (other != nullptr && other != widget) {
+        m_tabs.bringToFront(other);
+    } else if (again && !look.isRepository) {
+        m_feedback.appendLog(tr("File %1/conf/distributions not found!").arg(path));
+    } else if (!look.isFolder) {
+        m_feedback.error(tr("The directory %1 does not exist.").arg(path), {}, RepoEnums::WARNING);
+    } else if (m_removing.contains(look.place)) {
+        m_feedback.announce(tr("The repository %1 is being deleted.").arg(path));
+    } else {
+        m_tabs.setPlace(widget, look.place);
+        // What turns out to be no repository is not worth remembering; a repository whose disk is absent just now
+        // keeps the place that it has.
+        const RepoShell *shell = widget->repoShell();
+        const auto once = std::make_shared<QMetaObject::Connection>();
+        *once = connect(shell, &RepoShell::pathChanged, this, [this, shell, path, once] {
+            disconnect(*once);
+            if (shell->path() == path)
+                m_recent.add(path);
+        });
+        widget->openRepo(path);
+        return;
+    }
+    m_tabs.discard(widget);
+}
+
+QString RepositoryCommands::placeOf(const QString &path) const
+{
+    const RepoWidget *widget = m_tabs.find(path);
+    return widget != nullptr ? m_tabs.placeOf(widget) : PathGuard::resolved(path);
 }
 
 void RepositoryCommands::openRecent(const QString &path)
 {
-    if (m_tabs.find(path) != nullptr || QFileInfo(path).isDir()) {
+    if (m_tabs.find(cleaned(path)) != nullptr) {
         openRepo(path);
         return;
     }
-    m_feedback.appendLog(tr("The directory %1 does not exist.").arg(path));
-    // It may lie on a disk that is absent just now.
-    if (m_prompts.askCarefully(
-            tr("Recent repositories"),
-            tr("The directory %1 does not exist. Do you want to remove it from the list of "
-               "recent repositories?")
-                .arg(path))
-        == Prompts::Answer::Yes)
-        m_recent.remove(path);
+    aside(
+        this,
+        [path] { return lookAt(path); },
+        [this, path](const Look &look) {
+            if (look.isFolder) {
+                openRepo(path);
+                return;
+            }
+            m_feedback.appendLog(tr("The directory %1 does not exist.").arg(path));
+            // It may lie on a disk that is absent just now.
+            if (m_prompts.askCarefully(
+                    tr("Recent repositories"),
+                    tr("The directory %1 does not exist. Do you want to remove it from the list of "
+                       "recent repositories?")
+                        .arg(path))
+                == Prompts::Answer::Yes)
+                m_recent.remove(path);
+        });
 }
 
 void RepositoryCommands::reopen(const QStringList &paths)
 {
-    for (const QString &path : paths) {
-        if (isRepository(path))
-            openRepo(path);
-        else
-            m_feedback.appendLog(tr("File %1/conf/distributions not found!").arg(path));
-    }
+    for (const QString &path : paths)
+        showRepo(path, true);
 }
 
 // --- change ------------------------------------------------------------------------------------------------------
@@ -191,13 +273,32 @@ void RepositoryCommands::changeRepo()
     RepoWidget *widget = m_tabs.current();
     if (widget == nullptr || m_tabs.isRunning(widget))
         return;
+    // Somebody may have edited the description since the repository was opened.
+    const QString path = m_tabs.pathOf(widget);
+    aside(
+        widget,
+        [path] { return DistributionsFile(path).readBytes(); },
+        [this, widget, path](const std::optional<QByteArray> &description) {
+            if (m_tabs.pathOf(widget) != path || m_tabs.isRunning(widget) || m_prompts.isOpen())
+                return;
+            if (description)
+                change(widget, *description);
+            else
+                m_feedback.error(tr("File %1/conf/distributions not found!").arg(path));
+        });
+}
+
+void RepositoryCommands::change(RepoWidget *widget, const QByteArray &description)
+{
     const QPointer<RepoWidget> guard(widget);
-    NewRepoDialog dialog(NewRepoDialog::Mode::Change, m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
-    dialog.setRepository(m_tabs.pathOf(widget), widget->repoShell()->repoInfo());
+    const QString path = m_tabs.pathOf(widget);
+    NewRepoDialog dialog(NewRepoDialog::Mode::Change, m_prompts, m_prompts.window());
+    dialog.setRepository(path, DistributionsFile(path).parsed(description));
     dialog.setPublishedCheck(m_publishing.isPublished);
+    dialog.setRemembered(remembered());
     if (m_prompts.run(dialog) != QDialog::Accepted || guard.isNull() || m_tabs.isRunning(widget))
         return;
-    widget->repoShell()->changeRepo(dialog.repositoryPath(), dialog.repoInfo());
+    widget->repoShell()->changeRepo(dialog.repositoryPath(), dialog.repoInfo(), description);
 }
 
 // --- remove ------------------------------------------------------------------------------------------------------
@@ -207,11 +308,29 @@ void RepositoryCommands::removeRepo()
     RepoWidget *widget = m_tabs.current();
     if (widget == nullptr || m_tabs.isRunning(widget))
         return;
+    const QString path = m_tabs.pathOf(widget);
+    aside(
+        widget,
+        [path, known = remembered()] { return PathGuard::repositoriesBelow(path, known); },
+        [this, widget, path](const QStringList &held) {
+            if (m_tabs.pathOf(widget) != path || m_tabs.isRunning(widget) || m_prompts.isOpen())
+                return;
+            if (held.isEmpty())
+                askForRemoval(widget);
+            else
+                m_feedback.error(tr("Repository is not deleted."),
+                                 tr("It holds these repositories: %1").arg(held.join(QLatin1String(", "))));
+        });
+}
+
+void RepositoryCommands::askForRemoval(RepoWidget *widget)
+{
     const QPointer<RepoWidget> guard(widget);
     const QString path = m_tabs.pathOf(widget);
     const QString title = tr("Remove confirmation");
     const bool isPublished = m_publishing.isPublished && m_publishing.isPublished(path);
-    QStringList about;
+    QStringList about{
+        tr("The directory %1 is deleted with everything in it, and cannot be brought back.").arg(path)};
     if (isPublished)
         about << tr("It is published, and clients use it.");
     if (m_publishing.isLocalSource && m_publishing.isLocalSource(*widget))
@@ -248,25 +367,27 @@ void RepositoryCommands::remove(RepoWidget *widget)
 {
     const QString path = m_tabs.pathOf(widget);
     Q_EMIT widget->repoShell()->requestForRemovingStoredInformation();
+    const QString place = m_tabs.placeOf(widget);
     // Nothing may use the directory any more when it goes; this also takes the tab away.
     widget->repoShell()->closeRepo();
-    startRemoval(path);
+    startRemoval(path, place);
 }
 
-void RepositoryCommands::startRemoval(const QString &path)
+void RepositoryCommands::startRemoval(const QString &path, const QString &place)
 {
-    const QString directory = PathGuard::resolved(path);
-    m_removing << directory;
+    m_removing << place;
     using Outcome = std::pair<RepositoryRemoval::Outcome, QString>;
-    auto *watcher = new QFutureWatcher<Outcome>(this);
-    connect(watcher, &QFutureWatcher<Outcome>::finished, this, [this, watcher, path, directory] {
-        const Outcome outcome = watcher->result();
-        watcher->deleteLater();
-        m_removing.removeOne(directory);
+    const auto work = [path, known = RepositoryRemoval::Known{m_tabs.allPaths(), m_recent.paths()}] {
+        QString reason;
+        const RepositoryRemoval::Outcome outcome = RepositoryRemoval::remove(path, known, &reason);
+        return Outcome(outcome, reason);
+    };
+    aside(this, work, [this, path, place](const Outcome &outcome) {
+        m_removing.removeOne(place);
         if (outcome.first == RepositoryRemoval::Outcome::Deleted) {
             m_recent.remove(path);
             QSettings settings;
-            PublicationSettings::release(settings, path);
+            PublicationSettings::release(settings, {path, place});
             m_feedback.announce(tr("Repository is deleted."));
         } else if (outcome.first == RepositoryRemoval::Outcome::Absent) {
             m_recent.remove(path);
@@ -282,9 +403,4 @@ void RepositoryCommands::startRemoval(const QString &path)
         if (m_removing.isEmpty())
             Q_EMIT removalsEnded();
     });
-    watcher->setFuture(QtConcurrent::run([path, open = m_tabs.paths()] {
-        QString reason;
-        const RepositoryRemoval::Outcome outcome = RepositoryRemoval::remove(path, open, &reason);
-        return Outcome(outcome, reason);
-    }));
 }

@@ -2,14 +2,15 @@
 #pragma once
 
 #include "core/repoinfo.h"
+#include "ui/newrepodialog.h"
 
+#include <QByteArray>
 #include <QObject>
 #include <QStringList>
 
 #include <functional>
 
 class JobFeedback;
-class NewRepoDialog;
 class Prompts;
 class RecentRepositories;
 class RepoTabs;
@@ -37,11 +38,19 @@ public:
 
     /** Asks for a description and creates the repository. The tab comes when it is there; null when cancelled. */
     RepoWidget *createRepo();
-    /** The same for what is in `source`, an archive or a folder, with a proposed place in `folder`. */
-    RepoWidget *createForImport(const QString &source, const QString &folder);
+    /**
+     * The same for what is in `source`, an archive or a folder, with a proposed place in `folder`. `made` gets the
+     * widget before its repository is there, and another one when the user tries again after a failure.
+     */
+    void createForImport(const QString &source,
+                         const QString &folder,
+                         const std::function<void(const RepoWidget *widget)> &made);
     /** Asks for a directory and opens it; null when cancelled. */
     RepoWidget *chooseAndOpen();
-    /** Opens the repository in `path`, or brings its tab to the front. */
+    /**
+     * Opens the repository in `path`, or brings its tab to the front. Whether it is there, and is one, is looked at
+     * aside, since its disk may not answer: the tab goes again when not.
+     */
     RepoWidget *openRepo(const QString &path);
     /** Opens an entry of the recent ones, which may be gone. */
     void openRecent(const QString &path);
@@ -52,6 +61,8 @@ public:
     /** Deletes the current tab's repository after a question. */
     void removeRepo();
 
+    /** The path with links resolved; that of an open repository is known, any other is looked up. */
+    QString placeOf(const QString &path) const;
     /** Whether a repository is being deleted. */
     bool isRemoving() const { return !m_removing.isEmpty(); }
 
@@ -61,9 +72,35 @@ Q_SIGNALS:
 
 private:
     void fillDefaults(NewRepoDialog *dialog);
-    RepoWidget *createFrom(NewRepoDialog *dialog, const QString &failure);
+    /** One repository that the user wants, from the dialog to its end. */
+    struct Creation
+    {
+        NewRepoDialog::Mode mode = NewRepoDialog::Mode::Create;
+        QString failure; ///< what is said when nothing came of it
+        QString source; ///< of an import
+        std::function<void(const RepoWidget *widget)> made;
+        QString path; ///< proposed or, like the description, typed in
+        RepoInfo info;
+        bool isTypedIn = false;
+    };
+    RepoWidget *create(Creation creation);
+    void createAgain(const Creation &creation);
+    /** Where repositories are or were. */
+    QStringList remembered() const;
+    void change(RepoWidget *widget, const QByteArray &description);
+    void askForRemoval(RepoWidget *widget);
+    /** What the file system says of a path. */
+    struct Look
+    {
+        QString place; ///< with links resolved
+        bool isFolder = false;
+        bool isRepository = false;
+    };
+    static Look lookAt(const QString &path);
+    RepoWidget *showRepo(const QString &path, bool again);
+    void openWhatIsThere(RepoWidget *widget, const QString &path, const Look &look, bool again);
     void remove(RepoWidget *widget);
-    void startRemoval(const QString &path);
+    void startRemoval(const QString &path, const QString &place);
 
     RepoTabs &m_tabs;
     Prompts &m_prompts;

@@ -2,11 +2,11 @@
 #include "ui/repotabs.h"
 
 #include "depends/tooltiptext.h"
-#include "engine/pathguard.h"
 #include "engine/reposhell.h"
 #include "ui/repowidget.h"
 #include "ui/tabtitles.h"
 
+#include <QDir>
 #include <QIcon>
 #include <QTabBar>
 #include <QTabWidget>
@@ -55,12 +55,26 @@ const RepoTabs::Tab *RepoTabs::tabOf(const RepoWidget *widget) const
 
 RepoWidget *RepoTabs::find(const QString &path) const
 {
-    const QString wanted = PathGuard::resolved(path);
+    const QString wanted = QDir::cleanPath(path);
     for (const Tab &tab : m_tabs) {
-        if (!tab.path.isEmpty() && PathGuard::resolved(tab.path) == wanted)
+        if (!wanted.isEmpty() && (tab.path == wanted || tab.place == wanted))
             return tab.widget;
     }
     return nullptr;
+}
+
+QString RepoTabs::placeOf(const RepoWidget *widget) const
+{
+    const Tab *tab = tabOf(widget);
+    if (tab == nullptr)
+        return {};
+    return tab->place.isEmpty() ? tab->path : tab->place;
+}
+
+void RepoTabs::setPlace(const RepoWidget *widget, const QString &place)
+{
+    if (Tab *tab = tabOf(widget))
+        tab->place = place;
 }
 
 QString RepoTabs::pathOf(const RepoWidget *widget) const
@@ -78,12 +92,20 @@ QStringList RepoTabs::paths() const
     return paths;
 }
 
+QStringList RepoTabs::allPaths() const
+{
+    QStringList paths;
+    for (const Tab &tab : m_tabs)
+        paths << tab.path;
+    return paths;
+}
+
 RepoWidget *RepoTabs::create(const QString &path)
 {
     // A child of the tab widget from the start, so that it never is a window of its own.
     auto *widget = new RepoWidget(m_tabWidget);
     widget->hide();
-    m_tabs.append({widget, path, QString(), false, false});
+    m_tabs.append({widget, path, QString(), QString(), false, false});
     tellOpenRepositories();
 
     RepoShell *engine = widget->repoShell();
@@ -95,8 +117,10 @@ RepoWidget *RepoTabs::create(const QString &path)
     connect(engine, &RepoShell::idle, this, [this, widget] { engineIdle(widget); });
     connect(widget, &RepoWidget::needCloseRepo, this, [this, widget] { discard(widget); });
     connect(widget, &RepoWidget::newTabTitle, this, [this, widget](const QString &newPath) {
-        if (!newPath.isEmpty())
-            setPath(widget, newPath);
+        if (newPath.isEmpty())
+            return;
+        setPlace(widget, widget->repoShell()->place());
+        setPath(widget, newPath);
     });
     Q_EMIT created(widget);
     return widget;
@@ -222,6 +246,11 @@ bool RepoTabs::isRunning(const RepoWidget *widget) const
 {
     const Tab *tab = tabOf(widget);
     return runsJob(widget) || (tab != nullptr && tab->waiting);
+}
+
+bool RepoTabs::isFree(const RepoWidget *widget) const
+{
+    return widget != nullptr && widget->isEnabled() && !isRunning(widget) && !widget->repoPath().isEmpty();
 }
 
 void RepoTabs::setWaiting(RepoWidget *widget, bool waiting)

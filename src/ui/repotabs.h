@@ -23,12 +23,21 @@ public:
     RepoWidget *at(int index) const;
     /** All tabs, from left to right. */
     QList<RepoWidget *> shown() const;
-    /** The tab of the repository in this directory, whatever the spelling of the path; null when there is none. */
+    /**
+     * The tab of the repository in this directory; null when there is none. Touches no file: of a path with links in
+     * it, only the spelling that the repository was opened by is known.
+     */
     RepoWidget *find(const QString &path) const;
+    /** The tab's directory with links resolved as far as that is known; see setPlace(). */
+    QString placeOf(const RepoWidget *widget) const;
+    /** Says what the path of a repository that is about to be opened is when links are resolved. */
+    void setPlace(const RepoWidget *widget, const QString &place);
     /** Directory of a tab's repository; also while it is still being opened. */
     QString pathOf(const RepoWidget *widget) const;
     /** Directories of all tabs, from left to right. */
     QStringList paths() const;
+    /** Those of repositories that are still being made, too. */
+    QStringList allPaths() const;
 
     /** A widget for the repository in this directory, which need not be there yet; no tab shows it. */
     RepoWidget *create(const QString &path);
@@ -40,6 +49,8 @@ public:
 
     /** Whether the tab is at work: its engine runs a job, or setWaiting() says that it waits for the system. */
     bool isRunning(const RepoWidget *widget) const;
+    /** Whether a command can be given to the tab: it has a repository and is not at work. False for no tab. */
+    bool isFree(const RepoWidget *widget) const;
     /** Marks the tab of a repository that is published. */
     void setPublished(RepoWidget *widget, bool published);
     /** Between these two calls the system does something for the tab. Unlike a job, it keeps nobody from closing. */
@@ -74,6 +85,7 @@ private:
     {
         RepoWidget *widget = nullptr;
         QString path;
+        QString place; ///< the path with links resolved; empty while that is not known
         QString job; ///< start message of the last job
         bool discarded = false;
         bool waiting = false; ///< for the system

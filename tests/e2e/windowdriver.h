@@ -116,7 +116,7 @@ public:
     {
         bool idle = tabs()->count() == repositories;
         for (int i = 0; i < tabs()->count(); ++i)
-            idle = idle && !tab(i)->repoShell()->isRunning();
+            idle = idle && !tab(i)->repoShell()->isRunning() && !tab(i)->repoPath().isEmpty();
         return idle;
     }
 

@@ -50,8 +50,9 @@ private Q_SLOTS:
                                              {"ip"_s, "1.2.3"_s}};
         for (auto value = wrong.cbegin(); value != wrong.cend(); ++value)
             store.setValue("Published8002/"_s + value.key(), value.value());
-        QVERIFY(!PublicationSettings::find(store, {}) && !PublicationSettings::find(store, "/srv/b"_s));
-        auto found = PublicationSettings::find(store, "/srv/a"_s);
+        QVERIFY(!PublicationSettings::find(store, {QString()})
+                && !PublicationSettings::find(store, {"/srv/b"_s, "/srv"_s}));
+        auto found = PublicationSettings::find(store, {"/srv/link"_s, "/srv/a"_s});
         QVERIFY(found && found->trusted && found->architectures.isEmpty() && found->host.isEmpty());
         QCOMPARE(found->port, 8002);
         QCOMPARE(found->protocol, int(HttpProtocol));
@@ -59,7 +60,7 @@ private Q_SLOTS:
         const PublicationSettings taken{9000, "/srv/b"_s, false, "i386"_s, FtpProtocol, "10.0.0.1"_s};
         taken.claim(store);
         QCOMPARE(store.value(SettingsKey::BusyHttpPorts).toStringList(), "8001|8002|9000"_list);
-        found = PublicationSettings::find(store, "/srv/b"_s);
+        found = PublicationSettings::find(store, {"/srv/b"_s});
         QVERIFY(found && !found->trusted && found->protocol == FtpProtocol);
         QCOMPARE(QStringList({found->architectures, found->host}), "i386|10.0.0.1"_list);
 
@@ -72,8 +73,8 @@ private Q_SLOTS:
 
         found->repoPath = "/srv/./b/"_s;
         found->claim(store);
-        PublicationSettings::release(store, {});
-        PublicationSettings::release(store, "/srv/b"_s, {2});
+        PublicationSettings::release(store, {QString()});
+        PublicationSettings::release(store, {"/srv/b"_s}, {2});
         QCOMPARE(PublicationSettings::busyPorts(store), (QList<int>{8001, 8002, 2}));
         QVERIFY(!store.contains("Published9000/ip"_s) && store.contains("Published2/ip"_s));
     }

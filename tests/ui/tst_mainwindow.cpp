@@ -26,6 +26,8 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include <csignal>
+
 namespace
 {
 /** Notes each of these texts whose marked letter another has. */
@@ -321,6 +323,45 @@ private Q_SLOTS:
         menu->close();
     }
 
+    /** A repository on a disk that does not answer is no reason for the window to wait. */
+    void deadDisk()
+    {
+        VELT_NEED_TOOL("archivemount");
+        const QString real = makeRepository("disk/r"_s);
+        const QString mount = m_folder.filePath("mount"_s);
+        QVERIFY(QDir().mkdir(mount));
+        QVERIFY(QProcess::execute("tar"_s, {"czf"_s, mount + ".tgz"_s, "-C"_s, real + "/.."_s, "r"_s}) == 0);
+        QProcess disk;
+        disk.start("archivemount"_s, {"-f"_s, "-o"_s, "readonly"_s, mount + ".tgz"_s, mount});
+        QTRY_VERIFY(readFile("/proc/self/mounts"_s).contains(mount.toLocal8Bit()));
+        const auto pid = static_cast<pid_t>(disk.processId());
+        QVERIFY(::kill(pid, SIGSTOP) == 0);
+        // So that a window that waits makes the test fail and not hang.
+        QProcess::startDetached("sh"_s, {"-c"_s, "sleep 5; kill -CONT %1"_s.arg(pid)});
+        QElapsedTimer time;
+        time.start();
+
+        const QString alive = makeRepository("alive"_s);
+        QSettings().setValue("recentOpennedRepos"_s, QStringList{alive, mount + "/r"_s});
+        QSettings().setValue("busyHttpPorts"_s, QStringList{"8000"_s});
+        QSettings().setValue("Published8000/repoPath"_s, QString(mount + "/r"_s));
+        {
+            MainWindow window;
+            window.show();
+            auto *tabs = child<QTabWidget>(window, "tabWidget");
+            QCOMPARE(tabs->count(), 2);
+            QTRY_VERIFY(!static_cast<RepoWidget *>(tabs->widget(0))->repoPath().isEmpty());
+            tabs->setCurrentIndex(0);
+            auto *tree = child<QTreeView>(*tabs->widget(0), "m_repoTreeView");
+            for (int i = 0; i < 10; ++i)
+                QTest::keyClick(tree, i < 5 ? Qt::Key_Down : Qt::Key_Up);
+            QVERIFY(time.elapsed() < 4500);
+            QTRY_VERIFY_WITH_TIMEOUT(waitForTabs(window, 2), 15000);
+        }
+        QCOMPARE(QProcess::execute("fusermount"_s, {"-u"_s, mount}), 0);
+        disk.waitForFinished();
+    }
+
     void titles()
     {
         const QStringList paths{"/a/x/r"_s, "/b/x/r"_s, "/r"_s, "/c/s/"_s, "/"_s};
@@ -383,7 +424,7 @@ private Q_SLOTS:
             QVERIFY(child<QAction>(window, "m_checkDependsAllAction")->isChecked());
             QVERIFY(!child<QAction>(window, "m_hideStatusLineAction")->isChecked());
             QVERIFY(!child<QWidget>(window, "logDockWidget")->isVisible());
-            QCOMPARE(window.windowTitle(), "velt-admin-repo"_s);
+            QTRY_COMPARE(window.windowTitle(), "velt-admin-repo"_s);
             QVERIFY(window.close());
             const QStringList written = "signPackage false|showAddPkgSettings true|showPkgVersion true|"
                                         "addPkgCheckDepends true|dependsRepoType 3"_list;

@@ -31,6 +31,7 @@ public:
     QStringList calls;
     QString refusal; ///< the name of an error
     bool succeeds = true;
+    bool goesOn = false; ///< what is to be unpublished
     bool holds = false; ///< the answer, until it is released
 
     PublicationMonitor::Picture picture() const
@@ -60,7 +61,8 @@ public Q_SLOTS:
         auto now = picture();
         const auto isIt = [=](const auto &one) { return one.repo.port == port && one.protocol == protocol; };
         auto &all = now.publications;
-        all.erase(std::remove_if(all.begin(), all.end(), isIt), all.end());
+        if (!goesOn)
+            all.erase(std::remove_if(all.begin(), all.end(), isIt), all.end());
         setPicture(now);
         return answer("unpublish %1 %2"_s.arg(port).arg(protocol));
     }
@@ -92,7 +94,7 @@ class PublishingTest : public QObject
     Q_OBJECT
 
     QTemporaryDir m_folder{"/tmp/vpXXXXXX"_s};
-    PrivateBus m_bus;
+    std::optional<PrivateBus> m_bus{std::in_place};
     std::unique_ptr<HelperPeer> m_helper;
     std::unique_ptr<PublicationMonitor> m_monitor;
     std::unique_ptr<WindowDriver> m_driver;
@@ -148,7 +150,7 @@ private Q_SLOTS:
     void init()
     {
         QSettings().clear();
-        m_helper = std::make_unique<HelperPeer>(m_bus.address());
+        m_helper = std::make_unique<HelperPeer>(m_bus->address());
     }
 
     void cleanup()
@@ -169,9 +171,18 @@ private Q_SLOTS:
         m_driver->tabs()->setCurrentIndex(0);
         QCOMPARE(state(), "Not published"_s);
         QVERIFY(!action("m_unpublishRepoAction")->isEnabled());
-        const Script hint{answer("Publish repository"_s, "OK"_s)};
         action("m_publishRepoAction")->trigger();
-        QVERIFY(hint.isDone() && m_helper->calls.isEmpty());
+        QVERIFY(m_driver->message().startsWith("Choose a server type"_s) && m_helper->calls.isEmpty());
+        auto *type = field<QComboBox>("m_srvTypeComboBox");
+        QVERIFY(type->view()->isVisible());
+        type->hidePopup();
+        const auto proposed = [&](Qt::Key key) {
+            QTest::keyClick(type, key);
+            return field<QSpinBox>("m_httpPortSpinBox")->value();
+        };
+        QCOMPARE(proposed(Qt::Key_Down), 8000);
+        QCOMPARE(proposed(Qt::Key_Down), 21);
+        QCOMPARE(proposed(Qt::Key_Up), 8000);
 
         choose(0, HttpProtocol, 8000);
         choose(1, HttpProtocol, 8000);
@@ -201,6 +212,13 @@ private Q_SLOTS:
 
         m_driver->tabs()->setCurrentIndex(0);
         m_helper->holds = false;
+        m_helper->goesOn = true;
+        const Script told{answer("Error"_s, "OK"_s)};
+        action("m_unpublishRepoAction")->trigger();
+        QTRY_VERIFY(told.isDone() && action("m_unpublishRepoAction")->isEnabled());
+        QVERIFY(m_driver->log().contains("The repository is not unpublished!"_s)
+                && m_driver->log().contains("The service public-repo-8000 could not be stopped."_s));
+        m_helper->goesOn = false;
         action("m_unpublishRepoAction")->trigger();
         QTRY_COMPARE(m_driver->message(), "Repository is unpublished."_s);
         QCOMPARE(state(), "Not published"_s);
@@ -293,6 +311,12 @@ private Q_SLOTS:
         child<QAction>(*dialog, "m_copyAddressAction")->trigger();
         QVERIFY(QGuiApplication::clipboard()->text().endsWith(":8080/"_s));
         // Of a repository without a tab.
+        m_helper->goesOn = true;
+        const Script vain{answer("Unpublish confirmation"_s, "Yes"_s), answer("Error"_s, "OK"_s)};
+        child<QAction>(*dialog, "m_unpublishThisAction")->trigger();
+        QTRY_VERIFY(vain.isDone());
+        QCOMPARE(texts(3), "8080 80"_s);
+        m_helper->goesOn = false;
         const Script confirm{answer("Unpublish confirmation"_s, "Yes"_s)};
         child<QAction>(*dialog, "m_unpublishThisAction")->trigger();
         QTRY_COMPARE(texts(3), "80"_s);
@@ -301,7 +325,7 @@ private Q_SLOTS:
                              answer("Remove confirmation"_s, "Yes"_s)};
         action("m_removeRepoAction")->trigger();
         QTRY_COMPARE(m_driver->message(), "Repository is deleted."_s);
-        QCOMPARE(m_helper->calls.join("|"_s), "unpublish 8080 0|unpublish 80 0"_s);
+        QCOMPARE(m_helper->calls.join("|"_s), "unpublish 8080 0|unpublish 8080 0|unpublish 80 0"_s);
         QTRY_VERIFY(child<QLabel>(*dialog, "m_emptyLabel")->isVisible());
     }
 
@@ -325,7 +349,18 @@ private Q_SLOTS:
     {
         const QString real = makeRepository("one"_s);
         QVERIFY(QFile::link(real, real + "-link"_s));
+        m_helper->setPicture({{{{80, "HTTP"_s, real}, 0, "active"_s, true}}, {}});
         start({real + "-link"_s});
+        QVERIFY(state().startsWith("Published at"_s));
+        // What the link names was looked up once.
+        QVERIFY(QFile::rename(real + "-link"_s, real + "-gone"_s));
+        m_helper->setPicture({{{{80, "HTTP"_s, real}, 0, "failed"_s, true}}, {}});
+        m_monitor->refresh();
+        QTRY_VERIFY(state().startsWith("To be published at"_s));
+        QVERIFY(QFile::rename(real + "-gone"_s, real + "-link"_s));
+        m_helper->setPicture({});
+        m_monitor->refresh();
+        QTRY_COMPARE(state(), "Not published"_s);
         choose(0, HttpProtocol, 8000);
         m_helper->holds = true;
         action("m_publishRepoAction")->trigger();
@@ -334,6 +369,25 @@ private Q_SLOTS:
         m_driver.reset();
         m_helper->release();
         QTest::qWait(50);
+    }
+
+    /** The last one: this program gets no other bus. */
+    void withoutABus()
+    {
+        start({makeRepository("one"_s)});
+        choose(0, HttpProtocol, 8000);
+        m_bus.reset();
+        QTRY_VERIFY(!QDBusConnection::systemBus().isConnected());
+        QString said;
+        const Script told{inDialog<QMessageBox>("Error"_s, [&](QMessageBox &dialog) {
+            said = dialog.text() + " "_s + dialog.informativeText() + " "_s + dialog.detailedText();
+            return press(dialog, "OK"_s);
+        })};
+        action("m_publishRepoAction")->trigger();
+        QTRY_VERIFY(told.isDone());
+        QVERIFY2(said.contains("The system bus cannot be reached."_s), qPrintable(said));
+        QTRY_VERIFY(action("m_publishRepoAction")->isEnabled());
+        QVERIFY(!m_driver->log().contains("Repository is unpublished."_s));
     }
 };
 

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QFutureWatcher>
+#include <QObject>
+#include <QtConcurrent>
+
+/** Runs `work` on the thread pool and gives its result to `next` in the thread of `context`, as long as that lives. */
+template <typename Work, typename Next>
+void aside(QObject *context, Work work, Next next)
+{
+    using Result = decltype(work());
+    auto *watcher = new QFutureWatcher<Result>(context);
+    QObject::connect(watcher, &QFutureWatcherBase::finished, context, [watcher, next] {
+        watcher->deleteLater();
+        next(watcher->result());
+    });
+    watcher->setFuture(QtConcurrent::run(work));
+}
