@@ -13,8 +13,10 @@
 #include <QApplication>
 #include <QDir>
 #include <QIcon>
+#include <QMessageBox>
 #include <QSettings>
 #include <QStandardPaths>
+#include <QTextStream>
 #include <QThread>
 #include <QThreadPool>
 
@@ -23,6 +25,8 @@
 namespace
 {
 constexpr int handOverTimeout = 5000; // milliseconds
+// An instance that is ending finishes the file that it is at, which can be a large one.
+constexpr int endingTimeout = 60000; // milliseconds
 constexpr int drainInterval = 20; // milliseconds
 constexpr int jobThreads = 8;
 constexpr int alreadyRunning = -1; // exit code of a start that handed its files over
@@ -46,6 +50,24 @@ void activate(QWidget *window)
     window->show();
     window->raise();
     window->activateWindow();
+}
+
+/** Says on the terminal and, where there is a screen, in a box why the files of this start are not added. */
+void tellNotDelivered(SingleInstance::Outcome outcome, const QStringList &files)
+{
+    const char *reason
+        = outcome == SingleInstance::TooLong
+              ? QT_TRANSLATE_NOOP("main", "These are too many files for one start of the program.")
+              : QT_TRANSLATE_NOOP("main", "The program is running already and does not answer.");
+    const QString text = QCoreApplication::translate("main", reason);
+    QTextStream(stderr) << text << '\n';
+    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+        return;
+    QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), text);
+    box.setTextFormat(Qt::PlainText);
+    if (!files.isEmpty())
+        box.setInformativeText(QCoreApplication::translate("main", "Nothing has been added."));
+    box.exec();
 }
 
 /**
@@ -82,7 +104,10 @@ int main(int argc, char *argv[])
         SingleInstance::privateFolder(qEnvironmentVariable("XDG_RUNTIME_DIR"), QStringLiteral("/tmp")));
     if (!instance.isFirst()) {
         const QString message = files.isEmpty() ? QStringLiteral("raise") : files.join(QLatin1Char('&'));
-        if (instance.handOver(message, handOverTimeout) != SingleInstance::BecameFirst)
+        const SingleInstance::Outcome outcome = instance.handOver(message, handOverTimeout, endingTimeout);
+        if (outcome == SingleInstance::NotDelivered || outcome == SingleInstance::TooLong)
+            tellNotDelivered(outcome, files);
+        if (outcome != SingleInstance::BecameFirst)
             return alreadyRunning;
     }
 
@@ -95,6 +120,8 @@ int main(int argc, char *argv[])
         activate(&window);
         window.onMessageReceived(message);
     });
+    // Later starts wait for the end and then do it themselves.
+    QObject::connect(&window, &MainWindow::closingBegan, &instance, &SingleInstance::stopListening);
     window.show();
     instance.startDelivery();
     // Queued, because it may open a box: whatever ends the program meanwhile must find the main event loop.

@@ -9,6 +9,8 @@
 #include <QLoggingCategory>
 #include <QTimer>
 
+#include <utility>
+
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -137,45 +139,59 @@ void SingleInstance::deliverPending()
         Q_EMIT messageReceived(m_pending.takeFirst());
 }
 
-SingleInstance::Outcome SingleInstance::handOver(const QString &message, int timeout)
+SingleInstance::Outcome SingleInstance::handOver(const QString &message, int timeout, int endingTimeout)
 {
     const QByteArray frame = InstanceFrames::frame(message);
     if (frame.isEmpty())
-        return NotDelivered;
+        return TooLong;
     const QDeadlineTimer deadline(timeout);
+    const QDeadlineTimer ending(qMax(timeout, endingTimeout));
+    bool mayBeStale = true;
+    Sent sent = Sent::Unanswered;
     do {
-        if (send(frame, static_cast<int>(deadline.remainingTime())))
+        sent = send(frame, static_cast<int>(qMax<qint64>(retryInterval, deadline.remainingTime())));
+        if (sent == Sent::Taken)
             return Delivered;
-        if (takeLock(static_cast<int>(qMin<qint64>(retryInterval, deadline.remainingTime())))) {
+        if (takeLock(static_cast<int>(qMin<qint64>(retryInterval, ending.remainingTime())))) {
             listen();
             return BecameFirst;
         }
-    } while (!deadline.hasExpired());
-    // A lock of an instance that died while writing it names no process, and one of a renamed machine names another
-    // machine. Removing succeeds only when no living process holds it.
-    if (m_lock.removeStaleLockFile() && takeLock(0)) {
-        listen();
-        return BecameFirst;
-    }
+        if (deadline.hasExpired() && std::exchange(mayBeStale, false) && takeStaleLock())
+            return BecameFirst;
+    } while (!deadline.hasExpired() || (sent == Sent::NobodyListens && !ending.hasExpired()));
     return NotDelivered;
 }
 
-bool SingleInstance::send(const QByteArray &frame, int timeout)
+bool SingleInstance::takeStaleLock()
+{
+    // A lock of an instance that died while writing it names no process, and one of a renamed machine names another
+    // machine. Removing succeeds only when no living process holds it.
+    if (!m_lock.removeStaleLockFile() || !takeLock(0))
+        return false;
+    listen();
+    return true;
+}
+
+SingleInstance::Sent SingleInstance::send(const QByteArray &frame, int timeout)
 {
     const QDeadlineTimer deadline(timeout);
     const auto remaining = [&deadline] { return static_cast<int>(deadline.remainingTime()); };
     QLocalSocket socket;
     socket.connectToServer(m_socketPath);
-    if (!socket.waitForConnected(remaining()))
-        return false;
+    if (!socket.waitForConnected(remaining())) {
+        const bool isThere = socket.error() != QLocalSocket::ServerNotFoundError
+                             && socket.error() != QLocalSocket::ConnectionRefusedError;
+        return isThere ? Sent::Unanswered : Sent::NobodyListens;
+    }
     socket.write(frame);
     while (socket.bytesToWrite() > 0) {
         if (!socket.waitForBytesWritten(remaining()))
-            return false;
+            return Sent::Unanswered;
     }
     char answer = 0;
-    return (socket.bytesAvailable() > 0 || socket.waitForReadyRead(remaining()))
-           && socket.read(&answer, 1) == 1 && answer == receipt;
+    const bool isTaken = (socket.bytesAvailable() > 0 || socket.waitForReadyRead(remaining()))
+                         && socket.read(&answer, 1) == 1 && answer == receipt;
+    return isTaken ? Sent::Taken : Sent::Unanswered;
 }
 
 QString SingleInstance::privateFolder(const QString &runtimeFolder, const QString &temporaryFolder)

@@ -24,6 +24,7 @@ public:
     enum Outcome {
         Delivered, ///< the first instance has the message
         NotDelivered, ///< nobody took it within the time
+        TooLong, ///< nobody would take a message of this length
         BecameFirst ///< the first instance has ended meanwhile; this one is now the first and the message is unsent
     };
 
@@ -36,9 +37,10 @@ public:
 
     /**
      * Sends `message` to the first instance, waiting at most `timeout` milliseconds, also for one that is still
-     * starting. Blocks: only for a start that shows nothing.
+     * starting. One that is ending, which holds the lock and listens no more, gets `endingTimeout` to end. Blocks: only
+     * for a start that shows nothing.
      */
-    Outcome handOver(const QString &message, int timeout);
+    Outcome handOver(const QString &message, int timeout, int endingTimeout = 0);
 
     /** From now on messages are announced, those that came earlier first. Call it when the receiver is connected. */
     void startDelivery();
@@ -61,7 +63,9 @@ private:
     void acceptConnections();
     void readMessages(QLocalSocket *socket);
     void deliverPending();
-    bool send(const QByteArray &frame, int timeout);
+    enum class Sent { Taken, Unanswered, NobodyListens };
+    Sent send(const QByteArray &frame, int timeout);
+    bool takeStaleLock();
 
     QString m_socketPath;
     QLockFile m_lock;

@@ -310,8 +310,7 @@ void MainWindow::updateActions()
     if (m_closing->isClosing())
         return;
     const RepoWidget *widget = m_tabs->current();
-    const bool free = widget != nullptr && widget->isEnabled() && !m_tabs->isRunning(widget)
-                      && !widget->repoPath().isEmpty();
+    const bool free = m_tabs->isFree(widget);
     m_ui->m_removeRepoAction->setEnabled(free);
     m_ui->m_changeRepoAction->setEnabled(free);
     // With no tab at all the command says what is missing.
@@ -378,18 +377,37 @@ void MainWindow::showHelp(QWidget *asking, const QString &page)
 
 void MainWindow::onMessageReceived(const QString &message)
 {
-    if (message != QLatin1String("raise"))
-        addPackagesFromOutside(message.split(QLatin1Char('&')), true);
+    if (message == QLatin1String("raise"))
+        return;
+    QStringList files;
+    const QStringList parts = message.split(QLatin1Char('&'));
+    for (const QString &part : parts) {
+        // What is no absolute path is the rest of one that has an "&" in it.
+        if (!files.isEmpty() && !part.startsWith(QLatin1Char('/')))
+            files.last() += QLatin1Char('&') + part;
+        else
+            files.append(part);
+    }
+    addPackagesFromOutside(files, true);
 }
 
 void MainWindow::addPackagesFromOutside(const QStringList &files, bool fromAnotherInstance)
 {
     QStringList named = files;
     named.removeAll(QString());
-    if (named.isEmpty() || m_closing->isClosing())
+    if (named.isEmpty())
         return;
+    if (m_closing->isClosing()) {
+        logNotAdded(named);
+        return;
+    }
     m_arrivals.append({named, fromAnotherInstance});
     serveArrivals();
+}
+
+void MainWindow::logNotAdded(const QStringList &files)
+{
+    m_feedback->appendLog(PackageCommands::tr("Not added: %1").arg(files.join(QLatin1String(", "))));
 }
 
 void MainWindow::serveArrivals()
@@ -474,7 +492,10 @@ void MainWindow::saveOpenRepositories()
 
 void MainWindow::beginClosing()
 {
+    for (const Arrival &arrival : qAsConst(m_arrivals))
+        logNotAdded(arrival.files);
     m_arrivals.clear();
+    Q_EMIT closingBegan();
     m_ui->menuBar->setEnabled(false);
     m_ui->mainToolBar->setEnabled(false);
     m_ui->centralWidget->setEnabled(false);

@@ -48,8 +48,12 @@ public:
     /** Adds package files that were named at a start of the program; queued while a dialog is open. */
     void addPackagesFromOutside(const QStringList &files, bool fromAnotherInstance);
 
+Q_SIGNALS:
+    /** From now on nothing is added any more, and the window closes when the last job has ended. */
+    void closingBegan();
+
 public Q_SLOTS:
-    /** What a second start says: "raise", or its package files joined with "&". */
+    /** What a second start says: "raise", or the absolute paths of its package files joined with "&". */
     void onMessageReceived(const QString &message);
     /** Closes in the orderly way without asking about running jobs, for signals and the end of the session. */
     void closeWithoutAsking();
@@ -79,6 +83,7 @@ private:
     void updateCentralArea();
     void showChoices();
     void serveArrivals();
+    void logNotAdded(const QStringList &files);
     void onExtendedLogChanged(bool inExtended);
     void about();
     void showHelp(QWidget *asking, const QString &page = {});

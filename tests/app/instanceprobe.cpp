@@ -34,7 +34,8 @@ int main(int argc, char *argv[])
         SingleInstance::privateFolder(qEnvironmentVariable("XDG_RUNTIME_DIR"), QStringLiteral("/tmp")));
     if (!instance.isFirst()) {
         const QString message = files.isEmpty() ? QStringLiteral("raise") : files.join(QLatin1Char('&'));
-        if (instance.handOver(message, arguments.at(3).toInt()) != SingleInstance::BecameFirst)
+        constexpr int endingTimeout = 5000;
+        if (instance.handOver(message, arguments.at(3).toInt(), endingTimeout) != SingleInstance::BecameFirst)
             return -1;
     }
     record(recordPath, QStringLiteral("first"));

@@ -6,6 +6,7 @@
 
 #include <QtTest>
 
+#include <csignal>
 #include <memory>
 
 /** The program itself, started as a user does, with a repository that was open the last time. */
@@ -102,6 +103,20 @@ private Q_SLOTS:
         const QSettings store(settingsFile(), QSettings::NativeFormat);
         QCOMPARE(store.value("recentOpennedRepos"_s).toStringList(), QStringList{m_repository});
         QVERIFY(store.contains("MainWindow/geometry"_s));
+    }
+
+    void deafProgramIsTold()
+    {
+        const auto first = start();
+        QTRY_VERIFY(QFileInfo::exists(m_folder->filePath("velt-admin-repo.socket"_s)));
+        const auto pid = static_cast<pid_t>(first->processId());
+        QVERIFY(::kill(pid, SIGSTOP) == 0);
+        const auto second = start({"a.deb"_s});
+        QCOMPARE(exitCodeOf(*second), 255);
+        QVERIFY(second->readAll().contains("The program is running already and does not answer."));
+        QVERIFY(::kill(pid, SIGCONT) == 0);
+        first->terminate();
+        QCOMPARE(exitCodeOf(*first), 0);
     }
 
     void terminationWhileABoxIsOpen()

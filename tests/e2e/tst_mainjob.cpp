@@ -143,7 +143,9 @@ private Q_SLOTS:
             QVERIFY(boxes.first()->detailedText().contains(QLatin1String(name)));
         // Handed over by a second start: what is no package is refused with a word.
         const Script answers({answer("Error"_s, "OK"_s), answer("Warning"_s, "OK"_s)});
-        m_driver->window().onMessageReceived(path("notes.txt"_s) + "&"_s + package("more"_s));
+        const QString more
+            = DebBuilder("more"_s).version("1"_s).fileName("R&D more&.deb"_s).build(path("x"_s));
+        m_driver->window().onMessageReceived(path("notes.txt"_s) + "&"_s + more);
         WAIT_FOR(answers.isDone() && m_driver->packageCount() == 2 && m_driver->isIdle());
         QCOMPARE(packagesOf(repo), "good 1, more 1"_s);
     }
@@ -353,13 +355,14 @@ private Q_SLOTS:
         const auto recentPaths = [] { return QSettings().value(SettingsKey::RecentRepoList).toStringList(); };
         const Script keep{answer("Recent repositories"_s, "No"_s)};
         recentRepositories().at(1)->trigger();
+        WAIT_FOR(keep.isDone());
         QCOMPARE(recentPaths(), QStringList({plain, gone}));
         QVERIFY(m_driver->log().contains(message.arg(plain)));
         QVERIFY(QFile::exists(plain + "/file"_s));
         // With nothing open there is nothing to add to.
         const Script warnings{answer("Recent repositories"_s, "Yes"_s), answer("No repository"_s, "OK"_s)};
         recentRepositories().at(1)->trigger();
-        QCOMPARE(recentPaths(), QStringList{plain});
+        WAIT_FOR(recentPaths() == QStringList{plain});
         action("m_addPackagesAction")->trigger();
         QVERIFY(warnings.isDone());
     }
