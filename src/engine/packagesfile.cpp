@@ -6,9 +6,13 @@
 #include <QFile>
 #include <QRegularExpression>
 
+#include <cstdlib>
 #include <cstring>
+#include <memory>
 #include <unordered_map>
 #include <utility>
+
+#include <sys/mman.h>
 
 namespace
 {
@@ -119,6 +123,38 @@ private:
     QList<PackageInfoPtr> m_records;
 };
 
+/** What is in a file. A mapping would end the program as soon as somebody cuts the file short in its place. */
+class FileBytes
+{
+public:
+    explicit FileBytes(const QString &fileName)
+    {
+        QFile file(fileName);
+        if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.size() <= 0)
+            return;
+        const qint64 size = file.size();
+        // To get the memory of a large index page by page takes longer than to read it.
+        constexpr std::size_t HugePage = 2U << 20;
+        const std::size_t room = (static_cast<std::size_t>(size) / HugePage + 1) * HugePage;
+        const bool isLarge = room > 2 * HugePage;
+        m_data.reset(static_cast<char *>(isLarge ? std::aligned_alloc(HugePage, room) : std::malloc(room)));
+        if (!m_data)
+            return;
+        if (isLarge)
+            ::madvise(m_data.get(), room, MADV_HUGEPAGE);
+        m_size = static_cast<std::size_t>(qMax<qint64>(file.read(m_data.get(), size), 0));
+    }
+
+    Bytes bytes() const { return m_size == 0 ? Bytes() : Bytes(m_data.get(), m_size); }
+
+private:
+    struct Free
+    {
+        void operator()(char *data) const { std::free(data); }
+    };
+    std::unique_ptr<char, Free> m_data;
+    std::size_t m_size = 0;
+};
 } // namespace
 
 std::optional<IndexPlace> indexPlace(const QString &relativePath)
@@ -173,11 +209,6 @@ QList<PackageInfoPtr> parsePackages(const ControlText::Owner &owner,
 
 QList<PackageInfoPtr> readPackagesFile(const QString &fileName, const IndexPlace &place, const QString &root)
 {
-    // A mapping would cost less, but whoever cuts the file short in its place would end the program with it.
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return {};
-    const auto bytes = std::make_shared<const QByteArray>(file.readAll());
-    return parsePackages(
-        bytes, Bytes(bytes->constData(), static_cast<std::size_t>(bytes->size())), place, root);
+    const auto file = std::make_shared<const FileBytes>(fileName);
+    return parsePackages(file, file->bytes(), place, root);
 }
