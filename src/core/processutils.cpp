@@ -11,6 +11,7 @@
 
 #include <pthread.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -36,9 +37,10 @@ void endWithParent()
 class ChildProcess : public QProcess
 {
 public:
-    ChildProcess(int mask, bool ownGroup, QObject *parent = nullptr)
+    ChildProcess(const ProcessCall &call, bool ownGroup, QObject *parent = nullptr)
         : QProcess(parent)
-        , m_mask(mask)
+        , m_mask(call.umask)
+        , m_fileLimit(call.fileLimit)
         , m_ownGroup(ownGroup)
     { }
     ~ChildProcess() override
@@ -74,15 +76,19 @@ protected:
             ::umask(static_cast<mode_t>(m_mask));
         if (m_ownGroup)
             ::setpgid(0, 0);
+        const rlimit limit{static_cast<rlim_t>(m_fileLimit), static_cast<rlim_t>(m_fileLimit)};
+        if (m_fileLimit > 0)
+            ::setrlimit(RLIMIT_FSIZE, &limit);
     }
 
 private:
     int m_mask;
+    qint64 m_fileLimit;
     bool m_ownGroup; ///< so that a shell can be killed together with its pipeline
     QString m_reason;
 };
 
-/** Returns the program's standard output. */
+/** Returns the program's standard output, and more than its limit when it was killed for that. */
 QByteArray waitForEnd(ChildProcess &process, const ProcessCall &call)
 {
     constexpr int Interval = 50; // milliseconds
@@ -93,10 +99,15 @@ QByteArray waitForEnd(ChildProcess &process, const ProcessCall &call)
         if (call.printed && !news.isEmpty())
             call.printed(news);
     };
-    while ((call.stopped || call.printed) && !process.waitForFinished(Interval)
-           && process.state() != QProcess::NotRunning) {
+    const bool isLimited = call.outputLimit > 0;
+    const auto isRunning = [&] {
+        // What is limited is looked at with every bit that comes, which may be a lot until the next interval.
+        isLimited ? process.waitForReadyRead(Interval) : process.waitForFinished(Interval);
+        return process.state() != QProcess::NotRunning;
+    };
+    while ((call.stopped || call.printed || isLimited) && isRunning()) {
         takeOutput();
-        if (call.stopped && call.stopped()) {
+        if ((isLimited && output.size() > call.outputLimit) || (call.stopped && call.stopped())) {
             process.killAll();
             break;
         }
@@ -155,12 +166,14 @@ ProcessResult resultOf(ChildProcess *process, const QByteArray &output)
 
 ProcessResult runProcess(const ProcessCall &call)
 {
-    ChildProcess process(call.umask, static_cast<bool>(call.stopped));
+    ChildProcess process(call, call.stopped || call.outputLimit > 0);
     start(&process, call);
     if (!process.waitForStarted(-1))
         return notStarted(process);
     const QByteArray output = waitForEnd(process, call);
-    return resultOf(&process, output);
+    ProcessResult result = resultOf(&process, output);
+    result.tooLarge = call.outputLimit > 0 && output.size() > call.outputLimit;
+    return result;
 }
 
 void followProcess(const ProcessCall &call,
@@ -169,7 +182,7 @@ void followProcess(const ProcessCall &call,
                    const std::function<void(const ProcessResult &result)> &answer)
 {
     constexpr bool OwnGroup = true;
-    auto *process = new ChildProcess(call.umask, OwnGroup, context);
+    auto *process = new ChildProcess(call, OwnGroup, context);
     const auto give = [process, answer](const ProcessResult &result) {
         process->disconnect();
         process->deleteLater();
@@ -196,6 +209,15 @@ void followProcess(const ProcessCall &call,
 bool ProcessUtils::run(const QString &program, const QStringList &arguments, const QString &workingDirectory)
 {
     m_result = {};
-    m_result = runProcess({program, arguments, workingDirectory, m_environment, -1, m_stopped});
-    return m_result.succeeded();
+    ProcessCall call{program, arguments, workingDirectory, m_environment, -1, m_stopped};
+    call.outputLimit = m_outputLimit;
+    call.fileLimit = m_fileLimit;
+    m_result = runProcess(call);
+    return m_result.succeeded() && !m_result.tooLarge;
+}
+
+void ProcessUtils::setLimits(qint64 output, qint64 file)
+{
+    m_outputLimit = output;
+    m_fileLimit = file;
 }

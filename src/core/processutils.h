@@ -16,6 +16,7 @@ struct ProcessResult
     QString errorOutput; ///< error output, or why the program could not be started or was not waited for
     int exitCode = 0;
     QProcess::ExitStatus exitStatus = QProcess::NormalExit;
+    bool tooLarge = false; ///< killed because it printed more than it may
     bool started = false; ///< false: there is no such program, or it may not be run
 
     bool crashed() const { return started && exitStatus == QProcess::CrashExit; }
@@ -34,6 +35,8 @@ struct ProcessCall
     std::function<bool()> stopped = {};
     /** Gets what the program has printed since the last call, while it runs; on the calling thread. */
     std::function<void(const QByteArray &output)> printed = {};
+    qint64 outputLimit = 0; ///< bytes of standard output; more kills the program; 0: no limit
+    qint64 fileLimit = 0; ///< bytes that each file that it writes may have; 0: no limit
 };
 
 /**
@@ -82,10 +85,14 @@ Q_SIGNALS:
     void error(const QString &text, const QString &detailedText = QString());
 
 protected:
+    /** For later runs, see ProcessCall::outputLimit and fileLimit. */
+    void setLimits(qint64 output, qint64 file);
     const ProcessResult &result() const { return m_result; }
 
 private:
     ProcessResult m_result;
     std::function<bool()> m_stopped;
     QStringList m_environment;
+    qint64 m_outputLimit = 0;
+    qint64 m_fileLimit = 0;
 };

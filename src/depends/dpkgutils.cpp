@@ -1,9 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dpkgutils.h"
 
+#include "core/scratchfolder.h"
+
 bool DpkgUtils::packageInformation(const QString &path)
 {
-    return ask({QStringLiteral("-I"), path});
+    // Control data of a few kilobytes can be made to fill memory and disk when they are unpacked.
+    constexpr qint64 OutputLimit = 4 << 20;
+    constexpr qint64 FileLimit = 256 << 20;
+    setLimits(OutputLimit, FileLimit);
+    // dpkg unpacks them into a folder, which it leaves behind when it is killed.
+    const ScratchFolder folder;
+    if (folder.isValid())
+        setEnvironment({QLatin1String("TMPDIR=") + folder.path()});
+    const bool succeeded = ask({QStringLiteral("-I"), path});
+    setEnvironment({});
+    if (result().tooLarge || errorOutput().contains(QLatin1String("File size limit exceeded")))
+        m_errorText = tr("The control data of the package are too large.");
+    return succeeded;
 }
 
 bool DpkgUtils::compareVersions(const QString &versionA, const QString &op, const QString &versionB)

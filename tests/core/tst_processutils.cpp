@@ -64,6 +64,17 @@ private Q_SLOTS:
         // The shell waits for the whole pipeline, and the pipe stays open as long as one part of it lives.
         QVERIFY(runProcess(call).crashed());
         QVERIFY2(clock.elapsed() < 30000, "the rest of the pipeline went on");
+        // So does too much output, and no file grows beyond its limit.
+        call = shell("yes & yes; touch late");
+        call.workingDirectory = folder.path();
+        call.outputLimit = 1 << 20;
+        const ProcessResult flood = runProcess(call);
+        QVERIFY(flood.tooLarge && !flood.succeeded() && flood.output.size() < 20 << 20);
+        call = shell("head -c 100000 /dev/zero >late");
+        call.workingDirectory = folder.path();
+        call.fileLimit = 4096;
+        QVERIFY(!runProcess(call).succeeded());
+        QCOMPARE(readFile(folder.filePath("late"_s)).size(), 4096);
         call.stopped = [] { return false; };
         call.arguments = QStringList{"-c"_s, "sleep 0.2; exit 5"_s};
         QCOMPARE(runProcess(call).exitCode, 5);
