@@ -3,6 +3,7 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 #include <cerrno>
 
@@ -13,8 +14,6 @@
 
 namespace
 {
-// Anybody can make folders below /tmp, so the one that is used has to be proved.
-constexpr const char *Parent = "/tmp/velt-admin-repo";
 constexpr const char *MountFolder = "importTempDir";
 constexpr mode_t OwnerOnly = 0700;
 
@@ -49,9 +48,20 @@ bool isMounted(const QString &folder)
     return false;
 }
 
-QString mountFolder()
+/** A place that no other user can have taken; empty when there is none. */
+QString privateParent()
 {
-    return QLatin1String(Parent) + QLatin1Char('/') + QLatin1String(MountFolder);
+    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    return runtime.isEmpty() ? QString() : runtime + QLatin1String("/velt-admin-repo");
+}
+
+/** Whether the open folder is still what lies at `path`. */
+bool isAt(int folder, const QString &path)
+{
+    struct stat open = {};
+    struct stat present = {};
+    return ::fstat(folder, &open) == 0 && ::lstat(QFile::encodeName(path).constData(), &present) == 0
+           && open.st_dev == present.st_dev && open.st_ino == present.st_ino;
 }
 } // namespace
 
@@ -60,21 +70,33 @@ ArchiveUtils::~ArchiveUtils()
     umount();
 }
 
-QString ArchiveUtils::mountPoint()
+QString ArchiveUtils::usualParent()
+{
+    return QStringLiteral("/tmp/velt-admin-repo");
+}
+
+QString ArchiveUtils::mountFolder() const
+{
+    return m_parent + QLatin1Char('/') + QLatin1String(MountFolder);
+}
+
+QString ArchiveUtils::mountPoint() const
 {
     return mountFolder() + QLatin1Char('/');
 }
 
 void ArchiveUtils::removeLeftover()
 {
-    if (!isMounted(mountFolder()))
-        return;
-    // What goes wrong here will go wrong for the next import too, which tells.
-    ArchiveUtils leftover;
-    leftover.m_lock = openOwnFolder(AT_FDCWD, Parent);
-    if (leftover.m_lock >= 0 && ::flock(leftover.m_lock, LOCK_EX | LOCK_NB) == 0 && isMounted(mountFolder()))
-        leftover.unmountNow();
-    leftover.releaseLock();
+    for (const QString &parent : {usualParent(), privateParent()}) {
+        // What goes wrong here will go wrong for the next import too, which tells.
+        ArchiveUtils leftover;
+        leftover.m_parent = parent;
+        if (!isMounted(leftover.mountFolder()))
+            continue;
+        if (leftover.lockParent() == 0 && isMounted(leftover.mountFolder()) && leftover.unmountNow())
+            leftover.removeMountPoint();
+        leftover.releaseLock();
+    }
 }
 
 bool ArchiveUtils::mount(const QString &archive)
@@ -90,6 +112,7 @@ bool ArchiveUtils::mount(const QString &archive)
         // A run that was ended from outside may have come as far as to mount.
         if (isMounted(mountFolder()))
             unmountNow();
+        removeMountPoint();
     }
     releaseLock();
     Q_EMIT error(tr("Can't open archive for import!"), trouble);
@@ -99,6 +122,8 @@ bool ArchiveUtils::mount(const QString &archive)
 bool ArchiveUtils::umount()
 {
     const bool done = !m_mounted || unmountNow();
+    if (m_mounted && done)
+        removeMountPoint();
     m_mounted = false;
     releaseLock();
     if (!done)
@@ -107,12 +132,42 @@ bool ArchiveUtils::umount()
     return done;
 }
 
+int ArchiveUtils::lockParent()
+{
+    // Whoever ends an import takes the folder away, so it may go between being opened and being locked.
+    constexpr int Attempts = 5;
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        m_lock = openOwnFolder(AT_FDCWD, QFile::encodeName(m_parent).constData());
+        if (m_lock < 0)
+            return errno;
+        if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0)
+            return EWOULDBLOCK;
+        if (isAt(m_lock, m_parent))
+            return 0;
+        releaseLock();
+    }
+    return ENOENT;
+}
+
+void ArchiveUtils::removeMountPoint()
+{
+    if (::unlinkat(m_lock, MountFolder, AT_REMOVEDIR) == 0)
+        ::rmdir(QFile::encodeName(m_parent).constData());
+}
+
 QString ArchiveUtils::prepareMountPoint()
 {
-    m_lock = openOwnFolder(AT_FDCWD, Parent);
-    if (m_lock < 0)
-        return tr("The folder %1 cannot be used: %2").arg(QLatin1String(Parent), qt_error_string(errno));
-    if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0)
+    int reason = 0;
+    // Anybody can make folders below /tmp, and what belongs to somebody else is of no use.
+    for (const QString &parent : {usualParent(), privateParent()}) {
+        m_parent = parent;
+        reason = lockParent();
+        if (reason == 0 || reason == EWOULDBLOCK || privateParent().isEmpty())
+            break;
+    }
+    if (reason != 0 && reason != EWOULDBLOCK)
+        return tr("The folder %1 cannot be used: %2").arg(m_parent, qt_error_string(reason));
+    if (reason == EWOULDBLOCK)
         return tr("Another import is reading an archive. Try again when it is done.");
     // A program that was killed leaves its mount behind.
     if (isMounted(mountFolder()) && !unmountNow())

@@ -68,7 +68,7 @@ bool ImportJob::unpackPackages(const QString &archive, QStringList *files)
     if (!mounted.mount(archive))
         return false;
     isMounting = false;
-    const QStringList listed = ArchiveContents::packagesBelow(ArchiveUtils::mountPoint(), QString(), stopped);
+    const QStringList listed = ArchiveContents::packagesBelow(mounted.mountPoint(), QString(), stopped);
     m_folder = std::make_unique<ScratchFolder>();
     if (!m_folder->isValid()) {
         m_context.critical(tr("Can't open archive for import!"),

@@ -7,6 +7,7 @@
 
 #include <QtTest>
 
+#include <cerrno>
 #include <optional>
 
 #include <sys/stat.h>
@@ -249,12 +250,11 @@ private Q_SLOTS:
         QCOMPARE(h.collisions, QVector<RepoEnums::ErrorCode>{RepoEnums::PACKAGE_EXISTS_OLD_VERSION});
         QVERIFY(h.settled() && h.listed().size() == 3);
         QVERIFY(!readFile("/proc/self/mountinfo"_s).contains("importTempDir"));
-        QCOMPARE(QFileInfo("/tmp/velt-admin-repo"_s).permissions() & QFile::Permissions(0x0077),
-                 QFile::Permissions());
+        QVERIFY2(!QFileInfo::exists(ArchiveUtils().mountPoint()), "nothing stays in another user's way");
         QCOMPARE(QDir(QDir::tempPath()).entryList({"velt-admin-repo-work-*"_s}), QStringList());
 
         // A damaged archive is found out before anything is added, and what a kill left mounted is no obstacle.
-        runShell("archivemount '%1' %2"_s.arg(archive, ArchiveUtils::mountPoint()));
+        runShell("mkdir -p %2; archivemount '%1' %2"_s.arg(archive, ArchiveUtils().mountPoint()));
         const QStringList before = h.listed();
         runShell("head -c -20 '%1' >'%1.cut'"_s.arg(archive));
         QCOMPARE(importFrom(&h, archive + ".cut"_s), RepoEnums::ERROR);
@@ -270,7 +270,7 @@ private Q_SLOTS:
         const QString archive = h.folder.filePath("x.tgz"_s);
         runShell("tar czf '%1' -C '%2' ."_s.arg(archive, QFileInfo(h.debs("a").first()).path()));
         const QString bin = h.folder.filePath("bin"_s);
-        runShell("mkdir '%1'; for tool in reprepro dpkg dpkg-deb tar rm gzip sh gpg gpgconf; do "
+        runShell("mkdir '%1'; for tool in reprepro dpkg dpkg-deb tar rm gzip sh gpg gpgconf stat; do "
                  "ln -s $(type -p $tool) '%1'; done"_s.arg(bin));
         const ScopedVariable path("PATH", bin);
         const auto import = [&](const char *unmount) -> QString {
@@ -284,6 +284,26 @@ private Q_SLOTS:
         QCOMPARE(import(""), "Can't open archive for import!|no fuse\n|Import error!"_s);
         writeScript(bin + "/archivemount"_s, "#!/bin/sh\ntar xf \"$1\" -C \"$2\"\n");
         QCOMPARE(import("echo busy >&2; exit 1\n"), "Can't umount archive!|busy\n|1 package(s) imported"_s);
+
+        // The place can be another user's.
+        if (::geteuid() != 0)
+            QSKIP("only root can give a folder to somebody else");
+        constexpr const char *Usual = "/tmp/velt-admin-repo";
+        constexpr uid_t Nobody = 65534;
+        for (const uid_t owner : {::geteuid(), Nobody}) {
+            QVERIFY(::mkdir(Usual, 0755) == 0 || errno == EEXIST);
+            QCOMPARE(::chown(Usual, owner, owner), 0);
+            writeScript(
+                bin + "/archivemount"_s,
+                "#!/bin/sh\nstat -c '%a %n' \"$2\" \"$2/..\" >\"$1.place\"\ntar xf \"$1\" -C \"$2\"\n");
+            QCOMPARE(import(""), "|0 package(s) imported"_s);
+            const QStringList place
+                = QString::fromLocal8Bit(readFile(archive + ".place"_s)).split(QLatin1Char('\n'));
+            QVERIFY(place.at(0).startsWith("700 "_s) && place.at(1).startsWith("700 "_s));
+            QCOMPARE(place.at(0).mid(4) == QLatin1String(Usual) + "/importTempDir/"_s, owner == ::geteuid());
+            QVERIFY(!QFileInfo::exists(place.at(0).mid(4)));
+        }
+        ::rmdir(Usual);
     }
 
     void fromFolder()
