@@ -181,8 +181,8 @@ void ArchiveCommands::importRepo()
 
 void ArchiveCommands::importIntoNew(const QString &source, const QString &folder)
 {
-    if (const RepoWidget *widget = m_repositories.createForImport(source, folder))
-        m_waiting.insert(widget, source);
+    m_repositories.createForImport(
+        source, folder, [this, source](const RepoWidget *widget) { m_waiting.insert(widget, source); });
 }
 
 void ArchiveCommands::importWaiting(RepoWidget *widget)

@@ -305,7 +305,7 @@ QString JobFeedback::shortlyAbout(const RepoWidget *widget) const
 
 void JobFeedback::askUser(const QPointer<RepoWidget> &widget, const QString &title, const QString &text)
 {
-    const Prompts::Answer answer = m_prompts.ask(title, text, about(widget));
+    const Prompts::Answer answer = m_prompts.askCarefully(title, text, about(widget));
     // Without an answer the engine keeps the safe one that it has set itself.
     RepoWidget *asking = widget.data();
     if (asking != nullptr && answer != Prompts::Answer::Dismissed)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/newrepodialog.h"
 
+#include "core/aside.h"
+#include "engine/pathguard.h"
 #include "signing/keymanager.h"
 #include "ui/missingpackage.h"
 #include "ui/mnemonics.h"
@@ -19,6 +21,9 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QToolTip>
+
+#include <initializer_list>
+#include <utility>
 
 namespace
 {
@@ -110,6 +115,12 @@ void NewRepoDialog::setRepository(const QString &path, const RepoInfo &info)
 {
     m_path = path;
     m_info = info;
+    setEntries(path, info);
+    showPublished(isPublished(path));
+}
+
+void NewRepoDialog::setEntries(const QString &path, const RepoInfo &info)
+{
     m_ui->m_pathLineEdit->setText(QFileInfo(path).absolutePath());
     m_ui->m_nameLineEdit->setText(info.name);
     m_ui->m_codeNameComboBox->setEditText(info.codename);
@@ -119,7 +130,6 @@ void NewRepoDialog::setRepository(const QString &path, const RepoInfo &info)
     m_ui->m_componentsComboBox->setEditText(info.components);
     m_ui->m_signWithCheckBox->setChecked(info.signWith);
     m_ui->m_createContentsFileCheckBox->setChecked(info.contents);
-    showPublished(isPublished(path));
 }
 
 void NewRepoDialog::propose(const QString &folder, const QString &name)
@@ -195,8 +205,58 @@ RepoInfo NewRepoDialog::repoInfo() const
 
 void NewRepoDialog::accept()
 {
-    if (fieldsAreValid() && userAgreesToLosses())
-        QDialog::accept();
+    if (m_isLooking || !fieldsAreValid())
+        return;
+    const QString path = repositoryPath();
+    const RepoInfo info = repoInfo();
+    m_isLooking = true;
+    setCursor(Qt::BusyCursor);
+    aside(
+        this,
+        [path, remembered = m_remembered] { return lookAt(path, remembered); },
+        [this, path, info](const Place &place) {
+            m_isLooking = false;
+            unsetCursor();
+            // The fields stay open to changes meanwhile, and so does the dialog to being closed.
+            if (!isVisible() || !m_ui->buttonBox->button(QDialogButtonBox::Ok)->isEnabled())
+                return;
+            if (path != repositoryPath() || info != repoInfo())
+                accept();
+            else if (userAgreesToLosses(place))
+                QDialog::accept();
+        });
+}
+
+NewRepoDialog::Place NewRepoDialog::lookAt(const QString &path, const QStringList &remembered)
+{
+    Place place;
+    place.exists = QFileInfo::exists(path);
+    if (place.exists) {
+        place.isRepository = PathGuard::isRepository(path);
+        place.repositories = PathGuard::repositoriesBelow(path, remembered);
+    }
+    return place;
+}
+
+bool NewRepoDialog::stays() const
+{
+    return m_mode == Mode::Change && repositoryPath() == NewRepoRules::fullPath(m_path, QString());
+}
+
+void NewRepoDialog::focusMissingField()
+{
+    const std::initializer_list<std::pair<QWidget *, QString>> fields{
+        {m_ui->m_pathLineEdit, m_ui->m_pathLineEdit->text()},
+        {m_ui->m_nameLineEdit, m_ui->m_nameLineEdit->text()},
+        {m_ui->m_codeNameComboBox, m_ui->m_codeNameComboBox->currentText()},
+        {m_ui->m_archComboBox, m_ui->m_archComboBox->currentText()},
+        {m_ui->m_componentsComboBox, m_ui->m_componentsComboBox->currentText()}};
+    for (const auto &[field, text] : fields) {
+        if (text.trimmed().isEmpty()) {
+            field->setFocus();
+            return;
+        }
+    }
 }
 
 bool NewRepoDialog::fieldsAreValid()
@@ -206,6 +266,7 @@ bool NewRepoDialog::fieldsAreValid()
         return placeIsFree();
     case NewRepoRules::Refusal::MissingField:
         m_prompts.warn(windowTitle(), tr("Please fill all required fields!"), this);
+        focusMissingField();
         break;
     case NewRepoRules::Refusal::ArchitectureAll:
         m_prompts.warn(windowTitle(), tr("Architecture \"all\" is unallowable!"), this);
@@ -235,23 +296,36 @@ bool NewRepoDialog::placeIsFree()
     return false;
 }
 
-bool NewRepoDialog::userAgreesToLosses()
+bool NewRepoDialog::userAgreesToLosses(const Place &place)
 {
-    if (m_mode == Mode::Change && NewRepoRules::endangersPackages(m_info, repoInfo())) {
-        if (m_prompts.askCarefully(
-                windowTitle(),
-                tr("Changing fields Codename, Architectures, Components may result in packages deletion. "
-                   "Want to continue?"),
-                {},
-                this)
-            != Prompts::Answer::Yes)
-            return false;
-    }
-    const QString path = repositoryPath();
-    const bool stays = m_mode == Mode::Change && path == NewRepoRules::fullPath(m_path, QString());
-    if (stays || !QFileInfo::exists(path))
+    const auto agrees = [this](const QString &title, const QString &question, const QString &about = {}) {
+        return m_prompts.askCarefully(title, question, about, this) == Prompts::Answer::Yes;
+    };
+    if (m_mode == Mode::Change && NewRepoRules::endangersPackages(m_info, repoInfo())
+        && !agrees(windowTitle(),
+                   tr("Changing fields Codename, Architectures, Components may result in packages deletion. "
+                      "Want to continue?")))
+        return false;
+    if (stays())
         return true;
-    const QString about = QFileInfo(path + QLatin1String("/conf/distributions")).isFile()
+    const QString path = repositoryPath();
+    if (m_mode == Mode::Change
+        && !agrees(windowTitle(), tr("Do you want to move the repository from %1 to %2?").arg(m_path, path)))
+        return false;
+    return !place.exists || mayBeReplaced(path, place);
+}
+
+bool NewRepoDialog::mayBeReplaced(const QString &path, const Place &place)
+{
+    if (!place.repositories.isEmpty()) {
+        m_prompts.warn(windowTitle(),
+                       tr("The directory %1 cannot be replaced, because it holds these repositories:\n%2")
+                           .arg(path, place.repositories.join(QLatin1Char('\n'))),
+                       this);
+        m_ui->m_nameLineEdit->setFocus();
+        return false;
+    }
+    const QString about = place.isRepository
                               ? tr("It holds a repository. Everything in it will be deleted.")
                               : tr("It holds no repository. Everything in it will be deleted.");
     if (m_prompts.askCarefully(

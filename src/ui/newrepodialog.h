@@ -4,6 +4,7 @@
 #include "core/repoinfo.h"
 
 #include <QDialog>
+#include <QStringList>
 
 #include <functional>
 #include <memory>
@@ -33,6 +34,10 @@ public:
     void setRepository(const QString &path, const RepoInfo &info);
     void setPublishedCheck(PublishedCheck check);
     void setPlaceCheck(PlaceCheck check) { m_placeRefusal = std::move(check); }
+    /** Repositories that are known to the program: a directory that holds one is not replaced. */
+    void setRemembered(const QStringList &paths) { m_remembered = paths; }
+    /** Fills all fields, with what was typed before. */
+    void setEntries(const QString &path, const RepoInfo &info);
     /** Proposes where a new repository shall lie. */
     void propose(const QString &folder, const QString &name);
     /** Fills the fields that the user has not touched, for a new repository; may come while the dialog is open. */
@@ -42,6 +47,7 @@ public:
     QString repositoryPath() const;
     RepoInfo repoInfo() const;
 
+    /** Looks at the repository's directory aside, asks what there is to ask, and closes the dialog after that. */
     void accept() override;
 
 private:
@@ -51,13 +57,26 @@ private:
     void showPublished(bool published);
     bool fieldsAreValid();
     bool placeIsFree();
-    bool userAgreesToLosses();
+    void focusMissingField();
+    bool stays() const;
+    /** What lies in the place of the repository. */
+    struct Place
+    {
+        bool exists = false;
+        bool isRepository = false;
+        QStringList repositories; ///< below it
+    };
+    static Place lookAt(const QString &path, const QStringList &remembered);
+    bool userAgreesToLosses(const Place &place);
+    bool mayBeReplaced(const QString &path, const Place &place);
 
     std::unique_ptr<Ui::NewRepoDialog> m_ui;
     Prompts &m_prompts;
     Mode m_mode;
     PublishedCheck m_isPublished;
     PlaceCheck m_placeRefusal;
+    QStringList m_remembered;
+    bool m_isLooking = false; ///< at the directory, before the dialog is accepted
     QString m_path; ///< of the repository that is being changed
     RepoInfo m_info; ///< of the repository that is being changed
 };

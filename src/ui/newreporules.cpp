@@ -32,8 +32,8 @@ NewRepoRules::Refusal NewRepoRules::check(const QString &parent, const RepoInfo 
     if (info.name == QLatin1String(".") || info.name == QLatin1String("..")
         || info.name.contains(QLatin1Char('/')))
         return Refusal::BadName;
-    // The code name becomes a folder and an argument of every command.
-    static const QRegularExpression codename(QStringLiteral("\\A[A-Za-z0-9_][A-Za-z0-9_.+~-]*\\z"));
+    // The code name becomes a folder, an argument of every command, and a word of source lines (see RequestRules).
+    static const QRegularExpression codename(QStringLiteral("\\A[A-Za-z0-9][A-Za-z0-9_.+~-]*\\z"));
     return codename.match(info.codename).hasMatch() ? Refusal::None : Refusal::BadName;
 }
 

@@ -16,6 +16,7 @@ public:
     /** Puts `path` at the head of the list. */
     void add(const QString &path);
     void remove(const QString &path);
+    QStringList paths() const { return load(); }
 
 Q_SIGNALS:
     /** The user has chosen an entry. */

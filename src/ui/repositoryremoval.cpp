@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/repositoryremoval.h"
 
+#include "core/removetree.h"
 #include "engine/pathguard.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 
 namespace
@@ -13,27 +15,57 @@ class Reason
 {
     Q_DECLARE_TR_FUNCTIONS(RepositoryRemoval)
 };
+
+bool removeContents(const QString &directory, const QString &except)
+{
+    bool isDone = true;
+    const QFileInfoList entries = QDir(directory).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System
+                                                                | QDir::NoDotAndDotDot);
+    for (const QFileInfo &entry : entries) {
+        if (entry.fileName() != except)
+            isDone = removeTree(entry.filePath()) && isDone;
+    }
+    return isDone;
+}
+
+/** As long as anything else is left, the directory stays what can be opened and deleted: a repository. */
+bool removeDescriptionLast(const QString &directory)
+{
+    const QString conf = directory + QLatin1String("/conf");
+    return removeContents(directory, QStringLiteral("conf"))
+           && (QFileInfo(conf).isSymLink() || removeContents(conf, QStringLiteral("distributions")))
+           && removeTree(conf) && removeTree(directory);
+}
 } // namespace
 
-RepositoryRemoval::Outcome
-RepositoryRemoval::remove(const QString &path, const QStringList &openRepositories, QString *reason)
+RepositoryRemoval::Outcome RepositoryRemoval::remove(const QString &path, const Known &known, QString *reason)
 {
     // The directory itself, not a link to it: behind a link everything would go but the directory.
     const QString directory = PathGuard::resolved(path);
     if (!QFileInfo::exists(directory))
         return Outcome::Absent;
-    if (!QFileInfo(directory + QLatin1String("/conf/distributions")).isFile()) {
+    if (!PathGuard::isRepository(directory)) {
         *reason = Reason::tr("The directory %1 holds no repository.").arg(path);
         return Outcome::Refused;
     }
-    if (!PathGuard::mayBeWiped(directory, openRepositories)) {
+    const QStringList held = PathGuard::repositoriesBelow(directory, known.remembered);
+    if (!held.isEmpty()) {
+        *reason = Reason::tr("It holds these repositories: %1").arg(held.join(QLatin1String(", ")));
+        return Outcome::Refused;
+    }
+    if (!PathGuard::mayBeWiped(directory, known.open)) {
         *reason
             = Reason::tr(
                   "The directory %1 belongs to the system, or holds a home directory or an open repository.")
                   .arg(path);
         return Outcome::Refused;
     }
-    if (!QDir(directory).removeRecursively()) {
+    const QString parent = QFileInfo(directory).path();
+    if (!QFileInfo(parent).isWritable()) {
+        *reason = Reason::tr("Nothing was deleted, because the directory %1 cannot be written.").arg(parent);
+        return Outcome::Refused;
+    }
+    if (!removeDescriptionLast(directory)) {
         *reason = Reason::tr("Not everything in %1 could be deleted.").arg(path);
         return Outcome::Refused;
     }

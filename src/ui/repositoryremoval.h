@@ -13,10 +13,17 @@ enum class Outcome {
     Refused ///< nothing or not everything was deleted
 };
 
+/** Directories of other repositories. */
+struct Known
+{
+    QStringList open; ///< or being made
+    QStringList remembered; ///< may be gone
+};
+
 /**
- * Deletes the directory `path` with everything in it. Only a directory that is a repository, and holds none of
- * `openRepositories`, is deleted. `reason` tells why one is refused. May take long: not for the interface
- * thread.
+ * Deletes the directory `path` with everything in it. Only a directory that is a repository, and holds no other one, is
+ * deleted. `reason` tells why one is refused. What is left after a failure is still a repository, so that it can be
+ * deleted again. May take long: not for the interface thread.
  */
-Outcome remove(const QString &path, const QStringList &openRepositories, QString *reason);
+Outcome remove(const QString &path, const Known &known, QString *reason);
 } // namespace RepositoryRemoval

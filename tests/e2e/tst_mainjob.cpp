@@ -50,6 +50,27 @@ private Q_SLOTS:
         const QString parent = path("with blank & Ümlaut"_s);
         QDir().mkpath(parent);
         const QString repo = parent + "/my-repo"_s;
+        // When it fails, the reason is told, and what was typed in comes back.
+        writeFile(parent + "/file"_s, "x");
+        const QString impossible = parent + "/file/new"_s;
+        const Script failing{inDialog<NewRepoDialog>(
+                                 {},
+                                 [&](NewRepoDialog &dialog) {
+                                     child<QLineEdit>(dialog, "m_pathLineEdit")->setText(parent + "/file"_s);
+                                     child<QLineEdit>(dialog, "m_nameLineEdit")->setText("new"_s);
+                                     return !dialog.repoInfo().codename.isEmpty() && press(dialog, "OK"_s);
+                                 }),
+                             inDialog<QMessageBox>("Error"_s,
+                                                   [](const QMessageBox &box) {
+                                                       return box.detailedText().contains("Not a directory"_s)
+                                                              && press(box, "OK"_s);
+                                                   }),
+                             inDialog<NewRepoDialog>({}, [&](const NewRepoDialog &dialog) {
+                                 return dialog.repositoryPath() == impossible
+                                        && !dialog.repoInfo().codename.isEmpty() && press(dialog, "Cancel"_s);
+                             })};
+        action("m_newRepoAction")->trigger();
+        WAIT_FOR(failing.isDone());
         // Created by keyboard alone: the path has the focus, the rest comes by Tab.
         const Script create{inDialog<NewRepoDialog>("Repository creation"_s, [&](NewRepoDialog &dialog) {
             const QWidget *focus = dialog.focusWidget();
@@ -127,6 +148,16 @@ private Q_SLOTS:
         QVERIFY(restart({}));
         const QList<QAction *> recent = recentRepositories();
         QVERIFY(recent.at(0)->isVisible() && !recent.at(1)->isVisible());
+        // What is no package, or is not there, is refused before anything is asked about it.
+        writeFile(path("notes.txt"_s), "no package");
+        const Script refused({inDialog<QMessageBox>("Warning"_s,
+                                                    [](const QMessageBox &box) {
+                                                        return box.text().contains("do not exist"_s)
+                                                               && press(box, "OK"_s);
+                                                    }),
+                              answer("Warning"_s, "OK"_s)});
+        m_driver->window().onMessageReceived(path("notes.txt"_s) + "&"_s + path("missing.deb"_s));
+        WAIT_FOR(refused.isDone());
         QCOMPARE(recent.first()->text(), repo);
         recent.first()->trigger();
         WAIT_FOR(m_driver->isIdle());
@@ -139,8 +170,10 @@ private Q_SLOTS:
         // One box for all that failed in the job.
         const auto boxes = openDialogs<QMessageBox>("Error"_s);
         QCOMPARE(boxes.size(), 1);
-        for (const char *name : {"bad 1.deb", "bad 2.deb"})
+        for (const char *name : {"bad 1.deb", "bad 2.deb"}) {
             QVERIFY(boxes.first()->detailedText().contains(QLatin1String(name)));
+            QVERIFY(boxes.first()->text().contains(QLatin1String(name)));
+        }
         // Handed over by a second start: what is no package is refused with a word.
         const Script answers({answer("Error"_s, "OK"_s), answer("Warning"_s, "OK"_s)});
         const QString more
@@ -372,16 +405,26 @@ private Q_SLOTS:
         const QString repo = makeRepository("r"_s, {package("a"_s)});
         QVERIFY(restart({repo}));
         const QString moved = path("moved"_s);
-        const Script change{inDialog<NewRepoDialog>("Repository change"_s, [](NewRepoDialog &dialog) {
-            child<QLineEdit>(dialog, "m_nameLineEdit")->setText("moved"_s);
-            child<QLineEdit>(dialog, "m_versionLineEdit")->setText("7"_s);
-            QTest::keyClick(child<QLineEdit>(dialog, "m_versionLineEdit"), Qt::Key_Return);
-            return true;
-        })};
+        const Script change{
+            inDialog<NewRepoDialog>("Repository change"_s,
+                                    [](NewRepoDialog &dialog) {
+                                        child<QLineEdit>(dialog, "m_nameLineEdit")->setText("moved"_s);
+                                        child<QLineEdit>(dialog, "m_versionLineEdit")->setText("7"_s);
+                                        QTest::keyClick(child<QLineEdit>(dialog, "m_versionLineEdit"),
+                                                        Qt::Key_Return);
+                                        return true;
+                                    }),
+            inDialog<QMessageBox>("Repository change"_s, [&](const QMessageBox &box) {
+                return box.text().contains("from %1 to %2"_s.arg(repo, moved)) && press(box, "Yes"_s);
+            })};
+        // What was written into the description meanwhile counts.
+        const QByteArray distributions = readFile(repo + "/conf/distributions"_s);
+        writeFile(repo + "/conf/distributions"_s,
+                  QByteArray(distributions).replace("Suite: stable", "Suite: edited"));
         action("m_changeRepoAction")->trigger();
         WAIT_FOR(has("Repository is changed."_s));
         QVERIFY(!QFile::exists(repo));
-        QVERIFY(readFile(moved + "/conf/distributions"_s).contains("Version: 7\n"));
+        QVERIFY(readFile(moved + "/conf/distributions"_s).contains("Suite: edited\nVersion: 7\n"));
         QCOMPARE(m_driver->tabs()->tabText(0), "moved"_s);
         QCOMPARE(m_driver->tabs()->tabToolTip(0), moved);
         QCOMPARE(QSettings().value(SettingsKey::RecentOpennedRepos).toStringList(), QStringList{moved});
@@ -389,10 +432,22 @@ private Q_SLOTS:
         QCOMPARE(m_driver->packageCount(), 1);
         QCOMPARE(QSettings().value(SettingsKey::RecentRepoList).toStringList(), QStringList{moved});
 
-        const Script confirm(
-            {answer("Remove confirmation"_s, "No"_s), answer("Remove confirmation"_s, "Yes"_s)});
+        // Not with a repository in it, nor without a question that names the directory.
+        writeFile(moved + "/inner/conf/distributions"_s, "Codename: birch\n");
+        const Script refuses{inDialog<QMessageBox>("Error"_s, [&](const QMessageBox &box) {
+            return box.detailedText().contains(moved + "/inner"_s) && press(box, "OK"_s);
+        })};
         action("m_removeRepoAction")->trigger();
+        WAIT_FOR(refuses.isDone());
+        QVERIFY(QDir(moved + "/inner"_s).removeRecursively());
+        const Script confirm{inDialog<QMessageBox>("Remove confirmation"_s, [&](const QMessageBox &box) {
+            return box.informativeText().contains("The directory %1 is deleted"_s.arg(moved))
+                   && press(box, "No"_s);
+        })};
+        action("m_removeRepoAction")->trigger();
+        WAIT_FOR(confirm.isDone());
         QVERIFY(QFile::exists(moved + "/conf/distributions"_s));
+        const Script agree{answer("Remove confirmation"_s, "Yes"_s)};
         action("m_removeRepoAction")->trigger();
         WAIT_FOR(m_driver->message() == "Repository is deleted."_s);
         QVERIFY(!QFile::exists(moved));

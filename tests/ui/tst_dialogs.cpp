@@ -93,7 +93,8 @@ struct RepoDialog
     bool accept()
     {
         button(dialog, QDialogButtonBox::Ok)->click();
-        return !dialog.isVisible();
+        return QTest::qWaitFor([this] { return dialog.cursor().shape() != Qt::BusyCursor; })
+               && !dialog.isVisible();
     }
 };
 } // namespace
@@ -126,7 +127,10 @@ private Q_SLOTS:
         RepoDialog f(NewRepoDialog::Mode::Create);
         BoxAnswers answers({QMessageBox::Ok, QMessageBox::Ok, QMessageBox::No, QMessageBox::Yes});
         QDir(f.folder.path()).mkdir("taken"_s);
+        type(f.dialog, "m_pathLineEdit", "/srv"_s);
+        type(f.dialog, "m_nameLineEdit", "r"_s);
         QVERIFY(!f.accept());
+        QCOMPARE(f.dialog.focusWidget(), child<QComboBox>(f.dialog, "m_codeNameComboBox")); // what is missing
         f.dialog.setDefaults(birch());
         type(f.dialog, "m_pathLineEdit", f.folder.path());
         type(f.dialog, "m_nameLineEdit", "taken"_s);
@@ -142,6 +146,18 @@ private Q_SLOTS:
                  "Repository creation: Please fill all required fields!|"
                  "Repository creation: Architecture \"all\" is unallowable!"_s);
         QCOMPARE(answers.texts.mid(2), QStringList({replace, replace}));
+
+        // What holds repositories is not overwritten at all.
+        writeFile(f.folder.filePath("taken/one/conf/distributions"_s), "x");
+        writeFile(f.folder.filePath("taken/1/2/3/4/two/conf/distributions"_s), "x");
+        f.dialog.setRemembered({f.folder.filePath("taken/1/2/3/4/two"_s)});
+        f.dialog.show();
+        const BoxAnswers refused({QMessageBox::Ok});
+        QVERIFY(!f.accept());
+        QVERIFY(refused.texts.value(0).endsWith(
+            "repositories:\n%1/taken/1/2/3/4/two\n%1/taken/one"_s.arg(f.folder.path())));
+        QVERIFY(QDir(f.folder.filePath("taken"_s)).removeRecursively()
+                && QDir(f.folder.path()).mkdir("taken"_s));
 
         // What is published is overwritten only after a second question.
         f.dialog.setPublishedCheck([](const QString &) { return true; });
@@ -169,6 +185,14 @@ private Q_SLOTS:
         QVERIFY(!f.accept());
         QVERIFY(f.accept());
         QVERIFY(answers.texts.at(1).contains("may result in packages deletion"_s));
+
+        f.dialog.setRepository(path, birch());
+        f.dialog.show();
+        const BoxAnswers moves({QMessageBox::No, QMessageBox::Yes});
+        type(f.dialog, "m_nameLineEdit", "moved"_s);
+        QVERIFY(!f.accept());
+        QVERIFY(f.accept());
+        QVERIFY(moves.texts.at(1).endsWith("from %1 to %2?"_s.arg(path, f.dialog.repositoryPath())));
 
         f.dialog.setPublishedCheck([](const QString &published) { return published == "/srv/r"_s; });
         for (const char *changed : {"/srv/r", "/srv/other"}) {

@@ -11,6 +11,8 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include <unistd.h>
+
 using NewRepoRules::Refusal;
 using RepositoryRemoval::Outcome;
 
@@ -87,6 +89,7 @@ private Q_SLOTS:
             {"/srv|..|birch|amd64|main", Refusal::BadName},
             {"/srv|../etc|birch|amd64|main", Refusal::BadName},
             {"/srv|repo|-b|amd64|main", Refusal::BadName},
+            {"/srv|repo|_b|amd64|main", Refusal::BadName},
             {"/srv|repo|../../x|amd64|main", Refusal::BadName},
             {"/srv|repo|a\nSignWith: yes|amd64|main", Refusal::BadName}};
         for (const auto &[row, refusal] : rows) {
@@ -125,7 +128,7 @@ private Q_SLOTS:
 
     void onlyRepositoriesAreDeleted()
     {
-        const QTemporaryDir folder;
+        const QTemporaryDir folder("/tmp/viXXXXXX"_s);
         const QString outside = folder.filePath("outside"_s);
         const QString repo = folder.filePath("repo"_s);
         // A home directory stays, even when somebody keeps a conf/distributions in it.
@@ -142,12 +145,39 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(QDir::homePath() + "/conf/distributions"_s));
         // One that holds an open repository stays, whatever the spelling.
         QString reason;
-        QCOMPARE(RepositoryRemoval::remove(repo, {repo + "/../repo/inner/"_s}, &reason), Outcome::Refused);
+        QCOMPARE(RepositoryRemoval::remove(repo, {{repo + "/../repo/inner/"_s}, {}}, &reason),
+                 Outcome::Refused);
+        QCOMPARE(RepositoryRemoval::remove(repo, {}, &reason), Outcome::Refused);
+        QVERIFY2(reason.endsWith("repositories: "_s + repo + "/inner"_s), qPrintable(reason));
+        const QString inner = repo + "/inner"_s;
+        const QString deep = repo + "/a/b/c/d/deep"_s;
+        QVERIFY(QDir().mkpath(QFileInfo(deep).path()) && QFile::rename(inner, deep));
+        QCOMPARE(RepositoryRemoval::remove(repo, {{}, {deep, repo}}, &reason), Outcome::Refused);
         QVERIFY(QFile::exists(repo + "/conf/distributions"_s));
+        QVERIFY(QDir(repo + "/a"_s).removeRecursively());
+
+        // What cannot be deleted whole can be deleted again. Root may delete everything, so somebody else tries.
+        const QString stubborn = repo + "/pool/main"_s;
+        writeFile(stubborn + "/file"_s, "x");
+        const auto give = [](const QString &path, uid_t owner) {
+            return ::chown(QFile::encodeName(path).constData(), owner, gid_t(-1)) == 0;
+        };
+        const bool isRoot = ::geteuid() == 0;
+        constexpr uid_t Nobody = 65534;
+        for (const QString &path : QStringList{folder.path(), repo, repo + "/pool"_s, repo + "/conf"_s})
+            QVERIFY(!isRoot || give(path, Nobody));
+        QVERIFY(QFile::setPermissions(stubborn, QFile::ReadOwner | QFile::ExeOwner));
+        QVERIFY(!isRoot || ::seteuid(Nobody) == 0);
+        const Outcome outcome = RepositoryRemoval::remove(repo, {}, &reason);
+        QVERIFY(!isRoot || ::seteuid(0) == 0);
+        QCOMPARE(outcome, Outcome::Refused);
+        QVERIFY2(QFile::exists(repo + "/conf/distributions"_s) && !QFileInfo(repo + "/link"_s).isSymLink(),
+                 qPrintable(reason));
+        QVERIFY(QFile::setPermissions(stubborn, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
 
         const QString link = folder.filePath("other-name"_s);
         QVERIFY(QFile::link(repo, link));
-        QCOMPARE(RepositoryRemoval::remove(link, {outside}, &reason), Outcome::Deleted);
+        QCOMPARE(RepositoryRemoval::remove(link, {{outside}, {}}, &reason), Outcome::Deleted);
         QVERIFY(!QFile::exists(repo) && !QFileInfo(link).isSymLink());
         QVERIFY(QFile::exists(outside + "/precious"_s));
     }
