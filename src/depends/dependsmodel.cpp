@@ -201,6 +201,9 @@ QVariant DependsModel::data(const QModelIndex &index, int role) const
     if (index.column() > 0)
         return sourceData(item, m_sources.at(index.column() - 1), role);
     switch (role) {
+    case Qt::DecorationRole:
+        // Where no source offers anything there is no column that would show what is missing.
+        return m_sources.isEmpty() ? QVariant(statusIcon(item.status())) : QVariant();
     case Qt::DisplayRole:
         return item.text();
     case Qt::ToolTipRole:

@@ -123,6 +123,24 @@ void Prompts::showErrors(const QList<Error> &errors)
     showNextError();
 }
 
+QString Prompts::named(const QList<Error> &errors)
+{
+    constexpr int MostNamed = 4;
+    constexpr int MostCharacters = 160;
+    QStringList lines;
+    for (const Error &error : errors.mid(0, MostNamed)) {
+        // Where the text does not say which file it was, the details begin with that.
+        QString about = error.details.trimmed().section(QLatin1Char('\n'), 0, 0).trimmed();
+        if (about.endsWith(QLatin1Char(':')))
+            about.chop(1);
+        const QString line = about.isEmpty() ? error.text : error.text + QLatin1Char(' ') + about;
+        lines << (line.size() > MostCharacters ? line.left(MostCharacters) + QStringLiteral("...") : line);
+    }
+    if (errors.size() > MostNamed)
+        lines << QString() << tr("%n further message(s) below.", nullptr, errors.size() - MostNamed);
+    return lines.join(QLatin1Char('\n'));
+}
+
 void Prompts::showNextError()
 {
     // A box that a modal dialog covers gets no keys, and on some desktops never again.
@@ -140,9 +158,7 @@ void Prompts::showNextError()
         if (errors.size() > 1)
             details += error.text + QLatin1Char('\n') + error.details.trimmed() + QLatin1String("\n\n");
     }
-    QString text = errors.first().text;
-    if (errors.size() > 1)
-        text += QLatin1String("\n\n") + tr("%n further message(s) below.", nullptr, errors.size() - 1);
+    const QString text = errors.size() == 1 ? errors.first().text : named(errors);
 
     QString title = errors.size() == 1 ? errors.first().title : QString();
     if (title.isEmpty())
@@ -152,7 +168,15 @@ void Prompts::showNextError()
     box->setTextFormat(Qt::PlainText);
     if (!details.trimmed().isEmpty()) {
         box->setDetailedText(details.trimmed());
+        // Some desktops would take the button that folds the details for the default one.
+        box->setDefaultButton(QMessageBox::Ok);
+        box->setEscapeButton(QMessageBox::Ok);
         if (auto *view = box->findChild<QTextEdit *>()) {
+            // The toolkit gives five lines, and the box cannot be made larger.
+            constexpr int MostLines = 20;
+            const int lines = qMin<int>(details.trimmed().count(QLatin1Char('\n')) + 3, MostLines);
+            view->setFixedHeight(qMin(qMax(view->minimumHeight(), lines * view->fontMetrics().lineSpacing()),
+                                      m_window->screen()->availableSize().height() / 3));
             // Its own width breaks every path in two.
             view->setMinimumWidth(qMin(box->fontMetrics().averageCharWidth() * 80,
                                        m_window->screen()->availableSize().width() / 2));

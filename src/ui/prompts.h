@@ -105,6 +105,7 @@ private:
     Answer askIn(QMessageBox &box, const QString &about);
     bool mayReplace(const QString &path);
     void tell(int icon, const QString &title, const QString &text, QWidget *parent);
+    static QString named(const QList<Error> &errors);
     void showNextError();
     void announceFreed();
     void offerHelp(QDialog &dialog, QShortcut &key);

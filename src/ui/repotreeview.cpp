@@ -322,3 +322,29 @@ void RepoTreeView::expandMatches(const QModelIndex &parent)
         expandMatches(child);
     }
 }
+
+QModelIndex RepoTreeView::firstMatch(const QModelIndex &parent) const
+{
+    for (int row = 0; row < m_proxy->rowCount(parent); ++row) {
+        const QModelIndex child = m_proxy->index(row, 0, parent);
+        if (isPackage(child))
+            return child;
+        if (m_proxy->shownPackages(child) > 0)
+            return firstMatch(child);
+    }
+    return {};
+}
+
+void RepoTreeView::showFirstMatch()
+{
+    if (m_proxy == nullptr)
+        return;
+    const QModelIndex current = currentIndex();
+    const QModelIndex match = current.isValid() && isPackage(current) ? current : firstMatch(QModelIndex());
+    if (!match.isValid())
+        return;
+    // Groups without a match stand between those with one.
+    scrollTo(match);
+    if (match != current)
+        scrollTo(match, PositionAtCenter);
+}

@@ -25,6 +25,8 @@ public:
      * false after the text was removed: what was expanded before returns.
      */
     void setSearching(bool searching);
+    /** Brings the first package that is shown into view, unless the current one is shown; for a new filter. */
+    void showFirstMatch();
     /** Whether dropped files are taken. */
     void setDropsEnabled(bool enabled);
 
@@ -68,4 +70,5 @@ private:
     void saveState();
     void restoreState();
     void expandMatches(const QModelIndex &parent);
+    QModelIndex firstMatch(const QModelIndex &parent) const;
 };

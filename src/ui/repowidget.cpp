@@ -312,6 +312,8 @@ void RepoWidget::search()
     m_proxy->setFilterFixedString(text);
     if (text.isEmpty())
         m_ui->m_repoTreeView->setSearching(false);
+    else
+        m_ui->m_repoTreeView->showFirstMatch();
 }
 
 void RepoWidget::applyPacketFilter()
@@ -323,6 +325,8 @@ void RepoWidget::applyPacketFilter()
             states |= static_cast<RepoProxyModel::State>(action->data().toInt());
     }
     m_proxy->setShownStates(states);
+    if (states != RepoProxyModel::ShowAll)
+        m_ui->m_repoTreeView->showFirstMatch();
 }
 
 RepoWidget::CurrentItem RepoWidget::currentItem() const

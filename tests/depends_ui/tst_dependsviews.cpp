@@ -162,12 +162,19 @@ private Q_SLOTS:
         QCOMPARE(rows(proxy), (QStringList{"late [xx]"_s, "-z [xx]"_s}));
         QCOMPARE(resets.size(), 0);
 
+        QVERIFY(model.index(0, 0).data(Qt::DecorationRole).isNull());
+
         // A source that is new is a column for all.
         const auto baz
             = dependency("z", No, "> 4"_s, {{"http://another.example.org/ x amd64"_s, {"3"_s, No}}});
         model.updatePackage(package("late", No, {{No, {baz}}}));
         QCOMPARE(rows(proxy), (QStringList{"late [xxx]"_s, "-z (> 4) [xxx]"_s}));
         QCOMPARE(model.rowCount(), 5);
+        // Without any source the cross has to stand elsewhere.
+        model.setPackages({package("lost", No, {{No, {dependency("z", No)}}})});
+        QCOMPARE(rows(model), "lost []|-z []"_list);
+        for (const QModelIndex &index : {model.index(0, 0), model.index(0, 0, model.index(0, 0))})
+            QVERIFY(index.data(Qt::DecorationRole).isValid());
     }
 
     void filterByState_data()

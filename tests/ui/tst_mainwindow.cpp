@@ -210,10 +210,12 @@ private Q_SLOTS:
         note(about, search, repos, source, sources, packages, published);
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
 
-        prompts.showError("text"_s, "details"_s);
+        prompts.showError("text"_s, QString("details\n"_s).repeated(8));
         auto *box = window.findChild<QMessageBox *>();
         QTRY_VERIFY(box->button(QMessageBox::Ok)->hasFocus());
+        QCOMPARE(box->defaultButton(), box->button(QMessageBox::Ok));
         auto *details = box->findChild<QTextEdit *>();
+        QVERIFY(details->height() >= 8 * details->fontMetrics().lineSpacing());
         for (int i = 0; i < 3 && !details->hasFocus(); ++i)
             QTest::keyClick(box->focusWidget(), Qt::Key_Tab);
         QTest::keyClick(details, Qt::Key_A, Qt::ControlModifier);

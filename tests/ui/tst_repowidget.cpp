@@ -142,6 +142,34 @@ private Q_SLOTS:
         QVERIFY(!removable.last().first().toBool());
     }
 
+    void firstHitComesIntoView()
+    {
+        Fixture f;
+        QByteArray packages = f.record("hit", "zope");
+        for (int i = 0; i < 60; ++i)
+            packages += f.record("p" + QByteArray::number(i), "section" + QByteArray::number(i));
+        f.open(packages);
+        f.tab.resize(600, 300);
+        f.tab.show();
+        const auto isInView = [&f] {
+            const QRect place = f.tree->visualRect(f.item("hit"));
+            return !place.isEmpty() && f.tree->viewport()->rect().contains(place.center());
+        };
+        QVERIFY(!isInView());
+        auto *search = child<QWidget>(f.tab, "m_searchLine")->findChild<QLineEdit *>();
+        search->setText("hi"_s);
+        QVERIFY(isInView());
+        search->clear();
+        f.tree->collapseAll();
+        f.tree->scrollToTop();
+        Q_EMIT f.tab.repoShell()->packageChanged(
+            PackageBuilder("hit"_s).version("1.0-1"_s).section("zope"_s).state(DependError).build());
+        QTRY_COMPARE(f.tab.packagesInError(), 1);
+        for (int state : {0, 2})
+            f.tab.packetFilterMenu()->actions().at(state)->trigger();
+        QVERIFY(isInView());
+    }
+
     void changesOfTheOpenRepository()
     {
         Fixture f;
