@@ -104,8 +104,10 @@ void PackageCommands::chooseAndAdd()
 
 void PackageCommands::addToChosen(const QStringList &files)
 {
-    if (RepoWidget *target = chooseTarget())
-        addPackages(target, files);
+    const QStringList packages = packagesAmong(files);
+    RepoWidget *target = packages.isEmpty() ? nullptr : chooseTarget();
+    if (target != nullptr)
+        addPackages(target, packages);
 }
 
 void PackageCommands::addAtStart(const QStringList &files)
@@ -114,6 +116,9 @@ void PackageCommands::addAtStart(const QStringList &files)
         addToChosen(files);
         return;
     }
+    const QStringList packages = packagesAmong(files);
+    if (packages.isEmpty())
+        return;
     StartSelectActionDialog dialog(qobject_cast<QWidget *>(m_prompts.parent()));
     m_prompts.run(dialog);
     RepoWidget *target = nullptr;
@@ -122,12 +127,23 @@ void PackageCommands::addAtStart(const QStringList &files)
     else if (dialog.action() == StartSelectActionDialog::Action::OpenRepo)
         target = m_repositories.chooseAndOpen();
     if (target != nullptr)
-        addPackages(target, files);
+        addPackages(target, packages);
     else
-        m_feedback.announce(tr("Not added: %1").arg(files.join(QLatin1String(", "))));
+        m_feedback.announce(tr("Not added: %1").arg(packages.join(QLatin1String(", "))));
 }
 
 void PackageCommands::addPackages(RepoWidget *widget, const QStringList &files)
+{
+    const QStringList packages = packagesAmong(files);
+    if (packages.isEmpty())
+        return;
+    if (m_tabs.isRunning(widget))
+        m_waiting[widget] << packages;
+    else
+        startAdding(widget, packages);
+}
+
+QStringList PackageCommands::packagesAmong(const QStringList &files)
 {
     QStringList packages;
     QStringList others;
@@ -138,12 +154,7 @@ void PackageCommands::addPackages(RepoWidget *widget, const QStringList &files)
             tr("Only packages can be added: files whose name ends in .deb or .udeb, in small letters."),
             others.join(QLatin1Char('\n')),
             RepoEnums::WARNING);
-    if (packages.isEmpty())
-        return;
-    if (m_tabs.isRunning(widget))
-        m_waiting[widget] << packages;
-    else
-        startAdding(widget, packages);
+    return packages;
 }
 
 void PackageCommands::startAdding(RepoWidget *widget, const QStringList &files)

@@ -38,6 +38,8 @@ public:
 private:
     RepoWidget *chooseTarget();
     void warnNoRepository();
+    /** Those of the files that can be packages; tells of the others. */
+    QStringList packagesAmong(const QStringList &files);
     void startAdding(RepoWidget *widget, const QStringList &files);
 
     RepoTabs &m_tabs;
