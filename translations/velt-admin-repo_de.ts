@@ -364,6 +364,10 @@
         <source>The process dpkg crashed!</source>
         <translation>Der Prozess dpkg ist abgestürzt!</translation>
     </message>
+    <message>
+        <source>The control data of the package are too large.</source>
+        <translation>Die Steuerdaten des Pakets sind zu groß.</translation>
+    </message>
 </context>
 <context>
     <name>EmptyPage</name>
@@ -1098,6 +1102,14 @@ Ein oder mehrere Werte</translation>
         <source>You are trying to overwrite a published repository. It is highly recommended to first unpublish the repository and then make changes. Click &quot;Yes&quot; only if you know what you are doing. Continue?</source>
         <translation>Sie versuchen, ein veröffentlichtes Repository zu überschreiben. Es wird dringend empfohlen, zuerst die Veröffentlichung zu beenden und dann Änderungen vorzunehmen. Wählen Sie „Ja“ nur, wenn Sie wissen, was Sie tun. Fortfahren?</translation>
     </message>
+    <message>
+        <source>Do you want to move the repository from %1 to %2?</source>
+        <translation>Möchten Sie das Repository von %1 nach %2 verschieben?</translation>
+    </message>
+    <message>
+        <source>The directory %1 cannot be replaced, because it holds these repositories: %2</source>
+        <translation>Das Verzeichnis %1 kann nicht ersetzt werden, weil es diese Repositorys enthält: %2</translation>
+    </message>
 </context>
 <context>
     <name>PackageCommands</name>
@@ -1196,6 +1208,22 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>Its control data lack the package&apos;s name, version or architecture.</source>
         <translation>Seinen Steuerdaten fehlen Name, Version oder Architektur des Pakets.</translation>
+    </message>
+    <message>
+        <source>There is no such file.</source>
+        <translation>Die Datei gibt es nicht.</translation>
+    </message>
+    <message>
+        <source>Its name does not end in .deb or .udeb.</source>
+        <translation>Ihr Name endet nicht auf .deb oder .udeb.</translation>
+    </message>
+    <message>
+        <source>It is no regular file.</source>
+        <translation>Sie ist keine gewöhnliche Datei.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Die Datei ist leer.</translation>
     </message>
 </context>
 <context>
@@ -1477,13 +1505,13 @@ Ein oder mehrere Werte</translation>
         <source>The helper that does this with the rights of an administrator is not installed. Install the package of this program once more.</source>
         <translation>Das Hilfsprogramm, das dies mit den Rechten eines Administrators ausführt, ist nicht installiert. Installieren Sie das Paket dieses Programms erneut.</translation>
     </message>
+    <message>
+        <source>The system bus cannot be reached. Without it, nothing in the system can be changed. Start the service dbus, then this program once more.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>PublishCommand</name>
-    <message>
-        <source>Publish repository</source>
-        <translation>Repository veröffentlichen</translation>
-    </message>
     <message>
         <source>Choose a server type, then publish the repository once more.</source>
         <translation>Wählen Sie eine Serverart und veröffentlichen Sie das Repository dann noch einmal.</translation>
@@ -1570,6 +1598,10 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>The port %1 belongs to the service of the repository %2, which does not run. Do you want to replace it?</source>
         <translation>Der Port %1 gehört zum Dienst des Repositorys %2, der nicht läuft. Möchten Sie ihn ersetzen?</translation>
+    </message>
+    <message>
+        <source>The service %1 could not be stopped. &quot;systemctl status %1&quot; tells more.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2152,6 +2184,62 @@ Ein oder mehrere Werte</translation>
         <source>An earlier change of the repository was interrupted and has been undone. Do it again if it is still wanted.</source>
         <translation>Eine frühere Änderung des Repositorys wurde unterbrochen und ist rückgängig gemacht. Wiederholen Sie sie, falls sie noch gewünscht ist.</translation>
     </message>
+    <message>
+        <source>The database of the repository %1 stays locked, so nothing more was done.</source>
+        <translation>Die Datenbank des Repositorys %1 bleibt gesperrt, deshalb wurde nichts weiter getan.</translation>
+    </message>
+    <message>
+        <source>The package is for the architecture %1, and the repository has these: %2.</source>
+        <translation>Das Paket ist für die Architektur %1, und das Repository hat diese: %2.</translation>
+    </message>
+    <message>
+        <source>The description of the repository has been changed by another program meanwhile, so nothing was done. Look at it and try again.</source>
+        <translation>Die Beschreibung des Repositorys wurde inzwischen von einem anderen Programm geändert, deshalb wurde nichts getan. Sehen Sie sie sich an und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>The description of the repository is written in a way that this program does not read fully. A change could delete packages, so nothing was done.</source>
+        <translation>Die Beschreibung des Repositorys ist so geschrieben, dass dieses Programm sie nicht vollständig liest. Eine Änderung könnte Pakete löschen, deshalb wurde nichts getan.</translation>
+    </message>
+    <message>
+        <source>It holds these repositories: %1</source>
+        <translation>Es enthält diese Repositorys: %1</translation>
+    </message>
+    <message>
+        <source>The change writes the description of the repository anew, without these lines:
+
+%1
+
+The file with them is kept as %2.</source>
+        <translation>Die Änderung schreibt die Beschreibung des Repositorys neu, ohne diese Zeilen:
+
+%1
+
+Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>The repository will be signed with the default key instead.</source>
+        <translation>Das Repository wird stattdessen mit dem Standardschlüssel signiert.</translation>
+    </message>
+    <message>
+        <source>The repository will no longer be signed, so that clients may refuse it.</source>
+        <translation>Das Repository wird nicht mehr signiert sein, sodass Clients es ablehnen können.</translation>
+    </message>
+    <message>
+        <source>Repository change</source>
+        <translation>Repository ändern</translation>
+    </message>
+    <message>
+        <source>Want to continue?</source>
+        <translation>Möchten Sie fortfahren?</translation>
+    </message>
+    <message>
+        <source>The repository holds packages in places that its description does not name: %1. The change would delete them.</source>
+        <translation>Das Repository enthält Pakete an Stellen, die seine Beschreibung nicht nennt: %1. Die Änderung würde sie löschen.</translation>
+    </message>
+    <message>
+        <source>A job on the repository %1 was interrupted. It belongs to another user, and finishing the job runs programs that its settings name. Do you want to bring it in order now?</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>
@@ -2400,6 +2488,14 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
         <source>Otherwise a service goes on that has nothing to serve.</source>
         <translation>Sonst läuft ein Dienst weiter, der nichts mehr auszuliefern hat.</translation>
     </message>
+    <message>
+        <source>It holds these repositories: %1</source>
+        <translation>Es enthält diese Repositorys: %1</translation>
+    </message>
+    <message>
+        <source>The directory %1 is deleted with everything in it, and cannot be brought back.</source>
+        <translation>Das Verzeichnis %1 wird mit allem, was darin ist, gelöscht und kann nicht zurückgeholt werden.</translation>
+    </message>
 </context>
 <context>
     <name>RepositoryKey</name>
@@ -2436,6 +2532,14 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>Not everything in %1 could be deleted.</source>
         <translation>Nicht alles in %1 konnte gelöscht werden.</translation>
+    </message>
+    <message>
+        <source>It holds these repositories: %1</source>
+        <translation>Es enthält diese Repositorys: %1</translation>
+    </message>
+    <message>
+        <source>Nothing was deleted, because the directory %1 cannot be written.</source>
+        <translation>Es wurde nichts gelöscht, weil in das Verzeichnis %1 nicht geschrieben werden kann.</translation>
     </message>
 </context>
 <context>
@@ -3210,6 +3314,18 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>Velt admin repo tool</source>
         <translation>Werkzeug zur Verwaltung von Paket-Repositorys</translation>
+    </message>
+    <message>
+        <source>These are too many files for one start of the program.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program is running already and does not answer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing has been added.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 </TS>

@@ -365,6 +365,10 @@
         <source>The process dpkg crashed!</source>
         <translation>Процесс dpkg аварийно завершился!</translation>
     </message>
+    <message>
+        <source>The control data of the package are too large.</source>
+        <translation>Управляющие данные пакета слишком велики.</translation>
+    </message>
 </context>
 <context>
     <name>EmptyPage</name>
@@ -1099,6 +1103,14 @@ One or more values</source>
         <source>You are trying to overwrite a published repository. It is highly recommended to first unpublish the repository and then make changes. Click &quot;Yes&quot; only if you know what you are doing. Continue?</source>
         <translation>Вы пытаетесь перезаписать опубликованный репозиторий. Настоятельно рекомендуется сначала снять репозиторий с публикации и только потом вносить изменения. Нажимайте «Да», только если уверены в своих действиях. Продолжить?</translation>
     </message>
+    <message>
+        <source>Do you want to move the repository from %1 to %2?</source>
+        <translation>Переместить репозиторий из %1 в %2?</translation>
+    </message>
+    <message>
+        <source>The directory %1 cannot be replaced, because it holds these repositories: %2</source>
+        <translation>Каталог %1 нельзя заменить, потому что в нём находятся эти репозитории: %2</translation>
+    </message>
 </context>
 <context>
     <name>PackageCommands</name>
@@ -1198,6 +1210,22 @@ One or more values</source>
     <message>
         <source>Its control data lack the package&apos;s name, version or architecture.</source>
         <translation>В его управляющих данных не указаны имя, версия или архитектура пакета.</translation>
+    </message>
+    <message>
+        <source>There is no such file.</source>
+        <translation>Такого файла нет.</translation>
+    </message>
+    <message>
+        <source>Its name does not end in .deb or .udeb.</source>
+        <translation>Его имя не оканчивается на .deb или .udeb.</translation>
+    </message>
+    <message>
+        <source>It is no regular file.</source>
+        <translation>Это не обычный файл.</translation>
+    </message>
+    <message>
+        <source>The file is empty.</source>
+        <translation>Файл пуст.</translation>
     </message>
 </context>
 <context>
@@ -1481,13 +1509,13 @@ One or more values</source>
         <source>The helper that does this with the rights of an administrator is not installed. Install the package of this program once more.</source>
         <translation>Вспомогательная программа, которая выполняет это с правами администратора, не установлена. Установите пакет этой программы ещё раз.</translation>
     </message>
+    <message>
+        <source>The system bus cannot be reached. Without it, nothing in the system can be changed. Start the service dbus, then this program once more.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>PublishCommand</name>
-    <message>
-        <source>Publish repository</source>
-        <translation>Опубликовать репозиторий</translation>
-    </message>
     <message>
         <source>Choose a server type, then publish the repository once more.</source>
         <translation>Выберите тип сервера и опубликуйте репозиторий ещё раз.</translation>
@@ -1575,6 +1603,10 @@ One or more values</source>
     <message>
         <source>The port %1 belongs to the service of the repository %2, which does not run. Do you want to replace it?</source>
         <translation>Порт %1 принадлежит службе репозитория %2, которая не запущена. Заменить её?</translation>
+    </message>
+    <message>
+        <source>The service %1 could not be stopped. &quot;systemctl status %1&quot; tells more.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -2168,6 +2200,62 @@ One or more values</source>
         <source>An earlier change of the repository was interrupted and has been undone. Do it again if it is still wanted.</source>
         <translation>Предыдущее изменение репозитория было прервано и отменено. Повторите его, если оно ещё нужно.</translation>
     </message>
+    <message>
+        <source>The database of the repository %1 stays locked, so nothing more was done.</source>
+        <translation>База данных репозитория %1 остаётся заблокированной, поэтому больше ничего не сделано.</translation>
+    </message>
+    <message>
+        <source>The package is for the architecture %1, and the repository has these: %2.</source>
+        <translation>Пакет предназначен для архитектуры %1, а в репозитории есть следующие: %2.</translation>
+    </message>
+    <message>
+        <source>The description of the repository has been changed by another program meanwhile, so nothing was done. Look at it and try again.</source>
+        <translation>Описание репозитория тем временем изменила другая программа, поэтому ничего сделано не было. Просмотрите его и повторите попытку.</translation>
+    </message>
+    <message>
+        <source>The description of the repository is written in a way that this program does not read fully. A change could delete packages, so nothing was done.</source>
+        <translation>Описание репозитория составлено так, что эта программа читает его не полностью. Изменение могло бы удалить пакеты, поэтому ничего сделано не было.</translation>
+    </message>
+    <message>
+        <source>It holds these repositories: %1</source>
+        <translation>В нём находятся эти репозитории: %1</translation>
+    </message>
+    <message>
+        <source>The change writes the description of the repository anew, without these lines:
+
+%1
+
+The file with them is kept as %2.</source>
+        <translation>Изменение записывает описание репозитория заново, без этих строк:
+
+%1
+
+Файл с ними сохраняется как %2.</translation>
+    </message>
+    <message>
+        <source>The repository will be signed with the default key instead.</source>
+        <translation>Вместо этого репозиторий будет подписан ключом по умолчанию.</translation>
+    </message>
+    <message>
+        <source>The repository will no longer be signed, so that clients may refuse it.</source>
+        <translation>Репозиторий больше не будет подписан, и клиенты могут его отвергнуть.</translation>
+    </message>
+    <message>
+        <source>Repository change</source>
+        <translation>Изменение репозитория</translation>
+    </message>
+    <message>
+        <source>Want to continue?</source>
+        <translation>Продолжить?</translation>
+    </message>
+    <message>
+        <source>The repository holds packages in places that its description does not name: %1. The change would delete them.</source>
+        <translation>В репозитории есть пакеты в местах, которых нет в его описании: %1. Изменение удалило бы их.</translation>
+    </message>
+    <message>
+        <source>A job on the repository %1 was interrupted. It belongs to another user, and finishing the job runs programs that its settings name. Do you want to bring it in order now?</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>
@@ -2416,6 +2504,14 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
         <source>Otherwise a service goes on that has nothing to serve.</source>
         <translation>Иначе останется работать служба, которой нечего отдавать.</translation>
     </message>
+    <message>
+        <source>It holds these repositories: %1</source>
+        <translation>В нём находятся эти репозитории: %1</translation>
+    </message>
+    <message>
+        <source>The directory %1 is deleted with everything in it, and cannot be brought back.</source>
+        <translation>Каталог %1 будет удалён со всем содержимым, вернуть его будет нельзя.</translation>
+    </message>
 </context>
 <context>
     <name>RepositoryKey</name>
@@ -2452,6 +2548,14 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>Not everything in %1 could be deleted.</source>
         <translation>Не удалось удалить всё содержимое %1.</translation>
+    </message>
+    <message>
+        <source>It holds these repositories: %1</source>
+        <translation>В нём находятся эти репозитории: %1</translation>
+    </message>
+    <message>
+        <source>Nothing was deleted, because the directory %1 cannot be written.</source>
+        <translation>Ничего не удалено, потому что в каталог %1 нельзя записывать.</translation>
     </message>
 </context>
 <context>
@@ -3228,6 +3332,18 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>Velt admin repo tool</source>
         <translation>Средство управления репозиториями пакетов</translation>
+    </message>
+    <message>
+        <source>These are too many files for one start of the program.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The program is running already and does not answer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing has been added.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 </TS>
