@@ -295,6 +295,18 @@
         <source>%1 offers %2</source>
         <translation>%1 bietet %2 an</translation>
     </message>
+    <message>
+        <source>Repository: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mode: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>DependsReportCommands</name>
@@ -936,6 +948,10 @@
         <source>The help pages are not installed.</source>
         <translation>Die Hilfeseiten sind nicht installiert.</translation>
     </message>
+    <message>
+        <source>The marks of the packages are those of the last check until the next one.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MissingPackage</name>
@@ -1407,6 +1423,10 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>Another repo already published</source>
         <translation>Ein anderes Repository ist bereits veröffentlicht</translation>
+    </message>
+    <message>
+        <source>The local sources list still has a line of this repository, which was changed by hand. Remove it with an editor.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -296,6 +296,18 @@
         <source>%1 offers %2</source>
         <translation>%1 предлагает %2</translation>
     </message>
+    <message>
+        <source>Repository: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Mode: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Date: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>DependsReportCommands</name>
@@ -937,6 +949,10 @@
         <source>The help pages are not installed.</source>
         <translation>Страницы справки не установлены.</translation>
     </message>
+    <message>
+        <source>The marks of the packages are those of the last check until the next one.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>MissingPackage</name>
@@ -1411,6 +1427,10 @@ One or more values</source>
     <message>
         <source>Another repo already published</source>
         <translation>Другой репозиторий уже опубликован</translation>
+    </message>
+    <message>
+        <source>The local sources list still has a line of this repository, which was changed by hand. Remove it with an editor.</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

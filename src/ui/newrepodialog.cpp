@@ -319,8 +319,8 @@ bool NewRepoDialog::mayBeReplaced(const QString &path, const Place &place)
 {
     if (!place.repositories.isEmpty()) {
         m_prompts.warn(windowTitle(),
-                       tr("The directory %1 cannot be replaced, because it holds these repositories:\n%2")
-                           .arg(path, place.repositories.join(QLatin1Char('\n'))),
+                       tr("The directory %1 cannot be replaced, because it holds these repositories: %2")
+                           .arg(path, place.repositories.join(QLatin1String(", "))),
                        this);
         m_ui->m_nameLineEdit->setFocus();
         return false;

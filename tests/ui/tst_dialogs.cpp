@@ -155,7 +155,7 @@ private Q_SLOTS:
         const BoxAnswers refused({QMessageBox::Ok});
         QVERIFY(!f.accept());
         QVERIFY(refused.texts.value(0).endsWith(
-            "repositories:\n%1/taken/1/2/3/4/two\n%1/taken/one"_s.arg(f.folder.path())));
+            "repositories: %1/taken/1/2/3/4/two, %1/taken/one"_s.arg(f.folder.path())));
         QVERIFY(QDir(f.folder.filePath("taken"_s)).removeRecursively()
                 && QDir(f.folder.path()).mkdir("taken"_s));
 
@@ -237,6 +237,12 @@ private Q_SLOTS:
         QCOMPARE(child<QLabel>(single, "m_versionsLabel")->text(),
                  "Version in the repository: 5.2 (amd64)\nNew version: 5.3 (bash_5.3_all.deb)"_s);
         QVERIFY(single.findChildren<QRadioButton *>().isEmpty());
+        PackageReplacementDialog all(
+            RepoEnums::PACKAGE_EXISTS,
+            *PackageBuilder("doc"_s).control("Package: doc\nArchitecture: all\n").build(),
+            true);
+        all.setNewcomer("doc_2_all.deb"_s, "2"_s);
+        QVERIFY(child<QLabel>(all, "m_versionsLabel")->text().contains("(all)"_s));
         QCOMPARE(single.findChildren<QPushButton *>().size(), 2);
         button(single, QDialogButtonBox::Yes)->click();
         QCOMPARE(single.rule(), PackageReplacementRules::ReplaceThis);
