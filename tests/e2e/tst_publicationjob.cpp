@@ -150,14 +150,16 @@ private Q_SLOTS:
             useradd -m tester; chmod 700 /home/tester
             cd /home/tester
             repo=$1; mkdir -p "$repo/conf" package/DEBIAN package/usr/share/fizz
-            printf '%s\n' 'Codename: birch' 'Architectures: amd64' 'Components: main' 'Contents: compatsymlink' \
+            printf '%s\n' 'Codename: birch' 'Suite: stable' 'Architectures: amd64' 'Components: main' 'Contents: compatsymlink' \
                 >"$repo/conf/distributions"
             head -c 300000 /dev/urandom >package/usr/share/fizz/data
             printf '%s\n' 'Package: fizz' 'Version: 1.0' 'Architecture: amd64' 'Maintainer: T <t@example.org>' \
                 'Section: admin' 'Priority: optional' 'Description: test' >package/DEBIAN/control
             dpkg-deb --root-owner-group -b package fizz_1.0_amd64.deb >/dev/null
             reprepro -s -b "$repo" includedeb birch fizz_1.0_amd64.deb
+            reprepro -s -b "$repo" createsymlinks
             cp -r --preserve=mode,links "$repo" "$2"
+            ln -s ../pool "$repo/dists/up"; ln -s birch "$repo/dists/a b"
             ln -s /usr/share/common-licenses/GPL-3 "$repo/pool/outwards"; ln -s / "$repo/dists/outwards"; echo key >"$repo/packages.conf"
             chown -R tester: /home/tester
             find "$repo" -type f -exec chmod 600 {} +; chmod 700 "$repo")"_s,
@@ -196,6 +198,8 @@ private Q_SLOTS:
         QVERIFY2(first.contains("Get:"_s) && !first.contains("W:"_s), qPrintable(first));
         const QString second = apt(source, "update"_s);
         QVERIFY2(second.contains("Hit:"_s) && !second.contains("Get:"_s), qPrintable(second));
+        const QString suite = apt("deb [trusted=yes] http://127.0.0.1:8080/ stable main"_s, "update"_s);
+        QVERIFY2(suite.contains("Get:"_s) && !suite.contains("W:"_s), qPrintable(suite));
         const QString download = apt(source, "download fizz"_s);
         const QString same
             = asUser("cmp ~/fizz_1.0_amd64.deb \"$1\"/pool/main/f/fizz/fizz_1.0_amd64.deb"_s, {closedRepo});
@@ -210,7 +214,8 @@ private Q_SLOTS:
     void hidesAllElseOverHttp_data()
     {
         QTest::addColumn<QString>("code");
-        for (const char *path : {"/", "/dists/birch/Release", "/dists/birch/main/Contents-amd64.gz"})
+        for (const char *path :
+             {"/", "/dists/birch/Release", "/dists/birch/main/Contents-amd64.gz", "/dists/stable/Release"})
             QTest::newRow(path) << "200"_s;
         for (const char *path : {"/conf",
                                  "/conf/distributions",
@@ -226,6 +231,8 @@ private Q_SLOTS:
                                  "/%70ackages.conf?x",
                                  "/.hidden",
                                  "/pool/outwards",
+                                 "/dists/up/main/",
+                                 "/dists/stable/../../conf/distributions",
                                  "/dists/outwards/usr/bin/env"})
             QTest::newRow(path) << "403"_s;
         for (const char *path :
@@ -325,7 +332,7 @@ private Q_SLOTS:
         box("echo '# later' >>/etc/vsftpd.conf"_s);
         QCOMPARE(publish(openRepo, 2122, 1), "b true"_s);
         QCOMPARE(box("cat /etc/vsftpd.conf.velt-admin-repo.orig"_s), byHand);
-        QCOMPARE(box("curl -s ftp://127.0.0.1:2122/dists/birch/Release | head -1"_s), "Codename: birch"_s);
+        QCOMPARE(box("curl -s ftp://127.0.0.1:2122/dists/birch/Release | head -1"_s), "Suite: stable"_s);
 
         QCOMPARE(unpublish(2122, 1), "b true"_s);
         QCOMPARE(box("systemctl is-active vsftpd || true; systemctl is-enabled vsftpd || true"_s),
