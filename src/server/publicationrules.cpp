@@ -9,8 +9,7 @@ namespace
 /** The port on which it waits; the FTP server has a port of its own where its settings name none. */
 int portOf(const Publication &publication)
 {
-    constexpr int ftpPort = 21;
-    return publication.protocol == FtpProtocol && publication.repo.port == 0 ? ftpPort
+    return publication.protocol == FtpProtocol && publication.repo.port == 0 ? PortRange::Ftp
                                                                              : publication.repo.port;
 }
 
@@ -29,6 +28,13 @@ bool isLeftBehind(const Publication &publication, const PublicationRequest &requ
            && request.registeredPath == request.path;
 }
 } // namespace
+
+int PublicationRules::proposedPort(int protocol, int port, const QSet<int> &listening)
+{
+    if (protocol == FtpProtocol && port == PortRange::Http && !listening.contains(PortRange::Ftp))
+        return PortRange::Ftp;
+    return protocol == HttpProtocol && port == PortRange::Ftp ? PortRange::Http : port;
+}
 
 PublicationRules PublicationRules::judge(const PublicationRequest &request,
                                          const QVector<Publication> &publications,

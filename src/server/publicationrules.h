@@ -41,6 +41,9 @@ public:
                                   const QVector<Publication> &publications,
                                   const QSet<int> &listening);
 
+    /** What goes into the place of `port` when the user has turned to this protocol: mostly that port itself. */
+    static int proposedPort(int protocol, int port, const QSet<int> &listening);
+
 private:
     void sort(const PublicationRequest &request, const QVector<Publication> &publications);
     static QString badRequest(const PublicationRequest &request);

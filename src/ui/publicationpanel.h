@@ -38,7 +38,8 @@ public:
     QString sourceLine() const;
     /** Keeps the choices under their port: the repository is published so. */
     void claim();
-    /** Gives the focus to the choice of the server type. */
+    void setPort(int port);
+    /** Opens the choice of the server type. */
     void askServerType();
     /** Shows what the system says of the repository, which overrides what is kept. `known`: the system was asked. */
     void showPublications(bool known, const QVector<Publication> &publications);
@@ -49,6 +50,8 @@ Q_SIGNALS:
     void publishTriggered();
     void unpublishTriggered();
     void serverTypeChanged(int index);
+    /** By the user's hand. */
+    void serverTypeChosen();
     void portEditingFinished();
     /** The choices may be other ones, and with them the source line. */
     void choiceChanged();

@@ -56,5 +56,9 @@ QString PublicationText::advice(const QString &description)
         return Word::tr(
             "The helper that does this with the rights of an administrator is not installed. Install "
             "the package of this program once more.");
+    if (description == VeltAdminRepoInterface::describe(QDBusError::Disconnected))
+        return Word::tr(
+            "The system bus cannot be reached. Without it, nothing in the system can be changed. Start the "
+            "service dbus, then this program once more.");
     return {};
 }

@@ -345,13 +345,12 @@ void PublishCommand::unpublish(const Publication &publication, RepoWidget *tab, 
 void PublishCommand::unpublishWithoutTab(const Publication &publication, const Answer &answer)
 {
     m_feedback.announce(tr("Waiting for the system to unpublish %1").arg(publication.repo.path));
-    m_helper.unpublishRepo(publication.repo.port,
-                           publication.protocol,
-                           [this, publication, answer](const HelperClient::Result &result) {
-                               afterReading([this, publication, answer, result] {
-                                   endWithoutTab(publication, answer, result);
-                               });
-                           });
+    m_helper.unpublishRepo(
+        publication.repo.port,
+        publication.protocol,
+        [this, publication, answer](const HelperClient::Result &result) {
+            afterReading([this, publication, answer, result] { endWithoutTab(publication, answer, result); });
+        });
 }
 
 void PublishCommand::endWithoutTab(const Publication &publication,

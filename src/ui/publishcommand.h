@@ -73,9 +73,8 @@ private:
     void endWaiting(RepoWidget *widget);
     void afterReading(const std::function<void()> &next);
     void unpublishWithoutTab(const Publication &publication, const Answer &answer);
-    void endWithoutTab(const Publication &publication,
-                       const Answer &answer,
-                       const HelperClient::Result &result);
+    void
+    endWithoutTab(const Publication &publication, const Answer &answer, const HelperClient::Result &result);
     /** Whether the system still has it; as of the last reading. */
     bool isListed(const Publication &publication) const;
     static QString whyListed(const Publication &publication);
