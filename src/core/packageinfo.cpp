@@ -14,6 +14,12 @@ QStringList PackageInfo::depends() const
     return PackageField::dependsEntries(value);
 }
 
+QString PackageInfo::ownArchitecture() const
+{
+    const QString own = control.field("Architecture");
+    return own.isEmpty() ? architecture : own;
+}
+
 QString PackageInfo::filePath() const
 {
     QString file = poolFile.isEmpty() ? control.field("Filename") : poolFile;

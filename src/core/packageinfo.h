@@ -38,6 +38,8 @@ struct PackageInfo
     QString maintainer() const { return control.field("Maintainer"); }
     QString description() const { return control.description(); }
     QStringList depends() const;
+    /** The architecture that the package was built for, which is "all" for many. */
+    QString ownArchitecture() const;
     /** Absolute path of the package file; empty when it is not known. */
     QString filePath() const;
     /** The file's name without folders; empty when it is not known. */

@@ -44,6 +44,9 @@ QList<PackageInfoPtr> inError(const QList<PackageInfoPtr> &packages)
                  packages.cend(),
                  std::back_inserter(result),
                  [](const PackageInfoPtr &package) { return package->dependStatus() == DependError; });
+    std::stable_sort(result.begin(), result.end(), [](const PackageInfoPtr &a, const PackageInfoPtr &b) {
+        return a->name < b->name;
+    });
     return result;
 }
 
@@ -128,9 +131,13 @@ QStringList DependsReport::summaryLines(const QList<PackageInfoPtr> &packages)
     return lines;
 }
 
-QString DependsReport::text(const QList<PackageInfoPtr> &packages)
+QString DependsReport::text(const QList<PackageInfoPtr> &packages, const Heading &heading)
 {
-    QStringList lines = summaryLines(packages);
+    QStringList lines{tr("Repository: %1").arg(heading.repository),
+                      tr("Mode: %1").arg(heading.mode),
+                      tr("Date: %1").arg(heading.time.toString(Qt::ISODate)),
+                      QString()};
+    lines += summaryLines(packages);
     for (const PackageInfoPtr &package : inError(packages)) {
         lines << QString()
               << QStringLiteral("%1 %2 (%3, %4)")
@@ -143,7 +150,7 @@ QString DependsReport::text(const QList<PackageInfoPtr> &packages)
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 
-QByteArray DependsReport::json(const QList<PackageInfoPtr> &packages)
+QByteArray DependsReport::json(const QList<PackageInfoPtr> &packages, const Heading &heading)
 {
     const Summary counts = summary(packages);
     QJsonArray wanted;
@@ -162,7 +169,10 @@ QByteArray DependsReport::json(const QList<PackageInfoPtr> &packages)
                                   {QStringLiteral("component"), package->component},
                                   {QStringLiteral("missing"), entries}});
     }
-    return QJsonDocument(QJsonObject{{QStringLiteral("satisfied"), counts.satisfied},
+    return QJsonDocument(QJsonObject{{QStringLiteral("repository"), heading.repository},
+                                     {QStringLiteral("mode"), heading.mode},
+                                     {QStringLiteral("date"), heading.time.toString(Qt::ISODate)},
+                                     {QStringLiteral("satisfied"), counts.satisfied},
                                      {QStringLiteral("errors"), counts.errors},
                                      {QStringLiteral("unchecked"), counts.unchecked},
                                      {QStringLiteral("mostWanted"), wanted},

@@ -4,6 +4,7 @@
 #include "core/packageinfo.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 
 /** The results of dependency checks in words, for tool tips and for reports. */
 class DependsReport
@@ -15,6 +16,14 @@ public:
     {
         QString name;
         int packages = 0; ///< how many want it
+    };
+
+    /** What a report is about. */
+    struct Heading
+    {
+        QString repository; ///< its directory
+        QString mode; ///< where dependencies are looked for, in words
+        QDateTime time; ///< of the report
     };
 
     struct Summary
@@ -36,10 +45,10 @@ public:
     /** The same in words, one line for each number and each name. */
     static QStringList summaryLines(const QList<PackageInfoPtr> &packages);
 
-    /** The summary, and every package in error with the entries that cannot be met. */
-    static QString text(const QList<PackageInfoPtr> &packages);
+    /** The summary, and every package in error, by name, with the entries that cannot be met. */
+    static QString text(const QList<PackageInfoPtr> &packages, const Heading &heading);
     /** The same as a JSON document. */
-    static QByteArray json(const QList<PackageInfoPtr> &packages);
+    static QByteArray json(const QList<PackageInfoPtr> &packages, const Heading &heading);
 
 private:
     static QString offers(const Dependency &dependency, DependStatus status);

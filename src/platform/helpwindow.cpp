@@ -7,6 +7,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
+#include <QScreen>
 #include <QTextBrowser>
 #include <QTextDocument>
 #include <QToolBar>
@@ -18,7 +19,8 @@ HelpWindow::HelpWindow()
     , m_message(new QLabel(this))
 {
     setWindowTitle(tr("Help"));
-    resize(960, 660);
+    // A small screen also has a panel and the window's own frame.
+    resize(QSize(960, 660).boundedTo(screen()->availableSize() - QSize(40, 60)));
     build();
     // Esc and the title bar hide a dialog; nobody would bring this one back as it was.
     connect(this, &QDialog::finished, this, &QObject::deleteLater);

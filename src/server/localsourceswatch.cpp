@@ -50,10 +50,13 @@ void LocalSourcesWatch::refresh()
 void LocalSourcesWatch::take()
 {
     const QString text = m_reading.result();
-    if (m_again)
+    const bool again = m_again;
+    if (again)
         refresh();
-    if (text == m_text)
-        return;
+    const bool isOther = text != m_text;
     m_text = text;
-    Q_EMIT changed();
+    if (isOther)
+        Q_EMIT changed();
+    if (!again)
+        Q_EMIT refreshed();
 }

@@ -21,6 +21,8 @@ public:
 
 Q_SIGNALS:
     void changed();
+    /** The list was read, after the last refresh(); it need not be another one. */
+    void refreshed();
 
 private:
     void watch();

@@ -10,6 +10,8 @@
 #include <QIcon>
 #include <QLabel>
 #include <QRegularExpression>
+#include <QScreen>
+#include <QScreen>
 #include <QStandardItemModel>
 #include <QStylePainter>
 #include <QToolButton>
@@ -63,7 +65,7 @@ GpgKeysWidget::GpgKeysWidget(QWidget *parent)
     m_keysComboBox->setObjectName(QStringLiteral("m_keysComboBox"));
     // A user id can be long; the dialog is not to become as wide as the longest.
     m_keysComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    constexpr int ShownCharacters = 16;
+    constexpr int ShownCharacters = 40;
     m_keysComboBox->setMinimumContentsLength(ShownCharacters);
     m_keysComboBox->view()->setTextElideMode(Qt::ElideMiddle);
     m_warningLabel->setObjectName(QStringLiteral("m_warningLabel"));
@@ -129,6 +131,10 @@ void GpgKeysWidget::fill(const QStringList &keys,
         if (!obstacle.isEmpty())
             item->setText(tr("%1 (%2)").arg(key, obstacle));
     }
+    // The list that is folded out has room for whole keys.
+    QAbstractItemView *list = m_keysComboBox->view();
+    list->setMinimumWidth(qMin(list->sizeHintForColumn(0) + m_keysComboBox->height(),
+                               screen()->availableSize().width() * 2 / 3));
     m_keysComboBox->setEnabled(!keys.isEmpty());
     selectKeyInUse();
 }

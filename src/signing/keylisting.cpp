@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/keylisting.h"
 
+#include "core/aside.h"
 #include "signing/gpgrun.h"
 #include "signing/signprocess.h"
-
-#include <QFutureWatcher>
-#include <QtConcurrent>
 
 KeyListing KeyListing::read()
 {
@@ -17,12 +15,7 @@ KeyListing KeyListing::read()
 
 void KeyListing::readAside(QObject *context, const Receiver &receiver)
 {
-    auto *watcher = new QFutureWatcher<KeyListing>(context);
-    QObject::connect(watcher, &QFutureWatcherBase::finished, context, [watcher, receiver] {
-        watcher->deleteLater();
-        receiver(watcher->result());
-    });
-    watcher->setFuture(QtConcurrent::run(&KeyListing::read));
+    aside(context, &KeyListing::read, receiver);
 }
 
 KeyListing KeyListing::judge(const QStringList &keys, const QVector<SigningKey> &known, const QDateTime &now)

@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/repositorykey.h"
 
+#include "core/aside.h"
 #include "core/wholefile.h"
 #include "signing/gpgrun.h"
 #include "signing/keylisting.h"
 #include "signing/signprocess.h"
 
 #include <QFileInfo>
-#include <QFutureWatcher>
-#include <QtConcurrent>
 
 RepositoryKey RepositoryKey::read(const QString &repoPath, const QString &codename)
 {
@@ -46,12 +45,8 @@ void RepositoryKey::readAside(QObject *context,
                               const QString &codename,
                               const Receiver &receiver)
 {
-    auto *watcher = new QFutureWatcher<RepositoryKey>(context);
-    QObject::connect(watcher, &QFutureWatcherBase::finished, context, [watcher, receiver] {
-        watcher->deleteLater();
-        receiver(watcher->result());
-    });
-    watcher->setFuture(QtConcurrent::run(&RepositoryKey::read, repoPath, codename));
+    aside(
+        context, [repoPath, codename] { return read(repoPath, codename); }, receiver);
 }
 
 QString RepositoryKey::signer(const QString &status)

@@ -83,16 +83,10 @@ void ArchiveCommands::attach(RepoWidget *widget)
     });
 }
 
-bool ArchiveCommands::isFree(const RepoWidget *widget) const
-{
-    return widget != nullptr && widget->isEnabled() && !m_tabs.isRunning(widget)
-           && !widget->repoPath().isEmpty();
-}
-
 void ArchiveCommands::updateActions(bool arePackagesSelected)
 {
     const RepoWidget *widget = m_tabs.current();
-    const bool free = isFree(widget);
+    const bool free = m_tabs.isFree(widget);
     const bool hasPackages = free && widget->repoShell()->packageCount() > 0;
     m_ui.m_exportFullRepoAction->setEnabled(free);
     m_ui.m_exportRepoAction->setEnabled(free);
@@ -108,7 +102,7 @@ void ArchiveCommands::updateActions(bool arePackagesSelected)
 void ArchiveCommands::exportBy(const std::function<void(RepoShell &, const QString &)> &job)
 {
     const QPointer<RepoWidget> source = m_tabs.current();
-    if (!isFree(source))
+    if (!m_tabs.isFree(source))
         return;
     const QString proposed
         = QStringLiteral("%1/%2_export.tgz").arg(m_lastFolder, source->repoShell()->repoInfo().name);
@@ -120,7 +114,7 @@ void ArchiveCommands::exportBy(const std::function<void(RepoShell &, const QStri
     if (target.isEmpty())
         return;
     m_lastFolder = QFileInfo(target).absolutePath();
-    if (isFree(source))
+    if (m_tabs.isFree(source))
         job(*source->repoShell(), target);
     else
         m_feedback.announce(tr("Not exported: %1").arg(target));
@@ -197,7 +191,7 @@ void ArchiveCommands::importWaiting(RepoWidget *widget)
 void ArchiveCommands::importPackages(const std::function<QString()> &chooseSource)
 {
     const QPointer<RepoWidget> target = m_tabs.current();
-    if (!isFree(target))
+    if (!m_tabs.isFree(target))
         return;
     const QString source = chooseSource();
     if (source.isEmpty() || target.isNull())
@@ -205,7 +199,7 @@ void ArchiveCommands::importPackages(const std::function<QString()> &chooseSourc
     const QStringList components = target->repoShell()->repoInfo().componentList();
     if (!m_settings.confirmAddSettings(components, SettingsCommands::AddedFrom::Archive))
         return;
-    if (isFree(target))
+    if (m_tabs.isFree(target))
         target->repoShell()->importRepo(source, m_settings.addOptions(components));
     else
         m_feedback.announce(tr("Not imported: %1").arg(source));

@@ -43,7 +43,6 @@ public:
 private:
     void connectActions();
     void attach(RepoWidget *widget);
-    bool isFree(const RepoWidget *widget) const;
     /** Asks for the archive to write and begins the job, if that is possible still. */
     void exportBy(const std::function<void(RepoShell &engine, const QString &target)> &job);
     void exportPackages(const QList<PackageInfoPtr> &packages, bool withDepends);

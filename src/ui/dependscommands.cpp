@@ -77,8 +77,7 @@ void DependsCommands::updateActions()
 {
     const RepoWidget *widget = m_tabs.current();
     const Abilities abilities = m_abilities.value(widget);
-    const bool isFree = widget != nullptr && widget->isEnabled() && !m_tabs.isRunning(widget)
-                        && !widget->repoPath().isEmpty();
+    const bool isFree = m_tabs.isFree(widget);
     m_ui.m_checkDependStartAction->setEnabled(isFree && abilities.check);
     m_ui.m_addPackageFromExtRepoAction->setEnabled(isFree);
     m_ui.m_dependsCheckMenu->setEnabled(widget != nullptr && abilities.checkMenu);
@@ -177,7 +176,7 @@ void DependsCommands::addPackageFromInternet()
     PackageFilter filter;
     filter.architectures = QSet<QString>(architectures.cbegin(), architectures.cend());
     filter.isAsked = [repos](const QString &origin) { return repos.isOriginAsked(origin); };
-    AddPackageDialog dialog(filter, m_settings.aliases(), qobject_cast<QWidget *>(m_prompts.parent()));
+    AddPackageDialog dialog(filter, m_settings.aliases(), m_prompts.window());
     if (m_prompts.run(dialog) != QDialog::Accepted)
         return;
     const QList<PackageInfo> packages = dialog.selectedPackages();

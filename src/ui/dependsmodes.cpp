@@ -9,9 +9,7 @@
 #include <QToolBar>
 #include <QToolButton>
 
-namespace
-{
-QString about(int mode)
+QString DependsModes::about(int mode)
 {
     const char *text = nullptr;
     switch (mode) {
@@ -29,7 +27,6 @@ QString about(int mode)
     }
     return QCoreApplication::translate("MainWindow", text);
 }
-} // namespace
 
 DependsModes::DependsModes(const QMap<int, QAction *> &commands,
                            QAction *button,

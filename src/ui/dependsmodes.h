@@ -15,6 +15,8 @@ public:
     /** `commands` are those of each mode; `button` offers them in a menu and gets the last place in `toolBar`. */
     DependsModes(const QMap<int, QAction *> &commands, QAction *button, QToolBar *toolBar, QObject *parent);
 
+    /** What a mode means, for the user. */
+    static QString about(int mode);
     /** Marks the mode that holds now. */
     void show(int mode);
 

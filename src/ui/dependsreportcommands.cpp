@@ -1,30 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dependsreportcommands.h"
 
+#include "core/aside.h"
 #include "core/wholefile.h"
-#include "depends/dependsreport.h"
 #include "engine/reposhell.h"
+#include "ui/dependsmodes.h"
 #include "ui/jobfeedback.h"
 #include "ui/prompts.h"
 #include "ui/repotabs.h"
 #include "ui/repowidget.h"
+#include "ui/settingscommands.h"
 
 #include <QAction>
 #include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
-#include <QFutureWatcher>
 #include <QGuiApplication>
-#include <QtConcurrent>
 
-DependsReportCommands::DependsReportCommands(RepoTabs &tabs,
-                                             Prompts &prompts,
-                                             JobFeedback &feedback,
-                                             QObject *parent)
+DependsReportCommands::DependsReportCommands(
+    RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, SettingsCommands &settings, QObject *parent)
     : QObject(parent)
     , m_tabs(tabs)
     , m_prompts(prompts)
     , m_feedback(feedback)
+    , m_settings(settings)
     , m_copyAction(new QAction(QIcon::fromTheme(QStringLiteral("edit-copy")), tr("Copy report"), this))
     , m_saveAction(new QAction(QIcon::fromTheme(QStringLiteral("document-save")), tr("Save report..."), this))
     , m_lastFolder(QDir::homePath())
@@ -47,15 +46,18 @@ void DependsReportCommands::updateActions()
     m_saveAction->setEnabled(isThereAny);
 }
 
-QByteArray DependsReportCommands::report(const QList<PackageInfoPtr> &packages, Format format)
+QByteArray DependsReportCommands::report(const Contents &contents, Format format)
 {
-    return format == Format::Json ? DependsReport::json(packages) : DependsReport::text(packages).toUtf8();
+    return format == Format::Json ? DependsReport::json(contents.packages, contents.heading)
+                                  : DependsReport::text(contents.packages, contents.heading).toUtf8();
 }
 
-QString
-DependsReportCommands::write(const QList<PackageInfoPtr> &packages, Format format, const QString &path)
+DependsReportCommands::Contents DependsReportCommands::contentsOf(const RepoWidget &widget) const
 {
-    return WholeFile::replace(path, report(packages, format));
+    return {widget.repoShell()->packages(),
+            {widget.repoPath(),
+             DependsModes::about(m_settings.choices().dependsRepoType),
+             QDateTime::currentDateTime()}};
 }
 
 void DependsReportCommands::copy()
@@ -63,14 +65,11 @@ void DependsReportCommands::copy()
     const RepoWidget *widget = m_tabs.current();
     if (widget == nullptr)
         return;
-    auto *watcher = new QFutureWatcher<QByteArray>(this);
-    connect(watcher, &QFutureWatcher<QByteArray>::finished, this, [this, watcher] {
-        QGuiApplication::clipboard()->setText(QString::fromUtf8(watcher->result()));
+    const auto work = [contents = contentsOf(*widget)] { return report(contents, Format::Text); };
+    aside(this, work, [this](const QByteArray &text) {
+        QGuiApplication::clipboard()->setText(QString::fromUtf8(text));
         m_feedback.announce(tr("Report is copied to clipboard"));
-        watcher->deleteLater();
     });
-    watcher->setFuture(QtConcurrent::run(
-        [packages = widget->repoShell()->packages()] { return report(packages, Format::Text); }));
 }
 
 void DependsReportCommands::save()
@@ -79,7 +78,7 @@ void DependsReportCommands::save()
     if (widget == nullptr)
         return;
     // What was in error when the command was given, whatever happens while the dialog is open.
-    const QList<PackageInfoPtr> packages = widget->repoShell()->packages();
+    const Contents contents = contentsOf(*widget);
     const QString name = QStringLiteral("%1_dependences.txt").arg(widget->repoShell()->repoInfo().name);
     const QString textFilter = tr("Text (*.txt)");
     const QString jsonFilter = tr("JSON (*.json)");
@@ -88,10 +87,9 @@ void DependsReportCommands::save()
     if (choice.path.isEmpty())
         return;
     const QString path = choice.path;
-    auto *watcher = new QFutureWatcher<QString>(this);
-    connect(watcher, &QFutureWatcher<QString>::finished, this, [this, watcher, path] {
-        const QString failure = watcher->result();
-        watcher->deleteLater();
+    const Format format = choice.filter == jsonFilter ? Format::Json : Format::Text;
+    const auto work = [contents, format, path] { return WholeFile::replace(path, report(contents, format)); };
+    aside(this, work, [this, path](const QString &failure) {
         if (!failure.isEmpty()) {
             m_feedback.error(tr("The report cannot be saved in %1.").arg(path), failure);
             return;
@@ -100,6 +98,4 @@ void DependsReportCommands::save()
         m_lastFolder = QFileInfo(path).absolutePath();
         m_feedback.announce(tr("The report is saved in %1.").arg(path));
     });
-    const Format format = choice.filter == jsonFilter ? Format::Json : Format::Text;
-    watcher->setFuture(QtConcurrent::run([packages, format, path] { return write(packages, format, path); }));
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "depends/dependsreport.h"
 
 #include <QObject>
 
@@ -9,13 +10,16 @@ class JobFeedback;
 class Prompts;
 class QAction;
 class RepoTabs;
+class RepoWidget;
+class SettingsCommands;
 
 /** Lets the user take along what the last checks found missing in the current tab's repository. */
 class DependsReportCommands : public QObject
 {
     Q_OBJECT
 public:
-    DependsReportCommands(RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, QObject *parent);
+    DependsReportCommands(
+        RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, SettingsCommands &settings, QObject *parent);
 
     /** What the user can do, for menus. */
     QList<QAction *> actions() const { return {m_copyAction, m_saveAction}; }
@@ -29,16 +33,23 @@ Q_SIGNALS:
 private:
     enum class Format { Text, Json };
 
+    /** What a report is made of. */
+    struct Contents
+    {
+        QList<PackageInfoPtr> packages;
+        DependsReport::Heading heading;
+    };
+
+    Contents contentsOf(const RepoWidget &widget) const;
     /** The report; takes a while for a large repository. From any thread. */
-    static QByteArray report(const QList<PackageInfoPtr> &packages, Format format);
-    /** Writes it; returns why that failed, empty when it did not. From any thread. */
-    static QString write(const QList<PackageInfoPtr> &packages, Format format, const QString &path);
+    static QByteArray report(const Contents &contents, Format format);
     void copy();
     void save();
 
     RepoTabs &m_tabs;
     Prompts &m_prompts;
     JobFeedback &m_feedback;
+    SettingsCommands &m_settings;
     QAction *m_copyAction;
     QAction *m_saveAction;
     QString m_lastFolder;

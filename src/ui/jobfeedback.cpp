@@ -229,7 +229,7 @@ void JobFeedback::logError(const RepoWidget *widget, const QString &text, const 
 
 void JobFeedback::notifyDesktop(const RepoWidget *widget, const Job &job) const
 {
-    const auto *window = qobject_cast<QWidget *>(m_prompts.parent());
+    const auto *window = m_prompts.window();
     const bool isLooking = QApplication::activeWindow() != nullptr && !window->isMinimized();
     if (!isLooking && !m_prompts.isDismissed() && job.runningTime.hasExpired(m_longJobTime))
         DesktopNotification::show(job.message, m_tabs.pathOf(widget));
@@ -323,7 +323,7 @@ void JobFeedback::packagesReplacementHandler(const QPointer<RepoWidget> &widget,
         return;
     const RepoShell::Newcomer newcomer = asking->repoShell()->newcomer();
     PackageReplacementDialog dialog(
-        collision, *package, singlePackage || newcomer.isLast, qobject_cast<QWidget *>(m_prompts.parent()));
+        collision, *package, singlePackage || newcomer.isLast, m_prompts.window());
     dialog.setRepository(about(widget));
     dialog.setNewcomer(newcomer.fileName, newcomer.version);
     // The engine waits for us, so the rules are still its own; closed without an answer, the package stays.

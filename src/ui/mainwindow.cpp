@@ -76,7 +76,7 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
     m_packages = new PackageCommands(*m_tabs, *m_prompts, *m_feedback, *m_settings, *m_repositories, this);
     new SourcesListCommand(m_ui->m_sourceListAction, m_ui->m_publicationMenu, *m_prompts, this);
     m_depends = new DependsCommands(*m_ui, *m_tabs, *m_prompts, *m_feedback, *m_settings, this);
-    m_reports = new DependsReportCommands(*m_tabs, *m_prompts, *m_feedback, this);
+    m_reports = new DependsReportCommands(*m_tabs, *m_prompts, *m_feedback, *m_settings, this);
     m_signing = new SigningCommands(*m_tabs, *m_prompts, *m_feedback, *m_settings, this);
     m_archives
         = new ArchiveCommands(*m_ui, *m_tabs, *m_prompts, *m_feedback, *m_settings, *m_repositories, this);
@@ -113,7 +113,14 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
     });
     connect(m_prompts, &Prompts::freed, this, &MainWindow::serveArrivals);
     connect(m_prompts, &Prompts::helpRequested, this, &MainWindow::showHelp);
-    connect(m_dependsModes, &DependsModes::chosen, m_settings, &SettingsCommands::setDependsRepoType);
+    connect(m_dependsModes, &DependsModes::chosen, this, [this](int mode) {
+        const bool isOther = mode != m_settings->choices().dependsRepoType;
+        m_settings->setDependsRepoType(mode);
+        const RepoWidget *widget = m_tabs->current();
+        if (isOther && mode != DependsNowhere && widget != nullptr && widget->hasCheckResults())
+            m_feedback->announce(
+                tr("The marks of the packages are those of the last check until the next one."));
+    });
     connect(m_depends, &DependsCommands::stateChanged, this, &MainWindow::updateActions);
     connect(m_reports, &DependsReportCommands::stateChanged, this, &MainWindow::updateActions);
     connect(m_settings, &SettingsCommands::changed, this, &MainWindow::showChoices);

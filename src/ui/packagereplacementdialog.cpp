@@ -48,7 +48,7 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
     , m_options(new QButtonGroup(this))
     , m_repositoryLabel(plainLabel(QString(), this))
     , m_versionsLabel(plainLabel(QString(), this))
-    , m_presentVersion(tr("%1 (%2)").arg(package.version, package.architecture))
+    , m_presentVersion(tr("%1 (%2)").arg(package.version, package.ownArchitecture()))
 {
     setWindowTitle(tr("Package replacement"));
     auto *rows = new QVBoxLayout(this);

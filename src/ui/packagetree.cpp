@@ -25,7 +25,8 @@ bool itemLess(const RepoItem &left, const RepoItem &right)
 {
     if (!left.isContainer())
         return packageLess(*left.package, *right.package);
-    if (const int order = left.title.compare(right.title))
+    // Sections without a readable name have a code in small letters.
+    if (const int order = left.title.compare(right.title, Qt::CaseInsensitive))
         return order < 0;
     return left.code < right.code;
 }

@@ -238,9 +238,11 @@ void PublicationCommands::changeLocalSources(bool add)
     if (line.isEmpty())
         return;
     const QPointer<RepoWidget> guard(widget);
-    const auto answer = [this, guard, add](bool done) {
+    const auto answer = [this, guard, add, line](bool done) {
         if (guard.isNull() || m_prompts.isDismissed())
             return;
+        if (done && !add)
+            tellWhatStays(line);
         m_localSources.refresh();
         const QString word = add ? tr("Repository is added to local sources list.")
                                  : tr("Repository is removed from local sources list.");
@@ -253,4 +255,20 @@ void PublicationCommands::changeLocalSources(bool add)
         widget->repoShell()->addLocalSource(line, answer);
     else
         widget->repoShell()->removeLocalSource(line, answer);
+}
+
+void PublicationCommands::tellWhatStays(const QString &line)
+{
+    // Only whole lines are removed, and one to which somebody has added something counts as the repository's too.
+    auto *once = new QObject(this);
+    connect(&m_localSources, &LocalSourcesWatch::refreshed, once, [this, once, line] {
+        once->deleteLater();
+        once->disconnect();
+        if (m_localSources.contains(line))
+            m_feedback.error(tr("The local sources list still has a line of this repository, which was "
+                                "changed by hand. Remove "
+                                "it with an editor."),
+                             line,
+                             RepoEnums::WARNING);
+    });
 }

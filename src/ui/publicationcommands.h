@@ -58,6 +58,7 @@ private:
     void unpublish(RepoWidget *widget);
     void unpublishAll(const QString &path, const std::function<void(bool)> &answer);
     void changeLocalSources(bool add);
+    void tellWhatStays(const QString &line);
     void showPublishedRepos();
 
     Ui::MainWindow &m_ui;

@@ -277,6 +277,11 @@ int RepoWidget::packagesInError() const
     return m_model->packageCount(DependError);
 }
 
+bool RepoWidget::hasCheckResults() const
+{
+    return m_model->packageCount(DependError) + m_model->packageCount(DependSuccess) > 0;
+}
+
 void RepoWidget::saveChoices()
 {
     m_publication->saveChoices();

@@ -86,8 +86,7 @@ void SettingsCommands::setChoices(const UserChoices &choices)
 
 bool SettingsCommands::editAddSettings(const QStringList &components, AddedFrom origin)
 {
-    AddPkgSettingsDialog dialog(
-        components, m_choices, m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
+    AddPkgSettingsDialog dialog(components, m_choices, m_prompts, m_prompts.window());
     dialog.setSigningVisible(m_signingOffered);
     dialog.setDependsCheckVisible(origin == AddedFrom::Files);
     if (m_prompts.run(dialog) != QDialog::Accepted)
@@ -125,7 +124,7 @@ void SettingsCommands::showAddPkgSettings()
 
 void SettingsCommands::showParametersDialog()
 {
-    ParametersDialog dialog(m_prompts, qobject_cast<QWidget *>(m_prompts.parent()));
+    ParametersDialog dialog(m_prompts, m_prompts.window());
     dialog.setShowPackageVersion(m_choices.showPkgVersion);
     dialog.setSignKeyId(m_choices.signKeyId);
     dialog.setSigningVisible(m_signingOffered);
@@ -152,7 +151,7 @@ bool SettingsCommands::chooseKeyIfNone()
 void SettingsCommands::editExternalRepos()
 {
     QSettings settings;
-    auto *window = qobject_cast<QWidget *>(m_prompts.parent());
+    auto *window = m_prompts.window();
     ExternalReposDialog dialog(ExternalRepos::load(settings), m_prompts, window);
     if (m_prompts.run(dialog) != QDialog::Accepted)
         return;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/signingcommands.h"
 
+#include "core/aside.h"
 #include "engine/reposhell.h"
 #include "signing/keylisting.h"
 #include "signing/repositorykey.h"
@@ -15,9 +16,7 @@
 
 #include <QClipboard>
 #include <QFileInfo>
-#include <QFutureWatcher>
 #include <QGuiApplication>
-#include <QtConcurrent>
 
 SigningCommands::SigningCommands(
     RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, SettingsCommands &settings, QObject *parent)
@@ -94,10 +93,8 @@ void SigningCommands::confirm(const Request &request, const KeyListing &listing)
 
 void SigningCommands::copyPublicKey(const QString &keyId)
 {
-    auto *watcher = new QFutureWatcher<RepositoryKey::Export>(this);
-    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
-        watcher->deleteLater();
-        const RepositoryKey::Export exported = watcher->result();
+    const auto read = [keyId] { return RepositoryKey::publicKey(keyId); };
+    aside(this, read, [this](const RepositoryKey::Export &exported) {
         if (exported.key.isEmpty()) {
             m_feedback.error(tr("The public key cannot be exported."), exported.errorText);
             return;
@@ -105,7 +102,6 @@ void SigningCommands::copyPublicKey(const QString &keyId)
         QGuiApplication::clipboard()->setText(QString::fromLatin1(exported.key));
         m_feedback.announce(tr("Public key is copied to clipboard"));
     });
-    watcher->setFuture(QtConcurrent::run(&RepositoryKey::publicKey, keyId));
 }
 
 void SigningCommands::savePublicKey(const RepoWidget &widget, const QString &keyId)
@@ -115,13 +111,11 @@ void SigningCommands::savePublicKey(const RepoWidget &widget, const QString &key
     const QString path = m_prompts.saveFile(tr("Save public key"), folder, name, {tr("Keys (*.asc)")}).path;
     if (path.isEmpty())
         return;
-    auto *watcher = new QFutureWatcher<QString>(this);
-    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, path] {
-        watcher->deleteLater();
-        if (watcher->result().isEmpty())
+    const auto save = [keyId, path] { return RepositoryKey::savePublicKey(keyId, path); };
+    aside(this, save, [this, path](const QString &failure) {
+        if (failure.isEmpty())
             m_feedback.announce(tr("The public key is saved in %1.").arg(path));
         else
-            m_feedback.error(tr("The public key cannot be saved in %1.").arg(path), watcher->result());
+            m_feedback.error(tr("The public key cannot be saved in %1.").arg(path), failure);
     });
-    watcher->setFuture(QtConcurrent::run(&RepositoryKey::savePublicKey, keyId, path));
 }

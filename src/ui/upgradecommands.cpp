@@ -41,25 +41,18 @@ void UpgradeCommands::attach(RepoWidget *widget)
     });
 }
 
-bool UpgradeCommands::isFree(const RepoWidget *widget) const
-{
-    return widget != nullptr && widget->isEnabled() && !m_tabs.isRunning(widget)
-           && !widget->repoPath().isEmpty();
-}
-
 void UpgradeCommands::updateActions()
 {
     const RepoWidget *widget = m_tabs.current();
-    m_action->setEnabled(isFree(widget) && widget->repoShell()->packageCount() > 0);
+    m_action->setEnabled(m_tabs.isFree(widget) && widget->repoShell()->packageCount() > 0);
 }
 
 void UpgradeCommands::showUpgradeRepoDialog()
 {
     const QPointer<RepoWidget> target = m_tabs.current();
-    if (!isFree(target))
+    if (!m_tabs.isFree(target))
         return;
-    UpgradeSourcesDialog dialog(
-        m_settings.externalRepos(), m_lastSources, qobject_cast<QWidget *>(m_prompts.parent()));
+    UpgradeSourcesDialog dialog(m_settings.externalRepos(), m_lastSources, m_prompts.window());
     if (m_prompts.run(dialog) != QDialog::Accepted)
         return;
     const QStringList sources = dialog.sources();
@@ -69,7 +62,7 @@ void UpgradeCommands::showUpgradeRepoDialog()
         return;
     }
     m_lastSources = sources;
-    if (isFree(target))
+    if (m_tabs.isFree(target))
         target->repoShell()->prepareUpgrade(sources);
 }
 
@@ -77,8 +70,9 @@ void UpgradeCommands::servePrepared()
 {
     if (m_prompts.isOpen())
         return;
-    const auto next = std::find_if(
-        m_prepared.cbegin(), m_prepared.cend(), [this](const RepoWidget *widget) { return isFree(widget); });
+    const auto next = std::find_if(m_prepared.cbegin(), m_prepared.cend(), [this](const RepoWidget *widget) {
+        return m_tabs.isFree(widget);
+    });
     // When the dialog has gone, Prompts::freed() calls again for the rest.
     if (next != m_prepared.cend())
         choosePackages(m_prepared.takeAt(static_cast<int>(next - m_prepared.cbegin())));
@@ -88,14 +82,13 @@ void UpgradeCommands::choosePackages(RepoWidget *widget)
 {
     const QPointer<RepoWidget> target(widget);
     m_tabs.bringToFront(widget);
-    UpgradePackagesDialog dialog(widget->repoShell()->upgradablePackages(),
-                                 m_settings.aliases(),
-                                 qobject_cast<QWidget *>(m_prompts.parent()));
+    UpgradePackagesDialog dialog(
+        widget->repoShell()->upgradablePackages(), m_settings.aliases(), m_prompts.window());
     const bool isChosen = m_prompts.run(dialog) == QDialog::Accepted;
     if (target.isNull())
         return;
     RepoShell *engine = target->repoShell();
-    if (isChosen && isFree(target))
+    if (isChosen && m_tabs.isFree(target))
         engine->upgradeRepo(dialog.packages(), m_settings.addOptions(engine->repoInfo().componentList()));
     else
         engine->removeCustomSourcesListFile(RepoEnums::UPGRADE_JOB);

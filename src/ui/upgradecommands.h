@@ -24,7 +24,6 @@ public:
 
 private:
     void attach(RepoWidget *widget);
-    bool isFree(const RepoWidget *widget) const;
     void showUpgradeRepoDialog();
     void servePrepared();
     void choosePackages(RepoWidget *widget);

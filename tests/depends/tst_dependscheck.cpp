@@ -450,9 +450,16 @@ private Q_SLOTS:
         const auto summary = DependsReport::summary(packages);
         QCOMPARE(summary.errors * 100 + summary.satisfied * 10 + summary.unchecked, 211);
         QCOMPARE(summary.mostWanted.size(), 2);
-        QVERIFY(
-            DependsReport::text(packages).contains("\np 1 (main, amd64)\n  nosuch: no source offers it\n"_s));
-        const auto json = QJsonDocument::fromJson(DependsReport::json(packages)).object();
+        const DependsReport::Heading heading{"/srv/r"_s, "all repos"_s, QDateTime({2026, 11, 21}, {7, 5})};
+        const QString text = DependsReport::text(packages, heading);
+        QVERIFY(text.startsWith("Repository: /srv/r\nMode: all repos\nDate: 2026-11-21T07:05:00\n\n"_s));
+        QVERIFY(text.contains("\np 1 (main, amd64)\n  nosuch: no source offers it\n"_s));
+        PackageInfo early = *packages.at(1);
+        early.name = "a"_s;
+        const QString sorted = DependsReport::text({packages.at(1), PackageInfoPtr::create(early)}, heading);
+        QVERIFY(sorted.indexOf("\na 1 ("_s) > 0 && sorted.indexOf("\na 1 ("_s) < sorted.indexOf("\np 1 ("_s));
+        const auto json = QJsonDocument::fromJson(DependsReport::json(packages, heading)).object();
+        QCOMPARE(json["repository"_s].toString() + json["mode"_s].toString(), "/srv/rall repos"_s);
         QCOMPARE(json["packages"_s][1]["missing"_s][0]["entry"_s].toString(), "nosuch | foo (>> 8)"_s);
     }
 };

@@ -108,6 +108,12 @@ private Q_SLOTS:
         action("m_copyReportAction")->trigger();
         WAIT_FOR(QGuiApplication::clipboard()->text().contains("app 1.0 (main, amd64)"_s));
 
+        QVERIFY(QGuiApplication::clipboard()->text().contains("Mode: Check depends in local repo"_s));
+        // Another mode leaves the marks as they are, and says so.
+        action("m_checkDependsAllAction")->trigger();
+        QVERIFY(m_driver->message().startsWith("The marks of the packages are those of the last check"_s));
+        action("m_checkDependsLocalAction")->trigger();
+
         // What is there already cannot be added, what is missing can; the copy has its own key.
         QMenu *menu = menuOf(dependency("base"));
         WAIT_FOR(menu->isVisible());

@@ -122,6 +122,8 @@ private Q_SLOTS:
     {
         QVERIFY(veltHelpShow(nullptr));
         QVERIFY(QTest::qWaitForWindowActive(shownWindow()));
+        const QSize room = shownWindow()->screen()->availableSize();
+        QVERIFY(room.width() > shownWindow()->width() && room.height() > shownWindow()->height());
         auto *line = shownWindow()->findChild<QLineEdit *>();
         line->setText("/etc/apt/keyrings"_s);
         QSet<QString> visited;

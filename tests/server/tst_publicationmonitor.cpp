@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "server/listeningports.h"
+#include "server/localsourceswatch.h"
 #include "server/publicationmonitor.h"
 #include "server/publicationrules.h"
 #include "support/literals.h"
@@ -58,6 +59,25 @@ class PublicationMonitorTest : public QObject
     PrivateBus m_bus;
 
 private Q_SLOTS:
+    void localSourcesWatch()
+    {
+        const QTemporaryDir folder;
+        const QString list = folder.filePath("x.list"_s);
+        writeFile(list, "deb http://a/ x main # mine\n");
+        LocalSourcesWatch watch(nullptr, list);
+        QSignalSpy changed(&watch, &LocalSourcesWatch::changed);
+        QSignalSpy refreshed(&watch, &LocalSourcesWatch::refreshed);
+        // Also the same list is told of, once however often it was asked for.
+        watch.refresh();
+        watch.refresh();
+        QVERIFY(refreshed.wait());
+        QVERIFY(watch.contains("deb http://a/ x main"_s));
+        watch.refresh();
+        QVERIFY(refreshed.wait());
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(refreshed.count(), 2);
+    }
+
     void monitor()
     {
         const auto gate = std::make_shared<Gate>();

@@ -62,14 +62,16 @@ private Q_SLOTS:
         Fixture f({stored(named("zsh").section("shells"_s)),
                    stored(named("bash").section("shells"_s)),
                    stored(named("fw").component("non-free"_s).section("kde"_s)),
+                   stored(named("site").section("golang"_s)),
                    stored(named("apt"))});
-        QCOMPARE(treeText(f.model),
-                 "repo{main{Shells{bash, zsh}, System Administration{apt}}, non-free{kde{fw}}}"_s);
+        QCOMPARE(
+            treeText(f.model),
+            "repo{main{golang{site}, Shells{bash, zsh}, System Administration{apt}}, non-free{kde{fw}}}"_s);
         QCOMPARE(treeText(f.proxy), treeText(f.model));
         f.proxy.sort(0, Qt::DescendingOrder);
         f.proxy.setRepositoryItemHidden(true);
         QCOMPARE(treeText(f.proxy),
-                 "non-free{kde{fw}}, main{System Administration{apt}, Shells{zsh, bash}}"_s);
+                 "non-free{kde{fw}}, main{System Administration{apt}, Shells{zsh, bash}, golang{site}}"_s);
         f.model.clearRepository();
         QCOMPARE(treeText(f.proxy), QString());
     }
