@@ -297,15 +297,15 @@
     </message>
     <message>
         <source>Repository: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Repository: %1</translation>
     </message>
     <message>
         <source>Mode: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Modus: %1</translation>
     </message>
     <message>
         <source>Date: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Datum: %1</translation>
     </message>
 </context>
 <context>
@@ -950,7 +950,7 @@
     </message>
     <message>
         <source>The marks of the packages are those of the last check until the next one.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Zeichen der Pakete sind bis zur nächsten Prüfung die der letzten.</translation>
     </message>
 </context>
 <context>
@@ -1426,7 +1426,7 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>The local sources list still has a line of this repository, which was changed by hand. Remove it with an editor.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die lokale Paketquellenliste enthält noch eine Zeile dieses Repositorys, die von Hand geändert wurde. Entfernen Sie sie mit einem Texteditor.</translation>
     </message>
 </context>
 <context>
@@ -3337,15 +3337,15 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
     <message>
         <source>These are too many files for one start of the program.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das sind zu viele Dateien für einen Start des Programms.</translation>
     </message>
     <message>
         <source>The program is running already and does not answer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Programm läuft bereits und antwortet nicht.</translation>
     </message>
     <message>
         <source>Nothing has been added.</source>
-        <translation type="unfinished"></translation>
+        <translation>Es wurde nichts hinzugefügt.</translation>
     </message>
 </context>
 </TS>

@@ -298,15 +298,15 @@
     </message>
     <message>
         <source>Repository: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Репозиторий: %1</translation>
     </message>
     <message>
         <source>Mode: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Режим: %1</translation>
     </message>
     <message>
         <source>Date: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Дата: %1</translation>
     </message>
 </context>
 <context>
@@ -951,7 +951,7 @@
     </message>
     <message>
         <source>The marks of the packages are those of the last check until the next one.</source>
-        <translation type="unfinished"></translation>
+        <translation>До следующей проверки значки пакетов показывают итог последней.</translation>
     </message>
 </context>
 <context>
@@ -1430,7 +1430,7 @@ One or more values</source>
     </message>
     <message>
         <source>The local sources list still has a line of this repository, which was changed by hand. Remove it with an editor.</source>
-        <translation type="unfinished"></translation>
+        <translation>В локальном списке источников осталась строка этого репозитория, изменённая вручную. Удалите её в текстовом редакторе.</translation>
     </message>
 </context>
 <context>
@@ -3355,15 +3355,15 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
     <message>
         <source>These are too many files for one start of the program.</source>
-        <translation type="unfinished"></translation>
+        <translation>Слишком много файлов для одного запуска программы.</translation>
     </message>
     <message>
         <source>The program is running already and does not answer.</source>
-        <translation type="unfinished"></translation>
+        <translation>Программа уже запущена и не отвечает.</translation>
     </message>
     <message>
         <source>Nothing has been added.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ничего не добавлено.</translation>
     </message>
 </context>
 </TS>
