@@ -1527,7 +1527,7 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>The system bus cannot be reached. Without it, nothing in the system can be changed. Start the service dbus, then this program once more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Systembus ist nicht erreichbar. Ohne ihn lässt sich im System nichts ändern. Starten Sie den Dienst dbus, danach dieses Programm erneut.</translation>
     </message>
 </context>
 <context>
@@ -1621,7 +1621,7 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>The service %1 could not be stopped. &quot;systemctl status %1&quot; tells more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Der Dienst %1 konnte nicht beendet werden. „systemctl status %1“ sagt mehr.</translation>
     </message>
 </context>
 <context>

@@ -1531,7 +1531,7 @@ One or more values</source>
     </message>
     <message>
         <source>The system bus cannot be reached. Without it, nothing in the system can be changed. Start the service dbus, then this program once more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Системная шина недоступна. Без неё в системе ничего нельзя изменить. Запустите службу dbus, затем эту программу ещё раз.</translation>
     </message>
 </context>
 <context>
@@ -1626,7 +1626,7 @@ One or more values</source>
     </message>
     <message>
         <source>The service %1 could not be stopped. &quot;systemctl status %1&quot; tells more.</source>
-        <translation type="unfinished"></translation>
+        <translation>Не удалось остановить службу %1. Подробности покажет «systemctl status %1».</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,7 @@
 #include "depends/privateapt.h"
 
 #include "core/processutils.h"
+#include "core/removetree.h"
 #include "core/wholefile.h"
 #include "depends/aptcommands.h"
 #include "depends/aptfetch.h"
@@ -238,6 +239,6 @@ void PrivateApt::removeOldStates() const
             continue;
         QLockFile lock(folder.filePath() + QLatin1Char('/') + LockName);
         if (lock.tryLock(0))
-            QDir(folder.filePath()).removeRecursively();
+            removeTree(folder.filePath());
     }
 }

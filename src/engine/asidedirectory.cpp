@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/asidedirectory.h"
 
-#include <QDir>
+#include "core/removetree.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -47,10 +48,7 @@ bool AsideDirectory::remove()
 {
     if (m_place.isEmpty())
         return true;
-    // Behind a link everything would go but the link.
-    const bool removed
-        = QFileInfo(m_place).isSymLink() ? QFile::remove(m_place) : QDir(m_place).removeRecursively();
-    return removed;
+    return removeTree(m_place);
 }
 
 QString AsideDirectory::rename(const QString &from, const QString &to)

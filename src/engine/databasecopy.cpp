@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/databasecopy.h"
 
+#include "core/removetree.h"
 #include "core/wholefile.h"
 #include "engine/distributionsfile.h"
 #include "signing/signprocess.h"
@@ -14,6 +15,7 @@
 #include <cstdio>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace
@@ -89,7 +91,7 @@ bool putSignaturesBack(const QString &repoPath, const QString &source)
 bool copyFiles(const QString &repoPath)
 {
     const QString target = unfinishedPlace(repoPath);
-    QDir(target).removeRecursively();
+    removeTree(target);
     if (!QDir().mkdir(target))
         return false;
     const QStringList files = filesToCopy(repoPath);
@@ -98,8 +100,29 @@ bool copyFiles(const QString &repoPath)
     });
     if (copied && copySignatures(repoPath, target) && rename(target, place(repoPath)))
         return true;
-    QDir(target).removeRecursively();
+    removeTree(target);
     return false;
+}
+
+/** A folder that one who may change the database has made: what somebody else has put there, or let a link name, is
+ *  neither read nor deleted. */
+bool isOurs(const QString &repoPath, const QString &folder)
+{
+    struct stat database = {};
+    struct stat present = {};
+    return ::stat(QFile::encodeName(inDatabase(repoPath, {})).constData(), &database) == 0
+           && ::lstat(QFile::encodeName(folder).constData(), &present) == 0 && S_ISDIR(present.st_mode)
+           && (present.st_uid == ::geteuid() || present.st_uid == database.st_uid);
+}
+
+/** The file of the copy takes its place, and what was there goes aside. */
+bool putFileBack(const QString &repoPath, const QDir &copy, const QString &file)
+{
+    const QString target = inDatabase(repoPath, file);
+    const QString aside = DatabaseCopy::asideFolder(repoPath) + QLatin1Char('/') + file;
+    // Where it cannot be kept the good one is worth more.
+    rename(target, aside);
+    return rename(copy.filePath(file), target);
 }
 } // namespace
 
@@ -115,6 +138,10 @@ DatabaseCopy::Outcome DatabaseCopy::make(const QString &repoPath)
     if (descriptor < 0)
         return Outcome::Locked;
     ::close(descriptor);
+    // In the place of a link no folder can be put.
+    for (const QString &path : {place(repoPath), condemnedPlace(repoPath)})
+        if (QFileInfo(path).isSymLink())
+            QFile::remove(path);
     const bool isMade = copyFiles(repoPath);
     ::unlink(lock.constData());
     return isMade ? Outcome::Made : Outcome::Failed;
@@ -122,7 +149,7 @@ DatabaseCopy::Outcome DatabaseCopy::make(const QString &repoPath)
 
 bool DatabaseCopy::exists(const QString &repoPath)
 {
-    return QFile::exists(place(repoPath)) || isCondemned(repoPath);
+    return isOurs(repoPath, place(repoPath)) || isCondemned(repoPath);
 }
 
 QString DatabaseCopy::folder(const QString &repoPath)
@@ -143,7 +170,7 @@ void DatabaseCopy::condemn(const QString &repoPath)
 
 bool DatabaseCopy::isCondemned(const QString &repoPath)
 {
-    return QFile::exists(condemnedPlace(repoPath));
+    return isOurs(repoPath, condemnedPlace(repoPath));
 }
 
 bool DatabaseCopy::putBack(const QString &repoPath)
@@ -154,12 +181,16 @@ bool DatabaseCopy::putBack(const QString &repoPath)
     if (files.removeOne(PackagesFile))
         files.append(PackagesFile);
     QFile::remove(inDatabase(repoPath, ReleaseCache));
+    const QString aside = asideFolder(repoPath);
+    if (!isOurs(repoPath, aside)) {
+        removeTree(aside);
+        QDir().mkdir(aside);
+    }
     return putSignaturesBack(repoPath, source.path())
-           && std::all_of(
-               files.cbegin(),
-               files.cend(),
-               [&](const QString &file) { return rename(source.filePath(file), inDatabase(repoPath, file)); })
-           && source.removeRecursively();
+           && std::all_of(files.cbegin(),
+                          files.cend(),
+                          [&](const QString &file) { return putFileBack(repoPath, source, file); })
+           && removeTree(source.path());
 }
 
 void DatabaseCopy::drop(const QString &repoPath)
@@ -167,20 +198,30 @@ void DatabaseCopy::drop(const QString &repoPath)
     // Under the name of a copy that is not finished, half of it is taken for what it is.
     const QString rest = unfinishedPlace(repoPath);
     for (const QString &path : {place(repoPath), condemnedPlace(repoPath)}) {
-        if (!QFile::exists(path))
+        if (!isOurs(repoPath, path))
             continue;
-        QDir(rest).removeRecursively();
-        QDir(rename(path, rest) ? rest : path).removeRecursively();
+        removeTree(rest);
+        removeTree(rename(path, rest) ? rest : path);
     }
-    if (QFile::exists(rest))
-        QDir(rest).removeRecursively();
+    removeTree(rest);
+}
+
+bool DatabaseCopy::isUnfinished(const QString &repoPath)
+{
+    return isOurs(repoPath, unfinishedPlace(repoPath));
+}
+
+QString DatabaseCopy::asideFolder(const QString &repoPath)
+{
+    return inDatabase(repoPath, QStringLiteral("velt-admin-repo.damaged"));
 }
 
 // --- the description ---------------------------------------------------------------------------------------------
 
 bool DatabaseCopy::keepDescription(const QString &repoPath, const QByteArray &bytes)
 {
-    return (exists(repoPath) || QDir().mkpath(place(repoPath)))
+    const QDir database(inDatabase(repoPath, {}));
+    return (exists(repoPath) || (database.mkpath(database.path()) && database.mkdir(place(repoPath))))
            && WholeFile::replace(folder(repoPath) + DescriptionFile, bytes).isEmpty();
 }
 

@@ -31,9 +31,13 @@ QDateTime time(const QString &repoPath);
 /** Says for whoever opens the repository next that the database must not be used any more. */
 void condemn(const QString &repoPath);
 bool isCondemned(const QString &repoPath);
-/** The copy takes the place of the database. When it is cut short it can be done again. */
+/** The copy takes the place of the database, which goes to asideFolder(). When it is cut short it can be done again. */
 bool putBack(const QString &repoPath);
+/** Where the last database lies that a copy has replaced: it may know of changes that nobody else does. */
+QString asideFolder(const QString &repoPath);
 void drop(const QString &repoPath);
+/** Whether one was killed that made a copy; drop() deletes what is there of it. */
+bool isUnfinished(const QString &repoPath);
 
 /**
  * Keeps the description (conf/distributions) that goes with the copy, before another one takes its place; also where

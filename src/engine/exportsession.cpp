@@ -2,11 +2,14 @@
 #include "engine/exportsession.h"
 
 #include "engine/databasecopy.h"
+#include "engine/joblock.h"
+#include "engine/poolfiles.h"
 #include "engine/privateconfig.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
 
 #include <QFile>
+#include <QSet>
 
 #include <cstdlib>
 #include <utility>
@@ -19,9 +22,10 @@ QString markerFile(const QString &repoPath)
 }
 } // namespace
 
-ExportSession::ExportSession(const QString &repoPath, Run run)
+ExportSession::ExportSession(const QString &repoPath, Run run, JobLock &lock)
     : m_repoPath(repoPath)
     , m_run(std::move(run))
+    , m_lock(lock)
     , m_exportOwed(isExportOwed(repoPath))
 { }
 
@@ -35,11 +39,7 @@ ProcessResult ExportSession::modify(const QString &arguments)
 ProcessResult ExportSession::remove(const QString &arguments, bool makesRoom)
 {
     if (!makesRoom) {
-        if (m_silentConfig && !m_removed) {
-            m_removed = true;
-            // Files that others keep in the pool without use are not ours to delete at the end.
-            m_mayCleanUp = run(ReproCommand::dumpUnreferenced()).output.trimmed().isEmpty();
-        }
+        m_removed = m_removed || m_silentConfig;
         return change(arguments, m_silentConfig.get());
     }
     if (!m_silentConfig && !PrivateConfig::keepsUnreferencedFiles(m_repoPath))
@@ -53,9 +53,10 @@ ProcessResult ExportSession::keep()
 {
     if (const auto refusal = keepDatabase())
         return *refusal;
-    // With another description it could not be asked.
+    // With another description it could not be asked. Not all that such a change sets free can be told before.
     const ProcessResult unused = run(ReproCommand::dumpUnreferenced());
-    m_mayCleanUp = unused.succeeded() && unused.output.trimmed().isEmpty();
+    if (unused.succeeded())
+        m_strangers = unused.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     ProcessResult result;
     result.started = true;
     return result;
@@ -83,6 +84,9 @@ ProcessResult ExportSession::changeSilently(const QString &arguments)
 
 void ExportSession::mayLeave(const QString &poolFile)
 {
+    // A job that is refused leaves the marker of the other one alone.
+    if (!m_lock.take(m_repoPath))
+        return;
     QFile marker(markerFile(m_repoPath));
     if (poolFile.startsWith(m_repoPath + QLatin1Char('/')) && marker.open(QIODevice::Append))
         marker.write((poolFile.mid(m_repoPath.size() + 1) + QLatin1Char('\n')).toUtf8());
@@ -101,8 +105,19 @@ bool ExportSession::dropUnreferencedFiles()
     // First the indices, since those on disk may still name the files that go.
     if (m_disturbed || (m_exportOwed && !writeIndices().succeeded()))
         return false;
+    return dropUnused().succeeded();
+}
+
+ProcessResult ExportSession::dropUnused()
+{
     m_removed = false;
-    return run(ReproCommand::deleteUnreferenced()).succeeded();
+    const QStringList left = filesLeft(m_repoPath);
+    const QSet<QString> named(left.cbegin(), left.cend());
+    const auto areOurs = [&](const QString &file) {
+        return named.contains(file) || (m_strangers && !m_strangers->contains(file));
+    };
+    return PoolFiles::dropUnused(
+        m_repoPath, areOurs, [this](const QString &arguments) { return run(arguments); });
 }
 
 ProcessResult ExportSession::finish()
@@ -111,15 +126,17 @@ ProcessResult ExportSession::finish()
     result.started = true;
     if (m_trouble)
         return *m_trouble;
+    // Without a change nothing is owed; another job may be at work.
+    if (!m_isKept)
+        return result;
     if (m_exportOwed)
         result = writeIndices();
     // References that could not be written make files look as if nobody needed them.
     if (m_disturbed)
         return result;
     // As long as the indices on disk are old, clients may still fetch what they name.
-    if (m_removed && m_mayCleanUp && !m_exportOwed && !PrivateConfig::keepsUnreferencedFiles(m_repoPath)) {
-        m_removed = run(ReproCommand::deleteUnreferenced()).crashed();
-    }
+    if (m_removed && !m_exportOwed && !PrivateConfig::keepsUnreferencedFiles(m_repoPath))
+        m_removed = dropUnused().crashed();
     if (!m_exportOwed && !m_removed)
         clearMarker(m_repoPath);
     return result;
@@ -163,24 +180,39 @@ std::optional<ProcessResult> ExportSession::keepDatabase()
 {
     if (m_refusal || m_isKept)
         return m_refusal;
+    if (!m_lock.take(m_repoPath)) {
+        refuse(tr("The repository %1 is being changed by another program. Try again when it is done.")
+                   .arg(m_repoPath));
+        return m_refusal;
+    }
+    // The copy is all that is good, and the end of a job drops it.
+    if (DatabaseCopy::isCondemned(m_repoPath)) {
+        refuse(tr("The database of the repository is damaged and could not be put back. Make room "
+                  "on the disk, and open the repository again."));
+        return m_refusal;
+    }
     DatabaseCopy::Outcome outcome = DatabaseCopy::make(m_repoPath);
-    if (outcome == DatabaseCopy::Outcome::Locked) {
-        // A run finds out whether the lock is of any worth, and has the user asked to take it away.
+    // Programs that work on the repository now and then can come between twice, but hardly more often.
+    for (int attempt = 0; attempt < 3 && outcome == DatabaseCopy::Outcome::Locked; ++attempt) {
+        // A run finds out whether the lock is of any worth, waits for it, or has the user asked to take it away.
         const ProcessResult result = run(ReproCommand::dumpUnreferenced());
         if (!result.started || ReproAnswer::databaseLocked(result.errorOutput))
             return result;
         outcome = DatabaseCopy::make(m_repoPath);
     }
     m_isKept = outcome == DatabaseCopy::Outcome::Made;
-    if (!m_isKept) {
-        m_refusal.emplace();
-        m_refusal->started = true;
-        m_refusal->exitCode = EXIT_FAILURE;
-        m_refusal->errorOutput
-            = tr("The database of the repository could not be copied, so nothing was changed. "
-                 "Is there room on the disk?");
-    }
+    if (!m_isKept)
+        refuse(tr("The database of the repository could not be copied, so nothing was changed. "
+                  "Is there room on the disk?"));
     return m_refusal;
+}
+
+void ExportSession::refuse(const QString &reason)
+{
+    m_refusal.emplace();
+    m_refusal->started = true;
+    m_refusal->exitCode = EXIT_FAILURE;
+    m_refusal->errorOutput = reason;
 }
 
 ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *config)

@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 
+class JobLock;
 class PrivateConfig;
 
 /**
@@ -19,7 +20,8 @@ class PrivateConfig;
  * each time makes a job's time grow with the square of its packages.
  *
  * From the first change to the end of the job a marker lies in the repository's db folder, so that whoever opens the repository after a
- * crash writes them first. It names the files that the job was about. The database is copied before the first change.
+ * crash writes them first. It names the files that the job was about. Before the first change the repository is locked against other jobs, and
+ * the database is copied.
  */
 class ExportSession
 {
@@ -28,7 +30,8 @@ public:
     /** Runs reprepro with these arguments and additional environment. */
     using Run = std::function<ProcessResult(const QString &arguments, const QStringList &environment)>;
 
-    ExportSession(const QString &repoPath, Run run);
+    /** The lock is that of the whole job, which may have several sessions, and stays locked at the end of this one. */
+    ExportSession(const QString &repoPath, Run run, JobLock &lock);
     /** Does not export: without finish() the marker stays for the next one who opens the repository. */
     ~ExportSession();
     ExportSession(const ExportSession &) = delete;
@@ -57,8 +60,9 @@ public:
     void mayLeave(const QString &poolFile);
     /** For when the indices turned out not to tell what is in the database. */
     void oweExport();
-    /** Makes room for a file that an earlier, interrupted run has left in the pool without use. False when the
-     *  repository's own options ask to keep such files, or when the indices may still name them. */
+    /** Makes room for a file that an earlier, interrupted run has left in the pool without use, and that mayLeave() was
+     *  told of. False when the repository's own options ask to keep such files, or when the indices may still name
+     *  them. */
     bool dropUnreferencedFiles();
 
     /** Writes what is owed and drops the files that no index names any more. A result that failed leaves the
@@ -66,6 +70,8 @@ public:
     ProcessResult finish();
     /** Whether a run died or could not write the database. Then the marker stays, and JobRecovery has work to do. */
     bool isDisturbed() const { return m_disturbed; }
+    /** Whether it may have changed anything. */
+    bool isBegun() const { return m_isKept; }
     /** Whether the database could not be read or written. From then on nothing is run any more, and the copy of it
      *  from before the session (DatabaseCopy) is the one to use. */
     bool isDamaged() const { return m_trouble.has_value(); }
@@ -82,18 +88,22 @@ public:
 private:
     QString m_repoPath;
     Run m_run;
+    JobLock &m_lock;
     std::unique_ptr<PrivateConfig> m_silentConfig; ///< set once the first run has gone well
     std::unique_ptr<PrivateConfig> m_deletingConfig; ///< made when a removal has to make room
     bool m_exportOwed;
-    bool m_removed = false; ///< files may lie in the pool that nothing needs
+    bool m_removed = false; ///< files may lie in the pool that nothing needs any more
     bool m_disturbed = false;
+    std::optional<QStringList>
+        m_strangers; ///< files that were without use when the database was kept by keep()
     bool m_isKept = false; ///< the database has been copied
-    bool m_mayCleanUp = false; ///< those files are ours alone
     std::optional<ProcessResult> m_trouble; ///< of the run that met a damaged database
     std::optional<ProcessResult> m_refusal; ///< why nothing may be changed
 
     ProcessResult run(const QString &arguments, const QStringList &environment = {});
     std::optional<ProcessResult> keepDatabase();
+    void refuse(const QString &reason);
+    ProcessResult dropUnused();
     ProcessResult change(const QString &arguments, PrivateConfig *config);
     ProcessResult changeSilently(const QString &arguments);
     ProcessResult writeIndices();

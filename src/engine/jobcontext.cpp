@@ -13,8 +13,11 @@
 
 #include <QFile>
 #include <QMutexLocker>
+#include <QScopeGuard>
 #include <QThread>
 #include <QThreadPool>
+
+#include <chrono>
 
 JobContext::JobContext(RepoShell &shell)
     : m_shell(shell)
@@ -58,7 +61,8 @@ ProcessResult JobContext::runWith(const QString &arguments, const QStringList &e
 {
     const QString repoPath = path();
     ProcessResult result = runReproOn(repoPath, arguments, environment);
-    if (ReproAnswer::databaseLocked(result.errorOutput) && clearStaleLock(repoPath))
+    QElapsedTimer waited;
+    while (ReproAnswer::databaseLocked(result.errorOutput) && waitForLock(repoPath, &waited))
         result = runReproOn(repoPath, arguments, environment);
     {
         const QMutexLocker lock(&m_mutex);
@@ -72,16 +76,42 @@ ProcessResult JobContext::runWith(const QString &arguments, const QStringList &e
     return result;
 }
 
-bool JobContext::clearStaleLock(const QString &repoPath)
+bool JobContext::waitForLock(const QString &repoPath, QElapsedTimer *waited)
 {
-    const RepoLock::State state = RepoLock::state(repoPath);
-    if (state == RepoLock::State::Free)
-        return true; // whoever had it has just finished
-    if (state != RepoLock::State::Stale) {
-        critical(tr("The repository %1 is being changed by another program. Try again when it is done.")
-                     .arg(repoPath));
+    constexpr int Patience = 5000; // milliseconds
+    // A job that was told to wait in vain tries the rest of what it has to do once.
+    if (m_lockedOut)
         return false;
+    // What follows a stop, as writing the indices does, is no less needed.
+    const bool heedsStop = !m_canceled;
+    bool wasStale = false;
+    if (!waited->isValid())
+        waited->start();
+    while (pause(heedsStop)) {
+        const RepoLock::State state = RepoLock::state(repoPath);
+        // A program that has just begun has the lock before it has the database open.
+        if (state == RepoLock::State::Stale && wasStale) {
+            if (removeStaleLock(repoPath))
+                return true;
+            critical(tr("The database of the repository %1 stays locked, so nothing more was done.")
+                         .arg(repoPath));
+            break;
+        }
+        wasStale = state == RepoLock::State::Stale;
+        if (!wasStale && waited->hasExpired(Patience)) {
+            critical(tr("The repository %1 is being changed by another program. Try again when it is done.")
+                         .arg(repoPath));
+            break;
+        }
+        if (state == RepoLock::State::Free)
+            return true;
     }
+    m_lockedOut = true;
+    return false;
+}
+
+bool JobContext::removeStaleLock(const QString &repoPath)
+{
     const bool remove
         = ask(tr("Repository is locked"),
               tr("The database of the repository %1 is locked, but no program uses it: an earlier run "
@@ -92,7 +122,14 @@ bool JobContext::clearStaleLock(const QString &repoPath)
         return false;
     // Between question and answer somebody else may have begun to work, or have finished.
     const RepoLock::State now = RepoLock::state(repoPath);
-    return now == RepoLock::State::Free || (now == RepoLock::State::Stale && RepoLock::remove(repoPath));
+    return now != RepoLock::State::Stale || RepoLock::remove(repoPath);
+}
+
+bool JobContext::pause(bool heedsStop)
+{
+    constexpr std::chrono::milliseconds Interval(100);
+    std::unique_lock<std::mutex> lock(m_waiting);
+    return !m_stopWish.wait_for(lock, Interval, [this, heedsStop] { return heedsStop && m_canceled; });
 }
 
 QString JobContext::lastOutput() const
@@ -116,13 +153,15 @@ JobContext::packageFilePath(const QString &name, const QString &component, const
 
 ExportSession JobContext::makeSession()
 {
-    return ExportSession(path(), [this](const QString &arguments, const QStringList &environment) {
+    const auto run = [this](const QString &arguments, const QStringList &environment) {
         return runWith(arguments, environment);
-    });
+    };
+    return ExportSession(path(), run, m_lock);
 }
 
 bool JobContext::finishSession(ExportSession *session)
 {
+    const auto unlocked = qScopeGuard([this] { unlock(); });
     JobRecovery recovery(*this);
     // Before anything is written from a database that may have lost packages.
     if (session->isDisturbed() && recovery.undoJob())
@@ -132,7 +171,8 @@ bool JobContext::finishSession(ExportSession *session)
         return false;
     if (session->isDisturbed() && result.succeeded())
         recovery.repair();
-    DatabaseCopy::drop(path());
+    if (session->isBegun())
+        DatabaseCopy::drop(path());
     // A run that could not start or crashed has been reported by the runner.
     if (result.succeeded() || !result.started || result.crashed())
         return true;
@@ -150,6 +190,12 @@ bool JobContext::finishSession(ExportSession *session)
 void JobContext::critical(const QString &text, const QString &details, ErrorType error)
 {
     Q_EMIT m_shell.critical(text, details, error);
+}
+
+void JobContext::runFailed(const QString &text, const QString &details)
+{
+    if (!m_lockedOut)
+        critical(text, details);
 }
 
 void JobContext::noted(const QString &text)
@@ -226,9 +272,13 @@ void JobContext::setProgressRange(int range)
 
 void JobContext::cancel()
 {
-    const QMutexLocker lock(&m_mutex);
-    m_canceled = true;
-    m_startMessage.clear();
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_canceled = true;
+        m_startMessage.clear();
+    }
+    const std::lock_guard<std::mutex> waiting(m_waiting);
+    m_stopWish.notify_all();
 }
 
 void JobContext::setClosing()

@@ -7,16 +7,20 @@
 #include "core/repoinfo.h"
 #include "core/settingskeys.h"
 #include "depends/externalrepos.h"
+#include "engine/joblock.h"
 #include "engine/newcomer.h"
 #include "engine/packagelist.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QMutex>
 #include <QStringList>
 
 #include <atomic>
+#include <condition_variable>
 #include <functional>
 #include <memory>
+#include <mutex>
 
 class ExportSession;
 class RepoShell;
@@ -49,10 +53,15 @@ public:
 
     /** The exit code, or -1 after critical() when it could not be started or crashed. */
     int runReprepro(const QString &arguments);
+    /** Tells as runReprepro() does; `environment` is additional. */
+    ProcessResult runWith(const QString &arguments, const QStringList &environment);
     /** Output and error output of the last run; any thread. */
     QString lastOutput() const;
     QString lastErrorOutput() const;
     QString packageFilePath(const QString &name, const QString &component, const QString &architecture);
+    /** False when another job works on the repository. The lock goes with the job, or when finishSession() is done. */
+    bool lock(const QString &repoPath) { return m_lock.take(repoPath); }
+    void unlock() { m_lock.release(); }
     /** The changing runs of one job. */
     ExportSession makeSession();
     /** Writes what the session owes and tells when that failed. False when the database was damaged and everything
@@ -63,6 +72,8 @@ public:
     // --- telling: each is the engine's signal of this name ---------------------------------------------------------
 
     void critical(const QString &text, const QString &details = QString(), ErrorType error = CRITICAL);
+    /** critical() for what a run could not do; nothing when isLockedOut(), of which the user knows. */
+    void runFailed(const QString &text, const QString &details);
     void noted(const QString &text);
     void packageAdded(const PackageInfoPtr &package);
     void packageChanged(const PackageInfoPtr &package);
@@ -75,7 +86,11 @@ public:
     // --- the job itself --------------------------------------------------------------------------------------------
 
     /** The next job begins: a stop that came after the last one had told its end belongs to that one. */
-    void prepare() { m_canceled = m_closing.load(); }
+    void prepare()
+    {
+        m_canceled = m_closing.load();
+        m_lockedOut = false;
+    }
     void started(const QString &message);
     void finished(JobId jobId, const QString &message);
     /** Cleared by cancel(); any thread. */
@@ -95,6 +110,10 @@ public:
     void setClosing(); ///< any thread
     bool isCanceled() const { return m_canceled; }
     bool isClosing() const { return m_closing; }
+    /** Whether the job has given up waiting for the database, which it has told of. */
+    bool isLockedOut() const { return m_lockedOut; }
+    /** Whether a job of several items is to begin no further one. */
+    bool mustEnd() const { return m_canceled || m_lockedOut; }
     void resetCancel() { m_canceled = false; }
     /** False when a question would get its safe answer without being asked. */
     bool canAsk() const;
@@ -122,10 +141,14 @@ private:
     RepoShell &m_shell;
     PackageList m_packages;
     std::unique_ptr<SignProcess> m_signProcess; ///< of the running job
+    JobLock m_lock; ///< of the running job
     std::atomic<int> m_progress{0};
     std::atomic<bool> m_answer{false};
     std::atomic<bool> m_canceled{false};
     std::atomic<bool> m_closing{false};
+    std::atomic<bool> m_lockedOut{false};
+    std::mutex m_waiting;
+    std::condition_variable m_stopWish; ///< with m_waiting: m_canceled has become true
     std::atomic<bool> m_checksDependsOnAdd{true};
     std::atomic<int> m_dependsRepoType{DependsEverywhere};
 
@@ -136,6 +159,9 @@ private:
     Newcomer m_newcomer;
     ExternalRepos m_externalRepos;
 
-    ProcessResult runWith(const QString &arguments, const QStringList &environment);
-    bool clearStaleLock(const QString &repoPath);
+    /** Whether it is worth while to try once more; false after critical(), or when the job has been stopped. */
+    bool waitForLock(const QString &repoPath, QElapsedTimer *waited);
+    bool removeStaleLock(const QString &repoPath);
+    /** Lets a moment pass. False when the job has been stopped, and that counts. */
+    bool pause(bool heedsStop);
 };

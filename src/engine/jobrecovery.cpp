@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobrecovery.h"
 
+#include "core/removetree.h"
 #include "engine/databasecopy.h"
 #include "engine/exportsession.h"
 #include "engine/jobcontext.h"
 #include "engine/packagebackup.h"
 #include "engine/packageinclusion.h"
 #include "engine/packagelisting.h"
+#include "engine/poolfiles.h"
 #include "engine/privateconfig.h"
 #include "engine/repolock.h"
 #include "engine/repreproanswers.h"
@@ -17,10 +19,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QSet>
 
 #include <algorithm>
 #include <cstdio>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
@@ -35,14 +41,78 @@ QByteArray sha256(const QString &fileName)
     QCryptographicHash hash(QCryptographicHash::Sha256);
     return file.open(QIODevice::ReadOnly) && hash.addData(&file) ? hash.result().toHex() : QByteArray();
 }
+
+bool isUnfinished(const QString &repoPath)
+{
+    return DatabaseCopy::exists(repoPath) || ExportSession::isExportOwed(repoPath)
+           || !PackageBackup::leftovers(repoPath).isEmpty();
+}
+
+bool belongsToUser(const QString &repoPath)
+{
+    const auto isOwned = [&repoPath](const char *folder) {
+        struct stat status = {};
+        return ::stat(QFile::encodeName(repoPath + QLatin1String(folder)).constData(), &status) == 0
+               && status.st_uid == ::geteuid();
+    };
+    return isOwned("/db") && isOwned("/conf");
+}
 } // namespace
+
+bool JobRecovery::mayRun(const QString &repoPath)
+{
+    if (!isUnfinished(repoPath) && !DatabaseCopy::isUnfinished(repoPath))
+        return false;
+    if (!m_context.lock(repoPath)) {
+        m_context.critical(
+            tr("The repository %1 is being changed by another program. Try again when it is done.")
+                .arg(repoPath),
+            QString(),
+            WARNING);
+        return false;
+    }
+    const bool isOwn = belongsToUser(repoPath);
+    // Whoever had the lock may have finished meanwhile.
+    if (!isUnfinished(repoPath)) {
+        if (isOwn)
+            DatabaseCopy::drop(repoPath);
+        return false;
+    }
+    if (isOwn
+        || m_context.ask(tr("Opening repository"),
+                         tr("A job on the repository %1 was interrupted. It belongs to another user, and "
+                            "finishing the job runs programs that its settings name. Do you want to bring "
+                            "it in order now?")
+                             .arg(repoPath),
+                         false))
+        return true;
+    m_context.critical(tr("An earlier job was interrupted, and the indices of the repository could not be "
+                          "brought up to date. The packages shown may not be all that it holds."),
+                       QString(),
+                       WARNING);
+    return false;
+}
+
+void JobRecovery::begin(const QString &repoPath)
+{
+    m_mayRun = mayRun(repoPath);
+    if (!m_mayRun) {
+        m_context.unlock();
+        return;
+    }
+    if (!DatabaseCopy::description(repoPath) || RepoLock::state(repoPath) == RepoLock::State::Held)
+        return;
+    DatabaseCopy::condemn(repoPath);
+    DatabaseCopy::putDescriptionBack(repoPath);
+}
 
 bool JobRecovery::run()
 {
+    if (!m_mayRun)
+        return false;
+    const auto unlocked = qScopeGuard([this] { m_context.unlock(); });
     const QString path = m_context.path();
     const bool hasCopy = DatabaseCopy::exists(path);
-    if (!hasCopy && !ExportSession::isExportOwed(path) && PackageBackup::leftovers(path).isEmpty())
-        return false;
     // A large repository takes seconds; one who has asked for a stop is not told of something new.
     const QString words = tr("Recovering repository after an interrupted job");
     if (m_context.isCanceled())
@@ -64,11 +134,11 @@ bool JobRecovery::run()
             tellOfDamage();
     }
     const QStringList kept = restoreReplaced();
-    bool repaired = !ExportSession::isExportOwed(path) || repair(files);
+    bool repaired = !ExportSession::isExportOwed(path) || repairPutBack(files);
     if (!repaired && hasCopy && ReproAnswer::databaseTroubled(m_context.lastErrorOutput())
         && putDatabaseBack()) {
         tellOfDamage();
-        repaired = repair(files);
+        repaired = repairPutBack(files);
     }
     if (repaired)
         DatabaseCopy::drop(path);
@@ -88,14 +158,6 @@ bool JobRecovery::run()
     return repaired;
 }
 
-void JobRecovery::putDescriptionBack(const QString &repoPath)
-{
-    if (!DatabaseCopy::description(repoPath) || RepoLock::state(repoPath) == RepoLock::State::Held)
-        return;
-    DatabaseCopy::condemn(repoPath);
-    DatabaseCopy::putDescriptionBack(repoPath);
-}
-
 bool JobRecovery::repair(const QStringList &filesLeft)
 {
     const QString path = m_context.path();
@@ -110,12 +172,22 @@ bool JobRecovery::repair(const QStringList &filesLeft)
     return true;
 }
 
+bool JobRecovery::repairPutBack(const QStringList &filesLeft)
+{
+    const QStringList files = filesLeft + m_goneFiles;
+    if (repair(files))
+        return true;
+    // On a full disk the database that was replaced is what there is too much.
+    const QString aside = DatabaseCopy::asideFolder(m_context.path());
+    return m_isPutBack && QFile::exists(aside) && removeTree(aside) && repair(files);
+}
+
 QStringList JobRecovery::restoreReplaced()
 {
     QStringList kept;
     const QStringList folders = PackageBackup::leftovers(m_context.path());
     for (const QString &folder : folders)
-        if (!restore(folder) || !QDir(folder).removeRecursively())
+        if (!restore(folder) || !removeTree(folder))
             kept.append(folder);
     return kept;
 }
@@ -207,7 +279,7 @@ bool JobRecovery::undoJob()
     if (putDatabaseBack()) {
         tellOfDamage();
         restoreReplaced();
-        if (repair(files))
+        if (repairPutBack(files))
             DatabaseCopy::drop(path);
         showAnew(files);
     }
@@ -223,7 +295,7 @@ bool JobRecovery::undoChange()
         return false;
     if (wasDamaged)
         tellOfDamage();
-    return repair();
+    return repairPutBack({});
 }
 
 bool JobRecovery::isDamaged(const QStringList &filesLeft)
@@ -240,8 +312,34 @@ bool JobRecovery::isDamaged(const QStringList &filesLeft)
         return ReproAnswer::databaseTroubled(m_context.lastErrorOutput());
     const QStringList lines = linesOf(m_context.lastOutput());
     const QSet<QString> now(lines.cbegin(), lines.cend());
-    return std::any_of(before.cbegin(), before.cend(), [&](const QString &line) {
-        return !now.contains(line) && !filesLeft.contains(line.section(QLatin1Char(' '), 3));
+    QStringList missing;
+    m_goneFiles.clear();
+    for (const QString &line : before) {
+        const QString file = line.section(QLatin1Char(' '), 3);
+        if (now.contains(line) || filesLeft.contains(file))
+            continue;
+        if (QFile::exists(path + QLatin1Char('/') + file))
+            missing.append(line);
+        else
+            m_goneFiles.append(file);
+    }
+    return !missing.isEmpty() && isReferenced(missing);
+}
+
+bool JobRecovery::isReferenced(const QStringList &lines)
+{
+    // Whoever takes a package out after the interruption takes its reference out too; one that was lost has left it.
+    if (m_context.runReprepro(ReproCommand::dumpReferences()) != 0)
+        return true;
+    const QStringList listed = linesOf(m_context.lastOutput());
+    const QSet<QString> references(listed.cbegin(), listed.cend());
+    const QString codename = m_context.repoInfo().codename;
+    return std::any_of(lines.cbegin(), lines.cend(), [&](const QString &line) {
+        const QString file = line.section(QLatin1Char(' '), 3);
+        const QString kind = file.endsWith(QLatin1String(".udeb")) ? QStringLiteral("u|") : QString();
+        const QStringList words = line.split(QLatin1Char(' '));
+        return references.contains(
+            QStringLiteral("%1%2|%3|%4 %5").arg(kind, codename, words.value(0), words.value(1), file));
     });
 }
 
@@ -258,6 +356,7 @@ bool JobRecovery::putDatabaseBack()
         return false;
     }
     m_checksums.clear();
+    m_isPutBack = true;
     return true;
 }
 
@@ -266,7 +365,8 @@ void JobRecovery::tellOfDamage()
     m_context.critical(
         tr("The database of the repository was damaged while a job changed it. It was put back "
            "as it was before, and what the job had done is undone. Make room on the disk, and "
-           "do it again."));
+           "do it again."),
+        DatabaseCopy::asideFolder(m_context.path()));
 }
 
 void JobRecovery::removeMissing(const QStringList &filesLeft)
@@ -301,7 +401,7 @@ void JobRecovery::showAnew(const QStringList &filesLeft)
     SignatureRecord::mark(&now, m_context.path());
     QSet<PackageKey> unchanged;
     for (const PackageInfoPtr &package : old) {
-        if (!filesLeft.contains(package->poolFile)) {
+        if (!filesLeft.contains(package->filePath().mid(m_context.path().size() + 1))) {
             unchanged.insert(PackageKey::of(*package));
             continue;
         }
@@ -321,16 +421,12 @@ void JobRecovery::showAnew(const QStringList &filesLeft)
 void JobRecovery::dropFiles(const QStringList &files)
 {
     const QString path = m_context.path();
-    if (files.isEmpty() || PrivateConfig::keepsUnreferencedFiles(path)
-        || m_context.runReprepro(ReproCommand::dumpUnreferenced()) != 0)
+    if (files.isEmpty() || PrivateConfig::keepsUnreferencedFiles(path))
         return;
-    const QStringList unreferenced = linesOf(m_context.lastOutput());
-    // Files that others keep in the pool without use are not ours to delete.
-    const bool areOurs = std::all_of(unreferenced.cbegin(), unreferenced.cend(), [&](const QString &file) {
-        return files.contains(file);
-    });
-    if (areOurs && !unreferenced.isEmpty())
-        m_context.runReprepro(ReproCommand::deleteUnreferenced());
+    const auto run = [this](const QString &arguments) { return m_context.runWith(arguments, {}); };
+    const auto areOurs = [&files](const QString &file) { return files.contains(file); };
+    if (!PoolFiles::dropUnused(path, areOurs, run).succeeded())
+        return;
 
     // A copy that was cut short is in no database.
     if (m_context.runReprepro(ReproCommand::listChecksums()) != 0)
@@ -339,8 +435,7 @@ void JobRecovery::dropFiles(const QStringList &files)
     const QStringList lines = linesOf(m_context.lastOutput());
     for (const QString &line : lines)
         known.insert(line.section(QLatin1Char(' '), 0, 0));
-    for (const QString &file : files) {
-        if (file.startsWith(QLatin1String("pool/")) && QDir::cleanPath(file) == file && !known.contains(file))
-            QFile::remove(path + QLatin1Char('/') + file);
-    }
+    for (const QString &file : files)
+        if (!known.contains(file))
+            PoolFiles::remove(path, file);
 }

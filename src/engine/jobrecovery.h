@@ -20,14 +20,16 @@ public:
     { }
 
     /**
-     * Before the description is read: puts back the one from before a change that was cut short while the database did
-     * not follow it yet. run() undoes the rest.
+     * Before the description is read: finds out whether there is something to do that may be done, and puts back the
+     * description from before a change that was cut short while the database did not follow it yet. Nothing may be done
+     * while another job is at work, and in what belongs to another user only after a question: reprepro runs programs
+     * that the repository names.
      */
-    static void putDescriptionBack(const QString &repoPath);
+    void begin(const QString &repoPath);
     /**
      * Puts a damaged database back as it was, puts back what was taken out for a replacement that never came, writes
-     * the indices, and deletes files that were left in the pool. The context has its path and description, but no
-     * packages yet. True when there was something to do and it is done.
+     * the indices, and deletes files that were left in the pool. After begin(); the context has its path and
+     * description, but no packages yet. True when there was something to do and it is done.
      */
     bool run();
     /**
@@ -46,10 +48,16 @@ public:
 
 private:
     JobContext &m_context;
+    bool m_mayRun = false;
+    bool m_isPutBack = false; ///< the database
+    QStringList m_goneFiles; ///< that others have taken out since the copy was made
     QHash<QString, QByteArray> m_checksums; ///< SHA256 by pool file, once they were asked for
 
+    bool mayRun(const QString &repoPath);
     bool isDamaged(const QStringList &filesLeft);
+    bool isReferenced(const QStringList &lines);
     bool putDatabaseBack();
+    bool repairPutBack(const QStringList &filesLeft);
     void tellOfDamage();
     void removeMissing(const QStringList &filesLeft);
     void showAnew(const QStringList &filesLeft);

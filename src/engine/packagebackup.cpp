@@ -60,8 +60,8 @@ void PackageBackup::keep()
 QStringList PackageBackup::leftovers(const QString &repoPath)
 {
     QStringList folders;
-    const QStringList names
-        = QDir(repoPath).entryList({QStringLiteral(".replaced-*")}, QDir::Dirs | QDir::Hidden);
+    const QStringList names = QDir(repoPath).entryList({QStringLiteral(".replaced-*")},
+                                                       QDir::Dirs | QDir::Hidden | QDir::NoSymLinks);
     for (const QString &name : names)
         folders.append(repoPath + QLatin1Char('/') + name);
     return folders;
@@ -77,7 +77,9 @@ QList<PackageInfo> PackageBackup::packagesIn(const QString &folder, const QStrin
         = QString::fromUtf8(description.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (const QString &line : lines) {
         const QStringList fields = line.split(QLatin1Char('\t'));
-        if (fields.size() != FieldCount)
+        // The file gets written to, and anybody may have described it.
+        if (fields.size() != FieldCount || !fields[6].startsWith(QLatin1String("pool/"))
+            || QDir::cleanPath(fields[6]) != fields[6])
             return {};
         PackageInfo package;
         package.name = fields[0];

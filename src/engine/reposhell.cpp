@@ -146,6 +146,7 @@ void RepoShell::startJob(std::function<int()> job)
     m_context->prepare();
     m_future = QtConcurrent::run([this, job = std::move(job)] {
         const int result = job();
+        m_context->unlock();
         // finished() comes from inside the job; only a call posted by the very end says that the thread is free.
         QMetaObject::invokeMethod(this, &RepoShell::jobEnded, Qt::QueuedConnection);
         return result;

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Changing the description of a repository, and moving it.
+#include "core/removetree.h"
 #include "engine/asidedirectory.h"
 #include "engine/databasecopy.h"
 #include "engine/distributions.h"
@@ -32,7 +33,7 @@ bool isChildName(const QString &name)
 void removeChild(const QDir &folder, const QString &name)
 {
     if (isChildName(name))
-        QDir(folder.filePath(name)).removeRecursively();
+        removeTree(folder.filePath(name));
 }
 
 /** Whether a description that takes the place of the earlier one still names where the package stands. */

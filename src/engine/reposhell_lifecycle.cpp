@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Creating, opening and closing a repository.
+#include "core/removetree.h"
 #include "engine/asidedirectory.h"
 #include "engine/distributions.h"
 #include "engine/distributionsfile.h"
@@ -119,7 +120,7 @@ int RepoShell::createRepo(const QString &path, const RepoInfo &info)
         Q_EMIT critical(tr("Failed to create repository!"), details, CRITICAL);
     }
     if (aside.error().isEmpty()) {
-        QDir(repoPath).removeRecursively();
+        removeTree(repoPath);
         aside.putBack();
     }
     return ERROR;
@@ -158,7 +159,8 @@ bool RepoShell::writeRepoInfo(const RepoInfo &info)
 int RepoShell::openBody(const QString &path)
 {
     JobFrame frame(*m_context, tr("Opening repository"));
-    JobRecovery::putDescriptionBack(path);
+    JobRecovery recovery(*m_context);
+    recovery.begin(path);
     if (readRepoInfo(path) != SUCCESS) {
         const bool import = m_context->ask(
             QString(),
@@ -178,7 +180,7 @@ int RepoShell::openBody(const QString &path)
     setRepository(path, repoInfo());
     Q_EMIT pathChanged(QString());
     Q_EMIT requestForStoredInformation(path);
-    const bool isRecovered = JobRecovery(*m_context).run();
+    const bool isRecovered = recovery.run();
 
     QList<PackageInfoPtr> packages = listPackages(path, repoInfo());
     sortPackages(&packages);

@@ -26,8 +26,11 @@ bool ReproAnswer::databaseLocked(const QString &errorOutput)
 
 bool ReproAnswer::databaseTroubled(const QString &errorOutput)
 {
-    return errorOutput.contains(QLatin1String("BDB"))
-           || errorOutput.contains(QLatin1String("returned corrupted"));
+    // Messages name files too, and these can have any name.
+    static const QRegularExpression trouble(
+        QStringLiteral("^(BDB\\d{4} |Database .* returned corrupted( \\(not [a-z-]+\\))? data!)"),
+        QRegularExpression::MultilineOption);
+    return trouble.match(errorOutput).hasMatch();
 }
 
 bool ReproAnswer::indicesOutdated(const QString &errorOutput)

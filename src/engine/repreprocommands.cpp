@@ -56,6 +56,19 @@ QString ReproCommand::dumpUnreferenced()
     return QStringLiteral(" dumpunreferenced");
 }
 
+QString ReproCommand::forget(const QStringList &poolFiles)
+{
+    QString arguments = QStringLiteral(" _forget");
+    for (const QString &file : poolFiles)
+        arguments += QLatin1Char(' ') + quoted(file);
+    return arguments;
+}
+
+QString ReproCommand::dumpReferences()
+{
+    return QStringLiteral(" dumpreferences");
+}
+
 QString ReproCommand::rereference()
 {
     return QStringLiteral(" rereference");

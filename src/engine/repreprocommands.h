@@ -24,6 +24,10 @@ QString removeAllTracks(const QString &codename);
 QString deleteUnreferenced();
 /** Lists the pool files that nothing uses. */
 QString dumpUnreferenced();
+/** For files of the pool that are to be deleted, as paths below the repository. */
+QString forget(const QStringList &poolFiles);
+/** The files that packages need, as "distribution|component|architecture file". */
+QString dumpReferences();
 
 /**
  * Removes packages. `type` restricts the removal to that kind; leave it out unless the package stands in the

@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/poolfiles.h"
+
+#include "engine/repreprocommands.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace
+{
+/** Below what the system takes as the arguments of a program, whatever the paths. */
+constexpr int FilesInARun = 100;
+} // namespace
+
+ProcessResult PoolFiles::dropUnused(const QString &repoPath,
+                                    const std::function<bool(const QString &)> &areOurs,
+                                    const std::function<ProcessResult(const QString &)> &run)
+{
+    ProcessResult result = run(ReproCommand::dumpUnreferenced());
+    if (!result.succeeded())
+        return result;
+    const QStringList unused = result.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QStringList toDelete;
+    for (const QString &file : unused)
+        if (areOurs(file))
+            toDelete.append(file);
+    if (!toDelete.isEmpty() && toDelete.size() == unused.size())
+        return run(ReproCommand::deleteUnreferenced());
+    for (int first = 0; first < toDelete.size() && result.succeeded(); first += FilesInARun) {
+        const QStringList some = toDelete.mid(first, FilesInARun);
+        result = run(ReproCommand::forget(some));
+        // Of a file that reprepro still knows, nothing may go.
+        for (const QString &file : some)
+            if (result.succeeded())
+                remove(repoPath, file);
+    }
+    return result;
+}
+
+void PoolFiles::remove(const QString &repoPath, const QString &file)
+{
+    if (!file.startsWith(QLatin1String("pool/")) || QDir::cleanPath(file) != file)
+        return;
+    const QDir repository(repoPath);
+    QFile::remove(repository.filePath(file));
+    QString folder = file;
+    do {
+        folder = folder.section(QLatin1Char('/'), 0, -2);
+    } while (folder.contains(QLatin1Char('/')) && repository.rmdir(folder));
+}

@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/repreproanswers.h"
+#include "engineharness.h"
+#include "support/scopedvariable.h"
+
+#include <QDir>
+#include <QtTest>
+
+#include <unistd.h>
+
+namespace
+{
+const auto Before = "/db/velt-admin-repo.before"_s;
+const auto PutBack = "/db/velt-admin-repo.put-back"_s;
+
+/** What a job leaves that is killed when it has copied the database to this folder. */
+void leaveJob(const RepoHarness &h, const QString &copy = Before)
+{
+    runShell("mkdir -p .%1 && cp db/*.db db/version .%1 && touch .%1/packages.conf"_s.arg(copy),
+             h.repoPath());
+    ExportSession::setMarker(h.repoPath());
+}
+} // namespace
+
+/** What is found, and done about it, when a job has not come to its end. */
+class TestRecovery : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase() { VELT_NEED_TOOL("reprepro"); }
+
+    void linksAreNotFollowed()
+    {
+        RepoHarness h;
+        h.add(h.debs("foo"));
+        const QString precious = h.folder.filePath("victim/main/precious"_s);
+        writeFile(precious, "x");
+        const QString victim = h.folder.filePath("victim"_s);
+        for (const QString &name : {Before,
+                                    PutBack,
+                                    "/db/velt-admin-repo.copying"_s,
+                                    "/db/velt-admin-repo.damaged"_s,
+                                    "/.replaced-abcdef"_s}) {
+            const QString place = h.repoPath() + name;
+            QVERIFY(QFile::link(victim, place));
+            ExportSession::setMarker(h.repoPath());
+            h.open(h.repoPath());
+            h.add(h.debs("bar"));
+            h.remove({h.find("bar"_s)});
+            QVERIFY2(QFile::exists(precious), qPrintable(place));
+            QFile::remove(place);
+        }
+        QVERIFY(h.holds("foo 1.0 main amd64"_s));
+        const QString contrib = h.repoPath() + "/dists/dogwood/contrib"_s;
+        QVERIFY(QDir(contrib).removeRecursively() && QFile::link(victim, contrib));
+        h.info.components = "main"_s;
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        QVERIFY(QFile::exists(precious) && !QFileInfo(contrib).isSymLink());
+    }
+
+    void laterChangesOfOthersStay()
+    {
+        RepoHarness h("amd64 i386"_s);
+        const QString all = h.deb(DebBuilder("all"_s).architecture("all"_s));
+        h.add(h.debs("foo gone kept") + QStringList{all});
+        leaveJob(h);
+        const auto reprepro
+            = [&h](const QStringList &arguments) { QVERIFY(h.reprepro(arguments).succeeded()); };
+        reprepro(QStringList{"includedeb"_s, "dogwood"_s} + h.debs("foo", "2.0"));
+        reprepro(QStringList{"includedeb"_s, "dogwood"_s} + h.debs("new"));
+        reprepro({"remove"_s, "dogwood"_s, "gone"_s});
+        reprepro({"-A"_s, "i386"_s, "remove"_s, "dogwood"_s, "all"_s});
+        reprepro({"--keepunreferencedfiles"_s, "remove"_s, "dogwood"_s, "kept"_s});
+        h.open(h.repoPath());
+        QCOMPARE(h.trouble(), QString());
+        const QString now = "all 1.0 main amd64,foo 2.0 main amd64,new 1.0 main amd64"_s;
+        QCOMPARE(h.listed().join(QLatin1Char(',')), now);
+        reprepro({"deleteunreferenced"_s});
+        QVERIFY(h.settled());
+
+        // A package that went although somebody still needs its file was lost.
+        const QString database = h.repoPath() + "/db/packages.db"_s;
+        const QByteArray older = readFile(database);
+        h.add(h.debs("last"));
+        leaveJob(h);
+        writeFile(database, older);
+        h.open(h.repoPath());
+        const QString aside = h.repoPath() + "/db/velt-admin-repo.damaged"_s;
+        QVERIFY(h.complains("put back as it was before"_s) && h.trouble().endsWith(aside));
+        QCOMPARE(readFile(aside + "/packages.db"_s), older);
+        QVERIFY(h.listed().contains("last 1.0 main amd64"_s) && h.settled());
+    }
+
+    void jobAtWorkIsLeftAlone()
+    {
+        RepoHarness first;
+        first.add(first.debs("foo"));
+        EngineHarness second;
+        second.open(first.repoPath());
+        const QStringList other = second.debs("bar");
+        const QString refusal = "is being changed by another program"_s;
+        bool isLeft = false;
+        first.choice = PackageReplacementRules::ReplaceThis;
+        first.whileAsked = [&] {
+            const auto state
+                = [&] { return runShell("find db dists -type f | xargs sha256sum"_s, first.repoPath()); };
+            const QString before = state();
+            second.open(first.repoPath());
+            isLeft = second.complains(refusal) && second.shell.result() == RepoEnums::SUCCESS;
+            second.add(other);
+            isLeft = isLeft && second.trouble().contains(refusal);
+            second.info.components = "main"_s;
+            isLeft = isLeft && second.change(first.repoPath()) == RepoEnums::ERROR
+                     && second.trouble().contains(refusal) && state() == before;
+        };
+        first.add(first.debs("new") + first.debs("foo", "2.0"));
+        QVERIFY(isLeft && first.trouble().isEmpty());
+        QVERIFY(first.holds("foo 2.0 main amd64,new 1.0 main amd64"_s));
+        second.open(first.repoPath());
+        second.add(other);
+        QVERIFY(second.trouble().isEmpty() && second.settled() && second.listed().size() == 3);
+    }
+
+    void onlyGoodStateIsKept()
+    {
+        RepoHarness h;
+        h.add(h.debs("foo"));
+        leaveJob(h, PutBack);
+        writeFile(h.repoPath() + "/db/packages.db"_s, "broken");
+        h.add(h.debs("bar"));
+        QVERIFY(h.trouble().contains("could not be put back"_s));
+        h.remove(h.shell.packages());
+        h.change(h.repoPath());
+        QVERIFY(QFile::exists(h.repoPath() + PutBack + "/packages.db"_s));
+        h.open(h.repoPath());
+        QVERIFY(h.complains("put back as it was before"_s) && h.holds("foo 1.0 main amd64"_s));
+
+        // Half a copy is none, and goes when nobody is at it.
+        const QString half = h.repoPath() + "/db/velt-admin-repo.copying"_s;
+        writeFile(half + "/packages.db"_s, "half");
+        h.open(h.repoPath());
+        QVERIFY(h.trouble().isEmpty() && !QFile::exists(half) && h.settled());
+    }
+
+    void namesAreNoTrouble()
+    {
+        for (const char *fine : {"Error opening deb file '/home/BDB0060 x/foo.deb': none\n",
+                                 "/srv/BDB/pool\n BDB0060 is a folder\n",
+                                 "No file 'returned corrupted data!.deb'\n"})
+            QVERIFY2(!ReproAnswer::databaseTroubled(QLatin1String(fine)), fine);
+        for (const char *bad :
+             {"x\nBDB0060 write: No space left on device\n",
+              "Database packages.db(dog|main|amd64) returned corrupted (not paired) data!\n",
+              "Database references.db returned corrupted data!\n"})
+            QVERIFY2(ReproAnswer::databaseTroubled(QLatin1String(bad)), bad);
+    }
+
+    void othersAreAskedFor()
+    {
+        if (::geteuid() != 0)
+            QSKIP("giving a folder to another user needs root");
+        RepoHarness h;
+        h.add(h.debs("foo"));
+        const QString ran = h.folder.filePath("ran"_s);
+        const QString conf = h.repoPath() + "/conf"_s;
+        writeScript(conf + "/hook.sh"_s, "#!/bin/sh\n: >" + ran.toLatin1() + '\n');
+        writeFile(conf + "/distributions"_s,
+                  readFile(conf + "/distributions"_s) + "DebIndices: Packages Release . .gz hook.sh\n");
+        constexpr uid_t Nobody = 65534;
+        for (const char *folder : {"/conf", "/db"}) {
+            const QByteArray given = h.repoPath().toLatin1() + folder;
+            QCOMPARE(::chown(given.constData(), Nobody, Nobody), 0);
+            ExportSession::setMarker(h.repoPath());
+            h.reply = false;
+            h.open(h.repoPath());
+            QVERIFY(h.questions.size() == 1 && h.questions.first().contains("another user"_s));
+            QVERIFY(h.complains("could not be brought up to date"_s) && !QFile::exists(ran));
+            QVERIFY(h.isExportOwed() && h.listed().size() == 1);
+            h.reply = true;
+            h.open(h.repoPath());
+            QVERIFY(h.trouble().isEmpty() && QFile::remove(ran) && !h.isExportOwed());
+            h.open(h.repoPath());
+            QVERIFY(h.questions.isEmpty());
+            QCOMPARE(::chown(given.constData(), 0, 0), 0);
+        }
+    }
+
+    void othersFilesStayInThePool()
+    {
+        RepoHarness h;
+        const QStringList left = h.debs("stranger taken");
+        h.add(left + h.debs("a b c"));
+        for (const QString &name : {"stranger"_s, "taken"_s})
+            h.reprepro({"--keepunreferencedfiles"_s, "remove"_s, "dogwood"_s, name});
+        const QString stranger = h.repoPath() + "/pool/main/s/stranger/stranger_1.0_amd64.deb"_s;
+        h.open(h.repoPath());
+        h.remove({h.find("a"_s), h.find("b"_s)});
+        QVERIFY(QFile::exists(stranger));
+        QVERIFY(!QFile::exists(h.repoPath() + "/pool/main/b"_s)
+                && QFile::exists(h.repoPath() + "/pool/main/c"_s));
+        // Of the two, only the one that is in the way of a new file makes room.
+        h.add(h.debs("taken", "1.0", "other contents"));
+        QVERIFY(h.trouble().isEmpty() && h.listed().contains("taken 1.0 main amd64"_s));
+        QVERIFY(QFile::exists(stranger));
+        // Neither does an interrupted job's end take it along.
+        ExportSession::setMarker(h.repoPath());
+        h.open(h.repoPath());
+        QVERIFY(h.trouble().isEmpty() && QFile::exists(stranger));
+        QCOMPARE(h.reprepro({"dumpunreferenced"_s}).output.trimmed(), stranger.mid(h.repoPath().size() + 1));
+        QFile::remove(stranger);
+        QVERIFY(h.reprepro({"deleteunreferenced"_s}).succeeded() && h.settled());
+    }
+};
+
+VELT_TEST_MAIN(TestRecovery, QCoreApplication)
+#include "tst_recovery.moc"
