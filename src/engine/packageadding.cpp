@@ -3,6 +3,8 @@
 
 #include "engine/batchinclusion.h"
 #include "engine/checkjob.h"
+#include "engine/distributions.h"
+#include "engine/distributionsfile.h"
 #include "engine/jobframe.h"
 #include "engine/packagefile.h"
 #include "engine/packageinclusion.h"
@@ -11,12 +13,20 @@
 
 #include <QFileInfo>
 
+#include <memory>
+
 namespace
 {
 bool isCollision(RepoEnums::ErrorCode code)
 {
     return code == RepoEnums::PACKAGE_EXISTS || code == RepoEnums::PACKAGE_EXISTS_NEW_VERSION
            || code == RepoEnums::PACKAGE_EXISTS_OLD_VERSION;
+}
+
+bool isDescriptionRead(const QString &repoPath)
+{
+    const auto bytes = DistributionsFile(repoPath).readBytes();
+    return bytes && Distributions::unreadLine(QString::fromUtf8(*bytes)).isEmpty();
 }
 
 /** Why a file that collided stayed out. */
@@ -47,26 +57,28 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
     // A stop waits for the end of a run, so what takes no second is added file by file.
     constexpr int ManyFiles = 50;
     constexpr int FilesTogether = 25;
-    PackageFileReader reader(files, 2 * FilesTogether);
+    auto reader = std::make_unique<PackageFileReader>(
+        files, 2 * FilesTogether, [this] { return m_context.isCanceled(); });
     bool stopped = false;
     for (int done = 0; done < files.size() && !stopped;) {
-        stopped = m_context.isCanceled();
+        stopped = m_context.mustEnd();
         if (stopped)
             break;
         const bool together = files.size() > ManyFiles && BatchInclusion::isPossible(m_run);
-        const QVector<PackageFile> read = reader.next(together ? FilesTogether : 1);
+        const QVector<PackageFile> read = reader->next(together ? FilesTogether : 1);
         if (together)
             includeTogether(read);
         for (const PackageFile &file : read) {
             ++done;
             // What has gone in already is told of, also after a stop.
-            stopped = stopped || m_context.isCanceled();
+            stopped = stopped || m_context.mustEnd();
             if (stopped && !m_run.ahead.contains(file.path))
                 continue;
             addReadFile(file, done == files.size());
             frame->itemDone(files.size());
         }
     }
+    reader.reset();
     finish(stopped);
     return stopped ? CANCEL : SUCCESS;
 }
@@ -76,15 +88,22 @@ void PackageAdding::addReadFile(const PackageFile &read, bool isLast)
     if (m_run.session.isDamaged())
         return;
     AddedFile file{m_run, read.path, isLast};
-    if (!read.package)
-        m_context.critical(tr("Error adding package!"), read.path + QLatin1String(":\n") + read.reason);
-    else if (addFile(&file, *read.package) == SUCCESS)
+    const auto records = read.package ? recordsOf(*read.package) : QVector<PackageInfo>();
+    QString reason = read.reason;
+    if (read.package && records.isEmpty())
+        reason = tr("The package is for the architecture %1, and the repository has these: %2.")
+                     .arg(read.package->architecture,
+                          m_context.repoInfo().binaryArchitectures().join(QLatin1String(", ")));
+    if (records.isEmpty())
+        m_context.critical(tr("Error adding package!"), read.path + QLatin1String(":\n") + reason);
+    else if (addFile(&file, records) == SUCCESS)
         m_run.added.append(QFileInfo(read.path).fileName());
 }
 
-void PackageAdding::finish(bool stopped)
+bool PackageAdding::finish(bool stopped)
 {
-    if (!m_context.finishSession(&m_run.session)) {
+    const bool stands = m_context.finishSession(&m_run.session);
+    if (!stands) {
         m_run.added.clear();
         m_run.records.clear();
     }
@@ -101,6 +120,7 @@ void PackageAdding::finish(bool stopped)
         CheckJob(m_context).checkPresent(unchecked);
     }
     m_context.savePackages();
+    return stands;
 }
 
 void PackageAdding::includeTogether(const QVector<PackageFile> &files)
@@ -116,9 +136,14 @@ void PackageAdding::includeTogether(const QVector<PackageFile> &files)
 
 QVector<PackageInfo> PackageAdding::recordsOf(const PackageInfo &package) const
 {
-    QStringList architectures{package.architecture};
-    if (package.architecture == QLatin1String("all"))
-        architectures = m_context.repoInfo().binaryArchitectures();
+    QStringList architectures = m_context.repoInfo().binaryArchitectures();
+    if (package.architecture != QLatin1String("all")) {
+        const bool isThere = architectures.contains(package.architecture);
+        architectures.clear();
+        // What the description says in ways that are not read here, reprepro knows.
+        if (isThere || !isDescriptionRead(m_context.path()))
+            architectures.append(package.architecture);
+    }
     QVector<PackageInfo> records;
     for (const QString &architecture : qAsConst(architectures)) {
         PackageInfo record = package;
@@ -133,9 +158,8 @@ QVector<PackageInfo> PackageAdding::recordsOf(const PackageInfo &package) const
     return records;
 }
 
-RepoEnums::ErrorCode PackageAdding::addFile(AddedFile *file, const PackageInfo &package)
+RepoEnums::ErrorCode PackageAdding::addFile(AddedFile *file, const QVector<PackageInfo> &records)
 {
-    const QVector<PackageInfo> records = recordsOf(package);
     ErrorCode result = ERROR;
     for (const PackageInfo &record : records) {
         result = PackageInclusion(m_context).include(file, record, false);

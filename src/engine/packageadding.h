@@ -27,8 +27,9 @@ public:
     ErrorCode addFiles(const QStringList &files, JobFrame *frame);
     /** Adds a file for the architectures that it serves. */
     void addReadFile(const PackageFile &read, bool isLast);
-    /** Writes the indices, checks what went in and has the results stored. */
-    void finish(bool stopped);
+    /** Writes the indices, checks what went in and has the results stored. False when all that was done is undone,
+     *  which has been told. */
+    bool finish(bool stopped);
 
     /** For those that include files themselves. */
     AddRun &run() { return m_run; }
@@ -42,8 +43,8 @@ private:
 
     /** Puts those of the files into the repository for which that can be done with few runs. */
     void includeTogether(const QVector<PackageFile> &files);
-    /** How the package of a file is to stand in the repository, once for each architecture. */
+    /** How the package of a file is to stand in the repository, once for each architecture that it is for. */
     QVector<PackageInfo> recordsOf(const PackageInfo &package) const;
-    ErrorCode addFile(AddedFile *file, const PackageInfo &package);
+    ErrorCode addFile(AddedFile *file, const QVector<PackageInfo> &records);
     bool mustReplace(ErrorCode collision, const PackageInfoPtr &package);
 };

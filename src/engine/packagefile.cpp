@@ -10,9 +10,30 @@
 
 #include <utility>
 
-PackageFile PackageFile::read(const QString &path)
+namespace
 {
+/** What speaks against a file before anybody looks into it; empty when nothing does. */
+QString refusal(const QString &path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        return PackageFile::tr("There is no such file.");
+    if (!path.endsWith(QLatin1String(".deb")) && !path.endsWith(QLatin1String(".udeb")))
+        return PackageFile::tr("Its name does not end in .deb or .udeb.");
+    // To open a pipe would wait for somebody who writes into it.
+    if (!info.isFile())
+        return PackageFile::tr("It is no regular file.");
+    return info.size() == 0 ? PackageFile::tr("The file is empty.") : QString();
+}
+} // namespace
+
+PackageFile PackageFile::read(const QString &path, const std::function<bool()> &stopped)
+{
+    const QString reason = refusal(path);
+    if (!reason.isEmpty())
+        return {path, {}, reason};
     DpkgUtils dpkg;
+    dpkg.setStopRequest(stopped);
     if (!dpkg.packageInformation(path))
         return {path, {}, dpkg.errorText()};
     if (debArchiveState(path) != DebArchiveState::Whole)
@@ -23,15 +44,17 @@ PackageFile PackageFile::read(const QString &path)
     return {path, {}, tr("Its control data lack the package's name, version or architecture.")};
 }
 
-PackageFileReader::PackageFileReader(QStringList paths, int ahead)
+PackageFileReader::PackageFileReader(QStringList paths, int ahead, std::function<bool()> stopped)
     : m_paths(std::move(paths))
     , m_ahead(ahead)
+    , m_stopped([stopped = std::move(stopped), abandoned = m_abandoned] { return *abandoned || stopped(); })
 {
     startNext();
 }
 
 PackageFileReader::~PackageFileReader()
 {
+    *m_abandoned = true;
     m_pool.clear();
     m_pool.waitForDone();
 }
@@ -52,5 +75,5 @@ void PackageFileReader::startNext()
 {
     while (!m_paths.isEmpty() && m_reading.size() < m_ahead)
         m_reading.enqueue(QtConcurrent::run(
-            &m_pool, &PackageFile::read, QFileInfo(m_paths.takeFirst()).absoluteFilePath()));
+            &m_pool, &PackageFile::read, QFileInfo(m_paths.takeFirst()).absoluteFilePath(), m_stopped));
 }

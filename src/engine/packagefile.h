@@ -10,6 +10,10 @@
 #include <QThreadPool>
 #include <QVector>
 
+#include <atomic>
+#include <functional>
+#include <memory>
+
 /** A package file's control data, or why there are none. */
 struct PackageFile
 {
@@ -19,15 +23,16 @@ public:
     PackageInfoPtr package; ///< null when the file cannot be taken into a repository
     QString reason; ///< why, for the user
 
-    /** Runs dpkg: not for the interface thread. */
-    static PackageFile read(const QString &path);
+    /** Runs dpkg, until `stopped` answers true: not for the interface thread. */
+    static PackageFile read(const QString &path, const std::function<bool()> &stopped = {});
 };
 
 /** Reads package files ahead of their use, so that dpkg works on the next ones while reprepro takes these in. */
 class PackageFileReader
 {
 public:
-    PackageFileReader(QStringList paths, int ahead);
+    /** `stopped` is asked from several threads. */
+    PackageFileReader(QStringList paths, int ahead, std::function<bool()> stopped);
     /** No program of a job outlives it. */
     ~PackageFileReader();
     PackageFileReader(const PackageFileReader &) = delete;
@@ -39,6 +44,8 @@ public:
 private:
     QStringList m_paths;
     int m_ahead;
+    std::shared_ptr<std::atomic<bool>> m_abandoned = std::make_shared<std::atomic<bool>>(false);
+    std::function<bool()> m_stopped;
     QThreadPool m_pool; ///< of its own: everything that is read costs the start of a program
     QQueue<QFuture<PackageFile>> m_reading;
 

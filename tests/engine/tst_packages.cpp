@@ -228,6 +228,36 @@ private Q_SLOTS:
                  qPrintable(h.trouble()));
     }
 
+    void filesThatAreNoPackagesForIt()
+    {
+        RepoHarness h("source amd64 i386"_s);
+        const QString pipe = h.folder.filePath("pipe.deb"_s);
+        const QString empty = h.folder.filePath("empty.deb"_s);
+        const QString text = h.folder.filePath("a.txt"_s);
+        runShell("mkfifo '%1'; touch '%2' '%3'"_s.arg(pipe, empty, text));
+        const QString arm = h.deb(DebBuilder("arm"_s).architecture("arm64"_s));
+        const QString large = h.deb(DebBuilder("large"_s).field("Tag"_s, QString(5 << 20, QLatin1Char('x'))));
+        h.add(QStringList{"/no/such.deb"_s, text, pipe, empty, arm, large} + h.debs("good"));
+        const QStringList reasons{
+            "/no/such.deb:\nThere is no such file."_s,
+            text + ":\nIts name does not end in .deb or .udeb."_s,
+            pipe + ":\nIt is no regular file."_s,
+            empty + ":\nThe file is empty."_s,
+            arm
+                + ":\nThe package is for the architecture arm64, and the repository has "
+                  "these: amd64, i386."_s,
+            large + ":\nThe control data of the package are too large."_s};
+        QCOMPARE(
+            h.criticals,
+            QStringList(reasons).replaceInStrings(QRegularExpression("^"_s), "Error adding package!|"_s));
+        QCOMPARE(h.lastMessage(), "1 package(s) added: good_1.0_amd64.deb"_s);
+        QVERIFY(h.settled());
+        // A list over several lines is read by reprepro alone.
+        runShell("sed -i '/^Architectures/s/$/\\n arm64/' conf/distributions"_s, h.repoPath());
+        h.add({arm});
+        QCOMPARE(h.trouble(), QString());
+    }
+
     void refusedReplacementPutsTheOldOneBack()
     {
         RepoHarness h;
@@ -263,6 +293,15 @@ private Q_SLOTS:
         h.cancelAt(&RepoShell::packageRemoved, 2);
         QCOMPARE(h.remove(h.shell.packages()), RepoEnums::CANCEL);
         QVERIFY(h.listed().size() == 2 && h.settled());
+
+        // Nor does a stop wait for the tool that reads the files, neither for the next one nor for those after it.
+        writeScript(h.folder.filePath("bin/dpkg"_s), "#!/bin/sh\nsleep 60\n");
+        const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+        QElapsedTimer clock;
+        clock.start();
+        QTimer::singleShot(300, &h.shell, [&h] { h.shell.cancel(); });
+        QCOMPARE(h.add(files), RepoEnums::CANCEL);
+        QVERIFY(clock.elapsed() < 30000 && h.criticals.isEmpty());
     }
 
     void removeMany()
