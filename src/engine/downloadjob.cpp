@@ -121,7 +121,7 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
         else
             adding.addReadFile(file, done + 1 == packages.size());
         frame->itemDone(packages.size());
-        stopped = m_context.isCanceled() && done + 1 < packages.size();
+        stopped = m_context.mustEnd() && done + 1 < packages.size();
     }
     adding.finish(stopped);
     const QString added = adding.addedNames();

@@ -69,8 +69,8 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
         if (isRemoved || !QFile::exists(package->filePath()))
             removed.append(package);
         if (!isRemoved) {
-            m_context.critical(tr("Error adding package %1!").arg(file->path),
-                               tr("The present package could not be removed, so it was not replaced."));
+            m_context.runFailed(tr("Error adding package %1!").arg(file->path),
+                                tr("The present package could not be removed, so it was not replaced."));
             restorePackages(removed, &backup, session);
             return ERROR;
         }
@@ -109,7 +109,7 @@ RepoEnums::ErrorCode PackageInclusion::includeFile(AddedFile *file, const Packag
         result = runInclude(ReproCommand::include(m_context.repoInfo().codename, record, {file->source}),
                             &file->run.session);
         if (!isIncluded(result, record)) {
-            m_context.critical(tr("Error adding package %1!").arg(file->path), result.errorOutput);
+            m_context.runFailed(tr("Error adding package %1!").arg(file->path), result.errorOutput);
             return ERROR;
         }
     }

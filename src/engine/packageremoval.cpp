@@ -80,7 +80,7 @@ bool PackageRemoval::removeFromDatabase(const PackageInfo &package, bool makesRo
           || ReproAnswer::signingFailed(result.errorOutput)
           || ((result.crashed() || ReproAnswer::databaseTroubled(result.errorOutput)) && isGone(package));
     if (!removed && result.started && !result.crashed())
-        m_context.critical(tr("Error removing package %1!").arg(package.name), result.errorOutput);
+        m_context.runFailed(tr("Error removing package %1!").arg(package.name), result.errorOutput);
     if (removed && ReproAnswer::nothingRemoved(result.errorOutput))
         m_session->oweExport();
     return removed;

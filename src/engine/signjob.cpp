@@ -18,8 +18,8 @@ int SignJob::run(const QList<PackageInfoPtr> &packages, const QString &keyId)
     QHash<QString, bool> files; // the files that have been dealt with, and whether they are signed
     bool stopped = false;
     for (const PackageInfoPtr &package : packages) {
-        stopped = m_context.isCanceled();
-        if (stopped)
+        stopped = m_context.mustEnd();
+        if (stopped || adding.run().session.isDamaged())
             break;
         const QString file = package->filePath();
         if (!files.contains(file))
@@ -28,7 +28,8 @@ int SignJob::run(const QList<PackageInfoPtr> &packages, const QString &keyId)
             names.append(displayFileName(*package));
         frame.itemDone(packages.size());
     }
-    adding.finish(stopped);
+    if (!adding.finish(stopped))
+        names.clear();
     const QString joined = names.join(QLatin1String(", "));
     if (stopped)
         return frame.finish(

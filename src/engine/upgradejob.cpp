@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/upgradejob.h"
 
+#include "core/removetree.h"
 #include "depends/aptutils.h"
 #include "depends/privateapt.h"
 #include "depends/versionorder.h"
@@ -26,7 +27,7 @@ void removeLeftovers(const QString &cacheFolder)
         = QDir(cacheFolder).entryInfoList({FolderPrefix + QLatin1Char('*')}, QDir::Dirs | QDir::NoSymLinks);
     for (const QFileInfo &folder : folders) {
         if (folder.lastModified() < limit)
-            QDir(folder.filePath()).removeRecursively();
+            removeTree(folder.filePath());
     }
 }
 
@@ -86,15 +87,15 @@ int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions
     bool stopped = ready == CANCEL;
     for (int done = 0; done < groups.size() && !stopped; ++done) {
         stopped = mustStop();
-        if (stopped)
+        if (stopped || adding.run().session.isDamaged())
             break;
         upgradeFrom(groups.at(done), &run);
         frame.itemDone(groups.size());
     }
-    adding.finish(stopped);
+    const bool stands = adding.finish(stopped);
     if (stopped)
         return end(CANCEL, tr("Canceled by user"));
-    if (run.upgraded == 0 && run.failed > 0)
+    if (!stands || (run.upgraded == 0 && run.failed > 0))
         return end(ERROR, failure);
     return end(SUCCESS, tr("Repo upgraded"));
 }
@@ -135,6 +136,8 @@ RepoEnums::ErrorCode UpgradeJob::askAgain(const QVector<QVector<UpgradablePackag
 
 bool UpgradeJob::mustStop()
 {
+    if (m_context.isLockedOut())
+        return true;
     if (!m_context.isCanceled())
         return false;
     if (m_context.ask(tr("Upgrading repo"), tr("Are you sure?"), true))

@@ -67,34 +67,43 @@ private Q_SLOTS:
     {
         RepoHarness h;
         const QString lock = h.repoPath() + "/db/lockfile"_s;
-        const QStringList file = h.debs("foo");
+        const QStringList files = h.debs("foo bar baz");
         writeFile(lock, "");
         // A program of reprepro's name that holds the database until we let it go.
         const QString holder = h.folder.filePath("reprepro"_s);
         QVERIFY(QFile::copy("/bin/bash"_s, holder));
         QProcess process;
-        process.start(holder,
-                      {"-c"_s, "exec 3<\"$0\"; echo ready; read line"_s, h.repoPath() + "/db/packages.db"_s});
+        const QString hold = "exec 3<\"$0\"; echo ready; "_s;
+        const QString database = h.repoPath() + "/db/packages.db"_s;
+        process.start(holder, {"-c"_s, hold + "read line"_s, database});
         QVERIFY(process.waitForReadyRead());
         h.reply = true;
-        h.add(file);
+        h.add(files);
         QVERIFY2(h.questions.isEmpty(), "the lock of a program at work is not offered for removal");
-        QVERIFY(h.complains("another program"_s, 2));
+        QVERIFY(h.complains("another program"_s));
+        QCOMPARE(h.lastMessage(), "Operation stopped. 0 of 3 package(s) added: "_s);
         QVERIFY(RepoLock::state(h.repoPath()) == RepoLock::State::Held);
         QVERIFY2(RepoLock::state(h.folder.path()) == RepoLock::State::Free, "what has no database");
         process.closeWriteChannel();
         QVERIFY(process.waitForFinished());
 
         h.reply = false;
-        h.add(file);
+        h.add(files);
         QVERIFY(h.questions.size() == 1 && h.questions.first().contains(h.repoPath()));
         QVERIFY2(QFile::exists(lock), "never without the user's word");
-        QVERIFY(h.complains("lockfile"_s));
+        QVERIFY(h.complains("stays locked"_s));
         QVERIFY(h.listed().isEmpty());
-        h.reply = true;
-        h.add(file);
+        // One that is soon done is waited for.
+        process.start(holder, {"-c"_s, hold + "read -t 1; rm \"$1\""_s, database, lock});
+        QVERIFY(process.waitForReadyRead());
+        h.add({files.first()});
+        QVERIFY(h.questions.isEmpty() && process.state() == QProcess::NotRunning);
         QCOMPARE(h.trouble(), QString());
-        QCOMPARE(h.listed().size(), 1);
+        writeFile(lock, "");
+        h.reply = true;
+        h.add(files.mid(1));
+        QCOMPARE(h.trouble(), QString());
+        QCOMPARE(h.listed().size(), 3);
     }
 
     void toolMissingAndCrashing()
