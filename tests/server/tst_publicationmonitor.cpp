@@ -266,6 +266,8 @@ private Q_SLOTS:
             QVERIFY2(told == row.expected, ("row " + number + ": " + told.toStdString()).c_str());
             QVERIFY(found.mayPublish() == row.expected.startsWith(";"_s));
         }
+        QCOMPARE(PublicationRules::proposedPort(FtpProtocol, 8000, {21}), 8000);
+        QCOMPARE(PublicationRules::proposedPort(FtpProtocol, 2121, {}), 2121);
     }
 };
 
