@@ -171,7 +171,7 @@ void DependsCommands::addPackageFromInternet()
     if (target.isNull() || target->repoPath().isEmpty() || m_tabs.isRunning(target))
         return;
     const RepoInfo info = target->repoShell()->repoInfo();
-    const QStringList architectures = info.architectureList();
+    const QStringList architectures = info.binaryArchitectures();
     const ExternalRepos &repos = m_settings.externalRepos();
     PackageFilter filter;
     filter.architectures = QSet<QString>(architectures.cbegin(), architectures.cend());

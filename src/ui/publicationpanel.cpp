@@ -105,7 +105,7 @@ void PublicationPanel::showRepository()
 {
     const QString path = m_shell.path();
     m_ui.m_publicParamsWidget->setEnabled(!path.isEmpty());
-    showArchitectures(m_shell.repoInfo().architectureList());
+    showArchitectures(m_shell.repoInfo().binaryArchitectures());
     if (path != m_repoPath) {
         m_repoPath = path;
         m_published = PublicationSettings::find(QSettings(), {path, m_shell.place()});

@@ -307,7 +307,7 @@ QString RepoModel::displayText(const RepoItem &item) const
 QString RepoModel::toolTip(const RepoItem &item) const
 {
     // In a repository of one architecture it goes without saying.
-    if (item.isContainer() || m_info.architectureList().size() < 2)
+    if (item.isContainer() || m_info.binaryArchitectures().size() < 2)
         return {};
     return tr("Architecture: %1").arg(item.package->architecture);
 }

@@ -111,7 +111,8 @@ class PublishingTest : public QObject
     {
         const QString path = m_folder.filePath(name);
         writeFile(path + "/conf/distributions"_s,
-                  "Codename: birch\nSuite: stable\nVersion: 1\nArchitectures: amd64\nComponents: main\n");
+                  "Codename: birch\nSuite: stable\nVersion: 1\nArchitectures: source amd64 # "
+                  "built\nComponents: main\n");
         writeFile(path + "/dists/birch/main/binary-amd64/Packages"_s,
                   empty ? QByteArray()
                         : "Package: a\nVersion: 1\nArchitecture: amd64\nFilename: pool/a.deb\n\n");
