@@ -14,9 +14,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QPointer>
+#include <QSettings>
 
 namespace
 {
+const QString lastFolderKey = QStringLiteral("MainWindow/packagesFolder");
+
 bool isPackageFile(const QString &file)
 {
     return file.endsWith(QLatin1String(".deb")) || file.endsWith(QLatin1String(".udeb"));
@@ -35,7 +38,7 @@ PackageCommands::PackageCommands(RepoTabs &tabs,
     , m_feedback(feedback)
     , m_settings(settings)
     , m_repositories(repositories)
-    , m_lastFolder(QDir::homePath())
+    , m_lastFolder(QSettings().value(lastFolderKey, QDir::homePath()).toString())
 {
     connect(&m_tabs, &RepoTabs::created, this, [this](RepoWidget *widget) {
         // A drop is a decision for this very repository. Queued: the drag's source waits for the drop to return.
@@ -98,6 +101,7 @@ void PackageCommands::chooseAndAdd()
     if (files.isEmpty())
         return;
     m_lastFolder = QFileInfo(files.first()).absolutePath();
+    QSettings().setValue(lastFolderKey, m_lastFolder);
     if (!guard.isNull())
         addPackages(widget, files);
 }
@@ -119,7 +123,7 @@ void PackageCommands::addAtStart(const QStringList &files)
     const QStringList packages = packagesAmong(files);
     if (packages.isEmpty())
         return;
-    StartSelectActionDialog dialog(qobject_cast<QWidget *>(m_prompts.parent()));
+    StartSelectActionDialog dialog(m_prompts.window());
     m_prompts.run(dialog);
     RepoWidget *target = nullptr;
     if (dialog.action() == StartSelectActionDialog::Action::CreateRepo)

@@ -134,7 +134,7 @@ void RepoTabs::show(RepoWidget *widget)
     const int index = m_tabWidget->addTab(widget, QString());
     showTitles();
     m_tabWidget->setCurrentIndex(index);
-    widget->setFocus();
+    widget->focusTree();
     Q_EMIT listChanged();
 }
 

@@ -53,6 +53,11 @@ void RepoWidget::focusInEvent(QFocusEvent *event)
     m_ui->m_repoTreeView->setFocus(event->reason());
 }
 
+void RepoWidget::focusTree()
+{
+    m_ui->m_repoTreeView->setFocus();
+}
+
 void RepoWidget::setUpTree()
 {
     m_proxy->setSourceModel(m_model);

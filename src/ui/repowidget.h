@@ -69,6 +69,8 @@ public:
     void showPublication();
     /** How many packages the last checks found in error. */
     int packagesInError() const;
+    /** Gives the focus to the packages, also while the window is not the active one. */
+    void focusTree();
     /** Whether dependencies of any package have been checked. */
     bool hasCheckResults() const;
     /** "Packet Filter": which dependency states the tree shows. */

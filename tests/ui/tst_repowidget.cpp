@@ -142,6 +142,31 @@ private Q_SLOTS:
         QVERIFY(!removable.last().first().toBool());
     }
 
+    void pagesFitASmallScreen()
+    {
+        Fixture f;
+        QByteArray record = f.record("a-name-that-is-as-long-as-those-of-some-libraries-dev", "shells");
+        record.replace("T. <t@example.org>",
+                       "Some Team of Packagers <pkg-some-team-of-packagers-maintainers@lists.example.org>");
+        record.replace("It <b>runs</b>",
+                       "See https://www.example.org/a/path/that/has/no/blank/in/it/at/all.html");
+        f.open(record);
+        f.tab.resize(640, 500);
+        f.tab.show();
+        for (const char *button : {"m_copyKeyPushButton", "m_saveKeyPushButton"})
+            child<QWidget>(f.tab, button)->show();
+        for (const char *page : {"m_repoCommonScrollArea", "scrollArea"}) {
+            if (qstrcmp(page, "scrollArea") == 0)
+                f.tab.setCurrentItem(f.item("a-name-that-is-as-long-as-those-of-some-libraries-dev"));
+            const auto *area = child<QScrollArea>(f.tab, page);
+            QTRY_VERIFY(area->isVisible());
+            QVERIFY2(area->horizontalScrollBar()->maximum() == 0,
+                     qPrintable("%1 %2 in %3"_s.arg(QLatin1String(page))
+                                    .arg(area->widget()->minimumSizeHint().width())
+                                    .arg(area->viewport()->width())));
+        }
+    }
+
     void firstHitComesIntoView()
     {
         Fixture f;
