@@ -5,6 +5,7 @@
 #include "ui/checkcombobox.h"
 #include "ui/newreporules.h"
 #include "ui/repositoryremoval.h"
+#include "ui/repotabs.h"
 #include "ui/singlespacevalidator.h"
 #include "ui/userchoices.h"
 
@@ -124,6 +125,17 @@ private Q_SLOTS:
         for (const char *path : {"/1", "/2", "/3", "/4", "/5", "/3", "/6"})
             recent = withRecentRepository(recent, QLatin1String(path));
         QCOMPARE(recent.join(" "_s), "/6 /3 /5 /4 /2"_s);
+    }
+
+    void repositoriesInTheMakingCount()
+    {
+        QTabWidget tabWidget;
+        RepoTabs tabs(&tabWidget, nullptr);
+        RepoWidget *made = tabs.create("/srv/made"_s);
+        QVERIFY(tabs.paths().isEmpty());
+        QCOMPARE(tabs.allPaths(), QStringList{"/srv/made"_s});
+        tabs.discard(made);
+        QVERIFY(tabs.allPaths().isEmpty());
     }
 
     void onlyRepositoriesAreDeleted()
