@@ -125,14 +125,17 @@ void PackageCommands::addAtStart(const QStringList &files)
         return;
     StartSelectActionDialog dialog(m_prompts.window());
     m_prompts.run(dialog);
-    RepoWidget *target = nullptr;
-    if (dialog.action() == StartSelectActionDialog::Action::CreateRepo)
-        target = m_repositories.createRepo();
-    else if (dialog.action() == StartSelectActionDialog::Action::OpenRepo)
-        target = m_repositories.chooseAndOpen();
-    if (target != nullptr)
-        addPackages(target, packages);
-    else
+    const auto add = [this, packages](RepoWidget *target) { addPackages(target, packages); };
+    bool isChosen = false;
+    if (dialog.action() == StartSelectActionDialog::Action::CreateRepo) {
+        isChosen = m_repositories.createRepo(add);
+    } else if (dialog.action() == StartSelectActionDialog::Action::OpenRepo) {
+        RepoWidget *target = m_repositories.chooseAndOpen();
+        isChosen = target != nullptr;
+        if (isChosen)
+            add(target);
+    }
+    if (!isChosen)
         m_feedback.announce(tr("Not added: %1").arg(packages.join(QLatin1String(", "))));
 }
 

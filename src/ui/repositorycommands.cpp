@@ -51,17 +51,16 @@ RepositoryCommands::RepositoryCommands(
 
 // --- new ---------------------------------------------------------------------------------------------------------
 
-RepoWidget *RepositoryCommands::createRepo()
+bool RepositoryCommands::createRepo(const Made &made)
 {
     Creation creation;
     creation.mode = NewRepoDialog::Mode::Create;
     creation.failure = tr("Repository is not created.");
+    creation.made = made;
     return create(creation);
 }
 
-void RepositoryCommands::createForImport(const QString &source,
-                                         const QString &folder,
-                                         const std::function<void(const RepoWidget *)> &made)
+void RepositoryCommands::createForImport(const QString &source, const QString &folder, const Made &made)
 {
     const QString proposed = NewRepoRules::importName(source);
     QString name = proposed;
@@ -76,7 +75,7 @@ void RepositoryCommands::createForImport(const QString &source,
     create(creation);
 }
 
-RepoWidget *RepositoryCommands::create(Creation creation)
+bool RepositoryCommands::create(Creation creation)
 {
     NewRepoDialog dialog(creation.mode, m_prompts, m_prompts.window());
     if (creation.isTypedIn) {
@@ -99,20 +98,18 @@ RepoWidget *RepositoryCommands::create(Creation creation)
     dialog.setPublishedCheck(m_publishing.isPublished);
     dialog.setRemembered(remembered());
     if (m_prompts.run(dialog) != QDialog::Accepted)
-        return nullptr;
+        return false;
     const QString path = dialog.repositoryPath();
     for (const QString &removed : qAsConst(m_removing)) {
         if (PathGuard::overlap(path, removed)) {
             m_feedback.error(tr("The repository %1 is being deleted.").arg(removed), {}, RepoEnums::WARNING);
-            return nullptr;
+            return false;
         }
     }
     creation.path = path;
     creation.info = dialog.repoInfo();
     creation.isTypedIn = true;
     RepoWidget *widget = m_tabs.create(path);
-    if (creation.made)
-        creation.made(widget);
     connect(widget->repoShell(), &RepoShell::repoCreated, this, [this, widget, creation](int result) {
         if (result != RepoShell::SUCCESS) {
             m_feedback.announce(creation.failure);
@@ -124,7 +121,9 @@ RepoWidget *RepositoryCommands::create(Creation creation)
         m_feedback.announce(tr("Repository is created."));
     });
     widget->repoShell()->createRepoAside(path, creation.info);
-    return widget;
+    if (creation.made)
+        creation.made(widget);
+    return true;
 }
 
 void RepositoryCommands::createAgain(const Creation &creation)

@@ -36,15 +36,12 @@ public:
 
     void setPublishing(const Publishing &publishing) { m_publishing = publishing; }
 
-    /** Asks for a description and creates the repository. The tab comes when it is there; null when cancelled. */
-    RepoWidget *createRepo();
-    /**
-     * The same for what is in `source`, an archive or a folder, with a proposed place in `folder`. `made` gets the
-     * widget before its repository is there, and another one when the user tries again after a failure.
-     */
-    void createForImport(const QString &source,
-                         const QString &folder,
-                         const std::function<void(const RepoWidget *widget)> &made);
+    /** Gets the widget of a repository that is being created, and another one when that failed and is tried again. */
+    using Made = std::function<void(RepoWidget *widget)>;
+    /** Asks for a description and creates the repository. The tab comes when it is there. False when cancelled. */
+    bool createRepo(const Made &made = {});
+    /** The same for what is in `source`, an archive or a folder, with a proposed place in `folder`. */
+    void createForImport(const QString &source, const QString &folder, const Made &made);
     /** Asks for a directory and opens it; null when cancelled. */
     RepoWidget *chooseAndOpen();
     /**
@@ -78,12 +75,12 @@ private:
         NewRepoDialog::Mode mode = NewRepoDialog::Mode::Create;
         QString failure; ///< what is said when nothing came of it
         QString source; ///< of an import
-        std::function<void(const RepoWidget *widget)> made;
+        Made made;
         QString path; ///< proposed or, like the description, typed in
         RepoInfo info;
         bool isTypedIn = false;
     };
-    RepoWidget *create(Creation creation);
+    bool create(Creation creation);
     void createAgain(const Creation &creation);
     /** Where repositories are or were. */
     QStringList remembered() const;

@@ -472,37 +472,27 @@ private Q_SLOTS:
 
     void filesAtStartLeadToARepository()
     {
-        // When it fails, the reason is told, and what was typed in comes back.
-        writeFile(m_folder->path() + "/file"_s, "x");
-        const QString impossible = m_folder->path() + "/file/new"_s;
-        const Script failing{
-            inDialog<NewRepoDialog>(
-                {},
-                [&](NewRepoDialog &dialog) {
-                    child<QLineEdit>(dialog, "m_pathLineEdit")->setText(m_folder->path() + "/file"_s);
-                    child<QLineEdit>(dialog, "m_nameLineEdit")->setText("new"_s);
-                    return !dialog.repoInfo().codename.isEmpty() && press(dialog, "OK"_s);
-                }),
-            inDialog<QMessageBox>("Error"_s,
-                                  [](const QMessageBox &box) {
-                                      return box.detailedText().contains("Not a directory"_s)
-                                             && press(box, "OK"_s);
-                                  }),
-            inDialog<NewRepoDialog>({}, [&](const NewRepoDialog &dialog) {
-                return dialog.repositoryPath() == impossible && !dialog.repoInfo().codename.isEmpty()
-                       && press(dialog, "Cancel"_s);
-            })};
-        action("m_newRepoAction")->trigger();
-        WAIT_FOR(failing.isDone());
         const QString file = package("a"_s);
-        const auto create = [this](NewRepoDialog &dialog) {
-            child<QLineEdit>(dialog, "m_pathLineEdit")->setText(m_folder->path());
-            child<QLineEdit>(dialog, "m_nameLineEdit")->setText("new"_s);
-            return !dialog.repoInfo().codename.isEmpty() && press(dialog, "OK"_s);
+        const auto createIn = [](const QString &folder, const char *before) {
+            return inDialog<NewRepoDialog>({}, [folder, before](NewRepoDialog &dialog) {
+                if (!dialog.repositoryPath().endsWith(QLatin1String(before))
+                    || dialog.repoInfo().codename.isEmpty())
+                    return false;
+                child<QLineEdit>(dialog, "m_pathLineEdit")->setText(folder);
+                child<QLineEdit>(dialog, "m_nameLineEdit")->setText("new"_s);
+                return press(dialog, "OK"_s);
+            });
         };
+        // When it fails, the reason is told, and what was typed in comes back.
         const Script steps{answer("Select action"_s, "Cancel"_s),
                            answer("Select action"_s, "Create repo"_s),
-                           inDialog<NewRepoDialog>({}, create)};
+                           createIn(file, ""),
+                           inDialog<QMessageBox>("Error"_s,
+                                                 [](const QMessageBox &box) {
+                                                     return box.detailedText().contains("Not a directory"_s)
+                                                            && press(box, "OK"_s);
+                                                 }),
+                           createIn(m_folder->path(), ".deb/new")};
         m_driver->window().addPackagesFromOutside({file}, false);
         QVERIFY(m_driver->log().contains("Not added: "_s + file));
         m_driver->window().addPackagesFromOutside({file}, false);
