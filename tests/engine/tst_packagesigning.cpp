@@ -155,7 +155,25 @@ private Q_SLOTS:
             h.choice = PackageReplacementRules::ReplaceAll;
             h.add(h.debs("second", "2.0") + h.debs("third"), signedWith(m_key));
             h.add(h.debs("foo", "2.0") + h.debs("third"));
+            // What was signed before the break is told as undone too, also of packages that an opening has listed.
+            h.add(h.debs("second last"));
+            h.open(h.repoPath());
+            writeScript(
+                bin + "reprepro"_s,
+                "#!/bin/sh\ncase \"$*\" in *last_1*|*'dogwood last'*) echo 'BDB0060 write failed' >&2; "
+                "exit 228;; esac\nexec "
+                    + real + " \"$@\"\n");
+            const QStringList names = h.listed();
+            h.run([&] {
+                h.shell.signPackages({h.find("second"_s), h.find("last"_s), h.find("foo"_s)}, m_key);
+            });
+            QCOMPARE(h.criticals.filter("put back as it was before"_s).size(), 1);
+            QVERIFY2(h.criticals.size() == 3, qPrintable(h.trouble()));
+            QVERIFY(h.shell.result() == RepoEnums::PACKAGE_UNSIGNED && h.listed() == names);
+            QVERIFY2(h.lastMessage().startsWith("0 package(s) is signed"_s), qPrintable(h.lastMessage()));
+            QVERIFY(h.find("second"_s)->signingKey.isEmpty());
         }
+        h.remove({h.find("second"_s), h.find("last"_s)});
         QVERIFY(recorded(h) == all && isSignedInPool(h, h.find("foo"_s)) && h.settled());
 
         // What a kill between the database and the record leaves.

@@ -199,6 +199,24 @@ private Q_SLOTS:
         QVERIFY(h.holds("bar 1.0 main amd64,bar 2 main i386,foo 2 main amd64,foo 2 main i386"_s));
     }
 
+    void databaseThatBreaksEndsTheJob()
+    {
+        OldRepo h("bar foo");
+        prepare(h, {h.line});
+        h.open(h.repoPath());
+        const QString bin = h.folder.filePath("bin/"_s);
+        const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLatin1();
+        const ScopedVariable path("PATH", ScopedVariable::pathBehind(bin));
+        writeScript(
+            bin + "reprepro"_s,
+            "#!/bin/sh\ncase \"$*\" in *foo_2*) echo 'BDB0060 write failed' >&2; exit 228;; esac\nexec "
+                + real + " \"$@\"\n");
+        QCOMPARE(upgrade(h), RepoEnums::ERROR);
+        QCOMPARE(h.lastMessage(), "Repo is not upgraded"_s);
+        QCOMPARE(h.criticals.filter("put back as it was before"_s).size(), 1);
+        QVERIFY(h.holds("bar 1.0 main amd64,foo 1.0 main amd64"_s));
+    }
+
     void whatCannotBeFetchedStays()
     {
         OldRepo h("foo bar baz");
