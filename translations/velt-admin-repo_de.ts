@@ -2258,7 +2258,7 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     </message>
     <message>
         <source>A job on the repository %1 was interrupted. It belongs to another user, and finishing the job runs programs that its settings name. Do you want to bring it in order now?</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein Vorgang am Repository %1 wurde unterbrochen. Es gehört einem anderen Benutzer, und beim Abschluss des Vorgangs laufen Programme, die seine Einstellungen nennen. Möchten Sie es jetzt in Ordnung bringen?</translation>
     </message>
 </context>
 <context>

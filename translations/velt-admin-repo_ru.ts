@@ -2274,7 +2274,7 @@ The file with them is kept as %2.</source>
     </message>
     <message>
         <source>A job on the repository %1 was interrupted. It belongs to another user, and finishing the job runs programs that its settings name. Do you want to bring it in order now?</source>
-        <translation type="unfinished"></translation>
+        <translation>Операция с репозиторием %1 была прервана. Он принадлежит другому пользователю, и при завершении операции запускаются программы, указанные в его настройках. Привести его в порядок сейчас?</translation>
     </message>
 </context>
 <context>
