@@ -115,6 +115,8 @@ private Q_SLOTS:
         QCOMPARE(exitCodeOf(*second), 255);
         QVERIFY(second->readAll().contains("The program is running already and does not answer."));
         QVERIFY(::kill(pid, SIGCONT) == 0);
+        // Who answers also watches for signals.
+        QCOMPARE(exitCodeOf(*start()), 255);
         first->terminate();
         QCOMPARE(exitCodeOf(*first), 0);
     }

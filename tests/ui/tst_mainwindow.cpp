@@ -378,6 +378,7 @@ private Q_SLOTS:
             QSettings().setValue("dependsRepoType"_s, 3);
             MainWindow window;
             window.show();
+            const QSignalSpy closing(&window, &MainWindow::closingBegan);
             const FullDisk full(0);
             for (const char *mode : {"m_checkDependsLocalAction", "m_checkDependsAllAction"})
                 child<QAction>(window, mode)->trigger();
@@ -397,6 +398,12 @@ private Q_SLOTS:
             else
                 window.closeWithoutAsking();
             QVERIFY(!window.isVisible());
+            // What comes too late is not forgotten in silence.
+            QCOMPARE(closing.count(), 1);
+            window.onMessageReceived("/a&b.deb&/c.deb"_s);
+            QVERIFY(child<QPlainTextEdit>(window, "m_logTextEdit")
+                        ->toPlainText()
+                        .contains("Not added: /a&b.deb, /c.deb"_s));
             QCOMPARE(boxes, isAsked ? QStringList(told) : QStringList());
         }
     }
