@@ -2,7 +2,6 @@
 #include "engine/exportsession.h"
 
 #include "engine/databasecopy.h"
-#include "engine/joblock.h"
 #include "engine/poolfiles.h"
 #include "engine/privateconfig.h"
 #include "engine/repreproanswers.h"
@@ -22,10 +21,10 @@ QString markerFile(const QString &repoPath)
 }
 } // namespace
 
-ExportSession::ExportSession(const QString &repoPath, Run run, JobLock &lock)
+ExportSession::ExportSession(const QString &repoPath, Run run, Lock lock)
     : m_repoPath(repoPath)
     , m_run(std::move(run))
-    , m_lock(lock)
+    , m_lock(std::move(lock))
     , m_exportOwed(isExportOwed(repoPath))
 { }
 
@@ -85,7 +84,7 @@ ProcessResult ExportSession::changeSilently(const QString &arguments)
 void ExportSession::mayLeave(const QString &poolFile)
 {
     // A job that is refused leaves the marker of the other one alone.
-    if (!m_lock.take(m_repoPath))
+    if (!m_lock())
         return;
     QFile marker(markerFile(m_repoPath));
     if (poolFile.startsWith(m_repoPath + QLatin1Char('/')) && marker.open(QIODevice::Append))
@@ -180,7 +179,7 @@ std::optional<ProcessResult> ExportSession::keepDatabase()
 {
     if (m_refusal || m_isKept)
         return m_refusal;
-    if (!m_lock.take(m_repoPath)) {
+    if (!m_lock()) {
         refuse(tr("The repository %1 is being changed by another program. Try again when it is done.")
                    .arg(m_repoPath));
         return m_refusal;

@@ -11,7 +11,6 @@
 #include <memory>
 #include <optional>
 
-class JobLock;
 class PrivateConfig;
 
 /**
@@ -30,8 +29,13 @@ public:
     /** Runs reprepro with these arguments and additional environment. */
     using Run = std::function<ProcessResult(const QString &arguments, const QStringList &environment)>;
 
-    /** The lock is that of the whole job, which may have several sessions, and stays locked at the end of this one. */
-    ExportSession(const QString &repoPath, Run run, JobLock &lock);
+    /**
+     * Locks the repository for the whole job, which may have several sessions, or finds that it has the lock. False,
+     * which it tells, when another job has it.
+     */
+    using Lock = std::function<bool()>;
+
+    ExportSession(const QString &repoPath, Run run, Lock lock);
     /** Does not export: without finish() the marker stays for the next one who opens the repository. */
     ~ExportSession();
     ExportSession(const ExportSession &) = delete;
@@ -88,7 +92,7 @@ public:
 private:
     QString m_repoPath;
     Run m_run;
-    JobLock &m_lock;
+    Lock m_lock;
     std::unique_ptr<PrivateConfig> m_silentConfig; ///< set once the first run has gone well
     std::unique_ptr<PrivateConfig> m_deletingConfig; ///< made when a removal has to make room
     bool m_exportOwed;

@@ -156,7 +156,14 @@ ExportSession JobContext::makeSession()
     const auto run = [this](const QString &arguments, const QStringList &environment) {
         return runWith(arguments, environment);
     };
-    return ExportSession(path(), run, m_lock);
+    const auto lock = [this] {
+        const bool isLocked = m_lock.take(path());
+        if (!isLocked && !m_lockedOut.exchange(true))
+            critical(tr("The repository %1 is being changed by another program. Try again when it is done.")
+                         .arg(path()));
+        return isLocked;
+    };
+    return ExportSession(path(), run, lock);
 }
 
 bool JobContext::finishSession(ExportSession *session)
