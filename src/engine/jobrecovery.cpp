@@ -3,6 +3,7 @@
 
 #include "core/removetree.h"
 #include "engine/databasecopy.h"
+#include "engine/distributionsfile.h"
 #include "engine/exportsession.h"
 #include "engine/jobcontext.h"
 #include "engine/packagebackup.h"
@@ -216,8 +217,8 @@ bool JobRecovery::isThere(const PackageInfo &package)
 {
     const QString suffix
         = package.type == PackageType::Udeb ? QStringLiteral(".udeb") : QStringLiteral(".deb");
-    m_context.runReprepro(ReproCommand::listFiles(
-        m_context.repoInfo().codename, package.name, package.indexComponent, package.architecture));
+    m_context.runReprepro(
+        ReproCommand::listFiles(codename(), package.name, package.indexComponent, package.architecture));
     const QStringList files = linesOf(m_context.lastOutput());
     return std::any_of(
         files.cbegin(), files.cend(), [&](const QString &file) { return file.endsWith(suffix); });
@@ -301,14 +302,14 @@ bool JobRecovery::undoChange()
 bool JobRecovery::isDamaged(const QStringList &filesLeft)
 {
     const QString path = m_context.path();
-    const QString codename = m_context.repoInfo().codename;
+    const QString distribution = codename();
     if (DatabaseCopy::isCondemned(path))
         return true;
     // What a job has taken out, it has written down before.
-    if (m_context.runReprepro(ReproCommand::listAllFilesIn(DatabaseCopy::folder(path), codename)) != 0)
+    if (m_context.runReprepro(ReproCommand::listAllFilesIn(DatabaseCopy::folder(path), distribution)) != 0)
         return false;
     const QStringList before = linesOf(m_context.lastOutput());
-    if (m_context.runReprepro(ReproCommand::listAllFiles(codename)) != 0)
+    if (m_context.runReprepro(ReproCommand::listAllFiles(distribution)) != 0)
         return ReproAnswer::databaseTroubled(m_context.lastErrorOutput());
     const QStringList lines = linesOf(m_context.lastOutput());
     const QSet<QString> now(lines.cbegin(), lines.cend());
@@ -333,13 +334,13 @@ bool JobRecovery::isReferenced(const QStringList &lines)
         return true;
     const QStringList listed = linesOf(m_context.lastOutput());
     const QSet<QString> references(listed.cbegin(), listed.cend());
-    const QString codename = m_context.repoInfo().codename;
+    const QString distribution = codename();
     return std::any_of(lines.cbegin(), lines.cend(), [&](const QString &line) {
         const QString file = line.section(QLatin1Char(' '), 3);
         const QString kind = file.endsWith(QLatin1String(".udeb")) ? QStringLiteral("u|") : QString();
         const QStringList words = line.split(QLatin1Char(' '));
         return references.contains(
-            QStringLiteral("%1%2|%3|%4 %5").arg(kind, codename, words.value(0), words.value(1), file));
+            QStringLiteral("%1%2|%3|%4 %5").arg(kind, distribution, words.value(0), words.value(1), file));
     });
 }
 
@@ -347,7 +348,8 @@ bool JobRecovery::putDatabaseBack()
 {
     const QString path = m_context.path();
     DatabaseCopy::condemn(path);
-    // The description first: without it the database could not be read.
+    // The description that the copy goes with first: without it the database could not be read.
+    DatabaseCopy::setDescriptionDue(path);
     if (RepoLock::state(path) == RepoLock::State::Held || !DatabaseCopy::putDescriptionBack(path)
         || !DatabaseCopy::putBack(path)) {
         m_context.critical(
@@ -358,6 +360,13 @@ bool JobRecovery::putDatabaseBack()
     m_checksums.clear();
     m_isPutBack = true;
     return true;
+}
+
+QString JobRecovery::codename() const
+{
+    // From the file, because that may have been put back since the repository was opened.
+    const auto info = DistributionsFile(m_context.path()).read();
+    return info ? info->codename : m_context.repoInfo().codename;
 }
 
 void JobRecovery::tellOfDamage()
@@ -376,8 +385,8 @@ void JobRecovery::removeMissing(const QStringList &filesLeft)
     const bool isMissing = std::any_of(filesLeft.cbegin(), filesLeft.cend(), [&](const QString &file) {
         return !QFile::exists(path + file);
     });
-    const QString codename = m_context.repoInfo().codename;
-    if (!isMissing || m_context.runReprepro(ReproCommand::listAllFiles(codename)) != 0)
+    const QString distribution = codename();
+    if (!isMissing || m_context.runReprepro(ReproCommand::listAllFiles(distribution)) != 0)
         return;
     const QSet<QString> left(filesLeft.cbegin(), filesLeft.cend());
     const QStringList lines = linesOf(m_context.lastOutput());
@@ -388,7 +397,7 @@ void JobRecovery::removeMissing(const QStringList &filesLeft)
         const QStringList words = line.split(QLatin1Char(' '));
         const auto type = file.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
         m_context.runReprepro(
-            ReproCommand::remove(codename, {words.value(2)}, words.value(0), words.value(1), &type));
+            ReproCommand::remove(distribution, {words.value(2)}, words.value(0), words.value(1), &type));
     }
 }
 
@@ -435,6 +444,16 @@ void JobRecovery::dropFiles(const QStringList &files)
     const QStringList lines = linesOf(m_context.lastOutput());
     for (const QString &line : lines)
         known.insert(line.section(QLatin1Char(' '), 0, 0));
+    // A run that died can have written its packages without their checksums.
+    if (m_context.runReprepro(ReproCommand::listAllFiles(codename())) != 0)
+        return;
+    const QStringList packages = linesOf(m_context.lastOutput());
+    for (const QString &line : packages) {
+        const QString file = line.section(QLatin1Char(' '), 3);
+        if (!known.contains(file) && QFile::exists(path + QLatin1Char('/') + file))
+            m_context.runReprepro(ReproCommand::detect(file));
+        known.insert(file);
+    }
     for (const QString &file : files)
         if (!known.contains(file))
             PoolFiles::remove(path, file);

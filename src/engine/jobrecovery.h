@@ -32,6 +32,8 @@ public:
      * description, but no packages yet. True when there was something to do and it is done.
      */
     bool run();
+    /** Whether run() has put the database back, and with it the description from before a change. */
+    bool isPutBack() const { return m_isPutBack; }
     /**
      * The same without the replacements: for the end of a job in which a program was killed. Deletes what the marker
      * names and `filesLeft`. False when it fails.
@@ -58,6 +60,7 @@ private:
     bool isReferenced(const QStringList &lines);
     bool putDatabaseBack();
     bool repairPutBack(const QStringList &filesLeft);
+    QString codename() const;
     void tellOfDamage();
     void removeMissing(const QStringList &filesLeft);
     void showAnew(const QStringList &filesLeft);

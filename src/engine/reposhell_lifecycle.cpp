@@ -181,6 +181,8 @@ int RepoShell::openBody(const QString &path)
     Q_EMIT pathChanged(QString());
     Q_EMIT requestForStoredInformation(path);
     const bool isRecovered = recovery.run();
+    if (recovery.isPutBack())
+        readRepoInfo(path);
 
     QList<PackageInfoPtr> packages = listPackages(path, repoInfo());
     sortPackages(&packages);

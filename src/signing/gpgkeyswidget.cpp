@@ -11,7 +11,6 @@
 #include <QLabel>
 #include <QRegularExpression>
 #include <QScreen>
-#include <QScreen>
 #include <QStandardItemModel>
 #include <QStylePainter>
 #include <QToolButton>

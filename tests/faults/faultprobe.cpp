@@ -50,6 +50,13 @@ std::function<void()> jobOf(RepoShell *shell, const QString &job, const QStringL
         return [=] { shell->exportRepo(arguments.first()); };
     if (job == "pack"_s)
         return [=] { shell->exportPackages(shell->packages(), arguments.first(), false); };
+    if (job == "change"_s) {
+        return [=] {
+            RepoInfo info = shell->repoInfo();
+            info.components = arguments.first();
+            shell->changeRepo(shell->path(), info);
+        };
+    }
     if (job != "remove"_s)
         qFatal("no such job");
     return [=] {

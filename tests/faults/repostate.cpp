@@ -81,8 +81,11 @@ QStringList RepoState::names() const
 QString RepoState::faultsWithin(EngineHarness &engine)
 {
     QString faults;
-    // A database that was broken off while it was written, and how the job was undone, is told and no fault.
-    if (!engine.criticals.filter(QRegularExpression("^(?!.*put back as it was before)"_s)).isEmpty())
+    // What was broken off while it was written, and how the job was undone, is told and no fault.
+    if (!engine.criticals
+             .filter(
+                 QRegularExpression("^(?!.*(put back as it was before|interrupted and has been undone))"_s))
+             .isEmpty())
         faults += "the engine says: %1\n"_s.arg(engine.trouble());
     for (const char *command : {"check", "checkpool"}) {
         const ProcessResult result = engine.reprepro({QString::fromLatin1(command)});

@@ -293,6 +293,20 @@ private Q_SLOTS:
         cutShort(job);
     }
 
+    /** Of many files most go in together. */
+    void addingMany()
+    {
+        QStringList files;
+        for (int i = 10; i < 65; ++i)
+            files += DebBuilder("p%1"_s.arg(i))
+                         .field("Section"_s, i % 2 == 0 ? "contrib/admin"_s : "admin"_s)
+                         .build(m_folder->filePath("many"_s));
+        Job job{"add"_s, files};
+        job.request.offer(files);
+        job.largestFile = 60000;
+        cutShort(job);
+    }
+
     void replacing()
     {
         Job job{"add"_s, m_other};
@@ -305,6 +319,15 @@ private Q_SLOTS:
     {
         Job job{"remove"_s, {"one"_s, "every"_s, "side"_s}};
         job.request.removed = {"one"_s, "every"_s, "side"_s};
+        job.largestFile = 60000;
+        cutShort(job);
+    }
+
+    /** The packages of a component that the description has no longer go with it. */
+    void changing()
+    {
+        Job job{"change"_s, {"main"_s}};
+        job.request.removed = {"side"_s};
         job.largestFile = 60000;
         cutShort(job);
     }
