@@ -112,7 +112,8 @@ bool isOurs(const QString &repoPath, const QString &folder)
     struct stat present = {};
     return ::stat(QFile::encodeName(inDatabase(repoPath, {})).constData(), &database) == 0
            && ::lstat(QFile::encodeName(folder).constData(), &present) == 0 && S_ISDIR(present.st_mode)
-           && (present.st_uid == ::geteuid() || present.st_uid == database.st_uid);
+           && (present.st_uid == ::geteuid() || present.st_uid == database.st_uid || present.st_uid == 0
+               || (database.st_mode & S_IWOTH) == 0);
 }
 
 /** The file of the copy takes its place, and what was there goes aside. */
@@ -228,7 +229,7 @@ bool DatabaseCopy::keepDescription(const QString &repoPath, const QByteArray &by
 std::optional<QByteArray> DatabaseCopy::description(const QString &repoPath)
 {
     QFile file(folder(repoPath) + DescriptionFile);
-    if (!file.open(QIODevice::ReadOnly))
+    if (!isOurs(repoPath, folder(repoPath)) || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
     return file.readAll();
 }

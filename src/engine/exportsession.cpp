@@ -75,16 +75,15 @@ ProcessResult ExportSession::changeSilently(const QString &arguments)
 {
     // Anew each time, because the description may have changed.
     auto silent = std::make_unique<PrivateConfig>(m_repoPath, PrivateConfig::Keep);
-    if (silent->isValid())
-        m_silentConfig = std::move(silent);
+    m_silentConfig = silent->isValid() ? std::move(silent) : nullptr;
     m_removed = true;
     return change(arguments, m_silentConfig.get());
 }
 
 void ExportSession::mayLeave(const QString &poolFile)
 {
-    // A job that is refused leaves the marker of the other one alone.
-    if (!m_lock())
+    // A job that is refused leaves no marker, and that of another one alone.
+    if (keepDatabase())
         return;
     QFile marker(markerFile(m_repoPath));
     if (poolFile.startsWith(m_repoPath + QLatin1Char('/')) && marker.open(QIODevice::Append))

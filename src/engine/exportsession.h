@@ -58,6 +58,8 @@ public:
     ProcessResult clearVanished(Vanished parts);
     /** Makes the database forget which files belonged to which source; after keep(), with the pool files as above. */
     ProcessResult dropTracks(const QString &codename);
+    /** Whether nothing may be changed, which the first try has said. */
+    bool isRefused() const { return m_refusal.has_value(); }
     /** Whether further runs leave the indices alone. */
     bool isSilent() const { return m_silentConfig != nullptr; }
     /** Tells, before the run, of a file that would lie in the pool without use if the run were cut short. */

@@ -169,6 +169,9 @@ ExportSession JobContext::makeSession()
 bool JobContext::finishSession(ExportSession *session)
 {
     const auto unlocked = qScopeGuard([this] { unlock(); });
+    // A stop has ended the waiting for the lock, but the indices are still to be written.
+    if (isCanceled())
+        m_lockedOut = false;
     JobRecovery recovery(*this);
     // Before anything is written from a database that may have lost packages.
     if (session->isDisturbed() && recovery.undoJob())

@@ -61,7 +61,7 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
         files, 2 * FilesTogether, [this] { return m_context.isCanceled(); });
     bool stopped = false;
     for (int done = 0; done < files.size() && !stopped;) {
-        stopped = m_context.mustEnd();
+        stopped = m_context.mustEnd() || m_run.session.isRefused();
         if (stopped)
             break;
         const bool together = files.size() > ManyFiles && BatchInclusion::isPossible(m_run);
@@ -71,7 +71,7 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
         for (const PackageFile &file : read) {
             ++done;
             // What has gone in already is told of, also after a stop.
-            stopped = stopped || m_context.mustEnd();
+            stopped = stopped || m_context.mustEnd() || m_run.session.isRefused();
             if (stopped && !m_run.ahead.contains(file.path))
                 continue;
             addReadFile(file, done == files.size());

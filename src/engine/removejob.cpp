@@ -23,7 +23,7 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
     bool stopped = false;
     int done = 0;
     while (done < packages.size() && !stopped && !session.isDamaged()) {
-        stopped = m_context.mustEnd();
+        stopped = m_context.mustEnd() || session.isRefused();
         if (stopped)
             break;
         // The first run of a job writes the indices.
@@ -34,7 +34,7 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
         for (const PackageInfoPtr &package : next) {
             ++done;
             // What is out already is told of, also after a stop.
-            stopped = stopped || m_context.mustEnd();
+            stopped = stopped || m_context.mustEnd() || session.isRefused();
             if (session.isDamaged() || (stopped && together && !removal.isOut(*package)))
                 continue;
             if (removal.remove(package))

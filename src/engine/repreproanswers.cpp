@@ -28,7 +28,9 @@ bool ReproAnswer::databaseTroubled(const QString &errorOutput)
 {
     // Messages name files too, and these can have any name.
     static const QRegularExpression trouble(
-        QStringLiteral("^(BDB\\d{4} |Database .* returned corrupted( \\(not [a-z-]+\\))? data!)"),
+        QStringLiteral("^(BDB\\d{4} |Internal error of the underlying BerkeleyDB database:"
+                       "|db_\\w+\\(.*\\)\\[-?\\d+\\]: BDB\\d{4} "
+                       "|Database .* returned corrupted( \\(not [a-z-]+\\))? data!)"),
         QRegularExpression::MultilineOption);
     return trouble.match(errorOutput).hasMatch();
 }

@@ -18,7 +18,7 @@ int SignJob::run(const QList<PackageInfoPtr> &packages, const QString &keyId)
     QHash<QString, bool> files; // the files that have been dealt with, and whether they are signed
     bool stopped = false;
     for (const PackageInfoPtr &package : packages) {
-        stopped = m_context.mustEnd();
+        stopped = m_context.mustEnd() || adding.run().session.isRefused();
         if (stopped || adding.run().session.isDamaged())
             break;
         const QString file = package->filePath();

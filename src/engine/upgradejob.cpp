@@ -93,9 +93,9 @@ int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions
         frame.itemDone(groups.size());
     }
     const bool stands = adding.finish(stopped);
-    if (stopped)
+    if (stopped && !m_context.isLockedOut())
         return end(CANCEL, tr("Canceled by user"));
-    if (!stands || (run.upgraded == 0 && run.failed > 0))
+    if (stopped || !stands || (run.upgraded == 0 && run.failed > 0))
         return end(ERROR, failure);
     return end(SUCCESS, tr("Repo upgraded"));
 }

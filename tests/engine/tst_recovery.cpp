@@ -151,7 +151,10 @@ private Q_SLOTS:
         for (const char *bad :
              {"x\nBDB0060 write: No space left on device\n",
               "Database packages.db(dog|main|amd64) returned corrupted (not paired) data!\n",
-              "Database references.db returned corrupted data!\n"})
+              "Database references.db returned corrupted data!\n",
+              "Internal error of the underlying BerkeleyDB database:\nWithin packages.db subtable "
+              "sid|main|amd64 at get: BDB0075 DB_PAGE_NOTFOUND: Requested page not found\n",
+              "db_open(/r/db/references.db:references)[-30986]: BDB0075 DB_PAGE_NOTFOUND\n"})
             QVERIFY2(ReproAnswer::databaseTroubled(QLatin1String(bad)), bad);
     }
 
