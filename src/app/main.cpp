@@ -65,7 +65,8 @@ void tellNotDelivered(SingleInstance::Outcome outcome, const QStringList &files)
         return;
     QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), text);
     box.setTextFormat(Qt::PlainText);
-    if (!files.isEmpty())
+    // A program that is only slow finds the files when it goes on.
+    if (!files.isEmpty() && outcome == SingleInstance::TooLong)
         box.setInformativeText(QCoreApplication::translate("main", "Nothing has been added."));
     box.exec();
 }

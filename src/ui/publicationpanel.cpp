@@ -16,6 +16,7 @@
 #include <QSettings>
 
 #include <array>
+#include <utility>
 
 PublicationPanel::PublicationPanel(Ui::RepoWidget &ui, RepoShell &shell, QObject *parent)
     : QObject(parent)
@@ -56,10 +57,10 @@ void PublicationPanel::connectFields()
     connect(m_ui.m_publishArchComboBox, index, this, &PublicationPanel::update);
     connect(m_ui.m_srvTypeComboBox, index, this, &PublicationPanel::update);
     connect(m_ui.m_srvTypeComboBox, index, this, &PublicationPanel::serverTypeChanged);
-    connect(m_ui.m_srvTypeComboBox,
-            qOverload<int>(&QComboBox::activated),
-            this,
-            &PublicationPanel::serverTypeChosen);
+    connect(m_ui.m_srvTypeComboBox, qOverload<int>(&QComboBox::activated), this, [this](int type) {
+        if (std::exchange(m_type, type) != type)
+            Q_EMIT serverTypeChosen();
+    });
     connect(m_ui.m_httpPortSpinBox, qOverload<int>(&QSpinBox::valueChanged), this, &PublicationPanel::update);
     connect(m_ui.m_httpPortSpinBox, &QSpinBox::editingFinished, this, &PublicationPanel::portEditingFinished);
     QComboBox *address = m_ui.m_ipAddrComboBox;
@@ -125,6 +126,7 @@ void PublicationPanel::restore(const PublicationSettings &settings)
     if (architecture >= 0)
         m_ui.m_publishArchComboBox->setCurrentIndex(architecture);
     m_ui.m_srvTypeComboBox->setCurrentIndex(m_ui.m_srvTypeComboBox->findData(settings.protocol));
+    m_type = m_ui.m_srvTypeComboBox->currentIndex();
     m_ui.m_httpPortSpinBox->setValue(settings.port);
     if (!settings.host.isEmpty()) {
         m_ui.m_ipAddrComboBox->setCurrentText(settings.host);
@@ -268,6 +270,7 @@ void PublicationPanel::followLive()
     if (!settings.applyLive(m_live))
         return;
     m_ui.m_srvTypeComboBox->setCurrentIndex(m_ui.m_srvTypeComboBox->findData(settings.protocol));
+    m_type = m_ui.m_srvTypeComboBox->currentIndex();
     m_ui.m_httpPortSpinBox->setValue(settings.port);
 }
 

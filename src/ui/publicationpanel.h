@@ -67,6 +67,7 @@ private:
     std::optional<PublicationSettings>
         m_published; ///< the repository's place, as it was when last read or kept
     bool m_addressChosen = false; ///< by the user, or once by them and kept
+    int m_type = -1; ///< row of the server type that the user or the settings chose last
     bool m_isPublishingKnown = false;
     QString m_obstacle; ///< why the repository cannot be published
     QVector<Publication> m_live; ///< the repository's, as the system has last said

@@ -237,10 +237,17 @@ void PublishCommand::makeRoom(const Request &request)
     request.widget->repoShell()->unpublishRepo(
         request.wanted.port, request.wanted.protocol, [this, request](bool done) {
             afterReading([this, request, done] {
-                if (done && !isListed(*request.rules.own))
-                    askSystem(request);
-                else
+                if (!done) {
                     finish(request, false);
+                } else if (!isListed(*request.rules.own)) {
+                    askSystem(request);
+                } else if (goesOn(request)) {
+                    m_feedback.endWaiting(request.widget,
+                                          QString(),
+                                          tr("The repository is not published!"),
+                                          whyListed(*request.rules.own));
+                    m_tabs.setWaiting(request.widget, false);
+                }
             });
         });
 }

@@ -183,6 +183,11 @@ private Q_SLOTS:
         };
         QCOMPARE(proposed(Qt::Key_Down), 8000);
         QCOMPARE(proposed(Qt::Key_Down), 21);
+        // Chosen again, the type leaves the port that was chosen meanwhile.
+        field<QSpinBox>("m_httpPortSpinBox")->setValue(8000);
+        Q_EMIT type->activated(type->currentIndex());
+        QCOMPARE(field<QSpinBox>("m_httpPortSpinBox")->value(), 8000);
+        field<QSpinBox>("m_httpPortSpinBox")->setValue(21);
         QCOMPARE(proposed(Qt::Key_Up), 8000);
 
         choose(0, HttpProtocol, 8000);
