@@ -69,8 +69,9 @@ bool PathGuard::mayBeWiped(const QString &path, const QStringList &openRepositor
         return false;
     if (!repositoriesBelow(target).isEmpty())
         return false;
-    return std::none_of(openRepositories.cbegin(), openRepositories.cend(), [&](const QString &repository) {
-        return !repository.isEmpty() && isAtOrAbove(target, resolved(repository));
+    const QStringList open = writtenBelow({path, target}, openRepositories);
+    return std::none_of(open.cbegin(), open.cend(), [&](const QString &repository) {
+        return isAtOrAbove(target, resolved(repository));
     });
 }
 
@@ -96,7 +97,8 @@ QStringList PathGuard::repositoriesBelow(const QString &path, const QStringList 
         std::copy_if(below.cbegin(), below.cend(), std::back_inserter(found), &PathGuard::isRepository);
         level = below;
     }
-    for (const QString &repository : remembered) {
+    const QStringList near = writtenBelow({path, top}, remembered);
+    for (const QString &repository : near) {
         const QString place = resolved(repository);
         if (place != top && isAtOrAbove(top, place) && isRepository(place))
             found.append(place);
@@ -104,6 +106,20 @@ QStringList PathGuard::repositoriesBelow(const QString &path, const QStringList 
     found.removeDuplicates();
     found.sort();
     return found;
+}
+
+QStringList PathGuard::writtenBelow(const QStringList &folders, const QStringList &paths)
+{
+    const auto written = [](const QString &path) { return QDir::cleanPath(QDir(path).absolutePath()); };
+    QStringList below;
+    for (const QString &path : paths) {
+        const auto holdsIt = [&written, place = written(path)](const QString &folder) {
+            return isAtOrAbove(written(folder), place);
+        };
+        if (!path.isEmpty() && std::any_of(folders.cbegin(), folders.cend(), holdsIt))
+            below.append(path);
+    }
+    return below;
 }
 
 bool PathGuard::isRepository(const QString &path)

@@ -194,6 +194,14 @@ private Q_SLOTS:
         QCOMPARE(PathGuard::repositoriesBelow(in("shelf"),
                                               {in("shelf/a/b/c/d/deep/"), in("shelf/gone"), in("shelf")}),
                  (QStringList{in("shelf/a/b/c/d/deep"), in("shelf/one"), in("shelf/x/.y/two")}));
+        // What is written elsewhere may lie on a disk that does not answer: it is not even looked at.
+        QVERIFY(QFile::link(in("shelf/a/b/c/d/deep"), in("far")));
+        QVERIFY(!PathGuard::repositoriesBelow(in("shelf"), {in("far")}).contains(in("shelf/a/b/c/d/deep")));
+        QCOMPARE(PathGuard::writtenBelow({"/srv/a"_s, "/link/"_s},
+                                         "/srv/a,/srv/a/x/,/srv/b/../a/y,/link/z,,/,/srv,/srv/ab,/link2/z,"
+                                         "/srv/a/../b,/mnt/srv/a"_s.split(QLatin1Char(','))),
+                 "/srv/a,/srv/a/x/,/srv/b/../a/y,/link/z"_s.split(QLatin1Char(',')));
+        QCOMPARE(PathGuard::writtenBelow({"/"_s}, {"/srv"_s}), QStringList{"/srv"_s});
         QVERIFY(PathGuard::mayBeWiped(in("shelf/one"), {})
                 && PathGuard::repositoriesBelow(in("a")).isEmpty());
         for (const QString &path :
