@@ -133,11 +133,12 @@ QStringList DependsReport::summaryLines(const QList<PackageInfoPtr> &packages)
 
 QString DependsReport::text(const QList<PackageInfoPtr> &packages, const Heading &heading)
 {
-    QStringList lines{tr("Repository: %1").arg(heading.repository),
-                      tr("Mode: %1").arg(heading.mode),
-                      tr("Date: %1").arg(heading.time.toString(Qt::ISODate)),
-                      QString()};
-    lines += summaryLines(packages);
+    QStringList lines{tr("Repository: %1").arg(heading.repository)};
+    if (!heading.mode.isEmpty())
+        lines << tr("Mode: %1").arg(heading.mode);
+    if (heading.time.isValid())
+        lines << tr("Date: %1").arg(heading.time.toString(Qt::ISODate));
+    lines << QString() << summaryLines(packages);
     for (const PackageInfoPtr &package : inError(packages)) {
         lines << QString()
               << QStringLiteral("%1 %2 (%3, %4)")
@@ -169,15 +170,17 @@ QByteArray DependsReport::json(const QList<PackageInfoPtr> &packages, const Head
                                   {QStringLiteral("component"), package->component},
                                   {QStringLiteral("missing"), entries}});
     }
-    return QJsonDocument(QJsonObject{{QStringLiteral("repository"), heading.repository},
-                                     {QStringLiteral("mode"), heading.mode},
-                                     {QStringLiteral("date"), heading.time.toString(Qt::ISODate)},
-                                     {QStringLiteral("satisfied"), counts.satisfied},
-                                     {QStringLiteral("errors"), counts.errors},
-                                     {QStringLiteral("unchecked"), counts.unchecked},
-                                     {QStringLiteral("mostWanted"), wanted},
-                                     {QStringLiteral("packages"), errors}})
-        .toJson();
+    QJsonObject report{{QStringLiteral("repository"), heading.repository},
+                       {QStringLiteral("satisfied"), counts.satisfied},
+                       {QStringLiteral("errors"), counts.errors},
+                       {QStringLiteral("unchecked"), counts.unchecked},
+                       {QStringLiteral("mostWanted"), wanted},
+                       {QStringLiteral("packages"), errors}};
+    if (!heading.mode.isEmpty())
+        report.insert(QStringLiteral("mode"), heading.mode);
+    if (heading.time.isValid())
+        report.insert(QStringLiteral("date"), heading.time.toString(Qt::ISODate));
+    return QJsonDocument(report).toJson();
 }
 
 QString DependsReport::offers(const Dependency &dependency, DependStatus status)

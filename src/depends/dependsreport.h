@@ -22,8 +22,8 @@ public:
     struct Heading
     {
         QString repository; ///< its directory
-        QString mode; ///< where dependencies are looked for, in words
-        QDateTime time; ///< of the report
+        QString mode; ///< where dependencies were looked for, in words; empty when that is not known
+        QDateTime time; ///< of the last check; invalid when that is not known
     };
 
     struct Summary

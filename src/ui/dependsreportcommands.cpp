@@ -32,10 +32,51 @@ DependsReportCommands::DependsReportCommands(
     m_saveAction->setObjectName(QStringLiteral("m_saveReportAction"));
     connect(m_copyAction, &QAction::triggered, this, &DependsReportCommands::copy);
     connect(m_saveAction, &QAction::triggered, this, &DependsReportCommands::save);
-    connect(&m_tabs, &RepoTabs::created, this, [this](RepoWidget *widget) {
-        connect(widget, &RepoWidget::packagesChanged, this, &DependsReportCommands::stateChanged);
+    connect(&m_tabs, &RepoTabs::created, this, &DependsReportCommands::attach);
+    connect(&m_tabs, &RepoTabs::leaving, this, [this](const RepoWidget *widget) {
+        m_jobs.remove(widget);
+        m_checks.remove(widget);
     });
     updateActions();
+}
+
+void DependsReportCommands::attach(RepoWidget *widget)
+{
+    connect(widget, &RepoWidget::packagesChanged, this, &DependsReportCommands::stateChanged);
+    connect(widget, &RepoWidget::repoShellStarted, this, [this, widget] {
+        m_jobs[widget] = {m_settings.choices().dependsRepoType, widget->hasCheckResults(), false, 0};
+    });
+    connect(widget, &RepoWidget::progressBarSetMaximum, this, [this, widget](int maximum) {
+        m_jobs[widget].items = maximum;
+    });
+    connect(widget->repoShell(), &RepoShell::dependsSummary, this, [this, widget] {
+        m_jobs[widget].hasChecked = true;
+    });
+    connect(widget, &RepoWidget::repoShellFinished, this, [this, widget](RepoEnums::JobId jobId) {
+        endJob(widget, jobId);
+    });
+}
+
+void DependsReportCommands::endJob(const RepoWidget *widget, RepoEnums::JobId jobId)
+{
+    const Job job = m_jobs.take(widget);
+    if (!job.hasChecked)
+        return;
+    const RepoShell &engine = *widget->repoShell();
+    const bool isCheck = jobId == RepoEnums::CHECK_DEPENDS_JOB;
+    std::optional<int> mode = job.mode;
+    // Other jobs check at their end, and the user may have chosen anew meanwhile.
+    if (!isCheck && job.mode != m_settings.choices().dependsRepoType)
+        mode.reset();
+    const bool isOfAll
+        = isCheck && job.items == engine.packageCount() && engine.progress() == engine.packageCount();
+    const Check before = m_checks.value(widget);
+    const bool standsAlone = isOfAll || !job.addsToMarks;
+    if (!standsAlone && before.mode != mode)
+        mode.reset();
+    // Marks from the store have no date, and a date of others would speak for them too.
+    const bool isDated = standsAlone || before.time.isValid();
+    m_checks[widget] = {mode, isDated ? QDateTime::currentDateTime() : QDateTime()};
 }
 
 void DependsReportCommands::updateActions()
@@ -54,10 +95,9 @@ QByteArray DependsReportCommands::report(const Contents &contents, Format format
 
 DependsReportCommands::Contents DependsReportCommands::contentsOf(const RepoWidget &widget) const
 {
+    const Check check = m_checks.value(&widget);
     return {widget.repoShell()->packages(),
-            {widget.repoPath(),
-             DependsModes::about(m_settings.choices().dependsRepoType),
-             QDateTime::currentDateTime()}};
+            {widget.repoPath(), check.mode ? DependsModes::about(*check.mode) : QString(), check.time}};
 }
 
 void DependsReportCommands::copy()

@@ -2,9 +2,14 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "core/repoenums.h"
 #include "depends/dependsreport.h"
 
+#include <QDateTime>
+#include <QHash>
 #include <QObject>
+
+#include <optional>
 
 class JobFeedback;
 class Prompts;
@@ -40,6 +45,24 @@ private:
         DependsReport::Heading heading;
     };
 
+    /** What is known of the check that a tab's marks come from. */
+    struct Check
+    {
+        std::optional<int> mode; ///< none when the marks come from checks of several or of unknown modes
+        QDateTime time; ///< of the last check; invalid when marks may be older than this run of the program
+    };
+
+    /** The job that a tab is at, as far as it matters for the marks. */
+    struct Job
+    {
+        int mode = 0; ///< at its start
+        bool addsToMarks = false; ///< there were some at its start
+        bool hasChecked = false;
+        int items = 0;
+    };
+
+    void attach(RepoWidget *widget);
+    void endJob(const RepoWidget *widget, RepoEnums::JobId jobId);
     Contents contentsOf(const RepoWidget &widget) const;
     /** The report; takes a while for a large repository. From any thread. */
     static QByteArray report(const Contents &contents, Format format);
@@ -53,4 +76,6 @@ private:
     QAction *m_copyAction;
     QAction *m_saveAction;
     QString m_lastFolder;
+    QHash<const RepoWidget *, Job> m_jobs;
+    QHash<const RepoWidget *, Check> m_checks;
 };

@@ -461,6 +461,11 @@ private Q_SLOTS:
         const auto json = QJsonDocument::fromJson(DependsReport::json(packages, heading)).object();
         QCOMPARE(json["repository"_s].toString() + json["mode"_s].toString(), "/srv/rall repos"_s);
         QCOMPARE(json["packages"_s][1]["missing"_s][0]["entry"_s].toString(), "nosuch | foo (>> 8)"_s);
+        // What is not known of the check is not said.
+        QVERIFY(DependsReport::text(packages, {"/srv/r"_s, {}, {}}).startsWith("Repository: /srv/r\n\n"_s));
+        const auto bare
+            = QJsonDocument::fromJson(DependsReport::json(packages, {"/srv/r"_s, {}, {}})).object();
+        QVERIFY(!bare.contains("mode"_s) && !bare.contains("date"_s) && bare.contains("errors"_s));
     }
 };
 

@@ -105,14 +105,31 @@ private Q_SLOTS:
         const QJsonObject report = QJsonDocument::fromJson(readFile(path("report.json"_s))).object();
         QCOMPARE(report.value("errors"_s).toInt(), 1);
         QCOMPARE(report.value("packages"_s).toArray().at(0).toObject().value("name"_s).toString(), "app"_s);
-        action("m_copyReportAction")->trigger();
-        WAIT_FOR(QGuiApplication::clipboard()->text().contains("app 1.0 (main, amd64)"_s));
-
-        QVERIFY(QGuiApplication::clipboard()->text().contains("Mode: Check depends in local repo"_s));
-        // Another mode leaves the marks as they are, and says so.
+        const auto copied = [this] {
+            QGuiApplication::clipboard()->clear();
+            action("m_copyReportAction")->trigger();
+            const auto text = [] { return QGuiApplication::clipboard()->text(); };
+            return QTest::qWaitFor([&] { return text().contains("app 1.0 (main, amd64)"_s); }) ? text()
+                                                                                               : QString();
+        };
+        // Another mode leaves the marks as they are, and says so; the report names the mode that they come from.
+        const QString mode = "\nMode: Check depends in local repo\nDate: "_s;
+        QVERIFY(copied().contains(mode));
         action("m_checkDependsAllAction")->trigger();
         QVERIFY(m_driver->message().startsWith("The marks of the packages are those of the last check"_s));
+        QVERIFY(copied().contains(mode));
+        // When a part was checked in this mode and the rest in that, no mode is that of all.
+        m_driver->select("tool_1");
+        action("m_checkDependStartAction")->trigger();
+        WAIT_FOR(has("Depends checked"_s));
+        const QString mixed = copied();
+        QVERIFY2(!mixed.contains("Mode: "_s) && mixed.contains("Date: "_s), qPrintable(mixed));
         action("m_checkDependsLocalAction")->trigger();
+        tree()->clearSelection();
+        action("m_checkDependStartAction")->trigger();
+        WAIT_FOR(has("Depends checked"_s));
+        QVERIFY(copied().contains(mode));
+        m_driver->select("app_1.0");
 
         // What is there already cannot be added, what is missing can; the copy has its own key.
         QMenu *menu = menuOf(dependency("base"));
