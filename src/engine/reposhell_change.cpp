@@ -7,6 +7,7 @@
 #include "engine/distributionsfile.h"
 #include "engine/exportsession.h"
 #include "engine/jobframe.h"
+#include "engine/joblock.h"
 #include "engine/jobrecovery.h"
 #include "engine/pathguard.h"
 #include "engine/reposhell.h"
@@ -73,7 +74,7 @@ int RepoShell::changeBody(const QString &newPath,
     setRepository(oldPath, oldInfo);
     QString details;
     if (!keepForUndoing(*text, &details)) {
-        Q_EMIT critical(tr("Failed to change repository!"), details, CRITICAL);
+        m_context->runFailed(tr("Failed to change repository!"), details);
         return frame.finish(ERROR, tr("Repository is not changed."), CHANGE_REPO_JOB);
     }
     if (newPath != oldPath && !moveRepo(newPath)) {
@@ -197,7 +198,15 @@ bool RepoShell::userAgreesToLosses(const QByteArray &text, const QString &newPat
 
 bool RepoShell::moveRepo(const QString &newPath)
 {
-    // What lies at the new path goes only when the repository has arrived there.
+    // What lies at the new path goes only when the repository has arrived there, and not under another job.
+    JobLock lock;
+    if (!lock.take(newPath)) {
+        Q_EMIT critical(
+            tr("The repository could not be moved to %1.").arg(newPath),
+            tr("The repository %1 is being changed by another program. Try again when it is done.")
+                .arg(newPath));
+        return false;
+    }
     AsideDirectory aside(newPath);
     QString error = aside.error();
     if (error.isEmpty()) {

@@ -5,6 +5,7 @@
 #include "engine/distributions.h"
 #include "engine/distributionsfile.h"
 #include "engine/jobframe.h"
+#include "engine/joblock.h"
 #include "engine/jobrecovery.h"
 #include "engine/packagelisting.h"
 #include "engine/pathguard.h"
@@ -99,7 +100,15 @@ int RepoShell::createRepo(const QString &path, const RepoInfo &info)
                 : tr("It holds these repositories: %1").arg(held.join(QLatin1String(", "))));
         return ERROR;
     }
-    // What is there goes only when the new repository works.
+    // What is there goes only when the new repository works, and not while a job is at work on it.
+    JobLock lock;
+    if (!lock.take(repoPath)) {
+        Q_EMIT critical(
+            tr("Impossible to delete directory %1!").arg(repoPath),
+            tr("The repository %1 is being changed by another program. Try again when it is done.")
+                .arg(repoPath));
+        return ERROR;
+    }
     AsideDirectory aside(repoPath);
     QString details;
     if (prepareRepoDir(repoPath, &aside) == SUCCESS) {
@@ -186,7 +195,10 @@ int RepoShell::openBody(const QString &path)
 
     QList<PackageInfoPtr> packages = listPackages(path, repoInfo());
     sortPackages(&packages);
-    if (isRecovered)
+    // Where the listing may not be all that is there, what it lacks is no proof.
+    const auto description = DistributionsFile(path).readBytes();
+    if (isRecovered && !packages.isEmpty() && description
+        && Distributions::unreadLine(QString::fromLocal8Bit(*description)).isEmpty())
         SignatureRecord::forgetOthers(m_context.get(), packages);
     SignatureRecord::mark(&packages, path);
     m_context->packages().assign(packages);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/distributionsfile.h"
+#include "engine/joblock.h"
 #include "engineharness.h"
 #include "support/scopedvariable.h"
 
@@ -54,10 +55,25 @@ private Q_SLOTS:
         QVERIFY(h.complains("Failed to create repository!|Error"_s));
         QCOMPARE(h.shell.path(), QString());
 
+        // Nor is a repository replaced, by a new one or by one that moves, while a job is at work on it.
+        RepoHarness busy;
+        RepoHarness moving;
+        JobLock lock;
+        QVERIFY(lock.take(busy.repoPath()));
+        h.criticals.clear();
+        h.info.codename = "dog"_s;
+        QCOMPARE(h.shell.createRepo(busy.repoPath(), h.info), int(RepoEnums::ERROR));
+        QVERIFY(h.complains("being changed by another program"_s));
+        QCOMPARE(moving.change(busy.repoPath()), RepoEnums::ERROR);
+        QVERIFY(moving.complains("being changed by another program"_s));
+        QVERIFY(moving.shell.path() == moving.repoPath() && moving.settled() && busy.settled());
+        h.criticals.clear();
+        lock.release();
+        QCOMPARE(moving.change(busy.repoPath()), RepoEnums::SUCCESS);
+
         const QString above = h.folder.filePath("above"_s);
         writeFile(above + "/open/conf/distributions"_s, "x");
         h.shell.setOpenRepositories({above + "/open"_s});
-        h.info.codename = "dog"_s;
         QCOMPARE(h.shell.createRepo(above, h.info), int(RepoEnums::ERROR));
         QVERIFY(QFile::exists(above + "/open/conf/distributions"_s));
         QVERIFY(h.criticals.last().startsWith("Impossible to delete directory %1!"_s.arg(above)));
