@@ -176,7 +176,11 @@ void ArchiveCommands::importRepo()
 void ArchiveCommands::importIntoNew(const QString &source, const QString &folder)
 {
     m_repositories.createForImport(
-        source, folder, [this, source](const RepoWidget *widget) { m_waiting.insert(widget, source); });
+        source,
+        folder,
+        {[this, source](const RepoWidget *widget) { m_waiting.insert(widget, source); },
+         [this](const RepoWidget *failed) { m_waiting.remove(failed); },
+         [this, source] { m_feedback.announce(tr("Not imported: %1").arg(source)); }});
 }
 
 void ArchiveCommands::importWaiting(RepoWidget *widget)

@@ -112,6 +112,11 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
             m_closing->closeTab(widget);
     });
     connect(m_prompts, &Prompts::freed, this, &MainWindow::serveArrivals);
+    connect(m_repositories,
+            &RepositoryCommands::reopeningEnded,
+            this,
+            &MainWindow::serveArrivals,
+            Qt::QueuedConnection);
     connect(m_prompts, &Prompts::helpRequested, this, &MainWindow::showHelp);
     connect(m_dependsModes, &DependsModes::chosen, this, [this](int mode) {
         const bool isOther = mode != m_settings->choices().dependsRepoType;
@@ -419,8 +424,8 @@ void MainWindow::logNotAdded(const QStringList &files)
 
 void MainWindow::serveArrivals()
 {
-    // Each may open a dialog, which ends with another call of this.
-    if (m_arrivals.isEmpty() || m_prompts->isOpen())
+    // Each may open a dialog, which ends with another call of this. And a tab that may go is none to add to.
+    if (m_arrivals.isEmpty() || m_prompts->isOpen() || m_repositories->isReopening())
         return;
     const Arrival arrival = m_arrivals.takeFirst();
     if (arrival.fromAnotherInstance)

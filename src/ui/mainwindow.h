@@ -45,7 +45,7 @@ public:
     explicit MainWindow(PublicationMonitor *monitor = nullptr);
     ~MainWindow() override;
 
-    /** Adds package files that were named at a start of the program; queued while a dialog is open. */
+    /** Adds package files that were named at a start of the program; queued while that cannot be. */
     void addPackagesFromOutside(const QStringList &files, bool fromAnotherInstance);
 
 Q_SIGNALS:
@@ -120,5 +120,5 @@ private:
     ClosingSequence *m_closing;
 
     QMap<const RepoWidget *, bool> m_canRemovePackages;
-    QList<Arrival> m_arrivals; ///< package files that came while a dialog was open
+    QList<Arrival> m_arrivals; ///< package files that came while they could not be served
 };

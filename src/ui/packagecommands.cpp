@@ -126,9 +126,13 @@ void PackageCommands::addAtStart(const QStringList &files)
     StartSelectActionDialog dialog(m_prompts.window());
     m_prompts.run(dialog);
     const auto add = [this, packages](RepoWidget *target) { addPackages(target, packages); };
+    const auto tellNotAdded = [this, packages] {
+        m_feedback.announce(tr("Not added: %1").arg(packages.join(QLatin1String(", "))));
+    };
     bool isChosen = false;
     if (dialog.action() == StartSelectActionDialog::Action::CreateRepo) {
-        isChosen = m_repositories.createRepo(add);
+        isChosen = m_repositories.createRepo(
+            {add, [this](RepoWidget *failed) { m_waiting.remove(failed); }, tellNotAdded});
     } else if (dialog.action() == StartSelectActionDialog::Action::OpenRepo) {
         RepoWidget *target = m_repositories.chooseAndOpen();
         isChosen = target != nullptr;
@@ -136,7 +140,7 @@ void PackageCommands::addAtStart(const QStringList &files)
             add(target);
     }
     if (!isChosen)
-        m_feedback.announce(tr("Not added: %1").arg(packages.join(QLatin1String(", "))));
+        tellNotAdded();
 }
 
 void PackageCommands::addPackages(RepoWidget *widget, const QStringList &files)

@@ -47,20 +47,21 @@ RepositoryCommands::RepositoryCommands(
                 m_recent.remove(oldPath);
                 m_recent.add(newPath);
             });
+    connect(&m_tabs, &RepoTabs::leaving, this, &RepositoryCommands::endReopening);
 }
 
 // --- new ---------------------------------------------------------------------------------------------------------
 
-bool RepositoryCommands::createRepo(const Made &made)
+bool RepositoryCommands::createRepo(const Purpose &purpose)
 {
     Creation creation;
     creation.mode = NewRepoDialog::Mode::Create;
     creation.failure = tr("Repository is not created.");
-    creation.made = made;
+    creation.purpose = purpose;
     return create(creation);
 }
 
-void RepositoryCommands::createForImport(const QString &source, const QString &folder, const Made &made)
+void RepositoryCommands::createForImport(const QString &source, const QString &folder, const Purpose &purpose)
 {
     const QString proposed = NewRepoRules::importName(source);
     QString name = proposed;
@@ -70,7 +71,7 @@ void RepositoryCommands::createForImport(const QString &source, const QString &f
     creation.mode = NewRepoDialog::Mode::Import;
     creation.failure = tr("Repository for import is not created");
     creation.source = source;
-    creation.made = made;
+    creation.purpose = purpose;
     creation.path = NewRepoRules::fullPath(folder, name);
     create(creation);
 }
@@ -113,6 +114,8 @@ bool RepositoryCommands::create(Creation creation)
     connect(widget->repoShell(), &RepoShell::repoCreated, this, [this, widget, creation](int result) {
         if (result != RepoShell::SUCCESS) {
             m_feedback.announce(creation.failure);
+            if (creation.purpose.failed)
+                creation.purpose.failed(widget);
             QTimer::singleShot(0, this, [this, creation] { createAgain(creation); });
             return;
         }
@@ -121,17 +124,17 @@ bool RepositoryCommands::create(Creation creation)
         m_feedback.announce(tr("Repository is created."));
     });
     widget->repoShell()->createRepoAside(path, creation.info);
-    if (creation.made)
-        creation.made(widget);
+    if (creation.purpose.made)
+        creation.purpose.made(widget);
     return true;
 }
 
 void RepositoryCommands::createAgain(const Creation &creation)
 {
-    if (m_prompts.isDismissed())
-        return;
-    if (!m_prompts.isOpen()) {
-        create(creation);
+    const bool isClosing = m_prompts.isDismissed();
+    if (isClosing || !m_prompts.isOpen()) {
+        if ((isClosing || !create(creation)) && creation.purpose.givenUp)
+            creation.purpose.givenUp();
         return;
     }
     // What went wrong is read first.
@@ -184,6 +187,8 @@ RepoWidget *RepositoryCommands::showRepo(const QString &repoPath, bool again)
     RepoWidget *widget = m_tabs.create(path);
     m_tabs.show(widget);
     m_tabs.setWaiting(widget, true);
+    if (again)
+        m_reopened.insert(widget);
     aside(
         widget,
         [path] { return lookAt(path); },
@@ -192,6 +197,7 @@ RepoWidget *RepositoryCommands::showRepo(const QString &repoPath, bool again)
                 return;
             m_tabs.setWaiting(widget, false);
             openWhatIsThere(widget, path, look, again);
+            endReopening(widget);
         });
     return widget;
 }
@@ -263,6 +269,18 @@ void RepositoryCommands::reopen(const QStringList &paths)
 {
     for (const QString &path : paths)
         showRepo(path, true);
+    // A disk that does not answer holds up nobody for ever.
+    constexpr int Patience = 5000;
+    QTimer::singleShot(Patience, this, [this] {
+        if (!std::exchange(m_reopened, {}).isEmpty())
+            Q_EMIT reopeningEnded();
+    });
+}
+
+void RepositoryCommands::endReopening(const RepoWidget *widget)
+{
+    if (m_reopened.remove(widget) && m_reopened.isEmpty())
+        Q_EMIT reopeningEnded();
 }
 
 // --- change ------------------------------------------------------------------------------------------------------

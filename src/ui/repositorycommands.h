@@ -6,6 +6,7 @@
 
 #include <QByteArray>
 #include <QObject>
+#include <QSet>
 #include <QStringList>
 
 #include <functional>
@@ -36,12 +37,20 @@ public:
 
     void setPublishing(const Publishing &publishing) { m_publishing = publishing; }
 
-    /** Gets the widget of a repository that is being created, and another one when that failed and is tried again. */
-    using Made = std::function<void(RepoWidget *widget)>;
+    /** What somebody does who has something for a repository that is yet to be created. */
+    struct Purpose
+    {
+        /** Gets the widget of the repository, and another one when creating it failed and is tried again. */
+        std::function<void(RepoWidget *widget)> made;
+        /** Creating it failed: the widget goes, and the user is asked once more. */
+        std::function<void(RepoWidget *widget)> failed;
+        /** After a failure the user wants no repository any more. */
+        std::function<void()> givenUp;
+    };
     /** Asks for a description and creates the repository. The tab comes when it is there. False when cancelled. */
-    bool createRepo(const Made &made = {});
+    bool createRepo(const Purpose &purpose = {});
     /** The same for what is in `source`, an archive or a folder, with a proposed place in `folder`. */
-    void createForImport(const QString &source, const QString &folder, const Made &made);
+    void createForImport(const QString &source, const QString &folder, const Purpose &purpose);
     /** Asks for a directory and opens it; null when cancelled. */
     RepoWidget *chooseAndOpen();
     /**
@@ -53,6 +62,8 @@ public:
     void openRecent(const QString &path);
     /** Opens what was open when the program ended; what is gone is only noted in the log. */
     void reopen(const QStringList &paths);
+    /** Whether tabs that reopen() made can still turn out to have no repository; for some seconds at most. */
+    bool isReopening() const { return !m_reopened.isEmpty(); }
     /** Asks for a new description of the current tab's repository and applies it. */
     void changeRepo();
     /** Deletes the current tab's repository after a question. */
@@ -66,6 +77,8 @@ public:
 Q_SIGNALS:
     /** The last deletion has ended. */
     void removalsEnded();
+    /** isReopening() has become false; a tab with no repository may be just about to go. */
+    void reopeningEnded();
 
 private:
     void fillDefaults(NewRepoDialog *dialog);
@@ -75,7 +88,7 @@ private:
         NewRepoDialog::Mode mode = NewRepoDialog::Mode::Create;
         QString failure; ///< what is said when nothing came of it
         QString source; ///< of an import
-        Made made;
+        Purpose purpose;
         QString path; ///< proposed or, like the description, typed in
         RepoInfo info;
         bool isTypedIn = false;
@@ -95,6 +108,7 @@ private:
     };
     static Look lookAt(const QString &path);
     RepoWidget *showRepo(const QString &path, bool again);
+    void endReopening(const RepoWidget *widget);
     void openWhatIsThere(RepoWidget *widget, const QString &path, const Look &look, bool again);
     void remove(RepoWidget *widget);
     void startRemoval(const QString &path, const QString &place);
@@ -105,4 +119,5 @@ private:
     RecentRepositories &m_recent;
     Publishing m_publishing;
     QStringList m_removing; ///< directories that are being deleted
+    QSet<const RepoWidget *> m_reopened; ///< tabs from the last time that are still being looked at
 };

@@ -4,6 +4,8 @@
 #include "ui/newrepodialog.h"
 #include "ui/packagereplacementdialog.h"
 
+#include <QtConcurrent>
+
 /** The main job of the program, through its window and with the real tools. */
 class TestMainJob : public WindowTest
 {
@@ -484,20 +486,69 @@ private Q_SLOTS:
             });
         };
         // When it fails, the reason is told, and what was typed in comes back.
-        const Script steps{answer("Select action"_s, "Cancel"_s),
-                           answer("Select action"_s, "Create repo"_s),
-                           createIn(file, ""),
-                           inDialog<QMessageBox>("Error"_s,
-                                                 [](const QMessageBox &box) {
-                                                     return box.detailedText().contains("Not a directory"_s)
-                                                            && press(box, "OK"_s);
-                                                 }),
-                           createIn(m_folder->path(), ".deb/new")};
-        m_driver->window().addPackagesFromOutside({file}, false);
-        QVERIFY(m_driver->log().contains("Not added: "_s + file));
-        m_driver->window().addPackagesFromOutside({file}, false);
+        const QList<Script::Step> failing{answer("Select action"_s, "Create repo"_s),
+                                          createIn(file, ""),
+                                          inDialog<QMessageBox>("Error"_s, [](const QMessageBox &box) {
+                                              return box.detailedText().contains("Not a directory"_s)
+                                                     && press(box, "OK"_s);
+                                          })};
+        const auto notAdded = [&] { return m_driver->log().count("Not added: "_s + file); };
+        const auto start = [&](const QList<Script::Step> &steps) {
+            const Script script(steps);
+            m_driver->window().addPackagesFromOutside({file}, false);
+            return QTest::qWaitFor([&script] { return script.isDone(); }, 20000);
+        };
+        QVERIFY(start({answer("Select action"_s, "Cancel"_s)}));
+        QCOMPARE(notAdded(), 1);
+        // The files are given up when the user does so, and not before.
+        int asked = 0;
+        QVERIFY(start(failing + QList<Script::Step>{inDialog<NewRepoDialog>({}, [&](NewRepoDialog &dialog) {
+                          asked = notAdded();
+                          return dialog.repositoryPath().endsWith(".deb/new"_s) && press(dialog, "Cancel"_s);
+                      })}));
+        WAIT_FOR(notAdded() == 2);
+        QCOMPARE(asked, 1);
+        QVERIFY(start(failing + QList<Script::Step>{createIn(m_folder->path(), ".deb/new")}));
         WAIT_FOR(m_driver->log().contains("1 package(s) added"_s) && m_driver->isIdle());
         QCOMPARE(m_driver->tab()->repoPath(), path("new"_s));
+        QCOMPARE(notAdded(), 2);
+    }
+
+    void filesAtStartWaitForWhatWasOpen()
+    {
+        const QString file = package("a"_s);
+        const auto start = [&](const QStringList &repositories) {
+            m_driver.reset();
+            QSettings().setValue(SettingsKey::RecentOpennedRepos, repositories);
+            m_driver = std::make_unique<WindowDriver>();
+            m_driver->window().addPackagesFromOutside({file}, false);
+        };
+        // The tab of what is gone is none to add to, so the user is asked as without it.
+        const Script asked{answer("Select action"_s, "Cancel"_s)};
+        start({path("gone"_s)});
+        WAIT_FOR(asked.isDone() && m_driver->tabs()->count() == 0);
+        WAIT_FOR(m_driver->log().count("Not added: "_s + file) == 1);
+
+        // Nobody waits for ever for a disk that does not answer.
+        const QStringList repositories{makeRepository("one"_s), makeRepository("two"_s)};
+        QThreadPool &pool = *QThreadPool::globalInstance();
+        const auto gate = std::make_shared<QSemaphore>();
+        const auto open = qScopeGuard([gate, &pool, threads = pool.maxThreadCount()] {
+            pool.setMaxThreadCount(threads);
+            gate->release();
+        });
+        pool.setMaxThreadCount(1);
+        QtConcurrent::run([gate] {
+            gate->acquire();
+            gate->release();
+        });
+        const Script chosen{answer("Choose repository"_s, "OK"_s)};
+        start(repositories);
+        QVERIFY(!chosen.isDone());
+        WAIT_FOR(chosen.isDone());
+        gate->release();
+        WAIT_FOR(m_driver->log().contains("1 package(s) added"_s) && m_driver->isIdle(2));
+        QVERIFY(!m_driver->log().contains("Not added"_s));
     }
 };
 
