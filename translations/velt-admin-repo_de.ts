@@ -2509,10 +2509,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
         <translation>Sonst läuft ein Dienst weiter, der nichts mehr auszuliefern hat.</translation>
     </message>
     <message>
-        <source>It holds these repositories: %1</source>
-        <translation>Es enthält diese Repositorys: %1</translation>
-    </message>
-    <message>
         <source>The directory %1 is deleted with everything in it, and cannot be brought back.</source>
         <translation>Das Verzeichnis %1 wird mit allem, was darin ist, gelöscht und kann nicht zurückgeholt werden.</translation>
     </message>

@@ -2525,10 +2525,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
         <translation>Иначе останется работать служба, которой нечего отдавать.</translation>
     </message>
     <message>
-        <source>It holds these repositories: %1</source>
-        <translation>В нём находятся эти репозитории: %1</translation>
-    </message>
-    <message>
         <source>The directory %1 is deleted with everything in it, and cannot be brought back.</source>
         <translation>Каталог %1 будет удалён со всем содержимым, вернуть его будет нельзя.</translation>
     </message>

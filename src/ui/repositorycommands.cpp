@@ -148,7 +148,7 @@ void RepositoryCommands::createAgain(const Creation &creation)
 
 QStringList RepositoryCommands::remembered() const
 {
-    return m_recent.paths() + m_tabs.allPaths();
+    return m_recent.paths() + m_tabs.allPlaces();
 }
 
 void RepositoryCommands::fillDefaults(NewRepoDialog *dialog)
@@ -328,15 +328,17 @@ void RepositoryCommands::removeRepo()
     const QString path = m_tabs.pathOf(widget);
     aside(
         widget,
-        [path, known = remembered()] { return PathGuard::repositoriesBelow(path, known); },
-        [this, widget, path](const QStringList &held) {
+        // Before anything is given up for a deletion that cannot be.
+        [path, known = RepositoryRemoval::Known{m_tabs.allPlaces(widget), remembered()}] {
+            return RepositoryRemoval::refusal(path, known);
+        },
+        [this, widget, path](const QString &refusal) {
             if (m_tabs.pathOf(widget) != path || m_tabs.isRunning(widget) || m_prompts.isOpen())
                 return;
-            if (held.isEmpty())
+            if (refusal.isEmpty())
                 askForRemoval(widget);
             else
-                m_feedback.error(tr("Repository is not deleted."),
-                                 tr("It holds these repositories: %1").arg(held.join(QLatin1String(", "))));
+                m_feedback.error(tr("Repository is not deleted."), refusal);
         });
 }
 
@@ -394,7 +396,7 @@ void RepositoryCommands::startRemoval(const QString &path, const QString &place)
 {
     m_removing << place;
     using Outcome = std::pair<RepositoryRemoval::Outcome, QString>;
-    const auto work = [path, known = RepositoryRemoval::Known{m_tabs.allPaths(), m_recent.paths()}] {
+    const auto work = [path, known = RepositoryRemoval::Known{m_tabs.allPlaces(), remembered()}] {
         QString reason;
         const RepositoryRemoval::Outcome outcome = RepositoryRemoval::remove(path, known, &reason);
         return Outcome(outcome, reason);

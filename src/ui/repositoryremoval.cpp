@@ -2,6 +2,7 @@
 #include "ui/repositoryremoval.h"
 
 #include "core/removetree.h"
+#include "engine/joblock.h"
 #include "engine/pathguard.h"
 
 #include <QCoreApplication>
@@ -36,7 +37,41 @@ bool removeDescriptionLast(const QString &directory)
            && (QFileInfo(conf).isSymLink() || removeContents(conf, QStringLiteral("distributions")))
            && removeTree(conf) && removeTree(directory);
 }
+QString busyReason(const QString &path)
+{
+    return QCoreApplication::translate(
+               "RepoShell",
+               "The repository %1 is being changed by another program. Try again when it is done.")
+        .arg(path);
+}
+
+/** The refusal but for that of the lock; `directory` is the path with links resolved. */
+QString refusalOf(const QString &path, const QString &directory, const RepositoryRemoval::Known &known)
+{
+    if (!PathGuard::isRepository(directory))
+        return Reason::tr("The directory %1 holds no repository.").arg(path);
+    const QStringList held = PathGuard::repositoriesBelow(directory, known.remembered);
+    if (!held.isEmpty())
+        return Reason::tr("It holds these repositories: %1").arg(held.join(QLatin1String(", ")));
+    if (!PathGuard::mayBeWiped(directory, known.open))
+        return Reason::tr(
+                   "The directory %1 belongs to the system, or holds a home directory or an open repository.")
+            .arg(path);
+    const QString parent = QFileInfo(directory).path();
+    if (!QFileInfo(parent).isWritable())
+        return Reason::tr("Nothing was deleted, because the directory %1 cannot be written.").arg(parent);
+    return {};
+}
 } // namespace
+
+QString RepositoryRemoval::refusal(const QString &path, const Known &known)
+{
+    const QString directory = PathGuard::resolved(path);
+    if (!QFileInfo::exists(directory))
+        return {};
+    const QString reason = refusalOf(path, directory, known);
+    return reason.isEmpty() && !JobLock().take(directory) ? busyReason(path) : reason;
+}
 
 RepositoryRemoval::Outcome RepositoryRemoval::remove(const QString &path, const Known &known, QString *reason)
 {
@@ -44,25 +79,12 @@ RepositoryRemoval::Outcome RepositoryRemoval::remove(const QString &path, const 
     const QString directory = PathGuard::resolved(path);
     if (!QFileInfo::exists(directory))
         return Outcome::Absent;
-    if (!PathGuard::isRepository(directory)) {
-        *reason = Reason::tr("The directory %1 holds no repository.").arg(path);
+    *reason = refusalOf(path, directory, known);
+    if (!reason->isEmpty())
         return Outcome::Refused;
-    }
-    const QStringList held = PathGuard::repositoriesBelow(directory, known.remembered);
-    if (!held.isEmpty()) {
-        *reason = Reason::tr("It holds these repositories: %1").arg(held.join(QLatin1String(", ")));
-        return Outcome::Refused;
-    }
-    if (!PathGuard::mayBeWiped(directory, known.open)) {
-        *reason
-            = Reason::tr(
-                  "The directory %1 belongs to the system, or holds a home directory or an open repository.")
-                  .arg(path);
-        return Outcome::Refused;
-    }
-    const QString parent = QFileInfo(directory).path();
-    if (!QFileInfo(parent).isWritable()) {
-        *reason = Reason::tr("Nothing was deleted, because the directory %1 cannot be written.").arg(parent);
+    JobLock lock;
+    if (!lock.take(directory)) {
+        *reason = busyReason(path);
         return Outcome::Refused;
     }
     if (!removeDescriptionLast(directory)) {

@@ -13,7 +13,7 @@ enum class Outcome {
     Refused ///< nothing or not everything was deleted
 };
 
-/** Directories of other repositories. */
+/** Directories of other repositories, with links resolved as far as that is known. */
 struct Known
 {
     QStringList open; ///< or being made
@@ -21,9 +21,14 @@ struct Known
 };
 
 /**
- * Deletes the directory `path` with everything in it. Only a directory that is a repository, and holds no other one, is
- * deleted. `reason` tells why one is refused. What is left after a failure is still a repository, so that it can be
- * deleted again. May take long: not for the interface thread.
+ * Why the repository in `path` cannot be deleted; empty when it can, or is gone already. May take long: not for the
+ * interface thread.
+ */
+QString refusal(const QString &path, const Known &known);
+
+/**
+ * Deletes the directory `path` with everything in it, unless refusal() has a `reason` against that. What is left after a
+ * failure is still a repository, so that it can be deleted again. May take long: not for the interface thread.
  */
 Outcome remove(const QString &path, const Known &known, QString *reason);
 } // namespace RepositoryRemoval

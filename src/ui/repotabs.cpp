@@ -73,8 +73,11 @@ QString RepoTabs::placeOf(const RepoWidget *widget) const
 
 void RepoTabs::setPlace(const RepoWidget *widget, const QString &place)
 {
-    if (Tab *tab = tabOf(widget))
-        tab->place = place;
+    Tab *tab = tabOf(widget);
+    if (tab == nullptr || tab->place == place)
+        return;
+    tab->place = place;
+    tellOpenRepositories();
 }
 
 QString RepoTabs::pathOf(const RepoWidget *widget) const
@@ -92,12 +95,15 @@ QStringList RepoTabs::paths() const
     return paths;
 }
 
-QStringList RepoTabs::allPaths() const
+QStringList RepoTabs::allPlaces(const RepoWidget *except) const
 {
-    QStringList paths;
-    for (const Tab &tab : m_tabs)
-        paths << tab.path;
-    return paths;
+    QStringList places;
+    for (const Tab &tab : m_tabs) {
+        const QString place = placeOf(tab.widget);
+        if (tab.widget != except && !place.isEmpty())
+            places << place;
+    }
+    return places;
 }
 
 RepoWidget *RepoTabs::create(const QString &path)
@@ -174,14 +180,8 @@ void RepoTabs::setPath(RepoWidget *widget, const QString &path)
 
 void RepoTabs::tellOpenRepositories()
 {
-    for (const Tab &tab : qAsConst(m_tabs)) {
-        QStringList others;
-        for (const Tab &other : qAsConst(m_tabs)) {
-            if (other.widget != tab.widget && !other.path.isEmpty())
-                others << other.path;
-        }
-        tab.widget->repoShell()->setOpenRepositories(others);
-    }
+    for (const Tab &tab : qAsConst(m_tabs))
+        tab.widget->repoShell()->setOpenRepositories(allPlaces(tab.widget));
 }
 
 void RepoTabs::setPublished(RepoWidget *widget, bool published)

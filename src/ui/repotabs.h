@@ -36,8 +36,8 @@ public:
     QString pathOf(const RepoWidget *widget) const;
     /** Directories of all tabs, from left to right. */
     QStringList paths() const;
-    /** Those of repositories that are still being made, too. */
-    QStringList allPaths() const;
+    /** What placeOf() is for all, those of repositories that are still being made too, but for one tab. */
+    QStringList allPlaces(const RepoWidget *except = nullptr) const;
 
     /** A widget for the repository in this directory, which need not be there yet; no tab shows it. */
     RepoWidget *create(const QString &path);

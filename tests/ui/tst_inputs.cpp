@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/joblock.h"
 #include "support/lists.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
@@ -133,9 +134,13 @@ private Q_SLOTS:
         RepoTabs tabs(&tabWidget, nullptr);
         RepoWidget *made = tabs.create("/srv/made"_s);
         QVERIFY(tabs.paths().isEmpty());
-        QCOMPARE(tabs.allPaths(), QStringList{"/srv/made"_s});
+        QCOMPARE(tabs.allPlaces(), QStringList{"/srv/made"_s});
+        // Once it is known where the links lead, that is where it lies.
+        tabs.setPlace(made, "/srv/disk/made"_s);
+        QCOMPARE(tabs.allPlaces(), QStringList{"/srv/disk/made"_s});
+        QVERIFY(tabs.allPlaces(made).isEmpty());
         tabs.discard(made);
-        QVERIFY(tabs.allPaths().isEmpty());
+        QVERIFY(tabs.allPlaces().isEmpty());
     }
 
     void onlyRepositoriesAreDeleted()
@@ -168,6 +173,16 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(repo + "/conf/distributions"_s));
         QVERIFY(QDir(repo + "/a"_s).removeRecursively());
 
+        // Nor does one go on which a job is at work; that is known before anything is given up for it.
+        QCOMPARE(RepositoryRemoval::refusal(repo, {}), QString());
+        QVERIFY(QDir().mkpath(repo + "/db"_s));
+        JobLock lock;
+        QVERIFY(lock.take(repo));
+        QVERIFY(RepositoryRemoval::refusal(repo, {}).contains("being changed by another program"_s));
+        QCOMPARE(RepositoryRemoval::remove(repo, {}, &reason), Outcome::Refused);
+        QVERIFY2(QFile::exists(repo + "/db"_s) && reason.contains(repo), qPrintable(reason));
+        lock.release();
+
         // What cannot be deleted whole can be deleted again. Root may delete everything, so somebody else tries.
         const QString stubborn = repo + "/pool/main"_s;
         writeFile(stubborn + "/file"_s, "x");
@@ -179,6 +194,18 @@ private Q_SLOTS:
         for (const QString &path : QStringList{folder.path(), repo, repo + "/pool"_s, repo + "/conf"_s})
             QVERIFY(!isRoot || give(path, Nobody));
         QVERIFY(QFile::setPermissions(stubborn, QFile::ReadOwner | QFile::ExeOwner));
+        const auto setWritable = [&folder](bool isWritable) {
+            const QFile::Permissions others = QFile::ReadOwner | QFile::ExeOwner;
+            return QFile::setPermissions(folder.path(), isWritable ? others | QFile::WriteOwner : others);
+        };
+        QVERIFY(setWritable(false));
+        // What may be written is asked for the real user.
+        QVERIFY(!isRoot || ::setresuid(Nobody, Nobody, 0) == 0);
+        const QString early = RepositoryRemoval::refusal(repo, {});
+        const QString gone = RepositoryRemoval::refusal(repo + "/gone"_s, {});
+        QVERIFY(!isRoot || ::setresuid(0, 0, 0) == 0);
+        QVERIFY(setWritable(true));
+        QVERIFY2(early.contains("cannot be written"_s) && gone.isEmpty(), qPrintable(early));
         QVERIFY(!isRoot || ::seteuid(Nobody) == 0);
         const Outcome outcome = RepositoryRemoval::remove(repo, {}, &reason);
         QVERIFY(!isRoot || ::seteuid(0) == 0);
