@@ -196,6 +196,10 @@ bool ResultsHandler::EndObject(Size /*count*/)
     const Place left = m_places.back();
     m_places.pop_back();
     if (left == Place::Package) {
+        // It is not stored, and what is looked for later is looked for where the package is.
+        for (DependencyGroup &group : m_info.groups)
+            for (::Dependency &dependency : group.alternatives)
+                dependency.architecture = m_package.architecture;
         m_package.info = QSharedPointer<DependsInfo>::create(std::exchange(m_info, {}));
         m_stored->insert(m_packageName, m_package);
     } else if (left == Place::Group) {

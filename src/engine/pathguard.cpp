@@ -95,6 +95,9 @@ QStringList PathGuard::repositoriesBelow(const QString &path, const QStringList 
             }
         }
         std::copy_if(below.cbegin(), below.cend(), std::back_inserter(found), &PathGuard::isRepository);
+        // What could not be looked at may hold one.
+        if (folders == MostFolders)
+            found.append(top);
         level = below;
     }
     const QStringList near = writtenBelow({path, top}, remembered);

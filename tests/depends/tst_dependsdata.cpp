@@ -151,6 +151,9 @@ private Q_SLOTS:
         const QList<PackageInfoPtr> merged = reader.merge(list);
         QVERIFY2(!old->hasDependsInfo(), "a record that was handed out stays as it was");
         QCOMPARE(text(merged.at(0)), text(package("foo"_s, "1.5"_s)));
+        QVERIFY(!merged.at(0)->architecture.isEmpty());
+        QCOMPARE(merged.at(0)->dependsInfo->groups.first().alternatives.first().architecture,
+                 merged.at(0)->architecture);
         QVERIFY2(merged.at(1)->dependsInfo == merged.at(0)->dependsInfo, "the name alone decides");
         QCOMPARE(merged.at(1)->version, "2"_s);
         QCOMPARE(merged.at(2)->dependStatus(), DependUndefined);

@@ -122,22 +122,6 @@ private Q_SLOTS:
         QVERIFY(!repos.setSource("http://h s main"_s, 2) && repos.entries().size() == 4);
     }
 
-    void timeGrowsWithTheSources()
-    {
-        constexpr int Count = 4000;
-        QStringList sources;
-        for (int i = 0; i < Count; ++i)
-            sources.append("http://h%1 s main"_s.arg(i));
-        ExternalRepos repos;
-        QElapsedTimer time;
-        time.start();
-        for (const QString &source : qAsConst(sources))
-            QVERIFY(repos.setSource(source));
-        repos.merge(sources.replaceInStrings("main"_s, "main contrib"_s) + QStringList{"http://h1 s main"_s});
-        QCOMPARE(repos.entries().size(), Count * 2);
-        QVERIFY2(time.elapsed() < 5000, qPrintable(QString::number(time.elapsed())));
-    }
-
     void survivesBetweenRuns()
     {
         ExternalRepos repos = stored();

@@ -181,7 +181,7 @@ private Q_SLOTS:
         QVERIFY(looksRunning(false));
         hold();
         m_driver->drop({package("a"_s), package("b"_s), package("c"_s)});
-        WAIT_FOR(looksRunning(true));
+        WAIT_FOR(looksRunning(true) && processes("bin/reprepro"_s) > 0);
         stop->click();
         release();
         WAIT_FOR(m_driver->isIdle());
@@ -211,7 +211,7 @@ private Q_SLOTS:
 
         hold();
         m_driver->drop({package("b"_s), package("c"_s)});
-        WAIT_FOR(m_driver->message() == "Adding packages"_s);
+        WAIT_FOR(m_driver->message() == "Adding packages"_s && processes("bin/reprepro"_s) > 0);
         const Script yes{answer("Warning"_s, "Yes"_s)};
         QVERIFY(!m_driver->window().close());
         // The window is there until the package at hand is in, and does nothing but wait.
