@@ -1,20 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/literals.h"
 #include "support/testenvironment.h"
+#include "throwawaysystem.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QProcess>
 #include <QtTest>
-
-#include <unistd.h>
-
-namespace
-{
-constexpr int Minute = 60000;
-const QString closedRepo = "/home/tester/Мой repo"_s; ///< nobody but its owner may read it
-const QString openRepo = "/home/tester/open repo"_s; ///< others may, if they got through to it
-} // namespace
 
 /**
  * Publication as it is used, in a throw-away system: the installed program's files, an ordinary user, the bus, polkit,
@@ -24,95 +14,23 @@ class PublicationJobTest : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_folder{"/tmp/vaXXXXXX"_s};
-    QProcess m_box;
+    ThrowAwaySystem m_system;
+    const QString closedRepo = ThrowAwaySystem::closedRepo;
+    const QString openRepo = ThrowAwaySystem::openRepo;
 
-    bool isReady()
+    QString box(const QString &script, const QStringList &arguments = {}) const
     {
-        QElapsedTimer time;
-        time.start();
-        while (!m_box.canReadLine() && m_box.state() != QProcess::NotRunning && !time.hasExpired(Minute))
-            m_box.waitForReadyRead(1000);
-        return m_box.readLine() == "ready\n";
+        return m_system.run(script, arguments);
     }
-
-    /** What a bash script printed inside; with its exit code and errors when it failed. */
-    QString box(const QString &script, const QStringList &arguments = {}, const QString &user = {}) const
-    {
-        QProcess process;
-        const QStringList bash{"bash"_s, "-euc"_s, script, "box"_s};
-        const QStringList as{"runuser"_s, "-u"_s, user, "--"_s, "env"_s, "HOME=/home/"_s + user};
-        process.start(QStringLiteral(SYSTEMDBOX),
-                      QStringList{"run"_s, m_folder.path()} + (user.isEmpty() ? QStringList() : as) + bash
-                          + arguments);
-        process.closeWriteChannel();
-        if (!process.waitForFinished(3 * Minute))
-            return "did not end"_s;
-        QString output = QString::fromUtf8(process.readAllStandardOutput()).trimmed();
-        if (process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0)
-            return output;
-        return "%1 [%2: %3]"_s.arg(output,
-                                   QString::number(process.exitCode()),
-                                   QString::fromUtf8(process.readAllStandardError()).trimmed());
-    }
-
     QString asUser(const QString &script, const QStringList &arguments = {}) const
     {
-        return box(script, arguments, "tester"_s);
-    }
-
-    /** What the helper answers an ordinary user, who asks over the system bus. */
-    QString ask(const QString &method, const QStringList &arguments) const
-    {
-        return asUser(
-            "busctl call --timeout=60 -- org.corvana.velt.repo / org.corvana.velt.repo.Manager \"$@\" 2>&1"_s,
-            QStringList{method} + arguments);
+        return m_system.asUser(script, arguments);
     }
     QString publish(const QString &path, int port, int protocol) const
     {
-        return ask("PublishRepo"_s, {"sii"_s, path, QString::number(port), QString::number(protocol)});
+        return m_system.publish(path, port, protocol);
     }
-    QString unpublish(int port, int protocol) const
-    {
-        return ask("UnpublishRepo"_s, {"ii"_s, QString::number(port), QString::number(protocol)});
-    }
-
-    void allow(bool isAllowed) const
-    {
-        const QString rule = R"(polkit.addRule(function(action, subject) {
-            if (action.id.indexOf("org.corvana.velt.repo.") == 0 && subject.user == "tester")
-                return polkit.Result.%1;
-        });)"_s.arg(isAllowed ? "YES"_s : "NO"_s);
-        QCOMPARE(
-            box("printf %s \"$1\" >/etc/polkit-1/rules.d/10-test.rules; systemctl restart polkit"_s, {rule}),
-            QString());
-    }
-
-    /** All that publishing may change: files with their contents, and which services run. */
-    QString state() const
-    {
-        return box(R"(cd /etc
-            find systemd/system vsftpd.conf* apt/sources.list.d -printf '%p %y %m %u %l\n' | sort
-            find systemd/system vsftpd.conf* apt/sources.list.d -type f -exec sha256sum {} + | sort
-            systemctl list-units --all --plain --no-legend 'public-repo-*' vsftpd.service | awk '{ print $1, $3 }')"_s);
-    }
-
-    /** What apt-get of an ordinary user prints who has this source and no other. */
-    QString apt(const QString &source, const QString &command) const
-    {
-        return asUser(
-            R"(cd; mkdir -p apt/{sources.d,preferences.d,conf.d,lists/partial,cache/archives/partial}
-            : >apt/status
-            echo "$1" >apt/sources.list
-            cat >apt/apt.conf <<END
-Dir::Etc "$HOME/apt"; Dir::Etc::sourceparts "$HOME/apt/sources.d"; Dir::Etc::Parts "$HOME/apt/conf.d";
-Dir::State "$HOME/apt"; Dir::State::status "$HOME/apt/status"; Dir::Cache "$HOME/apt/cache"; Dir::Log "$HOME/apt";
-Dir::Bin::Methods::ftp "ftp";
-END
-            export APT_CONFIG=$HOME/apt/apt.conf
-            apt-get $2 2>&1)"_s,
-            {source, command});
-    }
+    QString unpublish(int port, int protocol) const { return m_system.unpublish(port, protocol); }
 
     QString httpCode(const QString &path, const QStringList &options = {}) const
     {
@@ -123,66 +41,22 @@ END
 private Q_SLOTS:
     void initTestCase()
     {
-        QProcess check;
-        check.start(QStringLiteral(SYSTEMDBOX), {"check"_s});
-        QVERIFY(check.waitForFinished(Minute));
-        if (check.exitCode() != 0) {
-            const QByteArray reason = check.readAllStandardOutput().trimmed();
-            if (qEnvironmentVariableIsSet("REQUIRE_REAL_TOOLS") && ::geteuid() == 0)
-                QFAIL(reason.constData());
-            QSKIP(reason.constData());
-        }
+        VELT_NEED_THROW_AWAY_SYSTEM();
         VELT_NEED_TOOL("curl");
         VELT_NEED_TOOL("lighttpd");
         VELT_NEED_TOOL("reprepro");
         VELT_NEED_TOOL("vsftpd");
-
-        m_box.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        m_box.start(QStringLiteral(SYSTEMDBOX), {"boot"_s, m_folder.path()});
-        QVERIFY(isReady());
-
-        const QString stage = m_folder.filePath("shared/stage"_s);
-        runShell("DESTDIR=%1 '%2' --install '%3' >/dev/null"_s.arg(
-            stage, QStringLiteral(CMAKE_PROGRAM), QStringLiteral(BUILD_FOLDER)));
-        const QString trouble = box(R"(cp -r --preserve=mode,links /shared/stage/. /
-            systemctl daemon-reload; systemctl reload dbus
-            rm -f /etc/apt/sources.list /etc/apt/sources.list.d/* /etc/vsftpd.conf
-            useradd -m tester; chmod 700 /home/tester
-            cd /home/tester
-            repo=$1; mkdir -p "$repo/conf" package/DEBIAN package/usr/share/fizz
-            printf '%s\n' 'Codename: birch' 'Suite: stable' 'Architectures: amd64' 'Components: main' 'Contents: compatsymlink' \
-                >"$repo/conf/distributions"
-            head -c 300000 /dev/urandom >package/usr/share/fizz/data
-            printf '%s\n' 'Package: fizz' 'Version: 1.0' 'Architecture: amd64' 'Maintainer: T <t@example.org>' \
-                'Section: admin' 'Priority: optional' 'Description: test' >package/DEBIAN/control
-            dpkg-deb --root-owner-group -b package fizz_1.0_amd64.deb >/dev/null
-            reprepro -s -b "$repo" includedeb birch fizz_1.0_amd64.deb
-            reprepro -s -b "$repo" createsymlinks
-            cp -r --preserve=mode,links "$repo" "$2"
-            ln -s ../pool "$repo/dists/up"; ln -s birch "$repo/dists/a b"
-            ln -s /usr/share/common-licenses/GPL-3 "$repo/pool/outwards"; ln -s / "$repo/dists/outwards"; echo key >"$repo/packages.conf"
-            chown -R tester: /home/tester
-            find "$repo" -type f -exec chmod 600 {} +; chmod 700 "$repo")"_s,
-                                    {closedRepo, openRepo});
+        const QString trouble = m_system.boot();
         QVERIFY2(trouble.isEmpty(), qPrintable(trouble));
-        allow(true);
     }
 
     void cleanup()
     {
-        if (QTest::currentTestFailed() && m_box.state() == QProcess::Running)
-            qInfo(
-                "%s",
-                qPrintable(box(
-                    "journalctl -b --no-pager -n 40 -u 'public-repo*' -u vsftpd -u 'velt*'; tail /tmp/http*.log || true"_s)));
+        if (QTest::currentTestFailed() && m_system.isRunning())
+            qInfo("%s", qPrintable(m_system.logs()));
     }
 
-    void cleanupTestCase()
-    {
-        m_box.closeWriteChannel();
-        if (m_box.state() != QProcess::NotRunning)
-            QVERIFY(m_box.waitForFinished(Minute));
-    }
+    void cleanupTestCase() { QVERIFY(m_system.remove()); }
 
     void servesAptOverHttp()
     {
@@ -194,13 +68,14 @@ private Q_SLOTS:
         QCOMPARE(box("ps -o user:32= -p $(pgrep -x lighttpd)"_s), "public-repo-8080"_s);
 
         const QString source = "deb [trusted=yes] http://127.0.0.1:8080/ birch main"_s;
-        const QString first = apt(source, "update"_s);
+        const QString first = m_system.apt(source, "update"_s);
         QVERIFY2(first.contains("Get:"_s) && !first.contains("W:"_s), qPrintable(first));
-        const QString second = apt(source, "update"_s);
+        const QString second = m_system.apt(source, "update"_s);
         QVERIFY2(second.contains("Hit:"_s) && !second.contains("Get:"_s), qPrintable(second));
-        const QString suite = apt("deb [trusted=yes] http://127.0.0.1:8080/ stable main"_s, "update"_s);
+        const QString suite
+            = m_system.apt("deb [trusted=yes] http://127.0.0.1:8080/ stable main"_s, "update"_s);
         QVERIFY2(suite.contains("Get:"_s) && !suite.contains("W:"_s), qPrintable(suite));
-        const QString download = apt(source, "download fizz"_s);
+        const QString download = m_system.apt(source, "download fizz"_s);
         const QString same
             = asUser("cmp ~/fizz_1.0_amd64.deb \"$1\"/pool/main/f/fizz/fizz_1.0_amd64.deb"_s, {closedRepo});
         QVERIFY2(same.isEmpty(), qPrintable(same + download));
@@ -256,8 +131,7 @@ private Q_SLOTS:
 
     void keepsPublishingAfterAPowerCut()
     {
-        m_box.write("restart\n");
-        QVERIFY(isReady());
+        QVERIFY(m_system.restart());
         QTRY_COMPARE_WITH_TIMEOUT(httpCode("/dists/birch/Release"_s), "200"_s, 30000);
     }
 
@@ -286,14 +160,14 @@ private Q_SLOTS:
         box("printf %s \"$1\" >\"$2\""_s, {byHand, file});
         box("mkdir /usr/local/own; touch /usr/local/own/Packages"_s);
 
-        QCOMPARE(ask("AddLocalSource"_s, {"s"_s, entry}), "b true"_s);
-        QCOMPARE(ask("AddLocalSource"_s, {"s"_s, entry}), "b true"_s);
+        QCOMPARE(m_system.ask("AddLocalSource"_s, {"s"_s, entry}), "b true"_s);
+        QCOMPARE(m_system.ask("AddLocalSource"_s, {"s"_s, entry}), "b true"_s);
         QCOMPARE(box("cat "_s + file), QString(byHand + "\n"_s + entry));
         const QString output = box("apt-get update 2>&1; apt-get install -y fizz 2>&1"_s);
         QCOMPARE(box("dpkg-query -W -f '${Version}' fizz"_s), "1.0"_s);
         QVERIFY2(output.contains("fizz"_s), qPrintable(output));
 
-        QCOMPARE(ask("RemoveLocalSource"_s, {"s"_s, entry}), "b true"_s);
+        QCOMPARE(m_system.ask("RemoveLocalSource"_s, {"s"_s, entry}), "b true"_s);
         QCOMPARE(box("cat "_s + file), byHand);
     }
 
@@ -320,10 +194,10 @@ private Q_SLOTS:
         QCOMPARE(box("systemctl is-active vsftpd; systemctl is-enabled vsftpd"_s), "active\nenabled"_s);
         QCOMPARE(box("cat /etc/vsftpd.conf.velt-admin-repo.orig"_s), byHand);
         const QString source = "deb [trusted=yes] ftp://127.0.0.1:2121/ birch main"_s;
-        const QString update = apt(source, "update"_s);
+        const QString update = m_system.apt(source, "update"_s);
         QVERIFY2(update.contains("Get:"_s) && !update.contains("W:"_s), qPrintable(update));
         QCOMPARE(asUser("rm -f ~/fizz*.deb"_s), QString());
-        const QString download = apt(source, "download fizz"_s);
+        const QString download = m_system.apt(source, "download fizz"_s);
         QVERIFY2(asUser("ls ~"_s).contains("fizz_1.0_amd64.deb"_s), qPrintable(download));
         // Nobody writes.
         QVERIFY(box("curl -s -T /etc/hostname ftp://127.0.0.1:2121/pool/x"_s).contains("[25:"_s));
@@ -356,8 +230,7 @@ private Q_SLOTS:
         const QString ended = "systemctl is-active vsftpd || true; %1"_s.arg(listing);
         QCOMPARE(box("systemctl reload vsftpd 2>/dev/null || true; "_s + listing), "conf db dists pool"_s);
         QCOMPARE(box("systemctl restart vsftpd; sleep 0.5; "_s + ended), "failed"_s);
-        m_box.write("restart\n");
-        QVERIFY(isReady());
+        QVERIFY(m_system.restart());
         QCOMPARE(box(ended), "failed"_s);
         QCOMPARE(box("rm \"$1\"; systemctl restart vsftpd; sleep 0.5; %1"_s.arg(ended), {openRepo}),
                  "failed"_s);
@@ -439,12 +312,12 @@ private Q_SLOTS:
         box(R"(cd /home/tester; [ -e link ] || ln -s open\ repo link
             echo 'listen=YES' >/etc/vsftpd.conf)"_s);
         if (!isAllowed)
-            allow(false);
-        const QString before = state();
-        const QString told = ask(method, arguments);
-        const QString after = state();
+            QCOMPARE(m_system.allow(false), QString());
+        const QString before = m_system.state();
+        const QString told = m_system.ask(method, arguments);
+        const QString after = m_system.state();
         if (!isAllowed)
-            allow(true);
+            QCOMPARE(m_system.allow(true), QString());
         QVERIFY2(told.contains(answer), qPrintable(told));
         QCOMPARE(after, before);
     }
@@ -488,12 +361,12 @@ private Q_SLOTS:
         const bool anotherRuns = QByteArray(QTest::currentDataTag()).endsWith("runs");
         box("printf 'listen=YES\n# by hand\n' >/etc/vsftpd.conf; rm -f /etc/vsftpd.conf.velt*; systemctl %1 vsftpd"_s
                 .arg(anotherRuns ? "start"_s : "stop"_s));
-        const QString before = state();
+        const QString before = m_system.state();
         QCOMPARE(box(obstacle), QString());
         const QString told = publish(openRepo, 8082, protocol);
         QCOMPARE(box(relief), QString());
         QCOMPARE(told, "b false"_s);
-        QCOMPARE(state(), before);
+        QCOMPARE(m_system.state(), before);
 
         // Nothing that was left over is in the way of the next attempt.
         QCOMPARE(publish(openRepo, 8082, protocol), "b true"_s);
@@ -517,7 +390,7 @@ private Q_SLOTS:
 
     void publishesFromTheWindow()
     {
-        QVERIFY(QFile::copy(QStringLiteral(WINDOW_PROGRAM), m_folder.filePath("shared/window"_s)));
+        QVERIFY(QFile::copy(QStringLiteral(WINDOW_PROGRAM), m_system.sharedFolder() + "/window"_s));
         const QString output = asUser(R"(export QT_QPA_PLATFORM=offscreen
             export DBUS_SYSTEM_BUS_ADDRESS=unix:path=/run/dbus/system_bus_socket
             timeout 80 /shared/window 2>&1)"_s);
