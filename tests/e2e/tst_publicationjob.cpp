@@ -121,6 +121,14 @@ private Q_SLOTS:
         QCOMPARE(httpCode(QString::fromUtf8(QTest::currentDataTag())), code);
     }
 
+    void refusesLargeRequestsOverHttp()
+    {
+        QCOMPARE(httpCode("/"_s, {"-H"_s, "X-Fill: "_s + QString(20000, QLatin1Char('a'))}), "431"_s);
+        QCOMPARE(httpCode("/"_s + QString(20000, QLatin1Char('a'))), "431"_s);
+        QCOMPARE(httpCode("/"_s, {"--data"_s, QString(20000, QLatin1Char('a'))}), "413"_s);
+        QCOMPARE(httpCode("/dists/birch/Release"_s), "200"_s);
+    }
+
     void servesManyAtOnceOverHttp()
     {
         QCOMPARE(box(R"(for i in {1..300}; do
@@ -182,6 +190,21 @@ private Q_SLOTS:
                  QString());
         QCOMPARE(box("systemctl is-active public-repo-8080 || true"_s), "inactive"_s);
         QVERIFY(httpCode("/"_s).startsWith("000"_s));
+    }
+
+    void doesOneOfManyCallsForAPort()
+    {
+        const QString before = m_system.state();
+        const QString answers = asUser(R"(for i in {1..4}; do for repo in "$1" "$2"; do
+                busctl call -- org.corvana.velt.repo / org.corvana.velt.repo.Manager PublishRepo sii "$repo" 8085 0 2>&1 &
+            done; done | sort | uniq -c | xargs; wait)"_s,
+                                       {closedRepo, openRepo});
+        QCOMPARE(answers, "8 b true"_s);
+        const QString served
+            = box("systemctl show -P WorkingDirectory public-repo-8085; pgrep -cx lighttpd"_s);
+        QVERIFY2(served == closedRepo + "\n1"_s || served == openRepo + "\n1"_s, qPrintable(served));
+        QCOMPARE(unpublish(8085, 0), "b true"_s);
+        QCOMPARE(m_system.state(), before);
     }
 
     void servesAptOverFtp()
