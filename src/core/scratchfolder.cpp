@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/scratchfolder.h"
 
+#include "core/removetree.h"
+
 #include <QDir>
 #include <QFile>
 
@@ -52,9 +54,9 @@ bool keepsNames(const QString &parent)
 /** Deletes what is in the open folder, and the empty folder at `path`. */
 void removeFolder(int folder, const QString &path)
 {
-    // By the descriptor, so that nothing else is emptied whatever lies at the path by now. The folder itself cannot
-    // be deleted that way; a link in its place makes rmdir() fail.
-    QDir(QStringLiteral("/proc/self/fd/%1").arg(folder)).removeRecursively();
+    // Nothing else is emptied, whatever lies at the path by now. The folder itself has to be deleted by its path; a
+    // link in its place makes rmdir() fail.
+    removeContents(folder);
     ::rmdir(QFile::encodeName(path).constData());
 }
 
@@ -84,6 +86,7 @@ ScratchFolder::ScratchFolder()
                                                       + QLatin1String("XXXXXX"));
         if (!folder->isValid())
             return;
+        folder->setAutoRemove(false);
         const int lock = openFolder(folder->path());
         if (lock >= 0 && ::flock(lock, LOCK_EX) == 0 && isAt(lock, folder->path())) {
             m_lock = lock;
@@ -92,14 +95,16 @@ ScratchFolder::ScratchFolder()
         }
         if (lock >= 0)
             ::close(lock);
+        removeTree(folder->path());
     }
 }
 
 ScratchFolder::~ScratchFolder()
 {
-    m_folder.reset();
-    if (m_lock >= 0)
-        ::close(m_lock);
+    if (m_lock < 0)
+        return;
+    removeFolder(m_lock, m_folder->path());
+    ::close(m_lock);
 }
 
 void ScratchFolder::removeLeftovers()

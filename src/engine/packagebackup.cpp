@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/packagebackup.h"
 
+#include "core/regularfile.h"
+#include "core/removetree.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -32,6 +35,7 @@ PackageBackup::PackageBackup(const QString &repoPath,
                              const QList<PackageInfoPtr> &removed)
     : m_folder(std::make_unique<QTemporaryDir>(repoPath + QLatin1String("/.replaced-XXXXXX")))
 {
+    m_folder->setAutoRemove(false);
     const QString source = package.filePath();
     if (!m_folder->isValid() || source.isEmpty())
         return;
@@ -44,17 +48,21 @@ PackageBackup::PackageBackup(const QString &repoPath,
         return;
     const QString target = m_folder->filePath(package.fileName());
     if (::link(QFile::encodeName(source).constData(), QFile::encodeName(target).constData()) == 0
-        || QFile::copy(source, target))
+        || RegularFile(source).copy(target))
         m_file = target;
 }
 
 PackageBackup::PackageBackup(PackageBackup &&other) noexcept = default;
 
-PackageBackup::~PackageBackup() = default;
+PackageBackup::~PackageBackup()
+{
+    if (m_folder && m_folder->isValid() && !m_isKept)
+        removeTree(m_folder->path());
+}
 
 void PackageBackup::keep()
 {
-    m_folder->setAutoRemove(m_file.isEmpty());
+    m_isKept = !m_file.isEmpty();
 }
 
 QStringList PackageBackup::leftovers(const QString &repoPath)
@@ -69,7 +77,7 @@ QStringList PackageBackup::leftovers(const QString &repoPath)
 
 QList<PackageInfo> PackageBackup::packagesIn(const QString &folder, const QString &repoPath)
 {
-    QFile description(folder + QLatin1Char('/') + PackagesFile);
+    RegularFile description(folder + QLatin1Char('/') + PackagesFile);
     if (!description.open(QIODevice::ReadOnly))
         return {};
     QList<PackageInfo> packages;

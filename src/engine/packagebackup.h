@@ -40,4 +40,5 @@ public:
 private:
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
+    bool m_isKept = false;
 };

@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/poolfiles.h"
 
+#include "core/trustedpath.h"
 #include "engine/repreprocommands.h"
 
 #include <QDir>
 #include <QFile>
+
+#include <cerrno>
+
+#include <fcntl.h>
 
 namespace
 {
@@ -41,10 +46,18 @@ void PoolFiles::remove(const QString &repoPath, const QString &file)
 {
     if (!file.startsWith(QLatin1String("pool/")) || QDir::cleanPath(file) != file)
         return;
-    const QDir repository(repoPath);
-    QFile::remove(repository.filePath(file));
-    QString folder = file;
-    do {
-        folder = folder.section(QLatin1Char('/'), 0, -2);
-    } while (folder.contains(QLatin1Char('/')) && repository.rmdir(folder));
+    const Descriptor repository(
+        ::open(QFile::encodeName(repoPath).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    QByteArray path = QFile::encodeName(file);
+    for (int flags = 0; path.contains('/'); flags = AT_REMOVEDIR) {
+        const int slash = path.lastIndexOf('/');
+        // A pool on another disk is the administrator's; what somebody else's link leads to is not ours to delete.
+        const Descriptor folder = TrustedPath::open(repository.number(), path.left(slash));
+        const bool isGone
+            = folder.isOpen()
+              && (::unlinkat(folder.number(), path.constData() + slash + 1, flags) == 0 || errno == ENOENT);
+        if (!isGone)
+            return;
+        path.truncate(slash);
+    }
 }

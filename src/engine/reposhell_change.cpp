@@ -31,10 +31,11 @@ bool isChildName(const QString &name)
            && !name.startsWith(QLatin1String("..")) && !name.startsWith(QLatin1Char('/'));
 }
 
-void removeChild(const QDir &folder, const QString &name)
+/** Deletes the index folder dists/PARENT/NAME, unless a link on the way leads elsewhere. */
+void removeIndices(const QString &repoPath, const QString &parent, const QString &name)
 {
     if (isChildName(name))
-        removeTree(folder.filePath(name));
+        removeBelow(repoPath, QLatin1String("dists/") + parent + name);
 }
 
 /** Whether a description that takes the place of the earlier one still names where the package stands. */
@@ -283,31 +284,31 @@ bool RepoShell::takeOutVanished(const RepoInfo &before, ExportSession *session, 
 
 void RepoShell::removeVanishedIndices(const RepoInfo &before, const RepoInfo &after) const
 {
-    const QDir dists(path() + QLatin1String("/dists"));
+    const QString repoPath = path();
     if (before.codename != after.codename) {
-        removeChild(dists, before.codename);
+        removeIndices(repoPath, QString(), before.codename);
         return;
     }
     if (!isChildName(before.codename))
         return;
     const QStringList components = after.componentList();
     const QStringList architectures = after.architectureList();
-    const QDir distribution(dists.filePath(before.codename));
+    const QString distribution = before.codename + QLatin1Char('/');
     const QStringList oldComponents = before.componentList();
     const QStringList oldArchitectures = before.architectureList();
     for (const QString &component : oldComponents) {
         if (!components.contains(component)) {
-            removeChild(distribution, component);
+            removeIndices(repoPath, distribution, component);
             continue;
         }
         if (!isChildName(component))
             continue;
-        const QDir folder(distribution.filePath(component));
+        const QString folder = distribution + component + QLatin1Char('/');
         for (const QString &architecture : oldArchitectures) {
             if (architectures.contains(architecture))
                 continue;
-            removeChild(folder, QLatin1String("binary-") + architecture);
-            removeChild(folder, QLatin1String("debian-installer/binary-") + architecture);
+            removeIndices(repoPath, folder, QLatin1String("binary-") + architecture);
+            removeIndices(repoPath, folder, QLatin1String("debian-installer/binary-") + architecture);
         }
     }
 }

@@ -13,6 +13,7 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 namespace
@@ -69,8 +70,10 @@ int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions
         return end(ERROR, failure);
     removeLeftovers(PrivateApt::cacheFolder());
     const bool made = QDir().mkpath(PrivateApt::cacheFolder());
-    const QTemporaryDir folder(PrivateApt::cacheFolder() + QLatin1Char('/') + FolderPrefix
-                               + QLatin1String("XXXXXX"));
+    QTemporaryDir folder(PrivateApt::cacheFolder() + QLatin1Char('/') + FolderPrefix
+                         + QLatin1String("XXXXXX"));
+    folder.setAutoRemove(false);
+    const auto cleanUp = qScopeGuard([&folder] { removeTree(folder.path()); });
     if (!made || !folder.isValid()) {
         m_context.critical(tr("Unable to create cache folder"), PrivateApt::cacheFolder());
         return end(ERROR, failure);

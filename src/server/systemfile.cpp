@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "server/systemfile.h"
 
+#include "core/descriptor.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -12,7 +14,6 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -20,33 +21,6 @@
 
 namespace
 {
-class Descriptor
-{
-public:
-    explicit Descriptor(int number)
-        : m_number(number)
-    { }
-    ~Descriptor()
-    {
-        if (m_number >= 0)
-            ::close(m_number);
-    }
-    Q_DISABLE_COPY(Descriptor)
-    Descriptor &operator=(Descriptor &&other) noexcept
-    {
-        std::swap(m_number, other.m_number);
-        return *this;
-    }
-
-    bool isOpen() const { return m_number >= 0; }
-    int number() const { return m_number; }
-    /** Errors of earlier writing may come up only now. */
-    bool close() { return ::close(std::exchange(m_number, -1)) == 0; }
-
-private:
-    int m_number;
-};
-
 /** A path as its folder, which is held open, and the name in it. */
 struct Place
 {

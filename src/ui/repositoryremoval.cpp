@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/repositoryremoval.h"
 
+#include "core/descriptor.h"
 #include "core/removetree.h"
+#include "core/trustedpath.h"
 #include "engine/joblock.h"
 #include "engine/pathguard.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+
+#include <utility>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace
 {
@@ -17,26 +23,28 @@ class Reason
     Q_DECLARE_TR_FUNCTIONS(RepositoryRemoval)
 };
 
-bool removeContents(const QString &directory, const QString &except)
+/** The directory, opened for reading; not when its place has been taken by a link or another one meanwhile. */
+Descriptor openDirectory(const QString &directory)
 {
-    bool isDone = true;
-    const QFileInfoList entries = QDir(directory).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System
-                                                                | QDir::NoDotAndDotDot);
-    for (const QFileInfo &entry : entries) {
-        if (entry.fileName() != except)
-            isDone = removeTree(entry.filePath()) && isDone;
-    }
-    return isDone;
+    const QByteArray path = QFile::encodeName(directory);
+    Descriptor folder(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    return folder.isOpen() && TrustedPath::pathOf(folder) == path ? std::move(folder) : Descriptor();
 }
 
 /** As long as anything else is left, the directory stays what can be opened and deleted: a repository. */
 bool removeDescriptionLast(const QString &directory)
 {
-    const QString conf = directory + QLatin1String("/conf");
-    return removeContents(directory, QStringLiteral("conf"))
-           && (QFileInfo(conf).isSymLink() || removeContents(conf, QStringLiteral("distributions")))
-           && removeTree(conf) && removeTree(directory);
+    constexpr const char *Conf = "conf";
+    const Descriptor repository = openDirectory(directory);
+    if (!repository.isOpen() || !removeContents(repository.number(), Conf))
+        return false;
+    const Descriptor conf(
+        ::openat(repository.number(), Conf, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    return (!conf.isOpen() || removeContents(conf.number(), "distributions"))
+           && removeEntry(repository.number(), Conf)
+           && ::rmdir(QFile::encodeName(directory).constData()) == 0;
 }
+
 QString busyReason(const QString &path)
 {
     return QCoreApplication::translate(
