@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsdata.h"
 
+#include "core/regularfile.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
@@ -29,7 +31,7 @@ QMutex &fileMutex()
 
 Outcome readFile(const QString &fileName, const QString &repoPath, StoredPackages *stored)
 {
-    QFile file(fileName);
+    RegularFile file(fileName);
     // Nothing that could be lost is in an empty file, so it is not worth a word.
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.size() == 0)
         return Outcome::Failed;
@@ -125,7 +127,7 @@ void DependsData::savePackages(const QList<PackageInfoPtr> &packages)
 
 bool DependsData::hasMember(const QStringList &repositories) const
 {
-    QFile file(m_fileName);
+    RegularFile file(m_fileName);
     return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)
            && DependsJson::hasMember(&file, repositories);
 }
@@ -152,7 +154,7 @@ bool DependsData::rewrite(const DependsJson::Change &change)
 
 Outcome DependsData::rewriteOnce(const DependsJson::Change &change)
 {
-    QFile old(m_fileName);
+    RegularFile old(m_fileName);
     const bool isThere = old.exists() && old.size() > 0;
     // What cannot be read holds the results of other repositories and is not to be written over.
     if (isThere && !old.open(QIODevice::ReadOnly | QIODevice::Unbuffered))

@@ -2,6 +2,7 @@
 #include "depends/privateapt.h"
 
 #include "core/processutils.h"
+#include "core/regularfile.h"
 #include "core/removetree.h"
 #include "core/wholefile.h"
 #include "depends/aptcommands.h"
@@ -84,7 +85,7 @@ SourceOptions systemOptions(const QStringList &files)
 {
     SourceOptions options;
     for (const QString &name : files) {
-        QFile file(name);
+        RegularFile file(name);
         if (!file.open(QIODevice::ReadOnly))
             continue;
         const QString text = QString::fromUtf8(file.readAll());

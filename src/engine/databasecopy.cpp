@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/databasecopy.h"
 
+#include "core/regularfile.h"
 #include "core/removetree.h"
 #include "core/wholefile.h"
 #include "engine/distributionsfile.h"
@@ -66,7 +67,7 @@ QStringList filesToCopy(const QString &repoPath)
 
 bool copyWhole(const QString &source, const QString &copy)
 {
-    return QFile::copy(source, copy) && QFileInfo(copy).size() == QFileInfo(source).size();
+    return RegularFile(source).copy(copy) && QFileInfo(copy).size() == QFileInfo(source).size();
 }
 
 bool copySignatures(const QString &repoPath, const QString &target)
@@ -228,7 +229,7 @@ bool DatabaseCopy::keepDescription(const QString &repoPath, const QByteArray &by
 
 std::optional<QByteArray> DatabaseCopy::description(const QString &repoPath)
 {
-    QFile file(folder(repoPath) + DescriptionFile);
+    RegularFile file(folder(repoPath) + DescriptionFile);
     if (!isOurs(repoPath, folder(repoPath)) || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
     return file.readAll();

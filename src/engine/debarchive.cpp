@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/debarchive.h"
 
-#include <QFile>
+#include "core/regularfile.h"
 
 namespace
 {
@@ -13,7 +13,7 @@ constexpr int SizeLength = 10;
 
 DebArchiveState debArchiveState(const QString &fileName)
 {
-    QFile file(fileName);
+    RegularFile file(fileName);
     if (!file.open(QIODevice::ReadOnly) || file.read(MagicSize) != "!<arch>\n")
         return DebArchiveState::NoArchive;
     bool hasData = false;

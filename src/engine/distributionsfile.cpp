@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/distributionsfile.h"
 
+#include "core/regularfile.h"
 #include "core/wholefile.h"
 #include "engine/distributions.h"
 
@@ -23,9 +24,8 @@ std::optional<RepoInfo> DistributionsFile::read() const
 
 std::optional<QByteArray> DistributionsFile::readBytes() const
 {
-    QFile file(m_fileName);
-    // A folder opens as a file does, but there is nothing to read in it.
-    if (!QFileInfo(m_fileName).isFile() || !file.open(QIODevice::ReadOnly))
+    RegularFile file(m_fileName);
+    if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
     return file.readAll();
 }
@@ -49,7 +49,7 @@ QString DistributionsFile::keptAs(const QByteArray &bytes) const
     const QString first = m_fileName + QLatin1String(".orig");
     QString name = first;
     for (int number = 1; QFile::exists(name); ++number) {
-        QFile kept(name);
+        RegularFile kept(name);
         if (kept.open(QIODevice::ReadOnly) && kept.readAll() == bytes)
             break;
         name = QStringLiteral("%1.%2").arg(first).arg(number);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/exportsession.h"
 
+#include "core/regularfile.h"
 #include "engine/databasecopy.h"
 #include "engine/poolfiles.h"
 #include "engine/privateconfig.h"
@@ -85,7 +86,7 @@ void ExportSession::mayLeave(const QString &poolFile)
     // A job that is refused leaves no marker, and that of another one alone.
     if (keepDatabase())
         return;
-    QFile marker(markerFile(m_repoPath));
+    RegularFile marker(markerFile(m_repoPath));
     if (poolFile.startsWith(m_repoPath + QLatin1Char('/')) && marker.open(QIODevice::Append))
         marker.write((poolFile.mid(m_repoPath.size() + 1) + QLatin1Char('\n')).toUtf8());
 }
@@ -147,7 +148,7 @@ bool ExportSession::isExportOwed(const QString &repoPath)
 
 QStringList ExportSession::filesLeft(const QString &repoPath)
 {
-    QFile marker(markerFile(repoPath));
+    RegularFile marker(markerFile(repoPath));
     if (!marker.open(QIODevice::ReadOnly))
         return {};
     QStringList files = QString::fromUtf8(marker.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobrecovery.h"
 
+#include "core/regularfile.h"
 #include "core/removetree.h"
 #include "engine/databasecopy.h"
 #include "engine/distributionsfile.h"
@@ -38,7 +39,7 @@ QStringList linesOf(const QString &text)
 
 QByteArray sha256(const QString &fileName)
 {
-    QFile file(fileName);
+    RegularFile file(fileName);
     QCryptographicHash hash(QCryptographicHash::Sha256);
     return file.open(QIODevice::ReadOnly) && hash.addData(&file) ? hash.result().toHex() : QByteArray();
 }

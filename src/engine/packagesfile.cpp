@@ -2,8 +2,8 @@
 #include "engine/packagesfile.h"
 
 #include "core/packagefields.h"
+#include "core/regularfile.h"
 
-#include <QFile>
 #include <QRegularExpression>
 
 #include <cstdlib>
@@ -129,7 +129,7 @@ class FileBytes
 public:
     explicit FileBytes(const QString &fileName)
     {
-        QFile file(fileName);
+        RegularFile file(fileName);
         if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.size() <= 0)
             return;
         const qint64 size = file.size();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/privateconfig.h"
 
+#include "core/regularfile.h"
 #include "core/wholefile.h"
 #include "engine/distributions.h"
 #include "engine/distributionsfile.h"
@@ -28,7 +29,7 @@ QString optionName(const QString &line)
 /** The repository's own options; null when there is such a file but it cannot be read. */
 QString ownOptions(const QString &repoPath)
 {
-    QFile file(repoPath + QLatin1String("/conf/options"));
+    RegularFile file(repoPath + QLatin1String("/conf/options"));
     if (!file.exists())
         return QStringLiteral("");
     return file.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(file.readAll()) + QLatin1Char('\n')

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Creating, opening and closing a repository.
+#include "core/regularfile.h"
 #include "core/removetree.h"
 #include "engine/asidedirectory.h"
 #include "engine/distributions.h"
@@ -26,6 +27,23 @@ namespace
 QString absolute(const QString &path)
 {
     return QDir::cleanPath(QDir(path).absolutePath());
+}
+
+/** What is wrong with a file that each run reads: for a pipe in its place reprepro would wait for ever. */
+QString refusal(const QString &repoPath)
+{
+    for (const char *name : {"conf/distributions",
+                             "conf/options",
+                             "packages.conf",
+                             "db/version",
+                             "db/packages.db",
+                             "db/references.db",
+                             "db/checksums.db"}) {
+        const QString reason = RegularFile::refusal(repoPath + QLatin1Char('/') + QLatin1String(name));
+        if (!reason.isEmpty())
+            return reason;
+    }
+    return {};
 }
 } // namespace
 
@@ -168,6 +186,11 @@ bool RepoShell::writeRepoInfo(const RepoInfo &info)
 int RepoShell::openBody(const QString &path)
 {
     JobFrame frame(*m_context, tr("Opening repository"));
+    const QString reason = refusal(path);
+    if (!reason.isEmpty()) {
+        Q_EMIT critical(tr("The repository %1 cannot be opened.").arg(path), reason);
+        return frame.finish(ERROR, tr("Repositry is not opened"));
+    }
     JobRecovery recovery(*m_context);
     recovery.begin(path);
     if (readRepoInfo(path) != SUCCESS) {

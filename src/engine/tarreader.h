@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/regularfile.h"
 #include "engine/tarheader.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QString>
 
 struct gzFile_s;
@@ -30,7 +30,7 @@ public:
     QString error() const { return m_error; }
 
 private:
-    QFile m_file;
+    RegularFile m_file;
     gzFile_s *m_stream = nullptr;
     qint64 m_left = 0; ///< of the contents
     qint64 m_padding = 0; ///< after them

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/signprocess.h"
 
+#include "core/regularfile.h"
 #include "core/settingsformat.h"
 #include "signing/keylisting.h"
 
@@ -36,6 +37,12 @@ QString findScriptDir()
     constexpr int SystemWide = 2;
     return QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation).value(SystemWide)
            + application;
+}
+
+/** Qt would wait for ever for what comes out of a pipe. */
+bool isUsable(const QString &packagesConfPath)
+{
+    return !packagesConfPath.isEmpty() && RegularFile::refusal(packagesConfPath).isEmpty();
 }
 
 QString entryName(const PackageInfo &package)
@@ -96,6 +103,8 @@ bool SignProcess::saveKeyInfo(const QString &packagesConfPath, const PackageInfo
 {
     if (packagesConfPath.isEmpty())
         return true;
+    if (!isUsable(packagesConfPath))
+        return false;
     QSettings settings(packagesConfPath, SettingsFormat::ini());
     settings.setValue(entryName(package), package.signingKey);
     settings.sync();
@@ -107,6 +116,8 @@ bool SignProcess::removeKeyInfo(const QString &packagesConfPath, const PackageIn
     // Without the file there is nothing to remove, and an empty one need not be made.
     if (packagesConfPath.isEmpty() || !QFileInfo::exists(packagesConfPath))
         return true;
+    if (!isUsable(packagesConfPath))
+        return false;
     QSettings settings(packagesConfPath, SettingsFormat::ini());
     settings.remove(entryName(package));
     settings.sync();
@@ -132,7 +143,7 @@ bool SignProcess::keepKeyInfo(const QString &packagesConfPath, const QSet<QStrin
 
 QString SignProcess::keyInfo(const QString &packagesConfPath, const PackageInfo &package)
 {
-    if (packagesConfPath.isEmpty())
+    if (!isUsable(packagesConfPath))
         return {};
     return QSettings(packagesConfPath, SettingsFormat::ini()).value(entryName(package)).toString();
 }
@@ -140,7 +151,7 @@ QString SignProcess::keyInfo(const QString &packagesConfPath, const PackageInfo 
 QHash<QString, QString> SignProcess::allKeyInfo(const QString &packagesConfPath)
 {
     QHash<QString, QString> entries;
-    if (packagesConfPath.isEmpty())
+    if (!isUsable(packagesConfPath))
         return entries;
     QSettings settings(packagesConfPath, SettingsFormat::ini());
     settings.beginGroup(keyInfoGroup);

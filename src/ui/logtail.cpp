@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/logtail.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "core/regularfile.h"
+
 #include <QtConcurrent>
 
 LogTail::LogTail(QObject *parent)
@@ -31,8 +31,8 @@ void LogTail::setFile(const QString &path)
 QString LogTail::read(const QString &path)
 {
     // Anybody may put something else in the place of a file below /tmp, and a pipe would be waited for.
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+    RegularFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
         return {};
     const bool isCut = file.size() > MostBytes;
     if (isCut)

@@ -1,11 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/distributionsfile.h"
 #include "engine/joblock.h"
+#include "engine/packagesfile.h"
+#include "engine/poolfiles.h"
 #include "engineharness.h"
+#include "signing/signprocess.h"
 #include "support/scopedvariable.h"
 
 #include <QDir>
 #include <QtTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
 
 /** Creating, opening, changing and closing with the real reprepro. */
 class TestLifecycle : public QObject
@@ -94,6 +100,57 @@ private Q_SLOTS:
         QCOMPARE(other.shell.createRepo(h.folder.filePath("second"_s), other.info), int(RepoEnums::SUCCESS));
         QCOMPARE(other.shell.path(), target);
         QVERIFY(other.settled());
+    }
+
+    /** What a description or reprepro names below the repository is not looked for behind other people's links. */
+    void linksInsideAreNoWay()
+    {
+        RepoHarness h;
+        const QString elsewhere = h.folder.filePath("elsewhere"_s);
+        for (const char *file : {"/dogwood/precious", "/main/f/precious"})
+            writeFile(elsewhere + QLatin1String(file), "x");
+        runShell("mv dists/dogwood/* ../elsewhere/dogwood; rm -r dists; ln -s ../elsewhere dists; rm -rf "
+                 "pool; ln -s "
+                 "../elsewhere pool"_s,
+                 h.repoPath());
+        h.info.codename = "aspen"_s;
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        QVERIFY(QFile::exists(elsewhere + "/dogwood/precious"_s));
+
+        if (::geteuid() == 0)
+            runShell("chown -h 65534 pool"_s, h.repoPath());
+        PoolFiles::remove(h.repoPath(), "pool/main/f/precious"_s);
+        QCOMPARE(QFile::exists(elsewhere + "/main/f/precious"_s), ::geteuid() == 0);
+        // A pool on another disk is the administrator's own.
+        if (::geteuid() == 0)
+            runShell("chown -h 0 pool"_s, h.repoPath());
+        PoolFiles::remove(h.repoPath(), "pool/main/f/precious"_s);
+        QVERIFY(!QFile::exists(elsewhere + "/main"_s));
+    }
+
+    /** Whoever waits for what comes out of a pipe waits for ever. */
+    void pipesAreNoFiles()
+    {
+        RepoHarness h;
+        h.add(h.debs("foo"));
+        for (const char *name : {"packages.conf", "conf/options", "db/version", "conf/distributions"}) {
+            const QString file = h.repoPath() + QLatin1Char('/') + QLatin1String(name);
+            runShell("[ ! -e '%1' ] || mv '%1' kept; mkfifo '%1'"_s.arg(file), h.folder.path());
+            EngineHarness other;
+            QCOMPARE(other.open(h.repoPath()), RepoEnums::ERROR);
+            QVERIFY2(other.trouble().endsWith(file + " is no regular file."_s), qPrintable(other.trouble()));
+            QVERIFY(other.shell.path().isEmpty() && other.questions.isEmpty());
+            runShell("rm '%1'; [ ! -e kept ] || mv kept '%1'"_s.arg(file), h.folder.path());
+        }
+        // One that comes later is told of as well, where it would be read.
+        runShell("mkfifo packages.conf db/velt-admin-repo.export-owed"_s, h.repoPath());
+        QVERIFY(SignProcess::allKeyInfo(h.repoPath() + "/packages.conf"_s).isEmpty());
+        QVERIFY(ExportSession::filesLeft(h.repoPath()).isEmpty());
+        QVERIFY(readPackagesFile(h.repoPath() + "/packages.conf"_s, {}, {}).isEmpty());
+        const QString pipe = h.folder.filePath("x.tgz"_s);
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        QCOMPARE(h.run([&] { h.shell.importRepo(pipe); }), RepoEnums::ERROR);
+        QCOMPARE(h.trouble(), "Can't open archive for import!|%1 is no regular file."_s.arg(pipe));
     }
 
     void nothingIsLostWithoutAQuestion()
