@@ -3,11 +3,16 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <QSet>
 
+#include <algorithm>
 #include <utility>
 
+#include <dirent.h>
+#include <fcntl.h>
 #include <linux/magic.h>
+#include <sys/stat.h>
 #include <sys/vfs.h>
 #include <unistd.h>
 
@@ -22,11 +27,6 @@ bool isWithin(const QString &path, const QString &folder)
     return path == folder || path.startsWith(folder + QLatin1Char('/'));
 }
 
-bool isReadable(const QString &folder)
-{
-    return ::access(QFile::encodeName(folder).constData(), R_OK | X_OK) == 0;
-}
-
 /** Files that exist only in the kernel's memory: there are many, and none is a package. */
 bool isKernelFolder(const QString &folder)
 {
@@ -35,14 +35,53 @@ bool isKernelFolder(const QString &folder)
            && (status.f_type == PROC_SUPER_MAGIC || status.f_type == SYSFS_MAGIC);
 }
 
+FileId idOf(const struct stat &status)
+{
+    return {status.st_dev, status.st_ino};
+}
+
+/** What a link leads to, or any other file: open, so that it is judged as it is and not as its path is by then. */
+struct Target
+{
+    Descriptor file;
+    struct stat status = {};
+    QString path; ///< without links
+
+    explicit Target(Descriptor opened)
+        : file(std::move(opened))
+    {
+        if (!file.isOpen() || ::fstat(file.number(), &status) != 0)
+            file = Descriptor();
+        else
+            path = QFile::decodeName(TrustedPath::pathOf(file));
+    }
+
+    bool isThere() const { return file.isOpen() && !path.isEmpty(); }
+    bool isFolder() const { return S_ISDIR(status.st_mode); }
+    bool isRegular() const { return S_ISREG(status.st_mode); }
+};
+
+Target targetOf(int folder, const QByteArray &name)
+{
+    return Target(Descriptor(::openat(folder, name.constData(), O_PATH | O_CLOEXEC)));
+}
+
+/** Whether only links of the user or root lead there. */
+bool isTrusted(const Target &target, int folder, const QByteArray &name)
+{
+    const Target trusted(TrustedPath::open(folder, name));
+    return trusted.isThere() && idOf(trusted.status) == idOf(target.status);
+}
+
 /** Lists a repository's folder and those below it. */
 class RepositoryWalk
 {
 public:
     explicit RepositoryWalk(const QString &root)
-        : m_root(QFileInfo(root).canonicalFilePath())
     {
-        visit(m_root, QString());
+        Descriptor folder(::open(QFile::encodeName(root).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        m_root = folder.isOpen() ? QFile::decodeName(TrustedPath::pathOf(folder)) : root;
+        visit(std::move(folder), m_root, QString());
     }
 
     ArchiveContents::Listing takeListing() { return std::move(m_listing); }
@@ -52,39 +91,69 @@ private:
     QSet<QString> m_outside; ///< folders elsewhere that were taken, since links can make circles
     ArchiveContents::Listing m_listing;
 
-    void visit(const QString &folder, const QString &prefix)
+    void visit(Descriptor folder, const QString &path, const QString &prefix)
     {
-        if (!isReadable(folder)) {
-            m_listing.error = folder;
+        const int number = folder.number();
+        DIR *stream = folder.isOpen() ? ::fdopendir(number) : nullptr;
+        if (stream == nullptr || ::faccessat(number, ".", X_OK, AT_EACCESS) != 0) {
+            m_listing.error = path;
             return;
         }
-        const QFileInfoList present = QDir(folder).entryInfoList(Everything, QDir::Name);
-        for (const QFileInfo &info : present)
-            take(info, prefix + info.fileName());
+        folder.release();
+        const auto close = qScopeGuard([stream] { ::closedir(stream); });
+        QByteArrayList names;
+        while (const dirent *entry = ::readdir(stream))
+            names.append(entry->d_name);
+        std::sort(names.begin(), names.end());
+        for (const QByteArray &name : qAsConst(names)) {
+            const QString text = QFile::decodeName(name);
+            // A name that is not encoded as names are here could not be found again.
+            if (name != "." && name != ".." && QFile::encodeName(text) == name)
+                take(number, name, path + QLatin1Char('/') + text, prefix + text);
+        }
     }
 
-    void take(const QFileInfo &info, const QString &member)
+    void take(int folder, const QByteArray &name, const QString &path, const QString &member)
     {
         // Whoever restores the archive would find a repository that is locked for ever.
-        if (member == QLatin1String("db/lockfile"))
+        struct stat status = {};
+        if (member == QLatin1String("db/lockfile")
+            || ::fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
             return;
-        QString path = info.filePath();
-        bool isFolder = info.isDir();
-        if (info.isSymLink()) {
-            const QString target = info.canonicalFilePath();
-            const bool leadsOut = !target.isEmpty() && !isWithin(target, m_root);
-            if (!leadsOut || isWithin(m_root, target) || (isFolder && m_outside.contains(target))) {
-                m_listing.entries.append({path, member});
-                return;
-            }
-            path = target;
-            if (isFolder)
-                m_outside.insert(target);
+        if (S_ISLNK(status.st_mode))
+            takeLink(folder, name, {path, member, idOf(status)});
+        else if (S_ISDIR(status.st_mode))
+            visit(openFolder(folder, name), path, member + QLatin1Char('/'));
+        else if (S_ISREG(status.st_mode))
+            m_listing.entries.append({path, member, idOf(status)});
+    }
+
+    void takeLink(int folder, const QByteArray &name, const ArchiveContents::Entry &link)
+    {
+        const Target target = targetOf(folder, name);
+        const bool leadsOut = target.isThere() && !isWithin(target.path, m_root);
+        if (!leadsOut || isWithin(m_root, target.path)
+            || (target.isFolder() && m_outside.contains(target.path))) {
+            m_listing.entries.append(link);
+            return;
         }
-        if (isFolder)
-            visit(path, member + QLatin1Char('/'));
-        else if (info.isFile())
-            m_listing.entries.append({path, member});
+        if (!target.isFolder() && !target.isRegular())
+            return;
+        if (!isTrusted(target, folder, name)) {
+            m_listing.leftOut.append(link.member);
+            return;
+        }
+        if (target.isRegular()) {
+            m_listing.entries.append({target.path, link.member, idOf(target.status)});
+            return;
+        }
+        m_outside.insert(target.path);
+        visit(openFolder(target.file.number(), "."), target.path, link.member + QLatin1Char('/'));
+    }
+
+    static Descriptor openFolder(int above, const QByteArray &name)
+    {
+        return Descriptor(::openat(above, name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     }
 };
 
@@ -113,6 +182,19 @@ void findPackages(const QString &folder,
 ArchiveContents::Listing ArchiveContents::ofRepository(const QString &path)
 {
     return RepositoryWalk(path).takeListing();
+}
+
+std::optional<ArchiveContents::Entry>
+ArchiveContents::fileOfRepository(const QString &path, const QString &file, const QString &member)
+{
+    const Target root = targetOf(AT_FDCWD, QFile::encodeName(path));
+    const QByteArray name = QFile::encodeName(file);
+    const Target target = targetOf(root.file.number(), name);
+    if (target.isThere() && !isWithin(target.path, root.path) && !isTrusted(target, root.file.number(), name))
+        return std::nullopt;
+    // What is not there keeps its name, for whoever tells of it.
+    return Entry{
+        target.isThere() ? target.path : path + QLatin1Char('/') + file, member, idOf(target.status)};
 }
 
 bool ArchiveContents::isPackageName(const QString &name)

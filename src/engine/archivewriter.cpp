@@ -79,6 +79,7 @@ bool isSame(const struct stat &a, const struct stat &b)
 struct ArchiveWriter::Source
 {
     QString path;
+    Descriptor file = Descriptor();
     struct stat status = {};
 };
 
@@ -102,25 +103,34 @@ bool ArchiveWriter::open()
     return m_tar->open(QIODevice::WriteOnly);
 }
 
-ArchiveWriter::Result ArchiveWriter::add(const QString &file, const QString &member)
+ArchiveWriter::Result
+ArchiveWriter::add(const QString &file, const QString &member, const std::optional<FileId> &judged)
 {
     const QByteArray name = QFile::encodeName(file);
     Source source{file};
-    if (::lstat(name.constData(), &source.status) != 0)
+    // To open a pipe would wait for somebody who writes into it.
+    source.file = Descriptor(::open(name.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    const bool isLink = !source.file.isOpen() && errno == ELOOP;
+    if (isLink)
+        source.file = Descriptor(::open(name.constData(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
+    if (!source.file.isOpen() || ::fstat(source.file.number(), &source.status) != 0)
         return failed(file, qt_error_string(errno));
-    const bool isLink = S_ISLNK(source.status.st_mode);
-    if (!isLink && !S_ISREG(source.status.st_mode))
+    if (!S_ISREG(source.status.st_mode) && !(isLink && S_ISLNK(source.status.st_mode)))
         return failed(file, tr("It is no file."));
+    // Some file systems number a file anew each time; but no link leads to a path that is the file's own.
+    if (judged && *judged != FileId{source.status.st_dev, source.status.st_ino}
+        && TrustedPath::pathOf(source.file) != name)
+        return failed(file, changed());
     if (source.status.st_size > LargestMember)
         return failed(file, tr("It is larger than the 8 GiB that an archive can hold of a file."));
     m_device->setStored(isCompressed(member));
-    return isLink ? addLink(source, member) : addFile(source, member);
+    return isLink ? addLink(source, member) : addFile(&source, member);
 }
 
 ArchiveWriter::Result ArchiveWriter::addLink(const Source &source, const QString &member)
 {
     std::array<char, PATH_MAX> target = {};
-    if (::readlink(QFile::encodeName(source.path).constData(), target.data(), target.size() - 1) < 0)
+    if (::readlinkat(source.file.number(), "", target.data(), target.size() - 1) < 0)
         return failed(source.path, qt_error_string(errno));
     const bool added = m_tar->writeSymLink(member,
                                            QFile::decodeName(target.data()),
@@ -133,14 +143,12 @@ ArchiveWriter::Result ArchiveWriter::addLink(const Source &source, const QString
     return added ? Result::Added : failed(m_target, m_device->failure());
 }
 
-ArchiveWriter::Result ArchiveWriter::addFile(const Source &source, const QString &member)
+ArchiveWriter::Result ArchiveWriter::addFile(Source *opened, const QString &member)
 {
-    const int descriptor
-        = ::open(QFile::encodeName(source.path).constData(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC);
-    if (descriptor < 0)
-        return failed(source.path, qt_error_string(errno));
+    const Source &source = *opened;
     QFile file;
-    file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
+    file.open(
+        opened->file.release(), QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
 
     const bool isLarge = source.status.st_size >= LargeFile;
     if (isLarge)
@@ -170,11 +178,16 @@ ArchiveWriter::Result ArchiveWriter::addFile(const Source &source, const QString
         left -= size;
     }
     struct stat now = {};
-    if (left > 0 || ::fstat(descriptor, &now) != 0 || !isSame(now, source.status))
-        return failed(source.path, tr("It was changed by another program while it was read."));
+    if (left > 0 || ::fstat(file.handle(), &now) != 0 || !isSame(now, source.status))
+        return failed(source.path, changed());
     if (!m_tar->finishWriting(source.status.st_size))
         return failed(m_target, m_device->failure());
     return Result::Added;
+}
+
+QString ArchiveWriter::changed()
+{
+    return tr("It was changed by another program while it was read.");
 }
 
 bool ArchiveWriter::commit()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/trustedpath.h"
 #include "engine/gzipdevice.h"
 #include "engine/replacingfile.h"
 
@@ -10,6 +11,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include <sys/types.h>
 
@@ -37,9 +39,9 @@ public:
     /**
      * Adds a regular file, or a symbolic link as such, with its mode, owner and time. After anything but Added the
      * archive takes no more files. One that was stopped can still be committed and lacks that file alone; small files
-     * are never stopped.
+     * are never stopped. With `judged` the path has to name this file still.
      */
-    Result add(const QString &file, const QString &member);
+    Result add(const QString &file, const QString &member, const std::optional<FileId> &judged = {});
     /** Completes the archive and puts it into the target's place. */
     bool commit();
     /** What went wrong, with the file's name and the system's words. */
@@ -51,9 +53,10 @@ public:
 private:
     struct Source;
 
-    Result addFile(const Source &source, const QString &member);
+    Result addFile(Source *opened, const QString &member);
     Result addLink(const Source &source, const QString &member);
     Result failed(const QString &file, const QString &reason);
+    static QString changed();
     QString userName(uid_t id);
     QString groupName(gid_t id);
 

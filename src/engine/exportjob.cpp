@@ -3,7 +3,6 @@
 
 #include "depends/dependscollection.h"
 #include "engine/archivecontents.h"
-#include "engine/archivewriter.h"
 #include "engine/jobframe.h"
 #include "engine/pathguard.h"
 #include "engine/repolock.h"
@@ -39,10 +38,11 @@ int ExportJob::exportRepo()
     ArchiveWriter writer(m_target, [this] { return m_context.isCanceled(); });
     if (!writer.open())
         return failed(&frame, writer.error());
+    noteLeftOut(listing.leftOut);
     m_context.setProgressRange(listing.entries.size());
     for (const auto &entry : listing.entries) {
-        const auto result
-            = m_context.isCanceled() ? ArchiveWriter::Result::Stopped : writer.add(entry.path, entry.member);
+        const auto result = m_context.isCanceled() ? ArchiveWriter::Result::Stopped
+                                                   : writer.add(entry.path, entry.member, entry.id);
         if (result == ArchiveWriter::Result::Stopped)
             return frame.finish(CANCEL, tr("Operation stopped. Repository not exported."));
         if (result == ArchiveWriter::Result::Failed)
@@ -52,6 +52,7 @@ int ExportJob::exportRepo()
     if (!writer.commit())
         return failed(&frame, writer.error());
     m_context.showProgress();
+    warnOfLeftOut(listing.leftOut);
     return frame.finish(SUCCESS, tr("Repository exported."));
 }
 
@@ -69,6 +70,7 @@ int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDe
         return failed(&frame, writer.error());
 
     QHash<QString, QString> members; // the files by their names in the archive
+    QStringList leftOut;
     auto result = ArchiveWriter::Result::Added;
     for (const PackageInfoPtr &package : packages + needed) {
         const QString file = files.value(PackageKey::of(*package));
@@ -81,7 +83,7 @@ int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDe
         else if (file.isEmpty())
             return failed(&frame, tr("The file of the package %1 is not known.").arg(package->name));
         else if (!members.contains(member))
-            result = writer.add(file, member);
+            result = add(&writer, file, member, &leftOut);
         if (result == ArchiveWriter::Result::Failed)
             return failed(&frame, writer.error());
         if (result == ArchiveWriter::Result::Stopped)
@@ -89,6 +91,8 @@ int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDe
         members.insert(member, file);
         frame.itemDone(packages.size() + needed.size());
     }
+    if (!leftOut.isEmpty() && leftOut.size() == members.size())
+        return failed(&frame, leftOutText(leftOut));
     // An archive of nothing must not replace an older one.
     if (!(result == ArchiveWriter::Result::Stopped && members.isEmpty()) && !writer.commit())
         return failed(&frame, writer.error());
@@ -96,7 +100,46 @@ int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDe
         return frame.finish(CANCEL,
                             packages.size() == 1 ? tr("Operation stopped. Package not exported.")
                                                  : tr("Operation stopped. Packages not exported."));
+    warnOfLeftOut(leftOut);
     return frame.finish(SUCCESS, tr("Export finished"));
+}
+
+ArchiveWriter::Result
+ExportJob::add(ArchiveWriter *writer, const QString &file, const QString &member, QStringList *leftOut)
+{
+    const QString poolFile = file.mid(m_context.path().size() + 1);
+    const auto entry = ArchiveContents::fileOfRepository(m_context.path(), poolFile, member);
+    if (entry)
+        return writer->add(entry->path, entry->member, entry->id);
+    leftOut->append(poolFile);
+    noteLeftOut({poolFile});
+    return ArchiveWriter::Result::Added;
+}
+
+QString ExportJob::leftOutText(const QStringList &names)
+{
+    return tr("%n link(s) of the repository lead to places outside of it and were left out. Such a link is "
+              "followed "
+              "only when it belongs to you or to root, and what it leads to has the same owner.",
+              nullptr,
+              names.size());
+}
+
+void ExportJob::noteLeftOut(const QStringList &names)
+{
+    for (const QString &name : names)
+        m_context.noted(tr("Left out, since it leads out of the repository: %1").arg(name));
+}
+
+void ExportJob::warnOfLeftOut(const QStringList &names)
+{
+    constexpr int MostNamed = 10;
+    if (names.isEmpty())
+        return;
+    QStringList lines = names.mid(0, MostNamed);
+    if (names.size() > MostNamed)
+        lines << QString(QChar(0x2026));
+    m_context.critical(leftOutText(names), lines.join(QLatin1Char('\n')), WARNING);
 }
 
 bool ExportJob::mayExport()

@@ -3,12 +3,14 @@
 
 #include "core/packageinfo.h"
 #include "core/repoenums.h"
+#include "engine/archivewriter.h"
 #include "engine/packagelist.h"
 
 #include <QCoreApplication>
 #include <QHash>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 class JobContext;
 class JobFrame;
@@ -30,5 +32,13 @@ private:
 
     bool mayExport();
     int failed(JobFrame *frame, const QString &reason);
+    /** Adds a file of the pool, or its name to `leftOut` when it leads to where others want it to lead. */
+    ArchiveWriter::Result
+    add(ArchiveWriter *writer, const QString &file, const QString &member, QStringList *leftOut);
+    static QString leftOutText(const QStringList &names);
+    /** Puts the names of links that were not followed into the log. */
+    void noteLeftOut(const QStringList &names);
+    /** Tells of the links that were not followed; nothing when there were none. */
+    void warnOfLeftOut(const QStringList &names);
     QHash<PackageKey, QString> poolFiles(const QList<PackageInfoPtr> &packages);
 };

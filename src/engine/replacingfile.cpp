@@ -5,65 +5,112 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace
+{
+/** What the user's mask leaves of a new file's mode. umask(2) tells it only by changing it, for all threads. */
+mode_t usualMode()
+{
+    constexpr mode_t Wanted = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+    constexpr const char *Field = "Umask:";
+    QFile status(QStringLiteral("/proc/self/status"));
+    status.open(QIODevice::ReadOnly);
+    const QByteArrayList lines = status.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        bool isNumber = false;
+        const uint mask = line.mid(int(qstrlen(Field))).trimmed().toUInt(&isNumber, 8);
+        if (line.startsWith(Field) && isNumber)
+            return Wanted & ~mask;
+    }
+    return S_IRUSR | S_IWUSR;
+}
+
+/** Of a link the file that it names is meant, also when there is no such file yet. */
+QString meant(QString target)
+{
+    constexpr int MostLinks = 40;
+    for (int i = 0; i < MostLinks && QFileInfo(target).isSymLink(); ++i)
+        target = QFileInfo(target).symLinkTarget();
+    return target;
+}
+} // namespace
+
 ReplacingFile::ReplacingFile(const QString &target)
-    // Of a link the file that it names is meant.
-    : m_target(QFileInfo(target).isSymLink() && QFileInfo::exists(target)
-                   ? QFileInfo(target).canonicalFilePath()
-                   : target)
-    , m_named(target)
+    : m_target(meant(target))
 { }
+
+ReplacingFile::~ReplacingFile()
+{
+    if (!m_name.isEmpty())
+        ::unlink(m_name.constData());
+}
 
 bool ReplacingFile::open()
 {
-    const QFileInfo present(m_target);
-    const bool isPlain = present.exists() ? present.isFile() && present.isWritable() : !present.isSymLink();
-    const int descriptor = isPlain ? ::open(QFile::encodeName(present.path()).constData(),
-                                            O_WRONLY | O_TMPFILE | O_CLOEXEC,
-                                            S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH)
-                                   : -1;
-    if (descriptor >= 0
-        && m_unnamed.open(
-            descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle))
-        return true;
-    const bool isOpen = m_named.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
-    m_error = isOpen ? QString() : m_named.errorString();
-    return isOpen;
+    const int file = makeFile();
+    if (file < 0) {
+        m_error = qt_error_string(errno);
+        return false;
+    }
+    return m_file.open(file, QIODevice::WriteOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
 }
 
-QFileDevice *ReplacingFile::device()
+int ReplacingFile::makeFile()
 {
-    return m_unnamed.isOpen() ? static_cast<QFileDevice *>(&m_unnamed) : &m_named;
+    const QFileInfo present(m_target);
+    if (present.isDir())
+        errno = EISDIR;
+    else if (present.exists() && !(present.isFile() && present.isWritable()))
+        errno = EACCES;
+    else if (!present.exists() && present.isSymLink())
+        errno = ELOOP;
+    else
+        errno = 0;
+    if (errno != 0)
+        return -1;
+    const int file = ::open(
+        QFile::encodeName(present.path()).constData(), O_WRONLY | O_TMPFILE | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (file >= 0)
+        return file;
+    // Not every file system has files without a name.
+    QByteArray name = QFile::encodeName(m_target) + ".XXXXXX";
+    const int named = ::mkostemp(name.data(), O_CLOEXEC);
+    if (named >= 0)
+        m_name = name;
+    return named;
 }
 
 bool ReplacingFile::commit()
 {
-    if (!m_unnamed.isOpen()) {
-        const bool isDone = m_named.commit();
-        m_error = isDone ? QString() : m_named.errorString();
-        return isDone;
-    }
-    const bool isDone = m_unnamed.error() == QFileDevice::NoError && putIntoPlace();
+    const bool isWritten = m_file.error() == QFileDevice::NoError;
+    const bool isDone = isWritten && setMode() && ::fsync(m_file.handle()) == 0 && putIntoPlace();
     if (!isDone)
-        m_error
-            = m_unnamed.error() == QFileDevice::NoError ? qt_error_string(errno) : m_unnamed.errorString();
-    m_unnamed.close();
+        m_error = isWritten ? qt_error_string(errno) : m_file.errorString();
+    m_file.close();
     return isDone;
+}
+
+bool ReplacingFile::setMode() const
+{
+    struct stat present = {};
+    const bool isThere = ::stat(QFile::encodeName(m_target).constData(), &present) == 0;
+    return ::fchmod(m_file.handle(), isThere ? present.st_mode & 07777 : usualMode()) == 0;
 }
 
 bool ReplacingFile::putIntoPlace()
 {
-    const int file = m_unnamed.handle();
-    const QByteArray source = "/proc/self/fd/" + QByteArray::number(file);
+    if (!m_name.isEmpty()) {
+        const bool isMoved = moveIntoPlace(m_name);
+        m_name.clear();
+        return isMoved;
+    }
     const QByteArray target = QFile::encodeName(m_target);
-    struct stat present = {};
-    const bool isThere = ::stat(target.constData(), &present) == 0;
-    if ((isThere && ::fchmod(file, present.st_mode & 07777) != 0) || ::fsync(file) != 0)
-        return false;
+    const QByteArray source = "/proc/self/fd/" + QByteArray::number(m_file.handle());
     if (::linkat(AT_FDCWD, source.constData(), AT_FDCWD, target.constData(), AT_SYMLINK_FOLLOW) == 0)
         return true;
     if (errno != EEXIST)
@@ -73,12 +120,16 @@ bool ReplacingFile::putIntoPlace()
     const QByteArray between
         = QFile::encodeName(QStringLiteral("%1/.%2.velt-new").arg(info.path(), info.fileName()));
     ::unlink(between.constData());
-    if (::linkat(AT_FDCWD, source.constData(), AT_FDCWD, between.constData(), AT_SYMLINK_FOLLOW) != 0)
-        return false;
-    if (std::rename(between.constData(), target.constData()) == 0)
+    return ::linkat(AT_FDCWD, source.constData(), AT_FDCWD, between.constData(), AT_SYMLINK_FOLLOW) == 0
+           && moveIntoPlace(between);
+}
+
+bool ReplacingFile::moveIntoPlace(const QByteArray &name)
+{
+    if (std::rename(name.constData(), QFile::encodeName(m_target).constData()) == 0)
         return true;
     const int error = errno;
-    ::unlink(between.constData());
+    ::unlink(name.constData());
     errno = error;
     return false;
 }

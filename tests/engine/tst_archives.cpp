@@ -5,6 +5,7 @@
 #include "support/fulldisk.h"
 #include "support/scopedvariable.h"
 
+#include <QScopeGuard>
 #include <QtTest>
 
 #include <cerrno>
@@ -92,6 +93,85 @@ private Q_SLOTS:
         QCOMPARE(restored.trouble(), QString());
         QCOMPARE(restored.listed(), h.listed());
         QVERIFY(restored.reprepro({"check"_s}).succeeded() && restored.reprepro({"checkpool"_s}).succeeded());
+    }
+
+    /** What links of others lead to could be what only the exporter may read. */
+    void linksOfOthers()
+    {
+        if (::geteuid() != 0)
+            QSKIP("only root can give links to somebody else");
+        RepoHarness h;
+        h.add(h.debs("foo bar"));
+        runShell("mkdir -p ../secret/.ssh; echo private >../secret/.ssh/id; ln -s ../secret/.ssh own; "
+                 "for i in {1..12}; do ln -s ../secret/.ssh f$i; done; ln -s \"$PWD/f1/id\" through; ln -s "
+                 "conf inside; mv pool/main/f/foo/*.deb ../secret; ln -s $PWD/../secret/foo*.deb "
+                 "pool/main/f/foo; mv pool/main/b ../secret; ln -s ../../../secret/b pool/main; "
+                 "chown -h 65534 f* inside pool/main/f/foo/*"_s,
+                 h.repoPath());
+        const QString target = h.folder.filePath("x.tgz"_s);
+        QCOMPARE(exportTo(&h, target), RepoEnums::SUCCESS);
+        QCOMPARE(h.lastMessage(), "Repository exported."_s);
+        const QString packed = members(target);
+        QVERIFY2(packed.contains("own/id\n"_s) && packed.contains("inside\n"_s)
+                     && packed.contains("b/bar/bar_1.0_amd64.deb\n"_s),
+                 qPrintable(packed));
+        QVERIFY2(
+            !packed.contains(QRegularExpression("^f\\d|foo_|through"_s, QRegularExpression::MultilineOption)),
+            qPrintable(packed));
+        QCOMPARE(runShell("tar xzf '%1' -O | grep -c private"_s.arg(target)), "1\n"_s);
+        QVERIFY2(h.criticals.size() == 1 && h.trouble().startsWith("14 link"_s)
+                     && h.trouble().contains("f1\n"_s) && h.trouble().endsWith(QChar(0x2026)),
+                 qPrintable(h.trouble()));
+        QCOMPARE(h.notes.size(), 14);
+
+        const auto exportThese = [&](const QList<PackageInfoPtr> &packages) {
+            return h.run([&] { h.shell.exportPackages(packages, target, false); });
+        };
+        QCOMPARE(exportThese({h.find("foo"_s), h.find("bar"_s)}), RepoEnums::SUCCESS);
+        QCOMPARE(members(target), "bar_1.0_amd64.deb\n"_s);
+        QVERIFY(h.complains("pool/main/f/foo/foo_1.0_amd64.deb"_s));
+        // An archive of nothing does not take the place of the older one.
+        QCOMPARE(exportThese({h.find("foo"_s)}), RepoEnums::ERROR);
+        QCOMPARE(members(target), "bar_1.0_amd64.deb\n"_s);
+    }
+
+    /** What is read is what was judged, and nobody else reads what is not whole. */
+    void archiveIsPrivateUntilWhole()
+    {
+        const QTemporaryDir folder;
+        const QString target = folder.filePath("x.tgz"_s);
+        runShell("mkdir in out; echo inside >in/f; echo outside >out/f; mkfifo pipe"_s, folder.path());
+        struct stat judged = {};
+        QCOMPARE(::stat(QFile::encodeName(folder.filePath("in/f"_s)).constData(), &judged), 0);
+        const FileId id{judged.st_dev, judged.st_ino};
+        const mode_t usual = ::umask(027);
+        const auto restore = qScopeGuard([usual] { ::umask(usual); });
+        for (const bool isChanged : {false, true}) {
+            ArchiveWriter writer(target, {});
+            QVERIFY(writer.open());
+            // It has no name yet, but its descriptor can be seen.
+            QStringList modes;
+            for (int number = 3; number < 64; ++number) {
+                struct stat status = {};
+                const QString link = QFileInfo("/proc/self/fd/%1"_s.arg(number)).symLinkTarget();
+                if (link.startsWith(folder.path()) && ::fstat(number, &status) == 0
+                    && S_ISREG(status.st_mode))
+                    modes.append(QString::number(status.st_mode & 0777, 8));
+            }
+            QCOMPARE(modes, QStringList{"600"_s});
+            if (isChanged)
+                runShell("mv in in.old; ln -s out in"_s, folder.path());
+            const auto result = writer.add(folder.filePath("in/f"_s), "f"_s, id);
+            QVERIFY(result == (isChanged ? ArchiveWriter::Result::Failed : ArchiveWriter::Result::Added));
+            if (isChanged)
+                continue;
+            QVERIFY(writer.commit());
+            QCOMPARE(QFileInfo(target).permissions() & QFile::Permissions(0x0fff),
+                     QFile::Permissions(0x0640));
+        }
+        ArchiveWriter writer(target, {});
+        QVERIFY(writer.open()
+                && writer.add(folder.filePath("pipe"_s), "p"_s) == ArchiveWriter::Result::Failed);
     }
 
     void emptyRepository()
