@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/importjob.h"
 
+#include "core/regularfile.h"
 #include "core/scratchfolder.h"
 #include "engine/archivecontents.h"
 #include "engine/archiveutils.h"
@@ -9,6 +10,7 @@
 #include "engine/packageextractor.h"
 
 #include <QFileInfo>
+#include <QLocale>
 #include <QScopeGuard>
 
 int ImportJob::run(const QString &source, const AddOptions &options)
@@ -18,10 +20,10 @@ int ImportJob::run(const QString &source, const AddOptions &options)
         return frame.finish(ERROR, tr("Import error!"));
     const auto cleanUp = qScopeGuard([this] { m_folder.reset(); });
     QStringList files;
-    const bool collected = collectPackages(source, &files);
-    if (m_context.isCanceled())
+    const ErrorCode collected = collectPackages(source, &files);
+    if (m_context.isCanceled() || collected == CANCEL)
         return frame.finish(CANCEL, tr("Package(s) not imported"));
-    if (!collected)
+    if (collected != SUCCESS)
         return frame.finish(ERROR, tr("Import error!"));
     if (files.isEmpty())
         return frame.finish(ERROR, tr("Import failed: there are no packages by selected path"));
@@ -37,21 +39,26 @@ int ImportJob::run(const QString &source, const AddOptions &options)
     return frame.finish(SUCCESS, tr("%n package(s) imported", nullptr, adding.addedCount()));
 }
 
-bool ImportJob::collectPackages(const QString &source, QStringList *files)
+RepoEnums::ErrorCode ImportJob::collectPackages(const QString &source, QStringList *files)
 {
     const QFileInfo info(source);
+    const QString refusal = info.isDir() ? QString() : RegularFile::refusal(source);
+    if (!refusal.isEmpty()) {
+        m_context.critical(tr("Can't open archive for import!"), refusal);
+        return ERROR;
+    }
     if (!info.isDir())
         return unpackPackages(source, files);
     if (!info.isReadable()) {
         m_context.critical(tr("Can't open archive for import!"), source);
-        return false;
+        return ERROR;
     }
     *files
         = ArchiveContents::packagesBelow(source, m_context.path(), [this] { return m_context.isCanceled(); });
-    return true;
+    return SUCCESS;
 }
 
-bool ImportJob::unpackPackages(const QString &archive, QStringList *files)
+RepoEnums::ErrorCode ImportJob::unpackPackages(const QString &archive, QStringList *files)
 {
     const auto stopped = [this] { return m_context.isCanceled(); };
     bool isMounting = true;
@@ -66,17 +73,19 @@ bool ImportJob::unpackPackages(const QString &archive, QStringList *files)
                      });
     mounted.setStopRequest(stopped);
     if (!mounted.mount(archive))
-        return false;
+        return ERROR;
     isMounting = false;
     const QStringList listed = ArchiveContents::packagesBelow(mounted.mountPoint(), QString(), stopped);
     m_folder = std::make_unique<ScratchFolder>();
     if (!m_folder->isValid()) {
         m_context.critical(tr("Can't open archive for import!"),
                            tr("No temporary folder could be made to unpack it in."));
-        return false;
+        return ERROR;
     }
     // Every file that is opened below the mount point reads the archive from its start, so all are taken in one pass.
     PackageExtractor extractor(m_folder->path(), stopped);
+    extractor.setConsent(
+        [this, &archive](qint64 unpacked, qint64 size) { return mayUnpack(archive, unpacked, size); });
     PackageExtractor::Result result = extractor.extract(archive);
     if (result == PackageExtractor::Result::NoTar)
         result = extractor.copy(listed);
@@ -84,5 +93,18 @@ bool ImportJob::unpackPackages(const QString &archive, QStringList *files)
     if (result == PackageExtractor::Result::Damaged)
         m_context.critical(tr("Can't open archive for import!"), extractor.error());
     *files = extractor.files();
-    return result == PackageExtractor::Result::Done;
+    if (result == PackageExtractor::Result::Refused)
+        return CANCEL;
+    return result == PackageExtractor::Result::Done ? SUCCESS : ERROR;
+}
+
+bool ImportJob::mayUnpack(const QString &archive, qint64 unpacked, qint64 size)
+{
+    const QLocale locale;
+    return m_context.ask(
+        tr("Start repo import"),
+        tr("The archive %1 has %2, and its packages need more than %3. It may be damaged, or have "
+           "been made to fill the disk. Do you want to go on with it?")
+            .arg(archive, locale.formattedDataSize(size), locale.formattedDataSize(unpacked)),
+        false);
 }

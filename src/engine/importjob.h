@@ -30,6 +30,7 @@ private:
     JobContext &m_context;
     std::unique_ptr<ScratchFolder> &m_folder;
 
-    bool collectPackages(const QString &source, QStringList *files);
-    bool unpackPackages(const QString &archive, QStringList *files);
+    ErrorCode collectPackages(const QString &source, QStringList *files);
+    ErrorCode unpackPackages(const QString &archive, QStringList *files);
+    bool mayUnpack(const QString &archive, qint64 unpacked, qint64 size);
 };

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/packageextractor.h"
 
+#include "core/regularfile.h"
 #include "engine/archivecontents.h"
 #include "engine/tarreader.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
+#include <QStorageInfo>
 
 #include <utility>
 
@@ -41,6 +44,7 @@ PackageExtractor::PackageExtractor(QString folder, StopRequest stopped)
 
 PackageExtractor::Result PackageExtractor::extract(const QString &archive)
 {
+    m_archiveSize = QFileInfo(archive).size();
     TarReader reader(archive);
     for (bool first = true;; first = false) {
         if (m_stopped())
@@ -71,7 +75,7 @@ PackageExtractor::Result PackageExtractor::take(TarReader *reader, const QByteAr
 PackageExtractor::Result PackageExtractor::copy(const QStringList &files)
 {
     for (const QString &path : files) {
-        QFile file(path);
+        RegularFile file(path);
         if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
             return damaged(file.errorString());
         const Result result = write(
@@ -100,9 +104,39 @@ PackageExtractor::Result PackageExtractor::write(const QByteArray &member,
             return Result::Done;
         if (size < 0)
             return damaged(readError());
+        const Result admitted = admit(size);
+        if (admitted != Result::Done)
+            return admitted;
         if (file.write(buffer.constData(), size) != size)
             return damaged(file.fileName() + QLatin1String(": ") + file.errorString());
     }
+}
+
+PackageExtractor::Result PackageExtractor::admit(qint64 size)
+{
+    m_written += size;
+    if (m_consent && m_written > m_limits.unasked && m_written / m_limits.ratio > m_archiveSize) {
+        if (!m_consent(m_written, m_archiveSize))
+            return Result::Refused;
+        m_consent = nullptr;
+    }
+    const QStorageInfo storage(m_folder);
+    const qint64 free = storage.bytesAvailable();
+    // Where it is not told how much is free, the next write tells when nothing is.
+    if (free < 0)
+        return Result::Done;
+    if (m_keptFree < 0)
+        m_keptFree = qMax(free / m_limits.freeShare, qMin(m_limits.leastFree, free / 2));
+    if (free - size >= m_keptFree)
+        return Result::Done;
+    const QLocale locale;
+    return damaged(
+        tr("The packages in the archive need more room than there is: unpacking was given up at %1. %2 "
+           "are left in %3, and %4 have to stay free.")
+            .arg(locale.formattedDataSize(m_written),
+                 locale.formattedDataSize(free),
+                 m_folder,
+                 locale.formattedDataSize(m_keptFree)));
 }
 
 QString PackageExtractor::placeFor(const QByteArray &member)

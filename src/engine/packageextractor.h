@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QCoreApplication>
 #include <QHash>
 #include <QString>
 #include <QStringList>
@@ -16,16 +17,31 @@ class TarReader;
  */
 class PackageExtractor
 {
+    Q_DECLARE_TR_FUNCTIONS(PackageExtractor)
 public:
     using StopRequest = std::function<bool()>;
     enum class Result {
         Done,
         NoTar, ///< the file is no tar archive, compressed with gzip or not compressed
-        Damaged, ///< also when the packages could not be written; see error()
+        Damaged, ///< also when the packages could not be written, or need too much room; see error()
+        Refused, ///< the archive holds much more than it looks like, which was not agreed to
         Stopped
+    };
+    /** Asked once, when the packages become suspiciously large; gets their size so far and that of the archive. */
+    using Consent = std::function<bool(qint64 unpacked, qint64 archive)>;
+    /** A few bytes can be made that unpack to as many as one likes. */
+    struct Limits
+    {
+        qint64 leastFree
+            = 200'000'000; ///< bytes that stay free, unless this is more than half of what was free
+        int freeShare = 10; ///< one part in so many of what was free stays so too
+        qint64 unasked = 1'000'000'000; ///< bytes that are taken without a question...
+        int ratio = 20; ///< ... and so many times the archive's size
     };
 
     PackageExtractor(QString folder, StopRequest stopped);
+    void setConsent(const Consent &consent) { m_consent = consent; }
+    void setLimits(const Limits &limits) { m_limits = limits; }
 
     /** Reads a tar archive. */
     Result extract(const QString &archive);
@@ -39,6 +55,11 @@ public:
 private:
     QString m_folder;
     StopRequest m_stopped;
+    Consent m_consent; ///< none when it was given
+    Limits m_limits;
+    qint64 m_archiveSize = 0; ///< bytes
+    qint64 m_written = 0; ///< bytes
+    qint64 m_keptFree = -1; ///< bytes; unknown before the first are written
     QStringList m_files;
     QHash<QByteArray, QString> m_places; ///< by the member's whole name
     QString m_error;
@@ -47,6 +68,8 @@ private:
     Result write(const QByteArray &member,
                  const std::function<int(char *data, int size)> &read,
                  const std::function<QString()> &readError);
+    /** Whether so many more bytes may be written. */
+    Result admit(qint64 size);
     QString placeFor(const QByteArray &member);
     Result damaged(const QString &reason);
 };

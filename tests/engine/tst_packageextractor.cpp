@@ -96,6 +96,45 @@ private Q_SLOTS:
         QCOMPARE(QDir(folder.filePath("deep"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
                  QStringList{"place"_s});
     }
+
+    /** A small archive cannot fill the disk, nor take much room without a question. */
+    void smallArchiveOfMuch()
+    {
+        const QTemporaryDir folder;
+        runShell("truncate -s 40M a.deb b.deb; tar czf x.tgz a.deb b.deb; mkdir out"_s, folder.path());
+        const QString archive = folder.filePath("x.tgz"_s);
+        constexpr qint64 Packages = 80 << 20;
+        struct Case
+        {
+            PackageExtractor::Limits limits;
+            bool answer;
+            PackageExtractor::Result result;
+            int questions;
+        };
+        using Result = PackageExtractor::Result;
+        for (const Case &c : {Case{{1, 1000, 60 << 20, 20}, false, Result::Refused, 1},
+                              Case{{1, 1000, 60 << 20, 20}, true, Result::Done, 1},
+                              Case{{1, 1000, 60 << 20, 2000}, false, Result::Done, 0},
+                              Case{{1, 1000, 1 << 30, 20}, false, Result::Done, 0},
+                              // All that is free now has to stay so.
+                              Case{{1, 1, 1 << 30, 20}, false, Result::Damaged, 0}}) {
+            int questions = 0;
+            PackageExtractor extractor(folder.filePath("out"_s), [] { return false; });
+            extractor.setLimits(c.limits);
+            extractor.setConsent([&](qint64 unpacked, qint64 size) {
+                ++questions;
+                return size == QFileInfo(archive).size() && unpacked > c.limits.unasked && c.answer;
+            });
+            QVERIFY(extractor.extract(archive) == c.result);
+            QCOMPARE(questions, c.questions);
+            QCOMPARE(extractor.error().contains("more room"_s), c.result == Result::Damaged);
+            qint64 written = 0;
+            for (const QFileInfo &file : QDir(folder.filePath("out"_s)).entryInfoList(QDir::Files))
+                written += file.size();
+            QCOMPARE(written == Packages, c.result == Result::Done);
+            QVERIFY(QDir(folder.filePath("out"_s)).removeRecursively() && QDir(folder.path()).mkdir("out"_s));
+        }
+    }
 };
 
 VELT_TEST_MAIN(TestPackageExtractor, QCoreApplication)
