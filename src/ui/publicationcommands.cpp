@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/publicationcommands.h"
 
+#include "depends/tooltiptext.h"
 #include "engine/reposhell.h"
 #include "ui/jobfeedback.h"
 #include "ui/prompts.h"
@@ -156,7 +157,7 @@ void PublicationCommands::updateCommands(RepoWidget *widget)
     if (widget != m_tabs.current())
         return;
     m_ui.m_publishRepoAction->setEnabled(canPublish);
-    m_ui.m_publishRepoAction->setToolTip(reason.isEmpty() ? m_publishToolTip : reason);
+    m_ui.m_publishRepoAction->setToolTip(reason.isEmpty() ? m_publishToolTip : toolTipText(reason));
     m_ui.m_unpublishRepoAction->setEnabled(canUnpublish);
     const bool isListed = m_localSources.contains(line);
     m_ui.m_addSrcListAction->setEnabled(isFree && !line.isEmpty() && !isListed);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/repomodel.h"
 
+#include "depends/tooltiptext.h"
 #include "platform/velticon.h"
 
 #include <QApplication>
@@ -355,6 +356,7 @@ QVariant RepoModel::data(const QModelIndex &index, int role) const
     case Qt::FontRole:
         return item.kind == RepoItem::Repository ? QVariant(topFont()) : QVariant();
     case Qt::ToolTipRole:
+        return toolTipText(toolTip(item));
     case Qt::AccessibleDescriptionRole:
         return toolTip(item);
     case StateRole:

@@ -9,6 +9,7 @@
 #include "ui/publicationpanel.h"
 #include "ui/publishedreposdialog.h"
 
+#include <QTextDocumentFragment>
 #include <QtDBus>
 #include <QtTest>
 #include <QtWidgets>
@@ -230,6 +231,17 @@ private Q_SLOTS:
         QCOMPARE(state(), "Not published"_s);
         QCOMPARE(action("m_publishRepoAction")->toolTip(), "Publish repository"_s);
         QVERIFY(action("m_publishRepoAction")->isEnabled());
+    }
+
+    /** A tool tip takes what looks like markup for markup. */
+    void namesAreNoMarkup()
+    {
+        const QString repo = makeRepository("<b>r<i>"_s);
+        start({repo});
+        choose(0, HttpProtocol, 8000);
+        const QString shown
+            = QTextDocumentFragment::fromHtml(action("m_publishRepoAction")->toolTip()).toPlainText();
+        QVERIFY2(shown.contains(repo), qPrintable(shown));
     }
 
     void whatStandsInTheWay_data()
