@@ -122,6 +122,7 @@ private Q_SLOTS:
         VELT_NEED_TOOL("archivemount");
         if (::access("/dev/fuse", R_OK | W_OK) != 0)
             QSKIP("this machine cannot mount archives");
+        fill(at("victim/main"));
         fill(at("mounted/beside"));
         QDir().mkpath(at("mounted/inside"));
         runShell("tar czf x.tgz -C victim main; archivemount x.tgz mounted/inside"_s, m_folder.path());
