@@ -16,6 +16,8 @@ inline const QString ShowAddPkgSettings = QStringLiteral("showAddPkgSettings");
 inline const QString ShowPkgVersion = QStringLiteral("showPkgVersion");
 inline const QString AddPkgCheckDepends = QStringLiteral("addPkgCheckDepends");
 inline const QString DependsRepoType = QStringLiteral("dependsRepoType"); ///< see DependsRepoType
+inline const QString ApprovedRepositories
+    = QStringLiteral("ApprovedRepositories"); ///< a group, see RepositoryApprovals
 inline const QString BusyHttpPorts = QStringLiteral("busyHttpPorts"); ///< decimal texts
 
 // The group of a published repository: this and the port.

@@ -7,7 +7,7 @@
 int AddJob::run(const QStringList &files, const AddOptions &options)
 {
     JobFrame frame(m_context, files.size() == 1 ? tr("Adding package") : tr("Adding packages"));
-    if (!m_context.isDatabaseThere())
+    if (!m_context.mayChange())
         return frame.finish(ERROR, tr("%n package(s) added: %1", nullptr, 0).arg(QString()));
     PackageAdding adding(m_context, options, files.size() == 1);
     if (adding.addFiles(files, &frame) == CANCEL)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/databasecopy.h"
 
+#include "core/openfolder.h"
 #include "core/regularfile.h"
 #include "core/removetree.h"
 #include "core/wholefile.h"
@@ -229,10 +230,10 @@ bool DatabaseCopy::keepDescription(const QString &repoPath, const QByteArray &by
 
 std::optional<QByteArray> DatabaseCopy::description(const QString &repoPath)
 {
-    RegularFile file(folder(repoPath) + DescriptionFile);
-    if (!isOurs(repoPath, folder(repoPath)) || !file.open(QIODevice::ReadOnly))
+    constexpr qint64 LargestDescription = 16 << 20;
+    if (!isOurs(repoPath, folder(repoPath)))
         return std::nullopt;
-    return file.readAll();
+    return OpenFolder::readFile(folder(repoPath) + DescriptionFile, LargestDescription);
 }
 
 void DatabaseCopy::setDescriptionDone(const QString &repoPath)

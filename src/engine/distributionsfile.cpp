@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/distributionsfile.h"
 
-#include "core/regularfile.h"
+#include "core/openfolder.h"
 #include "core/wholefile.h"
 #include "engine/distributions.h"
 
@@ -24,10 +24,8 @@ std::optional<RepoInfo> DistributionsFile::read() const
 
 std::optional<QByteArray> DistributionsFile::readBytes() const
 {
-    RegularFile file(m_fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
-    return file.readAll();
+    constexpr qint64 LargestDescription = 16 << 20;
+    return OpenFolder::readFile(m_fileName, LargestDescription, OpenFolder::Follow);
 }
 
 RepoInfo DistributionsFile::parsed(const QByteArray &bytes) const

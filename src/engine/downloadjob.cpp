@@ -103,7 +103,7 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
                              const QList<PackageInfoPtr> &wanting,
                              JobFrame *frame)
 {
-    if (!m_context.isDatabaseThere())
+    if (!m_context.mayChange())
         return frame->finish(
             ERROR, tr("Added %n package(s) to local repo: %1", nullptr, 0).arg(QString()), DOWNLOAD_JOB);
     PackageAdding adding(m_context, m_options, packages.size() == 1);

@@ -59,7 +59,7 @@ int ExportJob::exportRepo()
 int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDepends)
 {
     JobFrame frame(m_context, packages.size() == 1 ? tr("Exporting package") : tr("Exporting packages"));
-    if (!mayExport())
+    if (!mayExport() || !m_context.mayRun())
         return frame.finish(ERROR, tr("Repository is not exported"));
     const QList<PackageInfoPtr> needed
         = withDepends ? localDependencies(packages, LocalCandidates(m_context.packages().all()))

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/exportsession.h"
 
-#include "core/regularfile.h"
+#include "core/openfolder.h"
 #include "engine/databasecopy.h"
 #include "engine/poolfiles.h"
 #include "engine/privateconfig.h"
@@ -22,10 +22,9 @@ QString markerFile(const QString &repoPath)
 }
 } // namespace
 
-ExportSession::ExportSession(const QString &repoPath, Run run, Lock lock)
+ExportSession::ExportSession(const QString &repoPath, Tools tools)
     : m_repoPath(repoPath)
-    , m_run(std::move(run))
-    , m_lock(std::move(lock))
+    , m_tools(std::move(tools))
     , m_exportOwed(isExportOwed(repoPath))
 { }
 
@@ -42,10 +41,10 @@ ProcessResult ExportSession::remove(const QString &arguments, bool makesRoom)
         m_removed = m_removed || m_silentConfig;
         return change(arguments, m_silentConfig.get());
     }
-    if (!m_silentConfig && !PrivateConfig::keepsUnreferencedFiles(m_repoPath))
+    if (!m_silentConfig && !keepsUnreferencedFiles())
         return change(arguments, nullptr);
     if (!m_deletingConfig)
-        m_deletingConfig = std::make_unique<PrivateConfig>(m_repoPath, PrivateConfig::Delete);
+        m_deletingConfig = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Delete);
     return change(arguments, m_deletingConfig->isValid() ? m_deletingConfig.get() : nullptr);
 }
 
@@ -75,7 +74,7 @@ ProcessResult ExportSession::dropTracks(const QString &codename)
 ProcessResult ExportSession::changeSilently(const QString &arguments)
 {
     // Anew each time, because the description may have changed.
-    auto silent = std::make_unique<PrivateConfig>(m_repoPath, PrivateConfig::Keep);
+    auto silent = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Keep);
     m_silentConfig = silent->isValid() ? std::move(silent) : nullptr;
     m_removed = true;
     return change(arguments, m_silentConfig.get());
@@ -99,7 +98,7 @@ void ExportSession::oweExport()
 
 bool ExportSession::dropUnreferencedFiles()
 {
-    if (PrivateConfig::keepsUnreferencedFiles(m_repoPath))
+    if (keepsUnreferencedFiles())
         return false;
     // First the indices, since those on disk may still name the files that go.
     if (m_disturbed || (m_exportOwed && !writeIndices().succeeded()))
@@ -134,7 +133,7 @@ ProcessResult ExportSession::finish()
     if (m_disturbed)
         return result;
     // As long as the indices on disk are old, clients may still fetch what they name.
-    if (m_removed && !m_exportOwed && !PrivateConfig::keepsUnreferencedFiles(m_repoPath))
+    if (m_removed && !m_exportOwed && !keepsUnreferencedFiles())
         m_removed = dropUnused().crashed();
     if (!m_exportOwed && !m_removed)
         clearMarker(m_repoPath);
@@ -148,10 +147,11 @@ bool ExportSession::isExportOwed(const QString &repoPath)
 
 QStringList ExportSession::filesLeft(const QString &repoPath)
 {
-    RegularFile marker(markerFile(repoPath));
-    if (!marker.open(QIODevice::ReadOnly))
+    constexpr qint64 LargestMarker = 256 << 20;
+    const auto marker = OpenFolder::readFile(markerFile(repoPath), LargestMarker);
+    if (!marker)
         return {};
-    QStringList files = QString::fromUtf8(marker.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QStringList files = QString::fromUtf8(*marker).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     files.removeDuplicates();
     return files;
 }
@@ -165,7 +165,7 @@ ProcessResult ExportSession::run(const QString &arguments, const QStringList &en
 {
     if (m_trouble)
         return *m_trouble;
-    ProcessResult result = m_run(arguments, environment);
+    ProcessResult result = m_tools.run(arguments, environment);
     if (ReproAnswer::databaseTroubled(result.errorOutput)) {
         m_disturbed = true;
         m_trouble = result;
@@ -179,7 +179,7 @@ std::optional<ProcessResult> ExportSession::keepDatabase()
 {
     if (m_refusal || m_isKept)
         return m_refusal;
-    if (!m_lock()) {
+    if (!m_tools.lock()) {
         refuse(tr("The repository %1 is being changed by another program. Try again when it is done.")
                    .arg(m_repoPath));
         return m_refusal;
@@ -206,6 +206,11 @@ std::optional<ProcessResult> ExportSession::keepDatabase()
     return m_refusal;
 }
 
+bool ExportSession::keepsUnreferencedFiles() const
+{
+    return PrivateConfig::keepsUnreferencedFiles(m_tools.configFolder());
+}
+
 void ExportSession::refuse(const QString &reason)
 {
     m_refusal.emplace();
@@ -229,9 +234,9 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
     if (result.succeeded()) {
         if (config != nullptr) {
             m_exportOwed = true;
-        } else if (!m_silentConfig && !PrivateConfig::exportsNever(m_repoPath)) {
+        } else if (!m_silentConfig && !PrivateConfig::exportsNever(m_tools.configFolder())) {
             // An administrator who has the indices left alone writes them himself.
-            auto silent = std::make_unique<PrivateConfig>(m_repoPath, PrivateConfig::Keep);
+            auto silent = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Keep);
             if (silent->isValid())
                 m_silentConfig = std::move(silent);
         }

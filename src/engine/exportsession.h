@@ -35,7 +35,14 @@ public:
      */
     using Lock = std::function<bool()>;
 
-    ExportSession(const QString &repoPath, Run run, Lock lock);
+    struct Tools
+    {
+        Run run;
+        Lock lock;
+        std::function<QString()> configFolder; ///< what reprepro reads as the configuration of the repository
+    };
+
+    ExportSession(const QString &repoPath, Tools tools);
     /** Does not export: without finish() the marker stays for the next one who opens the repository. */
     ~ExportSession();
     ExportSession(const ExportSession &) = delete;
@@ -93,8 +100,7 @@ public:
 
 private:
     QString m_repoPath;
-    Run m_run;
-    Lock m_lock;
+    Tools m_tools;
     std::unique_ptr<PrivateConfig> m_silentConfig; ///< set once the first run has gone well
     std::unique_ptr<PrivateConfig> m_deletingConfig; ///< made when a removal has to make room
     bool m_exportOwed;
@@ -109,6 +115,7 @@ private:
     ProcessResult run(const QString &arguments, const QStringList &environment = {});
     std::optional<ProcessResult> keepDatabase();
     void refuse(const QString &reason);
+    bool keepsUnreferencedFiles() const;
     ProcessResult dropUnused();
     ProcessResult change(const QString &arguments, PrivateConfig *config);
     ProcessResult changeSilently(const QString &arguments);

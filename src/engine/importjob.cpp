@@ -16,7 +16,7 @@
 int ImportJob::run(const QString &source, const AddOptions &options)
 {
     JobFrame frame(m_context, tr("Start repo import"));
-    if (!m_context.isDatabaseThere())
+    if (!m_context.mayChange())
         return frame.finish(ERROR, tr("Import error!"));
     const auto cleanUp = qScopeGuard([this] { m_folder.reset(); });
     QStringList files;

@@ -22,6 +22,7 @@
 JobContext::JobContext(RepoShell &shell)
     : m_shell(shell)
     , m_signProcess(std::make_unique<SignProcess>())
+    , m_gate([this](const QString &title, const QString &text) { return ask(title, text, false); })
 { }
 
 JobContext::~JobContext() = default;
@@ -38,8 +39,18 @@ RepoInfo JobContext::repoInfo() const
     return m_shell.repoInfo();
 }
 
-bool JobContext::isDatabaseThere()
+bool JobContext::mayRun()
 {
+    const Admission &admitted = admission(path());
+    if (!admitted.isGranted())
+        critical(tr("Nothing was done.") + QLatin1Char(' ') + admitted.reason(), QString(), WARNING);
+    return admitted.isGranted();
+}
+
+bool JobContext::mayChange()
+{
+    if (!mayRun())
+        return false;
     const QString file = path() + QLatin1String("/db/packages.db");
     if (m_packages.count() == 0 || QFile::exists(file))
         return true;
@@ -60,10 +71,10 @@ int JobContext::runReprepro(const QString &arguments)
 ProcessResult JobContext::runWith(const QString &arguments, const QStringList &environment)
 {
     const QString repoPath = path();
-    ProcessResult result = runReproOn(repoPath, arguments, environment);
+    ProcessResult result = runReproOn(admission(repoPath), arguments, environment);
     QElapsedTimer waited;
     while (ReproAnswer::databaseLocked(result.errorOutput) && waitForLock(repoPath, &waited))
-        result = runReproOn(repoPath, arguments, environment);
+        result = runReproOn(admission(repoPath), arguments, environment);
     {
         const QMutexLocker lock(&m_mutex);
         m_lastOutput = result.output;
@@ -163,7 +174,8 @@ ExportSession JobContext::makeSession()
                          .arg(path()));
         return isLocked;
     };
-    return ExportSession(path(), run, lock);
+    const auto configFolder = [this] { return admission(path()).configFolder(); };
+    return ExportSession(path(), {run, lock, configFolder});
 }
 
 bool JobContext::finishSession(ExportSession *session)

@@ -10,6 +10,7 @@
 #include "engine/joblock.h"
 #include "engine/newcomer.h"
 #include "engine/packagelist.h"
+#include "engine/repositorygate.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -46,11 +47,20 @@ public:
     RepoInfo repoInfo() const; ///< any thread
     PackageList &packages() { return m_packages; }
     const PackageList &packages() const { return m_packages; } ///< any thread
-    /** False after critical() when a change would make a new database and empty the indices. */
-    bool isDatabaseThere();
+    /** False after critical() when reprepro may not be run on the open repository. May ask the user. */
+    bool mayRun();
+    /** The same of a job that changes packages: false also when that would make a new database and empty the indices. */
+    bool mayChange();
 
     // --- reprepro --------------------------------------------------------------------------------------------------
 
+    /** Whether it may be run on this repository, which the user may be asked. Holds to the end of the job. */
+    const Admission &admission(const QString &repoPath) { return m_gate.admit(repoPath); }
+    /** For the start and the end of a job, and for a description that was put back from a copy, which anybody may have
+     *  laid there. */
+    void forgetAdmission() { m_gate.forget(); }
+    /** The description is a new one of ours, and as approved as the old one was. */
+    void renewAdmission() { m_gate.renew(path()); }
     /** The exit code, or -1 after critical() when it could not be started or crashed. */
     int runReprepro(const QString &arguments);
     /** Tells as runReprepro() does; `environment` is additional. */
@@ -142,6 +152,7 @@ private:
     PackageList m_packages;
     std::unique_ptr<SignProcess> m_signProcess; ///< of the running job
     JobLock m_lock; ///< of the running job
+    RepositoryGate m_gate;
     std::atomic<int> m_progress{0};
     std::atomic<bool> m_answer{false};
     std::atomic<bool> m_canceled{false};

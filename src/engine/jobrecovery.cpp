@@ -13,6 +13,7 @@
 #include "engine/poolfiles.h"
 #include "engine/privateconfig.h"
 #include "engine/repolock.h"
+#include "engine/repositoryinspection.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
 #include "engine/signaturerecord.h"
@@ -26,9 +27,6 @@
 
 #include <algorithm>
 #include <cstdio>
-
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace
 {
@@ -49,16 +47,6 @@ bool isUnfinished(const QString &repoPath)
     return DatabaseCopy::exists(repoPath) || ExportSession::isExportOwed(repoPath)
            || !PackageBackup::leftovers(repoPath).isEmpty();
 }
-
-bool belongsToUser(const QString &repoPath)
-{
-    const auto isOwned = [&repoPath](const char *folder) {
-        struct stat status = {};
-        return ::stat(QFile::encodeName(repoPath + QLatin1String(folder)).constData(), &status) == 0
-               && status.st_uid == ::geteuid();
-    };
-    return isOwned("/db") && isOwned("/conf");
-}
 } // namespace
 
 bool JobRecovery::mayRun(const QString &repoPath)
@@ -73,26 +61,34 @@ bool JobRecovery::mayRun(const QString &repoPath)
             WARNING);
         return false;
     }
-    const bool isOwn = belongsToUser(repoPath);
+    const bool isOwn = RepositoryInspection::belongsToUser(repoPath);
     // Whoever had the lock may have finished meanwhile.
     if (!isUnfinished(repoPath)) {
         if (isOwn)
             DatabaseCopy::drop(repoPath);
         return false;
     }
-    if (isOwn
-        || m_context.ask(tr("Opening repository"),
-                         tr("A job on the repository %1 was interrupted. It belongs to another user, and "
-                            "finishing the job runs programs that its settings name. Do you want to bring "
-                            "it in order now?")
-                             .arg(repoPath),
-                         false))
+    // A yes to what its settings name is one to finishing the job too.
+    const Admission::Verdict verdict = m_context.admission(repoPath).verdict();
+    if (verdict == Admission::Approved
+        || (verdict == Admission::NothingNamed
+            && (isOwn
+                || m_context.ask(tr("Opening repository"),
+                                 tr("A job on the repository %1 was interrupted. It belongs to another user. "
+                                    "Do you want to bring it in order now?")
+                                     .arg(repoPath),
+                                 false))))
         return true;
+    tellOfInterruption(m_context.admission(repoPath).reason());
+    return false;
+}
+
+void JobRecovery::tellOfInterruption(const QString &details)
+{
     m_context.critical(tr("An earlier job was interrupted, and the indices of the repository could not be "
                           "brought up to date. The packages shown may not be all that it holds."),
-                       QString(),
+                       details,
                        WARNING);
-    return false;
 }
 
 void JobRecovery::begin(const QString &repoPath)
@@ -106,6 +102,13 @@ void JobRecovery::begin(const QString &repoPath)
         return;
     DatabaseCopy::condemn(repoPath);
     DatabaseCopy::putDescriptionBack(repoPath);
+    m_context.forgetAdmission();
+    const Admission &admission = m_context.admission(repoPath);
+    m_mayRun = admission.isGranted();
+    if (!m_mayRun) {
+        tellOfInterruption(admission.reason());
+        m_context.unlock();
+    }
 }
 
 bool JobRecovery::run()
@@ -145,11 +148,7 @@ bool JobRecovery::run()
     if (repaired)
         DatabaseCopy::drop(path);
     else
-        m_context.critical(
-            tr("An earlier job was interrupted, and the indices of the repository could not be "
-               "brought up to date. The packages shown may not be all that it holds."),
-            m_context.lastErrorOutput(),
-            WARNING);
+        tellOfInterruption(m_context.lastErrorOutput());
     if (!kept.isEmpty())
         m_context.critical(
             tr("An earlier job was interrupted while it replaced a package. The replaced files are kept "
@@ -201,6 +200,13 @@ bool JobRecovery::restore(const QString &folder)
     // The file comes last into the folder, and before it is there nothing is taken out.
     if (file.isEmpty() || packages.isEmpty())
         return file.isEmpty() && QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot).isEmpty();
+    // Another folder behind a link is not the pool, and nothing is put there.
+    const bool areInside
+        = std::all_of(packages.cbegin(), packages.cend(), [this](const PackageInfo &package) {
+              return PoolFiles::isInside(m_context.path(), package.poolFile);
+          });
+    if (!areInside)
+        return false;
     ExportSession session = m_context.makeSession();
     const bool restored = std::all_of(packages.cbegin(), packages.cend(), [&](const PackageInfo &package) {
         if (isThere(package))
@@ -358,6 +364,7 @@ bool JobRecovery::putDatabaseBack()
                "on the disk, and open the repository again."));
         return false;
     }
+    m_context.forgetAdmission();
     m_checksums.clear();
     m_isPutBack = true;
     return true;
@@ -431,10 +438,12 @@ void JobRecovery::showAnew(const QStringList &filesLeft)
 void JobRecovery::dropFiles(const QStringList &files)
 {
     const QString path = m_context.path();
-    if (files.isEmpty() || PrivateConfig::keepsUnreferencedFiles(path))
+    if (files.isEmpty() || PrivateConfig::keepsUnreferencedFiles(m_context.admission(path).configFolder()))
         return;
     const auto run = [this](const QString &arguments) { return m_context.runWith(arguments, {}); };
-    const auto areOurs = [&files](const QString &file) { return files.contains(file); };
+    // The names come from files that lie in the repository, whoever has put them there.
+    const auto areOurs
+        = [&](const QString &file) { return files.contains(file) && PoolFiles::isInside(path, file); };
     if (!PoolFiles::dropUnused(path, areOurs, run).succeeded())
         return;
 
@@ -456,6 +465,6 @@ void JobRecovery::dropFiles(const QStringList &files)
         known.insert(file);
     }
     for (const QString &file : files)
-        if (!known.contains(file))
+        if (!known.contains(file) && PoolFiles::isInside(path, file))
             PoolFiles::remove(path, file);
 }

@@ -22,8 +22,8 @@ public:
     /**
      * Before the description is read: finds out whether there is something to do that may be done, and puts back the
      * description from before a change that was cut short while the database did not follow it yet. Nothing may be done
-     * while another job is at work, and in what belongs to another user only after a question: reprepro runs programs
-     * that the repository names.
+     * while another job is at work. In what belongs to another user, and where reprepro would run programs that the
+     * user has not agreed to, he is asked.
      */
     void begin(const QString &repoPath);
     /**
@@ -56,6 +56,7 @@ private:
     QHash<QString, QByteArray> m_checksums; ///< SHA256 by pool file, once they were asked for
 
     bool mayRun(const QString &repoPath);
+    void tellOfInterruption(const QString &details);
     bool isDamaged(const QStringList &filesLeft);
     bool isReferenced(const QStringList &lines);
     bool putDatabaseBack();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/packagebackup.h"
 
-#include "core/regularfile.h"
+#include "core/openfolder.h"
 #include "core/removetree.h"
 
 #include <QDir>
@@ -77,12 +77,13 @@ QStringList PackageBackup::leftovers(const QString &repoPath)
 
 QList<PackageInfo> PackageBackup::packagesIn(const QString &folder, const QString &repoPath)
 {
-    RegularFile description(folder + QLatin1Char('/') + PackagesFile);
-    if (!description.open(QIODevice::ReadOnly))
+    constexpr qint64 LargestDescription = 16 << 20;
+    const auto description
+        = OpenFolder::readFile(folder + QLatin1Char('/') + PackagesFile, LargestDescription);
+    if (!description)
         return {};
     QList<PackageInfo> packages;
-    const QStringList lines
-        = QString::fromUtf8(description.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const QStringList lines = QString::fromUtf8(*description).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (const QString &line : lines) {
         const QStringList fields = line.split(QLatin1Char('\t'));
         // The file gets written to, and anybody may have described it.
@@ -106,7 +107,7 @@ QList<PackageInfo> PackageBackup::packagesIn(const QString &folder, const QStrin
 
 QString PackageBackup::fileIn(const QString &folder)
 {
-    const QStringList files
-        = QDir(folder).entryList({QStringLiteral("*.deb"), QStringLiteral("*.udeb")}, QDir::Files);
+    const QStringList files = QDir(folder).entryList({QStringLiteral("*.deb"), QStringLiteral("*.udeb")},
+                                                     QDir::Files | QDir::NoSymLinks);
     return files.size() == 1 ? folder + QLatin1Char('/') + files.first() : QString();
 }

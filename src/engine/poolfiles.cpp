@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 
@@ -15,6 +16,11 @@ namespace
 {
 /** Below what the system takes as the arguments of a program, whatever the paths. */
 constexpr int FilesInARun = 100;
+
+bool isNameInPool(const QString &file)
+{
+    return file.startsWith(QLatin1String("pool/")) && QDir::cleanPath(file) == file;
+}
 } // namespace
 
 ProcessResult PoolFiles::dropUnused(const QString &repoPath,
@@ -42,9 +48,21 @@ ProcessResult PoolFiles::dropUnused(const QString &repoPath,
     return result;
 }
 
+bool PoolFiles::isInside(const QString &repoPath, const QString &file)
+{
+    if (!isNameInPool(file))
+        return false;
+    const QString pool = repoPath + QLatin1String("/pool");
+    QString folder = repoPath + QLatin1Char('/') + file.section(QLatin1Char('/'), 0, -2);
+    for (; folder.size() > pool.size(); folder = folder.section(QLatin1Char('/'), 0, -2))
+        if (QFileInfo(folder).isSymLink())
+            return false;
+    return true;
+}
+
 void PoolFiles::remove(const QString &repoPath, const QString &file)
 {
-    if (!file.startsWith(QLatin1String("pool/")) || QDir::cleanPath(file) != file)
+    if (!isNameInPool(file))
         return;
     const Descriptor repository(
         ::open(QFile::encodeName(repoPath).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));

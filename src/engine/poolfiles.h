@@ -18,6 +18,12 @@ ProcessResult dropUnused(const QString &repoPath,
                          const std::function<bool(const QString &file)> &areOurs,
                          const std::function<ProcessResult(const QString &arguments)> &run);
 
+/**
+ * Whether the path, given below the repository, is that of a file in the pool, and none of the folders that are there
+ * between the pool and the file is a link. The pool itself may be one.
+ */
+bool isInside(const QString &repoPath, const QString &file);
+
 /** Deletes one file of the pool, and the folders above it that are empty then. */
 void remove(const QString &repoPath, const QString &file);
 } // namespace PoolFiles

@@ -4,7 +4,6 @@
 #include "core/regularfile.h"
 #include "core/wholefile.h"
 #include "engine/distributions.h"
-#include "engine/distributionsfile.h"
 
 #include <QDir>
 #include <QFile>
@@ -27,9 +26,9 @@ QString optionName(const QString &line)
 }
 
 /** The repository's own options; null when there is such a file but it cannot be read. */
-QString ownOptions(const QString &repoPath)
+QString ownOptions(const QString &configFolder)
 {
-    RegularFile file(repoPath + QLatin1String("/conf/options"));
+    RegularFile file(configFolder + QLatin1String("/options"));
     if (!file.exists())
         return QStringLiteral("");
     return file.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(file.readAll()) + QLatin1Char('\n')
@@ -37,12 +36,12 @@ QString ownOptions(const QString &repoPath)
 }
 
 /** Whether reprepro tells programs of the administrator's own about changes; those may need anything. */
-bool runsOtherPrograms(const QString &repoPath, const QString &options)
+bool runsOtherPrograms(const QString &configFolder, const QString &options)
 {
-    const auto text = DistributionsFile(repoPath).readBytes();
-    if (!text)
+    QFile description(configFolder + QLatin1String("/distributions"));
+    if (!description.open(QIODevice::ReadOnly))
         return true;
-    const QStringList fields = QString::fromLocal8Bit(*text).split(QLatin1Char('\n'));
+    const QStringList fields = QString::fromLocal8Bit(description.readAll()).split(QLatin1Char('\n'));
     const QStringList lines = options.split(QLatin1Char('\n'));
     return !Distributions::fieldValue(fields, QStringLiteral("Log")).isEmpty()
            || std::any_of(lines.cbegin(), lines.cend(), [](const QString &line) {
@@ -72,9 +71,9 @@ QStringList leanEnvironment(const ScratchFolder &folder)
 }
 } // namespace
 
-PrivateConfig::PrivateConfig(const QString &repoPath, Unreferenced unreferenced)
+PrivateConfig::PrivateConfig(const QString &configFolder, Unreferenced unreferenced)
 {
-    const QDir conf(repoPath + QLatin1String("/conf"));
+    const QDir conf(configFolder);
     if (!m_folder.isValid())
         return;
     const QStringList entries = conf.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
@@ -83,7 +82,7 @@ PrivateConfig::PrivateConfig(const QString &repoPath, Unreferenced unreferenced)
             && !QFile::link(conf.absoluteFilePath(entry), m_folder.filePath(entry)))
             return;
     }
-    const QString own = ownOptions(repoPath);
+    const QString own = ownOptions(configFolder);
     if (own.isNull())
         return;
 
@@ -92,7 +91,7 @@ PrivateConfig::PrivateConfig(const QString &repoPath, Unreferenced unreferenced)
     if (!options.open(QIODevice::WriteOnly) || !WholeFile::writeOut(options, text))
         return;
     m_valid = true;
-    if (!runsOtherPrograms(repoPath, own))
+    if (!runsOtherPrograms(configFolder, own))
         m_environment = leanEnvironment(m_folder);
     m_environment.prepend(QLatin1String("REPREPRO_CONFIG_DIR=") + m_folder.path());
 }
@@ -102,16 +101,16 @@ void PrivateConfig::useWholeEnvironment()
     m_environment = m_environment.mid(0, 1);
 }
 
-bool PrivateConfig::keepsUnreferencedFiles(const QString &repoPath)
+bool PrivateConfig::keepsUnreferencedFiles(const QString &configFolder)
 {
-    const QStringList lines = ownOptions(repoPath).split(QLatin1Char('\n'));
+    const QStringList lines = ownOptions(configFolder).split(QLatin1Char('\n'));
     return std::any_of(
         lines.cbegin(), lines.cend(), [](const QString &line) { return optionName(line) == KeepFiles; });
 }
 
-bool PrivateConfig::exportsNever(const QString &repoPath)
+bool PrivateConfig::exportsNever(const QString &configFolder)
 {
-    const QStringList lines = ownOptions(repoPath).split(QLatin1Char('\n'));
+    const QStringList lines = ownOptions(configFolder).split(QLatin1Char('\n'));
     return std::any_of(lines.cbegin(), lines.cend(), [](const QString &line) {
         return optionName(line) == QLatin1String("export") && line.contains(QLatin1String("never"));
     });

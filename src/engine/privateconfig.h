@@ -16,7 +16,8 @@ public:
     /** What happens to a pool file that the database needs no more while the old indices may still name it. */
     enum Unreferenced { Keep, Delete };
 
-    PrivateConfig(const QString &repoPath, Unreferenced unreferenced);
+    /** `configFolder` is the repository's own, or the copy of it that was admitted. */
+    PrivateConfig(const QString &configFolder, Unreferenced unreferenced);
 
     /** False when the folder could not be made; reprepro must then export each time. */
     bool isValid() const { return m_valid; }
@@ -25,9 +26,9 @@ public:
     /** From now on runs keep the user's own PATH and keys; slower, but nothing can be missing. */
     void useWholeEnvironment();
     /** True when the repository's own options ask to keep files that no index names. */
-    static bool keepsUnreferencedFiles(const QString &repoPath);
+    static bool keepsUnreferencedFiles(const QString &configFolder);
     /** True when the repository's own options leave the indices alone. */
-    static bool exportsNever(const QString &repoPath);
+    static bool exportsNever(const QString &configFolder);
 
     /** Our options file: the repository's own lines without those that ours replace, then ours. */
     static QString optionsText(const QString &own, Unreferenced unreferenced);

@@ -145,7 +145,10 @@ void RepoShell::startJob(std::function<int()> job)
     ++m_runningJobs;
     m_context->prepare();
     m_future = QtConcurrent::run([this, job = std::move(job)] {
+        // What was found may be another thing by now.
+        m_context->forgetAdmission();
         const int result = job();
+        m_context->forgetAdmission();
         m_context->unlock();
         // finished() comes from inside the job; only a call posted by the very end says that the thread is free.
         QMetaObject::invokeMethod(this, &RepoShell::jobEnded, Qt::QueuedConnection);

@@ -66,7 +66,7 @@ int RepoShell::changeBody(const QString &newPath,
     if (!text)
         Q_EMIT critical(tr("Failed to change repository!"),
                         tr("File %1/conf/distributions not found!").arg(oldPath));
-    if (!text || !m_context->isDatabaseThere() || !isUnderstood(*text, given) || !mayMove(newPath))
+    if (!text || !m_context->mayChange() || !isUnderstood(*text, given) || !mayMove(newPath))
         return frame.finish(ERROR, tr("Repository not changed"));
     if (!userAgreesToLosses(*text, newPath, info))
         return frame.finish(CANCEL, tr("Repository not changed"));

@@ -177,8 +177,10 @@ int RepoShell::readRepoInfo(const QString &path)
 bool RepoShell::writeRepoInfo(const RepoInfo &info)
 {
     const DistributionsFile file(path());
-    if (file.write(info))
+    if (file.write(info)) {
+        m_context->renewAdmission();
         return true;
+    }
     Q_EMIT critical(tr("Impossible to create file %1!").arg(file.fileName()));
     return false;
 }

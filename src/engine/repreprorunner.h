@@ -6,8 +6,12 @@
 #include <QString>
 #include <QStringList>
 
+class Admission;
+
 /**
- * Runs reprepro on the repository at `path` and waits for it, with the umask that keeps what it writes readable for
- * a server. `environment` holds "NAME=value" entries that are set on top of our own environment.
+ * Runs reprepro on an admitted repository and waits for it, with the umask that keeps what it writes readable for a
+ * server. `environment` holds "NAME=value" entries that are set on top of our own environment. On a repository that is
+ * refused nothing is run, and the error output says why.
  */
-ProcessResult runReproOn(const QString &path, const QString &arguments, const QStringList &environment = {});
+ProcessResult
+runReproOn(const Admission &admission, const QString &arguments, const QStringList &environment = {});

@@ -10,7 +10,7 @@
 int SignJob::run(const QList<PackageInfoPtr> &packages, const QString &keyId)
 {
     JobFrame frame(m_context, packages.size() == 1 ? tr("Package signing") : tr("Packages signing"));
-    if (!m_context.isDatabaseThere())
+    if (!m_context.mayChange())
         return frame.finish(ERROR, tr("%n package(s) is signed: %1", nullptr, 0).arg(QString()));
     const AddOptions options{QString(), true, keyId};
     PackageAdding adding(m_context, options, packages.size() == 1, false);

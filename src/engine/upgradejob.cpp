@@ -66,7 +66,7 @@ int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions
     if (groups.isEmpty())
         return end(SUCCESS, tr("Nothing to upgrade"));
     const QString failure = tr("Repo is not upgraded");
-    if (!m_context.isDatabaseThere())
+    if (!m_context.mayChange())
         return end(ERROR, failure);
     removeLeftovers(PrivateApt::cacheFolder());
     const bool made = QDir().mkpath(PrivateApt::cacheFolder());

@@ -140,14 +140,14 @@ private Q_SLOTS:
         QCOMPARE(PrivateConfig::optionsText(QString(), PrivateConfig::Delete), "export silent-never\n"_s);
 
         const QTemporaryDir folder;
-        const QString path = folder.path();
-        const QString distributions = path + "/conf/distributions"_s;
-        const QString options = path + "/conf/options"_s;
+        const QString conf = folder.path();
+        const QString distributions = conf + "/distributions"_s;
+        const QString options = conf + "/options"_s;
         writeFile(distributions, "Codename: dog\n");
-        QVERIFY(!PrivateConfig::keepsUnreferencedFiles(path));
+        QVERIFY(!PrivateConfig::keepsUnreferencedFiles(conf));
         writeFile(options, own);
-        QVERIFY(PrivateConfig::keepsUnreferencedFiles(path));
-        PrivateConfig config(path, PrivateConfig::Keep);
+        QVERIFY(PrivateConfig::keepsUnreferencedFiles(conf));
+        PrivateConfig config(conf, PrivateConfig::Keep);
         QVERIFY(config.isValid());
         QCOMPARE(config.environment().size(), 3);
         config.useWholeEnvironment();
@@ -156,7 +156,7 @@ private Q_SLOTS:
         QCOMPARE(readFile(silent + "/distributions"_s), QByteArray("Codename: dog\n"));
         QVERIFY(readFile(silent + "/options"_s).contains("silent-never"));
         // Programs of the administrator's own, told by reprepro, may need their PATH and their keys.
-        const auto whole = [&] { return PrivateConfig(path, PrivateConfig::Keep).environment().size() == 1; };
+        const auto whole = [&] { return PrivateConfig(conf, PrivateConfig::Keep).environment().size() == 1; };
         writeFile(distributions, "Codename: dog\nLog: packages.log\n tell.sh\n");
         QVERIFY(whole());
         writeFile(distributions, "Codename: dog\n");

@@ -54,7 +54,9 @@ private Q_SLOTS:
         const QString contrib = h.repoPath() + "/dists/dogwood/contrib"_s;
         QVERIFY(QDir(contrib).removeRecursively() && QFile::link(victim, contrib));
         h.info.components = "main"_s;
+        h.reply = true;
         QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        QVERIFY(h.questions.first().contains("dists/dogwood/contrib is a link to "_s + victim));
         QVERIFY(QFile::exists(precious) && !QFileInfo(contrib).isSymLink());
     }
 
@@ -164,11 +166,6 @@ private Q_SLOTS:
             QSKIP("giving a folder to another user needs root");
         RepoHarness h;
         h.add(h.debs("foo"));
-        const QString ran = h.folder.filePath("ran"_s);
-        const QString conf = h.repoPath() + "/conf"_s;
-        writeScript(conf + "/hook.sh"_s, "#!/bin/sh\n: >" + ran.toLatin1() + '\n');
-        writeFile(conf + "/distributions"_s,
-                  readFile(conf + "/distributions"_s) + "DebIndices: Packages Release . .gz hook.sh\n");
         constexpr uid_t Nobody = 65534;
         for (const char *folder : {"/conf", "/db"}) {
             const QByteArray given = h.repoPath().toLatin1() + folder;
@@ -177,11 +174,11 @@ private Q_SLOTS:
             h.reply = false;
             h.open(h.repoPath());
             QVERIFY(h.questions.size() == 1 && h.questions.first().contains("another user"_s));
-            QVERIFY(h.complains("could not be brought up to date"_s) && !QFile::exists(ran));
+            QVERIFY(h.complains("could not be brought up to date"_s));
             QVERIFY(h.isExportOwed() && h.listed().size() == 1);
             h.reply = true;
             h.open(h.repoPath());
-            QVERIFY(h.trouble().isEmpty() && QFile::remove(ran) && !h.isExportOwed());
+            QVERIFY(h.trouble().isEmpty() && !h.isExportOwed());
             h.open(h.repoPath());
             QVERIFY(h.questions.isEmpty());
             QCOMPARE(::chown(given.constData(), 0, 0), 0);
