@@ -45,7 +45,7 @@ bool isOwnOrParent(const char *name)
     return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
 }
 
-/** The names in the folder; nothing when it cannot be read to its end. */
+/** The names in the folder, the first one last; nothing when it cannot be read to its end. */
 std::optional<std::vector<QByteArray>> namesIn(int folder)
 {
     const int copy = ::fcntl(folder, F_DUPFD_CLOEXEC, 0);
@@ -64,6 +64,7 @@ std::optional<std::vector<QByteArray>> namesIn(int folder)
     }
     const bool isWhole = errno == 0;
     ::closedir(stream);
+    std::reverse(names.begin(), names.end());
     return isWhole ? std::make_optional(std::move(names)) : std::nullopt;
 }
 

@@ -94,8 +94,9 @@ private:
     void visit(Descriptor folder, const QString &path, const QString &prefix)
     {
         const int number = folder.number();
-        DIR *stream = folder.isOpen() ? ::fdopendir(number) : nullptr;
-        if (stream == nullptr || ::faccessat(number, ".", X_OK, AT_EACCESS) != 0) {
+        const bool isOpen = folder.isOpen() && ::faccessat(number, ".", X_OK, AT_EACCESS) == 0;
+        DIR *stream = isOpen ? ::fdopendir(number) : nullptr;
+        if (stream == nullptr) {
             m_listing.error = path;
             return;
         }

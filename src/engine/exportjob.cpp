@@ -91,12 +91,14 @@ int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDe
         members.insert(member, file);
         frame.itemDone(packages.size() + needed.size());
     }
-    if (!leftOut.isEmpty() && leftOut.size() == members.size())
-        return failed(&frame, leftOutText(leftOut));
     // An archive of nothing must not replace an older one.
-    if (!(result == ArchiveWriter::Result::Stopped && members.isEmpty()) && !writer.commit())
+    const bool isStopped = result == ArchiveWriter::Result::Stopped;
+    const bool isEmpty = members.size() == leftOut.size();
+    if (isEmpty && !isStopped)
+        return failed(&frame, leftOutText(leftOut));
+    if (!isEmpty && !writer.commit())
         return failed(&frame, writer.error());
-    if (result == ArchiveWriter::Result::Stopped)
+    if (isStopped)
         return frame.finish(CANCEL,
                             packages.size() == 1 ? tr("Operation stopped. Package not exported.")
                                                  : tr("Operation stopped. Packages not exported."));
@@ -119,8 +121,7 @@ ExportJob::add(ArchiveWriter *writer, const QString &file, const QString &member
 QString ExportJob::leftOutText(const QStringList &names)
 {
     return tr("%n link(s) of the repository lead to places outside of it and were left out. Such a link is "
-              "followed "
-              "only when it belongs to you or to root, and what it leads to has the same owner.",
+              "followed only when it belongs to you or to root, and what it leads to has the same owner.",
               nullptr,
               names.size());
 }

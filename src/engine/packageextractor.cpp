@@ -9,9 +9,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
-#include <QStorageInfo>
 
 #include <utility>
+
+#include <sys/statvfs.h>
 
 namespace
 {
@@ -120,11 +121,11 @@ PackageExtractor::Result PackageExtractor::admit(qint64 size)
             return Result::Refused;
         m_consent = nullptr;
     }
-    const QStorageInfo storage(m_folder);
-    const qint64 free = storage.bytesAvailable();
+    struct statvfs storage = {};
     // Where it is not told how much is free, the next write tells when nothing is.
-    if (free < 0)
+    if (::statvfs(QFile::encodeName(m_folder).constData(), &storage) != 0 || storage.f_blocks == 0)
         return Result::Done;
+    const auto free = static_cast<qint64>(storage.f_bavail * storage.f_frsize);
     if (m_keptFree < 0)
         m_keptFree = qMax(free / m_limits.freeShare, qMin(m_limits.leastFree, free / 2));
     if (free - size >= m_keptFree)
