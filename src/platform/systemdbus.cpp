@@ -15,22 +15,6 @@ constexpr const char *Manager = "org.freedesktop.systemd1.Manager";
 constexpr quint64 CallLimit = 90ULL * 1000 * 1000;
 } // namespace
 
-/** What went wrong with one call, in the library's own form. */
-class SystemdBus::Error
-{
-public:
-    Error() = default;
-    ~Error() { sd_bus_error_free(&m_error); }
-    Q_DISABLE_COPY(Error)
-
-    sd_bus_error *get() { return &m_error; }
-    QByteArray name() const { return m_error.name; }
-    QString message() const { return QString::fromUtf8(m_error.message); }
-
-private:
-    sd_bus_error m_error = {};
-};
-
 SystemdBus::SystemdBus()
 {
     sd_bus *bus = nullptr;
@@ -42,7 +26,7 @@ SystemdBus::SystemdBus()
         sd_bus_set_method_call_timeout(bus, CallLimit);
 }
 
-bool SystemdBus::check(int result, const Error &error)
+bool SystemdBus::check(int result, const SdBus::Error &error)
 {
     if (result >= 0)
         return true;
@@ -70,7 +54,7 @@ bool SystemdBus::check(int result, const Error &error)
 
 bool SystemdBus::check(int result)
 {
-    return check(result, Error());
+    return check(result, SdBus::Error());
 }
 
 bool SystemdBus::isUnitUnknown() const
@@ -89,7 +73,7 @@ SystemdBus::Reply SystemdBus::newCall(const char *interface, const char *method)
 
 SystemdBus::Reply SystemdBus::send(const Reply &call)
 {
-    Error error;
+    SdBus::Error error;
     sd_bus_message *reply = nullptr;
     check(sd_bus_call(m_bus.get(), call.get(), CallLimit, error.get(), &reply), error);
     return Reply(reply);
@@ -128,7 +112,7 @@ bool SystemdBus::reload()
 
 QString SystemdBus::text(const QByteArray &object, const char *interface, const char *property)
 {
-    Error error;
+    SdBus::Error error;
     char *value = nullptr;
     if (!m_bus
         || !check(sd_bus_get_property_string(
@@ -141,7 +125,7 @@ QString SystemdBus::text(const QByteArray &object, const char *interface, const 
 
 quint64 SystemdBus::number(const QByteArray &object, const char *interface, const char *property)
 {
-    Error error;
+    SdBus::Error error;
     uint64_t value = 0;
     if (m_bus)
         check(sd_bus_get_property_trivial(

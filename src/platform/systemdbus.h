@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/sdbus.h"
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QString>
 
 #include <initializer_list>
-#include <memory>
-
-#include <systemd/sd-bus.h>
 
 /**
  * One conversation with the service manager: a connection to the system bus that closes with the object. Needs no
@@ -17,15 +16,8 @@
 class SystemdBus
 {
     Q_DECLARE_TR_FUNCTIONS(SystemdService)
-
-    struct Release
-    {
-        void operator()(sd_bus *bus) const { sd_bus_flush_close_unref(bus); }
-        void operator()(sd_bus_message *message) const { sd_bus_message_unref(message); }
-    };
-
 public:
-    using Reply = std::unique_ptr<sd_bus_message, Release>;
+    using Reply = SdBus::Message;
 
     SystemdBus();
 
@@ -53,14 +45,12 @@ public:
     static QByteArray objectPath(const Reply &reply);
 
 private:
-    class Error;
-
-    std::unique_ptr<sd_bus, Release> m_bus;
+    SdBus::Connection m_bus;
     QString m_errorText;
     QByteArray m_errorName;
 
     Reply newCall(const char *interface, const char *method);
     Reply send(const Reply &call);
-    bool check(int result, const Error &error);
+    bool check(int result, const SdBus::Error &error);
     bool check(int result);
 };
