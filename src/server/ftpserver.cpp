@@ -4,7 +4,6 @@
 #include "platform/systemdservice.h"
 #include "server/portrange.h"
 #include "server/publicationpath.h"
-#include "server/systemfile.h"
 #include "server/vsftpdconfig.h"
 
 #include <QLoggingCategory>
@@ -14,6 +13,9 @@ namespace
 Q_LOGGING_CATEGORY(category, "velt.server")
 
 const QString serviceName = QStringLiteral("vsftpd");
+
+/** The files of a state. */
+enum File { Config, Kept, Guard, FileCount };
 
 void warn(const QString &errorText)
 {
@@ -44,15 +46,10 @@ bool FtpServer::publish(const QString &path, int port)
 {
     if (!PortRange::contains(port) || !PublicationPath::isPublishable(path))
         return false;
-    QString errorText;
-    const auto before = SystemFile::read(m_configPath, &errorText);
-    const auto kept = SystemFile::read(m_configPath + KeptSuffix, &errorText);
-    const auto guard = SystemFile::read(m_guardPath, &errorText);
-    if (!before || !kept || !guard || !keepForeign(*before)) {
-        warn(errorText);
+    const auto before = state(port);
+    if (!before || !keepForeign(before->files.at(Config)))
         return false;
-    }
-    const bool wasActive = m_service->isActive();
+    QString errorText;
     // The guard comes first: whoever starts the server in between has it keep to the old directory or to none.
     const bool isWritten = putGuard(path)
                            && SystemFile::write(m_configPath,
@@ -61,10 +58,10 @@ bool FtpServer::publish(const QString &path, int port)
                                                 SystemFile::Existing::Replaced,
                                                 &errorText);
     warn(errorText);
-    if (!isWritten || !(wasActive ? m_service->restart() : m_service->start())
+    if (!isWritten || !(before->isActive ? m_service->restart() : m_service->start())
         || !m_service->staysActive(WatchTime) || !isPublished(port)) {
         warn(m_service->errorText());
-        withdraw(*before, *kept, *guard, wasActive);
+        restore(port, *before);
         return false;
     }
     if (!m_service->isEnabled() && !m_service->enable())
@@ -97,32 +94,66 @@ bool FtpServer::putGuard(const QString &path) const
     return isDone;
 }
 
-void FtpServer::restoreGuard(const SystemFile::State &guard) const
+bool FtpServer::restoreGuard(const SystemFile::State &guard) const
 {
     QString errorText;
-    if (SystemFile::restore(m_guardPath, guard, &errorText)
-        && (guard.exists || SystemFile::removeEmptyFolder(m_guardDir, &errorText)))
-        VeltAdmin::SystemdService::reload(&errorText);
+    const bool isDone = SystemFile::restore(m_guardPath, guard, &errorText)
+                        && (guard.exists || SystemFile::removeEmptyFolder(m_guardDir, &errorText))
+                        && VeltAdmin::SystemdService::reload(&errorText);
     warn(errorText);
+    return isDone;
 }
 
-void FtpServer::withdraw(const SystemFile::State &before,
-                         const SystemFile::State &kept,
-                         const SystemFile::State &guard,
-                         bool wasActive)
+std::optional<PublicationState> FtpServer::state(int /*port*/)
+{
+    QString errorText;
+    PublicationState state;
+    for (const QString &path : {m_configPath, QString(m_configPath + KeptSuffix), m_guardPath}) {
+        const auto file = SystemFile::read(path, &errorText);
+        if (!file) {
+            warn(errorText);
+            return {};
+        }
+        state.files.append(*file);
+    }
+    state.isActive = m_service->isActive();
+    state.isEnabled = m_service->isEnabled();
+    return state;
+}
+
+bool FtpServer::restoreConfig(const SystemFile::State &config, const SystemFile::State &kept) const
 {
     QString errorText;
     // In this order, so that the administrator's own is never without a place.
-    if (SystemFile::restore(m_configPath, before, &errorText) && !kept.exists)
-        SystemFile::remove(m_configPath + KeptSuffix, &errorText);
+    const bool isDone = SystemFile::restore(m_configPath, config, &errorText)
+                        && (kept.exists || SystemFile::remove(m_configPath + KeptSuffix, &errorText));
     warn(errorText);
-    restoreGuard(guard);
-    if (wasActive) {
+    return isDone;
+}
+
+bool FtpServer::restore(int /*port*/, const PublicationState &state)
+{
+    if (state.files.size() != FileCount) {
+        qCWarning(category, "The state to bring back is none of this server, and is not followed.");
+        return true;
+    }
+    const SystemFile::State &config = state.files.at(Config);
+    const QString present = configText(SystemFile::read(m_configPath));
+    if (!present.isEmpty() && present != configText(config) && !VsftpdConfig::isOurs(present)) {
+        qCWarning(category, "The configuration of the FTP server was changed by somebody else, and stays.");
+        return restoreGuard(state.files.at(Guard));
+    }
+    bool isDone = restoreConfig(config, state.files.at(Kept));
+    isDone = restoreGuard(state.files.at(Guard)) && isDone;
+    if (!state.isEnabled && m_service->isEnabled())
+        m_service->disable();
+    if (state.isActive) {
         m_service->restart();
     } else {
         m_service->stop();
         m_service->resetFailed();
     }
+    return isDone;
 }
 
 bool FtpServer::unpublish(int /*port*/)

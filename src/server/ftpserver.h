@@ -5,10 +5,6 @@
 
 #include <memory>
 
-namespace SystemFile
-{
-struct State;
-}
 namespace VeltAdmin
 {
 class SystemdService;
@@ -33,6 +29,9 @@ public:
     bool publish(const QString &path, int port) override;
     /** Whatever is published, on this port or another one. */
     bool unpublish(int port) override;
+    std::optional<PublicationState> state(int port) override;
+    /** A configuration that somebody else has written meanwhile stays, and so does the service. */
+    bool restore(int port, const PublicationState &state) override;
     bool isPublished(int port) override;
     QList<PublishedRepo> publishedRepos() override;
     /** There is none. */
@@ -49,9 +48,6 @@ private:
 
     bool keepForeign(const SystemFile::State &before) const;
     bool putGuard(const QString &path) const;
-    void restoreGuard(const SystemFile::State &guard) const;
-    void withdraw(const SystemFile::State &before,
-                  const SystemFile::State &kept,
-                  const SystemFile::State &guard,
-                  bool wasActive);
+    bool restoreGuard(const SystemFile::State &guard) const;
+    bool restoreConfig(const SystemFile::State &config, const SystemFile::State &kept) const;
 };

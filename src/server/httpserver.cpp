@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "server/httpserver.h"
 
+#include "platform/systemdservice.h"
 #include "server/portrange.h"
 #include "server/publicationpath.h"
 #include "server/publicationunit.h"
@@ -70,18 +71,14 @@ bool HttpServer::publish(const QString &path, int port)
         return false;
     }
 
-    QString errorText;
-    const auto before = SystemFile::read(unitFile(port), &errorText);
-    if (!before) {
-        qCWarning(category, "%ls", qUtf16Printable(errorText));
+    const auto before = state(port);
+    if (!before)
         return false;
-    }
     VeltAdmin::SystemdService service(PublicationUnit::serviceName(port));
-    const bool wasActive = service.isActive();
     if (!install(unit, port) || !service.start() || !service.staysActive(WatchTime) || !isPublished(port)) {
         if (!service.errorText().isEmpty())
             qCWarning(category, "%ls", qUtf16Printable(service.errorText()));
-        withdraw(service, *before, wasActive, port);
+        restore(port, *before);
         return false;
     }
     if (!service.isEnabled() && !service.enable())
@@ -103,21 +100,39 @@ bool HttpServer::install(const QString &unit, int port) const
     return isDone;
 }
 
-void HttpServer::withdraw(VeltAdmin::SystemdService &service,
-                          const SystemFile::State &before,
-                          bool wasActive,
-                          int port) const
+std::optional<PublicationState> HttpServer::state(int port)
 {
-    if (!wasActive)
-        service.stop();
     QString errorText;
-    if (!SystemFile::restore(unitFile(port), before, &errorText)
-        || !VeltAdmin::SystemdService::reload(&errorText))
+    const auto unit = SystemFile::read(unitFile(port), &errorText);
+    if (!unit) {
         qCWarning(category, "%ls", qUtf16Printable(errorText));
-    if (!wasActive)
+        return {};
+    }
+    const VeltAdmin::SystemdService service(PublicationUnit::serviceName(port));
+    return PublicationState{{*unit}, service.isActive(), service.isEnabled()};
+}
+
+bool HttpServer::restore(int port, const PublicationState &state)
+{
+    if (state.files.size() != 1) {
+        qCWarning(category, "The state to bring back is none of this server, and is not followed.");
+        return true;
+    }
+    VeltAdmin::SystemdService service(PublicationUnit::serviceName(port));
+    if (!state.isActive)
+        service.stop();
+    if (!state.isEnabled && service.isEnabled())
+        service.disable();
+    QString errorText;
+    const bool isDone = SystemFile::restore(unitFile(port), state.files.constFirst(), &errorText)
+                        && VeltAdmin::SystemdService::reload(&errorText);
+    if (!isDone)
+        qCWarning(category, "%ls", qUtf16Printable(errorText));
+    if (!state.isActive)
         service.resetFailed();
     else if (!service.isActive())
         service.start();
+    return isDone;
 }
 
 bool HttpServer::unpublish(int port)

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/systemdservice.h"
 #include "server/reposerver.h"
-#include "server/systemfile.h"
 
 #include <QFile>
 
@@ -28,6 +26,8 @@ public:
 
     bool publish(const QString &path, int port) override;
     bool unpublish(int port) override;
+    std::optional<PublicationState> state(int port) override;
+    bool restore(int port, const PublicationState &state) override;
     bool isPublished(int port) override;
     /** One for each unit, whether it runs or not. */
     QList<PublishedRepo> publishedRepos() override;
@@ -50,8 +50,4 @@ private:
 
     QString unitFile(int port) const;
     bool install(const QString &unit, int port) const;
-    void withdraw(VeltAdmin::SystemdService &service,
-                  const SystemFile::State &before,
-                  bool wasActive,
-                  int port) const;
 };

@@ -202,10 +202,12 @@ bool writeStaging(const QString &path, const QByteArray &contents, QString *erro
 bool remove(const QString &path, QString *errorText)
 {
     const Place place(path);
+    if (!place.folder.isOpen())
+        return errno == ENOENT || fail(path, errno, errorText);
+    removeTemporaries(path, place);
     const int folder = place.folder.number();
     struct stat status = {};
-    if (!place.folder.isOpen()
-        || ::fstatat(folder, place.name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
+    if (::fstatat(folder, place.name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
         return errno == ENOENT || fail(path, errno, errorText);
     if (!S_ISREG(status.st_mode))
         return fail(path, ELOOP, errorText);

@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "server/veltadminrepointerface.h"
 
+#include "server/answerlimits.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
-
-namespace
-{
-// The bus's own limit of 25 seconds is shorter than a password takes: the helper would then do what the user was told
-// has failed.
-constexpr int answerLimit = 5 * 60 * 1000;
-} // namespace
 
 VeltAdminRepoInterface::VeltAdminRepoInterface(QObject *parent)
     : QDBusAbstractInterface(QString::fromLatin1(Service),
@@ -18,7 +13,9 @@ VeltAdminRepoInterface::VeltAdminRepoInterface(QObject *parent)
                              QDBusConnection::systemBus(),
                              parent)
 {
-    setTimeout(answerLimit);
+    // The bus's own limit of 25 seconds is shorter than a password takes: the helper would then do what the user was
+    // told has failed.
+    setTimeout(int(std::chrono::milliseconds(AnswerLimits::Client).count()));
 }
 
 QDBusPendingReply<bool> VeltAdminRepoInterface::AddLocalSource(const QString &entry)
