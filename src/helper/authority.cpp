@@ -1,38 +1,31 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "helper/authority.h"
 
-#include <QDBusArgument>
-#include <QDBusMessage>
-#include <QDBusMetaType>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-
-#include <chrono>
+#include <cstring>
 #include <utility>
 
 namespace
 {
-using Details = QMap<QString, QString>;
+constexpr uint32_t AllowUserInteraction = 1;
 
-constexpr uint AllowUserInteraction = 1;
-/** Nobody looks for a password that long; a dialog that is older was left behind. */
-constexpr std::chrono::milliseconds TimeLimit = std::chrono::minutes(10);
-
-QDBusMessage authorityCall(const QString &method)
+SdBus::Message newCall(BusConnection &bus, const char *method)
 {
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.PolicyKit1"),
-                                          QStringLiteral("/org/freedesktop/PolicyKit1/Authority"),
-                                          QStringLiteral("org.freedesktop.PolicyKit1.Authority"),
-                                          method);
+    return bus.newCall("org.freedesktop.PolicyKit1",
+                       "/org/freedesktop/PolicyKit1/Authority",
+                       "org.freedesktop.PolicyKit1.Authority",
+                       method);
 }
 
-QVariant subject(const QString &caller)
+bool append(sd_bus_message *call, const QMap<QString, QString> &details)
 {
-    QDBusArgument structure;
-    structure.beginStructure();
-    structure << QStringLiteral("system-bus-name") << QVariantMap{{QStringLiteral("name"), caller}};
-    structure.endStructure();
-    return QVariant::fromValue(structure);
+    bool isDone = sd_bus_message_open_container(call, SD_BUS_TYPE_ARRAY, "{ss}") >= 0;
+    for (auto detail = details.cbegin(); detail != details.cend(); ++detail) {
+        isDone = isDone
+                 && sd_bus_message_append(
+                        call, "{ss}", detail.key().toUtf8().constData(), detail.value().toUtf8().constData())
+                        >= 0;
+    }
+    return isDone && sd_bus_message_close_container(call) >= 0;
 }
 
 struct Verdict
@@ -41,72 +34,67 @@ struct Verdict
     QString reason;
 };
 
-Verdict verdictOf(const QDBusMessage &reply)
+Verdict verdictOf(sd_bus_message *reply)
 {
-    if (reply.type() != QDBusMessage::ReplyMessage)
-        return {false, QStringLiteral("polkit could not decide: %1").arg(reply.errorMessage())};
-    if (reply.signature() != QLatin1String("(bba{ss})"))
-        return {false, QStringLiteral("polkit's answer was not understood.")};
-    bool authorised = false;
-    bool challenge = false;
-    Details details;
-    const auto structure = reply.arguments().constFirst().value<QDBusArgument>();
-    structure.beginStructure();
-    structure >> authorised >> challenge >> details;
-    structure.endStructure();
-    if (authorised)
+    if (const sd_bus_error *error = sd_bus_message_get_error(reply))
+        return {false, QStringLiteral("polkit could not decide: %1").arg(QString::fromUtf8(error->message))};
+    const Verdict nonsense{false, QStringLiteral("polkit's answer was not understood.")};
+    int authorised = 0;
+    int challenge = 0;
+    if (sd_bus_message_has_signature(reply, "(bba{ss})") <= 0
+        || sd_bus_message_enter_container(reply, SD_BUS_TYPE_STRUCT, "bba{ss}") <= 0
+        || sd_bus_message_read(reply, "bb", &authorised, &challenge) <= 0)
+        return nonsense;
+    if (authorised != 0)
         return {true, {}};
-    if (details.contains(QStringLiteral("polkit.dismissed")))
-        return {false, QStringLiteral("The authentication was dismissed.")};
+    if (sd_bus_message_enter_container(reply, SD_BUS_TYPE_ARRAY, "{ss}") < 0)
+        return nonsense;
+    const char *name = nullptr;
+    const char *value = nullptr;
+    while (sd_bus_message_read(reply, "{ss}", &name, &value) > 0) {
+        if (std::strcmp(name, "polkit.dismissed") == 0)
+            return {false, QStringLiteral("The authentication was dismissed.")};
+    }
     return {false, QStringLiteral("The caller is not authorised.")};
 }
 } // namespace
 
-Authority::Authority(QDBusConnection bus, QObject *parent)
-    : QObject(parent)
-    , m_bus(std::move(bus))
+QByteArray Authority::check(const QByteArray &caller,
+                            const QString &action,
+                            const QMap<QString, QString> &details,
+                            const Answer &answer)
 {
-    qDBusRegisterMetaType<Details>();
-}
-
-QString Authority::check(const QString &caller,
-                         const QString &action,
-                         const QMap<QString, QString> &details,
-                         const Answer &answer)
-{
-    QString question = QStringLiteral("velt-admin-repo-%1").arg(++m_count);
-    QDBusMessage call = authorityCall(QStringLiteral("CheckAuthorization"));
-    call.setArguments(
-        {subject(caller), action, QVariant::fromValue(details), AllowUserInteraction, question});
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call, int(TimeLimit.count())), this);
-    m_questions[question] = watcher;
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, question, answer, watcher] {
-        const QDBusMessage reply = watcher->reply();
+    QByteArray question = "velt-admin-repo-" + QByteArray::number(++m_count);
+    const SdBus::Message call = newCall(m_bus, "CheckAuthorization");
+    if (!call
+        || sd_bus_message_append(call.get(),
+                                 "(sa{sv})s",
+                                 "system-bus-name",
+                                 1,
+                                 "name",
+                                 "s",
+                                 caller.constData(),
+                                 action.toUtf8().constData())
+               < 0
+        || !append(call.get(), details)
+        || sd_bus_message_append(call.get(), "us", AllowUserInteraction, question.constData()) < 0)
+        return {};
+    auto asked = m_bus.call(call, [this, question, answer](sd_bus_message *reply) {
         m_questions.erase(question);
-        watcher->deleteLater();
-        // The dialog of a question that nobody waits for any more would stay on the screen.
-        if (watcher->isError() && watcher->error().type() == QDBusError::NoReply)
-            withdraw(question);
         const Verdict verdict = verdictOf(reply);
         answer(verdict.authorised, verdict.reason);
     });
+    if (!asked)
+        return {};
+    m_questions[question] = std::move(asked);
     return question;
 }
 
-void Authority::cancel(const QString &question)
+void Authority::cancel(const QByteArray &question)
 {
-    const auto found = m_questions.find(question);
-    if (found == m_questions.end())
+    if (m_questions.erase(question) == 0)
         return;
-    found->second->disconnect(this);
-    found->second->deleteLater();
-    m_questions.erase(found);
-    withdraw(question);
-}
-
-void Authority::withdraw(const QString &question)
-{
-    QDBusMessage call = authorityCall(QStringLiteral("CancelCheckAuthorization"));
-    call.setArguments({question});
-    m_bus.call(call, QDBus::NoBlock);
+    const SdBus::Message call = newCall(m_bus, "CancelCheckAuthorization");
+    if (call && sd_bus_message_append(call.get(), "s", question.constData()) >= 0)
+        m_bus.send(call);
 }

@@ -1,44 +1,44 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDBusConnection>
+#include "helper/busconnection.h"
+
+#include <QByteArray>
 #include <QMap>
-#include <QObject>
 #include <QString>
 
 #include <functional>
 #include <map>
-
-class QDBusPendingCallWatcher;
+#include <memory>
 
 /**
  * Asks polkit whether a program on the bus may do something; polkit may ask the program's user for a password, which
  * takes as long as the user does. Only polkit's clear "yes" is one: without an answer nobody is authorised.
  */
-class Authority : public QObject
+class Authority
 {
-    Q_OBJECT
 public:
     /** `reason` says in a sentence why the answer is no. */
     using Answer = std::function<void(bool authorised, const QString &reason)>;
 
-    explicit Authority(QDBusConnection bus, QObject *parent = nullptr);
+    explicit Authority(BusConnection &bus)
+        : m_bus(bus)
+    { }
 
     /**
      * `caller` is a unique name of the bus, `action` one of the installed policy, `details` what the question may show.
-     * The answer comes from the event loop, once. Returns the name under which the question can be taken back.
+     * The answer comes from the event loop, once, after any time. Returns the name under which the question can be
+     * taken back; it is empty when the question cannot be sent, and then no answer comes.
      */
-    QString check(const QString &caller,
-                  const QString &action,
-                  const QMap<QString, QString> &details,
-                  const Answer &answer);
+    QByteArray check(const QByteArray &caller,
+                     const QString &action,
+                     const QMap<QString, QString> &details,
+                     const Answer &answer);
     /** Takes a question back: its dialog is closed, and no answer comes any more. */
-    void cancel(const QString &question);
+    void cancel(const QByteArray &question);
 
 private:
-    QDBusConnection m_bus;
+    BusConnection &m_bus;
     quint64 m_count = 0;
-    std::map<QString, QDBusPendingCallWatcher *> m_questions;
-
-    void withdraw(const QString &question);
+    std::map<QByteArray, std::unique_ptr<BusCall>> m_questions;
 };

@@ -6,37 +6,37 @@
 
 #include <QStringList>
 
+#include <algorithm>
+#include <array>
+#include <cstring>
+
 namespace
 {
-QString methodName(HelperRequest::Method method)
+/** In the order of HelperRequest::Method. */
+struct Names
 {
-    switch (method) {
-    case HelperRequest::AddLocalSource:
-        return QStringLiteral("AddLocalSource");
-    case HelperRequest::RemoveLocalSource:
-        return QStringLiteral("RemoveLocalSource");
-    case HelperRequest::PublishRepo:
-        return QStringLiteral("PublishRepo");
-    case HelperRequest::UnpublishRepo:
-        break;
-    }
-    return QStringLiteral("UnpublishRepo");
-}
+    const char *method;
+    const char *action;
+};
+constexpr std::array<Names, 4> allNames{{
+    {"AddLocalSource", "org.corvana.velt.repo.add-local-source"},
+    {"RemoveLocalSource", "org.corvana.velt.repo.remove-local-source"},
+    {"PublishRepo", "org.corvana.velt.repo.publish"},
+    {"UnpublishRepo", "org.corvana.velt.repo.unpublish"},
+}};
 } // namespace
+
+HelperRequest::Method HelperRequest::methodOf(const char *name)
+{
+    const auto found = std::find_if(allNames.cbegin(), allNames.cend(), [name](const Names &names) {
+        return std::strcmp(names.method, name) == 0;
+    });
+    return Method(found - allNames.cbegin());
+}
 
 QString HelperRequest::action() const
 {
-    switch (method) {
-    case AddLocalSource:
-        return QStringLiteral("org.corvana.velt.repo.add-local-source");
-    case RemoveLocalSource:
-        return QStringLiteral("org.corvana.velt.repo.remove-local-source");
-    case PublishRepo:
-        return QStringLiteral("org.corvana.velt.repo.publish");
-    case UnpublishRepo:
-        break;
-    }
-    return QStringLiteral("org.corvana.velt.repo.unpublish");
+    return QString::fromLatin1(allNames.at(method).action);
 }
 
 QMap<QString, QString> HelperRequest::arguments() const
@@ -59,7 +59,7 @@ QMap<QString, QString> HelperRequest::arguments() const
 
 QString HelperRequest::describe() const
 {
-    QStringList words{methodName(method)};
+    QStringList words{QString::fromLatin1(allNames.at(method).method)};
     const QMap<QString, QString> named = arguments();
     for (auto argument = named.cbegin(); argument != named.cend(); ++argument)
         words += argument.key() + QLatin1Char('=') + Journal::quoted(argument.value());

@@ -15,6 +15,8 @@ struct HelperRequest
     int port = 0; ///< of the two for publishing
     int protocol = 0; ///< of the two for publishing
 
+    /** The method with this name on the bus, which must be one of them. */
+    static Method methodOf(const char *name);
     /** The action that the caller has to be authorised for. */
     QString action() const;
     /** The arguments by name, as the question for the password and the journal show them. */
@@ -31,7 +33,8 @@ struct HelperOutcome
         Done = 0,
         Invalid = 1, ///< the request itself is not acceptable
         Refused = 2, ///< the caller is not authorised
-        Failed = 3 ///< it was tried
+        Failed = 3, ///< it was tried
+        TooLate = 4 ///< it was not begun in time
     };
 
     Kind kind = Failed;

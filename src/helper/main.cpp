@@ -5,7 +5,6 @@
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QDBusError>
 #include <QSocketNotifier>
 
 #include <array>
@@ -70,32 +69,33 @@ int main(int argc, char *argv[])
         parser.showHelp(EXIT_FAILURE);
 
     Journal::takeMessages();
-    QDBusConnection bus = QDBusConnection::systemBus();
+    BusConnection bus;
     PrivilegedWork work;
     Manager manager(
         bus,
-        [&work](const HelperRequest &request) { return work.run(request); },
-        std::chrono::milliseconds(idle));
+        {[&work] { work.recover(); }, [&work](const HelperRequest &request) { return work.run(request); }},
+        {std::chrono::milliseconds(idle)});
+    const auto giveUp = [](const QString &reason) {
+        Journal::write(Journal::Error,
+                       QStringLiteral("The name %1 is not to be had on the system bus: %2")
+                           .arg(Manager::Service, reason));
+        QCoreApplication::exit(EXIT_FAILURE);
+    };
+    QObject::connect(&manager, &Manager::unavailable, &application, giveUp);
     QObject::connect(
         &manager, &Manager::finished, &application, &QCoreApplication::quit, Qt::QueuedConnection);
+    // A bus that is gone takes all its callers along.
+    QObject::connect(&bus, &BusConnection::lost, &application, &QCoreApplication::quit);
     QSocketNotifier stopping(signals, QSocketNotifier::Read);
     QObject::connect(&stopping, &QSocketNotifier::activated, &manager, [&manager, signals] {
         signalfd_siginfo taken{};
         if (::read(signals, &taken, sizeof taken) == sizeof taken)
             manager.stop();
     });
-    // A bus that is gone takes all its callers along.
-    bus.connect(QString(),
-                QStringLiteral("/org/freedesktop/DBus/Local"),
-                QStringLiteral("org.freedesktop.DBus.Local"),
-                QStringLiteral("Disconnected"),
-                &application,
-                SLOT(quit()));
-    if (!bus.isConnected() || !manager.start()) {
-        Journal::write(Journal::Error,
-                       QStringLiteral("The name %1 is not to be had on the system bus: %2")
-                           .arg(Manager::Service, bus.lastError().message()));
+    if (!bus.isOpen()) {
+        giveUp(bus.errorText());
         return EXIT_FAILURE;
     }
+    manager.start();
     return QCoreApplication::exec();
 }

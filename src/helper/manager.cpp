@@ -2,43 +2,83 @@
 #include "helper/manager.h"
 
 #include "helper/journal.h"
+#include "helper/requestmessage.h"
 #include "helper/requestrules.h"
 
-#include <QDBusError>
-#include <QDBusPendingCallWatcher>
-
 #include <algorithm>
-#include <cstddef>
 #include <utility>
-#include <vector>
 
 namespace
 {
-const QString objectPath = QStringLiteral("/");
-const QString tooMany = QStringLiteral("Too many requests are open.");
-/** A user needs one request at a time; more than a few are an attempt to keep the helper from others. */
-constexpr int MostOfOneUser = 8;
-/** Counts those whose user the bus has yet to tell, which takes it a moment. */
-constexpr std::size_t MostOfAll = 256;
+using namespace std::chrono_literals;
 
-QDBusError::ErrorType errorOf(HelperOutcome::Kind kind)
+constexpr const char *Object = "/";
+constexpr const char *Interface = "org.corvana.velt.repo.Manager";
+constexpr const char *TooMany = "Too many requests are open.";
+
+constexpr const char *Bus = "org.freedesktop.DBus";
+constexpr const char *BusObject = "/org/freedesktop/DBus";
+constexpr uint32_t DoNotQueue = 4;
+constexpr uint32_t PrimaryOwner = 1;
+
+/** What is refused before anybody is asked costs its sender nothing, so it must not fill the journal. */
+constexpr int MostRefusalsNoted = 50;
+constexpr auto RefusalsPeriod = 1min;
+
+const char *errorOf(HelperOutcome::Kind kind)
 {
-    return kind == HelperOutcome::Invalid ? QDBusError::InvalidArgs : QDBusError::AccessDenied;
+    if (kind == HelperOutcome::Invalid)
+        return SD_BUS_ERROR_INVALID_ARGS;
+    return kind == HelperOutcome::TooLate ? SD_BUS_ERROR_TIMEOUT : SD_BUS_ERROR_ACCESS_DENIED;
 }
 } // namespace
 
-Manager::Manager(QDBusConnection bus, Work work, std::chrono::milliseconds idleTime)
-    : m_bus(std::move(bus))
+const sd_bus_vtable Manager::interface[] = {
+    SD_BUS_VTABLE_START(0),
+    SD_BUS_METHOD_WITH_NAMES("AddLocalSource",
+                             "s",
+                             SD_BUS_PARAM(entry),
+                             "b",
+                             SD_BUS_PARAM(done),
+                             called,
+                             SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD_WITH_NAMES("RemoveLocalSource",
+                             "s",
+                             SD_BUS_PARAM(entry),
+                             "b",
+                             SD_BUS_PARAM(done),
+                             called,
+                             SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD_WITH_NAMES("PublishRepo",
+                             "sii",
+                             SD_BUS_PARAM(path) SD_BUS_PARAM(port) SD_BUS_PARAM(protocol),
+                             "b",
+                             SD_BUS_PARAM(done),
+                             called,
+                             SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD_WITH_NAMES("UnpublishRepo",
+                             "ii",
+                             SD_BUS_PARAM(port) SD_BUS_PARAM(protocol),
+                             "b",
+                             SD_BUS_PARAM(done),
+                             called,
+                             SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_SIGNAL_WITH_NAMES("Error", "is", SD_BUS_PARAM(error) SD_BUS_PARAM(message), 0),
+    SD_BUS_VTABLE_END,
+};
+
+Manager::Manager(BusConnection &bus, Work work, Times times)
+    : m_bus(bus)
     , m_work(std::move(work))
-    , m_authority(m_bus)
+    , m_times(times)
+    , m_authority(bus)
 {
     m_worker.setMaxThreadCount(1);
-    m_callers.setConnection(m_bus);
-    m_callers.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
-    connect(&m_callers, &QDBusServiceWatcher::serviceUnregistered, this, &Manager::forget);
     m_idle.setSingleShot(true);
-    m_idle.setInterval(idleTime);
+    m_idle.setInterval(times.idle);
     connect(&m_idle, &QTimer::timeout, this, &Manager::leave);
+    m_limit.setSingleShot(true);
+    connect(&m_limit, &QTimer::timeout, this, &Manager::expire);
 }
 
 Manager::~Manager()
@@ -46,134 +86,180 @@ Manager::~Manager()
     m_worker.waitForDone();
 }
 
-bool Manager::start()
+void Manager::start()
 {
+    const auto keep = [this](int result, sd_bus_slot *slot) {
+        m_slots.emplace_back(slot);
+        return result >= 0;
+    };
+    sd_bus_slot *slot = nullptr;
+    bool isDone = keep(sd_bus_add_filter(m_bus.get(), &slot, filter, this), slot);
+    // One rule for all callers who leave: the bus allows fewer rules than there can be callers.
+    isDone
+        = isDone
+          && keep(sd_bus_add_match_async(m_bus.get(),
+                                         &slot,
+                                         "type='signal',sender='org.freedesktop.DBus',"
+                                         "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg2=''",
+                                         nameLost,
+                                         nullptr,
+                                         this),
+                  slot);
     // The object comes first: with the name, the calls come that have been waiting for it.
-    if (!m_bus.registerObject(objectPath,
-                              this,
-                              QDBusConnection::ExportScriptableSlots
-                                  | QDBusConnection::ExportScriptableSignals)
-        || !m_bus.registerService(Service))
-        return false;
-    m_idle.start();
-    return true;
+    isDone = isDone
+             && keep(sd_bus_add_object_vtable(m_bus.get(), &slot, Object, Interface, interface, this), slot);
+    const SdBus::Message call = m_bus.newCall(Bus, BusObject, Bus, "RequestName");
+    if (isDone && call
+        && sd_bus_message_append(call.get(), "su", Service.toLatin1().constData(), DoNotQueue) >= 0)
+        m_naming = m_bus.call(call, [this](sd_bus_message *reply) { named(reply); });
+    if (!m_naming) {
+        QMetaObject::invokeMethod(
+            this, [this] { Q_EMIT unavailable(QStringLiteral("Out of memory")); }, Qt::QueuedConnection);
+    }
+}
+
+void Manager::named(sd_bus_message *reply)
+{
+    uint32_t result = 0;
+    const sd_bus_error *error = sd_bus_message_get_error(reply);
+    if (error != nullptr || sd_bus_message_read(reply, "u", &result) <= 0 || result != PrimaryOwner) {
+        m_hasName = false;
+        Q_EMIT unavailable(error == nullptr ? QStringLiteral("Another program has it.")
+                                            : QString::fromUtf8(error->message));
+        return;
+    }
+    // Not before: nobody else with this name is at work any more.
+    m_worker.start([this] {
+        m_work.recover();
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                m_isWorking = false;
+                workOn();
+                settle();
+            },
+            Qt::QueuedConnection);
+    });
 }
 
 void Manager::stop()
 {
     // While leaving this is the service manager's answer to the name that is gone: nothing new.
-    if (m_leaving)
+    if (m_isLeaving)
         return;
-    std::vector<Number> waiting;
-    for (const auto &[number, open] : m_open) {
-        if (!open.working)
-            waiting.push_back(number);
-    }
-    for (const Number number : waiting) {
-        m_bus.send(m_open.at(number).call.createErrorReply(QDBusError::NoReply,
-                                                           QStringLiteral("The helper is being stopped.")));
+    for (const Number number : numbersOf([](const Open &open) { return !open.isWorking; })) {
+        replyError(m_open.at(number).call.get(),
+                   SD_BUS_ERROR_NO_REPLY,
+                   QStringLiteral("The helper is being stopped."));
         close(number);
     }
     leave();
 }
 
-bool Manager::AddLocalSource(const QString &entry)
+int Manager::filter(sd_bus_message *message, void *manager, sd_bus_error * /*error*/)
 {
-    return take({HelperRequest::AddLocalSource, entry, {}, 0, 0});
+    if (sd_bus_message_is_method_call(message, nullptr, nullptr) <= 0
+        || sd_bus_message_get_expect_reply(message) > 0)
+        return 0;
+    // Whoever does not want to know what became of a request need not be asked for a password.
+    static_cast<Manager *>(manager)->noteRefusal(
+        QStringLiteral("a request of %1 that wants no answer is not done")
+            .arg(QString::fromLatin1(sd_bus_message_get_sender(message))));
+    return 1;
 }
 
-bool Manager::RemoveLocalSource(const QString &entry)
+int Manager::called(sd_bus_message *call, void *manager, sd_bus_error *error)
 {
-    return take({HelperRequest::RemoveLocalSource, entry, {}, 0, 0});
+    return static_cast<Manager *>(manager)->take(call, error);
 }
 
-bool Manager::PublishRepo(const QString &path, int port, int protocol)
+int Manager::take(sd_bus_message *call, sd_bus_error *error)
 {
-    return take({HelperRequest::PublishRepo, {}, path, port, protocol});
-}
-
-bool Manager::UnpublishRepo(int port, int protocol)
-{
-    return take({HelperRequest::UnpublishRepo, {}, {}, port, protocol});
-}
-
-bool Manager::hasOpen(const QString &caller) const
-{
-    return std::any_of(m_open.cbegin(), m_open.cend(), [&caller](const auto &open) {
-        return open.second.call.service() == caller;
-    });
-}
-
-bool Manager::isBusy(uint user) const
-{
-    return std::count_if(
-               m_open.cbegin(), m_open.cend(), [user](const auto &open) { return open.second.user == user; })
-           > MostOfOneUser;
-}
-
-bool Manager::take(const HelperRequest &request)
-{
-    if (!calledFromDBus())
-        return false;
-    if (m_open.size() >= MostOfAll) {
-        sendErrorReply(QDBusError::LimitsExceeded, tooMany);
-        return false;
+    const QByteArray caller = sd_bus_message_get_sender(call);
+    const auto refuse = [&caller, error, this] {
+        noteRefusal(QStringLiteral("%1 has too many requests open").arg(QString::fromLatin1(caller)));
+        return sd_bus_error_set_const(error, SD_BUS_ERROR_LIMITS_EXCEEDED, TooMany);
+    };
+    if (!m_callers.hasPlace(caller))
+        return refuse();
+    HelperRequest request;
+    const QString problem = RequestMessage::read(call, &request);
+    if (!problem.isEmpty()) {
+        noteRefusal(QStringLiteral("a request of %1: %2").arg(QString::fromLatin1(caller), problem));
+        reply(call, {HelperOutcome::Invalid, problem});
+        return 1;
     }
-    setDelayedReply(true);
+    if (!m_callers.takePlace(caller, RequestMessage::sizeOf(request)))
+        return refuse();
     m_idle.stop();
-    const QString caller = message().service();
     const Number number = ++m_count;
-    m_open[number] = {request, message(), {}, {}, false};
-    // Watched before the bus is asked who it is: whoever has left by then is not known to the bus any more.
-    m_callers.addWatchedService(caller);
-    QDBusMessage call = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                                       QStringLiteral("/org/freedesktop/DBus"),
-                                                       QStringLiteral("org.freedesktop.DBus"),
-                                                       QStringLiteral("GetConnectionUnixUser"));
-    call.setArguments({caller});
-    auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, number, watcher] {
-        watcher->deleteLater();
-        identified(number, watcher->reply());
-    });
-    return false;
+    Open &open = m_open[number];
+    open.request = request;
+    open.call.reset(sd_bus_message_ref(call));
+    open.caller = caller;
+    open.limit = QDeadlineTimer(m_times.begin);
+    if (!m_limit.isActive())
+        m_limit.start(m_times.begin);
+    if (m_callers.userOf(caller))
+        admit(number);
+    else
+        identify(caller);
+    return 1;
 }
 
-void Manager::identified(Number number, const QDBusMessage &reply)
+void Manager::identify(const QByteArray &caller)
 {
-    const auto found = m_open.find(number);
-    if (found == m_open.end())
+    if (m_identifying.find(caller) != m_identifying.end())
         return;
-    Open &open = found->second;
-    const bool known = reply.type() == QDBusMessage::ReplyMessage && reply.signature() == QLatin1String("u");
-    Journal::write(Journal::Info,
-                   QStringLiteral("request %1 of %2, user %3: %4")
-                       .arg(QString::number(number),
-                            open.call.service(),
-                            known ? reply.arguments().constFirst().toString() : QStringLiteral("unknown"),
-                            open.request.describe()));
-    if (!known) {
-        answer(number, {HelperOutcome::Refused, QStringLiteral("The bus does not tell who the caller is.")});
-        return;
-    }
-    open.user = reply.arguments().constFirst().toUInt();
-    if (isBusy(*open.user)) {
-        m_bus.send(open.call.createErrorReply(QDBusError::LimitsExceeded, tooMany));
+    const SdBus::Message call = m_bus.newCall(Bus, BusObject, Bus, "GetConnectionUnixUser");
+    if (call && sd_bus_message_append(call.get(), "s", caller.constData()) >= 0)
+        m_identifying[caller]
+            = m_bus.call(call, [this, caller](sd_bus_message *reply) { identified(caller, reply); });
+}
+
+void Manager::identified(const QByteArray &caller, sd_bus_message *reply)
+{
+    m_identifying.erase(caller);
+    uint32_t user = 0;
+    const bool isKnown
+        = sd_bus_message_get_error(reply) == nullptr && sd_bus_message_read(reply, "u", &user) > 0;
+    if (isKnown)
+        m_callers.identified(caller, user);
+    for (const Number number : numbersOf([&caller](const Open &open) { return open.caller == caller; })) {
+        Open &open = m_open.at(number);
+        if (!isKnown) {
+            answer(number,
+                   {HelperOutcome::Refused, QStringLiteral("The bus does not tell who the caller is.")});
+            continue;
+        }
+        open.hasPlace = m_callers.takePlace(caller, RequestMessage::sizeOf(open.request));
+        if (open.hasPlace) {
+            admit(number);
+            continue;
+        }
+        noteRefusal(QStringLiteral("user %1 has too many requests open").arg(user));
+        replyError(open.call.get(), SD_BUS_ERROR_LIMITS_EXCEEDED, QLatin1String(TooMany));
         close(number);
-        return;
     }
+}
+
+void Manager::admit(Number number)
+{
+    Open &open = m_open.at(number);
     const QString problem = RequestRules::problem(open.request);
     if (!problem.isEmpty()) {
         answer(number, {HelperOutcome::Invalid, problem});
         return;
     }
+    open.isNoted = true;
+    Journal::write(Journal::Info, describe(number));
     ask(number);
 }
 
 void Manager::ask(Number number)
 {
     Open &open = m_open.at(number);
-    open.question = m_authority.check(open.call.service(),
+    open.question = m_authority.check(open.caller,
                                       open.request.action(),
                                       open.request.arguments(),
                                       [this, number](bool authorised, const QString &reason) {
@@ -185,22 +271,30 @@ void Manager::ask(Number number)
                                           m_queue.push_back(number);
                                           workOn();
                                       });
+    if (open.question.isEmpty())
+        answer(number, {HelperOutcome::Refused, QStringLiteral("polkit could not be asked.")});
 }
 
 void Manager::workOn()
 {
-    if (m_queue.empty()
-        || std::any_of(m_open.cbegin(), m_open.cend(), [](const auto &open) { return open.second.working; }))
+    if (m_isWorking || m_queue.empty())
         return;
     const Number number = m_queue.front();
     m_queue.pop_front();
     Open &open = m_open.at(number);
-    open.working = true;
-    m_worker.start([this, number, work = m_work, request = open.request] {
-        const HelperOutcome outcome = work(request);
+    if (open.limit.hasExpired()) {
+        expire();
+        workOn();
+        return;
+    }
+    m_isWorking = true;
+    open.isWorking = true;
+    m_worker.start([this, number, request = open.request] {
+        const HelperOutcome outcome = m_work.run(request);
         QMetaObject::invokeMethod(
             this,
             [this, number, outcome] {
+                m_isWorking = false;
                 answer(number, outcome);
                 workOn();
             },
@@ -210,70 +304,145 @@ void Manager::workOn()
 
 void Manager::answer(Number number, const HelperOutcome &outcome)
 {
-    const QDBusMessage call = m_open.at(number).call;
-    if (outcome.kind == HelperOutcome::Done) {
+    const Open &open = m_open.at(number);
+    if (outcome.kind == HelperOutcome::Done)
         Journal::write(Journal::Notice, QStringLiteral("request %1: done").arg(number));
-    } else {
+    else if (open.isNoted)
         Journal::write(Journal::Warning,
                        QStringLiteral("request %1: %2").arg(QString::number(number), outcome.reason));
-        // Not emitted: that would tell every program on the bus what this one has asked for.
-        QDBusMessage error
-            = QDBusMessage::createTargetedSignal(call.service(),
-                                                 objectPath,
-                                                 QStringLiteral("org.corvana.velt.repo.Manager"),
-                                                 QStringLiteral("Error"));
-        error.setArguments({int(outcome.kind), outcome.reason});
-        m_bus.send(error);
-    }
-    if (outcome.kind == HelperOutcome::Done || outcome.kind == HelperOutcome::Failed)
-        m_bus.send(call.createReply(outcome.kind == HelperOutcome::Done));
     else
-        m_bus.send(call.createErrorReply(errorOf(outcome.kind), outcome.reason));
+        noteRefusal(QStringLiteral("%1: %2").arg(describe(number), outcome.reason));
+    reply(open.call.get(), outcome);
     close(number);
+}
+
+void Manager::reply(sd_bus_message *call, const HelperOutcome &outcome)
+{
+    sd_bus_message *created = nullptr;
+    if (outcome.kind != HelperOutcome::Done) {
+        // To the caller alone: others on the bus must not learn what this one has asked for.
+        sd_bus_message_new_signal(m_bus.get(), &created, Object, Interface, "Error");
+        const SdBus::Message error(created);
+        if (sd_bus_message_append(created, "is", int32_t(outcome.kind), outcome.reason.toUtf8().constData())
+                >= 0
+            && sd_bus_message_set_destination(created, sd_bus_message_get_sender(call)) >= 0)
+            m_bus.send(error);
+    }
+    if (outcome.kind != HelperOutcome::Done && outcome.kind != HelperOutcome::Failed) {
+        replyError(call, errorOf(outcome.kind), outcome.reason);
+        return;
+    }
+    sd_bus_message_new_method_return(call, &created);
+    const SdBus::Message answer(created);
+    if (sd_bus_message_append(created, "b", int(outcome.kind == HelperOutcome::Done)) >= 0)
+        m_bus.send(answer);
+}
+
+void Manager::replyError(sd_bus_message *call, const char *name, const QString &reason)
+{
+    sd_bus_message *created = nullptr;
+    sd_bus_message_new_method_errorf(call, &created, name, "%s", reason.toUtf8().constData());
+    m_bus.send(SdBus::Message(created));
+}
+
+void Manager::noteRefusal(const QString &text)
+{
+    if (m_refusals.hasExpired()) {
+        m_refusals.setRemainingTime(RefusalsPeriod);
+        m_refusalCount = 0;
+    }
+    if (++m_refusalCount <= MostRefusalsNoted)
+        Journal::write(Journal::Warning, text);
+    else if (m_refusalCount == MostRefusalsNoted + 1)
+        Journal::write(Journal::Warning, QStringLiteral("more requests are refused than are written down"));
 }
 
 void Manager::close(Number number)
 {
     const auto found = m_open.find(number);
-    const QString caller = found->second.call.service();
-    if (!found->second.question.isEmpty())
-        m_authority.cancel(found->second.question);
+    const Open &open = found->second;
+    if (!open.question.isEmpty())
+        m_authority.cancel(open.question);
+    if (open.hasPlace)
+        m_callers.givePlaceBack(open.caller, RequestMessage::sizeOf(open.request));
     m_queue.erase(std::remove(m_queue.begin(), m_queue.end(), number), m_queue.end());
     m_open.erase(found);
-    if (!hasOpen(caller))
-        m_callers.removeWatchedService(caller);
     settle();
 }
 
-void Manager::forget(const QString &caller)
+int Manager::nameLost(sd_bus_message *signal, void *manager, sd_bus_error * /*error*/)
 {
-    std::vector<Number> gone;
-    for (const auto &[number, open] : m_open) {
-        // What has begun is brought to its end: half of it would be worse than all of it.
-        if (open.call.service() == caller && !open.working)
-            gone.push_back(number);
-    }
-    for (const Number number : gone) {
-        Journal::write(Journal::Info, QStringLiteral("request %1: the caller has left").arg(number));
+    const char *name = nullptr;
+    if (sd_bus_message_read(signal, "s", &name) > 0)
+        static_cast<Manager *>(manager)->forget(name);
+    return 0;
+}
+
+void Manager::forget(const QByteArray &caller)
+{
+    // What has begun is brought to its end: half of it would be worse than all of it.
+    for (const Number number :
+         numbersOf([&caller](const Open &open) { return open.caller == caller && !open.isWorking; })) {
+        if (m_open.at(number).isNoted)
+            Journal::write(Journal::Info, QStringLiteral("request %1: the caller has left").arg(number));
         close(number);
     }
+    m_identifying.erase(caller);
+    m_callers.left(caller);
+}
+
+void Manager::expire()
+{
+    const HelperOutcome outcome{HelperOutcome::TooLate,
+                                QStringLiteral("The request was not authorised and begun in time.")};
+    for (const Number number :
+         numbersOf([](const Open &open) { return !open.isWorking && open.limit.hasExpired(); }))
+        answer(number, outcome);
+    const Numbers waiting = numbersOf([](const Open &open) { return !open.isWorking; });
+    if (!waiting.empty())
+        m_limit.start(int(m_open.at(waiting.front()).limit.remainingTime()));
 }
 
 void Manager::leave()
 {
-    m_leaving = true;
+    m_isLeaving = true;
     m_idle.stop();
-    m_bus.unregisterService(Service);
-    // Calls that came before the name was gone are events of this object by now; this one is behind them.
-    QMetaObject::invokeMethod(this, &Manager::settle, Qt::QueuedConnection);
+    const SdBus::Message call = m_bus.newCall(Bus, BusObject, Bus, "ReleaseName");
+    if (call && sd_bus_message_append(call.get(), "s", Service.toLatin1().constData()) >= 0)
+        m_releasing = m_bus.call(call, [this](sd_bus_message * /*reply*/) {
+            // The calls that came as long as the name was ours came before this answer.
+            m_hasName = false;
+            settle();
+        });
 }
 
 void Manager::settle()
 {
-    if (!m_open.empty())
+    if (!m_open.empty() || m_isWorking)
         return;
-    if (m_leaving)
-        Q_EMIT finished();
-    else
+    if (!m_isLeaving)
         m_idle.start();
+    else if (!m_hasName)
+        Q_EMIT finished();
+}
+
+Manager::Numbers Manager::numbersOf(const std::function<bool(const Open &)> &isMeant) const
+{
+    Numbers numbers;
+    for (const auto &[number, open] : m_open) {
+        if (isMeant(open))
+            numbers.push_back(number);
+    }
+    return numbers;
+}
+
+QString Manager::describe(Number number) const
+{
+    const Open &open = m_open.at(number);
+    const auto user = m_callers.userOf(open.caller);
+    return QStringLiteral("request %1 of %2, user %3: %4")
+        .arg(QString::number(number),
+             QString::fromLatin1(open.caller),
+             user ? QString::number(*user) : QStringLiteral("unknown"),
+             open.request.describe());
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "helper/privilegedwork.h"
 
+#include "helper/journal.h"
 #include "helper/requestrules.h"
 #include "server/publicationpath.h"
 #include "server/sourceline.h"
@@ -20,15 +21,79 @@ PrivilegedWork::PrivilegedWork()
 
 PrivilegedWork::PrivilegedWork(const Places &places)
     : m_sources(places.sources)
+    , m_stateFolder(places.stateFolder)
+    , m_intentFile(places.stateFolder + QStringLiteral("/intent"))
     , m_http(places.http)
     , m_ftp(places.ftpConfig, places.http.unitDir)
 { }
+
+bool PrivilegedWork::recover()
+{
+    QString errorText;
+    const auto file = SystemFile::read(m_intentFile, &errorText);
+    if (file && !file->exists)
+        return true;
+    if (!file) {
+        Journal::write(Journal::Error, errorText);
+        return false;
+    }
+    const auto intent = PublicationIntent::read(file->contents);
+    if (!intent)
+        Journal::write(Journal::Error, QStringLiteral("%1 is damaged and not followed").arg(m_intentFile));
+    else if (!follow(*intent))
+        return false;
+    if (SystemFile::remove(m_intentFile, &errorText))
+        return true;
+    Journal::write(Journal::Error, errorText);
+    return false;
+}
+
+bool PrivilegedWork::follow(const PublicationIntent &intent)
+{
+    const QString port = QString::number(intent.port);
+    if (intent.kind == PublicationIntent::Publish) {
+        Journal::write(Journal::Warning,
+                       QStringLiteral("the publication of %1 on port %2 was cut short and is undone")
+                           .arg(Journal::quoted(intent.path), port));
+        return server(intent.protocol).restore(intent.port, intent.before);
+    }
+    Journal::write(
+        Journal::Warning,
+        QStringLiteral("the end of the publication on port %1 was cut short and is completed").arg(port));
+    // What has been configured by somebody else meanwhile goes on.
+    return (intent.protocol == FtpProtocol && !m_ftp.isConfiguredByUs())
+           || server(intent.protocol).unpublish(intent.port);
+}
+
+HelperOutcome PrivilegedWork::doWithIntent(const PublicationIntent &intent,
+                                           const QString &failure,
+                                           const std::function<bool()> &work)
+{
+    QString errorText;
+    const QByteArray text = intent.text();
+    if (text.size() > SystemFile::SizeLimit)
+        return {HelperOutcome::Failed, QStringLiteral("The present configuration is too large.")};
+    if (!SystemFile::makeFolder(m_stateFolder, &errorText)
+        || !SystemFile::write(m_intentFile, text, 0600, SystemFile::Existing::Replaced, &errorText))
+        return {HelperOutcome::Failed, errorText};
+    const bool isDone = work();
+    // As long as it is there, the next helper goes by it: then nothing has been done.
+    if (!SystemFile::remove(m_intentFile, &errorText))
+        return {HelperOutcome::Failed, errorText};
+    return isDone ? done() : HelperOutcome{HelperOutcome::Failed, failure};
+}
 
 HelperOutcome PrivilegedWork::run(const HelperRequest &request)
 {
     const QString problem = RequestRules::problem(request);
     if (!problem.isEmpty())
         return {HelperOutcome::Invalid, problem};
+    const bool isPublication
+        = request.method == HelperRequest::PublishRepo || request.method == HelperRequest::UnpublishRepo;
+    if (isPublication && !recover()) {
+        return {HelperOutcome::Failed,
+                QStringLiteral("A publication that was cut short could not be brought in order.")};
+    }
     switch (request.method) {
     case HelperRequest::AddLocalSource:
     case HelperRequest::RemoveLocalSource:
@@ -67,9 +132,14 @@ HelperOutcome PrivilegedWork::publish(const HelperRequest &request)
                 QStringLiteral("%1 is not the canonical path of a repository outside of /tmp.")
                     .arg(request.path)};
     }
-    if (!server(request.protocol).publish(request.path, request.port))
-        return {HelperOutcome::Failed, QStringLiteral("The server could not be started.")};
-    return done();
+    RepoServer &server = this->server(request.protocol);
+    const QString failure = QStringLiteral("The server could not be started.");
+    const auto before = server.state(request.port);
+    if (!before)
+        return {HelperOutcome::Failed, failure};
+    return doWithIntent({PublicationIntent::Publish, request.protocol, request.port, request.path, *before},
+                        failure,
+                        [&] { return server.publish(request.path, request.port); });
 }
 
 HelperOutcome PrivilegedWork::unpublish(const HelperRequest &request)
@@ -79,9 +149,9 @@ HelperOutcome PrivilegedWork::unpublish(const HelperRequest &request)
         return {HelperOutcome::Failed,
                 QStringLiteral("The FTP server is not configured by this program and goes on as it does.")};
     }
-    if (!server(request.protocol).unpublish(request.port))
-        return {HelperOutcome::Failed, QStringLiteral("The server could not be stopped.")};
-    return done();
+    return doWithIntent({PublicationIntent::Unpublish, request.protocol, request.port, {}, {}},
+                        QStringLiteral("The server could not be stopped."),
+                        [&] { return server(request.protocol).unpublish(request.port); });
 }
 
 RepoServer &PrivilegedWork::server(int protocol)

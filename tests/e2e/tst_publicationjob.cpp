@@ -396,21 +396,6 @@ private Q_SLOTS:
         QCOMPARE(unpublish(8082, protocol), "b true"_s);
     }
 
-    void recoversFromAKilledHelper()
-    {
-        const QString told = box(R"(cd /
-            runuser -u tester -- busctl call org.corvana.velt.repo / org.corvana.velt.repo.Manager \
-                PublishRepo sii "$1" 8083 0 2>&1 &
-            until systemctl -q is-active public-repo-8083; do sleep 0.02; done
-            systemctl kill -s KILL velt-admin-repo-helper
-            wait $! || true)"_s,
-                                 {openRepo});
-        QVERIFY2(told.startsWith("Call failed:"_s), qPrintable(told));
-        QCOMPARE(box("systemctl is-enabled public-repo-8083 || true"_s), "disabled"_s);
-        QCOMPARE(publish(openRepo, 8083, 0), "b true"_s);
-        QCOMPARE(unpublish(8083, 0), "b true"_s);
-    }
-
     void publishesFromTheWindow()
     {
         QVERIFY(QFile::copy(QStringLiteral(WINDOW_PROGRAM), m_system.sharedFolder() + "/window"_s));

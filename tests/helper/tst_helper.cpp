@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "helper/callers.h"
 #include "helper/manager.h"
 #include "helper/polkitpeer.h"
 #include "helper/privilegedwork.h"
@@ -28,9 +29,10 @@ using Reply = QDBusPendingReply<bool>;
 
 const QString line = QStringLiteral("deb http://10.0.0.1:8000/ dog main");
 
-QDBusConnection connectTo(const PrivateBus &bus, const char *name)
+QDBusConnection connectTo(const char *name)
 {
-    return QDBusConnection::connectToBus(bus.address(), QString::fromLatin1(name));
+    return QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS"),
+                                         QString::fromLatin1(name));
 }
 
 Reply call(const QDBusConnection &bus, const char *method, const QVariantList &arguments)
@@ -54,28 +56,35 @@ QString resultOf(const Reply &reply)
 /** The helper without its process, with work that is written down and waits for leave. */
 struct Inside
 {
-    explicit Inside(const PrivateBus &bus, std::chrono::milliseconds idleTime = 1h)
-        : manager(
-            connectTo(bus, "helper"),
-            [this](const HelperRequest &request) {
-                begun.release();
-                leave.acquire();
-                done += request.describe();
-                return HelperOutcome{request.port == 666 ? HelperOutcome::Failed : HelperOutcome::Done,
-                                     "No."_s};
-            },
-            idleTime)
+    explicit Inside(Manager::Times times = {1h}, int recoveries = 1)
+        : recovery(recoveries)
+        , manager(bus,
+                  {[this] { recovery.acquire(); },
+                   [this](const HelperRequest &request) {
+                       begun.release();
+                       leave.acquire();
+                       done += request.describe();
+                       return HelperOutcome{request.port == 666 ? HelperOutcome::Failed : HelperOutcome::Done,
+                                            "No."_s};
+                   }},
+                  times)
     {
-        if (!manager.start())
+        const QDBusConnection watching = connectTo("inside");
+        manager.start();
+        if (!QTest::qWaitFor(
+                [&] { return watching.interface()->isServiceRegistered(Manager::Service).value(); }))
             qFatal("no helper");
+        QDBusConnection::disconnectFromBus("inside"_s);
     }
     ~Inside()
     {
+        recovery.release();
         leave.release(100);
-        QDBusConnection::disconnectFromBus("helper"_s);
     }
     Q_DISABLE_COPY(Inside)
 
+    BusConnection bus;
+    QSemaphore recovery;
     QSemaphore begun;
     QSemaphore leave{100};
     QStringList done;
@@ -124,9 +133,9 @@ private Q_SLOTS:
 
     void answers()
     {
-        const Inside inside(*m_bus);
-        QDBusConnection a = connectTo(*m_bus, "a");
-        QDBusConnection b = connectTo(*m_bus, "b");
+        const Inside inside;
+        QDBusConnection a = connectTo("a");
+        QDBusConnection b = connectTo("b");
         const auto listen = [this](QDBusConnection &bus) {
             return bus.connect(
                 {}, "/"_s, "org.corvana.velt.repo.Manager"_s, "Error"_s, this, SLOT(takeError(int, QString)));
@@ -187,9 +196,9 @@ private Q_SLOTS:
 
     void hostileArguments()
     {
-        const Inside inside(*m_bus);
+        const Inside inside;
         PolkitPeer polkit(m_bus->address());
-        const QDBusConnection a = connectTo(*m_bus, "a");
+        const QDBusConnection a = connectTo("a");
         const QVector<QPair<QString, QVariantList>> paths{
             {"PublishRepo"_s, {"/srv/r\nExecStartPre=/bin/sh"_s, 80, 0}},
             {"PublishRepo"_s, {"/srv/%h"_s, 80, 0}},
@@ -227,7 +236,7 @@ private Q_SLOTS:
             QCOMPARE(resultOf(call(a, "AddLocalSource", {entry})), "InvalidArgs"_s);
             QCOMPARE(resultOf(call(a, "RemoveLocalSource", {entry})), "InvalidArgs"_s);
         }
-        QCOMPARE(resultOf(call(a, "PublishRepo", {"/srv/r"_s, 80U, 0})), "UnknownMethod"_s);
+        QCOMPARE(resultOf(call(a, "PublishRepo", {"/srv/r"_s, 80U, 0})), "InvalidArgs"_s);
         QCOMPARE(resultOf(call(a, "deleteLater", {})), "UnknownMethod"_s);
         QVERIFY(polkit.questions.isEmpty() && inside.done.isEmpty());
 
@@ -244,11 +253,11 @@ private Q_SLOTS:
 
     void manyCallers()
     {
-        Inside inside(*m_bus);
+        Inside inside;
         PolkitPeer polkit(m_bus->address());
         // Who holds no connection can leave.
-        const auto from = [this](const char *caller, int port) {
-            return call(connectTo(*m_bus, caller), "UnpublishRepo", {port, 0});
+        const auto from = [](const char *caller, int port) {
+            return call(connectTo(caller), "UnpublishRepo", {port, 0});
         };
         // A question that nobody answers holds up neither others nor, when its caller has left, itself.
         polkit.answer = PolkitPeer::Silence;
@@ -290,23 +299,84 @@ private Q_SLOTS:
         QCOMPARE(inside.done.size(), 3);
     }
 
+    void beginsNothingLate()
+    {
+        Inside inside({1h, 300ms}, 0); // recovery has not ended
+        PolkitPeer polkit(m_bus->address());
+        const QDBusConnection a = connectTo("a");
+        polkit.answer = PolkitPeer::Silence;
+        QCOMPARE(resultOf(call(a, "UnpublishRepo", {1, 0})), "Timeout"_s);
+        QTRY_COMPARE(polkit.takenBack, QStringList(polkit.questions.first().id));
+        polkit.answer = PolkitPeer::Yes;
+        QCOMPARE(resultOf(call(a, "UnpublishRepo", {2, 0})), "Timeout"_s);
+        QCOMPARE(polkit.questions.size(), 2);
+        inside.recovery.release();
+        QCOMPARE(resultOf(call(a, "UnpublishRepo", {3, 0})), "yes"_s);
+        QCOMPARE(inside.done.size(), 1);
+    }
+
+    void keepsPlaces()
+    {
+        // As many connections as a bus allows one user fill what they can, before anybody knows who it is.
+        Callers callers;
+        const auto name = [](int i) { return QByteArray::number(i); };
+        QVector<QPair<int, std::size_t>> taken;
+        for (int i = 0; i < 256; ++i) {
+            for (const std::size_t size : {70000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000}) {
+                if (callers.takePlace(name(i), size))
+                    taken.append({i, size});
+            }
+        }
+        QCOMPARE(taken.size(), 256 * 8);
+        QVERIFY(callers.takePlace("root", 70000));
+        // Now the bus has told that each is another user.
+        for (int i = 0; i < 256; ++i)
+            callers.identified(name(i), uid_t(i + 1));
+        callers.identified("root", 0);
+        int places = 0;
+        for (const auto &[i, size] : qAsConst(taken))
+            places += callers.takePlace(name(i), size) ? 1 : 0;
+        QCOMPARE(places, 256);
+        QVERIFY(callers.takePlace("root", 70000));
+        // Who has left gives the places back when the work is done, and not before.
+        callers.left(name(0));
+        callers.identified("late", 1000);
+        QVERIFY(!callers.takePlace("late", 1));
+        callers.givePlaceBack(name(0), 70000);
+        QVERIFY(callers.takePlace("late", 1));
+    }
+
+    void wantsToBeAnswered()
+    {
+        const Inside inside;
+        PolkitPeer polkit(m_bus->address());
+        const QDBusConnection a = connectTo("a");
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            Manager::Service, "/"_s, "org.corvana.velt.repo.Manager"_s, "UnpublishRepo"_s);
+        message.setArguments({1, 0});
+        a.call(message, QDBus::NoBlock);
+        QCOMPARE(resultOf(call(a, "UnpublishRepo", {2, 0})), "yes"_s);
+        QCOMPARE(polkit.questions.size(), 1);
+        QCOMPARE(inside.done.size(), 1);
+    }
+
     void callBeforeTheEnd()
     {
-        Inside inside(*m_bus);
+        Inside inside;
         PolkitPeer polkit(m_bus->address());
-        const QDBusConnection a = connectTo(*m_bus, "a");
+        const QDBusConnection a = connectTo("a");
         const Reply late = call(a, "UnpublishRepo", {1, 0});
         a.interface()->serviceOwner(Manager::Service); // by now the bus has handed on the call
         QSignalSpy finished(&inside.manager, &Manager::finished);
         inside.manager.stop();
-        QVERIFY(!a.interface()->isServiceRegistered(Manager::Service));
+        QTRY_VERIFY(!a.interface()->isServiceRegistered(Manager::Service));
         QCOMPARE(resultOf(late), "yes"_s);
         QTRY_VERIFY(!finished.isEmpty());
     }
 
     void process()
     {
-        const QDBusConnection a = connectTo(*m_bus, "a");
+        const QDBusConnection a = connectTo("a");
         PolkitPeer polkit(m_bus->address());
         QTemporaryDir folder;
         writeFile(folder.filePath("r/conf/distributions"_s), "x");
