@@ -63,7 +63,7 @@ private Q_SLOTS:
         QTest::newRow("large, without an answer") << "1 10 25165824 silent"_s;
         QTest::newRow("large, from many") << "20 1 25165824 reply"_s;
         QTest::newRow("small, without an answer") << "50 1000 30 silent"_s;
-        QTest::newRow("small, from many") << "100 100 30 reply"_s;
+        QTest::newRow("small, from many") << "250 40 30 silent"_s;
     }
 
     void answersRootInAFlood()

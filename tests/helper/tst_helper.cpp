@@ -5,8 +5,10 @@
 #include "helper/privilegedwork.h"
 #include "helper/requestrules.h"
 #include "server/sourceline.h"
+#include "server/vsftpdconfig.h"
 #include "support/literals.h"
 #include "support/privatebus.h"
+#include "support/systemdpeer.h"
 #include "support/testenvironment.h"
 
 #include <QDBusConnectionInterface>
@@ -414,12 +416,57 @@ private Q_SLOTS:
         QVERIFY(wrong.waitForFinished() && wrong.exitCode() == 1);
     }
 
+    void recovers()
+    {
+        const QTemporaryDir folder;
+        const SystemdPeer systemd(m_bus->address(), folder.path());
+        PrivilegedWork::Places places;
+        places.http.unitDir = folder.path();
+        places.ftpConfig = folder.filePath("vsftpd.conf"_s);
+        places.stateFolder = folder.filePath("state"_s);
+        PrivilegedWork work(places);
+        const QString file = folder.filePath("state/intent"_s);
+        const QString kept = places.ftpConfig + FtpServer::KeptSuffix;
+        const QByteArray text = PublicationIntent{PublicationIntent::Publish,
+                                                  FtpProtocol,
+                                                  2121,
+                                                  "/srv/мой r"_s,
+                                                  {{{true, "by hand\n", 0640}, {}, {}}, false, false}}
+                                    .text();
+        writeFile(places.ftpConfig, VsftpdConfig::text("/srv/мой r"_s, 2121).toUtf8());
+        writeFile(kept, "by hand\n");
+        writeFile(file, text);
+        QVERIFY(work.recover());
+        QCOMPARE(readFile(places.ftpConfig), QByteArray("by hand\n"));
+        QVERIFY(!QFile::exists(kept) && !QFile::exists(file));
+
+        // What the administrator has written in the meantime stays.
+        writeFile(places.ftpConfig, "later\n");
+        writeFile(file, text);
+        QVERIFY(work.recover() && !QFile::exists(file));
+        QCOMPARE(readFile(places.ftpConfig), QByteArray("later\n"));
+
+        // Nothing is done by what is damaged, and it is in nobody's way.
+        QVERIFY(PublicationIntent::read(text));
+        for (int size = 0; size < text.size(); ++size)
+            QVERIFY2(!PublicationIntent::read(text.left(size)), text.left(size).constData());
+        QVERIFY(!PublicationIntent::read(QByteArray(text).replace("2121", "0")));
+        QVERIFY(!PublicationIntent::read(QByteArray(text).replace("/srv", "srv")));
+        writeFile(places.ftpConfig, VsftpdConfig::text("/srv/r"_s, 2121).toUtf8());
+        for (const QByteArray &damaged : {text.left(60), QByteArray(text).replace("file absent\n", "")}) {
+            writeFile(file, damaged);
+            QVERIFY(work.recover() && !QFile::exists(file));
+            QVERIFY(readFile(places.ftpConfig).startsWith("listen=yes"));
+        }
+    }
+
     void sourcesFile()
     {
         QTemporaryDir folder;
         PrivilegedWork::Places places;
         places.sources = folder.filePath("d/velt.list"_s);
         places.ftpConfig = folder.filePath("vsftpd.conf"_s);
+        places.stateFolder = folder.filePath("state"_s);
         PrivilegedWork work(places);
         const HelperRequest add{HelperRequest::AddLocalSource, line, {}, 0, 0};
         const HelperRequest remove{HelperRequest::RemoveLocalSource, line, {}, 0, 0};
