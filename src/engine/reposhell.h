@@ -142,7 +142,8 @@ public:
      * does not come when the engine is deleted before.
      */
     using HelperAnswer = std::function<void(bool done)>;
-    void addLocalSource(const QString &entry, const HelperAnswer &answer);
+    /** `key` is the one that the entry names, in ASCII armor; empty when it names none. */
+    void addLocalSource(const QString &entry, const HelperAnswer &answer, const QByteArray &key = {});
     void removeLocalSource(const QString &entry, const HelperAnswer &answer);
     void publishRepo(int port, int protocol, const HelperAnswer &answer);
     void unpublishRepo(int port, int protocol, const HelperAnswer &answer);

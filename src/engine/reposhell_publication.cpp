@@ -38,9 +38,9 @@ bool RepoShell::isInLocalSources(const QString &entry)
     return LocalSources::fileContains(entry);
 }
 
-void RepoShell::addLocalSource(const QString &entry, const HelperAnswer &answer)
+void RepoShell::addLocalSource(const QString &entry, const HelperAnswer &answer, const QByteArray &key)
 {
-    m_helper->addLocalSource(entry, toldBy(this, answer));
+    m_helper->addLocalSource(entry, key, toldBy(this, answer));
 }
 
 void RepoShell::removeLocalSource(const QString &entry, const HelperAnswer &answer)

@@ -18,11 +18,12 @@ struct Names
     const char *method;
     const char *action;
 };
-constexpr std::array<Names, 4> allNames{{
+constexpr std::array<Names, 5> allNames{{
     {"AddLocalSource", "org.corvana.velt.repo.add-local-source"},
     {"RemoveLocalSource", "org.corvana.velt.repo.remove-local-source"},
     {"PublishRepo", "org.corvana.velt.repo.publish"},
     {"UnpublishRepo", "org.corvana.velt.repo.unpublish"},
+    {"AddSignedLocalSource", "org.corvana.velt.repo.add-local-source"}, // the entry names the key
 }};
 } // namespace
 
@@ -42,7 +43,7 @@ QString HelperRequest::action() const
 QMap<QString, QString> HelperRequest::arguments() const
 {
     QMap<QString, QString> named;
-    if (method == AddLocalSource || method == RemoveLocalSource) {
+    if (method == AddLocalSource || method == AddSignedLocalSource || method == RemoveLocalSource) {
         named.insert(QStringLiteral("entry"), entry);
         return named;
     }

@@ -7,13 +7,14 @@
 /** What a caller wants done with root's rights, in its own words: nothing of it may be trusted. */
 struct HelperRequest
 {
-    enum Method { AddLocalSource, RemoveLocalSource, PublishRepo, UnpublishRepo };
+    enum Method { AddLocalSource, RemoveLocalSource, PublishRepo, UnpublishRepo, AddSignedLocalSource };
 
     Method method = AddLocalSource;
-    QString entry; ///< of the two for sources
+    QString entry; ///< of those for sources
     QString path; ///< of PublishRepo
     int port = 0; ///< of the two for publishing
     int protocol = 0; ///< of the two for publishing
+    QString key = {}; ///< of AddSignedLocalSource, in ASCII armor
 
     /** The method with this name on the bus, which must be one of them. */
     static Method methodOf(const char *name);

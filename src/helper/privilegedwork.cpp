@@ -7,8 +7,13 @@
 #include "server/sourceline.h"
 #include "server/systemfile.h"
 
+#include <QFileInfo>
+#include <QLoggingCategory>
+
 namespace
 {
+Q_LOGGING_CATEGORY(category, "velt.helper")
+
 HelperOutcome done()
 {
     return {HelperOutcome::Done, {}};
@@ -23,6 +28,7 @@ PrivilegedWork::PrivilegedWork(const Places &places)
     : m_sources(places.sources)
     , m_stateFolder(places.stateFolder)
     , m_intentFile(places.stateFolder + QStringLiteral("/intent"))
+    , m_keys(places.keys)
     , m_http(places.http)
     , m_ftp(places.ftpConfig, places.http.unitDir)
 { }
@@ -98,6 +104,8 @@ HelperOutcome PrivilegedWork::run(const HelperRequest &request)
     case HelperRequest::AddLocalSource:
     case HelperRequest::RemoveLocalSource:
         return changeSources(request);
+    case HelperRequest::AddSignedLocalSource:
+        return addWithKey(request);
     case HelperRequest::PublishRepo:
         return publish(request);
     case HelperRequest::UnpublishRepo:
@@ -115,14 +123,40 @@ HelperOutcome PrivilegedWork::changeSources(const HelperRequest &request) const
     // A character a byte: what others have written into the file survives in whatever encoding it is.
     const QString text = QString::fromLatin1(file->contents);
     const QString entry = QString::fromLatin1(request.entry.toUtf8());
-    const QString changed = request.method == HelperRequest::AddLocalSource
-                                ? LocalSources::appended(text, entry)
-                                : LocalSources::removed(text, entry);
-    if (changed == text
-        || SystemFile::write(
+    const bool isRemoval = request.method == HelperRequest::RemoveLocalSource;
+    const QString changed
+        = isRemoval ? LocalSources::removed(text, entry) : LocalSources::appended(text, entry);
+    if (changed != text
+        && !SystemFile::write(
             m_sources, changed.toLatin1(), file->mode, SystemFile::Existing::Replaced, &errorText))
-        return done();
-    return {HelperOutcome::Failed, errorText};
+        return {HelperOutcome::Failed, errorText};
+    // The key goes with the last line that names it. One that stays harms nobody: apt uses it for no other source.
+    const QString key = keyFile(request);
+    if (isRemoval && !key.isEmpty() && !changed.contains(QFileInfo(key).fileName())
+        && !SystemFile::remove(key, &errorText))
+        qCWarning(category, "%ls", qUtf16Printable(errorText));
+    return done();
+}
+
+HelperOutcome PrivilegedWork::addWithKey(const HelperRequest &request) const
+{
+    const QString key = keyFile(request);
+    QString errorText;
+    const auto before = SystemFile::read(key, &errorText);
+    // First the key: a line whose key is missing stops apt's updates.
+    if (!before || !SystemFile::makeFolder(m_keys, &errorText)
+        || !SystemFile::write(key, request.key.toLatin1(), 0644, SystemFile::Existing::Replaced, &errorText))
+        return {HelperOutcome::Failed, errorText};
+    HelperOutcome outcome = changeSources(request);
+    if (outcome.kind != HelperOutcome::Done && !SystemFile::restore(key, *before, &errorText))
+        qCWarning(category, "%ls", qUtf16Printable(errorText));
+    return outcome;
+}
+
+QString PrivilegedWork::keyFile(const HelperRequest &request) const
+{
+    const QString named = QFileInfo(RequestRules::keyFile(request.entry)).fileName();
+    return named.isEmpty() ? QString() : QStringLiteral("%1/%2").arg(m_keys, named);
 }
 
 HelperOutcome PrivilegedWork::publish(const HelperRequest &request)

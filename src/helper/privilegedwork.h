@@ -6,6 +6,7 @@
 #include "server/httpserver.h"
 #include "server/localsources.h"
 #include "server/publicationintent.h"
+#include "server/sourcekey.h"
 
 #include <functional>
 
@@ -20,6 +21,7 @@ public:
     struct Places
     {
         QString sources = LocalSources::Path;
+        QString keys = SourceKey::Folder;
         QString ftpConfig = QStringLiteral("/etc/vsftpd.conf");
         /** The helper's own; it is made when it is not there. */
         QString stateFolder = QStringLiteral("/var/lib/velt-admin-repo-helper");
@@ -41,10 +43,13 @@ private:
     QString m_sources;
     QString m_stateFolder;
     QString m_intentFile;
+    QString m_keys;
     HttpServer m_http;
     FtpServer m_ftp;
 
     HelperOutcome changeSources(const HelperRequest &request) const;
+    HelperOutcome addWithKey(const HelperRequest &request) const;
+    QString keyFile(const HelperRequest &request) const;
     HelperOutcome publish(const HelperRequest &request);
     HelperOutcome unpublish(const HelperRequest &request);
     bool follow(const PublicationIntent &intent);

@@ -2,6 +2,7 @@
 #include "helper/requestmessage.h"
 
 #include "helper/requestrules.h"
+#include "server/sourcekey.h"
 
 #include <climits>
 #include <cstdint>
@@ -24,6 +25,11 @@ QString readText(sd_bus_message *call, std::size_t longest, const char *name, QS
     return {};
 }
 
+QString readEntry(sd_bus_message *call, HelperRequest *request)
+{
+    return readText(call, LargestCharacter * RequestRules::LongestEntry, "source line", &request->entry);
+}
+
 QString readNumbers(sd_bus_message *call, HelperRequest *request)
 {
     int32_t port = 0;
@@ -44,7 +50,11 @@ QString read(sd_bus_message *call, HelperRequest *request)
     switch (request->method) {
     case HelperRequest::AddLocalSource:
     case HelperRequest::RemoveLocalSource:
-        return readText(call, LargestCharacter * RequestRules::LongestEntry, "source line", &request->entry);
+        return readEntry(call, request);
+    case HelperRequest::AddSignedLocalSource: {
+        const QString problem = readEntry(call, request);
+        return problem.isEmpty() ? readText(call, SourceKey::MostBytes, "key", &request->key) : problem;
+    }
     case HelperRequest::PublishRepo: {
         const QString problem = readText(call, PATH_MAX, "directory", &request->path);
         return problem.isEmpty() ? readNumbers(call, request) : problem;
@@ -58,6 +68,8 @@ QString read(sd_bus_message *call, HelperRequest *request)
 std::size_t sizeOf(const HelperRequest &request)
 {
     constexpr std::size_t fixed = 1024;
-    return fixed + sizeof(QChar) * static_cast<std::size_t>(request.entry.size() + request.path.size());
+    return fixed
+           + sizeof(QChar)
+                 * static_cast<std::size_t>(request.entry.size() + request.path.size() + request.key.size());
 }
 } // namespace RequestMessage

@@ -16,4 +16,6 @@ inline constexpr int LongestEntry = 1000;
 QString problem(const HelperRequest &request);
 /** The same for the line of a source: only what this program's own lines are made of passes. */
 QString entryProblem(const QString &entry);
+/** The file that a line which passes names for its key; empty when it names none. */
+QString keyFile(const QString &entry);
 } // namespace RequestRules

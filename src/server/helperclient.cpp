@@ -27,10 +27,13 @@ bool HelperClient::isReachable()
     return QDBusConnection::systemBus().isConnected();
 }
 
-void HelperClient::addLocalSource(const QString &entry, const Answer &answer)
+void HelperClient::addLocalSource(const QString &entry, const QByteArray &key, const Answer &answer)
 {
-    follow(
-        m_helper.AddLocalSource(entry), tr("Failed to add repository to local sources list!"), true, answer);
+    follow(key.isEmpty() ? m_helper.AddLocalSource(entry)
+                         : m_helper.AddSignedLocalSource(entry, QString::fromLatin1(key)),
+           tr("Failed to add repository to local sources list!"),
+           true,
+           answer);
 }
 
 void HelperClient::removeLocalSource(const QString &entry, const Answer &answer)

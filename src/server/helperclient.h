@@ -28,7 +28,8 @@ public:
     /** Whether there is a bus; without one, nothing of the system can be learnt or changed. */
     static bool isReachable();
 
-    void addLocalSource(const QString &entry, const Answer &answer);
+    /** `key` is the one that the entry names, in ASCII armor; empty when it names none. */
+    void addLocalSource(const QString &entry, const QByteArray &key, const Answer &answer);
     void removeLocalSource(const QString &entry, const Answer &answer);
     /** A reply "no" comes without an error text. */
     void publishRepo(const QString &path, int port, int protocol, const Answer &answer);

@@ -3,19 +3,32 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QHostInfo>
+#include <QNetworkInterface>
 #include <QtConcurrent>
 
 #include <utility>
 
 namespace
 {
-QString readList(const QString &path)
+QStringList hostsOfThisMachine()
+{
+    const QString name = QHostInfo::localHostName();
+    QStringList hosts{name, name + QLatin1Char('.') + QHostInfo::localDomainName()};
+    const QList<QHostAddress> addresses = QNetworkInterface::allAddresses();
+    for (const QHostAddress &address : addresses)
+        hosts += address.toString();
+    return hosts;
+}
+
+ListedSources readList(const QString &path)
 {
     constexpr qint64 MostBytes = 1 << 20;
     QFile file(path);
-    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly)
-               ? QString::fromUtf8(file.read(MostBytes))
-               : QString();
+    const QString text = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly)
+                             ? QString::fromUtf8(file.read(MostBytes))
+                             : QString();
+    return {text, hostsOfThisMachine()};
 }
 } // namespace
 
@@ -49,12 +62,12 @@ void LocalSourcesWatch::refresh()
 
 void LocalSourcesWatch::take()
 {
-    const QString text = m_reading.result();
+    const ListedSources sources = m_reading.result();
     const bool again = m_again;
     if (again)
         refresh();
-    const bool isOther = text != m_text;
-    m_text = text;
+    const bool isOther = !(sources == m_sources);
+    m_sources = sources;
     if (isOther)
         Q_EMIT changed();
     if (!again)

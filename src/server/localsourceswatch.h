@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "server/listedsources.h"
 #include "server/localsources.h"
 
 #include <QFileSystemWatcher>
@@ -14,8 +15,8 @@ class LocalSourcesWatch : public QObject
 public:
     explicit LocalSourcesWatch(QObject *parent, QString path = LocalSources::Path);
 
-    /** Whether a line of the list begins with `line`; false as well before the first reading. */
-    bool contains(const QString &line) const { return LocalSources::contains(m_text, line); }
+    /** Nothing before the first reading. */
+    const ListedSources &sources() const { return m_sources; }
     /** Reads again; due when the list was changed, which need not be noticed where its folder is missing. */
     void refresh();
 
@@ -29,8 +30,8 @@ private:
     void take();
 
     QString m_path;
-    QString m_text;
+    ListedSources m_sources;
     QFileSystemWatcher m_watcher;
-    QFutureWatcher<QString> m_reading;
+    QFutureWatcher<ListedSources> m_reading;
     bool m_again = false; ///< changed while it was being read
 };

@@ -1,12 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "server/publication.h"
 
+#include "server/portrange.h"
+
 #include <QDir>
 #include <QFileInfo>
 
 bool Publication::isRunning() const
 {
     return state != QLatin1String("inactive") && state != QLatin1String("failed");
+}
+
+int Publication::port() const
+{
+    return protocol == FtpProtocol && repo.port == 0 ? PortRange::Ftp : repo.port;
 }
 
 bool Publication::operator==(const Publication &other) const

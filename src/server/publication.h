@@ -14,6 +14,8 @@ struct Publication
 
     /** Whether it is served, or may be: a state that cannot be told counts as running. */
     bool isRunning() const;
+    /** The port on which it waits; the FTP server has a port of its own where its settings name none. */
+    int port() const;
 
     bool operator==(const Publication &other) const;
 

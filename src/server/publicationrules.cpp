@@ -6,25 +6,18 @@
 
 namespace
 {
-/** The port on which it waits; the FTP server has a port of its own where its settings name none. */
-int portOf(const Publication &publication)
-{
-    return publication.protocol == FtpProtocol && publication.repo.port == 0 ? PortRange::Ftp
-                                                                             : publication.repo.port;
-}
-
 /** Whether both need the same place: a port's service, or FTP's only one. */
 bool isSamePlace(const Publication &publication, const PublicationRequest &request)
 {
     return publication.protocol == request.protocol
-           && (request.protocol == FtpProtocol || portOf(publication) == request.port);
+           && (request.protocol == FtpProtocol || publication.port() == request.port);
 }
 
 /** Whether it serves the repository from where that has been before it was moved. */
 bool isLeftBehind(const Publication &publication, const PublicationRequest &request)
 {
     // What another user has published on a port that was ours once still has its directory.
-    return !publication.isThere && portOf(publication) == request.port
+    return !publication.isThere && publication.port() == request.port
            && request.registeredPath == request.path;
 }
 } // namespace
@@ -91,7 +84,7 @@ QString PublicationRules::conflict(const PublicationRequest &request,
 {
     bool isOurPort = false;
     for (const Publication &publication : publications) {
-        if (!publication.isRunning() || portOf(publication) != request.port)
+        if (!publication.isRunning() || publication.port() != request.port)
             continue;
         if (publication.protocol == request.protocol) {
             if (publication.repo.path == request.path)

@@ -23,6 +23,11 @@ QDBusPendingReply<bool> VeltAdminRepoInterface::AddLocalSource(const QString &en
     return ask(QStringLiteral("AddLocalSource"), {entry});
 }
 
+QDBusPendingReply<bool> VeltAdminRepoInterface::AddSignedLocalSource(const QString &entry, const QString &key)
+{
+    return ask(QStringLiteral("AddSignedLocalSource"), {entry, key});
+}
+
 QDBusPendingReply<bool> VeltAdminRepoInterface::RemoveLocalSource(const QString &entry)
 {
     return ask(QStringLiteral("RemoveLocalSource"), {entry});

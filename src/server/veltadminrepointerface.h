@@ -20,6 +20,8 @@ public:
     explicit VeltAdminRepoInterface(QObject *parent = nullptr);
 
     QDBusPendingReply<bool> AddLocalSource(const QString &entry);
+    /** The entry names the file of the key, which is public and in ASCII armor. */
+    QDBusPendingReply<bool> AddSignedLocalSource(const QString &entry, const QString &key);
     QDBusPendingReply<bool> RemoveLocalSource(const QString &entry);
     QDBusPendingReply<bool> PublishRepo(const QString &path, int port, int protocol);
     QDBusPendingReply<bool> UnpublishRepo(int port, int protocol);

@@ -23,6 +23,8 @@ RepositoryKey RepositoryKey::read(const QString &repoPath, const QString &codena
                                          QStringLiteral("--"),
                                          file});
     key.id = signer(result.output);
+    // GOODSIG is not told for a key that has expired or is revoked.
+    key.isGood = result.succeeded() && result.output.contains(QLatin1String("[GNUPG:] GOODSIG "));
     if (key.id.isEmpty())
         return key;
     key.text = SignProcess::keyText(SignProcess::keys(), key.id);
@@ -68,8 +70,14 @@ QString RepositoryKey::signer(const QString &status)
 
 RepositoryKey::Export RepositoryKey::publicKey(const QString &id)
 {
-    const ProcessResult result
-        = runGpg({QStringLiteral("--armor"), QStringLiteral("--export"), QStringLiteral("--"), id});
+    const ProcessResult result = runGpg({QStringLiteral("--no-comments"),
+                                         QStringLiteral("--no-emit-version"),
+                                         QStringLiteral("--export-options"),
+                                         QStringLiteral("export-minimal"),
+                                         QStringLiteral("--armor"),
+                                         QStringLiteral("--export"),
+                                         QStringLiteral("--"),
+                                         id});
     // Without such a key there is no output, which gpg does not take for a failure.
     if (!result.succeeded() || result.output.isEmpty())
         return {{}, tr("gpg exported no key.") + QLatin1Char('\n') + result.errorOutput};

@@ -18,6 +18,7 @@ public:
 
     QString
         id; ///< fingerprint, or a part of it when the key is not in the key ring; empty: there is no signature
+    bool isGood = false; ///< the signature is, and the key may still make one: apt takes it
     QString text; ///< "user id [short id]"; empty when the key is not in the key ring
     QString remark; ///< why it cannot sign any more, or that it expires soon; else empty
 
@@ -35,7 +36,10 @@ public:
         QByteArray key; ///< armored; empty on failure
         QString errorText;
     };
-    /** The public part of the key, for those who check its signatures. Runs gpg: not for the interface thread. */
+    /**
+     * The public part of the key, for those who check its signatures: without what others say of it, in ASCII armor
+     * without headers. Runs gpg: not for the interface thread.
+     */
     static Export publicKey(const QString &id);
     /** Writes the public part to a file; returns what went wrong, empty when nothing did. */
     static QString savePublicKey(const QString &id, const QString &path);

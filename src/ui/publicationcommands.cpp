@@ -4,6 +4,7 @@
 #include "depends/tooltiptext.h"
 #include "engine/reposhell.h"
 #include "ui/jobfeedback.h"
+#include "ui/localsourcecommand.h"
 #include "ui/prompts.h"
 #include "ui/publicationpanel.h"
 #include "ui/publishcommand.h"
@@ -34,7 +35,7 @@ PublicationCommands::PublicationCommands(Ui::MainWindow &ui,
     , m_repositories(repositories)
     , m_window(window)
     , m_publish(new PublishCommand(tabs, prompts, feedback, monitor, this))
-    , m_localSources(this)
+    , m_sources(new LocalSourceCommand(tabs, prompts, feedback, monitor, this))
     , m_publishToolTip(ui.m_publishRepoAction->toolTip())
 {
     // Nothing in the window means it.
@@ -44,7 +45,7 @@ PublicationCommands::PublicationCommands(Ui::MainWindow &ui,
     connect(&m_tabs, &RepoTabs::listChanged, this, &PublicationCommands::showPicture);
     connect(&m_monitor, &PublicationMonitor::changed, this, &PublicationCommands::showPicture);
     connect(&m_repositories, &RepositoryCommands::removalsEnded, this, &PublicationCommands::showPicture);
-    connect(&m_localSources, &LocalSourcesWatch::changed, this, &PublicationCommands::updateActions);
+    connect(m_sources, &LocalSourceCommand::changed, this, &PublicationCommands::showPicture);
     connect(m_publish, &PublishCommand::published, this, [this] {
         m_hasPublished = true;
         updateActions();
@@ -52,9 +53,7 @@ PublicationCommands::PublicationCommands(Ui::MainWindow &ui,
     m_repositories.setPublishing(
         {[this](const QString &path) { return isPublished(path); },
          [this](const QString &path, const auto &answer) { unpublishAll(path, answer); },
-         [this](const RepoWidget &widget) {
-             return m_localSources.contains(widget.publicationPanel()->sourceLine());
-         }});
+         [this](const RepoWidget &widget) { return !m_sources->linesOf(widget).isEmpty(); }});
 }
 
 void PublicationCommands::connectActions()
@@ -64,8 +63,8 @@ void PublicationCommands::connectActions()
     };
     command(m_ui.m_publishRepoAction, [this] { publish(m_tabs.current()); });
     command(m_ui.m_unpublishRepoAction, [this] { unpublish(m_tabs.current()); });
-    command(m_ui.m_addSrcListAction, [this] { changeLocalSources(true); });
-    command(m_ui.m_removeSrcListAction, [this] { changeLocalSources(false); });
+    command(m_ui.m_addSrcListAction, [this] { m_sources->add(m_tabs.current()); });
+    command(m_ui.m_removeSrcListAction, [this] { m_sources->remove(m_tabs.current()); });
     command(m_ui.m_showPublishedReposAction, [this] { showPublishedRepos(); });
 }
 
@@ -100,6 +99,8 @@ void PublicationCommands::showPicture()
         showPictureIn(widget);
     if (widgets.isEmpty())
         updateCommands(nullptr);
+    if (!m_dialog.isNull())
+        m_dialog->showOrphanedLines(m_sources->orphanedLines());
 }
 
 void PublicationCommands::showPictureIn(RepoWidget *widget)
@@ -139,9 +140,7 @@ void PublicationCommands::updateCommands(RepoWidget *widget)
     bool canPublish = isFree;
     bool canUnpublish = false;
     QString reason;
-    QString line;
     if (isFree) {
-        line = widget->publicationPanel()->sourceLine();
         const PublicationRules rules = judge(*widget);
         canUnpublish = publicationToEnd(rules).has_value();
         // Without a server type the command asks for one.
@@ -152,16 +151,22 @@ void PublicationCommands::updateCommands(RepoWidget *widget)
         if (m_hasPublished && reason == PublicationRules::tr("Another repository is published"))
             reason = tr("Another repo already published");
     }
-    if (widget != nullptr)
+    const QStringList listed = widget != nullptr ? m_sources->linesOf(*widget) : QStringList();
+    if (widget != nullptr) {
         widget->publicationPanel()->setCommands(canPublish, canUnpublish, reason);
+        const QStringList orphaned = m_sources->orphanedLines();
+        widget->publicationPanel()->setOrphaned(
+            std::any_of(listed.cbegin(), listed.cend(), [&orphaned](const QString &line) {
+                return orphaned.contains(line);
+            }));
+    }
     if (widget != m_tabs.current())
         return;
     m_ui.m_publishRepoAction->setEnabled(canPublish);
     m_ui.m_publishRepoAction->setToolTip(reason.isEmpty() ? m_publishToolTip : toolTipText(reason));
     m_ui.m_unpublishRepoAction->setEnabled(canUnpublish);
-    const bool isListed = m_localSources.contains(line);
-    m_ui.m_addSrcListAction->setEnabled(isFree && !line.isEmpty() && !isListed);
-    m_ui.m_removeSrcListAction->setEnabled(isFree && isListed);
+    m_ui.m_addSrcListAction->setEnabled(isFree && listed.isEmpty());
+    m_ui.m_removeSrcListAction->setEnabled(isFree && !listed.isEmpty());
 }
 
 bool PublicationCommands::isPublished(const QString &path) const
@@ -185,7 +190,30 @@ void PublicationCommands::unpublish(RepoWidget *widget)
     if (!m_tabs.isFree(widget))
         return;
     if (const std::optional<Publication> publication = publicationToEnd(judge(*widget)))
-        m_publish->unpublish(*publication, widget);
+        end(*publication, widget);
+}
+
+void PublicationCommands::end(const Publication &publication,
+                              RepoWidget *tab,
+                              const std::function<void(bool)> &answer)
+{
+    const QPointer<RepoWidget> guard(tab);
+    const bool hadTab = tab != nullptr;
+    const std::optional<QStringList> lines
+        = hadTab && m_tabs.isRunning(tab) ? QStringList() : m_sources->askForLinesTo(publication);
+    if (!lines || (hadTab && guard.isNull()))
+        return;
+    if (lines->isEmpty()) {
+        m_publish->unpublish(publication, tab, answer);
+        return;
+    }
+    // Before the port is free: a question for a password can stay open for long.
+    m_sources->removeLines(*lines, tab, [this, publication, guard, answer](bool done) {
+        if (done)
+            m_publish->unpublish(publication, guard, answer);
+        else if (answer)
+            answer(false);
+    });
 }
 
 void PublicationCommands::unpublishAll(const QString &path, const std::function<void(bool)> &answer)
@@ -196,15 +224,15 @@ void PublicationCommands::unpublishAll(const QString &path, const std::function<
         answer(true);
         return;
     }
-    m_publish->unpublish(publications.first(),
-                         m_tabs.find(path),
-                         [this, path, place, answer, count = publications.size()](bool done) {
-                             const bool fewer = m_monitor.publicationsOf(place).size() < count;
-                             if (done && fewer)
-                                 unpublishAll(path, answer);
-                             else
-                                 answer(false);
-                         });
+    end(publications.first(),
+        m_tabs.find(path),
+        [this, path, place, answer, count = publications.size()](bool done) {
+            const bool fewer = m_monitor.publicationsOf(place).size() < count;
+            if (done && fewer)
+                unpublishAll(path, answer);
+            else
+                answer(false);
+        });
 }
 
 void PublicationCommands::showPublishedRepos()
@@ -213,12 +241,15 @@ void PublicationCommands::showPublishedRepos()
         m_dialog = new PublishedReposDialog(m_monitor, m_prompts, m_window);
         connect(
             m_dialog, &PublishedReposDialog::openRequested, &m_repositories, &RepositoryCommands::openRepo);
-        connect(m_dialog,
-                &PublishedReposDialog::unpublishRequested,
-                this,
-                [this](const Publication &publication) {
-                    m_publish->unpublish(publication, m_tabs.find(publication.repo.path));
-                });
+        connect(
+            m_dialog,
+            &PublishedReposDialog::unpublishRequested,
+            this,
+            [this](const Publication &publication) { end(publication, m_tabs.find(publication.repo.path)); });
+        connect(m_dialog, &PublishedReposDialog::lineRemovalRequested, this, [this](const QString &line) {
+            m_sources->removeLines({line}, nullptr);
+        });
+        m_dialog->showOrphanedLines(m_sources->orphanedLines());
         connect(m_dialog, &PublishedReposDialog::addressCopied, this, [this] {
             m_feedback.announce(tr("Address is copied to clipboard"));
         });
@@ -226,50 +257,4 @@ void PublicationCommands::showPublishedRepos()
     m_dialog->show();
     m_dialog->raise();
     m_dialog->activateWindow();
-}
-
-// --- this machine's own sources ----------------------------------------------------------------------------------
-
-void PublicationCommands::changeLocalSources(bool add)
-{
-    RepoWidget *widget = m_tabs.current();
-    if (!m_tabs.isFree(widget))
-        return;
-    const QString line = widget->publicationPanel()->sourceLine();
-    if (line.isEmpty())
-        return;
-    const QPointer<RepoWidget> guard(widget);
-    const auto answer = [this, guard, add, line](bool done) {
-        if (guard.isNull() || m_prompts.isDismissed())
-            return;
-        if (done && !add)
-            tellWhatStays(line);
-        m_localSources.refresh();
-        const QString word = add ? tr("Repository is added to local sources list.")
-                                 : tr("Repository is removed from local sources list.");
-        m_feedback.endWaiting(guard, done ? word : QString());
-        m_tabs.setWaiting(guard, false);
-    };
-    m_tabs.setWaiting(widget, true);
-    m_feedback.showWaiting(widget, tr("Waiting for the system to change the local sources list"));
-    if (add)
-        widget->repoShell()->addLocalSource(line, answer);
-    else
-        widget->repoShell()->removeLocalSource(line, answer);
-}
-
-void PublicationCommands::tellWhatStays(const QString &line)
-{
-    // Only whole lines are removed, and one to which somebody has added something counts as the repository's too.
-    auto *once = new QObject(this);
-    connect(&m_localSources, &LocalSourcesWatch::refreshed, once, [this, once, line] {
-        once->deleteLater();
-        once->disconnect();
-        if (m_localSources.contains(line))
-            m_feedback.error(tr("The local sources list still has a line of this repository, which was "
-                                "changed by hand. Remove "
-                                "it with an editor."),
-                             line,
-                             RepoEnums::WARNING);
-    });
 }

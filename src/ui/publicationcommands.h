@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "server/localsourceswatch.h"
 #include "server/publicationmonitor.h"
 #include "server/publicationrules.h"
 
@@ -11,6 +10,7 @@
 #include <functional>
 
 class JobFeedback;
+class LocalSourceCommand;
 class Prompts;
 class PublishCommand;
 class PublishedReposDialog;
@@ -56,9 +56,9 @@ private:
     bool isPublished(const QString &path) const;
     void publish(RepoWidget *widget);
     void unpublish(RepoWidget *widget);
+    /** Ends it, after the lines that lead to it if the user wants that. `tab` is its repository's, null without one. */
+    void end(const Publication &publication, RepoWidget *tab, const std::function<void(bool)> &answer = {});
     void unpublishAll(const QString &path, const std::function<void(bool)> &answer);
-    void changeLocalSources(bool add);
-    void tellWhatStays(const QString &line);
     void showPublishedRepos();
 
     Ui::MainWindow &m_ui;
@@ -69,7 +69,7 @@ private:
     RepositoryCommands &m_repositories;
     QWidget *m_window;
     PublishCommand *m_publish;
-    LocalSourcesWatch m_localSources;
+    LocalSourceCommand *m_sources;
     QString m_publishToolTip; ///< while there is nothing to say
     QPointer<PublishedReposDialog> m_dialog;
     bool m_hasPublished = false; ///< since the start

@@ -292,6 +292,10 @@ void PublicationPanel::showState()
         if (!m_obstacle.isEmpty())
             lines.last() += QStringLiteral(". %1").arg(m_obstacle);
     }
+    if (m_isOrphaned)
+        lines << tr("The local sources list of this machine has a line for it that leads to a port where "
+                    "nothing is published. "
+                    "Publish it there, or choose \"Remove src list\".");
     m_ui.m_publicationStateLabel->setText(lines.join(QLatin1Char('\n')));
 }
 
@@ -304,6 +308,12 @@ void PublicationPanel::setCommands(bool canPublish, bool canUnpublish, const QSt
     m_ui.m_publishPushButton->setEnabled(canPublish);
     m_ui.m_publishPushButton->setToolTip(toolTipText(reason));
     m_ui.m_unpublishPushButton->setEnabled(canUnpublish);
+}
+
+void PublicationPanel::setOrphaned(bool orphaned)
+{
+    if (std::exchange(m_isOrphaned, orphaned) != orphaned)
+        showState();
 }
 
 void PublicationPanel::setPort(int port)

@@ -45,6 +45,8 @@ public:
     void showPublications(bool known, const QVector<Publication> &publications);
     /** Which of the two commands can be given; `reason` says why the repository cannot be published. */
     void setCommands(bool canPublish, bool canUnpublish, const QString &reason);
+    /** Whether a line for this machine's apt leads to where the repository is not published. */
+    void setOrphaned(bool orphaned);
 
 Q_SIGNALS:
     void publishTriggered();
@@ -69,6 +71,7 @@ private:
     bool m_addressChosen = false; ///< by the user, or once by them and kept
     int m_type = -1; ///< row of the server type that the user or the settings chose last
     bool m_isPublishingKnown = false;
+    bool m_isOrphaned = false; ///< a line leads to where it is not published
     QString m_obstacle; ///< why the repository cannot be published
     QVector<Publication> m_live; ///< the repository's, as the system has last said
 

@@ -6,6 +6,7 @@
 #include "server/publicationaddresses.h"
 #include "server/publicationsettings.h"
 #include "ui/logtail.h"
+#include "ui/orphanedlines.h"
 #include "ui/prompts.h"
 #include "ui/publicationtext.h"
 #include "ui/publishedreposmodel.h"
@@ -35,6 +36,7 @@ PublishedReposDialog::PublishedReposDialog(PublicationMonitor &monitor, Prompts 
     , m_splitter(new QSplitter(Qt::Vertical, this))
     , m_view(new QTreeView(m_splitter))
     , m_emptyLabel(new QLabel(m_view->viewport()))
+    , m_orphanedLines(new OrphanedLines(this))
     , m_logLabel(new QLabel(this))
     , m_log(new QPlainTextEdit(this))
     , m_tail(new LogTail(this))
@@ -48,8 +50,11 @@ PublishedReposDialog::PublishedReposDialog(PublicationMonitor &monitor, Prompts 
     m_splitter->setStretchFactor(1, 2);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(m_splitter);
+    layout->addWidget(m_orphanedLines);
     buildActions();
 
+    connect(
+        m_orphanedLines, &OrphanedLines::removalRequested, this, &PublishedReposDialog::lineRemovalRequested);
     connect(m_tail, &LogTail::changed, this, &PublishedReposDialog::showLog);
     connect(&m_monitor, &PublicationMonitor::changed, this, &PublishedReposDialog::showPicture);
     connect(&m_monitor, &PublicationMonitor::refreshed, this, &PublishedReposDialog::showPicture);
@@ -181,6 +186,11 @@ void PublishedReposDialog::hideEvent(QHideEvent *event)
     QSettings settings;
     veltSaveGeometry(this, settings, false);
     QDialog::hideEvent(event);
+}
+
+void PublishedReposDialog::showOrphanedLines(const QStringList &lines)
+{
+    m_orphanedLines->setLines(lines);
 }
 
 void PublishedReposDialog::readHosts()

@@ -8,6 +8,7 @@
 #include <optional>
 
 class LogTail;
+class OrphanedLines;
 class Prompts;
 class PublishedReposModel;
 class QAction;
@@ -29,11 +30,15 @@ public:
     PublishedReposDialog(PublicationMonitor &monitor, Prompts &prompts, QWidget *parent);
     ~PublishedReposDialog() override;
 
+    /** Shows the lines of this machine's list of sources that lead to ports on which nothing is published. */
+    void showOrphanedLines(const QStringList &lines);
+
 Q_SIGNALS:
     void openRequested(const QString &repoPath);
     /** The user has agreed. */
     void unpublishRequested(const Publication &publication);
     void addressCopied();
+    void lineRemovalRequested(const QString &line);
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -61,6 +66,7 @@ private:
     QSplitter *m_splitter;
     QTreeView *m_view;
     QLabel *m_emptyLabel; ///< over the view while there is nothing in it
+    OrphanedLines *m_orphanedLines;
     QLabel *m_logLabel;
     QPlainTextEdit *m_log;
     LogTail *m_tail;

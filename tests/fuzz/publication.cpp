@@ -2,10 +2,12 @@
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 #include "helper/requestrules.h"
+#include "server/listedsources.h"
 #include "server/listeningports.h"
 #include "server/localsources.h"
 #include "server/publicationpath.h"
 #include "server/publicationunit.h"
+#include "server/sourcekey.h"
 #include "server/sourceline.h"
 #include "server/vsftpdconfig.h"
 
@@ -45,27 +47,39 @@ void checkPath(const QString &path, int port, const QString &unitTemplate)
     FUZZ_RULE(VsftpdConfig::read(config).port == port);
     FUZZ_RULE(!VsftpdConfig::isOurs(config + QLatin1Char('x')));
 
-    // The program's own line is one that the helper takes; a blank it cannot hold.
+    // The program's own line is one that the helper takes and that is read back as it was.
     SourceLine line;
     line.trusted = port % 2 == 0;
     line.architectures = port % 3 == 0 ? QStringLiteral("amd64 i386") : QString();
     line.protocol = LocalDirectoryProtocol;
-    line.directory = path;
+    line.directory = SourceLine::inLine(path);
     line.codename = QStringLiteral("dogwood");
     line.components = QStringLiteral("main non-free");
-    if (!path.contains(QLatin1Char(' ')))
-        FUZZ_EQUAL(RequestRules::entryProblem(line.text()),
-                   line.text().size() > RequestRules::LongestEntry
-                       ? QStringLiteral("The source line is too long.")
-                       : QString());
+    line.copied = port % 5 == 0;
+    if (port % 7 == 0) {
+        line.trusted = false;
+        line.signedBy = SourceKey::file(QString(40, QLatin1Char('A')));
+    }
+    FUZZ_EQUAL(RequestRules::entryProblem(line.text()),
+               line.text().size() > RequestRules::LongestEntry
+                   ? QStringLiteral("The source line is too long.")
+                   : QString());
+    FUZZ_RULE(ListedSources::isOurs(line.text()));
+    FUZZ_EQUAL(SourceLine::parse(line.text())->path(), path);
 }
 
 void checkEntry(const QString &entry, const QString &file)
 {
     FUZZ_RULE(entry.size() <= RequestRules::LongestEntry && entry.startsWith(QLatin1String("deb ")));
-    for (const QChar special : QStringLiteral("%\"'\\$;#\t\r\n"))
+    for (const QChar special : QStringLiteral("\"'\\$;#\t\r\n"))
         FUZZ_RULE(!entry.contains(special));
-    FUZZ_RULE(!entry.contains(QLatin1String("signed-by")));
+    FUZZ_RULE(entry.count(QLatin1Char('%')) == entry.count(QLatin1String("%20")));
+    const QString key = RequestRules::keyFile(entry);
+    FUZZ_RULE(entry.count(QLatin1String("signed-by=")) == (key.isEmpty() ? 0 : 1));
+    FUZZ_RULE(key.isEmpty() || !SourceKey::fingerprintIn(key).isEmpty());
+    FUZZ_RULE(key.isEmpty() || !entry.contains(QLatin1String("trusted=yes")));
+    const std::optional<SourceLine> source = SourceLine::parse(entry);
+    FUZZ_RULE(!source || source->signedBy == key);
     const QString more = LocalSources::appended(file, entry);
     FUZZ_RULE(LocalSources::contains(more, entry));
     FUZZ_RULE(!LocalSources::removed(more, entry).split(QLatin1Char('\n')).contains(entry));
@@ -86,6 +100,13 @@ void FuzzTarget::publication(std::string_view input)
         if (RequestRules::entryProblem(given).isEmpty())
             checkEntry(given, file);
     }
+    const QString fingerprint = SourceKey::fingerprint(bytes);
+    FUZZ_RULE(fingerprint.isEmpty() || SourceKey::isFingerprint(fingerprint));
+    const ListedSources listed(text, {QStringLiteral("box")});
+    const QStringList orphaned = listed.linesWithoutService({});
+    FUZZ_RULE(std::all_of(orphaned.cbegin(), orphaned.cend(), [&text](const QString &line) {
+        return LocalSources::contains(text, line);
+    }));
     checkRead(PublicationUnit::read(file));
     checkRead(VsftpdConfig::read(file));
     const auto repo = VsftpdConfig::read(file);

@@ -4,12 +4,15 @@
 #include "helper/polkitpeer.h"
 #include "helper/privilegedwork.h"
 #include "helper/requestrules.h"
+#include "server/sourcekey.h"
 #include "server/sourceline.h"
 #include "server/vsftpdconfig.h"
+#include "support/lists.h"
 #include "support/literals.h"
 #include "support/privatebus.h"
 #include "support/systemdpeer.h"
 #include "support/testenvironment.h"
+#include "support/testkeys.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusPendingReply>
@@ -223,6 +226,10 @@ private Q_SLOTS:
             line + " "_s,
             "deb-src http://h:80/ dog main"_s,
             "deb [signed-by=/tmp/k] http://h:80/ dog main"_s,
+            "deb [signed-by=/tmp/k] http://h..i:80/ dog main"_s,
+            "deb [signed-by=%1,/tmp/k] http://h:80/ dog main"_s.arg(SourceKey::file(QString(40, u'A'))),
+            "deb [signed-by=%1 trusted=yes] http://h:80/ dog main"_s.arg(SourceKey::file(QString(40, u'A'))),
+            "deb [signed-by=%1/../x.asc] http://h:80/ dog main"_s.arg(SourceKey::Folder),
             "deb [allow-insecure=yes] http://h:80/ dog main"_s,
             "deb https://h:80/ dog main"_s,
             "deb http://u:p@h:80/ dog main"_s,
@@ -237,6 +244,7 @@ private Q_SLOTS:
         for (const QString &entry : entries) {
             QCOMPARE(resultOf(call(a, "AddLocalSource", {entry})), "InvalidArgs"_s);
             QCOMPARE(resultOf(call(a, "RemoveLocalSource", {entry})), "InvalidArgs"_s);
+            QCOMPARE(resultOf(call(a, "AddSignedLocalSource", {entry, QString()})), "InvalidArgs"_s);
         }
         QCOMPARE(resultOf(call(a, "PublishRepo", {"/srv/r"_s, 80U, 0})), "InvalidArgs"_s);
         QCOMPARE(resultOf(call(a, "deleteLater", {})), "UnknownMethod"_s);
@@ -248,9 +256,108 @@ private Q_SLOTS:
                     trusted, {}, protocol, "host-1.lan"_s, 65535, "/srv/мой@1"_s, "s/u_1"_s, "m  a-b"_s};
                 QCOMPARE(RequestRules::entryProblem(own.text()), QString());
                 own.architectures = "i386 kfreebsd-amd64"_s;
+                own.directory = SourceLine::inLine("/srv/a b"_s);
+                own.copied = trusted;
+                if (!trusted)
+                    own.signedBy = SourceKey::file(QString(40, u'A'));
                 QCOMPARE(RequestRules::entryProblem(own.text()), QString());
             }
         }
+    }
+
+    void keys()
+    {
+        VELT_NEED_TOOL("gpg");
+        const auto armored = [](const QByteArray &packets) {
+            // gpg names files otherwise.
+            QString text = TestKeys::gpg({"--no-comments"_s, "--enarmor"_s}, packets);
+            text.replace("PGP ARMORED FILE"_s, "PGP PUBLIC KEY BLOCK"_s);
+            return text.replace(QRegularExpression("\nComment:[^\n]*\n"_s), "\n"_s).toLatin1();
+        };
+        const auto exported = [](const QStringList &ids) {
+            return TestKeys::gpg("--armor|--export-options|export-minimal|--export"_list + ids).toLatin1();
+        };
+        const QString ed25519 = TestKeys::make("Ann <a@example.org>"_s);
+        TestKeys::gpg(
+            {"--passphrase"_s, QString(), "--quick-add-key"_s, ed25519, "ed25519"_s, "sign"_s, "1y"_s});
+        TestKeys::gpg(
+            {"--passphrase"_s, QString(), "--quick-gen-key"_s, "Bob"_s, "rsa3072"_s, "sign"_s, "never"_s});
+        const QString rsa = TestKeys::gpg({"--with-colons"_s, "--list-keys"_s, "Bob"_s})
+                                .section("fpr:::::::::"_s, 1, 1)
+                                .left(40);
+        const QByteArray key = exported({ed25519});
+        QCOMPARE(SourceKey::fingerprint(key), ed25519);
+        QCOMPARE(SourceKey::fingerprint(exported({rsa})), rsa);
+        const QByteArray packets
+            = QByteArray::fromBase64(key.mid(key.indexOf("\n\n") + 2).split('=').first());
+        QCOMPARE(SourceKey::fingerprint(armored(packets)), ed25519);
+
+        // Whatever more there is, apt would trust it too, or read it in another way.
+        const QByteArray secret = TestKeys::gpg({"--armor"_s, "--export-secret-keys"_s, ed25519}).toLatin1();
+        QByteArray commented = key;
+        commented.replace("BLOCK-----\n\n", "BLOCK-----\nComment: x\n\n");
+        QVector<QByteArray> bad{QByteArray(),
+                                exported({ed25519, rsa}),
+                                key + key,
+                                key + exported({rsa}),
+                                "x" + key,
+                                key + "x",
+                                secret,
+                                commented,
+                                key + QByteArray(SourceKey::MostBytes, '\n')};
+        for (int size = 0; size < key.size(); ++size)
+            bad += key.left(size);
+        for (int at = key.indexOf("\n\n") + 2; at < key.indexOf("\n-----END"); ++at)
+            bad += QByteArray(key).replace(at, 1, key.at(at) == 'A' ? "B" : "A");
+        // Sound armor around packets that are not.
+        const int bodySize = static_cast<quint8>(packets.at(1));
+        const QByteArray body = packets.mid(2, bodySize);
+        for (const QByteArray &header : {QByteArray("\x99\xFF\xFF"),
+                                         QByteArray("\x9A\xFF\xFF\xFF\xFF"),
+                                         QByteArray("\x9B"),
+                                         QByteArray("\xC6\xFF\xFF\xFF\xFF\xFF"),
+                                         QByteArray("\xC6\xE0"),
+                                         QByteArray("\xC6"),
+                                         QByteArray("\x18"),
+                                         QByteArray("\xC6\x00", 2)})
+            bad += armored(header + body);
+        bad += armored(packets.left(2) + '\x03' + packets.mid(3));
+        bad += armored(packets.chopped(1));
+        bad += armored(packets.mid(2 + bodySize));
+        for (const QByteArray &text : qAsConst(bad))
+            QVERIFY2(SourceKey::fingerprint(text).isEmpty(), text.constData());
+
+        // A key file comes and goes with the lines that name it.
+        QTemporaryDir folder;
+        PrivilegedWork::Places places;
+        places.sources = folder.filePath("velt.list"_s);
+        places.keys = folder.filePath("keyrings"_s);
+        PrivilegedWork work(places);
+        SourceLine source{false, {}, HttpProtocol, "h"_s, 1, {}, "dog"_s, "main"_s, SourceKey::file(ed25519)};
+        const QString one = source.text();
+        source.port = 2;
+        const QString two = source.text();
+        const QString file = folder.filePath("keyrings/velt-admin-repo-%1.asc"_s.arg(ed25519));
+        const auto change
+            = [&work](HelperRequest::Method method, const QString &entry, const QByteArray &its = {}) {
+                  return work.run({method, entry, {}, 0, 0, QString::fromLatin1(its)}).kind;
+              };
+        using Request = HelperRequest;
+        QCOMPARE(change(Request::AddLocalSource, one), HelperOutcome::Invalid);
+        QCOMPARE(change(Request::AddSignedLocalSource, line, key), HelperOutcome::Invalid);
+        QCOMPARE(change(Request::AddSignedLocalSource, one, exported({rsa})), HelperOutcome::Invalid);
+        QVERIFY(!QFile::exists(places.keys) && !QFile::exists(places.sources));
+        QVERIFY(QDir().mkdir(places.sources));
+        QCOMPARE(change(Request::AddSignedLocalSource, one, key), HelperOutcome::Failed);
+        QVERIFY(!QFile::exists(file) && QDir().rmdir(places.sources));
+        QCOMPARE(change(Request::AddSignedLocalSource, one, key), HelperOutcome::Done);
+        QCOMPARE(change(Request::AddSignedLocalSource, two, key), HelperOutcome::Done);
+        QCOMPARE(readFile(file), key);
+        QVERIFY(QFile::permissions(file) == QFile::Permissions(0x6644));
+        QCOMPARE(change(Request::RemoveLocalSource, one), HelperOutcome::Done);
+        QVERIFY(QFile::exists(file));
+        QCOMPARE(change(Request::RemoveLocalSource, two), HelperOutcome::Done);
+        QVERIFY(!QFile::exists(file) && readFile(places.sources).isEmpty());
     }
 
     void manyCallers()

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/settingskeys.h"
 #include "server/helperclient.h"
+#include "server/listedsources.h"
+#include "server/localsourcechoice.h"
 #include "server/localsources.h"
 #include "server/publicationaddresses.h"
 #include "server/publicationmonitor.h"
 #include "server/publicationsettings.h"
+#include "server/sourcekey.h"
 #include "support/lists.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
@@ -13,9 +16,13 @@
 #include <QTcpServer>
 #include <QtTest>
 
+#include <algorithm>
 #include <array>
+#include <functional>
 
 #include <sys/socket.h>
+
+Q_DECLARE_METATYPE(AptAccess)
 
 class PublicationTest : public QObject
 {
@@ -34,6 +41,134 @@ private Q_SLOTS:
         writeFile(file, two.toUtf8());
         QVERIFY(fileContains("deb a main"_s, file));
         QVERIFY(!fileContains("deb b"_s, file) && !fileContains({}, file));
+    }
+
+    void listedSources()
+    {
+        const QString http = "deb [arch=amd64 trusted=yes] http://127.0.0.1:8000/ birch main"_s;
+        const QString named = "deb http://box.lan:8000/ birch main"_s;
+        const QString signedBy
+            = "deb [signed-by=%1] ftp://10.0.0.7:2121/ birch main"_s.arg(SourceKey::file(QString(40, u'A')));
+        const QString file = "deb file:///srv/a%20b/ birch main contrib"_s;
+        const QString copy = "deb [trusted=yes] copy:///srv/c/ birch main"_s;
+        const QString byHand = "  deb [ trusted=yes ]  http://localhost:8000/x birch main # mine"_s;
+        const QString usual = "deb http://127.1.2.3 birch main"_s;
+        const QString far = "deb [trusted=yes] http://deb.example.org:8000/ birch main"_s;
+        const QStringList all{http, named, signedBy, file, copy, byHand, usual, far};
+        const ListedSources sources("# "_s + http + "\n\ndeb-src http://127.0.0.1:8000/ birch main\n"_s
+                                        + "deb https://127.0.0.1:8000/ birch main\n"_s + all.join(u'\n'),
+                                    {"box.lan"_s, "10.0.0.7"_s});
+        const Publication onHttp{{8000, "HTTP"_s, "/srv/a b"_s}, HttpProtocol, "active"_s};
+        const Publication onFtp{{2121, "FTP"_s, "/srv/a b"_s}, FtpProtocol, "failed"_s};
+        QCOMPARE(sources.linesTo(onHttp), (QStringList{http, named, byHand}));
+        QCOMPARE(sources.linesTo(onFtp), QStringList(signedBy));
+        QCOMPARE(sources.linesWithoutService({onHttp, onFtp}), (QStringList{signedBy, usual}));
+        QCOMPARE(sources.linesWithoutService({}), (QStringList{http, named, signedBy, byHand, usual}));
+        QCOMPARE(sources.linesOf({{"/srv/a b"_s}, {{FtpProtocol, 2121}}, far.chopped(3)}),
+                 (QStringList{signedBy, file, far}));
+        QVERIFY(sources.linesOf({{"/srv"_s}, {{HttpProtocol, 8001}, {FtpProtocol, 8000}}, {}}).isEmpty());
+        QStringList ours = all;
+        ours.erase(std::remove_if(ours.begin(), ours.end(), std::not_fn(&ListedSources::isOurs)), ours.end());
+        QCOMPARE(ours, (QStringList{http, named, signedBy, file, copy, far}));
+    }
+
+    void localSourceChoice_data()
+    {
+        QTest::addColumn<AptAccess>("access");
+        QTest::addColumn<bool>("isTrusted");
+        QTest::addColumn<bool>("isSigned");
+        QTest::addColumn<bool>("isPublished");
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<int>("risk");
+        const AptAccess open{AptAccess::ByAnybody, true};
+        const AptAccess shared{AptAccess::ByAnybody, false};
+        const AptAccess closed{AptAccess::ByRoot, true};
+        const AptAccess none{AptAccess::NoWay, true};
+        const auto row = [](const char *name,
+                            const AptAccess &access,
+                            bool isTrusted,
+                            bool isSigned,
+                            bool isPublished,
+                            const char *line,
+                            int risk) {
+            QTest::newRow(name) << access << isTrusted << isSigned << isPublished << QString::fromLatin1(line)
+                                << risk;
+        };
+        row("open", open, true, false, true, "trusted=yes file:///r/", LocalSourceChoice::NoRisk);
+        row("closed", closed, true, false, false, "trusted=yes copy:///r/", LocalSourceChoice::NoRisk);
+        row("open, signed", open, true, true, true, "KEY file:///r/", LocalSourceChoice::NoRisk);
+        row("shared", shared, true, false, true, "trusted=yes copy:///r/", LocalSourceChoice::OthersWrite);
+        row("shared, signed", shared, true, true, true, "KEY copy:///r/", LocalSourceChoice::NoRisk);
+        row("shared, not trusted", shared, false, false, true, "copy:///r/", LocalSourceChoice::NoRisk);
+        row("foreign, signed",
+            none,
+            true,
+            true,
+            true,
+            "KEY http://127.0.0.1:8000/",
+            LocalSourceChoice::NoRisk);
+        row("foreign",
+            none,
+            true,
+            false,
+            true,
+            "trusted=yes http://127.0.0.1:8000/",
+            LocalSourceChoice::OthersServe);
+        row("foreign, not trusted",
+            none,
+            false,
+            false,
+            true,
+            "http://127.0.0.1:8000/",
+            LocalSourceChoice::NoRisk);
+        row("foreign, not published", none, true, false, false, "", LocalSourceChoice::NoRisk);
+    }
+
+    void localSourceChoice()
+    {
+        QFETCH(AptAccess, access);
+        QFETCH(bool, isTrusted);
+        QFETCH(bool, isSigned);
+        QFETCH(bool, isPublished);
+        QFETCH(QString, line);
+        const QString fingerprint(40, u'B');
+        LocalSourceFacts facts;
+        facts.offered = {isTrusted, "amd64"_s, -1, "10.0.0.7"_s, 9000, {}, "birch"_s, "main"_s};
+        facts.directory = "/r"_s;
+        facts.access = access;
+        facts.fingerprint = isSigned ? fingerprint : QString();
+        if (isPublished)
+            facts.publications = {{{21, "FTP"_s, "/r"_s}, FtpProtocol, "active"_s},
+                                  {{8000, "HTTP"_s, "/r"_s}, HttpProtocol, "active"_s}};
+        const std::optional<LocalSourceChoice> choice = LocalSourceChoice::of(facts);
+        QCOMPARE(choice.has_value(), !line.isEmpty());
+        if (!choice)
+            return;
+        line.replace("KEY"_s, "signed-by="_s + SourceKey::file(fingerprint));
+        const QString options
+            = line.contains(u' ') ? "arch=amd64 "_s + line.section(u' ', 0, 0) : "arch=amd64"_s;
+        QCOMPARE(choice->line.text(), "deb [%1] %2 birch main"_s.arg(options, line.section(u' ', -1)));
+        QTEST(int(choice->risk), "risk");
+    }
+
+    void aptAccess()
+    {
+        // Whoever makes a folder of this name in /tmp after a restart would be trusted.
+        QTemporaryDir folder("/tmp/vaXXXXXX"_s);
+        const QString repository = folder.filePath("r"_s);
+        const QString index = repository + "/dists/birch/Release"_s;
+        writeFile(index, "x");
+        writeFile(repository + "/pool/a.deb"_s, "x");
+        const auto way = [&] { return AptAccess::examine(repository).way; };
+        QCOMPARE(way(), AptAccess::ByRoot);
+        QVERIFY(QFile::setPermissions(folder.path(), QFile::Permissions(0x7711)));
+        QCOMPARE(way(), AptAccess::ByAnybody);
+        QVERIFY(!AptAccess::examine(repository).isGuarded);
+        QVERIFY(QFile::setPermissions(repository + "/pool/a.deb"_s, QFile::ReadOwner));
+        QCOMPARE(way(), AptAccess::ByAnybody);
+        QVERIFY(QFile::setPermissions(index, QFile::ReadOwner));
+        QCOMPARE(way(), AptAccess::ByRoot);
+        QCOMPARE(AptAccess::examine(folder.filePath("a#b"_s)).way, AptAccess::NoWay);
     }
 
     void settings()

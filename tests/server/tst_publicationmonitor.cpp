@@ -71,7 +71,8 @@ private Q_SLOTS:
         watch.refresh();
         watch.refresh();
         QVERIFY(refreshed.wait());
-        QVERIFY(watch.contains("deb http://a/ x main"_s));
+        QCOMPARE(watch.sources().linesOf({{}, {}, "deb http://a/ x main"_s}),
+                 QStringList("deb http://a/ x main # mine"_s));
         watch.refresh();
         QVERIFY(refreshed.wait());
         QCOMPARE(changed.count(), 1);

@@ -349,11 +349,21 @@ private Q_SLOTS:
 
     void localSources()
     {
-        start({makeRepository("one"_s)});
-        choose(0, HttpProtocol, 8000);
+        const QString repo = makeRepository("one"_s);
+        start({repo});
+        // No server is needed for what apt reads itself; and what could be another's in /tmp tomorrow takes a yes.
+        const Script careful{answer("Local sources list"_s, "No"_s)};
+        action("m_addSrcListAction")->trigger();
+        QTRY_VERIFY(careful.isDone() && action("m_addSrcListAction")->isEnabled());
+        QVERIFY(m_helper->calls.isEmpty() && openDialogs<QMessageBox>().isEmpty());
+        const Script agreed{answer("Local sources list"_s, "Yes"_s)};
         action("m_addSrcListAction")->trigger();
         QTRY_COMPARE(m_driver->message(), "Repository is added to local sources list."_s);
-        const QString line = field<QLineEdit>("m_srcLineEdit")->text();
+        // What clients of the network get stays what it was.
+        const QString line = "deb [arch=amd64 trusted=yes] copy://%1/ birch main"_s.arg(repo);
+        choose(0, HttpProtocol, 8000);
+        QVERIFY(field<QLineEdit>("m_srcLineEdit")->text().contains(" trusted=yes] http://"_s));
+
         m_helper->succeeds = false;
         bool isAnswered = false;
         const Script told{answer("Error"_s, "OK"_s)};
@@ -361,6 +371,35 @@ private Q_SLOTS:
         QTRY_VERIFY(told.isDone() && isAnswered);
         QCOMPARE(m_helper->calls.join("|"_s), "add %1|remove %1"_s.arg(line));
         QVERIFY(m_driver->log().contains("Failed to remove repository from local sources list!"_s));
+    }
+
+    void orphanedLines()
+    {
+        start({makeRepository("one"_s)});
+        action("m_showPublishedReposAction")->trigger();
+        auto *dialog = m_driver->window().findChild<PublishedReposDialog *>();
+        auto *list = child<QListWidget>(*dialog, "m_orphanedLinesList");
+        auto *button = child<QPushButton>(*dialog, "m_removeLineButton");
+        QVERIFY(!list->isVisible());
+        const QString ours = "deb [trusted=yes] http://127.0.0.1:9/ birch main"_s;
+        dialog->showOrphanedLines({"deb http://localhost/ x main"_s, ours});
+        QVERIFY(list->isVisible());
+        // What somebody has written is theirs to remove.
+        const Script told{answer("Warning"_s, "OK"_s)};
+        button->click();
+        QTRY_VERIFY(told.isDone());
+        QVERIFY(m_helper->calls.isEmpty() && m_driver->log().contains("deb http://localhost/ x main"_s));
+        list->setCurrentRow(1);
+        m_helper->refusal = "org.freedesktop.DBus.Error.AccessDenied"_s;
+        const Script failed{answer("Error"_s, "OK"_s)};
+        button->click();
+        QTRY_VERIFY(failed.isDone());
+        m_helper->refusal.clear();
+        button->click();
+        QTRY_COMPARE(m_driver->message(), "Repository is removed from local sources list."_s);
+        QCOMPARE(m_helper->calls.join("|"_s), "remove %1|remove %1"_s.arg(ours));
+        dialog->showOrphanedLines({});
+        QVERIFY(!list->isVisible());
     }
 
     void closingDoesNotWait()
