@@ -2,6 +2,7 @@
 #include "engine/distributionsfile.h"
 
 #include "core/openfolder.h"
+#include "core/regularfile.h"
 #include "core/wholefile.h"
 #include "engine/distributions.h"
 

@@ -2,6 +2,7 @@
 #include "engine/exportsession.h"
 
 #include "core/openfolder.h"
+#include "core/regularfile.h"
 #include "engine/databasecopy.h"
 #include "engine/poolfiles.h"
 #include "engine/privateconfig.h"

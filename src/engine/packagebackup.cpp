@@ -2,6 +2,7 @@
 #include "engine/packagebackup.h"
 
 #include "core/openfolder.h"
+#include "core/regularfile.h"
 #include "core/removetree.h"
 
 #include <QDir>
