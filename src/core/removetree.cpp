@@ -176,14 +176,13 @@ private:
             if (!identity || identity->file != above.identity.file)
                 return false;
         }
-        if (!done.isDone)
-            above.isDone = false;
-        else if (::unlinkat(above.folder.number(), done.name.constData(), AT_REMOVEDIR) == 0
-                 || errno == ENOENT)
-            return true;
-        else if (errno == ENOTDIR || errno == ENOTEMPTY || errno == EEXIST)
+        const bool isGone = done.isDone
+                            && (::unlinkat(above.folder.number(), done.name.constData(), AT_REMOVEDIR) == 0
+                                || errno == ENOENT);
+        const bool isOther = done.isDone && (errno == ENOTDIR || errno == ENOTEMPTY || errno == EEXIST);
+        if (!isGone && isOther)
             takeAgain(done.name);
-        else
+        else if (!isGone)
             above.isDone = false;
         return true;
     }

@@ -125,7 +125,7 @@ PackageExtractor::Result PackageExtractor::admit(qint64 size)
     // Where it is not told how much is free, the next write tells when nothing is.
     if (::statvfs(QFile::encodeName(m_folder).constData(), &storage) != 0 || storage.f_blocks == 0)
         return Result::Done;
-    const auto free = static_cast<qint64>(storage.f_bavail * storage.f_frsize);
+    const auto free = static_cast<qint64>(storage.f_bavail) * static_cast<qint64>(storage.f_frsize);
     if (m_keptFree < 0)
         m_keptFree = qMax(free / m_limits.freeShare, qMin(m_limits.leastFree, free / 2));
     if (free - size >= m_keptFree)
