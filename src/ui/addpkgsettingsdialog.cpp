@@ -24,7 +24,8 @@ AddPkgSettingsDialog::AddPkgSettingsDialog(const QStringList &components,
     for (const QString &component : components)
         box->addItem(component, component);
     // A component of another repository is not offered here, and packages then go where they belong.
-    box->setCurrentIndex(qMax(0, box->findData(choices.currentComponent)));
+    m_componentAtFirst = qMax(0, box->findData(choices.currentComponent));
+    box->setCurrentIndex(m_componentAtFirst);
     m_ui->m_signPackageCheckBox->setChecked(choices.signPackage);
     new SigningSwitch(
         m_ui->m_signPackageCheckBox, m_ui->buttonBox->button(QDialogButtonBox::Ok), prompts, this);
@@ -49,8 +50,8 @@ void AddPkgSettingsDialog::setDependsCheckVisible(bool visible)
 UserChoices AddPkgSettingsDialog::choices() const
 {
     UserChoices choices = m_choices;
-    // With no repository open there is nothing to choose from, and the stored component stays.
-    if (m_ui->m_componentComboBox->count() > 1)
+    // What this repository does not offer is no choice against it: another repository may have that component.
+    if (m_ui->m_componentComboBox->currentIndex() != m_componentAtFirst)
         choices.currentComponent = m_ui->m_componentComboBox->currentData().toString();
     choices.signPackage = m_ui->m_signPackageCheckBox->isChecked();
     choices.addPkgCheckDepends = m_ui->m_checkDependsCheckBox->isChecked();

@@ -36,4 +36,5 @@ public:
 private:
     std::unique_ptr<Ui::AddPkgSettingsDialog> m_ui;
     UserChoices m_choices;
+    int m_componentAtFirst = 0; ///< row
 };

@@ -2,6 +2,7 @@
 #include "packagetesting.h"
 #include "signing/gpgkeyswidget.h"
 #include "support/children.h"
+#include "support/lists.h"
 #include "support/literals.h"
 #include "support/scopedvariable.h"
 #include "support/testenvironment.h"
@@ -308,7 +309,15 @@ private Q_SLOTS:
             child<QCheckBox>(dialog, box)->click();
         QVERIFY(!dialog.choices().signPackage && !dialog.choices().addPkgCheckDepends);
         QVERIFY(dialog.choices().showAddPkgSettings);
-        QCOMPARE(AddPkgSettingsDialog({}, choices, prompts).choices().currentComponent, "contrib"_s);
+        // What a repository does not offer stays for those that do, unless the user chooses something else.
+        for (const QStringList &offered : {QStringList(), "main|own"_list}) {
+            AddPkgSettingsDialog other(offered, choices, prompts);
+            QCOMPARE(other.choices().currentComponent, "contrib"_s);
+            child<QComboBox>(other, "m_componentComboBox")->setCurrentText("own"_s);
+            QCOMPARE(other.choices().currentComponent, offered.value(1, "contrib"_s));
+        }
+        child<QComboBox>(dialog, "m_componentComboBox")->setCurrentIndex(0);
+        QCOMPARE(dialog.choices().currentComponent, QString());
     }
 
     void upgradesAreSortedByVersion()
