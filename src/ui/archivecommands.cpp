@@ -175,6 +175,11 @@ void ArchiveCommands::importRepo()
 
 void ArchiveCommands::importIntoNew(const QString &source, const QString &folder)
 {
+    // Before there is a repository, which nobody would want empty.
+    if (!m_settings.hasKeyToAdd()) {
+        m_feedback.announce(tr("Not imported: %1").arg(source));
+        return;
+    }
     m_repositories.createForImport(
         source,
         folder,
@@ -201,9 +206,8 @@ void ArchiveCommands::importPackages(const std::function<QString()> &chooseSourc
     if (source.isEmpty() || target.isNull())
         return;
     const QStringList components = target->repoShell()->repoInfo().componentList();
-    if (!m_settings.confirmAddSettings(components, SettingsCommands::AddedFrom::Archive))
-        return;
-    if (m_tabs.isFree(target))
+    if (m_settings.confirmAddSettings(components, SettingsCommands::AddedFrom::Archive)
+        && m_tabs.isFree(target))
         target->repoShell()->importRepo(source, m_settings.addOptions(components));
     else
         m_feedback.announce(tr("Not imported: %1").arg(source));

@@ -180,9 +180,10 @@ void DependsCommands::addPackageFromInternet()
     if (m_prompts.run(dialog) != QDialog::Accepted)
         return;
     const QList<PackageInfo> packages = dialog.selectedPackages();
-    if (packages.isEmpty() || !m_settings.confirmAddSettings(info.componentList()))
+    if (packages.isEmpty())
         return;
-    if (!target.isNull() && !m_tabs.isRunning(target)) {
+    if (m_settings.confirmAddSettings(info.componentList()) && !target.isNull()
+        && !m_tabs.isRunning(target)) {
         target->repoShell()->downloadPackages(packages, m_settings.addOptions(info.componentList()));
         return;
     }

@@ -228,8 +228,6 @@ void MainWindow::updateActions()
     const bool free = m_tabs->isFree(widget);
     m_ui->m_removeRepoAction->setEnabled(free);
     m_ui->m_changeRepoAction->setEnabled(free);
-    // With no tab at all the command says what is missing.
-    m_ui->m_addPackagesAction->setEnabled(free || widget == nullptr);
     m_depends->updateActions();
     m_reports->updateActions();
     m_archives->updateActions(m_canRemovePackages.value(widget));
@@ -347,12 +345,12 @@ void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 
 void MainWindow::dropEvent(QDropEvent *event)
 {
-    const QStringList files = PackageDrop::packageFiles(event->mimeData());
+    const QStringList paths = PackageDrop::paths(event->mimeData());
     event->acceptProposedAction();
     // Queued: the drag's source waits until this returns, and a dialog may come.
-    if (!files.isEmpty())
+    if (!paths.isEmpty())
         QMetaObject::invokeMethod(
-            this, [this, files] { addPackagesFromOutside(files, true); }, Qt::QueuedConnection);
+            this, [this, paths, add] { m_packages->takeDropped(paths, add); }, Qt::QueuedConnection);
 }
 
 // --- closing -----------------------------------------------------------------------------------------------------
@@ -362,6 +360,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
     // While somebody is still there to read it.
     if (!m_closing->isClosing() && !m_prompts->isOpen() && !saveState())
         m_settings->warnNotStored();
+    const auto add = [this](const QStringList &files) { addPackagesFromOutside(files, true); };
     event->setAccepted(m_closing->requestClose());
 }
 

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packagecommands.h"
 
+#include "core/aside.h"
 #include "engine/reposhell.h"
 #include "ui/jobfeedback.h"
 #include "ui/packagedetails.h"
+#include "ui/packagedrop.h"
 #include "ui/prompts.h"
 #include "ui/repositorycommands.h"
 #include "ui/repotabs.h"
@@ -16,14 +18,11 @@
 #include <QPointer>
 #include <QSettings>
 
+#include <algorithm>
+
 namespace
 {
 const QString lastFolderKey = QStringLiteral("MainWindow/packagesFolder");
-
-bool isPackageFile(const QString &file)
-{
-    return file.endsWith(QLatin1String(".deb")) || file.endsWith(QLatin1String(".udeb"));
-}
 } // namespace
 
 PackageCommands::PackageCommands(RepoTabs &tabs,
@@ -47,8 +46,12 @@ PackageCommands::PackageCommands(RepoTabs &tabs,
             &RepoWidget::filesDropped,
             this,
             [this, tab = QPointer<RepoWidget>(widget)](const QStringList &files) {
-                if (!tab.isNull())
-                    addPackages(tab, files);
+                takeDropped(files, [this, tab](const QStringList &packages) {
+                    if (tab.isNull())
+                        tellNotAdded(packages);
+                    else
+                        addPackages(tab, packages);
+                });
             },
             Qt::QueuedConnection);
     });
@@ -64,6 +67,11 @@ PackageCommands::PackageCommands(RepoTabs &tabs,
     });
 }
 
+void PackageCommands::tellNotAdded(const QStringList &files)
+{
+    m_feedback.announce(tr("Not added: %1").arg(files.join(QLatin1String(", "))));
+}
+
 void PackageCommands::warnNoRepository()
 {
     m_prompts.warn(tr("No repository"), tr("There are no repositories to add a package to"));
@@ -71,7 +79,16 @@ void PackageCommands::warnNoRepository()
 
 RepoWidget *PackageCommands::chooseTarget()
 {
-    const QList<RepoWidget *> tabs = m_tabs.shown();
+    QList<RepoWidget *> tabs;
+    QStringList paths;
+    const QList<RepoWidget *> shown = m_tabs.shown();
+    for (RepoWidget *widget : shown) {
+        // One that is about to go takes nothing any more.
+        if (!widget->isEnabled())
+            continue;
+        tabs << widget;
+        paths << m_tabs.pathOf(widget);
+    }
     if (tabs.isEmpty()) {
         warnNoRepository();
         return nullptr;
@@ -80,7 +97,7 @@ RepoWidget *PackageCommands::chooseTarget()
         return tabs.first();
     const int index = m_prompts.choose(tr("Choose repository"),
                                        tr("Select the repository to add the package(s) to:"),
-                                       m_tabs.paths(),
+                                       paths,
                                        tabs.indexOf(m_tabs.current()));
     // Tabs can have gone while the user was choosing.
     RepoWidget *target = index < 0 || !m_tabs.shown().contains(tabs.at(index)) ? nullptr : tabs.at(index);
@@ -126,13 +143,11 @@ void PackageCommands::addAtStart(const QStringList &files)
     StartSelectActionDialog dialog(m_prompts.window());
     m_prompts.run(dialog);
     const auto add = [this, packages](RepoWidget *target) { addPackages(target, packages); };
-    const auto tellNotAdded = [this, packages] {
-        m_feedback.announce(tr("Not added: %1").arg(packages.join(QLatin1String(", "))));
-    };
     bool isChosen = false;
     if (dialog.action() == StartSelectActionDialog::Action::CreateRepo) {
-        isChosen = m_repositories.createRepo(
-            {add, [this](RepoWidget *failed) { m_waiting.remove(failed); }, tellNotAdded});
+        isChosen = m_repositories.createRepo({add,
+                                              [this](RepoWidget *failed) { m_waiting.remove(failed); },
+                                              [this, packages] { tellNotAdded(packages); }});
     } else if (dialog.action() == StartSelectActionDialog::Action::OpenRepo) {
         RepoWidget *target = m_repositories.chooseAndOpen();
         isChosen = target != nullptr;
@@ -140,7 +155,7 @@ void PackageCommands::addAtStart(const QStringList &files)
             add(target);
     }
     if (!isChosen)
-        tellNotAdded();
+        tellNotAdded(packages);
 }
 
 void PackageCommands::addPackages(RepoWidget *widget, const QStringList &files)
@@ -149,9 +164,37 @@ void PackageCommands::addPackages(RepoWidget *widget, const QStringList &files)
     if (packages.isEmpty())
         return;
     if (m_tabs.isRunning(widget))
-        m_waiting[widget] << packages;
+        keep(widget, packages);
     else
         startAdding(widget, packages);
+}
+
+void PackageCommands::keep(RepoWidget *widget, const QStringList &files)
+{
+    m_waiting[widget] << files;
+    m_feedback.appendLog(tr("Will be added next: %1").arg(files.join(QLatin1String(", "))));
+}
+
+void PackageCommands::takeDropped(const QStringList &paths,
+                                  const std::function<void(const QStringList &files)> &add)
+{
+    if (std::all_of(paths.cbegin(), paths.cend(), &PackageDrop::isPackageName)) {
+        add(paths);
+        return;
+    }
+    const auto find = [paths] { return PackageDrop::packagesAt(paths); };
+    aside(this, find, [this, add](const PackageDrop::Packages &packages) {
+        constexpr int Many = 20;
+        const QString folders = packages.folders.join(QLatin1String(", "));
+        if (packages.files.isEmpty())
+            m_feedback.announce(tr("There are no packages in what was dropped."));
+        else if (packages.inFolders <= Many
+                 || m_prompts.ask(tr("Adding packages"),
+                                  tr("Do you want to add %n package(s)?", nullptr, packages.files.size()),
+                                  tr("%n of them from %1", nullptr, packages.inFolders).arg(folders))
+                        == Prompts::Answer::Yes)
+            add(packages.files);
+    });
 }
 
 QStringList PackageCommands::packagesAmong(const QStringList &files)
@@ -159,7 +202,7 @@ QStringList PackageCommands::packagesAmong(const QStringList &files)
     QStringList packages;
     QStringList others;
     for (const QString &file : files)
-        (isPackageFile(file) ? packages : others) << file;
+        (PackageDrop::isPackageName(file) ? packages : others) << file;
     if (!others.isEmpty())
         m_feedback.error(
             tr("Only packages can be added: files whose name ends in .deb or .udeb, in small letters."),
@@ -172,13 +215,13 @@ void PackageCommands::startAdding(RepoWidget *widget, const QStringList &files)
 {
     const QPointer<RepoWidget> guard(widget);
     const QStringList components = widget->repoShell()->repoInfo().componentList();
-    if (!m_settings.confirmAddSettings(components))
+    if (!m_settings.confirmAddSettings(components) || guard.isNull()) {
+        tellNotAdded(files);
         return;
-    if (guard.isNull())
-        return;
+    }
     // Somebody else's files can have started a job here while the dialog was open.
     if (m_tabs.isRunning(widget)) {
-        m_waiting[widget] << files;
+        keep(widget, files);
         return;
     }
     widget->repoShell()->addPackages(files, m_settings.addOptions(components));

@@ -5,6 +5,8 @@
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
+
 class JobFeedback;
 class Prompts;
 class RepositoryCommands;
@@ -32,14 +34,22 @@ public:
     void addAtStart(const QStringList &files);
     /** Adds files to this tab's repository; when a job runs there, after it. */
     void addPackages(RepoWidget *widget, const QStringList &files);
+    /**
+     * Finds the packages of a drop, also those in folders, and gives them to `add`: at once when there are files alone,
+     * else later, and after a question when there are many.
+     */
+    void takeDropped(const QStringList &paths, const std::function<void(const QStringList &files)> &add);
     /** Removes the selected packages of the current tab after a question. */
     void removePackages();
 
 private:
     RepoWidget *chooseTarget();
     void warnNoRepository();
+    void tellNotAdded(const QStringList &files);
     /** Those of the files that can be packages; tells of the others. */
     QStringList packagesAmong(const QStringList &files);
+    /** Until the tab is free. */
+    void keep(RepoWidget *widget, const QStringList &files);
     void startAdding(RepoWidget *widget, const QStringList &files);
 
     RepoTabs &m_tabs;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packagedrop.h"
 
+#include <QDirIterator>
+#include <QFileInfo>
 #include <QMimeData>
 #include <QUrl>
 
@@ -9,17 +11,48 @@ bool PackageDrop::accepts(const QMimeData *data)
     return data != nullptr && data->hasFormat(QStringLiteral("text/uri-list"));
 }
 
-QStringList PackageDrop::packageFiles(const QMimeData *data)
+QStringList PackageDrop::paths(const QMimeData *data)
 {
-    QStringList files;
+    QStringList paths;
     if (!accepts(data))
-        return files;
+        return paths;
     const QList<QUrl> urls = data->urls();
     for (const QUrl &url : urls) {
-        const QString file = url.isLocalFile() ? url.toLocalFile() : QString();
-        if (file.endsWith(QLatin1String(".deb")) || file.endsWith(QLatin1String(".udeb")))
-            files.append(file);
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
     }
-    files.removeDuplicates();
-    return files;
+    paths.removeDuplicates();
+    return paths;
+}
+
+bool PackageDrop::isPackageName(const QString &path)
+{
+    return path.endsWith(QLatin1String(".deb")) || path.endsWith(QLatin1String(".udeb"));
+}
+
+PackageDrop::Packages PackageDrop::packagesAt(const QStringList &paths)
+{
+    Packages packages;
+    for (const QString &path : paths) {
+        if (!QFileInfo(path).isDir()) {
+            if (isPackageName(path))
+                packages.files.append(path);
+            continue;
+        }
+        QStringList found;
+        QDirIterator walk(path,
+                          {QStringLiteral("*.deb"), QStringLiteral("*.udeb")},
+                          QDir::Files | QDir::CaseSensitive,
+                          QDirIterator::Subdirectories);
+        while (walk.hasNext())
+            found.append(walk.next());
+        // The order of a folder's entries is the file system's.
+        found.sort();
+        packages.files += found;
+        packages.inFolders += found.size();
+        if (!found.isEmpty())
+            packages.folders.append(path);
+    }
+    packages.files.removeDuplicates();
+    return packages;
 }

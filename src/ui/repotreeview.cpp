@@ -101,14 +101,9 @@ void RepoTreeView::requestMenuAtCurrent()
 
 // --- drops ---------------------------------------------------------------------------------------------------------
 
-void RepoTreeView::setDropsEnabled(bool enabled)
-{
-    m_dropsEnabled = enabled;
-}
-
 void RepoTreeView::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!m_dropsEnabled || !PackageDrop::accepts(event->mimeData())) {
+    if (!PackageDrop::accepts(event->mimeData())) {
         event->ignore();
         return;
     }
@@ -118,7 +113,7 @@ void RepoTreeView::dragEnterEvent(QDragEnterEvent *event)
 
 void RepoTreeView::dragMoveEvent(QDragMoveEvent *event)
 {
-    if (!m_dropsEnabled || !PackageDrop::accepts(event->mimeData())) {
+    if (!PackageDrop::accepts(event->mimeData())) {
         event->ignore();
         return;
     }
@@ -128,7 +123,7 @@ void RepoTreeView::dragMoveEvent(QDragMoveEvent *event)
 
 void RepoTreeView::dropEvent(QDropEvent *event)
 {
-    const QStringList files = m_dropsEnabled ? PackageDrop::packageFiles(event->mimeData()) : QStringList();
+    const QStringList files = PackageDrop::paths(event->mimeData());
     if (files.isEmpty()) {
         event->ignore();
         return;

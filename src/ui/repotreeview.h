@@ -27,11 +27,9 @@ public:
     void setSearching(bool searching);
     /** Brings the first package that is shown into view, unless the current one is shown; for a new filter. */
     void showFirstMatch();
-    /** Whether dropped files are taken. */
-    void setDropsEnabled(bool enabled);
 
 Q_SIGNALS:
-    /** Package files were dropped: absolute paths. */
+    /** Package files, or what may be folders with packages, were dropped: absolute paths. */
     void filesDropped(const QStringList &files);
     /** The model was reset or filtered anew and the view shows again what it showed before, as far as it exists. */
     void stateRestored();
@@ -48,7 +46,6 @@ protected:
 
 private:
     RepoProxyModel *m_proxy = nullptr;
-    bool m_dropsEnabled = true;
     bool m_searching = false;
     QStringList m_expanded; ///< keys, from before a reset
     QStringList m_selected;

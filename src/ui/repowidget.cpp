@@ -243,7 +243,6 @@ void RepoWidget::setRunning(bool running)
         m_progressTimer.stop();
         unsetCursor();
     }
-    m_ui->m_repoTreeView->setDropsEnabled(!running);
     updateActions();
 }
 

@@ -135,7 +135,7 @@ Q_SIGNALS:
     void statusLabel(const QString &text);
     void needCloseRepo();
 
-    /** Package files were dropped on the tree: absolute paths. */
+    /** Package files, or what may be folders with packages, were dropped on the tree: absolute paths. */
     void filesDropped(const QStringList &files);
     /** The public part of the key that signs the repository is wanted. */
     void copyPublicKeyTriggered(const QString &keyId);

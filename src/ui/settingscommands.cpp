@@ -99,6 +99,11 @@ bool SettingsCommands::confirmAddSettings(const QStringList &components, AddedFr
 {
     if (m_choices.showAddPkgSettings && !editAddSettings(components, origin))
         return false;
+    return hasKeyToAdd();
+}
+
+bool SettingsCommands::hasKeyToAdd()
+{
     return !signsOnAdd() || chooseKeyIfNone();
 }
 
@@ -118,8 +123,8 @@ void SettingsCommands::showAddPkgSettings()
     const RepoWidget *widget = m_tabs.current();
     const QStringList components
         = widget == nullptr ? QStringList() : widget->repoShell()->repoInfo().componentList();
-    if (editAddSettings(components) && signsOnAdd())
-        chooseKeyIfNone();
+    if (editAddSettings(components))
+        hasKeyToAdd();
 }
 
 void SettingsCommands::showParametersDialog()

@@ -40,6 +40,11 @@ public:
      * be signed and the user chooses no key.
      */
     bool confirmAddSettings(const QStringList &components, AddedFrom origin = AddedFrom::Files);
+    /**
+     * Lets the user choose a key where packages that are added are to be signed and no key has been chosen; false when
+     * there is still none.
+     */
+    bool hasKeyToAdd();
     /** How packages are added now to a repository with these components. */
     AddOptions addOptions(const QStringList &components) const;
     /** The same as editAddSettings() for the current tab's repository. */

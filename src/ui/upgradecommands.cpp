@@ -50,7 +50,8 @@ void UpgradeCommands::updateActions()
 void UpgradeCommands::showUpgradeRepoDialog()
 {
     const QPointer<RepoWidget> target = m_tabs.current();
-    if (!m_tabs.isFree(target))
+    // Looking for newer versions takes a while, and nothing would come of it.
+    if (!m_tabs.isFree(target) || !m_settings.hasKeyToAdd())
         return;
     UpgradeSourcesDialog dialog(m_settings.externalRepos(), m_lastSources, m_prompts.window());
     if (m_prompts.run(dialog) != QDialog::Accepted)
@@ -84,7 +85,7 @@ void UpgradeCommands::choosePackages(RepoWidget *widget)
     m_tabs.bringToFront(widget);
     UpgradePackagesDialog dialog(
         widget->repoShell()->upgradablePackages(), m_settings.aliases(), m_prompts.window());
-    const bool isChosen = m_prompts.run(dialog) == QDialog::Accepted;
+    const bool isChosen = m_prompts.run(dialog) == QDialog::Accepted && m_settings.hasKeyToAdd();
     if (target.isNull())
         return;
     RepoShell *engine = target->repoShell();

@@ -175,7 +175,7 @@ private Q_SLOTS:
         const auto looksRunning = [&](bool running) {
             return child<QProgressBar>(m_driver->window(), "m_progressBar")->isVisible() == running
                    && stop->isVisible() == running && action("m_newRepoAction")->isEnabled()
-                   && action("m_addPackagesAction")->isEnabled() != running
+                   && action("m_removeRepoAction")->isEnabled() != running
                    && action("m_changeRepoAction")->isEnabled() != running;
         };
         QVERIFY(looksRunning(false));
@@ -187,6 +187,19 @@ private Q_SLOTS:
         WAIT_FOR(m_driver->isIdle());
         QCOMPARE(m_driver->message(), "Operation stopped. 1 of 3 package(s) added: a_1_amd64.deb"_s);
         QVERIFY(looksRunning(false));
+
+        // What comes while a job runs waits for its end, whatever way it comes.
+        hold();
+        m_driver->drop({package("d"_s)});
+        WAIT_FOR(looksRunning(true));
+        DebBuilder("e"_s).version("1"_s).build(path("folder/sub"_s));
+        m_driver->drop({path("folder"_s)}, tree()->viewport());
+        const Script choosing{choose("Adding Packages(r)"_s, package("f"_s))};
+        action("m_addPackagesAction")->trigger();
+        WAIT_FOR(m_driver->log().count("Will be added next: "_s) == 2);
+        release();
+        WAIT_FOR(m_driver->packageCount() == 4 && m_driver->isIdle());
+        QCOMPARE(packagesOf(m_driver->tab()->repoPath()), "a 1, d 1, e 1, f 1"_s);
     }
 
     void closeDuringJob()

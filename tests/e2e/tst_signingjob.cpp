@@ -48,10 +48,18 @@ private Q_SLOTS:
         QVERIFY(action("m_signPackagesAction")->isEnabled());
         QSettings().setValue(SettingsKey::SignPackage, true);
         m_driver->tabs()->currentChanged(0);
-        const Script declines{answer("Package signing"_s, "No"_s)};
-        m_driver->drop({package("added"_s)});
-        WAIT_FOR(declines.isDone());
-        QVERIFY(m_driver->isIdle());
+        const auto declines = [](const std::function<void()> &command) {
+            const Script question{answer("Package signing"_s, "No"_s)};
+            command();
+            return QTest::qWaitFor([&] { return question.isDone(); });
+        };
+        QVERIFY(declines([this] { m_driver->drop({package("added"_s)}); }));
+        QCOMPARE(m_driver->message(), "Not added: "_s + package("added"_s));
+        // Neither a look for newer versions nor a repository for an import comes first.
+        QVERIFY(declines([this] { action("m_upgradeRepoAction")->trigger(); }));
+        QVERIFY(declines([this] { Q_EMIT m_driver->tab()->needImportRepo(); }));
+        QCOMPARE(m_driver->message(), "Not imported: "_s + path("r"_s));
+        QVERIFY(m_driver->isIdle() && openDialogs<QDialog>().isEmpty());
         QCOMPARE(m_driver->packageCount(), 1);
     }
 

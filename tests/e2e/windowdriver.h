@@ -120,9 +120,10 @@ public:
         return idle;
     }
 
-    /** Drops files on the window. */
-    void drop(const QStringList &files)
+    /** Drops files on the window, or on a part of it. */
+    void drop(const QStringList &files, QWidget *target = nullptr)
     {
+        QWidget *widget = target == nullptr ? &m_window : target;
         QMimeData data;
         QList<QUrl> urls;
         for (const QString &file : files)
@@ -130,9 +131,9 @@ public:
         data.setUrls(urls);
         // Only what has entered can be dropped.
         QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&m_window, &enter);
+        QApplication::sendEvent(widget, &enter);
         QDropEvent event(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&m_window, &event);
+        QApplication::sendEvent(widget, &event);
     }
 
     /** Selects the item with this text in the first tab's tree. */

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "packagetesting.h"
 #include "support/testenvironment.h"
+#include "ui/packagedrop.h"
 #include "ui/repomodel.h"
 #include "ui/repoproxymodel.h"
 #include "ui/repotreeview.h"
@@ -147,14 +148,21 @@ private Q_SLOTS:
             = "file:///tmp/a%20b.deb\r\nfile:///tmp/50%25%26.udeb\r\nfile:///tmp/%D0%B6.deb\r\n"
               "http://example.org/c.deb\r\nfile:///tmp/a%20b.deb\r\nfile:///tmp/.deb/x\r\n";
         QVERIFY(drop("text/uri-list", odd));
-        QCOMPARE(dropped, QStringList({"/tmp/a b.deb"_s, "/tmp/50%&.udeb"_s, "/tmp/\u0436.deb"_s}));
-        QVERIFY(drop("text/uri-list", "file:///tmp/a.deb\nfile:///tmp/b.txt\n"));
-        QCOMPARE(dropped, QStringList{"/tmp/a.deb"_s});
-        QVERIFY(!drop("text/uri-list", "file:///tmp/b.txt\r\n"));
+        QCOMPARE(dropped,
+                 QStringList({"/tmp/a b.deb"_s, "/tmp/50%&.udeb"_s, "/tmp/\u0436.deb"_s, "/tmp/.deb/x"_s}));
+        QVERIFY(!drop("text/uri-list", "http://example.org/c.deb\r\n"));
         QVERIFY(!drop("text/plain", "file:///tmp/a.deb"));
-        f.view.setDropsEnabled(false);
-        QVERIFY(!drop("text/uri-list", odd));
-        QVERIFY(dropped.isEmpty());
+
+        // Folders stand for the packages in them.
+        const QTemporaryDir folder;
+        for (const char *name : {"sub/b.udeb", "sub/notes.txt", "a.deb", "B.DEB"})
+            writeFile(folder.filePath(QLatin1String(name)), {});
+        const PackageDrop::Packages found
+            = PackageDrop::packagesAt({"/tmp/c.deb"_s, folder.filePath("sub/notes.txt"_s), folder.path()});
+        QCOMPARE(found.files,
+                 QStringList({"/tmp/c.deb"_s, folder.filePath("a.deb"_s), folder.filePath("sub/b.udeb"_s)}));
+        QCOMPARE(found.inFolders, 2);
+        QCOMPARE(found.folders, QStringList{folder.path()});
     }
 };
 
