@@ -17,8 +17,13 @@ SigningCheck judged(const ProcessResult &result)
     SigningCheck check;
     if (result.succeeded())
         check.canSign = SigningCheck::listsSigningKey(result.output);
-    else
+    else if (!result.errorOutput.trimmed().isEmpty())
         check.errorText = result.errorOutput;
+    else if (result.crashed())
+        check.errorText = SigningCheck::tr("gpg crashed.");
+    else
+        check.errorText
+            = SigningCheck::tr("gpg ended with the code %1 and did not say why.").arg(result.exitCode);
     return check;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 
 #include <functional>
@@ -10,11 +11,13 @@ class QObject;
 /** Whether packages or repositories can be signed on this machine; asked before signing is switched on. */
 struct SigningCheck
 {
+    Q_DECLARE_TR_FUNCTIONS(SigningCheck)
+public:
     using Answer = std::function<void(const SigningCheck &check)>;
 
     bool canSign = false;
     QString missingPackage; ///< the package to be installed first; else empty
-    QString errorText; ///< what gpg said when it failed; else empty
+    QString errorText; ///< when gpg failed, what it said or how it ended; else empty
 
     /**
      * Looks for gpg and asks it for the keys, without waiting; `answer` is called later, on the thread of `context`
