@@ -11,7 +11,6 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLocale>
 #include <QProgressBar>
 #include <QTableView>
 
@@ -232,7 +231,7 @@ void SearchPackageWidget::showCount()
     if (m_namesLookedAt < m_namesFound)
         text += QLatin1String(". ")
                 + tr("Only the first %1 of %2 names are shown: type more of the name")
-                      .arg(QLocale().toString(m_namesLookedAt), QLocale().toString(m_namesFound));
+                      .arg(QString::number(m_namesLookedAt), QString::number(m_namesFound));
     m_statusLabel->setText(text);
 }
 

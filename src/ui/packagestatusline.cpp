@@ -7,7 +7,6 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
-#include <QLocale>
 #include <QStyle>
 
 namespace
@@ -106,9 +105,9 @@ void PackageStatusLine::updateIcons()
 void PackageStatusLine::showCounters()
 {
     for (std::size_t i = 0; i < States; ++i) {
-        const QString number = QLocale().toString(m_counters[i]);
+        const QString number = QString::number(m_counters[i]);
         m_labels[i]->setText(number);
         m_labels[i]->setAccessibleName(m_labels[i]->toolTip() + QLatin1String(": ") + number);
     }
-    m_totalLabel->setText(tr("Total: %1 package(s)").arg(QLocale().toString(m_total)));
+    m_totalLabel->setText(tr("Total: %1 package(s)").arg(m_total));
 }
