@@ -218,19 +218,24 @@ void RepositoryCommands::openWhatIsThere(RepoWidget *widget,
         m_feedback.announce(tr("The repository %1 is being deleted.").arg(path));
     } else {
         m_tabs.setPlace(widget, look.place);
-        // What turns out to be no repository is not worth remembering; a repository whose disk is absent just now
-        // keeps the place that it has.
-        const RepoShell *shell = widget->repoShell();
-        const auto once = std::make_shared<QMetaObject::Connection>();
-        *once = connect(shell, &RepoShell::pathChanged, this, [this, shell, path, once] {
-            disconnect(*once);
-            if (shell->path() == path)
-                m_recent.add(path);
-        });
+        if (!again)
+            rememberOnceOpen(*widget->repoShell(), path);
         widget->openRepo(path);
         return;
     }
     m_tabs.discard(widget);
+}
+
+void RepositoryCommands::rememberOnceOpen(const RepoShell &shell, const QString &path)
+{
+    // What turns out to be no repository is not worth remembering; a repository whose disk is absent just now keeps
+    // the place that it has.
+    const auto once = std::make_shared<QMetaObject::Connection>();
+    *once = connect(&shell, &RepoShell::pathChanged, this, [this, &shell, path, once] {
+        disconnect(*once);
+        if (shell.path() == path)
+            m_recent.add(path);
+    });
 }
 
 QString RepositoryCommands::placeOf(const QString &path) const

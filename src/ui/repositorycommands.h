@@ -14,6 +14,7 @@
 class JobFeedback;
 class Prompts;
 class RecentRepositories;
+class RepoShell;
 class RepoTabs;
 class RepoWidget;
 
@@ -110,6 +111,8 @@ private:
     RepoWidget *showRepo(const QString &path, bool again);
     void endReopening(const RepoWidget *widget);
     void openWhatIsThere(RepoWidget *widget, const QString &path, const Look &look, bool again);
+    /** Puts the path among the recent ones when the engine has opened it. */
+    void rememberOnceOpen(const RepoShell &shell, const QString &path);
     void remove(RepoWidget *widget);
     void startRemoval(const QString &path, const QString &place);
 

@@ -360,6 +360,9 @@ private Q_SLOTS:
         QVERIFY(QFile::link(repo, link));
         // A directory is opened once, however it is spelt; what is gone is told in the log alone.
         const QString other = makeRepository("other"_s);
+        const auto recentPaths = [] { return QSettings().value(SettingsKey::RecentRepoList).toStringList(); };
+        const QStringList recent{path("closed"_s), other, repo};
+        QSettings().setValue(SettingsKey::RecentRepoList, recent);
         QSettings().setValue(SettingsKey::RecentOpennedRepos,
                              QStringList{gone, repo, other, link, repo + "/../r/"_s});
         m_driver = std::make_unique<WindowDriver>();
@@ -367,6 +370,8 @@ private Q_SLOTS:
         const QString message = "File %1/conf/distributions not found!"_s;
         QVERIFY(m_driver->log().contains(message.arg(gone)));
         QVERIFY(openDialogs<QMessageBox>().isEmpty());
+        // What the start opens is no news.
+        QCOMPARE(recentPaths(), recent);
 
         QSettings().setValue(SettingsKey::RecentRepoList, QStringList{plain, gone});
         QVERIFY(restart({}));
@@ -383,7 +388,6 @@ private Q_SLOTS:
                              answer(QString(), "No"_s)};
         action("m_openRepoAction")->trigger();
         WAIT_FOR(mistake.isDone() && m_driver->tabs()->count() == 0);
-        const auto recentPaths = [] { return QSettings().value(SettingsKey::RecentRepoList).toStringList(); };
         const Script keep{answer("Recent repositories"_s, "No"_s)};
         recentRepositories().at(1)->trigger();
         WAIT_FOR(keep.isDone());
