@@ -88,8 +88,7 @@ int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
         missing.append(dependencyText(dependency));
     CheckJob(m_context).tellAptFailure(&apt);
     if (!missing.isEmpty() && !apt.failed() && !m_context.isCanceled())
-        m_context.critical(
-            tr("No source offers: %1").arg(missing.join(QLatin1String(", "))), QString(), WARNING);
+        tellMissing(missing);
 
     QList<PackageInfoPtr> wanting;
     const auto packages = m_context.packages().all();
@@ -97,6 +96,19 @@ int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
         return lacks(*package, dependencies);
     });
     return fetchAndAdd(offers.packages, wanting, &frame);
+}
+
+void DownloadJob::tellMissing(const QStringList &missing)
+{
+    // A box has no room for hundreds of names; its details have.
+    constexpr int NamesShown = 5;
+    QStringList names = missing.mid(0, NamesShown);
+    const bool isShortened = missing.size() > NamesShown;
+    if (isShortened)
+        names << QString(QChar(0x2026));
+    m_context.critical(tr("No source offers: %1").arg(names.join(QLatin1String(", "))),
+                       isShortened ? missing.join(QLatin1Char('\n')) : QString(),
+                       WARNING);
 }
 
 int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,

@@ -35,6 +35,7 @@ private:
     JobContext &m_context;
     const AddOptions &m_options;
 
+    void tellMissing(const QStringList &missing);
     int
     fetchAndAdd(const QList<PackageInfo> &packages, const QList<PackageInfoPtr> &wanting, JobFrame *frame);
     PackageFile fetch(const PackageInfo &package, const ScratchFolder &folder) const;
