@@ -47,6 +47,11 @@ int Prompts::run(QDialog &dialog)
     return m_dismissed ? static_cast<int>(QDialog::Rejected) : result;
 }
 
+void Prompts::offerHelp(QDialog &dialog)
+{
+    offerHelp(dialog, *new QShortcut(QKeySequence(QKeySequence::HelpContents), &dialog));
+}
+
 void Prompts::offerHelp(QDialog &dialog, QShortcut &key)
 {
     connect(&key, &QShortcut::activated, this, [this, &dialog] {
@@ -193,7 +198,7 @@ void Prompts::showNextError()
         }
     }
     m_errorBox = box;
-    offerHelp(*box, *new QShortcut(QKeySequence(QKeySequence::HelpContents), box));
+    offerHelp(*box);
     connect(box, &QDialog::finished, this, [this, box] {
         m_errorBox.clear();
         box->deleteLater();

@@ -66,6 +66,9 @@ public:
     /** Shows these errors in one box. */
     void showErrors(const QList<Error> &errors);
 
+    /** Lets the help key show the page of a dialog that is not run() but shown. Once for each. */
+    void offerHelp(QDialog &dialog);
+
     struct FileChoice
     {
         QString path; ///< empty when cancelled

@@ -52,6 +52,7 @@ PublishedReposDialog::PublishedReposDialog(PublicationMonitor &monitor, Prompts 
     layout->addWidget(m_splitter);
     layout->addWidget(m_orphanedLines);
     buildActions();
+    m_prompts.offerHelp(*this);
 
     connect(
         m_orphanedLines, &OrphanedLines::removalRequested, this, &PublishedReposDialog::lineRemovalRequested);

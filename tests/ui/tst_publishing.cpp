@@ -6,6 +6,7 @@
 #include "support/lists.h"
 #include "support/privatebus.h"
 #include "support/testenvironment.h"
+#include "ui/prompts.h"
 #include "ui/publicationpanel.h"
 #include "ui/publishedreposdialog.h"
 
@@ -326,6 +327,13 @@ private Q_SLOTS:
         view->sortByColumn(3, Qt::DescendingOrder);
         QCOMPARE(texts(3), "8080 80"_s);
         view->setCurrentIndex(view->model()->index(0, 0));
+        const auto *prompts = m_driver->window().findChild<Prompts *>();
+        const QSignalSpy help(prompts, &Prompts::helpRequested);
+        // There are no pages to show.
+        QVERIFY(disconnect(prompts, &Prompts::helpRequested, &m_driver->window(), nullptr));
+        QVERIFY(QTest::qWaitForWindowActive(dialog));
+        QTest::keyClick(view, Qt::Key_F1);
+        QCOMPARE(help.value(0).value(1).toString(), "publishing.html#list"_s);
         child<QAction>(*dialog, "m_copyAddressAction")->trigger();
         QVERIFY(QGuiApplication::clipboard()->text().endsWith(":8080/"_s));
         // Of a repository without a tab.
