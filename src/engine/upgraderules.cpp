@@ -74,7 +74,8 @@ QVector<UpgradablePackage> upgradable(const QList<PackageInfoPtr> &packages,
                            package->version,
                            record->version,
                            record->repository,
-                           record->architecture});
+                           record->architecture,
+                           package->ownArchitecture()});
     }
     return result;
 }

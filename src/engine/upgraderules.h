@@ -19,6 +19,8 @@ struct UpgradablePackage
     QString newVersion;
     QString source; ///< origin text: URI, suite and architecture
     QString fetchArchitecture; ///< with which apt is asked for the file
+    QString ownArchitecture
+        = {}; ///< that the old version was built for, which is "all" for many; to be shown
 
     friend bool operator==(const UpgradablePackage &a, const UpgradablePackage &b)
     {

@@ -3,6 +3,9 @@
 
 #include "ui/checktablemodel.h"
 
+#include <QHash>
+
+#include <algorithm>
 #include <utility>
 
 UpgradePackagesDialog::UpgradePackagesDialog(QVector<UpgradablePackage> packages,
@@ -15,15 +18,23 @@ UpgradePackagesDialog::UpgradePackagesDialog(QVector<UpgradablePackage> packages
         parent)
     , m_packages(std::move(packages))
 {
+    // They come index by index.
+    std::stable_sort(m_packages.begin(), m_packages.end(), [](const auto &left, const auto &right) {
+        return left.name < right.name;
+    });
+    QHash<QString, int> counts;
+    for (const UpgradablePackage &package : qAsConst(m_packages))
+        ++counts[package.name];
     QVector<CheckTableModel::Row> rows;
     rows.reserve(m_packages.size());
     for (const UpgradablePackage &package : qAsConst(m_packages)) {
-        rows.append({{package.name,
-                      package.architecture,
-                      package.oldVersion,
-                      package.newVersion,
-                      alias(package.source)},
-                     true});
+        QString architecture
+            = package.ownArchitecture.isEmpty() ? package.architecture : package.ownArchitecture;
+        if (architecture != package.architecture && counts.value(package.name) > 1)
+            architecture = tr("%1 (%2)").arg(architecture, package.architecture);
+        rows.append(
+            {{package.name, architecture, package.oldVersion, package.newVersion, alias(package.source)},
+             true});
     }
     constexpr int OldVersion = 2;
     constexpr int NewVersion = 3;

@@ -324,25 +324,28 @@ private Q_SLOTS:
     {
         QWidget window;
         UpgradePackagesDialog dialog(
-            {{"a"_s, "amd64"_s, {}, "1"_s, "10.0"_s, {}, {}},
-             {"b"_s, "amd64"_s, {}, "1"_s, "9.0"_s, {}, {}},
-             {"c"_s, "amd64"_s, {}, "1"_s, "1:0.1"_s, {}, {}},
-             {"d"_s, "amd64"_s, {}, "1"_s, "10.0~rc1"_s, {}, {}}},
+            {{"d"_s, "amd64"_s, {}, "1"_s, "10.0~rc1"_s, {}, {}, "all"_s},
+             {"b"_s, "amd64"_s, {}, "1"_s, "9.0"_s, {}, {}, "all"_s},
+             {"c"_s, "amd64"_s, {}, "1"_s, "1:0.1"_s, {}, {}, "amd64"_s},
+             {"a"_s, "amd64"_s, {}, "1"_s, "10.0"_s, {}, {}},
+             {"d"_s, "arm64"_s, {}, "1"_s, "10.0~rc1"_s, {}, {}, "all"_s}},
             [](const QString &) { return QString(); },
             &window);
         auto *view = child<QTreeView>(dialog, "m_tableView");
         const QAbstractItemModel &rows = *view->model();
-        const auto names = [&rows] {
-            QString all;
+        const auto column = [&rows](int number) {
+            QStringList all;
             for (int row = 0; row < rows.rowCount(); ++row)
-                all += rows.index(row, 0).data().toString();
-            return all;
+                all += rows.index(row, number).data().toString();
+            return all.join("|"_s);
         };
-        QCOMPARE(names(), "abcd"_s);
+        QCOMPARE(column(0), "a|b|c|d|d"_s);
+        QCOMPARE(column(1), "amd64|all|amd64|all (amd64)|all (arm64)"_s);
+        QCOMPARE(dialog.packages().at(4).architecture, "arm64"_s);
         view->sortByColumn(3, Qt::AscendingOrder);
-        QCOMPARE(names(), "bdac"_s);
+        QCOMPARE(column(0), "b|d|d|a|c"_s);
         view->sortByColumn(0, Qt::DescendingOrder);
-        QCOMPARE(names(), "dcba"_s);
+        QCOMPARE(column(0), "d|d|c|b|a"_s);
     }
 
     void equalNamesAreToldApart()
