@@ -238,7 +238,7 @@ void PackageCommands::removePackages()
     const QPointer<RepoWidget> guard(widget);
     if (m_prompts.askCarefully(tr("Remove confirmation"),
                                tr("Do you want to remove selected packages?"),
-                               PackageDetails::summary(selected))
+                               PackageDetails::summary(selected, widget->repoShell()->repoInfo()))
             == Prompts::Answer::Yes
         && !guard.isNull() && !m_tabs.isRunning(widget))
         widget->repoShell()->removePackages(selected);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packagedetails.h"
 
-#include <QHash>
 #include <QStringList>
 
 QString PackageDetails::descriptionHtml(const QString &description)
@@ -13,16 +12,13 @@ QString PackageDetails::descriptionHtml(const QString &description)
     return lines.join(QLatin1String("<br>"));
 }
 
-QString PackageDetails::summary(const QList<PackageInfoPtr> &packages)
+QString PackageDetails::summary(const QList<PackageInfoPtr> &packages, const RepoInfo &info)
 {
     constexpr int NamesShown = 5;
-    QHash<QString, int> counts;
-    for (const PackageInfoPtr &package : packages)
-        ++counts[package->name];
+    const bool hasSeveral = info.binaryArchitectures().size() > 1;
     QStringList names;
     for (const PackageInfoPtr &package : packages.mid(0, NamesShown))
-        names << (counts.value(package->name) == 1 ? package->name
-                                                   : tr("%1 (%2)").arg(package->name, package->architecture));
+        names << (hasSeveral ? tr("%1 (%2)").arg(package->name, package->architecture) : package->name);
     if (packages.size() > NamesShown)
         names << QString(QChar(0x2026));
     return tr("%n package(s): %1", nullptr, packages.size()).arg(names.join(QLatin1String(", ")));

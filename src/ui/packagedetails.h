@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "core/repoinfo.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -16,6 +17,6 @@ public:
      * a line with a lone dot. The text itself is shown as it stands, whatever characters it holds.
      */
     static QString descriptionHtml(const QString &description);
-    /** How many packages these are, and the names of the first. */
-    static QString summary(const QList<PackageInfoPtr> &packages);
+    /** How many packages these are, and the names of the first; with architectures where a name alone may mean two. */
+    static QString summary(const QList<PackageInfoPtr> &packages, const RepoInfo &info);
 };

@@ -111,6 +111,10 @@ void PackageTree::build(const QList<PackageInfoPtr> &packages)
             *known = append(makePackage(packages.at(place)), section);
             count(item(*known), 1);
         }
+        if (section >= 0) {
+            for (const int id : item(section).children)
+                updateDistinction(id);
+        }
     }
 }
 
@@ -223,6 +227,7 @@ int PackageTree::insert(RepoItem newItem, int parent, int row)
     if (item(id).package) {
         m_byKey.insert(PackageKey::of(*item(id).package), id);
         count(item(id), 1);
+        updateDistinction(id);
     }
     return id;
 }
@@ -246,6 +251,27 @@ void PackageTree::replace(int id, const PackageInfoPtr &package)
 {
     at(id).package = package;
     setState(id, package->dependStatus());
+}
+
+bool PackageTree::updateDistinction(int id)
+{
+    RepoItem &entry = at(id);
+    const QVector<int> &siblings = item(entry.parent).children;
+    bool byArchitecture = false;
+    bool byType = false;
+    // Packages of one name stand side by side.
+    for (const int row : {entry.row - 1, entry.row + 1}) {
+        if (row < 0 || row >= siblings.size())
+            continue;
+        const PackageInfo &other = *item(siblings.at(row)).package;
+        const bool isNamesake = other.name == entry.package->name;
+        byArchitecture = byArchitecture || (isNamesake && other.architecture != entry.package->architecture);
+        byType = byType || (isNamesake && other.type != entry.package->type);
+    }
+    const bool isOther = byArchitecture != entry.differsInArchitecture || byType != entry.differsInType;
+    entry.differsInArchitecture = byArchitecture;
+    entry.differsInType = byType;
+    return isOther;
 }
 
 void PackageTree::setState(int id, int state)

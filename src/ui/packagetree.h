@@ -51,6 +51,8 @@ public:
     /** Exchanges the record of a package in its place. */
     void replace(int id, const PackageInfoPtr &package);
     void setState(int id, int state);
+    /** Finds out again what tells a package from its neighbours; true when that is something else than before. */
+    bool updateDistinction(int id);
     void setRootTitle(const QString &title) { at(RootId).title = title; }
 
 private:

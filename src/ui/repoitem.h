@@ -26,6 +26,8 @@ struct RepoItem
     QString code; ///< of a component or section
     QString title; ///< of a container
     PackageInfoPtr package;
+    bool differsInArchitecture = false; ///< from a package of the same name beside it
+    bool differsInType = false; ///< likewise
 
     bool isContainer() const { return kind != Package; }
 

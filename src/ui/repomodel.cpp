@@ -181,11 +181,14 @@ void RepoModel::store(const PackageInfoPtr &package, Touched &touched)
     beginInsertRows(indexOfId(section), row, row);
     m_tree.insert(item, section, row);
     endInsertRows();
+    updateBeside(section, row);
 }
 
 void RepoModel::remove(int id, Touched &touched)
 {
-    touchContainers(m_tree.item(id).parent, touched);
+    const int section = m_tree.item(id).parent;
+    const int place = m_tree.item(id).row;
+    touchContainers(section, touched);
     // A container goes with its last child.
     while (id != PackageTree::RootId && m_tree.item(id).children.isEmpty()) {
         const int container = m_tree.item(id).parent;
@@ -197,6 +200,8 @@ void RepoModel::remove(int id, Touched &touched)
         touched.rows.remove(id);
         id = container;
     }
+    if (id == section)
+        updateBeside(section, place);
 }
 
 int RepoModel::ensureContainer(int parentId, RepoItem::Kind kind, const QString &code)
@@ -228,6 +233,17 @@ void RepoModel::touchRow(int id, Touched &touched) const
         touched.rows.insert(item.parent, {item.row, item.row});
     else
         *known = {qMin(known->first, item.row), qMax(known->second, item.row)};
+}
+
+void RepoModel::updateBeside(int section, int row)
+{
+    for (int near = qMax(0, row - 1); near <= row + 1 && near < m_tree.item(section).children.size();
+         ++near) {
+        const int id = m_tree.item(section).children.at(near);
+        const QModelIndex beside = indexOfId(id);
+        if (m_tree.updateDistinction(id))
+            Q_EMIT dataChanged(beside, beside, {Qt::DisplayRole});
+    }
 }
 
 void RepoModel::announce(const Touched &touched)
@@ -305,6 +321,17 @@ QString RepoModel::displayText(const RepoItem &item) const
     return item.package->name + QLatin1Char('_') + item.package->version;
 }
 
+QString RepoModel::distinctText(const RepoItem &item) const
+{
+    const QString text = displayText(item);
+    QStringList marks;
+    if (item.differsInArchitecture)
+        marks << item.package->architecture;
+    if (item.differsInType && item.package->type == PackageType::Udeb)
+        marks << QStringLiteral("udeb");
+    return marks.isEmpty() ? text : tr("%1 (%2)").arg(text, marks.join(QLatin1String(", ")));
+}
+
 QString RepoModel::toolTip(const RepoItem &item) const
 {
     // In a repository of one architecture it goes without saying.
@@ -349,6 +376,7 @@ QVariant RepoModel::data(const QModelIndex &index, int role) const
     const RepoItem &item = m_tree.item(itemId(index));
     switch (role) {
     case Qt::DisplayRole:
+        return distinctText(item);
     case TextRole:
         return displayText(item);
     case Qt::DecorationRole:

@@ -61,7 +61,10 @@ public:
     static int itemId(const QModelIndex &index) { return static_cast<int>(index.internalId()); }
     /** Invalid for -1, and for the repository item while none is shown. */
     QModelIndex indexOfId(int id) const;
+    /** What an item is called, and found by. */
     QString displayText(const RepoItem &item) const;
+    /** The same with what tells it from a neighbour of the same name. */
+    QString distinctText(const RepoItem &item) const;
 
     QModelIndex index(int row, int column, const QModelIndex &parent = QModelIndex()) const override;
     QModelIndex parent(const QModelIndex &child) const override;
@@ -95,6 +98,8 @@ private:
     int ensureContainer(int parent, RepoItem::Kind kind, const QString &code);
     void touchContainers(int section, Touched &touched) const;
     void touchRow(int id, Touched &touched) const;
+    /** A package has come or gone at this row: those beside it may be called otherwise now. */
+    void updateBeside(int section, int row);
     void announce(const Touched &touched);
     void announcePackages(const QVector<int> &roles);
     QString toolTip(const RepoItem &item) const;

@@ -436,6 +436,9 @@ void RepoWidget::showPackage(const PackageInfoPtr &record)
     const PackageInfo &package = *record;
     m_ui->m_packageLabel->setText(package.name);
     m_ui->m_versionLabel->setText(package.version);
+    const QString own = package.ownArchitecture();
+    m_ui->m_architectureLabel->setText(
+        own == package.architecture ? own : tr("%1 (listed for %2)").arg(own, package.architecture));
     m_ui->m_componentLabel->setText(package.component);
     m_ui->m_sectionLabel->setText(Sections::nameWithCode(package.section));
     m_ui->m_maintainerLabel->setText(package.maintainer());

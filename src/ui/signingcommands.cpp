@@ -79,7 +79,8 @@ void SigningCommands::confirm(const Request &request, const KeyListing &listing)
             readKey(request);
         return;
     }
-    QStringList about{PackageDetails::summary(request.packages), tr("Key: %1").arg(key)};
+    QStringList about{PackageDetails::summary(request.packages, request.widget->repoShell()->repoInfo()),
+                      tr("Key: %1").arg(key)};
     const QString warning = listing.warnings.value(key);
     if (!warning.isEmpty())
         about << warning;

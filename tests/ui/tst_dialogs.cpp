@@ -353,7 +353,11 @@ private Q_SLOTS:
         const QList<PackageInfoPtr> packages{PackageBuilder("foo"_s).architecture("amd64"_s).build(),
                                              PackageBuilder("bar"_s).architecture("amd64"_s).build(),
                                              PackageBuilder("foo"_s).architecture("i386"_s).build()};
-        QVERIFY(PackageDetails::summary(packages).endsWith(": foo (amd64), bar, foo (i386)"_s));
+        // Also when one of them is chosen alone.
+        QVERIFY(PackageDetails::summary(packages.mid(0, 2), {{}, {}, {}, {}, "i386 amd64"_s, {}})
+                    .endsWith(": foo (amd64), bar (amd64)"_s));
+        QVERIFY(PackageDetails::summary(packages.mid(0, 2), {{}, {}, {}, {}, "amd64 source"_s, {}})
+                    .endsWith(": foo, bar"_s));
     }
 
     void externalRepos()
