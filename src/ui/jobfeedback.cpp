@@ -3,6 +3,7 @@
 
 #include "engine/reposhell.h"
 #include "platform/desktopnotification.h"
+#include "signing/signingadvice.h"
 #include "ui/elidedlabel.h"
 #include "ui/packagereplacementdialog.h"
 #include "ui/prompts.h"
@@ -36,6 +37,10 @@ QString titleOf(const QString &error)
 
 QString withAdvice(const QString &details)
 {
+    // gpg's own words mean nothing to most users, so they come second.
+    const QString remedy = SigningAdvice::of(details);
+    if (!remedy.isEmpty())
+        return remedy + QLatin1String("\n\n") + details;
     const QString advice = PublicationText::advice(details);
     return advice.isEmpty() ? details : details + QLatin1String("\n\n") + advice;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/keylisting.h"
 #include "signing/repositorykey.h"
+#include "signing/signingadvice.h"
 #include "signing/signingcheck.h"
 #include "signing/signprocess.h"
 #include "support/debbuilder.h"
@@ -201,6 +202,22 @@ private Q_SLOTS:
             QCOMPARE(readFile(file("out/target"_s)), QByteArray("old"));
             QCOMPARE(QDir(file("out"_s)).entryList(QDir::Files | QDir::Hidden), QStringList{"target"_s});
         }
+    }
+
+    void wordsOfGpgAreExplained()
+    {
+        // As reprepro has printed them.
+        const std::pair<const char *, const char *> cases[]{
+            {"gpgme gave error Pinentry:32870:  Inappropriate ioctl for device", "Install a pinentry"},
+            {"gpgme gave error Pinentry:67108963:  Operation cancelled", "was not given"},
+            {"gpgme gave error GPG Agent:67108875:  Bad passphrase", "was wrong"},
+            {"gpgme gave error GPGME:17:  No secret key", "no key of yours"},
+            {"There have been errors!", ""}};
+        for (const auto &[output, advice] : cases)
+            QVERIFY2(*advice == '\0'
+                         ? SigningAdvice::of(QLatin1String(output)).isEmpty()
+                         : SigningAdvice::of(QLatin1String(output)).contains(QLatin1String(advice)),
+                     output);
     }
 
     void refusesWhatIsNoPackage()
