@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/mainwindow.h"
 
+#include "engine/reposhell.h"
 #include "platform/help.h"
 #include "platform/veltaboutdialog.h"
 #include "platform/windowgeometry.h"
@@ -164,6 +165,10 @@ void MainWindow::connectActions()
     command(m_ui->m_removeRepoAction, [this] { m_repositories->removeRepo(); });
     command(m_ui->m_addPackagesAction, [this] { m_packages->chooseAndAdd(); });
     command(m_ui->m_removePackagesAction, [this] { m_packages->removePackages(); });
+    command(m_ui->m_selectAllAction, [this] {
+        if (RepoWidget *widget = m_tabs->current())
+            widget->selectAllPackages();
+    });
     command(m_ui->m_signPackagesAction, [this] { m_signing->signPackages(); });
     command(m_ui->m_addPkgSettingsAction, [this] { m_settings->showAddPkgSettings(); });
     command(m_ui->m_editExternalReposAction, [this] { m_settings->editExternalRepos(); });
@@ -228,6 +233,7 @@ void MainWindow::updateActions()
     const bool free = m_tabs->isFree(widget);
     m_ui->m_removeRepoAction->setEnabled(free);
     m_ui->m_changeRepoAction->setEnabled(free);
+    m_ui->m_selectAllAction->setEnabled(widget != nullptr && widget->repoShell()->packageCount() > 0);
     m_depends->updateActions();
     m_reports->updateActions();
     m_archives->updateActions(m_canRemovePackages.value(widget));

@@ -330,6 +330,28 @@ QModelIndex RepoTreeView::firstMatch(const QModelIndex &parent) const
     return {};
 }
 
+void RepoTreeView::selectAll()
+{
+    if (m_proxy != nullptr && !m_proxy->isRepositoryItemHidden())
+        expand(m_proxy->index(0, 0));
+    QTreeView::selectAll();
+}
+
+void RepoTreeView::enterFromSearch()
+{
+    if (m_proxy == nullptr)
+        return;
+    const QModelIndex current = currentIndex();
+    const QModelIndex match = firstMatch(QModelIndex());
+    if (match.isValid() && !(current.isValid() && isPackage(current))) {
+        for (QModelIndex parent = match.parent(); parent.isValid(); parent = parent.parent())
+            expand(parent);
+        selectionModel()->setCurrentIndex(match, QItemSelectionModel::ClearAndSelect);
+        scrollTo(match);
+    }
+    setFocus(Qt::TabFocusReason);
+}
+
 void RepoTreeView::showFirstMatch()
 {
     if (m_proxy == nullptr)

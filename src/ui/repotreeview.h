@@ -25,6 +25,10 @@ public:
      * false after the text was removed: what was expanded before returns.
      */
     void setSearching(bool searching);
+    /** Opens the repository and selects all that is shown; a closed component or section stands for its packages. */
+    void selectAll() override;
+    /** Takes the focus from a search: the first package that is shown becomes the current one, unless one is. */
+    void enterFromSearch();
     /** Brings the first package that is shown into view, unless the current one is shown; for a new filter. */
     void showFirstMatch();
 

@@ -17,6 +17,7 @@
 #include <QAction>
 #include <QFocusEvent>
 #include <QItemSelectionModel>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QSet>
@@ -56,6 +57,27 @@ void RepoWidget::focusInEvent(QFocusEvent *event)
 void RepoWidget::focusTree()
 {
     m_ui->m_repoTreeView->setFocus();
+}
+
+void RepoWidget::selectAllPackages()
+{
+    m_ui->m_repoTreeView->selectAll();
+    m_ui->m_repoTreeView->setFocus();
+}
+
+bool RepoWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    // From the search line into what it has found.
+    if (watched == m_ui->m_searchLine->lineEdit() && event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool isPlain = (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+        if (isPlain
+            && (key->key() == Qt::Key_Down || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
+            m_ui->m_repoTreeView->enterFromSearch();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void RepoWidget::setUpTree()
@@ -110,6 +132,7 @@ void RepoWidget::setUpSearch()
     m_ui->m_searchLine->setFocusProxy(line);
     setTabOrder(line, m_ui->m_repoTreeView);
     connect(line, &QLineEdit::textChanged, this, &RepoWidget::search);
+    line->installEventFilter(this);
 
     struct Choice
     {

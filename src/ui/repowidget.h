@@ -69,6 +69,8 @@ public:
     void showPublication();
     /** How many packages the last checks found in error. */
     int packagesInError() const;
+    /** Selects all packages that are shown. */
+    void selectAllPackages();
     /** Gives the focus to the packages, also while the window is not the active one. */
     void focusTree();
     /** Whether dependencies of any package have been checked. */
@@ -146,6 +148,7 @@ Q_SIGNALS:
     void splitterMoved();
 
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
 
 private:

@@ -140,6 +140,21 @@ private Q_SLOTS:
         // What stands selected after opening must not offer to remove everything.
         QVERIFY(f.tab.selectedPackages().isEmpty());
         QVERIFY(!removable.last().first().toBool());
+
+        // Everything by a key, also what is folded away.
+        f.tree->collapse(f.item("my repo"));
+        f.tab.selectAllPackages();
+        QCOMPARE(f.selectedNames(), "bash zsh apt"_s);
+        // From the search into what it has found.
+        for (const auto key : {Qt::Key_Down, Qt::Key_Return}) {
+            f.tab.setCurrentItem(f.item("my repo"));
+            f.tab.show();
+            search->setFocus();
+            search->setText("zs"_s);
+            QTest::keyClick(search, key);
+            QCOMPARE(f.selectedNames(), "zsh"_s);
+            QCOMPARE(f.tab.focusWidget(), f.tree);
+        }
     }
 
     void pagesFitASmallScreen()
