@@ -18,6 +18,7 @@
 #include <QStringList>
 #include <QThread>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -118,6 +119,8 @@ public:
     /** path() with links resolved, as of the opening or the last move: to be compared, not to be shown. */
     QString place() const;
     RepoInfo repoInfo() const;
+    /** Whether the user may change the repository, as of its last reading. */
+    bool isWritable() const { return m_isWritable; }
     /** A copy of the package list; cheap, since the list is shared until it changes. */
     QList<PackageInfoPtr> packages() const;
     int packageCount() const;
@@ -246,6 +249,7 @@ private:
 
     std::unique_ptr<JobContext> m_context; ///< with the package list
     std::unique_ptr<UpgradeSources> m_upgradeSources;
+    std::atomic<bool> m_isWritable{true};
     QFuture<int> m_future;
     int m_runningJobs = 0; ///< of the interface thread alone
     std::unique_ptr<ScratchFolder> m_tempDir; ///< what an import has unpacked

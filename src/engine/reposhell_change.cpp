@@ -120,7 +120,7 @@ bool RepoShell::keepForUndoing(const QByteArray &text, QString *details)
         return false;
     if (DatabaseCopy::keepDescription(repoPath, text))
         return true;
-    *details = DistributionsFile(repoPath).fileName();
+    *details = tr("No copy of the description can be kept in %1.").arg(repoPath + QLatin1String("/db"));
     DatabaseCopy::drop(repoPath);
     return false;
 }
@@ -245,7 +245,13 @@ bool RepoShell::rewriteRepo(const RepoInfo &info, bool dropsTracks, QString *det
         result = session.dropTracks(oldInfo.codename);
     *details = result.errorOutput;
     setRepository(path(), info);
-    if (!result.succeeded() || !writeRepoInfo(info) || !takeOutVanished(oldInfo, &session, details))
+    if (!result.succeeded())
+        return false;
+    if (const DistributionsFile file(path()); !file.write(info)) {
+        *details = tr("Impossible to create file %1!").arg(file.fileName());
+        return false;
+    }
+    if (!takeOutVanished(oldInfo, &session, details))
         return false;
     removeVanishedIndices(oldInfo, info);
     // Whoever finds the repository like this has to go on with the change rather than to undo it.

@@ -19,6 +19,7 @@
 #include <QFileInfo>
 #include <QMutexLocker>
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -44,6 +45,16 @@ QString refusal(const QString &repoPath)
             return reason;
     }
     return {};
+}
+
+/** Whether reprepro can write where it writes for any change. */
+bool mayWrite(const QString &repoPath)
+{
+    const QStringList folders{QStringLiteral("/db"), QStringLiteral("/dists"), QStringLiteral("/pool")};
+    return std::all_of(folders.cbegin(), folders.cend(), [&repoPath](const QString &name) {
+        const QFileInfo folder(repoPath + name);
+        return folder.exists() ? folder.isWritable() : QFileInfo(repoPath).isWritable();
+    });
 }
 } // namespace
 
@@ -131,6 +142,7 @@ int RepoShell::createRepo(const QString &path, const RepoInfo &info)
     QString details;
     if (prepareRepoDir(repoPath, &aside) == SUCCESS) {
         setRepository(repoPath, info);
+        m_isWritable = true;
         m_context->packages().clear();
         if (writeRepoInfo(info)) {
             if (m_context->runReprepro(ReproCommand::exportIndices()) == 0) {
@@ -212,6 +224,7 @@ int RepoShell::openBody(const QString &path)
         return frame.finish(ERROR, tr("Repositry is not opened"));
     }
     setRepository(path, repoInfo());
+    m_isWritable = mayWrite(path);
     Q_EMIT pathChanged(QString());
     Q_EMIT requestForStoredInformation(path);
     const bool isRecovered = recovery.run();

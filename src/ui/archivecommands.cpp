@@ -93,8 +93,8 @@ void ArchiveCommands::updateActions(bool arePackagesSelected)
     m_ui.m_exportAllPackagesAction->setEnabled(hasPackages);
     m_ui.m_exportSelectedPackagesAction->setEnabled(hasPackages && arePackagesSelected);
     m_ui.m_exportWithDependsAction->setEnabled(hasPackages && arePackagesSelected);
-    m_ui.m_importPackagesAction->setEnabled(free);
-    m_importFolderAction->setEnabled(free);
+    m_ui.m_importPackagesAction->setEnabled(m_tabs.isChangeable(widget));
+    m_importFolderAction->setEnabled(m_tabs.isChangeable(widget));
 }
 
 // --- export --------------------------------------------------------------------------------------------------------

@@ -79,7 +79,7 @@ void DependsCommands::updateActions()
     const Abilities abilities = m_abilities.value(widget);
     const bool isFree = m_tabs.isFree(widget);
     m_ui.m_checkDependStartAction->setEnabled(isFree && abilities.check);
-    m_ui.m_addPackageFromExtRepoAction->setEnabled(isFree);
+    m_ui.m_addPackageFromExtRepoAction->setEnabled(m_tabs.isChangeable(widget));
     m_ui.m_dependsCheckMenu->setEnabled(widget != nullptr && abilities.checkMenu);
 }
 
@@ -143,7 +143,7 @@ void DependsCommands::packageDependsContextMenuRequested(RepoWidget *widget, con
     m_menuTab = widget;
     m_ui.m_addToLocalRepoAction->setText(text);
     m_ui.m_addToLocalRepoAction->setToolTip(text);
-    m_ui.m_addToLocalRepoAction->setEnabled(!lacks.isEmpty() && !m_tabs.isRunning(widget));
+    m_ui.m_addToLocalRepoAction->setEnabled(!lacks.isEmpty() && m_tabs.isChangeable(widget));
     m_menu->clear();
     m_menu->addAction(m_ui.m_addToLocalRepoAction);
     m_menu->addSeparator();

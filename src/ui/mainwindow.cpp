@@ -231,16 +231,17 @@ void MainWindow::updateActions()
         return;
     const RepoWidget *widget = m_tabs->current();
     const bool free = m_tabs->isFree(widget);
-    m_ui->m_removeRepoAction->setEnabled(free);
-    m_ui->m_changeRepoAction->setEnabled(free);
+    const bool changeable = m_tabs->isChangeable(widget);
+    m_ui->m_removeRepoAction->setEnabled(changeable);
+    m_ui->m_changeRepoAction->setEnabled(changeable);
     m_ui->m_selectAllAction->setEnabled(widget != nullptr && widget->repoShell()->packageCount() > 0);
     m_depends->updateActions();
     m_reports->updateActions();
     m_archives->updateActions(m_canRemovePackages.value(widget));
     m_upgrade->updateActions();
     m_publication->updateActions();
-    m_ui->m_removePackagesAction->setEnabled(free && m_canRemovePackages.value(widget));
-    m_ui->m_signPackagesAction->setEnabled(free && m_canRemovePackages.value(widget));
+    m_ui->m_removePackagesAction->setEnabled(changeable && m_canRemovePackages.value(widget));
+    m_ui->m_signPackagesAction->setEnabled(changeable && m_canRemovePackages.value(widget));
 }
 
 void MainWindow::updateTitle()
@@ -353,6 +354,7 @@ void MainWindow::dropEvent(QDropEvent *event)
 {
     const QStringList paths = PackageDrop::paths(event->mimeData());
     event->acceptProposedAction();
+    const auto add = [this](const QStringList &files) { addPackagesFromOutside(files, true); };
     // Queued: the drag's source waits until this returns, and a dialog may come.
     if (!paths.isEmpty())
         QMetaObject::invokeMethod(
@@ -366,7 +368,6 @@ void MainWindow::closeEvent(QCloseEvent *event)
     // While somebody is still there to read it.
     if (!m_closing->isClosing() && !m_prompts->isOpen() && !saveState())
         m_settings->warnNotStored();
-    const auto add = [this](const QStringList &files) { addPackagesFromOutside(files, true); };
     event->setAccepted(m_closing->requestClose());
 }
 

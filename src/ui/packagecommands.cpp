@@ -213,6 +213,14 @@ QStringList PackageCommands::packagesAmong(const QStringList &files)
 
 void PackageCommands::startAdding(RepoWidget *widget, const QStringList &files)
 {
+    if (!widget->repoShell()->isWritable()) {
+        m_feedback.error(
+            tr("You cannot change the repository %1: its files belong to another user, or its disk is "
+               "read-only.")
+                .arg(m_tabs.pathOf(widget)));
+        tellNotAdded(files);
+        return;
+    }
     const QPointer<RepoWidget> guard(widget);
     const QStringList components = widget->repoShell()->repoInfo().componentList();
     if (!m_settings.confirmAddSettings(components) || guard.isNull()) {

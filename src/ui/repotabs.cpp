@@ -253,6 +253,11 @@ bool RepoTabs::isFree(const RepoWidget *widget) const
     return widget != nullptr && widget->isEnabled() && !isRunning(widget) && !widget->repoPath().isEmpty();
 }
 
+bool RepoTabs::isChangeable(const RepoWidget *widget) const
+{
+    return isFree(widget) && widget->repoShell()->isWritable();
+}
+
 void RepoTabs::setWaiting(RepoWidget *widget, bool waiting)
 {
     Tab *tab = tabOf(widget);

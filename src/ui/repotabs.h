@@ -51,6 +51,8 @@ public:
     bool isRunning(const RepoWidget *widget) const;
     /** Whether a command can be given to the tab: it has a repository and is not at work. False for no tab. */
     bool isFree(const RepoWidget *widget) const;
+    /** The same for a command that changes the repository: the user needs the right to write. */
+    bool isChangeable(const RepoWidget *widget) const;
     /** Marks the tab of a repository that is published. */
     void setPublished(RepoWidget *widget, bool published);
     /** Between these two calls the system does something for the tab. Unlike a job, it keeps nobody from closing. */

@@ -250,6 +250,7 @@ void RepoWidget::repoInfoAdded()
     m_ui->m_repoVersionLabel->setText(info.version);
     m_ui->m_repoArchLabel->setText(info.architectures);
     m_ui->m_repoSignLabel->setText(info.signWith ? tr("Signed") : tr("Unsigned"));
+    m_ui->m_readOnlyLabel->setVisible(!m_shell->isWritable());
     m_publication->showRepository();
     m_key->showRepository();
     if (!m_shell->path().isEmpty())

@@ -44,7 +44,7 @@ void UpgradeCommands::attach(RepoWidget *widget)
 void UpgradeCommands::updateActions()
 {
     const RepoWidget *widget = m_tabs.current();
-    m_action->setEnabled(m_tabs.isFree(widget) && widget->repoShell()->packageCount() > 0);
+    m_action->setEnabled(m_tabs.isChangeable(widget) && widget->repoShell()->packageCount() > 0);
 }
 
 void UpgradeCommands::showUpgradeRepoDialog()
