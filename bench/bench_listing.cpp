@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reading an index of 63,000 records: a bare pass over its lines against what the engine does.
 #include "benchdata.h"
+#include "engine/packagelisting.h"
 #include "engine/packagesfile.h"
 
 #include <QFile>
@@ -70,4 +71,18 @@ void ReadIndex(benchmark::State &state)
     state.counters["peak_MB"] = BenchData::peakMegabytes();
 }
 BENCHMARK(ReadIndex)->Unit(benchmark::kMillisecond)->MinTime(1);
+
+/** What a change by another program costs on top of reading: finding out what it was. */
+void CompareIndices(benchmark::State &state)
+{
+    const IndexPlace place{QStringLiteral("main"), QStringLiteral("amd64"), PackageType::Deb};
+    const auto known = readPackagesFile(BenchData::packagesFile(), place, QString());
+    auto listed = readPackagesFile(BenchData::packagesFile(), place, QString());
+    listed.removeLast();
+    int removed = 0;
+    for (auto _ : state)
+        removed = compareListings(known, listed).removed.size();
+    state.counters["removed"] = removed;
+}
+BENCHMARK(CompareIndices)->Unit(benchmark::kMillisecond)->MinTime(1);
 } // namespace

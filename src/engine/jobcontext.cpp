@@ -4,6 +4,7 @@
 #include "engine/databasecopy.h"
 #include "engine/exportsession.h"
 #include "engine/jobrecovery.h"
+#include "engine/packagelisting.h"
 #include "engine/repolock.h"
 #include "engine/reposhell.h"
 #include "engine/repreproanswers.h"
@@ -216,7 +217,21 @@ bool JobContext::finishSession(ExportSession *session)
 
 void JobContext::critical(const QString &text, const QString &details, ErrorType error)
 {
+    m_hasFailed = m_hasFailed || error == CRITICAL;
     Q_EMIT m_shell.critical(text, details, error);
+}
+
+void JobContext::tellOfForeignChange()
+{
+    // While the job itself owes indices, they differ from the packages for that reason.
+    if (!m_hasFailed.exchange(false) || m_lockedOut || m_closing || ExportSession::isExportOwed(path()))
+        return;
+    const auto listed = readListing(path(), repoInfo());
+    if (listed && !compareListings(m_packages.all(), *listed).isEmpty())
+        critical(tr("Another program has changed the repository since it was read, which may be the reason. "
+                    "Reload it with F5, and try once more."),
+                 QString(),
+                 WARNING);
 }
 
 void JobContext::runFailed(const QString &text, const QString &details)

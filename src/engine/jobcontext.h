@@ -84,6 +84,11 @@ public:
     void critical(const QString &text, const QString &details = QString(), ErrorType error = CRITICAL);
     /** critical() for what a run could not do; nothing when isLockedOut(), of which the user knows. */
     void runFailed(const QString &text, const QString &details);
+    /**
+     * After errors of a job: says that another program has changed the repository since it was read, if so, because
+     * that may be the reason.
+     */
+    void tellOfForeignChange();
     void noted(const QString &text);
     void packageAdded(const PackageInfoPtr &package);
     void packageChanged(const PackageInfoPtr &package);
@@ -100,6 +105,7 @@ public:
     {
         m_canceled = m_closing.load();
         m_lockedOut = false;
+        m_hasFailed = false;
     }
     void started(const QString &message);
     void finished(JobId jobId, const QString &message);
@@ -158,6 +164,7 @@ private:
     std::atomic<bool> m_canceled{false};
     std::atomic<bool> m_closing{false};
     std::atomic<bool> m_lockedOut{false};
+    std::atomic<bool> m_hasFailed{false}; ///< the running job has told of an error
     std::mutex m_waiting;
     std::condition_variable m_stopWish; ///< with m_waiting: m_canceled has become true
     std::atomic<bool> m_checksDependsOnAdd{true};

@@ -36,6 +36,7 @@ void JobFrame::quickItemDone()
 int JobFrame::finish(int result, const QString &message, RepoEnums::JobId jobId)
 {
     m_finished = true;
+    m_context.tellOfForeignChange();
     m_context.resetCancel();
     m_context.finished(jobId, message);
     return result;

@@ -1,12 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/packagelisting.h"
 
+#include "engine/packagelist.h"
 #include "engine/packagesfile.h"
+#include "engine/signaturerecord.h"
 
 #include <QDir>
 #include <QDirIterator>
+#include <QFile>
 
 #include <algorithm>
+
+namespace
+{
+bool isSame(const PackageInfo &known, const PackageInfo &listed)
+{
+    if (known.version != listed.version || known.signingKey != listed.signingKey)
+        return false;
+    // The record of a package that we have added ourselves stems from its file, which knows nothing of the index.
+    return known.poolFile.isEmpty()
+               ? known.control.text() == listed.control.text()
+               : known.filePath() == listed.filePath() && known.depends() == listed.depends();
+}
+} // namespace
 
 QList<PackageInfoPtr> listPackages(const QString &root, const RepoInfo &info)
 {
@@ -39,4 +55,40 @@ void sortPackages(QList<PackageInfoPtr> *packages)
     };
     if (!std::is_sorted(packages->cbegin(), packages->cend(), less))
         std::stable_sort(packages->begin(), packages->end(), less);
+}
+
+std::optional<QList<PackageInfoPtr>> readListing(const QString &root, const RepoInfo &info)
+{
+    // Indices without a package are there all the same.
+    if (info.codename.isEmpty()
+        || !QFile::exists(QStringLiteral("%1/dists/%2/Release").arg(root, info.codename)))
+        return std::nullopt;
+    QList<PackageInfoPtr> packages = listPackages(root, info);
+    sortPackages(&packages);
+    SignatureRecord::mark(&packages, root);
+    return packages;
+}
+
+ListingDifference compareListings(const QList<PackageInfoPtr> &known, const QList<PackageInfoPtr> &listed)
+{
+    QHash<PackageKey, PackageInfoPtr> missing;
+    missing.reserve(known.size());
+    for (const PackageInfoPtr &package : known)
+        missing.insert(PackageKey::of(*package), package);
+    ListingDifference difference;
+    difference.packages.reserve(listed.size());
+    for (const PackageInfoPtr &package : listed) {
+        const PackageInfoPtr before = missing.take(PackageKey::of(*package));
+        const bool isKnown = before && isSame(*before, *package);
+        difference.packages.append(isKnown ? before : package);
+        if (!before)
+            difference.added.append(package);
+        else if (!isKnown)
+            difference.changed.append(package);
+    }
+    for (const PackageInfoPtr &package : known) {
+        if (missing.contains(PackageKey::of(*package)))
+            difference.removed.append(package);
+    }
+    return difference;
 }

@@ -55,6 +55,8 @@ public:
     // --- jobs: return at once, do nothing when the path or the list is empty -------------------------------------
 
     void openRepo(const QString &path);
+    /** Reads the open repository again: what another program has changed in it goes out as the signals of packages. */
+    void reloadRepo();
     /**
      * Rewrites the description and, when `newPath` is another one, moves the repository there. What the new description
      * cannot keep of the old one is lost after a question only. `given` is the text of conf/distributions that `info`
@@ -269,6 +271,7 @@ private:
     int readRepoInfo(const QString &path);
     bool writeRepoInfo(const RepoInfo &info);
     int openBody(const QString &path);
+    int reloadBody();
 
     // --- change: reposhell_change.cpp
     int changeBody(const QString &newPath, const RepoInfo &info, const std::optional<QByteArray> &given);

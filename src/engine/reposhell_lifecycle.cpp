@@ -197,6 +197,52 @@ bool RepoShell::writeRepoInfo(const RepoInfo &info)
     return false;
 }
 
+void RepoShell::reloadRepo()
+{
+    if (!path().isEmpty())
+        startJob([this] { return reloadBody(); });
+}
+
+int RepoShell::reloadBody()
+{
+    JobFrame frame(*m_context, tr("Reading repository again"));
+    const QString repoPath = path();
+    QString reason = refusal(repoPath);
+    const auto info = reason.isEmpty() ? DistributionsFile(repoPath).read() : std::nullopt;
+    const auto listed = info ? readListing(repoPath, *info) : std::nullopt;
+    if (!listed) {
+        if (!QFileInfo(repoPath).isDir())
+            reason = tr("The directory %1 does not exist any more. Its disk may be absent.").arg(repoPath);
+        else if (reason.isEmpty())
+            reason = tr("Its description or its indices are missing.");
+        Q_EMIT critical(tr("The repository %1 cannot be read.").arg(repoPath), reason);
+        return frame.finish(ERROR, tr("Repository is not read again"));
+    }
+    const bool isWritable = mayWrite(repoPath);
+    if (*info != repoInfo() || isWritable != m_isWritable) {
+        setRepository(repoPath, *info);
+        m_isWritable = isWritable;
+        Q_EMIT repoInfoAdded();
+    }
+    const ListingDifference difference = compareListings(m_context->packages().all(), *listed);
+    m_context->packages().assign(difference.packages);
+    for (const PackageInfoPtr &package : difference.removed)
+        Q_EMIT packageRemoved(package);
+    for (const PackageInfoPtr &package : difference.added)
+        Q_EMIT packageAdded(package);
+    for (const PackageInfoPtr &package : difference.changed)
+        Q_EMIT packageChanged(package);
+    if (difference.isEmpty())
+        return frame.finish(SUCCESS, tr("Repository is unchanged"));
+    m_context->savePackages();
+    return frame.finish(
+        SUCCESS,
+        tr("Another program has changed the repository: %1 package(s) added, %2 replaced, %3 removed")
+            .arg(difference.added.size())
+            .arg(difference.changed.size())
+            .arg(difference.removed.size()));
+}
+
 int RepoShell::openBody(const QString &path)
 {
     JobFrame frame(*m_context, tr("Opening repository"));

@@ -11,6 +11,7 @@
 #include "ui/dependsmodes.h"
 #include "ui/dependsreportcommands.h"
 #include "ui/emptypage.h"
+#include "ui/foreignchanges.h"
 #include "ui/jobfeedback.h"
 #include "ui/mnemonics.h"
 #include "ui/packagecommands.h"
@@ -169,6 +170,11 @@ void MainWindow::connectActions()
         if (RepoWidget *widget = m_tabs->current())
             widget->selectAllPackages();
     });
+    command(m_ui->m_reloadAction, [this] {
+        const RepoWidget *widget = m_tabs->current();
+        if (m_tabs->isFree(widget))
+            widget->repoShell()->reloadRepo();
+    });
     command(m_ui->m_signPackagesAction, [this] { m_signing->signPackages(); });
     command(m_ui->m_addPkgSettingsAction, [this] { m_settings->showAddPkgSettings(); });
     command(m_ui->m_editExternalReposAction, [this] { m_settings->editExternalRepos(); });
@@ -211,6 +217,7 @@ void MainWindow::connectTab(RepoWidget *widget)
     connect(widget, &RepoWidget::contextMenuRequested, m_packageMenu, [this, widget](const QPoint &pos) {
         m_packageMenu->popup(*widget, pos);
     });
+    new ForeignChanges(*m_tabs, *m_prompts, *widget);
     if (!m_state.splitterSizes.isEmpty())
         widget->setSplitterSizes(m_state.splitterSizes);
     connect(widget, &RepoWidget::splitterMoved, this, [this, widget] {
@@ -234,6 +241,7 @@ void MainWindow::updateActions()
     const bool changeable = m_tabs->isChangeable(widget);
     m_ui->m_removeRepoAction->setEnabled(changeable);
     m_ui->m_changeRepoAction->setEnabled(changeable);
+    m_ui->m_reloadAction->setEnabled(free);
     m_ui->m_selectAllAction->setEnabled(widget != nullptr && widget->repoShell()->packageCount() > 0);
     m_depends->updateActions();
     m_reports->updateActions();

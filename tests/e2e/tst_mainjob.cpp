@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "e2e/windowtest.h"
 #include "ui/addpkgsettingsdialog.h"
+#include "ui/foreignchanges.h"
 #include "ui/newrepodialog.h"
 #include "ui/packagereplacementdialog.h"
 
@@ -400,6 +401,41 @@ private Q_SLOTS:
         WAIT_FOR(recentPaths() == QStringList{plain});
         action("m_addPackagesAction")->trigger();
         QVERIFY(warnings.isDone());
+    }
+
+    void changesOfOthersAreShown()
+    {
+        const QString repo = makeRepository("r"_s, {package("a"_s), package("b"_s)});
+        QVERIFY(restart({repo}));
+        m_driver->select("a_1");
+        const QPersistentModelIndex selected = tree()->currentIndex();
+        // What the window's own jobs do is nobody else's.
+        m_driver->drop({package("own"_s)});
+        WAIT_FOR(m_driver->packageCount() == 3 && m_driver->isIdle());
+        QTest::qWait(ForeignChanges::QuietTime + 500);
+        QVERIFY(!m_driver->log().contains("Another program"_s));
+
+        const QStringList base{"-s"_s, "-b"_s, repo};
+        outputOf("/usr/bin/reprepro"_s, base + "remove|birch|b"_list);
+        outputOf("/usr/bin/reprepro"_s,
+                 base + QStringList{"includedeb"_s, "birch"_s, package("c"_s), package("a"_s, "2"_s)});
+        const auto shows = [this](const char *text) { return find(*tree()->model(), text).isValid(); };
+        WAIT_FOR(shows("a_2") && shows("c_1") && shows("own_1") && !shows("b_1") && m_driver->isIdle());
+        QVERIFY(m_driver->message().startsWith("Another program has changed the repository: "_s));
+        QCOMPARE(tree()->currentIndex(), QModelIndex(selected));
+        QVERIFY(tree()->selectionModel()->isSelected(selected));
+
+        // A disk that has gone takes nothing from the list.
+        QVERIFY(QDir().rename(repo + "/dists"_s, repo + "/away"_s));
+        const Script told{answer("Error"_s, "OK"_s)};
+        QTest::keyClick(&m_driver->window(), Qt::Key_F5);
+        WAIT_FOR(told.isDone() && m_driver->isIdle());
+        QCOMPARE(m_driver->packageCount(), 3);
+        QVERIFY(QDir().rename(repo + "/away"_s, repo + "/dists"_s));
+        // A desktop activates the window when its dialog has gone.
+        m_driver->window().activateWindow();
+        QTest::keyClick(&m_driver->window(), Qt::Key_F5);
+        WAIT_FOR(m_driver->message() == "Repository is unchanged"_s && m_driver->isIdle());
     }
 
     void changeMovesAndRemovalDeletes()

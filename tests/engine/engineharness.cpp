@@ -103,10 +103,14 @@ bool EngineHarness::settled() const
         pool.insert(files.next());
     const QStringList kept = QDir(shell.path()).entryList({".replaced-*"_s}, QDir::Dirs | QDir::Hidden);
     const QStringList records = listed();
-    if (pool == named && inIndices() == records && inDatabase().size() == records.size() && kept.isEmpty()
-        && !isExportOwed() && reprepro({"checkpool"_s}).succeeded())
+    // What its own jobs have done is no change of another program.
+    const auto listing = readListing(shell.path(), shell.repoInfo());
+    const bool isUnchanged = listing && compareListings(shell.packages(), *listing).isEmpty();
+    if (isUnchanged && pool == named && inIndices() == records && inDatabase().size() == records.size()
+        && kept.isEmpty() && !isExportOwed() && reprepro({"checkpool"_s}).succeeded())
         return true;
-    qWarning() << records << named << inIndices() << inDatabase() << pool << kept << isExportOwed();
+    qWarning() << isUnchanged << records << named << inIndices() << inDatabase() << pool << kept
+               << isExportOwed();
     return false;
 }
 

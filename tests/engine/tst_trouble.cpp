@@ -166,6 +166,13 @@ private Q_SLOTS:
         h.choice = PackageReplacementRules::ReplaceThis;
         h.add(h.debs("small", "2.0", big.constData()));
         QVERIFY(h.holds("small 1.0 main amd64"_s));
+
+        // Root cannot write either where nobody can.
+        QVERIFY(h.shell.isWritable());
+        QCOMPARE(::mount(nullptr, mount.constData(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr), 0);
+        h.open(repo + "/in"_s);
+        QVERIFY(!h.shell.isWritable());
+        QCOMPARE(h.listed(), QStringList{"small 1.0 main amd64"_s});
     }
 
     void indicesThatCannotBeWritten()
@@ -193,6 +200,30 @@ private Q_SLOTS:
         h.remove(h.shell.packages());
         QCOMPARE(h.inIndices(), before);
         QVERIFY(h.complains("database of the repository is missing"_s));
+        // A disk that went is no damage to the repository.
+        QVERIFY(QDir().rename(h.repoPath(), h.repoPath() + "-away"_s));
+        h.remove(h.shell.packages());
+        QVERIFY(h.complains("does not exist any more"_s));
+        QCOMPARE(h.shell.packageCount(), before.size());
+    }
+
+    void changesOfOtherPrograms()
+    {
+        RepoHarness h("amd64 arm64"_s);
+        h.add(h.debs("foo bar") + QStringList{h.deb(DebBuilder("doc"_s).architecture("all"_s))});
+        QVERIFY(h.reprepro({"remove"_s, "dogwood"_s, "foo"_s}).succeeded());
+        QVERIFY(h.reprepro(QStringList{"includedeb"_s, "dogwood"_s} + h.debs("bar", "2.0") + h.debs("new"))
+                    .succeeded());
+        // A job that stumbles over it says so.
+        h.run([&] { h.shell.exportPackages({h.find("foo"_s)}, h.folder.filePath("a.tgz"_s), false); });
+        QVERIFY(h.complains("Another program has changed the repository"_s, 2));
+        const PackageInfoPtr doc = h.find("doc"_s, "arm64"_s);
+        QCOMPARE(h.run([&] { h.shell.reloadRepo(); }), RepoEnums::SUCCESS);
+        QCOMPARE(h.events, (QStringList{"-foo 1.0 amd64"_s, "+new 1.0 amd64"_s, "~bar 2.0 amd64"_s}));
+        QVERIFY(h.holds("bar 2.0 main amd64,doc 1.0 main amd64,doc 1.0 main arm64,new 1.0 main amd64"_s));
+        QCOMPARE(h.find("doc"_s, "arm64"_s), doc);
+        h.run([&] { h.shell.reloadRepo(); });
+        QCOMPARE(h.words(), "Reading repository again|Repository is unchanged"_s);
     }
 
     void signingFailsWhileAdding()
