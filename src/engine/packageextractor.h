@@ -33,9 +33,9 @@ public:
     struct Limits
     {
         qint64 leastFree
-            = 200'000'000; ///< bytes that stay free, unless this is more than half of what was free
+            = 200 * 1000 * 1000; ///< bytes that stay free, unless it is over half of what was free
         int freeShare = 10; ///< one part in so many of what was free stays so too
-        qint64 unasked = 1'000'000'000; ///< bytes that are taken without a question...
+        qint64 unasked = 1000 * 1000 * 1000; ///< bytes that are taken without a question...
         int ratio = 20; ///< ... and so many times the archive's size
     };
 
