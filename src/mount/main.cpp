@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Shows what clients may see of a repository at a mount point, and starts the server there, which has a mount
+// namespace of its own: with the server the mounts end. Needs CAP_SYS_ADMIN, and CAP_DAC_READ_SEARCH on the way.
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <initializer_list>
+#include <stdexcept>
+#include <string>
+#include <utility>
+
+#include <fcntl.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+namespace
+{
+constexpr const char *Usage
+    = "Usage: velt-admin-repo-mount [--shut-in] DIRECTORY MOUNTPOINT COMMAND [ARGUMENT...]\n"
+      "Shows the repository DIRECTORY at MOUNTPOINT, read-only and without following links, and runs "
+      "COMMAND.\n"
+      "With --shut-in, COMMAND sees nothing but programs, devices and MOUNTPOINT. It finds in READER and\n"
+      "READER_GROUP with whose rights it may read: DIRECTORY's owner's or those of the owner of "
+      "RUNTIME_DIRECTORY.\n";
+
+/** Where the whole repository is below the mount point. Servers refuse names with a dot in front of them. */
+constexpr const char *Whole = ".repository";
+/** What clients may see. Whatever lies beside these in the repository's directory is its owner's. */
+constexpr std::initializer_list<const char *> Shown
+    = {"dists", "pool", "repository-key.asc", "repository-key.gpg"};
+/** What servers need of the system. */
+constexpr std::initializer_list<const char *> Files = {"/dev/null", "/etc/localtime"};
+/** Folders, or links to them in /usr. */
+constexpr std::initializer_list<const char *> Folders
+    = {"/usr", "/bin", "/lib", "/lib32", "/lib64", "/libx32", "/sbin"};
+
+class Failure : public std::runtime_error
+{
+public:
+    explicit Failure(const std::string &what, int error = errno)
+        : std::runtime_error(what + ": " + std::strerror(error))
+    { }
+};
+
+class Descriptor
+{
+public:
+    explicit Descriptor(int number)
+        : m_number(number)
+    { }
+    ~Descriptor()
+    {
+        if (m_number >= 0)
+            ::close(m_number);
+    }
+    Descriptor(const Descriptor &) = delete;
+    Descriptor(Descriptor &&other) noexcept
+        : m_number(other.m_number)
+    {
+        other.m_number = -1;
+    }
+    Descriptor &operator=(const Descriptor &) = delete;
+    Descriptor &operator=(Descriptor &&other) noexcept
+    {
+        std::swap(m_number, other.m_number);
+        return *this;
+    }
+
+    bool isOpen() const { return m_number >= 0; }
+    int number() const { return m_number; }
+
+private:
+    int m_number;
+};
+
+/** A repository's directory, which is held open: what is put in its place later is another one. */
+struct Repository
+{
+    Descriptor directory;
+    uid_t owner = 0;
+    /** Whether it may be read with the owner's rights. */
+    bool isLent = false;
+};
+
+/**
+ * Goes from name to name, so that no link is followed. The owner's rights are lent only where nobody else could have
+ * moved the directory there: in a folder of another user, that user could show what only the owner may read.
+ */
+Repository open(const std::string &path)
+{
+    constexpr int flags = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+    Repository repository{Descriptor(::open("/", flags))};
+    bool isOwn = true;
+    std::size_t start = 0;
+    while (true) {
+        struct stat status = {};
+        if (!repository.directory.isOpen() || ::fstat(repository.directory.number(), &status) != 0)
+            throw Failure("The directory " + path + " is not there, or is reached through a link");
+        isOwn = isOwn && (repository.owner == 0 || repository.owner == status.st_uid);
+        repository.owner = status.st_uid;
+        start = std::min(path.find_first_not_of('/', start), path.size());
+        if (start == path.size())
+            break;
+        const bool isEverybodys = (status.st_mode & S_IWOTH) != 0 && (status.st_mode & S_ISVTX) == 0;
+        isOwn = isOwn && !isEverybodys;
+        const std::size_t end = std::min(path.find('/', start), path.size());
+        const std::string name = path.substr(start, end - start);
+        repository.directory = Descriptor(::openat(repository.directory.number(), name.c_str(), flags));
+        start = end;
+    }
+    repository.isLent = isOwn && repository.owner != 0;
+    return repository;
+}
+
+/** A copy of what is mounted there, which is shown nowhere yet. */
+Descriptor copied(int folder, const std::string &path)
+{
+    return Descriptor(::open_tree(
+        folder, path.c_str(), AT_EMPTY_PATH | AT_RECURSIVE | OPEN_TREE_CLONE | OPEN_TREE_CLOEXEC));
+}
+
+void place(const Descriptor &tree, int folder, const std::string &path)
+{
+    if (!tree.isOpen() || ::move_mount(tree.number(), "", folder, path.c_str(), MOVE_MOUNT_F_EMPTY_PATH) != 0)
+        throw Failure(path);
+}
+
+void restrict(const Descriptor &tree, unsigned flags, std::uint64_t attributes)
+{
+    mount_attr change = {};
+    change.attr_set
+        = attributes | MOUNT_ATTR_RDONLY | MOUNT_ATTR_NOSUID | MOUNT_ATTR_NODEV | MOUNT_ATTR_NOEXEC;
+    // What is mounted in the repository later does not appear here, where it would lack the restrictions.
+    change.propagation = MS_PRIVATE;
+    if (::mount_setattr(tree.number(), "", AT_EMPTY_PATH | flags, &change, sizeof change) != 0)
+        throw Failure("This kernel cannot keep the server from following links (Linux 5.14 can)");
+}
+
+void makeFolder(const std::string &path)
+{
+    for (std::size_t end = path.find('/'); end != std::string::npos; end = path.find('/', end + 1))
+        ::mkdir(path.substr(0, end).c_str(), 0755);
+    if (::mkdir(path.c_str(), 0755) != 0 && errno != EEXIST)
+        throw Failure(path);
+}
+
+/** Goes into a root directory in which there is nothing but what servers need, and an empty folder `mountPoint`. */
+void shutIn(const std::string &mountPoint)
+{
+    constexpr const char *root = "/tmp";
+    if (::mount("root", root, "tmpfs", MS_NOSUID | MS_NODEV, "mode=755,size=64k") != 0 || ::chdir(root) != 0)
+        throw Failure(root);
+    const auto inside = [](const std::string &path) { return path.substr(1); };
+    for (const std::string folder : Folders) {
+        std::array<char, 256> target = {};
+        if (::readlink(folder.c_str(), target.data(), target.size() - 1) > 0) {
+            if (::symlink(target.data(), inside(folder).c_str()) != 0)
+                throw Failure(folder);
+        } else if (::access(folder.c_str(), F_OK) == 0) {
+            makeFolder(inside(folder));
+            place(copied(AT_FDCWD, folder), AT_FDCWD, inside(folder));
+        }
+    }
+    for (const std::string file : Files) {
+        if (::access(file.c_str(), F_OK) != 0)
+            continue;
+        makeFolder(inside(file.substr(0, file.rfind('/'))));
+        const Descriptor empty(::open(inside(file).c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+        place(copied(AT_FDCWD, file), AT_FDCWD, inside(file));
+    }
+    makeFolder(inside(mountPoint));
+    if (::syscall(SYS_pivot_root, ".", ".") != 0 || ::umount2(".", MNT_DETACH) != 0 || ::chdir("/") != 0)
+        throw Failure(root);
+    if (::mount(nullptr, "/", nullptr, MS_REMOUNT | MS_BIND | MS_RDONLY | MS_NOSUID | MS_NODEV, nullptr) != 0)
+        throw Failure(root);
+}
+
+/**
+ * A folder of our own that holds the repository and one link for each name that is shown. A link finds its target also
+ * when that is made anew: reprepro removes pool/ together with the last package.
+ */
+void show(const Descriptor &repository, const std::string &mountPoint)
+{
+    if (::mount(
+            "repository", mountPoint.c_str(), "tmpfs", MS_NOSUID | MS_NODEV | MS_NOEXEC, "mode=755,size=64k")
+        != 0)
+        throw Failure(mountPoint);
+    const Descriptor folder(::open(mountPoint.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.isOpen() || ::mkdirat(folder.number(), Whole, 0755) != 0)
+        throw Failure(mountPoint);
+    for (const char *name : Shown) {
+        const std::string target = std::string(Whole) + '/' + name;
+        if (::symlinkat(target.c_str(), folder.number(), name) != 0)
+            throw Failure(mountPoint);
+    }
+    place(repository, folder.number(), Whole);
+    restrict(folder, 0, 0);
+}
+
+/** Tells the command with whose rights to read: never with root's. */
+void tellReader(const Repository &repository)
+{
+    const char *const own = ::getenv("RUNTIME_DIRECTORY");
+    struct stat status = {};
+    if (own == nullptr || ::stat(own, &status) != 0 || status.st_uid == 0)
+        throw std::runtime_error("RUNTIME_DIRECTORY has to be a folder of the service's own user.");
+    const uid_t reader = repository.isLent ? repository.owner : status.st_uid;
+    if (::setenv("READER", std::to_string(reader).c_str(), 1) != 0
+        || ::setenv("READER_GROUP", std::to_string(status.st_gid).c_str(), 1) != 0)
+        throw Failure("READER");
+}
+
+void run(int count, char **words)
+{
+    const bool isShutIn = count > 1 && std::strcmp(words[1], "--shut-in") == 0;
+    const int first = isShutIn ? 2 : 1;
+    if (count < first + 3)
+        throw std::invalid_argument(Usage);
+    const std::string mountPoint = words[first + 1];
+    if (::unshare(CLONE_NEWNS) != 0 || ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0)
+        throw Failure("There is no mount namespace to be had");
+    const Repository repository = open(words[first]);
+    const Descriptor tree = copied(repository.directory.number(), "");
+    if (!tree.isOpen())
+        throw Failure("The repository cannot be mounted");
+    restrict(tree, AT_RECURSIVE, MOUNT_ATTR_NOSYMFOLLOW);
+    if (isShutIn) {
+        tellReader(repository);
+        shutIn(mountPoint);
+    }
+    show(tree, mountPoint);
+    char **const command = words + first + 2;
+    ::execv(command[0], command);
+    throw Failure(command[0]);
+}
+} // namespace
+
+int main(int count, char **words)
+{
+    try {
+        run(count, words);
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "%s\n", error.what());
+    }
+    return EXIT_FAILURE;
+}
