@@ -15,30 +15,34 @@
 
 #include <fcntl.h>
 #include <sched.h>
+#include <sys/inotify.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace
 {
 constexpr const char *Usage
     = "Usage: velt-admin-repo-mount [--shut-in] DIRECTORY MOUNTPOINT COMMAND [ARGUMENT...]\n"
-      "Shows the repository DIRECTORY at MOUNTPOINT, read-only and without following links, and runs "
+      "Shows what clients may see of the repository DIRECTORY in MOUNTPOINT/public, read-only, and runs "
       "COMMAND.\n"
-      "With --shut-in, COMMAND sees nothing but programs, devices and MOUNTPOINT. It finds in READER and\n"
-      "READER_GROUP with whose rights it may read: DIRECTORY's owner's or those of the owner of "
-      "RUNTIME_DIRECTORY.\n";
+      "With --shut-in, COMMAND sees nothing but programs and MOUNTPOINT. No link is followed in the "
+      "repository,\n"
+      "which is in MOUNTPOINT/repository. COMMAND finds in READER and READER_GROUP with whose rights to "
+      "read:\n"
+      "those of DIRECTORY's owner or those of the owner of RUNTIME_DIRECTORY.\n";
 
-/** Where the whole repository is below the mount point. Servers refuse names with a dot in front of them. */
-constexpr const char *Whole = ".repository";
 /** What clients may see. Whatever lies beside these in the repository's directory is its owner's. */
 constexpr std::initializer_list<const char *> Shown
     = {"dists", "pool", "repository-key.asc", "repository-key.gpg"};
+constexpr const char *Whole = "repository";
+constexpr const char *Public = "public";
 /** What servers need of the system. */
-constexpr std::initializer_list<const char *> Files = {"/dev/null", "/etc/localtime"};
+constexpr std::initializer_list<const char *> SystemFiles = {"/dev/null", "/etc/localtime"};
 /** Folders, or links to them in /usr. */
-constexpr std::initializer_list<const char *> Folders
+constexpr std::initializer_list<const char *> ProgramFolders
     = {"/usr", "/bin", "/lib", "/lib32", "/lib64", "/libx32", "/sbin"};
 
 class Failure : public std::runtime_error
@@ -120,10 +124,10 @@ Repository open(const std::string &path)
 }
 
 /** A copy of what is mounted there, which is shown nowhere yet. */
-Descriptor copied(int folder, const std::string &path)
+Descriptor copied(int folder, const std::string &path, unsigned flags = AT_EMPTY_PATH)
 {
-    return Descriptor(::open_tree(
-        folder, path.c_str(), AT_EMPTY_PATH | AT_RECURSIVE | OPEN_TREE_CLONE | OPEN_TREE_CLOEXEC));
+    return Descriptor(
+        ::open_tree(folder, path.c_str(), flags | AT_RECURSIVE | OPEN_TREE_CLONE | OPEN_TREE_CLOEXEC));
 }
 
 void place(const Descriptor &tree, int folder, const std::string &path)
@@ -132,14 +136,14 @@ void place(const Descriptor &tree, int folder, const std::string &path)
         throw Failure(path);
 }
 
-void restrict(const Descriptor &tree, unsigned flags, std::uint64_t attributes)
+void restrict(const Descriptor &tree, std::uint64_t attributes)
 {
     mount_attr change = {};
     change.attr_set
         = attributes | MOUNT_ATTR_RDONLY | MOUNT_ATTR_NOSUID | MOUNT_ATTR_NODEV | MOUNT_ATTR_NOEXEC;
     // What is mounted in the repository later does not appear here, where it would lack the restrictions.
     change.propagation = MS_PRIVATE;
-    if (::mount_setattr(tree.number(), "", AT_EMPTY_PATH | flags, &change, sizeof change) != 0)
+    if (::mount_setattr(tree.number(), "", AT_EMPTY_PATH | AT_RECURSIVE, &change, sizeof change) != 0)
         throw Failure("This kernel cannot keep the server from following links (Linux 5.14 can)");
 }
 
@@ -158,7 +162,7 @@ void shutIn(const std::string &mountPoint)
     if (::mount("root", root, "tmpfs", MS_NOSUID | MS_NODEV, "mode=755,size=64k") != 0 || ::chdir(root) != 0)
         throw Failure(root);
     const auto inside = [](const std::string &path) { return path.substr(1); };
-    for (const std::string folder : Folders) {
+    for (const std::string folder : ProgramFolders) {
         std::array<char, 256> target = {};
         if (::readlink(folder.c_str(), target.data(), target.size() - 1) > 0) {
             if (::symlink(target.data(), inside(folder).c_str()) != 0)
@@ -168,7 +172,7 @@ void shutIn(const std::string &mountPoint)
             place(copied(AT_FDCWD, folder), AT_FDCWD, inside(folder));
         }
     }
-    for (const std::string file : Files) {
+    for (const std::string file : SystemFiles) {
         if (::access(file.c_str(), F_OK) != 0)
             continue;
         makeFolder(inside(file.substr(0, file.rfind('/'))));
@@ -182,26 +186,90 @@ void shutIn(const std::string &mountPoint)
         throw Failure(root);
 }
 
-/**
- * A folder of our own that holds the repository and one link for each name that is shown. A link finds its target also
- * when that is made anew: reprepro removes pool/ together with the last package.
- */
-void show(const Descriptor &repository, const std::string &mountPoint)
+/** The folders below the mount point. */
+struct Folders
 {
-    if (::mount(
-            "repository", mountPoint.c_str(), "tmpfs", MS_NOSUID | MS_NODEV | MS_NOEXEC, "mode=755,size=64k")
-        != 0)
+    Descriptor whole; ///< the repository's directory
+    Descriptor shown;
+};
+
+/** Puts the repository into a folder of our own below the mount point. */
+Folders mountRepository(const Descriptor &repository, const std::string &mountPoint)
+{
+    constexpr unsigned long flags = MS_NOSUID | MS_NODEV | MS_NOEXEC;
+    if (::mount("repository", mountPoint.c_str(), "tmpfs", flags, "mode=755,size=64k") != 0
+        || ::chdir(mountPoint.c_str()) != 0 || ::mkdir(Whole, 0755) != 0 || ::mkdir(Public, 0755) != 0)
         throw Failure(mountPoint);
-    const Descriptor folder(::open(mountPoint.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!folder.isOpen() || ::mkdirat(folder.number(), Whole, 0755) != 0)
-        throw Failure(mountPoint);
+    place(repository, AT_FDCWD, Whole);
+    constexpr int directory = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+    return {Descriptor(::open(Whole, directory)), Descriptor(::open(Public, directory))};
+}
+
+/** For a server that follows no links: it sees in a listing what there is, and knows itself where that is. */
+void link(const Folders &folders)
+{
     for (const char *name : Shown) {
-        const std::string target = std::string(Whole) + '/' + name;
-        if (::symlinkat(target.c_str(), folder.number(), name) != 0)
-            throw Failure(mountPoint);
+        const std::string target = std::string("../") + Whole + '/' + name;
+        if (::symlinkat(target.c_str(), folders.shown.number(), name) != 0)
+            throw Failure(name);
     }
-    place(repository, folder.number(), Whole);
-    restrict(folder, 0, 0);
+}
+
+/** Mounts what is shown into the working directory, if another folder or file is there now, or none any more. */
+void update(const Folders &folders)
+{
+    for (const char *name : Shown) {
+        const Descriptor tree = copied(folders.whole.number(), name, AT_SYMLINK_NOFOLLOW);
+        struct stat wanted = {};
+        struct stat shown = {};
+        const bool isThere = tree.isOpen() && ::fstat(tree.number(), &wanted) == 0
+                             && (S_ISDIR(wanted.st_mode) || S_ISREG(wanted.st_mode));
+        const bool isShown = ::lstat(name, &shown) == 0;
+        if (isThere && isShown && wanted.st_dev == shown.st_dev && wanted.st_ino == shown.st_ino)
+            continue;
+        if (isShown) {
+            ::umount2(name, MNT_DETACH | UMOUNT_NOFOLLOW);
+            ::unlinkat(AT_FDCWD, name, S_ISDIR(shown.st_mode) ? AT_REMOVEDIR : 0);
+        }
+        if (!isThere)
+            continue;
+        if (S_ISDIR(wanted.st_mode))
+            ::mkdir(name, 0755);
+        else
+            const Descriptor empty(::open(name, O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
+        place(tree, AT_FDCWD, name);
+    }
+}
+
+/**
+ * Shows what there is, and what comes later: reprepro removes pool/ together with the last package. The process that
+ * does this is not the server's child, and ends with the server's unit.
+ */
+void follow(const Folders &folders)
+{
+    const Descriptor watch(::inotify_init1(IN_CLOEXEC));
+    const std::string whole = std::string("../") + Whole;
+    if (::fchdir(folders.shown.number()) != 0 || !watch.isOpen()
+        || ::inotify_add_watch(watch.number(), whole.c_str(), IN_CREATE | IN_DELETE | IN_MOVE | IN_ONLYDIR)
+               < 0)
+        throw Failure("The repository cannot be watched");
+    update(folders);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        if (::fork() != 0)
+            ::_exit(EXIT_SUCCESS);
+        std::array<char, 4096> events = {};
+        while (::read(watch.number(), events.data(), events.size()) > 0) {
+            try {
+                update(folders);
+            } catch (const Failure &error) {
+                std::fprintf(stderr, "%s\n", error.what());
+            }
+        }
+        ::_exit(EXIT_FAILURE);
+    }
+    if (child < 0 || ::waitpid(child, nullptr, 0) != child || ::chdir("/") != 0)
+        throw Failure("The repository cannot be watched");
 }
 
 /** Tells the command with whose rights to read: never with root's. */
@@ -230,12 +298,14 @@ void run(int count, char **words)
     const Descriptor tree = copied(repository.directory.number(), "");
     if (!tree.isOpen())
         throw Failure("The repository cannot be mounted");
-    restrict(tree, AT_RECURSIVE, MOUNT_ATTR_NOSYMFOLLOW);
+    restrict(tree, isShutIn ? MOUNT_ATTR_NOSYMFOLLOW : 0);
     if (isShutIn) {
         tellReader(repository);
         shutIn(mountPoint);
+        link(mountRepository(tree, mountPoint));
+    } else {
+        follow(mountRepository(tree, mountPoint));
     }
-    show(tree, mountPoint);
     char **const command = words + first + 2;
     ::execv(command[0], command);
     throw Failure(command[0]);

@@ -35,24 +35,49 @@ QString text(const QString &path, int port)
 
 QString guard(const QString &path)
 {
-    // What the path leads to when it is bound may be another directory than the one that is there without a link; then
-    // nothing is served. Reading the configuration anew would bring back its path.
+    // Reading the configuration anew would bring back its path. What is refused of another configuration is refused
+    // softly, since its server may well do without.
     return QStringLiteral(
                R"(# Written by velt-admin-repo-helper for the repository that is published over FTP, and removed with it.
 [Service]
-BindReadOnlyPaths=-"%1":/run/velt-admin-repo-ftp
+RuntimeDirectory=velt-admin-repo-ftp
 ExecStart=
 ExecStart=/bin/sh -c "grep -qxF 'anon_root=%1' /etc/vsftpd.conf \
     || if [ \"$$(cut -d= -f1 /etc/vsftpd.conf | tr '\\n' ' ')\" = '%2' ]; \
     then echo 'Another directory is to be published than %1.' >&2; exit 1; \
     else exec /usr/sbin/vsftpd /etc/vsftpd.conf; fi; \
-    cd '%1' && [ \"$$(/bin/pwd -P)\" = '%1' ] \
-    && [ \"$$(stat -c %%d:%%i .)\" = \"$$(stat -c %%d:%%i /run/velt-admin-repo-ftp)\" ] \
-    || { echo 'The directory %1 is not there, or reached through a link.' >&2; exit 1; }; \
-    cd / && exec /usr/sbin/vsftpd /etc/vsftpd.conf -oanon_root=/run/velt-admin-repo-ftp"
+    exec %3/velt-admin-repo-mount '%1' /run/velt-admin-repo-ftp \
+    /usr/bin/setpriv --bounding-set=-all,+sys_chroot,+setuid,+setgid,+net_bind_service \
+    /usr/sbin/vsftpd /etc/vsftpd.conf -oanon_root=/run/velt-admin-repo-ftp/public '-odeny_file=.*' '-ohide_file=.*'"
 ExecReload=
+
+# For the start: CAP_SYS_ADMIN, CAP_DAC_READ_SEARCH and CAP_SETPCAP.
+CapabilityBoundingSet=CAP_SYS_ADMIN CAP_DAC_READ_SEARCH CAP_SETPCAP
+CapabilityBoundingSet=CAP_SYS_CHROOT CAP_SETUID CAP_SETGID CAP_NET_BIND_SERVICE
+LockPersonality=yes
+MemoryDenyWriteExecute=yes
+NoNewPrivileges=yes
+PrivateDevices=yes
+PrivateIPC=yes
+PrivateTmp=yes
+ProtectClock=yes
+ProtectControlGroups=yes
+ProtectHostname=yes
+ProtectKernelLogs=yes
+ProtectKernelModules=yes
+ProtectKernelTunables=yes
+ProtectProc=invisible
+ProtectSystem=full
+RestrictAddressFamilies=AF_INET AF_INET6 AF_NETLINK AF_UNIX
+RestrictNamespaces=mnt
+RestrictRealtime=yes
+RestrictSUIDSGID=yes
+SystemCallArchitectures=native
+SystemCallErrorNumber=EPERM
+SystemCallFilter=@system-service @mount
+SystemCallFilter=~@resources
 )")
-        .arg(path, keysOf(text(path, 0)));
+        .arg(path, keysOf(text(path, 0)), QStringLiteral(VELT_LIBEXECDIR));
 }
 
 bool isOurs(const QString &config)

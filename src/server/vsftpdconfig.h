@@ -9,9 +9,9 @@ namespace VsftpdConfig
 /** The one that offers `path` on `port` to everybody, read-only. */
 QString text(const QString &path, int port);
 /**
- * What is added to the server's unit so that it serves the directory that was truly at `path` when it started,
- * read-only, whatever is put in its place afterwards. It holds for text() only: a server with another configuration
- * is started as ever.
+ * What is added to the server's unit: it shows what clients may see of the directory that was truly at `path` when it
+ * started, whatever is put in its place afterwards, and can do little else. What is shown holds for text() only: a
+ * server with another configuration is started as ever.
  */
 QString guard(const QString &path);
 /** Whether it is one that text() gives; any other belongs to the machine's administrator. */
