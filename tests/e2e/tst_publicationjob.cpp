@@ -65,7 +65,7 @@ private Q_SLOTS:
                  "active\nenabled"_s);
         QCOMPARE(box("systemd-analyze verify /etc/systemd/system/public-repo-8080.service 2>&1"_s),
                  QString());
-        QCOMPARE(box("ps -o user:32= -p $(pgrep -x lighttpd)"_s), "public-repo-8080"_s);
+        QCOMPARE(box("ps -o user:32= -p $(pgrep -x lighttpd)"_s), "tester"_s);
 
         const QString source = "deb [trusted=yes] http://127.0.0.1:8080/ birch main"_s;
         const QString first = m_system.apt(source, "update"_s);
@@ -105,14 +105,15 @@ private Q_SLOTS:
                                  "/packages.conf",
                                  "/%70ackages.conf?x",
                                  "/.hidden",
-                                 "/pool/outwards",
-                                 "/dists/up/main/",
                                  "/dists/stable/../../conf/distributions",
-                                 "/dists/outwards/usr/bin/env"})
+                                 "/../../etc/passwd",
+                                 "/%2e%2e/%2e%2e/etc/passwd",
+                                 "//etc/passwd"})
             QTest::newRow(path) << "403"_s;
-        for (const char *path :
-             {"/CONF/distributions", "/../../etc/passwd", "/%2e%2e/%2e%2e/etc/passwd", "//etc/passwd"})
-            QTest::newRow(path) << "404"_s;
+        QTest::newRow("/dists/none") << "404"_s;
+        // The kernel refuses links, which the server takes for a fault.
+        for (const char *path : {"/pool/outwards", "/dists/up/main/", "/dists/outwards/usr/bin/env"})
+            QTest::newRow(path) << "500"_s;
     }
 
     void hidesAllElseOverHttp()
@@ -149,10 +150,10 @@ private Q_SLOTS:
         const QString planted = asUser(R"(mv "$1" ~/aside; ln -s /etc "$1")"_s, {closedRepo});
         const QString told = box(R"(echo precious >/root/precious; rm -f /tmp/http8080.log
             runuser -u tester -- ln -s /root/precious /tmp/http8080.log
-            systemctl restart public-repo-8080 2>/dev/null && echo started
+            systemctl restart public-repo-8080; sleep 0.5; systemctl is-active public-repo-8080 || true
             curl -s http://127.0.0.1:8080/passwd || true; cat /root/precious)"_s);
         const QString back = asUser(R"(rm "$1"; mv ~/aside "$1")"_s, {closedRepo});
-        QCOMPARE(planted + told + back, "precious"_s);
+        QCOMPARE(planted + told + back, "failed\nprecious"_s);
         QCOMPARE(box(R"(systemctl restart public-repo-8080; runuser -u tester -- mkfifo /tmp/pipe
             mv -f /tmp/pipe /tmp/http8080.log; systemctl restart public-repo-8080; readlink /tmp/http8080.log)"_s),
                  "/var/log/velt-admin-repo-http8080.log"_s);
@@ -243,22 +244,22 @@ private Q_SLOTS:
         // Its own owner could write into it, and so could everybody.
         box("chown ftp \"$1\"; chmod 777 \"$1\""_s, {openRepo});
         QCOMPARE(publish(openRepo, 2121, 1), "b true"_s);
-        QCOMPARE(box(listing), "conf db dists pool"_s);
+        QCOMPARE(box(listing), "dists pool"_s);
         QCOMPARE(box("chown tester \"$1\"; chmod 755 \"$1\"; systemd-analyze verify vsftpd.service 2>&1"_s,
                      {openRepo}),
                  QString());
 
         QCOMPARE(asUser(R"(mv "$1" ~/aside; ln -s /home/bob/private "$1")"_s, {openRepo}), QString());
-        QCOMPARE(box(listing), "conf db dists pool"_s);
+        QCOMPARE(box(listing), "dists pool"_s);
         const QString ended = "systemctl is-active vsftpd || true; %1"_s.arg(listing);
-        QCOMPARE(box("systemctl reload vsftpd 2>/dev/null || true; "_s + listing), "conf db dists pool"_s);
+        QCOMPARE(box("systemctl reload vsftpd 2>/dev/null || true; "_s + listing), "dists pool"_s);
         QCOMPARE(box("systemctl restart vsftpd; sleep 0.5; "_s + ended), "failed"_s);
         QVERIFY(m_system.restart());
-        QCOMPARE(box(ended), "failed"_s);
+        QTRY_COMPARE(box(ended), "failed"_s);
         QCOMPARE(box("rm \"$1\"; systemctl restart vsftpd; sleep 0.5; %1"_s.arg(ended), {openRepo}),
                  "failed"_s);
         QCOMPARE(asUser("mv ~/aside \"$1\""_s, {openRepo}), QString());
-        QCOMPARE(box("systemctl restart vsftpd; sleep 0.5; "_s + listing), "conf db dists pool"_s);
+        QCOMPARE(box("systemctl restart vsftpd; sleep 0.5; "_s + listing), "dists pool"_s);
 
         // A configuration that was cut off from its guard is not served; one of the administrator's own is.
         QCOMPARE(
