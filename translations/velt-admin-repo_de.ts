@@ -695,6 +695,65 @@
     </message>
 </context>
 <context>
+    <name>LocalSourceCommand</name>
+    <message>
+        <source>Looking how apt of this machine can use the repository</source>
+        <translation>Es wird geprüft, wie apt auf diesem Rechner das Repository verwenden kann</translation>
+    </message>
+    <message>
+        <source>Choose a server type, then add the repository once more.</source>
+        <translation>Wählen Sie eine Serverart und tragen Sie das Repository dann noch einmal ein.</translation>
+    </message>
+    <message>
+        <source>Waiting for the system to change the local sources list</source>
+        <translation>Das System ändert die lokale Paketquellenliste</translation>
+    </message>
+    <message>
+        <source>Repository is added to local sources list.</source>
+        <translation>Das Repository wurde in die lokale Paketquellenliste eingetragen.</translation>
+    </message>
+    <message>
+        <source>Local sources list</source>
+        <translation>Lokale Paketquellenliste</translation>
+    </message>
+    <message>
+        <source>The repository has no signature that can be checked, and other users of this machine can change it. Do you want to add it all the same?</source>
+        <translation>Das Repository hat keine Signatur, die geprüft werden kann, und andere Benutzer dieses Rechners können es ändern. Möchten Sie es trotzdem eintragen?</translation>
+    </message>
+    <message>
+        <source>As long as the line is in the list, they decide what is installed with the rights of root. Sign the repository, or see to it that nobody else may write in %1 and in the folders above.</source>
+        <translation>Solange die Zeile in der Liste steht, entscheiden sie, was mit den Rechten von root installiert wird. Signieren Sie das Repository oder sorgen Sie dafür, dass niemand sonst in %1 und in die Ordner darüber schreiben darf.</translation>
+    </message>
+    <message>
+        <source>As long as the line is in the list, whoever gets hold of the port %1 on this machine decides what is installed with the rights of root; any user can when the repository is not published. Sign the repository, or keep it in a folder of a local disk.</source>
+        <translation>Solange die Zeile in der Liste steht, entscheidet, wer auf diesem Rechner den Port %1 belegt, was mit den Rechten von root installiert wird; das kann jeder Benutzer, wenn das Repository nicht veröffentlicht ist. Signieren Sie das Repository oder bewahren Sie es in einem Ordner auf einem lokalen Datenträger auf.</translation>
+    </message>
+    <message>
+        <source>The repository is not published now.</source>
+        <translation>Das Repository ist zurzeit nicht veröffentlicht.</translation>
+    </message>
+    <message>
+        <source>The repository has no signature that can be checked, and apt of this machine can only get it over the network. Do you want to add it all the same?</source>
+        <translation>Das Repository hat keine Signatur, die geprüft werden kann, und apt auf diesem Rechner kann es nur über das Netzwerk abrufen. Möchten Sie es trotzdem eintragen?</translation>
+    </message>
+    <message>
+        <source>Repository is removed from local sources list.</source>
+        <translation>Das Repository wurde aus der lokalen Paketquellenliste ausgetragen.</translation>
+    </message>
+    <message>
+        <source>The local sources list still has a line of this repository, which was changed by hand. Remove it with an editor.</source>
+        <translation>Die lokale Paketquellenliste enthält noch eine Zeile dieses Repositorys, die von Hand geändert wurde. Entfernen Sie sie mit einem Texteditor.</translation>
+    </message>
+    <message>
+        <source>This machine&apos;s own apt uses the publication that ends. Do you want to remove its line from the local sources list?</source>
+        <translation>apt auf diesem Rechner verwendet die Veröffentlichung, die beendet wird. Möchten Sie ihre Zeile aus der lokalen Paketquellenliste entfernen?</translation>
+    </message>
+    <message>
+        <source>If the line stays, apt reports an error at each update, and with trusted=yes whoever takes the port decides what is installed with the rights of root.</source>
+        <translation>Bleibt die Zeile stehen, meldet apt bei jeder Aktualisierung einen Fehler, und bei trusted=yes entscheidet, wer den Port belegt, was mit den Rechten von root installiert wird.</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>File</source>
@@ -952,6 +1011,14 @@
         <source>The marks of the packages are those of the last check until the next one.</source>
         <translation>Die Zeichen der Pakete sind bis zur nächsten Prüfung die der letzten.</translation>
     </message>
+    <message>
+        <source>Select all packages</source>
+        <translation>Alle Pakete auswählen</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
 </context>
 <context>
     <name>MissingPackage</name>
@@ -1128,6 +1195,21 @@ Ein oder mehrere Werte</translation>
     </message>
 </context>
 <context>
+    <name>OrphanedLines</name>
+    <message>
+        <source>These lines of this machine&apos;s local sources list lead to ports on which nothing is published. apt reports an error for them, and with trusted=yes whoever takes the port decides what is installed with the rights of root:</source>
+        <translation>Diese Zeilen der lokalen Paketquellenliste dieses Rechners führen zu Ports, auf denen nichts veröffentlicht ist. apt meldet für sie einen Fehler, und bei trusted=yes entscheidet, wer den Port belegt, was mit den Rechten von root installiert wird:</translation>
+    </message>
+    <message>
+        <source>Lines without a publication</source>
+        <translation>Zeilen ohne Veröffentlichung</translation>
+    </message>
+    <message>
+        <source>&amp;Remove line</source>
+        <translation>&amp;Zeile entfernen</translation>
+    </message>
+</context>
+<context>
     <name>PackageCommands</name>
     <message>
         <source>Not added: %1</source>
@@ -1173,6 +1255,36 @@ Ein oder mehrere Werte</translation>
         <source>Do you want to remove selected packages?</source>
         <translation>Möchten Sie die ausgewählten Pakete entfernen?</translation>
     </message>
+    <message>
+        <source>Will be added next: %1</source>
+        <translation>Wird als Nächstes hinzugefügt: %1</translation>
+    </message>
+    <message>
+        <source>There are no packages in what was dropped.</source>
+        <translation>Was Sie abgelegt haben, enthält keine Pakete.</translation>
+    </message>
+    <message>
+        <source>Adding packages</source>
+        <translation>Pakete werden hinzugefügt</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do you want to add %n package(s)?</source>
+        <translation>
+            <numerusform>Möchten Sie %n Paket hinzufügen?</numerusform>
+            <numerusform>Möchten Sie %n Pakete hinzufügen?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of them from %1</source>
+        <translation>
+            <numerusform>%n davon aus %1</numerusform>
+            <numerusform>%n davon aus %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>You cannot change the repository %1: its files belong to another user, or its disk is read-only.</source>
+        <translation>Sie können das Repository %1 nicht ändern: Seine Dateien gehören einem anderen Benutzer, oder sein Datenträger ist schreibgeschützt.</translation>
+    </message>
 </context>
 <context>
     <name>PackageDependItem</name>
@@ -1213,6 +1325,13 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>%1 (%2)</source>
         <translation>%1 (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>PackageExtractor</name>
+    <message>
+        <source>The packages in the archive need more room than there is: unpacking was given up at %1. %2 are left in %3, and %4 have to stay free.</source>
+        <translation>Die Pakete im Archiv brauchen mehr Platz, als vorhanden ist: Das Entpacken wurde bei %1 aufgegeben. In %3 sind noch %2 frei, und %4 müssen frei bleiben.</translation>
     </message>
 </context>
 <context>
@@ -1409,24 +1528,8 @@ Ein oder mehrere Werte</translation>
         <translation>Die Adresse ist in die Zwischenablage kopiert</translation>
     </message>
     <message>
-        <source>Repository is added to local sources list.</source>
-        <translation>Das Repository wurde in die lokale Paketquellenliste eingetragen.</translation>
-    </message>
-    <message>
-        <source>Repository is removed from local sources list.</source>
-        <translation>Das Repository wurde aus der lokalen Paketquellenliste ausgetragen.</translation>
-    </message>
-    <message>
-        <source>Waiting for the system to change the local sources list</source>
-        <translation>Das System ändert die lokale Paketquellenliste</translation>
-    </message>
-    <message>
         <source>Another repo already published</source>
         <translation>Ein anderes Repository ist bereits veröffentlicht</translation>
-    </message>
-    <message>
-        <source>The local sources list still has a line of this repository, which was changed by hand. Remove it with an editor.</source>
-        <translation>Die lokale Paketquellenliste enthält noch eine Zeile dieses Repositorys, die von Hand geändert wurde. Entfernen Sie sie mit einem Texteditor.</translation>
     </message>
 </context>
 <context>
@@ -1454,6 +1557,10 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>Not published</source>
         <translation>Nicht veröffentlicht</translation>
+    </message>
+    <message>
+        <source>The local sources list of this machine has a line for it that leads to a port where nothing is published. Publish it there, or choose &quot;Remove src list&quot;.</source>
+        <translation>Die lokale Paketquellenliste dieses Rechners enthält dafür eine Zeile, die zu einem Port führt, auf dem nichts veröffentlicht ist. Veröffentlichen Sie es dort oder wählen Sie „Paketquelle austragen“.</translation>
     </message>
 </context>
 <context>
@@ -1699,6 +1806,13 @@ Ein oder mehrere Werte</translation>
     </message>
 </context>
 <context>
+    <name>RegularFile</name>
+    <message>
+        <source>%1 is no regular file.</source>
+        <translation>%1 ist keine gewöhnliche Datei.</translation>
+    </message>
+</context>
+<context>
     <name>RepoModel</name>
     <message>
         <source>Architecture: %1</source>
@@ -1707,6 +1821,10 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>Packages</source>
         <translation>Pakete</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
@@ -2256,9 +2374,127 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         <source>The repository holds packages in places that its description does not name: %1. The change would delete them.</source>
         <translation>Das Repository enthält Pakete an Stellen, die seine Beschreibung nicht nennt: %1. Die Änderung würde sie löschen.</translation>
     </message>
+    <message numerus="yes">
+        <source>%n link(s) of the repository lead to places outside of it and were left out. Such a link is followed only when it belongs to you or to root, and what it leads to has the same owner.</source>
+        <translation>
+            <numerusform>%n Verknüpfung des Repositorys führt an einen Ort außerhalb von ihm und wurde ausgelassen. Einer solchen Verknüpfung wird nur gefolgt, wenn sie Ihnen oder root gehört und ihr Ziel denselben Eigentümer hat.</numerusform>
+            <numerusform>%n Verknüpfungen des Repositorys führen an Orte außerhalb von ihm und wurden ausgelassen. Einer solchen Verknüpfung wird nur gefolgt, wenn sie Ihnen oder root gehört und ihr Ziel denselben Eigentümer hat.</numerusform>
+        </translation>
+    </message>
     <message>
-        <source>A job on the repository %1 was interrupted. It belongs to another user, and finishing the job runs programs that its settings name. Do you want to bring it in order now?</source>
-        <translation>Ein Vorgang am Repository %1 wurde unterbrochen. Es gehört einem anderen Benutzer, und beim Abschluss des Vorgangs laufen Programme, die seine Einstellungen nennen. Möchten Sie es jetzt in Ordnung bringen?</translation>
+        <source>Left out, since it leads out of the repository: %1</source>
+        <translation>Ausgelassen, weil es aus dem Repository hinausführt: %1</translation>
+    </message>
+    <message>
+        <source>The archive %1 has %2, and its packages need more than %3. It may be damaged, or have been made to fill the disk. Do you want to go on with it?</source>
+        <translation>Das Archiv %1 ist %2 groß, und seine Pakete brauchen mehr als %3. Vielleicht ist es beschädigt oder soll den Datenträger füllen. Möchten Sie damit fortfahren?</translation>
+    </message>
+    <message>
+        <source>Nothing was done.</source>
+        <translation>Es wurde nichts getan.</translation>
+    </message>
+    <message>
+        <source>The directory %1 does not exist any more. Its disk may be absent.</source>
+        <translation>Das Verzeichnis %1 gibt es nicht mehr. Vielleicht fehlt sein Datenträger.</translation>
+    </message>
+    <message>
+        <source>Another program has changed the repository since it was read, which may be the reason. Reload it with F5, and try once more.</source>
+        <translation>Ein anderes Programm hat das Repository geändert, seit es gelesen wurde; das kann der Grund sein. Laden Sie es mit F5 neu und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>A job on the repository %1 was interrupted. It belongs to another user. Do you want to bring it in order now?</source>
+        <translation>Ein Vorgang am Repository %1 wurde unterbrochen. Es gehört einem anderen Benutzer. Möchten Sie es jetzt in Ordnung bringen?</translation>
+    </message>
+    <message>
+        <source>No copy of the description can be kept in %1.</source>
+        <translation>In %1 kann keine Kopie der Beschreibung aufbewahrt werden.</translation>
+    </message>
+    <message>
+        <source>Reading repository again</source>
+        <translation>Repository wird erneut gelesen</translation>
+    </message>
+    <message>
+        <source>Its description or its indices are missing.</source>
+        <translation>Seine Beschreibung oder seine Indexdateien fehlen.</translation>
+    </message>
+    <message>
+        <source>The repository %1 cannot be read.</source>
+        <translation>Das Repository %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Repository is not read again</source>
+        <translation>Das Repository wurde nicht erneut gelesen</translation>
+    </message>
+    <message>
+        <source>Repository is unchanged</source>
+        <translation>Das Repository ist unverändert</translation>
+    </message>
+    <message>
+        <source>Another program has changed the repository: %1 package(s) added, %2 replaced, %3 removed</source>
+        <translation>Ein anderes Programm hat das Repository geändert. Pakete: %1 hinzugefügt, %2 ersetzt, %3 entfernt</translation>
+    </message>
+    <message>
+        <source>The repository %1 cannot be opened.</source>
+        <translation>Das Repository %1 kann nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>You have not agreed to what the settings of the repository %1 would run or change.</source>
+        <translation>Sie haben dem nicht zugestimmt, was die Einstellungen des Repositorys %1 ausführen oder ändern würden.</translation>
+    </message>
+    <message>
+        <source>Programs of the repository</source>
+        <translation>Programme des Repositorys</translation>
+    </message>
+    <message numerus="yes">
+        <source>... and %n more</source>
+        <translation>
+            <numerusform>... und %n weiteres</numerusform>
+            <numerusform>... und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The settings of the repository %1 name programs, which would be run with your rights, or lead out of its folder:
+
+%2
+
+</source>
+        <translation>Die Einstellungen des Repositorys %1 nennen Programme, die mit Ihren Rechten ausgeführt würden, oder führen aus seinem Ordner hinaus:
+
+%2
+
+</translation>
+    </message>
+    <message>
+        <source>Other users can change this repository.</source>
+        <translation>Andere Benutzer können dieses Repository ändern.</translation>
+    </message>
+    <message>
+        <source>Do you trust them?</source>
+        <translation>Vertrauen Sie diesen Einstellungen?</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be read.</source>
+        <translation>Der Ordner %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 is a link to %2</source>
+        <translation>%1 ist eine Verknüpfung mit %2</translation>
+    </message>
+    <message>
+        <source>Other users can change the repository %1, and %2.</source>
+        <translation>Andere Benutzer können das Repository %1 ändern, und %2.</translation>
+    </message>
+    <message>
+        <source>its settings could not be copied</source>
+        <translation>seine Einstellungen konnten nicht kopiert werden</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read</source>
+        <translation>%1 ist keine lesbare Datei</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read, and may name any program</source>
+        <translation>%1 kann nicht gelesen werden und nennt vielleicht beliebige Programme</translation>
     </message>
 </context>
 <context>
@@ -2424,6 +2660,14 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>&lt;b&gt;Failed to get package information&lt;/b&gt;&lt;br&gt; %1</source>
         <translation>&lt;b&gt;Die Angaben zum Paket konnten nicht ermittelt werden&lt;/b&gt;&lt;br&gt; %1</translation>
+    </message>
+    <message>
+        <source>You cannot change this repository: its files belong to another user, or its disk is read-only.</source>
+        <translation>Sie können dieses Repository nicht ändern: Seine Dateien gehören einem anderen Benutzer, oder sein Datenträger ist schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>%1 (listed for %2)</source>
+        <translation>%1 (verzeichnet für %2)</translation>
     </message>
 </context>
 <context>
@@ -2898,6 +3142,36 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
 </context>
 <context>
+    <name>SigningAdvice</name>
+    <message>
+        <source>The passphrase of the key was not given.</source>
+        <translation>Die Passphrase des Schlüssels wurde nicht eingegeben.</translation>
+    </message>
+    <message>
+        <source>The passphrase of the key was wrong.</source>
+        <translation>Die Passphrase des Schlüssels war falsch.</translation>
+    </message>
+    <message>
+        <source>The key has a passphrase, and gpg could not ask for it. Install a pinentry program that opens a window, such as pinentry-qt, and try again.</source>
+        <translation>Der Schlüssel hat eine Passphrase, und gpg konnte nicht nach ihr fragen. Installieren Sie ein pinentry-Programm, das ein Fenster öffnet, etwa pinentry-qt, und versuchen Sie es erneut.</translation>
+    </message>
+    <message>
+        <source>The key ring has no key of yours that can sign. Make one with KGpg first.</source>
+        <translation>Der Schlüsselbund enthält keinen Schlüssel von Ihnen, der signieren kann. Legen Sie zuerst mit KGpg einen an.</translation>
+    </message>
+</context>
+<context>
+    <name>SigningCheck</name>
+    <message>
+        <source>gpg crashed.</source>
+        <translation>gpg ist abgestürzt.</translation>
+    </message>
+    <message>
+        <source>gpg ended with the code %1 and did not say why.</source>
+        <translation>gpg endete mit dem Code %1 und nannte keinen Grund.</translation>
+    </message>
+</context>
+<context>
     <name>SigningCommands</name>
     <message>
         <source>Sign confirmation</source>
@@ -3166,6 +3440,10 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>Source</source>
         <translation>Paketquelle</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>

@@ -12,6 +12,23 @@
     </message>
 </context>
 <context>
+    <name>PackageCommands</name>
+    <message numerus="yes">
+        <source>Do you want to add %n package(s)?</source>
+        <translation>
+            <numerusform>Do you want to add %n package?</numerusform>
+            <numerusform>Do you want to add %n packages?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of them from %1</source>
+        <translation>
+            <numerusform>%n of them from %1</numerusform>
+            <numerusform>%n of them from %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PackageDetails</name>
     <message numerus="yes">
         <source>%n package(s): %1</source>
@@ -128,6 +145,20 @@
         <translation>
             <numerusform>Operation stopped. %1 of %n package is signed: %2</numerusform>
             <numerusform>Operation stopped. %1 of %n packages are signed: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n link(s) of the repository lead to places outside of it and were left out. Such a link is followed only when it belongs to you or to root, and what it leads to has the same owner.</source>
+        <translation>
+            <numerusform>%n link of the repository leads to a place outside of it and was left out. Such a link is followed only when it belongs to you or to root, and what it leads to has the same owner.</numerusform>
+            <numerusform>%n links of the repository lead to places outside of it and were left out. Such a link is followed only when it belongs to you or to root, and what it leads to has the same owner.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>... and %n more</source>
+        <translation>
+            <numerusform>... and %n more</numerusform>
+            <numerusform>... and %n more</numerusform>
         </translation>
     </message>
 </context>

@@ -696,6 +696,65 @@
     </message>
 </context>
 <context>
+    <name>LocalSourceCommand</name>
+    <message>
+        <source>Looking how apt of this machine can use the repository</source>
+        <translation>Проверка того, как apt этого компьютера может использовать репозиторий</translation>
+    </message>
+    <message>
+        <source>Choose a server type, then add the repository once more.</source>
+        <translation>Выберите тип сервера и добавьте репозиторий ещё раз.</translation>
+    </message>
+    <message>
+        <source>Waiting for the system to change the local sources list</source>
+        <translation>Ожидание изменения локального списка источников</translation>
+    </message>
+    <message>
+        <source>Repository is added to local sources list.</source>
+        <translation>Репозиторий добавлен в локальный список источников.</translation>
+    </message>
+    <message>
+        <source>Local sources list</source>
+        <translation>Локальный список источников</translation>
+    </message>
+    <message>
+        <source>The repository has no signature that can be checked, and other users of this machine can change it. Do you want to add it all the same?</source>
+        <translation>У репозитория нет подписи, которую можно проверить, и его могут изменить другие пользователи этого компьютера. Всё равно добавить его?</translation>
+    </message>
+    <message>
+        <source>As long as the line is in the list, they decide what is installed with the rights of root. Sign the repository, or see to it that nobody else may write in %1 and in the folders above.</source>
+        <translation>Пока строка остаётся в списке, они решают, что устанавливается с правами root. Подпишите репозиторий или сделайте так, чтобы никто другой не мог писать в %1 и в вышестоящие папки.</translation>
+    </message>
+    <message>
+        <source>As long as the line is in the list, whoever gets hold of the port %1 on this machine decides what is installed with the rights of root; any user can when the repository is not published. Sign the repository, or keep it in a folder of a local disk.</source>
+        <translation>Пока строка остаётся в списке, тот, кто занял порт %1 на этом компьютере, решает, что устанавливается с правами root; если репозиторий не опубликован, это может сделать любой пользователь. Подпишите репозиторий или храните его в папке на локальном диске.</translation>
+    </message>
+    <message>
+        <source>The repository is not published now.</source>
+        <translation>Сейчас репозиторий не опубликован.</translation>
+    </message>
+    <message>
+        <source>The repository has no signature that can be checked, and apt of this machine can only get it over the network. Do you want to add it all the same?</source>
+        <translation>У репозитория нет подписи, которую можно проверить, и apt этого компьютера может получить его только по сети. Всё равно добавить его?</translation>
+    </message>
+    <message>
+        <source>Repository is removed from local sources list.</source>
+        <translation>Репозиторий удалён из локального списка источников.</translation>
+    </message>
+    <message>
+        <source>The local sources list still has a line of this repository, which was changed by hand. Remove it with an editor.</source>
+        <translation>В локальном списке источников осталась строка этого репозитория, изменённая вручную. Удалите её в текстовом редакторе.</translation>
+    </message>
+    <message>
+        <source>This machine&apos;s own apt uses the publication that ends. Do you want to remove its line from the local sources list?</source>
+        <translation>apt этого компьютера использует публикацию, которая прекращается. Удалить её строку из локального списка источников?</translation>
+    </message>
+    <message>
+        <source>If the line stays, apt reports an error at each update, and with trusted=yes whoever takes the port decides what is installed with the rights of root.</source>
+        <translation>Если строка останется, apt будет сообщать об ошибке при каждом обновлении, а при trusted=yes занявший порт решает, что устанавливается с правами root.</translation>
+    </message>
+</context>
+<context>
     <name>MainWindow</name>
     <message>
         <source>File</source>
@@ -953,6 +1012,14 @@
         <source>The marks of the packages are those of the last check until the next one.</source>
         <translation>До следующей проверки значки пакетов показывают итог последней.</translation>
     </message>
+    <message>
+        <source>Select all packages</source>
+        <translation>Выбрать все пакеты</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Перечитать</translation>
+    </message>
 </context>
 <context>
     <name>MissingPackage</name>
@@ -1129,6 +1196,21 @@ One or more values</source>
     </message>
 </context>
 <context>
+    <name>OrphanedLines</name>
+    <message>
+        <source>These lines of this machine&apos;s local sources list lead to ports on which nothing is published. apt reports an error for them, and with trusted=yes whoever takes the port decides what is installed with the rights of root:</source>
+        <translation>Эти строки локального списка источников этого компьютера ведут к портам, на которых ничего не опубликовано. apt сообщает для них об ошибке, а при trusted=yes занявший порт решает, что устанавливается с правами root:</translation>
+    </message>
+    <message>
+        <source>Lines without a publication</source>
+        <translation>Строки без публикации</translation>
+    </message>
+    <message>
+        <source>&amp;Remove line</source>
+        <translation>&amp;Удалить строку</translation>
+    </message>
+</context>
+<context>
     <name>PackageCommands</name>
     <message>
         <source>Not added: %1</source>
@@ -1174,6 +1256,38 @@ One or more values</source>
         <source>Do you want to remove selected packages?</source>
         <translation>Удалить выбранные пакеты?</translation>
     </message>
+    <message>
+        <source>Will be added next: %1</source>
+        <translation>Далее будет добавлено: %1</translation>
+    </message>
+    <message>
+        <source>There are no packages in what was dropped.</source>
+        <translation>В том, что вы перетащили, нет пакетов.</translation>
+    </message>
+    <message>
+        <source>Adding packages</source>
+        <translation>Добавление пакетов</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do you want to add %n package(s)?</source>
+        <translation>
+            <numerusform>Добавить %n пакет?</numerusform>
+            <numerusform>Добавить %n пакета?</numerusform>
+            <numerusform>Добавить %n пакетов?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n of them from %1</source>
+        <translation>
+            <numerusform>%n из них — из %1</numerusform>
+            <numerusform>%n из них — из %1</numerusform>
+            <numerusform>%n из них — из %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>You cannot change the repository %1: its files belong to another user, or its disk is read-only.</source>
+        <translation>Вы не можете изменить репозиторий %1: его файлы принадлежат другому пользователю или его диск доступен только для чтения.</translation>
+    </message>
 </context>
 <context>
     <name>PackageDependItem</name>
@@ -1215,6 +1329,13 @@ One or more values</source>
     <message>
         <source>%1 (%2)</source>
         <translation>%1 (%2)</translation>
+    </message>
+</context>
+<context>
+    <name>PackageExtractor</name>
+    <message>
+        <source>The packages in the archive need more room than there is: unpacking was given up at %1. %2 are left in %3, and %4 have to stay free.</source>
+        <translation>Пакетам в архиве нужно больше места, чем есть: распаковка прекращена на %1. В %3 осталось %2, а %4 должно оставаться свободным.</translation>
     </message>
 </context>
 <context>
@@ -1413,24 +1534,8 @@ One or more values</source>
         <translation>Адрес скопирован в буфер обмена</translation>
     </message>
     <message>
-        <source>Repository is added to local sources list.</source>
-        <translation>Репозиторий добавлен в локальный список источников.</translation>
-    </message>
-    <message>
-        <source>Repository is removed from local sources list.</source>
-        <translation>Репозиторий удалён из локального списка источников.</translation>
-    </message>
-    <message>
-        <source>Waiting for the system to change the local sources list</source>
-        <translation>Ожидание изменения локального списка источников</translation>
-    </message>
-    <message>
         <source>Another repo already published</source>
         <translation>Другой репозиторий уже опубликован</translation>
-    </message>
-    <message>
-        <source>The local sources list still has a line of this repository, which was changed by hand. Remove it with an editor.</source>
-        <translation>В локальном списке источников осталась строка этого репозитория, изменённая вручную. Удалите её в текстовом редакторе.</translation>
     </message>
 </context>
 <context>
@@ -1458,6 +1563,10 @@ One or more values</source>
     <message>
         <source>Not published</source>
         <translation>Не опубликован</translation>
+    </message>
+    <message>
+        <source>The local sources list of this machine has a line for it that leads to a port where nothing is published. Publish it there, or choose &quot;Remove src list&quot;.</source>
+        <translation>В локальном списке источников этого компьютера есть его строка, ведущая к порту, на котором ничего не опубликовано. Опубликуйте его там или выберите «Удалить из списка источников».</translation>
     </message>
 </context>
 <context>
@@ -1704,6 +1813,13 @@ One or more values</source>
     </message>
 </context>
 <context>
+    <name>RegularFile</name>
+    <message>
+        <source>%1 is no regular file.</source>
+        <translation>%1 — не обычный файл.</translation>
+    </message>
+</context>
+<context>
     <name>RepoModel</name>
     <message>
         <source>Architecture: %1</source>
@@ -1712,6 +1828,10 @@ One or more values</source>
     <message>
         <source>Packages</source>
         <translation>Пакеты</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
@@ -2272,9 +2392,129 @@ The file with them is kept as %2.</source>
         <source>The repository holds packages in places that its description does not name: %1. The change would delete them.</source>
         <translation>В репозитории есть пакеты в местах, которых нет в его описании: %1. Изменение удалило бы их.</translation>
     </message>
+    <message numerus="yes">
+        <source>%n link(s) of the repository lead to places outside of it and were left out. Such a link is followed only when it belongs to you or to root, and what it leads to has the same owner.</source>
+        <translation>
+            <numerusform>%n ссылка репозитория ведёт за его пределы и пропущена. Такая ссылка учитывается, только если она принадлежит вам или root и у того, на что она указывает, тот же владелец.</numerusform>
+            <numerusform>%n ссылки репозитория ведут за его пределы и пропущены. Такая ссылка учитывается, только если она принадлежит вам или root и у того, на что она указывает, тот же владелец.</numerusform>
+            <numerusform>%n ссылок репозитория ведут за его пределы и пропущены. Такая ссылка учитывается, только если она принадлежит вам или root и у того, на что она указывает, тот же владелец.</numerusform>
+        </translation>
+    </message>
     <message>
-        <source>A job on the repository %1 was interrupted. It belongs to another user, and finishing the job runs programs that its settings name. Do you want to bring it in order now?</source>
-        <translation>Операция с репозиторием %1 была прервана. Он принадлежит другому пользователю, и при завершении операции запускаются программы, указанные в его настройках. Привести его в порядок сейчас?</translation>
+        <source>Left out, since it leads out of the repository: %1</source>
+        <translation>Пропущено, так как ведёт за пределы репозитория: %1</translation>
+    </message>
+    <message>
+        <source>The archive %1 has %2, and its packages need more than %3. It may be damaged, or have been made to fill the disk. Do you want to go on with it?</source>
+        <translation>Размер архива %1 — %2, а его пакетам нужно больше %3. Возможно, он повреждён или создан, чтобы заполнить диск. Продолжить работу с ним?</translation>
+    </message>
+    <message>
+        <source>Nothing was done.</source>
+        <translation>Ничего не сделано.</translation>
+    </message>
+    <message>
+        <source>The directory %1 does not exist any more. Its disk may be absent.</source>
+        <translation>Каталог %1 больше не существует. Возможно, его диск отключён.</translation>
+    </message>
+    <message>
+        <source>Another program has changed the repository since it was read, which may be the reason. Reload it with F5, and try once more.</source>
+        <translation>С тех пор как репозиторий был прочитан, его изменила другая программа; возможно, причина в этом. Перечитайте его клавишей F5 и повторите попытку.</translation>
+    </message>
+    <message>
+        <source>A job on the repository %1 was interrupted. It belongs to another user. Do you want to bring it in order now?</source>
+        <translation>Операция с репозиторием %1 была прервана. Репозиторий принадлежит другому пользователю. Привести его в порядок сейчас?</translation>
+    </message>
+    <message>
+        <source>No copy of the description can be kept in %1.</source>
+        <translation>Не удалось сохранить копию описания в %1.</translation>
+    </message>
+    <message>
+        <source>Reading repository again</source>
+        <translation>Повторное чтение репозитория</translation>
+    </message>
+    <message>
+        <source>Its description or its indices are missing.</source>
+        <translation>Его описание или индексы отсутствуют.</translation>
+    </message>
+    <message>
+        <source>The repository %1 cannot be read.</source>
+        <translation>Не удалось прочитать репозиторий %1.</translation>
+    </message>
+    <message>
+        <source>Repository is not read again</source>
+        <translation>Репозиторий не перечитан</translation>
+    </message>
+    <message>
+        <source>Repository is unchanged</source>
+        <translation>Репозиторий не изменился</translation>
+    </message>
+    <message>
+        <source>Another program has changed the repository: %1 package(s) added, %2 replaced, %3 removed</source>
+        <translation>Другая программа изменила репозиторий. Пакеты: добавлено %1, заменено %2, удалено %3</translation>
+    </message>
+    <message>
+        <source>The repository %1 cannot be opened.</source>
+        <translation>Не удалось открыть репозиторий %1.</translation>
+    </message>
+    <message>
+        <source>You have not agreed to what the settings of the repository %1 would run or change.</source>
+        <translation>Вы не согласились с тем, что запустили или изменили бы настройки репозитория %1.</translation>
+    </message>
+    <message>
+        <source>Programs of the repository</source>
+        <translation>Программы репозитория</translation>
+    </message>
+    <message numerus="yes">
+        <source>... and %n more</source>
+        <translation>
+            <numerusform>... и ещё %n</numerusform>
+            <numerusform>... и ещё %n</numerusform>
+            <numerusform>... и ещё %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The settings of the repository %1 name programs, which would be run with your rights, or lead out of its folder:
+
+%2
+
+</source>
+        <translation>Настройки репозитория %1 называют программы, которые будут запущены с вашими правами, или ведут за пределы его папки:
+
+%2
+
+</translation>
+    </message>
+    <message>
+        <source>Other users can change this repository.</source>
+        <translation>Другие пользователи могут изменить этот репозиторий.</translation>
+    </message>
+    <message>
+        <source>Do you trust them?</source>
+        <translation>Вы доверяете этим настройкам?</translation>
+    </message>
+    <message>
+        <source>The folder %1 cannot be read.</source>
+        <translation>Не удалось прочитать папку %1.</translation>
+    </message>
+    <message>
+        <source>%1 is a link to %2</source>
+        <translation>%1 — ссылка на %2</translation>
+    </message>
+    <message>
+        <source>Other users can change the repository %1, and %2.</source>
+        <translation>Другие пользователи могут изменить репозиторий %1, и %2.</translation>
+    </message>
+    <message>
+        <source>its settings could not be copied</source>
+        <translation>его настройки не удалось скопировать</translation>
+    </message>
+    <message>
+        <source>%1 is no file that can be read</source>
+        <translation>%1 — не файл, который можно прочитать</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read, and may name any program</source>
+        <translation>%1 недоступен для чтения и может называть любую программу</translation>
     </message>
 </context>
 <context>
@@ -2440,6 +2680,14 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>&lt;b&gt;Failed to get package information&lt;/b&gt;&lt;br&gt; %1</source>
         <translation>&lt;b&gt;Не удалось получить сведения о пакете&lt;/b&gt;&lt;br&gt; %1</translation>
+    </message>
+    <message>
+        <source>You cannot change this repository: its files belong to another user, or its disk is read-only.</source>
+        <translation>Вы не можете изменить этот репозиторий: его файлы принадлежат другому пользователю или его диск доступен только для чтения.</translation>
+    </message>
+    <message>
+        <source>%1 (listed for %2)</source>
+        <translation>%1 (в списке для %2)</translation>
     </message>
 </context>
 <context>
@@ -2916,6 +3164,36 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
 </context>
 <context>
+    <name>SigningAdvice</name>
+    <message>
+        <source>The passphrase of the key was not given.</source>
+        <translation>Фраза-пароль ключа не введена.</translation>
+    </message>
+    <message>
+        <source>The passphrase of the key was wrong.</source>
+        <translation>Фраза-пароль ключа неверна.</translation>
+    </message>
+    <message>
+        <source>The key has a passphrase, and gpg could not ask for it. Install a pinentry program that opens a window, such as pinentry-qt, and try again.</source>
+        <translation>У ключа есть фраза-пароль, но gpg не удалось её запросить. Установите программу pinentry, открывающую окно, например pinentry-qt, и повторите попытку.</translation>
+    </message>
+    <message>
+        <source>The key ring has no key of yours that can sign. Make one with KGpg first.</source>
+        <translation>В связке ключей нет вашего ключа, которым можно подписывать. Сначала создайте его в KGpg.</translation>
+    </message>
+</context>
+<context>
+    <name>SigningCheck</name>
+    <message>
+        <source>gpg crashed.</source>
+        <translation>gpg аварийно завершился.</translation>
+    </message>
+    <message>
+        <source>gpg ended with the code %1 and did not say why.</source>
+        <translation>gpg завершился с кодом %1 и не сообщил причину.</translation>
+    </message>
+</context>
+<context>
     <name>SigningCommands</name>
     <message>
         <source>Sign confirmation</source>
@@ -3184,6 +3462,10 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>Source</source>
         <translation>Источник</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
     </message>
 </context>
 <context>
