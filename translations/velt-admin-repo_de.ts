@@ -2469,7 +2469,7 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         <translation>Andere Benutzer können dieses Repository ändern.</translation>
     </message>
     <message>
-        <source>Do you trust them?</source>
+        <source>Do you trust these settings?</source>
         <translation>Vertrauen Sie diesen Einstellungen?</translation>
     </message>
     <message>

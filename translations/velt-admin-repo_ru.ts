@@ -2489,7 +2489,7 @@ The file with them is kept as %2.</source>
         <translation>Другие пользователи могут изменить этот репозиторий.</translation>
     </message>
     <message>
-        <source>Do you trust them?</source>
+        <source>Do you trust these settings?</source>
         <translation>Вы доверяете этим настройкам?</translation>
     </message>
     <message>

@@ -99,5 +99,5 @@ QString RepositoryGate::question(const QString &repoPath, const RepositoryInspec
               .arg(repoPath, lines.join(QLatin1Char('\n')));
     if (found.isShared)
         text += tr("Other users can change this repository.") + QLatin1Char(' ');
-    return text + tr("Do you trust them?");
+    return text + tr("Do you trust these settings?");
 }
