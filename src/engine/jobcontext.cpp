@@ -51,15 +51,15 @@ bool JobContext::mayRun()
 
 bool JobContext::mayChange()
 {
+    if (!QFileInfo(path()).isDir()) {
+        critical(tr("The directory %1 does not exist any more. Its disk may be absent.").arg(path()));
+        return false;
+    }
     if (!mayRun())
         return false;
     const QString file = path() + QLatin1String("/db/packages.db");
     if (m_packages.count() == 0 || QFile::exists(file))
         return true;
-    if (!QFileInfo(path()).isDir()) {
-        critical(tr("The directory %1 does not exist any more. Its disk may be absent.").arg(path()));
-        return false;
-    }
     critical(tr("The database of the repository is missing. Any change would make a new one and take all "
                 "packages out of the indices, so nothing was done."),
              file);

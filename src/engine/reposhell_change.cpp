@@ -251,6 +251,7 @@ bool RepoShell::rewriteRepo(const RepoInfo &info, bool dropsTracks, QString *det
         *details = tr("Impossible to create file %1!").arg(file.fileName());
         return false;
     }
+    m_context->renewAdmission();
     if (!takeOutVanished(oldInfo, &session, details))
         return false;
     removeVanishedIndices(oldInfo, info);

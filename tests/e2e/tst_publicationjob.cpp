@@ -363,7 +363,8 @@ private Q_SLOTS:
         QTest::newRow("FTP, no server") << "chmod -x /usr/sbin/vsftpd"_s
                                         << "chmod +x /usr/sbin/vsftpd"_s << 1;
         QTest::newRow("HTTP, server crashes")
-            << "printf '#!/bin/sh\nkill -SEGV $$\n' >/run/crash; chmod +x /run/crash; "
+            << "printf '#!/usr/bin/perl\nprint unpack \"p\", pack \"J\", 1;\n' >/run/crash; chmod +x "
+               "/run/crash; "
                "mount --bind /run/crash /usr/sbin/lighttpd"_s
             << "umount /usr/sbin/lighttpd; journalctl -u public-repo-8082 -o cat | grep -c status=11/SEGV >/dev/null"_s
             << 0;

@@ -282,7 +282,10 @@ private Q_SLOTS:
              {"/conf/distributions", "/conf/options", "/db/references.db", "/dists", "/dists/dogwood/main"}) {
             exchange(name, h.victim);
             h.openAgain();
-            QVERIFY2(h.questions.first().contains(QLatin1String(name + 1) + " is a link to "_s), name);
+            // A description that is no file is none: nothing is opened then.
+            QVERIFY2(h.questions.join(QString()).contains(QLatin1String(name + 1) + " is a link to "_s)
+                         || h.complains("no regular file"_s),
+                     name);
             QVERIFY2(QDir(h.victim).isEmpty(), name);
             putBack(name);
         }
@@ -290,7 +293,7 @@ private Q_SLOTS:
         QCOMPARE(QFile::remove(h.conf + "/options"_s), true);
         QCOMPARE(::mkfifo(QFile::encodeName(h.conf + "/options"_s).constData(), S_IRWXU), 0);
         h.openAgain();
-        QVERIFY(h.asked(1, "conf/options cannot be read"_s));
+        QVERIFY(h.asked(0) && h.complains("conf/options is no regular file"_s));
         QFile::remove(h.conf + "/options"_s);
 
         // Neither does what an interrupted job has written down lead out of the pool.

@@ -114,6 +114,7 @@ private Q_SLOTS:
                  "../elsewhere pool"_s,
                  h.repoPath());
         h.info.codename = "aspen"_s;
+        h.reply = true;
         QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
         QVERIFY(QFile::exists(elsewhere + "/dogwood/precious"_s));
 

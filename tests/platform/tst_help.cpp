@@ -132,7 +132,7 @@ private Q_SLOTS:
             QCOMPARE(browser()->textCursor().selectedText(), line->text());
             visited << browser()->source().fileName();
         }
-        QCOMPARE(visited, (QSet<QString>{"clients.html"_s, "signing.html"_s}));
+        QCOMPARE(visited, (QSet<QString>{"clients.html"_s, "files.html"_s, "signing.html"_s}));
         const QString page = browser()->source().toString();
         line->setText("no such word anywhere"_s);
         QTest::keyClick(line, Qt::Key_F3, Qt::ShiftModifier);
