@@ -25,14 +25,12 @@
 namespace
 {
 constexpr const char *Usage
-    = "Usage: velt-admin-repo-mount [--shut-in] DIRECTORY MOUNTPOINT COMMAND [ARGUMENT...]\n"
-      "Shows what clients may see of the repository DIRECTORY in MOUNTPOINT/public, read-only, and runs "
-      "COMMAND.\n"
-      "With --shut-in, COMMAND sees nothing but programs and MOUNTPOINT. No link is followed in the "
-      "repository,\n"
-      "which is in MOUNTPOINT/repository. COMMAND finds in READER and READER_GROUP with whose rights to "
-      "read:\n"
-      "those of DIRECTORY's owner or those of the owner of RUNTIME_DIRECTORY.\n";
+    = R"(Usage: velt-admin-repo-mount [--shut-in] DIRECTORY MOUNTPOINT COMMAND [ARGUMENT...]
+Shows in MOUNTPOINT/public what clients may see of the repository DIRECTORY, read-only, and runs COMMAND there.
+With --shut-in, COMMAND sees programs and MOUNTPOINT alone. No link is followed in the repository, which is
+MOUNTPOINT/repository. The numbers READER and READER_GROUP tell COMMAND with whose rights to read: with those of
+the owner of DIRECTORY, or with those of the owner of RUNTIME_DIRECTORY.
+All paths are absolute.)";
 
 /** What clients may see. Whatever lies beside these in the repository's directory is its owner's. */
 constexpr std::initializer_list<const char *> Shown
@@ -101,14 +99,16 @@ Repository open(const std::string &path)
 {
     constexpr int flags = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
     Repository repository{Descriptor(::open("/", flags))};
+    uid_t user = 0;
     bool isOwn = true;
     std::size_t start = 0;
     while (true) {
         struct stat status = {};
         if (!repository.directory.isOpen() || ::fstat(repository.directory.number(), &status) != 0)
             throw Failure("The directory " + path + " is not there, or is reached through a link");
-        isOwn = isOwn && (repository.owner == 0 || repository.owner == status.st_uid);
         repository.owner = status.st_uid;
+        isOwn = isOwn && (user == 0 || status.st_uid == 0 || user == status.st_uid);
+        user = std::max(user, status.st_uid);
         start = std::min(path.find_first_not_of('/', start), path.size());
         if (start == path.size())
             break;
@@ -144,7 +144,7 @@ void restrict(const Descriptor &tree, std::uint64_t attributes)
     // What is mounted in the repository later does not appear here, where it would lack the restrictions.
     change.propagation = MS_PRIVATE;
     if (::mount_setattr(tree.number(), "", AT_EMPTY_PATH | AT_RECURSIVE, &change, sizeof change) != 0)
-        throw Failure("This kernel cannot keep the server from following links (Linux 5.14 can)");
+        throw Failure("This kernel cannot keep a server to a repository (Linux 5.14 can)");
 }
 
 void makeFolder(const std::string &path)
@@ -242,8 +242,9 @@ void update(const Folders &folders)
 }
 
 /**
- * Shows what there is, and what comes later: reprepro removes pool/ together with the last package. The process that
- * does this is not the server's child, and ends with the server's unit.
+ * For a server that has its root directory in the folder: shows what there is, and what comes later. reprepro removes
+ * pool/ together with the last package. The process that does this is not the server's child, which the server would
+ * wonder about, and ends with the server's unit.
  */
 void follow(const Folders &folders)
 {

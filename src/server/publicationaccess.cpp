@@ -8,9 +8,13 @@
 
 #include <functional>
 
+#include <sys/stat.h>
+
 namespace
 {
 const QFile::Permissions list = QFile::ReadOther | QFile::ExeOther;
+
+constexpr uint Root = 0;
 
 /** What others need of this file or folder to read it. */
 QFile::Permissions needed(const QFileInfo &file)
@@ -21,6 +25,30 @@ QFile::Permissions needed(const QFileInfo &file)
 bool grants(const QFileInfo &file, QFile::Permissions permissions)
 {
     return (file.permissions() & permissions) == permissions;
+}
+
+/** With whose rights the server for HTTP reads; root stands for nobody. */
+uint httpReader(const QString &repoPath)
+{
+    const uint owner = QFileInfo(repoPath).ownerId();
+    for (QString path = QFileInfo(repoPath).path();; path = QFileInfo(path).path()) {
+        struct stat status = {};
+        if (::stat(QFile::encodeName(path).constData(), &status) != 0
+            || (status.st_uid != Root && status.st_uid != owner)
+            || ((status.st_mode & S_IWOTH) != 0 && (status.st_mode & S_ISVTX) == 0))
+            return Root;
+        if (path == QLatin1String("/"))
+            return owner;
+    }
+}
+
+/** Whether a server with this user's rights, or with nobody's, reads the file or lists the folder. */
+bool isReadable(const QFileInfo &file, uint reader)
+{
+    if (reader == Root || file.ownerId() != reader)
+        return grants(file, needed(file));
+    return grants(file,
+                  file.isDir() ? QFile::ReadOwner | QFile::ExeOwner : QFile::Permissions(QFile::ReadOwner));
 }
 
 /** Visits what clients fetch; the rest of a repository is reprepro's own. Stops when `visit` says so. */
@@ -47,11 +75,10 @@ void visitServed(const QString &repoPath, const std::function<bool(const QFileIn
 PublicationAccess PublicationAccess::examine(const QString &repoPath, int protocol)
 {
     PublicationAccess access;
-    if (protocol != FtpProtocol)
-        return access;
-    access.isEntered = grants(QFileInfo(repoPath), list);
-    visitServed(repoPath, [&access](const QFileInfo &file) {
-        if (!grants(file, needed(file)) && ++access.unreadableCount <= MostNamed)
+    const uint reader = protocol == FtpProtocol ? Root : httpReader(repoPath);
+    access.isEntered = isReadable(QFileInfo(repoPath), reader);
+    visitServed(repoPath, [&access, reader](const QFileInfo &file) {
+        if (!isReadable(file, reader) && ++access.unreadableCount <= MostNamed)
             access.unreadable << file.filePath();
         return true;
     });

@@ -15,7 +15,6 @@
 #include "ui/settingscommands.h"
 
 #include <QClipboard>
-#include <QFileInfo>
 #include <QGuiApplication>
 
 SigningCommands::SigningCommands(
@@ -107,9 +106,10 @@ void SigningCommands::copyPublicKey(const QString &keyId)
 
 void SigningCommands::savePublicKey(const RepoWidget &widget, const QString &keyId)
 {
-    const QString folder = QFileInfo(widget.repoPath()).absolutePath();
-    const QString name = RepositoryKeyPanel::keyFileName(widget.repoShell()->repoInfo().name);
-    const QString path = m_prompts.saveFile(tr("Save public key"), folder, name, {tr("Keys (*.asc)")}).path;
+    // There it is served together with the repository.
+    const QString name = QStringLiteral("repository-key.asc");
+    const QString path
+        = m_prompts.saveFile(tr("Save public key"), widget.repoPath(), name, {tr("Keys (*.asc)")}).path;
     if (path.isEmpty())
         return;
     const auto save = [keyId, path] { return RepositoryKey::savePublicKey(keyId, path); };

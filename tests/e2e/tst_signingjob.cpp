@@ -137,15 +137,16 @@ private Q_SLOTS:
         child<QPushButton>(*m_driver->tab(), "m_copyKeyPushButton")->click();
         WAIT_FOR(m_driver->message() == "Public key is copied to clipboard"_s);
         const Script saving{inDialog<QFileDialog>("Save public key"_s, [&](QFileDialog &dialog) {
-            return dialog.directory().path() == m_folder->path()
-                   && child<QLineEdit>(dialog, "fileNameEdit")->text() == "r.asc"_s
+            return dialog.directory().path() == path("r"_s)
+                   && child<QLineEdit>(dialog, "fileNameEdit")->text() == "repository-key.asc"_s
                    && QMetaObject::invokeMethod(&dialog, "accept");
         })};
         child<QPushButton>(*m_driver->tab(), "m_saveKeyPushButton")->click();
-        WAIT_FOR(m_driver->message() == "The public key is saved in %1."_s.arg(path("r.asc"_s)));
-        QCOMPARE(QGuiApplication::clipboard()->text().toUtf8(), readFile(path("r.asc"_s)));
+        WAIT_FOR(m_driver->message()
+                 == "The public key is saved in %1."_s.arg(path("r/repository-key.asc"_s)));
+        QCOMPARE(QGuiApplication::clipboard()->text().toUtf8(), readFile(path("r/repository-key.asc"_s)));
         // A client that has nothing but this file accepts the repository.
-        TestKeys::gpg({"-o"_s, path("r.gpg"_s), "--dearmor"_s, path("r.asc"_s)});
+        TestKeys::gpg({"-o"_s, path("r.gpg"_s), "--dearmor"_s, path("r/repository-key.asc"_s)});
         QCOMPARE(QProcess::execute(
                      "gpgv"_s, {"-q"_s, "--keyring"_s, path("r.gpg"_s), path("r/dists/birch/InRelease"_s)}),
                  0);

@@ -4,6 +4,7 @@
 #include "server/listedsources.h"
 #include "server/localsourcechoice.h"
 #include "server/localsources.h"
+#include "server/publicationaccess.h"
 #include "server/publicationaddresses.h"
 #include "server/publicationmonitor.h"
 #include "server/publicationsettings.h"
@@ -21,6 +22,8 @@
 #include <functional>
 
 #include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 Q_DECLARE_METATYPE(AptAccess)
 
@@ -41,6 +44,34 @@ private Q_SLOTS:
         writeFile(file, two.toUtf8());
         QVERIFY(fileContains("deb a main"_s, file));
         QVERIFY(!fileContains("deb b"_s, file) && !fileContains({}, file));
+    }
+
+    void access()
+    {
+        const QTemporaryDir folder;
+        const QString repo = folder.filePath("repo"_s);
+        const QString file = repo + "/pool/a.deb"_s;
+        writeFile(file, "x");
+        const auto closed = [&repo](int protocol) {
+            const PublicationAccess access = PublicationAccess::examine(repo, protocol);
+            return access.unreadable + (access.isEntered ? QStringList() : QStringList{repo});
+        };
+        // Root lends its rights to no server.
+        const uid_t owner = ::geteuid() == 0 ? 12345 : ::geteuid();
+        for (const QString &path : {repo, QFileInfo(file).path(), file}) {
+            const QByteArray name = QFile::encodeName(path);
+            QVERIFY(::chown(name.constData(), owner, ::getegid()) == 0
+                    && ::chmod(name.constData(), 0700) == 0);
+        }
+        QCOMPARE(closed(HttpProtocol), QStringList());
+        QCOMPARE(closed(FtpProtocol), (QStringList{QFileInfo(file).path(), file, repo}));
+        QCOMPARE(::chmod(QFile::encodeName(file).constData(), 0044), 0);
+        QCOMPARE(closed(HttpProtocol), QStringList{file});
+        // In a folder in which everybody can exchange it, a directory is read with nobody's rights.
+        QCOMPARE(::chmod(QFile::encodeName(folder.path()).constData(), 0777), 0);
+        QCOMPARE(closed(HttpProtocol), (QStringList{QFileInfo(file).path(), repo}));
+        QCOMPARE(PublicationAccess::openUp(repo), QString());
+        QCOMPARE(closed(HttpProtocol), QStringList());
     }
 
     void listedSources()
