@@ -13,6 +13,7 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -36,6 +37,49 @@ Outcome readFile(const QString &fileName, const QString &repoPath, StoredPackage
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.size() == 0)
         return Outcome::Failed;
     return DependsJson::read(&file, repoPath, stored);
+}
+
+/** The one of these, which have the package's name, whose results are the package's; the first when none fits. */
+const StoredDepends &storedFor(const PackageInfo &package, const QVector<StoredDepends> &stored)
+{
+    if (stored.size() == 1)
+        return stored.first();
+    const auto likeness = [&package](const StoredDepends &other) {
+        return 4 * static_cast<int>(other.type == package.type)
+               + 2 * static_cast<int>(other.architecture == package.architecture)
+               + static_cast<int>(other.component == package.indexComponent);
+    };
+    // Of two that fit alike the first counts.
+    return *std::max_element(
+        stored.cbegin(), stored.cend(), [&likeness](const StoredDepends &a, const StoredDepends &b) {
+            return likeness(a) < likeness(b);
+        });
+}
+
+void moveTo(Dependency &dependency, const QString &architecture, const QString &from)
+{
+    if (dependency.architecture == from)
+        dependency.architecture = architecture;
+    for (Dependency &provider : dependency.providers)
+        moveTo(provider, architecture, from);
+}
+
+/** The results as those of a package for `architecture`, so that what is lacking is fetched for that one. */
+QSharedPointer<const DependsInfo> resultsFor(const QString &architecture, const StoredDepends &stored)
+{
+    if (architecture.isEmpty() || architecture == stored.architecture || stored.info->groups.isEmpty())
+        return stored.info;
+    const auto info = QSharedPointer<DependsInfo>::create(*stored.info);
+    for (DependencyGroup &group : info->groups)
+        for (Dependency &dependency : group.alternatives)
+            moveTo(dependency, architecture, stored.architecture);
+    return info;
+}
+
+/** What savePackages() would make loadData() read of the package. */
+StoredDepends storedOf(const PackageInfo &package)
+{
+    return {package.version, package.architecture, package.indexComponent, package.type, package.dependsInfo};
 }
 } // namespace
 
@@ -95,13 +139,14 @@ void DependsData::mergeStoredPackages(const QList<PackageInfoPtr> &origin)
     packages.reserve(origin.size());
     bool changed = false;
     for (const PackageInfoPtr &package : origin) {
-        const auto stored = m_stored.constFind(package->name);
-        if (stored == m_stored.cend() || stored->info == package->dependsInfo) {
+        const auto named = m_stored.constFind(package->name);
+        const StoredDepends stored = named == m_stored.cend() ? StoredDepends() : storedFor(*package, *named);
+        if (!stored.info || stored.info == package->dependsInfo) {
             packages.append(package);
             continue;
         }
         const auto merged = QSharedPointer<PackageInfo>::create(*package);
-        merged->dependsInfo = stored->info;
+        merged->dependsInfo = resultsFor(package->architecture, stored);
         packages.append(merged);
         changed = true;
     }
@@ -119,10 +164,15 @@ void DependsData::savePackages(const QList<PackageInfoPtr> &packages)
     const bool saved = rewrite({m_repoPath, QString(), packages});
     m_saved = saved ? packages : QList<PackageInfoPtr>();
     m_stored.clear();
-    const auto byName = DependsJson::packagesByName(packages);
-    for (const PackageInfoPtr &package : byName)
-        if (package->hasDependsInfo())
-            m_stored.insert(package->name, {package->version, package->architecture, package->dependsInfo});
+    const DependsJson::NamedPackages byName = DependsJson::packagesByName(packages);
+    for (const PackageInfoPtr &package : byName.first) {
+        if (!package->hasDependsInfo())
+            continue;
+        QVector<StoredDepends> &stored = m_stored[package->name];
+        stored.append(storedOf(*package));
+        for (const PackageInfoPtr &other : byName.others.value(package->name))
+            stored.append(storedOf(*other));
+    }
 }
 
 bool DependsData::hasMember(const QStringList &repositories) const

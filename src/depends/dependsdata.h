@@ -32,9 +32,10 @@ public Q_SLOTS:
     /** Deletes the current repository's results. */
     void removeRepoData();
     /**
-     * Tells with packagesMerged() the list `origin` with the stored results in it, found by the packages' names
-     * alone. Packages with results become new records, because records that were published do not change. Says
-     * nothing when there is nothing to merge.
+     * Tells with packagesMerged() the list `origin` with the stored results in it, found by the packages' names, and
+     * of several by what else they have in common; the version does not matter. Results of another architecture are
+     * given as those of the package's own. Packages with results become new records, because records that were
+     * published do not change. Says nothing when there is nothing to merge.
      */
     void mergeStoredPackages(const QList<PackageInfoPtr> &origin);
     /** Makes the results of these packages, the whole repository's, the stored ones; an empty list is ignored. */

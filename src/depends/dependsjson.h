@@ -15,15 +15,18 @@ struct StoredDepends
 {
     QString version; ///< the one that was checked
     QString architecture;
+    QString component; ///< the index's; empty where the name alone tells the package apart
+    PackageType type = PackageType::Deb;
     QSharedPointer<const DependsInfo> info;
 };
 
-/** The stored results of one repository, by package name. */
-using StoredPackages = QHash<QString, StoredDepends>;
+/** The stored results of one repository, by package name; never an empty list. The first counts for the name. */
+using StoredPackages = QHash<QString, QVector<StoredDepends>>;
 
 /**
  * The document that keeps the results of dependency checks: an object with one member a repository, by the
- * repository's path. It can be hundreds of megabytes, so it is walked through and never held as a whole.
+ * repository's path. It can be hundreds of megabytes, so it is walked through and never held as a whole. A package
+ * that is there more than once, for several architectures, has one member, and the others stand in that as "others".
  */
 namespace DependsJson
 {
@@ -53,6 +56,13 @@ bool hasMember(QIODevice *input, const QStringList &repositories);
 /** Writes the document `input`, an empty one when that is null, to `output` with `change` made to it. */
 Outcome rewrite(QIODevice *input, QIODevice *output, const Change &change);
 
-/** For every package name the package whose results are stored: the last, of those that have been checked if any. */
-QHash<QString, PackageInfoPtr> packagesByName(const QList<PackageInfoPtr> &packages);
+/** The packages of a repository as their results are stored. */
+struct NamedPackages
+{
+    QHash<QString, PackageInfoPtr>
+        first; ///< for every name the last package, of those that were checked if any
+    QHash<QString, QVector<PackageInfoPtr>>
+        others; ///< what else has the name, for another architecture for example
+};
+NamedPackages packagesByName(const QList<PackageInfoPtr> &packages);
 } // namespace DependsJson

@@ -52,6 +52,15 @@ DependStatus toStatus(std::string_view number)
     return qFuzzyCompare(value, 1.0) ? DependSuccess : DependUndefined;
 }
 
+/** Gives the dependency and its providers the architecture unless they name another. */
+void setArchitecture(Dependency &dependency, const QString &architecture)
+{
+    if (dependency.architecture.isEmpty())
+        dependency.architecture = architecture;
+    for (Dependency &provider : dependency.providers)
+        setArchitecture(provider, dependency.architecture);
+}
+
 /** Follows the parser through the document and builds the results where the wanted repository's member is. */
 class ResultsHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, ResultsHandler>
 {
@@ -90,6 +99,8 @@ private:
         Root,
         Repository,
         Package,
+        Others,
+        OtherPackage,
         Groups,
         Group,
         Alternatives,
@@ -108,8 +119,11 @@ private:
     bool m_hasRoot = false;
 
     QString m_packageName;
-    StoredDepends m_package;
-    DependsInfo m_info;
+    StoredDepends m_package; ///< the one that is being read
+    DependsInfo m_info; ///< of m_package
+    StoredDepends m_first; ///< with its info, while one of the others is being read
+    DependsInfo m_firstInfo;
+    QVector<StoredDepends> m_others;
     QString m_groupName;
     DependencyGroup m_group;
     std::vector<::Dependency>
@@ -126,6 +140,9 @@ private:
     Place objectIn(Place outer);
     Place arrayIn(Place outer);
     Place startDependency();
+    void startPackage();
+    void endPackage(Place place);
+    static bool isPackage(Place place) { return place == Place::Package || place == Place::OtherPackage; }
 };
 
 ResultsHandler::Place ResultsHandler::objectIn(Place outer)
@@ -139,10 +156,16 @@ ResultsHandler::Place ResultsHandler::objectIn(Place outer)
         return m_key == m_repository ? Place::Repository : Place::Ignored;
     case Place::Repository:
         m_packageName = m_pool.string(m_key);
-        m_package = {};
-        m_info = {DependError, {}};
+        m_others.clear();
+        startPackage();
         return Place::Package;
+    case Place::Others:
+        m_first = std::exchange(m_package, {});
+        m_firstInfo = std::exchange(m_info, {});
+        startPackage();
+        return Place::OtherPackage;
     case Place::Package:
+    case Place::OtherPackage:
         if (m_key != Key::dependMap)
             return Place::Ignored;
         m_info.groups.clear();
@@ -173,6 +196,10 @@ ResultsHandler::Place ResultsHandler::objectIn(Place outer)
 
 ResultsHandler::Place ResultsHandler::arrayIn(Place outer)
 {
+    if (outer == Place::Package && m_key == Key::others) {
+        m_others.clear();
+        return Place::Others;
+    }
     if (outer == Place::Group && m_key == Key::packages) {
         m_group.alternatives.clear();
         return Place::Alternatives;
@@ -191,17 +218,38 @@ ResultsHandler::Place ResultsHandler::startDependency()
     return Place::Dependency;
 }
 
+void ResultsHandler::startPackage()
+{
+    m_package = {};
+    m_info = {DependError, {}};
+}
+
+void ResultsHandler::endPackage(Place place)
+{
+    // As a rule it is not stored, and what is looked for later is looked for where the package is.
+    for (DependencyGroup &group : m_info.groups)
+        for (::Dependency &dependency : group.alternatives)
+            setArchitecture(dependency, m_package.architecture);
+    m_package.info = QSharedPointer<DependsInfo>::create(std::exchange(m_info, {}));
+    if (place == Place::OtherPackage) {
+        m_others.append(m_package);
+        m_package = std::exchange(m_first, {});
+        m_info = std::exchange(m_firstInfo, {});
+        return;
+    }
+    QVector<StoredDepends> packages;
+    packages.reserve(1 + m_others.size());
+    packages.append(m_package);
+    packages += m_others;
+    m_stored->insert(m_packageName, packages);
+}
+
 bool ResultsHandler::EndObject(Size /*count*/)
 {
     const Place left = m_places.back();
     m_places.pop_back();
-    if (left == Place::Package) {
-        // It is not stored, and what is looked for later is looked for where the package is.
-        for (DependencyGroup &group : m_info.groups)
-            for (::Dependency &dependency : group.alternatives)
-                dependency.architecture = m_package.architecture;
-        m_package.info = QSharedPointer<DependsInfo>::create(std::exchange(m_info, {}));
-        m_stored->insert(m_packageName, m_package);
+    if (isPackage(left)) {
+        endPackage(left);
     } else if (left == Place::Group) {
         m_info.groups.insert(m_groupName, std::exchange(m_group, {}));
     } else if (left == Place::Dependency) {
@@ -221,15 +269,21 @@ bool ResultsHandler::String(const char *text, Size size, bool /*copy*/)
 {
     const Place place = m_places.back();
     QString *target = nullptr;
-    if (place == Place::Package) {
+    if (isPackage(place)) {
         if (m_key == Key::version)
             target = &m_package.version;
         else if (m_key == Key::architecture)
             target = &m_package.architecture;
+        else if (m_key == Key::component)
+            target = &m_package.component;
+        else if (m_key == Key::type && std::string_view(text, size) == Key::udeb)
+            m_package.type = PackageType::Udeb;
     } else if (place == Place::Dependency) {
         ::Dependency &dependency = m_dependencies.back();
         if (m_key == Key::name)
             target = &dependency.name;
+        else if (m_key == Key::architecture)
+            target = &dependency.architecture;
         else if (m_key == Key::op)
             target = &dependency.op;
         else if (m_key == Key::dependVersion)
@@ -250,7 +304,7 @@ bool ResultsHandler::RawNumber(const char *text, Size size, bool /*copy*/)
 {
     const Place place = m_places.back();
     DependStatus *target = nullptr;
-    if (place == Place::Package && m_key == Key::dependsStatus)
+    if (isPackage(place) && m_key == Key::dependsStatus)
         target = &m_info.status;
     else if (place == Place::Group && m_key == Key::dependStatus)
         target = &m_group.status;

@@ -7,6 +7,7 @@
 
 #include <QStringList>
 
+#include <algorithm>
 #include <string>
 
 #include <rapidjson/prettywriter.h>
@@ -56,9 +57,11 @@ private:
         m_writer.Int(status);
     }
     void encode(const QString &text);
-    void package(const PackageInfo &package);
-    void group(const DependencyGroup &group);
-    void dependency(const Dependency &dependency);
+    /** The members that tell of the package; where it is not the only one of its name, also what it is told apart by. */
+    void package(const PackageInfo &package, bool isOnlyOne);
+    void group(const DependencyGroup &group, const QString &architecture);
+    /** `architecture` is the one that its reader takes it to be for. */
+    void dependency(const Dependency &dependency, const QString &architecture);
 };
 
 void ResultsWriter::encode(const QString &text)
@@ -76,51 +79,73 @@ void ResultsWriter::encode(const QString &text)
 
 void ResultsWriter::repository(const QString &path, const QList<PackageInfoPtr> &packages)
 {
-    const QHash<QString, PackageInfoPtr> byName = DependsJson::packagesByName(packages);
+    const DependsJson::NamedPackages byName = DependsJson::packagesByName(packages);
     key(path);
     m_writer.StartObject();
-    for (const PackageInfoPtr &candidate : packages)
-        if (byName.value(candidate->name) == candidate)
-            package(*candidate);
+    for (const PackageInfoPtr &candidate : packages) {
+        if (byName.first.value(candidate->name) != candidate)
+            continue;
+        key(candidate->name);
+        m_writer.StartObject();
+        const auto others = byName.others.constFind(candidate->name);
+        package(*candidate, others == byName.others.cend());
+        if (others != byName.others.cend()) {
+            key(Key::others);
+            m_writer.StartArray();
+            for (const PackageInfoPtr &other : *others) {
+                m_writer.StartObject();
+                package(*other, false);
+                m_writer.EndObject();
+            }
+            m_writer.EndArray();
+        }
+        m_writer.EndObject();
+    }
     m_writer.EndObject();
 }
 
-void ResultsWriter::package(const PackageInfo &package)
+void ResultsWriter::package(const PackageInfo &package, bool isOnlyOne)
 {
-    key(package.name);
-    m_writer.StartObject();
     member(Key::version, package.version);
     member(Key::architecture, package.architecture);
+    if (!isOnlyOne && !package.indexComponent.isEmpty())
+        member(Key::component, package.indexComponent);
+    if (!isOnlyOne && package.type == PackageType::Udeb) {
+        key(Key::type);
+        m_writer.String(Key::udeb.data(), static_cast<Size>(Key::udeb.size()));
+    }
     key(Key::dependMap);
     m_writer.StartObject();
     if (package.dependsInfo) {
         const auto &groups = package.dependsInfo->groups;
         for (auto it = groups.cbegin(); it != groups.cend(); ++it) {
             key(it.key());
-            group(it.value());
+            group(it.value(), package.architecture);
         }
     }
     m_writer.EndObject();
     member(Key::dependsStatus, package.dependStatus());
-    m_writer.EndObject();
 }
 
-void ResultsWriter::group(const DependencyGroup &group)
+void ResultsWriter::group(const DependencyGroup &group, const QString &architecture)
 {
     m_writer.StartObject();
     member(Key::dependStatus, group.status);
     key(Key::packages);
     m_writer.StartArray();
     for (const Dependency &alternative : group.alternatives)
-        dependency(alternative);
+        dependency(alternative, architecture);
     m_writer.EndArray();
     m_writer.EndObject();
 }
 
-void ResultsWriter::dependency(const Dependency &dependency)
+void ResultsWriter::dependency(const Dependency &dependency, const QString &architecture)
 {
     m_writer.StartObject();
     member(Key::name, dependency.name);
+    const bool isElsewhere = !dependency.architecture.isEmpty() && dependency.architecture != architecture;
+    if (isElsewhere)
+        member(Key::architecture, dependency.architecture);
     member(Key::op, dependency.op);
     member(Key::dependVersion, dependency.version);
     member(Key::altOp, dependency.secondOp);
@@ -128,7 +153,7 @@ void ResultsWriter::dependency(const Dependency &dependency)
     key(Key::providers);
     m_writer.StartArray();
     for (const Dependency &provider : dependency.providers)
-        this->dependency(provider);
+        this->dependency(provider, isElsewhere ? dependency.architecture : architecture);
     m_writer.EndArray();
     member(Key::status, dependency.status);
     key(Key::foundedVersions);
@@ -146,6 +171,26 @@ void ResultsWriter::dependency(const Dependency &dependency)
     }
     m_writer.EndObject();
     m_writer.EndObject();
+}
+
+bool isSame(const PackageInfo &a, const PackageInfo &b)
+{
+    return a.architecture == b.architecture && a.indexComponent == b.indexComponent && a.type == b.type;
+}
+
+/** Adds the package to those of its name that are not `first`, in the place of an earlier record of it. */
+void keepOther(QVector<PackageInfoPtr> &others, const PackageInfoPtr &package, const PackageInfo &first)
+{
+    const auto isGone = [&](const PackageInfoPtr &other) {
+        return isSame(*other, first) || (isSame(*other, *package) && package->hasDependsInfo());
+    };
+    others.erase(std::remove_if(others.begin(), others.end(), isGone), others.end());
+    const bool isKnown = isSame(*package, first)
+                         || std::any_of(others.cbegin(), others.cend(), [&](const PackageInfoPtr &other) {
+                                return isSame(*other, *package);
+                            });
+    if (!isKnown)
+        others.append(package);
 }
 
 /** Passes the parser's events on to the writer, but for the members that change. */
@@ -272,14 +317,22 @@ Outcome DependsJson::rewrite(QIODevice *input, QIODevice *output, const Change &
     return target.isGood() ? Outcome::Done : Outcome::Failed;
 }
 
-QHash<QString, PackageInfoPtr> DependsJson::packagesByName(const QList<PackageInfoPtr> &packages)
+DependsJson::NamedPackages DependsJson::packagesByName(const QList<PackageInfoPtr> &packages)
 {
-    QHash<QString, PackageInfoPtr> byName;
-    byName.reserve(packages.size());
+    NamedPackages byName;
+    byName.first.reserve(packages.size());
     for (const PackageInfoPtr &package : packages) {
-        PackageInfoPtr &chosen = byName[package->name];
-        if (!chosen || package->hasDependsInfo() || !chosen->hasDependsInfo())
-            chosen = package;
+        PackageInfoPtr &first = byName.first[package->name];
+        const PackageInfoPtr earlier = first;
+        const bool comesFirst = !earlier || package->hasDependsInfo() || !earlier->hasDependsInfo();
+        if (comesFirst)
+            first = package;
+        if (!earlier)
+            continue;
+        QVector<PackageInfoPtr> &others = byName.others[package->name];
+        keepOther(others, comesFirst ? earlier : package, *first);
+        if (others.isEmpty())
+            byName.others.remove(package->name);
     }
     return byName;
 }

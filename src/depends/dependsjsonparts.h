@@ -24,6 +24,12 @@ inline constexpr std::string_view altDependVersion = "alt_dependVersion";
 inline constexpr std::string_view providers = "providers";
 inline constexpr std::string_view status = "status";
 inline constexpr std::string_view foundedVersions = "foundedVersions";
+// In addition, and left out where they say nothing; architecture may stand in a dependency as well.
+inline constexpr std::string_view component = "component";
+inline constexpr std::string_view type = "type";
+inline constexpr std::string_view others = "others";
+/** The value of type for an installer package. */
+inline constexpr std::string_view udeb = "udeb";
 /** The repository itself among the sources. Shown it has a word of the user's language, which may change. */
 inline constexpr std::string_view local = "Local";
 } // namespace Key

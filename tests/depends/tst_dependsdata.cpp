@@ -53,6 +53,38 @@ PackageInfoPtr unchecked(const QString &name, const QString &version = "1"_s)
     return QSharedPointer<PackageInfo>::create(record);
 }
 
+/** The same package for another architecture, which its dependencies are looked up for, or in another index. */
+PackageInfoPtr elsewhere(const PackageInfoPtr &package,
+                         const QString &architecture,
+                         const QString &component = {},
+                         PackageType type = PackageType::Deb)
+{
+    PackageInfo record = *package;
+    record.architecture = architecture;
+    record.indexComponent = component;
+    record.type = type;
+    return QSharedPointer<PackageInfo>::create(record);
+}
+
+/** The names that the results are about with the architectures they are looked up for, the providers' in brackets. */
+QString lookedUp(const PackageInfoPtr &package)
+{
+    const auto text = [](const Dependency &dependency) {
+        return "%1:%2"_s.arg(dependency.name, dependency.architecture);
+    };
+    QStringList names;
+    for (const DependencyGroup &group : package->dependsInfo->groups) {
+        for (const Dependency &dependency : group.alternatives) {
+            QStringList providers;
+            for (const Dependency &provider : dependency.providers)
+                providers << text(provider);
+            names << text(dependency) + QLatin1Char('[') + providers.join(QLatin1Char(' '))
+                         + QLatin1Char(']');
+        }
+    }
+    return names.join(QLatin1Char(' '));
+}
+
 /** JSON with single quotes, which can be read here. */
 QByteArray json(const char *text)
 {
@@ -130,9 +162,10 @@ private Q_SLOTS:
     void writesTheFormAndReadsItBack()
     {
         Cache cache(m_file, "/r/é \"x\""_s);
+        const PackageInfoPtr again = elsewhere(unchecked("foo"_s), "amd64"_s);
         // Of several records of one name the last that was checked counts.
         cache.data.savePackages(
-            {package("foo"_s, "old"_s), package("foo"_s, "1.5"_s), unchecked("foo"_s), unchecked("bar"_s)});
+            {package("foo"_s, "old"_s), package("foo"_s, "1.5"_s), again, unchecked("bar"_s)});
         QCOMPARE(readFile(m_file).count("\"foo\""), 1);
         QJsonObject wanted = QJsonDocument::fromJson(member("1.5")).object();
         wanted["bar"_s] = QJsonObject{{"version"_s, "1"_s},
@@ -158,8 +191,67 @@ private Q_SLOTS:
         QCOMPARE(merged.at(1)->version, "2"_s);
         QCOMPARE(merged.at(2)->dependStatus(), DependUndefined);
         QVERIFY(merged.at(3) == list.at(3));
-        Cache elsewhere(m_file, "/r"_s);
-        QVERIFY2(elsewhere.merge(list) == list, "a repository that is not in the file");
+        Cache other(m_file, "/r"_s);
+        QVERIFY2(other.merge(list) == list, "a repository that is not in the file");
+    }
+
+    void eachArchitectureKeepsItsOwn()
+    {
+        const auto found = [](const PackageInfoPtr &package) {
+            return package->dependsInfo->groups.last().alternatives.first().foundVersions.first().version;
+        };
+        const auto checked = [](const QString &architecture, const QString &mark) {
+            const QMap<QString, FoundVersion> offers{{"Local"_s, {mark, DependSuccess}}};
+            const Dependency provider{"exim"_s, architecture, {}, {}, {}, {}, DependSuccess, offers, {}};
+            const Dependency mail{
+                "mail"_s, architecture, {}, {}, {}, {}, DependSuccess, offers, {{"exim"_s, provider}}};
+            const Dependency wine{"wine"_s, "armhf"_s, {}, {}, {}, {}, DependError, offers, {}};
+            DependsInfo info{DependError, {}};
+            info.groups = {{"mail"_s, {DependSuccess, {mail}}}, {"wine"_s, {DependError, {wine}}}};
+            PackageInfo record = *unchecked("foo"_s);
+            record.architecture = architecture;
+            record.indexComponent = "main"_s;
+            record.dependsInfo = QSharedPointer<DependsInfo>::create(info);
+            return PackageInfoPtr(QSharedPointer<PackageInfo>::create(record));
+        };
+        const PackageInfoPtr bare = unchecked("foo"_s);
+        const auto amd64 = checked("amd64"_s, "a"_s);
+        const auto i386 = checked("i386"_s, "b"_s);
+        // One of the architectures alone is all that earlier files hold.
+        Cache cache(m_file, "/r"_s);
+        cache.data.savePackages({i386});
+        cache.data.loadData("/r"_s);
+        auto merged = cache.merge({elsewhere(bare, "amd64"_s), elsewhere(bare, "i386"_s)});
+        QCOMPARE(lookedUp(merged.at(0)), "mail:amd64[exim:amd64] wine:armhf[]"_s);
+        QCOMPARE(lookedUp(merged.at(1)), "mail:i386[exim:i386] wine:armhf[]"_s);
+
+        const auto contrib = elsewhere(checked("amd64"_s, "c"_s), "amd64"_s, "contrib"_s);
+        const auto udeb = elsewhere(checked("amd64"_s, "d"_s), "amd64"_s, "main"_s, PackageType::Udeb);
+        cache.data.savePackages({amd64,
+                                 udeb,
+                                 contrib,
+                                 elsewhere(bare, "armel"_s, "main"_s),
+                                 elsewhere(checked("i386"_s, "old"_s), "i386"_s, "main"_s),
+                                 i386,
+                                 unchecked("bar"_s)});
+        cache.data.loadData("/r"_s);
+        merged = cache.merge({elsewhere(bare, "i386"_s, "main"_s),
+                              elsewhere(bare, "amd64"_s, "main"_s),
+                              elsewhere(bare, "amd64"_s, "contrib"_s),
+                              elsewhere(bare, "amd64"_s, "main"_s, PackageType::Udeb),
+                              elsewhere(bare, "armel"_s, "main"_s)});
+        QString marks;
+        for (int i = 0; i < 4; ++i)
+            marks += found(merged.at(i));
+        QCOMPARE(marks, "bacd"_s);
+        QCOMPARE(lookedUp(merged.at(1)), "mail:amd64[exim:amd64] wine:armhf[]"_s);
+        QVERIFY2(merged.at(4)->dependStatus() == DependUndefined, "it has been checked nowhere");
+        QCOMPARE(readFile(m_file).count("\"foo\""), 1);
+        const QByteArray written = readFile(m_file);
+        cache.data.savePackages(
+            cache.merge({merged.at(4), merged.at(3), merged.at(2), merged.at(1), merged.at(0)})
+            + QList<PackageInfoPtr>{unchecked("bar"_s)});
+        QCOMPARE(readFile(m_file).size(), written.size());
     }
 
     void theLanguageMayChange()

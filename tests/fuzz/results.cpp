@@ -37,19 +37,25 @@ Outcome rewrite(QByteArray document, const DependsJson::Change &change, QByteArr
     return DependsJson::rewrite(&input, &output, change);
 }
 
-/** As the check would leave it: the stored results, and no other package of the name. */
+/** As the check would leave it. */
 QList<PackageInfoPtr> packagesOf(const StoredPackages &stored)
 {
     QList<PackageInfoPtr> packages;
     QStringList names = stored.keys();
     names.sort();
     for (const QString &name : qAsConst(names)) {
-        PackageInfo package;
-        package.name = name;
-        package.version = stored[name].version;
-        package.architecture = stored[name].architecture;
-        package.dependsInfo = stored[name].info;
-        packages.append(PackageInfoPtr::create(package));
+        // What is checked last comes first.
+        const QVector<StoredDepends> &named = stored[name];
+        for (auto entry = named.crbegin(); entry != named.crend(); ++entry) {
+            PackageInfo package;
+            package.name = name;
+            package.version = entry->version;
+            package.architecture = entry->architecture;
+            package.indexComponent = entry->component;
+            package.type = entry->type;
+            package.dependsInfo = entry->info;
+            packages.append(PackageInfoPtr::create(package));
+        }
     }
     return packages;
 }
