@@ -79,6 +79,9 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
     for (const PackageInfoPtr &package : inTheWay) {
         PackageInfo successor = record;
         successor.architecture = package->architecture;
+        // The results of a check belong to the architecture; a new file has none yet.
+        if (successor.hasDependsInfo())
+            successor.dependsInfo = package->dependsInfo;
         if (includeFile(file, successor, true) != ERROR)
             continue;
         for (const PackageInfoPtr &other : inTheWay) {

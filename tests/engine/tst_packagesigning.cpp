@@ -86,7 +86,14 @@ private Q_SLOTS:
     void signJob()
     {
         RepoHarness h("amd64 i386"_s);
-        const QString everywhere = h.deb(DebBuilder("everywhere"_s).architecture("all"_s));
+        h.shell.setDependsRepoType(DependsLocal);
+        const QString everywhere
+            = h.deb(DebBuilder("everywhere"_s).architecture("all"_s).field("Depends"_s, "foo"_s));
+        // There is a foo for one of the architectures.
+        const auto keepsItsResults = [&h] {
+            return h.find("everywhere"_s, "amd64"_s)->dependStatus() == DependSuccess
+                   && h.find("everywhere"_s, "i386"_s)->dependStatus() == DependError;
+        };
         h.add(h.debs("foo bar") + QStringList{everywhere, h.deb(DebBuilder("u"_s).udeb())});
         const auto sign = [&](const QList<PackageInfoPtr> &packages, const QString &key) {
             return h.run([&] { h.shell.signPackages(packages, key); });
@@ -108,6 +115,9 @@ private Q_SLOTS:
         QVERIFY(isSignedInPool(h, h.find("everywhere"_s, "amd64"_s)));
         QVERIFY(isSignedInPool(h, h.find("everywhere"_s, "i386"_s)) && isSignedInPool(h, h.find("u"_s)));
         QVERIFY(h.trouble().isEmpty() && h.listed() == before && h.settled());
+        QVERIFY(keepsItsResults());
+        h.open(h.repoPath());
+        QVERIFY(keepsItsResults());
 
         h.cancelAt(&RepoShell::packageChanged);
         QCOMPARE(sign({h.find("bar"_s), h.find("foo"_s)}, m_key), RepoEnums::CANCEL);
