@@ -275,6 +275,11 @@ void JobContext::savePackages()
     Q_EMIT m_shell.requestForSavingPackages(m_packages.all());
 }
 
+void JobContext::clearStoredResults()
+{
+    Q_EMIT m_shell.requestForClearingStoredInformation();
+}
+
 // --- the job itself ----------------------------------------------------------------------------------------------
 
 void JobContext::started(const QString &message)

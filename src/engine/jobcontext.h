@@ -95,8 +95,10 @@ public:
     void packageRemoved(const PackageInfoPtr &package);
     void dependsSummary(const QStringList &lines);
     void downloadablePackagesReady();
-    /** Has the results of the checks of all packages stored. */
+    /** Has the results of the checks of all packages stored; without any package what is stored stays. */
     void savePackages();
+    /** Has the stored results deleted, because the last package is gone. */
+    void clearStoredResults();
 
     // --- the job itself --------------------------------------------------------------------------------------------
 

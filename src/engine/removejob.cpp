@@ -44,7 +44,11 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
     }
     if (!m_context.finishSession(&session))
         removed.clear();
-    m_context.savePackages();
+    // A list that was empty from the start may only be one that could not be read.
+    if (m_context.packages().count() == 0 && !removed.isEmpty())
+        m_context.clearStoredResults();
+    else
+        m_context.savePackages();
     if (stopped)
         return frame.finish(
             CANCEL,

@@ -232,6 +232,8 @@ Q_SIGNALS:
     void requestForRemovingStoredInformation();
     void requestForMergingInformation(const QList<PackageInfoPtr> &packages);
     void requestForSavingPackages(const QList<PackageInfoPtr> &packages);
+    /** The repository holds no package any more; connect blocking queued. */
+    void requestForClearingStoredInformation();
 
     /** The job's thread is free again and the engine can be closed; follows finished(). */
     void idle();

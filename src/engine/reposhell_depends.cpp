@@ -37,6 +37,11 @@ void RepoShell::startStore()
             m_store.get(),
             &DependsData::savePackages,
             Qt::BlockingQueuedConnection);
+    connect(this,
+            &RepoShell::requestForClearingStoredInformation,
+            m_store.get(),
+            &DependsData::removeRepoData,
+            Qt::BlockingQueuedConnection);
     // On the store's thread, while the job that asked waits: so the list is the job's to write.
     connect(
         m_store.get(),

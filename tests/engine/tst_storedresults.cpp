@@ -64,6 +64,10 @@ private Q_SLOTS:
         QCOMPARE(inFile(), "repo bar -1,repo baz -1,repo foo 0"_s);
         reader.remove({reader.find("baz"_s), reader.find("foo"_s, "i386"_s)});
         QCOMPARE(inFile(), "repo bar -1,repo foo 0"_s);
+        // With the last package the last results go, and another repository's stay.
+        store("/other"_s, "x"_s, DependError);
+        reader.remove(reader.shell.packages());
+        QCOMPARE(inFile(), "other x 0"_s);
     }
 
     void changesTakeThemAlong()
