@@ -19,7 +19,7 @@ struct FoundVersion
     DependStatus status = DependUndefined; ///< whether that version satisfies the constraints
 };
 
-/** One alternative of a Depends entry, with what the last check found for it. */
+/** One alternative of an entry, with what the last check found for it. */
 struct Dependency
 {
     QString name;
@@ -33,16 +33,18 @@ struct Dependency
     QMap<QString, Dependency> providers; ///< by providing package; only when the name itself was not found
 };
 
-/** One Depends entry: its alternatives in the order written, and the best of their states. */
+/** One Depends or Pre-Depends entry: its alternatives in the order written, and the best of their states. */
 struct DependencyGroup
 {
     DependStatus status = DependUndefined;
     QVector<Dependency> alternatives;
+    bool isPreDepends = false;
 };
 
 /** The result of a package's dependency check. */
 struct DependsInfo
 {
     DependStatus status = DependUndefined;
-    QMap<QString, DependencyGroup> groups; ///< by the name of the entry's first alternative
+    QMap<QString, DependencyGroup>
+        groups; ///< by the name of the entry's first alternative, as long as that is free
 };

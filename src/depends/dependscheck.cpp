@@ -48,15 +48,13 @@ int DependsCheck::run(const QList<PackageInfoPtr> &packages, const Sink &sink, c
     if (m_sources.isEmpty())
         return 0;
     int checked = 0;
-    std::string buffer;
     for (int size = FirstBlock; checked < packages.size(); size = std::min(size * 2, LargestBlock)) {
         const auto block = packages.mid(checked, size);
         QVector<QSharedPointer<DependsInfo>> results;
         results.reserve(block.size());
         for (const PackageInfoPtr &package : block) {
             results.append(QSharedPointer<DependsInfo>::create());
-            results.last()->groups = m_parser.groups(
-                unfoldedField(package->control.text(), "Depends", buffer), package->architecture);
+            results.last()->groups = m_parser.groups(*package);
         }
         if (!findOut(results, block, stopped))
             return checked;

@@ -11,14 +11,12 @@
 QList<PackageInfoPtr> localDependencies(const QList<PackageInfoPtr> &packages, const LocalCandidates &local)
 {
     DependsParser parser;
-    std::string buffer;
     QList<PackageInfoPtr> collected = packages;
     QSet<PackageInfoPtr> known(packages.cbegin(), packages.cend());
     // The list grows while it is walked: what was taken has dependencies of its own.
     for (int i = 0; i < collected.size(); ++i) {
         const PackageInfoPtr package = collected.at(i);
-        const auto entries = parser.entries(unfoldedField(package->control.text(), "Depends", buffer),
-                                            package->architecture);
+        const auto entries = parser.entries(*package);
         for (const DependencyGroup &entry : entries) {
             const Dependency &first = entry.alternatives.first();
             const auto found = local.find({first.name, first.architecture, package->type});

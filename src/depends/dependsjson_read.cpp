@@ -278,6 +278,8 @@ bool ResultsHandler::String(const char *text, Size size, bool /*copy*/)
             target = &m_package.component;
         else if (m_key == Key::type && std::string_view(text, size) == Key::udeb)
             m_package.type = PackageType::Udeb;
+    } else if (place == Place::Group && m_key == Key::field) {
+        m_group.isPreDepends = std::string_view(text, size) == Key::preDepends;
     } else if (place == Place::Dependency) {
         ::Dependency &dependency = m_dependencies.back();
         if (m_key == Key::name)

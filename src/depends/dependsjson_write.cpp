@@ -51,6 +51,11 @@ private:
         key(name);
         text(value);
     }
+    void member(std::string_view name, std::string_view value)
+    {
+        key(name);
+        m_writer.String(value.data(), static_cast<Size>(value.size()));
+    }
     void member(std::string_view name, DependStatus status)
     {
         key(name);
@@ -110,10 +115,8 @@ void ResultsWriter::package(const PackageInfo &package, bool isOnlyOne)
     member(Key::architecture, package.architecture);
     if (!isOnlyOne && !package.indexComponent.isEmpty())
         member(Key::component, package.indexComponent);
-    if (!isOnlyOne && package.type == PackageType::Udeb) {
-        key(Key::type);
-        m_writer.String(Key::udeb.data(), static_cast<Size>(Key::udeb.size()));
-    }
+    if (!isOnlyOne && package.type == PackageType::Udeb)
+        member(Key::type, Key::udeb);
     key(Key::dependMap);
     m_writer.StartObject();
     if (package.dependsInfo) {
@@ -131,6 +134,8 @@ void ResultsWriter::group(const DependencyGroup &group, const QString &architect
 {
     m_writer.StartObject();
     member(Key::dependStatus, group.status);
+    if (group.isPreDepends)
+        member(Key::field, Key::preDepends);
     key(Key::packages);
     m_writer.StartArray();
     for (const Dependency &alternative : group.alternatives)

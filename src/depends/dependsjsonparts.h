@@ -28,8 +28,11 @@ inline constexpr std::string_view foundedVersions = "foundedVersions";
 inline constexpr std::string_view component = "component";
 inline constexpr std::string_view type = "type";
 inline constexpr std::string_view others = "others";
+inline constexpr std::string_view field = "field"; ///< of the package that an entry stands in
 /** The value of type for an installer package. */
 inline constexpr std::string_view udeb = "udeb";
+/** The value of field for what is not in Depends. */
+inline constexpr std::string_view preDepends = "Pre-Depends";
 /** The repository itself among the sources. Shown it has a word of the user's language, which may change. */
 inline constexpr std::string_view local = "Local";
 } // namespace Key

@@ -15,10 +15,10 @@ class DependsItem;
 class PackageItem;
 
 /**
- * The dependency results of a repository's packages as a tree: packages, their Depends entries, the providers of
- * virtual names. Behind the text stands a column for each source that occurs in the results, with a mark for what the
- * source has to do with the state of the row; no mark where the row is satisfied without that source. The result is
- * kept by the records themselves, so that thousands of packages cost no more than their list.
+ * The dependency results of a repository's packages as a tree: packages, their entries, the providers of virtual
+ * names. Behind the text stands a column for each source that occurs in the results, with a mark for what the source
+ * has to do with the state of the row; no mark where the row is satisfied without that source. The result is kept by
+ * the records themselves, so that thousands of packages cost no more than their list.
  */
 class DependsModel : public QAbstractItemModel
 {

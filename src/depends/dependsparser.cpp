@@ -10,6 +10,9 @@
 
 namespace
 {
+constexpr std::string_view DependsField = "Depends";
+constexpr std::string_view PreDependsField = "Pre-Depends";
+
 /** The order of the alternatives in the expression: the longer operators first. */
 constexpr std::array<std::string_view, 7> Operators{"<<", "<=", "<", "=", ">=", ">>", ">"};
 
@@ -183,6 +186,30 @@ QMap<QString, DependencyGroup> DependsParser::groups(std::string_view field, con
     return result;
 }
 
+QVector<DependencyGroup> DependsParser::entries(const PackageInfo &package)
+{
+    const std::string_view text = package.control.text();
+    auto result = entries(unfoldedField(text, PreDependsField, m_unfolded), package.architecture);
+    for (DependencyGroup &entry : result)
+        entry.isPreDepends = true;
+    return result + entries(unfoldedField(text, DependsField, m_unfolded), package.architecture);
+}
+
+QMap<QString, DependencyGroup> DependsParser::groups(const PackageInfo &package)
+{
+    const std::string_view text = package.control.text();
+    auto result = groups(unfoldedField(text, DependsField, m_unfolded), package.architecture);
+    const auto first = groups(unfoldedField(text, PreDependsField, m_unfolded), package.architecture);
+    for (auto entry = first.cbegin(); entry != first.cend(); ++entry) {
+        // Behind the other one of that name.
+        const QString key
+            = result.contains(entry.key()) ? entry.key() + QLatin1String(" (Pre-Depends)") : entry.key();
+        result.insert(key, *entry);
+        result[key].isPreDepends = true;
+    }
+    return result;
+}
+
 QString DependsParser::shared(std::string_view text)
 {
     if (text.empty())
@@ -232,6 +259,11 @@ QString dependencyText(const Dependency &dependency, const QString &architecture
     if (!constraints.isEmpty())
         text += QStringLiteral(" (%1)").arg(constraints.join(QLatin1String(", ")));
     return text;
+}
+
+QString markedPreDepends(const QString &text)
+{
+    return QStringLiteral("Pre-Depends: ") + text;
 }
 
 QString dependencyText(const DependencyGroup &group, const QString &architecture)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "core/dependsinfo.h"
+#include "core/packageinfo.h"
 
 #include <deque>
 #include <string>
@@ -29,14 +29,22 @@ public:
      */
     QMap<QString, DependencyGroup> groups(std::string_view field, const QString &architecture);
 
+    /** The entries of Pre-Depends and of Depends, which both must be met. */
+    QVector<DependencyGroup> entries(const PackageInfo &package);
+    /** The same as a result holds them; an entry of Pre-Depends stays apart from one of Depends of the same name. */
+    QMap<QString, DependencyGroup> groups(const PackageInfo &package);
+
 private:
     QString shared(std::string_view text);
     bool readAlternative(std::string_view text, const QString &architecture, Dependency &dependency);
 
+    std::string m_unfolded; ///< the field that is being read, where it was folded
     std::deque<std::string> m_texts; ///< what the keys of m_pool point into
     std::unordered_map<std::string_view, QString> m_pool;
 };
 
+/** The text of an entry of Pre-Depends, told apart from the same one of Depends. */
+QString markedPreDepends(const QString &text);
 /** The dependency as a Depends field writes it; the architecture only where it is not `architecture`. */
 QString dependencyText(const Dependency &dependency, const QString &architecture = QString());
 /** The alternatives of an entry in the same way, with " | " between them. */

@@ -87,7 +87,8 @@ QString DependsReport::explanation(const DependencyGroup &group)
     QStringList lines;
     for (const Dependency &dependency : group.alternatives)
         lines.append(tr("%1: %2").arg(dependencyText(dependency), explanation(dependency)));
-    return lines.join(QLatin1Char('\n'));
+    const QString text = lines.join(QLatin1Char('\n'));
+    return group.isPreDepends ? markedPreDepends(text) : text;
 }
 
 DependsReport::Summary DependsReport::summary(const QList<PackageInfoPtr> &packages)
@@ -163,6 +164,7 @@ QByteArray DependsReport::json(const QList<PackageInfoPtr> &packages, const Head
         QJsonArray entries;
         for (const DependencyGroup &group : missingEntries(*package))
             entries.append(QJsonObject{{QStringLiteral("entry"), dependencyText(group)},
+                                       {QStringLiteral("preDepends"), group.isPreDepends},
                                        {QStringLiteral("explanation"), explanation(group)}});
         errors.append(QJsonObject{{QStringLiteral("name"), package->name},
                                   {QStringLiteral("version"), package->version},

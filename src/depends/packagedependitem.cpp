@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/packagedependitem.h"
 
+#include "depends/dependsparser.h"
 #include "depends/dependsreport.h"
 
 #include <QStringList>
@@ -31,7 +32,7 @@ std::optional<DependStatus> offeredFor(const Dependency &dependency, const QStri
     return best;
 }
 
-QString entryText(const DependencyGroup &entry)
+QString alternativesText(const DependencyGroup &entry)
 {
     if (entry.alternatives.size() == 1) {
         const Dependency &only = entry.alternatives.first();
@@ -46,6 +47,12 @@ QString entryText(const DependencyGroup &entry)
         texts.append(text);
     }
     return texts.join(QLatin1String(" | "));
+}
+
+QString entryText(const DependencyGroup &entry)
+{
+    const QString text = alternativesText(entry);
+    return entry.isPreDepends ? markedPreDepends(text) : text;
 }
 
 void appendOffers(QStringList &lines,

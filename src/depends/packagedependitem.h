@@ -7,7 +7,7 @@
 #include <QVector>
 
 /**
- * One Depends entry with all its alternatives, or one package that provides a name. Below an entry stand the providers;
+ * One entry with all its alternatives, or one package that provides a name. Below an entry stand the providers;
  * where an entry has several alternatives, those of each stand in a group of their own, which is such an item too.
  */
 class PackageDependItem : public DependsItem

@@ -136,7 +136,7 @@ QString DependsView::emptyText() const
         return {};
     if (m_model->rowCount() > 0)
         return tr("Dependencies in this state are not shown. The buttons above choose what is shown.");
-    if (m_package->depends().isEmpty())
+    if (m_package->depends().isEmpty() && m_package->control.field("Pre-Depends").isEmpty())
         return tr("The package has no dependencies.");
     if (m_package->dependStatus() == DependUndefined)
         return tr("Not checked yet: press \"%1\".").arg(m_ui.m_checkDependsToolButton->text());

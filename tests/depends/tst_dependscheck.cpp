@@ -105,7 +105,7 @@ QString printed(const DependsInfo &info)
             alternatives.append(printed(dependency));
         const bool usual = group.key() == group->alternatives.first().name;
         entries.append((usual ? QString() : QLatin1Char('"') + group.key() + "\" "_s)
-                       + alternatives.join(" | "_s));
+                       + (group->isPreDepends ? "! "_s : QString()) + alternatives.join(" | "_s));
     }
     return entries.join(", "_s) + " => "_s + QString::number(info.status);
 }
@@ -243,6 +243,10 @@ private Q_SLOTS:
         row("libc6,\n one,\n\tnosuch", 3, "libc6=1 Local 2.31 1, nosuch=0, one=1 http://h 1.0 1 => 0");
         row("installer", 3, "installer=0 => 0");
         row("two (>= 1-)", 1, "two (>= 1-)=0 Local 4 0 => 0");
+        row("libc6, one; Pre-Depends: libc6 (>= 9), nosuch | two",
+            3,
+            "libc6=1 Local 2.31 1, \"libc6 (Pre-Depends)\" ! libc6 (>= 9)=0 Local 2.31 0, "
+            "! nosuch=0 | two=1 Local 4 1, one=1 http://h 1.0 1 => 0");
         row("self (>= 2)", 1, "self (>= 2)=0 Local 1 0 => 0");
     }
 
@@ -414,13 +418,14 @@ private Q_SLOTS:
             package("Package: b; Version: 1; Depends: a, d|e"_s),
             package("Package: b; Version: 2; Depends: d"_s),
             package("Package: c; Version: 1; Architecture: i386"_s),
-            package("Package: d; Version: 1"_s),
-            package("Package: e; Version: 1"_s)};
+            package("Package: d; Version: 1; Pre-Depends: f"_s),
+            package("Package: e; Version: 1"_s),
+            package("Package: f; Version: 1"_s)};
         // The higher b, with what it needs; neither itself, although in a circle, nor another architecture's c.
         QCOMPARE(localDependencies({all.first()}, LocalCandidates(all)),
-                 (QList<PackageInfoPtr>{all.at(2), all.at(4)}));
+                 (QList<PackageInfoPtr>{all.at(2), all.at(4), all.at(6)}));
         QCOMPARE(localDependencies({all.at(1)}, LocalCandidates(all)),
-                 (QList<PackageInfoPtr>{all.at(0), all.at(4), all.at(2)}));
+                 (QList<PackageInfoPtr>{all.at(0), all.at(4), all.at(2), all.at(6)}));
     }
 
     void reports()

@@ -30,7 +30,7 @@ PackageInfoPtr package(const QString &name, const QString &mark, DependStatus st
     other.name = "other"_s;
     DependsInfo info;
     info.status = status;
-    info.groups["none"_s];
+    info.groups["none"_s].isPreDepends = true;
     DependencyGroup &group = info.groups[virtualName];
     group.status = DependSuccess;
     group.alternatives

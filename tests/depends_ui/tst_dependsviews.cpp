@@ -74,7 +74,7 @@ QList<PackageInfoPtr> examples()
     const auto exim = dependency("exim", Yes, {}, {{Origin, right}});
     const auto mail = dependency("mail", Yes, {}, {}, {exim, dependency("postfix", No)});
     const auto gone = dependency("gone", No);
-    return {package("app", No, {{Yes, {foo}}, {No, {bar}}}),
+    return {package("app", No, {{Yes, {foo}}, {No, {bar}, true}}),
             package("mta", Yes, {{Yes, {mail}}, {Yes, {gone, mail}}}),
             package("free", Yes, {}),
             package("new", DependUndefined, {}, false)};
@@ -115,7 +115,7 @@ private Q_SLOTS:
         model.setPackages(examples());
         QCOMPARE(
             rows(model),
-            "app [xx]|-bar (>= 2.0) [xx]|-foo (>= 1.0 & << 2.0) [x+]|mta [.+]|"
+            "app [xx]|-Pre-Depends: bar (>= 2.0) [xx]|-foo (>= 1.0 & << 2.0) [x+]|mta [.+]|"
             "-gone / mail Provided by ...  [.+]|--mail Provided by ... [.+]|---exim [.+]|---postfix [xx]|"
             "-mail Provided by ... [.+]|--exim [.+]|--postfix [xx]|free [++]|new [??]"_list);
         const auto header = [&model](int column, Qt::ItemDataRole role) {
@@ -146,7 +146,7 @@ private Q_SLOTS:
         proxy.setStatusShown(DependError, true);
         model.setPackages(examples());
         const QSignalSpy resets(&model, &QAbstractItemModel::modelReset);
-        QCOMPARE(rows(proxy), (QStringList{"app [xx]"_s, "-bar (>= 2.0) [xx]"_s}));
+        QCOMPARE(rows(proxy), (QStringList{"app [xx]"_s, "-Pre-Depends: bar (>= 2.0) [xx]"_s}));
         const QPersistentModelIndex app = model.index(0, 0);
 
         // The order of entries changes with their number, and the view hears of each.
@@ -184,7 +184,7 @@ private Q_SLOTS:
         QTest::newRow("nothing set") << QList<int>() << QStringList();
         QTest::newRow("undefined") << QList<int>{-1} << QStringList{"new [??]"_s};
         QTest::newRow("errors in errors")
-            << QList<int>{0} << QStringList{"app [xx]"_s, "-bar (>= 2.0) [xx]"_s};
+            << QList<int>{0} << QStringList{"app [xx]"_s, "-Pre-Depends: bar (>= 2.0) [xx]"_s};
         QTest::newRow("success") << QList<int>{1}
                                  << "free [++]|mta [.+]|-gone / mail Provided by ...  [.+]|"
                                     "--mail Provided by ... [.+]|---exim [.+]|-mail Provided by ... [.+]|"
