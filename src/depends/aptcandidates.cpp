@@ -39,7 +39,7 @@ AptCandidates::AptCandidates(QString sourceList, OriginFilter accepts)
     , m_accepts(std::move(accepts))
 { }
 
-void AptCandidates::prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped)
+bool AptCandidates::prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped)
 {
     QStringList words;
     for (const PackageQuestion &question : questions) {
@@ -49,7 +49,8 @@ void AptCandidates::prefetch(const QVector<PackageQuestion> &questions, const St
         if (isAskable(question))
             words.append(question.name + QLatin1Char(':') + question.architecture);
     }
-    ask(QStringLiteral("policy"), words, stopped, [this](const QString &output) { readVersions(output); });
+    return ask(
+        QStringLiteral("policy"), words, stopped, [this](const QString &output) { readVersions(output); });
 }
 
 QVector<Candidate> AptCandidates::candidates(const PackageQuestion &question) const
@@ -60,7 +61,7 @@ QVector<Candidate> AptCandidates::candidates(const PackageQuestion &question) co
     return m_answers.value(question);
 }
 
-void AptCandidates::prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped)
+bool AptCandidates::prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped)
 {
     QStringList words;
     for (const PackageQuestion &question : questions) {
@@ -69,7 +70,7 @@ void AptCandidates::prefetchProviders(const QVector<PackageQuestion> &questions,
         m_askedProviders.insert(question.name);
         words.append(question.name);
     }
-    ask(QStringLiteral("showpkg"), words, stopped, [this](const QString &output) {
+    return ask(QStringLiteral("showpkg"), words, stopped, [this](const QString &output) {
         const auto providers = AptPolicy::providers(output);
         for (auto it = providers.cbegin(); it != providers.cend(); ++it)
             m_providers.insert(it.key(), it.value());
@@ -133,17 +134,19 @@ QStringList AptCandidates::options() const
     return result;
 }
 
-void AptCandidates::ask(const QString &command,
+bool AptCandidates::ask(const QString &command,
                         const QStringList &words,
                         const StopRequest &stopped,
                         const Reader &reader)
 {
-    if (words.isEmpty() || !prepare(stopped))
-        return;
+    if (words.isEmpty())
+        return true;
+    if (!prepare(stopped))
+        return m_failed;
     const QStringList settings = options();
     for (auto word = words.cbegin(); word != words.cend();) {
         if (stopped && stopped())
-            return;
+            return false;
         QStringList arguments{command};
         for (int length = 0; word != words.cend() && length < BatchLength; ++word) {
             arguments.append(*word);
@@ -151,9 +154,10 @@ void AptCandidates::ask(const QString &command,
         }
         QString output;
         if (!run(AptCommands::AptCache, arguments + settings, stopped, output))
-            return;
+            return m_failed;
         reader(output);
     }
+    return true;
 }
 
 bool AptCandidates::run(const QString &program,

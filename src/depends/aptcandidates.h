@@ -24,9 +24,9 @@ public:
     /** `sourceList` is read in place of apt's main list, see AptUtils::privateSourcesFile(); empty for the system's. */
     explicit AptCandidates(QString sourceList = QString(), OriginFilter accepts = OriginFilter());
 
-    void prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
+    bool prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
     QVector<Candidate> candidates(const PackageQuestion &question) const override;
-    void prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
+    bool prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
     QVector<Provider> providers(const PackageQuestion &question) const override;
 
     /** apt could not be asked; the answers are not complete. */
@@ -45,8 +45,8 @@ private:
 
     /** Learns how apt is set up here and finds a place for its cache file; false when apt cannot be asked. */
     bool prepare(const StopRequest &stopped);
-    /** Runs "apt-cache command word…" until all words are through, a stop is wanted or a run fails. */
-    void
+    /** Runs "apt-cache command word…" until all words are through or a run fails; false when it was stopped. */
+    bool
     ask(const QString &command, const QStringList &words, const StopRequest &stopped, const Reader &reader);
     /** False when it failed or was stopped. */
     bool

@@ -56,11 +56,13 @@ public:
     CandidateSource(const CandidateSource &) = delete;
     CandidateSource &operator=(const CandidateSource &) = delete;
 
-    virtual void prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) = 0;
+    /** False when a stop request has kept some from being asked; a source that fails has no more to say. */
+    virtual bool prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) = 0;
     /** The versions on offer, in no order; none when the name is not known. */
     virtual QVector<Candidate> candidates(const PackageQuestion &question) const = 0;
 
-    virtual void prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) = 0;
+    /** As prefetch(). */
+    virtual bool prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) = 0;
     /** The packages that provide the name; the same one more than once when several versions of it do. */
     virtual QVector<Provider> providers(const PackageQuestion &question) const = 0;
 };

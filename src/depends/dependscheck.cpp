@@ -7,15 +7,18 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
 /**
- * Packages whose questions are put to the sources at once. The first results come soon, and as most of what is asked
+ * Packages whose questions are put to the sources together. The first results come soon, and as most of what is asked
  * for is known after a while, later blocks can be large: it is the number of apt's runs that takes time.
  */
 constexpr int FirstBlock = 500;
 constexpr int LargestBlock = 8000;
+/** What apt answers in one run of a fraction of a second: so far results come while a block is checked. */
+constexpr int QuestionsAtOnce = 2000;
 
 PackageQuestion questionFor(const Dependency &dependency, PackageType type)
 {
@@ -47,58 +50,86 @@ int DependsCheck::run(const QList<PackageInfoPtr> &packages, const Sink &sink, c
 {
     if (m_sources.isEmpty())
         return 0;
-    int checked = 0;
-    for (int size = FirstBlock; checked < packages.size(); size = std::min(size * 2, LargestBlock)) {
-        const auto block = packages.mid(checked, size);
-        QVector<QSharedPointer<DependsInfo>> results;
-        results.reserve(block.size());
-        for (const PackageInfoPtr &package : block) {
-            results.append(QSharedPointer<DependsInfo>::create());
-            results.last()->groups = m_parser.groups(*package);
-        }
-        if (!findOut(results, block, stopped))
-            return checked;
-        for (int i = 0; i < block.size(); ++i) {
-            if (isStopped(stopped))
-                return checked;
-            fillIn(*results.at(i), block.at(i)->type);
-            sink(block.at(i), results.at(i));
-            ++checked;
-        }
+    int handedOut = 0;
+    const auto count = [&](const PackageInfoPtr &package, const QSharedPointer<const DependsInfo> &result) {
+        sink(package, result);
+        ++handedOut;
+    };
+    int size = FirstBlock;
+    for (int first = 0; first < packages.size(); first += size, size = std::min(size * 2, LargestBlock)) {
+        if (!checkBlock(packages.mid(first, size), count, stopped))
+            break;
     }
-    return checked;
+    return handedOut;
 }
 
-bool DependsCheck::findOut(const QVector<QSharedPointer<DependsInfo>> &results,
-                           const QList<PackageInfoPtr> &packages,
-                           const StopRequest &stopped)
+bool DependsCheck::checkBlock(const QList<PackageInfoPtr> &packages,
+                              const Sink &sink,
+                              const StopRequest &stopped)
 {
     QVector<Key> keys;
-    QSet<Key> seen;
-    for (int i = 0; i < results.size(); ++i) {
-        const auto &groups = qAsConst(results.at(i)->groups);
-        for (const DependencyGroup &group : groups) {
-            for (const Dependency &dependency : group.alternatives) {
-                const Key key{dependency, packages.at(i)->type};
-                if (m_known.contains(key) || seen.contains(key))
-                    continue;
-                seen.insert(key);
-                keys.append(key);
-            }
+    const QVector<Entry> entries = read(packages, &keys);
+    QVector<Key> unmet;
+    QVector<Entry> waiting;
+    auto next = entries.cbegin();
+    for (int asked = 0; next != entries.cend();) {
+        auto some = keys.mid(asked, QuestionsAtOnce);
+        if (!checkByName(some, stopped))
+            return false;
+        asked += some.size();
+        for (const Key &key : qAsConst(some)) {
+            if (key.wanted.status == DependSuccess)
+                m_known.insert(key, key.wanted);
+            else
+                unmet.append(key);
+        }
+        for (; next != entries.cend() && next->keyCount <= asked; ++next) {
+            if (isStopped(stopped))
+                return false;
+            if (!handOut(*next, sink))
+                waiting.append(*next);
         }
     }
-    auto checkedKeys = keys;
-    checkByName(checkedKeys, stopped);
-    checkProviders(checkedKeys, stopped);
-    // Half an answer would pass for a missing package.
-    if (isStopped(stopped))
-        return false;
-    for (int i = 0; i < keys.size(); ++i)
-        m_known.insert(keys.at(i), checkedKeys.at(i).wanted);
+    for (int asked = 0; asked < unmet.size(); asked += QuestionsAtOnce) {
+        auto some = unmet.mid(asked, QuestionsAtOnce);
+        if (!checkProviders(some, stopped))
+            return false;
+        for (const Key &key : qAsConst(some))
+            m_known.insert(key, key.wanted);
+        const auto asking = std::exchange(waiting, {});
+        for (const Entry &entry : asking) {
+            if (isStopped(stopped))
+                return false;
+            if (!handOut(entry, sink))
+                waiting.append(entry);
+        }
+    }
     return true;
 }
 
-void DependsCheck::checkByName(QVector<Key> &keys, const StopRequest &stopped) const
+QVector<DependsCheck::Entry> DependsCheck::read(const QList<PackageInfoPtr> &packages, QVector<Key> *keys)
+{
+    QVector<Entry> entries;
+    entries.reserve(packages.size());
+    QSet<Key> seen;
+    for (const PackageInfoPtr &package : packages) {
+        const auto result = QSharedPointer<DependsInfo>::create();
+        result->groups = m_parser.groups(*package);
+        for (const DependencyGroup &group : qAsConst(result->groups)) {
+            for (const Dependency &dependency : group.alternatives) {
+                const Key key{dependency, package->type};
+                if (m_known.contains(key) || seen.contains(key))
+                    continue;
+                seen.insert(key);
+                keys->append(key);
+            }
+        }
+        entries.append({package, result, keys->size()});
+    }
+    return entries;
+}
+
+bool DependsCheck::checkByName(QVector<Key> &keys, const StopRequest &stopped) const
 {
     QVector<PackageQuestion> questions;
     QSet<PackageQuestion> asked;
@@ -109,8 +140,10 @@ void DependsCheck::checkByName(QVector<Key> &keys, const StopRequest &stopped) c
         asked.insert(question);
         questions.append(question);
     }
-    for (CandidateSource *const source : m_sources)
-        source->prefetch(questions, stopped);
+    for (CandidateSource *const source : m_sources) {
+        if (!source->prefetch(questions, stopped))
+            return false;
+    }
     for (Key &key : keys) {
         QVector<Candidate> candidates;
         for (const CandidateSource *const source : m_sources) {
@@ -121,9 +154,10 @@ void DependsCheck::checkByName(QVector<Key> &keys, const StopRequest &stopped) c
         key.wanted.foundVersions = DependsRules::foundVersions(key.wanted, candidates);
         key.wanted.status = DependsRules::dependencyStatus(key.wanted.foundVersions);
     }
+    return true;
 }
 
-void DependsCheck::checkProviders(QVector<Key> &keys, const StopRequest &stopped) const
+bool DependsCheck::checkProviders(QVector<Key> &keys, const StopRequest &stopped) const
 {
     QVector<int> wanting;
     for (int i = 0; i < keys.size(); ++i) {
@@ -131,16 +165,18 @@ void DependsCheck::checkProviders(QVector<Key> &keys, const StopRequest &stopped
             wanting.append(i);
     }
     for (CandidateSource *const source : m_providerSources) {
-        checkProviders(keys, wanting, *source, stopped);
+        if (!checkProviders(keys, wanting, *source, stopped))
+            return false;
         // What could be had elsewhere as well is of interest only where elsewhere counts.
         if (m_sources.contains(source) && m_sources.size() == 1) {
             const auto isMet = [&keys](int i) { return keys.at(i).wanted.status == DependSuccess; };
             wanting.erase(std::remove_if(wanting.begin(), wanting.end(), isMet), wanting.end());
         }
     }
+    return true;
 }
 
-void DependsCheck::checkProviders(QVector<Key> &keys,
+bool DependsCheck::checkProviders(QVector<Key> &keys,
                                   const QVector<int> &wanting,
                                   CandidateSource &source,
                                   const StopRequest &stopped) const
@@ -148,7 +184,8 @@ void DependsCheck::checkProviders(QVector<Key> &keys,
     QVector<PackageQuestion> questions;
     for (const int i : wanting)
         questions.append(questionFor(keys.at(i).wanted, keys.at(i).type));
-    source.prefetchProviders(questions, stopped);
+    if (!source.prefetchProviders(questions, stopped))
+        return false;
 
     QVector<Key> providers;
     QVector<int> wantedBy;
@@ -161,7 +198,8 @@ void DependsCheck::checkProviders(QVector<Key> &keys,
             wantedBy.append(i);
         }
     }
-    checkByName(providers, stopped);
+    if (!checkByName(providers, stopped))
+        return false;
     for (int i = 0; i < providers.size(); ++i) {
         const Dependency &provider = providers.at(i).wanted;
         Dependency &wanted = keys[wantedBy.at(i)].wanted;
@@ -170,14 +208,22 @@ void DependsCheck::checkProviders(QVector<Key> &keys,
             wanted.providers.insert(provider.name, provider);
         wanted.status = std::max(wanted.status, provider.status);
     }
+    return true;
 }
 
-void DependsCheck::fillIn(DependsInfo &result, PackageType type) const
+bool DependsCheck::handOut(const Entry &entry, const Sink &sink) const
 {
+    DependsInfo &result = *entry.result;
     for (DependencyGroup &group : result.groups) {
-        for (Dependency &dependency : group.alternatives)
-            dependency = m_known.value(Key{dependency, type}, dependency);
+        for (Dependency &dependency : group.alternatives) {
+            const auto known = m_known.constFind(Key{dependency, entry.package->type});
+            if (known == m_known.cend())
+                return false;
+            dependency = *known;
+        }
         group.status = DependsRules::groupStatus(group);
     }
     result.status = DependsRules::packageStatus(result.groups);
+    sink(entry.package, entry.result);
+    return true;
 }

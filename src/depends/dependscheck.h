@@ -13,7 +13,7 @@
 class DependsCheck
 {
 public:
-    /** Gets each package with its result, in the order of the list. */
+    /** Gets each package with its result; one that had to wait for answers comes behind others. */
     using Sink
         = std::function<void(const PackageInfoPtr &package, const QSharedPointer<const DependsInfo> &result)>;
 
@@ -25,8 +25,9 @@ public:
     DependsCheck(int selection, CandidateSource *local, CandidateSource *apt);
 
     /**
-     * Checks the packages in turn and returns how many were handed to `sink`. `stopped` is asked between packages and
-     * between the questions to the sources; a package whose check it interrupts is not handed out.
+     * Checks the packages and returns how many were handed to `sink`, which happens as soon as all that is asked for a
+     * package is answered. `stopped` is asked between packages and while the sources are asked; a package that it
+     * leaves without an answer is not handed out.
      */
     int run(const QList<PackageInfoPtr> &packages, const Sink &sink, const StopRequest &stopped = {});
 
@@ -52,18 +53,28 @@ private:
         }
     };
 
-    /** Checks all alternatives of these results that are not known yet; the results stay as they are. False when it was stopped. */
-    bool findOut(const QVector<QSharedPointer<DependsInfo>> &results,
-                 const QList<PackageInfoPtr> &packages,
-                 const StopRequest &stopped);
-    void checkByName(QVector<Key> &keys, const StopRequest &stopped) const;
-    void checkProviders(QVector<Key> &keys, const StopRequest &stopped) const;
+    /** A package and its result, which is not complete yet. */
+    struct Entry
+    {
+        PackageInfoPtr package;
+        QSharedPointer<DependsInfo> result;
+        int keyCount = 0; ///< how many dependencies it and those before it ask for that were not known
+    };
+
+    /** False when it was stopped. */
+    bool checkBlock(const QList<PackageInfoPtr> &packages, const Sink &sink, const StopRequest &stopped);
+    /** The packages with what they depend on; `keys` gets each dependency of theirs that is not known yet. */
+    QVector<Entry> read(const QList<PackageInfoPtr> &packages, QVector<Key> *keys);
+    /** Hands the package out when all its dependencies are known; false when they are not. */
+    bool handOut(const Entry &entry, const Sink &sink) const;
+    // What asks the sources returns false when it was stopped, and then has no use.
+    bool checkByName(QVector<Key> &keys, const StopRequest &stopped) const;
+    bool checkProviders(QVector<Key> &keys, const StopRequest &stopped) const;
     /** Asks one source for the providers of the keys at these places. */
-    void checkProviders(QVector<Key> &keys,
+    bool checkProviders(QVector<Key> &keys,
                         const QVector<int> &wanting,
                         CandidateSource &source,
                         const StopRequest &stopped) const;
-    void fillIn(DependsInfo &result, PackageType type) const;
 
     QVector<CandidateSource *> m_sources;
     QVector<CandidateSource *> m_providerSources;

@@ -48,9 +48,11 @@ QVector<PackageInfoPtr> LocalCandidates::find(const PackageQuestion &question) c
     return result;
 }
 
-void LocalCandidates::prefetch(const QVector<PackageQuestion> & /*questions*/,
+bool LocalCandidates::prefetch(const QVector<PackageQuestion> & /*questions*/,
                                const StopRequest & /*stopped*/)
-{ }
+{
+    return true;
+}
 
 QVector<Candidate> LocalCandidates::candidates(const PackageQuestion &question) const
 {
@@ -61,14 +63,15 @@ QVector<Candidate> LocalCandidates::candidates(const PackageQuestion &question) 
     return result;
 }
 
-void LocalCandidates::prefetchProviders(const QVector<PackageQuestion> &questions,
+bool LocalCandidates::prefetchProviders(const QVector<PackageQuestion> &questions,
                                         const StopRequest & /*stopped*/)
 {
     if (m_providersRead || questions.isEmpty())
-        return;
+        return true;
     m_providersRead = true;
     for (const PackageInfoPtr &package : qAsConst(m_packages))
         addProvided(package);
+    return true;
 }
 
 QVector<Provider> LocalCandidates::providers(const PackageQuestion &question) const

@@ -21,9 +21,9 @@ public:
     /** The packages of that name that serve the architecture, in no order. */
     QVector<PackageInfoPtr> find(const PackageQuestion &question) const;
 
-    void prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
+    bool prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
     QVector<Candidate> candidates(const PackageQuestion &question) const override;
-    void prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
+    bool prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
     QVector<Provider> providers(const PackageQuestion &question) const override;
 
     /** What the repository is called among the sources. */

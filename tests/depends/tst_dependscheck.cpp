@@ -48,10 +48,11 @@ public:
         : m_packages(std::move(packages))
         , m_providers(std::move(providers))
     { }
-    void prefetch(const QVector<PackageQuestion> &questions, const StopRequest & /*stopped*/) override
+    bool prefetch(const QVector<PackageQuestion> &questions, const StopRequest & /*stopped*/) override
     {
         for (const PackageQuestion &question : questions)
             asked.append(question.name + QLatin1Char(':') + question.architecture);
+        return true;
     }
     QVector<Candidate> candidates(const PackageQuestion &question) const override
     {
@@ -62,9 +63,11 @@ public:
         }
         return result;
     }
-    void prefetchProviders(const QVector<PackageQuestion> & /*questions*/,
+    bool prefetchProviders(const QVector<PackageQuestion> & /*questions*/,
                            const StopRequest & /*stopped*/) override
-    { }
+    {
+        return true;
+    }
     QVector<Provider> providers(const PackageQuestion &question) const override
     {
         QVector<Provider> names;
@@ -79,6 +82,33 @@ public:
 private:
     QStringList m_packages;
     QStringList m_providers;
+};
+
+/** Has whatever begins with an n, until it is stopped at one of its announcements. */
+class StoppedSource : public CandidateSource
+{
+public:
+    explicit StoppedSource(int last)
+        : m_left(last)
+    { }
+    bool prefetch(const QVector<PackageQuestion> & /*questions*/, const StopRequest & /*stopped*/) override
+    {
+        return --m_left >= 0;
+    }
+    QVector<Candidate> candidates(const PackageQuestion &question) const override
+    {
+        return question.name.startsWith(QLatin1Char('n')) ? QVector<Candidate>{{"s"_s, "1"_s}}
+                                                          : QVector<Candidate>();
+    }
+    bool prefetchProviders(const QVector<PackageQuestion> & /*questions*/,
+                           const StopRequest & /*stopped*/) override
+    {
+        return --m_left >= 0;
+    }
+    QVector<Provider> providers(const PackageQuestion & /*question*/) const override { return {}; }
+
+private:
+    int m_left;
 };
 
 /** "name:arch (constraints)" with "=status", then what was found, then the providers in brackets. */
@@ -296,6 +326,29 @@ private Q_SLOTS:
                          packages, [&](auto, auto) { ++count; }, afterThree),
                  3);
         QCOMPARE(count, 3);
+    }
+
+    void whatIsKnownAtAStopIsHandedOut()
+    {
+        // Ten names each, and every tenth package one that nobody has.
+        QList<PackageInfoPtr> packages;
+        for (int i = 0; i < 500; ++i) {
+            QStringList names;
+            for (int j = 0; j < 10; ++j)
+                names << (i % 10 == 9 && j == 0 ? "x%1"_s : "n%1-%2"_s.arg(j)).arg(i);
+            packages.append(needing(names.join(", "_s)));
+        }
+        // The names come in three runs, then who provides what is missing, and those names once more.
+        const QVector<int> expected{0, 180, 360, 450, 450, 500};
+        for (int runs = 0; runs < expected.size(); ++runs) {
+            StoppedSource source(runs);
+            int errors = 0;
+            const auto count = [&errors](const PackageInfoPtr & /*package*/, const auto &result) {
+                errors += static_cast<int>(result->status == DependError);
+            };
+            QCOMPARE(DependsCheck(DependsPublic, nullptr, &source).run(packages, count), expected.at(runs));
+            QCOMPARE(errors, runs == 5 ? 50 : 0);
+        }
     }
 
     void aptInBatchesSaysWhatItSaysOneByOne()
