@@ -7,7 +7,7 @@
 
 /** State of a dependency and of a package; the order is used, combining alternatives takes the greatest. */
 enum DependStatus : qint32 {
-    DependUndefined = -1, ///< not checked
+    DependUndefined = -1, ///< not checked, or nobody could be asked
     DependError = 0, ///< no source offers what is needed
     DependSuccess = 1
 };

@@ -26,11 +26,17 @@ QString shellValue(const QString &output, const QString &name)
     return line.match(output).captured(1).replace(QLatin1String("'\\''"), QLatin1String("'"));
 }
 
-bool isAskable(const PackageQuestion &question)
+/** What "apt-config dump" prints for our format: a key and a value in each line. */
+QSet<QString> dumpedValues(const QString &output)
 {
-    // apt's sources list no installer packages, and an ordinary package of that name is no substitute.
-    return question.type == PackageType::Deb && AptCommands::isPackageName(question.name)
-           && AptCommands::isArchitecture(question.architecture);
+    QSet<QString> values;
+    const QStringList lines = output.split(QLatin1Char('\n'));
+    for (const QString &line : lines) {
+        const QString value = line.section(QLatin1Char(' '), 1).trimmed();
+        if (!value.isEmpty())
+            values.insert(value);
+    }
+    return values;
 }
 } // namespace
 
@@ -41,6 +47,8 @@ AptCandidates::AptCandidates(QString sourceList, OriginFilter accepts)
 
 bool AptCandidates::prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped)
 {
+    if (!questions.isEmpty() && !prepare(stopped))
+        return m_failed;
     QStringList words;
     for (const PackageQuestion &question : questions) {
         if (m_asked.contains(question))
@@ -53,6 +61,33 @@ bool AptCandidates::prefetch(const QVector<PackageQuestion> &questions, const St
         QStringLiteral("policy"), words, stopped, [this](const QString &output) { readVersions(output); });
 }
 
+bool AptCandidates::isAskable(const PackageQuestion &question) const
+{
+    // apt's sources list no installer packages, and an ordinary package of that name is no substitute.
+    return question.type == PackageType::Deb && AptCommands::isPackageName(question.name)
+           && AptCommands::isArchitecture(question.architecture) && canAnswer(question);
+}
+
+bool AptCandidates::canAnswer(const PackageQuestion &question) const
+{
+    // What nobody could have packages for is no matter of apt's settings.
+    return m_architectures.isEmpty() || m_architectures.contains(question.architecture)
+           || question.architecture == QLatin1String("all") || question.type != PackageType::Deb
+           || !AptCommands::isArchitecture(question.architecture);
+}
+
+QStringList AptCandidates::unknownArchitectures() const
+{
+    QStringList architectures;
+    for (const PackageQuestion &question : m_asked) {
+        if (!canAnswer(question))
+            architectures.append(question.architecture);
+    }
+    architectures.removeDuplicates();
+    architectures.sort();
+    return architectures;
+}
+
 QVector<Candidate> AptCandidates::candidates(const PackageQuestion &question) const
 {
     // apt files packages for all architectures under its own.
@@ -63,6 +98,8 @@ QVector<Candidate> AptCandidates::candidates(const PackageQuestion &question) co
 
 bool AptCandidates::prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped)
 {
+    if (!questions.isEmpty() && !prepare(stopped))
+        return m_failed;
     QStringList words;
     for (const PackageQuestion &question : questions) {
         if (m_askedProviders.contains(question.name) || !isAskable(question))
@@ -79,7 +116,8 @@ bool AptCandidates::prefetchProviders(const QVector<PackageQuestion> &questions,
 
 QVector<Provider> AptCandidates::providers(const PackageQuestion &question) const
 {
-    return question.type == PackageType::Deb ? m_providers.value(question.name) : QVector<Provider>();
+    return question.type == PackageType::Deb && canAnswer(question) ? m_providers.value(question.name)
+                                                                    : QVector<Provider>();
 }
 
 QString AptCandidates::errorText() const
@@ -109,7 +147,17 @@ bool AptCandidates::prepare(const StopRequest &stopped)
              stopped,
              output))
         return false;
+    QString known;
+    if (!run(AptConfig,
+             {QStringLiteral("dump"),
+              QStringLiteral("--format"),
+              QStringLiteral("%f %v%n"),
+              QStringLiteral("APT::Architectures")},
+             stopped,
+             known))
+        return false;
     m_prepared = true;
+    m_architectures = dumpedValues(known);
     m_architecture = shellValue(output, QStringLiteral("ARCHITECTURE"));
     const QString cacheFile = shellValue(output, QStringLiteral("CACHE"));
     // Without a cache file that it may write apt reads all lists anew in every run; and a list of our own must not
@@ -139,10 +187,6 @@ bool AptCandidates::ask(const QString &command,
                         const StopRequest &stopped,
                         const Reader &reader)
 {
-    if (words.isEmpty())
-        return true;
-    if (!prepare(stopped))
-        return m_failed;
     const QStringList settings = options();
     for (auto word = words.cbegin(); word != words.cend();) {
         if (stopped && stopped())

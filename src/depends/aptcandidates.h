@@ -25,6 +25,8 @@ public:
     explicit AptCandidates(QString sourceList = QString(), OriginFilter accepts = OriginFilter());
 
     bool prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
+    /** apt reads no lists for architectures that it has not been told of. */
+    bool canAnswer(const PackageQuestion &question) const override;
     QVector<Candidate> candidates(const PackageQuestion &question) const override;
     bool prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
     QVector<Provider> providers(const PackageQuestion &question) const override;
@@ -37,12 +39,16 @@ public:
     QString errorDetail() const { return m_errorDetail; }
     /** apt was asked for versions and has no list of any source. May run apt once more to find out. */
     bool lacksSources();
+    /** The architectures that were asked for and that apt does not know here. */
+    QStringList unknownArchitectures() const;
 
 private:
     using Answers = QHash<PackageQuestion, QVector<Candidate>>;
     /** Takes in what a run has printed. */
     using Reader = std::function<void(const QString &output)>;
 
+    /** Whether apt can be asked; false also for an architecture that it does not know. */
+    bool isAskable(const PackageQuestion &question) const;
     /** Learns how apt is set up here and finds a place for its cache file; false when apt cannot be asked. */
     bool prepare(const StopRequest &stopped);
     /** Runs "apt-cache command word…" until all words are through or a run fails; false when it was stopped. */
@@ -62,6 +68,7 @@ private:
     bool m_hasSources = false; ///< some answer named one
     QString m_errorDetail;
     QString m_architecture; ///< the system's own, which apt leaves out of names
+    QSet<QString> m_architectures; ///< all that apt knows, its own among them; empty before it was asked
     std::unique_ptr<ScratchFolder>
         m_cache; ///< apt's cache file, where the system's own place is not to be had
     QSet<PackageQuestion> m_asked;

@@ -54,6 +54,23 @@ QString AptUtils::noSourcesText()
               "that it has been told of.");
 }
 
+QString AptUtils::unknownArchitecturesText(const QStringList &architectures)
+{
+    return tr("apt on this computer does not know the architecture(s) %1, so nobody could say what the "
+              "public sources "
+              "offer for them. These commands make apt know: %2")
+        .arg(architectures.join(QLatin1String(", ")), architectureCommands(architectures));
+}
+
+QString AptUtils::architectureCommands(const QStringList &architectures)
+{
+    QStringList commands;
+    for (const QString &architecture : architectures)
+        commands.append(QLatin1String("dpkg --add-architecture ") + architecture);
+    commands.append(QStringLiteral("apt update"));
+    return commands.join(QLatin1String(" && "));
+}
+
 QStringList AptUtils::sourcesFromPolicy(SourceGrouping grouping)
 {
     if (!ask(AptCommands::AptCache,

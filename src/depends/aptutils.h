@@ -29,6 +29,10 @@ public:
 
     /** For the user, when apt has no list of any source. */
     static QString noSourcesText();
+    /** For the user, when packages for architectures were asked for that apt does not know. */
+    static QString unknownArchitecturesText(const QStringList &architectures);
+    /** The commands that make apt know them, as one would type them. */
+    static QString architectureCommands(const QStringList &architectures);
 
     /** The sources apt knows, as they follow "deb " in a sources list. */
     QStringList sourcesFromPolicy(SourceGrouping grouping = SourceGrouping::BySuite);

@@ -58,6 +58,8 @@ public:
 
     /** False when a stop request has kept some from being asked; a source that fails has no more to say. */
     virtual bool prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) = 0;
+    /** False when the source cannot be asked about such packages here: that it offers none says nothing. */
+    virtual bool canAnswer(const PackageQuestion & /*question*/) const { return true; }
     /** The versions on offer, in no order; none when the name is not known. */
     virtual QVector<Candidate> candidates(const PackageQuestion &question) const = 0;
 

@@ -145,14 +145,19 @@ bool DependsCheck::checkByName(QVector<Key> &keys, const StopRequest &stopped) c
             return false;
     }
     for (Key &key : keys) {
+        const PackageQuestion question = questionFor(key.wanted, key.type);
         QVector<Candidate> candidates;
+        bool isAnswered = true;
         for (const CandidateSource *const source : m_sources) {
-            const auto offered = source->candidates(questionFor(key.wanted, key.type));
+            isAnswered = isAnswered && source->canAnswer(question);
+            const auto offered = source->candidates(question);
             for (const Candidate &candidate : offered)
                 candidates.append(candidate);
         }
         key.wanted.foundVersions = DependsRules::foundVersions(key.wanted, candidates);
         key.wanted.status = DependsRules::dependencyStatus(key.wanted.foundVersions);
+        if (key.wanted.status == DependError && !isAnswered)
+            key.wanted.status = DependUndefined;
     }
     return true;
 }

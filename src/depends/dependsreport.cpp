@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsreport.h"
 
+#include "depends/aptutils.h"
 #include "depends/dependsparser.h"
 
 #include <QHash>
@@ -37,6 +38,24 @@ QStringList providerNames(const Dependency &dependency, DependStatus status)
     return names;
 }
 
+/** The only reason why a check leaves a dependency without an answer. */
+bool isUnknownToApt(const Dependency &dependency)
+{
+    return dependency.status == DependUndefined && !dependency.architecture.isEmpty();
+}
+
+void collectUnknownArchitectures(const PackageInfo &package, QStringList &architectures)
+{
+    if (package.dependStatus() != DependUndefined || !package.dependsInfo)
+        return;
+    for (const DependencyGroup &group : package.dependsInfo->groups) {
+        for (const Dependency &dependency : group.alternatives) {
+            if (isUnknownToApt(dependency) && !architectures.contains(dependency.architecture))
+                architectures.append(dependency.architecture);
+        }
+    }
+}
+
 QList<PackageInfoPtr> inError(const QList<PackageInfoPtr> &packages)
 {
     QList<PackageInfoPtr> result;
@@ -65,6 +84,9 @@ QVector<DependencyGroup> missingEntries(const PackageInfo &package)
 
 QString DependsReport::explanation(const Dependency &dependency)
 {
+    if (isUnknownToApt(dependency))
+        return tr("not looked for, because apt does not know the architecture %1 (%2)")
+            .arg(dependency.architecture, AptUtils::architectureCommands({dependency.architecture}));
     if (dependency.status == DependUndefined)
         return tr("not checked");
     if (dependency.status == DependSuccess) {
@@ -100,6 +122,7 @@ DependsReport::Summary DependsReport::summary(const QList<PackageInfoPtr> &packa
         result.satisfied += static_cast<int>(status == DependSuccess);
         result.errors += static_cast<int>(status == DependError);
         result.unchecked += static_cast<int>(status == DependUndefined);
+        collectUnknownArchitectures(*package, result.unknownArchitectures);
         QStringList names;
         for (const DependencyGroup &group : missingEntries(*package))
             names.append(group.alternatives.first().name);
@@ -125,6 +148,8 @@ QStringList DependsReport::summaryLines(const QList<PackageInfoPtr> &packages)
     QStringList lines{tr("Packages with satisfied dependencies: %1").arg(counts.satisfied),
                       tr("Packages with missing dependencies: %1").arg(counts.errors),
                       tr("Packages not checked: %1").arg(counts.unchecked)};
+    if (!counts.unknownArchitectures.isEmpty())
+        lines.append(AptUtils::unknownArchitecturesText(counts.unknownArchitectures));
     if (!counts.mostWanted.isEmpty())
         lines.append(tr("Most wanted:"));
     for (const WantedName &name : counts.mostWanted)
@@ -172,12 +197,14 @@ QByteArray DependsReport::json(const QList<PackageInfoPtr> &packages, const Head
                                   {QStringLiteral("component"), package->component},
                                   {QStringLiteral("missing"), entries}});
     }
-    QJsonObject report{{QStringLiteral("repository"), heading.repository},
-                       {QStringLiteral("satisfied"), counts.satisfied},
-                       {QStringLiteral("errors"), counts.errors},
-                       {QStringLiteral("unchecked"), counts.unchecked},
-                       {QStringLiteral("mostWanted"), wanted},
-                       {QStringLiteral("packages"), errors}};
+    QJsonObject report{
+        {QStringLiteral("repository"), heading.repository},
+        {QStringLiteral("satisfied"), counts.satisfied},
+        {QStringLiteral("errors"), counts.errors},
+        {QStringLiteral("unchecked"), counts.unchecked},
+        {QStringLiteral("unknownArchitectures"), QJsonArray::fromStringList(counts.unknownArchitectures)},
+        {QStringLiteral("mostWanted"), wanted},
+        {QStringLiteral("packages"), errors}};
     if (!heading.mode.isEmpty())
         report.insert(QStringLiteral("mode"), heading.mode);
     if (heading.time.isValid())

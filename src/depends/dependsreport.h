@@ -31,6 +31,7 @@ public:
         int satisfied = 0;
         int errors = 0;
         int unchecked = 0;
+        QStringList unknownArchitectures; ///< that apt did not know, so that some are unchecked
         QVector<WantedName> mostWanted; ///< at most ten, the most wanted first
     };
 

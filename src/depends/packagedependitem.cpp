@@ -117,7 +117,7 @@ QString PackageDependItem::explanation() const
 QString PackageDependItem::sourceExplanation(const QString &source, const QString &shownSource) const
 {
     if (status() == DependUndefined)
-        return tr("not checked");
+        return explanation();
     QStringList lines;
     const bool several = m_entry.alternatives.size() > 1;
     for (const Dependency &alternative : m_entry.alternatives)

@@ -46,7 +46,8 @@ std::optional<DependStatus> PackageItem::sourceStatus(const QString &source) con
 
 QString PackageItem::explanation() const
 {
-    QString words = tr("Dependencies not checked yet");
+    QString words = entryCount() == 0 ? tr("Dependencies not checked yet")
+                                      : tr("Some dependencies could not be looked for");
     if (status() == DependError)
         words = tr("Some dependencies are not satisfied");
     else if (status() == DependSuccess)
@@ -57,10 +58,8 @@ QString PackageItem::explanation() const
 
 QString PackageItem::sourceExplanation(const QString &source, const QString &shownSource) const
 {
-    if (status() == DependUndefined)
-        return tr("Dependencies not checked yet");
     if (entryCount() == 0)
-        return tr("Depends on nothing");
+        return status() == DependUndefined ? tr("Dependencies not checked yet") : tr("Depends on nothing");
     return tr("%1 satisfies %2 of %n dependency(ies)", nullptr, entryCount())
         .arg(shownSource, QString::number(countSatisfiedBy(source)));
 }

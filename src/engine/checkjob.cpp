@@ -69,8 +69,11 @@ int CheckJob::checkRecords(const QList<PackageInfoPtr> &records, const std::func
                                     if (itemDone)
                                         itemDone();
                                 },
-                                [this] { return m_context.isCanceled() || m_context.isClosing(); });
+                                [this] { return mustStop(); });
     tellAptFailure(&apt);
+    // Who only adds packages need not close a box each time; the summary, which goes into the log, says as much.
+    if (itemDone)
+        tellUnknownArchitectures(apt);
     if (!results.isEmpty())
         m_context.dependsSummary(DependsReport::summaryLines(results));
     return checked;
@@ -80,6 +83,18 @@ void CheckJob::tellAptFailure(AptCandidates *apt)
 {
     if (apt->failed())
         m_context.critical(apt->errorText(), apt->errorDetail(), WARNING);
-    else if (!m_context.isCanceled() && !m_context.isClosing() && apt->lacksSources())
+    else if (!mustStop() && apt->lacksSources())
         m_context.critical(AptUtils::tr("Apt error"), AptUtils::noSourcesText(), WARNING);
+}
+
+void CheckJob::tellUnknownArchitectures(const AptCandidates &apt)
+{
+    const QStringList unknown = apt.unknownArchitectures();
+    if (!unknown.isEmpty() && !mustStop())
+        m_context.critical(AptUtils::unknownArchitecturesText(unknown), QString(), WARNING);
+}
+
+bool CheckJob::mustStop() const
+{
+    return m_context.isCanceled() || m_context.isClosing();
 }

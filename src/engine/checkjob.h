@@ -26,10 +26,13 @@ public:
     void checkPresent(const QList<PackageInfoPtr> &packages);
     /** Tells that apt could not be asked, or has nothing to answer from. */
     void tellAptFailure(AptCandidates *apt);
+    /** Tells which architectures apt could not be asked about. */
+    void tellUnknownArchitectures(const AptCandidates &apt);
 
 private:
     JobContext &m_context;
 
     QList<PackageInfoPtr> presentRecords(const QList<PackageInfoPtr> &packages) const;
     int checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone = {});
+    bool mustStop() const;
 };

@@ -84,9 +84,12 @@ int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
     AptCandidates apt(QString(), m_context.acceptedOrigins());
     const DependsOffers offers = findOffers(dependencies, &apt, [this] { return m_context.isCanceled(); });
     QStringList missing;
-    for (const Dependency &dependency : offers.missing)
-        missing.append(dependencyText(dependency));
+    for (const Dependency &dependency : offers.missing) {
+        if (apt.canAnswer({dependency.name, dependency.architecture}))
+            missing.append(dependencyText(dependency));
+    }
     CheckJob(m_context).tellAptFailure(&apt);
+    CheckJob(m_context).tellUnknownArchitectures(apt);
     if (!missing.isEmpty() && !apt.failed() && !m_context.isCanceled())
         tellMissing(missing);
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "depends/dependsreport.h"
 #include "engineharness.h"
 #include "support/localapt.h"
 #include "support/scopedvariable.h"
@@ -233,6 +234,39 @@ private Q_SLOTS:
         QCOMPARE(lacking(h.find("lost"_s), "lib").status, DependSuccess);
         QCOMPARE(h.events.filter("~"_s).size(), 5);
         QVERIFY(h.settled());
+    }
+
+    void architectureThatAptDoesNotKnow()
+    {
+        RepoHarness h("amd64 i386"_s);
+        h.shell.setDependsRepoType(DependsEverywhere);
+        h.add({h.deb(needing("wine", "near, nothing").architecture("i386"_s)),
+               h.deb(needing("game", "near").architecture("i386"_s)),
+               h.deb(DebBuilder("near"_s).architecture("i386"_s)),
+               h.deb(needing("app", "lib, nothing"))});
+        QCOMPARE(states(h), "app 0,game 1,near 1,wine -1"_s);
+        QVERIFY2(h.trouble().isEmpty(), "whoever adds packages has not asked for the check");
+        QCOMPARE(checkAll(h, DependsLocal), RepoEnums::SUCCESS);
+        QCOMPARE(states(h), "app 0,game 1,near 1,wine 0"_s);
+        QCOMPARE(h.trouble(), QString());
+        checkAll(h, DependsEverywhere);
+        QVERIFY(h.complains("dpkg --add-architecture i386 && apt update"_s));
+        h.open(h.repoPath());
+        QCOMPARE(states(h), "app 0,game 1,near 1,wine -1"_s);
+        const Dependency nothing = lacking(h.find("wine"_s), "nothing");
+        QVERIFY(DependsReport::explanation(nothing).contains("does not know the architecture i386"_s));
+        QVERIFY(DependsReport::summaryLines(h.shell.packages())
+                    .join(QLatin1Char(' '))
+                    .contains("architecture i386"_s));
+        // What apt could not be asked it does not lack.
+        h.run([&] { h.shell.addDependencies({nothing}); });
+        QVERIFY(h.complains("dpkg --add-architecture i386"_s) && !h.trouble().contains("No source"_s));
+
+        writeFile(m_root.filePath("etc/apt.conf.d/foreign"_s), R"(APT::Architectures { "amd64"; "i386"; };)");
+        checkAll(h, DependsEverywhere);
+        QFile::remove(m_root.filePath("etc/apt.conf.d/foreign"_s));
+        QCOMPARE(states(h), "app 0,game 1,near 1,wine 0"_s);
+        QCOMPARE(h.trouble(), QString());
     }
 
     void brokenApt()
