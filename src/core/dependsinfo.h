@@ -47,4 +47,5 @@ struct DependsInfo
     DependStatus status = DependUndefined;
     QMap<QString, DependencyGroup>
         groups; ///< by the name of the entry's first alternative, as long as that is free
+    int selection = 0; ///< the DependsRepoType that was asked; 0 when that is not known
 };

@@ -32,6 +32,7 @@ bool isStopped(const StopRequest &stopped)
 } // namespace
 
 DependsCheck::DependsCheck(int selection, CandidateSource *local, CandidateSource *apt)
+    : m_selection(selection)
 {
     if (selection == DependsNowhere)
         return;
@@ -114,6 +115,7 @@ QVector<DependsCheck::Entry> DependsCheck::read(const QList<PackageInfoPtr> &pac
     QSet<Key> seen;
     for (const PackageInfoPtr &package : packages) {
         const auto result = QSharedPointer<DependsInfo>::create();
+        result->selection = m_selection;
         result->groups = m_parser.groups(*package);
         for (const DependencyGroup &group : qAsConst(result->groups)) {
             for (const Dependency &dependency : group.alternatives) {

@@ -76,6 +76,7 @@ private:
                         CandidateSource &source,
                         const StopRequest &stopped) const;
 
+    int m_selection;
     QVector<CandidateSource *> m_sources;
     QVector<CandidateSource *> m_providerSources;
     DependsParser m_parser;

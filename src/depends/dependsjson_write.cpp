@@ -128,6 +128,10 @@ void ResultsWriter::package(const PackageInfo &package, bool isOnlyOne)
     }
     m_writer.EndObject();
     member(Key::dependsStatus, package.dependStatus());
+    if (package.dependsInfo && package.dependsInfo->selection != 0) {
+        key(Key::dependsRepoType);
+        m_writer.Int(package.dependsInfo->selection);
+    }
 }
 
 void ResultsWriter::group(const DependencyGroup &group, const QString &architecture)

@@ -28,6 +28,7 @@ inline constexpr std::string_view foundedVersions = "foundedVersions";
 inline constexpr std::string_view component = "component";
 inline constexpr std::string_view type = "type";
 inline constexpr std::string_view others = "others";
+inline constexpr std::string_view dependsRepoType = "dependsRepoType"; ///< the sources that were asked
 inline constexpr std::string_view field = "field"; ///< of the package that an entry stands in
 /** The value of type for an installer package. */
 inline constexpr std::string_view udeb = "udeb";

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsreport.h"
 
+#include "core/settingskeys.h"
 #include "depends/aptutils.h"
 #include "depends/dependsparser.h"
 
@@ -82,7 +83,31 @@ QVector<DependencyGroup> missingEntries(const PackageInfo &package)
 }
 } // namespace
 
-QString DependsReport::explanation(const Dependency &dependency)
+QString DependsReport::lacked(int selection)
+{
+    switch (selection) {
+    case DependsLocal:
+        return tr("the repository does not hold it (public sources were not asked)");
+    case DependsPublic:
+        return tr("no public source offers it");
+    default:
+        return tr("no source offers it");
+    }
+}
+
+QString DependsReport::lackedWithProviders(int selection)
+{
+    switch (selection) {
+    case DependsLocal:
+        return tr("the repository does not hold it, nor a suitable version of what provides it: %1");
+    case DependsPublic:
+        return tr("no public source offers it, nor a suitable version of what provides it: %1");
+    default:
+        return tr("no source offers it, nor a suitable version of what provides it: %1");
+    }
+}
+
+QString DependsReport::explanation(const Dependency &dependency, int selection)
 {
     if (isUnknownToApt(dependency))
         return tr("not looked for, because apt does not know the architecture %1 (%2)")
@@ -99,18 +124,31 @@ QString DependsReport::explanation(const Dependency &dependency)
         return tr("needs %1, %2").arg(constraint(dependency), found);
     const QStringList providers = providerNames(dependency, DependError);
     if (!providers.isEmpty())
-        return tr("no source offers it, nor a suitable version of what provides it: %1")
-            .arg(listed(providers));
-    return tr("no source offers it");
+        return lackedWithProviders(selection).arg(listed(providers));
+    return lacked(selection);
 }
 
-QString DependsReport::explanation(const DependencyGroup &group)
+QString DependsReport::explanation(const DependencyGroup &group, int selection)
 {
     QStringList lines;
     for (const Dependency &dependency : group.alternatives)
-        lines.append(tr("%1: %2").arg(dependencyText(dependency), explanation(dependency)));
+        lines.append(tr("%1: %2").arg(dependencyText(dependency), explanation(dependency, selection)));
     const QString text = lines.join(QLatin1Char('\n'));
     return group.isPreDepends ? markedPreDepends(text) : text;
+}
+
+QString DependsReport::line(const DependencyGroup &group, int selection)
+{
+    QStringList reasons;
+    QStringList named;
+    for (const Dependency &dependency : group.alternatives) {
+        reasons.append(explanation(dependency, selection));
+        named.append(tr("%1: %2").arg(dependency.name, reasons.last()));
+    }
+    reasons.removeDuplicates();
+    const QString text = dependencyText(group);
+    return tr("%1: %2").arg(group.isPreDepends ? markedPreDepends(text) : text,
+                            reasons.size() == 1 ? reasons.first() : named.join(QLatin1String("; ")));
 }
 
 DependsReport::Summary DependsReport::summary(const QList<PackageInfoPtr> &packages)
@@ -169,10 +207,8 @@ QString DependsReport::text(const QList<PackageInfoPtr> &packages, const Heading
         lines << QString()
               << QStringLiteral("%1 %2 (%3, %4)")
                      .arg(package->name, package->version, package->component, package->architecture);
-        for (const DependencyGroup &group : missingEntries(*package)) {
-            for (const QString &line : explanation(group).split(QLatin1Char('\n')))
-                lines.append(QStringLiteral("  ") + line);
-        }
+        for (const DependencyGroup &group : missingEntries(*package))
+            lines.append(QStringLiteral("  ") + line(group, package->dependsInfo->selection));
     }
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
@@ -188,9 +224,10 @@ QByteArray DependsReport::json(const QList<PackageInfoPtr> &packages, const Head
     for (const PackageInfoPtr &package : inError(packages)) {
         QJsonArray entries;
         for (const DependencyGroup &group : missingEntries(*package))
-            entries.append(QJsonObject{{QStringLiteral("entry"), dependencyText(group)},
-                                       {QStringLiteral("preDepends"), group.isPreDepends},
-                                       {QStringLiteral("explanation"), explanation(group)}});
+            entries.append(QJsonObject{
+                {QStringLiteral("entry"), dependencyText(group)},
+                {QStringLiteral("preDepends"), group.isPreDepends},
+                {QStringLiteral("explanation"), explanation(group, package->dependsInfo->selection)}});
         errors.append(QJsonObject{{QStringLiteral("name"), package->name},
                                   {QStringLiteral("version"), package->version},
                                   {QStringLiteral("architecture"), package->architecture},

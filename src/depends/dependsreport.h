@@ -35,10 +35,10 @@ public:
         QVector<WantedName> mostWanted; ///< at most ten, the most wanted first
     };
 
-    /** Why the dependency is in its state. */
-    static QString explanation(const Dependency &dependency);
+    /** Why the dependency is in its state; `selection` is the DependsRepoType of its check, 0 when that is not known. */
+    static QString explanation(const Dependency &dependency, int selection);
     /** The same for an entry, with one line for each of several alternatives. */
-    static QString explanation(const DependencyGroup &group);
+    static QString explanation(const DependencyGroup &group, int selection);
 
     /** Over the stored results of the packages. */
     static Summary summary(const QList<PackageInfoPtr> &packages);
@@ -52,6 +52,9 @@ public:
     static QByteArray json(const QList<PackageInfoPtr> &packages, const Heading &heading);
 
 private:
+    static QString line(const DependencyGroup &group, int selection);
+    static QString lacked(int selection);
+    static QString lackedWithProviders(int selection);
     static QString offers(const Dependency &dependency, DependStatus status);
     static QString constraint(const Dependency &dependency);
 };

@@ -76,13 +76,14 @@ void appendOffers(QStringList &lines,
 }
 } // namespace
 
-PackageDependItem::PackageDependItem(const DependencyGroup &entry)
+PackageDependItem::PackageDependItem(const DependencyGroup &entry, int selection)
     : DependsItem(entryText(entry))
+    , m_selection(selection)
     , m_entry(entry)
 { }
 
-PackageDependItem::PackageDependItem(const Dependency &dependency)
-    : PackageDependItem(DependencyGroup{dependency.status, {dependency}})
+PackageDependItem::PackageDependItem(const Dependency &dependency, int selection)
+    : PackageDependItem(DependencyGroup{dependency.status, {dependency}}, selection)
 { }
 
 QString PackageDependItem::dependencyText(const Dependency &dependency)
@@ -111,7 +112,7 @@ std::optional<DependStatus> PackageDependItem::sourceStatus(const QString &sourc
 
 QString PackageDependItem::explanation() const
 {
-    return DependsReport::explanation(m_entry);
+    return DependsReport::explanation(m_entry, m_selection);
 }
 
 QString PackageDependItem::sourceExplanation(const QString &source, const QString &shownSource) const
@@ -136,10 +137,10 @@ void PackageDependItem::makeChildren()
         if (alternative.providers.isEmpty())
             continue;
         if (several) {
-            appendChild(std::make_unique<PackageDependItem>(alternative));
+            appendChild(std::make_unique<PackageDependItem>(alternative, m_selection));
             continue;
         }
         for (const Dependency &provider : alternative.providers)
-            appendChild(std::make_unique<PackageDependItem>(provider));
+            appendChild(std::make_unique<PackageDependItem>(provider, m_selection));
     }
 }

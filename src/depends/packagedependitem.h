@@ -14,9 +14,10 @@ class PackageDependItem : public DependsItem
 {
     Q_DECLARE_TR_FUNCTIONS(PackageDependItem)
 public:
-    explicit PackageDependItem(const DependencyGroup &entry);
+    /** `selection` is the DependsRepoType of the check. */
+    PackageDependItem(const DependencyGroup &entry, int selection);
     /** A provider, or the group of a name's providers. */
-    explicit PackageDependItem(const Dependency &dependency);
+    PackageDependItem(const Dependency &dependency, int selection);
 
     DependStatus status() const override { return m_entry.status; }
     std::optional<DependStatus> sourceStatus(const QString &source) const override;
@@ -33,5 +34,6 @@ protected:
     void makeChildren() override;
 
 private:
+    int m_selection;
     DependencyGroup m_entry; ///< shares the alternatives with the record it was made from
 };

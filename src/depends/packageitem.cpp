@@ -69,5 +69,5 @@ void PackageItem::makeChildren()
     if (!m_package->dependsInfo)
         return;
     for (const DependencyGroup &entry : m_package->dependsInfo->groups)
-        appendChild(std::make_unique<PackageDependItem>(entry));
+        appendChild(std::make_unique<PackageDependItem>(entry, m_package->dependsInfo->selection));
 }

@@ -492,26 +492,33 @@ private Q_SLOTS:
         };
         DependsCheck(DependsLocal, &local, nullptr)
             .run({needing("foo (>= 2.0), foo (<< 3) , bar"_s),
-                  needing("nosuch | foo (>> 8)"_s),
+                  needing("nosuch | foo (>> 8); Pre-Depends: some | other"_s),
                   needing("foo, bar"_s)},
                  keep);
         packages.append(needing("foo"_s));
         const auto reason = [&packages](int index, const char *key) {
             return DependsReport::explanation(
-                packages.at(index)->dependsInfo->groups.value(QLatin1String(key)));
+                packages.at(index)->dependsInfo->groups.value(QLatin1String(key)),
+                packages.at(index)->dependsInfo->selection);
         };
         QCOMPARE(reason(0, "foo"), "foo (>= 2.0, << 3): needs >= 2.0, << 3, Local offers 1.5"_s);
         QCOMPARE(reason(0, "bar"), "bar: provided by foo"_s);
         QCOMPARE(reason(1, "nosuch"),
-                 "nosuch: no source offers it\nfoo (>> 8): needs >> 8, Local offers 1.5"_s);
+                 "nosuch: the repository does not hold it (public sources were not asked)\n"
+                 "foo (>> 8): needs >> 8, Local offers 1.5"_s);
         QCOMPARE(reason(2, "foo"), "foo: Local offers 1.5"_s);
         const auto summary = DependsReport::summary(packages);
         QCOMPARE(summary.errors * 100 + summary.satisfied * 10 + summary.unchecked, 211);
-        QCOMPARE(summary.mostWanted.size(), 2);
+        QCOMPARE(summary.mostWanted.size(), 3);
         const DependsReport::Heading heading{"/srv/r"_s, "all repos"_s, QDateTime({2026, 11, 21}, {7, 5})};
         const QString text = DependsReport::text(packages, heading);
         QVERIFY(text.startsWith("Repository: /srv/r\nMode: all repos\nDate: 2026-11-21T07:05:00\n\n"_s));
-        QVERIFY(text.contains("\np 1 (main, amd64)\n  nosuch: no source offers it\n"_s));
+        QVERIFY2(
+            text.contains(
+                "\np 1 (main, amd64)\n  nosuch | foo (>> 8): nosuch: the repository does not hold it "
+                "(public sources were not asked); foo: needs >> 8, Local offers 1.5\n  Pre-Depends: some | "
+                "other: the repository does not hold it (public sources were not asked)\n"_s),
+            qPrintable(text));
         PackageInfo early = *packages.at(1);
         early.name = "a"_s;
         const QString sorted = DependsReport::text({packages.at(1), PackageInfoPtr::create(early)}, heading);

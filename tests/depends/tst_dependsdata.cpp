@@ -30,6 +30,7 @@ PackageInfoPtr package(const QString &name, const QString &mark, DependStatus st
     other.name = "other"_s;
     DependsInfo info;
     info.status = status;
+    info.selection = 2;
     info.groups["none"_s].isPreDepends = true;
     DependencyGroup &group = info.groups[virtualName];
     group.status = DependSuccess;
