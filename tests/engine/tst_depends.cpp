@@ -223,10 +223,14 @@ private Q_SLOTS:
                h.deb(needing("late", "lib (<< 2)"))});
         checkAll(h, DependsLocal);
         QCOMPARE(states(h), "hungry 0,late 0,lost 0"_s);
+        // Results that were stored say as well what is to be fetched, also in the row of a provider.
+        h.open(h.repoPath());
         const auto hungry = h.find("hungry"_s);
         const auto lost = h.find("lost"_s);
-        const QVector<Dependency> all{
-            lacking(hungry, "meal"), lacking(lost, "nothing"), lacking(hungry, "lib"), lacking(lost, "lib")};
+        const QVector<Dependency> all{lacking(hungry, "meal").providers.value("food"_s),
+                                      lacking(lost, "nothing"),
+                                      lacking(hungry, "lib"),
+                                      lacking(lost, "lib")};
         h.run([&] { h.shell.addDependencies(all); });
         QCOMPARE(h.lastMessage(), "Added 2 package(s) to local repo: food_1.0_all.deb, lib_2.0_amd64.deb"_s);
         QCOMPARE(h.criticals, QStringList{"No source offers: nothing (>= 3)|"_s});
