@@ -45,7 +45,6 @@ struct DependencyGroup
 struct DependsInfo
 {
     DependStatus status = DependUndefined;
-    QMap<QString, DependencyGroup>
-        groups; ///< by the name of the entry's first alternative, as long as that is free
+    QMap<QString, DependencyGroup> groups; ///< by the name of the first alternative, while that is free
     int selection = 0; ///< the DependsRepoType that was asked; 0 when that is not known
 };

@@ -76,18 +76,6 @@ bool AptCandidates::canAnswer(const PackageQuestion &question) const
            || !AptCommands::isArchitecture(question.architecture);
 }
 
-QStringList AptCandidates::unknownArchitectures() const
-{
-    QStringList architectures;
-    for (const PackageQuestion &question : m_asked) {
-        if (!canAnswer(question))
-            architectures.append(question.architecture);
-    }
-    architectures.removeDuplicates();
-    architectures.sort();
-    return architectures;
-}
-
 QVector<Candidate> AptCandidates::candidates(const PackageQuestion &question) const
 {
     // apt files packages for all architectures under its own.

@@ -39,8 +39,6 @@ public:
     QString errorDetail() const { return m_errorDetail; }
     /** apt was asked for versions and has no list of any source. May run apt once more to find out. */
     bool lacksSources();
-    /** The architectures that were asked for and that apt does not know here. */
-    QStringList unknownArchitectures() const;
 
 private:
     using Answers = QHash<PackageQuestion, QVector<Candidate>>;

@@ -56,8 +56,8 @@ QString AptUtils::noSourcesText()
 
 QString AptUtils::unknownArchitecturesText(const QStringList &architectures)
 {
-    return tr("apt on this computer does not know the architecture(s) %1, so nobody could say what the "
-              "public sources "
+    return tr("apt on this computer does not know the architecture(s) %1, so it could not say what public "
+              "sources "
               "offer for them. These commands make apt know: %2")
         .arg(architectures.join(QLatin1String(", ")), architectureCommands(architectures));
 }

@@ -59,10 +59,8 @@ Outcome rewrite(QIODevice *input, QIODevice *output, const Change &change);
 /** The packages of a repository as their results are stored. */
 struct NamedPackages
 {
-    QHash<QString, PackageInfoPtr>
-        first; ///< for every name the last package, of those that were checked if any
-    QHash<QString, QVector<PackageInfoPtr>>
-        others; ///< what else has the name, for another architecture for example
+    QHash<QString, PackageInfoPtr> first; ///< the last one of a name, of those that were checked if any
+    QHash<QString, QVector<PackageInfoPtr>> others; ///< what else has the name, as for another architecture
 };
 NamedPackages packagesByName(const QList<PackageInfoPtr> &packages);
 } // namespace DependsJson

@@ -307,7 +307,7 @@ bool ResultsHandler::RawNumber(const char *text, Size size, bool /*copy*/)
     const Place place = m_places.back();
     DependStatus *target = nullptr;
     if (isPackage(place) && m_key == Key::dependsRepoType)
-        m_info.selection = QByteArray::fromRawData(text, static_cast<int>(size)).toInt();
+        m_info.selection = QByteArray(text, static_cast<int>(size)).toInt();
     else if (isPackage(place) && m_key == Key::dependsStatus)
         target = &m_info.status;
     else if (place == Place::Group && m_key == Key::dependStatus)

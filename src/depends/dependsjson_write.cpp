@@ -62,7 +62,7 @@ private:
         m_writer.Int(status);
     }
     void encode(const QString &text);
-    /** The members that tell of the package; where it is not the only one of its name, also what it is told apart by. */
+    /** The members that tell of the package; where others have its name, also what it is told apart by. */
     void package(const PackageInfo &package, bool isOnlyOne);
     void group(const DependencyGroup &group, const QString &architecture);
     /** `architecture` is the one that its reader takes it to be for. */

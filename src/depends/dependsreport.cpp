@@ -47,7 +47,7 @@ bool isUnknownToApt(const Dependency &dependency)
 
 void collectUnknownArchitectures(const PackageInfo &package, QStringList &architectures)
 {
-    if (package.dependStatus() != DependUndefined || !package.dependsInfo)
+    if (package.dependStatus() == DependSuccess || !package.dependsInfo)
         return;
     for (const DependencyGroup &group : package.dependsInfo->groups) {
         for (const Dependency &dependency : group.alternatives) {

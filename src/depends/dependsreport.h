@@ -31,11 +31,11 @@ public:
         int satisfied = 0;
         int errors = 0;
         int unchecked = 0;
-        QStringList unknownArchitectures; ///< that apt did not know, so that some are unchecked
+        QStringList unknownArchitectures; ///< of what is unchecked because apt did not know them
         QVector<WantedName> mostWanted; ///< at most ten, the most wanted first
     };
 
-    /** Why the dependency is in its state; `selection` is the DependsRepoType of its check, 0 when that is not known. */
+    /** Why the dependency is in its state; `selection` is the DependsRepoType of its check, 0 when not known. */
     static QString explanation(const Dependency &dependency, int selection);
     /** The same for an entry, with one line for each of several alternatives. */
     static QString explanation(const DependencyGroup &group, int selection);

@@ -6,7 +6,7 @@
 
 #include <QCoreApplication>
 
-/** A package of the repository in the dependency tree; below it stand the entries of its Depends and Pre-Depends fields. */
+/** A package of the repository in the dependency tree; below it stand the entries of Depends and Pre-Depends. */
 class PackageItem : public DependsItem
 {
     Q_DECLARE_TR_FUNCTIONS(PackageItem)

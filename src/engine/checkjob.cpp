@@ -73,7 +73,7 @@ int CheckJob::checkRecords(const QList<PackageInfoPtr> &records, const std::func
     tellAptFailure(&apt);
     // Who only adds packages need not close a box each time; the summary, which goes into the log, says as much.
     if (itemDone)
-        tellUnknownArchitectures(apt);
+        tellUnknownArchitectures(DependsReport::summary(results).unknownArchitectures);
     if (!results.isEmpty())
         m_context.dependsSummary(DependsReport::summaryLines(results));
     return checked;
@@ -87,11 +87,10 @@ void CheckJob::tellAptFailure(AptCandidates *apt)
         m_context.critical(AptUtils::tr("Apt error"), AptUtils::noSourcesText(), WARNING);
 }
 
-void CheckJob::tellUnknownArchitectures(const AptCandidates &apt)
+void CheckJob::tellUnknownArchitectures(const QStringList &architectures)
 {
-    const QStringList unknown = apt.unknownArchitectures();
-    if (!unknown.isEmpty() && !mustStop())
-        m_context.critical(AptUtils::unknownArchitecturesText(unknown), QString(), WARNING);
+    if (!architectures.isEmpty() && !mustStop())
+        m_context.critical(AptUtils::unknownArchitecturesText(architectures), QString(), WARNING);
 }
 
 bool CheckJob::mustStop() const

@@ -26,8 +26,8 @@ public:
     void checkPresent(const QList<PackageInfoPtr> &packages);
     /** Tells that apt could not be asked, or has nothing to answer from. */
     void tellAptFailure(AptCandidates *apt);
-    /** Tells which architectures apt could not be asked about. */
-    void tellUnknownArchitectures(const AptCandidates &apt);
+    /** Tells that apt could not be asked about these architectures, if there are any. */
+    void tellUnknownArchitectures(const QStringList &architectures);
 
 private:
     JobContext &m_context;

@@ -84,12 +84,15 @@ int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
     AptCandidates apt(QString(), m_context.acceptedOrigins());
     const DependsOffers offers = findOffers(dependencies, &apt, [this] { return m_context.isCanceled(); });
     QStringList missing;
+    QStringList unknown;
     for (const Dependency &dependency : offers.missing) {
         if (apt.canAnswer({dependency.name, dependency.architecture}))
             missing.append(dependencyText(dependency));
+        else if (!unknown.contains(dependency.architecture))
+            unknown.append(dependency.architecture);
     }
     CheckJob(m_context).tellAptFailure(&apt);
-    CheckJob(m_context).tellUnknownArchitectures(apt);
+    CheckJob(m_context).tellUnknownArchitectures(unknown);
     if (!missing.isEmpty() && !apt.failed() && !m_context.isCanceled())
         tellMissing(missing);
 

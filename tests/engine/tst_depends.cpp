@@ -263,6 +263,8 @@ private Q_SLOTS:
         QVERIFY(DependsReport::summaryLines(h.shell.packages())
                     .join(QLatin1Char(' '))
                     .contains("architecture i386"_s));
+        check(h, DependsEverywhere, {h.find("game"_s)});
+        QVERIFY2(h.trouble().isEmpty(), "nothing is missing");
         // What apt could not be asked it does not lack.
         h.run([&] { h.shell.addDependencies({nothing}); });
         QVERIFY(h.complains("dpkg --add-architecture i386"_s) && !h.trouble().contains("No source"_s));
