@@ -104,6 +104,10 @@
         <source>&quot;%1&quot; is not an architecture</source>
         <translation>„%1“ ist keine Architektur</translation>
     </message>
+    <message>
+        <source>apt on this computer does not know the architecture(s) %1, so it could not say what public sources offer for them. These commands make apt know: %2</source>
+        <translation>apt auf diesem Rechner kennt folgende Architekturen nicht und konnte deshalb nicht sagen, was öffentliche Paketquellen für sie anbieten: %1. Mit diesen Befehlen lernt apt sie kennen: %2</translation>
+    </message>
 </context>
 <context>
     <name>ArchiveCommands</name>
@@ -306,6 +310,26 @@
     <message>
         <source>Date: %1</source>
         <translation>Datum: %1</translation>
+    </message>
+    <message>
+        <source>the repository does not hold it (public sources were not asked)</source>
+        <translation>das Repository enthält es nicht (öffentliche Paketquellen wurden nicht befragt)</translation>
+    </message>
+    <message>
+        <source>no public source offers it</source>
+        <translation>keine öffentliche Paketquelle bietet es an</translation>
+    </message>
+    <message>
+        <source>the repository does not hold it, nor a suitable version of what provides it: %1</source>
+        <translation>das Repository enthält es nicht, auch keine passende Version dessen, was es bereitstellt: %1</translation>
+    </message>
+    <message>
+        <source>no public source offers it, nor a suitable version of what provides it: %1</source>
+        <translation>keine öffentliche Paketquelle bietet es an, auch keine passende Version dessen, was es bereitstellt: %1</translation>
+    </message>
+    <message>
+        <source>not looked for, because apt does not know the architecture %1 (%2)</source>
+        <translation>nicht gesucht, weil apt die Architektur %1 nicht kennt (%2)</translation>
     </message>
 </context>
 <context>
@@ -1305,10 +1329,6 @@ Ein oder mehrere Werte</translation>
         <translation>benötigt %1, %2 bietet %3 an</translation>
     </message>
     <message>
-        <source>not checked</source>
-        <translation>nicht geprüft</translation>
-    </message>
-    <message>
         <source>%1 does not offer it</source>
         <translation>%1 bietet es nicht an</translation>
     </message>
@@ -1385,6 +1405,10 @@ Ein oder mehrere Werte</translation>
             <numerusform>%1 erfüllt %2 von %n Abhängigkeit</numerusform>
             <numerusform>%1 erfüllt %2 von %n Abhängigkeiten</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Some dependencies could not be looked for</source>
+        <translation>Einige Abhängigkeiten konnten nicht gesucht werden</translation>
     </message>
 </context>
 <context>

@@ -104,6 +104,10 @@
         <source>&quot;%1&quot; is not an architecture</source>
         <translation>«%1» не является архитектурой</translation>
     </message>
+    <message>
+        <source>apt on this computer does not know the architecture(s) %1, so it could not say what public sources offer for them. These commands make apt know: %2</source>
+        <translation>apt этого компьютера не знает следующие архитектуры и потому не мог сообщить, что для них предлагают общедоступные источники: %1. Эти команды сообщат о них apt: %2</translation>
+    </message>
 </context>
 <context>
     <name>ArchiveCommands</name>
@@ -307,6 +311,26 @@
     <message>
         <source>Date: %1</source>
         <translation>Дата: %1</translation>
+    </message>
+    <message>
+        <source>the repository does not hold it (public sources were not asked)</source>
+        <translation>в репозитории его нет (общедоступные источники не опрашивались)</translation>
+    </message>
+    <message>
+        <source>no public source offers it</source>
+        <translation>ни один общедоступный источник его не предлагает</translation>
+    </message>
+    <message>
+        <source>the repository does not hold it, nor a suitable version of what provides it: %1</source>
+        <translation>в репозитории нет ни его, ни подходящей версии того, что его предоставляет: %1</translation>
+    </message>
+    <message>
+        <source>no public source offers it, nor a suitable version of what provides it: %1</source>
+        <translation>ни один общедоступный источник не предлагает его или подходящую версию того, что его предоставляет: %1</translation>
+    </message>
+    <message>
+        <source>not looked for, because apt does not know the architecture %1 (%2)</source>
+        <translation>поиск не выполнялся, потому что apt не знает архитектуру %1 (%2)</translation>
     </message>
 </context>
 <context>
@@ -1308,10 +1332,6 @@ One or more values</source>
         <translation>требуется %1, %2 предлагает %3</translation>
     </message>
     <message>
-        <source>not checked</source>
-        <translation>не проверено</translation>
-    </message>
-    <message>
         <source>%1 does not offer it</source>
         <translation>%1 его не предлагает</translation>
     </message>
@@ -1390,6 +1410,10 @@ One or more values</source>
             <numerusform>%1 удовлетворяет %2 из %n зависимостей</numerusform>
             <numerusform>%1 удовлетворяет %2 из %n зависимостей</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Some dependencies could not be looked for</source>
+        <translation>Поиск некоторых зависимостей выполнить не удалось</translation>
     </message>
 </context>
 <context>

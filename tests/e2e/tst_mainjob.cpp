@@ -434,6 +434,8 @@ private Q_SLOTS:
         QVERIFY(QDir().rename(repo + "/away"_s, repo + "/dists"_s));
         // A desktop activates the window when its dialog has gone.
         m_driver->window().activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&m_driver->window()));
+        WAIT_FOR(m_driver->isIdle());
         QTest::keyClick(&m_driver->window(), Qt::Key_F5);
         WAIT_FOR(m_driver->message() == "Repository is unchanged"_s && m_driver->isIdle());
     }
