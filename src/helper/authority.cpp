@@ -38,7 +38,7 @@ Verdict verdictOf(sd_bus_message *reply)
 {
     if (const sd_bus_error *error = sd_bus_message_get_error(reply))
         return {false, QStringLiteral("polkit could not decide: %1").arg(QString::fromUtf8(error->message))};
-    const Verdict nonsense{false, QStringLiteral("polkit's answer was not understood.")};
+    Verdict nonsense{false, QStringLiteral("polkit's answer was not understood.")};
     int authorised = 0;
     int challenge = 0;
     if (sd_bus_message_has_signature(reply, "(bba{ss})") <= 0

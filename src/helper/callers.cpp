@@ -8,10 +8,11 @@ constexpr uid_t Root = 0;
 constexpr unsigned MostOfOne = 8;
 /** Of all users but root. */
 constexpr unsigned MostOfOthers = 256;
-// A bus lets a user have 256 connections, and 2048 in all: what many users fill together stays below the helper's
-// memory, and what one user fills stays below what all can.
-constexpr std::size_t LargestUnidentified = 80 * 1024;
-constexpr std::size_t LargestOfAllUnidentified = 32 * 1024 * 1024;
+constexpr std::size_t KiB = 1024;
+// A caller can have one request with a key, and others without. A bus lets a user have 256 connections: what these fill
+// stays below what all callers can fill together, and that stays below the helper's memory.
+constexpr std::size_t LargestUnidentified = 160 * KiB;
+constexpr std::size_t LargestOfAllUnidentified = 64 * KiB * KiB;
 } // namespace
 
 std::optional<uid_t> Callers::userOf(const QByteArray &caller) const

@@ -6,6 +6,7 @@
 #include "helper/requestrules.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace
@@ -14,6 +15,8 @@ using namespace std::chrono_literals;
 
 constexpr const char *Object = "/";
 constexpr const char *Interface = "org.corvana.velt.repo.Manager";
+/** May call the methods; what for is polkit's decision. */
+constexpr uint64_t Everybody = SD_BUS_VTABLE_UNPRIVILEGED;
 constexpr const char *TooMany = "Too many requests are open.";
 
 constexpr const char *Bus = "org.freedesktop.DBus";
@@ -33,46 +36,40 @@ const char *errorOf(HelperOutcome::Kind kind)
 }
 } // namespace
 
-const sd_bus_vtable Manager::interface[] = {
-    SD_BUS_VTABLE_START(0),
-    SD_BUS_METHOD_WITH_NAMES("AddLocalSource",
-                             "s",
-                             SD_BUS_PARAM(entry),
-                             "b",
-                             SD_BUS_PARAM(done),
-                             called,
-                             SD_BUS_VTABLE_UNPRIVILEGED),
-    SD_BUS_METHOD_WITH_NAMES("AddSignedLocalSource",
-                             "ss",
-                             SD_BUS_PARAM(entry) SD_BUS_PARAM(key),
-                             "b",
-                             SD_BUS_PARAM(done),
-                             called,
-                             SD_BUS_VTABLE_UNPRIVILEGED),
-    SD_BUS_METHOD_WITH_NAMES("RemoveLocalSource",
-                             "s",
-                             SD_BUS_PARAM(entry),
-                             "b",
-                             SD_BUS_PARAM(done),
-                             called,
-                             SD_BUS_VTABLE_UNPRIVILEGED),
-    SD_BUS_METHOD_WITH_NAMES("PublishRepo",
-                             "sii",
-                             SD_BUS_PARAM(path) SD_BUS_PARAM(port) SD_BUS_PARAM(protocol),
-                             "b",
-                             SD_BUS_PARAM(done),
-                             called,
-                             SD_BUS_VTABLE_UNPRIVILEGED),
-    SD_BUS_METHOD_WITH_NAMES("UnpublishRepo",
-                             "ii",
-                             SD_BUS_PARAM(port) SD_BUS_PARAM(protocol),
-                             "b",
-                             SD_BUS_PARAM(done),
-                             called,
-                             SD_BUS_VTABLE_UNPRIVILEGED),
-    SD_BUS_SIGNAL_WITH_NAMES("Error", "is", SD_BUS_PARAM(error) SD_BUS_PARAM(message), 0),
-    SD_BUS_VTABLE_END,
-};
+const sd_bus_vtable *Manager::methods()
+{
+    static const std::array table{
+        sd_bus_vtable SD_BUS_VTABLE_START(0),
+        sd_bus_vtable SD_BUS_METHOD_WITH_NAMES(
+            "AddLocalSource", "s", SD_BUS_PARAM(entry), "b", SD_BUS_PARAM(done), called, Everybody),
+        sd_bus_vtable SD_BUS_METHOD_WITH_NAMES("AddSignedLocalSource",
+                                               "ss",
+                                               SD_BUS_PARAM(entry) SD_BUS_PARAM(key),
+                                               "b",
+                                               SD_BUS_PARAM(done),
+                                               called,
+                                               Everybody),
+        sd_bus_vtable SD_BUS_METHOD_WITH_NAMES(
+            "RemoveLocalSource", "s", SD_BUS_PARAM(entry), "b", SD_BUS_PARAM(done), called, Everybody),
+        sd_bus_vtable SD_BUS_METHOD_WITH_NAMES("PublishRepo",
+                                               "sii",
+                                               SD_BUS_PARAM(path) SD_BUS_PARAM(port) SD_BUS_PARAM(protocol),
+                                               "b",
+                                               SD_BUS_PARAM(done),
+                                               called,
+                                               Everybody),
+        sd_bus_vtable SD_BUS_METHOD_WITH_NAMES("UnpublishRepo",
+                                               "ii",
+                                               SD_BUS_PARAM(port) SD_BUS_PARAM(protocol),
+                                               "b",
+                                               SD_BUS_PARAM(done),
+                                               called,
+                                               Everybody),
+        sd_bus_vtable SD_BUS_SIGNAL_WITH_NAMES("Error", "is", SD_BUS_PARAM(error) SD_BUS_PARAM(message), 0),
+        sd_bus_vtable SD_BUS_VTABLE_END,
+    };
+    return table.data();
+}
 
 Manager::Manager(BusConnection &bus, Work work, Times times)
     : m_bus(bus)
@@ -95,26 +92,18 @@ Manager::~Manager()
 
 void Manager::start()
 {
-    const auto keep = [this](int result, sd_bus_slot *slot) {
-        m_slots.emplace_back(slot);
-        return result >= 0;
-    };
+    sd_bus *bus = m_bus.get();
     sd_bus_slot *slot = nullptr;
-    bool isDone = keep(sd_bus_add_filter(m_bus.get(), &slot, filter, this), slot);
+    bool isDone = sd_bus_add_filter(bus, &slot, filter, this) >= 0;
+    m_slots.emplace_back(std::exchange(slot, nullptr));
     // One rule for all callers who leave: the bus allows fewer rules than there can be callers.
-    isDone
-        = isDone
-          && keep(sd_bus_add_match_async(m_bus.get(),
-                                         &slot,
-                                         "type='signal',sender='org.freedesktop.DBus',"
-                                         "interface='org.freedesktop.DBus',member='NameOwnerChanged',arg2=''",
-                                         nameLost,
-                                         nullptr,
-                                         this),
-                  slot);
+    const char *rule = "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
+                       "member='NameOwnerChanged',arg2=''";
+    isDone = sd_bus_add_match_async(bus, &slot, rule, nameLost, nullptr, this) >= 0 && isDone;
+    m_slots.emplace_back(std::exchange(slot, nullptr));
     // The object comes first: with the name, the calls come that have been waiting for it.
-    isDone = isDone
-             && keep(sd_bus_add_object_vtable(m_bus.get(), &slot, Object, Interface, interface, this), slot);
+    isDone = sd_bus_add_object_vtable(bus, &slot, Object, Interface, methods(), this) >= 0 && isDone;
+    m_slots.emplace_back(slot);
     const SdBus::Message call = m_bus.newCall(Bus, BusObject, Bus, "RequestName");
     if (isDone && call
         && sd_bus_message_append(call.get(), "su", Service.toLatin1().constData(), DoNotQueue) >= 0)

@@ -75,8 +75,6 @@ private:
     using Number = quint64;
     using Numbers = std::vector<Number>;
 
-    static const sd_bus_vtable interface[];
-
     BusConnection &m_bus;
     Work m_work;
     Times m_times;
@@ -98,6 +96,7 @@ private:
     bool m_hasName = true; ///< or is about to get it
     QThreadPool m_worker;
 
+    static const sd_bus_vtable *methods();
     static int filter(sd_bus_message *message, void *manager, sd_bus_error *error);
     static int called(sd_bus_message *call, void *manager, sd_bus_error *error);
     static int nameLost(sd_bus_message *signal, void *manager, sd_bus_error *error);

@@ -3,6 +3,7 @@
 #include "helper/manager.h"
 #include "helper/polkitpeer.h"
 #include "helper/privilegedwork.h"
+#include "helper/requestmessage.h"
 #include "helper/requestrules.h"
 #include "server/sourcekey.h"
 #include "server/sourceline.h"
@@ -429,15 +430,22 @@ private Q_SLOTS:
         // As many connections as a bus allows one user fill what they can, before anybody knows who it is.
         Callers callers;
         const auto name = [](int i) { return QByteArray::number(i); };
+        const std::size_t large = RequestMessage::sizeOf({HelperRequest::AddSignedLocalSource,
+                                                          QString(RequestRules::LongestEntry, u'a'),
+                                                          {},
+                                                          0,
+                                                          0,
+                                                          QString(SourceKey::MostBytes, u'a')});
+        const std::size_t small = 3000;
         QVector<QPair<int, std::size_t>> taken;
         for (int i = 0; i < 256; ++i) {
-            for (const std::size_t size : {70000, 1000, 1000, 1000, 1000, 1000, 1000, 1000, 1000}) {
+            for (const std::size_t size : {large, small, small, small, small, small, small, small, small}) {
                 if (callers.takePlace(name(i), size))
                     taken.append({i, size});
             }
         }
         QCOMPARE(taken.size(), 256 * 8);
-        QVERIFY(callers.takePlace("root", 70000));
+        QVERIFY(callers.takePlace("root", large));
         // Now the bus has told that each is another user.
         for (int i = 0; i < 256; ++i)
             callers.identified(name(i), uid_t(i + 1));
@@ -446,12 +454,12 @@ private Q_SLOTS:
         for (const auto &[i, size] : qAsConst(taken))
             places += callers.takePlace(name(i), size) ? 1 : 0;
         QCOMPARE(places, 256);
-        QVERIFY(callers.takePlace("root", 70000));
+        QVERIFY(callers.takePlace("root", large));
         // Who has left gives the places back when the work is done, and not before.
         callers.left(name(0));
         callers.identified("late", 1000);
         QVERIFY(!callers.takePlace("late", 1));
-        callers.givePlaceBack(name(0), 70000);
+        callers.givePlaceBack(name(0), large);
         QVERIFY(callers.takePlace("late", 1));
     }
 
