@@ -87,7 +87,7 @@ private Q_SLOTS:
         m_driver->select("app_1.0");
         const QModelIndex lib = dependency("lib (>= 1.0)");
         QVERIFY(lib.isValid() && depends()->isExpanded(lib.parent()));
-        QVERIFY(lib.data(Qt::ToolTipRole).toString().contains("no source offers it"_s));
+        QVERIFY(lib.data(Qt::ToolTipRole).toString().contains("the repository does not hold it"_s));
         QVERIFY(save->isEnabled());
 
         // The report, as JSON because of the kind that is chosen.
