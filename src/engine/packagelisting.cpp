@@ -71,23 +71,33 @@ std::optional<QList<PackageInfoPtr>> readListing(const QString &root, const Repo
 
 ListingDifference compareListings(const QList<PackageInfoPtr> &known, const QList<PackageInfoPtr> &listed)
 {
-    QHash<PackageKey, PackageInfoPtr> missing;
-    missing.reserve(known.size());
+    // Where an index lists a package twice, the later record counts, as in the tree.
+    struct Records
+    {
+        PackageInfoPtr known;
+        PackageInfoPtr listed;
+    };
+    QHash<PackageKey, Records> records;
+    records.reserve(listed.size());
     for (const PackageInfoPtr &package : known)
-        missing.insert(PackageKey::of(*package), package);
+        records[PackageKey::of(*package)].known = package;
+    for (const PackageInfoPtr &package : listed)
+        records[PackageKey::of(*package)].listed = package;
     ListingDifference difference;
     difference.packages.reserve(listed.size());
     for (const PackageInfoPtr &package : listed) {
-        const PackageInfoPtr before = missing.take(PackageKey::of(*package));
-        const bool isKnown = before && isSame(*before, *package);
-        difference.packages.append(isKnown ? before : package);
-        if (!before)
+        const Records of = records.value(PackageKey::of(*package));
+        const bool counts = of.listed == package;
+        const bool isKnown = counts && of.known && isSame(*of.known, *package);
+        difference.packages.append(isKnown ? of.known : package);
+        if (counts && !of.known)
             difference.added.append(package);
-        else if (!isKnown)
+        else if (counts && !isKnown)
             difference.changed.append(package);
     }
     for (const PackageInfoPtr &package : known) {
-        if (missing.contains(PackageKey::of(*package)))
+        const Records of = records.value(PackageKey::of(*package));
+        if (!of.listed && of.known == package)
             difference.removed.append(package);
     }
     return difference;

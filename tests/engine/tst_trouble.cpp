@@ -224,6 +224,14 @@ private Q_SLOTS:
         QCOMPARE(h.find("doc"_s, "arm64"_s), doc);
         h.run([&] { h.shell.reloadRepo(); });
         QCOMPARE(h.words(), "Reading repository again|Repository is unchanged"_s);
+
+        // An index that lists a package twice is no other one each time.
+        const QString index = h.repoPath() + "/dists/dogwood/main/binary-amd64/Packages"_s;
+        writeFile(index, readFile(index) + readFile(index).replace("2.0", "1.5"));
+        h.run([&] { h.shell.reloadRepo(); });
+        QCOMPARE(h.events, QStringList{"~bar 1.5 amd64"_s});
+        h.run([&] { h.shell.reloadRepo(); });
+        QCOMPARE(h.words(), "Reading repository again|Repository is unchanged"_s);
     }
 
     void signingFailsWhileAdding()
