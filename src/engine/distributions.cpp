@@ -163,11 +163,3 @@ int Distributions::distributionCount(const QString &text)
         return line.startsWith(QLatin1String("Codename:"), Qt::CaseInsensitive);
     }));
 }
-
-QString Distributions::systemVersionFromText(const QString &text)
-{
-    const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    if (words.isEmpty())
-        return {};
-    return words.size() == 3 ? words.at(1) : text.trimmed();
-}

@@ -36,7 +36,4 @@ QString unreadLine(const QString &text);
 
 /** How many distributions the text describes; only repositories with one can be changed. */
 int distributionCount(const QString &text);
-
-/** The release's version in the text of the version file: the second of exactly three words, else the whole text. */
-QString systemVersionFromText(const QString &text);
 } // namespace Distributions

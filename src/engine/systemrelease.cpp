@@ -2,9 +2,9 @@
 #include "engine/systemrelease.h"
 
 #include "core/processutils.h"
-#include "engine/distributions.h"
 
 #include <QFile>
+#include <QStringList>
 
 QString SystemRelease::codename()
 {
@@ -19,5 +19,13 @@ QString SystemRelease::version()
     QFile file(QStringLiteral("/etc/orlan_version"));
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    return Distributions::systemVersionFromText(QString::fromLocal8Bit(file.readAll()));
+    return versionFromText(QString::fromLocal8Bit(file.readAll()));
+}
+
+QString SystemRelease::versionFromText(const QString &text)
+{
+    const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    if (words.isEmpty())
+        return {};
+    return words.size() == 3 ? words.at(1) : text.trimmed();
 }

@@ -10,4 +10,6 @@ namespace SystemRelease
 QString codename();
 /** The distribution's version; empty when the system does not say. It switches features of the interface. */
 QString version();
+/** The version in the text of the version file: the second of exactly three words, else the whole text. */
+QString versionFromText(const QString &text);
 } // namespace SystemRelease

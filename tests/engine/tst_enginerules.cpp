@@ -6,6 +6,7 @@
 #include "engine/pathguard.h"
 #include "engine/privateconfig.h"
 #include "engine/repreprocommands.h"
+#include "engine/systemrelease.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 
@@ -40,8 +41,8 @@ private Q_SLOTS:
         QVERIFY(!parsed("SignWith: default\nContents: .gz .bz2\n").contents);
         QCOMPARE(Distributions::fieldValue({"Description: first"_s, " second"_s}, "Description"_s),
                  "first\n second"_s);
-        QCOMPARE(Distributions::systemVersionFromText("Name 1.6 (x)\n"_s), "1.6"_s);
-        QCOMPARE(Distributions::systemVersionFromText("Name 1.6 (x) y\n"_s), "Name 1.6 (x) y"_s);
+        QCOMPARE(SystemRelease::versionFromText("Name 1.6 (x)\n"_s), "1.6"_s);
+        QCOMPARE(SystemRelease::versionFromText("Name 1.6 (x) y\n"_s), "Name 1.6 (x) y"_s);
     }
 
     void whatRewritingWouldLose()

@@ -2,6 +2,7 @@
 #include "engine/distributions.h"
 
 #include "engine/privateconfig.h"
+#include "engine/systemrelease.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 
@@ -21,7 +22,7 @@ void FuzzTarget::distributions(std::string_view input)
     FUZZ_RULE(Distributions::foreignLines(written).isEmpty());
     FUZZ_RULE(Distributions::distributionCount(written) == 1);
     FUZZ_RULE(Distributions::distributionCount(text) <= text.count(QLatin1Char('\n')) + 1);
-    FUZZ_RULE(Distributions::systemVersionFromText(text).size() <= text.size());
+    FUZZ_RULE(SystemRelease::versionFromText(text).size() <= text.size());
 
     for (const auto unreferenced : {PrivateConfig::Keep, PrivateConfig::Delete}) {
         const QString options = PrivateConfig::optionsText(text, unreferenced);
