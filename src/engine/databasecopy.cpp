@@ -6,7 +6,7 @@
 #include "core/removetree.h"
 #include "core/wholefile.h"
 #include "engine/distributionsfile.h"
-#include "signing/signprocess.h"
+#include "signing/signedpackages.h"
 
 #include <QDir>
 #include <QFile>
@@ -73,7 +73,7 @@ bool copyWhole(const QString &source, const QString &copy)
 
 bool copySignatures(const QString &repoPath, const QString &target)
 {
-    const QString source = SignProcess::packagesConfPath(repoPath);
+    const QString source = SignedPackages::packagesConfPath(repoPath);
     const QString copy = target + QLatin1Char('/') + SignatureFile;
     return QFile::exists(source) ? copyWhole(source, copy) : QFile(copy).open(QIODevice::WriteOnly);
 }
@@ -81,7 +81,7 @@ bool copySignatures(const QString &repoPath, const QString &target)
 bool putSignaturesBack(const QString &repoPath, const QString &source)
 {
     const QString copy = source + QLatin1Char('/') + SignatureFile;
-    const QString target = SignProcess::packagesConfPath(repoPath);
+    const QString target = SignedPackages::packagesConfPath(repoPath);
     // When this was cut short before, the copy has gone to its place.
     if (!QFile::exists(copy))
         return true;

@@ -16,7 +16,7 @@
 #include "engine/repositoryinspection.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
-#include "engine/signaturerecord.h"
+#include "signing/signedpackages.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -415,7 +415,7 @@ void JobRecovery::showAnew(const QStringList &filesLeft)
     const QList<PackageInfoPtr> old = shown.all();
     QList<PackageInfoPtr> now = listPackages(m_context.path(), m_context.repoInfo());
     sortPackages(&now);
-    SignatureRecord::mark(&now, m_context.path());
+    SignedPackages(SignedPackages::packagesConfPath(m_context.path())).mark(&now);
     QSet<PackageKey> unchanged;
     for (const PackageInfoPtr &package : old) {
         if (!filesLeft.contains(package->filePath().mid(m_context.path().size() + 1))) {

@@ -3,7 +3,7 @@
 
 #include "engine/packagelist.h"
 #include "engine/packagesfile.h"
-#include "engine/signaturerecord.h"
+#include "signing/signedpackages.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -65,7 +65,7 @@ std::optional<QList<PackageInfoPtr>> readListing(const QString &root, const Repo
         return std::nullopt;
     QList<PackageInfoPtr> packages = listPackages(root, info);
     sortPackages(&packages);
-    SignatureRecord::mark(&packages, root);
+    SignedPackages(SignedPackages::packagesConfPath(root)).mark(&packages);
     return packages;
 }
 

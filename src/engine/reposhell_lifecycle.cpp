@@ -14,6 +14,7 @@
 #include "engine/repreprocommands.h"
 #include "engine/signaturerecord.h"
 #include "engine/systemrelease.h"
+#include "signing/signedpackages.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -284,7 +285,7 @@ int RepoShell::openBody(const QString &path)
     if (isRecovered && !packages.isEmpty() && description
         && Distributions::unreadLine(QString::fromLocal8Bit(*description)).isEmpty())
         SignatureRecord::forgetOthers(m_context.get(), packages);
-    SignatureRecord::mark(&packages, path);
+    SignedPackages(SignedPackages::packagesConfPath(path)).mark(&packages);
     m_context->packages().assign(packages);
     Q_EMIT requestForMergingInformation(packages);
     packages = m_context->packages().all();

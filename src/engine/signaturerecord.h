@@ -9,14 +9,12 @@
 
 class JobContext;
 
-/** The repository's record of which key has signed which package. */
+/** What a job enters into the record of the signed packages. A record that cannot be written costs a warning. */
 class SignatureRecord
 {
     Q_DECLARE_TR_FUNCTIONS(RepoShell)
 public:
-    /** Puts the keys into the records of signed packages. */
-    static void mark(QList<PackageInfoPtr> *packages, const QString &repoPath);
-    /** Enters the package when it is signed, and takes out what is said of it when not. A record that cannot be written costs a warning. */
+    /** Enters the package when it is signed, and takes out what is said of it when not. */
     static void remember(JobContext *context, const PackageInfo &package);
     /** Takes the package out when it was signed. */
     static void forget(JobContext *context, const PackageInfo &package);

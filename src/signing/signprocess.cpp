@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/signprocess.h"
 
-#include "core/regularfile.h"
-#include "core/settingsformat.h"
 #include "signing/keylisting.h"
 
 #include <QtCrypto>
@@ -11,15 +9,11 @@
 #include <QFileInfo>
 #include <QMutex>
 #include <QMutexLocker>
-#include <QSettings>
 #include <QStandardPaths>
-
-#include <algorithm>
 
 namespace
 {
 const QLatin1String scriptName("/velt-admin-repo-sign.sh");
-const QLatin1String keyInfoGroup("KeyInfo");
 constexpr int ShortIdLength = 8;
 
 /**
@@ -37,17 +31,6 @@ QString findScriptDir()
     constexpr int SystemWide = 2;
     return QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation).value(SystemWide)
            + application;
-}
-
-/** Qt would wait for ever for what comes out of a pipe. */
-bool isUsable(const QString &packagesConfPath)
-{
-    return !packagesConfPath.isEmpty() && RegularFile::refusal(packagesConfPath).isEmpty();
-}
-
-QString entryName(const PackageInfo &package)
-{
-    return keyInfoGroup + QLatin1Char('/') + SignProcess::keyInfoName(package);
 }
 } // namespace
 
@@ -92,76 +75,4 @@ bool SignProcess::sign(const QString &sourcePath, const QString &destinationPath
     m_log += output();
     m_log += errorOutput();
     return isSigned;
-}
-
-QString SignProcess::packagesConfPath(const QString &repositoryDirectory)
-{
-    return repositoryDirectory + QLatin1String("/packages.conf");
-}
-
-bool SignProcess::saveKeyInfo(const QString &packagesConfPath, const PackageInfo &package)
-{
-    if (packagesConfPath.isEmpty())
-        return true;
-    if (!isUsable(packagesConfPath))
-        return false;
-    QSettings settings(packagesConfPath, SettingsFormat::ini());
-    settings.setValue(entryName(package), package.signingKey);
-    settings.sync();
-    return settings.status() == QSettings::NoError;
-}
-
-bool SignProcess::removeKeyInfo(const QString &packagesConfPath, const PackageInfo &package)
-{
-    // Without the file there is nothing to remove, and an empty one need not be made.
-    if (packagesConfPath.isEmpty() || !QFileInfo::exists(packagesConfPath))
-        return true;
-    if (!isUsable(packagesConfPath))
-        return false;
-    QSettings settings(packagesConfPath, SettingsFormat::ini());
-    settings.remove(entryName(package));
-    settings.sync();
-    return settings.status() == QSettings::NoError;
-}
-
-bool SignProcess::keepKeyInfo(const QString &packagesConfPath, const QSet<QString> &names)
-{
-    const QStringList entries = allKeyInfo(packagesConfPath).keys();
-    if (std::all_of(
-            entries.cbegin(), entries.cend(), [&](const QString &name) { return names.contains(name); }))
-        return true;
-    QSettings settings(packagesConfPath, SettingsFormat::ini());
-    settings.beginGroup(keyInfoGroup);
-    for (const QString &name : entries) {
-        if (!names.contains(name))
-            settings.remove(name);
-    }
-    settings.endGroup();
-    settings.sync();
-    return settings.status() == QSettings::NoError;
-}
-
-QString SignProcess::keyInfo(const QString &packagesConfPath, const PackageInfo &package)
-{
-    if (!isUsable(packagesConfPath))
-        return {};
-    return QSettings(packagesConfPath, SettingsFormat::ini()).value(entryName(package)).toString();
-}
-
-QHash<QString, QString> SignProcess::allKeyInfo(const QString &packagesConfPath)
-{
-    QHash<QString, QString> entries;
-    if (!isUsable(packagesConfPath))
-        return entries;
-    QSettings settings(packagesConfPath, SettingsFormat::ini());
-    settings.beginGroup(keyInfoGroup);
-    const QStringList names = settings.allKeys();
-    for (const QString &name : names)
-        entries.insert(name, settings.value(name).toString());
-    return entries;
-}
-
-QString SignProcess::keyInfoName(const PackageInfo &package)
-{
-    return QStringLiteral("%1_%2_%3").arg(package.component, package.architecture, package.name);
 }

@@ -4,7 +4,7 @@
 #include "engine/packagesfile.h"
 #include "engine/poolfiles.h"
 #include "engineharness.h"
-#include "signing/signprocess.h"
+#include "signing/signedpackages.h"
 #include "support/scopedvariable.h"
 
 #include <QDir>
@@ -145,7 +145,7 @@ private Q_SLOTS:
         }
         // One that comes later is told of as well, where it would be read.
         runShell("mkfifo packages.conf db/velt-admin-repo.export-owed"_s, h.repoPath());
-        QVERIFY(SignProcess::allKeyInfo(h.repoPath() + "/packages.conf"_s).isEmpty());
+        QVERIFY(SignedPackages(h.repoPath() + "/packages.conf"_s).allKeyInfo().isEmpty());
         QVERIFY(ExportSession::filesLeft(h.repoPath()).isEmpty());
         QVERIFY(readPackagesFile(h.repoPath() + "/packages.conf"_s, {}, {}).isEmpty());
         const QString pipe = h.folder.filePath("x.tgz"_s);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engineharness.h"
-#include "signing/signprocess.h"
+#include "signing/signedpackages.h"
 #include "support/scopedvariable.h"
 #include "support/testkeys.h"
 
@@ -24,7 +24,8 @@ private:
     /** The entries of packages.conf, as "component_architecture_name", sorted. */
     static QStringList recorded(const EngineHarness &h)
     {
-        QStringList names = SignProcess::allKeyInfo(SignProcess::packagesConfPath(h.shell.path())).keys();
+        QStringList names
+            = SignedPackages(SignedPackages::packagesConfPath(h.shell.path())).allKeyInfo().keys();
         names.sort();
         return names;
     }
@@ -189,7 +190,7 @@ private Q_SLOTS:
         // What a kill between the database and the record leaves.
         PackageInfo gone = *h.find("foo"_s);
         gone.name = "gone"_s;
-        QVERIFY(SignProcess::saveKeyInfo(SignProcess::packagesConfPath(h.repoPath()), gone));
+        QVERIFY(SignedPackages(SignedPackages::packagesConfPath(h.repoPath())).saveKeyInfo(gone));
         ExportSession::setMarker(h.repoPath());
         h.open(h.repoPath());
         QCOMPARE(recorded(h), all);

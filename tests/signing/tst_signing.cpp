@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/keylisting.h"
 #include "signing/repositorykey.h"
+#include "signing/signedpackages.h"
 #include "signing/signingadvice.h"
 #include "signing/signingcheck.h"
 #include "signing/signprocess.h"
@@ -271,7 +272,8 @@ private Q_SLOTS:
 
     void recordOfSignedPackages()
     {
-        const QString conf = SignProcess::packagesConfPath(m_folder.path());
+        const QString conf = SignedPackages::packagesConfPath(m_folder.path());
+        const SignedPackages record(conf);
         PackageInfo foo;
         foo.name = "foo"_s;
         foo.component = "main"_s;
@@ -280,16 +282,16 @@ private Q_SLOTS:
         other.architecture = "i386"_s;
         foo.signingKey = "A, \"b\" ; ü <c@d> [01234567]"_s;
         other.signingKey = "other"_s;
-        QCOMPARE(SignProcess::keyInfo(conf, foo), QString());
-        QVERIFY(SignProcess::removeKeyInfo(conf, foo) && !QFile::exists(conf));
-        QVERIFY(SignProcess::saveKeyInfo(conf, foo) && SignProcess::saveKeyInfo(conf, other));
+        QCOMPARE(record.keyInfo(foo), QString());
+        QVERIFY(record.removeKeyInfo(foo) && !QFile::exists(conf));
+        QVERIFY(record.saveKeyInfo(foo) && record.saveKeyInfo(other));
         QVERIFY(readFile(conf).startsWith("[KeyInfo]\nmain_amd64_foo="));
-        QCOMPARE(SignProcess::keyInfo(conf, foo), foo.signingKey);
-        QCOMPARE(SignProcess::allKeyInfo(conf).size(), 2);
-        QVERIFY(SignProcess::removeKeyInfo(conf, foo));
-        QCOMPARE(SignProcess::allKeyInfo(conf), (QHash<QString, QString>{{"main_i386_foo"_s, "other"_s}}));
-        QVERIFY(SignProcess::saveKeyInfo({}, foo) && SignProcess::keyInfo({}, foo).isEmpty());
-        QVERIFY(!SignProcess::saveKeyInfo("/proc/no/packages.conf"_s, foo));
+        QCOMPARE(record.keyInfo(foo), foo.signingKey);
+        QCOMPARE(record.allKeyInfo().size(), 2);
+        QVERIFY(record.removeKeyInfo(foo));
+        QCOMPARE(record.allKeyInfo(), (QHash<QString, QString>{{"main_i386_foo"_s, "other"_s}}));
+        QVERIFY(SignedPackages({}).saveKeyInfo(foo) && SignedPackages({}).keyInfo(foo).isEmpty());
+        QVERIFY(!SignedPackages("/proc/no/packages.conf"_s).saveKeyInfo(foo));
     }
 };
 
