@@ -4,9 +4,9 @@
 #include "engine/databasecopy.h"
 #include "engine/exportsession.h"
 #include "engine/jobrecovery.h"
+#include "engine/jobsignals.h"
 #include "engine/packagelisting.h"
 #include "engine/repolock.h"
-#include "engine/reposhell.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
 #include "engine/repreprorunner.h"
@@ -21,8 +21,8 @@
 
 #include <chrono>
 
-JobContext::JobContext(RepoShell &shell)
-    : m_shell(shell)
+JobContext::JobContext(JobSignals &engineSignals)
+    : m_signals(engineSignals)
     , m_signProcess(std::make_unique<SignProcess>())
     , m_gate([this](const QString &title, const QString &text) { return ask(title, text, false); })
 { }
@@ -30,16 +30,6 @@ JobContext::JobContext(RepoShell &shell)
 JobContext::~JobContext() = default;
 
 // --- the repository ----------------------------------------------------------------------------------------------
-
-QString JobContext::path() const
-{
-    return m_shell.path();
-}
-
-RepoInfo JobContext::repoInfo() const
-{
-    return m_shell.repoInfo();
-}
 
 bool JobContext::mayRun()
 {
@@ -218,7 +208,7 @@ bool JobContext::finishSession(ExportSession *session)
 void JobContext::critical(const QString &text, const QString &details, ErrorType error)
 {
     m_hasFailed = m_hasFailed || error == CRITICAL;
-    Q_EMIT m_shell.critical(text, details, error);
+    Q_EMIT m_signals.critical(text, details, error);
 }
 
 void JobContext::tellOfForeignChange()
@@ -242,42 +232,42 @@ void JobContext::runFailed(const QString &text, const QString &details)
 
 void JobContext::noted(const QString &text)
 {
-    Q_EMIT m_shell.noted(text);
+    Q_EMIT m_signals.noted(text);
 }
 
 void JobContext::packageAdded(const PackageInfoPtr &package)
 {
-    Q_EMIT m_shell.packageAdded(package);
+    Q_EMIT m_signals.packageAdded(package);
 }
 
 void JobContext::packageChanged(const PackageInfoPtr &package)
 {
-    Q_EMIT m_shell.packageChanged(package);
+    Q_EMIT m_signals.packageChanged(package);
 }
 
 void JobContext::packageRemoved(const PackageInfoPtr &package)
 {
-    Q_EMIT m_shell.packageRemoved(package);
+    Q_EMIT m_signals.packageRemoved(package);
 }
 
 void JobContext::dependsSummary(const QStringList &lines)
 {
-    Q_EMIT m_shell.dependsSummary(lines);
+    Q_EMIT m_signals.dependsSummary(lines);
 }
 
 void JobContext::downloadablePackagesReady()
 {
-    Q_EMIT m_shell.downloadablePackagesReady();
+    Q_EMIT m_signals.downloadablePackagesReady();
 }
 
 void JobContext::savePackages()
 {
-    Q_EMIT m_shell.requestForSavingPackages(m_packages.all());
+    Q_EMIT m_signals.requestForSavingPackages(m_packages.all());
 }
 
 void JobContext::clearStoredResults()
 {
-    Q_EMIT m_shell.requestForClearingStoredInformation();
+    Q_EMIT m_signals.requestForClearingStoredInformation();
 }
 
 // --- the job itself ----------------------------------------------------------------------------------------------
@@ -285,12 +275,12 @@ void JobContext::clearStoredResults()
 void JobContext::started(const QString &message)
 {
     setStartMessage(message);
-    Q_EMIT m_shell.started(message);
+    Q_EMIT m_signals.started(message);
 }
 
 void JobContext::finished(JobId jobId, const QString &message)
 {
-    Q_EMIT m_shell.finished(jobId, message);
+    Q_EMIT m_signals.finished(jobId, message);
 }
 
 QString JobContext::startMessage() const
@@ -307,12 +297,12 @@ void JobContext::setStartMessage(const QString &message)
 
 void JobContext::showProgress()
 {
-    Q_EMIT m_shell.progressStepChanged(m_progress);
+    Q_EMIT m_signals.progressStepChanged(m_progress);
 }
 
 void JobContext::setProgressRange(int range)
 {
-    Q_EMIT m_shell.progressRangeChanged(range);
+    Q_EMIT m_signals.progressRangeChanged(range);
 }
 
 // --- the user ----------------------------------------------------------------------------------------------------
@@ -337,7 +327,7 @@ void JobContext::setClosing()
 bool JobContext::canAsk() const
 {
     // On the interface thread nobody would be left to answer.
-    return !m_closing && QThread::currentThread() != m_shell.thread();
+    return !m_closing && QThread::currentThread() != m_signals.thread();
 }
 
 bool JobContext::ask(const QString &title, const QString &text, bool safeAnswer)
@@ -348,7 +338,7 @@ bool JobContext::ask(const QString &title, const QString &text, bool safeAnswer)
     m_answer = safeAnswer;
     // A job that waits for its user must not keep the jobs of other tabs from running.
     QThreadPool::globalInstance()->releaseThread();
-    Q_EMIT m_shell.question(title, text);
+    Q_EMIT m_signals.question(title, text);
     QThreadPool::globalInstance()->reserveThread();
     return m_answer;
 }
@@ -361,7 +351,7 @@ void JobContext::askForReplacement(ErrorCode collision,
     if (!canAsk())
         return;
     QThreadPool::globalInstance()->releaseThread();
-    Q_EMIT m_shell.requestForReplacementHandlingByUser(collision, rules, package, singlePackage);
+    Q_EMIT m_signals.requestForReplacementHandlingByUser(collision, rules, package, singlePackage);
     QThreadPool::globalInstance()->reserveThread();
 }
 

@@ -9,6 +9,7 @@
 #include "depends/externalrepos.h"
 #include "engine/joblock.h"
 #include "engine/newcomer.h"
+#include "engine/openrepository.h"
 #include "engine/packagelist.h"
 #include "engine/repositorygate.h"
 
@@ -24,7 +25,7 @@
 #include <mutex>
 
 class ExportSession;
-class RepoShell;
+class JobSignals;
 class SignProcess;
 
 /**
@@ -36,15 +37,18 @@ class JobContext : public RepoEnums
 {
     Q_DECLARE_TR_FUNCTIONS(RepoShell)
 public:
-    explicit JobContext(RepoShell &shell);
+    /** What emits the signals outlives the context. */
+    explicit JobContext(JobSignals &engineSignals);
     ~JobContext();
     JobContext(const JobContext &) = delete;
     JobContext &operator=(const JobContext &) = delete;
 
     // --- the repository --------------------------------------------------------------------------------------------
 
-    QString path() const; ///< any thread
-    RepoInfo repoInfo() const; ///< any thread
+    OpenRepository &repository() { return m_repository; }
+    const OpenRepository &repository() const { return m_repository; } ///< any thread
+    QString path() const { return m_repository.path(); } ///< any thread
+    RepoInfo repoInfo() const { return m_repository.info(); } ///< any thread
     PackageList &packages() { return m_packages; }
     const PackageList &packages() const { return m_packages; } ///< any thread
     /** False after critical() when reprepro may not be run on the open repository. May ask the user. */
@@ -156,7 +160,8 @@ public:
     std::function<bool(const QString &origin)> acceptedOrigins() const;
 
 private:
-    RepoShell &m_shell;
+    JobSignals &m_signals;
+    OpenRepository m_repository;
     PackageList m_packages;
     std::unique_ptr<SignProcess> m_signProcess; ///< of the running job
     JobLock m_lock; ///< of the running job

@@ -14,7 +14,7 @@
 #include <utility>
 
 RepoShell::RepoShell(QObject *parent)
-    : QObject(parent)
+    : JobSignals(parent)
     , m_context(std::make_unique<JobContext>(*this))
     , m_upgradeSources(std::make_unique<UpgradeSources>())
     , m_helper(std::make_unique<HelperClient>())
@@ -38,20 +38,17 @@ RepoShell::~RepoShell()
 
 QString RepoShell::path() const
 {
-    const QMutexLocker lock(&m_mutex);
-    return m_path;
+    return m_context->path();
 }
 
 QString RepoShell::place() const
 {
-    const QMutexLocker lock(&m_mutex);
-    return m_place;
+    return m_context->repository().canonicalPath();
 }
 
 RepoInfo RepoShell::repoInfo() const
 {
-    const QMutexLocker lock(&m_mutex);
-    return m_repoInfo;
+    return m_context->repoInfo();
 }
 
 void RepoShell::setOpenRepositories(const QStringList &paths)

@@ -2,19 +2,18 @@
 #pragma once
 
 #include "core/packageinfo.h"
-#include "core/packagereplacementrules.h"
 #include "core/repoenums.h"
 #include "core/repoinfo.h"
 #include "core/settingskeys.h"
 #include "depends/externalrepos.h"
 #include "engine/addoptions.h"
+#include "engine/jobsignals.h"
 #include "engine/newcomer.h"
 #include "engine/upgraderules.h"
 #include "server/reposerver.h"
 
 #include <QFuture>
 #include <QMutex>
-#include <QObject>
 #include <QStringList>
 #include <QThread>
 
@@ -41,7 +40,7 @@ class UpgradeSources;
  * Qt::BlockingQueuedConnection: the job waits inside the emission for the answer. The engine does not refuse a
  * second job while one runs; whoever calls it starts one at a time.
  */
-class RepoShell : public QObject, public RepoEnums
+class RepoShell : public JobSignals, public RepoEnums
 {
     Q_OBJECT
 public:
@@ -204,54 +203,25 @@ public Q_SLOTS:
 Q_SIGNALS:
     /** A repository was opened, created or closed (empty argument), or moved by a change (its new path). */
     void pathChanged(const QString &newPath = QString());
-    void packageAdded(const PackageInfoPtr &packageInfo);
-    void packageChanged(const PackageInfoPtr &packageInfo);
-    void packageRemoved(const PackageInfoPtr &packageInfo);
     void criticalVelt(const QString &text, const QString &detailedtext = QString());
-    void critical(const QString &text,
-                  const QString &detailedtext = QString(),
-                  RepoEnums::ErrorType error = RepoEnums::CRITICAL);
     /** The description was read. */
     void repoInfoAdded();
-    void downloadablePackagesReady();
-    void started(const QString &startMsg);
-    void finished(RepoEnums::JobId jobId, const QString &finishMsg);
-    /** The job needs a yes or no; answer with setAnswer(). Connect blocking queued. */
-    void question(const QString &dialogTitle, const QString &text);
-    /** The number of items of the job; 0 = not known. */
-    void progressRangeChanged(int range);
-    void progressStepChanged(int step);
     void needImportRepo();
     void needCloseRepo();
-    /** An added package exists already; write the choice into `rule`. Connect blocking queued. */
-    void requestForReplacementHandlingByUser(RepoEnums::ErrorCode error,
-                                             PackageReplacementRules *rule,
-                                             const PackageInfoPtr &pkg,
-                                             bool singlePackage = false);
     void requestForStoredInformation(const QString &repoPath);
     void requestForRemovingStoredInformation();
     void requestForMergingInformation(const QList<PackageInfoPtr> &packages);
-    void requestForSavingPackages(const QList<PackageInfoPtr> &packages);
-    /** The repository holds no package any more; connect blocking queued. */
-    void requestForClearingStoredInformation();
 
     /** The job's thread is free again and the engine can be closed; follows finished(). */
     void idle();
-    /** A word for the log about a file that a job has passed over; nobody needs to do anything. */
-    void noted(const QString &text);
-    /** What a dependency check has found, in words, one line each. */
-    void dependsSummary(const QStringList &lines);
     /** createRepoAside() has ended with this result. */
     void repoCreated(int result);
 
 private:
     mutable QMutex m_mutex; ///< guards what follows, up to the blank line
-    QString m_path;
-    QString m_place;
-    RepoInfo m_repoInfo;
     QStringList m_openRepositories;
 
-    std::unique_ptr<JobContext> m_context; ///< with the package list
+    std::unique_ptr<JobContext> m_context; ///< with the open repository and the package list
     std::unique_ptr<UpgradeSources> m_upgradeSources;
     std::atomic<bool> m_isWritable{true};
     QFuture<int> m_future;

@@ -68,11 +68,7 @@ RepoInfo RepoShell::defaultRepoInfo()
 
 void RepoShell::setRepository(const QString &path, const RepoInfo &info)
 {
-    const QString place = path.isEmpty() ? QString() : PathGuard::resolved(path);
-    const QMutexLocker lock(&m_mutex);
-    m_path = path;
-    m_place = place;
-    m_repoInfo = info;
+    m_context->repository().set(path, info);
 }
 
 QStringList RepoShell::openRepositories() const
@@ -179,10 +175,7 @@ int RepoShell::readRepoInfo(const QString &path)
     const auto info = DistributionsFile(path).read();
     if (!info)
         return ERROR;
-    {
-        const QMutexLocker lock(&m_mutex);
-        m_repoInfo = *info;
-    }
+    m_context->repository().setInfo(*info);
     Q_EMIT repoInfoAdded();
     return SUCCESS;
 }

@@ -27,9 +27,8 @@ HelperClient::Answer toldBy(RepoShell *shell, const RepoShell::HelperAnswer &ans
 QString RepoShell::sourceLine(
     bool trusted, const QString &architectures, int port, int protocol, const QString &host) const
 {
-    const QMutexLocker lock(&m_mutex);
-    return SourceLine{
-        trusted, architectures, protocol, host, port, m_path, m_repoInfo.codename, m_repoInfo.components}
+    const RepoInfo info = repoInfo();
+    return SourceLine{trusted, architectures, protocol, host, port, path(), info.codename, info.components}
         .text();
 }
 

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "core/packagereplacementrules.h"
+#include "core/repoenums.h"
+
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+/** The signals of an engine that its jobs emit, on the job's thread. */
+class JobSignals : public QObject
+{
+    Q_OBJECT
+public:
+    using QObject::QObject;
+
+Q_SIGNALS:
+    void packageAdded(const PackageInfoPtr &packageInfo);
+    void packageChanged(const PackageInfoPtr &packageInfo);
+    void packageRemoved(const PackageInfoPtr &packageInfo);
+    void critical(const QString &text,
+                  const QString &detailedtext = QString(),
+                  RepoEnums::ErrorType error = RepoEnums::CRITICAL);
+    /** A word for the log about a file that a job has passed over; nobody needs to do anything. */
+    void noted(const QString &text);
+    /** What a dependency check has found, in words, one line each. */
+    void dependsSummary(const QStringList &lines);
+    void downloadablePackagesReady();
+    void started(const QString &startMsg);
+    void finished(RepoEnums::JobId jobId, const QString &finishMsg);
+    /** The number of items of the job; 0 = not known. */
+    void progressRangeChanged(int range);
+    void progressStepChanged(int step);
+    /** The job needs a yes or no; answer with RepoShell::setAnswer(). Connect blocking queued. */
+    void question(const QString &dialogTitle, const QString &text);
+    /** An added package exists already; write the choice into `rule`. Connect blocking queued. */
+    void requestForReplacementHandlingByUser(RepoEnums::ErrorCode error,
+                                             PackageReplacementRules *rule,
+                                             const PackageInfoPtr &pkg,
+                                             bool singlePackage = false);
+    void requestForSavingPackages(const QList<PackageInfoPtr> &packages);
+    /** The repository holds no package any more; connect blocking queued. */
+    void requestForClearingStoredInformation();
+};
