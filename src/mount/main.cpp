@@ -13,6 +13,7 @@
 #include <string>
 #include <utility>
 
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <sched.h>
 #include <sys/inotify.h>
@@ -286,6 +287,16 @@ void tellReader(const Repository &repository)
         throw Failure("READER");
 }
 
+/** Has the command load what refuses hidden names. */
+void preload()
+{
+    // One that cannot be loaded would be left out without a failure.
+    if (::dlopen(PRELOAD, RTLD_NOW | RTLD_LOCAL) == nullptr)
+        throw std::runtime_error(::dlerror());
+    if (::setenv("LD_PRELOAD", PRELOAD, 1) != 0)
+        throw Failure("LD_PRELOAD");
+}
+
 void run(int count, char **words)
 {
     const bool isShutIn = count > 1 && std::strcmp(words[1], "--shut-in") == 0;
@@ -307,6 +318,7 @@ void run(int count, char **words)
     } else {
         follow(mountRepository(tree, mountPoint));
     }
+    preload();
     char **const command = words + first + 2;
     ::execv(command[0], command);
     throw Failure(command[0]);

@@ -35,7 +35,9 @@ private Q_SLOTS:
         VELT_NEED_TOOL("vsftpd");
         const QString trouble = m_system.boot();
         QVERIFY2(trouble.isEmpty(), qPrintable(trouble));
-        QVERIFY(QFile::copy(QStringLiteral(EXCHANGE_SCRIPT), m_system.sharedFolder() + "/exchange.py"_s));
+        for (const QString &script : {"exchange.py"_s, "hiddennames.py"_s})
+            QVERIFY(QFile::copy(QStringLiteral(SCRIPTS) + u'/' + script,
+                                m_system.sharedFolder() + u'/' + script));
         QCOMPARE(box(R"(mkdir -m 700 /run/vault; echo secret >/run/vault/0; chmod 600 /run/vault/0
             for repo; do cd "$repo"; mkdir -p .gnupg backup pool/.git/objects
                 for file in signing-key.asc backup/dump.sql repository-key.asc pool/.git/config .gnupg/key; do
@@ -137,6 +139,14 @@ print(*[seen("RETR dists/" + suite + "/Release").split(" Date")[0] for suite in 
                  "dists pool repository-key.asc repository-key.asc dists pool repository-key.asc\n"
                  "550 550 550 550 550 550 550 550\n"
                  "Suite: stable Codename: birch Suite: stable Codename: birch"_s);
+    }
+
+    void hidesNamesWithADotAtEveryLevelOverFtp()
+    {
+        QCOMPARE(box("python3 /shared/hiddennames.py \"$1\""_s, {openRepo}),
+                 "before: [] [] []\nlate: [] [] []\n"
+                 "seen: ['CWD', 'LIST', 'MDTM', 'NLST', 'RETR', 'SIZE', 'STAT']\nrenamed: 550\nlink: []\n"
+                 "listed in dists:\nlisted in pool:\nlisted in pool/main:\nlisted in dists/birch:"_s);
     }
 
     void showsFoldersThatAreMadeAnew()
