@@ -287,7 +287,7 @@ void tellReader(const Repository &repository)
         throw Failure("READER");
 }
 
-/** Has the command load what refuses hidden names. */
+/** Has the command load what refuses hidden names and clients that take too many connections. */
 void preload()
 {
     // One that cannot be loaded would be left out without a failure.

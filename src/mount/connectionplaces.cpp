@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Keeps one client from taking all connections of the server that loads this library: lighttpd knows no limit for each
+// address. Connections are counted by the process that accepts them, for as long as it has them open.
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+
+#include <arpa/inet.h>
+#include <dlfcn.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace
+{
+/** CONNECTIONS_PER_ADDRESS says how many, if it is a positive number. */
+constexpr long DefaultLimit = 100;
+constexpr std::time_t SecondsBetweenWarnings = 60;
+
+/** Who is at the other end, by the number of the descriptor, which the units keep below this; 0: it is none of these. */
+std::array<in_addr_t, 16384> peers = {};
+
+long limit()
+{
+    const char *const text = ::getenv("CONNECTIONS_PER_ADDRESS");
+    const long number = text == nullptr ? 0 : std::strtol(text, nullptr, 10);
+    return number > 0 ? number : DefaultLimit;
+}
+
+/** Seldom, so that a client cannot fill the log. */
+void warn(in_addr address, long most)
+{
+    static std::time_t last = 0;
+    timespec now = {};
+    ::clock_gettime(CLOCK_MONOTONIC, &now);
+    if (last != 0 && now.tv_sec - last < SecondsBetweenWarnings)
+        return;
+    last = now.tv_sec;
+    std::array<char, INET_ADDRSTRLEN> text = {};
+    ::inet_ntop(AF_INET, &address, text.data(), text.size());
+    ::dprintf(STDERR_FILENO, "%s has %ld connections open and gets no more.\n", text.data(), most);
+}
+
+/** The connection, or what accept() returns for one that is gone again: its address has no place left. */
+int admitted(int connection)
+{
+    const long most = limit();
+    sockaddr_in peer = {};
+    socklen_t size = sizeof peer;
+    if (connection < 0 || static_cast<std::size_t>(connection) >= peers.size()
+        || ::getpeername(connection, reinterpret_cast<sockaddr *>(&peer), &size) != 0
+        || peer.sin_family != AF_INET)
+        return connection;
+    if (std::count(peers.begin(), peers.end(), peer.sin_addr.s_addr) < most) {
+        peers[static_cast<std::size_t>(connection)] = peer.sin_addr.s_addr;
+        return connection;
+    }
+    warn(peer.sin_addr, most);
+    ::close(connection);
+    errno = ECONNABORTED;
+    return -1;
+}
+
+/** The C library's function of this name and type. */
+template <typename Function>
+Function *original(Function * /*type*/, const char *name)
+{
+    return reinterpret_cast<Function *>(::dlsym(RTLD_NEXT, name));
+}
+} // namespace
+
+#define VELT_FUNCTION extern "C" __attribute__((visibility("default")))
+
+VELT_FUNCTION int accept(int socket, sockaddr *address, socklen_t *size)
+{
+    return admitted(original(&accept, "accept")(socket, address, size));
+}
+
+VELT_FUNCTION int accept4(int socket, sockaddr *address, socklen_t *size, int flags)
+{
+    return admitted(original(&accept4, "accept4")(socket, address, size, flags));
+}
+
+VELT_FUNCTION int close(int descriptor)
+{
+    if (descriptor >= 0 && static_cast<std::size_t>(descriptor) < peers.size())
+        peers[static_cast<std::size_t>(descriptor)] = 0;
+    return original(&close, "close")(descriptor);
+}
