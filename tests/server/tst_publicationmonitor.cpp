@@ -3,6 +3,7 @@
 #include "server/localsourceswatch.h"
 #include "server/publicationmonitor.h"
 #include "server/publicationrules.h"
+#include "server/reposervers.h"
 #include "support/literals.h"
 #include "support/privatebus.h"
 #include "support/testenvironment.h"
@@ -51,6 +52,18 @@ struct Gate
     }
 };
 
+/** A server whose settings name no port. */
+class PortlessServer final : public RepoServer
+{
+public:
+    bool publish(const QString & /*path*/, int /*port*/) override { return false; }
+    bool unpublish(int /*port*/) override { return false; }
+    std::optional<PublicationState> state(int /*port*/) override { return {}; }
+    bool restore(int /*port*/, const PublicationState & /*state*/) override { return false; }
+    bool isPublished(int /*port*/) override { return false; }
+    QList<PublishedRepo> publishedRepos() override { return {{0, "FTP"_s, "/srv/a"_s}}; }
+    QString log() override { return {}; }
+};
 } // namespace
 
 class PublicationMonitorTest : public QObject
@@ -111,6 +124,15 @@ private Q_SLOTS:
         PublicationMonitor(Gate::reader(gate), {}, nullptr).refresh();
         gate->allow(1);
         QTRY_COMPARE(gate->count(&Gate::ended), 5);
+    }
+
+    void portOfAnFtpServerThatNamesNone()
+    {
+        RepoServers::Servers servers;
+        servers.emplace(FtpProtocol, std::make_unique<PortlessServer>());
+        PublicationMonitor monitor(std::make_shared<const RepoServers>(std::move(servers)), nullptr);
+        QTRY_VERIFY(monitor.isKnown());
+        QCOMPARE(monitor.publications().constFirst().repo.port, 21);
     }
 
     void whatCallsForAReading()
