@@ -70,11 +70,18 @@ std::optional<PublicationSettings> PublicationSettings::find(const QSettings &se
 {
     const QList<int> ports = busyPorts(settings);
     for (const int port : ports) {
-        const PublicationSettings stored = load(settings, port);
-        if (isAmong(stored.repoPath, spellings))
+        if (const auto stored = find(settings, spellings, port))
             return stored;
     }
     return std::nullopt;
+}
+
+std::optional<PublicationSettings>
+PublicationSettings::find(const QSettings &settings, const QStringList &spellings, int port)
+{
+    const PublicationSettings stored = load(settings, port);
+    const bool isFound = busyPorts(settings).contains(port) && isAmong(stored.repoPath, spellings);
+    return isFound ? std::optional(stored) : std::nullopt;
 }
 
 void PublicationSettings::claim(QSettings &settings) const
@@ -114,13 +121,17 @@ void PublicationSettings::storePorts(QSettings &settings, const QList<int> &port
 
 bool PublicationSettings::applyLive(const QVector<Publication> &publications)
 {
-    const auto live
-        = std::find_if(publications.cbegin(), publications.cend(), [this](const Publication &publication) {
-              return !repoPath.isEmpty() && publication.repo.path == repoPath;
-          });
-    if (live == publications.cend())
+    const auto rank = [this](const Publication &one) {
+        if (repoPath.isEmpty() || one.repo.path != repoPath)
+            return 0;
+        const bool isChosen = one.protocol == protocol && one.port() == port;
+        return 1 + (isChosen ? 1 : 0) + (one.isRunning() ? 2 : 0);
+    };
+    const auto isBelow = [&rank](const Publication &a, const Publication &b) { return rank(a) < rank(b); };
+    const auto live = std::max_element(publications.cbegin(), publications.cend(), isBelow);
+    if (live == publications.cend() || rank(*live) == 0)
         return false;
     protocol = live->protocol;
-    port = live->repo.port;
+    port = live->port();
     return true;
 }

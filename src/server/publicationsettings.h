@@ -40,6 +40,9 @@ struct PublicationSettings
      * own. They are compared as texts, since a directory that is kept may lie on a disk that does not answer.
      */
     static std::optional<PublicationSettings> find(const QSettings &settings, const QStringList &spellings);
+    /** What is kept for it under this port. */
+    static std::optional<PublicationSettings>
+    find(const QSettings &settings, const QStringList &spellings, int port);
 
     /** Takes the port, which must be a valid one, and keeps everything under it, whoever had it before. */
     void claim(QSettings &settings) const;
@@ -47,8 +50,9 @@ struct PublicationSettings
     static void release(QSettings &settings, const QStringList &spellings, const QList<int> &kept = {});
 
     /**
-     * Takes protocol and port of the first publication of this repository: where the system and the settings
-     * disagree, the system is right. False when it is not published. The paths must be canonical.
+     * Takes protocol and port of a publication of this repository: where the system and the settings disagree, the
+     * system is right. One that runs goes before one that does not, then the one that is named here already, then the
+     * first. False when it is not published. The paths must be canonical.
      */
     bool applyLive(const QVector<Publication> &publications);
 

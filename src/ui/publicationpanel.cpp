@@ -125,13 +125,18 @@ void PublicationPanel::restore(const PublicationSettings &settings)
     const int architecture = m_ui.m_publishArchComboBox->findText(settings.architectures);
     if (architecture >= 0)
         m_ui.m_publishArchComboBox->setCurrentIndex(architecture);
-    m_ui.m_srvTypeComboBox->setCurrentIndex(m_ui.m_srvTypeComboBox->findData(settings.protocol));
-    m_type = m_ui.m_srvTypeComboBox->currentIndex();
-    m_ui.m_httpPortSpinBox->setValue(settings.port);
+    showPlace(settings.protocol, settings.port);
     if (!settings.host.isEmpty()) {
         m_ui.m_ipAddrComboBox->setCurrentText(settings.host);
         m_addressChosen = true;
     }
+}
+
+void PublicationPanel::showPlace(int protocol, int port)
+{
+    m_ui.m_srvTypeComboBox->setCurrentIndex(m_ui.m_srvTypeComboBox->findData(protocol));
+    m_type = m_ui.m_srvTypeComboBox->currentIndex();
+    m_ui.m_httpPortSpinBox->setValue(port);
 }
 
 PublicationSettings PublicationPanel::choice() const
@@ -148,13 +153,15 @@ PublicationSettings PublicationPanel::choice() const
     return choice;
 }
 
-void PublicationPanel::claim()
+void PublicationPanel::claim(int protocol, int port)
 {
+    // Meanwhile the fields may have gone to another publication of the repository.
+    showPlace(protocol, port);
     m_published = choice();
     QSettings settings;
     QList<int> served{m_published->port};
     for (const Publication &publication : qAsConst(m_live))
-        served << publication.repo.port;
+        served << publication.port();
     PublicationSettings::release(settings, {m_repoPath, m_shell.place()}, served);
     m_published->claim(settings);
 }
@@ -171,7 +178,8 @@ void PublicationPanel::saveChoices()
     m_published->repoPath = m_shell.place();
     m_published->trusted = m_ui.m_trustedCheckBox->isChecked();
     m_published->architectures = m_ui.m_publishArchComboBox->currentText();
-    if (m_ui.m_srvTypeComboBox->currentIndex() >= 0)
+    // What is shown with another port is not the server type of this one.
+    if (m_ui.m_srvTypeComboBox->currentIndex() >= 0 && m_ui.m_httpPortSpinBox->value() == m_published->port)
         m_published->protocol = m_ui.m_srvTypeComboBox->currentData().toInt();
     if (isAddressComplete())
         m_published->host = m_ui.m_ipAddrComboBox->currentText();
@@ -256,22 +264,29 @@ void PublicationPanel::copySourceLine()
 void PublicationPanel::showPublications(bool known, const QVector<Publication> &publications)
 {
     const bool isNew = publications != m_live;
+    const bool isFirst = m_live.isEmpty();
     m_isPublishingKnown = known;
     m_live = publications;
     // Only news of this repository: what is being typed must not go because of another one.
     if (isNew)
-        followLive();
+        followLive(isFirst);
     showState();
 }
 
-void PublicationPanel::followLive()
+void PublicationPanel::followLive(bool isFirst)
 {
     PublicationSettings settings = choice();
     if (!settings.applyLive(m_live))
         return;
-    m_ui.m_srvTypeComboBox->setCurrentIndex(m_ui.m_srvTypeComboBox->findData(settings.protocol));
-    m_type = m_ui.m_srvTypeComboBox->currentIndex();
-    m_ui.m_httpPortSpinBox->setValue(settings.port);
+    // The other choices belong to the port. Later they are the user's, who may be about to publish with them.
+    if (isFirst && (!m_published || m_published->port != settings.port)) {
+        if (const auto kept
+            = PublicationSettings::find(QSettings(), {m_repoPath, m_shell.place()}, settings.port)) {
+            m_published = kept;
+            restore(*kept);
+        }
+    }
+    showPlace(settings.protocol, settings.port);
 }
 
 void PublicationPanel::showState()

@@ -36,8 +36,8 @@ public:
     PublicationSettings choice() const;
     /** The source line that is shown; empty while something is missing for it. */
     QString sourceLine() const;
-    /** Keeps the choices under their port: the repository is published so. */
-    void claim();
+    /** Keeps the choices under this port, and shows it: the repository is published so. */
+    void claim(int protocol, int port);
     void setPort(int port);
     /** Opens the choice of the server type. */
     void askServerType();
@@ -86,6 +86,7 @@ private:
     void update();
     QString builtLine() const;
     QString whatIsMissing() const;
-    void followLive();
+    void followLive(bool isFirst);
+    void showPlace(int protocol, int port);
     void showState();
 };

@@ -280,7 +280,7 @@ void PublishCommand::finish(const Request &request, bool done)
         explainFailure(request);
         return;
     }
-    request.widget->publicationPanel()->claim();
+    request.widget->publicationPanel()->claim(request.wanted.protocol, request.wanted.port);
     renewKeptPorts();
     if (request.widget == m_tabs.current())
         request.widget->showPublication();

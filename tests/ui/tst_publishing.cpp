@@ -2,6 +2,7 @@
 #include "e2e/windowdriver.h"
 #include "platform/desktopintegration.h"
 #include "server/publicationmonitor.h"
+#include "server/publicationsettings.h"
 #include "server/veltadminrepointerface.h"
 #include "support/lists.h"
 #include "support/privatebus.h"
@@ -232,6 +233,48 @@ private Q_SLOTS:
         QCOMPARE(state(), "Not published"_s);
         QCOMPARE(action("m_publishRepoAction")->toolTip(), "Publish repository"_s);
         QVERIFY(action("m_publishRepoAction")->isEnabled());
+    }
+
+    void publishesOnceMore_data()
+    {
+        QTest::addColumn<int>("protocol");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<int>("afterwards");
+        QTest::newRow("beside one that runs") << int(HttpProtocol) << "active"_s << 8000;
+        QTest::newRow("over FTP too") << int(FtpProtocol) << "active"_s << 8000;
+        QTest::newRow("instead of one that has failed") << int(HttpProtocol) << "failed"_s << 8001;
+    }
+
+    void publishesOnceMore()
+    {
+        QFETCH(int, protocol);
+        QFETCH(QString, before);
+        const QString repo = makeRepository("one"_s);
+        QSettings store;
+        PublicationSettings{8000, repo, false, "amd64"_s, HttpProtocol, "10.1.1.1"_s}.claim(store);
+        m_helper->setPicture({{{{8000, "HTTP"_s, repo}, HttpProtocol, before, true}}, {}});
+        start({repo});
+        QTRY_COMPARE(field<QSpinBox>("m_httpPortSpinBox")->value(), 8000);
+        choose(0, protocol, 8001);
+        field<QCheckBox>("m_trustedCheckBox")->setChecked(true);
+        const Script agreed{inDialog<QMessageBox>(
+            "Rewrite confirmation"_s, [](QMessageBox &dialog) { return press(dialog, "Yes"_s); })};
+        action("m_publishRepoAction")->trigger();
+        QTRY_COMPARE(m_driver->message(), "Repository is published."_s);
+        QCOMPARE(agreed.isDone(), protocol == FtpProtocol);
+        QCOMPARE(field<QSpinBox>("m_httpPortSpinBox")->value(), 8001);
+        QCOMPARE(field<QComboBox>("m_srvTypeComboBox")->currentData().toInt(), protocol);
+        m_driver.reset();
+        QCOMPARE(PublicationSettings::busyPorts(store), (QList<int>{8000, 8001}));
+        const auto first = PublicationSettings::load(store, 8000);
+        const auto second = PublicationSettings::load(store, 8001);
+        QVERIFY(!first.trusted && first.protocol == HttpProtocol && first.repoPath == repo);
+        QVERIFY(second.trusted && second.protocol == protocol && second.repoPath == repo);
+
+        start({repo});
+        QTEST(field<QSpinBox>("m_httpPortSpinBox")->value(), "afterwards");
+        QCOMPARE(field<QCheckBox>("m_trustedCheckBox")->isChecked(),
+                 field<QSpinBox>("m_httpPortSpinBox")->value() == 8001);
     }
 
     /** A tool tip takes what looks like markup for markup. */
