@@ -188,5 +188,7 @@ QString FtpServer::log()
 
 bool FtpServer::isConfiguredByUs() const
 {
-    return VsftpdConfig::isOurs(configText(SystemFile::read(m_configPath)));
+    const QString config = configText(SystemFile::read(m_configPath));
+    return VsftpdConfig::isOurs(config)
+           || VsftpdConfig::isGuarded(config, configText(SystemFile::read(m_guardPath)));
 }

@@ -37,8 +37,8 @@ public:
     /** There is none. */
     QString log() override;
 
-    /** Whether the configuration that is there was written by publish(). */
-    bool isConfiguredByUs() const;
+    /** Also when the administrator has added lines to what publish() has written. */
+    bool isConfiguredByUs() const override;
 
 private:
     QString m_configPath;

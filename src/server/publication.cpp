@@ -19,7 +19,8 @@ int Publication::port() const
 bool Publication::operator==(const Publication &other) const
 {
     return repo.port == other.repo.port && repo.type == other.repo.type && repo.path == other.repo.path
-           && protocol == other.protocol && state == other.state && isThere == other.isThere;
+           && protocol == other.protocol && state == other.state && isThere == other.isThere
+           && isForeign == other.isForeign;
 }
 
 QString Publication::placeOf(const QString &path)

@@ -11,6 +11,7 @@ struct Publication
     int protocol = HttpProtocol;
     QString state; ///< the service's: "active", "failed", "inactive" and so on; empty when it cannot be told
     bool isThere = true; ///< its directory exists
+    bool isForeign = false; ///< somebody else has set up its server, which is not ours to stop
 
     /** Whether it is served, or may be: a state that cannot be told counts as running. */
     bool isRunning() const;

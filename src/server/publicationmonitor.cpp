@@ -48,7 +48,11 @@ PublicationMonitor::Picture read(const RepoServers &servers)
         const QList<PublishedRepo> repos = server->publishedRepos();
         for (PublishedRepo repo : repos) {
             repo.path = Publication::placeOf(repo.path);
-            Publication publication{repo, protocol, stateOf(repo, protocol), QFileInfo(repo.path).isDir()};
+            Publication publication{repo,
+                                    protocol,
+                                    stateOf(repo, protocol),
+                                    QFileInfo(repo.path).isDir(),
+                                    !server->isConfiguredByUs()};
             publication.repo.port = publication.port();
             picture.publications += publication;
         }

@@ -47,6 +47,8 @@ public:
     virtual bool restore(int port, const PublicationState &state) = 0;
     virtual bool isPublished(int port) = 0;
     virtual QList<PublishedRepo> publishedRepos() = 0;
+    /** Whether what is served was set up by publish(); else it is somebody else's, and not to be stopped. */
+    virtual bool isConfiguredByUs() const { return true; }
     /** The log of the last publication made through this object; empty when there is none. */
     virtual QString log() = 0;
 

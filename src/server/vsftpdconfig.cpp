@@ -16,6 +16,21 @@ QString keysOf(const QString &config)
         keys += line.section(QLatin1Char('='), 0, 0) + QLatin1Char(' ');
     return keys;
 }
+
+/** What vsftpd takes for a yes. */
+bool isSet(const QString &config, const QString &key, bool usual)
+{
+    const QString value = IniValue::find(config, {}, key).toUpper();
+    return value.isEmpty() ? usual
+                           : value == QLatin1String("YES") || value == QLatin1String("TRUE")
+                                 || value == QLatin1String("1");
+}
+
+/** How a guard recognises the configuration that it is for. */
+QString condition(const QString &path)
+{
+    return QStringLiteral("grep -qxF 'anon_root=%1' /etc/vsftpd.conf").arg(path);
+}
 } // namespace
 
 namespace VsftpdConfig
@@ -42,7 +57,7 @@ QString guard(const QString &path)
 [Service]
 RuntimeDirectory=velt-admin-repo-ftp
 ExecStart=
-ExecStart=/bin/sh -c "grep -qxF 'anon_root=%1' /etc/vsftpd.conf \
+ExecStart=/bin/sh -c "%4 \
     || if [ \"$$(cut -d= -f1 /etc/vsftpd.conf | tr '\\n' ' ')\" = '%2' ]; \
     then echo 'Another directory is to be published than %1.' >&2; exit 1; \
     else exec /usr/sbin/vsftpd /etc/vsftpd.conf; fi; \
@@ -77,13 +92,21 @@ SystemCallErrorNumber=EPERM
 SystemCallFilter=@system-service @mount
 SystemCallFilter=~@resources
 )")
-        .arg(path, keysOf(text(path, 0)), QStringLiteral(VELT_LIBEXECDIR));
+        .arg(path, keysOf(text(path, 0)), QStringLiteral(VELT_LIBEXECDIR), condition(path));
 }
 
 bool isOurs(const QString &config)
 {
     const PublishedRepo repo = read(config);
     return config == text(repo.path, repo.port);
+}
+
+bool isGuarded(const QString &config, const QString &guard)
+{
+    const QString path = read(config).path;
+    return !path.isEmpty() && guard.contains(condition(path))
+           && isSet(config, QStringLiteral("anonymous_enable"), true)
+           && !isSet(config, QStringLiteral("local_enable"), false);
 }
 
 PublishedRepo read(const QString &config)

@@ -14,8 +14,13 @@ QString text(const QString &path, int port);
  * server with another configuration is started as ever.
  */
 QString guard(const QString &path);
-/** Whether it is one that text() gives; any other belongs to the machine's administrator. */
+/** Whether it is one that text() gives; any other holds something of the machine's administrator. */
 bool isOurs(const QString &config);
+/**
+ * Whether it offers, to everybody and to nobody else, the directory that `guard` is for: it is one that text() gave,
+ * with lines of the administrator's. Users of this machine who are let in use the server for something else.
+ */
+bool isGuarded(const QString &config, const QString &guard);
 /** What it offers to everybody; the port is 0 when none is named. */
 PublishedRepo read(const QString &config);
 /** Whether it speaks of this port. The start of a longer number counts too. */

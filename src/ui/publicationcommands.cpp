@@ -197,6 +197,17 @@ void PublicationCommands::end(const Publication &publication,
                               RepoWidget *tab,
                               const std::function<void(bool)> &answer)
 {
+    if (publication.isForeign) {
+        m_feedback.error(
+            tr("The repository is not unpublished!"),
+            tr("The file /etc/vsftpd.conf was written by somebody else, or lets other users in, too. The FTP "
+               "server may serve more than the repository and is not stopped. The administrator can stop it: "
+               "systemctl disable --now vsftpd"),
+            RepoEnums::WARNING);
+        if (answer)
+            answer(false);
+        return;
+    }
     const QPointer<RepoWidget> guard(tab);
     const bool hadTab = tab != nullptr;
     const std::optional<QStringList> lines

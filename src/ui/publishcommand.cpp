@@ -341,7 +341,7 @@ void PublishCommand::unpublish(const Publication &publication, RepoWidget *tab, 
                 m_feedback.endWaiting(widget,
                                       isOver ? tr("Repository is unpublished.") : QString(),
                                       isOver ? QString() : tr("The repository is not unpublished!"),
-                                      done ? whyListed(publication) : QString());
+                                      done ? whyListed(publication) : whereReasonsAre());
                 m_tabs.setWaiting(widget, false);
                 if (answer)
                     answer(isOver);
@@ -372,7 +372,9 @@ void PublishCommand::endWithoutTab(const Publication &publication,
     } else {
         m_feedback.error(result.errorText.isEmpty() ? tr("The repository is not unpublished!")
                                                     : result.errorText,
-                         result.done ? whyListed(publication) : result.details);
+                         result.done                  ? whyListed(publication)
+                         : result.errorText.isEmpty() ? whereReasonsAre()
+                                                      : result.details);
     }
     if (answer)
         answer(isOver);
@@ -390,4 +392,10 @@ QString PublishCommand::whyListed(const Publication &publication)
 {
     return tr("The service %1 could not be stopped. \"systemctl status %1\" tells more.")
         .arg(serviceOf(publication.protocol, publication.repo.port));
+}
+
+QString PublishCommand::whereReasonsAre()
+{
+    return tr("The system refused. The administrator finds the reason in its journal: "
+              "journalctl -u velt-admin-repo-helper");
 }

@@ -78,6 +78,7 @@ private:
     /** Whether the system still has it; as of the last reading. */
     bool isListed(const Publication &publication) const;
     static QString whyListed(const Publication &publication);
+    static QString whereReasonsAre();
 
     RepoTabs &m_tabs;
     Prompts &m_prompts;

@@ -276,6 +276,24 @@ private Q_SLOTS:
         QCOMPARE(box("ls -d /etc/systemd/system/vsftpd* || true"_s), QString());
     }
 
+    void endsWhatTheAdministratorHasAddedTo()
+    {
+        const QString added = "# for the firewall\npasv_min_port=30000\npasv_max_port=30010"_s;
+        QCOMPARE(publish(openRepo, 2121, 1), "b true"_s);
+        QCOMPARE(box("sed -i /listen_port/d /etc/vsftpd.conf; printf '%s\n' \"$1\" >>/etc/vsftpd.conf; "
+                     "systemctl restart vsftpd; sleep 0.5; curl -s -l ftp://127.0.0.1/ | sort | xargs"_s,
+                     {added}),
+                 "dists pool"_s);
+        // Where his users are let in, too, the server is not ours to stop.
+        QCOMPARE(box("echo local_enable=YES >>/etc/vsftpd.conf"_s), QString());
+        QCOMPARE(unpublish(21, 1), "b false"_s);
+        QCOMPARE(box("systemctl is-active vsftpd; sed -i '$d' /etc/vsftpd.conf"_s), "active"_s);
+        QCOMPARE(unpublish(21, 1), "b true"_s);
+        QCOMPARE(box("systemctl is-active vsftpd || true; ls -d /etc/systemd/system/vsftpd* || true; "
+                     "tail -n 3 /etc/vsftpd.conf"_s),
+                 QString("inactive\n"_s + added));
+    }
+
     void leavesTheUnitOfAServiceThatGoesOn_data()
     {
         QTest::addColumn<QString>("service");

@@ -46,6 +46,8 @@ void checkPath(const QString &path, int port, const QString &unitTemplate)
     FUZZ_EQUAL(VsftpdConfig::read(config).path, path);
     FUZZ_RULE(VsftpdConfig::read(config).port == port);
     FUZZ_RULE(!VsftpdConfig::isOurs(config + QLatin1Char('x')));
+    FUZZ_RULE(VsftpdConfig::isGuarded(QLatin1String("# more\n") + config, VsftpdConfig::guard(path)));
+    FUZZ_RULE(!VsftpdConfig::isGuarded(config, VsftpdConfig::guard(path + QLatin1Char('x'))));
 
     // The program's own line is one that the helper takes and that is read back as it was.
     SourceLine line;

@@ -277,6 +277,39 @@ private Q_SLOTS:
                  field<QSpinBox>("m_httpPortSpinBox")->value() == 8001);
     }
 
+    void leavesWhatOthersHaveSetUp()
+    {
+        const QString repo = makeRepository("one"_s);
+        m_helper->setPicture({{{{21, "FTP"_s, repo}, FtpProtocol, "active"_s, true, true}}, {}});
+        start({repo});
+        QTRY_VERIFY(action("m_unpublishRepoAction")->isEnabled());
+        QString said;
+        const auto told = inDialog<QMessageBox>("Warning"_s, [&said](QMessageBox &dialog) {
+            said = dialog.text() + dialog.informativeText() + dialog.detailedText();
+            return press(dialog, "OK"_s);
+        });
+        const Script refused{told};
+        action("m_unpublishRepoAction")->trigger();
+        QTRY_VERIFY(refused.isDone());
+        QVERIFY2(said.contains("/etc/vsftpd.conf was written by somebody else"_s), qPrintable(said));
+        const Script kept{
+            answer("Remove confirmation"_s, "Yes"_s), answer("Remove confirmation"_s, "Yes"_s), told};
+        action("m_removeRepoAction")->trigger();
+        QTRY_VERIFY(kept.isDone());
+        QVERIFY(m_helper->calls.isEmpty() && QFileInfo::exists(repo + "/conf"_s));
+
+        // What is ours and cannot be stopped has a reason, too.
+        m_helper->setPicture({{{{21, "FTP"_s, repo}, FtpProtocol, "active"_s, true}}, {}});
+        m_helper->goesOn = true;
+        m_helper->succeeds = false;
+        m_monitor->refresh();
+        QTRY_VERIFY(!m_monitor->publications().constFirst().isForeign);
+        const Script failed{answer("Error"_s, "OK"_s)};
+        action("m_unpublishRepoAction")->trigger();
+        QTRY_VERIFY(failed.isDone());
+        QVERIFY(m_driver->log().contains("journalctl -u velt-admin-repo-helper"_s));
+    }
+
     /** A tool tip takes what looks like markup for markup. */
     void namesAreNoMarkup()
     {
