@@ -15,6 +15,7 @@
 #include "ui/repotabs.h"
 #include "ui/repowidget.h"
 
+#include <QFileInfo>
 #include <QSettings>
 
 #include <algorithm>
@@ -252,10 +253,11 @@ void PublishCommand::makeRoom(const Request &request)
         });
 }
 
-void PublishCommand::askSystem(const Request &request)
+void PublishCommand::askSystem(Request request)
 {
     if (!goesOn(request))
         return;
+    request.asked = QDateTime::currentDateTimeUtc();
     request.widget->repoShell()->publishRepo(
         request.wanted.port, request.wanted.protocol, [this, request](bool done) {
             if (!goesOn(request))
@@ -293,27 +295,30 @@ void PublishCommand::explainFailure(const Request &request)
 {
     QString log
         = request.wanted.protocol == HttpProtocol ? HttpServer::logFile(request.wanted.port) : QString();
-    aside(
-        this,
-        [log] { return LogTail::read(log); },
-        [this, request, log](const QString &text) {
-            if (!goesOn(request))
-                return;
-            constexpr int MostLines = 20;
-            const QStringList lines = text.trimmed().split(QLatin1Char('\n'));
-            const QString details
-                = text.trimmed().isEmpty()
-                      ? tr("The service did not start, or ended at once. \"systemctl status %1\" tells more.")
-                            .arg(serviceOf(request.wanted.protocol, request.wanted.port))
-                      : tr("The end of the server's log %1:").arg(log) + QLatin1Char('\n')
-                            + lines.mid(qMax(0, lines.size() - MostLines)).join(QLatin1Char('\n'));
-            // Without a bus, nobody can tell what is published.
-            m_feedback.endWaiting(request.widget,
-                                  HelperClient::isReachable() ? tr("Repository is unpublished.") : QString(),
-                                  tr("The repository is not published!"),
-                                  details);
-            m_tabs.setWaiting(request.widget, false);
-        });
+    // A server that has not come to write has left the log of an earlier one.
+    const auto read = [log, asked = request.asked] {
+        const QFileInfo file(log);
+        return file.exists() && file.lastModified() >= asked ? LogTail::read(log) : QString();
+    };
+    aside(this, read, [this, request, log](const QString &text) {
+        if (!goesOn(request))
+            return;
+        constexpr int MostLines = 20;
+        const QStringList lines = text.trimmed().split(QLatin1Char('\n'));
+        const QString details
+            = text.trimmed().isEmpty()
+                  ? tr("The service did not start, or ended at once. The administrator finds the reason in "
+                       "the system's journal: journalctl -u %1 -u velt-admin-repo-helper")
+                        .arg(serviceOf(request.wanted.protocol, request.wanted.port))
+                  : tr("The end of the server's log %1:").arg(log) + QLatin1Char('\n')
+                        + lines.mid(qMax(0, lines.size() - MostLines)).join(QLatin1Char('\n'));
+        // Without a bus, nobody can tell what is published.
+        m_feedback.endWaiting(request.widget,
+                              HelperClient::isReachable() ? tr("Repository is unpublished.") : QString(),
+                              tr("The repository is not published!"),
+                              details);
+        m_tabs.setWaiting(request.widget, false);
+    });
 }
 
 // --- the way back ------------------------------------------------------------------------------------------------

@@ -6,6 +6,7 @@
 #include "server/publicationmonitor.h"
 #include "server/publicationrules.h"
 
+#include <QDateTime>
 #include <QHash>
 #include <QObject>
 #include <QPointer>
@@ -52,6 +53,7 @@ private:
         QPointer<RepoWidget> widget;
         PublicationRequest wanted;
         PublicationRules rules; ///< as of the last look at the system
+        QDateTime asked = {}; ///< when the system was asked to publish
     };
 
     // The steps of publishing, in this order. Each goes on with the next or gives up.
@@ -62,7 +64,7 @@ private:
     void openUp(const Request &request);
     void confirm(const Request &request);
     void makeRoom(const Request &request);
-    void askSystem(const Request &request);
+    void askSystem(Request request);
     void finish(const Request &request, bool done);
     void explainFailure(const Request &request);
 

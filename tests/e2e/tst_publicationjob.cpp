@@ -369,31 +369,37 @@ private Q_SLOTS:
         QTest::addColumn<QString>("obstacle");
         QTest::addColumn<QString>("relief");
         QTest::addColumn<int>("protocol");
+        QTest::addColumn<QString>("reason");
         const QString taken
             = "systemd-run -q --unit=other --service-type=exec /usr/bin/python3 -m http.server 8082; "
               "until curl -s -o /dev/null http://127.0.0.1:8082/; do sleep 0.1; done"_s;
         const QString freed = "systemctl stop other"_s;
-        QTest::newRow("HTTP, port taken") << taken << freed << 0;
-        QTest::newRow("FTP, port taken") << taken << freed << 1;
-        QTest::newRow("FTP, port taken, another runs") << taken << freed << 1;
-        QTest::newRow("HTTP, no server") << "chmod -x /usr/sbin/lighttpd"_s
-                                         << "chmod +x /usr/sbin/lighttpd"_s << 0;
-        QTest::newRow("FTP, no server") << "chmod -x /usr/sbin/vsftpd"_s
-                                        << "chmod +x /usr/sbin/vsftpd"_s << 1;
+        QTest::newRow("HTTP, port taken") << taken << freed << 0 << "Address already in use"_s;
+        QTest::newRow("FTP, port taken")
+            << taken << freed << 1 << "vsftpd.service: Failed with result 'exit-code'"_s;
+        QTest::newRow("FTP, port taken, another runs")
+            << taken << freed << 1 << "vsftpd.service: Failed with result 'exit-code'"_s;
+        QTest::newRow("HTTP, no server")
+            << "chmod -x /usr/sbin/lighttpd"_s
+            << "chmod +x /usr/sbin/lighttpd"_s << 0 << "failed to execute /usr/sbin/lighttpd"_s;
+        QTest::newRow("FTP, no server")
+            << "chmod -x /usr/sbin/vsftpd"_s
+            << "chmod +x /usr/sbin/vsftpd"_s << 1 << "failed to execute /usr/sbin/vsftpd"_s;
         QTest::newRow("HTTP, server crashes")
             << "printf '#!/usr/bin/perl\nprint unpack \"p\", pack \"J\", 1;\n' >/run/crash; chmod +x "
                "/run/crash; "
                "mount --bind /run/crash /usr/sbin/lighttpd"_s
             << "umount /usr/sbin/lighttpd; journalctl -u public-repo-8082 -o cat | grep -c status=11/SEGV >/dev/null"_s
-            << 0;
+            << 0 << "status=11/SEGV"_s;
         QTest::newRow("HTTP, masked")
             << "systemctl -q mask public-repo-8082"_s
             << "test -L /etc/systemd/system/public-repo-8082.service; systemctl -q unmask public-repo-8082"_s
-            << 0;
+            << 0 << "it is a link or no regular file"_s;
         QTest::newRow("units cannot be written")
             << "mount --bind /etc/systemd/system /etc/systemd/system; "
                "mount -o remount,bind,ro /etc/systemd/system; systemctl stop velt-admin-repo-helper"_s
-            << "systemctl stop velt-admin-repo-helper; umount /etc/systemd/system"_s << 0;
+            << "systemctl stop velt-admin-repo-helper; umount /etc/systemd/system"_s << 0
+            << "Read-only file system"_s;
     }
 
     void leavesEverythingWhenItFails()
@@ -401,15 +407,22 @@ private Q_SLOTS:
         QFETCH(QString, obstacle);
         QFETCH(QString, relief);
         QFETCH(int, protocol);
+        QFETCH(QString, reason);
         const bool anotherRuns = QByteArray(QTest::currentDataTag()).endsWith("runs");
         box("printf 'listen=YES\n# by hand\n' >/etc/vsftpd.conf; rm -f /etc/vsftpd.conf.velt*; systemctl %1 vsftpd"_s
                 .arg(anotherRuns ? "start"_s : "stop"_s));
         const QString before = m_system.state();
         QCOMPARE(box(obstacle), QString());
+        const QString journal = "journalctl --sync; journalctl -q -o cat --cursor-file=/run/cursor"_s;
+        box(journal);
         const QString told = publish(openRepo, 8082, protocol);
         QCOMPARE(box(relief), QString());
         QCOMPARE(told, "b false"_s);
         QCOMPARE(m_system.state(), before);
+        // Although the unit has gone, the reason can be looked up: in the log of this very start, or in the journal.
+        const QString logs
+            = box("[ \"$1\" = 1 ] || cat /tmp/http8082.log; "_s + journal, {QString::number(protocol)});
+        QVERIFY2(logs.contains(reason), qPrintable(logs));
 
         // Nothing that was left over is in the way of the next attempt.
         QCOMPARE(publish(openRepo, 8082, protocol), "b true"_s);

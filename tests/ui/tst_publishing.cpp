@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "e2e/windowdriver.h"
 #include "platform/desktopintegration.h"
+#include "server/httpserver.h"
 #include "server/publicationmonitor.h"
 #include "server/publicationsettings.h"
 #include "server/veltadminrepointerface.h"
@@ -36,6 +37,7 @@ public:
     bool succeeds = true;
     bool goesOn = false; ///< what is to be unpublished
     bool holds = false; ///< the answer, until it is released
+    QByteArray serverLog; ///< what the server that is started writes before it ends
 
     PublicationMonitor::Picture picture() const
     {
@@ -57,6 +59,8 @@ public Q_SLOTS:
             now.publications
                 += {{port, protocol == 0 ? "HTTP"_s : "FTP"_s, path}, protocol, "active"_s, true};
         setPicture(now);
+        if (!serverLog.isEmpty())
+            writeFile(HttpServer::logFile(port), serverLog);
         return answer("publish %1 %2 %3"_s.arg(path).arg(port).arg(protocol));
     }
     bool UnpublishRepo(int port, int protocol)
@@ -339,6 +343,8 @@ private Q_SLOTS:
                               << "publish"_s;
         QTest::newRow("fails") << 0 << "Error|OK|did not start"_list
                                << "publish"_s;
+        QTest::newRow("ends") << 0 << "Error|OK|the port is taken"_list
+                              << "publish"_s;
     }
 
     void whatStandsInTheWay()
@@ -355,8 +361,19 @@ private Q_SLOTS:
             m_helper->refusal = "org.freedesktop.DBus.Error.AccessDenied"_s;
         if (is("dies"))
             m_helper->refusal = "org.freedesktop.DBus.Error.NoReply"_s;
-        m_helper->succeeds = !is("fails");
-        const int port = is("fails") ? 64999 : 8000;
+        m_helper->succeeds = !is("fails") && !is("ends");
+        const int port = m_helper->succeeds ? 8000 : 64999;
+        const QString log = HttpServer::logFile(port);
+        const auto tidied = qScopeGuard([&log] { QFile::remove(log); });
+        if (!m_helper->succeeds) {
+            writeFile(log, "an earlier reason\n");
+            QFile file(log);
+            QVERIFY(file.open(QIODevice::ReadWrite)
+                    && file.setFileTime(QDateTime::currentDateTimeUtc().addSecs(-60),
+                                        QFileDevice::FileModificationTime));
+        }
+        if (is("ends"))
+            m_helper->serverLog = "the port is taken\n";
         if (is("rewrite"))
             m_helper->setPicture({{{{8021, "FTP"_s, "/old"_s}, 1, "active"_s, true}}, {}});
         start({repo});
@@ -370,7 +387,7 @@ private Q_SLOTS:
         })};
         action("m_publishRepoAction")->trigger();
         QTRY_VERIFY(script.isDone());
-        QVERIFY2(said.contains(box.at(2)), qPrintable(said));
+        QVERIFY2(said.contains(box.at(2)) && !said.contains("an earlier reason"_s), qPrintable(said));
         QTRY_VERIFY(action("m_publishRepoAction")->isEnabled());
         QCOMPARE(m_helper->calls.join("|"_s).section(" "_s, 0, 0), calls);
         QVERIFY(QSettings().value("busyHttpPorts"_s).toStringList().isEmpty());
