@@ -163,7 +163,7 @@ HelperOutcome PrivilegedWork::publish(const HelperRequest &request)
 {
     if (!PublicationPath::isPublishable(request.path)) {
         return {HelperOutcome::Invalid,
-                QStringLiteral("%1 is not the canonical path of a repository outside of /tmp.")
+                QStringLiteral("%1 is not the canonical path of a repository outside of /tmp and /var/tmp.")
                     .arg(request.path)};
     }
     RepoServer &server = this->server(request.protocol);

@@ -32,6 +32,11 @@ bool isWellFormed(const QString &path)
     return std::all_of(characters.cbegin(), characters.cend(), isAllowed);
 }
 
+bool isTemporary(const QString &path)
+{
+    return path.startsWith(QLatin1String("/tmp/")) || path.startsWith(QLatin1String("/var/tmp/"));
+}
+
 bool isPublishable(const QString &path)
 {
     return isWellFormed(path) && QFileInfo(path).canonicalFilePath() == path && QFileInfo(path).isDir()

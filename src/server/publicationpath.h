@@ -11,6 +11,8 @@ namespace PublicationPath
  * names: nothing that a unit file or another configuration gives a meaning to.
  */
 bool isWellFormed(const QString &path);
+/** Whether it lies below /tmp or /var/tmp, of which the helper and the servers have their own. */
+bool isTemporary(const QString &path);
 /**
  * Whether `path` is well-formed, canonical (no link in it), and an existing directory that holds a repository's
  * conf/distributions. Reads the file system.

@@ -75,6 +75,9 @@ QString PublicationRules::badRequest(const PublicationRequest &request)
                   "the "
                   "characters %2.")
             .arg(request.path, QStringLiteral(". _ + ~ @ : -"));
+    if (PublicationPath::isTemporary(request.path))
+        return tr("What lies below /tmp or /var/tmp cannot be published: services have these folders for "
+                  "themselves. Move the repository to another place.");
     return {};
 }
 

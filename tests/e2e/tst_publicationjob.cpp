@@ -340,6 +340,7 @@ private Q_SLOTS:
         publishing("no repository", canonical, "/etc"_s);
         publishing("nothing there", canonical, "/home/tester/none"_s);
         publishing("a link", canonical, "/home/tester/link"_s);
+        publishing("in a temporary folder", canonical, "/var/tmp/repo"_s);
         publishing("not allowed", "Access denied"_s, openRepo);
         QTest::newRow("somebody else's FTP")
             << "UnpublishRepo"_s << QStringList{"ii"_s, "21"_s, "1"_s} << "b false"_s;
@@ -352,6 +353,7 @@ private Q_SLOTS:
         QFETCH(QString, answer);
         const bool isAllowed = QByteArray(QTest::currentDataTag()) != "not allowed";
         box(R"(cd /home/tester; [ -e link ] || ln -s open\ repo link
+            [ -e /var/tmp/repo ] || cp -r open\ repo /var/tmp/repo
             echo 'listen=YES' >/etc/vsftpd.conf)"_s);
         if (!isAllowed)
             QCOMPARE(m_system.allow(false), QString());

@@ -227,6 +227,8 @@ private Q_SLOTS:
         const auto another = http(8000, "/srv/b"_s);
         const QString otherRepo = "Another repository is published;"_s;
         const QString already = "The repository is published already; own"_s;
+        const QString temporary = "What lies below /tmp or /var/tmp cannot be published: services have these "
+                                  "folders for themselves. Move the repository to another place;"_s;
         struct Row
         {
             PublicationRequest request;
@@ -244,6 +246,9 @@ private Q_SLOTS:
             {{own, LocalDirectoryProtocol, 8000, {}}, {}, "Choose a server type;"_s},
             {{"/srv/%h"_s, HttpProtocol, 8000, {}}, {}, "The path /srv/%h cannot be served;"_s},
             {{"/srv/мой репо"_s, HttpProtocol, 8000, {}}, {}, ";"_s},
+            {{"/var/tmp/a"_s, HttpProtocol, 8000, {}}, {}, temporary},
+            {{"/tmp/a"_s, FtpProtocol, 21, {}}, {ftp(21, "/tmp/a"_s)}, temporary + " own"_s},
+            {{"/tmpx/tmp/a"_s, HttpProtocol, 8000, {}}, {}, ";"_s},
             // HTTP
             {overHttp(8000), {http(8000, own)}, already},
             {overHttp(8000), {http(8000, own, "")}, already},

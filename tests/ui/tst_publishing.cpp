@@ -3,6 +3,7 @@
 #include "platform/desktopintegration.h"
 #include "server/httpserver.h"
 #include "server/publicationmonitor.h"
+#include "server/publicationpath.h"
 #include "server/publicationsettings.h"
 #include "server/veltadminrepointerface.h"
 #include "support/lists.h"
@@ -100,7 +101,9 @@ class PublishingTest : public QObject
 {
     Q_OBJECT
 
-    QTemporaryDir m_folder{"/tmp/vpXXXXXX"_s};
+    // What lies in /tmp cannot be published.
+    QTemporaryDir m_folder{QDir::currentPath() + "/vpXXXXXX"_s};
+    QTemporaryDir m_temporary;
     std::optional<PrivateBus> m_bus{std::in_place};
     std::unique_ptr<HelperPeer> m_helper;
     std::unique_ptr<PublicationMonitor> m_monitor;
@@ -116,7 +119,10 @@ class PublishingTest : public QObject
 
     QString makeRepository(const QString &name, bool empty = false) const
     {
-        const QString path = m_folder.filePath(name);
+        return makeRepositoryAt(m_folder.filePath(name), empty);
+    }
+    static QString makeRepositoryAt(const QString &path, bool empty = false)
+    {
         writeFile(path + "/conf/distributions"_s,
                   "Codename: birch\nSuite: stable\nVersion: 1\nArchitectures: source amd64 # "
                   "built\nComponents: main\n");
@@ -147,12 +153,14 @@ class PublishingTest : public QObject
 private Q_SLOTS:
     void initTestCase()
     {
+        if (PublicationPath::isTemporary(m_folder.path()))
+            QSKIP("Run it elsewhere than below /tmp.");
         veltInit("0"_s, "Velt admin repo"_s);
         QApplication::setQuitOnLastWindowClosed(false);
         writeScript(
-            m_folder.filePath("bin/dpkg"_s),
+            m_temporary.filePath("dpkg"_s),
             "#!/bin/sh\n[ \"$2\" = \"$(cat $0.missing 2>/dev/null)\" ] || echo \"ii  $2  1  all  x\"\n");
-        qputenv("PATH", m_folder.filePath("bin:"_s).toLocal8Bit() + qgetenv("PATH"));
+        qputenv("PATH", m_temporary.path().toLocal8Bit() + ":" + qgetenv("PATH"));
     }
 
     void init()
@@ -169,7 +177,7 @@ private Q_SLOTS:
         QThreadPool::globalInstance()->waitForDone();
         m_helper.reset();
         QDBusConnection::disconnectFromBus("helper"_s);
-        QFile::remove(m_folder.filePath("bin/dpkg.missing"_s));
+        QFile::remove(m_temporary.filePath("dpkg.missing"_s));
     }
 
     void publishesAndUnpublishes()
@@ -356,7 +364,7 @@ private Q_SLOTS:
         const QString repo = makeRepository("r"_s, is("empty"));
         QFile::setPermissions(repo, QFile::Permissions(is("rights") ? 0x7700 : 0x7755));
         if (is("package"))
-            writeFile(m_folder.filePath("bin/dpkg.missing"_s), "lighttpd");
+            writeFile(m_temporary.filePath("dpkg.missing"_s), "lighttpd");
         if (is("refused"))
             m_helper->refusal = "org.freedesktop.DBus.Error.AccessDenied"_s;
         if (is("dies"))
@@ -451,7 +459,7 @@ private Q_SLOTS:
 
     void localSources()
     {
-        const QString repo = makeRepository("one"_s);
+        const QString repo = makeRepositoryAt(m_temporary.filePath("one"_s));
         start({repo});
         // No server is needed for what apt reads itself; and what could be another's in /tmp tomorrow takes a yes.
         const Script careful{answer("Local sources list"_s, "No"_s)};
