@@ -72,11 +72,25 @@ ProcessResult ExportSession::dropTracks(const QString &codename)
     return changeSilently(ReproCommand::removeAllTracks(codename));
 }
 
-ProcessResult ExportSession::changeSilently(const QString &arguments)
+ProcessResult ExportSession::changeUnder(const QByteArray &description, const QString &arguments)
+{
+    ProcessResult result = changeSilently(arguments, description);
+    m_silentConfig.reset();
+    return result;
+}
+
+ProcessResult ExportSession::changeSilently(const QString &arguments, const QByteArray &description)
 {
     // Anew each time, because the description may have changed.
-    auto silent = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Keep);
+    auto silent = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Keep, description);
     m_silentConfig = silent->isValid() ? std::move(silent) : nullptr;
+    if (!m_silentConfig && !description.isEmpty()) {
+        ProcessResult failed;
+        failed.started = true;
+        failed.exitCode = EXIT_FAILURE;
+        failed.errorOutput = tr("No temporary folder could be made for the settings of reprepro.");
+        return failed;
+    }
     m_removed = true;
     return change(arguments, m_silentConfig.get());
 }

@@ -63,6 +63,8 @@ public:
     enum Vanished { OnlyEmpty, WithPackages };
     /** Takes out what the description has no place for any more; after keep(). The pool files stay until finish(). */
     ProcessResult clearVanished(Vanished parts);
+    /** Runs a command under another description than the one in force; after keep(). */
+    ProcessResult changeUnder(const QByteArray &description, const QString &arguments);
     /** Makes the database forget which files belonged to which source; after keep(), with the pool files as above. */
     ProcessResult dropTracks(const QString &codename);
     /** Whether nothing may be changed, which the first try has said. */
@@ -118,6 +120,6 @@ private:
     bool keepsUnreferencedFiles() const;
     ProcessResult dropUnused();
     ProcessResult change(const QString &arguments, PrivateConfig *config);
-    ProcessResult changeSilently(const QString &arguments);
+    ProcessResult changeSilently(const QString &arguments, const QByteArray &description = {});
     ProcessResult writeIndices();
 };

@@ -16,6 +16,7 @@
 #include "engine/repositoryinspection.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
+#include "engine/vanishedindices.h"
 #include "signing/signedpackages.h"
 
 #include <QCryptographicHash>
@@ -357,6 +358,7 @@ bool JobRecovery::putDatabaseBack()
     DatabaseCopy::condemn(path);
     // The description that the copy goes with first: without it the database could not be read.
     DatabaseCopy::setDescriptionDue(path);
+    const auto undone = DistributionsFile(path).read();
     if (RepoLock::state(path) == RepoLock::State::Held || !DatabaseCopy::putDescriptionBack(path)
         || !DatabaseCopy::putBack(path)) {
         m_context.critical(
@@ -364,6 +366,9 @@ bool JobRecovery::putDatabaseBack()
                "on the disk, and open the repository again."));
         return false;
     }
+    const auto inForce = DistributionsFile(path).read();
+    if (undone && inForce && *undone != *inForce)
+        removeVanishedIndices(path, *undone, *inForce);
     m_context.forgetAdmission();
     m_checksums.clear();
     m_isPutBack = true;

@@ -71,15 +71,23 @@ QStringList leanEnvironment(const ScratchFolder &folder)
 }
 } // namespace
 
-PrivateConfig::PrivateConfig(const QString &configFolder, Unreferenced unreferenced)
+PrivateConfig::PrivateConfig(const QString &configFolder,
+                             Unreferenced unreferenced,
+                             const QByteArray &description)
 {
     const QDir conf(configFolder);
     if (!m_folder.isValid())
         return;
+    QStringList ownFiles{QStringLiteral("options")};
+    if (!description.isEmpty()) {
+        ownFiles.append(QStringLiteral("distributions"));
+        QFile file(m_folder.filePath(ownFiles.last()));
+        if (!file.open(QIODevice::WriteOnly) || !WholeFile::writeOut(file, description))
+            return;
+    }
     const QStringList entries = conf.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     for (const QString &entry : entries) {
-        if (entry != QLatin1String("options")
-            && !QFile::link(conf.absoluteFilePath(entry), m_folder.filePath(entry)))
+        if (!ownFiles.contains(entry) && !QFile::link(conf.absoluteFilePath(entry), m_folder.filePath(entry)))
             return;
     }
     const QString own = ownOptions(configFolder);

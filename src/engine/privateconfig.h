@@ -16,8 +16,11 @@ public:
     /** What happens to a pool file that the database needs no more while the old indices may still name it. */
     enum Unreferenced { Keep, Delete };
 
-    /** `configFolder` is the repository's own, or the copy of it that was admitted. */
-    PrivateConfig(const QString &configFolder, Unreferenced unreferenced);
+    /**
+     * `configFolder` is the repository's own, or the copy of it that was admitted. With a `description`, that one takes
+     * the place of the one there.
+     */
+    PrivateConfig(const QString &configFolder, Unreferenced unreferenced, const QByteArray &description = {});
 
     /** False when the folder could not be made; reprepro must then export each time. */
     bool isValid() const { return m_valid; }

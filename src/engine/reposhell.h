@@ -30,6 +30,8 @@ class JobContext;
 class RepoServers;
 class ScratchFolder;
 class UpgradeSources;
+struct ProcessResult;
+struct RepoChange;
 
 /**
  * The engine of one open repository: owns its path, its description and its package list, and carries out every
@@ -59,10 +61,13 @@ public:
     /**
      * Rewrites the description and, when `newPath` is another one, moves the repository there. What the new description
      * cannot keep of the old one is lost after a question only. `given` is the text of conf/distributions that `info`
-     * was made from: when the file holds another one by now, nothing is done.
+     * was made from: when the file holds another one by now, nothing is done. Packages for which the new description
+     * has no place are deleted; under a new code name those are all, unless `carriesPackages`.
      */
-    void
-    changeRepo(const QString &newPath, const RepoInfo &info, const std::optional<QByteArray> &given = {});
+    void changeRepo(const QString &newPath,
+                    const RepoInfo &info,
+                    const std::optional<QByteArray> &given = {},
+                    bool carriesPackages = false);
     void addPackages(const QStringList &files, const AddOptions &options = {});
     void removePackages(const QList<PackageInfoPtr> &packages);
     /**
@@ -246,15 +251,20 @@ private:
     int reloadBody();
 
     // --- change: reposhell_change.cpp
-    int changeBody(const QString &newPath, const RepoInfo &info, const std::optional<QByteArray> &given);
+    int changeBody(const QString &newPath,
+                   const RepoInfo &info,
+                   const std::optional<QByteArray> &given,
+                   bool carriesPackages);
+    void tellOfGone(const RepoChange &change, const QList<PackageInfoPtr> &before);
     bool isUnderstood(const QByteArray &text, const std::optional<QByteArray> &given);
     bool mayMove(const QString &newPath);
     bool userAgreesToLosses(const QByteArray &text, const QString &newPath, const RepoInfo &info);
     bool keepForUndoing(const QByteArray &text, QString *details);
     bool moveRepo(const QString &newPath);
-    bool rewriteRepo(const RepoInfo &info, bool dropsTracks, QString *details);
-    bool takeOutVanished(const RepoInfo &before, ExportSession *session, QString *details);
-    void removeVanishedIndices(const RepoInfo &before, const RepoInfo &after) const;
+    bool rewriteRepo(const RepoChange &change, const QByteArray &text, QString *details);
+    ProcessResult carryOver(const RepoChange &change, const QByteArray &text, ExportSession *session);
+    void keepSignatures(const RepoChange &change, const QList<PackageInfoPtr> &packages);
+    bool takeOutVanished(const RepoChange &change, ExportSession *session, QString *details);
     bool exportOrGiveUpSigning(RepoInfo info, ExportSession *session);
 
     // --- stored results of dependency checks: reposhell_depends.cpp

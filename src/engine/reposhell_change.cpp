@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Changing the description of a repository, and moving it.
-#include "core/removetree.h"
 #include "engine/asidedirectory.h"
+#include "engine/changerules.h"
 #include "engine/databasecopy.h"
 #include "engine/distributions.h"
 #include "engine/distributionsfile.h"
@@ -12,10 +12,15 @@
 #include "engine/pathguard.h"
 #include "engine/reposhell.h"
 #include "engine/repreproanswers.h"
+#include "engine/repreprocommands.h"
 #include "engine/signaturerecord.h"
+#include "engine/vanishedindices.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
+
+#include <cstdlib>
 
 namespace
 {
@@ -24,39 +29,45 @@ QString absolute(const QString &path)
     return QDir::cleanPath(QDir(path).absolutePath());
 }
 
-/** A name that stays below its folder: a description can hold anything, and what it names gets deleted. */
-bool isChildName(const QString &name)
+/** Path below the repository, which can have moved. */
+QString fileInRepository(const PackageInfo &package)
 {
-    return !name.isEmpty() && QDir::cleanPath(name) == name && name != QLatin1String(".")
-           && !name.startsWith(QLatin1String("..")) && !name.startsWith(QLatin1Char('/'));
+    return package.filePath().mid(package.root.size());
 }
 
-/** Deletes the index folder dists/PARENT/NAME, unless a link on the way leads elsewhere. */
-void removeIndices(const QString &repoPath, const QString &parent, const QString &name)
+/** Those of which no file is left. */
+QList<PackageInfoPtr> gone(const QList<PackageInfoPtr> &before, const QList<PackageInfoPtr> &after)
 {
-    if (isChildName(name))
-        removeBelow(repoPath, QLatin1String("dists/") + parent + name);
-}
-
-/** Whether a description that takes the place of the earlier one still names where the package stands. */
-bool hasPlaceFor(const RepoInfo &info, const RepoInfo &earlier, const PackageInfo &package)
-{
-    return info.codename == earlier.codename && info.componentList().contains(package.indexComponent)
-           && info.architectureList().contains(package.architecture);
+    QSet<QString> files;
+    for (const PackageInfoPtr &package : after)
+        files.insert(fileInRepository(*package));
+    QList<PackageInfoPtr> gone;
+    for (const PackageInfoPtr &package : before) {
+        const QString file = fileInRepository(*package);
+        if (files.contains(file))
+            continue;
+        files.insert(file);
+        gone.append(package);
+    }
+    return gone;
 }
 } // namespace
 
 void RepoShell::changeRepo(const QString &newPath,
                            const RepoInfo &info,
-                           const std::optional<QByteArray> &given)
+                           const std::optional<QByteArray> &given,
+                           bool carriesPackages)
 {
     if (!newPath.isEmpty() && !path().isEmpty())
-        startJob([this, target = absolute(newPath), info, given] { return changeBody(target, info, given); });
+        startJob([this, target = absolute(newPath), info, given, carriesPackages] {
+            return changeBody(target, info, given, carriesPackages);
+        });
 }
 
 int RepoShell::changeBody(const QString &newPath,
                           const RepoInfo &info,
-                          const std::optional<QByteArray> &given)
+                          const std::optional<QByteArray> &given,
+                          bool carriesPackages)
 {
     JobFrame frame(*m_context, tr("Repository changing"));
     Q_EMIT requestForSavingPackages(m_context->packages().all());
@@ -85,20 +96,21 @@ int RepoShell::changeBody(const QString &newPath,
 
     // Until the indices are those of the description again, whoever opens the repository has to write them.
     ExportSession::setMarker(newPath);
-    const bool dropsTracks
-        = Distributions::losesField(QString::fromLocal8Bit(*text), QStringLiteral("Tracking"));
-    if (rewriteRepo(info, dropsTracks, &details)) {
+    const RepoChange change{oldInfo, info, carriesPackages};
+    const QList<PackageInfoPtr> packages = m_context->packages().all();
+    if (rewriteRepo(change, *text, &details)) {
         DatabaseCopy::drop(newPath);
         Q_EMIT pathChanged(newPath);
         // Between the steps of a change nothing can be stopped, and its end is no opening to be stopped either.
         if (!m_context->isClosing())
             m_context->resetCancel();
         openBody(newPath);
+        tellOfGone(change, packages);
         return frame.finish(SUCCESS, tr("Repository is changed."), CHANGE_REPO_JOB);
     }
     // Back to where we were, so that "not changed" is true.
     setRepository(newPath, oldInfo);
-    removeVanishedIndices(info, oldInfo);
+    removeVanishedIndices(newPath, info, oldInfo);
     if (JobRecovery(*m_context).undoChange())
         DatabaseCopy::drop(newPath);
     if (newPath != oldPath && AsideDirectory::rename(newPath, oldPath).isEmpty()) {
@@ -109,6 +121,24 @@ int RepoShell::changeBody(const QString &newPath,
     if (path() != oldPath)
         Q_EMIT pathChanged(newPath);
     return frame.finish(ERROR, tr("Repository is not changed."), CHANGE_REPO_JOB);
+}
+
+void RepoShell::tellOfGone(const RepoChange &change, const QList<PackageInfoPtr> &before)
+{
+    // Where the indices could not be written, they do not tell what is left.
+    const QList<PackageInfoPtr> lost = ExportSession::isExportOwed(path())
+                                           ? change.lost(before)
+                                           : gone(before, m_context->packages().all());
+    if (change.isRenaming() && change.carries && !before.isEmpty())
+        m_context->noted(
+            tr("The packages were carried over to the code name %1.").arg(change.after.codename));
+    if (lost.isEmpty())
+        return;
+    QStringList names;
+    for (const PackageInfoPtr &package : lost)
+        names.append(displayFileName(*package));
+    m_context->noted(
+        tr("%n package(s) deleted: %1", nullptr, lost.size()).arg(names.join(QLatin1String(", "))));
 }
 
 bool RepoShell::keepForUndoing(const QByteArray &text, QString *details)
@@ -227,53 +257,103 @@ bool RepoShell::moveRepo(const QString &newPath)
     return true;
 }
 
-bool RepoShell::rewriteRepo(const RepoInfo &info, bool dropsTracks, QString *details)
+bool RepoShell::rewriteRepo(const RepoChange &change, const QByteArray &text, QString *details)
 {
-    const RepoInfo oldInfo = repoInfo();
+    const QList<PackageInfoPtr> packages = m_context->packages().all();
     ExportSession session = m_context->makeSession();
     ProcessResult result = session.keep();
-    QList<PackageInfoPtr> staying;
-    const QList<PackageInfoPtr> packages = m_context->packages().all();
-    for (const PackageInfoPtr &package : packages) {
-        if (hasPlaceFor(info, oldInfo, *package))
-            staying.append(package);
-        else
-            session.mayLeave(path() + package->filePath().mid(package->root.size()));
-    }
+    for (const PackageInfoPtr &package : packages)
+        if (!change.keepsPlace(*package))
+            session.mayLeave(path() + fileInRepository(*package));
     // Without the field that asks for them, the tracks of the packages would make every later run fail.
-    if (result.succeeded() && dropsTracks)
-        result = session.dropTracks(oldInfo.codename);
+    if (result.succeeded()
+        && Distributions::losesField(QString::fromLocal8Bit(text), QStringLiteral("Tracking")))
+        result = session.dropTracks(change.before.codename);
+    if (result.succeeded())
+        result = carryOver(change, text, &session);
     *details = result.errorOutput;
-    setRepository(path(), info);
+    setRepository(path(), change.after);
     if (!result.succeeded())
         return false;
-    if (const DistributionsFile file(path()); !file.write(info)) {
+    if (const DistributionsFile file(path()); !file.write(change.after)) {
         *details = tr("Impossible to create file %1!").arg(file.fileName());
         return false;
     }
     m_context->renewAdmission();
-    if (!takeOutVanished(oldInfo, &session, details))
+    if (!takeOutVanished(change, &session, details))
         return false;
-    removeVanishedIndices(oldInfo, info);
+    removeVanishedIndices(path(), change.before, change.after);
     // Whoever finds the repository like this has to go on with the change rather than to undo it.
     DatabaseCopy::setDescriptionDone(path());
-    const bool exported = exportOrGiveUpSigning(info, &session);
+    const bool exported = exportOrGiveUpSigning(change.after, &session);
     *details = lastErrorOutput();
     if (exported)
-        SignatureRecord::forgetOthers(m_context.get(), staying);
+        keepSignatures(change, packages);
     return exported;
 }
 
-bool RepoShell::takeOutVanished(const RepoInfo &before, ExportSession *session, QString *details)
+ProcessResult RepoShell::carryOver(const RepoChange &change, const QByteArray &text, ExportSession *session)
+{
+    const QByteArray bridge = change.bridge(text);
+    const QString &from = change.before.codename;
+    const QString &to = change.after.codename;
+    ProcessResult result;
+    result.started = true;
+    if (change.isRenaming() && change.carries) {
+        result = session->changeUnder(bridge, ReproCommand::copyAll(from, to));
+        // The old ones are dropped next, so nobody's word is taken for it.
+        const auto listed = [&](const QString &codename) {
+            if (result.succeeded())
+                result = session->changeUnder(bridge, ReproCommand::listAllFiles(codename));
+            const QStringList lines = result.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+            return QSet<QString>(lines.cbegin(), lines.cend());
+        };
+        const QSet<QString> missing = listed(from) - listed(to);
+        if (result.succeeded() && !missing.isEmpty()) {
+            result.exitCode = EXIT_FAILURE;
+            result.errorOutput
+                = tr("%n package(s) did not arrive under the new code name.", nullptr, missing.size());
+        }
+    }
+    const QStringList flooded = change.floodedArchitectures(m_context->packages().all());
+    for (const QString &architecture : flooded)
+        if (result.succeeded())
+            result = session->changeUnder(bridge, ReproCommand::flood(to, architecture));
+    return result;
+}
+
+void RepoShell::keepSignatures(const RepoChange &change, const QList<PackageInfoPtr> &packages)
+{
+    QList<PackageInfoPtr> staying;
+    const QStringList flooded = change.floodedArchitectures(packages);
+    for (const PackageInfoPtr &package : packages) {
+        if (change.keepsPlace(*package))
+            staying.append(package);
+        if (!package->isSigned() || package->ownArchitecture() != QLatin1String("all"))
+            continue;
+        for (const QString &architecture : flooded) {
+            const auto copy = QSharedPointer<PackageInfo>::create(*package);
+            copy->architecture = architecture;
+            SignatureRecord::remember(m_context.get(), *copy);
+            staying.append(copy);
+        }
+    }
+    SignatureRecord::forgetOthers(m_context.get(), staying);
+}
+
+bool RepoShell::takeOutVanished(const RepoChange &change, ExportSession *session, QString *details)
 {
     ProcessResult result = session->clearVanished(ExportSession::OnlyEmpty);
     QStringList unexplained;
+    const RepoInfo &before = change.before;
+    // What was carried over stands for a moment in all places that there were.
+    const QStringList codenames{before.codename, change.after.codename};
     const QStringList filled = ReproAnswer::vanishedParts(result.output + result.errorOutput);
     for (const QString &part : filled) {
         // CODENAME|COMPONENT|ARCHITECTURE, of .udeb files with u| in front
         const QStringList words
             = part.split(QLatin1Char('|')).mid(part.startsWith(QLatin1String("u|")) ? 1 : 0);
-        if (words.value(0) != before.codename || !before.componentList().contains(words.value(1))
+        if (!codenames.contains(words.value(0)) || !before.componentList().contains(words.value(1))
             || !before.architectureList().contains(words.value(2)))
             unexplained << part;
     }
@@ -287,37 +367,6 @@ bool RepoShell::takeOutVanished(const RepoInfo &before, ExportSession *session, 
         result = session->clearVanished(ExportSession::WithPackages);
     *details = result.errorOutput;
     return result.succeeded();
-}
-
-void RepoShell::removeVanishedIndices(const RepoInfo &before, const RepoInfo &after) const
-{
-    const QString repoPath = path();
-    if (before.codename != after.codename) {
-        removeIndices(repoPath, QString(), before.codename);
-        return;
-    }
-    if (!isChildName(before.codename))
-        return;
-    const QStringList components = after.componentList();
-    const QStringList architectures = after.architectureList();
-    const QString distribution = before.codename + QLatin1Char('/');
-    const QStringList oldComponents = before.componentList();
-    const QStringList oldArchitectures = before.architectureList();
-    for (const QString &component : oldComponents) {
-        if (!components.contains(component)) {
-            removeIndices(repoPath, distribution, component);
-            continue;
-        }
-        if (!isChildName(component))
-            continue;
-        const QString folder = distribution + component + QLatin1Char('/');
-        for (const QString &architecture : oldArchitectures) {
-            if (architectures.contains(architecture))
-                continue;
-            removeIndices(repoPath, folder, QLatin1String("binary-") + architecture);
-            removeIndices(repoPath, folder, QLatin1String("debian-installer/binary-") + architecture);
-        }
-    }
 }
 
 bool RepoShell::exportOrGiveUpSigning(RepoInfo info, ExportSession *session)

@@ -41,6 +41,16 @@ QString ReproCommand::clearVanished(bool packages)
     return packages ? QStringLiteral(" --delete clearvanished") : QStringLiteral(" clearvanished");
 }
 
+QString ReproCommand::copyAll(const QString &from, const QString &to)
+{
+    return QStringLiteral(" copymatched %1 %2 *").arg(quoted(to), quoted(from));
+}
+
+QString ReproCommand::flood(const QString &codename, const QString &architecture)
+{
+    return QStringLiteral(" flood %1 %2").arg(quoted(codename), quoted(architecture));
+}
+
 QString ReproCommand::removeAllTracks(const QString &codename)
 {
     return QStringLiteral(" --delete removealltracks ") + quoted(codename);

@@ -20,6 +20,10 @@ QString commandLine(const QString &path, const QString &arguments);
 QString exportIndices();
 /** Takes out what the description does not name; with `packages` also where packages are. */
 QString clearVanished(bool packages);
+/** Puts the packages of one distribution into the same places of another. */
+QString copyAll(const QString &from, const QString &to);
+/** Gives an architecture the architecture-independent packages of the others. */
+QString flood(const QString &codename, const QString &architecture);
 QString removeAllTracks(const QString &codename);
 QString deleteUnreferenced();
 /** Lists the pool files that nothing uses. */

@@ -2,11 +2,13 @@
 #include "ui/newrepodialog.h"
 
 #include "core/aside.h"
+#include "engine/changerules.h"
 #include "engine/pathguard.h"
 #include "signing/keymanager.h"
 #include "ui/missingpackage.h"
 #include "ui/mnemonics.h"
 #include "ui/newreporules.h"
+#include "ui/packagedetails.h"
 #include "ui/prompts.h"
 #include "ui/signingswitch.h"
 #include "ui/singlespacevalidator.h"
@@ -20,6 +22,7 @@
 #include <QLayout>
 #include <QPushButton>
 #include <QScreen>
+#include <QSet>
 #include <QToolTip>
 
 #include <initializer_list>
@@ -43,6 +46,23 @@ void fillUntouched(QLineEdit *field, const QString &text)
     if (!field->isModified() && field->text().isEmpty())
         field->setText(text);
 }
+
+/** What the change takes away, in words. */
+QString lossesText(const RepoChange &change, const QList<PackageInfoPtr> &packages)
+{
+    const QList<PackageInfoPtr> lost = change.lost(packages);
+    if (lost.isEmpty())
+        return NewRepoDialog::tr("No package will be deleted.");
+    QSet<QString> files;
+    for (const PackageInfoPtr &package : packages)
+        files.insert(package->filePath());
+    const QString text
+        = lost.size() == files.size()
+              ? NewRepoDialog::tr("All %n package(s) will be deleted: %1", nullptr, lost.size())
+              : NewRepoDialog::tr("%n package(s) will be deleted: %1", nullptr, lost.size());
+    return text.arg(PackageDetails::names(lost, change.before, PackageDetails::Meant::Files));
+}
+
 /** Says at the field what may be typed there, when something else was. */
 void tellRefusals(QLineEdit *field, const QString &allowed)
 {
@@ -111,10 +131,13 @@ void NewRepoDialog::setUpFields()
     }
 }
 
-void NewRepoDialog::setRepository(const QString &path, const RepoInfo &info)
+void NewRepoDialog::setRepository(const QString &path,
+                                  const RepoInfo &info,
+                                  const QList<PackageInfoPtr> &packages)
 {
     m_path = path;
     m_info = info;
+    m_packages = packages;
     setEntries(path, info);
     showPublished(isPublished(path));
 }
@@ -301,10 +324,7 @@ bool NewRepoDialog::userAgreesToLosses(const Place &place)
     const auto agrees = [this](const QString &title, const QString &question, const QString &about = {}) {
         return m_prompts.askCarefully(title, question, about, this) == Prompts::Answer::Yes;
     };
-    if (m_mode == Mode::Change && NewRepoRules::endangersPackages(m_info, repoInfo())
-        && !agrees(windowTitle(),
-                   tr("Changing fields Codename, Architectures, Components may result in packages deletion. "
-                      "Want to continue?")))
+    if (m_mode == Mode::Change && !userAgreesToChange())
         return false;
     if (stays())
         return true;
@@ -313,6 +333,28 @@ bool NewRepoDialog::userAgreesToLosses(const Place &place)
         && !agrees(windowTitle(), tr("Do you want to move the repository from %1 to %2?").arg(m_path, path)))
         return false;
     return !place.exists || mayBeReplaced(path, place);
+}
+
+bool NewRepoDialog::userAgreesToChange()
+{
+    RepoChange change{m_info, repoInfo()};
+    if (!change.dropsPlaces())
+        return true;
+    const QString question
+        = tr("Changing fields Codename, Architectures, Components may result in packages deletion. "
+             "Want to continue?");
+    const QString about = lossesText(change, m_packages);
+    m_carriesPackages = change.isRenaming();
+    // Where nothing is shown, nothing has to go either.
+    if (!change.isRenaming() || m_packages.isEmpty())
+        return m_prompts.askCarefully(windowTitle(), question, about, this) == Prompts::Answer::Yes;
+    change.carries = true;
+    Prompts::Option carrying{
+        tr("&Carry the packages over to the new code name"), true, lossesText(change, m_packages)};
+    const bool agrees
+        = m_prompts.askCarefully(windowTitle(), question, about, &carrying, this) == Prompts::Answer::Yes;
+    m_carriesPackages = carrying.isTicked;
+    return agrees;
 }
 
 bool NewRepoDialog::mayBeReplaced(const QString &path, const Place &place)

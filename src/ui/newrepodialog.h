@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/packageinfo.h"
 #include "core/repoinfo.h"
 
 #include <QDialog>
@@ -30,8 +31,8 @@ public:
     NewRepoDialog(Mode mode, Prompts &prompts, QWidget *parent = nullptr);
     ~NewRepoDialog() override;
 
-    /** The repository that is to be changed. */
-    void setRepository(const QString &path, const RepoInfo &info);
+    /** The repository that is to be changed, and what it holds. */
+    void setRepository(const QString &path, const RepoInfo &info, const QList<PackageInfoPtr> &packages = {});
     void setPublishedCheck(PublishedCheck check);
     void setPlaceCheck(PlaceCheck check) { m_placeRefusal = std::move(check); }
     /** Repositories that are known to the program: a directory that holds one is not replaced. */
@@ -46,6 +47,8 @@ public:
     /** Directory of the repository: the path and the name. */
     QString repositoryPath() const;
     RepoInfo repoInfo() const;
+    /** Whether the packages go over to a new code name, as the user has chosen. */
+    bool carriesPackages() const { return m_carriesPackages; }
 
     /** Looks at the repository's directory aside, asks what there is to ask, and closes the dialog after that. */
     void accept() override;
@@ -68,6 +71,7 @@ private:
     };
     static Place lookAt(const QString &path, const QStringList &remembered);
     bool userAgreesToLosses(const Place &place);
+    bool userAgreesToChange();
     bool mayBeReplaced(const QString &path, const Place &place);
 
     std::unique_ptr<Ui::NewRepoDialog> m_ui;
@@ -79,4 +83,6 @@ private:
     bool m_isLooking = false; ///< at the directory, before the dialog is accepted
     QString m_path; ///< of the repository that is being changed
     RepoInfo m_info; ///< of the repository that is being changed
+    QList<PackageInfoPtr> m_packages; ///< of the repository that is being changed
+    bool m_carriesPackages = false;
 };

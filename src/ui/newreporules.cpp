@@ -47,12 +47,6 @@ QString NewRepoRules::importName(const QString &source)
     return QStringLiteral("%1-repo-import").arg(base.isEmpty() ? QStringLiteral("packages") : base);
 }
 
-bool NewRepoRules::endangersPackages(const RepoInfo &from, const RepoInfo &to)
-{
-    return from.codename != to.codename || words(from.architectures) != words(to.architectures)
-           || words(from.components) != words(to.components);
-}
-
 QStringList NewRepoRules::choices(const QString &fileText, const QStringList &defaults)
 {
     // Editors of other systems begin a file with a mark that is no text.

@@ -26,9 +26,6 @@ Refusal check(const QString &parent, const RepoInfo &info);
 /** A name for the repository that gets what is in this archive or folder. */
 QString importName(const QString &source);
 
-/** Whether changing `from` into `to` can drop packages. */
-bool endangersPackages(const RepoInfo &from, const RepoInfo &to);
-
 /** The entries of a file of choices, separated by line ends or blanks; `defaults` when it has none. */
 QStringList choices(const QString &fileText, const QStringList &defaults);
 

@@ -14,12 +14,20 @@ QString PackageDetails::descriptionHtml(const QString &description)
 
 QString PackageDetails::summary(const QList<PackageInfoPtr> &packages, const RepoInfo &info)
 {
+    return tr("%n package(s): %1", nullptr, packages.size()).arg(names(packages, info));
+}
+
+QString PackageDetails::names(const QList<PackageInfoPtr> &packages, const RepoInfo &info, Meant meant)
+{
     constexpr int NamesShown = 5;
     const bool hasSeveral = info.binaryArchitectures().size() > 1;
     QStringList names;
-    for (const PackageInfoPtr &package : packages.mid(0, NamesShown))
-        names << (hasSeveral ? tr("%1 (%2)").arg(package->name, package->architecture) : package->name);
+    for (const PackageInfoPtr &package : packages.mid(0, NamesShown)) {
+        const QString architecture
+            = meant == Meant::Files ? package->ownArchitecture() : package->architecture;
+        names << (hasSeveral ? tr("%1 (%2)").arg(package->name, architecture) : package->name);
+    }
     if (packages.size() > NamesShown)
         names << QString(QChar(0x2026));
-    return tr("%n package(s): %1", nullptr, packages.size()).arg(names.join(QLatin1String(", ")));
+    return names.join(QLatin1String(", "));
 }

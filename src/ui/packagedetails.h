@@ -19,4 +19,11 @@ public:
     static QString descriptionHtml(const QString &description);
     /** How many packages these are, and the names of the first; with architectures where a name alone may mean two. */
     static QString summary(const QList<PackageInfoPtr> &packages, const RepoInfo &info);
+    enum class Meant {
+        Records, ///< in the architectures where they stand
+        Files ///< each of which can serve several architectures
+    };
+    /** The names of the first of these, as summary() has them. */
+    static QString
+    names(const QList<PackageInfoPtr> &packages, const RepoInfo &info, Meant meant = Meant::Records);
 };

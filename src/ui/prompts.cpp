@@ -4,6 +4,7 @@
 #include "ui/helptopics.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
@@ -71,6 +72,22 @@ Prompts::askCarefully(const QString &title, const QString &text, const QString &
     QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, parentOr(parent));
     box.setDefaultButton(QMessageBox::No);
     return askIn(box, about);
+}
+
+Prompts::Answer Prompts::askCarefully(
+    const QString &title, const QString &text, const QString &about, Option *option, QWidget *parent)
+{
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, parentOr(parent));
+    box.setDefaultButton(QMessageBox::No);
+    auto *tick = new QCheckBox(option->text, &box);
+    tick->setChecked(option->isTicked);
+    box.setCheckBox(tick);
+    connect(tick, &QCheckBox::toggled, &box, [&box, about, option](bool isTicked) {
+        box.setInformativeText(isTicked ? option->aboutTicked : about);
+    });
+    const Answer answer = askIn(box, option->isTicked ? option->aboutTicked : about);
+    option->isTicked = tick->isChecked();
+    return answer;
 }
 
 Prompts::Answer Prompts::askAfterFailure(const QString &title, const QString &text, QWidget *parent)

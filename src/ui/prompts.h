@@ -49,6 +49,19 @@ public:
                         const QString &text,
                         const QString &about = {},
                         QWidget *parent = nullptr);
+    /** A box to tick below a question. */
+    struct Option
+    {
+        QString text;
+        bool isTicked = false; ///< as it is at first, and as the user leaves it
+        QString aboutTicked; ///< is shown smaller while it is ticked
+    };
+    /** Like askCarefully(), with a box to tick; `about` is shown while it is not. */
+    Answer askCarefully(const QString &title,
+                        const QString &text,
+                        const QString &about,
+                        Option *option,
+                        QWidget *parent = nullptr);
     /** Like ask(), when what was wanted failed and the question offers a way out. */
     Answer askAfterFailure(const QString &title, const QString &text, QWidget *parent = nullptr);
     void inform(const QString &title, const QString &text, QWidget *parent = nullptr);

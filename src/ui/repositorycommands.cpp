@@ -315,12 +315,13 @@ void RepositoryCommands::change(RepoWidget *widget, const QByteArray &descriptio
     const QPointer<RepoWidget> guard(widget);
     const QString path = m_tabs.pathOf(widget);
     NewRepoDialog dialog(NewRepoDialog::Mode::Change, m_prompts, m_prompts.window());
-    dialog.setRepository(path, DistributionsFile(path).parsed(description));
+    dialog.setRepository(path, DistributionsFile(path).parsed(description), widget->repoShell()->packages());
     dialog.setPublishedCheck(m_publishing.isPublished);
     dialog.setRemembered(remembered());
     if (m_prompts.run(dialog) != QDialog::Accepted || guard.isNull() || m_tabs.isRunning(widget))
         return;
-    widget->repoShell()->changeRepo(dialog.repositoryPath(), dialog.repoInfo(), description);
+    widget->repoShell()->changeRepo(
+        dialog.repositoryPath(), dialog.repoInfo(), description, dialog.carriesPackages());
 }
 
 // --- remove ------------------------------------------------------------------------------------------------------

@@ -84,7 +84,8 @@ QStringList EngineHarness::shown(const QList<PackageInfoPtr> &packages)
 
 QStringList EngineHarness::inDatabase() const
 {
-    return reprepro({"list"_s, info.codename}).output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return reprepro({"list"_s, shell.repoInfo().codename})
+        .output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
 ProcessResult EngineHarness::reprepro(const QStringList &arguments) const

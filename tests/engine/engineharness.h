@@ -56,9 +56,9 @@ public:
     {
         return run([&] { shell.openRepo(path); });
     }
-    Code change(const QString &path)
+    Code change(const QString &path, bool carries = false)
     {
-        return run([&] { shell.changeRepo(path, info); });
+        return run([&] { shell.changeRepo(path, info, {}, carries); });
     }
     Code add(const QStringList &files, const AddOptions &options = {})
     {

@@ -299,7 +299,11 @@ private Q_SLOTS:
                  "Repository changing|Opening repository|Repositry is opened|Repository is changed."_s);
         QVERIFY(h.holds("foo 1.0 main amd64"_s));
         QVERIFY(readFile(h.repoPath() + "/dists/dogwood/Release"_s).contains("Suite: testing"));
-        QVERIFY(QFile::exists(h.repoPath() + "/dists/dogwood/main/Contents-amd64.gz"_s));
+        const QString contents = h.repoPath() + "/dists/dogwood/main/Contents-amd64.gz"_s;
+        QVERIFY(QFile::exists(contents));
+        h.info.contents = false;
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        QVERIFY(!QFile::exists(contents));
 
         const QString target = h.folder.filePath("deep er/new"_s);
         writeFile(target + "/old"_s, "x");
@@ -316,6 +320,57 @@ private Q_SLOTS:
         QCOMPARE(h.change(target), RepoEnums::SUCCESS);
         QVERIFY(!QFile::exists(target + "/dists/dogwood"_s)
                 && QFile::exists(target + "/dists/aspen/Release"_s));
+        QVERIFY(h.holds({}));
+        QCOMPARE(h.notes, QStringList{"1 package(s) deleted: foo_1.0_amd64.deb"_s});
+    }
+
+    void packagesAreCarriedToANewCodename()
+    {
+        VELT_NEED_TOOL("apt-get");
+        RepoHarness h("amd64 i386"_s);
+        h.add(h.debs("foo")
+              + QStringList{h.deb(DebBuilder("every"_s).architecture("all"_s)),
+                            h.deb(DebBuilder("side"_s).field("Section"_s, "contrib/admin"_s)),
+                            h.deb(DebBuilder("old"_s).architecture("i386"_s)),
+                            h.deb(DebBuilder("small"_s).udeb())});
+        const auto pool = [&h] {
+            QMap<QString, QByteArray> files;
+            for (const PackageInfoPtr &package : h.shell.packages())
+                files.insert(package->filePath(), readFile(package->filePath()));
+            return files;
+        };
+        auto files = pool();
+        const QStringList listed = h.listed();
+        const QString conf = h.repoPath() + "/conf/distributions"_s;
+        writeFile(conf, readFile(conf) + "Tracking: minimal\n");
+        h.reprepro({"retrack"_s});
+        h.reply = true;
+        // A code name that is the name of the suite too.
+        h.info.codename = "stable"_s;
+        QCOMPARE(h.change(h.repoPath(), true), RepoEnums::SUCCESS);
+        QVERIFY(h.trouble().isEmpty() && h.settled());
+        QVERIFY(h.listed() == listed && pool() == files);
+        QVERIFY(h.notes.filter("deleted"_s).isEmpty() && h.notes.filter("carried over"_s).size() == 1);
+        QVERIFY(h.reprepro({"check"_s}).errorOutput.isEmpty());
+        QVERIFY(!h.reprepro({"dumpreferences"_s}).output.contains("dogwood"_s));
+
+        // A new architecture gets what is for all, also in the place of the only one that had it.
+        h.info.codename = "aspen"_s;
+        h.info.architectures = "arm64 riscv64"_s;
+        QCOMPARE(h.change(h.repoPath(), true), RepoEnums::SUCCESS);
+        QVERIFY(h.trouble().isEmpty() && h.holds("every 1.0 main arm64,every 1.0 main riscv64"_s));
+        QCOMPARE(h.notes.last(),
+                 "4 package(s) deleted: foo_1.0_amd64.deb, old_1.0_i386.deb, side_1.0_amd64.deb, "
+                 "small_1.0_amd64.udeb"_s);
+        // What a client gets of it.
+        const QString apt = R"(mkdir -p apt/lists/partial apt/cache/archives/partial; touch apt/status
+            echo "deb [trusted=yes] copy:$PWD/repo aspen main" >apt/list
+            set -- -qq -o Dir::State=$PWD/apt -o Dir::State::status=$PWD/apt/status -o Dir::Cache=$PWD/apt/cache \
+                -o Dir::Etc::sourcelist=$PWD/apt/list -o Dir::Etc::sourceparts=- -o APT::Sandbox::User= \
+                -o APT::Architecture=arm64 -o APT::Architectures=arm64
+            apt-get "$@" update && apt-get "$@" download every && cmp every_1.0_all.deb repo/pool/*/*/*/*.deb
+            echo $?)"_s;
+        QCOMPARE(runShell(apt, h.folder.path()).trimmed(), "0"_s);
     }
 
     void changeDropsArchitectureAndComponent()
@@ -399,6 +454,13 @@ private Q_SLOTS:
         QCOMPARE(h.change(h.folder.filePath("moved"_s)), RepoEnums::ERROR);
         QVERIFY(h.complains("No space left on device"_s, 2));
         QVERIFY(h.shell.path() == h.repoPath() && h.holds("foo 1.0 main amd64"_s));
+        // Nothing is dropped that has not arrived under the new code name.
+        writeScript(h.folder.filePath("bin/reprepro"_s),
+                    "#!/bin/sh\ncase \"$*\" in *copymatched*) exit 0;; esac\nexec " + real + " \"$@\"\n");
+        h.info.architectures = "amd64"_s;
+        h.info.codename = "aspen"_s;
+        QCOMPARE(h.change(h.repoPath(), true), RepoEnums::ERROR);
+        QVERIFY(h.complains("1 package(s) did not arrive"_s) && h.holds("foo 1.0 main amd64"_s));
     }
 
     void changeGivesUpSigning()

@@ -54,7 +54,9 @@ std::function<void()> jobOf(RepoShell *shell, const QString &job, const QStringL
         return [=] {
             RepoInfo info = shell->repoInfo();
             info.components = arguments.first();
-            shell->changeRepo(shell->path(), info);
+            info.codename = arguments.value(1, info.codename);
+            info.architectures = arguments.value(2, info.architectures);
+            shell->changeRepo(shell->path(), info, {}, true);
         };
     }
     if (job != "remove"_s)

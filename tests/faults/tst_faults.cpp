@@ -332,6 +332,15 @@ private Q_SLOTS:
         cutShort(job);
     }
 
+    /** The packages go over to another code name, and those for all architectures to a new one too. */
+    void renaming()
+    {
+        Job job{"change"_s, {"main contrib"_s, "aspen"_s, "amd64 i386 arm64"_s}};
+        job.request.offer({m_folder->filePath("every_1.0_all.deb"_s)});
+        job.largestFile = 60000;
+        cutShort(job);
+    }
+
     void importing()
     {
         Job job{"import"_s, {m_folder->filePath("packages.tgz"_s)}};

@@ -35,11 +35,16 @@ public:
             if (box == nullptr || !box->isVisible() || m_answers.isEmpty())
                 return;
             texts << box->windowTitle() + ": "_s + box->text();
+            if (!ticks.isEmpty())
+                box->checkBox()->setChecked(ticks.takeFirst());
+            abouts << box->informativeText();
             box->button(m_answers.takeFirst())->click();
         });
         start(5);
     }
     QStringList texts;
+    QStringList abouts; ///< what stands below them
+    QList<bool> ticks; ///< for their boxes
 
 private:
     QList<QMessageBox::StandardButton> m_answers;
@@ -182,10 +187,46 @@ private Q_SLOTS:
         QVERIFY(f.accept());
         QVERIFY(answers.texts.isEmpty());
         f.dialog.show();
+        type(f.dialog, "m_componentsComboBox", "main own further"_s);
+        QVERIFY(f.accept());
+        QVERIFY2(answers.texts.isEmpty(), "what only comes in addition endangers nothing");
+        f.dialog.show();
         type(f.dialog, "m_componentsComboBox", "main"_s);
         QVERIFY(!f.accept());
         QVERIFY(f.accept());
         QVERIFY(answers.texts.at(1).contains("may result in packages deletion"_s));
+        QVERIFY(!f.dialog.carriesPackages());
+
+        // Below stands what goes. One file can serve several architectures, and stays as long as one of them does.
+        QList<PackageInfoPtr> packages;
+        for (const char *place :
+             {"all amd64 main", "all riscv64 main", "amd64 amd64 main", "riscv64 riscv64 own"}) {
+            const QStringList words = QString::fromLatin1(place).split(QLatin1Char(' '));
+            const auto package = QSharedPointer<PackageInfo>::create();
+            package->name = "for-"_s + words.at(0);
+            package->control = ControlText("Architecture: " + words.at(0).toLatin1() + '\n');
+            package->architecture = words.at(1);
+            package->indexComponent = words.at(2);
+            package->root = path;
+            package->poolFile = package->name;
+            packages.append(package);
+        }
+        const auto losses = [&](const char *field, const QString &text, const QList<bool> &ticks) {
+            f.dialog.setRepository(path, birch(), packages);
+            f.dialog.show();
+            BoxAnswers changes({QMessageBox::Yes});
+            changes.ticks = ticks;
+            type(f.dialog, field, text);
+            return f.accept() ? changes.abouts.join("|"_s) : QString();
+        };
+        QCOMPARE(losses("m_componentsComboBox", "main"_s, {}),
+                 "1 package(s) will be deleted: for-riscv64 (riscv64)"_s);
+        const QString all
+            = "All 3 package(s) will be deleted: for-all (all), for-amd64 (amd64), for-riscv64 (riscv64)"_s;
+        QCOMPARE(losses("m_codeNameComboBox", "cedar"_s, {}), "No package will be deleted."_s);
+        QVERIFY(f.dialog.carriesPackages());
+        QCOMPARE(losses("m_codeNameComboBox", "cedar"_s, {false}), all);
+        QVERIFY(!f.dialog.carriesPackages());
 
         f.dialog.setRepository(path, birch());
         f.dialog.show();

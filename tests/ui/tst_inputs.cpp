@@ -106,15 +106,6 @@ private Q_SLOTS:
         QCOMPARE(NewRepoRules::fullPath("/srv//"_s, "r"_s), "/srv/r"_s);
         QCOMPARE(NewRepoRules::fullPath("/"_s, "r"_s), "/r"_s);
 
-        const RepoInfo info{{}, "birch"_s, {}, {}, "amd64 i386"_s, "main"_s};
-        const RepoInfo harmless{{}, "birch"_s, "testing"_s, "2"_s, "amd64  i386 "_s, "main"_s, true};
-        QVERIFY(!NewRepoRules::endangersPackages(info, harmless));
-        const QList<RepoInfo> dangers{{{}, "birch"_s, {}, {}, "amd64"_s, "main"_s},
-                                      {{}, "birch"_s, {}, {}, "amd64 i386"_s, "main contrib"_s},
-                                      {{}, "cedar"_s, {}, {}, "amd64 i386"_s, "main"_s}};
-        for (const RepoInfo &danger : dangers)
-            QVERIFY(NewRepoRules::endangersPackages(info, danger));
-
         QCOMPARE(NewRepoRules::choices("\uFEFF# x y\r\n a\tb # z\n\nc a\r\n#"_s, {"d"_s}).join("|"_s),
                  "a|b|c"_s);
         QCOMPARE(NewRepoRules::choices(" \n"_s, {"d"_s}), QStringList{"d"_s});
