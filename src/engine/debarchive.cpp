@@ -7,11 +7,12 @@ namespace
 {
 constexpr int MagicSize = 8;
 constexpr int HeaderSize = 60;
+constexpr int NameLength = 16;
 constexpr int SizeOffset = 48;
 constexpr int SizeLength = 10;
 } // namespace
 
-DebArchiveState debArchiveState(const QString &fileName)
+DebArchiveState debArchiveState(const QString &fileName, DebMember *data)
 {
     RegularFile file(fileName);
     if (!file.open(QIODevice::ReadOnly) || file.read(MagicSize) != "!<arch>\n")
@@ -33,7 +34,15 @@ DebArchiveState debArchiveState(const QString &fileName)
         const qint64 size = header.mid(SizeOffset, SizeLength).trimmed().toLongLong(&isNumber);
         if (!isNumber || size < 0)
             return DebArchiveState::NoArchive;
-        hasData = hasData || header.startsWith("data.tar");
+        if (!hasData && header.startsWith("data.tar")) {
+            hasData = true;
+            // Some tools end names with a slash.
+            QByteArray name = header.left(NameLength).trimmed();
+            if (name.endsWith('/'))
+                name.chop(1);
+            if (data != nullptr)
+                *data = {name, position + HeaderSize, size};
+        }
         const qint64 end = position + HeaderSize + size;
         if (end > file.size())
             return DebArchiveState::Truncated;

@@ -168,5 +168,5 @@ PackageFile DownloadJob::fetch(const PackageInfo &package, const ScratchFolder &
         = apt.download(package.name, package.version, package.architecture, downloadFolder(folder));
     if (file.isEmpty())
         return {{}, {}, reason.isEmpty() ? tr("apt has left no file of that version.") : reason};
-    return PackageFile::read(file);
+    return PackageFile::read(file, [this] { return m_context.isCanceled(); });
 }

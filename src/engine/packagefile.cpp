@@ -4,6 +4,7 @@
 #include "depends/dpkgoutput.h"
 #include "depends/dpkgutils.h"
 #include "engine/debarchive.h"
+#include "engine/debcontents.h"
 
 #include <QFileInfo>
 #include <QtConcurrent>
@@ -36,8 +37,11 @@ PackageFile PackageFile::read(const QString &path, const std::function<bool()> &
     dpkg.setStopRequest(stopped);
     if (!dpkg.packageInformation(path))
         return {path, {}, dpkg.errorText()};
-    if (debArchiveState(path) != DebArchiveState::Whole)
+    DebMember data;
+    if (debArchiveState(path, &data) != DebArchiveState::Whole)
         return {path, {}, tr("The file is damaged: its end is missing.")};
+    if (debContentsState(path, data, stopped) == DebContentsState::Damaged)
+        return {path, {}, tr("The file is damaged: what it contains cannot be unpacked.")};
     const auto type = path.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
     if (const auto package = DpkgOutput::packageInfo(dpkg.output(), type))
         return {path, QSharedPointer<PackageInfo>::create(*package), QString()};

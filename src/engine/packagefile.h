@@ -23,7 +23,7 @@ public:
     PackageInfoPtr package; ///< null when the file cannot be taken into a repository
     QString reason; ///< why, for the user
 
-    /** Runs dpkg, until `stopped` answers true: not for the interface thread. */
+    /** Runs dpkg and reads the whole file, until `stopped` answers true: not for the interface thread. */
     static PackageFile read(const QString &path, const std::function<bool()> &stopped = {});
 };
 

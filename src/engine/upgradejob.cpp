@@ -194,7 +194,7 @@ PackageFile UpgradeJob::fetch(const UpgradablePackage &wanted, const Run &run)
     const QString arrived
         = apt.download(wanted.name, wanted.newVersion, wanted.fetchArchitecture, run.folder);
     if (!arrived.isEmpty()) {
-        file = PackageFile::read(arrived);
+        file = PackageFile::read(arrived, [this] { return m_context.isClosing(); });
         reason = mismatch(file, wanted);
         if (reason.isEmpty())
             return file;

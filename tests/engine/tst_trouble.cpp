@@ -44,6 +44,40 @@ private Q_SLOTS:
         QVERIFY(h.holds("good 1.0 main amd64"_s));
     }
 
+    void whatDoesNotUnpackReplacesNothing()
+    {
+        for (const char *packed : {"xz", "gzip", "zstd", "none"}) {
+            RepoHarness h;
+            h.choice = PackageReplacementRules::ReplaceAll;
+            // Signed ones have a member behind their files, and some names need more than a header.
+            const QString build = R"(
+                build() {
+                    mkdir -p tree/DEBIAN tree/usr; chmod 755 tree tree/DEBIAN
+                    printf 'Package: foo\nVersion: %s\nArchitecture: amd64\nMaintainer: T <t@example.org>\n' $1 >tree/DEBIAN/control
+                    printf 'Section: admin\nPriority: optional\nDescription: test\n' >>tree/DEBIAN/control
+                    { head -c 100001 /dev/urandom; seq 50000; } >tree/usr/$(printf 'n%.0s' $(seq 180))
+                    ln -sf b tree/usr/a
+                    dpkg-deb --root-owner-group -Z%1 -b tree $1.deb >/dev/null
+                }
+                build 1; build 2; build 3
+                printf x >_gpgorigin; ar q 1.deb _gpgorigin; ar q 2.deb _gpgorigin
+                # Of what is not compressed, headers alone can tell.
+                at=$(( $(stat -c %s 2.deb) / 2 )); [ %1 != none ] || at=$(( $(grep -abo data.tar 2.deb | head -1 | cut -d: -f1) + 100 ))
+                head -c 1000 /dev/urandom | dd of=2.deb bs=1 seek=$at conv=notrunc status=none
+                dpkg-deb --fsys-tarfile 3.deb | tar t >/dev/null && echo whole)"_s;
+            QCOMPARE(runShell(QString(build).replace("%1"_s, QLatin1String(packed)), h.folder.path()),
+                     "whole\n"_s);
+            const auto file = [&h](const char *name) { return h.folder.filePath(QLatin1String(name)); };
+            h.add({file("1.deb")});
+            const QByteArray good = h.inPool("foo"_s);
+            h.add({file("2.deb")});
+            QVERIFY2(h.complains("cannot be unpacked"_s) && h.collisions.isEmpty(), packed);
+            QVERIFY2(h.holds("foo 1 main amd64"_s) && h.inPool("foo"_s) == good, packed);
+            h.add({file("3.deb")});
+            QVERIFY2(h.trouble().isEmpty() && h.holds("foo 3 main amd64"_s), packed);
+        }
+    }
+
     void interruptedJobIsFinishedOnOpen()
     {
         // What a crash between two packages leaves: a database ahead of its indices, and the marker that says so.

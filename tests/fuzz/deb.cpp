@@ -1,13 +1,22 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/debarchive.h"
+#include "engine/debcontents.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 
 namespace
 {
+constexpr int HeaderSize = 60;
+
 DebArchiveState stateOf(const QByteArray &bytes)
 {
-    return debArchiveState(Fuzzing::MemoryFile(bytes).name());
+    const Fuzzing::MemoryFile file(bytes);
+    DebMember data;
+    const auto state = debArchiveState(file.name(), &data);
+    if (state == DebArchiveState::Whole) {
+        FUZZ_RULE(bytes.mid(static_cast<int>(data.position) - HeaderSize).startsWith(data.name));
+        debContentsState(file.name(), data);
+    }
+    return state;
 }
 } // namespace
 
