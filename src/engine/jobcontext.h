@@ -65,6 +65,7 @@ public:
     void forgetAdmission() { m_gate.forget(); }
     /** The description is a new one of ours, and as approved as the old one was. */
     void renewAdmission() { m_gate.renew(path()); }
+    void renewAdmissionForCopy(const QString &copyPath) { m_gate.renewForCopy(copyPath); }
     /** The exit code, or -1 after critical() when it could not be started or crashed. */
     int runReprepro(const QString &arguments);
     /** Tells as runReprepro() does; `environment` is additional. */

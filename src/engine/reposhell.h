@@ -27,7 +27,9 @@ class DependsData;
 class ExportSession;
 class HelperClient;
 class JobContext;
+class JobFrame;
 class RepoServers;
+class RepositoryCopy;
 class ScratchFolder;
 class UpgradeSources;
 struct ProcessResult;
@@ -260,7 +262,7 @@ private:
     bool mayMove(const QString &newPath);
     bool userAgreesToLosses(const QByteArray &text, const QString &newPath, const RepoInfo &info);
     bool keepForUndoing(const QByteArray &text, QString *details);
-    bool moveRepo(const QString &newPath);
+    ErrorCode moveRepo(const QString &newPath, JobFrame *frame, std::unique_ptr<RepositoryCopy> *copy);
     bool rewriteRepo(const RepoChange &change, const QByteArray &text, QString *details);
     ProcessResult carryOver(const RepoChange &change, const QByteArray &text, ExportSession *session);
     void keepSignatures(const RepoChange &change, const QList<PackageInfoPtr> &packages);

@@ -11,6 +11,7 @@
 #include "engine/jobrecovery.h"
 #include "engine/pathguard.h"
 #include "engine/reposhell.h"
+#include "engine/repositorycopy.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
 #include "engine/signaturerecord.h"
@@ -19,7 +20,10 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSet>
+#include <QTemporaryDir>
 
+#include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 
 namespace
@@ -27,6 +31,17 @@ namespace
 QString absolute(const QString &path)
 {
     return QDir::cleanPath(QDir(path).absolutePath());
+}
+
+/** Whether a rename cannot lead from the one to the other; asked of the system with a folder that nobody needs. */
+bool isOnOtherFileSystem(const QString &repoPath, const QString &newPath)
+{
+    const QTemporaryDir probe(repoPath + QLatin1String("/db/velt-admin-repo.move-XXXXXX"));
+    const QString target = newPath + QLatin1Char('.') + QFileInfo(probe.path()).fileName();
+    if (std::rename(QFile::encodeName(probe.path()).constData(), QFile::encodeName(target).constData()) != 0)
+        return errno == EXDEV;
+    QDir().rmdir(target);
+    return false;
 }
 
 /** Path below the repository, which can have moved. */
@@ -89,9 +104,12 @@ int RepoShell::changeBody(const QString &newPath,
         m_context->runFailed(tr("Failed to change repository!"), details);
         return frame.finish(ERROR, tr("Repository is not changed."), CHANGE_REPO_JOB);
     }
-    if (newPath != oldPath && !moveRepo(newPath)) {
+    // Until its end the original is there too when the repository had to be copied.
+    std::unique_ptr<RepositoryCopy> copy;
+    const ErrorCode moved = newPath == oldPath ? SUCCESS : moveRepo(newPath, &frame, &copy);
+    if (moved != SUCCESS) {
         DatabaseCopy::drop(oldPath);
-        return frame.finish(ERROR, tr("Repository not changed"));
+        return frame.finish(moved, tr("Repository not changed"));
     }
 
     // Until the indices are those of the description again, whoever opens the repository has to write them.
@@ -100,6 +118,8 @@ int RepoShell::changeBody(const QString &newPath,
     const QList<PackageInfoPtr> packages = m_context->packages().all();
     if (rewriteRepo(change, *text, &details)) {
         DatabaseCopy::drop(newPath);
+        if (copy && !copy->removeOriginal())
+            Q_EMIT critical(tr("Impossible to delete directory %1!").arg(copy->leftAt()), QString(), WARNING);
         Q_EMIT pathChanged(newPath);
         // Between the steps of a change nothing can be stopped, and its end is no opening to be stopped either.
         if (!m_context->isClosing())
@@ -111,9 +131,13 @@ int RepoShell::changeBody(const QString &newPath,
     // Back to where we were, so that "not changed" is true.
     setRepository(newPath, oldInfo);
     removeVanishedIndices(newPath, info, oldInfo);
-    if (JobRecovery(*m_context).undoChange())
+    if (copy) {
+        copy->undo();
+        DatabaseCopy::drop(oldPath);
+    } else if (JobRecovery(*m_context).undoChange()) {
         DatabaseCopy::drop(newPath);
-    if (newPath != oldPath && AsideDirectory::rename(newPath, oldPath).isEmpty()) {
+    }
+    if (newPath != oldPath && (copy || AsideDirectory::rename(newPath, oldPath).isEmpty())) {
         setRepository(oldPath, repoInfo());
         moveStoredResults(oldPath);
     }
@@ -227,34 +251,53 @@ bool RepoShell::userAgreesToLosses(const QByteArray &text, const QString &newPat
         tr("Repository change"), question + QLatin1Char(' ') + tr("Want to continue?"), false);
 }
 
-bool RepoShell::moveRepo(const QString &newPath)
+RepoEnums::ErrorCode
+RepoShell::moveRepo(const QString &newPath, JobFrame *frame, std::unique_ptr<RepositoryCopy> *copy)
 {
+    const QString oldPath = path();
+    const auto failed = [this, &newPath](const QString &reason) {
+        Q_EMIT critical(tr("The repository could not be moved to %1.").arg(newPath), reason);
+        return ERROR;
+    };
     // What lies at the new path goes only when the repository has arrived there, and not under another job.
     JobLock lock;
-    if (!lock.take(newPath)) {
-        Q_EMIT critical(
-            tr("The repository could not be moved to %1.").arg(newPath),
-            tr("The repository %1 is being changed by another program. Try again when it is done.")
-                .arg(newPath));
-        return false;
+    if (!lock.take(newPath))
+        return failed(tr("The repository %1 is being changed by another program. Try again when it is done.")
+                          .arg(newPath));
+    QDir().mkpath(QFileInfo(newPath).path());
+    if (isOnOtherFileSystem(oldPath, newPath)) {
+        *copy = std::make_unique<RepositoryCopy>(oldPath, newPath);
+        m_context->setProgressRange((*copy)->stepCount());
+        const bool isMade = (*copy)->make([this] { return m_context->isCanceled(); },
+                                          [frame](int steps) {
+                                              for (int step = 0; step < steps; ++step)
+                                                  frame->quickItemDone();
+                                          });
+        if (!isMade && (*copy)->error().isEmpty())
+            return CANCEL;
+        if (!isMade)
+            return failed((*copy)->error());
+        m_context->showProgress();
     }
     AsideDirectory aside(newPath);
     QString error = aside.error();
     if (error.isEmpty()) {
-        QDir().mkpath(QFileInfo(newPath).path());
-        error = AsideDirectory::rename(path(), newPath);
+        if (!*copy)
+            error = AsideDirectory::rename(oldPath, newPath);
+        else if (!(*copy)->takePlace())
+            error = (*copy)->error();
         if (!error.isEmpty())
             aside.putBack();
     }
-    if (!error.isEmpty()) {
-        Q_EMIT critical(tr("The repository could not be moved to %1.").arg(newPath), error);
-        return false;
-    }
+    if (!error.isEmpty())
+        return failed(error);
     if (!aside.remove())
         Q_EMIT critical(tr("Impossible to delete directory %1!").arg(aside.place()), QString(), WARNING);
+    if (*copy)
+        m_context->renewAdmissionForCopy(newPath);
     setRepository(newPath, repoInfo());
     moveStoredResults(newPath);
-    return true;
+    return SUCCESS;
 }
 
 bool RepoShell::rewriteRepo(const RepoChange &change, const QByteArray &text, QString *details)

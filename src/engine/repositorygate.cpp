@@ -54,6 +54,19 @@ void RepositoryGate::renew(const QString &repoPath)
     RepositoryApprovals(settings).add(found.identity, found.digest);
 }
 
+void RepositoryGate::renewForCopy(const QString &copyPath)
+{
+    const Admission before = std::exchange(m_admission, Admission());
+    if (before.m_verdict != Admission::Approved)
+        return;
+    const auto found = RepositoryInspection::of(copyPath);
+    QSettings settings;
+    RepositoryApprovals approvals(settings);
+    // What differs from what was agreed to is asked about.
+    if (approvals.contain(before.m_identity, found.digest))
+        approvals.add(found.identity, found.digest);
+}
+
 void RepositoryGate::take(const QString &repoPath, const RepositoryInspection &found)
 {
     m_admission = Admission();

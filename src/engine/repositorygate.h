@@ -62,6 +62,8 @@ public:
     void forget();
     /** The same after a change of this program's own: what was approved before stays so, also after a move. */
     void renew(const QString &repoPath);
+    /** The same for a copy of the repository, which is to take its place. */
+    void renewForCopy(const QString &copyPath);
 
 private:
     Ask m_ask;

@@ -8,6 +8,7 @@
 #include "support/scopedvariable.h"
 
 #include <QDir>
+#include <QStorageInfo>
 #include <QtTest>
 
 #include <sys/stat.h>
@@ -322,6 +323,56 @@ private Q_SLOTS:
                 && QFile::exists(target + "/dists/aspen/Release"_s));
         QVERIFY(h.holds({}));
         QCOMPARE(h.notes, QStringList{"1 package(s) deleted: foo_1.0_amd64.deb"_s});
+    }
+
+    void movesToAnotherFileSystem()
+    {
+        // Nothing may be moved to there, but from there it may.
+        const QTemporaryDir far("/dev/shm/veXXXXXX"_s);
+        RepoHarness h;
+        if (!far.isValid() || QStorageInfo(far.path()).device() == QStorageInfo(h.repoPath()).device())
+            QSKIP("there is one file system alone");
+        h.add(h.debs("foo bar"));
+        writeFile(h.repoPath() + "/conf/own"_s, "x");
+        QVERIFY(QFile::link("own"_s, h.repoPath() + "/conf/link"_s));
+        const QString origin = far.filePath("repo"_s);
+        runShell("mv '%1' '%2'"_s.arg(h.repoPath(), origin));
+        h.open(origin);
+        const QString list = "cd '%1' && find . -path ./db -prune -o -path ./dists -prune -o -type f "
+                             "-exec md5sum {} + -o -printf '%p %y %l\\n' | sort"_s;
+        const QString before = runShell(list.arg(origin));
+        const QString target = h.folder.filePath("deep/repo"_s);
+        writeFile(target + "/old"_s, "x");
+        const auto isWhere = [&](const QString &path) {
+            const QDir parent(h.folder.filePath("deep"_s));
+            return h.shell.path() == path && runShell(list.arg(path)) == before
+                   && parent.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size() == 1
+                   && QFile::exists(target + "/old"_s) == (path != target) && h.settled();
+        };
+        // A stop leaves both places as they were.
+        const auto stopping = h.cancelAt(&RepoShell::progressRangeChanged, 2);
+        QCOMPARE(h.change(target), RepoEnums::CANCEL);
+        disconnect(stopping);
+        QVERIFY(h.trouble().isEmpty() && isWhere(origin));
+        // So does a copy that is not like the original.
+        writeScript(h.folder.filePath("bin/sync"_s), "#!/bin/sh\necho y >\"$2\"/conf/own\n");
+        {
+            const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+            QCOMPARE(h.change(target), RepoEnums::ERROR);
+        }
+        QVERIFY(h.complains("/conf/own differ"_s) && isWhere(origin));
+        // A change that fails behind the copying leaves no copy.
+        const QString other = h.folder.filePath("other"_s);
+        h.info.architectures = "i386 all"_s;
+        QCOMPARE(h.change(other), RepoEnums::ERROR);
+        QVERIFY(!QFile::exists(other) && isWhere(origin));
+        h.info.architectures = "amd64"_s;
+        // What a killed run has left of one is no obstacle.
+        writeFile(target + ".velt-admin-repo-moving/conf/other"_s, "x");
+        QCOMPARE(h.change(target), RepoEnums::SUCCESS);
+        QVERIFY(h.trouble().isEmpty() && isWhere(target));
+        QVERIFY(!QFile::exists(origin));
+        QVERIFY2(h.ranges.value(1) > 20 && h.steps.contains(h.ranges.value(1)), "each file is a step");
     }
 
     void packagesAreCarriedToANewCodename()

@@ -59,6 +59,8 @@ std::function<void()> jobOf(RepoShell *shell, const QString &job, const QStringL
             shell->changeRepo(shell->path(), info, {}, true);
         };
     }
+    if (job == "move"_s)
+        return [=] { shell->changeRepo(arguments.first(), shell->repoInfo()); };
     if (job != "remove"_s)
         qFatal("no such job");
     return [=] {

@@ -341,6 +341,57 @@ private Q_SLOTS:
         cutShort(job);
     }
 
+    /** To another file system a repository is copied, and is whole in one of the places at every moment. */
+    void moving()
+    {
+        if (!m_private)
+            QSKIP("needs root, for a file system of its own at /srv");
+        const QTemporaryDir far("/srv/vfXXXXXX"_s);
+        const QString target = far.filePath("repo"_s);
+        const QStringList words{"move"_s, repoPath(), target};
+        const auto isRepository
+            = [](const QString &path) { return QFile::exists(path + "/conf/distributions"_s); };
+        int length = 0;
+        for (int round = 0; round <= m_rounds * 2; ++round) {
+            const RepoState before = prepare(false);
+            runShell("rm -rf '%1'; ls"_s.arg(target));
+            const int moment = m_random.bounded(length + 1);
+            {
+                Victim victim(QStringLiteral(FAULT_PROBE), words);
+                QElapsedTimer time;
+                time.start();
+                if (round == 0)
+                    QVERIFY(victim.endsWithin(Minute));
+                else if (!victim.endsWithin(moment))
+                    victim.kill(m_random.bounded(2) == 0);
+                victim.waitForOrphans();
+                length = qMax(length, static_cast<int>(time.elapsed()));
+            }
+            const auto faultsAt = [&](const QString &path) {
+                EngineHarness engine;
+                engine.reply = true;
+                if (engine.open(path) != RepoEnums::SUCCESS)
+                    return "it does not open: "_s + engine.trouble();
+                return RepoState::faultsWithin(engine) + RepoState::read(path).faultsAfter(before, {});
+            };
+            QString faults;
+            for (const QString &path : {repoPath(), target})
+                if (isRepository(path))
+                    faults += faultsAt(path);
+            if (isRepository(repoPath())) {
+                QVERIFY(round > 0);
+                Victim again(QStringLiteral(FAULT_PROBE), words);
+                QVERIFY(again.endsWithin(Minute));
+            }
+            faults += faultsAt(target);
+            QVERIFY2(faults.isEmpty() && !QFile::exists(repoPath()),
+                     qPrintable("round %1 at %2 of %3 ms\n%4"_s.arg(
+                         QString::number(round), QString::number(moment), QString::number(length), faults)));
+            QCOMPARE(QDir(far.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                     QStringList{"repo"_s});
+        }
+    }
+
     void importing()
     {
         Job job{"import"_s, {m_folder->filePath("packages.tgz"_s)}};
