@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /** A file on its way into a repository that collides with a package which is there. */
 struct Newcomer
@@ -9,4 +10,5 @@ struct Newcomer
     QString fileName;
     QString version;
     bool isLast = false; ///< nothing follows in this job that could collide
+    QStringList architectures = {}; ///< that the package which is there stands in with one file
 };

@@ -28,20 +28,6 @@ bool isDescriptionRead(const QString &repoPath)
     const auto bytes = DistributionsFile(repoPath).readBytes();
     return bytes && Distributions::unreadLine(QString::fromUtf8(*bytes)).isEmpty();
 }
-
-/** Why a file that collided stayed out. */
-QString keptText(RepoEnums::ErrorCode collision, const QString &file, const PackageInfo &present)
-{
-    QString text
-        = PackageAdding::tr("Not added: %1. The repository holds version %2 (%3) already, which was kept.");
-    if (collision == RepoEnums::PACKAGE_EXISTS_NEW_VERSION)
-        text = PackageAdding::tr(
-            "Not added: %1. The repository holds the newer version %2 (%3), which was kept.");
-    else if (collision == RepoEnums::PACKAGE_EXISTS_OLD_VERSION)
-        text = PackageAdding::tr(
-            "Not added: %1. The repository holds the older version %2 (%3), which was kept.");
-    return text.arg(file, present.version, present.architecture);
-}
 } // namespace
 
 PackageAdding::PackageAdding(JobContext &context,
@@ -161,32 +147,65 @@ QVector<PackageInfo> PackageAdding::recordsOf(const PackageInfo &package) const
 RepoEnums::ErrorCode PackageAdding::addFile(AddedFile *file, const QVector<PackageInfo> &records)
 {
     ErrorCode result = ERROR;
-    for (const PackageInfo &record : records) {
+    // One file that serves several architectures is replaced in all of them or in none.
+    QHash<QString, bool> answers;
+    for (int i = 0; i < records.size(); ++i) {
+        const PackageInfo &record = records.at(i);
         result = PackageInclusion(m_context).include(file, record, false);
         if (isCollision(result)) {
-            const PackageInfoPtr present = m_context.packages().find(PackageKey::of(record));
-            m_context.setNewcomer({QFileInfo(file->path).fileName(),
-                                   record.version,
-                                   file->isLast && &record == &records.last()});
-            if (mustReplace(result, present))
+            const PresentFile present = presentFile(records.mid(i));
+            const QString key = present.package->filePath();
+            if (!answers.contains(key)) {
+                m_context.setNewcomer({QFileInfo(file->path).fileName(),
+                                       record.version,
+                                       file->isLast && present.isAll,
+                                       present.architectures});
+                answers.insert(key, mustReplace(result, present.package));
+                if (!answers.value(key))
+                    m_context.noted(keptText(result, file->path, present));
+            }
+            if (answers.value(key))
                 result = PackageInclusion(m_context).include(file, record, true);
-            else
-                m_context.noted(keptText(result, file->path, *present));
         }
-        if (result == PACKAGE_GPGERROR) {
-            const bool remove = m_context.ask(tr("Package is unsigned"),
-                                              tr("Package is added, but unsigned. Do you want to remove it?"),
-                                              false);
-            if (remove
-                && PackageRemoval(m_context, &m_run.session)
-                       .remove(m_context.packages().find(PackageKey::of(record))))
-                m_context.noted(
-                    tr("Not added: %1. The repository could not be signed with it.").arg(file->path));
-            else
-                m_context.noted(tr("Added, but the repository could not be signed: %1.").arg(file->path));
-        }
+        if (result == PACKAGE_GPGERROR)
+            askToKeepUnsigned(*file, record);
     }
     return result;
+}
+
+PackageAdding::PresentFile PackageAdding::presentFile(const QVector<PackageInfo> &records) const
+{
+    PresentFile present{m_context.packages().find(PackageKey::of(records.first())), {}, true};
+    for (const PackageInfo &record : records) {
+        const PackageInfoPtr other = m_context.packages().find(PackageKey::of(record));
+        if (other && other->filePath() == present.package->filePath())
+            present.architectures.append(record.architecture);
+        else if (other)
+            present.isAll = false;
+    }
+    return present;
+}
+
+QString PackageAdding::keptText(ErrorCode collision, const QString &file, const PresentFile &present)
+{
+    QString text = tr("Not added: %1. The repository holds version %2 (%3) already, which was kept.");
+    if (collision == PACKAGE_EXISTS_NEW_VERSION)
+        text = tr("Not added: %1. The repository holds the newer version %2 (%3), which was kept.");
+    else if (collision == PACKAGE_EXISTS_OLD_VERSION)
+        text = tr("Not added: %1. The repository holds the older version %2 (%3), which was kept.");
+    return text.arg(file, present.package->version, present.architectures.join(QLatin1String(", ")));
+}
+
+void PackageAdding::askToKeepUnsigned(const AddedFile &file, const PackageInfo &record)
+{
+    const bool remove = m_context.ask(
+        tr("Package is unsigned"), tr("Package is added, but unsigned. Do you want to remove it?"), false);
+    if (remove
+        && PackageRemoval(m_context, &m_run.session)
+               .remove(m_context.packages().find(PackageKey::of(record))))
+        m_context.noted(tr("Not added: %1. The repository could not be signed with it.").arg(file.path));
+    else
+        m_context.noted(tr("Added, but the repository could not be signed: %1.").arg(file.path));
 }
 
 bool PackageAdding::mustReplace(ErrorCode collision, const PackageInfoPtr &package)
@@ -195,7 +214,9 @@ bool PackageAdding::mustReplace(ErrorCode collision, const PackageInfoPtr &packa
     if (rules.mustAsk()) {
         // No answer, because the program is closing or nobody is there to ask, keeps what is in the repository.
         rules.value = PackageReplacementRules::KeepThis;
-        m_context.askForReplacement(collision, &rules, package, m_run.singlePackage);
+        // Nor is anybody asked who has just ended the job.
+        if (!m_context.isCanceled())
+            m_context.askForReplacement(collision, &rules, package, m_run.singlePackage);
     }
     return rules.replaces(collision);
 }

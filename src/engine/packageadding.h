@@ -38,6 +38,14 @@ public:
     QString addedNames() const { return m_run.added.join(QLatin1String(", ")); }
 
 private:
+    /** A file in the repository that an added one collides with. */
+    struct PresentFile
+    {
+        PackageInfoPtr package; ///< for the first of the architectures
+        QStringList architectures; ///< that it serves
+        bool isAll = false; ///< no other file is in the way
+    };
+
     JobContext &m_context;
     AddRun m_run;
 
@@ -46,5 +54,10 @@ private:
     /** How the package of a file is to stand in the repository, once for each architecture that it is for. */
     QVector<PackageInfo> recordsOf(const PackageInfo &package) const;
     ErrorCode addFile(AddedFile *file, const QVector<PackageInfo> &records);
+    /** What the first of these records collides with, and which of the others do. */
+    PresentFile presentFile(const QVector<PackageInfo> &records) const;
+    /** Why a file that collided stayed out. */
+    static QString keptText(ErrorCode collision, const QString &file, const PresentFile &present);
+    void askToKeepUnsigned(const AddedFile &file, const PackageInfo &record);
     bool mustReplace(ErrorCode collision, const PackageInfoPtr &package);
 };

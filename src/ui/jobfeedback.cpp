@@ -330,7 +330,7 @@ void JobFeedback::packagesReplacementHandler(const QPointer<RepoWidget> &widget,
     PackageReplacementDialog dialog(
         collision, *package, singlePackage || newcomer.isLast, m_prompts.window());
     dialog.setRepository(about(widget));
-    dialog.setNewcomer(newcomer.fileName, newcomer.version);
+    dialog.setNewcomer(newcomer.fileName, newcomer.version, newcomer.architectures);
     // The engine waits for us, so the rules are still its own; closed without an answer, the package stays.
     rules->value = m_prompts.run(dialog) == QDialog::Accepted
                        ? dialog.rule()

@@ -107,10 +107,17 @@ void PackageReplacementDialog::setRepository(const QString &path)
     fitHeight();
 }
 
-void PackageReplacementDialog::setNewcomer(const QString &fileName, const QString &version)
+void PackageReplacementDialog::setNewcomer(const QString &fileName,
+                                           const QString &version,
+                                           const QStringList &architectures)
 {
-    m_versionsLabel->setText(tr("Version in the repository: %1").arg(m_presentVersion) + QLatin1Char('\n')
-                             + tr("New version: %1 (%2)").arg(version, fileName));
+    QString text = tr("Version in the repository: %1").arg(m_presentVersion) + QLatin1Char('\n')
+                   + tr("New version: %1 (%2)").arg(version, fileName);
+    if (architectures.size() > 1)
+        text += QLatin1Char('\n')
+                + tr("It is one file for several architectures, so the answer is for all of them: %1")
+                      .arg(architectures.join(QLatin1String(", ")));
+    m_versionsLabel->setText(text);
     m_versionsLabel->setVisible(!version.isEmpty());
     fitHeight();
 }

@@ -26,8 +26,11 @@ public:
     /** Says which repository is meant, for when several are open. */
     void setRepository(const QString &path);
 
-    /** Shows the version of the file that would replace the package, beside the present one. */
-    void setNewcomer(const QString &fileName, const QString &version);
+    /**
+     * Shows the version of the file that would replace the package, beside the present one, and which architectures
+     * the answer is for when there are several.
+     */
+    void setNewcomer(const QString &fileName, const QString &version, const QStringList &architectures = {});
 
     /** What the user decided; closing the dialog without an answer keeps the present package. */
     PackageReplacementRules::Rule rule() const { return m_rule; }

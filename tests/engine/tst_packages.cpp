@@ -120,17 +120,37 @@ private Q_SLOTS:
         QCOMPARE(h.trouble(), QString());
         QCOMPARE(h.inPool(Foo), readFile(other));
         QVERIFY(h.listed().size() == 2 && h.settled());
-        // They share a file: a yes for the second replaces it for the first, too, and takes it from none.
-        int asked = 0;
-        h.whileAsked = [&] { h.choice = ++asked == 1 ? Rules::KeepThis : Rules::ReplaceThis; };
+        // They share a file, so one answer is for both.
+        QStringList together;
+        h.whileAsked = [&] { together.append(h.shell.newcomer().architectures.join(QLatin1Char('+'))); };
         const QString third = h.deb(deb.contents("third"));
+        h.choice = Rules::KeepThis;
         h.add({third});
-        QCOMPARE(asked, 2);
+        QVERIFY(h.inPool(Foo) == readFile(other) && h.notes.size() == 1 && h.settled());
+        h.choice = Rules::ReplaceThis;
+        h.add({third});
+        QCOMPARE(together, (QStringList{"amd64+i386"_s, "amd64+i386"_s}));
+        QVERIFY(h.newcomers.first().endsWith("last"_s));
         QCOMPARE(h.inPool(Foo), readFile(third));
         QVERIFY(h.listed().size() == 2 && h.settled());
         h.remove({h.find(Foo, "i386"_s)});
         QCOMPARE(h.inDatabase(), QStringList{"dogwood|main|amd64: foo 1.0"_s});
         QVERIFY(h.settled());
+        // Different files are replaced one by one, and nobody who ends the job is asked about the second.
+        h.add({h.deb(DebBuilder(Foo).version("2.0"_s).architecture("i386"_s))});
+        const QString fourth = h.deb(deb.version("1.5"_s));
+        int asked = 0;
+        h.whileAsked = [&] { h.choice = ++asked == 1 ? Rules::KeepThis : Rules::ReplaceThis; };
+        h.add({fourth});
+        QVERIFY(asked == 2 && h.newcomers.first().endsWith("1.5"_s));
+        QVERIFY(h.holds("foo 1.0 main amd64,foo 1.5 main i386"_s));
+        h.choice = Rules::KeepThis;
+        h.whileAsked = [&] {
+            ++asked;
+            h.shell.cancel();
+        };
+        QCOMPARE(h.add({fourth, fourth}), RepoEnums::CANCEL);
+        QVERIFY(asked == 3 && h.holds("foo 1.0 main amd64,foo 1.5 main i386"_s));
     }
 
     void debAndUdebOfOneName()
@@ -208,14 +228,13 @@ private Q_SLOTS:
         h.add({h.debs("foo").first(), everywhere});
         const QStringList files = h.debs("foo", "2.0") + h.debs("foo", "0.5") + QStringList{everywhere};
         h.add(files);
-        QCOMPARE(
-            h.newcomers.join("|"_s),
-            "foo_2.0_amd64.deb 2.0|foo_0.5_amd64.deb 0.5|all_1.0_all.deb 1.0|all_1.0_all.deb 1.0 last"_s);
-        QCOMPARE(h.singles, QVector<bool>(4, false));
-        QCOMPARE(h.notes.size(), 4);
+        QCOMPARE(h.newcomers.join("|"_s),
+                 "foo_2.0_amd64.deb 2.0|foo_0.5_amd64.deb 0.5|all_1.0_all.deb 1.0 last"_s);
+        QCOMPARE(h.singles, QVector<bool>(3, false));
+        QCOMPARE(h.notes.size(), 3);
         QVERIFY(h.notes.at(0).contains(files.at(0)) && h.notes.at(0).contains("older version 1.0"_s));
         QVERIFY(h.notes.at(1).contains(files.at(1)) && h.notes.at(1).contains("newer version 1.0"_s));
-        QVERIFY(h.notes.at(3).contains("version 1.0 (i386)"_s));
+        QVERIFY(h.notes.at(2).contains("version 1.0 (amd64, i386)"_s));
         QVERIFY(h.criticals.isEmpty());
 
         // What reprepro says of our stand-in for the repository's configuration names the repository's own.

@@ -285,6 +285,9 @@ private Q_SLOTS:
             true);
         all.setNewcomer("doc_2_all.deb"_s, "2"_s);
         QVERIFY(child<QLabel>(all, "m_versionsLabel")->text().contains("(all)"_s));
+        PackageReplacementDialog shared(RepoEnums::PACKAGE_EXISTS, package, false);
+        shared.setNewcomer("doc_2_all.deb"_s, "2"_s, {"amd64"_s, "i386"_s});
+        QVERIFY(child<QLabel>(shared, "m_versionsLabel")->text().endsWith("all of them: amd64, i386"_s));
         QCOMPARE(single.findChildren<QPushButton *>().size(), 2);
         button(single, QDialogButtonBox::Yes)->click();
         QCOMPARE(single.rule(), PackageReplacementRules::ReplaceThis);
