@@ -258,8 +258,12 @@ void JobFeedback::showCurrent()
 void JobFeedback::stop()
 {
     RepoWidget *widget = m_tabs.current();
-    if (widget == nullptr || !m_tabs.isRunning(widget))
-        return;
+    if (widget != nullptr && m_tabs.isRunning(widget))
+        stopJobOf(widget);
+}
+
+void JobFeedback::stopJobOf(RepoWidget *widget)
+{
     widget->repoShell()->cancel();
     m_jobs[widget].stopping = true;
     showCurrent();
@@ -323,10 +327,9 @@ void JobFeedback::packagesReplacementHandler(const QPointer<RepoWidget> &widget,
                                              const PackageInfoPtr &package,
                                              bool singlePackage)
 {
-    const RepoWidget *asking = widget.data();
-    if (package.isNull() || asking == nullptr)
+    if (package.isNull() || widget.isNull())
         return;
-    const RepoShell::Newcomer newcomer = asking->repoShell()->newcomer();
+    const RepoShell::Newcomer newcomer = widget->repoShell()->newcomer();
     PackageReplacementDialog dialog(
         collision, *package, singlePackage || newcomer.isLast, m_prompts.window());
     dialog.setRepository(about(widget));
@@ -335,4 +338,6 @@ void JobFeedback::packagesReplacementHandler(const QPointer<RepoWidget> &widget,
     rules->value = m_prompts.run(dialog) == QDialog::Accepted
                        ? dialog.rule()
                        : static_cast<quint32>(PackageReplacementRules::KeepThis);
+    if (dialog.wantsStop() && !widget.isNull())
+        stopJobOf(widget);
 }

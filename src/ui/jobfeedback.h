@@ -72,6 +72,7 @@ private:
     void notifyDesktop(const RepoWidget *widget, const Job &job) const;
     void showCurrent();
     void stop();
+    void stopJobOf(RepoWidget *widget);
     void appendLog(const RepoWidget *widget, const QString &message);
     void askUser(const QPointer<RepoWidget> &widget, const QString &title, const QString &text);
     void packagesReplacementHandler(const QPointer<RepoWidget> &widget,

@@ -83,6 +83,14 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
         connect(applyToAll, &QPushButton::clicked, this, [this] {
             finish(static_cast<PackageReplacementRules::Rule>(m_options->checkedId()));
         });
+        QPushButton *stop = buttons->addButton(tr("Stop"), QDialogButtonBox::ResetRole);
+        stop->setObjectName(QStringLiteral("m_stopButton"));
+        stop->setAutoDefault(false);
+        stop->setToolTip(tr("Keep this package and add no more"));
+        connect(stop, &QPushButton::clicked, this, [this] {
+            m_wantsStop = true;
+            finish(PackageReplacementRules::KeepThis);
+        });
     }
     rows->addStretch();
     rows->addWidget(buttons);

@@ -34,6 +34,8 @@ public:
 
     /** What the user decided; closing the dialog without an answer keeps the present package. */
     PackageReplacementRules::Rule rule() const { return m_rule; }
+    /** Whether the whole job is to end; the present package is kept then. */
+    bool wantsStop() const { return m_wantsStop; }
 
 private:
     void addOptions(QVBoxLayout *rows);
@@ -45,4 +47,5 @@ private:
     QLabel *m_versionsLabel;
     QString m_presentVersion; ///< with its architecture
     PackageReplacementRules::Rule m_rule = PackageReplacementRules::KeepThis;
+    bool m_wantsStop = false;
 };

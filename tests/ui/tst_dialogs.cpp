@@ -288,6 +288,9 @@ private Q_SLOTS:
         PackageReplacementDialog shared(RepoEnums::PACKAGE_EXISTS, package, false);
         shared.setNewcomer("doc_2_all.deb"_s, "2"_s, {"amd64"_s, "i386"_s});
         QVERIFY(child<QLabel>(shared, "m_versionsLabel")->text().endsWith("all of them: amd64, i386"_s));
+        shared.findChildren<QRadioButton *>().first()->click();
+        child<QPushButton>(shared, "m_stopButton")->click();
+        QVERIFY(shared.wantsStop() && shared.rule() == PackageReplacementRules::KeepThis);
         QCOMPARE(single.findChildren<QPushButton *>().size(), 2);
         button(single, QDialogButtonBox::Yes)->click();
         QCOMPARE(single.rule(), PackageReplacementRules::ReplaceThis);
