@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependscollection.h"
 
-#include "depends/dependsparser.h"
+#include "core/settingskeys.h"
+#include "depends/dependscheck.h"
 #include "depends/versionorder.h"
 
 #include <QSet>
@@ -31,4 +32,25 @@ QList<PackageInfoPtr> localDependencies(const QList<PackageInfoPtr> &packages, c
         }
     }
     return collected.mid(packages.size());
+}
+
+QVector<UnmetEntry> unmetEntries(const QList<PackageInfoPtr> &packages, const StopRequest &stopped)
+{
+    QMap<QString, QSet<QString>> needing;
+    const auto note = [&](const PackageInfoPtr &package, const QSharedPointer<const DependsInfo> &result) {
+        for (const DependencyGroup &group : result->groups)
+            if (group.status != DependSuccess)
+                needing[dependencyText(group, package->architecture)].insert(package->name);
+    };
+    LocalCandidates local(packages);
+    DependsCheck(DependsLocal, &local, nullptr).run(packages, note, stopped);
+    if (stopped && stopped())
+        return {};
+    QVector<UnmetEntry> unmet;
+    for (auto it = needing.cbegin(); it != needing.cend(); ++it) {
+        QStringList names = it->values();
+        names.sort();
+        unmet.append({it.key(), names});
+    }
+    return unmet;
 }

@@ -185,6 +185,21 @@ ArchiveWriter::Result ArchiveWriter::addFile(Source *opened, const QString &memb
     return Result::Added;
 }
 
+ArchiveWriter::Result ArchiveWriter::addText(const QByteArray &text, const QString &member)
+{
+    constexpr mode_t Mode = 0644;
+    m_device->setStored(isCompressed(member));
+    return m_tar->writeFile(member,
+                            text,
+                            Mode,
+                            userName(::geteuid()),
+                            groupName(::getegid()),
+                            {},
+                            QDateTime::currentDateTimeUtc())
+               ? Result::Added
+               : failed(m_target, m_device->failure());
+}
+
 QString ArchiveWriter::changed()
 {
     return tr("It was changed by another program while it was read.");

@@ -42,6 +42,8 @@ public:
      * are never stopped. With `judged` the path has to name this file still.
      */
     Result add(const QString &file, const QString &member, const std::optional<FileId> &judged = {});
+    /** Adds a file that the archive alone has. */
+    Result addText(const QByteArray &text, const QString &member);
     /** Completes the archive and puts it into the target's place. */
     bool commit();
     /** What went wrong, with the file's name and the system's words. */

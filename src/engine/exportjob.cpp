@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/exportjob.h"
 
-#include "depends/dependscollection.h"
 #include "engine/archivecontents.h"
 #include "engine/jobframe.h"
 #include "engine/pathguard.h"
@@ -10,6 +9,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <utility>
 
 namespace
@@ -17,6 +17,14 @@ namespace
 QString suffixOf(const PackageInfo &package)
 {
     return package.type == PackageType::Udeb ? QStringLiteral(".udeb") : QStringLiteral(".deb");
+}
+
+/** In the archive of packages; no name of a package. */
+const QString MissingList = QStringLiteral("missing-dependencies.txt");
+
+QString missingLine(const UnmetEntry &entry)
+{
+    return QStringLiteral("%1: %2").arg(entry.text, entry.packages.join(QLatin1String(", ")));
 }
 } // namespace
 
@@ -91,6 +99,18 @@ int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDe
         members.insert(member, file);
         frame.itemDone(packages.size() + needed.size());
     }
+    QVector<UnmetEntry> missing;
+    if (withDepends && result == ArchiveWriter::Result::Added) {
+        QList<PackageInfoPtr> packed = packages + needed;
+        const auto isLeftOut = [&](const PackageInfoPtr &package) {
+            return leftOut.contains(poolFile(files.value(PackageKey::of(*package))));
+        };
+        packed.erase(std::remove_if(packed.begin(), packed.end(), isLeftOut), packed.end());
+        missing = unmetEntries(packed, [this] { return m_context.isCanceled(); });
+        result = m_context.isCanceled() ? ArchiveWriter::Result::Stopped : addMissing(&writer, missing);
+        if (result == ArchiveWriter::Result::Failed)
+            return failed(&frame, writer.error());
+    }
     // An archive of nothing must not replace an older one.
     const bool isStopped = result == ArchiveWriter::Result::Stopped;
     const bool isEmpty = members.size() == leftOut.size();
@@ -103,18 +123,18 @@ int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDe
                             packages.size() == 1 ? tr("Operation stopped. Package not exported.")
                                                  : tr("Operation stopped. Packages not exported."));
     warnOfLeftOut(leftOut);
+    warnOfMissing(missing);
     return frame.finish(SUCCESS, tr("Export finished"));
 }
 
 ArchiveWriter::Result
 ExportJob::add(ArchiveWriter *writer, const QString &file, const QString &member, QStringList *leftOut)
 {
-    const QString poolFile = file.mid(m_context.path().size() + 1);
-    const auto entry = ArchiveContents::fileOfRepository(m_context.path(), poolFile, member);
+    const auto entry = ArchiveContents::fileOfRepository(m_context.path(), poolFile(file), member);
     if (entry)
         return writer->add(entry->path, entry->member, entry->id);
-    leftOut->append(poolFile);
-    noteLeftOut({poolFile});
+    leftOut->append(poolFile(file));
+    noteLeftOut({poolFile(file)});
     return ArchiveWriter::Result::Added;
 }
 
@@ -141,6 +161,44 @@ void ExportJob::warnOfLeftOut(const QStringList &names)
     if (names.size() > MostNamed)
         lines << QString(QChar(0x2026));
     m_context.critical(leftOutText(names), lines.join(QLatin1Char('\n')), WARNING);
+}
+
+ArchiveWriter::Result ExportJob::addMissing(ArchiveWriter *writer, const QVector<UnmetEntry> &missing)
+{
+    if (missing.isEmpty())
+        return ArchiveWriter::Result::Added;
+    QStringList lines{
+        tr("What packages in this archive depend on and no package in it is or provides, with the "
+           "packages that need it:"),
+        QString()};
+    for (const UnmetEntry &entry : missing)
+        lines << missingLine(entry);
+    return writer->addText(lines.join(QLatin1Char('\n')).toUtf8() + '\n', MissingList);
+}
+
+void ExportJob::warnOfMissing(const QVector<UnmetEntry> &missing)
+{
+    constexpr int MostNamed = 10;
+    constexpr int MostPackages = 5;
+    if (missing.isEmpty())
+        return;
+    QStringList lines;
+    for (const UnmetEntry &entry : missing.mid(0, MostNamed)) {
+        UnmetEntry shortened{entry.text, entry.packages.mid(0, MostPackages)};
+        if (entry.packages.size() > MostPackages)
+            shortened.packages << QString(QChar(0x2026));
+        lines << missingLine(shortened);
+    }
+    if (missing.size() > MostNamed)
+        lines << QString(QChar(0x2026));
+    m_context.critical(
+        tr("%n dependency(ies) of the exported packages are not in the archive %1. The file %2 in it "
+           "lists them all.",
+           nullptr,
+           missing.size())
+            .arg(m_target, MissingList),
+        lines.join(QLatin1Char('\n')),
+        WARNING);
 }
 
 bool ExportJob::mayExport()
@@ -171,6 +229,11 @@ int ExportJob::failed(JobFrame *frame, const QString &reason)
 {
     m_context.critical(tr("Can't create archive for export"), reason);
     return frame->finish(ERROR, tr("Repository is not exported"));
+}
+
+QString ExportJob::poolFile(const QString &file) const
+{
+    return file.mid(m_context.path().size() + 1);
 }
 
 QHash<PackageKey, QString> ExportJob::poolFiles(const QList<PackageInfoPtr> &packages)

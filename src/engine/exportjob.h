@@ -3,6 +3,7 @@
 
 #include "core/packageinfo.h"
 #include "core/repoenums.h"
+#include "depends/dependscollection.h"
 #include "engine/archivewriter.h"
 #include "engine/packagelist.h"
 
@@ -11,6 +12,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 class JobContext;
 class JobFrame;
@@ -40,5 +42,10 @@ private:
     void noteLeftOut(const QStringList &names);
     /** Tells of the links that were not followed; nothing when there were none. */
     void warnOfLeftOut(const QStringList &names);
+    /** Adds the list of what the archive lacks of the dependencies of its packages; nothing when it lacks nothing. */
+    static ArchiveWriter::Result addMissing(ArchiveWriter *writer, const QVector<UnmetEntry> &missing);
+    void warnOfMissing(const QVector<UnmetEntry> &missing);
+    /** Its path in the repository. */
+    QString poolFile(const QString &file) const;
     QHash<PackageKey, QString> poolFiles(const QList<PackageInfoPtr> &packages);
 };

@@ -3,6 +3,7 @@
 #include "engine/archivewriter.h"
 #include "engineharness.h"
 #include "support/fulldisk.h"
+#include "support/localapt.h"
 #include "support/scopedvariable.h"
 
 #include <QScopeGuard>
@@ -239,9 +240,10 @@ private Q_SLOTS:
             return h.run([&] { h.shell.exportPackages(packages, target, withDepends); });
         };
         QCOMPARE(exportThese({h.find("app"_s)}, true), RepoEnums::SUCCESS);
-        QCOMPARE(h.words(), "Exporting package|Export finished"_s);
+        QCOMPARE(h.started + h.finished, (QStringList{"Exporting package"_s, "Export finished"_s}));
         QCOMPARE(members(target),
-                 "app_1.0_amd64.deb\nbar_1.0_amd64.deb\nfoo_1.0_amd64.deb\nlib_1.0_all.deb\n"_s);
+                 "app_1.0_amd64.deb\nbar_1.0_amd64.deb\nfoo_1.0_amd64.deb\nlib_1.0_all.deb\n"
+                 "missing-dependencies.txt\n"_s);
         QCOMPARE(exportThese(h.shell.packages(), false), RepoEnums::SUCCESS);
         QCOMPARE(h.started, QStringList{"Exporting packages"_s});
         // lib is there for two architectures with one file.
@@ -265,6 +267,68 @@ private Q_SLOTS:
         QCOMPARE(exportThese({h.find("bar"_s), h.find("foo"_s)}, false), RepoEnums::ERROR);
         QVERIFY(h.trouble().contains("foo_1.0_amd64."_s) && h.lastMessage() == NotExported);
         QCOMPARE(readFile(target), before);
+    }
+
+    /** What installs from the archive alone is what the list does not name, as apt sees it. */
+    void missingDependencies()
+    {
+        RepoHarness h("amd64 i386"_s);
+        const auto build = [&h](const QString &name, const QString &depends) {
+            return h.deb(DebBuilder(name).field("Depends"_s, depends));
+        };
+        h.add({build("app"_s, "old (>= 9) | other, lib, gate, nowhere, mta"_s),
+               build("mail"_s, "libx"_s),
+               h.deb(DebBuilder("lib"_s).architecture("all"_s).field("Pre-Depends"_s, "libx (>= 2)"_s)),
+               h.deb(DebBuilder("gate"_s).field("Provides"_s, "mta"_s)),
+               h.debs("old").first(),
+               h.debs("other").first()});
+        QCOMPARE(h.trouble(), QString());
+        const QString target = h.folder.filePath("x.tgz"_s);
+        const auto exportThese = [&](const QList<PackageInfoPtr> &packages, bool withDepends) {
+            return h.run([&] { h.shell.exportPackages(packages, target, withDepends); });
+        };
+        const auto list = [&] { return runShell("tar xzf '%1' -O missing-dependencies.txt"_s.arg(target)); };
+        QCOMPARE(exportThese({h.find("app"_s)}, true), RepoEnums::SUCCESS);
+        QCOMPARE(h.lastMessage(), "Export finished"_s);
+        QVERIFY2(h.complains("3 dependenc"_s) && h.complains(target), qPrintable(h.trouble()));
+        QCOMPARE(h.trouble().section(QLatin1Char('|'), 1),
+                 "libx (>= 2): lib\nnowhere: app\nold (>= 9) | other: app"_s);
+        QVERIFY(list().endsWith("\n\nlibx (>= 2): lib\nnowhere: app\nold (>= 9) | other: app\n"_s));
+
+        // apt, which has nothing but the archive, misses the same.
+        const QString root = h.folder.filePath("apt"_s);
+        runShell("mkdir -p '%2/source/pool'; tar xzf '%1' -C '%2/source/pool'"_s.arg(target, root));
+        const LocalApt apt(root, {"source"_s});
+        QCOMPARE(runShell("apt-cache unmet | sed -n 's/.*Depends: //p' | LC_ALL=C sort"_s),
+                 "libx (>= 2)\nnowhere\nold (>= 9) | other\n"_s);
+
+        // What the archive is said to lack is no package of it.
+        RepoHarness into("amd64 i386"_s);
+        if (canMount()) {
+            QCOMPARE(importFrom(&into, target), RepoEnums::SUCCESS);
+            QCOMPARE(into.trouble(), QString());
+            QCOMPARE(into.lastMessage(), "4 package(s) imported"_s);
+        }
+
+        // Without dependencies nobody asked for them, and an archive that lacks nothing has nothing to list.
+        QCOMPARE(exportThese({h.find("app"_s)}, false), RepoEnums::SUCCESS);
+        QVERIFY(h.trouble().isEmpty() && !members(target).contains("missing"_s));
+        QCOMPARE(exportThese({h.find("gate"_s)}, true), RepoEnums::SUCCESS);
+        QVERIFY(h.trouble().isEmpty() && !members(target).contains("missing"_s));
+
+        // The message names some, the list all.
+        QStringList wanted;
+        for (int i = 0; i < 30; ++i)
+            wanted << "need%1"_s.arg(i, 2, 10, QLatin1Char('0'));
+        QStringList files;
+        for (const char *name : {"a", "b", "c", "d", "e", "f", "g"})
+            files << build(QLatin1String(name), wanted.join(QLatin1String(", ")));
+        h.add(files);
+        QCOMPARE(exportThese(h.shell.packages(), true), RepoEnums::SUCCESS);
+        QVERIFY2(h.complains("need07: a, b, c, d, e, \u2026\n"_s) && !h.trouble().contains("need08"_s)
+                     && h.trouble().endsWith(QChar(0x2026)),
+                 qPrintable(h.trouble()));
+        QVERIFY2(list().contains("need29: a, b, c, d, e, f, g\n"_s), qPrintable(list()));
     }
 
     void stopInALargeFile()
