@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Takes the pictures of the help and of README.md anew, from the built program on a virtual display, inside a
 # throw-away system where it can publish. Needs root.
-#   scripts/pictures.sh BUILD     writes data/help/pictures and docs/screenshots
+#   scripts/pictures.sh BUILD [LANGUAGE...]   writes data/help/LANGUAGE/pictures, and docs/screenshots in English
 set -euo pipefail
 top=$(dirname "$(dirname "$(readlink -f "$0")")")
 . "$top/scripts/functions.sh"
@@ -14,10 +14,21 @@ die() {
 }
 
 outside() {
-    local build=$1 box place
+    local build=$1
+    shift
     # shellcheck source=scripts/packages.sh
     . "$top/scripts/packages.sh"
     need xvfb xauth openbox xdotool imagemagick fonts-dejavu-core pngquant "${packages_run[@]}" "${packages_test[@]}"
+    [ $# -gt 0 ] || set -- en de ru
+    # Each in a system and a process of its own.
+    for language; do
+        "$top/scripts/pictures.sh" --language "$build" "$language"
+    done
+}
+
+in_language() {
+    local build=$1 language=$2 box place
+    say "Language: $language"
     box=$(mktemp -d /tmp/vpXXXXXX)
     # shellcheck disable=SC2064
     trap "rm -rf -- '$box'" EXIT
@@ -27,8 +38,9 @@ outside() {
     mkdir "$box/shared/pictures"
     mkdir "$box/shared/scripts"
     cp "$top"/scripts/{pictures,functions}.sh "$box/shared/scripts/"
+    cp "$top/translations/velt-admin-repo_$language.ts" "$box/shared/texts.ts"
     local code=0
-    "$top/tests/e2e/systemdbox" run "$box" bash /shared/scripts/pictures.sh --prepare || code=$?
+    "$top/tests/e2e/systemdbox" run "$box" bash /shared/scripts/pictures.sh --prepare "$language" || code=$?
     eval "exec ${COPROC[1]}>&-"
     wait "$COPROC_PID" || true
     if [ "$code" -ne 0 ]; then
@@ -37,14 +49,16 @@ outside() {
         die "what was there is in $build/pictures"
     fi
     (cd "$box/shared/pictures" && pngquant --force --ext .png --speed 1 64 ./*.png)
-    place=$top/data/help/pictures
+    place=$top/data/help/$language/pictures
     mkdir -p "$place"
     rm -f -- "$place"/*.png
-    mv -- "$box/shared/pictures/dark.png" "$top/docs/screenshots/"
+    if [ "$language" = en ]; then
+        for name in window new-repository dependences publication dark; do
+            cp -- "$box/shared/pictures/$name.png" "$top/docs/screenshots/"
+        done
+    fi
+    rm -- "$box/shared/pictures/dark.png"
     mv -- "$box"/shared/pictures/*.png "$place/"
-    for name in window new-repository dependences publication; do
-        cp -- "$place/$name.png" "$top/docs/screenshots/"
-    done
     du -sh "$place"
 }
 
@@ -76,30 +90,41 @@ prepare() {
     chown -R anna: /srv/packages /srv/repos
     mkdir -p /run/user/anna && chown anna: /run/user/anna && chmod 700 /run/user/anna
     chown -R anna: /shared/pictures
-    runuser -u anna -- env HOME=/home/anna XDG_RUNTIME_DIR=/run/user/anna LC_ALL=C.UTF-8 QT_QPA_PLATFORM=xcb \
-        xvfb-run -a -s "-screen 0 1280x900x24" bash /shared/scripts/pictures.sh --take
+    runuser -u anna -- env HOME=/home/anna XDG_RUNTIME_DIR=/run/user/anna LC_ALL=C.UTF-8 LANGUAGE="$1" \
+        QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x900x24" bash /shared/scripts/pictures.sh --take
 }
 
-window_of() { xdotool search --onlyvisible --name "$1" | tail -n 1; }
+# What the program calls a window in its language.
+title() {
+    local text
+    text=$(xmllint --xpath "string(//message[source='$1'][1]/translation)" /shared/texts.ts)
+    say "${text:-$1}"
+}
+window_of() { xdotool search --onlyvisible --name "$(title "$1")" | tail -n 1; }
 # focus TITLE: waits for the window with this title and gives it the keyboard.
 focus() {
-    until_true 30 xdotool search --onlyvisible --name "$1" || die "no window \"$1\""
+    until_true 30 xdotool search --onlyvisible --name "$(title "$1")" || die "no window \"$1\""
     xdotool windowactivate --sync "$(window_of "$1")"
     sleep 0.3
 }
-click() { xdotool mousemove --window "$main" "$1" "$2" click 1 && sleep 0.3; }
+# click X Y [BUTTON]: in the main window.
+click() { xdotool mousemove --window "$main" "$1" "$2" click "${3-1}" && sleep 0.3; }
+# The tab beside the first one of the page on the right: the wheel goes there, whatever the tabs are called.
+next_page() { click 360 119 5; }
 # picture NAME TITLE: of the window with this title; the pointer is put out of the way.
 picture() {
     xdotool mousemove 1270 890
     sleep 0.5
     import -window "$(window_of "$2")" "$pictures/$1.png"
 }
-# menu ALT-LETTER DOWN: chooses an entry by its place.
+# menu NUMBER DOWN: chooses an entry by the places of the menu and of the entry, both from 0, or the last one. The
+# letters differ from language to language.
 menu() {
-    keys "alt+$1"
-    sleep 0.3
+    click 15 10
     local i
-    for ((i = 0; i < $2; i++)); do keys Down; done
+    for ((i = 0; i < $1; i++)); do keys Right; done
+    for ((i = 0; i < ${2/last/0}; i++)); do keys Down; done
+    [ "$2" != last ] || keys Up
     keys Return
 }
 
@@ -108,7 +133,7 @@ start() {
     application=$!
     focus "velt-admin-repo"
     main=$(window_of "velt-admin-repo")
-    xdotool windowsize --sync "$main" 840 520 || true
+    xdotool windowsize --sync "$main" 840 548 || true
     xdotool windowmove --sync "$main" 200 150 || true
     sleep 1
 }
@@ -155,16 +180,18 @@ take() {
     keys Return
     until_true 60 grep -q "Package: vpn-config" "$index" || die "not added"
     sleep 3
-    menu v 0
+    menu 4 1
     sleep 1
     pick_package backup-agent
     picture log velt-admin-repo
-    menu v 0
+    menu 4 1
     sleep 1
+    # The small tree had moved to the selected row.
+    xdotool mousemove --window "$main" 150 300 click --repeat 9 4
     picture window velt-admin-repo
 
     say "Dependencies"
-    click 465 119
+    next_page
     picture dependences velt-admin-repo
 
     say "Replacing"
@@ -176,19 +203,19 @@ take() {
     keys Escape
     sleep 2
     for _ in 1 2 3; do
-        until_true 1 xdotool search --onlyvisible --name "Package replacement" && keys Escape
+        until_true 1 xdotool search --onlyvisible --name "$(title "Package replacement")" && keys Escape
         sleep 1
     done
 
     say "Settings"
     focus velt-admin-repo
-    menu s 2
+    menu 3 2
     focus "Parametrs"
     sleep 3
     picture parameters "Parametrs"
     keys Escape
     focus velt-admin-repo
-    menu s 0
+    menu 3 0
     focus "Edit external repos"
     sleep 4
     picture external-repos "Edit external repos"
@@ -196,7 +223,7 @@ take() {
 
     say "Search"
     focus velt-admin-repo
-    menu e 0
+    menu 1 0
     focus "Add package from external repo"
     write openvpn
     sleep 8
@@ -205,7 +232,7 @@ take() {
 
     say "Upgrade"
     focus velt-admin-repo
-    menu e 3
+    menu 1 3
     focus "Select sources to upgrade"
     sleep 4
     picture upgrade-sources "Select sources to upgrade"
@@ -217,13 +244,13 @@ take() {
     say "Publishing"
     focus velt-admin-repo
     click 150 168
-    click 465 119
-    menu p 0
+    next_page
+    menu 2 0
     until_true 30 systemctl is-active public-repo-8000 || die "not published"
     sleep 3
     curl -sf http://127.0.0.1:8000/dists/dogwood/Release >/dev/null || die "not served"
     picture publication velt-admin-repo
-    keys alt+p Up Return
+    menu 2 last
     focus "Published repositories"
     sleep 8
     picture published "Published repositories"
@@ -261,7 +288,8 @@ pick_package() {
 }
 
 case "${1-}" in
-    --prepare) prepare ;;
+    --language) in_language "$2" "$3" ;;
+    --prepare) prepare "$2" ;;
     --take) take ;;
-    *) outside "${1:?usage: $0 BUILD}" ;;
+    *) outside "${1:?usage: $0 BUILD [LANGUAGE...]}" "${@:2}" ;;
 esac

@@ -90,6 +90,9 @@ private Q_SLOTS:
             if (target.endsWith(".png"_s)) {
                 const QImage picture(path);
                 QVERIFY2(!picture.isNull() && picture.width() <= 840, qPrintable(target));
+                QVERIFY2(name.startsWith("en/"_s)
+                             || readFile(path) != readFile(pages.filePath("en/"_s + target)),
+                         "a picture shows the program in the language of the page");
             }
         }
         // Every page can be left and reached, and every picture can be heard.
