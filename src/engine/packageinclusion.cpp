@@ -112,7 +112,8 @@ RepoEnums::ErrorCode PackageInclusion::includeFile(AddedFile *file, const Packag
         result = runInclude(ReproCommand::include(m_context.repoInfo().codename, record, {file->source}),
                             &file->run.session);
         if (!isIncluded(result, record)) {
-            m_context.runFailed(tr("Error adding package %1!").arg(file->path), result.errorOutput);
+            m_context.runFailed(tr("Error adding package %1!").arg(file->path),
+                                reason(result.errorOutput, record));
             return ERROR;
         }
     }
@@ -123,6 +124,23 @@ RepoEnums::ErrorCode PackageInclusion::includeFile(AddedFile *file, const Packag
     const ErrorCode code = ReproAnswer::signingFailed(result.errorOutput) ? PACKAGE_GPGERROR : SUCCESS;
     file->results.insert(PackageKey::of(record), code);
     return code;
+}
+
+QString PackageInclusion::reason(const QString &errorOutput, const PackageInfo &record) const
+{
+    const QString advice
+        = QLatin1Char(' ')
+          + tr("Choose another component when you add the package, or change the repository.");
+    const QString component = record.indexComponent;
+    if (ReproAnswer::componentMissing(errorOutput))
+        return tr("The package is for the component %1, and the repository has these: %2.")
+                   .arg(component, m_context.repoInfo().componentList().join(QLatin1String(", ")))
+               + advice;
+    if (ReproAnswer::componentWithoutUdebs(errorOutput))
+        return tr("The component %1 of the repository takes no packages for the installer (.udeb).")
+                   .arg(component)
+               + advice;
+    return errorOutput;
 }
 
 bool PackageInclusion::isIncluded(const ProcessResult &result, const PackageInfo &record)

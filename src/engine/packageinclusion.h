@@ -36,6 +36,8 @@ private:
     ErrorCode collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present);
     ErrorCode replacePackage(AddedFile *file, const PackageInfo &record, const PackageInfo &present);
     ErrorCode includeFile(AddedFile *file, const PackageInfo &record, bool replaces);
+    /** Why it was not included: in words of our own where the user can do something about it, or else reprepro's. */
+    QString reason(const QString &errorOutput, const PackageInfo &record) const;
     bool isIncluded(const ProcessResult &result, const PackageInfo &record);
     QList<PackageInfoPtr> packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const;
     PackageInfoPtr packageIncluded(const PackageInfo &record, bool replaced);

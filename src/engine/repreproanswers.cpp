@@ -13,6 +13,21 @@ bool ReproAnswer::priorityMissing(const QString &errorOutput)
     return errorOutput.contains(QLatin1String("No priority given for"));
 }
 
+bool ReproAnswer::componentMissing(const QString &errorOutput)
+{
+    static const QRegularExpression report(
+        QStringLiteral("^Error: Component '.*' as given to --component is not know\\."),
+        QRegularExpression::MultilineOption);
+    return report.match(errorOutput).hasMatch();
+}
+
+bool ReproAnswer::componentWithoutUdebs(const QString &errorOutput)
+{
+    static const QRegularExpression report(QStringLiteral("^Could not find '.*' in components of '"),
+                                           QRegularExpression::MultilineOption);
+    return report.match(errorOutput).hasMatch();
+}
+
 bool ReproAnswer::inclusionSkipped(const QString &errorOutput)
 {
     return errorOutput.contains(QLatin1String("Skipping inclusion of"));

@@ -14,6 +14,10 @@ namespace ReproAnswer
 bool signingFailed(const QString &errorOutput);
 /** The package has no Priority of its own and none was given. */
 bool priorityMissing(const QString &errorOutput);
+/** The repository does not have the component that the package is for. */
+bool componentMissing(const QString &errorOutput);
+/** It has the component, but not for packages for the installer. */
+bool componentWithoutUdebs(const QString &errorOutput);
 /** The run ended well, but left the file out because an equal or newer version is there. */
 bool inclusionSkipped(const QString &errorOutput);
 /** Another run holds the repository's database, or one that was killed left its lock behind. */

@@ -293,6 +293,26 @@ private Q_SLOTS:
         QCOMPARE(h.inIndices().size(), 2);
     }
 
+    void componentsThatTakeNoSuchPackage()
+    {
+        RepoHarness h;
+        runShell("sed -i 's/^Components:.*/& extra/' conf/distributions"_s, h.repoPath());
+        QCOMPARE(h.open(h.repoPath()), RepoEnums::SUCCESS);
+        const auto build = [](const char *section) {
+            return DebBuilder("foo"_s).field("Section"_s, QLatin1String(section));
+        };
+        DebBuilder udeb = build("extra/debian-installer");
+        for (const auto &[file, reason] :
+             {std::pair(h.deb(build("none/misc")), ", extra. Choose another"),
+              std::pair(h.deb(udeb.udeb()),
+                        "The component extra of the repository takes no packages for the installer")}) {
+            h.add({file});
+            QVERIFY2(h.complains(file) && h.complains(QLatin1String(reason)), qPrintable(h.trouble()));
+        }
+        h.add({h.deb(build("none/misc"))}, {"extra"_s, false, QString()});
+        QVERIFY(h.trouble().isEmpty() && h.holds("foo 1.0 extra amd64"_s));
+    }
+
     void closingWhileAQuestionIsOpen()
     {
         // The user closes the window while a box is up: the job must end without anybody waiting for it.
