@@ -287,6 +287,37 @@ private Q_SLOTS:
         QCOMPARE(h.lastMessage(), "Repositry is not opened"_s);
     }
 
+    /** As a client sees them, for which a list that is there and not named, or named and gone, is a fault. */
+    void contentsThatAreTurnedOff()
+    {
+        RepoHarness h("amd64 i386"_s);
+        h.add(h.debs("foo") + QStringList{h.deb(DebBuilder("bar"_s).udeb())});
+        // How many lists of contents apt has, how many there are, and how often Release names one.
+        const auto update = [&h] {
+            return runShell(R"(mkdir -p state/lists/partial cache/archives/partial; : >state/status
+                echo "deb [trusted=yes arch=amd64] file:$PWD/repo dogwood main" >state/list
+                apt-get -qq update -o Dir::Etc::SourceList=$PWD/state/list -o Dir::Etc::SourceParts=/dev/null \
+                    -o Dir::State=$PWD/state -o Dir::State::status=$PWD/state/status -o Dir::Cache=$PWD/cache \
+                    -o APT::Sandbox::User= -o APT::Update::Error-Mode=any \
+                    -o 'Acquire::IndexTargets::deb::Contents-deb::MetaKey=$(COMPONENT)/Contents-$(ARCHITECTURE)' \
+                    -o Acquire::IndexTargets::deb::Contents-deb::ShortDescription=Contents \
+                    -o 'Acquire::IndexTargets::deb::Contents-deb::Description=$(SITE) Contents' 2>&1
+                ls state/lists | grep -c Contents || true
+                find repo/dists -name 'Contents-*' | wc -l; grep -c Contents repo/dists/dogwood/Release || true)"_s,
+                            h.folder.path())
+                .simplified();
+        };
+        QCOMPARE(update(), "0 0 0"_s);
+        h.info.contents = true;
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        const QString with = update();
+        QVERIFY2(with.startsWith("1 "_s) && !with.endsWith(" 0"_s), qPrintable(with));
+        h.info.contents = false;
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        QCOMPARE(update(), "0 0 0"_s);
+        QVERIFY(h.trouble().isEmpty() && h.settled());
+    }
+
     void changeOfSuitePathAndCodename()
     {
         RepoHarness h;
