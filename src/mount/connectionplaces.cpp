@@ -74,19 +74,19 @@ Function *original(Function * /*type*/, const char *name)
 
 #define VELT_FUNCTION extern "C" __attribute__((visibility("default")))
 
-VELT_FUNCTION int accept(int socket, sockaddr *address, socklen_t *size)
+VELT_FUNCTION int accept(int fd, sockaddr *addr, socklen_t *addr_len)
 {
-    return admitted(original(&accept, "accept")(socket, address, size));
+    return admitted(original(&accept, "accept")(fd, addr, addr_len));
 }
 
-VELT_FUNCTION int accept4(int socket, sockaddr *address, socklen_t *size, int flags)
+VELT_FUNCTION int accept4(int fd, sockaddr *addr, socklen_t *addr_len, int flags)
 {
-    return admitted(original(&accept4, "accept4")(socket, address, size, flags));
+    return admitted(original(&accept4, "accept4")(fd, addr, addr_len, flags));
 }
 
-VELT_FUNCTION int close(int descriptor)
+VELT_FUNCTION int close(int fd)
 {
-    if (descriptor >= 0 && static_cast<std::size_t>(descriptor) < peers.size())
-        peers[static_cast<std::size_t>(descriptor)] = 0;
-    return original(&close, "close")(descriptor);
+    if (fd >= 0 && static_cast<std::size_t>(fd) < peers.size())
+        peers[static_cast<std::size_t>(fd)] = 0;
+    return original(&close, "close")(fd);
 }

@@ -54,8 +54,7 @@ Result pass(Function * /*type*/, const char *name, Result refusal, const char *p
 }
 } // namespace
 
-// What the servers get at a path with, under the names that it has for large files, for times after 2038 and for checked
-// buffers, too.
+// The functions by which servers get at a path, also under their names for large files, late times and checked flags.
 #define VELT_FUNCTION extern "C" __attribute__((visibility("default")))
 
 #define VELT_OPEN(name)                                                                                      \
@@ -68,7 +67,7 @@ Result pass(Function * /*type*/, const char *name, Result refusal, const char *p
             mode = va_arg(list, unsigned);                                                                   \
             va_end(list);                                                                                    \
         }                                                                                                    \
-        return pass(&name, #name, -1, path, flags, mode);                                                    \
+        return pass(&(name), #name, -1, path, flags, mode);                                                  \
     }
 VELT_OPEN(open)
 VELT_OPEN(open64)
@@ -76,7 +75,7 @@ VELT_OPEN(open64)
 #define VELT_CHECKED_OPEN(name)                                                                              \
     VELT_FUNCTION int name(const char *path, int flags)                                                      \
     {                                                                                                        \
-        return pass(&name, #name, -1, path, flags);                                                          \
+        return pass(&(name), #name, -1, path, flags);                                                        \
     }
 VELT_CHECKED_OPEN(__open_2)
 VELT_CHECKED_OPEN(__open64_2)
@@ -84,7 +83,7 @@ VELT_CHECKED_OPEN(__open64_2)
 #define VELT_STATUS(name)                                                                                    \
     VELT_FUNCTION int name(const char *path, void *status)                                                   \
     {                                                                                                        \
-        return pass(&name, #name, -1, path, status);                                                         \
+        return pass(&(name), #name, -1, path, status);                                                       \
     }
 VELT_STATUS(stat)
 VELT_STATUS(stat64)
@@ -98,9 +97,9 @@ VELT_FUNCTION void *opendir(const char *path)
     return pass(&opendir, "opendir", static_cast<void *>(nullptr), path);
 }
 
-VELT_FUNCTION int access(const char *path, int mode) noexcept
+VELT_FUNCTION int access(const char *name, int type) noexcept
 {
-    return pass(&access, "access", -1, path, mode);
+    return pass(&access, "access", -1, name, type);
 }
 
 VELT_FUNCTION int chdir(const char *path) noexcept

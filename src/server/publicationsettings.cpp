@@ -70,7 +70,7 @@ std::optional<PublicationSettings> PublicationSettings::find(const QSettings &se
 {
     const QList<int> ports = busyPorts(settings);
     for (const int port : ports) {
-        if (const auto stored = find(settings, spellings, port))
+        if (auto stored = find(settings, spellings, port))
             return stored;
     }
     return std::nullopt;
@@ -79,9 +79,10 @@ std::optional<PublicationSettings> PublicationSettings::find(const QSettings &se
 std::optional<PublicationSettings>
 PublicationSettings::find(const QSettings &settings, const QStringList &spellings, int port)
 {
-    const PublicationSettings stored = load(settings, port);
-    const bool isFound = busyPorts(settings).contains(port) && isAmong(stored.repoPath, spellings);
-    return isFound ? std::optional(stored) : std::nullopt;
+    PublicationSettings stored = load(settings, port);
+    if (!busyPorts(settings).contains(port) || !isAmong(stored.repoPath, spellings))
+        return std::nullopt;
+    return stored;
 }
 
 void PublicationSettings::claim(QSettings &settings) const
