@@ -298,7 +298,8 @@ void PublishCommand::explainFailure(const Request &request)
     // A server that has not come to write has left the log of an earlier one.
     const auto read = [log, asked = request.asked] {
         const QFileInfo file(log);
-        return file.exists() && file.lastModified() >= asked ? LogTail::read(log) : QString();
+        const bool isNew = asked.isValid() && file.exists() && file.lastModified() >= asked;
+        return isNew ? LogTail::read(log) : QString();
     };
     aside(this, read, [this, request, log](const QString &text) {
         if (!goesOn(request))
