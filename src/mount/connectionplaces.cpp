@@ -20,7 +20,7 @@ namespace
 constexpr long DefaultLimit = 100;
 constexpr std::time_t SecondsBetweenWarnings = 60;
 
-/** Who is at the other end, by the number of the descriptor, which the units keep below this; 0: it is none of these. */
+/** The address at the other end, by the number of the descriptor, which the units keep below this; 0: there is none. */
 std::array<in_addr_t, 16384> peers = {};
 
 long limit()

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Keeps the server that loads this library from names with a dot in front, at every level of a path: vsftpd compares its
-// setting deny_file with the last part of a path alone.
+// Keeps the server that loads this library from names with a dot in front, at every level of a path: vsftpd compares
+// its setting deny_file with the last part of a path alone.
 #include <algorithm>
 #include <array>
 #include <cerrno>

@@ -27,7 +27,8 @@ def leaks(folder, file):
         there = ["CWD " + "/".join(parts[:level])] if level else []
         rest = "/".join(parts[level:])
         for path in (rest, "./" + rest, rest.replace("/", "//"), rest.replace("/", "/./"), rest + "/../" + parts[-1]):
-            ways += [there + [verb + " " + path] for verb in ("CWD", "LIST", "LIST -a", "NLST", "MLSD", "STAT", "SIZE", "MDTM")]
+            for verb in ("CWD", "LIST", "LIST -a", "NLST", "MLSD", "STAT", "SIZE", "MDTM"):
+                ways.append(there + [verb + " " + path])
             ways += [there + [verb + " " + path + "/" + file] for verb in ("RETR", "SIZE", "MDTM", "LIST", "STAT")]
     ways += [[verb + " /" + folder + "/" + file] for verb in ("RETR", "SIZE", "MDTM")]
     ways += [["CWD " + "/".join(parts[:-1]), "CWD " + parts[-1], "RETR " + file]]
@@ -38,9 +39,11 @@ def hide(folder, file, text="secret"):
     open(folder + "/" + file, "w").write(text)
 
 hide("dists/.git/deep", "file"); hide("dists/birch/.x", "file")
-print("before:", *[leaks(*place) for place in (("pool/.git", "config"), ("dists/.git/deep", "file"), ("dists/birch/.x", "file"))])
+places = (("pool/.git", "config"), ("dists/.git/deep", "file"), ("dists/birch/.x", "file"))
+print("before:", *[leaks(*place) for place in places])
 hide("pool/main/.late/deep", "file"); hide("pool/main/f/...", "file")
-print("late:", *[leaks(*place) for place in (("pool/main/.late", "deep"), ("pool/main/.late/deep", "file"), ("pool/main/f/...", "file"))])
+places = (("pool/main/.late", "deep"), ("pool/main/.late/deep", "file"), ("pool/main/f/...", "file"))
+print("late:", *[leaks(*place) for place in places])
 hide("pool/main/seen", "file")
 print("seen:", leaks("pool/main/seen", "file"))
 ftp.cwd("/pool/main/seen"); os.rename("pool/main/seen", "pool/main/.seen")
@@ -51,5 +54,6 @@ print("link:", leaks("pool/main/link", "config"))
 for folder in ("dists", "pool", "pool/main", "dists/birch"):
     names = [os.path.basename(path) for path in answer("NLST -a " + folder).split()]
     print("listed in " + folder + ":", *[name for name in names if name.startswith(".") and name.strip(".")])
-for folder in ("dists/.git", "dists/birch/.x", "pool/main/.late", "pool/main/f/...", "pool/main/.seen"): shutil.rmtree(folder)
+for folder in ("dists/.git", "dists/birch/.x", "pool/main/.late", "pool/main/f/...", "pool/main/.seen"):
+    shutil.rmtree(folder)
 os.remove("pool/main/link")
