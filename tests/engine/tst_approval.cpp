@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QSettings>
+#include <QStorageInfo>
 #include <QtTest>
 
 #include <sys/stat.h>
@@ -216,6 +217,21 @@ private Q_SLOTS:
         h.reply = false;
         h.add(h.debs("bar"));
         QVERIFY(h.asked(0) && h.listed().size() == 2 && !h.hooksRun().isEmpty());
+        // So does a copy, in which nothing differs.
+        const QTemporaryDir far("/dev/shm/veXXXXXX"_s);
+        if (QStorageInfo(far.path()).device() != QStorageInfo(moved).device()) {
+            const QString copied = far.filePath("repo"_s);
+            runShell("mv '%1' '%2'"_s.arg(moved, copied));
+            ExportSession::setMarker(copied);
+            h.reply = true;
+            h.open(copied);
+            QVERIFY(h.asked(1));
+            h.reply = false;
+            QCOMPARE(h.change(moved), RepoEnums::SUCCESS);
+            QVERIFY(h.asked(0) && h.trouble().isEmpty());
+            h.add(h.debs("last"));
+            QVERIFY(h.asked(0) && h.listed().size() == 3 && !h.hooksRun().isEmpty());
+        }
         // What makes no program run needs no question.
         UnpackedRepo plain("keepunreferencedfiles\n");
         plain.open(plain.repoPath());
