@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/databasecopy.h"
 
+#include "core/descriptor.h"
+#include "core/freespace.h"
 #include "core/openfolder.h"
 #include "core/regularfile.h"
 #include "core/removetree.h"
 #include "core/wholefile.h"
+#include "engine/copyelsewhere.h"
 #include "engine/distributionsfile.h"
 #include "signing/signedpackages.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 
@@ -22,6 +26,11 @@
 
 namespace
 {
+constexpr int BlockSize = 1 << 20;
+constexpr mode_t NewFileMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH;
+/** Bytes for what grows in the database, and for small files beside it. */
+constexpr qint64 SpareRoom = 1 << 20;
+
 const QString PackagesFile = QStringLiteral("packages.db");
 /** What it remembers of the index files that it has written, which are other ones by now. */
 const QString ReleaseCache = QStringLiteral("release.caches.db");
@@ -36,19 +45,26 @@ QString inDatabase(const QString &repoPath, const QString &name)
     return repoPath + QLatin1String("/db/") + name;
 }
 
+/** Where the copy lies, under one of three names. */
+QString inHome(const QString &repoPath, const QString &name)
+{
+    const QString elsewhere = CopyElsewhere::folder(repoPath);
+    return elsewhere.isEmpty() ? inDatabase(repoPath, name) : elsewhere + QLatin1Char('/') + name;
+}
+
 QString place(const QString &repoPath)
 {
-    return inDatabase(repoPath, QStringLiteral("velt-admin-repo.before"));
+    return inHome(repoPath, QStringLiteral("velt-admin-repo.before"));
 }
 
 QString condemnedPlace(const QString &repoPath)
 {
-    return inDatabase(repoPath, QStringLiteral("velt-admin-repo.put-back"));
+    return inHome(repoPath, QStringLiteral("velt-admin-repo.put-back"));
 }
 
 QString unfinishedPlace(const QString &repoPath)
 {
-    return inDatabase(repoPath, QStringLiteral("velt-admin-repo.copying"));
+    return inHome(repoPath, QStringLiteral("velt-admin-repo.copying"));
 }
 
 bool rename(const QString &from, const QString &to)
@@ -71,6 +87,40 @@ bool copyWhole(const QString &source, const QString &copy)
     return RegularFile(source).copy(copy) && QFileInfo(copy).size() == QFileInfo(source).size();
 }
 
+/**
+ * Writes the copy into a file that is there: on a full disk it needs no more room than that has. When it is cut short,
+ * the copy is still there.
+ */
+bool copyOver(const QString &copy, const QString &target)
+{
+    RegularFile source(copy);
+    Descriptor file(::open(
+        QFile::encodeName(target).constData(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, NewFileMode));
+    QFile written;
+    if (!source.open(QIODevice::ReadOnly) || !file.isOpen()
+        || !written.open(file.number(), QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return false;
+    while (!source.atEnd()) {
+        const QByteArray part = source.read(BlockSize);
+        if (part.isEmpty() || written.write(part) != part.size())
+            return false;
+    }
+    return ::ftruncate(file.number(), source.size()) == 0 && ::fsync(file.number()) == 0;
+}
+
+/** Puts a copy on another disk in the place of a file, which goes aside; where there is no room for both, over it. */
+bool copyBack(const QString &copy, const QString &target, const QString &aside)
+{
+    const QString fresh = target + QLatin1String(".velt-new");
+    const bool isWhole = copyOver(copy, fresh);
+    if (isWhole)
+        rename(target, aside);
+    if (isWhole && rename(fresh, target))
+        return true;
+    QFile::remove(fresh);
+    return copyOver(copy, target);
+}
+
 bool copySignatures(const QString &repoPath, const QString &target)
 {
     const QString source = SignedPackages::packagesConfPath(repoPath);
@@ -86,7 +136,7 @@ bool putSignaturesBack(const QString &repoPath, const QString &source)
     if (!QFile::exists(copy))
         return true;
     if (QFileInfo(copy).size() > 0)
-        return rename(copy, target);
+        return rename(copy, target) || copyOver(copy, target);
     return !QFile::exists(target) || QFile::remove(target);
 }
 
@@ -123,13 +173,50 @@ bool putFileBack(const QString &repoPath, const QDir &copy, const QString &file)
 {
     const QString target = inDatabase(repoPath, file);
     const QString aside = DatabaseCopy::asideFolder(repoPath) + QLatin1Char('/') + file;
+    if (!CopyElsewhere::folder(repoPath).isEmpty())
+        return copyBack(copy.filePath(file), target, aside);
     // Where it cannot be kept the good one is worth more.
     rename(target, aside);
     return rename(copy.filePath(file), target);
 }
+
+qint64 sizeOfIndices(const QString &repoPath)
+{
+    qint64 size = 0;
+    QDirIterator files(repoPath + QLatin1String("/dists"), QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        files.next();
+        size += files.fileInfo().size();
+    }
+    return size;
+}
+
+qint64 sizeOfCopy(const QString &repoPath)
+{
+    qint64 size = QFileInfo(SignedPackages::packagesConfPath(repoPath)).size();
+    const QStringList files = filesToCopy(repoPath);
+    for (const QString &file : files)
+        size += QFileInfo(inDatabase(repoPath, file)).size();
+    return size;
+}
+
+bool copyTo(const QString &repoPath, DatabaseCopy::Place place)
+{
+    using Kind = CopyElsewhere::Kind;
+    const qint64 free = freeSpace(inDatabase(repoPath, {}));
+    const bool isShort = free >= 0 && free < DatabaseCopy::roomNeeded(repoPath);
+    if (place == DatabaseCopy::Place::Beside || !isShort)
+        return copyFiles(repoPath);
+    const qint64 size = sizeOfCopy(repoPath) + SpareRoom;
+    if (place == DatabaseCopy::Place::Memory)
+        return !CopyElsewhere::make(repoPath, size, Kind::Memory).isEmpty() && copyFiles(repoPath);
+    // Without another disk, what is left of this one may do.
+    CopyElsewhere::make(repoPath, size, Kind::Disk);
+    return copyFiles(repoPath);
+}
 } // namespace
 
-DatabaseCopy::Outcome DatabaseCopy::make(const QString &repoPath)
+DatabaseCopy::Outcome DatabaseCopy::make(const QString &repoPath, Place where)
 {
     if (exists(repoPath) || !QFile::exists(inDatabase(repoPath, PackagesFile)))
         return Outcome::Made;
@@ -141,13 +228,22 @@ DatabaseCopy::Outcome DatabaseCopy::make(const QString &repoPath)
     if (descriptor < 0)
         return Outcome::Locked;
     ::close(descriptor);
+    // What is left of an earlier one on another disk is not the place for this one.
+    CopyElsewhere::drop(repoPath);
     // In the place of a link no folder can be put.
     for (const QString &path : {place(repoPath), condemnedPlace(repoPath)})
         if (QFileInfo(path).isSymLink())
             QFile::remove(path);
-    const bool isMade = copyFiles(repoPath);
+    const bool isMade = copyTo(repoPath, where);
     ::unlink(lock.constData());
+    if (!isMade)
+        CopyElsewhere::drop(repoPath);
     return isMade ? Outcome::Made : Outcome::Failed;
+}
+
+qint64 DatabaseCopy::roomNeeded(const QString &repoPath)
+{
+    return sizeOfCopy(repoPath) + sizeOfIndices(repoPath) + SpareRoom;
 }
 
 bool DatabaseCopy::exists(const QString &repoPath)
@@ -207,11 +303,17 @@ void DatabaseCopy::drop(const QString &repoPath)
         removeTree(rename(path, rest) ? rest : path);
     }
     removeTree(rest);
+    CopyElsewhere::drop(repoPath);
 }
 
 bool DatabaseCopy::isUnfinished(const QString &repoPath)
 {
-    return isOurs(repoPath, unfinishedPlace(repoPath));
+    return isOurs(repoPath, unfinishedPlace(repoPath)) || CopyElsewhere::isNamed(repoPath);
+}
+
+bool DatabaseCopy::isLost(const QString &repoPath)
+{
+    return CopyElsewhere::isNamed(repoPath) && CopyElsewhere::folder(repoPath).isEmpty();
 }
 
 QString DatabaseCopy::asideFolder(const QString &repoPath)

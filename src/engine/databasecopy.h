@@ -10,7 +10,8 @@
 /**
  * A copy of a repository's database, kept beside it while a job changes it: reprepro writes in place, and when a write
  * fails it can neither mend its database nor always tell that packages have gone from it. The record of the signed
- * packages goes with it, and while the description of the repository changes, the earlier one does too.
+ * packages goes with it, and while the description of the repository changes, the earlier one does too. A job that
+ * makes room on a full disk has its copy on another one (CopyElsewhere).
  */
 namespace DatabaseCopy
 {
@@ -19,9 +20,16 @@ enum class Outcome {
     Locked, ///< somebody else works with the database, or a lock was left behind
     Failed ///< nothing is left of it
 };
+enum class Place {
+    Beside, ///< in the folder of the database
+    OtherDisk, ///< on another one when the repository's own has no room for the copy and a job
+    Memory ///< which keeps nothing when the power fails
+};
 
 /** Holds reprepro's lock meanwhile. Where the folder cannot be written no copy is made: no job can change it either. */
-Outcome make(const QString &repoPath);
+Outcome make(const QString &repoPath, Place place = Place::Beside);
+/** The bytes that have to be free on the disk of the repository for a copy beside the database, and a job. */
+qint64 roomNeeded(const QString &repoPath);
 bool exists(const QString &repoPath);
 /** Folder of the copy, for reprepro's --dbdir. */
 QString folder(const QString &repoPath);
@@ -38,6 +46,8 @@ QString asideFolder(const QString &repoPath);
 void drop(const QString &repoPath);
 /** Whether one was killed that made a copy; drop() deletes what is there of it. */
 bool isUnfinished(const QString &repoPath);
+/** Whether there was one on another disk, which is not there, or not for this user. */
+bool isLost(const QString &repoPath);
 
 /**
  * Keeps the description (conf/distributions) that goes with the copy, before another one takes its place; also where

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/exportsession.h"
 
+#include "core/freespace.h"
 #include "core/openfolder.h"
 #include "core/regularfile.h"
-#include "engine/databasecopy.h"
 #include "engine/poolfiles.h"
 #include "engine/privateconfig.h"
 #include "engine/repreproanswers.h"
 #include "engine/repreprocommands.h"
 
 #include <QFile>
-#include <QSet>
+#include <QLocale>
 
 #include <cstdlib>
 #include <utility>
@@ -39,8 +39,10 @@ ProcessResult ExportSession::modify(const QString &arguments)
 ProcessResult ExportSession::remove(const QString &arguments, bool makesRoom)
 {
     if (!makesRoom) {
-        m_removed = m_removed || m_silentConfig;
-        return change(arguments, m_silentConfig.get());
+        ProcessResult result = change(arguments, m_silentConfig.get());
+        // A run that could not write the indices has left the files that they name.
+        m_removed = m_removed || m_silentConfig || m_exportOwed;
+        return result;
     }
     if (!m_silentConfig && !keepsUnreferencedFiles())
         return change(arguments, nullptr);
@@ -100,9 +102,13 @@ void ExportSession::mayLeave(const QString &poolFile)
     // A job that is refused leaves no marker, and that of another one alone.
     if (keepDatabase())
         return;
+    if (!poolFile.startsWith(m_repoPath + QLatin1Char('/')))
+        return;
+    const QString file = poolFile.mid(m_repoPath.size() + 1);
+    m_mayLeave.insert(file);
     RegularFile marker(markerFile(m_repoPath));
-    if (poolFile.startsWith(m_repoPath + QLatin1Char('/')) && marker.open(QIODevice::Append))
-        marker.write((poolFile.mid(m_repoPath.size() + 1) + QLatin1Char('\n')).toUtf8());
+    if (marker.open(QIODevice::Append))
+        marker.write((file + QLatin1Char('\n')).toUtf8());
 }
 
 void ExportSession::oweExport()
@@ -127,7 +133,8 @@ ProcessResult ExportSession::dropUnused()
     const QStringList left = filesLeft(m_repoPath);
     const QSet<QString> named(left.cbegin(), left.cend());
     const auto areOurs = [&](const QString &file) {
-        return named.contains(file) || (m_strangers && !m_strangers->contains(file));
+        return named.contains(file) || m_mayLeave.contains(file)
+               || (m_strangers && !m_strangers->contains(file));
     };
     return PoolFiles::dropUnused(
         m_repoPath, areOurs, [this](const QString &arguments) { return run(arguments); });
@@ -143,6 +150,10 @@ ProcessResult ExportSession::finish()
     if (!m_isKept)
         return result;
     if (m_exportOwed)
+        result = writeIndices();
+    // Whoever removes packages from a full disk wants their room more than old indices that are whole for a moment.
+    if (m_exportOwed && m_removed && !m_disturbed && !keepsUnreferencedFiles()
+        && ReproAnswer::diskFull(result.errorOutput) && dropUnused().succeeded())
         result = writeIndices();
     // References that could not be written make files look as if nobody needed them.
     if (m_disturbed)
@@ -205,20 +216,46 @@ std::optional<ProcessResult> ExportSession::keepDatabase()
                   "on the disk, and open the repository again."));
         return m_refusal;
     }
-    DatabaseCopy::Outcome outcome = DatabaseCopy::make(m_repoPath);
+    DatabaseCopy::Outcome outcome = copyDatabase();
     // Programs that work on the repository now and then can come between twice, but hardly more often.
     for (int attempt = 0; attempt < 3 && outcome == DatabaseCopy::Outcome::Locked; ++attempt) {
         // A run finds out whether the lock is of any worth, waits for it, or has the user asked to take it away.
         const ProcessResult result = run(ReproCommand::dumpUnreferenced());
         if (!result.started || ReproAnswer::databaseLocked(result.errorOutput))
             return result;
-        outcome = DatabaseCopy::make(m_repoPath);
+        outcome = copyDatabase();
     }
     m_isKept = outcome == DatabaseCopy::Outcome::Made;
     if (!m_isKept)
-        refuse(tr("The database of the repository could not be copied, so nothing was changed. "
-                  "Is there room on the disk?"));
+        refuse(noCopyText());
     return m_refusal;
+}
+
+DatabaseCopy::Outcome ExportSession::copyDatabase()
+{
+    using DatabaseCopy::Outcome;
+    using DatabaseCopy::Place;
+    if (!m_tools.mayCopyToMemory)
+        return DatabaseCopy::make(m_repoPath);
+    const Outcome outcome = DatabaseCopy::make(m_repoPath, Place::OtherDisk);
+    const bool isFull
+        = outcome == Outcome::Failed && freeSpace(m_repoPath) < DatabaseCopy::roomNeeded(m_repoPath);
+    return isFull && m_tools.mayCopyToMemory() ? DatabaseCopy::make(m_repoPath, Place::Memory) : outcome;
+}
+
+QString ExportSession::noCopyText() const
+{
+    const qint64 needed = DatabaseCopy::roomNeeded(m_repoPath);
+    const qint64 free = freeSpace(m_repoPath);
+    if (free < 0 || free >= needed)
+        return tr("The database of the repository could not be copied, so nothing was changed. "
+                  "Is there room on the disk?");
+    const QLocale locale;
+    const QString text = tr("There is too little room on the disk of the repository for a copy of its "
+                            "database, so nothing was changed. At least %1 must be free, and %2 are.")
+                             .arg(locale.formattedDataSize(needed), locale.formattedDataSize(free));
+    return m_tools.mayCopyToMemory ? text
+                                   : text + QLatin1Char(' ') + tr("Packages can be removed all the same.");
 }
 
 bool ExportSession::keepsUnreferencedFiles() const

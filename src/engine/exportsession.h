@@ -2,8 +2,10 @@
 #pragma once
 
 #include "core/processutils.h"
+#include "engine/databasecopy.h"
 
 #include <QCoreApplication>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -40,6 +42,9 @@ public:
         Run run;
         Lock lock;
         std::function<QString()> configFolder; ///< what reprepro reads as the configuration of the repository
+        /** For a job that makes room on the disk: whether the copy of the database may be in memory, when no disk has
+         *  room for it. Without this function it must be beside the database. */
+        std::function<bool()> mayCopyToMemory = {};
     };
 
     ExportSession(const QString &repoPath, Tools tools);
@@ -108,6 +113,7 @@ private:
     bool m_exportOwed;
     bool m_removed = false; ///< files may lie in the pool that nothing needs any more
     bool m_disturbed = false;
+    QSet<QString> m_mayLeave; ///< what mayLeave() was told: on a full disk the marker does not hold it
     std::optional<QStringList>
         m_strangers; ///< files that were without use when the database was kept by keep()
     bool m_isKept = false; ///< the database has been copied
@@ -116,6 +122,8 @@ private:
 
     ProcessResult run(const QString &arguments, const QStringList &environment = {});
     std::optional<ProcessResult> keepDatabase();
+    DatabaseCopy::Outcome copyDatabase();
+    QString noCopyText() const;
     void refuse(const QString &reason);
     bool keepsUnreferencedFiles() const;
     ProcessResult dropUnused();

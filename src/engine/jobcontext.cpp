@@ -158,7 +158,7 @@ JobContext::packageFilePath(const QString &name, const QString &component, const
     return path() + QLatin1Char('/') + lastOutput().split(QLatin1Char('\n')).first();
 }
 
-ExportSession JobContext::makeSession()
+ExportSession JobContext::makeSession(SessionKind kind)
 {
     const auto run = [this](const QString &arguments, const QStringList &environment) {
         return runWith(arguments, environment);
@@ -171,7 +171,20 @@ ExportSession JobContext::makeSession()
         return isLocked;
     };
     const auto configFolder = [this] { return admission(path()).configFolder(); };
-    return ExportSession(path(), {run, lock, configFolder});
+    if (kind == UsualSession)
+        return ExportSession(path(), {run, lock, configFolder});
+    return ExportSession(path(), {run, lock, configFolder, [this] { return agreesToCopyInMemory(); }});
+}
+
+bool JobContext::agreesToCopyInMemory()
+{
+    return ask(
+        tr("Disk is full"),
+        tr("There is too little room on the disk of the repository for a copy of its database, which is "
+           "kept as long as a job changes it, and there is none on another disk. The copy can be kept in "
+           "memory: the repository may be damaged if the power fails or the system is shut down before "
+           "the job ends. Do you want to go on?"),
+        false);
 }
 
 bool JobContext::finishSession(ExportSession *session)

@@ -77,8 +77,12 @@ public:
     /** False when another job works on the repository. The lock goes with the job, or when finishSession() is done. */
     bool lock(const QString &repoPath) { return m_lock.take(repoPath); }
     void unlock() { m_lock.release(); }
+    enum SessionKind {
+        UsualSession,
+        RoomMakingSession ///< of a job that makes room: goes on when there is none, with a copy elsewhere
+    };
     /** The changing runs of one job. */
-    ExportSession makeSession();
+    ExportSession makeSession(SessionKind kind = UsualSession);
     /** Writes what the session owes and tells when that failed. False when the database was damaged and everything
      *  that the session had done is undone, which has been told as well. */
     bool finishSession(ExportSession *session);
@@ -185,6 +189,7 @@ private:
     Newcomer m_newcomer;
     ExternalRepos m_externalRepos;
 
+    bool agreesToCopyInMemory();
     /** Whether it is worth while to try once more; false after critical(), or when the job has been stopped. */
     bool waitForLock(const QString &repoPath, QElapsedTimer *waited);
     bool removeStaleLock(const QString &repoPath);

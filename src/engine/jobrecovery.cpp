@@ -119,6 +119,12 @@ bool JobRecovery::run()
     const auto unlocked = qScopeGuard([this] { m_context.unlock(); });
     const QString path = m_context.path();
     const bool hasCopy = DatabaseCopy::exists(path);
+    if (DatabaseCopy::isLost(path))
+        m_context.critical(
+            tr("An earlier job was interrupted. Its copy of the database lay on another disk, and is not "
+               "there or belongs to another user. Look whether all packages are there."),
+            QString(),
+            WARNING);
     // A large repository takes seconds; one who has asked for a stop is not told of something new.
     const QString words = tr("Recovering repository after an interrupted job");
     if (m_context.isCanceled())
@@ -165,8 +171,15 @@ bool JobRecovery::repair(const QStringList &filesLeft)
     const QString path = m_context.path();
     removeMissing(filesLeft + ExportSession::filesLeft(path));
     // A file whose reference was lost would be deleted with those that nobody needs.
-    if (m_context.runReprepro(ReproCommand::rereference()) != 0
-        || m_context.runReprepro(ReproCommand::exportIndices()) != 0)
+    if (m_context.runReprepro(ReproCommand::rereference()) != 0)
+        return false;
+    bool isExported = m_context.runReprepro(ReproCommand::exportIndices()) == 0;
+    // Without room for the indices, it is the files of packages that the job has taken out which make it.
+    if (!isExported && ReproAnswer::diskFull(m_context.lastErrorOutput())) {
+        dropFiles(filesLeft + ExportSession::filesLeft(path));
+        isExported = m_context.runReprepro(ReproCommand::exportIndices()) == 0;
+    }
+    if (!isExported)
         return false;
     // Not earlier: the old indices may have named them.
     dropFiles(filesLeft + ExportSession::filesLeft(path));
@@ -384,11 +397,13 @@ QString JobRecovery::codename() const
 
 void JobRecovery::tellOfDamage()
 {
+    // Where there is no room for both, nothing goes aside.
+    const QString aside = DatabaseCopy::asideFolder(m_context.path());
     m_context.critical(
         tr("The database of the repository was damaged while a job changed it. It was put back "
            "as it was before, and what the job had done is undone. Make room on the disk, and "
            "do it again."),
-        DatabaseCopy::asideFolder(m_context.path()));
+        QFile::exists(aside) ? aside : QString());
 }
 
 void JobRecovery::removeMissing(const QStringList &filesLeft)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/packageextractor.h"
 
+#include "core/freespace.h"
 #include "core/regularfile.h"
 #include "engine/archivecontents.h"
 #include "engine/tarreader.h"
@@ -11,8 +12,6 @@
 #include <QLocale>
 
 #include <utility>
-
-#include <sys/statvfs.h>
 
 namespace
 {
@@ -121,11 +120,10 @@ PackageExtractor::Result PackageExtractor::admit(qint64 size)
             return Result::Refused;
         m_consent = nullptr;
     }
-    struct statvfs storage = {};
+    const qint64 free = freeSpace(m_folder);
     // Where it is not told how much is free, the next write tells when nothing is.
-    if (::statvfs(QFile::encodeName(m_folder).constData(), &storage) != 0 || storage.f_blocks == 0)
+    if (free < 0)
         return Result::Done;
-    const auto free = static_cast<qint64>(storage.f_bavail) * static_cast<qint64>(storage.f_frsize);
     if (m_keptFree < 0)
         m_keptFree = qMax(free / m_limits.freeShare, qMin(m_limits.leastFree, free / 2));
     if (free - size >= m_keptFree)

@@ -17,7 +17,7 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
     JobFrame frame(m_context, packages.size() == 1 ? tr("Removing package") : tr("Removing packages"));
     if (!m_context.mayChange())
         return frame.finish(ERROR, tr("%n packages removed: %1", nullptr, 0).arg(QString()));
-    ExportSession session = m_context.makeSession();
+    ExportSession session = m_context.makeSession(JobContext::RoomMakingSession);
     PackageRemoval removal(m_context, &session);
     QStringList removed;
     bool stopped = false;

@@ -56,6 +56,12 @@ bool ReproAnswer::indicesOutdated(const QString &errorOutput)
            || errorOutput.contains(QLatin1String("Could not finish exporting"));
 }
 
+bool ReproAnswer::diskFull(const QString &errorOutput)
+{
+    return errorOutput.contains(QLatin1String("No space left on device"))
+           || errorOutput.contains(QLatin1String("Disk quota exceeded"));
+}
+
 QStringList ReproAnswer::vanishedParts(const QString &output)
 {
     static const QRegularExpression report(

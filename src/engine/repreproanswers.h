@@ -26,6 +26,8 @@ bool databaseLocked(const QString &errorOutput);
 bool databaseTroubled(const QString &errorOutput);
 /** The database has changed but the indices below dists have not. */
 bool indicesOutdated(const QString &errorOutput);
+/** A file could not be written because there is no room for it. */
+bool diskFull(const QString &errorOutput);
 /** The parts with packages that the description does not name, as clearvanished without --delete reports them. */
 QStringList vanishedParts(const QString &output);
 /** The package to remove was not there. */

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/databasecopy.h"
 #include "engine/repolock.h"
 #include "engineharness.h"
 #include "support/scopedvariable.h"
@@ -207,6 +208,63 @@ private Q_SLOTS:
         h.open(repo + "/in"_s);
         QVERIFY(!h.shell.isWritable());
         QCOMPARE(h.listed(), QStringList{"small 1.0 main amd64"_s});
+    }
+
+    /** The copy of the database that protects a job lies on another disk, so that a removal can make room. */
+    void removingMakesRoom()
+    {
+        EngineHarness h;
+        const QString disk = h.folder.filePath("disk"_s);
+        const QString repo = disk + "/repo"_s;
+        const QByteArray mount = disk.toLocal8Bit();
+        QDir().mkpath(disk);
+        if (::geteuid() != 0 || ::mount("tmpfs", mount.constData(), "tmpfs", 0, "size=4m") != 0)
+            QSKIP("mounting a small file system needs root");
+        const auto unmount = qScopeGuard([&] {
+            h.shell.closeRepo();
+            ::umount(mount.constData());
+        });
+        const auto leave = [&](int kilobytes) {
+            runShell("rm -f filler; fallocate -l $(($(stat -f -c '%a * %S' .) - %1 * 1024)) filler"_s.arg(
+                         kilobytes),
+                     disk);
+        };
+        const QString copies = qEnvironmentVariable("XDG_DATA_HOME") + "/velt-admin-repo/databases"_s;
+        QCOMPARE(h.shell.createRepo(repo, h.info), int(RepoEnums::SUCCESS));
+        const QByteArray contents = noise(200000).toHex();
+        h.add(h.debs("a b c d", "1.0", contents.constData()));
+        leave(44);
+        h.add(h.debs("new"));
+        QVERIFY(h.complains("At least 1"_s) && h.trouble().contains("44.00 KiB are."_s));
+        QCOMPARE(h.remove({h.find("a"_s)}), RepoEnums::SUCCESS);
+        QVERIFY(h.trouble().isEmpty() && h.holds("b 1.0 main amd64,c 1.0 main amd64,d 1.0 main amd64"_s));
+        QVERIFY(h.questions.isEmpty() && QDir(copies).exists() && QDir(copies).isEmpty());
+
+        // There is not even room for new indices, but the package's file makes it.
+        leave(12);
+        h.remove({h.find("b"_s)});
+        QVERIFY(h.trouble().isEmpty() && h.holds("c 1.0 main amd64,d 1.0 main amd64"_s));
+
+        // A copy that was made elsewhere is used when the job has been killed, in a repository that was renamed too.
+        leave(44);
+        QCOMPARE(DatabaseCopy::make(repo, DatabaseCopy::Place::OtherDisk), DatabaseCopy::Outcome::Made);
+        QVERIFY(DatabaseCopy::folder(repo).startsWith(copies));
+        ExportSession::setMarker(repo);
+        const QString moved = disk + "/moved"_s;
+        QVERIFY(QDir().rename(repo, moved));
+        writeFile(moved + "/db/packages.db"_s, "torn");
+        h.open(moved);
+        QVERIFY(h.complains("put back as it was before"_s));
+        QVERIFY(h.holds("c 1.0 main amd64,d 1.0 main amd64"_s) && QDir(copies).isEmpty());
+
+        // One that is not there is told of.
+        QCOMPARE(DatabaseCopy::make(moved, DatabaseCopy::Place::OtherDisk), DatabaseCopy::Outcome::Made);
+        ExportSession::setMarker(moved);
+        runShell("rm -r '%1'/*"_s.arg(copies), disk);
+        h.open(moved);
+        QVERIFY(h.complains("lay on another disk"_s) && h.settled());
+        h.open(moved);
+        QVERIFY(h.trouble().isEmpty());
     }
 
     void indicesThatCannotBeWritten()

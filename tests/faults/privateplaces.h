@@ -2,8 +2,8 @@
 #pragma once
 
 /**
- * Gives this program and its children a /tmp, /srv and /etc of their own, where it may (it needs root): what they leave
- * there goes with them, and nobody else's programs meet what is broken on purpose.
+ * Gives this program and its children a /tmp, /var/tmp, /dev/shm, /srv and /etc of their own, where it may (it needs
+ * root): what they leave there goes with them, and nobody else's programs meet what is broken on purpose.
  */
 namespace PrivatePlaces
 {

@@ -4,6 +4,7 @@
 #include "core/saveleftovers.h"
 #include "core/scratchfolder.h"
 #include "engine/archiveutils.h"
+#include "engine/databasecopy.h"
 #include "engine/repolock.h"
 #include "helper/manager.h"
 #include "privateplaces.h"
@@ -21,6 +22,8 @@
 #include <QtTest>
 
 #include <csignal>
+
+#include <unistd.h>
 
 namespace
 {
@@ -81,13 +84,20 @@ private:
     QStringList m_new; ///< packages that it does not have
     QStringList m_other; ///< others of packages that it has
 
-    QString repoPath() const { return m_folder->filePath("repo"_s); }
+    bool m_isCramped
+        = false; ///< the repository lies on a small disk, with no room for a copy of its database
+
+    QString repoPath() const { return m_folder->filePath(m_isCramped ? "small/repo"_s : "repo"_s); }
     QString archivePath() const { return m_folder->filePath("target/a.tgz"_s); }
 
     /** Fresh copies of the repository and of the folder for archives. */
     RepoState prepare(bool withArchive) const
     {
         runShell("rm -rf repo target; cp -a base repo; mkdir target"_s, m_folder->path());
+        if (m_isCramped)
+            runShell("rm -rf small/repo small/filler; cp -a cramped small/repo; "
+                     "fallocate -l $(($(stat -f -c '%a * %S' small) - 256 * 1024)) small/filler"_s,
+                     m_folder->path());
         if (withArchive)
             writeFile(archivePath(), "an older archive\n");
         return RepoState::read(repoPath());
@@ -137,6 +147,11 @@ private:
     QString leftovers() const
     {
         QStringList left = QDir(QDir::tempPath()).entryList({"velt-admin-repo-work-*"_s}, QDir::Dirs);
+        for (const QString &place :
+             {QString(qEnvironmentVariable("XDG_DATA_HOME") + "/velt-admin-repo/databases"_s),
+              "/var/tmp/velt-admin-repo-databases-%1"_s.arg(::geteuid()),
+              "/dev/shm/velt-admin-repo-databases-%1"_s.arg(::geteuid())})
+            left += QDir(place).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
         if (readFile("/proc/self/mountinfo"_s).contains("importTempDir"))
             left += "a mount"_s;
         const QStringList beside
@@ -166,7 +181,7 @@ private:
     void tearDatabase(int size) const
     {
         const QString database = repoPath() + "/db/packages.db"_s;
-        if (QFile::exists(repoPath() + "/db/velt-admin-repo.before"_s) && size < QFileInfo(database).size())
+        if (DatabaseCopy::exists(repoPath()) && size < QFileInfo(database).size())
             QVERIFY(QFile::resize(database, size));
     }
 
@@ -320,6 +335,39 @@ private Q_SLOTS:
         Job job{"remove"_s, {"one"_s, "every"_s, "side"_s}};
         job.request.removed = {"one"_s, "every"_s, "side"_s};
         job.largestFile = 60000;
+        cutShort(job);
+    }
+
+    /** The copy of the database lies elsewhere: on another disk, or in memory where there is none. */
+    void removingFromFullDisk()
+    {
+        if (!m_private)
+            QSKIP("mounting a small disk needs root");
+        const QString small = m_folder->filePath("small"_s);
+        runShell(
+            "mkdir small; mount -t tmpfs -o size=8m tmpfs small; mkdir small/other; chmod 1777 small/other"_s,
+            m_folder->path());
+        // Its database has grown far beyond what its packages need.
+        const QString fat = DebBuilder("fat"_s)
+                                .field("Notes"_s, QString(800000, QLatin1Char('n')))
+                                .build(m_folder->filePath("fat"_s));
+        runShell("cp -a base cramped; reprepro -b cramped includedeb dogwood %1; "
+                 "reprepro -b cramped remove dogwood fat"_s.arg(fat),
+                 m_folder->path());
+        const auto restored = qScopeGuard([&, data = qgetenv("XDG_DATA_HOME")] {
+            m_isCramped = false;
+            qputenv("XDG_DATA_HOME", data);
+            runShell("umount /var/tmp || true; umount small"_s, m_folder->path());
+        });
+        m_isCramped = true;
+        Job job{"remove"_s, {"one"_s, "every"_s, "side"_s}};
+        job.request.removed = {"one"_s, "every"_s, "side"_s};
+        job.largestFile = 60000;
+        cutShort(job);
+        if (QTest::currentTestFailed())
+            return;
+        qputenv("XDG_DATA_HOME", (small + "/other"_s).toLocal8Bit());
+        runShell("mount --bind small/other /var/tmp"_s, m_folder->path());
         cutShort(job);
     }
 
