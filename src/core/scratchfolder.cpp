@@ -41,16 +41,6 @@ bool isOurs(int folder)
     return ::fstat(folder, &status) == 0 && status.st_uid == ::geteuid();
 }
 
-/** Where others may rename what is not theirs, a folder could be another one by the time that it is deleted. */
-bool keepsNames(const QString &parent)
-{
-    struct stat status = {};
-    if (::stat(QFile::encodeName(parent).constData(), &status) != 0)
-        return false;
-    const bool ownerIsTrusted = status.st_uid == 0 || status.st_uid == ::geteuid();
-    return ownerIsTrusted && ((status.st_mode & (S_IWGRP | S_IWOTH)) == 0 || (status.st_mode & S_ISVTX) != 0);
-}
-
 /** Deletes what is in the open folder, and the empty folder at `path`. */
 void removeFolder(int folder, const QString &path)
 {
@@ -77,12 +67,12 @@ bool isNamedByProcess(const QString &path)
 }
 } // namespace
 
-ScratchFolder::ScratchFolder()
+ScratchFolder::ScratchFolder(const QString &parent)
 {
     // Between making and locking it, another start of the program may take it for a leftover.
     constexpr int Attempts = 5;
     for (int attempt = 0; attempt < Attempts; ++attempt) {
-        auto folder = std::make_unique<QTemporaryDir>(QDir::tempPath() + QLatin1Char('/') + namePrefix()
+        auto folder = std::make_unique<QTemporaryDir>(parent + QLatin1Char('/') + namePrefix()
                                                       + QLatin1String("XXXXXX"));
         if (!folder->isValid())
             return;
@@ -107,15 +97,25 @@ ScratchFolder::~ScratchFolder()
     ::close(m_lock);
 }
 
-void ScratchFolder::removeLeftovers()
+bool ScratchFolder::isSafePlace(const QString &parent)
 {
-    const QDir parent(QDir::tempPath());
-    if (!keepsNames(parent.path()))
+    struct stat status = {};
+    if (::stat(QFile::encodeName(parent).constData(), &status) != 0)
+        return false;
+    // Where others may rename what is not theirs, a folder could be another one by the time that it is deleted.
+    const bool ownerIsTrusted = status.st_uid == 0 || status.st_uid == ::geteuid();
+    return ownerIsTrusted && ((status.st_mode & (S_IWGRP | S_IWOTH)) == 0 || (status.st_mode & S_ISVTX) != 0);
+}
+
+void ScratchFolder::removeLeftovers(const QString &parent)
+{
+    if (!isSafePlace(parent))
         return;
+    const QDir folders(parent);
     const QStringList names
-        = parent.entryList({namePrefix() + QLatin1Char('*')}, QDir::Dirs | QDir::NoSymLinks);
+        = folders.entryList({namePrefix() + QLatin1Char('*')}, QDir::Dirs | QDir::NoSymLinks);
     for (const QString &name : names) {
-        const QString path = parent.filePath(name);
+        const QString path = folders.filePath(name);
         const int folder = openFolder(path);
         if (folder < 0)
             continue;

@@ -33,6 +33,9 @@ struct AddRun
     QList<PackageInfoPtr> wanting = {}; ///< to be checked anew when something went in
     std::vector<PackageBackup> backups
         = {}; ///< of what was replaced, until the database is known to be whole
+    QHash<QString, QString> shownNames = {}; ///< what the user knows files by, where it is not their paths
+
+    QString shownName(const QString &path) const { return shownNames.value(path, path); }
 };
 
 /** A file on its way into the repository, for one or several architectures. */
@@ -46,4 +49,11 @@ struct AddedFile
     std::unique_ptr<ScratchFolder> signedFolder = nullptr;
     QHash<PackageKey, RepoEnums::ErrorCode> results
         = {}; ///< of what is in, which can be more than was asked for
+
+    QString shownName() const { return run.shownName(path); }
+    /** What a program says of the file, by that name. */
+    QString shownText(QString text) const
+    {
+        return (source.isEmpty() ? text : text.replace(source, path)).replace(path, shownName());
+    }
 };

@@ -136,8 +136,10 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
         if (file.path.isEmpty())
             m_context.critical(AptUtils::tr("Apt: download package %1 error").arg(packages.at(done).name),
                                file.reason);
-        else
+        else {
+            adding.run().shownNames = {{file.path, QFileInfo(file.path).fileName()}};
             adding.addReadFile(file, done + 1 == packages.size());
+        }
         frame->itemDone(packages.size());
         stopped = m_context.mustEnd() && done + 1 < packages.size();
     }

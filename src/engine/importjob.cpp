@@ -8,10 +8,24 @@
 #include "engine/jobframe.h"
 #include "engine/packageadding.h"
 #include "engine/packageextractor.h"
+#include "engine/unpackplace.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QLocale>
 #include <QScopeGuard>
+
+#include <numeric>
+
+namespace
+{
+qint64 sizeOf(const QStringList &files)
+{
+    return std::accumulate(files.cbegin(), files.cend(), qint64(0), [](qint64 size, const QString &file) {
+        return size + QFileInfo(file).size();
+    });
+}
+} // namespace
 
 int ImportJob::run(const QString &source, const AddOptions &options)
 {
@@ -30,6 +44,7 @@ int ImportJob::run(const QString &source, const AddOptions &options)
 
     constexpr bool WithoutCheck = false;
     PackageAdding adding(m_context, options, files.size() == 1, WithoutCheck);
+    adding.run().shownNames = m_members;
     if (adding.addFiles(files, &frame) == CANCEL) {
         if (adding.addedCount() > 0)
             m_context.noted(
@@ -76,26 +91,65 @@ RepoEnums::ErrorCode ImportJob::unpackPackages(const QString &archive, QStringLi
         return ERROR;
     isMounting = false;
     const QStringList listed = ArchiveContents::packagesBelow(mounted.mountPoint(), QString(), stopped);
-    m_folder = std::make_unique<ScratchFolder>();
-    if (!m_folder->isValid()) {
-        m_context.critical(tr("Can't open archive for import!"),
-                           tr("No temporary folder could be made to unpack it in."));
+    if (!makeFolder(sizeOf(listed)))
         return ERROR;
-    }
     // Every file that is opened below the mount point reads the archive from its start, so all are taken in one pass.
     PackageExtractor extractor(m_folder->path(), stopped);
     extractor.setConsent(
         [this, &archive](qint64 unpacked, qint64 size) { return mayUnpack(archive, unpacked, size); });
     PackageExtractor::Result result = extractor.extract(archive);
-    if (result == PackageExtractor::Result::NoTar)
+    const bool isTar = result != PackageExtractor::Result::NoTar;
+    if (!isTar)
         result = extractor.copy(listed);
     mounted.umount();
     if (result == PackageExtractor::Result::Damaged)
         m_context.critical(tr("Can't open archive for import!"), extractor.error());
+    // What is mounted looks empty when its links cannot be followed.
+    if (!isTar && listed.isEmpty() && !m_context.isCanceled())
+        m_context.critical(
+            tr("Can't open archive for import!"),
+            tr("No packages are to be read in %1. It holds none, is damaged, or has a link to a file "
+               "that it lacks.")
+                .arg(archive),
+            WARNING);
     *files = extractor.files();
+    const QString prefix = QFileInfo(archive).fileName() + QLatin1String(": ");
+    m_members = extractor.members();
+    for (QString &member : m_members)
+        member = prefix + (isTar ? member : QDir(mounted.mountPoint()).relativeFilePath(member));
+    const QStringList passedOver = extractor.passedOver();
+    for (const QString &member : passedOver)
+        m_context.noted(
+            tr("Not added: %1. The archive has only a link or a folder of this name, and no file.")
+                .arg(prefix + member));
     if (result == PackageExtractor::Result::Refused)
         return CANCEL;
     return result == PackageExtractor::Result::Done ? SUCCESS : ERROR;
+}
+
+bool ImportJob::makeFolder(qint64 needed)
+{
+    const auto candidates = UnpackPlace::candidates(m_context.path());
+    const QString place = UnpackPlace::choose(candidates, needed);
+    if (place.isEmpty()) {
+        const QLocale locale;
+        QStringList lines;
+        for (const UnpackPlace::Candidate &candidate : candidates)
+            lines << tr("%1: %2 free").arg(candidate.folder, locale.formattedDataSize(candidate.free));
+        m_context.critical(
+            tr("Can't open archive for import!"),
+            tr("There is too little room to unpack it: its packages need %1, and a part of what is "
+               "free has to stay so.")
+                    .arg(locale.formattedDataSize(needed))
+                + QLatin1Char('\n') + lines.join(QLatin1Char('\n')));
+        return false;
+    }
+    m_folder = std::make_unique<ScratchFolder>(place);
+    if (m_folder->isValid())
+        return true;
+    m_context.critical(tr("Can't open archive for import!"),
+                       tr("No temporary folder could be made to unpack it in."));
+    return false;
 }
 
 bool ImportJob::mayUnpack(const QString &archive, qint64 unpacked, qint64 size)

@@ -5,6 +5,7 @@
 #include "engine/addoptions.h"
 
 #include <QCoreApplication>
+#include <QHash>
 #include <QStringList>
 
 #include <memory>
@@ -29,8 +30,10 @@ public:
 private:
     JobContext &m_context;
     std::unique_ptr<ScratchFolder> &m_folder;
+    QHash<QString, QString> m_members; ///< their names in the archive by the paths of what was unpacked
 
     ErrorCode collectPackages(const QString &source, QStringList *files);
     ErrorCode unpackPackages(const QString &archive, QStringList *files);
+    bool makeFolder(qint64 needed);
     bool mayUnpack(const QString &archive, qint64 unpacked, qint64 size);
 };

@@ -81,7 +81,8 @@ void PackageAdding::addReadFile(const PackageFile &read, bool isLast)
                      .arg(read.package->architecture,
                           m_context.repoInfo().binaryArchitectures().join(QLatin1String(", ")));
     if (records.isEmpty())
-        m_context.critical(tr("Error adding package!"), read.path + QLatin1String(":\n") + reason);
+        m_context.critical(tr("Error adding package!"),
+                           file.shownName() + QLatin1String(":\n") + file.shownText(reason));
     else if (addFile(&file, records) == SUCCESS)
         m_run.added.append(QFileInfo(read.path).fileName());
 }
@@ -162,7 +163,7 @@ RepoEnums::ErrorCode PackageAdding::addFile(AddedFile *file, const QVector<Packa
                                        present.architectures});
                 answers.insert(key, mustReplace(result, present.package));
                 if (!answers.value(key))
-                    m_context.noted(keptText(result, file->path, present));
+                    m_context.noted(keptText(result, file->shownName(), present));
             }
             if (answers.value(key))
                 result = PackageInclusion(m_context).include(file, record, true);
@@ -203,9 +204,10 @@ void PackageAdding::askToKeepUnsigned(const AddedFile &file, const PackageInfo &
     if (remove
         && PackageRemoval(m_context, &m_run.session)
                .remove(m_context.packages().find(PackageKey::of(record))))
-        m_context.noted(tr("Not added: %1. The repository could not be signed with it.").arg(file.path));
+        m_context.noted(
+            tr("Not added: %1. The repository could not be signed with it.").arg(file.shownName()));
     else
-        m_context.noted(tr("Added, but the repository could not be signed: %1.").arg(file.path));
+        m_context.noted(tr("Added, but the repository could not be signed: %1.").arg(file.shownName()));
 }
 
 bool PackageAdding::mustReplace(ErrorCode collision, const PackageInfoPtr &package)

@@ -55,9 +55,12 @@ PackageExtractor::Result PackageExtractor::extract(const QString &archive)
         if (header.kind == TarHeader::Kind::Invalid)
             return first && reader.error().isEmpty() ? Result::NoTar : damaged(reader.error());
         const QByteArray member = normalized(header.name);
-        if (header.kind != TarHeader::Kind::File || header.name.endsWith('/')
-            || !ArchiveContents::isPackageName(QFile::decodeName(member)))
+        if (header.name.endsWith('/') || !ArchiveContents::isPackageName(QFile::decodeName(member)))
             continue;
+        if (header.kind != TarHeader::Kind::File) {
+            m_passedOver.append(QFile::decodeName(member));
+            continue;
+        }
         const Result result = take(&reader, member);
         if (result != Result::Done)
             return result;
@@ -125,7 +128,7 @@ PackageExtractor::Result PackageExtractor::admit(qint64 size)
     if (free < 0)
         return Result::Done;
     if (m_keptFree < 0)
-        m_keptFree = qMax(free / m_limits.freeShare, qMin(m_limits.leastFree, free / 2));
+        m_keptFree = m_limits.keptFree(free);
     if (free - size >= m_keptFree)
         return Result::Done;
     const QLocale locale;
@@ -155,6 +158,14 @@ QString PackageExtractor::placeFor(const QByteArray &member)
     m_places.insert(member, place);
     m_files.append(place);
     return place;
+}
+
+QHash<QString, QString> PackageExtractor::members() const
+{
+    QHash<QString, QString> members;
+    for (auto place = m_places.cbegin(); place != m_places.cend(); ++place)
+        members.insert(*place, QFile::decodeName(place.key()));
+    return members;
 }
 
 PackageExtractor::Result PackageExtractor::damaged(const QString &reason)

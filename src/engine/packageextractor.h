@@ -37,6 +37,9 @@ public:
         int freeShare = 10; ///< one part in so many of what was free stays so too
         qint64 unasked = 1000 * 1000 * 1000; ///< bytes that are taken without a question...
         int ratio = 20; ///< ... and so many times the archive's size
+
+        /** The bytes that have to stay free where so many were. */
+        qint64 keptFree(qint64 free) const { return qMax(free / freeShare, qMin(leastFree, free / 2)); }
     };
 
     PackageExtractor(QString folder, StopRequest stopped);
@@ -50,6 +53,10 @@ public:
 
     /** The packages, in the order of the archive. */
     QStringList files() const { return m_files; }
+    /** By these, the names of the packages in the archive, or of the files that were copied. */
+    QHash<QString, QString> members() const;
+    /** Names of packages in the archive that are no files there, but links or the like. */
+    QStringList passedOver() const { return m_passedOver; }
     QString error() const { return m_error; }
 
 private:
@@ -61,6 +68,7 @@ private:
     qint64 m_written = 0; ///< bytes
     qint64 m_keptFree = -1; ///< bytes; unknown before the first are written
     QStringList m_files;
+    QStringList m_passedOver;
     QHash<QByteArray, QString> m_places; ///< by the member's whole name
     QString m_error;
 

@@ -16,7 +16,7 @@
 RepoEnums::ErrorCode PackageInclusion::include(AddedFile *file, const PackageInfo &record, bool replace)
 {
     if (record.architecture == QLatin1String("all")) {
-        m_context.critical(tr("Cannot added package %1 with architecture all!").arg(file->path));
+        m_context.critical(tr("Cannot added package %1 with architecture all!").arg(file->shownName()));
         return ERROR;
     }
     const PackageKey key = PackageKey::of(record);
@@ -24,7 +24,7 @@ RepoEnums::ErrorCode PackageInclusion::include(AddedFile *file, const PackageInf
         return file->results.value(key);
     const PackageInfoPtr present = m_context.packages().find(key);
     if (present && !replace)
-        return collisionOf(file->path, record, *present);
+        return collisionOf(file->shownName(), record, *present);
 
     // Signed before anything is removed: a key that fails must not cost the package that is there.
     if (!PackageSigner(m_context).sign(file, record.name))
@@ -56,7 +56,7 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
     file->run.backups.emplace_back(m_context.path(), present, inTheWay);
     PackageBackup &backup = file->run.backups.back();
     if (backup.file().isEmpty() && QFile::exists(present.filePath())) {
-        m_context.critical(tr("Error adding package %1!").arg(file->path),
+        m_context.critical(tr("Error adding package %1!").arg(file->shownName()),
                            tr("The present package could not be kept aside, so it was not replaced: %1")
                                .arg(present.filePath()));
         return ERROR;
@@ -69,7 +69,7 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
         if (isRemoved || !QFile::exists(package->filePath()))
             removed.append(package);
         if (!isRemoved) {
-            m_context.runFailed(tr("Error adding package %1!").arg(file->path),
+            m_context.runFailed(tr("Error adding package %1!").arg(file->shownName()),
                                 tr("The present package could not be removed, so it was not replaced."));
             restorePackages(removed, &backup, session);
             return ERROR;
@@ -112,8 +112,8 @@ RepoEnums::ErrorCode PackageInclusion::includeFile(AddedFile *file, const Packag
         result = runInclude(ReproCommand::include(m_context.repoInfo().codename, record, {file->source}),
                             &file->run.session);
         if (!isIncluded(result, record)) {
-            m_context.runFailed(tr("Error adding package %1!").arg(file->path),
-                                reason(result.errorOutput, record));
+            m_context.runFailed(tr("Error adding package %1!").arg(file->shownName()),
+                                file->shownText(reason(result.errorOutput, record)));
             return ERROR;
         }
     }

@@ -16,7 +16,7 @@ bool PackageSigner::sign(AddedFile *file, const QString &packageName)
         return true;
     }
     const auto fail = [&](const QString &details) {
-        m_context.critical(tr("Failed to sign package %1!").arg(packageName), details);
+        m_context.critical(tr("Failed to sign package %1!").arg(packageName), file->shownText(details));
         return false;
     };
     // A passphrase that the user did not give is not asked for again with every further file.

@@ -2,6 +2,7 @@
 // Creating, opening and closing a repository.
 #include "core/regularfile.h"
 #include "core/removetree.h"
+#include "core/scratchfolder.h"
 #include "engine/asidedirectory.h"
 #include "engine/distributions.h"
 #include "engine/distributionsfile.h"
@@ -14,6 +15,7 @@
 #include "engine/repreprocommands.h"
 #include "engine/signaturerecord.h"
 #include "engine/systemrelease.h"
+#include "engine/unpackplace.h"
 #include "signing/signedpackages.h"
 
 #include <QDir>
@@ -265,6 +267,9 @@ int RepoShell::openBody(const QString &path)
     }
     setRepository(path, repoInfo());
     m_isWritable = mayWrite(path);
+    const QStringList unpacked = UnpackPlace::besideRepository(path);
+    for (const QString &folder : unpacked)
+        ScratchFolder::removeLeftovers(folder);
     Q_EMIT pathChanged(QString());
     Q_EMIT requestForStoredInformation(path);
     const bool isRecovered = recovery.run();

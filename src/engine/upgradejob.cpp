@@ -166,6 +166,7 @@ void UpgradeJob::upgradeFrom(const QVector<UpgradablePackage> &group, Run *run)
         ++run->failed;
         return;
     }
+    run->adding.run().shownNames = {{file.path, QFileInfo(file.path).fileName()}};
     AddedFile added{run->adding.run(), file.path};
     for (const PackageInfoPtr &present : replacedBy(file, group)) {
         PackageInfo record = *file.package;

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <optional>
 
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -407,6 +408,71 @@ private Q_SLOTS:
         QCOMPARE(h.lastMessage(), "Import error!"_s);
         QVERIFY(h.listed() == before && h.settled());
         QVERIFY(!readFile("/proc/self/mountinfo"_s).contains("importTempDir"));
+    }
+
+    void tooLittleRoomToUnpack()
+    {
+        VELT_NEED_TOOL("archivemount");
+        RepoHarness h;
+        const QString small = h.folder.filePath("small"_s);
+        const QByteArray mount = small.toLocal8Bit();
+        QDir().mkpath(small);
+        if (!canMount() || ::geteuid() != 0
+            || ::mount("tmpfs", mount.constData(), "tmpfs", 0, "size=6m") != 0)
+            QSKIP("mounting archives and a small file system needs root");
+        const auto unmount = qScopeGuard([&] { ::umount(mount.constData()); });
+        const QByteArray contents = noise(2500000).toHex();
+        const QString archive = h.folder.filePath("x.tgz"_s);
+        runShell("tar czf '%1' -C '%2' ."_s.arg(
+            archive, QFileInfo(h.debs("large", "1.0", contents.constData()).first()).path()));
+        const ScopedVariable temporary("TMPDIR", small);
+        // What a killed import has left goes when the repository is opened.
+        const QStringList left{h.folder.filePath("velt-admin-repo-work-ab"_s),
+                               h.repoPath() + "/velt-admin-repo-work-cd"_s};
+        for (const QString &folder : left)
+            QVERIFY(QDir().mkdir(folder));
+        h.open(h.repoPath());
+        QVERIFY(!QFileInfo::exists(left.at(0)) && !QFileInfo::exists(left.at(1)));
+
+        QCOMPARE(importFrom(&h, archive), RepoEnums::SUCCESS);
+        QCOMPARE(h.words(), "Start repo import|1 package(s) imported"_s);
+        QVERIFY(h.holds("large 1.0 main amd64"_s));
+        QVERIFY(QDir(h.folder.path()).entryList({"velt-admin-repo-work-*"_s}).isEmpty());
+
+        // The repository itself lies on the small disk too.
+        EngineHarness other;
+        QCOMPARE(other.shell.createRepo(small + "/repo"_s, other.info), int(RepoEnums::SUCCESS));
+        QCOMPARE(importFrom(&other, archive), RepoEnums::ERROR);
+        QVERIFY(other.complains("its packages need 4."_s) && other.trouble().contains(small + ": 5."_s));
+        other.shell.closeRepo();
+    }
+
+    /** What is wrong with a package is said of the member of the archive, not of what it was unpacked to. */
+    void membersAreNamed()
+    {
+        VELT_NEED_TOOL("archivemount");
+        if (!canMount())
+            QSKIP("this machine cannot mount archives");
+        RepoHarness h;
+        const QString good = h.debs("good").first();
+        const QString folder = QFileInfo(good).path();
+        writeFile(folder + "/sub/bad.deb"_s, readFile(good).chopped(700));
+        const QString links
+            = "import tarfile; t = tarfile.open('x.tgz', 'a:'); i = tarfile.TarInfo('l.deb'); "
+              "i.type = tarfile.LNKTYPE; i.linkname = 'none.deb'; t.addfile(i); t.close()"_s;
+        runShell("tar cf x.tgz *.deb sub; tar cJf x.txz *.deb sub; python3 -c \"%1\""_s.arg(links), folder);
+        for (const QString &archive : {"x.tgz"_s, "x.txz"_s}) {
+            importFrom(&h, folder + QLatin1Char('/') + archive);
+            QVERIFY(h.complains("Error adding package!|"_s + archive + ": sub/bad.deb:\n"_s));
+            QVERIFY2(!QString(h.trouble() + h.notes.join(QString())).contains("velt-admin-repo-work"_s),
+                     qPrintable(h.trouble()));
+            QCOMPARE(h.listed().size(), 1);
+            QVERIFY(archive == "x.txz"_s || h.notes.join(QString()).contains("Not added: x.tgz: l.deb"_s));
+        }
+        // What is mounted then looks as if it were empty.
+        runShell("xz -c <x.tgz >l.txz"_s, folder);
+        QCOMPARE(importFrom(&h, folder + "/l.txz"_s), RepoEnums::ERROR);
+        QVERIFY(h.complains("a link to a file that it lacks"_s));
     }
 
     void mountTroubles()
