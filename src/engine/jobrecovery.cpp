@@ -69,27 +69,35 @@ bool JobRecovery::mayRun(const QString &repoPath)
             DatabaseCopy::drop(repoPath);
         return false;
     }
+    // A job that ends takes both away, also when it could not write the indices.
+    m_isInterrupted = DatabaseCopy::exists(repoPath) || DatabaseCopy::isLost(repoPath)
+                      || !PackageBackup::leftovers(repoPath).isEmpty();
+    const QString question
+        = m_isInterrupted
+              ? tr("A job on the repository %1 was interrupted. It belongs to another user. "
+                   "Do you want to bring it in order now?")
+              : tr("The indices of the repository %1 are not up to date. It belongs to another user. "
+                   "Do you want to write them now?");
     // A yes to what its settings name is one to finishing the job too.
     const Admission::Verdict verdict = m_context.admission(repoPath).verdict();
     if (verdict == Admission::Approved
         || (verdict == Admission::NothingNamed
-            && (isOwn
-                || m_context.ask(tr("Opening repository"),
-                                 tr("A job on the repository %1 was interrupted. It belongs to another user. "
-                                    "Do you want to bring it in order now?")
-                                     .arg(repoPath),
-                                 false))))
+            && (isOwn || m_context.ask(tr("Opening repository"), question.arg(repoPath), false))))
         return true;
-    tellOfInterruption(m_context.admission(repoPath).reason());
+    tellOfOldIndices(m_context.admission(repoPath).reason());
     return false;
 }
 
-void JobRecovery::tellOfInterruption(const QString &details)
+void JobRecovery::tellOfOldIndices(const QString &details)
 {
-    m_context.critical(tr("An earlier job was interrupted, and the indices of the repository could not be "
-                          "brought up to date. The packages shown may not be all that it holds."),
-                       details,
-                       WARNING);
+    m_context.critical(
+        m_isInterrupted
+            ? tr("An earlier job was interrupted, and the indices of the repository could not be "
+                 "brought up to date. The packages shown may not be all that it holds.")
+            : tr("The indices of the repository could not be brought up to date. The packages shown "
+                 "may not be all that it holds."),
+        details,
+        WARNING);
 }
 
 void JobRecovery::begin(const QString &repoPath)
@@ -107,7 +115,7 @@ void JobRecovery::begin(const QString &repoPath)
     const Admission &admission = m_context.admission(repoPath);
     m_mayRun = admission.isGranted();
     if (!m_mayRun) {
-        tellOfInterruption(admission.reason());
+        tellOfOldIndices(admission.reason());
         m_context.unlock();
     }
 }
@@ -126,7 +134,8 @@ bool JobRecovery::run()
             QString(),
             WARNING);
     // A large repository takes seconds; one who has asked for a stop is not told of something new.
-    const QString words = tr("Recovering repository after an interrupted job");
+    const QString words = m_isInterrupted ? tr("Recovering repository after an interrupted job")
+                                          : tr("Writing the indices of the repository");
     if (m_context.isCanceled())
         m_context.noted(words);
     else
@@ -155,7 +164,7 @@ bool JobRecovery::run()
     if (repaired)
         DatabaseCopy::drop(path);
     else
-        tellOfInterruption(m_context.lastErrorOutput());
+        tellOfOldIndices(m_context.lastErrorOutput());
     if (!kept.isEmpty())
         m_context.critical(
             tr("An earlier job was interrupted while it replaced a package. The replaced files are kept "

@@ -51,12 +51,13 @@ public:
 private:
     JobContext &m_context;
     bool m_mayRun = false;
+    bool m_isInterrupted = false; ///< a job was cut short; else it has ended, and only the indices are owed
     bool m_isPutBack = false; ///< the database
     QStringList m_goneFiles; ///< that others have taken out since the copy was made
     QHash<QString, QByteArray> m_checksums; ///< SHA256 by pool file, once they were asked for
 
     bool mayRun(const QString &repoPath);
-    void tellOfInterruption(const QString &details);
+    void tellOfOldIndices(const QString &details);
     bool isDamaged(const QStringList &filesLeft);
     bool isReferenced(const QStringList &lines);
     bool putDatabaseBack();

@@ -497,6 +497,24 @@ private Q_SLOTS:
             QVERIFY2(!QFile::exists(h.repoPath() + "/dists/dogwood/"_s + gone), qPrintable(gone));
     }
 
+    /** The change stands, and nothing was interrupted: only the indices are behind. */
+    void indicesOfChangeCannotBeWritten()
+    {
+        RepoHarness h;
+        h.add(h.debs("foo"));
+        const QString inTheWay = h.repoPath() + "/dists/dogwood/main/binary-amd64/Packages.new"_s;
+        writeFile(inTheWay + "/x"_s, "x");
+        h.info.components = "main other"_s;
+        QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
+        QVERIFY(h.complains("The indices of the repository could not be brought up to date."_s));
+        QVERIFY2(!h.words().contains("interrupted"_s), qPrintable(h.words()));
+        QVERIFY(h.isExportOwed());
+        QVERIFY(QDir(inTheWay).removeRecursively());
+        h.open(h.repoPath());
+        QCOMPARE(h.started, (QStringList{"Opening repository"_s, "Writing the indices of the repository"_s}));
+        QVERIFY(h.trouble().isEmpty() && h.holds("foo 1.0 main amd64"_s));
+    }
+
     void refusedAndFailedChangesLeaveEverything()
     {
         RepoHarness h;
