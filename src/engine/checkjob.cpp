@@ -32,7 +32,11 @@ int CheckJob::run(const QList<PackageInfoPtr> &packages)
 
 void CheckJob::checkPresent(const QList<PackageInfoPtr> &packages)
 {
-    checkRecords(presentRecords(packages));
+    const auto records = presentRecords(packages);
+    const int checked = checkRecords(records);
+    if (m_context.dependsRepoType() != DependsNowhere && checked < records.size() && mustStop())
+        m_context.noted(tr("Operation stopped. %1 of %n package(s) depends checked", nullptr, records.size())
+                            .arg(checked));
 }
 
 QList<PackageInfoPtr> CheckJob::presentRecords(const QList<PackageInfoPtr> &packages) const

@@ -143,7 +143,7 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
         frame->itemDone(packages.size());
         stopped = m_context.mustEnd() && done + 1 < packages.size();
     }
-    adding.finish(stopped);
+    adding.finish();
     const QString added = adding.addedNames();
     if (stopped)
         return frame->finish(

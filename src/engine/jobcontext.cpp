@@ -331,6 +331,12 @@ void JobContext::cancel()
     m_stopWish.notify_all();
 }
 
+void JobContext::goOn()
+{
+    if (!m_closing && m_canceled.exchange(false))
+        Q_EMIT m_signals.goingOn();
+}
+
 void JobContext::setClosing()
 {
     m_closing = true;

@@ -142,6 +142,8 @@ public:
     /** Whether a job of several items is to begin no further one. */
     bool mustEnd() const { return m_canceled || m_lockedOut; }
     void resetCancel() { m_canceled = false; }
+    /** Forgets a stop in the middle of the job, which can be asked for again; not that of a program that is closing. */
+    void goOn();
     /** False when a question would get its safe answer without being asked. */
     bool canAsk() const;
     bool ask(const QString &title, const QString &text, bool safeAnswer);

@@ -30,6 +30,9 @@ Q_SIGNALS:
     void dependsSummary(const QStringList &lines);
     void downloadablePackagesReady();
     void started(const QString &startMsg);
+    /** The job that was asked to stop goes on, and can be asked again: the user has taken the stop back, or it was for
+     *  what has ended. */
+    void goingOn();
     void finished(RepoEnums::JobId jobId, const QString &finishMsg);
     /** The number of items of the job; 0 = not known. */
     void progressRangeChanged(int range);

@@ -46,7 +46,9 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
     auto reader = std::make_unique<PackageFileReader>(
         files, 2 * FilesTogether, [this] { return m_context.isCanceled(); });
     bool stopped = false;
-    for (int done = 0; done < files.size() && !stopped;) {
+    bool isComplete = true;
+    int done = 0;
+    while (done < files.size() && !stopped) {
         stopped = m_context.mustEnd() || m_run.session.isRefused();
         if (stopped)
             break;
@@ -58,15 +60,18 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
             ++done;
             // What has gone in already is told of, also after a stop.
             stopped = stopped || m_context.mustEnd() || m_run.session.isRefused();
-            if (stopped && !m_run.ahead.contains(file.path))
+            if (stopped && !m_run.ahead.contains(file.path)) {
+                isComplete = false;
                 continue;
+            }
             addReadFile(file, done == files.size());
             frame->itemDone(files.size());
         }
     }
     reader.reset();
-    finish(stopped);
-    return stopped ? CANCEL : SUCCESS;
+    finish();
+    // A stop that came when everything was in has stopped nothing.
+    return isComplete && done == files.size() ? SUCCESS : CANCEL;
 }
 
 void PackageAdding::addReadFile(const PackageFile &read, bool isLast)
@@ -87,7 +92,7 @@ void PackageAdding::addReadFile(const PackageFile &read, bool isLast)
         m_run.added.append(QFileInfo(read.path).fileName());
 }
 
-bool PackageAdding::finish(bool stopped)
+bool PackageAdding::finish()
 {
     const bool stands = m_context.finishSession(&m_run.session);
     if (!stands) {
@@ -101,9 +106,8 @@ bool PackageAdding::finish(bool stopped)
     if (!m_run.records.isEmpty())
         unchecked += m_run.wanting;
     if (!m_context.isClosing() && !unchecked.isEmpty()) {
-        // The stop was for the adding; what went in is checked until the next one.
-        if (stopped)
-            m_context.resetCancel();
+        // A stop was for the adding; what went in is checked until the next one.
+        m_context.goOn();
         CheckJob(m_context).checkPresent(unchecked);
     }
     m_context.savePackages();

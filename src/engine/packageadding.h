@@ -29,7 +29,7 @@ public:
     void addReadFile(const PackageFile &read, bool isLast);
     /** Writes the indices, checks what went in and has the results stored. False when all that was done is undone,
      *  which has been told. */
-    bool finish(bool stopped);
+    bool finish();
 
     /** For those that include files themselves. */
     AddRun &run() { return m_run; }

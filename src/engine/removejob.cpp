@@ -21,6 +21,7 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
     PackageRemoval removal(m_context, &session);
     QStringList removed;
     bool stopped = false;
+    bool isComplete = true;
     int done = 0;
     while (done < packages.size() && !stopped && !session.isDamaged()) {
         stopped = m_context.mustEnd() || session.isRefused();
@@ -35,7 +36,9 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
             ++done;
             // What is out already is told of, also after a stop.
             stopped = stopped || m_context.mustEnd() || session.isRefused();
-            if (session.isDamaged() || (stopped && together && !removal.isOut(*package)))
+            const bool isLeft = stopped && together && !removal.isOut(*package);
+            isComplete = isComplete && !isLeft;
+            if (session.isDamaged() || isLeft)
                 continue;
             if (removal.remove(package))
                 removed.append(displayFileName(*package));
@@ -49,7 +52,8 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
         m_context.clearStoredResults();
     else
         m_context.savePackages();
-    if (stopped)
+    // A stop that came when all was done has stopped nothing.
+    if (stopped && (!isComplete || done < packages.size()))
         return frame.finish(
             CANCEL,
             tr("Operation stopped. %1 of %n packages(s) removed: %2", nullptr, packages.size())

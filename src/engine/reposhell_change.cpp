@@ -122,8 +122,7 @@ int RepoShell::changeBody(const QString &newPath,
             Q_EMIT critical(tr("Impossible to delete directory %1!").arg(copy->leftAt()), QString(), WARNING);
         Q_EMIT pathChanged(newPath);
         // Between the steps of a change nothing can be stopped, and its end is no opening to be stopped either.
-        if (!m_context->isClosing())
-            m_context->resetCancel();
+        m_context->goOn();
         openBody(newPath);
         tellOfGone(change, packages);
         return frame.finish(SUCCESS, tr("Repository is changed."), CHANGE_REPO_JOB);

@@ -28,7 +28,7 @@ int SignJob::run(const QList<PackageInfoPtr> &packages, const QString &keyId)
             names.append(displayFileName(*package));
         frame.itemDone(packages.size());
     }
-    if (!adding.finish(stopped))
+    if (!adding.finish())
         names.clear();
     const QString joined = names.join(QLatin1String(", "));
     if (stopped)

@@ -95,7 +95,7 @@ int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions
         upgradeFrom(groups.at(done), &run);
         frame.itemDone(groups.size());
     }
-    const bool stands = adding.finish(stopped);
+    const bool stands = adding.finish();
     if (stopped && !m_context.isLockedOut())
         return end(CANCEL, tr("Canceled by user"));
     if (stopped || !stands || (run.upgraded == 0 && run.failed > 0))
@@ -145,7 +145,7 @@ bool UpgradeJob::mustStop()
         return false;
     if (m_context.ask(tr("Upgrading repo"), tr("Are you sure?"), true))
         return true;
-    m_context.resetCancel();
+    m_context.goOn();
     m_context.setStartMessage(tr("Upgrading repo"));
     return m_context.isClosing();
 }

@@ -119,6 +119,10 @@ void JobFeedback::attach(RepoWidget *widget)
             [this, widget](const QString &text, const QString &details, RepoEnums::ErrorType type) {
                 jobError(widget, text, details, type);
             });
+    connect(widget->repoShell(), &RepoShell::goingOn, this, [this, widget] {
+        m_jobs[widget].stopping = false;
+        showCurrent();
+    });
     connect(widget->repoShell(), &RepoShell::noted, this, [this, widget](const QString &text) {
         appendLog(widget, text);
     });

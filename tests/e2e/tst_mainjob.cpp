@@ -183,9 +183,16 @@ private Q_SLOTS:
         hold();
         m_driver->drop({package("a"_s), package("b"_s), package("c"_s)});
         WAIT_FOR(looksRunning(true) && processes("bin/reprepro"_s) > 0);
+        // What is in gets checked, and that can be stopped as well.
+        bool isAlive = false;
+        const auto note = [&] { isAlive = stop->isVisible() && stop->isEnabled(); };
+        const QObject listener;
+        connect(m_driver->tab()->repoShell(), &RepoShell::goingOn, &listener, note);
         stop->click();
+        QVERIFY(!stop->isEnabled());
         release();
         WAIT_FOR(m_driver->isIdle());
+        QVERIFY(isAlive);
         QCOMPARE(m_driver->message(), "Operation stopped. 1 of 3 package(s) added: a_1_amd64.deb"_s);
         QVERIFY(looksRunning(false));
 

@@ -168,6 +168,18 @@ private Q_SLOTS:
         QCOMPARE(h.add(more), RepoEnums::CANCEL);
         QCOMPARE(h.events, (QStringList{"+x 1.0 amd64"_s, "~x 1.0 amd64"_s}));
         disconnect(stopping);
+        // Nor is the check of what went in dropped by a stop at the last one; it can be stopped itself, which is told.
+        h.remove({h.find("x"_s)});
+        QSignalSpy goingOn(&h.shell, &RepoShell::goingOn);
+        const QVector<QMetaObject::Connection> stops{h.cancelAt(&RepoShell::packageAdded, 2),
+                                                     h.cancelAt(&RepoShell::packageChanged)};
+        QCOMPARE(h.add(more), RepoEnums::SUCCESS);
+        QCOMPARE(h.events, (QStringList{"+x 1.0 amd64"_s, "+y 1.0 amd64"_s, "~x 1.0 amd64"_s}));
+        QCOMPARE(goingOn.count(), 1);
+        QCOMPARE(h.notes, QStringList{"Operation stopped. 1 of 2 package(s) depends checked"_s});
+        for (const auto &stop : stops)
+            disconnect(stop);
+        h.remove({h.find("y"_s)});
         h.shell.setCheckDependsOnAdd(false);
         h.add(more);
         QCOMPARE(h.events, QStringList{"+y 1.0 amd64"_s});

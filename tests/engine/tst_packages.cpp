@@ -103,6 +103,17 @@ private Q_SLOTS:
         h.cancelAt(&RepoShell::packageRemoved, 5);
         QCOMPARE(h.remove(h.shell.packages()), RepoEnums::CANCEL);
         QVERIFY(h.events.size() >= 5 && h.listed().size() > 10 && h.settled());
+
+        // One that comes when the last ones are in has stopped nothing.
+        RepoHarness other;
+        const QStringList plain = files.filter(QRegularExpression("/p\\d\\d_"_s)) + h.debs("q r s t u");
+        const auto adding = other.cancelAt(&RepoShell::packageAdded, plain.size() - 1);
+        QCOMPARE(other.add(plain), RepoEnums::SUCCESS);
+        QVERIFY(other.lastMessage().startsWith("55 package(s) added: "_s));
+        disconnect(adding);
+        other.cancelAt(&RepoShell::packageRemoved, plain.size() - 1);
+        QCOMPARE(other.remove(other.shell.packages()), RepoEnums::SUCCESS);
+        QVERIFY(other.lastMessage().startsWith("55 packages removed: "_s) && other.settled());
     }
 
     void everyArchitectureOfAll()

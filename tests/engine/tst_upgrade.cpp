@@ -266,7 +266,8 @@ private Q_SLOTS:
         QCOMPARE(h.lastMessage(), "Canceled by user"_s);
         QCOMPARE(h.listed().filter("2.0"_s).size(), 1);
         QVERIFY(h.settled());
-        // A no takes the stop back.
+        // A no takes the stop back, and another one can be asked for.
+        QSignalSpy goingOn(&h.shell, &RepoShell::goingOn);
         h.reply = false;
         h.whileAsked = [&] { disconnect(stopAt); };
         QString message;
@@ -279,6 +280,7 @@ private Q_SLOTS:
         QCOMPARE(upgrade(h), RepoEnums::SUCCESS);
         QCOMPARE(h.questions.size(), 1);
         QCOMPARE(message, "Upgrading repo"_s);
+        QCOMPARE(goingOn.count(), 1);
         QCOMPARE(h.listed().filter("2.0"_s).size(), 4);
         disconnect(seen);
         // The preparation stops without a question.
