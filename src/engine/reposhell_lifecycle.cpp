@@ -231,12 +231,12 @@ int RepoShell::reloadBody()
     if (difference.isEmpty())
         return frame.finish(SUCCESS, tr("Repository is unchanged"));
     m_context->savePackages();
+    // Each number has a form of its own.
+    const QStringList changes{tr("%n package(s) added", nullptr, difference.added.size()),
+                              tr("%n package(s) replaced", nullptr, difference.changed.size()),
+                              tr("%n package(s) removed", nullptr, difference.removed.size())};
     return frame.finish(
-        SUCCESS,
-        tr("Another program has changed the repository: %1 package(s) added, %2 replaced, %3 removed")
-            .arg(difference.added.size())
-            .arg(difference.changed.size())
-            .arg(difference.removed.size()));
+        SUCCESS, tr("Another program has changed the repository: %1").arg(changes.join(QLatin1String(", "))));
 }
 
 int RepoShell::openBody(const QString &path)

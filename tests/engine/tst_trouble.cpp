@@ -314,6 +314,9 @@ private Q_SLOTS:
         QCOMPARE(h.events, (QStringList{"-foo 1.0 amd64"_s, "+new 1.0 amd64"_s, "~bar 2.0 amd64"_s}));
         QVERIFY(h.holds("bar 2.0 main amd64,doc 1.0 main amd64,doc 1.0 main arm64,new 1.0 main amd64"_s));
         QCOMPARE(h.find("doc"_s, "arm64"_s), doc);
+        QCOMPARE(h.lastMessage(),
+                 "Another program has changed the repository: 1 package(s) added, 1 package(s) replaced, "
+                 "1 package(s) removed"_s);
         h.run([&] { h.shell.reloadRepo(); });
         QCOMPARE(h.words(), "Reading repository again|Repository is unchanged"_s);
 
