@@ -50,10 +50,10 @@ private:
 
 constexpr int Files = 20;
 
-void fill(const QString &folder)
+void fill(const QString &folder, int files = Files)
 {
     QVERIFY(QDir().mkpath(folder));
-    for (int i = 0; i < Files; ++i)
+    for (int i = 0; i < files; ++i)
         writeFile(folder + "/%1"_s.arg(i), "x");
 }
 } // namespace
@@ -77,7 +77,7 @@ private Q_SLOTS:
         constexpr int Deletions = 1000;
         int exchanges = 0;
         for (int i = 0; i < Deletions; ++i) {
-            fill(at("tree/sub/sub"));
+            fill(at("tree/sub/sub"), 2);
             QVERIFY(QFile::link(at("victim"), at("link")));
             {
                 // Once a folder inside, once the one that is to be deleted.
