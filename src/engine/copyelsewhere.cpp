@@ -164,6 +164,13 @@ void CopyElsewhere::drop(const QString &repoPath)
             return;
     }
     const QStringList lost = numbersIn(repoPath);
-    for (const QString &number : lost)
+    for (const QString &number : lost) {
+        // One that does not yet say whose it is was about to be made, and holds nothing.
+        for (const QString &place : places(Kind::Disk) + places(Kind::Memory)) {
+            const QString unfinished = place + QLatin1Char('/') + number;
+            if (isPrivate(place) && isPrivate(unfinished) && !QFileInfo::exists(unfinished + RecordFile))
+                removeTree(unfinished);
+        }
         QFile::remove(pointer(repoPath, number));
+    }
 }
