@@ -1217,6 +1217,28 @@ Ein oder mehrere Werte</translation>
         <source>The directory %1 cannot be replaced, because it holds these repositories: %2</source>
         <translation>Das Verzeichnis %1 kann nicht ersetzt werden, weil es diese Repositorys enthält: %2</translation>
     </message>
+    <message>
+        <source>No package will be deleted.</source>
+        <translation>Es wird kein Paket gelöscht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>All %n package(s) will be deleted: %1</source>
+        <translation>
+            <numerusform>Das eine Paket wird gelöscht: %1</numerusform>
+            <numerusform>Alle %n Pakete werden gelöscht: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) will be deleted: %1</source>
+        <translation>
+            <numerusform>%n Paket wird gelöscht: %1</numerusform>
+            <numerusform>%n Pakete werden gelöscht: %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Carry the packages over to the new code name</source>
+        <translation>Die Pakete auf den neuen Codenamen ü&amp;bertragen</translation>
+    </message>
 </context>
 <context>
     <name>OrphanedLines</name>
@@ -1380,6 +1402,10 @@ Ein oder mehrere Werte</translation>
         <source>The file is empty.</source>
         <translation>Die Datei ist leer.</translation>
     </message>
+    <message>
+        <source>The file is damaged: what it contains cannot be unpacked.</source>
+        <translation>Die Datei ist beschädigt: Ihr Inhalt lässt sich nicht entpacken.</translation>
+    </message>
 </context>
 <context>
     <name>PackageItem</name>
@@ -1481,6 +1507,18 @@ Ein oder mehrere Werte</translation>
         <source>Always give preference to packages already present in the repository</source>
         <translation>Immer die Pakete bevorzugen, die schon im Repository sind</translation>
     </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Keep this package and add no more</source>
+        <translation>Dieses Paket behalten und keine weiteren hinzufügen</translation>
+    </message>
+    <message>
+        <source>It is one file for several architectures, so the answer is for all of them: %1</source>
+        <translation>Es ist eine Datei für mehrere Architekturen, daher gilt die Antwort für alle: %1</translation>
+    </message>
 </context>
 <context>
     <name>PackageStatusLine</name>
@@ -1555,6 +1593,14 @@ Ein oder mehrere Werte</translation>
         <source>Another repo already published</source>
         <translation>Ein anderes Repository ist bereits veröffentlicht</translation>
     </message>
+    <message>
+        <source>The repository is not unpublished!</source>
+        <translation>Die Veröffentlichung des Repositorys wurde nicht beendet!</translation>
+    </message>
+    <message>
+        <source>The file /etc/vsftpd.conf was written by somebody else, or lets other users in, too. The FTP server may serve more than the repository and is not stopped. The administrator can stop it: systemctl disable --now vsftpd</source>
+        <translation>Die Datei /etc/vsftpd.conf stammt von jemand anderem oder lässt auch andere Benutzer ein. Der FTP-Server bietet vielleicht mehr an als das Repository und wird nicht angehalten. Der Systemverwalter kann ihn anhalten: systemctl disable --now vsftpd</translation>
+    </message>
 </context>
 <context>
     <name>PublicationPanel</name>
@@ -1620,6 +1666,10 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>Another program uses the port %1</source>
         <translation>Ein anderes Programm verwendet den Port %1</translation>
+    </message>
+    <message>
+        <source>What lies below /tmp or /var/tmp cannot be published: services have these folders for themselves. Move the repository to another place.</source>
+        <translation>Was unter /tmp oder /var/tmp liegt, kann nicht veröffentlicht werden: Dienste haben dort eigene Ordner. Verschieben Sie das Repository an einen anderen Ort.</translation>
     </message>
 </context>
 <context>
@@ -1719,10 +1769,6 @@ Ein oder mehrere Werte</translation>
         <translation>Das Repository wurde veröffentlicht.</translation>
     </message>
     <message>
-        <source>The service did not start, or ended at once. &quot;systemctl status %1&quot; tells more.</source>
-        <translation>Der Dienst ist nicht gestartet oder hat sich sofort beendet. „systemctl status %1“ sagt mehr.</translation>
-    </message>
-    <message>
         <source>The end of the server&apos;s log %1:</source>
         <translation>Das Ende des Serverprotokolls %1:</translation>
     </message>
@@ -1753,6 +1799,14 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>The service %1 could not be stopped. &quot;systemctl status %1&quot; tells more.</source>
         <translation>Der Dienst %1 konnte nicht beendet werden. „systemctl status %1“ sagt mehr.</translation>
+    </message>
+    <message>
+        <source>The service did not start, or ended at once. The administrator finds the reason in the system&apos;s journal: journalctl -u %1 -u velt-admin-repo-helper</source>
+        <translation>Der Dienst wurde nicht gestartet oder endete sofort. Der Systemverwalter findet den Grund im Journal des Systems: journalctl -u %1 -u velt-admin-repo-helper</translation>
+    </message>
+    <message>
+        <source>The system refused. The administrator finds the reason in its journal: journalctl -u velt-admin-repo-helper</source>
+        <translation>Das System hat abgelehnt. Der Systemverwalter findet den Grund in dessen Journal: journalctl -u velt-admin-repo-helper</translation>
     </message>
 </context>
 <context>
@@ -2454,10 +2508,6 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         <translation>Das Repository ist unverändert</translation>
     </message>
     <message>
-        <source>Another program has changed the repository: %1 package(s) added, %2 replaced, %3 removed</source>
-        <translation>Ein anderes Programm hat das Repository geändert. Pakete: %1 hinzugefügt, %2 ersetzt, %3 entfernt</translation>
-    </message>
-    <message>
         <source>The repository %1 cannot be opened.</source>
         <translation>Das Repository %1 kann nicht geöffnet werden.</translation>
     </message>
@@ -2519,6 +2569,128 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>%1 cannot be read, and may name any program</source>
         <translation>%1 kann nicht gelesen werden und nennt vielleicht beliebige Programme</translation>
+    </message>
+    <message>
+        <source>What packages in this archive depend on and no package in it is or provides, with the packages that need it:</source>
+        <translation>Wovon Pakete in diesem Archiv abhängen und was kein Paket darin ist oder bereitstellt, mit den Paketen, die es brauchen:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n dependency(ies) of the exported packages are not in the archive %1. The file %2 in it lists them all.</source>
+        <translation>
+            <numerusform>%n Abhängigkeit der exportierten Pakete fehlt im Archiv %1. Die Datei %2 darin nennt sie.</numerusform>
+            <numerusform>%n Abhängigkeiten der exportierten Pakete fehlen im Archiv %1. Die Datei %2 darin nennt sie alle.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No temporary folder could be made for the settings of reprepro.</source>
+        <translation>Es konnte kein temporärer Ordner für die Einstellungen von reprepro angelegt werden.</translation>
+    </message>
+    <message>
+        <source>There is too little room on the disk of the repository for a copy of its database, so nothing was changed. At least %1 must be free, and %2 are.</source>
+        <translation>Auf dem Datenträger des Repositorys ist zu wenig Platz für eine Kopie seiner Datenbank, daher wurde nichts geändert. Mindestens %1 müssen frei sein, und %2 sind es.</translation>
+    </message>
+    <message>
+        <source>Packages can be removed all the same.</source>
+        <translation>Pakete können trotzdem entfernt werden.</translation>
+    </message>
+    <message>
+        <source>No packages are to be read in %1. It holds none, is damaged, or has a link to a file that it lacks.</source>
+        <translation>In %1 sind keine Pakete zu lesen. Das Archiv enthält keine, ist beschädigt oder hat eine Verknüpfung auf eine Datei, die ihm fehlt.</translation>
+    </message>
+    <message>
+        <source>Not added: %1. The archive has only a link or a folder of this name, and no file.</source>
+        <translation>Nicht hinzugefügt: %1. Das Archiv enthält unter diesem Namen nur eine Verknüpfung oder einen Ordner, keine Datei.</translation>
+    </message>
+    <message>
+        <source>%1: %2 free</source>
+        <translation>%1: %2 frei</translation>
+    </message>
+    <message>
+        <source>There is too little room to unpack it: its packages need %1, and a part of what is free has to stay so.</source>
+        <translation>Zum Entpacken ist zu wenig Platz: Die Pakete brauchen %1, und ein Teil des freien Platzes muss frei bleiben.</translation>
+    </message>
+    <message>
+        <source>Disk is full</source>
+        <translation>Der Datenträger ist voll</translation>
+    </message>
+    <message>
+        <source>There is too little room on the disk of the repository for a copy of its database, which is kept as long as a job changes it, and there is none on another disk. The copy can be kept in memory: the repository may be damaged if the power fails or the system is shut down before the job ends. Do you want to go on?</source>
+        <translation>Auf dem Datenträger des Repositorys ist zu wenig Platz für eine Kopie seiner Datenbank, die aufbewahrt wird, solange ein Vorgang sie ändert, und auf einem anderen ist auch keiner. Die Kopie kann im Arbeitsspeicher liegen: Fällt der Strom aus oder wird das System heruntergefahren, bevor der Vorgang endet, kann das Repository beschädigt werden. Möchten Sie fortfahren?</translation>
+    </message>
+    <message>
+        <source>The indices of the repository %1 are not up to date. It belongs to another user. Do you want to write them now?</source>
+        <translation>Die Indexdateien des Repositorys %1 sind nicht aktuell. Es gehört einem anderen Benutzer. Möchten Sie sie jetzt schreiben?</translation>
+    </message>
+    <message>
+        <source>The indices of the repository could not be brought up to date. The packages shown may not be all that it holds.</source>
+        <translation>Die Indexdateien des Repositorys konnten nicht aktualisiert werden. Möglicherweise enthält es mehr Pakete, als angezeigt werden.</translation>
+    </message>
+    <message>
+        <source>An earlier job was interrupted. Its copy of the database lay on another disk, and is not there or belongs to another user. Look whether all packages are there.</source>
+        <translation>Ein früherer Vorgang wurde unterbrochen. Seine Kopie der Datenbank lag auf einem anderen Datenträger und ist nicht da oder gehört einem anderen Benutzer. Sehen Sie nach, ob alle Pakete da sind.</translation>
+    </message>
+    <message>
+        <source>Writing the indices of the repository</source>
+        <translation>Indexdateien des Repositorys werden geschrieben</translation>
+    </message>
+    <message>
+        <source>Choose another component when you add the package, or change the repository.</source>
+        <translation>Wählen Sie beim Hinzufügen eine andere Komponente, oder ändern Sie das Repository.</translation>
+    </message>
+    <message>
+        <source>The package is for the component %1, and the repository has these: %2.</source>
+        <translation>Das Paket ist für die Komponente %1, und das Repository hat diese: %2.</translation>
+    </message>
+    <message>
+        <source>The component %1 of the repository takes no packages for the installer (.udeb).</source>
+        <translation>Die Komponente %1 des Repositorys nimmt keine Pakete für das Installationsprogramm (.udeb) auf.</translation>
+    </message>
+    <message>
+        <source>The packages were carried over to the code name %1.</source>
+        <translation>Die Pakete wurden auf den Codenamen %1 übertragen.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) deleted: %1</source>
+        <translation>
+            <numerusform>%n Paket gelöscht: %1</numerusform>
+            <numerusform>%n Pakete gelöscht: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) did not arrive under the new code name.</source>
+        <translation>
+            <numerusform>%n Paket ist nicht unter dem neuen Codenamen angekommen.</numerusform>
+            <numerusform>%n Pakete sind nicht unter dem neuen Codenamen angekommen.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) added</source>
+        <translation>
+            <numerusform>%n Paket hinzugefügt</numerusform>
+            <numerusform>%n Pakete hinzugefügt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) replaced</source>
+        <translation>
+            <numerusform>%n Paket ersetzt</numerusform>
+            <numerusform>%n Pakete ersetzt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) removed</source>
+        <translation>
+            <numerusform>%n Paket entfernt</numerusform>
+            <numerusform>%n Pakete entfernt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Another program has changed the repository: %1</source>
+        <translation>Ein anderes Programm hat das Repository geändert: %1</translation>
+    </message>
+    <message>
+        <source>The copy differs from the original.</source>
+        <translation>Die Kopie weicht vom Original ab.</translation>
     </message>
 </context>
 <context>

@@ -12,6 +12,23 @@
     </message>
 </context>
 <context>
+    <name>NewRepoDialog</name>
+    <message numerus="yes">
+        <source>All %n package(s) will be deleted: %1</source>
+        <translation>
+            <numerusform>The one package will be deleted: %1</numerusform>
+            <numerusform>All %n packages will be deleted: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) will be deleted: %1</source>
+        <translation>
+            <numerusform>%n package will be deleted: %1</numerusform>
+            <numerusform>%n packages will be deleted: %1</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PackageCommands</name>
     <message numerus="yes">
         <source>Do you want to add %n package(s)?</source>
@@ -159,6 +176,48 @@
         <translation>
             <numerusform>... and %n more</numerusform>
             <numerusform>... and %n more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n dependency(ies) of the exported packages are not in the archive %1. The file %2 in it lists them all.</source>
+        <translation>
+            <numerusform>%n dependency of the exported packages is not in the archive %1. The file %2 in it lists it.</numerusform>
+            <numerusform>%n dependencies of the exported packages are not in the archive %1. The file %2 in it lists them all.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) deleted: %1</source>
+        <translation>
+            <numerusform>%n package deleted: %1</numerusform>
+            <numerusform>%n packages deleted: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) did not arrive under the new code name.</source>
+        <translation>
+            <numerusform>%n package did not arrive under the new code name.</numerusform>
+            <numerusform>%n packages did not arrive under the new code name.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) added</source>
+        <translation>
+            <numerusform>%n package added</numerusform>
+            <numerusform>%n packages added</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) replaced</source>
+        <translation>
+            <numerusform>%n package replaced</numerusform>
+            <numerusform>%n packages replaced</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) removed</source>
+        <translation>
+            <numerusform>%n package removed</numerusform>
+            <numerusform>%n packages removed</numerusform>
         </translation>
     </message>
 </context>

@@ -1218,6 +1218,30 @@ One or more values</source>
         <source>The directory %1 cannot be replaced, because it holds these repositories: %2</source>
         <translation>Каталог %1 нельзя заменить, потому что в нём находятся эти репозитории: %2</translation>
     </message>
+    <message>
+        <source>No package will be deleted.</source>
+        <translation>Пакеты удалены не будут.</translation>
+    </message>
+    <message numerus="yes">
+        <source>All %n package(s) will be deleted: %1</source>
+        <translation>
+            <numerusform>Все пакеты (%n) будут удалены: %1</numerusform>
+            <numerusform>Все пакеты (%n) будут удалены: %1</numerusform>
+            <numerusform>Все пакеты (%n) будут удалены: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) will be deleted: %1</source>
+        <translation>
+            <numerusform>Будет удалён %n пакет: %1</numerusform>
+            <numerusform>Будут удалены %n пакета: %1</numerusform>
+            <numerusform>Будут удалены %n пакетов: %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>&amp;Carry the packages over to the new code name</source>
+        <translation>&amp;Перенести пакеты на новое кодовое имя</translation>
+    </message>
 </context>
 <context>
     <name>OrphanedLines</name>
@@ -1384,6 +1408,10 @@ One or more values</source>
         <source>The file is empty.</source>
         <translation>Файл пуст.</translation>
     </message>
+    <message>
+        <source>The file is damaged: what it contains cannot be unpacked.</source>
+        <translation>Файл повреждён: его содержимое не распаковывается.</translation>
+    </message>
 </context>
 <context>
     <name>PackageItem</name>
@@ -1486,6 +1514,18 @@ One or more values</source>
         <source>Always give preference to packages already present in the repository</source>
         <translation>Всегда отдавать предпочтение пакетам, уже имеющимся в репозитории</translation>
     </message>
+    <message>
+        <source>Stop</source>
+        <translation>Остановить</translation>
+    </message>
+    <message>
+        <source>Keep this package and add no more</source>
+        <translation>Оставить этот пакет и больше ничего не добавлять</translation>
+    </message>
+    <message>
+        <source>It is one file for several architectures, so the answer is for all of them: %1</source>
+        <translation>Это один файл для нескольких архитектур, поэтому ответ относится ко всем: %1</translation>
+    </message>
 </context>
 <context>
     <name>PackageStatusLine</name>
@@ -1561,6 +1601,14 @@ One or more values</source>
         <source>Another repo already published</source>
         <translation>Другой репозиторий уже опубликован</translation>
     </message>
+    <message>
+        <source>The repository is not unpublished!</source>
+        <translation>Репозиторий не снят с публикации!</translation>
+    </message>
+    <message>
+        <source>The file /etc/vsftpd.conf was written by somebody else, or lets other users in, too. The FTP server may serve more than the repository and is not stopped. The administrator can stop it: systemctl disable --now vsftpd</source>
+        <translation>Файл /etc/vsftpd.conf создан кем-то другим или допускает и других пользователей. FTP-сервер, возможно, отдаёт не только репозиторий и поэтому не остановлен. Администратор может остановить его: systemctl disable --now vsftpd</translation>
+    </message>
 </context>
 <context>
     <name>PublicationPanel</name>
@@ -1626,6 +1674,10 @@ One or more values</source>
     <message>
         <source>Another program uses the port %1</source>
         <translation>Порт %1 занят другой программой</translation>
+    </message>
+    <message>
+        <source>What lies below /tmp or /var/tmp cannot be published: services have these folders for themselves. Move the repository to another place.</source>
+        <translation>То, что лежит в /tmp или /var/tmp, нельзя опубликовать: у служб там собственные папки. Переместите репозиторий в другое место.</translation>
     </message>
 </context>
 <context>
@@ -1726,10 +1778,6 @@ One or more values</source>
         <translation>Репозиторий опубликован.</translation>
     </message>
     <message>
-        <source>The service did not start, or ended at once. &quot;systemctl status %1&quot; tells more.</source>
-        <translation>Служба не запустилась или сразу завершилась. Подробности покажет «systemctl status %1».</translation>
-    </message>
-    <message>
         <source>The end of the server&apos;s log %1:</source>
         <translation>Конец журнала сервера %1:</translation>
     </message>
@@ -1760,6 +1808,14 @@ One or more values</source>
     <message>
         <source>The service %1 could not be stopped. &quot;systemctl status %1&quot; tells more.</source>
         <translation>Не удалось остановить службу %1. Подробности покажет «systemctl status %1».</translation>
+    </message>
+    <message>
+        <source>The service did not start, or ended at once. The administrator finds the reason in the system&apos;s journal: journalctl -u %1 -u velt-admin-repo-helper</source>
+        <translation>Служба не запустилась или сразу завершилась. Администратор найдёт причину в журнале системы: journalctl -u %1 -u velt-admin-repo-helper</translation>
+    </message>
+    <message>
+        <source>The system refused. The administrator finds the reason in its journal: journalctl -u velt-admin-repo-helper</source>
+        <translation>Система отказала. Администратор найдёт причину в её журнале: journalctl -u velt-admin-repo-helper</translation>
     </message>
 </context>
 <context>
@@ -2473,10 +2529,6 @@ The file with them is kept as %2.</source>
         <translation>Репозиторий не изменился</translation>
     </message>
     <message>
-        <source>Another program has changed the repository: %1 package(s) added, %2 replaced, %3 removed</source>
-        <translation>Другая программа изменила репозиторий. Пакеты: добавлено %1, заменено %2, удалено %3</translation>
-    </message>
-    <message>
         <source>The repository %1 cannot be opened.</source>
         <translation>Не удалось открыть репозиторий %1.</translation>
     </message>
@@ -2539,6 +2591,134 @@ The file with them is kept as %2.</source>
     <message>
         <source>%1 cannot be read, and may name any program</source>
         <translation>%1 недоступен для чтения и может называть любую программу</translation>
+    </message>
+    <message>
+        <source>What packages in this archive depend on and no package in it is or provides, with the packages that need it:</source>
+        <translation>От чего зависят пакеты в этом архиве и чем не является и чего не предоставляет ни один пакет в нём, с пакетами, которым это нужно:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n dependency(ies) of the exported packages are not in the archive %1. The file %2 in it lists them all.</source>
+        <translation>
+            <numerusform>%n зависимости экспортированных пакетов нет в архиве %1. Она названа в файле %2 внутри архива.</numerusform>
+            <numerusform>%n зависимостей экспортированных пакетов нет в архиве %1. Все они названы в файле %2 внутри архива.</numerusform>
+            <numerusform>%n зависимостей экспортированных пакетов нет в архиве %1. Все они названы в файле %2 внутри архива.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No temporary folder could be made for the settings of reprepro.</source>
+        <translation>Не удалось создать временную папку для настроек reprepro.</translation>
+    </message>
+    <message>
+        <source>There is too little room on the disk of the repository for a copy of its database, so nothing was changed. At least %1 must be free, and %2 are.</source>
+        <translation>На диске репозитория слишком мало места для копии его базы данных, поэтому ничего не изменено. Должно быть свободно не меньше %1, а свободно %2.</translation>
+    </message>
+    <message>
+        <source>Packages can be removed all the same.</source>
+        <translation>Удалять пакеты всё же можно.</translation>
+    </message>
+    <message>
+        <source>No packages are to be read in %1. It holds none, is damaged, or has a link to a file that it lacks.</source>
+        <translation>В %1 не прочитать ни одного пакета. Архив не содержит их, повреждён, или в нём есть ссылка на файл, которого в нём нет.</translation>
+    </message>
+    <message>
+        <source>Not added: %1. The archive has only a link or a folder of this name, and no file.</source>
+        <translation>Не добавлен: %1. В архиве под этим именем есть только ссылка или папка, но не файл.</translation>
+    </message>
+    <message>
+        <source>%1: %2 free</source>
+        <translation>%1: свободно %2</translation>
+    </message>
+    <message>
+        <source>There is too little room to unpack it: its packages need %1, and a part of what is free has to stay so.</source>
+        <translation>Для распаковки слишком мало места: пакетам нужно %1, а часть свободного места должна остаться свободной.</translation>
+    </message>
+    <message>
+        <source>Disk is full</source>
+        <translation>Диск заполнен</translation>
+    </message>
+    <message>
+        <source>There is too little room on the disk of the repository for a copy of its database, which is kept as long as a job changes it, and there is none on another disk. The copy can be kept in memory: the repository may be damaged if the power fails or the system is shut down before the job ends. Do you want to go on?</source>
+        <translation>На диске репозитория слишком мало места для копии его базы данных, которая хранится, пока операция её изменяет, и на других дисках места тоже нет. Копию можно держать в оперативной памяти: если до конца операции отключится питание или завершит работу система, репозиторий может быть повреждён. Продолжить?</translation>
+    </message>
+    <message>
+        <source>The indices of the repository %1 are not up to date. It belongs to another user. Do you want to write them now?</source>
+        <translation>Индексы репозитория %1 устарели. Он принадлежит другому пользователю. Записать их сейчас?</translation>
+    </message>
+    <message>
+        <source>The indices of the repository could not be brought up to date. The packages shown may not be all that it holds.</source>
+        <translation>Не удалось обновить индексы репозитория. Возможно, показаны не все его пакеты.</translation>
+    </message>
+    <message>
+        <source>An earlier job was interrupted. Its copy of the database lay on another disk, and is not there or belongs to another user. Look whether all packages are there.</source>
+        <translation>Предыдущая операция была прервана. Её копия базы данных лежала на другом диске, и её там нет, или она принадлежит другому пользователю. Проверьте, все ли пакеты на месте.</translation>
+    </message>
+    <message>
+        <source>Writing the indices of the repository</source>
+        <translation>Запись индексов репозитория</translation>
+    </message>
+    <message>
+        <source>Choose another component when you add the package, or change the repository.</source>
+        <translation>Выберите при добавлении другой компонент или измените репозиторий.</translation>
+    </message>
+    <message>
+        <source>The package is for the component %1, and the repository has these: %2.</source>
+        <translation>Пакет предназначен для компонента %1, а в репозитории есть только: %2.</translation>
+    </message>
+    <message>
+        <source>The component %1 of the repository takes no packages for the installer (.udeb).</source>
+        <translation>Компонент %1 репозитория не принимает пакеты для программы установки (.udeb).</translation>
+    </message>
+    <message>
+        <source>The packages were carried over to the code name %1.</source>
+        <translation>Пакеты перенесены на кодовое имя %1.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) deleted: %1</source>
+        <translation>
+            <numerusform>Удалён %n пакет: %1</numerusform>
+            <numerusform>Удалены %n пакета: %1</numerusform>
+            <numerusform>Удалены %n пакетов: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) did not arrive under the new code name.</source>
+        <translation>
+            <numerusform>%n пакет не перенесён на новое кодовое имя.</numerusform>
+            <numerusform>%n пакета не перенесены на новое кодовое имя.</numerusform>
+            <numerusform>%n пакетов не перенесены на новое кодовое имя.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) added</source>
+        <translation>
+            <numerusform>%n пакет добавлен</numerusform>
+            <numerusform>%n пакета добавлено</numerusform>
+            <numerusform>%n пакетов добавлено</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) replaced</source>
+        <translation>
+            <numerusform>%n пакет заменён</numerusform>
+            <numerusform>%n пакета заменено</numerusform>
+            <numerusform>%n пакетов заменено</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) removed</source>
+        <translation>
+            <numerusform>%n пакет удалён</numerusform>
+            <numerusform>%n пакета удалено</numerusform>
+            <numerusform>%n пакетов удалено</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Another program has changed the repository: %1</source>
+        <translation>Другая программа изменила репозиторий: %1</translation>
+    </message>
+    <message>
+        <source>The copy differs from the original.</source>
+        <translation>Копия отличается от оригинала.</translation>
     </message>
 </context>
 <context>
