@@ -1224,8 +1224,8 @@ Ein oder mehrere Werte</translation>
     <message numerus="yes">
         <source>All %n package(s) will be deleted: %1</source>
         <translation>
-            <numerusform>Das eine Paket wird gelöscht: %1</numerusform>
-            <numerusform>Alle %n Pakete werden gelöscht: %1</numerusform>
+            <numerusform>Alle Pakete (%n) werden gelöscht: %1</numerusform>
+            <numerusform>Alle Pakete (%n) werden gelöscht: %1</numerusform>
         </translation>
     </message>
     <message numerus="yes">

@@ -16,8 +16,8 @@
     <message numerus="yes">
         <source>All %n package(s) will be deleted: %1</source>
         <translation>
-            <numerusform>The one package will be deleted: %1</numerusform>
-            <numerusform>All %n packages will be deleted: %1</numerusform>
+            <numerusform>All packages (%n) will be deleted: %1</numerusform>
+            <numerusform>All packages (%n) will be deleted: %1</numerusform>
         </translation>
     </message>
     <message numerus="yes">
