@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Checking the dependencies of 1,000 packages against themselves and apt's sources, beside a complete solver on the same
 // files; the solver's time for all of the main index within itself, which bench_opening.cpp has checked in a tab.
+#include "apt/aptcandidates.h"
 #include "benchdata.h"
 #include "core/processutils.h"
 #include "core/settingskeys.h"
-#include "depends/aptcandidates.h"
 #include "depends/dependscheck.h"
 #include "depends/dependsreport.h"
 #include "depends/localcandidates.h"
-#include "engine/packagesfile.h"
+#include "engine/repository/packagesfile.h"
 
 #include <QFile>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reading an index of 63,000 records: a bare pass over its lines against what the engine does.
 #include "benchdata.h"
-#include "engine/packagelisting.h"
-#include "engine/packagesfile.h"
+#include "engine/repository/packagelisting.h"
+#include "engine/repository/packagesfile.h"
 
 #include <QFile>
 

@@ -8,7 +8,7 @@
 #include "core/settingskeys.h"
 #include "enginejob.h"
 #include "stallmeter.h"
-#include "ui/repowidget.h"
+#include "ui/tab/repowidget.h"
 
 #include <QApplication>
 #include <QDir>

@@ -5,7 +5,7 @@
 #include "benchdata.h"
 #include "enginejob.h"
 #include "stallmeter.h"
-#include "ui/repowidget.h"
+#include "ui/tab/repowidget.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

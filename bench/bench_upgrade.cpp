@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Finding newer versions for 1,000 packages in a source of Debian's size, beside apt and dpkg as a script would run them.
+#include "apt/aptutils.h"
+#include "apt/privateapt.h"
 #include "benchdata.h"
-#include "depends/aptutils.h"
-#include "depends/privateapt.h"
-#include "engine/packagesfile.h"
-#include "engine/upgraderules.h"
+#include "engine/jobs/upgraderules.h"
+#include "engine/repository/packagesfile.h"
 #include "enginejob.h"
 
 #include <QDir>

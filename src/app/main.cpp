@@ -2,13 +2,13 @@
 #include "app/commandline.h"
 #include "app/signalwatcher.h"
 #include "app/singleinstance.h"
-#include "core/saveleftovers.h"
-#include "core/scratchfolder.h"
 #include "depends/dependsdata.h"
-#include "engine/archiveutils.h"
+#include "engine/archive/archiveutils.h"
+#include "files/saveleftovers.h"
+#include "files/scratchfolder.h"
 #include "platform/desktopintegration.h"
-#include "ui/iconstyle.h"
-#include "ui/mainwindow.h"
+#include "ui/widgets/iconstyle.h"
+#include "ui/window/mainwindow.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependscollection.h"
 
+#include "apt/versionorder.h"
 #include "core/settingskeys.h"
 #include "depends/dependscheck.h"
-#include "depends/versionorder.h"
 
 #include <QSet>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsdata.h"
 
-#include "core/regularfile.h"
+#include "files/regularfile.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsoffers.h"
 
+#include "apt/versionorder.h"
 #include "depends/dependsrules.h"
-#include "depends/versionorder.h"
 
 #include <algorithm>
 #include <optional>

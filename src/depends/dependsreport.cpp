@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsreport.h"
 
+#include "apt/aptutils.h"
 #include "core/settingskeys.h"
-#include "depends/aptutils.h"
 #include "depends/dependsparser.h"
 
 #include <QHash>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsrules.h"
 
-#include "depends/versionorder.h"
+#include "apt/versionorder.h"
 
 #include <algorithm>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "depends/candidatesource.h"
+#include "apt/candidatesource.h"
 
 /** What the answers of the sources mean for a dependency, an entry and a package. */
 namespace DependsRules

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "depends/candidatesource.h"
+#include "apt/candidatesource.h"
 
 #include <QCoreApplication>
 #include <QMultiHash>

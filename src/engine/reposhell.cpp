@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reposhell.h"
 
-#include "core/scratchfolder.h"
 #include "depends/dependsdata.h"
-#include "engine/jobcontext.h"
-#include "engine/upgradesources.h"
-#include "server/helperclient.h"
+#include "engine/changes/jobcontext.h"
+#include "engine/jobs/upgradesources.h"
+#include "files/scratchfolder.h"
+#include "publication/helperclient.h"
 #include "server/reposervers.h"
 
 #include <QMutexLocker>

@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "apt/externalrepos.h"
 #include "core/packageinfo.h"
 #include "core/repoenums.h"
 #include "core/repoinfo.h"
 #include "core/settingskeys.h"
-#include "depends/externalrepos.h"
-#include "engine/addoptions.h"
-#include "engine/jobsignals.h"
-#include "engine/newcomer.h"
-#include "engine/upgraderules.h"
+#include "engine/changes/addoptions.h"
+#include "engine/changes/jobsignals.h"
+#include "engine/changes/newcomer.h"
+#include "engine/jobs/upgraderules.h"
 #include "server/reposerver.h"
 
 #include <QFuture>

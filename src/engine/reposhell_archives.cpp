@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Export to archives, import from archives and folders.
-#include "core/scratchfolder.h"
-#include "engine/exportjob.h"
-#include "engine/importjob.h"
-#include "engine/jobcontext.h"
+#include "engine/changes/jobcontext.h"
+#include "engine/jobs/exportjob.h"
+#include "engine/jobs/importjob.h"
 #include "engine/reposhell.h"
+#include "files/scratchfolder.h"
 
 #include <QDir>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The dependency check, and its stored results: who asks for what, and on which thread it happens.
 #include "depends/dependsdata.h"
-#include "engine/checkjob.h"
-#include "engine/jobcontext.h"
+#include "engine/changes/checkjob.h"
+#include "engine/changes/jobcontext.h"
 #include "engine/reposhell.h"
 
 #include <QtConcurrent>

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Adding, fetching, removing and signing packages.
-#include "engine/addjob.h"
-#include "engine/downloadjob.h"
-#include "engine/jobcontext.h"
-#include "engine/removejob.h"
+#include "engine/changes/jobcontext.h"
+#include "engine/jobs/addjob.h"
+#include "engine/jobs/downloadjob.h"
+#include "engine/jobs/removejob.h"
+#include "engine/jobs/signjob.h"
 #include "engine/reposhell.h"
-#include "engine/signjob.h"
 
 void RepoShell::addPackages(const QStringList &files, const AddOptions &options)
 {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reposhell.h"
-#include "server/helperclient.h"
+#include "publication/helperclient.h"
 #include "server/localsources.h"
 #include "server/reposervers.h"
 #include "server/sourceline.h"

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Upgrading the repository's packages from chosen sources.
-#include "engine/prepareupgradejob.h"
+#include "engine/jobs/prepareupgradejob.h"
+#include "engine/jobs/upgradejob.h"
+#include "engine/jobs/upgradesources.h"
 #include "engine/reposhell.h"
-#include "engine/upgradejob.h"
-#include "engine/upgradesources.h"
 
 QVector<UpgradablePackage> RepoShell::upgradablePackages() const
 {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "platform/sdbus.h"
+#include "service/sdbus.h"
 
 #include <QObject>
 #include <QSocketNotifier>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktopintegration.h"
 
-#include "core/settingsformat.h"
+#include "files/settingsformat.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>

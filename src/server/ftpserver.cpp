@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "server/ftpserver.h"
 
-#include "platform/systemdservice.h"
 #include "server/portrange.h"
 #include "server/publicationpath.h"
 #include "server/vsftpdconfig.h"
+#include "service/systemdservice.h"
 
 #include <QLoggingCategory>
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "server/httpserver.h"
 
-#include "platform/systemdservice.h"
 #include "server/portrange.h"
 #include "server/publicationpath.h"
 #include "server/publicationunit.h"
+#include "service/systemdservice.h"
 
 #include <QCoreApplication>
 #include <QDir>

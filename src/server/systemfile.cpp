@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "server/systemfile.h"
 
-#include "core/descriptor.h"
+#include "files/descriptor.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -2,7 +2,7 @@
 #include "signing/repositorykey.h"
 
 #include "core/aside.h"
-#include "core/wholefile.h"
+#include "files/wholefile.h"
 #include "signing/gpgrun.h"
 #include "signing/keylisting.h"
 #include "signing/signprocess.h"

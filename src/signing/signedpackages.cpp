@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/signedpackages.h"
 
-#include "core/regularfile.h"
-#include "core/settingsformat.h"
+#include "files/regularfile.h"
+#include "files/settingsformat.h"
 
 #include <QFileInfo>
 #include <QSettings>

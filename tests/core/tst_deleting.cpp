@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/regularfile.h"
-#include "core/removetree.h"
-#include "core/trustedpath.h"
+#include "files/regularfile.h"
+#include "files/removetree.h"
+#include "files/trustedpath.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "core/settingsformat.h"
-#include "core/wholefile.h"
+#include "files/settingsformat.h"
+#include "files/wholefile.h"
 #include "support/fulldisk.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"

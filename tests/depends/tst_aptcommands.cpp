@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "depends/aptcommands.h"
-#include "depends/aptutils.h"
-#include "depends/dpkgutils.h"
+#include "apt/aptcommands.h"
+#include "apt/aptutils.h"
+#include "apt/dpkgutils.h"
 #include "support/literals.h"
 #include "support/scopedvariable.h"
 #include "support/testenvironment.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "depends/aptoutput.h"
-#include "depends/dpkgoutput.h"
+#include "apt/aptoutput.h"
+#include "apt/dpkgoutput.h"
 #include "support/lists.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "depends/aptoutput.h"
-#include "depends/externalrepos.h"
+#include "apt/aptoutput.h"
+#include "apt/externalrepos.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "depends/aptfetch.h"
-#include "depends/privateapt.h"
-#include "depends/sourceoptions.h"
+#include "apt/aptfetch.h"
+#include "apt/privateapt.h"
+#include "apt/sourceoptions.h"
 #include "support/lists.h"
 #include "support/literals.h"
 #include "support/scopedvariable.h"

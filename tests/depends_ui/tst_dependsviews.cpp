@@ -1,9 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "depends/addpackagedialog.h"
-#include "depends/delayedlineedit.h"
-#include "depends/dependsmodel.h"
-#include "depends/dependsproxymodel.h"
-#include "depends/packagesearcher.h"
 #include "support/children.h"
 #include "support/debbuilder.h"
 #include "support/lists.h"
@@ -11,6 +6,11 @@
 #include "support/localapt.h"
 #include "support/scopedvariable.h"
 #include "support/testenvironment.h"
+#include "ui/depends/dependsmodel.h"
+#include "ui/depends/dependsproxymodel.h"
+#include "ui/search/addpackagedialog.h"
+#include "ui/search/packagesearcher.h"
+#include "ui/widgets/delayedlineedit.h"
 
 #include <QAbstractItemModelTester>
 #include <QtTest>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "e2e/windowtest.h"
 #include "support/localapt.h"
-#include "ui/newrepodialog.h"
-#include "ui/upgradepackagesdialog.h"
-#include "ui/upgradesourcesdialog.h"
+#include "ui/dialogs/newrepodialog.h"
+#include "ui/dialogs/upgradepackagesdialog.h"
+#include "ui/sources/upgradesourcesdialog.h"
 
 /** Export, import and upgrade through the window, with real repositories, archives and a real apt. */
 class TestArchiveJob : public WindowTest

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "depends/addpackagedialog.h"
-#include "depends/dependsmodel.h"
 #include "e2e/windowtest.h"
 #include "support/localapt.h"
-#include "ui/packagestatusline.h"
+#include "ui/depends/dependsmodel.h"
+#include "ui/packages/packagestatusline.h"
+#include "ui/search/addpackagedialog.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>

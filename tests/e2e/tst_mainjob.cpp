@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "e2e/windowtest.h"
-#include "ui/addpkgsettingsdialog.h"
-#include "ui/foreignchanges.h"
-#include "ui/newrepodialog.h"
-#include "ui/packagereplacementdialog.h"
+#include "ui/dialogs/addpkgsettingsdialog.h"
+#include "ui/dialogs/newrepodialog.h"
+#include "ui/dialogs/packagereplacementdialog.h"
+#include "ui/tab/foreignchanges.h"
 
 #include <QtConcurrent>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "e2e/windowtest.h"
 #include "support/testkeys.h"
-#include "ui/newrepodialog.h"
-#include "ui/parametersdialog.h"
+#include "ui/dialogs/newrepodialog.h"
+#include "ui/dialogs/parametersdialog.h"
 
 /** Signing packages and a repository through the window, with real keys. */
 class TestSigningJob : public WindowTest

@@ -3,10 +3,10 @@
 
 #include "engine/reposhell.h"
 #include "support/children.h"
-#include "ui/elidedlabel.h"
-#include "ui/mainwindow.h"
 #include "ui/packagetesting.h"
-#include "ui/repowidget.h"
+#include "ui/tab/repowidget.h"
+#include "ui/widgets/elidedlabel.h"
+#include "ui/window/mainwindow.h"
 
 #include <QAbstractButton>
 #include <QAction>

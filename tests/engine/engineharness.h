@@ -2,9 +2,9 @@
 #pragma once
 
 #include "core/processutils.h"
-#include "engine/exportsession.h"
-#include "engine/packagelisting.h"
+#include "engine/changes/exportsession.h"
 #include "engine/reposhell.h"
+#include "engine/repository/packagelisting.h"
 #include "support/debbuilder.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"

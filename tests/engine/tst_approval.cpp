@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/configuredprograms.h"
-#include "engine/repositoryapprovals.h"
-#include "engine/repositoryinspection.h"
+#include "engine/repository/configuredprograms.h"
+#include "engine/repository/repositoryapprovals.h"
+#include "engine/repository/repositoryinspection.h"
 #include "engineharness.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/archiveutils.h"
-#include "engine/archivewriter.h"
+#include "engine/archive/archiveutils.h"
+#include "engine/archive/archivewriter.h"
 #include "engineharness.h"
 #include "support/fulldisk.h"
 #include "support/localapt.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/distributionsfile.h"
-#include "engine/joblock.h"
-#include "engine/packagesfile.h"
-#include "engine/poolfiles.h"
+#include "engine/repository/distributionsfile.h"
+#include "engine/repository/packagesfile.h"
+#include "engine/reprepro/joblock.h"
+#include "engine/reprepro/poolfiles.h"
 #include "engineharness.h"
 #include "signing/signedpackages.h"
 #include "support/scopedvariable.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/packageextractor.h"
+#include "engine/archive/packageextractor.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/packagelisting.h"
-#include "engine/packagesfile.h"
+#include "engine/repository/packagelisting.h"
+#include "engine/repository/packagesfile.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 

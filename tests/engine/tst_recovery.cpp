@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/repreproanswers.h"
+#include "engine/reprepro/repreproanswers.h"
 #include "engineharness.h"
 #include "support/scopedvariable.h"
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/databasecopy.h"
-#include "engine/repolock.h"
+#include "engine/reprepro/databasecopy.h"
+#include "engine/reprepro/repolock.h"
 #include "engineharness.h"
 #include "support/scopedvariable.h"
 

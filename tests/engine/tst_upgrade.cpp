@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "depends/privateapt.h"
+#include "apt/privateapt.h"
 #include "engineharness.h"
 #include "support/scopedvariable.h"
 #include "support/testkeys.h"

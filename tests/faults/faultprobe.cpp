@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the tests of faults kill: carries out one job of the engine on a repository, or saves settings for ever. It
 // prints "begun" when the job begins, and "done" when it has ended.
-#include "core/settingsformat.h"
 #include "engine/reposhell.h"
+#include "files/settingsformat.h"
 #include "savedstate.h"
 #include "support/fulldisk.h"
 #include "support/testapplication.h"

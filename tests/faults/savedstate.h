@@ -3,10 +3,10 @@
 
 #include "core/packageinfo.h"
 #include "depends/dependsdata.h"
-#include "server/publicationsettings.h"
+#include "publication/publicationsettings.h"
 #include "support/literals.h"
-#include "ui/userchoices.h"
-#include "ui/windowstate.h"
+#include "ui/widgets/userchoices.h"
+#include "ui/window/windowstate.h"
 
 #include <QSettings>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "depends/aptcommands.h"
-#include "depends/aptoutput.h"
-#include "depends/aptpolicy.h"
+#include "apt/aptcommands.h"
+#include "apt/aptoutput.h"
+#include "apt/aptpolicy.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 

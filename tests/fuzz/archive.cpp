@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/archivecontents.h"
-#include "engine/packageextractor.h"
-#include "engine/tarheader.h"
+#include "engine/archive/archivecontents.h"
+#include "engine/archive/packageextractor.h"
+#include "engine/archive/tarheader.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 

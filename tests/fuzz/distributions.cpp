@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/distributions.h"
+#include "engine/repository/distributions.h"
 
-#include "engine/privateconfig.h"
-#include "engine/systemrelease.h"
+#include "engine/repository/systemrelease.h"
+#include "engine/reprepro/privateconfig.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "depends/externalrepos.h"
+#include "apt/externalrepos.h"
 
-#include "depends/sourceoptions.h"
+#include "apt/sourceoptions.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 

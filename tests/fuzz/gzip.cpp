@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/gzipdevice.h"
+#include "engine/archive/gzipdevice.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 

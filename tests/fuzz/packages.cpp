@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/packagefields.h"
-#include "engine/packagelisting.h"
-#include "engine/packagesfile.h"
+#include "engine/repository/packagelisting.h"
+#include "engine/repository/packagesfile.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 

@@ -2,7 +2,7 @@
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 #include "helper/requestrules.h"
-#include "server/listedsources.h"
+#include "publication/listedsources.h"
 #include "server/listeningports.h"
 #include "server/localsources.h"
 #include "server/publicationpath.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/repreproanswers.h"
-#include "engine/repreprocommands.h"
+#include "engine/reprepro/repreproanswers.h"
+#include "engine/reprepro/repreprocommands.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 #include "support/literals.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
+#include "publication/publicationaddresses.h"
 #include "server/localsources.h"
-#include "server/publicationaddresses.h"
 #include "server/sourceline.h"
 
 #include <QStringList>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "depends/versionorder.h"
+#include "apt/versionorder.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktopintegration.h"
-#include "platform/help.h"
-#include "platform/helpwindow.h"
+#include "platform/ui/help.h"
+#include "platform/ui/helpwindow.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 

@@ -2,7 +2,7 @@
 #include "platform/desktopintegration.h"
 #include "platform/desktopnotification.h"
 #include "platform/packagemanager.h"
-#include "platform/windowgeometry.h"
+#include "platform/ui/windowgeometry.h"
 #include "support/lists.h"
 #include "support/literals.h"
 #include "support/privatebus.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "publication/localsourceswatch.h"
+#include "publication/publicationmonitor.h"
 #include "server/listeningports.h"
-#include "server/localsourceswatch.h"
-#include "server/publicationmonitor.h"
 #include "server/publicationrules.h"
 #include "server/reposervers.h"
 #include "support/literals.h"

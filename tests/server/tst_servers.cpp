@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/systemdservice.h"
 #include "server/httpserver.h"
 #include "server/publicationpath.h"
 #include "server/publicationunit.h"
 #include "server/systemfile.h"
+#include "service/systemdservice.h"
 #include "support/literals.h"
 #include "support/privatebus.h"
 #include "support/testenvironment.h"

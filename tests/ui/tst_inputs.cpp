@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engine/joblock.h"
+#include "engine/reprepro/joblock.h"
 #include "support/lists.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
-#include "ui/checkcombobox.h"
-#include "ui/newreporules.h"
-#include "ui/repositoryremoval.h"
-#include "ui/repotabs.h"
-#include "ui/singlespacevalidator.h"
-#include "ui/userchoices.h"
+#include "ui/commands/repositoryremoval.h"
+#include "ui/dialogs/newreporules.h"
+#include "ui/tab/repotabs.h"
+#include "ui/widgets/checkcombobox.h"
+#include "ui/widgets/singlespacevalidator.h"
+#include "ui/widgets/userchoices.h"
 
 #include <QtTest>
 #include <QtWidgets>

@@ -2,7 +2,7 @@
 #include "engine/reposhell.h"
 #include "packagetesting.h"
 #include "support/testenvironment.h"
-#include "ui/packagefeed.h"
+#include "ui/packages/packagefeed.h"
 
 #include <QtTest>
 

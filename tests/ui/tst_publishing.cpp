@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "e2e/windowdriver.h"
 #include "platform/desktopintegration.h"
+#include "publication/publicationmonitor.h"
+#include "publication/publicationsettings.h"
+#include "publication/veltadminrepointerface.h"
 #include "server/httpserver.h"
-#include "server/publicationmonitor.h"
 #include "server/publicationpath.h"
-#include "server/publicationsettings.h"
-#include "server/veltadminrepointerface.h"
 #include "support/lists.h"
 #include "support/privatebus.h"
 #include "support/testenvironment.h"
-#include "ui/prompts.h"
-#include "ui/publicationpanel.h"
-#include "ui/publishedreposdialog.h"
+#include "ui/dialogs/prompts.h"
+#include "ui/dialogs/publishedreposdialog.h"
+#include "ui/tab/publicationpanel.h"
 
 #include <QTextDocumentFragment>
 #include <QtDBus>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "packagetesting.h"
 #include "support/testenvironment.h"
-#include "ui/repomodel.h"
-#include "ui/repoproxymodel.h"
+#include "ui/packages/repomodel.h"
+#include "ui/packages/repoproxymodel.h"
 
 #include <QAbstractItemModelTester>
 #include <QtTest>

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "packagetesting.h"
 #include "support/testenvironment.h"
-#include "ui/packagedrop.h"
-#include "ui/repomodel.h"
-#include "ui/repoproxymodel.h"
-#include "ui/repotreeview.h"
+#include "ui/packages/packagedrop.h"
+#include "ui/packages/repomodel.h"
+#include "ui/packages/repoproxymodel.h"
+#include "ui/packages/repotreeview.h"
 
 #include <QtTest>
 #include <QtWidgets>

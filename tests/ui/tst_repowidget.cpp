@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reposhell.h"
 #include "packagetesting.h"
-#include "server/publicationsettings.h"
+#include "publication/publicationsettings.h"
 #include "support/children.h"
 #include "support/testenvironment.h"
-#include "ui/packagestatusline.h"
-#include "ui/repotreeview.h"
-#include "ui/repowidget.h"
+#include "ui/packages/packagestatusline.h"
+#include "ui/packages/repotreeview.h"
+#include "ui/tab/repowidget.h"
 
 #include <QtTest>
 #include <QtWidgets>

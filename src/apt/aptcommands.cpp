@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "apt/aptcommands.h"
+
+#include <QRegularExpression>
+
+namespace
+{
+const QString SourceListKey = QStringLiteral("Dir::Etc::sourcelist");
+
+QRegularExpression whole(const QString &pattern)
+{
+    return QRegularExpression(QRegularExpression::anchoredPattern(pattern));
+}
+} // namespace
+
+namespace AptCommands
+{
+QStringList privateListOptions(const QString &listFile)
+{
+    if (listFile.isEmpty())
+        return {};
+    return {QStringLiteral("-o"), QStringLiteral("%1=%2").arg(SourceListKey, listFile)};
+}
+
+QStringList policyArguments(const QString &listFile)
+{
+    return QStringList{QStringLiteral("policy")} + privateListOptions(listFile);
+}
+
+QStringList providersArguments(const QString &name, const QString &listFile)
+{
+    return QStringList{QStringLiteral("showpkg"), name} + privateListOptions(listFile);
+}
+
+QStringList versionsArguments(const QString &name, const QString &architecture, const QString &listFile)
+{
+    return recordsArguments(QStringLiteral("%1:%2").arg(name, architecture), listFile);
+}
+
+QStringList recordsArguments(const QString &name, const QString &listFile)
+{
+    return recordsArguments(QStringList{name}, listFile);
+}
+
+QStringList recordsArguments(const QStringList &names, const QString &listFile)
+{
+    return QStringList{QStringLiteral("show")} + names + QStringList{QStringLiteral("-a")}
+           + privateListOptions(listFile);
+}
+
+QStringList downloadArguments(const QString &name, const QString &version, const QString &architecture)
+{
+    return {QStringLiteral("download"), QStringLiteral("%1:%2=%3").arg(name, architecture, version)};
+}
+
+QStringList searchArguments(const QString &prefix)
+{
+    // apt reads the text as an extended expression, where a plus repeats; for grep it is a plain character.
+    QString expression = prefix;
+    expression.replace(QLatin1Char('+'), QLatin1String("\\\\+"));
+    return {QStringLiteral("-c"),
+            QStringLiteral("%1 search %2 | grep ^%3  | cut -d'/' -f1").arg(Apt, expression, prefix)};
+}
+
+bool isPackageName(const QString &name)
+{
+    // Wider than the archive's rule: dpkg accepts capitals and underscores, and packages with them exist.
+    static const QRegularExpression expression = whole(QStringLiteral("[A-Za-z0-9][A-Za-z0-9+._-]*"));
+    return expression.match(name).hasMatch();
+}
+
+bool isArchitecture(const QString &architecture)
+{
+    static const QRegularExpression expression = whole(QStringLiteral("[a-z0-9][a-z0-9-]*"));
+    return expression.match(architecture).hasMatch();
+}
+
+bool isSearchPrefix(const QString &text)
+{
+    static const QRegularExpression expression = whole(QStringLiteral("[a-z0-9][a-z0-9+.-]*"));
+    return expression.match(text).hasMatch();
+}
+
+bool isDownloadOf(const QString &fileName,
+                  const QString &name,
+                  const QString &version,
+                  const QString &architecture)
+{
+    // apt writes the colon of an epoch as a percent escape.
+    QString fileVersion = version;
+    fileVersion.replace(QLatin1Char(':'), QLatin1String("%3a"));
+    // Up to the dot of the suffix and from the start: else libfoo_1_amd64.deb would pass for foo's.
+    return fileName.startsWith(QStringLiteral("%1_%2_%3.").arg(name, fileVersion, architecture))
+           || fileName.startsWith(QStringLiteral("%1_%2_all.").arg(name, fileVersion));
+}
+} // namespace AptCommands

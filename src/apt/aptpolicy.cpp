@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "apt/aptpolicy.h"
+
+#include "apt/aptoutput.h"
+
+namespace
+{
+/** Where a version stands in its line, behind the mark of the installed one; sources are indented further. */
+constexpr int VersionColumn = 5;
+
+/** Takes the next line, without its newline, off the front of `rest`. */
+QStringRef takeLine(QStringRef &rest)
+{
+    int end = rest.indexOf(QLatin1Char('\n'));
+    if (end < 0)
+        end = rest.size();
+    QStringRef line = rest.left(end);
+    rest = rest.mid(end + 1);
+    return line;
+}
+
+/** The providers in what is printed about one package: lines of name, version and "(= PROVIDED)". */
+QVector<Provider> providersIn(const QString &part)
+{
+    QVector<Provider> result;
+    const QStringList names = AptOutput::providers(part);
+    if (names.isEmpty())
+        return result;
+    const QStringList lines = part.split(QLatin1Char('\n'));
+    QHash<QString, QVector<int>> linesOf;
+    for (int i = lines.size() - 1; i >= 0; --i)
+        linesOf[lines.at(i).section(QLatin1Char(' '), 0, 0)].append(i);
+    for (const QString &name : names) {
+        for (const int i : linesOf.value(name)) {
+            const QStringList words = lines.at(i).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+            // Without a version there is but a closing parenthesis.
+            result.append({name, words.value(1), words.value(3).chopped(words.size() > 3 ? 1 : 0)});
+        }
+    }
+    return result;
+}
+
+bool startsWithBlank(const QStringRef &text)
+{
+    return text.startsWith(QLatin1Char(' '));
+}
+} // namespace
+
+namespace AptPolicy
+{
+QVector<ListedVersion> versions(const QString &policy)
+{
+    QVector<ListedVersion> result;
+    // A handful of sources is named again and again.
+    QHash<QString, QString> origins;
+    QStringRef rest(&policy);
+    QString package;
+    bool inTable = false;
+    while (!rest.isEmpty()) {
+        const QStringRef line = takeLine(rest);
+        if (!startsWithBlank(line) && line.endsWith(QLatin1Char(':'))) {
+            package = line.chopped(1).toString();
+            inTable = false;
+        } else if (line.startsWith(QLatin1String("  ")) && line.endsWith(QLatin1String("table:"))) {
+            inTable = true;
+        } else if (inTable && line.size() > VersionColumn) {
+            const QStringRef text = line.mid(VersionColumn);
+            if (!startsWithBlank(text)) {
+                result.append({package, text.left(text.indexOf(QLatin1Char(' '))).toString(), {}});
+            } else if (!result.isEmpty()) {
+                // The priority stands in front, and differs where sources are pinned.
+                const QStringRef source = text.trimmed();
+                const QString key = source.mid(source.indexOf(QLatin1Char(' ')) + 1).toString();
+                auto origin = origins.find(key);
+                if (origin == origins.end())
+                    origin = origins.insert(key, AptOutput::origin(key));
+                QStringList &known = result.last().origins;
+                if (!origin->isEmpty() && !known.contains(*origin))
+                    known.append(*origin);
+            }
+        }
+    }
+    return result;
+}
+
+QHash<QString, QVector<Provider>> providers(const QString &showpkg)
+{
+    const QString heading = QStringLiteral("Package: ");
+    QHash<QString, QVector<Provider>> result;
+    int begin = showpkg.startsWith(heading) ? 0 : -1;
+    while (begin >= 0) {
+        const int next = showpkg.indexOf(QLatin1Char('\n') + heading, begin);
+        const QString part = showpkg.mid(begin, next < 0 ? -1 : next + 1 - begin);
+        const QString name = part.section(QLatin1Char('\n'), 0, 0).mid(heading.size());
+        result[name.section(QLatin1Char(':'), 0, 0)] += providersIn(part);
+        begin = next < 0 ? -1 : next + 1;
+    }
+    return result;
+}
+} // namespace AptPolicy

@@ -1,0 +1,187 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "apt/aptutils.h"
+
+#include "apt/aptcommands.h"
+#include "files/wholefile.h"
+
+#include <QDir>
+
+#include <algorithm>
+#include <iterator>
+
+namespace
+{
+/** A name, or a name and an architecture with a colon between them. */
+bool isPackageWord(const QString &word)
+{
+    const int colon = word.indexOf(QLatin1Char(':'));
+    return AptCommands::isPackageName(word.left(colon))
+           && (colon < 0 || AptCommands::isArchitecture(word.mid(colon + 1)));
+}
+} // namespace
+
+AptUtils::AptUtils(QObject *parent)
+    : ProcessUtils(parent)
+    , m_workingDirectory(QDir::currentPath())
+{ }
+
+bool AptUtils::setPrivateSources(const QStringList &sources)
+{
+    m_privateSources.clear();
+    const auto file = QSharedPointer<QTemporaryFile>::create(
+        QStringLiteral("%1/%2").arg(QDir::tempPath(), QStringLiteral("nep-sources.list")));
+    if (!file->open())
+        return false;
+    QByteArray text;
+    for (const QString &source : sources)
+        text += QStringLiteral("deb %1\n").arg(source).toUtf8();
+    // Half a list would answer for other sources than those that were asked.
+    if (!WholeFile::writeOut(*file, text))
+        return false;
+    m_privateSources = file;
+    return true;
+}
+
+QString AptUtils::privateSourcesFile() const
+{
+    return m_privateSources ? m_privateSources->fileName() : QString();
+}
+
+QString AptUtils::noSourcesText()
+{
+    return tr("apt has no list of the packages of any public source. \"apt update\" fetches the lists of the "
+              "sources "
+              "that it has been told of.");
+}
+
+QString AptUtils::unknownArchitecturesText(const QStringList &architectures)
+{
+    return tr("apt on this computer does not know the architecture(s) %1, so it could not say what public "
+              "sources "
+              "offer for them. These commands make apt know: %2")
+        .arg(architectures.join(QLatin1String(", ")), architectureCommands(architectures));
+}
+
+QString AptUtils::architectureCommands(const QStringList &architectures)
+{
+    QStringList commands;
+    for (const QString &architecture : architectures)
+        commands.append(QLatin1String("dpkg --add-architecture ") + architecture);
+    commands.append(QStringLiteral("apt update"));
+    return commands.join(QLatin1String(" && "));
+}
+
+QStringList AptUtils::sourcesFromPolicy(SourceGrouping grouping)
+{
+    if (!ask(AptCommands::AptCache,
+             AptCommands::policyArguments(privateSourcesFile()),
+             m_workingDirectory,
+             tr("Apt error")))
+        return {};
+    return AptOutput::sourceLines(output(), grouping);
+}
+
+QMap<QString, QStringList> AptUtils::packageVersions(const QString &name, const QString &architecture)
+{
+    const QString failure = tr("Apt error");
+    if (!acceptName(name, failure) || !acceptArchitecture(architecture, failure)
+        || !ask(AptCommands::Apt,
+                AptCommands::versionsArguments(name, architecture, privateSourcesFile()),
+                m_workingDirectory,
+                failure))
+        return {};
+    return AptOutput::versions(output());
+}
+
+QVector<AptPackageRecord> AptUtils::packageRecords(const QString &name)
+{
+    const QString failure = tr("Apt error");
+    if (!acceptName(name, failure)
+        || !ask(AptCommands::Apt,
+                AptCommands::recordsArguments(name, privateSourcesFile()),
+                m_workingDirectory,
+                failure))
+        return {};
+    return AptOutput::records(output());
+}
+
+QVector<AptPackageRecord> AptUtils::packageRecords(const QStringList &names)
+{
+    QStringList accepted;
+    std::copy_if(names.cbegin(), names.cend(), std::back_inserter(accepted), isPackageWord);
+    if (accepted.isEmpty())
+        return {};
+    // One unknown name makes apt fail, but it shows the others.
+    const bool succeeded = run(
+        AptCommands::Apt, AptCommands::recordsArguments(accepted, privateSourcesFile()), m_workingDirectory);
+    if (!succeeded && output().isEmpty())
+        Q_EMIT error(tr("Apt error"), errorOutput());
+    return AptOutput::records(output());
+}
+
+QStringList AptUtils::providers(const QString &name)
+{
+    const QString failure = tr("apt-cache: error showing package %1 info").arg(name);
+    if (!acceptName(name, failure)
+        || !ask(AptCommands::AptCache,
+                AptCommands::providersArguments(name, privateSourcesFile()),
+                QString(),
+                failure))
+        return {};
+    return AptOutput::providers(output());
+}
+
+QStringList AptUtils::searchByPrefix(const QString &prefix)
+{
+    if (!AptCommands::isSearchPrefix(prefix))
+        return {};
+    // What was printed counts even when a part of the pipe failed.
+    run(AptCommands::Bash, AptCommands::searchArguments(prefix), m_workingDirectory);
+    return AptOutput::searchedNames(output(), prefix);
+}
+
+QString AptUtils::download(const QString &name,
+                           const QString &version,
+                           const QString &architecture,
+                           const QString &folder)
+{
+    const QString failure = tr("Apt: download package %1 error").arg(name);
+    if (!acceptName(name, failure) || !acceptArchitecture(architecture, failure)
+        || !ask(
+            AptCommands::Apt, AptCommands::downloadArguments(name, version, architecture), folder, failure))
+        return {};
+    const QDir target(folder);
+    const QStringList files = target.entryList(QDir::Files);
+    for (const QString &file : files) {
+        if (AptCommands::isDownloadOf(file, name, version, architecture))
+            return target.absoluteFilePath(file);
+    }
+    return {};
+}
+
+bool AptUtils::ask(const QString &program,
+                   const QStringList &arguments,
+                   const QString &workingDirectory,
+                   const QString &failure)
+{
+    if (run(program, arguments, workingDirectory))
+        return true;
+    Q_EMIT error(failure, errorOutput());
+    return false;
+}
+
+bool AptUtils::acceptName(const QString &name, const QString &failure)
+{
+    const bool accepted = AptCommands::isPackageName(name);
+    if (!accepted)
+        Q_EMIT error(failure, tr("\"%1\" is not the name of a package").arg(name));
+    return accepted;
+}
+
+bool AptUtils::acceptArchitecture(const QString &architecture, const QString &failure)
+{
+    const bool accepted = AptCommands::isArchitecture(architecture);
+    if (!accepted)
+        Q_EMIT error(failure, tr("\"%1\" is not an architecture").arg(architecture));
+    return accepted;
+}

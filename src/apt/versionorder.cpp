@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "apt/versionorder.h"
+
+#include <QByteArray>
+
+#include <charconv>
+#include <optional>
+#include <string_view>
+
+#include <apt-pkg/debversion.h>
+
+namespace
+{
+/** A version as dpkg cuts it. */
+struct ParsedVersion
+{
+    int epoch = 0;
+    std::string_view upstream; ///< empty only in the version that stands for none
+    std::string_view revision;
+};
+
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
+std::string_view trimmed(std::string_view text)
+{
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    return text;
+}
+
+/** The epoch as strtol reads it: white space and a plus sign may stand before the number. */
+std::optional<int> parseEpoch(std::string_view text)
+{
+    while (!text.empty() && (isBlank(text.front()) || (text.front() >= '\n' && text.front() <= '\r')))
+        text.remove_prefix(1);
+    if (!text.empty() && text.front() == '+')
+        text.remove_prefix(1);
+    int epoch = -1;
+    const auto parsed = std::from_chars(text.data(), text.data() + text.size(), epoch);
+    if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size())
+        return std::nullopt;
+    // Minus nothing is nothing for dpkg too.
+    return epoch < 0 ? std::nullopt : std::optional<int>(epoch);
+}
+
+/** Empty when dpkg refuses the text; what it only warns about passes. */
+std::optional<ParsedVersion> parse(std::string_view text)
+{
+    if (text.empty() || text == "<unknown>")
+        return ParsedVersion();
+    text = trimmed(text);
+    for (const char c : text) {
+        if (isBlank(c))
+            return std::nullopt;
+    }
+    ParsedVersion version;
+    if (const auto colon = text.find(':'); colon != std::string_view::npos) {
+        const auto epoch = parseEpoch(text.substr(0, colon));
+        if (!epoch)
+            return std::nullopt;
+        version.epoch = *epoch;
+        text.remove_prefix(colon + 1);
+    }
+    version.upstream = text;
+    if (const auto hyphen = text.rfind('-'); hyphen != std::string_view::npos) {
+        version.upstream = text.substr(0, hyphen);
+        version.revision = text.substr(hyphen + 1);
+        if (version.revision.empty())
+            return std::nullopt;
+    }
+    if (version.upstream.empty())
+        return std::nullopt;
+    return version;
+}
+
+int compareFragments(std::string_view a, std::string_view b)
+{
+    // dpkg takes a part that is not there for a zero.
+    if (a.empty())
+        a = "0";
+    if (b.empty())
+        b = "0";
+    return debVersioningSystem::CmpFragment(a.data(), a.data() + a.size(), b.data(), b.data() + b.size());
+}
+
+int compareParsed(const ParsedVersion &a, const ParsedVersion &b)
+{
+    // No version at all is older than any, even than "0~".
+    if (a.upstream.empty() || b.upstream.empty())
+        return static_cast<int>(b.upstream.empty()) - static_cast<int>(a.upstream.empty());
+    if (a.epoch != b.epoch)
+        return a.epoch < b.epoch ? -1 : 1;
+    const int upstream = compareFragments(a.upstream, b.upstream);
+    return upstream != 0 ? upstream : compareFragments(a.revision, b.revision);
+}
+
+std::string_view view(const QByteArray &bytes)
+{
+    return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
+}
+} // namespace
+
+namespace VersionOrder
+{
+int compare(const QString &versionA, const QString &versionB)
+{
+    const QByteArray a = versionA.toUtf8();
+    const QByteArray b = versionB.toUtf8();
+    const auto parsedA = parse(view(a));
+    const auto parsedB = parse(view(b));
+    if (parsedA && parsedB)
+        return compareParsed(*parsedA, *parsedB);
+    // What is no version is older than any that is.
+    if (parsedA || parsedB)
+        return parsedA ? 1 : -1;
+    return a == b ? 0 : (a < b ? -1 : 1);
+}
+
+bool holds(const QString &versionA, const QString &op, const QString &versionB)
+{
+    // dpkg would take it for an option.
+    if (versionA.startsWith(QLatin1Char('-')))
+        return false;
+    const QByteArray a = versionA.toUtf8();
+    const QByteArray b = versionB.toUtf8();
+    const auto parsedA = parse(view(a));
+    const auto parsedB = parse(view(b));
+    if (!parsedA || !parsedB)
+        return false;
+    const int order = compareParsed(*parsedA, *parsedB);
+    if (op == QLatin1String("<<"))
+        return order < 0;
+    if (op == QLatin1String("<=") || op == QLatin1String("<"))
+        return order <= 0;
+    if (op == QLatin1String("="))
+        return order == 0;
+    if (op == QLatin1String(">=") || op == QLatin1String(">"))
+        return order >= 0;
+    return op == QLatin1String(">>") && order > 0;
+}
+} // namespace VersionOrder

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/archive/archiveutils.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+constexpr const char *MountFolder = "importTempDir";
+constexpr mode_t OwnerOnly = 0700;
+
+/** Opens the folder, which is made when missing; -1 when it is a link or belongs to somebody else. */
+int openOwnFolder(int parent, const char *name)
+{
+    if (::mkdirat(parent, name, OwnerOnly) != 0 && errno != EEXIST)
+        return -1;
+    const int folder = ::openat(parent, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+    if (folder < 0)
+        return -1;
+    struct stat status = {};
+    const bool isOurs = ::fstat(folder, &status) == 0 && status.st_uid == ::geteuid();
+    if (isOurs && ((status.st_mode & 07777) == OwnerOnly || ::fchmod(folder, OwnerOnly) == 0))
+        return folder;
+    ::close(folder);
+    errno = EPERM;
+    return -1;
+}
+
+/** Whether something is mounted there, whatever state it is in; see proc(5). */
+bool isMounted(const QString &folder)
+{
+    QFile table(QStringLiteral("/proc/self/mountinfo"));
+    constexpr int MountPointField = 4;
+    if (table.open(QIODevice::ReadOnly)) {
+        const QByteArrayList lines = table.readAll().split('\n');
+        for (const QByteArray &line : lines)
+            if (line.split(' ').value(MountPointField) == QFile::encodeName(folder))
+                return true;
+    }
+    return false;
+}
+
+/** A place that no other user can have taken; empty when there is none. */
+QString privateParent()
+{
+    const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    return runtime.isEmpty() ? QString() : runtime + QLatin1String("/velt-admin-repo");
+}
+
+/** Whether the open folder is still what lies at `path`. */
+bool isAt(int folder, const QString &path)
+{
+    struct stat open = {};
+    struct stat present = {};
+    return ::fstat(folder, &open) == 0 && ::lstat(QFile::encodeName(path).constData(), &present) == 0
+           && open.st_dev == present.st_dev && open.st_ino == present.st_ino;
+}
+} // namespace
+
+ArchiveUtils::~ArchiveUtils()
+{
+    umount();
+}
+
+QString ArchiveUtils::usualParent()
+{
+    return QStringLiteral("/tmp/velt-admin-repo");
+}
+
+QString ArchiveUtils::mountFolder() const
+{
+    return m_parent + QLatin1Char('/') + QLatin1String(MountFolder);
+}
+
+QString ArchiveUtils::mountPoint() const
+{
+    return mountFolder() + QLatin1Char('/');
+}
+
+void ArchiveUtils::removeLeftover()
+{
+    for (const QString &parent : {usualParent(), privateParent()}) {
+        // What goes wrong here will go wrong for the next import too, which tells.
+        ArchiveUtils leftover;
+        leftover.m_parent = parent;
+        if (!isMounted(leftover.mountFolder()))
+            continue;
+        if (leftover.lockParent() == 0 && isMounted(leftover.mountFolder()) && leftover.unmountNow())
+            leftover.removeMountPoint();
+        leftover.releaseLock();
+    }
+}
+
+bool ArchiveUtils::mount(const QString &archive)
+{
+    QString trouble = prepareMountPoint();
+    if (trouble.isEmpty()) {
+        // The mount outlives the run, and would look for a relative path elsewhere.
+        m_mounted
+            = run(QStringLiteral("archivemount"), {QFileInfo(archive).absoluteFilePath(), mountPoint()});
+        if (m_mounted)
+            return true;
+        trouble = troubleWith(QStringLiteral("archivemount"), QStringLiteral("archivemount"));
+        // A run that was ended from outside may have come as far as to mount.
+        if (isMounted(mountFolder()))
+            unmountNow();
+        removeMountPoint();
+    }
+    releaseLock();
+    Q_EMIT error(tr("Can't open archive for import!"), trouble);
+    return false;
+}
+
+bool ArchiveUtils::umount()
+{
+    const bool done = !m_mounted || unmountNow();
+    if (m_mounted && done)
+        removeMountPoint();
+    m_mounted = false;
+    releaseLock();
+    if (!done)
+        Q_EMIT error(tr("Can't umount archive!"),
+                     troubleWith(QStringLiteral("fusermount"), QStringLiteral("fuse3")));
+    return done;
+}
+
+int ArchiveUtils::lockParent()
+{
+    // Whoever ends an import takes the folder away, so it may go between being opened and being locked.
+    constexpr int Attempts = 5;
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        m_lock = openOwnFolder(AT_FDCWD, QFile::encodeName(m_parent).constData());
+        if (m_lock < 0)
+            return errno;
+        if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0)
+            return EWOULDBLOCK;
+        if (isAt(m_lock, m_parent))
+            return 0;
+        releaseLock();
+    }
+    return ENOENT;
+}
+
+void ArchiveUtils::removeMountPoint()
+{
+    if (::unlinkat(m_lock, MountFolder, AT_REMOVEDIR) == 0)
+        ::rmdir(QFile::encodeName(m_parent).constData());
+}
+
+QString ArchiveUtils::prepareMountPoint()
+{
+    int reason = 0;
+    // Anybody can make folders below /tmp, and what belongs to somebody else is of no use.
+    for (const QString &parent : {usualParent(), privateParent()}) {
+        m_parent = parent;
+        reason = lockParent();
+        if (reason == 0 || reason == EWOULDBLOCK || privateParent().isEmpty())
+            break;
+    }
+    if (reason != 0 && reason != EWOULDBLOCK)
+        return tr("The folder %1 cannot be used: %2").arg(m_parent, qt_error_string(reason));
+    if (reason == EWOULDBLOCK)
+        return tr("Another import is reading an archive. Try again when it is done.");
+    // A program that was killed leaves its mount behind.
+    if (isMounted(mountFolder()) && !unmountNow())
+        return tr("The archive of an earlier import is still mounted.") + QLatin1Char('\n')
+               + troubleWith(QStringLiteral("fusermount"), QStringLiteral("fuse3"));
+    const int folder = openOwnFolder(m_lock, MountFolder);
+    if (folder < 0)
+        return tr("The folder %1 cannot be used: %2").arg(mountPoint(), qt_error_string(errno));
+    ::close(folder);
+    return {};
+}
+
+QString ArchiveUtils::troubleWith(const QString &program, const QString &package) const
+{
+    if (result().started)
+        return errorOutput();
+    return tr("The program %1 could not be started. Install the package %2.").arg(program, package)
+           + QLatin1Char('\n') + errorOutput();
+}
+
+bool ArchiveUtils::unmountNow()
+{
+    // It must happen even when the job has been stopped.
+    setStopRequest({});
+    return run(QStringLiteral("fusermount"), {QStringLiteral("-u"), mountPoint()});
+}
+
+void ArchiveUtils::releaseLock()
+{
+    if (m_lock >= 0)
+        ::close(m_lock);
+    m_lock = -1;
+}

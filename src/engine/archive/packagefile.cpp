@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/archive/packagefile.h"
+
+#include "apt/dpkgoutput.h"
+#include "apt/dpkgutils.h"
+#include "engine/archive/debarchive.h"
+#include "engine/archive/debcontents.h"
+
+#include <QFileInfo>
+#include <QtConcurrent>
+
+#include <utility>
+
+namespace
+{
+/** What speaks against a file before anybody looks into it; empty when nothing does. */
+QString refusal(const QString &path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        return PackageFile::tr("There is no such file.");
+    if (!path.endsWith(QLatin1String(".deb")) && !path.endsWith(QLatin1String(".udeb")))
+        return PackageFile::tr("Its name does not end in .deb or .udeb.");
+    // To open a pipe would wait for somebody who writes into it.
+    if (!info.isFile())
+        return PackageFile::tr("It is no regular file.");
+    return info.size() == 0 ? PackageFile::tr("The file is empty.") : QString();
+}
+} // namespace
+
+PackageFile PackageFile::read(const QString &path, const std::function<bool()> &stopped)
+{
+    const QString reason = refusal(path);
+    if (!reason.isEmpty())
+        return {path, {}, reason};
+    DpkgUtils dpkg;
+    dpkg.setStopRequest(stopped);
+    if (!dpkg.packageInformation(path))
+        return {path, {}, dpkg.errorText()};
+    DebMember data;
+    if (debArchiveState(path, &data) != DebArchiveState::Whole)
+        return {path, {}, tr("The file is damaged: its end is missing.")};
+    if (debContentsState(path, data, stopped) == DebContentsState::Damaged)
+        return {path, {}, tr("The file is damaged: what it contains cannot be unpacked.")};
+    const auto type = path.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
+    if (const auto package = DpkgOutput::packageInfo(dpkg.output(), type))
+        return {path, QSharedPointer<PackageInfo>::create(*package), QString()};
+    return {path, {}, tr("Its control data lack the package's name, version or architecture.")};
+}
+
+PackageFileReader::PackageFileReader(QStringList paths, int ahead, std::function<bool()> stopped)
+    : m_paths(std::move(paths))
+    , m_ahead(ahead)
+    , m_stopped([stopped = std::move(stopped), abandoned = m_abandoned] { return *abandoned || stopped(); })
+{
+    startNext();
+}
+
+PackageFileReader::~PackageFileReader()
+{
+    *m_abandoned = true;
+    m_pool.clear();
+    m_pool.waitForDone();
+}
+
+QVector<PackageFile> PackageFileReader::next(int most)
+{
+    QVector<PackageFile> files;
+    // While the first ones are waited for, the ones behind them are begun.
+    const int count = qMin(most, m_reading.size());
+    for (int i = 0; i < count; ++i) {
+        files.append(m_reading.dequeue().result());
+        startNext();
+    }
+    return files;
+}
+
+void PackageFileReader::startNext()
+{
+    while (!m_paths.isEmpty() && m_reading.size() < m_ahead)
+        m_reading.enqueue(QtConcurrent::run(
+            &m_pool, &PackageFile::read, QFileInfo(m_paths.takeFirst()).absoluteFilePath(), m_stopped));
+}

@@ -1,0 +1,315 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/changes/exportsession.h"
+
+#include "engine/reprepro/poolfiles.h"
+#include "engine/reprepro/privateconfig.h"
+#include "engine/reprepro/repreproanswers.h"
+#include "engine/reprepro/repreprocommands.h"
+#include "files/freespace.h"
+#include "files/openfolder.h"
+#include "files/regularfile.h"
+
+#include <QFile>
+#include <QLocale>
+
+#include <cstdlib>
+#include <utility>
+
+namespace
+{
+QString markerFile(const QString &repoPath)
+{
+    return repoPath + QLatin1String("/db/velt-admin-repo.export-owed");
+}
+} // namespace
+
+ExportSession::ExportSession(const QString &repoPath, Tools tools)
+    : m_repoPath(repoPath)
+    , m_tools(std::move(tools))
+    , m_exportOwed(isExportOwed(repoPath))
+{ }
+
+ExportSession::~ExportSession() = default;
+
+ProcessResult ExportSession::modify(const QString &arguments)
+{
+    return change(arguments, m_silentConfig.get());
+}
+
+ProcessResult ExportSession::remove(const QString &arguments, bool makesRoom)
+{
+    if (!makesRoom) {
+        ProcessResult result = change(arguments, m_silentConfig.get());
+        // A run that could not write the indices has left the files that they name.
+        m_removed = m_removed || m_silentConfig || m_exportOwed;
+        return result;
+    }
+    if (!m_silentConfig && !keepsUnreferencedFiles())
+        return change(arguments, nullptr);
+    if (!m_deletingConfig)
+        m_deletingConfig = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Delete);
+    return change(arguments, m_deletingConfig->isValid() ? m_deletingConfig.get() : nullptr);
+}
+
+ProcessResult ExportSession::keep()
+{
+    if (const auto refusal = keepDatabase())
+        return *refusal;
+    // With another description it could not be asked. Not all that such a change sets free can be told before.
+    const ProcessResult unused = run(ReproCommand::dumpUnreferenced());
+    if (unused.succeeded())
+        m_strangers = unused.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    ProcessResult result;
+    result.started = true;
+    return result;
+}
+
+ProcessResult ExportSession::clearVanished(Vanished parts)
+{
+    return changeSilently(ReproCommand::clearVanished(parts == WithPackages));
+}
+
+ProcessResult ExportSession::dropTracks(const QString &codename)
+{
+    return changeSilently(ReproCommand::removeAllTracks(codename));
+}
+
+ProcessResult ExportSession::changeUnder(const QByteArray &description, const QString &arguments)
+{
+    ProcessResult result = changeSilently(arguments, description);
+    m_silentConfig.reset();
+    return result;
+}
+
+ProcessResult ExportSession::changeSilently(const QString &arguments, const QByteArray &description)
+{
+    // Anew each time, because the description may have changed.
+    auto silent = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Keep, description);
+    m_silentConfig = silent->isValid() ? std::move(silent) : nullptr;
+    if (!m_silentConfig && !description.isEmpty()) {
+        ProcessResult failed;
+        failed.started = true;
+        failed.exitCode = EXIT_FAILURE;
+        failed.errorOutput = tr("No temporary folder could be made for the settings of reprepro.");
+        return failed;
+    }
+    m_removed = true;
+    return change(arguments, m_silentConfig.get());
+}
+
+void ExportSession::mayLeave(const QString &poolFile)
+{
+    // A job that is refused leaves no marker, and that of another one alone.
+    if (keepDatabase())
+        return;
+    if (!poolFile.startsWith(m_repoPath + QLatin1Char('/')))
+        return;
+    const QString file = poolFile.mid(m_repoPath.size() + 1);
+    m_mayLeave.insert(file);
+    RegularFile marker(markerFile(m_repoPath));
+    if (marker.open(QIODevice::Append))
+        marker.write((file + QLatin1Char('\n')).toUtf8());
+}
+
+void ExportSession::oweExport()
+{
+    m_exportOwed = true;
+    setMarker(m_repoPath);
+}
+
+bool ExportSession::dropUnreferencedFiles()
+{
+    if (keepsUnreferencedFiles())
+        return false;
+    // First the indices, since those on disk may still name the files that go.
+    if (m_disturbed || (m_exportOwed && !writeIndices().succeeded()))
+        return false;
+    return dropUnused().succeeded();
+}
+
+ProcessResult ExportSession::dropUnused()
+{
+    m_removed = false;
+    const QStringList left = filesLeft(m_repoPath);
+    const QSet<QString> named(left.cbegin(), left.cend());
+    const auto areOurs = [&](const QString &file) {
+        return named.contains(file) || m_mayLeave.contains(file)
+               || (m_strangers && !m_strangers->contains(file));
+    };
+    return PoolFiles::dropUnused(
+        m_repoPath, areOurs, [this](const QString &arguments) { return run(arguments); });
+}
+
+ProcessResult ExportSession::finish()
+{
+    ProcessResult result;
+    result.started = true;
+    if (m_trouble)
+        return *m_trouble;
+    // Without a change nothing is owed; another job may be at work.
+    if (!m_isKept)
+        return result;
+    if (m_exportOwed)
+        result = writeIndices();
+    // Whoever removes packages from a full disk wants their room more than old indices that are whole for a moment.
+    if (m_exportOwed && m_removed && !m_disturbed && !keepsUnreferencedFiles()
+        && ReproAnswer::diskFull(result.errorOutput) && dropUnused().succeeded())
+        result = writeIndices();
+    // References that could not be written make files look as if nobody needed them.
+    if (m_disturbed)
+        return result;
+    // As long as the indices on disk are old, clients may still fetch what they name.
+    if (m_removed && !m_exportOwed && !keepsUnreferencedFiles())
+        m_removed = dropUnused().crashed();
+    if (!m_exportOwed && !m_removed)
+        clearMarker(m_repoPath);
+    return result;
+}
+
+bool ExportSession::isExportOwed(const QString &repoPath)
+{
+    return QFile::exists(markerFile(repoPath));
+}
+
+QStringList ExportSession::filesLeft(const QString &repoPath)
+{
+    constexpr qint64 LargestMarker = 256 << 20;
+    const auto marker = OpenFolder::readFile(markerFile(repoPath), LargestMarker);
+    if (!marker)
+        return {};
+    QStringList files = QString::fromUtf8(*marker).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    files.removeDuplicates();
+    return files;
+}
+
+void ExportSession::clearMarker(const QString &repoPath)
+{
+    QFile::remove(markerFile(repoPath));
+}
+
+ProcessResult ExportSession::run(const QString &arguments, const QStringList &environment)
+{
+    if (m_trouble)
+        return *m_trouble;
+    ProcessResult result = m_tools.run(arguments, environment);
+    if (ReproAnswer::databaseTroubled(result.errorOutput)) {
+        m_disturbed = true;
+        m_trouble = result;
+        m_trouble->exitCode = EXIT_FAILURE; // that of a run which did not take place
+        DatabaseCopy::condemn(m_repoPath);
+    }
+    return result;
+}
+
+std::optional<ProcessResult> ExportSession::keepDatabase()
+{
+    if (m_refusal || m_isKept)
+        return m_refusal;
+    if (!m_tools.lock()) {
+        refuse(tr("The repository %1 is being changed by another program. Try again when it is done.")
+                   .arg(m_repoPath));
+        return m_refusal;
+    }
+    // The copy is all that is good, and the end of a job drops it.
+    if (DatabaseCopy::isCondemned(m_repoPath)) {
+        refuse(tr("The database of the repository is damaged and could not be put back. Make room "
+                  "on the disk, and open the repository again."));
+        return m_refusal;
+    }
+    DatabaseCopy::Outcome outcome = copyDatabase();
+    // Programs that work on the repository now and then can come between twice, but hardly more often.
+    for (int attempt = 0; attempt < 3 && outcome == DatabaseCopy::Outcome::Locked; ++attempt) {
+        // A run finds out whether the lock is of any worth, waits for it, or has the user asked to take it away.
+        const ProcessResult result = run(ReproCommand::dumpUnreferenced());
+        if (!result.started || ReproAnswer::databaseLocked(result.errorOutput))
+            return result;
+        outcome = copyDatabase();
+    }
+    m_isKept = outcome == DatabaseCopy::Outcome::Made;
+    if (!m_isKept)
+        refuse(noCopyText());
+    return m_refusal;
+}
+
+DatabaseCopy::Outcome ExportSession::copyDatabase()
+{
+    using DatabaseCopy::Outcome;
+    using DatabaseCopy::Place;
+    if (!m_tools.mayCopyToMemory)
+        return DatabaseCopy::make(m_repoPath);
+    const Outcome outcome = DatabaseCopy::make(m_repoPath, Place::OtherDisk);
+    const bool isFull
+        = outcome == Outcome::Failed && freeSpace(m_repoPath) < DatabaseCopy::roomNeeded(m_repoPath);
+    return isFull && m_tools.mayCopyToMemory() ? DatabaseCopy::make(m_repoPath, Place::Memory) : outcome;
+}
+
+QString ExportSession::noCopyText() const
+{
+    const qint64 needed = DatabaseCopy::roomNeeded(m_repoPath);
+    const qint64 free = freeSpace(m_repoPath);
+    if (free < 0 || free >= needed)
+        return tr("The database of the repository could not be copied, so nothing was changed. "
+                  "Is there room on the disk?");
+    const QLocale locale;
+    const QString text = tr("There is too little room on the disk of the repository for a copy of its "
+                            "database, so nothing was changed. At least %1 must be free, and %2 are.")
+                             .arg(locale.formattedDataSize(needed), locale.formattedDataSize(free));
+    return m_tools.mayCopyToMemory ? text
+                                   : text + QLatin1Char(' ') + tr("Packages can be removed all the same.");
+}
+
+bool ExportSession::keepsUnreferencedFiles() const
+{
+    return PrivateConfig::keepsUnreferencedFiles(m_tools.configFolder());
+}
+
+void ExportSession::refuse(const QString &reason)
+{
+    m_refusal.emplace();
+    m_refusal->started = true;
+    m_refusal->exitCode = EXIT_FAILURE;
+    m_refusal->errorOutput = reason;
+}
+
+ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *config)
+{
+    if (const auto refusal = keepDatabase())
+        return *refusal;
+    setMarker(m_repoPath);
+    ProcessResult result = run(arguments, config != nullptr ? config->environment() : QStringList());
+    if (config != nullptr && ReproAnswer::signingFailed(result.errorOutput)) {
+        // Such a run has nothing to sign: it misses something that its lean environment does not have.
+        config->useWholeEnvironment();
+        result = run(arguments, config->environment());
+    }
+    m_disturbed = m_disturbed || result.crashed();
+    if (result.succeeded()) {
+        if (config != nullptr) {
+            m_exportOwed = true;
+        } else if (!m_silentConfig && !PrivateConfig::exportsNever(m_tools.configFolder())) {
+            // An administrator who has the indices left alone writes them himself.
+            auto silent = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Keep);
+            if (silent->isValid())
+                m_silentConfig = std::move(silent);
+        }
+    } else if (result.crashed() || ReproAnswer::indicesOutdated(result.errorOutput)
+               || ReproAnswer::signingFailed(result.errorOutput)) {
+        m_exportOwed = true;
+    }
+    return result;
+}
+
+ProcessResult ExportSession::writeIndices()
+{
+    ProcessResult result = run(ReproCommand::exportIndices());
+    m_exportOwed = !result.succeeded();
+    return result;
+}
+
+void ExportSession::setMarker(const QString &repoPath)
+{
+    QFile marker(markerFile(repoPath));
+    // A folder that cannot be written makes the run itself fail, with a better message than ours would be.
+    if (!marker.exists())
+        marker.open(QIODevice::WriteOnly);
+}

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "engine/repository/packagelist.h"
+
+#include <QCoreApplication>
+#include <QSet>
+
+class ExportSession;
+class JobContext;
+
+/** Takes packages out of the repository. */
+class PackageRemoval
+{
+    Q_DECLARE_TR_FUNCTIONS(RepoShell)
+public:
+    PackageRemoval(JobContext &context, ExportSession *session)
+        : m_context(context)
+        , m_session(session)
+    { }
+
+    /**
+     * Takes those of the packages that can share a run out of the database, without telling; remove() is still to be
+     * called for each. What a run did not do is left to it. A stop waits for the end of a run.
+     */
+    void removeTogether(const QList<PackageInfoPtr> &packages);
+    /** Whether removeTogether() has taken it out of the database. */
+    bool isOut(const PackageInfo &package) const { return m_gone.contains(PackageKey::of(package)); }
+    /** False after critical() when the package is still there. For `makesRoom` see ExportSession::remove(). */
+    bool remove(const PackageInfoPtr &package, bool makesRoom = false);
+
+private:
+    JobContext &m_context;
+    ExportSession *m_session;
+
+    QSet<PackageKey> m_gone; ///< out of the database, by a run for several
+
+    const PackageType *kindToName(const PackageInfo &package) const;
+    bool removeFromDatabase(const PackageInfo &package, bool makesRoom);
+    bool isGone(const PackageInfo &package);
+};

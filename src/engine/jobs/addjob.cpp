@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/jobs/addjob.h"
+
+#include "engine/changes/jobframe.h"
+#include "engine/changes/packageadding.h"
+
+int AddJob::run(const QStringList &files, const AddOptions &options)
+{
+    JobFrame frame(m_context, files.size() == 1 ? tr("Adding package") : tr("Adding packages"));
+    if (!m_context.mayChange())
+        return frame.finish(ERROR, tr("%n package(s) added: %1", nullptr, 0).arg(QString()));
+    PackageAdding adding(m_context, options, files.size() == 1);
+    if (adding.addFiles(files, &frame) == CANCEL)
+        return frame.finish(CANCEL,
+                            tr("Operation stopped. %1 of %n package(s) added: %2", nullptr, files.size())
+                                .arg(QString::number(adding.addedCount()), adding.addedNames()));
+    return frame.finish(SUCCESS,
+                        tr("%n package(s) added: %1", nullptr, adding.addedCount()).arg(adding.addedNames()));
+}

@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/jobs/downloadjob.h"
+
+#include "apt/aptcandidates.h"
+#include "apt/aptutils.h"
+#include "depends/dependsoffers.h"
+#include "depends/dependsparser.h"
+#include "depends/localcandidates.h"
+#include "engine/archive/packagefile.h"
+#include "engine/changes/checkjob.h"
+#include "engine/changes/jobframe.h"
+#include "engine/changes/packageadding.h"
+#include "files/scratchfolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QVector>
+
+#include <algorithm>
+
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+/** A folder to fetch into. Run by root, apt fetches as a user of its own, who may write there and nowhere else. */
+QString downloadFolder(const ScratchFolder &scratch)
+{
+    QString folder = scratch.filePath(QStringLiteral("download"));
+    QDir().mkdir(folder);
+    passwd user{};
+    passwd *found = nullptr;
+    QVector<char> buffer(4096);
+    if (::geteuid() != 0
+        || ::getpwnam_r("_apt", &user, buffer.data(), static_cast<size_t>(buffer.size()), &found) != 0
+        || found == nullptr)
+        return folder;
+    // Where this fails apt fetches as root, and says so in its output.
+    constexpr mode_t PassableFolder = 0711;
+    if (::chown(QFile::encodeName(folder).constData(), user.pw_uid, user.pw_gid) == 0)
+        ::chmod(QFile::encodeName(scratch.path()).constData(), PassableFolder);
+    return folder;
+}
+
+QString startText(int count)
+{
+    return count == 1 ? DownloadJob::tr("Downloading package") : DownloadJob::tr("Downloading packages");
+}
+
+/** Whether the package names one of these, or what one provides, for something that its repository does not meet. */
+bool lacks(const PackageInfo &package, const QVector<Dependency> &dependencies)
+{
+    if (!package.hasDependsInfo())
+        return false;
+    const auto isNamed = [&dependencies](const Dependency &named) {
+        return std::any_of(
+            dependencies.cbegin(), dependencies.cend(), [&named](const Dependency &dependency) {
+                return dependency.name == named.name && dependency.architecture == named.architecture;
+            });
+    };
+    const auto isWanted = [&isNamed](const Dependency &alternative) {
+        return isNamed(alternative)
+               || std::any_of(alternative.providers.cbegin(), alternative.providers.cend(), isNamed);
+    };
+    const auto &groups = package.dependsInfo->groups;
+    return std::any_of(groups.cbegin(), groups.cend(), [&isWanted](const DependencyGroup &group) {
+        const auto &choice = group.alternatives;
+        return std::none_of(choice.cbegin(), choice.cend(), LocalCandidates::meets)
+               && std::any_of(choice.cbegin(), choice.cend(), isWanted);
+    });
+}
+} // namespace
+
+int DownloadJob::download(const QList<PackageInfo> &packages)
+{
+    JobFrame frame(m_context, startText(packages.size()));
+    return fetchAndAdd(packages, {}, &frame);
+}
+
+int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
+{
+    JobFrame frame(m_context, startText(dependencies.size()));
+    AptCandidates apt(QString(), m_context.acceptedOrigins());
+    const DependsOffers offers = findOffers(dependencies, &apt, [this] { return m_context.isCanceled(); });
+    QStringList missing;
+    QStringList unknown;
+    for (const Dependency &dependency : offers.missing) {
+        if (apt.canAnswer({dependency.name, dependency.architecture}))
+            missing.append(dependencyText(dependency));
+        else if (!unknown.contains(dependency.architecture))
+            unknown.append(dependency.architecture);
+    }
+    CheckJob(m_context).tellAptFailure(&apt);
+    CheckJob(m_context).tellUnknownArchitectures(unknown);
+    if (!missing.isEmpty() && !apt.failed() && !m_context.isCanceled())
+        tellMissing(missing);
+
+    QList<PackageInfoPtr> wanting;
+    const auto packages = m_context.packages().all();
+    std::copy_if(packages.cbegin(), packages.cend(), std::back_inserter(wanting), [&](const auto &package) {
+        return lacks(*package, dependencies);
+    });
+    return fetchAndAdd(offers.packages, wanting, &frame);
+}
+
+void DownloadJob::tellMissing(const QStringList &missing)
+{
+    // A box has no room for hundreds of names; its details have.
+    constexpr int NamesShown = 5;
+    QStringList names = missing.mid(0, NamesShown);
+    const bool isShortened = missing.size() > NamesShown;
+    if (isShortened)
+        names << QString(QChar(0x2026));
+    m_context.critical(tr("No source offers: %1").arg(names.join(QLatin1String(", "))),
+                       isShortened ? missing.join(QLatin1Char('\n')) : QString(),
+                       WARNING);
+}
+
+int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
+                             const QList<PackageInfoPtr> &wanting,
+                             JobFrame *frame)
+{
+    if (!m_context.mayChange())
+        return frame->finish(
+            ERROR, tr("Added %n package(s) to local repo: %1", nullptr, 0).arg(QString()), DOWNLOAD_JOB);
+    PackageAdding adding(m_context, m_options, packages.size() == 1);
+    adding.run().wanting = wanting;
+    bool stopped = m_context.isCanceled();
+    for (int done = 0; done < packages.size() && !stopped; ++done) {
+        const ScratchFolder folder;
+        const PackageFile file = fetch(packages.at(done), folder);
+        stopped = m_context.isCanceled() && file.path.isEmpty();
+        if (stopped)
+            break;
+        if (file.path.isEmpty())
+            m_context.critical(AptUtils::tr("Apt: download package %1 error").arg(packages.at(done).name),
+                               file.reason);
+        else {
+            adding.run().shownNames = {{file.path, QFileInfo(file.path).fileName()}};
+            adding.addReadFile(file, done + 1 == packages.size());
+        }
+        frame->itemDone(packages.size());
+        stopped = m_context.mustEnd() && done + 1 < packages.size();
+    }
+    adding.finish();
+    const QString added = adding.addedNames();
+    if (stopped)
+        return frame->finish(
+            CANCEL,
+            tr("Operation stopped. %1 of %n package(s) added to local repo: %2", nullptr, packages.size())
+                .arg(QString::number(adding.addedCount()), added),
+            DOWNLOAD_JOB);
+    return frame->finish(SUCCESS,
+                         tr("Added %n package(s) to local repo: %1", nullptr, adding.addedCount()).arg(added),
+                         DOWNLOAD_JOB);
+}
+
+PackageFile DownloadJob::fetch(const PackageInfo &package, const ScratchFolder &folder) const
+{
+    if (!folder.isValid())
+        return {{}, {}, tr("No temporary folder could be made to fetch it into.")};
+    AptUtils apt;
+    apt.setStopRequest([this] { return m_context.isCanceled(); });
+    QString reason;
+    QObject::connect(&apt, &ProcessUtils::error, &apt, [&reason](const QString &, const QString &details) {
+        reason = details;
+    });
+    const QString file
+        = apt.download(package.name, package.version, package.architecture, downloadFolder(folder));
+    if (file.isEmpty())
+        return {{}, {}, reason.isEmpty() ? tr("apt has left no file of that version.") : reason};
+    return PackageFile::read(file, [this] { return m_context.isCanceled(); });
+}

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/jobs/removejob.h"
+
+#include "engine/changes/exportsession.h"
+#include "engine/changes/jobframe.h"
+#include "engine/changes/packageremoval.h"
+
+namespace
+{
+// A stop waits for the end of a run, so what takes no second is removed one by one.
+constexpr int ManyPackages = 50;
+constexpr int PackagesTogether = 25;
+} // namespace
+
+int RemoveJob::run(const QList<PackageInfoPtr> &packages)
+{
+    JobFrame frame(m_context, packages.size() == 1 ? tr("Removing package") : tr("Removing packages"));
+    if (!m_context.mayChange())
+        return frame.finish(ERROR, tr("%n packages removed: %1", nullptr, 0).arg(QString()));
+    ExportSession session = m_context.makeSession(JobContext::RoomMakingSession);
+    PackageRemoval removal(m_context, &session);
+    QStringList removed;
+    bool stopped = false;
+    bool isComplete = true;
+    int done = 0;
+    while (done < packages.size() && !stopped && !session.isDamaged()) {
+        stopped = m_context.mustEnd() || session.isRefused();
+        if (stopped)
+            break;
+        // The first run of a job writes the indices.
+        const bool together = packages.size() > ManyPackages && session.isSilent();
+        const auto next = packages.mid(done, together ? PackagesTogether : 1);
+        if (together)
+            removal.removeTogether(next);
+        for (const PackageInfoPtr &package : next) {
+            ++done;
+            // What is out already is told of, also after a stop.
+            stopped = stopped || m_context.mustEnd() || session.isRefused();
+            const bool isLeft = stopped && together && !removal.isOut(*package);
+            isComplete = isComplete && !isLeft;
+            if (session.isDamaged() || isLeft)
+                continue;
+            if (removal.remove(package))
+                removed.append(displayFileName(*package));
+            frame.itemDone(packages.size());
+        }
+    }
+    if (!m_context.finishSession(&session))
+        removed.clear();
+    // A list that was empty from the start may only be one that could not be read.
+    if (m_context.packages().count() == 0 && !removed.isEmpty())
+        m_context.clearStoredResults();
+    else
+        m_context.savePackages();
+    // A stop that came when all was done has stopped nothing.
+    if (stopped && (!isComplete || done < packages.size()))
+        return frame.finish(
+            CANCEL,
+            tr("Operation stopped. %1 of %n packages(s) removed: %2", nullptr, packages.size())
+                .arg(QString::number(removed.size()), removed.join(QLatin1String(", "))));
+    return frame.finish(
+        SUCCESS,
+        tr("%n packages removed: %1", nullptr, removed.size()).arg(removed.join(QLatin1String(", "))));
+}

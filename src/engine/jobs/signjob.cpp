@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/jobs/signjob.h"
+
+#include "engine/changes/jobframe.h"
+#include "engine/changes/packageadding.h"
+#include "engine/changes/packageinclusion.h"
+
+#include <QHash>
+
+int SignJob::run(const QList<PackageInfoPtr> &packages, const QString &keyId)
+{
+    JobFrame frame(m_context, packages.size() == 1 ? tr("Package signing") : tr("Packages signing"));
+    if (!m_context.mayChange())
+        return frame.finish(ERROR, tr("%n package(s) is signed: %1", nullptr, 0).arg(QString()));
+    const AddOptions options{QString(), true, keyId};
+    PackageAdding adding(m_context, options, packages.size() == 1, false);
+    QStringList names;
+    QHash<QString, bool> files; // the files that have been dealt with, and whether they are signed
+    bool stopped = false;
+    for (const PackageInfoPtr &package : packages) {
+        stopped = m_context.mustEnd() || adding.run().session.isRefused();
+        if (stopped || adding.run().session.isDamaged())
+            break;
+        const QString file = package->filePath();
+        if (!files.contains(file))
+            files.insert(file, signPackage(package, &adding.run()));
+        if (files.value(file))
+            names.append(displayFileName(*package));
+        frame.itemDone(packages.size());
+    }
+    if (!adding.finish())
+        names.clear();
+    const QString joined = names.join(QLatin1String(", "));
+    if (stopped)
+        return frame.finish(
+            CANCEL,
+            tr("Operation stopped. %1 of %n package(s) is signed: %2", nullptr, packages.size())
+                .arg(QString::number(names.size()), joined));
+    return frame.finish(names.size() == packages.size() ? SUCCESS : PACKAGE_UNSIGNED,
+                        tr("%n package(s) is signed: %1", nullptr, names.size()).arg(joined));
+}
+
+bool SignJob::signPackage(const PackageInfoPtr &package, AddRun *run)
+{
+    const PackageInfoPtr present = m_context.packages().find(PackageKey::of(*package));
+    if (!present)
+        return false;
+    AddedFile file{*run, present->filePath()};
+    const ErrorCode result = PackageInclusion(m_context).include(&file, *present, true);
+    return result == SUCCESS || result == PACKAGE_GPGERROR;
+}

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/repository/changerules.h"
+
+#include "engine/repository/distributions.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+namespace
+{
+/** The words of the list, whatever white space separates them. */
+QStringList words(const QString &list)
+{
+    return list.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+}
+
+QStringList without(const QStringList &list, const QStringList &others)
+{
+    QStringList left;
+    std::copy_if(list.cbegin(), list.cend(), std::back_inserter(left), [&](const QString &entry) {
+        return !others.contains(entry);
+    });
+    return left;
+}
+
+QString united(const QString &first, const QString &second)
+{
+    return (words(first) + without(words(second), words(first))).join(QLatin1Char(' '));
+}
+
+bool isForAll(const PackageInfo &package)
+{
+    return package.ownArchitecture() == QLatin1String("all");
+}
+} // namespace
+
+bool RepoChange::dropsPlaces() const
+{
+    return isRenaming() || !without(words(before.architectures), words(after.architectures)).isEmpty()
+           || !without(words(before.components), words(after.components)).isEmpty();
+}
+
+bool RepoChange::keepsPlace(const PackageInfo &package) const
+{
+    return (carries || !isRenaming()) && after.componentList().contains(package.indexComponent)
+           && after.architectureList().contains(package.architecture);
+}
+
+QList<PackageInfoPtr> RepoChange::lost(const QList<PackageInfoPtr> &packages) const
+{
+    const bool keepsAny = carries || !isRenaming();
+    const bool floods = !floodedArchitectures(packages).isEmpty();
+    const QStringList components = after.componentList();
+    const QStringList architectures = after.architectureList();
+    QSet<QString> done;
+    for (const PackageInfoPtr &package : packages)
+        if (keepsAny && components.contains(package->indexComponent)
+            && (architectures.contains(package->architecture) || (floods && isForAll(*package))))
+            done.insert(package->filePath());
+    QList<PackageInfoPtr> lost;
+    for (const PackageInfoPtr &package : packages) {
+        if (done.contains(package->filePath()))
+            continue;
+        done.insert(package->filePath());
+        lost.append(package);
+    }
+    return lost;
+}
+
+QStringList RepoChange::floodedArchitectures(const QList<PackageInfoPtr> &packages) const
+{
+    const bool isWanted
+        = (carries || !isRenaming())
+          && std::any_of(packages.cbegin(), packages.cend(), [this](const PackageInfoPtr &package) {
+                 return isForAll(*package) && after.componentList().contains(package->indexComponent);
+             });
+    return isWanted ? without(after.binaryArchitectures(), before.binaryArchitectures()) : QStringList();
+}
+
+QByteArray RepoChange::bridge(const QByteArray &old) const
+{
+    RepoInfo both = after;
+    both.architectures = united(before.architectures, after.architectures);
+    both.components = united(before.components, after.components);
+    const QByteArray text = Distributions::text(both).toLocal8Bit();
+    return isRenaming() ? old + "\n\n" + text : text;
+}

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/repository/vanishedindices.h"
+
+#include "core/repoinfo.h"
+#include "files/removetree.h"
+
+#include <QDir>
+
+namespace
+{
+/** A name that stays below its folder: a description can hold anything, and what it names gets deleted. */
+bool isChildName(const QString &name)
+{
+    return !name.isEmpty() && QDir::cleanPath(name) == name && name != QLatin1String(".")
+           && !name.startsWith(QLatin1String("..")) && !name.startsWith(QLatin1Char('/'));
+}
+
+/** Deletes dists/PARENT/NAME, unless a link on the way leads elsewhere. */
+void removeIndices(const QString &repoPath, const QString &parent, const QString &name)
+{
+    if (isChildName(name))
+        removeBelow(repoPath, QLatin1String("dists/") + parent + name);
+}
+
+/** The lists of the files in the packages, of all architectures or of one; `folder` is below dists. */
+void removeContents(const QString &repoPath, const QString &folder, const QString &architecture = {})
+{
+    const QString ending
+        = (architecture.isEmpty() ? QStringLiteral("*") : architecture) + QLatin1String(".gz");
+    const QStringList files
+        = QDir(repoPath + QLatin1String("/dists/") + folder)
+              .entryList({QLatin1String("Contents-") + ending, QLatin1String("Contents-udeb-") + ending},
+                         QDir::Files | QDir::System);
+    for (const QString &file : files)
+        removeIndices(repoPath, folder, file);
+}
+} // namespace
+
+void removeVanishedIndices(const QString &repoPath, const RepoInfo &before, const RepoInfo &after)
+{
+    if (before.codename != after.codename) {
+        removeIndices(repoPath, QString(), before.codename);
+        return;
+    }
+    if (!isChildName(before.codename))
+        return;
+    const QStringList components = after.componentList();
+    const QStringList architectures = after.architectureList();
+    const QString distribution = before.codename + QLatin1Char('/');
+    const QStringList oldComponents = before.componentList();
+    const QStringList oldArchitectures = before.architectureList();
+    // Some options have them made here.
+    if (!after.contents)
+        removeContents(repoPath, distribution);
+    for (const QString &component : oldComponents) {
+        if (!components.contains(component)) {
+            removeIndices(repoPath, distribution, component);
+            continue;
+        }
+        if (!isChildName(component))
+            continue;
+        const QString folder = distribution + component + QLatin1Char('/');
+        if (!after.contents)
+            removeContents(repoPath, folder);
+        for (const QString &architecture : oldArchitectures) {
+            if (architectures.contains(architecture))
+                continue;
+            removeIndices(repoPath, folder, QLatin1String("binary-") + architecture);
+            removeIndices(repoPath, folder, QLatin1String("debian-installer/binary-") + architecture);
+            removeContents(repoPath, folder, architecture);
+        }
+    }
+}

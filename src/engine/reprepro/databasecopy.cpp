@@ -1,0 +1,358 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/reprepro/databasecopy.h"
+
+#include "engine/repository/distributionsfile.h"
+#include "engine/reprepro/copyelsewhere.h"
+#include "files/descriptor.h"
+#include "files/freespace.h"
+#include "files/openfolder.h"
+#include "files/regularfile.h"
+#include "files/removetree.h"
+#include "files/wholefile.h"
+#include "signing/signedpackages.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+constexpr int BlockSize = 1 << 20;
+constexpr mode_t NewFileMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH;
+/** Bytes for what grows in the database, and for small files beside it. */
+constexpr qint64 SpareRoom = 1 << 20;
+
+const QString PackagesFile = QStringLiteral("packages.db");
+/** What it remembers of the index files that it has written, which are other ones by now. */
+const QString ReleaseCache = QStringLiteral("release.caches.db");
+
+/** The record of the signed packages; empty in the copy when there was none. */
+const QString SignatureFile = QStringLiteral("packages.conf");
+const QString DescriptionFile = QStringLiteral("/distributions");
+const QString DoneDescriptionFile = QStringLiteral("/distributions.done");
+
+QString inDatabase(const QString &repoPath, const QString &name)
+{
+    return repoPath + QLatin1String("/db/") + name;
+}
+
+/** Where the copy lies, under one of three names. */
+QString inHome(const QString &repoPath, const QString &name)
+{
+    const QString elsewhere = CopyElsewhere::folder(repoPath);
+    return elsewhere.isEmpty() ? inDatabase(repoPath, name) : elsewhere + QLatin1Char('/') + name;
+}
+
+QString place(const QString &repoPath)
+{
+    return inHome(repoPath, QStringLiteral("velt-admin-repo.before"));
+}
+
+QString condemnedPlace(const QString &repoPath)
+{
+    return inHome(repoPath, QStringLiteral("velt-admin-repo.put-back"));
+}
+
+QString unfinishedPlace(const QString &repoPath)
+{
+    return inHome(repoPath, QStringLiteral("velt-admin-repo.copying"));
+}
+
+bool rename(const QString &from, const QString &to)
+{
+    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
+}
+
+/** Without what can be made anew, of which the contents of all packages can be the largest part of the database. */
+QStringList filesToCopy(const QString &repoPath)
+{
+    QStringList files = QDir(inDatabase(repoPath, {}))
+                            .entryList({QStringLiteral("*.db"), QStringLiteral("version")}, QDir::Files);
+    files.removeOne(QStringLiteral("contents.cache.db"));
+    files.removeOne(ReleaseCache);
+    return files;
+}
+
+bool copyWhole(const QString &source, const QString &copy)
+{
+    return RegularFile(source).copy(copy) && QFileInfo(copy).size() == QFileInfo(source).size();
+}
+
+/**
+ * Writes the copy into a file that is there: on a full disk it needs no more room than that has. When it is cut short,
+ * the copy is still there.
+ */
+bool copyOver(const QString &copy, const QString &target)
+{
+    RegularFile source(copy);
+    Descriptor file(::open(
+        QFile::encodeName(target).constData(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, NewFileMode));
+    QFile written;
+    if (!source.open(QIODevice::ReadOnly) || !file.isOpen()
+        || !written.open(file.number(), QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return false;
+    while (!source.atEnd()) {
+        const QByteArray part = source.read(BlockSize);
+        if (part.isEmpty() || written.write(part) != part.size())
+            return false;
+    }
+    return ::ftruncate(file.number(), source.size()) == 0 && ::fsync(file.number()) == 0;
+}
+
+/** Puts a copy on another disk in the place of a file, which goes aside; where there is no room for both, over it. */
+bool copyBack(const QString &copy, const QString &target, const QString &aside)
+{
+    const QString fresh = target + QLatin1String(".velt-new");
+    const bool isWhole = copyOver(copy, fresh);
+    if (isWhole)
+        rename(target, aside);
+    if (isWhole && rename(fresh, target))
+        return true;
+    QFile::remove(fresh);
+    return copyOver(copy, target);
+}
+
+bool copySignatures(const QString &repoPath, const QString &target)
+{
+    const QString source = SignedPackages::packagesConfPath(repoPath);
+    const QString copy = target + QLatin1Char('/') + SignatureFile;
+    return QFile::exists(source) ? copyWhole(source, copy) : QFile(copy).open(QIODevice::WriteOnly);
+}
+
+bool putSignaturesBack(const QString &repoPath, const QString &source)
+{
+    const QString copy = source + QLatin1Char('/') + SignatureFile;
+    const QString target = SignedPackages::packagesConfPath(repoPath);
+    // When this was cut short before, the copy has gone to its place.
+    if (!QFile::exists(copy))
+        return true;
+    if (QFileInfo(copy).size() > 0)
+        return rename(copy, target) || copyOver(copy, target);
+    return !QFile::exists(target) || QFile::remove(target);
+}
+
+bool copyFiles(const QString &repoPath)
+{
+    const QString target = unfinishedPlace(repoPath);
+    removeTree(target);
+    if (!QDir().mkdir(target))
+        return false;
+    const QStringList files = filesToCopy(repoPath);
+    const bool copied = std::all_of(files.cbegin(), files.cend(), [&](const QString &file) {
+        return copyWhole(inDatabase(repoPath, file), target + QLatin1Char('/') + file);
+    });
+    if (copied && copySignatures(repoPath, target) && rename(target, place(repoPath)))
+        return true;
+    removeTree(target);
+    return false;
+}
+
+/** A folder that one who may change the database has made: what somebody else has put there, or let a link name, is
+ *  neither read nor deleted. */
+bool isOurs(const QString &repoPath, const QString &folder)
+{
+    struct stat database = {};
+    struct stat present = {};
+    return ::stat(QFile::encodeName(inDatabase(repoPath, {})).constData(), &database) == 0
+           && ::lstat(QFile::encodeName(folder).constData(), &present) == 0 && S_ISDIR(present.st_mode)
+           && (present.st_uid == ::geteuid() || present.st_uid == database.st_uid || present.st_uid == 0
+               || (database.st_mode & S_IWOTH) == 0);
+}
+
+/** The file of the copy takes its place, and what was there goes aside. */
+bool putFileBack(const QString &repoPath, const QDir &copy, const QString &file)
+{
+    const QString target = inDatabase(repoPath, file);
+    const QString aside = DatabaseCopy::asideFolder(repoPath) + QLatin1Char('/') + file;
+    if (!CopyElsewhere::folder(repoPath).isEmpty())
+        return copyBack(copy.filePath(file), target, aside);
+    // Where it cannot be kept the good one is worth more.
+    rename(target, aside);
+    return rename(copy.filePath(file), target);
+}
+
+qint64 sizeOfIndices(const QString &repoPath)
+{
+    qint64 size = 0;
+    QDirIterator files(repoPath + QLatin1String("/dists"), QDir::Files, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        files.next();
+        size += files.fileInfo().size();
+    }
+    return size;
+}
+
+qint64 sizeOfCopy(const QString &repoPath)
+{
+    qint64 size = QFileInfo(SignedPackages::packagesConfPath(repoPath)).size();
+    const QStringList files = filesToCopy(repoPath);
+    for (const QString &file : files)
+        size += QFileInfo(inDatabase(repoPath, file)).size();
+    return size;
+}
+
+bool copyTo(const QString &repoPath, DatabaseCopy::Place place)
+{
+    using Kind = CopyElsewhere::Kind;
+    const qint64 free = freeSpace(inDatabase(repoPath, {}));
+    const bool isShort = free >= 0 && free < DatabaseCopy::roomNeeded(repoPath);
+    if (place == DatabaseCopy::Place::Beside || !isShort)
+        return copyFiles(repoPath);
+    const qint64 size = sizeOfCopy(repoPath) + SpareRoom;
+    if (place == DatabaseCopy::Place::Memory)
+        return !CopyElsewhere::make(repoPath, size, Kind::Memory).isEmpty() && copyFiles(repoPath);
+    // Without another disk, what is left of this one may do.
+    CopyElsewhere::make(repoPath, size, Kind::Disk);
+    return copyFiles(repoPath);
+}
+} // namespace
+
+DatabaseCopy::Outcome DatabaseCopy::make(const QString &repoPath, Place where)
+{
+    if (exists(repoPath) || !QFile::exists(inDatabase(repoPath, PackagesFile)))
+        return Outcome::Made;
+    const QByteArray lock = QFile::encodeName(inDatabase(repoPath, QStringLiteral("lockfile")));
+    const int descriptor
+        = ::open(lock.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (descriptor < 0 && errno != EEXIST)
+        return errno == EACCES || errno == EROFS ? Outcome::Made : Outcome::Failed;
+    if (descriptor < 0)
+        return Outcome::Locked;
+    ::close(descriptor);
+    // What is left of an earlier one on another disk is not the place for this one.
+    CopyElsewhere::drop(repoPath);
+    // In the place of a link no folder can be put.
+    for (const QString &path : {place(repoPath), condemnedPlace(repoPath)})
+        if (QFileInfo(path).isSymLink())
+            QFile::remove(path);
+    const bool isMade = copyTo(repoPath, where);
+    ::unlink(lock.constData());
+    if (!isMade)
+        CopyElsewhere::drop(repoPath);
+    return isMade ? Outcome::Made : Outcome::Failed;
+}
+
+qint64 DatabaseCopy::roomNeeded(const QString &repoPath)
+{
+    return sizeOfCopy(repoPath) + sizeOfIndices(repoPath) + SpareRoom;
+}
+
+bool DatabaseCopy::exists(const QString &repoPath)
+{
+    return isOurs(repoPath, place(repoPath)) || isCondemned(repoPath);
+}
+
+QString DatabaseCopy::folder(const QString &repoPath)
+{
+    return isCondemned(repoPath) ? condemnedPlace(repoPath) : place(repoPath);
+}
+
+QDateTime DatabaseCopy::time(const QString &repoPath)
+{
+    return QFileInfo(folder(repoPath) + QLatin1Char('/') + PackagesFile).lastModified();
+}
+
+void DatabaseCopy::condemn(const QString &repoPath)
+{
+    // A new name needs no room on a disk that is full.
+    rename(place(repoPath), condemnedPlace(repoPath));
+}
+
+bool DatabaseCopy::isCondemned(const QString &repoPath)
+{
+    return isOurs(repoPath, condemnedPlace(repoPath));
+}
+
+bool DatabaseCopy::putBack(const QString &repoPath)
+{
+    QDir source(folder(repoPath));
+    QStringList files = source.entryList({QStringLiteral("*.db"), QStringLiteral("version")}, QDir::Files);
+    // Last, since its time tells when the copy was made.
+    if (files.removeOne(PackagesFile))
+        files.append(PackagesFile);
+    QFile::remove(inDatabase(repoPath, ReleaseCache));
+    const QString aside = asideFolder(repoPath);
+    if (!isOurs(repoPath, aside)) {
+        removeTree(aside);
+        QDir().mkdir(aside);
+    }
+    return putSignaturesBack(repoPath, source.path())
+           && std::all_of(files.cbegin(),
+                          files.cend(),
+                          [&](const QString &file) { return putFileBack(repoPath, source, file); })
+           && removeTree(source.path());
+}
+
+void DatabaseCopy::drop(const QString &repoPath)
+{
+    // Under the name of a copy that is not finished, half of it is taken for what it is.
+    const QString rest = unfinishedPlace(repoPath);
+    for (const QString &path : {place(repoPath), condemnedPlace(repoPath)}) {
+        if (!isOurs(repoPath, path))
+            continue;
+        removeTree(rest);
+        removeTree(rename(path, rest) ? rest : path);
+    }
+    removeTree(rest);
+    CopyElsewhere::drop(repoPath);
+}
+
+bool DatabaseCopy::isUnfinished(const QString &repoPath)
+{
+    return isOurs(repoPath, unfinishedPlace(repoPath)) || CopyElsewhere::isNamed(repoPath);
+}
+
+bool DatabaseCopy::isLost(const QString &repoPath)
+{
+    return CopyElsewhere::isNamed(repoPath) && CopyElsewhere::folder(repoPath).isEmpty();
+}
+
+QString DatabaseCopy::asideFolder(const QString &repoPath)
+{
+    return inDatabase(repoPath, QStringLiteral("velt-admin-repo.damaged"));
+}
+
+// --- the description ---------------------------------------------------------------------------------------------
+
+bool DatabaseCopy::keepDescription(const QString &repoPath, const QByteArray &bytes)
+{
+    const QDir database(inDatabase(repoPath, {}));
+    return (exists(repoPath) || (database.mkpath(database.path()) && database.mkdir(place(repoPath))))
+           && WholeFile::replace(folder(repoPath) + DescriptionFile, bytes).isEmpty();
+}
+
+std::optional<QByteArray> DatabaseCopy::description(const QString &repoPath)
+{
+    constexpr qint64 LargestDescription = 16 << 20;
+    if (!isOurs(repoPath, folder(repoPath)))
+        return std::nullopt;
+    return OpenFolder::readFile(folder(repoPath) + DescriptionFile, LargestDescription);
+}
+
+void DatabaseCopy::setDescriptionDone(const QString &repoPath)
+{
+    rename(folder(repoPath) + DescriptionFile, folder(repoPath) + DoneDescriptionFile);
+}
+
+void DatabaseCopy::setDescriptionDue(const QString &repoPath)
+{
+    rename(folder(repoPath) + DoneDescriptionFile, folder(repoPath) + DescriptionFile);
+}
+
+bool DatabaseCopy::putDescriptionBack(const QString &repoPath)
+{
+    const auto kept = description(repoPath);
+    const DistributionsFile file(repoPath);
+    if (!kept || file.readBytes() == kept || file.restore(*kept))
+        return true;
+    return rename(folder(repoPath) + DescriptionFile, file.fileName());
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/reprepro/repolock.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace
+{
+QString lockFile(const QString &repoPath)
+{
+    return repoPath + QLatin1String("/db/lockfile");
+}
+} // namespace
+
+RepoLock::State RepoLock::state(const QString &repoPath)
+{
+    const QString folder = QFileInfo(repoPath + QLatin1String("/db")).canonicalFilePath();
+    if (folder.isEmpty())
+        return State::Free; // without the folder there is no database that somebody could hold
+    const QString database = folder + QLatin1Char('/');
+    State state = State::Stale;
+    const QStringList processes
+        = QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")}, QDir::Dirs);
+    for (const QString &process : processes) {
+        const QString about = QLatin1String("/proc/") + process;
+        QFile name(about + QLatin1String("/comm"));
+        // Only reprepro writes the database; a file manager that looks into the folder does not hold it.
+        if (!name.open(QIODevice::ReadOnly) || name.readAll().trimmed() != "reprepro")
+            continue;
+        const QDir descriptors(about + QLatin1String("/fd"));
+        if (!QFileInfo(descriptors.path()).isReadable()) {
+            state = State::Unknown;
+            continue;
+        }
+        const QFileInfoList open
+            = descriptors.entryInfoList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot);
+        const bool holds = std::any_of(open.cbegin(), open.cend(), [&](const QFileInfo &descriptor) {
+            return descriptor.symLinkTarget().startsWith(database);
+        });
+        if (holds)
+            return State::Held;
+    }
+    // Last, because a program that has finished meanwhile has taken its lock with it.
+    return QFile::exists(lockFile(repoPath)) ? state : State::Free;
+}
+
+bool RepoLock::remove(const QString &repoPath)
+{
+    return QFile::remove(lockFile(repoPath));
+}

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/reprepro/repositorycopy.h"
+
+#include "files/asidedirectory.h"
+#include "files/removetree.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+RepositoryCopy::RepositoryCopy(QString from, const QString &to)
+    : m_from(std::move(from))
+    , m_to(to)
+    , m_partial(to + QLatin1String(".velt-admin-repo-moving"))
+{ }
+
+RepositoryCopy::~RepositoryCopy()
+{
+    if (m_folder < 0)
+        return;
+    // Nothing is left of it at its first name when it has taken its place.
+    removeTree(m_partial);
+    ::close(m_folder);
+}
+
+int RepositoryCopy::stepCount() const
+{
+    int count = 0;
+    QDirIterator entries(m_from,
+                         QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                         QDirIterator::Subdirectories);
+    while (entries.hasNext()) {
+        // Each is copied, and each file is compared.
+        const QFileInfo entry(entries.next());
+        count += entry.isDir() && !entry.isSymLink() ? 1 : 2;
+    }
+    return count;
+}
+
+bool RepositoryCopy::make(const std::function<bool()> &stopped, const std::function<void(int)> &stepsDone)
+{
+    if (!makeFolder())
+        return false;
+    const auto printed
+        = [&stepsDone](const QByteArray &output) { stepsDone(static_cast<int>(output.count('\n'))); };
+    // Everything as it is: links, times, owners where that is allowed.
+    ProcessCall copy;
+    copy.program = QStringLiteral("cp");
+    copy.arguments = QStringList{QStringLiteral("-avT"), QStringLiteral("--"), m_from, m_partial};
+    copy.stopped = stopped;
+    copy.printed = printed;
+    ProcessCall sync;
+    sync.program = QStringLiteral("sync");
+    sync.arguments = QStringList{QStringLiteral("-f"), m_partial};
+    sync.stopped = stopped;
+    ProcessCall compare;
+    compare.program = QStringLiteral("diff");
+    compare.arguments = QStringList{
+        QStringLiteral("-rqs"), QStringLiteral("--no-dereference"), QStringLiteral("--"), m_from, m_partial};
+    compare.stopped = stopped;
+    compare.printed = printed;
+    const bool isMade = runStep(copy) && runStep(sync) && runStep(compare);
+    if (stopped())
+        m_error.clear();
+    return isMade && !stopped();
+}
+
+bool RepositoryCopy::makeFolder()
+{
+    QDir().mkpath(QFileInfo(m_partial).path());
+    const QByteArray path = QFile::encodeName(m_partial);
+    for (const bool isAgain : {false, true}) {
+        QDir().mkdir(m_partial);
+        m_folder = ::open(path.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+        if (m_folder < 0 || ::flock(m_folder, LOCK_EX | LOCK_NB) != 0) {
+            m_error = qt_error_string(errno);
+            break;
+        }
+        if (isAgain || QDir(m_partial).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+            return true;
+        // What a killed run has left: nobody holds its lock.
+        removeTree(m_partial);
+        ::close(m_folder);
+    }
+    if (m_folder >= 0)
+        ::close(m_folder);
+    m_folder = -1;
+    return false;
+}
+
+bool RepositoryCopy::runStep(const ProcessCall &call)
+{
+    const ProcessResult result = runProcess(call);
+    if (result.succeeded())
+        return true;
+    // On a full disk each file has a line. What differs is no error to the program that compares.
+    constexpr int LinesTold = 5;
+    QStringList lines = result.errorOutput.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    if (lines.isEmpty()) {
+        lines.append(tr("The copy differs from the original."));
+        const QStringList compared = result.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        for (const QString &line : compared)
+            if (!line.endsWith(QLatin1String(" are identical")))
+                lines.append(line);
+    }
+    m_error = lines.mid(0, LinesTold).join(QLatin1Char('\n'));
+    return false;
+}
+
+bool RepositoryCopy::takePlace()
+{
+    m_lock.take(m_partial);
+    m_error = AsideDirectory::rename(m_partial, m_to);
+    return m_error.isEmpty();
+}
+
+bool RepositoryCopy::removeOriginal()
+{
+    // Under its own name, half a repository would be taken for a whole one.
+    AsideDirectory original(m_from);
+    m_leftAt = original.error().isEmpty() ? original.place() : m_from;
+    return original.error().isEmpty() && original.remove();
+}
+
+void RepositoryCopy::undo()
+{
+    AsideDirectory copy(m_to);
+    if (copy.error().isEmpty())
+        copy.remove();
+}

@@ -1,0 +1,194 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/reprepro/repreprocommands.h"
+
+#include <algorithm>
+
+namespace
+{
+QString suffixOf(PackageType type)
+{
+    return type == PackageType::Udeb ? QStringLiteral("udeb") : QStringLiteral("deb");
+}
+
+/** QProcess reads three double quotes as one that is meant. */
+QString escaped(const QString &text)
+{
+    return QString(text).replace(QLatin1Char('"'), QLatin1String("\"\"\""));
+}
+} // namespace
+
+QString ReproCommand::quoted(const QString &word)
+{
+    const bool plain = std::none_of(
+        word.cbegin(), word.cend(), [](QChar c) { return c.isSpace() || c == QLatin1Char('"'); });
+    if (plain && !word.isEmpty())
+        return word;
+    return QLatin1Char('"') + escaped(word) + QLatin1Char('"');
+}
+
+QString ReproCommand::commandLine(const QString &path, const QString &arguments)
+{
+    return QStringLiteral("reprepro -b %1 %2").arg(quoted(path), arguments);
+}
+
+QString ReproCommand::exportIndices()
+{
+    return QStringLiteral(" export");
+}
+
+QString ReproCommand::clearVanished(bool packages)
+{
+    return packages ? QStringLiteral(" --delete clearvanished") : QStringLiteral(" clearvanished");
+}
+
+QString ReproCommand::copyAll(const QString &from, const QString &to)
+{
+    return QStringLiteral(" copymatched %1 %2 *").arg(quoted(to), quoted(from));
+}
+
+QString ReproCommand::flood(const QString &codename, const QString &architecture)
+{
+    return QStringLiteral(" flood %1 %2").arg(quoted(codename), quoted(architecture));
+}
+
+QString ReproCommand::removeAllTracks(const QString &codename)
+{
+    return QStringLiteral(" --delete removealltracks ") + quoted(codename);
+}
+
+QString ReproCommand::deleteUnreferenced()
+{
+    return QStringLiteral(" deleteunreferenced");
+}
+
+QString ReproCommand::dumpUnreferenced()
+{
+    return QStringLiteral(" dumpunreferenced");
+}
+
+QString ReproCommand::forget(const QStringList &poolFiles)
+{
+    QString arguments = QStringLiteral(" _forget");
+    for (const QString &file : poolFiles)
+        arguments += QLatin1Char(' ') + quoted(file);
+    return arguments;
+}
+
+QString ReproCommand::dumpReferences()
+{
+    return QStringLiteral(" dumpreferences");
+}
+
+QString ReproCommand::rereference()
+{
+    return QStringLiteral(" rereference");
+}
+
+QString ReproCommand::detect(const QString &poolFile)
+{
+    return QStringLiteral(" _detect %1").arg(quoted(poolFile));
+}
+
+QString ReproCommand::listChecksums()
+{
+    return QStringLiteral(" _listchecksums");
+}
+
+QString ReproCommand::remove(const QString &codename,
+                             const QStringList &names,
+                             const QString &component,
+                             const QString &architecture,
+                             const PackageType *type)
+{
+    QString arguments;
+    if (type != nullptr)
+        arguments += QStringLiteral("-T %1 ").arg(suffixOf(*type));
+    if (!component.isEmpty())
+        arguments += QStringLiteral("-C %1 ").arg(quoted(component));
+    if (!architecture.isEmpty() && architecture != QLatin1String("all"))
+        arguments += QStringLiteral("-A %1 ").arg(quoted(architecture));
+    arguments += QStringLiteral("remove %1").arg(quoted(codename));
+    for (const QString &name : names)
+        arguments += QLatin1Char(' ') + quoted(name);
+    return arguments;
+}
+
+QString ReproCommand::include(const QString &codename, const PackageInfo &record, const QStringList &files)
+{
+    // The Section field can name another component than the one that lists the package.
+    QString section = record.section;
+    if (record.component != record.indexComponent)
+        section.prepend(record.component + QLatin1Char('/'));
+    const bool isUdeb = files.first().endsWith(QLatin1String(".udeb"));
+    QString arguments = QStringLiteral("-C %1 ").arg(quoted(record.indexComponent));
+    if (!record.architecture.isEmpty())
+        arguments += QStringLiteral("-A %1 ").arg(quoted(record.architecture));
+    arguments += QStringLiteral("-S %1 include%2 %3")
+                     .arg(quoted(section),
+                          suffixOf(isUdeb ? PackageType::Udeb : PackageType::Deb),
+                          quoted(codename));
+    for (const QString &file : files)
+        arguments += QLatin1String(" \"") + escaped(file) + QLatin1Char('"');
+    return arguments;
+}
+
+QString ReproCommand::defaultPriority()
+{
+    // Verbose, so that the log shows the priority that was given; -P takes the next word whatever it is.
+    return QStringLiteral("-V -P optional ");
+}
+
+QString ReproCommand::listFiles(const QString &codename,
+                                const QString &name,
+                                const QString &component,
+                                const QString &architecture)
+{
+    return listFiles(codename, QStringList{name}, component, architecture);
+}
+
+QString ReproCommand::listFiles(const QString &codename,
+                                const QStringList &names,
+                                const QString &component,
+                                const QString &architecture)
+{
+    QStringList choices;
+    for (const QString &name : names)
+        choices.append(QStringLiteral("Package (% %1)").arg(name));
+    QString filter = choices.join(QLatin1String(" | "));
+    if (names.size() > 1)
+        filter = QLatin1Char('(') + filter + QLatin1Char(')');
+    if (!component.isEmpty())
+        filter += QStringLiteral(", $Component (% %1)").arg(component);
+    if (!architecture.isEmpty())
+        filter += QStringLiteral(", $Architecture (% %1)").arg(architecture);
+    return QLatin1String("--list-format \"${filename}\n\" listfilter ") + quoted(codename)
+           + QLatin1String(" \"") + escaped(filter) + QLatin1Char('"');
+}
+
+QString ReproCommand::listAllFiles(const QString &codename)
+{
+    return QLatin1String("--list-format \"${$component} ${$architecture} ${package} ${filename}\n\" list ")
+           + quoted(codename);
+}
+
+QString ReproCommand::listAllFilesIn(const QString &databaseFolder, const QString &codename)
+{
+    // It can be older than the description of the repository.
+    return QStringLiteral("--ignore=undefinedtarget --dbdir %1 %2")
+        .arg(quoted(databaseFolder), listAllFiles(codename));
+}
+
+QString ReproCommand::poolFile(const PackageInfo &package, const QString &controlArchitecture)
+{
+    // "Source: name (version)" names the source only when it differs from the package.
+    QString source = package.control.field("Source").section(QLatin1Char(' '), 0, 0);
+    if (source.isEmpty())
+        source = package.name;
+    const bool library = source.startsWith(QLatin1String("lib")) && source.size() > 3;
+    // The epoch is no part of a file name.
+    const QString version = package.version.mid(package.version.indexOf(QLatin1Char(':')) + 1);
+    const QString folder
+        = QStringLiteral("pool/%1/%2/%3").arg(package.component, source.left(library ? 4 : 1), source);
+    return QStringLiteral("%1/%2_%3_%4.%5")
+        .arg(folder, package.name, version, controlArchitecture, suffixOf(package.type));
+}

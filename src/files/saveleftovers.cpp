@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "files/saveleftovers.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+
+void SaveLeftovers::remove(const QString &fileName)
+{
+    constexpr int Untouched = 60; // seconds
+    const QFileInfo info(fileName);
+    // Letters in random case; what could be a word, such as "broken" or "Backup", is somebody's own.
+    const QRegularExpression form(QLatin1Char('^') + QRegularExpression::escape(info.fileName())
+                                  + QLatin1String("\\.(?![A-Z]?[a-z]+$|[A-Z]+$)[A-Za-z]{6}$"));
+    const QFileInfoList files = info.dir().entryInfoList({info.fileName() + QLatin1String(".??????")},
+                                                         QDir::Files | QDir::Hidden | QDir::NoSymLinks);
+    for (const QFileInfo &file : files) {
+        const bool isOld = file.lastModified().secsTo(QDateTime::currentDateTime()) > Untouched;
+        if (isOld && form.match(file.fileName()).hasMatch())
+            QFile::remove(file.filePath());
+    }
+}

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "files/scratchfolder.h"
+
+#include "files/removetree.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <algorithm>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+QString namePrefix()
+{
+    return QStringLiteral("velt-admin-repo-work-");
+}
+
+/** An open folder; -1 when there is none, or a link in its place. Programs that we start do not inherit it. */
+int openFolder(const QString &path)
+{
+    return ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+}
+
+/** Whether the open folder is still what lies at `path`. */
+bool isAt(int folder, const QString &path)
+{
+    struct stat open = {};
+    struct stat present = {};
+    return ::fstat(folder, &open) == 0 && ::lstat(QFile::encodeName(path).constData(), &present) == 0
+           && open.st_dev == present.st_dev && open.st_ino == present.st_ino;
+}
+
+bool isOurs(int folder)
+{
+    struct stat status = {};
+    return ::fstat(folder, &status) == 0 && status.st_uid == ::geteuid();
+}
+
+/** Deletes what is in the open folder, and the empty folder at `path`. */
+void removeFolder(int folder, const QString &path)
+{
+    // Nothing else is emptied, whatever lies at the path by now. The folder itself has to be deleted by its path; a
+    // link in its place makes rmdir() fail.
+    removeContents(folder);
+    ::rmdir(QFile::encodeName(path).constData());
+}
+
+/** Whether a process was started with this path in its arguments or its environment. */
+bool isNamedByProcess(const QString &path)
+{
+    const QByteArray wanted = QFile::encodeName(path);
+    const QStringList processes
+        = QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")}, QDir::Dirs);
+    return std::any_of(processes.cbegin(), processes.cend(), [&wanted](const QString &process) {
+        for (const char *name : {"environ", "cmdline"}) {
+            QFile file(QStringLiteral("/proc/%1/%2").arg(process, QLatin1String(name)));
+            if (file.open(QIODevice::ReadOnly) && file.readAll().contains(wanted))
+                return true;
+        }
+        return false;
+    });
+}
+} // namespace
+
+ScratchFolder::ScratchFolder(const QString &parent)
+{
+    // Between making and locking it, another start of the program may take it for a leftover.
+    constexpr int Attempts = 5;
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        auto folder = std::make_unique<QTemporaryDir>(parent + QLatin1Char('/') + namePrefix()
+                                                      + QLatin1String("XXXXXX"));
+        if (!folder->isValid())
+            return;
+        folder->setAutoRemove(false);
+        const int lock = openFolder(folder->path());
+        if (lock >= 0 && ::flock(lock, LOCK_EX) == 0 && isAt(lock, folder->path())) {
+            m_lock = lock;
+            m_folder = std::move(folder);
+            return;
+        }
+        if (lock >= 0)
+            ::close(lock);
+        removeTree(folder->path());
+    }
+}
+
+ScratchFolder::~ScratchFolder()
+{
+    if (m_lock < 0)
+        return;
+    removeFolder(m_lock, m_folder->path());
+    ::close(m_lock);
+}
+
+bool ScratchFolder::isSafePlace(const QString &parent)
+{
+    struct stat status = {};
+    if (::stat(QFile::encodeName(parent).constData(), &status) != 0)
+        return false;
+    // Where others may rename what is not theirs, a folder could be another one by the time that it is deleted.
+    const bool ownerIsTrusted = status.st_uid == 0 || status.st_uid == ::geteuid();
+    return ownerIsTrusted && ((status.st_mode & (S_IWGRP | S_IWOTH)) == 0 || (status.st_mode & S_ISVTX) != 0);
+}
+
+void ScratchFolder::removeLeftovers(const QString &parent)
+{
+    if (!isSafePlace(parent))
+        return;
+    const QDir folders(parent);
+    const QStringList names
+        = folders.entryList({namePrefix() + QLatin1Char('*')}, QDir::Dirs | QDir::NoSymLinks);
+    for (const QString &name : names) {
+        const QString path = folders.filePath(name);
+        const int folder = openFolder(path);
+        if (folder < 0)
+            continue;
+        if (isOurs(folder) && ::flock(folder, LOCK_EX | LOCK_NB) == 0 && !isNamedByProcess(path))
+            removeFolder(folder, path);
+        ::close(folder);
+    }
+}

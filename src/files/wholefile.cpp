@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "files/wholefile.h"
+
+#include <QByteArray>
+#include <QSaveFile>
+
+QString WholeFile::replace(const QString &path, const QByteArray &contents)
+{
+    QSaveFile file(path);
+    // What is not committed goes with the object.
+    const bool isDone = file.open(QIODevice::WriteOnly) && writeOut(file, contents) && file.commit();
+    return isDone ? QString() : file.errorString();
+}
+
+bool WholeFile::writeOut(QFileDevice &device, const QByteArray &contents)
+{
+    return device.write(contents) == contents.size() && device.flush();
+}

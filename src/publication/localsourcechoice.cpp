@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "publication/localsourcechoice.h"
+
+#include "publication/publicationaddresses.h"
+#include "server/sourcekey.h"
+
+#include <algorithm>
+
+namespace
+{
+/** The publication that apt of this machine uses best: apt has to be set up for FTP. */
+std::optional<Publication> bestOf(const QVector<Publication> &publications)
+{
+    const auto best = std::min_element(publications.cbegin(),
+                                       publications.cend(),
+                                       [](const auto &a, const auto &b) { return a.protocol < b.protocol; });
+    return best == publications.cend() ? std::nullopt : std::optional<Publication>(*best);
+}
+} // namespace
+
+std::optional<LocalSourceChoice> LocalSourceChoice::of(const LocalSourceFacts &facts)
+{
+    LocalSourceChoice choice{facts.offered};
+    SourceLine &line = choice.line;
+    const bool isSigned = !facts.fingerprint.isEmpty();
+    if (isSigned) {
+        line.trusted = false;
+        line.signedBy = SourceKey::file(facts.fingerprint);
+    }
+    if (facts.access.way != AptAccess::NoWay) {
+        line.protocol = LocalDirectoryProtocol;
+        line.directory = SourceLine::inLine(facts.directory);
+        // A package that others can change is safe from them once it is copied and then checked.
+        line.copied = facts.access.way == AptAccess::ByRoot || !facts.access.isGuarded;
+        choice.risk = line.trusted && !facts.access.isGuarded ? OthersWrite : NoRisk;
+        return choice;
+    }
+    if (const std::optional<Publication> served = bestOf(facts.publications)) {
+        line.protocol = served->protocol;
+        line.port = served->port();
+        // Another address may be another machine's one day.
+        line.host = PublicationAddresses::loopback();
+    }
+    if (line.protocol < 0)
+        return std::nullopt;
+    choice.risk = line.trusted ? OthersServe : NoRisk;
+    return choice;
+}

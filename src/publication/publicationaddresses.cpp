@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "publication/publicationaddresses.h"
+
+#include <QNetworkInterface>
+#include <QNetworkProxy>
+#include <QRegularExpression>
+
+#include <utility>
+
+PublicationAddresses::PublicationAddresses(QObject *parent)
+    : PublicationAddresses(Target(), parent)
+{ }
+
+PublicationAddresses::PublicationAddresses(Target target, QObject *parent)
+    : QObject(parent)
+    , m_target(std::move(target))
+{
+    // Through a proxy the connection would tell the way to the proxy.
+    m_socket.setProxy(QNetworkProxy::NoProxy);
+    m_limit.setSingleShot(true);
+    connect(&m_socket, &QTcpSocket::connected, this, [this] { finish(m_socket.localAddress().toString()); });
+    connect(&m_socket, &QTcpSocket::errorOccurred, this, [this] { finish(QString()); });
+    connect(&m_limit, &QTimer::timeout, this, [this] { finish(QString()); });
+}
+
+PublicationAddresses::~PublicationAddresses()
+{
+    // The socket's own end reports what would reach an object that is half gone.
+    m_socket.disconnect(this);
+}
+
+bool PublicationAddresses::isAddress(const QString &text)
+{
+    static const QRegularExpression address(QRegularExpression::anchoredPattern(pattern()));
+    return address.match(text).hasMatch();
+}
+
+void PublicationAddresses::start()
+{
+    m_limit.start(m_target.limit);
+    m_socket.connectToHost(m_target.host, m_target.port);
+}
+
+void PublicationAddresses::finish(const QString &preferred)
+{
+    if (std::exchange(m_done, true))
+        return;
+    m_limit.stop();
+    m_socket.abort();
+    QStringList addresses;
+    const QList<QHostAddress> all = QNetworkInterface::allAddresses();
+    for (const QHostAddress &address : all) {
+        if (address.protocol() == QAbstractSocket::IPv4Protocol && !address.isLoopback())
+            addresses += address.toString();
+    }
+    addresses.removeDuplicates();
+    Q_EMIT found(addresses, preferred);
+}

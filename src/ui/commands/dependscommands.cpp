@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/commands/dependscommands.h"
+
+#include "engine/reposhell.h"
+#include "ui/commands/settingscommands.h"
+#include "ui/dialogs/prompts.h"
+#include "ui/search/addpackagedialog.h"
+#include "ui/tab/dependsview.h"
+#include "ui/tab/jobfeedback.h"
+#include "ui/tab/repotabs.h"
+#include "ui/tab/repowidget.h"
+#include "ui/widgets/mnemonics.h"
+
+#include "ui_mainwindow.h"
+
+#include <QMenu>
+#include <QToolButton>
+
+DependsCommands::DependsCommands(Ui::MainWindow &ui,
+                                 RepoTabs &tabs,
+                                 Prompts &prompts,
+                                 JobFeedback &feedback,
+                                 SettingsCommands &settings,
+                                 QWidget *window)
+    : QObject(window)
+    , m_ui(ui)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_feedback(feedback)
+    , m_settings(settings)
+    , m_menu(new QMenu(window))
+{
+    m_menu->setObjectName(QStringLiteral("m_dependsMenu"));
+    m_menu->setToolTipsVisible(true);
+    m_ui.m_addToLocalRepoAction->setEnabled(false);
+    connect(m_ui.m_checkDependStartAction, &QAction::triggered, this, &DependsCommands::checkDepends);
+    connect(m_ui.m_checkDependsAction, &QAction::triggered, this, &DependsCommands::checkDependsByToolBar);
+    connect(m_ui.m_addToLocalRepoAction, &QAction::triggered, this, &DependsCommands::addPackageToLocalRepo);
+    connect(m_ui.m_addPackageFromExtRepoAction,
+            &QAction::triggered,
+            this,
+            &DependsCommands::addPackageFromInternet);
+    connect(&m_tabs, &RepoTabs::created, this, &DependsCommands::attach);
+    connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) { m_abilities.remove(widget); });
+    connect(&m_settings, &SettingsCommands::externalReposChanged, this, [this] {
+        const QList<RepoWidget *> widgets = m_tabs.shown();
+        for (const RepoWidget *widget : widgets)
+            widget->dependsView()->setAliases(m_settings.aliases());
+    });
+}
+
+void DependsCommands::attach(RepoWidget *widget)
+{
+    DependsView *view = widget->dependsView();
+    view->setAliases(m_settings.aliases());
+    view->setArrangement(m_arrangement);
+    connect(view, &DependsView::arrangementChanged, this, [this, widget] { shareArrangement(widget); });
+    connect(widget, &RepoWidget::enableCheckDependsAction, this, [this, widget](bool isEnabled) {
+        m_abilities[widget].check = isEnabled;
+        Q_EMIT stateChanged();
+    });
+    connect(widget, &RepoWidget::enableDependsCheckMenu, this, [this, widget](bool isEnabled) {
+        m_abilities[widget].checkMenu = isEnabled;
+        Q_EMIT stateChanged();
+    });
+    connect(widget, &RepoWidget::checkDependsToolButtonClicked, this, [this, widget, view] {
+        check(widget, {view->package()});
+    });
+    connect(widget, &RepoWidget::dependsContextMenuRequested, this, [this, widget](const QPoint &pos) {
+        packageDependsContextMenuRequested(widget, pos);
+    });
+}
+
+// --- how it is shown -----------------------------------------------------------------------------------------------
+
+void DependsCommands::updateActions()
+{
+    const RepoWidget *widget = m_tabs.current();
+    const Abilities abilities = m_abilities.value(widget);
+    const bool isFree = m_tabs.isFree(widget);
+    m_ui.m_checkDependStartAction->setEnabled(isFree && abilities.check);
+    m_ui.m_addPackageFromExtRepoAction->setEnabled(m_tabs.isChangeable(widget));
+    m_ui.m_dependsCheckMenu->setEnabled(widget != nullptr && abilities.checkMenu);
+}
+
+void DependsCommands::setArrangement(const DependsArrangement &arrangement)
+{
+    m_arrangement = arrangement;
+    shareArrangement(nullptr);
+}
+
+void DependsCommands::shareArrangement(const RepoWidget *from)
+{
+    if (from != nullptr)
+        m_arrangement = from->dependsView()->arrangement();
+    const QList<RepoWidget *> widgets = m_tabs.shown();
+    for (const RepoWidget *widget : widgets) {
+        if (widget != from)
+            widget->dependsView()->setArrangement(m_arrangement);
+    }
+}
+
+// --- checking ------------------------------------------------------------------------------------------------------
+
+void DependsCommands::checkDepends()
+{
+    RepoWidget *widget = m_tabs.current();
+    if (widget == nullptr)
+        return;
+    const QList<PackageInfoPtr> selected = widget->selectedPackages();
+    check(widget, selected.isEmpty() ? widget->repoShell()->packages() : selected);
+}
+
+void DependsCommands::checkDependsByToolBar()
+{
+    if (m_ui.m_checkDependStartAction->isEnabled()) {
+        checkDepends();
+        return;
+    }
+    // With nothing to check there is still the choice of where to look.
+    auto *button = qobject_cast<QToolButton *>(m_ui.mainToolBar->widgetForAction(m_ui.m_checkDependsAction));
+    if (button != nullptr && button->isVisible())
+        button->showMenu();
+}
+
+void DependsCommands::check(RepoWidget *widget, const QList<PackageInfoPtr> &packages)
+{
+    if (m_tabs.isRunning(widget))
+        return;
+    if (m_settings.choices().dependsRepoType == DependsNowhere)
+        m_prompts.warn(tr("Warning!"), tr("Dependences checking is disabled."));
+    else
+        widget->repoShell()->checkDepends(packages);
+}
+
+// --- what is missing -----------------------------------------------------------------------------------------------
+
+void DependsCommands::packageDependsContextMenuRequested(RepoWidget *widget, const QPoint &globalPos)
+{
+    const QVector<Dependency> lacks = widget->dependsView()->selectedLacks();
+    const QString text
+        = lacks.size() > 1 ? tr("Add packages to local repository") : tr("Add package to local repository");
+    m_menuTab = widget;
+    m_ui.m_addToLocalRepoAction->setText(text);
+    m_ui.m_addToLocalRepoAction->setToolTip(text);
+    m_ui.m_addToLocalRepoAction->setEnabled(!lacks.isEmpty() && m_tabs.isChangeable(widget));
+    m_menu->clear();
+    m_menu->addAction(m_ui.m_addToLocalRepoAction);
+    m_menu->addSeparator();
+    m_menu->addAction(widget->dependsView()->copyAction());
+    Mnemonics::mark(m_menu, nullptr);
+    m_menu->popup(globalPos);
+}
+
+void DependsCommands::addPackageToLocalRepo()
+{
+    if (m_menuTab.isNull() || m_tabs.isRunning(m_menuTab))
+        return;
+    const QPointer<RepoWidget> target = m_menuTab;
+    const QVector<Dependency> lacks = target->dependsView()->selectedLacks();
+    const QStringList components = target->repoShell()->repoInfo().componentList();
+    if (lacks.isEmpty() || !m_settings.confirmAddSettings(components))
+        return;
+    if (!target.isNull() && !m_tabs.isRunning(target))
+        target->repoShell()->addDependencies(lacks, m_settings.addOptions(components));
+}
+
+void DependsCommands::addPackageFromInternet()
+{
+    const QPointer<RepoWidget> target = m_tabs.current();
+    if (target.isNull() || target->repoPath().isEmpty() || m_tabs.isRunning(target))
+        return;
+    const RepoInfo info = target->repoShell()->repoInfo();
+    const QStringList architectures = info.binaryArchitectures();
+    const ExternalRepos &repos = m_settings.externalRepos();
+    PackageFilter filter;
+    filter.architectures = QSet<QString>(architectures.cbegin(), architectures.cend());
+    filter.isAsked = [repos](const QString &origin) { return repos.isOriginAsked(origin); };
+    AddPackageDialog dialog(filter, m_settings.aliases(), m_prompts.window());
+    if (m_prompts.run(dialog) != QDialog::Accepted)
+        return;
+    const QList<PackageInfo> packages = dialog.selectedPackages();
+    if (packages.isEmpty())
+        return;
+    if (m_settings.confirmAddSettings(info.componentList()) && !target.isNull()
+        && !m_tabs.isRunning(target)) {
+        target->repoShell()->downloadPackages(packages, m_settings.addOptions(info.componentList()));
+        return;
+    }
+    // Whatever has come between is no reason to forget in silence what was chosen.
+    QStringList names;
+    for (const PackageInfo &package : packages)
+        names << package.name;
+    m_feedback.announce(tr("Not added: %1").arg(names.join(QLatin1String(", "))));
+}

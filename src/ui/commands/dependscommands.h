@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "ui/depends/dependsarrangement.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+
+class JobFeedback;
+class Prompts;
+class QMenu;
+class QPoint;
+class RepoTabs;
+class RepoWidget;
+class SettingsCommands;
+
+namespace Ui
+{
+class MainWindow;
+}
+
+/** The commands on dependencies: checking them, and fetching what is missing from apt's sources. */
+class DependsCommands : public QObject
+{
+    Q_OBJECT
+public:
+    /** `ui` holds the actions and outlives the commands; `window` is its window. */
+    DependsCommands(Ui::MainWindow &ui,
+                    RepoTabs &tabs,
+                    Prompts &prompts,
+                    JobFeedback &feedback,
+                    SettingsCommands &settings,
+                    QWidget *window);
+
+    /** Shows by the actions what can be done now. */
+    void updateActions();
+    const DependsArrangement &arrangement() const { return m_arrangement; }
+    /** For all tabs there are and will be. */
+    void setArrangement(const DependsArrangement &arrangement);
+
+Q_SIGNALS:
+    /** What can be done now is something else than before. */
+    void stateChanged();
+
+private:
+    /** What a tab says of itself. */
+    struct Abilities
+    {
+        bool check = false;
+        bool checkMenu = false;
+    };
+
+    void attach(RepoWidget *widget);
+    void shareArrangement(const RepoWidget *from);
+    void checkDepends();
+    void checkDependsByToolBar();
+    void check(RepoWidget *widget, const QList<PackageInfoPtr> &packages);
+    void packageDependsContextMenuRequested(RepoWidget *widget, const QPoint &globalPos);
+    void addPackageToLocalRepo();
+    void addPackageFromInternet();
+
+    Ui::MainWindow &m_ui;
+    RepoTabs &m_tabs;
+    Prompts &m_prompts;
+    JobFeedback &m_feedback;
+    SettingsCommands &m_settings;
+    QMenu *m_menu; ///< of the dependency trees
+    QHash<const RepoWidget *, Abilities> m_abilities;
+    QPointer<RepoWidget> m_menuTab; ///< whose tree the menu is about
+    DependsArrangement m_arrangement;
+};

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "publication/helperclient.h"
+#include "publication/localsourcechoice.h"
+#include "publication/localsourceswatch.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+#include <optional>
+
+class JobFeedback;
+class Prompts;
+class PublicationMonitor;
+class RepoTabs;
+class RepoWidget;
+
+/**
+ * The commands on this machine's own list of sources. Which line apt gets is looked into aside: it leads to the
+ * directory or names the repository's key where it can, since a line outlives the publication that it leads to.
+ */
+class LocalSourceCommand : public QObject
+{
+    Q_OBJECT
+public:
+    using Answer = std::function<void(bool done)>;
+
+    LocalSourceCommand(RepoTabs &tabs,
+                       Prompts &prompts,
+                       JobFeedback &feedback,
+                       PublicationMonitor &monitor,
+                       QObject *parent);
+
+    /** The lines of the list by which apt uses the tab's repository. Touches no file. */
+    QStringList linesOf(const RepoWidget &widget) const;
+    /** Those that lead to a port of this machine on which nothing is published; empty as long as that is unknown. */
+    QStringList orphanedLines() const;
+
+    /** Adds the tab's repository to the list, after a question where that is a risk. */
+    void add(RepoWidget *widget);
+    /** Removes the lines of the tab's repository. */
+    void remove(RepoWidget *widget);
+    /**
+     * Removes these lines, while `tab` waits, which is null for lines of no repository that is open. `answer` does
+     * not come when the window is closed before.
+     */
+    void removeLines(const QStringList &lines, RepoWidget *tab, const Answer &answer = {});
+    /** The lines that lead to this publication and that the user wants to go with it. Nothing when nobody was asked. */
+    std::optional<QStringList> askForLinesTo(const Publication &publication);
+
+Q_SIGNALS:
+    /** The list is another one. */
+    void changed();
+
+private:
+    /** What was looked into aside. */
+    struct Finding
+    {
+        LocalSourceFacts facts;
+        QByteArray key; ///< in ASCII armor
+    };
+
+    /** Lines that are being removed one after another. */
+    struct Removal
+    {
+        QStringList ours; ///< still to be removed
+        QStringList byHand; ///< what the helper does not touch
+        QPointer<RepoWidget> tab;
+        Answer answer;
+    };
+
+    static Finding look(LocalSourceFacts facts, const QString &codename);
+    void choose(RepoWidget *widget, const Finding &finding);
+    bool agrees(const LocalSourceChoice &choice, const LocalSourceFacts &facts);
+    void removeNext(Removal removal);
+    void endRemoval(const Removal &removal, const HelperClient::Result &result);
+    void tellWhatStays(const Removal &removal);
+
+    RepoTabs &m_tabs;
+    Prompts &m_prompts;
+    JobFeedback &m_feedback;
+    PublicationMonitor &m_monitor;
+    LocalSourcesWatch m_list;
+    HelperClient m_helper; ///< for lines of repositories that have no engine
+};

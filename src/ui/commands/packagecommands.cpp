@@ -1,0 +1,253 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/commands/packagecommands.h"
+
+#include "core/aside.h"
+#include "engine/reposhell.h"
+#include "ui/commands/repositorycommands.h"
+#include "ui/commands/settingscommands.h"
+#include "ui/dialogs/prompts.h"
+#include "ui/dialogs/startselectactiondialog.h"
+#include "ui/packages/packagedetails.h"
+#include "ui/packages/packagedrop.h"
+#include "ui/tab/jobfeedback.h"
+#include "ui/tab/repotabs.h"
+#include "ui/tab/repowidget.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QPointer>
+#include <QSettings>
+
+#include <algorithm>
+
+namespace
+{
+const QString lastFolderKey = QStringLiteral("MainWindow/packagesFolder");
+} // namespace
+
+PackageCommands::PackageCommands(RepoTabs &tabs,
+                                 Prompts &prompts,
+                                 JobFeedback &feedback,
+                                 SettingsCommands &settings,
+                                 RepositoryCommands &repositories,
+                                 QObject *parent)
+    : QObject(parent)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_feedback(feedback)
+    , m_settings(settings)
+    , m_repositories(repositories)
+    , m_lastFolder(QSettings().value(lastFolderKey, QDir::homePath()).toString())
+{
+    connect(&m_tabs, &RepoTabs::created, this, [this](RepoWidget *widget) {
+        // A drop is a decision for this very repository. Queued: the drag's source waits for the drop to return.
+        connect(
+            widget,
+            &RepoWidget::filesDropped,
+            this,
+            [this, tab = QPointer<RepoWidget>(widget)](const QStringList &files) {
+                takeDropped(files, [this, tab](const QStringList &packages) {
+                    if (tab.isNull())
+                        tellNotAdded(packages);
+                    else
+                        addPackages(tab, packages);
+                });
+            },
+            Qt::QueuedConnection);
+    });
+    connect(&m_tabs, &RepoTabs::ready, this, [this](RepoWidget *widget) {
+        const QStringList files = m_waiting.take(widget);
+        if (!files.isEmpty())
+            addPackages(widget, files);
+    });
+    connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
+        const QStringList files = m_waiting.take(widget);
+        if (!files.isEmpty())
+            m_feedback.appendLog(tr("Not added: %1").arg(files.join(QLatin1String(", "))));
+    });
+}
+
+void PackageCommands::tellNotAdded(const QStringList &files)
+{
+    m_feedback.announce(tr("Not added: %1").arg(files.join(QLatin1String(", "))));
+}
+
+void PackageCommands::warnNoRepository()
+{
+    m_prompts.warn(tr("No repository"), tr("There are no repositories to add a package to"));
+}
+
+RepoWidget *PackageCommands::chooseTarget()
+{
+    QList<RepoWidget *> tabs;
+    QStringList paths;
+    const QList<RepoWidget *> shown = m_tabs.shown();
+    for (RepoWidget *widget : shown) {
+        // One that is about to go takes nothing any more.
+        if (!widget->isEnabled())
+            continue;
+        tabs << widget;
+        paths << m_tabs.pathOf(widget);
+    }
+    if (tabs.isEmpty()) {
+        warnNoRepository();
+        return nullptr;
+    }
+    if (tabs.size() == 1)
+        return tabs.first();
+    const int index = m_prompts.choose(tr("Choose repository"),
+                                       tr("Select the repository to add the package(s) to:"),
+                                       paths,
+                                       tabs.indexOf(m_tabs.current()));
+    // Tabs can have gone while the user was choosing.
+    RepoWidget *target = index < 0 || !m_tabs.shown().contains(tabs.at(index)) ? nullptr : tabs.at(index);
+    if (target != nullptr)
+        m_tabs.bringToFront(target);
+    return target;
+}
+
+void PackageCommands::chooseAndAdd()
+{
+    RepoWidget *widget = chooseTarget();
+    if (widget == nullptr)
+        return;
+    const QPointer<RepoWidget> guard(widget);
+    const QString name = tr("(%1)").arg(widget->repoShell()->repoInfo().name);
+    const QStringList files
+        = m_prompts.openFiles(tr("Adding Packages%1").arg(name), m_lastFolder, tr("Packages (*.deb *.udeb)"));
+    if (files.isEmpty())
+        return;
+    m_lastFolder = QFileInfo(files.first()).absolutePath();
+    QSettings().setValue(lastFolderKey, m_lastFolder);
+    if (!guard.isNull())
+        addPackages(widget, files);
+}
+
+void PackageCommands::addToChosen(const QStringList &files)
+{
+    const QStringList packages = packagesAmong(files);
+    RepoWidget *target = packages.isEmpty() ? nullptr : chooseTarget();
+    if (target != nullptr)
+        addPackages(target, packages);
+}
+
+void PackageCommands::addAtStart(const QStringList &files)
+{
+    if (!m_tabs.shown().isEmpty()) {
+        addToChosen(files);
+        return;
+    }
+    const QStringList packages = packagesAmong(files);
+    if (packages.isEmpty())
+        return;
+    StartSelectActionDialog dialog(m_prompts.window());
+    m_prompts.run(dialog);
+    const auto add = [this, packages](RepoWidget *target) { addPackages(target, packages); };
+    bool isChosen = false;
+    if (dialog.action() == StartSelectActionDialog::Action::CreateRepo) {
+        isChosen = m_repositories.createRepo({add,
+                                              [this](RepoWidget *failed) { m_waiting.remove(failed); },
+                                              [this, packages] { tellNotAdded(packages); }});
+    } else if (dialog.action() == StartSelectActionDialog::Action::OpenRepo) {
+        RepoWidget *target = m_repositories.chooseAndOpen();
+        isChosen = target != nullptr;
+        if (isChosen)
+            add(target);
+    }
+    if (!isChosen)
+        tellNotAdded(packages);
+}
+
+void PackageCommands::addPackages(RepoWidget *widget, const QStringList &files)
+{
+    const QStringList packages = packagesAmong(files);
+    if (packages.isEmpty())
+        return;
+    if (m_tabs.isRunning(widget))
+        keep(widget, packages);
+    else
+        startAdding(widget, packages);
+}
+
+void PackageCommands::keep(RepoWidget *widget, const QStringList &files)
+{
+    m_waiting[widget] << files;
+    m_feedback.appendLog(tr("Will be added next: %1").arg(files.join(QLatin1String(", "))));
+}
+
+void PackageCommands::takeDropped(const QStringList &paths,
+                                  const std::function<void(const QStringList &files)> &add)
+{
+    if (std::all_of(paths.cbegin(), paths.cend(), &PackageDrop::isPackageName)) {
+        add(paths);
+        return;
+    }
+    const auto find = [paths] { return PackageDrop::packagesAt(paths); };
+    aside(this, find, [this, add](const PackageDrop::Packages &packages) {
+        constexpr int Many = 20;
+        const QString folders = packages.folders.join(QLatin1String(", "));
+        if (packages.files.isEmpty())
+            m_feedback.announce(tr("There are no packages in what was dropped."));
+        else if (packages.inFolders <= Many
+                 || m_prompts.ask(tr("Adding packages"),
+                                  tr("Do you want to add %n package(s)?", nullptr, packages.files.size()),
+                                  tr("%n of them from %1", nullptr, packages.inFolders).arg(folders))
+                        == Prompts::Answer::Yes)
+            add(packages.files);
+    });
+}
+
+QStringList PackageCommands::packagesAmong(const QStringList &files)
+{
+    QStringList packages;
+    QStringList others;
+    for (const QString &file : files)
+        (PackageDrop::isPackageName(file) ? packages : others) << file;
+    if (!others.isEmpty())
+        m_feedback.error(
+            tr("Only packages can be added: files whose name ends in .deb or .udeb, in small letters."),
+            others.join(QLatin1Char('\n')),
+            RepoEnums::WARNING);
+    return packages;
+}
+
+void PackageCommands::startAdding(RepoWidget *widget, const QStringList &files)
+{
+    if (!widget->repoShell()->isWritable()) {
+        m_feedback.error(
+            tr("You cannot change the repository %1: its files belong to another user, or its disk is "
+               "read-only.")
+                .arg(m_tabs.pathOf(widget)));
+        tellNotAdded(files);
+        return;
+    }
+    const QPointer<RepoWidget> guard(widget);
+    const QStringList components = widget->repoShell()->repoInfo().componentList();
+    if (!m_settings.confirmAddSettings(components) || guard.isNull()) {
+        tellNotAdded(files);
+        return;
+    }
+    // Somebody else's files can have started a job here while the dialog was open.
+    if (m_tabs.isRunning(widget)) {
+        keep(widget, files);
+        return;
+    }
+    widget->repoShell()->addPackages(files, m_settings.addOptions(components));
+}
+
+void PackageCommands::removePackages()
+{
+    RepoWidget *widget = m_tabs.current();
+    if (widget == nullptr || m_tabs.isRunning(widget))
+        return;
+    const QList<PackageInfoPtr> selected = widget->selectedPackages();
+    if (selected.isEmpty())
+        return;
+    const QPointer<RepoWidget> guard(widget);
+    if (m_prompts.askCarefully(tr("Remove confirmation"),
+                               tr("Do you want to remove selected packages?"),
+                               PackageDetails::summary(selected, widget->repoShell()->repoInfo()))
+            == Prompts::Answer::Yes
+        && !guard.isNull() && !m_tabs.isRunning(widget))
+        widget->repoShell()->removePackages(selected);
+}

@@ -1,0 +1,271 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/commands/publicationcommands.h"
+
+#include "engine/reposhell.h"
+#include "ui/commands/localsourcecommand.h"
+#include "ui/commands/publishcommand.h"
+#include "ui/commands/repositorycommands.h"
+#include "ui/dialogs/prompts.h"
+#include "ui/dialogs/publishedreposdialog.h"
+#include "ui/tab/jobfeedback.h"
+#include "ui/tab/publicationpanel.h"
+#include "ui/tab/repotabs.h"
+#include "ui/tab/repowidget.h"
+#include "ui/widgets/tooltiptext.h"
+
+#include "ui_mainwindow.h"
+
+#include <QSettings>
+
+#include <algorithm>
+
+PublicationCommands::PublicationCommands(Ui::MainWindow &ui,
+                                         PublicationMonitor &monitor,
+                                         RepoTabs &tabs,
+                                         Prompts &prompts,
+                                         JobFeedback &feedback,
+                                         RepositoryCommands &repositories,
+                                         QWidget *window)
+    : QObject(window)
+    , m_ui(ui)
+    , m_monitor(monitor)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_feedback(feedback)
+    , m_repositories(repositories)
+    , m_window(window)
+    , m_publish(new PublishCommand(tabs, prompts, feedback, monitor, this))
+    , m_sources(new LocalSourceCommand(tabs, prompts, feedback, monitor, this))
+    , m_publishToolTip(ui.m_publishRepoAction->toolTip())
+{
+    // Nothing in the window means it.
+    m_ui.actionView->setVisible(false);
+    connectActions();
+    connect(&m_tabs, &RepoTabs::created, this, &PublicationCommands::attach);
+    connect(&m_tabs, &RepoTabs::listChanged, this, &PublicationCommands::showPicture);
+    connect(&m_monitor, &PublicationMonitor::changed, this, &PublicationCommands::showPicture);
+    connect(&m_repositories, &RepositoryCommands::removalsEnded, this, &PublicationCommands::showPicture);
+    connect(m_sources, &LocalSourceCommand::changed, this, &PublicationCommands::showPicture);
+    connect(m_publish, &PublishCommand::published, this, [this] {
+        m_hasPublished = true;
+        updateActions();
+    });
+    m_repositories.setPublishing(
+        {[this](const QString &path) { return isPublished(path); },
+         [this](const QString &path, const auto &answer) { unpublishAll(path, answer); },
+         [this](const RepoWidget &widget) { return !m_sources->linesOf(widget).isEmpty(); }});
+}
+
+void PublicationCommands::connectActions()
+{
+    const auto command = [this](QAction *action, auto function) {
+        connect(action, &QAction::triggered, this, [function] { function(); });
+    };
+    command(m_ui.m_publishRepoAction, [this] { publish(m_tabs.current()); });
+    command(m_ui.m_unpublishRepoAction, [this] { unpublish(m_tabs.current()); });
+    command(m_ui.m_addSrcListAction, [this] { m_sources->add(m_tabs.current()); });
+    command(m_ui.m_removeSrcListAction, [this] { m_sources->remove(m_tabs.current()); });
+    command(m_ui.m_showPublishedReposAction, [this] { showPublishedRepos(); });
+}
+
+void PublicationCommands::attach(RepoWidget *widget)
+{
+    connect(widget, &RepoWidget::publishRepoTriggered, this, [this, widget] { publish(widget); });
+    connect(widget, &RepoWidget::unpublishRepoTriggered, this, [this, widget] { unpublish(widget); });
+    connect(widget, &RepoWidget::newRepoPath, this, [this, widget] { showPictureIn(widget); });
+    connect(widget->publicationPanel(), &PublicationPanel::choiceChanged, this, [this, widget] {
+        updateCommands(widget);
+    });
+    connect(widget->publicationPanel(), &PublicationPanel::serverTypeChosen, this, [this, widget] {
+        PublicationPanel *panel = widget->publicationPanel();
+        const PublicationSettings choice = panel->choice();
+        panel->setPort(
+            PublicationRules::proposedPort(choice.protocol, choice.port, m_monitor.listeningPorts()));
+    });
+    connect(&m_tabs, &RepoTabs::moved, widget, [this, widget](const RepoWidget *moved) {
+        if (moved == widget)
+            showPictureIn(widget);
+    });
+}
+
+// --- what can be done --------------------------------------------------------------------------------------------
+
+void PublicationCommands::showPicture()
+{
+    // Whatever has brought about another picture may have changed what is kept.
+    m_publish->renewKeptPorts();
+    const QList<RepoWidget *> widgets = m_tabs.shown();
+    for (RepoWidget *widget : widgets)
+        showPictureIn(widget);
+    if (widgets.isEmpty())
+        updateCommands(nullptr);
+    if (!m_dialog.isNull())
+        m_dialog->showOrphanedLines(m_sources->orphanedLines());
+}
+
+void PublicationCommands::showPictureIn(RepoWidget *widget)
+{
+    const QString place = widget->repoShell()->place();
+    const QVector<Publication> publications
+        = place.isEmpty() ? QVector<Publication>() : m_monitor.publicationsOf(place);
+    const bool isServed = std::any_of(publications.cbegin(), publications.cend(), [](const Publication &one) {
+        return one.state == QLatin1String("active");
+    });
+    m_tabs.setPublished(widget, isServed);
+    widget->publicationPanel()->showPublications(m_monitor.isKnown(), publications);
+    updateCommands(widget);
+}
+
+void PublicationCommands::updateActions()
+{
+    updateCommands(m_tabs.current());
+}
+
+PublicationRules PublicationCommands::judge(const RepoWidget &widget) const
+{
+    // Which ports others use is looked up when it matters: nobody tells when one is given up.
+    return PublicationRules::judge(m_publish->requestOf(widget), m_monitor.publications(), {});
+}
+
+std::optional<Publication> PublicationCommands::publicationToEnd(const PublicationRules &rules)
+{
+    if (rules.own)
+        return rules.own;
+    return rules.elsewhere.size() == 1 ? std::optional<Publication>(rules.elsewhere.first()) : std::nullopt;
+}
+
+void PublicationCommands::updateCommands(RepoWidget *widget)
+{
+    const bool isFree = m_tabs.isFree(widget) && m_monitor.isKnown();
+    bool canPublish = isFree;
+    bool canUnpublish = false;
+    QString reason;
+    if (isFree) {
+        const PublicationRules rules = judge(*widget);
+        canUnpublish = publicationToEnd(rules).has_value();
+        // Without a server type the command asks for one.
+        canPublish = rules.mayPublish() || m_publish->requestOf(*widget).protocol < 0;
+        if (!canPublish)
+            reason = rules.obstacle;
+        // What a publication in this window has brought about is told in other words.
+        if (m_hasPublished && reason == PublicationRules::tr("Another repository is published"))
+            reason = tr("Another repo already published");
+    }
+    const QStringList listed = widget != nullptr ? m_sources->linesOf(*widget) : QStringList();
+    if (widget != nullptr) {
+        widget->publicationPanel()->setCommands(canPublish, canUnpublish, reason);
+        const QStringList orphaned = m_sources->orphanedLines();
+        widget->publicationPanel()->setOrphaned(
+            std::any_of(listed.cbegin(), listed.cend(), [&orphaned](const QString &line) {
+                return orphaned.contains(line);
+            }));
+    }
+    if (widget != m_tabs.current())
+        return;
+    m_ui.m_publishRepoAction->setEnabled(canPublish);
+    m_ui.m_publishRepoAction->setToolTip(reason.isEmpty() ? m_publishToolTip : toolTipText(reason));
+    m_ui.m_unpublishRepoAction->setEnabled(canUnpublish);
+    m_ui.m_addSrcListAction->setEnabled(isFree && listed.isEmpty());
+    m_ui.m_removeSrcListAction->setEnabled(isFree && !listed.isEmpty());
+}
+
+bool PublicationCommands::isPublished(const QString &path) const
+{
+    // Before the system has answered, what is remembered must do.
+    const QString place = m_repositories.placeOf(path);
+    return m_monitor.isKnown() ? !m_monitor.publicationsOf(place).isEmpty()
+                               : PublicationSettings::find(QSettings(), {path, place}).has_value();
+}
+
+// --- publishing --------------------------------------------------------------------------------------------------
+
+void PublicationCommands::publish(RepoWidget *widget)
+{
+    if (m_tabs.isFree(widget))
+        m_publish->publish(widget);
+}
+
+void PublicationCommands::unpublish(RepoWidget *widget)
+{
+    if (!m_tabs.isFree(widget))
+        return;
+    if (const std::optional<Publication> publication = publicationToEnd(judge(*widget)))
+        end(*publication, widget);
+}
+
+void PublicationCommands::end(const Publication &publication,
+                              RepoWidget *tab,
+                              const std::function<void(bool)> &answer)
+{
+    if (publication.isForeign) {
+        m_feedback.error(
+            tr("The repository is not unpublished!"),
+            tr("The file /etc/vsftpd.conf was written by somebody else, or lets other users in, too. The FTP "
+               "server may serve more than the repository and is not stopped. The administrator can stop it: "
+               "systemctl disable --now vsftpd"),
+            RepoEnums::WARNING);
+        if (answer)
+            answer(false);
+        return;
+    }
+    const QPointer<RepoWidget> guard(tab);
+    const bool hadTab = tab != nullptr;
+    const std::optional<QStringList> lines
+        = hadTab && m_tabs.isRunning(tab) ? QStringList() : m_sources->askForLinesTo(publication);
+    if (!lines || (hadTab && guard.isNull()))
+        return;
+    if (lines->isEmpty()) {
+        m_publish->unpublish(publication, tab, answer);
+        return;
+    }
+    // Before the port is free: a question for a password can stay open for long.
+    m_sources->removeLines(*lines, tab, [this, publication, guard, answer](bool done) {
+        if (done)
+            m_publish->unpublish(publication, guard, answer);
+        else if (answer)
+            answer(false);
+    });
+}
+
+void PublicationCommands::unpublishAll(const QString &path, const std::function<void(bool)> &answer)
+{
+    const QString place = m_repositories.placeOf(path);
+    const QVector<Publication> publications = m_monitor.publicationsOf(place);
+    if (publications.isEmpty()) {
+        answer(true);
+        return;
+    }
+    end(publications.first(),
+        m_tabs.find(path),
+        [this, path, place, answer, count = publications.size()](bool done) {
+            const bool fewer = m_monitor.publicationsOf(place).size() < count;
+            if (done && fewer)
+                unpublishAll(path, answer);
+            else
+                answer(false);
+        });
+}
+
+void PublicationCommands::showPublishedRepos()
+{
+    if (m_dialog.isNull()) {
+        m_dialog = new PublishedReposDialog(m_monitor, m_prompts, m_window);
+        connect(
+            m_dialog, &PublishedReposDialog::openRequested, &m_repositories, &RepositoryCommands::openRepo);
+        connect(
+            m_dialog,
+            &PublishedReposDialog::unpublishRequested,
+            this,
+            [this](const Publication &publication) { end(publication, m_tabs.find(publication.repo.path)); });
+        connect(m_dialog, &PublishedReposDialog::lineRemovalRequested, this, [this](const QString &line) {
+            m_sources->removeLines({line}, nullptr);
+        });
+        m_dialog->showOrphanedLines(m_sources->orphanedLines());
+        connect(m_dialog, &PublishedReposDialog::addressCopied, this, [this] {
+            m_feedback.announce(tr("Address is copied to clipboard"));
+        });
+    }
+    m_dialog->show();
+    m_dialog->raise();
+    m_dialog->activateWindow();
+}

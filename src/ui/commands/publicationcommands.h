@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "publication/publicationmonitor.h"
+#include "server/publicationrules.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <functional>
+
+class JobFeedback;
+class LocalSourceCommand;
+class Prompts;
+class PublishCommand;
+class PublishedReposDialog;
+class RepositoryCommands;
+class RepoTabs;
+class RepoWidget;
+class QWidget;
+
+namespace Ui
+{
+class MainWindow;
+}
+
+/**
+ * The commands on publications and on this machine's own sources. It keeps actions, panels and tabs in step with what
+ * the system says is published.
+ */
+class PublicationCommands : public QObject
+{
+    Q_OBJECT
+public:
+    /** `ui` holds the actions and outlives the commands; `window` is its window. */
+    PublicationCommands(Ui::MainWindow &ui,
+                        PublicationMonitor &monitor,
+                        RepoTabs &tabs,
+                        Prompts &prompts,
+                        JobFeedback &feedback,
+                        RepositoryCommands &repositories,
+                        QWidget *window);
+
+    /** Shows by the actions and the current tab's panel what can be done now. */
+    void updateActions();
+
+private:
+    void attach(RepoWidget *widget);
+    void connectActions();
+    void showPicture();
+    void showPictureIn(RepoWidget *widget);
+    void updateCommands(RepoWidget *widget);
+    PublicationRules judge(const RepoWidget &widget) const;
+    /** What the tab's command to unpublish means; of several, the one that the panel shows. */
+    static std::optional<Publication> publicationToEnd(const PublicationRules &rules);
+    bool isPublished(const QString &path) const;
+    void publish(RepoWidget *widget);
+    void unpublish(RepoWidget *widget);
+    /** Ends it, after the lines that lead to it if the user wants that. `tab` is its repository's, null without one. */
+    void end(const Publication &publication, RepoWidget *tab, const std::function<void(bool)> &answer = {});
+    void unpublishAll(const QString &path, const std::function<void(bool)> &answer);
+    void showPublishedRepos();
+
+    Ui::MainWindow &m_ui;
+    PublicationMonitor &m_monitor;
+    RepoTabs &m_tabs;
+    Prompts &m_prompts;
+    JobFeedback &m_feedback;
+    RepositoryCommands &m_repositories;
+    QWidget *m_window;
+    PublishCommand *m_publish;
+    LocalSourceCommand *m_sources;
+    QString m_publishToolTip; ///< while there is nothing to say
+    QPointer<PublishedReposDialog> m_dialog;
+    bool m_hasPublished = false; ///< since the start
+};

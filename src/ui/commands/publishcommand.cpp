@@ -1,0 +1,407 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/commands/publishcommand.h"
+
+#include "core/aside.h"
+#include "engine/reposhell.h"
+#include "platform/packagemanager.h"
+#include "server/httpserver.h"
+#include "server/publicationpath.h"
+#include "ui/dialogs/missingpackage.h"
+#include "ui/dialogs/prompts.h"
+#include "ui/dialogs/publicationtext.h"
+#include "ui/tab/jobfeedback.h"
+#include "ui/tab/publicationpanel.h"
+#include "ui/tab/repotabs.h"
+#include "ui/tab/repowidget.h"
+#include "ui/widgets/logtail.h"
+
+#include <QFileInfo>
+#include <QSettings>
+
+#include <algorithm>
+
+namespace
+{
+QString serviceOf(int protocol, int port)
+{
+    return protocol == FtpProtocol ? QStringLiteral("vsftpd") : QStringLiteral("public-repo-%1").arg(port);
+}
+} // namespace
+
+PublishCommand::PublishCommand(
+    RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, PublicationMonitor &monitor, QObject *parent)
+    : QObject(parent)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_feedback(feedback)
+    , m_monitor(monitor)
+{
+    renewKeptPorts();
+}
+
+// --- what can stand in the way -----------------------------------------------------------------------------------
+
+void PublishCommand::publish(RepoWidget *widget)
+{
+    if (m_tabs.isRunning(widget) || widget->repoPath().isEmpty())
+        return;
+    const PublicationRequest wanted = requestOf(*widget);
+    if (wanted.protocol < 0) {
+        widget->showPublication();
+        m_feedback.announce(tr("Choose a server type, then publish the repository once more."));
+        widget->publicationPanel()->askServerType();
+        return;
+    }
+    m_tabs.setWaiting(widget, true);
+    checkPackage({widget, wanted, {}});
+}
+
+PublicationRequest PublishCommand::requestOf(const RepoWidget &widget) const
+{
+    const PublicationSettings choice = widget.publicationPanel()->choice();
+    const QString place = widget.repoShell()->place();
+    const QString kept = m_keptPorts.value(choice.port);
+    return {place, choice.protocol, choice.port, kept == widget.repoPath() ? place : kept};
+}
+
+void PublishCommand::renewKeptPorts()
+{
+    m_keptPorts = PublicationSettings::keptPaths(QSettings());
+}
+
+bool PublishCommand::goesOn(const Request &request) const
+{
+    return !request.widget.isNull() && !m_prompts.isDismissed();
+}
+
+void PublishCommand::giveUp(const Request &request)
+{
+    if (goesOn(request))
+        m_tabs.setWaiting(request.widget, false);
+}
+
+void PublishCommand::refuse(const Request &request, const QString &reason)
+{
+    giveUp(request);
+    m_feedback.error(tr("The repository is not published!"), reason, RepoEnums::WARNING);
+}
+
+void PublishCommand::afterReading(const std::function<void()> &next)
+{
+    auto *once = new QObject(this);
+    connect(&m_monitor, &PublicationMonitor::refreshed, once, [once, next] {
+        once->deleteLater();
+        once->disconnect();
+        next();
+    });
+    m_monitor.refresh();
+}
+
+void PublishCommand::checkPackage(const Request &request)
+{
+    const QString package
+        = request.wanted.protocol == FtpProtocol ? QStringLiteral("vsftpd") : QStringLiteral("lighttpd");
+    VeltAdmin::PackageManager::isPackageInstalled(package, this, [this, request, package](bool isInstalled) {
+        if (!goesOn(request))
+            return;
+        if (isInstalled) {
+            afterReading([this, request] { checkPort(request); });
+            return;
+        }
+        giveUp(request);
+        offerMissingPackage(m_prompts, package);
+    });
+}
+
+void PublishCommand::checkPort(Request request)
+{
+    if (!goesOn(request))
+        return;
+    request.rules
+        = PublicationRules::judge(request.wanted, m_monitor.publications(), m_monitor.listeningPorts());
+    if (request.rules.mayPublish())
+        checkAccess(request);
+    else
+        refuse(request, request.rules.obstacle);
+}
+
+void PublishCommand::checkAccess(const Request &request)
+{
+    struct Finding
+    {
+        bool isPublishable;
+        PublicationAccess access;
+    };
+    const auto look = [path = request.wanted.path, protocol = request.wanted.protocol] {
+        return Finding{PublicationPath::isPublishable(path), PublicationAccess::examine(path, protocol)};
+    };
+    aside(this, look, [this, request](const Finding &found) {
+        if (!goesOn(request))
+            return;
+        if (found.isPublishable)
+            judgeAccess(request, found.access);
+        else
+            refuse(
+                request,
+                tr("The path %1 cannot be served. It must be the directory of a repository, and its name may "
+                   "consist of letters, digits, blanks between them and the characters %2.")
+                    .arg(request.wanted.path, QStringLiteral(". _ + ~ @ : -")));
+    });
+}
+
+void PublishCommand::judgeAccess(const Request &request, const PublicationAccess &access)
+{
+    if (access.isOpen()) {
+        confirm(request);
+        return;
+    }
+    QStringList closed = access.unreadable;
+    if (!access.isEntered)
+        closed.prepend(request.wanted.path);
+    const int further = access.unreadableCount - access.unreadable.size();
+    if (further > 0)
+        closed << tr("and %n further file(s)", nullptr, further);
+    const Prompts::Answer answer
+        = m_prompts.ask(tr("Access rights"),
+                        tr("The server cannot read everything in the repository. Do you want to let all "
+                           "users of this machine read it?"),
+                        closed.join(QLatin1Char('\n')));
+    if (answer == Prompts::Answer::Yes && goesOn(request))
+        openUp(request);
+    else
+        giveUp(request);
+}
+
+void PublishCommand::openUp(const Request &request)
+{
+    const auto open = [path = request.wanted.path] { return PublicationAccess::openUp(path); };
+    aside(this, open, [this, request](const QString &failure) {
+        if (!goesOn(request))
+            return;
+        if (failure.isEmpty())
+            confirm(request);
+        else
+            refuse(request, failure);
+    });
+}
+
+bool PublishCommand::agreesToReplace(const Request &request)
+{
+    const std::optional<Publication> &replaced = request.rules.replaced;
+    if (request.wanted.protocol == FtpProtocol) {
+        const QString about
+            = replaced && replaced->isRunning()
+                  ? tr("The repository %1 is published over FTP now and will not be any more.")
+                        .arg(replaced->repo.path)
+                  : tr("The first file that is not the program's own is kept beside it.");
+        return m_prompts.askCarefully(tr("Rewrite confirmation"),
+                                      tr("File /etc/vsftpd.conf will be rewrite. Do you want to continue?"),
+                                      about)
+               == Prompts::Answer::Yes;
+    }
+    return !replaced
+           || m_prompts.askCarefully(tr("Publication confirmation"),
+                                     tr("The port %1 belongs to the service of the repository %2, which does "
+                                        "not run. Do you want to replace it?")
+                                         .arg(QString::number(request.wanted.port), replaced->repo.path))
+                  == Prompts::Answer::Yes;
+}
+
+void PublishCommand::confirm(const Request &request)
+{
+    const auto agrees = [this, &request] {
+        const bool isEmpty = request.widget->repoShell()->packageCount() == 0;
+        if (isEmpty
+            && m_prompts.ask(tr("Publication confirmation"),
+                             tr("Do you want to publish an empty repository?"))
+                   != Prompts::Answer::Yes)
+            return false;
+        return goesOn(request) && agreesToReplace(request);
+    };
+    if (!agrees())
+        giveUp(request);
+    else if (goesOn(request))
+        makeRoom(request);
+}
+
+// --- the system --------------------------------------------------------------------------------------------------
+
+void PublishCommand::makeRoom(const Request &request)
+{
+    m_feedback.showWaiting(request.widget,
+                           tr("Waiting for the system to publish %1").arg(request.wanted.path));
+    if (!request.rules.stopsFirst) {
+        askSystem(request);
+        return;
+    }
+    // A service that runs goes on with the directory that it was started with.
+    request.widget->repoShell()->unpublishRepo(
+        request.wanted.port, request.wanted.protocol, [this, request](bool done) {
+            afterReading([this, request, done] {
+                if (!done) {
+                    finish(request, false);
+                } else if (!isListed(*request.rules.own)) {
+                    askSystem(request);
+                } else if (goesOn(request)) {
+                    m_feedback.endWaiting(request.widget,
+                                          QString(),
+                                          tr("The repository is not published!"),
+                                          whyListed(*request.rules.own));
+                    m_tabs.setWaiting(request.widget, false);
+                }
+            });
+        });
+}
+
+void PublishCommand::askSystem(Request request)
+{
+    if (!goesOn(request))
+        return;
+    request.asked = QDateTime::currentDateTimeUtc();
+    request.widget->repoShell()->publishRepo(
+        request.wanted.port, request.wanted.protocol, [this, request](bool done) {
+            if (!goesOn(request))
+                return;
+            // The truth is what the system says now; also when its answer has come too late.
+            afterReading([this, request, done] { finish(request, done); });
+        });
+}
+
+void PublishCommand::finish(const Request &request, bool done)
+{
+    if (!goesOn(request))
+        return;
+    const QVector<Publication> publications = m_monitor.publicationsOf(request.wanted.path);
+    const bool isServed
+        = std::any_of(publications.cbegin(), publications.cend(), [&request](const Publication &publication) {
+              return publication.protocol == request.wanted.protocol
+                     && publication.repo.port == request.wanted.port
+                     && publication.state == QLatin1String("active");
+          });
+    if (!done && !isServed) {
+        explainFailure(request);
+        return;
+    }
+    request.widget->publicationPanel()->claim(request.wanted.protocol, request.wanted.port);
+    renewKeptPorts();
+    if (request.widget == m_tabs.current())
+        request.widget->showPublication();
+    m_feedback.endWaiting(request.widget, tr("Repository is published."));
+    m_tabs.setWaiting(request.widget, false);
+    Q_EMIT published(request.widget);
+}
+
+void PublishCommand::explainFailure(const Request &request)
+{
+    QString log
+        = request.wanted.protocol == HttpProtocol ? HttpServer::logFile(request.wanted.port) : QString();
+    // A server that has not come to write has left the log of an earlier one.
+    const auto read = [log, asked = request.asked] {
+        const QFileInfo file(log);
+        const bool isNew = asked.isValid() && file.exists() && file.lastModified() >= asked;
+        return isNew ? LogTail::read(log) : QString();
+    };
+    aside(this, read, [this, request, log](const QString &text) {
+        if (!goesOn(request))
+            return;
+        constexpr int MostLines = 20;
+        const QStringList lines = text.trimmed().split(QLatin1Char('\n'));
+        const QString details
+            = text.trimmed().isEmpty()
+                  ? tr("The service did not start, or ended at once. The administrator finds the reason in "
+                       "the system's journal: journalctl -u %1 -u velt-admin-repo-helper")
+                        .arg(serviceOf(request.wanted.protocol, request.wanted.port))
+                  : tr("The end of the server's log %1:").arg(log) + QLatin1Char('\n')
+                        + lines.mid(qMax(0, lines.size() - MostLines)).join(QLatin1Char('\n'));
+        // Without a bus, nobody can tell what is published.
+        m_feedback.endWaiting(request.widget,
+                              HelperClient::isReachable() ? tr("Repository is unpublished.") : QString(),
+                              tr("The repository is not published!"),
+                              details);
+        m_tabs.setWaiting(request.widget, false);
+    });
+}
+
+// --- the way back ------------------------------------------------------------------------------------------------
+
+void PublishCommand::unpublish(const Publication &publication, RepoWidget *tab, const Answer &answer)
+{
+    const QPointer<RepoWidget> widget(tab);
+    if (widget.isNull() || widget->repoPath().isEmpty()) {
+        unpublishWithoutTab(publication, answer);
+        return;
+    }
+    if (m_tabs.isRunning(widget)) {
+        m_feedback.announce(
+            tr("The repository %1 is busy. Unpublish it when that has ended.").arg(publication.repo.path));
+        return;
+    }
+    m_tabs.setWaiting(widget, true);
+    m_feedback.showWaiting(widget, tr("Waiting for the system to unpublish %1").arg(publication.repo.path));
+    widget->repoShell()->unpublishRepo(
+        publication.repo.port, publication.protocol, [this, widget, publication, answer](bool done) {
+            afterReading([this, widget, publication, answer, done] {
+                if (widget.isNull() || m_prompts.isDismissed())
+                    return;
+                const bool isOver = done && !isListed(publication);
+                m_feedback.endWaiting(widget,
+                                      isOver ? tr("Repository is unpublished.") : QString(),
+                                      isOver ? QString() : tr("The repository is not unpublished!"),
+                                      done ? whyListed(publication) : whereReasonsAre());
+                m_tabs.setWaiting(widget, false);
+                if (answer)
+                    answer(isOver);
+            });
+        });
+}
+
+void PublishCommand::unpublishWithoutTab(const Publication &publication, const Answer &answer)
+{
+    m_feedback.announce(tr("Waiting for the system to unpublish %1").arg(publication.repo.path));
+    m_helper.unpublishRepo(
+        publication.repo.port,
+        publication.protocol,
+        [this, publication, answer](const HelperClient::Result &result) {
+            afterReading([this, publication, answer, result] { endWithoutTab(publication, answer, result); });
+        });
+}
+
+void PublishCommand::endWithoutTab(const Publication &publication,
+                                   const Answer &answer,
+                                   const HelperClient::Result &result)
+{
+    if (m_prompts.isDismissed())
+        return;
+    const bool isOver = result.done && !isListed(publication);
+    if (isOver) {
+        m_feedback.announce(tr("Repository is unpublished."));
+    } else {
+        m_feedback.error(result.errorText.isEmpty() ? tr("The repository is not unpublished!")
+                                                    : result.errorText,
+                         result.done                  ? whyListed(publication)
+                         : result.errorText.isEmpty() ? whereReasonsAre()
+                                                      : result.details);
+    }
+    if (answer)
+        answer(isOver);
+}
+
+bool PublishCommand::isListed(const Publication &publication) const
+{
+    const QVector<Publication> all = m_monitor.publications();
+    return std::any_of(all.cbegin(), all.cend(), [&publication](const Publication &one) {
+        return one.protocol == publication.protocol && one.repo.port == publication.repo.port;
+    });
+}
+
+QString PublishCommand::whyListed(const Publication &publication)
+{
+    return tr("The service %1 could not be stopped. \"systemctl status %1\" tells more.")
+        .arg(serviceOf(publication.protocol, publication.repo.port));
+}
+
+QString PublishCommand::whereReasonsAre()
+{
+    return tr("The system refused. The administrator finds the reason in its journal: "
+              "journalctl -u velt-admin-repo-helper");
+}

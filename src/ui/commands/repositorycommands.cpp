@@ -1,0 +1,431 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/commands/repositorycommands.h"
+
+#include "core/aside.h"
+#include "engine/reposhell.h"
+#include "engine/repository/distributionsfile.h"
+#include "files/pathguard.h"
+#include "publication/publicationsettings.h"
+#include "ui/commands/recentrepositories.h"
+#include "ui/commands/repositoryremoval.h"
+#include "ui/dialogs/newreporules.h"
+#include "ui/dialogs/prompts.h"
+#include "ui/tab/jobfeedback.h"
+#include "ui/tab/repotabs.h"
+#include "ui/tab/repowidget.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QPointer>
+#include <QSettings>
+#include <QTimer>
+
+#include <memory>
+#include <utility>
+
+namespace
+{
+QString cleaned(const QString &path)
+{
+    return QDir::cleanPath(QDir(path).absolutePath());
+}
+} // namespace
+
+RepositoryCommands::RepositoryCommands(
+    RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, RecentRepositories &recent, QObject *parent)
+    : QObject(parent)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_feedback(feedback)
+    , m_recent(recent)
+{
+    connect(&m_recent, &RecentRepositories::chosen, this, &RepositoryCommands::openRecent);
+    connect(&m_tabs,
+            &RepoTabs::moved,
+            this,
+            [this](const RepoWidget *, const QString &newPath, const QString &oldPath) {
+                m_recent.remove(oldPath);
+                m_recent.add(newPath);
+            });
+    connect(&m_tabs, &RepoTabs::leaving, this, &RepositoryCommands::endReopening);
+}
+
+// --- new ---------------------------------------------------------------------------------------------------------
+
+bool RepositoryCommands::createRepo(const Purpose &purpose)
+{
+    Creation creation;
+    creation.mode = NewRepoDialog::Mode::Create;
+    creation.failure = tr("Repository is not created.");
+    creation.purpose = purpose;
+    return create(creation);
+}
+
+void RepositoryCommands::createForImport(const QString &source, const QString &folder, const Purpose &purpose)
+{
+    const QString proposed = NewRepoRules::importName(source);
+    QString name = proposed;
+    for (int number = 2; QFileInfo::exists(NewRepoRules::fullPath(folder, name)); ++number)
+        name = QStringLiteral("%1-%2").arg(proposed).arg(number);
+    Creation creation;
+    creation.mode = NewRepoDialog::Mode::Import;
+    creation.failure = tr("Repository for import is not created");
+    creation.source = source;
+    creation.purpose = purpose;
+    creation.path = NewRepoRules::fullPath(folder, name);
+    create(creation);
+}
+
+bool RepositoryCommands::create(Creation creation)
+{
+    NewRepoDialog dialog(creation.mode, m_prompts, m_prompts.window());
+    if (creation.isTypedIn) {
+        dialog.setEntries(creation.path, creation.info);
+    } else {
+        if (!creation.path.isEmpty())
+            dialog.propose(QFileInfo(creation.path).path(), QFileInfo(creation.path).fileName());
+        fillDefaults(&dialog);
+    }
+    // Creating wipes what is there.
+    if (!creation.source.isEmpty())
+        dialog.setPlaceCheck([source = creation.source](const QString &path) {
+            return PathGuard::overlap(path, source)
+                       ? tr("The packages are imported from %1, so the repository "
+                            "can neither lie in it nor hold it. "
+                            "Choose another path or name.")
+                             .arg(source)
+                       : QString();
+        });
+    dialog.setPublishedCheck(m_publishing.isPublished);
+    dialog.setRemembered(remembered());
+    if (m_prompts.run(dialog) != QDialog::Accepted)
+        return false;
+    const QString path = dialog.repositoryPath();
+    for (const QString &removed : qAsConst(m_removing)) {
+        if (PathGuard::overlap(path, removed)) {
+            m_feedback.error(tr("The repository %1 is being deleted.").arg(removed), {}, RepoEnums::WARNING);
+            return false;
+        }
+    }
+    creation.path = path;
+    creation.info = dialog.repoInfo();
+    creation.isTypedIn = true;
+    RepoWidget *widget = m_tabs.create(path);
+    connect(widget->repoShell(), &RepoShell::repoCreated, this, [this, widget, creation](int result) {
+        if (result != RepoShell::SUCCESS) {
+            m_feedback.announce(creation.failure);
+            if (creation.purpose.failed)
+                creation.purpose.failed(widget);
+            QTimer::singleShot(0, this, [this, creation] { createAgain(creation); });
+            return;
+        }
+        m_tabs.show(widget);
+        m_recent.add(creation.path);
+        m_feedback.announce(tr("Repository is created."));
+    });
+    widget->repoShell()->createRepoAside(path, creation.info);
+    if (creation.purpose.made)
+        creation.purpose.made(widget);
+    return true;
+}
+
+void RepositoryCommands::createAgain(const Creation &creation)
+{
+    const bool isClosing = m_prompts.isDismissed();
+    if (isClosing || !m_prompts.isOpen()) {
+        if ((isClosing || !create(creation)) && creation.purpose.givenUp)
+            creation.purpose.givenUp();
+        return;
+    }
+    // What went wrong is read first.
+    const auto once = std::make_shared<QMetaObject::Connection>();
+    const auto again = [this, creation, once] {
+        disconnect(*once);
+        createAgain(creation);
+    };
+    *once = connect(&m_prompts, &Prompts::freed, this, again, Qt::QueuedConnection);
+}
+
+QStringList RepositoryCommands::remembered() const
+{
+    return m_recent.paths() + m_tabs.allPlaces();
+}
+
+void RepositoryCommands::fillDefaults(NewRepoDialog *dialog)
+{
+    // Asking the system runs a program, so the dialog is there first and is filled when the answer comes.
+    aside(dialog, &RepoShell::defaultRepoInfo, [dialog](const RepoInfo &info) { dialog->setDefaults(info); });
+}
+
+// --- open --------------------------------------------------------------------------------------------------------
+
+RepoWidget *RepositoryCommands::chooseAndOpen()
+{
+    const QString path = m_prompts.directory(tr("Select repository directory"), QDir::homePath());
+    return path.isEmpty() ? nullptr : openRepo(path);
+}
+
+RepoWidget *RepositoryCommands::openRepo(const QString &repoPath)
+{
+    return showRepo(repoPath, false);
+}
+
+RepositoryCommands::Look RepositoryCommands::lookAt(const QString &path)
+{
+    return {PathGuard::resolved(path),
+            QFileInfo(path).isDir(),
+            QFileInfo(path + QLatin1String("/conf/distributions")).isFile()};
+}
+
+RepoWidget *RepositoryCommands::showRepo(const QString &repoPath, bool again)
+{
+    const QString path = cleaned(repoPath);
+    if (RepoWidget *open = m_tabs.find(path)) {
+        m_tabs.bringToFront(open);
+        return open;
+    }
+    RepoWidget *widget = m_tabs.create(path);
+    m_tabs.show(widget);
+    m_tabs.setWaiting(widget, true);
+    if (again)
+        m_reopened.insert(widget);
+    aside(
+        widget,
+        [path] { return lookAt(path); },
+        [this, widget, path, again](const Look &look) {
+            if (m_tabs.pathOf(widget).isEmpty() || m_prompts.isDismissed())
+                return;
+            m_tabs.setWaiting(widget, false);
+            openWhatIsThere(widget, path, look, again);
+            endReopening(widget);
+        });
+    return widget;
+}
+
+void RepositoryCommands::openWhatIsThere(RepoWidget *widget,
+                                         const QString &path,
+                                         const Look &look,
+                                         bool again)
+{
+    RepoWidget *other = m_tabs.find(look.place);
+    if (other != nullptr && other != widget) {
+        m_tabs.bringToFront(other);
+    } else if (again && !look.isRepository) {
+        m_feedback.appendLog(tr("File %1/conf/distributions not found!").arg(path));
+    } else if (!look.isFolder) {
+        m_feedback.error(tr("The directory %1 does not exist.").arg(path), {}, RepoEnums::WARNING);
+    } else if (m_removing.contains(look.place)) {
+        m_feedback.announce(tr("The repository %1 is being deleted.").arg(path));
+    } else {
+        m_tabs.setPlace(widget, look.place);
+        if (!again)
+            rememberOnceOpen(*widget->repoShell(), path);
+        widget->openRepo(path);
+        return;
+    }
+    m_tabs.discard(widget);
+}
+
+void RepositoryCommands::rememberOnceOpen(const RepoShell &shell, const QString &path)
+{
+    // What turns out to be no repository is not worth remembering; a repository whose disk is absent just now keeps
+    // the place that it has.
+    const auto once = std::make_shared<QMetaObject::Connection>();
+    *once = connect(&shell, &RepoShell::pathChanged, this, [this, &shell, path, once] {
+        disconnect(*once);
+        if (shell.path() == path)
+            m_recent.add(path);
+    });
+}
+
+QString RepositoryCommands::placeOf(const QString &path) const
+{
+    const RepoWidget *widget = m_tabs.find(path);
+    return widget != nullptr ? m_tabs.placeOf(widget) : PathGuard::resolved(path);
+}
+
+void RepositoryCommands::openRecent(const QString &path)
+{
+    if (m_tabs.find(cleaned(path)) != nullptr) {
+        openRepo(path);
+        return;
+    }
+    aside(
+        this,
+        [path] { return lookAt(path); },
+        [this, path](const Look &look) {
+            if (look.isFolder) {
+                openRepo(path);
+                return;
+            }
+            m_feedback.appendLog(tr("The directory %1 does not exist.").arg(path));
+            // It may lie on a disk that is absent just now.
+            if (m_prompts.askCarefully(
+                    tr("Recent repositories"),
+                    tr("The directory %1 does not exist. Do you want to remove it from the list of "
+                       "recent repositories?")
+                        .arg(path))
+                == Prompts::Answer::Yes)
+                m_recent.remove(path);
+        });
+}
+
+void RepositoryCommands::reopen(const QStringList &paths)
+{
+    for (const QString &path : paths)
+        showRepo(path, true);
+    // A disk that does not answer holds up nobody for ever.
+    constexpr int Patience = 5000;
+    QTimer::singleShot(Patience, this, [this] {
+        if (!std::exchange(m_reopened, {}).isEmpty())
+            Q_EMIT reopeningEnded();
+    });
+}
+
+void RepositoryCommands::endReopening(const RepoWidget *widget)
+{
+    if (m_reopened.remove(widget) && m_reopened.isEmpty())
+        Q_EMIT reopeningEnded();
+}
+
+// --- change ------------------------------------------------------------------------------------------------------
+
+void RepositoryCommands::changeRepo()
+{
+    RepoWidget *widget = m_tabs.current();
+    if (widget == nullptr || m_tabs.isRunning(widget))
+        return;
+    // Somebody may have edited the description since the repository was opened.
+    const QString path = m_tabs.pathOf(widget);
+    aside(
+        widget,
+        [path] { return DistributionsFile(path).readBytes(); },
+        [this, widget, path](const std::optional<QByteArray> &description) {
+            if (m_tabs.pathOf(widget) != path || m_tabs.isRunning(widget) || m_prompts.isOpen())
+                return;
+            if (description)
+                change(widget, *description);
+            else
+                m_feedback.error(tr("File %1/conf/distributions not found!").arg(path));
+        });
+}
+
+void RepositoryCommands::change(RepoWidget *widget, const QByteArray &description)
+{
+    const QPointer<RepoWidget> guard(widget);
+    const QString path = m_tabs.pathOf(widget);
+    NewRepoDialog dialog(NewRepoDialog::Mode::Change, m_prompts, m_prompts.window());
+    dialog.setRepository(path, DistributionsFile(path).parsed(description), widget->repoShell()->packages());
+    dialog.setPublishedCheck(m_publishing.isPublished);
+    dialog.setRemembered(remembered());
+    if (m_prompts.run(dialog) != QDialog::Accepted || guard.isNull() || m_tabs.isRunning(widget))
+        return;
+    widget->repoShell()->changeRepo(
+        dialog.repositoryPath(), dialog.repoInfo(), description, dialog.carriesPackages());
+}
+
+// --- remove ------------------------------------------------------------------------------------------------------
+
+void RepositoryCommands::removeRepo()
+{
+    RepoWidget *widget = m_tabs.current();
+    if (widget == nullptr || m_tabs.isRunning(widget))
+        return;
+    const QString path = m_tabs.pathOf(widget);
+    aside(
+        widget,
+        // Before anything is given up for a deletion that cannot be.
+        [path, known = RepositoryRemoval::Known{m_tabs.allPlaces(widget), remembered()}] {
+            return RepositoryRemoval::refusal(path, known);
+        },
+        [this, widget, path](const QString &refusal) {
+            if (m_tabs.pathOf(widget) != path || m_tabs.isRunning(widget) || m_prompts.isOpen())
+                return;
+            if (refusal.isEmpty())
+                askForRemoval(widget);
+            else
+                m_feedback.error(tr("Repository is not deleted."), refusal);
+        });
+}
+
+void RepositoryCommands::askForRemoval(RepoWidget *widget)
+{
+    const QPointer<RepoWidget> guard(widget);
+    const QString path = m_tabs.pathOf(widget);
+    const QString title = tr("Remove confirmation");
+    const bool isPublished = m_publishing.isPublished && m_publishing.isPublished(path);
+    QStringList about{
+        tr("The directory %1 is deleted with everything in it, and cannot be brought back.").arg(path)};
+    if (isPublished)
+        about << tr("It is published, and clients use it.");
+    if (m_publishing.isLocalSource && m_publishing.isLocalSource(*widget))
+        about << tr(
+            "It is in this machine's local sources list, and stays there if you do not remove it first. "
+            "apt then reports an error at each update.");
+    const auto mayGoOn = [this, guard] { return !guard.isNull() && !m_tabs.isRunning(guard); };
+    if (m_prompts.askCarefully(
+            title, tr("Do you want to delete a repository %1?").arg(path), about.join(QLatin1Char('\n')))
+            != Prompts::Answer::Yes
+        || !mayGoOn())
+        return;
+    if (!isPublished) {
+        remove(widget);
+        return;
+    }
+    const Prompts::Answer answer
+        = m_prompts.ask(title,
+                        tr("Do you want to unpublish the repository first?"),
+                        tr("Otherwise a service goes on that has nothing to serve."));
+    if (answer == Prompts::Answer::Dismissed || !mayGoOn())
+        return;
+    if (answer == Prompts::Answer::No) {
+        remove(widget);
+        return;
+    }
+    m_publishing.unpublish(path, [this, guard, mayGoOn](bool done) {
+        if (done && mayGoOn())
+            remove(guard);
+    });
+}
+
+void RepositoryCommands::remove(RepoWidget *widget)
+{
+    const QString path = m_tabs.pathOf(widget);
+    Q_EMIT widget->repoShell()->requestForRemovingStoredInformation();
+    const QString place = m_tabs.placeOf(widget);
+    // Nothing may use the directory any more when it goes; this also takes the tab away.
+    widget->repoShell()->closeRepo();
+    startRemoval(path, place);
+}
+
+void RepositoryCommands::startRemoval(const QString &path, const QString &place)
+{
+    m_removing << place;
+    using Outcome = std::pair<RepositoryRemoval::Outcome, QString>;
+    const auto work = [path, known = RepositoryRemoval::Known{m_tabs.allPlaces(), remembered()}] {
+        QString reason;
+        const RepositoryRemoval::Outcome outcome = RepositoryRemoval::remove(path, known, &reason);
+        return Outcome(outcome, reason);
+    };
+    aside(this, work, [this, path, place](const Outcome &outcome) {
+        m_removing.removeOne(place);
+        if (outcome.first == RepositoryRemoval::Outcome::Deleted) {
+            m_recent.remove(path);
+            QSettings settings;
+            PublicationSettings::release(settings, {path, place});
+            m_feedback.announce(tr("Repository is deleted."));
+        } else if (outcome.first == RepositoryRemoval::Outcome::Absent) {
+            m_recent.remove(path);
+            m_feedback.error(tr("The directory %1 does not exist, so there was nothing to delete. The "
+                                "repository was closed and is no longer among the recent ones.")
+                                 .arg(path),
+                             {},
+                             RepoEnums::WARNING);
+        } else {
+            m_feedback.appendLog(tr("Repository is not deleted"));
+            m_prompts.showError(tr("Repository is not deleted."), outcome.second);
+        }
+        if (m_removing.isEmpty())
+            Q_EMIT removalsEnded();
+    });
+}

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/commands/repositoryremoval.h"
+
+#include "engine/reprepro/joblock.h"
+#include "files/descriptor.h"
+#include "files/pathguard.h"
+#include "files/removetree.h"
+#include "files/trustedpath.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QFileInfo>
+
+#include <utility>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace
+{
+class Reason
+{
+    Q_DECLARE_TR_FUNCTIONS(RepositoryRemoval)
+};
+
+/** The directory, opened for reading; not when its place has been taken by a link or another one meanwhile. */
+Descriptor openDirectory(const QString &directory)
+{
+    const QByteArray path = QFile::encodeName(directory);
+    Descriptor folder(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    return folder.isOpen() && TrustedPath::pathOf(folder) == path ? std::move(folder) : Descriptor();
+}
+
+/** As long as anything else is left, the directory stays what can be opened and deleted: a repository. */
+bool removeDescriptionLast(const QString &directory)
+{
+    constexpr const char *Conf = "conf";
+    const Descriptor repository = openDirectory(directory);
+    if (!repository.isOpen() || !removeContents(repository.number(), Conf))
+        return false;
+    const Descriptor conf(
+        ::openat(repository.number(), Conf, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    return (!conf.isOpen() || removeContents(conf.number(), "distributions"))
+           && removeEntry(repository.number(), Conf)
+           && ::rmdir(QFile::encodeName(directory).constData()) == 0;
+}
+
+QString busyReason(const QString &path)
+{
+    return QCoreApplication::translate(
+               "RepoShell",
+               "The repository %1 is being changed by another program. Try again when it is done.")
+        .arg(path);
+}
+
+/** The refusal but for that of the lock; `directory` is the path with links resolved. */
+QString refusalOf(const QString &path, const QString &directory, const RepositoryRemoval::Known &known)
+{
+    if (!PathGuard::isRepository(directory))
+        return Reason::tr("The directory %1 holds no repository.").arg(path);
+    const QStringList held = PathGuard::repositoriesBelow(directory, known.remembered);
+    if (!held.isEmpty())
+        return Reason::tr("It holds these repositories: %1").arg(held.join(QLatin1String(", ")));
+    if (!PathGuard::mayBeWiped(directory, known.open))
+        return Reason::tr(
+                   "The directory %1 belongs to the system, or holds a home directory or an open repository.")
+            .arg(path);
+    const QString parent = QFileInfo(directory).path();
+    if (!QFileInfo(parent).isWritable())
+        return Reason::tr("Nothing was deleted, because the directory %1 cannot be written.").arg(parent);
+    return {};
+}
+} // namespace
+
+QString RepositoryRemoval::refusal(const QString &path, const Known &known)
+{
+    const QString directory = PathGuard::resolved(path);
+    if (!QFileInfo::exists(directory))
+        return {};
+    const QString reason = refusalOf(path, directory, known);
+    return reason.isEmpty() && !JobLock().take(directory) ? busyReason(path) : reason;
+}
+
+RepositoryRemoval::Outcome RepositoryRemoval::remove(const QString &path, const Known &known, QString *reason)
+{
+    // The directory itself, not a link to it: behind a link everything would go but the directory.
+    const QString directory = PathGuard::resolved(path);
+    if (!QFileInfo::exists(directory))
+        return Outcome::Absent;
+    *reason = refusalOf(path, directory, known);
+    if (!reason->isEmpty())
+        return Outcome::Refused;
+    JobLock lock;
+    if (!lock.take(directory)) {
+        *reason = busyReason(path);
+        return Outcome::Refused;
+    }
+    if (!removeDescriptionLast(directory)) {
+        *reason = Reason::tr("Not everything in %1 could be deleted.").arg(path);
+        return Outcome::Refused;
+    }
+    const QFileInfo link(path);
+    if (link.isSymLink())
+        QFile::remove(path);
+    return Outcome::Deleted;
+}

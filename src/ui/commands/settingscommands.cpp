@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/commands/settingscommands.h"
+
+#include "engine/reposhell.h"
+#include "ui/dialogs/addpkgsettingsdialog.h"
+#include "ui/dialogs/parametersdialog.h"
+#include "ui/dialogs/prompts.h"
+#include "ui/sources/externalreposdialog.h"
+#include "ui/tab/repotabs.h"
+#include "ui/tab/repowidget.h"
+
+#include <QSettings>
+
+SettingsCommands::SettingsCommands(RepoTabs &tabs, Prompts &prompts, QObject *parent)
+    : QObject(parent)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+{
+    QSettings settings;
+    m_externalRepos = ExternalRepos::load(settings);
+    load();
+    connect(&m_tabs, &RepoTabs::created, this, [this](const RepoWidget *widget) { applyTo(*widget); });
+    connect(&m_tabs, &RepoTabs::currentChanged, this, &SettingsCommands::load);
+}
+
+void SettingsCommands::load()
+{
+    m_choices = UserChoices::load(QSettings());
+    applyToAll();
+    Q_EMIT changed();
+}
+
+void SettingsCommands::applyTo(const RepoWidget &widget) const
+{
+    RepoShell *engine = widget.repoShell();
+    engine->setCheckDependsOnAdd(m_choices.addPkgCheckDepends);
+    engine->setDependsRepoType(m_choices.dependsRepoType);
+    engine->setExternalRepos(m_externalRepos);
+}
+
+void SettingsCommands::applyToAll() const
+{
+    const QList<RepoWidget *> widgets = m_tabs.shown();
+    for (const RepoWidget *widget : widgets)
+        applyTo(*widget);
+}
+
+void SettingsCommands::save()
+{
+    QSettings settings;
+    m_choices.save(settings);
+    store(settings);
+}
+
+bool SettingsCommands::store(QSettings &settings)
+{
+    // With the object that the values were given to: a new one knows nothing of them when there is no file yet.
+    settings.sync();
+    if (settings.status() != QSettings::AccessError)
+        return true;
+    if (!m_toldNotStored) {
+        m_toldNotStored = true;
+        Q_EMIT notStored(notStoredText());
+    }
+    return false;
+}
+
+void SettingsCommands::warnNotStored()
+{
+    m_prompts.warn(tr("Settings"), notStoredText());
+}
+
+QString SettingsCommands::notStoredText()
+{
+    return tr("The settings cannot be stored in %1.").arg(QSettings().fileName());
+}
+
+void SettingsCommands::setChoices(const UserChoices &choices)
+{
+    // Stored at once: the choices are read again whenever another tab comes to the front.
+    m_choices = choices;
+    save();
+    applyToAll();
+    Q_EMIT changed();
+}
+
+bool SettingsCommands::editAddSettings(const QStringList &components, AddedFrom origin)
+{
+    AddPkgSettingsDialog dialog(components, m_choices, m_prompts, m_prompts.window());
+    dialog.setSigningVisible(m_signingOffered);
+    dialog.setDependsCheckVisible(origin == AddedFrom::Files);
+    if (m_prompts.run(dialog) != QDialog::Accepted)
+        return false;
+    setChoices(dialog.choices());
+    return true;
+}
+
+bool SettingsCommands::confirmAddSettings(const QStringList &components, AddedFrom origin)
+{
+    if (m_choices.showAddPkgSettings && !editAddSettings(components, origin))
+        return false;
+    return hasKeyToAdd();
+}
+
+bool SettingsCommands::hasKeyToAdd()
+{
+    return !signsOnAdd() || chooseKeyIfNone();
+}
+
+AddOptions SettingsCommands::addOptions(const QStringList &components) const
+{
+    AddOptions options;
+    // The component may stem from another repository; one that is not offered here leaves packages in their own.
+    if (components.contains(m_choices.currentComponent))
+        options.component = m_choices.currentComponent;
+    options.signKeyId = m_choices.signKeyId;
+    options.sign = signsOnAdd();
+    return options;
+}
+
+void SettingsCommands::showAddPkgSettings()
+{
+    const RepoWidget *widget = m_tabs.current();
+    const QStringList components
+        = widget == nullptr ? QStringList() : widget->repoShell()->repoInfo().componentList();
+    if (editAddSettings(components))
+        hasKeyToAdd();
+}
+
+void SettingsCommands::showParametersDialog()
+{
+    ParametersDialog dialog(m_prompts, m_prompts.window());
+    dialog.setShowPackageVersion(m_choices.showPkgVersion);
+    dialog.setSignKeyId(m_choices.signKeyId);
+    dialog.setSigningVisible(m_signingOffered);
+    if (m_signingOffered)
+        dialog.readKeys();
+    if (m_prompts.run(dialog) != QDialog::Accepted)
+        return;
+    UserChoices choices = m_choices;
+    choices.showPkgVersion = dialog.showPackageVersion();
+    choices.signKeyId = dialog.signKeyId();
+    setChoices(choices);
+}
+
+bool SettingsCommands::chooseKeyIfNone()
+{
+    if (m_choices.signKeyId.isEmpty()
+        && m_prompts.ask(tr("Package signing"),
+                         tr("No key is chosen to sign packages with. Do you want to choose one?"))
+               == Prompts::Answer::Yes)
+        showParametersDialog();
+    return !m_choices.signKeyId.isEmpty();
+}
+
+void SettingsCommands::editExternalRepos()
+{
+    QSettings settings;
+    auto *window = m_prompts.window();
+    ExternalReposDialog dialog(ExternalRepos::load(settings), m_prompts, window);
+    if (m_prompts.run(dialog) != QDialog::Accepted)
+        return;
+    if (!dialog.repos().save(settings)) {
+        m_prompts.warn(
+            dialog.windowTitle(), tr("The list cannot be stored in %1.").arg(settings.fileName()), window);
+        return;
+    }
+    m_externalRepos = dialog.repos();
+    applyToAll();
+    Q_EMIT externalReposChanged();
+}
+
+std::function<QString(const QString &)> SettingsCommands::aliases() const
+{
+    return [repos = m_externalRepos](const QString &origin) { return repos.aliasOf(origin); };
+}
+
+void SettingsCommands::setDependsRepoType(int type)
+{
+    UserChoices choices = m_choices;
+    choices.dependsRepoType = type;
+    setChoices(choices);
+}

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/commands/upgradecommands.h"
+
+#include "engine/reposhell.h"
+#include "ui/commands/settingscommands.h"
+#include "ui/dialogs/prompts.h"
+#include "ui/dialogs/upgradepackagesdialog.h"
+#include "ui/sources/upgradesourcesdialog.h"
+#include "ui/tab/repotabs.h"
+#include "ui/tab/repowidget.h"
+
+#include <QAction>
+#include <QPointer>
+
+#include <algorithm>
+
+UpgradeCommands::UpgradeCommands(
+    QAction *action, RepoTabs &tabs, Prompts &prompts, SettingsCommands &settings, QObject *parent)
+    : QObject(parent)
+    , m_action(action)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_settings(settings)
+{
+    connect(m_action, &QAction::triggered, this, &UpgradeCommands::showUpgradeRepoDialog);
+    connect(&m_tabs, &RepoTabs::created, this, &UpgradeCommands::attach);
+    connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) { m_prepared.removeAll(widget); });
+    // Queued, because a dialog comes: others are told of the tab, and of the dialog that has gone, before.
+    connect(&m_tabs, &RepoTabs::ready, this, &UpgradeCommands::servePrepared, Qt::QueuedConnection);
+    connect(&m_prompts, &Prompts::freed, this, &UpgradeCommands::servePrepared, Qt::QueuedConnection);
+}
+
+void UpgradeCommands::attach(RepoWidget *widget)
+{
+    RepoShell *engine = widget->repoShell();
+    connect(engine, &RepoShell::finished, engine, &RepoShell::removeCustomSourcesListFile);
+    // The job is still ending then.
+    connect(widget, &RepoWidget::downloadablePackagesReady, this, [this, widget] {
+        m_prepared.removeAll(widget);
+        m_prepared.append(widget);
+    });
+}
+
+void UpgradeCommands::updateActions()
+{
+    const RepoWidget *widget = m_tabs.current();
+    m_action->setEnabled(m_tabs.isChangeable(widget) && widget->repoShell()->packageCount() > 0);
+}
+
+void UpgradeCommands::showUpgradeRepoDialog()
+{
+    const QPointer<RepoWidget> target = m_tabs.current();
+    // Looking for newer versions takes a while, and nothing would come of it.
+    if (!m_tabs.isFree(target) || !m_settings.hasKeyToAdd())
+        return;
+    UpgradeSourcesDialog dialog(m_settings.externalRepos(), m_lastSources, m_prompts.window());
+    if (m_prompts.run(dialog) != QDialog::Accepted)
+        return;
+    const QStringList sources = dialog.sources();
+    if (sources.isEmpty()) {
+        m_prompts.inform(tr("No source selected"),
+                         tr("Since you have not selected any source, the update will be canceled"));
+        return;
+    }
+    m_lastSources = sources;
+    if (m_tabs.isFree(target))
+        target->repoShell()->prepareUpgrade(sources);
+}
+
+void UpgradeCommands::servePrepared()
+{
+    if (m_prompts.isOpen())
+        return;
+    const auto next = std::find_if(m_prepared.cbegin(), m_prepared.cend(), [this](const RepoWidget *widget) {
+        return m_tabs.isFree(widget);
+    });
+    // When the dialog has gone, Prompts::freed() calls again for the rest.
+    if (next != m_prepared.cend())
+        choosePackages(m_prepared.takeAt(static_cast<int>(next - m_prepared.cbegin())));
+}
+
+void UpgradeCommands::choosePackages(RepoWidget *widget)
+{
+    const QPointer<RepoWidget> target(widget);
+    m_tabs.bringToFront(widget);
+    UpgradePackagesDialog dialog(
+        widget->repoShell()->upgradablePackages(), m_settings.aliases(), m_prompts.window());
+    const bool isChosen = m_prompts.run(dialog) == QDialog::Accepted && m_settings.hasKeyToAdd();
+    if (target.isNull())
+        return;
+    RepoShell *engine = target->repoShell();
+    if (isChosen && m_tabs.isFree(target))
+        engine->upgradeRepo(dialog.packages(), m_settings.addOptions(engine->repoInfo().componentList()));
+    else
+        engine->removeCustomSourcesListFile(RepoEnums::UPGRADE_JOB);
+}

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/dialogs/addpkgsettingsdialog.h"
+
+#include "ui/dialogs/signingswitch.h"
+#include "ui/widgets/mnemonics.h"
+
+#include "ui_addpkgsettingsdialog.h"
+
+#include <QPushButton>
+
+AddPkgSettingsDialog::AddPkgSettingsDialog(const QStringList &components,
+                                           const UserChoices &choices,
+                                           Prompts &prompts,
+                                           QWidget *parent)
+    : QDialog(parent)
+    , m_ui(std::make_unique<Ui::AddPkgSettingsDialog>())
+    , m_choices(choices)
+{
+    m_ui->setupUi(this);
+    Mnemonics::markForm(this);
+    // The empty entry leaves each package in its own component; without it there would be no way back to that.
+    QComboBox *box = m_ui->m_componentComboBox;
+    box->addItem(tr("(each package's own component)"), QString());
+    for (const QString &component : components)
+        box->addItem(component, component);
+    // A component of another repository is not offered here, and packages then go where they belong.
+    m_componentAtFirst = qMax(0, box->findData(choices.currentComponent));
+    box->setCurrentIndex(m_componentAtFirst);
+    m_ui->m_signPackageCheckBox->setChecked(choices.signPackage);
+    new SigningSwitch(
+        m_ui->m_signPackageCheckBox, m_ui->buttonBox->button(QDialogButtonBox::Ok), prompts, this);
+    m_ui->m_checkDependsCheckBox->setChecked(choices.addPkgCheckDepends);
+    m_ui->m_showCheckBox->setChecked(choices.showAddPkgSettings);
+    connect(m_ui->buttonBox, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_ui->buttonBox, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+AddPkgSettingsDialog::~AddPkgSettingsDialog() = default;
+
+void AddPkgSettingsDialog::setSigningVisible(bool visible)
+{
+    m_ui->m_signPackageCheckBox->setVisible(visible);
+}
+
+void AddPkgSettingsDialog::setDependsCheckVisible(bool visible)
+{
+    m_ui->m_checkDependsCheckBox->setVisible(visible);
+}
+
+UserChoices AddPkgSettingsDialog::choices() const
+{
+    UserChoices choices = m_choices;
+    // What this repository does not offer is no choice against it: another repository may have that component.
+    if (m_ui->m_componentComboBox->currentIndex() != m_componentAtFirst)
+        choices.currentComponent = m_ui->m_componentComboBox->currentData().toString();
+    choices.signPackage = m_ui->m_signPackageCheckBox->isChecked();
+    choices.addPkgCheckDepends = m_ui->m_checkDependsCheckBox->isChecked();
+    choices.showAddPkgSettings = m_ui->m_showCheckBox->isChecked();
+    return choices;
+}

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/packages/packagedrop.h"
+
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
+
+bool PackageDrop::accepts(const QMimeData *data)
+{
+    return data != nullptr && data->hasFormat(QStringLiteral("text/uri-list"));
+}
+
+QStringList PackageDrop::paths(const QMimeData *data)
+{
+    QStringList paths;
+    if (!accepts(data))
+        return paths;
+    const QList<QUrl> urls = data->urls();
+    for (const QUrl &url : urls) {
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    }
+    paths.removeDuplicates();
+    return paths;
+}
+
+bool PackageDrop::isPackageName(const QString &path)
+{
+    return path.endsWith(QLatin1String(".deb")) || path.endsWith(QLatin1String(".udeb"));
+}
+
+PackageDrop::Packages PackageDrop::packagesAt(const QStringList &paths)
+{
+    Packages packages;
+    for (const QString &path : paths) {
+        if (!QFileInfo(path).isDir()) {
+            if (isPackageName(path))
+                packages.files.append(path);
+            continue;
+        }
+        QStringList found;
+        QDirIterator walk(path,
+                          {QStringLiteral("*.deb"), QStringLiteral("*.udeb")},
+                          QDir::Files | QDir::CaseSensitive,
+                          QDirIterator::Subdirectories);
+        while (walk.hasNext())
+            found.append(walk.next());
+        // The order of a folder's entries is the file system's.
+        found.sort();
+        packages.files += found;
+        packages.inFolders += found.size();
+        if (!found.isEmpty())
+            packages.folders.append(path);
+    }
+    packages.files.removeDuplicates();
+    return packages;
+}

@@ -1,0 +1,424 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/packages/repomodel.h"
+
+#include "platform/velticon.h"
+#include "ui/widgets/tooltiptext.h"
+
+#include <QApplication>
+#include <QFont>
+
+#include <algorithm>
+
+namespace
+{
+QIcon itemIcon(const RepoItem &item)
+{
+    QString base = QStringLiteral("folder");
+    if (!item.isContainer())
+        base = item.package->isSigned() ? QStringLiteral("signed-package") : QStringLiteral("synaptic");
+    switch (item.dependState()) {
+    case DependUndefined:
+        return VeltIcon::withOverlay(base, QStringLiteral("dialog-question"));
+    case DependError:
+        return VeltIcon::withOverlay(base, QStringLiteral("dialog-close"));
+    case DependSuccess:
+        return VeltIcon::withOverlay(base, QStringLiteral("dialog-ok-apply"));
+    default:
+        return VeltIcon::withOverlay(base, QString());
+    }
+}
+
+/** The font of the top item: bold and one point larger than that of the tree. */
+QFont topFont()
+{
+    QFont font = QApplication::font("QTreeView");
+    font.setWeight(QFont::Bold);
+    if (font.pointSizeF() > 0)
+        font.setPointSizeF(font.pointSizeF() + 1);
+    else
+        font.setPixelSize(font.pixelSize() + 1);
+    return font;
+}
+} // namespace
+
+RepoModel::RepoModel(QObject *parent)
+    : QAbstractItemModel(parent)
+{ }
+
+void RepoModel::setRepository(const RepoInfo &info)
+{
+    m_info = info;
+    if (m_hasRepository) {
+        m_tree.setRootTitle(info.name);
+        const QModelIndex top = indexOfId(PackageTree::RootId);
+        Q_EMIT dataChanged(top, top);
+        return;
+    }
+    beginResetModel();
+    m_tree.setRootTitle(info.name);
+    m_hasRepository = true;
+    endResetModel();
+}
+
+void RepoModel::clearRepository()
+{
+    if (!m_hasRepository && packageCount() == 0)
+        return;
+    beginResetModel();
+    m_hasRepository = false;
+    m_info = {};
+    m_tree.build({});
+    endResetModel();
+}
+
+void RepoModel::setPackages(const QList<PackageInfoPtr> &packages)
+{
+    beginResetModel();
+    m_tree.build(packages);
+    endResetModel();
+}
+
+// --- changes of the package list -----------------------------------------------------------------------------------
+
+void RepoModel::apply(const PackageChanges &changes)
+{
+    const auto isCleared = [](const PackageChange &change) { return change.kind == PackageChange::Cleared; };
+    const auto listing = std::find_if(changes.crbegin(), changes.crend(), isCleared).base();
+    if (packageCount() == 0 || listing != changes.cbegin()) {
+        // A repository that is being opened: all its packages, in their order.
+        const bool removed = std::any_of(listing, changes.cend(), [](const PackageChange &change) {
+            return change.kind == PackageChange::Removed;
+        });
+        if (!removed && changes.cend() - listing > ResetThreshold) {
+            setListing(listing, changes.cend());
+            return;
+        }
+    }
+    bool cleared = false;
+    QHash<PackageKey, PackageChange> last; // of several changes to one package the last one counts
+    last.reserve(changes.size());
+    for (const PackageChange &change : changes) {
+        if (change.kind == PackageChange::Cleared) {
+            cleared = true;
+            last.clear();
+        } else {
+            last.insert(PackageKey::of(*change.package), change);
+        }
+    }
+    if (cleared || !m_hasRepository || newRows(last) > ResetThreshold) {
+        rebuild(last, cleared);
+        return;
+    }
+    Touched touched;
+    QVector<QPair<int, PackageInfoPtr>> replaced;
+    for (auto it = last.cbegin(); it != last.cend(); ++it) {
+        const int id = m_tree.packageId(it.key());
+        const bool stored = it->kind == PackageChange::Stored;
+        if (id >= 0 && stored && m_tree.isInPlace(id, *it->package)) {
+            replaced.append({id, it->package});
+            continue;
+        }
+        if (id >= 0)
+            remove(id, touched);
+        if (stored)
+            store(it->package, touched);
+    }
+    // Only now do the rows stay where they are until they are announced.
+    for (const auto &[id, package] : qAsConst(replaced)) {
+        touchContainers(m_tree.item(id).parent, touched);
+        m_tree.replace(id, package);
+        touchRow(id, touched);
+    }
+    announce(touched);
+}
+
+void RepoModel::setListing(const PackageChanges::const_iterator &begin,
+                           const PackageChanges::const_iterator &end)
+{
+    QList<PackageInfoPtr> packages;
+    packages.reserve(static_cast<int>(end - begin));
+    for (auto change = begin; change != end; ++change)
+        packages.append(change->package);
+    setPackages(packages);
+}
+
+int RepoModel::newRows(const QHash<PackageKey, PackageChange> &changes) const
+{
+    int rows = 0;
+    for (auto it = changes.cbegin(); it != changes.cend(); ++it) {
+        const int id = m_tree.packageId(it.key());
+        const bool stored = it->kind == PackageChange::Stored;
+        if (id < 0 ? stored : !stored || !m_tree.isInPlace(id, *it->package))
+            ++rows;
+    }
+    return rows;
+}
+
+void RepoModel::rebuild(const QHash<PackageKey, PackageChange> &changes, bool cleared)
+{
+    QList<PackageInfoPtr> packages;
+    if (!cleared) {
+        const QList<PackageInfoPtr> present = m_tree.packages();
+        for (const PackageInfoPtr &package : present) {
+            if (!changes.contains(PackageKey::of(*package)))
+                packages.append(package);
+        }
+    }
+    for (const PackageChange &change : changes) {
+        if (change.kind == PackageChange::Stored)
+            packages.append(change.package);
+    }
+    setPackages(packages);
+}
+
+void RepoModel::store(const PackageInfoPtr &package, Touched &touched)
+{
+    const int component = ensureContainer(PackageTree::RootId, RepoItem::Component, package->component);
+    const int section = ensureContainer(component, RepoItem::Section, package->section);
+    touchContainers(section, touched);
+    const RepoItem item = m_tree.makePackage(package);
+    const int row = m_tree.rowFor(item, section);
+    beginInsertRows(indexOfId(section), row, row);
+    m_tree.insert(item, section, row);
+    endInsertRows();
+    updateBeside(section, row);
+}
+
+void RepoModel::remove(int id, Touched &touched)
+{
+    const int section = m_tree.item(id).parent;
+    const int place = m_tree.item(id).row;
+    touchContainers(section, touched);
+    // A container goes with its last child.
+    while (id != PackageTree::RootId && m_tree.item(id).children.isEmpty()) {
+        const int container = m_tree.item(id).parent;
+        const int row = m_tree.item(id).row;
+        beginRemoveRows(indexOfId(container), row, row);
+        m_tree.take(id);
+        endRemoveRows();
+        touched.states.remove(id);
+        touched.rows.remove(id);
+        id = container;
+    }
+    if (id == section)
+        updateBeside(section, place);
+}
+
+int RepoModel::ensureContainer(int parentId, RepoItem::Kind kind, const QString &code)
+{
+    const int known = m_tree.containerId(parentId, code);
+    if (known >= 0)
+        return known;
+    const RepoItem item = m_tree.makeContainer(kind, code);
+    const int row = m_tree.rowFor(item, parentId);
+    beginInsertRows(indexOfId(parentId), row, row);
+    const int id = m_tree.insert(item, parentId, row);
+    endInsertRows();
+    return id;
+}
+
+void RepoModel::touchContainers(int section, Touched &touched) const
+{
+    for (int id = section; id >= 0; id = m_tree.item(id).parent) {
+        if (!touched.states.contains(id))
+            touched.states.insert(id, m_tree.item(id).dependState());
+    }
+}
+
+void RepoModel::touchRow(int id, Touched &touched) const
+{
+    const RepoItem &item = m_tree.item(id);
+    const auto known = touched.rows.find(item.parent);
+    if (known == touched.rows.end())
+        touched.rows.insert(item.parent, {item.row, item.row});
+    else
+        *known = {qMin(known->first, item.row), qMax(known->second, item.row)};
+}
+
+void RepoModel::updateBeside(int section, int row)
+{
+    for (int near = qMax(0, row - 1); near <= row + 1 && near < m_tree.item(section).children.size();
+         ++near) {
+        const int id = m_tree.item(section).children.at(near);
+        const QModelIndex beside = indexOfId(id);
+        if (m_tree.updateDistinction(id))
+            Q_EMIT dataChanged(beside, beside, {Qt::DisplayRole});
+    }
+}
+
+void RepoModel::announce(const Touched &touched)
+{
+    for (auto it = touched.rows.cbegin(); it != touched.rows.cend(); ++it) {
+        const QModelIndex section = indexOfId(it.key());
+        Q_EMIT dataChanged(index(it->first, 0, section), index(it->second, 0, section));
+    }
+    for (auto it = touched.states.cbegin(); it != touched.states.cend(); ++it) {
+        const QModelIndex container = indexOfId(it.key());
+        if (m_tree.item(it.key()).dependState() != it.value())
+            Q_EMIT dataChanged(container, container, {Qt::DecorationRole, StateRole});
+    }
+}
+
+void RepoModel::announcePackages(const QVector<int> &roles)
+{
+    for (const int component : m_tree.root().children) {
+        for (const int section : m_tree.item(component).children) {
+            const QModelIndex container = indexOfId(section);
+            Q_EMIT dataChanged(index(0, 0, container), index(rowCount(container) - 1, 0, container), roles);
+        }
+    }
+}
+
+// --- what is shown -------------------------------------------------------------------------------------------------
+
+void RepoModel::setShowVersions(bool show)
+{
+    if (m_showVersions == show)
+        return;
+    m_showVersions = show;
+    if (m_hasRepository)
+        announcePackages({Qt::DisplayRole, TextRole});
+}
+
+int RepoModel::dependState(const QModelIndex &index) const
+{
+    return index.isValid() ? m_tree.item(itemId(index)).dependState() : NoDependState;
+}
+
+PackageInfoPtr RepoModel::package(const QModelIndex &index) const
+{
+    return index.isValid() ? m_tree.item(itemId(index)).package : PackageInfoPtr();
+}
+
+int RepoModel::packageCount(DependStatus status) const
+{
+    return m_tree.root().stateCounts[static_cast<std::size_t>(status - DependUndefined)];
+}
+
+QString RepoModel::itemKey(const QModelIndex &index) const
+{
+    return index.isValid() ? m_tree.keyOf(itemId(index)) : QString();
+}
+
+QModelIndex RepoModel::indexOfPackage(const PackageInfo &package) const
+{
+    return indexOfId(m_tree.packageId(PackageKey::of(package)));
+}
+
+QModelIndex RepoModel::indexOfId(int id) const
+{
+    if (id < 0 || !m_hasRepository)
+        return {};
+    return createIndex(m_tree.item(id).row, 0, static_cast<quintptr>(id));
+}
+
+QString RepoModel::displayText(const RepoItem &item) const
+{
+    if (item.isContainer())
+        return item.title;
+    if (!m_showVersions)
+        return item.package->name;
+    return item.package->name + QLatin1Char('_') + item.package->version;
+}
+
+QString RepoModel::distinctText(const RepoItem &item) const
+{
+    const QString text = displayText(item);
+    QStringList marks;
+    if (item.differsInArchitecture)
+        marks << item.package->architecture;
+    if (item.differsInType && item.package->type == PackageType::Udeb)
+        marks << QStringLiteral("udeb");
+    return marks.isEmpty() ? text : tr("%1 (%2)").arg(text, marks.join(QLatin1String(", ")));
+}
+
+QString RepoModel::toolTip(const RepoItem &item) const
+{
+    // In a repository of one architecture it goes without saying.
+    if (item.isContainer() || m_info.binaryArchitectures().size() < 2)
+        return {};
+    return tr("Architecture: %1").arg(item.package->architecture);
+}
+
+// --- the model's face ----------------------------------------------------------------------------------------------
+
+QModelIndex RepoModel::index(int row, int column, const QModelIndex &parent) const
+{
+    if (!hasIndex(row, column, parent))
+        return {};
+    if (!parent.isValid())
+        return indexOfId(PackageTree::RootId);
+    return createIndex(row, column, static_cast<quintptr>(m_tree.item(itemId(parent)).children.at(row)));
+}
+
+QModelIndex RepoModel::parent(const QModelIndex &child) const
+{
+    return child.isValid() ? indexOfId(m_tree.item(itemId(child)).parent) : QModelIndex();
+}
+
+int RepoModel::rowCount(const QModelIndex &parent) const
+{
+    if (!parent.isValid())
+        return m_hasRepository ? 1 : 0;
+    return m_tree.item(itemId(parent)).children.size();
+}
+
+int RepoModel::columnCount(const QModelIndex &parent) const
+{
+    Q_UNUSED(parent)
+    return 1;
+}
+
+QVariant RepoModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid())
+        return {};
+    const RepoItem &item = m_tree.item(itemId(index));
+    switch (role) {
+    case Qt::DisplayRole:
+        return distinctText(item);
+    case TextRole:
+        return displayText(item);
+    case Qt::DecorationRole:
+        return itemIcon(item);
+    case Qt::FontRole:
+        return item.kind == RepoItem::Repository ? QVariant(topFont()) : QVariant();
+    case Qt::ToolTipRole:
+        return toolTipText(toolTip(item));
+    case Qt::AccessibleDescriptionRole:
+        return toolTip(item);
+    case StateRole:
+        return item.dependState();
+    default:
+        return {};
+    }
+}
+
+bool RepoModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    bool isNumber = false;
+    const int state = value.toInt(&isNumber);
+    if (role != StateRole || !isNumber || !package(index))
+        return false;
+    Touched touched;
+    touchContainers(m_tree.item(itemId(index)).parent, touched);
+    m_tree.setState(itemId(index), state);
+    touchRow(itemId(index), touched);
+    announce(touched);
+    return true;
+}
+
+Qt::ItemFlags RepoModel::flags(const QModelIndex &index) const
+{
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    return package(index) ? flags | Qt::ItemNeverHasChildren : flags;
+}
+
+QVariant RepoModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (section != 0 || orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    return tr("Packages");
+}

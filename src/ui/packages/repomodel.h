@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/repoinfo.h"
+#include "ui/packages/packagechange.h"
+#include "ui/packages/packagetree.h"
+
+#include <QAbstractItemModel>
+#include <QHash>
+
+/**
+ * The packages of one repository as a tree of one column: repository, components, sections, packages. It is filled
+ * with the changes that the engine reports, in batches; a large batch is one reset, a small one is announced row by
+ * row. The internal id of an index is the item's id in the tree.
+ */
+class RepoModel : public QAbstractItemModel
+{
+    Q_OBJECT
+public:
+    enum Role {
+        TextRole = Qt::UserRole + 1, ///< what the text filter looks at and rows are sorted by
+        StateRole = Qt::UserRole + 2 ///< dependency state (int): a DependStatus or NoDependState
+    };
+    /** Rows that come or go in one batch above which the model is reset. */
+    static constexpr int ResetThreshold = 100;
+
+    explicit RepoModel(QObject *parent = nullptr);
+
+    /** Shows this repository as the top item; its packages stay as they are. */
+    void setRepository(const RepoInfo &info);
+    /** Shows nothing: no repository is open. */
+    void clearRepository();
+    bool hasRepository() const { return m_hasRepository; }
+
+    /** Replaces all packages. */
+    void setPackages(const QList<PackageInfoPtr> &packages);
+    void apply(const PackageChanges &changes);
+
+    /** Adds the versions to the displayed names. */
+    void setShowVersions(bool show);
+
+    /** Remembers the item whose details are shown, also over a reset; an invalid index for none. */
+    void setCurrentItem(const QModelIndex &index) { m_currentKey = itemKey(index); }
+    /** The remembered item; invalid when it is gone. */
+    QModelIndex currentItem() const { return indexOfKey(m_currentKey); }
+
+    /** Dependency state of the item: a DependStatus or NoDependState. */
+    int dependState(const QModelIndex &index) const;
+    /** The package of a leaf; null for a container. */
+    PackageInfoPtr package(const QModelIndex &index) const;
+    int packageCount() const { return m_tree.root().packageCount; }
+    /** Packages of the repository in this dependency state. */
+    int packageCount(DependStatus status) const;
+
+    /** A name for the item that outlives resets; empty for an invalid index. */
+    QString itemKey(const QModelIndex &index) const;
+    QModelIndex indexOfKey(const QString &key) const { return indexOfId(m_tree.idOfKey(key)); }
+    QModelIndex indexOfPackage(const PackageInfo &package) const;
+
+    const PackageTree &tree() const { return m_tree; }
+    static int itemId(const QModelIndex &index) { return static_cast<int>(index.internalId()); }
+    /** Invalid for -1, and for the repository item while none is shown. */
+    QModelIndex indexOfId(int id) const;
+    /** What an item is called, and found by. */
+    QString displayText(const RepoItem &item) const;
+    /** The same with what tells it from a neighbour of the same name. */
+    QString distinctText(const RepoItem &item) const;
+
+    QModelIndex index(int row, int column, const QModelIndex &parent = QModelIndex()) const override;
+    QModelIndex parent(const QModelIndex &child) const override;
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    int columnCount(const QModelIndex &parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    /** Sets the dependency state of a package (StateRole) without a new record. */
+    bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+
+private:
+    /** What a batch has done to items that stay: announced once for all. */
+    struct Touched
+    {
+        QHash<int, QPair<int, int>> rows; ///< first and last changed row, by section
+        QHash<int, int> states; ///< the state a container had before, by id
+    };
+
+    PackageTree m_tree;
+    RepoInfo m_info;
+    bool m_hasRepository = false;
+    bool m_showVersions = false;
+    QString m_currentKey;
+
+    int newRows(const QHash<PackageKey, PackageChange> &changes) const;
+    void setListing(const PackageChanges::const_iterator &begin, const PackageChanges::const_iterator &end);
+    void rebuild(const QHash<PackageKey, PackageChange> &changes, bool cleared);
+    void store(const PackageInfoPtr &package, Touched &touched);
+    void remove(int id, Touched &touched);
+    int ensureContainer(int parent, RepoItem::Kind kind, const QString &code);
+    void touchContainers(int section, Touched &touched) const;
+    void touchRow(int id, Touched &touched) const;
+    /** A package has come or gone at this row: those beside it may be called otherwise now. */
+    void updateBeside(int section, int row);
+    void announce(const Touched &touched);
+    void announcePackages(const QVector<int> &roles);
+    QString toolTip(const RepoItem &item) const;
+};

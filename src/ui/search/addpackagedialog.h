@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ui/search/foundpackagesmodel.h"
+#include "ui/search/packagefilter.h"
+
+#include <QDialog>
+
+class SearchPackageWidget;
+
+/** Lets the user pick packages of the public repositories that apt knows. */
+class AddPackageDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    /** `filter` bounds what is offered; `aliases` are the user's names for the repositories. */
+    AddPackageDialog(const PackageFilter &filter,
+                     const FoundPackagesModel::AliasLookup &aliases,
+                     QWidget *parent = nullptr);
+
+    /** What to download: name, version and architecture; the repository is the origin text. */
+    QList<PackageInfo> selectedPackages() const;
+
+private:
+    SearchPackageWidget *m_searchWidget;
+};

@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/search/searchpackagewidget.h"
+
+#include "apt/aptcommands.h"
+#include "ui/search/foundpackagesproxy.h"
+#include "ui/search/packagesearcher.h"
+#include "ui/widgets/delayedlineedit.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QProgressBar>
+#include <QTableView>
+
+#include <algorithm>
+
+SearchPackageWidget::SearchPackageWidget(const PackageFilter &filter,
+                                         const FoundPackagesModel::AliasLookup &aliases,
+                                         QWidget *parent)
+    : QWidget(parent)
+    , m_searcher(std::make_unique<PackageSearcher>(filter))
+    , m_searchEdit(new DelayedLineEdit(this))
+    , m_busyBar(new QProgressBar(this))
+    , m_statusLabel(new QLabel(this))
+    , m_architectureComboBox(new QComboBox(this))
+    , m_repositoryComboBox(new QComboBox(this))
+    , m_packagesTable(new QTableView(this))
+    , m_model(new FoundPackagesModel(aliases, this))
+    , m_proxy(new FoundPackagesProxy(this))
+{
+    layOut();
+    connectParts();
+    setBusy(false);
+    updateTableWidget({});
+    m_statusLabel->clear();
+}
+
+SearchPackageWidget::~SearchPackageWidget() = default;
+
+void SearchPackageWidget::layOut()
+{
+    m_searchEdit->setObjectName(QStringLiteral("m_searchEdit"));
+    m_searchEdit->setPlaceholderText(tr("Start typing the pacakge name here..."));
+    m_searchEdit->setClearButtonEnabled(true);
+    m_searchEdit->setAccessibleName(tr("Package name"));
+    m_searchEdit->installEventFilter(this);
+
+    // No item count is known, so it only moves; its place stays when it is hidden, so that the table keeps its height.
+    m_busyBar->setObjectName(QStringLiteral("m_busyBar"));
+    m_busyBar->setRange(0, 0);
+    m_busyBar->setTextVisible(false);
+    m_busyBar->setAccessibleName(tr("Searching"));
+    constexpr int BusyWidth = 8; // in characters
+    m_busyBar->setMaximumSize(fontMetrics().averageCharWidth() * BusyWidth, fontMetrics().height());
+    QSizePolicy policy = m_busyBar->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_busyBar->setSizePolicy(policy);
+
+    m_statusLabel->setObjectName(QStringLiteral("m_statusLabel"));
+    m_statusLabel->setTextFormat(Qt::PlainText);
+    m_statusLabel->setWordWrap(true);
+
+    m_proxy->setSourceModel(m_model);
+    m_packagesTable->setObjectName(QStringLiteral("m_packagesTable"));
+    m_packagesTable->setAccessibleName(tr("Packages found"));
+    m_packagesTable->setModel(m_proxy);
+    m_packagesTable->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_packagesTable->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_packagesTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_packagesTable->setAlternatingRowColors(true);
+    m_packagesTable->setShowGrid(false);
+    m_packagesTable->setWordWrap(false);
+    m_packagesTable->setTabKeyNavigation(false);
+    m_packagesTable->setSortingEnabled(true);
+    m_packagesTable->sortByColumn(FoundPackagesModel::PackageColumn, Qt::AscendingOrder);
+    m_packagesTable->verticalHeader()->hide();
+    m_packagesTable->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+    m_packagesTable->horizontalHeader()->setStretchLastSection(true);
+    m_packagesTable->horizontalHeader()->setHighlightSections(false);
+    m_packagesTable->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+
+    const auto caption = [this](const QString &text, QComboBox *filter, const QString &name) {
+        auto *label = new QLabel(text, this);
+        label->setBuddy(filter);
+        filter->setObjectName(name);
+        filter->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+        return label;
+    };
+    auto *filters = new QHBoxLayout;
+    filters->addWidget(
+        caption(tr("&Architecture:"), m_architectureComboBox, QStringLiteral("m_architectureComboBox")));
+    filters->addWidget(m_architectureComboBox);
+    filters->addWidget(
+        caption(tr("&Repository:"), m_repositoryComboBox, QStringLiteral("m_repositoryComboBox")));
+    // An origin can be longer than the window is wide.
+    m_repositoryComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    filters->addWidget(m_repositoryComboBox, 1);
+
+    auto *layout = new QGridLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_searchEdit, 0, 0, 1, 2);
+    layout->addLayout(filters, 1, 0, 1, 2);
+    layout->addWidget(m_packagesTable, 2, 0, 1, 2);
+    layout->addWidget(m_statusLabel, 3, 0);
+    layout->addWidget(m_busyBar, 3, 1, Qt::AlignTop);
+    layout->setColumnStretch(0, 1);
+    setFocusProxy(m_searchEdit);
+}
+
+void SearchPackageWidget::connectParts()
+{
+    connect(m_searchEdit, &QLineEdit::textEdited, this, &SearchPackageWidget::textEdited);
+    connect(m_searchEdit, &DelayedLineEdit::textEditingStoped, this, &SearchPackageWidget::search);
+    connect(m_searcher.get(),
+            &PackageSearcher::namesFound,
+            this,
+            [this](const QString &pattern, int found, int lookedAt) {
+                m_foundPattern = pattern;
+                m_namesFound = found;
+                m_namesLookedAt = lookedAt;
+                m_failure.clear();
+            });
+    connect(m_searcher.get(),
+            &PackageSearcher::searchFailed,
+            this,
+            [this](const QString &text, const QString &detailedText) {
+                m_failure = QStringLiteral("%1: %2").arg(text, detailedText.trimmed());
+            });
+    connect(m_searcher.get(), &PackageSearcher::newPackageFound, this, &SearchPackageWidget::showResult);
+
+    const auto filterBy = [this](QComboBox *filter, FoundPackagesModel::Column column) {
+        connect(filter, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this, filter, column] {
+            m_proxy->setWanted(column, filter->currentData().toString());
+            showCount();
+        });
+    };
+    filterBy(m_architectureComboBox, FoundPackagesModel::ArchitectureColumn);
+    filterBy(m_repositoryComboBox, FoundPackagesModel::RepositoryColumn);
+
+    connect(m_packagesTable->selectionModel(),
+            &QItemSelectionModel::selectionChanged,
+            this,
+            &SearchPackageWidget::selectionChanged);
+    // A selection is lost without a word when the rows are replaced.
+    connect(m_model, &QAbstractItemModel::modelReset, this, &SearchPackageWidget::selectionChanged);
+    connect(m_packagesTable, &QTableView::activated, this, &SearchPackageWidget::packagesChosen);
+}
+
+// --- searching -----------------------------------------------------------------------------------------------------
+
+void SearchPackageWidget::textEdited()
+{
+    m_searcher->cancel();
+    m_wantedPattern.clear();
+    m_failure.clear();
+    setBusy(false);
+    m_statusLabel->clear();
+}
+
+void SearchPackageWidget::search(const QString &text)
+{
+    // Names have no capitals, and a pasted text often has blanks around it.
+    const QString pattern = text.trimmed().toLower();
+    const bool possible = AptCommands::isSearchPrefix(pattern);
+    m_wantedPattern = possible ? pattern : QString();
+    setBusy(possible);
+    if (possible) {
+        m_statusLabel->setText(tr("Searching..."));
+        m_searcher->startSearch(pattern);
+        return;
+    }
+    m_searcher->cancel();
+    m_namesFound = m_namesLookedAt = 0;
+    updateTableWidget({});
+    m_statusLabel->setText(
+        pattern.isEmpty() ? QString() : tr("The name of a package cannot begin with \"%1\"").arg(text));
+}
+
+void SearchPackageWidget::showResult(const QList<PackageInfo> &packages)
+{
+    // It may have been on its way when the text changed.
+    if (m_wantedPattern.isEmpty() || m_foundPattern != m_wantedPattern)
+        return;
+    m_wantedPattern.clear();
+    setBusy(false);
+    updateTableWidget(packages);
+}
+
+void SearchPackageWidget::updateTableWidget(const QList<PackageInfo> &packages)
+{
+    m_model->setPackages(packages);
+    refill(m_architectureComboBox, FoundPackagesModel::ArchitectureColumn);
+    refill(m_repositoryComboBox, FoundPackagesModel::RepositoryColumn);
+    constexpr int RowsToMeasure = 200;
+    m_packagesTable->horizontalHeader()->setResizeContentsPrecision(RowsToMeasure);
+    m_packagesTable->resizeColumnsToContents();
+    showCount();
+}
+
+void SearchPackageWidget::refill(QComboBox *filter, FoundPackagesModel::Column column)
+{
+    const QString chosen = filter->currentData().toString();
+    filter->clear();
+    filter->addItem(tr("All"));
+    const QStringList values = m_model->values(column);
+    for (const QString &value : values)
+        filter->addItem(value, value);
+    // What was chosen stays chosen for the next text, when it is there at all.
+    filter->setCurrentIndex(std::max(0, filter->findData(chosen)));
+    filter->setEnabled(values.size() > 1);
+}
+
+void SearchPackageWidget::setBusy(bool busy)
+{
+    m_busyBar->setVisible(busy);
+}
+
+void SearchPackageWidget::showCount()
+{
+    if (!m_failure.isEmpty()) {
+        m_statusLabel->setText(m_failure);
+        return;
+    }
+    const int all = m_model->rowCount();
+    const int shown = m_proxy->rowCount();
+    QString text = all == 0 ? tr("No packages found") : tr("%n package(s)", nullptr, all);
+    if (shown != all)
+        text = tr("%1 of %n package(s)", nullptr, all).arg(shown);
+    if (m_namesLookedAt < m_namesFound)
+        text += QLatin1String(". ")
+                + tr("Only the first %1 of %2 names are shown: type more of the name")
+                      .arg(QString::number(m_namesLookedAt), QString::number(m_namesFound));
+    m_statusLabel->setText(text);
+}
+
+// --- choosing ------------------------------------------------------------------------------------------------------
+
+QList<PackageInfo> SearchPackageWidget::selectedPackages() const
+{
+    QModelIndexList rows = m_packagesTable->selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end());
+    QList<PackageInfo> packages;
+    for (const QModelIndex &row : qAsConst(rows))
+        packages.append(m_model->packageAt(m_proxy->mapToSource(row).row()));
+    return packages;
+}
+
+QWidget *SearchPackageWidget::searchField() const
+{
+    return m_searchEdit;
+}
+
+bool SearchPackageWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_searchEdit && event->type() == QEvent::KeyPress
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Down && m_proxy->rowCount() > 0) {
+        if (!m_packagesTable->selectionModel()->hasSelection())
+            m_packagesTable->selectRow(std::max(0, m_packagesTable->currentIndex().row()));
+        m_packagesTable->setFocus(Qt::TabFocusReason);
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ui/search/foundpackagesmodel.h"
+#include "ui/search/packagefilter.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class DelayedLineEdit;
+class FoundPackagesProxy;
+class PackageSearcher;
+class QComboBox;
+class QLabel;
+class QProgressBar;
+class QTableView;
+
+/**
+ * Searches packages by the start of their names while the user types, and offers what was found for choice. The result
+ * of a text that is no longer in the field is never shown.
+ */
+class SearchPackageWidget : public QWidget
+{
+    Q_OBJECT
+public:
+    SearchPackageWidget(const PackageFilter &filter,
+                        const FoundPackagesModel::AliasLookup &aliases,
+                        QWidget *parent = nullptr);
+    ~SearchPackageWidget() override;
+
+    /** The selected packages in the order shown; their repository is the origin, whatever name is shown. */
+    QList<PackageInfo> selectedPackages() const;
+    /** The field that is typed into, for a prompt's buddy. */
+    QWidget *searchField() const;
+
+public Q_SLOTS:
+    /** Replaces the rows of the table. */
+    void updateTableWidget(const QList<PackageInfo> &packages);
+
+Q_SIGNALS:
+    void selectionChanged();
+    /** A row was chosen with Enter or a double click. */
+    void packagesChosen();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void layOut();
+    void connectParts();
+    /** Gives up what is searched for; what is shown belongs to another text from now on. */
+    void textEdited();
+    void search(const QString &text);
+    void showResult(const QList<PackageInfo> &packages);
+    void refill(QComboBox *filter, FoundPackagesModel::Column column);
+    void setBusy(bool busy);
+    void showCount();
+
+    std::unique_ptr<PackageSearcher> m_searcher;
+    DelayedLineEdit *m_searchEdit;
+    QProgressBar *m_busyBar;
+    QLabel *m_statusLabel;
+    QComboBox *m_architectureComboBox;
+    QComboBox *m_repositoryComboBox;
+    QTableView *m_packagesTable;
+    FoundPackagesModel *m_model;
+    FoundPackagesProxy *m_proxy;
+    QString m_wantedPattern; ///< what the searcher was asked for; empty when nothing is awaited
+    QString m_foundPattern; ///< what the next result belongs to
+    QString m_failure; ///< why the next result is empty
+    int m_namesFound = 0;
+    int m_namesLookedAt = 0;
+};

@@ -1,0 +1,347 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/tab/dependsview.h"
+
+#include "depends/localcandidates.h"
+#include "ui/depends/dependsproxymodel.h"
+
+#include "ui_repowidget.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace
+{
+/** What tells a row from the others: its text and the texts of the rows above it. */
+QStringList pathOf(const QModelIndex &index)
+{
+    QStringList path;
+    for (QModelIndex row = index.siblingAtColumn(0); row.isValid(); row = row.parent())
+        path.prepend(row.data().toString());
+    return path;
+}
+
+bool isOfferedElsewhere(const Dependency &dependency)
+{
+    for (auto found = dependency.foundVersions.cbegin(); found != dependency.foundVersions.cend(); ++found) {
+        if (found.key() != LocalCandidates::label() && found->status == DependSuccess)
+            return true;
+    }
+    return std::any_of(dependency.providers.cbegin(), dependency.providers.cend(), isOfferedElsewhere);
+}
+} // namespace
+
+DependsView::DependsView(Ui::RepoWidget &ui, QObject *parent)
+    : QObject(parent)
+    , m_ui(ui)
+    , m_model(new DependsModel(this))
+    , m_proxy(new DependsProxyModel(this))
+    , m_copyAction(
+          new QAction(QIcon::fromTheme(QStringLiteral("edit-copy")), tr("Copy"), ui.m_dependsTreeView))
+{
+    setUpToggles();
+    setUpTree();
+    showEmptyText();
+}
+
+void DependsView::setUpToggles()
+{
+    m_toggles = {{DependUndefined, m_ui.m_showDependsUndefinedToolButton},
+                 {DependError, m_ui.m_showDependsErrorToolButton},
+                 {DependSuccess, m_ui.m_showDependsSuccessToolButton}};
+    for (auto toggle = m_toggles.cbegin(); toggle != m_toggles.cend(); ++toggle) {
+        m_proxy->setStatusShown(toggle.key(), true);
+        connect(toggle.value(), &QToolButton::toggled, this, [this, state = toggle.key()](bool shown) {
+            showState(state, shown);
+        });
+    }
+}
+
+void DependsView::setUpTree()
+{
+    QTreeView *tree = m_ui.m_dependsTreeView;
+    m_proxy->setSourceModel(m_model);
+    tree->setModel(m_proxy);
+    tree->setUniformRowHeights(true);
+    tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    tree->setSelectionBehavior(QAbstractItemView::SelectRows);
+    tree->setAllColumnsShowFocus(true);
+    tree->setSortingEnabled(true);
+    tree->sortByColumn(0, Qt::AscendingOrder);
+    tree->installEventFilter(this);
+    QHeaderView *header = tree->header();
+    header->setStretchLastSection(false);
+    header->setSectionsMovable(false);
+    header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    header->setTextElideMode(Qt::ElideMiddle);
+    connect(header, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        columnResized(column, width);
+    });
+
+    m_copyAction->setShortcut(QKeySequence(QKeySequence::Copy));
+    m_copyAction->setShortcutContext(Qt::WidgetShortcut);
+    tree->addAction(m_copyAction);
+    connect(m_copyAction, &QAction::triggered, this, &DependsView::copySelected);
+    const auto selectionChanged
+        = [this, tree] { m_copyAction->setEnabled(tree->selectionModel()->hasSelection()); };
+    connect(tree->selectionModel(), &QItemSelectionModel::selectionChanged, this, selectionChanged);
+    connect(m_proxy, &DependsProxyModel::modelReset, this, selectionChanged);
+    selectionChanged();
+}
+
+// --- what is shown -------------------------------------------------------------------------------------------------
+
+void DependsView::setPackage(const PackageInfoPtr &package)
+{
+    if (package == m_package)
+        return;
+    const bool isSame = package && m_package && package->name == m_package->name
+                        && package->architecture == m_package->architecture
+                        && package->type == m_package->type
+                        && package->indexComponent == m_package->indexComponent;
+    // An earlier result without entries has no state worth keeping.
+    const bool keep = isSame && m_proxy->hasChildren(m_proxy->index(0, 0));
+    const TreeState state = keep ? treeState() : TreeState();
+    m_package = package;
+    const bool hasEntries = package && package->dependsInfo && !package->dependsInfo->groups.isEmpty();
+    m_model->setPackages(hasEntries ? QList<PackageInfoPtr>{package} : QList<PackageInfoPtr>());
+    layOutColumns();
+    if (keep)
+        restore(state);
+    else
+        m_ui.m_dependsTreeView->expandToDepth(0);
+    showEmptyText();
+}
+
+void DependsView::setAliases(const DependsModel::AliasLookup &aliases)
+{
+    m_model->setAliases(aliases);
+}
+
+void DependsView::setCheckEnabled(bool enabled)
+{
+    m_ui.m_checkDependsToolButton->setEnabled(enabled);
+}
+
+QString DependsView::emptyText() const
+{
+    if (m_proxy->rowCount() > 0 || !m_package)
+        return {};
+    if (m_model->rowCount() > 0)
+        return tr("Dependencies in this state are not shown. The buttons above choose what is shown.");
+    if (m_package->depends().isEmpty() && m_package->control.field("Pre-Depends").isEmpty())
+        return tr("The package has no dependencies.");
+    if (m_package->dependStatus() == DependUndefined)
+        return tr("Not checked yet: press \"%1\".").arg(m_ui.m_checkDependsToolButton->text());
+    return tr("The package has no dependencies that can be checked.");
+}
+
+void DependsView::showEmptyText()
+{
+    const QString text = emptyText();
+    m_ui.m_dependsEmptyLabel->setText(text);
+    m_ui.m_dependsEmptyLabel->setVisible(!text.isEmpty());
+    m_ui.m_dependsTreeView->setVisible(text.isEmpty());
+}
+
+void DependsView::showState(int state, bool shown)
+{
+    // A filter takes rows away and brings them back closed.
+    const bool hadRows = m_proxy->rowCount() > 0;
+    const TreeState before = treeState();
+    m_proxy->setStatusShown(state, shown);
+    if (shown)
+        m_arrangement.hiddenStates.remove(state);
+    else
+        m_arrangement.hiddenStates.insert(state);
+    if (hadRows)
+        restore(before);
+    else
+        m_ui.m_dependsTreeView->expandToDepth(0);
+    showEmptyText();
+    Q_EMIT arrangementChanged();
+}
+
+// --- the tree's state ----------------------------------------------------------------------------------------------
+
+void DependsView::forEachRow(const QModelIndex &parent,
+                             const std::function<void(const QModelIndex &)> &visit) const
+{
+    for (int row = 0; row < m_proxy->rowCount(parent); ++row) {
+        const QModelIndex index = m_proxy->index(row, 0, parent);
+        visit(index);
+        forEachRow(index, visit);
+    }
+}
+
+DependsView::TreeState DependsView::treeState() const
+{
+    TreeState state;
+    const QTreeView *tree = m_ui.m_dependsTreeView;
+    forEachRow({}, [&](const QModelIndex &index) {
+        if (tree->isExpanded(index))
+            state.expanded.insert(pathOf(index));
+        if (tree->selectionModel()->isSelected(index))
+            state.selected.insert(pathOf(index));
+    });
+    state.current = pathOf(tree->currentIndex());
+    state.scroll = tree->verticalScrollBar()->value();
+    return state;
+}
+
+void DependsView::restore(const TreeState &state)
+{
+    QTreeView *tree = m_ui.m_dependsTreeView;
+    QItemSelection selection;
+    QModelIndex current;
+    forEachRow({}, [&](const QModelIndex &index) {
+        const QStringList path = pathOf(index);
+        tree->setExpanded(index, state.expanded.contains(path));
+        if (state.selected.contains(path))
+            selection.select(index, index);
+        if (path == state.current)
+            current = index;
+    });
+    tree->selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
+    tree->selectionModel()->select(selection,
+                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    // Before that the bar does not know how far it can go.
+    tree->doItemsLayout();
+    tree->verticalScrollBar()->setValue(state.scroll);
+}
+
+// --- columns -------------------------------------------------------------------------------------------------------
+
+void DependsView::layOutColumns()
+{
+    const QScopedValueRollback<bool> guard(m_layingOut, true);
+    QTreeView *tree = m_ui.m_dependsTreeView;
+    QHeaderView *header = tree->header();
+    const int character = tree->fontMetrics().averageCharWidth();
+    constexpr int SourceCharacters
+        = 22; // an origin is longer than that, and its end says as much as its start
+    constexpr int TextCharacters = 30;
+    const QStringList sources = m_model->sources();
+    int others = 0;
+    for (int column = 1; column <= sources.size(); ++column) {
+        header->setSectionResizeMode(column, QHeaderView::Interactive);
+        const int usual = qMin(header->sectionSizeHint(column), character * SourceCharacters);
+        header->resizeSection(column, m_arrangement.columnWidths.value(sources.at(column - 1), usual));
+        others += header->sectionSize(column);
+    }
+    // The text takes what is left; where that is too little, the tree is scrolled sideways.
+    const int least = character * TextCharacters;
+    const bool fits = tree->viewport()->width() - others >= least;
+    header->setSectionResizeMode(0, fits ? QHeaderView::Stretch : QHeaderView::Interactive);
+    if (!fits)
+        header->resizeSection(0, least);
+}
+
+void DependsView::columnResized(int column, int width)
+{
+    const QStringList sources = m_model->sources();
+    if (m_layingOut || column < 1 || column > sources.size())
+        return;
+    m_arrangement.columnWidths[sources.at(column - 1)] = width;
+    Q_EMIT arrangementChanged();
+}
+
+void DependsView::setArrangement(const DependsArrangement &arrangement)
+{
+    const QSignalBlocker blocker(this);
+    for (auto toggle = m_toggles.cbegin(); toggle != m_toggles.cend(); ++toggle)
+        toggle.value()->setChecked(!arrangement.hiddenStates.contains(toggle.key()));
+    m_arrangement = arrangement;
+    layOutColumns();
+}
+
+// --- the selected rows ---------------------------------------------------------------------------------------------
+
+QVector<Dependency> DependsView::selectedLacks() const
+{
+    QVector<Dependency> lacks;
+    const QModelIndexList rows = m_ui.m_dependsTreeView->selectionModel()->selectedRows();
+    for (const QModelIndex &row : rows)
+        collectLacks(row, lacks);
+    return lacks;
+}
+
+void DependsView::collectLacks(const QModelIndex &index, QVector<Dependency> &lacks) const
+{
+    const QVector<Dependency> alternatives = m_model->alternativesAt(m_proxy->mapToSource(index));
+    if (alternatives.isEmpty()) {
+        for (int row = 0; row < m_proxy->rowCount(index); ++row)
+            collectLacks(m_proxy->index(row, 0, index), lacks);
+        return;
+    }
+    const bool isChecked = index.data(DependsModel::StatusRole).toInt() != DependUndefined;
+    if (!isChecked || std::any_of(alternatives.cbegin(), alternatives.cend(), LocalCandidates::meets))
+        return;
+    const auto best = std::find_if(alternatives.cbegin(), alternatives.cend(), isOfferedElsewhere);
+    const Dependency &wanted = best == alternatives.cend() ? alternatives.first() : *best;
+    const bool isKnown = std::any_of(lacks.cbegin(), lacks.cend(), [&wanted](const Dependency &lack) {
+        return lack.name == wanted.name && lack.architecture == wanted.architecture;
+    });
+    if (!isKnown)
+        lacks.append(wanted);
+}
+
+void DependsView::copySelected()
+{
+    QModelIndexList rows = m_ui.m_dependsTreeView->selectionModel()->selectedRows();
+    // In the order of the tree, not in that of the clicks.
+    std::sort(rows.begin(), rows.end(), [this](const QModelIndex &a, const QModelIndex &b) {
+        return m_ui.m_dependsTreeView->visualRect(a).top() < m_ui.m_dependsTreeView->visualRect(b).top();
+    });
+    QStringList lines;
+    for (const QModelIndex &row : qAsConst(rows))
+        lines.append(row.data().toString());
+    if (!lines.isEmpty())
+        QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+}
+
+// --- events --------------------------------------------------------------------------------------------------------
+
+bool DependsView::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Resize:
+    case QEvent::FontChange:
+        QMetaObject::invokeMethod(this, &DependsView::layOutColumns, Qt::QueuedConnection);
+        break;
+    case QEvent::ContextMenu:
+        if (static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard) {
+            requestMenuAtCurrent();
+            return true;
+        }
+        break;
+    case QEvent::KeyPress: {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier) {
+            requestMenuAtCurrent();
+            return true;
+        }
+        break;
+    }
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void DependsView::requestMenuAtCurrent()
+{
+    QTreeView *tree = m_ui.m_dependsTreeView;
+    const QModelIndex current = tree->currentIndex();
+    tree->scrollTo(current);
+    const QRect place = tree->visualRect(current) & tree->viewport()->rect();
+    Q_EMIT tree->customContextMenuRequested(place.isEmpty() ? tree->viewport()->rect().center()
+                                                            : place.center());
+}

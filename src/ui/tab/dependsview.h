@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "ui/depends/dependsarrangement.h"
+#include "ui/depends/dependsmodel.h"
+
+#include <QHash>
+#include <QObject>
+#include <QSet>
+
+class DependsProxyModel;
+class QAction;
+class QToolButton;
+
+namespace Ui
+{
+class RepoWidget;
+}
+
+/**
+ * Works the tab "Dependences" of a package: what the package depends on, and which source has it. A new record of the
+ * same package leaves the tree as the user has it; where there is nothing to show, words say why.
+ */
+class DependsView : public QObject
+{
+    Q_OBJECT
+public:
+    /** `ui` outlives the view. */
+    DependsView(Ui::RepoWidget &ui, QObject *parent);
+
+    /** Shows this record; null: none. */
+    void setPackage(const PackageInfoPtr &package);
+    PackageInfoPtr package() const { return m_package; }
+    void setAliases(const DependsModel::AliasLookup &aliases);
+    /** Whether the package can be checked now. */
+    void setCheckEnabled(bool enabled);
+
+    /**
+     * What the selected rows need and the local repository lacks, one dependency for each entry: of alternatives the
+     * first that a public source offers. A selected package stands for its entries that are shown. An entry that was
+     * never checked is left out.
+     */
+    QVector<Dependency> selectedLacks() const;
+    /** Copies the selected rows as text. */
+    QAction *copyAction() const { return m_copyAction; }
+
+    const DependsArrangement &arrangement() const { return m_arrangement; }
+    void setArrangement(const DependsArrangement &arrangement);
+
+Q_SIGNALS:
+    /** The user has arranged the tree anew. */
+    void arrangementChanged();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    /** What the tree looks like, by the texts of its rows from the top. */
+    struct TreeState
+    {
+        QSet<QStringList> expanded;
+        QSet<QStringList> selected;
+        QStringList current;
+        int scroll = 0;
+    };
+
+    Ui::RepoWidget &m_ui;
+    DependsModel *m_model;
+    DependsProxyModel *m_proxy;
+    QAction *m_copyAction;
+    QHash<int, QToolButton *> m_toggles; ///< by state
+    PackageInfoPtr m_package;
+    DependsArrangement m_arrangement;
+    bool m_layingOut = false; ///< the widths are not the user's doing
+
+    void setUpToggles();
+    void setUpTree();
+    void showState(int state, bool shown);
+    void layOutColumns();
+    void columnResized(int column, int width);
+    void requestMenuAtCurrent();
+    void copySelected();
+    void showEmptyText();
+    QString emptyText() const;
+    TreeState treeState() const;
+    void restore(const TreeState &state);
+    void forEachRow(const QModelIndex &parent, const std::function<void(const QModelIndex &)> &visit) const;
+    void collectLacks(const QModelIndex &index, QVector<Dependency> &lacks) const;
+};

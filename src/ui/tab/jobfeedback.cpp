@@ -1,0 +1,347 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/tab/jobfeedback.h"
+
+#include "engine/reposhell.h"
+#include "platform/desktopnotification.h"
+#include "signing/signingadvice.h"
+#include "ui/dialogs/packagereplacementdialog.h"
+#include "ui/dialogs/prompts.h"
+#include "ui/dialogs/publicationtext.h"
+#include "ui/tab/repotabs.h"
+#include "ui/tab/repowidget.h"
+#include "ui/tab/tabtitles.h"
+#include "ui/widgets/elidedlabel.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QStatusBar>
+#include <QTime>
+#include <QToolButton>
+#include <QWidget>
+
+#include <utility>
+
+namespace
+{
+/** What says more than that there is an error or a warning; empty for most. */
+QString titleOf(const QString &error)
+{
+    if (error == RepoShell::tr("No packages for upgrading"))
+        return RepoShell::tr("Nothing to upgrade");
+    if (error == RepoShell::tr("Failed to create file with selected sources"))
+        return RepoShell::tr("Create source.list file error");
+    return {};
+}
+
+QString withAdvice(const QString &details)
+{
+    // gpg's own words mean nothing to most users, so they come second.
+    const QString remedy = SigningAdvice::of(details);
+    if (!remedy.isEmpty())
+        return remedy + QLatin1String("\n\n") + details;
+    const QString advice = PublicationText::advice(details);
+    return advice.isEmpty() ? details : details + QLatin1String("\n\n") + advice;
+}
+} // namespace
+
+JobFeedback::JobFeedback(
+    RepoTabs &tabs, Prompts &prompts, QStatusBar *statusBar, QPlainTextEdit *log, QObject *parent)
+    : QObject(parent)
+    , m_tabs(tabs)
+    , m_prompts(prompts)
+    , m_log(log)
+    , m_message(new ElidedLabel(statusBar))
+    , m_progressBar(new QProgressBar(statusBar))
+    , m_stopButton(new QToolButton(statusBar))
+{
+    m_message->setObjectName(QStringLiteral("m_messageLabel"));
+    m_progressBar->setObjectName(QStringLiteral("m_progressBar"));
+    m_progressBar->setFormat(QStringLiteral("%v/%m"));
+    m_progressBar->setMaximumWidth(statusBar->fontMetrics().averageCharWidth() * 40);
+    m_stopButton->setObjectName(QStringLiteral("m_stopButton"));
+    m_stopButton->setIcon(QIcon::fromTheme(QStringLiteral("process-stop")));
+    m_stopButton->setToolTip(tr("Stop"));
+    m_stopButton->setAccessibleName(tr("Stop"));
+    m_stopButton->setAutoRaise(true);
+    m_stopButton->setFocusPolicy(Qt::TabFocus);
+    statusBar->addWidget(m_message, 1);
+    statusBar->addPermanentWidget(m_progressBar);
+    statusBar->addPermanentWidget(m_stopButton);
+    connect(m_stopButton, &QToolButton::clicked, this, &JobFeedback::stop);
+    connect(&m_tabs, &RepoTabs::created, this, &JobFeedback::attach);
+    connect(&m_tabs, &RepoTabs::currentChanged, this, &JobFeedback::showCurrent);
+    connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
+        // The last word of a tab that closes by itself says why it did; nobody wonders why one that was closed is gone.
+        const QString word = m_jobs.take(widget).message;
+        const QString lastWord = widget->repoPath().isEmpty() ? word : QString();
+        if (m_tabs.current() != widget)
+            return;
+        // Queued, because the tab that comes to front shows its own message first.
+        const auto show = [this, lastWord] {
+            if (!lastWord.isEmpty() || m_tabs.current() == nullptr)
+                m_message->setFullText(lastWord);
+        };
+        QMetaObject::invokeMethod(this, show, Qt::QueuedConnection);
+    });
+    showCurrent();
+}
+
+void JobFeedback::attach(RepoWidget *widget)
+{
+    connect(widget, &RepoWidget::repoShellStarted, this, [this, widget](const QString &message) {
+        jobStarted(widget, message);
+    });
+    connect(widget,
+            &RepoWidget::repoShellFinished,
+            this,
+            [this, widget](RepoEnums::JobId, const QString &message) { jobFinished(widget, message); });
+    connect(widget, &RepoWidget::progressBarSetMaximum, this, [this, widget](int maximum) {
+        m_jobs[widget].maximum = maximum;
+        showCurrent();
+    });
+    connect(widget, &RepoWidget::progressStepChanged, this, [this, widget](int step) {
+        m_jobs[widget].value = step;
+        showCurrent();
+    });
+    connect(widget, &RepoWidget::progressBarSetValue, this, [this, widget](int value) {
+        m_jobs[widget].value = value;
+        showCurrent();
+    });
+    connect(widget, &RepoWidget::statusLabel, this, [this, widget](const QString &text) {
+        m_jobs[widget].message = text;
+        showCurrent();
+    });
+    connect(widget,
+            &RepoWidget::critical,
+            this,
+            [this, widget](const QString &text, const QString &details, RepoEnums::ErrorType type) {
+                jobError(widget, text, details, type);
+            });
+    connect(widget->repoShell(), &RepoShell::goingOn, this, [this, widget] {
+        m_jobs[widget].stopping = false;
+        showCurrent();
+    });
+    connect(widget->repoShell(), &RepoShell::noted, this, [this, widget](const QString &text) {
+        appendLog(widget, text);
+    });
+    connect(widget,
+            &RepoWidget::criticalVelt,
+            this,
+            [this, widget](const QString &text, const QString &details, RepoEnums::ErrorType type) {
+                jobError(widget, text, details, type);
+            });
+    connect(widget->repoShell(), &RepoShell::dependsSummary, this, [this, widget](const QStringList &lines) {
+        for (const QString &line : lines)
+            appendLog(widget, line);
+    });
+    connect(&m_tabs, &RepoTabs::runningChanged, widget, [this, widget](const RepoWidget *changed) {
+        if (changed == widget && !m_tabs.isRunning(widget) && m_jobs.contains(widget)) {
+            m_jobs[widget].shown = false;
+            showCurrent();
+        }
+    });
+
+    // The job waits inside these two until the slot returns. They go to the engine that asks, whatever tab is
+    // current by then.
+    RepoShell *engine = widget->repoShell();
+    const QPointer<RepoWidget> asking(widget);
+    connect(
+        engine,
+        &RepoShell::question,
+        this,
+        [this, asking](const QString &title, const QString &text) { askUser(asking, title, text); },
+        Qt::BlockingQueuedConnection);
+    connect(
+        engine,
+        &RepoShell::requestForReplacementHandlingByUser,
+        this,
+        [this, asking](RepoEnums::ErrorCode collision,
+                       PackageReplacementRules *rules,
+                       const PackageInfoPtr &package,
+                       bool singlePackage) {
+            packagesReplacementHandler(asking, collision, rules, package, singlePackage);
+        },
+        Qt::BlockingQueuedConnection);
+}
+
+void JobFeedback::jobStarted(RepoWidget *widget, const QString &message)
+{
+    Job job;
+    job.message = message;
+    job.shown = true;
+    job.errors = m_jobs[widget].errors;
+    job.runningTime.start();
+    m_jobs[widget] = job;
+    appendLog(widget, message);
+    showCurrent();
+}
+
+void JobFeedback::jobFinished(RepoWidget *widget, const QString &message)
+{
+    Job &job = m_jobs[widget];
+    job.shown = false;
+    job.message = message;
+    if (!message.isEmpty()) {
+        appendLog(widget, message);
+        notifyDesktop(widget, job);
+    }
+    showCurrent();
+    const QList<Prompts::Error> errors = std::exchange(job.errors, {});
+    if (!errors.isEmpty())
+        m_prompts.showErrors(errors);
+}
+
+void JobFeedback::showWaiting(RepoWidget *widget, const QString &message)
+{
+    Job job;
+    job.message = message;
+    job.shown = true;
+    job.stoppable = false;
+    job.runningTime.start();
+    m_jobs[widget] = job;
+    appendLog(widget, message);
+    showCurrent();
+}
+
+void JobFeedback::endWaiting(RepoWidget *widget,
+                             const QString &message,
+                             const QString &errorText,
+                             const QString &errorDetails)
+{
+    if (!errorText.isEmpty() && m_jobs[widget].errors.isEmpty())
+        jobError(widget, errorText, errorDetails, RepoEnums::CRITICAL);
+    jobFinished(widget, message);
+}
+
+void JobFeedback::jobError(RepoWidget *widget,
+                           const QString &text,
+                           const QString &details,
+                           RepoEnums::ErrorType type)
+{
+    Job &job = m_jobs[widget];
+    if (!job.shown) {
+        logError(widget, text, details);
+        m_prompts.showError(text, withAdvice(details), type);
+        return;
+    }
+    // However many files fail, the user has one box to close. The log tells at once.
+    logError(widget, text, details);
+    job.errors.append({text, withAdvice(details), type, titleOf(text)});
+}
+
+void JobFeedback::logError(const RepoWidget *widget, const QString &text, const QString &details)
+{
+    appendLog(widget, details.isEmpty() ? text : text + QLatin1Char(' ') + details);
+}
+
+void JobFeedback::notifyDesktop(const RepoWidget *widget, const Job &job) const
+{
+    const auto *window = m_prompts.window();
+    const bool isLooking = QApplication::activeWindow() != nullptr && !window->isMinimized();
+    if (!isLooking && !m_prompts.isDismissed() && job.runningTime.hasExpired(m_longJobTime))
+        DesktopNotification::show(job.message, m_tabs.pathOf(widget));
+}
+
+void JobFeedback::showCurrent()
+{
+    const RepoWidget *widget = m_tabs.current();
+    const Job job = m_jobs.value(widget);
+    m_progressBar->setVisible(job.shown);
+    m_stopButton->setVisible(job.shown && job.stoppable);
+    m_stopButton->setEnabled(!job.stopping);
+    if (job.shown) {
+        m_progressBar->setMaximum(job.maximum);
+        m_progressBar->setValue(job.value);
+    }
+    if (widget != nullptr)
+        m_message->setFullText(job.message);
+}
+
+void JobFeedback::stop()
+{
+    RepoWidget *widget = m_tabs.current();
+    if (widget != nullptr && m_tabs.isRunning(widget))
+        stopJobOf(widget);
+}
+
+void JobFeedback::stopJobOf(RepoWidget *widget)
+{
+    widget->repoShell()->cancel();
+    m_jobs[widget].stopping = true;
+    showCurrent();
+}
+
+void JobFeedback::appendLog(const QString &inMessage)
+{
+    m_log->appendPlainText(QTime::currentTime().toString(QStringLiteral("[HH:mm:ss] "))
+                           + inMessage.simplified());
+}
+
+void JobFeedback::appendLog(const RepoWidget *widget, const QString &message)
+{
+    const QString name = shortlyAbout(widget);
+    appendLog(name.isEmpty() ? message : QStringLiteral("%1 (%2)").arg(message, name));
+}
+
+void JobFeedback::announce(const QString &message)
+{
+    if (const RepoWidget *widget = m_tabs.current())
+        m_jobs[widget].message = message;
+    m_message->setFullText(message);
+    appendLog(message);
+}
+
+void JobFeedback::error(const QString &text, const QString &details, RepoEnums::ErrorType type)
+{
+    logError(nullptr, text, details);
+    m_prompts.showError(text, withAdvice(details), type);
+}
+
+QString JobFeedback::about(const QPointer<RepoWidget> &widget) const
+{
+    return m_tabs.shown().size() > 1 ? m_tabs.pathOf(widget) : QString();
+}
+
+QString JobFeedback::shortlyAbout(const RepoWidget *widget) const
+{
+    const QList<RepoWidget *> shown = m_tabs.shown();
+    if (widget == nullptr || shown.size() < 2)
+        return {};
+    for (int index = 0; index < shown.size(); ++index) {
+        if (shown.at(index) == widget)
+            return TabTitles::of(m_tabs.paths()).value(index);
+    }
+    return m_tabs.pathOf(widget);
+}
+
+void JobFeedback::askUser(const QPointer<RepoWidget> &widget, const QString &title, const QString &text)
+{
+    const Prompts::Answer answer = m_prompts.askCarefully(title, text, about(widget));
+    // Without an answer the engine keeps the safe one that it has set itself.
+    RepoWidget *asking = widget.data();
+    if (asking != nullptr && answer != Prompts::Answer::Dismissed)
+        asking->repoShell()->setAnswer(answer == Prompts::Answer::Yes);
+}
+
+void JobFeedback::packagesReplacementHandler(const QPointer<RepoWidget> &widget,
+                                             RepoEnums::ErrorCode collision,
+                                             PackageReplacementRules *rules,
+                                             const PackageInfoPtr &package,
+                                             bool singlePackage)
+{
+    if (package.isNull() || widget.isNull())
+        return;
+    const RepoShell::Newcomer newcomer = widget->repoShell()->newcomer();
+    PackageReplacementDialog dialog(
+        collision, *package, singlePackage || newcomer.isLast, m_prompts.window());
+    dialog.setRepository(about(widget));
+    dialog.setNewcomer(newcomer.fileName, newcomer.version, newcomer.architectures);
+    // The engine waits for us, so the rules are still its own; closed without an answer, the package stays.
+    rules->value = m_prompts.run(dialog) == QDialog::Accepted
+                       ? dialog.rule()
+                       : static_cast<quint32>(PackageReplacementRules::KeepThis);
+    if (dialog.wantsStop() && !widget.isNull())
+        stopJobOf(widget);
+}

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "core/packagereplacementrules.h"
+#include "ui/dialogs/prompts.h"
+
+#include <QElapsedTimer>
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+
+class ElidedLabel;
+class QPlainTextEdit;
+class QProgressBar;
+class QStatusBar;
+class QToolButton;
+class RepoTabs;
+class RepoWidget;
+
+/**
+ * Shows what jobs do: progress and messages in the status bar, everything in the log, errors in boxes, and asks what
+ * a job must know. The status bar follows the current tab. A long job that ends while the user is elsewhere is told on
+ * the desktop.
+ */
+class JobFeedback : public QObject
+{
+    Q_OBJECT
+public:
+    JobFeedback(
+        RepoTabs &tabs, Prompts &prompts, QStatusBar *statusBar, QPlainTextEdit *log, QObject *parent);
+
+    /** Jobs that take less time than this end without a message on the desktop; at first ten seconds. */
+    void setLongJobTime(qint64 milliseconds) { m_longJobTime = milliseconds; }
+
+    /** Appends one line to the log, with the time of day. */
+    void appendLog(const QString &inMessage);
+    /** Shows a message in the status bar and puts it into the log. */
+    void announce(const QString &message);
+    /** Shows that the tab waits for the system, which nothing can stop: a text and a bar without an end. */
+    void showWaiting(RepoWidget *widget, const QString &message);
+    /**
+     * Ends that with a last word, which goes into the log too. Errors that came meanwhile are shown, or else this one
+     * if it has a text.
+     */
+    void endWaiting(RepoWidget *widget,
+                    const QString &message,
+                    const QString &errorText = {},
+                    const QString &errorDetails = {});
+    /** Shows an error box and puts the error into the log. */
+    void
+    error(const QString &text, const QString &details = {}, RepoEnums::ErrorType type = RepoEnums::CRITICAL);
+
+private:
+    struct Job
+    {
+        int maximum = 0; ///< 0: not known
+        int value = 0;
+        QString message;
+        bool shown = false; ///< between start and end
+        bool stopping = false;
+        bool stoppable = true;
+        QList<Prompts::Error> errors; ///< of the running job, for one box at its end
+        QElapsedTimer runningTime;
+    };
+
+    void attach(RepoWidget *widget);
+    void jobStarted(RepoWidget *widget, const QString &message);
+    void jobFinished(RepoWidget *widget, const QString &message);
+    void jobError(RepoWidget *widget, const QString &text, const QString &details, RepoEnums::ErrorType type);
+    void logError(const RepoWidget *widget, const QString &text, const QString &details);
+    void notifyDesktop(const RepoWidget *widget, const Job &job) const;
+    void showCurrent();
+    void stop();
+    void stopJobOf(RepoWidget *widget);
+    void appendLog(const RepoWidget *widget, const QString &message);
+    void askUser(const QPointer<RepoWidget> &widget, const QString &title, const QString &text);
+    void packagesReplacementHandler(const QPointer<RepoWidget> &widget,
+                                    RepoEnums::ErrorCode collision,
+                                    PackageReplacementRules *rules,
+                                    const PackageInfoPtr &package,
+                                    bool singlePackage);
+    /** Which repository a question is about, when there is more than one. */
+    QString about(const QPointer<RepoWidget> &widget) const;
+    /** The same in a word or two. */
+    QString shortlyAbout(const RepoWidget *widget) const;
+
+    RepoTabs &m_tabs;
+    Prompts &m_prompts;
+    QPlainTextEdit *m_log;
+    ElidedLabel *m_message;
+    QProgressBar *m_progressBar;
+    QToolButton *m_stopButton;
+    QHash<const RepoWidget *, Job> m_jobs;
+    qint64 m_longJobTime = 10000;
+};

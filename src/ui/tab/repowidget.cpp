@@ -1,0 +1,486 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/tab/repowidget.h"
+
+#include "engine/reposhell.h"
+#include "ui/packages/packagedetails.h"
+#include "ui/packages/packagefeed.h"
+#include "ui/packages/repomodel.h"
+#include "ui/packages/repoproxymodel.h"
+#include "ui/tab/dependsview.h"
+#include "ui/tab/publicationpanel.h"
+#include "ui/tab/repositorykeypanel.h"
+#include "ui/widgets/mnemonics.h"
+#include "ui/widgets/sections.h"
+
+#include "ui_repowidget.h"
+
+#include <QAction>
+#include <QFocusEvent>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QSet>
+
+#include <algorithm>
+#include <array>
+
+RepoWidget::RepoWidget(QWidget *parent)
+    : QWidget(parent)
+    , m_ui(std::make_unique<Ui::RepoWidget>())
+    , m_shell(new RepoShell(this))
+    , m_feed(new PackageFeed(this))
+    , m_model(new RepoModel(this))
+    , m_proxy(new RepoProxyModel(this))
+    , m_filterMenu(new QMenu(tr("Packet Filter"), this))
+{
+    m_ui->setupUi(this);
+    m_ui->m_splitter->setStretchFactor(0, 2);
+    m_ui->m_splitter->setStretchFactor(1, 3);
+    connect(m_ui->m_splitter, &QSplitter::splitterMoved, this, &RepoWidget::splitterMoved);
+    m_depends = new DependsView(*m_ui, this);
+    setUpTree();
+    setUpSearch();
+    connectPublication();
+    connectShell();
+    connectJob();
+}
+
+RepoWidget::~RepoWidget() = default;
+
+void RepoWidget::focusInEvent(QFocusEvent *event)
+{
+    // In the search line the keys of the commands would edit text. A focus proxy would make Tab leave that line out.
+    m_ui->m_repoTreeView->setFocus(event->reason());
+}
+
+void RepoWidget::focusTree()
+{
+    m_ui->m_repoTreeView->setFocus();
+}
+
+void RepoWidget::selectAllPackages()
+{
+    m_ui->m_repoTreeView->selectAll();
+    m_ui->m_repoTreeView->setFocus();
+}
+
+bool RepoWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    // From the search line into what it has found.
+    if (watched == m_ui->m_searchLine->lineEdit() && event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool isPlain = (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+        if (isPlain
+            && (key->key() == Qt::Key_Down || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
+            m_ui->m_repoTreeView->enterFromSearch();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void RepoWidget::setUpTree()
+{
+    m_proxy->setSourceModel(m_model);
+    m_ui->m_repoTreeView->setModel(m_proxy);
+    connect(m_feed, &PackageFeed::changesReady, m_model, &RepoModel::apply);
+    connect(m_feed, &PackageFeed::changesReady, this, &RepoWidget::updateCounters);
+    connect(m_proxy, &RepoProxyModel::rowsInserted, this, &RepoWidget::rowsInserted);
+
+    const QItemSelectionModel *selection = m_ui->m_repoTreeView->selectionModel();
+    connect(selection, &QItemSelectionModel::currentChanged, this, [this](const QModelIndex &current) {
+        currentItemChanged(current);
+    });
+    connect(selection, &QItemSelectionModel::selectionChanged, this, &RepoWidget::updateActions);
+    // A reset and a new filter can take the current item away without a word from the selection.
+    connect(m_ui->m_repoTreeView, &RepoTreeView::stateRestored, this, [this] {
+        currentItemChanged(m_ui->m_repoTreeView->currentIndex());
+        updateActions();
+    });
+    // A new record of the package that is shown.
+    connect(m_proxy,
+            &RepoProxyModel::dataChanged,
+            this,
+            [this](const QModelIndex &topLeft, const QModelIndex &bottomRight) {
+                const QModelIndex current = m_ui->m_repoTreeView->currentIndex();
+                if (current.isValid() && current.parent() == topLeft.parent()
+                    && current.row() >= topLeft.row() && current.row() <= bottomRight.row())
+                    changePackage(current);
+            });
+    connect(m_ui->m_repoTreeView,
+            &RepoTreeView::customContextMenuRequested,
+            this,
+            &RepoWidget::customContextMenuRequested);
+    connect(m_ui->m_repoTreeView, &RepoTreeView::filesDropped, this, &RepoWidget::filesDropped);
+    connect(m_ui->m_dependsTreeView,
+            &QTreeView::customContextMenuRequested,
+            this,
+            &RepoWidget::packageDependsContextMenuRequested);
+    connect(m_ui->m_checkDependsToolButton,
+            &QToolButton::clicked,
+            this,
+            &RepoWidget::checkDependsToolButtonClicked);
+}
+
+void RepoWidget::setUpSearch()
+{
+    QLineEdit *line = m_ui->m_searchLine->lineEdit();
+    line->setPlaceholderText(tr("Packages search"));
+    line->setAccessibleName(tr("Packages search"));
+    line->setClearButtonEnabled(true);
+    m_ui->m_searchLine->setFocusProxy(line);
+    setTabOrder(line, m_ui->m_repoTreeView);
+    connect(line, &QLineEdit::textChanged, this, &RepoWidget::search);
+    line->installEventFilter(this);
+
+    struct Choice
+    {
+        RepoProxyModel::State state;
+        QString text;
+    };
+    // Without icons, which many styles draw in place of the check mark: nobody would see what is chosen.
+    const std::array<Choice, 3> choices = {{
+        {RepoProxyModel::ShowUndefined, tr("Show depends undefined")},
+        {RepoProxyModel::ShowError, tr("Show depends error")},
+        {RepoProxyModel::ShowSuccess, tr("Show depends success")},
+    }};
+    for (const Choice &choice : choices) {
+        QAction *action = m_filterMenu->addAction(choice.text);
+        action->setCheckable(true);
+        action->setChecked(true);
+        action->setData(static_cast<int>(choice.state));
+        connect(action, &QAction::toggled, this, &RepoWidget::applyPacketFilter);
+    }
+    Mnemonics::mark(m_filterMenu, nullptr);
+    QAction *filter
+        = line->addAction(QIcon::fromTheme(QStringLiteral("view-filter")), QLineEdit::LeadingPosition);
+    filter->setText(m_filterMenu->title());
+    filter->setToolTip(m_filterMenu->title());
+    filter->setShortcut(QKeySequence(QStringLiteral("Alt+Down")));
+    filter->setShortcutContext(Qt::WidgetShortcut);
+    connect(filter, &QAction::triggered, this, [this, line] {
+        m_filterMenu->popup(line->mapToGlobal(line->rect().bottomLeft()));
+    });
+}
+
+void RepoWidget::connectPublication()
+{
+    m_publication = new PublicationPanel(*m_ui, *m_shell, this);
+    connect(m_publication, &PublicationPanel::serverTypeChanged, this, &RepoWidget::serverTypeChanged);
+    connect(m_publication, &PublicationPanel::portEditingFinished, this, &RepoWidget::portEditingFinished);
+    connect(m_publication, &PublicationPanel::publishTriggered, this, &RepoWidget::publishRepoTriggered);
+    connect(m_publication, &PublicationPanel::unpublishTriggered, this, &RepoWidget::unpublishRepoTriggered);
+    connect(m_publication, &PublicationPanel::statusLabel, this, &RepoWidget::statusLabel);
+    m_key = new RepositoryKeyPanel(*m_ui, *m_shell, this);
+    connect(m_key, &RepositoryKeyPanel::copyTriggered, this, &RepoWidget::copyPublicKeyTriggered);
+    connect(m_key, &RepositoryKeyPanel::saveTriggered, this, &RepoWidget::savePublicKeyTriggered);
+}
+
+void RepoWidget::connectShell()
+{
+    // Before any other connection to the engine, so that the packages are there when finished() arrives.
+    m_feed->watch(*m_shell);
+    connect(m_shell, &RepoShell::pathChanged, this, &RepoWidget::repoPathChanged);
+    connect(m_shell, &RepoShell::repoInfoAdded, this, &RepoWidget::repoInfoAdded);
+    connect(m_shell, &RepoShell::needImportRepo, this, &RepoWidget::needImportRepo);
+    connect(m_shell, &RepoShell::needCloseRepo, this, &RepoWidget::needCloseRepo);
+    connect(m_shell, &RepoShell::downloadablePackagesReady, this, &RepoWidget::downloadablePackagesReady);
+    connect(m_shell, &RepoShell::critical, this, &RepoWidget::critical);
+    connect(m_shell, &RepoShell::criticalVelt, this, [this](const QString &text, const QString &details) {
+        Q_EMIT criticalVelt(text, details);
+    });
+}
+
+void RepoWidget::connectJob()
+{
+    connect(m_shell, &RepoShell::started, this, [this](const QString &message) {
+        setRunning(true);
+        Q_EMIT repoShellStarted(message);
+    });
+    connect(m_shell, &RepoShell::finished, this, [this](RepoEnums::JobId jobId, const QString &message) {
+        m_progressTimer.stop();
+        Q_EMIT progressBarSetValue(m_shell->progress());
+        Q_EMIT repoShellFinished(jobId, message);
+    });
+    connect(m_shell, &RepoShell::idle, this, [this] { setRunning(false); });
+    connect(m_shell, &RepoShell::progressRangeChanged, this, &RepoWidget::progressBarSetMaximum);
+    connect(m_shell, &RepoShell::progressStepChanged, this, &RepoWidget::progressStepChanged);
+    // Not every job tells each of its items.
+    m_progressTimer.setInterval(ProgressInterval);
+    connect(&m_progressTimer, &QTimer::timeout, this, [this] {
+        Q_EMIT progressBarSetValue(m_shell->progress());
+    });
+}
+
+// --- the repository ------------------------------------------------------------------------------------------------
+
+void RepoWidget::openRepo(const QString &path)
+{
+    m_shell->openRepo(path);
+}
+
+QString RepoWidget::repoPath() const
+{
+    return m_shell->path();
+}
+
+void RepoWidget::repoPathChanged()
+{
+    const QString path = m_shell->path();
+    if (path.isEmpty()) {
+        m_model->clearRepository();
+        m_publication->showRepository();
+        m_key->showRepository();
+    } else {
+        repoInfoAdded();
+    }
+    updateCounters();
+    Q_EMIT newTabTitle(path);
+    Q_EMIT newRepoPath(path.isEmpty());
+    Q_EMIT enableDependsCheckMenu(!path.isEmpty());
+}
+
+void RepoWidget::repoInfoAdded()
+{
+    const RepoInfo info = m_shell->repoInfo();
+    m_ui->m_repoComponentsLabel->setText(info.components);
+    m_ui->m_repoCodenameLabel->setText(info.codename);
+    m_ui->m_repoSuiteLabel->setText(info.suite);
+    m_ui->m_repoVersionLabel->setText(info.version);
+    m_ui->m_repoArchLabel->setText(info.architectures);
+    m_ui->m_repoSignLabel->setText(info.signWith ? tr("Signed") : tr("Unsigned"));
+    m_ui->m_readOnlyLabel->setVisible(!m_shell->isWritable());
+    m_publication->showRepository();
+    m_key->showRepository();
+    if (!m_shell->path().isEmpty())
+        m_model->setRepository(info);
+}
+
+void RepoWidget::setRunning(bool running)
+{
+    m_running = running;
+    if (running) {
+        m_progressTimer.start();
+        setCursor(Qt::BusyCursor);
+    } else {
+        m_progressTimer.stop();
+        unsetCursor();
+    }
+    updateActions();
+}
+
+void RepoWidget::updateCounters()
+{
+    m_ui->m_packageStatusLine->setCounters(m_model->packageCount(DependUndefined),
+                                           m_model->packageCount(DependError),
+                                           m_model->packageCount(DependSuccess));
+    m_ui->m_packageStatusLine->setTotal(m_model->packageCount());
+    if (m_shownPackages > 0 && m_model->packageCount() == 0)
+        Q_EMIT childCountIsZero();
+    m_shownPackages = m_model->packageCount();
+    updateActions();
+    Q_EMIT packagesChanged();
+}
+
+void RepoWidget::updateActions()
+{
+    const QModelIndexList selected = m_ui->m_repoTreeView->selectionModel()->selectedIndexes();
+    const bool anyPackage = std::any_of(selected.cbegin(), selected.cend(), [this](const QModelIndex &index) {
+        return !isRepository(index) && m_proxy->shownPackages(index) > 0;
+    });
+    Q_EMIT enableRemovePackagesAction(anyPackage && !m_running);
+    Q_EMIT enableCheckDependsAction(m_model->packageCount() > 0 && !m_running);
+    m_depends->setCheckEnabled(m_depends->package() && !m_running);
+}
+
+void RepoWidget::showPublication()
+{
+    setCurrentItem(m_proxy->index(0, 0));
+    m_ui->comboWidget->setCurrentWidget(m_ui->tab_3);
+}
+
+int RepoWidget::packagesInError() const
+{
+    return m_model->packageCount(DependError);
+}
+
+bool RepoWidget::hasCheckResults() const
+{
+    return m_model->packageCount(DependError) + m_model->packageCount(DependSuccess) > 0;
+}
+
+void RepoWidget::saveChoices()
+{
+    m_publication->saveChoices();
+}
+
+void RepoWidget::setShowPackageVersions(bool show)
+{
+    m_model->setShowVersions(show);
+}
+
+void RepoWidget::setStatusLineVisible(bool visible)
+{
+    m_ui->m_packageStatusLine->setVisible(visible);
+}
+
+QList<int> RepoWidget::splitterSizes() const
+{
+    return m_ui->m_splitter->sizes();
+}
+
+void RepoWidget::setSplitterSizes(const QList<int> &sizes)
+{
+    m_ui->m_splitter->setSizes(sizes);
+}
+
+// --- the tree ------------------------------------------------------------------------------------------------------
+
+void RepoWidget::search()
+{
+    const QString text = m_ui->m_searchLine->lineEdit()->text().trimmed();
+    if (!text.isEmpty())
+        m_ui->m_repoTreeView->setSearching(true);
+    m_proxy->setFilterFixedString(text);
+    if (text.isEmpty())
+        m_ui->m_repoTreeView->setSearching(false);
+    else
+        m_ui->m_repoTreeView->showFirstMatch();
+}
+
+void RepoWidget::applyPacketFilter()
+{
+    RepoProxyModel::States states;
+    const QList<QAction *> actions = m_filterMenu->actions();
+    for (const QAction *action : actions) {
+        if (action->isChecked())
+            states |= static_cast<RepoProxyModel::State>(action->data().toInt());
+    }
+    m_proxy->setShownStates(states);
+    if (states != RepoProxyModel::ShowAll)
+        m_ui->m_repoTreeView->showFirstMatch();
+}
+
+RepoWidget::CurrentItem RepoWidget::currentItem() const
+{
+    const QItemSelectionModel *selection = m_ui->m_repoTreeView->selectionModel();
+    const QModelIndex current = selection->currentIndex();
+    if (!current.isValid() || !selection->isSelected(current))
+        return CurrentItem::None;
+    return current.parent().isValid() ? CurrentItem::InRepository : CurrentItem::Repository;
+}
+
+QList<PackageInfoPtr> RepoWidget::selectedPackages() const
+{
+    QList<int> ids;
+    const QModelIndexList selected = m_ui->m_repoTreeView->selectionModel()->selectedIndexes();
+    for (const QModelIndex &index : selected) {
+        if (!isRepository(index))
+            collectPackages(index, ids);
+    }
+    QSet<int> known;
+    QList<PackageInfoPtr> packages;
+    for (const int id : qAsConst(ids)) {
+        if (known.contains(id))
+            continue;
+        known.insert(id);
+        packages.append(m_model->tree().item(id).package);
+    }
+    return packages;
+}
+
+bool RepoWidget::isRepository(const QModelIndex &index) const
+{
+    return !m_proxy->mapToSource(index).parent().isValid();
+}
+
+void RepoWidget::collectPackages(const QModelIndex &index, QList<int> &ids) const
+{
+    if (m_model->package(m_proxy->mapToSource(index))) {
+        ids.append(RepoModel::itemId(index));
+        return;
+    }
+    for (int row = 0; row < m_proxy->rowCount(index); ++row)
+        collectPackages(m_proxy->index(row, 0, index), ids);
+}
+
+void RepoWidget::rowsInserted(const QModelIndex &parent, int first, int last)
+{
+    // The first component and the first section show themselves; further ones leave the tree as the user has it.
+    const bool holdsContainers = parent.isValid() && !parent.parent().parent().isValid();
+    if (holdsContainers && m_proxy->rowCount(parent) == last - first + 1)
+        m_ui->m_repoTreeView->expand(parent);
+}
+
+void RepoWidget::setCurrentItem(const QModelIndex &index)
+{
+    m_ui->m_repoTreeView->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    m_ui->m_repoTreeView->scrollTo(index);
+}
+
+void RepoWidget::currentItemChanged(const QModelIndex &current)
+{
+    m_model->setCurrentItem(m_proxy->mapToSource(current));
+    if (!current.isValid())
+        m_ui->m_stackedWidget->setCurrentIndex(NothingPage);
+    else if (m_model->package(m_proxy->mapToSource(current)))
+        changePackage(current);
+    else
+        m_ui->m_stackedWidget->setCurrentIndex(current.parent().isValid() ? NothingPage : RepositoryPage);
+    Q_EMIT itemChanged(current.isValid());
+    Q_EMIT currItemChanged(current);
+}
+
+void RepoWidget::customContextMenuRequested(const QPoint &pos)
+{
+    Q_EMIT contextMenuRequested(m_ui->m_repoTreeView->viewport()->mapToGlobal(pos));
+}
+
+void RepoWidget::packageDependsContextMenuRequested(const QPoint &pos)
+{
+    Q_EMIT dependsContextMenuRequested(m_ui->m_dependsTreeView->viewport()->mapToGlobal(pos));
+}
+
+// --- the details ---------------------------------------------------------------------------------------------------
+
+void RepoWidget::changePackage(const QModelIndex &index)
+{
+    const PackageInfoPtr package = m_model->package(m_proxy->mapToSource(index));
+    if (!package)
+        return;
+    if (package->control.isEmpty())
+        showPackageError(tr("The indices of the repository hold no record of %1.").arg(package->name));
+    else
+        showPackage(package);
+}
+
+void RepoWidget::showPackage(const PackageInfoPtr &record)
+{
+    const PackageInfo &package = *record;
+    m_ui->m_packageLabel->setText(package.name);
+    m_ui->m_versionLabel->setText(package.version);
+    const QString own = package.ownArchitecture();
+    m_ui->m_architectureLabel->setText(
+        own == package.architecture ? own : tr("%1 (listed for %2)").arg(own, package.architecture));
+    m_ui->m_componentLabel->setText(package.component);
+    m_ui->m_sectionLabel->setText(Sections::nameWithCode(package.section));
+    m_ui->m_maintainerLabel->setText(package.maintainer());
+    m_ui->m_decriptionLabel->setText(PackageDetails::descriptionHtml(package.description()));
+    m_ui->m_packageSignLabel->setText(package.isSigned() ? package.signingKey : tr("Unsigned"));
+    m_depends->setPackage(record);
+    m_depends->setCheckEnabled(!m_running);
+    m_ui->m_stackedWidget->setCurrentIndex(PackagePage);
+}
+
+void RepoWidget::showPackageError(const QString &text)
+{
+    m_ui->m_packageErrorLabel->setText(
+        tr("<b>Failed to get package information</b><br> %1").arg(text.toHtmlEscaped()));
+    m_ui->m_stackedWidget->setCurrentIndex(ErrorPage);
+}
+
+void RepoWidget::copySrcLineEdit()
+{
+    m_publication->copySourceLine();
+}

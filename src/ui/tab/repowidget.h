@@ -1,0 +1,186 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "core/repoenums.h"
+#include "ui/packages/packagetree.h"
+
+#include <QModelIndex>
+#include <QPoint>
+#include <QTimer>
+#include <QWidget>
+
+#include <memory>
+
+class DependsView;
+class PackageFeed;
+class PublicationPanel;
+class RepositoryKeyPanel;
+class QMenu;
+class RepoModel;
+class RepoProxyModel;
+class RepoShell;
+
+namespace Ui
+{
+class RepoWidget;
+}
+
+/**
+ * One tab of the main window: one repository. The packages are a tree on the left; on the right stands what the
+ * current item of the tree is. It owns the repository's engine and passes on what the engine tells. The engine's
+ * question() and requestForReplacementHandlingByUser() are not passed on, because a job waits inside them: the
+ * window connects to them itself.
+ */
+class RepoWidget : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit RepoWidget(QWidget *parent = nullptr);
+    /** No job may be running. */
+    ~RepoWidget() override;
+
+    RepoShell *repoShell() const { return m_shell; }
+    void openRepo(const QString &path);
+    /** Directory of the open repository; empty as long as none is open. */
+    QString repoPath() const;
+
+    /**
+     * The selected packages, each once. A selected container stands for all packages in it that are shown, but not the
+     * repository itself, which is selected after opening and has commands of its own.
+     */
+    QList<PackageInfoPtr> selectedPackages() const;
+    enum class CurrentItem { None, Repository, InRepository };
+    /** What the current item of the tree is; a current item that is not selected counts as none. */
+    CurrentItem currentItem() const;
+
+    /** Keeps what the user has chosen for this repository; call it before the tab goes. */
+    void saveChoices();
+    void setShowPackageVersions(bool show);
+    void setStatusLineVisible(bool visible);
+    /** Widths of the tree and of what is beside it, in pixels. */
+    QList<int> splitterSizes() const;
+    void setSplitterSizes(const QList<int> &sizes);
+    /** The tab "Dependences" of the package that is shown. */
+    DependsView *dependsView() const { return m_depends; }
+    /** The tab "Publication" of the repository's page. */
+    PublicationPanel *publicationPanel() const { return m_publication; }
+    /** Brings the tab "Publication" to sight. */
+    void showPublication();
+    /** How many packages the last checks found in error. */
+    int packagesInError() const;
+    /** Selects all packages that are shown. */
+    void selectAllPackages();
+    /** Gives the focus to the packages, also while the window is not the active one. */
+    void focusTree();
+    /** Whether dependencies of any package have been checked. */
+    bool hasCheckResults() const;
+    /** "Packet Filter": which dependency states the tree shows. */
+    QMenu *packetFilterMenu() const { return m_filterMenu; }
+
+public Q_SLOTS:
+    /** Shows the details of the package at this index of the tree. */
+    void changePackage(const QModelIndex &index);
+    void rowsInserted(const QModelIndex &parent, int first, int last);
+    void repoPathChanged();
+    /** Makes this index of the tree current and selects it. */
+    void setCurrentItem(const QModelIndex &index);
+    void currentItemChanged(const QModelIndex &current);
+    void customContextMenuRequested(const QPoint &pos);
+    void packageDependsContextMenuRequested(const QPoint &pos);
+    void repoInfoAdded();
+    void copySrcLineEdit();
+
+Q_SIGNALS:
+    void repoShellStarted(const QString &startMsg);
+    void repoShellFinished(RepoEnums::JobId jobId, const QString &finishMsg);
+    /** What a job asks. Nothing sends it: whoever answers must hold the job up, which only the engine's own question does. */
+    void repoShellQuestion(const QString &dialogTitle, const QString &text);
+    void needImportRepo();
+    /** Number of items of the job; 0 = not known. */
+    void progressBarSetMaximum(int maximum);
+    void progressStepChanged(int step);
+    /** Another repository, or none: then `isEmpty` is true. */
+    void newRepoPath(bool isEmpty);
+    /** Something, or nothing, is the current item of the tree. */
+    void itemChanged(bool isEnabled);
+    /** Number of items the job has done; told while it runs. */
+    void progressBarSetValue(int val);
+    void newTabTitle(const QString &repoPath);
+    void downloadablePackagesReady();
+    void publishRepoTriggered();
+    void unpublishRepoTriggered();
+    /** The repository holds no package any more. */
+    void childCountIsZero();
+    void enableRemovePackagesAction(bool isEnabled);
+    void enableCheckDependsAction(bool isEnabled);
+    void enableDependsCheckMenu(bool isEnabled);
+    /** `pos` is in global coordinates. */
+    void dependsContextMenuRequested(const QPoint &pos);
+    void currItemChanged(const QModelIndex &current);
+    void serverTypeChanged(int index);
+    /** `pos` is in global coordinates. */
+    void contextMenuRequested(const QPoint &pos);
+    void critical(const QString &text,
+                  const QString &detailedtext = QString(),
+                  RepoEnums::ErrorType error = RepoEnums::CRITICAL);
+    void criticalVelt(const QString &text,
+                      const QString &detailedtext = QString(),
+                      RepoEnums::ErrorType error = RepoEnums::CRITICAL);
+    void portEditingFinished();
+    void checkDependsToolButtonClicked();
+    /**
+     * Whether the commands for the local sources list are to be seen. Nothing sends it: like all commands they stay
+     * where they are and are disabled while they cannot be used, see PublicationCommands.
+     */
+    void srcListActionSetVisible(bool visible);
+    void statusLabel(const QString &text);
+    void needCloseRepo();
+
+    /** Package files, or what may be folders with packages, were dropped on the tree: absolute paths. */
+    void filesDropped(const QStringList &files);
+    /** The public part of the key that signs the repository is wanted. */
+    void copyPublicKeyTriggered(const QString &keyId);
+    void savePublicKeyTriggered(const QString &keyId);
+    /** Packages, or their states, are others now. */
+    void packagesChanged();
+    /** The user has divided the tab anew. */
+    void splitterMoved();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+
+private:
+    enum Page { NothingPage, RepositoryPage, PackagePage, ErrorPage };
+    /** Milliseconds between two looks at the progress of a job. */
+    static constexpr int ProgressInterval = 100;
+
+    std::unique_ptr<Ui::RepoWidget> m_ui;
+    RepoShell *m_shell = nullptr;
+    PackageFeed *m_feed = nullptr;
+    RepoModel *m_model = nullptr;
+    RepoProxyModel *m_proxy = nullptr;
+    DependsView *m_depends = nullptr;
+    PublicationPanel *m_publication = nullptr;
+    RepositoryKeyPanel *m_key = nullptr;
+    QMenu *m_filterMenu = nullptr;
+    QTimer m_progressTimer;
+    int m_shownPackages = 0; ///< packages there were at the last count
+    bool m_running = false;
+
+    void setUpSearch();
+    void setUpTree();
+    void connectPublication();
+    void connectShell();
+    void connectJob();
+    void setRunning(bool running);
+    void search();
+    void applyPacketFilter();
+    void updateCounters();
+    void updateActions();
+    void showPackage(const PackageInfoPtr &record);
+    void showPackageError(const QString &text);
+    bool isRepository(const QModelIndex &index) const;
+    void collectPackages(const QModelIndex &index, QList<int> &ids) const;
+};

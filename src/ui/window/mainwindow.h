@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "ui/window/windowstate.h"
+
+#include <QMainWindow>
+#include <QMap>
+#include <QStringList>
+
+#include <memory>
+
+class ArchiveCommands;
+class ClosingSequence;
+class DependsCommands;
+class DependsModes;
+class DependsReportCommands;
+class EmptyPage;
+class JobFeedback;
+class PackageCommands;
+class PackageMenu;
+class Prompts;
+class PublicationCommands;
+class PublicationMonitor;
+class QDockWidget;
+class QPlainTextEdit;
+class RecentRepositories;
+class RepositoryCommands;
+class RepoTabs;
+class RepoWidget;
+class SettingsCommands;
+class SigningCommands;
+class UpgradeCommands;
+
+namespace Ui
+{
+class MainWindow;
+}
+
+/** The program's window: owns actions, tabs and log, and hands each command to the controller of its group. */
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    /** `monitor` knows what is published; null: one for this system. */
+    explicit MainWindow(PublicationMonitor *monitor = nullptr);
+    ~MainWindow() override;
+
+    /** Adds package files that were named at a start of the program; queued while that cannot be. */
+    void addPackagesFromOutside(const QStringList &files, bool fromAnotherInstance);
+
+Q_SIGNALS:
+    /** From now on nothing is added any more, and the window closes when the last job has ended. */
+    void closingBegan();
+
+public Q_SLOTS:
+    /** What a second start says: "raise", or the absolute paths of its package files joined with "&". */
+    void onMessageReceived(const QString &message);
+    /** Closes in the orderly way without asking about running jobs, for signals and the end of the session. */
+    void closeWithoutAsking();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    struct Arrival
+    {
+        QStringList files;
+        bool fromAnotherInstance;
+    };
+
+    void buildLogDock();
+    void buildDependsMenu();
+    void buildPackageMenu();
+    void buildTabBar();
+    void giveToolButtonsIcons();
+    void adaptToSystem();
+    void connectActions();
+    void connectTab(RepoWidget *widget);
+    void updateActions();
+    void updateTitle();
+    void updateCentralArea();
+    void showChoices();
+    void serveArrivals();
+    void logNotAdded(const QStringList &files);
+    void onExtendedLogChanged(bool inExtended);
+    void about();
+    void showHelp(QWidget *asking, const QString &page = {});
+    void reopen();
+    void beginClosing();
+    void closeOtherTabs(int index);
+    void saveOpenRepositories();
+    /** False when it could not be stored. */
+    bool saveState();
+
+    std::unique_ptr<Ui::MainWindow> m_ui;
+    EmptyPage *m_emptyPage; ///< in place of the tabs while there is none
+    QDockWidget *m_logDock;
+    QPlainTextEdit *m_log;
+    QAction *m_showLogAction;
+    DependsModes *m_dependsModes = nullptr;
+    PackageMenu *m_packageMenu = nullptr;
+    WindowState m_state;
+    bool m_reopening = true; ///< the stored list of tabs is being worked off
+
+    Prompts *m_prompts;
+    RepoTabs *m_tabs;
+    JobFeedback *m_feedback;
+    RecentRepositories *m_recent;
+    SettingsCommands *m_settings;
+    RepositoryCommands *m_repositories;
+    PackageCommands *m_packages;
+    DependsCommands *m_depends;
+    DependsReportCommands *m_reports;
+    SigningCommands *m_signing;
+    ArchiveCommands *m_archives;
+    UpgradeCommands *m_upgrade;
+    PublicationCommands *m_publication;
+    ClosingSequence *m_closing;
+
+    QMap<const RepoWidget *, bool> m_canRemovePackages;
+    QList<Arrival> m_arrivals; ///< package files that came while they could not be served
+};
