@@ -34,10 +34,8 @@ public:
 
     /** Shows packages whose text contains this, in any case; an empty text shows all. */
     void setFilterFixedString(const QString &text);
-    QString filterText() const { return m_text; }
     /** Shows packages in these dependency states; one that no check applies to is always shown. */
     void setShownStates(States states);
-    States shownStates() const { return m_states; }
     void setRepositoryItemHidden(bool hidden);
     bool isRepositoryItemHidden() const { return m_rootHidden; }
 

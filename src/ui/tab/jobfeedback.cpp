@@ -25,6 +25,9 @@
 
 namespace
 {
+/** Jobs that take less time, in milliseconds, end without a message on the desktop. */
+constexpr qint64 LongJobTime = 10000;
+
 /** What says more than that there is an error or a warning; empty for most. */
 QString titleOf(const QString &error)
 {
@@ -240,7 +243,7 @@ void JobFeedback::notifyDesktop(const RepoWidget *widget, const Job &job) const
 {
     const auto *window = m_prompts.window();
     const bool isLooking = QApplication::activeWindow() != nullptr && !window->isMinimized();
-    if (!isLooking && !m_prompts.isDismissed() && job.runningTime.hasExpired(m_longJobTime))
+    if (!isLooking && !m_prompts.isDismissed() && job.runningTime.hasExpired(LongJobTime))
         DesktopNotification::show(job.message, m_tabs.pathOf(widget));
 }
 

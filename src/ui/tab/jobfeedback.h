@@ -30,9 +30,6 @@ public:
     JobFeedback(
         RepoTabs &tabs, Prompts &prompts, QStatusBar *statusBar, QPlainTextEdit *log, QObject *parent);
 
-    /** Jobs that take less time than this end without a message on the desktop; at first ten seconds. */
-    void setLongJobTime(qint64 milliseconds) { m_longJobTime = milliseconds; }
-
     /** Appends one line to the log, with the time of day. */
     void appendLog(const QString &inMessage);
     /** Shows a message in the status bar and puts it into the log. */
@@ -92,5 +89,4 @@ private:
     QProgressBar *m_progressBar;
     QToolButton *m_stopButton;
     QHash<const RepoWidget *, Job> m_jobs;
-    qint64 m_longJobTime = 10000;
 };

@@ -14,9 +14,6 @@ class DelayedLineEdit : public QLineEdit
 public:
     explicit DelayedLineEdit(QWidget *parent = nullptr);
 
-    /** Length of the pause in milliseconds. */
-    void setDelay(int milliseconds) { m_timer.setInterval(milliseconds); }
-
 Q_SIGNALS:
     /** The user has edited the text and then paused, or pressed Enter. */
     void textEditingStoped(const QString &text);

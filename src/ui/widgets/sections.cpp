@@ -3,7 +3,6 @@
 
 #include <QCoreApplication>
 #include <QHash>
-#include <QRegularExpression>
 
 #include <array>
 
@@ -93,14 +92,6 @@ const char *sourceName(const QString &code)
 }
 } // namespace
 
-QStringList Sections::codes()
-{
-    QStringList result;
-    for (const Section &section : Table)
-        result.append(QString::fromLatin1(section.code));
-    return result;
-}
-
 QString Sections::displayName(const QString &code)
 {
     const char *name = sourceName(code);
@@ -110,19 +101,4 @@ QString Sections::displayName(const QString &code)
 QString Sections::nameWithCode(const QString &code)
 {
     return sourceName(code) ? QStringLiteral("%1 (%2)").arg(displayName(code), code) : code;
-}
-
-QString Sections::textInBrackets(const QString &text)
-{
-    static const QRegularExpression brackets(QStringLiteral("\\[(.+)\\]"));
-    return brackets.match(text).captured(1);
-}
-
-QString Sections::firstMatch(const QStringList &entries, const QRegularExpression &pattern)
-{
-    for (const QString &entry : entries) {
-        if (pattern.match(entry).hasMatch())
-            return entry;
-    }
-    return {};
 }
