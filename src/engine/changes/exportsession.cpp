@@ -205,6 +205,11 @@ std::optional<ProcessResult> ExportSession::keepDatabase()
 {
     if (m_refusal || m_isKept)
         return m_refusal;
+    if (DatabaseCopy::isLost(m_repoPath)) {
+        refuse(tr("An earlier job was interrupted. Its copy of the database lay on another disk, and is not "
+                  "there or belongs to another user. Look whether all packages are there."));
+        return m_refusal;
+    }
     if (!m_tools.lock()) {
         refuse(tr("The repository %1 is being changed by another program. Try again when it is done.")
                    .arg(m_repoPath));

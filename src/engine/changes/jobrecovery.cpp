@@ -15,14 +15,11 @@
 #include "engine/reprepro/repolock.h"
 #include "engine/reprepro/repreproanswers.h"
 #include "engine/reprepro/repreprocommands.h"
-#include "files/regularfile.h"
 #include "files/removetree.h"
 #include "signing/signedpackages.h"
 
-#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QScopeGuard>
 #include <QSet>
 
@@ -31,17 +28,6 @@
 
 namespace
 {
-QStringList linesOf(const QString &text)
-{
-    return text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
-
-QByteArray sha256(const QString &fileName)
-{
-    RegularFile file(fileName);
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    return file.open(QIODevice::ReadOnly) && hash.addData(&file) ? hash.result().toHex() : QByteArray();
-}
 
 bool isUnfinished(const QString &repoPath)
 {
@@ -49,6 +35,11 @@ bool isUnfinished(const QString &repoPath)
            || !PackageBackup::leftovers(repoPath).isEmpty();
 }
 } // namespace
+
+QStringList JobRecovery::linesOf(const QString &text)
+{
+    return text.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
 
 bool JobRecovery::mayRun(const QString &repoPath)
 {
@@ -127,12 +118,19 @@ bool JobRecovery::run()
     const auto unlocked = qScopeGuard([this] { m_context.unlock(); });
     const QString path = m_context.path();
     const bool hasCopy = DatabaseCopy::exists(path);
-    if (DatabaseCopy::isLost(path))
-        m_context.critical(
-            tr("An earlier job was interrupted. Its copy of the database lay on another disk, and is not "
-               "there or belongs to another user. Look whether all packages are there."),
-            QString(),
-            WARNING);
+    if (DatabaseCopy::isLost(path)) {
+        const QString loss
+            = tr("An earlier job was interrupted. Its copy of the database lay on another disk, and is not "
+                 "there or belongs to another user. Look whether all packages are there.");
+        // Whoever has the copy can bring the repository in order as long as its name stands there.
+        if (!m_context.ask(tr("Opening repository"),
+                           loss + QLatin1Char(' ') + tr("Do you want to give the copy up?"),
+                           false)) {
+            tellOfOldIndices(loss);
+            return false;
+        }
+        DatabaseCopy::drop(path);
+    }
     // A large repository takes seconds; one who has asked for a stop is not told of something new.
     const QString words = m_isInterrupted ? tr("Recovering repository after an interrupted job")
                                           : tr("Writing the indices of the repository");
@@ -204,99 +202,6 @@ bool JobRecovery::repairPutBack(const QStringList &filesLeft)
     // On a full disk the database that was replaced is what there is too much.
     const QString aside = DatabaseCopy::asideFolder(m_context.path());
     return m_isPutBack && QFile::exists(aside) && removeTree(aside) && repair(files);
-}
-
-QStringList JobRecovery::restoreReplaced()
-{
-    QStringList kept;
-    const QStringList folders = PackageBackup::leftovers(m_context.path());
-    for (const QString &folder : folders)
-        if (!restore(folder) || !removeTree(folder))
-            kept.append(folder);
-    return kept;
-}
-
-bool JobRecovery::restore(const QString &folder)
-{
-    const QString file = PackageBackup::fileIn(folder);
-    const QList<PackageInfo> packages = PackageBackup::packagesIn(folder, m_context.path());
-    // The file comes last into the folder, and before it is there nothing is taken out.
-    if (file.isEmpty() || packages.isEmpty())
-        return file.isEmpty() && QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot).isEmpty();
-    // Another folder behind a link is not the pool, and nothing is put there.
-    const bool areInside
-        = std::all_of(packages.cbegin(), packages.cend(), [this](const PackageInfo &package) {
-              return PoolFiles::isInside(m_context.path(), package.poolFile);
-          });
-    if (!areInside)
-        return false;
-    ExportSession session = m_context.makeSession();
-    const bool restored = std::all_of(packages.cbegin(), packages.cend(), [&](const PackageInfo &package) {
-        if (isThere(package))
-            return isComplete(package, file);
-        // A twin for another architecture may have the new file already, and they share one.
-        return PackageInclusion(m_context).putBack(package, file, &session)
-               || PackageInclusion(m_context).putBack(package, package.filePath(), &session);
-    });
-    // For repair(), if the package was there again and nothing had to be run.
-    session.oweExport();
-    return restored;
-}
-
-bool JobRecovery::isThere(const PackageInfo &package)
-{
-    const QString suffix
-        = package.type == PackageType::Udeb ? QStringLiteral(".udeb") : QStringLiteral(".deb");
-    m_context.runReprepro(
-        ReproCommand::listFiles(codename(), package.name, package.indexComponent, package.architecture));
-    const QStringList files = linesOf(m_context.lastOutput());
-    return std::any_of(
-        files.cbegin(), files.cend(), [&](const QString &file) { return file.endsWith(suffix); });
-}
-
-bool JobRecovery::isComplete(const PackageInfo &package, const QString &kept)
-{
-    const QStringList files = linesOf(m_context.lastOutput());
-    if (!files.contains(package.poolFile))
-        return true;
-    const QByteArray checksum = checksumOf(package.poolFile);
-    if (QFile::exists(package.filePath())) {
-        // A database that was put back tells of the file that was replaced.
-        const bool isOther
-            = !checksum.isEmpty() && sha256(kept) == checksum && sha256(package.filePath()) != checksum;
-        return !isOther || putIntoPool(kept, package.filePath());
-    }
-    // With a full disk a file can go although the database still has its package.
-    return putIntoPool(kept, package.filePath())
-           && (!checksum.isEmpty() || m_context.runReprepro(ReproCommand::detect(package.poolFile)) == 0);
-}
-
-bool JobRecovery::putIntoPool(const QString &kept, const QString &target)
-{
-    // The name without a known suffix keeps it out of every index until it is whole.
-    const QString partial = target + QLatin1String(".velt-new");
-    QFile::remove(partial);
-    if (QDir().mkpath(QFileInfo(target).path()) && QFile::copy(kept, partial)
-        && std::rename(QFile::encodeName(partial).constData(), QFile::encodeName(target).constData()) == 0)
-        return true;
-    QFile::remove(partial);
-    return false;
-}
-
-QByteArray JobRecovery::checksumOf(const QString &poolFile)
-{
-    if (m_checksums.isEmpty() && m_context.runReprepro(ReproCommand::listChecksums()) == 0) {
-        const QString mark = QStringLiteral(":2:");
-        const QStringList lines = linesOf(m_context.lastOutput());
-        for (const QString &line : lines) {
-            const QStringList words = line.split(QLatin1Char(' '));
-            const auto sum = std::find_if(
-                words.cbegin(), words.cend(), [&](const QString &word) { return word.startsWith(mark); });
-            if (sum != words.cend())
-                m_checksums.insert(words.first(), sum->mid(mark.size()).toLatin1());
-        }
-    }
-    return m_checksums.value(poolFile);
 }
 
 // --- the database ------------------------------------------------------------------------------------------------
@@ -389,7 +294,9 @@ bool JobRecovery::putDatabaseBack()
         return false;
     }
     const auto inForce = DistributionsFile(path).read();
-    if (undone && inForce && *undone != *inForce)
+    // As long as the old indices are there, none of the new ones are ours.
+    if (undone && inForce && *undone != *inForce
+        && (undone->codename == inForce->codename || !hasIndices(path, inForce->codename)))
         removeVanishedIndices(path, *undone, *inForce);
     m_context.forgetAdmission();
     m_checksums.clear();

@@ -49,6 +49,7 @@ public:
     bool undoChange();
 
 private:
+    static QStringList linesOf(const QString &text);
     JobContext &m_context;
     bool m_mayRun = false;
     bool m_isInterrupted = false; ///< a job was cut short; else it has ended, and only the indices are owed

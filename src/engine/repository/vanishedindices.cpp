@@ -5,6 +5,11 @@
 #include "files/removetree.h"
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+#include <system_error>
 
 namespace
 {
@@ -22,6 +27,24 @@ void removeIndices(const QString &repoPath, const QString &parent, const QString
         removeBelow(repoPath, QLatin1String("dists/") + parent + name);
 }
 
+/** The links by which reprepro gives suites a second name lead to the new code name. */
+void relinkSuites(const QString &repoPath, const QString &from, const QString &to)
+{
+    const QDir dists(repoPath + QLatin1String("/dists"));
+    const QStringList names
+        = dists.entryList(QDir::Dirs | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
+    for (const QString &name : names) {
+        const std::filesystem::path link(QFile::encodeName(dists.filePath(name)).toStdString());
+        std::error_code error;
+        if (std::filesystem::read_symlink(link, error) != QFile::encodeName(from).toStdString() || error)
+            continue;
+        // Its name is that of the code name's own folder now, or it gets a new target.
+        std::filesystem::remove(link, error);
+        if (name != to)
+            std::filesystem::create_symlink(QFile::encodeName(to).toStdString(), link, error);
+    }
+}
+
 /** The lists of the files in the packages, of all architectures or of one; `folder` is below dists. */
 void removeContents(const QString &repoPath, const QString &folder, const QString &architecture = {})
 {
@@ -36,10 +59,16 @@ void removeContents(const QString &repoPath, const QString &folder, const QStrin
 }
 } // namespace
 
+bool hasIndices(const QString &repoPath, const QString &codename)
+{
+    return !codename.isEmpty() && QFileInfo::exists(repoPath + QLatin1String("/dists/") + codename);
+}
+
 void removeVanishedIndices(const QString &repoPath, const RepoInfo &before, const RepoInfo &after)
 {
     if (before.codename != after.codename) {
         removeIndices(repoPath, QString(), before.codename);
+        relinkSuites(repoPath, before.codename, after.codename);
         return;
     }
     if (!isChildName(before.codename))
