@@ -20,17 +20,42 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSet>
+#include <QStorageInfo>
 #include <QTemporaryDir>
 
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <system_error>
 
 namespace
 {
 QString absolute(const QString &path)
 {
     return QDir::cleanPath(QDir(path).absolutePath());
+}
+
+/** A link in the repository's upper folders that leads out of it by a relative path; empty when there is none. */
+QString outwardLink(const QString &repoPath)
+{
+    for (const char *folder : {"", "/dists", "/pool", "/conf", "/db"}) {
+        const QDir directory(repoPath + QLatin1String(folder));
+        const QFileInfoList entries
+            = directory.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        for (const QFileInfo &entry : entries) {
+            std::error_code error;
+            const auto target
+                = std::filesystem::read_symlink(QFile::encodeName(entry.filePath()).toStdString(), error);
+            if (error || target.is_absolute())
+                continue;
+            const QString place = QDir::cleanPath(
+                directory.filePath(QFile::decodeName(QByteArray::fromStdString(target.string()))));
+            if (!place.startsWith(repoPath + QLatin1Char('/')))
+                return entry.filePath();
+        }
+    }
+    return {};
 }
 
 /** Whether a rename cannot lead from the one to the other; asked of the system with a folder that nobody needs. */
@@ -116,20 +141,25 @@ int RepoShell::changeBody(const QString &newPath,
     ExportSession::setMarker(newPath);
     const RepoChange change{oldInfo, info, carriesPackages};
     const QList<PackageInfoPtr> packages = m_context->packages().all();
+    // What lies under the new code name already is nothing of ours.
+    const bool isPlaceFree = !change.isRenaming() || !hasIndices(newPath, info.codename);
     if (rewriteRepo(change, *text, &details)) {
         DatabaseCopy::drop(newPath);
         if (copy && !copy->removeOriginal())
-            Q_EMIT critical(tr("Impossible to delete directory %1!").arg(copy->leftAt()), QString(), WARNING);
+            Q_EMIT critical(
+                tr("Impossible to delete directory %1!").arg(copy->leftAt()), copy->error(), WARNING);
         Q_EMIT pathChanged(newPath);
         // Between the steps of a change nothing can be stopped, and its end is no opening to be stopped either.
         m_context->goOn();
-        openBody(newPath);
-        tellOfGone(change, packages);
+        // After an opening that was stopped nothing is known of what is left.
+        if (openBody(newPath) == SUCCESS)
+            tellOfGone(change, packages);
         return frame.finish(SUCCESS, tr("Repository is changed."), CHANGE_REPO_JOB);
     }
     // Back to where we were, so that "not changed" is true.
     setRepository(newPath, oldInfo);
-    removeVanishedIndices(newPath, info, oldInfo);
+    if (isPlaceFree || !hasIndices(newPath, oldInfo.codename))
+        removeVanishedIndices(newPath, info, oldInfo);
     if (copy) {
         copy->undo();
         DatabaseCopy::drop(oldPath);
@@ -210,6 +240,18 @@ bool RepoShell::mayMove(const QString &newPath)
     const QString oldPath = path();
     if (newPath == oldPath)
         return true;
+    QString refusal;
+    if (QStorageInfo(newPath).rootPath() == newPath)
+        refusal = tr("%1 is the root of a disk. Choose a folder in it.").arg(newPath);
+    else if (const QString link = outwardLink(oldPath); !link.isEmpty())
+        refusal
+            = tr("The link %1 leads out of the repository by a relative path, and would lead elsewhere from "
+                 "the new place. Make it absolute first.")
+                  .arg(link);
+    if (!refusal.isEmpty()) {
+        Q_EMIT critical(tr("The repository could not be moved to %1.").arg(newPath), refusal);
+        return false;
+    }
     if (PathGuard::overlap(oldPath, newPath) || !PathGuard::mayBeWiped(newPath, openRepositories())) {
         const QStringList held = PathGuard::repositoriesBelow(newPath);
         Q_EMIT critical(

@@ -398,6 +398,25 @@ private Q_SLOTS:
         QCOMPARE(h.change(other), RepoEnums::ERROR);
         QVERIFY(!QFile::exists(other) && isWhere(origin));
         h.info.architectures = "amd64"_s;
+        // Neither does one in which another program's package would be missing.
+        writeScript(h.folder.filePath("bin/diff"_s),
+                    "#!/bin/sh\n/usr/bin/diff \"$@\" && reprepro -b \"$4\" includedeb dogwood '%1'\n"_s
+                        .arg(h.deb(DebBuilder("late"_s)))
+                        .toUtf8());
+        QFile::remove(h.folder.filePath("bin/sync"_s));
+        {
+            const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+            QCOMPARE(h.change(target), RepoEnums::ERROR);
+        }
+        QVERIFY(h.complains("changed by another program"_s) && h.inDatabase().filter("late"_s).size() == 1);
+        h.reprepro({"remove"_s, "dogwood"_s, "late"_s});
+        QVERIFY(isWhere(origin));
+        // A link that would lead elsewhere from there is named.
+        QVERIFY(QFile::link("../../outside"_s, origin + "/dists/way"_s));
+        h.reply = true;
+        QCOMPARE(h.change(target), RepoEnums::ERROR);
+        h.reply = false;
+        QVERIFY(h.complains(origin + "/dists/way"_s) && QFile::remove(origin + "/dists/way"_s));
         // What a killed run has left of one is no obstacle.
         writeFile(target + ".velt-admin-repo-moving/conf/other"_s, "x");
         QCOMPARE(h.change(target), RepoEnums::SUCCESS);
@@ -427,10 +446,13 @@ private Q_SLOTS:
         writeFile(conf, readFile(conf) + "Tracking: minimal\n");
         h.reprepro({"retrack"_s});
         h.reply = true;
-        // A code name that is the name of the suite too.
+        // A code name that is the name of the suite too, which has led to the old one.
+        const QString dists = h.repoPath() + "/dists/"_s;
+        QVERIFY(QFile::link("dogwood"_s, dists + "stable"_s) && QFile::link("dogwood"_s, dists + "second"_s));
         h.info.codename = "stable"_s;
         QCOMPARE(h.change(h.repoPath(), true), RepoEnums::SUCCESS);
         QVERIFY(h.trouble().isEmpty() && h.settled());
+        QVERIFY(!QFileInfo(dists + "stable"_s).isSymLink() && QFile::exists(dists + "second/Release"_s));
         QVERIFY(h.listed() == listed && pool() == files);
         QVERIFY(h.notes.filter("deleted"_s).isEmpty() && h.notes.filter("carried over"_s).size() == 1);
         QVERIFY(h.reprepro({"check"_s}).errorOutput.isEmpty());

@@ -333,7 +333,11 @@ void JobContext::cancel()
 
 void JobContext::goOn()
 {
-    if (!m_closing && m_canceled.exchange(false))
+    const bool wasCanceled = m_canceled.exchange(false);
+    // The end of the program may have come in between, and nothing takes that back.
+    if (m_closing)
+        m_canceled = true;
+    else if (wasCanceled)
         Q_EMIT m_signals.goingOn();
 }
 

@@ -4,6 +4,7 @@
 #include "files/asidedirectory.h"
 #include "files/removetree.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
@@ -49,6 +50,7 @@ bool RepositoryCopy::make(const std::function<bool()> &stopped, const std::funct
 {
     if (!makeFolder())
         return false;
+    m_database = databaseState();
     const auto printed
         = [&stepsDone](const QByteArray &output) { stepsDone(static_cast<int>(output.count('\n'))); };
     // Everything as it is: links, times, owners where that is allowed.
@@ -71,6 +73,29 @@ bool RepositoryCopy::make(const std::function<bool()> &stopped, const std::funct
     if (stopped())
         m_error.clear();
     return isMade && !stopped();
+}
+
+QStringList RepositoryCopy::databaseState() const
+{
+    const QFileInfoList files = QDir(m_from + QLatin1String("/db"))
+                                    .entryInfoList({QStringLiteral("*.db"), QStringLiteral("lockfile")},
+                                                   QDir::Files | QDir::Hidden | QDir::System);
+    QStringList state;
+    for (const QFileInfo &file : files)
+        state.append(QStringLiteral("%1 %2 %3")
+                         .arg(file.fileName(),
+                              QString::number(file.size()),
+                              file.lastModified().toString(Qt::ISODateWithMs)));
+    return state;
+}
+
+bool RepositoryCopy::isUntouched()
+{
+    if (databaseState() == m_database)
+        return true;
+    m_error
+        = tr("The repository %1 is being changed by another program. Try again when it is done.").arg(m_from);
+    return false;
 }
 
 bool RepositoryCopy::makeFolder()
@@ -117,6 +142,8 @@ bool RepositoryCopy::runStep(const ProcessCall &call)
 
 bool RepositoryCopy::takePlace()
 {
+    if (!isUntouched())
+        return false;
     m_lock.take(m_partial);
     m_error = AsideDirectory::rename(m_partial, m_to);
     return m_error.isEmpty();
@@ -124,6 +151,13 @@ bool RepositoryCopy::takePlace()
 
 bool RepositoryCopy::removeOriginal()
 {
+    m_leftAt = m_from;
+    // Until the new place is on the disk, a power failure would leave nothing.
+    ProcessCall sync;
+    sync.program = QStringLiteral("sync");
+    sync.arguments = QStringList{QStringLiteral("-f"), m_to};
+    if (!isUntouched() || !runStep(sync))
+        return false;
     // Under its own name, half a repository would be taken for a whole one.
     AsideDirectory original(m_from);
     m_leftAt = original.error().isEmpty() ? original.place() : m_from;

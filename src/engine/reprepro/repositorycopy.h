@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -29,9 +30,12 @@ public:
     int stepCount() const;
     /** Makes the copy; `stepsDone` gets how many more steps are done. False after a failure or a stop; see error(). */
     bool make(const std::function<bool()> &stopped, const std::function<void(int)> &stepsDone);
-    /** The copy takes its place, which is free. No job gets at it before this object goes. False: see error(). */
+    /**
+     * The copy takes its place, which is free. No job gets at it before this object goes. False, see error(), also when
+     * another program has changed the original's database meanwhile.
+     */
     bool takePlace();
-    /** Deletes the original; false when something is left at leftAt(). */
+    /** Writes the copy out and deletes the original; false when something is left at leftAt(). */
     bool removeOriginal();
     /** Deletes the copy that has taken its place. */
     void undo();
@@ -46,9 +50,13 @@ private:
     QString m_partial; ///< the copy until it takes its place
     QString m_error;
     QString m_leftAt;
+    QStringList m_database; ///< the state of the original's database at the beginning
     JobLock m_lock; ///< of the copy
     int m_folder = -1; ///< of the incomplete copy, locked
 
+    QStringList databaseState() const;
+    /** Sets the error when another program has changed the original. */
+    bool isUntouched();
     bool makeFolder();
     bool runStep(const ProcessCall &call);
 };
