@@ -1599,7 +1599,7 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>The file /etc/vsftpd.conf was written by somebody else, or lets other users in, too. The FTP server may serve more than the repository and is not stopped. The administrator can stop it: systemctl disable --now vsftpd</source>
-        <translation>Die Datei /etc/vsftpd.conf stammt von jemand anderem oder lässt auch andere Benutzer ein. Der FTP-Server bietet vielleicht mehr an als das Repository und wird nicht angehalten. Der Systemverwalter kann ihn anhalten: systemctl disable --now vsftpd</translation>
+        <translation>Die Datei /etc/vsftpd.conf stammt von jemand anderem oder lässt auch andere Benutzer ein. Der FTP-Server bietet vielleicht mehr an als das Repository und wird nicht angehalten. Der Administrator kann ihn anhalten: systemctl disable --now vsftpd</translation>
     </message>
 </context>
 <context>
@@ -1802,11 +1802,11 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>The service did not start, or ended at once. The administrator finds the reason in the system&apos;s journal: journalctl -u %1 -u velt-admin-repo-helper</source>
-        <translation>Der Dienst wurde nicht gestartet oder endete sofort. Der Systemverwalter findet den Grund im Journal des Systems: journalctl -u %1 -u velt-admin-repo-helper</translation>
+        <translation>Der Dienst wurde nicht gestartet oder endete sofort. Der Administrator findet den Grund im Journal des Systems: journalctl -u %1 -u velt-admin-repo-helper</translation>
     </message>
     <message>
         <source>The system refused. The administrator finds the reason in its journal: journalctl -u velt-admin-repo-helper</source>
-        <translation>Das System hat abgelehnt. Der Systemverwalter findet den Grund in dessen Journal: journalctl -u velt-admin-repo-helper</translation>
+        <translation>Das System hat abgelehnt. Der Administrator findet den Grund in dessen Journal: journalctl -u velt-admin-repo-helper</translation>
     </message>
 </context>
 <context>
@@ -2643,7 +2643,7 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     </message>
     <message>
         <source>The component %1 of the repository takes no packages for the installer (.udeb).</source>
-        <translation>Die Komponente %1 des Repositorys nimmt keine Pakete für das Installationsprogramm (.udeb) auf.</translation>
+        <translation>Die Komponente %1 des Repositorys nimmt keine Pakete für den Installer (.udeb) auf.</translation>
     </message>
     <message>
         <source>The packages were carried over to the code name %1.</source>
@@ -2691,6 +2691,18 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>The copy differs from the original.</source>
         <translation>Die Kopie weicht vom Original ab.</translation>
+    </message>
+    <message>
+        <source>Do you want to give the copy up?</source>
+        <translation>Möchten Sie die Kopie aufgeben?</translation>
+    </message>
+    <message>
+        <source>%1 is the root of a disk. Choose a folder in it.</source>
+        <translation>%1 ist die Wurzel eines Datenträgers. Wählen Sie einen Ordner darin.</translation>
+    </message>
+    <message>
+        <source>The link %1 leads out of the repository by a relative path, and would lead elsewhere from the new place. Make it absolute first.</source>
+        <translation>Die Verknüpfung %1 führt über einen relativen Pfad aus dem Repository hinaus und würde vom neuen Ort aus woandershin führen. Machen Sie sie zuerst absolut.</translation>
     </message>
 </context>
 <context>

@@ -2599,7 +2599,7 @@ The file with them is kept as %2.</source>
     <message numerus="yes">
         <source>%n dependency(ies) of the exported packages are not in the archive %1. The file %2 in it lists them all.</source>
         <translation>
-            <numerusform>%n зависимости экспортированных пакетов нет в архиве %1. Она названа в файле %2 внутри архива.</numerusform>
+            <numerusform>%n зависимости экспортированных пакетов нет в архиве %1. Полный список — в файле %2 внутри архива.</numerusform>
             <numerusform>%n зависимостей экспортированных пакетов нет в архиве %1. Все они названы в файле %2 внутри архива.</numerusform>
             <numerusform>%n зависимостей экспортированных пакетов нет в архиве %1. Все они названы в файле %2 внутри архива.</numerusform>
         </translation>
@@ -2618,7 +2618,7 @@ The file with them is kept as %2.</source>
     </message>
     <message>
         <source>No packages are to be read in %1. It holds none, is damaged, or has a link to a file that it lacks.</source>
-        <translation>В %1 не прочитать ни одного пакета. Архив не содержит их, повреждён, или в нём есть ссылка на файл, которого в нём нет.</translation>
+        <translation>В %1 не удалось прочитать ни одного пакета. Архив не содержит их, повреждён, или в нём есть ссылка на файл, которого в нём нет.</translation>
     </message>
     <message>
         <source>Not added: %1. The archive has only a link or a folder of this name, and no file.</source>
@@ -2666,7 +2666,7 @@ The file with them is kept as %2.</source>
     </message>
     <message>
         <source>The component %1 of the repository takes no packages for the installer (.udeb).</source>
-        <translation>Компонент %1 репозитория не принимает пакеты для программы установки (.udeb).</translation>
+        <translation>Компонент %1 репозитория не принимает пакеты для программы установки системы (.udeb).</translation>
     </message>
     <message>
         <source>The packages were carried over to the code name %1.</source>
@@ -2719,6 +2719,18 @@ The file with them is kept as %2.</source>
     <message>
         <source>The copy differs from the original.</source>
         <translation>Копия отличается от оригинала.</translation>
+    </message>
+    <message>
+        <source>Do you want to give the copy up?</source>
+        <translation>Отказаться от этой копии?</translation>
+    </message>
+    <message>
+        <source>%1 is the root of a disk. Choose a folder in it.</source>
+        <translation>%1 — корень диска. Выберите папку на нём.</translation>
+    </message>
+    <message>
+        <source>The link %1 leads out of the repository by a relative path, and would lead elsewhere from the new place. Make it absolute first.</source>
+        <translation>Ссылка %1 ведёт за пределы репозитория по относительному пути и с нового места вела бы в другое место. Сначала сделайте её абсолютной.</translation>
     </message>
 </context>
 <context>
