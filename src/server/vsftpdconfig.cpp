@@ -26,10 +26,10 @@ bool isSet(const QString &config, const QString &key, bool usual)
                                  || value == QLatin1String("1");
 }
 
-/** How a guard recognises the configuration that it is for. */
-QString condition(const QString &path)
+/** How a guard shows the directory that it is for. */
+QString mountCommand(const QString &path)
 {
-    return QStringLiteral("grep -qxF 'anon_root=%1' /etc/vsftpd.conf").arg(path);
+    return QStringLiteral("velt-admin-repo-mount '%1' /run/velt-admin-repo-ftp").arg(path);
 }
 } // namespace
 
@@ -50,18 +50,20 @@ QString text(const QString &path, int port)
 
 QString guard(const QString &path)
 {
-    // Reading the configuration anew would bring back its path. What is refused of another configuration is refused
-    // softly, since its server may well do without.
+    // The condition reads as vsftpd does, which skips blanks in front and takes the last of several lines. Our own
+    // settings for another directory, with lines behind them or without, are not served without the mount. Reading the
+    // configuration anew would bring back its path. What is refused of another configuration is refused softly, since
+    // its server may well do without.
     return QStringLiteral(
                R"(# Written by velt-admin-repo-helper for the repository that is published over FTP, and removed with it.
 [Service]
 RuntimeDirectory=velt-admin-repo-ftp
 ExecStart=
-ExecStart=/bin/sh -c "%4 \
-    || if [ \"$$(cut -d= -f1 /etc/vsftpd.conf | tr '\\n' ' ')\" = '%2' ]; \
-    then echo 'Another directory is to be published than %1.' >&2; exit 1; \
-    else exec /usr/sbin/vsftpd /etc/vsftpd.conf; fi; \
-    exec %3/velt-admin-repo-mount '%1' /run/velt-admin-repo-ftp \
+ExecStart=/bin/sh -c "[ \"$$(sed -n 's/^[[:space:]]*anon_root=//p' /etc/vsftpd.conf | tail -n 1)\" = '%1' ] \
+    || case \"$$(cut -d= -f1 /etc/vsftpd.conf | tr -d ' \\t' | tr '\\n' ' ')\" in '%2'*) \
+    echo 'Another directory is to be published than %1.' >&2; exit 1 ;; \
+    *) exec /usr/sbin/vsftpd /etc/vsftpd.conf ;; esac; \
+    exec %3/%4 \
     /usr/bin/setpriv --bounding-set=-all,+sys_chroot,+setuid,+setgid,+net_bind_service \
     /usr/sbin/vsftpd /etc/vsftpd.conf -oanon_root=/run/velt-admin-repo-ftp/public '-odeny_file=.*' '-ohide_file=.*'"
 ExecReload=
@@ -92,7 +94,7 @@ SystemCallErrorNumber=EPERM
 SystemCallFilter=@system-service @mount
 SystemCallFilter=~@resources
 )")
-        .arg(path, keysOf(text(path, 0)), QStringLiteral(VELT_LIBEXECDIR), condition(path));
+        .arg(path, keysOf(text(path, 0)), QStringLiteral(VELT_LIBEXECDIR), mountCommand(path));
 }
 
 bool isOurs(const QString &config)
@@ -104,7 +106,7 @@ bool isOurs(const QString &config)
 bool isGuarded(const QString &config, const QString &guard)
 {
     const QString path = read(config).path;
-    return !path.isEmpty() && guard.contains(condition(path))
+    return !path.isEmpty() && guard.contains(mountCommand(path))
            && isSet(config, QStringLiteral("anonymous_enable"), true)
            && !isSet(config, QStringLiteral("local_enable"), false);
 }

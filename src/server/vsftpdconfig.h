@@ -10,8 +10,8 @@ namespace VsftpdConfig
 QString text(const QString &path, int port);
 /**
  * What is added to the server's unit: it shows what clients may see of the directory that was truly at `path` when it
- * started, whatever is put in its place afterwards, and can do little else. What is shown holds for text() only: a
- * server with another configuration is started as ever.
+ * started, whatever is put in its place afterwards, and can do little else. What is shown holds for text() only, also
+ * with lines behind it: a server with another configuration is started as ever.
  */
 QString guard(const QString &path);
 /** Whether it is one that text() gives; any other holds something of the machine's administrator. */

@@ -280,9 +280,23 @@ private Q_SLOTS:
     {
         const QString added = "# for the firewall\npasv_min_port=30000\npasv_max_port=30010"_s;
         QCOMPARE(publish(openRepo, 2121, 1), "b true"_s);
-        QCOMPARE(box("sed -i /listen_port/d /etc/vsftpd.conf; printf '%s\n' \"$1\" >>/etc/vsftpd.conf; "
-                     "systemctl restart vsftpd; sleep 0.5; curl -s -l ftp://127.0.0.1/ | sort | xargs"_s,
-                     {added}),
+        QCOMPARE(box("printf '%s\n' \"$1\" >>/etc/vsftpd.conf"_s, {added}), QString());
+        const auto startedWith = [this](const QString &change) {
+            return box(
+                change
+                + "; systemctl reset-failed vsftpd; systemctl restart vsftpd; sleep 0.5; "
+                  "systemctl is-active vsftpd || true; curl -s -l ftp://127.0.0.1:2121/ | sort | xargs"_s);
+        };
+        // What vsftpd reads as the same is shown in the same way, and of no other directory more is shown.
+        QCOMPARE(startedWith("sed -i 's/^anon_root/ \tanon_root/' /etc/vsftpd.conf"_s),
+                 "active\ndists pool"_s);
+        QCOMPARE(startedWith("echo anon_root=/srv >>/etc/vsftpd.conf"_s), "failed"_s);
+        QCOMPARE(startedWith("sed -i '$d; s,anon_root=.*,anon_root=/srv,' /etc/vsftpd.conf"_s), "failed"_s);
+        QCOMPARE(startedWith("sed -i 's,anon_root=.*,anon_root=%1,' /etc/vsftpd.conf"_s.arg(openRepo)),
+                 "active\ndists pool"_s);
+
+        QCOMPARE(box("sed -i /listen_port/d /etc/vsftpd.conf; "
+                     "systemctl restart vsftpd; sleep 0.5; curl -s -l ftp://127.0.0.1/ | sort | xargs"_s),
                  "dists pool"_s);
         // Where his users are let in, too, the server is not ours to stop.
         QCOMPARE(box("echo local_enable=YES >>/etc/vsftpd.conf"_s), QString());
