@@ -287,13 +287,13 @@ void tellReader(const Repository &repository)
         throw Failure("READER");
 }
 
-/** Has the command load what refuses hidden names and clients that take too many connections. */
-void preload()
+/** Has the command load this library. */
+void preload(const char *library)
 {
     // One that cannot be loaded would be left out without a failure.
-    if (::dlopen(PRELOAD, RTLD_NOW | RTLD_LOCAL) == nullptr)
+    if (::dlopen(library, RTLD_NOW | RTLD_LOCAL) == nullptr)
         throw std::runtime_error(::dlerror());
-    if (::setenv("LD_PRELOAD", PRELOAD, 1) != 0)
+    if (::setenv("LD_PRELOAD", library, 1) != 0)
         throw Failure("LD_PRELOAD");
 }
 
@@ -318,7 +318,9 @@ void run(int count, char **words)
     } else {
         follow(mountRepository(tree, mountPoint));
     }
-    preload();
+    // Each server gets what it cannot do itself: lighttpd refuses hidden names, and vsftpd limits the connections of an
+    // address.
+    preload(isShutIn ? CONNECTIONS : HIDDEN_NAMES);
     char **const command = words + first + 2;
     ::execv(command[0], command);
     throw Failure(command[0]);
