@@ -289,6 +289,22 @@ private Q_SLOTS:
                  field<QSpinBox>("m_httpPortSpinBox")->value() == 8001);
     }
 
+    void publishesAtAPortOfEarlier()
+    {
+        const QString repo = makeRepository("one"_s);
+        QSettings store;
+        for (const int port : {8000, 8001})
+            PublicationSettings{port, repo, false, "amd64"_s, HttpProtocol, "10.1.1.1"_s}.claim(store);
+        start({repo});
+        const int other = field<QSpinBox>("m_httpPortSpinBox")->value() == 8000 ? 8001 : 8000;
+        choose(0, HttpProtocol, other);
+        field<QCheckBox>("m_trustedCheckBox")->setChecked(true);
+        action("m_publishRepoAction")->trigger();
+        QTRY_COMPARE(m_driver->message(), "Repository is published."_s);
+        QVERIFY(field<QCheckBox>("m_trustedCheckBox")->isChecked());
+        QVERIFY(PublicationSettings::load(store, other).trusted);
+    }
+
     void leavesWhatOthersHaveSetUp()
     {
         const QString repo = makeRepository("one"_s);

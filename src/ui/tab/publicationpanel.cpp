@@ -113,6 +113,7 @@ void PublicationPanel::showRepository()
         if (m_published)
             restore(*m_published);
         m_live.clear();
+        m_isUnseen = true;
     }
     update();
 }
@@ -264,7 +265,7 @@ void PublicationPanel::copySourceLine()
 void PublicationPanel::showPublications(bool known, const QVector<Publication> &publications)
 {
     const bool isNew = publications != m_live;
-    const bool isFirst = m_live.isEmpty();
+    const bool isFirst = known && std::exchange(m_isUnseen, false);
     m_isPublishingKnown = known;
     m_live = publications;
     // Only news of this repository: what is being typed must not go because of another one.

@@ -73,6 +73,7 @@ private:
     bool m_isPublishingKnown = false;
     bool m_isOrphaned = false; ///< a line leads to where it is not published
     QString m_obstacle; ///< why the repository cannot be published
+    bool m_isUnseen = true; ///< nothing is known yet of where the repository is published
     QVector<Publication> m_live; ///< the repository's, as the system has last said
 
     void setUpFields();
