@@ -51,12 +51,10 @@ bool FtpServer::publish(const QString &path, int port)
         return false;
     QString errorText;
     // The guard comes first: whoever starts the server in between has it keep to the old directory or to none.
-    const bool isWritten = putGuard(path)
-                           && SystemFile::write(m_configPath,
-                                                VsftpdConfig::text(path, port).toUtf8(),
-                                                0644,
-                                                SystemFile::Existing::Replaced,
-                                                &errorText);
+    const bool isWritten
+        = putGuard(path)
+          && SystemFile::write(
+              m_configPath, newConfig(path, port, *before), 0644, SystemFile::Existing::Replaced, &errorText);
     warn(errorText);
     if (!isWritten || !(before->isActive ? m_service->restart() : m_service->start())
         || !m_service->staysActive(WatchTime) || !isPublished(port)) {
@@ -67,6 +65,12 @@ bool FtpServer::publish(const QString &path, int port)
     if (!m_service->isEnabled() && !m_service->enable())
         warn(m_service->errorText());
     return true;
+}
+
+QByteArray FtpServer::newConfig(const QString &path, int port, const PublicationState &before)
+{
+    return VsftpdConfig::text(path, port).toUtf8()
+           + VsftpdConfig::additions(before.files.at(Config).contents, configText(before.files.at(Guard)));
 }
 
 bool FtpServer::keepForeign(const SystemFile::State &before) const
@@ -138,8 +142,12 @@ bool FtpServer::restore(int /*port*/, const PublicationState &state)
         return true;
     }
     const SystemFile::State &config = state.files.at(Config);
-    const QString present = configText(SystemFile::read(m_configPath));
-    if (!present.isEmpty() && present != configText(config) && !VsftpdConfig::isOurs(present)) {
+    const auto file = SystemFile::read(m_configPath);
+    const QString present = configText(file);
+    const PublishedRepo repo = VsftpdConfig::read(present);
+    const bool isOurs
+        = VsftpdConfig::isOurs(present) || (file && file->contents == newConfig(repo.path, repo.port, state));
+    if (!present.isEmpty() && present != configText(config) && !isOurs) {
         qCWarning(category, "The configuration of the FTP server was changed by somebody else, and stays.");
         return restoreGuard(state.files.at(Guard));
     }

@@ -12,9 +12,9 @@ class SystemdService;
 
 /**
  * Serves one repository over FTP, by the system's vsftpd, whose configuration is replaced. The first one that was the
- * administrator's own is kept beside it. A drop-in of its unit keeps the server to the very directory that was there
- * when it was started. A publication that fails leaves all these and the service as they were. Reading is safe on
- * several threads at once, publishing on one.
+ * administrator's own is kept beside it; lines that were added to ours go over into the next one. A drop-in of its unit
+ * keeps the server to the very directory that was there when it was started. A publication that fails leaves all these
+ * and the service as they were. Reading is safe on several threads at once, publishing on one.
  */
 class FtpServer final : public RepoServer
 {
@@ -47,6 +47,8 @@ private:
     std::unique_ptr<VeltAdmin::SystemdService> m_service;
 
     bool keepForeign(const SystemFile::State &before) const;
+    /** What publish() writes in the place of `before`. */
+    static QByteArray newConfig(const QString &path, int port, const PublicationState &before);
     bool putGuard(const QString &path) const;
     bool restoreGuard(const SystemFile::State &guard) const;
     bool restoreConfig(const SystemFile::State &config, const SystemFile::State &kept) const;

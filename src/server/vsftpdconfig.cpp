@@ -13,7 +13,7 @@ QString keysOf(const QString &config)
     QString keys;
     const QStringList lines = config.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (const QString &line : lines)
-        keys += line.section(QLatin1Char('='), 0, 0) + QLatin1Char(' ');
+        keys += line.section(QLatin1Char('='), 0, 0).trimmed() + QLatin1Char(' ');
     return keys;
 }
 
@@ -109,6 +109,22 @@ bool isGuarded(const QString &config, const QString &guard)
     return !path.isEmpty() && guard.contains(mountCommand(path))
            && isSet(config, QStringLiteral("anonymous_enable"), true)
            && !isSet(config, QStringLiteral("local_enable"), false);
+}
+
+QByteArray additions(const QByteArray &config, const QString &guard)
+{
+    const QString ownKeys = keysOf(text({}, 0));
+    const QString configText = QString::fromUtf8(config);
+    if (!isGuarded(configText, guard) && !keysOf(configText).startsWith(ownKeys))
+        return {};
+    const QList<QByteArray> own = ownKeys.toLatin1().split(' ');
+    QByteArray added;
+    // As bytes, since a comment may be in any encoding.
+    const QList<QByteArray> lines = config.split('\n');
+    for (const QByteArray &line : lines)
+        if (!line.isEmpty() && !own.contains(line.split('=').constFirst().trimmed()))
+            added += line + '\n';
+    return added;
 }
 
 PublishedRepo read(const QString &config)

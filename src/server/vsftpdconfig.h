@@ -21,6 +21,11 @@ bool isOurs(const QString &config);
  * with lines of the administrator's. Users of this machine who are let in use the server for something else.
  */
 bool isGuarded(const QString &config, const QString &guard);
+/**
+ * The lines that the administrator has added to what text() gave, for the next one to end with. Those that give
+ * other values to its keys are none of them. Empty for a configuration that is not made of text().
+ */
+QByteArray additions(const QByteArray &config, const QString &guard);
 /** What it offers to everybody; the port is 0 when none is named. */
 PublishedRepo read(const QString &config);
 /** Whether it speaks of this port. The start of a longer number counts too. */

@@ -295,6 +295,14 @@ private Q_SLOTS:
         QCOMPARE(startedWith("sed -i 's,anon_root=.*,anon_root=%1,' /etc/vsftpd.conf"_s.arg(openRepo)),
                  "active\ndists pool"_s);
 
+        // Published elsewhere or once more, it ends with the same lines.
+        const QString lastLines = "tail -n +9 /etc/vsftpd.conf"_s;
+        QCOMPARE(publish(openRepo, 2122, 1), "b true"_s);
+        QCOMPARE(box(lastLines), added);
+        QCOMPARE(unpublish(2122, 1), "b true"_s);
+        QCOMPARE(publish(openRepo, 2121, 1), "b true"_s);
+        QCOMPARE(box(lastLines), added);
+
         QCOMPARE(box("sed -i /listen_port/d /etc/vsftpd.conf; "
                      "systemctl restart vsftpd; sleep 0.5; curl -s -l ftp://127.0.0.1/ | sort | xargs"_s),
                  "dists pool"_s);

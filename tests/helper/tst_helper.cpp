@@ -555,6 +555,21 @@ private Q_SLOTS:
         QCOMPARE(readFile(places.ftpConfig), QByteArray("by hand\n"));
         QVERIFY(!QFile::exists(kept) && !QFile::exists(file));
 
+        // The same with lines that the administrator had added before, which publishing has taken over.
+        const QByteArray before
+            = VsftpdConfig::text("/srv/a"_s, 21).toUtf8() + "hide_ids=NO\n# \xe9\npasv_max_port=9\n";
+        writeFile(places.ftpConfig,
+                  VsftpdConfig::text("/srv/b"_s, 2121).toUtf8() + "# \xe9\npasv_max_port=9\n");
+        writeFile(file,
+                  PublicationIntent{PublicationIntent::Publish,
+                                    FtpProtocol,
+                                    2121,
+                                    "/srv/b"_s,
+                                    {{{true, before, 0644}, {}, {}}, false, false}}
+                      .text());
+        QVERIFY(work.recover());
+        QCOMPARE(readFile(places.ftpConfig), before);
+
         // What the administrator has written in the meantime stays.
         writeFile(places.ftpConfig, "later\n");
         writeFile(file, text);
