@@ -44,8 +44,9 @@ public:
     QVector<AptPackageRecord> packageRecords(const QString &name);
 
     /**
-     * The same for many packages in one run, in their order, each written as a name or as name:architecture. Names that apt does not know are passed over; an error is
-     * told only when nothing could be read. Some hundreds of names fit into a run.
+     * The same for many packages in one run, in their order, each written as a name or as name:architecture. Names that
+     * apt does not know are passed over; an error is told only when nothing could be read. Some hundreds of names fit
+     * into a run.
      */
     QVector<AptPackageRecord> packageRecords(const QStringList &names);
 

@@ -6,8 +6,9 @@
 #include <QStringList>
 
 /**
- * Field names of Debian control data (deb822(5), deb-control(5)) and the expressions that define how a record is
- * read. The expressions serve single records; whole index files go through parsePackages() of the engine, which gives the same.
+ * Field names of Debian control data (deb822(5), deb-control(5)) and the expressions that define how a record is read.
+ * The expressions serve single records; whole index files go through parsePackages() of the engine, which gives the
+ * same.
  */
 namespace PackageField
 {

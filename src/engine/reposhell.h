@@ -158,7 +158,9 @@ public:
     void removeLocalSource(const QString &entry, const HelperAnswer &answer);
     void publishRepo(int port, int protocol, const HelperAnswer &answer);
     void unpublishRepo(int port, int protocol, const HelperAnswer &answer);
-    /** What is served from this machine. These ask the service manager: callable from any thread but the interface's. */
+    /**
+     * What is served from this machine. These ask the service manager: callable from any thread but the interface's.
+     */
     QList<PublishedRepo> publishedRepos() const;
     bool isPublished(int port, int protocol) const;
 

@@ -11,6 +11,8 @@ namespace SettingsFormat
 {
 /** The format, for settings that are opened by the path of their file. */
 QSettings::Format ini();
-/** Makes the program's own settings, QSettings without arguments, use the format; the place of their file is the same. */
+/**
+ * Makes the program's own settings, QSettings without arguments, use the format; the place of their file is the same.
+ */
 void useForOwnSettings();
 } // namespace SettingsFormat

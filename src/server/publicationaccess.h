@@ -7,8 +7,8 @@
 
 /**
  * Whether a server can read a repository. It is brought to the repository's directory, whoever may enter the folders
- * above. The server for HTTP reads there what the directory's owner may, if that is not root and nobody else's folder is
- * above; else, like the server for FTP, what everybody on this machine may.
+ * above. The server for HTTP reads there what the directory's owner may, if that is not root and nobody else's folder
+ * is above; else, like the server for FTP, what everybody on this machine may.
  */
 struct PublicationAccess
 {

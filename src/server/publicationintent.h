@@ -7,8 +7,8 @@
  * A change of what is published, written down before it begins. Whoever finds it undoes a publication, with the state
  * from before, and finishes an unpublication.
  *
- * As a file it is text of one value a line, in a fixed order, that ends in the line "end intent". The contents of files are
- * in base64.
+ * As a file it is text of one value a line, in a fixed order, that ends in the line "end intent". The contents of files
+ * are in base64.
  */
 struct PublicationIntent
 {

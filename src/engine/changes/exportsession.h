@@ -20,9 +20,9 @@ class PrivateConfig;
  * shows at once; when it went well, the further ones leave them alone and finish() writes them once. Writing them
  * each time makes a job's time grow with the square of its packages.
  *
- * From the first change to the end of the job a marker lies in the repository's db folder, so that whoever opens the repository after a
- * crash writes them first. It names the files that the job was about. Before the first change the repository is locked against other jobs, and
- * the database is copied.
+ * From the first change to the end of the job a marker lies in the repository's db folder, so that whoever opens the
+ * repository after a crash writes them first. It names the files that the job was about. Before the first change the
+ * repository is locked against other jobs, and the database is copied.
  */
 class ExportSession
 {

@@ -53,7 +53,9 @@ public:
     const PackageList &packages() const { return m_packages; } ///< any thread
     /** False after critical() when reprepro may not be run on the open repository. May ask the user. */
     bool mayRun();
-    /** The same of a job that changes packages: false also when that would make a new database and empty the indices. */
+    /**
+     * The same of a job that changes packages: false also when that would make a new database and empty the indices.
+     */
     bool mayChange();
 
     // --- reprepro --------------------------------------------------------------------------------------------------

@@ -5,8 +5,8 @@
 
 /**
  * Keeps the jobs of all programs like ours apart that work on one repository. reprepro's own lock is free between the
- * runs of a job. Held on a descriptor of the database's folder, so that it goes with the process, leaves nothing behind,
- * and stays with a repository that is moved.
+ * runs of a job. Held on a descriptor of the database's folder, so that it goes with the process, leaves nothing
+ * behind, and stays with a repository that is moved.
  */
 class JobLock
 {

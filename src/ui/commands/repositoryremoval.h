@@ -27,8 +27,8 @@ struct Known
 QString refusal(const QString &path, const Known &known);
 
 /**
- * Deletes the directory `path` with everything in it, unless refusal() has a `reason` against that. What is left after a
- * failure is still a repository, so that it can be deleted again. May take long: not for the interface thread.
+ * Deletes the directory `path` with everything in it, unless refusal() has a `reason` against that. What is left after
+ * a failure is still a repository, so that it can be deleted again. May take long: not for the interface thread.
  */
 Outcome remove(const QString &path, const Known &known, QString *reason);
 } // namespace RepositoryRemoval

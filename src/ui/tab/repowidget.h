@@ -94,7 +94,10 @@ public Q_SLOTS:
 Q_SIGNALS:
     void repoShellStarted(const QString &startMsg);
     void repoShellFinished(RepoEnums::JobId jobId, const QString &finishMsg);
-    /** What a job asks. Nothing sends it: whoever answers must hold the job up, which only the engine's own question does. */
+    /**
+     * What a job asks. Nothing sends it: whoever answers must hold the job up, which only the engine's own question
+     * does.
+     */
     void repoShellQuestion(const QString &dialogTitle, const QString &text);
     void needImportRepo();
     /** Number of items of the job; 0 = not known. */

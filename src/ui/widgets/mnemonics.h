@@ -5,7 +5,9 @@
 
 class QWidget;
 
-/** The keys that choose the entries of a menu and the fields of a dialog, marked with "&" in their texts as Qt wants it. */
+/**
+ * The keys that choose the entries of a menu and the fields of a dialog, marked with "&" in their texts as Qt wants it.
+ */
 namespace Mnemonics
 {
 /**
