@@ -412,7 +412,7 @@ private Q_SLOTS:
         // Stands in for apt-cache: answers when told to, as the file says.
         const Tools tools;
         const QString go = tools.file("go");
-        tools.set("apt-cache", "while [ ! -e ${0%/*}/go ]; do sleep 0.02; done\n. ${0%/*}/go\n");
+        tools.set("apt-cache", "while [ ! -s ${0%/*}/go ]; do sleep 0.02; done\n. ${0%/*}/go\n");
         QWidget window;
         Prompts prompts(&window);
         ExternalRepos stored;
