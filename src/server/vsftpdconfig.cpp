@@ -55,7 +55,8 @@ QString guard(const QString &path)
     // configuration anew would bring back its path. What is refused of another configuration is refused softly, since
     // its server may well do without.
     return QStringLiteral(
-               R"(# Written by velt-admin-repo-helper for the repository that is published over FTP, and removed with it.
+               R"(# Written by velt-admin-repo-helper for the repository that is published over FTP,
+# and removed with it.
 [Service]
 RuntimeDirectory=velt-admin-repo-ftp
 ExecStart=

@@ -576,13 +576,18 @@ private Q_SLOTS:
         QCOMPARE(h.change(h.folder.filePath("moved"_s)), RepoEnums::ERROR);
         QVERIFY(h.complains("No space left on device"_s, 2));
         QVERIFY(h.shell.path() == h.repoPath() && h.holds("foo 1.0 main amd64"_s));
-        // Nothing is dropped that has not arrived under the new code name.
+        // Nothing is dropped that has not arrived under the new code name, nor what has lain there before.
+        const QString foreign = h.repoPath() + "/dists/aspen/keep"_s;
+        writeFile(foreign, "x");
         writeScript(h.folder.filePath("bin/reprepro"_s),
                     "#!/bin/sh\ncase \"$*\" in *copymatched*) exit 0;; esac\nexec " + real + " \"$@\"\n");
         h.info.architectures = "amd64"_s;
         h.info.codename = "aspen"_s;
         QCOMPARE(h.change(h.repoPath(), true), RepoEnums::ERROR);
         QVERIFY(h.complains("1 package(s) did not arrive"_s) && h.holds("foo 1.0 main amd64"_s));
+        QVERIFY(QFile::exists(foreign));
+        QCOMPARE(h.change("/proc"_s), RepoEnums::ERROR);
+        QVERIFY(h.complains("root of a disk"_s));
     }
 
     void changeGivesUpSigning()
