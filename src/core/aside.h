@@ -5,7 +5,10 @@
 #include <QObject>
 #include <QtConcurrent>
 
-/** Runs `work` on the thread pool and gives its result to `next` in the thread of `context`, as long as that lives. */
+/**
+ * Runs `work` on the thread pool and passes its result to `next` in the thread of `context`. When `context` is deleted
+ * first, `next` is not called.
+ */
 template <typename Work, typename Next>
 void aside(QObject *context, Work work, Next next)
 {

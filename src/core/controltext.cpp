@@ -19,7 +19,7 @@ std::string_view trimmed(std::string_view text)
     return text;
 }
 
-/** Takes the next line, without its newline, off the front of `rest`. */
+/** Removes the first line from the front of `rest` and returns it without its newline. */
 std::string_view takeLine(std::string_view &rest)
 {
     const auto end = rest.find('\n');
@@ -28,7 +28,7 @@ std::string_view takeLine(std::string_view &rest)
     return line;
 }
 
-/** The byte form of the expression that ends a description: a capital letter first and a colon somewhere. */
+/** Whether a line starts a new field and so ends a description: a capital letter comes first, and there is a colon. */
 bool startsField(std::string_view line)
 {
     return !line.empty() && line.front() >= 'A' && line.front() <= 'Z'
@@ -101,7 +101,7 @@ std::string_view controlFieldValue(std::string_view text, std::string_view name)
 std::string_view unfoldedField(std::string_view paragraph, std::string_view name, std::string &buffer)
 {
     const auto value = controlFieldValue(paragraph, name);
-    // There is no such field; an empty one points at its line.
+    // A null pointer means that there is no such field. The value of an empty field points into its line.
     if (value.data() == nullptr)
         return value;
     auto rest = paragraph.substr(static_cast<std::size_t>(value.data() - paragraph.data()) + value.size());

@@ -9,18 +9,18 @@
 #include <string_view>
 
 /**
- * The text of one control paragraph, kept as the bytes it was read as and decoded field by field on demand. Many
- * paragraphs can share one block of bytes (an index file); the block lives as long as one of them does.
- * Immutable, so it can be read from any thread.
+ * The text of one control paragraph. It keeps the bytes that were read and decodes a field only when it is asked for.
+ * Many paragraphs can share one block of bytes (an index file); the block lives as long as one of these paragraphs.
+ * Immutable, so any thread can read it.
  */
 class ControlText
 {
 public:
-    /** Keeps alive what the paragraphs point into. */
+    /** Keeps the block of bytes alive that the paragraphs point into. */
     using Owner = std::shared_ptr<const void>;
 
     ControlText() = default;
-    /** A paragraph of its own. */
+    /** A paragraph that owns its bytes. */
     explicit ControlText(const QByteArray &text);
     /** A paragraph inside a block that `owner` keeps alive. */
     ControlText(Owner owner, std::string_view text);
@@ -28,9 +28,9 @@ public:
     bool isEmpty() const { return m_text.empty(); }
     std::string_view text() const { return m_text; }
 
-    /** The trimmed value of the first line of the field; empty when there is none. */
+    /** The trimmed value of the first line of the field; empty when there is no such field. */
     QString field(std::string_view name) const;
-    /** The Description value with its continuation lines, each after a newline. */
+    /** The value of Description with its continuation lines, each after a newline. */
     QString description() const;
 
 private:
@@ -42,7 +42,7 @@ private:
 std::string_view controlFieldValue(std::string_view text, std::string_view name);
 
 /**
- * The whole value of a field that may be folded over several lines, which then are joined with blanks in `buffer`.
- * The result points into `paragraph` or `buffer`.
+ * The whole value of a field that may be folded over several lines. The lines of a folded field are joined with blanks
+ * in `buffer`. The result points into `paragraph` or into `buffer`.
  */
 std::string_view unfoldedField(std::string_view paragraph, std::string_view name, std::string &buffer);

@@ -5,10 +5,10 @@
 #include <QString>
 #include <QVector>
 
-/** State of a dependency and of a package; the order is used, combining alternatives takes the greatest. */
+/** State of a dependency and of a package. The order matters: a group of alternatives takes the greatest state. */
 enum DependStatus : qint32 {
-    DependUndefined = -1, ///< not checked, or nobody could be asked
-    DependError = 0, ///< no source offers what is needed
+    DependUndefined = -1, ///< not checked, or no source could be asked
+    DependError = 0, ///< no source offers the needed package
     DependSuccess = 1
 };
 
@@ -16,24 +16,24 @@ enum DependStatus : qint32 {
 struct FoundVersion
 {
     QString version;
-    DependStatus status = DependUndefined; ///< whether that version satisfies the constraints
+    DependStatus status = DependUndefined; ///< whether this version satisfies the constraints
 };
 
-/** One alternative of an entry, with what the last check found for it. */
+/** One alternative of an entry, with the result of the last check. */
 struct Dependency
 {
     QString name;
-    QString architecture; ///< the architecture it is looked up for
+    QString architecture; ///< the architecture for which the package is looked up
     QString op; ///< comparison as dpkg writes it; empty without a constraint
     QString version;
-    QString secondOp; ///< when the field constrains one name twice; both must hold
+    QString secondOp; ///< for a field that constrains one name twice; both constraints must hold
     QString secondVersion;
     DependStatus status = DependUndefined;
     QMap<QString, FoundVersion> foundVersions; ///< by source label
-    QMap<QString, Dependency> providers; ///< by providing package; only when the name itself was not found
+    QMap<QString, Dependency> providers; ///< by package name; only when no package has the wanted name
 };
 
-/** One Depends or Pre-Depends entry: its alternatives in the order written, and the best of their states. */
+/** One entry of Depends or Pre-Depends: its alternatives in the written order, and the best of their states. */
 struct DependencyGroup
 {
     DependStatus status = DependUndefined;
@@ -45,6 +45,6 @@ struct DependencyGroup
 struct DependsInfo
 {
     DependStatus status = DependUndefined;
-    QMap<QString, DependencyGroup> groups; ///< by the name of the first alternative, while that is free
-    int selection = 0; ///< the DependsRepoType that was asked; 0 when that is not known
+    QMap<QString, DependencyGroup> groups; ///< by the name of the first alternative, or another free key
+    int selection = 0; ///< the DependsRepoType of the check; 0 when it is not known
 };

@@ -7,8 +7,8 @@
 
 /**
  * Field names of Debian control data (deb822(5), deb-control(5)) and the expressions that define how a record is read.
- * The expressions serve single records; whole index files go through parsePackages() of the engine, which gives the
- * same.
+ * The expressions serve single records. parsePackages() of the engine reads whole index files and gives the same
+ * results.
  */
 namespace PackageField
 {
@@ -21,7 +21,7 @@ inline const QString Section = QStringLiteral("Section");
 inline const QString Architecture = QStringLiteral("Architecture");
 inline const QString Filename = QStringLiteral("Filename");
 
-/** Each captures the field's value in the group "word". */
+/** Each expression captures the value of the field in the group "word". */
 extern const QRegularExpression PackageExpression;
 extern const QRegularExpression VersionExpression;
 extern const QRegularExpression MaintainerExpression;
@@ -33,11 +33,11 @@ extern const QRegularExpression FilenameExpression;
 
 /** Splits "component/section" into the groups "component" and "section". */
 extern const QRegularExpression SectionSplitter;
-/** Takes operator ("op") and version ("version") out of one alternative of a Depends entry. */
+/** Captures the operator ("op") and the version ("version") of one alternative of a Depends entry. */
 extern const QRegularExpression DependencyConstraint;
-/** Takes the name ("package") out of one alternative of a Depends entry. */
+/** Captures the name ("package") of one alternative of a Depends entry. */
 extern const QRegularExpression DependencyName;
-/** A line that starts a new field and so ends a description. */
+/** A line that starts a new field. It also ends a description. */
 extern const QRegularExpression NewFieldLine;
 
 /** Component and section of a Section value. */

@@ -8,7 +8,7 @@ QStringList PackageInfo::depends() const
     std::string buffer;
     const auto field = unfoldedField(control.text(), "Depends", buffer);
     QString value = QString::fromUtf8(field.data(), static_cast<int>(field.size()));
-    // Where the field goes on in another line, a newline stands for the blank between two entries.
+    // In a folded field, a newline can stand for the blank between two entries.
     if (!buffer.empty())
         value = value.simplified().replace(QLatin1String(" ,"), QLatin1String(","));
     return PackageField::dependsEntries(value);

@@ -6,18 +6,18 @@
 #include <QMetaType>
 
 /**
- * What to do when a package that is being added is present already. One word of flag bits that lives for one job:
- * it starts at Ask, the user's answer replaces it, and an answer for all further packages ends the asking.
+ * Decides what to do when a package that is being added is already in the repository. The value is a set of flags for
+ * one job. It starts as Ask. The user's answer replaces it, and an answer for all further packages ends the questions.
  */
 struct PackageReplacementRules
 {
     enum Rule : quint32 {
         Ask = 1, ///< ask at the next collision
-        KeepThis = 2, ///< do not replace this one, ask again at the next
+        KeepThis = 2, ///< do not replace this package, ask again at the next collision
         ReplaceNone = 4, ///< never replace, never ask again
-        ReplaceThis = 8, ///< replace this one, ask again at the next
-        PreferHigher = 16, ///< replace only what is older than the file, never ask again
-        PreferLower = 32, ///< replace only what is newer than the file, never ask again
+        ReplaceThis = 8, ///< replace this package, ask again at the next collision
+        PreferHigher = 16, ///< replace a package only when the file is newer, never ask again
+        PreferLower = 32, ///< replace a package only when the file is older, never ask again
         ReplaceAll = 48 ///< always replace, never ask again
     };
 
@@ -26,7 +26,7 @@ struct PackageReplacementRules
     /** True as long as the user has made no choice for the rest of the job. */
     bool mustAsk() const { return (value & (Ask | KeepThis | ReplaceThis)) != 0; }
 
-    /** Whether these rules replace the present package; `collision` compares the present one with the file. */
+    /** Whether the package in the repository is replaced; `collision` says how it compares with the file. */
     bool replaces(RepoEnums::ErrorCode collision) const
     {
         switch (collision) {

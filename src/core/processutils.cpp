@@ -17,12 +17,13 @@
 
 namespace
 {
-/** This process, while its thread starts a program; else 0. */
+/** The number of this process while the thread starts a program; else 0. */
 thread_local pid_t startingParent = 0;
 
 /**
- * Between fork and exec QProcess's child waits for its parent, and when that is killed just then, for ever, with the
- * locks and files that the parent had open. So until it is a program of its own it ends with its parent.
+ * Ends a forked child together with its parent, until the child runs its own program. Between fork and exec, the child
+ * of QProcess waits for its parent. If the parent is killed at that moment, the child would wait for ever and keep the
+ * parent's locks and files.
  */
 void endWithParent()
 {
@@ -33,7 +34,7 @@ void endWithParent()
         ::_exit(EXIT_FAILURE);
 }
 
-/** QProcess's only hook between fork and exec in Qt 5. */
+/** QProcess with its only hook between fork and exec in Qt 5. */
 class ChildProcess : public QProcess
 {
 public:
@@ -59,7 +60,7 @@ public:
             ::kill(-static_cast<pid_t>(processId()), SIGKILL);
         kill();
     }
-    /** Ends a program that has taken too long. */
+    /** Ends a program that took too long. */
     void giveUp()
     {
         m_reason = program() + QLatin1String(": ") + QString::fromLocal8Bit(std::strerror(ETIME));
@@ -84,11 +85,11 @@ protected:
 private:
     int m_mask;
     qint64 m_fileLimit;
-    bool m_ownGroup; ///< so that a shell can be killed together with its pipeline
+    bool m_ownGroup; ///< a group of its own, so that a shell can be killed together with its pipeline
     QString m_reason;
 };
 
-/** Returns the program's standard output, and more than its limit when it was killed for that. */
+/** Returns the standard output of the program. It can be longer than the limit when the program was killed for that. */
 QByteArray waitForEnd(ChildProcess &process, const ProcessCall &call)
 {
     constexpr int Interval = 50; // milliseconds
@@ -101,7 +102,7 @@ QByteArray waitForEnd(ChildProcess &process, const ProcessCall &call)
     };
     const bool isLimited = call.outputLimit > 0;
     const auto isRunning = [&] {
-        // What is limited is looked at with every bit that comes, which may be a lot until the next interval.
+        // Output with a limit is checked as soon as it arrives: a lot of it can come within one interval.
         isLimited ? process.waitForReadyRead(Interval) : process.waitForFinished(Interval);
         return process.state() != QProcess::NotRunning;
     };
@@ -121,7 +122,7 @@ QProcessEnvironment environmentWith(const QStringList &entries)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
-    // It rules the language of messages even so.
+    // LANGUAGE selects the language of messages even when LC_ALL is set.
     environment.remove(QStringLiteral("LANGUAGE"));
     for (const QString &entry : entries) {
         const int equals = entry.indexOf(QLatin1Char('='));
@@ -140,7 +141,7 @@ void start(ChildProcess *process, const ProcessCall &call)
     startingParent = ::getpid();
     process->start(call.program, call.arguments, QIODevice::ReadWrite);
     startingParent = 0;
-    // Nobody answers a prompt: a tool that asks reads the end of its input and gives up.
+    // Nobody answers a prompt. A tool that asks reads the end of its input and gives up.
     process->closeWriteChannel();
 }
 

@@ -9,21 +9,21 @@
 
 #include <functional>
 
-/** What a finished program left behind. */
+/** The result of a finished program. */
 struct ProcessResult
 {
     QString output; ///< standard output, decoded from the local 8-bit encoding
-    QString errorOutput; ///< error output, or why the program could not be started or was not waited for
+    QString errorOutput; ///< error output, or the reason why the program did not start or was given up
     int exitCode = 0;
     QProcess::ExitStatus exitStatus = QProcess::NormalExit;
-    bool tooLarge = false; ///< killed because it printed more than it may
-    bool started = false; ///< false: there is no such program, or it may not be run
+    bool tooLarge = false; ///< killed because it printed more than its limit
+    bool started = false; ///< false: the program does not exist, or the user may not run it
 
     bool crashed() const { return started && exitStatus == QProcess::CrashExit; }
     bool succeeded() const { return started && exitStatus == QProcess::NormalExit && exitCode == 0; }
 };
 
-/** One run of a program: no shell, an argument list, and what differs from our own environment. */
+/** One run of a program: a list of arguments without a shell, and the differences from our own environment. */
 struct ProcessCall
 {
     QString program;
@@ -31,25 +31,27 @@ struct ProcessCall
     QString workingDirectory; ///< empty: our own
     QStringList environment; ///< "NAME=value" entries set on top of our own environment
     int umask = -1; ///< file mode mask of the program; -1: our own
-    /** Asked several times a second, on the calling thread; true kills the program and what it has started. */
+    /**
+     * Asked several times a second, on the calling thread. True kills the program and all processes that it started.
+     */
     std::function<bool()> stopped = {};
-    /** Gets what the program has printed since the last call, while it runs; on the calling thread. */
+    /** Receives, while the program runs, its output since the last call; on the calling thread. */
     std::function<void(const QByteArray &output)> printed = {};
-    qint64 outputLimit = 0; ///< bytes of standard output; more kills the program; 0: no limit
-    qint64 fileLimit = 0; ///< bytes that each file that it writes may have; 0: no limit
+    qint64 outputLimit = 0; ///< bytes of standard output; killed when it prints more; 0: no limit
+    qint64 fileLimit = 0; ///< bytes for each file that the program writes; 0: no limit
 };
 
 /**
- * Runs a program and waits for its end without a time limit, so never call it on the interface thread. The program's
- * messages are not translated (LC_ALL=C.UTF-8, no LANGUAGE), because we read them.
+ * Runs a program and waits for its end without a time limit: never call it on the interface thread. The messages of the
+ * program are not translated (LC_ALL=C.UTF-8, no LANGUAGE), because we parse them.
  */
 ProcessResult runProcess(const ProcessCall &call);
 
 /**
- * Runs a program without waiting, in the same surroundings. `answer` gets its result later, on the thread of `context`
- * (which must be the calling one); when `context` dies before, the program is killed and nothing is answered. So is a
- * program that takes longer than `timeLimit` milliseconds, with the reason as its error output. The functions in
- * `call` are not used.
+ * Runs a program in the same environment without waiting. `answer` gets the result later, on the thread of `context`,
+ * which must be the calling thread. When `context` is deleted first, the program is killed and `answer` is not called.
+ * A program that takes longer than `timeLimit` milliseconds is killed too, and the error output of its result tells the
+ * reason. The functions in `call` are not used.
  */
 void followProcess(const ProcessCall &call,
                    int timeLimit,
@@ -57,8 +59,8 @@ void followProcess(const ProcessCall &call,
                    const std::function<void(const ProcessResult &result)> &answer);
 
 /**
- * Base of the classes that ask one external tool: runs it and keeps what it answered. An object belongs to the thread
- * that made it.
+ * Base of the classes that ask one external tool. It runs the tool and keeps the result. An object belongs to the
+ * thread that made it.
  */
 class ProcessUtils : public QObject
 {
@@ -66,13 +68,13 @@ class ProcessUtils : public QObject
 public:
     using QObject::QObject;
 
-    /** True exactly when the program could be started, did not crash and ended with exit code 0. */
+    /** True when the program started, did not crash and ended with exit code 0. */
     virtual bool
     run(const QString &program, const QStringList &arguments, const QString &workingDirectory = QString());
 
-    /** The programs of later runs are killed as soon as this answers true, see ProcessCall::stopped. */
+    /** Later runs are killed as soon as `stopped` returns true, see ProcessCall::stopped. */
     void setStopRequest(const std::function<bool()> &stopped) { m_stopped = stopped; }
-    /** "NAME=value" entries that later runs get on top of our own environment. */
+    /** "NAME=value" entries that later runs get in addition to our own environment. */
     void setEnvironment(const QStringList &entries) { m_environment = entries; }
 
     QString errorOutput() const { return m_result.errorOutput; }
@@ -81,11 +83,11 @@ public:
     int exitCode() const { return m_result.exitCode; }
 
 Q_SIGNALS:
-    /** A query failed; `detailedText` is what the tool said. */
+    /** A query failed; `detailedText` is the message of the tool. */
     void error(const QString &text, const QString &detailedText = QString());
 
 protected:
-    /** For later runs, see ProcessCall::outputLimit and fileLimit. */
+    /** Limits for later runs, see ProcessCall::outputLimit and fileLimit. */
     void setLimits(qint64 output, qint64 file);
     const ProcessResult &result() const { return m_result; }
 

@@ -4,8 +4,8 @@
 #include <QObject>
 
 /**
- * The result codes and job kinds that the engine and the interface exchange. A class of its own so that rules can
- * use them without knowing the engine; RepoShell inherits it, which makes them RepoShell::SUCCESS and so on.
+ * The result codes and job types that the engine and the interface exchange. They are in a class of their own, so that
+ * code can use them without the engine. RepoShell inherits the class, therefore RepoShell::SUCCESS and so on exist too.
  */
 class RepoEnums
 {
@@ -19,8 +19,8 @@ public:
         PACKAGE_EXISTS_NEW_VERSION = 2, ///< the repository already holds a newer version
         PACKAGE_EXISTS_OLD_VERSION = 3, ///< the repository already holds an older version
         PACKAGE_EXISTS = 4, ///< the repository already holds the same version
-        PACKAGE_GPGERROR = 5, ///< the repository could not be signed after the package went in
-        PACKAGE_UNSIGNED = 6 ///< the package itself could not be signed and stayed out
+        PACKAGE_GPGERROR = 5, ///< the package was added, but the repository could not be signed
+        PACKAGE_UNSIGNED = 6 ///< the package itself could not be signed and was not added
     };
     Q_ENUM(ErrorCode)
 
@@ -28,7 +28,7 @@ public:
     enum ErrorType { CRITICAL = 0, WARNING = 1 };
     Q_ENUM(ErrorType)
 
-    /** The kind of a job that has ended, so that the interface knows what to refresh. */
+    /** The type of a job that has ended; the interface refreshes its views accordingly. */
     enum JobId {
         COMMON_JOB = 0,
         DOWNLOAD_JOB = 1,

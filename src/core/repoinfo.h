@@ -21,20 +21,20 @@ inline const QString DefaultCodename = QStringLiteral("dogwood");
 inline const QString DefaultComponent = QStringLiteral("main");
 inline const QString DefaultSection = QStringLiteral("misc");
 
-/** The description of one repository: what its conf/distributions says, and the name it is shown under. */
+/** The description of one repository: the content of its conf/distributions, and its display name. */
 struct RepoInfo
 {
-    QString name; ///< display name; the directory's name when it was read back
+    QString name; ///< display name; the name of the directory after reading from disk
     QString codename; ///< also the distribution argument of every reprepro command
     QString suite;
     QString version;
-    QString architectures; ///< separated by blanks, as the file has them
+    QString architectures; ///< separated by blanks, as in the file
     QString components; ///< separated by blanks
     bool signWith = false; ///< Release files are signed with the user's default key
-    bool contents = false; ///< Contents indices are made, compressed with gzip
+    bool contents = false; ///< Contents indices are generated, compressed with gzip
 
     QStringList architectureList() const { return architectures.split(QLatin1Char(' '), Qt::SkipEmptyParts); }
-    /** Those that packages can be built for: without "source", and without what follows a comment sign. */
+    /** The architectures of binary packages: without "source" and "all", and without the text after a comment sign. */
     QStringList binaryArchitectures() const;
     QStringList componentList() const { return components.split(QLatin1Char(' '), Qt::SkipEmptyParts); }
 

@@ -3,7 +3,7 @@
 
 #include <QString>
 
-/** Names under which the user's choices are kept. Readers open a short-lived QSettings without arguments. */
+/** Names of the stored user choices. Code that reads them opens a short-lived QSettings without arguments. */
 namespace SettingsKey
 {
 inline const QString RecentOpennedRepos
@@ -20,7 +20,7 @@ inline const QString ApprovedRepositories
     = QStringLiteral("ApprovedRepositories"); ///< a group, see RepositoryApprovals
 inline const QString BusyHttpPorts = QStringLiteral("busyHttpPorts"); ///< decimal texts
 
-// The group of a published repository: this and the port.
+// The group of a published repository is this prefix and the port.
 inline const QString PublishedPrefix = QStringLiteral("Published");
 inline const QString PublishedRepoPath = QStringLiteral("repoPath");
 inline const QString PublishedTrusted = QStringLiteral("trustedRepo");

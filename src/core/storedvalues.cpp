@@ -6,7 +6,7 @@
 
 bool storedBool(const QSettings &settings, const QString &key, bool fallback)
 {
-    // QVariant calls nearly every string true, so a damaged entry would switch things on.
+    // QVariant converts nearly every string to true, so a damaged entry would turn a setting on.
     const QString text = settings.value(key).toString();
     if (text == QLatin1String("true"))
         return true;

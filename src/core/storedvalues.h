@@ -5,5 +5,5 @@
 
 class QSettings;
 
-/** The stored truth value; `fallback` when there is none or the entry is damaged. */
+/** The stored boolean; `fallback` when there is no value or the entry is damaged. */
 bool storedBool(const QSettings &settings, const QString &key, bool fallback);
