@@ -4,27 +4,27 @@
 #include <QString>
 
 /**
- * A directory that has to make room for another one. It is moved to a free name beside its place, and goes only when
- * the other one has arrived there; until then it can be put back.
+ * Moves a directory aside to make room for another directory. It gets a free name beside its place, and is deleted only
+ * after the other directory has arrived. Until then it can be put back.
  */
 class AsideDirectory
 {
 public:
-    /** Moves what lies at `path` aside; nothing there is fine too. See error(). */
+    /** Moves the directory at `path` aside. It is no error when nothing is there. See error(). */
     explicit AsideDirectory(const QString &path);
     AsideDirectory(const AsideDirectory &) = delete;
     AsideDirectory &operator=(const AsideDirectory &) = delete;
 
-    /** Why the directory could not be moved, in the system's words; empty when its place is free. */
+    /** Why the directory could not be moved, as the system says it; empty when the place is free. */
     QString error() const { return m_error; }
-    /** Puts the directory back to its place, which must be free again. */
+    /** Moves the directory back to its place, which must be free again. */
     void putBack();
-    /** Deletes the directory; of a link the link alone. False when something of it is left at place(). */
+    /** Deletes the directory; a link itself, not its target. False when a part of it is left at place(). */
     bool remove();
-    /** Where the directory lies meanwhile; empty when there was none. */
+    /** Where the directory is meanwhile; empty when there was no directory. */
     QString place() const { return m_place; }
 
-    /** rename(2); the system's words for a failure, empty for a success. */
+    /** Calls rename(2). Returns the error text of the system; empty on success. */
     static QString rename(const QString &from, const QString &to);
 
 private:

@@ -5,11 +5,11 @@
 
 #include <unistd.h>
 
-/** A file descriptor that is closed with the object. */
+/** A file descriptor that the destructor closes. */
 class Descriptor
 {
 public:
-    /** Takes what open(2) has answered; a negative number is no descriptor. */
+    /** Takes the result of open(2). A negative number stands for no descriptor. */
     explicit Descriptor(int number = -1)
         : m_number(number)
     { }
@@ -31,9 +31,9 @@ public:
 
     bool isOpen() const { return m_number >= 0; }
     int number() const { return m_number; }
-    /** Gives the number away; whoever takes it closes it. */
+    /** Releases the descriptor without closing it; the caller must close it. */
     int release() { return std::exchange(m_number, -1); }
-    /** False when an error of earlier writing has come up only now. */
+    /** False when an earlier write failed and the system reports it only now. */
     bool close() { return ::close(std::exchange(m_number, -1)) == 0; }
 
 private:

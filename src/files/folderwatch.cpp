@@ -46,11 +46,11 @@ void FolderWatch::take(const std::shared_ptr<const Descriptor> &descriptor)
 {
     m_notifier.reset();
     m_descriptor = descriptor;
-    // The system has a number of them for each user.
+    // It can be closed: the system limits the number of these descriptors for each user.
     if (m_descriptor->isOpen()) {
         m_notifier = std::make_unique<QSocketNotifier>(m_descriptor->number(), QSocketNotifier::Read);
         connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
-            // Which file it is about does not matter.
+            // The events are read only to empty the queue. It does not matter which file changed.
             std::array<char, 4096> events{};
             while (::read(m_descriptor->number(), events.data(), events.size()) > 0) { }
             Q_EMIT changed();

@@ -10,9 +10,9 @@ class Descriptor;
 class QSocketNotifier;
 
 /**
- * Tells when something is made, replaced, written or deleted in one of a few folders. The folders are looked up on the
- * thread pool, because their disk may not answer. What lies deeper is not watched, and neither is what other machines
- * do in a network file system.
+ * Reports when something is created, replaced, written or deleted in one of a few folders. The folders are looked up on
+ * the thread pool, because their disk may not answer. Deeper folders are not watched, and changes by other machines in
+ * a network file system are not seen.
  */
 class FolderWatch : public QObject
 {
@@ -21,13 +21,13 @@ public:
     explicit FolderWatch(QObject *parent = nullptr);
     ~FolderWatch() override;
 
-    /** Watches these folders and no others. Those that are not there are left out. */
+    /** Watches these folders and no others. Folders that do not exist are left out. */
     void watch(const QStringList &folders);
 
 Q_SIGNALS:
     /** The folders of the last watch() are watched from now on. */
     void watching();
-    /** Comes many times while a program is at work there. */
+    /** Comes many times while a program works there. */
     void changed();
 
 private:

@@ -3,5 +3,5 @@
 
 #include <QString>
 
-/** The bytes that the user may still write on the disk of this folder; negative where the file system does not tell. */
+/** The free bytes that the user may still write on the disk of this folder; negative when the size is not known. */
 qint64 freeSpace(const QString &folder);

@@ -14,7 +14,7 @@
 namespace
 {
 constexpr int FolderFlags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC;
-/** Without waiting for the other end of a pipe, and without taking a terminal for ours. */
+/** Opening does not wait for the other end of a pipe, and does not make a terminal our controlling terminal. */
 constexpr int FileFlags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 
 int flagOf(OpenFolder::Links links)
@@ -31,7 +31,7 @@ std::optional<OpenFolder::File> readOpened(const Descriptor &descriptor, qint64 
     QFile file;
     if (!file.open(descriptor.number(), QIODevice::ReadOnly | QIODevice::Unbuffered))
         return std::nullopt;
-    // The size that was told can be another one by now.
+    // The file may have grown since fstat().
     result.contents = file.read(limit + 1);
     if (result.contents.size() > limit || file.error() != QFileDevice::NoError)
         return std::nullopt;
@@ -73,7 +73,7 @@ QByteArray OpenFolder::linkTarget(const QByteArray &name) const
 
 QList<QByteArray> OpenFolder::names() const
 {
-    // The stream takes its descriptor along, and has a position of its own.
+    // The stream takes over its descriptor and needs a read position of its own.
     const OpenFolder again = folder(".");
     DIR *stream
         = again.isOpen() ? ::fdopendir(::fcntl(again.m_descriptor.number(), F_DUPFD_CLOEXEC, 0)) : nullptr;

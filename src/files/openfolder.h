@@ -13,13 +13,14 @@
 #include <sys/stat.h>
 
 /**
- * A folder that was opened once. Every answer is about that folder, also when another one, or a link, lies at its path
- * by then: what somebody else may exchange cannot be asked about by its name twice.
+ * A folder that was opened once. Every answer is about this folder, even if its path names another folder or a link by
+ * then. Somebody else can exchange the folder between two questions, so its path is used only once.
  */
 class OpenFolder
 {
 public:
     enum Links { FollowNone, Follow };
+    /** The contents and the status of a file. */
     struct File
     {
         QByteArray contents;
@@ -27,26 +28,26 @@ public:
     };
 
     OpenFolder() = default;
-    /** Follows links, since a path that the user gives may hold some. See isOpen(). */
+    /** Follows links, because the user's path may contain links. See isOpen(). */
     explicit OpenFolder(const QString &path);
 
     bool isOpen() const { return m_descriptor.isOpen(); }
-    /** The folder `name` in this one; not open when there is none. */
+    /** The folder `name` in this folder; not open when there is no such folder. */
     OpenFolder folder(const QByteArray &name, Links links = FollowNone) const;
-    /** Of the folder itself, or of an entry, which of a link is the link. Nothing when it cannot be had. */
+    /** Status of the folder itself, or of one entry. A link is not followed. Nothing on failure. */
     std::optional<struct stat> status() const;
     std::optional<struct stat> statusOf(const QByteArray &name) const;
-    /** Where the link `name` leads; null when it is none. */
+    /** The target of the link `name`; null when it is no link. */
     QByteArray linkTarget(const QByteArray &name) const;
     /** The names of the entries, sorted. */
     QList<QByteArray> names() const;
     /**
-     * A regular file of at most `limit` bytes; `name` may lie in folders below. Nothing for all else: a pipe or a
-     * device is not waited for. Without links only the last part of the name is meant.
+     * Reads a regular file of at most `limit` bytes; `name` may contain folders below this one. Nothing for any other
+     * file: a pipe or a device is not waited for. FollowNone applies to the last part of the name only.
      */
     std::optional<File> read(const QByteArray &name, qint64 limit, Links links = FollowNone) const;
 
-    /** The same by the path of the file. */
+    /** The same with the path of the file. */
     static std::optional<QByteArray> readFile(const QString &path, qint64 limit, Links links = FollowNone);
 
 private:

@@ -16,7 +16,7 @@ bool isAtOrAbove(const QString &upper, const QString &lower)
     return upper == QLatin1String("/") || lower == upper || lower.startsWith(upper + QLatin1Char('/'));
 }
 
-/** Whether a repository may lie in this folder of the hierarchy (hier(7)), but not be it. */
+/** Whether the path is a folder of the hierarchy (hier(7)) that may contain repositories but must not become one. */
 bool isSharedFolder(const QString &path)
 {
     static const QStringList folders{QStringLiteral("/home"),
@@ -33,11 +33,11 @@ bool isSharedFolder(const QString &path)
                                      QStringLiteral("/var/log"),
                                      QStringLiteral("/var/spool"),
                                      QStringLiteral("/var/tmp")};
-    // Right below /home stand the homes, other people's too.
+    // The folders directly below /home are homes, also of other users.
     return folders.contains(path) || QFileInfo(path).path() == QLatin1String("/home");
 }
 
-/** Whether the path belongs to the system with all that is below it. */
+/** Whether the path and all below it belong to the system. */
 bool isOfSystem(const QString &path)
 {
     static const QRegularExpression trees(
@@ -48,7 +48,7 @@ bool isOfSystem(const QString &path)
 
 QString PathGuard::resolved(const QString &path)
 {
-    // The part that exists decides where the rest would lie.
+    // Only the existing part of the path can contain links.
     QString existing = QDir::cleanPath(QDir(path).absolutePath());
     QString rest;
     while (!QFileInfo::exists(existing) && existing != QLatin1String("/")) {
@@ -78,7 +78,7 @@ bool PathGuard::mayBeWiped(const QString &path, const QStringList &openRepositor
 QStringList PathGuard::repositoriesBelow(const QString &path, const QStringList &remembered)
 {
     constexpr int Levels = 3;
-    constexpr int MostFolders = 50000; // of a repository's own there are a few hundred
+    constexpr int MostFolders = 50000; // a repository itself has only a few hundred folders
     const QString top = resolved(path);
     QStringList found;
     QStringList level{top};
@@ -86,7 +86,7 @@ QStringList PathGuard::repositoriesBelow(const QString &path, const QStringList 
     for (int depth = 0; depth < Levels; ++depth) {
         QStringList below;
         for (const QString &parent : qAsConst(level)) {
-            // What a link leads to does not go with it.
+            // The target of a link is not deleted with the folder.
             QDirIterator children(parent,
                                   QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks);
             while (children.hasNext() && folders < MostFolders) {
@@ -95,7 +95,7 @@ QStringList PathGuard::repositoriesBelow(const QString &path, const QStringList 
             }
         }
         std::copy_if(below.cbegin(), below.cend(), std::back_inserter(found), &PathGuard::isRepository);
-        // What could not be looked at may hold one.
+        // Folders that were not searched may hold a repository.
         if (folders == MostFolders)
             found.append(top);
         level = below;

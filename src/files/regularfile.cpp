@@ -16,7 +16,7 @@ bool RegularFile::open(OpenMode mode)
     const int way = mode.testFlag(Append) ? O_WRONLY | O_CREAT | O_APPEND : O_RDONLY;
     Descriptor file(
         ::open(QFile::encodeName(fileName()).constData(), way | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, AsUsual));
-    // Of a pipe that nobody reads, and of a socket, the system says that there is no such device.
+    // For a pipe without a reader and for a socket, the system reports ENXIO.
     const bool isOther = !file.isOpen() && errno == ENXIO;
     if (!file.isOpen() && !isOther) {
         setErrorString(qt_error_string(errno));

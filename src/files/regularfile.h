@@ -5,8 +5,8 @@
 #include <QFile>
 
 /**
- * A file that others may have put there. Only a regular file can be opened: a pipe would keep its reader waiting for
- * ever, and a device does what it likes. Opening never waits.
+ * A file that somebody else may have put there. Only a regular file can be opened: a pipe could keep its reader waiting
+ * for ever, and a device can do anything. Opening never waits.
  */
 class RegularFile : public QFile
 {
@@ -15,9 +15,9 @@ public:
     using QFile::open;
     using QFile::QFile;
 
-    /** For reading, or with Append for writing at the end. When it fails, errorString() says why. */
+    /** Opens for reading, or with Append for writing at the end. On failure errorString() tells the reason. */
     bool open(OpenMode mode) override;
 
-    /** What is wrong with the path when something lies there that is no regular file; else empty. */
+    /** The error text when the path exists and is no regular file; else empty. */
     static QString refusal(const QString &path);
 };

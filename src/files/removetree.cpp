@@ -23,11 +23,11 @@ namespace
 constexpr int FolderFlags = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 constexpr int WayFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
 
-/** An open folder as the system sees it. */
+/** Identity of an open folder. */
 struct Identity
 {
     FileId file;
-    quint64 mount = 0; ///< where the system does not number its mounts, the device
+    quint64 mount = 0; ///< number of the mount; the device when the system does not number its mounts
 
     static std::optional<Identity> of(int folder)
     {
@@ -45,7 +45,7 @@ bool isOwnOrParent(const char *name)
     return name[0] == '.' && (name[1] == '\0' || (name[1] == '.' && name[2] == '\0'));
 }
 
-/** The names in the folder, the first one last; nothing when it cannot be read to its end. */
+/** The names in the folder in reverse order; nothing when the folder cannot be read to its end. */
 std::optional<std::vector<QByteArray>> namesIn(int folder)
 {
     const int copy = ::fcntl(folder, F_DUPFD_CLOEXEC, 0);
@@ -68,11 +68,11 @@ std::optional<std::vector<QByteArray>> namesIn(int folder)
     return isWhole ? std::make_optional(std::move(names)) : std::nullopt;
 }
 
-/** Deletes trees, however deep: no function calls itself, and of the folders on the way down only the last are open. */
+/** Deletes trees of any depth. It does not recurse, and keeps only the last folders on the way down open. */
 class Removal
 {
 public:
-    /** Without `mount` the first folder that is entered says which one is meant. */
+    /** Without `mount`, the first folder that is entered decides which mount is meant. */
     Removal(int folder, std::vector<QByteArray> names, std::optional<quint64> mount)
         : m_mount(mount)
     {
@@ -101,26 +101,26 @@ public:
 private:
     struct Frame
     {
-        Descriptor folder; ///< closed when the frame is far above the last one
+        Descriptor folder; ///< closed when the frame is far above the last frame
         Identity identity;
-        QByteArray name; ///< in the folder above
-        std::vector<QByteArray> names; ///< what is still to be deleted
-        bool isDone = true; ///< nothing was left so far
+        QByteArray name; ///< name in the folder above
+        std::vector<QByteArray> names; ///< entries that are still to be deleted
+        bool isDone = true; ///< everything so far was deleted
     };
 
     static constexpr std::size_t MostOpen = 16;
 
     std::vector<Frame> m_frames;
     std::optional<quint64> m_mount;
-    int m_retries = 100; ///< names whose meaning may change under our hands
+    int m_retries = 100; ///< for names that somebody else may exchange meanwhile
 
-    /** Deletes what has the name in the last frame's folder; a folder becomes the last frame. */
+    /** Deletes the entry of this name in the last frame's folder. A folder that is not empty becomes the last frame. */
     void take(const QByteArray &name)
     {
         const int folder = m_frames.back().folder.number();
         if (::unlinkat(folder, name.constData(), 0) == 0 || errno == ENOENT)
             return;
-        // What may not be deleted itself can still be a folder with things that may.
+        // A folder that cannot be deleted may still contain entries that can.
         const bool wasFolder = errno == EISDIR;
         Descriptor child(::openat(folder, name.constData(), FolderFlags));
         const bool isFolder = child.isOpen() || (errno != ENOTDIR && errno != ELOOP);
@@ -128,12 +128,12 @@ private:
             enter(std::move(child), name);
         else if (!isFolder && wasFolder)
             takeAgain(name);
-        // An empty folder goes without being read.
+        // An empty folder is deleted without being read.
         else if (!isFolder || (::unlinkat(folder, name.constData(), AT_REMOVEDIR) != 0 && errno != ENOENT))
             m_frames.back().isDone = false;
     }
 
-    /** The name has become that of something else. */
+    /** The name stands for something else now; tries it again later. */
     void takeAgain(const QByteArray &name)
     {
         Frame &top = m_frames.back();
@@ -163,7 +163,7 @@ private:
             m_frames[m_frames.size() - MostOpen - 1].folder = Descriptor();
     }
 
-    /** Deletes the last frame's folder, which is empty by now, and goes up. False when there is no way up any more. */
+    /** Deletes the folder of the last frame, which is empty by now, and goes up. False when there is no way up. */
     bool leave()
     {
         const Frame done = std::move(m_frames.back());
@@ -172,7 +172,7 @@ private:
         if (!above.folder.isOpen()) {
             above.folder = Descriptor(::openat(done.folder.number(), "..", FolderFlags));
             const auto identity = Identity::of(above.folder.number());
-            // Somebody has moved the folder: what is above it now is none of ours.
+            // Somebody moved the folder: the folder above it is not ours now.
             if (!identity || identity->file != above.identity.file)
                 return false;
         }
@@ -188,7 +188,7 @@ private:
     }
 };
 
-/** Why a folder on the way could not be opened: when it is not there, there is nothing to delete. */
+/** Whether a folder on the way does not exist, so that there is nothing to delete. */
 bool isNothingThere(const Descriptor &folder)
 {
     return !folder.isOpen() && errno == ENOENT;

@@ -4,18 +4,19 @@
 #include <QByteArray>
 #include <QString>
 
-// Deleting of folders with all that is in them. Of a link the link alone goes: everything is done on open folders, so
-// that a folder whose place is taken by a link meanwhile leads nowhere else. What is mounted inside stays. All answer
-// true when nothing is left, also when there was nothing; false when something is left. They go on after a failure.
+// These functions delete folders with all their contents. They delete a link itself, never its target. They work on
+// open folders: if somebody replaces a folder by a link meanwhile, the link is not followed. A mount inside a folder
+// stays. Each returns true when nothing is left, also when there was nothing, and false when something is left. They
+// continue after a failure.
 
-/** Deletes what lies at the path. The folders above it may be named through links. */
+/** Deletes the file or folder at the path. The path of its parent may contain links. */
 bool removeTree(const QString &path);
 
-/** Deletes what `relative` names in the folder; false when the way from the folder to it goes through a link. */
+/** Deletes the entry `relative` of the folder. False when a part of the path below the folder is a link. */
 bool removeBelow(const QString &folder, const QString &relative);
 
-/** Deletes what has this name in the open folder. */
+/** Deletes the entry of this name in the open folder. */
 bool removeEntry(int folder, const QByteArray &name);
 
-/** Deletes what is in the open folder, but for what has the name `except`. The folder must be open for reading. */
+/** Deletes all entries of the open folder except the entry `except`. The folder must be open for reading. */
 bool removeContents(int folder, const QByteArray &except = {});

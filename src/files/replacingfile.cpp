@@ -13,7 +13,7 @@
 
 namespace
 {
-/** What the user's mask leaves of a new file's mode. umask(2) tells it only by changing it, for all threads. */
+/** The mode of a new file with the user's umask. umask(2) cannot read it without changing it for all threads. */
 mode_t usualMode()
 {
     constexpr mode_t Wanted = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
@@ -30,7 +30,7 @@ mode_t usualMode()
     return S_IRUSR | S_IWUSR;
 }
 
-/** Of a link the file that it names is meant, also when there is no such file yet. */
+/** The file that a link names, even when this file does not exist yet; another path as it is. */
 QString meant(QString target)
 {
     constexpr int MostLinks = 40;
@@ -77,7 +77,7 @@ int ReplacingFile::makeFile()
         QFile::encodeName(present.path()).constData(), O_WRONLY | O_TMPFILE | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (file >= 0)
         return file;
-    // Not every file system has files without a name.
+    // Not every file system supports files without a name.
     QByteArray name = QFile::encodeName(m_target) + ".XXXXXX";
     const int named = ::mkostemp(name.data(), O_CLOEXEC);
     if (named >= 0)
@@ -115,7 +115,7 @@ bool ReplacingFile::putIntoPlace()
         return true;
     if (errno != EEXIST)
         return false;
-    // Always the same name, so that a kill between the two steps leaves no more than one file, which then goes.
+    // The name is always the same: a kill between the two steps leaves at most one file, and the next run deletes it.
     const QFileInfo info(m_target);
     const QByteArray between
         = QFile::encodeName(QStringLiteral("%1/.%2.velt-new").arg(info.path(), info.fileName()));

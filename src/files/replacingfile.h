@@ -6,8 +6,8 @@
 #include <QString>
 
 /**
- * A new file that takes the place of another one when it is whole. Until then nobody else can read it, and where the
- * file system can do it, it has no name, so that nothing of it lies about when the program is killed.
+ * A new file that replaces another file when it is complete. Until then no other user can read it. Where the file
+ * system allows it, the file has no name, so a killed program leaves nothing behind.
  */
 class ReplacingFile
 {
@@ -20,19 +20,19 @@ public:
     /** Opens the file for writing, without a buffer. */
     bool open();
     QFileDevice *device() { return &m_file; }
-    /** Puts the file into its place; false when that fails, or when a write has failed. */
+    /** Puts the file in its place; false when this fails or an earlier write failed. */
     bool commit();
     QString errorString() const { return m_error; }
 
 private:
     QString m_target;
     QFile m_file;
-    QByteArray m_name; ///< path of the file until it is whole; empty where it needs none
+    QByteArray m_name; ///< path of the file until it is complete; empty when it needs no name
     QString m_error;
 
-    /** The number of a new file; negative when there can be none, see errno. */
+    /** A new file's descriptor; negative on failure, see errno. */
     int makeFile();
-    /** Gives the file the mode of the one that it replaces, or a new file's usual one. */
+    /** Gives the file the mode of the file that it replaces, or the usual mode of a new file. */
     bool setMode() const;
     bool putIntoPlace();
     bool moveIntoPlace(const QByteArray &name);

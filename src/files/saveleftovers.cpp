@@ -11,7 +11,8 @@ void SaveLeftovers::remove(const QString &fileName)
 {
     constexpr int Untouched = 60; // seconds
     const QFileInfo info(fileName);
-    // Letters in random case; what could be a word, such as "broken" or "Backup", is somebody's own.
+    // QSaveFile appends letters in random case. A suffix that could be a word, such as "broken" or "Backup", may be the
+    // user's.
     const QRegularExpression form(QLatin1Char('^') + QRegularExpression::escape(info.fileName())
                                   + QLatin1String("\\.(?![A-Z]?[a-z]+$|[A-Z]+$)[A-Za-z]{6}$"));
     const QFileInfoList files = info.dir().entryInfoList({info.fileName() + QLatin1String(".??????")},

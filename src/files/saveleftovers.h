@@ -3,9 +3,9 @@
 
 #include <QString>
 
-/** What killed programs have left of files that they were saving. */
+/** Temporary files that killed programs left while they saved a file. */
 namespace SaveLeftovers
 {
-/** Deletes what was to become `fileName` (by QSaveFile, and so QSettings), where nobody has written for a minute. */
+/** Deletes the temporary files of `fileName` (by QSaveFile, and so QSettings) that are older than a minute. */
 void remove(const QString &fileName);
 } // namespace SaveLeftovers

@@ -20,13 +20,13 @@ QString namePrefix()
     return QStringLiteral("velt-admin-repo-work-");
 }
 
-/** An open folder; -1 when there is none, or a link in its place. Programs that we start do not inherit it. */
+/** Opens a folder; -1 when it does not exist or is a link. Programs that we start do not inherit the descriptor. */
 int openFolder(const QString &path)
 {
     return ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
 }
 
-/** Whether the open folder is still what lies at `path`. */
+/** Whether the open folder is still the folder at `path`. */
 bool isAt(int folder, const QString &path)
 {
     struct stat open = {};
@@ -41,16 +41,16 @@ bool isOurs(int folder)
     return ::fstat(folder, &status) == 0 && status.st_uid == ::geteuid();
 }
 
-/** Deletes what is in the open folder, and the empty folder at `path`. */
+/** Deletes the contents of the open folder, and the empty folder at `path`. */
 void removeFolder(int folder, const QString &path)
 {
-    // Nothing else is emptied, whatever lies at the path by now. The folder itself has to be deleted by its path; a
-    // link in its place makes rmdir() fail.
+    // Only the open folder is emptied, even if another folder is at the path by now. The folder itself must be deleted
+    // by its path; rmdir() fails on a link.
     removeContents(folder);
     ::rmdir(QFile::encodeName(path).constData());
 }
 
-/** Whether a process was started with this path in its arguments or its environment. */
+/** Whether the arguments or the environment of a process contain this path. */
 bool isNamedByProcess(const QString &path)
 {
     const QByteArray wanted = QFile::encodeName(path);
@@ -69,7 +69,7 @@ bool isNamedByProcess(const QString &path)
 
 ScratchFolder::ScratchFolder(const QString &parent)
 {
-    // Between making and locking it, another start of the program may take it for a leftover.
+    // Before the folder is locked, another start of the program may delete it as a leftover.
     constexpr int Attempts = 5;
     for (int attempt = 0; attempt < Attempts; ++attempt) {
         auto folder = std::make_unique<QTemporaryDir>(parent + QLatin1Char('/') + namePrefix()
@@ -102,7 +102,7 @@ bool ScratchFolder::isSafePlace(const QString &parent)
     struct stat status = {};
     if (::stat(QFile::encodeName(parent).constData(), &status) != 0)
         return false;
-    // Where others may rename what is not theirs, a folder could be another one by the time that it is deleted.
+    // If others can rename our folder, its path could name another folder when it is deleted.
     const bool ownerIsTrusted = status.st_uid == 0 || status.st_uid == ::geteuid();
     return ownerIsTrusted && ((status.st_mode & (S_IWGRP | S_IWOTH)) == 0 || (status.st_mode & S_ISVTX) != 0);
 }

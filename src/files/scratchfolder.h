@@ -8,8 +8,8 @@
 #include <memory>
 
 /**
- * A new, private folder, usually below the system's temporary folder; it goes with the object. It is locked as long as
- * the object lives, so that what a killed program has left behind can be told from what is in use.
+ * A new, private folder, usually below the system's temporary folder. The destructor deletes it. The folder is locked
+ * while the object lives; a folder without a lock was left by a killed program.
  */
 class ScratchFolder
 {
@@ -25,16 +25,16 @@ public:
     QString path() const { return m_folder ? m_folder->path() : QString(); }
     QString filePath(const QString &name) const { return m_folder ? m_folder->filePath(name) : QString(); }
 
-    /** Whether nobody else can put another folder in the place of one that is made there. */
+    /** Whether no other user can replace a folder that is created in `parent`. */
     static bool isSafePlace(const QString &parent);
     /**
-     * Deletes the user's scratch folders below `parent` that nobody uses any more: neither a program that holds their
-     * lock nor one that was started with their name and has outlived it. Reads all of /proc: not for the interface
-     * thread.
+     * Deletes the user's scratch folders below `parent` that are no longer in use. A folder is in use while a program
+     * holds its lock, or while a process that was started with its path still runs. Reads all of /proc: not for the
+     * interface thread.
      */
     static void removeLeftovers(const QString &parent = QDir::tempPath());
 
 private:
     std::unique_ptr<QTemporaryDir> m_folder;
-    int m_lock = -1; ///< descriptor of the folder
+    int m_lock = -1; ///< descriptor of the folder; holds the lock
 };

@@ -8,7 +8,7 @@
 
 namespace
 {
-// Qt sorts the sections: no name comes after this one.
+// Qt sorts the sections. No name sorts after this one.
 const QString endKey = QStringLiteral(u"\uFFFF/whole");
 const QByteArray endText("\n[%UFFFF]\nwhole=true\n");
 
@@ -17,16 +17,16 @@ bool read(QIODevice &device, QSettings::SettingsMap &map)
     const auto *file = qobject_cast<QFileDevice *>(&device);
     if (file == nullptr)
         return false;
-    // By another name, because Qt holds its lock of this one.
+    // Another path of the same file, because Qt already holds the lock of its usual path.
     const QSettings settings(QLatin1String("/proc/self/root") + file->fileName(), QSettings::IniFormat);
     const QStringList keys = settings.allKeys();
     for (const QString &key : keys)
         map.insert(key, settings.value(key));
-    // Of what is no INI file the rest is read, as Qt does it.
+    // If the file is no valid INI file, its readable part is used, as Qt does.
     return settings.status() != QSettings::AccessError;
 }
 
-/** The text that Qt makes of the settings; null when it could not be had. */
+/** The settings as Qt writes them to a file; null on failure. */
 QByteArray iniText(const QSettings::SettingsMap &map)
 {
     const ScratchFolder folder;
@@ -37,7 +37,7 @@ QByteArray iniText(const QSettings::SettingsMap &map)
         QSettings settings(file.fileName(), QSettings::IniFormat);
         for (auto value = map.cbegin(); value != map.cend(); ++value)
             settings.setValue(value.key(), value.value());
-        // What ends with this has not been cut.
+        // A text that ends with this key is complete.
         settings.setValue(endKey, true);
     }
     QByteArray text = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
@@ -57,7 +57,7 @@ bool write(QIODevice &device, const QSettings::SettingsMap &map)
 
 QSettings::Format SettingsFormat::ini()
 {
-    // The extension is the one that the settings of programs have anyway.
+    // Settings files of programs have this extension anyway.
     static const QSettings::Format format
         = QSettings::registerFormat(QStringLiteral("conf"), read, write, Qt::CaseSensitive);
     return format;

@@ -4,15 +4,16 @@
 #include <QSettings>
 
 /**
- * Qt's own INI format of settings, but for one thing: when the disk is full, saving fails and the file stays as it was.
- * With Qt's own a file that was cut takes its place (see WholeFile), and settings are lost.
+ * Qt's INI format for settings, with one difference: when the disk is full, saving fails and the file stays unchanged.
+ * Qt's own format would replace it with a truncated file (see WholeFile), and settings would be lost.
  */
 namespace SettingsFormat
 {
-/** The format, for settings that are opened by the path of their file. */
+/** The format for settings that are opened with the path of their file. */
 QSettings::Format ini();
 /**
- * Makes the program's own settings, QSettings without arguments, use the format; the place of their file is the same.
+ * Makes the program's own settings (QSettings without arguments) use this format. The path of their file stays the
+ * same.
  */
 void useForOwnSettings();
 } // namespace SettingsFormat

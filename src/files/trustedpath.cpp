@@ -12,7 +12,7 @@
 
 namespace
 {
-/** Links on one path, as the kernel counts them. */
+/** Most links on one path, the same limit as in the kernel. */
 constexpr int MostLinks = 40;
 
 QByteArray linkText(int folder, const QByteArray &name)
@@ -22,7 +22,7 @@ QByteArray linkText(int folder, const QByteArray &name)
     return {text.data(), static_cast<int>(qMax<ssize_t>(size, 0))};
 }
 
-/** Why a path cannot be opened. */
+/** No descriptor, with errno set to the reason. */
 Descriptor failed(int error)
 {
     errno = error;

@@ -7,7 +7,7 @@
 
 #include <sys/types.h>
 
-/** A file, whatever its names are. */
+/** Identity of a file, independent of its names. */
 struct FileId
 {
     dev_t device = 0;
@@ -17,13 +17,13 @@ struct FileId
     bool operator!=(const FileId &other) const { return !(*this == other); }
 };
 
-/** Paths in folders that others can write too: their links could lead to files that are not theirs to read. */
+/** Paths in folders that other users can write: a link there could lead to a file that its owner cannot read. */
 namespace TrustedPath
 {
 /**
- * Opens what the path names, seen from the open folder, without reading it (O_PATH). A link is followed only when the
- * link and what it leads to have the same owner, and the owner is the user or root. When the result is not open,
- * errno says why; EACCES also stands for such a link of somebody else.
+ * Opens the path, seen from the open folder, without access to the content (O_PATH). A link is followed only when the
+ * link and its target have the same owner, and this owner is the user or root. When the result is not open, errno tells
+ * the reason; EACCES also stands for a link that is not trusted.
  */
 Descriptor open(int folder, const QByteArray &path);
 

@@ -7,7 +7,7 @@
 QString WholeFile::replace(const QString &path, const QByteArray &contents)
 {
     QSaveFile file(path);
-    // What is not committed goes with the object.
+    // The destructor discards a file that was not committed.
     const bool isDone = file.open(QIODevice::WriteOnly) && writeOut(file, contents) && file.commit();
     return isDone ? QString() : file.errorString();
 }

@@ -7,14 +7,14 @@ class QByteArray;
 class QFileDevice;
 
 /**
- * Writing of files that are never found half written. On a full disk QSaveFile alone is not enough: in Qt 5 its
- * commit() does not notice when the last bytes, which stood in its buffer, or a part of a larger block, could not be
- * written, and puts the cut file in the place of the whole one.
+ * Writes files so that nobody ever finds a half-written file. QSaveFile alone is not enough on a full disk: in Qt 5 its
+ * commit() does not notice when the last bytes of its buffer could not be written, and it replaces the complete file
+ * with a truncated one.
  */
 namespace WholeFile
 {
-/** Puts a file with these contents in the place of `path`; the text of the error, empty when it is done. */
+/** Replaces the file `path` by one with these contents. Returns the error text; empty on success. */
 QString replace(const QString &path, const QByteArray &contents);
-/** Writes everything, past the buffer of the device; false when a part could not be written. */
+/** Writes everything and flushes the buffer of the device; false when a part could not be written. */
 bool writeOut(QFileDevice &device, const QByteArray &contents);
 } // namespace WholeFile
