@@ -8,12 +8,12 @@
 
 #include <systemd/sd-bus.h>
 
-/** Owners of what libsystemd's bus library hands out. */
+/** Owners of the objects of libsystemd's bus library. */
 namespace SdBus
 {
 struct Release
 {
-    /** Sends what is still to be sent, and closes. */
+    /** Sends the pending messages and closes the connection. */
     void operator()(sd_bus *bus) const { sd_bus_flush_close_unref(bus); }
     void operator()(sd_bus_message *message) const { sd_bus_message_unref(message); }
     void operator()(sd_bus_slot *slot) const { sd_bus_slot_unref(slot); }
@@ -21,10 +21,10 @@ struct Release
 
 using Connection = std::unique_ptr<sd_bus, Release>;
 using Message = std::unique_ptr<sd_bus_message, Release>;
-/** A handler that is called as long as this lives. */
+/** Registration of a handler, which is called as long as this object lives. */
 using Slot = std::unique_ptr<sd_bus_slot, Release>;
 
-/** What went wrong with one call, in the library's own form. */
+/** The error of one call, in the form of the library. */
 class Error
 {
 public:

@@ -11,7 +11,7 @@ constexpr const char *Service = "org.freedesktop.systemd1";
 constexpr const char *Object = "/org/freedesktop/systemd1";
 constexpr const char *Manager = "org.freedesktop.systemd1.Manager";
 
-/** Microseconds. Reading all units again, the longest of the calls, takes seconds on a busy machine. */
+/** Microseconds. The longest call, a reload of all units, takes seconds on a busy machine. */
 constexpr quint64 CallLimit = 90ULL * 1000 * 1000;
 } // namespace
 

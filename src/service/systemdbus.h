@@ -10,8 +10,8 @@
 #include <initializer_list>
 
 /**
- * One conversation with the service manager: a connection to the system bus that closes with the object. Needs no
- * event loop. After a call that gave nothing errorText() says why.
+ * One connection to the service manager over the system bus. The destructor closes it. It needs no event loop. After a
+ * call without a result, errorText() tells the reason.
  */
 class SystemdBus
 {
@@ -21,27 +21,28 @@ public:
 
     SystemdBus();
 
-    /** Calls a method that takes texts. */
+    /** Calls a method whose arguments are strings. */
     Reply call(const char *interface, const char *method, std::initializer_list<QString> arguments);
-    /** Enabling and its like: a list of one unit, then switches. */
+    /** Calls EnableUnitFiles or a similar method: its arguments are a list with one unit, then booleans. */
     Reply changeUnitFiles(const char *method, const QString &unit, std::initializer_list<bool> switches);
+    /** Makes the manager read all unit files again. */
     bool reload();
 
-    /** These give nothing for a property that cannot be read. */
+    /** The value of a property. Empty or 0 when the property cannot be read. */
     QString text(const QByteArray &object, const char *interface, const char *property);
     quint64 number(const QByteArray &object, const char *interface, const char *property);
 
-    /** Lets the handler see a signal of the manager, or of changed properties, while processUntil() runs. */
+    /** Calls the handler for a signal of the manager, or for changed properties, while processUntil() runs. */
     bool watch(const char *interface, const char *signal, sd_bus_message_handler_t handler, void *data);
     bool watchProperties(const QByteArray &object, sd_bus_message_handler_t handler, void *data);
-    /** Handles what has come, else waits for something to come; false when the connection has broken. */
+    /** Handles a pending message, or waits for one until the deadline; false when the connection has broken. */
     bool processUntil(const QDeadlineTimer &deadline);
 
     QString errorText() const { return m_errorText; }
-    /** Whether the last error was that there is no such unit in the manager's memory. */
+    /** Whether the last error was that the manager has not loaded such a unit. */
     bool isUnitUnknown() const;
 
-    /** The object that a reply names; empty when there is no reply. */
+    /** The object path in a reply; empty when there is no reply. */
     static QByteArray objectPath(const Reply &reply);
 
 private:

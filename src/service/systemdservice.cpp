@@ -9,14 +9,14 @@ namespace
 {
 using namespace std::chrono_literals;
 
-/** More than the manager itself gives a service that does not say otherwise, so that its own verdict comes first. */
+/** Longer than the default limit of the manager, so that the manager reports its own result first. */
 constexpr auto JobLimit = 100s;
 
 constexpr const char *Manager = "org.freedesktop.systemd1.Manager";
 constexpr const char *Unit = "org.freedesktop.systemd1.Unit";
 const QLatin1String active("active");
 
-/** What a job that is waited for has come to. Filled while the connection's messages are gone through. */
+/** The end of a job that we wait for. The handler fills it while messages are processed. */
 struct JobEnd
 {
     QByteArray job;
@@ -35,7 +35,7 @@ int jobRemoved(sd_bus_message *message, void *data, sd_bus_error * /*error*/)
     return 0;
 }
 
-/** What a unit was told to be since it is watched. */
+/** The states of a unit that were reported since the watch began. */
 struct StateWatch
 {
     bool wasActive = false;
@@ -87,7 +87,7 @@ bool SystemdService::start()
 {
     if (!runJob("StartUnit"))
         return false;
-    // A service that dies at once has been started all the same, as far as the manager's job is concerned.
+    // The manager's job succeeds even when the service dies at once.
     const QString state = activeState();
     if (!m_errorText.isEmpty() || state == active || state == QLatin1String("activating"))
         return m_errorText.isEmpty();
@@ -108,7 +108,7 @@ bool SystemdService::runJob(const char *method)
 {
     SystemdBus bus;
     JobEnd end;
-    // The manager tells what becomes of its jobs only when somebody has asked for it, before the job begins.
+    // The manager reports the end of a job only to subscribers, so we must subscribe before the job begins.
     const bool isAsked
         = bus.call(Manager, "Subscribe", {}) && bus.watch(Manager, "JobRemoved", jobRemoved, &end);
     const SystemdBus::Reply reply
@@ -189,7 +189,7 @@ QString SystemdService::activeState() const
     SystemdBus bus;
     const QByteArray unit = SystemdBus::objectPath(bus.call(Manager, "GetUnit", {m_unit}));
     QString state = unit.isEmpty() ? QString() : bus.text(unit, Unit, "ActiveState");
-    // A unit that nobody needs is forgotten, perhaps between the two questions.
+    // The manager unloads a unit that nobody needs, perhaps between the two calls.
     if (state.isEmpty() && bus.isUnitUnknown()) {
         settle({});
         return QStringLiteral("inactive");
@@ -208,7 +208,7 @@ bool SystemdService::staysActive(std::chrono::milliseconds time) const
     StateWatch watch;
     if (unit.isEmpty() || !bus.watchProperties(unit, propertiesChanged, &watch))
         return settle(bus.errorText());
-    // Told changes may come late or be joined, so the time of the last start is compared too.
+    // Change signals may come late or be merged, so the time of the last start is compared too.
     const quint64 start = bus.number(unit, Unit, "ActiveEnterTimestampMonotonic");
     watch.see(bus.text(unit, Unit, "ActiveState").toUtf8());
     const bool wasActive = watch.wasActive;

@@ -9,41 +9,44 @@
 namespace VeltAdmin
 {
 /**
- * One service of the system's service manager, which is spoken to over the system bus. Every call waits until what it
- * asks for is done and takes from some milliseconds to many seconds: not for the interface thread. Reading is
- * allowed to everybody; changing takes the rights that the service manager wants, which nobody is asked for a password
- * to get. Each call has a connection of its own: usable on any thread, one object by one thread at a time.
+ * One service of the system's service manager, over the system bus. Every call waits until it is done. It takes from
+ * some milliseconds to many seconds: not for the interface thread. Everybody may read. Changes need the privileges that
+ * the service manager requires; nobody is asked for a password. Each call opens a connection of its own. Any thread can
+ * use an object, but only one thread at a time.
  */
 class SystemdService
 {
     Q_DECLARE_TR_FUNCTIONS(SystemdService)
 public:
-    /** `name` with or without its ".service". */
+    /** `name` with or without the suffix ".service". */
     explicit SystemdService(const QString &name);
 
-    /** These wait until the manager's job has ended and say whether it has succeeded. */
+    /** These wait until the manager's job has ended. True when it succeeded. */
     bool start();
     bool stop();
     bool restart();
-    /** From the next start of the system on, the service is started, or not. */
+    /** Decides whether the service starts with the system. The running service does not change. */
     bool enable();
     bool disable();
-    /** Lets the manager forget that the service has failed. */
+    /** Resets the "failed" state of the service in the manager. */
     bool resetFailed();
 
     bool isActive() const;
-    /** Neither running nor on the way there; false also when the manager cannot be asked. */
+    /** Whether the service neither runs nor starts; false also when the manager cannot be asked. */
     bool isStopped() const;
     bool isEnabled() const;
     /** "active", "inactive", "failed", "activating" and so on; empty when the manager cannot be asked. */
     QString activeState() const;
-    /** Whether the service is active and still is after this time, without a restart; false as soon as it is not. */
+    /**
+     * Whether the service is active at the end of this time, without a restart in between. It may still be starting at
+     * first. Returns false as soon as the service stops.
+     */
     bool staysActive(std::chrono::milliseconds time) const;
 
-    /** Why the last call on this object failed, in words; empty after one that did not. */
+    /** Why the last call on this object failed; empty when it succeeded. */
     QString errorText() const { return m_errorText; }
 
-    /** Lets the manager read all unit files again; due after one was written or deleted. */
+    /** Lets the manager read all unit files again. Call it after a unit file was written or deleted. */
     static bool reload(QString *errorText = nullptr);
 
 private:
@@ -51,7 +54,7 @@ private:
     mutable QString m_errorText;
 
     bool runJob(const char *method);
-    /** Keeps the error; true when there is none. */
+    /** Stores the error; true when there is no error. */
     bool settle(const QString &errorText) const;
 };
 } // namespace VeltAdmin
