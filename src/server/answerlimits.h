@@ -4,15 +4,15 @@
 #include <chrono>
 
 /**
- * How long a request to the privileged helper may take. The helper begins nothing that its caller may have given up: it
- * could not be finished while the caller still waits.
+ * Time limits of a request to the privileged helper. The helper must not begin a request after its caller may have
+ * given up. Therefore the caller waits as long as beginning and work can take together.
  */
 namespace AnswerLimits
 {
-/** From the arrival of a request to the beginning of its work, with the time in which a password is typed. */
+/** From the arrival of a request to the beginning of its work. The user types a password within this time. */
 inline constexpr std::chrono::minutes Begin{5};
-/** What the work takes at most: a job of the service manager that does not end in time, and another that undoes it. */
+/** The longest time of the work: one job of the service manager that times out, and a second job that undoes it. */
 inline constexpr std::chrono::minutes Work{5};
-/** What a caller waits. */
+/** The time that a caller waits for the answer. */
 inline constexpr std::chrono::minutes Client = Begin + Work;
 } // namespace AnswerLimits

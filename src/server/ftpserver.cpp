@@ -14,7 +14,7 @@ Q_LOGGING_CATEGORY(category, "velt.server")
 
 const QString serviceName = QStringLiteral("vsftpd");
 
-/** The files of a state. */
+/** Index of each file in PublicationState::files. */
 enum File { Config, Kept, Guard, FileCount };
 
 void warn(const QString &errorText)
@@ -50,7 +50,8 @@ bool FtpServer::publish(const QString &path, int port)
     if (!before || !keepForeign(before->files.at(Config)))
         return false;
     QString errorText;
-    // The guard comes first: whoever starts the server in between has it keep to the old directory or to none.
+    // The guard is written first. If somebody starts the server between the two writes, it serves the old directory or
+    // none.
     const bool isWritten
         = putGuard(path)
           && SystemFile::write(
@@ -128,7 +129,7 @@ std::optional<PublicationState> FtpServer::state(int /*port*/)
 bool FtpServer::restoreConfig(const SystemFile::State &config, const SystemFile::State &kept) const
 {
     QString errorText;
-    // In this order, so that the administrator's own is never without a place.
+    // In this order, so that the administrator's own configuration always exists in one of the two files.
     const bool isDone = SystemFile::restore(m_configPath, config, &errorText)
                         && (kept.exists || SystemFile::remove(m_configPath + KeptSuffix, &errorText));
     warn(errorText);

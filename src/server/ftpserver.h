@@ -11,15 +11,16 @@ class SystemdService;
 }
 
 /**
- * Serves one repository over FTP, by the system's vsftpd, whose configuration is replaced. The first one that was the
- * administrator's own is kept beside it; lines that were added to ours go over into the next one. A drop-in of its unit
- * keeps the server to the very directory that was there when it was started. A publication that fails leaves all these
- * and the service as they were. Reading is safe on several threads at once, publishing on one.
+ * Serves one repository over FTP with the system's vsftpd, and replaces its configuration. The administrator's own
+ * configuration is kept in a file beside it. Lines that were added to our configuration are copied into the next one. A
+ * drop-in of the unit restricts the server to the directory that was there at its start. A publication that fails
+ * leaves the configuration, the drop-in and the service unchanged. Several threads may read at once; only one thread
+ * may publish.
  */
 class FtpServer final : public RepoServer
 {
 public:
-    /** What the name of the configuration file gets to name the administrator's own. */
+    /** Suffix of the file that keeps the administrator's own configuration. */
     static inline const QString KeptSuffix = QStringLiteral(".velt-admin-repo.orig");
 
     FtpServer();
@@ -27,17 +28,17 @@ public:
     ~FtpServer() override;
 
     bool publish(const QString &path, int port) override;
-    /** Whatever is published, on this port or another one. */
+    /** Ends the publication on any port; the argument is ignored. */
     bool unpublish(int port) override;
     std::optional<PublicationState> state(int port) override;
-    /** A configuration that somebody else has written meanwhile stays, and so does the service. */
+    /** If somebody else has changed the configuration meanwhile, it stays, and so does the service. */
     bool restore(int port, const PublicationState &state) override;
     bool isPublished(int port) override;
     QList<PublishedRepo> publishedRepos() override;
-    /** There is none. */
+    /** Always empty: there is no log. */
     QString log() override;
 
-    /** Also when the administrator has added lines to what publish() has written. */
+    /** True also when the administrator has added lines to the configuration of publish(). */
     bool isConfiguredByUs() const override;
 
 private:
@@ -47,7 +48,7 @@ private:
     std::unique_ptr<VeltAdmin::SystemdService> m_service;
 
     bool keepForeign(const SystemFile::State &before) const;
-    /** What publish() writes in the place of `before`. */
+    /** The configuration that publish() writes in place of the one in `before`. */
     static QByteArray newConfig(const QString &path, int port, const PublicationState &before);
     bool putGuard(const QString &path) const;
     bool restoreGuard(const SystemFile::State &guard) const;

@@ -140,7 +140,7 @@ bool HttpServer::unpublish(int port)
     VeltAdmin::SystemdService service(PublicationUnit::serviceName(port));
     service.stop();
     service.disable();
-    // Without its unit, a service that goes on would be seen by nobody.
+    // A running service without its unit would be hard to find, so the unit stays.
     if (!service.isStopped()) {
         qCWarning(category, "The service on port %d cannot be stopped.", port);
         return true;

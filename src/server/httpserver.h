@@ -6,13 +6,14 @@
 #include <QFile>
 
 /**
- * Serves repositories over HTTP, each by a service of its own whose unit is made from a template. A publication that
- * fails leaves the unit that was there before, or none. Reading is safe on several threads at once, publishing on one.
+ * Serves repositories over HTTP. Each repository has a service of its own; its unit is made from a template. A
+ * publication that fails restores the previous unit, or deletes the new one. Several threads may read at once; only one
+ * thread may publish.
  */
 class HttpServer final : public RepoServer
 {
 public:
-    /** Where everything lies. */
+    /** The folders and files that the server uses. */
     struct Places
     {
         QString unitDir = QStringLiteral("/etc/systemd/system");
@@ -29,15 +30,15 @@ public:
     std::optional<PublicationState> state(int port) override;
     bool restore(int port, const PublicationState &state) override;
     bool isPublished(int port) override;
-    /** One for each unit, whether it runs or not. */
+    /** One repository for each unit, whether the unit is active or not. */
     QList<PublishedRepo> publishedRepos() override;
     QString log() override;
 
-    /** The log of whatever is served on this port. */
+    /** The log of the server on this port. */
     static QString logFile(int port);
     /**
-     * The template that was installed together with the running program, else the system's. The privileged helper
-     * knows the former only.
+     * The template that was installed together with the running program, or else the system's template. The privileged
+     * helper uses only the former.
      */
     static QString templateFile();
 

@@ -4,14 +4,16 @@
 #include <QString>
 
 /**
- * Readers of single values out of "key=value" texts with "[Section]" lines, as unit files and vsftpd's configuration
- * are. Values are taken as they stand: the characters that a general INI reader gives a meaning to (',' ';' '\' '"')
- * are ordinary parts of a path here.
+ * Reads single values from texts of "key=value" lines and "[Section]" lines, such as unit files and vsftpd's
+ * configuration. Values are taken literally: the characters that an INI reader interprets (',' ';' '\' '"') are
+ * ordinary parts of a path here.
  */
 namespace IniValue
 {
-/** The value of the last line of this key; of lines before the first section when `section` is empty. */
+/**
+ * The value of the last line with this key in `section`; an empty `section` means the lines before the first section.
+ */
 QString find(const QString &text, const QString &section, const QString &key);
-/** The last blank-separated word of a value as a decimal number; 0 when it is none. */
+/** The last word of a value, separated by blanks, as a decimal number; 0 when it is no number. */
 int lastNumber(const QString &value);
 } // namespace IniValue

@@ -14,7 +14,7 @@ QSet<int> ListeningPorts::parse(const QByteArray &table)
         if (words.size() < 4 || words.at(3) != "0A")
             continue;
         const QByteArray &local = words.at(1);
-        // Zero is what a word that is no port gives.
+        // The conversion gives 0 for a word that is no port.
         const int port = local.mid(local.lastIndexOf(':') + 1).toUShort(nullptr, 16);
         if (port > 0)
             ports += port;

@@ -4,11 +4,11 @@
 #include <QByteArray>
 #include <QSet>
 
-/** The TCP ports of this machine on which some program waits for connections. */
+/** The TCP ports of this machine on which a program waits for connections. */
 namespace ListeningPorts
 {
-/** Those in a table of the form of /proc/net/tcp, see proc(5). A line of another form counts for nothing. */
+/** The ports in a table in the format of /proc/net/tcp, see proc(5). Lines in another format are ignored. */
 QSet<int> parse(const QByteArray &table);
-/** Those of this machine, IPv4 and IPv6. Reads files whose size grows with the number of connections. */
+/** The ports of this machine, IPv4 and IPv6. Reads files whose size grows with the number of connections. */
 QSet<int> read();
 } // namespace ListeningPorts

@@ -19,7 +19,7 @@ QString LocalSources::appended(const QString &text, const QString &line)
 {
     if (line.isEmpty() || contains(text, line))
         return text;
-    // A file edited by hand may lack the last line end, which would glue the two lines together.
+    // A file that was edited by hand may lack the last line end. The two lines would become one.
     const bool open = !text.isEmpty() && !text.endsWith(QLatin1Char('\n'));
     return text + (open ? QStringLiteral("\n") : QString()) + line + QLatin1Char('\n');
 }
@@ -28,7 +28,7 @@ QString LocalSources::removed(const QString &text, const QString &line)
 {
     if (line.isEmpty())
         return text;
-    // By whole lines: cut out of a comment, the comment's rest would swallow the line below.
+    // Only whole lines are removed. Cutting the text out of a comment would make the next line a part of that comment.
     QStringList lines = text.split(QLatin1Char('\n'));
     const bool open = !lines.last().isEmpty();
     if (!open)

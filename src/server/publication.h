@@ -4,22 +4,22 @@
 #include "server/reposerver.h"
 #include "server/sourceline.h"
 
-/** A repository that is published, and how its service does. */
+/** A repository that is published, and the state of its service. */
 struct Publication
 {
-    PublishedRepo repo; ///< its path is canonical where the directory exists
+    PublishedRepo repo; ///< its path is canonical when the directory exists
     int protocol = HttpProtocol;
-    QString state; ///< the service's: "active", "failed", "inactive" and so on; empty when it cannot be told
-    bool isThere = true; ///< its directory exists
-    bool isForeign = false; ///< somebody else has set up its server, which is not ours to stop
+    QString state; ///< of the service: "active", "failed", "inactive" and so on; empty when it is unknown
+    bool isThere = true; ///< the directory exists
+    bool isForeign = false; ///< somebody else has set up the server, so we must not stop it
 
-    /** Whether it is served, or may be: a state that cannot be told counts as running. */
+    /** Whether the repository is served; an unknown state counts as running. */
     bool isRunning() const;
-    /** The port on which it waits; the FTP server has a port of its own where its settings name none. */
+    /** The port of the server; the FTP server has its standard port when its settings name none. */
     int port() const;
 
     bool operator==(const Publication &other) const;
 
-    /** The canonical form of a path, or its clean form when nothing is there. Reads the file system. */
+    /** The canonical form of a path; its clean form when the path does not exist. Reads the file system. */
     static QString placeOf(const QString &path);
 };

@@ -16,7 +16,7 @@ const QFile::Permissions list = QFile::ReadOther | QFile::ExeOther;
 
 constexpr uint Root = 0;
 
-/** What others need of this file or folder to read it. */
+/** The permissions that other users need to read this file or folder. */
 QFile::Permissions needed(const QFileInfo &file)
 {
     return file.isDir() ? list : QFile::Permissions(QFile::ReadOther);
@@ -27,7 +27,7 @@ bool grants(const QFileInfo &file, QFile::Permissions permissions)
     return (file.permissions() & permissions) == permissions;
 }
 
-/** With whose rights the server for HTTP reads; root stands for nobody. */
+/** The user whose rights the HTTP server uses for reading. Root means: no user's rights. */
 uint httpReader(const QString &repoPath)
 {
     const uint owner = QFileInfo(repoPath).ownerId();
@@ -42,7 +42,7 @@ uint httpReader(const QString &repoPath)
     }
 }
 
-/** Whether a server with this user's rights, or with nobody's, reads the file or lists the folder. */
+/** Whether a server can read the file or list the folder, with this user's rights or with no user's rights. */
 bool isReadable(const QFileInfo &file, uint reader)
 {
     if (reader == Root || file.ownerId() != reader)
@@ -51,7 +51,9 @@ bool isReadable(const QFileInfo &file, uint reader)
                   file.isDir() ? QFile::ReadOwner | QFile::ExeOwner : QFile::Permissions(QFile::ReadOwner));
 }
 
-/** Visits what clients fetch; the rest of a repository is reprepro's own. Stops when `visit` says so. */
+/**
+ * Visits everything that clients fetch; only reprepro uses the rest of a repository. Stops when `visit` returns false.
+ */
 void visitServed(const QString &repoPath, const std::function<bool(const QFileInfo &)> &visit)
 {
     for (const char *folder : {"/dists", "/pool"}) {

@@ -6,9 +6,9 @@
 #include <QStringList>
 
 /**
- * Whether a server can read a repository. It is brought to the repository's directory, whoever may enter the folders
- * above. The server for HTTP reads there what the directory's owner may, if that is not root and nobody else's folder
- * is above; else, like the server for FTP, what everybody on this machine may.
+ * Whether a server can read a repository. The server reaches the repository's directory even if the folders above it
+ * are closed. The HTTP server has the rights of the directory's owner, unless the owner is root or a folder above
+ * belongs to another user. Otherwise, and for FTP, the server can read only what every user of this machine can read.
  */
 struct PublicationAccess
 {
@@ -16,17 +16,17 @@ struct PublicationAccess
 public:
     static constexpr int MostNamed = 10;
 
-    bool isEntered = true; ///< whether the repository's own directory lets the server in
-    QStringList unreadable; ///< the first MostNamed files and folders of the repository that it cannot read
-    int unreadableCount = 0; ///< all of them
+    bool isEntered = true; ///< whether the server may enter the repository's own directory
+    QStringList unreadable; ///< the first MostNamed files and folders that the server cannot read
+    int unreadableCount = 0; ///< number of all such files and folders
 
     bool isOpen() const { return isEntered && unreadableCount == 0; }
 
-    /** Looks at every file that is served: not for the interface thread. */
+    /** Checks every file that is served: not for the interface thread. */
     static PublicationAccess examine(const QString &repoPath, int protocol);
     /**
-     * Gives everybody on this machine the right to read what examine() found closed. Returns why that failed; empty
-     * when it did not. Not for the interface thread.
+     * Makes all that is served readable for every user of this machine. Returns the reason of a failure; empty on
+     * success. Not for the interface thread.
      */
     static QString openUp(const QString &repoPath);
 };

@@ -21,7 +21,7 @@ QByteArray word(PublicationIntent::Kind kind)
     return kind == PublicationIntent::Publish ? "publish" : "unpublish";
 }
 
-/** The lines of a text, one after another. Past the last one, and after a line of another name, it is broken. */
+/** The lines of a text, one after another. Reading past the last line or a line with another name sets isBroken(). */
 class Lines
 {
 public:
@@ -87,7 +87,7 @@ std::optional<PublicationIntent> PublicationIntent::read(const QByteArray &text)
         = (intent.protocol == HttpProtocol || intent.protocol == FtpProtocol)
           && PortRange::contains(intent.port)
           && (intent.kind == Publish ? PublicationPath::isWellFormed(intent.path) : intent.path.isEmpty());
-    // What was read leniently would not be written so.
+    // The readers above accept small deviations. A text with deviations does not equal the written form.
     if (lines.isBroken() || !isAllowed || intent.text() != text)
         return {};
     return intent;

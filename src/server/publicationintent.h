@@ -4,11 +4,11 @@
 #include "server/reposerver.h"
 
 /**
- * A change of what is published, written down before it begins. Whoever finds it undoes a publication, with the state
- * from before, and finishes an unpublication.
+ * A planned change of a publication, written to a file before the change begins. If the helper finds the file later, it
+ * undoes a publication with the state from before, or completes an unpublication.
  *
- * As a file it is text of one value a line, in a fixed order, that ends in the line "end intent". The contents of files
- * are in base64.
+ * The file is text in a fixed order, with one value on each line. Its last line is "end intent". Contents of files are
+ * encoded in base64.
  */
 struct PublicationIntent
 {
@@ -17,10 +17,11 @@ struct PublicationIntent
     Kind kind = Publish;
     int protocol = 0; ///< 0 HTTP, 1 FTP
     int port = 0;
-    QString path; ///< of the directory that is published
-    PublicationState before; ///< of publishing
+    QString path; ///< directory to publish; empty for Unpublish
+    PublicationState before; ///< only for Publish
 
+    /** The content of the file. */
     QByteArray text() const;
-    /** Nothing when the text is not exactly what text() gives for values that are allowed. */
+    /** Reads the text. Nothing unless it is exactly what text() gives for valid values. */
     static std::optional<PublicationIntent> read(const QByteArray &text);
 };

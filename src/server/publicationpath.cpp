@@ -24,7 +24,8 @@ bool isWellFormed(const QString &path)
     if (path.size() < 2 || path.size() >= PATH_MAX || !path.startsWith(QLatin1Char('/'))
         || QDir::cleanPath(path) != path)
         return false;
-    // A blank at the end of a value is lost in most configuration files; one at the start of a name is asking for it.
+    // Most configuration formats lose a blank at the end of a value. A blank at the start of a name causes similar
+    // trouble.
     if (path.endsWith(QLatin1Char(' ')) || path.contains(QLatin1String("/ "))
         || path.contains(QLatin1String(" /")))
         return false;

@@ -3,19 +3,19 @@
 
 #include <QString>
 
-/** Which directories may be served. What a server's files hold of a path is what this lets through. */
+/** Decides which directories may be served. Only paths that pass here are written to the files of a server. */
 namespace PublicationPath
 {
 /**
- * Whether the path is absolute and clean and made of letters of any script, digits, "/._+~@:-" and blanks inside
- * names: nothing that a unit file or another configuration gives a meaning to.
+ * Whether the path is absolute and clean, and consists of letters of any script, digits, "/._+~@:-" and blanks inside
+ * names. No such character has a meaning in a unit file or another configuration.
  */
 bool isWellFormed(const QString &path);
-/** Whether it lies below /tmp or /var/tmp, of which the helper and the servers have their own. */
+/** Whether the path is below /tmp or /var/tmp. The helper and the servers have private instances of these folders. */
 bool isTemporary(const QString &path);
 /**
- * Whether `path` is well-formed, canonical (no link in it), and an existing directory that holds a repository's
- * conf/distributions. Reads the file system.
+ * Whether `path` is well-formed, canonical (without links), and an existing directory with the conf/distributions of a
+ * repository. Reads the file system.
  */
 bool isPublishable(const QString &path);
 } // namespace PublicationPath

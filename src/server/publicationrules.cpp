@@ -6,17 +6,17 @@
 
 namespace
 {
-/** Whether both need the same place: a port's service, or FTP's only one. */
+/** Whether both use the same server: the service of a port, or the only FTP server. */
 bool isSamePlace(const Publication &publication, const PublicationRequest &request)
 {
     return publication.protocol == request.protocol
            && (request.protocol == FtpProtocol || publication.port() == request.port);
 }
 
-/** Whether it serves the repository from where that has been before it was moved. */
+/** Whether the publication serves the former directory of a repository that has moved. */
 bool isLeftBehind(const Publication &publication, const PublicationRequest &request)
 {
-    // What another user has published on a port that was ours once still has its directory.
+    // Another user may have published on a port that was ours once. The directory of that publication still exists.
     return !publication.isThere && publication.port() == request.port
            && request.registeredPath == request.path;
 }
@@ -54,7 +54,7 @@ void PublicationRules::sort(const PublicationRequest &request, const QVector<Pub
                 elsewhere += publication;
         } else if (isOwn || isLeftBehind(publication, request)) {
             own = publication;
-            // The FTP server is started anew in any case.
+            // Publishing restarts the FTP server in any case.
             stopsFirst = !isOwn && publication.protocol == HttpProtocol && publication.isRunning();
         } else if (!publication.repo.path.isEmpty()) {
             replaced = publication;

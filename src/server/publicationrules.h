@@ -9,39 +9,42 @@
 
 #include <optional>
 
-/** How the user would publish a repository. */
+/** The user's choices for publishing a repository. */
 struct PublicationRequest
 {
     QString path; ///< the repository's directory, canonical
-    int protocol = HttpProtocol; ///< -1: none is chosen
+    int protocol = HttpProtocol; ///< -1: none is chosen yet
     int port = 0;
-    QString registeredPath; ///< canonical; of the repository for which the settings keep this port
+    QString registeredPath; ///< canonical; of the repository that the settings store for this port
 };
 
-/** What can be done about one request, and what it would bring about. It follows from its arguments alone. */
+/** Decides what the user can do with one request, and its consequences. Depends on its arguments only. */
 struct PublicationRules
 {
     Q_DECLARE_TR_FUNCTIONS(PublicationRules)
 
 public:
-    QString obstacle; ///< why the repository cannot be published so, for the user; empty: it can
-    /** What unpublishing ends: the publication of this repository that the request names, running or not. */
+    QString obstacle; ///< text for the user: why the repository cannot be published; empty when it can
+    /** The publication of this repository in the place of the request, running or not. Unpublishing ends it. */
     std::optional<Publication> own;
-    /** Publishing ends this publication of another repository, which has the one place of FTP or a dead service. */
+    /**
+     * The publication of another repository that publishing replaces: the only one of FTP, or one whose service is
+     * dead.
+     */
     std::optional<Publication> replaced;
-    /** `own` runs for a directory that has moved since; it goes on serving the old one until it is stopped. */
+    /** `own` runs for a directory that has moved since. It serves the old directory until it is stopped. */
     bool stopsFirst = false;
-    QVector<Publication> elsewhere; ///< this repository's other ones; publishing leaves them as they are
+    QVector<Publication> elsewhere; ///< other publications of this repository; they do not change
 
     bool mayPublish() const { return obstacle.isEmpty(); }
     bool mayUnpublish() const { return own.has_value(); }
 
-    /** `listening` holds all ports of this machine that some program waits on. */
+    /** `listening` holds all ports of this machine on which a program listens. */
     static PublicationRules judge(const PublicationRequest &request,
                                   const QVector<Publication> &publications,
                                   const QSet<int> &listening);
 
-    /** What goes into the place of `port` when the user has turned to this protocol: mostly that port itself. */
+    /** The port to propose when the user switches to this protocol: in most cases `port` itself. */
     static int proposedPort(int protocol, int port, const QSet<int> &listening);
 
 private:

@@ -17,7 +17,8 @@ QString fileName(int port)
 
 QString text(const QString &unitTemplate, const QString &path, int port)
 {
-    // By hand, since QString::arg() takes "%21" for one place; and in one pass, since the path is not a template.
+    // Not with QString::arg(), which reads "%21" as one placeholder. In one pass, because the path must not be
+    // searched.
     QString filled;
     filled.reserve(unitTemplate.size() + 4 * path.size());
     for (int i = 0; i < unitTemplate.size(); ++i) {
@@ -26,7 +27,7 @@ QString text(const QString &unitTemplate, const QString &path, int port)
             filled += path;
         else if (pair == QLatin1String("%2"))
             filled += QString::number(port);
-        else if (pair == QLatin1String("%%")) // a unit's own way to say "%"
+        else if (pair == QLatin1String("%%")) // an escaped "%" of the unit file
             filled += pair;
         else {
             filled += unitTemplate.at(i);

@@ -6,14 +6,14 @@
 /** The service that serves one directory over HTTP: its names and the text of its unit file. */
 namespace PublicationUnit
 {
-/** What the names of all such unit files match, whichever their port. */
+/** Pattern that matches the unit files of all ports. */
 inline const QString FileNamePattern = QStringLiteral("public-repo*.service");
 
 QString serviceName(int port);
 QString fileName(int port);
 
-/** The template with the directory in the place of each "%1" and the port in that of each "%2". */
+/** The template with the directory in place of each "%1" and the port in place of each "%2". */
 QString text(const QString &unitTemplate, const QString &path, int port);
-/** What a unit serves; the port is 0 where its command does not end in one. */
+/** The repository that a unit serves; the port is 0 when the command does not end in a number. */
 PublishedRepo read(const QString &unit);
 } // namespace PublicationUnit

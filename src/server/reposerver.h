@@ -10,25 +10,25 @@
 #include <chrono>
 #include <optional>
 
-/** A repository that is served from this machine. */
+/** A repository that this machine serves. */
 struct PublishedRepo
 {
     int port = 0; ///< TCP
     QString type; ///< "HTTP" or "FTP"
-    QString path; ///< the directory
+    QString path; ///< the directory of the repository
 };
 
-/** What publishing changes, as it was at one time. */
+/** All that publishing changes, at one point in time. */
 struct PublicationState
 {
-    QVector<SystemFile::State> files; ///< in an order that the server knows
+    QVector<SystemFile::State> files; ///< each server has an order of its own
     bool isActive = false; ///< of the service
     bool isEnabled = false; ///< of the service
 };
 
 /**
- * A way to serve repositories from this machine. It keeps no state of its own: what is served is read from the system
- * each time. All calls ask the service manager and wait for it. Changing takes root's rights.
+ * One way to serve repositories from this machine. It stores no state: every call reads from the system what is served.
+ * All calls ask the service manager and wait for it. Changes need the rights of root.
  */
 class RepoServer
 {
@@ -38,21 +38,21 @@ public:
     RepoServer &operator=(const RepoServer &) = delete;
     virtual ~RepoServer() = default;
 
-    /** Serves the directory `path`, which must be one that isPublishable() allows, on `port`; true when it is. */
+    /** Serves the directory `path` on `port`. isPublishable() must allow the path. True on success. */
     virtual bool publish(const QString &path, int port) = 0;
     virtual bool unpublish(int port) = 0;
-    /** What publish() on this port would change, as it is now; nothing when it cannot be read. */
+    /** The current state of all that publish() on this port would change; nothing when it cannot be read. */
     virtual std::optional<PublicationState> state(int port) = 0;
-    /** Brings back what state() has found, from whatever there is; false when a file cannot be brought back. */
+    /** Restores a result of state(), whatever has happened since; false when a file cannot be restored. */
     virtual bool restore(int port, const PublicationState &state) = 0;
     virtual bool isPublished(int port) = 0;
     virtual QList<PublishedRepo> publishedRepos() = 0;
-    /** Whether what is served was set up by publish(); else it is somebody else's, and not to be stopped. */
+    /** Whether publish() set up the current server. If not, it belongs to somebody else and must not be stopped. */
     virtual bool isConfiguredByUs() const { return true; }
-    /** The log of the last publication made through this object; empty when there is none. */
+    /** The log of the last publication of this object; empty when there is none. */
     virtual QString log() = 0;
 
 protected:
-    /** A server that cannot have its port, or cannot read what it needs, ends well within this time. */
+    /** A server that cannot open its port or read its files ends well within this time. */
     static constexpr std::chrono::seconds WatchTime{1};
 };

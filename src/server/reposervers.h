@@ -6,19 +6,19 @@
 #include <map>
 #include <memory>
 
-/** One server of each kind, by the number of its protocol. */
+/** One server for each protocol, by the number of the protocol. */
 class RepoServers
 {
 public:
     using Servers = std::map<int, std::unique_ptr<RepoServer>>;
 
-    /** Those of this system. */
+    /** The servers of this system. */
     RepoServers();
     explicit RepoServers(Servers servers);
 
-    /** Null for a protocol that nothing serves. */
+    /** Null for a protocol without a server. */
     RepoServer *server(int protocol) const;
-    /** Those over HTTP first. */
+    /** HTTP comes first. */
     QList<PublishedRepo> publishedRepos() const;
     bool isPublished(int port, int protocol) const;
 

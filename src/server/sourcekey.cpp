@@ -9,7 +9,7 @@
 
 namespace
 {
-/** RFC 4880, 4.3. */
+/** Packet tags, RFC 4880, 4.3. */
 enum PacketTag { Signature = 2, PublicKey = 6, UserId = 13, PublicSubkey = 14, UserAttribute = 17 };
 
 struct Packet
@@ -26,7 +26,7 @@ quint32 number(const QByteArray &bytes)
     return value;
 }
 
-/** Takes bytes from the front; nothing when there are fewer. */
+/** Takes bytes from the front; nothing when there are too few. */
 std::optional<QByteArray> taken(QByteArray &data, quint32 count)
 {
     if (count > static_cast<quint32>(data.size()))
@@ -36,14 +36,16 @@ std::optional<QByteArray> taken(QByteArray &data, quint32 count)
     return front;
 }
 
-/** The number in the next bytes, and something added to it. */
+/** The number in the next bytes, increased by `more`. */
 std::optional<quint32> takenNumber(QByteArray &data, quint32 count, quint32 more = 0)
 {
     const std::optional<QByteArray> bytes = taken(data, count);
     return bytes ? std::optional<quint32>(number(*bytes) + more) : std::nullopt;
 }
 
-/** The length of a packet's body, RFC 4880, 4.2; those in parts are for data alone, not for keys. */
+/**
+ * The length of a packet's body, RFC 4880, 4.2. Partial lengths are not read: they are for data packets, not for keys.
+ */
 std::optional<quint32> takenLength(QByteArray &data, quint8 header)
 {
     constexpr quint8 NewFormat = 0x40;
@@ -73,7 +75,7 @@ std::optional<Packet> takenPacket(QByteArray &data)
     return Packet{static_cast<int>(isNew ? *header & 0x3FU : (*header & 0x3CU) >> 2U), *body};
 }
 
-/** RFC 4880, 6.1. */
+/** The checksum of an armor, RFC 4880, 6.1. */
 quint32 checksum(const QByteArray &data)
 {
     quint32 crc = 0xB704CE;
@@ -92,13 +94,13 @@ std::optional<QByteArray> decoded(const QByteArray &base64)
 {
     const auto result = QByteArray::fromBase64Encoding(
         base64, QByteArray::Base64Encoding | QByteArray::AbortOnBase64DecodingErrors);
-    // Other bits behind the last whole byte would give the same data.
+    // Unused bits after the last whole byte must be 0, so that only one text gives this data.
     if (!result || (*result).toBase64() != base64)
         return std::nullopt;
     return *result;
 }
 
-/** What the armor holds, RFC 4880, 6.2; nothing when it is not exactly of that form or is damaged. */
+/** The data in the armor, RFC 4880, 6.2; nothing when the armor does not have exactly this form or is damaged. */
 std::optional<QByteArray> dearmored(const QByteArray &armor)
 {
     if (armor.size() > SourceKey::MostBytes)
@@ -119,7 +121,7 @@ std::optional<QByteArray> dearmored(const QByteArray &armor)
     return data;
 }
 
-/** RFC 4880, 12.2. */
+/** The fingerprint of a version 4 key, RFC 4880, 12.2. */
 QString fingerprintOfVersion4(const QByteArray &body)
 {
     constexpr int MostBytes = 0xFFFF;
@@ -163,7 +165,7 @@ QString fingerprint(const QByteArray &armor)
         return {};
     while (!data->isEmpty()) {
         const std::optional<Packet> packet = takenPacket(*data);
-        // A second primary key would be trusted as well, and its fingerprint is one that nobody was asked about.
+        // apt would also trust a second primary key, and the user was not asked about its fingerprint.
         if (!packet
             || (packet->tag != Signature && packet->tag != UserId && packet->tag != PublicSubkey
                 && packet->tag != UserAttribute))

@@ -94,7 +94,7 @@ std::optional<SourceLine> SourceLine::parse(const QString &line)
         return std::nullopt;
     source.readOptions(match.captured(QStringLiteral("options")));
     source.codename = match.captured(QStringLiteral("suite"));
-    // As they stand, so that a line of ours gives itself again.
+    // Not normalised, so that text() gives one of our own lines unchanged.
     source.components = match.captured(QStringLiteral("components")).mid(1);
     return source;
 }

@@ -21,7 +21,7 @@
 
 namespace
 {
-/** A path as its folder, which is held open, and the name in it. */
+/** A path as two parts: its folder, which stays open, and the name in it. */
 struct Place
 {
     explicit Place(const QString &path)
@@ -58,14 +58,14 @@ bool writeAll(const Descriptor &file, const QByteArray &contents)
     return true;
 }
 
-/** Makes a file that was not there. The mode is set apart, so that the process's mask takes nothing from it. */
+/** Creates a new file. The mode is set with fchmod(), so that the umask of the process does not reduce it. */
 bool create(const Place &place, const QByteArray &name, const QByteArray &contents, mode_t mode)
 {
-    // Without a name as long as it is not whole, so that nothing lies about when we are killed meanwhile.
+    // Until the file is complete it has no name, so that nothing is left when we are killed.
     Descriptor file(
         ::openat(place.folder.number(), ".", O_WRONLY | O_TMPFILE | O_CLOEXEC, S_IRUSR | S_IWUSR));
     const bool isUnnamed = file.isOpen();
-    // Not every file system has such files.
+    // Not every file system supports such files.
     if (!isUnnamed)
         file = Descriptor(::openat(place.folder.number(),
                                    name.constData(),
@@ -94,12 +94,12 @@ const QByteArray temporarySuffix = ".new";
 
 QByteArray temporaryName(const QByteArray &name)
 {
-    // Begins with a dot and ends in no name that a reader of the folder looks for.
+    // The name begins with a dot and has a suffix that no reader of the folder looks for.
     return '.' + name + '.' + QByteArray::number(QRandomGenerator::system()->generate64(), 16)
            + temporarySuffix;
 }
 
-/** What a writer has left behind that was killed. A writer that is still at it fails, and nothing else happens. */
+/** Deletes temporary files that a killed writer has left. A writer that still runs then fails without other harm. */
 void removeTemporaries(const QString &path, const Place &place)
 {
     static const QRegularExpression random(
@@ -122,7 +122,7 @@ std::optional<State> read(const QString &path, QString *errorText)
     const Place place(path);
     if (!place.folder.isOpen() && errno == ENOENT)
         return State();
-    // Opening must not wait for the other end of a pipe that somebody has put there.
+    // O_NONBLOCK: opening must not wait for the other end of a pipe that somebody has put there.
     const Descriptor file(place.folder.isOpen() ? ::openat(place.folder.number(),
                                                            place.name.constData(),
                                                            O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC)

@@ -9,13 +9,13 @@
 #include <sys/types.h>
 
 /**
- * Reads and changes single files of the system the way a program with root's rights has to: no link is followed in
- * the last two parts of a path, nothing but regular files is touched, and whoever reads meanwhile or after a crash
- * finds the old file or the new one, never a part. Errors come as a sentence in `errorText` where one is given.
+ * Reads and changes single files of the system in the way that a root process must. No link in the last two parts of a
+ * path is followed. Only regular files are read and changed. Readers find the old file or the new file, never a part of
+ * it, also after a crash. `errorText` receives a sentence about an error, unless it is null.
  */
 namespace SystemFile
 {
-/** What is at a path. */
+/** A file and its content at one point in time. */
 struct State
 {
     bool exists = false;
@@ -23,30 +23,33 @@ struct State
     mode_t mode = 0644;
 };
 
+/** What write() does when the file exists. */
 enum class Existing {
     Replaced,
-    Kept ///< then nothing is written
+    Kept ///< an existing file is not written
 };
 
-/** Bytes; a file that is larger is not one that we deal with. */
+/** Bytes; larger files are refused. */
 inline constexpr qint64 SizeLimit = 1024 * 1024;
 
-/** Nothing when there is something else than a regular file, or one that cannot be read; no file is no error. */
+/** Nothing when the path is no regular file or cannot be read. A missing file is no error. */
 std::optional<State> read(const QString &path, QString *errorText = nullptr);
-/** Also true when an existing file was to be kept and has been. */
+/** True also when an existing file was kept on request. */
 bool write(const QString &path,
            const QByteArray &contents,
            mode_t mode = 0644,
            Existing existing = Existing::Replaced,
            QString *errorText = nullptr);
-/** Writes a new file into a folder in which others may write too; one of ours or a link that is there goes first. */
+/**
+ * Writes a new file into a folder that others can write. An old file of ours or a link at the path is deleted first.
+ */
 bool writeStaging(const QString &path, const QByteArray &contents, QString *errorText = nullptr);
-/** Also true when there is no such file. */
+/** True also when there is no such file. */
 bool remove(const QString &path, QString *errorText = nullptr);
-/** Makes a folder that everybody may read; also true when there is one. */
+/** Creates a folder that everybody can read. True also when it already exists. */
 bool makeFolder(const QString &path, QString *errorText = nullptr);
-/** Also true when it is not there or not empty. */
+/** True also when the folder does not exist or is not empty. */
 bool removeEmptyFolder(const QString &path, QString *errorText = nullptr);
-/** Brings back what read() has found. */
+/** Restores a result of read(). */
 bool restore(const QString &path, const State &state, QString *errorText = nullptr);
 } // namespace SystemFile

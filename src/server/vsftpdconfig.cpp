@@ -7,7 +7,7 @@
 
 namespace
 {
-/** The names that a configuration gives values to, in their order, each with a blank behind it. */
+/** The keys of a configuration in their order, each followed by a blank. */
 QString keysOf(const QString &config)
 {
     QString keys;
@@ -17,7 +17,7 @@ QString keysOf(const QString &config)
     return keys;
 }
 
-/** What vsftpd takes for a yes. */
+/** Whether vsftpd reads the value as yes; `usual` is the default for a missing key. */
 bool isSet(const QString &config, const QString &key, bool usual)
 {
     const QString value = IniValue::find(config, {}, key).toUpper();
@@ -26,7 +26,7 @@ bool isSet(const QString &config, const QString &key, bool usual)
                                  || value == QLatin1String("1");
 }
 
-/** How a guard shows the directory that it is for. */
+/** The command by which a guard shows its directory. */
 QString mountCommand(const QString &path)
 {
     return QStringLiteral("velt-admin-repo-mount '%1' /run/velt-admin-repo-ftp").arg(path);
@@ -50,10 +50,11 @@ QString text(const QString &path, int port)
 
 QString guard(const QString &path)
 {
-    // The condition reads as vsftpd does, which skips blanks in front and takes the last of several lines. Our own
-    // settings for another directory, with lines behind them or without, are not served without the mount. Reading the
-    // configuration anew would bring back its path. What is refused of another configuration is refused softly, since
-    // its server may well do without.
+    // The shell condition reads the configuration as vsftpd does: it skips leading blanks and uses the last of several
+    // lines. If the configuration is ours but for another directory, the server must not start without the mount, with
+    // or without added lines. ExecReload is cleared, because a reload would bring back the path of the configuration. A
+    // server with another configuration usually works without the refused system calls, so such a call gives EPERM and
+    // does not kill it.
     return QStringLiteral(
                R"(# Written by velt-admin-repo-helper for the repository that is published over FTP,
 # and removed with it.
@@ -120,7 +121,7 @@ QByteArray additions(const QByteArray &config, const QString &guard)
         return {};
     const QList<QByteArray> own = ownKeys.toLatin1().split(' ');
     QByteArray added;
-    // As bytes, since a comment may be in any encoding.
+    // As bytes, because a comment can have any encoding.
     const QList<QByteArray> lines = config.split('\n');
     for (const QByteArray &line : lines)
         if (!line.isEmpty() && !own.contains(line.split('=').constFirst().trimmed()))

@@ -3,31 +3,31 @@
 
 #include "server/reposerver.h"
 
-/** The text of vsftpd's configuration file. */
+/** The configuration file of vsftpd, and the drop-in of its unit. */
 namespace VsftpdConfig
 {
-/** The one that offers `path` on `port` to everybody, read-only. */
+/** The configuration that offers `path` on `port` to everybody, read-only. */
 QString text(const QString &path, int port);
 /**
- * What is added to the server's unit: it shows what clients may see of the directory that was truly at `path` when it
- * started, whatever is put in its place afterwards, and can do little else. What is shown holds for text() only, also
- * with lines behind it: a server with another configuration is started as ever.
+ * The drop-in for the unit of the server. It shows clients the directory that was really at `path` when the server
+ * started, even if somebody replaces it later, and takes away most other rights. The mount applies to text() only, also
+ * with lines added to it. A server with another configuration starts as usual.
  */
 QString guard(const QString &path);
-/** Whether it is one that text() gives; any other holds something of the machine's administrator. */
+/** Whether the configuration is exactly a result of text(). Any other one contains changes of the administrator. */
 bool isOurs(const QString &config);
 /**
- * Whether it offers, to everybody and to nobody else, the directory that `guard` is for: it is one that text() gave,
- * with lines of the administrator's. Users of this machine who are let in use the server for something else.
+ * Whether the configuration offers the directory of `guard` to everybody and to nobody else. Then it is a result of
+ * text() with lines of the administrator. A server that lets users of this machine log in serves another purpose.
  */
 bool isGuarded(const QString &config, const QString &guard);
 /**
- * The lines that the administrator has added to what text() gave, for the next one to end with. Those that give
- * other values to its keys are none of them. Empty for a configuration that is not made of text().
+ * The lines that the administrator has added to a result of text(); the next configuration ends with them. Lines that
+ * set a key of text() are left out. Empty for a configuration that is not based on text().
  */
 QByteArray additions(const QByteArray &config, const QString &guard);
-/** What it offers to everybody; the port is 0 when none is named. */
+/** The directory that is offered to everybody; the port is 0 when none is named. */
 PublishedRepo read(const QString &config);
-/** Whether it speaks of this port. The start of a longer number counts too. */
+/** Whether the configuration contains this port. The start of a longer number matches too. */
 bool mentionsPort(const QString &config, int port);
 } // namespace VsftpdConfig
