@@ -12,13 +12,14 @@
 #include <memory>
 
 /**
- * Asks polkit whether a program on the bus may do something; polkit may ask the program's user for a password, which
- * takes as long as the user does. Only polkit's clear "yes" is one: without an answer nobody is authorised.
+ * Asks polkit whether a program on the bus may do something. polkit may ask the user of that program for a password, so
+ * the answer takes as long as the user. Only a clear "yes" of polkit authorises: without an answer nobody is
+ * authorised.
  */
 class Authority
 {
 public:
-    /** `reason` says in a sentence why the answer is no. */
+    /** `reason` is a sentence that explains a negative answer. */
     using Answer = std::function<void(bool authorised, const QString &reason)>;
 
     explicit Authority(BusConnection &bus)
@@ -26,15 +27,15 @@ public:
     { }
 
     /**
-     * `caller` is a unique name of the bus, `action` one of the installed policy, `details` what the question may show.
-     * The answer comes from the event loop, once, after any time. Returns the name under which the question can be
-     * taken back; it is empty when the question cannot be sent, and then no answer comes.
+     * Sends a question. `caller` is a unique name on the bus, `action` an action of the installed policy, and `details`
+     * is text for the dialog. The answer comes once, from the event loop, after any time. Returns a name for cancel().
+     * The name is empty when the question cannot be sent; then no answer comes.
      */
     QByteArray check(const QByteArray &caller,
                      const QString &action,
                      const QMap<QString, QString> &details,
                      const Answer &answer);
-    /** Takes a question back: its dialog is closed, and no answer comes any more. */
+    /** Cancels a question: its dialog closes, and no answer comes. */
     void cancel(const QByteArray &question);
 
 private:

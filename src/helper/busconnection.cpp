@@ -9,9 +9,9 @@
 
 namespace
 {
-/** Messages between two looks at everything else that the program waits for. */
+/** Most messages in one turn; after it the event loop handles everything else. */
 constexpr int MostInATurn = 64;
-/** Messages that wait to be sent. With more of them nothing is read, since what is read wants to be answered. */
+/** Most messages in the send queue. When there are more, nothing is read, because each read message needs an answer. */
 constexpr uint64_t MostUnsent = 256;
 
 uint64_t unsent(sd_bus *bus)
@@ -77,7 +77,7 @@ void BusConnection::send(const SdBus::Message &message)
 {
     if (!message)
         return;
-    // Without the place for a number the library says in the message that no answer is expected.
+    // The null pointer tells the library that no reply is expected.
     sd_bus_send(m_bus.get(), message.get(), nullptr);
     watch();
 }
@@ -98,7 +98,7 @@ std::unique_ptr<BusCall> BusConnection::call(const SdBus::Message &message, Answ
 
 int BusCall::answered(sd_bus_message *reply, void *call, sd_bus_error * /*error*/)
 {
-    // Whoever gets the answer deletes the call.
+    // The handler of the answer deletes the call.
     const BusConnection::Answer answer = std::move(static_cast<BusCall *>(call)->m_answer);
     answer(reply);
     return 1;
@@ -129,7 +129,7 @@ void BusConnection::watch()
         return;
     m_readable->setEnabled((events & POLLIN) != 0 && unsent(m_bus.get()) <= MostUnsent);
     m_writable->setEnabled((events & POLLOUT) != 0);
-    // The time is one of the monotonic clock, which is this one.
+    // The library uses the monotonic clock, the same as steady_clock.
     uint64_t due = 0;
     if (sd_bus_get_timeout(m_bus.get(), &due) < 0 || due == UINT64_MAX) {
         m_timer.stop();

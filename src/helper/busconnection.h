@@ -14,9 +14,9 @@
 class BusCall;
 
 /**
- * The helper's connection to the system bus. The event loop drives it, a few messages at a time, so that a flood of
- * messages holds up neither signals nor timers nor the results of the work. Nothing waits for an answer: the library
- * would take all messages that come before the answer into memory. Messages with file descriptors are not accepted.
+ * The helper's connection to the system bus. The event loop drives it, a few messages at a time. A flood of messages
+ * therefore delays neither signals nor timers nor the results of the work. No call blocks: the library would store all
+ * messages that arrive before the answer in memory. Messages with file descriptors are not accepted.
  */
 class BusConnection : public QObject
 {
@@ -27,7 +27,7 @@ public:
     explicit BusConnection(QObject *parent = nullptr);
 
     bool isOpen() const;
-    /** Why there is no connection. */
+    /** The reason why there is no connection. */
     QString errorText() const { return m_errorText; }
     sd_bus *get() const { return m_bus.get(); }
 
@@ -35,8 +35,8 @@ public:
     /** Sends a message for which no answer is expected. */
     void send(const SdBus::Message &message);
     /**
-     * Sends a call. The answer, which may be an error, comes from the event loop, however late. It comes no more when
-     * the returned object is deleted. Nothing is returned when the message cannot be sent.
+     * Sends a call. The answer comes from the event loop and may be an error; there is no time limit. When the returned
+     * object is deleted, no answer comes. Null when the message cannot be sent.
      */
     std::unique_ptr<BusCall> call(const SdBus::Message &message, Answer answer);
 
@@ -56,7 +56,7 @@ private:
     void watch();
 };
 
-/** A call whose answer is waited for, as long as this lives. */
+/** A pending call. The answer comes only while this object lives. */
 class BusCall
 {
 public:

@@ -4,13 +4,14 @@
 namespace
 {
 constexpr uid_t Root = 0;
-/** A user needs one request at a time; more than a few are an attempt to keep the helper from others. */
+/** A user needs one request at a time. More than a few requests would block the helper for other users. */
 constexpr unsigned MostOfOne = 8;
-/** Of all users but root. */
+/** Most requests of all users together, except root. */
 constexpr unsigned MostOfOthers = 256;
 constexpr std::size_t KiB = 1024;
-// A caller can have one request with a key, and others without. A bus lets a user have 256 connections: what these fill
-// stays below what all callers can fill together, and that stays below the helper's memory.
+// A caller can have one request with a key and several without. A user can have 256 connections on a bus. The limits
+// are chosen so that 256 callers cannot fill the space of all callers, and all callers together cannot fill the
+// helper's memory.
 constexpr std::size_t LargestUnidentified = 160 * KiB;
 constexpr std::size_t LargestOfAllUnidentified = 64 * KiB * KiB;
 } // namespace

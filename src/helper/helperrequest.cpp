@@ -12,7 +12,7 @@
 
 namespace
 {
-/** In the order of HelperRequest::Method. */
+/** Names of a method; in the order of HelperRequest::Method. */
 struct Names
 {
     const char *method;
@@ -51,7 +51,7 @@ QMap<QString, QString> HelperRequest::arguments() const
         named.insert(QStringLiteral("path"), path);
     named.insert(QStringLiteral("port"), QString::number(port));
     named.insert(QStringLiteral("protocol"), QString::number(protocol));
-    // The number for rules, the name for people.
+    // Rules use the number, people read the name.
     if (protocol == HttpProtocol || protocol == FtpProtocol)
         named.insert(QStringLiteral("server"),
                      protocol == HttpProtocol ? QStringLiteral("HTTP") : QStringLiteral("FTP"));

@@ -13,7 +13,7 @@ QString escaped(const QString &text)
 {
     QString plain;
     for (const QChar character : text) {
-        // Not printable are line ends and control characters, but also what turns the direction of writing.
+        // Line ends and control characters are not printable, and neither are marks that change the writing direction.
         if (character.isPrint() || character.isSurrogate())
             plain += character;
         else
@@ -44,7 +44,7 @@ void writeMessage(QtMsgType type, const QMessageLogContext & /*context*/, const 
 void Journal::write(Priority priority, const QString &text)
 {
     const QByteArray line = '<' + QByteArray::number(priority) + '>' + escaped(text).toUtf8() + '\n';
-    // In one piece, so that lines of two threads do not mix. Nobody is left to hear of a failure.
+    // One write for the whole line, so that lines of two threads do not mix. A failure cannot be reported anywhere.
     [[maybe_unused]] const ssize_t written = ::write(STDERR_FILENO, line.constData(), size_t(line.size()));
 }
 

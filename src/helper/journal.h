@@ -3,16 +3,16 @@
 
 #include <QString>
 
-/** What the helper tells the administrator: lines of its error output that the system's journal takes in. */
+/** Messages to the administrator: lines on the error output, which the system's journal stores. */
 namespace Journal
 {
 /** Numbers of sd-daemon(3). */
 enum Priority { Error = 3, Warning = 4, Notice = 5, Info = 6 };
 
-/** Writes one line, whatever `text` holds; usable on any thread. */
+/** Writes one line; `text` may contain any characters. Any thread may call it. */
 void write(Priority priority, const QString &text);
-/** `text` in quotes, cut when it is long, with everything escaped that could pass for something else. */
+/** `text` in quotes. A long text is cut, and every character with a special meaning is escaped. */
 QString quoted(const QString &text);
-/** From now on the messages of the libraries go the same way. */
+/** Sends all further messages of the libraries to the journal too. */
 void takeMessages();
 } // namespace Journal

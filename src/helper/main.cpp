@@ -17,7 +17,7 @@
 
 namespace
 {
-/** Leaves nothing of the environment that started us, but for the place of the bus. */
+/** Clears the environment of the program that started us, except the address of the bus. */
 void cleanEnvironment()
 {
     const QByteArray bus = qgetenv("DBUS_SYSTEM_BUS_ADDRESS");
@@ -25,11 +25,11 @@ void cleanEnvironment()
     if (!bus.isEmpty())
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", bus);
     qputenv("PATH", "/usr/sbin:/usr/bin:/sbin:/bin");
-    // Not for the language: without it, names of files that are not ASCII would be read and written wrongly.
+    // Not for the language: in another locale, Qt would misread file names that are not ASCII.
     qputenv("LC_ALL", "C.UTF-8");
 }
 
-/** A descriptor that becomes readable when somebody wants us to end; to be called before there are threads. */
+/** A descriptor that becomes readable when a signal asks the program to end. Call it before any thread starts. */
 int takeSignals()
 {
     sigset_t signals;
@@ -84,7 +84,7 @@ int main(int argc, char *argv[])
     QObject::connect(&manager, &Manager::unavailable, &application, giveUp);
     QObject::connect(
         &manager, &Manager::finished, &application, &QCoreApplication::quit, Qt::QueuedConnection);
-    // A bus that is gone takes all its callers along.
+    // Without the bus there are no callers.
     QObject::connect(&bus, &BusConnection::lost, &application, &QCoreApplication::quit);
     QSocketNotifier stopping(signals, QSocketNotifier::Read);
     QObject::connect(&stopping, &QSocketNotifier::activated, &manager, [&manager, signals] {

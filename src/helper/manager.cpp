@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 
 constexpr const char *Object = "/";
 constexpr const char *Interface = "org.corvana.velt.repo.Manager";
-/** May call the methods; what for is polkit's decision. */
+/** Everybody may call the methods; polkit decides about each request. */
 constexpr uint64_t Everybody = SD_BUS_VTABLE_UNPRIVILEGED;
 constexpr const char *TooMany = "Too many requests are open.";
 
@@ -24,7 +24,7 @@ constexpr const char *BusObject = "/org/freedesktop/DBus";
 constexpr uint32_t DoNotQueue = 4;
 constexpr uint32_t PrimaryOwner = 1;
 
-/** What is refused before anybody is asked costs its sender nothing, so it must not fill the journal. */
+/** A request that is refused before polkit is asked costs its sender nothing, so it must not fill the journal. */
 constexpr int MostRefusalsNoted = 50;
 constexpr auto RefusalsPeriod = 1min;
 
@@ -96,12 +96,12 @@ void Manager::start()
     sd_bus_slot *slot = nullptr;
     bool isDone = sd_bus_add_filter(bus, &slot, filter, this) >= 0;
     m_slots.emplace_back(std::exchange(slot, nullptr));
-    // One rule for all callers who leave: the bus allows fewer rules than there can be callers.
+    // One match rule for all callers: the bus allows fewer rules than there can be callers.
     const char *rule = "type='signal',sender='org.freedesktop.DBus',interface='org.freedesktop.DBus',"
                        "member='NameOwnerChanged',arg2=''";
     isDone = sd_bus_add_match_async(bus, &slot, rule, nameLost, nullptr, this) >= 0 && isDone;
     m_slots.emplace_back(std::exchange(slot, nullptr));
-    // The object comes first: with the name, the calls come that have been waiting for it.
+    // The object is registered first: waiting calls arrive together with the name.
     isDone = sd_bus_add_object_vtable(bus, &slot, Object, Interface, methods(), this) >= 0 && isDone;
     m_slots.emplace_back(slot);
     const SdBus::Message call = m_bus.newCall(Bus, BusObject, Bus, "RequestName");
@@ -124,7 +124,7 @@ void Manager::named(sd_bus_message *reply)
                                             : QString::fromUtf8(error->message));
         return;
     }
-    // Not before: nobody else with this name is at work any more.
+    // Only now can we be sure that no other helper is still working.
     m_worker.start([this] {
         m_work.recover();
         QMetaObject::invokeMethod(
@@ -140,7 +140,7 @@ void Manager::named(sd_bus_message *reply)
 
 void Manager::stop()
 {
-    // While leaving this is the service manager's answer to the name that is gone: nothing new.
+    // The service manager sends SIGTERM when the name is released. Ignored, because the helper is already ending.
     if (m_isLeaving)
         return;
     for (const Number number : numbersOf([](const Open &open) { return !open.isWorking; })) {
@@ -157,7 +157,7 @@ int Manager::filter(sd_bus_message *message, void *manager, sd_bus_error * /*err
     if (sd_bus_message_is_method_call(message, nullptr, nullptr) <= 0
         || sd_bus_message_get_expect_reply(message) > 0)
         return 0;
-    // Whoever does not want to know what became of a request need not be asked for a password.
+    // A caller that expects no reply does not need the request; the user is not asked for a password.
     static_cast<Manager *>(manager)->noteRefusal(
         QStringLiteral("a request of %1 that wants no answer is not done")
             .arg(QString::fromLatin1(sd_bus_message_get_sender(message))));
@@ -316,7 +316,7 @@ void Manager::reply(sd_bus_message *call, const HelperOutcome &outcome)
 {
     sd_bus_message *created = nullptr;
     if (outcome.kind != HelperOutcome::Done) {
-        // To the caller alone: others on the bus must not learn what this one has asked for.
+        // Sent to the caller alone: other programs on the bus must not learn about the request.
         sd_bus_message_new_signal(m_bus.get(), &created, Object, Interface, "Error");
         const SdBus::Message error(created);
         if (sd_bus_message_append(created, "is", int32_t(outcome.kind), outcome.reason.toUtf8().constData())
@@ -376,7 +376,7 @@ int Manager::nameLost(sd_bus_message *signal, void *manager, sd_bus_error * /*er
 
 void Manager::forget(const QByteArray &caller)
 {
-    // What has begun is brought to its end: half of it would be worse than all of it.
+    // Work that has begun is finished, because a half-done change is worse than a complete one.
     for (const Number number :
          numbersOf([&caller](const Open &open) { return open.caller == caller && !open.isWorking; })) {
         if (m_open.at(number).isNoted)
@@ -406,7 +406,7 @@ void Manager::leave()
     const SdBus::Message call = m_bus.newCall(Bus, BusObject, Bus, "ReleaseName");
     if (call && sd_bus_message_append(call.get(), "s", Service.toLatin1().constData()) >= 0)
         m_releasing = m_bus.call(call, [this](sd_bus_message * /*reply*/) {
-            // The calls that came as long as the name was ours came before this answer.
+            // All calls that arrived while we owned the name came before this reply.
             m_hasName = false;
             settle();
         });

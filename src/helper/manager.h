@@ -20,10 +20,10 @@
 #include <vector>
 
 /**
- * The helper's object on the bus. A request travels so: who asks is learnt from the bus, the text of the request is
- * checked, polkit is asked, and then a worker thread does the requests one after another. The calls are answered when
- * all that is over; until then the event loop is free for others. A caller who leaves the bus takes along what has not
- * begun. Without requests for some time, the helper gives up its name and ends.
+ * The helper's object on the bus. A request goes through these steps: the bus identifies the caller, the text of the
+ * request is checked, polkit is asked, and a worker thread does one request after another. The call is answered after
+ * the last step; the event loop is free meanwhile. When a caller leaves the bus, its requests are dropped unless their
+ * work has begun. After some time without requests, the helper releases its name and ends.
  */
 class Manager : public QObject
 {
@@ -31,33 +31,34 @@ class Manager : public QObject
 public:
     static inline const QString Service = QStringLiteral("org.corvana.velt.repo");
 
-    /** Called on the worker thread. */
+    /** Both functions are called on the worker thread. */
     struct Work
     {
-        /** Brings to an end what an earlier run of the program has left halfway; before everything else. */
+        /** Completes or undoes the work that an earlier run has left half-done. It is called before everything else. */
         std::function<void()> recover;
-        /** Checks once more what may have changed and does it. */
+        /** Checks again everything that may have changed, and does the work. */
         std::function<HelperOutcome(const HelperRequest &)> run;
     };
+    /** Time limits of the helper. */
     struct Times
     {
         std::chrono::milliseconds idle;
         std::chrono::milliseconds begin = AnswerLimits::Begin;
     };
 
-    /** The connection has to live longer. */
+    /** `bus` must outlive the manager. */
     Manager(BusConnection &bus, Work work, Times times);
     ~Manager() override;
 
-    /** Asks the bus for the name. */
+    /** Requests the name from the bus. */
     void start();
-    /** Ends soon: what is being done is finished, and nothing is begun any more. */
+    /** Ends soon: the current request is finished, and no other is begun. */
     void stop();
 
 Q_SIGNALS:
-    /** The name is somebody else's, or the bus does not let us have it. */
+    /** Another program owns the name, or the bus does not allow it. */
     void unavailable(const QString &reason);
-    /** The name is given up and every request is answered: the program can end. */
+    /** The name is released and every request is answered: the program can end. */
     void finished();
 
 private:
@@ -66,10 +67,10 @@ private:
         HelperRequest request;
         SdBus::Message call;
         QByteArray caller;
-        QDeadlineTimer limit; ///< of the beginning
-        QByteArray question; ///< to polkit; empty while none is asked
+        QDeadlineTimer limit; ///< for the beginning of the work
+        QByteArray question; ///< to polkit; empty while none is pending
         bool hasPlace = true;
-        bool isNoted = false; ///< in the journal
+        bool isNoted = false; ///< written to the journal
         bool isWorking = false; ///< on the worker thread
     };
     using Number = quint64;
@@ -85,15 +86,15 @@ private:
     std::unique_ptr<BusCall> m_releasing;
     std::map<QByteArray, std::unique_ptr<BusCall>> m_identifying; ///< by caller
     std::map<Number, Open> m_open;
-    std::deque<Number> m_queue; ///< authorised, in the order of the work
+    std::deque<Number> m_queue; ///< authorised requests, in the order of the work
     Number m_count = 0;
     QTimer m_idle;
     QTimer m_limit;
-    QDeadlineTimer m_refusals{0}; ///< the end of the time in which they are counted
+    QDeadlineTimer m_refusals{0}; ///< end of the period in which refusals are counted
     int m_refusalCount = 0;
-    bool m_isWorking = true; ///< also until recovery has ended
+    bool m_isWorking = true; ///< also true until recovery has ended
     bool m_isLeaving = false;
-    bool m_hasName = true; ///< or is about to get it
+    bool m_hasName = true; ///< also true while the name is being requested
     QThreadPool m_worker;
 
     static const sd_bus_vtable *methods();

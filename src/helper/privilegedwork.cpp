@@ -66,7 +66,7 @@ bool PrivilegedWork::follow(const PublicationIntent &intent)
     Journal::write(
         Journal::Warning,
         QStringLiteral("the end of the publication on port %1 was cut short and is completed").arg(port));
-    // What has been configured by somebody else meanwhile goes on.
+    // A configuration that somebody else has set up meanwhile is left alone.
     return (intent.protocol == FtpProtocol && !m_ftp.isConfiguredByUs())
            || server(intent.protocol).unpublish(intent.port);
 }
@@ -83,7 +83,7 @@ HelperOutcome PrivilegedWork::doWithIntent(const PublicationIntent &intent,
         || !SystemFile::write(m_intentFile, text, 0600, SystemFile::Existing::Replaced, &errorText))
         return {HelperOutcome::Failed, errorText};
     const bool isDone = work();
-    // As long as it is there, the next helper goes by it: then nothing has been done.
+    // If the file stays, the next helper reverts or repeats the work, so it must not be reported as done.
     if (!SystemFile::remove(m_intentFile, &errorText))
         return {HelperOutcome::Failed, errorText};
     return isDone ? done() : HelperOutcome{HelperOutcome::Failed, failure};
@@ -120,7 +120,7 @@ HelperOutcome PrivilegedWork::changeSources(const HelperRequest &request) const
     const auto file = SystemFile::read(m_sources, &errorText);
     if (!file)
         return {HelperOutcome::Failed, errorText};
-    // A character a byte: what others have written into the file survives in whatever encoding it is.
+    // Latin-1 maps each byte to one character, so that text of other authors survives in any encoding.
     const QString text = QString::fromLatin1(file->contents);
     const QString entry = QString::fromLatin1(request.entry.toUtf8());
     const bool isRemoval = request.method == HelperRequest::RemoveLocalSource;
@@ -130,7 +130,8 @@ HelperOutcome PrivilegedWork::changeSources(const HelperRequest &request) const
         && !SystemFile::write(
             m_sources, changed.toLatin1(), file->mode, SystemFile::Existing::Replaced, &errorText))
         return {HelperOutcome::Failed, errorText};
-    // The key goes with the last line that names it. One that stays harms nobody: apt uses it for no other source.
+    // The key is deleted with the last line that names it. A key that stays is harmless: apt uses it for no other
+    // source.
     const QString key = keyFile(request);
     if (isRemoval && !key.isEmpty() && !changed.contains(QFileInfo(key).fileName())
         && !SystemFile::remove(key, &errorText))
@@ -143,7 +144,7 @@ HelperOutcome PrivilegedWork::addWithKey(const HelperRequest &request) const
     const QString key = keyFile(request);
     QString errorText;
     const auto before = SystemFile::read(key, &errorText);
-    // First the key: a line whose key is missing stops apt's updates.
+    // The key is written first: a line whose key is missing breaks apt's updates.
     if (!before || !SystemFile::makeFolder(m_keys, &errorText)
         || !SystemFile::write(key, request.key.toLatin1(), 0644, SystemFile::Existing::Replaced, &errorText))
         return {HelperOutcome::Failed, errorText};
@@ -178,7 +179,7 @@ HelperOutcome PrivilegedWork::publish(const HelperRequest &request)
 
 HelperOutcome PrivilegedWork::unpublish(const HelperRequest &request)
 {
-    // An FTP server that is set up otherwise serves somebody else's files and is not ours to stop.
+    // An FTP server with another configuration serves somebody else's files, so we must not stop it.
     if (request.protocol == FtpProtocol && !m_ftp.isConfiguredByUs()) {
         return {HelperOutcome::Failed,
                 QStringLiteral("The FTP server is not configured by this program and goes on as it does.")};

@@ -11,19 +11,19 @@
 #include <functional>
 
 /**
- * Does with root's rights what was asked for and authorised. Used on one thread at a time; a request takes as long as
- * the service manager does.
+ * Does authorised requests with root's rights. Only one thread may use it at a time. A request takes as long as the
+ * service manager needs.
  */
 class PrivilegedWork
 {
 public:
-    /** The files that are changed. */
+    /** The files and folders that are changed. */
     struct Places
     {
         QString sources = LocalSources::Path;
         QString keys = SourceKey::Folder;
         QString ftpConfig = QStringLiteral("/etc/vsftpd.conf");
-        /** The helper's own; it is made when it is not there. */
+        /** The helper's own folder; it is created when it does not exist. */
         QString stateFolder = QStringLiteral("/var/lib/velt-admin-repo-helper");
         HttpServer::Places http;
     };
@@ -32,11 +32,11 @@ public:
     explicit PrivilegedWork(const Places &places);
 
     /**
-     * Undoes a publication and finishes an unpublication that an earlier helper has begun and not ended, because it was
-     * killed or the power was cut. False when that fails; then it is due again.
+     * Undoes a publication, or finishes an unpublication, that an earlier helper began and did not end because of a
+     * kill or a power cut. False when this fails; then it must be called again.
      */
     bool recover();
-    /** The request is checked again, and now also against the file system. */
+    /** Checks the request again, now also against the file system, and does it. */
     HelperOutcome run(const HelperRequest &request);
 
 private:
@@ -53,7 +53,7 @@ private:
     HelperOutcome publish(const HelperRequest &request);
     HelperOutcome unpublish(const HelperRequest &request);
     bool follow(const PublicationIntent &intent);
-    /** Does the work under an intent: whatever ends the program meanwhile, the next one finds it. */
+    /** Does the work while the intent is stored in a file. After a kill, the next helper finds the file. */
     HelperOutcome
     doWithIntent(const PublicationIntent &intent, const QString &failure, const std::function<bool()> &work);
     RepoServer &server(int protocol);

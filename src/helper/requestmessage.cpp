@@ -10,7 +10,7 @@
 
 namespace
 {
-/** The bytes of one character. */
+/** Most bytes of one character in UTF-8. */
 constexpr std::size_t LargestCharacter = 4;
 
 QString readText(sd_bus_message *call, std::size_t longest, const char *name, QString *text)

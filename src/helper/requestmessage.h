@@ -5,14 +5,15 @@
 
 #include <systemd/sd-bus.h>
 
-/** How a request comes over the bus. */
+/** Reads requests from messages of the bus. */
 namespace RequestMessage
 {
 /**
- * Reads the arguments of one of the helper's methods, whose types the library has compared. A text that is longer than
- * any that is acceptable is not copied. Returns why the arguments are not taken, as a sentence; empty when they are.
+ * Reads the arguments of one of the helper's methods. The library has already checked their types. A text that is
+ * longer than any valid text is not copied. Returns a sentence about the problem; empty when the arguments are
+ * accepted.
  */
 QString read(sd_bus_message *call, HelperRequest *request);
-/** About the memory that an open request takes, in bytes. */
+/** The approximate memory of an open request, in bytes. */
 std::size_t sizeOf(const HelperRequest &request);
 } // namespace RequestMessage

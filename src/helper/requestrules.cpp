@@ -12,7 +12,7 @@ namespace
 {
 const QRegularExpression &entryForm()
 {
-    // No quotes anywhere, and a "%" for blanks alone: apt gives a meaning to them. A suite that ends in "/" takes no
+    // No quotes, and "%" only in "%20": apt gives these characters a meaning. A suite that ends in "/" cannot have
     // components.
     static const QString architectures = QStringLiteral("arch=[a-z0-9][a-z0-9-]*(,[a-z0-9][a-z0-9-]*)*");
     static const QString check

@@ -3,19 +3,19 @@
 
 #include "helper/helperrequest.h"
 
-/** Which requests the helper takes at all. */
+/** Decides which requests the helper accepts. */
 namespace RequestRules
 {
-/** Characters; a source line is far shorter. */
+/** Characters. Real source lines are far shorter. */
 inline constexpr int LongestEntry = 1000;
 
 /**
- * Why the request is not acceptable, as a sentence; empty when it is. Only its text counts: what the answer said
- * about the file system, a caller who is not authorised must not learn.
+ * Returns a sentence that says why the request is not valid; empty when it is valid. Checks the text only: a caller
+ * without authorisation must learn nothing about the file system.
  */
 QString problem(const HelperRequest &request);
-/** The same for the line of a source: only what this program's own lines are made of passes. */
+/** The same for a source line. Only lines in the form of this program's own lines are valid. */
 QString entryProblem(const QString &entry);
-/** The file that a line which passes names for its key; empty when it names none. */
+/** The key file that a valid line names; empty when it names none. */
 QString keyFile(const QString &entry);
 } // namespace RequestRules
