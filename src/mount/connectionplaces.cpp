@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Keeps one client from taking all connections of the server that loads this library: lighttpd knows no limit for each
-// address. Connections are counted by the process that accepts them, for as long as it has them open.
+// Prevents one client from taking all connections of the server that loads this library, because lighttpd has no limit
+// for each address. A connection counts in the process that accepted it, as long as this process keeps it open.
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -16,11 +16,11 @@
 
 namespace
 {
-/** CONNECTIONS_PER_ADDRESS says how many, if it is a positive number. */
+/** The environment variable CONNECTIONS_PER_ADDRESS can replace it with another positive number. */
 constexpr long DefaultLimit = 100;
 constexpr std::time_t SecondsBetweenWarnings = 60;
 
-/** The address at the other end, by the number of the descriptor, which the units keep below this; 0: there is none. */
+/** The address of the peer for each descriptor; 0: none. The units limit descriptors to numbers below this size. */
 std::array<in_addr_t, 16384> peers = {};
 
 long limit()
@@ -30,7 +30,7 @@ long limit()
     return number > 0 ? number : DefaultLimit;
 }
 
-/** Seldom, so that a client cannot fill the log. */
+/** Writes a warning, but rarely, so that a client cannot fill the log. */
 void warn(in_addr address, long most)
 {
     static std::time_t last = 0;
@@ -44,7 +44,9 @@ void warn(in_addr address, long most)
     ::dprintf(STDERR_FILENO, "%s has %ld connections open and gets no more.\n", text.data(), most);
 }
 
-/** The connection, or what accept() returns for one that is gone again: its address has no place left. */
+/**
+ * Returns the connection. If its address has too many, closes it and fails like accept() with an aborted connection.
+ */
 int admitted(int connection)
 {
     const long most = limit();
@@ -64,7 +66,7 @@ int admitted(int connection)
     return -1;
 }
 
-/** The C library's function of this name and type. */
+/** The function of the C library with this name and type. */
 template <typename Function>
 Function *original(Function * /*type*/, const char *name)
 {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Keeps the server that loads this library from names with a dot in front, at every level of a path: vsftpd compares
-// its setting deny_file with the last part of a path alone.
+// Hides names that begin with a dot from the server that loads this library, at every level of a path. vsftpd compares
+// its setting deny_file only with the last part of a path.
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -9,7 +9,7 @@
 #include <cstdlib>
 #include <string_view>
 
-// The header of open() would replace some of the functions below by others.
+// The header of open() would replace some of the functions below, so it is not included.
 #include <dlfcn.h>
 #include <linux/fcntl.h>
 #include <unistd.h>
@@ -27,7 +27,7 @@ bool hasHiddenName(std::string_view path)
     return false;
 }
 
-/** The working directory counts too: it can have got its name, or have gone, after the client went there. */
+/** Checks the working directory too: it may have been renamed or deleted after the client entered it. */
 bool isHiddenFolder()
 {
     std::array<char, PATH_MAX> folder = {};
@@ -36,13 +36,13 @@ bool isHiddenFolder()
 
 bool isHidden(const char *path)
 {
-    // Where a link leads; what is not there has no such place.
+    // The target of links; realpath() fails for a path that does not exist.
     std::array<char, PATH_MAX> place = {};
     return hasHiddenName(path) || (*path != '/' && isHiddenFolder())
            || (::realpath(path, place.data()) != nullptr && hasHiddenName(place.data()));
 }
 
-/** Calls the C library's function of this name and type, or says that there is nothing at the path. */
+/** Calls the C library's function with this name and type, or fails as if nothing were at the path. */
 template <typename Function, typename Result, typename... Arguments>
 Result pass(Function * /*type*/, const char *name, Result refusal, const char *path, Arguments... arguments)
 {
@@ -54,7 +54,7 @@ Result pass(Function * /*type*/, const char *name, Result refusal, const char *p
 }
 } // namespace
 
-// The functions by which servers get at a path, also under their names for large files, late times and checked flags.
+// The functions that servers use to access a path, and their variants for large files, 64-bit times and checked flags.
 #define VELT_FUNCTION extern "C" __attribute__((visibility("default")))
 
 #define VELT_OPEN(name)                                                                                      \

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Shows what clients may see of a repository at a mount point, and starts the server there, which has a mount
-// namespace of its own: with the server the mounts end. Needs CAP_SYS_ADMIN, and CAP_DAC_READ_SEARCH on the way.
+// Shows the public part of a repository at a mount point and starts the server there. The server has a mount namespace
+// of its own, so its end also ends the mounts. Needs CAP_SYS_ADMIN, and CAP_DAC_READ_SEARCH to reach the directory.
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -33,14 +33,14 @@ MOUNTPOINT/repository. The numbers READER and READER_GROUP tell COMMAND with who
 the owner of DIRECTORY, or with those of the owner of RUNTIME_DIRECTORY.
 All paths are absolute.)";
 
-/** What clients may see. Whatever lies beside these in the repository's directory is its owner's. */
+/** The parts that clients may see. Everything else in the repository's directory is private to its owner. */
 constexpr std::initializer_list<const char *> Shown
     = {"dists", "pool", "repository-key.asc", "repository-key.gpg"};
 constexpr const char *Whole = "repository";
 constexpr const char *Public = "public";
-/** What servers need of the system. */
+/** The files of the system that servers need. */
 constexpr std::initializer_list<const char *> SystemFiles = {"/dev/null", "/etc/localtime"};
-/** Folders, or links to them in /usr. */
+/** Folders, or links to folders in /usr. */
 constexpr std::initializer_list<const char *> ProgramFolders
     = {"/usr", "/bin", "/lib", "/lib32", "/lib64", "/libx32", "/sbin"};
 
@@ -83,18 +83,19 @@ private:
     int m_number;
 };
 
-/** A repository's directory, which is held open: what is put in its place later is another one. */
+/** A repository's directory. It stays open: a directory that replaces it later is not served. */
 struct Repository
 {
     Descriptor directory;
     uid_t owner = 0;
-    /** Whether it may be read with the owner's rights. */
+    /** Whether the server may read with the rights of the owner. */
     bool isLent = false;
 };
 
 /**
- * Goes from name to name, so that no link is followed. The owner's rights are lent only where nobody else could have
- * moved the directory there: in a folder of another user, that user could show what only the owner may read.
+ * Opens the path name by name, so that no link is followed. The rights of the owner are lent only when nobody else
+ * could have moved the directory there: in a folder of another user, that user could publish files that only the owner
+ * may read.
  */
 Repository open(const std::string &path)
 {
@@ -124,7 +125,7 @@ Repository open(const std::string &path)
     return repository;
 }
 
-/** A copy of what is mounted there, which is shown nowhere yet. */
+/** A copy of a mount tree, which is attached nowhere yet. */
 Descriptor copied(int folder, const std::string &path, unsigned flags = AT_EMPTY_PATH)
 {
     return Descriptor(
@@ -142,7 +143,7 @@ void restrict(const Descriptor &tree, std::uint64_t attributes)
     mount_attr change = {};
     change.attr_set
         = attributes | MOUNT_ATTR_RDONLY | MOUNT_ATTR_NOSUID | MOUNT_ATTR_NODEV | MOUNT_ATTR_NOEXEC;
-    // What is mounted in the repository later does not appear here, where it would lack the restrictions.
+    // A later mount in the repository does not appear here, because it would lack the restrictions.
     change.propagation = MS_PRIVATE;
     if (::mount_setattr(tree.number(), "", AT_EMPTY_PATH | AT_RECURSIVE, &change, sizeof change) != 0)
         throw Failure("This kernel cannot keep a server to a repository (Linux 5.14 can)");
@@ -156,7 +157,7 @@ void makeFolder(const std::string &path)
         throw Failure(path);
 }
 
-/** Goes into a root directory in which there is nothing but what servers need, and an empty folder `mountPoint`. */
+/** Changes the root directory to one with only the things that servers need, and an empty folder `mountPoint`. */
 void shutIn(const std::string &mountPoint)
 {
     constexpr const char *root = "/tmp";
@@ -190,11 +191,11 @@ void shutIn(const std::string &mountPoint)
 /** The folders below the mount point. */
 struct Folders
 {
-    Descriptor whole; ///< the repository's directory
+    Descriptor whole; ///< the directory of the repository
     Descriptor shown;
 };
 
-/** Puts the repository into a folder of our own below the mount point. */
+/** Mounts the repository into a folder of our own below the mount point. */
 Folders mountRepository(const Descriptor &repository, const std::string &mountPoint)
 {
     constexpr unsigned long flags = MS_NOSUID | MS_NODEV | MS_NOEXEC;
@@ -206,7 +207,10 @@ Folders mountRepository(const Descriptor &repository, const std::string &mountPo
     return {Descriptor(::open(Whole, directory)), Descriptor(::open(Public, directory))};
 }
 
-/** For a server that follows no links: it sees in a listing what there is, and knows itself where that is. */
+/**
+ * Makes links for a server that follows no links in the repository: it lists them, but its configuration has the real
+ * folder.
+ */
 void link(const Folders &folders)
 {
     for (const char *name : Shown) {
@@ -216,7 +220,7 @@ void link(const Folders &folders)
     }
 }
 
-/** Mounts what is shown into the working directory, if another folder or file is there now, or none any more. */
+/** Updates the mounts in the working directory: a new folder or file is mounted, and one that is gone is unmounted. */
 void update(const Folders &folders)
 {
     for (const char *name : Shown) {
@@ -243,9 +247,9 @@ void update(const Folders &folders)
 }
 
 /**
- * For a server that has its root directory in the folder: shows what there is, and what comes later. reprepro removes
- * pool/ together with the last package. The process that does this is not the server's child, which the server would
- * wonder about, and ends with the server's unit.
+ * For a server whose root directory is the folder: shows what exists now and what appears later, because reprepro
+ * deletes pool/ together with the last package. A separate process does this. It is no child of the server, because the
+ * server does not expect one. It ends with the unit of the server.
  */
 void follow(const Folders &folders)
 {
@@ -274,7 +278,7 @@ void follow(const Folders &folders)
         throw Failure("The repository cannot be watched");
 }
 
-/** Tells the command with whose rights to read: never with root's. */
+/** Tells the command whose rights to read with; these are never root's. */
 void tellReader(const Repository &repository)
 {
     const char *const own = ::getenv("RUNTIME_DIRECTORY");
@@ -287,10 +291,10 @@ void tellReader(const Repository &repository)
         throw Failure("READER");
 }
 
-/** Has the command load this library. */
+/** Makes the command load this library. */
 void preload(const char *library)
 {
-    // One that cannot be loaded would be left out without a failure.
+    // The dynamic linker only warns about a library that cannot be loaded, so we try it first.
     if (::dlopen(library, RTLD_NOW | RTLD_LOCAL) == nullptr)
         throw std::runtime_error(::dlerror());
     if (::setenv("LD_PRELOAD", library, 1) != 0)
@@ -318,8 +322,8 @@ void run(int count, char **words)
     } else {
         follow(mountRepository(tree, mountPoint));
     }
-    // Each server gets what it cannot do itself: lighttpd refuses hidden names, and vsftpd limits the connections of an
-    // address.
+    // Each library adds what its server lacks: lighttpd itself refuses hidden names, and vsftpd itself limits the
+    // connections of an address.
     preload(isShutIn ? CONNECTIONS : HIDDEN_NAMES);
     char **const command = words + first + 2;
     ::execv(command[0], command);
