@@ -3,5 +3,5 @@
 
 #include "core/processutils.h"
 
-/** Runs gpg without a terminal, for half a minute at most. Waits for it: not for the interface thread. */
+/** Runs gpg without a terminal and waits for its end, half a minute at most: not for the interface thread. */
 ProcessResult runGpg(const QStringList &arguments);

@@ -13,20 +13,22 @@
 
 class QObject;
 
-/** The keys that the user can choose from for signing, and what is to be said of them. */
+/** The keys that the user can choose for signing, with remarks about them. */
 struct KeyListing
 {
     using Receiver = std::function<void(const KeyListing &listing)>;
 
-    QStringList keys; ///< "user id [short id]", in the key store's order
-    QHash<QString, QString> unusable; ///< of the keys that cannot sign, why
-    QHash<QString, QString> warnings; ///< of usable keys, what the user should know: that they expire soon
+    QStringList keys; ///< "user id [short id]", in the order of the key store
+    QHash<QString, QString> unusable; ///< for each key that cannot sign, the reason
+    QHash<QString, QString> warnings; ///< for usable keys that expire soon, a warning
 
     /** Asks the key store and gpg: not for the interface thread. */
     static KeyListing read();
-    /** Reads without waiting; `receiver` is called later on the thread of `context`, as long as that lives. */
+    /**
+     * Reads without waiting. `receiver` is called later on the thread of `context`, unless `context` is deleted first.
+     */
     static void readAside(QObject *context, const Receiver &receiver);
-    /** Sorts the texts of keys by what the key ring says of them. */
+    /** Makes a listing of the texts in `keys` from the records of the key ring. */
     static KeyListing judge(const QStringList &keys, const QVector<SigningKey> &known, const QDateTime &now);
 };
 

@@ -17,7 +17,7 @@ const QString &programName()
     return name;
 }
 
-/** A descriptor that becomes readable when the process ends; -1 when it has ended. */
+/** A descriptor that becomes readable when the process ends; -1 when the process has already ended. */
 int processDescriptor(qint64 processId)
 {
     return static_cast<int>(syscall(SYS_pidfd_open, static_cast<pid_t>(processId), 0));
@@ -51,7 +51,7 @@ void KeyManager::start()
 
 void KeyManager::launch()
 {
-    // A child of ours would be killed with the object that follows it.
+    // Detached, because a QProcess kills its program when it is deleted.
     qint64 processId = 0;
     if (QProcess::startDetached(programName(), {}, QString(), &processId)) {
         follow(processId);

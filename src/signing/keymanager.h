@@ -9,8 +9,8 @@
 class QSocketNotifier;
 
 /**
- * Starts the program with which the user manages keys, and follows it until it ends. The program is not tied to us:
- * it stays when this object, or our whole program, goes.
+ * Starts the user's program for managing keys, and watches it until it ends. The program is independent of us: it stays
+ * when this object is deleted or our program ends.
  */
 class KeyManager : public QObject
 {
@@ -19,15 +19,15 @@ public:
     explicit KeyManager(QObject *parent);
     ~KeyManager() override;
 
-    /** Looks for the program and starts it; returns at once. Does nothing while one that it started is running. */
+    /** Looks for the program and starts it; returns at once. Does nothing while the started program is running. */
     void start();
 
 Q_SIGNALS:
-    /** From start() until the program has ended, or could not be started. */
+    /** True from start() until the program has ended or could not be started. */
     void runningChanged(bool isRunning);
-    /** Not started, because this package is not installed. */
+    /** The program was not started, because this package is not installed. */
     void packageMissing(const QString &package);
-    /** Installed, but not started. */
+    /** The program is installed, but could not be started. */
     void startFailed(const QString &program);
 
 private:
@@ -35,6 +35,6 @@ private:
     void follow(qint64 processId);
     void setRunning(bool isRunning);
 
-    std::unique_ptr<QSocketNotifier> m_end; ///< of the running program
+    std::unique_ptr<QSocketNotifier> m_end; ///< watches the running program
     bool m_isRunning = false;
 };

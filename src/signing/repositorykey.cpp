@@ -15,7 +15,7 @@ RepositoryKey RepositoryKey::read(const QString &repoPath, const QString &codena
     const QString file = QStringLiteral("%1/dists/%2/InRelease").arg(repoPath, codename);
     if (!QFileInfo(file).isFile())
         return key;
-    // The user's gpg may be set up to fetch a key that it does not know.
+    // The user's gpg may be configured to download missing keys.
     const ProcessResult result = runGpg({QStringLiteral("--no-auto-key-retrieve"),
                                          QStringLiteral("--status-fd"),
                                          QStringLiteral("1"),
@@ -23,7 +23,7 @@ RepositoryKey RepositoryKey::read(const QString &repoPath, const QString &codena
                                          QStringLiteral("--"),
                                          file});
     key.id = signer(result.output);
-    // GOODSIG is not told for a key that has expired or is revoked.
+    // gpg does not print GOODSIG for a key that has expired or is revoked.
     key.isGood = result.succeeded() && result.output.contains(QLatin1String("[GNUPG:] GOODSIG "));
     if (key.id.isEmpty())
         return key;
@@ -53,7 +53,7 @@ void RepositoryKey::readAside(QObject *context,
 
 QString RepositoryKey::signer(const QString &status)
 {
-    // See gpg's doc/DETAILS. The last word of VALIDSIG is the primary key's fingerprint, whatever subkey signed.
+    // See gpg's doc/DETAILS. The last word of VALIDSIG is the fingerprint of the primary key, also if a subkey signed.
     QString unknown;
     const QStringList lines = status.split(QLatin1Char('\n'));
     for (const QString &line : lines) {
@@ -78,7 +78,7 @@ RepositoryKey::Export RepositoryKey::publicKey(const QString &id)
                                          QStringLiteral("--export"),
                                          QStringLiteral("--"),
                                          id});
-    // Without such a key there is no output, which gpg does not take for a failure.
+    // For an unknown key gpg prints nothing and still succeeds.
     if (!result.succeeded() || result.output.isEmpty())
         return {{}, tr("gpg exported no key.") + QLatin1Char('\n') + result.errorOutput};
     return {result.output.toLatin1(), {}};

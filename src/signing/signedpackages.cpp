@@ -83,7 +83,7 @@ bool SignedPackages::saveKeyInfo(const PackageInfo &package) const
 
 bool SignedPackages::removeKeyInfo(const PackageInfo &package) const
 {
-    // Without the file there is nothing to remove, and an empty one need not be made.
+    // Without the file there is nothing to remove. Saving would create an empty file.
     if (m_file.isEmpty() || !QFileInfo::exists(m_file))
         return true;
     if (!isUsable())

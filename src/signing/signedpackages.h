@@ -11,13 +11,14 @@
 #include <utility>
 
 /**
- * Which key has signed which package of a repository: the file packages.conf in the repository's root directory. A
- * package is known by component, architecture and name. Each call opens the file anew: not for the interface thread.
+ * Records which key has signed which package of a repository, in the file packages.conf in the repository's root
+ * directory. Component, architecture and name identify a package. Each call reads the file again: not for the interface
+ * thread.
  */
 class SignedPackages
 {
 public:
-    /** `file` is packagesConfPath(); an empty one stands for no record. */
+    /** `file` is packagesConfPath(). With an empty path there is no record. */
     explicit SignedPackages(QString file)
         : m_file(std::move(file))
     { }
@@ -26,24 +27,24 @@ public:
     {
         return repoPath + QLatin1String("/packages.conf");
     }
-    /** The package's name in the record. */
+    /** The key of the package in the file. */
     static QString keyInfoName(const PackageInfo &package);
 
     /** The text of the key that signed the package; empty when the package is unsigned. */
     QString keyInfo(const PackageInfo &package) const;
-    /** All keys, by keyInfoName() of their packages. */
+    /** The texts of all keys, by keyInfoName() of their packages. */
     QHash<QString, QString> allKeyInfo() const;
-    /** Enters the keys into the packages. */
+    /** Sets the signing keys of the packages. */
     void mark(QList<PackageInfoPtr> *packages) const;
 
-    // False when the file cannot be written.
+    // These return false when the file cannot be written.
     bool saveKeyInfo(const PackageInfo &package) const;
     bool removeKeyInfo(const PackageInfo &package) const;
-    /** Removes all entries but those of these names. */
+    /** Removes all entries whose name is not in `names`. */
     bool keepKeyInfo(const QSet<QString> &names) const;
 
 private:
-    /** Qt would wait for ever for what comes out of a pipe. */
+    /** False when the file is a pipe or a device: Qt would wait for ever for its content. */
     bool isUsable() const;
 
     QString m_file;

@@ -7,7 +7,7 @@ QString SigningAdvice::of(const QString &output)
 {
     const auto says
         = [&output](const char *words) { return output.contains(QLatin1String(words), Qt::CaseInsensitive); };
-    // The words of libgpg-error, which both programs print.
+    // Messages of libgpg-error, which gpg and reprepro print.
     if (says("Operation cancelled") || says("Canceled"))
         return tr("The passphrase of the key was not given.");
     if (says("Bad passphrase"))

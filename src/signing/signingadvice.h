@@ -4,11 +4,13 @@
 #include <QCoreApplication>
 #include <QString>
 
-/** What the user can do when gpg refuses to sign. */
+/** Advice for the user when gpg refuses to sign. */
 struct SigningAdvice
 {
     Q_DECLARE_TR_FUNCTIONS(SigningAdvice)
 public:
-    /** A sentence for the output of gpg, or of reprepro, which passes on the words of gpg's library; empty for most. */
+    /**
+     * Advice for the output of gpg or of reprepro, which prints the messages of gpg's library. Empty for most outputs.
+     */
     static QString of(const QString &output);
 };

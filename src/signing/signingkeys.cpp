@@ -6,12 +6,12 @@
 
 namespace
 {
-// Field numbers of the listing, less one; gpg's doc/DETAILS describes them.
+// Indices of the fields in the listing; gpg's doc/DETAILS counts them from 1.
 constexpr int Validity = 1;
 constexpr int Expiry = 6;
-constexpr int UserId = 9; // of "fpr" lines the fingerprint
+constexpr int UserId = 9; // in "fpr" lines the fingerprint
 constexpr int Capabilities = 11;
-constexpr int Token = 14; // "#" in place of the secret part that is missing
+constexpr int Token = 14; // "#" when the secret part is missing
 constexpr int WarningDays = 30;
 
 QDateTime expiry(const QStringList &fields)
@@ -20,7 +20,7 @@ QDateTime expiry(const QStringList &fields)
     return seconds > 0 ? QDateTime::fromSecsSinceEpoch(seconds) : QDateTime();
 }
 
-/** The state of a key or subkey by itself; small letters are its own capabilities. */
+/** The state of one key or subkey, regardless of its subkeys. Lower-case letters are its own capabilities. */
 SigningKey::State ownState(const QStringList &fields)
 {
     const QString validity = fields.value(Validity);
@@ -36,7 +36,7 @@ SigningKey::State ownState(const QStringList &fields)
     return fields.value(Token) == QLatin1String("#") ? SigningKey::NoSecretKey : SigningKey::Usable;
 }
 
-/** Lets a subkey sign where the primary key itself does not. */
+/** Marks a key as usable when its primary key cannot sign but this subkey can. */
 void considerSubkey(const QStringList &fields, SigningKey *key)
 {
     if ((key->state != SigningKey::CannotSign && key->state != SigningKey::NoSecretKey)

@@ -6,7 +6,7 @@
 #include <QString>
 #include <QVector>
 
-/** What the user's key ring says of one key, as far as it matters for signing packages. */
+/** The state of one key in the user's key ring, as far as it matters for signing packages. */
 struct SigningKey
 {
     Q_DECLARE_TR_FUNCTIONS(SigningKey)
@@ -17,21 +17,21 @@ public:
         Expired,
         Revoked,
         Disabled,
-        CannotSign, ///< neither the key nor a subkey is meant for signatures
-        Ambiguous ///< another key has the same short id, so that the id names none
+        CannotSign, ///< neither the key nor a subkey is made for signatures
+        Ambiguous ///< another key has the same short id, so the id identifies no key
     };
 
     QString fingerprint; ///< of the primary key
     State state = NoSecretKey;
-    QDateTime expires; ///< when it stops or stopped signing; invalid: never
+    QDateTime expires; ///< when the key stops signing, also in the past; invalid: never
 
-    /** Why the key cannot sign, for the user; empty when it can. */
+    /** Text for the user: why the key cannot sign; empty when it can. */
     QString obstacle() const;
-    /** A word of warning when a usable key expires within 30 days; else empty. */
+    /** A warning for the user when a usable key expires within 30 days; else empty. */
     QString warning(const QDateTime &now) const;
 
-    /** All keys in what "gpg --with-colons --list-secret-keys" printed. */
+    /** All keys in the output of "gpg --with-colons --list-secret-keys". */
     static QVector<SigningKey> parse(const QString &listing);
-    /** The one of `keys` that the short id (the last digits of a fingerprint) names. */
+    /** The key in `keys` with this short id (the last digits of its fingerprint). */
     static SigningKey find(const QVector<SigningKey> &keys, const QString &shortId);
 };

@@ -17,8 +17,8 @@ const QLatin1String scriptName("/velt-admin-repo-sign.sh");
 constexpr int ShortIdLength = 8;
 
 /**
- * The folder of the script that was installed together with the running program, else the system-wide one. Never a
- * folder of the user's: whatever can write there would decide what a signature covers.
+ * The folder of the script that was installed together with the running program, or else the system-wide folder. Never
+ * a folder of the user: a program that can write there could change what a signature covers.
  */
 QString findScriptDir()
 {
@@ -27,7 +27,7 @@ QString findScriptDir()
         = QFileInfo(QCoreApplication::applicationDirPath() + QLatin1String("/../share")).canonicalFilePath();
     if (!beside.isEmpty() && QFileInfo::exists(beside + application + scriptName))
         return beside + application;
-    // The user's own folder is the first, the administrator's local one the second.
+    // The user's own folder comes first, and /usr/local of the administrator second.
     constexpr int SystemWide = 2;
     return QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation).value(SystemWide)
            + application;
@@ -41,7 +41,7 @@ SignProcess::SignProcess(QObject *parent)
 
 QStringList SignProcess::keys()
 {
-    // The key store has no time limit of its own, and one that is missing it does not tell from an empty one.
+    // The key store has no time limit, and a missing gpg looks to it like an empty key ring.
     if (!readSecretKeys())
         return {};
     static QMutex oneAtATime;
