@@ -15,7 +15,7 @@
 
 #include <memory>
 
-// Outside any namespace: the macro declares a function of the resource compiler.
+// Not in a namespace: the macro declares a function of the resource compiler.
 static void initIconResource()
 {
     Q_INIT_RESOURCE(velticons);
@@ -38,8 +38,9 @@ QString &shownLanguage()
 }
 
 /**
- * In the first of the user's languages that we speak, else in English, whose file has the plural forms. The toolkit
- * may speak more languages, but its buttons shall not stand in another one than the question above them.
+ * Installs the translation for the first of the user's languages that we have, or else for English, whose file has the
+ * plural forms. Qt's own texts use the same language, even if Qt has more languages: a button must not differ from the
+ * question above it.
  */
 void installTranslations(const QString &folder)
 {
@@ -59,7 +60,7 @@ void installTranslations(const QString &folder)
     install(std::move(own));
 }
 
-/** Not the toolkit's display name: that is added to every window title, and ours begin with the name already. */
+/** Not Qt's display name: Qt appends it to every window title, and our titles already begin with the name. */
 QString &shownName()
 {
     static QString name;
@@ -108,7 +109,7 @@ QString veltAppDescription()
 void veltSetUpIconThemes()
 {
     initIconResource();
-    // Platforms without a desktop (offscreen) know no theme folder and no theme name at all.
+    // A platform without a desktop (offscreen) has no theme folders and no theme name.
     QStringList paths = QIcon::themeSearchPaths();
     const QStringList installed = QStandardPaths::locateAll(
         QStandardPaths::GenericDataLocation, QStringLiteral("icons"), QStandardPaths::LocateDirectory);
@@ -116,7 +117,7 @@ void veltSetUpIconThemes()
         if (!paths.contains(path))
             paths.append(path);
     }
-    // Last, so that a drawing of ours never hides one of the desktop's.
+    // Our folder is the last, so that our icons never hide the desktop's icons.
     const QString own = QStringLiteral(":/icons");
     paths.removeAll(own);
     paths.append(own);

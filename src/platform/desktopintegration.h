@@ -4,31 +4,31 @@
 #include <QString>
 
 /**
- * Gives the application its names, version and organisation, so that settings live in
- * ~/.config/corvana/velt-admin-repo.conf, and installs our translation that fits the user's languages, with the
- * toolkit's own of the same language. With a graphical application it also sets up the icon themes. Call it once,
- * right after the application object has been made.
+ * Sets the names, version and organisation of the application, so that its settings are in
+ * ~/.config/corvana/velt-admin-repo.conf. Installs our translation for the user's language, and Qt's translation for
+ * the same language. In a graphical application it also sets up the icon themes. Call it once, directly after creating
+ * the application object.
  */
 void veltInit(const QString &version, const QString &displayName);
 
-/** The name that veltInit() was given, as a reader sees it in texts. */
+/** The display name that was passed to veltInit(). */
 QString veltDisplayName();
 
-/** Language of the program's texts, as "de"; English when the user's has no translation. */
+/** Language of the program's texts, such as "de"; "en" when there is no translation for the user's language. */
 QString veltLanguage();
 
-/** One line, translated, that says what the program is. */
+/** A translated one-line description of the program. */
 QString veltAppDescription();
 
 /**
- * Makes every icon name that the program uses resolvable: the desktop's theme answers first, then breeze (its dark
- * form when the palette is dark), and our own drawings for names that no theme has. Needs a graphical application.
+ * Makes all icon names of the program available. The desktop's theme comes first, then breeze (or breeze-dark with a
+ * dark palette), and then our own icons for names that no theme has. Needs a graphical application.
  */
 void veltSetUpIconThemes();
 
 /**
- * Absolute path of an installed file, given relative to the data folder (for example "velt-admin-repo/x"): beside
- * the running program first, so that a tree installed to any prefix finds its own files, then in the system's data
- * folders. Empty when there is none.
+ * Absolute path of an installed file. The argument is relative to the data folder (for example "velt-admin-repo/x").
+ * The folder beside the running program is searched first, so that an installation with any prefix finds its own files,
+ * then the system's data folders. Empty when there is no such file.
  */
 QString veltDataFile(const QString &relativePath);

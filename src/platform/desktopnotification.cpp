@@ -31,14 +31,14 @@ void send(const QString &application, const QString &program, const QString &sum
                        QStringList(),
                        QVariantMap{{QStringLiteral("desktop-entry"), program}},
                        desktopsOwnTime});
-    // The service's answer, the number of the notification or an error, is of no use to us.
+    // We need neither the number of the notification nor an error.
     bus.send(call);
 }
 } // namespace
 
 void DesktopNotification::show(const QString &summary, const QString &body)
 {
-    // The first call connects to the bus, which takes as long as the bus takes.
+    // The first call connects to the bus, which may take long.
     QThreadPool::globalInstance()->start(
         [application = veltDisplayName(), program = QGuiApplication::desktopFileName(), summary, body] {
             send(application, program, summary, body);

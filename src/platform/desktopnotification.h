@@ -3,12 +3,12 @@
 
 #include <QString>
 
-/** Short messages of the desktop, for a user who looks at something else at the moment. */
+/** Short desktop messages for a user who is looking at another window. */
 namespace DesktopNotification
 {
 /**
- * Shows `summary` and, smaller, `body` (plain text both) with the program's icon. Returns at once; without a session
- * bus, or without a desktop that shows notifications, nothing happens.
+ * Shows `summary` and, in smaller letters, `body` with the program's icon. Both are plain text. Returns at once.
+ * Nothing happens without a session bus or without a desktop that shows notifications.
  */
 void show(const QString &summary, const QString &body);
 } // namespace DesktopNotification

@@ -18,12 +18,12 @@ bool isPackageName(const QString &name)
 
 ProcessCall listingCall(const QString &package)
 {
-    // The listing cuts names to the width of a terminal that the environment may speak of.
+    // dpkg cuts names to the width of the terminal, which COLUMNS overrides.
     return {
         QStringLiteral("dpkg"), {QStringLiteral("-l"), package}, {}, {QStringLiteral("COLUMNS=1000")}, -1};
 }
 
-/** Its menu entry's starter asks for the administrator's password; without one only root may start it. */
+/** synaptic-pkexec, the program of the menu entry, asks for the administrator's password. Plain synaptic needs root. */
 QString synapticProgram()
 {
     const QString starter = QStandardPaths::findExecutable(QStringLiteral("synaptic-pkexec"));
@@ -35,8 +35,8 @@ namespace VeltAdmin
 {
 bool PackageManager::listsAsInstalled(const QString &listing, const QString &package)
 {
-    // The first letter is what is wished for, and a package on hold is installed too; an architecture can follow the
-    // name, and another name can begin with it.
+    // The first letter is the desired action; a package on hold is installed too. The name can have an architecture
+    // suffix, and another name can begin with it.
     const QRegularExpression line(
         QStringLiteral("^[uihrp]i\\s+%1(?::[a-z0-9-]+)?\\s").arg(QRegularExpression::escape(package)),
         QRegularExpression::MultilineOption);
@@ -66,7 +66,7 @@ bool PackageManager::runSynapticWithPackageSelected(const QString &package, bool
     const QString program = synapticProgram();
     if (program.isEmpty() || !isPackageName(package))
         return false;
-    // What to mark is read from the standard input, which stays open after the file has gone.
+    // Synaptic reads the selection from its standard input, which stays open after the file is deleted.
     QTemporaryFile selection;
     if (!selection.open() || selection.write(package.toLatin1() + " install\n") < 0 || !selection.flush())
         return false;

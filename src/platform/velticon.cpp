@@ -12,7 +12,7 @@
 
 namespace
 {
-/** Icons up to this many pixels are so small that an overlay needs more than a quarter, and bolder lines. */
+/** Up to this size in pixels, an overlay needs more than a quarter of the icon, and bolder lines. */
 constexpr int smallIcon = 32;
 
 /** The part of `image` that is not transparent. */
@@ -29,7 +29,7 @@ QImage trimmed(const QImage &image)
     return bounds.isEmpty() ? image : image.copy(bounds);
 }
 
-/** Whether `image` is drawn with lines, as a check mark is, and not as a filled shape. */
+/** Whether `image` consists of lines, like a check mark, and is not a filled shape. */
 bool isLineDrawing(const QImage &image)
 {
     qint64 covered = 0;
@@ -41,7 +41,7 @@ bool isLineDrawing(const QImage &image)
     return covered * 2 < Opaque * image.width() * image.height();
 }
 
-/** `image` painted once at each offset from 0 to `reach` pixels, which makes its lines broader by as much. */
+/** `image` painted at each offset from 0 to `reach` pixels. Its lines become broader by `reach`. */
 QImage emboldened(const QImage &image, int reach)
 {
     QImage bold(image.size() + QSize(reach, reach), QImage::Format_ARGB32_Premultiplied);
@@ -54,12 +54,12 @@ QImage emboldened(const QImage &image, int reach)
     return bold;
 }
 
-/** The overlay for an icon of `size`, without empty borders, so that none of the few pixels is lost. */
+/** The overlay for an icon of `size`, without empty borders, so that it uses all of its few pixels. */
 QImage overlayImage(const QIcon &overlay, const QSize &size, QIcon::Mode mode, QIcon::State state)
 {
     const bool isSmall = qMax(size.width(), size.height()) <= smallIcon;
     const QSize room = size * (isSmall ? 0.6 : 0.5);
-    // Themes draw nothing for smaller sizes than this.
+    // Themes have no drawings for smaller sizes.
     constexpr int LeastSource = 22;
     const int side = qMax(LeastSource, qMax(room.width(), room.height()));
     QImage source(side, side, QImage::Format_ARGB32_Premultiplied);
@@ -73,7 +73,7 @@ QImage overlayImage(const QIcon &overlay, const QSize &size, QIcon::Mode mode, Q
     return shape.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
-/** Composes at the size that is asked for, so that the result is sharp at any size and pixel ratio. */
+/** Composes the icon at the requested size, so that it is sharp at every size and pixel ratio. */
 class OverlayEngine : public QIconEngine
 {
 public:
@@ -108,7 +108,7 @@ public:
         m_base.paint(&painter, QRect(QPoint(0, 0), size), Qt::AlignCenter, mode, state);
         const QImage overlay = overlayImage(m_overlay, size, mode, state);
         const QPoint corner(size.width() - overlay.width(), size.height() - overlay.height());
-        // A gap around it tells it from the base, whatever their colours.
+        // A gap around the overlay separates it from the base, whatever their colours.
         const int gap = qMax(1, size.width() / 16);
         painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
         painter.drawImage(corner - QPoint(gap, gap), emboldened(overlay, 2 * gap));
@@ -151,7 +151,7 @@ QIcon VeltIcon::withOverlay(const QString &base, const QString &overlay)
 {
     static QHash<QPair<QString, QString>, QIcon> cache;
     static QString cachedTheme;
-    // A change of the desktop's theme makes every cached icon a picture of the old one.
+    // After a change of the desktop's theme, all cached icons belong to the old theme.
     if (cachedTheme != QIcon::themeName()) {
         cachedTheme = QIcon::themeName();
         cache.clear();

@@ -4,12 +4,12 @@
 #include <QIcon>
 #include <QString>
 
-/** Icons that are put together from theme icons. */
+/** Icons that are composed of theme icons. */
 namespace VeltIcon
 {
 /**
- * The theme icon `base` with the theme icon `overlay` in its lower right corner; an empty `overlay` gives the base
- * alone. The result is cached, so that asking again for the same pair costs a look-up. Interface thread only.
+ * The theme icon `base` with the theme icon `overlay` in its lower right corner. With an empty `overlay` it is the base
+ * alone. The result is cached: a second call with the same names is only a look-up. Interface thread only.
  */
 QIcon withOverlay(const QString &base, const QString &overlay);
 } // namespace VeltIcon

@@ -19,10 +19,10 @@ HelpWindow::HelpWindow()
     , m_message(new QLabel(this))
 {
     setWindowTitle(tr("Help"));
-    // A small screen also has a panel and the window's own frame.
+    // A small screen must also have room for a panel and the window frame.
     resize(QSize(960, 660).boundedTo(screen()->availableSize() - QSize(40, 60)));
     build();
-    // Esc and the title bar hide a dialog; nobody would bring this one back as it was.
+    // Esc and the close button only hide a dialog. A hidden help window is never shown again.
     connect(this, &QDialog::finished, this, &QObject::deleteLater);
 }
 
@@ -156,7 +156,7 @@ bool HelpWindow::findOnPage(Direction direction, bool fromEdge)
                            backward ? QTextDocument::FindBackward : QTextDocument::FindFlags());
 }
 
-/** Starting with the neighbour of the page shown and ending with that page itself; empty when no page has it. */
+/** The next page with the text, starting after the present page and ending with it; empty when no page has the text. */
 QUrl HelpWindow::nextPageWithText(Direction direction) const
 {
     const QUrl current = m_browser->source().adjusted(QUrl::RemoveFragment);

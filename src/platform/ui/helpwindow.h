@@ -9,8 +9,8 @@ class QLineEdit;
 class QTextBrowser;
 
 /**
- * Shows the help pages, with a history and a search that goes through all pages of the folder. Links to other places
- * are opened by the desktop.
+ * Shows the help pages, with a history and a search in all pages of the folder. The desktop opens links to other
+ * places.
  */
 class HelpWindow : public QDialog
 {
@@ -18,12 +18,12 @@ class HelpWindow : public QDialog
 public:
     HelpWindow();
 
-    /** `page` is a local file, with the anchor to be shown as its fragment. */
+    /** `page` is a local file. Its fragment is the anchor to show. */
     void showPage(const QUrl &page);
 
     /**
-     * Makes the window usable while `owner` or a dialog above it is modal: it becomes a child of the one that is open,
-     * and goes back to what is below when that closes.
+     * Makes the window usable while `owner` or a dialog above it is modal: the window becomes a child of the open
+     * dialog. When that dialog closes, the window becomes a child of the window below.
      */
     void moveTo(QWidget *owner);
 

@@ -3,7 +3,7 @@
 
 #include <QDialog>
 
-/** Says what the program is: its icon, name, version, purpose and licence, all taken from the application object. */
+/** Shows the icon, name, version, purpose and licence of the program. All come from the application object. */
 class VeltAboutDialog : public QDialog
 {
     Q_OBJECT
@@ -11,6 +11,6 @@ public:
     explicit VeltAboutDialog(QWidget *parent = nullptr);
 
 Q_SIGNALS:
-    /** The user wants to know about the toolkit too. */
+    /** The user wants to see the information about Qt. */
     void aboutQtRequested();
 };

@@ -9,7 +9,7 @@
 
 namespace
 {
-// Counted up when the tool bars or docks change so much that an old record no longer fits.
+// Increase it when tool bars or docks change so much that an old record no longer fits.
 constexpr int stateVersion = 1;
 const QLatin1String geometryKey("geometry");
 const QLatin1String stateKey("state");
@@ -20,7 +20,7 @@ QString keyOf(const QWidget *window, const QLatin1String &key)
     return QString::fromLatin1(window->metaObject()->className()) + QLatin1Char('/') + key;
 }
 
-/** The screen that shows most of `rect`; the primary one when none does. */
+/** The screen that shows most of `rect`; the primary screen when none shows it. */
 QRect screenFor(const QRect &rect)
 {
     QRect best = QGuiApplication::primaryScreen()->availableGeometry();
@@ -37,7 +37,7 @@ QRect screenFor(const QRect &rect)
     return best;
 }
 
-/** Widths of the frame that the desktop draws around a shown window: left, top, right, bottom. */
+/** Widths of the window frame that the desktop draws: left, top, right, bottom. */
 QVariantList frameOf(const QWidget &window)
 {
     const QRect inner = window.geometry();
@@ -48,7 +48,10 @@ QVariantList frameOf(const QWidget &window)
             outer.bottom() - inner.bottom()};
 }
 
-/** The frame that a window will get, which nobody can say before it is shown: the last one, or a usual one. */
+/**
+ * The frame that a window will get. It is not known before the window is shown, so the last frame or a usual one is
+ * used.
+ */
 QMargins expectedFrame(const QVariantList &lastFrame)
 {
     constexpr int MostPixels = 200;
@@ -63,7 +66,7 @@ QMargins expectedFrame(const QVariantList &lastFrame)
     return {1, 24, 1, 5};
 }
 
-/** `wanted` (without its frame) moved, and shrunk where it must, so that the frame is on a screen too. */
+/** `wanted` (without its frame), moved and if necessary made smaller, so that the frame is on a screen too. */
 QRect movedOnScreen(const QRect &wanted, const QMargins &frame)
 {
     const QRect screen = screenFor(wanted).marginsRemoved(frame);
@@ -73,7 +76,7 @@ QRect movedOnScreen(const QRect &wanted, const QMargins &frame)
     return rect;
 }
 
-/** A damaged record can pass for a window of next to no size. */
+/** A damaged record can give a window of nearly no size. */
 bool isUsable(const QRect &rect)
 {
     constexpr int LeastPixels = 50;
@@ -94,10 +97,10 @@ void veltSaveGeometry(QWidget *window, QSettings &settings, bool saveState)
 void veltRestoreGeometry(QWidget *window, QSettings &settings, const QRect &defaultRect, bool restoreState)
 {
     const QByteArray geometry = settings.value(keyOf(window, geometryKey)).toByteArray();
-    // Qt checks how a record begins but not where it ends: a cut one would give a window of no size.
+    // Qt checks the start of a record but not its end: a truncated record would give a window without size.
     const bool restored
         = geometry.size() >= window->saveGeometry().size() && window->restoreGeometry(geometry);
-    // A maximised window keeps its state: setting a rectangle would end it.
+    // A maximised window must stay maximised: setting a rectangle would end this state.
     const bool spansScreen = restored && (window->isMaximized() || window->isFullScreen());
     if (!spansScreen) {
         const QRect wanted = restored && isUsable(window->geometry()) ? window->geometry() : defaultRect;

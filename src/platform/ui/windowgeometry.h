@@ -7,13 +7,13 @@ class QSettings;
 class QWidget;
 
 /**
- * Stores where `window` stands and how large it is below a group with its class name; with `saveState` also where
- * the tool bars and docks of a main window are.
+ * Stores the position and size of `window` in a group with its class name. With `saveState` it also stores the tool
+ * bars and docks of a main window.
  */
 void veltSaveGeometry(QWidget *window, QSettings &settings, bool saveState);
 
 /**
- * Puts `window` back to what veltSaveGeometry() stored. Without a usable record it gets `defaultRect`. Either way it
- * ends up, with its title bar, on a screen that is there now, no larger than that screen.
+ * Restores the result of veltSaveGeometry(). Without a usable record the window gets `defaultRect`. In both cases the
+ * window with its title bar ends on an existing screen and is not larger than this screen.
  */
 void veltRestoreGeometry(QWidget *window, QSettings &settings, const QRect &defaultRect, bool restoreState);
