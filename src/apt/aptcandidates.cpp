@@ -13,12 +13,12 @@
 
 namespace
 {
-/** Characters of names in one run; the system allows thirty times as many for all arguments. */
+/** Most characters of names in one run. The system allows thirty times as many for all arguments. */
 constexpr int BatchLength = 60000;
 
 const QString AptConfig = QStringLiteral("apt-config");
 
-/** The value of a line NAME='VALUE' as apt-config prints it for a shell. */
+/** The value of a line NAME='VALUE', which apt-config prints for a shell. */
 QString shellValue(const QString &output, const QString &name)
 {
     const QRegularExpression line(QStringLiteral("^%1='(.*)'$").arg(name),
@@ -26,7 +26,7 @@ QString shellValue(const QString &output, const QString &name)
     return line.match(output).captured(1).replace(QLatin1String("'\\''"), QLatin1String("'"));
 }
 
-/** What "apt-config dump" prints for our format: a key and a value in each line. */
+/** The values in the output of "apt-config dump" with our format: a key and a value on each line. */
 QSet<QString> dumpedValues(const QString &output)
 {
     QSet<QString> values;
@@ -63,14 +63,14 @@ bool AptCandidates::prefetch(const QVector<PackageQuestion> &questions, const St
 
 bool AptCandidates::isAskable(const PackageQuestion &question) const
 {
-    // apt's sources list no installer packages, and an ordinary package of that name is no substitute.
+    // apt's sources list no installer packages, and an ordinary package of the same name cannot replace one.
     return question.type == PackageType::Deb && AptCommands::isPackageName(question.name)
            && AptCommands::isArchitecture(question.architecture) && canAnswer(question);
 }
 
 bool AptCandidates::canAnswer(const PackageQuestion &question) const
 {
-    // What nobody could have packages for is no matter of apt's settings.
+    // Questions that no apt could answer are not a problem of apt's configuration.
     return m_architectures.isEmpty() || m_architectures.contains(question.architecture)
            || question.architecture == QLatin1String("all") || question.type != PackageType::Deb
            || !AptCommands::isArchitecture(question.architecture);
@@ -78,7 +78,7 @@ bool AptCandidates::canAnswer(const PackageQuestion &question) const
 
 QVector<Candidate> AptCandidates::candidates(const PackageQuestion &question) const
 {
-    // apt files packages for all architectures under its own.
+    // apt lists packages of architecture "all" under its own architecture.
     if (question.architecture == QLatin1String("all"))
         return m_answers.value({question.name, m_architecture, question.type});
     return m_answers.value(question);
@@ -148,8 +148,8 @@ bool AptCandidates::prepare(const StopRequest &stopped)
     m_architectures = dumpedValues(known);
     m_architecture = shellValue(output, QStringLiteral("ARCHITECTURE"));
     const QString cacheFile = shellValue(output, QStringLiteral("CACHE"));
-    // Without a cache file that it may write apt reads all lists anew in every run; and a list of our own must not
-    // leave its traces in the system's file.
+    // Without a writable cache file, apt reads all lists again in every run. A private list must not change the
+    // system's cache file.
     if (!m_sourceList.isEmpty() || cacheFile.isEmpty()
         || !QFileInfo(QFileInfo(cacheFile).path()).isWritable())
         m_cache = std::make_unique<ScratchFolder>();
@@ -159,7 +159,7 @@ bool AptCandidates::prepare(const StopRequest &stopped)
 QStringList AptCandidates::options() const
 {
     QStringList result = AptCommands::privateListOptions(m_sourceList);
-    // apt-cache takes an unknown name with a dot or a plus for a pattern, and "a." fits nearly all packages there are.
+    // Otherwise apt-cache reads an unknown name with a dot or plus as a pattern, and "a." matches nearly all packages.
     result << QStringLiteral("-o") << QStringLiteral("APT::Cmd::Pattern-Only=true");
     if (m_cache && m_cache->isValid()) {
         for (const auto *const file : {"pkgcache", "srcpkgcache"})
@@ -201,7 +201,7 @@ bool AptCandidates::run(const QString &program,
     call.stopped = stopped;
     const ProcessResult result = runProcess(call);
     if (!result.succeeded()) {
-        // A program that was ended for the user's sake has not failed.
+        // A program that was killed because of a stop request has not failed.
         m_failed = !stopped || !stopped();
         m_errorDetail = result.errorOutput;
         return false;

@@ -55,7 +55,8 @@ QStringList downloadArguments(const QString &name, const QString &version, const
 
 QStringList searchArguments(const QString &prefix)
 {
-    // apt reads the text as an extended expression, where a plus repeats; for grep it is a plain character.
+    // apt reads the text as an extended regular expression, where a plus repeats. For grep a plus is an ordinary
+    // character.
     QString expression = prefix;
     expression.replace(QLatin1Char('+'), QLatin1String("\\\\+"));
     return {QStringLiteral("-c"),
@@ -64,7 +65,7 @@ QStringList searchArguments(const QString &prefix)
 
 bool isPackageName(const QString &name)
 {
-    // Wider than the archive's rule: dpkg accepts capitals and underscores, and packages with them exist.
+    // Less strict than the rule of the archive: dpkg accepts capital letters and underscores, and such packages exist.
     static const QRegularExpression expression = whole(QStringLiteral("[A-Za-z0-9][A-Za-z0-9+._-]*"));
     return expression.match(name).hasMatch();
 }
@@ -86,10 +87,10 @@ bool isDownloadOf(const QString &fileName,
                   const QString &version,
                   const QString &architecture)
 {
-    // apt writes the colon of an epoch as a percent escape.
+    // apt writes the colon after an epoch as "%3a".
     QString fileVersion = version;
     fileVersion.replace(QLatin1Char(':'), QLatin1String("%3a"));
-    // Up to the dot of the suffix and from the start: else libfoo_1_amd64.deb would pass for foo's.
+    // From the start of the name to the dot of the suffix; otherwise libfoo_1_amd64.deb would match foo.
     return fileName.startsWith(QStringLiteral("%1_%2_%3.").arg(name, fileVersion, architecture))
            || fileName.startsWith(QStringLiteral("%1_%2_all.").arg(name, fileVersion));
 }

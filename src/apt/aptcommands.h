@@ -5,9 +5,9 @@
 #include <QStringList>
 
 /**
- * What apt and apt-cache are asked, and the names apt gives to the files it downloads. Names and architectures come
- * from the fields of other people's packages, so they are checked before they get here: apt reads a leading dash as
- * an option and `*` or `?` as a pattern.
+ * Arguments for apt and apt-cache, and the names of the files that apt downloads. Names and architectures come from
+ * other people's packages, so they must be checked before these functions get them: apt reads a leading dash as an
+ * option, and `*` or `?` as a pattern.
  */
 namespace AptCommands
 {
@@ -30,19 +30,19 @@ QStringList recordsArguments(const QString &name, const QString &listFile);
 QStringList recordsArguments(const QStringList &names, const QString &listFile);
 /** For apt. */
 QStringList downloadArguments(const QString &name, const QString &version, const QString &architecture);
-/** For bash: a search for names that begin with `prefix`, which has passed isSearchPrefix(). */
+/** For bash: a search for names that begin with `prefix`. `prefix` must pass isSearchPrefix(). */
 QStringList searchArguments(const QString &prefix);
 
-/** True when `name` can only be understood as the name of one package. */
+/** True when apt can read `name` only as the name of one package. */
 bool isPackageName(const QString &name);
-/** True when `architecture` can only be understood as an architecture. */
+/** True when apt can read `architecture` only as an architecture. */
 bool isArchitecture(const QString &architecture);
-/** True when a package name can begin with `text`; nothing else may reach the shell. */
+/** True when a package name can begin with `text`. No other text may reach the shell. */
 bool isSearchPrefix(const QString &text);
 
 /**
- * True when `fileName` is what apt calls the download of this package: for its own architecture or, as apt does not
- * tell them apart on the command line, for all.
+ * True when `fileName` is the name that apt gives to the download of this package. The file may be for this
+ * architecture or for "all", because the command line of apt is the same for both.
  */
 bool isDownloadOf(const QString &fileName,
                   const QString &name,

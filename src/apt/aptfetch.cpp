@@ -17,7 +17,7 @@ QString setting(const QString &key, const QString &value)
     return QStringLiteral("%1 \"%2\";\n").arg(key, value);
 }
 
-/** A kind of failure: how apt puts it, with the source in the group "source", and how we do. */
+/** One type of failure: apt's message, with the source in the group "source", and our message. */
 struct Failure
 {
     QRegularExpression expression;
@@ -26,7 +26,7 @@ struct Failure
 
 const std::array<Failure, 6> &failures()
 {
-    // The first that matches counts, so the general ones come last.
+    // The first match is used, so the general ones come last.
     static const std::array<Failure, 6> all{{
         {QRegularExpression(
              QStringLiteral("Skipping acquire of configured file .* as repository '(?<source>.+?)'"
@@ -59,7 +59,8 @@ QString AptFetch::configuration(const Places &places, const QStringList &archite
     QString text;
     for (const QString &file : places.included)
         text += QStringLiteral("#include \"%1\";\n").arg(file);
-    // Nothing of the system is to be told, and only package lists are wanted: others can be a hundred times as long.
+    // No hooks of the system run after an update, and only package lists are fetched: other lists can be 100 times as
+    // large.
     text += QStringLiteral(
         "#clear APT::Update;\n#clear Acquire::IndexTargets;\n"
         "Acquire::IndexTargets::deb::Packages {\n"
@@ -75,14 +76,14 @@ QString AptFetch::configuration(const Places &places, const QStringList &archite
     const QVector<std::pair<const char *, QString>> settings{
         {"Acquire::Languages", QStringLiteral("none")},
         {"APT::Cache::ShowFull", QStringLiteral("true")},
-        // In a compressed list apt unpacks all that lies before a record to show it.
+        // With a compressed list, apt unpacks everything before a record to show the record.
         {"Acquire::GzipIndexes", QStringLiteral("false")},
         {"APT::Update::Error-Mode", QStringLiteral("any")},
-        // Our own publications over FTP are sources too, and apt has that switched off.
+        // Our own FTP publications are sources too, and apt disables its ftp method by default.
         {"Dir::Bin::Methods::ftp", QStringLiteral("ftp")},
         // As root, apt would read the lists as a user who cannot enter this folder.
         {"APT::Sandbox::User", QString()},
-        // Each try waits longer than the one before, and somebody is looking on.
+        // Each attempt waits longer than the one before, and the user is waiting.
         {"Acquire::Retries", QStringLiteral("1")},
         {"Dir::Etc::parts", nothing},
         {"Dir::Etc::main", nothing},
@@ -139,7 +140,7 @@ QStringList AptFetch::problems(const QString &errorOutput)
             others.append(match.captured(1));
     }
     found.removeDuplicates();
-    // What apt says without naming a source sums up, as a rule, what it has said before.
+    // A message of apt without a source usually summarises earlier messages.
     return found.isEmpty() ? others : found;
 }
 

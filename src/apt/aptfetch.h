@@ -7,33 +7,33 @@
 #include <QStringList>
 
 /**
- * What fetching the lists of private sources needs to know: the configuration that apt is run with, how far a run is,
- * and what its messages mean.
+ * Rules for fetching the lists of private sources: apt's configuration, the progress of a run, and the meaning of apt's
+ * messages.
  */
 class AptFetch
 {
     Q_DECLARE_TR_FUNCTIONS(AptFetch)
 public:
-    /** The files and folders that a configuration names. Those that are empty are left out of it. */
+    /** The files and folders for a configuration. Empty ones are left out. */
     struct Places
     {
-        QStringList included; ///< configuration that counts before ours; folders end with a slash
-        QString folder; ///< for the lists, the cache and the rest of apt's state
+        QStringList included; ///< configuration files that are read before ours; folders end with a slash
+        QString folder; ///< for the lists, the cache and all other state of apt
         QString sourceList;
     };
 
     /**
-     * The text of an apt.conf(5) file that hides the system's sources and keeps everything that apt writes below
-     * `places.folder`, for these architectures, the first of which is apt's own. Keys and proxies stay the system's.
+     * The text of an apt.conf(5) file for these architectures; the first one is apt's own. The system's sources are
+     * hidden, and apt writes only below `places.folder`. Keys and proxies of the system stay in use.
      */
     static QString configuration(const Places &places, const QStringList &architectures);
 
-    /** What apt-get's status lines in `output` tell last, in percent; -1 when there is none. */
+    /** The last percentage in apt-get's status lines in `output`; -1 when there is none. */
     static int percent(const QByteArray &output);
 
-    /** Why sources could not be read, one line for the user each; empty when all is well. */
+    /** Why sources could not be read, one line for the user each; empty when there was no problem. */
     static QStringList problems(const QString &errorOutput);
 
-    /** Whether lists fetched at `fetched` (may be invalid) still serve. Local sources change under our hands. */
+    /** Whether lists fetched at `fetched` (may be invalid) are recent enough. Local sources can change at any time. */
     static bool isFresh(const QDateTime &fetched, const QDateTime &now, const QStringList &sources);
 };

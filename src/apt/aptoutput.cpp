@@ -11,7 +11,7 @@ namespace
 {
 const QString AptSourcesField = QStringLiteral("APT-Sources");
 
-/** A source as "policy" and the APT-Sources field write it. */
+/** A source in the form of "policy" and of the APT-Sources field. */
 struct Source
 {
     QString uri;
@@ -22,10 +22,10 @@ struct Source
     QString origin() const { return QStringLiteral("%1 %2 %3").arg(uri, suite, architecture).trimmed(); }
 };
 
-/** The sources named in a line; more than one only where lines were joined. */
+/** The sources in a line; more than one only where lines were joined. */
 QVector<Source> sourcesIn(const QString &text)
 {
-    // What has been taken is not given back, or a word of many slashes would be tried again at each of them.
+    // Possessive quantifiers avoid backtracking: a word of many slashes would be tried again at each slash.
     static const QRegularExpression expression(
         QStringLiteral("(?<!\\S)(?<src>(?:(?:mirror|tor)\\+)?(?:http|https|ftp|file|mirror):\\/\\S++)\\s++"
                        "(?<name>\\S+)\\/(?<component>[^\\s\\/]++)\\s++(?<arch>\\S++)\\s"));
@@ -41,7 +41,7 @@ QVector<Source> sourcesIn(const QString &text)
     return sources;
 }
 
-/** A source that is one folder, without components and architectures; such are written with a slash at their end. */
+/** A source that is one folder, without components and architectures. Its suite ends with a slash. */
 QVector<Source> flatSourceIn(const QString &line)
 {
     static const QRegularExpression expression(
@@ -53,7 +53,7 @@ QVector<Source> flatSourceIn(const QString &line)
     return {{match.captured(QStringLiteral("src")), match.captured(QStringLiteral("name")), {}, {}}};
 }
 
-/** The architecture that ends the name of a package's file. */
+/** The architecture at the end of the name of a package file. */
 QString fileArchitecture(const QString &file)
 {
     static const QRegularExpression expression(QStringLiteral("_([a-z0-9-]+)\\.u?deb$"));
@@ -70,7 +70,7 @@ bool isContinuation(const QString &line)
     return line.startsWith(QLatin1Char(' ')) || line.startsWith(QLatin1Char('\t'));
 }
 
-/** Cuts the output into records: apt puts an empty line behind each. */
+/** Splits the output into records; apt prints an empty line after each record. */
 QVector<QStringList> cutRecords(const QString &show)
 {
     QVector<QStringList> records;
@@ -89,7 +89,7 @@ QVector<QStringList> cutRecords(const QString &show)
     return records;
 }
 
-/** What is read of one record of "apt show". */
+/** The fields that are read from one record of "apt show". */
 struct ShownVersion
 {
     QString name;
@@ -98,7 +98,7 @@ struct ShownVersion
     QString file;
 };
 
-/** The sources of a record: apt 2.6 names only the first; those on continuation lines are read as well. */
+/** The sources of a record. apt 2.6 names only the first source; sources on continuation lines are read too. */
 QVector<Source> recordSources(const QStringList &record)
 {
     QVector<Source> sources;
@@ -119,11 +119,11 @@ QVector<ShownVersion> shownVersions(const QString &show)
     const auto records = cutRecords(show);
     for (const QStringList &record : records) {
         const QString version = AptOutput::fieldValues(record, PackageField::Version).value(0);
-        // A virtual name is shown with a state in place of a version.
+        // A virtual package has a state instead of a version.
         if (version.isEmpty())
             continue;
         const QString name = AptOutput::fieldValues(record, PackageField::Package).value(0);
-        // Foreign architectures qualify the name.
+        // For foreign architectures the name has a suffix.
         result.append({name.section(QLatin1Char(':'), 0, 0),
                        version,
                        recordSources(record),
@@ -185,7 +185,7 @@ QVector<AptPackageRecord> records(const QString &show)
                 = source.architecture.isEmpty() ? fileArchitecture(version.file) : source.architecture;
             const AptPackageRecord record{
                 version.name, version.version, architecture, source.origin(), version.file};
-            // The same version with other contents in another component of the source.
+            // Another component of the source can offer the same version with different contents.
             const bool known = std::any_of(result.cbegin(), result.cend(), [&record](const auto &other) {
                 return other.name == record.name && other.version == record.version
                        && other.repository == record.repository;

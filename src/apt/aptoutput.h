@@ -6,49 +6,53 @@
 #include <QStringList>
 #include <QVector>
 
-/** A version of a package as one source offers it. */
+/** One version of a package from one source. */
 struct AptPackageRecord
 {
     QString name; ///< without an architecture qualifier
     QString version;
-    QString architecture; ///< of the index that lists it, so never "all"
+    QString architecture; ///< architecture of the index that lists the package, so never "all"
     QString repository; ///< origin text: URI, suite and architecture
-    QString file; ///< the package's file below the URI; empty unless apt is set up to show whole records
+    QString file; ///< path of the package file below the URI; empty unless apt shows whole records
 };
 
-/** Whether one source line of a repository serves all its architectures, or each gets a line of its own. */
+/** Whether one source line is for all architectures of a repository, or there is a line for each architecture. */
 enum class SourceGrouping : quint8 { BySuite, BySuiteAndArchitecture };
 
 /**
- * What apt and apt-cache print, made into values. A line that cannot be read is skipped. An origin text is URI, suite
- * and architecture of a source, separated by blanks.
+ * Parsers for the output of apt and apt-cache. A line that cannot be parsed is skipped. An origin text is the URI,
+ * suite and architecture of a source, separated by blanks.
  */
 namespace AptOutput
 {
 /**
  * The sources in the output of "apt-cache policy", in the order of their first appearance: URI, suite and components,
- * as they follow "deb " in a sources list. A line for one architecture begins with the option "[arch=…] ".
+ * as after "deb " in a sources list. A line for one architecture begins with the option "[arch=…] ".
  */
 QStringList sourceLines(const QString &policy, SourceGrouping grouping = SourceGrouping::BySuite);
 
 /**
- * The origin texts by version in the output of "apt show -a". A version that no source offers, such as the installed
- * one, has an empty list; a version that sources offer with different contents is there once, with all their origins.
+ * The origin texts for each version in the output of "apt show -a". A version that no source offers, such as the
+ * installed version, has an empty list. A version that several sources offer with different contents appears once, with
+ * all origins.
  */
 QMap<QString, QStringList> versions(const QString &show);
 
-/** The same output as one record for each version and origin; a version without an origin gives none. */
+/** The same output as one record for each version and origin. There is no record for a version without an origin. */
 QVector<AptPackageRecord> records(const QString &show);
 
-/** The names under "Reverse Provides: " in the output of "apt-cache showpkg", each once, in their order. */
+/** The names below "Reverse Provides: " in the output of "apt-cache showpkg", each once, in their order. */
 QStringList providers(const QString &showpkg);
 
-/** The names that the prefix search printed, each once; grep reads a dot of the prefix as any character. */
+/**
+ * The names in the output of the prefix search, each once. grep reads a dot in the prefix as any character, so they are
+ * checked.
+ */
 QStringList searchedNames(const QString &search, const QString &prefix);
 
-/** The origin text of the source that a line names; empty when it names none that packages are fetched from. */
+/** The origin text of the source in a line; empty when the line contains no source of packages. */
 QString origin(const QString &line);
 
-/** The values of all lines that hold the field, in their order, without surrounding white space. */
+/** The values of all lines with the field, in their order, without surrounding white space. */
 QStringList fieldValues(const QStringList &lines, const QString &field);
 } // namespace AptOutput

@@ -5,10 +5,12 @@
 
 namespace
 {
-/** Where a version stands in its line, behind the mark of the installed one; sources are indented further. */
+/**
+ * Column of the version in its line, after the mark of the installed version. Lines with sources have more indentation.
+ */
 constexpr int VersionColumn = 5;
 
-/** Takes the next line, without its newline, off the front of `rest`. */
+/** Removes the first line from the front of `rest` and returns it without its newline. */
 QStringRef takeLine(QStringRef &rest)
 {
     int end = rest.indexOf(QLatin1Char('\n'));
@@ -19,7 +21,7 @@ QStringRef takeLine(QStringRef &rest)
     return line;
 }
 
-/** The providers in what is printed about one package: lines of name, version and "(= PROVIDED)". */
+/** The providers in the output about one package: lines of name, version and "(= PROVIDED)". */
 QVector<Provider> providersIn(const QString &part)
 {
     QVector<Provider> result;
@@ -33,7 +35,7 @@ QVector<Provider> providersIn(const QString &part)
     for (const QString &name : names) {
         for (const int i : linesOf.value(name)) {
             const QStringList words = lines.at(i).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-            // Without a version there is but a closing parenthesis.
+            // Without a provided version there is only a closing parenthesis.
             result.append({name, words.value(1), words.value(3).chopped(words.size() > 3 ? 1 : 0)});
         }
     }
@@ -51,7 +53,7 @@ namespace AptPolicy
 QVector<ListedVersion> versions(const QString &policy)
 {
     QVector<ListedVersion> result;
-    // A handful of sources is named again and again.
+    // Cached, because a few sources appear again and again.
     QHash<QString, QString> origins;
     QStringRef rest(&policy);
     QString package;
@@ -68,7 +70,7 @@ QVector<ListedVersion> versions(const QString &policy)
             if (!startsWithBlank(text)) {
                 result.append({package, text.left(text.indexOf(QLatin1Char(' '))).toString(), {}});
             } else if (!result.isEmpty()) {
-                // The priority stands in front, and differs where sources are pinned.
+                // The line begins with the priority, which differs for pinned sources.
                 const QStringRef source = text.trimmed();
                 const QString key = source.mid(source.indexOf(QLatin1Char(' ')) + 1).toString();
                 auto origin = origins.find(key);

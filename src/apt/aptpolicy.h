@@ -5,19 +5,18 @@
 
 #include <QHash>
 
-/** What apt-cache prints about many packages in one run, made into values in one pass over the text. */
+/** Parsers for the output of apt-cache about many packages. Each reads the text once. */
 namespace AptPolicy
 {
 /** A version in the output of "apt-cache policy". */
 struct ListedVersion
 {
-    QString package; ///< with ":architecture" when that is not the system's own
+    QString package; ///< with ":architecture" for a foreign architecture
     QString version;
-    QStringList
-        origins; ///< of its sources, see AptOutput::origin(); none for an installed version of no source
+    QStringList origins; ///< see AptOutput::origin(); empty for an installed version without a source
 };
 
-/** The versions of all packages in the output, in its order. */
+/** The versions of all packages, in the order of the output. */
 QVector<ListedVersion> versions(const QString &policy);
 
 /** The providers of every package in the output of "apt-cache showpkg"; their names are AptOutput::providers(). */

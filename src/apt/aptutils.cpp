@@ -11,7 +11,7 @@
 
 namespace
 {
-/** A name, or a name and an architecture with a colon between them. */
+/** Whether the word is a package name, or a name and an architecture with a colon between them. */
 bool isPackageWord(const QString &word)
 {
     const int colon = word.indexOf(QLatin1Char(':'));
@@ -35,7 +35,7 @@ bool AptUtils::setPrivateSources(const QStringList &sources)
     QByteArray text;
     for (const QString &source : sources)
         text += QStringLiteral("deb %1\n").arg(source).toUtf8();
-    // Half a list would answer for other sources than those that were asked.
+    // An incomplete list would give answers for other sources than the requested ones.
     if (!WholeFile::writeOut(*file, text))
         return false;
     m_privateSources = file;
@@ -111,7 +111,7 @@ QVector<AptPackageRecord> AptUtils::packageRecords(const QStringList &names)
     std::copy_if(names.cbegin(), names.cend(), std::back_inserter(accepted), isPackageWord);
     if (accepted.isEmpty())
         return {};
-    // One unknown name makes apt fail, but it shows the others.
+    // One unknown name makes apt fail, but apt shows the other packages.
     const bool succeeded = run(
         AptCommands::Apt, AptCommands::recordsArguments(accepted, privateSourcesFile()), m_workingDirectory);
     if (!succeeded && output().isEmpty())
@@ -135,7 +135,7 @@ QStringList AptUtils::searchByPrefix(const QString &prefix)
 {
     if (!AptCommands::isSearchPrefix(prefix))
         return {};
-    // What was printed counts even when a part of the pipe failed.
+    // The output is used even when a part of the pipe failed.
     run(AptCommands::Bash, AptCommands::searchArguments(prefix), m_workingDirectory);
     return AptOutput::searchedNames(output(), prefix);
 }

@@ -8,9 +8,9 @@
 #include <QTemporaryFile>
 
 /**
- * Asks apt about the packages of public repositories: those of the system's sources, or of a private list. Every call
- * runs the tool again and blocks until it has ended. A query that fails emits error() with what the tool said, and
- * returns nothing; so does one for a name that apt would not read as the name of one package.
+ * Asks apt about the packages of public repositories, from the system's sources or from a private list. Every call runs
+ * the tool again and waits for its end. A query that fails emits error() with the tool's message and returns nothing.
+ * The same happens when apt would not read a name as the name of one package.
  */
 class AptUtils : public ProcessUtils
 {
@@ -19,22 +19,22 @@ public:
     explicit AptUtils(QObject *parent = nullptr);
 
     /**
-     * Makes the queries read a list of these sources, each written as URI, suite and components, instead of the
-     * system's main list. The folder of further lists stays in force. When the list cannot be written the system's
-     * sources are asked, and the return value is false. The search and the download do not use the list.
+     * Makes the queries read a list of these sources instead of the system's main list. Each source consists of URI,
+     * suite and components. The folder with further lists is still read. When the list cannot be written, the system's
+     * sources are used, and the return value is false. The search and the download do not use the list.
      */
     bool setPrivateSources(const QStringList &sources);
     /** Path of the private list; empty without one. */
     QString privateSourcesFile() const;
 
-    /** For the user, when apt has no list of any source. */
+    /** Text for the user when apt has no list of any source. */
     static QString noSourcesText();
-    /** For the user, when packages for architectures were asked for that apt does not know. */
+    /** Text for the user when apt does not know the architectures of some packages. */
     static QString unknownArchitecturesText(const QStringList &architectures);
-    /** The commands that make apt know them, as one would type them. */
+    /** The shell commands that add these architectures to apt. */
     static QString architectureCommands(const QStringList &architectures);
 
-    /** The sources apt knows, as they follow "deb " in a sources list. */
+    /** The sources that apt knows, in the form after "deb " in a sources list. */
     QStringList sourcesFromPolicy(SourceGrouping grouping = SourceGrouping::BySuite);
 
     /** The versions of a package and the origins of each, see AptOutput::versions(). */
@@ -44,32 +44,31 @@ public:
     QVector<AptPackageRecord> packageRecords(const QString &name);
 
     /**
-     * The same for many packages in one run, in their order, each written as a name or as name:architecture. Names that
-     * apt does not know are passed over; an error is told only when nothing could be read. Some hundreds of names fit
-     * into a run.
+     * The same for many packages in one run, in their order. Each is a name or name:architecture. Unknown names are
+     * skipped. An error is reported only when nothing could be read. One run can take some hundreds of names.
      */
     QVector<AptPackageRecord> packageRecords(const QStringList &names);
 
-    /** The packages that provide a name, of any version of theirs. */
+    /** The packages that provide a name, in any of their versions. */
     QStringList providers(const QString &name);
 
     /** The packages whose names begin with `prefix`; takes seconds, and never emits an error. */
     QStringList searchByPrefix(const QString &prefix);
 
-    /** Fetches a package into `folder`; returns the absolute path of the file, empty when none has come. */
+    /** Downloads a package into `folder`. Returns the absolute path of the file; empty when the download failed. */
     QString
     download(const QString &name, const QString &version, const QString &architecture, const QString &folder);
 
 private:
-    /** As run(), and tells of a failure with `failure` as its text. */
+    /** Calls run() and reports a failure with the text `failure`. */
     bool ask(const QString &program,
              const QStringList &arguments,
              const QString &workingDirectory,
              const QString &failure);
-    /** Whether the name may be asked for; if not, tells so with `failure` as the text. */
+    /** Whether apt may be asked for the name; if not, reports it with the text `failure`. */
     bool acceptName(const QString &name, const QString &failure);
     bool acceptArchitecture(const QString &architecture, const QString &failure);
 
-    QString m_workingDirectory; ///< ours at the time of construction
-    QSharedPointer<QTemporaryFile> m_privateSources; ///< the list lives as long as this
+    QString m_workingDirectory; ///< working directory of the program at construction
+    QSharedPointer<QTemporaryFile> m_privateSources; ///< deleted with the last copy of this pointer
 };

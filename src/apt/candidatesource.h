@@ -7,12 +7,12 @@
 
 #include <functional>
 
-/** What a dependency asks for: a name, the architecture it is wanted for and the kind of package that wants it. */
+/** What a dependency needs: a package name, an architecture, and the type of the depending package. */
 struct PackageQuestion
 {
     QString name;
-    QString architecture; ///< "all" stands for any
-    PackageType type = PackageType::Deb; ///< installer packages and ordinary ones never satisfy one another
+    QString architecture; ///< "all" stands for any architecture
+    PackageType type = PackageType::Deb; ///< packages of different types never satisfy each other
 
     friend bool operator==(const PackageQuestion &a, const PackageQuestion &b)
     {
@@ -36,17 +36,17 @@ struct Candidate
 struct Provider
 {
     QString name;
-    QString version; ///< the package's own
-    QString providedVersion; ///< the version as which it provides the name; empty when it gives none
+    QString version; ///< version of the package itself
+    QString providedVersion; ///< version of the provided name; empty when there is none
 };
 
-/** Asked between steps of a long operation; true means that it should end. */
+/** Called between the steps of a long operation; true means: stop. */
 using StopRequest = std::function<bool()>;
 
 /**
  * Knows packages that can satisfy dependencies. Questions are announced in bulk, because a source may have to run a
- * program to answer them; the answers can then be read from several threads at once until the next announcement. A
- * question that was not announced may go unanswered.
+ * program to answer them. Several threads can then read the answers until the next announcement. A question that was
+ * not announced may get no answer.
  */
 class CandidateSource
 {
@@ -56,15 +56,15 @@ public:
     CandidateSource(const CandidateSource &) = delete;
     CandidateSource &operator=(const CandidateSource &) = delete;
 
-    /** False when a stop request has kept some from being asked; a source that fails has no more to say. */
+    /** False when a stop request prevented some questions. A source that has failed returns true. */
     virtual bool prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) = 0;
-    /** False when the source cannot be asked about such packages here: that it offers none says nothing. */
+    /** False when the source cannot know about such packages here. Then a missing candidate means nothing. */
     virtual bool canAnswer(const PackageQuestion & /*question*/) const { return true; }
-    /** The versions on offer, in no order; none when the name is not known. */
+    /** The offered versions, in no particular order; none when the name is unknown. */
     virtual QVector<Candidate> candidates(const PackageQuestion &question) const = 0;
 
-    /** As prefetch(). */
+    /** Like prefetch(), but for providers(). */
     virtual bool prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) = 0;
-    /** The packages that provide the name; the same one more than once when several versions of it do. */
+    /** The packages that provide the name. A package appears once for each of its versions that do so. */
     virtual QVector<Provider> providers(const PackageQuestion &question) const = 0;
 };

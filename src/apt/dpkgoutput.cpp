@@ -6,8 +6,8 @@
 namespace
 {
 /**
- * A line about the archive: its format, its size, or one of its control files. A description may hold the like, so it
- * counts only above the paragraph.
+ * Whether the line is about the archive: its format, its size, or one of its control files. A description may contain
+ * similar lines, so this is valid only before the paragraph.
  */
 bool isHeaderLine(const QString &line)
 {
@@ -18,8 +18,8 @@ bool isHeaderLine(const QString &line)
 }
 
 /**
- * The value of the one line that matches; empty when there is none or more than one. The name of a control file may
- * hold a newline and so bring in fields of its own, which are told by the real ones that follow.
+ * The value of the only line that matches; empty when no line or several lines match. The name of a control file may
+ * contain a newline and so add false fields. The real fields follow them, so such fields appear twice.
  */
 QString singleValue(const QStringList &lines, const QRegularExpression &field)
 {
@@ -42,7 +42,7 @@ namespace DpkgOutput
 {
 QString controlParagraph(const QString &information)
 {
-    // The newline in front lets the first line lose its blank like all others.
+    // With a newline in front, the first line loses its blank like all other lines.
     QString text = QLatin1Char('\n') + information;
     text.replace(QStringLiteral("\n "), QStringLiteral("\n"));
     QStringList lines = text.split(QLatin1Char('\n'));

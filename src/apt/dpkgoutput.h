@@ -5,18 +5,18 @@
 
 #include <optional>
 
-/** What dpkg prints, made into values. */
+/** Parsers for the output of dpkg. */
 namespace DpkgOutput
 {
 /**
- * The control paragraph in the output of "dpkg -I" as it stands in the package: without the lines about the archive
- * and without the blank that dpkg puts before every line.
+ * The control paragraph in the output of "dpkg -I" as it is in the package, without the lines about the archive and
+ * without the blank that dpkg puts before every line.
  */
 QString controlParagraph(const QString &information);
 
 /**
- * The package that the output of "dpkg -I" describes; its architecture can be "all", and it has no file yet. Empty
- * when the name, version or architecture is missing, or is given twice, which dpkg refuses to install too.
+ * The package in the output of "dpkg -I". Its architecture can be "all", and it has no file yet. Empty when the name,
+ * version or architecture is missing or appears twice; dpkg does not install such a package either.
  */
 std::optional<PackageInfo> packageInfo(const QString &information, PackageType type = PackageType::Deb);
 } // namespace DpkgOutput

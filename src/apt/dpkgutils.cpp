@@ -5,11 +5,11 @@
 
 bool DpkgUtils::packageInformation(const QString &path)
 {
-    // Control data of a few kilobytes can be made to fill memory and disk when they are unpacked.
+    // A few kilobytes of control data can unpack to so much that they fill memory and disk.
     constexpr qint64 OutputLimit = 4 << 20;
     constexpr qint64 FileLimit = 256 << 20;
     setLimits(OutputLimit, FileLimit);
-    // dpkg unpacks them into a folder, which it leaves behind when it is killed.
+    // dpkg unpacks the control data into a folder, and leaves this folder behind when it is killed.
     const ScratchFolder folder;
     if (folder.isValid())
         setEnvironment({QLatin1String("TMPDIR=") + folder.path()});
@@ -22,7 +22,7 @@ bool DpkgUtils::packageInformation(const QString &path)
 
 bool DpkgUtils::compareVersions(const QString &versionA, const QString &op, const QString &versionB)
 {
-    // dpkg looks for options up to the first word without a dash, and no version begins with one.
+    // dpkg reads leading words with a dash as options, and no version begins with a dash.
     if (versionA.startsWith(QLatin1Char('-'))) {
         m_errorText = tr("\"%1\" is not a version").arg(versionA);
         return false;

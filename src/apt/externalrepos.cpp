@@ -12,7 +12,7 @@
 
 namespace
 {
-/** A source cut into its parts. */
+/** The parts of a source. */
 struct Parts
 {
     QStringList options;
@@ -32,7 +32,7 @@ Parts partsOf(const QString &normalised)
             match.captured(4).split(QLatin1Char(' '), Qt::SkipEmptyParts)};
 }
 
-/** The address as apt shows it: without user and password, without slashes that mean nothing. */
+/** The address as apt shows it: without user and password, and without redundant slashes. */
 QString shownUri(QString uri)
 {
     static const QRegularExpression account(QStringLiteral("^([a-z0-9+]+://)[^/@]*@"));
@@ -44,7 +44,7 @@ QString shownUri(QString uri)
     return uri;
 }
 
-/** What tells sources apart but for their components. */
+/** Identity of a source without its components. */
 QString placeOf(const Parts &parts)
 {
     QStringList options = parts.options;
@@ -66,7 +66,7 @@ QString identityOf(const QString &source)
     return placeOf(parts) + QLatin1Char(' ') + sortedComponents(parts).join(QLatin1Char(' '));
 }
 
-/** Whether a source is another one of the same place with further components. */
+/** Whether `source` is `earlier` with additional components. */
 bool hasGrownFrom(const Parts &source, const Parts &earlier)
 {
     const QStringList components = sortedComponents(source);
@@ -75,7 +75,7 @@ bool hasGrownFrom(const Parts &source, const Parts &earlier)
         components.cbegin(), components.cend(), earlierComponents.cbegin(), earlierComponents.cend());
 }
 
-/** How well a source fits an origin; 0: not at all. */
+/** How well a source matches an origin; 0: not at all. */
 int fit(const Parts &source, const QStringList &origin)
 {
     if (shownUri(source.uri) != shownUri(origin.value(0)))
@@ -111,7 +111,7 @@ bool isInvisible(QChar character)
            || category == QChar::Separator_Paragraph;
 }
 
-/** An alias as it is kept: on one line, without what would turn round or hide the text around it. */
+/** The stored form of an alias: one line, without invisible characters that reverse or hide the text around it. */
 QString visibleAlias(const QString &alias)
 {
     QString visible;
@@ -119,7 +119,7 @@ QString visibleAlias(const QString &alias)
     std::copy_if(text.cbegin(), text.cend(), std::back_inserter(visible), [](QChar character) {
         return !isInvisible(character);
     });
-    // What was between blanks may have gone.
+    // Removed characters can leave two blanks together.
     return visible.simplified();
 }
 } // namespace
@@ -128,7 +128,7 @@ QString visibleAlias(const QString &alias)
 
 namespace
 {
-/** The readable sources among the values of a group. */
+/** The valid sources in the values of a group. */
 QStringList storedSources(QSettings &settings, const QString &group)
 {
     QStringList sources;
@@ -173,7 +173,7 @@ ExternalRepos ExternalRepos::load(QSettings &settings)
             repos.storedEntry(normalised(source)).alias = alias;
     }
     settings.endGroup();
-    // Their numbers say nothing that would last.
+    // The numbers in the settings are not a stable order.
     std::sort(repos.m_entries.begin(), repos.m_entries.end(), [](const Entry &a, const Entry &b) {
         return a.source < b.source;
     });
@@ -236,7 +236,7 @@ void ExternalRepos::findRows()
 void ExternalRepos::merge(const QStringList &knownSources)
 {
     ExternalRepos merged;
-    QHash<QString, QVector<int>> inPlace; // the rows that can have grown
+    QHash<QString, QVector<int>> inPlace; // rows that may have got more components
     for (int row = 0; row < m_entries.size(); ++row) {
         if (!m_entries.at(row).added)
             inPlace[placeOf(partsOf(m_entries.at(row).source))].append(row);
@@ -248,7 +248,7 @@ void ExternalRepos::merge(const QStringList &knownSources)
         if (merged.m_rows.contains(identity))
             continue;
         int stored = m_rows.value(identity, -1);
-        // A source of the system that was switched off stays so when the administrator adds a component to it.
+        // A disabled source of the system stays disabled when the administrator adds a component to it.
         if (stored < 0 || isTaken.at(stored)) {
             const Parts parts = partsOf(source);
             const auto rows = inPlace.value(placeOf(parts));
@@ -307,7 +307,7 @@ bool ExternalRepos::isOriginAsked(const QString &origin) const
     for (const Entry &entry : m_entries) {
         if (fit(partsOf(entry.source), words) == 0)
             continue;
-        // An origin does not name its component, so that one entry that is on is enough.
+        // An origin does not contain its component, so one enabled entry is enough.
         if (entry.enabled)
             return true;
         isHeld = true;
@@ -343,7 +343,7 @@ void ExternalRepos::setAlias(int row, const QString &alias)
 void ExternalRepos::setEnabled(int row, bool enabled)
 {
     Entry &entry = m_entries[row];
-    // Switching on what apt does not know means that the user wants it all the same.
+    // A user who enables a source that apt does not know wants it to be used anyway.
     if (enabled && !entry.enabled && !entry.known)
         entry.added = true;
     entry.enabled = enabled;
@@ -423,7 +423,7 @@ QString ExternalRepos::refusal(const QString &source)
         return tr("Enter the address, the suite and the components of the repository.");
     if (line.startsWith(QLatin1String("deb-src ")))
         return tr("Lines for source packages cannot be used.");
-    // Each of them would end or change the line for apt, and one bad line makes apt refuse the whole list.
+    // Each of these would end or change the line for apt, and one bad line makes apt reject the whole list.
     for (const QChar special : {QLatin1Char('"'), QLatin1Char('#'), QLatin1Char('\\')}) {
         if (line.contains(special))
             return tr("The character %1 cannot stand in a source line.").arg(special);

@@ -9,25 +9,26 @@
 #include <QVector>
 
 /**
- * The list of external repositories: what apt knows, what the user added, what is switched off, and the names that the
- * user gave them. A source is written as it follows "deb " in a sources list. Sources are the same when they differ
- * only in blanks, in the order of their components, or in ways of writing an address that mean the same to apt.
+ * The list of external repositories: sources that apt knows, sources that the user added, whether each is enabled, and
+ * its name given by the user. A source has the form after "deb " in a sources list. Two sources are the same when they
+ * differ only in blanks, in the order of their components, or in forms of an address that mean the same to apt.
  *
- * What is stored outlives what apt knows: a source may lie on a medium that is not there now.
+ * A stored source stays when apt no longer knows it, because it may be on a medium that is not present now.
  */
 class ExternalRepos
 {
     Q_DECLARE_TR_FUNCTIONS(ExternalRepos)
 public:
+    /** One source of the list. */
     struct Entry
     {
         QString source;
-        QString alias; ///< name to show in place of the origin; may be empty
+        QString alias; ///< name to show instead of the origin; may be empty
         bool enabled = true;
-        bool known = false; ///< apt itself knows the source, so it cannot be changed here
-        bool added = false; ///< the user wants the source whether apt knows it or not
+        bool known = false; ///< apt itself knows the source, so the user cannot change it here
+        bool added = false; ///< the user wants the source even if apt does not know it
 
-        /** Whether the source is asked. A name alone does not bring back what apt has forgotten. */
+        /** Whether the source is used. An alias alone does not bring back a source that apt has forgotten. */
         bool isAsked() const { return enabled && (known || added); }
         friend bool operator==(const Entry &a, const Entry &b)
         {
@@ -36,37 +37,37 @@ public:
         }
     };
 
-    /** What was stored; an entry that is no source, or none any more, is left out. Knows nothing of apt yet. */
+    /** The stored list, without entries that are not valid sources. No source counts as known to apt yet. */
     static ExternalRepos load(QSettings &settings);
-    /** Writes the list anew; false when it could not be stored. */
+    /** Writes the list to the settings; false when they could not be stored. */
     bool save(QSettings &settings) const;
 
-    /** Takes over what apt knows now, in the order given. Those come first, the others keep their order. */
+    /** Adds the sources that apt knows now. They come first, in the given order; the others keep their order. */
     void merge(const QStringList &knownSources);
 
     const QVector<Entry> &entries() const { return m_entries; }
-    /** The sources that the dependency check, the search and the upgrade ask. */
+    /** The sources for the dependency check, the search and the upgrade. */
     QStringList enabledSources() const;
     /**
-     * The user's name for an origin (URI, suite and architecture; the suite may be followed by a slash and the
-     * component), or the origin itself when there is none.
+     * The user's name for an origin, or the origin itself when there is none. An origin is URI, suite and architecture;
+     * a slash and the component may follow the suite.
      */
     QString aliasOf(const QString &origin) const;
-    /** False when what the list holds for this origin is switched off; an origin that it does not hold is asked. */
+    /** False when all matching sources in the list are disabled. An origin without a matching source is used. */
     bool isOriginAsked(const QString &origin) const;
 
-    /** The source as it is kept: single blanks, without a leading "deb". */
+    /** The stored form of a source: single blanks, without a leading "deb". */
     static QString normalised(const QString &source);
-    /** Why apt could not use a source, in words for the user; empty when it can. */
+    /** Text for the user: why apt could not use a source; empty when it can. */
     static QString refusal(const QString &source);
-    /** As above, and whether the list has it already; `row` is the entry to be replaced, if any. */
+    /** The same, and checks that the list does not contain the source yet. `row` is the entry to replace, if any. */
     QString refusalInList(const QString &source, int row = -1) const;
 
-    /** Appends a source of the user's, or replaces the one at `row`; false when it is refused or apt's own. */
+    /** Appends a source of the user, or replaces the entry at `row`; false when it is refused or known to apt. */
     bool setSource(const QString &source, int row = -1);
     void setAlias(int row, const QString &alias);
     void setEnabled(int row, bool enabled);
-    /** Forgets an entry; false for one that apt knows. */
+    /** Deletes an entry; false for a source that apt knows. */
     bool remove(int row);
 
 private:
@@ -75,5 +76,5 @@ private:
     void findRows();
 
     QVector<Entry> m_entries;
-    QHash<QString, int> m_rows; ///< by what makes sources the same
+    QHash<QString, int> m_rows; ///< rows by the identity of the source
 };

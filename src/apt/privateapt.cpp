@@ -34,10 +34,10 @@ QString statesFolder()
     return PrivateApt::cacheFolder() + QLatin1String("/apt");
 }
 
-/** The configuration that apt reads here. */
+/** The configuration files that apt reads on this system. */
 struct SystemConfig
 {
-    QStringList files; ///< main file and folder of parts, as far as they exist
+    QStringList files; ///< main file and folder of parts, if they exist
     QStringList sourceFiles;
 };
 
@@ -80,7 +80,7 @@ SystemConfig systemConfig()
     return config;
 }
 
-/** How the system's own files trust their sources. */
+/** The trust options of the sources in the system's files. */
 SourceOptions systemOptions(const QStringList &files)
 {
     SourceOptions options;
@@ -106,11 +106,11 @@ bool writeInto(QTemporaryFile *file, const QString &text)
 PrivateApt::PrivateApt(QStringList sources, const QStringList &architectures)
     : m_sources(std::move(sources))
 {
-    // One line each, whatever has been typed or stored.
+    // One line for each source, whatever the user typed or the settings hold.
     for (QString &source : m_sources)
         source = source.simplified();
     m_sources.removeDuplicates();
-    // They come from other people's repositories, and a configuration can make apt run programs.
+    // The architectures come from other people's repositories, and a configuration can make apt run programs.
     QStringList named;
     std::copy_if(architectures.cbegin(),
                  architectures.cend(),
@@ -146,7 +146,7 @@ bool PrivateApt::makeFolders() const
         if (!folder.mkpath(m_folder + QLatin1Char('/') + QLatin1String(name)))
             return false;
     }
-    // Without a status file apt fails; an empty one says that nothing is installed.
+    // apt fails without a status file. An empty file says that nothing is installed.
     QFile status(folder.filePath(QStringLiteral("status")));
     return status.exists() || status.open(QIODevice::WriteOnly);
 }
@@ -172,7 +172,7 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
     removeOldStates();
     const auto isStopped = [&stopped] { return stopped && stopped(); };
     QLockFile lock(m_folder + QLatin1Char('/') + LockName);
-    // A fetch takes as long as it takes; only a dead owner makes the lock stale.
+    // A fetch can take any time; only a lock of a dead process is stale.
     lock.setStaleLockTime(0);
     while (!lock.tryLock(LockInterval)) {
         if (isStopped())
@@ -235,7 +235,7 @@ void PrivateApt::removeOldStates() const
     const QDir states(statesFolder());
     const auto folders = states.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks);
     for (const QFileInfo &folder : folders) {
-        // A state in use has files of its user's, which change the folder's time.
+        // A state in use has files of its current user, and creating them changes the folder's time.
         if (folder.filePath() == m_folder || folder.lastModified() > limit)
             continue;
         QLockFile lock(folder.filePath() + QLatin1Char('/') + LockName);

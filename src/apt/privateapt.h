@@ -10,17 +10,17 @@
 #include <functional>
 
 /**
- * A state of apt's of our own for some sources and no others: lists, cache and settings below the user's cache folder.
- * The programs see it through environment(). Lists are shared by all objects for the same sources, and by later starts
- * of the program; what else an object writes goes with it. Everything here reads or writes files and some of it runs
- * apt: not for the interface thread.
+ * A private state of apt for some sources only: lists, cache and settings below the user's cache folder. Programs use
+ * it through environment(). All objects for the same sources share the lists, also in later runs of the program. All
+ * other files are deleted with the object. Every function reads or writes files, and some run apt: not for the
+ * interface thread.
  */
 class PrivateApt
 {
 public:
     /**
-     * Each source is written as it follows "deb " in a sources list, options included. The first of the architectures
-     * is the one under which apt files packages for all.
+     * Each source has the form after "deb " in a sources list, with its options. apt lists packages of architecture
+     * "all" under the first of the architectures.
      */
     PrivateApt(QStringList sources, const QStringList &architectures);
     PrivateApt(const PrivateApt &) = delete;
@@ -28,22 +28,23 @@ public:
 
     /** False when the files could not be written. */
     bool isValid() const { return m_valid; }
-    /** What apt is to get on top of its environment. */
+    /** Variables to add to the environment of apt. */
     QStringList environment() const;
 
+    /** The result of fetch(). */
     struct Outcome
     {
-        bool usable = false; ///< there are lists to ask, if not of all sources
-        QStringList problems; ///< sources that could not be read, for the user; one line each
-        QString details; ///< what apt said
+        bool usable = false; ///< there are lists, perhaps not of all sources
+        QStringList problems; ///< texts for the user about sources that could not be read; one line each
+        QString details; ///< the error output of apt
     };
     /**
-     * Fetches the lists unless that was done within the last hour. `progress` gets percents. A stop makes it return
-     * soon, with nothing usable and no problem.
+     * Fetches the lists, unless they were fetched within the last hour. `progress` receives percentages. After a stop
+     * it returns soon, with nothing usable and no problems.
      */
     Outcome fetch(const StopRequest &stopped, const std::function<void(int percent)> &progress);
 
-    /** The folder below the user's cache folder in which the program keeps what can be had again. */
+    /** The folder below the user's cache folder for data that can be fetched or computed again. */
     static QString cacheFolder();
 
 private:

@@ -8,11 +8,11 @@ namespace
 {
 QString keyOf(const QString &uri, const QString &suite)
 {
-    // apt itself ends every address with a slash.
+    // apt itself adds a slash to the end of every address.
     return (uri.endsWith(QLatin1Char('/')) ? uri : uri + QLatin1Char('/')) + QLatin1Char(' ') + suite;
 }
 
-/** A line without "deb": options in brackets, address, suite. */
+/** A source line without "deb": options in brackets, address, suite. */
 const QRegularExpression &sourceExpression()
 {
     static const QRegularExpression expression(
@@ -20,7 +20,7 @@ const QRegularExpression &sourceExpression()
     return expression;
 }
 
-/** The value of a field of a stanza, over all its lines, in the first group. */
+/** Captures the value of a field of a stanza, with its continuation lines, in the first group. */
 QRegularExpression stanzaField(const char *name)
 {
     return QRegularExpression(QStringLiteral("^%1:(.*(?:\\n[ \\t].*)*)").arg(QLatin1String(name)),

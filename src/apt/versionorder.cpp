@@ -11,11 +11,11 @@
 
 namespace
 {
-/** A version as dpkg cuts it. */
+/** The parts of a version, split as in dpkg. */
 struct ParsedVersion
 {
     int epoch = 0;
-    std::string_view upstream; ///< empty only in the version that stands for none
+    std::string_view upstream; ///< empty only for a missing version
     std::string_view revision;
 };
 
@@ -33,7 +33,7 @@ std::string_view trimmed(std::string_view text)
     return text;
 }
 
-/** The epoch as strtol reads it: white space and a plus sign may stand before the number. */
+/** The epoch as strtol() reads it: white space and a plus sign may precede the number. */
 std::optional<int> parseEpoch(std::string_view text)
 {
     while (!text.empty() && (isBlank(text.front()) || (text.front() >= '\n' && text.front() <= '\r')))
@@ -44,11 +44,11 @@ std::optional<int> parseEpoch(std::string_view text)
     const auto parsed = std::from_chars(text.data(), text.data() + text.size(), epoch);
     if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size())
         return std::nullopt;
-    // Minus nothing is nothing for dpkg too.
+    // "-0" is valid, as in dpkg.
     return epoch < 0 ? std::nullopt : std::optional<int>(epoch);
 }
 
-/** Empty when dpkg refuses the text; what it only warns about passes. */
+/** Empty when dpkg refuses the text. Texts that only cause a warning are accepted. */
 std::optional<ParsedVersion> parse(std::string_view text)
 {
     if (text.empty() || text == "<unknown>")
@@ -80,7 +80,7 @@ std::optional<ParsedVersion> parse(std::string_view text)
 
 int compareFragments(std::string_view a, std::string_view b)
 {
-    // dpkg takes a part that is not there for a zero.
+    // dpkg treats a missing part as zero.
     if (a.empty())
         a = "0";
     if (b.empty())
@@ -90,7 +90,7 @@ int compareFragments(std::string_view a, std::string_view b)
 
 int compareParsed(const ParsedVersion &a, const ParsedVersion &b)
 {
-    // No version at all is older than any, even than "0~".
+    // A missing version is older than any version, even than "0~".
     if (a.upstream.empty() || b.upstream.empty())
         return static_cast<int>(b.upstream.empty()) - static_cast<int>(a.upstream.empty());
     if (a.epoch != b.epoch)
@@ -115,7 +115,7 @@ int compare(const QString &versionA, const QString &versionB)
     const auto parsedB = parse(view(b));
     if (parsedA && parsedB)
         return compareParsed(*parsedA, *parsedB);
-    // What is no version is older than any that is.
+    // An invalid version is older than any valid one.
     if (parsedA || parsedB)
         return parsedA ? 1 : -1;
     return a == b ? 0 : (a < b ? -1 : 1);
@@ -123,7 +123,7 @@ int compare(const QString &versionA, const QString &versionB)
 
 bool holds(const QString &versionA, const QString &op, const QString &versionB)
 {
-    // dpkg would take it for an option.
+    // dpkg would read it as an option.
     if (versionA.startsWith(QLatin1Char('-')))
         return false;
     const QByteArray a = versionA.toUtf8();

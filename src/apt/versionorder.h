@@ -3,15 +3,20 @@
 
 #include <QString>
 
-/** The order of package versions, in the process: millions of comparisons a second, where a run of dpkg takes 2 ms. */
+/**
+ * The order of package versions. Compares millions of versions a second in this process; one run of dpkg takes 2 ms.
+ */
 namespace VersionOrder
 {
-/** Negative, 0 or positive as `versionA` is older, as old or newer. Orders malformed versions too, somehow. */
+/**
+ * Negative, 0 or positive when `versionA` is older than, equal to or newer than `versionB`. Invalid versions are
+ * ordered too.
+ */
 int compare(const QString &versionA, const QString &versionB);
 
 /**
- * Whether the relation holds, exactly as DpkgUtils::compareVersions() says it for the operators of a Depends field:
- * "<" and ">" include equality, and no relation holds for what dpkg refuses as a version.
+ * Whether the relation holds, with the same result as DpkgUtils::compareVersions() for the operators of a Depends
+ * field: "<" and ">" include equality. No relation holds for a text that dpkg refuses as a version.
  */
 bool holds(const QString &versionA, const QString &op, const QString &versionB);
 } // namespace VersionOrder
