@@ -12,12 +12,13 @@
 namespace
 {
 /**
- * Packages whose questions are put to the sources together. The first results come soon, and as most of what is asked
- * for is known after a while, later blocks can be large: it is the number of apt's runs that takes time.
+ * Number of packages whose questions go to the sources together. The first block is small, so that first results come
+ * soon. Later blocks can be large, because most answers are known by then, and the time depends on the number of apt's
+ * runs.
  */
 constexpr int FirstBlock = 500;
 constexpr int LargestBlock = 8000;
-/** What apt answers in one run of a fraction of a second: so far results come while a block is checked. */
+/** Number of questions that apt answers in a fraction of a second. Results arrive after each such run. */
 constexpr int QuestionsAtOnce = 2000;
 
 PackageQuestion questionFor(const Dependency &dependency, PackageType type)
@@ -38,7 +39,7 @@ DependsCheck::DependsCheck(int selection, CandidateSource *local, CandidateSourc
         return;
     if (local != nullptr && (selection & DependsLocal) != 0) {
         m_sources.append(local);
-        // apt knows nothing of what the packages of a repository provide that is not among its sources.
+        // apt does not know what the packages of a repository provide when the repository is not among its sources.
         m_providerSources.append(local);
     }
     if (apt != nullptr && (selection & DependsPublic) != 0)
@@ -174,7 +175,7 @@ bool DependsCheck::checkProviders(QVector<Key> &keys, const StopRequest &stopped
     for (CandidateSource *const source : m_providerSources) {
         if (!checkProviders(keys, wanting, *source, stopped))
             return false;
-        // What could be had elsewhere as well is of interest only where elsewhere counts.
+        // If another source counts too, its providers are listed as well, even for a dependency that is met.
         if (m_sources.contains(source) && m_sources.size() == 1) {
             const auto isMet = [&keys](int i) { return keys.at(i).wanted.status == DependSuccess; };
             wanting.erase(std::remove_if(wanting.begin(), wanting.end(), isMet), wanting.end());
@@ -210,7 +211,7 @@ bool DependsCheck::checkProviders(QVector<Key> &keys,
     for (int i = 0; i < providers.size(); ++i) {
         const Dependency &provider = providers.at(i).wanted;
         Dependency &wanted = keys[wantedBy.at(i)].wanted;
-        // The other source may have found another version of it to do.
+        // The other source may have found a suitable version of this provider.
         if (wanted.providers.value(provider.name).status < provider.status)
             wanted.providers.insert(provider.name, provider);
         wanted.status = std::max(wanted.status, provider.status);

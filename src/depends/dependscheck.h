@@ -7,32 +7,33 @@
 #include <QHash>
 
 /**
- * Checks whether packages' dependencies can be met. Lives for one job, on its thread: what has been found out about a
- * dependency is remembered and holds for all packages that have the same one, so the sources must not change meanwhile.
+ * Checks whether the dependencies of packages can be met. An object lives for one job, on the thread of that job. It
+ * remembers the result for each dependency and uses it for all packages with the same dependency, so the sources must
+ * not change meanwhile.
  */
 class DependsCheck
 {
 public:
-    /** Gets each package with its result; one that had to wait for answers comes behind others. */
+    /** Receives each package with its result. A package that waited for answers may come after later packages. */
     using Sink
         = std::function<void(const PackageInfoPtr &package, const QSharedPointer<const DependsInfo> &result)>;
 
     /**
-     * `selection` is a DependsRepoType; with DependsNowhere nothing is ever checked. `local` are the packages of the
-     * repository, `apt` the public sources, which are asked who provides what the repository lacks even when only the
-     * repository counts. Both belong to the caller and can be null.
+     * `selection` is a DependsRepoType; with DependsNowhere nothing is checked. `local` holds the packages of the
+     * repository, and `apt` the public sources. `apt` is asked for providers of missing packages even when only the
+     * repository counts. The caller owns both; both may be null.
      */
     DependsCheck(int selection, CandidateSource *local, CandidateSource *apt);
 
     /**
-     * Checks the packages and returns how many were handed to `sink`, which happens as soon as all that is asked for a
-     * package is answered. `stopped` is asked between packages and while the sources are asked; a package that it
-     * leaves without an answer is not handed out.
+     * Checks the packages and returns how many were passed to `sink`. A package is passed on as soon as all its
+     * questions are answered. `stopped` is called between packages and while the sources are asked. After a stop,
+     * packages without an answer are not passed on.
      */
     int run(const QList<PackageInfoPtr> &packages, const Sink &sink, const StopRequest &stopped = {});
 
 private:
-    /** A dependency as it is asked for: equal ones have equal results. */
+    /** A dependency as the sources are asked for it: equal keys have equal results. */
     struct Key
     {
         Dependency wanted; ///< without results
@@ -45,7 +46,7 @@ private:
                    && a.wanted.secondOp == b.wanted.secondOp
                    && a.wanted.secondVersion == b.wanted.secondVersion && a.type == b.type;
         }
-        /** Over what distinguishes most; the rest is left to the comparison. */
+        /** Hashes only the most distinctive fields; operator== compares the others. */
         friend uint qHash(const Key &key, uint seed)
         {
             return qHash(key.wanted.name, seed) ^ (qHash(key.wanted.version, seed) * 31U)
@@ -53,24 +54,24 @@ private:
         }
     };
 
-    /** A package and its result, which is not complete yet. */
+    /** A package and its result, which may still be incomplete. */
     struct Entry
     {
         PackageInfoPtr package;
         QSharedPointer<DependsInfo> result;
-        int keyCount = 0; ///< how many dependencies it and those before it ask for that were not known
+        int keyCount = 0; ///< number of new keys up to and including this package
     };
 
     /** False when it was stopped. */
     bool checkBlock(const QList<PackageInfoPtr> &packages, const Sink &sink, const StopRequest &stopped);
-    /** The packages with what they depend on; `keys` gets each dependency of theirs that is not known yet. */
+    /** Reads the dependencies of the packages; `keys` receives each dependency that has no result yet. */
     QVector<Entry> read(const QList<PackageInfoPtr> &packages, QVector<Key> *keys);
-    /** Hands the package out when all its dependencies are known; false when they are not. */
+    /** Passes the package to `sink` when all its dependencies have results; else returns false. */
     bool handOut(const Entry &entry, const Sink &sink) const;
-    // What asks the sources returns false when it was stopped, and then has no use.
+    // These functions return false when they were stopped; then their results are not used.
     bool checkByName(QVector<Key> &keys, const StopRequest &stopped) const;
     bool checkProviders(QVector<Key> &keys, const StopRequest &stopped) const;
-    /** Asks one source for the providers of the keys at these places. */
+    /** Asks one source for providers of the keys at the indices `wanting`. */
     bool checkProviders(QVector<Key> &keys,
                         const QVector<int> &wanting,
                         CandidateSource &source,

@@ -14,7 +14,7 @@ QList<PackageInfoPtr> localDependencies(const QList<PackageInfoPtr> &packages, c
     DependsParser parser;
     QList<PackageInfoPtr> collected = packages;
     QSet<PackageInfoPtr> known(packages.cbegin(), packages.cend());
-    // The list grows while it is walked: what was taken has dependencies of its own.
+    // The list grows during the loop, because an added package has dependencies too.
     for (int i = 0; i < collected.size(); ++i) {
         const PackageInfoPtr package = collected.at(i);
         const auto entries = parser.entries(*package);

@@ -4,18 +4,18 @@
 #include "depends/localcandidates.h"
 
 /**
- * The packages of the repository that `packages` depend on, directly and through one another, each once and without
- * `packages` themselves. Of every entry only the first name is looked at, and not its constraint; of several versions
- * the highest is taken. What the repository lacks is passed over.
+ * The packages of the repository that `packages` depend on, directly or indirectly, each once and without `packages`
+ * themselves. Only the first name of each entry is used, without its constraint. Of several versions the highest is
+ * taken. Packages that the repository lacks are skipped.
  */
 QList<PackageInfoPtr> localDependencies(const QList<PackageInfoPtr> &packages, const LocalCandidates &local);
 
-/** An entry of dependencies that is not met, as the field writes it. */
+/** An unmet entry of a dependency field, as the field contains it. */
 struct UnmetEntry
 {
     QString text;
-    QStringList packages; ///< the names of those that need it, sorted
+    QStringList packages; ///< sorted names of the packages that need it
 };
 
-/** What the packages need and none of them is or provides, sorted. Ends early, with nothing, when it was stopped. */
+/** The dependencies that none of these packages meets or provides, sorted. After a stop the result is empty. */
 QVector<UnmetEntry> unmetEntries(const QList<PackageInfoPtr> &packages, const StopRequest &stopped = {});

@@ -23,7 +23,7 @@ using DependsJson::Outcome;
 
 Q_LOGGING_CATEGORY(log, "velt.depends", QtInfoMsg)
 
-/** Held while the file is read, changed and written, so that no tab's save is lost to another's. */
+/** Locked while the file is read, changed and written, so that a save of one tab does not overwrite that of another. */
 QMutex &fileMutex()
 {
     static QMutex mutex;
@@ -33,13 +33,13 @@ QMutex &fileMutex()
 Outcome readFile(const QString &fileName, const QString &repoPath, StoredPackages *stored)
 {
     RegularFile file(fileName);
-    // Nothing that could be lost is in an empty file, so it is not worth a word.
+    // An empty file holds no results that could be lost, so it is not reported as broken.
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.size() == 0)
         return Outcome::Failed;
     return DependsJson::read(&file, repoPath, stored);
 }
 
-/** The one of these, which have the package's name, whose results are the package's; the first when none fits. */
+/** The stored record that belongs to the package, out of records with its name; the first when none matches. */
 const StoredDepends &storedFor(const PackageInfo &package, const QVector<StoredDepends> &stored)
 {
     if (stored.size() == 1)
@@ -49,7 +49,7 @@ const StoredDepends &storedFor(const PackageInfo &package, const QVector<StoredD
                + 2 * static_cast<int>(other.architecture == package.architecture)
                + static_cast<int>(other.component == package.indexComponent);
     };
-    // Of two that fit alike the first counts.
+    // Of equally good matches the first is used.
     return *std::max_element(
         stored.cbegin(), stored.cend(), [&likeness](const StoredDepends &a, const StoredDepends &b) {
             return likeness(a) < likeness(b);
@@ -64,7 +64,7 @@ void moveTo(Dependency &dependency, const QString &architecture, const QString &
         moveTo(provider, architecture, from);
 }
 
-/** The results as those of a package for `architecture`, so that what is lacking is fetched for that one. */
+/** The results with the architecture of the package, so that missing packages are fetched for this architecture. */
 QSharedPointer<const DependsInfo> resultsFor(const QString &architecture, const StoredDepends &stored)
 {
     if (architecture.isEmpty() || architecture == stored.architecture || stored.info->groups.isEmpty())
@@ -76,7 +76,7 @@ QSharedPointer<const DependsInfo> resultsFor(const QString &architecture, const 
     return info;
 }
 
-/** What savePackages() would make loadData() read of the package. */
+/** The record that loadData() would read after savePackages(). */
 StoredDepends storedOf(const PackageInfo &package)
 {
     return {package.version, package.architecture, package.indexComponent, package.type, package.dependsInfo};
@@ -106,7 +106,7 @@ void DependsData::loadData(const QString &repoPath)
     Outcome outcome = readFile(m_fileName, m_repoPath, &stored);
     bool keptAside = false;
     if (outcome == Outcome::Broken) {
-        // Somebody else may have put a good file in its place meanwhile.
+        // Another program may have replaced the file with a good one meanwhile.
         const QMutexLocker lock(&fileMutex());
         outcome = readFile(m_fileName, m_repoPath, &stored);
         keptAside = outcome == Outcome::Broken && moveAside();
@@ -206,7 +206,7 @@ Outcome DependsData::rewriteOnce(const DependsJson::Change &change)
 {
     RegularFile old(m_fileName);
     const bool isThere = old.exists() && old.size() > 0;
-    // What cannot be read holds the results of other repositories and is not to be written over.
+    // A file that cannot be read may hold results of other repositories, so it must not be overwritten.
     if (isThere && !old.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return Outcome::Failed;
     QDir().mkpath(QFileInfo(m_fileName).path());
@@ -221,7 +221,7 @@ Outcome DependsData::rewriteOnce(const DependsJson::Change &change)
 
 bool DependsData::moveAside()
 {
-    // The system's own renaming, because Qt's does not replace.
+    // rename(2), because QFile::rename() does not replace an existing file.
     return std::rename(QFile::encodeName(m_fileName).constData(), QFile::encodeName(brokenName()).constData())
            == 0;
 }

@@ -9,10 +9,10 @@
 #include <QString>
 
 /**
- * Keeps the results of dependency checks across runs of the program, in one file for all repositories of a user. An
- * object knows one repository at a time, the one last loaded. It lives in a thread of its engine's own, since all its
- * slots may take seconds; several objects, in whatever threads, may use the same file. A file that cannot be written
- * costs the results of that save and nothing else.
+ * Stores the results of dependency checks between runs of the program, in one file for all repositories of a user. An
+ * object handles one repository at a time, the last one loaded. It lives in a thread of its own in the engine, because
+ * all its slots may take seconds. Several objects in any threads may use the same file. If the file cannot be written,
+ * only the results of this save are lost.
  */
 class DependsData : public QObject
 {
@@ -21,36 +21,37 @@ public:
     /** `repoPath` makes a repository the current one without loading its results. */
     explicit DependsData(QString fileName, QString repoPath = QString(), QObject *parent = nullptr);
 
-    /** The user's file: below the configuration folder, named after the application. */
+    /** The file of the user, below the configuration folder and named after the application. */
     static QString userFileName();
 
 public Q_SLOTS:
     /** Makes a repository the current one and reads its results; an empty path is ignored. */
     void loadData(const QString &repoPath);
-    /** The current repository has moved: its results are those of the new path from now on, in the file too. */
+    /** The current repository has moved: its results belong to the new path from now on, also in the file. */
     void changePath(const QString &newPath);
-    /** Deletes the current repository's results. */
+    /** Deletes the results of the current repository. */
     void removeRepoData();
     /**
-     * Tells with packagesMerged() the list `origin` with the stored results in it, found by the packages' names, and
-     * of several by what else they have in common; the version does not matter. Results of another architecture are
-     * given as those of the package's own. Packages with results become new records, because records that were
-     * published do not change. Says nothing when there is nothing to merge.
+     * Emits packagesMerged() with the list `origin` and the stored results. Results are found by package name; of
+     * several records with the same name, the most similar one is used. The version is ignored. Results for another
+     * architecture are changed to that of the package. Packages with results become new records, because published
+     * records never change. Emits nothing when there are no results to merge.
      */
     void mergeStoredPackages(const QList<PackageInfoPtr> &origin);
-    /** Makes the results of these packages, the whole repository's, the stored ones; an empty list is ignored. */
+    /** Stores the results of these packages, which must be the whole repository. An empty list is ignored. */
     void savePackages(const QList<PackageInfoPtr> &packages);
 
 Q_SIGNALS:
+    /** The result of mergeStoredPackages(). */
     void packagesMerged(const QList<PackageInfoPtr> &packages);
-    /** The file could not be understood and lies aside as `keptAs`, with the results of all repositories. */
+    /** The file could not be parsed. It was renamed to `keptAs`, with the results of all repositories. */
     void fileBroken(const QString &keptAs);
 
 private:
     const QString m_fileName;
     QString m_repoPath;
     StoredPackages m_stored;
-    QList<PackageInfoPtr> m_saved; ///< the records that the file holds the results of, if it is known
+    QList<PackageInfoPtr> m_saved; ///< the records whose results the file holds; empty when this is not known
 
     QString brokenName() const { return m_fileName + QLatin1String(".broken"); }
     bool hasMember(const QStringList &repositories) const;

@@ -10,57 +10,61 @@
 
 class QIODevice;
 
-/** What is stored of one package's dependency check. */
+/** The stored result of one package's dependency check. */
 struct StoredDepends
 {
-    QString version; ///< the one that was checked
+    QString version; ///< the version that was checked
     QString architecture;
-    QString component; ///< the index's; empty where the name alone tells the package apart
+    QString component; ///< component of the index; empty when the name alone identifies the package
     PackageType type = PackageType::Deb;
     QSharedPointer<const DependsInfo> info;
 };
 
-/** The stored results of one repository, by package name; never an empty list. The first counts for the name. */
+/**
+ * The stored results of one repository, by package name. No list is empty. The first record belongs to the name itself.
+ */
 using StoredPackages = QHash<QString, QVector<StoredDepends>>;
 
 /**
- * The document that keeps the results of dependency checks: an object with one member a repository, by the
- * repository's path. It can be hundreds of megabytes, so it is walked through and never held as a whole. A package
- * that is there more than once, for several architectures, has one member, and the others stand in that as "others".
+ * The document with the results of dependency checks: an object with one member for each repository, named with the
+ * repository's path. The document can have hundreds of megabytes, so it is processed as a stream and never held in
+ * memory. When several packages have the same name, for example for several architectures, the first is the member and
+ * the others are in its array "others".
  */
 namespace DependsJson
 {
+/** The result of reading or rewriting. */
 enum class Outcome {
     Done,
-    Broken, ///< the input is no such document
-    Failed ///< the input could not be read or the output not be written
+    Broken, ///< the input is not a document of this form
+    Failed ///< the input could not be read, or the output could not be written
 };
 
-/** What a rewriting does to the document. */
+/** A change to the document. */
 struct Change
 {
-    QString repository; ///< its member goes
-    QString newPath; ///< if not empty the member gets this name instead, in the place of one that has it
-    QList<PackageInfoPtr> packages; ///< if not empty these are the repository's new member
+    QString repository; ///< the member to delete
+    QString newPath; ///< if not empty, the member is renamed to this and replaces a member of this name
+    QList<PackageInfoPtr> packages; ///< if not empty, the new member of the repository
 };
 
 /**
- * Reads the results of `repository`. Members that are missing or of another type read as empty or 0. What was read
- * before an outcome other than Done is not to be used.
+ * Reads the results of `repository`. Members that are missing or have another type are read as empty or 0. Do not use
+ * `stored` unless the outcome is Done.
  */
 Outcome read(QIODevice *input, const QString &repository, StoredPackages *stored);
 
-/** Whether `input` has a member for one of `repositories`. What stands behind the member is not looked at. */
+/** Whether `input` has a member for one of `repositories`. The text after this member is not checked. */
 bool hasMember(QIODevice *input, const QStringList &repositories);
 
-/** Writes the document `input`, an empty one when that is null, to `output` with `change` made to it. */
+/** Copies the document `input`, or an empty one when `input` is null, to `output` and applies `change`. */
 Outcome rewrite(QIODevice *input, QIODevice *output, const Change &change);
 
-/** The packages of a repository as their results are stored. */
+/** The packages of a repository in the form in which their results are stored. */
 struct NamedPackages
 {
-    QHash<QString, PackageInfoPtr> first; ///< the last one of a name, of those that were checked if any
-    QHash<QString, QVector<PackageInfoPtr>> others; ///< what else has the name, as for another architecture
+    QHash<QString, PackageInfoPtr> first; ///< the last package of a name; a checked package is preferred
+    QHash<QString, QVector<PackageInfoPtr>> others; ///< other packages with this name
 };
 NamedPackages packagesByName(const QList<PackageInfoPtr> &packages);
 } // namespace DependsJson

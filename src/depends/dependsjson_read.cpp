@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reading the stored results of one repository.
+// Reads the stored results of one repository.
 #include "depends/dependsjson.h"
 #include "depends/dependsjsonparts.h"
 #include "depends/jsondevice.h"
@@ -19,7 +19,7 @@ using DependsJson::Outcome;
 namespace Key = DependsJson::Key;
 using Size = rapidjson::SizeType;
 
-/** One QString for all equal texts: a few names and versions stand in the results of thousands of packages. */
+/** One QString for all equal texts: a few names and versions are in the results of thousands of packages. */
 class StringPool
 {
 public:
@@ -37,13 +37,13 @@ public:
     }
 
 private:
-    std::deque<std::string> m_texts; ///< what the keys below look at
+    std::deque<std::string> m_texts; ///< storage for the keys below
     std::unordered_map<std::string_view, QString> m_strings;
 };
 
 DependStatus toStatus(std::string_view number)
 {
-    // Hardly ever is it written in another way, and reading any number takes its time.
+    // The usual numbers are compared as text, because parsing any number is slow.
     if (number.size() == 1 && (number[0] == '0' || number[0] == '1'))
         return number[0] == '1' ? DependSuccess : DependError;
     const double value = QByteArray(number.data(), static_cast<int>(number.size())).toDouble();
@@ -52,7 +52,7 @@ DependStatus toStatus(std::string_view number)
     return qFuzzyCompare(value, 1.0) ? DependSuccess : DependUndefined;
 }
 
-/** Gives the dependency and its providers the architecture unless they name another. */
+/** Sets the architecture of the dependency and its providers where none is stored. */
 void setArchitecture(Dependency &dependency, const QString &architecture)
 {
     if (dependency.architecture.isEmpty())
@@ -61,7 +61,7 @@ void setArchitecture(Dependency &dependency, const QString &architecture)
         setArchitecture(provider, dependency.architecture);
 }
 
-/** Follows the parser through the document and builds the results where the wanted repository's member is. */
+/** Handles the events of the parser and builds the results of the wanted repository. */
 class ResultsHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, ResultsHandler>
 {
 public:
@@ -75,7 +75,7 @@ public:
     bool Key(const char *text, Size size, bool /*copy*/)
     {
         m_key.assign(text, size);
-        // Of members with the same name the last one counts.
+        // When several members have the same name, the last one counts.
         if (m_places.back() == Place::Root && m_key == m_repository)
             m_stored->clear();
         return true;
@@ -93,7 +93,7 @@ public:
     bool RawNumber(const char *text, Size size, bool /*copy*/);
 
 private:
-    /** What the object or array is that the parser is in. */
+    /** The type of the object or array that the parser is in. */
     enum class Place : quint8 {
         Outside,
         Root,
@@ -119,15 +119,15 @@ private:
     bool m_hasRoot = false;
 
     QString m_packageName;
-    StoredDepends m_package; ///< the one that is being read
-    DependsInfo m_info; ///< of m_package
-    StoredDepends m_first; ///< with its info, while one of the others is being read
+    StoredDepends m_package; ///< the package that is being read
+    DependsInfo m_info; ///< results for m_package
+    StoredDepends m_first; ///< the first package of the name, while one of the others is being read
     DependsInfo m_firstInfo;
     QVector<StoredDepends> m_others;
     QString m_groupName;
     DependencyGroup m_group;
     std::vector<::Dependency>
-        m_dependencies; ///< an alternative and below it the providers that are being read
+        m_dependencies; ///< the present alternative, followed by the present nested providers
     const QString m_local = LocalCandidates::label();
     QString m_sourceName;
     FoundVersion m_found;
@@ -147,7 +147,7 @@ private:
 
 ResultsHandler::Place ResultsHandler::objectIn(Place outer)
 {
-    // A status that is missing reads as 0, like every number.
+    // A missing status is read as 0, like every missing number.
     switch (outer) {
     case Place::Outside:
         m_hasRoot = true;
@@ -226,7 +226,7 @@ void ResultsHandler::startPackage()
 
 void ResultsHandler::endPackage(Place place)
 {
-    // As a rule it is not stored, and what is looked for later is looked for where the package is.
+    // Usually the architecture is not stored: dependencies are looked up for the architecture of their package.
     for (DependencyGroup &group : m_info.groups)
         for (::Dependency &dependency : group.alternatives)
             setArchitecture(dependency, m_package.architecture);
@@ -321,7 +321,7 @@ bool ResultsHandler::RawNumber(const char *text, Size size, bool /*copy*/)
     return true;
 }
 
-/** Ends the parsing at the first member of the root that has one of the names. */
+/** Ends the parsing at the first root member with one of the names. */
 class MemberHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, MemberHandler>
 {
 public:

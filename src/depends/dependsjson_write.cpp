@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Rewriting the document of dependency results with one repository's member changed.
+// Copies the document of dependency results and changes the member of one repository.
 #include "depends/dependsjson.h"
 #include "depends/dependsjsonparts.h"
 #include "depends/jsondevice.h"
@@ -33,7 +33,7 @@ public:
 private:
     Writer &m_writer;
     const QString m_local = LocalCandidates::label();
-    std::string m_utf8; ///< kept from text to text, so that it need not be made millions of times
+    std::string m_utf8; ///< a member, so that its memory is not allocated for each of millions of texts
 
     void key(std::string_view name) { m_writer.Key(name.data(), static_cast<Size>(name.size())); }
     void text(const QString &text)
@@ -62,10 +62,10 @@ private:
         m_writer.Int(status);
     }
     void encode(const QString &text);
-    /** The members that tell of the package; where others have its name, also what it is told apart by. */
+    /** Writes the members of a package. If other packages have its name, it also writes what distinguishes it. */
     void package(const PackageInfo &package, bool isOnlyOne);
     void group(const DependencyGroup &group, const QString &architecture);
-    /** `architecture` is the one that its reader takes it to be for. */
+    /** `architecture` is the default that a reader assumes. */
     void dependency(const Dependency &dependency, const QString &architecture);
 };
 
@@ -187,7 +187,9 @@ bool isSame(const PackageInfo &a, const PackageInfo &b)
     return a.architecture == b.architecture && a.indexComponent == b.indexComponent && a.type == b.type;
 }
 
-/** Adds the package to those of its name that are not `first`, in the place of an earlier record of it. */
+/**
+ * Adds a package to the others of its name, unless it is `first`. It replaces an earlier record of the same package.
+ */
 void keepOther(QVector<PackageInfoPtr> &others, const PackageInfoPtr &package, const PackageInfo &first)
 {
     const auto isGone = [&](const PackageInfoPtr &other) {
@@ -202,7 +204,7 @@ void keepOther(QVector<PackageInfoPtr> &others, const PackageInfoPtr &package, c
         others.append(package);
 }
 
-/** Passes the parser's events on to the writer, but for the members that change. */
+/** Passes the events of the parser to the writer, except for members that change. */
 class CopyHandler
 {
 public:
@@ -250,7 +252,7 @@ public:
     bool Key(const char *text, Size size, bool /*copy*/);
     bool EndObject(Size /*count*/);
 
-    // The parser hands numbers over as text.
+    // The parser passes numbers as text.
     bool Int(int /*n*/) { return false; }
     bool Uint(unsigned /*n*/) { return false; }
     bool Int64(int64_t /*n*/) { return false; }
@@ -264,10 +266,10 @@ private:
     Writer &m_writer;
     const JsonOutput &m_output;
     int m_depth = 0;
-    bool m_dropping = false; ///< the root's member that the parser is in is not wanted any more
+    bool m_dropping = false; ///< the parser is in a root member that is not copied
 
     bool enter() { return ++m_depth < DependsJson::maximumDepth; }
-    /** Writes a value unless it goes; false, which ends the parsing, where the document itself is no object. */
+    /** Writes a value unless it is dropped. False ends the parsing, also when the root of the document is no object. */
     template <typename Write>
     bool value(Write write)
     {

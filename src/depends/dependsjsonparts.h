@@ -5,7 +5,7 @@
 
 #include <rapidjson/reader.h>
 
-/** What reading and writing the document of dependency results share. */
+/** The parts that reading and writing the document of dependency results share. */
 namespace DependsJson
 {
 namespace Key
@@ -24,24 +24,26 @@ inline constexpr std::string_view altDependVersion = "alt_dependVersion";
 inline constexpr std::string_view providers = "providers";
 inline constexpr std::string_view status = "status";
 inline constexpr std::string_view foundedVersions = "foundedVersions";
-// In addition, and left out where they say nothing; architecture may stand in a dependency as well.
+// Optional members; left out when they have their default value. A dependency can have an architecture, too.
 inline constexpr std::string_view component = "component";
 inline constexpr std::string_view type = "type";
 inline constexpr std::string_view others = "others";
-inline constexpr std::string_view dependsRepoType = "dependsRepoType"; ///< the sources that were asked
-inline constexpr std::string_view field = "field"; ///< of the package that an entry stands in
-/** The value of type for an installer package. */
+inline constexpr std::string_view dependsRepoType = "dependsRepoType"; ///< the sources of the check
+inline constexpr std::string_view field = "field"; ///< the control field that contains the entry
+/** The value of "type" for an installer package. */
 inline constexpr std::string_view udeb = "udeb";
-/** The value of field for what is not in Depends. */
+/** The value of "field" for an entry of Pre-Depends. */
 inline constexpr std::string_view preDepends = "Pre-Depends";
-/** The repository itself among the sources. Shown it has a word of the user's language, which may change. */
+/** The repository itself as a source. Its displayed name depends on the user's language, which may change. */
 inline constexpr std::string_view local = "Local";
 } // namespace Key
 
-/** Far above what is ever written; more would make an indented document grow with the square of its depth. */
+/**
+ * Far more levels than we ever write. Without a limit, an indented document could grow with the square of its depth.
+ */
 inline constexpr int maximumDepth = 1024;
 
-/** Numbers are taken as text, so that those of other members stay as they are. */
+/** Numbers are kept as text, so that numbers in other members are copied unchanged. */
 inline constexpr unsigned parseFlags = rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag
                                        | rapidjson::kParseNumbersAsStringsFlag;
 } // namespace DependsJson

@@ -22,7 +22,7 @@ QVector<PackageQuestion> questionsFor(const QVector<Dependency> &dependencies)
     return questions;
 }
 
-/** The highest version of just that name that meets the dependency. */
+/** The highest version of the package itself that meets the dependency. */
 std::optional<PackageInfo> bestByName(const Dependency &dependency, const CandidateSource &source)
 {
     std::optional<PackageInfo> best;

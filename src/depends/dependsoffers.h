@@ -3,17 +3,17 @@
 
 #include "apt/candidatesource.h"
 
-/** What a source has to meet dependencies with. */
+/** The packages of a source that meet some dependencies. */
 struct DependsOffers
 {
     QList<PackageInfo>
-        packages; ///< each once, in the order of the dependencies; known by name, version, architecture
-    QVector<Dependency> missing; ///< what nothing is offered for
+        packages; ///< each once, in the order of the dependencies; identified by name, version and architecture
+    QVector<Dependency> missing; ///< dependencies that the source cannot meet
 };
 
 /**
- * For every dependency the highest version that meets it or, where nothing of its name does, the first package by name
- * that stands for it. What a stop request has kept from being asked counts as missing.
+ * Finds for every dependency the highest version that meets it. When no package of this name does, it finds the first
+ * provider, ordered by name. Questions that a stop request prevented count as missing.
  */
 DependsOffers
 findOffers(const QVector<Dependency> &dependencies, CandidateSource *source, const StopRequest &stopped = {});

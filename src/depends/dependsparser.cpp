@@ -13,10 +13,10 @@ namespace
 constexpr std::string_view DependsField = "Depends";
 constexpr std::string_view PreDependsField = "Pre-Depends";
 
-/** The order of the alternatives in the expression: the longer operators first. */
+/** The operators in the order of the expression: a longer operator comes before its prefix. */
 constexpr std::array<std::string_view, 7> Operators{"<<", "<=", "<", "=", ">=", ">>", ">"};
 
-/** White space as the expressions see it. */
+/** White space as \s in the expressions. */
 bool isBlank(char c)
 {
     return c == ' ' || (c >= '\t' && c <= '\r');
@@ -29,7 +29,7 @@ std::size_t skipBlanks(std::string_view text, std::size_t position)
     return position;
 }
 
-/** A stretch without blanks: where it ends, its last closing parenthesis, and where the blanks behind it end. */
+/** A sequence without blanks: its end, its last closing parenthesis, and the end of the blanks after it. */
 struct Run
 {
     std::size_t begin = std::string_view::npos;
@@ -39,8 +39,8 @@ struct Run
 };
 
 /**
- * The run from `begin` on. Called with ever smaller positions, it goes on from the run found before, so that a field
- * full of parentheses is still read only once.
+ * Sets `run` to the run that begins at `begin`. When the positions of the calls decrease, each call continues with the
+ * previous run, so even a field full of parentheses is read only once.
  */
 void extendRun(Run &run, std::string_view text, std::size_t begin)
 {
@@ -70,8 +70,8 @@ struct Constraint
 };
 
 /**
- * The last parenthesis that holds an operator and a version. Greedy as the expression is, the version reaches as far
- * as a closing parenthesis still follows.
+ * The constraint in the last parenthesis with an operator and a version. As in the greedy expression, the version
+ * extends to the last possible closing parenthesis.
  */
 Constraint readConstraint(std::string_view text)
 {
@@ -95,7 +95,7 @@ Constraint readConstraint(std::string_view text)
     return {};
 }
 
-/** Cuts the next piece before `separator` off the front of `rest`. */
+/** Removes the piece before the next `separator` from the front of `rest` and returns it. */
 std::string_view takePiece(std::string_view &rest, char separator)
 {
     const auto end = rest.find(separator);
@@ -104,7 +104,7 @@ std::string_view takePiece(std::string_view &rest, char separator)
     return piece;
 }
 
-/** Whether the entry repeats the name of `other` and nothing else, so that both can be one record. */
+/** Whether both entries have one alternative with the same name, so that one record can hold both. */
 bool repeatsName(const DependencyGroup &entry, const DependencyGroup &other)
 {
     return entry.alternatives.size() == 1 && other.alternatives.size() == 1
@@ -112,7 +112,7 @@ bool repeatsName(const DependencyGroup &entry, const DependencyGroup &other)
            && entry.alternatives.first().architecture == other.alternatives.first().architecture;
 }
 
-/** Whether the entries are the same, written twice. */
+/** Whether the two entries are equal. */
 bool asksTheSame(const DependencyGroup &entry, const DependencyGroup &other)
 {
     return std::equal(entry.alternatives.cbegin(),
@@ -126,7 +126,7 @@ bool asksTheSame(const DependencyGroup &entry, const DependencyGroup &other)
                       });
 }
 
-/** Puts the constraint of `from` into a free place of `into`; false when there is none. */
+/** Adds the constraint of `from` to `into`; false when `into` has no free place. */
 bool mergeConstraint(Dependency &into, const Dependency &from)
 {
     const bool known = from.op.isEmpty() || (from.op == into.op && from.version == into.version)
@@ -179,7 +179,7 @@ QMap<QString, DependencyGroup> DependsParser::groups(std::string_view field, con
                                     || (result.contains(text) && asksTheSame(result.value(text), entry));
             if (isRepeated)
                 continue;
-            // The same name once more, once with alternatives and once without.
+            // The name is used again: one entry has alternatives and another has none.
             result.insert(result.contains(text) ? text + QLatin1String(" #2") : text, entry);
         }
     }
@@ -201,7 +201,7 @@ QMap<QString, DependencyGroup> DependsParser::groups(const PackageInfo &package)
     auto result = groups(unfoldedField(text, DependsField, m_unfolded), package.architecture);
     const auto first = groups(unfoldedField(text, PreDependsField, m_unfolded), package.architecture);
     for (auto entry = first.cbegin(); entry != first.cend(); ++entry) {
-        // Behind the other one of that name.
+        // This key sorts after the other entry of that name.
         const QString key
             = result.contains(entry.key()) ? entry.key() + QLatin1String(" (Pre-Depends)") : entry.key();
         result.insert(key, *entry);
@@ -231,7 +231,7 @@ bool DependsParser::readAlternative(std::string_view text,
     while (end < text.size() && !isBlank(text[end]))
         ++end;
     std::string_view name = text.substr(begin, end - begin);
-    // The expression runs on to the next blank; dpkg does not ask for one before a constraint.
+    // The expression would include all text up to the next blank, but dpkg needs no blank before a constraint.
     name = name.substr(0, name.find('('));
     const auto colon = name.find(':');
     const auto qualifier = colon == std::string_view::npos ? std::string_view() : name.substr(colon + 1);

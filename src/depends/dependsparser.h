@@ -9,43 +9,46 @@
 #include <unordered_map>
 
 /**
- * Reads Depends fields. PackageField::DependencyName and PackageField::DependencyConstraint define what an alternative
- * says; here they are applied by hand, in time linear in the field, because a repository has hundreds of thousands of
- * entries. Equal texts are shared among all that one parser has read. Belongs to one thread.
+ * Parses Depends fields. PackageField::DependencyName and PackageField::DependencyConstraint define the parts of an
+ * alternative. This class implements them by hand, in time linear in the length of the field, because a repository has
+ * hundreds of thousands of entries. Equal texts that one parser has read share their memory. Use an object in one
+ * thread only.
  */
 class DependsParser
 {
 public:
     /**
-     * The entries in the order written, each with its alternatives; those without a readable name are left out.
-     * A name is looked up for `architecture` unless it has a qualifier of its own other than ":any".
+     * The entries in the written order, each with its alternatives. Alternatives without a readable name are left out.
+     * A name is looked up for `architecture`, unless it has a qualifier other than ":any".
      */
     QVector<DependencyGroup> entries(std::string_view field, const QString &architecture);
 
     /**
-     * The entries as a package's result holds them: by the name of the first alternative. An entry that only repeats
-     * the name of another goes into that one's record as its second constraint; whatever does not fit there stays an
-     * entry of its own under its whole text.
+     * The entries in the form of a package's result: by the name of the first alternative. An entry that only repeats
+     * the name of another entry becomes the second constraint of that entry. If this is not possible, it stays an entry
+     * of its own with its whole text as the key.
      */
     QMap<QString, DependencyGroup> groups(std::string_view field, const QString &architecture);
 
-    /** The entries of Pre-Depends and of Depends, which both must be met. */
+    /** The entries of Pre-Depends and of Depends. Both must be met. */
     QVector<DependencyGroup> entries(const PackageInfo &package);
-    /** The same as a result holds them; an entry of Pre-Depends stays apart from one of Depends of the same name. */
+    /** The same in the form of a result. Entries of Pre-Depends and Depends with the same name stay separate. */
     QMap<QString, DependencyGroup> groups(const PackageInfo &package);
 
 private:
     QString shared(std::string_view text);
     bool readAlternative(std::string_view text, const QString &architecture, Dependency &dependency);
 
-    std::string m_unfolded; ///< the field that is being read, where it was folded
-    std::deque<std::string> m_texts; ///< what the keys of m_pool point into
+    std::string m_unfolded; ///< the unfolded field that is being read, if it was folded
+    std::deque<std::string> m_texts; ///< storage for the keys of m_pool
     std::unordered_map<std::string_view, QString> m_pool;
 };
 
-/** The text of an entry of Pre-Depends, told apart from the same one of Depends. */
+/** Marks the text of an entry as one of Pre-Depends. */
 QString markedPreDepends(const QString &text);
-/** The dependency as a Depends field writes it; the architecture only where it is not `architecture`. */
+/**
+ * The dependency in the form of a Depends field. The architecture is added only when it differs from `architecture`.
+ */
 QString dependencyText(const Dependency &dependency, const QString &architecture = QString());
-/** The alternatives of an entry in the same way, with " | " between them. */
+/** The alternatives of an entry in the same form, joined with " | ". */
 QString dependencyText(const DependencyGroup &group, const QString &architecture = QString());

@@ -16,7 +16,7 @@
 namespace
 {
 constexpr int MostWantedNames = 10;
-/** Names in one sentence; some virtual packages have hundreds of providers. */
+/** Most names in one sentence; some virtual packages have hundreds of providers. */
 constexpr int ListedNames = 5;
 
 const QString Separator = QStringLiteral(", ");
@@ -39,7 +39,7 @@ QStringList providerNames(const Dependency &dependency, DependStatus status)
     return names;
 }
 
-/** The only reason why a check leaves a dependency without an answer. */
+/** Whether apt does not know the architecture: the only reason why a check gives no answer. */
 bool isUnknownToApt(const Dependency &dependency)
 {
     return dependency.status == DependUndefined && !dependency.architecture.isEmpty();
@@ -164,7 +164,7 @@ DependsReport::Summary DependsReport::summary(const QList<PackageInfoPtr> &packa
         QStringList names;
         for (const DependencyGroup &group : missingEntries(*package))
             names.append(group.alternatives.first().name);
-        // A name can be wanted by several entries of one package.
+        // Several entries of one package can need the same name.
         names.removeDuplicates();
         for (const QString &name : qAsConst(names))
             ++wanted[name];

@@ -6,47 +6,50 @@
 #include <QCoreApplication>
 #include <QDateTime>
 
-/** The results of dependency checks in words, for tool tips and for reports. */
+/** Texts about the results of dependency checks, for tool tips and for reports. */
 class DependsReport
 {
     Q_DECLARE_TR_FUNCTIONS(DependsReport)
 public:
-    /** A name that packages depend on in vain. */
+    /** A name that packages depend on and that is missing. */
     struct WantedName
     {
         QString name;
-        int packages = 0; ///< how many want it
+        int packages = 0; ///< number of packages that depend on it
     };
 
-    /** What a report is about. */
+    /** The subject of a report. */
     struct Heading
     {
-        QString repository; ///< its directory
-        QString mode; ///< where dependencies were looked for, in words; empty when that is not known
-        QDateTime time; ///< of the last check; invalid when that is not known
+        QString repository; ///< directory of the repository
+        QString mode; ///< text about the sources that were used; empty when they are not known
+        QDateTime time; ///< of the last check; invalid when it is not known
     };
 
+    /** Counts of packages by their state. */
     struct Summary
     {
         int satisfied = 0;
         int errors = 0;
         int unchecked = 0;
-        QStringList unknownArchitectures; ///< of what is unchecked because apt did not know them
-        QVector<WantedName> mostWanted; ///< at most ten, the most wanted first
+        QStringList unknownArchitectures; ///< architectures that apt does not know, so nothing was checked
+        QVector<WantedName> mostWanted; ///< at most ten names, the most wanted first
     };
 
-    /** Why the dependency is in its state; `selection` is the DependsRepoType of its check, 0 when not known. */
+    /**
+     * Explains the state of the dependency; `selection` is the DependsRepoType of its check, 0 when it is not known.
+     */
     static QString explanation(const Dependency &dependency, int selection);
-    /** The same for an entry, with one line for each of several alternatives. */
+    /** The same for an entry, with one line for each alternative. */
     static QString explanation(const DependencyGroup &group, int selection);
 
-    /** Over the stored results of the packages. */
+    /** Counts the stored results of the packages. */
     static Summary summary(const QList<PackageInfoPtr> &packages);
 
-    /** The same in words, one line for each number and each name. */
+    /** The summary as text, one line for each number and each name. */
     static QStringList summaryLines(const QList<PackageInfoPtr> &packages);
 
-    /** The summary, and every package in error, by name, with the entries that cannot be met. */
+    /** The summary, followed by every package with errors, sorted by name, with its unmet entries. */
     static QString text(const QList<PackageInfoPtr> &packages, const Heading &heading);
     /** The same as a JSON document. */
     static QByteArray json(const QList<PackageInfoPtr> &packages, const Heading &heading);

@@ -56,7 +56,7 @@ QVector<Dependency> providerDependencies(const Dependency &dependency, const QVe
             standIn.secondVersion = dependency.secondVersion;
         }
         const auto known = result.constFind(provider.name);
-        // Of several versions that fit the highest will do.
+        // Of several suitable versions the highest is used.
         if (known == result.cend() || known->op != standIn.op
             || VersionOrder::compare(known->version, standIn.version) < 0)
             result.insert(provider.name, standIn);

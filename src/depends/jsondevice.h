@@ -10,7 +10,7 @@
 
 #include <rapidjson/reader.h>
 
-/** Reads a device in pieces, with the functions that RapidJSON expects of an input stream. */
+/** Reads a device in blocks. It has the functions of a RapidJSON input stream. */
 class JsonInput
 {
 public:
@@ -22,7 +22,7 @@ public:
         fill();
     }
 
-    /** Whether the device failed; to the parser that looks like the end of the text. */
+    /** Whether reading failed. The parser sees a failure as the end of the text. */
     bool hasFailed() const { return m_failed; }
 
     Ch Peek() const { return *m_current; }
@@ -33,7 +33,7 @@ public:
             fill();
         return taken;
     }
-    /** Half of an indented text is blanks, so they are worth a loop of their own. */
+    /** A loop of its own, because half of an indented document is blanks. */
     void skipBlanks()
     {
         while (*m_current == ' ' || *m_current == '\n' || *m_current == '\r' || *m_current == '\t')
@@ -42,7 +42,7 @@ public:
     }
     std::size_t Tell() const { return m_read - static_cast<std::size_t>(m_end - m_current); }
 
-    // Wanted by parsing in place alone, which needs the text in memory and is not used.
+    // Needed only for in-situ parsing, which is not used because it needs the whole text in memory.
     Ch *PutBegin() { return nullptr; }
     void Put(Ch /*c*/) { }
     std::size_t PutEnd(Ch * /*begin*/) { return 0; }
@@ -62,13 +62,13 @@ private:
         m_current = m_buffer.data();
         m_end = m_current + (size > 0 ? size : 0);
         m_read += static_cast<std::size_t>(m_end - m_current);
-        // The parser takes a zero for the end.
+        // The parser reads a zero byte as the end.
         if (m_current == m_end)
             m_buffer[0] = '\0';
     }
 };
 
-/** Writes to a device in pieces, with the functions that RapidJSON expects of an output stream. */
+/** Writes to a device in blocks. It has the functions of a RapidJSON output stream. */
 class JsonOutput
 {
 public:
@@ -78,7 +78,7 @@ public:
         : m_device(device)
     { }
 
-    /** Whether everything so far was written. */
+    /** Whether every write so far succeeded. */
     bool isGood() const { return m_good; }
 
     void Put(Ch c)

@@ -92,7 +92,7 @@ void LocalCandidates::addProvided(const PackageInfoPtr &package)
     const auto field = unfoldedField(package->control.text(), "Provides", buffer);
     if (field.empty())
         return;
-    // A Provides field is written like a Depends field without alternatives.
+    // A Provides field has the form of a Depends field without alternatives.
     const auto provided = DependsParser().entries(field, package->architecture);
     for (const DependencyGroup &entry : provided)
         m_providers.insert(entry.alternatives.first().name, {package, entry.alternatives.first().version});

@@ -7,8 +7,8 @@
 #include <QMultiHash>
 
 /**
- * The packages of a repository as candidates, read from their records. A name can be there in several versions, one in
- * each component. What the packages provide is read at the first question for it.
+ * The packages of a repository as candidates, read from their records. A name can have several versions, one in each
+ * component. The Provides fields are read at the first question about providers.
  */
 class LocalCandidates : public CandidateSource
 {
@@ -18,7 +18,7 @@ public:
 
     void add(const PackageInfoPtr &package);
 
-    /** The packages of that name that serve the architecture, in no order. */
+    /** The packages of this name for the architecture, in no particular order. */
     QVector<PackageInfoPtr> find(const PackageQuestion &question) const;
 
     bool prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
@@ -26,16 +26,16 @@ public:
     bool prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
     QVector<Provider> providers(const PackageQuestion &question) const override;
 
-    /** What the repository is called among the sources. */
+    /** The name of the repository in a list of sources. */
     static QString label() { return tr("Local"); }
-    /** Whether the repository itself meets the dependency, as the last check found. */
+    /** Whether the repository itself meets the dependency, according to the last check. */
     static bool meets(const Dependency &dependency);
 
 private:
     struct Provision
     {
         PackageInfoPtr package;
-        QString version; ///< of what is provided
+        QString version; ///< version of the provided name
     };
 
     void addProvided(const PackageInfoPtr &package);
