@@ -27,7 +27,7 @@ bool isWithin(const QString &path, const QString &folder)
     return path == folder || path.startsWith(folder + QLatin1Char('/'));
 }
 
-/** Files that exist only in the kernel's memory: there are many, and none is a package. */
+/** Whether the folder is in a file system of the kernel: it has many files, and none is a package. */
 bool isKernelFolder(const QString &folder)
 {
     struct statfs status = {};
@@ -40,7 +40,10 @@ FileId idOf(const struct stat &status)
     return {status.st_dev, status.st_ino};
 }
 
-/** What a link leads to, or any other file: open, so that it is judged as it is and not as its path is by then. */
+/**
+ * The target of a link, or any other file. It stays open, so that the checks are about this file even if its path
+ * changes.
+ */
 struct Target
 {
     Descriptor file;
@@ -66,14 +69,14 @@ Target targetOf(int folder, const QByteArray &name)
     return Target(Descriptor(::openat(folder, name.constData(), O_PATH | O_CLOEXEC)));
 }
 
-/** Whether only links of the user or root lead there. */
+/** Whether every link on the way belongs to the user or to root. */
 bool isTrusted(const Target &target, int folder, const QByteArray &name)
 {
     const Target trusted(TrustedPath::open(folder, name));
     return trusted.isThere() && idOf(trusted.status) == idOf(target.status);
 }
 
-/** Lists a repository's folder and those below it. */
+/** Lists the folder of a repository and all folders below it. */
 class RepositoryWalk
 {
 public:
@@ -88,7 +91,7 @@ public:
 
 private:
     QString m_root;
-    QSet<QString> m_outside; ///< folders elsewhere that were taken, since links can make circles
+    QSet<QString> m_outside; ///< folders outside that were visited, because links can form circles
     ArchiveContents::Listing m_listing;
 
     void visit(Descriptor folder, const QString &path, const QString &prefix)
@@ -108,7 +111,7 @@ private:
         std::sort(names.begin(), names.end());
         for (const QByteArray &name : qAsConst(names)) {
             const QString text = QFile::decodeName(name);
-            // A name that is not encoded as names are here could not be found again.
+            // A file name that cannot be converted to QString and back could not be opened later.
             if (name != "." && name != ".." && QFile::encodeName(text) == name)
                 take(number, name, path + QLatin1Char('/') + text, prefix + text);
         }
@@ -116,7 +119,7 @@ private:
 
     void take(int folder, const QByteArray &name, const QString &path, const QString &member)
     {
-        // Whoever restores the archive would find a repository that is locked for ever.
+        // A restored lock file would lock the new repository for ever.
         struct stat status = {};
         if (member == QLatin1String("db/lockfile")
             || ::fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
@@ -171,7 +174,7 @@ void findPackages(const QString &folder,
         if (info.isDir() && !info.isSymLink()) {
             findPackages(info.filePath(), root, skipped, stopped, found);
         } else if (info.isFile() && ArchiveContents::isPackageName(info.fileName())) {
-            // What a link within the folder names is found by itself, if it has the name of a package.
+            // The target of a link within the folder is found too, if it has the name of a package.
             const QString target = info.canonicalFilePath();
             if (!info.isSymLink() || (isWithin(target, root) && !ArchiveContents::isPackageName(target)))
                 found->append(info.filePath());
@@ -193,7 +196,7 @@ ArchiveContents::fileOfRepository(const QString &path, const QString &file, cons
     const Target target = targetOf(root.file.number(), name);
     if (target.isThere() && !isWithin(target.path, root.path) && !isTrusted(target, root.file.number(), name))
         return std::nullopt;
-    // What is not there keeps its name, for whoever tells of it.
+    // A missing file keeps its path for error messages.
     return Entry{
         target.isThere() ? target.path : path + QLatin1Char('/') + file, member, idOf(target.status)};
 }

@@ -10,39 +10,42 @@
 #include <functional>
 #include <optional>
 
-/** Which files go into an archive, and which ones are taken out of a folder. */
+/** Decides which files go into an archive, and which files are read from a folder. */
 namespace ArchiveContents
 {
+/** One file for the archive. */
 struct Entry
 {
-    QString path; ///< what is read: a regular file, or a link that is kept as such
-    QString member; ///< its name in the archive, relative to the repository
-    FileId id; ///< the file that was judged; by the time that it is read, the path may name another one
+    QString path; ///< the file to read: a regular file, or a link that stays a link
+    QString member; ///< name in the archive, relative to the repository
+    FileId id; ///< identity of the checked file; the path may name another file when it is read
 };
 
+/** The files of a repository. */
 struct Listing
 {
     QVector<Entry> entries;
-    QStringList leftOut; ///< links of others to elsewhere, by their names in the archive
-    QString error; ///< the folder that could not be read; the entries are not all then
+    QStringList leftOut; ///< names in the archive of links to outside that are not trusted
+    QString error; ///< the folder that could not be read; then the list of entries is incomplete
 };
 
 /**
- * All files of a repository, hidden ones too. Links within it are kept; what a link to elsewhere stands for is part of
- * the repository and is taken in its place, if the user or root has made the link and owns that too: a link of somebody
- * else could lead to what only the user may read. Left out is also what only a running reprepro has a use for.
+ * All files of a repository, including hidden files. Links within the repository are kept. The target of a link to
+ * outside is part of the repository and is stored in place of the link, if the link and its target have the same owner,
+ * who is the user or root. Somebody else's link could lead to a file that only the user may read. The lock file of
+ * reprepro is left out.
  */
 Listing ofRepository(const QString &path);
 
-/** A file of the repository; through a link what it leads to, or nothing where ofRepository() leaves it out. */
+/** One file of the repository, or the target of a link; nothing for a link that ofRepository() leaves out. */
 std::optional<Entry> fileOfRepository(const QString &path, const QString &file, const QString &member);
 
 /** Whether a file of this name is a package. */
 bool isPackageName(const QString &name);
 
 /**
- * The packages below `folder`, sorted. No link is followed to anything outside of it, nor are the kernel's file systems
- * entered, nor the folder `without`. Ends early, with what was found so far, when `stopped` answers true.
+ * The packages below `folder`, sorted. Links to outside are not followed. File systems of the kernel and the folder
+ * `without` are not entered. When `stopped` returns true, it ends early with the packages found so far.
  */
 QStringList
 packagesBelow(const QString &folder, const QString &without, const std::function<bool()> &stopped);

@@ -17,7 +17,7 @@ namespace
 constexpr const char *MountFolder = "importTempDir";
 constexpr mode_t OwnerOnly = 0700;
 
-/** Opens the folder, which is made when missing; -1 when it is a link or belongs to somebody else. */
+/** Opens the folder and creates it when it is missing; -1 when it is a link or belongs to another user. */
 int openOwnFolder(int parent, const char *name)
 {
     if (::mkdirat(parent, name, OwnerOnly) != 0 && errno != EEXIST)
@@ -34,7 +34,7 @@ int openOwnFolder(int parent, const char *name)
     return -1;
 }
 
-/** Whether something is mounted there, whatever state it is in; see proc(5). */
+/** Whether the folder is a mount point, even of a broken mount; see proc(5). */
 bool isMounted(const QString &folder)
 {
     QFile table(QStringLiteral("/proc/self/mountinfo"));
@@ -48,14 +48,14 @@ bool isMounted(const QString &folder)
     return false;
 }
 
-/** A place that no other user can have taken; empty when there is none. */
+/** A folder that no other user can create; empty when there is none. */
 QString privateParent()
 {
     const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     return runtime.isEmpty() ? QString() : runtime + QLatin1String("/velt-admin-repo");
 }
 
-/** Whether the open folder is still what lies at `path`. */
+/** Whether the open folder is still the folder at `path`. */
 bool isAt(int folder, const QString &path)
 {
     struct stat open = {};
@@ -88,7 +88,7 @@ QString ArchiveUtils::mountPoint() const
 void ArchiveUtils::removeLeftover()
 {
     for (const QString &parent : {usualParent(), privateParent()}) {
-        // What goes wrong here will go wrong for the next import too, which tells.
+        // An error here is not reported, because the next import will meet and report it.
         ArchiveUtils leftover;
         leftover.m_parent = parent;
         if (!isMounted(leftover.mountFolder()))
@@ -103,13 +103,13 @@ bool ArchiveUtils::mount(const QString &archive)
 {
     QString trouble = prepareMountPoint();
     if (trouble.isEmpty()) {
-        // The mount outlives the run, and would look for a relative path elsewhere.
+        // The path must be absolute: the mount outlives this process and its working directory.
         m_mounted
             = run(QStringLiteral("archivemount"), {QFileInfo(archive).absoluteFilePath(), mountPoint()});
         if (m_mounted)
             return true;
         trouble = troubleWith(QStringLiteral("archivemount"), QStringLiteral("archivemount"));
-        // A run that was ended from outside may have come as far as to mount.
+        // A process that was killed may already have mounted the archive.
         if (isMounted(mountFolder()))
             unmountNow();
         removeMountPoint();
@@ -134,7 +134,7 @@ bool ArchiveUtils::umount()
 
 int ArchiveUtils::lockParent()
 {
-    // Whoever ends an import takes the folder away, so it may go between being opened and being locked.
+    // The end of another import deletes the folder, perhaps between open() and flock().
     constexpr int Attempts = 5;
     for (int attempt = 0; attempt < Attempts; ++attempt) {
         m_lock = openOwnFolder(AT_FDCWD, QFile::encodeName(m_parent).constData());
@@ -158,7 +158,7 @@ void ArchiveUtils::removeMountPoint()
 QString ArchiveUtils::prepareMountPoint()
 {
     int reason = 0;
-    // Anybody can make folders below /tmp, and what belongs to somebody else is of no use.
+    // Any user can create folders below /tmp, and another user's folder cannot be used.
     for (const QString &parent : {usualParent(), privateParent()}) {
         m_parent = parent;
         reason = lockParent();
@@ -169,7 +169,7 @@ QString ArchiveUtils::prepareMountPoint()
         return tr("The folder %1 cannot be used: %2").arg(m_parent, qt_error_string(reason));
     if (reason == EWOULDBLOCK)
         return tr("Another import is reading an archive. Try again when it is done.");
-    // A program that was killed leaves its mount behind.
+    // A killed program leaves its mount behind.
     if (isMounted(mountFolder()) && !unmountNow())
         return tr("The archive of an earlier import is still mounted.") + QLatin1Char('\n')
                + troubleWith(QStringLiteral("fusermount"), QStringLiteral("fuse3"));
@@ -190,7 +190,7 @@ QString ArchiveUtils::troubleWith(const QString &program, const QString &package
 
 bool ArchiveUtils::unmountNow()
 {
-    // It must happen even when the job has been stopped.
+    // The archive must be unmounted even when the job was stopped.
     setStopRequest({});
     return run(QStringLiteral("fusermount"), {QStringLiteral("-u"), mountPoint()});
 }

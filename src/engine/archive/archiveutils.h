@@ -4,8 +4,8 @@
 #include "core/processutils.h"
 
 /**
- * Shows what is in an archive as a folder: mounts it with archivemount at mountPoint(), which is the user's own and
- * serves one import at a time. What is mounted when the object goes is unmounted, and the folder goes with it.
+ * Shows the contents of an archive as a folder: archivemount mounts the archive at mountPoint(). This folder belongs to
+ * the user and serves one import at a time. The destructor unmounts the archive and deletes the folder.
  */
 class ArchiveUtils : public ProcessUtils
 {
@@ -14,14 +14,14 @@ public:
     using ProcessUtils::ProcessUtils;
     ~ArchiveUtils() override;
 
-    /** Emits error() when it fails. An archive that holds no files, or is damaged, can succeed. */
+    /** Emits error() on failure. Mounting can succeed even for a damaged archive or one without files. */
     bool mount(const QString &archive);
-    /** Emits error() when it fails; without anything mounted it succeeds. */
+    /** Emits error() on failure. True also when nothing is mounted. */
     bool umount();
 
-    /** Below /tmp, or below the user's runtime folder when another user has taken that place. */
+    /** Below /tmp, or below the user's runtime folder when another user owns the folder in /tmp. */
     QString mountPoint() const;
-    /** Takes away the mount that a killed import has left. Nothing happens while another one runs. */
+    /** Removes the mount that a killed import has left. Does nothing while another import is running. */
     static void removeLeftover();
 
 private:
@@ -31,7 +31,7 @@ private:
 
     static QString usualParent();
     QString mountFolder() const;
-    /** 0, or why the folder above the mount point could not be opened and locked. */
+    /** 0, or the error number when the folder above the mount point could not be opened and locked. */
     int lockParent();
     QString prepareMountPoint();
     void removeMountPoint();

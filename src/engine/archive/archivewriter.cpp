@@ -23,13 +23,13 @@ namespace
 {
 constexpr int CopySize = 1 << 20;
 constexpr mode_t ModeBits = 07777;
-/** An archive ends with two empty blocks, and by custom fills a record of twenty. */
+/** An archive ends with two empty blocks. By convention it is filled to a record of twenty blocks. */
 constexpr int BlockSize = 512;
 constexpr int RecordSize = 20 * BlockSize;
-/** A file whose copy takes long enough for somebody to stop it. */
+/** A file of this size takes so long that the user may stop its copy. */
 constexpr qint64 LargeFile = 8 << 20;
 
-/** Compressing these again takes time and saves nothing. */
+/** Whether the file is compressed already: compressing it again would take time and save nothing. */
 bool isCompressed(const QString &name)
 {
     static const QSet<QString> suffixes{QStringLiteral("7z"),
@@ -57,7 +57,7 @@ QDateTime time(const timespec &value)
     return QDateTime::fromSecsSinceEpoch(value.tv_sec, Qt::UTC);
 }
 
-/** The name that getpwuid_r(3) or getgrgid_r(3) finds; empty when there is none. */
+/** The name from getpwuid_r(3) or getgrgid_r(3); empty when there is none. */
 template <typename Entry, typename Lookup>
 QString ownerName(Lookup lookup, unsigned id, char *Entry::*name)
 {
@@ -108,7 +108,7 @@ ArchiveWriter::add(const QString &file, const QString &member, const std::option
 {
     const QByteArray name = QFile::encodeName(file);
     Source source{file};
-    // To open a pipe would wait for somebody who writes into it.
+    // O_NONBLOCK: opening a pipe would otherwise wait for a writer.
     source.file = Descriptor(::open(name.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     const bool isLink = !source.file.isOpen() && errno == ELOOP;
     if (isLink)
@@ -117,7 +117,7 @@ ArchiveWriter::add(const QString &file, const QString &member, const std::option
         return failed(file, qt_error_string(errno));
     if (!S_ISREG(source.status.st_mode) && !(isLink && S_ISLNK(source.status.st_mode)))
         return failed(file, tr("It is no file."));
-    // Some file systems number a file anew each time; but no link leads to a path that is the file's own.
+    // Some file systems give a file a new number each time. Then the path must be the file's own path, without links.
     if (judged && *judged != FileId{source.status.st_dev, source.status.st_ino}
         && TrustedPath::pathOf(source.file) != name)
         return failed(file, changed());
@@ -207,7 +207,7 @@ QString ArchiveWriter::changed()
 
 bool ArchiveWriter::commit()
 {
-    // An archive of nothing is blocks of zeros as well.
+    // Even an empty archive consists of blocks of zeros.
     const bool ended = m_device->write(QByteArray(RecordSize, '\0')) == RecordSize;
     m_tar->close();
     if (!m_device->finish() || !ended) {
@@ -228,7 +228,7 @@ ArchiveWriter::Result ArchiveWriter::failed(const QString &file, const QString &
     return Result::Failed;
 }
 
-// Looking up a name reads files or asks a server; a repository has few owners and many files.
+// Cached, because a look-up reads files or asks a server; a repository has few owners and many files.
 QString ArchiveWriter::userName(uid_t id)
 {
     const auto known = m_users.constFind(id);

@@ -18,14 +18,14 @@
 class KTar;
 
 /**
- * Writes a .tgz archive. The archive takes its target's place when commit() says that it is complete; until then, and
- * when the object goes without it, what lay there before stays. Not for the interface thread.
+ * Writes a .tgz archive. commit() replaces the target with the complete archive. Until then the old target stays, also
+ * when the object is deleted without commit(). Not for the interface thread.
  */
 class ArchiveWriter
 {
     Q_DECLARE_TR_FUNCTIONS(ArchiveWriter)
 public:
-    /** Asked several times while a file is copied; true gives the file up. */
+    /** Called several times while a file is copied; true cancels the file. */
     using StopRequest = std::function<bool()>;
     enum class Result { Added, Stopped, Failed };
 
@@ -37,19 +37,19 @@ public:
     /** False when the target cannot be written, see error(). */
     bool open();
     /**
-     * Adds a regular file, or a symbolic link as such, with its mode, owner and time. After anything but Added the
-     * archive takes no more files. One that was stopped can still be committed and lacks that file alone; small files
-     * are never stopped. With `judged` the path has to name this file still.
+     * Adds a regular file or a symbolic link, with its mode, owner and time. After a result other than Added, no more
+     * files can be added. After Stopped the archive can still be committed; it lacks only this file. Small files are
+     * never stopped. With `judged`, the path must still name that file.
      */
     Result add(const QString &file, const QString &member, const std::optional<FileId> &judged = {});
-    /** Adds a file that the archive alone has. */
+    /** Adds a file that exists only in the archive. */
     Result addText(const QByteArray &text, const QString &member);
-    /** Completes the archive and puts it into the target's place. */
+    /** Completes the archive and replaces the target. */
     bool commit();
-    /** What went wrong, with the file's name and the system's words. */
+    /** The last error, with the file name and the error text of the system. */
     QString error() const { return m_error; }
 
-    /** Bytes that a member can have at most. */
+    /** Most bytes of one member. */
     static constexpr qint64 LargestMember = 077777777777; // eleven octal digits
 
 private:

@@ -23,7 +23,7 @@ DebArchiveState debArchiveState(const QString &fileName, DebMember *data)
         if (!file.seek(position))
             return DebArchiveState::Truncated;
         const QByteArray header = file.read(HeaderSize);
-        // Some tools end an archive with a newline that no member owns; blanks with more behind them are damage.
+        // Some tools add a newline at the end of an archive. Blanks before more data are damage.
         if (header.size() < HeaderSize && header.trimmed().isEmpty())
             break;
         if (header.size() < HeaderSize)
@@ -36,7 +36,7 @@ DebArchiveState debArchiveState(const QString &fileName, DebMember *data)
             return DebArchiveState::NoArchive;
         if (!hasData && header.startsWith("data.tar")) {
             hasData = true;
-            // Some tools end names with a slash.
+            // Some tools add a slash to the end of names.
             QByteArray name = header.left(NameLength).trimmed();
             if (name.endsWith('/'))
                 name.chop(1);

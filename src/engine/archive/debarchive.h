@@ -4,24 +4,24 @@
 #include <QByteArray>
 #include <QString>
 
-/** What the outer structure of a package file tells. */
+/** State of the outer structure of a package file. */
 enum class DebArchiveState {
     Whole,
-    NoArchive, ///< not an ar archive of the kind that deb(5) describes
-    Truncated ///< a member is longer than what is left of the file
+    NoArchive, ///< not an ar archive as in deb(5)
+    Truncated ///< a member extends beyond the end of the file
 };
 
 /** A member of a package file. */
 struct DebMember
 {
     QByteArray name;
-    qint64 position = 0; ///< of its contents in the file
-    qint64 size = 0; ///< of its contents, bytes
+    qint64 position = 0; ///< position of its contents in the file
+    qint64 size = 0; ///< size of its contents in bytes
 };
 
 /**
- * Looks at the members of a .deb or .udeb (an ar archive, deb(5)) without unpacking any. The packaging tools read
- * the control member alone, so a file whose download broke off inside the data member passes them unnoticed. `data`
- * becomes the member with the files of a whole package.
+ * Checks the members of a .deb or .udeb (an ar archive, deb(5)) without unpacking them. The packaging tools read only
+ * the control member, so they do not notice a download that ended within the data member. When the package is whole,
+ * `data` receives its member with the files.
  */
 DebArchiveState debArchiveState(const QString &fileName, DebMember *data = nullptr);

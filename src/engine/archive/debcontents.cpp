@@ -22,7 +22,7 @@
 namespace
 {
 constexpr int BufferSize = 1 << 16;
-/** Of the records that overrule a header. */
+/** Most bytes of the records that override a header. */
 constexpr qint64 LargestExtension = 1 << 20;
 
 std::optional<FileFd::CompressMode> compressionOf(const QByteArray &member)
@@ -42,11 +42,11 @@ std::optional<FileFd::CompressMode> compressionOf(const QByteArray &member)
     return std::nullopt;
 }
 
-/** Follows the members of a tar archive that comes in pieces. */
+/** Reads the members of a tar archive that arrives in pieces. */
 class TarWalk
 {
 public:
-    /** False when this is no such archive. */
+    /** False when the data is not a valid archive. */
     bool take(const char *data, qint64 size)
     {
         while (size > 0 && !m_isAtEnd) {
@@ -65,7 +65,7 @@ public:
         }
         return true;
     }
-    /** Whether it may end here. */
+    /** Whether the archive may end here. */
     bool isComplete() const { return m_isAtEnd || (m_left == 0 && m_block.isEmpty()); }
 
 private:
@@ -92,15 +92,15 @@ private:
         return true;
     }
 
-    QByteArray m_block; ///< of a header, as far as it has come
-    QByteArray m_records; ///< that overrule the next header
-    int m_recordsSize = 0; ///< bytes of them; the rest fills their last block
-    qint64 m_left = 0; ///< of the contents of a member, in whole blocks
-    bool m_isExtended = false; ///< the contents are such records
+    QByteArray m_block; ///< the part of a header that has arrived
+    QByteArray m_records; ///< records that override the next header
+    int m_recordsSize = 0; ///< size of the records in bytes; the rest of m_records is padding
+    qint64 m_left = 0; ///< bytes left of a member's contents, including the padding
+    bool m_isExtended = false; ///< the contents are records that override a header
     bool m_isAtEnd = false;
 };
 
-/** A descriptor that ends where a part of a file does: some compressions would take what follows for more of it. */
+/** A descriptor that ends at the end of a part of a file. Some decompressors would read the following bytes too. */
 class FilePart
 {
 public:
@@ -115,7 +115,7 @@ public:
     }
     ~FilePart()
     {
-        // Whoever still writes is told that nobody reads.
+        // Closing this end makes the feeder's write fail, so that the thread ends.
         if (m_end >= 0)
             ::close(m_end);
         if (m_feeder.joinable())
@@ -124,11 +124,11 @@ public:
     FilePart(const FilePart &) = delete;
     FilePart &operator=(const FilePart &) = delete;
 
-    /** -1 when there is none. */
+    /** The end to read from; -1 on failure. */
     int descriptor() const { return m_end; }
 
 private:
-    int m_end = -1; ///< to read from
+    int m_end = -1; ///< read end of the pipe
     std::thread m_feeder;
 
     static void feed(int file, qint64 position, qint64 size, int target)
@@ -151,7 +151,7 @@ private:
     }
 };
 
-/** The library makes its table of compressions at the first use, without a lock. */
+/** Makes the library create its table of compressions. At the first use it does this without a lock. */
 void prepareLibrary()
 {
     static std::once_flag once;
@@ -186,7 +186,7 @@ debContentsState(const QString &fileName, const DebMember &data, const std::func
     if (part.descriptor() < 0)
         return DebContentsState::Unknown;
     prepareLibrary();
-    // What the library has to say lies in a list of the thread's own.
+    // The library stores its errors in a list of each thread.
     _error->PushToStack();
     auto state = DebContentsState::Unknown;
     {

@@ -7,17 +7,17 @@
 
 #include <functional>
 
-/** What unpacking the files of a package has shown. */
+/** Result of unpacking the files of a package. */
 enum class DebContentsState {
     Whole,
-    Damaged, ///< they cannot be unpacked
-    Unknown, ///< packed in a way that is not known here, or the reading was stopped
+    Damaged, ///< the files cannot be unpacked
+    Unknown, ///< the compression is not supported, or reading was stopped
 };
 
 /**
- * Unpacks the data member of a package to nowhere, in this process. Bytes that were changed on the way show in the
- * checksums of the compression and in the headers of the archive; the packaging tools would find them at the
- * installation. Reads the whole member: not for the interface thread.
+ * Unpacks the data member of a package in this process, without writing it. Changed bytes violate the checksums of the
+ * compression or the headers of the archive. The packaging tools would notice them only during installation. Reads the
+ * whole member: not for the interface thread.
  */
 DebContentsState
 debContentsState(const QString &fileName, const DebMember &data, const std::function<bool()> &stopped = {});

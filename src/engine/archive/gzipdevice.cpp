@@ -11,11 +11,11 @@
 namespace
 {
 constexpr int BlockSize = 1 << 20;
-/** Blocks that may wait for the thread: enough to bridge a slow file, little enough not to be felt. */
+/** Most blocks that wait for the thread: enough for the time in which a slow file is read, and little memory. */
 constexpr std::size_t QueueLength = 8;
 } // namespace
 
-/** The compressor and the file behind it. */
+/** The compressor and its output file. */
 class GzipDevice::Stream
 {
 public:
@@ -24,7 +24,7 @@ public:
         , m_output(BlockSize, Qt::Uninitialized)
     {
         constexpr int GzipWindow = 15 + 16; // the largest window, with gzip's header and trailer
-        constexpr int MemoryLevel = 8; // with the larger tables it is by a third slower and saves nothing
+        constexpr int MemoryLevel = 8; // a higher level is slower by a third and saves nothing
         m_valid
             = deflateInit2(&m_zlib, Level, Z_DEFLATED, GzipWindow, MemoryLevel, Z_DEFAULT_STRATEGY) == Z_OK;
         resetOutput();
@@ -99,7 +99,7 @@ private:
     {
         if (!m_valid || level == m_level)
             return m_valid;
-        // What was given before is compressed as before; it may need more room than is left.
+        // deflateParams() compresses earlier data with the earlier level, and this may need more output space.
         int result = deflateParams(&m_zlib, level, Z_DEFAULT_STRATEGY);
         while (result == Z_BUF_ERROR) {
             if (!flushOutput())
@@ -114,7 +114,7 @@ private:
     {
         if (!m_valid)
             return false;
-        // zlib's interface knows no constant input; it only reads it.
+        // The input of zlib is not const, but zlib only reads it.
         m_zlib.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(data.constData()));
         m_zlib.avail_in = static_cast<uInt>(data.size());
         int result = Z_OK;
@@ -228,7 +228,7 @@ void GzipDevice::work()
             m_changed.notify_all();
         }
         last = task.order;
-        // After a failure the rest is only taken off the hands of those who write.
+        // After a failure, further tasks are only removed, so that no writer waits.
         if (!m_failed)
             perform(task);
     }

@@ -14,29 +14,29 @@
 class QFileDevice;
 
 /**
- * Writes what it is given to a file as one gzip stream (RFC 1952). What is compressed already can be stored in the
- * stream as it is, which is some ten times as fast and costs a few bytes; any reader of gzip takes either. A thread of
- * the device's own compresses and writes, so that reading goes on meanwhile. Use it from one thread.
+ * Writes its data to a file as one gzip stream (RFC 1952). Data that is compressed already can be stored unchanged in
+ * the stream. This is about ten times as fast and adds a few bytes; every gzip reader accepts it. A thread of the
+ * device compresses and writes, so that the caller can read meanwhile. Use the device from one thread only.
  */
 class GzipDevice : public QIODevice
 {
     Q_OBJECT
 public:
-    /** `target` is open for writing, and nobody else touches it before finish() or the end of this object. */
+    /** `target` must be open for writing. Nobody else may use it before finish() or the end of this object. */
     explicit GzipDevice(QFileDevice *target);
     ~GzipDevice() override;
     GzipDevice(const GzipDevice &) = delete;
     GzipDevice &operator=(const GzipDevice &) = delete;
 
-    /** Whether what is written from now on is stored instead of compressed. */
+    /** Whether further data is stored and not compressed. */
     void setStored(bool stored);
-    /** Remembers this place for rollback(). */
+    /** Remembers the present position for rollback(). */
     void checkpoint();
-    /** Forgets what was written since the last checkpoint(). */
+    /** Discards all data since the last checkpoint(). */
     void rollback();
-    /** Ends the stream and waits until all is written; false when a write failed, see failure(). */
+    /** Ends the stream and waits until all data is written; false when a write failed, see failure(). */
     bool finish();
-    /** Why writing failed, in the system's words; empty as long as it has not. */
+    /** The system's error text of a failed write; empty without a failure. */
     QString failure() const;
 
     bool isSequential() const override { return true; }
@@ -58,13 +58,13 @@ private:
     void work();
     void perform(const Task &task);
 
-    std::unique_ptr<Stream> m_stream; ///< the thread's
+    std::unique_ptr<Stream> m_stream; ///< used by m_thread
     QByteArray m_pending;
     bool m_stored = false;
     bool m_ended = false;
     std::atomic<bool> m_failed{false};
 
-    mutable std::mutex m_mutex; ///< guards what follows, up to the blank line
+    mutable std::mutex m_mutex; ///< guards the members up to the blank line
     std::deque<Task> m_tasks;
     QString m_failure;
 

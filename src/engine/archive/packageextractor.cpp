@@ -17,7 +17,7 @@ namespace
 {
 constexpr int CopySize = 1 << 20;
 
-/** The member's name as programs that unpack it understand it; empty for one that leaves its folder. */
+/** The member's name without redundant parts; empty for a name with "..", which could leave the folder. */
 QByteArray normalized(const QByteArray &name)
 {
     QByteArrayList parts;
@@ -124,7 +124,7 @@ PackageExtractor::Result PackageExtractor::admit(qint64 size)
         m_consent = nullptr;
     }
     const qint64 free = freeSpace(m_folder);
-    // Where it is not told how much is free, the next write tells when nothing is.
+    // The free space is not known; a write fails when there is none.
     if (free < 0)
         return Result::Done;
     if (m_keptFree < 0)
@@ -143,11 +143,11 @@ PackageExtractor::Result PackageExtractor::admit(qint64 size)
 
 QString PackageExtractor::placeFor(const QByteArray &member)
 {
-    // A member that stands in the archive twice replaces its older self.
+    // A member that is in the archive twice replaces its first copy.
     const auto known = m_places.constFind(member);
     if (known != m_places.constEnd())
         return *known;
-    // Of equal file names in several folders each gets a folder of its own.
+    // Equal file names from several folders get a folder each.
     const QString name = QFile::decodeName(lastPart(member));
     QString place = m_folder + QLatin1Char('/') + name;
     if (QFileInfo::exists(place)) {

@@ -11,34 +11,35 @@
 class TarReader;
 
 /**
- * Takes the packages out of an archive in one pass into a folder. Only regular files with the name of a package are
- * taken, and of their names only the last part is used: nothing is written anywhere else, whatever the archive says.
- * The whole archive is read, so that a damaged one is found out before any of its packages is used.
+ * Unpacks the packages of an archive into a folder, in one pass. It takes only regular files with the name of a
+ * package, and uses only the last part of their names. So nothing is written outside the folder, whatever the archive
+ * contains. The whole archive is read, so that damage is found before any package is used.
  */
 class PackageExtractor
 {
     Q_DECLARE_TR_FUNCTIONS(PackageExtractor)
 public:
     using StopRequest = std::function<bool()>;
+    /** The result of unpacking or copying. */
     enum class Result {
         Done,
-        NoTar, ///< the file is no tar archive, compressed with gzip or not compressed
-        Damaged, ///< also when the packages could not be written, or need too much room; see error()
-        Refused, ///< the archive holds much more than it looks like, which was not agreed to
+        NoTar, ///< the file is not a tar archive, neither with gzip nor without compression
+        Damaged, ///< also when the packages could not be written or need too much space; see error()
+        Refused, ///< the archive unpacks to much more than its size, and the user did not consent
         Stopped
     };
-    /** Asked once, when the packages become suspiciously large; gets their size so far and that of the archive. */
+    /** Called once when the packages become suspiciously large, with their size so far and the size of the archive. */
     using Consent = std::function<bool(qint64 unpacked, qint64 archive)>;
-    /** A few bytes can be made that unpack to as many as one likes. */
+    /** Limits against archives of a few bytes that unpack to any size. */
     struct Limits
     {
         qint64 leastFree
-            = 200 * 1000 * 1000; ///< bytes that stay free, unless it is over half of what was free
-        int freeShare = 10; ///< one part in so many of what was free stays so too
-        qint64 unasked = 1000 * 1000 * 1000; ///< bytes that are taken without a question...
-        int ratio = 20; ///< ... and so many times the archive's size
+            = 200 * 1000 * 1000; ///< bytes that stay free, but not more than half of the free space
+        int freeShare = 10; ///< one part in this number of the free space stays free too
+        qint64 unasked = 1000 * 1000 * 1000; ///< bytes that are unpacked without a question
+        int ratio = 20; ///< no question below this many times the size of the archive
 
-        /** The bytes that have to stay free where so many were. */
+        /** The bytes that must stay free when `free` bytes are free at the start. */
         qint64 keptFree(qint64 free) const { return qMax(free / freeShare, qMin(leastFree, free / 2)); }
     };
 
@@ -48,35 +49,35 @@ public:
 
     /** Reads a tar archive. */
     Result extract(const QString &archive);
-    /** Copies package files, for archives of other kinds that have been made accessible as a folder. */
+    /** Copies package files, for other archives that are mounted as a folder. */
     Result copy(const QStringList &files);
 
-    /** The packages, in the order of the archive. */
+    /** The paths of the packages, in the order of the archive. */
     QStringList files() const { return m_files; }
-    /** By these, the names of the packages in the archive, or of the files that were copied. */
+    /** The names of the packages in the archive, or of the copied files, by the paths in files(). */
     QHash<QString, QString> members() const;
-    /** Names of packages in the archive that are no files there, but links or the like. */
+    /** Names of packages in the archive that are links or the like and not files. */
     QStringList passedOver() const { return m_passedOver; }
     QString error() const { return m_error; }
 
 private:
     QString m_folder;
     StopRequest m_stopped;
-    Consent m_consent; ///< none when it was given
+    Consent m_consent; ///< empty after the user has consented
     Limits m_limits;
     qint64 m_archiveSize = 0; ///< bytes
     qint64 m_written = 0; ///< bytes
-    qint64 m_keptFree = -1; ///< bytes; unknown before the first are written
+    qint64 m_keptFree = -1; ///< bytes that must stay free; negative before the first write
     QStringList m_files;
     QStringList m_passedOver;
-    QHash<QByteArray, QString> m_places; ///< by the member's whole name
+    QHash<QByteArray, QString> m_places; ///< by the whole name of the member
     QString m_error;
 
     Result take(TarReader *reader, const QByteArray &member);
     Result write(const QByteArray &member,
                  const std::function<int(char *data, int size)> &read,
                  const std::function<QString()> &readError);
-    /** Whether so many more bytes may be written. */
+    /** Whether this many more bytes may be written. */
     Result admit(qint64 size);
     QString placeFor(const QByteArray &member);
     Result damaged(const QString &reason);

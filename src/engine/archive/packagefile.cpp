@@ -13,7 +13,7 @@
 
 namespace
 {
-/** What speaks against a file before anybody looks into it; empty when nothing does. */
+/** Why a file is refused before it is read; empty when it is not. */
 QString refusal(const QString &path)
 {
     const QFileInfo info(path);
@@ -21,7 +21,7 @@ QString refusal(const QString &path)
         return PackageFile::tr("There is no such file.");
     if (!path.endsWith(QLatin1String(".deb")) && !path.endsWith(QLatin1String(".udeb")))
         return PackageFile::tr("Its name does not end in .deb or .udeb.");
-    // To open a pipe would wait for somebody who writes into it.
+    // Opening a pipe would wait for a writer.
     if (!info.isFile())
         return PackageFile::tr("It is no regular file.");
     return info.size() == 0 ? PackageFile::tr("The file is empty.") : QString();
@@ -66,7 +66,7 @@ PackageFileReader::~PackageFileReader()
 QVector<PackageFile> PackageFileReader::next(int most)
 {
     QVector<PackageFile> files;
-    // While the first ones are waited for, the ones behind them are begun.
+    // While the first files are awaited, reading of the next ones begins.
     const int count = qMin(most, m_reading.size());
     for (int i = 0; i < count; ++i) {
         files.append(m_reading.dequeue().result());

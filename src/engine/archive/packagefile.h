@@ -14,31 +14,31 @@
 #include <functional>
 #include <memory>
 
-/** A package file's control data, or why there are none. */
+/** The control data of a package file, or the reason why there is none. */
 struct PackageFile
 {
     Q_DECLARE_TR_FUNCTIONS(PackageFile)
 public:
     QString path;
-    PackageInfoPtr package; ///< null when the file cannot be taken into a repository
-    QString reason; ///< why, for the user
+    PackageInfoPtr package; ///< null when the file cannot be added to a repository
+    QString reason; ///< text for the user about a null package
 
-    /** Runs dpkg and reads the whole file, until `stopped` answers true: not for the interface thread. */
+    /** Runs dpkg and reads the whole file, until `stopped` returns true: not for the interface thread. */
     static PackageFile read(const QString &path, const std::function<bool()> &stopped = {});
 };
 
-/** Reads package files ahead of their use, so that dpkg works on the next ones while reprepro takes these in. */
+/** Reads package files before they are needed: dpkg works on the next files while reprepro adds the present ones. */
 class PackageFileReader
 {
 public:
-    /** `stopped` is asked from several threads. */
+    /** `stopped` is called from several threads. */
     PackageFileReader(QStringList paths, int ahead, std::function<bool()> stopped);
-    /** No program of a job outlives it. */
+    /** Waits until all programs of the job have ended. */
     ~PackageFileReader();
     PackageFileReader(const PackageFileReader &) = delete;
     PackageFileReader &operator=(const PackageFileReader &) = delete;
 
-    /** The next files in their order, `most` or those that are left. */
+    /** The next files in their order: `most` files, or all that are left. */
     QVector<PackageFile> next(int most);
 
 private:
@@ -46,7 +46,7 @@ private:
     int m_ahead;
     std::shared_ptr<std::atomic<bool>> m_abandoned = std::make_shared<std::atomic<bool>>(false);
     std::function<bool()> m_stopped;
-    QThreadPool m_pool; ///< of its own: everything that is read costs the start of a program
+    QThreadPool m_pool; ///< a pool of its own, because each file needs a new process
     QQueue<QFuture<PackageFile>> m_reading;
 
     void startNext();

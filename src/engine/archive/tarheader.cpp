@@ -6,7 +6,7 @@
 
 namespace
 {
-// Where the fields lie, see tar(5).
+// Positions of the fields, see tar(5).
 constexpr int NameLength = 100;
 constexpr int SizeOffset = 124;
 constexpr int SizeLength = 12;
@@ -22,7 +22,7 @@ QByteArray text(const char *field, int length)
     return {field, static_cast<int>(qstrnlen(field, static_cast<uint>(length)))};
 }
 
-/** An octal number; -1 when there is none. */
+/** An octal number; -1 when the text is none. */
 qint64 octal(const char *field, int length)
 {
     bool isNumber = false;
@@ -31,7 +31,7 @@ qint64 octal(const char *field, int length)
     return isNumber && value >= 0 ? value : -1;
 }
 
-/** A size that needs more than its octal digits is binary, behind a set highest bit. */
+/** A size that is too large for the octal digits is binary; then the highest bit is set. */
 qint64 sizeOf(const char *field)
 {
     if ((static_cast<uchar>(*field) & 0x80U) == 0)
@@ -87,13 +87,13 @@ TarHeader TarHeader::parse(const char *block)
         return header;
     header.kind = kindOf(block[TypeOffset]);
     header.name = text(block, NameLength);
-    // GNU's variant has other things in the prefix's place.
+    // The GNU format uses the bytes of the prefix for other fields.
     if (std::memcmp(block + MagicOffset, "ustar\0", 6) == 0) {
         const QByteArray prefix = text(block + PrefixOffset, PrefixLength);
         if (!prefix.isEmpty())
             header.name.prepend('/').prepend(prefix);
     }
-    // Links and devices have no contents, whatever size they claim.
+    // Links and devices have no contents, even if their size is not 0.
     if (block[TypeOffset] >= '1' && block[TypeOffset] <= '6')
         header.size = 0;
     return header;
@@ -101,7 +101,7 @@ TarHeader TarHeader::parse(const char *block)
 
 bool TarHeader::overrule(const QByteArray &records)
 {
-    // "length key=value\n", where the length is that of the whole record.
+    // The form is "length key=value\n", with the length of the whole record.
     int position = 0;
     while (position < records.size()) {
         const int blank = records.indexOf(' ', position);

@@ -13,15 +13,15 @@ struct TarHeader
         End, ///< an empty block
         File,
         LongName, ///< the contents are the name of the next member
-        Extended, ///< the contents are records that overrule the next member's header
-        Remark, ///< says of the next members what does not matter here, such as where a link leads
-        Other, ///< links, folders, devices and what this program has no use for
-        Invalid ///< no header at all
+        Extended, ///< the contents are records that override the next member's header
+        Remark, ///< information about the next members that is not needed here, such as the target of a link
+        Other, ///< links, folders, devices and other members that are not needed here
+        Invalid ///< not a header
     };
 
     Kind kind = Kind::Invalid;
-    QByteArray name; ///< as the header has it, folders included
-    qint64 size = 0; ///< of the contents, which fill whole blocks
+    QByteArray name; ///< as in the header, with folders
+    qint64 size = 0; ///< size of the contents; they fill whole blocks
 
     /** `block` has BlockSize bytes. */
     static TarHeader parse(const char *block);

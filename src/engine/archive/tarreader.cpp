@@ -10,7 +10,7 @@
 namespace
 {
 constexpr unsigned BufferSize = 1U << 18U;
-/** Names and extended headers are short; an archive that says otherwise wants our memory. */
+/** Names and extended headers are short. A larger size would only use up memory. */
 constexpr qint64 LargestExtension = 1 << 20;
 } // namespace
 
@@ -47,7 +47,7 @@ TarHeader TarReader::next()
             return {};
         const bool isRead = readFully(block.data(), TarHeader::BlockSize);
         TarHeader header = isRead ? TarHeader::parse(block.data()) : TarHeader();
-        // Some programs leave out the empty blocks at the end.
+        // Some programs omit the empty blocks at the end.
         if (m_begun && m_atEnd)
             header.kind = TarHeader::Kind::End;
         else if (!isRead)
@@ -135,7 +135,7 @@ bool TarReader::readFully(char *data, int size)
     return false;
 }
 
-/** The checksum at the end of the stream tells whether what was read is what was written. */
+/** Reads to the end of the stream: its checksum shows whether all data is intact. */
 bool TarReader::readToEnd()
 {
     std::array<char, 1U << 16U> waste = {};
@@ -155,7 +155,7 @@ bool TarReader::readToEnd()
 void TarReader::reportEnd(bool complete)
 {
     m_atEnd = complete;
-    // What is not even compressed may be anything, and no archive at all.
+    // Data that is not compressed and not a tar archive may be any file, so the error text stays empty.
     if (m_begun || gzdirect(m_stream) == 0)
         m_error = tr("The archive is damaged: its end is missing.");
 }

@@ -12,7 +12,7 @@
 
 QStringList UnpackPlace::besideRepository(const QString &repoPath)
 {
-    // Who may change the repository need not be allowed to write beside it.
+    // A user who may change the repository may not be allowed to write to the folder that contains it.
     return {QFileInfo(QFileInfo(repoPath).canonicalFilePath()).path(), repoPath};
 }
 

@@ -6,21 +6,25 @@
 #include <QVector>
 
 /**
- * Where the packages of an archive are unpacked: in the system's temporary folder, which can be a small one in memory,
- * or else beside the repository.
+ * Chooses the folder where the packages of an archive are unpacked: the system's temporary folder, which can be small
+ * and in memory, or else the folder of the repository or the folder that contains it.
  */
 namespace UnpackPlace
 {
+/** A possible folder. */
 struct Candidate
 {
     QString folder;
-    qint64 free = -1; ///< bytes; negative when that is not told
+    qint64 free = -1; ///< bytes; negative when the size is not known
 };
 
-/** The folders in the order in which they are taken, but for those where others could exchange what lies in them. */
+/** The folders in order of preference. Folders where other users could exchange files are left out. */
 QVector<Candidate> candidates(const QString &repoPath);
-/** The first with room for so many bytes, and for what has to stay free; empty when there is none. */
+/**
+ * The first folder with enough space for this many bytes and for the space that must stay free; empty when there is
+ * none.
+ */
 QString choose(const QVector<Candidate> &candidates, qint64 needed);
-/** Folders where a killed program may have left what it had unpacked for this repository. */
+/** Folders where a killed program may have left unpacked packages of this repository. */
 QStringList besideRepository(const QString &repoPath);
 } // namespace UnpackPlace
