@@ -9,7 +9,7 @@
 
 namespace
 {
-/** The words of the list, whatever white space separates them. */
+/** The words of the list, separated by any white space. */
 QStringList words(const QString &list)
 {
     return list.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);

@@ -8,26 +8,26 @@
 #include <QList>
 #include <QStringList>
 
-/** A change of a repository's description, and what it does to the packages. */
+/** A change of a repository's description, and its effects on the packages. */
 struct RepoChange
 {
     RepoInfo before;
     RepoInfo after;
-    bool carries = false; ///< whether packages are carried over to a new code name
+    bool carries = false; ///< whether packages are copied to a new code name
 
     bool isRenaming() const { return before.codename != after.codename; }
-    /** Whether the new description lacks a place that the old one has. */
+    /** Whether the old description has a component or architecture that the new one lacks. */
     bool dropsPlaces() const;
-    /** Whether the place where the package is listed is there after the change, with the package in it. */
+    /** Whether the package is still in its component and architecture after the change. */
     bool keepsPlace(const PackageInfo &package) const;
-    /** Those of which no copy stays: their files go. One record for each file. */
+    /** The packages that are lost: no copy stays, and their files are deleted. One record for each file. */
     QList<PackageInfoPtr> lost(const QList<PackageInfoPtr> &packages) const;
 
-    /** The new architectures that get the architecture-independent packages of the others. */
+    /** The new architectures that receive the architecture-independent packages of the others. */
     QStringList floodedArchitectures(const QList<PackageInfoPtr> &packages) const;
     /**
-     * The description under which reprepro can carry packages over: it names the old places and the new ones. `old` is
-     * the text of the description in force.
+     * The temporary description with which reprepro can copy packages: it contains the old and the new components and
+     * architectures. `old` is the text of the present description.
      */
     QByteArray bridge(const QByteArray &old) const;
 };

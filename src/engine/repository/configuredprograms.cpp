@@ -6,7 +6,7 @@
 
 namespace
 {
-/** reprepro passes over longer lines; what it makes of their rest need not be guessed. */
+/** reprepro skips longer lines, so there is no need to interpret them. */
 constexpr int LongestLine = 4000;
 
 QSet<QByteArray> wordsOf(const char *text)
@@ -15,7 +15,7 @@ QSet<QByteArray> wordsOf(const char *text)
     return {words.cbegin(), words.cend()};
 }
 
-/** Options that neither name a program nor a place to write to. */
+/** Options that name neither a program nor a place to write to. */
 bool isHarmlessOption(const QByteArray &name)
 {
     static const QSet<QByteArray> names = wordsOf(
@@ -42,7 +42,7 @@ bool isUncompressor(const QByteArray &name)
     return names.contains(name);
 }
 
-/** Fields of a distribution whose values are words alone, or names of files that are only read. */
+/** Fields of a distribution whose values are plain words, or names of files that are only read. */
 bool isHarmlessField(const QByteArray &name)
 {
     static const QSet<QByteArray> names = wordsOf(
@@ -53,7 +53,7 @@ bool isHarmlessField(const QByteArray &name)
     return names.contains(name);
 }
 
-/** Of the words that say how an index is written, the one behind the compressions is a program. */
+/** Whether an index description names no program: a word after the compressions would be one. */
 bool isPlainIndex(const QByteArray &value)
 {
     static const QRegularExpression words(
@@ -61,7 +61,7 @@ bool isPlainIndex(const QByteArray &value)
     return words.match(QString::fromLatin1(value)).hasMatch();
 }
 
-/** A name that stays below the folder it is looked for in. */
+/** Whether the path stays inside the folder to which it is relative. */
 bool isInside(const QByteArray &name)
 {
     const QByteArray leadingElsewhere("/~+!-");
@@ -119,7 +119,7 @@ void ConfiguredPrograms::readOptions(const QByteArray &text)
 void ConfiguredPrograms::readDistributions(const QByteArray &text)
 {
     QByteArray name;
-    QList<QByteArray> values; // of the field, by its lines
+    QList<QByteArray> values; // values of the field, one for each line
     const auto finish = [&] {
         if (!values.isEmpty())
             readField(name, values);
@@ -153,7 +153,7 @@ void ConfiguredPrograms::readField(const QByteArray &name, const QList<QByteArra
     const QByteArray value = lines.join(' ').simplified();
     if (isHarmlessField(field) || (field == "signwith" && !value.contains('!'))
         || ((field == "debindices" || field == "udebindices" || field == "dscindices") && isPlainIndex(value))
-        // What stands below the name of the log are programs.
+        // The lines after the name of the log file are programs.
         || (field == "log" && value == lines.first() && isInside(value)))
         return;
     for (const QByteArray &line : lines)

@@ -6,28 +6,29 @@
 #include <QStringList>
 
 /**
- * What the configuration of a repository has reprepro run, or write outside of the repository, by reprepro(1). All that
- * is not known to be harmless counts, so that a new kind of hook is no gap.
+ * The programs that reprepro runs and the files that it writes outside of the repository, according to the repository's
+ * configuration (reprepro(1)). Everything that is not known to be harmless is included, so that an unknown kind of hook
+ * is included too.
  *
- * These are the files options and distributions. The other ones (updates, pulls, incoming) are opened by commands that
- * this program never gives: strace shows it.
+ * Only the files options and distributions are read. The other files (updates, pulls, incoming) are used by commands
+ * that this program never calls, as strace shows.
  */
 class ConfiguredPrograms
 {
 public:
-    /** What stands in front of a path below the repository. */
+    /** The prefix of a path below the repository. */
     static const QByteArray BelowRepository;
 
-    /** Adds what conf/options names. */
+    /** Adds the entries of conf/options. */
     void readOptions(const QByteArray &text);
-    /** Adds what conf/distributions names. */
+    /** Adds the entries of conf/distributions. */
     void readDistributions(const QByteArray &text);
 
-    /** To be shown and compared: a line each, with the name of its file in front. */
+    /** The entries for display and comparison, one on each line, after the name of their file. */
     const QStringList &lines() const { return m_lines; }
-    /** The words of these lines that can be names of files in the configuration folder, or BelowRepository. */
+    /** The words in these lines that can be file names in the configuration folder or below the repository. */
     const QList<QByteArray> &words() const { return m_words; }
-    /** Names of the folders right below the repository that options put in the place of the usual ones. */
+    /** Names of the folders directly below the repository that options use instead of the usual ones. */
     const QList<QByteArray> &folders() const { return m_folders; }
 
 private:

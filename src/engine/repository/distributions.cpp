@@ -17,7 +17,7 @@ QString line(const QString &name, const QString &value)
     return QStringLiteral("%1: %2\n").arg(name, value);
 }
 
-/** The name of the field that the line begins, in small letters. */
+/** The name of the field in the line, in lower case. */
 QString nameOf(const QString &line)
 {
     return line.section(QLatin1Char(':'), 0, 0).trimmed().toLower();
@@ -121,7 +121,7 @@ QStringList Distributions::foreignLines(const QString &text)
                            || (name == UDebComponents.toLower() && value == components)
                            || (name == QLatin1String("signwith") && value == QLatin1String("yes"))
                            || (name == QLatin1String("contents") && value == QLatin1String(".gz"));
-        // A name that comes again belongs to a second distribution, a leading blank to a value over several lines.
+        // A repeated name belongs to a second distribution. A leading blank marks a value that continues.
         if (!known || seen.contains(name) || raw.at(0).isSpace())
             foreign.append(raw.at(0).isSpace() ? QLatin1Char(' ') + entry : entry);
         seen.insert(name);

@@ -6,34 +6,36 @@
 #include <QString>
 #include <QStringList>
 
-/** Rules of conf/distributions: what a new description holds, how it is written and how it is read back. */
+/** Rules of conf/distributions: the contents of a new description, its text, and how the text is parsed. */
 namespace Distributions
 {
-/** The description that a new repository for this release starts with; the code name may be empty. */
+/** The initial description of a new repository for this release; the code name may be empty. */
 RepoInfo repoInfoForCodename(const QString &codename);
 
 /** The text of conf/distributions for a description. */
 QString text(const RepoInfo &info);
 
-/** Reads a description back; `name` is what the repository is shown as. Fields that are absent stay empty. */
+/** Parses a description; `name` is the display name of the repository. Missing fields stay empty. */
 RepoInfo parse(const QString &text, const QString &name);
 
-/** The value of the first line "name:value", the name's first letter in either case; empty when there is none.
- *  A Description takes all lines that follow. */
+/**
+ * The value of the first line "name:value". The first letter of the name may have either case. Empty when there is no
+ * such line. The value of Description includes all further lines.
+ */
 QString fieldValue(const QStringList &lines, const QString &fieldName);
 
-/** The lines that a description of ours has no place for, so that rewriting the file loses them. */
+/** The lines that RepoInfo cannot hold. Rewriting the file loses them. */
 QStringList foreignLines(const QString &text);
 
-/** Whether the value of this field stands in the text, with a value that we do not write. */
+/** Whether rewriting the file loses the value of this field. */
 bool losesField(const QString &text, const QString &fieldName);
 
 /**
- * The first line that says of the packages' places what parse() does not read: a further line of a list, or an order
- * to include another file. Empty when there is none.
+ * The first line that affects the components or architectures and that parse() does not read: a continuation line of a
+ * list, or a line that includes another file. Empty when there is none.
  */
 QString unreadLine(const QString &text);
 
-/** How many distributions the text describes; only repositories with one can be changed. */
+/** The number of distributions in the text. Only a repository with one distribution can be changed. */
 int distributionCount(const QString &text);
 } // namespace Distributions

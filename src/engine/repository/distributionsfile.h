@@ -16,17 +16,19 @@ public:
     QString fileName() const { return m_fileName; }
     /** The description; nothing when the file cannot be read. */
     std::optional<RepoInfo> read() const;
-    /** The file as it is, for restore(); nothing when it cannot be read. */
+    /** The bytes of the file, for restore(); nothing when it cannot be read. */
     std::optional<QByteArray> readBytes() const;
-    /** The description that the file has when it holds this. */
+    /** The description in these bytes. */
     RepoInfo parsed(const QByteArray &bytes) const;
-    /** Name of the file that write() keeps this in, in the same folder. */
+    /** Name of the file in which write() keeps these bytes, in the same folder. */
     QString keptAs(const QByteArray &bytes) const;
     /**
-     * Replaces the file atomically. A text that held more than our own fields is kept beside it, as
-     * distributions.orig or with a number behind. False when the file cannot be written; the old one then stays.
+     * Replaces the file atomically. If the old text contains more than our own fields, it is kept in the same folder as
+     * distributions.orig, or with a number after this name. False when the file cannot be written; then the old file
+     * stays.
      */
     bool write(const RepoInfo &info) const;
+    /** Replaces the file with these bytes; false on failure. */
     bool restore(const QByteArray &bytes) const;
 
 private:

@@ -25,7 +25,7 @@ RepoInfo OpenRepository::info() const
 
 void OpenRepository::set(const QString &path, const RepoInfo &info)
 {
-    // Links take a look at the disk, which nobody waits for.
+    // Resolving links accesses the disk, so it happens before the lock.
     const QString canonicalPath = path.isEmpty() ? QString() : PathGuard::resolved(path);
     const QMutexLocker lock(&m_mutex);
     m_path = path;

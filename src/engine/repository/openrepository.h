@@ -6,13 +6,13 @@
 #include <QMutex>
 #include <QString>
 
-/** Which repository an engine has open, and its description. For any thread. */
+/** The repository that an engine has open, and its description. Thread-safe. */
 class OpenRepository
 {
 public:
-    /** Empty when nothing is open. */
+    /** Empty when no repository is open. */
     QString path() const;
-    /** path() without links, as of the last set(): for comparisons, not for the user. */
+    /** path() without links, resolved by the last set(). For comparisons, not for display. */
     QString canonicalPath() const;
     RepoInfo info() const;
 

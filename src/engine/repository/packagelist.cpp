@@ -89,7 +89,7 @@ void PackageList::buildIndex() const
 
 int PackageList::positionOf(const Place &place) const
 {
-    // What was taken out may have stood before it or behind it; as a rule nothing was.
+    // Packages before or after this one may have been removed; in most cases none was.
     const auto first = m_packages.cbegin() + std::max(0, place.ordinal - m_taken);
     return static_cast<int>(std::find(first, m_packages.cend(), place.package) - m_packages.cbegin());
 }

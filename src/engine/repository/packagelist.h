@@ -7,11 +7,11 @@
 #include <QList>
 #include <QMutex>
 
-/** What tells two packages of one repository apart. */
+/** Identifies a package within one repository. */
 struct PackageKey
 {
     QString name;
-    QString component; ///< the index's
+    QString component; ///< component of the index
     QString architecture;
     PackageType type = PackageType::Deb;
 
@@ -33,8 +33,8 @@ inline uint qHash(const PackageKey &key, uint seed = 0)
 }
 
 /**
- * The packages of the open repository, in the order of their listing. Written by the running job alone, read from
- * any thread; readers get copies.
+ * The packages of the open repository, in the order of their listing. Only the running job may change it; any thread
+ * may read it and gets copies.
  */
 class PackageList
 {
@@ -42,9 +42,9 @@ public:
     void assign(const QList<PackageInfoPtr> &packages);
     void clear() { assign({}); }
     void append(const PackageInfoPtr &package);
-    /** Takes the package with this key out; null when there is none. */
+    /** Removes the package with this key and returns it; null when there is none. */
     PackageInfoPtr take(const PackageKey &key);
-    /** Puts the record into the place of the one with the same key; false when there is none. */
+    /** Replaces the record with the same key; false when there is none. */
     bool replace(const PackageInfoPtr &package);
 
     QList<PackageInfoPtr> all() const;
@@ -55,7 +55,7 @@ public:
     PackageInfoPtr find(const PackageKey &key) const;
 
 private:
-    /** A package, and its position plus the number of packages that had been taken out when it got that. */
+    /** A package, and its position plus the number of packages that were removed before it was stored here. */
     struct Place
     {
         PackageInfoPtr package;
@@ -64,9 +64,9 @@ private:
 
     mutable QMutex m_mutex;
     QList<PackageInfoPtr> m_packages;
-    mutable QHash<PackageKey, Place> m_places; ///< made when the first look-up asks for it
+    mutable QHash<PackageKey, Place> m_places; ///< created at the first look-up
     mutable bool m_indexed = false;
-    int m_taken = 0; ///< packages taken out since the index was begun
+    int m_taken = 0; ///< number of packages removed since the index was created
 
     void buildIndex() const;
     int positionOf(const Place &place) const;

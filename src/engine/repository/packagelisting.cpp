@@ -17,7 +17,7 @@ bool isSame(const PackageInfo &known, const PackageInfo &listed)
 {
     if (known.version != listed.version || known.signingKey != listed.signingKey)
         return false;
-    // The record of a package that we have added ourselves stems from its file, which knows nothing of the index.
+    // The record of a package that we added comes from its file, so its text differs from the index.
     return known.poolFile.isEmpty()
                ? known.control.text() == listed.control.text()
                : known.filePath() == listed.filePath() && known.depends() == listed.depends();
@@ -31,7 +31,7 @@ QList<PackageInfoPtr> listPackages(const QString &root, const RepoInfo &info)
     QDirIterator walk(dists.path(), {QStringLiteral("Packages")}, QDir::Files, QDirIterator::Subdirectories);
     while (walk.hasNext())
         files.append(dists.relativeFilePath(walk.next()));
-    // The order of a folder's entries is the file system's; a list that is the same each time is easier to follow.
+    // The order of a folder's entries depends on the file system. Sorting makes the list the same each time.
     files.sort();
 
     QList<PackageInfoPtr> packages;
@@ -59,7 +59,7 @@ void sortPackages(QList<PackageInfoPtr> *packages)
 
 std::optional<QList<PackageInfoPtr>> readListing(const QString &root, const RepoInfo &info)
 {
-    // Indices without a package are there all the same.
+    // reprepro writes an index even when it contains no packages.
     if (info.codename.isEmpty()
         || !QFile::exists(QStringLiteral("%1/dists/%2/Release").arg(root, info.codename)))
         return std::nullopt;
@@ -71,7 +71,7 @@ std::optional<QList<PackageInfoPtr>> readListing(const QString &root, const Repo
 
 ListingDifference compareListings(const QList<PackageInfoPtr> &known, const QList<PackageInfoPtr> &listed)
 {
-    // Where an index lists a package twice, the later record counts, as in the tree.
+    // When an index lists a package twice, the later record counts, as in the package tree.
     struct Records
     {
         PackageInfoPtr known;

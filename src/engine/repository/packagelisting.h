@@ -10,27 +10,27 @@
 #include <optional>
 
 /**
- * All packages of the repository at `root`, read from the index files that reprepro has exported below
- * dists/CODENAME. Indices of architectures and components that the description does not name are left out.
+ * All packages of the repository at `root`, from the index files that reprepro has exported below dists/CODENAME.
+ * Indices of architectures and components that are not in the description are left out.
  */
 QList<PackageInfoPtr> listPackages(const QString &root, const RepoInfo &info);
 
 /**
- * Sorts by name, architecture and kind, the order in which packages are shown, so that the interface need not do it.
- * reprepro writes each index in that order, which costs next to nothing to find out.
+ * Sorts by name, architecture and type. The interface shows packages in this order and need not sort them again.
+ * reprepro writes each index in this order, and checking it is very fast.
  */
 void sortPackages(QList<PackageInfoPtr> *packages);
 
 /**
- * listPackages() with the marks of signed packages, in the order of sortPackages(). Nothing when the repository has no
- * exported indices: its disk may be absent.
+ * listPackages() with the keys of signed packages, in the order of sortPackages(). Nothing when the repository has no
+ * exported indices: its disk may not be mounted.
  */
 std::optional<QList<PackageInfoPtr>> readListing(const QString &root, const RepoInfo &info);
 
-/** What has become of a repository's packages. */
+/** The differences between two listings of a repository. */
 struct ListingDifference
 {
-    QList<PackageInfoPtr> packages; ///< all that are listed now; the known record of one that is the same
+    QList<PackageInfoPtr> packages; ///< all listed packages; an unchanged package keeps its known record
     QList<PackageInfoPtr> added;
     QList<PackageInfoPtr> changed; ///< the new records
     QList<PackageInfoPtr> removed; ///< the known records
@@ -38,5 +38,5 @@ struct ListingDifference
     bool isEmpty() const { return added.isEmpty() && changed.isEmpty() && removed.isEmpty(); }
 };
 
-/** Compares what is known of a repository with a new listing. */
+/** Compares the known packages of a repository with a new listing. */
 ListingDifference compareListings(const QList<PackageInfoPtr> &known, const QList<PackageInfoPtr> &listed);

@@ -37,7 +37,7 @@ Bytes trimmed(Bytes text)
     return text;
 }
 
-/** Component and section of every distinct Section value, so that thousands of records share a few strings. */
+/** Component and section for each distinct Section value, so that thousands of records share a few strings. */
 class Sections
 {
 public:
@@ -59,7 +59,7 @@ private:
     std::unordered_map<Bytes, PackageField::SectionValue> m_values;
 };
 
-/** Collects the lines of one record; a record ends where the next Package line begins. */
+/** Collects the fields of one record. A record ends at the next Package line. */
 class RecordBuilder
 {
 public:
@@ -123,7 +123,9 @@ private:
     QList<PackageInfoPtr> m_records;
 };
 
-/** What is in a file. A mapping would end the program as soon as somebody cuts the file short in its place. */
+/**
+ * The contents of a file. It is not mapped, because a mapping would crash the program when somebody truncates the file.
+ */
 class FileBytes
 {
 public:
@@ -133,7 +135,7 @@ public:
         if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.size() <= 0)
             return;
         const qint64 size = file.size();
-        // To get the memory of a large index page by page takes longer than to read it.
+        // Getting the memory for a large index in small pages would take longer than reading it.
         constexpr std::size_t HugePage = 2U << 20;
         const std::size_t room = (static_cast<std::size_t>(size) / HugePage + 1) * HugePage;
         const bool isLarge = room > 2 * HugePage;

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string_view>
 
-/** Which index a Packages file is; comes from where it lies below dists/CODENAME. */
+/** The component, architecture and type of a Packages file, from its path below dists/CODENAME. */
 struct IndexPlace
 {
     QString component;
@@ -18,19 +18,19 @@ struct IndexPlace
 };
 
 /**
- * The place of an index file, from its path relative to dists/CODENAME: COMPONENT/binary-ARCH/Packages, or with
- * debian-installer/ before binary-ARCH for packages of the installer. Nothing when the path is no such file.
+ * Parses the path of an index file relative to dists/CODENAME: COMPONENT/binary-ARCH/Packages, or with
+ * debian-installer/ before binary-ARCH for installer packages. Nothing for any other path.
  */
 std::optional<IndexPlace> indexPlace(const QString &relativePath);
 
 /**
- * Cuts an index into records in one pass. Name, version, component and section are decoded, everything else stays in
- * the bytes that `owner` keeps alive. `root` is the repository's directory.
+ * Splits an index into records in one pass. Name, version, component and section are decoded; all other fields stay in
+ * the bytes that `owner` keeps alive. `root` is the directory of the repository.
  */
 QList<PackageInfoPtr> parsePackages(const ControlText::Owner &owner,
                                     std::string_view bytes,
                                     const IndexPlace &place,
                                     const QString &root);
 
-/** Reads one index file; empty when there is nothing to read. */
+/** Reads one index file; empty when the file cannot be read. */
 QList<PackageInfoPtr> readPackagesFile(const QString &fileName, const IndexPlace &place, const QString &root);

@@ -6,18 +6,18 @@
 
 class QSettings;
 
-/** The configurations of repositories that the user has agreed to, kept in the settings. */
+/** The repository configurations that the user has approved, stored in the settings. */
 class RepositoryApprovals
 {
 public:
-    /** More of them push out the oldest. */
+    /** The oldest approvals are deleted when there are more. */
     static constexpr int Most = 200;
 
     explicit RepositoryApprovals(QSettings &settings)
         : m_settings(settings)
     { }
 
-    /** `repository` says which folder is meant, also after a move, and `digest` what was agreed to. */
+    /** `repository` identifies the folder, also after a move, and `digest` the approved configuration. */
     bool contain(const QString &repository, const QByteArray &digest) const;
     void add(const QString &repository, const QByteArray &digest);
 

@@ -11,7 +11,7 @@
 
 namespace
 {
-/** Without characters that change how the rest of the text is read. */
+/** A short line without characters that could disguise the text after them. */
 QString shortened(QString line)
 {
     constexpr int MostCharacters = 160;
@@ -29,7 +29,7 @@ RepositoryGate::~RepositoryGate() = default;
 
 const Admission &RepositoryGate::admit(const QString &repoPath)
 {
-    // Another folder can have taken the place of the one that was looked at.
+    // Another folder may be at this path since the inspection.
     if (!m_admission.m_identity.isEmpty() && m_admission.m_path == repoPath
         && m_admission.m_identity == RepositoryInspection::identityOf(repoPath))
         return m_admission;
@@ -62,7 +62,7 @@ void RepositoryGate::renewForCopy(const QString &copyPath)
     const auto found = RepositoryInspection::of(copyPath);
     QSettings settings;
     RepositoryApprovals approvals(settings);
-    // What differs from what was agreed to is asked about.
+    // The user is asked again only when the copy's configuration differs from the approved one.
     if (approvals.contain(before.m_identity, found.digest))
         approvals.add(found.identity, found.digest);
 }

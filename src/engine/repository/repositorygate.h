@@ -11,22 +11,23 @@
 class ScratchFolder;
 struct RepositoryInspection;
 
-/** Whether reprepro may be run on a repository, and with which configuration. Made by RepositoryGate alone. */
+/** Whether reprepro may run on a repository, and with which configuration. Only RepositoryGate creates it. */
 class Admission
 {
 public:
+    /** The decision about a repository. */
     enum Verdict {
         Refused,
-        NothingNamed, ///< its settings name no programs, and lead to no place outside of it
-        Approved ///< the user has agreed to what they name
+        NothingNamed, ///< the configuration names no programs and no places outside of the repository
+        Approved ///< the user has approved what the configuration names
     };
 
     Verdict verdict() const { return m_verdict; }
     bool isGranted() const { return m_verdict != Refused; }
-    /** Why it is refused, in words for the user. */
+    /** The reason of a refusal, as text for the user. */
     QString reason() const { return m_reason; }
     QString path() const { return m_path; }
-    /** The folder that reprepro reads instead of, or which is, conf below path(). */
+    /** The configuration folder for reprepro: conf below path(), or a copy of it. */
     QString configFolder() const { return m_configFolder; }
 
 private:
@@ -42,27 +43,30 @@ private:
 };
 
 /**
- * What every run of reprepro has to pass: the settings of a repository can name programs, which would run with the
- * user's rights, and a repository can come from anybody. The user is asked once for each repository and content; a No
- * holds until forget().
+ * Check before every run of reprepro. The configuration of a repository can name programs, which would run with the
+ * user's rights, and a repository can come from anybody. The user is asked once for each repository and configuration.
+ * A "No" is valid until forget().
  */
 class RepositoryGate
 {
     Q_DECLARE_TR_FUNCTIONS(RepoShell)
 public:
-    /** Asks a question with the safe answer No. */
+    /** Asks a question; "No" is the safe default answer. */
     using Ask = std::function<bool(const QString &title, const QString &text)>;
 
     explicit RepositoryGate(Ask ask);
     ~RepositoryGate();
 
-    /** Looks at the repository, and asks if need be, unless it has done so since the last forget(). */
+    /** Inspects the repository and, if necessary, asks the user. Repeats nothing until the next forget(). */
     const Admission &admit(const QString &repoPath);
-    /** The next admit() looks anew: for the end of a job, and when the description has been put back from a copy. */
+    /**
+     * Makes the next admit() inspect again. Called at the end of a job and after a description was restored from a
+     * copy.
+     */
     void forget();
-    /** The same after a change of this program's own: what was approved before stays so, also after a move. */
+    /** The same after a change by this program: an approved repository stays approved, also after a move. */
     void renew(const QString &repoPath);
-    /** The same for a copy of the repository, which is to take its place. */
+    /** The same for a copy of the repository that will replace it. */
     void renewForCopy(const QString &copyPath);
 
 private:

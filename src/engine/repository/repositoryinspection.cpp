@@ -21,17 +21,17 @@ namespace
 constexpr qint64 LargestFile = 16 << 20;
 constexpr qint64 LargestCopy = 64 << 20;
 constexpr int MostFiles = 2000;
-constexpr int DeepestFolder = 12; ///< of the indices a component and an architecture are the deepest ones
+constexpr int DeepestFolder = 12; ///< the folder of a component and an architecture is the deepest
 
 const QByteArray OptionsFile("options");
 const QByteArray DistributionsFile("distributions");
 
-/** Whether nobody but the user, and root, decides what it holds. */
+/** Whether only the user and root can change the file or folder. */
 bool isTrusted(const std::optional<struct stat> &status)
 {
     if (!status || (status->st_uid != ::geteuid() && status->st_uid != 0))
         return false;
-    // In a folder where all may write, the sticky bit keeps what belongs to others.
+    // In a folder that everybody may write, the sticky bit protects other users' files.
     const bool isOpenToAll = (status->st_mode & S_IWOTH) != 0;
     return !isOpenToAll || (S_ISDIR(status->st_mode) && (status->st_mode & S_ISVTX) != 0);
 }
@@ -42,7 +42,7 @@ QString identityIn(const OpenFolder &repository)
     return status ? QStringLiteral("%1-%2").arg(status->st_dev).arg(status->st_ino) : QString();
 }
 
-/** Copies regular files, with the right to run them, and the folders that hold them. */
+/** Copies regular files, with their permission to be executed, and the folders that contain them. */
 class FolderCopy
 {
 public:
@@ -66,7 +66,7 @@ private:
             return false;
         if (const OpenFolder folder = source.folder(name); folder.isOpen())
             return QDir().mkdir(target) && copy(folder, target, depth + 1);
-        // A link, a pipe or a file that cannot be read is missing in the copy; reprepro says so when it needs it.
+        // A link, a pipe or an unreadable file is not copied. reprepro reports it if it needs the file.
         const auto file = source.read(name, LargestFile);
         if (!file)
             return true;
@@ -82,7 +82,7 @@ private:
     }
 };
 
-/** One look at a repository. */
+/** One inspection of a repository. */
 class Inspector
 {
     Q_DECLARE_TR_FUNCTIONS(RepoShell)
@@ -108,7 +108,7 @@ public:
             noteLink(m_repository, name, QString());
         const QList<QByteArray> databaseFiles = database.names();
         for (const QByteArray &file : databaseFiles)
-            // reprepro does not know of what this program keeps there, and that is not followed anyway.
+            // Files of this program: reprepro does not use them, and we do not follow links there.
             if (!file.startsWith("velt-admin-repo."))
                 noteLink(database, file, QStringLiteral("db/"));
         findLinks(m_repository.folder("dists"), QStringLiteral("dists/"), 0);
@@ -123,13 +123,13 @@ private:
     OpenFolder m_repository;
     OpenFolder m_conf;
     ConfiguredPrograms m_programs;
-    QStringList m_found; ///< besides
+    QStringList m_found; ///< names of links and unreadable files
     QCryptographicHash m_digest{QCryptographicHash::Sha256};
     RepositoryInspection m_result;
 
     void digest(const QByteArray &bytes)
     {
-        // With its length in front, nothing can pass for the end of one thing and the start of the next.
+        // With the length in front, the border between two texts cannot be moved.
         m_digest.addData(QByteArray::number(bytes.size()) + ' ');
         m_digest.addData(bytes);
     }
@@ -140,7 +140,7 @@ private:
         return isTrusted(folder.status())
                && std::all_of(names.cbegin(), names.cend(), [&folder](const QByteArray &name) {
                       const auto status = folder.statusOf(name);
-                      // Of a link the rights say nothing, and where it leads is looked at apart.
+                      // The mode of a link says nothing, and its target is checked separately.
                       return status && (S_ISLNK(status->st_mode) || isTrusted(status));
                   });
     }
@@ -157,7 +157,7 @@ private:
         return true;
     }
 
-    /** A folder of the repository; through a link, which is noted, when there is one. */
+    /** A folder of the repository. If it is a link, the link is noted and followed. */
     OpenFolder openFolder(const char *name)
     {
         return m_repository.folder(
@@ -182,7 +182,10 @@ private:
         m_result.refusal = tr("Other users can change the repository %1, and %2.").arg(m_path, reason);
     }
 
-    /** What is agreed to must be what reprepro reads, so it reads files that nobody else can change. */
+    /**
+     * Makes reprepro read a private copy, because nobody else may change the configuration after the user has approved
+     * it.
+     */
     bool useCopy()
     {
         if (!m_found.isEmpty()) {
@@ -196,7 +199,7 @@ private:
         }
         OpenFolder copied(copy->path());
         for (const QByteArray &name : {OptionsFile, DistributionsFile}) {
-            // Without its options the repository would be another one.
+            // Without its options the repository would have another configuration.
             if (m_conf.statusOf(name) && !copied.statusOf(name)) {
                 refuse(tr("%1 is no file that can be read").arg(inConf(name)));
                 return false;

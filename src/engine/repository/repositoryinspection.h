@@ -10,24 +10,26 @@
 class ScratchFolder;
 
 /**
- * What a repository would have reprepro do besides its work, as found on open descriptors. Reads files: not for the
- * interface thread.
+ * What reprepro would do in a repository besides its normal work. The inspection uses open descriptors. Reads files:
+ * not for the interface thread.
  */
 struct RepositoryInspection
 {
-    QString identity; ///< of the repository's folder, by device and inode
-    QStringList named; ///< programs, and places outside of the repository, one a line; see ConfiguredPrograms
-    QByteArray
-        digest; ///< of the options, of what is named, and of the programs that lie in the configuration
-    QString refusal; ///< why nothing may be run at all; empty when that is not so
-    bool isShared = false; ///< others than the user and root can change the repository
-    QString configFolder; ///< what reprepro is to read: the repository's own, or `copy`
-    /** Of a shared repository, since its own could be exchanged between this look and the one that reprepro takes. */
+    QString identity; ///< device and inode of the repository's folder
+    QStringList named; ///< programs and places outside of the repository, see ConfiguredPrograms::lines()
+    QByteArray digest; ///< of the options, the named lines, and the programs in the configuration folder
+    QString refusal; ///< why reprepro must not run at all; empty when it may run
+    bool isShared = false; ///< other users than the user and root can change the repository
+    QString configFolder; ///< the folder for reprepro: the repository's own, or `copy`
+    /**
+     * Copy of the configuration of a shared repository: other users could exchange the original after the inspection.
+     */
     std::shared_ptr<const ScratchFolder> copy;
 
+    /** Inspects the repository at this path. */
     static RepositoryInspection of(const QString &repoPath);
-    /** By device and inode; empty when there is no such folder. */
+    /** Device and inode; empty when there is no such folder. */
     static QString identityOf(const QString &repoPath);
-    /** Whether conf and db are folders of the user's own, and no links. */
+    /** Whether conf and db are folders that belong to the user, and not links. */
     static bool belongsToUser(const QString &repoPath);
 };

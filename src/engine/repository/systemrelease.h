@@ -6,10 +6,10 @@
 /** The release of the running system. */
 namespace SystemRelease
 {
-/** The code name as lsb_release tells it; empty when it cannot. Runs a program: not for the interface thread. */
+/** The code name from lsb_release; empty when it cannot be read. Runs a program: not for the interface thread. */
 QString codename();
-/** The distribution's version; empty when the system does not say. It switches features of the interface. */
+/** The version of the distribution; empty when it is unknown. Some features of the interface depend on it. */
 QString version();
-/** The version in the text of the version file: the second of exactly three words, else the whole text. */
+/** The version in the text of the version file: the second word of exactly three, else the whole text. */
 QString versionFromText(const QString &text);
 } // namespace SystemRelease

@@ -13,21 +13,21 @@
 
 namespace
 {
-/** A name that stays below its folder: a description can hold anything, and what it names gets deleted. */
+/** Whether the name stays below its folder. A description can contain any name, and the named folder is deleted. */
 bool isChildName(const QString &name)
 {
     return !name.isEmpty() && QDir::cleanPath(name) == name && name != QLatin1String(".")
            && !name.startsWith(QLatin1String("..")) && !name.startsWith(QLatin1Char('/'));
 }
 
-/** Deletes dists/PARENT/NAME, unless a link on the way leads elsewhere. */
+/** Deletes dists/PARENT/NAME, unless a part of this path is a link. */
 void removeIndices(const QString &repoPath, const QString &parent, const QString &name)
 {
     if (isChildName(name))
         removeBelow(repoPath, QLatin1String("dists/") + parent + name);
 }
 
-/** The links by which reprepro gives suites a second name lead to the new code name. */
+/** Changes the links that reprepro makes for suites, so that they lead to the new code name. */
 void relinkSuites(const QString &repoPath, const QString &from, const QString &to)
 {
     const QDir dists(repoPath + QLatin1String("/dists"));
@@ -38,14 +38,14 @@ void relinkSuites(const QString &repoPath, const QString &from, const QString &t
         std::error_code error;
         if (std::filesystem::read_symlink(link, error) != QFile::encodeName(from).toStdString() || error)
             continue;
-        // Its name is that of the code name's own folder now, or it gets a new target.
+        // The link is replaced. If its name is the new code name, it is only deleted, because a folder takes its place.
         std::filesystem::remove(link, error);
         if (name != to)
             std::filesystem::create_symlink(QFile::encodeName(to).toStdString(), link, error);
     }
 }
 
-/** The lists of the files in the packages, of all architectures or of one; `folder` is below dists. */
+/** Deletes the Contents files of all architectures or of one; `folder` is below dists. */
 void removeContents(const QString &repoPath, const QString &folder, const QString &architecture = {})
 {
     const QString ending
@@ -78,7 +78,7 @@ void removeVanishedIndices(const QString &repoPath, const RepoInfo &before, cons
     const QString distribution = before.codename + QLatin1Char('/');
     const QStringList oldComponents = before.componentList();
     const QStringList oldArchitectures = before.architectureList();
-    // Some options have them made here.
+    // Depending on its options, reprepro writes them to this folder too.
     if (!after.contents)
         removeContents(repoPath, distribution);
     for (const QString &component : oldComponents) {

@@ -5,11 +5,12 @@
 
 struct RepoInfo;
 
-/** Whether there are indices of this code name. */
+/** Whether there are indices for this code name. */
 bool hasIndices(const QString &repoPath, const QString &codename);
 
 /**
- * Deletes the index files below dists of what stands in one description and not in the other: reprepro leaves them,
- * and whoever reads the folder takes them for true. Links that give the code name a second name follow a new one.
+ * Deletes the index files below dists for components, architectures and a code name that only the old description has.
+ * reprepro leaves these files, and their readers would use them. Links of suites to the code name are changed to the
+ * new code name.
  */
 void removeVanishedIndices(const QString &repoPath, const RepoInfo &before, const RepoInfo &after);
