@@ -22,9 +22,9 @@ namespace
 {
 constexpr mode_t OwnerOnly = 0700;
 
-/** In front of the number, in the database. */
+/** Prefix of the file name in the database, before the number. */
 const QString NamePrefix = QStringLiteral("velt-admin-repo.copied-to.");
-/** In the folder, with the path of the database, its device and its inode, between null bytes. */
+/** File in the folder: the path of the database, its device and its inode, separated by null bytes. */
 const QString RecordFile = QStringLiteral("/database");
 
 QString databaseOf(const QString &repoPath)
@@ -40,7 +40,7 @@ struct stat statusOf(const QString &path)
     return status;
 }
 
-/** Others could exchange what is in a folder that they can write. */
+/** Whether no other user can write to the folder and exchange its files. */
 bool isPrivate(const QString &folder)
 {
     const struct stat status = statusOf(folder);
@@ -64,7 +64,10 @@ QByteArrayList recordOf(const QString &repoPath)
             QByteArray::number(quint64(status.st_ino))};
 }
 
-/** Devices get other numbers when the system starts, and a repository can be moved, but seldom both. */
+/**
+ * Whether the record names this repository. Device numbers can change with a reboot, and paths with a move, but rarely
+ * both.
+ */
 bool belongsTo(const QString &folder, const QString &repoPath)
 {
     constexpr qint64 LargestRecord = 1 << 16;
@@ -75,7 +78,7 @@ bool belongsTo(const QString &folder, const QString &repoPath)
            && (record.first() == wanted.first() || record.mid(1) == wanted.mid(1));
 }
 
-/** The numbers that are named in the database: files that anybody may have put there. */
+/** The numbers in file names of the database. Anybody may have created these files. */
 QStringList numbersIn(const QString &repoPath)
 {
     QStringList numbers;
@@ -94,7 +97,7 @@ QString pointer(const QString &repoPath, const QString &number)
     return databaseOf(repoPath) + QLatin1Char('/') + NamePrefix + number;
 }
 
-/** An empty file: it needs no room on a disk that is full. */
+/** Creates an empty file: it needs no space on a full disk. */
 bool makePointer(const QString &path)
 {
     return Descriptor(::open(QFile::encodeName(path).constData(),
@@ -103,7 +106,7 @@ bool makePointer(const QString &path)
         .isOpen();
 }
 
-/** Where folders are made, in the order of trying. */
+/** Parent folders for the copy, in the order of preference. */
 QStringList places(CopyElsewhere::Kind kind)
 {
     const QString ofUser = QStringLiteral("/velt-admin-repo-databases-%1").arg(::geteuid());
@@ -122,7 +125,7 @@ QString CopyElsewhere::make(const QString &repoPath, qint64 size, Kind kind)
     for (const QString &place : tried) {
         if (!makePrivate(place) || statusOf(place).st_dev == device || freeSpace(place) < size)
             continue;
-        // The name comes first: a folder that nothing names would lie there for ever.
+        // The file in the database is created first: a folder without it would never be found again.
         const QString number = QUuid::createUuid().toString(QUuid::WithoutBraces);
         if (!makePointer(pointer(repoPath, number)))
             return {};
@@ -165,7 +168,7 @@ void CopyElsewhere::drop(const QString &repoPath)
     }
     const QStringList lost = numbersIn(repoPath);
     for (const QString &number : lost) {
-        // One that does not yet say whose it is was about to be made, and holds nothing.
+        // A folder without a record was just being created and is empty.
         for (const QString &place : places(Kind::Disk) + places(Kind::Memory)) {
             const QString unfinished = place + QLatin1Char('/') + number;
             if (isPrivate(place) && isPrivate(unfinished) && !QFileInfo::exists(unfinished + RecordFile))

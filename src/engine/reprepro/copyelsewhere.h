@@ -4,25 +4,24 @@
 #include <QString>
 
 /**
- * A folder on another disk for the copy of a database (DatabaseCopy), for when the repository's own disk is too full.
- * An empty file in the database has the number of the folder in its name, so that whoever opens the repository after a
- * kill finds it; the folder says which database it belongs to, and is the user's alone.
+ * A folder on another disk for the copy of a database (DatabaseCopy), used when the repository's own disk is too full.
+ * The number of the folder is in the name of an empty file in the database. So a program that opens the repository
+ * after a kill finds the folder. A record in the folder names its database. Only the user can access the folder.
  */
 namespace CopyElsewhere
 {
+/** Where the folder is created. */
 enum class Kind {
-    Disk, ///< the user's folder for data, or /var/tmp
-    Memory ///< /dev/shm, which is gone when the user logs out or the power fails
+    Disk, ///< the user's data folder, or /var/tmp
+    Memory ///< /dev/shm, which is lost at a power failure and may be cleaned at logout
 };
 
-/**
- * Makes a folder where so many bytes are free, on another file system than the repository's; empty when there is none.
- */
+/** Creates a folder with this many free bytes, on another file system than the repository; empty when there is none. */
 QString make(const QString &repoPath, qint64 size, Kind kind = Kind::Disk);
-/** The folder of the repository, however it was moved on its disk; empty when it has none, or none of this user. */
+/** The folder of the repository, even if the repository was moved on its disk; empty when this user has none. */
 QString folder(const QString &repoPath);
-/** Whether the database names a folder, be it there or not. */
+/** Whether the database names a folder, even one that does not exist. */
 bool isNamed(const QString &repoPath);
-/** Deletes the folder with all that is in it. */
+/** Deletes the folder with all its contents. */
 void drop(const QString &repoPath);
 } // namespace CopyElsewhere

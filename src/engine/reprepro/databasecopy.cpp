@@ -28,14 +28,14 @@ namespace
 {
 constexpr int BlockSize = 1 << 20;
 constexpr mode_t NewFileMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH;
-/** Bytes for what grows in the database, and for small files beside it. */
+/** Bytes for the growth of the database, and for small files beside it. */
 constexpr qint64 SpareRoom = 1 << 20;
 
 const QString PackagesFile = QStringLiteral("packages.db");
-/** What it remembers of the index files that it has written, which are other ones by now. */
+/** reprepro's cache of the index files that it has written. It is wrong after a restore. */
 const QString ReleaseCache = QStringLiteral("release.caches.db");
 
-/** The record of the signed packages; empty in the copy when there was none. */
+/** The record of the signed packages; an empty file in the copy when there was no record. */
 const QString SignatureFile = QStringLiteral("packages.conf");
 const QString DescriptionFile = QStringLiteral("/distributions");
 const QString DoneDescriptionFile = QStringLiteral("/distributions.done");
@@ -45,7 +45,7 @@ QString inDatabase(const QString &repoPath, const QString &name)
     return repoPath + QLatin1String("/db/") + name;
 }
 
-/** Where the copy lies, under one of three names. */
+/** The path of the copy; it can have one of three names. */
 QString inHome(const QString &repoPath, const QString &name)
 {
     const QString elsewhere = CopyElsewhere::folder(repoPath);
@@ -72,7 +72,10 @@ bool rename(const QString &from, const QString &to)
     return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
-/** Without what can be made anew, of which the contents of all packages can be the largest part of the database. */
+/**
+ * The files of the database without those that can be made again. The cache of contents can be the largest of all
+ * files.
+ */
 QStringList filesToCopy(const QString &repoPath)
 {
     QStringList files = QDir(inDatabase(repoPath, {}))
@@ -88,8 +91,8 @@ bool copyWhole(const QString &source, const QString &copy)
 }
 
 /**
- * Writes the copy into a file that is there: on a full disk it needs no more room than that has. When it is cut short,
- * the copy is still there.
+ * Writes the copy over an existing file, so that a full disk needs no more space. After an interruption the copy still
+ * exists.
  */
 bool copyOver(const QString &copy, const QString &target)
 {
@@ -108,7 +111,9 @@ bool copyOver(const QString &copy, const QString &target)
     return ::ftruncate(file.number(), source.size()) == 0 && ::fsync(file.number()) == 0;
 }
 
-/** Puts a copy on another disk in the place of a file, which goes aside; where there is no room for both, over it. */
+/**
+ * Restores a file from a copy on another disk. The old file is kept aside; without space for both, it is overwritten.
+ */
 bool copyBack(const QString &copy, const QString &target, const QString &aside)
 {
     const QString fresh = target + QLatin1String(".velt-new");
@@ -132,7 +137,7 @@ bool putSignaturesBack(const QString &repoPath, const QString &source)
 {
     const QString copy = source + QLatin1Char('/') + SignatureFile;
     const QString target = SignedPackages::packagesConfPath(repoPath);
-    // When this was cut short before, the copy has gone to its place.
+    // After an earlier interruption, the copy may already be in its place.
     if (!QFile::exists(copy))
         return true;
     if (QFileInfo(copy).size() > 0)
@@ -156,8 +161,10 @@ bool copyFiles(const QString &repoPath)
     return false;
 }
 
-/** A folder that one who may change the database has made: what somebody else has put there, or let a link name, is
- *  neither read nor deleted. */
+/**
+ * Whether the folder was made by a user who may change the database. A folder of somebody else, or a link, is neither
+ * read nor deleted.
+ */
 bool isOurs(const QString &repoPath, const QString &folder)
 {
     struct stat database = {};
@@ -168,14 +175,14 @@ bool isOurs(const QString &repoPath, const QString &folder)
                || (database.st_mode & S_IWOTH) == 0);
 }
 
-/** The file of the copy takes its place, and what was there goes aside. */
+/** Moves a file of the copy to its place, and the old file aside. */
 bool putFileBack(const QString &repoPath, const QDir &copy, const QString &file)
 {
     const QString target = inDatabase(repoPath, file);
     const QString aside = DatabaseCopy::asideFolder(repoPath) + QLatin1Char('/') + file;
     if (!CopyElsewhere::folder(repoPath).isEmpty())
         return copyBack(copy.filePath(file), target, aside);
-    // Where it cannot be kept the good one is worth more.
+    // If the old file cannot be kept aside, it is replaced: the good file is more important.
     rename(target, aside);
     return rename(copy.filePath(file), target);
 }
@@ -210,7 +217,7 @@ bool copyTo(const QString &repoPath, DatabaseCopy::Place place)
     const qint64 size = sizeOfCopy(repoPath) + SpareRoom;
     if (place == DatabaseCopy::Place::Memory)
         return !CopyElsewhere::make(repoPath, size, Kind::Memory).isEmpty() && copyFiles(repoPath);
-    // Without another disk, what is left of this one may do.
+    // Without another disk, the space on this disk may still be enough.
     CopyElsewhere::make(repoPath, size, Kind::Disk);
     return copyFiles(repoPath);
 }
@@ -228,9 +235,9 @@ DatabaseCopy::Outcome DatabaseCopy::make(const QString &repoPath, Place where)
     if (descriptor < 0)
         return Outcome::Locked;
     ::close(descriptor);
-    // What is left of an earlier one on another disk is not the place for this one.
+    // A remainder of an earlier copy on another disk must not be used for this copy.
     CopyElsewhere::drop(repoPath);
-    // In the place of a link no folder can be put.
+    // A folder cannot be renamed over a link.
     for (const QString &path : {place(repoPath), condemnedPlace(repoPath)})
         if (QFileInfo(path).isSymLink())
             QFile::remove(path);
@@ -263,7 +270,7 @@ QDateTime DatabaseCopy::time(const QString &repoPath)
 
 void DatabaseCopy::condemn(const QString &repoPath)
 {
-    // A new name needs no room on a disk that is full.
+    // Renaming needs no space on a full disk.
     rename(place(repoPath), condemnedPlace(repoPath));
 }
 
@@ -276,7 +283,7 @@ bool DatabaseCopy::putBack(const QString &repoPath)
 {
     QDir source(folder(repoPath));
     QStringList files = source.entryList({QStringLiteral("*.db"), QStringLiteral("version")}, QDir::Files);
-    // Last, since its time tells when the copy was made.
+    // This file is the last, because time() reads its date.
     if (files.removeOne(PackagesFile))
         files.append(PackagesFile);
     QFile::remove(inDatabase(repoPath, ReleaseCache));
@@ -294,7 +301,7 @@ bool DatabaseCopy::putBack(const QString &repoPath)
 
 void DatabaseCopy::drop(const QString &repoPath)
 {
-    // Under the name of a copy that is not finished, half of it is taken for what it is.
+    // The name of an unfinished copy marks a half-deleted copy as unusable.
     const QString rest = unfinishedPlace(repoPath);
     for (const QString &path : {place(repoPath), condemnedPlace(repoPath)}) {
         if (!isOurs(repoPath, path))

@@ -8,58 +8,65 @@
 #include <optional>
 
 /**
- * A copy of a repository's database, kept beside it while a job changes it: reprepro writes in place, and when a write
- * fails it can neither mend its database nor always tell that packages have gone from it. The record of the signed
- * packages goes with it, and while the description of the repository changes, the earlier one does too. A job that
- * makes room on a full disk has its copy on another one (CopyElsewhere).
+ * A copy of a repository's database, kept while a job changes the database. reprepro writes in place. When a write
+ * fails, it cannot repair its database, and cannot always tell which packages are lost. The copy contains the record of
+ * the signed packages too and, while the description of the repository changes, the earlier description. When the disk
+ * is full, the copy can be on another disk (CopyElsewhere).
  */
 namespace DatabaseCopy
 {
+/** The result of make(). */
 enum class Outcome {
-    Made, ///< or there was one, or there is nothing yet to copy
-    Locked, ///< somebody else works with the database, or a lock was left behind
-    Failed ///< nothing is left of it
+    Made, ///< made, or it existed already, or there is no database yet
+    Locked, ///< somebody else uses the database, or a lock was left behind
+    Failed ///< no copy was made, and nothing is left of the attempt
 };
+/** Where the copy is made. */
 enum class Place {
     Beside, ///< in the folder of the database
-    OtherDisk, ///< on another one when the repository's own has no room for the copy and a job
-    Memory ///< which keeps nothing when the power fails
+    OtherDisk, ///< on another disk, if the repository's disk has no space for the copy and a job
+    Memory ///< in memory; it is lost at a power failure
 };
 
-/** Holds reprepro's lock meanwhile. Where the folder cannot be written no copy is made: no job can change it either. */
+/** Holds reprepro's lock meanwhile. When the folder cannot be written, no copy is made; no job can change it either. */
 Outcome make(const QString &repoPath, Place place = Place::Beside);
-/** The bytes that have to be free on the disk of the repository for a copy beside the database, and a job. */
+/** The bytes that must be free on the disk of the repository for a copy beside the database and for a job. */
 qint64 roomNeeded(const QString &repoPath);
+/** Whether there is a complete copy, made by a user who may change the database. */
 bool exists(const QString &repoPath);
 /** Folder of the copy, for reprepro's --dbdir. */
 QString folder(const QString &repoPath);
-/** When it was made. */
+/** When the copy was made. */
 QDateTime time(const QString &repoPath);
 
-/** Says for whoever opens the repository next that the database must not be used any more. */
+/** Marks the database as unusable. A program that opens the repository later must restore the copy. */
 void condemn(const QString &repoPath);
+/** Whether condemn() was called and the copy is not restored yet. */
 bool isCondemned(const QString &repoPath);
-/** The copy takes the place of the database, which goes to asideFolder(). When it is cut short it can be done again. */
+/**
+ * Replaces the database with the copy; the database goes to asideFolder(). It can be repeated after an interruption.
+ */
 bool putBack(const QString &repoPath);
-/** Where the last database lies that a copy has replaced: it may know of changes that nobody else does. */
+/** The folder for the last database that a copy has replaced. It may contain changes that exist nowhere else. */
 QString asideFolder(const QString &repoPath);
+/** Deletes the copy and the remainders of unfinished copies. */
 void drop(const QString &repoPath);
-/** Whether one was killed that made a copy; drop() deletes what is there of it. */
+/** Whether a program was killed while it made a copy; drop() deletes the remainder. */
 bool isUnfinished(const QString &repoPath);
-/** Whether there was one on another disk, which is not there, or not for this user. */
+/** Whether the copy was on another disk and is not there, or not accessible to this user. */
 bool isLost(const QString &repoPath);
 
 /**
- * Keeps the description (conf/distributions) that goes with the copy, before another one takes its place; also where
- * there was no database to copy. False when it cannot be written.
+ * Stores the description (conf/distributions) that belongs to the copy, before a new description replaces it. Works
+ * also without a copy of the database. False when it cannot be written.
  */
 bool keepDescription(const QString &repoPath, const QByteArray &bytes);
-/** What is kept; none when the database is that of the description in force. */
+/** The stored description; none when the database belongs to the present description. */
 std::optional<QByteArray> description(const QString &repoPath);
-/** The database has followed the new description: from now on the kept one counts no more... */
+/** Call it when the database belongs to the new description: the stored one is no longer used. */
 void setDescriptionDone(const QString &repoPath);
-/** ... but when the whole change has to be taken back. */
+/** Makes the stored description valid again, because the whole change is undone. */
 void setDescriptionDue(const QString &repoPath);
-/** The kept description takes the place of the new one; true also when there is none. */
+/** Replaces the new description with the stored one. True also when nothing is stored. */
 bool putDescriptionBack(const QString &repoPath);
 } // namespace DatabaseCopy

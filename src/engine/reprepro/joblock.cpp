@@ -19,7 +19,7 @@ bool JobLock::take(const QString &repoPath)
     if (m_folder >= 0)
         return true;
     const QByteArray folder = QFile::encodeName(repoPath + QLatin1String("/db"));
-    // Programs that we start do not inherit it, and so cannot keep it when we are killed.
+    // Programs that we start do not inherit the descriptor, so they cannot hold the lock when we are killed.
     m_folder = ::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (m_folder < 0 || ::flock(m_folder, LOCK_EX | LOCK_NB) == 0)
         return true;

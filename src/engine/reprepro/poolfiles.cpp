@@ -14,7 +14,7 @@
 
 namespace
 {
-/** Below what the system takes as the arguments of a program, whatever the paths. */
+/** Small enough for the system's limit of program arguments, even with long paths. */
 constexpr int FilesInARun = 100;
 
 bool isNameInPool(const QString &file)
@@ -40,7 +40,7 @@ ProcessResult PoolFiles::dropUnused(const QString &repoPath,
     for (int first = 0; first < toDelete.size() && result.succeeded(); first += FilesInARun) {
         const QStringList some = toDelete.mid(first, FilesInARun);
         result = run(ReproCommand::forget(some));
-        // Of a file that reprepro still knows, nothing may go.
+        // Deletes the files only after reprepro has forgotten them.
         for (const QString &file : some)
             if (result.succeeded())
                 remove(repoPath, file);
@@ -69,7 +69,7 @@ void PoolFiles::remove(const QString &repoPath, const QString &file)
     QByteArray path = QFile::encodeName(file);
     for (int flags = 0; path.contains('/'); flags = AT_REMOVEDIR) {
         const int slash = path.lastIndexOf('/');
-        // A pool on another disk is the administrator's; what somebody else's link leads to is not ours to delete.
+        // The pool may be a link of the administrator to another disk, but other users' links are not followed.
         const Descriptor folder = TrustedPath::open(repository.number(), path.left(slash));
         const bool isGone
             = folder.isOpen()

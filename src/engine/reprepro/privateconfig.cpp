@@ -25,7 +25,7 @@ QString optionName(const QString &line)
     return name;
 }
 
-/** The repository's own options; null when there is such a file but it cannot be read. */
+/** The options of the repository; null when the file exists but cannot be read. */
 QString ownOptions(const QString &configFolder)
 {
     RegularFile file(configFolder + QLatin1String("/options"));
@@ -35,7 +35,7 @@ QString ownOptions(const QString &configFolder)
                                           : QString();
 }
 
-/** Whether reprepro tells programs of the administrator's own about changes; those may need anything. */
+/** Whether reprepro runs programs of the administrator after changes. These may need the whole environment. */
 bool runsOtherPrograms(const QString &configFolder, const QString &options)
 {
     QFile description(configFolder + QLatin1String("/distributions"));
@@ -50,9 +50,9 @@ bool runsOtherPrograms(const QString &configFolder, const QString &options)
 }
 
 /**
- * What spares each run the start of five programs. reprepro looks for a working gpg even when it is not to sign, and
- * the library it does that with asks gpgconf, gpgsm and others too, if they are on PATH. So PATH holds gpg alone,
- * besides the programs that unpack; and GNUPGHOME holds no keys, so that no agent is woken.
+ * An environment that avoids the start of five programs in each run. reprepro looks for a working gpg even when it does
+ * not sign, and its library also runs gpgconf, gpgsm and others when they are on PATH. So PATH contains only gpg and
+ * the programs for unpacking, and GNUPGHOME has no keys, so that no agent is started.
  */
 QStringList leanEnvironment(const ScratchFolder &folder)
 {

@@ -19,7 +19,7 @@ RepoLock::State RepoLock::state(const QString &repoPath)
 {
     const QString folder = QFileInfo(repoPath + QLatin1String("/db")).canonicalFilePath();
     if (folder.isEmpty())
-        return State::Free; // without the folder there is no database that somebody could hold
+        return State::Free; // without the folder there is no database
     const QString database = folder + QLatin1Char('/');
     State state = State::Stale;
     const QStringList processes
@@ -27,7 +27,7 @@ RepoLock::State RepoLock::state(const QString &repoPath)
     for (const QString &process : processes) {
         const QString about = QLatin1String("/proc/") + process;
         QFile name(about + QLatin1String("/comm"));
-        // Only reprepro writes the database; a file manager that looks into the folder does not hold it.
+        // Only reprepro writes the database; a file manager that shows the folder does not hold the lock.
         if (!name.open(QIODevice::ReadOnly) || name.readAll().trimmed() != "reprepro")
             continue;
         const QDir descriptors(about + QLatin1String("/fd"));
@@ -43,7 +43,7 @@ RepoLock::State RepoLock::state(const QString &repoPath)
         if (holds)
             return State::Held;
     }
-    // Last, because a program that has finished meanwhile has taken its lock with it.
+    // Checked last, because a program that has ended meanwhile has deleted its lock.
     return QFile::exists(lockFile(repoPath)) ? state : State::Free;
 }
 

@@ -3,17 +3,19 @@
 
 #include <QString>
 
-/** The lock of a repository's database: reprepro makes it for each run, and a run that was killed leaves it behind. */
+/** The lock of a repository's database. reprepro creates it for each run; a run that was killed leaves it behind. */
 namespace RepoLock
 {
+/** The state of the lock. */
 enum class State {
     Free, ///< there is no lock
     Stale, ///< no program has the database open
     Held, ///< a program has it open
-    Unknown ///< a reprepro of another user runs, and what it has open cannot be seen
+    Unknown ///< a reprepro of another user is running, and its open files are not visible
 };
 
+/** Checks the lock file, and searches /proc for a reprepro that has the database open. */
 State state(const QString &repoPath);
-/** Takes the lock away; only after state() has said that it is stale and the user has agreed. */
+/** Deletes the lock. Call it only after state() was Stale and the user has agreed. */
 bool remove(const QString &repoPath);
 } // namespace RepoLock

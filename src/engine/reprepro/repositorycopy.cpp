@@ -27,7 +27,7 @@ RepositoryCopy::~RepositoryCopy()
 {
     if (m_folder < 0)
         return;
-    // Nothing is left of it at its first name when it has taken its place.
+    // A copy that was moved to its place no longer has this name.
     removeTree(m_partial);
     ::close(m_folder);
 }
@@ -39,7 +39,7 @@ int RepositoryCopy::stepCount() const
                          QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
                          QDirIterator::Subdirectories);
     while (entries.hasNext()) {
-        // Each is copied, and each file is compared.
+        // Each entry is copied, and each file is compared too.
         const QFileInfo entry(entries.next());
         count += entry.isDir() && !entry.isSymLink() ? 1 : 2;
     }
@@ -53,7 +53,7 @@ bool RepositoryCopy::make(const std::function<bool()> &stopped, const std::funct
     m_database = databaseState();
     const auto printed
         = [&stepsDone](const QByteArray &output) { stepsDone(static_cast<int>(output.count('\n'))); };
-    // Everything as it is: links, times, owners where that is allowed.
+    // Keeps links and times, and also owners if permitted.
     ProcessCall copy;
     copy.program = QStringLiteral("cp");
     copy.arguments = QStringList{QStringLiteral("-avT"), QStringLiteral("--"), m_from, m_partial};
@@ -111,7 +111,7 @@ bool RepositoryCopy::makeFolder()
         }
         if (isAgain || QDir(m_partial).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
             return true;
-        // What a killed run has left: nobody holds its lock.
+        // A killed run has left this folder: nobody holds its lock.
         removeTree(m_partial);
         ::close(m_folder);
     }
@@ -126,7 +126,7 @@ bool RepositoryCopy::runStep(const ProcessCall &call)
     const ProcessResult result = runProcess(call);
     if (result.succeeded())
         return true;
-    // On a full disk each file has a line. What differs is no error to the program that compares.
+    // On a full disk there is a line for each file. diff prints differences to its standard output, not as errors.
     constexpr int LinesTold = 5;
     QStringList lines = result.errorOutput.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     if (lines.isEmpty()) {
@@ -152,13 +152,13 @@ bool RepositoryCopy::takePlace()
 bool RepositoryCopy::removeOriginal()
 {
     m_leftAt = m_from;
-    // Until the new place is on the disk, a power failure would leave nothing.
+    // The copy is written to the disk first; otherwise a power failure could lose both.
     ProcessCall sync;
     sync.program = QStringLiteral("sync");
     sync.arguments = QStringList{QStringLiteral("-f"), m_to};
     if (!isUntouched() || !runStep(sync))
         return false;
-    // Under its own name, half a repository would be taken for a whole one.
+    // Renamed first, because a half-deleted repository under its own name would look complete.
     AsideDirectory original(m_from);
     m_leftAt = original.error().isEmpty() ? original.place() : m_from;
     return original.error().isEmpty() && original.remove();

@@ -41,7 +41,7 @@ bool ReproAnswer::databaseLocked(const QString &errorOutput)
 
 bool ReproAnswer::databaseTroubled(const QString &errorOutput)
 {
-    // Messages name files too, and these can have any name.
+    // Messages also contain file names, which can be any text, so only the start of a line is matched.
     static const QRegularExpression trouble(
         QStringLiteral("^(BDB\\d{4} |Internal error of the underlying BerkeleyDB database:"
                        "|db_\\w+\\(.*\\)\\[-?\\d+\\]: BDB\\d{4} "

@@ -5,33 +5,33 @@
 #include <QStringList>
 
 /**
- * What a reprepro run says of itself. Its exit codes overlap and 0 also means "nothing done", so the text of its
- * error output decides (always untranslated).
+ * The meaning of reprepro's output. Its exit codes overlap, and 0 also means "nothing done". So the text of the error
+ * output decides; it is never translated.
  */
 namespace ReproAnswer
 {
-/** The repository could not be signed; the packages themselves are in. */
+/** The repository could not be signed, but the packages were added. */
 bool signingFailed(const QString &errorOutput);
-/** The package has no Priority of its own and none was given. */
+/** The package has no Priority field, and no priority was given. */
 bool priorityMissing(const QString &errorOutput);
-/** The repository does not have the component that the package is for. */
+/** The repository does not have the component of the package. */
 bool componentMissing(const QString &errorOutput);
-/** It has the component, but not for packages for the installer. */
+/** The repository has the component, but not for installer packages. */
 bool componentWithoutUdebs(const QString &errorOutput);
-/** The run ended well, but left the file out because an equal or newer version is there. */
+/** The run succeeded but skipped the file, because the repository has an equal or newer version. */
 bool inclusionSkipped(const QString &errorOutput);
-/** Another run holds the repository's database, or one that was killed left its lock behind. */
+/** Another run holds the lock of the database, or a killed run has left it behind. */
 bool databaseLocked(const QString &errorOutput);
-/** The database could not be written or is damaged; what the run has done is not certain, whatever its exit code. */
+/** The database could not be written or is damaged. The effect of the run is not known, whatever its exit code. */
 bool databaseTroubled(const QString &errorOutput);
-/** The database has changed but the indices below dists have not. */
+/** The database has changed, but not the indices below dists. */
 bool indicesOutdated(const QString &errorOutput);
-/** A file could not be written because there is no room for it. */
+/** A file could not be written because the disk or the quota is full. */
 bool diskFull(const QString &errorOutput);
-/** The parts with packages that the description does not name, as clearvanished without --delete reports them. */
+/** The parts with packages that are not in the description, as reported by clearvanished without --delete. */
 QStringList vanishedParts(const QString &output);
-/** The package to remove was not there. */
+/** The package to remove was not in the repository. */
 bool nothingRemoved(const QString &errorOutput);
-/** A file of that name but with other contents is still in the pool. */
+/** The pool already has a file of this name with other contents. */
 bool otherFileInPool(const QString &errorOutput);
 } // namespace ReproAnswer

@@ -10,7 +10,7 @@ QString suffixOf(PackageType type)
     return type == PackageType::Udeb ? QStringLiteral("udeb") : QStringLiteral("deb");
 }
 
-/** QProcess reads three double quotes as one that is meant. */
+/** QProcess reads three double quotes as one literal double quote. */
 QString escaped(const QString &text)
 {
     return QString(text).replace(QLatin1Char('"'), QLatin1String("\"\"\""));
@@ -115,7 +115,7 @@ QString ReproCommand::remove(const QString &codename,
 
 QString ReproCommand::include(const QString &codename, const PackageInfo &record, const QStringList &files)
 {
-    // The Section field can name another component than the one that lists the package.
+    // The Section field can name another component than that of the index.
     QString section = record.section;
     if (record.component != record.indexComponent)
         section.prepend(record.component + QLatin1Char('/'));
@@ -134,7 +134,7 @@ QString ReproCommand::include(const QString &codename, const PackageInfo &record
 
 QString ReproCommand::defaultPriority()
 {
-    // Verbose, so that the log shows the priority that was given; -P takes the next word whatever it is.
+    // Verbose, so that the log shows the priority. The option -P takes the next word, whatever it is.
     return QStringLiteral("-V -P optional ");
 }
 
@@ -173,19 +173,19 @@ QString ReproCommand::listAllFiles(const QString &codename)
 
 QString ReproCommand::listAllFilesIn(const QString &databaseFolder, const QString &codename)
 {
-    // It can be older than the description of the repository.
+    // The database can be older than the description of the repository.
     return QStringLiteral("--ignore=undefinedtarget --dbdir %1 %2")
         .arg(quoted(databaseFolder), listAllFiles(codename));
 }
 
 QString ReproCommand::poolFile(const PackageInfo &package, const QString &controlArchitecture)
 {
-    // "Source: name (version)" names the source only when it differs from the package.
+    // "Source: name (version)" is present only when the source name or version differs from the package.
     QString source = package.control.field("Source").section(QLatin1Char(' '), 0, 0);
     if (source.isEmpty())
         source = package.name;
     const bool library = source.startsWith(QLatin1String("lib")) && source.size() > 3;
-    // The epoch is no part of a file name.
+    // The epoch is not part of a file name.
     const QString version = package.version.mid(package.version.indexOf(QLatin1Char(':')) + 1);
     const QString folder
         = QStringLiteral("pool/%1/%2/%3").arg(package.component, source.left(library ? 4 : 1), source);

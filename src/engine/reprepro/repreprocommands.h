@@ -6,36 +6,39 @@
 #include <QString>
 
 /**
- * The argument strings that reprepro(1) is run with. Each fragment carries its own blanks, so that fragments are put
- * together without separators; the whole becomes one command line that QProcess::splitCommand() cuts into words.
+ * The arguments for reprepro(1) as strings. Each string contains its own blanks, so strings can be joined without
+ * separators. QProcess::splitCommand() splits the complete command line into words.
  */
 namespace ReproCommand
 {
-/** A word as it stands on the command line: in double quotes when it holds a blank or a quote. */
+/** A word for the command line: in double quotes when it contains a blank or a double quote. */
 QString quoted(const QString &word);
 
-/** The whole command line for the repository at `path`. */
+/** The complete command line for the repository at `path`. */
 QString commandLine(const QString &path, const QString &arguments);
 
+/** Writes the indices of all distributions. */
 QString exportIndices();
-/** Takes out what the description does not name; with `packages` also where packages are. */
+/** Removes parts that are not in the description; with `packages` also parts that contain packages. */
 QString clearVanished(bool packages);
-/** Puts the packages of one distribution into the same places of another. */
+/** Copies the packages of one distribution to the same components and architectures of another. */
 QString copyAll(const QString &from, const QString &to);
-/** Gives an architecture the architecture-independent packages of the others. */
+/** Adds the architecture-independent packages of the other architectures to an architecture. */
 QString flood(const QString &codename, const QString &architecture);
+/** Removes the tracking data of a distribution. */
 QString removeAllTracks(const QString &codename);
+/** Deletes all pool files that nothing uses. */
 QString deleteUnreferenced();
 /** Lists the pool files that nothing uses. */
 QString dumpUnreferenced();
-/** For files of the pool that are to be deleted, as paths below the repository. */
+/** Removes pool files from the database before they are deleted. The paths are below the repository. */
 QString forget(const QStringList &poolFiles);
-/** The files that packages need, as "distribution|component|architecture file". */
+/** Lists the files that packages need, as "distribution|component|architecture file". */
 QString dumpReferences();
 
 /**
- * Removes packages. `type` restricts the removal to that kind; leave it out unless the package stands in the
- * repository in both kinds, which a plain removal takes both.
+ * Removes packages. `type` restricts the removal to packages of this type. Set it only when the repository has the
+ * package in both types, because a plain removal removes both.
  */
 QString remove(const QString &codename,
                const QStringList &names,
@@ -43,19 +46,19 @@ QString remove(const QString &codename,
                const QString &architecture,
                const PackageType *type = nullptr);
 
-/** Includes files of one kind, which follows from their suffix, where `record` says and with its section. */
+/** Adds files of one type, which their suffix decides, to the place of `record` and with its section. */
 QString include(const QString &codename, const PackageInfo &record, const QStringList &files);
 
-/** Finds out anew which files the packages need. */
+/** Computes again which files the packages need. */
 QString rereference();
 
-/** Tells the database of a file that lies in the pool. */
+/** Adds a file that is in the pool to the database. */
 QString detect(const QString &poolFile);
 
-/** Lists all files that the database knows, one a line, with their checksums behind. */
+/** Lists all files in the database with their checksums, one on each line. */
 QString listChecksums();
 
-/** What is put in front of an include whose package has no priority of its own. */
+/** Prefix for an include of a package without a priority of its own. */
 QString defaultPriority();
 
 /** Lists the pool files of the packages with this name; component and architecture may be empty. */
@@ -64,18 +67,18 @@ QString listFiles(const QString &codename,
                   const QString &component,
                   const QString &architecture);
 
-/** The same of several packages. */
+/** The same for several packages. */
 QString listFiles(const QString &codename,
                   const QStringList &names,
                   const QString &component,
                   const QString &architecture);
 
-/** Lists all packages, one a line, as "component architecture name file". */
+/** Lists all packages as "component architecture name file", one on each line. */
 QString listAllFiles(const QString &codename);
 
-/** The same of another folder with a database. */
+/** The same for a database in another folder. */
 QString listAllFilesIn(const QString &databaseFolder, const QString &codename);
 
-/** The path below the repository's directory that reprepro gives a package's file. */
+/** The path of a package's file, which reprepro chooses, relative to the repository's directory. */
 QString poolFile(const PackageInfo &package, const QString &controlArchitecture);
 } // namespace ReproCommand

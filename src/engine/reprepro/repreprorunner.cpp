@@ -19,11 +19,11 @@ ProcessResult runReproOn(const Admission &admission, const QString &arguments, c
     }
     QStringList words = QProcess::splitCommand(ReproCommand::commandLine(admission.path(), arguments));
     const QString program = words.takeFirst();
-    // A folder in the user's environment must not take the place of the repository's own configuration.
+    // A folder in the user's environment must not replace the repository's own configuration.
     const QString variable = QStringLiteral("REPREPRO_CONFIG_DIR=");
     const QStringList all = QStringList{variable + admission.configFolder()} + environment;
     ProcessResult result = runProcess({program, words, QString(), all, 0022});
-    // A stand-in for that configuration is ours alone: what reprepro says of it is true of the repository's own.
+    // Users do not know the private configuration folder, so messages name the repository's own folder instead.
     const QString conf = admission.path() + QLatin1String("/conf");
     for (const QString &entry : all) {
         if (entry.startsWith(variable) && entry != variable + conf) {

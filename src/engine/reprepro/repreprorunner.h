@@ -9,9 +9,9 @@
 class Admission;
 
 /**
- * Runs reprepro on an admitted repository and waits for it, with the umask that keeps what it writes readable for a
- * server. `environment` holds "NAME=value" entries that are set on top of our own environment. On a repository that is
- * refused nothing is run, and the error output says why.
+ * Runs reprepro on an admitted repository and waits for its end. The umask makes its files readable for a server.
+ * `environment` has "NAME=value" entries, which are added to our own environment. For a refused repository nothing is
+ * run, and the error output of the result tells the reason.
  */
 ProcessResult
 runReproOn(const Admission &admission, const QString &arguments, const QStringList &environment = {});
