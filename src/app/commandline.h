@@ -6,25 +6,23 @@
 
 class QCoreApplication;
 
-/** What the program may be started with, and what this start asks for. */
+/** The command line options, and the arguments of this start. */
 class CommandLine
 {
 public:
-    /** Needs the application object, for the translations of the texts. */
+    /** Needs the application object for the translations of its texts. */
     CommandLine();
 
-    /** Reads the arguments of `application`. Ends the program after the help, the version or a wrong option. */
+    /** Parses the arguments of `application`. Ends the program after the help, the version or a wrong option. */
     void process(const QCoreApplication &application);
 
     /**
-     * The package files of `arguments` as absolute paths, since the instance that will read them may work in another
-     * folder. Empty arguments are dropped.
+     * The package files of the arguments as absolute paths, because the instance that reads them may have another
+     * working directory. Empty arguments are dropped.
      */
     QStringList packageFiles() const;
 
-    /**
-     * True when `arguments` (without the program's name) only ask for a text on the terminal, which needs no display.
-     */
+    /** True when `arguments` (without the program name) only ask for text on the terminal, which needs no display. */
     static bool asksForTextOnly(const QStringList &arguments);
 
 private:

@@ -8,7 +8,7 @@
 
 namespace
 {
-/** The text of a body, or nothing when it is not UTF-8. */
+/** The text of a message body; nothing when it is not valid UTF-8. */
 std::optional<QString> decoded(const QByteArray &body)
 {
     const QString text = QString::fromUtf8(body);

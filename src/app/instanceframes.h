@@ -8,24 +8,26 @@
 class QIODevice;
 
 /**
- * The messages between starts of the program as bytes: a 32-bit big-endian length and that many bytes of UTF-8, one
- * after the other. Other programs can write to the socket too: nothing of what is read may be trusted.
+ * The byte format of messages between instances of the program: a 32-bit big-endian length, followed by this number of
+ * bytes of UTF-8. Messages follow one another. Other programs can write to the socket too, so nothing that is read may
+ * be trusted.
  */
 namespace InstanceFrames
 {
-/** Longest message in bytes; what claims to be longer is refused before it has come. */
+/** Longest message in bytes. A longer length is refused before its message has arrived. */
 constexpr int LongestMessage = 8 * 1024 * 1024;
 constexpr int HeaderSize = 4;
 
+/** The result of take(). */
 struct Taken
 {
-    QStringList messages; ///< in their order
-    QString fault; ///< for the log: what follows them is no message; otherwise empty
+    QStringList messages; ///< in the order of arrival
+    QString fault; ///< text for the log when invalid data follows the messages; else empty
 };
 
-/** Takes the whole messages that have come; what may still become one is left. */
+/** Takes the complete messages that have arrived; an incomplete message stays in the device. */
 Taken take(QIODevice &device);
 
-/** The bytes of a message; none when it is too long to be sent. */
+/** The bytes of a message; empty when it is too long. */
 QByteArray frame(const QString &message);
 } // namespace InstanceFrames

@@ -25,11 +25,11 @@
 namespace
 {
 constexpr int handOverTimeout = 5000; // milliseconds
-// An instance that is ending finishes the file that it is at, which can be a large one.
+// An instance that is ending finishes the present file of its job, which can be large.
 constexpr int endingTimeout = 60000; // milliseconds
 constexpr int drainInterval = 20; // milliseconds
 constexpr int jobThreads = 8;
-constexpr int alreadyRunning = -1; // exit code of a start that handed its files over
+constexpr int alreadyRunning = -1; // exit code of a start that passed its files to another instance
 
 void init()
 {
@@ -52,7 +52,7 @@ void activate(QWidget *window)
     window->activateWindow();
 }
 
-/** Says on the terminal and, where there is a screen, in a box why the files of this start are not added. */
+/** Shows why the files of this start were not added: on the terminal and, if there is a screen, in a box. */
 void tellNotDelivered(SingleInstance::Outcome outcome, const QStringList &files)
 {
     const char *reason
@@ -65,15 +65,15 @@ void tellNotDelivered(SingleInstance::Outcome outcome, const QStringList &files)
         return;
     QMessageBox box(QMessageBox::Warning, QGuiApplication::applicationDisplayName(), text);
     box.setTextFormat(Qt::PlainText);
-    // A program that is only slow finds the files when it goes on.
+    // An instance that is only slow will read the files later.
     if (!files.isEmpty() && outcome == SingleInstance::TooLong)
         box.setInformativeText(QCoreApplication::translate("main", "Nothing has been added."));
     box.exec();
 }
 
 /**
- * Lets the jobs that outlived the event loop end. One that waits for an answer from the interface thread would wait
- * for ever in the application's destructor, so its calls are still delivered.
+ * Waits for the jobs that still run after the event loop. A job may wait for an answer from the interface thread.
+ * Without the delivery of such calls it would block the application's destructor for ever.
  */
 void drainThreadPool()
 {
@@ -91,7 +91,7 @@ int main(int argc, char *argv[])
     }
 
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
-    // Rounded, a screen of one and a half times the usual density would show everything twice as large.
+    // With rounding, a scale factor of 1.5 would become 2.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     const QApplication application(argc, argv);
@@ -121,20 +121,20 @@ int main(int argc, char *argv[])
         activate(&window);
         window.onMessageReceived(message);
     });
-    // Later starts wait for the end and then do it themselves.
+    // Later starts wait until this instance has ended, and then become the first instance.
     QObject::connect(&window, &MainWindow::closingBegan, &instance, &SingleInstance::stopListening);
     window.show();
     instance.startDelivery();
-    // Queued, because it may open a box: whatever ends the program meanwhile must find the main event loop.
+    // Queued, because it may open a box. A request to end the program must find the main event loop running.
     if (!files.isEmpty()) {
         QMetaObject::invokeMethod(
             &window, [&window, files] { window.addPackagesFromOutside(files, false); }, Qt::QueuedConnection);
     }
 
-    // Jobs mostly wait for programs, so tabs at work must not keep others from starting.
+    // Jobs mostly wait for programs, so jobs of some tabs must not prevent jobs of others.
     QThreadPool::globalInstance()->setMaxThreadCount(std::max(jobThreads, QThread::idealThreadCount()));
 
-    // What a killed run has left behind; nobody waits for that.
+    // Deletes leftovers of killed runs in the background.
     QThreadPool::globalInstance()->start([] {
         ScratchFolder::removeLeftovers();
         SaveLeftovers::remove(QSettings().fileName());

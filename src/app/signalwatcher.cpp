@@ -15,14 +15,14 @@ namespace
 Q_LOGGING_CATEGORY(log, "velt.app", QtInfoMsg)
 
 constexpr std::array<int, 3> watched{SIGTERM, SIGINT, SIGHUP};
-// A signal handler can reach nothing but a global.
+// A signal handler can access only a global variable.
 volatile std::sig_atomic_t writeEnd = -1;
 
 extern "C" void noteSignal(int /*number*/)
 {
     const int savedError = errno;
     const char byte = 1;
-    // A full socket already says all there is to say.
+    // If the socket is full, the notifier is already triggered.
     [[maybe_unused]] const ssize_t written = ::write(writeEnd, &byte, 1);
     errno = savedError;
 }

@@ -6,9 +6,9 @@
 #include <array>
 
 /**
- * Turns SIGTERM, SIGINT and SIGHUP into a Qt signal that is emitted in the event loop of the thread that made the
- * object, so that the program can end in its orderly way. Only one object may exist; the signals get their default
- * effect back when it goes.
+ * Turns SIGTERM, SIGINT and SIGHUP into a Qt signal, so that the program can end in an orderly way. The signal is
+ * emitted in the event loop of the thread that created the object. Only one object may exist. Its destructor restores
+ * the default handling of the signals.
  */
 class SignalWatcher : public QObject
 {
@@ -18,6 +18,7 @@ public:
     ~SignalWatcher() override;
 
 Q_SIGNALS:
+    /** A signal asks the program to end. */
     void terminationRequested();
 
 private:

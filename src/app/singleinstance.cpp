@@ -19,9 +19,9 @@ namespace
 Q_LOGGING_CATEGORY(log, "velt.app", QtInfoMsg)
 
 constexpr char receipt = '\x06';
-// Pace of the attempts while the first instance is between its lock and its socket, or is ending, in milliseconds.
+// Milliseconds between attempts while the first instance has its lock but no socket yet, or is ending.
 constexpr int retryInterval = 100;
-// How long a peer may take between connecting and a whole message, in milliseconds.
+// Milliseconds that a peer may take between its connection and a complete message.
 constexpr int patience = 10000;
 constexpr int maxPeers = 128;
 
@@ -30,7 +30,7 @@ QString lockPath(const QString &folder)
     return folder + QStringLiteral("/velt-admin-repo.lock");
 }
 
-/** A folder, no link to one, of this user, that nobody else can enter. */
+/** Whether this is a folder (not a link) of this user that nobody else can enter. */
 bool belongsToUserAlone(const QString &folder)
 {
     struct stat status = {};
@@ -45,7 +45,7 @@ SingleInstance::SingleInstance(const QString &folder, QObject *parent)
     , m_socketPath(folder + QStringLiteral("/velt-admin-repo.socket"))
     , m_lock(lockPath(folder))
 {
-    // A lock never grows old: it is stale only when the process that holds it is gone.
+    // The lock has no time limit: it is stale only when its process has ended.
     m_lock.setStaleLockTime(0);
     if (folder.isEmpty()) {
         qCWarning(log, "no private folder for the lock: starting without hand-over");
@@ -56,7 +56,7 @@ SingleInstance::SingleInstance(const QString &folder, QObject *parent)
 
 SingleInstance::~SingleInstance()
 {
-    // Before the lock, which is freed after this body: whoever gets that must not find our socket.
+    // Before the lock is released by the member's destructor: the next holder must not find our socket.
     stopListening();
 }
 
@@ -64,7 +64,7 @@ bool SingleInstance::takeLock(int timeout)
 {
     if (!m_first) {
         m_first = m_lock.tryLock(timeout);
-        // A lock file that cannot be made at all (full or read-only disk) must not keep the user from working.
+        // A failure to create the lock file (full or read-only disk) must not prevent the user from working.
         if (!m_first && m_lock.error() != QLockFile::LockFailedError
             && m_lock.error() != QLockFile::NoError) {
             qCWarning(log, "no lock file in the runtime folder: starting without hand-over");
@@ -79,7 +79,7 @@ void SingleInstance::listen()
     connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::acceptConnections);
     m_server.setSocketOptions(QLocalServer::UserAccessOption);
     m_server.setMaxPendingConnections(maxPeers);
-    // Under the lock a socket that is there belongs to nobody.
+    // We hold the lock, so an existing socket belongs to no running instance.
     QLocalServer::removeServer(m_socketPath);
     if (!m_server.listen(m_socketPath))
         qCWarning(log, "no hand-over from later starts: %s", qPrintable(m_server.errorString()));
@@ -110,7 +110,7 @@ void SingleInstance::acceptConnections()
 
 void SingleInstance::readMessages(QLocalSocket *socket)
 {
-    // Acknowledged after the reading: writing to a sender that has gone closes the socket with all it still holds.
+    // Acknowledged only after reading: writing to a sender that has left closes the socket and discards unread data.
     const InstanceFrames::Taken taken = InstanceFrames::take(*socket);
     const int accepted = taken.messages.size();
     m_pending += taken.messages;
@@ -122,7 +122,7 @@ void SingleInstance::readMessages(QLocalSocket *socket)
         socket->write(QByteArray(accepted, receipt));
         socket->flush();
     }
-    // Not from here: a receiver may open a dialog, whose event loop would read and delete this socket.
+    // Queued, because a receiver may open a dialog, whose event loop could read from and delete this socket.
     if (accepted > 0)
         QMetaObject::invokeMethod(this, &SingleInstance::deliverPending, Qt::QueuedConnection);
 }
@@ -164,8 +164,8 @@ SingleInstance::Outcome SingleInstance::handOver(const QString &message, int tim
 
 bool SingleInstance::takeStaleLock()
 {
-    // A lock of an instance that died while writing it names no process, and one of a renamed machine names another
-    // machine. Removing succeeds only when no living process holds it.
+    // If an instance died while writing its lock, the lock names no process. After a change of the host name, it names
+    // another machine. Removing the lock succeeds only when no living process holds it.
     if (!m_lock.removeStaleLockFile() || !takeLock(0))
         return false;
     listen();
@@ -199,7 +199,7 @@ QString SingleInstance::privateFolder(const QString &runtimeFolder, const QStrin
     if (belongsToUserAlone(runtimeFolder))
         return runtimeFolder;
     const QString own = temporaryFolder + QStringLiteral("/velt-admin-repo-") + QString::number(::geteuid());
-    // Not mkpath: the mode must be right from the first moment.
+    // Not mkpath(): the folder must have the right mode from the beginning.
     ::mkdir(QFile::encodeName(own).constData(), S_IRWXU);
     return belongsToUserAlone(own) ? own : QString();
 }

@@ -11,50 +11,52 @@
 class QLocalSocket;
 
 /**
- * Makes the program run once for a user: the first start holds a lock and listens, every later one hands a message
- * over to it. Lock and socket lie in a folder that only the user can enter.
+ * Lets only one instance of the program run for each user. The first instance holds a lock and listens; every later one
+ * sends its message to the first. Lock and socket are in a folder that only the user can enter.
  *
- * The first instance answers each message (see InstanceFrames) with one byte when it has it, and hangs up on who sends
- * something else. What arrives before startDelivery() is kept.
+ * The first instance acknowledges each message (see InstanceFrames) with one byte, and disconnects a peer that sends
+ * other data. Messages that arrive before startDelivery() are kept.
  */
 class SingleInstance : public QObject
 {
     Q_OBJECT
 public:
+    /** The result of handOver(). */
     enum Outcome {
         Delivered, ///< the first instance has the message
-        NotDelivered, ///< nobody took it within the time
-        TooLong, ///< nobody would take a message of this length
-        BecameFirst ///< the first instance has ended meanwhile; this one is now the first and the message is unsent
+        NotDelivered, ///< the message was not acknowledged in time
+        TooLong, ///< no instance accepts a message of this length
+        BecameFirst ///< the first instance has ended meanwhile; this one is the first now, and the message is unsent
     };
 
-    /** Takes the lock in `folder`, and listens, when no other instance holds it. */
+    /** Takes the lock in `folder` and listens, unless another instance holds the lock. */
     explicit SingleInstance(const QString &folder, QObject *parent = nullptr);
-    /** Stops listening and then frees the lock. */
+    /** Stops listening and then releases the lock. */
     ~SingleInstance() override;
 
     bool isFirst() const { return m_first; }
 
     /**
-     * Sends `message` to the first instance, waiting at most `timeout` milliseconds, also for one that is still
-     * starting. One that is ending, which holds the lock and listens no more, gets `endingTimeout` to end. Blocks: only
-     * for a start that shows nothing.
+     * Sends `message` to the first instance and waits for at most `timeout` milliseconds, also when that instance is
+     * still starting. An instance that is ending holds the lock but does not listen; it gets `endingTimeout`
+     * milliseconds to end. Blocks: only for a start without a window.
      */
     Outcome handOver(const QString &message, int timeout, int endingTimeout = 0);
 
-    /** From now on messages are announced, those that came earlier first. Call it when the receiver is connected. */
+    /** From now on messages are emitted, earlier ones first. Call it after connecting the receiver. */
     void startDelivery();
 
-    /** No message is taken any more; a sender that is waiting sees it and tries again. The lock stays held. */
+    /** Accepts no more messages; waiting senders notice it and try again. The lock stays held. */
     void stopListening();
 
     /**
-     * The folder for lock and socket: `runtimeFolder` if it exists and belongs to the user alone, otherwise one of the
-     * user's own below `temporaryFolder`, made when missing. Empty when somebody else holds that name.
+     * The folder for lock and socket: `runtimeFolder` if it exists and belongs only to the user, or else a folder of
+     * the user below `temporaryFolder`, which is created if missing. Empty when another user owns that folder.
      */
     static QString privateFolder(const QString &runtimeFolder, const QString &temporaryFolder);
 
 Q_SIGNALS:
+    /** A later start of the program has sent this message. */
     void messageReceived(const QString &message);
 
 private:
