@@ -15,7 +15,7 @@ CheckComboBox::CheckComboBox(QWidget *parent)
     setModel(m_items);
     setEditable(true);
     setInsertPolicy(NoInsert);
-    // Completion would replace the whole text by one item.
+    // A completer would replace the whole text with one item.
     setCompleter(nullptr);
     lineEdit()->installEventFilter(this);
     view()->installEventFilter(this);
@@ -58,7 +58,7 @@ void CheckComboBox::addChoice(const QString &text)
 void CheckComboBox::showPopup()
 {
     const QStringList parts = currentText().split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    // A value that was typed and is not offered would vanish with the first toggle.
+    // A typed value that is not among the items would be lost at the next toggle.
     for (const QString &part : parts) {
         if (m_items->findItems(part).isEmpty())
             addChoice(part);
@@ -83,7 +83,7 @@ void CheckComboBox::toggle(const QModelIndex &index)
 
 bool CheckComboBox::eventFilter(QObject *watched, QEvent *event)
 {
-    // The combo box itself would take these as "choose this one item and close".
+    // The combo box itself would choose this one item and close the pop-up.
     if (watched == view()->viewport() && event->type() == QEvent::MouseButtonRelease) {
         toggle(view()->indexAt(static_cast<QMouseEvent *>(event)->pos()));
         return true;
@@ -99,7 +99,7 @@ bool CheckComboBox::eventFilter(QObject *watched, QEvent *event)
             return true;
         }
     }
-    // Enter is offered as a shortcut first, and taken there already.
+    // Qt offers Enter as a shortcut first, so it must be accepted here to arrive as a key press.
     if (watched == view() && event->type() == QEvent::ShortcutOverride) {
         const int key = static_cast<QKeyEvent *>(event)->key();
         if (key == Qt::Key_Enter || key == Qt::Key_Return) {
@@ -107,7 +107,7 @@ bool CheckComboBox::eventFilter(QObject *watched, QEvent *event)
             return true;
         }
     }
-    // Text that cannot be typed behaves like a button.
+    // A read-only text field opens the pop-up like a button.
     if (watched == lineEdit() && lineEdit()->isReadOnly() && isEnabled()
         && event->type() == QEvent::MouseButtonPress) {
         showPopup();
@@ -118,7 +118,7 @@ bool CheckComboBox::eventFilter(QObject *watched, QEvent *event)
 
 void CheckComboBox::keyPressEvent(QKeyEvent *event)
 {
-    // Stepping through the items would replace the text by a single one.
+    // Moving through the items would replace the text with a single item.
     switch (event->key()) {
     case Qt::Key_Space:
         if (!lineEdit()->isReadOnly()) {

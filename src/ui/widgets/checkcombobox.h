@@ -7,8 +7,8 @@ class QStandardItem;
 class QStandardItemModel;
 
 /**
- * A combo box whose items have check boxes; its text is the checked items, separated by single blanks. The pop-up
- * stays open while items are toggled, with the mouse or with Space, and closes with Enter or Escape.
+ * A combo box whose items have check boxes. Its text consists of the checked items, separated by single blanks. The
+ * pop-up stays open while the user toggles items with the mouse or the space bar, and closes with Enter or Escape.
  */
 class CheckComboBox : public QComboBox
 {
@@ -16,10 +16,10 @@ class CheckComboBox : public QComboBox
 public:
     explicit CheckComboBox(QWidget *parent = nullptr);
 
-    /** Replaces the items; the text stays. */
+    /** Replaces the items; the text does not change. */
     void setChoices(const QStringList &choices);
     QStringList checkedItems() const;
-    /** Whether the text can only be changed by checking items. */
+    /** Whether the user can change the text only by checking items. */
     void setTextReadOnly(bool readOnly);
 
     void showPopup() override;

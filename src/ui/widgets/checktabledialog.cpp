@@ -17,7 +17,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
-/** Sorts texts as such, and versions as dpkg does: "10.0" comes after "9.0". */
+/** Sorts texts alphabetically, and versions as dpkg does: "10.0" comes after "9.0". */
 class CheckTableDialog::SortedTable : public QSortFilterProxyModel
 {
 public:
@@ -66,7 +66,8 @@ CheckTableDialog::CheckTableDialog(const QString &title,
 
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    // What the box shows is the table's state: one that is half checked has three states of its own otherwise.
+    // The check box shows the state of the table. A click on a partially checked box would cycle through its own three
+    // states.
     connect(m_selectAllCheckBox, &QCheckBox::clicked, this, [this] {
         m_model->setAllChecked(!m_model->areAllChecked());
     });
@@ -83,14 +84,14 @@ void CheckTableDialog::buildView()
 {
     m_sorted->setSourceModel(m_model);
     m_sorted->setSortCaseSensitivity(Qt::CaseInsensitive);
-    // What is checked changes no order.
+    // Checking a row does not change the order.
     m_sorted->setDynamicSortFilter(false);
     m_view->setObjectName(QStringLiteral("m_tableView"));
     m_view->setModel(m_sorted);
     TableLook::apply(*m_view, windowTitle());
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_view->setSortingEnabled(true);
-    // In the order given, until the user wants another.
+    // Unsorted until the user chooses a column.
     m_view->sortByColumn(-1, Qt::AscendingOrder);
     auto *toggle = new QAction(m_view);
     toggle->setShortcut(Qt::Key_Space);

@@ -11,7 +11,7 @@ class QCheckBox;
 class QPushButton;
 class QTreeView;
 
-/** Lets the user choose rows of a table: check boxes, "Select all", and the space bar for whatever is selected. */
+/** Lets the user choose rows of a table with check boxes, "Select all", and the space bar for the selected rows. */
 class CheckTableDialog : public QDialog
 {
     Q_OBJECT
@@ -20,13 +20,13 @@ public:
 
 protected:
     CheckTableModel *model() const { return m_model; }
-    /** Says below the table how things stand; empty: how many rows are chosen. */
+    /** Sets the status text below the table; empty: the number of chosen rows. */
     void setState(const QString &text);
-    /** Which columns hold versions of packages, for the order. */
+    /** The columns that contain package versions, for sorting. */
     void setVersionColumns(const QSet<int> &columns);
-    /** Whether the dialog can be confirmed with nothing chosen; it can at first. */
+    /** Whether the user can confirm without choosing a row. The default is yes. */
     void setEmptyChoiceAllowed(bool allowed);
-    /** Gives each column the room that its texts need, the last one the rest. */
+    /** Makes each column as wide as its texts; the last column gets the rest. */
     void fitColumns();
 
 private:

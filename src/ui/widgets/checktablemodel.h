@@ -5,14 +5,15 @@
 #include <QStringList>
 #include <QVector>
 
-/** Rows of texts of which some are chosen; each has a check box in its first column. */
+/** Rows of texts that can be chosen. Each row has a check box in its first column. */
 class CheckTableModel : public QAbstractTableModel
 {
     Q_OBJECT
 public:
+    /** One row of the table. */
     struct Row
     {
-        QStringList texts; ///< one a column
+        QStringList texts; ///< one text for each column
         bool isChecked = false;
     };
 
@@ -33,7 +34,7 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 Q_SIGNALS:
-    /** Other rows are chosen than before. */
+    /** The set of chosen rows has changed. */
     void checksChanged();
 
 private:

@@ -5,7 +5,7 @@
 #include <QTimer>
 
 /**
- * A line edit that tells what was typed when the user pauses. Enter tells it at once; it does not press the default
+ * A line edit that reports edits when the user pauses. Enter reports an edit at once and does not press the default
  * button of a dialog.
  */
 class DelayedLineEdit : public QLineEdit
@@ -15,12 +15,12 @@ public:
     explicit DelayedLineEdit(QWidget *parent = nullptr);
 
 Q_SIGNALS:
-    /** The user has edited the text and then paused, or pressed Enter. */
+    /** The user has edited the text and then paused or pressed Enter. */
     void textEditingStoped(const QString &text);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    QTimer m_timer; ///< runs while an edit has not been told
+    QTimer m_timer; ///< runs while an edit is not reported yet
 };

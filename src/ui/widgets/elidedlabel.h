@@ -3,7 +3,10 @@
 
 #include <QLabel>
 
-/** A one-line label for text of any length: what does not fit is left out at the end, and shown as a tool tip. */
+/**
+ * A one-line label for a text of any length. If the text is too long, its end is cut off, and a tool tip shows the
+ * text.
+ */
 class ElidedLabel : public QLabel
 {
     Q_OBJECT

@@ -45,7 +45,7 @@ QPushButton *EmptyPage::button(QAction *action, const QString &name)
 {
     auto *button = new QPushButton(action->icon(), action->text(), this);
     button->setObjectName(name);
-    // Return presses the button that has the focus, as in a dialog.
+    // Enter presses the focused button, as in a dialog.
     button->setAutoDefault(true);
     button->setEnabled(action->isEnabled());
     connect(button, &QPushButton::clicked, action, &QAction::trigger);

@@ -6,12 +6,12 @@
 class QAction;
 class QPushButton;
 
-/** What the window shows while no repository is open: what to do first, and buttons for it. */
+/** The page that is shown while no repository is open: a hint for the first step, with buttons. */
 class EmptyPage : public QWidget
 {
     Q_OBJECT
 public:
-    /** The buttons trigger these actions, and can be pressed when the actions can. */
+    /** The buttons trigger these actions, and are enabled when the actions are. */
     EmptyPage(QAction *create, QAction *open, QWidget *parent);
 
 private:

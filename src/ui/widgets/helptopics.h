@@ -6,17 +6,18 @@
 
 class QDialog;
 
+/** The help pages of the dialogs. */
 namespace HelpTopics
 {
 struct Topic
 {
-    const char *dialog; ///< name of its class
-    const char *page; ///< as veltHelpShow() takes it
+    const char *dialog; ///< class name of the dialog
+    const char *page; ///< argument for veltHelpShow()
 };
 
-/** All dialogs that have a page of their own. */
+/** All dialogs that have a help page. */
 const QList<Topic> &all();
 
-/** The help page that tells about this dialog, or the nearest of those it is derived from. */
+/** The help page for this dialog, or for its nearest base class that has one. */
 QString pageOf(const QDialog &dialog);
 } // namespace HelpTopics

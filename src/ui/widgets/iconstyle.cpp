@@ -43,7 +43,7 @@ IconStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap &pixmap, const QS
         return pixmap;
     if (mode != QIcon::Disabled)
         return QProxyStyle::generatedIconPixmap(mode, pixmap, option);
-    // What shines through is the background, so it fades with a light palette and with a dark one.
+    // Transparency shows the background, so the icon fades with light and dark palettes.
     constexpr qreal Faded = 0.35;
     QPixmap faded(pixmap.size());
     faded.setDevicePixelRatio(pixmap.devicePixelRatio());

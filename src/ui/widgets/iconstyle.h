@@ -4,9 +4,9 @@
 #include <QProxyStyle>
 
 /**
- * The desktop's style with icons that tell what can be used. The usual way to draw the icon of a disabled command
- * leaves it nearly as bright as the others on a dark background, and a selected row's tint swallows small badges. The
- * button that closes a tab is a plain cross: in many icon themes it looks like the badge of a package in error.
+ * The desktop's style, with icons whose state is easy to see. On a dark background, the usual icon of a disabled
+ * command is nearly as bright as the others. The tint of a selected row hides small badges. The button that closes a
+ * tab is a plain cross, because its usual icon looks like the badge of a package with errors in many icon themes.
  */
 class IconStyle : public QProxyStyle
 {

@@ -30,7 +30,7 @@ void LogTail::setFile(const QString &path)
 
 QString LogTail::read(const QString &path)
 {
-    // Anybody may put something else in the place of a file below /tmp, and a pipe would be waited for.
+    // Anybody may put another file in place of a file below /tmp, and reading a pipe would wait.
     RegularFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return {};

@@ -5,7 +5,7 @@
 #include <QObject>
 #include <QTimer>
 
-/** Follows the end of a text file that another program writes. The file is read aside, once a second. */
+/** Follows the end of a text file that another program writes. Reads the file in the background, once a second. */
 class LogTail : public QObject
 {
     Q_OBJECT
@@ -14,13 +14,13 @@ public:
 
     explicit LogTail(QObject *parent);
 
-    /** Follows this file from now on; an empty path: none. It need not be there. */
+    /** Follows this file from now on; an empty path means no file. The file need not exist. */
     void setFile(const QString &path);
-    /** Whole lines from the end of the file, at most MostBytes; empty when it cannot be read. Reads a file. */
+    /** Complete lines from the end of the file, at most MostBytes; empty when it cannot be read. Reads a file. */
     static QString read(const QString &path);
 
 Q_SIGNALS:
-    /** The text is another one than the last time. */
+    /** The text differs from the last one. */
     void changed(const QString &text);
 
 private:
@@ -28,7 +28,7 @@ private:
     void take();
 
     QString m_path;
-    QString m_readPath; ///< of the reading that is under way
+    QString m_readPath; ///< file of the present read
     QString m_text;
     QTimer m_timer;
     QFutureWatcher<QString> m_reading;

@@ -12,7 +12,7 @@ namespace
 {
 constexpr QChar Mark = QLatin1Char('&');
 
-/** Index of the marked letter; -1 when there is none. A doubled mark is an ampersand to be shown. */
+/** Index of the marked letter; -1 when there is none. A doubled mark stands for a visible ampersand. */
 int markedLetter(const QString &text)
 {
     for (int i = 0; i + 1 < text.size(); ++i) {
@@ -25,7 +25,7 @@ int markedLetter(const QString &text)
     return -1;
 }
 
-/** Index of the first letter that is free, of those that begin a word or of all; -1 when there is none. */
+/** Index of the first free letter, at the start of a word or anywhere; -1 when there is none. */
 int freeLetter(const QString &text, const QSet<QChar> &taken, bool atWordStart)
 {
     for (int i = 0; i < text.size(); ++i) {
@@ -50,7 +50,7 @@ QStringList Mnemonics::marked(const QStringList &texts)
         else
             open.append(i);
     }
-    // Words' beginnings are given out first, so that no text takes another's from its middle.
+    // Letters at the start of words are assigned first, so that no text takes such a letter from another.
     for (const bool atWordStart : {true, false}) {
         QList<int> left;
         for (const int i : qAsConst(open)) {
@@ -80,7 +80,7 @@ void Mnemonics::mark(QWidget *menu, const QWidget *except)
         if (action->menu() != nullptr && action->menu() != except)
             mark(action->menu(), except);
     }
-    // Where an action is in two menus, the second finds it marked and leaves it.
+    // An action that is in two menus is marked by the first one; the second menu keeps the mark.
     const QStringList results = marked(texts);
     for (int i = 0; i < entries.size(); ++i)
         entries.at(i)->setText(results.at(i));
@@ -94,7 +94,7 @@ void Mnemonics::markForm(QWidget *form)
     for (QWidget *child : children) {
         const auto *label = qobject_cast<QLabel *>(child);
         const auto *button = qobject_cast<QAbstractButton *>(child);
-        // Return and Escape stand for OK and Cancel; the marks of Yes and No are taken.
+        // Enter and Escape stand for OK and Cancel, so these buttons need no mark. Yes and No already have marks.
         const auto *box = qobject_cast<QDialogButtonBox *>(child->parentWidget());
         if (box != nullptr && markedLetter(button->text()) < 0
             && box->standardButton(qobject_cast<QAbstractButton *>(child)) != QDialogButtonBox::NoButton)

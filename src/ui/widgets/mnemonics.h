@@ -6,19 +6,19 @@
 class QWidget;
 
 /**
- * The keys that choose the entries of a menu and the fields of a dialog, marked with "&" in their texts as Qt wants it.
+ * Shortcut keys for the entries of a menu and the fields of a dialog. As usual in Qt, an "&" marks the key in the text.
  */
 namespace Mnemonics
 {
 /**
- * These texts of one menu, each with its own letter or digit marked: the first of a word where one is left, else any.
- * A text that has a mark keeps it; one with nothing left to mark comes back as it is.
+ * The texts of one menu, with a different letter or digit marked in each: the start of a word if one is free, or else
+ * any letter. An existing mark is kept. A text without a free letter is returned unchanged.
  */
 QStringList marked(const QStringList &texts);
 
-/** Marks the texts of a menu's or menu bar's actions and, below them, of all submenus but `except`. */
+/** Marks the actions of a menu or menu bar and of all its submenus except `except`. */
 void mark(QWidget *menu, const QWidget *except);
 
-/** Marks the captions of a dialog's fields, which lead to their buddies, and its buttons. */
+/** Marks the labels of a dialog's fields (each leads to its buddy), and the buttons. */
 void markForm(QWidget *form);
 } // namespace Mnemonics

@@ -3,11 +3,11 @@
 
 #include <QString>
 
-/** The readable names of Debian's archive sections. */
+/** Readable names of the sections of the Debian archive. */
 namespace Sections
 {
-/** The translated name of a section; a code that the table lacks is returned as it is. Case matters. */
+/** The translated name of a section. A code that is not in the table is returned unchanged. Case matters. */
 QString displayName(const QString &code);
-/** "Name (code)" for a code of the table, the code alone for any other. */
+/** "Name (code)" for a code in the table, only the code for any other. */
 QString nameWithCode(const QString &code);
 } // namespace Sections

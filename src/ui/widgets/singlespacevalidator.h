@@ -3,7 +3,7 @@
 
 #include <QRegularExpressionValidator>
 
-/** A pattern validator for lists of words: also refuses a blank as the first character and a second one in a row. */
+/** A validator for lists of words. Besides its pattern, it refuses a blank at the start and two blanks in a row. */
 class SingleSpaceValidator : public QRegularExpressionValidator
 {
     Q_OBJECT

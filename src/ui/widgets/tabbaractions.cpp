@@ -52,7 +52,7 @@ bool TabBarActions::eventFilter(QObject *watched, QEvent *event)
             QWidget *page = m_tabs->widget(index);
             const QPointer<QWidget> pressed = m_pressed;
             m_pressed = event->type() == QEvent::MouseButtonPress ? page : nullptr;
-            // As with other buttons, moving away before letting go is a change of mind.
+            // As with other buttons, moving away before the release cancels the click.
             if (event->type() == QEvent::MouseButtonRelease && page != nullptr && page == pressed)
                 Q_EMIT closeRequested(index);
             return true;

@@ -9,8 +9,8 @@ class QPoint;
 class QTabWidget;
 
 /**
- * What the bar of the tabs offers for the tab under the pointer: a menu, and closing by the middle button. Both go to
- * the tab that they began with, though tabs may come, go and move before they end.
+ * Actions of the tab bar for the tab under the pointer: a context menu, and closing with the middle button. An action
+ * applies to the tab on which it began, even if tabs are opened, closed or moved meanwhile.
  */
 class TabBarActions : public QObject
 {
@@ -30,6 +30,6 @@ private:
 
     QTabWidget *m_tabs;
     QMenu *m_menu;
-    QPointer<QWidget> m_page; ///< tab that the menu is about
-    QPointer<QWidget> m_pressed; ///< tab that the middle button went down on
+    QPointer<QWidget> m_page; ///< tab to which the menu belongs
+    QPointer<QWidget> m_pressed; ///< tab on which the middle button was pressed
 };

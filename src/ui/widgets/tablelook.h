@@ -5,11 +5,11 @@ class QLabel;
 class QString;
 class QTreeView;
 
-/** What the tables of the dialogs have in common. */
+/** The common look of the tables in dialogs. */
 namespace TableLook
 {
-/** Rows over the whole width and no tree; `name` is what is read out. */
+/** Sets focus over the whole row, and no tree; `name` is the accessible name. */
 void apply(QTreeView &view, const QString &name);
-/** Puts the label, which tells why there is no row, where the rows would be. */
+/** Places the label, which explains why the table is empty, over the rows. */
 void placeOver(QTreeView &view, QLabel *label);
 } // namespace TableLook

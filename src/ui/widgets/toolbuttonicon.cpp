@@ -13,6 +13,6 @@ void setToolButtonIcon(QToolBar *toolBar, QAction *action, const QString &iconNa
     if (button == nullptr || icon.isNull())
         return;
     button->setIcon(icon);
-    // At each of its changes the button takes the action's own icon again, which is none.
+    // After each change of the action, the button takes the action's icon again, which is empty.
     QObject::connect(action, &QAction::changed, button, [button, icon] { button->setIcon(icon); });
 }

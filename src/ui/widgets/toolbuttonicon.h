@@ -7,7 +7,8 @@ class QAction;
 class QToolBar;
 
 /**
- * Gives the button of `action` in `toolBar` a theme icon of its own, for an action that has none: its text would
- * push the buttons behind it out of sight. The text is shown as the tool tip. Without such an icon nothing changes.
+ * Gives the button of `action` in `toolBar` a theme icon, when the action itself has none. A button with text would
+ * push the buttons after it out of view. The text is shown as a tool tip. Without such an icon in the theme nothing
+ * changes.
  */
 void setToolButtonIcon(QToolBar *toolBar, QAction *action, const QString &iconName);

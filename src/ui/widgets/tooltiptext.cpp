@@ -7,6 +7,6 @@ QString toolTipText(const QString &text)
 {
     constexpr int Longest = 4000;
     const QString shown = text.size() > Longest ? text.left(Longest) + QChar(0x2026) : text;
-    // Escaped only where it would be taken for markup: elsewhere the escapes themselves would be shown.
+    // Escaped only when Qt would read it as markup; otherwise the escapes themselves would be visible.
     return Qt::mightBeRichText(shown) ? Qt::convertFromPlainText(shown) : shown;
 }

@@ -4,7 +4,7 @@
 #include <QString>
 
 /**
- * Makes a tool tip show the text as it stands: one that looks like markup would be read as such, and it can come from
- * anybody's package. A very long text is cut, because a tool tip is laid out as a whole.
+ * A text for a tool tip that shows all characters literally. Qt would interpret text that looks like markup, and the
+ * text can come from anybody's package. A very long text is cut, because Qt lays out a tool tip as a whole.
  */
 QString toolTipText(const QString &text);

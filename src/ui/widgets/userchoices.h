@@ -9,13 +9,13 @@
 
 class QSettings;
 
-/** The user's choices that are kept between runs. A stored value of another type than expected counts as absent. */
+/** The user's choices that are stored between runs. A stored value of a wrong type counts as missing. */
 struct UserChoices
 {
-    QString currentComponent; ///< component that packages are added to; empty: each package's own
+    QString currentComponent; ///< component to which packages are added; empty: each package's own
     bool signPackage = false;
     QString signKeyId;
-    bool showAddPkgSettings = true; ///< ask before each add
+    bool showAddPkgSettings = true; ///< ask before each addition of packages
     bool showPkgVersion = true; ///< show versions in the package tree
     bool addPkgCheckDepends = true;
     int dependsRepoType = DependsEverywhere;
@@ -24,10 +24,10 @@ struct UserChoices
     void save(QSettings &settings) const;
 };
 
-/** The longest list of recent repositories that is kept. */
+/** The most recent repositories that are stored. */
 constexpr int MaximumRecentRepositories = 5;
 
-/** `list` with `path` at its head and nowhere else, cut to the longest length. */
+/** `list` with `path` at its start and nowhere else, cut to the maximum length. */
 QStringList withRecentRepository(QStringList list, const QString &path);
 
 /** A stored list of paths; empty when there is none. */
