@@ -5,12 +5,12 @@
 
 #include <QVector>
 
-/** One step in the life of a repository's package list, in the order the engine took it. */
+/** One change of a repository's package list, in the order of the engine's changes. */
 struct PackageChange
 {
     enum Kind : quint8 {
-        Cleared, ///< another repository, or none: no package is left
-        Stored, ///< the package is new or its record was replaced
+        Cleared, ///< the repository changed or was closed: no package is left
+        Stored, ///< the package is new, or its record was replaced
         Removed
     };
 

@@ -7,23 +7,24 @@
 #include <QCoreApplication>
 #include <QString>
 
-/** How the fields of a package record are shown. */
+/** Texts for the fields of package records. */
 class PackageDetails
 {
     Q_DECLARE_TR_FUNCTIONS(PackageDetails)
 public:
     /**
-     * The description as rich text: the synopsis in bold, one line a line, and an empty line where the description has
-     * a line with a lone dot. The text itself is shown as it stands, whatever characters it holds.
+     * The description as rich text: the synopsis in bold, one line for each line, and an empty line for a line with a
+     * single dot. All characters of the text are shown literally.
      */
     static QString descriptionHtml(const QString &description);
-    /** How many packages these are, and the names of the first; with architectures where a name alone may mean two. */
+    /** The number of packages and the names of the first ones, with architectures if a name alone may be ambiguous. */
     static QString summary(const QList<PackageInfoPtr> &packages, const RepoInfo &info);
+    /** Which architecture is shown after a name. */
     enum class Meant {
-        Records, ///< in the architectures where they stand
-        Files ///< each of which can serve several architectures
+        Records, ///< with the architecture whose index lists the package
+        Files ///< with the package's own architecture, because a file can serve several
     };
-    /** The names of the first of these, as summary() has them. */
+    /** The names of the first packages, as in summary(). */
     static QString
     names(const QList<PackageInfoPtr> &packages, const RepoInfo &info, Meant meant = Meant::Records);
 };

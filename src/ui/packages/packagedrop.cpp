@@ -46,7 +46,7 @@ PackageDrop::Packages PackageDrop::packagesAt(const QStringList &paths)
                           QDirIterator::Subdirectories);
         while (walk.hasNext())
             found.append(walk.next());
-        // The order of a folder's entries is the file system's.
+        // The order of a folder's entries depends on the file system.
         found.sort();
         packages.files += found;
         packages.inFolders += found.size();

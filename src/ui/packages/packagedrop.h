@@ -5,26 +5,27 @@
 
 class QMimeData;
 
-/** Files and folders that are dragged onto the program. */
+/** Functions for files and folders that are dragged to the program. */
 namespace PackageDrop
 {
-/** Whether a drag can carry files at all; what they are is only looked at when they are dropped. */
+/** Whether a drag contains files. Their type is checked only at the drop. */
 bool accepts(const QMimeData *data);
-/** The local paths of a drop, each once, in its order. What is not called a package may be a folder. */
+/** The local paths of a drop, each once, in their order. A path without a package name may be a folder. */
 QStringList paths(const QMimeData *data);
 /** Whether a file of this name is a package (*.deb, *.udeb). */
 bool isPackageName(const QString &path);
 
+/** The result of packagesAt(). */
 struct Packages
 {
     QStringList files;
-    QStringList folders; ///< from which some of them are
-    int inFolders = 0; ///< how many of the files
+    QStringList folders; ///< folders that contain some of the files
+    int inFolders = 0; ///< number of files that are in these folders
 };
 
 /**
- * The packages of a drop: those among the paths, and those anywhere in the folders among them. Other files are left
- * out. Looks at the file system: not for the interface thread.
+ * The packages of a drop: the packages among the paths, and those at any depth in the folders. Other files are left
+ * out. Reads the file system: not for the interface thread.
  */
 Packages packagesAt(const QStringList &paths);
 } // namespace PackageDrop

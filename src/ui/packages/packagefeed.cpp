@@ -21,8 +21,8 @@ void PackageFeed::watch(const RepoShell &shell)
     connect(&shell, &RepoShell::packageAdded, this, stored, Qt::DirectConnection);
     connect(&shell, &RepoShell::packageChanged, this, stored, Qt::DirectConnection);
     connect(&shell, &RepoShell::packageRemoved, this, removed, Qt::DirectConnection);
-    // In the same queue as the packages, since the first of the new repository can be here before a queued
-    // pathChanged() has reached the interface.
+    // In the same queue as the packages: the first package of a new repository can arrive before a queued
+    // pathChanged().
     connect(
         &shell,
         &RepoShell::pathChanged,

@@ -11,12 +11,12 @@
 class RepoShell;
 
 /**
- * Carries the engine's package signals to the interface thread in batches. A job can emit tens of thousands of them;
- * queued one by one they would flood the event loop, here they are gathered on the job's thread and wake the
- * interface once. What was emitted before finished() or repoCreated() has been delivered when the queued slots of
- * these signals run, for every receiver that connected after this object.
+ * Passes the engine's package signals to the interface thread in batches. A job can emit tens of thousands of signals,
+ * which would flood the event loop if they were queued one by one. They are collected on the thread of the job and wake
+ * the interface thread once. All changes before finished() or repoCreated() are delivered before the queued slots of
+ * these signals run, if the receiver connected after this object.
  *
- * Lives in the interface thread; the engine must not run a job any more when it is destroyed.
+ * Lives in the interface thread. The engine must not run a job when it is destroyed.
  */
 class PackageFeed : public QObject
 {
@@ -24,26 +24,27 @@ class PackageFeed : public QObject
 public:
     explicit PackageFeed(QObject *parent = nullptr);
 
-    /** Takes the changes of this engine. */
+    /** Collects the changes of this engine. */
     void watch(const RepoShell &shell);
 
-    /** Adds a change. Any thread. */
+    /** Adds a change. Thread-safe. */
     void push(PackageChange change);
-    /** Lets what was pushed so far arrive before anything that the calling thread posts afterwards. Any thread. */
+    /** All changes so far arrive before anything that the calling thread posts afterwards. Thread-safe. */
     void endBurst();
-    /** Delivers at once what has been pushed. Interface thread only. */
+    /** Delivers the collected changes at once. Interface thread only. */
     void flush();
 
-    /** Shortest time between two deliveries of a burst, in milliseconds. */
+    /** Shortest time between two deliveries, in milliseconds. */
     static constexpr int Interval = 100;
 
 Q_SIGNALS:
+    /** A batch of changes in the engine's order. */
     void changesReady(const PackageChanges &changes);
 
 private:
     QMutex m_mutex;
     PackageChanges m_pending;
-    bool m_awake = false; ///< a wake-up is on its way, or the timer runs
+    bool m_awake = false; ///< a wake-up is queued, or the timer runs
     QTimer m_timer;
     QElapsedTimer m_sinceDelivery;
 

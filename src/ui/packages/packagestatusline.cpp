@@ -11,7 +11,7 @@
 
 namespace
 {
-/** Place of a state in the line, -1 for a state without a counter. */
+/** Index of the counter for a state; -1 for a state without a counter. */
 int slotOf(int state)
 {
     return state >= DependUndefined && state <= DependSuccess ? state - DependUndefined : -1;
@@ -71,7 +71,7 @@ void PackageStatusLine::decrease(int state)
     const int slot = slotOf(state);
     if (slot >= 0) {
         int &value = m_counters[static_cast<std::size_t>(slot)];
-        // A state that counts nobody has nobody to lose, so that the total stays as well.
+        // The counter is 0 already, so no package was counted in this state; the total stays too.
         if (value == 0)
             return;
         --value;

@@ -7,7 +7,7 @@
 
 class QLabel;
 
-/** The line below the package tree: how many packages there are, and how many in each dependency state. */
+/** The line below the package tree: the number of packages, and the number in each dependency state. */
 class PackageStatusLine : public QWidget
 {
     Q_OBJECT
@@ -16,9 +16,9 @@ public:
 
     void setCounters(int undefined, int error, int success);
     void setTotal(int total);
-    /** One package more in this state (a DependStatus); one that no check applies to counts in the total alone. */
+    /** Adds a package in this state (a DependStatus). A package without a check result counts only in the total. */
     void increase(int state);
-    /** One package less in this state; no counter goes below 0. */
+    /** Removes a package in this state; no counter becomes negative. */
     void decrease(int state);
 
     int counter(int state) const;

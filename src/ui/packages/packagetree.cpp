@@ -9,7 +9,7 @@
 
 namespace
 {
-/** Between the parts of an item's key; stands in no name. */
+/** Separates the parts of an item's key; no name contains it. */
 constexpr QChar Separator(0x1f);
 
 bool packageLess(const PackageInfo &left, const PackageInfo &right)
@@ -25,7 +25,7 @@ bool itemLess(const RepoItem &left, const RepoItem &right)
 {
     if (!left.isContainer())
         return packageLess(*left.package, *right.package);
-    // Sections without a readable name have a code in small letters.
+    // Sections without a readable name are shown with their code, which has lower-case letters.
     if (const int order = left.title.compare(right.title, Qt::CaseInsensitive))
         return order < 0;
     return left.code < right.code;
@@ -35,7 +35,7 @@ struct Group
 {
     QString component;
     QString section;
-    std::vector<int> packages; ///< places in the list that the tree is built from
+    std::vector<int> packages; ///< indices in the list of packages from which the tree is built
 };
 
 std::vector<Group> groupBySection(const QList<PackageInfoPtr> &packages)
@@ -78,7 +78,7 @@ void PackageTree::build(const QList<PackageInfoPtr> &packages)
     rootItem.title = title;
     m_items.push_back(rootItem);
 
-    // The complement marks a place in the list that has no id yet; a later record takes the mark of an earlier one.
+    // The complement of a list index marks a package without an id. Of equal keys, the later record keeps its mark.
     for (int i = 0; i < packages.size(); ++i)
         m_byKey.insert(PackageKey::of(*packages.at(i)), ~i);
 
@@ -259,7 +259,7 @@ bool PackageTree::updateDistinction(int id)
     const QVector<int> &siblings = item(entry.parent).children;
     bool byArchitecture = false;
     bool byType = false;
-    // Packages of one name stand side by side.
+    // Packages of the same name are next to each other.
     for (const int row : {entry.row - 1, entry.row + 1}) {
         if (row < 0 || row >= siblings.size())
             continue;

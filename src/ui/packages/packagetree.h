@@ -10,9 +10,9 @@
 #include <vector>
 
 /**
- * The nodes of the package tree: repository, components, sections, packages. Children are always in their sorted
- * order, containers by title and packages by name. An item keeps its id until it is taken or the tree is built anew.
- * Pure storage; RepoModel announces what it does to it.
+ * The nodes of the package tree: repository, components, sections, packages. Children are always sorted: containers by
+ * title and packages by name. An item keeps its id until it is removed or the tree is built again. This class only
+ * stores; RepoModel announces the changes.
  */
 class PackageTree
 {
@@ -22,36 +22,36 @@ public:
 
     PackageTree();
 
-    /** Makes the tree of these packages; of two that cannot be told apart the later one counts. */
+    /** Builds the tree of these packages; of several packages with the same key, the last one counts. */
     void build(const QList<PackageInfoPtr> &packages);
 
     const RepoItem &item(int id) const { return m_items[static_cast<std::size_t>(id)]; }
     const RepoItem &root() const { return item(RootId); }
     QList<PackageInfoPtr> packages() const;
-    /** The package's id, -1 when it is not here. */
+    /** The id of the package; -1 when it is not in the tree. */
     int packageId(const PackageKey &key) const { return m_byKey.value(key, -1); }
-    /** The id of the component or section with this code, -1 when there is none. */
+    /** The id of the component or section with this code; -1 when there is none. */
     int containerId(int parent, const QString &code) const;
-    /** Whether a record fits where the item of the same key stands. */
+    /** Whether a new record belongs to the same section and component as the present item. */
     bool isInPlace(int id, const PackageInfo &package) const;
 
-    /** A name for the item that outlives building anew. */
+    /** A key for the item that stays valid when the tree is built again. */
     QString keyOf(int id) const;
-    /** The item with this name, -1 when there is none. */
+    /** The item with this key; -1 when there is none. */
     int idOfKey(const QString &key) const;
 
     RepoItem makeContainer(RepoItem::Kind kind, const QString &code) const;
     RepoItem makePackage(const PackageInfoPtr &package) const;
-    /** The row at which the item belongs below `parent`. */
+    /** The row of the item below `parent`. */
     int rowFor(const RepoItem &item, int parent) const;
-    /** Puts the item there and counts it in; returns its id. */
+    /** Inserts the item, updates the counters, and returns the id. */
     int insert(RepoItem item, int parent, int row);
-    /** Removes an item without children and counts it out. */
+    /** Removes an item without children and updates the counters. */
     void take(int id);
-    /** Exchanges the record of a package in its place. */
+    /** Replaces the record of a package; its position does not change. */
     void replace(int id, const PackageInfoPtr &package);
     void setState(int id, int state);
-    /** Finds out again what tells a package from its neighbours; true when that is something else than before. */
+    /** Computes again how a package differs from its neighbours; true when the result has changed. */
     bool updateDistinction(int id);
     void setRootTitle(const QString &title) { at(RootId).title = title; }
 
@@ -62,6 +62,6 @@ private:
 
     RepoItem &at(int id) { return m_items[static_cast<std::size_t>(id)]; }
     int append(RepoItem item, int parent);
-    /** Counts a package of this state in or out of the containers above it. */
+    /** Adds `difference` to the counters of all containers of a package. */
     void count(const RepoItem &package, int difference);
 };

@@ -8,30 +8,30 @@
 
 #include <array>
 
-/** State of an item that no dependency check applies to. */
+/** State of an item without a dependency check. */
 constexpr int NoDependState = 2;
 
-/** One node of the package tree. Nodes lie in one vector and name each other by their place in it, their id. */
+/** One node of the package tree. All nodes are in one vector; their index is their id. */
 struct RepoItem
 {
     enum Kind : quint8 { Repository, Component, Section, Package };
 
     Kind kind = Package;
-    int state = NoDependState; ///< of a package; a container's follows from its counters
+    int state = NoDependState; ///< of a package; the state of a container results from its counters
     int parent = -1;
-    int row = 0; ///< in the parent
+    int row = 0; ///< row in the parent
     QVector<int> children;
-    std::array<int, 3> stateCounts{}; ///< packages below a container, by dependency state
-    int packageCount = 0; ///< packages below a container, of any state
+    std::array<int, 3> stateCounts{}; ///< number of packages below a container, by dependency state
+    int packageCount = 0; ///< number of packages below a container, in any state
     QString code; ///< of a component or section
     QString title; ///< of a container
     PackageInfoPtr package;
-    bool differsInArchitecture = false; ///< from a package of the same name beside it
-    bool differsInType = false; ///< likewise
+    bool differsInArchitecture = false; ///< an adjacent package has the same name and another architecture
+    bool differsInType = false; ///< an adjacent package has the same name and another type
 
     bool isContainer() const { return kind != Package; }
 
-    /** One error makes a container erroneous, else one unchecked package makes it unchecked. */
+    /** State of a container: error if one package has an error, else unchecked if one package is unchecked. */
     int dependState() const
     {
         if (!isContainer())

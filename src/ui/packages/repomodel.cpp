@@ -28,7 +28,7 @@ QIcon itemIcon(const RepoItem &item)
     }
 }
 
-/** The font of the top item: bold and one point larger than that of the tree. */
+/** The font of the top item: bold and one point larger than the font of the tree. */
 QFont topFont()
 {
     QFont font = QApplication::font("QTreeView");
@@ -85,7 +85,7 @@ void RepoModel::apply(const PackageChanges &changes)
     const auto isCleared = [](const PackageChange &change) { return change.kind == PackageChange::Cleared; };
     const auto listing = std::find_if(changes.crbegin(), changes.crend(), isCleared).base();
     if (packageCount() == 0 || listing != changes.cbegin()) {
-        // A repository that is being opened: all its packages, in their order.
+        // A repository is being opened: the changes are all its packages in their order.
         const bool removed = std::any_of(listing, changes.cend(), [](const PackageChange &change) {
             return change.kind == PackageChange::Removed;
         });
@@ -95,7 +95,7 @@ void RepoModel::apply(const PackageChanges &changes)
         }
     }
     bool cleared = false;
-    QHash<PackageKey, PackageChange> last; // of several changes to one package the last one counts
+    QHash<PackageKey, PackageChange> last; // only the last change of each package counts
     last.reserve(changes.size());
     for (const PackageChange &change : changes) {
         if (change.kind == PackageChange::Cleared) {
@@ -123,7 +123,7 @@ void RepoModel::apply(const PackageChanges &changes)
         if (stored)
             store(it->package, touched);
     }
-    // Only now do the rows stay where they are until they are announced.
+    // The rows stay valid until they are announced, because nothing is inserted or removed any more.
     for (const auto &[id, package] : qAsConst(replaced)) {
         touchContainers(m_tree.item(id).parent, touched);
         m_tree.replace(id, package);
@@ -189,7 +189,7 @@ void RepoModel::remove(int id, Touched &touched)
     const int section = m_tree.item(id).parent;
     const int place = m_tree.item(id).row;
     touchContainers(section, touched);
-    // A container goes with its last child.
+    // A container is removed together with its last child.
     while (id != PackageTree::RootId && m_tree.item(id).children.isEmpty()) {
         const int container = m_tree.item(id).parent;
         const int row = m_tree.item(id).row;
@@ -334,7 +334,7 @@ QString RepoModel::distinctText(const RepoItem &item) const
 
 QString RepoModel::toolTip(const RepoItem &item) const
 {
-    // In a repository of one architecture it goes without saying.
+    // A repository with one architecture needs no such hint.
     if (item.isContainer() || m_info.binaryArchitectures().size() < 2)
         return {};
     return tr("Architecture: %1").arg(item.package->architecture);

@@ -9,39 +9,40 @@
 #include <QHash>
 
 /**
- * The packages of one repository as a tree of one column: repository, components, sections, packages. It is filled
- * with the changes that the engine reports, in batches; a large batch is one reset, a small one is announced row by
- * row. The internal id of an index is the item's id in the tree.
+ * The packages of one repository as a tree with one column: repository, components, sections, packages. It receives the
+ * engine's changes in batches. A large batch is one reset; a small one is announced row by row. The internal id of an
+ * index is the item's id in the tree.
  */
 class RepoModel : public QAbstractItemModel
 {
     Q_OBJECT
 public:
     enum Role {
-        TextRole = Qt::UserRole + 1, ///< what the text filter looks at and rows are sorted by
+        TextRole = Qt::UserRole + 1, ///< the text that is used by the text filter and for sorting
         StateRole = Qt::UserRole + 2 ///< dependency state (int): a DependStatus or NoDependState
     };
-    /** Rows that come or go in one batch above which the model is reset. */
+    /** A batch that adds and removes more rows than this resets the model. */
     static constexpr int ResetThreshold = 100;
 
     explicit RepoModel(QObject *parent = nullptr);
 
-    /** Shows this repository as the top item; its packages stay as they are. */
+    /** Shows this repository as the top item; its packages do not change. */
     void setRepository(const RepoInfo &info);
-    /** Shows nothing: no repository is open. */
+    /** Shows nothing, because no repository is open. */
     void clearRepository();
     bool hasRepository() const { return m_hasRepository; }
 
     /** Replaces all packages. */
     void setPackages(const QList<PackageInfoPtr> &packages);
+    /** Applies changes of the engine in their order. */
     void apply(const PackageChanges &changes);
 
     /** Adds the versions to the displayed names. */
     void setShowVersions(bool show);
 
-    /** Remembers the item whose details are shown, also over a reset; an invalid index for none. */
+    /** Remembers the item whose details are shown, also over a reset; an invalid index means no item. */
     void setCurrentItem(const QModelIndex &index) { m_currentKey = itemKey(index); }
-    /** The remembered item; invalid when it is gone. */
+    /** The remembered item; invalid when it does not exist any more. */
     QModelIndex currentItem() const { return indexOfKey(m_currentKey); }
 
     /** Dependency state of the item: a DependStatus or NoDependState. */
@@ -49,21 +50,21 @@ public:
     /** The package of a leaf; null for a container. */
     PackageInfoPtr package(const QModelIndex &index) const;
     int packageCount() const { return m_tree.root().packageCount; }
-    /** Packages of the repository in this dependency state. */
+    /** Number of packages in this dependency state. */
     int packageCount(DependStatus status) const;
 
-    /** A name for the item that outlives resets; empty for an invalid index. */
+    /** A key for the item that stays valid over resets; empty for an invalid index. */
     QString itemKey(const QModelIndex &index) const;
     QModelIndex indexOfKey(const QString &key) const { return indexOfId(m_tree.idOfKey(key)); }
     QModelIndex indexOfPackage(const PackageInfo &package) const;
 
     const PackageTree &tree() const { return m_tree; }
     static int itemId(const QModelIndex &index) { return static_cast<int>(index.internalId()); }
-    /** Invalid for -1, and for the repository item while none is shown. */
+    /** Invalid for -1, and for the repository item while no repository is shown. */
     QModelIndex indexOfId(int id) const;
-    /** What an item is called, and found by. */
+    /** The name of an item, which the search uses too. */
     QString displayText(const RepoItem &item) const;
-    /** The same with what tells it from a neighbour of the same name. */
+    /** The same with the difference to a neighbour of the same name. */
     QString distinctText(const RepoItem &item) const;
 
     QModelIndex index(int row, int column, const QModelIndex &parent = QModelIndex()) const override;
@@ -77,11 +78,11 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 private:
-    /** What a batch has done to items that stay: announced once for all. */
+    /** The changes of a batch to items that stay. They are announced together. */
     struct Touched
     {
         QHash<int, QPair<int, int>> rows; ///< first and last changed row, by section
-        QHash<int, int> states; ///< the state a container had before, by id
+        QHash<int, int> states; ///< earlier state of a container, by id
     };
 
     PackageTree m_tree;
@@ -98,7 +99,7 @@ private:
     int ensureContainer(int parent, RepoItem::Kind kind, const QString &code);
     void touchContainers(int section, Touched &touched) const;
     void touchRow(int id, Touched &touched) const;
-    /** A package has come or gone at this row: those beside it may be called otherwise now. */
+    /** A package was added or removed at this row, so the texts of its neighbours may change. */
     void updateBeside(int section, int row);
     void announce(const Touched &touched);
     void announcePackages(const QVector<int> &roles);

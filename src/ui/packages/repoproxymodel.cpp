@@ -218,7 +218,7 @@ void RepoProxyModel::sourceDataChanged(const QModelIndex &topLeft,
     const int container = parent.isValid() ? RepoModel::itemId(parent) : TopId;
     if (container != TopId && isFiltering()) {
         const QVector<int> &children = m_model->tree().item(container).children;
-        Ids changed; // rows that come or go
+        Ids changed; // rows whose visibility changes
         for (int row = topLeft.row(); row <= bottomRight.row(); ++row) {
             const int id = children.at(row);
             if (isShown(container, id) != accepts(m_model->tree().item(id)))

@@ -11,13 +11,13 @@ class RepoModel;
 struct RepoItem;
 
 /**
- * Filters and sorts a RepoModel: containers are always shown, packages when the text filter and the dependency-state
- * filter accept them. The repository item can be left out; its children then are the top level.
+ * Filters and sorts a RepoModel. Containers are always shown; packages are shown when the text filter and the
+ * dependency-state filter accept them. The repository item can be hidden; then its children are the top level.
  *
- * This is a proxy of its own and not a QSortFilterProxyModel, because that class announces a new filter as one
- * removal or insertion for every run of rows. With some ten thousand rows expanded the view needs half a minute for
- * one key. Here a new filter is one change of the layout, over which views keep expansion and selection. The setters
- * that a KFilterProxySearchLine calls cannot be overridden, so the tab passes on the text of its line.
+ * This is not a QSortFilterProxyModel, because that class announces a new filter as one removal or insertion for each
+ * group of rows. With ten thousand expanded rows, the view then needs half a minute for one key press. Here a new
+ * filter is one layout change, and views keep their expansion and selection. The setters that a KFilterProxySearchLine
+ * calls are not virtual, so the tab passes the text of its line to this class.
  */
 class RepoProxyModel : public QAbstractProxyModel
 {
@@ -28,18 +28,18 @@ public:
 
     explicit RepoProxyModel(QObject *parent = nullptr);
 
-    /** Takes a RepoModel; any other model counts as none. */
+    /** Accepts only a RepoModel; any other model counts as none. */
     void setSourceModel(QAbstractItemModel *sourceModel) override;
     const RepoModel *repoModel() const { return m_model; }
 
-    /** Shows packages whose text contains this, in any case; an empty text shows all. */
+    /** Shows packages whose text contains `text`, ignoring case; an empty text shows all packages. */
     void setFilterFixedString(const QString &text);
-    /** Shows packages in these dependency states; one that no check applies to is always shown. */
+    /** Shows packages in these dependency states. Packages without a check result are always shown. */
     void setShownStates(States states);
     void setRepositoryItemHidden(bool hidden);
     bool isRepositoryItemHidden() const { return m_rootHidden; }
 
-    /** How many packages of a repository the filters show. */
+    /** Number of packages below the container that the filters show. */
     int shownPackages(const QModelIndex &container = QModelIndex()) const;
 
     QModelIndex mapToSource(const QModelIndex &proxyIndex) const override;
@@ -56,18 +56,18 @@ public:
 private:
     using Ids = std::vector<int>;
 
-    /** The invisible container of the top level. */
+    /** The invisible parent of the top level. */
     static constexpr int TopId = -1;
-    /** Changed rows of a batch whose visibility changes, above which the layout is announced instead. */
+    /** If more rows of a batch change their visibility, a layout change is announced instead. */
     static constexpr int RelayoutThreshold = 50;
 
     RepoModel *m_model = nullptr;
-    QHash<int, Ids> m_shown; ///< ids of the shown children in source order, by container
+    QHash<int, Ids> m_shown; ///< ids of the visible children in source order, by container
     QString m_text;
     States m_states = ShowAll;
     bool m_rootHidden = false;
     Qt::SortOrder m_order = Qt::AscendingOrder;
-    int m_removeFirst = 0; ///< what the running removal takes from m_shown[m_removeFrom]
+    int m_removeFirst = 0; ///< rows of m_shown[m_removeFrom] that the present removal takes
     int m_removeCount = 0;
     int m_removeFrom = TopId;
 
@@ -79,11 +79,11 @@ private:
 
     int containerId(const QModelIndex &proxyIndex) const;
     QModelIndex indexOfId(int id) const;
-    /** Place of an item among the shown children of its container, or where it would be. */
+    /** Index of an item in the visible children of its container, or the index where it would be inserted. */
     int placeOf(const Ids &shown, int id) const;
     const Ids &shownIn(int container) const;
     bool isShown(int container, int id) const;
-    /** The row of a place, or the place of a row. */
+    /** Converts an index in `shown` to a row, or a row to an index. */
     int mirrored(int place, const Ids &shown) const;
     void insertShown(int container, const Ids &ids);
     void beginRemoval(int container, int first, int count);

@@ -22,7 +22,7 @@ RepoTreeView::RepoTreeView(QWidget *parent)
     setSortingEnabled(true);
     sortByColumn(0, Qt::AscendingOrder);
     setUniformRowHeights(true);
-    // The usual small icon leaves no room for a badge that can be read.
+    // The usual small icon has no space for a readable badge.
     const int iconSide = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) * 11 / 8;
     setIconSize(QSize(iconSide, iconSide));
     setDragDropMode(DropOnly);
@@ -36,7 +36,7 @@ void RepoTreeView::setModel(QAbstractItemModel *model)
     if (m_proxy != nullptr)
         disconnect(m_proxy, nullptr, this, nullptr);
     m_proxy = qobject_cast<RepoProxyModel *>(model);
-    // Asked for what is expanded before the view itself is told of the reset, which makes it forget.
+    // Connected before the view itself connects: at a reset the view forgets its expanded items.
     if (m_proxy != nullptr)
         connect(m_proxy, &RepoProxyModel::modelAboutToBeReset, this, &RepoTreeView::saveState);
     QTreeView::setModel(model);
@@ -46,13 +46,13 @@ void RepoTreeView::setModel(QAbstractItemModel *model)
                 &RepoProxyModel::layoutAboutToBeChanged,
                 this,
                 [this](const QList<QPersistentModelIndex> &, QAbstractItemModel::LayoutChangeHint hint) {
-                    // Sorting the other way round keeps the place in the window, not the rows in it.
+                    // When only the sort order changes, the scroll position stays, not the visible rows.
                     if (hint != QAbstractItemModel::VerticalSortHint)
                         saveScroll();
                 });
         connect(m_proxy, &RepoProxyModel::layoutChanged, this, [this] {
             if (m_searching) {
-                scheduleDelayedItemsLayout(); // or every expansion would move all rows below it
+                scheduleDelayedItemsLayout(); // otherwise every expansion would move all rows below it
                 expandMatches(QModelIndex());
             }
             restoreScroll();
@@ -92,7 +92,7 @@ void RepoTreeView::mousePressEvent(QMouseEvent *event)
 
 void RepoTreeView::requestMenuAtCurrent()
 {
-    // The menu belongs to the item, which may have been scrolled out of sight.
+    // The menu belongs to the current item, which may be outside of the visible area.
     const QModelIndex current = currentIndex();
     scrollTo(current);
     const QRect place = visualRect(current) & viewport()->rect();
@@ -161,7 +161,7 @@ void RepoTreeView::takeUpLost(const QModelIndex &parent, int first, int last)
     for (int row = first; row <= last; ++row) {
         const QModelIndex index = m_proxy->index(row, 0, parent);
         if (!isPackage(index)) {
-            // A section goes with its only package and returns with it.
+            // A section is removed with its only package and comes back with it.
             takeUpLost(index, 0, m_proxy->rowCount(index) - 1);
             continue;
         }
@@ -207,7 +207,7 @@ QStringList RepoTreeView::expandedKeys() const
         for (int row = 0; row < m_proxy->rowCount(parent); ++row) {
             const QModelIndex child = m_proxy->index(row, 0, parent);
             if (isPackage(child))
-                break; // it has no siblings of another kind
+                break; // all siblings of a package are packages
             if (isExpanded(child))
                 keys.append(keyOf(child));
             open.append(child);
@@ -241,7 +241,7 @@ void RepoTreeView::restoreScroll()
 
 void RepoTreeView::saveState()
 {
-    // Before a listing the tree is emptied; what was there then returns with the packages.
+    // The tree is emptied before a new listing. Its state is restored together with the packages.
     if (m_proxy->repoModel() == nullptr || m_proxy->repoModel()->packageCount() == 0)
         return;
     saveScroll();
@@ -269,7 +269,7 @@ void RepoTreeView::restoreState()
         const QModelIndex index = indexOfKey(key);
         if (!index.isValid())
             continue;
-        // Neighbours become one range: the selection model compares every range with every other.
+        // Adjacent items become one range, because the selection model compares every range with all others.
         if (!selection.isEmpty() && selection.last().parent() == index.parent()
             && selection.last().bottom() + 1 == index.row())
             selection.last() = QItemSelectionRange(selection.last().topLeft(), index);
@@ -277,8 +277,8 @@ void RepoTreeView::restoreState()
             selection.append(QItemSelectionRange(index));
     }
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
-    if (m_current
-            .isEmpty()) // nobody has chosen anything yet: a repository that was just opened introduces itself
+    // In a repository that was just opened, nothing is chosen yet: the repository item becomes current.
+    if (m_current.isEmpty())
         selectionModel()->setCurrentIndex(m_proxy->index(0, 0), QItemSelectionModel::ClearAndSelect);
     else
         selectionModel()->setCurrentIndex(indexOfKey(m_current), QItemSelectionModel::NoUpdate);
@@ -360,7 +360,7 @@ void RepoTreeView::showFirstMatch()
     const QModelIndex match = current.isValid() && isPackage(current) ? current : firstMatch(QModelIndex());
     if (!match.isValid())
         return;
-    // Groups without a match stand between those with one.
+    // Groups without a match are between groups with matches.
     scrollTo(match);
     if (match != current)
         scrollTo(match, PositionAtCenter);

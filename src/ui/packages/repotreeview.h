@@ -8,8 +8,8 @@
 class RepoProxyModel;
 
 /**
- * The tree of a repository's packages. It takes package files that are dropped on it, and it keeps what is expanded,
- * selected and scrolled to when its model is filtered anew or reset, and what is selected when a package is replaced.
+ * The tree of a repository's packages. It accepts drops of package files. It keeps the expanded items, the selection
+ * and the scroll position when its model is filtered or reset, and the selection when a package is replaced.
  */
 class RepoTreeView : public QTreeView
 {
@@ -17,25 +17,27 @@ class RepoTreeView : public QTreeView
 public:
     explicit RepoTreeView(QWidget *parent = nullptr);
 
-    /** A RepoProxyModel gives the items names that outlive a reset; with another model a reset loses the state. */
+    /** A RepoProxyModel has item keys that stay valid over a reset. With another model, a reset loses the state. */
     void setModel(QAbstractItemModel *model) override;
 
     /**
-     * Call with true before the first search text is set: whatever holds a match is expanded from then on. Call with
-     * false after the text was removed: what was expanded before returns.
+     * Call with true before the first search text is set: from then on, groups with matches are expanded. Call with
+     * false after the text was removed: the earlier expansion is restored.
      */
     void setSearching(bool searching);
-    /** Opens the repository and selects all that is shown; a closed component or section stands for its packages. */
+    /**
+     * Expands the repository and selects all visible items. A collapsed component or section stands for its packages.
+     */
     void selectAll() override;
-    /** Takes the focus from a search: the first package that is shown becomes the current one, unless one is. */
+    /** Takes the focus from the search field. If no package is current, the first visible package becomes current. */
     void enterFromSearch();
-    /** Brings the first package that is shown into view, unless the current one is shown; for a new filter. */
+    /** Scrolls to the first visible package after a new filter, unless the current package is visible. */
     void showFirstMatch();
 
 Q_SIGNALS:
-    /** Package files, or what may be folders with packages, were dropped: absolute paths. */
+    /** Package files or folders were dropped: absolute paths. */
     void filesDropped(const QStringList &files);
-    /** The model was reset or filtered anew and the view shows again what it showed before, as far as it exists. */
+    /** After a reset or a new filter, the view has restored its earlier state as far as possible. */
     void stateRestored();
 
 protected:
@@ -51,12 +53,12 @@ protected:
 private:
     RepoProxyModel *m_proxy = nullptr;
     bool m_searching = false;
-    QStringList m_expanded; ///< keys, from before a reset
+    QStringList m_expanded; ///< keys from before a reset
     QStringList m_selected;
     QString m_current;
-    QStringList m_visible; ///< keys of the rows in sight, from the top
+    QStringList m_visible; ///< keys of the visible rows, from the top
     QStringList m_expandedBeforeSearch;
-    QSet<QString> m_lostSelected; ///< keys of packages that went while they were selected
+    QSet<QString> m_lostSelected; ///< keys of packages that were selected when they were removed
     QString m_lostCurrent;
 
     void forgetLost();
