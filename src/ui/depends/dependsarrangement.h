@@ -5,9 +5,9 @@
 #include <QSet>
 #include <QString>
 
-/** How the user has arranged the dependency trees; the same in every tab. */
+/** The user's settings for the dependency trees; the same in every tab. */
 struct DependsArrangement
 {
-    QSet<int> hiddenStates; ///< rows in these states are not shown
-    QMap<QString, int> columnWidths; ///< in pixels, by source; columns that were never moved are absent
+    QSet<int> hiddenStates; ///< states whose rows are hidden
+    QMap<QString, int> columnWidths; ///< in pixels, by source; only for columns that the user has resized
 };

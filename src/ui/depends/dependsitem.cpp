@@ -50,7 +50,7 @@ void DependsItem::needChildren() const
 {
     if (m_childrenMade)
         return;
-    // What is not there yet makes no difference to whoever looks at the tree.
+    // A const_cast, because callers see no difference between existing children and children that are made on demand.
     auto *self = const_cast<DependsItem *>(this); // NOLINT(cppcoreguidelines-pro-type-const-cast)
     self->m_childrenMade = true;
     self->makeChildren();

@@ -10,8 +10,8 @@
 #include <vector>
 
 /**
- * One row of the dependency tree. Children are made when they are first asked for: a repository has a hundred times
- * more dependencies than anybody opens. Also the root itself, which only holds the packages.
+ * One row of the dependency tree. Children are made on demand, because a repository has a hundred times more
+ * dependencies than a user opens. The class is also used for the root, which only holds the packages.
  */
 class DependsItem
 {
@@ -22,7 +22,7 @@ public:
     DependsItem &operator=(const DependsItem &) = delete;
 
     DependsItem *parent() const { return m_parent; }
-    /** Place among the parent's children. */
+    /** Index among the parent's children. */
     int row() const { return m_row; }
     int childCount() const;
     /** Null when there is no such row. */
@@ -32,17 +32,17 @@ public:
 
     QString text() const { return m_text; }
     virtual DependStatus status() const { return DependUndefined; }
-    /** The state that a source gives the item; none when it has nothing to do with how the item stands. */
+    /** The state of the item according to one source; none when the source has no influence on the item. */
     virtual std::optional<DependStatus> sourceStatus(const QString &source) const;
-    /** What the row says in words. */
+    /** Text that explains the row. */
     virtual QString explanation() const { return m_text; }
-    /** What the source has to do with the item's state, in words; `shownSource` is its name for the user. */
+    /** Text about the influence of the source on the item's state; `shownSource` is the source's name for the user. */
     virtual QString sourceExplanation(const QString &source, const QString &shownSource) const;
-    /** What the row asks for, one of these; empty for a package of the repository. */
+    /** The dependencies of the row, of which one must be met; empty for a package of the repository. */
     virtual QVector<Dependency> alternatives() const { return {}; }
 
 protected:
-    /** Appends the children; called once, and again after forgetChildren(). */
+    /** Appends the children. Called once, and again after forgetChildren(). */
     virtual void makeChildren() { }
     void forgetChildren();
     void setText(const QString &text) { m_text = text; }

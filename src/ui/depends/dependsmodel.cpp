@@ -25,7 +25,7 @@ QIcon statusIcon(DependStatus status)
     return QIcon::fromTheme(QStringLiteral("dialog-close"));
 }
 
-/** An origin text begins with an address; the local repository has a word. */
+/** Whether the source is an origin text, which begins with an address. The local repository is a plain word. */
 bool isOrigin(const QString &source)
 {
     return source.contains(QLatin1String(":/"));
@@ -69,7 +69,7 @@ DependsModel::~DependsModel() = default;
 
 DependsModel::Key DependsModel::keyOf(const PackageInfo &package)
 {
-    // The index's component and the kind: one name can be a package and an installer's package at once.
+    // With component and type of the index, because a name can be an ordinary package and an installer package.
     const QString kind = package.type == PackageType::Udeb ? QStringLiteral("u") : QStringLiteral("d");
     return {package.name, kind + package.architecture + QLatin1Char('/') + package.indexComponent};
 }
@@ -103,7 +103,7 @@ void DependsModel::updatePackage(const PackageInfoPtr &package)
     collectSources(*package, sources);
     PackageItem *item = m_packages.value(keyOf(*package));
     if (sources.size() > m_sources.size()) {
-        // A new column for every row of the tree; it happens once for each source.
+        // A new column changes every row of the tree. This happens once for each source.
         beginResetModel();
         m_sources = inColumnOrder(sources);
         if (item != nullptr)
@@ -202,7 +202,7 @@ QVariant DependsModel::data(const QModelIndex &index, int role) const
         return sourceData(item, m_sources.at(index.column() - 1), role);
     switch (role) {
     case Qt::DecorationRole:
-        // Where no source offers anything there is no column that would show what is missing.
+        // When no source offers anything, there is no other column to show the state.
         return m_sources.isEmpty() ? QVariant(statusIcon(item.status())) : QVariant();
     case Qt::DisplayRole:
         return item.text();

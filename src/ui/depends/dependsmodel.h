@@ -15,37 +15,37 @@ class DependsItem;
 class PackageItem;
 
 /**
- * The dependency results of a repository's packages as a tree: packages, their entries, the providers of virtual
- * names. Behind the text stands a column for each source that occurs in the results, with a mark for what the source
- * has to do with the state of the row; no mark where the row is satisfied without that source. The result is kept by
- * the records themselves, so that thousands of packages cost no more than their list.
+ * The dependency results of a repository's packages as a tree: packages, their entries, and the providers of virtual
+ * names. After the text, there is a column for each source in the results. A mark in it shows the influence of the
+ * source on the state of the row; there is no mark when the row is satisfied without this source. The model uses the
+ * results in the records, so thousands of packages need little memory.
  */
 class DependsModel : public QAbstractItemModel
 {
     Q_OBJECT
 public:
-    /** The user's name for a source; the source itself or an empty text when it has none. */
+    /** The user's name for a source; the source itself or an empty text when there is none. */
     using AliasLookup = std::function<QString(const QString &source)>;
 
     enum Role {
-        StatusRole = Qt::UserRole + 1, ///< the row's own state as a number, whatever the column
-        SourceStatusRole ///< the state in the column of a source as a number; invalid where there is no mark
+        StatusRole = Qt::UserRole + 1, ///< state of the row as a number, the same in every column
+        SourceStatusRole ///< state in the column of a source as a number; invalid when there is no mark
     };
 
     explicit DependsModel(QObject *parent = nullptr);
     ~DependsModel() override;
 
-    /** Names for the headers; may be set again when the user has changed them. */
+    /** Sets names for the headers. Call it again when the user has changed them. */
     void setAliases(const AliasLookup &aliases);
     void setPackages(const QList<PackageInfoPtr> &packages);
-    /** Replaces what stands below a package; one that is not there yet is put at the end. */
+    /** Replaces the rows below a package; a new package is appended. */
     void updatePackage(const PackageInfoPtr &package);
 
     /** The sources in the order of their columns. */
     QStringList sources() const { return m_sources; }
-    /** What the row asks for, one of these; empty for a package of the repository. */
+    /** The dependencies of the row, of which one must be met; empty for a package of the repository. */
     QVector<Dependency> alternativesAt(const QModelIndex &index) const;
-    /** The package that the row belongs to; null for an invalid index. */
+    /** The package to which the row belongs; null for an invalid index. */
     PackageInfoPtr packageAt(const QModelIndex &index) const;
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
@@ -56,7 +56,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
 private:
-    /** What tells the packages of a repository apart. */
+    /** Identifies a package of the repository. */
     using Key = QPair<QString, QString>;
 
     static Key keyOf(const PackageInfo &package);

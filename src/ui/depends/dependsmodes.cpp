@@ -44,7 +44,7 @@ DependsModes::DependsModes(const QMap<int, QAction *> &commands,
             Q_EMIT chosen(mode);
         });
     }
-    // From all repositories down to none.
+    // The menu begins with all repositories and ends with none.
     for (const int mode : {DependsEverywhere, DependsPublic, DependsLocal, DependsNowhere})
         menu->addAction(commands.value(mode));
     button->setMenu(menu);

@@ -7,21 +7,21 @@
 class QAction;
 class QToolBar;
 
-/** The commands that say where dependencies are looked for; one of them holds at a time. See DependsRepoType. */
+/** The commands for the sources of dependency checks; one of them is active at a time. See DependsRepoType. */
 class DependsModes : public QObject
 {
     Q_OBJECT
 public:
-    /** `commands` are those of each mode; `button` offers them in a menu and gets the last place in `toolBar`. */
+    /** `commands` has a command for each mode. `button` shows them in a menu and is appended to `toolBar`. */
     DependsModes(const QMap<int, QAction *> &commands, QAction *button, QToolBar *toolBar, QObject *parent);
 
-    /** What a mode means, for the user. */
+    /** Description of a mode for the user. */
     static QString about(int mode);
-    /** Marks the mode that holds now. */
+    /** Marks the present mode. */
     void show(int mode);
 
 Q_SIGNALS:
-    /** By the user. */
+    /** The user has chosen this mode. */
     void chosen(int mode);
 
 private:

@@ -29,7 +29,7 @@ bool DependsProxyModel::lessThan(const QModelIndex &left, const QModelIndex &rig
 {
     if (left.column() == 0)
         return QSortFilterProxyModel::lessThan(left, right);
-    constexpr int NoMark = 2; // behind every state
+    constexpr int NoMark = 2; // after every state
     const auto place = [](const QModelIndex &index) {
         const QVariant status = index.data(DependsModel::SourceStatusRole);
         return status.isValid() ? status.toInt() : NoMark;

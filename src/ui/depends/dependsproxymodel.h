@@ -5,8 +5,8 @@
 #include <QSortFilterProxyModel>
 
 /**
- * Shows the rows of the dependency tree whose state is switched on, at every level; a state that was never switched
- * is off. Sorts by text, or by the state in the column of a source.
+ * Shows the rows of the dependency tree whose state is enabled, at every level. A state is disabled until it is
+ * enabled. Sorts by text, or by the state in the column of a source.
  */
 class DependsProxyModel : public QSortFilterProxyModel
 {

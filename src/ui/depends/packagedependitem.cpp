@@ -20,7 +20,7 @@ QString constraintText(const Dependency &dependency)
     return parts.join(QLatin1String(" & "));
 }
 
-/** The best of a dependency's own offers and those of its providers. */
+/** The best status that a source offers for a dependency, by the package itself or by a provider. */
 std::optional<DependStatus> offeredFor(const Dependency &dependency, const QString &source)
 {
     std::optional<DependStatus> best;
@@ -28,7 +28,7 @@ std::optional<DependStatus> offeredFor(const Dependency &dependency, const QStri
     if (found != dependency.foundVersions.cend())
         best = found->status;
     for (const Dependency &provider : dependency.providers)
-        best = std::max(best, offeredFor(provider, source)); // nothing is less than any state
+        best = std::max(best, offeredFor(provider, source)); // std::nullopt is less than any status
     return best;
 }
 
@@ -106,7 +106,7 @@ std::optional<DependStatus> PackageDependItem::sourceStatus(const QString &sourc
     const auto best = offered(m_entry, source);
     if (best.has_value() || status() == DependSuccess)
         return best;
-    // Nowhere to be had, or nobody has looked.
+    // No source offers it, or no source was asked.
     return status();
 }
 

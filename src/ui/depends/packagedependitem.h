@@ -7,8 +7,8 @@
 #include <QVector>
 
 /**
- * One entry with all its alternatives, or one package that provides a name. Below an entry stand the providers;
- * where an entry has several alternatives, those of each stand in a group of their own, which is such an item too.
+ * One entry with all its alternatives, or one package that provides a name. The children of an entry are its providers.
+ * If the entry has several alternatives, the providers of each are in a group, which is such an item too.
  */
 class PackageDependItem : public DependsItem
 {
@@ -16,7 +16,7 @@ class PackageDependItem : public DependsItem
 public:
     /** `selection` is the DependsRepoType of the check. */
     PackageDependItem(const DependencyGroup &entry, int selection);
-    /** A provider, or the group of a name's providers. */
+    /** A provider, or the group of providers of one name. */
     PackageDependItem(const Dependency &dependency, int selection);
 
     DependStatus status() const override { return m_entry.status; }
@@ -25,9 +25,9 @@ public:
     QString sourceExplanation(const QString &source, const QString &shownSource) const override;
     QVector<Dependency> alternatives() const override { return m_entry.alternatives; }
 
-    /** Name and constraints as they are shown, without providers. */
+    /** Name and constraints for display, without providers. */
     static QString dependencyText(const Dependency &dependency);
-    /** The best that a source offers for an entry, through a provider too; none when it offers nothing. */
+    /** The best status that a source offers for an entry, also through a provider; none when it offers nothing. */
     static std::optional<DependStatus> offered(const DependencyGroup &entry, const QString &source);
 
 protected:
@@ -35,5 +35,5 @@ protected:
 
 private:
     int m_selection;
-    DependencyGroup m_entry; ///< shares the alternatives with the record it was made from
+    DependencyGroup m_entry; ///< shares the alternatives with the record from which it was made
 };

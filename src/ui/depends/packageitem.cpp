@@ -36,7 +36,7 @@ std::optional<DependStatus> PackageItem::sourceStatus(const QString &source) con
 {
     if (status() != DependSuccess || entryCount() == 0)
         return status();
-    // All is well: the mark stands where what is needed comes from.
+    // When all entries are satisfied, only the sources that satisfy an entry get a mark.
     const auto &groups = m_package->dependsInfo->groups;
     const bool contributes = std::any_of(groups.cbegin(), groups.cend(), [&source](const auto &entry) {
         return PackageDependItem::offered(entry, source) == DependSuccess;

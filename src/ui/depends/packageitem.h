@@ -6,7 +6,7 @@
 
 #include <QCoreApplication>
 
-/** A package of the repository in the dependency tree; below it stand the entries of Depends and Pre-Depends. */
+/** A package of the repository in the dependency tree. Its children are the entries of Depends and Pre-Depends. */
 class PackageItem : public DependsItem
 {
     Q_DECLARE_TR_FUNCTIONS(PackageItem)
@@ -14,9 +14,9 @@ public:
     explicit PackageItem(const PackageInfoPtr &package);
 
     PackageInfoPtr package() const { return m_package; }
-    /** Another record of the same package; all items below are gone afterwards. */
+    /** Sets another record of the same package. All child items are deleted. */
     void setPackage(const PackageInfoPtr &package);
-    /** The number of children, known without making them. */
+    /** The number of children, without making them. */
     int entryCount() const;
 
     DependStatus status() const override { return m_package->dependStatus(); }
