@@ -29,10 +29,10 @@ AddPackageDialog::AddPackageDialog(const PackageFilter &filter,
     layout->addWidget(prompt);
     layout->addWidget(m_searchWidget, 1);
     layout->addWidget(buttons);
-    constexpr int Width = 110; // in characters: an origin has fifty
+    constexpr int Width = 110; // in characters; an origin has about fifty
     constexpr int Height = 28; // in lines
     const QSize wanted(fontMetrics().averageCharWidth() * Width, fontMetrics().height() * Height);
-    // With room for the frame and a panel.
+    // Leaves space for the window frame and a panel.
     resize(wanted.boundedTo(screen()->availableSize() * 9 / 10));
     m_searchWidget->setFocus();
 

@@ -8,17 +8,17 @@
 
 class SearchPackageWidget;
 
-/** Lets the user pick packages of the public repositories that apt knows. */
+/** Lets the user choose packages of the public repositories that apt knows. */
 class AddPackageDialog : public QDialog
 {
     Q_OBJECT
 public:
-    /** `filter` bounds what is offered; `aliases` are the user's names for the repositories. */
+    /** `filter` limits the offered packages; `aliases` returns the user's names for repositories. */
     AddPackageDialog(const PackageFilter &filter,
                      const FoundPackagesModel::AliasLookup &aliases,
                      QWidget *parent = nullptr);
 
-    /** What to download: name, version and architecture; the repository is the origin text. */
+    /** The packages to download: name, version and architecture; `repository` is the origin text. */
     QList<PackageInfo> selectedPackages() const;
 
 private:

@@ -53,7 +53,7 @@ QVariant FoundPackagesModel::data(const QModelIndex &index, int role) const
     const PackageInfo &package = m_packages.at(index.row());
     if (role == Qt::DisplayRole)
         return text(package, index.column());
-    // The origin behind a name, and what a narrow column cuts off.
+    // The origin behind an alias, and the full text of a narrow column.
     if (role == Qt::ToolTipRole)
         return toolTipText(index.column() == RepositoryColumn ? package.repository
                                                               : text(package, index.column()));

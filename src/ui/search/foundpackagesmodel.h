@@ -7,12 +7,12 @@
 
 #include <functional>
 
-/** The packages that a search has found. Shows sources under the user's names; the records keep the origins. */
+/** The packages that a search has found. Shows the user's names of sources; the records keep the origins. */
 class FoundPackagesModel : public QAbstractTableModel
 {
     Q_OBJECT
 public:
-    /** The user's name for an origin; the origin itself or an empty text when it has none. */
+    /** The user's name for an origin; the origin itself or an empty text when there is none. */
     using AliasLookup = std::function<QString(const QString &origin)>;
     enum Column { PackageColumn, ArchitectureColumn, VersionColumn, RepositoryColumn, ColumnCount };
 
@@ -20,7 +20,7 @@ public:
 
     void setPackages(const QList<PackageInfo> &packages);
     const PackageInfo &packageAt(int row) const { return m_packages.at(row); }
-    /** The texts that occur in a column, sorted. */
+    /** The different texts of a column, sorted. */
     QStringList values(Column column) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;

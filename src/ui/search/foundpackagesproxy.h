@@ -4,14 +4,14 @@
 #include <QMap>
 #include <QSortFilterProxyModel>
 
-/** Bounds the found packages to one architecture and one source; sorts versions by their age. */
+/** Limits the found packages to one architecture and one source. Sorts versions in the order of dpkg. */
 class FoundPackagesProxy : public QSortFilterProxyModel
 {
     Q_OBJECT
 public:
     using QSortFilterProxyModel::QSortFilterProxyModel;
 
-    /** Shows only rows with this text in the column; a null text shows all. */
+    /** Shows only rows with this text in the column; a null text shows all rows. */
     void setWanted(int column, const QString &text);
 
 protected:

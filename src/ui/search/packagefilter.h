@@ -9,12 +9,12 @@
 
 #include <functional>
 
-/** Which of the packages that apt offers can be taken into a repository. An empty set sets no bound. */
+/** Decides which of apt's packages can be added to a repository. An empty set allows everything. */
 struct PackageFilter
 {
     QSet<QString> architectures;
     QSet<QString> repositories; ///< origin texts
-    /** A further bound for origins, called from any thread; may be empty. */
+    /** An additional check of origins, called from any thread; may be empty. */
     std::function<bool(const QString &origin)> isAsked = {};
 
     bool accepts(const PackageInfo &package) const

@@ -17,7 +17,7 @@ PackageSearcher::PackageSearcher(PackageFilter filter)
 {
     qRegisterMetaType<QList<PackageInfo>>("QList<PackageInfo>");
     connect(m_apt, &ProcessUtils::error, this, [this](const QString &text, const QString &detailedText) {
-        // A search that was given up fails because its program was killed.
+        // A cancelled search fails because its program was killed.
         if (!isSuperseded(m_current))
             Q_EMIT searchFailed(text, detailedText);
     });
@@ -63,12 +63,12 @@ void PackageSearcher::search(const QString &pattern, int number)
         return;
     const QStringList wanted = names.mid(0, NameLimit);
     Q_EMIT namesFound(pattern, names.size(), wanted.size());
-    // The search is silent about an apt that is broken, or was never given any lists.
+    // The search itself reports nothing when apt is broken or has no package lists.
     if (names.isEmpty() && m_apt->sourcesFromPolicy().isEmpty() && m_apt->exitCode() == 0
         && !isSuperseded(number))
         Q_EMIT searchFailed(AptUtils::tr("Apt error"), AptUtils::noSourcesText());
 
-    // The blocking form works in this thread as well: the pool may be full of jobs that wait for an answer.
+    // The blocking function also works in this thread: all threads of the pool may be busy with waiting jobs.
     const QList<PackageInfo> packages = QtConcurrent::blockingFiltered(
         packagesOf(wanted, number), [this](const PackageInfo &package) { return m_filter.accepts(package); });
     if (!isSuperseded(number))
@@ -77,7 +77,8 @@ void PackageSearcher::search(const QString &pattern, int number)
 
 void PackageSearcher::askForNamesOnly()
 {
-    // apt would read every description, out of packed lists for minutes, and only names are kept of what it finds.
+    // By default apt also searches all descriptions. This takes minutes with compressed lists, and we use only the
+    // names.
     m_config = std::make_unique<ScratchFolder>();
     QByteArray text("APT::Cache::NamesOnly \"true\";\n");
     const QString own = qEnvironmentVariable("APT_CONFIG");

@@ -13,40 +13,40 @@
 class AptUtils;
 
 /**
- * Searches the public repositories that apt knows, in a thread of its own. Only the newest search is answered: one that
- * is superseded ends early, and the programs it runs are killed. The same happens when the searcher is destroyed, so
- * that this takes a moment and not the seconds that apt takes. Made and destroyed in the thread of its user.
+ * Searches the public repositories that apt knows, in a thread of its own. Only the newest search is answered. An older
+ * search ends early, and its programs are killed. The destructor does the same, so it returns quickly although apt
+ * takes seconds. Create and destroy it in the thread of its user.
  */
 class PackageSearcher : public QObject
 {
     Q_OBJECT
 public:
-    /** The records of so many names are read; a short pattern fits tens of thousands. */
+    /** Most names whose records are read; tens of thousands of names match a short pattern. */
     static constexpr int NameLimit = 2000;
 
     explicit PackageSearcher(PackageFilter filter);
     ~PackageSearcher() override;
 
-    /** Whether a search runs or waits to run. */
+    /** Whether a search is running or waiting. */
     bool isBusy() const { return m_pending > 0; }
-    /** Gives up the search that runs; nothing is told of it. From any thread. */
+    /** Cancels the present search without any signal. Thread-safe. */
     void cancel();
 
 public Q_SLOTS:
     /**
-     * Searches for packages whose names begin with the pattern, in place of any earlier search; an empty pattern only
-     * ends that one. Returns at once, may be called from any thread. What cannot be the start of a name finds nothing,
-     * without a program being run.
+     * Searches for packages whose names begin with the pattern, instead of any earlier search. An empty pattern only
+     * cancels the earlier search. Returns at once. Thread-safe. A pattern that no name can begin with finds nothing,
+     * and no program is run.
      */
     void startSearch(const QString &packagePattern);
 
 Q_SIGNALS:
     void searchStarted();
-    /** How many names begin with the pattern, and how many of them are looked at; the result follows. */
+    /** The number of names that begin with the pattern, and the number that are looked up. The result follows. */
     void namesFound(const QString &packagePattern, int found, int lookedAt);
-    /** The result of the search: what the filter lets pass, in apt's order. */
+    /** The result of the search: the packages that the filter accepts, in apt's order. */
     void newPackageFound(const QList<PackageInfo> &packages);
-    /** apt could not be asked; the result that follows is empty. `detailedText` is what apt said. */
+    /** apt could not be asked; the result that follows is empty. `detailedText` is apt's message. */
     void searchFailed(const QString &text, const QString &detailedText);
 
 private:
@@ -58,8 +58,8 @@ private:
     QThread m_thread;
     const PackageFilter m_filter;
     AptUtils *m_apt;
-    std::unique_ptr<ScratchFolder> m_config; ///< holds apt's configuration; made in the searcher's thread
-    int m_current = 0; ///< number of the search that runs; used in the searcher's thread alone
-    std::atomic_int m_newest{0}; ///< number of the search that is wanted
+    std::unique_ptr<ScratchFolder> m_config; ///< contains apt's configuration; made in the searcher's thread
+    int m_current = 0; ///< number of the present search; used only in the searcher's thread
+    std::atomic_int m_newest{0}; ///< number of the newest search
     std::atomic_int m_pending{0}; ///< searches that were started and have not ended
 };

@@ -47,7 +47,8 @@ void SearchPackageWidget::layOut()
     m_searchEdit->setAccessibleName(tr("Package name"));
     m_searchEdit->installEventFilter(this);
 
-    // No item count is known, so it only moves; its place stays when it is hidden, so that the table keeps its height.
+    // It has no range, because the number of items is unknown. While hidden it keeps its space, so that the table keeps
+    // its height.
     m_busyBar->setObjectName(QStringLiteral("m_busyBar"));
     m_busyBar->setRange(0, 0);
     m_busyBar->setTextVisible(false);
@@ -94,7 +95,7 @@ void SearchPackageWidget::layOut()
     filters->addWidget(m_architectureComboBox);
     filters->addWidget(
         caption(tr("&Repository:"), m_repositoryComboBox, QStringLiteral("m_repositoryComboBox")));
-    // An origin can be longer than the window is wide.
+    // An origin can be longer than the width of the window.
     m_repositoryComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     filters->addWidget(m_repositoryComboBox, 1);
 
@@ -143,7 +144,7 @@ void SearchPackageWidget::connectParts()
             &QItemSelectionModel::selectionChanged,
             this,
             &SearchPackageWidget::selectionChanged);
-    // A selection is lost without a word when the rows are replaced.
+    // selectionChanged() is not emitted when the rows are replaced, although the selection is lost.
     connect(m_model, &QAbstractItemModel::modelReset, this, &SearchPackageWidget::selectionChanged);
     connect(m_packagesTable, &QTableView::activated, this, &SearchPackageWidget::packagesChosen);
 }
@@ -161,7 +162,7 @@ void SearchPackageWidget::textEdited()
 
 void SearchPackageWidget::search(const QString &text)
 {
-    // Names have no capitals, and a pasted text often has blanks around it.
+    // Names have no capital letters, and a pasted text often has blanks around it.
     const QString pattern = text.trimmed().toLower();
     const bool possible = AptCommands::isSearchPrefix(pattern);
     m_wantedPattern = possible ? pattern : QString();
@@ -180,7 +181,7 @@ void SearchPackageWidget::search(const QString &text)
 
 void SearchPackageWidget::showResult(const QList<PackageInfo> &packages)
 {
-    // It may have been on its way when the text changed.
+    // The result may be of an earlier text.
     if (m_wantedPattern.isEmpty() || m_foundPattern != m_wantedPattern)
         return;
     m_wantedPattern.clear();
@@ -207,7 +208,7 @@ void SearchPackageWidget::refill(QComboBox *filter, FoundPackagesModel::Column c
     const QStringList values = m_model->values(column);
     for (const QString &value : values)
         filter->addItem(value, value);
-    // What was chosen stays chosen for the next text, when it is there at all.
+    // The last choice stays for the next result if it is available.
     filter->setCurrentIndex(std::max(0, filter->findData(chosen)));
     filter->setEnabled(values.size() > 1);
 }

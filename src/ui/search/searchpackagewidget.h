@@ -17,8 +17,8 @@ class QProgressBar;
 class QTableView;
 
 /**
- * Searches packages by the start of their names while the user types, and offers what was found for choice. The result
- * of a text that is no longer in the field is never shown.
+ * Searches packages by the start of their names while the user types, and shows the found packages for selection. A
+ * result is shown only if its text is still in the field.
  */
 class SearchPackageWidget : public QWidget
 {
@@ -29,9 +29,9 @@ public:
                         QWidget *parent = nullptr);
     ~SearchPackageWidget() override;
 
-    /** The selected packages in the order shown; their repository is the origin, whatever name is shown. */
+    /** The selected packages in the displayed order; their repository is the origin, even if an alias is shown. */
     QList<PackageInfo> selectedPackages() const;
-    /** The field that is typed into, for a prompt's buddy. */
+    /** The search field, for the buddy of a label. */
     QWidget *searchField() const;
 
 public Q_SLOTS:
@@ -40,7 +40,7 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void selectionChanged();
-    /** A row was chosen with Enter or a double click. */
+    /** The user chose a row with Enter or a double click. */
     void packagesChosen();
 
 protected:
@@ -49,7 +49,7 @@ protected:
 private:
     void layOut();
     void connectParts();
-    /** Gives up what is searched for; what is shown belongs to another text from now on. */
+    /** Cancels the search; the present rows belong to an earlier text from now on. */
     void textEdited();
     void search(const QString &text);
     void showResult(const QList<PackageInfo> &packages);
@@ -66,8 +66,8 @@ private:
     QTableView *m_packagesTable;
     FoundPackagesModel *m_model;
     FoundPackagesProxy *m_proxy;
-    QString m_wantedPattern; ///< what the searcher was asked for; empty when nothing is awaited
-    QString m_foundPattern; ///< what the next result belongs to
+    QString m_wantedPattern; ///< pattern of the present search; empty when no result is expected
+    QString m_foundPattern; ///< pattern of the next result
     QString m_failure; ///< why the next result is empty
     int m_namesFound = 0;
     int m_namesLookedAt = 0;
