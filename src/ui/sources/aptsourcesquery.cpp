@@ -17,7 +17,7 @@ AptSourcesQuery::AptSourcesQuery(QObject *parent)
 
 AptSourcesQuery::~AptSourcesQuery()
 {
-    // An apt that hangs must not keep the program from ending.
+    // A hanging apt must not prevent the program from ending.
     *m_stopped = true;
 }
 

@@ -8,7 +8,7 @@
 #include <atomic>
 #include <memory>
 
-/** Asks apt once, on a thread of the pool, which sources it knows. The answer comes unless the object goes before. */
+/** Asks apt once for its sources, on the thread pool. There is no answer when the object is deleted first. */
 class AptSourcesQuery : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     void start();
 
 Q_SIGNALS:
-    /** Each source as it follows "deb " in a sources list; `failure` tells why apt has not answered, if it has not. */
+    /** Each source has the form after "deb " in a sources list. `failure` tells why apt failed; empty on success. */
     void answered(const QStringList &sources, const QString &failure);
 
 private:
@@ -32,5 +32,5 @@ private:
     static Answer ask(const std::shared_ptr<const std::atomic_bool> &stopped);
 
     QFutureWatcher<Answer> m_watcher;
-    std::shared_ptr<std::atomic_bool> m_stopped; ///< read by ask(), which may outlive the object
+    std::shared_ptr<std::atomic_bool> m_stopped; ///< read by ask(), which may run after our deletion
 };

@@ -40,7 +40,7 @@ ExternalReposDialog::ExternalReposDialog(const ExternalRepos &stored, Prompts &p
     m_stateLabel->setObjectName(QStringLiteral("m_stateLabel"));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->setObjectName(QStringLiteral("buttonBox"));
-    // Enter in the list confirms the dialog and does not open another one.
+    // Enter in the list confirms the dialog and does not press a side button.
     buttons->button(QDialogButtonBox::Ok)->setDefault(true);
     buildView();
 
@@ -79,14 +79,14 @@ const ExternalRepos &ExternalReposDialog::repos() const
 
 void ExternalReposDialog::buildView()
 {
-    constexpr int SourceWidth = 40; // characters, the least that is of use
+    constexpr int SourceWidth = 40; // characters; the smallest useful width
     constexpr int AliasWidth = 20;
     constexpr int Rows = 6;
     m_view->setObjectName(QStringLiteral("m_externalReposView"));
     m_view->setModel(m_model);
     TableLook::apply(*m_view, tr("External repositories"));
     m_view->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    // What is opened depends on who knows the source, see editAt().
+    // editAt() starts editing, because it depends on whether apt knows the source.
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
     const int character = fontMetrics().averageCharWidth();
     QHeaderView *header = m_view->header();
@@ -125,7 +125,7 @@ void ExternalReposDialog::addKey(int key, void (ExternalReposDialog::*slot)())
 {
     auto *action = new QAction(m_view);
     action->setShortcut(key);
-    // Of the list alone: in the editor of an alias Delete is another matter.
+    // For the list only: in the editor of an alias the key Delete has another meaning.
     action->setShortcutContext(Qt::WidgetShortcut);
     m_view->addAction(action);
     connect(action, &QAction::triggered, this, slot);
@@ -197,7 +197,7 @@ void ExternalReposDialog::editAt(const QModelIndex &index)
 
 void ExternalReposDialog::editSource(int row)
 {
-    // Rows move when apt answers meanwhile.
+    // Persistent, because rows move when apt answers meanwhile.
     const QPersistentModelIndex edited = row < 0 ? QModelIndex() : m_model->index(row, 0);
     const auto check
         = [this, &edited](const QString &source) { return repos().refusalInList(source, edited.row()); };
@@ -233,7 +233,7 @@ void ExternalReposDialog::removeSelected()
 
 void ExternalReposDialog::accept()
 {
-    // A name that is being typed counts.
+    // Ends the editing of an alias, so that its text is used.
     if (QWidget *focused = focusWidget())
         focused->clearFocus();
     QDialog::accept();

@@ -13,8 +13,8 @@ class QPushButton;
 class QTreeView;
 
 /**
- * The editor of the external repositories. It shows what is stored at once, and what apt knows when apt has answered.
- * Nothing is stored here: the caller takes repos() when the dialog was accepted.
+ * The editor of the external repositories. It shows the stored sources at once, and apt's sources after apt has
+ * answered. It stores nothing: after the dialog was accepted, the caller takes repos().
  */
 class ExternalReposDialog : public QDialog
 {
@@ -37,14 +37,14 @@ private:
     void edit();
     void editAt(const QModelIndex &index);
     void removeSelected();
-    /** Lets the user type a source; `row` is the one to be replaced, -1 for a new one. */
+    /** Opens the editor of a source. `row` is the entry to replace, -1 for a new source. */
     void editSource(int row);
 
     Prompts &m_prompts;
     ExternalReposModel *m_model;
     QTreeView *m_view;
-    QLabel *m_emptyLabel; ///< over the view while there is nothing in it
-    ElidedLabel *m_stateLabel; ///< how far apt has come
+    QLabel *m_emptyLabel; ///< shown over the view while it is empty
+    ElidedLabel *m_stateLabel; ///< state of the question to apt
     QPushButton *m_addButton;
     QPushButton *m_editButton;
     QPushButton *m_removeButton;

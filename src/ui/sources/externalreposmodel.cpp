@@ -18,7 +18,7 @@ void ExternalReposModel::merge(const QStringList &knownSources)
     m_repos.merge(knownSources);
     m_aptAnswered = true;
     const QVector<ExternalRepos::Entry> &merged = m_repos.entries();
-    // Row by row instead of a reset, which would close an open editor and lose the selection.
+    // Changed row by row, because a reset would close an open editor and lose the selection.
     for (int row = 0; row < merged.size(); ++row) {
         const ExternalRepos::Entry &entry = merged.at(row);
         const auto found
@@ -134,7 +134,7 @@ QString ExternalReposModel::toolTip(const ExternalRepos::Entry &entry) const
         about = tr("apt does not know this repository at present. It is asked again when apt knows it.");
     else if (m_aptAnswered)
         about = tr("apt does not know this repository at present.");
-    // As rich text, so that the lines are broken.
+    // Qt breaks long lines only in rich text.
     return QStringLiteral("<p>%1</p><p>%2</p>").arg(entry.source.toHtmlEscaped(), about);
 }
 

@@ -5,7 +5,7 @@
 
 #include <QAbstractTableModel>
 
-/** The list of external repositories as a table; an edit that is under way outlives the arrival of apt's answer. */
+/** The list of external repositories as a table. An open editor stays open when apt's answer arrives. */
 class ExternalReposModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -15,12 +15,13 @@ public:
     ExternalReposModel(const ExternalRepos &repos, QObject *parent);
 
     const ExternalRepos &repos() const { return m_repos; }
-    /** Takes over what apt knows. */
+    /** Adds the sources that apt knows. */
     void merge(const QStringList &knownSources);
-    /** Adds a source, or replaces the one at `row`. Returns its row, -1 when it is refused. */
+    /** Adds a source, or replaces the one at `row`. Returns its row, or -1 when it is refused. */
     int setSource(const QString &source, int row = -1);
-    /** Whether the entry is the user's to edit and to remove. */
+    /** Whether the user may edit and remove the entry. */
     bool isOwn(int row) const;
+    /** Deletes an entry; false when apt knows the source. */
     bool removeOwn(int row);
 
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -34,6 +35,6 @@ private:
     QString toolTip(const ExternalRepos::Entry &entry) const;
 
     ExternalRepos m_repos;
-    QVector<ExternalRepos::Entry> m_rows; ///< the entries as the views have been told of them
+    QVector<ExternalRepos::Entry> m_rows; ///< the entries as they were announced to the views
     bool m_aptAnswered = false;
 };

@@ -31,7 +31,7 @@ ExternalRepoSourceDialog::ExternalRepoSourceDialog(const QString &source,
     m_refusalLabel->setTextFormat(Qt::PlainText);
     m_refusalLabel->setWordWrap(true);
     m_refusalLabel->setAlignment(Qt::AlignTop | Qt::AlignLeading);
-    // Room from the start, so that the dialog does not jump while one types.
+    // Reserved from the start, so that the layout does not move while the user types.
     m_refusalLabel->setMinimumHeight(fontMetrics().lineSpacing() * RefusalLines);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->setObjectName(QStringLiteral("buttonBox"));

@@ -9,15 +9,17 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 
-/** Asks for the source line and the alias of a repository and says while one types why the line cannot be used. */
+/**
+ * Asks for the source line and the alias of a repository. While the user types, it shows why the line cannot be used.
+ */
 class ExternalRepoSourceDialog : public QDialog
 {
     Q_OBJECT
 public:
-    /** Why a source cannot be used, in words for the user; empty when it can. */
+    /** Text for the user: why a source cannot be used; empty when it can. */
     using Check = std::function<QString(const QString &)>;
 
-    /** `source` is empty for a new one. */
+    /** `source` is empty for a new source. */
     ExternalRepoSourceDialog(const QString &source,
                              const QString &alias,
                              Check check,

@@ -35,7 +35,7 @@ QStringList UpgradeSourcesDialog::sources() const
 
 void UpgradeSourcesDialog::takeAnswer(const QStringList &known, const QString &failure)
 {
-    // What the user has done so far counts; what was chosen the last time may only appear now.
+    // Keeps the user's choices so far. Sources of the last choice may only appear now.
     QStringList chosen = sources();
     for (const QString &source : qAsConst(m_wanted)) {
         if (!m_shown.contains(source))

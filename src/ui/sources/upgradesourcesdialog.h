@@ -5,17 +5,17 @@
 #include "ui/widgets/checktabledialog.h"
 
 /**
- * Asks from which sources packages are upgraded, among the external repositories that are not switched off. It shows
- * the user's own at once, and what apt knows when apt has answered.
+ * Asks for the sources of an upgrade: the enabled external repositories. It shows the user's own sources at once, and
+ * apt's sources after apt has answered.
  */
 class UpgradeSourcesDialog : public CheckTableDialog
 {
     Q_OBJECT
 public:
-    /** `chosen`: what is checked at first. */
+    /** `chosen` are the sources that are checked at first. */
     UpgradeSourcesDialog(ExternalRepos repos, const QStringList &chosen, QWidget *parent);
 
-    /** The chosen sources, each as it follows "deb " in a sources list. */
+    /** The chosen sources, in the form after "deb " in a sources list. */
     QStringList sources() const;
 
 private:
@@ -23,6 +23,6 @@ private:
     void takeAnswer(const QStringList &known, const QString &failure);
 
     ExternalRepos m_repos;
-    QStringList m_wanted; ///< sources that are to be checked, also such as apt has not yet named
+    QStringList m_wanted; ///< sources to check, including sources that apt has not named yet
     QStringList m_shown; ///< source of each row
 };
