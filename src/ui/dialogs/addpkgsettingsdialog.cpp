@@ -18,12 +18,12 @@ AddPkgSettingsDialog::AddPkgSettingsDialog(const QStringList &components,
 {
     m_ui->setupUi(this);
     Mnemonics::markForm(this);
-    // The empty entry leaves each package in its own component; without it there would be no way back to that.
+    // The empty entry keeps each package in its own component. Without it, the user could not return to this choice.
     QComboBox *box = m_ui->m_componentComboBox;
     box->addItem(tr("(each package's own component)"), QString());
     for (const QString &component : components)
         box->addItem(component, component);
-    // A component of another repository is not offered here, and packages then go where they belong.
+    // A component of another repository is not offered. Then packages go to their own components.
     m_componentAtFirst = qMax(0, box->findData(choices.currentComponent));
     box->setCurrentIndex(m_componentAtFirst);
     m_ui->m_signPackageCheckBox->setChecked(choices.signPackage);
@@ -50,7 +50,8 @@ void AddPkgSettingsDialog::setDependsCheckVisible(bool visible)
 UserChoices AddPkgSettingsDialog::choices() const
 {
     UserChoices choices = m_choices;
-    // What this repository does not offer is no choice against it: another repository may have that component.
+    // If the stored component is not offered and the user changes nothing, it is kept for the repositories that have
+    // it.
     if (m_ui->m_componentComboBox->currentIndex() != m_componentAtFirst)
         choices.currentComponent = m_ui->m_componentComboBox->currentData().toString();
     choices.signPackage = m_ui->m_signPackageCheckBox->isChecked();

@@ -14,12 +14,12 @@ namespace Ui
 class AddPkgSettingsDialog;
 }
 
-/** How packages are added: the component, signing, the dependency check and whether to ask each time. */
+/** Asks how packages are added: the component, signing, the dependency check, and whether to ask each time. */
 class AddPkgSettingsDialog : public QDialog
 {
     Q_OBJECT
 public:
-    /** `components` are those of the repository that packages would go to. */
+    /** `components` are the components of the target repository. */
     AddPkgSettingsDialog(const QStringList &components,
                          const UserChoices &choices,
                          Prompts &prompts,
@@ -27,14 +27,14 @@ public:
     ~AddPkgSettingsDialog() override;
 
     void setSigningVisible(bool visible);
-    /** For what is added without a check whatever is chosen. */
+    /** Hide it for a job that never checks dependencies. */
     void setDependsCheckVisible(bool visible);
 
-    /** The choices it was made with, changed to what the dialog shows. */
+    /** The initial choices with the user's changes. */
     UserChoices choices() const;
 
 private:
     std::unique_ptr<Ui::AddPkgSettingsDialog> m_ui;
     UserChoices m_choices;
-    int m_componentAtFirst = 0; ///< row
+    int m_componentAtFirst = 0; ///< row of the initial component
 };

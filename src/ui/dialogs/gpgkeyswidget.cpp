@@ -18,8 +18,8 @@
 namespace
 {
 /**
- * Draws the text that stands for no choice in the usual colours (Qt draws it too faintly to be read), and cuts a long
- * one in its middle: its end is the id, which tells two keys of one person apart.
+ * Draws the placeholder text in normal colours, because Qt draws it too faintly. Cuts a long text in the middle,
+ * because its end is the id, which distinguishes two keys of one person.
  */
 class KeysComboBox : public QComboBox
 {
@@ -62,7 +62,7 @@ GpgKeysWidget::GpgKeysWidget(QWidget *parent)
     m_startKGpgToolButton->setToolTip(tr("Start KGpg"));
     m_startKGpgToolButton->setAccessibleName(tr("Start KGpg"));
     m_keysComboBox->setObjectName(QStringLiteral("m_keysComboBox"));
-    // A user id can be long; the dialog is not to become as wide as the longest.
+    // A user id can be long, but the dialog must not become as wide as the longest one.
     m_keysComboBox->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     constexpr int ShownCharacters = 40;
     m_keysComboBox->setMinimumContentsLength(ShownCharacters);
@@ -130,7 +130,7 @@ void GpgKeysWidget::fill(const QStringList &keys,
         if (!obstacle.isEmpty())
             item->setText(tr("%1 (%2)").arg(key, obstacle));
     }
-    // The list that is folded out has room for whole keys.
+    // The pop-up list has space for complete texts of keys.
     QAbstractItemView *list = m_keysComboBox->view();
     list->setMinimumWidth(qMin(list->sizeHintForColumn(0) + m_keysComboBox->height(),
                                screen()->availableSize().width() * 2 / 3));
@@ -146,7 +146,7 @@ void GpgKeysWidget::setKeyId(const QString &keyId)
 
 void GpgKeysWidget::selectKeyInUse()
 {
-    // What is not listed is named all the same, for it stays in use.
+    // A key that is not listed is shown too, because it stays in use.
     QString none = tr("No key is selected");
     if (m_isReading)
         none = tr("The keys are being read");
@@ -175,7 +175,7 @@ QString GpgKeysWidget::keyId() const
 
 QString GpgKeysWidget::keyIdOf(const QString &key)
 {
-    // A user id may have brackets of its own: the last ones count.
+    // A user id may contain brackets, so the last ones are used.
     static const QRegularExpression pattern(QStringLiteral("^.*\\[(.+)\\]"));
     return pattern.match(key).captured(1);
 }

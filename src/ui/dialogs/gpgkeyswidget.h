@@ -10,7 +10,7 @@ class QComboBox;
 class QLabel;
 class QToolButton;
 
-/** Picks the key that packages are signed with, and starts the program that manages keys. */
+/** Lets the user choose the key for signing packages, and starts the program that manages keys. */
 class GpgKeysWidget : public QWidget
 {
     Q_OBJECT
@@ -18,17 +18,17 @@ public:
     explicit GpgKeysWidget(QWidget *parent = nullptr);
 
     /**
-     * Offers these keys ("user id [key id]") and selects none but the one that setKeyId() named. `unusable` says of
-     * some of them why they cannot sign; they are listed and cannot be chosen. `warnings` is shown with the others.
+     * Lists these keys ("user id [key id]") and selects only the key of setKeyId(). `unusable` has the reasons why some
+     * keys cannot sign; these keys are listed but cannot be chosen. `warnings` are shown with the other keys.
      */
     void fill(const QStringList &keys,
               const QHash<QString, QString> &unusable = {},
               const QHash<QString, QString> &warnings = {});
-    /** Reads the key ring aside and then offers its keys. */
+    /** Reads the key ring in the background and then lists its keys. */
     void readKeys();
-    /** The key that has been in use until now. */
+    /** The key that is in use so far. */
     void setKeyId(const QString &keyId);
-    /** The key that the user chose; without a choice, the one that has been in use. */
+    /** The key that the user has chosen; without a choice, the key that is in use. */
     QString keyId() const;
 
     /** The key id in the text of a key; empty when there is none. */
@@ -46,7 +46,7 @@ private:
 
     QToolButton *m_startKGpgToolButton;
     QComboBox *m_keysComboBox;
-    QLabel *m_warningLabel; ///< of the key that is chosen
+    QLabel *m_warningLabel; ///< warning about the chosen key
     KeyManager *m_keyManager;
     QString m_keyInUse;
     bool m_isReading = false;

@@ -6,8 +6,8 @@
 class Prompts;
 class QWidget;
 
-/** Says that a program's package is missing and, if the user wants that, opens the package manager on it. */
+/** Reports that a program's package is missing. If the user agrees, it opens the package manager with this package. */
 void offerMissingPackage(Prompts &prompts, const QString &package, QWidget *parent = nullptr);
 
-/** Says that a program did not start although it should be there. */
+/** Reports that an installed program did not start. */
 void warnNotStarted(Prompts &prompts, const QString &program, QWidget *parent = nullptr);

@@ -30,7 +30,7 @@
 
 namespace
 {
-/** The administrator's list of choices for a field; these files are a few lines long. */
+/** The administrator's list of choices for a field. These files have only a few lines. */
 QStringList systemChoices(const QString &name, const QStringList &defaults)
 {
     constexpr qint64 Limit = 65536;
@@ -40,14 +40,14 @@ QStringList systemChoices(const QString &name, const QStringList &defaults)
     return NewRepoRules::choices(QString::fromLocal8Bit(file.read(Limit)), defaults);
 }
 
-/** Puts text into a field as long as the user has left it empty and alone. */
+/** Sets the text of a field that is empty and that the user has not edited. */
 void fillUntouched(QLineEdit *field, const QString &text)
 {
     if (!field->isModified() && field->text().isEmpty())
         field->setText(text);
 }
 
-/** What the change takes away, in words. */
+/** Text about the packages that the change deletes. */
 QString lossesText(const RepoChange &change, const QList<PackageInfoPtr> &packages)
 {
     const QList<PackageInfoPtr> lost = change.lost(packages);
@@ -63,7 +63,7 @@ QString lossesText(const RepoChange &change, const QList<PackageInfoPtr> &packag
     return text.arg(PackageDetails::names(lost, change.before, PackageDetails::Meant::Files));
 }
 
-/** Says at the field what may be typed there, when something else was. */
+/** Shows a tool tip at the field with the allowed characters when the validator refuses an input. */
 void tellRefusals(QLineEdit *field, const QString &allowed)
 {
     QObject::connect(field, &QLineEdit::inputRejected, field, [field, allowed] {
@@ -125,7 +125,7 @@ void NewRepoDialog::setUpFields()
     m_ui->m_componentsComboBox->setChoices(
         systemChoices(QStringLiteral("components"), NewRepoRules::defaultComponents()));
     for (QComboBox *box : {m_ui->m_codeNameComboBox, m_ui->m_suiteComboBox}) {
-        // What is typed must stay what was typed: "stable" is also the start of other names.
+        // A completer would change the typed text: "stable" is also the start of other names.
         box->setCompleter(nullptr);
         box->setCurrentIndex(-1);
     }
@@ -193,7 +193,7 @@ void NewRepoDialog::showPublished(bool published)
                "unpublish the repository first."));
     }
     adjustSize();
-    // Texts that wrap are cut off in the size which that gives with large fonts.
+    // adjustSize() is too small for wrapped texts in large fonts.
     resize(width(),
            qMin(layout()->totalHeightForWidth(width()), screen()->availableSize().height() * 9 / 10));
 }
@@ -240,7 +240,7 @@ void NewRepoDialog::accept()
         [this, path, info](const Place &place) {
             m_isLooking = false;
             unsetCursor();
-            // The fields stay open to changes meanwhile, and so does the dialog to being closed.
+            // Meanwhile the user may have changed the fields or closed the dialog.
             if (!isVisible() || !m_ui->buttonBox->button(QDialogButtonBox::Ok)->isEnabled())
                 return;
             if (path != repositoryPath() || info != repoInfo())
@@ -345,7 +345,7 @@ bool NewRepoDialog::userAgreesToChange()
              "Want to continue?");
     const QString about = lossesText(change, m_packages);
     m_carriesPackages = change.isRenaming();
-    // Where nothing is shown, nothing has to go either.
+    // Without known packages there is no need to ask about carrying them over.
     if (!change.isRenaming() || m_packages.isEmpty())
         return m_prompts.askCarefully(windowTitle(), question, about, this) == Prompts::Answer::Yes;
     change.carries = true;

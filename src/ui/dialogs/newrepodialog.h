@@ -17,40 +17,43 @@ namespace Ui
 class NewRepoDialog;
 }
 
-/** Asks for the description and the place of a repository that is to be created, imported into, or changed. */
+/** Asks for the description and the directory of a repository for creating, importing or changing it. */
 class NewRepoDialog : public QDialog
 {
     Q_OBJECT
 public:
     enum class Mode { Create, Change, Import };
-    /** Tells whether the repository in a directory is published. */
+    /** Whether the repository in a directory is published. */
     using PublishedCheck = std::function<bool(const QString &path)>;
-    /** Tells why a directory cannot become the repository; empty when it can. */
+    /** Why a directory cannot be used for the repository; empty when it can. */
     using PlaceCheck = std::function<QString(const QString &path)>;
 
     NewRepoDialog(Mode mode, Prompts &prompts, QWidget *parent = nullptr);
     ~NewRepoDialog() override;
 
-    /** The repository that is to be changed, and what it holds. */
+    /** Sets the repository to change, and its packages. */
     void setRepository(const QString &path, const RepoInfo &info, const QList<PackageInfoPtr> &packages = {});
     void setPublishedCheck(PublishedCheck check);
     void setPlaceCheck(PlaceCheck check) { m_placeRefusal = std::move(check); }
-    /** Repositories that are known to the program: a directory that holds one is not replaced. */
+    /** Paths of repositories that the program knows: a directory that contains one is not replaced. */
     void setRemembered(const QStringList &paths) { m_remembered = paths; }
-    /** Fills all fields, with what was typed before. */
+    /** Fills all fields with earlier input. */
     void setEntries(const QString &path, const RepoInfo &info);
-    /** Proposes where a new repository shall lie. */
+    /** Proposes the directory of a new repository. */
     void propose(const QString &folder, const QString &name);
-    /** Fills the fields that the user has not touched, for a new repository; may come while the dialog is open. */
+    /** Fills the fields that the user has not edited, for a new repository. The dialog may be open already. */
     void setDefaults(const RepoInfo &info);
 
     /** Directory of the repository: the path and the name. */
     QString repositoryPath() const;
     RepoInfo repoInfo() const;
-    /** Whether the packages go over to a new code name, as the user has chosen. */
+    /** Whether the user wants the packages to be copied to a new code name. */
     bool carriesPackages() const { return m_carriesPackages; }
 
-    /** Looks at the repository's directory aside, asks what there is to ask, and closes the dialog after that. */
+    /**
+     * Checks the directory of the repository in the background, asks the necessary questions, and then closes the
+     * dialog.
+     */
     void accept() override;
 
 private:
@@ -62,12 +65,12 @@ private:
     bool placeIsFree();
     void focusMissingField();
     bool stays() const;
-    /** What lies in the place of the repository. */
+    /** The present contents of the repository's directory. */
     struct Place
     {
         bool exists = false;
         bool isRepository = false;
-        QStringList repositories; ///< below it
+        QStringList repositories; ///< repositories below it
     };
     static Place lookAt(const QString &path, const QStringList &remembered);
     bool userAgreesToLosses(const Place &place);
@@ -80,7 +83,7 @@ private:
     PublishedCheck m_isPublished;
     PlaceCheck m_placeRefusal;
     QStringList m_remembered;
-    bool m_isLooking = false; ///< at the directory, before the dialog is accepted
+    bool m_isLooking = false; ///< the directory is being checked
     QString m_path; ///< of the repository that is being changed
     RepoInfo m_info; ///< of the repository that is being changed
     QList<PackageInfoPtr> m_packages; ///< of the repository that is being changed

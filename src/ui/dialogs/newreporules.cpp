@@ -6,7 +6,7 @@
 
 namespace
 {
-/** The words of a text, whatever white space separates them. */
+/** The words of a text, separated by any white space. */
 QStringList words(const QString &text)
 {
     return text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
@@ -28,11 +28,12 @@ NewRepoRules::Refusal NewRepoRules::check(const QString &parent, const RepoInfo 
         return Refusal::ArchitectureAll;
     if (!QDir::isAbsolutePath(parent))
         return Refusal::BadPath;
-    // "." and ".." pass for names but mean the parent folder and the one above it.
+    // "." and ".." would be valid names, but stand for the parent folder and the folder above it.
     if (info.name == QLatin1String(".") || info.name == QLatin1String("..")
         || info.name.contains(QLatin1Char('/')))
         return Refusal::BadName;
-    // The code name becomes a folder, an argument of every command, and a word of source lines (see RequestRules).
+    // The code name is used as a folder, as an argument of every command, and as a word of source lines (see
+    // RequestRules).
     static const QRegularExpression codename(QStringLiteral("\\A[A-Za-z0-9][A-Za-z0-9_.+~-]*\\z"));
     return codename.match(info.codename).hasMatch() ? Refusal::None : Refusal::BadName;
 }
@@ -49,7 +50,7 @@ QString NewRepoRules::importName(const QString &source)
 
 QStringList NewRepoRules::choices(const QString &fileText, const QStringList &defaults)
 {
-    // Editors of other systems begin a file with a mark that is no text.
+    // Some editors begin a file with a byte order mark.
     QString text = fileText;
     text.remove(QChar(QChar::ByteOrderMark));
     static const QRegularExpression comment(QStringLiteral("#[^\\r\\n]*"));

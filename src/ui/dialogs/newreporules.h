@@ -6,27 +6,28 @@
 #include <QString>
 #include <QStringList>
 
-/** What the description of a repository must satisfy before it is created or changed. */
+/** Rules for the description of a repository, checked before it is created or changed. */
 namespace NewRepoRules
 {
+/** The rule that a description violates. */
 enum class Refusal {
     None,
-    MissingField, ///< a field that is needed is empty
-    ArchitectureAll, ///< "all" is no architecture that a repository can have
+    MissingField, ///< a required field is empty
+    ArchitectureAll, ///< a repository cannot have the architecture "all"
     BadPath, ///< the parent folder is not an absolute path
-    BadName ///< the name would lead to another folder, or is none for a distribution
+    BadName ///< the name leads to another folder, or the code name is not valid
 };
 
-/** The repository's directory: `name` in the folder `parent`, without doubled or trailing slashes. */
+/** The repository's directory: `name` in the folder `parent`, without double slashes or a slash at the end. */
 QString fullPath(const QString &parent, const QString &name);
 
-/** The first rule that the fields break. */
+/** The first rule that the fields violate. */
 Refusal check(const QString &parent, const RepoInfo &info);
 
-/** A name for the repository that gets what is in this archive or folder. */
+/** A repository name for the import of this archive or folder. */
 QString importName(const QString &source);
 
-/** The entries of a file of choices, separated by line ends or blanks; `defaults` when it has none. */
+/** The words of a file of choices; `defaults` when it has none. */
 QStringList choices(const QString &fileText, const QStringList &defaults);
 
 QStringList defaultArchitectures();

@@ -6,7 +6,7 @@
 
 class QListWidget;
 
-/** Names the source lines of this machine whose publication is gone, and offers to remove them. Hidden without any. */
+/** Lists the source lines of this machine whose publication has ended, and offers their removal. Hidden when empty. */
 class OrphanedLines : public QWidget
 {
     Q_OBJECT

@@ -61,7 +61,7 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
     m_repositoryLabel->hide();
     rows->addWidget(m_repositoryLabel);
 
-    // The options before the buttons, so that the Tab key goes from top to bottom.
+    // Added before the buttons, so that the Tab key moves from top to bottom.
     if (!singlePackage)
         addOptions(rows);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Yes | QDialogButtonBox::No, this);
@@ -74,7 +74,7 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
     if (!singlePackage) {
         QPushButton *applyToAll = buttons->addButton(tr("Apply to all"), QDialogButtonBox::ApplyRole);
         applyToAll->setObjectName(QStringLiteral("m_applyToAllButton"));
-        // Without an option there is nothing to apply.
+        // Nothing can be applied before an option is chosen.
         applyToAll->setEnabled(false);
         connect(m_options, qOverload<int>(&QButtonGroup::idClicked), applyToAll, [applyToAll] {
             applyToAll->setEnabled(true);
@@ -95,7 +95,7 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
     rows->addStretch();
     rows->addWidget(buttons);
     Mnemonics::markForm(this);
-    // Enter in haste keeps what is there.
+    // A hasty Enter keeps the present package.
     no->setDefault(true);
     no->setFocus();
     fitHeight();
@@ -103,7 +103,7 @@ PackageReplacementDialog::PackageReplacementDialog(RepoEnums::ErrorCode collisio
 
 void PackageReplacementDialog::fitHeight()
 {
-    // Texts that wrap have no height of their own; without this the dialog comes up too tall.
+    // Labels with wrapped text report a wrong height, and the dialog would be too tall.
     const int width = fontMetrics().averageCharWidth() * 70;
     resize(width, layout()->totalHeightForWidth(width));
 }
@@ -143,7 +143,7 @@ void PackageReplacementDialog::addOptions(QVBoxLayout *rows)
               m_options->addButton(option, static_cast<int>(rule));
               rows->addWidget(option);
               QLabel *label = plainLabel(explanation, this);
-              // Under the option's text, not under its mark.
+              // Indented to the start of the option's text.
               label->setIndent(style()->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth)
                                + style()->pixelMetric(QStyle::PM_RadioButtonLabelSpacing));
               QFont small = label->font();

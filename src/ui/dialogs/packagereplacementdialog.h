@@ -11,8 +11,8 @@ class QLabel;
 class QVBoxLayout;
 
 /**
- * Asks whether a package that is being added replaces the one that is there. When more packages follow, it also
- * offers to settle all further collisions of the job at once.
+ * Asks whether a package that is being added replaces the present one. When more packages follow, the user can also
+ * decide all further collisions of the job.
  */
 class PackageReplacementDialog : public QDialog
 {
@@ -23,18 +23,18 @@ public:
                              bool singlePackage,
                              QWidget *parent = nullptr);
 
-    /** Says which repository is meant, for when several are open. */
+    /** Shows which repository the question is about, because several can be open. */
     void setRepository(const QString &path);
 
     /**
-     * Shows the version of the file that would replace the package, beside the present one, and which architectures
-     * the answer is for when there are several.
+     * Shows the version of the new file beside the present version. When there are several architectures, it also shows
+     * for which architectures the answer is valid.
      */
     void setNewcomer(const QString &fileName, const QString &version, const QStringList &architectures = {});
 
-    /** What the user decided; closing the dialog without an answer keeps the present package. */
+    /** The user's decision. Closing the dialog without an answer keeps the present package. */
     PackageReplacementRules::Rule rule() const { return m_rule; }
-    /** Whether the whole job is to end; the present package is kept then. */
+    /** Whether the user wants to stop the whole job. The present package is kept then. */
     bool wantsStop() const { return m_wantsStop; }
 
 private:

@@ -7,7 +7,7 @@ class GpgKeysWidget;
 class Prompts;
 class QCheckBox;
 
-/** The general parameters of the program. */
+/** The general settings of the program. */
 class ParametersDialog : public QDialog
 {
     Q_OBJECT
@@ -16,12 +16,12 @@ public:
 
     void setShowPackageVersion(bool show);
     bool showPackageVersion() const;
-    /** The key that packages are signed with; what was set stays unless the user chooses another. */
+    /** The key for signing packages. It does not change unless the user chooses another one. */
     void setSignKeyId(const QString &keyId);
     QString signKeyId() const;
-    /** Hides the choice of the key, where packages are not signed. */
+    /** Hides the choice of the key when packages are not signed. */
     void setSigningVisible(bool visible);
-    /** Reads the keys to choose from; they are offered when they are known. */
+    /** Starts reading the keys; they are listed as soon as they are known. */
     void readKeys();
 
 private:

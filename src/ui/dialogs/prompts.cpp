@@ -19,7 +19,7 @@
 
 namespace
 {
-/** Package files have long names, and the toolkit's own dialog comes up too narrow for them. */
+/** Makes a file dialog wider: package files have long names, and Qt's default size is too narrow for them. */
 void giveRoom(QFileDialog &dialog)
 {
     constexpr QSize Characters(120, 30);
@@ -100,7 +100,7 @@ Prompts::Answer Prompts::askIn(QMessageBox &box, const QString &about)
 {
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(about);
-    // The format of the box is not that of its smaller text, which is a path.
+    // The text format of the box does not apply to the informative text, which can be a path.
     if (auto *label = box.findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")))
         label->setTextFormat(Qt::PlainText);
     box.setEscapeButton(QMessageBox::No);
@@ -151,7 +151,7 @@ QString Prompts::named(const QList<Error> &errors)
     constexpr int MostCharacters = 160;
     QStringList lines;
     for (const Error &error : errors.mid(0, MostNamed)) {
-        // Where the text does not say which file it was, the details begin with that.
+        // If the text does not name the file, the details begin with its name.
         QString about = error.details.trimmed().section(QLatin1Char('\n'), 0, 0).trimmed();
         if (about.endsWith(QLatin1Char(':')))
             about.chop(1);
@@ -165,7 +165,7 @@ QString Prompts::named(const QList<Error> &errors)
 
 void Prompts::showNextError()
 {
-    // A box that a modal dialog covers gets no keys, and on some desktops never again.
+    // A box that is covered by a modal dialog gets no key presses, and on some desktops it stays so.
     if (m_errors.isEmpty() || !m_errorBox.isNull() || !m_dialogs.isEmpty())
         return;
     const QList<Error> errors = m_errors;
@@ -190,24 +190,24 @@ void Prompts::showNextError()
     box->setTextFormat(Qt::PlainText);
     if (!details.trimmed().isEmpty()) {
         box->setDetailedText(details.trimmed());
-        // Some desktops would take the button that folds the details for the default one.
+        // Some desktops would make the button that shows the details the default button.
         box->setDefaultButton(QMessageBox::Ok);
         box->setEscapeButton(QMessageBox::Ok);
         if (auto *view = box->findChild<QTextEdit *>()) {
-            // The toolkit gives five lines, and the box cannot be made larger.
+            // Qt shows five lines, and the user cannot enlarge the box.
             constexpr int MostLines = 20;
             const int lines = qMin<int>(details.trimmed().count(QLatin1Char('\n')) + 3, MostLines);
             view->setFixedHeight(qMin(qMax(view->minimumHeight(), lines * view->fontMetrics().lineSpacing()),
                                       m_window->screen()->availableSize().height() / 3));
-            // Its own width breaks every path in two.
+            // Its default width would break every path.
             view->setMinimumWidth(qMin(box->fontMetrics().averageCharWidth() * 80,
                                        m_window->screen()->availableSize().width() / 2));
-            // Long ones must be scrolled and copied without a mouse too.
+            // Users without a mouse must be able to scroll and copy long details.
             view->setFocusPolicy(Qt::StrongFocus);
             view->setTabChangesFocus(true);
             view->setTextInteractionFlags(view->textInteractionFlags() | Qt::TextSelectableByKeyboard);
         }
-        // Its button folds the details out, which is what one wants to see of an error.
+        // Clicks the button that shows the details, because they are important for an error.
         const QList<QAbstractButton *> buttons = box->buttons();
         for (QAbstractButton *button : buttons) {
             if (box->buttonRole(button) == QMessageBox::ActionRole)
@@ -236,13 +236,13 @@ Prompts::FileChoice Prompts::saveFile(const QString &title,
     };
     QFileDialog dialog(m_window, title, folder);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    // We ask ourselves, for the whole name.
+    // We ask this ourselves, with the complete name.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     dialog.setNameFilters(filters);
     dialog.setDefaultSuffix(suffixOf(filters.first()));
     dialog.selectFile(name);
     giveRoom(dialog);
-    // A proposed name of one kind would otherwise stand in the way of another that is chosen.
+    // Otherwise the suffix of the proposed name would stay after another filter is chosen.
     connect(&dialog, &QFileDialog::filterSelected, &dialog, [&](const QString &filter) {
         dialog.setDefaultSuffix(suffixOf(filter));
         const QFileInfo chosen(dialog.selectedFiles().value(0));
@@ -257,7 +257,7 @@ Prompts::FileChoice Prompts::saveFile(const QString &title,
         if (run(dialog) != QDialog::Accepted)
             return {};
         path = dialog.selectedFiles().value(0);
-        // The toolkit takes the end of a version for a suffix.
+        // Qt takes the end of a version number for a suffix.
         const QString suffix = QFileInfo(path).suffix();
         if (!suffix.isEmpty() && suffix.at(0).isDigit())
             path += QLatin1Char('.') + suffixOf(dialog.selectedNameFilter());
@@ -323,7 +323,7 @@ void Prompts::dismissAll()
     m_errors.clear();
     if (QMessageBox *box = m_errorBox.data())
         box->reject();
-    // The innermost event loop returns first.
+    // In reverse order, so that the innermost event loop returns first.
     const QList<QPointer<QDialog>> dialogs = m_dialogs;
     for (auto dialog = dialogs.crbegin(); dialog != dialogs.crend(); ++dialog) {
         if (QDialog *open = dialog->data())
@@ -333,7 +333,7 @@ void Prompts::dismissAll()
 
 void Prompts::announceFreed()
 {
-    // Queued, so that whoever ran the dialog has finished with its result.
+    // Queued, so that the caller of the dialog has handled its result.
     if (!isOpen() && !m_dismissed)
         QMetaObject::invokeMethod(
             this,

@@ -14,63 +14,65 @@ class QShortcut;
 class QWidget;
 
 /**
- * The one place that opens dialogs on the main window. It knows whether one is open, closes them all when the window
- * is being closed, and shows errors one at a time however many arrive.
+ * Opens all dialogs on the main window. It knows whether a dialog is open, closes all dialogs when the window is being
+ * closed, and shows errors one at a time.
  *
- * Whoever runs a dialog must expect that what it was opened for is gone when it returns.
+ * After a dialog returns, the object for which it was opened may no longer exist.
  */
 class Prompts : public QObject
 {
     Q_OBJECT
 public:
+    /** An error that is shown in a box. */
     struct Error
     {
         QString text;
         QString details;
         RepoEnums::ErrorType type;
-        QString title; ///< of a box with this error alone; empty: by its weight
+        QString title; ///< title of a box with only this error; empty: a title for the error type
     };
+    /** The answer to a question. */
     enum class Answer {
         Yes,
-        No, ///< also for a box that was closed without an answer
-        Dismissed ///< nobody was asked, because the window is being closed
+        No, ///< also when the box was closed without an answer
+        Dismissed ///< there is no answer, because the window is being closed
     };
 
     explicit Prompts(QWidget *window);
 
-    /** Runs a dialog and returns its result; QDialog::Rejected at once when the window is being closed. */
+    /** Runs a dialog and returns its result. Returns QDialog::Rejected at once when the window is being closed. */
     int run(QDialog &dialog);
 
-    /** `about` is shown smaller below the text. */
+    /** `about` is shown below the text in smaller letters. */
     Answer
     ask(const QString &title, const QString &text, const QString &about = {}, QWidget *parent = nullptr);
-    /** Like ask(), for what cannot be undone: Enter in haste says no. */
+    /** Like ask(), for an action that cannot be undone: a hasty Enter means no. */
     Answer askCarefully(const QString &title,
                         const QString &text,
                         const QString &about = {},
                         QWidget *parent = nullptr);
-    /** A box to tick below a question. */
+    /** A check box below a question. */
     struct Option
     {
         QString text;
-        bool isTicked = false; ///< as it is at first, and as the user leaves it
-        QString aboutTicked; ///< is shown smaller while it is ticked
+        bool isTicked = false; ///< the initial state, and the user's choice afterwards
+        QString aboutTicked; ///< text in smaller letters while the box is checked
     };
-    /** Like askCarefully(), with a box to tick; `about` is shown while it is not. */
+    /** Like askCarefully(), with a check box; `about` is shown while the box is not checked. */
     Answer askCarefully(const QString &title,
                         const QString &text,
                         const QString &about,
                         Option *option,
                         QWidget *parent = nullptr);
-    /** Like ask(), when what was wanted failed and the question offers a way out. */
+    /** Like ask(), after a failure to which the question offers a solution. */
     Answer askAfterFailure(const QString &title, const QString &text, QWidget *parent = nullptr);
     void inform(const QString &title, const QString &text, QWidget *parent = nullptr);
     void warn(const QString &title, const QString &text, QWidget *parent = nullptr);
-    /** Like warn(), for what failed. */
+    /** Like warn(), for a failure. */
     void fail(const QString &title, const QString &text, QWidget *parent = nullptr);
     /**
-     * Shows an error without waiting for the user. What arrives while it is shown, or while a dialog is open that
-     * would cover it, comes in one box afterwards.
+     * Shows an error without waiting for the user. Errors that arrive meanwhile, or while an open dialog would cover
+     * the box, are shown together in one box afterwards.
      */
     void showError(const QString &text,
                    const QString &details = {},
@@ -79,18 +81,19 @@ public:
     /** Shows these errors in one box. */
     void showErrors(const QList<Error> &errors);
 
-    /** Lets the help key show the page of a dialog that is not run() but shown. Once for each. */
+    /** Makes the help key work in a dialog that is shown without run(). Call it once for each dialog. */
     void offerHelp(QDialog &dialog);
 
+    /** The result of saveFile(). */
     struct FileChoice
     {
         QString path; ///< empty when cancelled
-        QString filter; ///< the one that the name fits, or else the one that was chosen
+        QString filter; ///< the filter that matches the name, or else the chosen one
     };
 
     /**
-     * Asks where to save a file, and again when there is one that shall stay. A name without a suffix gets that of the
-     * filter's first pattern.
+     * Asks for the name of a file to save, and asks again when the user does not want to replace an existing file. A
+     * name without a suffix gets the suffix of the filter's first pattern.
      */
     FileChoice
     saveFile(const QString &title, const QString &folder, const QString &name, const QStringList &filters);
@@ -100,20 +103,20 @@ public:
     QStringList openFiles(const QString &title, const QString &folder, const QString &filter);
     /** Asks for an existing folder; empty when cancelled. */
     QString directory(const QString &title, const QString &folder, QWidget *parent = nullptr);
-    /** Asks for one of `items`, offering the one at `current` first; -1 when cancelled. */
+    /** Asks for one of `items`; the item at `current` is selected at first. -1 when cancelled. */
     int choose(const QString &title, const QString &label, const QStringList &items, int current);
 
-    /** What dialogs stand in front of. */
+    /** The window to which the dialogs belong. */
     QWidget *window() const { return m_window; }
     bool isOpen() const;
-    /** Closes every open dialog without an answer and opens no more. */
+    /** Closes every open dialog without an answer. No more dialogs are opened. */
     void dismissAll();
     bool isDismissed() const { return m_dismissed; }
 
 Q_SIGNALS:
-    /** The last open dialog has gone. */
+    /** The last open dialog was closed. */
     void freed();
-    /** The user has asked for help in `dialog`, which is open. */
+    /** The user has asked for help in the open dialog `dialog`. */
     void helpRequested(QDialog *dialog, const QString &page);
 
 private:

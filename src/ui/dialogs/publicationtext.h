@@ -3,15 +3,15 @@
 
 #include <QString>
 
-/** How the window speaks of publications. */
+/** Texts about publications. */
 namespace PublicationText
 {
 /** The name of the server type; empty for a local directory. */
 QString serverType(int protocol);
-/** The address under which clients reach a repository, such as "http://192.168.0.10:8000/". */
+/** The address of a repository for clients, such as "http://192.168.0.10:8000/". */
 QString address(int protocol, const QString &host, int port);
-/** What a service's state means for the repository that it serves. */
+/** Text for the state of a service that serves a repository. */
 QString state(const QString &serviceState);
-/** What the administrator can do about an error that the privileged helper's client has described; empty: nothing. */
+/** Advice for the administrator about an error text of the helper's client; empty when there is none. */
 QString advice(const QString &description);
 } // namespace PublicationText

@@ -99,7 +99,7 @@ void PublishedReposDialog::buildView()
     header->setSectionResizeMode(PublishedReposModel::TypeColumn, QHeaderView::ResizeToContents);
     header->setSectionResizeMode(PublishedReposModel::PortColumn, QHeaderView::ResizeToContents);
     header->setSectionResizeMode(PublishedReposModel::StateColumn, QHeaderView::ResizeToContents);
-    // The longest texts are paths: they get what the others leave.
+    // Paths are the longest texts, so their column gets the remaining width.
     header->setStretchLastSection(false);
     header->setSectionResizeMode(PublishedReposModel::RepositoryColumn, QHeaderView::Stretch);
     header->resizeSection(PublishedReposModel::AddressColumn, AddressWidth * character);
@@ -158,7 +158,7 @@ void PublishedReposDialog::buildActions()
     for (QAction *command : {m_openAction, m_copyAction, m_unpublishAction}) {
         QPushButton *button = box->addButton(command->text(), QDialogButtonBox::ActionRole);
         button->setIcon(command->icon());
-        // Enter in the table opens what is current there.
+        // Enter in the table opens the current repository.
         button->setAutoDefault(false);
         connect(button, &QPushButton::clicked, command, &QAction::trigger);
         connect(command, &QAction::changed, button, [command, button] {
@@ -251,7 +251,7 @@ void PublishedReposDialog::updateForCurrent()
 
 void PublishedReposDialog::showLog(const QString &text)
 {
-    // Who has scrolled up reads something there.
+    // A user who has scrolled up is reading, so the position stays.
     QScrollBar *bar = m_log->verticalScrollBar();
     const bool follows = bar->value() == bar->maximum();
     const int place = bar->value();

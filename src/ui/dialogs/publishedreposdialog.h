@@ -20,8 +20,8 @@ class QTreeView;
 class QVBoxLayout;
 
 /**
- * What is published from this machine, how its services do, and what the chosen one's server has logged. It follows
- * the monitor, closely as long as it is shown.
+ * Shows the publications of this machine, the states of their services, and the log of the chosen server. It follows
+ * the monitor, which updates more often while the dialog is visible.
  */
 class PublishedReposDialog : public QDialog
 {
@@ -30,12 +30,12 @@ public:
     PublishedReposDialog(PublicationMonitor &monitor, Prompts &prompts, QWidget *parent);
     ~PublishedReposDialog() override;
 
-    /** Shows the lines of this machine's list of sources that lead to ports on which nothing is published. */
+    /** Shows the lines of this machine's source list whose ports have no publication. */
     void showOrphanedLines(const QStringList &lines);
 
 Q_SIGNALS:
     void openRequested(const QString &repoPath);
-    /** The user has agreed. */
+    /** Emitted after the user has agreed. */
     void unpublishRequested(const Publication &publication);
     void addressCopied();
     void lineRemovalRequested(const QString &line);
@@ -53,7 +53,7 @@ private:
     void readHosts();
     void updateForCurrent();
     void showLog(const QString &text);
-    /** The row of the model; -1 when none is current. */
+    /** The current row in the model; -1 when there is none. */
     int currentRow() const;
     void openCurrent();
     void copyAddress();
@@ -65,7 +65,7 @@ private:
     QSortFilterProxyModel *m_sorted;
     QSplitter *m_splitter;
     QTreeView *m_view;
-    QLabel *m_emptyLabel; ///< over the view while there is nothing in it
+    QLabel *m_emptyLabel; ///< shown over the view while it is empty
     OrphanedLines *m_orphanedLines;
     QLabel *m_logLabel;
     QPlainTextEdit *m_log;
@@ -73,5 +73,5 @@ private:
     QAction *m_openAction = nullptr;
     QAction *m_copyAction = nullptr;
     QAction *m_unpublishAction = nullptr;
-    QString m_host; ///< under which others reach this machine
+    QString m_host; ///< address of this machine for other machines
 };

@@ -10,7 +10,7 @@
 
 namespace
 {
-/** Whether both are the same place among the published ones, however it does. */
+/** Whether both are the same publication, regardless of its state. */
 bool isSamePlace(const Publication &a, const Publication &b)
 {
     return a.protocol == b.protocol && a.repo.port == b.repo.port && a.repo.path == b.repo.path;
@@ -29,7 +29,7 @@ void PublishedReposModel::setPublications(const QVector<Publication> &publicatio
         });
         return found == rows.cend() ? -1 : static_cast<int>(found - rows.cbegin());
     };
-    // Row by row instead of a reset, which would lose the selection.
+    // Changed row by row, because a reset would lose the selection.
     for (int row = m_rows.size() - 1; row >= 0; --row) {
         if (rowOf(publications, m_rows.at(row)) >= 0)
             continue;

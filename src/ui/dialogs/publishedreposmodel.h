@@ -6,7 +6,7 @@
 #include <QAbstractTableModel>
 #include <QHash>
 
-/** The publications of this machine as a table. What stays keeps its row when the picture changes. */
+/** The publications of this machine as a table. After an update, a publication that still exists keeps its row. */
 class PublishedReposModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -17,9 +17,9 @@ public:
     explicit PublishedReposModel(QObject *parent);
 
     void setPublications(const QVector<Publication> &publications);
-    /** The host in the addresses; a port can have one of its own. */
+    /** Sets the host for addresses; `ofPorts` has other hosts for single ports. */
     void setHosts(const QString &usual, const QHash<int, QString> &ofPorts);
-    /** The publication in this row, which must be there. */
+    /** The publication in this row, which must exist. */
     const Publication &publication(int row) const { return m_rows.at(row); }
     QString address(int row) const;
 

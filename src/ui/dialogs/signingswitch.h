@@ -8,12 +8,12 @@ class QAbstractButton;
 class QDialog;
 struct SigningCheck;
 
-/** Guards a dialog's check box that turns signing on: it stays on only where signing is possible. */
+/** Controls a dialog's check box that turns signing on: it stays checked only when signing is possible. */
 class SigningSwitch : public QObject
 {
     Q_OBJECT
 public:
-    /** While the check runs, the dialog cannot be accepted with `accepting`. All three outlive the switch. */
+    /** During the check, the button `accepting` is disabled. All three objects must outlive the switch. */
     SigningSwitch(QAbstractButton *box, QAbstractButton *accepting, Prompts &prompts, QDialog *dialog);
 
 private:

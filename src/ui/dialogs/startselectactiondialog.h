@@ -3,7 +3,7 @@
 
 #include <QDialog>
 
-/** Asks what to do first when packages are to be added while no repository is open. */
+/** Asks for the first step when packages are to be added while no repository is open. */
 class StartSelectActionDialog : public QDialog
 {
     Q_OBJECT
@@ -12,7 +12,7 @@ public:
 
     explicit StartSelectActionDialog(QWidget *parent = nullptr);
 
-    /** The button that closed the dialog. */
+    /** The action of the button that closed the dialog. */
     Action action() const { return m_action; }
 
 private:

@@ -18,7 +18,7 @@ UpgradePackagesDialog::UpgradePackagesDialog(QVector<UpgradablePackage> packages
         parent)
     , m_packages(std::move(packages))
 {
-    // They come index by index.
+    // The packages are ordered by index before.
     std::stable_sort(m_packages.begin(), m_packages.end(), [](const auto &left, const auto &right) {
         return left.name < right.name;
     });

@@ -6,17 +6,17 @@
 
 #include <functional>
 
-/** Asks which of the packages with newer versions are upgraded; at first all are. */
+/** Lets the user choose which packages with newer versions are upgraded. At first all are chosen. */
 class UpgradePackagesDialog : public CheckTableDialog
 {
     Q_OBJECT
 public:
-    /** `alias` gives the user's name for the origin of a version. */
+    /** `alias` returns the user's name for the origin of a version. */
     UpgradePackagesDialog(QVector<UpgradablePackage> packages,
                           const std::function<QString(const QString &origin)> &alias,
                           QWidget *parent);
 
-    /** What the user has kept. */
+    /** The chosen packages. */
     QVector<UpgradablePackage> packages() const;
 
 private:
