@@ -3,7 +3,7 @@
 
 #include <QObject>
 
-/** The child of this class and name; there is no going on without it. */
+/** The child of this class and name. Without it the test program fails. */
 template <typename Child>
 Child *child(const QObject &parent, const char *name)
 {

@@ -14,13 +14,13 @@ public:
     DebBuilder &architecture(const QString &name) { return field(QStringLiteral("Architecture"), name); }
     /** Sets a control field; an empty value leaves the field out. */
     DebBuilder &field(const QString &name, const QString &value);
-    /** Contents of the package's one data file; other contents make another package of the same version. */
+    /** Contents of the package's only data file. Other contents make another package of the same version. */
     DebBuilder &contents(const QByteArray &contents);
     DebBuilder &udeb();
-    /** Another file name than NAME_VERSION_ARCH.deb. */
+    /** A file name other than NAME_VERSION_ARCH.deb. */
     DebBuilder &fileName(const QString &fileName);
 
-    /** Writes the package into `folder` (made when missing) and returns its path. */
+    /** Writes the package to `folder`, which is created when missing, and returns its path. */
     QString build(const QString &folder) const;
 
 private:

@@ -5,13 +5,16 @@
 
 #include <sys/resource.h>
 
-/** As long as it lives, no file grows beyond `size` bytes, as on a disk that is full; programs started meanwhile inherit that. */
+/**
+ * While it lives, no file can grow beyond `size` bytes, as on a full disk. Programs that are started meanwhile inherit
+ * this.
+ */
 class FullDisk
 {
 public:
     explicit FullDisk(rlim_t size)
     {
-        // As a signal, it would end the program; ignored, the write fails.
+        // By default SIGXFSZ ends the program. When it is ignored, the write fails.
         std::signal(SIGXFSZ, SIG_IGN);
         ::getrlimit(RLIMIT_FSIZE, &m_before);
         const rlimit small{size, m_before.rlim_max};

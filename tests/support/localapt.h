@@ -6,13 +6,16 @@
 #include <QStringList>
 
 /**
- * An apt that knows nothing but folders of packages, each a source of the suite "dogwood" with the component "main",
- * and that has configuration, state and cache of its own; as long as this lives all programs get it.
+ * An apt that knows only folders of packages. Each is a source with the suite "dogwood" and the component "main". It
+ * has its own configuration, state and cache. While it lives, all programs use it.
  */
 class LocalApt
 {
 public:
-    /** The packages of a source lie in ROOT/SOURCE/pool, or its index is there already; root is an absolute path. Fails the program on trouble. */
+    /**
+     * The packages of a source are in ROOT/SOURCE/pool, or its index already exists. `root` is an absolute path. A
+     * failure ends the test program.
+     */
     LocalApt(const QString &root, const QStringList &sources);
 
 private:

@@ -8,11 +8,11 @@
 
 #include <optional>
 
-/** A message bus of the test's own; as long as it lives it is what everything takes for the system's bus. */
+/** A private message bus for a test. While it lives, all programs use it as the system bus. */
 class PrivateBus
 {
 public:
-    /** Fails the program on trouble. */
+    /** A failure ends the test program. */
     PrivateBus();
     ~PrivateBus();
     Q_DISABLE_COPY(PrivateBus)

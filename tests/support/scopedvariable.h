@@ -3,7 +3,7 @@
 
 #include <QString>
 
-/** Sets a variable of the environment as long as it lives. */
+/** Sets an environment variable while it lives. */
 class ScopedVariable
 {
 public:
@@ -16,7 +16,7 @@ public:
     ~ScopedVariable() { m_before.isNull() ? qunsetenv(m_name) : qputenv(m_name, m_before); }
     Q_DISABLE_COPY(ScopedVariable)
 
-    /** PATH with a folder of stand-ins in front. */
+    /** PATH with a folder of stand-ins before it. */
     static QString pathBehind(const QString &folder)
     {
         return folder + QLatin1Char(':') + qEnvironmentVariable("PATH");

@@ -14,7 +14,7 @@ const QString managerPath = QStringLiteral("/org/freedesktop/systemd1");
 const QString managerInterface = QStringLiteral("org.freedesktop.systemd1.Manager");
 const QString unitInterface = QStringLiteral("org.freedesktop.systemd1.Unit");
 
-/** A name as it can stand in an object's path, as hexadecimal digits. */
+/** The object path of a unit. Its name is encoded in hexadecimal digits. */
 QString unitPath(const QString &name)
 {
     return managerPath + QLatin1String("/unit/u") + QString::fromLatin1(name.toUtf8().toHex());
@@ -46,7 +46,7 @@ SystemdPeer::SystemdPeer(const QString &busAddress, QString unitDir)
 
 SystemdPeer::~SystemdPeer()
 {
-    // The connection does not notice by itself that such an object goes.
+    // The connection does not notice the deletion of a virtual object.
     QDBusConnection(connectionName).unregisterObject(managerPath, QDBusConnection::UnregisterTree);
     m_thread.quit();
     m_thread.wait();
@@ -88,7 +88,8 @@ QDBusMessage SystemdPeer::answer(const QDBusMessage &message)
     const QString method = message.member();
     if (method == QLatin1String("Subscribe") || method == QLatin1String("Reload"))
         return message.createReply();
-    const QString name = message.arguments().value(0).toStringList().value(0); // also of a single text
+    const QString name
+        = message.arguments().value(0).toStringList().value(0); // works for a single string too
     if (!load(name))
         return message.createErrorReply(QStringLiteral("org.freedesktop.systemd1.NoSuchUnit"),
                                         QStringLiteral("Unit %1 not found.").arg(name));
@@ -96,7 +97,7 @@ QDBusMessage SystemdPeer::answer(const QDBusMessage &message)
         return message.createReply(QVariant::fromValue(QDBusObjectPath(unitPath(name))));
     if (method == QLatin1String("GetUnitFileState"))
         return message.createReply(QStringLiteral("disabled"));
-    // The list of changes is of no interest to anybody who asks here.
+    // No caller reads the list of changes.
     if (method == QLatin1String("EnableUnitFiles"))
         return message.createReply(true);
     if (method == QLatin1String("DisableUnitFiles") || method == QLatin1String("ResetFailedUnit"))
@@ -112,7 +113,7 @@ QDBusMessage SystemdPeer::doJob(const QDBusMessage &message, const QString &name
         Unit &unit = m_units[name];
         setState(name, isStop ? QStringLiteral("inactive") : QStringLiteral("active"));
         unit.startNumber += isStop ? 0 : 1;
-        // Others have jobs too.
+        // A signal about a job of somebody else must be ignored.
         sendJobRemoved(0, QStringLiteral("other.service"), QStringLiteral("canceled"));
         sendJobRemoved(job, name, QStringLiteral("done"));
     });

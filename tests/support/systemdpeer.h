@@ -8,8 +8,8 @@
 #include <QThread>
 
 /**
- * Plays the service manager on a bus, in a thread of its own, where the real one cannot be: for units that are files of
- * one folder or are told to it, and all of whose jobs are done.
+ * Plays the service manager on a bus, in a thread of its own, where the real one cannot run. Its units are the files of
+ * one folder and the units of setUnit(). All jobs succeed.
  */
 class SystemdPeer : public QDBusVirtualObject
 {

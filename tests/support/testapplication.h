@@ -10,7 +10,7 @@ void veltTsanAfterDelivery();
 }
 #endif
 
-/** The application object of a test. Under the thread sanitizer it tells of events that carry data between threads. */
+/** The application object of a test. It tells the thread sanitizer about events that carry data between threads. */
 template <typename Application>
 class TestApplication : public Application
 {

@@ -10,7 +10,7 @@
 #include <QStandardPaths>
 
 TestEnvironment::TestEnvironment()
-    // Short, because gpg-agent's socket path has a limit.
+    // Short, because the path of gpg-agent's socket has a limited length.
     : m_home("/tmp/vtXXXXXX"_s)
 {
     const QByteArray home = m_home.path().toLocal8Bit();
@@ -20,9 +20,9 @@ TestEnvironment::TestEnvironment()
     qputenv("XDG_DATA_HOME", home + "/.local/share");
     qputenv("XDG_RUNTIME_DIR", home + "/run");
     qputenv("GNUPGHOME", home + "/gnupg");
-    // What a test looks for among temporary files must not be another program's.
+    // A test that looks for temporary files must not find files of other programs.
     qputenv("TMPDIR", home + "/tmp");
-    // Nor may a test ask this machine's services for anything: there is no bus but one that was named on purpose.
+    // A test must not call services of this machine, so there is no bus unless a test names one.
     if (qEnvironmentVariableIsEmpty("DBUS_SYSTEM_BUS_ADDRESS"))
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=" + home + "/bus");
     for (const char *folder : {"/.config", "/.cache", "/run", "/gnupg", "/tmp"}) {
@@ -34,7 +34,7 @@ TestEnvironment::TestEnvironment()
 
 TestEnvironment::~TestEnvironment()
 {
-    // An agent that gpg started for this GNUPGHOME would outlive us.
+    // Ends the agent that gpg started for this GNUPGHOME; it would outlive the test.
     if (haveTool("gpgconf"))
         QProcess::execute("gpgconf"_s, {"--kill"_s, "all"_s});
 }

@@ -7,8 +7,8 @@
 #include <QTemporaryDir>
 
 /**
- * A home of its own for one test program: HOME, the XDG folders and GNUPGHOME lie in a temporary folder, so that no
- * test reads or writes anything of the user. Make it before the application object.
+ * A private home for one test program. HOME, the XDG folders and GNUPGHOME are in a temporary folder, so that no test
+ * reads or writes files of the user. Create it before the application object.
  */
 class TestEnvironment
 {
@@ -22,17 +22,17 @@ private:
     QTemporaryDir m_home;
 };
 
-/** True when `program` is on PATH; otherwise a test skips, or fails when REQUIRE_REAL_TOOLS is set. */
+/** True when `program` is on PATH. If not, a test is skipped, or fails when REQUIRE_REAL_TOOLS is set. */
 bool haveTool(const char *program);
 
-/** Writes `text` to `path`, making missing folders; fails the program when that is impossible. */
+/** Writes `text` to `path` and creates missing folders. A failure ends the test program. */
 void writeFile(const QString &path, const QByteArray &text);
 QByteArray readFile(const QString &path);
-/** Writes an executable script, for example a recording or failing stand-in for a tool. */
+/** Writes an executable script, for example a stand-in for a tool that records its calls or fails. */
 void writeScript(const QString &path, const QByteArray &text);
-/** What a bash script printed; fails the program when one of its commands fails. */
+/** The output of a bash script. When one of its commands fails, the test program ends. */
 QString runShell(const QString &script, const QString &folder = {});
-/** Incompressible, and the same each time. */
+/** Bytes that cannot be compressed and are the same each time. */
 QByteArray noise(int size);
 
 #define VELT_NEED_TOOL(name)                                                                                 \
@@ -44,7 +44,7 @@ QByteArray noise(int size);
         }                                                                                                    \
     } while (false)
 
-/** The main function of a test program whose class is `TestClass` and whose application is `Application`. */
+/** The main function of a test program with the class `TestClass` and the application `Application`. */
 #define VELT_TEST_MAIN(TestClass, Application)                                                               \
     int main(int argc, char *argv[])                                                                         \
     {                                                                                                        \

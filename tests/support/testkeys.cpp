@@ -41,7 +41,7 @@ QString TestKeys::makeExpired(const QString &userId)
 QString TestKeys::makeRevoked(const QString &userId)
 {
     QString key = make(userId);
-    // A colon keeps the prepared certificate from being imported by mistake.
+    // gpg puts a colon into the certificate, so that nobody imports it by mistake.
     const QString file = qEnvironmentVariable("GNUPGHOME") + "/openpgp-revocs.d/"_s + key + ".rev"_s;
     gpg({"--import"_s}, readFile(file).replace("\n:---", "\n---"));
     return key;

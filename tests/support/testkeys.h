@@ -4,21 +4,23 @@
 #include <QString>
 #include <QStringList>
 
-/** Makes keys in the test's own key ring. */
+/** Creates keys in the test's own key ring. */
 namespace TestKeys
 {
-/** What gpg printed; fails the program when it failed. */
+/** The output of gpg. When gpg fails, the test program ends. */
 QString gpg(const QStringList &arguments, const QByteArray &input = {});
-/** Makes a key and returns its fingerprint. `expire` is gpg's, for example "10d"; `options` go before the command. */
+/**
+ * Creates a key and returns its fingerprint. `expire` is in gpg's form, such as "10d"; `options` precede the command.
+ */
 QString make(const QString &userId,
              const QString &usage = QStringLiteral("sign"),
              const QString &expire = QStringLiteral("never"),
              const QString &passphrase = QString(),
              const QStringList &options = {});
-/** A key whose time is over. */
+/** An expired key. */
 QString makeExpired(const QString &userId);
 QString makeRevoked(const QString &userId);
-/** The text that lists show for a key. */
+/** The text of a key in lists. */
 QString text(const QString &userId, const QString &fingerprint);
 /** Whether debsig-verify(1) accepts the package as signed with this key. */
 bool verifies(const QString &package, const QString &fingerprint);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Qt's libraries are not built with the thread sanitizer, so it does not see what their mutexes, posted events and
-// futures order. These functions stand in front of Qt's own and tell it; without them every program alarms.
+// Qt's libraries are not built with the thread sanitizer, so it does not see the synchronisation by Qt's mutexes,
+// posted events and futures. These functions replace Qt's own ones and report it. Without them every program has false
+// alarms.
 #include <dlfcn.h>
 
 extern "C" {
@@ -42,8 +43,8 @@ SHIM_UNLOCK(_ZN6QMutex6unlockEv)
 SHIM_LOCK(_ZN11QBasicMutex12lockInternalEv)
 SHIM_UNLOCK(_ZN11QBasicMutex14unlockInternalEv)
 
-// Posting happens inside the library, out of our sight: what is ordered is the emission, or the queued call, before
-// every delivery that follows it.
+// Posting happens inside the library. Therefore every emission and every queued call is ordered before all later
+// deliveries.
 SHIM void veltTsanBeforeDelivery()
 {
     __tsan_acquire(&posted);
@@ -54,8 +55,8 @@ SHIM void veltTsanAfterDelivery()
     __tsan_release(&delivered);
 }
 
-// QMetaObject::activate(QObject*, const QMetaObject*, int, void**): a blocking queued emission returns after its
-// slot has run in the other thread.
+// QMetaObject::activate(QObject*, const QMetaObject*, int, void**): a blocking queued emission returns after its slot
+// has run in the other thread.
 SHIM void
 _ZN11QMetaObject8activateEP7QObjectPKS_iPPv(void *sender, const void *meta, int signal, void **arguments)
 {
@@ -74,12 +75,12 @@ SHIM bool _ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectB
         "_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectBaseEN2Qt14ConnectionTypeEPv");
     __tsan_release(&posted);
     const bool invoked = function(object, slot, type, result);
-    // Of a blocking call the caller sees what was done in the other thread.
+    // After a blocking call, the caller sees all that was done in the other thread.
     __tsan_acquire(&delivered);
     return invoked;
 }
 
-// QThreadPool::start(QRunnable*, int), and QFutureInterfaceBase::isCanceled(), which a concurrent run asks first.
+// QThreadPool::start(QRunnable*, int), and QFutureInterfaceBase::isCanceled(), which a concurrent run calls first.
 SHIM void _ZN11QThreadPool5startEP9QRunnablei(void *pool, void *runnable, int priority)
 {
     static const auto function = real<void (*)(void *, void *, int)>("_ZN11QThreadPool5startEP9QRunnablei");
@@ -94,7 +95,7 @@ SHIM bool _ZNK20QFutureInterfaceBase10isCanceledEv(const void *future)
     return function(future);
 }
 
-// QFutureInterfaceBase::reportFinished(), waitForFinished(), waitForResult(int); the shared state is the second word.
+// QFutureInterfaceBase::reportFinished(), waitForFinished(), waitForResult(int). The shared state is the second word.
 SHIM void _ZN20QFutureInterfaceBase14reportFinishedEv(void *future)
 {
     static const auto function = real<void (*)(void *)>("_ZN20QFutureInterfaceBase14reportFinishedEv");
