@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the tests of faults kill: carries out one job of the engine on a repository, or saves settings for ever. It
-// prints "begun" when the job begins, and "done" when it has ended.
+// The program that the fault tests kill. It runs one job of the engine on a repository, or saves settings in an endless
+// loop. It prints "begun" when the job begins, and "done" when it has ended.
 #include "engine/reposhell.h"
 #include "files/settingsformat.h"
 #include "savedstate.h"
@@ -21,7 +21,7 @@ void say(const QString &word)
     std::fflush(stdout);
 }
 
-/** From now on the disk is full, when that was asked for. */
+/** Simulates a full disk from now on, if the environment asks for it. */
 void limitFiles()
 {
     static std::optional<FullDisk> disk;

@@ -13,7 +13,7 @@
 
 namespace
 {
-/** What the programs under test are run from; it may lie below a folder that gets covered. */
+/** The folders from which the programs under test run. They may be below a folder that is covered by a mount. */
 struct Tree
 {
     const char *path;

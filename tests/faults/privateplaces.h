@@ -2,11 +2,11 @@
 #pragma once
 
 /**
- * Gives this program and its children a /tmp, /var/tmp, /dev/shm, /srv and /etc of their own, where it may (it needs
- * root): what they leave there goes with them, and nobody else's programs meet what is broken on purpose.
+ * Gives this program and its children private instances of /tmp, /var/tmp, /dev/shm, /srv and /etc. It needs root.
+ * Files in them are deleted at the end, and other programs do not meet things that are broken on purpose.
  */
 namespace PrivatePlaces
 {
-/** To be called before there are threads; false when it is not allowed. */
+/** Call it before any thread starts. False when it is not permitted. */
 bool enter();
 } // namespace PrivatePlaces

@@ -81,7 +81,7 @@ QStringList RepoState::names() const
 QString RepoState::faultsWithin(EngineHarness &engine)
 {
     QString faults;
-    // What was broken off while it was written, and how the job was undone, is told and no fault.
+    // Messages about an interrupted write or an undone job are expected.
     if (!engine.criticals
              .filter(
                  QRegularExpression("^(?!.*(put back as it was before|interrupted and has been undone))"_s))

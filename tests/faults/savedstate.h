@@ -11,8 +11,8 @@
 #include <QSettings>
 
 /**
- * Settings and results of dependency checks in which everything tells the number of the save that wrote it, so that
- * what a killed save has left can be told to be of one piece.
+ * Settings and dependency results that contain the number of their save everywhere. So a test can see whether the files
+ * after a killed save come from one save.
  */
 namespace SavedState
 {
@@ -61,7 +61,7 @@ inline void save(int number)
     DependsData(DependsData::userFileName(), RepoPath).savePackages(results(number));
 }
 
-/** The number of the save that the settings are of; -1 when they are of several or cannot be read. */
+/** The number of the save that wrote the settings; -1 when they are mixed or cannot be read. */
 inline int settingsNumber()
 {
     const QSettings settings;
@@ -74,7 +74,7 @@ inline int settingsNumber()
     return whole ? number.toInt() : -1;
 }
 
-/** The same of the results of the checks. */
+/** The same for the dependency results. */
 inline int resultsNumber()
 {
     int number = -1;

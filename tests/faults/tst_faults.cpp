@@ -29,28 +29,28 @@ namespace
 {
 constexpr int Minute = 60000; // milliseconds
 
-/** What happens to a program in the middle of its work. */
+/** Ways to interrupt a program. */
 enum class Fault {
-    Killed, ///< alone: what it has started goes on
+    Killed, ///< only the program; its children continue
     KilledWithChildren,
     ChildKilled,
     DiskFull,
-    DatabaseTorn, ///< killed with children, and a part of the database was never written
+    DatabaseTorn, ///< killed with its children, and a part of the database was not written
     Count
 };
 
-/** A job with all that is needed to start it and to judge what it has left. */
+/** A job, with all data to start it and to check its result. */
 struct Job
 {
     QString name;
     QStringList arguments;
-    QByteArray child = "reprepro"; ///< name of the program that it works with
+    QByteArray child = "reprepro"; ///< name of the program that it runs
     Request request = {};
     QString archive = {}; ///< path of the archive that it writes
-    int largestFile = 0; ///< bytes that it has to write into one file
+    int largestFile = 0; ///< bytes of the largest file that it writes
 };
 
-/** All files below the folders with their contents. */
+/** All files below the folders, with their contents. */
 QMap<QString, QByteArray> contentsOf(const QStringList &folders)
 {
     QMap<QString, QByteArray> contents;
@@ -65,7 +65,7 @@ QMap<QString, QByteArray> contentsOf(const QStringList &folders)
 }
 } // namespace
 
-/** Programs that die in the middle of their work, and what is found when they are started again. */
+/** Kills programs during their work, and checks the state that the next start finds. */
 class FaultsTest : public QObject
 {
     Q_OBJECT
@@ -82,15 +82,14 @@ private:
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_base; ///< a repository to copy
     QStringList m_new; ///< packages that it does not have
-    QStringList m_other; ///< others of packages that it has
+    QStringList m_other; ///< other versions or files of packages that it has
 
-    bool m_isCramped
-        = false; ///< the repository lies on a small disk, with no room for a copy of its database
+    bool m_isCramped = false; ///< the repository is on a small disk without space for a copy of its database
 
     QString repoPath() const { return m_folder->filePath(m_isCramped ? "small/repo"_s : "repo"_s); }
     QString archivePath() const { return m_folder->filePath("target/a.tgz"_s); }
 
-    /** Fresh copies of the repository and of the folder for archives. */
+    /** Makes fresh copies of the repository and of the folder for archives. */
     RepoState prepare(bool withArchive) const
     {
         runShell("rm -rf repo target; cp -a base repo; mkdir target"_s, m_folder->path());
@@ -113,14 +112,14 @@ private:
         return runShell("tar tzf '%1' | sort"_s.arg(archive), m_folder->path());
     }
 
-    /** What a start of the program sweeps away. */
+    /** The cleanup at a start of the program. */
     static void sweep()
     {
         ScratchFolder::removeLeftovers();
         ArchiveUtils::removeLeftover();
     }
 
-    /** What a start of the program a while later leaves of the saves of a file is the file alone. */
+    /** Whether a later start of the program deletes all temporary files of a save, and nothing else. */
     static bool isSwept(const QString &saved)
     {
         const QDir folder = QFileInfo(saved).dir();
@@ -138,7 +137,7 @@ private:
                    && fine;
         }
         SaveLeftovers::remove(saved);
-        // Where the random letters look like a word, they may stay.
+        // A suffix of random letters that looks like a word may stay.
         const QRegularExpression unfinished("\\.(?![A-Z]?[a-z]+$|[A-Z]+$)[A-Za-z]{6}$"_s);
         return fine && QFile::remove(broken)
                && folder.entryList({pattern}, QDir::Files | QDir::Hidden).filter(unfinished).isEmpty();
@@ -162,7 +161,7 @@ private:
         return left.isEmpty() ? QString() : "left behind: %1\n"_s.arg(left.join(QLatin1Char(' ')));
     }
 
-    /** Opens the repository as the next start does and says what is wrong with it. */
+    /** Opens the repository as the next start does, and describes what is wrong with it. */
     QString reopenedFaults(const RepoState &before, const Request &request) const
     {
         sweep();
@@ -170,14 +169,14 @@ private:
         engine.reply = true;
         if (engine.open(repoPath()) != RepoEnums::SUCCESS)
             return "it does not open: %1 %2\n"_s.arg(engine.trouble(), engine.lastMessage());
-        // What the program asks before the next change, and is told to do.
+        // The program asks this before the next change; here the answer is yes.
         if (RepoLock::state(repoPath()) == RepoLock::State::Stale)
             RepoLock::remove(repoPath());
         return RepoState::faultsWithin(engine) + RepoState::read(repoPath()).faultsAfter(before, request)
                + leftovers();
     }
 
-    /** What a job has begun to write ends here; one that has not begun, or has ended, is left alone. */
+    /** Truncates the database as if a write of the job was incomplete. Only between begin and end of a job. */
     void tearDatabase(int size) const
     {
         const QString database = repoPath() + "/db/packages.db"_s;
@@ -185,7 +184,7 @@ private:
             QVERIFY(QFile::resize(database, size));
     }
 
-    /** One job, at first undisturbed, and then cut short in each round; at last it is done again to its end. */
+    /** Runs a job undisturbed at first, then interrupts it in each round and runs it again to its end. */
     void cutShort(const Job &job)
     {
         const RepoState before = prepare(false);
@@ -205,7 +204,7 @@ private:
         for (int round = 0; round < m_rounds; ++round) {
             const auto fault = static_cast<Fault>(m_random.bounded(static_cast<int>(Fault::Count)));
             const int moment = m_random.bounded(length + length / 10 + 1);
-            // Half of them let the database be copied, and then not grow by much.
+            // In half of the rounds the database can be copied, but cannot grow much afterwards.
             const int database = static_cast<int>(QFileInfo(m_base + "/db/packages.db"_s).size());
             const int size = m_random.bounded(2) == 0 ? database + m_random.bounded(12000)
                                                       : m_random.bounded(4096, job.largestFile);
@@ -265,7 +264,7 @@ private Q_SLOTS:
                 qFatal("%s is not installed", tool);
         bool isSet = false;
         const uint given = qEnvironmentVariable("FAULTS_SEED").toUInt(&isSet);
-        // A suite that everybody runs has to say the same each time; long runs look for what is not known yet.
+        // The short run uses a fixed seed, so its result is always the same. Long runs look for unknown faults.
         const bool isLong = qEnvironmentVariableIsSet("FAULTS_ROUNDS");
         const quint32 chosen = isLong ? QRandomGenerator::global()->generate() : 1;
         const quint32 seed = isSet ? given : chosen;
@@ -293,7 +292,7 @@ private Q_SLOTS:
         for (const char *name : {"three", "each", "large"})
             m_new += package(name, "1.0", qstrcmp(name, "large") == 0 ? 900000 : 20000, 'b').build(folder);
         m_other += package("one", "2.0", 20000, 'c').build(folder);
-        // Of the same names as what lies in the pool, but with other contents.
+        // These have the names of files in the pool, but other contents.
         for (const char *name : {"every", "side", "big"})
             m_other += package(name, "1.0", 30000, 'd').build(folder + "/other"_s);
         runShell("cp -a '%1' base; tar czf packages.tgz *.deb other"_s.arg(h.repoPath()), folder);
@@ -308,7 +307,7 @@ private Q_SLOTS:
         cutShort(job);
     }
 
-    /** Of many files most go in together. */
+    /** With many files, most are added in one run of reprepro. */
     void addingMany()
     {
         QStringList files;
@@ -338,7 +337,7 @@ private Q_SLOTS:
         cutShort(job);
     }
 
-    /** The copy of the database lies elsewhere: on another disk, or in memory where there is none. */
+    /** The copy of the database is on another disk, or in memory when there is no other disk. */
     void removingFromFullDisk()
     {
         if (!m_private)
@@ -347,7 +346,7 @@ private Q_SLOTS:
         runShell(
             "mkdir small; mount -t tmpfs -o size=8m tmpfs small; mkdir small/other; chmod 1777 small/other"_s,
             m_folder->path());
-        // Its database has grown far beyond what its packages need.
+        // Its database has grown far beyond the needs of its packages.
         const QString fat = DebBuilder("fat"_s)
                                 .field("Notes"_s, QString(800000, QLatin1Char('n')))
                                 .build(m_folder->filePath("fat"_s));
@@ -371,7 +370,7 @@ private Q_SLOTS:
         cutShort(job);
     }
 
-    /** The packages of a component that the description has no longer go with it. */
+    /** The packages of a component are deleted when the new description lacks it. */
     void changing()
     {
         Job job{"change"_s, {"main"_s}};
@@ -380,7 +379,7 @@ private Q_SLOTS:
         cutShort(job);
     }
 
-    /** The packages go over to another code name, and those for all architectures to a new one too. */
+    /** The packages get another code name. Those for all architectures are added to a new architecture too. */
     void renaming()
     {
         Job job{"change"_s, {"main contrib"_s, "aspen"_s, "amd64 i386 arm64"_s}};
@@ -389,7 +388,7 @@ private Q_SLOTS:
         cutShort(job);
     }
 
-    /** To another file system a repository is copied, and is whole in one of the places at every moment. */
+    /** A repository is copied to another file system. At every moment it is whole in one of the places. */
     void moving()
     {
         if (!m_private)
@@ -474,9 +473,9 @@ private Q_SLOTS:
                           isFull ? m_random.bounded(512, m_random.bounded(2) == 0 ? 6000 : 100000) : 0);
             victim.endsWithin(moment);
             victim.kill(true);
-            // A number that was said is that of a save that had ended.
+            // The probe prints a number only after the save has ended.
             const QStringList said = victim.words().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-            // On a full disk a save fails as a whole, and the probe goes on.
+            // On a full disk a save fails as a whole, and the probe continues.
             const int first = last;
             last = qMax(last, said.last().toInt());
             const int settings = SavedState::settingsNumber();
@@ -492,7 +491,7 @@ private Q_SLOTS:
                      qPrintable(situation));
             QVERIFY2(results >= (isFull ? first : last) && results <= last + 1, qPrintable(situation));
             last = settings;
-            SavedState::save(last); // with what a killed save has left beside
+            SavedState::save(last); // while files of a killed save still exist
             QCOMPARE(SavedState::settingsNumber(), last);
         }
     }
@@ -550,7 +549,7 @@ private Q_SLOTS:
         const QString line = "deb http://10.0.0.1:8000/ dogwood main"_s;
         runShell("rm -rf /etc/systemd/system/* /etc/apt/sources.list.d/* /srv/repo; cp -a base /srv/repo"_s,
                  m_folder->path());
-        // The helper looks for its template beside the folder that it lies in.
+        // The helper looks for its template relative to its own folder.
         runShell("mkdir -p bin share/velt-admin-repo; cp '%1' bin; cp '%2' share/velt-admin-repo"_s.arg(
                      QStringLiteral(VELT_HELPER), QStringLiteral(UNIT_TEMPLATE)),
                  m_folder->path());
@@ -582,7 +581,7 @@ private Q_SLOTS:
             const auto &[method, arguments] = requests.at(next++ % requests.size());
             const auto old = state();
             const int moment = m_random.bounded(2) == 0 ? m_random.bounded(20) : m_random.bounded(1200);
-            // A signal that comes from the very write.
+            // With a small limit, a signal ends the helper within a write.
             const int size = m_random.bounded(3) == 0 ? m_random.bounded(1, 700) : 1 << 20;
             {
                 Victim helper("prlimit"_s, {"--fsize="_s + QString::number(size), program}, 0, false);

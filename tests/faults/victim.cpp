@@ -34,7 +34,7 @@ QVector<Process> processes()
         QFile file("/proc/%1/stat"_s.arg(id));
         if (!file.open(QIODevice::ReadOnly))
             continue;
-        // The name stands in brackets and can hold anything.
+        // The name is in parentheses and can contain any characters.
         const QByteArray stat = file.readAll();
         const int end = stat.lastIndexOf(')');
         const int begin = stat.indexOf('(') + 1;
@@ -132,7 +132,7 @@ void Victim::waitForOrphans()
         if (process.parent == ::getpid() && process.name == "reprepro")
             ::waitpid(process.id, nullptr, 0);
     }
-    // What is left of others has been killed, or is a mount that works.
+    // All other remaining processes were killed, or are mounts that work.
     QElapsedTimer time;
     time.start();
     QByteArray left;

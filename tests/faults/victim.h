@@ -7,28 +7,30 @@
 
 #include <sys/types.h>
 
-/** A program that is going to be killed, with those that it has started. */
+/** A program that will be killed, together with the programs that it has started. */
 class Victim
 {
 public:
-    /** Makes this process the parent of all whose own has died, so that they can be waited for. */
+    /** Makes this process the new parent of orphaned processes, so that it can wait for their end. */
     static void adoptOrphans();
 
-    /** Starts it and waits until it says "begun", if it is to. */
+    /** Starts the program. With `says` it waits until the program prints "begun". */
     Victim(const QString &program, const QStringList &arguments, int fileSize = 0, bool says = true);
     ~Victim();
     Q_DISABLE_COPY(Victim)
 
-    /** True when it has ended by itself in this time, in milliseconds. */
+    /** Whether the program has ended by itself within this time, in milliseconds. */
     bool endsWithin(int time);
-    /** Kills it; those that it has started too, or they live on. */
+    /**
+     * Kills the program. With `withChildren` it also kills the programs that it has started; otherwise they continue.
+     */
     void kill(bool withChildren);
-    /** Kills one that it has started and that has this name; false when there was none until it ended. */
+    /** Kills a child with this name; false when the program ended without such a child. */
     bool killChild(const QByteArray &name);
     void terminate() { m_process.terminate(); }
-    /** Waits until nobody of those that it had started is left but mounts. */
+    /** Waits until all programs that it has started have ended, except mounts. */
     void waitForOrphans();
-    /** What it has printed, once it has ended. */
+    /** The output of the program, after its end. */
     QString words();
     QByteArray nextLine();
 
