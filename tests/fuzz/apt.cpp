@@ -73,7 +73,7 @@ void FuzzTarget::apt(std::string_view input)
     const QString prefix = text.section(QLatin1Char('\n'), 0, 0).left(8);
     for (const QString &name : AptOutput::searchedNames(text, prefix))
         FUZZ_RULE(name.startsWith(prefix) && !Fuzzing::breaksLine(name));
-    // What reaches a shell or a command line must not be more than one plain word.
+    // A text that reaches a shell or a command line must be one plain word.
     if (AptCommands::isSearchPrefix(text) || AptCommands::isPackageName(text)
         || AptCommands::isArchitecture(text)) {
         FUZZ_RULE(isWord(text) && !text.startsWith(QLatin1Char('-')));

@@ -13,7 +13,7 @@
 
 namespace
 {
-/** Writes the right sum into each block that is marked as a header, since no mutation would ever hit it. */
+/** Writes the correct checksum into each block with the mark of a header, because no mutation would find it. */
 QByteArray withRightSums(QByteArray archive)
 {
     constexpr int SumOffset = 148;
@@ -38,7 +38,7 @@ struct Extracted
     QStringList contents;
 };
 
-/** Extracts and looks at what came of it: nothing but packages, and these where they belong. */
+/** Extracts the archive and checks the files: only packages, and all of them inside the folder. */
 Extracted extract(const Fuzzing::MemoryFile &file, int largest)
 {
     const QTemporaryDir scratch(QStringLiteral("/dev/shm/velt-fuzz-XXXXXX"));
@@ -93,7 +93,7 @@ void FuzzTarget::archive(std::string_view input)
         FUZZ_RULE(header.size >= 0);
 
     if (given.startsWith("\x1f\x8b"))
-        return; // compressed twice it would be something else
+        return; // compressing it again would give another input
     const QByteArray tar = withRightSums(given);
     const Extracted plain = extract(Fuzzing::MemoryFile(tar), tar.size());
     const Fuzzing::MemoryFile compressed{QByteArray()};
@@ -101,7 +101,7 @@ void FuzzTarget::archive(std::string_view input)
     FUZZ_RULE(gzwrite(gzip, tar.constData(), static_cast<unsigned>(tar.size())) == tar.size());
     FUZZ_RULE(gzclose(gzip) == Z_OK);
     const Extracted packed = extract(compressed, tar.size());
-    // Whether it is compressed makes no difference, except that what is compressed and no tar was meant for one.
+    // Compression must make no difference. Only a compressed input that is no tar archive may give another error.
     if (plain.result == PackageExtractor::Result::Done) {
         FUZZ_RULE(packed.result == plain.result);
         FUZZ_EQUAL(packed.contents.join(QLatin1Char('\n')), plain.contents.join(QLatin1Char('\n')));

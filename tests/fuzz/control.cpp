@@ -15,7 +15,7 @@ void checkPackage(const PackageInfo &package)
          {package.name, package.version, package.architecture, package.component, package.section})
         FUZZ_RULE(!Fuzzing::breaksLine(value));
     FUZZ_RULE(!package.component.isEmpty() && !package.section.isEmpty());
-    // What was decided by and what is shown later come from two readers.
+    // The decoded values and the values in the control text come from two parsers.
     FUZZ_EQUAL(package.control.field("Package").trimmed(), package.name);
     FUZZ_EQUAL(package.control.field("Version").trimmed(), package.version);
     FUZZ_EQUAL(package.control.field("Architecture").trimmed(), package.architecture);
@@ -33,7 +33,7 @@ void FuzzTarget::control(std::string_view input)
         return;
     checkPackage(*package);
 
-    // Put back as dpkg prints it, the paragraph is read in the same way.
+    // In the form of dpkg's output, the paragraph must be parsed in the same way.
     QString printed
         = QStringLiteral(" new Debian package, version 2.0.\n size 1 bytes: control archive=1 bytes.\n");
     const QStringList lines = paragraph.split(QLatin1Char('\n'));

@@ -31,7 +31,7 @@ void FuzzTarget::deb(std::string_view input)
         return;
     FUZZ_RULE(bytes.contains("data.tar"));
 
-    // A member of one byte behind it, and the same with its byte missing.
+    // Another member of one byte is appended, and then the same member without its byte.
     const QByteArray header = QByteArray("_x").leftJustified(48) + QByteArray("1").leftJustified(10) + "`\n";
     const QByteArray even = bytes + QByteArray(bytes.size() % 2, '\n') + header;
     const auto more = stateOf(even + 'x');

@@ -10,10 +10,10 @@ namespace
 {
 const QString Architecture = QStringLiteral("amd64");
 
-/** The expressions go back again and again; longer fields would take them minutes. */
+/** The expressions backtrack so much that longer fields would take minutes. */
 constexpr int LongestForExpressions = 400;
 
-/** One alternative as the expressions define it, and how dpkg cuts a name. */
+/** One alternative as the expressions define it, and with the end of the name as in dpkg. */
 Dependency defined(const QString &text)
 {
     Dependency dependency;
@@ -54,7 +54,7 @@ QString description(const Dependency &dependency)
         QLatin1Char('\t'));
 }
 
-/** What the program shows and stores says the same when it is read again. */
+/** The displayed and stored text of an entry must give the same text when it is parsed again. */
 void checkRoundTrip(const QVector<DependencyGroup> &entries, DependsParser *parser)
 {
     for (const DependencyGroup &entry : entries) {
@@ -91,7 +91,7 @@ void FuzzTarget::depends(std::string_view input)
     const QStringList simple = PackageField::dependsEntries(text);
     FUZZ_RULE(simple.join(QString()).size() <= text.size());
 
-    // Bytes that are no UTF-8 are cut elsewhere by one than by the other.
+    // The two parsers split bytes that are not valid UTF-8 at different places.
     if (field.size() > LongestForExpressions || text.toUtf8() != field
         || text.contains(QChar(QChar::ByteOrderMark)) || text.contains(QLatin1Char('\n')))
         return;

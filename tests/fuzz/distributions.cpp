@@ -15,7 +15,7 @@ void FuzzTarget::distributions(std::string_view input)
          {info.codename, info.suite, info.version, info.architectures, info.components})
         FUZZ_RULE(!Fuzzing::breaksLine(value) && value == value.trimmed());
 
-    // What is written is one distribution, says the same and is rewritten without loss.
+    // The written text has one distribution, is parsed to the same values, and is rewritten without loss.
     const QString written = Distributions::text(info);
     FUZZ_RULE(Distributions::parse(written, name) == info);
     FUZZ_EQUAL(Distributions::text(Distributions::parse(written, name)), written);

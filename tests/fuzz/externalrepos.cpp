@@ -17,7 +17,7 @@ void checkSource(const QString &source)
     const QString normalised = ExternalRepos::normalised(source);
     if (!ExternalRepos::refusal(source).isEmpty())
         return;
-    // It becomes a line of a file that apt reads as a whole or not at all.
+    // The source becomes a line of a file. One invalid line makes apt reject the whole file.
     FUZZ_RULE(normalised == normalised.simplified());
     FUZZ_EQUAL(ExternalRepos::normalised(normalised), normalised);
     FUZZ_EQUAL(ExternalRepos::refusal(normalised), QString());
@@ -25,7 +25,7 @@ void checkSource(const QString &source)
         FUZZ_RULE(!normalised.contains(special));
 }
 
-/** What is stored comes back as it was; a name of the user's is kept in its visible form. */
+/** A stored list must be loaded unchanged; an alias is stored in its visible form. */
 void checkStorage(const ExternalRepos &repos)
 {
     const QString file = QStringLiteral("/dev/shm/velt-fuzz-%1.conf").arg(::getpid());
@@ -59,11 +59,11 @@ void FuzzTarget::externalrepos(std::string_view input)
     options.addStanzas(text);
     ExternalRepos repos;
     const QStringList lines = text.split(QLatin1Char('\n'));
-    // Adding looks for the source among those that are there.
+    // Limited, because adding a source searches the whole list.
     constexpr int Most = 20;
     for (const QString &line : lines.mid(0, Most)) {
         checkSource(line);
-        // A tab divides a source from a name for it.
+        // A tab separates a source from its alias.
         const QString source = line.section(QLatin1Char('\t'), 0, 0);
         if (!Fuzzing::breaksLine(source))
             FUZZ_RULE(!Fuzzing::breaksLine(options.completed(source)));

@@ -8,10 +8,10 @@
 #include <string>
 #include <string_view>
 
-/** What the targets have in common: how an input is read, and how a rule that does not hold is told. */
+/** Common functions of the targets: how an input is expanded, and how a broken rule is reported. */
 namespace Fuzzing
 {
-/** A rule did not hold for an input. Nobody catches it while fuzzing, which ends the program and keeps the input. */
+/** A rule did not hold for an input. The fuzzer does not catch it, so the program ends and the input is kept. */
 class Broken : public std::runtime_error
 {
 public:
@@ -22,21 +22,21 @@ public:
 void requireEqual(
     const QString &actual, const QString &expected, const char *rule, const char *file, int line);
 
-/** Enough for what is quadratic to take many seconds. */
+/** Large enough that a quadratic algorithm takes many seconds. */
 inline int repeatedSize = 1 << 16;
 
 /**
- * The bytes that an input stands for. Where it holds the byte 1 twice, what stands between is repeated until there
- * are repeatedSize, with a running number in the place of the byte 2: so a short input shows what takes more than
- * linear time.
+ * The bytes that an input stands for. If it contains the byte 1 twice, the part between is repeated up to repeatedSize
+ * bytes, with a running number in place of the byte 2. So a short input can reveal an algorithm with more than linear
+ * time.
  */
 QByteArray expanded(std::string_view input);
 QString expandedText(std::string_view input);
 
-/** Whether the text would take more than one line in a file, for any program that reads it. */
+/** Whether any program would read the text as more than one line of a file. */
 bool breaksLine(const QString &text);
 
-/** A file that exists in memory alone and can be opened by its name. */
+/** A file that exists only in memory and can be opened by its name. */
 class MemoryFile
 {
 public:
@@ -59,6 +59,6 @@ private:
             Fuzzing::fail(#condition, __FILE__, __LINE__);                                                   \
     } while (false)
 
-/** As above for two texts that are to be equal. */
+/** The same for two texts that must be equal. */
 #define FUZZ_EQUAL(actual, expected)                                                                         \
     Fuzzing::requireEqual((actual), (expected), #actual " == " #expected, __FILE__, __LINE__)

@@ -15,7 +15,7 @@ QByteArray uncompressed(const QString &name, int expectedSize)
     FUZZ_RULE(file != nullptr && gzdirect(file) == 0);
     QByteArray result(expectedSize + 1, '\0');
     const int got = gzread(file, result.data(), static_cast<unsigned>(result.size()));
-    // Closing tells whether the checksum at the end is right.
+    // gzclose_r() reports whether the final checksum is correct.
     const int closed = gzclose_r(file);
     FUZZ_RULE(got == expectedSize && closed == Z_OK);
     result.truncate(got);
@@ -25,7 +25,7 @@ QByteArray uncompressed(const QString &name, int expectedSize)
 
 void FuzzTarget::gzip(std::string_view input)
 {
-    // A byte of three says what is done, and the others are written.
+    // The first byte of three selects an operation; the other two give the number of bytes to write.
     const Fuzzing::MemoryFile memory{QByteArray()};
     QFile target(memory.name());
     FUZZ_RULE(target.open(QIODevice::WriteOnly | QIODevice::Unbuffered));

@@ -17,7 +17,7 @@ void FuzzTarget::instance(std::string_view input)
         FUZZ_RULE(!message.contains(QChar::Null));
         sent += InstanceFrames::frame(message);
     }
-    // What was taken is what a start of the program would have sent, and no byte more.
+    // The taken messages must be exactly what an instance would have sent, without an additional byte.
     FUZZ_RULE(bytes.startsWith(sent));
     FUZZ_RULE(!taken.fault.isEmpty() || whole.pos() == sent.size());
     const QByteArray rest = bytes.mid(sent.size());
@@ -31,7 +31,7 @@ void FuzzTarget::instance(std::string_view input)
         FUZZ_RULE(claimed > InstanceFrames::LongestMessage
                   || rest.size() >= InstanceFrames::HeaderSize + claimed);
 
-    // Nothing else is understood when it comes in two pieces.
+    // The result must be the same when the bytes arrive in two pieces.
     QBuffer pieces;
     const int cut = input.empty() ? 0 : static_cast<uchar>(input.back()) % (bytes.size() + 1);
     FUZZ_RULE(pieces.open(QIODevice::ReadWrite));

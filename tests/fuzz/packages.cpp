@@ -9,7 +9,7 @@
 
 namespace
 {
-/** Control characters and marks of byte order are no text that the expressions were meant for. */
+/** The expressions are not made for control characters and byte order marks. */
 bool isText(const QByteArray &bytes, const QString &text)
 {
     return text.toUtf8() == bytes && std::none_of(text.cbegin(), text.cend(), [](QChar c) {
@@ -19,7 +19,7 @@ bool isText(const QByteArray &bytes, const QString &text)
            });
 }
 
-/** One record as the expressions define it, line by line. */
+/** One record as the expressions define it, read line by line. */
 struct DefinedRecord
 {
     explicit DefinedRecord(const QStringList &given)

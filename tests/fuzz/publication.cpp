@@ -24,7 +24,7 @@ void checkRead(const PublishedRepo &repo)
     FUZZ_RULE(!Fuzzing::breaksLine(repo.path) && repo.path == repo.path.trimmed());
 }
 
-/** What a service is given is what is read of its file, and nothing else stands in it. */
+/** The values in a unit file must be read back unchanged, and the file must contain nothing else. */
 void checkPath(const QString &path, int port, const QString &unitTemplate)
 {
     FUZZ_RULE(path.startsWith(QLatin1Char('/')) && !Fuzzing::breaksLine(path));
@@ -49,7 +49,7 @@ void checkPath(const QString &path, int port, const QString &unitTemplate)
     FUZZ_RULE(VsftpdConfig::isGuarded(QLatin1String("# more\n") + config, VsftpdConfig::guard(path)));
     FUZZ_RULE(!VsftpdConfig::isGuarded(config, VsftpdConfig::guard(path + QLatin1Char('x'))));
 
-    // The program's own line is one that the helper takes and that is read back as it was.
+    // The helper must accept the program's own line, and the line must be parsed to the same values.
     SourceLine line;
     line.trusted = port % 2 == 0;
     line.architectures = port % 3 == 0 ? QStringLiteral("amd64 i386") : QString();
@@ -90,7 +90,7 @@ void checkEntry(const QString &entry, const QString &file)
 
 void FuzzTarget::publication(std::string_view input)
 {
-    // The first line is what somebody asks for, the rest a file.
+    // The first line is the request, and the rest is a file.
     const QByteArray bytes = Fuzzing::expanded(input);
     const QString text = QString::fromUtf8(bytes);
     const QString first = text.section(QLatin1Char('\n'), 0, 0);

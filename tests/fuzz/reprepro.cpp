@@ -9,7 +9,7 @@
 
 namespace
 {
-/** The words that reprepro gets must be those that were meant, whatever they hold. */
+/** reprepro must get exactly the intended words, whatever characters they contain. */
 void checkWords(const QString &path, const QString &arguments, const QStringList &expected)
 {
     const QStringList words = QProcess::splitCommand(ReproCommand::commandLine(path, arguments));
@@ -31,7 +31,7 @@ void FuzzTarget::reprepro(std::string_view input)
                               ReproAnswer::nothingRemoved,
                               ReproAnswer::otherFileInPool})
         found += answer(text) ? 1 : 0;
-    // No text without words is an answer.
+    // A text without blanks cannot be an answer.
     FUZZ_RULE(found == 0 || text.contains(QLatin1Char(' ')));
 
     const QStringList lines = text.split(QLatin1Char('\n'));

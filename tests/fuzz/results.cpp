@@ -37,14 +37,14 @@ Outcome rewrite(QByteArray document, const DependsJson::Change &change, QByteArr
     return DependsJson::rewrite(&input, &output, change);
 }
 
-/** As the check would leave it. */
+/** The packages as a check would leave them. */
 QList<PackageInfoPtr> packagesOf(const StoredPackages &stored)
 {
     QList<PackageInfoPtr> packages;
     QStringList names = stored.keys();
     names.sort();
     for (const QString &name : qAsConst(names)) {
-        // What is checked last comes first.
+        // The package that is checked last comes first.
         const QVector<StoredDepends> &named = stored[name];
         for (auto entry = named.crbegin(); entry != named.crend(); ++entry) {
             PackageInfo package;
@@ -60,7 +60,7 @@ QList<PackageInfoPtr> packagesOf(const StoredPackages &stored)
     return packages;
 }
 
-/** All that is known, as it would be written. */
+/** All stored results, in the written form. */
 QString description(const StoredPackages &stored)
 {
     QBuffer output;
@@ -78,7 +78,7 @@ void FuzzTarget::results(std::string_view input)
     FUZZ_RULE(outcome != Outcome::Failed);
     const bool isKnown = hasMember(document, Repository);
     QByteArray written;
-    // What cannot be read must not be rewritten, and the other way round.
+    // A document that cannot be read must not be rewritten, and the other way round.
     FUZZ_RULE(rewrite(document, {Other, {}, {}}, &written) == outcome);
     if (outcome != Outcome::Done)
         return;

@@ -14,7 +14,7 @@ void FuzzTarget::signing(std::string_view input)
     QStringList shown;
     for (const SigningKey &key : keys) {
         FUZZ_RULE(!Fuzzing::breaksLine(key.fingerprint) && !key.fingerprint.contains(QLatin1Char(':')));
-        // Looking among all of them for each of many keys is for tests alone.
+        // Limited, because only tests look up so many keys.
         constexpr int Most = 100;
         if (key.fingerprint.isEmpty() || shown.size() >= Most)
             continue;
@@ -22,7 +22,7 @@ void FuzzTarget::signing(std::string_view input)
         FUZZ_RULE(found.state == SigningKey::Ambiguous || found.fingerprint == key.fingerprint);
         shown.append(QStringLiteral("A [B] <c> [%1]").arg(key.fingerprint.right(8)));
     }
-    // The texts of the key store come with other people's names in them.
+    // The texts of the key store contain names of other people.
     const QStringList lines = text.split(QLatin1Char('\n'));
     shown += lines.mid(0, 20);
     const QDateTime now = QDateTime::fromSecsSinceEpoch(1700000000);

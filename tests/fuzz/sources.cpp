@@ -18,7 +18,7 @@ void checkFile(const QString &text, const QString &line)
     FUZZ_EQUAL(LocalSources::removed(less, line), less);
     const QStringList lines = less.split(QLatin1Char('\n'));
     FUZZ_RULE(line.isEmpty() || !lines.contains(line));
-    // All other lines stay, in their order.
+    // All other lines stay in their order.
     QStringList kept = text.split(QLatin1Char('\n'));
     QStringList left = lines;
     kept.removeAll(line);
@@ -33,7 +33,7 @@ void checkFile(const QString &text, const QString &line)
 
 void FuzzTarget::sources(std::string_view input)
 {
-    // The first line is what is put in and taken out, the rest is the file.
+    // The first line is added and removed; the rest is the file.
     const QString given = Fuzzing::expandedText(input);
     const QString first = given.section(QLatin1Char('\n'), 0, 0);
     const QString text = given.section(QLatin1Char('\n'), 1);

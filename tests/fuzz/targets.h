@@ -4,13 +4,12 @@
 #include <string_view>
 
 /**
- * The readers of outside text, each with the rules that hold whatever it is given. A target throws Fuzzing::Broken when
- * one does not. Inputs are kept in corpus/, one folder for each target:
- * an index of packages, what dpkg -I prints, conf/distributions and conf/options, what goes into and comes out of
- * reprepro, what apt and apt-cache print, sources as users and files have them, a Depends field, two versions, the
- * stored results of dependency checks, a tar archive, a package file, what is written to a compressed archive, source
- * lines and the file of those, what gpg prints, what the helper is asked and the servers' files, what comes from another
- * start of the program.
+ * The parsers of external text, each with rules that hold for every input. A target throws Fuzzing::Broken when a rule
+ * does not hold. Inputs are stored in corpus/, with one folder for each target:
+ * an index of packages, the output of dpkg -I, conf/distributions and conf/options, arguments and output of reprepro,
+ * output of apt and apt-cache, sources of users and files, a Depends field, two versions, the stored results of
+ * dependency checks, a tar archive, a package file, the data written to a compressed archive, source lines and their
+ * file, output of gpg, requests to the helper and the servers' files, messages from another instance.
  */
 // clang-format off
 #define FUZZ_TARGETS(X) X(packages) X(control) X(distributions) X(reprepro) X(apt) X(externalrepos) \

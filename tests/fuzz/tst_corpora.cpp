@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Gives the targets of the fuzzer the inputs that are kept.
+// Runs the fuzzing targets with the stored inputs.
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 #include "support/literals.h"
@@ -40,10 +40,10 @@ private Q_SLOTS:
         } catch (const Fuzzing::Broken &broken) {
             QFAIL(broken.what());
         }
-        // Time of the processor, so that other work on the machine does not count.
+        // Processor time, so that other work on the machine does not count.
         const double seconds = double(std::clock() - begin) / CLOCKS_PER_SEC;
 #ifdef __SANITIZE_ADDRESS__
-        // The sanitizer walks the stack at each allocation, which takes ten times as long and more.
+        // The sanitizer walks the stack at each allocation, which makes it more than ten times slower.
         constexpr double Limit = 60;
 #else
         constexpr double Limit = 5;

@@ -15,7 +15,7 @@ int sign(int order)
 
 void FuzzTarget::versions(std::string_view input)
 {
-    // A sort must be able to rely on the order, also for what is no version.
+    // A sort must be able to rely on the order, also for invalid versions.
     const QStringList texts = Fuzzing::expandedText(input).split(QLatin1Char('\n')).mid(0, 3);
     for (const QString &a : texts) {
         FUZZ_RULE(VersionOrder::compare(a, a) == 0);
