@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Adding and removing small packages: the engine's jobs, beside reprepro as one calls it by hand, which writes all
-// indices at the end of every run. Times are those of one package.
+// Adding and removing small packages with the engine's jobs, compared with reprepro called by hand, which writes all
+// indices at the end of every run. All times are for one package.
 #include "benchdata.h"
 #include "enginejob.h"
 
@@ -12,7 +12,7 @@
 namespace
 {
 constexpr int PackageCount = 500;
-/** What is the same for each package needs no five hundred of them. */
+/** With one run for each package, a few packages are enough for the time of one. */
 constexpr int OneByOneCount = 30;
 constexpr int PresentCount = 5000;
 
@@ -21,7 +21,7 @@ QStringList newPackages()
     return BenchData::packages(QStringLiteral("new"), PackageCount);
 }
 
-/** A repository of its own for the measurement, with the packages that are there before. */
+/** A repository for one measurement, which already has packages. */
 QString repository(bool withNewOnes)
 {
     QString target = BenchData::folder() + QLatin1String("/adding");
@@ -52,7 +52,7 @@ void measure(benchmark::State &state, int packages, const Work &work)
     }
 }
 
-/** A measurement by reprepro alone: the script has the repository and the packages as its arguments. */
+/** A measurement of reprepro alone. The script gets the repository and the packages as its arguments. */
 void reprepro(benchmark::State &state, const char *script, int packages, bool areThere)
 {
     const QString path = repository(areThere);

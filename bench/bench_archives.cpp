@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Exporting a repository, beside tar; importing packages, beside unpacking and adding them by hand.
+// Exporting a repository, compared with tar. Importing packages, compared with unpacking and adding them by hand.
 #include "benchdata.h"
 #include "enginejob.h"
 
@@ -71,7 +71,7 @@ QString archive()
     return path;
 }
 
-/** With one run of reprepro a package, or a single one for all. */
+/** With one run of reprepro for each package, or with a single run for all. */
 void UnpackAndAdd(benchmark::State &state, bool inOneRun)
 {
     const QString file = archive();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Checking the dependencies of 1,000 packages against themselves and apt's sources, beside a complete solver on the same
-// files; the solver's time for all of the main index within itself, which bench_opening.cpp has checked in a tab.
+// Checking the dependencies of 1,000 packages against themselves and apt's sources, compared with a complete solver on
+// the same files. Also the solver's time for the main index within itself; bench_opening.cpp measures this check in a
+// tab.
 #include "apt/aptcandidates.h"
 #include "benchdata.h"
 #include "core/processutils.h"
@@ -21,7 +22,7 @@ QList<PackageInfoPtr> readPackages(const QString &file)
     return readPackagesFile(file, {QStringLiteral("main"), QStringLiteral("amd64"), PackageType::Deb}, {});
 }
 
-/** An index of 1,000 packages that depend on what every sixty-third package of the main index depends on. */
+/** An index of 1,000 packages with the dependencies of every sixty-third package of the main index. */
 QString localIndex()
 {
     QString path = BenchData::folder() + QLatin1String("/local");
@@ -39,7 +40,7 @@ QString localIndex()
     return path;
 }
 
-/** One whole check; keeps all results, as the engine does. */
+/** One complete check. It keeps all results, as the engine does. */
 void CheckAgainstPublic(benchmark::State &state)
 {
     const auto packages = readPackages(localIndex());
@@ -68,7 +69,7 @@ BENCHMARK(CheckAgainstPublic)->Unit(benchmark::kMillisecond)->UseRealTime()->Ite
 void solve(benchmark::State &state, const QStringList &arguments)
 {
     for (auto _ : state) {
-        // It ends with 1 when something is broken.
+        // The exit code is 1 when a dependency is broken.
         const auto result = runProcess({QStringLiteral("dose-debcheck"), arguments, {}, {}, -1});
         if (!result.started || result.exitCode > 1)
             qFatal("dose-debcheck: %s", qPrintable(result.errorOutput));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Storing and reading the dependency results of 63,000 packages with five dependencies each, beside Qt's own documents
-// of the same contents, which are less than what the records are made into. Peak memory is the program's so far, the
-// packages' own included.
+// Storing and reading the dependency results of 63,000 packages with five dependencies each, compared with Qt's own
+// JSON documents of the same contents, which do less than our records. Peak memory is that of the program so far,
+// including the packages.
 #include "benchdata.h"
 #include "depends/dependsdata.h"
 
@@ -20,7 +20,7 @@ namespace
 constexpr int packageCount = 63000;
 constexpr int dependencyCount = 5;
 
-/** Like what a check leaves: names and versions are shared, results are not. */
+/** Packages as after a check: they share names and versions, but not results. */
 QList<PackageInfoPtr> checkedPackages()
 {
     const QString archive = QStringLiteral("http://deb.debian.org/debian bookworm/main amd64 Packages");
@@ -55,7 +55,7 @@ QString stored()
 {
     QString file = BenchData::folder() + QStringLiteral("/stored.json");
     if (!QFile::exists(file)) {
-        // In a process of its own, whose memory does not count.
+        // In a child process, so that its memory does not count.
         const pid_t child = fork();
         if (child == 0) {
             DependsData(file, QStringLiteral("/srv/first")).savePackages(checkedPackages());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reading an index of 63,000 records: a bare pass over its lines against what the engine does.
+// Reading an index of 63,000 records: a plain pass over its lines, compared with the engine.
 #include "benchdata.h"
 #include "engine/repository/packagelisting.h"
 #include "engine/repository/packagesfile.h"
@@ -14,7 +14,7 @@
 
 namespace
 {
-/** The least that a reader does: maps the file, walks its lines, keeps views of a record's fields. */
+/** The minimum work of a reader: maps the file, walks its lines, and keeps views of the fields of a record. */
 std::size_t bareScan(const QString &fileName)
 {
     struct Record
@@ -62,7 +62,7 @@ void ReadIndex(benchmark::State &state)
         auto packages = readPackagesFile(
             file, {QStringLiteral("main"), QStringLiteral("amd64"), PackageType::Deb}, QString());
         records = packages.size();
-        // Letting the records go is no part of reading them.
+        // Deleting the records is not part of reading.
         state.PauseTiming();
         packages.clear();
         state.ResumeTiming();
@@ -72,7 +72,7 @@ void ReadIndex(benchmark::State &state)
 }
 BENCHMARK(ReadIndex)->Unit(benchmark::kMillisecond)->MinTime(1);
 
-/** What a change by another program costs on top of reading: finding out what it was. */
+/** The additional time after a change by another program: finding the changed packages. */
 void CompareIndices(benchmark::State &state)
 {
     const IndexPlace place{QStringLiteral("main"), QStringLiteral("amd64"), PackageType::Deb};

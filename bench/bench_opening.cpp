@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// From the Open command to all rows shown, for a repository of 63,000 packages, against the time that apt takes to
-// build its cache from the same list; then from the command to check the dependencies of all of them within the
-// repository to the states shown, where stored_ms tells when they are stored too. The counters tell the longest time
-// that the interface was not served and the peak memory.
+// The time from the Open command until all rows are shown, for a repository of 63,000 packages, compared with apt
+// building its cache from the same list. Then the time from the command to check all dependencies within the repository
+// until the states are shown; stored_ms is the time until they are stored too. The counters have the longest time
+// without response of the interface, and the peak memory.
 #include "benchdata.h"
 #include "core/processutils.h"
 #include "core/settingskeys.h"
@@ -33,7 +33,7 @@ int packagesBelow(const QAbstractItemModel &model, const QModelIndex &parent)
     return count;
 }
 
-/** Gencaches over the one list that the repository's index is, with a state and a cache of its own. */
+/** Builds apt's cache from the index of the repository as its only list, with a state and a cache of its own. */
 void AptGencaches(benchmark::State &state)
 {
     const QString folder = BenchData::folder() + QLatin1String("/apt");
@@ -56,7 +56,7 @@ void AptGencaches(benchmark::State &state)
               "Dir::State::status \"%1/status\"; Dir::Cache \"%1/cache\"; APT::Sandbox::User \"\";\n"
               "Acquire::GzipIndexes \"false\"; Acquire::Languages \"none\";\n")
               .arg(folder));
-    // apt names a fetched list after its source; it is put there by hand, since the index has no Release file.
+    // apt names a fetched list after its source. It is copied by hand, because the index has no Release file.
     QString listed
         = BenchData::largeRepository() + QLatin1String("/dists/bookworm/main/binary-amd64/Packages");
     QString name = listed.mid(1);
@@ -94,7 +94,7 @@ void OpenRepository(benchmark::State &state)
         StallMeter meter;
         state.ResumeTiming();
         runJob(*widget->repoShell(), [&] { widget->openRepo(repository); });
-        // The paint that shows the rows belongs to it.
+        // The time includes the paint that shows the rows.
         QApplication::processEvents();
         state.PauseTiming();
         const auto *tree = widget->findChild<QTreeView *>(QStringLiteral("m_repoTreeView"));
@@ -118,7 +118,7 @@ void CheckRepository(benchmark::State &state)
     shell->setDependsRepoType(DependsLocal);
     runJob(*shell, [&] { widget.openRepo(BenchData::largeRepository()); });
     QApplication::processEvents();
-    // The job ends when the results are stored; the states are shown before.
+    // The job ends when the results are stored; the states are shown earlier.
     QElapsedTimer time;
     double shown = 0;
     QObject::connect(shell, &RepoShell::dependsSummary, &widget, [&] {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the user waits for in the tree of a repository of 63,000 packages: from a key in the search line to the painted
-// result, with every group expanded and with all collapsed, expanding everything, and scrolling by a page. The
-// counters tell the slowest and the longest time that the interface was not served.
+// The waiting times in the tree of a repository of 63,000 packages: from a key in the search line to the painted
+// result, with all groups expanded and with all collapsed; expanding everything; scrolling by a page. The counters have
+// the slowest time, and the longest time without response of the interface.
 #include "benchdata.h"
 #include "enginejob.h"
 #include "stallmeter.h"
@@ -36,7 +36,7 @@ struct OpenTab
         QApplication::processEvents();
     }
 
-    /** Seconds until what `act` changes is on the screen. */
+    /** Seconds until the change by `act` is painted. */
     template <typename Act>
     double secondsToPainted(const Act &act)
     {
@@ -66,7 +66,7 @@ void Keystroke(benchmark::State &state)
         tab.tree->collapseAll();
     QApplication::processEvents();
     const StallMeter meter;
-    // In and out again: one letter finds nearly all packages, the whole word a few hundred.
+    // The word is typed and deleted again: one letter finds nearly all packages, the whole word some hundreds.
     const std::array<char, 10> keys{'l', 'i', 'b', 'q', 't', 0, 0, 0, 0, 0};
     std::size_t next = 0;
     for (auto _ : state) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Finding newer versions for 1,000 packages in a source of Debian's size, beside apt and dpkg as a script would run them.
+// Finding newer versions of 1,000 packages in a source of Debian's size, compared with a script that runs apt and dpkg.
 #include "apt/aptutils.h"
 #include "apt/privateapt.h"
 #include "benchdata.h"
@@ -38,7 +38,7 @@ QString source()
     return QStringLiteral("[trusted=yes] file:%1/source bookworm main").arg(BenchData::folder());
 }
 
-/** A repository with every sixty-third package of that index in the oldest version there can be. */
+/** A repository with every sixty-third package of this index, in the oldest possible version. */
 QString repository()
 {
     static const QString path = [] {
@@ -57,7 +57,7 @@ QString repository()
     return path;
 }
 
-/** Lets go of the lists that were fetched before. */
+/** Deletes the lists that were fetched before. */
 void forgetLists()
 {
     BenchData::shell(QStringLiteral("[ ! -d \"$1\" ] || find \"$1\" -type f '(' -name '*_Packages' -o -name "
@@ -65,7 +65,7 @@ void forgetLists()
                      {PrivateApt::cacheFolder()});
 }
 
-/** Asks for all packages at once and compares their versions, given as lines of "NAME VERSION". */
+/** Asks for all packages at once and compares their versions. Its input has lines of "NAME VERSION". */
 constexpr const char *AskAndCompare = R"(
     awk '{ print $1 }' "$1" | xargs apt show 2>/dev/null |
         awk '/^Package: / { name = $2 } /^Version: / { print name, $2 }' >"$1.found"
@@ -74,7 +74,7 @@ constexpr const char *AskAndCompare = R"(
             ! dpkg --compare-versions "$found" gt "$present" || echo "$name"
         done)";
 
-/** The repository's packages for that script. */
+/** Writes the packages of the repository as the input of this script. */
 QString questions(const QList<PackageInfoPtr> &packages)
 {
     QString text;

@@ -33,10 +33,10 @@ QByteArray arMember(const char *name, const QByteArray &contents)
            + "`\n" + contents + (contents.size() % 2 != 0 ? "\n" : "");
 }
 
-/** dpkg-deb would take a minute for five thousand. */
+/** Builds a package by hand, because dpkg-deb would take a minute for five thousand. */
 QByteArray package(const QString &name, const QString &section, const QByteArray &data)
 {
-    // As long as the average record of Debian's main index, since it is the indices' size that takes time.
+    // As long as the average record of Debian's main index, because the time depends on the size of the indices.
     const QString description
         = QStringLiteral(" This package holds nothing of use. It is there to be counted and carried.\n")
               .repeated(4);

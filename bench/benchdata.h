@@ -5,34 +5,34 @@
 #include <QString>
 #include <QStringList>
 
-/** Data to measure on, made when it is first asked for. What cannot be made ends the program with a message. */
+/** Data for the measurements, created on demand. A failure ends the program with a message. */
 namespace BenchData
 {
-/** The folder named by VELT_BENCH_DATA, which bench/run makes and removes. What lies there is made once. */
+/** The folder in VELT_BENCH_DATA, which bench/run creates and deletes. Data in it is created once. */
 QString folder();
 
-/** An index of some 63,000 records, unpacked. */
+/** An uncompressed index of about 63,000 records. */
 QString packagesFile();
 
-/** A repository whose index is that file, so that it opens without reprepro ever having run. */
+/** A repository with this file as its index. reprepro need not run before it is opened. */
 QString largeRepository();
 
-/** `count` small packages called PREFIX0, PREFIX1 and so on, each with a file of so many random bytes in it. */
+/** `count` small packages named PREFIX0, PREFIX1 and so on. Each contains a file with `dataSize` random bytes. */
 QStringList packages(const QString &prefix, int count, int dataSize = 0);
 
-/** Makes a new repository with nothing in it but its description, in place of what is there. */
+/** Replaces the repository with a new one that has only a description. */
 void describeRepository(const QString &path);
 
 void write(const QString &path, const QByteArray &bytes);
 
-/** Bytes that no compressor makes smaller, the same in every run. */
+/** Bytes that cannot be compressed and are the same in every run. */
 QByteArray noise(int size);
 
-/** What the script prints; `$1` and so on are the arguments. */
+/** The output of the script; its arguments are `$1` and so on. */
 QString shell(const QString &script, const QStringList &arguments = {}, const QStringList &environment = {});
 
 /** Peak resident memory of this process so far, in megabytes. */
 double peakMegabytes();
-/** The same of the largest program that it has run and seen end. */
+/** The same for the largest program that this process has run to its end. */
 double peakMegabytesOfPrograms();
 } // namespace BenchData

@@ -7,7 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
-/** Starts a job and serves the events until it has ended; returns its result. */
+/** Starts a job and processes events until its end; returns its result. */
 template <typename Start>
 int runJob(RepoShell &shell, const Start &start)
 {
@@ -18,7 +18,7 @@ int runJob(RepoShell &shell, const Start &start)
     return shell.result();
 }
 
-/** A job that fails at once would look fast. */
+/** Marks a job that has failed, because it would look fast. */
 inline void require(benchmark::State &state, bool done)
 {
     if (!done)

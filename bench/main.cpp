@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// All measurements in one program; bench/run gives each a process of its own, so that its peak memory is its own.
+// All measurements in one program. bench/run starts a process for each, so that each has its own peak memory.
 #include "benchdata.h"
 
 #include <QApplication>
@@ -8,7 +8,7 @@
 
 int main(int argc, char *argv[])
 {
-    // Neither what the user has stored nor the user's display is touched.
+    // The measurements use neither the user's stored data nor the user's display.
     const QByteArray home = BenchData::folder().toLocal8Bit();
     qputenv("XDG_CACHE_HOME", home + "/cache");
     qputenv("XDG_CONFIG_HOME", home + "/config");

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-/** Measures the longest gap between two turns of the event loop. */
+/** Measures the longest time between two iterations of the event loop. */
 class StallMeter : public QObject
 {
 public:
