@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Prints the plan of the house with the number of units (a source with its headers) and lines of each folder, and fails
-# where the sources break the plan: cmake -P CheckHouse.cmake
+# Prints the plan of the house with the units (a source with its headers) and lines of each folder. Fails when the
+# sources violate the plan: cmake -P CheckHouse.cmake
 cmake_minimum_required(VERSION 3.25)
 include(${CMAKE_CURRENT_LIST_DIR}/House.cmake)
 
@@ -17,7 +17,7 @@ foreach(source IN LISTS sources)
         list(APPEND faults "src/${source} lies in a folder that is not in the plan")
         continue()
     endif()
-    # Long sources have several files: name.cpp, name_part.cpp.
+    # A long source consists of several files: name.cpp, name_part.cpp.
     get_filename_component(unit ${source} NAME_WE)
     string(REGEX REPLACE "_.*" "" unit ${unit})
     list(APPEND units_${folder} ${unit})

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Each folder of src/ is one target, velt_ENGINE_ARCHIVE for engine/archive. It links the folders that the plan of the
-# house lets it use, and so sees their headers and no others: the include path holds a view of each folder with links to
-# its headers, and an include that the plan does not allow does not compile.
+# Each folder of src/ is one target, for example velt_engine_archive for engine/archive. It links the folders that the
+# plan of the house allows, and sees only their headers: the include path has a folder of links to the headers of each
+# folder. An include that the plan does not allow does not compile.
 #
 #   velt_folder(FOLDER SOURCES file... [LIBS target...])
 include(House)

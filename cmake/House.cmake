@@ -1,10 +1,10 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The plan of the house: the folders of src/, what each is for, and which others its files may include.
+# The plan of the house: the folders of src/, the purpose of each, and the folders that its files may include.
 #
 #   house(FOLDER "what the folder is for" [USES folder...])
 #
-# A folder may also use what the folders that it uses may use. It names only folders that stand above it here, so no
-# circle is possible. CMake builds by this plan (Folders.cmake), the target `house` prints it, and a test checks it.
+# A folder may also use all folders that its used folders may use. It may name only folders above it in this file, so
+# circles are impossible. CMake builds by this plan (Folders.cmake), the target `house` prints it, and a test checks it.
 include_guard(GLOBAL)
 
 function(house folder purpose)

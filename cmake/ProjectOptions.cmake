@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# One interface target that carries the language, the warnings and Qt's strict definitions for every target.
+# An interface target with the language, the warnings and Qt's strict definitions for all targets.
 add_library(project_options INTERFACE)
 target_compile_features(project_options INTERFACE cxx_std_17)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -24,11 +24,11 @@ target_compile_definitions(project_options INTERFACE
 if(VELT_SANITIZE)
     add_compile_options(-fsanitize=${VELT_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
     add_link_options(-fsanitize=${VELT_SANITIZE})
-    # The sanitizers' instrumentation confuses the compiler's flow analysis of these.
+    # With the sanitizers' instrumentation, the compiler's flow analysis gives false warnings.
     target_compile_options(project_options INTERFACE -Wno-null-dereference
         $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
 elseif(CMAKE_BUILD_TYPE MATCHES "^(Release|RelWithDebInfo)$")
-    # At -O3 gcc 12 sees null in the copy of every empty QVector.
+    # At -O3, gcc 12 wrongly sees a null pointer in the copy of every empty QVector.
     target_compile_options(project_options INTERFACE -Wno-null-dereference)
     add_compile_options(-fstack-protector-strong -fstack-clash-protection)
     add_compile_definitions($<$<COMPILE_LANGUAGE:CXX>:_FORTIFY_SOURCE=2>)

@@ -1,7 +1,7 @@
 #!/bin/bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Performs the program's main job on a virtual display, through its window alone: creates a repository, adds packages,
-# replaces one, removes one, and proves with apt that a client can use the repository.
+# Shows the program's main job on a virtual display, only through its window: creates a repository, adds packages,
+# replaces one, removes one, and checks with apt that a client can use the repository.
 #   scripts/demo.sh PROGRAM     leaves repository, packages and pictures in demo/
 set -euo pipefail
 top=$(dirname "$(dirname "$(readlink -f "$0")")")
@@ -22,13 +22,13 @@ die() {
 }
 picture() { import -window root "$demo/pictures/$1.png"; }
 
-# focus TITLE: waits for the window with this title and gives it the keyboard.
+# focus TITLE: waits for the window with this title and gives it the keyboard focus.
 focus() {
     until_true 20 xdotool search --onlyvisible --name "$1" || die "no window \"$1\""
     xdotool search --onlyvisible --name "$1" windowactivate --sync
 }
 
-# press KEYS TITLE: brings a window up by a shortcut, which does nothing before the last job has ended.
+# press KEYS TITLE: opens a window with a shortcut, which has no effect before the last job has ended.
 press() {
     for _ in {1..10}; do
         keys "$1"
@@ -67,7 +67,7 @@ demo_package hello "1.0" "$arch" "hello-data (>= 1.0)"
 demo_package hello-data "1.0" all
 demo_package goodbye "1.0" "$arch"
 demo_package hello "1.1" "$arch" "hello-data (>= 1.0)"
-# A package for the installer differs in its name alone.
+# An installer package differs only in its file name.
 demo_package hello-installer "1.0" "$arch"
 mv -- "$demo/packages/hello-installer_1.0_$arch".{deb,udeb}
 
@@ -87,7 +87,7 @@ focus "velt-admin-repo"
 say "Creating a repository"
 keys ctrl+n
 focus "Repository creation"
-# The proposals come from the system and would otherwise arrive while we type.
+# The system's proposals arrive later and would otherwise mix with the typed text.
 sleep 1
 write "$demo/repositories"
 keys Tab Tab ctrl+a
@@ -135,7 +135,7 @@ until_true 20 indexed hello 1.1 || die "the newer package is not in the index"
 sleep 1
 
 say "Removing a package"
-# Click in the window at the search line, then at the top of the tree, which jumps to the row whose name is typed.
+# Clicks at the search line, and then at the top of the tree, where typing a name jumps to its row.
 focus "velt-admin-repo"
 window=$(xdotool search --onlyvisible --name "velt-admin-repo" | head -n 1)
 click() { xdotool mousemove --window "$window" "$1" "$2" click 1; }
@@ -176,7 +176,7 @@ APT::Sandbox::User "";
 CONFIGURATION
 export APT_CONFIG=$client/apt.conf
 apt-get -qq update || die "apt does not read the repository"
-# Not "simulate" alone: it does not look at the files.
+# "--simulate" is not enough, because it does not read the files.
 apt-get -qq --simulate install hello >"$client/plan" || die "apt cannot install hello"
 grep -q "^Inst hello-data " "$client/plan" || die "apt does not find the dependency"
 (cd "$client" && apt-get -qq download hello) || die "apt cannot fetch hello"

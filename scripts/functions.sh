@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=bash
-# What the scripts that work in the program's window have in common. To be sourced.
+# Common functions of the scripts that control the program's window. To be sourced.
 
 say() { printf '%s\n' "$*"; }
 
@@ -18,7 +18,7 @@ until_true() {
 keys() { xdotool key --clearmodifiers --delay 60 "$@"; }
 write() { xdotool type --clearmodifiers --delay 20 "$1"; }
 
-# package FOLDER NAME VERSION ARCHITECTURE SECTION DEPENDS DESCRIPTION: builds a package that holds one file.
+# package FOLDER NAME VERSION ARCHITECTURE SECTION DEPENDS DESCRIPTION: builds a package with one file.
 package() {
     local tree
     tree=$(mktemp -d)

@@ -1,7 +1,7 @@
 #!/bin/bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# fuzz.sh SECONDS [TARGET...]: builds the fuzzers and runs each for so long, two at a time, from copies of the inputs
-# in tests/fuzz/corpus. What breaks a rule stays in build/fuzz/findings; then the exit code is not 0.
+# fuzz.sh SECONDS [TARGET...]: builds the fuzzers and runs each of them for this time, two at once, with copies of the
+# inputs in tests/fuzz/corpus. Inputs that break a rule are kept in build/fuzz/findings; then the exit code is not 0.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "$0")")/.."
 . scripts/packages.sh
@@ -22,7 +22,7 @@ trap 'rm -rf -- "$scratch"' EXIT
 mkdir -p "$findings"
 cp -r tests/fuzz/corpus "$scratch"
 
-# One fuzzer, in a process of xargs.
+# Runs one fuzzer, in a process of xargs.
 fuzz() {
     local target=$1 options=()
     [ ! -f "tests/fuzz/$target.dict" ] || options+=("-dict=tests/fuzz/$target.dict")
@@ -38,7 +38,7 @@ fuzz() {
 }
 export -f fuzz
 export seconds scratch findings
-# Leaks are looked for by the sanitizers' tests, which read the same inputs: to tell ours from Qt's takes slow traces.
+# The sanitizer tests look for leaks with the same inputs; to distinguish our leaks from Qt's needs slow stack traces.
 export ASAN_OPTIONS=detect_leaks=0:malloc_context_size=8:quarantine_size_mb=16 LC_ALL=C.UTF-8
 
 # shellcheck disable=SC2016

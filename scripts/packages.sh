@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # shellcheck shell=bash
-# Debian packages that the project needs, and a way to get them. To be sourced.
+# The Debian packages that the project needs, and a function that installs them. To be sourced.
 
 # shellcheck disable=SC2034
 packages_build=(g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools libqca-qt5-2-dev libkf5archive-dev libkf5itemviews-dev zlib1g-dev libapt-pkg-dev libsystemd-dev pkgconf po4a rapidjson-dev)
@@ -12,7 +12,7 @@ packages_fuzz=(clang-14 libclang-rt-14-dev)
 packages_package=(dpkg-dev debhelper lintian mmdebstrap man-db desktop-file-utils appstream fonts-dejavu-core
     lighttpd vsftpd polkitd dbus systemd curl procps iproute2)
 
-# need PACKAGE...: installs those that are missing; without any it asks dpkg and nothing else.
+# need PACKAGE...: installs the missing packages. When none is missing, it only asks dpkg.
 need() {
     local missing=() package state
     for package in "$@"; do
@@ -28,7 +28,7 @@ need() {
         fi
         as_root=(sudo)
     fi
-    # The servers are for the tests, which start them in a system of their own; here they would take ports 80 and 21.
+    # The tests start the servers in a system of their own. On this machine they would occupy the ports 80 and 21.
     local idle=() status=0
     if [ -d /run/systemd/system ]; then
         for package in "${missing[@]}"; do
@@ -47,7 +47,7 @@ need() {
     return "$status"
 }
 
-# configure PRESET [ARGUMENT...]: makes build/PRESET ready, with a compiler cache where there is one.
+# configure PRESET [ARGUMENT...]: prepares build/PRESET, with a compiler cache if one is installed.
 configure() {
     local cache=()
     if command -v ccache >/dev/null; then

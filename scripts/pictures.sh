@@ -1,7 +1,7 @@
 #!/bin/bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# Takes the pictures of the help and of README.md anew, from the built program on a virtual display, inside a
-# throw-away system where it can publish. Needs root.
+# Makes the pictures of the help and of README.md with the built program, on a virtual display inside a throw-away
+# system where it can publish. Needs root.
 #   scripts/pictures.sh BUILD [LANGUAGE...]   writes data/help/LANGUAGE/pictures, and docs/screenshots in English
 set -euo pipefail
 top=$(dirname "$(dirname "$(readlink -f "$0")")")
@@ -20,7 +20,7 @@ outside() {
     . "$top/scripts/packages.sh"
     need xvfb xauth openbox xdotool imagemagick fonts-dejavu-core pngquant "${packages_run[@]}" "${packages_test[@]}"
     [ $# -gt 0 ] || set -- en de ru
-    # Each in a system and a process of its own.
+    # Each language in a system and a process of its own.
     for language; do
         "$top/scripts/pictures.sh" --language "$build" "$language"
     done
@@ -70,7 +70,7 @@ prepare() {
     useradd -m anna
     echo 'polkit.addRule(function(action, subject) { return polkit.Result.YES; });' >/etc/polkit-1/rules.d/10-pictures.rules
     systemctl restart polkit
-    # The lists of apt are this machine's; only its usual sources are shown.
+    # apt has the lists of this machine; only its usual sources are shown.
     find /etc/apt/sources.list.d -type f ! -name 'debian.sources' -delete
     mkdir -p /srv/packages/{first,newer} /srv/repos
     cd /srv/packages
@@ -94,31 +94,31 @@ prepare() {
         QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x900x24" bash /shared/scripts/pictures.sh --take
 }
 
-# What the program calls a window in its language.
+# The title of a window in the program's language.
 title() {
     local text
     text=$(xmllint --xpath "string(//message[source='$1'][1]/translation)" /shared/texts.ts)
     say "${text:-$1}"
 }
 window_of() { xdotool search --onlyvisible --name "$(title "$1")" | tail -n 1; }
-# focus TITLE: waits for the window with this title and gives it the keyboard.
+# focus TITLE: waits for the window with this title and gives it the keyboard focus.
 focus() {
     until_true 30 xdotool search --onlyvisible --name "$(title "$1")" || die "no window \"$1\""
     xdotool windowactivate --sync "$(window_of "$1")"
     sleep 0.3
 }
-# click X Y [BUTTON]: in the main window.
+# click X Y [BUTTON]: clicks in the main window.
 click() { xdotool mousemove --window "$main" "$1" "$2" click "${3-1}" && sleep 0.3; }
-# The tab beside the first one of the page on the right: the wheel goes there, whatever the tabs are called.
+# Shows the next tab of the page on the right with the wheel, because this does not depend on the names of the tabs.
 next_page() { click 360 119 5; }
-# picture NAME TITLE: of the window with this title; the pointer is put out of the way.
+# picture NAME TITLE: takes a picture of the window with this title; moves the pointer away first.
 picture() {
     xdotool mousemove 1270 890
     sleep 0.5
     import -window "$(window_of "$2")" "$pictures/$1.png"
 }
-# menu NUMBER DOWN: chooses an entry by the places of the menu and of the entry, both from 0, or the last one. The
-# letters differ from language to language.
+# menu NUMBER DOWN: chooses an entry by the positions of the menu and of the entry. Both count from 0, or mean the last
+# entry. Shortcut letters differ between languages.
 menu() {
     click 15 10
     local i
@@ -186,7 +186,7 @@ take() {
     picture log velt-admin-repo
     menu 4 1
     sleep 1
-    # The small tree had moved to the selected row.
+    # The small tree had scrolled to the selected row.
     xdotool mousemove --window "$main" 150 300 click --repeat 9 4
     picture window velt-admin-repo
 
@@ -265,7 +265,7 @@ take() {
     finish
 }
 
-# A desktop whose colours the toolkit reads from a file.
+# Sets dark colours, which Qt reads from a file.
 dark_desktop() {
     local part
     for part in Window View Button; do
@@ -277,7 +277,7 @@ dark_desktop() {
     export XDG_CURRENT_DESKTOP=KDE KDE_FULL_SESSION=true KDE_SESSION_VERSION=5
 }
 
-# pick_package NAME: selects it in the tree, whose first row is the place where typing begins.
+# pick_package NAME: selects the package in the tree by typing its name, starting at the first row.
 pick_package() {
     focus velt-admin-repo
     click 150 168
