@@ -2,11 +2,11 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # velt-admin-repo-sign.sh SOURCE DESTINATION KEYID
 #
-# Writes a signed copy of the Debian package SOURCE to DESTINATION. The signature is the archive member _gpgorigin,
-# a detached OpenPGP signature of the members debian-binary, control.tar* and data.tar*; an older one is replaced.
-# KEYID is a key's fingerprint or its last 16 or 8 digits. Exit code 0 means that DESTINATION is complete; otherwise
-# it is as it was, and one line of the error output says why: exit code 2 when the key cannot be used, which no other
-# package would change, else 1. SOURCE is never changed.
+# Writes a signed copy of the Debian package SOURCE to DESTINATION. The signature is the archive member _gpgorigin, a
+# detached OpenPGP signature of the members debian-binary, control.tar* and data.tar*. It replaces an older one. KEYID
+# is a key's fingerprint, or its last 16 or 8 digits. Exit code 0 means that DESTINATION is complete. Otherwise
+# DESTINATION is unchanged, and one line of the error output tells the reason: exit code 2 when the key cannot be used,
+# which is the same for every package, or else 1. SOURCE never changes.
 set -euo pipefail
 export LC_ALL=C
 
@@ -19,13 +19,13 @@ fail() {
     printf 'velt-admin-repo-sign.sh: %s\n' "${1//[$'\001'-$'\037\177']/?}" >&2
     exit "${2-1}"
 }
-# fail_key TEXT: what is wrong with the key
+# fail_key TEXT: reports a problem of the key
 fail_key() {
     fail "$label: $1" 2
 }
 
 [ $# -eq 3 ] || fail "usage: velt-admin-repo-sign.sh SOURCE DESTINATION KEYID"
-# With a folder in front no program takes a name for an option.
+# A path with a folder cannot be read as an option by any program.
 case $1 in /*) source=$1 ;; *) source=./$1 ;; esac
 case $2 in /*) destination=$2 ;; *) destination=./$2 ;; esac
 wanted=${3//[[:space:]]/}
@@ -41,7 +41,7 @@ label="key $wanted"
 command -v gpg >/dev/null || fail_key "the program gpg is not installed"
 work=$(mktemp -d -- "${destination%/*}/.sign.XXXXXXXX" 2>/dev/null) || fail "${2%/*}: no file can be written there"
 
-# No question on a terminal that happens to be there: a passphrase is the business of gpg's agent.
+# gpg must not ask on the terminal; its agent asks for the passphrase.
 unset GPG_TTY
 run_gpg() {
     gpg --batch --no-tty --yes "$@" 2>"$work/messages"
@@ -55,7 +55,7 @@ last_message() {
 run_gpg --with-colons --list-secret-keys >"$work/keys" </dev/null \
     || fail_key "gpg cannot list the secret keys: $(last_message)"
 
-# One entry a key or subkey; the one of its primary key says more about it.
+# One entry for each key or subkey, with the index of its primary key.
 kinds=() validities=() expiries=() capabilities=() tokens=() prints=() primaries=() names=()
 primary=-1
 while IFS=: read -r kind validity _ _ _ _ expires _ _ text _ capability _ _ token _; do
@@ -81,7 +81,7 @@ done
 primary=${primaries[found]}
 label="key $wanted (${names[primary]})"
 
-# Why a key or subkey cannot be used; nothing when it can.
+# The reason why a key or subkey cannot be used; empty when it can.
 obstacle() {
     local on=
     [[ ! ${expiries[$1]} =~ ^[0-9]+$ ]] || printf -v on ' on %(%Y-%m-%d)T' "${expiries[$1]}"
@@ -104,7 +104,7 @@ if signs "$found"; then
     [ -z "$reason" ] || fail_key "$reason"
     signer=$found
 elif [ "$found" -eq "$primary" ]; then
-    # A primary key that does not sign leaves that to a subkey; the last one is the newest.
+    # If the primary key cannot sign, a subkey does. The last one is the newest.
     for index in "${!kinds[@]}"; do
         if [ "$index" -ne "$primary" ] && [ "${primaries[index]}" -eq "$primary" ] && signs "$index" \
             && [ -z "$(obstacle "$index")" ]; then
@@ -116,7 +116,7 @@ fi
 
 # --- the package -------------------------------------------------------------------------------------------------
 
-# part FILE OFFSET SIZE: bytes of a file
+# part FILE OFFSET SIZE: prints bytes of a file
 part() {
     dd if="$1" bs=1M skip="$2" count="$3" iflag=skip_bytes,count_bytes,fullblock status=none
 }
@@ -167,14 +167,14 @@ signed_parts() {
         part "$archive" "${offsets[index]}" "${sizes[index]}"
     done
 }
-# The exclamation mark makes gpg take this very key and no subkey of its choice.
+# The exclamation mark makes gpg use exactly this key and no subkey of its choice.
 if ! signed_parts | run_gpg --no-armor --no-textmode --digest-algo SHA512 --status-fd 3 \
     --local-user "${prints[signer]}!" --detach-sign --output "$work/signature" 3>"$work/status"; then
     hint=
     ! grep -q PINENTRY_LAUNCHED "$work/status" || hint=" (its passphrase was not given, or could not be asked for)"
     fail_key "gpg cannot sign: $(last_message)$hint"
 fi
-# The user's own options can add signers; what is delivered carries the signature of the key asked for alone.
+# The user's options can add signers, but the copy must have only the signature of the requested key.
 made=$(sed -n 's/^\[GNUPG:\] SIG_CREATED D [0-9]* \([0-9]*\) 00 [^ ]* \([0-9A-F]*\).*/\1 \2/p' "$work/status")
 [ "$made" = "10 ${prints[signer]}" ] || fail_key "gpg signed in another way or with another key than it was told to"
 
