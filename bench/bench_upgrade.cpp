@@ -3,7 +3,7 @@
 #include "apt/aptutils.h"
 #include "apt/privateapt.h"
 #include "benchdata.h"
-#include "engine/jobs/upgraderules.h"
+#include "engine/upgrade/upgraderules.h"
 #include "engine/repository/packagesfile.h"
 #include "enginejob.h"
 

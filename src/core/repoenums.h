@@ -28,6 +28,14 @@ public:
     enum ErrorType { CRITICAL = 0, WARNING = 1 };
     Q_ENUM(ErrorType)
 
+    /** What an error is about, where the interface does more than to show its text. */
+    enum ErrorCause {
+        OTHER_CAUSE = 0,
+        NOTHING_TO_UPGRADE = 1, ///< the sources offer no newer version
+        SOURCES_NOT_WRITTEN = 2 ///< the private list of sources could not be written
+    };
+    Q_ENUM(ErrorCause)
+
     /** The type of a job that has ended; the interface refreshes its views accordingly. */
     enum JobId {
         COMMON_JOB = 0,
@@ -41,4 +49,5 @@ public:
 
 Q_DECLARE_METATYPE(RepoEnums::ErrorCode)
 Q_DECLARE_METATYPE(RepoEnums::ErrorType)
+Q_DECLARE_METATYPE(RepoEnums::ErrorCause)
 Q_DECLARE_METATYPE(RepoEnums::JobId)

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reposhell.h"
 
-#include "depends/dependsdata.h"
 #include "engine/changes/jobcontext.h"
-#include "engine/jobs/upgradesources.h"
+#include "engine/jobs/openjob.h"
+#include "engine/repository/distributions.h"
+#include "engine/repository/systemrelease.h"
+#include "engine/storedresults.h"
+#include "engine/upgrade/upgradesources.h"
 #include "files/scratchfolder.h"
 #include "publication/helperclient.h"
 #include "server/reposervers.h"
 
-#include <QMutexLocker>
 #include <QtConcurrent>
 
 #include <utility>
@@ -25,16 +27,41 @@ RepoShell::RepoShell(QObject *parent)
     qRegisterMetaType<PackageReplacementRules *>();
     qRegisterMetaType<RepoEnums::ErrorCode>();
     qRegisterMetaType<RepoEnums::ErrorType>();
+    qRegisterMetaType<RepoEnums::ErrorCause>();
     qRegisterMetaType<RepoEnums::JobId>();
-    startStore();
+    m_storedResults = std::make_unique<StoredResults>(
+        *this,
+        [this](const QList<PackageInfoPtr> &packages) { m_context->packages.assign(packages); },
+        [this](const QString &keptAs) {
+            Q_EMIT critical(
+                tr("The stored results of the dependency checks could not be read. The file is kept "
+                   "as %1; check the dependencies again.")
+                    .arg(keptAs),
+                QString(),
+                WARNING);
+        });
+    // The interface asks for this one, and its thread waits for nothing.
+    connect(this, &RepoShell::requestForRemovingStoredInformation, this, [this] {
+        StoredResults::removeInBackground(path());
+    });
 }
 
 RepoShell::~RepoShell()
 {
     setClosing();
     m_future.waitForFinished();
-    stopStore();
+    // While the thread of the results ends, nothing else of the engine may have gone.
+    m_storedResults.reset();
 }
+
+RepoInfo RepoShell::defaultRepoInfo()
+{
+    RepoInfo info = Distributions::repoInfoForCodename(SystemRelease::codename());
+    info.version = SystemRelease::version();
+    return info;
+}
+
+// --- what is open ------------------------------------------------------------------------------------------------
 
 QString RepoShell::path() const
 {
@@ -43,110 +70,128 @@ QString RepoShell::path() const
 
 QString RepoShell::place() const
 {
-    return m_context->repository().canonicalPath();
+    return m_context->repository.canonicalPath();
 }
 
 RepoInfo RepoShell::repoInfo() const
 {
-    return m_context->repoInfo();
+    return m_context->repository.info();
 }
 
-void RepoShell::setOpenRepositories(const QStringList &paths)
+bool RepoShell::isWritable() const
 {
-    const QMutexLocker lock(&m_mutex);
-    m_openRepositories = paths;
+    return m_context->repository.isWritable();
 }
 
 QList<PackageInfoPtr> RepoShell::packages() const
 {
-    return m_context->packages().all();
+    return m_context->packages.all();
 }
 
 int RepoShell::packageCount() const
 {
-    return m_context->packages().count();
+    return m_context->packages.count();
 }
 
 PackageInfoPtr RepoShell::packageAt(int index) const
 {
-    return m_context->packages().at(index);
+    return m_context->packages.at(index);
 }
 
 int RepoShell::indexOfPackage(const PackageInfoPtr &package) const
 {
-    return m_context->packages().indexOf(package);
+    return m_context->packages.indexOf(package);
+}
+
+QVector<UpgradablePackage> RepoShell::upgradablePackages() const
+{
+    return m_upgradeSources->found();
 }
 
 QString RepoShell::packageFilePath(const QString &name, const QString &component, const QString &architecture)
 {
-    return m_context->packageFilePath(name, component, architecture);
-}
-
-QString RepoShell::startMessage() const
-{
-    return m_context->startMessage();
-}
-
-int RepoShell::progress() const
-{
-    return m_context->progress();
-}
-
-RepoShell::Newcomer RepoShell::newcomer() const
-{
-    return m_context->newcomer();
+    return m_context->reprepro.packageFilePath(name, component, architecture);
 }
 
 QString RepoShell::lastOutput() const
 {
-    return m_context->lastOutput();
+    return m_context->reprepro.lastResult().output;
 }
 
 QString RepoShell::lastErrorOutput() const
 {
-    return m_context->lastErrorOutput();
+    return m_context->reprepro.lastResult().errorOutput;
 }
 
-void RepoShell::setAnswer(bool answer)
+void RepoShell::closeRepo()
 {
-    m_context->setAnswer(answer);
+    OpenJob::close(*m_context);
 }
 
-void RepoShell::cancel()
-{
-    m_context->cancel();
-}
-
-void RepoShell::setClosing()
-{
-    m_context->setClosing();
-}
+// --- what the user has set ---------------------------------------------------------------------------------------
 
 void RepoShell::setCheckDependsOnAdd(bool check)
 {
-    m_context->setChecksDependsOnAdd(check);
+    m_context->choices.setChecksDependsOnAdd(check);
 }
 
 void RepoShell::setDependsRepoType(int type)
 {
-    m_context->setDependsRepoType(type);
+    m_context->choices.setDependsRepoType(type);
 }
 
 void RepoShell::setExternalRepos(const ExternalRepos &repos)
 {
-    m_context->setExternalRepos(repos);
+    m_context->choices.setExternalRepos(repos);
+}
+
+void RepoShell::setOpenRepositories(const QStringList &paths)
+{
+    m_context->choices.setOpenRepositories(paths);
+}
+
+// --- the running job ---------------------------------------------------------------------------------------------
+
+QString RepoShell::startMessage() const
+{
+    return m_context->control.isCanceled() ? QString() : m_context->progress.startMessage();
+}
+
+int RepoShell::progress() const
+{
+    return m_context->progress.step();
+}
+
+CollidingFile RepoShell::collidingFile() const
+{
+    return m_context->control.collidingFile();
+}
+
+void RepoShell::setAnswer(bool answer)
+{
+    m_context->control.setAnswer(answer);
+}
+
+void RepoShell::cancel()
+{
+    m_context->control.cancel();
+}
+
+void RepoShell::setClosing()
+{
+    m_context->control.setClosing();
 }
 
 void RepoShell::startJob(std::function<int()> job)
 {
     ++m_runningJobs;
-    m_context->prepare();
+    m_context->control.prepare();
     m_future = QtConcurrent::run([this, job = std::move(job)] {
-        // What was found may be another thing by now.
-        m_context->forgetAdmission();
+        // The repository may have changed since the last job looked at it.
+        m_context->gate.forget();
         const int result = job();
-        m_context->forgetAdmission();
-        m_context->unlock();
+        m_context->gate.forget();
+        m_context->lock.release();
         // finished() comes from inside the job; only a call posted by the very end says that the thread is free.
         QMetaObject::invokeMethod(this, &RepoShell::jobEnded, Qt::QueuedConnection);
         return result;

@@ -7,33 +7,24 @@
 #include "core/repoinfo.h"
 #include "core/settingskeys.h"
 #include "engine/changes/addoptions.h"
-#include "engine/changes/jobsignals.h"
-#include "engine/changes/newcomer.h"
-#include "engine/jobs/upgraderules.h"
+#include "engine/control/collidingfile.h"
+#include "engine/control/jobsignals.h"
+#include "engine/upgrade/upgraderules.h"
 #include "server/reposerver.h"
 
 #include <QFuture>
-#include <QMutex>
 #include <QStringList>
-#include <QThread>
 
-#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
 
-class AsideDirectory;
-class DependsData;
-class ExportSession;
 class HelperClient;
-class JobContext;
-class JobFrame;
+struct JobContext;
 class RepoServers;
-class RepositoryCopy;
 class ScratchFolder;
+class StoredResults;
 class UpgradeSources;
-struct ProcessResult;
-struct RepoChange;
 
 /**
  * The engine of one open repository: owns its path, its description and its package list, and carries out every
@@ -48,9 +39,6 @@ class RepoShell : public JobSignals, public RepoEnums
 {
     Q_OBJECT
 public:
-    /** The file that collides with the package which requestForReplacementHandlingByUser() carries. */
-    using Newcomer = ::Newcomer;
-
     explicit RepoShell(QObject *parent = nullptr);
     /** No job may be running. */
     ~RepoShell() override;
@@ -128,7 +116,7 @@ public:
     QString place() const;
     RepoInfo repoInfo() const;
     /** Whether the user may change the repository, as of its last reading. */
-    bool isWritable() const { return m_isWritable; }
+    bool isWritable() const;
     /** A copy of the package list; cheap, since the list is shared until it changes. */
     QList<PackageInfoPtr> packages() const;
     int packageCount() const;
@@ -169,8 +157,8 @@ public:
     /** The text the running job was announced with; empty once it has been asked to stop. */
     QString startMessage() const;
     int progress() const;
-    /** What is on its way in while requestForReplacementHandlingByUser() waits for its answer. */
-    Newcomer newcomer() const;
+    /** The file that collides with the package of requestForReplacementHandlingByUser(), while that waits. */
+    CollidingFile collidingFile() const;
     /** Stores the answer to the pending question(); call it from the slot that question() is connected to. */
     void setAnswer(bool answer);
     /** Asks the running job to stop after the item it is at. */
@@ -210,16 +198,8 @@ public Q_SLOTS:
     void removeCustomSourcesListFile(RepoEnums::JobId jobId);
 
 Q_SIGNALS:
-    /** A repository was opened, created or closed (empty argument), or moved by a change (its new path). */
-    void pathChanged(const QString &newPath = QString());
     void criticalVelt(const QString &text, const QString &detailedtext = QString());
-    /** The description was read. */
-    void repoInfoAdded();
-    void needImportRepo();
-    void needCloseRepo();
-    void requestForStoredInformation(const QString &repoPath);
     void requestForRemovingStoredInformation();
-    void requestForMergingInformation(const QList<PackageInfoPtr> &packages);
 
     /** The job's thread is free again and the engine can be closed; follows finished(). */
     void idle();
@@ -227,54 +207,15 @@ Q_SIGNALS:
     void repoCreated(int result);
 
 private:
-    mutable QMutex m_mutex; ///< guards what follows, up to the blank line
-    QStringList m_openRepositories;
-
     std::unique_ptr<JobContext> m_context; ///< with the open repository and the package list
     std::unique_ptr<UpgradeSources> m_upgradeSources;
-    std::atomic<bool> m_isWritable{true};
+    std::unique_ptr<StoredResults> m_storedResults;
     QFuture<int> m_future;
     int m_runningJobs = 0; ///< of the interface thread alone
     std::unique_ptr<ScratchFolder> m_tempDir; ///< what an import has unpacked
-    QThread m_storeThread; ///< m_store's, and free whenever no job runs
-    std::unique_ptr<DependsData> m_store;
     std::unique_ptr<HelperClient> m_helper;
     std::unique_ptr<const RepoServers> m_servers;
 
-    // --- running jobs: reposhell.cpp
     void startJob(std::function<int()> job);
     void jobEnded();
-
-    // --- create, open, close: reposhell_lifecycle.cpp
-    void setRepository(const QString &path, const RepoInfo &info);
-    QStringList openRepositories() const;
-    int prepareRepoDir(const QString &path, AsideDirectory *aside);
-    int readRepoInfo(const QString &path);
-    bool writeRepoInfo(const RepoInfo &info);
-    int openBody(const QString &path);
-    int reloadBody();
-
-    // --- change: reposhell_change.cpp
-    int changeBody(const QString &newPath,
-                   const RepoInfo &info,
-                   const std::optional<QByteArray> &given,
-                   bool carriesPackages);
-    void tellOfGone(const RepoChange &change, const QList<PackageInfoPtr> &before);
-    bool isUnderstood(const QByteArray &text, const std::optional<QByteArray> &given);
-    bool mayMove(const QString &newPath);
-    bool userAgreesToLosses(const QByteArray &text, const QString &newPath, const RepoInfo &info);
-    bool keepForUndoing(const QByteArray &text, QString *details);
-    ErrorCode moveRepo(const QString &newPath, JobFrame *frame, std::unique_ptr<RepositoryCopy> *copy);
-    bool rewriteRepo(const RepoChange &change, const QByteArray &text, QString *details);
-    ProcessResult carryOver(const RepoChange &change, const QByteArray &text, ExportSession *session);
-    void keepSignatures(const RepoChange &change, const QList<PackageInfoPtr> &packages);
-    bool takeOutVanished(const RepoChange &change, ExportSession *session, QString *details);
-    bool exportOrGiveUpSigning(RepoInfo info, ExportSession *session);
-
-    // --- stored results of dependency checks: reposhell_depends.cpp
-    void startStore();
-    void stopStore();
-    void removeStoredResultsAside() const;
-    void startStoredResultsAnew(const QString &repoPath);
-    void moveStoredResults(const QString &newPath);
 };

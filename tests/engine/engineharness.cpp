@@ -44,7 +44,7 @@ EngineHarness::EngineHarness()
     const auto choose = [this](Code code, Rules *rules, const PackageInfoPtr &, bool single) {
         collisions.append(code);
         singles.append(single);
-        const RepoShell::Newcomer newcomer = shell.newcomer();
+        const CollidingFile newcomer = shell.collidingFile();
         newcomers.append(newcomer.fileName + QLatin1Char(' ') + newcomer.version
                          + (newcomer.isLast ? " last"_s : QString()));
         whileAsked();

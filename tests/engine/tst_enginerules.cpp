@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/packagenames.h"
 #include "engine/repository/distributions.h"
 #include "engine/repository/distributionsfile.h"
 #include "engine/repository/packagesfile.h"
@@ -115,7 +116,7 @@ private Q_SLOTS:
             package.version = QLatin1String(version);
             package.component = "main"_s;
             package.control = ControlText(control);
-            return ReproCommand::poolFile(package, "all"_s);
+            return PackageNames::poolFile(package, "all"_s);
         };
         QCOMPARE(poolFile("", "libfoo2", "1"), "pool/main/libf/libfoo2/libfoo2_1_all.deb"_s);
         QCOMPARE(poolFile("", "lib", "1"), "pool/main/l/lib/lib_1_all.deb"_s);

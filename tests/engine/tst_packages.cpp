@@ -133,7 +133,7 @@ private Q_SLOTS:
         QVERIFY(h.listed().size() == 2 && h.settled());
         // They share a file, so one answer is for both.
         QStringList together;
-        h.whileAsked = [&] { together.append(h.shell.newcomer().architectures.join(QLatin1Char('+'))); };
+        h.whileAsked = [&] { together.append(h.shell.collidingFile().architectures.join(QLatin1Char('+'))); };
         const QString third = h.deb(deb.contents("third"));
         h.choice = Rules::KeepThis;
         h.add({third});

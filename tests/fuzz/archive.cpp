@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/packagenames.h"
 #include "engine/archive/archivecontents.h"
 #include "engine/archive/packageextractor.h"
 #include "engine/archive/tarheader.h"
@@ -61,7 +62,7 @@ Extracted extract(const Fuzzing::MemoryFile &file, int largest)
         FUZZ_RULE(!info.isSymLink() && (info.isFile() || info.isDir()));
         if (!info.isFile())
             continue;
-        FUZZ_RULE(ArchiveContents::isPackageName(info.fileName()));
+        FUZZ_RULE(PackageNames::isPackageFile(info.fileName()));
         present.append(info.filePath());
         size += info.size();
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/archive/archivecontents.h"
 
+#include "core/packagenames.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QScopeGuard>
@@ -173,10 +175,10 @@ void findPackages(const QString &folder,
     for (const QFileInfo &info : present) {
         if (info.isDir() && !info.isSymLink()) {
             findPackages(info.filePath(), root, skipped, stopped, found);
-        } else if (info.isFile() && ArchiveContents::isPackageName(info.fileName())) {
+        } else if (info.isFile() && PackageNames::isPackageFile(info.fileName())) {
             // The target of a link within the folder is found too, if it has the name of a package.
             const QString target = info.canonicalFilePath();
-            if (!info.isSymLink() || (isWithin(target, root) && !ArchiveContents::isPackageName(target)))
+            if (!info.isSymLink() || (isWithin(target, root) && !PackageNames::isPackageFile(target)))
                 found->append(info.filePath());
         }
     }
@@ -199,11 +201,6 @@ ArchiveContents::fileOfRepository(const QString &path, const QString &file, cons
     // A missing file keeps its path for error messages.
     return Entry{
         target.isThere() ? target.path : path + QLatin1Char('/') + file, member, idOf(target.status)};
-}
-
-bool ArchiveContents::isPackageName(const QString &name)
-{
-    return name.endsWith(QLatin1String(".deb")) || name.endsWith(QLatin1String(".udeb"));
 }
 
 QStringList ArchiveContents::packagesBelow(const QString &folder,

@@ -40,9 +40,6 @@ Listing ofRepository(const QString &path);
 /** One file of the repository, or the target of a link; nothing for a link that ofRepository() leaves out. */
 std::optional<Entry> fileOfRepository(const QString &path, const QString &file, const QString &member);
 
-/** Whether a file of this name is a package. */
-bool isPackageName(const QString &name);
-
 /**
  * The packages below `folder`, sorted. Links to outside are not followed. File systems of the kernel and the folder
  * `without` are not entered. When `stopped` returns true, it ends early with the packages found so far.

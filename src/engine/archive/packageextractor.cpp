@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/archive/packageextractor.h"
 
-#include "engine/archive/archivecontents.h"
+#include "core/packagenames.h"
 #include "engine/archive/tarreader.h"
 #include "files/freespace.h"
 #include "files/regularfile.h"
@@ -55,7 +55,7 @@ PackageExtractor::Result PackageExtractor::extract(const QString &archive)
         if (header.kind == TarHeader::Kind::Invalid)
             return first && reader.error().isEmpty() ? Result::NoTar : damaged(reader.error());
         const QByteArray member = normalized(header.name);
-        if (header.name.endsWith('/') || !ArchiveContents::isPackageName(QFile::decodeName(member)))
+        if (header.name.endsWith('/') || !PackageNames::isPackageFile(QFile::decodeName(member)))
             continue;
         if (header.kind != TarHeader::Kind::File) {
             m_passedOver.append(QFile::decodeName(member));

@@ -3,6 +3,7 @@
 
 #include "apt/dpkgoutput.h"
 #include "apt/dpkgutils.h"
+#include "core/packagenames.h"
 #include "engine/archive/debarchive.h"
 #include "engine/archive/debcontents.h"
 
@@ -19,7 +20,7 @@ QString refusal(const QString &path)
     const QFileInfo info(path);
     if (!info.exists())
         return PackageFile::tr("There is no such file.");
-    if (!path.endsWith(QLatin1String(".deb")) && !path.endsWith(QLatin1String(".udeb")))
+    if (!PackageNames::isPackageFile(path))
         return PackageFile::tr("Its name does not end in .deb or .udeb.");
     // Opening a pipe would wait for a writer.
     if (!info.isFile())
@@ -42,7 +43,7 @@ PackageFile PackageFile::read(const QString &path, const std::function<bool()> &
         return {path, {}, tr("The file is damaged: its end is missing.")};
     if (debContentsState(path, data, stopped) == DebContentsState::Damaged)
         return {path, {}, tr("The file is damaged: what it contains cannot be unpacked.")};
-    const auto type = path.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
+    const auto type = PackageNames::typeOfFile(path);
     if (const auto package = DpkgOutput::packageInfo(dpkg.output(), type))
         return {path, QSharedPointer<PackageInfo>::create(*package), QString()};
     return {path, {}, tr("Its control data lack the package's name, version or architecture.")};

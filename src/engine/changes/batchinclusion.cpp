@@ -1,24 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/changes/batchinclusion.h"
 
-#include "engine/changes/addrun.h"
+#include "engine/changes/exportsession.h"
 #include "engine/changes/jobcontext.h"
+#include "engine/changes/packageinclusion.h"
 #include "engine/reprepro/repreproanswers.h"
 #include "engine/reprepro/repreprocommands.h"
+#include "engine/reprepro/reprolisting.h"
 
 #include <QFileInfo>
 #include <QMap>
 #include <QSet>
 
-bool BatchInclusion::isPossible(const AddRun &run)
-{
-    return !run.options.sign && run.session.isSilent();
-}
-
 void BatchInclusion::include(const QVector<Candidate> &candidates)
 {
-    if (!isPossible(m_run))
-        return;
     QSet<PackageKey> taken;
     QMap<QString, QVector<Candidate>> groups;
     for (const Candidate &candidate : candidates) {
@@ -28,7 +23,7 @@ void BatchInclusion::include(const QVector<Candidate> &candidates)
             continue;
         taken.insert(key);
         const QString sameArguments
-            = ReproCommand::include(m_context.repoInfo().codename,
+            = ReproCommand::include(m_context.repository.info().codename,
                                     candidate.record,
                                     {QLatin1Char('.') + QFileInfo(candidate.path).suffix()});
         groups[sameArguments].append(candidate);
@@ -44,26 +39,26 @@ bool BatchInclusion::isPlain(const Candidate &candidate) const
     // Without a priority reprepro refuses the file, and the one that it can be given would hold for all.
     return candidate.record.architecture != QLatin1String("all")
            && !candidate.record.control.field("Priority").isEmpty()
-           && m_context.packages().find(PackageKey::of(candidate.record)).isNull();
+           && m_context.packages.find(PackageKey::of(candidate.record)).isNull();
 }
 
 void BatchInclusion::includeGroup(const QVector<Candidate> &group)
 {
     QStringList paths;
     for (const Candidate &candidate : group) {
-        m_run.session.mayLeave(candidate.record.filePath());
+        m_session.recordAtRisk(candidate.record.filePath());
         paths.append(candidate.path);
     }
-    const ProcessResult result = m_run.session.modify(
-        ReproCommand::include(m_context.repoInfo().codename, group.first().record, paths));
+    const ProcessResult result = m_session.modify(
+        ReproCommand::include(m_context.repository.info().codename, group.first().record, paths));
     const bool areAllIn = result.succeeded() && !ReproAnswer::inclusionSkipped(result.errorOutput)
                           && !ReproAnswer::databaseTroubled(result.errorOutput);
-    if (m_run.session.isDamaged())
+    if (m_session.isDamaged())
         return;
     const QStringList present = areAllIn ? QStringList() : filesInDatabase(group);
     for (const Candidate &candidate : group) {
         if (areAllIn || present.contains(candidate.record.filePath()))
-            m_run.ahead.insert(candidate.path, PackageKey::of(candidate.record));
+            m_inclusion.setAhead(candidate.path, PackageKey::of(candidate.record));
     }
 }
 
@@ -73,11 +68,10 @@ QStringList BatchInclusion::filesInDatabase(const QVector<Candidate> &group)
     for (const Candidate &candidate : group)
         names.append(candidate.record.name);
     const PackageInfo &first = group.first().record;
-    m_context.runReprepro(ReproCommand::listFiles(
-        m_context.repoInfo().codename, names, first.indexComponent, first.architecture));
-    QStringList files;
-    const QStringList lines = m_context.lastOutput().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QString &line : lines)
-        files.append(m_context.path() + QLatin1Char('/') + line);
+    const ProcessResult listed = m_context.reprepro.run(ReproCommand::listFiles(
+        m_context.repository.info().codename, names, first.indexComponent, first.architecture));
+    QStringList files = ReproListing::files(listed.output);
+    for (QString &file : files)
+        file.prepend(m_context.path() + QLatin1Char('/'));
     return files;
 }

@@ -5,8 +5,9 @@
 
 #include <QVector>
 
-struct AddRun;
-class JobContext;
+class ExportSession;
+struct JobContext;
+class PackageInclusion;
 
 /**
  * Puts several files into the repository with one run of reprepro, whose start takes longer than the inclusion itself.
@@ -23,19 +24,22 @@ public:
         PackageInfo record;
     };
 
-    BatchInclusion(JobContext &context, AddRun &run)
+    BatchInclusion(JobContext &context, ExportSession &session, PackageInclusion &inclusion)
         : m_context(context)
-        , m_run(run)
+        , m_session(session)
+        , m_inclusion(inclusion)
     { }
 
-    /** Not with the first file of a job, whose run writes the indices and shows whether they can be signed. */
-    static bool isPossible(const AddRun &run);
-    /** Remembers in AddRun::ahead which candidates are in. */
+    /**
+     * Tells the inclusion which candidates are in. Not for files that are to be signed, nor with the first file of a
+     * job, whose run writes the indices and shows whether they can be signed.
+     */
     void include(const QVector<Candidate> &candidates);
 
 private:
     JobContext &m_context;
-    AddRun &m_run;
+    ExportSession &m_session;
+    PackageInclusion &m_inclusion;
 
     bool isPlain(const Candidate &candidate) const;
     void includeGroup(const QVector<Candidate> &group);

@@ -3,6 +3,7 @@
 
 #include "engine/reprepro/poolfiles.h"
 #include "engine/reprepro/privateconfig.h"
+#include "engine/reprepro/repolock.h"
 #include "engine/reprepro/repreproanswers.h"
 #include "engine/reprepro/repreprocommands.h"
 #include "files/freespace.h"
@@ -97,7 +98,7 @@ ProcessResult ExportSession::changeSilently(const QString &arguments, const QByt
     return change(arguments, m_silentConfig.get());
 }
 
-void ExportSession::mayLeave(const QString &poolFile)
+void ExportSession::recordAtRisk(const QString &poolFile)
 {
     // A job that is refused leaves no marker, and that of another one alone.
     if (keepDatabase())
@@ -105,13 +106,13 @@ void ExportSession::mayLeave(const QString &poolFile)
     if (!poolFile.startsWith(m_repoPath + QLatin1Char('/')))
         return;
     const QString file = poolFile.mid(m_repoPath.size() + 1);
-    m_mayLeave.insert(file);
+    m_atRisk.insert(file);
     RegularFile marker(markerFile(m_repoPath));
     if (marker.open(QIODevice::Append))
         marker.write((file + QLatin1Char('\n')).toUtf8());
 }
 
-void ExportSession::oweExport()
+void ExportSession::requireExport()
 {
     m_exportOwed = true;
     setMarker(m_repoPath);
@@ -133,7 +134,7 @@ ProcessResult ExportSession::dropUnused()
     const QStringList left = filesLeft(m_repoPath);
     const QSet<QString> named(left.cbegin(), left.cend());
     const auto areOurs = [&](const QString &file) {
-        return named.contains(file) || m_mayLeave.contains(file)
+        return named.contains(file) || m_atRisk.contains(file)
                || (m_strangers && !m_strangers->contains(file));
     };
     return PoolFiles::dropUnused(
@@ -211,8 +212,7 @@ std::optional<ProcessResult> ExportSession::keepDatabase()
         return m_refusal;
     }
     if (!m_tools.lock()) {
-        refuse(tr("The repository %1 is being changed by another program. Try again when it is done.")
-                   .arg(m_repoPath));
+        refuse(RepoLock::busyText(m_repoPath));
         return m_refusal;
     }
     // The copy is all that is good, and the end of a job drops it.

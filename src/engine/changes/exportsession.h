@@ -77,10 +77,10 @@ public:
     /** Whether further runs leave the indices alone. */
     bool isSilent() const { return m_silentConfig != nullptr; }
     /** Tells, before the run, of a file that would lie in the pool without use if the run were cut short. */
-    void mayLeave(const QString &poolFile);
+    void recordAtRisk(const QString &poolFile);
     /** For when the indices turned out not to tell what is in the database. */
-    void oweExport();
-    /** Makes room for a file that an earlier, interrupted run has left in the pool without use, and that mayLeave() was
+    void requireExport();
+    /** Makes room for a file that an earlier, interrupted run has left in the pool without use, and that recordAtRisk() was
      *  told of. False when the repository's own options ask to keep such files, or when the indices may still name
      *  them. */
     bool dropUnreferencedFiles();
@@ -113,7 +113,7 @@ private:
     bool m_exportOwed;
     bool m_removed = false; ///< files may lie in the pool that nothing needs any more
     bool m_disturbed = false;
-    QSet<QString> m_mayLeave; ///< what mayLeave() was told: on a full disk the marker does not hold it
+    QSet<QString> m_atRisk; ///< what recordAtRisk() was told: on a full disk the marker does not hold it
     std::optional<QStringList>
         m_strangers; ///< files that were without use when the database was kept by keep()
     bool m_isKept = false; ///< the database has been copied

@@ -3,16 +3,23 @@
 
 #include "engine/changes/jobcontext.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 
 /**
- * What every job does first and last: announces itself, resets progress and cancellation, and ends with exactly one
- * finished(), also when the job's function returns early.
+ * What every job does first and last: announces itself, resets progress and stop, and ends with exactly one finished(),
+ * also when the job's function returns early.
  */
 class JobFrame
 {
+    Q_DECLARE_TR_FUNCTIONS(RepoShell)
 public:
-    JobFrame(JobContext &context, const QString &startMessage);
+    enum Subject {
+        Packages, ///< an error can mean that another program has changed the packages, and then the user is told
+        Repository ///< the job reads the packages anew
+    };
+
+    JobFrame(JobContext &context, const QString &startMessage, Subject subject = Packages);
     ~JobFrame();
     JobFrame(const JobFrame &) = delete;
     JobFrame &operator=(const JobFrame &) = delete;
@@ -26,6 +33,9 @@ public:
 
 private:
     JobContext &m_context;
+    const Subject m_subject;
     bool m_finished = false;
     QElapsedTimer m_sinceStep; ///< since quick items were told of
+
+    void tellOfForeignChange();
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/changes/packagebackup.h"
 
+#include "core/packagenames.h"
 #include "files/openfolder.h"
 #include "files/regularfile.h"
 #include "files/removetree.h"
@@ -20,7 +21,7 @@ constexpr int FieldCount = 8;
 QString recordLine(const PackageInfo &package)
 {
     return QStringList{package.name,
-                       package.type == PackageType::Udeb ? QStringLiteral("udeb") : QStringLiteral("deb"),
+                       PackageNames::suffix(package.type),
                        package.architecture,
                        package.indexComponent,
                        package.component,
@@ -93,7 +94,7 @@ QList<PackageInfo> PackageBackup::packagesIn(const QString &folder, const QStrin
             return {};
         PackageInfo package;
         package.name = fields[0];
-        package.type = fields[1] == QLatin1String("udeb") ? PackageType::Udeb : PackageType::Deb;
+        package.type = PackageNames::typeOfSuffix(fields[1]);
         package.architecture = fields[2];
         package.indexComponent = fields[3];
         package.component = fields[4];

@@ -3,45 +3,65 @@
 
 #include "core/packageinfo.h"
 #include "core/repoenums.h"
+#include "engine/changes/addoptions.h"
+#include "engine/changes/fileinclusion.h"
+#include "engine/changes/packagebackup.h"
+#include "engine/changes/packagesigner.h"
+#include "engine/repository/packagelist.h"
 
 #include <QCoreApplication>
 #include <QList>
+#include <QMultiHash>
+
+#include <vector>
 
 struct AddedFile;
 class ExportSession;
-class JobContext;
-class PackageBackup;
-struct ProcessResult;
+struct JobContext;
 
-/** Puts files into the repository, in the place of what is there or not. */
+/** Puts the files of one job into the repository, in the place of packages that are there or beside them. */
 class PackageInclusion : public RepoEnums
 {
     Q_DECLARE_TR_FUNCTIONS(RepoShell)
 public:
-    explicit PackageInclusion(JobContext &context)
+    PackageInclusion(JobContext &context, ExportSession &session, const AddOptions &options)
         : m_context(context)
+        , m_session(session)
+        , m_signer(context, options)
+        , m_inclusion(context, session)
     { }
 
+    bool isSigning() const { return m_signer.isSigning(); }
     /**
      * Puts the file into the repository as `record` says. Without `replace`, a package in its place gives the code of
      * their collision and stays. A file that cannot go in leaves what is there, and ERROR has been told.
      */
     ErrorCode include(AddedFile *file, const PackageInfo &record, bool replace);
-    /** Puts the file of a package that an interrupted job has taken out back in. */
-    bool putBack(const PackageInfo &record, const QString &file, ExportSession *session);
+
+    /** A run for several files has put this one into this place before its turn; include() has still to be called. */
+    void setAhead(const QString &path, const PackageKey &place) { m_ahead.insert(path, place); }
+    bool isAhead(const QString &path) const { return m_ahead.contains(path); }
+
+    /** The packages that went in, once for each architecture. */
+    const QList<PackageInfoPtr> &included() const { return m_included; }
+    /** The end of the job, when the database is known to be whole and the replaced files are needed no more. */
+    void dropBackups() { m_backups.clear(); }
+    /** What went in has been undone. */
+    void forgetIncluded() { m_included.clear(); }
 
 private:
     JobContext &m_context;
+    ExportSession &m_session;
+    PackageSigner m_signer;
+    FileInclusion m_inclusion;
+    QMultiHash<QString, PackageKey> m_ahead; ///< places by the files' paths
+    QList<PackageInfoPtr> m_included;
+    std::vector<PackageBackup> m_backups; ///< of what was replaced
 
     ErrorCode collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present);
     ErrorCode replacePackage(AddedFile *file, const PackageInfo &record, const PackageInfo &present);
     ErrorCode includeFile(AddedFile *file, const PackageInfo &record, bool replaces);
-    /** Why it was not included: in words of our own where the user can do something about it, or else reprepro's. */
-    QString reason(const QString &errorOutput, const PackageInfo &record) const;
-    bool isIncluded(const ProcessResult &result, const PackageInfo &record);
     QList<PackageInfoPtr> packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const;
     PackageInfoPtr packageIncluded(const PackageInfo &record, bool replaced);
-    void
-    restorePackages(const QList<PackageInfoPtr> &packages, PackageBackup *backup, ExportSession *session);
-    static ProcessResult runInclude(const QString &arguments, ExportSession *session);
+    void restorePackages(const QList<PackageInfoPtr> &packages, PackageBackup *backup);
 };

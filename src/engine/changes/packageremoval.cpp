@@ -6,6 +6,7 @@
 #include "engine/changes/signaturerecord.h"
 #include "engine/reprepro/repreproanswers.h"
 #include "engine/reprepro/repreprocommands.h"
+#include "engine/reprepro/reprolisting.h"
 
 #include <QMap>
 
@@ -15,7 +16,7 @@ void PackageRemoval::removeTogether(const QList<PackageInfoPtr> &packages)
 {
     QMap<QString, QList<PackageInfoPtr>> groups;
     for (const PackageInfoPtr &package : packages) {
-        const QString sameArguments = ReproCommand::remove(m_context.repoInfo().codename,
+        const QString sameArguments = ReproCommand::remove(m_context.repository.info().codename,
                                                            QStringList{QStringLiteral("name")},
                                                            package->indexComponent,
                                                            package->architecture,
@@ -27,20 +28,21 @@ void PackageRemoval::removeTogether(const QList<PackageInfoPtr> &packages)
             continue;
         QStringList names;
         for (const PackageInfoPtr &package : group) {
-            m_session->mayLeave(package->filePath());
+            m_session->recordAtRisk(package->filePath());
             names.append(package->name);
         }
         const PackageInfo &first = *group.first();
-        const ProcessResult result = m_session->remove(ReproCommand::remove(m_context.repoInfo().codename,
-                                                                            names,
-                                                                            first.indexComponent,
-                                                                            first.architecture,
-                                                                            kindToName(first)));
+        const ProcessResult result
+            = m_session->remove(ReproCommand::remove(m_context.repository.info().codename,
+                                                     names,
+                                                     first.indexComponent,
+                                                     first.architecture,
+                                                     kindToName(first)));
         // What is out already when such a run fails, a run of its own will find to be no fault.
         if (!result.succeeded() || ReproAnswer::databaseTroubled(result.errorOutput))
             continue;
         if (ReproAnswer::nothingRemoved(result.errorOutput))
-            m_session->oweExport();
+            m_session->requireExport();
         for (const PackageInfoPtr &package : group)
             m_gone.insert(PackageKey::of(*package));
     }
@@ -50,9 +52,9 @@ bool PackageRemoval::remove(const PackageInfoPtr &package, bool makesRoom)
 {
     if (!m_gone.remove(PackageKey::of(*package)) && !removeFromDatabase(*package, makesRoom))
         return false;
-    if (const PackageInfoPtr listed = m_context.packages().take(PackageKey::of(*package))) {
+    if (const PackageInfoPtr listed = m_context.packages.take(PackageKey::of(*package))) {
         SignatureRecord::forget(&m_context, *listed);
-        m_context.packageRemoved(listed);
+        Q_EMIT m_context.listener.packageRemoved(listed);
     }
     return true;
 }
@@ -61,13 +63,13 @@ const PackageType *PackageRemoval::kindToName(const PackageInfo &package) const
 {
     PackageKey twin = PackageKey::of(package);
     twin.type = package.type == PackageType::Deb ? PackageType::Udeb : PackageType::Deb;
-    return m_context.packages().find(twin) ? &package.type : nullptr;
+    return m_context.packages.find(twin) ? &package.type : nullptr;
 }
 
 bool PackageRemoval::removeFromDatabase(const PackageInfo &package, bool makesRoom)
 {
-    m_session->mayLeave(package.filePath());
-    const ProcessResult result = m_session->remove(ReproCommand::remove(m_context.repoInfo().codename,
+    m_session->recordAtRisk(package.filePath());
+    const ProcessResult result = m_session->remove(ReproCommand::remove(m_context.repository.info().codename,
                                                                         QStringList{package.name},
                                                                         package.indexComponent,
                                                                         package.architecture,
@@ -80,20 +82,18 @@ bool PackageRemoval::removeFromDatabase(const PackageInfo &package, bool makesRo
           || ReproAnswer::signingFailed(result.errorOutput)
           || ((result.crashed() || ReproAnswer::databaseTroubled(result.errorOutput)) && isGone(package));
     if (!removed && result.started && !result.crashed())
-        m_context.runFailed(tr("Error removing package %1!").arg(package.name), result.errorOutput);
+        m_context.errors.runFailed(tr("Error removing package %1!").arg(package.name), result.errorOutput);
     if (removed && ReproAnswer::nothingRemoved(result.errorOutput))
-        m_session->oweExport();
+        m_session->requireExport();
     return removed;
 }
 
 bool PackageRemoval::isGone(const PackageInfo &package)
 {
-    const bool isKnown
-        = m_context.runReprepro(ReproCommand::listFiles(
-              m_context.repoInfo().codename, package.name, package.indexComponent, package.architecture))
-          == 0;
-    const QStringList files = m_context.lastOutput().split(QLatin1Char('\n'));
-    return isKnown && std::none_of(files.cbegin(), files.cend(), [&](const QString &file) {
+    const ProcessResult listed = m_context.reprepro.run(ReproCommand::listFiles(
+        m_context.repository.info().codename, package.name, package.indexComponent, package.architecture));
+    const QStringList files = ReproListing::files(listed.output);
+    return listed.succeeded() && std::none_of(files.cbegin(), files.cend(), [&](const QString &file) {
                return m_context.path() + QLatin1Char('/') + file == package.filePath();
            });
 }

@@ -8,7 +8,7 @@
 #include <QSet>
 
 class ExportSession;
-class JobContext;
+struct JobContext;
 
 /** Takes packages out of the repository. */
 class PackageRemoval

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/changes/packagesigner.h"
 
-#include "engine/changes/addrun.h"
+#include "engine/changes/addedfile.h"
 #include "engine/changes/jobcontext.h"
 #include "signing/signprocess.h"
 
@@ -11,36 +11,38 @@ bool PackageSigner::sign(AddedFile *file, const QString &packageName)
 {
     if (!file->source.isEmpty())
         return true;
-    if (!file->run.options.sign) {
+    if (!m_options.sign) {
         file->source = file->path;
         return true;
     }
     const auto fail = [&](const QString &details) {
-        m_context.critical(tr("Failed to sign package %1!").arg(packageName), file->shownText(details));
+        m_context.errors.critical(tr("Failed to sign package %1!").arg(packageName),
+                                  file->shownText(details));
         return false;
     };
-    // A passphrase that the user did not give is not asked for again with every further file.
-    if (!file->run.keyTrouble.isEmpty())
-        return fail(file->run.keyTrouble);
+    // When the user gave no passphrase, gpg must not ask for it again with every further file.
+    if (!m_keyTrouble.isEmpty())
+        return fail(m_keyTrouble);
     file->signedFolder = std::make_unique<ScratchFolder>();
     if (!file->signedFolder->isValid())
         return fail(tr("No temporary folder could be made to sign it in."));
     const QString copy = file->signedFolder->filePath(QFileInfo(file->path).fileName());
-    if (m_context.signProcess().sign(file->path, copy, file->run.options.signKeyId)) {
+    SignProcess process;
+    if (process.sign(file->path, copy, m_options.signKeyId)) {
         file->source = copy;
         return true;
     }
-    constexpr int KeyUnusable = 2;
-    if (m_context.signProcess().exitCode() == KeyUnusable)
-        file->run.keyTrouble = m_context.signProcess().log();
-    return fail(m_context.signProcess().log());
+    constexpr int KeyUnusable = 2; // exit code of the script
+    if (process.exitCode() == KeyUnusable)
+        m_keyTrouble = process.log();
+    return fail(process.log());
 }
 
-QString PackageSigner::keyOf(AddRun *run)
+QString PackageSigner::key()
 {
-    if (!run->options.sign)
+    if (!m_options.sign)
         return {};
-    if (!run->signingKey)
-        run->signingKey = SignProcess::keyText(SignProcess::keys(), run->options.signKeyId);
-    return *run->signingKey;
+    if (!m_key)
+        m_key = SignProcess::keyText(SignProcess::keys(), m_options.signKeyId);
+    return *m_key;
 }

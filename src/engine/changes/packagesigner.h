@@ -1,27 +1,35 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/changes/addoptions.h"
+
 #include <QCoreApplication>
 #include <QString>
 
-struct AddedFile;
-struct AddRun;
-class JobContext;
+#include <optional>
 
-/** Signs the files of a job that adds packages, where the user wants that. */
+struct AddedFile;
+struct JobContext;
+
+/** Signs the files of one job that adds packages, where the user wants that. */
 class PackageSigner
 {
     Q_DECLARE_TR_FUNCTIONS(RepoShell)
 public:
-    explicit PackageSigner(JobContext &context)
+    PackageSigner(JobContext &context, AddOptions options)
         : m_context(context)
+        , m_options(std::move(options))
     { }
 
-    /** Makes what reprepro gets of the file, once; false after critical() when the key has failed. */
+    bool isSigning() const { return m_options.sign; }
+    /** Makes what reprepro gets of the file, once. False after an error, when the key has failed. */
     bool sign(AddedFile *file, const QString &packageName);
     /** The text of the key that signs; empty when none does. */
-    static QString keyOf(AddRun *run);
+    QString key();
 
 private:
     JobContext &m_context;
+    const AddOptions m_options;
+    std::optional<QString> m_key; ///< its text, looked up when the first file is in
+    QString m_keyTrouble; ///< why the key cannot be used, once that is known
 };

@@ -15,9 +15,9 @@ QString file(const JobContext &context)
 
 void warn(JobContext *context)
 {
-    context->critical(SignatureRecord::tr("The record of the signed packages could not be written."),
-                      file(*context),
-                      RepoEnums::WARNING);
+    context->errors.critical(SignatureRecord::tr("The record of the signed packages could not be written."),
+                             file(*context),
+                             RepoEnums::WARNING);
 }
 } // namespace
 

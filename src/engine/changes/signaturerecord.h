@@ -7,7 +7,7 @@
 #include <QList>
 #include <QString>
 
-class JobContext;
+struct JobContext;
 
 /** What a job enters into the record of the signed packages. A record that cannot be written costs a warning. */
 class SignatureRecord

@@ -2,12 +2,13 @@
 #include "engine/jobs/addjob.h"
 
 #include "engine/changes/jobframe.h"
-#include "engine/changes/packageadding.h"
+#include "engine/changes/jobpreconditions.h"
+#include "engine/jobs/packageadding.h"
 
 int AddJob::run(const QStringList &files, const AddOptions &options)
 {
     JobFrame frame(m_context, files.size() == 1 ? tr("Adding package") : tr("Adding packages"));
-    if (!m_context.mayChange())
+    if (!JobPreconditions::mayChange(m_context))
         return frame.finish(ERROR, tr("%n package(s) added: %1", nullptr, 0).arg(QString()));
     PackageAdding adding(m_context, options, files.size() == 1);
     if (adding.addFiles(files, &frame) == CANCEL)

@@ -7,7 +7,7 @@
 #include <QCoreApplication>
 #include <QStringList>
 
-class JobContext;
+struct JobContext;
 
 /** Adds package files to the repository. */
 class AddJob : public RepoEnums

@@ -7,9 +7,10 @@
 #include "depends/dependsparser.h"
 #include "depends/localcandidates.h"
 #include "engine/archive/packagefile.h"
-#include "engine/changes/checkjob.h"
 #include "engine/changes/jobframe.h"
-#include "engine/changes/packageadding.h"
+#include "engine/changes/jobpreconditions.h"
+#include "engine/jobs/checkjob.h"
+#include "engine/jobs/packageadding.h"
 #include "files/scratchfolder.h"
 
 #include <QDir>
@@ -81,8 +82,9 @@ int DownloadJob::download(const QList<PackageInfo> &packages)
 int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
 {
     JobFrame frame(m_context, startText(dependencies.size()));
-    AptCandidates apt(QString(), m_context.acceptedOrigins());
-    const DependsOffers offers = findOffers(dependencies, &apt, [this] { return m_context.isCanceled(); });
+    AptCandidates apt(QString(), m_context.choices.acceptedOrigins());
+    const DependsOffers offers
+        = findOffers(dependencies, &apt, [this] { return m_context.control.isCanceled(); });
     QStringList missing;
     QStringList unknown;
     for (const Dependency &dependency : offers.missing) {
@@ -93,11 +95,11 @@ int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
     }
     CheckJob(m_context).tellAptFailure(&apt);
     CheckJob(m_context).tellUnknownArchitectures(unknown);
-    if (!missing.isEmpty() && !apt.failed() && !m_context.isCanceled())
+    if (!missing.isEmpty() && !apt.failed() && !m_context.control.isCanceled())
         tellMissing(missing);
 
     QList<PackageInfoPtr> wanting;
-    const auto packages = m_context.packages().all();
+    const auto packages = m_context.packages.all();
     std::copy_if(packages.cbegin(), packages.cend(), std::back_inserter(wanting), [&](const auto &package) {
         return lacks(*package, dependencies);
     });
@@ -112,36 +114,36 @@ void DownloadJob::tellMissing(const QStringList &missing)
     const bool isShortened = missing.size() > NamesShown;
     if (isShortened)
         names << QString(QChar(0x2026));
-    m_context.critical(tr("No source offers: %1").arg(names.join(QLatin1String(", "))),
-                       isShortened ? missing.join(QLatin1Char('\n')) : QString(),
-                       WARNING);
+    m_context.errors.critical(tr("No source offers: %1").arg(names.join(QLatin1String(", "))),
+                              isShortened ? missing.join(QLatin1Char('\n')) : QString(),
+                              WARNING);
 }
 
 int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
                              const QList<PackageInfoPtr> &wanting,
                              JobFrame *frame)
 {
-    if (!m_context.mayChange())
+    if (!JobPreconditions::mayChange(m_context))
         return frame->finish(
             ERROR, tr("Added %n package(s) to local repo: %1", nullptr, 0).arg(QString()), DOWNLOAD_JOB);
     PackageAdding adding(m_context, m_options, packages.size() == 1);
-    adding.run().wanting = wanting;
-    bool stopped = m_context.isCanceled();
+    adding.setWanting(wanting);
+    bool stopped = m_context.control.isCanceled();
     for (int done = 0; done < packages.size() && !stopped; ++done) {
         const ScratchFolder folder;
         const PackageFile file = fetch(packages.at(done), folder);
-        stopped = m_context.isCanceled() && file.path.isEmpty();
+        stopped = m_context.control.isCanceled() && file.path.isEmpty();
         if (stopped)
             break;
         if (file.path.isEmpty())
-            m_context.critical(AptUtils::tr("Apt: download package %1 error").arg(packages.at(done).name),
-                               file.reason);
+            m_context.errors.critical(
+                AptUtils::tr("Apt: download package %1 error").arg(packages.at(done).name), file.reason);
         else {
-            adding.run().shownNames = {{file.path, QFileInfo(file.path).fileName()}};
+            adding.setShownNames({{file.path, QFileInfo(file.path).fileName()}});
             adding.addReadFile(file, done + 1 == packages.size());
         }
         frame->itemDone(packages.size());
-        stopped = m_context.mustEnd() && done + 1 < packages.size();
+        stopped = m_context.control.mustEnd() && done + 1 < packages.size();
     }
     adding.finish();
     const QString added = adding.addedNames();
@@ -161,7 +163,7 @@ PackageFile DownloadJob::fetch(const PackageInfo &package, const ScratchFolder &
     if (!folder.isValid())
         return {{}, {}, tr("No temporary folder could be made to fetch it into.")};
     AptUtils apt;
-    apt.setStopRequest([this] { return m_context.isCanceled(); });
+    apt.setStopRequest([this] { return m_context.control.isCanceled(); });
     QString reason;
     QObject::connect(&apt, &ProcessUtils::error, &apt, [&reason](const QString &, const QString &details) {
         reason = details;
@@ -170,5 +172,5 @@ PackageFile DownloadJob::fetch(const PackageInfo &package, const ScratchFolder &
         = apt.download(package.name, package.version, package.architecture, downloadFolder(folder));
     if (file.isEmpty())
         return {{}, {}, reason.isEmpty() ? tr("apt has left no file of that version.") : reason};
-    return PackageFile::read(file, [this] { return m_context.isCanceled(); });
+    return PackageFile::read(file, [this] { return m_context.control.isCanceled(); });
 }

@@ -11,7 +11,7 @@
 #include <QList>
 #include <QVector>
 
-class JobContext;
+struct JobContext;
 class JobFrame;
 class ScratchFolder;
 

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/exportjob.h"
 
+#include "core/packagenames.h"
 #include "engine/archive/archivecontents.h"
 #include "engine/changes/jobframe.h"
+#include "engine/changes/jobpreconditions.h"
 #include "engine/reprepro/repolock.h"
 #include "engine/reprepro/repreprocommands.h"
+#include "engine/reprepro/reprolisting.h"
 #include "files/pathguard.h"
 
 #include <QFileInfo>
@@ -14,11 +17,6 @@
 
 namespace
 {
-QString suffixOf(const PackageInfo &package)
-{
-    return package.type == PackageType::Udeb ? QStringLiteral(".udeb") : QStringLiteral(".deb");
-}
-
 /** In the archive of packages; no name of a package. */
 const QString MissingList = QStringLiteral("missing-dependencies.txt");
 
@@ -40,17 +38,17 @@ int ExportJob::exportRepo()
         return frame.finish(ERROR, tr("Repository is not exported"));
     const auto listing = ArchiveContents::ofRepository(m_context.path());
     if (!listing.error.isEmpty()) {
-        m_context.critical(tr("Can't open repository dir"), listing.error);
+        m_context.errors.critical(tr("Can't open repository dir"), listing.error);
         return frame.finish(ERROR, tr("Repository is not exported"));
     }
-    ArchiveWriter writer(m_target, [this] { return m_context.isCanceled(); });
+    ArchiveWriter writer(m_target, [this] { return m_context.control.isCanceled(); });
     if (!writer.open())
         return failed(&frame, writer.error());
     noteLeftOut(listing.leftOut);
-    m_context.setProgressRange(listing.entries.size());
+    m_context.progress.setRange(listing.entries.size());
     for (const auto &entry : listing.entries) {
-        const auto result = m_context.isCanceled() ? ArchiveWriter::Result::Stopped
-                                                   : writer.add(entry.path, entry.member, entry.id);
+        const auto result = m_context.control.isCanceled() ? ArchiveWriter::Result::Stopped
+                                                           : writer.add(entry.path, entry.member, entry.id);
         if (result == ArchiveWriter::Result::Stopped)
             return frame.finish(CANCEL, tr("Operation stopped. Repository not exported."));
         if (result == ArchiveWriter::Result::Failed)
@@ -59,7 +57,7 @@ int ExportJob::exportRepo()
     }
     if (!writer.commit())
         return failed(&frame, writer.error());
-    m_context.showProgress();
+    m_context.progress.show();
     warnOfLeftOut(listing.leftOut);
     return frame.finish(SUCCESS, tr("Repository exported."));
 }
@@ -67,13 +65,13 @@ int ExportJob::exportRepo()
 int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDepends)
 {
     JobFrame frame(m_context, packages.size() == 1 ? tr("Exporting package") : tr("Exporting packages"));
-    if (!mayExport() || !m_context.mayRun())
+    if (!mayExport() || !JobPreconditions::mayRun(m_context))
         return frame.finish(ERROR, tr("Repository is not exported"));
     const QList<PackageInfoPtr> needed
-        = withDepends ? localDependencies(packages, LocalCandidates(m_context.packages().all()))
+        = withDepends ? localDependencies(packages, LocalCandidates(m_context.packages.all()))
                       : QList<PackageInfoPtr>();
     const auto files = poolFiles(packages + needed);
-    ArchiveWriter writer(m_target, [this] { return m_context.isCanceled(); });
+    ArchiveWriter writer(m_target, [this] { return m_context.control.isCanceled(); });
     if (!writer.open())
         return failed(&frame, writer.error());
 
@@ -86,7 +84,7 @@ int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDe
         // Components can hold different packages under one file name.
         if (members.value(member, file) != file)
             member.prepend(package->indexComponent + QLatin1Char('/'));
-        if (m_context.isCanceled())
+        if (m_context.control.isCanceled())
             result = ArchiveWriter::Result::Stopped;
         else if (file.isEmpty())
             return failed(&frame, tr("The file of the package %1 is not known.").arg(package->name));
@@ -106,8 +104,9 @@ int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDe
             return leftOut.contains(poolFile(files.value(PackageKey::of(*package))));
         };
         packed.erase(std::remove_if(packed.begin(), packed.end(), isLeftOut), packed.end());
-        missing = unmetEntries(packed, [this] { return m_context.isCanceled(); });
-        result = m_context.isCanceled() ? ArchiveWriter::Result::Stopped : addMissing(&writer, missing);
+        missing = unmetEntries(packed, [this] { return m_context.control.isCanceled(); });
+        result
+            = m_context.control.isCanceled() ? ArchiveWriter::Result::Stopped : addMissing(&writer, missing);
         if (result == ArchiveWriter::Result::Failed)
             return failed(&frame, writer.error());
     }
@@ -149,7 +148,7 @@ QString ExportJob::leftOutText(const QStringList &names)
 void ExportJob::noteLeftOut(const QStringList &names)
 {
     for (const QString &name : names)
-        m_context.noted(tr("Left out, since it leads out of the repository: %1").arg(name));
+        Q_EMIT m_context.listener.noted(tr("Left out, since it leads out of the repository: %1").arg(name));
 }
 
 void ExportJob::warnOfLeftOut(const QStringList &names)
@@ -160,7 +159,7 @@ void ExportJob::warnOfLeftOut(const QStringList &names)
     QStringList lines = names.mid(0, MostNamed);
     if (names.size() > MostNamed)
         lines << QString(QChar(0x2026));
-    m_context.critical(leftOutText(names), lines.join(QLatin1Char('\n')), WARNING);
+    m_context.errors.critical(leftOutText(names), lines.join(QLatin1Char('\n')), WARNING);
 }
 
 ArchiveWriter::Result ExportJob::addMissing(ArchiveWriter *writer, const QVector<UnmetEntry> &missing)
@@ -191,7 +190,7 @@ void ExportJob::warnOfMissing(const QVector<UnmetEntry> &missing)
     }
     if (missing.size() > MostNamed)
         lines << QString(QChar(0x2026));
-    m_context.critical(
+    m_context.errors.critical(
         tr("%n dependency(ies) of the exported packages are not in the archive %1. The file %2 in it "
            "lists them all.",
            nullptr,
@@ -205,21 +204,19 @@ bool ExportJob::mayExport()
 {
     const QString repoPath = m_context.path();
     if (!QFileInfo(repoPath).isDir()) {
-        m_context.critical(tr("Can't open repository dir"), repoPath);
+        m_context.errors.critical(tr("Can't open repository dir"), repoPath);
         return false;
     }
     const QString place = PathGuard::resolved(m_target);
     if (place.startsWith(PathGuard::resolved(repoPath) + QLatin1Char('/'))) {
-        m_context.critical(
+        m_context.errors.critical(
             tr("Can't create archive for export"),
             tr("%1 lies in the repository itself. Choose a place outside of it.").arg(m_target));
         return false;
     }
     const RepoLock::State state = RepoLock::state(repoPath);
     if (state != RepoLock::State::Free && state != RepoLock::State::Stale) {
-        m_context.critical(
-            tr("The repository %1 is being changed by another program. Try again when it is done.")
-                .arg(repoPath));
+        m_context.errors.critical(RepoLock::busyText(repoPath));
         return false;
     }
     return true;
@@ -227,7 +224,7 @@ bool ExportJob::mayExport()
 
 int ExportJob::failed(JobFrame *frame, const QString &reason)
 {
-    m_context.critical(tr("Can't create archive for export"), reason);
+    m_context.errors.critical(tr("Can't create archive for export"), reason);
     return frame->finish(ERROR, tr("Repository is not exported"));
 }
 
@@ -240,26 +237,22 @@ QHash<PackageKey, QString> ExportJob::poolFiles(const QList<PackageInfoPtr> &pac
 {
     // A question for each takes longer than copying most packages; all at once can be asked in one run.
     constexpr int FewPackages = 4;
+    const QString folder = m_context.path() + QLatin1Char('/');
+    const QString codename = m_context.repository.info().codename;
     QHash<PackageKey, QString> files;
     if (packages.size() <= FewPackages) {
         for (const PackageInfoPtr &package : packages) {
-            m_context.packageFilePath(package->name, package->indexComponent, package->architecture);
-            const QStringList lines = m_context.lastOutput().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-            for (const QString &line : lines)
-                if (line.endsWith(suffixOf(*package)))
-                    files.insert(PackageKey::of(*package), m_context.path() + QLatin1Char('/') + line);
+            const ProcessResult listed = m_context.reprepro.run(ReproCommand::listFiles(
+                codename, package->name, package->indexComponent, package->architecture));
+            for (const QString &file : ReproListing::files(listed.output))
+                if (PackageNames::typeOfFile(file) == package->type)
+                    files.insert(PackageKey::of(*package), folder + file);
         }
         return files;
     }
-    m_context.runReprepro(ReproCommand::listAllFiles(m_context.repoInfo().codename));
-    const QStringList lines = m_context.lastOutput().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    files.reserve(lines.size());
-    for (const QString &line : lines) {
-        const QString file = line.section(QLatin1Char(' '), 3);
-        const auto type = file.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
-        const QStringList words = line.split(QLatin1Char(' '));
-        files.insert({words.value(2), words.value(0), words.value(1), type},
-                     m_context.path() + QLatin1Char('/') + file);
-    }
+    const ProcessResult listed = m_context.reprepro.run(ReproCommand::listAllFiles(codename));
+    for (const ReproListing::Package &package : ReproListing::packages(listed.output))
+        files.insert({package.name, package.component, package.architecture, package.type()},
+                     folder + package.file);
     return files;
 }

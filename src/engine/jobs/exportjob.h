@@ -14,7 +14,7 @@
 #include <QStringList>
 #include <QVector>
 
-class JobContext;
+struct JobContext;
 class JobFrame;
 
 /** Writes the repository, or the files of some of its packages, to an archive. */

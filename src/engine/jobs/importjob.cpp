@@ -6,7 +6,8 @@
 #include "engine/archive/packageextractor.h"
 #include "engine/archive/unpackplace.h"
 #include "engine/changes/jobframe.h"
-#include "engine/changes/packageadding.h"
+#include "engine/changes/jobpreconditions.h"
+#include "engine/jobs/packageadding.h"
 #include "files/regularfile.h"
 #include "files/scratchfolder.h"
 
@@ -30,12 +31,12 @@ qint64 sizeOf(const QStringList &files)
 int ImportJob::run(const QString &source, const AddOptions &options)
 {
     JobFrame frame(m_context, tr("Start repo import"));
-    if (!m_context.mayChange())
+    if (!JobPreconditions::mayChange(m_context))
         return frame.finish(ERROR, tr("Import error!"));
     const auto cleanUp = qScopeGuard([this] { m_folder.reset(); });
     QStringList files;
     const ErrorCode collected = collectPackages(source, &files);
-    if (m_context.isCanceled() || collected == CANCEL)
+    if (m_context.control.isCanceled() || collected == CANCEL)
         return frame.finish(CANCEL, tr("Package(s) not imported"));
     if (collected != SUCCESS)
         return frame.finish(ERROR, tr("Import error!"));
@@ -44,10 +45,10 @@ int ImportJob::run(const QString &source, const AddOptions &options)
 
     constexpr bool WithoutCheck = false;
     PackageAdding adding(m_context, options, files.size() == 1, WithoutCheck);
-    adding.run().shownNames = m_members;
+    adding.setShownNames(m_members);
     if (adding.addFiles(files, &frame) == CANCEL) {
         if (adding.addedCount() > 0)
-            m_context.noted(
+            Q_EMIT m_context.listener.noted(
                 tr("%n package(s) had been imported before the stop.", nullptr, adding.addedCount()));
         return frame.finish(CANCEL, tr("Package(s) not imported"));
     }
@@ -59,23 +60,23 @@ RepoEnums::ErrorCode ImportJob::collectPackages(const QString &source, QStringLi
     const QFileInfo info(source);
     const QString refusal = info.isDir() ? QString() : RegularFile::refusal(source);
     if (!refusal.isEmpty()) {
-        m_context.critical(tr("Can't open archive for import!"), refusal);
+        m_context.errors.critical(tr("Can't open archive for import!"), refusal);
         return ERROR;
     }
     if (!info.isDir())
         return unpackPackages(source, files);
     if (!info.isReadable()) {
-        m_context.critical(tr("Can't open archive for import!"), source);
+        m_context.errors.critical(tr("Can't open archive for import!"), source);
         return ERROR;
     }
-    *files
-        = ArchiveContents::packagesBelow(source, m_context.path(), [this] { return m_context.isCanceled(); });
+    *files = ArchiveContents::packagesBelow(
+        source, m_context.path(), [this] { return m_context.control.isCanceled(); });
     return SUCCESS;
 }
 
 RepoEnums::ErrorCode ImportJob::unpackPackages(const QString &archive, QStringList *files)
 {
-    const auto stopped = [this] { return m_context.isCanceled(); };
+    const auto stopped = [this] { return m_context.control.isCanceled(); };
     bool isMounting = true;
     ArchiveUtils mounted;
     QObject::connect(&mounted,
@@ -83,8 +84,8 @@ RepoEnums::ErrorCode ImportJob::unpackPackages(const QString &archive, QStringLi
                      &mounted,
                      [this, &isMounting](const QString &text, const QString &details) {
                          // A mount that was stopped has failed as wished.
-                         if (!isMounting || !m_context.isCanceled())
-                             m_context.critical(text, details);
+                         if (!isMounting || !m_context.control.isCanceled())
+                             m_context.errors.critical(text, details);
                      });
     mounted.setStopRequest(stopped);
     if (!mounted.mount(archive))
@@ -103,10 +104,10 @@ RepoEnums::ErrorCode ImportJob::unpackPackages(const QString &archive, QStringLi
         result = extractor.copy(listed);
     mounted.umount();
     if (result == PackageExtractor::Result::Damaged)
-        m_context.critical(tr("Can't open archive for import!"), extractor.error());
+        m_context.errors.critical(tr("Can't open archive for import!"), extractor.error());
     // What is mounted looks empty when its links cannot be followed.
-    if (!isTar && listed.isEmpty() && !m_context.isCanceled())
-        m_context.critical(
+    if (!isTar && listed.isEmpty() && !m_context.control.isCanceled())
+        m_context.errors.critical(
             tr("Can't open archive for import!"),
             tr("No packages are to be read in %1. It holds none, is damaged, or has a link to a file "
                "that it lacks.")
@@ -119,7 +120,7 @@ RepoEnums::ErrorCode ImportJob::unpackPackages(const QString &archive, QStringLi
         member = prefix + (isTar ? member : QDir(mounted.mountPoint()).relativeFilePath(member));
     const QStringList passedOver = extractor.passedOver();
     for (const QString &member : passedOver)
-        m_context.noted(
+        Q_EMIT m_context.listener.noted(
             tr("Not added: %1. The archive has only a link or a folder of this name, and no file.")
                 .arg(prefix + member));
     if (result == PackageExtractor::Result::Refused)
@@ -136,7 +137,7 @@ bool ImportJob::makeFolder(qint64 needed)
         QStringList lines;
         for (const UnpackPlace::Candidate &candidate : candidates)
             lines << tr("%1: %2 free").arg(candidate.folder, locale.formattedDataSize(candidate.free));
-        m_context.critical(
+        m_context.errors.critical(
             tr("Can't open archive for import!"),
             tr("There is too little room to unpack it: its packages need %1, and a part of what is "
                "free has to stay so.")
@@ -147,15 +148,15 @@ bool ImportJob::makeFolder(qint64 needed)
     m_folder = std::make_unique<ScratchFolder>(place);
     if (m_folder->isValid())
         return true;
-    m_context.critical(tr("Can't open archive for import!"),
-                       tr("No temporary folder could be made to unpack it in."));
+    m_context.errors.critical(tr("Can't open archive for import!"),
+                              tr("No temporary folder could be made to unpack it in."));
     return false;
 }
 
 bool ImportJob::mayUnpack(const QString &archive, qint64 unpacked, qint64 size)
 {
     const QLocale locale;
-    return m_context.ask(
+    return m_context.control.ask(
         tr("Start repo import"),
         tr("The archive %1 has %2, and its packages need more than %3. It may be damaged, or have "
            "been made to fill the disk. Do you want to go on with it?")

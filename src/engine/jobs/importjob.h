@@ -10,7 +10,7 @@
 
 #include <memory>
 
-class JobContext;
+struct JobContext;
 class ScratchFolder;
 
 /** Adds the packages in an archive, or those below a folder. */

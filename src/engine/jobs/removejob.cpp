@@ -3,7 +3,10 @@
 
 #include "engine/changes/exportsession.h"
 #include "engine/changes/jobframe.h"
+#include "engine/changes/jobpreconditions.h"
+#include "engine/changes/jobsession.h"
 #include "engine/changes/packageremoval.h"
+#include "engine/recovery/sessionend.h"
 
 namespace
 {
@@ -15,16 +18,16 @@ constexpr int PackagesTogether = 25;
 int RemoveJob::run(const QList<PackageInfoPtr> &packages)
 {
     JobFrame frame(m_context, packages.size() == 1 ? tr("Removing package") : tr("Removing packages"));
-    if (!m_context.mayChange())
+    if (!JobPreconditions::mayChange(m_context))
         return frame.finish(ERROR, tr("%n packages removed: %1", nullptr, 0).arg(QString()));
-    ExportSession session = m_context.makeSession(JobContext::RoomMakingSession);
+    ExportSession session = JobSession::begin(m_context, JobSession::RoomMaking);
     PackageRemoval removal(m_context, &session);
     QStringList removed;
     bool stopped = false;
     bool isComplete = true;
     int done = 0;
     while (done < packages.size() && !stopped && !session.isDamaged()) {
-        stopped = m_context.mustEnd() || session.isRefused();
+        stopped = m_context.control.mustEnd() || session.isRefused();
         if (stopped)
             break;
         // The first run of a job writes the indices.
@@ -35,7 +38,7 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
         for (const PackageInfoPtr &package : next) {
             ++done;
             // What is out already is told of, also after a stop.
-            stopped = stopped || m_context.mustEnd() || session.isRefused();
+            stopped = stopped || m_context.control.mustEnd() || session.isRefused();
             const bool isLeft = stopped && together && !removal.isOut(*package);
             isComplete = isComplete && !isLeft;
             if (session.isDamaged() || isLeft)
@@ -45,13 +48,13 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
             frame.itemDone(packages.size());
         }
     }
-    if (!m_context.finishSession(&session))
+    if (!SessionEnd::end(m_context, &session))
         removed.clear();
     // A list that was empty from the start may only be one that could not be read.
-    if (m_context.packages().count() == 0 && !removed.isEmpty())
-        m_context.clearStoredResults();
+    if (m_context.packages.count() == 0 && !removed.isEmpty())
+        Q_EMIT m_context.listener.requestForClearingStoredInformation();
     else
-        m_context.savePackages();
+        Q_EMIT m_context.listener.requestForSavingPackages(m_context.packages.all());
     // A stop that came when all was done has stopped nothing.
     if (stopped && (!isComplete || done < packages.size()))
         return frame.finish(

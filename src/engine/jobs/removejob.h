@@ -7,7 +7,7 @@
 #include <QCoreApplication>
 #include <QList>
 
-class JobContext;
+struct JobContext;
 
 /** Removes packages from the repository. */
 class RemoveJob : public RepoEnums

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/signjob.h"
 
+#include "engine/changes/addedfile.h"
 #include "engine/changes/jobframe.h"
-#include "engine/changes/packageadding.h"
-#include "engine/changes/packageinclusion.h"
+#include "engine/changes/jobpreconditions.h"
+#include "engine/jobs/packageadding.h"
 
 #include <QHash>
 
 int SignJob::run(const QList<PackageInfoPtr> &packages, const QString &keyId)
 {
     JobFrame frame(m_context, packages.size() == 1 ? tr("Package signing") : tr("Packages signing"));
-    if (!m_context.mayChange())
+    if (!JobPreconditions::mayChange(m_context))
         return frame.finish(ERROR, tr("%n package(s) is signed: %1", nullptr, 0).arg(QString()));
     const AddOptions options{QString(), true, keyId};
     PackageAdding adding(m_context, options, packages.size() == 1, false);
@@ -18,12 +19,12 @@ int SignJob::run(const QList<PackageInfoPtr> &packages, const QString &keyId)
     QHash<QString, bool> files; // the files that have been dealt with, and whether they are signed
     bool stopped = false;
     for (const PackageInfoPtr &package : packages) {
-        stopped = m_context.mustEnd() || adding.run().session.isRefused();
-        if (stopped || adding.run().session.isDamaged())
+        stopped = adding.mustEnd();
+        if (stopped || adding.isDamaged())
             break;
         const QString file = package->filePath();
         if (!files.contains(file))
-            files.insert(file, signPackage(package, &adding.run()));
+            files.insert(file, signPackage(package, &adding));
         if (files.value(file))
             names.append(displayFileName(*package));
         frame.itemDone(packages.size());
@@ -40,12 +41,12 @@ int SignJob::run(const QList<PackageInfoPtr> &packages, const QString &keyId)
                         tr("%n package(s) is signed: %1", nullptr, names.size()).arg(joined));
 }
 
-bool SignJob::signPackage(const PackageInfoPtr &package, AddRun *run)
+bool SignJob::signPackage(const PackageInfoPtr &package, PackageAdding *adding)
 {
-    const PackageInfoPtr present = m_context.packages().find(PackageKey::of(*package));
+    const PackageInfoPtr present = m_context.packages.find(PackageKey::of(*package));
     if (!present)
         return false;
-    AddedFile file{*run, present->filePath()};
-    const ErrorCode result = PackageInclusion(m_context).include(&file, *present, true);
+    AddedFile file = adding->fileAt(present->filePath());
+    const ErrorCode result = adding->replace(&file, *present);
     return result == SUCCESS || result == PACKAGE_GPGERROR;
 }

@@ -7,8 +7,8 @@
 #include <QCoreApplication>
 #include <QList>
 
-struct AddRun;
-class JobContext;
+struct JobContext;
+class PackageAdding;
 
 /** Puts signed copies of packages' files into their places. */
 class SignJob : public RepoEnums
@@ -24,5 +24,5 @@ public:
 private:
     JobContext &m_context;
 
-    bool signPackage(const PackageInfoPtr &package, AddRun *run);
+    bool signPackage(const PackageInfoPtr &package, PackageAdding *adding);
 };

@@ -6,6 +6,8 @@
 #include <QMutex>
 #include <QString>
 
+#include <atomic>
+
 /** The repository that an engine has open, and its description. Thread-safe. */
 class OpenRepository
 {
@@ -19,9 +21,14 @@ public:
     void set(const QString &path, const RepoInfo &info);
     void setInfo(const RepoInfo &info);
 
+    /** Whether the user may change the repository, as of its last reading. */
+    bool isWritable() const { return m_isWritable; }
+    void setWritable(bool isWritable) { m_isWritable = isWritable; }
+
 private:
     mutable QMutex m_mutex;
     QString m_path;
     QString m_canonicalPath;
     RepoInfo m_info;
+    std::atomic<bool> m_isWritable{true};
 };

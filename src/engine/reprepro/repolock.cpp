@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reprepro/repolock.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -50,4 +51,12 @@ RepoLock::State RepoLock::state(const QString &repoPath)
 bool RepoLock::remove(const QString &repoPath)
 {
     return QFile::remove(lockFile(repoPath));
+}
+
+QString RepoLock::busyText(const QString &repoPath)
+{
+    return QCoreApplication::translate(
+               "RepoShell",
+               "The repository %1 is being changed by another program. Try again when it is done.")
+        .arg(repoPath);
 }

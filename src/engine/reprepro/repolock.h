@@ -16,6 +16,8 @@ enum class State {
 
 /** Checks the lock file, and searches /proc for a reprepro that has the database open. */
 State state(const QString &repoPath);
+/** The error of a job that cannot work on the repository, because another program does. */
+QString busyText(const QString &repoPath);
 /** Deletes the lock. Call it only after state() was Stale and the user has agreed. */
 bool remove(const QString &repoPath);
 } // namespace RepoLock

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reprepro/repositorycopy.h"
 
+#include "engine/reprepro/repolock.h"
 #include "files/asidedirectory.h"
 #include "files/removetree.h"
 
@@ -93,8 +94,7 @@ bool RepositoryCopy::isUntouched()
 {
     if (databaseState() == m_database)
         return true;
-    m_error
-        = tr("The repository %1 is being changed by another program. Try again when it is done.").arg(m_from);
+    m_error = RepoLock::busyText(m_from);
     return false;
 }
 

@@ -1,15 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reprepro/repreprocommands.h"
 
+#include "core/packagenames.h"
+
 #include <algorithm>
 
 namespace
 {
-QString suffixOf(PackageType type)
-{
-    return type == PackageType::Udeb ? QStringLiteral("udeb") : QStringLiteral("deb");
-}
-
 /** QProcess reads three double quotes as one literal double quote. */
 QString escaped(const QString &text)
 {
@@ -102,7 +99,7 @@ QString ReproCommand::remove(const QString &codename,
 {
     QString arguments;
     if (type != nullptr)
-        arguments += QStringLiteral("-T %1 ").arg(suffixOf(*type));
+        arguments += QStringLiteral("-T %1 ").arg(PackageNames::suffix(*type));
     if (!component.isEmpty())
         arguments += QStringLiteral("-C %1 ").arg(quoted(component));
     if (!architecture.isEmpty() && architecture != QLatin1String("all"))
@@ -119,13 +116,12 @@ QString ReproCommand::include(const QString &codename, const PackageInfo &record
     QString section = record.section;
     if (record.component != record.indexComponent)
         section.prepend(record.component + QLatin1Char('/'));
-    const bool isUdeb = files.first().endsWith(QLatin1String(".udeb"));
     QString arguments = QStringLiteral("-C %1 ").arg(quoted(record.indexComponent));
     if (!record.architecture.isEmpty())
         arguments += QStringLiteral("-A %1 ").arg(quoted(record.architecture));
     arguments += QStringLiteral("-S %1 include%2 %3")
                      .arg(quoted(section),
-                          suffixOf(isUdeb ? PackageType::Udeb : PackageType::Deb),
+                          PackageNames::suffix(PackageNames::typeOfFile(files.first())),
                           quoted(codename));
     for (const QString &file : files)
         arguments += QLatin1String(" \"") + escaped(file) + QLatin1Char('"');
@@ -176,19 +172,4 @@ QString ReproCommand::listAllFilesIn(const QString &databaseFolder, const QStrin
     // The database can be older than the description of the repository.
     return QStringLiteral("--ignore=undefinedtarget --dbdir %1 %2")
         .arg(quoted(databaseFolder), listAllFiles(codename));
-}
-
-QString ReproCommand::poolFile(const PackageInfo &package, const QString &controlArchitecture)
-{
-    // "Source: name (version)" is present only when the source name or version differs from the package.
-    QString source = package.control.field("Source").section(QLatin1Char(' '), 0, 0);
-    if (source.isEmpty())
-        source = package.name;
-    const bool library = source.startsWith(QLatin1String("lib")) && source.size() > 3;
-    // The epoch is not part of a file name.
-    const QString version = package.version.mid(package.version.indexOf(QLatin1Char(':')) + 1);
-    const QString folder
-        = QStringLiteral("pool/%1/%2/%3").arg(package.component, source.left(library ? 4 : 1), source);
-    return QStringLiteral("%1/%2_%3_%4.%5")
-        .arg(folder, package.name, version, controlArchitecture, suffixOf(package.type));
 }

@@ -78,7 +78,4 @@ QString listAllFiles(const QString &codename);
 
 /** The same for a database in another folder. */
 QString listAllFilesIn(const QString &databaseFolder, const QString &codename);
-
-/** The path of a package's file, which reprepro chooses, relative to the repository's directory. */
-QString poolFile(const PackageInfo &package, const QString &controlArchitecture);
 } // namespace ReproCommand

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "engine/jobs/upgraderules.h"
+#include "engine/upgrade/upgraderules.h"
 #include "ui/widgets/checktabledialog.h"
 
 #include <functional>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packages/packagedrop.h"
 
+#include "core/packagenames.h"
+
 #include <QDirIterator>
 #include <QFileInfo>
 #include <QMimeData>
@@ -27,7 +29,7 @@ QStringList PackageDrop::paths(const QMimeData *data)
 
 bool PackageDrop::isPackageName(const QString &path)
 {
-    return path.endsWith(QLatin1String(".deb")) || path.endsWith(QLatin1String(".udeb"));
+    return PackageNames::isPackageFile(path);
 }
 
 PackageDrop::Packages PackageDrop::packagesAt(const QStringList &paths)

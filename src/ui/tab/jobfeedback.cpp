@@ -336,7 +336,7 @@ void JobFeedback::packagesReplacementHandler(const QPointer<RepoWidget> &widget,
 {
     if (package.isNull() || widget.isNull())
         return;
-    const RepoShell::Newcomer newcomer = widget->repoShell()->newcomer();
+    const CollidingFile newcomer = widget->repoShell()->collidingFile();
     PackageReplacementDialog dialog(
         collision, *package, singlePackage || newcomer.isLast, m_prompts.window());
     dialog.setRepository(about(widget));

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/changes/jobsession.h"
+
+#include "engine/changes/jobcontext.h"
+#include "engine/reprepro/repolock.h"
+
+ExportSession JobSession::begin(JobContext &context, Kind kind)
+{
+    const auto run = [&context](const QString &arguments, const QStringList &environment) {
+        return context.reprepro.run(arguments, environment);
+    };
+    const auto lock = [&context] {
+        const bool isLocked = context.lock.take(context.path());
+        if (!isLocked && !context.control.isLockedOut()) {
+            context.control.setLockedOut(true);
+            context.errors.critical(RepoLock::busyText(context.path()));
+        }
+        return isLocked;
+    };
+    const auto configFolder = [&context] { return context.gate.admit(context.path()).configFolder(); };
+    if (kind == Usual)
+        return ExportSession(context.path(), {run, lock, configFolder});
+    return ExportSession(context.path(),
+                         {run, lock, configFolder, [&context] { return agreesToCopyInMemory(context); }});
+}
+
+bool JobSession::agreesToCopyInMemory(JobContext &context)
+{
+    return context.control.ask(
+        tr("Disk is full"),
+        tr("There is too little room on the disk of the repository for a copy of its database, which is "
+           "kept as long as a job changes it, and there is none on another disk. The copy can be kept in "
+           "memory: the repository may be damaged if the power fails or the system is shut down before "
+           "the job ends. Do you want to go on?"),
+        false);
+}

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "apt/externalrepos.h"
+#include "core/settingskeys.h"
+
+#include <QMutex>
+#include <QString>
+#include <QStringList>
+
+#include <atomic>
+#include <functional>
+
+/** What the user has set for all jobs of an engine. For any thread. */
+class JobChoices
+{
+public:
+    /** Whether a job that adds packages checks their dependencies too. */
+    bool checksDependsOnAdd() const { return m_checksDependsOnAdd; }
+    void setChecksDependsOnAdd(bool check) { m_checksDependsOnAdd = check; }
+    /** Where dependencies are looked for: a DependsRepoType. */
+    int dependsRepoType() const { return m_dependsRepoType; }
+    void setDependsRepoType(int type) { m_dependsRepoType = type; }
+    void setExternalRepos(const ExternalRepos &repos);
+    /** Tells whether packages of an origin that apt names count. One thread may call the function. */
+    std::function<bool(const QString &origin)> acceptedOrigins() const;
+    /** Directories of the repositories that other engines have open. No job wipes one of them. */
+    QStringList openRepositories() const;
+    void setOpenRepositories(const QStringList &paths);
+
+private:
+    std::atomic<bool> m_checksDependsOnAdd{true};
+    std::atomic<int> m_dependsRepoType{DependsEverywhere};
+
+    mutable QMutex m_mutex; ///< guards the members below
+    ExternalRepos m_externalRepos;
+    QStringList m_openRepositories;
+};

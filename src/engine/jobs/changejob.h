@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "core/repoenums.h"
+#include "core/repoinfo.h"
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+struct JobContext;
+struct RepoChange;
+
+/** Changes the description of the open repository, and moves the repository where that is wanted. */
+class ChangeJob : public RepoEnums
+{
+    Q_DECLARE_TR_FUNCTIONS(RepoShell)
+public:
+    /** What the user wants; RepoShell::changeRepo() describes the members. */
+    struct Wish
+    {
+        QString path; ///< absolute
+        RepoInfo info;
+        std::optional<QByteArray> given = {};
+        bool carriesPackages = false;
+    };
+
+    explicit ChangeJob(JobContext &context)
+        : m_context(context)
+    { }
+
+    int run(const Wish &wish);
+
+private:
+    JobContext &m_context;
+
+    bool isUnderstood(const QByteArray &text, const std::optional<QByteArray> &given);
+    bool userAgreesToLosses(const QByteArray &text, const Wish &wish);
+    bool keepForUndoing(const QByteArray &text);
+    void tellOfGone(const RepoChange &change, const QList<PackageInfoPtr> &before);
+};

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/jobs/checkjob.h"
+
+#include "apt/aptcandidates.h"
+#include "apt/aptutils.h"
+#include "core/settingskeys.h"
+#include "depends/dependscheck.h"
+#include "depends/dependsreport.h"
+#include "depends/localcandidates.h"
+#include "engine/changes/jobframe.h"
+
+#include <QSet>
+
+int CheckJob::run(const QList<PackageInfoPtr> &packages)
+{
+    JobFrame frame(m_context, tr("Checking depends"));
+    const auto records = presentRecords(packages);
+    m_context.progress.setRange(records.size());
+    const bool isOn = m_context.choices.dependsRepoType() != DependsNowhere;
+    const int checked = checkRecords(records, [&frame] { frame.quickItemDone(); });
+    m_context.progress.show();
+    if (checked > 0)
+        Q_EMIT m_context.listener.requestForSavingPackages(m_context.packages.all());
+    if (isOn && checked < records.size())
+        return frame.finish(
+            CANCEL,
+            tr("Operation stopped. %1 of %n package(s) depends checked", nullptr, records.size())
+                .arg(checked),
+            CHECK_DEPENDS_JOB);
+    return frame.finish(SUCCESS, tr("Depends checked"), CHECK_DEPENDS_JOB);
+}
+
+void CheckJob::checkPresent(const QList<PackageInfoPtr> &packages)
+{
+    const auto records = presentRecords(packages);
+    const int checked = checkRecords(records);
+    if (m_context.choices.dependsRepoType() != DependsNowhere && checked < records.size() && mustStop())
+        Q_EMIT m_context.listener.noted(
+            tr("Operation stopped. %1 of %n package(s) depends checked", nullptr, records.size())
+                .arg(checked));
+}
+
+QList<PackageInfoPtr> CheckJob::presentRecords(const QList<PackageInfoPtr> &packages) const
+{
+    QList<PackageInfoPtr> records;
+    QSet<PackageInfoPtr> seen;
+    for (const PackageInfoPtr &package : packages) {
+        const PackageInfoPtr record = m_context.packages.find(PackageKey::of(*package));
+        if (!record || seen.contains(record))
+            continue;
+        seen.insert(record);
+        records.append(record);
+    }
+    return records;
+}
+
+int CheckJob::checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone)
+{
+    const int selection = m_context.choices.dependsRepoType();
+    if (selection == DependsNowhere || records.isEmpty())
+        return 0;
+    LocalCandidates local(m_context.packages.all());
+    AptCandidates apt(QString(), m_context.choices.acceptedOrigins());
+    QList<PackageInfoPtr> results;
+    const int checked = DependsCheck(selection, &local, &apt)
+                            .run(
+                                records,
+                                [&](const PackageInfoPtr &package, const auto &result) {
+                                    const auto record = QSharedPointer<PackageInfo>::create(*package);
+                                    record->dependsInfo = result;
+                                    if (m_context.packages.replace(record))
+                                        Q_EMIT m_context.listener.packageChanged(record);
+                                    results.append(record);
+                                    if (itemDone)
+                                        itemDone();
+                                },
+                                [this] { return mustStop(); });
+    tellAptFailure(&apt);
+    // Who only adds packages need not close a box each time; the summary, which goes into the log, says as much.
+    if (itemDone)
+        tellUnknownArchitectures(DependsReport::summary(results).unknownArchitectures);
+    if (!results.isEmpty())
+        Q_EMIT m_context.listener.dependsSummary(DependsReport::summaryLines(results));
+    return checked;
+}
+
+void CheckJob::tellAptFailure(AptCandidates *apt)
+{
+    if (apt->failed())
+        m_context.errors.critical(apt->errorText(), apt->errorDetail(), WARNING);
+    else if (!mustStop() && apt->lacksSources())
+        m_context.errors.critical(AptUtils::tr("Apt error"), AptUtils::noSourcesText(), WARNING);
+}
+
+void CheckJob::tellUnknownArchitectures(const QStringList &architectures)
+{
+    if (!architectures.isEmpty() && !mustStop())
+        m_context.errors.critical(AptUtils::unknownArchitecturesText(architectures), QString(), WARNING);
+}
+
+bool CheckJob::mustStop() const
+{
+    return m_context.control.isCanceled() || m_context.control.isClosing();
+}

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "core/repoenums.h"
+
+#include <QCoreApplication>
+#include <QList>
+
+#include <functional>
+
+class AptCandidates;
+struct JobContext;
+
+/** Checks whether the dependencies of packages can be met; the records with the results go out as changed packages. */
+class CheckJob : public RepoEnums
+{
+    Q_DECLARE_TR_FUNCTIONS(RepoShell)
+public:
+    explicit CheckJob(JobContext &context)
+        : m_context(context)
+    { }
+
+    int run(const QList<PackageInfoPtr> &packages);
+    /** The step of other jobs that checks what is there of these packages. */
+    void checkPresent(const QList<PackageInfoPtr> &packages);
+    /** Tells that apt could not be asked, or has nothing to answer from. */
+    void tellAptFailure(AptCandidates *apt);
+    /** Tells that apt could not be asked about these architectures, if there are any. */
+    void tellUnknownArchitectures(const QStringList &architectures);
+
+private:
+    JobContext &m_context;
+
+    QList<PackageInfoPtr> presentRecords(const QList<PackageInfoPtr> &packages) const;
+    int checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone = {});
+    bool mustStop() const;
+};

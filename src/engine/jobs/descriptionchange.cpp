@@ -1,0 +1,161 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/jobs/descriptionchange.h"
+
+#include "engine/changes/jobcontext.h"
+#include "engine/changes/jobsession.h"
+#include "engine/changes/signaturerecord.h"
+#include "engine/repository/distributions.h"
+#include "engine/repository/distributionsfile.h"
+#include "engine/repository/vanishedindices.h"
+#include "engine/reprepro/databasecopy.h"
+#include "engine/reprepro/repreproanswers.h"
+#include "engine/reprepro/repreprocommands.h"
+#include "engine/reprepro/reprolisting.h"
+
+#include <QSet>
+
+#include <cstdlib>
+#include <utility>
+
+DescriptionChange::DescriptionChange(JobContext &context, RepoChange change, QByteArray text)
+    : m_context(context)
+    , m_change(std::move(change))
+    , m_text(std::move(text))
+    , m_session(JobSession::begin(context))
+{ }
+
+bool DescriptionChange::run()
+{
+    const QString path = m_context.path();
+    const QList<PackageInfoPtr> packages = m_context.packages.all();
+    const ProcessResult prepared = prepare(packages);
+    m_details = prepared.errorOutput;
+    m_context.repository.set(path, m_change.after);
+    if (!prepared.succeeded())
+        return false;
+    if (const DistributionsFile file(path); !file.write(m_change.after)) {
+        m_details = tr("Impossible to create file %1!").arg(file.fileName());
+        return false;
+    }
+    m_context.gate.renew(path);
+    if (!takeOutVanished())
+        return false;
+    removeVanishedIndices(path, m_change.before, m_change.after);
+    // After a kill from here on, the next opening has to go on with the change rather than to undo it.
+    DatabaseCopy::setDescriptionDone(path);
+    if (!exportOrGiveUpSigning())
+        return false;
+    keepSignatures(packages);
+    return true;
+}
+
+ProcessResult DescriptionChange::prepare(const QList<PackageInfoPtr> &packages)
+{
+    ProcessResult result = m_session.keep();
+    // The repository can have moved since its packages were listed.
+    for (const PackageInfoPtr &package : packages)
+        if (!m_change.keepsPlace(*package))
+            m_session.recordAtRisk(m_context.path() + package->filePath().mid(package->root.size()));
+    // Without the field that asks for them, the tracks of the packages would make every later run fail.
+    if (result.succeeded()
+        && Distributions::losesField(QString::fromLocal8Bit(m_text), QStringLiteral("Tracking")))
+        result = m_session.dropTracks(m_change.before.codename);
+    return result.succeeded() ? carryOver(packages) : result;
+}
+
+ProcessResult DescriptionChange::carryOver(const QList<PackageInfoPtr> &packages)
+{
+    const QByteArray bridge = m_change.bridge(m_text);
+    const QString &from = m_change.before.codename;
+    const QString &to = m_change.after.codename;
+    ProcessResult result;
+    result.started = true;
+    if (m_change.isRenaming() && m_change.carries) {
+        result = m_session.changeUnder(bridge, ReproCommand::copyAll(from, to));
+        // The packages of the old name are dropped next, so the listings prove that the new name has them all.
+        const auto listed = [&](const QString &codename) {
+            if (result.succeeded())
+                result = m_session.changeUnder(bridge, ReproCommand::listAllFiles(codename));
+            const auto packagesThere = ReproListing::packages(result.output);
+            return QSet<ReproListing::Package>(packagesThere.cbegin(), packagesThere.cend());
+        };
+        const QSet<ReproListing::Package> missing = listed(from) - listed(to);
+        if (result.succeeded() && !missing.isEmpty()) {
+            result.exitCode = EXIT_FAILURE;
+            result.errorOutput
+                = tr("%n package(s) did not arrive under the new code name.", nullptr, missing.size());
+        }
+    }
+    for (const QString &architecture : m_change.floodedArchitectures(packages))
+        if (result.succeeded())
+            result = m_session.changeUnder(bridge, ReproCommand::flood(to, architecture));
+    return result;
+}
+
+bool DescriptionChange::takeOutVanished()
+{
+    ProcessResult result = m_session.clearVanished(ExportSession::OnlyEmpty);
+    const QStringList codenames{m_change.before.codename, m_change.after.codename};
+    const QStringList components = m_change.before.componentList();
+    const QStringList architectures = m_change.before.architectureList();
+    QStringList unexplained;
+    // What was carried over stands for a moment in all places that there were.
+    const QStringList filled = ReproAnswer::vanishedParts(result.output + result.errorOutput);
+    for (const QString &part : filled) {
+        // CODENAME|COMPONENT|ARCHITECTURE, of .udeb files with u| in front
+        const QStringList words
+            = part.split(QLatin1Char('|')).mid(part.startsWith(QLatin1String("u|")) ? 1 : 0);
+        if (!codenames.contains(words.value(0)) || !components.contains(words.value(1))
+            || !architectures.contains(words.value(2)))
+            unexplained << part;
+    }
+    if (!unexplained.isEmpty()) {
+        m_details = tr("The repository holds packages in places that its description does not name: %1. The "
+                       "change would delete them.")
+                        .arg(unexplained.join(QLatin1String(", ")));
+        return false;
+    }
+    if (result.succeeded())
+        result = m_session.clearVanished(ExportSession::WithPackages);
+    m_details = result.errorOutput;
+    return result.succeeded();
+}
+
+bool DescriptionChange::exportOrGiveUpSigning()
+{
+    ProcessResult result = m_session.finish();
+    m_details = result.errorOutput;
+    if (!ReproAnswer::signingFailed(result.errorOutput))
+        // Any other failure leaves the new description in force, and the marker that indices are owed.
+        return !m_session.isDamaged();
+    m_context.errors.critical(tr("Failed to sign repository!"), result.errorOutput, CRITICAL);
+    RepoInfo unsignedInfo = m_change.after;
+    unsignedInfo.signWith = false;
+    m_context.repository.set(m_context.path(), unsignedInfo);
+    if (const DistributionsFile file(m_context.path()); file.write(unsignedInfo))
+        m_context.gate.renew(m_context.path());
+    else
+        m_context.errors.critical(tr("Impossible to create file %1!").arg(file.fileName()));
+    result = m_session.finish();
+    m_details = result.errorOutput;
+    return result.succeeded();
+}
+
+void DescriptionChange::keepSignatures(const QList<PackageInfoPtr> &packages)
+{
+    QList<PackageInfoPtr> staying;
+    const QStringList flooded = m_change.floodedArchitectures(packages);
+    for (const PackageInfoPtr &package : packages) {
+        if (m_change.keepsPlace(*package))
+            staying.append(package);
+        if (!package->isSigned() || package->ownArchitecture() != QLatin1String("all"))
+            continue;
+        for (const QString &architecture : flooded) {
+            const auto copy = QSharedPointer<PackageInfo>::create(*package);
+            copy->architecture = architecture;
+            SignatureRecord::remember(&m_context, *copy);
+            staying.append(copy);
+        }
+    }
+    SignatureRecord::forgetOthers(&m_context, staying);
+}

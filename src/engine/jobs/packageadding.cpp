@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/jobs/packageadding.h"
+
+#include "core/packagenames.h"
+#include "engine/archive/packagefile.h"
+#include "engine/changes/addedfile.h"
+#include "engine/changes/batchinclusion.h"
+#include "engine/changes/jobframe.h"
+#include "engine/changes/jobsession.h"
+#include "engine/changes/packageremoval.h"
+#include "engine/jobs/checkjob.h"
+#include "engine/recovery/sessionend.h"
+#include "engine/repository/distributions.h"
+#include "engine/repository/distributionsfile.h"
+
+#include <QFileInfo>
+
+#include <memory>
+
+namespace
+{
+bool isCollision(RepoEnums::ErrorCode code)
+{
+    return code == RepoEnums::PACKAGE_EXISTS || code == RepoEnums::PACKAGE_EXISTS_NEW_VERSION
+           || code == RepoEnums::PACKAGE_EXISTS_OLD_VERSION;
+}
+
+bool isDescriptionRead(const QString &repoPath)
+{
+    const auto bytes = DistributionsFile(repoPath).readBytes();
+    return bytes && Distributions::unreadLine(QString::fromUtf8(*bytes)).isEmpty();
+}
+} // namespace
+
+PackageAdding::PackageAdding(JobContext &context,
+                             const AddOptions &options,
+                             bool singlePackage,
+                             bool checksDepends)
+    : m_context(context)
+    , m_options(options)
+    , m_singlePackage(singlePackage)
+    , m_checksDepends(checksDepends)
+    , m_session(JobSession::begin(context))
+    , m_inclusion(context, m_session, options)
+{ }
+
+bool PackageAdding::mustEnd() const
+{
+    return m_context.control.mustEnd() || m_session.isRefused();
+}
+
+AddedFile PackageAdding::fileAt(const QString &path, bool isLast) const
+{
+    return {path, m_shownNames.value(path, path), isLast};
+}
+
+RepoEnums::ErrorCode PackageAdding::replace(AddedFile *file, const PackageInfo &record)
+{
+    return m_inclusion.include(file, record, true);
+}
+
+RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame *frame)
+{
+    // A stop waits for the end of a run, so what takes no second is added file by file.
+    constexpr int ManyFiles = 50;
+    constexpr int FilesTogether = 25;
+    auto reader = std::make_unique<PackageFileReader>(
+        files, 2 * FilesTogether, [this] { return m_context.control.isCanceled(); });
+    bool stopped = false;
+    bool isComplete = true;
+    int done = 0;
+    while (done < files.size() && !stopped) {
+        stopped = mustEnd();
+        if (stopped)
+            break;
+        const bool together = files.size() > ManyFiles && !m_inclusion.isSigning() && m_session.isSilent();
+        const QVector<PackageFile> read = reader->next(together ? FilesTogether : 1);
+        if (together)
+            includeTogether(read);
+        for (const PackageFile &file : read) {
+            ++done;
+            // What has gone in already is told of, also after a stop.
+            stopped = stopped || mustEnd();
+            if (stopped && !m_inclusion.isAhead(file.path)) {
+                isComplete = false;
+                continue;
+            }
+            addReadFile(file, done == files.size());
+            frame->itemDone(files.size());
+        }
+    }
+    reader.reset();
+    finish();
+    // A stop that came when everything was in has stopped nothing.
+    return isComplete && done == files.size() ? SUCCESS : CANCEL;
+}
+
+void PackageAdding::addReadFile(const PackageFile &read, bool isLast)
+{
+    if (isDamaged())
+        return;
+    AddedFile file = fileAt(read.path, isLast);
+    const auto records = read.package ? recordsOf(*read.package) : QVector<PackageInfo>();
+    QString reason = read.reason;
+    if (read.package && records.isEmpty())
+        reason = tr("The package is for the architecture %1, and the repository has these: %2.")
+                     .arg(read.package->architecture,
+                          m_context.repository.info().binaryArchitectures().join(QLatin1String(", ")));
+    if (records.isEmpty())
+        m_context.errors.critical(tr("Error adding package!"),
+                                  file.shownName + QLatin1String(":\n") + file.shownText(reason));
+    else if (addFile(&file, records) == SUCCESS)
+        m_added.append(QFileInfo(read.path).fileName());
+}
+
+bool PackageAdding::finish()
+{
+    const bool stands = SessionEnd::end(m_context, &m_session);
+    if (!stands) {
+        m_added.clear();
+        m_inclusion.forgetIncluded();
+    }
+    m_inclusion.dropBackups();
+    const QList<PackageInfoPtr> included = m_inclusion.included();
+    QList<PackageInfoPtr> unchecked;
+    if (m_context.choices.checksDependsOnAdd() && m_checksDepends)
+        unchecked = included;
+    if (!included.isEmpty())
+        unchecked += m_wanting;
+    if (!m_context.control.isClosing() && !unchecked.isEmpty()) {
+        // A stop was for the adding. What went in is checked until the next stop.
+        m_context.control.goOn();
+        CheckJob(m_context).checkPresent(unchecked);
+    }
+    Q_EMIT m_context.listener.requestForSavingPackages(m_context.packages.all());
+    return stands;
+}
+
+void PackageAdding::includeTogether(const QVector<PackageFile> &files)
+{
+    QVector<BatchInclusion::Candidate> candidates;
+    for (const PackageFile &file : files) {
+        const QVector<PackageInfo> records = file.package ? recordsOf(*file.package) : QVector<PackageInfo>();
+        for (const PackageInfo &record : records)
+            candidates.append({file.path, record});
+    }
+    BatchInclusion(m_context, m_session, m_inclusion).include(candidates);
+}
+
+QVector<PackageInfo> PackageAdding::recordsOf(const PackageInfo &package) const
+{
+    QStringList architectures = m_context.repository.info().binaryArchitectures();
+    if (package.architecture != QLatin1String("all")) {
+        const bool isThere = architectures.contains(package.architecture);
+        architectures.clear();
+        // What the description says in ways that are not read here, reprepro knows.
+        if (isThere || !isDescriptionRead(m_context.path()))
+            architectures.append(package.architecture);
+    }
+    QVector<PackageInfo> records;
+    for (const QString &architecture : qAsConst(architectures)) {
+        PackageInfo record = package;
+        record.architecture = architecture;
+        record.root = m_context.path();
+        if (!m_options.component.isEmpty())
+            record.component = m_options.component;
+        record.indexComponent = record.component;
+        record.poolFile = PackageNames::poolFile(record, package.architecture);
+        records.append(record);
+    }
+    return records;
+}
+
+RepoEnums::ErrorCode PackageAdding::addFile(AddedFile *file, const QVector<PackageInfo> &records)
+{
+    ErrorCode result = ERROR;
+    // One file that serves several architectures is replaced in all of them or in none.
+    QHash<QString, bool> answers;
+    for (int i = 0; i < records.size(); ++i) {
+        const PackageInfo &record = records.at(i);
+        result = m_inclusion.include(file, record, false);
+        if (isCollision(result)) {
+            const PresentFile present = presentFile(records.mid(i));
+            const QString key = present.package->filePath();
+            if (!answers.contains(key)) {
+                answers.insert(key, mustReplace(result, *file, record.version, present));
+                if (!answers.value(key))
+                    Q_EMIT m_context.listener.noted(keptText(result, file->shownName, present));
+            }
+            if (answers.value(key))
+                result = m_inclusion.include(file, record, true);
+        }
+        if (result == PACKAGE_GPGERROR)
+            askToKeepUnsigned(*file, record);
+    }
+    return result;
+}
+
+PackageAdding::PresentFile PackageAdding::presentFile(const QVector<PackageInfo> &records) const
+{
+    PresentFile present{m_context.packages.find(PackageKey::of(records.first())), {}, true};
+    for (const PackageInfo &record : records) {
+        const PackageInfoPtr other = m_context.packages.find(PackageKey::of(record));
+        if (other && other->filePath() == present.package->filePath())
+            present.architectures.append(record.architecture);
+        else if (other)
+            present.isAll = false;
+    }
+    return present;
+}
+
+QString PackageAdding::keptText(ErrorCode collision, const QString &file, const PresentFile &present)
+{
+    QString text = tr("Not added: %1. The repository holds version %2 (%3) already, which was kept.");
+    if (collision == PACKAGE_EXISTS_NEW_VERSION)
+        text = tr("Not added: %1. The repository holds the newer version %2 (%3), which was kept.");
+    else if (collision == PACKAGE_EXISTS_OLD_VERSION)
+        text = tr("Not added: %1. The repository holds the older version %2 (%3), which was kept.");
+    return text.arg(file, present.package->version, present.architectures.join(QLatin1String(", ")));
+}
+
+void PackageAdding::askToKeepUnsigned(const AddedFile &file, const PackageInfo &record)
+{
+    const bool remove = m_context.control.ask(
+        tr("Package is unsigned"), tr("Package is added, but unsigned. Do you want to remove it?"), false);
+    if (remove
+        && PackageRemoval(m_context, &m_session).remove(m_context.packages.find(PackageKey::of(record))))
+        Q_EMIT m_context.listener.noted(
+            tr("Not added: %1. The repository could not be signed with it.").arg(file.shownName));
+    else
+        Q_EMIT m_context.listener.noted(
+            tr("Added, but the repository could not be signed: %1.").arg(file.shownName));
+}
+
+bool PackageAdding::mustReplace(ErrorCode collision,
+                                const AddedFile &file,
+                                const QString &version,
+                                const PresentFile &present)
+{
+    if (m_rules.mustAsk()) {
+        // Without an answer, because the program closes or nobody is there to ask, the repository keeps what it has.
+        m_rules.value = PackageReplacementRules::KeepThis;
+        // A user who has just ended the job is not asked.
+        if (!m_context.control.isCanceled())
+            m_context.control.askForReplacement({QFileInfo(file.path).fileName(),
+                                                 version,
+                                                 file.isLast && present.isAll,
+                                                 present.architectures},
+                                                collision,
+                                                &m_rules,
+                                                present.package,
+                                                m_singlePackage);
+    }
+    return m_rules.replaces(collision);
+}

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "core/packagereplacementrules.h"
+#include "core/repoenums.h"
+#include "engine/changes/addoptions.h"
+#include "engine/changes/exportsession.h"
+#include "engine/changes/packageinclusion.h"
+
+#include <QCoreApplication>
+#include <QHash>
+#include <QStringList>
+#include <QVector>
+
+struct JobContext;
+class JobFrame;
+struct PackageFile;
+
+/** The part that all jobs have in common that add packages. */
+class PackageAdding : public RepoEnums
+{
+    Q_DECLARE_TR_FUNCTIONS(RepoShell)
+public:
+    /** `singlePackage` says that the job has one package; `checksDepends` that added packages are to be checked. */
+    PackageAdding(JobContext &context,
+                  const AddOptions &options,
+                  bool singlePackage,
+                  bool checksDepends = true);
+
+    /** What the user knows files by, where it is not their paths. */
+    void setShownNames(const QHash<QString, QString> &names) { m_shownNames = names; }
+    /** Packages that are checked anew at the end, when something went in. */
+    void setWanting(const QList<PackageInfoPtr> &packages) { m_wanting = packages; }
+
+    /** Adds the files one by one and finishes; CANCEL after a stop. */
+    ErrorCode addFiles(const QStringList &files, JobFrame *frame);
+    /** Adds a file for the architectures that it serves. */
+    void addReadFile(const PackageFile &read, bool isLast);
+    /** The file at this path on its way into the repository, for the jobs that include files themselves. */
+    AddedFile fileAt(const QString &path, bool isLast = false) const;
+    /** Puts a file in the place of the package that is there; see PackageInclusion::include(). */
+    ErrorCode replace(AddedFile *file, const PackageInfo &record);
+    /** Writes the indices, checks what went in and has the results stored. False when all that was done is undone,
+     *  which has been told. */
+    bool finish();
+
+    /** Whether no further file may be added: after a stop, and when the repository must not be changed. */
+    bool mustEnd() const;
+    /** Whether the database is damaged, so that nothing more can be done. */
+    bool isDamaged() const { return m_session.isDamaged(); }
+    int addedCount() const { return m_added.size(); }
+    /** The files that are in. */
+    QString addedNames() const { return m_added.join(QLatin1String(", ")); }
+
+private:
+    /** A file in the repository that an added one collides with. */
+    struct PresentFile
+    {
+        PackageInfoPtr package; ///< for the first of the architectures
+        QStringList architectures; ///< that it serves
+        bool isAll = false; ///< no other file is in the way
+    };
+
+    JobContext &m_context;
+    const AddOptions m_options;
+    const bool m_singlePackage;
+    const bool m_checksDepends;
+    ExportSession m_session;
+    PackageInclusion m_inclusion;
+    PackageReplacementRules m_rules;
+    QHash<QString, QString> m_shownNames;
+    QList<PackageInfoPtr> m_wanting;
+    QStringList m_added; ///< names of the files that are in
+
+    /** Puts those of the files into the repository for which that can be done with few runs. */
+    void includeTogether(const QVector<PackageFile> &files);
+    /** How the package of a file is to stand in the repository, once for each architecture that it is for. */
+    QVector<PackageInfo> recordsOf(const PackageInfo &package) const;
+    ErrorCode addFile(AddedFile *file, const QVector<PackageInfo> &records);
+    /** What the first of these records collides with, and which of the others do. */
+    PresentFile presentFile(const QVector<PackageInfo> &records) const;
+    /** Why a file that collided stayed out. */
+    static QString keptText(ErrorCode collision, const QString &file, const PresentFile &present);
+    void askToKeepUnsigned(const AddedFile &file, const PackageInfo &record);
+    /** Whether the file takes the place of what is present: the user's choice, for this file or for all. */
+    bool mustReplace(ErrorCode collision,
+                     const AddedFile &file,
+                     const QString &version,
+                     const PresentFile &present);
+};

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/jobs/reloadjob.h"
+
+#include "engine/changes/jobframe.h"
+#include "engine/repository/distributionsfile.h"
+#include "engine/repository/packagelisting.h"
+#include "engine/repository/repositoryaccess.h"
+
+#include <QFileInfo>
+
+int ReloadJob::run()
+{
+    JobFrame frame(m_context, tr("Reading repository again"), JobFrame::Repository);
+    const QString repoPath = m_context.path();
+    QString reason = RepositoryAccess::refusal(repoPath);
+    const auto info = reason.isEmpty() ? DistributionsFile(repoPath).read() : std::nullopt;
+    const auto listed = info ? readListing(repoPath, *info) : std::nullopt;
+    if (!listed) {
+        if (!QFileInfo(repoPath).isDir())
+            reason = tr("The directory %1 does not exist any more. Its disk may be absent.").arg(repoPath);
+        else if (reason.isEmpty())
+            reason = tr("Its description or its indices are missing.");
+        m_context.errors.critical(tr("The repository %1 cannot be read.").arg(repoPath), reason);
+        return frame.finish(ERROR, tr("Repository is not read again"));
+    }
+    const bool isWritable = RepositoryAccess::mayWrite(repoPath);
+    if (*info != m_context.repository.info() || isWritable != m_context.repository.isWritable()) {
+        m_context.repository.set(repoPath, *info);
+        m_context.repository.setWritable(isWritable);
+        Q_EMIT m_context.listener.repoInfoAdded();
+    }
+    const ListingDifference difference = compareListings(m_context.packages.all(), *listed);
+    m_context.packages.assign(difference.packages);
+    for (const PackageInfoPtr &package : difference.removed)
+        Q_EMIT m_context.listener.packageRemoved(package);
+    for (const PackageInfoPtr &package : difference.added)
+        Q_EMIT m_context.listener.packageAdded(package);
+    for (const PackageInfoPtr &package : difference.changed)
+        Q_EMIT m_context.listener.packageChanged(package);
+    if (difference.isEmpty())
+        return frame.finish(SUCCESS, tr("Repository is unchanged"));
+    Q_EMIT m_context.listener.requestForSavingPackages(m_context.packages.all());
+    // Each number has a form of its own.
+    const QStringList changes{tr("%n package(s) added", nullptr, difference.added.size()),
+                              tr("%n package(s) replaced", nullptr, difference.changed.size()),
+                              tr("%n package(s) removed", nullptr, difference.removed.size())};
+    return frame.finish(
+        SUCCESS, tr("Another program has changed the repository: %1").arg(changes.join(QLatin1String(", "))));
+}

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/recovery/poolleftovers.h"
+
+#include "engine/changes/jobcontext.h"
+#include "engine/recovery/databaserestore.h"
+#include "engine/reprepro/poolfiles.h"
+#include "engine/reprepro/privateconfig.h"
+#include "engine/reprepro/repreprocommands.h"
+#include "engine/reprepro/reprolisting.h"
+
+#include <QFile>
+#include <QSet>
+
+#include <algorithm>
+
+void PoolLeftovers::removeMissing(const QStringList &files)
+{
+    // A database that was put back would list such a package with its lost file for good.
+    const QString path = m_context.path() + QLatin1Char('/');
+    const bool isMissing = std::any_of(
+        files.cbegin(), files.cend(), [&](const QString &file) { return !QFile::exists(path + file); });
+    if (!isMissing)
+        return;
+    const QString distribution = DatabaseRestore::codename(m_context);
+    const ProcessResult listed = m_context.reprepro.run(ReproCommand::listAllFiles(distribution));
+    if (!listed.succeeded())
+        return;
+    const QSet<QString> left(files.cbegin(), files.cend());
+    for (const ReproListing::Package &package : ReproListing::packages(listed.output)) {
+        if (!left.contains(package.file) || QFile::exists(path + package.file))
+            continue;
+        const PackageType type = package.type();
+        m_context.reprepro.run(ReproCommand::remove(
+            distribution, {package.name}, package.component, package.architecture, &type));
+    }
+}
+
+void PoolLeftovers::drop(const QStringList &files)
+{
+    const QString path = m_context.path();
+    if (files.isEmpty() || PrivateConfig::keepsUnreferencedFiles(m_context.gate.admit(path).configFolder()))
+        return;
+    const auto areOurs
+        = [&](const QString &file) { return files.contains(file) && PoolFiles::isInside(path, file); };
+    const auto run = [this](const QString &arguments) { return m_context.reprepro.run(arguments); };
+    if (!PoolFiles::dropUnused(path, areOurs, run).succeeded())
+        return;
+
+    // A copy that was cut short is in no database.
+    const ProcessResult known = m_context.reprepro.run(ReproCommand::listChecksums());
+    if (!known.succeeded())
+        return;
+    const ProcessResult listed
+        = m_context.reprepro.run(ReproCommand::listAllFiles(DatabaseRestore::codename(m_context)));
+    if (!listed.succeeded())
+        return;
+    const QHash<QString, QByteArray> checksums = ReproListing::checksums(known.output);
+    QSet<QString> needed;
+    for (const ReproListing::Package &package : ReproListing::packages(listed.output)) {
+        // A run that died can have written its packages without their checksums.
+        if (!checksums.contains(package.file) && !needed.contains(package.file)
+            && QFile::exists(path + QLatin1Char('/') + package.file))
+            m_context.reprepro.run(ReproCommand::detect(package.file));
+        needed.insert(package.file);
+    }
+    for (const QString &file : files)
+        if (!checksums.contains(file) && !needed.contains(file) && PoolFiles::isInside(path, file))
+            PoolFiles::remove(path, file);
+}

@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/upgrade/upgradeoffers.h"
+
+#include "apt/aptutils.h"
+#include "apt/privateapt.h"
+#include "engine/changes/jobcontext.h"
+#include "engine/upgrade/upgradesources.h"
+
+namespace
+{
+constexpr int NamesPerRun = 500;
+constexpr int Percents = 100;
+} // namespace
+
+UpgradeOffers::UpgradeOffers(JobContext &context, UpgradeSources &sources)
+    : m_context(context)
+    , m_apt(sources.apt(context.repository.info().binaryArchitectures()))
+{
+    if (!m_apt)
+        m_context.errors.critical(tr("Failed to create file with selected sources"),
+                                  PrivateApt::cacheFolder(),
+                                  RepoEnums::CRITICAL,
+                                  RepoEnums::SOURCES_NOT_WRITTEN);
+}
+
+QStringList UpgradeOffers::environment() const
+{
+    return m_apt->environment();
+}
+
+bool UpgradeOffers::fetchLists()
+{
+    const auto showPercent = [this](int percent) {
+        if (m_context.progress.step() == 0)
+            m_context.progress.setRange(Percents);
+        if (percent > m_context.progress.step()) {
+            m_context.progress.setStep(percent);
+            m_context.progress.show();
+        }
+    };
+    const auto outcome = m_apt->fetch([this] { return m_context.control.isCanceled(); }, showPercent);
+    if (m_context.progress.step() != 0) {
+        // What follows has another measure.
+        m_context.progress.setStep(0);
+        m_context.progress.setRange(0);
+        m_context.progress.show();
+    }
+    if (!outcome.problems.isEmpty())
+        m_context.errors.critical(outcome.problems.join(QLatin1Char('\n')),
+                                  outcome.details,
+                                  outcome.usable ? RepoEnums::WARNING : RepoEnums::CRITICAL);
+    else if (!outcome.usable && !m_context.control.isCanceled())
+        m_context.errors.critical(tr("The chosen sources offer no packages for this repository."),
+                                  outcome.details);
+    return outcome.usable;
+}
+
+bool UpgradeOffers::askRecords(const QStringList &names, QVector<AptPackageRecord> *records)
+{
+    const auto stopped = [this] { return m_context.control.isCanceled(); };
+    bool failed = false;
+    AptUtils utils;
+    utils.setEnvironment(environment());
+    utils.setStopRequest(stopped);
+    QObject::connect(&utils, &ProcessUtils::error, &utils, [&](const QString &text, const QString &details) {
+        // That the sources know none of the names is an answer.
+        if (details.contains(QLatin1String("No packages found")) || stopped())
+            return;
+        failed = true;
+        m_context.errors.critical(text, details);
+    });
+    for (int first = 0; first < names.size() && !failed && !stopped(); first += NamesPerRun)
+        *records += utils.packageRecords(names.mid(first, NamesPerRun));
+    return !failed && !stopped();
+}
