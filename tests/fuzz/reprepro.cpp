@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reprepro/repreproanswers.h"
 #include "engine/reprepro/repreprocommands.h"
+#include "engine/reprepro/reprolisting.h"
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 #include "support/literals.h"
 
 #include <QProcess>
+
+#include <algorithm>
 
 namespace
 {
@@ -16,6 +19,25 @@ void checkWords(const QString &path, const QString &arguments, const QStringList
     const QStringList all = QStringList{"reprepro"_s, "-b"_s, path} + expected;
     FUZZ_EQUAL(words.join(QLatin1Char('\n')), all.join(QLatin1Char('\n')));
     FUZZ_RULE(words.size() == all.size());
+}
+/** What is read of a listing must stand there, in one line. */
+void checkListings(const QString &text, const QStringList &lines)
+{
+    for (const ReproListing::Package &package : ReproListing::packages(text)) {
+        const QStringList words{package.component, package.architecture, package.name};
+        FUZZ_RULE(std::none_of(words.cbegin(), words.cend(), [](const QString &word) {
+            return word.contains(QLatin1Char(' '));
+        }));
+        FUZZ_RULE(lines.contains((words + QStringList{package.file}).join(QLatin1Char(' '))));
+    }
+    const auto checksums = ReproListing::checksums(text);
+    for (auto it = checksums.cbegin(); it != checksums.cend(); ++it) {
+        FUZZ_RULE(!it.value().contains(' '));
+        FUZZ_RULE(lines.contains(it.key())
+                  || std::any_of(lines.cbegin(), lines.cend(), [&](const QString &line) {
+                         return line.startsWith(it.key() + QLatin1Char(' '));
+                     }));
+    }
 }
 } // namespace
 
@@ -35,6 +57,7 @@ void FuzzTarget::reprepro(std::string_view input)
     FUZZ_RULE(found == 0 || text.contains(QLatin1Char(' ')));
 
     const QStringList lines = text.split(QLatin1Char('\n'));
+    checkListings(text, lines);
     const QString path = "/"_s + lines.value(0);
     const QString codename = "c"_s + lines.value(1);
     const QString name = "n"_s + lines.value(2);
