@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commandline.h"
-#include "app/signalwatcher.h"
 #include "app/singleinstance.h"
 #include "depends/dependsdata.h"
 #include "engine/archive/archiveutils.h"
@@ -9,6 +8,8 @@
 #include "platform/desktopintegration.h"
 #include "ui/widgets/iconstyle.h"
 #include "ui/window/mainwindow.h"
+
+#include <KSignalHandler>
 
 #include <QApplication>
 #include <QDir>
@@ -21,6 +22,7 @@
 #include <QThreadPool>
 
 #include <algorithm>
+#include <csignal>
 
 namespace
 {
@@ -114,9 +116,11 @@ int main(int argc, char *argv[])
 
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("server-database")));
     MainWindow window;
-    const SignalWatcher signalWatcher;
+    KSignalHandler *const signalHandler = KSignalHandler::self();
+    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
+        signalHandler->watchSignal(signal);
     QObject::connect(
-        &signalWatcher, &SignalWatcher::terminationRequested, &window, &MainWindow::closeWithoutAsking);
+        signalHandler, &KSignalHandler::signalReceived, &window, &MainWindow::closeWithoutAsking);
     QObject::connect(&instance, &SingleInstance::messageReceived, &window, [&window](const QString &message) {
         activate(&window);
         window.onMessageReceived(message);

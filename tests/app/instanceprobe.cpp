@@ -3,7 +3,6 @@
 //   instanceprobe RECORD START_MS TIMEOUT_MS [FILE...]
 // The first one appends "first" and then every message to RECORD, one a line; starting takes it START_MS.
 #include "app/commandline.h"
-#include "app/signalwatcher.h"
 #include "app/singleinstance.h"
 
 #include <QCoreApplication>
@@ -45,11 +44,6 @@ int main(int argc, char *argv[])
                      &SingleInstance::messageReceived,
                      &application,
                      [&recordPath](const QString &message) { record(recordPath, message); });
-    const SignalWatcher signalWatcher;
-    QObject::connect(&signalWatcher, &SignalWatcher::terminationRequested, &application, [&recordPath] {
-        record(recordPath, QStringLiteral("terminated"));
-        QCoreApplication::quit();
-    });
     instance.startDelivery();
     return QCoreApplication::exec();
 }

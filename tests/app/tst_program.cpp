@@ -121,14 +121,19 @@ private Q_SLOTS:
         QCOMPARE(exitCodeOf(*first), 0);
     }
 
-    void terminationWhileABoxIsOpen()
+    void signalsEndInOrderWhileABoxIsOpen()
     {
-        // Without a repository the files lead to a question, which nobody answers; one is called like an option.
-        const auto first = start({"--"_s, build("foo"), "--help"_s});
-        QTRY_VERIFY(QFileInfo::exists(m_folder->filePath("velt-admin-repo.socket"_s)));
-        QCOMPARE(exitCodeOf(*start()), 255);
-        first->terminate();
-        QCOMPARE(exitCodeOf(*first), 0);
+        for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
+            // Without a repository the files lead to a question, which nobody answers; one is called like an option.
+            const auto first = start({"--"_s, build("foo"), "--help"_s});
+            QTRY_VERIFY(QFileInfo::exists(m_folder->filePath("velt-admin-repo.socket"_s)));
+            // Who answers also watches for signals.
+            QCOMPARE(exitCodeOf(*start()), 255);
+            QVERIFY(::kill(static_cast<pid_t>(first->processId()), number) == 0);
+            QCOMPARE(exitCodeOf(*first), 0);
+            for (const char *name : {"velt-admin-repo.socket", "velt-admin-repo.lock"})
+                QVERIFY(!QFileInfo::exists(m_folder->filePath(QLatin1String(name))));
+        }
     }
 };
 

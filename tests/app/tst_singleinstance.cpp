@@ -213,21 +213,6 @@ private Q_SLOTS:
         QCOMPARE(first->state(), QProcess::Running);
     }
 
-    void signalsEndInOrder()
-    {
-        for (const int number : {SIGTERM, SIGINT, SIGHUP}) {
-            QFile::remove(path("record"_s));
-            const Start first = startFirst();
-            // Only a message that was taken shows that the event loop runs and the signals are watched.
-            QCOMPARE(exitCodeOf(start()), 255);
-            QTRY_COMPARE(record().size(), 2);
-            QVERIFY(::kill(static_cast<pid_t>(first->processId()), number) == 0);
-            QCOMPARE(exitCodeOf(first), 0);
-            QCOMPARE(record().constLast(), "terminated"_s);
-            QVERIFY(!QFileInfo::exists(socket()) && !QFileInfo::exists(lock()));
-        }
-    }
-
     void privateFolder()
     {
         const QString run = path("run"_s);
