@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/instanceframes.h"
 
+#include <QDataStream>
 #include <QIODevice>
-#include <QtEndian>
 
 #include <optional>
 
@@ -21,19 +21,25 @@ std::optional<QString> decoded(const QByteArray &body)
 InstanceFrames::Taken InstanceFrames::take(QIODevice &device)
 {
     Taken taken;
+    QDataStream stream(&device);
     for (;;) {
-        const QByteArray header = device.peek(HeaderSize);
-        if (header.size() < HeaderSize)
-            return taken;
-        const auto size = qFromBigEndian<quint32>(header.constData());
+        stream.startTransaction();
+        quint32 size = 0;
+        stream >> size;
         if (size > LongestMessage) {
+            stream.rollbackTransaction();
             taken.fault = QStringLiteral("a message of %1 bytes").arg(size);
             return taken;
         }
-        if (device.bytesAvailable() < HeaderSize + qint64(size))
+        // Read only when it is whole: a slow sender must not have its message copied again with every byte.
+        QByteArray body;
+        if (device.bytesAvailable() >= size)
+            body = device.read(size);
+        else
+            stream.setStatus(QDataStream::ReadPastEnd);
+        if (!stream.commitTransaction())
             return taken;
-        device.skip(HeaderSize);
-        const std::optional<QString> message = decoded(device.read(size));
+        const std::optional<QString> message = decoded(body);
         if (!message.has_value()) {
             taken.fault = QStringLiteral("a message that is no text");
             return taken;
@@ -47,7 +53,7 @@ QByteArray InstanceFrames::frame(const QString &message)
     const QByteArray body = message.toUtf8();
     if (body.size() > LongestMessage)
         return {};
-    QByteArray header(HeaderSize, Qt::Uninitialized);
-    qToBigEndian(static_cast<quint32>(body.size()), header.data());
-    return header + body;
+    QByteArray bytes;
+    QDataStream(&bytes, QIODevice::WriteOnly).writeBytes(body.constData(), static_cast<uint>(body.size()));
+    return bytes;
 }
