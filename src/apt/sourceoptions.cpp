@@ -4,6 +4,8 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include <apt-pkg/tagfile.h>
+
 namespace
 {
 QString keyOf(const QString &uri, const QString &suite)
@@ -18,14 +20,6 @@ const QRegularExpression &sourceExpression()
     static const QRegularExpression expression(
         QStringLiteral("^\\s*(?:\\[(?<options>[^\\]]*)\\]\\s*)?(?<uri>[^\\s\\[]\\S*)\\s+(?<suite>\\S+)"));
     return expression;
-}
-
-/** Captures the value of a field of a stanza, with its continuation lines, in the first group. */
-QRegularExpression stanzaField(const char *name)
-{
-    return QRegularExpression(QStringLiteral("^%1:(.*(?:\\n[ \\t].*)*)").arg(QLatin1String(name)),
-                              QRegularExpression::MultilineOption
-                                  | QRegularExpression::CaseInsensitiveOption);
 }
 
 QStringList words(const QString &text)
@@ -65,26 +59,26 @@ void SourceOptions::addLines(const QString &text)
 
 void SourceOptions::addStanzas(const QString &text)
 {
-    static const QRegularExpression border(QStringLiteral("\\n[ \\t]*\\n"));
     static const QRegularExpression comment(QStringLiteral("^#.*\\n?"), QRegularExpression::MultilineOption);
-    static const QRegularExpression signedBy = stanzaField("Signed-By");
-    static const QRegularExpression trustedField = stanzaField("Trusted");
-    static const QRegularExpression urisField = stanzaField("URIs");
-    static const QRegularExpression suitesField = stanzaField("Suites");
-    const QStringList stanzas = QString(text).remove(comment).split(border);
-    for (const QString &stanza : stanzas) {
-        const auto field = [&stanza](const QRegularExpression &expression) {
-            return words(expression.match(stanza).captured(1));
+    // The reader wants an empty line behind the last stanza too.
+    const QByteArray stanzas = QString(text).remove(comment).toUtf8() + "\n\n";
+    pkgTagSection stanza;
+    const char *start = stanzas.constData();
+    const char *const end = start + stanzas.size();
+    for (; start < end && stanza.Scan(start, end - start); start += stanza.size()) {
+        const auto field = [&stanza](const char *name) {
+            const APT::StringView value = stanza.Find(name);
+            return words(QString::fromUtf8(value.data(), static_cast<int>(value.size())));
         };
-        const QStringList keys = field(signedBy);
-        const QStringList trusted = field(trustedField);
+        const QStringList keys = field("Signed-By");
+        const QStringList trusted = field("Trusted");
         QStringList options;
         if (!keys.isEmpty() && !keys.first().startsWith(QLatin1String("-----")))
             options.append(QLatin1String("signed-by=") + keys.join(QLatin1Char(',')));
         if (!trusted.isEmpty())
             options.append(QLatin1String("trusted=") + trusted.first());
-        const QStringList uris = field(urisField);
-        const QStringList suites = field(suitesField);
+        const QStringList uris = field("URIs");
+        const QStringList suites = field("Suites");
         for (const QString &uri : uris)
             for (const QString &suite : suites)
                 add(uri, suite, options.join(QLatin1Char(' ')));

@@ -7,6 +7,9 @@
 /**
  * The trust options ("signed-by" and "trusted", sources.list(5)) of the sources in apt's own files. apt lists its
  * sources without options, and without them most third-party sources would not be trusted.
+ *
+ * libapt-pkg's own pkgSourceList is not used: it works on the configuration of the whole process, runs dpkg, and gives
+ * up all sources for one bad line. Its reader of words decodes the options, which are written out again here.
  */
 class SourceOptions
 {
