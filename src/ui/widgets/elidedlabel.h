@@ -6,6 +6,9 @@
 /**
  * A one-line label for a text of any length. If the text is too long, its end is cut off, and a tool tip shows the
  * text.
+ *
+ * KSqueezedTextLabel is not used. Its tool tip is the whole text as it is, however long. A text from a program or a
+ * repository that looks like HTML would be shown as HTML.
  */
 class ElidedLabel : public QLabel
 {

@@ -7,6 +7,9 @@ class QWidget;
 
 /**
  * Shortcut keys for the entries of a menu and the fields of a dialog. As usual in Qt, an "&" marks the key in the text.
+ *
+ * KAcceleratorManager is not used. It also marks the titles of tabs, the paths in the menu of recent repositories, and
+ * the buttons of a dialog that Return and Escape press.
  */
 namespace Mnemonics
 {
