@@ -4,12 +4,11 @@
 #include "depends/dependsjsonparts.h"
 #include "depends/jsondevice.h"
 #include "depends/localcandidates.h"
+#include "depends/stringpool.h"
 
 #include <QStringList>
 
-#include <deque>
 #include <string>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -18,28 +17,6 @@ namespace
 using DependsJson::Outcome;
 namespace Key = DependsJson::Key;
 using Size = rapidjson::SizeType;
-
-/** One QString for all equal texts: a few names and versions are in the results of thousands of packages. */
-class StringPool
-{
-public:
-    QString string(std::string_view text)
-    {
-        if (text.empty())
-            return {};
-        const auto known = m_strings.find(text);
-        if (known != m_strings.end())
-            return known->second;
-        m_texts.emplace_back(text);
-        QString string = QString::fromUtf8(text.data(), static_cast<int>(text.size()));
-        m_strings.emplace(m_texts.back(), string);
-        return string;
-    }
-
-private:
-    std::deque<std::string> m_texts; ///< storage for the keys below
-    std::unordered_map<std::string_view, QString> m_strings;
-};
 
 DependStatus toStatus(std::string_view number)
 {

@@ -210,18 +210,6 @@ QMap<QString, DependencyGroup> DependsParser::groups(const PackageInfo &package)
     return result;
 }
 
-QString DependsParser::shared(std::string_view text)
-{
-    if (text.empty())
-        return {};
-    const auto known = m_pool.find(text);
-    if (known != m_pool.end())
-        return known->second;
-    m_texts.emplace_back(text);
-    return m_pool.emplace(m_texts.back(), QString::fromUtf8(text.data(), static_cast<int>(text.size())))
-        .first->second;
-}
-
 bool DependsParser::readAlternative(std::string_view text,
                                     const QString &architecture,
                                     Dependency &dependency)
@@ -238,11 +226,12 @@ bool DependsParser::readAlternative(std::string_view text,
     name = name.substr(0, colon);
     if (name.empty())
         return false;
-    dependency.name = shared(name);
-    dependency.architecture = qualifier.empty() || qualifier == "any" ? architecture : shared(qualifier);
+    dependency.name = m_pool.string(name);
+    dependency.architecture
+        = qualifier.empty() || qualifier == "any" ? architecture : m_pool.string(qualifier);
     const Constraint constraint = readConstraint(text);
-    dependency.op = shared(constraint.op);
-    dependency.version = shared(constraint.version);
+    dependency.op = m_pool.string(constraint.op);
+    dependency.version = m_pool.string(constraint.version);
     return true;
 }
 

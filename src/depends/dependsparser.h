@@ -2,11 +2,10 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "depends/stringpool.h"
 
-#include <deque>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 /**
  * Parses Depends fields. PackageField::DependencyName and PackageField::DependencyConstraint define the parts of an
@@ -36,12 +35,10 @@ public:
     QMap<QString, DependencyGroup> groups(const PackageInfo &package);
 
 private:
-    QString shared(std::string_view text);
     bool readAlternative(std::string_view text, const QString &architecture, Dependency &dependency);
 
     std::string m_unfolded; ///< the unfolded field that is being read, if it was folded
-    std::deque<std::string> m_texts; ///< storage for the keys of m_pool
-    std::unordered_map<std::string_view, QString> m_pool;
+    StringPool m_pool;
 };
 
 /** Marks the text of an entry as one of Pre-Depends. */
