@@ -7,7 +7,6 @@
 #include "apt/aptutils.h"
 
 #include <QFileInfo>
-#include <QRegularExpression>
 
 #include <utility>
 
@@ -15,16 +14,6 @@ namespace
 {
 /** Most characters of names in one run. The system allows thirty times as many for all arguments. */
 constexpr int BatchLength = 60000;
-
-const QString AptConfig = QStringLiteral("apt-config");
-
-/** The value of a line NAME='VALUE', which apt-config prints for a shell. */
-QString shellValue(const QString &output, const QString &name)
-{
-    const QRegularExpression line(QStringLiteral("^%1='(.*)'$").arg(name),
-                                  QRegularExpression::MultilineOption);
-    return line.match(output).captured(1).replace(QLatin1String("'\\''"), QLatin1String("'"));
-}
 
 /** The values in the output of "apt-config dump" with our format: a key and a value on each line. */
 QSet<QString> dumpedValues(const QString &output)
@@ -126,7 +115,7 @@ bool AptCandidates::prepare(const StopRequest &stopped)
     if (m_prepared || m_failed)
         return !m_failed;
     QString output;
-    if (!run(AptConfig,
+    if (!run(AptCommands::AptConfig,
              {QStringLiteral("shell"),
               QStringLiteral("ARCHITECTURE"),
               QStringLiteral("APT::Architecture"),
@@ -136,7 +125,7 @@ bool AptCandidates::prepare(const StopRequest &stopped)
              output))
         return false;
     QString known;
-    if (!run(AptConfig,
+    if (!run(AptCommands::AptConfig,
              {QStringLiteral("dump"),
               QStringLiteral("--format"),
               QStringLiteral("%f %v%n"),
@@ -146,8 +135,8 @@ bool AptCandidates::prepare(const StopRequest &stopped)
         return false;
     m_prepared = true;
     m_architectures = dumpedValues(known);
-    m_architecture = shellValue(output, QStringLiteral("ARCHITECTURE"));
-    const QString cacheFile = shellValue(output, QStringLiteral("CACHE"));
+    m_architecture = AptOutput::shellValue(output, QStringLiteral("ARCHITECTURE"));
+    const QString cacheFile = AptOutput::shellValue(output, QStringLiteral("CACHE"));
     // Without a writable cache file, apt reads all lists again in every run. A private list must not change the
     // system's cache file.
     if (!m_sourceList.isEmpty() || cacheFile.isEmpty()

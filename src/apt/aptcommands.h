@@ -13,6 +13,7 @@ namespace AptCommands
 {
 inline const QString Apt = QStringLiteral("apt");
 inline const QString AptCache = QStringLiteral("apt-cache");
+inline const QString AptConfig = QStringLiteral("apt-config");
 inline const QString Bash = QStringLiteral("bash");
 
 /** The options that make apt read `listFile` as its main sources list; none when the path is empty. */

@@ -242,4 +242,11 @@ QStringList fieldValues(const QStringList &lines, const QString &field)
     }
     return values;
 }
+
+QString shellValue(const QString &shell, const QString &name)
+{
+    const QRegularExpression line(QStringLiteral("^%1='(.*)'$").arg(name),
+                                  QRegularExpression::MultilineOption);
+    return line.match(shell).captured(1).replace(QLatin1String("'\\''"), QLatin1String("'"));
+}
 } // namespace AptOutput

@@ -55,4 +55,7 @@ QString origin(const QString &line);
 
 /** The values of all lines with the field, in their order, without surrounding white space. */
 QStringList fieldValues(const QStringList &lines, const QString &field);
+
+/** The value of a line NAME='VALUE' of "apt-config shell"; empty when there is none. */
+QString shellValue(const QString &shell, const QString &name);
 } // namespace AptOutput

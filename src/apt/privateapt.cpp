@@ -3,6 +3,7 @@
 
 #include "apt/aptcommands.h"
 #include "apt/aptfetch.h"
+#include "apt/aptoutput.h"
 #include "apt/sourceoptions.h"
 #include "core/processutils.h"
 #include "files/regularfile.h"
@@ -13,7 +14,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QLockFile>
-#include <QRegularExpression>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -47,7 +47,7 @@ SystemConfig systemConfig()
     const QString own = qEnvironmentVariable("APT_CONFIG");
     if (!own.isEmpty())
         config.files.append(QFileInfo(own).absoluteFilePath());
-    const ProcessResult result = runProcess({QStringLiteral("apt-config"),
+    const ProcessResult result = runProcess({AptCommands::AptConfig,
                                              {QStringLiteral("shell"),
                                               QStringLiteral("PARTS"),
                                               QStringLiteral("Dir::Etc::parts/d"),
@@ -60,11 +60,7 @@ SystemConfig systemConfig()
                                              {},
                                              {},
                                              -1});
-    const auto value = [&result](const QString &name) {
-        const QRegularExpression line(QStringLiteral("^%1='(.*)'$").arg(name),
-                                      QRegularExpression::MultilineOption);
-        return line.match(result.output).captured(1).replace(QLatin1String("'\\''"), QLatin1String("'"));
-    };
+    const auto value = [&result](const QString &name) { return AptOutput::shellValue(result.output, name); };
     const QString parts = value(QStringLiteral("PARTS"));
     if (parts.endsWith(QLatin1Char('/')) && QFileInfo(parts).isDir())
         config.files.append(parts);
