@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "apt/versionorder.h"
 
+#include "core/trimmed.h"
+
 #include <QByteArray>
 
+#include <algorithm>
 #include <charconv>
 #include <optional>
 #include <string_view>
@@ -19,25 +22,13 @@ struct ParsedVersion
     std::string_view revision;
 };
 
-bool isBlank(char c)
-{
-    return c == ' ' || c == '\t';
-}
-
-std::string_view trimmed(std::string_view text)
-{
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back()))
-        text.remove_suffix(1);
-    return text;
-}
+/** What dpkg takes for blanks in a version. */
+constexpr std::string_view Blanks = " \t";
 
 /** The epoch as strtol() reads it: white space and a plus sign may precede the number. */
 std::optional<int> parseEpoch(std::string_view text)
 {
-    while (!text.empty() && (isBlank(text.front()) || (text.front() >= '\n' && text.front() <= '\r')))
-        text.remove_prefix(1);
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
     if (!text.empty() && text.front() == '+')
         text.remove_prefix(1);
     int epoch = -1;
@@ -53,11 +44,9 @@ std::optional<ParsedVersion> parse(std::string_view text)
 {
     if (text.empty() || text == "<unknown>")
         return ParsedVersion();
-    text = trimmed(text);
-    for (const char c : text) {
-        if (isBlank(c))
-            return std::nullopt;
-    }
+    text = trimmed(text, Blanks);
+    if (text.find_first_of(Blanks) != std::string_view::npos)
+        return std::nullopt;
     ParsedVersion version;
     if (const auto colon = text.find(':'); colon != std::string_view::npos) {
         const auto epoch = parseEpoch(text.substr(0, colon));

@@ -2,6 +2,7 @@
 #include "engine/repository/packagesfile.h"
 
 #include "core/packagefields.h"
+#include "core/trimmed.h"
 #include "files/regularfile.h"
 
 #include <QRegularExpression>
@@ -26,15 +27,6 @@ QString decoded(Bytes text)
 bool startsWith(Bytes text, Bytes prefix)
 {
     return text.size() >= prefix.size() && std::memcmp(text.data(), prefix.data(), prefix.size()) == 0;
-}
-
-Bytes trimmed(Bytes text)
-{
-    while (!text.empty() && (text.front() == ' ' || text.front() == '\t'))
-        text.remove_prefix(1);
-    while (!text.empty() && (text.back() == ' ' || text.back() == '\t' || text.back() == '\r'))
-        text.remove_suffix(1);
-    return text;
 }
 
 /** Component and section for each distinct Section value, so that thousands of records share a few strings. */
