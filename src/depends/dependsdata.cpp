@@ -2,6 +2,7 @@
 #include "depends/dependsdata.h"
 
 #include "files/regularfile.h"
+#include "files/renamepath.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -14,7 +15,6 @@
 #include <QStandardPaths>
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
 namespace
@@ -221,7 +221,5 @@ Outcome DependsData::rewriteOnce(const DependsJson::Change &change)
 
 bool DependsData::moveAside()
 {
-    // rename(2), because QFile::rename() does not replace an existing file.
-    return std::rename(QFile::encodeName(m_fileName).constData(), QFile::encodeName(brokenName()).constData())
-           == 0;
+    return renamePath(m_fileName, brokenName());
 }

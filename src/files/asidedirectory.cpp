@@ -2,12 +2,11 @@
 #include "files/asidedirectory.h"
 
 #include "files/removetree.h"
+#include "files/renamepath.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 #include <cerrno>
-#include <cstdio>
 
 namespace
 {
@@ -53,7 +52,7 @@ bool AsideDirectory::remove()
 
 QString AsideDirectory::rename(const QString &from, const QString &to)
 {
-    if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0)
+    if (renamePath(from, to))
         return {};
     return qt_error_string(errno);
 }
