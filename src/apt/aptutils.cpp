@@ -115,7 +115,7 @@ QVector<AptPackageRecord> AptUtils::packageRecords(const QStringList &names)
     const bool succeeded = run(
         AptCommands::Apt, AptCommands::recordsArguments(accepted, privateSourcesFile()), m_workingDirectory);
     if (!succeeded && output().isEmpty())
-        Q_EMIT error(tr("Apt error"), errorOutput());
+        tellError(tr("Apt error"), errorOutput());
     return AptOutput::records(output());
 }
 
@@ -166,7 +166,7 @@ bool AptUtils::ask(const QString &program,
 {
     if (run(program, arguments, workingDirectory))
         return true;
-    Q_EMIT error(failure, errorOutput());
+    tellError(failure, errorOutput());
     return false;
 }
 
@@ -174,7 +174,7 @@ bool AptUtils::acceptName(const QString &name, const QString &failure)
 {
     const bool accepted = AptCommands::isPackageName(name);
     if (!accepted)
-        Q_EMIT error(failure, tr("\"%1\" is not the name of a package").arg(name));
+        tellError(failure, tr("\"%1\" is not the name of a package").arg(name));
     return accepted;
 }
 
@@ -182,6 +182,6 @@ bool AptUtils::acceptArchitecture(const QString &architecture, const QString &fa
 {
     const bool accepted = AptCommands::isArchitecture(architecture);
     if (!accepted)
-        Q_EMIT error(failure, tr("\"%1\" is not an architecture").arg(architecture));
+        tellError(failure, tr("\"%1\" is not an architecture").arg(architecture));
     return accepted;
 }

@@ -217,6 +217,13 @@ bool ProcessUtils::run(const QString &program, const QStringList &arguments, con
     return m_result.succeeded() && !m_result.tooLarge;
 }
 
+void ProcessUtils::tellError(const QString &text, const QString &details)
+{
+    m_lastErrorText = text;
+    m_lastErrorDetails = details;
+    Q_EMIT error(text, details);
+}
+
 void ProcessUtils::setLimits(qint64 output, qint64 file)
 {
     m_outputLimit = output;

@@ -81,18 +81,25 @@ public:
     QString output() const { return m_result.output; }
     int exitStatus() const { return m_result.exitStatus; }
     int exitCode() const { return m_result.exitCode; }
+    /** What error() told last; empty when no query has failed yet. */
+    QString lastErrorText() const { return m_lastErrorText; }
+    QString lastErrorDetails() const { return m_lastErrorDetails; }
 
 Q_SIGNALS:
     /** A query failed; `detailedText` is the message of the tool. */
     void error(const QString &text, const QString &detailedText = QString());
 
 protected:
+    /** Keeps and emits an error. */
+    void tellError(const QString &text, const QString &details);
     /** Limits for later runs, see ProcessCall::outputLimit and fileLimit. */
     void setLimits(qint64 output, qint64 file);
     const ProcessResult &result() const { return m_result; }
 
 private:
     ProcessResult m_result;
+    QString m_lastErrorText;
+    QString m_lastErrorDetails;
     std::function<bool()> m_stopped;
     QStringList m_environment;
     qint64 m_outputLimit = 0;

@@ -115,7 +115,7 @@ bool ArchiveUtils::mount(const QString &archive)
         removeMountPoint();
     }
     releaseLock();
-    Q_EMIT error(tr("Can't open archive for import!"), trouble);
+    tellError(tr("Can't open archive for import!"), trouble);
     return false;
 }
 
@@ -127,8 +127,8 @@ bool ArchiveUtils::umount()
     m_mounted = false;
     releaseLock();
     if (!done)
-        Q_EMIT error(tr("Can't umount archive!"),
-                     troubleWith(QStringLiteral("fusermount"), QStringLiteral("fuse3")));
+        tellError(tr("Can't umount archive!"),
+                  troubleWith(QStringLiteral("fusermount"), QStringLiteral("fuse3")));
     return done;
 }
 

@@ -31,9 +31,7 @@ AptSourcesQuery::Answer AptSourcesQuery::ask(const std::shared_ptr<const std::at
     Answer answer;
     AptUtils apt;
     apt.setStopRequest([stopped] { return stopped->load(); });
-    connect(&apt, &ProcessUtils::error, &apt, [&answer](const QString &text, const QString &detail) {
-        answer.failure = detail.isEmpty() ? text : detail;
-    });
     answer.sources = apt.sourcesFromPolicy();
+    answer.failure = apt.lastErrorDetails().isEmpty() ? apt.lastErrorText() : apt.lastErrorDetails();
     return answer;
 }
