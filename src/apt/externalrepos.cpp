@@ -275,16 +275,6 @@ void ExternalRepos::merge(const QStringList &knownSources)
     *this = std::move(merged);
 }
 
-QStringList ExternalRepos::enabledSources() const
-{
-    QStringList sources;
-    for (const Entry &entry : m_entries) {
-        if (entry.isAsked())
-            sources.append(entry.source);
-    }
-    return sources;
-}
-
 QString ExternalRepos::aliasOf(const QString &origin) const
 {
     const QStringList words = origin.split(QLatin1Char(' '), Qt::SkipEmptyParts);

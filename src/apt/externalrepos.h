@@ -46,8 +46,6 @@ public:
     void merge(const QStringList &knownSources);
 
     const QVector<Entry> &entries() const { return m_entries; }
-    /** The sources for the dependency check, the search and the upgrade. */
-    QStringList enabledSources() const;
     /**
      * The user's name for an origin, or the origin itself when there is none. An origin is URI, suite and architecture;
      * a slash and the component may follow the suite.

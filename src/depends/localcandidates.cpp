@@ -24,13 +24,6 @@ LocalCandidates::LocalCandidates(const QList<PackageInfoPtr> &packages)
         m_packages.insert(package->name, package);
 }
 
-void LocalCandidates::add(const PackageInfoPtr &package)
-{
-    m_packages.insert(package->name, package);
-    if (m_providersRead)
-        addProvided(package);
-}
-
 bool LocalCandidates::meets(const Dependency &dependency)
 {
     return dependency.foundVersions.value(label()).status == DependSuccess

@@ -14,9 +14,7 @@ class LocalCandidates : public CandidateSource
 {
     Q_DECLARE_TR_FUNCTIONS(LocalCandidates)
 public:
-    explicit LocalCandidates(const QList<PackageInfoPtr> &packages = {});
-
-    void add(const PackageInfoPtr &package);
+    explicit LocalCandidates(const QList<PackageInfoPtr> &packages);
 
     /** The packages of this name for the architecture, in no particular order. */
     QVector<PackageInfoPtr> find(const PackageQuestion &question) const;

@@ -78,7 +78,7 @@ private Q_SLOTS:
     {
         Fixture f;
         f.open(f.record("bash", "shells"));
-        QCOMPARE(f.line->counter(DependUndefined), 1);
+        QCOMPARE(child<QLabel>(*f.line, "m_undefinedLabel")->text(), "1"_s);
         QCOMPARE(f.labels("repoComponents repoCodename repoSuite repoVersion repoArch repoSign"),
                  "main contrib|dogwood|stable|1.6|amd64|Signed"_s);
         QSignalSpy close(&f.tab, &RepoWidget::needCloseRepo);

@@ -152,15 +152,6 @@ QVector<Dependency> DependsModel::alternativesAt(const QModelIndex &index) const
     return itemAt(index)->alternatives();
 }
 
-PackageInfoPtr DependsModel::packageAt(const QModelIndex &index) const
-{
-    QModelIndex top = index;
-    while (top.parent().isValid())
-        top = top.parent();
-    const auto *item = dynamic_cast<const PackageItem *>(itemAt(top));
-    return item != nullptr ? item->package() : PackageInfoPtr();
-}
-
 DependsItem *DependsModel::itemAt(const QModelIndex &index) const
 {
     return index.isValid() ? static_cast<DependsItem *>(index.internalPointer()) : m_root.get();

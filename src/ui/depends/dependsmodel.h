@@ -45,8 +45,6 @@ public:
     QStringList sources() const { return m_sources; }
     /** The dependencies of the row, of which one must be met; empty for a package of the repository. */
     QVector<Dependency> alternativesAt(const QModelIndex &index) const;
-    /** The package to which the row belongs; null for an invalid index. */
-    PackageInfoPtr packageAt(const QModelIndex &index) const;
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &index) const override;

@@ -80,12 +80,6 @@ void PackageStatusLine::decrease(int state)
     showCounters();
 }
 
-int PackageStatusLine::counter(int state) const
-{
-    const int slot = slotOf(state);
-    return slot < 0 ? 0 : m_counters[static_cast<std::size_t>(slot)];
-}
-
 void PackageStatusLine::changeEvent(QEvent *event)
 {
     QWidget::changeEvent(event);

@@ -21,9 +21,6 @@ public:
     /** Removes a package in this state; no counter becomes negative. */
     void decrease(int state);
 
-    int counter(int state) const;
-    int total() const { return m_total; }
-
 protected:
     void changeEvent(QEvent *event) override;
 
