@@ -4,8 +4,8 @@
 #include "ui/packages/packagedrop.h"
 #include "ui/packages/repomodel.h"
 #include "ui/packages/repoproxymodel.h"
+#include "ui/widgets/itemmenukeys.h"
 
-#include <QContextMenuEvent>
 #include <QDragEnterEvent>
 #include <QHeaderView>
 #include <QItemSelectionModel>
@@ -25,6 +25,7 @@ RepoTreeView::RepoTreeView(QWidget *parent)
     // The usual small icon has no space for a readable badge.
     const int iconSide = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) * 11 / 8;
     setIconSize(QSize(iconSide, iconSide));
+    new ItemMenuKeys(this);
     setDragDropMode(DropOnly);
     setDropIndicatorShown(false);
     header()->setSectionResizeMode(QHeaderView::Interactive);
@@ -61,25 +62,10 @@ void RepoTreeView::setModel(QAbstractItemModel *model)
     }
 }
 
-// --- the menu by key -----------------------------------------------------------------------------------------------
-
-bool RepoTreeView::event(QEvent *event)
-{
-    if (event->type() == QEvent::ContextMenu
-        && static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard) {
-        requestMenuAtCurrent();
-        event->accept();
-        return true;
-    }
-    return QTreeView::event(event);
-}
+// --- keys and mouse ------------------------------------------------------------------------------------------------
 
 void RepoTreeView::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
-        requestMenuAtCurrent();
-        return;
-    }
     forgetLost();
     QTreeView::keyPressEvent(event);
 }
@@ -90,25 +76,11 @@ void RepoTreeView::mousePressEvent(QMouseEvent *event)
     QTreeView::mousePressEvent(event);
 }
 
-void RepoTreeView::requestMenuAtCurrent()
-{
-    // The menu belongs to the current item, which may be outside of the visible area.
-    const QModelIndex current = currentIndex();
-    scrollTo(current);
-    const QRect place = visualRect(current) & viewport()->rect();
-    Q_EMIT customContextMenuRequested(place.isEmpty() ? viewport()->rect().center() : place.center());
-}
-
 // --- drops ---------------------------------------------------------------------------------------------------------
 
 void RepoTreeView::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!PackageDrop::accepts(event->mimeData())) {
-        event->ignore();
-        return;
-    }
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    dragMoveEvent(event);
 }
 
 void RepoTreeView::dragMoveEvent(QDragMoveEvent *event)

@@ -41,7 +41,6 @@ Q_SIGNALS:
     void stateRestored();
 
 protected:
-    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last) override;
@@ -63,7 +62,6 @@ private:
 
     void forgetLost();
     void takeUpLost(const QModelIndex &parent, int first, int last);
-    void requestMenuAtCurrent();
     bool isPackage(const QModelIndex &index) const;
     QStringList expandedKeys() const;
     QModelIndex indexOfKey(const QString &key) const;

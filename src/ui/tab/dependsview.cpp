@@ -3,12 +3,12 @@
 
 #include "depends/localcandidates.h"
 #include "ui/depends/dependsproxymodel.h"
+#include "ui/widgets/itemmenukeys.h"
 
 #include "ui_repowidget.h"
 
 #include <QAction>
 #include <QClipboard>
-#include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QItemSelectionModel>
@@ -75,6 +75,7 @@ void DependsView::setUpTree()
     tree->setAllColumnsShowFocus(true);
     tree->setSortingEnabled(true);
     tree->sortByColumn(0, Qt::AscendingOrder);
+    new ItemMenuKeys(tree);
     tree->installEventFilter(this);
     QHeaderView *header = tree->header();
     header->setStretchLastSection(false);
@@ -311,37 +312,7 @@ void DependsView::copySelected()
 
 bool DependsView::eventFilter(QObject *watched, QEvent *event)
 {
-    switch (event->type()) {
-    case QEvent::Resize:
-    case QEvent::FontChange:
+    if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange)
         QMetaObject::invokeMethod(this, &DependsView::layOutColumns, Qt::QueuedConnection);
-        break;
-    case QEvent::ContextMenu:
-        if (static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard) {
-            requestMenuAtCurrent();
-            return true;
-        }
-        break;
-    case QEvent::KeyPress: {
-        const auto *key = static_cast<QKeyEvent *>(event);
-        if (key->key() == Qt::Key_F10 && key->modifiers() == Qt::ShiftModifier) {
-            requestMenuAtCurrent();
-            return true;
-        }
-        break;
-    }
-    default:
-        break;
-    }
     return QObject::eventFilter(watched, event);
-}
-
-void DependsView::requestMenuAtCurrent()
-{
-    QTreeView *tree = m_ui.m_dependsTreeView;
-    const QModelIndex current = tree->currentIndex();
-    tree->scrollTo(current);
-    const QRect place = tree->visualRect(current) & tree->viewport()->rect();
-    Q_EMIT tree->customContextMenuRequested(place.isEmpty() ? tree->viewport()->rect().center()
-                                                            : place.center());
 }

@@ -79,7 +79,6 @@ private:
     void showState(int state, bool shown);
     void layOutColumns();
     void columnResized(int column, int width);
-    void requestMenuAtCurrent();
     void copySelected();
     void showEmptyText();
     QString emptyText() const;
