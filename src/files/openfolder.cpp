@@ -104,3 +104,11 @@ std::optional<QByteArray> OpenFolder::readFile(const QString &path, qint64 limit
                            limit);
     return file ? std::optional(std::move(file->contents)) : std::nullopt;
 }
+
+bool isFolderAt(int folder, const QString &path)
+{
+    struct stat open = {};
+    struct stat present = {};
+    return ::fstat(folder, &open) == 0 && ::lstat(QFile::encodeName(path).constData(), &present) == 0
+           && open.st_dev == present.st_dev && open.st_ino == present.st_ino;
+}

@@ -57,3 +57,6 @@ private:
 
     Descriptor m_descriptor;
 };
+
+/** Whether the open folder is still the folder at `path`. A link at that path is not the folder. */
+bool isFolderAt(int folder, const QString &path);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/scratchfolder.h"
 
+#include "files/openfolder.h"
 #include "files/removetree.h"
 
 #include <QDir>
@@ -24,15 +25,6 @@ QString namePrefix()
 int openFolder(const QString &path)
 {
     return ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-}
-
-/** Whether the open folder is still the folder at `path`. */
-bool isAt(int folder, const QString &path)
-{
-    struct stat open = {};
-    struct stat present = {};
-    return ::fstat(folder, &open) == 0 && ::lstat(QFile::encodeName(path).constData(), &present) == 0
-           && open.st_dev == present.st_dev && open.st_ino == present.st_ino;
 }
 
 bool isOurs(int folder)
@@ -78,7 +70,7 @@ ScratchFolder::ScratchFolder(const QString &parent)
             return;
         folder->setAutoRemove(false);
         const int lock = openFolder(folder->path());
-        if (lock >= 0 && ::flock(lock, LOCK_EX) == 0 && isAt(lock, folder->path())) {
+        if (lock >= 0 && ::flock(lock, LOCK_EX) == 0 && isFolderAt(lock, folder->path())) {
             m_lock = lock;
             m_folder = std::move(folder);
             return;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/archive/archiveutils.h"
 
+#include "files/openfolder.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -53,15 +55,6 @@ QString privateParent()
 {
     const QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
     return runtime.isEmpty() ? QString() : runtime + QLatin1String("/velt-admin-repo");
-}
-
-/** Whether the open folder is still the folder at `path`. */
-bool isAt(int folder, const QString &path)
-{
-    struct stat open = {};
-    struct stat present = {};
-    return ::fstat(folder, &open) == 0 && ::lstat(QFile::encodeName(path).constData(), &present) == 0
-           && open.st_dev == present.st_dev && open.st_ino == present.st_ino;
 }
 } // namespace
 
@@ -142,7 +135,7 @@ int ArchiveUtils::lockParent()
             return errno;
         if (::flock(m_lock, LOCK_EX | LOCK_NB) != 0)
             return EWOULDBLOCK;
-        if (isAt(m_lock, m_parent))
+        if (isFolderAt(m_lock, m_parent))
             return 0;
         releaseLock();
     }
