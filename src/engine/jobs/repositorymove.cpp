@@ -6,6 +6,7 @@
 #include "engine/reprepro/repositorycopy.h"
 #include "files/asidedirectory.h"
 #include "files/pathguard.h"
+#include "files/renamepath.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -13,7 +14,6 @@
 #include <QTemporaryDir>
 
 #include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -47,7 +47,7 @@ bool isOnOtherFileSystem(const QString &repoPath, const QString &newPath)
 {
     const QTemporaryDir probe(repoPath + QLatin1String("/db/velt-admin-repo.move-XXXXXX"));
     const QString target = newPath + QLatin1Char('.') + QFileInfo(probe.path()).fileName();
-    if (std::rename(QFile::encodeName(probe.path()).constData(), QFile::encodeName(target).constData()) != 0)
+    if (!renamePath(probe.path(), target))
         return errno == EXDEV;
     QDir().rmdir(target);
     return false;

@@ -12,6 +12,7 @@
 #include "engine/reprepro/reprolisting.h"
 #include "files/regularfile.h"
 #include "files/removetree.h"
+#include "files/renamepath.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -19,7 +20,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace
 {
@@ -35,8 +35,7 @@ bool putIntoPool(const QString &kept, const QString &target)
     // The name without a known suffix keeps the file out of every index until it is whole.
     const QString partial = target + QLatin1String(".velt-new");
     QFile::remove(partial);
-    if (QDir().mkpath(QFileInfo(target).path()) && QFile::copy(kept, partial)
-        && std::rename(QFile::encodeName(partial).constData(), QFile::encodeName(target).constData()) == 0)
+    if (QDir().mkpath(QFileInfo(target).path()) && QFile::copy(kept, partial) && renamePath(partial, target))
         return true;
     QFile::remove(partial);
     return false;

@@ -8,6 +8,7 @@
 #include "files/openfolder.h"
 #include "files/regularfile.h"
 #include "files/removetree.h"
+#include "files/renamepath.h"
 #include "files/wholefile.h"
 #include "signing/signedpackages.h"
 
@@ -18,7 +19,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -65,11 +65,6 @@ QString condemnedPlace(const QString &repoPath)
 QString unfinishedPlace(const QString &repoPath)
 {
     return inHome(repoPath, QStringLiteral("velt-admin-repo.copying"));
-}
-
-bool rename(const QString &from, const QString &to)
-{
-    return std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) == 0;
 }
 
 /**
@@ -119,8 +114,8 @@ bool copyBack(const QString &copy, const QString &target, const QString &aside)
     const QString fresh = target + QLatin1String(".velt-new");
     const bool isWhole = copyOver(copy, fresh);
     if (isWhole)
-        rename(target, aside);
-    if (isWhole && rename(fresh, target))
+        renamePath(target, aside);
+    if (isWhole && renamePath(fresh, target))
         return true;
     QFile::remove(fresh);
     return copyOver(copy, target);
@@ -141,7 +136,7 @@ bool putSignaturesBack(const QString &repoPath, const QString &source)
     if (!QFile::exists(copy))
         return true;
     if (QFileInfo(copy).size() > 0)
-        return rename(copy, target) || copyOver(copy, target);
+        return renamePath(copy, target) || copyOver(copy, target);
     return !QFile::exists(target) || QFile::remove(target);
 }
 
@@ -155,7 +150,7 @@ bool copyFiles(const QString &repoPath)
     const bool copied = std::all_of(files.cbegin(), files.cend(), [&](const QString &file) {
         return copyWhole(inDatabase(repoPath, file), target + QLatin1Char('/') + file);
     });
-    if (copied && copySignatures(repoPath, target) && rename(target, place(repoPath)))
+    if (copied && copySignatures(repoPath, target) && renamePath(target, place(repoPath)))
         return true;
     removeTree(target);
     return false;
@@ -183,8 +178,8 @@ bool putFileBack(const QString &repoPath, const QDir &copy, const QString &file)
     if (!CopyElsewhere::folder(repoPath).isEmpty())
         return copyBack(copy.filePath(file), target, aside);
     // If the old file cannot be kept aside, it is replaced: the good file is more important.
-    rename(target, aside);
-    return rename(copy.filePath(file), target);
+    renamePath(target, aside);
+    return renamePath(copy.filePath(file), target);
 }
 
 qint64 sizeOfIndices(const QString &repoPath)
@@ -271,7 +266,7 @@ QDateTime DatabaseCopy::time(const QString &repoPath)
 void DatabaseCopy::condemn(const QString &repoPath)
 {
     // Renaming needs no space on a full disk.
-    rename(place(repoPath), condemnedPlace(repoPath));
+    renamePath(place(repoPath), condemnedPlace(repoPath));
 }
 
 bool DatabaseCopy::isCondemned(const QString &repoPath)
@@ -307,7 +302,7 @@ void DatabaseCopy::drop(const QString &repoPath)
         if (!isOurs(repoPath, path))
             continue;
         removeTree(rest);
-        removeTree(rename(path, rest) ? rest : path);
+        removeTree(renamePath(path, rest) ? rest : path);
     }
     removeTree(rest);
     CopyElsewhere::drop(repoPath);
@@ -347,12 +342,12 @@ std::optional<QByteArray> DatabaseCopy::description(const QString &repoPath)
 
 void DatabaseCopy::setDescriptionDone(const QString &repoPath)
 {
-    rename(folder(repoPath) + DescriptionFile, folder(repoPath) + DoneDescriptionFile);
+    renamePath(folder(repoPath) + DescriptionFile, folder(repoPath) + DoneDescriptionFile);
 }
 
 void DatabaseCopy::setDescriptionDue(const QString &repoPath)
 {
-    rename(folder(repoPath) + DoneDescriptionFile, folder(repoPath) + DescriptionFile);
+    renamePath(folder(repoPath) + DoneDescriptionFile, folder(repoPath) + DescriptionFile);
 }
 
 bool DatabaseCopy::putDescriptionBack(const QString &repoPath)
@@ -361,5 +356,5 @@ bool DatabaseCopy::putDescriptionBack(const QString &repoPath)
     const DistributionsFile file(repoPath);
     if (!kept || file.readBytes() == kept || file.restore(*kept))
         return true;
-    return rename(folder(repoPath) + DescriptionFile, file.fileName());
+    return renamePath(folder(repoPath) + DescriptionFile, file.fileName());
 }
