@@ -79,7 +79,8 @@ private Q_SLOTS:
     /** Nothing of a job's own may stay in the cache folder; the lists may. */
     void cleanup()
     {
-        QCOMPARE(QDir(PrivateApt::cacheFolder()).entryList({"upgrade-*"_s}, QDir::Dirs), QStringList());
+        QCOMPARE(QDir(PrivateApt::cacheFolder()).entryList({"velt-admin-repo-work-*"_s}, QDir::Dirs),
+                 QStringList());
     }
 
     void whichVersionWins()

@@ -164,13 +164,12 @@ PackageFile DownloadJob::fetch(const PackageInfo &package, const ScratchFolder &
         return {{}, {}, tr("No temporary folder could be made to fetch it into.")};
     AptUtils apt;
     apt.setStopRequest([this] { return m_context.control.isCanceled(); });
-    QString reason;
-    QObject::connect(&apt, &ProcessUtils::error, &apt, [&reason](const QString &, const QString &details) {
-        reason = details;
-    });
     const QString file
         = apt.download(package.name, package.version, package.architecture, downloadFolder(folder));
     if (file.isEmpty())
-        return {{}, {}, reason.isEmpty() ? tr("apt has left no file of that version.") : reason};
+        return {{},
+                {},
+                apt.lastErrorDetails().isEmpty() ? tr("apt has left no file of that version.")
+                                                 : apt.lastErrorDetails()};
     return PackageFile::read(file, [this] { return m_context.control.isCanceled(); });
 }

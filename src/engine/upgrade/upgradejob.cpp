@@ -10,29 +10,12 @@
 #include "engine/changes/jobpreconditions.h"
 #include "engine/jobs/packageadding.h"
 #include "engine/upgrade/upgradeoffers.h"
-#include "files/removetree.h"
+#include "files/scratchfolder.h"
 
-#include <QDateTime>
 #include <QDir>
-#include <QScopeGuard>
-#include <QTemporaryDir>
 
 namespace
 {
-const QString FolderPrefix = QStringLiteral("upgrade-");
-
-/** Folders that a killed program has left behind; those of a day may be in use. */
-void removeLeftovers(const QString &cacheFolder)
-{
-    const QDateTime limit = QDateTime::currentDateTime().addDays(-1);
-    const auto folders
-        = QDir(cacheFolder).entryInfoList({FolderPrefix + QLatin1Char('*')}, QDir::Dirs | QDir::NoSymLinks);
-    for (const QFileInfo &folder : folders) {
-        if (folder.lastModified() < limit)
-            removeTree(folder.filePath());
-    }
-}
-
 /** Why a file is not what was asked for; empty when it is. */
 QString mismatch(const PackageFile &file, const UpgradablePackage &wanted)
 {
@@ -69,12 +52,9 @@ int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions
     const QString failure = tr("Repo is not upgraded");
     if (!JobPreconditions::mayChange(m_context))
         return end(ERROR, failure);
-    removeLeftovers(PrivateApt::cacheFolder());
     const bool made = QDir().mkpath(PrivateApt::cacheFolder());
-    QTemporaryDir folder(PrivateApt::cacheFolder() + QLatin1Char('/') + FolderPrefix
-                         + QLatin1String("XXXXXX"));
-    folder.setAutoRemove(false);
-    const auto cleanUp = qScopeGuard([&folder] { removeTree(folder.path()); });
+    ScratchFolder::removeLeftovers(PrivateApt::cacheFolder());
+    const ScratchFolder folder(PrivateApt::cacheFolder());
     if (!made || !folder.isValid()) {
         m_context.errors.critical(tr("Unable to create cache folder"), PrivateApt::cacheFolder());
         return end(ERROR, failure);
@@ -186,13 +166,10 @@ PackageFile UpgradeJob::fetch(const UpgradablePackage &wanted, const Run &run)
     apt.setEnvironment(run.offers.environment());
     // A stop waits for the file; only the end of the program does not, for a server may never answer.
     apt.setStopRequest([this] { return m_context.control.isClosing(); });
-    QString reason;
-    QObject::connect(&apt, &ProcessUtils::error, &apt, [&reason](const QString &, const QString &details) {
-        reason = details;
-    });
     PackageFile file;
     const QString arrived
         = apt.download(wanted.name, wanted.newVersion, wanted.fetchArchitecture, run.folder);
+    QString reason = apt.lastErrorDetails();
     if (!arrived.isEmpty()) {
         file = PackageFile::read(arrived, [this] { return m_context.control.isClosing(); });
         reason = mismatch(file, wanted);
