@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "files/folderwatch.h"
 
-#include "core/aside.h"
+#include "core/runinbackground.h"
 #include "files/descriptor.h"
 
 #include <QFile>
@@ -36,7 +36,7 @@ void FolderWatch::watch(const QStringList &folders)
 {
     const int number = ++m_watches;
     const auto open = [folders] { return std::make_shared<const Descriptor>(watched(folders)); };
-    aside(this, open, [this, number](const std::shared_ptr<const Descriptor> &descriptor) {
+    runInBackground(this, open, [this, number](const std::shared_ptr<const Descriptor> &descriptor) {
         if (number == m_watches)
             take(descriptor);
     });

@@ -18,8 +18,9 @@ class QDBusMessage;
 class RepoServers;
 
 /**
- * Knows what is published from this machine right now. It reads aside, again whenever the servers' files or services
- * change, and tells when the picture is another one. The interface asks it instead of the servers, which block.
+ * Knows what is published from this machine right now. It reads in the background, again whenever the servers' files
+ * or services change, and tells when the picture is another one. The interface asks it instead of the servers, which
+ * block.
  */
 class PublicationMonitor : public QObject
 {

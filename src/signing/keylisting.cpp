@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/keylisting.h"
 
-#include "core/aside.h"
+#include "core/runinbackground.h"
 #include "signing/gpgrun.h"
 #include "signing/signprocess.h"
 
@@ -13,9 +13,9 @@ KeyListing KeyListing::read()
     return judge(SignProcess::keys(), *known, QDateTime::currentDateTime());
 }
 
-void KeyListing::readAside(QObject *context, const Receiver &receiver)
+void KeyListing::readInBackground(QObject *context, const Receiver &receiver)
 {
-    aside(context, &KeyListing::read, receiver);
+    runInBackground(context, &KeyListing::read, receiver);
 }
 
 KeyListing KeyListing::judge(const QStringList &keys, const QVector<SigningKey> &known, const QDateTime &now)

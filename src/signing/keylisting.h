@@ -27,7 +27,7 @@ struct KeyListing
     /**
      * Reads without waiting. `receiver` is called later on the thread of `context`, unless `context` is deleted first.
      */
-    static void readAside(QObject *context, const Receiver &receiver);
+    static void readInBackground(QObject *context, const Receiver &receiver);
     /** Makes a listing of the texts in `keys` from the records of the key ring. */
     static KeyListing judge(const QStringList &keys, const QVector<SigningKey> &known, const QDateTime &now);
 };

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "signing/repositorykey.h"
 
-#include "core/aside.h"
+#include "core/runinbackground.h"
 #include "files/wholefile.h"
 #include "signing/gpgrun.h"
 #include "signing/keylisting.h"
@@ -42,12 +42,12 @@ RepositoryKey RepositoryKey::read(const QString &repoPath, const QString &codena
     return key;
 }
 
-void RepositoryKey::readAside(QObject *context,
-                              const QString &repoPath,
-                              const QString &codename,
-                              const Receiver &receiver)
+void RepositoryKey::readInBackground(QObject *context,
+                                     const QString &repoPath,
+                                     const QString &codename,
+                                     const Receiver &receiver)
 {
-    aside(
+    runInBackground(
         context, [repoPath, codename] { return read(repoPath, codename); }, receiver);
 }
 

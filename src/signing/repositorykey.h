@@ -27,8 +27,10 @@ public:
     /**
      * Reads without waiting. `receiver` is called later on the thread of `context`, unless `context` is deleted first.
      */
-    static void
-    readAside(QObject *context, const QString &repoPath, const QString &codename, const Receiver &receiver);
+    static void readInBackground(QObject *context,
+                                 const QString &repoPath,
+                                 const QString &codename,
+                                 const Receiver &receiver);
 
     /**
      * The signer in the status lines of "gpg --verify". For a missing key it is an id, which is shorter than a

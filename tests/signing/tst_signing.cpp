@@ -76,7 +76,7 @@ private Q_SLOTS:
         QObject context;
         KeyListing listing;
         bool done = false;
-        KeyListing::readAside(&context, [&](const KeyListing &read) {
+        KeyListing::readInBackground(&context, [&](const KeyListing &read) {
             listing = read;
             done = true;
         });

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/commands/dependsreportcommands.h"
 
-#include "core/aside.h"
+#include "core/runinbackground.h"
 #include "engine/reposhell.h"
 #include "files/wholefile.h"
 #include "ui/commands/settingscommands.h"
@@ -106,7 +106,7 @@ void DependsReportCommands::copy()
     if (widget == nullptr)
         return;
     const auto work = [contents = contentsOf(*widget)] { return report(contents, Format::Text); };
-    aside(this, work, [this](const QByteArray &text) {
+    runInBackground(this, work, [this](const QByteArray &text) {
         QGuiApplication::clipboard()->setText(QString::fromUtf8(text));
         m_feedback.announce(tr("Report is copied to clipboard"));
     });
@@ -129,7 +129,7 @@ void DependsReportCommands::save()
     const QString path = choice.path;
     const Format format = choice.filter == jsonFilter ? Format::Json : Format::Text;
     const auto work = [contents, format, path] { return WholeFile::replace(path, report(contents, format)); };
-    aside(this, work, [this, path](const QString &failure) {
+    runInBackground(this, work, [this, path](const QString &failure) {
         if (!failure.isEmpty()) {
             m_feedback.error(tr("The report cannot be saved in %1.").arg(path), failure);
             return;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/commands/localsourcecommand.h"
 
-#include "core/aside.h"
+#include "core/runinbackground.h"
 #include "engine/reposhell.h"
 #include "publication/publicationaddresses.h"
 #include "publication/publicationmonitor.h"
@@ -78,7 +78,7 @@ void LocalSourceCommand::add(RepoWidget *widget)
     facts.publications = m_monitor.publicationsOf(facts.directory);
     m_tabs.setWaiting(widget, true);
     m_feedback.showWaiting(widget, tr("Looking how apt of this machine can use the repository"));
-    aside(
+    runInBackground(
         this,
         [facts, codename = info.codename] { return look(facts, codename); },
         [this, guard = QPointer<RepoWidget>(widget)](const Finding &finding) {

@@ -18,8 +18,8 @@ class RepoTabs;
 class RepoWidget;
 
 /**
- * The commands on this machine's own list of sources. Which line apt gets is looked into aside: it leads to the
- * directory or names the repository's key where it can, since a line outlives the publication that it leads to.
+ * The commands on this machine's own list of sources. Which line apt gets is looked into in the background: it leads
+ * to the directory or names the repository's key where it can, since a line outlives the publication that it leads to.
  */
 class LocalSourceCommand : public QObject
 {
@@ -55,7 +55,7 @@ Q_SIGNALS:
     void changed();
 
 private:
-    /** What was looked into aside. */
+    /** What was looked into in the background. */
     struct Finding
     {
         LocalSourceFacts facts;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/commands/packagecommands.h"
 
-#include "core/aside.h"
+#include "core/runinbackground.h"
 #include "engine/reposhell.h"
 #include "ui/commands/repositorycommands.h"
 #include "ui/commands/settingscommands.h"
@@ -183,7 +183,7 @@ void PackageCommands::takeDropped(const QStringList &paths,
         return;
     }
     const auto find = [paths] { return PackageDrop::packagesAt(paths); };
-    aside(this, find, [this, add](const PackageDrop::Packages &packages) {
+    runInBackground(this, find, [this, add](const PackageDrop::Packages &packages) {
         constexpr int Many = 20;
         const QString folders = packages.folders.join(QLatin1String(", "));
         if (packages.files.isEmpty())

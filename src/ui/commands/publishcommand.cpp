@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/commands/publishcommand.h"
 
-#include "core/aside.h"
+#include "core/runinbackground.h"
 #include "engine/reposhell.h"
 #include "platform/packagemanager.h"
 #include "server/httpserver.h"
@@ -135,7 +135,7 @@ void PublishCommand::checkAccess(const Request &request)
     const auto look = [path = request.wanted.path, protocol = request.wanted.protocol] {
         return Finding{PublicationPath::isPublishable(path), PublicationAccess::examine(path, protocol)};
     };
-    aside(this, look, [this, request](const Finding &found) {
+    runInBackground(this, look, [this, request](const Finding &found) {
         if (!goesOn(request))
             return;
         if (found.isPublishable)
@@ -175,7 +175,7 @@ void PublishCommand::judgeAccess(const Request &request, const PublicationAccess
 void PublishCommand::openUp(const Request &request)
 {
     const auto open = [path = request.wanted.path] { return PublicationAccess::openUp(path); };
-    aside(this, open, [this, request](const QString &failure) {
+    runInBackground(this, open, [this, request](const QString &failure) {
         if (!goesOn(request))
             return;
         if (failure.isEmpty())
@@ -301,7 +301,7 @@ void PublishCommand::explainFailure(const Request &request)
         const bool isNew = asked.isValid() && file.exists() && file.lastModified() >= asked;
         return isNew ? LogTail::read(log) : QString();
     };
-    aside(this, read, [this, request, log](const QString &text) {
+    runInBackground(this, read, [this, request, log](const QString &text) {
         if (!goesOn(request))
             return;
         constexpr int MostLines = 20;

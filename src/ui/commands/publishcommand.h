@@ -20,7 +20,8 @@ class RepoWidget;
 
 /**
  * Publishes and unpublishes repositories. Before the system is asked for anything, everything is looked at that can
- * stand in the way, each thing aside; while a tab waits for the system, its other commands are switched off.
+ * stand in the way, each thing in the background; while a tab waits for the system, its other commands are switched
+ * off.
  */
 class PublishCommand : public QObject
 {

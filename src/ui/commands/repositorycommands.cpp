@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/commands/repositorycommands.h"
 
-#include "core/aside.h"
+#include "core/runinbackground.h"
 #include "engine/reposhell.h"
 #include "engine/repository/distributionsfile.h"
 #include "files/pathguard.h"
@@ -154,7 +154,8 @@ QStringList RepositoryCommands::remembered() const
 void RepositoryCommands::fillDefaults(NewRepoDialog *dialog)
 {
     // Asking the system runs a program, so the dialog is there first and is filled when the answer comes.
-    aside(dialog, &RepoShell::defaultRepoInfo, [dialog](const RepoInfo &info) { dialog->setDefaults(info); });
+    runInBackground(
+        dialog, &RepoShell::defaultRepoInfo, [dialog](const RepoInfo &info) { dialog->setDefaults(info); });
 }
 
 // --- open --------------------------------------------------------------------------------------------------------
@@ -189,7 +190,7 @@ RepoWidget *RepositoryCommands::showRepo(const QString &repoPath, bool again)
     m_tabs.setWaiting(widget, true);
     if (again)
         m_reopened.insert(widget);
-    aside(
+    runInBackground(
         widget,
         [path] { return lookAt(path); },
         [this, widget, path, again](const Look &look) {
@@ -250,7 +251,7 @@ void RepositoryCommands::openRecent(const QString &path)
         openRepo(path);
         return;
     }
-    aside(
+    runInBackground(
         this,
         [path] { return lookAt(path); },
         [this, path](const Look &look) {
@@ -297,7 +298,7 @@ void RepositoryCommands::changeRepo()
         return;
     // Somebody may have edited the description since the repository was opened.
     const QString path = m_tabs.pathOf(widget);
-    aside(
+    runInBackground(
         widget,
         [path] { return DistributionsFile(path).readBytes(); },
         [this, widget, path](const std::optional<QByteArray> &description) {
@@ -332,7 +333,7 @@ void RepositoryCommands::removeRepo()
     if (widget == nullptr || m_tabs.isRunning(widget))
         return;
     const QString path = m_tabs.pathOf(widget);
-    aside(
+    runInBackground(
         widget,
         // Before anything is given up for a deletion that cannot be.
         [path, known = RepositoryRemoval::Known{m_tabs.allPlaces(widget), remembered()}] {
@@ -407,7 +408,7 @@ void RepositoryCommands::startRemoval(const QString &path, const QString &place)
         const RepositoryRemoval::Outcome outcome = RepositoryRemoval::remove(path, known, &reason);
         return Outcome(outcome, reason);
     };
-    aside(this, work, [this, path, place](const Outcome &outcome) {
+    runInBackground(this, work, [this, path, place](const Outcome &outcome) {
         m_removing.removeOne(place);
         if (outcome.first == RepositoryRemoval::Outcome::Deleted) {
             m_recent.remove(path);

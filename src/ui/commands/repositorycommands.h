@@ -56,7 +56,7 @@ public:
     RepoWidget *chooseAndOpen();
     /**
      * Opens the repository in `path`, or brings its tab to the front. Whether it is there, and is one, is looked at
-     * aside, since its disk may not answer: the tab goes again when not.
+     * in the background, since its disk may not answer: the tab goes again when not.
      */
     RepoWidget *openRepo(const QString &path);
     /** Opens an entry of the recent ones, which may be gone. */

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/commands/signingcommands.h"
 
-#include "core/aside.h"
+#include "core/runinbackground.h"
 #include "engine/reposhell.h"
 #include "signing/keylisting.h"
 #include "signing/repositorykey.h"
@@ -53,7 +53,7 @@ void SigningCommands::signPackages()
 void SigningCommands::readKey(const Request &request)
 {
     m_isReading = true;
-    KeyListing::readAside(this, [this, request](const KeyListing &listing) {
+    KeyListing::readInBackground(this, [this, request](const KeyListing &listing) {
         m_isReading = false;
         confirm(request, listing);
     });
@@ -94,7 +94,7 @@ void SigningCommands::confirm(const Request &request, const KeyListing &listing)
 void SigningCommands::copyPublicKey(const QString &keyId)
 {
     const auto read = [keyId] { return RepositoryKey::publicKey(keyId); };
-    aside(this, read, [this](const RepositoryKey::Export &exported) {
+    runInBackground(this, read, [this](const RepositoryKey::Export &exported) {
         if (exported.key.isEmpty()) {
             m_feedback.error(tr("The public key cannot be exported."), exported.errorText);
             return;
@@ -113,7 +113,7 @@ void SigningCommands::savePublicKey(const RepoWidget &widget, const QString &key
     if (path.isEmpty())
         return;
     const auto save = [keyId, path] { return RepositoryKey::savePublicKey(keyId, path); };
-    aside(this, save, [this, path](const QString &failure) {
+    runInBackground(this, save, [this, path](const QString &failure) {
         if (failure.isEmpty())
             m_feedback.announce(tr("The public key is saved in %1.").arg(path));
         else

@@ -102,7 +102,7 @@ void GpgKeysWidget::readKeys()
 {
     m_isReading = true;
     selectKeyInUse();
-    KeyListing::readAside(this, [this](const KeyListing &listing) {
+    KeyListing::readInBackground(this, [this](const KeyListing &listing) {
         m_isReading = false;
         fill(listing.keys, listing.unusable, listing.warnings);
     });

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs/newrepodialog.h"
 
-#include "core/aside.h"
+#include "core/runinbackground.h"
 #include "engine/repository/changerules.h"
 #include "files/pathguard.h"
 #include "signing/keymanager.h"
@@ -234,7 +234,7 @@ void NewRepoDialog::accept()
     const RepoInfo info = repoInfo();
     m_isLooking = true;
     setCursor(Qt::BusyCursor);
-    aside(
+    runInBackground(
         this,
         [path, remembered = m_remembered] { return lookAt(path, remembered); },
         [this, path, info](const Place &place) {

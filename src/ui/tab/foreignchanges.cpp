@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/tab/foreignchanges.h"
 
-#include "core/aside.h"
+#include "core/runinbackground.h"
 #include "engine/reposhell.h"
 #include "engine/repository/packagelisting.h"
 #include "ui/dialogs/prompts.h"
@@ -74,7 +74,7 @@ void ForeignChanges::look()
         const auto listed = readListing(path, info);
         return listed && !compareListings(known, *listed).isEmpty();
     };
-    aside(this, compare, [this, path](bool isOther) {
+    runInBackground(this, compare, [this, path](bool isOther) {
         m_isLooking = false;
         if (m_widget.repoPath() != path)
             return;

@@ -36,10 +36,11 @@ void RepositoryKeyPanel::readKey()
     const RepoInfo info = m_shell.repoInfo();
     if (m_repoPath.isEmpty() || !info.signWith)
         return;
-    RepositoryKey::readAside(this, m_repoPath, info.codename, [this, number](const RepositoryKey &key) {
-        if (number == m_reading)
-            show(key);
-    });
+    RepositoryKey::readInBackground(
+        this, m_repoPath, info.codename, [this, number](const RepositoryKey &key) {
+            if (number == m_reading)
+                show(key);
+        });
 }
 
 void RepositoryKeyPanel::show(const RepositoryKey &key)

@@ -9,7 +9,7 @@ LogTail::LogTail(QObject *parent)
     : QObject(parent)
 {
     m_timer.setInterval(1000);
-    connect(&m_timer, &QTimer::timeout, this, &LogTail::readAside);
+    connect(&m_timer, &QTimer::timeout, this, &LogTail::readInBackground);
     connect(&m_reading, &QFutureWatcherBase::finished, this, &LogTail::take);
 }
 
@@ -25,7 +25,7 @@ void LogTail::setFile(const QString &path)
         return;
     }
     m_timer.start();
-    readAside();
+    readInBackground();
 }
 
 QString LogTail::read(const QString &path)
@@ -43,7 +43,7 @@ QString LogTail::read(const QString &path)
     return QString::fromUtf8(text);
 }
 
-void LogTail::readAside()
+void LogTail::readInBackground()
 {
     if (m_reading.isRunning())
         return;
@@ -55,7 +55,7 @@ void LogTail::take()
 {
     if (m_readPath != m_path) {
         if (!m_path.isEmpty())
-            readAside();
+            readInBackground();
         return;
     }
     const QString text = m_reading.result();

@@ -24,7 +24,7 @@ Q_SIGNALS:
     void changed(const QString &text);
 
 private:
-    void readAside();
+    void readInBackground();
     void take();
 
     QString m_path;

@@ -10,7 +10,7 @@
  * first, `next` is not called.
  */
 template <typename Work, typename Next>
-void aside(QObject *context, Work work, Next next)
+void runInBackground(QObject *context, Work work, Next next)
 {
     using Result = decltype(work());
     auto *watcher = new QFutureWatcher<Result>(context);
