@@ -38,9 +38,9 @@ QString stateOf(const PublishedRepo &repo, int protocol)
     return VeltAdmin::SystemdService(service).activeState();
 }
 
-PublicationMonitor::Picture read(const RepoServers &servers)
+PublicationMonitor::Snapshot read(const RepoServers &servers)
 {
-    PublicationMonitor::Picture picture;
+    PublicationMonitor::Snapshot snapshot;
     for (const int protocol : {int(HttpProtocol), int(FtpProtocol)}) {
         RepoServer *server = servers.server(protocol);
         if (server == nullptr)
@@ -54,15 +54,15 @@ PublicationMonitor::Picture read(const RepoServers &servers)
                                     QFileInfo(repo.path).isDir(),
                                     !server->isConfiguredByUs()};
             publication.repo.port = publication.port();
-            picture.publications += publication;
+            snapshot.publications += publication;
         }
     }
-    picture.listeningPorts = ListeningPorts::read();
-    return picture;
+    snapshot.listeningPorts = ListeningPorts::read();
+    return snapshot;
 }
 } // namespace
 
-bool PublicationMonitor::Picture::operator==(const Picture &other) const
+bool PublicationMonitor::Snapshot::operator==(const Snapshot &other) const
 {
     return publications == other.publications && listeningPorts == other.listeningPorts;
 }
@@ -100,8 +100,8 @@ PublicationMonitor::~PublicationMonitor() = default;
 QVector<Publication> PublicationMonitor::publicationsOf(const QString &place) const
 {
     QVector<Publication> found;
-    std::copy_if(m_picture.publications.cbegin(),
-                 m_picture.publications.cend(),
+    std::copy_if(m_snapshot.publications.cbegin(),
+                 m_snapshot.publications.cend(),
                  std::back_inserter(found),
                  [&place](const Publication &publication) { return publication.repo.path == place; });
     return found;
@@ -223,11 +223,11 @@ void PublicationMonitor::startReading()
 
 void PublicationMonitor::takeReading()
 {
-    const Picture picture = m_reading.result();
-    const bool isNew = !m_known || !(picture == m_picture);
+    const Snapshot snapshot = m_reading.result();
+    const bool isNew = !m_known || !(snapshot == m_snapshot);
     const bool again = std::exchange(m_again, false);
     m_known = true;
-    m_picture = picture;
+    m_snapshot = snapshot;
     if (again)
         startReading();
     // The last thing: who is told may delete the monitor.

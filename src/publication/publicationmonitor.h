@@ -19,7 +19,7 @@ class RepoServers;
 
 /**
  * Knows what is published from this machine right now. It reads in the background, again whenever the servers' files
- * or services change, and tells when the picture is another one. The interface asks it instead of the servers, which
+ * or services change, and tells when the snapshot is another one. The interface asks it instead of the servers, which
  * block.
  */
 class PublicationMonitor : public QObject
@@ -27,15 +27,15 @@ class PublicationMonitor : public QObject
     Q_OBJECT
 public:
     /** What one reading has found. */
-    struct Picture
+    struct Snapshot
     {
         QVector<Publication> publications;
         QSet<int> listeningPorts;
 
-        bool operator==(const Picture &other) const;
+        bool operator==(const Snapshot &other) const;
     };
     /** Called on the thread pool, never twice at a time, and perhaps after the monitor has gone. */
-    using Reader = std::function<Picture()>;
+    using Reader = std::function<Snapshot()>;
 
     explicit PublicationMonitor(QObject *parent = nullptr);
     PublicationMonitor(const std::shared_ptr<const RepoServers> &servers, QObject *parent);
@@ -46,18 +46,18 @@ public:
     /** Whether the first reading has ended; before, nothing is known and publications() is empty. */
     bool isKnown() const { return m_known; }
     /** Those over HTTP first. */
-    QVector<Publication> publications() const { return m_picture.publications; }
+    QVector<Publication> publications() const { return m_snapshot.publications; }
     /** The publications of the repository in this directory, whose path is canonical: touches no file. */
     QVector<Publication> publicationsOf(const QString &place) const;
     /** On which any program of this machine waits; as of the last reading, which no such program brings about. */
-    QSet<int> listeningPorts() const { return m_picture.listeningPorts; }
+    QSet<int> listeningPorts() const { return m_snapshot.listeningPorts; }
     /** Reads again now; refreshed() follows in any case. */
     void refresh();
     /** Reads again every few seconds from now on, or no longer: for who looks at the services. Starts switched off. */
     void setLive(bool live);
 
 Q_SIGNALS:
-    /** A reading has found another picture than the one before it, or the first one. */
+    /** A reading has found another snapshot than the one before it, or the first one. */
     void changed();
     /** A reading has ended that began after the last refresh(). */
     void refreshed();
@@ -70,12 +70,12 @@ private:
     Reader m_reader;
     QStringList m_watched;
     QFileSystemWatcher m_files;
-    QFutureWatcher<Picture> m_reading;
+    QFutureWatcher<Snapshot> m_reading;
     QTimer m_soon;
     QTimer m_live;
     bool m_again = false; ///< a refresh() has come while a reading ran
     bool m_known = false;
-    Picture m_picture;
+    Snapshot m_snapshot;
 
     void watchFiles();
     bool isWatched(const QString &path) const;

@@ -19,7 +19,7 @@
 
 namespace
 {
-/** Gives a monitor its pictures, each only when it is let go. */
+/** Gives a monitor its snapshots, each only when it is let go. */
 struct Gate
 {
     std::mutex mutex;
@@ -36,7 +36,7 @@ struct Gate
             ++gate->begun;
             gate->condition.wait(lock, [&] { return gate->ended < gate->allowed; });
             ++gate->ended;
-            return PublicationMonitor::Picture{{{{gate->port, "HTTP"_s, "/srv/a"_s}, HttpProtocol, {}}}, {}};
+            return PublicationMonitor::Snapshot{{{{gate->port, "HTTP"_s, "/srv/a"_s}, HttpProtocol, {}}}, {}};
         };
     }
     void allow(int readings)

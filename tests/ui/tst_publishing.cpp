@@ -40,38 +40,38 @@ public:
     bool holds = false; ///< the answer, until it is released
     QByteArray serverLog; ///< what the server that is started writes before it ends
 
-    PublicationMonitor::Picture picture() const
+    PublicationMonitor::Snapshot snapshot() const
     {
         const QMutexLocker lock(&m_mutex);
-        return m_picture;
+        return m_snapshot;
     }
-    void setPicture(const PublicationMonitor::Picture &picture)
+    void setSnapshot(const PublicationMonitor::Snapshot &snapshot)
     {
         const QMutexLocker lock(&m_mutex);
-        m_picture = picture;
+        m_snapshot = snapshot;
     }
     void release() { m_bus.send(m_held.createReply(succeeds)); }
 
 public Q_SLOTS:
     bool PublishRepo(const QString &path, int port, int protocol)
     {
-        auto now = picture();
+        auto now = snapshot();
         if (succeeds && refusal.isEmpty())
             now.publications
                 += {{port, protocol == 0 ? "HTTP"_s : "FTP"_s, path}, protocol, "active"_s, true};
-        setPicture(now);
+        setSnapshot(now);
         if (!serverLog.isEmpty())
             writeFile(HttpServer::logFile(port), serverLog);
         return answer("publish %1 %2 %3"_s.arg(path).arg(port).arg(protocol));
     }
     bool UnpublishRepo(int port, int protocol)
     {
-        auto now = picture();
+        auto now = snapshot();
         const auto isIt = [=](const auto &one) { return one.repo.port == port && one.protocol == protocol; };
         auto &all = now.publications;
         if (!goesOn)
             all.erase(std::remove_if(all.begin(), all.end(), isIt), all.end());
-        setPicture(now);
+        setSnapshot(now);
         return answer("unpublish %1 %2"_s.arg(port).arg(protocol));
     }
     bool AddLocalSource(const QString &entry) { return answer("add "_s + entry); }
@@ -90,7 +90,7 @@ private:
     }
 
     mutable QMutex m_mutex;
-    PublicationMonitor::Picture m_picture;
+    PublicationMonitor::Snapshot m_snapshot;
     QDBusConnection m_bus;
     QDBusMessage m_held;
 };
@@ -138,7 +138,7 @@ class PublishingTest : public QObject
         QSettings().setValue("recentOpennedRepos"_s, repositories);
         HelperPeer *helper = m_helper.get();
         m_monitor = std::make_unique<PublicationMonitor>(
-            [helper] { return helper->picture(); }, QStringList(), nullptr);
+            [helper] { return helper->snapshot(); }, QStringList(), nullptr);
         m_driver = std::make_unique<WindowDriver>(m_monitor.get());
         QVERIFY(
             QTest::qWaitFor([&] { return m_driver->isIdle(repositories.size()) && m_monitor->isKnown(); }));
@@ -264,7 +264,7 @@ private Q_SLOTS:
         const QString repo = makeRepository("one"_s);
         QSettings store;
         PublicationSettings{8000, repo, false, "amd64"_s, HttpProtocol, "10.1.1.1"_s}.claim(store);
-        m_helper->setPicture({{{{8000, "HTTP"_s, repo}, HttpProtocol, before, true}}, {}});
+        m_helper->setSnapshot({{{{8000, "HTTP"_s, repo}, HttpProtocol, before, true}}, {}});
         start({repo});
         QTRY_COMPARE(field<QSpinBox>("m_httpPortSpinBox")->value(), 8000);
         choose(0, protocol, 8001);
@@ -308,7 +308,7 @@ private Q_SLOTS:
     void leavesWhatOthersHaveSetUp()
     {
         const QString repo = makeRepository("one"_s);
-        m_helper->setPicture({{{{21, "FTP"_s, repo}, FtpProtocol, "active"_s, true, true}}, {}});
+        m_helper->setSnapshot({{{{21, "FTP"_s, repo}, FtpProtocol, "active"_s, true, true}}, {}});
         start({repo});
         QTRY_VERIFY(action("m_unpublishRepoAction")->isEnabled());
         QString said;
@@ -327,7 +327,7 @@ private Q_SLOTS:
         QVERIFY(m_helper->calls.isEmpty() && QFileInfo::exists(repo + "/conf"_s));
 
         // What is ours and cannot be stopped has a reason, too.
-        m_helper->setPicture({{{{21, "FTP"_s, repo}, FtpProtocol, "active"_s, true}}, {}});
+        m_helper->setSnapshot({{{{21, "FTP"_s, repo}, FtpProtocol, "active"_s, true}}, {}});
         m_helper->goesOn = true;
         m_helper->succeeds = false;
         m_monitor->refresh();
@@ -399,11 +399,11 @@ private Q_SLOTS:
         if (is("ends"))
             m_helper->serverLog = "the port is taken\n";
         if (is("rewrite"))
-            m_helper->setPicture({{{{8021, "FTP"_s, "/old"_s}, 1, "active"_s, true}}, {}});
+            m_helper->setSnapshot({{{{8021, "FTP"_s, "/old"_s}, 1, "active"_s, true}}, {}});
         start({repo});
         choose(0, protocol, port);
         if (is("port"))
-            m_helper->setPicture({{}, {8000}});
+            m_helper->setSnapshot({{}, {8000}});
         QString said;
         const Script script{inDialog<QMessageBox>(box.at(0), [&](QMessageBox &dialog) {
             said = dialog.text() + " "_s + dialog.informativeText() + " "_s + dialog.detailedText();
@@ -425,7 +425,7 @@ private Q_SLOTS:
     {
         const QString open = makeRepository("one"_s);
         const QString closed = makeRepository("two"_s);
-        m_helper->setPicture(
+        m_helper->setSnapshot(
             {{{{80, "HTTP"_s, open}, 0, "active"_s, true}, {{8080, "HTTP"_s, closed}, 0, "failed"_s, true}},
              {}});
         start({open});
@@ -532,16 +532,16 @@ private Q_SLOTS:
     {
         const QString real = makeRepository("one"_s);
         QVERIFY(QFile::link(real, real + "-link"_s));
-        m_helper->setPicture({{{{80, "HTTP"_s, real}, 0, "active"_s, true}}, {}});
+        m_helper->setSnapshot({{{{80, "HTTP"_s, real}, 0, "active"_s, true}}, {}});
         start({real + "-link"_s});
         QVERIFY(state().startsWith("Published at"_s));
         // What the link names was looked up once.
         QVERIFY(QFile::rename(real + "-link"_s, real + "-gone"_s));
-        m_helper->setPicture({{{{80, "HTTP"_s, real}, 0, "failed"_s, true}}, {}});
+        m_helper->setSnapshot({{{{80, "HTTP"_s, real}, 0, "failed"_s, true}}, {}});
         m_monitor->refresh();
         QTRY_VERIFY(state().startsWith("To be published at"_s));
         QVERIFY(QFile::rename(real + "-gone"_s, real + "-link"_s));
-        m_helper->setPicture({});
+        m_helper->setSnapshot({});
         m_monitor->refresh();
         QTRY_COMPARE(state(), "Not published"_s);
         choose(0, HttpProtocol, 8000);

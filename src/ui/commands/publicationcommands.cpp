@@ -42,10 +42,10 @@ PublicationCommands::PublicationCommands(Ui::MainWindow &ui,
     m_ui.actionView->setVisible(false);
     connectActions();
     connect(&m_tabs, &RepoTabs::created, this, &PublicationCommands::attach);
-    connect(&m_tabs, &RepoTabs::listChanged, this, &PublicationCommands::showPicture);
-    connect(&m_monitor, &PublicationMonitor::changed, this, &PublicationCommands::showPicture);
-    connect(&m_repositories, &RepositoryCommands::removalsEnded, this, &PublicationCommands::showPicture);
-    connect(m_sources, &LocalSourceCommand::changed, this, &PublicationCommands::showPicture);
+    connect(&m_tabs, &RepoTabs::listChanged, this, &PublicationCommands::showSnapshot);
+    connect(&m_monitor, &PublicationMonitor::changed, this, &PublicationCommands::showSnapshot);
+    connect(&m_repositories, &RepositoryCommands::removalsEnded, this, &PublicationCommands::showSnapshot);
+    connect(m_sources, &LocalSourceCommand::changed, this, &PublicationCommands::showSnapshot);
     connect(m_publish, &PublishCommand::published, this, [this] {
         m_hasPublished = true;
         updateActions();
@@ -72,7 +72,7 @@ void PublicationCommands::attach(RepoWidget *widget)
 {
     connect(widget, &RepoWidget::publishRepoTriggered, this, [this, widget] { publish(widget); });
     connect(widget, &RepoWidget::unpublishRepoTriggered, this, [this, widget] { unpublish(widget); });
-    connect(widget, &RepoWidget::newRepoPath, this, [this, widget] { showPictureIn(widget); });
+    connect(widget, &RepoWidget::newRepoPath, this, [this, widget] { showSnapshotIn(widget); });
     connect(widget->publicationPanel(), &PublicationPanel::choiceChanged, this, [this, widget] {
         updateCommands(widget);
     });
@@ -84,26 +84,26 @@ void PublicationCommands::attach(RepoWidget *widget)
     });
     connect(&m_tabs, &RepoTabs::moved, widget, [this, widget](const RepoWidget *moved) {
         if (moved == widget)
-            showPictureIn(widget);
+            showSnapshotIn(widget);
     });
 }
 
 // --- what can be done --------------------------------------------------------------------------------------------
 
-void PublicationCommands::showPicture()
+void PublicationCommands::showSnapshot()
 {
-    // Whatever has brought about another picture may have changed what is kept.
+    // Whatever has brought about another snapshot may have changed what is kept.
     m_publish->renewKeptPorts();
     const QList<RepoWidget *> widgets = m_tabs.shown();
     for (RepoWidget *widget : widgets)
-        showPictureIn(widget);
+        showSnapshotIn(widget);
     if (widgets.isEmpty())
         updateCommands(nullptr);
     if (!m_dialog.isNull())
         m_dialog->showOrphanedLines(m_sources->orphanedLines());
 }
 
-void PublicationCommands::showPictureIn(RepoWidget *widget)
+void PublicationCommands::showSnapshotIn(RepoWidget *widget)
 {
     const QString place = widget->repoShell()->place();
     const QVector<Publication> publications

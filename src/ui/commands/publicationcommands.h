@@ -47,8 +47,8 @@ public:
 private:
     void attach(RepoWidget *widget);
     void connectActions();
-    void showPicture();
-    void showPictureIn(RepoWidget *widget);
+    void showSnapshot();
+    void showSnapshotIn(RepoWidget *widget);
     void updateCommands(RepoWidget *widget);
     PublicationRules judge(const RepoWidget &widget) const;
     /** What the tab's command to unpublish means; of several, the one that the panel shows. */

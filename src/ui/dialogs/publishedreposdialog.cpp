@@ -57,8 +57,8 @@ PublishedReposDialog::PublishedReposDialog(PublicationMonitor &monitor, Prompts 
     connect(
         m_orphanedLines, &OrphanedLines::removalRequested, this, &PublishedReposDialog::lineRemovalRequested);
     connect(m_tail, &LogTail::changed, this, &PublishedReposDialog::showLog);
-    connect(&m_monitor, &PublicationMonitor::changed, this, &PublishedReposDialog::showPicture);
-    connect(&m_monitor, &PublicationMonitor::refreshed, this, &PublishedReposDialog::showPicture);
+    connect(&m_monitor, &PublicationMonitor::changed, this, &PublishedReposDialog::showSnapshot);
+    connect(&m_monitor, &PublicationMonitor::refreshed, this, &PublishedReposDialog::showSnapshot);
     auto *addresses = new PublicationAddresses(this);
     connect(
         addresses, &PublicationAddresses::found, this, [this](const QStringList &, const QString &preferred) {
@@ -169,13 +169,13 @@ void PublishedReposDialog::buildActions()
     layout()->addWidget(box);
 }
 
-// --- the picture -------------------------------------------------------------------------------------------------
+// --- the snapshot -------------------------------------------------------------------------------------------------
 
 void PublishedReposDialog::showEvent(QShowEvent *event)
 {
     m_monitor.setLive(true);
     readHosts();
-    showPicture();
+    showSnapshot();
     m_view->setFocus();
     QDialog::showEvent(event);
 }
@@ -207,7 +207,7 @@ void PublishedReposDialog::readHosts()
     m_model->setHosts(m_host, hosts);
 }
 
-void PublishedReposDialog::showPicture()
+void PublishedReposDialog::showSnapshot()
 {
     if (!isVisible() && !m_monitor.isKnown())
         return;

@@ -49,7 +49,7 @@ private:
     void buildActions();
     QAction *action(const QString &text, const char *icon, const QKeySequence &key, const char *name);
     QWidget *logArea();
-    void showPicture();
+    void showSnapshot();
     void readHosts();
     void updateForCurrent();
     void showLog(const QString &text);
