@@ -88,7 +88,7 @@ bool RepositoryCommands::create(Creation creation)
     }
     // Creating wipes what is there.
     if (!creation.source.isEmpty())
-        dialog.setPlaceCheck([source = creation.source](const QString &path) {
+        dialog.setPathCheck([source = creation.source](const QString &path) {
             return PathGuard::overlap(path, source)
                        ? tr("The packages are imported from %1, so the repository "
                             "can neither lie in it nor hold it. "
@@ -171,7 +171,7 @@ RepoWidget *RepositoryCommands::openRepo(const QString &repoPath)
     return showRepo(repoPath, false);
 }
 
-RepositoryCommands::Look RepositoryCommands::lookAt(const QString &path)
+RepositoryCommands::FolderState RepositoryCommands::stateOf(const QString &path)
 {
     return {PathGuard::resolved(path),
             QFileInfo(path).isDir(),
@@ -192,12 +192,12 @@ RepoWidget *RepositoryCommands::showRepo(const QString &repoPath, bool again)
         m_reopened.insert(widget);
     runInBackground(
         widget,
-        [path] { return lookAt(path); },
-        [this, widget, path, again](const Look &look) {
+        [path] { return stateOf(path); },
+        [this, widget, path, again](const FolderState &state) {
             if (m_tabs.pathOf(widget).isEmpty() || m_prompts.isDismissed())
                 return;
             m_tabs.setWaiting(widget, false);
-            openWhatIsThere(widget, path, look, again);
+            openWhatIsThere(widget, path, state, again);
             endReopening(widget);
         });
     return widget;
@@ -205,20 +205,20 @@ RepoWidget *RepositoryCommands::showRepo(const QString &repoPath, bool again)
 
 void RepositoryCommands::openWhatIsThere(RepoWidget *widget,
                                          const QString &path,
-                                         const Look &look,
+                                         const FolderState &state,
                                          bool again)
 {
-    RepoWidget *other = m_tabs.find(look.place);
+    RepoWidget *other = m_tabs.find(state.place);
     if (other != nullptr && other != widget) {
         m_tabs.bringToFront(other);
-    } else if (again && !look.isRepository) {
+    } else if (again && !state.isRepository) {
         m_feedback.appendLog(tr("File %1/conf/distributions not found!").arg(path));
-    } else if (!look.isFolder) {
+    } else if (!state.isFolder) {
         m_feedback.error(tr("The directory %1 does not exist.").arg(path), {}, RepoEnums::WARNING);
-    } else if (m_removing.contains(look.place)) {
+    } else if (m_removing.contains(state.place)) {
         m_feedback.announce(tr("The repository %1 is being deleted.").arg(path));
     } else {
-        m_tabs.setPlace(widget, look.place);
+        m_tabs.setPlace(widget, state.place);
         if (!again)
             rememberOnceOpen(*widget->repoShell(), path);
         widget->openRepo(path);
@@ -253,9 +253,9 @@ void RepositoryCommands::openRecent(const QString &path)
     }
     runInBackground(
         this,
-        [path] { return lookAt(path); },
-        [this, path](const Look &look) {
-            if (look.isFolder) {
+        [path] { return stateOf(path); },
+        [this, path](const FolderState &state) {
+            if (state.isFolder) {
                 openRepo(path);
                 return;
             }

@@ -101,16 +101,16 @@ private:
     void change(RepoWidget *widget, const QByteArray &description);
     void askForRemoval(RepoWidget *widget);
     /** What the file system says of a path. */
-    struct Look
+    struct FolderState
     {
         QString place; ///< with links resolved
         bool isFolder = false;
         bool isRepository = false;
     };
-    static Look lookAt(const QString &path);
+    static FolderState stateOf(const QString &path);
     RepoWidget *showRepo(const QString &path, bool again);
     void endReopening(const RepoWidget *widget);
-    void openWhatIsThere(RepoWidget *widget, const QString &path, const Look &look, bool again);
+    void openWhatIsThere(RepoWidget *widget, const QString &path, const FolderState &state, bool again);
     /** Puts the path among the recent ones when the engine has opened it. */
     void rememberOnceOpen(const RepoShell &shell, const QString &path);
     void remove(RepoWidget *widget);

@@ -236,8 +236,8 @@ void NewRepoDialog::accept()
     setCursor(Qt::BusyCursor);
     runInBackground(
         this,
-        [path, remembered = m_remembered] { return lookAt(path, remembered); },
-        [this, path, info](const Place &place) {
+        [path, remembered = m_remembered] { return stateOf(path, remembered); },
+        [this, path, info](const FolderState &state) {
             m_isLooking = false;
             unsetCursor();
             // Meanwhile the user may have changed the fields or closed the dialog.
@@ -245,20 +245,20 @@ void NewRepoDialog::accept()
                 return;
             if (path != repositoryPath() || info != repoInfo())
                 accept();
-            else if (userAgreesToLosses(place))
+            else if (userAgreesToLosses(state))
                 QDialog::accept();
         });
 }
 
-NewRepoDialog::Place NewRepoDialog::lookAt(const QString &path, const QStringList &remembered)
+NewRepoDialog::FolderState NewRepoDialog::stateOf(const QString &path, const QStringList &remembered)
 {
-    Place place;
-    place.exists = QFileInfo::exists(path);
-    if (place.exists) {
-        place.isRepository = PathGuard::isRepository(path);
-        place.repositories = PathGuard::repositoriesBelow(path, remembered);
+    FolderState state;
+    state.exists = QFileInfo::exists(path);
+    if (state.exists) {
+        state.isRepository = PathGuard::isRepository(path);
+        state.repositories = PathGuard::repositoriesBelow(path, remembered);
     }
-    return place;
+    return state;
 }
 
 bool NewRepoDialog::stays() const
@@ -286,7 +286,7 @@ bool NewRepoDialog::fieldsAreValid()
 {
     switch (NewRepoRules::check(m_ui->m_pathLineEdit->text(), repoInfo())) {
     case NewRepoRules::Refusal::None:
-        return placeIsFree();
+        return pathIsFree();
     case NewRepoRules::Refusal::MissingField:
         m_prompts.warn(windowTitle(), tr("Please fill all required fields!"), this);
         focusMissingField();
@@ -309,9 +309,9 @@ bool NewRepoDialog::fieldsAreValid()
     return false;
 }
 
-bool NewRepoDialog::placeIsFree()
+bool NewRepoDialog::pathIsFree()
 {
-    const QString refusal = m_placeRefusal ? m_placeRefusal(repositoryPath()) : QString();
+    const QString refusal = m_pathRefusal ? m_pathRefusal(repositoryPath()) : QString();
     if (refusal.isEmpty())
         return true;
     m_prompts.warn(windowTitle(), refusal, this);
@@ -319,7 +319,7 @@ bool NewRepoDialog::placeIsFree()
     return false;
 }
 
-bool NewRepoDialog::userAgreesToLosses(const Place &place)
+bool NewRepoDialog::userAgreesToLosses(const FolderState &state)
 {
     const auto agrees = [this](const QString &title, const QString &question, const QString &about = {}) {
         return m_prompts.askCarefully(title, question, about, this) == Prompts::Answer::Yes;
@@ -332,7 +332,7 @@ bool NewRepoDialog::userAgreesToLosses(const Place &place)
     if (m_mode == Mode::Change
         && !agrees(windowTitle(), tr("Do you want to move the repository from %1 to %2?").arg(m_path, path)))
         return false;
-    return !place.exists || mayBeReplaced(path, place);
+    return !state.exists || mayBeReplaced(path, state);
 }
 
 bool NewRepoDialog::userAgreesToChange()
@@ -357,17 +357,17 @@ bool NewRepoDialog::userAgreesToChange()
     return agrees;
 }
 
-bool NewRepoDialog::mayBeReplaced(const QString &path, const Place &place)
+bool NewRepoDialog::mayBeReplaced(const QString &path, const FolderState &state)
 {
-    if (!place.repositories.isEmpty()) {
+    if (!state.repositories.isEmpty()) {
         m_prompts.warn(windowTitle(),
                        tr("The directory %1 cannot be replaced, because it holds these repositories: %2")
-                           .arg(path, place.repositories.join(QLatin1String(", "))),
+                           .arg(path, state.repositories.join(QLatin1String(", "))),
                        this);
         m_ui->m_nameLineEdit->setFocus();
         return false;
     }
-    const QString about = place.isRepository
+    const QString about = state.isRepository
                               ? tr("It holds a repository. Everything in it will be deleted.")
                               : tr("It holds no repository. Everything in it will be deleted.");
     if (m_prompts.askCarefully(

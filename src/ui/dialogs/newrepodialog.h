@@ -26,7 +26,7 @@ public:
     /** Whether the repository in a directory is published. */
     using PublishedCheck = std::function<bool(const QString &path)>;
     /** Why a directory cannot be used for the repository; empty when it can. */
-    using PlaceCheck = std::function<QString(const QString &path)>;
+    using PathCheck = std::function<QString(const QString &path)>;
 
     NewRepoDialog(Mode mode, Prompts &prompts, QWidget *parent = nullptr);
     ~NewRepoDialog() override;
@@ -34,7 +34,7 @@ public:
     /** Sets the repository to change, and its packages. */
     void setRepository(const QString &path, const RepoInfo &info, const QList<PackageInfoPtr> &packages = {});
     void setPublishedCheck(PublishedCheck check);
-    void setPlaceCheck(PlaceCheck check) { m_placeRefusal = std::move(check); }
+    void setPathCheck(PathCheck check) { m_pathRefusal = std::move(check); }
     /** Paths of repositories that the program knows: a directory that contains one is not replaced. */
     void setRemembered(const QStringList &paths) { m_remembered = paths; }
     /** Fills all fields with earlier input. */
@@ -62,26 +62,26 @@ private:
     bool isPublished(const QString &path) const { return m_isPublished && m_isPublished(path); }
     void showPublished(bool published);
     bool fieldsAreValid();
-    bool placeIsFree();
+    bool pathIsFree();
     void focusMissingField();
     bool stays() const;
     /** The present contents of the repository's directory. */
-    struct Place
+    struct FolderState
     {
         bool exists = false;
         bool isRepository = false;
         QStringList repositories; ///< repositories below it
     };
-    static Place lookAt(const QString &path, const QStringList &remembered);
-    bool userAgreesToLosses(const Place &place);
+    static FolderState stateOf(const QString &path, const QStringList &remembered);
+    bool userAgreesToLosses(const FolderState &state);
     bool userAgreesToChange();
-    bool mayBeReplaced(const QString &path, const Place &place);
+    bool mayBeReplaced(const QString &path, const FolderState &state);
 
     std::unique_ptr<Ui::NewRepoDialog> m_ui;
     Prompts &m_prompts;
     Mode m_mode;
     PublishedCheck m_isPublished;
-    PlaceCheck m_placeRefusal;
+    PathCheck m_pathRefusal;
     QStringList m_remembered;
     bool m_isLooking = false; ///< the directory is being checked
     QString m_path; ///< of the repository that is being changed
