@@ -68,7 +68,7 @@ QString RepoShell::path() const
     return m_context->path();
 }
 
-QString RepoShell::place() const
+QString RepoShell::canonicalPath() const
 {
     return m_context->repository.canonicalPath();
 }

@@ -113,7 +113,7 @@ public:
 
     QString path() const;
     /** path() with links resolved, as of the opening or the last move: to be compared, not to be shown. */
-    QString place() const;
+    QString canonicalPath() const;
     RepoInfo repoInfo() const;
     /** Whether the user may change the repository, as of its last reading. */
     bool isWritable() const;

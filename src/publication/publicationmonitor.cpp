@@ -47,7 +47,7 @@ PublicationMonitor::Snapshot read(const RepoServers &servers)
             continue;
         const QList<PublishedRepo> repos = server->publishedRepos();
         for (PublishedRepo repo : repos) {
-            repo.path = Publication::placeOf(repo.path);
+            repo.path = Publication::canonicalPathOf(repo.path);
             Publication publication{repo,
                                     protocol,
                                     stateOf(repo, protocol),
@@ -97,13 +97,14 @@ PublicationMonitor::PublicationMonitor(Reader reader, QStringList watched, QObje
 // A reading that still runs goes on and is heard by nobody.
 PublicationMonitor::~PublicationMonitor() = default;
 
-QVector<Publication> PublicationMonitor::publicationsOf(const QString &place) const
+QVector<Publication> PublicationMonitor::publicationsOf(const QString &canonicalPath) const
 {
     QVector<Publication> found;
-    std::copy_if(m_snapshot.publications.cbegin(),
-                 m_snapshot.publications.cend(),
-                 std::back_inserter(found),
-                 [&place](const Publication &publication) { return publication.repo.path == place; });
+    std::copy_if(
+        m_snapshot.publications.cbegin(),
+        m_snapshot.publications.cend(),
+        std::back_inserter(found),
+        [&canonicalPath](const Publication &publication) { return publication.repo.path == canonicalPath; });
     return found;
 }
 

@@ -48,7 +48,7 @@ public:
     /** Those over HTTP first. */
     QVector<Publication> publications() const { return m_snapshot.publications; }
     /** The publications of the repository in this directory, whose path is canonical: touches no file. */
-    QVector<Publication> publicationsOf(const QString &place) const;
+    QVector<Publication> publicationsOf(const QString &canonicalPath) const;
     /** On which any program of this machine waits; as of the last reading, which no such program brings about. */
     QSet<int> listeningPorts() const { return m_snapshot.listeningPorts; }
     /** Reads again now; refreshed() follows in any case. */

@@ -23,7 +23,7 @@ bool Publication::operator==(const Publication &other) const
            && isForeign == other.isForeign;
 }
 
-QString Publication::placeOf(const QString &path)
+QString Publication::canonicalPathOf(const QString &path)
 {
     const QString canonical = QFileInfo(path).canonicalFilePath();
     return canonical.isEmpty() && !path.isEmpty() ? QDir::cleanPath(path) : canonical;

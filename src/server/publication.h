@@ -21,5 +21,5 @@ struct Publication
     bool operator==(const Publication &other) const;
 
     /** The canonical form of a path; its clean form when the path does not exist. Reads the file system. */
-    static QString placeOf(const QString &path);
+    static QString canonicalPathOf(const QString &path);
 };

@@ -125,13 +125,13 @@ private Q_SLOTS:
         RepoTabs tabs(&tabWidget, nullptr);
         RepoWidget *made = tabs.create("/srv/made"_s);
         QVERIFY(tabs.paths().isEmpty());
-        QCOMPARE(tabs.allPlaces(), QStringList{"/srv/made"_s});
+        QCOMPARE(tabs.allCanonicalPaths(), QStringList{"/srv/made"_s});
         // Once it is known where the links lead, that is where it lies.
-        tabs.setPlace(made, "/srv/disk/made"_s);
-        QCOMPARE(tabs.allPlaces(), QStringList{"/srv/disk/made"_s});
-        QVERIFY(tabs.allPlaces(made).isEmpty());
+        tabs.setCanonicalPath(made, "/srv/disk/made"_s);
+        QCOMPARE(tabs.allCanonicalPaths(), QStringList{"/srv/disk/made"_s});
+        QVERIFY(tabs.allCanonicalPaths(made).isEmpty());
         tabs.discard(made);
-        QVERIFY(tabs.allPlaces().isEmpty());
+        QVERIFY(tabs.allCanonicalPaths().isEmpty());
     }
 
     void onlyRepositoriesAreDeleted()

@@ -33,14 +33,14 @@ LocalSourceCommand::LocalSourceCommand(
 
 QStringList LocalSourceCommand::linesOf(const RepoWidget &widget) const
 {
-    const QString place = widget.repoShell()->place();
+    const QString canonicalPath = widget.repoShell()->canonicalPath();
     const PublicationSettings choice = widget.publicationPanel()->choice();
     ListedSources::Repository repository{
-        {widget.repoPath(), place}, {}, widget.publicationPanel()->sourceLine()};
+        {widget.repoPath(), canonicalPath}, {}, widget.publicationPanel()->sourceLine()};
     bool isChoiceFree = choice.protocol >= 0;
     const QVector<Publication> publications = m_monitor.publications();
     for (const Publication &publication : publications) {
-        if (publication.repo.path == place)
+        if (publication.repo.path == canonicalPath)
             repository.places += {publication.protocol, publication.port()};
         else if (publication.protocol == choice.protocol && publication.port() == choice.port)
             isChoiceFree = false;
@@ -74,7 +74,7 @@ void LocalSourceCommand::add(RepoWidget *widget)
                      {},
                      info.codename,
                      info.components};
-    facts.directory = shell.place();
+    facts.directory = shell.canonicalPath();
     facts.publications = m_monitor.publicationsOf(facts.directory);
     m_tabs.setWaiting(widget, true);
     m_feedback.showWaiting(widget, tr("Looking how apt of this machine can use the repository"));

@@ -105,9 +105,9 @@ void PublicationCommands::showSnapshot()
 
 void PublicationCommands::showSnapshotIn(RepoWidget *widget)
 {
-    const QString place = widget->repoShell()->place();
+    const QString canonicalPath = widget->repoShell()->canonicalPath();
     const QVector<Publication> publications
-        = place.isEmpty() ? QVector<Publication>() : m_monitor.publicationsOf(place);
+        = canonicalPath.isEmpty() ? QVector<Publication>() : m_monitor.publicationsOf(canonicalPath);
     const bool isServed = std::any_of(publications.cbegin(), publications.cend(), [](const Publication &one) {
         return one.state == QLatin1String("active");
     });
@@ -172,9 +172,9 @@ void PublicationCommands::updateCommands(RepoWidget *widget)
 bool PublicationCommands::isPublished(const QString &path) const
 {
     // Before the system has answered, what is remembered must do.
-    const QString place = m_repositories.placeOf(path);
-    return m_monitor.isKnown() ? !m_monitor.publicationsOf(place).isEmpty()
-                               : PublicationSettings::find(QSettings(), {path, place}).has_value();
+    const QString canonicalPath = m_repositories.canonicalPathOf(path);
+    return m_monitor.isKnown() ? !m_monitor.publicationsOf(canonicalPath).isEmpty()
+                               : PublicationSettings::find(QSettings(), {path, canonicalPath}).has_value();
 }
 
 // --- publishing --------------------------------------------------------------------------------------------------
@@ -229,16 +229,16 @@ void PublicationCommands::end(const Publication &publication,
 
 void PublicationCommands::unpublishAll(const QString &path, const std::function<void(bool)> &answer)
 {
-    const QString place = m_repositories.placeOf(path);
-    const QVector<Publication> publications = m_monitor.publicationsOf(place);
+    const QString canonicalPath = m_repositories.canonicalPathOf(path);
+    const QVector<Publication> publications = m_monitor.publicationsOf(canonicalPath);
     if (publications.isEmpty()) {
         answer(true);
         return;
     }
     end(publications.first(),
         m_tabs.find(path),
-        [this, path, place, answer, count = publications.size()](bool done) {
-            const bool fewer = m_monitor.publicationsOf(place).size() < count;
+        [this, path, canonicalPath, answer, count = publications.size()](bool done) {
+            const bool fewer = m_monitor.publicationsOf(canonicalPath).size() < count;
             if (done && fewer)
                 unpublishAll(path, answer);
             else

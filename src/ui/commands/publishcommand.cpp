@@ -59,9 +59,9 @@ void PublishCommand::publish(RepoWidget *widget)
 PublicationRequest PublishCommand::requestOf(const RepoWidget &widget) const
 {
     const PublicationSettings choice = widget.publicationPanel()->choice();
-    const QString place = widget.repoShell()->place();
+    const QString canonicalPath = widget.repoShell()->canonicalPath();
     const QString kept = m_keptPorts.value(choice.port);
-    return {place, choice.protocol, choice.port, kept == widget.repoPath() ? place : kept};
+    return {canonicalPath, choice.protocol, choice.port, kept == widget.repoPath() ? canonicalPath : kept};
 }
 
 void PublishCommand::renewKeptPorts()

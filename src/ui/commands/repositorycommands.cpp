@@ -148,7 +148,7 @@ void RepositoryCommands::createAgain(const Creation &creation)
 
 QStringList RepositoryCommands::remembered() const
 {
-    return m_recent.paths() + m_tabs.allPlaces();
+    return m_recent.paths() + m_tabs.allCanonicalPaths();
 }
 
 void RepositoryCommands::fillDefaults(NewRepoDialog *dialog)
@@ -208,17 +208,17 @@ void RepositoryCommands::openWhatIsThere(RepoWidget *widget,
                                          const FolderState &state,
                                          bool again)
 {
-    RepoWidget *other = m_tabs.find(state.place);
+    RepoWidget *other = m_tabs.find(state.canonicalPath);
     if (other != nullptr && other != widget) {
         m_tabs.bringToFront(other);
     } else if (again && !state.isRepository) {
         m_feedback.appendLog(tr("File %1/conf/distributions not found!").arg(path));
     } else if (!state.isFolder) {
         m_feedback.error(tr("The directory %1 does not exist.").arg(path), {}, RepoEnums::WARNING);
-    } else if (m_removing.contains(state.place)) {
+    } else if (m_removing.contains(state.canonicalPath)) {
         m_feedback.announce(tr("The repository %1 is being deleted.").arg(path));
     } else {
-        m_tabs.setPlace(widget, state.place);
+        m_tabs.setCanonicalPath(widget, state.canonicalPath);
         if (!again)
             rememberOnceOpen(*widget->repoShell(), path);
         widget->openRepo(path);
@@ -239,10 +239,10 @@ void RepositoryCommands::rememberOnceOpen(const RepoShell &shell, const QString 
     });
 }
 
-QString RepositoryCommands::placeOf(const QString &path) const
+QString RepositoryCommands::canonicalPathOf(const QString &path) const
 {
     const RepoWidget *widget = m_tabs.find(path);
-    return widget != nullptr ? m_tabs.placeOf(widget) : PathGuard::resolved(path);
+    return widget != nullptr ? m_tabs.canonicalPathOf(widget) : PathGuard::resolved(path);
 }
 
 void RepositoryCommands::openRecent(const QString &path)
@@ -336,7 +336,7 @@ void RepositoryCommands::removeRepo()
     runInBackground(
         widget,
         // Before anything is given up for a deletion that cannot be.
-        [path, known = RepositoryRemoval::Known{m_tabs.allPlaces(widget), remembered()}] {
+        [path, known = RepositoryRemoval::Known{m_tabs.allCanonicalPaths(widget), remembered()}] {
             return RepositoryRemoval::refusal(path, known);
         },
         [this, widget, path](const QString &refusal) {
@@ -393,27 +393,27 @@ void RepositoryCommands::remove(RepoWidget *widget)
 {
     const QString path = m_tabs.pathOf(widget);
     Q_EMIT widget->repoShell()->requestForRemovingStoredInformation();
-    const QString place = m_tabs.placeOf(widget);
+    const QString canonicalPath = m_tabs.canonicalPathOf(widget);
     // Nothing may use the directory any more when it goes; this also takes the tab away.
     widget->repoShell()->closeRepo();
-    startRemoval(path, place);
+    startRemoval(path, canonicalPath);
 }
 
-void RepositoryCommands::startRemoval(const QString &path, const QString &place)
+void RepositoryCommands::startRemoval(const QString &path, const QString &canonicalPath)
 {
-    m_removing << place;
+    m_removing << canonicalPath;
     using Outcome = std::pair<RepositoryRemoval::Outcome, QString>;
-    const auto work = [path, known = RepositoryRemoval::Known{m_tabs.allPlaces(), remembered()}] {
+    const auto work = [path, known = RepositoryRemoval::Known{m_tabs.allCanonicalPaths(), remembered()}] {
         QString reason;
         const RepositoryRemoval::Outcome outcome = RepositoryRemoval::remove(path, known, &reason);
         return Outcome(outcome, reason);
     };
-    runInBackground(this, work, [this, path, place](const Outcome &outcome) {
-        m_removing.removeOne(place);
+    runInBackground(this, work, [this, path, canonicalPath](const Outcome &outcome) {
+        m_removing.removeOne(canonicalPath);
         if (outcome.first == RepositoryRemoval::Outcome::Deleted) {
             m_recent.remove(path);
             QSettings settings;
-            PublicationSettings::release(settings, {path, place});
+            PublicationSettings::release(settings, {path, canonicalPath});
             m_feedback.announce(tr("Repository is deleted."));
         } else if (outcome.first == RepositoryRemoval::Outcome::Absent) {
             m_recent.remove(path);

@@ -71,7 +71,7 @@ public:
     void removeRepo();
 
     /** The path with links resolved; that of an open repository is known, any other is looked up. */
-    QString placeOf(const QString &path) const;
+    QString canonicalPathOf(const QString &path) const;
     /** Whether a repository is being deleted. */
     bool isRemoving() const { return !m_removing.isEmpty(); }
 
@@ -103,7 +103,7 @@ private:
     /** What the file system says of a path. */
     struct FolderState
     {
-        QString place; ///< with links resolved
+        QString canonicalPath; ///< with links resolved
         bool isFolder = false;
         bool isRepository = false;
     };
@@ -114,7 +114,7 @@ private:
     /** Puts the path among the recent ones when the engine has opened it. */
     void rememberOnceOpen(const RepoShell &shell, const QString &path);
     void remove(RepoWidget *widget);
-    void startRemoval(const QString &path, const QString &place);
+    void startRemoval(const QString &path, const QString &canonicalPath);
 
     RepoTabs &m_tabs;
     Prompts &m_prompts;

@@ -109,7 +109,7 @@ void PublicationPanel::showRepository()
     showArchitectures(m_shell.repoInfo().binaryArchitectures());
     if (path != m_repoPath) {
         m_repoPath = path;
-        m_published = PublicationSettings::find(QSettings(), {path, m_shell.place()});
+        m_published = PublicationSettings::find(QSettings(), {path, m_shell.canonicalPath()});
         if (m_published)
             restore(*m_published);
         m_live.clear();
@@ -144,7 +144,7 @@ PublicationSettings PublicationPanel::choice() const
 {
     PublicationSettings choice;
     choice.port = m_ui.m_httpPortSpinBox->value();
-    choice.repoPath = m_shell.place();
+    choice.repoPath = m_shell.canonicalPath();
     choice.trusted = m_ui.m_trustedCheckBox->isChecked();
     choice.architectures = m_ui.m_publishArchComboBox->currentText();
     choice.protocol
@@ -163,7 +163,7 @@ void PublicationPanel::claim(int protocol, int port)
     QList<int> served{m_published->port};
     for (const Publication &publication : qAsConst(m_live))
         served << publication.port();
-    PublicationSettings::release(settings, {m_repoPath, m_shell.place()}, served);
+    PublicationSettings::release(settings, {m_repoPath, m_shell.canonicalPath()}, served);
     m_published->claim(settings);
 }
 
@@ -176,7 +176,7 @@ void PublicationPanel::saveChoices()
     if (!PublicationSettings::busyPorts(settings).contains(m_published->port)
         || PublicationSettings::load(settings, m_published->port).repoPath != m_published->repoPath)
         return;
-    m_published->repoPath = m_shell.place();
+    m_published->repoPath = m_shell.canonicalPath();
     m_published->trusted = m_ui.m_trustedCheckBox->isChecked();
     m_published->architectures = m_ui.m_publishArchComboBox->currentText();
     // What is shown with another port is not the server type of this one.
@@ -282,7 +282,7 @@ void PublicationPanel::followLive(bool isFirst)
     // The other choices belong to the port. Later they are the user's, who may be about to publish with them.
     if (isFirst && (!m_published || m_published->port != settings.port)) {
         if (const auto kept
-            = PublicationSettings::find(QSettings(), {m_repoPath, m_shell.place()}, settings.port)) {
+            = PublicationSettings::find(QSettings(), {m_repoPath, m_shell.canonicalPath()}, settings.port)) {
             m_published = kept;
             restore(*kept);
         }

@@ -57,26 +57,26 @@ RepoWidget *RepoTabs::find(const QString &path) const
 {
     const QString wanted = QDir::cleanPath(path);
     for (const Tab &tab : m_tabs) {
-        if (!wanted.isEmpty() && (tab.path == wanted || tab.place == wanted))
+        if (!wanted.isEmpty() && (tab.path == wanted || tab.canonicalPath == wanted))
             return tab.widget;
     }
     return nullptr;
 }
 
-QString RepoTabs::placeOf(const RepoWidget *widget) const
+QString RepoTabs::canonicalPathOf(const RepoWidget *widget) const
 {
     const Tab *tab = tabOf(widget);
     if (tab == nullptr)
         return {};
-    return tab->place.isEmpty() ? tab->path : tab->place;
+    return tab->canonicalPath.isEmpty() ? tab->path : tab->canonicalPath;
 }
 
-void RepoTabs::setPlace(const RepoWidget *widget, const QString &place)
+void RepoTabs::setCanonicalPath(const RepoWidget *widget, const QString &canonicalPath)
 {
     Tab *tab = tabOf(widget);
-    if (tab == nullptr || tab->place == place)
+    if (tab == nullptr || tab->canonicalPath == canonicalPath)
         return;
-    tab->place = place;
+    tab->canonicalPath = canonicalPath;
     tellOpenRepositories();
 }
 
@@ -95,15 +95,15 @@ QStringList RepoTabs::paths() const
     return paths;
 }
 
-QStringList RepoTabs::allPlaces(const RepoWidget *except) const
+QStringList RepoTabs::allCanonicalPaths(const RepoWidget *except) const
 {
-    QStringList places;
+    QStringList canonicalPaths;
     for (const Tab &tab : m_tabs) {
-        const QString place = placeOf(tab.widget);
-        if (tab.widget != except && !place.isEmpty())
-            places << place;
+        const QString canonicalPath = canonicalPathOf(tab.widget);
+        if (tab.widget != except && !canonicalPath.isEmpty())
+            canonicalPaths << canonicalPath;
     }
-    return places;
+    return canonicalPaths;
 }
 
 RepoWidget *RepoTabs::create(const QString &path)
@@ -125,7 +125,7 @@ RepoWidget *RepoTabs::create(const QString &path)
     connect(widget, &RepoWidget::newTabTitle, this, [this, widget](const QString &newPath) {
         if (newPath.isEmpty())
             return;
-        setPlace(widget, widget->repoShell()->place());
+        setCanonicalPath(widget, widget->repoShell()->canonicalPath());
         setPath(widget, newPath);
     });
     Q_EMIT created(widget);
@@ -181,7 +181,7 @@ void RepoTabs::setPath(RepoWidget *widget, const QString &path)
 void RepoTabs::tellOpenRepositories()
 {
     for (const Tab &tab : qAsConst(m_tabs))
-        tab.widget->repoShell()->setOpenRepositories(allPlaces(tab.widget));
+        tab.widget->repoShell()->setOpenRepositories(allCanonicalPaths(tab.widget));
 }
 
 void RepoTabs::setPublished(RepoWidget *widget, bool published)

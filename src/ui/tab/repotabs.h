@@ -28,16 +28,16 @@ public:
      * it, only the spelling that the repository was opened by is known.
      */
     RepoWidget *find(const QString &path) const;
-    /** The tab's directory with links resolved as far as that is known; see setPlace(). */
-    QString placeOf(const RepoWidget *widget) const;
+    /** The tab's directory with links resolved as far as that is known; see setCanonicalPath(). */
+    QString canonicalPathOf(const RepoWidget *widget) const;
     /** Says what the path of a repository that is about to be opened is when links are resolved. */
-    void setPlace(const RepoWidget *widget, const QString &place);
+    void setCanonicalPath(const RepoWidget *widget, const QString &canonicalPath);
     /** Directory of a tab's repository; also while it is still being opened. */
     QString pathOf(const RepoWidget *widget) const;
     /** Directories of all tabs, from left to right. */
     QStringList paths() const;
-    /** What placeOf() is for all, those of repositories that are still being made too, but for one tab. */
-    QStringList allPlaces(const RepoWidget *except = nullptr) const;
+    /** What canonicalPathOf() is for all, those of repositories that are still being made too, but for one tab. */
+    QStringList allCanonicalPaths(const RepoWidget *except = nullptr) const;
 
     /** A widget for the repository in this directory, which need not be there yet; no tab shows it. */
     RepoWidget *create(const QString &path);
@@ -87,7 +87,7 @@ private:
     {
         RepoWidget *widget = nullptr;
         QString path;
-        QString place; ///< the path with links resolved; empty while that is not known
+        QString canonicalPath; ///< the path with links resolved; empty while that is not known
         QString job; ///< start message of the last job
         bool discarded = false;
         bool waiting = false; ///< for the system
