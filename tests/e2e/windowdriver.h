@@ -3,7 +3,7 @@
 
 #include "engine/reposhell.h"
 #include "support/children.h"
-#include "ui/packagetesting.h"
+#include "support/packagetesting.h"
 #include "ui/tab/repowidget.h"
 #include "ui/widgets/elidedlabel.h"
 #include "ui/window/mainwindow.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsdata.h"
-#include "engineharness.h"
+#include "engine/engineharness.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>

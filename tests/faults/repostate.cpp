@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "repostate.h"
 
-#include "../engine/engineharness.h"
+#include "engine/engineharness.h"
 
 #include <QCryptographicHash>
 #include <QDirIterator>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "../engine/engineharness.h"
-#include "../helper/polkitpeer.h"
 #include "engine/archive/archiveutils.h"
+#include "engine/engineharness.h"
 #include "engine/reprepro/databasecopy.h"
 #include "engine/reprepro/repolock.h"
 #include "files/saveleftovers.h"
@@ -10,6 +9,7 @@
 #include "privateplaces.h"
 #include "repostate.h"
 #include "savedstate.h"
+#include "support/polkitpeer.h"
 #include "support/privatebus.h"
 #include "support/systemdpeer.h"
 #include "victim.h"

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "helper/callers.h"
 #include "helper/manager.h"
-#include "helper/polkitpeer.h"
 #include "helper/privilegedwork.h"
 #include "helper/requestmessage.h"
 #include "helper/requestrules.h"
@@ -10,6 +9,7 @@
 #include "server/vsftpdconfig.h"
 #include "support/lists.h"
 #include "support/literals.h"
+#include "support/polkitpeer.h"
 #include "support/privatebus.h"
 #include "support/systemdpeer.h"
 #include "support/testenvironment.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "apt/privateapt.h"
-#include "engineharness.h"
+#include "engine/engineharness.h"
 #include "support/scopedvariable.h"
 #include "support/testkeys.h"
 

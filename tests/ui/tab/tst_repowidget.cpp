@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reposhell.h"
-#include "packagetesting.h"
 #include "publication/publicationsettings.h"
 #include "support/children.h"
+#include "support/packagetesting.h"
 #include "support/testenvironment.h"
 #include "ui/packages/packagestatusline.h"
 #include "ui/packages/repotreeview.h"

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reposhell.h"
-#include "packagetesting.h"
 #include "platform/desktopintegration.h"
 #include "platform/ui/veltaboutdialog.h"
 #include "support/children.h"
 #include "support/fulldisk.h"
 #include "support/lists.h"
+#include "support/packagetesting.h"
 #include "support/testenvironment.h"
 #include "ui/dialogs/addpkgsettingsdialog.h"
 #include "ui/dialogs/newrepodialog.h"

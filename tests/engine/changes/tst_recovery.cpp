@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/engineharness.h"
 #include "engine/reprepro/repreproanswers.h"
-#include "engineharness.h"
 #include "support/scopedvariable.h"
 
 #include <QDir>

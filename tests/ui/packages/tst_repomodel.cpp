@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "packagetesting.h"
+#include "support/packagetesting.h"
 #include "support/testenvironment.h"
 #include "ui/packages/repomodel.h"
 #include "ui/packages/repoproxymodel.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/archive/archiveutils.h"
 #include "engine/archive/archivewriter.h"
-#include "engineharness.h"
+#include "engine/engineharness.h"
 #include "support/fulldisk.h"
 #include "support/localapt.h"
 #include "support/scopedvariable.h"

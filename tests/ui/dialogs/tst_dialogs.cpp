@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "packagetesting.h"
 #include "support/children.h"
 #include "support/lists.h"
 #include "support/literals.h"
+#include "support/packagetesting.h"
 #include "support/scopedvariable.h"
 #include "support/testenvironment.h"
 #include "ui/dialogs/addpkgsettingsdialog.h"

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/engineharness.h"
 #include "engine/repository/configuredprograms.h"
 #include "engine/repository/repositoryapprovals.h"
 #include "engine/repository/repositoryinspection.h"
-#include "engineharness.h"
 
 #include <QDir>
 #include <QSettings>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "engineharness.h"
+#include "engine/engineharness.h"
 #include "signing/signedpackages.h"
 #include "support/scopedvariable.h"
 #include "support/testkeys.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reposhell.h"
-#include "packagetesting.h"
+#include "support/packagetesting.h"
 #include "support/testenvironment.h"
 #include "ui/packages/packagefeed.h"
 

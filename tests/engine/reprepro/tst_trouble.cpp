@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/engineharness.h"
 #include "engine/reprepro/databasecopy.h"
 #include "engine/reprepro/repolock.h"
-#include "engineharness.h"
 #include "support/scopedvariable.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsreport.h"
-#include "engineharness.h"
+#include "engine/engineharness.h"
 #include "support/localapt.h"
 #include "support/scopedvariable.h"
 

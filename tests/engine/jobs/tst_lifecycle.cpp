@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/engineharness.h"
 #include "engine/repository/distributionsfile.h"
 #include "engine/repository/packagesfile.h"
 #include "engine/reprepro/joblock.h"
 #include "engine/reprepro/poolfiles.h"
-#include "engineharness.h"
 #include "signing/signedpackages.h"
 #include "support/scopedvariable.h"
 
