@@ -22,9 +22,7 @@ protected:
     {
         m_watch.callOnTimeout([] {
             for (QMessageBox *box : openDialogs<QMessageBox>()) {
-                qWarning("%s %s",
-                         qPrintable(box->text()),
-                         qPrintable(box->informativeText() + box->detailedText()));
+                qWarning("%s", qPrintable(wordsOf(*box)));
                 box->reject();
             }
         });

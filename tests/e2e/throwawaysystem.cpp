@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "throwawaysystem.h"
 
-#include "support/literals.h"
-#include "support/testenvironment.h"
-
-#include <QElapsedTimer>
+#include <unistd.h>
 
 namespace
 {
@@ -152,6 +149,35 @@ END
 
 QString ThrowAwaySystem::logs() const
 {
-    return run(
-        "journalctl -b --no-pager -n 40 -u 'public-repo*' -u vsftpd -u 'velt*'; tail /tmp/http*.log || true"_s);
+    return run("journalctl -b --no-pager -n 40 -u 'public-repo*' -u vsftpd -u 'velt*'; "
+               "tail /tmp/http*.log /tmp/apt.log || true"_s);
+}
+
+void ThrowAwayTest::initTestCase()
+{
+    const QString reason = ThrowAwaySystem::obstacle();
+    if (!reason.isEmpty()) {
+        if (qEnvironmentVariableIsSet("REQUIRE_REAL_TOOLS") && ::geteuid() == 0)
+            QFAIL(qPrintable(reason));
+        QSKIP(qPrintable(reason));
+    }
+    VELT_NEED_TOOL("curl");
+    VELT_NEED_TOOL("lighttpd");
+    VELT_NEED_TOOL("python3");
+    VELT_NEED_TOOL("reprepro");
+    VELT_NEED_TOOL("vsftpd");
+    const QString trouble = m_system.boot();
+    QVERIFY2(trouble.isEmpty(), qPrintable(trouble));
+    prepare();
+}
+
+void ThrowAwayTest::cleanup()
+{
+    if (QTest::currentTestFailed() && m_system.isRunning())
+        qInfo("%s", qPrintable(m_system.logs()));
+}
+
+void ThrowAwayTest::cleanupTestCase()
+{
+    QVERIFY(m_system.remove());
 }

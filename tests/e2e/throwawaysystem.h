@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QProcess>
-#include <QString>
-#include <QStringList>
-#include <QTemporaryDir>
-
-#include <unistd.h>
+#include "support/testenvironment.h"
 
 /**
  * A throw-away system with this program installed, an ordinary user "tester" with a closed home, and two equal
@@ -61,13 +56,31 @@ private:
     QProcess m_box;
 };
 
-/** Skips the test where there can be no such system; fails it where root has said that all tools are there. */
-#define VELT_NEED_THROW_AWAY_SYSTEM()                                                                        \
-    do {                                                                                                     \
-        const QString reason = ThrowAwaySystem::obstacle();                                                  \
-        if (!reason.isEmpty()) {                                                                             \
-            if (qEnvironmentVariableIsSet("REQUIRE_REAL_TOOLS") && ::geteuid() == 0)                         \
-                QFAIL(qPrintable(reason));                                                                   \
-            QSKIP(qPrintable(reason));                                                                       \
-        }                                                                                                    \
-    } while (false)
+/** What the programs share that look at a throw-away system: it boots before the first test and ends after the last. */
+class ThrowAwayTest : public QObject
+{
+    Q_OBJECT
+
+protected:
+    ThrowAwaySystem m_system;
+    const QString closedRepo = ThrowAwaySystem::closedRepo;
+    const QString openRepo = ThrowAwaySystem::openRepo;
+
+    QString box(const QString &script, const QStringList &arguments = {}) const
+    {
+        return m_system.run(script, arguments);
+    }
+    QString asUser(const QString &script, const QStringList &arguments = {}) const
+    {
+        return m_system.asUser(script, arguments);
+    }
+    /** What a program needs once, when the system runs. */
+    virtual void prepare() { }
+
+private Q_SLOTS:
+    /** Skips the program where there can be no such system; fails it where root has said that all tools are there. */
+    void initTestCase();
+    /** Tells what the services have written when a test has failed. */
+    void cleanup();
+    void cleanupTestCase();
+};

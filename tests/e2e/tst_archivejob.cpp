@@ -16,8 +16,8 @@ class TestArchiveJob : public WindowTest
     static QByteArray contentsOf(const QString &repository)
     {
         const QStringList base{"-b"_s, repository};
-        return outputOf("reprepro"_s, base + QStringList{"list"_s, "birch"_s})
-               + outputOf("reprepro"_s, base + QStringList{"_listchecksums"_s});
+        return outputOf("reprepro"_s, base + "list|birch"_list)
+               + outputOf("reprepro"_s, base + "_listchecksums"_list);
     }
 
     QString openRepository(const QString &name, const QStringList &packages)
@@ -48,7 +48,7 @@ class TestArchiveJob : public WindowTest
         VELT_NEED_TOOL("archivemount");
         DebBuilder("old"_s).version("2"_s).build(path("one/pool"_s));
         DebBuilder("kept"_s).version("2"_s).build(path("one/pool"_s));
-        m_apt = std::make_unique<LocalApt>(m_folder->path(), QStringList{"one"_s});
+        m_apt = std::make_unique<LocalApt>(m_folder->path(), "one"_list);
     }
 
     void finish() override { close(); }
@@ -87,10 +87,7 @@ private Q_SLOTS:
                                             return false;
                                         proposed = dialog.repositoryPath();
                                         dialog.propose("/tmp"_s, QFileInfo(m_folder->path()).fileName());
-                                        const Script told{
-                                            inDialog<QMessageBox>(import, [&](const QMessageBox &box) {
-                                                return box.text().contains(archive) && press(box, "OK"_s);
-                                            })};
+                                        const Script told{answer(import, "OK"_s, archive)};
                                         dialog.accept();
                                         dialog.propose(m_folder->path(), "new"_s);
                                         return told.isDone();
@@ -161,9 +158,7 @@ private Q_SLOTS:
         action("m_upgradeRepoAction")->trigger();
         WAIT_FOR(rest.isDone() && has("Repo upgraded"_s));
         const Script none{inDialog<UpgradeSourcesDialog>(QString(), chooseAll),
-                          inDialog<QMessageBox>("Nothing to upgrade"_s, [](const QMessageBox &box) {
-                              return box.text() == "No packages for upgrading"_s && press(box, "OK"_s);
-                          })};
+                          answer("Nothing to upgrade"_s, "OK"_s, "No packages for upgrading"_s)};
         action("m_upgradeRepoAction")->trigger();
         WAIT_FOR(none.isDone() && m_driver->isIdle());
         QCOMPARE(m_driver->log().count("No packages for upgrading"_s), 1);

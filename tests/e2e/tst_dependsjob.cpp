@@ -5,10 +5,6 @@
 #include "ui/packages/packagestatusline.h"
 #include "ui/search/addpackagedialog.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-
 /** Checking dependencies and fetching what is missing, through the window, with a real repository and a real apt. */
 class TestDependsJob : public WindowTest
 {
@@ -46,7 +42,7 @@ class TestDependsJob : public WindowTest
         DebBuilder("lib"_s).version("1.2"_s).build(path("one/pool"_s));
         DebBuilder("library"_s).version("3"_s).field("Depends"_s, "meal"_s).build(path("one/pool"_s));
         DebBuilder("food"_s).field("Provides"_s, "meal"_s).build(path("one/pool"_s));
-        m_apt = std::make_unique<LocalApt>(m_folder->path(), QStringList{"one"_s});
+        m_apt = std::make_unique<LocalApt>(m_folder->path(), "one"_list);
         const QString app
             = DebBuilder("app"_s).field("Depends"_s, "lib (>= 1.0), base"_s).build(path("files"_s));
         QVERIFY(restart({makeRepository("r"_s, {app, package("base"_s), package("tool"_s)})}));

@@ -1,11 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/literals.h"
-#include "support/testenvironment.h"
-#include "throwawaysystem.h"
-
-#include <QCoreApplication>
-#include <QRandomGenerator>
-#include <QtTest>
+#include "e2e/throwawaysystem.h"
 
 namespace
 {
@@ -15,16 +9,9 @@ const QString harmless = "RemoveLocalSource s 'deb http://nowhere:1/ dog main'"_
 } // namespace
 
 /** What the helper stands: users who flood it, and being killed in the middle of its work. */
-class HelperAttacksTest : public QObject
+class HelperAttacksTest : public ThrowAwayTest
 {
     Q_OBJECT
-
-    ThrowAwaySystem m_system;
-
-    QString box(const QString &script, const QStringList &arguments = {}) const
-    {
-        return m_system.run(script, arguments);
-    }
 
     /** What root is told whose helper is killed after this time; when this returns, the next helper has recovered. */
     QString callAndKill(const QString &call, int milliseconds) const
@@ -36,27 +23,13 @@ class HelperAttacksTest : public QObject
             helper, call, QString::number(milliseconds / 1000.0), harmless));
     }
 
-private Q_SLOTS:
-    void initTestCase()
+    void prepare() override
     {
-        VELT_NEED_THROW_AWAY_SYSTEM();
-        VELT_NEED_TOOL("lighttpd");
-        VELT_NEED_TOOL("reprepro");
-        VELT_NEED_TOOL("vsftpd");
-        const QString trouble = m_system.boot();
-        QVERIFY2(trouble.isEmpty(), qPrintable(trouble));
         QVERIFY(
             QFile::copy(QStringLiteral(FLOOD_PROGRAM), QDir(m_system.sharedFolder()).filePath("busflood"_s)));
     }
 
-    void cleanup()
-    {
-        if (QTest::currentTestFailed() && m_system.isRunning())
-            qInfo("%s", qPrintable(m_system.logs()));
-    }
-
-    void cleanupTestCase() { QVERIFY(m_system.remove()); }
-
+private Q_SLOTS:
     void answersRootInAFlood_data()
     {
         QTest::addColumn<QString>("flood");
@@ -97,8 +70,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, preparation);
         QFETCH(int, protocol);
-        const QString publish
-            = "PublishRepo sii '%1' 2121 %2"_s.arg(ThrowAwaySystem::openRepo, QString::number(protocol));
+        const QString publish = "PublishRepo sii '%1' 2121 %2"_s.arg(openRepo, QString::number(protocol));
         const QString unpublish = "UnpublishRepo ii 2121 %1"_s.arg(protocol);
         const auto call
             = [this](const QString &what) { return box("busctl call %1 %2"_s.arg(helper, what)); };

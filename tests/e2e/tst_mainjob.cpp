@@ -139,9 +139,7 @@ private Q_SLOTS:
         QVERIFY(recent.at(0)->isVisible() && !recent.at(1)->isVisible());
         // What is no package is refused before anything is asked about it.
         writeFile(path("other.txt"_s), "no package");
-        const Script refused{inDialog<QMessageBox>("Warning"_s, [](const QMessageBox &box) {
-            return box.text().startsWith("Only packages"_s) && press(box, "OK"_s);
-        })};
+        const Script refused{answer("Warning"_s, "OK"_s, "Only packages"_s)};
         m_driver->window().onMessageReceived(path("other.txt"_s));
         WAIT_FOR(refused.isDone());
         QCOMPARE(recent.first()->text(), repo);
@@ -217,14 +215,11 @@ private Q_SLOTS:
         hold();
         m_driver->drop({package("a"_s)});
         WAIT_FOR(m_driver->message() == "Adding package"_s);
-        QString asked;
-        const Script no{inDialog<QMessageBox>("Warning"_s, [&](const QMessageBox &box) {
-            asked = box.text();
-            return press(box, "No"_s);
-        })};
+        const Script no{answer("Warning"_s,
+                               "No"_s,
+                               "Adding package is in progress, do you really want to close the program?"_s)};
         QVERIFY(!m_driver->window().close());
-        QCOMPARE(asked, "Adding package is in progress, do you really want to close the program?"_s);
-        QVERIFY(m_driver->window().isVisible() && !m_driver->isIdle());
+        QVERIFY(no.isDone() && m_driver->window().isVisible() && !m_driver->isIdle());
         release();
         WAIT_FOR(m_driver->isIdle());
         QCOMPARE(packagesOf(repo), "a 1"_s);
@@ -461,9 +456,7 @@ private Q_SLOTS:
                                                         Qt::Key_Return);
                                         return true;
                                     }),
-            inDialog<QMessageBox>("Repository change"_s, [&](const QMessageBox &box) {
-                return box.text().contains("from %1 to %2"_s.arg(repo, moved)) && press(box, "Yes"_s);
-            })};
+            answer("Repository change"_s, "Yes"_s, "from %1 to %2"_s.arg(repo, moved))};
         // What was written into the description meanwhile counts.
         const QByteArray distributions = readFile(repo + "/conf/distributions"_s);
         writeFile(repo + "/conf/distributions"_s,
@@ -481,16 +474,12 @@ private Q_SLOTS:
 
         // Not with a repository in it, nor without a question that names the directory.
         writeFile(moved + "/inner/conf/distributions"_s, "Codename: birch\n");
-        const Script refuses{inDialog<QMessageBox>("Error"_s, [&](const QMessageBox &box) {
-            return box.detailedText().contains(moved + "/inner"_s) && press(box, "OK"_s);
-        })};
+        const Script refuses{answer("Error"_s, "OK"_s, moved + "/inner"_s)};
         action("m_removeRepoAction")->trigger();
         WAIT_FOR(refuses.isDone());
         QVERIFY(QDir(moved + "/inner"_s).removeRecursively());
-        const Script confirm{inDialog<QMessageBox>("Remove confirmation"_s, [&](const QMessageBox &box) {
-            return box.informativeText().contains("The directory %1 is deleted"_s.arg(moved))
-                   && press(box, "No"_s);
-        })};
+        const Script confirm{
+            answer("Remove confirmation"_s, "No"_s, "The directory %1 is deleted"_s.arg(moved))};
         action("m_removeRepoAction")->trigger();
         WAIT_FOR(confirm.isDone());
         QVERIFY(QFile::exists(moved + "/conf/distributions"_s));
@@ -505,9 +494,7 @@ private Q_SLOTS:
         QVERIFY(restart({makeRepository("r"_s)}));
         QVERIFY(QDir(repo).removeRecursively());
         const Script gone{answer("Remove confirmation"_s, "Yes"_s),
-                          inDialog<QMessageBox>("Warning"_s, [](const QMessageBox &box) {
-                              return box.text().contains("does not exist"_s) && press(box, "OK"_s);
-                          })};
+                          answer("Warning"_s, "OK"_s, "does not exist"_s)};
         action("m_removeRepoAction")->trigger();
         WAIT_FOR(gone.isDone() && m_driver->tabs()->count() == 0);
         QVERIFY(QSettings().value(SettingsKey::RecentRepoList).toStringList().isEmpty());
@@ -550,10 +537,7 @@ private Q_SLOTS:
         // When it fails, the reason is told, and what was typed in comes back.
         const QList<Script::Step> failing{answer("Select action"_s, "Create repo"_s),
                                           createIn(file, ""),
-                                          inDialog<QMessageBox>("Error"_s, [](const QMessageBox &box) {
-                                              return box.detailedText().contains("Not a directory"_s)
-                                                     && press(box, "OK"_s);
-                                          })};
+                                          answer("Error"_s, "OK"_s, "Not a directory"_s)};
         const auto notAdded = [&] { return m_driver->log().count("Not added: "_s + file); };
         const auto start = [&](const QList<Script::Step> &steps) {
             const Script script(steps);

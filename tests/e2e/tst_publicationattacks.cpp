@@ -1,40 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/literals.h"
-#include "support/testenvironment.h"
-#include "throwawaysystem.h"
-
-#include <QCoreApplication>
-#include <QtTest>
+#include "e2e/throwawaysystem.h"
 
 /** What the owner of a published repository, or a client, tries in order to get at more than is meant to be served. */
-class PublicationAttacksTest : public QObject
+class PublicationAttacksTest : public ThrowAwayTest
 {
     Q_OBJECT
 
-    ThrowAwaySystem m_system;
-    const QString closedRepo = ThrowAwaySystem::closedRepo;
-    const QString openRepo = ThrowAwaySystem::openRepo;
-
-    QString box(const QString &script, const QStringList &arguments = {}) const
-    {
-        return m_system.run(script, arguments);
-    }
     QString httpCode(const QString &path) const
     {
         return box("curl -s --path-as-is -o /dev/null -w '%{http_code}' http://127.0.0.1:8080\"$1\""_s,
                    {path});
     }
 
-private Q_SLOTS:
-    void initTestCase()
+    void prepare() override
     {
-        VELT_NEED_THROW_AWAY_SYSTEM();
-        VELT_NEED_TOOL("lighttpd");
-        VELT_NEED_TOOL("python3");
-        VELT_NEED_TOOL("reprepro");
-        VELT_NEED_TOOL("vsftpd");
-        const QString trouble = m_system.boot();
-        QVERIFY2(trouble.isEmpty(), qPrintable(trouble));
         for (const QString &script : {"exchange.py"_s, "hiddennames.py"_s, "manyclients.py"_s})
             QVERIFY(QFile::copy(QStringLiteral(SCRIPTS) + u'/' + script,
                                 m_system.sharedFolder() + u'/' + script));
@@ -51,14 +30,7 @@ private Q_SLOTS:
         QCOMPARE(m_system.publish(openRepo, 2121, 1), "b true"_s);
     }
 
-    void cleanup()
-    {
-        if (QTest::currentTestFailed() && m_system.isRunning())
-            qInfo("%s", qPrintable(m_system.logs()));
-    }
-
-    void cleanupTestCase() { QVERIFY(m_system.remove()); }
-
+private Q_SLOTS:
     void readsNoMoreThanTheOwnerOverHttp()
     {
         // Whatever is put in the way of the server, it is no more than its owner and sees nothing else of the system.
@@ -67,12 +39,12 @@ private Q_SLOTS:
                  "Uid: %1 %1 %1 %1 CapPrm: 0000000000000400 CapEff: 0000000000000400\n"
                  "root: bin dev etc %2 sbin srv usr root/dev: null root/srv: =repository"_s.arg(
                      box("id -u tester"_s), box("cd /; ls -d lib* | xargs"_s)));
-        QCOMPARE(m_system.asUser("python3 /shared/exchange.py \"$1\" 8080 /run/vault 200000"_s, {closedRepo}),
+        QCOMPARE(asUser("python3 /shared/exchange.py \"$1\" 8080 /run/vault 200000"_s, {closedRepo}),
                  "own"_s);
 
         // A file of root's that lies in a folder of the owner's can be moved by the owner, and not read.
         box("echo secret >/home/tester/roots; chmod 600 /home/tester/roots"_s);
-        QCOMPARE(m_system.asUser("mv ~/roots \"$1\"/pool"_s, {closedRepo}), QString());
+        QCOMPARE(asUser("mv ~/roots \"$1\"/pool"_s, {closedRepo}), QString());
         QCOMPARE(httpCode("/pool/roots"_s), "403"_s);
         QCOMPARE(httpCode("/dists/birch/Release"_s), "200"_s);
     }
@@ -91,7 +63,7 @@ private Q_SLOTS:
             = "systemctl restart public-repo-8081; sleep 0.5; "
               "curl -s -o /dev/null -w '%{http_code}' http://127.0.0.1:8081/dists/birch/Release || true"_s;
         QCOMPARE(box(look), "200"_s);
-        QCOMPARE(m_system.asUser("cd /srv/both; mv repo aside; mv bobs repo"_s), QString());
+        QCOMPARE(asUser("cd /srv/both; mv repo aside; mv bobs repo"_s), QString());
         QCOMPARE(box(look), "403"_s);
         // In root's own folder others cannot have put it there. Files of root's are read with nobody's rights.
         QCOMPARE(box("chown root: /srv/both; %1"_s.arg(look)), "200"_s);
@@ -156,13 +128,13 @@ print(*[seen("RETR dists/" + suite + "/Release").split(" Date")[0] for suite in 
             curl -s -o /dev/null -w '%{http_code} ' http://127.0.0.1:8080/pool/main/f/fizz/fizz_1.0_amd64.deb
             curl -s -I ftp://127.0.0.1:2121/pool/main/f/fizz/fizz_1.0_amd64.deb | grep -c Length || true)"_s;
         for (const QString &repo : {closedRepo, openRepo})
-            QCOMPARE(m_system.asUser("rm -rf \"$1\"/pool/[!m]* \"$1\"/pool/.[!.]*; "
-                                     "reprepro -s -b \"$1\" remove birch fizz; ls -d \"$1\"/pool || true"_s,
-                                     {repo}),
+            QCOMPARE(asUser("rm -rf \"$1\"/pool/[!m]* \"$1\"/pool/.[!.]*; "
+                            "reprepro -s -b \"$1\" remove birch fizz; ls -d \"$1\"/pool || true"_s,
+                            {repo}),
                      QString());
         QTRY_COMPARE(box(look), "dists repository-key.asc\n404 0"_s);
         for (const QString &repo : {closedRepo, openRepo})
-            QCOMPARE(m_system.asUser("reprepro -s -b \"$1\" includedeb birch ~/fizz_1.0_amd64.deb"_s, {repo}),
+            QCOMPARE(asUser("reprepro -s -b \"$1\" includedeb birch ~/fizz_1.0_amd64.deb"_s, {repo}),
                      QString());
         QTRY_COMPARE(box(look), "dists pool repository-key.asc\n200 1"_s);
     }

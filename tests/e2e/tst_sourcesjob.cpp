@@ -1,24 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/literals.h"
-#include "support/testenvironment.h"
-#include "throwawaysystem.h"
-
-#include <QCoreApplication>
-#include <QtTest>
+#include "e2e/throwawaysystem.h"
 
 /** What this machine's own apt makes of the lines that the program gives it, and others of the ports they lead to. */
-class SourcesJobTest : public QObject
+class SourcesJobTest : public ThrowAwayTest
 {
     Q_OBJECT
 
-    ThrowAwaySystem m_system;
     QString m_fingerprint;
     QString m_key;
-
-    QString box(const QString &script, const QStringList &arguments = {}) const
-    {
-        return m_system.run(script, arguments);
-    }
 
     /** The version of the package that root's apt installs, and takes away again. */
     QString installed() const
@@ -31,30 +20,24 @@ class SourcesJobTest : public QObject
 
     QString window(const QString &function) const
     {
-        return m_system.asUser(R"(export QT_QPA_PLATFORM=offscreen
+        return asUser(R"(export QT_QPA_PLATFORM=offscreen
             export DBUS_SYSTEM_BUS_ADDRESS=unix:path=/run/dbus/system_bus_socket
             timeout 120 /shared/window "$1" 2>&1)"_s,
-                               {function});
+                      {function});
     }
 
-private Q_SLOTS:
-    void initTestCase()
+    void prepare() override
     {
-        VELT_NEED_THROW_AWAY_SYSTEM();
-        VELT_NEED_TOOL("lighttpd");
-        VELT_NEED_TOOL("reprepro");
-        const QString trouble = m_system.boot();
-        QVERIFY2(trouble.isEmpty(), qPrintable(trouble));
         QVERIFY(QFile::copy(QStringLiteral(WINDOW_PROGRAM), m_system.sharedFolder() + "/window"_s));
         // The same repository once more, signed; and what another user would like to see installed.
-        m_fingerprint = m_system.asUser(R"(cd
+        m_fingerprint = asUser(R"(cd
             gpg -q --batch --passphrase '' --quick-gen-key 'T <t@example.org>' ed25519 sign never 2>/dev/null
             key=$(gpg --with-colons --list-keys | awk -F: '$1 == "fpr" { print $10; exit }')
             cp -r "$1" signed; echo "SignWith: $key" >>signed/conf/distributions
             reprepro -s -b signed export; echo "$key")"_s,
-                                        {ThrowAwaySystem::openRepo});
+                               {openRepo});
         QCOMPARE(m_fingerprint.size(), 40);
-        m_key = m_system.asUser("gpg --armor --export-options export-minimal --export"_s) + u'\n';
+        m_key = asUser("gpg --armor --export-options export-minimal --export"_s) + u'\n';
         QCOMPARE(box(R"(useradd -m mallory; cd /home/mallory; mkdir -p evil/conf package/DEBIAN
             cp "$1"/conf/distributions evil/conf
             printf '%s\n' 'Package: fizz' 'Version: 6.66' 'Architecture: amd64' 'Maintainer: M <m@example.org>' \
@@ -63,18 +46,11 @@ private Q_SLOTS:
             gpg -q --batch --passphrase '' --quick-gen-key 'T <t@example.org>' ed25519 sign never 2>/dev/null
             echo "SignWith: yes" >>evil/conf/distributions
             reprepro -s -b evil includedeb birch fizz.deb; chmod -R a+rX /home/mallory)"_s,
-                     {ThrowAwaySystem::openRepo}),
+                     {openRepo}),
                  QString());
     }
 
-    void cleanup()
-    {
-        if (QTest::currentTestFailed() && m_system.isRunning())
-            qInfo("%s\n%s", qPrintable(box("cat /tmp/apt.log || true"_s)), qPrintable(m_system.logs()));
-    }
-
-    void cleanupTestCase() { QVERIFY(m_system.remove()); }
-
+private Q_SLOTS:
     void keepsTheNextOwnerOfThePortOut_data()
     {
         QTest::addColumn<bool>("isSigned");

@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDragEnterEvent>
+#include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTabWidget>
@@ -87,10 +88,19 @@ inline bool press(const QDialog &dialog, const QString &text)
     return false;
 }
 
-/** Presses a button in the dialog with this title. */
-inline Script::Step answer(const QString &title, const QString &button)
+inline QString wordsOf(const QMessageBox &box)
 {
-    return inDialog<QDialog>(title, [button](const QDialog &dialog) { return press(dialog, button); });
+    return box.text() + " "_s + box.informativeText() + " "_s + box.detailedText();
+}
+
+/** Presses a button in the dialog with this title; with `words`, in a message box that says them. */
+inline Script::Step answer(const QString &title, const QString &button, const QString &words = {})
+{
+    return inDialog<QDialog>(title, [=](const QDialog &dialog) {
+        const auto *box = qobject_cast<const QMessageBox *>(&dialog);
+        return (words.isEmpty() || (box != nullptr && wordsOf(*box).contains(words)))
+               && press(dialog, button);
+    });
 }
 
 /** The real window, driven through its actions. */

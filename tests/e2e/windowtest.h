@@ -5,10 +5,8 @@
 #include "e2e/windowdriver.h"
 #include "platform/desktopintegration.h"
 #include "support/debbuilder.h"
-#include "support/lists.h"
 #include "support/testenvironment.h"
 
-#include <QtTest>
 #include <QtWidgets>
 
 #include <memory>

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/engineharness.h"
 
-#include <QDirIterator>
 #include <QSignalSpy>
 
 EngineHarness::EngineHarness()
@@ -14,7 +13,7 @@ EngineHarness::EngineHarness()
     // Whoever wants dependencies checked says so, and gives apt sources of its own.
     shell.setDependsRepoType(DependsNowhere);
     const auto pair = [](QStringList *list) {
-        return [list](const QString &a, const QString &b) { list->append(a + QLatin1Char('|') + b); };
+        return [list](const QString &a, const QString &b) { list->append(a + u'|' + b); };
     };
     const auto event = [this](char mark) {
         return [this, mark](const PackageInfoPtr &package) {
@@ -45,7 +44,7 @@ EngineHarness::EngineHarness()
         collisions.append(code);
         singles.append(single);
         const CollidingFile newcomer = shell.collidingFile();
-        newcomers.append(newcomer.fileName + QLatin1Char(' ') + newcomer.version
+        newcomers.append(newcomer.fileName + u' ' + newcomer.version
                          + (newcomer.isLast ? " last"_s : QString()));
         whileAsked();
         rules->value = choice;
@@ -57,7 +56,7 @@ EngineHarness::EngineHarness()
 QStringList EngineHarness::debs(const char *names, const char *version, const char *contents)
 {
     QStringList files;
-    for (const QString &name : QString::fromLatin1(names).split(QLatin1Char(' ')))
+    for (const QString &name : QString::fromLatin1(names).split(u' '))
         files.append(deb(DebBuilder(name).version(QLatin1String(version)).contents(contents)));
     return files;
 }
@@ -84,8 +83,7 @@ QStringList EngineHarness::shown(const QList<PackageInfoPtr> &packages)
 
 QStringList EngineHarness::inDatabase() const
 {
-    return reprepro({"list"_s, shell.repoInfo().codename})
-        .output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return reprepro({"list"_s, shell.repoInfo().codename}).output.split(u'\n', Qt::SkipEmptyParts);
 }
 
 ProcessResult EngineHarness::reprepro(const QStringList &arguments) const
@@ -125,7 +123,7 @@ bool EngineHarness::complains(const QString &text, int count) const
 
 bool EngineHarness::holds(const QString &packages) const
 {
-    if (listed().join(QLatin1Char(',')) == packages)
+    if (listed().join(u',') == packages)
         return settled();
     qWarning() << listed();
     return false;

@@ -6,11 +6,7 @@
 #include "engine/reposhell.h"
 #include "engine/repository/packagelisting.h"
 #include "support/debbuilder.h"
-#include "support/literals.h"
 #include "support/testenvironment.h"
-
-#include <QTemporaryDir>
-#include <QVector>
 
 /** What the engine said during one job. */
 struct JobNotes
@@ -45,6 +41,7 @@ public:
     quint32 choice = PackageReplacementRules::KeepThis; ///< at every collision
     std::function<void()> whileAsked = [] {}; ///< runs before either is given
 
+    QString at(const char *name) const { return folder.filePath(QString::fromUtf8(name)); }
     QString repoPath() const { return folder.filePath(QStringLiteral("repo")); }
     /** Builds packages with these names (separated by blanks), or the one described, in a new folder. */
     QStringList debs(const char *names, const char *version = "1.0", const char *contents = "x");
@@ -82,9 +79,9 @@ public:
 
     QString lastMessage() const { return finished.isEmpty() ? QString() : finished.last(); }
     /** All criticals in one text, for comparing with nothing and showing more. */
-    QString trouble() const { return criticals.join(QLatin1Char('\n')); }
+    QString trouble() const { return criticals.join(u'\n'); }
     /** Start, troubles and end of the job: all that it said, separated by bars. */
-    QString words() const { return (started + criticals + finished).join(QLatin1Char('|')); }
+    QString words() const { return (started + criticals + finished).join(u'|'); }
     /** Whether there were so many troubles, with this in their texts or details. */
     bool complains(const QString &text, int count = 1) const;
     /** Whether the repository has these packages, as listed() has them, separated by commas, and is settled. */

@@ -2,11 +2,6 @@
 #include "depends/dependsdata.h"
 #include "engine/engineharness.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QThreadPool>
-#include <QtTest>
-
 #include <memory>
 
 namespace
@@ -22,7 +17,7 @@ QString inFile()
             lines << "%1 %2 %3"_s.arg(QFileInfo(path).fileName(), name)
                          .arg(packages[name].toObject()["dependsStatus"_s].toInt(-9));
     }
-    return lines.join(QLatin1Char(','));
+    return lines.join(u',');
 }
 
 void store(const QString &path, const QString &name, DependStatus status)
@@ -57,7 +52,7 @@ private Q_SLOTS:
         });
         reader.open(h.repoPath());
         seen.sort();
-        QCOMPARE(seen, (QStringList{"bar -1"_s, "foo 0"_s, "foo 0"_s}));
+        QCOMPARE(seen, "bar -1|foo 0|foo 0"_list);
         QVERIFY(reader.trouble().isEmpty() && reader.settled());
         // And no job loses them.
         reader.add(reader.debs("baz"));
@@ -77,7 +72,7 @@ private Q_SLOTS:
         store(h.repoPath(), "foo"_s, DependSuccess);
         store("/other"_s, "x"_s, DependError);
         h.open(h.repoPath());
-        const QString target = h.folder.filePath("target"_s);
+        const QString target = h.at("target");
         store(target, "old"_s, DependError);
         QCOMPARE(h.change(target), RepoEnums::SUCCESS);
         QCOMPARE(inFile(), "other x 0,target foo 1"_s);
@@ -110,7 +105,7 @@ private Q_SLOTS:
         h.reset();
         QThreadPool::globalInstance()->waitForDone();
         const QString left = inFile();
-        QVERIFY(left.count(QLatin1Char(',')) == 10000 && left.endsWith(",other x 0"_s));
+        QVERIFY(left.count(u',') == 10000 && left.endsWith(",other x 0"_s));
     }
 
     void aNewRepositoryStartsWithoutTheOldOnes()

@@ -2,13 +2,7 @@
 #include "files/regularfile.h"
 #include "files/removetree.h"
 #include "files/trustedpath.h"
-#include "support/literals.h"
 #include "support/testenvironment.h"
-
-#include <QDir>
-#include <QScopeGuard>
-#include <QTemporaryDir>
-#include <QtTest>
 
 #include <atomic>
 #include <cstdio>

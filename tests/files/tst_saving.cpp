@@ -2,12 +2,7 @@
 #include "files/settingsformat.h"
 #include "files/wholefile.h"
 #include "support/fulldisk.h"
-#include "support/literals.h"
 #include "support/testenvironment.h"
-
-#include <QDateTime>
-#include <QTemporaryDir>
-#include <QtTest>
 
 namespace
 {
@@ -70,7 +65,7 @@ private Q_SLOTS:
         QVERIFY(!WholeFile::replace(filePath("none/file"), "x").isEmpty());
         QCOMPARE(WholeFile::replace(path, ""), QString());
         QCOMPARE(readFile(path), QByteArray());
-        QCOMPARE(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"file"_s});
+        QCOMPARE(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden), "file"_list);
     }
 
     /** Settings of either format are read as the other one's, whatever the values are. */
@@ -111,11 +106,11 @@ private Q_SLOTS:
             settings.sync();
             return settings.status() == QSettings::NoError;
         };
-        const QString old(400, QLatin1Char('o'));
+        const QString old(400, u'o');
         QVERIFY(save(old));
         int failures = 0;
         for (rlim_t room = 0; room < 1000; room += 7) {
-            QString text(int(room % 500), QLatin1Char('n'));
+            QString text(int(room % 500), u'n');
             bool saved = false;
             {
                 const FullDisk full(room);

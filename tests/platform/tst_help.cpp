@@ -2,10 +2,8 @@
 #include "platform/desktopintegration.h"
 #include "platform/ui/help.h"
 #include "platform/ui/helpwindow.h"
-#include "support/literals.h"
 #include "support/testenvironment.h"
 
-#include <QtTest>
 #include <QtWidgets>
 
 namespace
@@ -81,8 +79,8 @@ private Q_SLOTS:
         const QString html = QString::fromUtf8(readFile(pages.filePath(name)));
         for (const QString &target : captured(html, "(?:href|src)=\"([^\"]*)\""_s)) {
             QVERIFY2(QUrl(target).isRelative(), qPrintable(target));
-            const QString file = target.section(QLatin1Char('#'), 0, 0);
-            const QString anchor = target.section(QLatin1Char('#'), 1);
+            const QString file = target.section(u'#', 0, 0);
+            const QString anchor = target.section(u'#', 1);
             const QString path = folder.filePath(file.isEmpty() ? page : file);
             QVERIFY2(QFileInfo(path).isFile(), qPrintable(target));
             QVERIFY2(anchor.isEmpty() || readFile(path).count("id=\"" + anchor.toUtf8() + "\"") == 1,
@@ -118,7 +116,7 @@ private Q_SLOTS:
             if (!texts.contains(plain(message)))
                 unknown << plain(message);
         }
-        QVERIFY2(unknown.isEmpty(), qPrintable(unknown.join(QLatin1Char('\n'))));
+        QVERIFY2(unknown.isEmpty(), qPrintable(unknown.join(u'\n')));
     }
 
     void findsOnOtherPages()

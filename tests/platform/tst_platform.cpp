@@ -3,14 +3,10 @@
 #include "platform/desktopnotification.h"
 #include "platform/packagemanager.h"
 #include "platform/ui/windowgeometry.h"
-#include "support/lists.h"
-#include "support/literals.h"
 #include "support/privatebus.h"
-#include "support/scopedvariable.h"
 #include "support/testenvironment.h"
 
 #include <QDBusConnection>
-#include <QtTest>
 #include <QtWidgets>
 
 class TestPlatform : public QObject
@@ -49,7 +45,7 @@ private Q_SLOTS:
         const QRegularExpression use(
             "(?:fromTheme|withOverlay|give)\\s*\\([^\";]*\"([\\w-]+)\"|theme=\"([\\w-]+)\""_s);
         QStringList names = "kgpg signed-package velt-admin-alternatives synaptic folder dialog-question "
-                            "dialog-close dialog-ok-apply"_s.split(QLatin1Char(' '));
+                            "dialog-close dialog-ok-apply"_s.split(u' ');
         QDirIterator files(
             QStringLiteral(SOURCE_FOLDER), {"*.cpp"_s, "*.ui"_s}, QDir::Files, QDirIterator::Subdirectories);
         while (files.hasNext()) {

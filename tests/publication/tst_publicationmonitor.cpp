@@ -4,7 +4,6 @@
 #include "server/listeningports.h"
 #include "server/publicationrules.h"
 #include "server/reposervers.h"
-#include "support/literals.h"
 #include "support/privatebus.h"
 #include "support/testenvironment.h"
 
@@ -12,7 +11,6 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QTcpServer>
-#include <QtTest>
 
 #include <condition_variable>
 #include <mutex>

@@ -57,8 +57,8 @@ QString DebBuilder::build(const QString &folder) const
 
     QDir().mkpath(folder);
     const QString version = m_fields["Version"_s];
-    const QString fileVersion = version.mid(version.indexOf(QLatin1Char(':')) + 1);
-    QString path = folder + QLatin1Char('/')
+    const QString fileVersion = version.mid(version.indexOf(u':') + 1);
+    QString path = folder + u'/'
                    + (m_fileName.isEmpty()
                           ? "%1_%2_%3.%4"_s.arg(name, fileVersion, m_fields["Architecture"_s], m_suffix)
                           : m_fileName);

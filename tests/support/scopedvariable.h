@@ -17,10 +17,7 @@ public:
     Q_DISABLE_COPY(ScopedVariable)
 
     /** PATH with a folder of stand-ins before it. */
-    static QString pathBehind(const QString &folder)
-    {
-        return folder + QLatin1Char(':') + qEnvironmentVariable("PATH");
-    }
+    static QString pathBehind(const QString &folder) { return folder + u':' + qEnvironmentVariable("PATH"); }
 
 private:
     const char *m_name;

@@ -78,7 +78,7 @@ void SystemdPeer::send(const QDBusMessage &message) const
 
 bool SystemdPeer::load(const QString &name)
 {
-    if (!m_units.contains(name) && QFile::exists(m_unitDir + QLatin1Char('/') + name))
+    if (!m_units.contains(name) && QFile::exists(m_unitDir + u'/' + name))
         m_units.insert(name, {});
     return m_units.contains(name);
 }

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "support/lists.h"
+#include "support/scopedvariable.h"
 #include "support/testapplication.h"
 
-#include <QString>
-#include <QTemporaryDir>
+#include <QtTest>
 
 /**
  * A private home for one test program. HOME, the XDG folders and GNUPGHOME are in a temporary folder, so that no test

@@ -9,8 +9,7 @@
 QString TestKeys::gpg(const QStringList &arguments, const QByteArray &input)
 {
     QProcess process;
-    process.start("gpg"_s,
-                  QStringList{"--batch"_s, "--no-tty"_s, "--pinentry-mode"_s, "loopback"_s} + arguments);
+    process.start("gpg"_s, "--batch|--no-tty|--pinentry-mode|loopback"_list + arguments);
     process.write(input);
     process.closeWriteChannel();
     process.waitForFinished(-1);
@@ -67,5 +66,5 @@ bool TestKeys::verifies(const QString &package, const QString &fingerprint)
              folder.path());
     const QStringList places{
         "--policies-dir"_s, folder.filePath("policies"_s), "--keyrings-dir"_s, folder.filePath("keys"_s)};
-    return QProcess::execute("debsig-verify"_s, QStringList{"-q"_s} + places + QStringList{package}) == 0;
+    return QProcess::execute("debsig-verify"_s, "-q"_list + places + QStringList{package}) == 0;
 }

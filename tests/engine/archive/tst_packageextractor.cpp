@@ -1,11 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/archive/packageextractor.h"
-#include "support/literals.h"
 #include "support/testenvironment.h"
-
-#include <QDir>
-#include <QTemporaryDir>
-#include <QtTest>
 
 /** What is taken out of archives that are in order, damaged, or made to do harm. */
 class TestPackageExtractor : public QObject
@@ -90,11 +85,11 @@ private Q_SLOTS:
                 found.append(QString::fromUtf8(readFile(file)));
         else
             found.append(result == PackageExtractor::Result::Damaged ? "damaged"_s : "other"_s);
-        QCOMPARE(found.join(QLatin1Char(' ')), files);
+        QCOMPARE(found.join(u' '), files);
         QCOMPARE(extractor.error().isEmpty(), files != "damaged"_s);
         QVERIFY(!QFile::exists("/tmp/velt-hostile.deb"_s) && !QFile::exists(folder.filePath("up.deb"_s)));
         QCOMPARE(QDir(folder.filePath("deep"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-                 QStringList{"place"_s});
+                 "place"_list);
     }
 
     /** A small archive cannot fill the disk, nor take much room without a question. */

@@ -2,9 +2,7 @@
 #include "depends/dependsreport.h"
 #include "engine/engineharness.h"
 #include "support/localapt.h"
-#include "support/scopedvariable.h"
-
-#include <QtTest>
+#include "support/standin.h"
 
 namespace
 {
@@ -21,7 +19,7 @@ QString states(const EngineHarness &h)
     for (const PackageInfoPtr &package : h.shell.packages())
         lines << "%1 %2"_s.arg(package->name).arg(package->dependStatus());
     lines.sort();
-    return lines.join(QLatin1Char(','));
+    return lines.join(u',');
 }
 
 PackageInfo wanted(const char *name, const char *version)
@@ -73,7 +71,7 @@ private Q_SLOTS:
         DebBuilder("lib"_s).version("2.0"_s).build(pool);
         DebBuilder("food"_s).architecture("all"_s).field("Provides"_s, "meal"_s).build(pool);
         const QString gone = DebBuilder("gone"_s).build(pool);
-        m_apt = std::make_unique<LocalApt>(m_root.path(), QStringList{"one"_s});
+        m_apt = std::make_unique<LocalApt>(m_root.path(), "one"_list);
         QFile::remove(gone);
     }
 
@@ -114,7 +112,7 @@ private Q_SLOTS:
         QVERIFY(h.events.size() == 3 * runs && h.steps.last() == 3 * runs);
         QVERIFY(saving.count() == runs && summaries.count() == runs);
         if (type == DependsLocal) {
-            const QString summary = summaries.first().first().toStringList().join(QLatin1Char('|'));
+            const QString summary = summaries.first().first().toStringList().join(u'|');
             QVERIFY2(summary.contains("lib, by 1"_s) && summary.contains("meal, by 1"_s),
                      qPrintable(summary));
         }
@@ -166,7 +164,7 @@ private Q_SLOTS:
         const QStringList more = h.debs("x y");
         const auto stopping = h.cancelAt(&RepoShell::packageAdded);
         QCOMPARE(h.add(more), RepoEnums::CANCEL);
-        QCOMPARE(h.events, (QStringList{"+x 1.0 amd64"_s, "~x 1.0 amd64"_s}));
+        QCOMPARE(h.events, "+x 1.0 amd64|~x 1.0 amd64"_list);
         disconnect(stopping);
         // Nor is the check of what went in dropped by a stop at the last one; it can be stopped itself, which is told.
         h.remove({h.find("x"_s)});
@@ -174,20 +172,20 @@ private Q_SLOTS:
         const QVector<QMetaObject::Connection> stops{h.cancelAt(&RepoShell::packageAdded, 2),
                                                      h.cancelAt(&RepoShell::packageChanged)};
         QCOMPARE(h.add(more), RepoEnums::SUCCESS);
-        QCOMPARE(h.events, (QStringList{"+x 1.0 amd64"_s, "+y 1.0 amd64"_s, "~x 1.0 amd64"_s}));
+        QCOMPARE(h.events, "+x 1.0 amd64|+y 1.0 amd64|~x 1.0 amd64"_list);
         QCOMPARE(goingOn.count(), 1);
-        QCOMPARE(h.notes, QStringList{"Operation stopped. 1 of 2 package(s) depends checked"_s});
+        QCOMPARE(h.notes, "Operation stopped. 1 of 2 package(s) depends checked"_list);
         for (const auto &stop : stops)
             disconnect(stop);
         h.remove({h.find("y"_s)});
         h.shell.setCheckDependsOnAdd(false);
         h.add(more);
-        QCOMPARE(h.events, QStringList{"+y 1.0 amd64"_s});
+        QCOMPARE(h.events, "+y 1.0 amd64"_list);
         h.shell.setCheckDependsOnAdd(true);
         const auto close = [&] { h.shell.setClosing(); };
         connect(&h.shell, &RepoShell::packageAdded, &h.shell, close, Qt::DirectConnection);
         h.add(h.debs("z"));
-        QCOMPARE(h.events, QStringList{"+z 1.0 amd64"_s});
+        QCOMPARE(h.events, "+z 1.0 amd64"_list);
     }
 
     void downloaded()
@@ -209,10 +207,8 @@ private Q_SLOTS:
     void stoppedDownload()
     {
         RepoHarness h;
-        const QString running = h.folder.filePath("running"_s);
-        writeScript(h.folder.filePath("bin/apt"_s),
-                    "#!/bin/sh\n: >" + running.toLocal8Bit() + "\nsleep 60 & wait\n");
-        const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+        const QString running = h.at("running");
+        const StandIn apt(h.at("bin"), "apt", ": >" + running.toLocal8Bit() + "\nsleep 60 & wait");
         QTimer waiting;
         connect(&waiting, &QTimer::timeout, this, [&] {
             if (QFile::exists(running))
@@ -272,9 +268,7 @@ private Q_SLOTS:
         const Dependency nothing = lacking(h.find("wine"_s), "nothing");
         QVERIFY(DependsReport::explanation(nothing, DependsEverywhere)
                     .contains("does not know the architecture i386"_s));
-        QVERIFY(DependsReport::summaryLines(h.shell.packages())
-                    .join(QLatin1Char(' '))
-                    .contains("architecture i386"_s));
+        QVERIFY(DependsReport::summaryLines(h.shell.packages()).join(u' ').contains("architecture i386"_s));
         check(h, DependsEverywhere, {h.find("game"_s)});
         QVERIFY2(h.trouble().isEmpty(), "nothing is missing");
         // What apt could not be asked it does not lack.
@@ -291,9 +285,9 @@ private Q_SLOTS:
     void brokenApt()
     {
         RepoHarness h;
-        const ScopedVariable config("APT_CONFIG", h.folder.filePath("apt.conf"_s));
-        writeFile(h.folder.filePath("apt.conf"_s), "Dir::Etc \"" + h.folder.path().toLocal8Bit() + "\";");
-        writeFile(h.folder.filePath("sources.list"_s), "nonsense\n");
+        const ScopedVariable config("APT_CONFIG", h.at("apt.conf"));
+        writeFile(h.at("apt.conf"), "Dir::Etc \"" + h.folder.path().toLocal8Bit() + "\";");
+        writeFile(h.at("sources.list"), "nonsense\n");
         h.add({h.deb(needing("far", "lib")), h.deb(needing("near", "far")), h.deb(needing("other", "meal"))});
         QSignalSpy criticals(&h.shell, &RepoShell::critical);
         QCOMPARE(checkAll(h, DependsEverywhere), RepoEnums::SUCCESS);
@@ -306,8 +300,8 @@ private Q_SLOTS:
         h.run([&] { h.shell.addDependencies({lacking(h.find("far"_s), "lib")}); });
         QVERIFY(h.complains("Apt error|"_s));
         // Nor is a healthy apt that was never given any lists a reason to call all missing without a word.
-        writeFile(h.folder.filePath("sources.list"_s), "");
-        writeFile(h.folder.filePath("apt.conf"_s),
+        writeFile(h.at("sources.list"), "");
+        writeFile(h.at("apt.conf"),
                   "Dir::Etc \"" + h.folder.path().toLocal8Bit() + "\"; Dir::State::lists \"/nowhere\";");
         checkAll(h, DependsLocal);
         QCOMPARE(criticals.count(), 2);

@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/engineharness.h"
 #include "engine/reprepro/repreproanswers.h"
-#include "support/scopedvariable.h"
-
-#include <QDir>
-#include <QtTest>
 
 #include <unistd.h>
 
@@ -33,9 +29,9 @@ private Q_SLOTS:
     {
         RepoHarness h;
         h.add(h.debs("foo"));
-        const QString precious = h.folder.filePath("victim/main/precious"_s);
+        const QString precious = h.at("victim/main/precious");
         writeFile(precious, "x");
-        const QString victim = h.folder.filePath("victim"_s);
+        const QString victim = h.at("victim");
         for (const QString &name : {Before,
                                     PutBack,
                                     "/db/velt-admin-repo.copying"_s,
@@ -68,15 +64,15 @@ private Q_SLOTS:
         leaveJob(h);
         const auto reprepro
             = [&h](const QStringList &arguments) { QVERIFY(h.reprepro(arguments).succeeded()); };
-        reprepro(QStringList{"includedeb"_s, "dogwood"_s} + h.debs("foo", "2.0"));
-        reprepro(QStringList{"includedeb"_s, "dogwood"_s} + h.debs("new"));
+        reprepro("includedeb|dogwood"_list + h.debs("foo", "2.0"));
+        reprepro("includedeb|dogwood"_list + h.debs("new"));
         reprepro({"remove"_s, "dogwood"_s, "gone"_s});
         reprepro({"-A"_s, "i386"_s, "remove"_s, "dogwood"_s, "all"_s});
         reprepro({"--keepunreferencedfiles"_s, "remove"_s, "dogwood"_s, "kept"_s});
         h.open(h.repoPath());
         QCOMPARE(h.trouble(), QString());
         const QString now = "all 1.0 main amd64,foo 2.0 main amd64,new 1.0 main amd64"_s;
-        QCOMPARE(h.listed().join(QLatin1Char(',')), now);
+        QCOMPARE(h.listed().join(u','), now);
         reprepro({"deleteunreferenced"_s});
         QVERIFY(h.settled());
 

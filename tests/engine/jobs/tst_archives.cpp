@@ -4,10 +4,6 @@
 #include "engine/engineharness.h"
 #include "support/fulldisk.h"
 #include "support/localapt.h"
-#include "support/scopedvariable.h"
-
-#include <QScopeGuard>
-#include <QtTest>
 
 #include <cerrno>
 #include <optional>
@@ -42,8 +38,8 @@ private:
     /** That there is the archive of before and nothing beside it. */
     static bool isUntouched(const EngineHarness &h)
     {
-        return readFile(h.folder.filePath("out/x.tgz"_s)) == "old"
-               && QDir(h.folder.filePath("out"_s)).entryList(QDir::Files | QDir::Hidden).size() == 1;
+        return readFile(h.at("out/x.tgz")) == "old"
+               && QDir(h.at("out")).entryList(QDir::Files | QDir::Hidden).size() == 1;
     }
     static QString members(const QString &archive)
     {
@@ -57,29 +53,28 @@ private Q_SLOTS:
     {
         RepoHarness h;
         h.add(h.debs("foo bar"));
-        const QString longName
-            = "pool/"_s + QString(90, QLatin1Char('d')) + "/"_s + QString(120, QLatin1Char('n')) + " ж"_s;
+        const QString longName = "pool/"_s + QString(90, u'd') + "/"_s + QString(120, u'n') + " ж"_s;
         writeFile(h.repoPath() + "/"_s + longName, "long");
         writeFile(h.repoPath() + "/pool/big.deb"_s, noise(9 << 20));
         writeFile(h.repoPath() + "/pool/big.txt"_s, QByteArray(9 << 20, 'x') + noise(3 << 20));
         writeFile(h.repoPath() + "/db/lockfile"_s, {});
-        writeFile(h.folder.filePath("elsewhere/in"_s), "outside");
+        writeFile(h.at("elsewhere/in"), "outside");
         runShell(
             "touch .hidden empty; chmod 4751 empty; touch -d @1000000000 empty; ln -s empty link; ln -s no "
             "dangling; ln -s ../elsewhere/in outfile; ln -s ../elsewhere outdir; mkfifo pipe; "
             "ln -s ../elsewhere ../elsewhere/circle"_s,
             h.repoPath());
-        const QString target = h.folder.filePath("out/x.tgz"_s);
+        const QString target = h.at("out/x.tgz");
         writeFile(target, "old");
         QCOMPARE(exportTo(&h, target), RepoEnums::SUCCESS);
         QCOMPARE(h.words(), "Exporting repository|Repository exported."_s);
-        QCOMPARE(QDir(h.folder.filePath("out"_s)).entryList(QDir::Files | QDir::Hidden).size(), 1);
-        const int count = members(target).count(QLatin1Char('\n'));
+        QCOMPARE(QDir(h.at("out")).entryList(QDir::Files | QDir::Hidden).size(), 1);
+        const int count = members(target).count(u'\n');
         QCOMPARE(h.ranges, (QVector<int>{0, count}));
         QCOMPARE(h.steps.last(), count);
 
         // What tar unpacks is what was there, but for links to elsewhere, which became what they stand for.
-        const QString copy = h.folder.filePath("copy"_s);
+        const QString copy = h.at("copy");
         runShell("gzip -t '%1'; mkdir '%2'; tar xzpf '%1' -C '%2' 2>&1 | (! grep .)"_s.arg(target, copy));
         QVERIFY(!QFile::exists(copy + "/db/lockfile"_s));
         QCOMPARE(readFile(copy + "/outfile"_s), QByteArray("outside"));
@@ -110,7 +105,7 @@ private Q_SLOTS:
                  "pool/main/f/foo; mv pool/main/b ../secret; ln -s ../../../secret/b pool/main; "
                  "chown -h 65534 f* inside pool/main/f/foo/*"_s,
                  h.repoPath());
-        const QString target = h.folder.filePath("x.tgz"_s);
+        const QString target = h.at("x.tgz");
         QCOMPARE(exportTo(&h, target), RepoEnums::SUCCESS);
         QCOMPARE(h.lastMessage(), "Repository exported."_s);
         const QString packed = members(target);
@@ -160,7 +155,7 @@ private Q_SLOTS:
                     && S_ISREG(status.st_mode))
                     modes.append(QString::number(status.st_mode & 0777, 8));
             }
-            QCOMPARE(modes, QStringList{"600"_s});
+            QCOMPARE(modes, "600"_list);
             if (isChanged)
                 runShell("mv in in.old; ln -s out in"_s, folder.path());
             const auto result = writer.add(folder.filePath("in/f"_s), "f"_s, id);
@@ -179,7 +174,7 @@ private Q_SLOTS:
     void emptyRepository()
     {
         RepoHarness h;
-        const QString target = h.folder.filePath("out.tgz"_s);
+        const QString target = h.at("out.tgz");
         runShell("rm -rf *"_s, h.repoPath());
         QCOMPARE(exportTo(&h, target), RepoEnums::SUCCESS);
         QCOMPARE(h.lastMessage(), "Repository exported."_s);
@@ -195,7 +190,7 @@ private Q_SLOTS:
     {
         RepoHarness h;
         h.add(h.debs("foo"));
-        writeFile(h.folder.filePath("out/x.tgz"_s), "old");
+        writeFile(h.at("out/x.tgz"), "old");
         const QByteArray description = readFile(h.repoPath() + "/conf/distributions"_s);
         struct Case
         {
@@ -236,24 +231,24 @@ private Q_SLOTS:
                             h.deb(DebBuilder("lib"_s).architecture("all"_s).field("Depends"_s, "bar, app"_s)),
                             h.deb(udeb.udeb().contents("installer"))});
         QCOMPARE(h.trouble(), QString());
-        const QString target = h.folder.filePath("x.tgz"_s);
+        const QString target = h.at("x.tgz");
         const auto exportThese = [&](const QList<PackageInfoPtr> &packages, bool withDepends) {
             return h.run([&] { h.shell.exportPackages(packages, target, withDepends); });
         };
         QCOMPARE(exportThese({h.find("app"_s)}, true), RepoEnums::SUCCESS);
-        QCOMPARE(h.started + h.finished, (QStringList{"Exporting package"_s, "Export finished"_s}));
+        QCOMPARE(h.started + h.finished, "Exporting package|Export finished"_list);
         QCOMPARE(members(target),
                  "app_1.0_amd64.deb\nbar_1.0_amd64.deb\nfoo_1.0_amd64.deb\nlib_1.0_all.deb\n"
                  "missing-dependencies.txt\n"_s);
         QCOMPARE(exportThese(h.shell.packages(), false), RepoEnums::SUCCESS);
-        QCOMPARE(h.started, QStringList{"Exporting packages"_s});
+        QCOMPARE(h.started, "Exporting packages"_list);
         // lib is there for two architectures with one file.
         QCOMPARE(members(target),
                  "app_1.0_amd64.deb\nbar_1.0_amd64.deb\nfoo_1.0_amd64.deb\nfoo_1.0_amd64.udeb\n"
                  "lib_1.0_all.deb\nother_1.0_amd64.deb\n"_s);
         for (const PackageInfoPtr &package : h.shell.packages()) {
             QCOMPARE(exportThese({package}, false), RepoEnums::SUCCESS);
-            QCOMPARE(members(target), package->fileName() + QLatin1Char('\n'));
+            QCOMPARE(members(target), package->fileName() + u'\n');
             runShell("tar xzf '%1' -O | cmp - '%2'"_s.arg(target, package->filePath()));
         }
 
@@ -284,7 +279,7 @@ private Q_SLOTS:
                h.debs("old").first(),
                h.debs("other").first()});
         QCOMPARE(h.trouble(), QString());
-        const QString target = h.folder.filePath("x.tgz"_s);
+        const QString target = h.at("x.tgz");
         const auto exportThese = [&](const QList<PackageInfoPtr> &packages, bool withDepends) {
             return h.run([&] { h.shell.exportPackages(packages, target, withDepends); });
         };
@@ -292,12 +287,11 @@ private Q_SLOTS:
         QCOMPARE(exportThese({h.find("app"_s)}, true), RepoEnums::SUCCESS);
         QCOMPARE(h.lastMessage(), "Export finished"_s);
         QVERIFY2(h.complains("3 dependenc"_s) && h.complains(target), qPrintable(h.trouble()));
-        QCOMPARE(h.trouble().section(QLatin1Char('|'), 1),
-                 "libx (>= 2): lib\nnowhere: app\nold (>= 9) | other: app"_s);
+        QCOMPARE(h.trouble().section(u'|', 1), "libx (>= 2): lib\nnowhere: app\nold (>= 9) | other: app"_s);
         QVERIFY(list().endsWith("\n\nlibx (>= 2): lib\nnowhere: app\nold (>= 9) | other: app\n"_s));
 
         // apt, which has nothing but the archive, misses the same.
-        const QString root = h.folder.filePath("apt"_s);
+        const QString root = h.at("apt");
         runShell("mkdir -p '%2/source/pool'; tar xzf '%1' -C '%2/source/pool'"_s.arg(target, root));
         const LocalApt apt(root, {"source"_s});
         QCOMPARE(runShell("apt-cache unmet | sed -n 's/.*Depends: //p' | LC_ALL=C sort"_s),
@@ -335,7 +329,7 @@ private Q_SLOTS:
     void stopInALargeFile()
     {
         RepoHarness h;
-        const QString target = h.folder.filePath("out/x.tgz"_s);
+        const QString target = h.at("out/x.tgz");
         writeFile(target, "old");
         int asked = 0;
         ArchiveWriter writer(target, [&asked] { return ++asked > 3; });
@@ -362,7 +356,7 @@ private Q_SLOTS:
     {
         RepoHarness h;
         h.add(h.debs("a b c"));
-        const QString target = h.folder.filePath("out/x.tgz"_s);
+        const QString target = h.at("out/x.tgz");
         writeFile(target, "old");
         // The start text comes before the first file.
         const auto early = h.cancelAt(&RepoShell::started);
@@ -386,7 +380,7 @@ private Q_SLOTS:
             QSKIP("this machine cannot mount archives");
         RepoHarness source;
         source.add(source.debs("a b c"));
-        const QString archive = source.folder.filePath("x y.tgz"_s);
+        const QString archive = source.at("x y.tgz");
         exportTo(&source, archive);
         RepoHarness h;
         h.add(h.debs("b", "0.5"));
@@ -414,7 +408,7 @@ private Q_SLOTS:
     {
         VELT_NEED_TOOL("archivemount");
         RepoHarness h;
-        const QString small = h.folder.filePath("small"_s);
+        const QString small = h.at("small");
         const QByteArray mount = small.toLocal8Bit();
         QDir().mkpath(small);
         if (!canMount() || ::geteuid() != 0
@@ -422,13 +416,12 @@ private Q_SLOTS:
             QSKIP("mounting archives and a small file system needs root");
         const auto unmount = qScopeGuard([&] { ::umount(mount.constData()); });
         const QByteArray contents = noise(2500000).toHex();
-        const QString archive = h.folder.filePath("x.tgz"_s);
+        const QString archive = h.at("x.tgz");
         runShell("tar czf '%1' -C '%2' ."_s.arg(
             archive, QFileInfo(h.debs("large", "1.0", contents.constData()).first()).path()));
         const ScopedVariable temporary("TMPDIR", small);
         // What a killed import has left goes when the repository is opened.
-        const QStringList left{h.folder.filePath("velt-admin-repo-work-ab"_s),
-                               h.repoPath() + "/velt-admin-repo-work-cd"_s};
+        const QStringList left{h.at("velt-admin-repo-work-ab"), h.repoPath() + "/velt-admin-repo-work-cd"_s};
         for (const QString &folder : left)
             QVERIFY(QDir().mkdir(folder));
         h.open(h.repoPath());
@@ -462,7 +455,7 @@ private Q_SLOTS:
               "i.type = tarfile.LNKTYPE; i.linkname = 'none.deb'; t.addfile(i); t.close()"_s;
         runShell("tar cf x.tgz *.deb sub; tar cJf x.txz *.deb sub; python3 -c \"%1\""_s.arg(links), folder);
         for (const QString &archive : {"x.tgz"_s, "x.txz"_s}) {
-            importFrom(&h, folder + QLatin1Char('/') + archive);
+            importFrom(&h, folder + u'/' + archive);
             QVERIFY(h.complains("Error adding package!|"_s + archive + ": sub/bad.deb:\n"_s));
             QVERIFY2(!QString(h.trouble() + h.notes.join(QString())).contains("velt-admin-repo-work"_s),
                      qPrintable(h.trouble()));
@@ -478,16 +471,16 @@ private Q_SLOTS:
     void mountTroubles()
     {
         RepoHarness h;
-        const QString archive = h.folder.filePath("x.tgz"_s);
+        const QString archive = h.at("x.tgz");
         runShell("tar czf '%1' -C '%2' ."_s.arg(archive, QFileInfo(h.debs("a").first()).path()));
-        const QString bin = h.folder.filePath("bin"_s);
+        const QString bin = h.at("bin");
         runShell("mkdir '%1'; for tool in reprepro dpkg dpkg-deb tar rm gzip sh gpg gpgconf stat; do "
                  "ln -s $(type -p $tool) '%1'; done"_s.arg(bin));
         const ScopedVariable path("PATH", bin);
         const auto import = [&](const char *unmount) -> QString {
             writeScript(bin + "/fusermount"_s, QByteArray("#!/bin/sh\nrm -rf \"$2\"/*\n") + unmount);
             importFrom(&h, archive);
-            return h.trouble() + QLatin1Char('|') + h.lastMessage();
+            return h.trouble() + u'|' + h.lastMessage();
         };
         QVERIFY(import("").startsWith(
             "Can't open archive for import!|The program archivemount could not be started. Install"_s));
@@ -508,8 +501,7 @@ private Q_SLOTS:
                 bin + "/archivemount"_s,
                 "#!/bin/sh\nstat -c '%a %n' \"$2\" \"$2/..\" >\"$1.place\"\ntar xf \"$1\" -C \"$2\"\n");
             QCOMPARE(import(""), "|0 package(s) imported"_s);
-            const QStringList place
-                = QString::fromLocal8Bit(readFile(archive + ".place"_s)).split(QLatin1Char('\n'));
+            const QStringList place = QString::fromLocal8Bit(readFile(archive + ".place"_s)).split(u'\n');
             QVERIFY(place.at(0).startsWith("700 "_s) && place.at(1).startsWith("700 "_s));
             QCOMPARE(place.at(0).mid(4) == QLatin1String(Usual) + "/importTempDir/"_s, owner == ::geteuid());
             QVERIFY(!QFileInfo::exists(place.at(0).mid(4)));
@@ -520,7 +512,7 @@ private Q_SLOTS:
     void fromFolder()
     {
         RepoHarness h;
-        const QString folder = h.folder.filePath("in"_s);
+        const QString folder = h.at("in");
         const auto build = [&](const char *name, const char *below) {
             return DebBuilder(QLatin1String(name)).build(folder + QLatin1String(below));
         };
@@ -551,12 +543,12 @@ private Q_SLOTS:
     {
         RepoHarness h;
         h.cancelAt(&RepoShell::packageAdded, 2);
-        const QString folder = h.folder.filePath("in"_s);
+        const QString folder = h.at("in");
         for (const char *name : {"a", "b", "c", "d"})
             DebBuilder(QLatin1String(name)).build(folder);
         QCOMPARE(importFrom(&h, folder), RepoEnums::CANCEL);
         QCOMPARE(h.lastMessage(), "Package(s) not imported"_s);
-        QCOMPARE(h.notes, QStringList{"2 package(s) had been imported before the stop."_s});
+        QCOMPARE(h.notes, "2 package(s) had been imported before the stop."_list);
         QVERIFY(h.listed().size() == 2 && h.settled());
     }
 };

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "apt/privateapt.h"
 #include "engine/engineharness.h"
-#include "support/scopedvariable.h"
+#include "support/standin.h"
 #include "support/testkeys.h"
-
-#include <QtTest>
 
 namespace
 {
@@ -12,7 +10,7 @@ const QString Foo = "foo"_s;
 
 PackageInfoPtr package(const QString &text, PackageType type = PackageType::Deb)
 {
-    const QStringList words = text.split(QLatin1Char(' '));
+    const QStringList words = text.split(u' ');
     PackageInfo info;
     info.name = words.at(0);
     info.version = words.at(1);
@@ -24,7 +22,7 @@ PackageInfoPtr package(const QString &text, PackageType type = PackageType::Deb)
 
 AptPackageRecord record(const QString &text)
 {
-    const QStringList words = text.split(QLatin1Char(' '));
+    const QStringList words = text.split(u' ');
     return {words.at(0),
             words.at(1),
             words.at(2),
@@ -96,7 +94,7 @@ private Q_SLOTS:
                                  "foo 1 i386,foo 2 amd64 2_all,1 2 amd64",
                                  "foo 1 i386,foo 2 amd64 2_all,foo 3 i386,1 3 i386",
                                  "foo 1 amd64,fo 2 amd64,"}) {
-            QStringList words = QString::fromLatin1(text).split(QLatin1Char(','));
+            QStringList words = QString::fromLatin1(text).split(u',');
             const QString present = words.takeFirst();
             const QString expected = words.takeLast();
             QVector<AptPackageRecord> records;
@@ -110,7 +108,7 @@ private Q_SLOTS:
                 QVERIFY(UpgradeRules::isOffered(upgradable, records));
                 QVERIFY(!UpgradeRules::isOffered(upgradable, {}));
             }
-            QVERIFY2(found.join(QLatin1Char(',')) == expected, text);
+            QVERIFY2(found.join(u',') == expected, text);
         }
     }
 
@@ -121,7 +119,7 @@ private Q_SLOTS:
                                              package("foo 1 i386 contrib"_s),
                                              package("installer 1 amd64"_s, PackageType::Udeb),
                                              package("-o 1 amd64"_s)};
-        QCOMPARE(UpgradeRules::questions(packages, "amd64"_s), (QStringList{"foo:amd64"_s, "foo:i386"_s}));
+        QCOMPARE(UpgradeRules::questions(packages, "amd64"_s), "foo:amd64|foo:i386"_list);
         const auto all = UpgradeRules::upgradable(
             packages, {record("foo 2 amd64 2_all"_s), record("installer 2 amd64"_s)});
         QCOMPARE(all.size(), 3);
@@ -162,7 +160,7 @@ private Q_SLOTS:
         QCOMPARE(h.lastJob, RepoEnums::UPGRADE_JOB);
         QCOMPARE(h.notes.size(), 1);
         QCOMPARE(h.steps.last(), 2);
-        QCOMPARE(h.listed().join(QLatin1Char(',')),
+        QCOMPARE(h.listed().join(u','),
                  "bar 1:2.0 main amd64,foo 1.0 main amd64,foo 1:2.0 contrib amd64,old 3 main amd64,"
                  "own 1.0 main amd64,same 1.0 main amd64"_s);
         QCOMPARE(h.inPool("bar"_s), source.inPool("bar"_s));
@@ -205,13 +203,9 @@ private Q_SLOTS:
         OldRepo h("bar foo");
         prepare(h, {h.line});
         h.open(h.repoPath());
-        const QString bin = h.folder.filePath("bin/"_s);
-        const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLatin1();
-        const ScopedVariable path("PATH", ScopedVariable::pathBehind(bin));
-        writeScript(
-            bin + "reprepro"_s,
-            "#!/bin/sh\ncase \"$*\" in *foo_2*) echo 'BDB0060 write failed' >&2; exit 228;; esac\nexec "
-                + real + " \"$@\"\n");
+        const StandIn reprepro(h.at("bin"),
+                               "reprepro",
+                               "case \"$*\" in *foo_2*) echo 'BDB0060 write failed' >&2; exit 228;; esac");
         QCOMPARE(upgrade(h), RepoEnums::ERROR);
         QCOMPARE(h.lastMessage(), "Repo is not upgraded"_s);
         QCOMPARE(h.criticals.filter("put back as it was before"_s).size(), 1);
@@ -235,7 +229,7 @@ private Q_SLOTS:
         QVERIFY(h.holds("bar 1.0 main amd64,baz 2.0 main amd64,foo 1.0 main amd64"_s));
 
         // An index that calls an old package a new one.
-        const QString liar = h.folder.filePath("liar"_s);
+        const QString liar = h.at("liar");
         const QByteArray old = readFile(h.debs("foo").first());
         writeFile(liar + "/foo.deb"_s, old);
         writeFile(liar + "/dists/dogwood/main/binary-amd64/Packages"_s,
@@ -307,7 +301,7 @@ private Q_SLOTS:
         for (const auto &[source, expected] : failures) {
             QCOMPARE(prepare(h, {source}), RepoEnums::ERROR);
             QCOMPARE(h.criticals.size(), 1);
-            QVERIFY2(h.trouble().section(QLatin1Char('|'), 0, 0).contains(expected), qPrintable(h.trouble()));
+            QVERIFY2(h.trouble().section(u'|', 0, 0).contains(expected), qPrintable(h.trouble()));
             QCOMPARE(h.lastMessage(), "Information is not downloaded"_s);
             // Beside a good one it is told of, and the other serves.
             QCOMPARE(prepare(h, {source, h.line}), RepoEnums::SUCCESS);
@@ -324,7 +318,7 @@ private Q_SLOTS:
         source.info.signWith = true;
         source.change(source.repoPath());
         makeSource(source, source.debs("foo", "2.0"));
-        const QString key = source.folder.filePath("key.gpg"_s);
+        const QString key = source.at("key.gpg");
         TestKeys::gpg({"-o"_s, key, "--export"_s, fingerprint});
         RepoHarness h;
         h.add(h.debs("foo"));
@@ -335,13 +329,13 @@ private Q_SLOTS:
         QCOMPARE(h.trouble(), QString());
 
         // What apt's own files say about the source holds for us too.
-        writeFile(h.folder.filePath("etc/sources.list.d/own.sources"_s),
+        writeFile(h.at("etc/sources.list.d/own.sources"),
                   "Types: deb\nURIs: file:%1\nSuites: x dogwood\nComponents: main\nSigned-By:\n %2\n"_s
                       .arg(source.repoPath(), key)
                       .toUtf8());
-        writeFile(h.folder.filePath("apt.conf"_s),
-                  "Dir::Etc::sourceparts \"%1\";"_s.arg(h.folder.filePath("etc/sources.list.d"_s)).toUtf8());
-        const ScopedVariable config("APT_CONFIG", h.folder.filePath("apt.conf"_s));
+        writeFile(h.at("apt.conf"),
+                  "Dir::Etc::sourceparts \"%1\";"_s.arg(h.at("etc/sources.list.d")).toUtf8());
+        const ScopedVariable config("APT_CONFIG", h.at("apt.conf"));
         QCOMPARE(prepare(h, {plain}), RepoEnums::SUCCESS);
         QCOMPARE(h.trouble(), QString());
     }
@@ -350,11 +344,11 @@ private Q_SLOTS:
     {
         OldRepo h("foo");
         prepare(h, {h.line});
-        writeFile(h.folder.filePath("file"_s), "x");
-        const ScopedVariable cache("XDG_CACHE_HOME", h.folder.filePath("file"_s));
+        writeFile(h.at("file"), "x");
+        const ScopedVariable cache("XDG_CACHE_HOME", h.at("file"));
         QCOMPARE(upgrade(h), RepoEnums::ERROR);
         QVERIFY(h.complains("Unable to create cache folder|"_s));
-        QCOMPARE(h.listed(), QStringList{"foo 1.0 main amd64"_s});
+        QCOMPARE(h.listed(), "foo 1.0 main amd64"_list);
     }
 
     void sourceThatIsOneFolder()

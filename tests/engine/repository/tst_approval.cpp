@@ -4,11 +4,6 @@
 #include "engine/repository/repositoryapprovals.h"
 #include "engine/repository/repositoryinspection.h"
 
-#include <QDir>
-#include <QSettings>
-#include <QStorageInfo>
-#include <QtTest>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -52,7 +47,7 @@ public:
     /** Whether the last job asked this often, with this in its question. */
     bool asked(int count, const QString &text = {}) const
     {
-        if (questions.size() == count && questions.join(QLatin1Char('\n')).contains(text))
+        if (questions.size() == count && questions.join(u'\n').contains(text))
             return true;
         qWarning() << questions << criticals;
         return false;
@@ -135,11 +130,9 @@ private Q_SLOTS:
         ConfiguredPrograms programs;
         programs.readOptions("endhook +c/a.sh\noutdir +b/public\n");
         programs.readDistributions("SignWith: !b.sh\nLog: x.log\n --type=deb tell/c.sh ../d /e +b/f\n");
-        QCOMPARE(programs.lines(),
-                 (QStringList{"conf/options: endhook +c/a.sh"_s,
-                              "conf/distributions: SignWith: !b.sh"_s,
-                              "conf/distributions: Log: x.log"_s,
-                              "conf/distributions: Log: --type=deb tell/c.sh ../d /e +b/f"_s}));
+        QCOMPARE(
+            programs.lines(),
+            "conf/options: endhook +c/a.sh|conf/distributions: SignWith: !b.sh|conf/distributions: Log: x.log|conf/distributions: Log: --type=deb tell/c.sh ../d /e +b/f"_list);
         for (const char *file : {"a.sh", "b.sh", "tell/c.sh", "+b/f"})
             QVERIFY2(programs.words().contains(file), file);
         QVERIFY(!programs.words().contains("../d") && !programs.words().contains("/e"));
@@ -167,7 +160,7 @@ private Q_SLOTS:
         QCOMPARE(h.open(h.repoPath()), RepoEnums::SUCCESS);
         QVERIFY(h.asked(1, "\n\nconf/options: endhook hook.sh\n\n"_s));
         QVERIFY(h.complains("could not be brought up to date"_s));
-        QCOMPARE(h.listed(), QStringList{"foo 1.0 main amd64"_s});
+        QCOMPARE(h.listed(), "foo 1.0 main amd64"_list);
         const QStringList files = h.debs("bar");
         h.info.components = "main"_s;
         for (const auto &job : std::initializer_list<std::function<EngineHarness::Code()>>{
@@ -179,7 +172,7 @@ private Q_SLOTS:
             QVERIFY(h.asked(1) && h.complains("not agreed to"_s));
         }
         QCOMPARE(h.state(), before);
-        QVERIFY(h.hooksRun().isEmpty() && !QFile::exists(h.folder.filePath("packages.tgz"_s)));
+        QVERIFY(h.hooksRun().isEmpty() && !QFile::exists(h.at("packages.tgz")));
 
         h.reply = true;
         h.openAgain();
@@ -211,7 +204,7 @@ private Q_SLOTS:
         h.open(h.repoPath());
         QVERIFY(h.asked(1, "DebIndices"_s) && h.trouble().isEmpty());
         h.info.components = "main"_s;
-        const QString moved = h.folder.filePath("moved"_s);
+        const QString moved = h.at("moved");
         QCOMPARE(h.change(moved), RepoEnums::SUCCESS);
         QVERIFY(h.asked(1, "without these lines"_s));
         h.reply = false;

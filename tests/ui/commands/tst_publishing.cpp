@@ -6,7 +6,6 @@
 #include "publication/veltadminrepointerface.h"
 #include "server/httpserver.h"
 #include "server/publicationpath.h"
-#include "support/lists.h"
 #include "support/privatebus.h"
 #include "support/testenvironment.h"
 #include "ui/dialogs/prompts.h"
@@ -15,7 +14,6 @@
 
 #include <QTextDocumentFragment>
 #include <QtDBus>
-#include <QtTest>
 #include <QtWidgets>
 
 namespace
@@ -223,7 +221,7 @@ private Q_SLOTS:
         QTRY_COMPARE(m_driver->message(), "Repository is published."_s);
         QVERIFY(state().startsWith("Published at http://"_s) && state().endsWith(":8000/"_s));
         QVERIFY(!action("m_publishRepoAction")->isEnabled() && action("m_unpublishRepoAction")->isEnabled());
-        QCOMPARE(QSettings().value("busyHttpPorts"_s).toStringList(), QStringList{"8000"_s});
+        QCOMPARE(QSettings().value("busyHttpPorts"_s).toStringList(), "8000"_list);
         QCOMPARE(QSettings().value("Published8000/repoPath"_s).toString(), one);
         QVERIFY(!m_driver->tabs()->tabIcon(0).isNull() && m_driver->tabs()->tabIcon(1).isNull());
         m_driver->tabs()->setCurrentIndex(1);
@@ -269,8 +267,7 @@ private Q_SLOTS:
         QTRY_COMPARE(field<QSpinBox>("m_httpPortSpinBox")->value(), 8000);
         choose(0, protocol, 8001);
         field<QCheckBox>("m_trustedCheckBox")->setChecked(true);
-        const Script agreed{inDialog<QMessageBox>(
-            "Rewrite confirmation"_s, [](QMessageBox &dialog) { return press(dialog, "Yes"_s); })};
+        const Script agreed{answer("Rewrite confirmation"_s, "Yes"_s)};
         action("m_publishRepoAction")->trigger();
         QTRY_COMPARE(m_driver->message(), "Repository is published."_s);
         QCOMPARE(agreed.isDone(), protocol == FtpProtocol);
@@ -311,15 +308,10 @@ private Q_SLOTS:
         m_helper->setSnapshot({{{{21, "FTP"_s, repo}, FtpProtocol, "active"_s, true, true}}, {}});
         start({repo});
         QTRY_VERIFY(action("m_unpublishRepoAction")->isEnabled());
-        QString said;
-        const auto told = inDialog<QMessageBox>("Warning"_s, [&said](QMessageBox &dialog) {
-            said = dialog.text() + dialog.informativeText() + dialog.detailedText();
-            return press(dialog, "OK"_s);
-        });
+        const auto told = answer("Warning"_s, "OK"_s, "/etc/vsftpd.conf was written by somebody else"_s);
         const Script refused{told};
         action("m_unpublishRepoAction")->trigger();
         QTRY_VERIFY(refused.isDone());
-        QVERIFY2(said.contains("/etc/vsftpd.conf was written by somebody else"_s), qPrintable(said));
         const Script kept{
             answer("Remove confirmation"_s, "Yes"_s), answer("Remove confirmation"_s, "Yes"_s), told};
         action("m_removeRepoAction")->trigger();
@@ -406,7 +398,7 @@ private Q_SLOTS:
             m_helper->setSnapshot({{}, {8000}});
         QString said;
         const Script script{inDialog<QMessageBox>(box.at(0), [&](QMessageBox &dialog) {
-            said = dialog.text() + " "_s + dialog.informativeText() + " "_s + dialog.detailedText();
+            said = wordsOf(dialog);
             return press(dialog, box.at(1));
         })};
         action("m_publishRepoAction")->trigger();
@@ -561,14 +553,9 @@ private Q_SLOTS:
         choose(0, HttpProtocol, 8000);
         m_bus.reset();
         QTRY_VERIFY(!QDBusConnection::systemBus().isConnected());
-        QString said;
-        const Script told{inDialog<QMessageBox>("Error"_s, [&](QMessageBox &dialog) {
-            said = dialog.text() + " "_s + dialog.informativeText() + " "_s + dialog.detailedText();
-            return press(dialog, "OK"_s);
-        })};
+        const Script told{answer("Error"_s, "OK"_s, "The system bus cannot be reached."_s)};
         action("m_publishRepoAction")->trigger();
         QTRY_VERIFY(told.isDone());
-        QVERIFY2(said.contains("The system bus cannot be reached."_s), qPrintable(said));
         QTRY_VERIFY(action("m_publishRepoAction")->isEnabled());
         QVERIFY(!m_driver->log().contains("Repository is unpublished."_s));
     }

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/children.h"
-#include "support/lists.h"
-#include "support/literals.h"
 #include "support/packagetesting.h"
-#include "support/scopedvariable.h"
 #include "support/testenvironment.h"
 #include "ui/dialogs/addpkgsettingsdialog.h"
 #include "ui/dialogs/gpgkeyswidget.h"
@@ -18,7 +15,6 @@
 #include "ui/widgets/helptopics.h"
 
 #include <QAbstractItemModelTester>
-#include <QtTest>
 #include <QtWidgets>
 
 namespace
@@ -201,7 +197,7 @@ private Q_SLOTS:
         QList<PackageInfoPtr> packages;
         for (const char *place :
              {"all amd64 main", "all riscv64 main", "amd64 amd64 main", "riscv64 riscv64 own"}) {
-            const QStringList words = QString::fromLatin1(place).split(QLatin1Char(' '));
+            const QStringList words = QString::fromLatin1(place).split(u' ');
             const auto package = QSharedPointer<PackageInfo>::create();
             package->name = "for-"_s + words.at(0);
             package->control = ControlText("Architecture: " + words.at(0).toLatin1() + '\n');
@@ -331,13 +327,9 @@ private Q_SLOTS:
         prompts.warn("title"_s, "text"_s);
         prompts.showError("text"_s);
         QTRY_VERIFY(!prompts.isOpen());
-        QCOMPARE(asked,
-                 (QStringList{"repositories.html#fields"_s,
-                              "repositories.html#fields"_s,
-                              "troubles.html"_s,
-                              "troubles.html"_s}));
+        QCOMPARE(asked, "repositories.html#fields|repositories.html#fields|troubles.html|troubles.html"_list);
         for (const HelpTopics::Topic &topic : HelpTopics::all()) {
-            const QStringList page = QString::fromLatin1(topic.page).split(QLatin1Char('#'));
+            const QStringList page = QString::fromLatin1(topic.page).split(u'#');
             const QByteArray html = readFile(QStringLiteral(HELP_FOLDER "/") + page.first());
             QVERIFY2(page.size() == 1 || html.contains("id=\"" + page.last().toUtf8() + "\""), topic.page);
         }

@@ -4,8 +4,6 @@
 #include "support/testenvironment.h"
 #include "ui/packages/packagefeed.h"
 
-#include <QtTest>
-
 #include <functional>
 #include <memory>
 

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reprepro/joblock.h"
-#include "support/lists.h"
-#include "support/literals.h"
 #include "support/testenvironment.h"
 #include "ui/commands/repositoryremoval.h"
 #include "ui/dialogs/newreporules.h"
@@ -10,7 +8,6 @@
 #include "ui/widgets/singlespacevalidator.h"
 #include "ui/widgets/userchoices.h"
 
-#include <QtTest>
 #include <QtWidgets>
 
 #include <unistd.h>
@@ -108,7 +105,7 @@ private Q_SLOTS:
 
         QCOMPARE(NewRepoRules::choices("\uFEFF# x y\r\n a\tb # z\n\nc a\r\n#"_s, {"d"_s}).join("|"_s),
                  "a|b|c"_s);
-        QCOMPARE(NewRepoRules::choices(" \n"_s, {"d"_s}), QStringList{"d"_s});
+        QCOMPARE(NewRepoRules::choices(" \n"_s, {"d"_s}), "d"_list);
     }
 
     void recentPaths()
@@ -125,10 +122,10 @@ private Q_SLOTS:
         RepoTabs tabs(&tabWidget, nullptr);
         RepoWidget *made = tabs.create("/srv/made"_s);
         QVERIFY(tabs.paths().isEmpty());
-        QCOMPARE(tabs.allCanonicalPaths(), QStringList{"/srv/made"_s});
+        QCOMPARE(tabs.allCanonicalPaths(), "/srv/made"_list);
         // Once it is known where the links lead, that is where it lies.
         tabs.setCanonicalPath(made, "/srv/disk/made"_s);
-        QCOMPARE(tabs.allCanonicalPaths(), QStringList{"/srv/disk/made"_s});
+        QCOMPARE(tabs.allCanonicalPaths(), "/srv/disk/made"_list);
         QVERIFY(tabs.allCanonicalPaths(made).isEmpty());
         tabs.discard(made);
         QVERIFY(tabs.allCanonicalPaths().isEmpty());
