@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "apt/aptoutput.h"
 #include "apt/dpkgoutput.h"
-#include "support/lists.h"
-#include "support/literals.h"
 #include "support/testenvironment.h"
-
-#include <QtTest>
 
 namespace
 {
@@ -28,8 +24,7 @@ private Q_SLOTS:
     {
         const QString policy = captured("apt-2.6.2/policy.txt");
         QCOMPARE(AptOutput::sourceLines(policy),
-                 (QStringList{"file:/tmp/sample/two dogwood main"_s,
-                              "file:/tmp/sample/one dogwood contrib main"_s}));
+                 "file:/tmp/sample/two dogwood main|file:/tmp/sample/one dogwood contrib main"_list);
         QCOMPARE(AptOutput::sourceLines(policy, SourceGrouping::BySuiteAndArchitecture),
                  "[arch=amd64] file:/tmp/sample/two dogwood main|"
                  "[arch=amd64] file:/tmp/sample/one dogwood contrib main|"
@@ -39,8 +34,7 @@ private Q_SLOTS:
                                         " 500 copy:/srv/r dogwood/main amd64 Packages\n"
                                         " 500 http://h/r dogwood/main Translation-en\n"
                                         " 500 mirror+file:/etc/mirrors dogwood/main amd64 Packages\n"_s),
-                 (QStringList{"https://h/debian dogwood/updates main"_s,
-                              "mirror+file:/etc/mirrors dogwood main"_s}));
+                 "https://h/debian dogwood/updates main|mirror+file:/etc/mirrors dogwood main"_list);
     }
 
     void sourcesStayWithTheirRecord()
@@ -64,19 +58,18 @@ private Q_SLOTS:
     {
         QCOMPARE(AptOutput::providers(
                      "above 1 (= )\nReverse Provides: \nb+x 2 (= 1)\nUpper 1 (= )\n indented 1 (= )\n"_s),
-                 QStringList{"b+x"_s});
+                 "b+x"_list);
         // Without the heading every line counts.
-        QCOMPARE(AptOutput::providers("Package: x\nsome 1 (= )\nother 2 (= )\n"_s),
-                 (QStringList{"some"_s, "other"_s}));
+        QCOMPARE(AptOutput::providers("Package: x\nsome 1 (= )\nother 2 (= )\n"_s), "some|other"_list);
     }
 
     void packageInformation()
     {
         const auto package = DpkgOutput::packageInfo(captured("dpkg-1.21.23/information.txt"));
         QVERIFY(package.has_value());
-        QCOMPARE(QStringList({package->name, package->version, package->architecture}).join(QLatin1Char(' ')),
+        QCOMPARE(QStringList({package->name, package->version, package->architecture}).join(u' '),
                  "conf-demo 1:2.3-4~rc1 all"_s);
-        QCOMPARE(package->component + QLatin1Char('/') + package->section, "non-free/admin"_s);
+        QCOMPARE(package->component + u'/' + package->section, "non-free/admin"_s);
         QCOMPARE(package->maintainer(), "Жанна Д <j@example.org>"_s);
         // One blank before each continuation line, and the last of them is no line about the archive.
         QCOMPARE(package->description(),
@@ -86,7 +79,7 @@ private Q_SLOTS:
 
         const auto udeb = DpkgOutput::packageInfo(captured("dpkg-1.21.23/udeb.txt"), PackageType::Udeb);
         QVERIFY(udeb.has_value() && udeb->type == PackageType::Udeb);
-        QCOMPARE(udeb->component + QLatin1Char('/') + udeb->section, "main/misc"_s);
+        QCOMPARE(udeb->component + u'/' + udeb->section, "main/misc"_s);
     }
 
     void incompleteInformation()

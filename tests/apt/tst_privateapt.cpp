@@ -2,12 +2,7 @@
 #include "apt/aptfetch.h"
 #include "apt/privateapt.h"
 #include "apt/sourceoptions.h"
-#include "support/lists.h"
-#include "support/literals.h"
-#include "support/scopedvariable.h"
 #include "support/testenvironment.h"
-
-#include <QtTest>
 
 /** apt's state of our own for chosen sources; the program apt-get is a stand-in here. */
 class TestPrivateApt : public QObject
@@ -17,8 +12,7 @@ private Q_SLOTS:
     void messages()
     {
         const auto row = [](const char *said, const char *expected) {
-            QCOMPARE(AptFetch::problems(QString::fromLatin1(said)).join(QLatin1Char('|')),
-                     QString::fromLatin1(expected));
+            QCOMPARE(AptFetch::problems(QString::fromLatin1(said)).join(u'|'), QString::fromLatin1(expected));
         };
         row("W: Target Packages (main/binary-amd64/Packages) is configured multiple times\nN: Skipping\n",
             "");
@@ -37,20 +31,6 @@ private Q_SLOTS:
             "The server could not be reached: http://h/a.|A part of the source is missing: http://h/b.");
         row("E: Malformed entry 1 in list file x.list (URI)\n",
             "Malformed entry 1 in list file x.list (URI)");
-    }
-
-    void progressAndAge()
-    {
-        QCOMPARE(AptFetch::percent("dlstatus:1:0.0000:A\nGet:1 x\ndlstatus:2:56.5836:Retrieving file\nGet"),
-                 56);
-        QCOMPARE(AptFetch::percent("Get:1 dlstatus:1:5:x"), -1);
-        const QDateTime now = QDateTime::currentDateTime();
-        const QStringList remote{"http://h/file:x x main"_s};
-        QVERIFY(AptFetch::isFresh(now.addSecs(-3599), now, remote));
-        QVERIFY(!AptFetch::isFresh(now.addSecs(-3600), now, remote)
-                && !AptFetch::isFresh(now.addSecs(60), now, remote));
-        QVERIFY(!AptFetch::isFresh({}, now, remote));
-        QVERIFY(!AptFetch::isFresh(now, now, remote + QStringList{"[trusted=yes] file:/x x main"_s}));
     }
 
     void trustOfTheSystem()
@@ -77,7 +57,7 @@ private Q_SLOTS:
         VELT_NEED_TOOL("apt-config");
         const PrivateApt apt({"http://h x main\ndeb http://other x main"_s},
                              {"i386\";APT::Update::Pre-Invoke::\"false"_s, "amd64"_s});
-        const QString config = apt.environment().first().section(QLatin1Char('='), 1);
+        const QString config = apt.environment().first().section(u'=', 1);
         const QByteArray text = readFile(config);
         QVERIFY(text.contains("Architecture \"amd64\"") && !text.contains("Pre-Invoke"));
         const QDir folder = QFileInfo(config).dir();
@@ -101,8 +81,7 @@ private Q_SLOTS:
         const auto fetch = [&percent](PrivateApt &apt, bool stop = false) {
             return apt.fetch([stop] { return stop; }, [&percent](int value) { percent = value; });
         };
-        const auto apt
-            = std::make_unique<PrivateApt>(QStringList{"http://h x main"_s}, QStringList{"amd64"_s});
+        const auto apt = std::make_unique<PrivateApt>("http://h x main"_list, "amd64"_list);
         QVERIFY(apt->isValid());
         QVERIFY(fetch(*apt).usable);
         QCOMPARE(percent, 42);

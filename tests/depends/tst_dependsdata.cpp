@@ -2,13 +2,7 @@
 #include "depends/dependsdata.h"
 #include "depends/localcandidates.h"
 #include "support/fulldisk.h"
-#include "support/literals.h"
 #include "support/testenvironment.h"
-
-#include <QDir>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QtTest>
 
 #include <memory>
 #include <thread>
@@ -79,11 +73,10 @@ QString lookedUp(const PackageInfoPtr &package)
             QStringList providers;
             for (const Dependency &provider : dependency.providers)
                 providers << text(provider);
-            names << text(dependency) + QLatin1Char('[') + providers.join(QLatin1Char(' '))
-                         + QLatin1Char(']');
+            names << text(dependency) + u'[' + providers.join(u' ') + u']';
         }
     }
-    return names.join(QLatin1Char(' '));
+    return names.join(u' ');
 }
 
 /** JSON with single quotes, which can be read here. */
@@ -305,24 +298,6 @@ private Q_SLOTS:
         QVERIFY(cache.merge({unchecked("foo"_s)}).first()->dependsInfo.isNull());
     }
 
-    void moves()
-    {
-        // Takes its results along, over another's, without any.
-        const QVector<QPair<const char *, const char *>> rows{
-            {"{'/a': {'x': {}}, '/c': 1}", "{'/b': {'x': {}}, '/c': 1}"},
-            {"{'/b': {'y': {}}, '/a': {'x': {}}}", "{'/b': {'x': {}}}"},
-            {"{'/b': {'y': {}}, '/c': 1}", "{'/c': 1}"}};
-        for (const auto &[before, after] : rows) {
-            writeFile(m_file, json(before));
-            Cache cache(m_file, "/a"_s);
-            cache.data.changePath("/b"_s);
-            QCOMPARE(document(), QJsonDocument::fromJson(json(after)).object());
-            cache.data.savePackages({package("foo"_s, "1.5"_s)});
-            QCOMPARE(document()["/b"_s].toObject(), QJsonDocument::fromJson(member("1.5")).object());
-            QVERIFY(!document().contains("/a"_s));
-        }
-    }
-
     void ignoresWhatSaysNothing()
     {
         Cache cache(m_file);
@@ -464,7 +439,7 @@ private Q_SLOTS:
         for (std::thread &thread : threads)
             thread.join();
         const QJsonObject root = document();
-        QCOMPARE(root.keys(), (QStringList{"/r0-19"_s, "/r1-19"_s, "/r2-19"_s, "/r3-19"_s}));
+        QCOMPARE(root.keys(), "/r0-19|/r1-19|/r2-19|/r3-19"_list);
         for (const QJsonValue &repository : root)
             QCOMPARE(repository.toObject().size(), 20);
     }

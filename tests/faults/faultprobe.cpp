@@ -100,7 +100,7 @@ int main(int argc, char *argv[])
                      Qt::BlockingQueuedConnection);
     QObject::connect(
         &shell, &RepoShell::critical, &application, [](const QString &text, const QString &more) {
-            say("critical: "_s + text + QLatin1Char('|') + more);
+            say("critical: "_s + text + u'|' + more);
         });
     bool isOpen = false;
     QObject::connect(&shell, &RepoShell::idle, &application, [&] {

@@ -2,7 +2,7 @@
 #pragma once
 
 /**
- * Gives this program and its children private instances of /tmp, /var/tmp, /dev/shm, /srv and /etc. It needs root.
+ * Gives this program and its children private instances of /tmp, /var/tmp, /dev/shm and /srv. It needs root.
  * Files in them are deleted at the end, and other programs do not meet things that are broken on purpose.
  */
 namespace PrivatePlaces

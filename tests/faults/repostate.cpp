@@ -3,10 +3,6 @@
 
 #include "engine/engineharness.h"
 
-#include <QCryptographicHash>
-#include <QDirIterator>
-#include <QRegularExpression>
-
 namespace
 {
 QByteArray sumOf(const QString &file)
@@ -16,14 +12,14 @@ QByteArray sumOf(const QString &file)
 
 QString nameIn(const QString &key)
 {
-    return key.section(QLatin1Char(' '), 0, 0);
+    return key.section(u' ', 0, 0);
 }
 } // namespace
 
 void Request::offer(const QStringList &files)
 {
     for (const QString &file : files)
-        offered[QFileInfo(file).fileName().section(QLatin1Char('_'), 0, 0)].insert(sumOf(file));
+        offered[QFileInfo(file).fileName().section(u'_', 0, 0)].insert(sumOf(file));
 }
 
 RepoState RepoState::read(const QString &path)
@@ -32,7 +28,7 @@ RepoState RepoState::read(const QString &path)
     QDirIterator indices(path + "/dists"_s, {"Packages"_s}, QDir::Files, QDirIterator::Subdirectories);
     while (indices.hasNext()) {
         const QString index = indices.next();
-        const QStringList place = index.split(QLatin1Char('/'));
+        const QStringList place = index.split(u'/');
         QMap<QByteArray, QByteArray> fields;
         const QByteArrayList lines = QByteArray(readFile(index) + '\n').split('\n');
         for (const QByteArray &line : lines) {
@@ -41,10 +37,9 @@ RepoState RepoState::read(const QString &path)
                 fields[line.left(colon)] = line.mid(colon + 2);
             if (!line.isEmpty() || fields.isEmpty())
                 continue;
-            const QString key = QString::fromLatin1(fields["Package"]) + QLatin1Char(' ')
-                                + place.value(place.size() - 3) + QLatin1Char(' ')
-                                + place.value(place.size() - 2);
-            const QByteArray sum = sumOf(path + QLatin1Char('/') + QString::fromUtf8(fields["Filename"]));
+            const QString key = QString::fromLatin1(fields["Package"]) + u' ' + place.value(place.size() - 3)
+                                + u' ' + place.value(place.size() - 2);
+            const QByteArray sum = sumOf(path + u'/' + QString::fromUtf8(fields["Filename"]));
             if (sum != fields["SHA256"])
                 state.m_faults += "%1 has another file than its index says\n"_s.arg(key);
             if (state.m_sums.contains(key))
@@ -90,7 +85,7 @@ QString RepoState::faultsWithin(EngineHarness &engine)
     for (const char *command : {"check", "checkpool"}) {
         const ProcessResult result = engine.reprepro({QString::fromLatin1(command)});
         if (!result.succeeded() || !result.errorOutput.isEmpty())
-            faults += QString::fromLatin1(command) + ": "_s + result.errorOutput + QLatin1Char('\n');
+            faults += QString::fromLatin1(command) + ": "_s + result.errorOutput + u'\n';
     }
     if (!engine.settled())
         faults += "records, indices, database and pool disagree\n"_s;
@@ -98,7 +93,7 @@ QString RepoState::faultsWithin(EngineHarness &engine)
         faults += "the database is locked\n"_s;
     const QStringList top
         = QDir(engine.shell.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-    if (top != QStringList{"conf"_s, "db"_s, "dists"_s, "pool"_s})
-        faults += "left in the repository: %1\n"_s.arg(top.join(QLatin1Char(' ')));
+    if (top != "conf|db|dists|pool"_list)
+        faults += "left in the repository: %1\n"_s.arg(top.join(u' '));
     return faults;
 }

@@ -47,7 +47,7 @@ inline void save(int number)
         QSettings settings;
         UserChoices choices;
         choices.signKeyId = text;
-        choices.currentComponent = QString(4000, QLatin1Char('c')) + text;
+        choices.currentComponent = QString(4000, u'c') + text;
         choices.save(settings);
         WindowState window;
         window.currentRepository = "/srv/"_s + text;
@@ -69,7 +69,7 @@ inline int settingsNumber()
     const QString number = choices.signKeyId;
     const bool whole = settings.status() == QSettings::NoError
                        && settings.value("Published8080/ip"_s).toString() == "host"_s + number
-                       && choices.currentComponent == QString(4000, QLatin1Char('c')) + number
+                       && choices.currentComponent == QString(4000, u'c') + number
                        && settings.value("MainWindow/currentRepository"_s).toString() == "/srv/"_s + number;
     return whole ? number.toInt() : -1;
 }

@@ -5,21 +5,10 @@
 #include "engine/reprepro/repolock.h"
 #include "files/saveleftovers.h"
 #include "files/scratchfolder.h"
-#include "helper/manager.h"
 #include "privateplaces.h"
 #include "repostate.h"
 #include "savedstate.h"
-#include "support/polkitpeer.h"
-#include "support/privatebus.h"
-#include "support/systemdpeer.h"
 #include "victim.h"
-
-#include <QDBusConnectionInterface>
-#include <QDBusPendingReply>
-#include <QDirIterator>
-#include <QElapsedTimer>
-#include <QRandomGenerator>
-#include <QtTest>
 
 #include <csignal>
 
@@ -49,20 +38,6 @@ struct Job
     QString archive = {}; ///< path of the archive that it writes
     int largestFile = 0; ///< bytes of the largest file that it writes
 };
-
-/** All files below the folders, with their contents. */
-QMap<QString, QByteArray> contentsOf(const QStringList &folders)
-{
-    QMap<QString, QByteArray> contents;
-    for (const QString &folder : folders) {
-        QDirIterator files(folder, QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
-        while (files.hasNext()) {
-            const QString file = files.next();
-            contents.insert(file, readFile(file));
-        }
-    }
-    return contents;
-}
 } // namespace
 
 /** Kills programs during their work, and checks the state that the next start finds. */
@@ -537,86 +512,6 @@ private Q_SLOTS:
                                                                       QString::number(moment),
                                                                       terminates ? "ending"_s : "working"_s,
                                                                       faults)));
-        }
-    }
-
-    void helperKilled()
-    {
-        if (!m_private)
-            QSKIP("only root has places of its own for the system's files");
-        const QString sources = "/etc/apt/sources.list.d"_s;
-        const QString units = "/etc/systemd/system"_s;
-        const QString line = "deb http://10.0.0.1:8000/ dogwood main"_s;
-        runShell("rm -rf /etc/systemd/system/* /etc/apt/sources.list.d/* /srv/repo; cp -a base /srv/repo"_s,
-                 m_folder->path());
-        // The helper looks for its template relative to its own folder.
-        runShell("mkdir -p bin share/velt-admin-repo; cp '%1' bin; cp '%2' share/velt-admin-repo"_s.arg(
-                     QStringLiteral(VELT_HELPER), QStringLiteral(UNIT_TEMPLATE)),
-                 m_folder->path());
-        const QString program = m_folder->filePath("bin/velt-admin-repo-helper"_s);
-        const PrivateBus bus;
-        const PolkitPeer polkit(bus.address());
-        SystemdPeer systemd(bus.address(), units);
-        systemd.setUnit("vsftpd.service"_s, {});
-        const QDBusConnection user = QDBusConnection::connectToBus(bus.address(), "user"_s);
-        const auto state = [&] { return contentsOf({sources, units, "/tmp/etc"_s}); };
-        const auto call = [&user](const QString &method, const QVariantList &arguments) {
-            QDBusMessage message = QDBusMessage::createMethodCall(
-                Manager::Service, "/"_s, "org.corvana.velt.repo.Manager"_s, method);
-            message.setArguments(arguments);
-            return QDBusPendingReply<bool>(user.asyncCall(message));
-        };
-        const auto isOnBus
-            = [&user] { return user.interface()->isServiceRegistered(Manager::Service).value(); };
-        const QVector<QPair<QString, QVariantList>> requests{
-            {"AddLocalSource"_s, {line}},
-            {"PublishRepo"_s, {"/srv/repo"_s, 8080, 0}},
-            {"PublishRepo"_s, {"/srv/repo"_s, 21, 1}},
-            {"UnpublishRepo"_s, {8080, 0}},
-            {"UnpublishRepo"_s, {21, 1}},
-            {"RemoveLocalSource"_s, {line}},
-        };
-        int next = 0;
-        for (int round = 0; round < m_rounds * 2; ++round) {
-            const auto &[method, arguments] = requests.at(next++ % requests.size());
-            const auto old = state();
-            const int moment = m_random.bounded(2) == 0 ? m_random.bounded(20) : m_random.bounded(1200);
-            // With a small limit, a signal ends the helper within a write.
-            const int size = m_random.bounded(3) == 0 ? m_random.bounded(1, 700) : 1 << 20;
-            {
-                Victim helper("prlimit"_s, {"--fsize="_s + QString::number(size), program}, 0, false);
-                QVERIFY(QTest::qWaitFor(isOnBus));
-                const auto answer = call(method, arguments);
-                static_cast<void>(QTest::qWaitFor([&answer] { return answer.isFinished(); }, moment));
-                helper.kill(true);
-            }
-            QVERIFY(QTest::qWaitFor([&] { return !isOnBus(); }));
-            const auto killed = state();
-            {
-                Victim helper(program, {}, 0, false);
-                QVERIFY(QTest::qWaitFor(isOnBus));
-                const auto answer = call(method, arguments);
-                QVERIFY(QTest::qWaitFor([&answer] { return answer.isFinished(); }, Minute));
-                helper.kill(true);
-                QVERIFY2(!answer.isError() && answer.value(),
-                         qPrintable(method + QLatin1Char('\n') + helper.words()));
-            }
-            QVERIFY(QTest::qWaitFor([&] { return !isOnBus(); }));
-            const auto whole = state();
-            QStringList files = old.keys() + killed.keys() + whole.keys();
-            files.removeDuplicates();
-            for (const QString &file : qAsConst(files)) {
-                const QByteArray contents = killed.value(file);
-                const bool isOldOrNew = contents == old.value(file) || contents == whole.value(file);
-                QVERIFY2(isOldOrNew && !file.endsWith(".new"_s),
-                         qPrintable("round %1, %2 at %3 ms, size %4: %5 holds \"%6\""_s.arg(
-                             QString::number(round),
-                             method,
-                             QString::number(moment),
-                             QString::number(size),
-                             file,
-                             QString::fromUtf8(contents))));
-            }
         }
     }
 };

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "victim.h"
 
-#include "support/literals.h"
 #include "support/testenvironment.h"
-
-#include <QDir>
-#include <QFile>
-#include <QThread>
 
 #include <csignal>
 

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "helper/callers.h"
 #include "helper/manager.h"
+#include "helper/polkitpeer.h"
 #include "helper/privilegedwork.h"
 #include "helper/requestmessage.h"
 #include "helper/requestrules.h"
 #include "server/sourcekey.h"
 #include "server/sourceline.h"
 #include "server/vsftpdconfig.h"
-#include "support/lists.h"
-#include "support/literals.h"
-#include "support/polkitpeer.h"
 #include "support/privatebus.h"
 #include "support/systemdpeer.h"
 #include "support/testenvironment.h"
@@ -18,10 +16,6 @@
 #include <QDBusConnectionInterface>
 #include <QDBusPendingReply>
 #include <QDBusReply>
-#include <QRegularExpression>
-#include <QSemaphore>
-#include <QXmlStreamReader>
-#include <QtTest>
 
 #include <csignal>
 

@@ -9,13 +9,9 @@
 #include "server/localsources.h"
 #include "server/publicationaccess.h"
 #include "server/sourcekey.h"
-#include "support/lists.h"
-#include "support/literals.h"
 #include "support/testenvironment.h"
 
-#include <QSettings>
 #include <QTcpServer>
-#include <QtTest>
 
 #include <algorithm>
 #include <array>
@@ -24,8 +20,6 @@
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-Q_DECLARE_METATYPE(AptAccess)
 
 class PublicationTest : public QObject
 {
@@ -105,70 +99,41 @@ private Q_SLOTS:
 
     void localSourceChoice_data()
     {
-        QTest::addColumn<AptAccess>("access");
-        QTest::addColumn<bool>("isTrusted");
-        QTest::addColumn<bool>("isSigned");
-        QTest::addColumn<bool>("isPublished");
+        // Who can read the directory and who can write into it; whether it is trusted, signed and published.
         QTest::addColumn<QString>("line");
         QTest::addColumn<int>("risk");
-        const AptAccess open{AptAccess::ByAnybody, true};
-        const AptAccess shared{AptAccess::ByAnybody, false};
-        const AptAccess closed{AptAccess::ByRoot, true};
-        const AptAccess none{AptAccess::NoWay, true};
-        const auto row = [](const char *name,
-                            const AptAccess &access,
-                            bool isTrusted,
-                            bool isSigned,
-                            bool isPublished,
-                            const char *line,
-                            int risk) {
-            QTest::newRow(name) << access << isTrusted << isSigned << isPublished << QString::fromLatin1(line)
-                                << risk;
+        const auto row = [](const char *name, const char *line, int risk = LocalSourceChoice::NoRisk) {
+            QTest::newRow(name) << QString::fromLatin1(line) << risk;
         };
-        row("open", open, true, false, true, "trusted=yes file:///r/", LocalSourceChoice::NoRisk);
-        row("closed", closed, true, false, false, "trusted=yes copy:///r/", LocalSourceChoice::NoRisk);
-        row("open, signed", open, true, true, true, "KEY file:///r/", LocalSourceChoice::NoRisk);
-        row("shared", shared, true, false, true, "trusted=yes copy:///r/", LocalSourceChoice::OthersWrite);
-        row("shared, signed", shared, true, true, true, "KEY copy:///r/", LocalSourceChoice::NoRisk);
-        row("shared, not trusted", shared, false, false, true, "copy:///r/", LocalSourceChoice::NoRisk);
-        row("foreign, signed",
-            none,
-            true,
-            true,
-            true,
-            "KEY http://127.0.0.1:8000/",
-            LocalSourceChoice::NoRisk);
-        row("foreign",
-            none,
-            true,
-            false,
-            true,
+        row("open trusted published", "trusted=yes file:///r/");
+        row("closed trusted", "trusted=yes copy:///r/");
+        row("open trusted signed published", "KEY file:///r/");
+        row("shared trusted published", "trusted=yes copy:///r/", LocalSourceChoice::OthersWrite);
+        row("shared trusted signed published", "KEY copy:///r/");
+        row("shared published", "copy:///r/");
+        row("foreign trusted signed published", "KEY http://127.0.0.1:8000/");
+        row("foreign trusted published",
             "trusted=yes http://127.0.0.1:8000/",
             LocalSourceChoice::OthersServe);
-        row("foreign, not trusted",
-            none,
-            false,
-            false,
-            true,
-            "http://127.0.0.1:8000/",
-            LocalSourceChoice::NoRisk);
-        row("foreign, not published", none, true, false, false, "", LocalSourceChoice::NoRisk);
+        row("foreign published", "http://127.0.0.1:8000/");
+        row("foreign trusted", "");
     }
 
     void localSourceChoice()
     {
-        QFETCH(AptAccess, access);
-        QFETCH(bool, isTrusted);
-        QFETCH(bool, isSigned);
-        QFETCH(bool, isPublished);
         QFETCH(QString, line);
         const QString fingerprint(40, u'B');
+        const QString words = QLatin1String(QTest::currentDataTag());
+        const auto is = [&words](const char *word) { return words.contains(QLatin1String(word)); };
         LocalSourceFacts facts;
-        facts.offered = {isTrusted, "amd64"_s, -1, "10.0.0.7"_s, 9000, {}, "birch"_s, "main"_s};
+        facts.offered = {is("trusted"), "amd64"_s, -1, "10.0.0.7"_s, 9000, {}, "birch"_s, "main"_s};
         facts.directory = "/r"_s;
-        facts.access = access;
-        facts.fingerprint = isSigned ? fingerprint : QString();
-        if (isPublished)
+        facts.access = {is("foreign")  ? AptAccess::NoWay
+                        : is("closed") ? AptAccess::ByRoot
+                                       : AptAccess::ByAnybody,
+                        !is("shared")};
+        facts.fingerprint = is("signed") ? fingerprint : QString();
+        if (is("published"))
             facts.publications = {{{21, "FTP"_s, "/r"_s}, FtpProtocol, "active"_s},
                                   {{8000, "HTTP"_s, "/r"_s}, HttpProtocol, "active"_s}};
         const std::optional<LocalSourceChoice> choice = LocalSourceChoice::of(facts);
@@ -277,23 +242,6 @@ private Q_SLOTS:
         PublicationAddresses(nullptr).start(); // gone before anything has come
         QVERIFY(PublicationAddresses::isAddress("300.1.1.1"_s));
         QVERIFY(!PublicationAddresses::isAddress("1.2.3.4\n"_s));
-    }
-
-    void withoutBus()
-    {
-        QStringList told;
-        HelperClient client;
-        client.publishRepo("/srv/a"_s, 8000, FtpProtocol, [&told](const HelperClient::Result &result) {
-            told << result.errorText << result.details;
-        });
-        QVERIFY2(told.isEmpty(), "the answer never comes from within the call");
-        QTRY_COMPARE(
-            told,
-            (QStringList{"The repository is not published!"_s,
-                         "The call/process/message was sent after QDBusConnection disconnected."_s}));
-        PublicationMonitor monitor;
-        QSignalSpy refreshed(&monitor, &PublicationMonitor::refreshed);
-        QVERIFY(refreshed.wait());
     }
 };
 

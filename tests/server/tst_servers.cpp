@@ -4,11 +4,9 @@
 #include "server/publicationunit.h"
 #include "server/systemfile.h"
 #include "service/systemdservice.h"
-#include "support/literals.h"
+#include "support/fulldisk.h"
 #include "support/privatebus.h"
 #include "support/testenvironment.h"
-
-#include <QtTest>
 
 #include <climits>
 
@@ -65,7 +63,11 @@ private Q_SLOTS:
         QVERIFY(SystemFile::write(file, "one", 0600));
         QVERIFY(!QFile::exists(hidden.first()) && QFile::remove(hidden.last()));
         QVERIFY(SystemFile::write(file, "two", 0644, SystemFile::Existing::Kept));
-        auto state = SystemFile::read(file);
+        {
+            const FullDisk full(100);
+            QVERIFY(!SystemFile::write(file, QByteArray(200, 'x')));
+        }
+        const auto state = SystemFile::read(file);
         QVERIFY(state && state->exists && state->contents == "one" && state->mode == 0600);
         QVERIFY(QFile::link(file, link));
         QString errorText;
@@ -88,8 +90,7 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo(link).isSymLink());
         QCOMPARE(readFile(file) + readFile(link), QByteArray("onenew"));
         QVERIFY(SystemFile::remove(file) && SystemFile::remove(file) && !QFile::exists(file));
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
-                 (QStringList{"link"_s, "pipe2"_s}));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), "link|pipe2"_list);
     }
 
     void withoutManager()

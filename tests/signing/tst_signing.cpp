@@ -6,12 +6,8 @@
 #include "signing/signingcheck.h"
 #include "signing/signprocess.h"
 #include "support/debbuilder.h"
-#include "support/literals.h"
-#include "support/scopedvariable.h"
 #include "support/testenvironment.h"
 #include "support/testkeys.h"
-
-#include <QtTest>
 
 namespace
 {
@@ -197,11 +193,11 @@ private Q_SLOTS:
         for (const auto &[keyId, says] : refusals) {
             SignProcess process;
             QVERIFY(!process.sign(source, file("out/target"_s), keyId));
-            QVERIFY2(process.log().contains(says) && process.log().count(QLatin1Char('\n')) == 1,
+            QVERIFY2(process.log().contains(says) && process.log().count(u'\n') == 1,
                      qPrintable(process.log()));
             QCOMPARE(process.exitCode(), 2);
             QCOMPARE(readFile(file("out/target"_s)), QByteArray("old"));
-            QCOMPARE(QDir(file("out"_s)).entryList(QDir::Files | QDir::Hidden), QStringList{"target"_s});
+            QCOMPARE(QDir(file("out"_s)).entryList(QDir::Files | QDir::Hidden), "target"_list);
         }
     }
 
@@ -268,30 +264,6 @@ private Q_SLOTS:
         }
         const ScopedVariable path("PATH", file("empty"_s));
         QVERIFY(SignProcess::keys().isEmpty());
-    }
-
-    void recordOfSignedPackages()
-    {
-        const QString conf = SignedPackages::packagesConfPath(m_folder.path());
-        const SignedPackages record(conf);
-        PackageInfo foo;
-        foo.name = "foo"_s;
-        foo.component = "main"_s;
-        foo.architecture = "amd64"_s;
-        PackageInfo other = foo;
-        other.architecture = "i386"_s;
-        foo.signingKey = "A, \"b\" ; ü <c@d> [01234567]"_s;
-        other.signingKey = "other"_s;
-        QCOMPARE(record.keyInfo(foo), QString());
-        QVERIFY(record.removeKeyInfo(foo) && !QFile::exists(conf));
-        QVERIFY(record.saveKeyInfo(foo) && record.saveKeyInfo(other));
-        QVERIFY(readFile(conf).startsWith("[KeyInfo]\nmain_amd64_foo="));
-        QCOMPARE(record.keyInfo(foo), foo.signingKey);
-        QCOMPARE(record.allKeyInfo().size(), 2);
-        QVERIFY(record.removeKeyInfo(foo));
-        QCOMPARE(record.allKeyInfo(), (QHash<QString, QString>{{"main_i386_foo"_s, "other"_s}}));
-        QVERIFY(SignedPackages({}).saveKeyInfo(foo) && SignedPackages({}).keyInfo(foo).isEmpty());
-        QVERIFY(!SignedPackages("/proc/no/packages.conf"_s).saveKeyInfo(foo));
     }
 };
 

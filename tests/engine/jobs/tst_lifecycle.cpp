@@ -5,11 +5,7 @@
 #include "engine/reprepro/joblock.h"
 #include "engine/reprepro/poolfiles.h"
 #include "signing/signedpackages.h"
-#include "support/scopedvariable.h"
-
-#include <QDir>
-#include <QStorageInfo>
-#include <QtTest>
+#include "support/standin.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -45,12 +41,12 @@ private Q_SLOTS:
     void createRefusesAndCleansUp()
     {
         EngineHarness h;
-        writeFile(h.folder.filePath("file"_s), "x");
-        QCOMPARE(h.shell.createRepo(h.folder.filePath("file/repo"_s), h.info), int(RepoEnums::ERROR));
+        writeFile(h.at("file"), "x");
+        QCOMPARE(h.shell.createRepo(h.at("file/repo"), h.info), int(RepoEnums::ERROR));
         QVERIFY(h.complains("Not a directory"_s));
-        writeFile(h.folder.filePath("shelf/a/conf/distributions"_s), "x");
-        QCOMPARE(h.shell.createRepo(h.folder.filePath("shelf"_s), h.info), int(RepoEnums::ERROR));
-        QVERIFY(h.complains("repositories: "_s + h.folder.filePath("shelf/a"_s), 2));
+        writeFile(h.at("shelf/a/conf/distributions"), "x");
+        QCOMPARE(h.shell.createRepo(h.at("shelf"), h.info), int(RepoEnums::ERROR));
+        QVERIFY(h.complains("repositories: "_s + h.at("shelf/a"), 2));
         h.criticals.clear();
         h.info.codename = "../up"_s;
         QCOMPARE(h.shell.createRepo(h.repoPath(), h.info), int(RepoEnums::ERROR));
@@ -78,7 +74,7 @@ private Q_SLOTS:
         lock.release();
         QCOMPARE(moving.change(busy.repoPath()), RepoEnums::SUCCESS);
 
-        const QString above = h.folder.filePath("above"_s);
+        const QString above = h.at("above");
         writeFile(above + "/open/conf/distributions"_s, "x");
         h.shell.setOpenRepositories({above + "/open"_s});
         QCOMPARE(h.shell.createRepo(above, h.info), int(RepoEnums::ERROR));
@@ -89,16 +85,16 @@ private Q_SLOTS:
     void linksAreNotWhatTheyPointTo()
     {
         RepoHarness h;
-        const QString target = h.folder.filePath("target"_s);
-        const QString link = h.folder.filePath("link"_s);
+        const QString target = h.at("target");
+        const QString link = h.at("link");
         writeFile(target + "/precious"_s, "x");
         QVERIFY(QFile::link(target, link));
         QCOMPARE(h.change(link), RepoEnums::SUCCESS);
         QVERIFY(QFile::exists(target + "/precious"_s) && !QFileInfo(link).isSymLink());
         QCOMPARE(h.shell.path(), link);
         EngineHarness other;
-        QVERIFY(QFile::link(target, h.folder.filePath("second"_s)));
-        QCOMPARE(other.shell.createRepo(h.folder.filePath("second"_s), other.info), int(RepoEnums::SUCCESS));
+        QVERIFY(QFile::link(target, h.at("second")));
+        QCOMPARE(other.shell.createRepo(h.at("second"), other.info), int(RepoEnums::SUCCESS));
         QCOMPARE(other.shell.path(), target);
         QVERIFY(other.settled());
     }
@@ -107,7 +103,7 @@ private Q_SLOTS:
     void linksInsideAreNoWay()
     {
         RepoHarness h;
-        const QString elsewhere = h.folder.filePath("elsewhere"_s);
+        const QString elsewhere = h.at("elsewhere");
         for (const char *file : {"/dogwood/precious", "/main/f/precious"})
             writeFile(elsewhere + QLatin1String(file), "x");
         runShell("mv dists/dogwood/* ../elsewhere/dogwood; rm -r dists; ln -s ../elsewhere dists; rm -rf "
@@ -136,7 +132,7 @@ private Q_SLOTS:
         RepoHarness h;
         h.add(h.debs("foo"));
         for (const char *name : {"packages.conf", "conf/options", "db/version", "conf/distributions"}) {
-            const QString file = h.repoPath() + QLatin1Char('/') + QLatin1String(name);
+            const QString file = h.repoPath() + u'/' + QLatin1String(name);
             runShell("[ ! -e '%1' ] || mv '%1' kept; mkfifo '%1'"_s.arg(file), h.folder.path());
             EngineHarness other;
             QCOMPARE(other.open(h.repoPath()), RepoEnums::ERROR);
@@ -149,7 +145,7 @@ private Q_SLOTS:
         QVERIFY(SignedPackages(h.repoPath() + "/packages.conf"_s).allKeyInfo().isEmpty());
         QVERIFY(ExportSession::filesLeft(h.repoPath()).isEmpty());
         QVERIFY(readPackagesFile(h.repoPath() + "/packages.conf"_s, {}, {}).isEmpty());
-        const QString pipe = h.folder.filePath("x.tgz"_s);
+        const QString pipe = h.at("x.tgz");
         QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         QCOMPARE(h.run([&] { h.shell.importRepo(pipe); }), RepoEnums::ERROR);
         QCOMPARE(h.trouble(), "Can't open archive for import!|%1 is no regular file."_s.arg(pipe));
@@ -227,7 +223,7 @@ private Q_SLOTS:
         writeFile(h.repoPath() + "/db/lockfile"_s, "");
         h.info.components = "main"_s;
         QCOMPARE(h.change(h.repoPath()), RepoEnums::ERROR); // and nobody lets us remove the lock
-        QCOMPARE(h.inIndices(), QStringList{"foo 1.0 contrib amd64"_s});
+        QCOMPARE(h.inIndices(), "foo 1.0 contrib amd64"_list);
         QFile::remove(h.repoPath() + "/db/lockfile"_s);
         h.open(h.repoPath());
         QVERIFY(h.settled());
@@ -266,22 +262,10 @@ private Q_SLOTS:
         QVERIFY(h.shell.packageCount() == 0 && h.shell.path().isEmpty());
     }
 
-    void openWithoutDescription()
+    void openWithoutCodename()
     {
         EngineHarness h;
-        QSignalSpy import(&h.shell, &RepoShell::needImportRepo);
-        const QString notFound = "File %1/conf/distributions not found!"_s.arg(h.folder.path());
-        QCOMPARE(h.open(h.folder.path()), RepoEnums::ERROR);
-        QCOMPARE(h.questions,
-                 QStringList{QLatin1Char('|') + notFound + " Do you want to import repository?"_s});
-        QCOMPARE(h.lastMessage(), notFound);
-        QCOMPARE(import.count(), 0);
-        h.reply = true;
-        QCOMPARE(h.open(h.folder.path()), RepoEnums::ERROR);
-        QCOMPARE(h.lastMessage(), QString());
-        QCOMPARE(import.count(), 1);
-
-        writeFile(h.folder.filePath("conf/distributions"_s), "CODENAME: dog\n");
+        writeFile(h.at("conf/distributions"), "CODENAME: dog\n");
         QCOMPARE(h.open(h.folder.path()), RepoEnums::ERROR);
         QVERIFY(h.criticals.size() == 1 && h.shell.path().isEmpty());
         QCOMPARE(h.lastMessage(), "Repositry is not opened"_s);
@@ -323,7 +307,6 @@ private Q_SLOTS:
         RepoHarness h;
         h.add(h.debs("foo"));
         h.info.suite = "testing"_s;
-        h.info.contents = true;
         QSignalSpy saving(&h.shell, &RepoShell::requestForSavingPackages);
         QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
         QVERIFY(saving.count() == 1 && h.lastJob == RepoEnums::CHANGE_REPO_JOB);
@@ -331,18 +314,12 @@ private Q_SLOTS:
                  "Repository changing|Opening repository|Repositry is opened|Repository is changed."_s);
         QVERIFY(h.holds("foo 1.0 main amd64"_s));
         QVERIFY(readFile(h.repoPath() + "/dists/dogwood/Release"_s).contains("Suite: testing"));
-        const QString contents = h.repoPath() + "/dists/dogwood/main/Contents-amd64.gz"_s;
-        QVERIFY(QFile::exists(contents));
-        h.info.contents = false;
-        QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
-        QVERIFY(!QFile::exists(contents));
-
-        const QString target = h.folder.filePath("deep er/new"_s);
+        const QString target = h.at("deep er/new");
         writeFile(target + "/old"_s, "x");
         QSignalSpy paths(&h.shell, &RepoShell::pathChanged);
-        QCOMPARE(h.change(target + QLatin1Char('/')), RepoEnums::SUCCESS);
+        QCOMPARE(h.change(target + u'/'), RepoEnums::SUCCESS);
         QVERIFY(!QFile::exists(h.repoPath()) && !QFile::exists(target + "/old"_s));
-        QCOMPARE(QDir(h.folder.filePath("deep er"_s)).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
+        QCOMPARE(QDir(h.at("deep er")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
         QCOMPARE(h.shell.path(), target);
         QCOMPARE(paths.first().first().toString(), target);
         QCOMPARE(h.find("foo"_s)->filePath(), target + "/pool/main/f/foo/foo_1.0_amd64.deb"_s);
@@ -353,7 +330,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(target + "/dists/dogwood"_s)
                 && QFile::exists(target + "/dists/aspen/Release"_s));
         QVERIFY(h.holds({}));
-        QCOMPARE(h.notes, QStringList{"1 package(s) deleted: foo_1.0_amd64.deb"_s});
+        QCOMPARE(h.notes, "1 package(s) deleted: foo_1.0_amd64.deb"_list);
     }
 
     void movesToAnotherFileSystem()
@@ -372,10 +349,10 @@ private Q_SLOTS:
         const QString list = "cd '%1' && find . -path ./db -prune -o -path ./dists -prune -o -type f "
                              "-exec md5sum {} + -o -printf '%p %y %l\\n' | sort"_s;
         const QString before = runShell(list.arg(origin));
-        const QString target = h.folder.filePath("deep/repo"_s);
+        const QString target = h.at("deep/repo");
         writeFile(target + "/old"_s, "x");
         const auto isWhere = [&](const QString &path) {
-            const QDir parent(h.folder.filePath("deep"_s));
+            const QDir parent(h.at("deep"));
             return h.shell.path() == path && runShell(list.arg(path)) == before
                    && parent.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size() == 1
                    && QFile::exists(target + "/old"_s) == (path != target) && h.settled();
@@ -386,26 +363,23 @@ private Q_SLOTS:
         disconnect(stopping);
         QVERIFY(h.trouble().isEmpty() && isWhere(origin));
         // So does a copy that is not like the original.
-        writeScript(h.folder.filePath("bin/sync"_s), "#!/bin/sh\necho y >\"$2\"/conf/own\n");
         {
-            const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+            const StandIn sync(h.at("sync"), "sync", "echo y >\"$2\"/conf/own");
             QCOMPARE(h.change(target), RepoEnums::ERROR);
         }
         QVERIFY(h.complains("/conf/own differ"_s) && isWhere(origin));
         // A change that fails behind the copying leaves no copy.
-        const QString other = h.folder.filePath("other"_s);
+        const QString other = h.at("other");
         h.info.architectures = "i386 all"_s;
         QCOMPARE(h.change(other), RepoEnums::ERROR);
         QVERIFY(!QFile::exists(other) && isWhere(origin));
         h.info.architectures = "amd64"_s;
         // Neither does one in which another program's package would be missing.
-        writeScript(h.folder.filePath("bin/diff"_s),
-                    "#!/bin/sh\n/usr/bin/diff \"$@\" && reprepro -b \"$4\" includedeb dogwood '%1'\n"_s
-                        .arg(h.deb(DebBuilder("late"_s)))
-                        .toUtf8());
-        QFile::remove(h.folder.filePath("bin/sync"_s));
         {
-            const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+            const StandIn diff(h.at("diff"),
+                               "diff",
+                               "$real \"$@\" && reprepro -b \"$4\" includedeb dogwood '"
+                                   + h.debs("late").first().toUtf8() + "'; exit");
             QCOMPARE(h.change(target), RepoEnums::ERROR);
         }
         QVERIFY(h.complains("changed by another program"_s) && h.inDatabase().filter("late"_s).size() == 1);
@@ -490,17 +464,12 @@ private Q_SLOTS:
         h.info.components = "main"_s;
         {
             const QByteArray folder = h.folder.path().toLocal8Bit();
-            const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLocal8Bit();
             // What is there before and after the runs of the change, which is what is left when the program dies.
-            writeScript(
-                h.folder.filePath("bin/reprepro"_s),
-                "#!/bin/sh\nPATH=/usr/bin:/bin; cd " + folder
-                    + "; for run in '--delete clearvanished' export; do case \"$*\" in *\"$run\")\n"
-                    + "run=${run#--delete }; cp -a repo before-$run; " + real
-                    + " \"$@\"; code=$?; cp -a repo after-$run\n"
-                    + "cp -a repo torn-$run; truncate -s 4096 torn-$run/db/packages.db; exit $code;;\n"
-                    + "esac; done; exec " + real + " \"$@\"\n");
-            const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+            const StandIn reprepro(h.at("bin"), "reprepro", "cd " + folder + R"(
+                for run in '--delete clearvanished' export; do case "$*" in *"$run")
+                    run=${run#--delete }; cp -a repo before-$run; $real "$@"; code=$?; cp -a repo after-$run
+                    cp -a repo torn-$run; truncate -s 4096 torn-$run/db/packages.db; exit $code;;
+                esac; done)");
             QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
         }
         QVERIFY(h.holds("foo 1.0 main amd64"_s));
@@ -533,7 +502,7 @@ private Q_SLOTS:
         QVERIFY(h.isExportOwed());
         QVERIFY(QDir(inTheWay).removeRecursively());
         h.open(h.repoPath());
-        QCOMPARE(h.started, (QStringList{"Opening repository"_s, "Writing the indices of the repository"_s}));
+        QCOMPARE(h.started, "Opening repository|Writing the indices of the repository"_list);
         QVERIFY(h.trouble().isEmpty() && h.holds("foo 1.0 main amd64"_s));
     }
 
@@ -541,12 +510,12 @@ private Q_SLOTS:
     {
         RepoHarness h;
         h.add(h.debs("foo"));
-        QVERIFY(QFile::link(h.repoPath(), h.folder.filePath("link"_s)));
-        const QString open = h.folder.filePath("open"_s);
+        QVERIFY(QFile::link(h.repoPath(), h.at("link")));
+        const QString open = h.at("open");
         writeFile(open + "/conf/distributions"_s, "x");
         h.shell.setOpenRepositories({open});
         const QStringList targets{
-            h.folder.path(), h.repoPath() + "/inside"_s, h.folder.filePath("link"_s), QDir::homePath(), open};
+            h.folder.path(), h.repoPath() + "/inside"_s, h.at("link"), QDir::homePath(), open};
         for (const QString &target : targets) {
             QCOMPARE(h.change(target), RepoEnums::ERROR);
             QCOMPARE(h.lastMessage(), "Repository not changed"_s);
@@ -560,27 +529,22 @@ private Q_SLOTS:
         QCOMPARE(h.lastMessage(), "Repository is not changed."_s);
         QCOMPARE(h.lastJob, RepoEnums::CHANGE_REPO_JOB);
         QVERIFY(h.complains("Failed to change repository!|"_s));
-        QVERIFY2(!h.criticals.first().endsWith(QLatin1Char('|')),
-                 "the tool's own words belong to the message");
+        QVERIFY2(!h.criticals.first().endsWith(u'|'), "the tool's own words belong to the message");
         QCOMPARE(DistributionsFile(h.repoPath()).read()->architectures, "amd64"_s);
         QCOMPARE(h.shell.repoInfo().architectures, "amd64"_s);
         QVERIFY(h.listed().size() == 1 && h.settled());
 
         // Nor does one leave less that fails when packages have gone already, even without room on the disk.
-        const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLocal8Bit();
-        const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
-        writeScript(h.folder.filePath("bin/reprepro"_s),
-                    "#!/bin/sh\n" + real + " \"$@\" || exit\ncase \"$*\" in *clearvanished)\n"
-                        + "echo 'BDB0060 write: No space left on device' >&2; exit 228;; esac\n");
+        const StandIn reprepro(h.at("bin"), "reprepro", R"($real "$@" || exit
+            case "$*" in *clearvanished) echo 'BDB0060 write: No space left on device' >&2; exit 228;; esac; exit 0)");
         h.info.architectures = "i386"_s;
-        QCOMPARE(h.change(h.folder.filePath("moved"_s)), RepoEnums::ERROR);
+        QCOMPARE(h.change(h.at("moved")), RepoEnums::ERROR);
         QVERIFY(h.complains("No space left on device"_s, 2));
         QVERIFY(h.shell.path() == h.repoPath() && h.holds("foo 1.0 main amd64"_s));
         // Nothing is dropped that has not arrived under the new code name, nor what has lain there before.
         const QString foreign = h.repoPath() + "/dists/aspen/keep"_s;
         writeFile(foreign, "x");
-        writeScript(h.folder.filePath("bin/reprepro"_s),
-                    "#!/bin/sh\ncase \"$*\" in *copymatched*) exit 0;; esac\nexec " + real + " \"$@\"\n");
+        reprepro.set("case \"$*\" in *copymatched*) exit 0;; esac");
         h.info.architectures = "amd64"_s;
         h.info.codename = "aspen"_s;
         QCOMPARE(h.change(h.repoPath(), true), RepoEnums::ERROR);

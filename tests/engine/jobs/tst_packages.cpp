@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/engineharness.h"
-#include "support/lists.h"
-#include "support/scopedvariable.h"
-
-#include <QtTest>
+#include "support/standin.h"
 
 using Rules = PackageReplacementRules;
 
@@ -19,48 +16,17 @@ class TestPackages : public QObject
 private Q_SLOTS:
     void initTestCase() { VELT_NEED_TOOL("reprepro"); }
 
-    void addManyExportsTwice()
-    {
-        RepoHarness h;
-        // A recorder in front of the real program: what is run, and in which configuration folder.
-        const QString log = h.folder.filePath("runs"_s);
-        writeScript(h.folder.filePath("bin/reprepro"_s),
-                    "#!/bin/sh\nprintf '%s %s\\n' \"${REPREPRO_CONFIG_DIR##*/}\" \"$*\" >>'"
-                        + log.toLocal8Bit() + "'\nexec '"
-                        + QStandardPaths::findExecutable("reprepro"_s).toLocal8Bit() + "' \"$@\"\n");
-        const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
-        const QStringList files = h.debs("a b c d");
-        h.add(files);
-        QCOMPARE(h.lastMessage(),
-                 "4 package(s) added: a_1.0_amd64.deb, b_1.0_amd64.deb, c_1.0_amd64.deb, d_1.0_amd64.deb"_s);
-        QCOMPARE(h.ranges, (QVector<int>{0, 4}));
-        const QStringList runs
-            = QString::fromLocal8Bit(readFile(log)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-        QCOMPARE(runs.size(), 5);
-        const QString silent = runs.at(1).section(QLatin1Char(' '), 0, 0);
-        QVERIFY(silent != "conf"_s);
-        for (int i = 0; i < 4; ++i)
-            QCOMPARE(runs.at(i),
-                     "%1 -b %2 -C main -A amd64 -S admin includedeb dogwood %3"_s.arg(
-                         i == 0 ? "conf"_s : silent, h.repoPath(), files.at(i)));
-        QCOMPARE(runs.last(), "conf -b %1 export"_s.arg(h.repoPath()));
-        QVERIFY(h.settled());
-    }
-
     /** Of a large job most files go in together; what is wrong with one of them is told as if it had come alone. */
     void manyFilesTogether()
     {
         RepoHarness h;
-        const QString log = h.folder.filePath("runs"_s);
-        writeScript(h.folder.filePath("bin/reprepro"_s),
-                    "#!/bin/sh\necho \"$@\" >>'" + log.toLocal8Bit() + "'\nexec '"
-                        + QStandardPaths::findExecutable("reprepro"_s).toLocal8Bit() + "' \"$@\"\n");
-        const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+        const QString log = h.at("runs");
+        const StandIn recorder(h.at("bin"), "reprepro", "echo >>" + log.toLocal8Bit());
         h.add(h.debs("present"));
         QStringList files;
         for (int i = 10; i < 60; ++i)
             files += h.debs(qPrintable("p%1"_s.arg(i)));
-        const QString broken = h.folder.filePath("broken.deb"_s);
+        const QString broken = h.at("broken.deb");
         writeFile(broken, "no archive");
         // A name that reprepro refuses, which dpkg does not mind.
         const QString refused = h.deb(DebBuilder("pp"_s).field("Source"_s, "No_source"_s));
@@ -123,7 +89,7 @@ private Q_SLOTS:
         h.open(h.repoPath());
         DebBuilder deb(Foo);
         QCOMPARE(h.add({h.deb(deb.architecture("all"_s))}), RepoEnums::SUCCESS);
-        QCOMPARE(h.listed(), (QStringList{"foo 1.0 main amd64"_s, "foo 1.0 main i386"_s}));
+        QCOMPARE(h.listed(), "foo 1.0 main amd64|foo 1.0 main i386"_list);
         QCOMPARE(h.lastMessage(), "1 package(s) added: foo_1.0_all.deb"_s);
         const QString other = h.deb(deb.contents("other"));
         h.choice = Rules::ReplaceThis;
@@ -133,14 +99,14 @@ private Q_SLOTS:
         QVERIFY(h.listed().size() == 2 && h.settled());
         // They share a file, so one answer is for both.
         QStringList together;
-        h.whileAsked = [&] { together.append(h.shell.collidingFile().architectures.join(QLatin1Char('+'))); };
+        h.whileAsked = [&] { together.append(h.shell.collidingFile().architectures.join(u'+')); };
         const QString third = h.deb(deb.contents("third"));
         h.choice = Rules::KeepThis;
         h.add({third});
         QVERIFY(h.inPool(Foo) == readFile(other) && h.notes.size() == 1 && h.settled());
         h.choice = Rules::ReplaceThis;
         h.add({third});
-        QCOMPARE(together, (QStringList{"amd64+i386"_s, "amd64+i386"_s}));
+        QCOMPARE(together, "amd64+i386|amd64+i386"_list);
         QVERIFY(h.newcomers.first().endsWith("last"_s));
         QCOMPARE(h.inPool(Foo), readFile(third));
         QVERIFY(h.listed().size() == 2 && h.settled());
@@ -184,11 +150,11 @@ private Q_SLOTS:
         QCOMPARE(h.add(h.debs("foo", "2:1.0"), {"contrib"_s, false, QString()}), RepoEnums::SUCCESS);
         QCOMPARE(h.words(), "Adding package|1 package(s) added: foo_1.0_amd64.deb"_s);
         QVERIFY(h.ranges == QVector<int>{0} && h.steps == (QVector<int>{0, 1}) && saving.count() == 1);
-        QCOMPARE(h.events, QStringList{"+foo 2:1.0 amd64"_s});
+        QCOMPARE(h.events, "+foo 2:1.0 amd64"_list);
         QVERIFY(h.find(Foo)->filePath().contains("/pool/contrib/"_s));
         h.add({h.deb(DebBuilder("bare"_s).field("Section"_s, QString()).field("Priority"_s, QString()))});
         QCOMPARE(h.trouble(), QString());
-        QCOMPARE(h.inIndices(), (QStringList{"bare 1.0 main amd64"_s, "foo 2:1.0 contrib amd64"_s}));
+        QCOMPARE(h.inIndices(), "bare 1.0 main amd64|foo 2:1.0 contrib amd64"_list);
         const QByteArray index = readFile(h.repoPath() + "/dists/dogwood/main/binary-amd64/Packages"_s);
         QVERIFY2(index.contains("\nPriority: optional\n"), index.constData());
         QVERIFY2(index.contains("\nSection: misc\n"), index.constData());
@@ -218,8 +184,7 @@ private Q_SLOTS:
             QCOMPARE(h.add(files), RepoEnums::SUCCESS);
             QCOMPARE(h.trouble(), QString());
             const bool replaced = left.endsWith("new"_s);
-            QCOMPARE(h.find("older"_s)->version + QLatin1Char(' ') + h.find("newer"_s)->version,
-                     left.left(7));
+            QCOMPARE(h.find("older"_s)->version + u' ' + h.find("newer"_s)->version, left.left(7));
             QCOMPARE(h.inPool("same"_s), readFile(replaced ? files.at(2) : old.at(1)));
             QCOMPARE(h.inPool("twin"_s), readFile(replaced ? files.at(3) : old.at(2)));
             QCOMPARE(h.events.filter("~same"_s).size(), replaced ? 1 : 0);
@@ -261,12 +226,12 @@ private Q_SLOTS:
     void filesThatAreNoPackagesForIt()
     {
         RepoHarness h("source amd64 i386"_s);
-        const QString pipe = h.folder.filePath("pipe.deb"_s);
-        const QString empty = h.folder.filePath("empty.deb"_s);
-        const QString text = h.folder.filePath("a.txt"_s);
+        const QString pipe = h.at("pipe.deb");
+        const QString empty = h.at("empty.deb");
+        const QString text = h.at("a.txt");
         runShell("mkfifo '%1'; touch '%2' '%3'"_s.arg(pipe, empty, text));
         const QString arm = h.deb(DebBuilder("arm"_s).architecture("arm64"_s));
-        const QString large = h.deb(DebBuilder("large"_s).field("Tag"_s, QString(5 << 20, QLatin1Char('x'))));
+        const QString large = h.deb(DebBuilder("large"_s).field("Tag"_s, QString(5 << 20, u'x')));
         h.add(QStringList{"/no/such.deb"_s, text, pipe, empty, arm, large} + h.debs("good"));
         const QStringList reasons{
             "/no/such.deb:\nThere is no such file."_s,
@@ -325,8 +290,7 @@ private Q_SLOTS:
         QVERIFY(h.listed().size() == 2 && h.settled());
 
         // Nor does a stop wait for the tool that reads the files, neither for the next one nor for those after it.
-        writeScript(h.folder.filePath("bin/dpkg"_s), "#!/bin/sh\nsleep 60\n");
-        const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+        const StandIn slow(h.at("bin"), "dpkg", "sleep 60");
         QElapsedTimer clock;
         clock.start();
         QTimer::singleShot(300, &h.shell, [&h] { h.shell.cancel(); });
@@ -337,7 +301,15 @@ private Q_SLOTS:
     void removeMany()
     {
         RepoHarness h;
-        h.add(h.debs("a b c d e"));
+        // The indices are written with the first one and after the last one.
+        const QString folders = h.at("folders");
+        {
+            const StandIn recorder(
+                h.at("bin"), "reprepro", "echo ${REPREPRO_CONFIG_DIR##*/} >>" + folders.toLocal8Bit());
+            h.add(h.debs("a b c d e"));
+        }
+        QCOMPARE(readFile(folders).count('\n'), 6);
+        QCOMPARE(readFile(folders).count("conf\n"), 2);
         auto packages = h.shell.packages();
         const PackageInfoPtr last = packages.takeLast();
         QCOMPARE(h.remove({packages.takeFirst()}), RepoEnums::SUCCESS);

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/engineharness.h"
 #include "signing/signedpackages.h"
-#include "support/scopedvariable.h"
+#include "support/standin.h"
 #include "support/testkeys.h"
-
-#include <QtTest>
 
 namespace
 {
@@ -56,6 +54,7 @@ private Q_SLOTS:
         QVERIFY(isSignedInPool(h, h.find("foo"_s)) && isSignedInPool(h, h.find("everywhere"_s, "i386"_s)));
         const QStringList all{"main_amd64_everywhere"_s, "main_amd64_foo"_s, "main_i386_everywhere"_s};
         QCOMPARE(recorded(h), all);
+        QVERIFY(readFile(h.repoPath() + "/packages.conf"_s).startsWith("[KeyInfo]\nmain_amd64_everywhere="));
         QVERIFY(h.settled());
         // The next opening knows it from the record.
         h.open(h.repoPath());
@@ -75,7 +74,7 @@ private Q_SLOTS:
         QCOMPARE(h.add({newer.first()}), RepoEnums::SUCCESS);
         QVERIFY(!h.find("foo"_s)->isSigned() && !recorded(h).contains("main_amd64_foo"_s));
         h.remove({h.find("everywhere"_s, "i386"_s)});
-        QCOMPARE(recorded(h), QStringList{"main_amd64_everywhere"_s});
+        QCOMPARE(recorded(h), "main_amd64_everywhere"_list);
         QVERIFY(h.settled());
         // Nor does it inherit the key of one that was removed without us.
         h.reprepro({"remove"_s, "dogwood"_s, "everywhere"_s});
@@ -108,11 +107,11 @@ private Q_SLOTS:
         QCOMPARE(sign({h.find("foo"_s)}, m_key), RepoEnums::SUCCESS);
         QCOMPARE(h.words(), "Package signing|1 package(s) is signed: foo_1.0_amd64.deb"_s);
         QVERIFY(isSignedInPool(h, h.find("foo"_s)) && !h.find("bar"_s)->isSigned());
-        QCOMPARE(h.events, (QStringList{"-foo 1.0 amd64"_s, "~foo 1.0 amd64"_s}));
+        QCOMPARE(h.events, "-foo 1.0 amd64|~foo 1.0 amd64"_list);
 
         // One file for two architectures is signed for both, whichever is chosen.
         QCOMPARE(sign({h.find("everywhere"_s, "i386"_s), h.find("u"_s)}, m_key), RepoEnums::SUCCESS);
-        QCOMPARE(h.started, QStringList{"Packages signing"_s});
+        QCOMPARE(h.started, "Packages signing"_list);
         QVERIFY(isSignedInPool(h, h.find("everywhere"_s, "amd64"_s)));
         QVERIFY(isSignedInPool(h, h.find("everywhere"_s, "i386"_s)) && isSignedInPool(h, h.find("u"_s)));
         QVERIFY(h.trouble().isEmpty() && h.listed() == before && h.settled());
@@ -130,16 +129,13 @@ private Q_SLOTS:
         RepoHarness h("amd64 i386"_s);
         h.add({h.deb(DebBuilder("everywhere"_s).architecture("all"_s))}, signedWith(m_key));
         const QByteArray before = h.inPool("everywhere"_s);
-        const QByteArray bin = h.folder.filePath("bin"_s).toLatin1();
-        const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLatin1();
-        const ScopedVariable path("PATH", ScopedVariable::pathBehind(h.folder.filePath("bin"_s)));
+        const QByteArray runs = h.at("runs").toLatin1();
+        const StandIn reprepro(h.at("bin"), "reprepro");
         // The first include, and the other architecture's.
         for (const char *refused : {"1", "2"}) {
-            writeFile(h.folder.filePath("bin/runs"_s), "");
-            writeScript(h.folder.filePath("bin/reprepro"_s),
-                        "#!/bin/sh\ncase \"$*\" in *includedeb*) echo >>" + bin
-                            + "/runs; [ $(/usr/bin/wc -l <" + bin + "/runs) != " + refused
-                            + " ] || { echo refused >&2; exit 254; };; esac\nexec " + real + " \"$@\"\n");
+            writeFile(h.at("runs"), "");
+            reprepro.set("case \"$*\" in *includedeb*) echo >>" + runs + "; [ $(wc -l <" + runs
+                         + ") != " + refused + " ] || { echo refused >&2; exit 254; };; esac");
             h.run([&] { h.shell.signPackages({h.find("everywhere"_s, "i386"_s)}, m_key); });
             QVERIFY2(h.trouble().endsWith("|refused\n"_s), qPrintable(h.trouble()));
             QVERIFY(h.inPool("everywhere"_s) == before && recorded(h).size() == 2);
@@ -156,24 +152,15 @@ private Q_SLOTS:
         QCOMPARE(recorded(h), all);
         {
             // The disk is full at the third package: all that the job has done is undone.
-            const QString bin = h.folder.filePath("bin/"_s);
-            const QByteArray real = QStandardPaths::findExecutable("reprepro"_s).toLatin1();
-            const ScopedVariable path("PATH", ScopedVariable::pathBehind(bin));
-            writeScript(
-                bin + "reprepro"_s,
-                "#!/bin/sh\ncase \"$*\" in *third*) echo 'BDB0060 write failed' >&2; exit 228;; esac\nexec "
-                    + real + " \"$@\"\n");
+            const QByteArray failing = "echo 'BDB0060 write failed' >&2; exit 228;; esac";
+            const StandIn reprepro(h.at("bin"), "reprepro", "case \"$*\" in *third*) " + failing);
             h.choice = PackageReplacementRules::ReplaceAll;
             h.add(h.debs("second", "2.0") + h.debs("third"), signedWith(m_key));
             h.add(h.debs("foo", "2.0") + h.debs("third"));
             // What was signed before the break is told as undone too, also of packages that an opening has listed.
             h.add(h.debs("second last"));
             h.open(h.repoPath());
-            writeScript(
-                bin + "reprepro"_s,
-                "#!/bin/sh\ncase \"$*\" in *last_1*|*'dogwood last'*) echo 'BDB0060 write failed' >&2; "
-                "exit 228;; esac\nexec "
-                    + real + " \"$@\"\n");
+            reprepro.set("case \"$*\" in *last_1*|*'dogwood last'*) " + failing);
             const QStringList names = h.listed();
             h.run([&] {
                 h.shell.signPackages({h.find("second"_s), h.find("last"_s), h.find("foo"_s)}, m_key);

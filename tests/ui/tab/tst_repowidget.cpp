@@ -8,7 +8,6 @@
 #include "ui/packages/repotreeview.h"
 #include "ui/tab/repowidget.h"
 
-#include <QtTest>
 #include <QtWidgets>
 
 /** The repository tab with its engine, on repositories that need no program to be read. */
@@ -208,24 +207,6 @@ private Q_SLOTS:
         for (int state : {0, 2})
             f.tab.packetFilterMenu()->actions().at(state)->trigger();
         QVERIFY(isInView());
-    }
-
-    void changesOfTheOpenRepository()
-    {
-        Fixture f;
-        f.open({});
-        QCOMPARE(treeText(*f.tree->model()), "my repo[2]"_s);
-        PackageBuilder first("first"_s);
-        Q_EMIT f.tab.repoShell()->packageAdded(first.control("Package: first\n").build());
-        QTRY_VERIFY(f.shows("first"));
-        QVERIFY(f.tree->isExpanded(f.item("my repo")) && f.tree->isExpanded(f.item("main")));
-        f.tab.setCurrentItem(f.item("first"));
-        Q_EMIT f.tab.repoShell()->packageChanged(first.version("2"_s).build());
-        QTRY_COMPARE(f.labels("version"), "2"_s);
-        QSignalSpy empty(&f.tab, &RepoWidget::childCountIsZero);
-        Q_EMIT f.tab.repoShell()->packageRemoved(first.build());
-        QTRY_COMPARE(empty.count(), 1);
-        QVERIFY(f.page() != PackagePage);
     }
 
     void sourceLineOfTheChoices()

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/polkitpeer.h"
+#include "helper/polkitpeer.h"
 
 #include "support/literals.h"
 
