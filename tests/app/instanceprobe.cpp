@@ -32,7 +32,7 @@ int main(int argc, char *argv[])
     SingleInstance instance(
         SingleInstance::privateFolder(qEnvironmentVariable("XDG_RUNTIME_DIR"), QStringLiteral("/tmp")));
     if (!instance.isFirst()) {
-        const QString message = files.isEmpty() ? QStringLiteral("raise") : files.join(QLatin1Char('&'));
+        const QString message = files.isEmpty() ? QStringLiteral("raise") : files.join(u'&');
         constexpr int endingTimeout = 5000;
         if (instance.handOver(message, arguments.at(3).toInt(), endingTimeout) != SingleInstance::BecameFirst)
             return -1;

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktopintegration.h"
-#include "support/literals.h"
-#include "support/scopedvariable.h"
 #include "support/testenvironment.h"
 
-#include <QXmlStreamReader>
-#include <QtTest>
 #include <QtWidgets>
 
 namespace
@@ -62,7 +58,7 @@ QStringList essentials(const QString &text)
                                    QRegularExpression::DotMatchesEverythingOption);
     return matches("%L?(?:\\d+|n)"_s, text) + matches("\\*\\.[\\w.]+"_s, text) + matches("</?\\w+>"_s, text)
            + edges.match(text).capturedTexts().mid(1)
-           + QStringList{QString::number(text.count(QLatin1Char('&'))), QString::number(text.count("\n"_s))};
+           + QStringList{QString::number(text.count(u'&')), QString::number(text.count("\n"_s))};
 }
 
 /** Everything that the first group of the expression finds, sorted. */
@@ -80,7 +76,7 @@ QStringList captured(const QString &expression, const QString &text)
 /** A text as the manual writes it. */
 QString inManual(QString text)
 {
-    text.replace(QRegularExpression("%L?(?:\\d|n)"_s), "…"_s).remove(QLatin1Char('&'));
+    text.replace(QRegularExpression("%L?(?:\\d|n)"_s), "…"_s).remove(u'&');
     return QTextDocumentFragment::fromHtml(text).toPlainText().simplified();
 }
 
