@@ -96,11 +96,12 @@ inline QString wordsOf(const QMessageBox &box)
 /** Presses a button in the dialog with this title; with `words`, in a message box that says them. */
 inline Script::Step answer(const QString &title, const QString &button, const QString &words = {})
 {
-    return inDialog<QDialog>(title, [=](const QDialog &dialog) {
-        const auto *box = qobject_cast<const QMessageBox *>(&dialog);
-        return (words.isEmpty() || (box != nullptr && wordsOf(*box).contains(words)))
-               && press(dialog, button);
-    });
+    // A dialog of the same title can stand behind the box.
+    if (!words.isEmpty())
+        return inDialog<QMessageBox>(title, [=](const QMessageBox &box) {
+            return wordsOf(box).contains(words) && press(box, button);
+        });
+    return inDialog<QDialog>(title, [button](const QDialog &dialog) { return press(dialog, button); });
 }
 
 /** The real window, driven through its actions. */

@@ -130,7 +130,7 @@ private Q_SLOTS:
     /** Neither memory of the stack nor descriptors run out. */
     void deepTrees()
     {
-        constexpr int Levels = 20000;
+        constexpr int Levels = 4000;
         int folder = ::open(QFile::encodeName(m_folder.path()).constData(), O_RDONLY | O_DIRECTORY);
         for (int i = 0; i < Levels; ++i) {
             const char *name = i == 0 ? "deep" : "d";
@@ -140,12 +140,17 @@ private Q_SLOTS:
             folder = next;
         }
         ::close(folder);
-        rlimit usual = {};
-        ::getrlimit(RLIMIT_NOFILE, &usual);
-        const rlimit few{64, usual.rlim_max};
+        rlimit files = {};
+        rlimit stack = {};
+        ::getrlimit(RLIMIT_NOFILE, &files);
+        ::getrlimit(RLIMIT_STACK, &stack);
+        const rlimit few{64, files.rlim_max};
+        const rlimit small{1 << 20, stack.rlim_max};
         ::setrlimit(RLIMIT_NOFILE, &few);
+        ::setrlimit(RLIMIT_STACK, &small);
         const bool isDone = removeTree(at("deep"));
-        ::setrlimit(RLIMIT_NOFILE, &usual);
+        ::setrlimit(RLIMIT_NOFILE, &files);
+        ::setrlimit(RLIMIT_STACK, &stack);
         QVERIFY(isDone && !QFileInfo::exists(at("deep")));
     }
 

@@ -151,14 +151,13 @@ private Q_SLOTS:
         QCOMPARE(h.trouble(), "Can't open archive for import!|%1 is no regular file."_s.arg(pipe));
     }
 
-    void nothingIsLostWithoutAQuestion()
+    /** Lists that are read in part, and places of which the description knows nothing, would cost packages. */
+    void whatIsNotReadFullyIsNotChanged()
     {
         RepoHarness h("amd64 i386"_s);
         h.add(h.debs("foo") + QStringList{h.deb(DebBuilder("baz"_s).architecture("i386"_s))});
         const QString conf = h.repoPath() + "/conf/distributions"_s;
         const QByteArray own = readFile(conf);
-        h.info.suite = "testing"_s;
-        // Lists that are read in part, and places of which the description knows nothing, would cost packages.
         for (const char *lists : {"Architectures: amd64\n i386\n", "ARCHITECTURES: amd64 i386\n"}) {
             writeFile(conf, QByteArray(own).replace("Architectures: amd64 i386\n", lists));
             h.open(h.repoPath());
@@ -171,8 +170,16 @@ private Q_SLOTS:
             QVERIFY(readFile(conf).contains(lists));
             QCOMPARE(h.inDatabase().size(), 2);
         }
+    }
 
-        // Other fields go after a question that names them; packages that only tracks keep go, too.
+    /** Other fields go after a question that names them; packages that only tracks keep go, too. */
+    void nothingIsLostWithoutAQuestion()
+    {
+        RepoHarness h("amd64 i386"_s);
+        h.add(h.debs("foo") + QStringList{h.deb(DebBuilder("baz"_s).architecture("i386"_s))});
+        const QString conf = h.repoPath() + "/conf/distributions"_s;
+        const QByteArray own = readFile(conf);
+        h.info.suite = "testing"_s;
         const QByteArray key = "SignWith: 0123456789ABCDEF\n";
         writeFile(conf, own + "Tracking: keep\n");
         h.open(h.repoPath());
@@ -195,10 +202,16 @@ private Q_SLOTS:
         QVERIFY(h.holds("baz 1.0 main i386,foo 2.0 main amd64"_s));
         QCOMPARE(h.change(h.repoPath()), RepoEnums::SUCCESS);
         QVERIFY(h.questions.isEmpty());
+    }
 
-        // Whoever has edited the file while it was shown keeps the edit.
+    /** Whoever has edited the file while it was shown keeps the edit. */
+    void editsMeanwhileStay()
+    {
+        RepoHarness h;
+        const QString conf = h.repoPath() + "/conf/distributions"_s;
         const QByteArray shown = readFile(conf);
-        writeFile(conf, QByteArray(shown).replace("testing", "edited"));
+        writeFile(conf, QByteArray(shown).replace("stable", "edited"));
+        h.info.suite = "testing"_s;
         QCOMPARE(h.run([&] { h.shell.changeRepo(h.repoPath(), h.info, shown); }), RepoEnums::ERROR);
         QVERIFY(h.complains("meanwhile"_s) && readFile(conf).contains("edited"));
     }

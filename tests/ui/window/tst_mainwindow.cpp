@@ -207,7 +207,13 @@ private Q_SLOTS:
         note(create, change, settings, parameters, replacement, start);
         note(about, search, repos, source, sources, packages, published);
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
+    }
 
+    void errorsAreReadAndLeftByKeyboard()
+    {
+        QWidget window;
+        window.show();
+        Prompts prompts(&window);
         prompts.showError("text"_s, QString("details\n"_s).repeated(8));
         auto *box = window.findChild<QMessageBox *>();
         QTRY_VERIFY(box->button(QMessageBox::Ok)->hasFocus());
@@ -219,7 +225,14 @@ private Q_SLOTS:
         QTest::keyClick(details, Qt::Key_A, Qt::ControlModifier);
         QVERIFY(details->hasFocus() && details->textCursor().hasSelection());
         box->reject();
+    }
 
+    void allPartsAreReachedByKeyboard()
+    {
+        QSettings().setValue("recentOpennedRepos"_s, QStringList{makeRepository("r"_s)});
+        MainWindow window;
+        window.show();
+        QVERIFY(waitForTabs(window, 1));
         // The menu of an item comes to it by its key, also when it has been scrolled away.
         auto *tree = child<QTreeView>(window, "m_repoTreeView");
         auto *menu = child<QMenu>(window, "m_packageMenu");
@@ -337,7 +350,7 @@ private Q_SLOTS:
         const auto pid = static_cast<pid_t>(disk.processId());
         QVERIFY(::kill(pid, SIGSTOP) == 0);
         // So that a window that waits makes the test fail and not hang.
-        QProcess::startDetached("sh"_s, {"-c"_s, "sleep 60; kill -CONT %1"_s.arg(pid)});
+        QProcess::startDetached("sh"_s, {"-c"_s, "exec >/dev/null 2>&1; sleep 60; kill -CONT %1"_s.arg(pid)});
 
         const QString alive = makeRepository("alive"_s);
         QSettings().setValue("recentOpennedRepos"_s, QStringList{alive, mount + "/r"_s});
