@@ -1,44 +1,35 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Adding and removing small packages with the engine's jobs, compared with reprepro called by hand, which writes all
-// indices at the end of every run. All times are for one package.
+// Adding, replacing and removing packages with the engine's jobs. Compared with aptly, and with reprepro called by
+// hand, which writes all indices at the end of every run. All times are for one package.
 #include "benchdata.h"
 #include "enginejob.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 
+#include <functional>
+
 #include <benchmark/benchmark.h>
 
 namespace
 {
-constexpr int PackageCount = 500;
 /** With one run for each package, a few packages are enough for the time of one. */
 constexpr int OneByOneCount = 30;
-constexpr int PresentCount = 5000;
 
-QStringList newPackages()
+QVector<BenchData::PackageSet> oldOnes()
 {
-    return BenchData::packages(QStringLiteral("new"), PackageCount);
+    return {BenchData::oldPackages()};
 }
 
-/** A repository for one measurement, which already has packages. */
-QString repository(bool withNewOnes)
+QVector<BenchData::PackageSet> oldAndNewOnes()
 {
-    QString target = BenchData::folder() + QLatin1String("/adding");
-    const QString filled = BenchData::folder() + QLatin1String("/filled");
-    if (!QDir(filled).exists()) {
-        BenchData::describeRepository(target);
-        BenchData::packages(QStringLiteral("old"), PresentCount);
-        BenchData::shell(
-            QStringLiteral("reprepro -s -b \"$1\" includedeb dogwood \"$2\"/*.deb; mv \"$1\" \"$3\""),
-            {target, BenchData::folder() + QLatin1String("/old"), filled});
-    }
-    QDir(target).removeRecursively();
-    BenchData::shell(QStringLiteral("cp -a \"$1\" \"$2\""), {filled, target});
-    if (withNewOnes)
-        BenchData::shell(QStringLiteral("reprepro -s -b \"$1\" includedeb dogwood \"${@:2}\""),
-                         QStringList{target} + newPackages());
-    return target;
+    return {BenchData::oldPackages(), BenchData::newPackages()};
+}
+
+/** As many packages as Debian has, with the smallest size. */
+BenchData::PackageSet many()
+{
+    return {QStringLiteral("many"), 63000, QStringLiteral("1.0"), 50, 50};
 }
 
 template <typename Work>
@@ -52,68 +43,209 @@ void measure(benchmark::State &state, int packages, const Work &work)
     }
 }
 
-/** A measurement of reprepro alone. The script gets the repository and the packages as its arguments. */
-void reprepro(benchmark::State &state, const char *script, int packages, bool areThere)
+/** Measures a script. It gets the repository and the files as its arguments. */
+void runScript(benchmark::State &state, const char *script, const QString &path, const QStringList &files)
 {
-    const QString path = repository(areThere);
-    const QStringList arguments = QStringList{path} + newPackages().mid(0, packages);
-    measure(state, packages, [&] { BenchData::shell(QLatin1String(script), arguments); });
-    const int listed = BenchData::shell(QStringLiteral("reprepro -b \"$1\" list dogwood"), {path})
-                           .count(QLatin1Char('\n'));
-    require(state, listed == PresentCount + (areThere ? PackageCount - packages : packages));
+    const QStringList arguments = QStringList{path} + files;
+    measure(state, files.size(), [&] { BenchData::shell(QLatin1String(script), arguments); });
+}
+
+constexpr const char *IncludeAll = R"(reprepro -s -b "$1" includedeb dogwood "${@:2}")";
+
+void open(RepoShell &shell, const QString &path)
+{
+    runJob(shell, [&] { shell.openRepo(path); });
+    shell.setCheckDependsOnAdd(false);
+}
+
+QList<PackageInfoPtr> newPackagesOf(const RepoShell &shell)
+{
+    QList<PackageInfoPtr> packages;
+    const auto all = shell.packages();
+    for (const PackageInfoPtr &package : all) {
+        if (package->name.startsWith(BenchData::newPackages().name))
+            packages.append(package);
+    }
+    return packages;
+}
+
+// --- adding ---------------------------------------------------------------------------------------------------------
+
+bool areNewOnesThere(const QString &path, int count)
+{
+    return BenchData::poolFiles(path, QStringLiteral("new*.deb")) == count;
 }
 
 void AddOneRunAPackage(benchmark::State &state)
 {
-    reprepro(state,
-             R"(for file in "${@:2}"; do reprepro -s -b "$1" includedeb dogwood "$file"; done)",
-             OneByOneCount,
-             false);
+    const QString path = BenchData::changeableRepository(oldOnes());
+    runScript(state,
+              R"(for file in "${@:2}"; do reprepro -s -b "$1" includedeb dogwood "$file"; done)",
+              path,
+              BenchData::packages(BenchData::newPackages()).mid(0, OneByOneCount));
+    require(state, areNewOnesThere(path, OneByOneCount));
 }
 BENCHMARK(AddOneRunAPackage)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
 void AddInOneRun(benchmark::State &state)
 {
-    reprepro(state, R"(reprepro -s -b "$1" includedeb dogwood "${@:2}")", PackageCount, false);
+    const QStringList files = BenchData::packages(BenchData::newPackages());
+    const QString path = BenchData::changeableRepository(oldOnes());
+    runScript(state, IncludeAll, path, files);
+    require(state, areNewOnesThere(path, files.size()));
 }
 BENCHMARK(AddInOneRun)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
-void RemoveOneRunAPackage(benchmark::State &state)
+/** aptly has its own repository with the same packages. It writes no Contents indices, because we write none. */
+void AddWithAptly(benchmark::State &state)
 {
-    reprepro(state,
-             R"(for file in "${@:2}"; do
-                    name=${file##*/}
-                    reprepro -s -b "$1" remove dogwood "${name%%_*}"
-                done)",
-             OneByOneCount,
-             true);
+    const QStringList files = BenchData::packages(BenchData::newPackages());
+    const QString path = BenchData::folder() + QLatin1String("/aptly");
+    const QString made = path + QLatin1String("-made");
+    const QString settings = path + QLatin1String(".conf");
+    const auto aptly = [&settings](const QString &script, const BenchData::PackageSet &set) {
+        BenchData::shell(
+            QLatin1String("run() { aptly -config=\"$settings\" \"$@\" >/dev/null; }\nsettings=$1\n") + script,
+            {settings, BenchData::packagesFolder(set)});
+    };
+    BenchData::write(settings, QStringLiteral(R"({ "rootDir": "%1" })").arg(path).toUtf8());
+    if (!QDir(made).exists()) {
+        BenchData::packages(BenchData::oldPackages());
+        aptly(QStringLiteral(R"(run repo create -distribution=dogwood -component=main measured
+run repo add measured "$2"
+run publish repo -skip-signing -skip-contents -architectures=amd64,arm64 measured)"),
+              BenchData::oldPackages());
+        BenchData::shell(QStringLiteral("mv \"$1\" \"$2\""), {path, made});
+    }
+    // Published files are links to files in the pool, so both are linked again.
+    BenchData::shell(QStringLiteral("rm -rf \"$2\"; mkdir \"$2\"; cp -a \"$1/db\" \"$2\"\n"
+                                    "cp -al \"$1/pool\" \"$1/public\" \"$2\"; rm -r \"$2/public/dists\"\n"
+                                    "cp -a \"$1/public/dists\" \"$2/public\"; sync -f \"$2\""),
+                     {made, path});
+    measure(state, files.size(), [&] {
+        aptly(QStringLiteral("run repo add measured \"$2\"\nrun publish update -skip-signing dogwood"),
+              BenchData::newPackages());
+    });
+    require(state,
+            BenchData::poolFiles(path + QLatin1String("/public"), QStringLiteral("new*.deb"))
+                == files.size());
 }
-BENCHMARK(RemoveOneRunAPackage)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
+BENCHMARK(AddWithAptly)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
 void AddJob(benchmark::State &state)
 {
+    const QStringList files = BenchData::packages(BenchData::newPackages());
+    const QString path = BenchData::changeableRepository(oldOnes());
     RepoShell shell;
-    const QString path = repository(false);
-    const QStringList files = newPackages();
-    runJob(shell, [&] { shell.openRepo(path); });
-    shell.setCheckDependsOnAdd(false);
-    measure(state, PackageCount, [&] { runJob(shell, [&] { shell.addPackages(files); }); });
-    require(state, shell.packageCount() == PresentCount + PackageCount);
+    open(shell, path);
+    measure(state, files.size(), [&] { runJob(shell, [&] { shell.addPackages(files); }); });
+    require(state, areNewOnesThere(path, files.size()));
 }
 BENCHMARK(AddJob)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
-void RemoveJob(benchmark::State &state)
+// --- one more in a large repository ---------------------------------------------------------------------------------
+
+/** The repository is too large for a copy, so reprepro removes the package again. */
+void addToMany(benchmark::State &state,
+               const std::function<void(const QString &path, const QString &file)> &add)
+{
+    const QString path = BenchData::madeRepository({many()});
+    const QString file = BenchData::packages(BenchData::newPackages()).at(1);
+    measure(state, 1, [&] { add(path, file); });
+    require(state, areNewOnesThere(path, 1));
+    BenchData::shell(QStringLiteral("reprepro -s -b \"$1\" remove dogwood new1; sync -f \"$1\""), {path});
+}
+
+void AddOneToMany(benchmark::State &state)
 {
     RepoShell shell;
-    const QString path = repository(true);
-    runJob(shell, [&] { shell.openRepo(path); });
-    QList<PackageInfoPtr> added;
-    for (const PackageInfoPtr &package : shell.packages()) {
-        if (package->name.startsWith(QLatin1String("new")))
-            added.append(package);
-    }
-    measure(state, PackageCount, [&] { runJob(shell, [&] { shell.removePackages(added); }); });
-    require(state, added.size() == PackageCount && shell.packageCount() == PresentCount);
+    open(shell, BenchData::madeRepository({many()}));
+    addToMany(state, [&](const QString &, const QString &file) {
+        runJob(shell, [&] { shell.addPackages({file}); });
+    });
+}
+BENCHMARK(AddOneToMany)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
+
+void IncludeOneInMany(benchmark::State &state)
+{
+    addToMany(state, [](const QString &path, const QString &file) {
+        BenchData::shell(QLatin1String(IncludeAll), {path, file});
+    });
+}
+BENCHMARK(IncludeOneInMany)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
+
+// --- replacing ------------------------------------------------------------------------------------------------------
+
+bool areReplaced(const QString &path)
+{
+    const int newer = BenchData::newerPackages().count;
+    return BenchData::poolFiles(path, QStringLiteral("new*_2.0_*.deb")) == newer
+           && areNewOnesThere(path, BenchData::newPackages().count);
+}
+
+void ReplaceJob(benchmark::State &state)
+{
+    const QStringList files = BenchData::packages(BenchData::newerPackages());
+    const QString path = BenchData::changeableRepository(oldAndNewOnes());
+    RepoShell shell;
+    open(shell, path);
+    QObject::connect(
+        &shell,
+        &RepoShell::requestForReplacementHandlingByUser,
+        &shell,
+        [](RepoEnums::ErrorCode, PackageReplacementRules *rules) {
+            rules->value = PackageReplacementRules::PreferHigher;
+        },
+        Qt::BlockingQueuedConnection);
+    measure(state, files.size(), [&] { runJob(shell, [&] { shell.addPackages(files); }); });
+    require(state, areReplaced(path));
+}
+BENCHMARK(ReplaceJob)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
+
+void ReplaceInOneRun(benchmark::State &state)
+{
+    const QStringList files = BenchData::packages(BenchData::newerPackages());
+    const QString path = BenchData::changeableRepository(oldAndNewOnes());
+    runScript(state, IncludeAll, path, files);
+    require(state, areReplaced(path));
+}
+BENCHMARK(ReplaceInOneRun)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
+
+// --- removing -------------------------------------------------------------------------------------------------------
+
+void removeByScript(benchmark::State &state, const char *script, int packages)
+{
+    const QString path = BenchData::changeableRepository(oldAndNewOnes());
+    QStringList names;
+    for (int i = 0; i < packages; ++i)
+        names.append(BenchData::newPackages().name + QString::number(i));
+    runScript(state, script, path, names);
+    require(state, areNewOnesThere(path, BenchData::newPackages().count - packages));
+}
+
+void RemoveOneRunAPackage(benchmark::State &state)
+{
+    removeByScript(
+        state, R"(for name in "${@:2}"; do reprepro -s -b "$1" remove dogwood "$name"; done)", OneByOneCount);
+}
+BENCHMARK(RemoveOneRunAPackage)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
+
+void RemoveInOneRun(benchmark::State &state)
+{
+    removeByScript(state, R"(reprepro -s -b "$1" remove dogwood "${@:2}")", BenchData::newPackages().count);
+}
+BENCHMARK(RemoveInOneRun)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
+
+void RemoveJob(benchmark::State &state)
+{
+    const QString path = BenchData::changeableRepository(oldAndNewOnes());
+    RepoShell shell;
+    open(shell, path);
+    const auto packages = newPackagesOf(shell);
+    measure(state, BenchData::newPackages().count, [&] {
+        runJob(shell, [&] { shell.removePackages(packages); });
+    });
+    require(state, areNewOnesThere(path, 0));
 }
 BENCHMARK(RemoveJob)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 } // namespace

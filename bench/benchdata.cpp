@@ -3,15 +3,21 @@
 
 #include "core/processutils.h"
 
+#include <KCompressionDevice>
 #include <KTar>
 
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
+#include <QtConcurrent>
 
+#include <array>
+#include <cmath>
+#include <numeric>
 #include <random>
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace
 {
@@ -33,23 +39,66 @@ QByteArray arMember(const char *name, const QByteArray &contents)
            + "`\n" + contents + (contents.size() % 2 != 0 ? "\n" : "");
 }
 
+QByteArray gzipped(const QByteArray &bytes)
+{
+    QBuffer buffer;
+    KCompressionDevice device(&buffer, false, KCompressionDevice::GZip);
+    if (!device.open(QIODevice::WriteOnly) || device.write(bytes) != bytes.size())
+        qFatal("cannot compress");
+    device.close();
+    return buffer.data();
+}
+
+/** The sections of Debian with the most packages. */
+constexpr std::array<const char *, 46> Sections = {
+    "admin",        "cli-mono",   "comm",        "database",     "debug",    "devel",        "doc",
+    "editors",      "education",  "electronics", "fonts",        "games",    "gnome",        "gnu-r",
+    "golang",       "graphics",   "hamradio",    "haskell",      "httpd",    "interpreters", "introspection",
+    "java",         "javascript", "kde",         "kernel",       "libdevel", "libs",         "lisp",
+    "localization", "mail",       "math",        "metapackages", "misc",     "net",          "news",
+    "ocaml",        "perl",       "php",         "python",       "ruby",     "rust",         "science",
+    "sound",        "text",       "utils",       "web"};
+
+const char *architectureOf(int number)
+{
+    constexpr std::array<const char *, 4> Architectures = {"all", "amd64", "arm64", "amd64"};
+    // Every section gets all of them.
+    return Architectures[(number + number / Sections.size()) % Architectures.size()];
+}
+
+QString fileName(const BenchData::PackageSet &set, int number)
+{
+    return QStringLiteral("%1%2_%3_%4.deb")
+        .arg(set.name, QString::number(number), set.version, QLatin1String(architectureOf(number)));
+}
+
 /** Builds a package by hand, because dpkg-deb would take a minute for five thousand. */
-QByteArray package(const QString &name, const QString &section, const QByteArray &data)
+QByteArray package(const BenchData::PackageSet &set, int number)
 {
     // As long as the average record of Debian's main index, because the time depends on the size of the indices.
     const QString description
         = QStringLiteral(" This package holds nothing of use. It is there to be counted and carried.\n")
               .repeated(4);
+    const QString name = set.name + QString::number(number);
     const QString control
         = QStringLiteral(
-              "Package: %1\nVersion: 1.0\nArchitecture: amd64\nMaintainer: B <b@example.org>\n"
-              "Section: %2\nPriority: optional\nInstalled-Size: 120\n"
+              "Package: %1\nVersion: %2\nArchitecture: %3\nMaintainer: B <b@example.org>\n"
+              "Section: %4\nPriority: optional\nInstalled-Size: 120\n"
               "Depends: libc6 (>= 2.34), libgcc-s1 (>= 3.0), libstdc++6 (>= 11), zlib1g (>= 1:1.2.0)\n"
-              "Homepage: https://example.org/benchmark\nDescription: package to measure with\n%3")
-              .arg(name, section, description);
+              "Homepage: https://example.org/benchmark\nDescription: package to measure with\n%5")
+              .arg(name,
+                   set.version,
+                   QLatin1String(architectureOf(number)),
+                   QLatin1String(Sections[number % Sections.size()]),
+                   description);
+    constexpr int Steps = 100;
+    const double place = number * 37 % Steps / double(Steps); // neither by section nor by architecture
+    const int size = static_cast<int>(set.smallest * std::pow(double(set.largest) / set.smallest, place));
+    const QByteArray data
+        = tarball(QStringLiteral("./usr/share/%1/data").arg(name), BenchData::noise(size, number));
     return "!<arch>\n" + arMember("debian-binary", "2.0\n")
-           + arMember("control.tar", tarball(QStringLiteral("./control"), control.toUtf8()))
-           + arMember("data.tar", tarball(QStringLiteral("./usr/share/%1/data").arg(name), data));
+           + arMember("control.tar.gz", gzipped(tarball(QStringLiteral("./control"), control.toUtf8())))
+           + arMember("data.tar.gz", gzipped(data));
 }
 
 double peak(int who)
@@ -94,26 +143,90 @@ QString BenchData::largeRepository()
     return repository;
 }
 
-QStringList BenchData::packages(const QString &prefix, int count, int dataSize)
+QString BenchData::packagesFolder(const PackageSet &set)
 {
-    const QDir dir(folder() + QLatin1Char('/') + prefix);
-    QStringList files;
-    for (int i = 0; i < count; ++i) {
-        const QString name = prefix + QString::number(i);
-        files.append(dir.filePath(name + QLatin1String("_1.0_amd64.deb")));
-        if (!QFile::exists(files.last()))
-            write(files.last(),
-                  package(
-                      name, i % 3 == 0 ? QStringLiteral("libs") : QStringLiteral("admin"), noise(dataSize)));
+    return folder() + QLatin1String("/packages-") + set.name + set.version;
+}
+
+QStringList BenchData::packages(const PackageSet &set)
+{
+    const QDir dir(packagesFolder(set));
+    QVector<int> numbers(set.count);
+    std::iota(numbers.begin(), numbers.end(), 0);
+    if (!dir.exists()) {
+        QtConcurrent::blockingMap(
+            numbers, [&](int number) { write(dir.filePath(fileName(set, number)), package(set, number)); });
+        // The disk must have nothing left to write when the measurement begins.
+        ::sync();
     }
+    QStringList files;
+    for (const int number : qAsConst(numbers))
+        files.append(dir.filePath(fileName(set, number)));
     return files;
 }
 
 void BenchData::describeRepository(const QString &path)
 {
     QDir(path).removeRecursively();
-    write(path + QLatin1String("/conf/distributions"),
-          "Codename: dogwood\nSuite: stable\nArchitectures: amd64\nComponents: main contrib non-free\n");
+    write(
+        path + QLatin1String("/conf/distributions"),
+        "Codename: dogwood\nSuite: stable\nArchitectures: amd64 arm64\nComponents: main contrib non-free\n");
+}
+
+void BenchData::copyRepository(const QString &from, const QString &to)
+{
+    shell(QStringLiteral("rm -rf \"$2\"; mkdir \"$2\"; cd \"$1\"\n"
+                         "cp -a conf db dists \"$2\"; [ ! -e pool ] || cp -al pool \"$2\"; sync -f \"$2\""),
+          {from, to});
+}
+
+BenchData::PackageSet BenchData::oldPackages()
+{
+    return {QStringLiteral("old"), 5000};
+}
+
+BenchData::PackageSet BenchData::newPackages()
+{
+    return {QStringLiteral("new"), 1000};
+}
+
+BenchData::PackageSet BenchData::newerPackages()
+{
+    return {QStringLiteral("new"), 500, QStringLiteral("2.0")};
+}
+
+QString BenchData::madeRepository(const QVector<PackageSet> &sets)
+{
+    QString path = folder() + QLatin1String("/made");
+    for (const PackageSet &set : sets)
+        path += QLatin1Char('-') + set.name + set.version;
+    if (QDir(path).exists())
+        return path;
+    const QString made = path + QLatin1String(".new");
+    describeRepository(made);
+    for (const PackageSet &set : sets) {
+        packages(set);
+        // Not all of them fit into one list of arguments.
+        shell(QStringLiteral(
+                  "cd \"$2\"; printf '%s\\0' *.deb |\n"
+                  "    xargs -0 -s 1000000 reprepro -s --export=silent-never -b \"$1\" includedeb dogwood"),
+              {made, packagesFolder(set)});
+    }
+    shell(QStringLiteral("reprepro -s -b \"$1\" export; mv \"$1\" \"$2\""), {made, path});
+    return path;
+}
+
+QString BenchData::changeableRepository(const QVector<PackageSet> &sets)
+{
+    QString path = folder() + QLatin1String("/changed");
+    copyRepository(madeRepository(sets), path);
+    return path;
+}
+
+int BenchData::poolFiles(const QString &repository, const QString &pattern)
+{
+    return shell(QStringLiteral("find \"$1/pool\" -name \"$2\""), {repository, pattern})
+        .count(QLatin1Char('\n'));
 }
 
 void BenchData::write(const QString &path, const QByteArray &bytes)
@@ -124,9 +237,9 @@ void BenchData::write(const QString &path, const QByteArray &bytes)
         qFatal("cannot write %s", qPrintable(path));
 }
 
-QByteArray BenchData::noise(int size)
+QByteArray BenchData::noise(int size, int seed)
 {
-    static std::mt19937 random;
+    std::mt19937 random(static_cast<std::mt19937::result_type>(seed));
     QByteArray bytes(size, Qt::Uninitialized);
     for (char &byte : bytes)
         byte = static_cast<char>(random());

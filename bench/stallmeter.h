@@ -6,14 +6,15 @@
 
 #include <algorithm>
 
-/** Measures the longest time between two iterations of the event loop. */
+/** Measures the longest time between two iterations of the event loop. It takes hardly any processor time itself. */
 class StallMeter : public QObject
 {
 public:
     StallMeter()
     {
         m_clock.start();
-        m_timer.setInterval(0);
+        m_timer.setTimerType(Qt::PreciseTimer);
+        m_timer.setInterval(1);
         connect(&m_timer, &QTimer::timeout, this, [this] {
             m_longest = std::max(m_longest, m_clock.nsecsElapsed());
             m_clock.restart();
