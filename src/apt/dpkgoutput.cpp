@@ -76,4 +76,11 @@ std::optional<PackageInfo> packageInfo(const QString &information, PackageType t
     package.control = ControlText(paragraph.toUtf8());
     return package;
 }
+
+QString printed(const QByteArray &control)
+{
+    // The output of programs is decoded in the same way.
+    return QLatin1Char(' ')
+           + QString::fromLocal8Bit(control).replace(QLatin1Char('\n'), QLatin1String("\n "));
+}
 } // namespace DpkgOutput

@@ -19,4 +19,7 @@ QString controlParagraph(const QString &information);
  * version or architecture is missing or appears twice; dpkg does not install such a package either.
  */
 std::optional<PackageInfo> packageInfo(const QString &information, PackageType type = PackageType::Deb);
+
+/** The control file in the form in which "dpkg -I" prints it. */
+QString printed(const QByteArray &control);
 } // namespace DpkgOutput

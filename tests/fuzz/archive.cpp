@@ -14,25 +14,6 @@
 
 namespace
 {
-/** Writes the correct checksum into each block with the mark of a header, because no mutation would find it. */
-QByteArray withRightSums(QByteArray archive)
-{
-    constexpr int SumOffset = 148;
-    constexpr int SumLength = 8;
-    constexpr int MagicOffset = 257;
-    for (int block = 0; block + TarHeader::BlockSize <= archive.size(); block += TarHeader::BlockSize) {
-        if (archive.mid(block + MagicOffset, 5) != "ustar")
-            continue;
-        archive.replace(block + SumOffset, SumLength, QByteArray(SumLength, ' '));
-        int sum = 0;
-        for (int i = 0; i < TarHeader::BlockSize; ++i)
-            sum += static_cast<uchar>(archive.at(block + i));
-        const QByteArray digits = QByteArray::number(sum, 8).rightJustified(SumLength - 2, '0');
-        archive.replace(block + SumOffset, SumLength, digits + QByteArray("\0 ", 2));
-    }
-    return archive;
-}
-
 struct Extracted
 {
     PackageExtractor::Result result = PackageExtractor::Result::NoTar;
@@ -95,7 +76,7 @@ void FuzzTarget::archive(std::string_view input)
 
     if (given.startsWith("\x1f\x8b"))
         return; // compressing it again would give another input
-    const QByteArray tar = withRightSums(given);
+    const QByteArray tar = Fuzzing::withRightSums(given);
     const Extracted plain = extract(Fuzzing::MemoryFile(tar), tar.size());
     const Fuzzing::MemoryFile compressed{QByteArray()};
     const gzFile gzip = gzopen(QFile::encodeName(compressed.name()).constData(), "wb1");

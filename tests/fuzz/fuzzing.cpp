@@ -47,6 +47,25 @@ QString expandedText(std::string_view input)
     return QString::fromUtf8(expanded(input));
 }
 
+QByteArray withRightSums(QByteArray archive)
+{
+    constexpr int BlockSize = 512;
+    constexpr int SumOffset = 148;
+    constexpr int SumLength = 8;
+    constexpr int MagicOffset = 257;
+    for (int block = 0; block + BlockSize <= archive.size(); block += BlockSize) {
+        if (archive.mid(block + MagicOffset, 5) != "ustar")
+            continue;
+        archive.replace(block + SumOffset, SumLength, QByteArray(SumLength, ' '));
+        int sum = 0;
+        for (int i = 0; i < BlockSize; ++i)
+            sum += static_cast<uchar>(archive.at(block + i));
+        const QByteArray digits = QByteArray::number(sum, 8).rightJustified(SumLength - 2, '0');
+        archive.replace(block + SumOffset, SumLength, digits + QByteArray("\0 ", 2));
+    }
+    return archive;
+}
+
 bool breaksLine(const QString &text)
 {
     return text.contains(QLatin1Char('\n'));

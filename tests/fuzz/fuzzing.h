@@ -33,6 +33,9 @@ inline int repeatedSize = 1 << 16;
 QByteArray expanded(std::string_view input);
 QString expandedText(std::string_view input);
 
+/** Writes the correct checksum into each block of a tar archive with the mark of a header, as no mutation would. */
+QByteArray withRightSums(QByteArray archive);
+
 /** Whether any program would read the text as more than one line of a file. */
 bool breaksLine(const QString &text);
 

@@ -6,6 +6,7 @@
 #include "core/packagenames.h"
 #include "engine/archive/debarchive.h"
 #include "engine/archive/debcontents.h"
+#include "engine/archive/debcontrol.h"
 
 #include <QFileInfo>
 #include <QtConcurrent>
@@ -34,17 +35,23 @@ PackageFile PackageFile::read(const QString &path, const std::function<bool()> &
     const QString reason = refusal(path);
     if (!reason.isEmpty())
         return {path, {}, reason};
-    DpkgUtils dpkg;
-    dpkg.setStopRequest(stopped);
-    if (!dpkg.packageInformation(path))
-        return {path, {}, dpkg.errorText()};
+    QString information;
+    if (const auto control = debControl(path, stopped)) {
+        information = DpkgOutput::printed(*control);
+    } else {
+        DpkgUtils dpkg;
+        dpkg.setStopRequest(stopped);
+        if (!dpkg.packageInformation(path))
+            return {path, {}, dpkg.errorText()};
+        information = dpkg.output();
+    }
     DebMember data;
     if (debArchiveState(path, &data) != DebArchiveState::Whole)
         return {path, {}, tr("The file is damaged: its end is missing.")};
     if (debContentsState(path, data, stopped) == DebContentsState::Damaged)
         return {path, {}, tr("The file is damaged: what it contains cannot be unpacked.")};
-    const auto type = PackageNames::typeOfFile(path);
-    if (const auto package = DpkgOutput::packageInfo(dpkg.output(), type))
+    const auto type = path.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
+    if (const auto package = DpkgOutput::packageInfo(information, type))
         return {path, QSharedPointer<PackageInfo>::create(*package), QString()};
     return {path, {}, tr("Its control data lack the package's name, version or architecture.")};
 }

@@ -23,11 +23,14 @@ public:
     PackageInfoPtr package; ///< null when the file cannot be added to a repository
     QString reason; ///< text for the user about a null package
 
-    /** Runs dpkg and reads the whole file, until `stopped` returns true: not for the interface thread. */
+    /**
+     * Reads the whole file, until `stopped` answers true, and runs dpkg where its control data are unusual: not for
+     * the interface thread.
+     */
     static PackageFile read(const QString &path, const std::function<bool()> &stopped = {});
 };
 
-/** Reads package files before they are needed: dpkg works on the next files while reprepro adds the present ones. */
+/** Reads package files ahead of their use, on all processors, while reprepro takes in those before. */
 class PackageFileReader
 {
 public:
@@ -46,7 +49,7 @@ private:
     int m_ahead;
     std::shared_ptr<std::atomic<bool>> m_abandoned = std::make_shared<std::atomic<bool>>(false);
     std::function<bool()> m_stopped;
-    QThreadPool m_pool; ///< a pool of its own, because each file needs a new process
+    QThreadPool m_pool; ///< own pool, because reading waits for the disk and for dpkg
     QQueue<QFuture<PackageFile>> m_reading;
 
     void startNext();
