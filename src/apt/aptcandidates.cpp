@@ -73,6 +73,15 @@ QVector<Candidate> AptCandidates::candidates(const PackageQuestion &question) co
     return m_answers.value(question);
 }
 
+void AptCandidates::getReady(const StopRequest &stopped)
+{
+    QString output;
+    if (prepare(stopped))
+        run(AptCommands::AptCache, QStringList{QStringLiteral("gencaches")} + options(), stopped, output);
+    m_failed = false;
+    m_errorDetail.clear();
+}
+
 bool AptCandidates::prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped)
 {
     if (!questions.isEmpty() && !prepare(stopped))

@@ -30,6 +30,8 @@ public:
     /** apt reads no lists for architectures that are not configured. */
     bool canAnswer(const PackageQuestion &question) const override;
     QVector<Candidate> candidates(const PackageQuestion &question) const override;
+    /** Lets apt create its cache file. The first question reports errors. */
+    void getReady(const StopRequest &stopped) override;
     bool prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
     QVector<Provider> providers(const PackageQuestion &question) const override;
 

@@ -63,6 +63,8 @@ public:
     /** The offered versions, in no particular order; none when the name is unknown. */
     virtual QVector<Candidate> candidates(const PackageQuestion &question) const = 0;
 
+    /** Prepares for questions that come soon. Called from another thread, when no other function is. */
+    virtual void getReady(const StopRequest & /*stopped*/) { }
     /** Like prefetch(), but for providers(). */
     virtual bool prefetchProviders(const QVector<PackageQuestion> &questions, const StopRequest &stopped) = 0;
     /** The packages that provide the name. A package appears once for each of its versions that do so. */

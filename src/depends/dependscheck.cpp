@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 namespace
@@ -20,6 +21,8 @@ constexpr int FirstBlock = 500;
 constexpr int LargestBlock = 8000;
 /** Number of questions that apt answers in a fraction of a second. Results arrive after each such run. */
 constexpr int QuestionsAtOnce = 2000;
+/** With so many packages, apt is asked in nearly every case and has time to prepare. */
+constexpr int ManyPackages = 5000;
 
 PackageQuestion questionFor(const Dependency &dependency, PackageType type)
 {
@@ -34,6 +37,7 @@ bool isStopped(const StopRequest &stopped)
 
 DependsCheck::DependsCheck(int selection, CandidateSource *local, CandidateSource *apt)
     : m_selection(selection)
+    , m_apt(apt)
 {
     if (selection == DependsNowhere)
         return;
@@ -57,11 +61,18 @@ int DependsCheck::run(const QList<PackageInfoPtr> &packages, const Sink &sink, c
         sink(package, result);
         ++handedOut;
     };
-    int size = FirstBlock;
+    std::atomic<bool> hasEnded(false);
+    if (asksLocalOnly() && m_apt != nullptr && packages.size() >= ManyPackages)
+        m_aptIsReady = std::async(std::launch::async,
+                                  [&] { m_apt->getReady([&] { return hasEnded || isStopped(stopped); }); });
+    // The repository answers at once. With one block for everything, apt is asked in the fewest runs.
+    int size = asksLocalOnly() ? packages.size() : FirstBlock;
     for (int first = 0; first < packages.size(); first += size, size = std::min(size * 2, LargestBlock)) {
         if (!checkBlock(packages.mid(first, size), count, stopped))
             break;
     }
+    hasEnded = true;
+    m_aptIsReady = {};
     return handedOut;
 }
 
@@ -70,7 +81,7 @@ bool DependsCheck::checkBlock(const QList<PackageInfoPtr> &packages,
                               const StopRequest &stopped)
 {
     QVector<Key> keys;
-    const QVector<Entry> entries = read(packages, &keys);
+    const QVector<Entry> entries = read(packages, &keys, stopped);
     QVector<Key> unmet;
     QVector<Entry> waiting;
     auto next = entries.cbegin();
@@ -81,7 +92,7 @@ bool DependsCheck::checkBlock(const QList<PackageInfoPtr> &packages,
         asked += some.size();
         for (const Key &key : qAsConst(some)) {
             if (key.wanted.status == DependSuccess)
-                m_known.insert(key, key.wanted);
+                m_known.insert(key, {key.wanted});
             else
                 unmet.append(key);
         }
@@ -92,12 +103,14 @@ bool DependsCheck::checkBlock(const QList<PackageInfoPtr> &packages,
                 waiting.append(*next);
         }
     }
-    for (int asked = 0; asked < unmet.size(); asked += QuestionsAtOnce) {
-        auto some = unmet.mid(asked, QuestionsAtOnce);
+    // Each run of apt costs its start.
+    const int together = asksLocalOnly() ? unmet.size() : QuestionsAtOnce;
+    for (int asked = 0; asked < unmet.size(); asked += together) {
+        auto some = unmet.mid(asked, together);
         if (!checkProviders(some, stopped))
             return false;
         for (const Key &key : qAsConst(some))
-            m_known.insert(key, key.wanted);
+            m_known.insert(key, {key.wanted});
         const auto asking = std::exchange(waiting, {});
         for (const Entry &entry : asking) {
             if (isStopped(stopped))
@@ -109,22 +122,33 @@ bool DependsCheck::checkBlock(const QList<PackageInfoPtr> &packages,
     return true;
 }
 
-QVector<DependsCheck::Entry> DependsCheck::read(const QList<PackageInfoPtr> &packages, QVector<Key> *keys)
+QVector<DependsCheck::Entry>
+DependsCheck::read(const QList<PackageInfoPtr> &packages, QVector<Key> *keys, const StopRequest &stopped)
 {
     QVector<Entry> entries;
     entries.reserve(packages.size());
-    QSet<Key> seen;
+    QHash<Key, QVector<Dependency>> seen;
     for (const PackageInfoPtr &package : packages) {
+        if (isStopped(stopped))
+            break;
         const auto result = QSharedPointer<DependsInfo>::create();
         result->selection = m_selection;
         result->groups = m_parser.groups(*package);
-        for (const DependencyGroup &group : qAsConst(result->groups)) {
-            for (const Dependency &dependency : group.alternatives) {
+        for (DependencyGroup &group : result->groups) {
+            const bool isSingle = group.alternatives.size() == 1;
+            for (const Dependency &dependency : qAsConst(group.alternatives)) {
                 const Key key{dependency, package->type};
-                if (m_known.contains(key) || seen.contains(key))
+                if (m_known.contains(key))
                     continue;
-                seen.insert(key);
-                keys->append(key);
+                const auto known = seen.constFind(key);
+                if (known == seen.cend()) {
+                    seen.insert(key, isSingle ? group.alternatives : QVector<Dependency>{dependency});
+                    keys->append(key);
+                } else if (isSingle) {
+                    // Entries that wait for the same result share their memory.
+                    group.alternatives = *known;
+                    break;
+                }
             }
         }
         entries.append({package, result, keys->size()});
@@ -165,14 +189,16 @@ bool DependsCheck::checkByName(QVector<Key> &keys, const StopRequest &stopped) c
     return true;
 }
 
-bool DependsCheck::checkProviders(QVector<Key> &keys, const StopRequest &stopped) const
+bool DependsCheck::checkProviders(QVector<Key> &keys, const StopRequest &stopped)
 {
     QVector<int> wanting;
     for (int i = 0; i < keys.size(); ++i) {
         if (keys.at(i).wanted.status != DependSuccess)
             wanting.append(i);
     }
-    for (CandidateSource *const source : m_providerSources) {
+    for (CandidateSource *const source : qAsConst(m_providerSources)) {
+        if (source == m_apt && m_aptIsReady.valid())
+            m_aptIsReady.get();
         if (!checkProviders(keys, wanting, *source, stopped))
             return false;
         // If another source counts too, its providers are listed as well, even for a dependency that is met.
@@ -223,11 +249,18 @@ bool DependsCheck::handOut(const Entry &entry, const Sink &sink) const
 {
     DependsInfo &result = *entry.result;
     for (DependencyGroup &group : result.groups) {
-        for (Dependency &dependency : group.alternatives) {
-            const auto known = m_known.constFind(Key{dependency, entry.package->type});
+        if (group.alternatives.size() == 1) {
+            const auto known = m_known.constFind(Key{group.alternatives.constFirst(), entry.package->type});
             if (known == m_known.cend())
                 return false;
-            dependency = *known;
+            group.alternatives = *known;
+        } else {
+            for (Dependency &dependency : group.alternatives) {
+                const auto known = m_known.constFind(Key{dependency, entry.package->type});
+                if (known == m_known.cend())
+                    return false;
+                dependency = known->constFirst();
+            }
         }
         group.status = DependsRules::groupStatus(group);
     }

@@ -6,6 +6,8 @@
 
 #include <QHash>
 
+#include <future>
+
 /**
  * Checks whether the dependencies of packages can be met. An object lives for one job, on the thread of that job. It
  * remembers the result for each dependency and uses it for all packages with the same dependency, so the sources must
@@ -27,8 +29,8 @@ public:
 
     /**
      * Checks the packages and returns how many were passed to `sink`. A package is passed on as soon as all its
-     * questions are answered. `stopped` is called between packages and while the sources are asked. After a stop,
-     * packages without an answer are not passed on.
+     * questions are answered. `stopped` is called between packages and while the sources are asked, from two threads.
+     * After a stop, packages without an answer are not passed on.
      */
     int run(const QList<PackageInfoPtr> &packages, const Sink &sink, const StopRequest &stopped = {});
 
@@ -62,15 +64,20 @@ private:
         int keyCount = 0; ///< number of new keys up to and including this package
     };
 
+    /** Whether apt is only asked for providers of what the repository lacks. */
+    bool asksLocalOnly() const { return !m_sources.contains(m_apt); }
     /** False when it was stopped. */
     bool checkBlock(const QList<PackageInfoPtr> &packages, const Sink &sink, const StopRequest &stopped);
-    /** Reads the dependencies of the packages; `keys` receives each dependency that has no result yet. */
-    QVector<Entry> read(const QList<PackageInfoPtr> &packages, QVector<Key> *keys);
+    /**
+     * Reads the dependencies of the packages, up to a stop; `keys` receives each dependency that has no result yet.
+     */
+    QVector<Entry>
+    read(const QList<PackageInfoPtr> &packages, QVector<Key> *keys, const StopRequest &stopped);
     /** Passes the package to `sink` when all its dependencies have results; else returns false. */
     bool handOut(const Entry &entry, const Sink &sink) const;
     // These functions return false when they were stopped; then their results are not used.
     bool checkByName(QVector<Key> &keys, const StopRequest &stopped) const;
-    bool checkProviders(QVector<Key> &keys, const StopRequest &stopped) const;
+    bool checkProviders(QVector<Key> &keys, const StopRequest &stopped);
     /** Asks one source for providers of the keys at the indices `wanting`. */
     bool checkProviders(QVector<Key> &keys,
                         const QVector<int> &wanting,
@@ -78,8 +85,11 @@ private:
                         const StopRequest &stopped) const;
 
     int m_selection;
+    CandidateSource *m_apt;
     QVector<CandidateSource *> m_sources;
     QVector<CandidateSource *> m_providerSources;
     DependsParser m_parser;
-    QHash<Key, Dependency> m_known;
+    std::future<void> m_aptIsReady; ///< valid while another thread uses m_apt
+    /** Lists of one. All entries with only this dependency share the list, which saves memory. */
+    QHash<Key, QVector<Dependency>> m_known;
 };

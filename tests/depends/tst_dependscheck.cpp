@@ -10,6 +10,8 @@
 #include "support/localapt.h"
 #include "support/testenvironment.h"
 
+#include <QSemaphore>
+
 namespace
 {
 /** A package from the lines of its control data, which are separated by semicolons here. */
@@ -57,9 +59,16 @@ public:
             result.append({"http://h s amd64"_s, m_packages[question.name]});
         return result;
     }
+    void getReady(const StopRequest & /*stopped*/) override
+    {
+        QSemaphore().tryAcquire(1, 50); // takes its time
+        isReady = true;
+    }
     bool prefetchProviders(const QVector<PackageQuestion> & /*questions*/,
                            const StopRequest & /*stopped*/) override
     {
+        ++providerRuns;
+        wasReady = isReady;
         return m_runs-- != 0;
     }
     QVector<Provider> providers(const PackageQuestion &question) const override
@@ -72,6 +81,9 @@ public:
         return names;
     }
     QStringList asked;
+    bool isReady = false;
+    bool wasReady = false; ///< when it was asked last
+    int providerRuns = 0;
 
 private:
     QHash<QString, QString> m_packages;
@@ -253,6 +265,12 @@ private Q_SLOTS:
                          packages, [&](auto, auto) { ++count; }, afterThree),
                  3);
         QCOMPARE(count, 3);
+
+        // All that the repository lacks is asked for in one run, once the source is ready for it.
+        apt.providerRuns = 0;
+        QCOMPARE(DependsCheck(DependsLocal, &local, &apt).run(packages, [](auto, auto) {}), 5000);
+        QCOMPARE(apt.providerRuns, 1);
+        QVERIFY(apt.wasReady);
     }
 
     void whatIsKnownAtAStopIsHandedOut()
