@@ -78,9 +78,14 @@ void PackageTree::build(const QList<PackageInfoPtr> &packages)
     rootItem.title = title;
     m_items.push_back(rootItem);
 
-    // The complement of a list index marks a package without an id. Of equal keys, the later record keeps its mark.
-    for (int i = 0; i < packages.size(); ++i)
-        m_byKey.insert(PackageKey::of(*packages.at(i)), ~i);
+    // The complement marks a place in the list that has no id yet; a later record takes the mark of an earlier one.
+    std::vector<int *> ids; // places of the ids in m_byKey, because a second search takes long
+    ids.reserve(static_cast<std::size_t>(packages.size()));
+    for (int i = 0; i < packages.size(); ++i) {
+        int &id = m_byKey[PackageKey::of(*packages.at(i))];
+        id = ~i;
+        ids.push_back(&id);
+    }
 
     std::vector<Group> groups = groupBySection(packages);
     const auto containersFirst = [this](const Group &left, const Group &right) {
@@ -101,13 +106,15 @@ void PackageTree::build(const QList<PackageInfoPtr> &packages)
             std::sort(group.packages.begin(), group.packages.end(), less);
         int section = -1;
         for (const int place : group.packages) {
-            const auto known = m_byKey.find(PackageKey::of(*packages.at(place)));
+            int *const known = ids[static_cast<std::size_t>(place)];
             if (*known != ~place)
                 continue;
             if (component < 0 || item(component).code != group.component)
                 component = append(makeContainer(RepoItem::Component, group.component), RootId);
-            if (section < 0)
+            if (section < 0) {
                 section = append(makeContainer(RepoItem::Section, group.section), component);
+                at(section).children.reserve(static_cast<int>(group.packages.size()));
+            }
             *known = append(makePackage(packages.at(place)), section);
             count(item(*known), 1);
         }

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QSet>
 
 #include <algorithm>
 
@@ -94,6 +95,8 @@ void RepoModel::apply(const PackageChanges &changes)
             return;
         }
     }
+    if (m_hasRepository && applyRecords(changes))
+        return;
     bool cleared = false;
     QHash<PackageKey, PackageChange> last; // only the last change of each package counts
     last.reserve(changes.size());
@@ -140,6 +143,49 @@ void RepoModel::setListing(const PackageChanges::const_iterator &begin,
     for (auto change = begin; change != end; ++change)
         packages.append(change->package);
     setPackages(packages);
+}
+
+bool RepoModel::applyRecords(const PackageChanges &changes)
+{
+    QSet<PackageKey> rows;
+    QVector<int> ids;
+    ids.reserve(changes.size());
+    for (const PackageChange &change : changes) {
+        if (change.kind != PackageChange::Stored)
+            return false;
+        // More need not be counted.
+        if (rows.size() > ResetThreshold)
+            continue;
+        const PackageKey key = PackageKey::of(*change.package);
+        const int id = m_tree.packageId(key);
+        if (id < 0)
+            rows.insert(key);
+        else if (m_tree.isInPlace(id, *change.package))
+            ids.append(id);
+    }
+    // Of several records of one package the last one counts, also in PackageTree::build().
+    if (rows.size() > ResetThreshold) {
+        QList<PackageInfoPtr> packages = m_tree.packages();
+        packages.reserve(packages.size() + changes.size());
+        for (const PackageChange &change : changes)
+            packages.append(change.package);
+        setPackages(packages);
+        return true;
+    }
+    if (ids.size() != changes.size())
+        return false;
+    Touched touched;
+    int section = -1;
+    for (int i = 0; i < ids.size(); ++i) {
+        const int parent = m_tree.item(ids.at(i)).parent;
+        if (parent != section)
+            touchContainers(parent, touched);
+        section = parent;
+        m_tree.replace(ids.at(i), changes.at(i).package);
+        touchRow(ids.at(i), touched);
+    }
+    announce(touched);
+    return true;
 }
 
 int RepoModel::newRows(const QHash<PackageKey, PackageChange> &changes) const

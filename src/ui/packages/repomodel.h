@@ -91,6 +91,8 @@ private:
     bool m_showVersions = false;
     QString m_currentKey;
 
+    /** Applies a batch of records, either of present packages or of many new ones. Returns false for other batches. */
+    bool applyRecords(const PackageChanges &changes);
     int newRows(const QHash<PackageKey, PackageChange> &changes) const;
     void setListing(const PackageChanges::const_iterator &begin, const PackageChanges::const_iterator &end);
     void rebuild(const QHash<PackageKey, PackageChange> &changes, bool cleared);

@@ -112,6 +112,17 @@ private Q_SLOTS:
         // Many new records of present packages change no row.
         f.model.apply(changes);
         QCOMPARE(f.resets.count(), 1);
+        // Nothing but records, most of them of new packages: of several records of one package the last one counts.
+        PackageChanges more{stored(numbered(600).version("0"_s))};
+        for (int i = 450; i < 900; ++i)
+            more.append(stored(numbered(i)));
+        more.append(stored(numbered(1).version("9"_s).section("net"_s)));
+        more.append(stored(numbered(600).version("8"_s)));
+        f.model.apply(more);
+        QCOMPARE(f.resets.count(), 2);
+        QCOMPARE(f.model.packageCount(), 899);
+        QCOMPARE(f.model.package(find(f.model, "p1"))->version, "9"_s);
+        QCOMPARE(f.model.package(find(f.model, "p600"))->version, "8"_s);
         // Another repository: what belongs to the one before is gone.
         f.model.apply({{PackageChange::Cleared, {}}, stored(named("new"))});
         QCOMPARE(f.model.packageCount(), 1);
