@@ -35,14 +35,22 @@ PublicationRules PublicationRules::judge(const PublicationRequest &request,
 {
     PublicationRules rules;
     rules.sort(request, publications);
-    rules.obstacle = badRequest(request);
-    if (rules.obstacle.isEmpty())
-        rules.obstacle = rules.conflict(request, publications, listening);
+    const QString badness = badRequest(request);
+    if (badness.isEmpty())
+        rules.findConflict(request, publications, listening);
+    else
+        rules.refuse(Obstacle::BadRequest, badness);
     if (!rules.mayPublish()) {
         rules.replaced.reset();
         rules.stopsFirst = false;
     }
     return rules;
+}
+
+void PublicationRules::refuse(Obstacle what, const QString &why)
+{
+    obstacle = what;
+    reason = why;
 }
 
 void PublicationRules::sort(const PublicationRequest &request, const QVector<Publication> &publications)
@@ -81,9 +89,9 @@ QString PublicationRules::badRequest(const PublicationRequest &request)
     return {};
 }
 
-QString PublicationRules::conflict(const PublicationRequest &request,
-                                   const QVector<Publication> &publications,
-                                   const QSet<int> &listening) const
+void PublicationRules::findConflict(const PublicationRequest &request,
+                                    const QVector<Publication> &publications,
+                                    const QSet<int> &listening)
 {
     bool isOurPort = false;
     for (const Publication &publication : publications) {
@@ -91,19 +99,19 @@ QString PublicationRules::conflict(const PublicationRequest &request,
             continue;
         if (publication.protocol == request.protocol) {
             if (publication.repo.path == request.path)
-                return tr("The repository is published already");
+                return refuse(Obstacle::OwnPublication, tr("The repository is published already"));
             if (publication.repo.path.isEmpty() || (own && *own == publication))
                 isOurPort = true;
             else
-                return tr("Another repository is published");
+                return refuse(Obstacle::OtherRepository, tr("Another repository is published"));
         } else if (publication.repo.path == request.path) {
-            return tr("The repository is published on this port over %1. Unpublish it first.")
-                .arg(publication.repo.type);
+            return refuse(Obstacle::OwnPublication,
+                          tr("The repository is published on this port over %1. Unpublish it first.")
+                              .arg(publication.repo.type));
         } else if (!publication.repo.path.isEmpty()) {
-            return tr("Another repository is published");
+            return refuse(Obstacle::OtherRepository, tr("Another repository is published"));
         }
     }
     if (!isOurPort && listening.contains(request.port))
-        return tr("Another program uses the port %1").arg(request.port);
-    return {};
+        refuse(Obstacle::OtherProgram, tr("Another program uses the port %1").arg(request.port));
 }

@@ -24,7 +24,17 @@ struct PublicationRules
     Q_DECLARE_TR_FUNCTIONS(PublicationRules)
 
 public:
-    QString obstacle; ///< text for the user: why the repository cannot be published; empty when it can
+    /** What keeps the repository from being published so. */
+    enum class Obstacle {
+        None,
+        BadRequest, ///< the request itself cannot be fulfilled
+        OwnPublication, ///< the repository is published there already
+        OtherRepository,
+        OtherProgram
+    };
+
+    Obstacle obstacle = Obstacle::None;
+    QString reason; ///< the obstacle in words for the user; empty when there is none
     /** The publication of this repository in the place of the request, running or not. Unpublishing ends it. */
     std::optional<Publication> own;
     /**
@@ -36,7 +46,7 @@ public:
     bool stopsFirst = false;
     QVector<Publication> elsewhere; ///< other publications of this repository; they do not change
 
-    bool mayPublish() const { return obstacle.isEmpty(); }
+    bool mayPublish() const { return obstacle == Obstacle::None; }
     bool mayUnpublish() const { return own.has_value(); }
 
     /** `listening` holds all ports of this machine on which a program listens. */
@@ -49,8 +59,9 @@ public:
 
 private:
     void sort(const PublicationRequest &request, const QVector<Publication> &publications);
+    void refuse(Obstacle what, const QString &why);
     static QString badRequest(const PublicationRequest &request);
-    QString conflict(const PublicationRequest &request,
-                     const QVector<Publication> &publications,
-                     const QSet<int> &listening) const;
+    void findConflict(const PublicationRequest &request,
+                      const QVector<Publication> &publications,
+                      const QSet<int> &listening);
 };

@@ -281,7 +281,7 @@ private Q_SLOTS:
                     listening += publication.repo.port;
             }
             const auto found = PublicationRules::judge(row.request, row.publications, listening);
-            QString told = found.obstacle.section(". It may"_s, 0, 0);
+            QString told = found.reason.section(". It may"_s, 0, 0);
             if (told.endsWith("."_s))
                 told.chop(1);
             told += ";"_s + (found.mayUnpublish() ? " own"_s : QString())
@@ -291,6 +291,8 @@ private Q_SLOTS:
             const auto number = std::to_string(&row - rows.data());
             QVERIFY2(told == row.expected, ("row " + number + ": " + told.toStdString()).c_str());
             QVERIFY(found.mayPublish() == row.expected.startsWith(";"_s));
+            QCOMPARE(found.obstacle == PublicationRules::Obstacle::OtherRepository,
+                     row.expected.startsWith(otherRepo));
         }
         QCOMPARE(PublicationRules::proposedPort(FtpProtocol, 8000, {21}), 8000);
         QCOMPARE(PublicationRules::proposedPort(FtpProtocol, 2121, {}), 2121);

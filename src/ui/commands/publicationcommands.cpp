@@ -146,9 +146,9 @@ void PublicationCommands::updateCommands(RepoWidget *widget)
         // Without a server type the command asks for one.
         canPublish = rules.mayPublish() || m_publish->requestOf(*widget).protocol < 0;
         if (!canPublish)
-            reason = rules.obstacle;
+            reason = rules.reason;
         // What a publication in this window has brought about is told in other words.
-        if (m_hasPublished && reason == PublicationRules::tr("Another repository is published"))
+        if (m_hasPublished && rules.obstacle == PublicationRules::Obstacle::OtherRepository)
             reason = tr("Another repo already published");
     }
     const QStringList listed = widget != nullptr ? m_sources->linesOf(*widget) : QStringList();

@@ -122,7 +122,7 @@ void PublishCommand::checkPort(Request request)
     if (request.rules.mayPublish())
         checkAccess(request);
     else
-        refuse(request, request.rules.obstacle);
+        refuse(request, request.rules.reason);
 }
 
 void PublishCommand::checkAccess(const Request &request)
