@@ -5,9 +5,7 @@
 #include "server/reposervers.h"
 #include "server/sourceline.h"
 
-#include <QFileInfo>
 #include <QPointer>
-#include <QTimer>
 
 namespace
 {
@@ -49,17 +47,7 @@ void RepoShell::removeLocalSource(const QString &entry, const HelperAnswer &answ
 
 void RepoShell::publishRepo(int port, int protocol, const HelperAnswer &answer)
 {
-    const QString directory = QFileInfo(path()).canonicalFilePath();
-    if (directory.isEmpty()) {
-        const auto refuse = [this, answer, missing = path()] {
-            toldBy(this, answer)({false,
-                                  tr("The repository is not published!"),
-                                  tr("The directory \"%1\" is not there.").arg(missing)});
-        };
-        QTimer::singleShot(0, this, refuse);
-        return;
-    }
-    m_helper->publishRepo(directory, port, protocol, toldBy(this, answer));
+    m_helper->publishRepo(path(), port, protocol, toldBy(this, answer));
 }
 
 void RepoShell::unpublishRepo(int port, int protocol, const HelperAnswer &answer)

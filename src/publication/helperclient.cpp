@@ -3,6 +3,7 @@
 
 #include <QDBusConnection>
 #include <QDBusPendingCallWatcher>
+#include <QFileInfo>
 #include <QTimer>
 
 namespace
@@ -11,7 +12,8 @@ HelperClient::Result
 resultOf(const QDBusPendingReply<bool> &reply, const QString &errorText, bool refusalIsError)
 {
     if (reply.isError())
-        return {false, errorText, VeltAdminRepoInterface::describe(reply.error().type())};
+        return {
+            false, errorText, VeltAdminRepoInterface::describe(reply.error().type()), reply.error().type()};
     if (!reply.value())
         return {false, refusalIsError ? errorText : QString(), {}};
     return {true, {}, {}};
@@ -46,12 +48,23 @@ void HelperClient::removeLocalSource(const QString &entry, const Answer &answer)
 
 void HelperClient::publishRepo(const QString &path, int port, int protocol, const Answer &answer)
 {
-    follow(m_helper.PublishRepo(path, port, protocol), tr("The repository is not published!"), false, answer);
+    const QString errorText = tr("The repository is not published!");
+    const QString directory = QFileInfo(path).canonicalFilePath();
+    if (directory.isEmpty())
+        answerLater({false, errorText, tr("The directory \"%1\" is not there.").arg(path)}, answer);
+    else
+        follow(m_helper.PublishRepo(directory, port, protocol), errorText, false, answer);
 }
 
 void HelperClient::unpublishRepo(int port, int protocol, const Answer &answer)
 {
     follow(m_helper.UnpublishRepo(port, protocol), tr("The repository is not unpublished!"), false, answer);
+}
+
+void HelperClient::answerLater(const Result &result, const Answer &answer)
+{
+    // The caller expects no answer before the call has returned.
+    QTimer::singleShot(0, this, [answer, result] { answer(result); });
 }
 
 void HelperClient::follow(const QDBusPendingReply<bool> &reply,
@@ -60,9 +73,8 @@ void HelperClient::follow(const QDBusPendingReply<bool> &reply,
                           const Answer &answer)
 {
     if (reply.isFinished()) {
-        // There is no bus. No watcher would ever tell, and the caller expects no answer before it has gone on.
-        const Result result = resultOf(reply, errorText, refusalIsError);
-        QTimer::singleShot(0, this, [answer, result] { answer(result); });
+        // Without a bus the reply is an error at once, of which no watcher tells.
+        answerLater(resultOf(reply, errorText, refusalIsError), answer);
         return;
     }
     auto *watcher = new QDBusPendingCallWatcher(reply, this);

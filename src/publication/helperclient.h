@@ -21,6 +21,7 @@ public:
         bool done = false;
         QString errorText; ///< a sentence for the user; empty when there is nothing to tell
         QString details; ///< of the error
+        QDBusError::ErrorType error = QDBusError::NoError; ///< of the bus
     };
     using Answer = std::function<void(const Result &)>;
 
@@ -31,11 +32,12 @@ public:
     /** `key` is the one that the entry names, in ASCII armor; empty when it names none. */
     void addLocalSource(const QString &entry, const QByteArray &key, const Answer &answer);
     void removeLocalSource(const QString &entry, const Answer &answer);
-    /** A reply "no" comes without an error text. */
+    /** Publishes the repository in the directory `path`, which may be a link. A reply "no" comes without an error text. */
     void publishRepo(const QString &path, int port, int protocol, const Answer &answer);
     void unpublishRepo(int port, int protocol, const Answer &answer);
 
 private:
+    void answerLater(const Result &result, const Answer &answer);
     void follow(const QDBusPendingReply<bool> &reply,
                 const QString &errorText,
                 bool refusalIsError,

@@ -17,13 +17,18 @@
 #include <functional>
 #include <iterator>
 
-LocalSourceCommand::LocalSourceCommand(
-    RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, PublicationMonitor &monitor, QObject *parent)
+LocalSourceCommand::LocalSourceCommand(RepoTabs &tabs,
+                                       Prompts &prompts,
+                                       JobFeedback &feedback,
+                                       PublicationMonitor &monitor,
+                                       HelperClient &helper,
+                                       QObject *parent)
     : QObject(parent)
     , m_tabs(tabs)
     , m_prompts(prompts)
     , m_feedback(feedback)
     , m_monitor(monitor)
+    , m_helper(helper)
     , m_list(nullptr)
 {
     connect(&m_list, &LocalSourcesWatch::changed, this, &LocalSourceCommand::changed);
@@ -123,14 +128,16 @@ void LocalSourceCommand::choose(RepoWidget *widget, const Finding &finding)
         return;
     }
     m_feedback.showWaiting(widget, tr("Waiting for the system to change the local sources list"));
-    const auto answer = [this, guard](bool done) {
+    const auto answer = [this, guard](const HelperClient::Result &result) {
         if (guard.isNull() || m_prompts.isDismissed())
             return;
         m_list.refresh();
-        m_feedback.endWaiting(guard, done ? tr("Repository is added to local sources list.") : QString());
+        m_feedback.endWaiting(guard,
+                              result.done ? tr("Repository is added to local sources list.") : QString(),
+                              JobFeedback::troubleOf(result));
         m_tabs.setWaiting(guard, false);
     };
-    widget->repoShell()->addLocalSource(choice->line.text(), answer, finding.key);
+    m_helper.addLocalSource(choice->line.text(), finding.key, answer);
 }
 
 bool LocalSourceCommand::agrees(const LocalSourceChoice &choice, const LocalSourceFacts &facts)
@@ -191,13 +198,8 @@ void LocalSourceCommand::removeLines(const QStringList &lines, RepoWidget *tab, 
         tellWhatStays(removal);
         return;
     }
-    const QString waiting = tr("Waiting for the system to change the local sources list");
-    if (tab != nullptr) {
-        m_tabs.setWaiting(tab, true);
-        m_feedback.showWaiting(tab, waiting);
-    } else {
-        m_feedback.announce(waiting);
-    }
+    m_tabs.setWaiting(tab, true);
+    m_feedback.showWaiting(tab, tr("Waiting for the system to change the local sources list"));
     removeNext(removal);
 }
 
@@ -217,15 +219,10 @@ void LocalSourceCommand::removeNext(Removal removal)
 void LocalSourceCommand::endRemoval(const Removal &removal, const HelperClient::Result &result)
 {
     m_list.refresh();
-    const QString word = result.done ? tr("Repository is removed from local sources list.") : QString();
-    if (!removal.tab.isNull()) {
-        m_feedback.endWaiting(removal.tab, word, result.errorText, result.details);
-        m_tabs.setWaiting(removal.tab, false);
-    } else if (result.done) {
-        m_feedback.announce(word);
-    } else {
-        m_feedback.error(result.errorText, result.details);
-    }
+    m_feedback.endWaiting(removal.tab,
+                          result.done ? tr("Repository is removed from local sources list.") : QString(),
+                          JobFeedback::troubleOf(result));
+    m_tabs.setWaiting(removal.tab, false);
     if (result.done)
         tellWhatStays(removal);
     else if (removal.answer)

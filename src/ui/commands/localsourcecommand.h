@@ -31,6 +31,7 @@ public:
                        Prompts &prompts,
                        JobFeedback &feedback,
                        PublicationMonitor &monitor,
+                       HelperClient &helper,
                        QObject *parent);
 
     /** The lines of the list by which apt uses the tab's repository. Touches no file. */
@@ -82,6 +83,6 @@ private:
     Prompts &m_prompts;
     JobFeedback &m_feedback;
     PublicationMonitor &m_monitor;
+    HelperClient &m_helper;
     LocalSourcesWatch m_list;
-    HelperClient m_helper; ///< for lines of repositories that have no engine
 };

@@ -34,8 +34,8 @@ PublicationCommands::PublicationCommands(Ui::MainWindow &ui,
     , m_feedback(feedback)
     , m_repositories(repositories)
     , m_window(window)
-    , m_publish(new PublishCommand(tabs, prompts, feedback, monitor, this))
-    , m_sources(new LocalSourceCommand(tabs, prompts, feedback, monitor, this))
+    , m_publish(new PublishCommand(tabs, prompts, feedback, monitor, m_helper, this))
+    , m_sources(new LocalSourceCommand(tabs, prompts, feedback, monitor, m_helper, this))
     , m_publishToolTip(ui.m_publishRepoAction->toolTip())
 {
     // Nothing in the window means it.

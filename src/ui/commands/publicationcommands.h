@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "publication/helperclient.h"
 #include "publication/publicationmonitor.h"
 #include "server/publicationrules.h"
 
@@ -68,6 +69,7 @@ private:
     JobFeedback &m_feedback;
     RepositoryCommands &m_repositories;
     QWidget *m_window;
+    HelperClient m_helper; ///< the one way to the system for both commands
     PublishCommand *m_publish;
     LocalSourceCommand *m_sources;
     QString m_publishToolTip; ///< while there is nothing to say

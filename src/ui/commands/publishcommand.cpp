@@ -9,7 +9,6 @@
 #include "ui/dialogs/missingpackage.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/dialogs/publicationtext.h"
-#include "ui/tab/jobfeedback.h"
 #include "ui/tab/publicationpanel.h"
 #include "ui/tab/repotabs.h"
 #include "ui/tab/repowidget.h"
@@ -28,13 +27,18 @@ QString serviceOf(int protocol, int port)
 }
 } // namespace
 
-PublishCommand::PublishCommand(
-    RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, PublicationMonitor &monitor, QObject *parent)
+PublishCommand::PublishCommand(RepoTabs &tabs,
+                               Prompts &prompts,
+                               JobFeedback &feedback,
+                               PublicationMonitor &monitor,
+                               HelperClient &helper,
+                               QObject *parent)
     : QObject(parent)
     , m_tabs(tabs)
     , m_prompts(prompts)
     , m_feedback(feedback)
     , m_monitor(monitor)
+    , m_helper(helper)
 {
     renewKeptPorts();
 }
@@ -235,20 +239,17 @@ void PublishCommand::makeRoom(const Request &request)
         return;
     }
     // A service that runs goes on with the directory that it was started with.
-    request.widget->repoShell()->unpublishRepo(
-        request.wanted.port, request.wanted.protocol, [this, request](bool done) {
-            afterReading([this, request, done] {
-                if (!done) {
-                    finish(request, false);
-                } else if (!isListed(*request.rules.own)) {
+    m_helper.unpublishRepo(
+        request.wanted.port, request.wanted.protocol, [this, request](const HelperClient::Result &result) {
+            afterReading([this, request, result] {
+                if (!result.done)
+                    finish(request, result);
+                else if (!isListed(*request.rules.own))
                     askSystem(request);
-                } else if (goesOn(request)) {
-                    m_feedback.endWaiting(request.widget,
-                                          QString(),
-                                          tr("The repository is not published!"),
-                                          whyListed(*request.rules.own));
-                    m_tabs.setWaiting(request.widget, false);
-                }
+                else if (goesOn(request))
+                    endWaiting(request.widget,
+                               QString(),
+                               {tr("The repository is not published!"), whyListed(*request.rules.own), {}});
             });
         });
 }
@@ -258,16 +259,18 @@ void PublishCommand::askSystem(Request request)
     if (!goesOn(request))
         return;
     request.asked = QDateTime::currentDateTimeUtc();
-    request.widget->repoShell()->publishRepo(
-        request.wanted.port, request.wanted.protocol, [this, request](bool done) {
-            if (!goesOn(request))
-                return;
-            // The truth is what the system says now; also when its answer has come too late.
-            afterReading([this, request, done] { finish(request, done); });
-        });
+    m_helper.publishRepo(request.widget->repoPath(),
+                         request.wanted.port,
+                         request.wanted.protocol,
+                         [this, request](const HelperClient::Result &result) {
+                             if (!goesOn(request))
+                                 return;
+                             // The system's state decides, not the answer: that can have come too late.
+                             afterReading([this, request, result] { finish(request, result); });
+                         });
 }
 
-void PublishCommand::finish(const Request &request, bool done)
+void PublishCommand::finish(const Request &request, const HelperClient::Result &result)
 {
     if (!goesOn(request))
         return;
@@ -278,16 +281,19 @@ void PublishCommand::finish(const Request &request, bool done)
                      && publication.repo.port == request.wanted.port
                      && publication.state == QLatin1String("active");
           });
-    if (!done && !isServed) {
-        explainFailure(request);
+    const JobFeedback::Trouble trouble = JobFeedback::troubleOf(result);
+    if (!result.done && !isServed) {
+        if (trouble.text.isEmpty())
+            explainFailure(request);
+        else
+            endWaiting(request.widget, wordOfFailure(), trouble);
         return;
     }
     request.widget->publicationPanel()->claim(request.wanted.protocol, request.wanted.port);
     renewKeptPorts();
     if (request.widget == m_tabs.current())
         request.widget->showPublication();
-    m_feedback.endWaiting(request.widget, tr("Repository is published."));
-    m_tabs.setWaiting(request.widget, false);
+    endWaiting(request.widget, tr("Repository is published."), trouble);
     Q_EMIT published(request.widget);
 }
 
@@ -313,77 +319,63 @@ void PublishCommand::explainFailure(const Request &request)
                         .arg(serviceOf(request.wanted.protocol, request.wanted.port))
                   : tr("The end of the server's log %1:").arg(log) + QLatin1Char('\n')
                         + lines.mid(qMax(0, lines.size() - MostLines)).join(QLatin1Char('\n'));
-        // Without a bus, nobody can tell what is published.
-        m_feedback.endWaiting(request.widget,
-                              HelperClient::isReachable() ? tr("Repository is unpublished.") : QString(),
-                              tr("The repository is not published!"),
-                              details);
-        m_tabs.setWaiting(request.widget, false);
+        endWaiting(request.widget, wordOfFailure(), {tr("The repository is not published!"), details, {}});
     });
+}
+
+QString PublishCommand::wordOfFailure()
+{
+    // Without a bus, nobody can tell what is published.
+    return HelperClient::isReachable() ? tr("Repository is unpublished.") : QString();
 }
 
 // --- the way back ------------------------------------------------------------------------------------------------
 
 void PublishCommand::unpublish(const Publication &publication, RepoWidget *tab, const Answer &answer)
 {
-    const QPointer<RepoWidget> widget(tab);
-    if (widget.isNull() || widget->repoPath().isEmpty()) {
-        unpublishWithoutTab(publication, answer);
-        return;
-    }
-    if (m_tabs.isRunning(widget)) {
+    RepoWidget *widget = tab == nullptr || tab->repoPath().isEmpty() ? nullptr : tab;
+    if (widget != nullptr && m_tabs.isRunning(widget)) {
         m_feedback.announce(
             tr("The repository %1 is busy. Unpublish it when that has ended.").arg(publication.repo.path));
         return;
     }
     m_tabs.setWaiting(widget, true);
     m_feedback.showWaiting(widget, tr("Waiting for the system to unpublish %1").arg(publication.repo.path));
-    widget->repoShell()->unpublishRepo(
-        publication.repo.port, publication.protocol, [this, widget, publication, answer](bool done) {
-            afterReading([this, widget, publication, answer, done] {
-                if (widget.isNull() || m_prompts.isDismissed())
-                    return;
-                const bool isOver = done && !isListed(publication);
-                m_feedback.endWaiting(widget,
-                                      isOver ? tr("Repository is unpublished.") : QString(),
-                                      isOver ? QString() : tr("The repository is not unpublished!"),
-                                      done ? whyListed(publication) : whereReasonsAre());
-                m_tabs.setWaiting(widget, false);
-                if (answer)
-                    answer(isOver);
-            });
-        });
-}
-
-void PublishCommand::unpublishWithoutTab(const Publication &publication, const Answer &answer)
-{
-    m_feedback.announce(tr("Waiting for the system to unpublish %1").arg(publication.repo.path));
+    const auto end = [this, publication, answer, hadTab = widget != nullptr, guard = QPointer(widget)](
+                         const HelperClient::Result &result) {
+        if (!m_prompts.isDismissed() && (!hadTab || !guard.isNull()))
+            endUnpublishing(publication, guard, result, answer);
+    };
     m_helper.unpublishRepo(
-        publication.repo.port,
-        publication.protocol,
-        [this, publication, answer](const HelperClient::Result &result) {
-            afterReading([this, publication, answer, result] { endWithoutTab(publication, answer, result); });
+        publication.repo.port, publication.protocol, [this, end](const HelperClient::Result &result) {
+            afterReading([end, result] { end(result); });
         });
 }
 
-void PublishCommand::endWithoutTab(const Publication &publication,
-                                   const Answer &answer,
-                                   const HelperClient::Result &result)
+void PublishCommand::endUnpublishing(const Publication &publication,
+                                     RepoWidget *tab,
+                                     const HelperClient::Result &result,
+                                     const Answer &answer)
 {
-    if (m_prompts.isDismissed())
-        return;
     const bool isOver = result.done && !isListed(publication);
-    if (isOver) {
-        m_feedback.announce(tr("Repository is unpublished."));
-    } else {
-        m_feedback.error(result.errorText.isEmpty() ? tr("The repository is not unpublished!")
-                                                    : result.errorText,
-                         result.done                  ? whyListed(publication)
-                         : result.errorText.isEmpty() ? whereReasonsAre()
-                                                      : result.details);
-    }
+    if (isOver)
+        endWaiting(tab, tr("Repository is unpublished."), {});
+    else if (!result.errorText.isEmpty())
+        endWaiting(tab, QString(), JobFeedback::troubleOf(result));
+    else
+        endWaiting(tab,
+                   QString(),
+                   {tr("The repository is not unpublished!"),
+                    result.done ? whyListed(publication) : whereReasonsAre(),
+                    {}});
     if (answer)
         answer(isOver);
+}
+
+void PublishCommand::endWaiting(RepoWidget *tab, const QString &message, const JobFeedback::Trouble &trouble)
+{
+    m_feedback.endWaiting(tab, message, trouble);
+    m_tabs.setWaiting(tab, false);
 }
 
 bool PublishCommand::isListed(const Publication &publication) const

@@ -5,6 +5,7 @@
 #include "publication/publicationmonitor.h"
 #include "server/publicationaccess.h"
 #include "server/publicationrules.h"
+#include "ui/tab/jobfeedback.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -13,7 +14,6 @@
 
 #include <functional>
 
-class JobFeedback;
 class Prompts;
 class RepoTabs;
 class RepoWidget;
@@ -33,6 +33,7 @@ public:
                    Prompts &prompts,
                    JobFeedback &feedback,
                    PublicationMonitor &monitor,
+                   HelperClient &helper,
                    QObject *parent);
 
     /** What the tab's panel says, for the rules. Touches no file: it is asked for at every key. */
@@ -66,28 +67,31 @@ private:
     void confirm(const Request &request);
     void makeRoom(const Request &request);
     void askSystem(Request request);
-    void finish(const Request &request, bool done);
+    void finish(const Request &request, const HelperClient::Result &result);
     void explainFailure(const Request &request);
 
     bool agreesToReplace(const Request &request);
     bool goesOn(const Request &request) const;
     void giveUp(const Request &request);
     void refuse(const Request &request, const QString &reason);
-    void endWaiting(RepoWidget *widget);
+    /** Ends the waiting of the tab, which may be null, with a last word and an error. */
+    void endWaiting(RepoWidget *tab, const QString &message, const JobFeedback::Trouble &trouble);
     void afterReading(const std::function<void()> &next);
-    void unpublishWithoutTab(const Publication &publication, const Answer &answer);
-    void
-    endWithoutTab(const Publication &publication, const Answer &answer, const HelperClient::Result &result);
+    void endUnpublishing(const Publication &publication,
+                         RepoWidget *tab,
+                         const HelperClient::Result &result,
+                         const Answer &answer);
     /** Whether the system still has it; as of the last reading. */
     bool isListed(const Publication &publication) const;
     static QString whyListed(const Publication &publication);
     static QString whereReasonsAre();
+    static QString wordOfFailure();
 
     RepoTabs &m_tabs;
     Prompts &m_prompts;
     JobFeedback &m_feedback;
     PublicationMonitor &m_monitor;
+    HelperClient &m_helper;
     QHash<int, QString>
         m_keptPorts; ///< with the directories of their repositories, as the settings have them
-    HelperClient m_helper; ///< for repositories that have no engine
 };

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs/publicationtext.h"
 
-#include "publication/veltadminrepointerface.h"
 #include "server/sourceline.h"
 
 #include <QCoreApplication>
@@ -46,19 +45,22 @@ QString PublicationText::state(const QString &serviceState)
     return Word::tr("Unknown");
 }
 
-QString PublicationText::advice(const QString &description)
+QString PublicationText::advice(QDBusError::ErrorType error)
 {
-    if (description == VeltAdminRepoInterface::describe(QDBusError::AccessDenied))
+    switch (error) {
+    case QDBusError::AccessDenied:
         return Word::tr(
             "This takes the rights of an administrator. If no password was asked for, no authentication "
             "agent runs in this session, or a rule of this machine refuses.");
-    if (description == VeltAdminRepoInterface::describe(QDBusError::ServiceUnknown))
+    case QDBusError::ServiceUnknown:
         return Word::tr(
             "The helper that does this with the rights of an administrator is not installed. Install "
             "the package of this program once more.");
-    if (description == VeltAdminRepoInterface::describe(QDBusError::Disconnected))
+    case QDBusError::Disconnected:
         return Word::tr(
             "The system bus cannot be reached. Without it, nothing in the system can be changed. Start the "
             "service dbus, then this program once more.");
-    return {};
+    default:
+        return {};
+    }
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QDBusError>
 #include <QString>
 
 /** Texts about publications. */
@@ -12,6 +13,6 @@ QString serverType(int protocol);
 QString address(int protocol, const QString &host, int port);
 /** Text for the state of a service that serves a repository. */
 QString state(const QString &serviceState);
-/** Advice for the administrator about an error text of the helper's client; empty when there is none. */
-QString advice(const QString &description);
+/** What the administrator can do about this error of the bus; empty: nothing. */
+QString advice(QDBusError::ErrorType error);
 } // namespace PublicationText

@@ -42,10 +42,7 @@ QString withAdvice(const QString &details)
 {
     // gpg's own words mean nothing to most users, so they come second.
     const QString remedy = SigningAdvice::of(details);
-    if (!remedy.isEmpty())
-        return remedy + QLatin1String("\n\n") + details;
-    const QString advice = PublicationText::advice(details);
-    return advice.isEmpty() ? details : details + QLatin1String("\n\n") + advice;
+    return remedy.isEmpty() ? details : remedy + QLatin1String("\n\n") + details;
 }
 } // namespace
 
@@ -196,8 +193,17 @@ void JobFeedback::jobFinished(RepoWidget *widget, const QString &message)
         m_prompts.showErrors(errors);
 }
 
+JobFeedback::Trouble JobFeedback::troubleOf(const HelperClient::Result &result)
+{
+    return {result.errorText, result.details, PublicationText::advice(result.error)};
+}
+
 void JobFeedback::showWaiting(RepoWidget *widget, const QString &message)
 {
+    if (widget == nullptr) {
+        announce(message);
+        return;
+    }
     Job job;
     job.message = message;
     job.shown = true;
@@ -208,14 +214,21 @@ void JobFeedback::showWaiting(RepoWidget *widget, const QString &message)
     showCurrent();
 }
 
-void JobFeedback::endWaiting(RepoWidget *widget,
-                             const QString &message,
-                             const QString &errorText,
-                             const QString &errorDetails)
+void JobFeedback::endWaiting(RepoWidget *widget, const QString &message, const Trouble &trouble)
 {
-    if (!errorText.isEmpty() && m_jobs[widget].errors.isEmpty())
-        jobError(widget, errorText, errorDetails, RepoEnums::CRITICAL);
-    jobFinished(widget, message);
+    if (!trouble.text.isEmpty()) {
+        logError(widget, trouble.text, trouble.details);
+        const QString advice = trouble.advice.isEmpty() ? QString() : QLatin1String("\n\n") + trouble.advice;
+        const Prompts::Error error{trouble.text, trouble.details + advice, RepoEnums::CRITICAL, {}};
+        if (widget == nullptr)
+            m_prompts.showErrors({error});
+        else
+            m_jobs[widget].errors.append(error);
+    }
+    if (widget != nullptr)
+        jobFinished(widget, message);
+    else if (!message.isEmpty())
+        announce(message);
 }
 
 void JobFeedback::jobError(RepoWidget *widget,

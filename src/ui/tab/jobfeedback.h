@@ -3,6 +3,7 @@
 
 #include "core/packageinfo.h"
 #include "core/packagereplacementrules.h"
+#include "publication/helperclient.h"
 #include "ui/dialogs/prompts.h"
 
 #include <QElapsedTimer>
@@ -34,16 +35,22 @@ public:
     void appendLog(const QString &inMessage);
     /** Shows a message in the status bar and puts it into the log. */
     void announce(const QString &message);
-    /** Shows that the tab waits for the system, which nothing can stop: a text and a bar without an end. */
-    void showWaiting(RepoWidget *widget, const QString &message);
+    /** An error for the user. */
+    struct Trouble
+    {
+        QString text; ///< empty: there is none
+        QString details;
+        QString advice; ///< what the user can do about it; not for the log
+    };
+    /** What the privileged helper could not do; nothing when it could, or gave no reason. */
+    static Trouble troubleOf(const HelperClient::Result &result);
     /**
-     * Ends that with a last word, which goes into the log too. Errors that came meanwhile are shown, or else this one
-     * if it has a text.
+     * Shows that the tab waits for the system, which nothing can stop: a text and a bar without an end. Without a tab
+     * it is the text alone.
      */
-    void endWaiting(RepoWidget *widget,
-                    const QString &message,
-                    const QString &errorText = {},
-                    const QString &errorDetails = {});
+    void showWaiting(RepoWidget *widget, const QString &message);
+    /** Ends the waiting with a last word, which goes into the log too, and shows the error if there is one. */
+    void endWaiting(RepoWidget *widget, const QString &message, const Trouble &trouble = {});
     /** Shows an error box and puts the error into the log. */
     void
     error(const QString &text, const QString &details = {}, RepoEnums::ErrorType type = RepoEnums::CRITICAL);
