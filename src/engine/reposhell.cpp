@@ -123,6 +123,13 @@ QString RepoShell::lastErrorOutput() const
     return m_context->reprepro.lastResult().errorOutput;
 }
 
+void RepoShell::closeAndForgetRepo()
+{
+    // Before the path is forgotten, by which the results are found.
+    Q_EMIT requestForRemovingStoredInformation();
+    closeRepo();
+}
+
 void RepoShell::closeRepo()
 {
     OpenJob::close(*m_context);

@@ -108,6 +108,8 @@ public:
     void createRepoAside(const QString &path, const RepoInfo &info);
     /** Forgets the repository: empties path and list, emits pathChanged() and needCloseRepo(). */
     void closeRepo();
+    /** Closes a repository that is about to be deleted, and deletes the stored results of its packages. */
+    void closeAndForgetRepo();
 
     // --- what is open: callable from any thread --------------------------------------------------------------------
 

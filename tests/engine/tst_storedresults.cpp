@@ -100,8 +100,7 @@ private Q_SLOTS:
             many << QSharedPointer<PackageInfo>::create(package);
         }
         DependsData(DependsData::userFileName(), "/many"_s).savePackages(many);
-        Q_EMIT h->shell.requestForRemovingStoredInformation();
-        h->shell.closeRepo();
+        h->shell.closeAndForgetRepo();
         h.reset();
         QThreadPool::globalInstance()->waitForDone();
         const QString left = inFile();

@@ -2,12 +2,12 @@
 #include "ui/commands/repositorycommands.h"
 
 #include "core/runinbackground.h"
+#include "engine/jobs/repositoryremoval.h"
 #include "engine/reposhell.h"
 #include "engine/repository/distributionsfile.h"
 #include "files/pathguard.h"
 #include "publication/publicationsettings.h"
 #include "ui/commands/recentrepositories.h"
-#include "ui/commands/repositoryremoval.h"
 #include "ui/dialogs/newreporules.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/tab/jobfeedback.h"
@@ -392,10 +392,9 @@ void RepositoryCommands::askForRemoval(RepoWidget *widget)
 void RepositoryCommands::remove(RepoWidget *widget)
 {
     const QString path = m_tabs.pathOf(widget);
-    Q_EMIT widget->repoShell()->requestForRemovingStoredInformation();
     const QString canonicalPath = m_tabs.canonicalPathOf(widget);
-    // Nothing may use the directory any more when it goes; this also takes the tab away.
-    widget->repoShell()->closeRepo();
+    // Nothing may use the directory any more when it is deleted. This also takes the tab away.
+    widget->repoShell()->closeAndForgetRepo();
     startRemoval(path, canonicalPath);
 }
 

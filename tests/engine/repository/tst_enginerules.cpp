@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/packagenames.h"
+#include "engine/jobs/repositoryremoval.h"
 #include "engine/repository/distributions.h"
 #include "engine/repository/distributionsfile.h"
 #include "engine/repository/packagesfile.h"
 #include "engine/repository/systemrelease.h"
+#include "engine/reprepro/joblock.h"
 #include "engine/reprepro/privateconfig.h"
 #include "engine/reprepro/repreprocommands.h"
 #include "files/pathguard.h"
@@ -13,6 +15,8 @@
 #include <array>
 
 #include <unistd.h>
+
+using RepositoryRemoval::Outcome;
 
 class TestEngineRules : public QObject
 {
@@ -229,6 +233,84 @@ private Q_SLOTS:
             ScratchFolder::removeLeftovers();
             QVERIFY(QFile::exists(endangered + "/file"_s));
         }
+    }
+
+    void onlyRepositoriesAreDeleted()
+    {
+        const QTemporaryDir folder("/tmp/viXXXXXX"_s);
+        const QString outside = folder.filePath("outside"_s);
+        const QString repo = folder.filePath("repo"_s);
+        // A home directory stays, even when somebody keeps a conf/distributions in it.
+        for (const QString &path : QStringList{repo, repo + "/inner"_s, QDir::homePath()})
+            writeFile(path + "/conf/distributions"_s, "Codename: birch\n");
+        writeFile(outside + "/precious"_s, "x");
+        QVERIFY(QFile::link(outside, repo + "/link"_s));
+
+        for (const QString &path : {outside, QDir::homePath()}) {
+            QString reason;
+            QCOMPARE(RepositoryRemoval::remove(path, {}, &reason), Outcome::Refused);
+            QVERIFY(!reason.isEmpty());
+        }
+        QVERIFY(QFile::exists(QDir::homePath() + "/conf/distributions"_s));
+        // One that holds an open repository stays, whatever the spelling.
+        QString reason;
+        QCOMPARE(RepositoryRemoval::remove(repo, {{repo + "/../repo/inner/"_s}, {}}, &reason),
+                 Outcome::Refused);
+        QCOMPARE(RepositoryRemoval::remove(repo, {}, &reason), Outcome::Refused);
+        QVERIFY2(reason.endsWith("repositories: "_s + repo + "/inner"_s), qPrintable(reason));
+        const QString inner = repo + "/inner"_s;
+        const QString deep = repo + "/a/b/c/d/deep"_s;
+        QVERIFY(QDir().mkpath(QFileInfo(deep).path()) && QFile::rename(inner, deep));
+        QCOMPARE(RepositoryRemoval::remove(repo, {{}, {deep, repo}}, &reason), Outcome::Refused);
+        QVERIFY(QFile::exists(repo + "/conf/distributions"_s));
+        QVERIFY(QDir(repo + "/a"_s).removeRecursively());
+
+        // Nor does one go on which a job is at work; that is known before anything is given up for it.
+        QCOMPARE(RepositoryRemoval::refusal(repo, {}), QString());
+        QVERIFY(QDir().mkpath(repo + "/db"_s));
+        JobLock lock;
+        QVERIFY(lock.take(repo));
+        QVERIFY(RepositoryRemoval::refusal(repo, {}).contains("being changed by another program"_s));
+        QCOMPARE(RepositoryRemoval::remove(repo, {}, &reason), Outcome::Refused);
+        QVERIFY2(QFile::exists(repo + "/db"_s) && reason.contains(repo), qPrintable(reason));
+        lock.release();
+
+        // What cannot be deleted whole can be deleted again. Root may delete everything, so somebody else tries.
+        const QString stubborn = repo + "/pool/main"_s;
+        writeFile(stubborn + "/file"_s, "x");
+        const auto give = [](const QString &path, uid_t owner) {
+            return ::chown(QFile::encodeName(path).constData(), owner, gid_t(-1)) == 0;
+        };
+        const bool isRoot = ::geteuid() == 0;
+        constexpr uid_t Nobody = 65534;
+        for (const QString &path : QStringList{folder.path(), repo, repo + "/pool"_s, repo + "/conf"_s})
+            QVERIFY(!isRoot || give(path, Nobody));
+        QVERIFY(QFile::setPermissions(stubborn, QFile::ReadOwner | QFile::ExeOwner));
+        const auto setWritable = [&folder](bool isWritable) {
+            const QFile::Permissions others = QFile::ReadOwner | QFile::ExeOwner;
+            return QFile::setPermissions(folder.path(), isWritable ? others | QFile::WriteOwner : others);
+        };
+        QVERIFY(setWritable(false));
+        // What may be written is asked for the real user.
+        QVERIFY(!isRoot || ::setresuid(Nobody, Nobody, 0) == 0);
+        const QString early = RepositoryRemoval::refusal(repo, {});
+        const QString gone = RepositoryRemoval::refusal(repo + "/gone"_s, {});
+        QVERIFY(!isRoot || ::setresuid(0, 0, 0) == 0);
+        QVERIFY(setWritable(true));
+        QVERIFY2(early.contains("cannot be written"_s) && gone.isEmpty(), qPrintable(early));
+        QVERIFY(!isRoot || ::seteuid(Nobody) == 0);
+        const Outcome outcome = RepositoryRemoval::remove(repo, {}, &reason);
+        QVERIFY(!isRoot || ::seteuid(0) == 0);
+        QCOMPARE(outcome, Outcome::Refused);
+        QVERIFY2(QFile::exists(repo + "/conf/distributions"_s) && !QFileInfo(repo + "/link"_s).isSymLink(),
+                 qPrintable(reason));
+        QVERIFY(QFile::setPermissions(stubborn, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+
+        const QString link = folder.filePath("other-name"_s);
+        QVERIFY(QFile::link(repo, link));
+        QCOMPARE(RepositoryRemoval::remove(link, {{outside}, {}}, &reason), Outcome::Deleted);
+        QVERIFY(!QFile::exists(repo) && !QFileInfo(link).isSymLink());
+        QVERIFY(QFile::exists(outside + "/precious"_s));
     }
 };
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/commands/repositoryremoval.h"
+#include "engine/jobs/repositoryremoval.h"
 
 #include "engine/reprepro/joblock.h"
+#include "engine/reprepro/repolock.h"
 #include "files/descriptor.h"
 #include "files/pathguard.h"
 #include "files/removetree.h"
@@ -45,14 +46,6 @@ bool removeDescriptionLast(const QString &directory)
            && ::rmdir(QFile::encodeName(directory).constData()) == 0;
 }
 
-QString busyReason(const QString &path)
-{
-    return QCoreApplication::translate(
-               "RepoShell",
-               "The repository %1 is being changed by another program. Try again when it is done.")
-        .arg(path);
-}
-
 /** The refusal but for that of the lock; `directory` is the path with links resolved. */
 QString refusalOf(const QString &path, const QString &directory, const RepositoryRemoval::Known &known)
 {
@@ -78,7 +71,7 @@ QString RepositoryRemoval::refusal(const QString &path, const Known &known)
     if (!QFileInfo::exists(directory))
         return {};
     const QString reason = refusalOf(path, directory, known);
-    return reason.isEmpty() && !JobLock().take(directory) ? busyReason(path) : reason;
+    return reason.isEmpty() && !JobLock().take(directory) ? RepoLock::busyText(path) : reason;
 }
 
 RepositoryRemoval::Outcome RepositoryRemoval::remove(const QString &path, const Known &known, QString *reason)
@@ -92,7 +85,7 @@ RepositoryRemoval::Outcome RepositoryRemoval::remove(const QString &path, const 
         return Outcome::Refused;
     JobLock lock;
     if (!lock.take(directory)) {
-        *reason = busyReason(path);
+        *reason = RepoLock::busyText(path);
         return Outcome::Refused;
     }
     if (!removeDescriptionLast(directory)) {
