@@ -18,18 +18,12 @@
 #include <QStandardPaths>
 
 ArchiveCommands::ArchiveCommands(Ui::MainWindow &ui,
-                                 RepoTabs &tabs,
-                                 Prompts &prompts,
-                                 JobFeedback &feedback,
-                                 SettingsCommands &settings,
+                                 const Workbench &bench,
                                  RepositoryCommands &repositories,
                                  QWidget *window)
     : QObject(window)
     , m_ui(ui)
-    , m_tabs(tabs)
-    , m_prompts(prompts)
-    , m_feedback(feedback)
-    , m_settings(settings)
+    , m_bench(bench)
     , m_repositories(repositories)
     , m_importFolderAction(new QAction(tr("Import packages from folder"), this))
     , m_lastFolder(QDir::homePath())
@@ -37,12 +31,12 @@ ArchiveCommands::ArchiveCommands(Ui::MainWindow &ui,
     m_importFolderAction->setObjectName(QStringLiteral("m_importFolderAction"));
     m_ui.m_importMenu->addAction(m_importFolderAction);
     connectActions();
-    connect(&m_tabs, &RepoTabs::created, this, &ArchiveCommands::attach);
-    connect(&m_tabs, &RepoTabs::ready, this, &ArchiveCommands::importWaiting);
-    connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
+    connect(&m_bench.tabs, &RepoTabs::created, this, &ArchiveCommands::attach);
+    connect(&m_bench.tabs, &RepoTabs::ready, this, &ArchiveCommands::importWaiting);
+    connect(&m_bench.tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
         const QString source = m_waiting.take(widget);
         if (!source.isEmpty())
-            m_feedback.appendLog(tr("Not imported: %1").arg(source));
+            m_bench.feedback.appendLog(tr("Not imported: %1").arg(source));
     });
 }
 
@@ -54,7 +48,7 @@ void ArchiveCommands::connectActions()
         });
     }
     connect(m_ui.m_exportAllPackagesAction, &QAction::triggered, this, [this] {
-        const RepoWidget *widget = m_tabs.current();
+        const RepoWidget *widget = m_bench.tabs.current();
         if (widget != nullptr)
             exportPackages(widget->repoShell()->packages(), false);
     });
@@ -67,14 +61,14 @@ void ArchiveCommands::connectActions()
     });
     connect(m_importFolderAction, &QAction::triggered, this, [this] {
         importPackages(
-            [this] { return m_prompts.directory(tr("Select folder with packages"), m_lastFolder); });
+            [this] { return m_bench.prompts.directory(tr("Select folder with packages"), m_lastFolder); });
     });
 }
 
 void ArchiveCommands::attach(RepoWidget *widget)
 {
     connect(widget, &RepoWidget::needImportRepo, this, [this, widget] {
-        const QString folder = m_tabs.pathOf(widget);
+        const QString folder = m_bench.tabs.pathOf(widget);
         // Queued: the tab goes with the end of its job, which may be while the dialog is open.
         QMetaObject::invokeMethod(
             this,
@@ -85,39 +79,39 @@ void ArchiveCommands::attach(RepoWidget *widget)
 
 void ArchiveCommands::updateActions(bool arePackagesSelected)
 {
-    const RepoWidget *widget = m_tabs.current();
-    const bool free = m_tabs.isFree(widget);
+    const RepoWidget *widget = m_bench.tabs.current();
+    const bool free = m_bench.tabs.isFree(widget);
     const bool hasPackages = free && widget->repoShell()->packageCount() > 0;
     m_ui.m_exportFullRepoAction->setEnabled(free);
     m_ui.m_exportRepoAction->setEnabled(free);
     m_ui.m_exportAllPackagesAction->setEnabled(hasPackages);
     m_ui.m_exportSelectedPackagesAction->setEnabled(hasPackages && arePackagesSelected);
     m_ui.m_exportWithDependsAction->setEnabled(hasPackages && arePackagesSelected);
-    m_ui.m_importPackagesAction->setEnabled(m_tabs.isChangeable(widget));
-    m_importFolderAction->setEnabled(m_tabs.isChangeable(widget));
+    m_ui.m_importPackagesAction->setEnabled(m_bench.tabs.isChangeable(widget));
+    m_importFolderAction->setEnabled(m_bench.tabs.isChangeable(widget));
 }
 
 // --- export --------------------------------------------------------------------------------------------------------
 
 void ArchiveCommands::exportBy(const std::function<void(RepoShell &, const QString &)> &job)
 {
-    const QPointer<RepoWidget> source = m_tabs.current();
-    if (!m_tabs.isFree(source))
+    const QPointer<RepoWidget> source = m_bench.tabs.current();
+    if (!m_bench.tabs.isFree(source))
         return;
     const QString proposed
         = QStringLiteral("%1/%2_export.tgz").arg(m_lastFolder, source->repoShell()->repoInfo().name);
     const QString target
-        = m_prompts
+        = m_bench.prompts
               .saveFile(
                   tr("Select export archive"), m_lastFolder, proposed, {tr("Archives (*.tgz *.tar.gzip)")})
               .path;
     if (target.isEmpty())
         return;
     m_lastFolder = QFileInfo(target).absolutePath();
-    if (m_tabs.isFree(source))
+    if (m_bench.tabs.isFree(source))
         job(*source->repoShell(), target);
     else
-        m_feedback.announce(tr("Not exported: %1").arg(target));
+        m_bench.feedback.announce(tr("Not exported: %1").arg(target));
 }
 
 void ArchiveCommands::exportPackages(const QList<PackageInfoPtr> &packages, bool withDepends)
@@ -131,7 +125,7 @@ void ArchiveCommands::exportPackages(const QList<PackageInfoPtr> &packages, bool
 
 void ArchiveCommands::exportSelected(bool withDepends)
 {
-    const RepoWidget *widget = m_tabs.current();
+    const RepoWidget *widget = m_bench.tabs.current();
     if (widget != nullptr)
         exportPackages(widget->selectedPackages(), withDepends);
 }
@@ -143,7 +137,7 @@ bool ArchiveCommands::canReadArchives()
     const auto isThere = [this](const QString &program, const QString &package) {
         const bool found = !QStandardPaths::findExecutable(program).isEmpty();
         if (!found)
-            offerMissingPackage(m_prompts, package);
+            offerMissingPackage(m_bench.prompts, package);
         return found;
     };
     return isThere(QStringLiteral("archivemount"), QStringLiteral("archivemount"))
@@ -152,10 +146,10 @@ bool ArchiveCommands::canReadArchives()
 
 QString ArchiveCommands::chooseArchive()
 {
-    QString archive
-        = m_prompts.openFile(tr("Select archive with packages"),
-                             m_lastFolder,
-                             tr("Archives (*.tgz *.tar.gzip)") + QLatin1String(";;") + tr("All files (*)"));
+    QString archive = m_bench.prompts.openFile(tr("Select archive with packages"),
+                                               m_lastFolder,
+                                               tr("Archives (*.tgz *.tar.gzip)") + QLatin1String(";;")
+                                                   + tr("All files (*)"));
     if (!archive.isEmpty())
         m_lastFolder = QFileInfo(archive).absolutePath();
     return archive;
@@ -165,7 +159,7 @@ void ArchiveCommands::importRepo()
 {
     if (!canReadArchives())
         return;
-    const QString folder = m_prompts.directory(tr("Select directory"), m_lastFolder);
+    const QString folder = m_bench.prompts.directory(tr("Select directory"), m_lastFolder);
     if (folder.isEmpty())
         return;
     const QString archive = chooseArchive();
@@ -176,8 +170,8 @@ void ArchiveCommands::importRepo()
 void ArchiveCommands::importIntoNew(const QString &source, const QString &folder)
 {
     // Before there is a repository, which nobody would want empty.
-    if (!m_settings.hasKeyToAdd()) {
-        m_feedback.announce(tr("Not imported: %1").arg(source));
+    if (!m_bench.settings.hasKeyToAdd()) {
+        m_bench.feedback.announce(tr("Not imported: %1").arg(source));
         return;
     }
     m_repositories.createForImport(
@@ -185,30 +179,30 @@ void ArchiveCommands::importIntoNew(const QString &source, const QString &folder
         folder,
         {[this, source](const RepoWidget *widget) { m_waiting.insert(widget, source); },
          [this](const RepoWidget *failed) { m_waiting.remove(failed); },
-         [this, source] { m_feedback.announce(tr("Not imported: %1").arg(source)); }});
+         [this, source] { m_bench.feedback.announce(tr("Not imported: %1").arg(source)); }});
 }
 
 void ArchiveCommands::importWaiting(RepoWidget *widget)
 {
     // Files that were dropped on the new tab may have come first.
-    if (!m_waiting.contains(widget) || m_tabs.isRunning(widget))
+    if (!m_waiting.contains(widget) || m_bench.tabs.isRunning(widget))
         return;
     // Each package keeps its component: the one that the user has chosen is that of another repository.
-    widget->repoShell()->importRepo(m_waiting.take(widget), m_settings.addOptions({}));
+    widget->repoShell()->importRepo(m_waiting.take(widget), m_bench.settings.addOptions({}));
 }
 
 void ArchiveCommands::importPackages(const std::function<QString()> &chooseSource)
 {
-    const QPointer<RepoWidget> target = m_tabs.current();
-    if (!m_tabs.isFree(target))
+    const QPointer<RepoWidget> target = m_bench.tabs.current();
+    if (!m_bench.tabs.isFree(target))
         return;
     const QString source = chooseSource();
     if (source.isEmpty() || target.isNull())
         return;
     const QStringList components = target->repoShell()->repoInfo().componentList();
-    if (m_settings.confirmAddSettings(components, SettingsCommands::AddedFrom::Archive)
-        && m_tabs.isFree(target))
-        target->repoShell()->importRepo(source, m_settings.addOptions(components));
+    if (m_bench.settings.confirmAddSettings(components, SettingsCommands::AddedFrom::Archive)
+        && m_bench.tabs.isFree(target))
+        target->repoShell()->importRepo(source, m_bench.settings.addOptions(components));
     else
-        m_feedback.announce(tr("Not imported: %1").arg(source));
+        m_bench.feedback.announce(tr("Not imported: %1").arg(source));
 }

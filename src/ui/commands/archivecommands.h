@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "ui/commands/workbench.h"
 
 #include <QHash>
 #include <QObject>
@@ -9,14 +10,10 @@
 
 #include <functional>
 
-class JobFeedback;
-class Prompts;
 class QAction;
 class RepositoryCommands;
 class RepoShell;
-class RepoTabs;
 class RepoWidget;
-class SettingsCommands;
 
 namespace Ui
 {
@@ -30,10 +27,7 @@ class ArchiveCommands : public QObject
 public:
     /** `ui` holds the actions and outlives the commands; `window` is its window. */
     ArchiveCommands(Ui::MainWindow &ui,
-                    RepoTabs &tabs,
-                    Prompts &prompts,
-                    JobFeedback &feedback,
-                    SettingsCommands &settings,
+                    const Workbench &bench,
                     RepositoryCommands &repositories,
                     QWidget *window);
 
@@ -55,10 +49,7 @@ private:
     void importWaiting(RepoWidget *widget);
 
     Ui::MainWindow &m_ui;
-    RepoTabs &m_tabs;
-    Prompts &m_prompts;
-    JobFeedback &m_feedback;
-    SettingsCommands &m_settings;
+    Workbench m_bench;
     RepositoryCommands &m_repositories;
     QAction *m_importFolderAction;
     QHash<const RepoWidget *, QString> m_waiting; ///< what goes into repositories that are being created

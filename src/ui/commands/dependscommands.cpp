@@ -16,18 +16,10 @@
 #include <QMenu>
 #include <QToolButton>
 
-DependsCommands::DependsCommands(Ui::MainWindow &ui,
-                                 RepoTabs &tabs,
-                                 Prompts &prompts,
-                                 JobFeedback &feedback,
-                                 SettingsCommands &settings,
-                                 QWidget *window)
+DependsCommands::DependsCommands(Ui::MainWindow &ui, const Workbench &bench, QWidget *window)
     : QObject(window)
     , m_ui(ui)
-    , m_tabs(tabs)
-    , m_prompts(prompts)
-    , m_feedback(feedback)
-    , m_settings(settings)
+    , m_bench(bench)
     , m_menu(new QMenu(window))
 {
     m_menu->setObjectName(QStringLiteral("m_dependsMenu"));
@@ -40,19 +32,20 @@ DependsCommands::DependsCommands(Ui::MainWindow &ui,
             &QAction::triggered,
             this,
             &DependsCommands::addPackageFromInternet);
-    connect(&m_tabs, &RepoTabs::created, this, &DependsCommands::attach);
-    connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) { m_abilities.remove(widget); });
-    connect(&m_settings, &SettingsCommands::externalReposChanged, this, [this] {
-        const QList<RepoWidget *> widgets = m_tabs.shown();
+    connect(&m_bench.tabs, &RepoTabs::created, this, &DependsCommands::attach);
+    connect(
+        &m_bench.tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) { m_abilities.remove(widget); });
+    connect(&m_bench.settings, &SettingsCommands::externalReposChanged, this, [this] {
+        const QList<RepoWidget *> widgets = m_bench.tabs.shown();
         for (const RepoWidget *widget : widgets)
-            widget->dependsView()->setAliases(m_settings.aliases());
+            widget->dependsView()->setAliases(m_bench.settings.aliases());
     });
 }
 
 void DependsCommands::attach(RepoWidget *widget)
 {
     DependsView *view = widget->dependsView();
-    view->setAliases(m_settings.aliases());
+    view->setAliases(m_bench.settings.aliases());
     view->setArrangement(m_arrangement);
     connect(view, &DependsView::arrangementChanged, this, [this, widget] { shareArrangement(widget); });
     connect(widget, &RepoWidget::enableCheckDependsAction, this, [this, widget](bool isEnabled) {
@@ -75,11 +68,11 @@ void DependsCommands::attach(RepoWidget *widget)
 
 void DependsCommands::updateActions()
 {
-    const RepoWidget *widget = m_tabs.current();
+    const RepoWidget *widget = m_bench.tabs.current();
     const Abilities abilities = m_abilities.value(widget);
-    const bool isFree = m_tabs.isFree(widget);
+    const bool isFree = m_bench.tabs.isFree(widget);
     m_ui.m_checkDependStartAction->setEnabled(isFree && abilities.check);
-    m_ui.m_addPackageFromExtRepoAction->setEnabled(m_tabs.isChangeable(widget));
+    m_ui.m_addPackageFromExtRepoAction->setEnabled(m_bench.tabs.isChangeable(widget));
     m_ui.m_dependsCheckMenu->setEnabled(widget != nullptr && abilities.checkMenu);
 }
 
@@ -93,7 +86,7 @@ void DependsCommands::shareArrangement(const RepoWidget *from)
 {
     if (from != nullptr)
         m_arrangement = from->dependsView()->arrangement();
-    const QList<RepoWidget *> widgets = m_tabs.shown();
+    const QList<RepoWidget *> widgets = m_bench.tabs.shown();
     for (const RepoWidget *widget : widgets) {
         if (widget != from)
             widget->dependsView()->setArrangement(m_arrangement);
@@ -104,7 +97,7 @@ void DependsCommands::shareArrangement(const RepoWidget *from)
 
 void DependsCommands::checkDepends()
 {
-    RepoWidget *widget = m_tabs.current();
+    RepoWidget *widget = m_bench.tabs.current();
     if (widget == nullptr)
         return;
     const QList<PackageInfoPtr> selected = widget->selectedPackages();
@@ -125,10 +118,10 @@ void DependsCommands::checkDependsByToolBar()
 
 void DependsCommands::check(RepoWidget *widget, const QList<PackageInfoPtr> &packages)
 {
-    if (m_tabs.isRunning(widget))
+    if (m_bench.tabs.isRunning(widget))
         return;
-    if (m_settings.choices().dependsRepoType == DependsNowhere)
-        m_prompts.warn(tr("Warning!"), tr("Dependences checking is disabled."));
+    if (m_bench.settings.choices().dependsRepoType == DependsNowhere)
+        m_bench.prompts.warn(tr("Warning!"), tr("Dependences checking is disabled."));
     else
         widget->repoShell()->checkDepends(packages);
 }
@@ -143,7 +136,7 @@ void DependsCommands::packageDependsContextMenuRequested(RepoWidget *widget, con
     m_menuTab = widget;
     m_ui.m_addToLocalRepoAction->setText(text);
     m_ui.m_addToLocalRepoAction->setToolTip(text);
-    m_ui.m_addToLocalRepoAction->setEnabled(!lacks.isEmpty() && m_tabs.isChangeable(widget));
+    m_ui.m_addToLocalRepoAction->setEnabled(!lacks.isEmpty() && m_bench.tabs.isChangeable(widget));
     m_menu->clear();
     m_menu->addAction(m_ui.m_addToLocalRepoAction);
     m_menu->addSeparator();
@@ -154,42 +147,42 @@ void DependsCommands::packageDependsContextMenuRequested(RepoWidget *widget, con
 
 void DependsCommands::addPackageToLocalRepo()
 {
-    if (m_menuTab.isNull() || m_tabs.isRunning(m_menuTab))
+    if (m_menuTab.isNull() || m_bench.tabs.isRunning(m_menuTab))
         return;
     const QPointer<RepoWidget> target = m_menuTab;
     const QVector<Dependency> lacks = target->dependsView()->selectedLacks();
     const QStringList components = target->repoShell()->repoInfo().componentList();
-    if (lacks.isEmpty() || !m_settings.confirmAddSettings(components))
+    if (lacks.isEmpty() || !m_bench.settings.confirmAddSettings(components))
         return;
-    if (!target.isNull() && !m_tabs.isRunning(target))
-        target->repoShell()->addDependencies(lacks, m_settings.addOptions(components));
+    if (!target.isNull() && !m_bench.tabs.isRunning(target))
+        target->repoShell()->addDependencies(lacks, m_bench.settings.addOptions(components));
 }
 
 void DependsCommands::addPackageFromInternet()
 {
-    const QPointer<RepoWidget> target = m_tabs.current();
-    if (target.isNull() || target->repoPath().isEmpty() || m_tabs.isRunning(target))
+    const QPointer<RepoWidget> target = m_bench.tabs.current();
+    if (target.isNull() || target->repoPath().isEmpty() || m_bench.tabs.isRunning(target))
         return;
     const RepoInfo info = target->repoShell()->repoInfo();
     const QStringList architectures = info.binaryArchitectures();
-    const ExternalRepos &repos = m_settings.externalRepos();
+    const ExternalRepos &repos = m_bench.settings.externalRepos();
     PackageFilter filter;
     filter.architectures = QSet<QString>(architectures.cbegin(), architectures.cend());
     filter.isAsked = [repos](const QString &origin) { return repos.isOriginAsked(origin); };
-    AddPackageDialog dialog(filter, m_settings.aliases(), m_prompts.window());
-    if (m_prompts.run(dialog) != QDialog::Accepted)
+    AddPackageDialog dialog(filter, m_bench.settings.aliases(), m_bench.prompts.window());
+    if (m_bench.prompts.run(dialog) != QDialog::Accepted)
         return;
     const QList<PackageInfo> packages = dialog.selectedPackages();
     if (packages.isEmpty())
         return;
-    if (m_settings.confirmAddSettings(info.componentList()) && !target.isNull()
-        && !m_tabs.isRunning(target)) {
-        target->repoShell()->downloadPackages(packages, m_settings.addOptions(info.componentList()));
+    if (m_bench.settings.confirmAddSettings(info.componentList()) && !target.isNull()
+        && !m_bench.tabs.isRunning(target)) {
+        target->repoShell()->downloadPackages(packages, m_bench.settings.addOptions(info.componentList()));
         return;
     }
     // Whatever has come between is no reason to forget in silence what was chosen.
     QStringList names;
     for (const PackageInfo &package : packages)
         names << package.name;
-    m_feedback.announce(tr("Not added: %1").arg(names.join(QLatin1String(", "))));
+    m_bench.feedback.announce(tr("Not added: %1").arg(names.join(QLatin1String(", "))));
 }

@@ -2,19 +2,16 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "ui/commands/workbench.h"
 #include "ui/depends/dependsarrangement.h"
 
 #include <QHash>
 #include <QObject>
 #include <QPointer>
 
-class JobFeedback;
-class Prompts;
 class QMenu;
 class QPoint;
-class RepoTabs;
 class RepoWidget;
-class SettingsCommands;
 
 namespace Ui
 {
@@ -27,12 +24,7 @@ class DependsCommands : public QObject
     Q_OBJECT
 public:
     /** `ui` holds the actions and outlives the commands; `window` is its window. */
-    DependsCommands(Ui::MainWindow &ui,
-                    RepoTabs &tabs,
-                    Prompts &prompts,
-                    JobFeedback &feedback,
-                    SettingsCommands &settings,
-                    QWidget *window);
+    DependsCommands(Ui::MainWindow &ui, const Workbench &bench, QWidget *window);
 
     /** Shows by the actions what can be done now. */
     void updateActions();
@@ -62,10 +54,7 @@ private:
     void addPackageFromInternet();
 
     Ui::MainWindow &m_ui;
-    RepoTabs &m_tabs;
-    Prompts &m_prompts;
-    JobFeedback &m_feedback;
-    SettingsCommands &m_settings;
+    Workbench m_bench;
     QMenu *m_menu; ///< of the dependency trees
     QHash<const RepoWidget *, Abilities> m_abilities;
     QPointer<RepoWidget> m_menuTab; ///< whose tree the menu is about

@@ -17,13 +17,9 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 
-DependsReportCommands::DependsReportCommands(
-    RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, SettingsCommands &settings, QObject *parent)
+DependsReportCommands::DependsReportCommands(const Workbench &bench, QObject *parent)
     : QObject(parent)
-    , m_tabs(tabs)
-    , m_prompts(prompts)
-    , m_feedback(feedback)
-    , m_settings(settings)
+    , m_bench(bench)
     , m_copyAction(new QAction(QIcon::fromTheme(QStringLiteral("edit-copy")), tr("Copy report"), this))
     , m_saveAction(new QAction(QIcon::fromTheme(QStringLiteral("document-save")), tr("Save report..."), this))
     , m_lastFolder(QDir::homePath())
@@ -32,8 +28,8 @@ DependsReportCommands::DependsReportCommands(
     m_saveAction->setObjectName(QStringLiteral("m_saveReportAction"));
     connect(m_copyAction, &QAction::triggered, this, &DependsReportCommands::copy);
     connect(m_saveAction, &QAction::triggered, this, &DependsReportCommands::save);
-    connect(&m_tabs, &RepoTabs::created, this, &DependsReportCommands::attach);
-    connect(&m_tabs, &RepoTabs::leaving, this, [this](const RepoWidget *widget) {
+    connect(&m_bench.tabs, &RepoTabs::created, this, &DependsReportCommands::attach);
+    connect(&m_bench.tabs, &RepoTabs::leaving, this, [this](const RepoWidget *widget) {
         m_jobs.remove(widget);
         m_checks.remove(widget);
     });
@@ -44,7 +40,7 @@ void DependsReportCommands::attach(RepoWidget *widget)
 {
     connect(widget, &RepoWidget::packagesChanged, this, &DependsReportCommands::stateChanged);
     connect(widget, &RepoWidget::repoShellStarted, this, [this, widget] {
-        m_jobs[widget] = {m_settings.choices().dependsRepoType, widget->hasCheckResults(), false, 0};
+        m_jobs[widget] = {m_bench.settings.choices().dependsRepoType, widget->hasCheckResults(), false, 0};
     });
     connect(widget, &RepoWidget::progressBarSetMaximum, this, [this, widget](int maximum) {
         m_jobs[widget].items = maximum;
@@ -66,7 +62,7 @@ void DependsReportCommands::endJob(const RepoWidget *widget, RepoEnums::JobId jo
     const bool isCheck = jobId == RepoEnums::CHECK_DEPENDS_JOB;
     std::optional<int> mode = job.mode;
     // Other jobs check at their end, and the user may have chosen anew meanwhile.
-    if (!isCheck && job.mode != m_settings.choices().dependsRepoType)
+    if (!isCheck && job.mode != m_bench.settings.choices().dependsRepoType)
         mode.reset();
     const bool isOfAll
         = isCheck && job.items == engine.packageCount() && engine.progress() == engine.packageCount();
@@ -81,7 +77,7 @@ void DependsReportCommands::endJob(const RepoWidget *widget, RepoEnums::JobId jo
 
 void DependsReportCommands::updateActions()
 {
-    const RepoWidget *widget = m_tabs.current();
+    const RepoWidget *widget = m_bench.tabs.current();
     const bool isThereAny = widget != nullptr && widget->packagesInError() > 0;
     m_copyAction->setEnabled(isThereAny);
     m_saveAction->setEnabled(isThereAny);
@@ -102,19 +98,19 @@ DependsReportCommands::Contents DependsReportCommands::contentsOf(const RepoWidg
 
 void DependsReportCommands::copy()
 {
-    const RepoWidget *widget = m_tabs.current();
+    const RepoWidget *widget = m_bench.tabs.current();
     if (widget == nullptr)
         return;
     const auto work = [contents = contentsOf(*widget)] { return report(contents, Format::Text); };
     runInBackground(this, work, [this](const QByteArray &text) {
         QGuiApplication::clipboard()->setText(QString::fromUtf8(text));
-        m_feedback.announce(tr("Report is copied to clipboard"));
+        m_bench.feedback.announce(tr("Report is copied to clipboard"));
     });
 }
 
 void DependsReportCommands::save()
 {
-    const RepoWidget *widget = m_tabs.current();
+    const RepoWidget *widget = m_bench.tabs.current();
     if (widget == nullptr)
         return;
     // What was in error when the command was given, whatever happens while the dialog is open.
@@ -123,7 +119,7 @@ void DependsReportCommands::save()
     const QString textFilter = tr("Text (*.txt)");
     const QString jsonFilter = tr("JSON (*.json)");
     const Prompts::FileChoice choice
-        = m_prompts.saveFile(tr("Save report"), m_lastFolder, name, {textFilter, jsonFilter});
+        = m_bench.prompts.saveFile(tr("Save report"), m_lastFolder, name, {textFilter, jsonFilter});
     if (choice.path.isEmpty())
         return;
     const QString path = choice.path;
@@ -131,11 +127,11 @@ void DependsReportCommands::save()
     const auto work = [contents, format, path] { return WholeFile::replace(path, report(contents, format)); };
     runInBackground(this, work, [this, path](const QString &failure) {
         if (!failure.isEmpty()) {
-            m_feedback.error(tr("The report cannot be saved in %1.").arg(path), failure);
+            m_bench.feedback.error(tr("The report cannot be saved in %1.").arg(path), failure);
             return;
         }
         // A folder that took it takes the next one.
         m_lastFolder = QFileInfo(path).absolutePath();
-        m_feedback.announce(tr("The report is saved in %1.").arg(path));
+        m_bench.feedback.announce(tr("The report is saved in %1.").arg(path));
     });
 }

@@ -4,6 +4,7 @@
 #include "core/packageinfo.h"
 #include "core/repoenums.h"
 #include "depends/dependsreport.h"
+#include "ui/commands/workbench.h"
 
 #include <QDateTime>
 #include <QHash>
@@ -11,20 +12,15 @@
 
 #include <optional>
 
-class JobFeedback;
-class Prompts;
 class QAction;
-class RepoTabs;
 class RepoWidget;
-class SettingsCommands;
 
 /** Lets the user take along what the last checks found missing in the current tab's repository. */
 class DependsReportCommands : public QObject
 {
     Q_OBJECT
 public:
-    DependsReportCommands(
-        RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, SettingsCommands &settings, QObject *parent);
+    DependsReportCommands(const Workbench &bench, QObject *parent);
 
     /** What the user can do, for menus. */
     QList<QAction *> actions() const { return {m_copyAction, m_saveAction}; }
@@ -69,10 +65,7 @@ private:
     void copy();
     void save();
 
-    RepoTabs &m_tabs;
-    Prompts &m_prompts;
-    JobFeedback &m_feedback;
-    SettingsCommands &m_settings;
+    Workbench m_bench;
     QAction *m_copyAction;
     QAction *m_saveAction;
     QString m_lastFolder;

@@ -17,16 +17,12 @@
 #include <functional>
 #include <iterator>
 
-LocalSourceCommand::LocalSourceCommand(RepoTabs &tabs,
-                                       Prompts &prompts,
-                                       JobFeedback &feedback,
+LocalSourceCommand::LocalSourceCommand(const Workbench &bench,
                                        PublicationMonitor &monitor,
                                        HelperClient &helper,
                                        QObject *parent)
     : QObject(parent)
-    , m_tabs(tabs)
-    , m_prompts(prompts)
-    , m_feedback(feedback)
+    , m_bench(bench)
     , m_monitor(monitor)
     , m_helper(helper)
     , m_list(nullptr)
@@ -65,7 +61,7 @@ QStringList LocalSourceCommand::orphanedLines() const
 
 void LocalSourceCommand::add(RepoWidget *widget)
 {
-    if (!m_tabs.isFree(widget))
+    if (!m_bench.tabs.isFree(widget))
         return;
     const RepoShell &shell = *widget->repoShell();
     const RepoInfo info = shell.repoInfo();
@@ -81,13 +77,13 @@ void LocalSourceCommand::add(RepoWidget *widget)
                      info.components};
     facts.directory = shell.canonicalPath();
     facts.publications = m_monitor.publicationsOf(facts.directory);
-    m_tabs.setWaiting(widget, true);
-    m_feedback.showWaiting(widget, tr("Looking how apt of this machine can use the repository"));
+    m_bench.tabs.setWaiting(widget, true);
+    m_bench.feedback.showWaiting(widget, tr("Looking how apt of this machine can use the repository"));
     runInBackground(
         this,
         [facts, codename = info.codename] { return look(facts, codename); },
         [this, guard = QPointer<RepoWidget>(widget)](const Finding &finding) {
-            if (!guard.isNull() && !m_prompts.isDismissed())
+            if (!guard.isNull() && !m_bench.prompts.isDismissed())
                 choose(guard, finding);
         });
 }
@@ -110,16 +106,16 @@ void LocalSourceCommand::choose(RepoWidget *widget, const Finding &finding)
 {
     const QPointer<RepoWidget> guard(widget);
     const auto giveUp = [this, guard] {
-        if (guard.isNull() || m_prompts.isDismissed())
+        if (guard.isNull() || m_bench.prompts.isDismissed())
             return;
-        m_feedback.endWaiting(guard, QString());
-        m_tabs.setWaiting(guard, false);
+        m_bench.feedback.endWaiting(guard, QString());
+        m_bench.tabs.setWaiting(guard, false);
     };
     const std::optional<LocalSourceChoice> choice = LocalSourceChoice::of(finding.facts);
     if (!choice) {
         giveUp();
         widget->showPublication();
-        m_feedback.announce(tr("Choose a server type, then add the repository once more."));
+        m_bench.feedback.announce(tr("Choose a server type, then add the repository once more."));
         widget->publicationPanel()->askServerType();
         return;
     }
@@ -127,15 +123,16 @@ void LocalSourceCommand::choose(RepoWidget *widget, const Finding &finding)
         giveUp();
         return;
     }
-    m_feedback.showWaiting(widget, tr("Waiting for the system to change the local sources list"));
+    m_bench.feedback.showWaiting(widget, tr("Waiting for the system to change the local sources list"));
     const auto answer = [this, guard](const HelperClient::Result &result) {
-        if (guard.isNull() || m_prompts.isDismissed())
+        if (guard.isNull() || m_bench.prompts.isDismissed())
             return;
         m_list.refresh();
-        m_feedback.endWaiting(guard,
-                              result.done ? tr("Repository is added to local sources list.") : QString(),
-                              JobFeedback::troubleOf(result));
-        m_tabs.setWaiting(guard, false);
+        m_bench.feedback.endWaiting(guard,
+                                    result.done ? tr("Repository is added to local sources list.")
+                                                : QString(),
+                                    JobFeedback::troubleOf(result));
+        m_bench.tabs.setWaiting(guard, false);
     };
     m_helper.addLocalSource(choice->line.text(), finding.key, answer);
 }
@@ -147,7 +144,7 @@ bool LocalSourceCommand::agrees(const LocalSourceChoice &choice, const LocalSour
     case LocalSourceChoice::NoRisk:
         return true;
     case LocalSourceChoice::OthersWrite:
-        return m_prompts.askCarefully(
+        return m_bench.prompts.askCarefully(
                    title,
                    tr("The repository has no signature that can be checked, and other users of this machine "
                       "can change it. Do you "
@@ -171,11 +168,12 @@ bool LocalSourceCommand::agrees(const LocalSourceChoice &choice, const LocalSour
     if (facts.publications.isEmpty())
         about << tr("The repository is not published now.");
     about << choice.line.text();
-    return m_prompts.askCarefully(title,
-                                  tr("The repository has no signature that can be checked, and apt of this "
-                                     "machine can only get it over the "
-                                     "network. Do you want to add it all the same?"),
-                                  about.join(QLatin1String("\n\n")))
+    return m_bench.prompts.askCarefully(
+               title,
+               tr("The repository has no signature that can be checked, and apt of this "
+                  "machine can only get it over the "
+                  "network. Do you want to add it all the same?"),
+               about.join(QLatin1String("\n\n")))
            == Prompts::Answer::Yes;
 }
 
@@ -183,7 +181,7 @@ bool LocalSourceCommand::agrees(const LocalSourceChoice &choice, const LocalSour
 
 void LocalSourceCommand::remove(RepoWidget *widget)
 {
-    if (m_tabs.isFree(widget))
+    if (m_bench.tabs.isFree(widget))
         removeLines(linesOf(*widget), widget);
 }
 
@@ -198,8 +196,8 @@ void LocalSourceCommand::removeLines(const QStringList &lines, RepoWidget *tab, 
         tellWhatStays(removal);
         return;
     }
-    m_tabs.setWaiting(tab, true);
-    m_feedback.showWaiting(tab, tr("Waiting for the system to change the local sources list"));
+    m_bench.tabs.setWaiting(tab, true);
+    m_bench.feedback.showWaiting(tab, tr("Waiting for the system to change the local sources list"));
     removeNext(removal);
 }
 
@@ -207,7 +205,7 @@ void LocalSourceCommand::removeNext(Removal removal)
 {
     const QString line = removal.ours.takeFirst();
     m_helper.removeLocalSource(line, [this, removal](const HelperClient::Result &result) {
-        if (m_prompts.isDismissed())
+        if (m_bench.prompts.isDismissed())
             return;
         if (result.done && !removal.ours.isEmpty())
             removeNext(removal);
@@ -219,10 +217,11 @@ void LocalSourceCommand::removeNext(Removal removal)
 void LocalSourceCommand::endRemoval(const Removal &removal, const HelperClient::Result &result)
 {
     m_list.refresh();
-    m_feedback.endWaiting(removal.tab,
-                          result.done ? tr("Repository is removed from local sources list.") : QString(),
-                          JobFeedback::troubleOf(result));
-    m_tabs.setWaiting(removal.tab, false);
+    m_bench.feedback.endWaiting(removal.tab,
+                                result.done ? tr("Repository is removed from local sources list.")
+                                            : QString(),
+                                JobFeedback::troubleOf(result));
+    m_bench.tabs.setWaiting(removal.tab, false);
     if (result.done)
         tellWhatStays(removal);
     else if (removal.answer)
@@ -232,11 +231,11 @@ void LocalSourceCommand::endRemoval(const Removal &removal, const HelperClient::
 void LocalSourceCommand::tellWhatStays(const Removal &removal)
 {
     if (!removal.byHand.isEmpty())
-        m_feedback.error(tr("The local sources list still has a line of this repository, which was "
-                            "changed by hand. Remove "
-                            "it with an editor."),
-                         removal.byHand.join(QLatin1Char('\n')),
-                         RepoEnums::WARNING);
+        m_bench.feedback.error(tr("The local sources list still has a line of this repository, which was "
+                                  "changed by hand. Remove "
+                                  "it with an editor."),
+                               removal.byHand.join(QLatin1Char('\n')),
+                               RepoEnums::WARNING);
     if (removal.answer)
         removal.answer(true);
 }
@@ -246,14 +245,15 @@ std::optional<QStringList> LocalSourceCommand::askForLinesTo(const Publication &
     const QStringList lines = m_list.sources().linesTo(publication);
     if (lines.isEmpty())
         return lines;
-    switch (m_prompts.ask(tr("Local sources list"),
-                          tr("This machine's own apt uses the publication that ends. Do you want to remove "
-                             "its line from the local "
-                             "sources list?"),
-                          lines.join(QLatin1Char('\n')) + QLatin1String("\n\n")
-                              + tr("If the line stays, apt reports an error at each update, and with "
-                                   "trusted=yes whoever takes the "
-                                   "port decides what is installed with the rights of root."))) {
+    switch (
+        m_bench.prompts.ask(tr("Local sources list"),
+                            tr("This machine's own apt uses the publication that ends. Do you want to remove "
+                               "its line from the local "
+                               "sources list?"),
+                            lines.join(QLatin1Char('\n')) + QLatin1String("\n\n")
+                                + tr("If the line stays, apt reports an error at each update, and with "
+                                     "trusted=yes whoever takes the "
+                                     "port decides what is installed with the rights of root."))) {
     case Prompts::Answer::Yes:
         return lines;
     case Prompts::Answer::No:

@@ -4,6 +4,7 @@
 #include "publication/helperclient.h"
 #include "publication/localsourcechoice.h"
 #include "publication/localsourceswatch.h"
+#include "ui/commands/workbench.h"
 
 #include <QObject>
 #include <QPointer>
@@ -11,10 +12,7 @@
 #include <functional>
 #include <optional>
 
-class JobFeedback;
-class Prompts;
 class PublicationMonitor;
-class RepoTabs;
 class RepoWidget;
 
 /**
@@ -27,9 +25,7 @@ class LocalSourceCommand : public QObject
 public:
     using Answer = std::function<void(bool done)>;
 
-    LocalSourceCommand(RepoTabs &tabs,
-                       Prompts &prompts,
-                       JobFeedback &feedback,
+    LocalSourceCommand(const Workbench &bench,
                        PublicationMonitor &monitor,
                        HelperClient &helper,
                        QObject *parent);
@@ -79,9 +75,7 @@ private:
     void endRemoval(const Removal &removal, const HelperClient::Result &result);
     void tellWhatStays(const Removal &removal);
 
-    RepoTabs &m_tabs;
-    Prompts &m_prompts;
-    JobFeedback &m_feedback;
+    Workbench m_bench;
     PublicationMonitor &m_monitor;
     HelperClient &m_helper;
     LocalSourcesWatch m_list;

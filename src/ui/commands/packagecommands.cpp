@@ -25,21 +25,13 @@ namespace
 const QString lastFolderKey = QStringLiteral("MainWindow/packagesFolder");
 } // namespace
 
-PackageCommands::PackageCommands(RepoTabs &tabs,
-                                 Prompts &prompts,
-                                 JobFeedback &feedback,
-                                 SettingsCommands &settings,
-                                 RepositoryCommands &repositories,
-                                 QObject *parent)
+PackageCommands::PackageCommands(const Workbench &bench, RepositoryCommands &repositories, QObject *parent)
     : QObject(parent)
-    , m_tabs(tabs)
-    , m_prompts(prompts)
-    , m_feedback(feedback)
-    , m_settings(settings)
+    , m_bench(bench)
     , m_repositories(repositories)
     , m_lastFolder(QSettings().value(lastFolderKey, QDir::homePath()).toString())
 {
-    connect(&m_tabs, &RepoTabs::created, this, [this](RepoWidget *widget) {
+    connect(&m_bench.tabs, &RepoTabs::created, this, [this](RepoWidget *widget) {
         // A drop is a decision for this very repository. Queued: the drag's source waits for the drop to return.
         connect(
             widget,
@@ -55,39 +47,39 @@ PackageCommands::PackageCommands(RepoTabs &tabs,
             },
             Qt::QueuedConnection);
     });
-    connect(&m_tabs, &RepoTabs::ready, this, [this](RepoWidget *widget) {
+    connect(&m_bench.tabs, &RepoTabs::ready, this, [this](RepoWidget *widget) {
         const QStringList files = m_waiting.take(widget);
         if (!files.isEmpty())
             addPackages(widget, files);
     });
-    connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
+    connect(&m_bench.tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
         const QStringList files = m_waiting.take(widget);
         if (!files.isEmpty())
-            m_feedback.appendLog(tr("Not added: %1").arg(files.join(QLatin1String(", "))));
+            m_bench.feedback.appendLog(tr("Not added: %1").arg(files.join(QLatin1String(", "))));
     });
 }
 
 void PackageCommands::tellNotAdded(const QStringList &files)
 {
-    m_feedback.announce(tr("Not added: %1").arg(files.join(QLatin1String(", "))));
+    m_bench.feedback.announce(tr("Not added: %1").arg(files.join(QLatin1String(", "))));
 }
 
 void PackageCommands::warnNoRepository()
 {
-    m_prompts.warn(tr("No repository"), tr("There are no repositories to add a package to"));
+    m_bench.prompts.warn(tr("No repository"), tr("There are no repositories to add a package to"));
 }
 
 RepoWidget *PackageCommands::chooseTarget()
 {
     QList<RepoWidget *> tabs;
     QStringList paths;
-    const QList<RepoWidget *> shown = m_tabs.shown();
+    const QList<RepoWidget *> shown = m_bench.tabs.shown();
     for (RepoWidget *widget : shown) {
         // One that is about to go takes nothing any more.
         if (!widget->isEnabled())
             continue;
         tabs << widget;
-        paths << m_tabs.pathOf(widget);
+        paths << m_bench.tabs.pathOf(widget);
     }
     if (tabs.isEmpty()) {
         warnNoRepository();
@@ -95,14 +87,15 @@ RepoWidget *PackageCommands::chooseTarget()
     }
     if (tabs.size() == 1)
         return tabs.first();
-    const int index = m_prompts.choose(tr("Choose repository"),
-                                       tr("Select the repository to add the package(s) to:"),
-                                       paths,
-                                       tabs.indexOf(m_tabs.current()));
+    const int index = m_bench.prompts.choose(tr("Choose repository"),
+                                             tr("Select the repository to add the package(s) to:"),
+                                             paths,
+                                             tabs.indexOf(m_bench.tabs.current()));
     // Tabs can have gone while the user was choosing.
-    RepoWidget *target = index < 0 || !m_tabs.shown().contains(tabs.at(index)) ? nullptr : tabs.at(index);
+    RepoWidget *target
+        = index < 0 || !m_bench.tabs.shown().contains(tabs.at(index)) ? nullptr : tabs.at(index);
     if (target != nullptr)
-        m_tabs.bringToFront(target);
+        m_bench.tabs.bringToFront(target);
     return target;
 }
 
@@ -113,8 +106,8 @@ void PackageCommands::chooseAndAdd()
         return;
     const QPointer<RepoWidget> guard(widget);
     const QString name = tr("(%1)").arg(widget->repoShell()->repoInfo().name);
-    const QStringList files
-        = m_prompts.openFiles(tr("Adding Packages%1").arg(name), m_lastFolder, tr("Packages (*.deb *.udeb)"));
+    const QStringList files = m_bench.prompts.openFiles(
+        tr("Adding Packages%1").arg(name), m_lastFolder, tr("Packages (*.deb *.udeb)"));
     if (files.isEmpty())
         return;
     m_lastFolder = QFileInfo(files.first()).absolutePath();
@@ -133,15 +126,15 @@ void PackageCommands::addToChosen(const QStringList &files)
 
 void PackageCommands::addAtStart(const QStringList &files)
 {
-    if (!m_tabs.shown().isEmpty()) {
+    if (!m_bench.tabs.shown().isEmpty()) {
         addToChosen(files);
         return;
     }
     const QStringList packages = packagesAmong(files);
     if (packages.isEmpty())
         return;
-    StartSelectActionDialog dialog(m_prompts.window());
-    m_prompts.run(dialog);
+    StartSelectActionDialog dialog(m_bench.prompts.window());
+    m_bench.prompts.run(dialog);
     const auto add = [this, packages](RepoWidget *target) { addPackages(target, packages); };
     bool isChosen = false;
     if (dialog.action() == StartSelectActionDialog::Action::CreateRepo) {
@@ -163,7 +156,7 @@ void PackageCommands::addPackages(RepoWidget *widget, const QStringList &files)
     const QStringList packages = packagesAmong(files);
     if (packages.isEmpty())
         return;
-    if (m_tabs.isRunning(widget))
+    if (m_bench.tabs.isRunning(widget))
         keep(widget, packages);
     else
         startAdding(widget, packages);
@@ -172,7 +165,7 @@ void PackageCommands::addPackages(RepoWidget *widget, const QStringList &files)
 void PackageCommands::keep(RepoWidget *widget, const QStringList &files)
 {
     m_waiting[widget] << files;
-    m_feedback.appendLog(tr("Will be added next: %1").arg(files.join(QLatin1String(", "))));
+    m_bench.feedback.appendLog(tr("Will be added next: %1").arg(files.join(QLatin1String(", "))));
 }
 
 void PackageCommands::takeDropped(const QStringList &paths,
@@ -187,11 +180,12 @@ void PackageCommands::takeDropped(const QStringList &paths,
         constexpr int Many = 20;
         const QString folders = packages.folders.join(QLatin1String(", "));
         if (packages.files.isEmpty())
-            m_feedback.announce(tr("There are no packages in what was dropped."));
+            m_bench.feedback.announce(tr("There are no packages in what was dropped."));
         else if (packages.inFolders <= Many
-                 || m_prompts.ask(tr("Adding packages"),
-                                  tr("Do you want to add %n package(s)?", nullptr, packages.files.size()),
-                                  tr("%n of them from %1", nullptr, packages.inFolders).arg(folders))
+                 || m_bench.prompts.ask(
+                        tr("Adding packages"),
+                        tr("Do you want to add %n package(s)?", nullptr, packages.files.size()),
+                        tr("%n of them from %1", nullptr, packages.inFolders).arg(folders))
                         == Prompts::Answer::Yes)
             add(packages.files);
     });
@@ -204,7 +198,7 @@ QStringList PackageCommands::packagesAmong(const QStringList &files)
     for (const QString &file : files)
         (PackageDrop::isPackageName(file) ? packages : others) << file;
     if (!others.isEmpty())
-        m_feedback.error(
+        m_bench.feedback.error(
             tr("Only packages can be added: files whose name ends in .deb or .udeb, in small letters."),
             others.join(QLatin1Char('\n')),
             RepoEnums::WARNING);
@@ -214,40 +208,40 @@ QStringList PackageCommands::packagesAmong(const QStringList &files)
 void PackageCommands::startAdding(RepoWidget *widget, const QStringList &files)
 {
     if (!widget->repoShell()->isWritable()) {
-        m_feedback.error(
+        m_bench.feedback.error(
             tr("You cannot change the repository %1: its files belong to another user, or its disk is "
                "read-only.")
-                .arg(m_tabs.pathOf(widget)));
+                .arg(m_bench.tabs.pathOf(widget)));
         tellNotAdded(files);
         return;
     }
     const QPointer<RepoWidget> guard(widget);
     const QStringList components = widget->repoShell()->repoInfo().componentList();
-    if (!m_settings.confirmAddSettings(components) || guard.isNull()) {
+    if (!m_bench.settings.confirmAddSettings(components) || guard.isNull()) {
         tellNotAdded(files);
         return;
     }
     // Somebody else's files can have started a job here while the dialog was open.
-    if (m_tabs.isRunning(widget)) {
+    if (m_bench.tabs.isRunning(widget)) {
         keep(widget, files);
         return;
     }
-    widget->repoShell()->addPackages(files, m_settings.addOptions(components));
+    widget->repoShell()->addPackages(files, m_bench.settings.addOptions(components));
 }
 
 void PackageCommands::removePackages()
 {
-    RepoWidget *widget = m_tabs.current();
-    if (widget == nullptr || m_tabs.isRunning(widget))
+    RepoWidget *widget = m_bench.tabs.current();
+    if (widget == nullptr || m_bench.tabs.isRunning(widget))
         return;
     const QList<PackageInfoPtr> selected = widget->selectedPackages();
     if (selected.isEmpty())
         return;
     const QPointer<RepoWidget> guard(widget);
-    if (m_prompts.askCarefully(tr("Remove confirmation"),
-                               tr("Do you want to remove selected packages?"),
-                               PackageDetails::summary(selected, widget->repoShell()->repoInfo()))
+    if (m_bench.prompts.askCarefully(tr("Remove confirmation"),
+                                     tr("Do you want to remove selected packages?"),
+                                     PackageDetails::summary(selected, widget->repoShell()->repoInfo()))
             == Prompts::Answer::Yes
-        && !guard.isNull() && !m_tabs.isRunning(widget))
+        && !guard.isNull() && !m_bench.tabs.isRunning(widget))
         widget->repoShell()->removePackages(selected);
 }

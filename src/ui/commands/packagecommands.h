@@ -1,30 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ui/commands/workbench.h"
+
 #include <QHash>
 #include <QObject>
 #include <QStringList>
 
 #include <functional>
 
-class JobFeedback;
-class Prompts;
 class RepositoryCommands;
-class RepoTabs;
 class RepoWidget;
-class SettingsCommands;
 
 /** The commands on packages: adding files, whatever way they come, and removing. */
 class PackageCommands : public QObject
 {
     Q_OBJECT
 public:
-    PackageCommands(RepoTabs &tabs,
-                    Prompts &prompts,
-                    JobFeedback &feedback,
-                    SettingsCommands &settings,
-                    RepositoryCommands &repositories,
-                    QObject *parent);
+    PackageCommands(const Workbench &bench, RepositoryCommands &repositories, QObject *parent);
 
     /** Asks for one of several repositories, then for files, and adds these to it. */
     void chooseAndAdd();
@@ -52,10 +45,7 @@ private:
     void keep(RepoWidget *widget, const QStringList &files);
     void startAdding(RepoWidget *widget, const QStringList &files);
 
-    RepoTabs &m_tabs;
-    Prompts &m_prompts;
-    JobFeedback &m_feedback;
-    SettingsCommands &m_settings;
+    Workbench m_bench;
     RepositoryCommands &m_repositories;
     QHash<RepoWidget *, QStringList> m_waiting; ///< files for tabs whose engine is busy
     QString m_lastFolder;

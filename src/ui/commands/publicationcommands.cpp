@@ -20,29 +20,25 @@
 #include <algorithm>
 
 PublicationCommands::PublicationCommands(Ui::MainWindow &ui,
-                                         PublicationMonitor &monitor,
-                                         RepoTabs &tabs,
-                                         Prompts &prompts,
-                                         JobFeedback &feedback,
+                                         const Workbench &bench,
                                          RepositoryCommands &repositories,
+                                         PublicationMonitor &monitor,
                                          QWidget *window)
     : QObject(window)
     , m_ui(ui)
     , m_monitor(monitor)
-    , m_tabs(tabs)
-    , m_prompts(prompts)
-    , m_feedback(feedback)
+    , m_bench(bench)
     , m_repositories(repositories)
     , m_window(window)
-    , m_publish(new PublishCommand(tabs, prompts, feedback, monitor, m_helper, this))
-    , m_sources(new LocalSourceCommand(tabs, prompts, feedback, monitor, m_helper, this))
+    , m_publish(new PublishCommand(bench, monitor, m_helper, this))
+    , m_sources(new LocalSourceCommand(bench, monitor, m_helper, this))
     , m_publishToolTip(ui.m_publishRepoAction->toolTip())
 {
     // Nothing in the window means it.
     m_ui.actionView->setVisible(false);
     connectActions();
-    connect(&m_tabs, &RepoTabs::created, this, &PublicationCommands::attach);
-    connect(&m_tabs, &RepoTabs::listChanged, this, &PublicationCommands::showSnapshot);
+    connect(&m_bench.tabs, &RepoTabs::created, this, &PublicationCommands::attach);
+    connect(&m_bench.tabs, &RepoTabs::listChanged, this, &PublicationCommands::showSnapshot);
     connect(&m_monitor, &PublicationMonitor::changed, this, &PublicationCommands::showSnapshot);
     connect(&m_repositories, &RepositoryCommands::removalsEnded, this, &PublicationCommands::showSnapshot);
     connect(m_sources, &LocalSourceCommand::changed, this, &PublicationCommands::showSnapshot);
@@ -61,10 +57,10 @@ void PublicationCommands::connectActions()
     const auto command = [this](QAction *action, auto function) {
         connect(action, &QAction::triggered, this, [function] { function(); });
     };
-    command(m_ui.m_publishRepoAction, [this] { publish(m_tabs.current()); });
-    command(m_ui.m_unpublishRepoAction, [this] { unpublish(m_tabs.current()); });
-    command(m_ui.m_addSrcListAction, [this] { m_sources->add(m_tabs.current()); });
-    command(m_ui.m_removeSrcListAction, [this] { m_sources->remove(m_tabs.current()); });
+    command(m_ui.m_publishRepoAction, [this] { publish(m_bench.tabs.current()); });
+    command(m_ui.m_unpublishRepoAction, [this] { unpublish(m_bench.tabs.current()); });
+    command(m_ui.m_addSrcListAction, [this] { m_sources->add(m_bench.tabs.current()); });
+    command(m_ui.m_removeSrcListAction, [this] { m_sources->remove(m_bench.tabs.current()); });
     command(m_ui.m_showPublishedReposAction, [this] { showPublishedRepos(); });
 }
 
@@ -82,7 +78,7 @@ void PublicationCommands::attach(RepoWidget *widget)
         panel->setPort(
             PublicationRules::proposedPort(choice.protocol, choice.port, m_monitor.listeningPorts()));
     });
-    connect(&m_tabs, &RepoTabs::moved, widget, [this, widget](const RepoWidget *moved) {
+    connect(&m_bench.tabs, &RepoTabs::moved, widget, [this, widget](const RepoWidget *moved) {
         if (moved == widget)
             showSnapshotIn(widget);
     });
@@ -94,7 +90,7 @@ void PublicationCommands::showSnapshot()
 {
     // Whatever has brought about another snapshot may have changed what is kept.
     m_publish->renewKeptPorts();
-    const QList<RepoWidget *> widgets = m_tabs.shown();
+    const QList<RepoWidget *> widgets = m_bench.tabs.shown();
     for (RepoWidget *widget : widgets)
         showSnapshotIn(widget);
     if (widgets.isEmpty())
@@ -111,14 +107,14 @@ void PublicationCommands::showSnapshotIn(RepoWidget *widget)
     const bool isServed = std::any_of(publications.cbegin(), publications.cend(), [](const Publication &one) {
         return one.state == QLatin1String("active");
     });
-    m_tabs.setPublished(widget, isServed);
+    m_bench.tabs.setPublished(widget, isServed);
     widget->publicationPanel()->showPublications(m_monitor.isKnown(), publications);
     updateCommands(widget);
 }
 
 void PublicationCommands::updateActions()
 {
-    updateCommands(m_tabs.current());
+    updateCommands(m_bench.tabs.current());
 }
 
 PublicationRules PublicationCommands::judge(const RepoWidget &widget) const
@@ -136,7 +132,7 @@ std::optional<Publication> PublicationCommands::publicationToEnd(const Publicati
 
 void PublicationCommands::updateCommands(RepoWidget *widget)
 {
-    const bool isFree = m_tabs.isFree(widget) && m_monitor.isKnown();
+    const bool isFree = m_bench.tabs.isFree(widget) && m_monitor.isKnown();
     bool canPublish = isFree;
     bool canUnpublish = false;
     QString reason;
@@ -160,7 +156,7 @@ void PublicationCommands::updateCommands(RepoWidget *widget)
                 return orphaned.contains(line);
             }));
     }
-    if (widget != m_tabs.current())
+    if (widget != m_bench.tabs.current())
         return;
     m_ui.m_publishRepoAction->setEnabled(canPublish);
     m_ui.m_publishRepoAction->setToolTip(reason.isEmpty() ? m_publishToolTip : toolTipText(reason));
@@ -181,13 +177,13 @@ bool PublicationCommands::isPublished(const QString &path) const
 
 void PublicationCommands::publish(RepoWidget *widget)
 {
-    if (m_tabs.isFree(widget))
+    if (m_bench.tabs.isFree(widget))
         m_publish->publish(widget);
 }
 
 void PublicationCommands::unpublish(RepoWidget *widget)
 {
-    if (!m_tabs.isFree(widget))
+    if (!m_bench.tabs.isFree(widget))
         return;
     if (const std::optional<Publication> publication = publicationToEnd(judge(*widget)))
         end(*publication, widget);
@@ -198,7 +194,7 @@ void PublicationCommands::end(const Publication &publication,
                               const std::function<void(bool)> &answer)
 {
     if (publication.isForeign) {
-        m_feedback.error(
+        m_bench.feedback.error(
             tr("The repository is not unpublished!"),
             tr("The file /etc/vsftpd.conf was written by somebody else, or lets other users in, too. The FTP "
                "server may serve more than the repository and is not stopped. The administrator can stop it: "
@@ -211,7 +207,7 @@ void PublicationCommands::end(const Publication &publication,
     const QPointer<RepoWidget> guard(tab);
     const bool hadTab = tab != nullptr;
     const std::optional<QStringList> lines
-        = hadTab && m_tabs.isRunning(tab) ? QStringList() : m_sources->askForLinesTo(publication);
+        = hadTab && m_bench.tabs.isRunning(tab) ? QStringList() : m_sources->askForLinesTo(publication);
     if (!lines || (hadTab && guard.isNull()))
         return;
     if (lines->isEmpty()) {
@@ -236,7 +232,7 @@ void PublicationCommands::unpublishAll(const QString &path, const std::function<
         return;
     }
     end(publications.first(),
-        m_tabs.find(path),
+        m_bench.tabs.find(path),
         [this, path, canonicalPath, answer, count = publications.size()](bool done) {
             const bool fewer = m_monitor.publicationsOf(canonicalPath).size() < count;
             if (done && fewer)
@@ -249,20 +245,21 @@ void PublicationCommands::unpublishAll(const QString &path, const std::function<
 void PublicationCommands::showPublishedRepos()
 {
     if (m_dialog.isNull()) {
-        m_dialog = new PublishedReposDialog(m_monitor, m_prompts, m_window);
+        m_dialog = new PublishedReposDialog(m_monitor, m_bench.prompts, m_window);
         connect(
             m_dialog, &PublishedReposDialog::openRequested, &m_repositories, &RepositoryCommands::openRepo);
-        connect(
-            m_dialog,
-            &PublishedReposDialog::unpublishRequested,
-            this,
-            [this](const Publication &publication) { end(publication, m_tabs.find(publication.repo.path)); });
+        connect(m_dialog,
+                &PublishedReposDialog::unpublishRequested,
+                this,
+                [this](const Publication &publication) {
+                    end(publication, m_bench.tabs.find(publication.repo.path));
+                });
         connect(m_dialog, &PublishedReposDialog::lineRemovalRequested, this, [this](const QString &line) {
             m_sources->removeLines({line}, nullptr);
         });
         m_dialog->showOrphanedLines(m_sources->orphanedLines());
         connect(m_dialog, &PublishedReposDialog::addressCopied, this, [this] {
-            m_feedback.announce(tr("Address is copied to clipboard"));
+            m_bench.feedback.announce(tr("Address is copied to clipboard"));
         });
     }
     m_dialog->show();

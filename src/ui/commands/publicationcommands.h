@@ -4,19 +4,17 @@
 #include "publication/helperclient.h"
 #include "publication/publicationmonitor.h"
 #include "server/publicationrules.h"
+#include "ui/commands/workbench.h"
 
 #include <QObject>
 #include <QPointer>
 
 #include <functional>
 
-class JobFeedback;
 class LocalSourceCommand;
-class Prompts;
 class PublishCommand;
 class PublishedReposDialog;
 class RepositoryCommands;
-class RepoTabs;
 class RepoWidget;
 class QWidget;
 
@@ -35,11 +33,9 @@ class PublicationCommands : public QObject
 public:
     /** `ui` holds the actions and outlives the commands; `window` is its window. */
     PublicationCommands(Ui::MainWindow &ui,
-                        PublicationMonitor &monitor,
-                        RepoTabs &tabs,
-                        Prompts &prompts,
-                        JobFeedback &feedback,
+                        const Workbench &bench,
                         RepositoryCommands &repositories,
+                        PublicationMonitor &monitor,
                         QWidget *window);
 
     /** Shows by the actions and the current tab's panel what can be done now. */
@@ -64,9 +60,7 @@ private:
 
     Ui::MainWindow &m_ui;
     PublicationMonitor &m_monitor;
-    RepoTabs &m_tabs;
-    Prompts &m_prompts;
-    JobFeedback &m_feedback;
+    Workbench m_bench;
     RepositoryCommands &m_repositories;
     QWidget *m_window;
     HelperClient m_helper; ///< the one way to the system for both commands

@@ -27,16 +27,12 @@ QString serviceOf(int protocol, int port)
 }
 } // namespace
 
-PublishCommand::PublishCommand(RepoTabs &tabs,
-                               Prompts &prompts,
-                               JobFeedback &feedback,
+PublishCommand::PublishCommand(const Workbench &bench,
                                PublicationMonitor &monitor,
                                HelperClient &helper,
                                QObject *parent)
     : QObject(parent)
-    , m_tabs(tabs)
-    , m_prompts(prompts)
-    , m_feedback(feedback)
+    , m_bench(bench)
     , m_monitor(monitor)
     , m_helper(helper)
 {
@@ -47,16 +43,16 @@ PublishCommand::PublishCommand(RepoTabs &tabs,
 
 void PublishCommand::publish(RepoWidget *widget)
 {
-    if (m_tabs.isRunning(widget) || widget->repoPath().isEmpty())
+    if (m_bench.tabs.isRunning(widget) || widget->repoPath().isEmpty())
         return;
     const PublicationRequest wanted = requestOf(*widget);
     if (wanted.protocol < 0) {
         widget->showPublication();
-        m_feedback.announce(tr("Choose a server type, then publish the repository once more."));
+        m_bench.feedback.announce(tr("Choose a server type, then publish the repository once more."));
         widget->publicationPanel()->askServerType();
         return;
     }
-    m_tabs.setWaiting(widget, true);
+    m_bench.tabs.setWaiting(widget, true);
     checkPackage({widget, wanted, {}});
 }
 
@@ -75,19 +71,19 @@ void PublishCommand::renewKeptPorts()
 
 bool PublishCommand::goesOn(const Request &request) const
 {
-    return !request.widget.isNull() && !m_prompts.isDismissed();
+    return !request.widget.isNull() && !m_bench.prompts.isDismissed();
 }
 
 void PublishCommand::giveUp(const Request &request)
 {
     if (goesOn(request))
-        m_tabs.setWaiting(request.widget, false);
+        m_bench.tabs.setWaiting(request.widget, false);
 }
 
 void PublishCommand::refuse(const Request &request, const QString &reason)
 {
     giveUp(request);
-    m_feedback.error(tr("The repository is not published!"), reason, RepoEnums::WARNING);
+    m_bench.feedback.error(tr("The repository is not published!"), reason, RepoEnums::WARNING);
 }
 
 void PublishCommand::afterReading(const std::function<void()> &next)
@@ -113,7 +109,7 @@ void PublishCommand::checkPackage(const Request &request)
             return;
         }
         giveUp(request);
-        offerMissingPackage(m_prompts, package);
+        offerMissingPackage(m_bench.prompts, package);
     });
 }
 
@@ -165,11 +161,11 @@ void PublishCommand::judgeAccess(const Request &request, const PublicationAccess
     const int further = access.unreadableCount - access.unreadable.size();
     if (further > 0)
         closed << tr("and %n further file(s)", nullptr, further);
-    const Prompts::Answer answer
-        = m_prompts.ask(tr("Access rights"),
-                        tr("The server cannot read everything in the repository. Do you want to let all "
-                           "users of this machine read it?"),
-                        closed.join(QLatin1Char('\n')));
+    const Prompts::Answer answer = m_bench.prompts.ask(
+        tr("Access rights"),
+        tr("The server cannot read everything in the repository. Do you want to let all "
+           "users of this machine read it?"),
+        closed.join(QLatin1Char('\n')));
     if (answer == Prompts::Answer::Yes && goesOn(request))
         openUp(request);
     else
@@ -198,16 +194,18 @@ bool PublishCommand::agreesToReplace(const Request &request)
                   ? tr("The repository %1 is published over FTP now and will not be any more.")
                         .arg(replaced->repo.path)
                   : tr("The first file that is not the program's own is kept beside it.");
-        return m_prompts.askCarefully(tr("Rewrite confirmation"),
-                                      tr("File /etc/vsftpd.conf will be rewrite. Do you want to continue?"),
-                                      about)
+        return m_bench.prompts.askCarefully(
+                   tr("Rewrite confirmation"),
+                   tr("File /etc/vsftpd.conf will be rewrite. Do you want to continue?"),
+                   about)
                == Prompts::Answer::Yes;
     }
     return !replaced
-           || m_prompts.askCarefully(tr("Publication confirmation"),
-                                     tr("The port %1 belongs to the service of the repository %2, which does "
-                                        "not run. Do you want to replace it?")
-                                         .arg(QString::number(request.wanted.port), replaced->repo.path))
+           || m_bench.prompts.askCarefully(
+                  tr("Publication confirmation"),
+                  tr("The port %1 belongs to the service of the repository %2, which does "
+                     "not run. Do you want to replace it?")
+                      .arg(QString::number(request.wanted.port), replaced->repo.path))
                   == Prompts::Answer::Yes;
 }
 
@@ -216,8 +214,8 @@ void PublishCommand::confirm(const Request &request)
     const auto agrees = [this, &request] {
         const bool isEmpty = request.widget->repoShell()->packageCount() == 0;
         if (isEmpty
-            && m_prompts.ask(tr("Publication confirmation"),
-                             tr("Do you want to publish an empty repository?"))
+            && m_bench.prompts.ask(tr("Publication confirmation"),
+                                   tr("Do you want to publish an empty repository?"))
                    != Prompts::Answer::Yes)
             return false;
         return goesOn(request) && agreesToReplace(request);
@@ -232,8 +230,8 @@ void PublishCommand::confirm(const Request &request)
 
 void PublishCommand::makeRoom(const Request &request)
 {
-    m_feedback.showWaiting(request.widget,
-                           tr("Waiting for the system to publish %1").arg(request.wanted.path));
+    m_bench.feedback.showWaiting(request.widget,
+                                 tr("Waiting for the system to publish %1").arg(request.wanted.path));
     if (!request.rules.stopsFirst) {
         askSystem(request);
         return;
@@ -291,7 +289,7 @@ void PublishCommand::finish(const Request &request, const HelperClient::Result &
     }
     request.widget->publicationPanel()->claim(request.wanted.protocol, request.wanted.port);
     renewKeptPorts();
-    if (request.widget == m_tabs.current())
+    if (request.widget == m_bench.tabs.current())
         request.widget->showPublication();
     endWaiting(request.widget, tr("Repository is published."), trouble);
     Q_EMIT published(request.widget);
@@ -334,16 +332,17 @@ QString PublishCommand::wordOfFailure()
 void PublishCommand::unpublish(const Publication &publication, RepoWidget *tab, const Answer &answer)
 {
     RepoWidget *widget = tab == nullptr || tab->repoPath().isEmpty() ? nullptr : tab;
-    if (widget != nullptr && m_tabs.isRunning(widget)) {
-        m_feedback.announce(
+    if (widget != nullptr && m_bench.tabs.isRunning(widget)) {
+        m_bench.feedback.announce(
             tr("The repository %1 is busy. Unpublish it when that has ended.").arg(publication.repo.path));
         return;
     }
-    m_tabs.setWaiting(widget, true);
-    m_feedback.showWaiting(widget, tr("Waiting for the system to unpublish %1").arg(publication.repo.path));
+    m_bench.tabs.setWaiting(widget, true);
+    m_bench.feedback.showWaiting(widget,
+                                 tr("Waiting for the system to unpublish %1").arg(publication.repo.path));
     const auto end = [this, publication, answer, hadTab = widget != nullptr, guard = QPointer(widget)](
                          const HelperClient::Result &result) {
-        if (!m_prompts.isDismissed() && (!hadTab || !guard.isNull()))
+        if (!m_bench.prompts.isDismissed() && (!hadTab || !guard.isNull()))
             endUnpublishing(publication, guard, result, answer);
     };
     m_helper.unpublishRepo(
@@ -374,8 +373,8 @@ void PublishCommand::endUnpublishing(const Publication &publication,
 
 void PublishCommand::endWaiting(RepoWidget *tab, const QString &message, const JobFeedback::Trouble &trouble)
 {
-    m_feedback.endWaiting(tab, message, trouble);
-    m_tabs.setWaiting(tab, false);
+    m_bench.feedback.endWaiting(tab, message, trouble);
+    m_bench.tabs.setWaiting(tab, false);
 }
 
 bool PublishCommand::isListed(const Publication &publication) const

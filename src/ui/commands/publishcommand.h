@@ -5,6 +5,7 @@
 #include "publication/publicationmonitor.h"
 #include "server/publicationaccess.h"
 #include "server/publicationrules.h"
+#include "ui/commands/workbench.h"
 #include "ui/tab/jobfeedback.h"
 
 #include <QDateTime>
@@ -14,8 +15,6 @@
 
 #include <functional>
 
-class Prompts;
-class RepoTabs;
 class RepoWidget;
 
 /**
@@ -29,9 +28,7 @@ class PublishCommand : public QObject
 public:
     using Answer = std::function<void(bool done)>;
 
-    PublishCommand(RepoTabs &tabs,
-                   Prompts &prompts,
-                   JobFeedback &feedback,
+    PublishCommand(const Workbench &bench,
                    PublicationMonitor &monitor,
                    HelperClient &helper,
                    QObject *parent);
@@ -87,9 +84,7 @@ private:
     static QString whereReasonsAre();
     static QString wordOfFailure();
 
-    RepoTabs &m_tabs;
-    Prompts &m_prompts;
-    JobFeedback &m_feedback;
+    Workbench m_bench;
     PublicationMonitor &m_monitor;
     HelperClient &m_helper;
     QHash<int, QString>

@@ -31,23 +31,20 @@ QString cleaned(const QString &path)
 }
 } // namespace
 
-RepositoryCommands::RepositoryCommands(
-    RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, RecentRepositories &recent, QObject *parent)
+RepositoryCommands::RepositoryCommands(const Workbench &bench, RecentRepositories &recent, QObject *parent)
     : QObject(parent)
-    , m_tabs(tabs)
-    , m_prompts(prompts)
-    , m_feedback(feedback)
+    , m_bench(bench)
     , m_recent(recent)
 {
     connect(&m_recent, &RecentRepositories::chosen, this, &RepositoryCommands::openRecent);
-    connect(&m_tabs,
+    connect(&m_bench.tabs,
             &RepoTabs::moved,
             this,
             [this](const RepoWidget *, const QString &newPath, const QString &oldPath) {
                 m_recent.remove(oldPath);
                 m_recent.add(newPath);
             });
-    connect(&m_tabs, &RepoTabs::leaving, this, &RepositoryCommands::endReopening);
+    connect(&m_bench.tabs, &RepoTabs::leaving, this, &RepositoryCommands::endReopening);
 }
 
 // --- new ---------------------------------------------------------------------------------------------------------
@@ -78,7 +75,7 @@ void RepositoryCommands::createForImport(const QString &source, const QString &f
 
 bool RepositoryCommands::create(Creation creation)
 {
-    NewRepoDialog dialog(creation.mode, m_prompts, m_prompts.window());
+    NewRepoDialog dialog(creation.mode, m_bench.prompts, m_bench.prompts.window());
     if (creation.isTypedIn) {
         dialog.setEntries(creation.path, creation.info);
     } else {
@@ -98,30 +95,31 @@ bool RepositoryCommands::create(Creation creation)
         });
     dialog.setPublishedCheck(m_publishing.isPublished);
     dialog.setRemembered(remembered());
-    if (m_prompts.run(dialog) != QDialog::Accepted)
+    if (m_bench.prompts.run(dialog) != QDialog::Accepted)
         return false;
     const QString path = dialog.repositoryPath();
     for (const QString &removed : qAsConst(m_removing)) {
         if (PathGuard::overlap(path, removed)) {
-            m_feedback.error(tr("The repository %1 is being deleted.").arg(removed), {}, RepoEnums::WARNING);
+            m_bench.feedback.error(
+                tr("The repository %1 is being deleted.").arg(removed), {}, RepoEnums::WARNING);
             return false;
         }
     }
     creation.path = path;
     creation.info = dialog.repoInfo();
     creation.isTypedIn = true;
-    RepoWidget *widget = m_tabs.create(path);
+    RepoWidget *widget = m_bench.tabs.create(path);
     connect(widget->repoShell(), &RepoShell::repoCreated, this, [this, widget, creation](int result) {
         if (result != RepoShell::SUCCESS) {
-            m_feedback.announce(creation.failure);
+            m_bench.feedback.announce(creation.failure);
             if (creation.purpose.failed)
                 creation.purpose.failed(widget);
             QTimer::singleShot(0, this, [this, creation] { createAgain(creation); });
             return;
         }
-        m_tabs.show(widget);
+        m_bench.tabs.show(widget);
         m_recent.add(creation.path);
-        m_feedback.announce(tr("Repository is created."));
+        m_bench.feedback.announce(tr("Repository is created."));
     });
     widget->repoShell()->createRepoAside(path, creation.info);
     if (creation.purpose.made)
@@ -131,8 +129,8 @@ bool RepositoryCommands::create(Creation creation)
 
 void RepositoryCommands::createAgain(const Creation &creation)
 {
-    const bool isClosing = m_prompts.isDismissed();
-    if (isClosing || !m_prompts.isOpen()) {
+    const bool isClosing = m_bench.prompts.isDismissed();
+    if (isClosing || !m_bench.prompts.isOpen()) {
         if ((isClosing || !create(creation)) && creation.purpose.givenUp)
             creation.purpose.givenUp();
         return;
@@ -143,12 +141,12 @@ void RepositoryCommands::createAgain(const Creation &creation)
         disconnect(*once);
         createAgain(creation);
     };
-    *once = connect(&m_prompts, &Prompts::freed, this, again, Qt::QueuedConnection);
+    *once = connect(&m_bench.prompts, &Prompts::freed, this, again, Qt::QueuedConnection);
 }
 
 QStringList RepositoryCommands::remembered() const
 {
-    return m_recent.paths() + m_tabs.allCanonicalPaths();
+    return m_recent.paths() + m_bench.tabs.allCanonicalPaths();
 }
 
 void RepositoryCommands::fillDefaults(NewRepoDialog *dialog)
@@ -162,7 +160,7 @@ void RepositoryCommands::fillDefaults(NewRepoDialog *dialog)
 
 RepoWidget *RepositoryCommands::chooseAndOpen()
 {
-    const QString path = m_prompts.directory(tr("Select repository directory"), QDir::homePath());
+    const QString path = m_bench.prompts.directory(tr("Select repository directory"), QDir::homePath());
     return path.isEmpty() ? nullptr : openRepo(path);
 }
 
@@ -181,22 +179,22 @@ RepositoryCommands::FolderState RepositoryCommands::stateOf(const QString &path)
 RepoWidget *RepositoryCommands::showRepo(const QString &repoPath, bool again)
 {
     const QString path = cleaned(repoPath);
-    if (RepoWidget *open = m_tabs.find(path)) {
-        m_tabs.bringToFront(open);
+    if (RepoWidget *open = m_bench.tabs.find(path)) {
+        m_bench.tabs.bringToFront(open);
         return open;
     }
-    RepoWidget *widget = m_tabs.create(path);
-    m_tabs.show(widget);
-    m_tabs.setWaiting(widget, true);
+    RepoWidget *widget = m_bench.tabs.create(path);
+    m_bench.tabs.show(widget);
+    m_bench.tabs.setWaiting(widget, true);
     if (again)
         m_reopened.insert(widget);
     runInBackground(
         widget,
         [path] { return stateOf(path); },
         [this, widget, path, again](const FolderState &state) {
-            if (m_tabs.pathOf(widget).isEmpty() || m_prompts.isDismissed())
+            if (m_bench.tabs.pathOf(widget).isEmpty() || m_bench.prompts.isDismissed())
                 return;
-            m_tabs.setWaiting(widget, false);
+            m_bench.tabs.setWaiting(widget, false);
             openWhatIsThere(widget, path, state, again);
             endReopening(widget);
         });
@@ -208,23 +206,23 @@ void RepositoryCommands::openWhatIsThere(RepoWidget *widget,
                                          const FolderState &state,
                                          bool again)
 {
-    RepoWidget *other = m_tabs.find(state.canonicalPath);
+    RepoWidget *other = m_bench.tabs.find(state.canonicalPath);
     if (other != nullptr && other != widget) {
-        m_tabs.bringToFront(other);
+        m_bench.tabs.bringToFront(other);
     } else if (again && !state.isRepository) {
-        m_feedback.appendLog(tr("File %1/conf/distributions not found!").arg(path));
+        m_bench.feedback.appendLog(tr("File %1/conf/distributions not found!").arg(path));
     } else if (!state.isFolder) {
-        m_feedback.error(tr("The directory %1 does not exist.").arg(path), {}, RepoEnums::WARNING);
+        m_bench.feedback.error(tr("The directory %1 does not exist.").arg(path), {}, RepoEnums::WARNING);
     } else if (m_removing.contains(state.canonicalPath)) {
-        m_feedback.announce(tr("The repository %1 is being deleted.").arg(path));
+        m_bench.feedback.announce(tr("The repository %1 is being deleted.").arg(path));
     } else {
-        m_tabs.setCanonicalPath(widget, state.canonicalPath);
+        m_bench.tabs.setCanonicalPath(widget, state.canonicalPath);
         if (!again)
             rememberOnceOpen(*widget->repoShell(), path);
         widget->openRepo(path);
         return;
     }
-    m_tabs.discard(widget);
+    m_bench.tabs.discard(widget);
 }
 
 void RepositoryCommands::rememberOnceOpen(const RepoShell &shell, const QString &path)
@@ -241,13 +239,13 @@ void RepositoryCommands::rememberOnceOpen(const RepoShell &shell, const QString 
 
 QString RepositoryCommands::canonicalPathOf(const QString &path) const
 {
-    const RepoWidget *widget = m_tabs.find(path);
-    return widget != nullptr ? m_tabs.canonicalPathOf(widget) : PathGuard::resolved(path);
+    const RepoWidget *widget = m_bench.tabs.find(path);
+    return widget != nullptr ? m_bench.tabs.canonicalPathOf(widget) : PathGuard::resolved(path);
 }
 
 void RepositoryCommands::openRecent(const QString &path)
 {
-    if (m_tabs.find(cleaned(path)) != nullptr) {
+    if (m_bench.tabs.find(cleaned(path)) != nullptr) {
         openRepo(path);
         return;
     }
@@ -259,9 +257,9 @@ void RepositoryCommands::openRecent(const QString &path)
                 openRepo(path);
                 return;
             }
-            m_feedback.appendLog(tr("The directory %1 does not exist.").arg(path));
+            m_bench.feedback.appendLog(tr("The directory %1 does not exist.").arg(path));
             // It may lie on a disk that is absent just now.
-            if (m_prompts.askCarefully(
+            if (m_bench.prompts.askCarefully(
                     tr("Recent repositories"),
                     tr("The directory %1 does not exist. Do you want to remove it from the list of "
                        "recent repositories?")
@@ -293,33 +291,34 @@ void RepositoryCommands::endReopening(const RepoWidget *widget)
 
 void RepositoryCommands::changeRepo()
 {
-    RepoWidget *widget = m_tabs.current();
-    if (widget == nullptr || m_tabs.isRunning(widget))
+    RepoWidget *widget = m_bench.tabs.current();
+    if (widget == nullptr || m_bench.tabs.isRunning(widget))
         return;
     // Somebody may have edited the description since the repository was opened.
-    const QString path = m_tabs.pathOf(widget);
+    const QString path = m_bench.tabs.pathOf(widget);
     runInBackground(
         widget,
         [path] { return DistributionsFile(path).readBytes(); },
         [this, widget, path](const std::optional<QByteArray> &description) {
-            if (m_tabs.pathOf(widget) != path || m_tabs.isRunning(widget) || m_prompts.isOpen())
+            if (m_bench.tabs.pathOf(widget) != path || m_bench.tabs.isRunning(widget)
+                || m_bench.prompts.isOpen())
                 return;
             if (description)
                 change(widget, *description);
             else
-                m_feedback.error(tr("File %1/conf/distributions not found!").arg(path));
+                m_bench.feedback.error(tr("File %1/conf/distributions not found!").arg(path));
         });
 }
 
 void RepositoryCommands::change(RepoWidget *widget, const QByteArray &description)
 {
     const QPointer<RepoWidget> guard(widget);
-    const QString path = m_tabs.pathOf(widget);
-    NewRepoDialog dialog(NewRepoDialog::Mode::Change, m_prompts, m_prompts.window());
+    const QString path = m_bench.tabs.pathOf(widget);
+    NewRepoDialog dialog(NewRepoDialog::Mode::Change, m_bench.prompts, m_bench.prompts.window());
     dialog.setRepository(path, DistributionsFile(path).parsed(description), widget->repoShell()->packages());
     dialog.setPublishedCheck(m_publishing.isPublished);
     dialog.setRemembered(remembered());
-    if (m_prompts.run(dialog) != QDialog::Accepted || guard.isNull() || m_tabs.isRunning(widget))
+    if (m_bench.prompts.run(dialog) != QDialog::Accepted || guard.isNull() || m_bench.tabs.isRunning(widget))
         return;
     widget->repoShell()->changeRepo(
         dialog.repositoryPath(), dialog.repoInfo(), description, dialog.carriesPackages());
@@ -329,30 +328,31 @@ void RepositoryCommands::change(RepoWidget *widget, const QByteArray &descriptio
 
 void RepositoryCommands::removeRepo()
 {
-    RepoWidget *widget = m_tabs.current();
-    if (widget == nullptr || m_tabs.isRunning(widget))
+    RepoWidget *widget = m_bench.tabs.current();
+    if (widget == nullptr || m_bench.tabs.isRunning(widget))
         return;
-    const QString path = m_tabs.pathOf(widget);
+    const QString path = m_bench.tabs.pathOf(widget);
     runInBackground(
         widget,
         // Before anything is given up for a deletion that cannot be.
-        [path, known = RepositoryRemoval::Known{m_tabs.allCanonicalPaths(widget), remembered()}] {
+        [path, known = RepositoryRemoval::Known{m_bench.tabs.allCanonicalPaths(widget), remembered()}] {
             return RepositoryRemoval::refusal(path, known);
         },
         [this, widget, path](const QString &refusal) {
-            if (m_tabs.pathOf(widget) != path || m_tabs.isRunning(widget) || m_prompts.isOpen())
+            if (m_bench.tabs.pathOf(widget) != path || m_bench.tabs.isRunning(widget)
+                || m_bench.prompts.isOpen())
                 return;
             if (refusal.isEmpty())
                 askForRemoval(widget);
             else
-                m_feedback.error(tr("Repository is not deleted."), refusal);
+                m_bench.feedback.error(tr("Repository is not deleted."), refusal);
         });
 }
 
 void RepositoryCommands::askForRemoval(RepoWidget *widget)
 {
     const QPointer<RepoWidget> guard(widget);
-    const QString path = m_tabs.pathOf(widget);
+    const QString path = m_bench.tabs.pathOf(widget);
     const QString title = tr("Remove confirmation");
     const bool isPublished = m_publishing.isPublished && m_publishing.isPublished(path);
     QStringList about{
@@ -363,8 +363,8 @@ void RepositoryCommands::askForRemoval(RepoWidget *widget)
         about << tr(
             "It is in this machine's local sources list, and stays there if you do not remove it first. "
             "apt then reports an error at each update.");
-    const auto mayGoOn = [this, guard] { return !guard.isNull() && !m_tabs.isRunning(guard); };
-    if (m_prompts.askCarefully(
+    const auto mayGoOn = [this, guard] { return !guard.isNull() && !m_bench.tabs.isRunning(guard); };
+    if (m_bench.prompts.askCarefully(
             title, tr("Do you want to delete a repository %1?").arg(path), about.join(QLatin1Char('\n')))
             != Prompts::Answer::Yes
         || !mayGoOn())
@@ -374,9 +374,9 @@ void RepositoryCommands::askForRemoval(RepoWidget *widget)
         return;
     }
     const Prompts::Answer answer
-        = m_prompts.ask(title,
-                        tr("Do you want to unpublish the repository first?"),
-                        tr("Otherwise a service goes on that has nothing to serve."));
+        = m_bench.prompts.ask(title,
+                              tr("Do you want to unpublish the repository first?"),
+                              tr("Otherwise a service goes on that has nothing to serve."));
     if (answer == Prompts::Answer::Dismissed || !mayGoOn())
         return;
     if (answer == Prompts::Answer::No) {
@@ -391,8 +391,8 @@ void RepositoryCommands::askForRemoval(RepoWidget *widget)
 
 void RepositoryCommands::remove(RepoWidget *widget)
 {
-    const QString path = m_tabs.pathOf(widget);
-    const QString canonicalPath = m_tabs.canonicalPathOf(widget);
+    const QString path = m_bench.tabs.pathOf(widget);
+    const QString canonicalPath = m_bench.tabs.canonicalPathOf(widget);
     // Nothing may use the directory any more when it is deleted. This also takes the tab away.
     widget->repoShell()->closeAndForgetRepo();
     startRemoval(path, canonicalPath);
@@ -402,28 +402,29 @@ void RepositoryCommands::startRemoval(const QString &path, const QString &canoni
 {
     m_removing << canonicalPath;
     using Outcome = std::pair<RepositoryRemoval::Outcome, QString>;
-    const auto work = [path, known = RepositoryRemoval::Known{m_tabs.allCanonicalPaths(), remembered()}] {
-        QString reason;
-        const RepositoryRemoval::Outcome outcome = RepositoryRemoval::remove(path, known, &reason);
-        return Outcome(outcome, reason);
-    };
+    const auto work
+        = [path, known = RepositoryRemoval::Known{m_bench.tabs.allCanonicalPaths(), remembered()}] {
+              QString reason;
+              const RepositoryRemoval::Outcome outcome = RepositoryRemoval::remove(path, known, &reason);
+              return Outcome(outcome, reason);
+          };
     runInBackground(this, work, [this, path, canonicalPath](const Outcome &outcome) {
         m_removing.removeOne(canonicalPath);
         if (outcome.first == RepositoryRemoval::Outcome::Deleted) {
             m_recent.remove(path);
             QSettings settings;
             PublicationSettings::release(settings, {path, canonicalPath});
-            m_feedback.announce(tr("Repository is deleted."));
+            m_bench.feedback.announce(tr("Repository is deleted."));
         } else if (outcome.first == RepositoryRemoval::Outcome::Absent) {
             m_recent.remove(path);
-            m_feedback.error(tr("The directory %1 does not exist, so there was nothing to delete. The "
-                                "repository was closed and is no longer among the recent ones.")
-                                 .arg(path),
-                             {},
-                             RepoEnums::WARNING);
+            m_bench.feedback.error(tr("The directory %1 does not exist, so there was nothing to delete. The "
+                                      "repository was closed and is no longer among the recent ones.")
+                                       .arg(path),
+                                   {},
+                                   RepoEnums::WARNING);
         } else {
-            m_feedback.appendLog(tr("Repository is not deleted"));
-            m_prompts.showError(tr("Repository is not deleted."), outcome.second);
+            m_bench.feedback.appendLog(tr("Repository is not deleted"));
+            m_bench.prompts.showError(tr("Repository is not deleted."), outcome.second);
         }
         if (m_removing.isEmpty())
             Q_EMIT removalsEnded();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/repoinfo.h"
+#include "ui/commands/workbench.h"
 #include "ui/dialogs/newrepodialog.h"
 
 #include <QByteArray>
@@ -11,11 +12,8 @@
 
 #include <functional>
 
-class JobFeedback;
-class Prompts;
 class RecentRepositories;
 class RepoShell;
-class RepoTabs;
 class RepoWidget;
 
 /** The commands on whole repositories: new, open, change, remove. */
@@ -33,8 +31,7 @@ public:
         std::function<bool(const RepoWidget &widget)> isLocalSource;
     };
 
-    RepositoryCommands(
-        RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, RecentRepositories &recent, QObject *parent);
+    RepositoryCommands(const Workbench &bench, RecentRepositories &recent, QObject *parent);
 
     void setPublishing(const Publishing &publishing) { m_publishing = publishing; }
 
@@ -116,9 +113,7 @@ private:
     void remove(RepoWidget *widget);
     void startRemoval(const QString &path, const QString &canonicalPath);
 
-    RepoTabs &m_tabs;
-    Prompts &m_prompts;
-    JobFeedback &m_feedback;
+    Workbench m_bench;
     RecentRepositories &m_recent;
     Publishing m_publishing;
     QStringList m_removing; ///< directories that are being deleted

@@ -17,15 +17,11 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
-SigningCommands::SigningCommands(
-    RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, SettingsCommands &settings, QObject *parent)
+SigningCommands::SigningCommands(const Workbench &bench, QObject *parent)
     : QObject(parent)
-    , m_tabs(tabs)
-    , m_prompts(prompts)
-    , m_feedback(feedback)
-    , m_settings(settings)
+    , m_bench(bench)
 {
-    connect(&m_tabs, &RepoTabs::created, this, [this](const RepoWidget *widget) {
+    connect(&m_bench.tabs, &RepoTabs::created, this, [this](const RepoWidget *widget) {
         connect(widget, &RepoWidget::copyPublicKeyTriggered, this, &SigningCommands::copyPublicKey);
         connect(widget, &RepoWidget::savePublicKeyTriggered, this, [this, widget](const QString &keyId) {
             savePublicKey(*widget, keyId);
@@ -37,16 +33,16 @@ SigningCommands::SigningCommands(
 
 bool SigningCommands::isPossible(const Request &request) const
 {
-    return !request.widget.isNull() && !m_tabs.isRunning(request.widget) && !request.packages.isEmpty();
+    return !request.widget.isNull() && !m_bench.tabs.isRunning(request.widget) && !request.packages.isEmpty();
 }
 
 void SigningCommands::signPackages()
 {
-    RepoWidget *widget = m_tabs.current();
+    RepoWidget *widget = m_bench.tabs.current();
     if (widget == nullptr || m_isReading)
         return;
     const Request request{widget, widget->selectedPackages()};
-    if (isPossible(request) && m_settings.chooseKeyIfNone())
+    if (isPossible(request) && m_bench.settings.chooseKeyIfNone())
         readKey(request);
 }
 
@@ -64,17 +60,17 @@ void SigningCommands::confirm(const Request &request, const KeyListing &listing)
     if (!isPossible(request))
         return;
     const QString title = tr("Sign confirmation");
-    const QString keyId = m_settings.choices().signKeyId;
+    const QString keyId = m_bench.settings.choices().signKeyId;
     const QString key = SignProcess::keyText(listing.keys, keyId);
     const QString obstacle = key.isEmpty() ? tr("not in the key ring") : listing.unusable.value(key);
     if (!obstacle.isEmpty()) {
-        if (m_prompts.ask(title,
-                          tr("The chosen key cannot sign. Do you want to choose another one?"),
-                          tr("%1 (%2)").arg(key.isEmpty() ? keyId : key, obstacle))
+        if (m_bench.prompts.ask(title,
+                                tr("The chosen key cannot sign. Do you want to choose another one?"),
+                                tr("%1 (%2)").arg(key.isEmpty() ? keyId : key, obstacle))
             != Prompts::Answer::Yes)
             return;
-        m_settings.showParametersDialog();
-        if (m_settings.choices().signKeyId != keyId)
+        m_bench.settings.showParametersDialog();
+        if (m_bench.settings.choices().signKeyId != keyId)
             readKey(request);
         return;
     }
@@ -83,7 +79,8 @@ void SigningCommands::confirm(const Request &request, const KeyListing &listing)
     const QString warning = listing.warnings.value(key);
     if (!warning.isEmpty())
         about << warning;
-    if (m_prompts.ask(title, tr("Do you want to sign selected packages?"), about.join(QLatin1Char('\n')))
+    if (m_bench.prompts.ask(
+            title, tr("Do you want to sign selected packages?"), about.join(QLatin1Char('\n')))
             == Prompts::Answer::Yes
         && isPossible(request))
         request.widget->repoShell()->signPackages(request.packages, keyId);
@@ -96,11 +93,11 @@ void SigningCommands::copyPublicKey(const QString &keyId)
     const auto read = [keyId] { return RepositoryKey::publicKey(keyId); };
     runInBackground(this, read, [this](const RepositoryKey::Export &exported) {
         if (exported.key.isEmpty()) {
-            m_feedback.error(tr("The public key cannot be exported."), exported.errorText);
+            m_bench.feedback.error(tr("The public key cannot be exported."), exported.errorText);
             return;
         }
         QGuiApplication::clipboard()->setText(QString::fromLatin1(exported.key));
-        m_feedback.announce(tr("Public key is copied to clipboard"));
+        m_bench.feedback.announce(tr("Public key is copied to clipboard"));
     });
 }
 
@@ -109,14 +106,14 @@ void SigningCommands::savePublicKey(const RepoWidget &widget, const QString &key
     // There it is served together with the repository.
     const QString name = QStringLiteral("repository-key.asc");
     const QString path
-        = m_prompts.saveFile(tr("Save public key"), widget.repoPath(), name, {tr("Keys (*.asc)")}).path;
+        = m_bench.prompts.saveFile(tr("Save public key"), widget.repoPath(), name, {tr("Keys (*.asc)")}).path;
     if (path.isEmpty())
         return;
     const auto save = [keyId, path] { return RepositoryKey::savePublicKey(keyId, path); };
     runInBackground(this, save, [this, path](const QString &failure) {
         if (failure.isEmpty())
-            m_feedback.announce(tr("The public key is saved in %1.").arg(path));
+            m_bench.feedback.announce(tr("The public key is saved in %1.").arg(path));
         else
-            m_feedback.error(tr("The public key cannot be saved in %1.").arg(path), failure);
+            m_bench.feedback.error(tr("The public key cannot be saved in %1.").arg(path), failure);
     });
 }

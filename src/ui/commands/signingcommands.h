@@ -2,15 +2,12 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "ui/commands/workbench.h"
 
 #include <QObject>
 #include <QPointer>
 
-class JobFeedback;
-class Prompts;
-class RepoTabs;
 class RepoWidget;
-class SettingsCommands;
 struct KeyListing;
 
 /** Signing packages, and handing out the public key of a signed repository. */
@@ -18,8 +15,7 @@ class SigningCommands : public QObject
 {
     Q_OBJECT
 public:
-    SigningCommands(
-        RepoTabs &tabs, Prompts &prompts, JobFeedback &feedback, SettingsCommands &settings, QObject *parent);
+    SigningCommands(const Workbench &bench, QObject *parent);
 
     /** Signs the selected packages of the current tab after a question, in which the key is named. */
     void signPackages();
@@ -38,9 +34,6 @@ private:
     void copyPublicKey(const QString &keyId);
     void savePublicKey(const RepoWidget &widget, const QString &keyId);
 
-    RepoTabs &m_tabs;
-    Prompts &m_prompts;
-    JobFeedback &m_feedback;
-    SettingsCommands &m_settings;
+    Workbench m_bench;
     bool m_isReading = false; ///< the keys
 };

@@ -14,20 +14,19 @@
 
 #include <algorithm>
 
-UpgradeCommands::UpgradeCommands(
-    QAction *action, RepoTabs &tabs, Prompts &prompts, SettingsCommands &settings, QObject *parent)
+UpgradeCommands::UpgradeCommands(QAction *action, const Workbench &bench, QObject *parent)
     : QObject(parent)
     , m_action(action)
-    , m_tabs(tabs)
-    , m_prompts(prompts)
-    , m_settings(settings)
+    , m_bench(bench)
 {
     connect(m_action, &QAction::triggered, this, &UpgradeCommands::showUpgradeRepoDialog);
-    connect(&m_tabs, &RepoTabs::created, this, &UpgradeCommands::attach);
-    connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) { m_prepared.removeAll(widget); });
+    connect(&m_bench.tabs, &RepoTabs::created, this, &UpgradeCommands::attach);
+    connect(&m_bench.tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
+        m_prepared.removeAll(widget);
+    });
     // Queued, because a dialog comes: others are told of the tab, and of the dialog that has gone, before.
-    connect(&m_tabs, &RepoTabs::ready, this, &UpgradeCommands::servePrepared, Qt::QueuedConnection);
-    connect(&m_prompts, &Prompts::freed, this, &UpgradeCommands::servePrepared, Qt::QueuedConnection);
+    connect(&m_bench.tabs, &RepoTabs::ready, this, &UpgradeCommands::servePrepared, Qt::QueuedConnection);
+    connect(&m_bench.prompts, &Prompts::freed, this, &UpgradeCommands::servePrepared, Qt::QueuedConnection);
 }
 
 void UpgradeCommands::attach(RepoWidget *widget)
@@ -43,36 +42,36 @@ void UpgradeCommands::attach(RepoWidget *widget)
 
 void UpgradeCommands::updateActions()
 {
-    const RepoWidget *widget = m_tabs.current();
-    m_action->setEnabled(m_tabs.isChangeable(widget) && widget->repoShell()->packageCount() > 0);
+    const RepoWidget *widget = m_bench.tabs.current();
+    m_action->setEnabled(m_bench.tabs.isChangeable(widget) && widget->repoShell()->packageCount() > 0);
 }
 
 void UpgradeCommands::showUpgradeRepoDialog()
 {
-    const QPointer<RepoWidget> target = m_tabs.current();
+    const QPointer<RepoWidget> target = m_bench.tabs.current();
     // Looking for newer versions takes a while, and nothing would come of it.
-    if (!m_tabs.isFree(target) || !m_settings.hasKeyToAdd())
+    if (!m_bench.tabs.isFree(target) || !m_bench.settings.hasKeyToAdd())
         return;
-    UpgradeSourcesDialog dialog(m_settings.externalRepos(), m_lastSources, m_prompts.window());
-    if (m_prompts.run(dialog) != QDialog::Accepted)
+    UpgradeSourcesDialog dialog(m_bench.settings.externalRepos(), m_lastSources, m_bench.prompts.window());
+    if (m_bench.prompts.run(dialog) != QDialog::Accepted)
         return;
     const QStringList sources = dialog.sources();
     if (sources.isEmpty()) {
-        m_prompts.inform(tr("No source selected"),
-                         tr("Since you have not selected any source, the update will be canceled"));
+        m_bench.prompts.inform(tr("No source selected"),
+                               tr("Since you have not selected any source, the update will be canceled"));
         return;
     }
     m_lastSources = sources;
-    if (m_tabs.isFree(target))
+    if (m_bench.tabs.isFree(target))
         target->repoShell()->prepareUpgrade(sources);
 }
 
 void UpgradeCommands::servePrepared()
 {
-    if (m_prompts.isOpen())
+    if (m_bench.prompts.isOpen())
         return;
     const auto next = std::find_if(m_prepared.cbegin(), m_prepared.cend(), [this](const RepoWidget *widget) {
-        return m_tabs.isFree(widget);
+        return m_bench.tabs.isFree(widget);
     });
     // When the dialog has gone, Prompts::freed() calls again for the rest.
     if (next != m_prepared.cend())
@@ -82,15 +81,16 @@ void UpgradeCommands::servePrepared()
 void UpgradeCommands::choosePackages(RepoWidget *widget)
 {
     const QPointer<RepoWidget> target(widget);
-    m_tabs.bringToFront(widget);
+    m_bench.tabs.bringToFront(widget);
     UpgradePackagesDialog dialog(
-        widget->repoShell()->upgradablePackages(), m_settings.aliases(), m_prompts.window());
-    const bool isChosen = m_prompts.run(dialog) == QDialog::Accepted && m_settings.hasKeyToAdd();
+        widget->repoShell()->upgradablePackages(), m_bench.settings.aliases(), m_bench.prompts.window());
+    const bool isChosen = m_bench.prompts.run(dialog) == QDialog::Accepted && m_bench.settings.hasKeyToAdd();
     if (target.isNull())
         return;
     RepoShell *engine = target->repoShell();
-    if (isChosen && m_tabs.isFree(target))
-        engine->upgradeRepo(dialog.packages(), m_settings.addOptions(engine->repoInfo().componentList()));
+    if (isChosen && m_bench.tabs.isFree(target))
+        engine->upgradeRepo(dialog.packages(),
+                            m_bench.settings.addOptions(engine->repoInfo().componentList()));
     else
         engine->removeCustomSourcesListFile(RepoEnums::UPGRADE_JOB);
 }

@@ -1,23 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ui/commands/workbench.h"
+
 #include <QList>
 #include <QObject>
 #include <QStringList>
 
-class Prompts;
 class QAction;
-class RepoTabs;
 class RepoWidget;
-class SettingsCommands;
 
 /** Bringing a repository's packages up to the versions that external repositories offer. */
 class UpgradeCommands : public QObject
 {
     Q_OBJECT
 public:
-    UpgradeCommands(
-        QAction *action, RepoTabs &tabs, Prompts &prompts, SettingsCommands &settings, QObject *parent);
+    UpgradeCommands(QAction *action, const Workbench &bench, QObject *parent);
 
     /** Shows by the action whether it can be done now. */
     void updateActions();
@@ -29,9 +27,7 @@ private:
     void choosePackages(RepoWidget *widget);
 
     QAction *m_action;
-    RepoTabs &m_tabs;
-    Prompts &m_prompts;
-    SettingsCommands &m_settings;
+    Workbench m_bench;
     QList<RepoWidget *> m_prepared; ///< tabs whose newer versions the user has not seen yet
     QStringList m_lastSources;
 };

@@ -69,22 +69,17 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
     m_feedback = new JobFeedback(*m_tabs, *m_prompts, m_ui->m_statusBar, m_log, this);
     m_recent = new RecentRepositories(m_ui->m_recentReposMenu, this);
     m_settings = new SettingsCommands(*m_tabs, *m_prompts, this);
-    m_repositories = new RepositoryCommands(*m_tabs, *m_prompts, *m_feedback, *m_recent, this);
-    m_packages = new PackageCommands(*m_tabs, *m_prompts, *m_feedback, *m_settings, *m_repositories, this);
+    const Workbench bench{*m_tabs, *m_prompts, *m_feedback, *m_settings};
+    m_repositories = new RepositoryCommands(bench, *m_recent, this);
+    m_packages = new PackageCommands(bench, *m_repositories, this);
     new SourcesListCommand(m_ui->m_sourceListAction, m_ui->m_publicationMenu, *m_prompts, this);
-    m_depends = new DependsCommands(*m_ui, *m_tabs, *m_prompts, *m_feedback, *m_settings, this);
-    m_reports = new DependsReportCommands(*m_tabs, *m_prompts, *m_feedback, *m_settings, this);
-    m_signing = new SigningCommands(*m_tabs, *m_prompts, *m_feedback, *m_settings, this);
-    m_archives
-        = new ArchiveCommands(*m_ui, *m_tabs, *m_prompts, *m_feedback, *m_settings, *m_repositories, this);
-    m_upgrade = new UpgradeCommands(m_ui->m_upgradeRepoAction, *m_tabs, *m_prompts, *m_settings, this);
-    m_publication = new PublicationCommands(*m_ui,
-                                            monitor == nullptr ? *new PublicationMonitor(this) : *monitor,
-                                            *m_tabs,
-                                            *m_prompts,
-                                            *m_feedback,
-                                            *m_repositories,
-                                            this);
+    m_depends = new DependsCommands(*m_ui, bench, this);
+    m_reports = new DependsReportCommands(bench, this);
+    m_signing = new SigningCommands(bench, this);
+    m_archives = new ArchiveCommands(*m_ui, bench, *m_repositories, this);
+    m_upgrade = new UpgradeCommands(m_ui->m_upgradeRepoAction, bench, this);
+    m_publication = new PublicationCommands(
+        *m_ui, bench, *m_repositories, monitor == nullptr ? *new PublicationMonitor(this) : *monitor, this);
     buildPackageMenu();
     Mnemonics::mark(m_ui->menuBar, m_ui->m_recentReposMenu);
     m_closing = new ClosingSequence(*m_tabs, *m_prompts, *m_repositories, this);

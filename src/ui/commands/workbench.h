@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+class JobFeedback;
+class Prompts;
+class RepoTabs;
+class SettingsCommands;
+
+/** What all commands work with. Each class of commands keeps a copy; the objects outlive the commands. */
+struct Workbench
+{
+    RepoTabs &tabs;
+    Prompts &prompts; ///< asks the user
+    JobFeedback &feedback; ///< tells the user
+    SettingsCommands &settings; ///< the user's choices
+};
