@@ -67,7 +67,7 @@ void ArchiveCommands::connectActions()
 
 void ArchiveCommands::attach(RepoWidget *widget)
 {
-    connect(widget, &RepoWidget::needImportRepo, this, [this, widget] {
+    connect(widget->repoShell(), &RepoShell::needImportRepo, this, [this, widget] {
         const QString folder = m_bench.tabs.pathOf(widget);
         // Queued: the tab goes with the end of its job, which may be while the dialog is open.
         QMetaObject::invokeMethod(

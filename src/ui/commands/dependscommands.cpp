@@ -56,10 +56,9 @@ void DependsCommands::attach(RepoWidget *widget)
         m_abilities[widget].checkMenu = isEnabled;
         Q_EMIT stateChanged();
     });
-    connect(widget, &RepoWidget::checkDependsToolButtonClicked, this, [this, widget, view] {
-        check(widget, {view->package()});
-    });
-    connect(widget, &RepoWidget::dependsContextMenuRequested, this, [this, widget](const QPoint &pos) {
+    connect(
+        view, &DependsView::checkRequested, this, [this, widget, view] { check(widget, {view->package()}); });
+    connect(view, &DependsView::menuRequested, this, [this, widget](const QPoint &pos) {
         packageDependsContextMenuRequested(widget, pos);
     });
 }

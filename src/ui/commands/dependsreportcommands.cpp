@@ -39,16 +39,15 @@ DependsReportCommands::DependsReportCommands(const Workbench &bench, QObject *pa
 void DependsReportCommands::attach(RepoWidget *widget)
 {
     connect(widget, &RepoWidget::packagesChanged, this, &DependsReportCommands::stateChanged);
-    connect(widget, &RepoWidget::repoShellStarted, this, [this, widget] {
+    const RepoShell *engine = widget->repoShell();
+    connect(engine, &RepoShell::started, this, [this, widget] {
         m_jobs[widget] = {m_bench.settings.choices().dependsRepoType, widget->hasCheckResults(), false, 0};
     });
-    connect(widget, &RepoWidget::progressBarSetMaximum, this, [this, widget](int maximum) {
+    connect(engine, &RepoShell::progressRangeChanged, this, [this, widget](int maximum) {
         m_jobs[widget].items = maximum;
     });
-    connect(widget->repoShell(), &RepoShell::dependsSummary, this, [this, widget] {
-        m_jobs[widget].hasChecked = true;
-    });
-    connect(widget, &RepoWidget::repoShellFinished, this, [this, widget](RepoEnums::JobId jobId) {
+    connect(engine, &RepoShell::dependsSummary, this, [this, widget] { m_jobs[widget].hasChecked = true; });
+    connect(engine, &RepoShell::finished, this, [this, widget](RepoEnums::JobId jobId) {
         endJob(widget, jobId);
     });
 }

@@ -66,14 +66,12 @@ void PublicationCommands::connectActions()
 
 void PublicationCommands::attach(RepoWidget *widget)
 {
-    connect(widget, &RepoWidget::publishRepoTriggered, this, [this, widget] { publish(widget); });
-    connect(widget, &RepoWidget::unpublishRepoTriggered, this, [this, widget] { unpublish(widget); });
+    PublicationPanel *panel = widget->publicationPanel();
+    connect(panel, &PublicationPanel::publishTriggered, this, [this, widget] { publish(widget); });
+    connect(panel, &PublicationPanel::unpublishTriggered, this, [this, widget] { unpublish(widget); });
     connect(widget, &RepoWidget::newRepoPath, this, [this, widget] { showSnapshotIn(widget); });
-    connect(widget->publicationPanel(), &PublicationPanel::choiceChanged, this, [this, widget] {
-        updateCommands(widget);
-    });
-    connect(widget->publicationPanel(), &PublicationPanel::serverTypeChosen, this, [this, widget] {
-        PublicationPanel *panel = widget->publicationPanel();
+    connect(panel, &PublicationPanel::choiceChanged, this, [this, widget] { updateCommands(widget); });
+    connect(panel, &PublicationPanel::serverTypeChosen, this, [this, panel] {
         const PublicationSettings choice = panel->choice();
         panel->setPort(
             PublicationRules::proposedPort(choice.protocol, choice.port, m_monitor.listeningPorts()));

@@ -10,7 +10,7 @@
 #include "ui/dialogs/prompts.h"
 #include "ui/packages/packagedetails.h"
 #include "ui/tab/jobfeedback.h"
-#include "ui/tab/repositorykeypanel.h"
+#include "ui/tab/repositorypanel.h"
 #include "ui/tab/repotabs.h"
 #include "ui/tab/repowidget.h"
 
@@ -22,8 +22,9 @@ SigningCommands::SigningCommands(const Workbench &bench, QObject *parent)
     , m_bench(bench)
 {
     connect(&m_bench.tabs, &RepoTabs::created, this, [this](const RepoWidget *widget) {
-        connect(widget, &RepoWidget::copyPublicKeyTriggered, this, &SigningCommands::copyPublicKey);
-        connect(widget, &RepoWidget::savePublicKeyTriggered, this, [this, widget](const QString &keyId) {
+        const RepositoryPanel *panel = widget->repositoryPanel();
+        connect(panel, &RepositoryPanel::copyKeyTriggered, this, &SigningCommands::copyPublicKey);
+        connect(panel, &RepositoryPanel::saveKeyTriggered, this, [this, widget](const QString &keyId) {
             savePublicKey(*widget, keyId);
         });
     });

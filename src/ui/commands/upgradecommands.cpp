@@ -34,7 +34,7 @@ void UpgradeCommands::attach(RepoWidget *widget)
     RepoShell *engine = widget->repoShell();
     connect(engine, &RepoShell::finished, engine, &RepoShell::removeCustomSourcesListFile);
     // The job is still ending then.
-    connect(widget, &RepoWidget::downloadablePackagesReady, this, [this, widget] {
+    connect(engine, &RepoShell::downloadablePackagesReady, this, [this, widget] {
         m_prepared.removeAll(widget);
         m_prepared.append(widget);
     });

@@ -5,7 +5,7 @@
 #include "ui/depends/dependsproxymodel.h"
 #include "ui/widgets/itemmenukeys.h"
 
-#include "ui_repowidget.h"
+#include "ui_dependsview.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -38,24 +38,27 @@ bool isOfferedElsewhere(const Dependency &dependency)
 }
 } // namespace
 
-DependsView::DependsView(Ui::RepoWidget &ui, QObject *parent)
-    : QObject(parent)
-    , m_ui(ui)
+DependsView::DependsView(QWidget *parent)
+    : QWidget(parent)
+    , m_ui(std::make_unique<Ui::DependsView>())
     , m_model(new DependsModel(this))
     , m_proxy(new DependsProxyModel(this))
-    , m_copyAction(
-          new QAction(QIcon::fromTheme(QStringLiteral("edit-copy")), tr("Copy"), ui.m_dependsTreeView))
+    , m_copyAction(new QAction(QIcon::fromTheme(QStringLiteral("edit-copy")), tr("Copy"), this))
 {
+    m_ui->setupUi(this);
     setUpToggles();
     setUpTree();
     showEmptyText();
+    connect(m_ui->m_checkDependsToolButton, &QToolButton::clicked, this, &DependsView::checkRequested);
 }
+
+DependsView::~DependsView() = default;
 
 void DependsView::setUpToggles()
 {
-    m_toggles = {{DependUndefined, m_ui.m_showDependsUndefinedToolButton},
-                 {DependError, m_ui.m_showDependsErrorToolButton},
-                 {DependSuccess, m_ui.m_showDependsSuccessToolButton}};
+    m_toggles = {{DependUndefined, m_ui->m_showDependsUndefinedToolButton},
+                 {DependError, m_ui->m_showDependsErrorToolButton},
+                 {DependSuccess, m_ui->m_showDependsSuccessToolButton}};
     for (auto toggle = m_toggles.cbegin(); toggle != m_toggles.cend(); ++toggle) {
         m_proxy->setStatusShown(toggle.key(), true);
         connect(toggle.value(), &QToolButton::toggled, this, [this, state = toggle.key()](bool shown) {
@@ -66,7 +69,7 @@ void DependsView::setUpToggles()
 
 void DependsView::setUpTree()
 {
-    QTreeView *tree = m_ui.m_dependsTreeView;
+    QTreeView *tree = m_ui->m_dependsTreeView;
     m_proxy->setSourceModel(m_model);
     tree->setModel(m_proxy);
     tree->setUniformRowHeights(true);
@@ -86,6 +89,9 @@ void DependsView::setUpTree()
         columnResized(column, width);
     });
 
+    connect(tree, &QTreeView::customContextMenuRequested, this, [this, tree](const QPoint &pos) {
+        Q_EMIT menuRequested(tree->viewport()->mapToGlobal(pos));
+    });
     m_copyAction->setShortcut(QKeySequence(QKeySequence::Copy));
     m_copyAction->setShortcutContext(Qt::WidgetShortcut);
     tree->addAction(m_copyAction);
@@ -117,7 +123,7 @@ void DependsView::setPackage(const PackageInfoPtr &package)
     if (keep)
         restore(state);
     else
-        m_ui.m_dependsTreeView->expandToDepth(0);
+        m_ui->m_dependsTreeView->expandToDepth(0);
     showEmptyText();
 }
 
@@ -128,7 +134,7 @@ void DependsView::setAliases(const DependsModel::AliasLookup &aliases)
 
 void DependsView::setCheckEnabled(bool enabled)
 {
-    m_ui.m_checkDependsToolButton->setEnabled(enabled);
+    m_ui->m_checkDependsToolButton->setEnabled(enabled);
 }
 
 QString DependsView::emptyText() const
@@ -140,16 +146,16 @@ QString DependsView::emptyText() const
     if (m_package->depends().isEmpty() && m_package->control.field("Pre-Depends").isEmpty())
         return tr("The package has no dependencies.");
     if (m_package->dependStatus() == DependUndefined)
-        return tr("Not checked yet: press \"%1\".").arg(m_ui.m_checkDependsToolButton->text());
+        return tr("Not checked yet: press \"%1\".").arg(m_ui->m_checkDependsToolButton->text());
     return tr("The package has no dependencies that can be checked.");
 }
 
 void DependsView::showEmptyText()
 {
     const QString text = emptyText();
-    m_ui.m_dependsEmptyLabel->setText(text);
-    m_ui.m_dependsEmptyLabel->setVisible(!text.isEmpty());
-    m_ui.m_dependsTreeView->setVisible(text.isEmpty());
+    m_ui->m_dependsEmptyLabel->setText(text);
+    m_ui->m_dependsEmptyLabel->setVisible(!text.isEmpty());
+    m_ui->m_dependsTreeView->setVisible(text.isEmpty());
 }
 
 void DependsView::showState(int state, bool shown)
@@ -165,7 +171,7 @@ void DependsView::showState(int state, bool shown)
     if (hadRows)
         restore(before);
     else
-        m_ui.m_dependsTreeView->expandToDepth(0);
+        m_ui->m_dependsTreeView->expandToDepth(0);
     showEmptyText();
     Q_EMIT arrangementChanged();
 }
@@ -185,7 +191,7 @@ void DependsView::forEachRow(const QModelIndex &parent,
 DependsView::TreeState DependsView::treeState() const
 {
     TreeState state;
-    const QTreeView *tree = m_ui.m_dependsTreeView;
+    const QTreeView *tree = m_ui->m_dependsTreeView;
     forEachRow({}, [&](const QModelIndex &index) {
         if (tree->isExpanded(index))
             state.expanded.insert(pathOf(index));
@@ -199,7 +205,7 @@ DependsView::TreeState DependsView::treeState() const
 
 void DependsView::restore(const TreeState &state)
 {
-    QTreeView *tree = m_ui.m_dependsTreeView;
+    QTreeView *tree = m_ui->m_dependsTreeView;
     QItemSelection selection;
     QModelIndex current;
     forEachRow({}, [&](const QModelIndex &index) {
@@ -223,7 +229,7 @@ void DependsView::restore(const TreeState &state)
 void DependsView::layOutColumns()
 {
     const QScopedValueRollback<bool> guard(m_layingOut, true);
-    QTreeView *tree = m_ui.m_dependsTreeView;
+    QTreeView *tree = m_ui->m_dependsTreeView;
     QHeaderView *header = tree->header();
     const int character = tree->fontMetrics().averageCharWidth();
     constexpr int SourceCharacters
@@ -268,7 +274,7 @@ void DependsView::setArrangement(const DependsArrangement &arrangement)
 QVector<Dependency> DependsView::selectedLacks() const
 {
     QVector<Dependency> lacks;
-    const QModelIndexList rows = m_ui.m_dependsTreeView->selectionModel()->selectedRows();
+    const QModelIndexList rows = m_ui->m_dependsTreeView->selectionModel()->selectedRows();
     for (const QModelIndex &row : rows)
         collectLacks(row, lacks);
     return lacks;
@@ -296,10 +302,10 @@ void DependsView::collectLacks(const QModelIndex &index, QVector<Dependency> &la
 
 void DependsView::copySelected()
 {
-    QModelIndexList rows = m_ui.m_dependsTreeView->selectionModel()->selectedRows();
+    QModelIndexList rows = m_ui->m_dependsTreeView->selectionModel()->selectedRows();
     // In the order of the tree, not in that of the clicks.
     std::sort(rows.begin(), rows.end(), [this](const QModelIndex &a, const QModelIndex &b) {
-        return m_ui.m_dependsTreeView->visualRect(a).top() < m_ui.m_dependsTreeView->visualRect(b).top();
+        return m_ui->m_dependsTreeView->visualRect(a).top() < m_ui->m_dependsTreeView->visualRect(b).top();
     });
     QStringList lines;
     for (const QModelIndex &row : qAsConst(rows))
@@ -314,5 +320,5 @@ bool DependsView::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange)
         QMetaObject::invokeMethod(this, &DependsView::layOutColumns, Qt::QueuedConnection);
-    return QObject::eventFilter(watched, event);
+    return QWidget::eventFilter(watched, event);
 }

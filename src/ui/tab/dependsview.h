@@ -6,8 +6,10 @@
 #include "ui/depends/dependsmodel.h"
 
 #include <QHash>
-#include <QObject>
 #include <QSet>
+#include <QWidget>
+
+#include <memory>
 
 class DependsProxyModel;
 class QAction;
@@ -15,19 +17,19 @@ class QToolButton;
 
 namespace Ui
 {
-class RepoWidget;
+class DependsView;
 }
 
 /**
- * Works the tab "Dependences" of a package: what the package depends on, and which source has it. A new record of the
- * same package leaves the tree as the user has it; where there is nothing to show, words say why.
+ * The tab "Dependences" of a package: what the package depends on, and which source has it. A new record of the same
+ * package leaves the tree as the user has it. Where there is nothing to show, words say why.
  */
-class DependsView : public QObject
+class DependsView : public QWidget
 {
     Q_OBJECT
 public:
-    /** `ui` outlives the view. */
-    DependsView(Ui::RepoWidget &ui, QObject *parent);
+    explicit DependsView(QWidget *parent = nullptr);
+    ~DependsView() override;
 
     /** Shows this record; null: none. */
     void setPackage(const PackageInfoPtr &package);
@@ -51,6 +53,10 @@ public:
 Q_SIGNALS:
     /** The user has arranged the tree anew. */
     void arrangementChanged();
+    /** The user wants the package to be checked. */
+    void checkRequested();
+    /** The user wants the menu of the selected rows at this place of the screen. */
+    void menuRequested(const QPoint &globalPos);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -65,7 +71,7 @@ private:
         int scroll = 0;
     };
 
-    Ui::RepoWidget &m_ui;
+    std::unique_ptr<Ui::DependsView> m_ui;
     DependsModel *m_model;
     DependsProxyModel *m_proxy;
     QAction *m_copyAction;

@@ -7,6 +7,7 @@
 #include "ui/dialogs/packagereplacementdialog.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/dialogs/publicationtext.h"
+#include "ui/tab/publicationpanel.h"
 #include "ui/tab/repotabs.h"
 #include "ui/tab/repowidget.h"
 #include "ui/tab/tabtitles.h"
@@ -90,49 +91,43 @@ JobFeedback::JobFeedback(
 
 void JobFeedback::attach(RepoWidget *widget)
 {
-    connect(widget, &RepoWidget::repoShellStarted, this, [this, widget](const QString &message) {
+    // In the context of the tab: what arrives after the tab has gone is about nobody.
+    RepoShell *engine = widget->repoShell();
+    const auto show = [this, widget](const auto &change) {
+        change(m_jobs[widget]);
+        showCurrent();
+    };
+    const auto showError
+        = [this, widget](const QString &text, const QString &details, RepoEnums::ErrorType type) {
+              jobError(widget, text, details, type);
+          };
+    connect(engine, &RepoShell::started, widget, [this, widget](const QString &message) {
         jobStarted(widget, message);
     });
-    connect(widget,
-            &RepoWidget::repoShellFinished,
-            this,
-            [this, widget](RepoEnums::JobId, const QString &message) { jobFinished(widget, message); });
-    connect(widget, &RepoWidget::progressBarSetMaximum, this, [this, widget](int maximum) {
-        m_jobs[widget].maximum = maximum;
-        showCurrent();
+    connect(engine, &RepoShell::finished, widget, [this, widget](RepoEnums::JobId, const QString &message) {
+        jobFinished(widget, message);
     });
-    connect(widget, &RepoWidget::progressStepChanged, this, [this, widget](int step) {
-        m_jobs[widget].value = step;
-        showCurrent();
+    connect(engine, &RepoShell::progressRangeChanged, widget, [show](int maximum) {
+        show([maximum](Job &job) { job.maximum = maximum; });
     });
-    connect(widget, &RepoWidget::progressBarSetValue, this, [this, widget](int value) {
-        m_jobs[widget].value = value;
-        showCurrent();
+    connect(engine, &RepoShell::progressStepChanged, widget, [show](int step) {
+        show([step](Job &job) { job.value = step; });
     });
-    connect(widget, &RepoWidget::statusLabel, this, [this, widget](const QString &text) {
-        m_jobs[widget].message = text;
-        showCurrent();
+    connect(widget, &RepoWidget::progressBarSetValue, widget, [show](int value) {
+        show([value](Job &job) { job.value = value; });
     });
-    connect(widget,
-            &RepoWidget::critical,
-            this,
-            [this, widget](const QString &text, const QString &details, RepoEnums::ErrorType type) {
-                jobError(widget, text, details, type);
-            });
-    connect(widget->repoShell(), &RepoShell::goingOn, this, [this, widget] {
-        m_jobs[widget].stopping = false;
-        showCurrent();
+    connect(engine, &RepoShell::goingOn, widget, [show] { show([](Job &job) { job.stopping = false; }); });
+    connect(widget->publicationPanel(), &PublicationPanel::statusLabel, widget, [show](const QString &text) {
+        show([text](Job &job) { job.message = text; });
     });
-    connect(widget->repoShell(), &RepoShell::noted, this, [this, widget](const QString &text) {
-        appendLog(widget, text);
-    });
-    connect(widget,
-            &RepoWidget::criticalVelt,
-            this,
-            [this, widget](const QString &text, const QString &details, RepoEnums::ErrorType type) {
-                jobError(widget, text, details, type);
-            });
-    connect(widget->repoShell(), &RepoShell::dependsSummary, this, [this, widget](const QStringList &lines) {
+    connect(engine, &RepoShell::critical, widget, showError);
+    connect(
+        engine, &RepoShell::criticalVelt, widget, [showError](const QString &text, const QString &details) {
+            showError(text, details, RepoEnums::CRITICAL);
+        });
+    connect(
+        engine, &RepoShell::noted, widget, [this, widget](const QString &text) { appendLog(widget, text); });
+    connect(engine, &RepoShell::dependsSummary, widget, [this, widget](const QStringList &lines) {
         for (const QString &line : lines)
             appendLog(widget, line);
     });
@@ -145,7 +140,6 @@ void JobFeedback::attach(RepoWidget *widget)
 
     // The job waits inside these two until the slot returns. They go to the engine that asks, whatever tab is
     // current by then.
-    RepoShell *engine = widget->repoShell();
     const QPointer<RepoWidget> asking(widget);
     connect(
         engine,

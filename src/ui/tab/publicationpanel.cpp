@@ -6,7 +6,7 @@
 #include "ui/dialogs/publicationtext.h"
 #include "ui/widgets/tooltiptext.h"
 
-#include "ui_repowidget.h"
+#include "ui_publicationpanel.h"
 
 #include <QClipboard>
 #include <QEvent>
@@ -18,32 +18,37 @@
 #include <array>
 #include <utility>
 
-PublicationPanel::PublicationPanel(Ui::RepoWidget &ui, RepoShell &shell, QObject *parent)
-    : QObject(parent)
-    , m_ui(ui)
+PublicationPanel::PublicationPanel(RepoShell &shell, QWidget *parent)
+    : QWidget(parent)
+    , m_ui(std::make_unique<Ui::PublicationPanel>())
     , m_shell(shell)
 {
+    m_ui->setupUi(this);
     setUpFields();
     connectFields();
-    update();
+    showChoice();
     connect(&m_shell, &RepoShell::pathChanged, this, &PublicationPanel::followMove);
     auto *addresses = new PublicationAddresses(this);
     connect(addresses, &PublicationAddresses::found, this, &PublicationPanel::offerAddresses);
     addresses->start();
 }
 
+PublicationPanel::~PublicationPanel() = default;
+
 void PublicationPanel::setUpFields()
 {
-    m_ui.m_srvTypeComboBox->addItem(QStringLiteral("HTTP"), HttpProtocol);
-    m_ui.m_srvTypeComboBox->addItem(QStringLiteral("FTP"), FtpProtocol);
-    m_ui.m_srvTypeComboBox->setCurrentIndex(-1);
+    m_ui->m_srvTypeComboBox->addItem(QStringLiteral("HTTP"), HttpProtocol);
+    m_ui->m_srvTypeComboBox->addItem(QStringLiteral("FTP"), FtpProtocol);
+    m_ui->m_srvTypeComboBox->setCurrentIndex(-1);
     static const QRegularExpression address(PublicationAddresses::pattern());
-    m_ui.m_ipAddrComboBox->setValidator(new QRegularExpressionValidator(address, m_ui.m_ipAddrComboBox));
+    m_ui->m_ipAddrComboBox->setValidator(new QRegularExpressionValidator(address, m_ui->m_ipAddrComboBox));
     // It would complete an address that is the beginning of another one.
-    m_ui.m_ipAddrComboBox->setCompleter(nullptr);
-    m_ui.m_ipAddrComboBox->addItem(PublicationAddresses::loopback());
-    const std::array<QWidget *, 4> turned
-        = {m_ui.m_publishArchComboBox, m_ui.m_srvTypeComboBox, m_ui.m_ipAddrComboBox, m_ui.m_httpPortSpinBox};
+    m_ui->m_ipAddrComboBox->setCompleter(nullptr);
+    m_ui->m_ipAddrComboBox->addItem(PublicationAddresses::loopback());
+    const std::array<QWidget *, 4> turned = {m_ui->m_publishArchComboBox,
+                                             m_ui->m_srvTypeComboBox,
+                                             m_ui->m_ipAddrComboBox,
+                                             m_ui->m_httpPortSpinBox};
     for (QWidget *field : turned) {
         field->setFocusPolicy(Qt::StrongFocus);
         field->installEventFilter(this);
@@ -53,30 +58,34 @@ void PublicationPanel::setUpFields()
 void PublicationPanel::connectFields()
 {
     const auto index = qOverload<int>(&QComboBox::currentIndexChanged);
-    connect(m_ui.m_trustedCheckBox, &QCheckBox::toggled, this, &PublicationPanel::update);
-    connect(m_ui.m_publishArchComboBox, index, this, &PublicationPanel::update);
-    connect(m_ui.m_srvTypeComboBox, index, this, &PublicationPanel::update);
-    connect(m_ui.m_srvTypeComboBox, index, this, &PublicationPanel::serverTypeChanged);
-    connect(m_ui.m_srvTypeComboBox, qOverload<int>(&QComboBox::activated), this, [this](int type) {
+    connect(m_ui->m_trustedCheckBox, &QCheckBox::toggled, this, &PublicationPanel::showChoice);
+    connect(m_ui->m_publishArchComboBox, index, this, &PublicationPanel::showChoice);
+    connect(m_ui->m_srvTypeComboBox, index, this, &PublicationPanel::showChoice);
+    connect(m_ui->m_srvTypeComboBox, index, this, &PublicationPanel::serverTypeChanged);
+    connect(m_ui->m_srvTypeComboBox, qOverload<int>(&QComboBox::activated), this, [this](int type) {
         if (std::exchange(m_type, type) != type)
             Q_EMIT serverTypeChosen();
     });
-    connect(m_ui.m_httpPortSpinBox, qOverload<int>(&QSpinBox::valueChanged), this, &PublicationPanel::update);
-    connect(m_ui.m_httpPortSpinBox, &QSpinBox::editingFinished, this, &PublicationPanel::portEditingFinished);
-    QComboBox *address = m_ui.m_ipAddrComboBox;
-    connect(address, &QComboBox::editTextChanged, this, &PublicationPanel::update);
+    connect(m_ui->m_httpPortSpinBox,
+            qOverload<int>(&QSpinBox::valueChanged),
+            this,
+            &PublicationPanel::showChoice);
+    connect(
+        m_ui->m_httpPortSpinBox, &QSpinBox::editingFinished, this, &PublicationPanel::portEditingFinished);
+    QComboBox *address = m_ui->m_ipAddrComboBox;
+    connect(address, &QComboBox::editTextChanged, this, &PublicationPanel::showChoice);
     connect(address->lineEdit(), &QLineEdit::textEdited, this, [this] { m_addressChosen = true; });
     connect(address, qOverload<int>(&QComboBox::activated), this, [this] { m_addressChosen = true; });
-    connect(m_ui.m_srcCopyPushButton, &QPushButton::clicked, this, &PublicationPanel::copySourceLine);
-    connect(m_ui.m_publishPushButton, &QPushButton::clicked, this, &PublicationPanel::publishTriggered);
-    connect(m_ui.m_unpublishPushButton, &QPushButton::clicked, this, &PublicationPanel::unpublishTriggered);
+    connect(m_ui->m_srcCopyPushButton, &QPushButton::clicked, this, &PublicationPanel::copySourceLine);
+    connect(m_ui->m_publishPushButton, &QPushButton::clicked, this, &PublicationPanel::publishTriggered);
+    connect(m_ui->m_unpublishPushButton, &QPushButton::clicked, this, &PublicationPanel::unpublishTriggered);
 }
 
 bool PublicationPanel::eventFilter(QObject *watched, QEvent *event)
 {
     // Who scrolls through the panel does not mean to change the field that comes under the pointer.
     if (event->type() != QEvent::Wheel || qobject_cast<QWidget *>(watched)->hasFocus())
-        return QObject::eventFilter(watched, event);
+        return QWidget::eventFilter(watched, event);
     event->ignore();
     return true;
 }
@@ -85,7 +94,7 @@ bool PublicationPanel::eventFilter(QObject *watched, QEvent *event)
 
 void PublicationPanel::offerAddresses(const QStringList &addresses, const QString &preferred)
 {
-    QComboBox *address = m_ui.m_ipAddrComboBox;
+    QComboBox *address = m_ui->m_ipAddrComboBox;
     address->addItems(addresses);
     if (!m_addressChosen && !preferred.isEmpty())
         address->setCurrentText(preferred);
@@ -93,7 +102,7 @@ void PublicationPanel::offerAddresses(const QStringList &addresses, const QStrin
 
 void PublicationPanel::showArchitectures(const QStringList &architectures)
 {
-    QComboBox *field = m_ui.m_publishArchComboBox;
+    QComboBox *field = m_ui->m_publishArchComboBox;
     const QString chosen = field->currentText();
     // One change for the line, not one for each step.
     const QSignalBlocker blocker(field);
@@ -105,7 +114,7 @@ void PublicationPanel::showArchitectures(const QStringList &architectures)
 void PublicationPanel::showRepository()
 {
     const QString path = m_shell.path();
-    m_ui.m_publicParamsWidget->setEnabled(!path.isEmpty());
+    m_ui->m_publicParamsWidget->setEnabled(!path.isEmpty());
     showArchitectures(m_shell.repoInfo().binaryArchitectures());
     if (path != m_repoPath) {
         m_repoPath = path;
@@ -115,42 +124,42 @@ void PublicationPanel::showRepository()
         m_live.clear();
         m_isUnseen = true;
     }
-    update();
+    showChoice();
 }
 
 // --- what is kept --------------------------------------------------------------------------------------------------
 
 void PublicationPanel::restore(const PublicationSettings &settings)
 {
-    m_ui.m_trustedCheckBox->setChecked(settings.trusted);
-    const int architecture = m_ui.m_publishArchComboBox->findText(settings.architectures);
+    m_ui->m_trustedCheckBox->setChecked(settings.trusted);
+    const int architecture = m_ui->m_publishArchComboBox->findText(settings.architectures);
     if (architecture >= 0)
-        m_ui.m_publishArchComboBox->setCurrentIndex(architecture);
+        m_ui->m_publishArchComboBox->setCurrentIndex(architecture);
     showPlace(settings.protocol, settings.port);
     if (!settings.host.isEmpty()) {
-        m_ui.m_ipAddrComboBox->setCurrentText(settings.host);
+        m_ui->m_ipAddrComboBox->setCurrentText(settings.host);
         m_addressChosen = true;
     }
 }
 
 void PublicationPanel::showPlace(int protocol, int port)
 {
-    m_ui.m_srvTypeComboBox->setCurrentIndex(m_ui.m_srvTypeComboBox->findData(protocol));
-    m_type = m_ui.m_srvTypeComboBox->currentIndex();
-    m_ui.m_httpPortSpinBox->setValue(port);
+    m_ui->m_srvTypeComboBox->setCurrentIndex(m_ui->m_srvTypeComboBox->findData(protocol));
+    m_type = m_ui->m_srvTypeComboBox->currentIndex();
+    m_ui->m_httpPortSpinBox->setValue(port);
 }
 
 PublicationSettings PublicationPanel::choice() const
 {
     PublicationSettings choice;
-    choice.port = m_ui.m_httpPortSpinBox->value();
+    choice.port = m_ui->m_httpPortSpinBox->value();
     choice.repoPath = m_shell.canonicalPath();
-    choice.trusted = m_ui.m_trustedCheckBox->isChecked();
-    choice.architectures = m_ui.m_publishArchComboBox->currentText();
+    choice.trusted = m_ui->m_trustedCheckBox->isChecked();
+    choice.architectures = m_ui->m_publishArchComboBox->currentText();
     choice.protocol
-        = m_ui.m_srvTypeComboBox->currentIndex() < 0 ? -1 : m_ui.m_srvTypeComboBox->currentData().toInt();
+        = m_ui->m_srvTypeComboBox->currentIndex() < 0 ? -1 : m_ui->m_srvTypeComboBox->currentData().toInt();
     if (isAddressComplete())
-        choice.host = m_ui.m_ipAddrComboBox->currentText();
+        choice.host = m_ui->m_ipAddrComboBox->currentText();
     return choice;
 }
 
@@ -177,13 +186,13 @@ void PublicationPanel::saveChoices()
         || PublicationSettings::load(settings, m_published->port).repoPath != m_published->repoPath)
         return;
     m_published->repoPath = m_shell.canonicalPath();
-    m_published->trusted = m_ui.m_trustedCheckBox->isChecked();
-    m_published->architectures = m_ui.m_publishArchComboBox->currentText();
+    m_published->trusted = m_ui->m_trustedCheckBox->isChecked();
+    m_published->architectures = m_ui->m_publishArchComboBox->currentText();
     // What is shown with another port is not the server type of this one.
-    if (m_ui.m_srvTypeComboBox->currentIndex() >= 0 && m_ui.m_httpPortSpinBox->value() == m_published->port)
-        m_published->protocol = m_ui.m_srvTypeComboBox->currentData().toInt();
+    if (m_ui->m_srvTypeComboBox->currentIndex() >= 0 && m_ui->m_httpPortSpinBox->value() == m_published->port)
+        m_published->protocol = m_ui->m_srvTypeComboBox->currentData().toInt();
     if (isAddressComplete())
-        m_published->host = m_ui.m_ipAddrComboBox->currentText();
+        m_published->host = m_ui->m_ipAddrComboBox->currentText();
     m_published->claim(settings);
 }
 
@@ -200,18 +209,18 @@ void PublicationPanel::followMove(const QString &newPath)
 
 bool PublicationPanel::isAddressComplete() const
 {
-    return m_ui.m_ipAddrComboBox->lineEdit()->hasAcceptableInput();
+    return m_ui->m_ipAddrComboBox->lineEdit()->hasAcceptableInput();
 }
 
 bool PublicationPanel::serves(int protocol) const
 {
-    return m_ui.m_srvTypeComboBox->currentIndex() >= 0
-           && m_ui.m_srvTypeComboBox->currentData().toInt() == protocol;
+    return m_ui->m_srvTypeComboBox->currentIndex() >= 0
+           && m_ui->m_srvTypeComboBox->currentData().toInt() == protocol;
 }
 
 QString PublicationPanel::whatIsMissing() const
 {
-    if (m_ui.m_srvTypeComboBox->currentIndex() < 0)
+    if (m_ui->m_srvTypeComboBox->currentIndex() < 0)
         return tr("Choose a server type");
     if (!serves(LocalDirectoryProtocol) && !isAddressComplete())
         return tr("Complete the IP address");
@@ -220,43 +229,43 @@ QString PublicationPanel::whatIsMissing() const
 
 QString PublicationPanel::builtLine() const
 {
-    return m_shell.sourceLine(m_ui.m_trustedCheckBox->isChecked(),
-                              m_ui.m_publishArchComboBox->currentText(),
-                              m_ui.m_httpPortSpinBox->value(),
-                              m_ui.m_srvTypeComboBox->currentData().toInt(),
-                              m_ui.m_ipAddrComboBox->currentText());
+    return m_shell.sourceLine(m_ui->m_trustedCheckBox->isChecked(),
+                              m_ui->m_publishArchComboBox->currentText(),
+                              m_ui->m_httpPortSpinBox->value(),
+                              m_ui->m_srvTypeComboBox->currentData().toInt(),
+                              m_ui->m_ipAddrComboBox->currentText());
 }
 
-void PublicationPanel::update()
+void PublicationPanel::showChoice()
 {
     const bool overNetwork = !serves(LocalDirectoryProtocol);
-    m_ui.m_ipAddrTitleLabel->setEnabled(overNetwork);
-    m_ui.m_ipAddrComboBox->setEnabled(overNetwork);
-    m_ui.m_httpPortTitleLabel->setEnabled(overNetwork);
-    m_ui.m_httpPortSpinBox->setEnabled(overNetwork);
-    m_ui.m_ftpNoteLabel->setVisible(serves(FtpProtocol));
+    m_ui->m_ipAddrTitleLabel->setEnabled(overNetwork);
+    m_ui->m_ipAddrComboBox->setEnabled(overNetwork);
+    m_ui->m_httpPortTitleLabel->setEnabled(overNetwork);
+    m_ui->m_httpPortSpinBox->setEnabled(overNetwork);
+    m_ui->m_ftpNoteLabel->setVisible(serves(FtpProtocol));
 
     const QString missing = m_repoPath.isEmpty() ? QString() : whatIsMissing();
     const QString line = m_repoPath.isEmpty() || !missing.isEmpty() ? QString() : builtLine();
-    m_ui.m_srcLineEdit->setPlaceholderText(missing);
-    m_ui.m_srcLineEdit->setText(line);
-    m_ui.m_srcLineEdit->setToolTip(toolTipText(line));
-    m_ui.m_srcLineEdit->setCursorPosition(0);
-    m_ui.m_srcCopyPushButton->setEnabled(!line.isEmpty());
+    m_ui->m_srcLineEdit->setPlaceholderText(missing);
+    m_ui->m_srcLineEdit->setText(line);
+    m_ui->m_srcLineEdit->setToolTip(toolTipText(line));
+    m_ui->m_srcLineEdit->setCursorPosition(0);
+    m_ui->m_srcCopyPushButton->setEnabled(!line.isEmpty());
     showState();
     Q_EMIT choiceChanged();
 }
 
 QString PublicationPanel::sourceLine() const
 {
-    return m_ui.m_srcLineEdit->text();
+    return m_ui->m_srcLineEdit->text();
 }
 
 void PublicationPanel::copySourceLine()
 {
-    if (m_ui.m_srcLineEdit->text().isEmpty())
+    if (m_ui->m_srcLineEdit->text().isEmpty())
         return;
-    QGuiApplication::clipboard()->setText(m_ui.m_srcLineEdit->text());
+    QGuiApplication::clipboard()->setText(m_ui->m_srcLineEdit->text());
     Q_EMIT statusLabel(tr("Address is copied to clipboard"));
 }
 
@@ -292,7 +301,7 @@ void PublicationPanel::followLive(bool isFirst)
 
 void PublicationPanel::showState()
 {
-    const QString host = m_ui.m_ipAddrComboBox->currentText();
+    const QString host = m_ui->m_ipAddrComboBox->currentText();
     QStringList lines;
     for (const Publication &publication : qAsConst(m_live)) {
         const QString address = PublicationText::address(publication.protocol, host, publication.repo.port);
@@ -312,7 +321,7 @@ void PublicationPanel::showState()
         lines << tr("The local sources list of this machine has a line for it that leads to a port where "
                     "nothing is published. "
                     "Publish it there, or choose \"Remove src list\".");
-    m_ui.m_publicationStateLabel->setText(lines.join(QLatin1Char('\n')));
+    m_ui->m_publicationStateLabel->setText(lines.join(QLatin1Char('\n')));
 }
 
 void PublicationPanel::setCommands(bool canPublish, bool canUnpublish, const QString &reason)
@@ -321,9 +330,9 @@ void PublicationPanel::setCommands(bool canPublish, bool canUnpublish, const QSt
         m_obstacle = reason;
         showState();
     }
-    m_ui.m_publishPushButton->setEnabled(canPublish);
-    m_ui.m_publishPushButton->setToolTip(toolTipText(reason));
-    m_ui.m_unpublishPushButton->setEnabled(canUnpublish);
+    m_ui->m_publishPushButton->setEnabled(canPublish);
+    m_ui->m_publishPushButton->setToolTip(toolTipText(reason));
+    m_ui->m_unpublishPushButton->setEnabled(canUnpublish);
 }
 
 void PublicationPanel::setOrphaned(bool orphaned)
@@ -334,11 +343,11 @@ void PublicationPanel::setOrphaned(bool orphaned)
 
 void PublicationPanel::setPort(int port)
 {
-    m_ui.m_httpPortSpinBox->setValue(port);
+    m_ui->m_httpPortSpinBox->setValue(port);
 }
 
 void PublicationPanel::askServerType()
 {
-    m_ui.m_srvTypeComboBox->setFocus();
-    m_ui.m_srvTypeComboBox->showPopup();
+    m_ui->m_srvTypeComboBox->setFocus();
+    m_ui->m_srvTypeComboBox->showPopup();
 }

@@ -4,27 +4,29 @@
 #include "publication/publicationmonitor.h"
 #include "publication/publicationsettings.h"
 
-#include <QObject>
+#include <QWidget>
 
+#include <memory>
 #include <optional>
 
 class RepoShell;
 
 namespace Ui
 {
-class RepoWidget;
+class PublicationPanel;
 }
 
 /**
- * Works the tab "Publication" of a repository: how the repository is to be served, and the line with which clients
+ * The tab "Publication" of a repository: how the repository is to be served, and the line with which clients
  * use it. It keeps the choices of a repository that has a place among the published ones.
  */
-class PublicationPanel : public QObject
+class PublicationPanel : public QWidget
 {
     Q_OBJECT
 public:
-    /** `ui` and `shell` outlive the panel. */
-    PublicationPanel(Ui::RepoWidget &ui, RepoShell &shell, QObject *parent);
+    /** `shell` outlives the panel. */
+    explicit PublicationPanel(RepoShell &shell, QWidget *parent = nullptr);
+    ~PublicationPanel() override;
 
     /** Shows the engine's repository; call it when it is another one or its description has changed. */
     void showRepository();
@@ -63,7 +65,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    Ui::RepoWidget &m_ui;
+    std::unique_ptr<Ui::PublicationPanel> m_ui;
     RepoShell &m_shell;
     QString m_repoPath; ///< of the repository that is shown; empty: none
     std::optional<PublicationSettings>
@@ -84,7 +86,7 @@ private:
     void followMove(const QString &newPath);
     bool isAddressComplete() const;
     bool serves(int protocol) const;
-    void update();
+    void showChoice();
     QString builtLine() const;
     QString whatIsMissing() const;
     void followLive(bool isFirst);

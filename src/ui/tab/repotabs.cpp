@@ -121,7 +121,7 @@ RepoWidget *RepoTabs::create(const QString &path)
         Q_EMIT runningChanged(widget);
     });
     connect(engine, &RepoShell::idle, this, [this, widget] { engineIdle(widget); });
-    connect(widget, &RepoWidget::needCloseRepo, this, [this, widget] { discard(widget); });
+    connect(engine, &RepoShell::needCloseRepo, this, [this, widget] { discard(widget); });
     connect(widget, &RepoWidget::newTabTitle, this, [this, widget](const QString &newPath) {
         if (newPath.isEmpty())
             return;

@@ -2,15 +2,14 @@
 #include "ui/tab/repowidget.h"
 
 #include "engine/reposhell.h"
-#include "ui/packages/packagedetails.h"
 #include "ui/packages/packagefeed.h"
 #include "ui/packages/repomodel.h"
 #include "ui/packages/repoproxymodel.h"
 #include "ui/tab/dependsview.h"
+#include "ui/tab/packagepanel.h"
 #include "ui/tab/publicationpanel.h"
-#include "ui/tab/repositorykeypanel.h"
+#include "ui/tab/repositorypanel.h"
 #include "ui/widgets/mnemonics.h"
-#include "ui/widgets/sections.h"
 
 #include "ui_repowidget.h"
 
@@ -37,13 +36,15 @@ RepoWidget::RepoWidget(QWidget *parent)
     m_ui->setupUi(this);
     m_ui->m_splitter->setStretchFactor(0, 2);
     m_ui->m_splitter->setStretchFactor(1, 3);
+    // Only the ratio counts: twice the size hint of a list, and three times that of a list with the frame of a page.
+    // Without this the splitter would take the hints of the pages, which change with their texts.
+    m_ui->m_splitter->setSizes({2 * 256, 3 * 264});
     connect(m_ui->m_splitter, &QSplitter::splitterMoved, this, &RepoWidget::splitterMoved);
-    m_depends = new DependsView(*m_ui, this);
+    buildPages();
     setUpTree();
     setUpSearch();
-    connectPublication();
     connectShell();
-    connectJob();
+    repeatSignals();
 }
 
 RepoWidget::~RepoWidget() = default;
@@ -63,6 +64,20 @@ void RepoWidget::selectAllPackages()
 {
     m_ui->m_repoTreeView->selectAll();
     m_ui->m_repoTreeView->setFocus();
+}
+
+void RepoWidget::buildPages()
+{
+    QTabWidget *repository = m_ui->comboWidget;
+    m_repository = new RepositoryPanel(*m_shell, repository);
+    m_publication = new PublicationPanel(*m_shell, repository);
+    repository->addTab(m_repository, tr("Common"));
+    repository->addTab(m_publication, tr("Publication"));
+    QTabWidget *package = m_ui->tabWidget;
+    m_package = new PackagePanel(package);
+    m_depends = new DependsView(package);
+    package->addTab(m_package, tr("Common"));
+    package->addTab(m_depends, tr("Dependences"));
 }
 
 bool RepoWidget::eventFilter(QObject *watched, QEvent *event)
@@ -113,14 +128,6 @@ void RepoWidget::setUpTree()
             this,
             &RepoWidget::customContextMenuRequested);
     connect(m_ui->m_repoTreeView, &RepoTreeView::filesDropped, this, &RepoWidget::filesDropped);
-    connect(m_ui->m_dependsTreeView,
-            &QTreeView::customContextMenuRequested,
-            this,
-            &RepoWidget::packageDependsContextMenuRequested);
-    connect(m_ui->m_checkDependsToolButton,
-            &QToolButton::clicked,
-            this,
-            &RepoWidget::checkDependsToolButtonClicked);
 }
 
 void RepoWidget::setUpSearch()
@@ -164,25 +171,31 @@ void RepoWidget::setUpSearch()
     });
 }
 
-void RepoWidget::connectPublication()
-{
-    m_publication = new PublicationPanel(*m_ui, *m_shell, this);
-    connect(m_publication, &PublicationPanel::serverTypeChanged, this, &RepoWidget::serverTypeChanged);
-    connect(m_publication, &PublicationPanel::portEditingFinished, this, &RepoWidget::portEditingFinished);
-    connect(m_publication, &PublicationPanel::publishTriggered, this, &RepoWidget::publishRepoTriggered);
-    connect(m_publication, &PublicationPanel::unpublishTriggered, this, &RepoWidget::unpublishRepoTriggered);
-    connect(m_publication, &PublicationPanel::statusLabel, this, &RepoWidget::statusLabel);
-    m_key = new RepositoryKeyPanel(*m_ui, *m_shell, this);
-    connect(m_key, &RepositoryKeyPanel::copyTriggered, this, &RepoWidget::copyPublicKeyTriggered);
-    connect(m_key, &RepositoryKeyPanel::saveTriggered, this, &RepoWidget::savePublicKeyTriggered);
-}
-
 void RepoWidget::connectShell()
 {
-    // Before any other connection to the engine, so that the packages are there when finished() arrives.
+    // Before the other connections to the engine's jobs, so that the packages are there when finished() arrives.
     m_feed->watch(*m_shell);
     connect(m_shell, &RepoShell::pathChanged, this, &RepoWidget::repoPathChanged);
     connect(m_shell, &RepoShell::repoInfoAdded, this, &RepoWidget::repoInfoAdded);
+    connect(m_shell, &RepoShell::started, this, [this] { setRunning(true); });
+    connect(m_shell, &RepoShell::finished, this, [this] {
+        m_progressTimer.stop();
+        Q_EMIT progressBarSetValue(m_shell->progress());
+    });
+    connect(m_shell, &RepoShell::idle, this, [this] { setRunning(false); });
+    // Not every job tells each of its items.
+    m_progressTimer.setInterval(ProgressInterval);
+    connect(&m_progressTimer, &QTimer::timeout, this, [this] {
+        Q_EMIT progressBarSetValue(m_shell->progress());
+    });
+}
+
+void RepoWidget::repeatSignals()
+{
+    connect(m_shell, &RepoShell::started, this, &RepoWidget::repoShellStarted);
+    connect(m_shell, &RepoShell::finished, this, &RepoWidget::repoShellFinished);
+    connect(m_shell, &RepoShell::progressRangeChanged, this, &RepoWidget::progressBarSetMaximum);
+    connect(m_shell, &RepoShell::progressStepChanged, this, &RepoWidget::progressStepChanged);
     connect(m_shell, &RepoShell::needImportRepo, this, &RepoWidget::needImportRepo);
     connect(m_shell, &RepoShell::needCloseRepo, this, &RepoWidget::needCloseRepo);
     connect(m_shell, &RepoShell::downloadablePackagesReady, this, &RepoWidget::downloadablePackagesReady);
@@ -190,27 +203,13 @@ void RepoWidget::connectShell()
     connect(m_shell, &RepoShell::criticalVelt, this, [this](const QString &text, const QString &details) {
         Q_EMIT criticalVelt(text, details);
     });
-}
-
-void RepoWidget::connectJob()
-{
-    connect(m_shell, &RepoShell::started, this, [this](const QString &message) {
-        setRunning(true);
-        Q_EMIT repoShellStarted(message);
-    });
-    connect(m_shell, &RepoShell::finished, this, [this](RepoEnums::JobId jobId, const QString &message) {
-        m_progressTimer.stop();
-        Q_EMIT progressBarSetValue(m_shell->progress());
-        Q_EMIT repoShellFinished(jobId, message);
-    });
-    connect(m_shell, &RepoShell::idle, this, [this] { setRunning(false); });
-    connect(m_shell, &RepoShell::progressRangeChanged, this, &RepoWidget::progressBarSetMaximum);
-    connect(m_shell, &RepoShell::progressStepChanged, this, &RepoWidget::progressStepChanged);
-    // Not every job tells each of its items.
-    m_progressTimer.setInterval(ProgressInterval);
-    connect(&m_progressTimer, &QTimer::timeout, this, [this] {
-        Q_EMIT progressBarSetValue(m_shell->progress());
-    });
+    connect(m_publication, &PublicationPanel::serverTypeChanged, this, &RepoWidget::serverTypeChanged);
+    connect(m_publication, &PublicationPanel::portEditingFinished, this, &RepoWidget::portEditingFinished);
+    connect(m_publication, &PublicationPanel::publishTriggered, this, &RepoWidget::publishRepoTriggered);
+    connect(m_publication, &PublicationPanel::unpublishTriggered, this, &RepoWidget::unpublishRepoTriggered);
+    connect(m_publication, &PublicationPanel::statusLabel, this, &RepoWidget::statusLabel);
+    connect(m_depends, &DependsView::checkRequested, this, &RepoWidget::checkDependsToolButtonClicked);
+    connect(m_depends, &DependsView::menuRequested, this, &RepoWidget::packageDependsContextMenuRequested);
 }
 
 // --- the repository ------------------------------------------------------------------------------------------------
@@ -231,7 +230,7 @@ void RepoWidget::repoPathChanged()
     if (path.isEmpty()) {
         m_model->clearRepository();
         m_publication->showRepository();
-        m_key->showRepository();
+        m_repository->showRepository();
     } else {
         repoInfoAdded();
     }
@@ -243,18 +242,10 @@ void RepoWidget::repoPathChanged()
 
 void RepoWidget::repoInfoAdded()
 {
-    const RepoInfo info = m_shell->repoInfo();
-    m_ui->m_repoComponentsLabel->setText(info.components);
-    m_ui->m_repoCodenameLabel->setText(info.codename);
-    m_ui->m_repoSuiteLabel->setText(info.suite);
-    m_ui->m_repoVersionLabel->setText(info.version);
-    m_ui->m_repoArchLabel->setText(info.architectures);
-    m_ui->m_repoSignLabel->setText(info.signWith ? tr("Signed") : tr("Unsigned"));
-    m_ui->m_readOnlyLabel->setVisible(!m_shell->isWritable());
     m_publication->showRepository();
-    m_key->showRepository();
+    m_repository->showRepository();
     if (!m_shell->path().isEmpty())
-        m_model->setRepository(info);
+        m_model->setRepository(m_shell->repoInfo());
 }
 
 void RepoWidget::setRunning(bool running)
@@ -297,7 +288,7 @@ void RepoWidget::updateActions()
 void RepoWidget::showPublication()
 {
     setCurrentItem(m_proxy->index(0, 0));
-    m_ui->comboWidget->setCurrentWidget(m_ui->tab_3);
+    m_ui->comboWidget->setCurrentWidget(m_publication);
 }
 
 int RepoWidget::packagesInError() const
@@ -439,7 +430,7 @@ void RepoWidget::customContextMenuRequested(const QPoint &pos)
 
 void RepoWidget::packageDependsContextMenuRequested(const QPoint &pos)
 {
-    Q_EMIT dependsContextMenuRequested(m_ui->m_dependsTreeView->viewport()->mapToGlobal(pos));
+    Q_EMIT dependsContextMenuRequested(pos);
 }
 
 // --- the details ---------------------------------------------------------------------------------------------------
@@ -457,17 +448,7 @@ void RepoWidget::changePackage(const QModelIndex &index)
 
 void RepoWidget::showPackage(const PackageInfoPtr &record)
 {
-    const PackageInfo &package = *record;
-    m_ui->m_packageLabel->setText(package.name);
-    m_ui->m_versionLabel->setText(package.version);
-    const QString own = package.ownArchitecture();
-    m_ui->m_architectureLabel->setText(
-        own == package.architecture ? own : tr("%1 (listed for %2)").arg(own, package.architecture));
-    m_ui->m_componentLabel->setText(package.component);
-    m_ui->m_sectionLabel->setText(Sections::nameWithCode(package.section));
-    m_ui->m_maintainerLabel->setText(package.maintainer());
-    m_ui->m_decriptionLabel->setText(PackageDetails::descriptionHtml(package.description()));
-    m_ui->m_packageSignLabel->setText(package.isSigned() ? package.signingKey : tr("Unsigned"));
+    m_package->showPackage(*record);
     m_depends->setPackage(record);
     m_depends->setCheckEnabled(!m_running);
     m_ui->m_stackedWidget->setCurrentIndex(PackagePage);

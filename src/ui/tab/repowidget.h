@@ -14,8 +14,9 @@
 
 class DependsView;
 class PackageFeed;
+class PackagePanel;
 class PublicationPanel;
-class RepositoryKeyPanel;
+class RepositoryPanel;
 class QMenu;
 class RepoModel;
 class RepoProxyModel;
@@ -28,9 +29,12 @@ class RepoWidget;
 
 /**
  * One tab of the main window: one repository. The packages are a tree on the left; on the right stands what the
- * current item of the tree is. It owns the repository's engine and passes on what the engine tells. The engine's
- * question() and requestForReplacementHandlingByUser() are not passed on, because a job waits inside them: the
- * window connects to them itself.
+ * current item of the tree is. It owns the repository's engine.
+ *
+ * Whoever serves the jobs connects to the engine, and whoever serves a panel connects to that panel: so do JobFeedback
+ * and the commands. The tab repeats those signals under names of its own (repeatSignals()) for users that know the tab
+ * alone; it repeats neither question() nor requestForReplacementHandlingByUser(), since a job waits inside these two.
+ * The other signals are about the tab itself.
  */
 class RepoWidget : public QWidget
 {
@@ -61,6 +65,8 @@ public:
     /** Widths of the tree and of what is beside it, in pixels. */
     QList<int> splitterSizes() const;
     void setSplitterSizes(const QList<int> &sizes);
+    /** The tab "Common" of the repository's page. */
+    RepositoryPanel *repositoryPanel() const { return m_repository; }
     /** The tab "Dependences" of the package that is shown. */
     DependsView *dependsView() const { return m_depends; }
     /** The tab "Publication" of the repository's page. */
@@ -87,6 +93,7 @@ public Q_SLOTS:
     void setCurrentItem(const QModelIndex &index);
     void currentItemChanged(const QModelIndex &current);
     void customContextMenuRequested(const QPoint &pos);
+    /** `pos` is in global coordinates. */
     void packageDependsContextMenuRequested(const QPoint &pos);
     void repoInfoAdded();
     void copySrcLineEdit();
@@ -142,9 +149,6 @@ Q_SIGNALS:
 
     /** Package files, or what may be folders with packages, were dropped on the tree: absolute paths. */
     void filesDropped(const QStringList &files);
-    /** The public part of the key that signs the repository is wanted. */
-    void copyPublicKeyTriggered(const QString &keyId);
-    void savePublicKeyTriggered(const QString &keyId);
     /** Packages, or their states, are others now. */
     void packagesChanged();
     /** The user has divided the tab anew. */
@@ -166,7 +170,8 @@ private:
     RepoProxyModel *m_proxy = nullptr;
     DependsView *m_depends = nullptr;
     PublicationPanel *m_publication = nullptr;
-    RepositoryKeyPanel *m_key = nullptr;
+    RepositoryPanel *m_repository = nullptr;
+    PackagePanel *m_package = nullptr;
     QMenu *m_filterMenu = nullptr;
     QTimer m_progressTimer;
     int m_shownPackages = 0; ///< packages there were at the last count
@@ -174,9 +179,9 @@ private:
 
     void setUpSearch();
     void setUpTree();
-    void connectPublication();
+    void buildPages();
     void connectShell();
-    void connectJob();
+    void repeatSignals();
     void setRunning(bool running);
     void search();
     void applyPacketFilter();

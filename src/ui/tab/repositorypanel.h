@@ -3,22 +3,28 @@
 
 #include "signing/repositorykey.h"
 
-#include <QObject>
+#include <QWidget>
+
+#include <memory>
 
 class RepoShell;
 
 namespace Ui
 {
-class RepoWidget;
+class RepositoryPanel;
 }
 
-/** Shows, on a signed repository's page, which key signs it, and how clients come to know that key. */
-class RepositoryKeyPanel : public QObject
+/**
+ * The tab "Common" of a repository: its description and, when it is signed, the key that signs it and how clients come
+ * to know that key.
+ */
+class RepositoryPanel : public QWidget
 {
     Q_OBJECT
 public:
-    /** `ui` and `shell` outlive the panel. */
-    RepositoryKeyPanel(Ui::RepoWidget &ui, RepoShell &shell, QObject *parent);
+    /** `shell` outlives the panel. */
+    explicit RepositoryPanel(RepoShell &shell, QWidget *parent = nullptr);
+    ~RepositoryPanel() override;
 
     /** Shows the engine's repository; call it when it is another one or its description has changed. */
     void showRepository();
@@ -27,14 +33,16 @@ public:
     static QString keyFileName(const QString &repositoryName);
 
 Q_SIGNALS:
-    void copyTriggered(const QString &keyId);
-    void saveTriggered(const QString &keyId);
+    /** The user wants the public part of this key in the clipboard. */
+    void copyKeyTriggered(const QString &keyId);
+    /** The user wants the public part of this key in a file. */
+    void saveKeyTriggered(const QString &keyId);
 
 private:
     void readKey();
-    void show(const RepositoryKey &key);
+    void showKey(const RepositoryKey &key);
 
-    Ui::RepoWidget &m_ui;
+    std::unique_ptr<Ui::RepositoryPanel> m_ui;
     RepoShell &m_shell;
     QString m_repoPath; ///< of the repository that is shown
     QString m_keyId; ///< empty: not known
