@@ -289,25 +289,34 @@ void RepositoryCommands::endReopening(const RepoWidget *widget)
 
 // --- change ------------------------------------------------------------------------------------------------------
 
-void RepositoryCommands::changeRepo()
+template <typename Work, typename Next>
+void RepositoryCommands::lookFirst(const Work &look, const Next &next)
 {
     RepoWidget *widget = m_bench.tabs.current();
     if (widget == nullptr || m_bench.tabs.isRunning(widget))
         return;
-    // Somebody may have edited the description since the repository was opened.
     const QString path = m_bench.tabs.pathOf(widget);
     runInBackground(
         widget,
-        [path] { return DistributionsFile(path).readBytes(); },
-        [this, widget, path](const std::optional<QByteArray> &description) {
-            if (m_bench.tabs.pathOf(widget) != path || m_bench.tabs.isRunning(widget)
-                || m_bench.prompts.isOpen())
-                return;
-            if (description)
-                change(widget, *description);
-            else
-                m_bench.feedback.error(tr("File %1/conf/distributions not found!").arg(path));
+        [look, path] { return look(path); },
+        [this, widget, path, next](const auto &found) {
+            if (m_bench.tabs.pathOf(widget) == path && !m_bench.tabs.isRunning(widget)
+                && !m_bench.prompts.isOpen())
+                next(widget, found);
         });
+}
+
+void RepositoryCommands::changeRepo()
+{
+    // Somebody may have edited the description since the repository was opened.
+    const auto read = [](const QString &path) { return DistributionsFile(path).readBytes(); };
+    lookFirst(read, [this](RepoWidget *widget, const std::optional<QByteArray> &description) {
+        if (description)
+            change(widget, *description);
+        else
+            m_bench.feedback.error(
+                tr("File %1/conf/distributions not found!").arg(m_bench.tabs.pathOf(widget)));
+    });
 }
 
 void RepositoryCommands::change(RepoWidget *widget, const QByteArray &description)
@@ -328,25 +337,16 @@ void RepositoryCommands::change(RepoWidget *widget, const QByteArray &descriptio
 
 void RepositoryCommands::removeRepo()
 {
-    RepoWidget *widget = m_bench.tabs.current();
-    if (widget == nullptr || m_bench.tabs.isRunning(widget))
-        return;
-    const QString path = m_bench.tabs.pathOf(widget);
-    runInBackground(
-        widget,
-        // Before anything is given up for a deletion that cannot be.
-        [path, known = RepositoryRemoval::Known{m_bench.tabs.allCanonicalPaths(widget), remembered()}] {
-            return RepositoryRemoval::refusal(path, known);
-        },
-        [this, widget, path](const QString &refusal) {
-            if (m_bench.tabs.pathOf(widget) != path || m_bench.tabs.isRunning(widget)
-                || m_bench.prompts.isOpen())
-                return;
-            if (refusal.isEmpty())
-                askForRemoval(widget);
-            else
-                m_bench.feedback.error(tr("Repository is not deleted."), refusal);
-        });
+    // Nothing is given up for a deletion that is not possible.
+    const RepositoryRemoval::Known known{m_bench.tabs.allCanonicalPaths(m_bench.tabs.current()),
+                                         remembered()};
+    const auto look = [known](const QString &path) { return RepositoryRemoval::refusal(path, known); };
+    lookFirst(look, [this](RepoWidget *widget, const QString &refusal) {
+        if (refusal.isEmpty())
+            askForRemoval(widget);
+        else
+            m_bench.feedback.error(tr("Repository is not deleted."), refusal);
+    });
 }
 
 void RepositoryCommands::askForRemoval(RepoWidget *widget)

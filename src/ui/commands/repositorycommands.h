@@ -95,9 +95,15 @@ private:
     void createAgain(const Creation &creation);
     /** Where repositories are or were. */
     QStringList remembered() const;
+    /**
+     * Calls `look` with the path of the current tab's repository on another thread, then `next` with the tab and what
+     * was found. The tab must still be free then.
+     */
+    template <typename Work, typename Next>
+    void lookFirst(const Work &look, const Next &next);
     void change(RepoWidget *widget, const QByteArray &description);
     void askForRemoval(RepoWidget *widget);
-    /** What the file system says of a path. */
+    /** What the file system knows of a path. */
     struct FolderState
     {
         QString canonicalPath; ///< with links resolved
@@ -108,7 +114,7 @@ private:
     RepoWidget *showRepo(const QString &path, bool again);
     void endReopening(const RepoWidget *widget);
     void openWhatIsThere(RepoWidget *widget, const QString &path, const FolderState &state, bool again);
-    /** Puts the path among the recent ones when the engine has opened it. */
+    /** Adds the path to the recent repositories when the engine has opened it. */
     void rememberOnceOpen(const RepoShell &shell, const QString &path);
     void remove(RepoWidget *widget);
     void startRemoval(const QString &path, const QString &canonicalPath);
