@@ -27,10 +27,10 @@ std::optional<Status> statusOf(const fs::path &path)
 
 bool isGuarded(const Status &status)
 {
-    // Debian gives users a group of their own, with the user's number.
+    // Debian gives each user a private group with the user's number.
     const bool isOwnGroup = status.st_gid == 0 || status.st_gid == ::getuid();
     const bool isOwn = status.st_uid == 0 || status.st_uid == ::getuid();
-    // The rights of a link are not looked at by anybody. Those of groups cover what access lists give to others.
+    // The system ignores the rights of a link. The group's rights are the upper limit of an access list.
     return isOwn
            && (S_ISLNK(status.st_mode)
                || ((status.st_mode & S_IWOTH) == 0 && ((status.st_mode & S_IWGRP) == 0 || isOwnGroup)));
@@ -54,12 +54,12 @@ struct Finding
     }
 };
 
-/** Takes the folder and all that is in it. */
+/** Looks at the folder and everything in it. */
 void visit(const fs::path &folder, bool mustBeOpen, Finding &finding)
 {
     const std::optional<Status> top = statusOf(folder);
     finding.take(top, mustBeOpen);
-    // Where a link leads, others may write.
+    // A link can lead to a folder in which others may write.
     if (!top || !S_ISDIR(top->st_mode)) {
         finding.isGuarded = false;
         return;
@@ -72,7 +72,7 @@ void visit(const fs::path &folder, bool mustBeOpen, Finding &finding)
         finding = {false, false};
 }
 
-/** Whether root, too, may read there only what the file system lets him. */
+/** Whether the file system may refuse root, too. */
 bool isForeign(const QString &directory)
 {
     const QByteArray type = QStorageInfo(directory).fileSystemType();
@@ -94,7 +94,7 @@ AptAccess AptAccess::examine(const QString &directory)
         isReached = isReached && status && (status->st_mode & S_IXOTH) != 0;
     }
     visit(repository / "dists", true, finding);
-    // Packages are opened by root in any case.
+    // Root opens the packages, so they need not be open to others.
     if (QFileInfo::exists(directory + QLatin1String("/pool")))
         visit(repository / "pool", false, finding);
     if (isReached && finding.isOpen)

@@ -4,21 +4,21 @@
 #include <QString>
 
 /**
- * How this machine's apt gets at a repository in a local directory. It reads with the rights of a user of its own,
- * "_apt", as long as that one finds everything; a directory that is closed to him, apt lets root copy from.
+ * How this machine's apt reads a repository in a local directory. Apt reads as the user "_apt" where that user may read
+ * everything. From a directory that is closed to that user, apt copies as root.
  */
 struct AptAccess
 {
     enum Way {
-        NoWay, ///< a source line cannot name the directory, or root may be locked out of its file system
+        NoWay, ///< a source line cannot name the directory, or its file system may refuse root
         ByRoot, ///< the folders above or the indexes are closed to others
         ByAnybody
     };
 
     Way way = NoWay;
-    /** Nobody but root and the user of this program can change what apt reads, now or when the directory has gone. */
+    /** Only root and the user of this program can change what apt reads, also after the directory was deleted. */
     bool isGuarded = false;
 
-    /** Looks at every file that is served, in the directory with this canonical path: not for the interface thread. */
+    /** Looks at every served file in this directory, whose path is canonical. Slow: not for the interface thread. */
     static AptAccess examine(const QString &directory);
 };

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QVector>
 
-/** What a list of sources on this machine says of repositories that lie here or are published from here. */
+/** What a list of sources says of the repositories that lie on this machine or are published from it. */
 class ListedSources
 {
 public:
@@ -16,25 +16,25 @@ public:
         int protocol = HttpProtocol;
         int port = 0;
     };
-    /** What tells a repository's lines. */
+    /** The marks by which a repository's lines are found. */
     struct Repository
     {
-        QStringList directories; ///< the spellings of its path
-        QVector<Place> places; ///< where it is published, or would be
-        QString offered; ///< the line for clients of the network; empty: none
+        QStringList directories; ///< all spellings of its path
+        QVector<Place> places; ///< where it is published, or will be
+        QString offered; ///< the line for clients of the network; may be empty
     };
 
     ListedSources() = default;
-    /** `hosts` are this machine's names and addresses but those that every machine has. */
+    /** `hosts` are this machine's names and addresses, without those that every machine has. */
     ListedSources(const QString &text, QStringList hosts);
 
-    /** The lines, whole as they stand, by which apt uses this repository. */
+    /** The lines by which apt uses this repository, as they stand in the list. */
     QStringList linesOf(const Repository &repository) const;
-    /** Those that lead to where this is published. */
+    /** The lines that lead to this publication. */
     QStringList linesTo(const Publication &publication) const;
-    /** Those that lead to a port of this machine on which none of these publications runs. */
+    /** The lines that lead to a port of this machine on which none of these publications runs. */
     QStringList linesWithoutService(const QVector<Publication> &publications) const;
-    /** Whether the line is of the form that this program writes and removes: others are left to their writers. */
+    /** Whether the line has the form that this program writes. The program removes no other lines. */
     static bool isOurs(const QString &line);
 
     bool operator==(const ListedSources &other) const;

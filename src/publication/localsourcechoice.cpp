@@ -8,7 +8,7 @@
 
 namespace
 {
-/** The publication that apt of this machine uses best: apt has to be set up for FTP. */
+/** The best publication for this machine's apt. HTTP goes first, because apt must be set up for FTP. */
 std::optional<Publication> bestOf(const QVector<Publication> &publications)
 {
     const auto best = std::min_element(publications.cbegin(),
@@ -30,7 +30,7 @@ std::optional<LocalSourceChoice> LocalSourceChoice::of(const LocalSourceFacts &f
     if (facts.access.way != AptAccess::NoWay) {
         line.protocol = LocalDirectoryProtocol;
         line.directory = SourceLine::inLine(facts.directory);
-        // A package that others can change is safe from them once it is copied and then checked.
+        // Others can change a package after apt has checked it. A copy is safe: apt copies first and checks then.
         line.copied = facts.access.way == AptAccess::ByRoot || !facts.access.isGuarded;
         choice.risk = line.trusted && !facts.access.isGuarded ? OthersWrite : NoRisk;
         return choice;
@@ -38,7 +38,7 @@ std::optional<LocalSourceChoice> LocalSourceChoice::of(const LocalSourceFacts &f
     if (const std::optional<Publication> served = bestOf(facts.publications)) {
         line.protocol = served->protocol;
         line.port = served->port();
-        // Another address may be another machine's one day.
+        // Another machine may have any other address one day.
         line.host = PublicationAddresses::loopback();
     }
     if (line.protocol < 0)

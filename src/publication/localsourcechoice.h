@@ -6,7 +6,7 @@
 
 #include <optional>
 
-/** What the choice of a source line for this machine follows from. */
+/** The facts from which the source line for this machine follows. */
 struct LocalSourceFacts
 {
     SourceLine offered; ///< the line for clients of the network; its protocol is -1 as long as none is chosen
@@ -17,20 +17,20 @@ struct LocalSourceFacts
 };
 
 /**
- * The line by which this machine's own apt is to use a repository. A line stays when a publication ends, and then
- * anybody on the machine can take the port: so the directory goes before the network, and a key before trust.
+ * The line by which this machine's own apt uses a repository. The line outlives the publication, and then anybody on
+ * the machine can take the port. So the directory is preferred to the network, and a key to trust.
  */
 struct LocalSourceChoice
 {
     enum Risk {
         NoRisk,
-        OthersWrite, ///< other users can change a directory that is trusted as it is
-        OthersServe ///< whoever has the port is trusted
+        OthersWrite, ///< apt trusts the directory without a key, and other users can change it
+        OthersServe ///< apt trusts any program that has the port
     };
 
     SourceLine line;
     Risk risk = NoRisk;
 
-    /** Nothing when only the network remains, and the user has yet to choose how the repository is served. */
+    /** Nothing when only the network is possible and the user has not chosen a server type yet. */
     static std::optional<LocalSourceChoice> of(const LocalSourceFacts &facts);
 };

@@ -44,7 +44,7 @@ LocalSourcesWatch::LocalSourcesWatch(QObject *parent, QString path)
 
 void LocalSourcesWatch::watch()
 {
-    // A file that is replaced falls out of the watch, so its folder is watched too.
+    // The watcher loses a file that is replaced. So it watches the folder too.
     const QStringList watched = m_watcher.files() + m_watcher.directories();
     for (const QString &path : {m_path, QFileInfo(m_path).path()}) {
         if (!watched.contains(path) && QFileInfo::exists(path))

@@ -8,21 +8,21 @@
 #include <QFutureWatcher>
 #include <QObject>
 
-/** Knows what stands in the list of local sources, without reading it on the calling thread. */
+/** Knows the list of local sources. It reads the list on another thread. */
 class LocalSourcesWatch : public QObject
 {
     Q_OBJECT
 public:
     explicit LocalSourcesWatch(QObject *parent, QString path = LocalSources::Path);
 
-    /** Nothing before the first reading. */
+    /** The list as it was last read; empty before the first reading. */
     const ListedSources &sources() const { return m_sources; }
-    /** Reads again; due when the list was changed, which need not be noticed where its folder is missing. */
+    /** Reads the list again. Call it after a change: where the folder is missing, the watch does not see the change. */
     void refresh();
 
 Q_SIGNALS:
     void changed();
-    /** The list was read, after the last refresh(); it need not be another one. */
+    /** A reading that began after the last refresh() has ended. The list may be the same as before. */
     void refreshed();
 
 private:
@@ -33,5 +33,5 @@ private:
     ListedSources m_sources;
     QFileSystemWatcher m_watcher;
     QFutureWatcher<ListedSources> m_reading;
-    bool m_again = false; ///< changed while it was being read
+    bool m_again = false; ///< the list was changed during the reading
 };

@@ -15,7 +15,7 @@ PublicationAddresses::PublicationAddresses(Target target, QObject *parent)
     : QObject(parent)
     , m_target(std::move(target))
 {
-    // Through a proxy the connection would tell the way to the proxy.
+    // With a proxy, the connection would only show the way to the proxy.
     m_socket.setProxy(QNetworkProxy::NoProxy);
     m_limit.setSingleShot(true);
     connect(&m_socket, &QTcpSocket::connected, this, [this] { finish(m_socket.localAddress().toString()); });
@@ -25,7 +25,7 @@ PublicationAddresses::PublicationAddresses(Target target, QObject *parent)
 
 PublicationAddresses::~PublicationAddresses()
 {
-    // The socket's own end reports what would reach an object that is half gone.
+    // The end of the socket emits signals. They must not reach this object, which is being destroyed.
     m_socket.disconnect(this);
 }
 

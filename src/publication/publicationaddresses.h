@@ -8,14 +8,14 @@
 #include <QTimer>
 
 /**
- * Finds the addresses under which other machines may reach this one. The preferred one is that of the network
- * interface that leads to the rest of the world: a connection to a host out there tells, over which nothing is sent.
+ * Finds the addresses under which other machines may reach this one. The preferred address is that of the network
+ * interface that leads to the internet. A connection to a public host shows it; nothing is sent over the connection.
  */
 class PublicationAddresses : public QObject
 {
     Q_OBJECT
 public:
-    /** A host that is out there for everybody; only the way to it matters. */
+    /** A public host, of which only the route matters. */
     struct Target
     {
         QHostAddress host = QHostAddress(QStringLiteral("8.8.8.8"));
@@ -27,11 +27,11 @@ public:
     PublicationAddresses(Target target, QObject *parent);
     ~PublicationAddresses() override;
 
-    /** The address that is always there. */
+    /** The loopback address, which every machine has. */
     static QString loopback() { return QHostAddress(QHostAddress::LocalHost).toString(); }
-    /** Regular expression of what may stand in the place of an address; the numbers are not looked at. */
+    /** Regular expression of an address; it does not check the size of the numbers. */
     static QString pattern() { return QStringLiteral("([0-9]{1,3}[.]){3}[0-9]{1,3}"); }
-    /** Whether the whole text is of that form. */
+    /** Whether the whole text has the form of an address. */
     static bool isAddress(const QString &text);
 
     /** Begins the search; call it once. */
@@ -39,8 +39,8 @@ public:
 
 Q_SIGNALS:
     /**
-     * The search has ended; told once. `addresses` are those of all interfaces but the loopback one, in the system's
-     * order; `preferred` is empty when no way out was found.
+     * The search has ended; emitted once. `addresses` are those of all interfaces but the loopback one, in the system's
+     * order; `preferred` is empty when no route was found.
      */
     void found(const QStringList &addresses, const QString &preferred);
 

@@ -19,7 +19,7 @@
 
 namespace
 {
-// A change seldom comes alone: an upgrade of the system writes hundreds of files.
+// In milliseconds. Changes come in groups: an upgrade of the system writes hundreds of files.
 constexpr int gatheringTime = 400;
 constexpr int liveInterval = 5000;
 
@@ -30,7 +30,7 @@ const QLatin1String ftpService("vsftpd");
 
 QString stateOf(const PublishedRepo &repo, int protocol)
 {
-    // Whose unit does not say its port has a name that we cannot know.
+    // The name of a service contains its port. Without a port in the unit, the name is unknown.
     if (protocol == HttpProtocol && repo.port == 0)
         return {};
     const QString service
@@ -94,7 +94,7 @@ PublicationMonitor::PublicationMonitor(Reader reader, QStringList watched, QObje
     startReading();
 }
 
-// A reading that still runs goes on and is heard by nobody.
+// A reading may still run. It ends by itself, and nobody gets its result.
 PublicationMonitor::~PublicationMonitor() = default;
 
 QVector<Publication> PublicationMonitor::publicationsOf(const QString &canonicalPath) const
@@ -108,11 +108,11 @@ QVector<Publication> PublicationMonitor::publicationsOf(const QString &canonical
     return found;
 }
 
-// --- what calls for a reading --------------------------------------------------------------------------------------
+// --- reasons for a reading --------------------------------------------------------------------------------------
 
 void PublicationMonitor::watchFiles()
 {
-    // A file that is replaced or deleted is no longer watched; its folder tells when there is one again.
+    // The watcher loses a file that is replaced or deleted. The watch on the folder sees the new file.
     for (const QString &path : qAsConst(m_watched)) {
         for (const QString &wanted : {path, QFileInfo(path).path()}) {
             if (!isWatched(wanted) && QFileInfo::exists(wanted))
@@ -128,7 +128,7 @@ bool PublicationMonitor::isWatched(const QString &path) const
 
 void PublicationMonitor::takeFolderChange(const QString &folder)
 {
-    // Much else happens in the folder of a file, which tells of its changes itself once it is there.
+    // Other files in the folder do not matter, and a watched file reports its own changes.
     const auto isMatter = [this, &folder](const QString &path) {
         return path == folder
                || (QFileInfo(path).path() == folder && !isWatched(path) && QFileInfo::exists(path));
@@ -142,7 +142,7 @@ void PublicationMonitor::subscribe()
     QDBusConnection bus = QDBusConnection::systemBus();
     if (!bus.isConnected())
         return;
-    // No sender is named: QtDBus would ask the bus for it and wait. Who else sends such a message causes a reading.
+    // Without a sender: QtDBus would ask the bus for its owner and wait. A false message costs only a reading.
     for (const char *name : {"JobRemoved", "UnitFilesChanged", "Reloading"})
         bus.connect({},
                     managerPath,
@@ -150,7 +150,7 @@ void PublicationMonitor::subscribe()
                     QString::fromLatin1(name),
                     this,
                     SLOT(takeServiceMessage(QDBusMessage)));
-    // A service that ends by itself.
+    // These arrive when a service ends by itself.
     bus.connect({},
                 {},
                 QStringLiteral("org.freedesktop.DBus.Properties"),
@@ -167,7 +167,7 @@ void PublicationMonitor::subscribe()
 
 void PublicationMonitor::takeServiceMessage(const QDBusMessage &message)
 {
-    // The unit's name, which object paths hold in an escaped form.
+    // Object paths contain the unit's name in an escaped form.
     QString unit;
     if (message.member() == QLatin1String("PropertiesChanged"))
         unit = message.path().section(QLatin1Char('/'), -1);
@@ -200,7 +200,7 @@ void PublicationMonitor::refresh()
 
 void PublicationMonitor::refreshSoon()
 {
-    // Not begun anew: changes without an end must not put the reading off for ever.
+    // A running timer is not restarted: endless changes must not delay the reading for ever.
     if (!m_soon.isActive())
         m_soon.start();
 }
@@ -213,11 +213,11 @@ void PublicationMonitor::refreshWhenFree()
         startReading();
 }
 
-// --- the reading ---------------------------------------------------------------------------------------------------
+// --- the reading ------------------------------------------------------------------------------------------------
 
 void PublicationMonitor::startReading()
 {
-    // Before the reading, so that no change falls in between.
+    // The watch begins before the reading, so that no change is missed.
     watchFiles();
     m_reading.setFuture(QtConcurrent::run(m_reader));
 }
@@ -231,7 +231,7 @@ void PublicationMonitor::takeReading()
     m_snapshot = snapshot;
     if (again)
         startReading();
-    // The last thing: who is told may delete the monitor.
+    // The signals come last: a receiver may delete the monitor.
     const QPointer<PublicationMonitor> self(this);
     if (isNew)
         Q_EMIT changed();

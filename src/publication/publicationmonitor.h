@@ -18,15 +18,14 @@ class QDBusMessage;
 class RepoServers;
 
 /**
- * Knows what is published from this machine right now. It reads in the background, again whenever the servers' files
- * or services change, and tells when the snapshot is another one. The interface asks it instead of the servers, which
- * block.
+ * Knows what is published from this machine now. It reads on another thread, and reads again when the servers' files
+ * or services change. The interface asks it, because the servers themselves block.
  */
 class PublicationMonitor : public QObject
 {
     Q_OBJECT
 public:
-    /** What one reading has found. */
+    /** The result of one reading. */
     struct Snapshot
     {
         QVector<Publication> publications;
@@ -34,36 +33,36 @@ public:
 
         bool operator==(const Snapshot &other) const;
     };
-    /** Called on the thread pool, never twice at a time, and perhaps after the monitor has gone. */
+    /** Called on the thread pool, one call at a time. A call may end after the monitor was deleted. */
     using Reader = std::function<Snapshot()>;
 
     explicit PublicationMonitor(QObject *parent = nullptr);
     PublicationMonitor(const std::shared_ptr<const RepoServers> &servers, QObject *parent);
-    /** `watched` are files and folders whose change calls for a reading. */
+    /** A change of one of the files and folders in `watched` causes a reading. */
     PublicationMonitor(Reader reader, QStringList watched, QObject *parent);
     ~PublicationMonitor() override;
 
-    /** Whether the first reading has ended; before, nothing is known and publications() is empty. */
+    /** Whether the first reading has ended. Before that, publications() is empty. */
     bool isKnown() const { return m_known; }
-    /** Those over HTTP first. */
+    /** All publications, those over HTTP first. */
     QVector<Publication> publications() const { return m_snapshot.publications; }
-    /** The publications of the repository in this directory, whose path is canonical: touches no file. */
+    /** The publications of the repository in this directory. The path must be canonical; no file is read. */
     QVector<Publication> publicationsOf(const QString &canonicalPath) const;
-    /** On which any program of this machine waits; as of the last reading, which no such program brings about. */
+    /** The ports on which programs of this machine listen, as of the last reading. A new listener causes no reading. */
     QSet<int> listeningPorts() const { return m_snapshot.listeningPorts; }
-    /** Reads again now; refreshed() follows in any case. */
+    /** Reads again now; refreshed() always follows. */
     void refresh();
-    /** Reads again every few seconds from now on, or no longer: for who looks at the services. Starts switched off. */
+    /** Whether to read every few seconds, which a window that shows the services needs. Off at first. */
     void setLive(bool live);
 
 Q_SIGNALS:
-    /** A reading has found another snapshot than the one before it, or the first one. */
+    /** A reading has found something new, or the first reading has ended. */
     void changed();
-    /** A reading has ended that began after the last refresh(). */
+    /** A reading that began after the last refresh() has ended. */
     void refreshed();
 
 private Q_SLOTS:
-    // What QtDBus calls, by name.
+    // QtDBus calls this slot by its name.
     void takeServiceMessage(const QDBusMessage &message);
 
 private:
@@ -73,7 +72,7 @@ private:
     QFutureWatcher<Snapshot> m_reading;
     QTimer m_soon;
     QTimer m_live;
-    bool m_again = false; ///< a refresh() has come while a reading ran
+    bool m_again = false; ///< refresh() was called during a reading
     bool m_known = false;
     Snapshot m_snapshot;
 

@@ -31,7 +31,7 @@ QList<int> PublicationSettings::busyPorts(const QSettings &settings)
     QList<int> ports;
     const QStringList texts = settings.value(SettingsKey::BusyHttpPorts).toStringList();
     for (const QString &text : texts) {
-        // Zero is what a text that is no number gives.
+        // A text that is not a number becomes zero.
         const int port = text.toInt();
         if (PortRange::contains(port) && !ports.contains(port))
             ports += port;

@@ -14,11 +14,11 @@
 class QSettings;
 
 /**
- * What is remembered of a published repository: one group of the settings for each port in the list of busy ports.
- * A stored value of another kind than expected counts as absent.
+ * The stored choices for a published repository: one group of the settings for each port in the list of busy ports.
+ * A stored value of a wrong kind counts as absent.
  *
- * What was chosen stays for the next time when a repository is unpublished. A port is given up when its repository is
- * published on another one instead, when it is removed, or when another repository takes the port.
+ * The choices stay when a repository is unpublished. A port is released when its repository is published on another
+ * port, when its repository is removed, or when another repository takes the port.
  */
 struct PublicationSettings
 {
@@ -27,32 +27,32 @@ struct PublicationSettings
     bool trusted = true;
     QString architectures; ///< separated by blanks
     int protocol = HttpProtocol;
-    QString host; ///< empty when none was chosen
+    QString host; ///< empty when no address was chosen
 
-    /** The ports that are taken, each once, in the order in which they were. */
+    /** The busy ports, each once, in the order in which they were taken. */
     static QList<int> busyPorts(const QSettings &settings);
-    /** The directories of the repositories that the taken ports are kept for. */
+    /** The directories of the repositories to which the busy ports belong. */
     static QHash<int, QString> keptPaths(const QSettings &settings);
-    /** What is kept for this port. */
+    /** The stored choices for this port. */
     static PublicationSettings load(const QSettings &settings, int port);
     /**
-     * What is kept for the repository whose directory has these spellings: the first of the busy ports that is its
-     * own. They are compared as texts, since a directory that is kept may lie on a disk that does not answer.
+     * The choices for the first busy port of the repository, whose directory has these spellings. The paths are
+     * compared as texts, because a stored directory may lie on a disk that does not answer.
      */
     static std::optional<PublicationSettings> find(const QSettings &settings, const QStringList &spellings);
-    /** What is kept for it under this port. */
+    /** The choices for this repository and this port. */
     static std::optional<PublicationSettings>
     find(const QSettings &settings, const QStringList &spellings, int port);
 
-    /** Takes the port, which must be a valid one, and keeps everything under it, whoever had it before. */
+    /** Takes the port, which must be valid, and stores everything under it. An earlier owner loses the port. */
     void claim(QSettings &settings) const;
-    /** Gives up this repository's ports but those in `kept`, and forgets what was kept under them. */
+    /** Releases this repository's ports except those in `kept`, and deletes what was stored under them. */
     static void release(QSettings &settings, const QStringList &spellings, const QList<int> &kept = {});
 
     /**
-     * Takes protocol and port of a publication of this repository: where the system and the settings disagree, the
-     * system is right. One that runs goes before one that does not, then the one that is named here already, then the
-     * first. False when it is not published. The paths must be canonical.
+     * Takes protocol and port of a publication of this repository: the system is right where the settings differ. A
+     * running publication is preferred, then the publication that the settings name, then the first one. False when
+     * the repository is not published. The paths must be canonical.
      */
     bool applyLive(const QVector<Publication> &publications);
 

@@ -13,8 +13,8 @@ VeltAdminRepoInterface::VeltAdminRepoInterface(QObject *parent)
                              QDBusConnection::systemBus(),
                              parent)
 {
-    // The bus's own limit of 25 seconds is shorter than a password takes: the helper would then do what the user was
-    // told has failed.
+    // The bus waits 25 seconds at most, but a password takes longer. The helper would then do its work after the user
+    // was told of a failure.
     setTimeout(int(std::chrono::milliseconds(AnswerLimits::Client).count()));
 }
 

@@ -6,8 +6,8 @@
 #include <QDBusPendingReply>
 
 /**
- * The privileged helper as it is seen on the system bus, which starts it when it is called. The calls let the system
- * ask the user for a password, and give the user the time to type it.
+ * The privileged helper on the system bus. The bus starts the helper at the first call. A call lets the system ask the
+ * user for a password, and waits long enough for the user to type it.
  */
 class VeltAdminRepoInterface : public QDBusAbstractInterface
 {
@@ -20,13 +20,13 @@ public:
     explicit VeltAdminRepoInterface(QObject *parent = nullptr);
 
     QDBusPendingReply<bool> AddLocalSource(const QString &entry);
-    /** The entry names the file of the key, which is public and in ASCII armor. */
+    /** The entry names the key's file. The key is public and in ASCII armor. */
     QDBusPendingReply<bool> AddSignedLocalSource(const QString &entry, const QString &key);
     QDBusPendingReply<bool> RemoveLocalSource(const QString &entry);
     QDBusPendingReply<bool> PublishRepo(const QString &path, int port, int protocol);
     QDBusPendingReply<bool> UnpublishRepo(int port, int protocol);
 
-    /** What an error of the bus means, in words for the user. */
+    /** The meaning of an error of the bus, in words for the user. */
     static QString describe(QDBusError::ErrorType type);
 
 Q_SIGNALS:

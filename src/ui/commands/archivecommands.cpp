@@ -69,7 +69,7 @@ void ArchiveCommands::attach(RepoWidget *widget)
 {
     connect(widget->repoShell(), &RepoShell::needImportRepo, this, [this, widget] {
         const QString folder = m_bench.tabs.pathOf(widget);
-        // Queued: the tab goes with the end of its job, which may be while the dialog is open.
+        // Queued: the tab is deleted when its job ends, and the job may end while the dialog is open.
         QMetaObject::invokeMethod(
             this,
             [this, folder] { importIntoNew(folder, QFileInfo(folder).absolutePath()); },
@@ -169,7 +169,7 @@ void ArchiveCommands::importRepo()
 
 void ArchiveCommands::importIntoNew(const QString &source, const QString &folder)
 {
-    // Before there is a repository, which nobody would want empty.
+    // The key is chosen first: without a key the new repository would stay empty.
     if (!m_bench.settings.hasKeyToAdd()) {
         m_bench.feedback.announce(tr("Not imported: %1").arg(source));
         return;
@@ -184,10 +184,10 @@ void ArchiveCommands::importIntoNew(const QString &source, const QString &folder
 
 void ArchiveCommands::importWaiting(RepoWidget *widget)
 {
-    // Files that were dropped on the new tab may have come first.
+    // Files that were dropped on the new tab may be added at this moment.
     if (!m_waiting.contains(widget) || m_bench.tabs.isRunning(widget))
         return;
-    // Each package keeps its component: the one that the user has chosen is that of another repository.
+    // Each package keeps its component: the chosen component belongs to another repository.
     widget->repoShell()->importRepo(m_waiting.take(widget), m_bench.settings.addOptions({}));
 }
 

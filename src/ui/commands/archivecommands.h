@@ -31,13 +31,13 @@ public:
                     RepositoryCommands &repositories,
                     QWidget *window);
 
-    /** Shows by the actions what can be done now; packages may be selected in the current tab. */
+    /** Enables the actions that are possible now. */
     void updateActions(bool arePackagesSelected);
 
 private:
     void connectActions();
     void attach(RepoWidget *widget);
-    /** Asks for the archive to write and begins the job, if that is possible still. */
+    /** Asks for the archive to write, and begins the job if it is still possible. */
     void exportBy(const std::function<void(RepoShell &engine, const QString &target)> &job);
     void exportPackages(const QList<PackageInfoPtr> &packages, bool withDepends);
     void exportSelected(bool withDepends);
@@ -52,6 +52,6 @@ private:
     Workbench m_bench;
     RepositoryCommands &m_repositories;
     QAction *m_importFolderAction;
-    QHash<const RepoWidget *, QString> m_waiting; ///< what goes into repositories that are being created
+    QHash<const RepoWidget *, QString> m_waiting; ///< sources for repositories that are being created
     QString m_lastFolder;
 };

@@ -63,7 +63,7 @@ void DependsCommands::attach(RepoWidget *widget)
     });
 }
 
-// --- how it is shown -----------------------------------------------------------------------------------------------
+// --- the actions and the trees --------------------------------------------------------------------------------------
 
 void DependsCommands::updateActions()
 {
@@ -92,7 +92,7 @@ void DependsCommands::shareArrangement(const RepoWidget *from)
     }
 }
 
-// --- checking ------------------------------------------------------------------------------------------------------
+// --- checking -------------------------------------------------------------------------------------------------------
 
 void DependsCommands::checkDepends()
 {
@@ -109,7 +109,7 @@ void DependsCommands::checkDependsByToolBar()
         checkDepends();
         return;
     }
-    // With nothing to check there is still the choice of where to look.
+    // When nothing can be checked, the button still offers the choice of the sources.
     auto *button = qobject_cast<QToolButton *>(m_ui.mainToolBar->widgetForAction(m_ui.m_checkDependsAction));
     if (button != nullptr && button->isVisible())
         button->showMenu();
@@ -125,7 +125,7 @@ void DependsCommands::check(RepoWidget *widget, const QList<PackageInfoPtr> &pac
         widget->repoShell()->checkDepends(packages);
 }
 
-// --- what is missing -----------------------------------------------------------------------------------------------
+// --- missing packages -----------------------------------------------------------------------------------------------
 
 void DependsCommands::packageDependsContextMenuRequested(RepoWidget *widget, const QPoint &globalPos)
 {
@@ -179,7 +179,7 @@ void DependsCommands::addPackageFromInternet()
         target->repoShell()->downloadPackages(packages, m_bench.settings.addOptions(info.componentList()));
         return;
     }
-    // Whatever has come between is no reason to forget in silence what was chosen.
+    // The user learns which packages were not added, whatever the reason.
     QStringList names;
     for (const PackageInfo &package : packages)
         names << package.name;

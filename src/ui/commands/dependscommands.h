@@ -26,18 +26,18 @@ public:
     /** `ui` holds the actions and outlives the commands; `window` is its window. */
     DependsCommands(Ui::MainWindow &ui, const Workbench &bench, QWidget *window);
 
-    /** Shows by the actions what can be done now. */
+    /** Enables the actions that are possible now. */
     void updateActions();
     const DependsArrangement &arrangement() const { return m_arrangement; }
-    /** For all tabs there are and will be. */
+    /** Arranges the trees of all tabs, also of later ones. */
     void setArrangement(const DependsArrangement &arrangement);
 
 Q_SIGNALS:
-    /** What can be done now is something else than before. */
+    /** Other actions are possible now. */
     void stateChanged();
 
 private:
-    /** What a tab says of itself. */
+    /** What a tab allows now. */
     struct Abilities
     {
         bool check = false;
@@ -55,8 +55,8 @@ private:
 
     Ui::MainWindow &m_ui;
     Workbench m_bench;
-    QMenu *m_menu; ///< of the dependency trees
+    QMenu *m_menu; ///< the menu of the dependency trees
     QHash<const RepoWidget *, Abilities> m_abilities;
-    QPointer<RepoWidget> m_menuTab; ///< whose tree the menu is about
+    QPointer<RepoWidget> m_menuTab; ///< the tab whose menu was shown last
     DependsArrangement m_arrangement;
 };

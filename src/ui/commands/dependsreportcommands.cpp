@@ -60,7 +60,7 @@ void DependsReportCommands::endJob(const RepoWidget *widget, RepoEnums::JobId jo
     const RepoShell &engine = *widget->repoShell();
     const bool isCheck = jobId == RepoEnums::CHECK_DEPENDS_JOB;
     std::optional<int> mode = job.mode;
-    // Other jobs check at their end, and the user may have chosen anew meanwhile.
+    // Other jobs check at their end. The user may have chosen another mode since they began.
     if (!isCheck && job.mode != m_bench.settings.choices().dependsRepoType)
         mode.reset();
     const bool isOfAll
@@ -69,7 +69,7 @@ void DependsReportCommands::endJob(const RepoWidget *widget, RepoEnums::JobId jo
     const bool standsAlone = isOfAll || !job.addsToMarks;
     if (!standsAlone && before.mode != mode)
         mode.reset();
-    // Marks from the store have no date, and a date of others would speak for them too.
+    // Stored marks have no date. A date in the report would be wrong for them.
     const bool isDated = standsAlone || before.time.isValid();
     m_checks[widget] = {mode, isDated ? QDateTime::currentDateTime() : QDateTime()};
 }
@@ -112,7 +112,7 @@ void DependsReportCommands::save()
     const RepoWidget *widget = m_bench.tabs.current();
     if (widget == nullptr)
         return;
-    // What was in error when the command was given, whatever happens while the dialog is open.
+    // The report shows the state of this moment, although jobs may run while the dialog is open.
     const Contents contents = contentsOf(*widget);
     const QString name = QStringLiteral("%1_dependences.txt").arg(widget->repoShell()->repoInfo().name);
     const QString textFilter = tr("Text (*.txt)");
@@ -129,7 +129,7 @@ void DependsReportCommands::save()
             m_bench.feedback.error(tr("The report cannot be saved in %1.").arg(path), failure);
             return;
         }
-        // A folder that took it takes the next one.
+        // The next report is proposed for the same folder.
         m_lastFolder = QFileInfo(path).absolutePath();
         m_bench.feedback.announce(tr("The report is saved in %1.").arg(path));
     });

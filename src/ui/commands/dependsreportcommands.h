@@ -15,44 +15,44 @@
 class QAction;
 class RepoWidget;
 
-/** Lets the user take along what the last checks found missing in the current tab's repository. */
+/** Copies or saves a report of the missing dependencies that the last checks found in the current repository. */
 class DependsReportCommands : public QObject
 {
     Q_OBJECT
 public:
     DependsReportCommands(const Workbench &bench, QObject *parent);
 
-    /** What the user can do, for menus. */
+    /** The commands, for menus. */
     QList<QAction *> actions() const { return {m_copyAction, m_saveAction}; }
-    /** Shows by the actions what can be done now. */
+    /** Enables the actions that are possible now. */
     void updateActions();
 
 Q_SIGNALS:
-    /** What can be done now is something else than before. */
+    /** Other actions are possible now. */
     void stateChanged();
 
 private:
     enum class Format { Text, Json };
 
-    /** What a report is made of. */
+    /** The contents of a report. */
     struct Contents
     {
         QList<PackageInfoPtr> packages;
         DependsReport::Heading heading;
     };
 
-    /** What is known of the check that a tab's marks come from. */
+    /** The check from which a tab's marks come. */
     struct Check
     {
-        std::optional<int> mode; ///< none when the marks come from checks of several or of unknown modes
-        QDateTime time; ///< of the last check; invalid when marks may be older than this run of the program
+        std::optional<int> mode; ///< empty: the checks had several modes, or unknown ones
+        QDateTime time; ///< of the last check; invalid: some marks may be older than this run of the program
     };
 
-    /** The job that a tab is at, as far as it matters for the marks. */
+    /** The running job of a tab, as far as it matters for the marks. */
     struct Job
     {
-        int mode = 0; ///< at its start
-        bool addsToMarks = false; ///< there were some at its start
+        int mode = 0; ///< at the start of the job
+        bool addsToMarks = false; ///< there were marks at the start
         bool hasChecked = false;
         int items = 0;
     };
@@ -60,7 +60,7 @@ private:
     void attach(RepoWidget *widget);
     void endJob(const RepoWidget *widget, RepoEnums::JobId jobId);
     Contents contentsOf(const RepoWidget &widget) const;
-    /** The report; takes a while for a large repository. From any thread. */
+    /** Writes the report. Slow for a large repository; can be called from any thread. */
     static QByteArray report(const Contents &contents, Format format);
     void copy();
     void save();

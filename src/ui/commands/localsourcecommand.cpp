@@ -30,7 +30,7 @@ LocalSourceCommand::LocalSourceCommand(const Workbench &bench,
     connect(&m_list, &LocalSourcesWatch::changed, this, &LocalSourceCommand::changed);
 }
 
-// --- what the list says --------------------------------------------------------------------------------------------
+// --- the lines of the list -----------------------------------------------------------------------------------------
 
 QStringList LocalSourceCommand::linesOf(const RepoWidget &widget) const
 {
@@ -95,7 +95,7 @@ LocalSourceCommand::Finding LocalSourceCommand::look(LocalSourceFacts facts, con
     if (!key.isGood)
         return {facts, {}};
     const QByteArray armor = RepositoryKey::publicKey(key.id).key;
-    // A key that the helper would refuse counts as none.
+    // The helper would refuse such a key, so it is not used.
     if (!SourceKey::isFingerprint(key.id) || SourceKey::fingerprint(armor) != key.id)
         return {facts, {}};
     facts.fingerprint = key.id;

@@ -16,8 +16,8 @@ class PublicationMonitor;
 class RepoWidget;
 
 /**
- * The commands on this machine's own list of sources. Which line apt gets is looked into in the background: it leads
- * to the directory or names the repository's key where it can, since a line outlives the publication that it leads to.
+ * The commands on this machine's own list of sources. The line for apt is chosen on another thread. It names the
+ * directory or the repository's key where possible, because a line outlives its publication.
  */
 class LocalSourceCommand : public QObject
 {
@@ -30,40 +30,40 @@ public:
                        HelperClient &helper,
                        QObject *parent);
 
-    /** The lines of the list by which apt uses the tab's repository. Touches no file. */
+    /** The lines of the list by which apt uses the tab's repository. Reads no file. */
     QStringList linesOf(const RepoWidget &widget) const;
-    /** Those that lead to a port of this machine on which nothing is published; empty as long as that is unknown. */
+    /** The lines that lead to a port of this machine on which nothing is published; empty while this is unknown. */
     QStringList orphanedLines() const;
 
-    /** Adds the tab's repository to the list, after a question where that is a risk. */
+    /** Adds the tab's repository to the list. Asks first when the line is a risk. */
     void add(RepoWidget *widget);
     /** Removes the lines of the tab's repository. */
     void remove(RepoWidget *widget);
     /**
-     * Removes these lines, while `tab` waits, which is null for lines of no repository that is open. `answer` does
-     * not come when the window is closed before.
+     * Removes these lines while `tab` waits; `tab` is null when the repository is not open. There is no `answer` when
+     * the window closes before the end.
      */
     void removeLines(const QStringList &lines, RepoWidget *tab, const Answer &answer = {});
-    /** The lines that lead to this publication and that the user wants to go with it. Nothing when nobody was asked. */
+    /** The lines to this publication that the user wants to remove with it. Nothing when the user gave no answer. */
     std::optional<QStringList> askForLinesTo(const Publication &publication);
 
 Q_SIGNALS:
-    /** The list is another one. */
+    /** The list has changed. */
     void changed();
 
 private:
-    /** What was looked into in the background. */
+    /** What was found on the other thread. */
     struct Finding
     {
         LocalSourceFacts facts;
         QByteArray key; ///< in ASCII armor
     };
 
-    /** Lines that are being removed one after another. */
+    /** Lines that are removed one after another. */
     struct Removal
     {
         QStringList ours; ///< still to be removed
-        QStringList byHand; ///< what the helper does not touch
+        QStringList byHand; ///< lines that the helper does not remove
         QPointer<RepoWidget> tab;
         Answer answer;
     };

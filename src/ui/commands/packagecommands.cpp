@@ -32,7 +32,7 @@ PackageCommands::PackageCommands(const Workbench &bench, RepositoryCommands &rep
     , m_lastFolder(QSettings().value(lastFolderKey, QDir::homePath()).toString())
 {
     connect(&m_bench.tabs, &RepoTabs::created, this, [this](RepoWidget *widget) {
-        // A drop is a decision for this very repository. Queued: the drag's source waits for the drop to return.
+        // A drop on a tab means this repository. Queued: the source of the drag waits until the drop returns.
         connect(
             widget,
             &RepoWidget::filesDropped,
@@ -75,7 +75,7 @@ RepoWidget *PackageCommands::chooseTarget()
     QStringList paths;
     const QList<RepoWidget *> shown = m_bench.tabs.shown();
     for (RepoWidget *widget : shown) {
-        // One that is about to go takes nothing any more.
+        // A disabled tab is about to close.
         if (!widget->isEnabled())
             continue;
         tabs << widget;
@@ -91,7 +91,7 @@ RepoWidget *PackageCommands::chooseTarget()
                                              tr("Select the repository to add the package(s) to:"),
                                              paths,
                                              tabs.indexOf(m_bench.tabs.current()));
-    // Tabs can have gone while the user was choosing.
+    // The tab may have been closed while the user was choosing.
     RepoWidget *target
         = index < 0 || !m_bench.tabs.shown().contains(tabs.at(index)) ? nullptr : tabs.at(index);
     if (target != nullptr)
@@ -221,7 +221,7 @@ void PackageCommands::startAdding(RepoWidget *widget, const QStringList &files)
         tellNotAdded(files);
         return;
     }
-    // Somebody else's files can have started a job here while the dialog was open.
+    // Another command may have started a job while the dialog was open.
     if (m_bench.tabs.isRunning(widget)) {
         keep(widget, files);
         return;

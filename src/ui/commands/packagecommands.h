@@ -12,24 +12,24 @@
 class RepositoryCommands;
 class RepoWidget;
 
-/** The commands on packages: adding files, whatever way they come, and removing. */
+/** The commands on packages: adding files from all ways in, and removing packages. */
 class PackageCommands : public QObject
 {
     Q_OBJECT
 public:
     PackageCommands(const Workbench &bench, RepositoryCommands &repositories, QObject *parent);
 
-    /** Asks for one of several repositories, then for files, and adds these to it. */
+    /** Asks for a repository if there are several, then for files, and adds the files. */
     void chooseAndAdd();
-    /** Adds files to the only repository, or to one that the user picks. */
+    /** Adds files to the only repository, or to the one that the user chooses. */
     void addToChosen(const QStringList &files);
-    /** Files of the program's own start: with no repository open the user can create or open one for them. */
+    /** Adds the files of the program's start. When no repository is open, the user can create or open one. */
     void addAtStart(const QStringList &files);
-    /** Adds files to this tab's repository; when a job runs there, after it. */
+    /** Adds files to this tab's repository, after its running job if there is one. */
     void addPackages(RepoWidget *widget, const QStringList &files);
     /**
-     * Finds the packages of a drop, also those in folders, and gives them to `add`: at once when there are files alone,
-     * else later, and after a question when there are many.
+     * Finds the packages of a drop, also in folders, and calls `add` with them: at once when only files were dropped,
+     * otherwise later. Asks first when folders hold many packages.
      */
     void takeDropped(const QStringList &paths, const std::function<void(const QStringList &files)> &add);
     /** Removes the selected packages of the current tab after a question. */
@@ -39,9 +39,9 @@ private:
     RepoWidget *chooseTarget();
     void warnNoRepository();
     void tellNotAdded(const QStringList &files);
-    /** Those of the files that can be packages; tells of the others. */
+    /** The files that can be packages. Tells the user about the other files. */
     QStringList packagesAmong(const QStringList &files);
-    /** Until the tab is free. */
+    /** Keeps the files until the tab is free. */
     void keep(RepoWidget *widget, const QStringList &files);
     void startAdding(RepoWidget *widget, const QStringList &files);
 

@@ -34,7 +34,7 @@ PublicationCommands::PublicationCommands(Ui::MainWindow &ui,
     , m_sources(new LocalSourceCommand(bench, monitor, m_helper, this))
     , m_publishToolTip(ui.m_publishRepoAction->toolTip())
 {
-    // Nothing in the window means it.
+    // The action has no meaning in this window.
     m_ui.actionView->setVisible(false);
     connectActions();
     connect(&m_bench.tabs, &RepoTabs::created, this, &PublicationCommands::attach);
@@ -86,7 +86,7 @@ void PublicationCommands::attach(RepoWidget *widget)
 
 void PublicationCommands::showSnapshot()
 {
-    // Whatever has brought about another snapshot may have changed what is kept.
+    // The change may also have changed the kept ports.
     m_publish->renewKeptPorts();
     const QList<RepoWidget *> widgets = m_bench.tabs.shown();
     for (RepoWidget *widget : widgets)
@@ -117,7 +117,7 @@ void PublicationCommands::updateActions()
 
 PublicationRules PublicationCommands::judge(const RepoWidget &widget) const
 {
-    // Which ports others use is looked up when it matters: nobody tells when one is given up.
+    // The ports of other programs are looked up only before publishing: no signal tells when a port is released.
     return PublicationRules::judge(m_publish->requestOf(widget), m_monitor.publications(), {});
 }
 
@@ -137,11 +137,11 @@ void PublicationCommands::updateCommands(RepoWidget *widget)
     if (isFree) {
         const PublicationRules rules = judge(*widget);
         canUnpublish = publicationToEnd(rules).has_value();
-        // Without a server type the command asks for one.
+        // The command is enabled without a server type and then asks for it.
         canPublish = rules.mayPublish() || m_publish->requestOf(*widget).protocol < 0;
         if (!canPublish)
             reason = rules.reason;
-        // What a publication in this window has brought about is told in other words.
+        // After a publication from this window, the words are different.
         if (m_hasPublished && rules.obstacle == PublicationRules::Obstacle::OtherRepository)
             reason = tr("Another repo already published");
     }
@@ -165,7 +165,7 @@ void PublicationCommands::updateCommands(RepoWidget *widget)
 
 bool PublicationCommands::isPublished(const QString &path) const
 {
-    // Before the system has answered, what is remembered must do.
+    // Before the first answer of the system, the stored settings decide.
     const QString canonicalPath = m_repositories.canonicalPathOf(path);
     return m_monitor.isKnown() ? !m_monitor.publicationsOf(canonicalPath).isEmpty()
                                : PublicationSettings::find(QSettings(), {path, canonicalPath}).has_value();
@@ -212,7 +212,7 @@ void PublicationCommands::end(const Publication &publication,
         m_publish->unpublish(publication, tab, answer);
         return;
     }
-    // Before the port is free: a question for a password can stay open for long.
+    // The lines go before the port becomes free: a question for a password can stay open for a long time.
     m_sources->removeLines(*lines, tab, [this, publication, guard, answer](bool done) {
         if (done)
             m_publish->unpublish(publication, guard, answer);

@@ -24,8 +24,8 @@ class MainWindow;
 }
 
 /**
- * The commands on publications and on this machine's own sources. It keeps actions, panels and tabs in step with what
- * the system says is published.
+ * The commands on publications and on this machine's own sources. They keep actions, panels and tabs up to date with
+ * the publications that the system has.
  */
 class PublicationCommands : public QObject
 {
@@ -38,7 +38,7 @@ public:
                         PublicationMonitor &monitor,
                         QWidget *window);
 
-    /** Shows by the actions and the current tab's panel what can be done now. */
+    /** Enables the actions, and the commands of the current tab's panel, that are possible now. */
     void updateActions();
 
 private:
@@ -48,12 +48,12 @@ private:
     void showSnapshotIn(RepoWidget *widget);
     void updateCommands(RepoWidget *widget);
     PublicationRules judge(const RepoWidget &widget) const;
-    /** What the tab's command to unpublish means; of several, the one that the panel shows. */
+    /** The publication that the tab's unpublish command ends; of several, the one that the panel shows. */
     static std::optional<Publication> publicationToEnd(const PublicationRules &rules);
     bool isPublished(const QString &path) const;
     void publish(RepoWidget *widget);
     void unpublish(RepoWidget *widget);
-    /** Ends it, after the lines that lead to it if the user wants that. `tab` is its repository's, null without one. */
+    /** Ends the publication, and removes the lines to it first if the user agrees. `tab` may be null. */
     void end(const Publication &publication, RepoWidget *tab, const std::function<void(bool)> &answer = {});
     void unpublishAll(const QString &path, const std::function<void(bool)> &answer);
     void showPublishedRepos();
@@ -63,10 +63,10 @@ private:
     Workbench m_bench;
     RepositoryCommands &m_repositories;
     QWidget *m_window;
-    HelperClient m_helper; ///< the one way to the system for both commands
+    HelperClient m_helper; ///< for both commands
     PublishCommand *m_publish;
     LocalSourceCommand *m_sources;
-    QString m_publishToolTip; ///< while there is nothing to say
+    QString m_publishToolTip; ///< when publishing is possible
     QPointer<PublishedReposDialog> m_dialog;
-    bool m_hasPublished = false; ///< since the start
+    bool m_hasPublished = false; ///< since the start of the program
 };

@@ -39,7 +39,7 @@ PublishCommand::PublishCommand(const Workbench &bench,
     renewKeptPorts();
 }
 
-// --- what can stand in the way -----------------------------------------------------------------------------------
+// --- checks before publishing ------------------------------------------------------------------------------------
 
 void PublishCommand::publish(RepoWidget *widget)
 {
@@ -236,7 +236,7 @@ void PublishCommand::makeRoom(const Request &request)
         askSystem(request);
         return;
     }
-    // A service that runs goes on with the directory that it was started with.
+    // A running service would go on serving its old directory.
     m_helper.unpublishRepo(
         request.wanted.port, request.wanted.protocol, [this, request](const HelperClient::Result &result) {
             afterReading([this, request, result] {
@@ -263,7 +263,7 @@ void PublishCommand::askSystem(Request request)
                          [this, request](const HelperClient::Result &result) {
                              if (!goesOn(request))
                                  return;
-                             // The system's state decides, not the answer: that can have come too late.
+                             // The system's state decides: the answer may have come too late.
                              afterReading([this, request, result] { finish(request, result); });
                          });
 }
@@ -299,7 +299,7 @@ void PublishCommand::explainFailure(const Request &request)
 {
     QString log
         = request.wanted.protocol == HttpProtocol ? HttpServer::logFile(request.wanted.port) : QString();
-    // A server that has not come to write has left the log of an earlier one.
+    // An old log comes from an earlier server: the new server has written nothing.
     const auto read = [log, asked = request.asked] {
         const QFileInfo file(log);
         const bool isNew = asked.isValid() && file.exists() && file.lastModified() >= asked;
@@ -323,11 +323,11 @@ void PublishCommand::explainFailure(const Request &request)
 
 QString PublishCommand::wordOfFailure()
 {
-    // Without a bus, nobody can tell what is published.
+    // Without a bus, the state of the publication is unknown.
     return HelperClient::isReachable() ? tr("Repository is unpublished.") : QString();
 }
 
-// --- the way back ------------------------------------------------------------------------------------------------
+// --- unpublishing ------------------------------------------------------------------------------------------------
 
 void PublishCommand::unpublish(const Publication &publication, RepoWidget *tab, const Answer &answer)
 {

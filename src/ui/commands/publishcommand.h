@@ -18,9 +18,8 @@
 class RepoWidget;
 
 /**
- * Publishes and unpublishes repositories. Before the system is asked for anything, everything is looked at that can
- * stand in the way, each thing in the background; while a tab waits for the system, its other commands are switched
- * off.
+ * Publishes and unpublishes repositories. It checks every possible obstacle, on another thread, before it asks the
+ * system. While a tab waits for the system, its other commands are disabled.
  */
 class PublishCommand : public QObject
 {
@@ -33,29 +32,29 @@ public:
                    HelperClient &helper,
                    QObject *parent);
 
-    /** What the tab's panel says, for the rules. Touches no file: it is asked for at every key. */
+    /** The choice in the tab's panel, for the rules. It is asked for at every key press, so it reads no file. */
     PublicationRequest requestOf(const RepoWidget &widget) const;
-    /** Reads again which ports are kept, and for which repositories. */
+    /** Reads the kept ports and their repositories again. */
     void renewKeptPorts();
-    /** Publishes the tab's repository as its panel says. */
+    /** Publishes the tab's repository as chosen in its panel. */
     void publish(RepoWidget *widget);
-    /** Ends this publication. `tab` is that of its repository, null when it has none. */
+    /** Ends this publication. `tab` shows its repository; null when no tab does. */
     void unpublish(const Publication &publication, RepoWidget *tab, const Answer &answer = {});
 
 Q_SIGNALS:
     void published(RepoWidget *widget);
 
 private:
-    /** What is to be published, as it was when the command was given. */
+    /** What to publish, as it was at the time of the command. */
     struct Request
     {
         QPointer<RepoWidget> widget;
         PublicationRequest wanted;
-        PublicationRules rules; ///< as of the last look at the system
+        PublicationRules rules; ///< as of the last reading of the system
         QDateTime asked = {}; ///< when the system was asked to publish
     };
 
-    // The steps of publishing, in this order. Each goes on with the next or gives up.
+    // The steps of publishing, in this order. Each step calls the next one or gives up.
     void checkPackage(const Request &request);
     void checkPort(Request request);
     void checkAccess(const Request &request);
@@ -78,7 +77,7 @@ private:
                          RepoWidget *tab,
                          const HelperClient::Result &result,
                          const Answer &answer);
-    /** Whether the system still has it; as of the last reading. */
+    /** Whether the system still has the publication, as of the last reading. */
     bool isListed(const Publication &publication) const;
     static QString whyListed(const Publication &publication);
     static QString whereReasonsAre();
@@ -87,6 +86,5 @@ private:
     Workbench m_bench;
     PublicationMonitor &m_monitor;
     HelperClient &m_helper;
-    QHash<int, QString>
-        m_keptPorts; ///< with the directories of their repositories, as the settings have them
+    QHash<int, QString> m_keptPorts; ///< and the directories of their repositories, as the settings have them
 };

@@ -47,7 +47,7 @@ void RecentRepositories::showPaths(const QStringList &paths)
     for (int i = 0; i < actions.size(); ++i) {
         const QString path = paths.value(i);
         actions.at(i)->setData(path);
-        // A single "&" would not be shown but underline the letter after it.
+        // A single "&" would be hidden and would underline the next letter.
         actions.at(i)->setText(QString(path).replace(QLatin1Char('&'), QLatin1String("&&")));
         actions.at(i)->setVisible(i < paths.size());
     }

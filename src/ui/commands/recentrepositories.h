@@ -6,7 +6,7 @@
 
 class QMenu;
 
-/** The submenu of the repositories that were opened last, kept in the settings. */
+/** The submenu of the recently opened repositories, which the settings keep. */
 class RecentRepositories : public QObject
 {
     Q_OBJECT

@@ -83,7 +83,7 @@ bool RepositoryCommands::create(Creation creation)
             dialog.propose(QFileInfo(creation.path).path(), QFileInfo(creation.path).fileName());
         fillDefaults(&dialog);
     }
-    // Creating wipes what is there.
+    // Creating a repository wipes its directory, which must not be the source.
     if (!creation.source.isEmpty())
         dialog.setPathCheck([source = creation.source](const QString &path) {
             return PathGuard::overlap(path, source)
@@ -135,7 +135,7 @@ void RepositoryCommands::createAgain(const Creation &creation)
             creation.purpose.givenUp();
         return;
     }
-    // What went wrong is read first.
+    // The user reads the error first.
     const auto once = std::make_shared<QMetaObject::Connection>();
     const auto again = [this, creation, once] {
         disconnect(*once);
@@ -151,7 +151,7 @@ QStringList RepositoryCommands::remembered() const
 
 void RepositoryCommands::fillDefaults(NewRepoDialog *dialog)
 {
-    // Asking the system runs a program, so the dialog is there first and is filled when the answer comes.
+    // The defaults come from a program. The dialog is shown before that and filled later.
     runInBackground(
         dialog, &RepoShell::defaultRepoInfo, [dialog](const RepoInfo &info) { dialog->setDefaults(info); });
 }
@@ -227,8 +227,8 @@ void RepositoryCommands::openWhatIsThere(RepoWidget *widget,
 
 void RepositoryCommands::rememberOnceOpen(const RepoShell &shell, const QString &path)
 {
-    // What turns out to be no repository is not worth remembering; a repository whose disk is absent just now keeps
-    // the place that it has.
+    // A folder that holds no repository is not remembered. A repository on an absent disk keeps its place in the
+    // list.
     const auto once = std::make_shared<QMetaObject::Connection>();
     *once = connect(&shell, &RepoShell::pathChanged, this, [this, &shell, path, once] {
         disconnect(*once);
@@ -258,7 +258,7 @@ void RepositoryCommands::openRecent(const QString &path)
                 return;
             }
             m_bench.feedback.appendLog(tr("The directory %1 does not exist.").arg(path));
-            // It may lie on a disk that is absent just now.
+            // The repository may lie on a disk that is absent now.
             if (m_bench.prompts.askCarefully(
                     tr("Recent repositories"),
                     tr("The directory %1 does not exist. Do you want to remove it from the list of "
@@ -273,7 +273,7 @@ void RepositoryCommands::reopen(const QStringList &paths)
 {
     for (const QString &path : paths)
         showRepo(path, true);
-    // A disk that does not answer holds up nobody for ever.
+    // A disk that does not answer must not block for ever. In milliseconds:
     constexpr int Patience = 5000;
     QTimer::singleShot(Patience, this, [this] {
         if (!std::exchange(m_reopened, {}).isEmpty())

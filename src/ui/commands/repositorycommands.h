@@ -21,13 +21,13 @@ class RepositoryCommands : public QObject
 {
     Q_OBJECT
 public:
-    /** What the commands must know of publications, and may do to them. */
+    /** What the commands know of publications, and can do to them. */
     struct Publishing
     {
         std::function<bool(const QString &path)> isPublished;
         /** Ends all publications of the repository; `answer` comes later, unless the window is closed before. */
         std::function<void(const QString &path, const std::function<void(bool done)> &answer)> unpublish;
-        /** Whether this machine's own list of sources has the line that the repository's tab shows. */
+        /** Whether this machine's own list of sources has a line of the tab's repository. */
         std::function<bool(const RepoWidget &widget)> isLocalSource;
     };
 
@@ -35,39 +35,39 @@ public:
 
     void setPublishing(const Publishing &publishing) { m_publishing = publishing; }
 
-    /** What somebody does who has something for a repository that is yet to be created. */
+    /** What a caller does with a repository that is created for its packages. */
     struct Purpose
     {
-        /** Gets the widget of the repository, and another one when creating it failed and is tried again. */
+        /** Gets the widget of the repository; called again with another widget after a failure and a new try. */
         std::function<void(RepoWidget *widget)> made;
-        /** Creating it failed: the widget goes, and the user is asked once more. */
+        /** Creating the repository failed. The widget will be deleted, and the user is asked once more. */
         std::function<void(RepoWidget *widget)> failed;
-        /** After a failure the user wants no repository any more. */
+        /** The user gave up after a failure. */
         std::function<void()> givenUp;
     };
-    /** Asks for a description and creates the repository. The tab comes when it is there. False when cancelled. */
+    /** Asks for a description and creates the repository. Its tab is shown at the end. False when cancelled. */
     bool createRepo(const Purpose &purpose = {});
-    /** The same for what is in `source`, an archive or a folder, with a proposed place in `folder`. */
+    /** The same for the packages in `source`, an archive or a folder. Proposes a place in `folder`. */
     void createForImport(const QString &source, const QString &folder, const Purpose &purpose);
     /** Asks for a directory and opens it; null when cancelled. */
     RepoWidget *chooseAndOpen();
     /**
-     * Opens the repository in `path`, or brings its tab to the front. Whether it is there, and is one, is looked at
-     * in the background, since its disk may not answer: the tab goes again when not.
+     * Opens the repository in `path`, or brings its tab to the front. The directory is checked on another thread,
+     * because its disk may not answer. The tab is closed again when there is no repository.
      */
     RepoWidget *openRepo(const QString &path);
-    /** Opens an entry of the recent ones, which may be gone. */
+    /** Opens a recent repository, whose directory may have been deleted. */
     void openRecent(const QString &path);
-    /** Opens what was open when the program ended; what is gone is only noted in the log. */
+    /** Opens the repositories of the last session. Missing ones are only noted in the log. */
     void reopen(const QStringList &paths);
-    /** Whether tabs that reopen() made can still turn out to have no repository; for some seconds at most. */
+    /** Whether reopen() is still checking its directories; for some seconds at most. */
     bool isReopening() const { return !m_reopened.isEmpty(); }
     /** Asks for a new description of the current tab's repository and applies it. */
     void changeRepo();
     /** Deletes the current tab's repository after a question. */
     void removeRepo();
 
-    /** The path with links resolved; that of an open repository is known, any other is looked up. */
+    /** The path with links resolved. Reads the file system unless the repository is open. */
     QString canonicalPathOf(const QString &path) const;
     /** Whether a repository is being deleted. */
     bool isRemoving() const { return !m_removing.isEmpty(); }
@@ -75,25 +75,25 @@ public:
 Q_SIGNALS:
     /** The last deletion has ended. */
     void removalsEnded();
-    /** isReopening() has become false; a tab with no repository may be just about to go. */
+    /** isReopening() has become false. A tab without a repository may be about to close. */
     void reopeningEnded();
 
 private:
     void fillDefaults(NewRepoDialog *dialog);
-    /** One repository that the user wants, from the dialog to its end. */
+    /** The creation of one repository, from the dialog to the end. */
     struct Creation
     {
         NewRepoDialog::Mode mode = NewRepoDialog::Mode::Create;
-        QString failure; ///< what is said when nothing came of it
+        QString failure; ///< the message after a failure
         QString source; ///< of an import
         Purpose purpose;
-        QString path; ///< proposed or, like the description, typed in
+        QString path; ///< proposed, or typed in like the description
         RepoInfo info;
         bool isTypedIn = false;
     };
     bool create(Creation creation);
     void createAgain(const Creation &creation);
-    /** Where repositories are or were. */
+    /** The directories where repositories are or were. */
     QStringList remembered() const;
     /**
      * Calls `look` with the path of the current tab's repository on another thread, then `next` with the tab and what
@@ -123,5 +123,5 @@ private:
     RecentRepositories &m_recent;
     Publishing m_publishing;
     QStringList m_removing; ///< directories that are being deleted
-    QSet<const RepoWidget *> m_reopened; ///< tabs from the last time that are still being looked at
+    QSet<const RepoWidget *> m_reopened; ///< tabs of reopen() whose directories are still being checked
 };

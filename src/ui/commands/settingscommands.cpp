@@ -54,7 +54,7 @@ void SettingsCommands::save()
 
 bool SettingsCommands::store(QSettings &settings)
 {
-    // With the object that the values were given to: a new one knows nothing of them when there is no file yet.
+    // A new object would not see the values as long as there is no file.
     settings.sync();
     if (settings.status() != QSettings::AccessError)
         return true;
@@ -77,7 +77,7 @@ QString SettingsCommands::notStoredText()
 
 void SettingsCommands::setChoices(const UserChoices &choices)
 {
-    // Stored at once: the choices are read again whenever another tab comes to the front.
+    // The choices are stored at once, because each change of the tab reads them again.
     m_choices = choices;
     save();
     applyToAll();
@@ -110,7 +110,7 @@ bool SettingsCommands::hasKeyToAdd()
 AddOptions SettingsCommands::addOptions(const QStringList &components) const
 {
     AddOptions options;
-    // The component may stem from another repository; one that is not offered here leaves packages in their own.
+    // The component may belong to another repository. Packages then keep their own component.
     if (components.contains(m_choices.currentComponent))
         options.component = m_choices.currentComponent;
     options.signKeyId = m_choices.signKeyId;

@@ -14,12 +14,12 @@ class QSettings;
 class RepoTabs;
 class RepoWidget;
 
-/** The dialogs in which the user's choices are made, and the choices themselves. */
+/** The user's choices, and the dialogs for them. */
 class SettingsCommands : public QObject
 {
     Q_OBJECT
 public:
-    /** What the packages that are added come from. */
+    /** Where added packages come from. */
     enum class AddedFrom { Files, Archive };
 
     SettingsCommands(RepoTabs &tabs, Prompts &prompts, QObject *parent);
@@ -28,21 +28,21 @@ public:
     /** Reads the stored choices again. */
     void load();
     void save();
-    /** Writes the settings out. When that fails it says so, once in a session, by notStored(). */
+    /** Writes the settings out. Emits notStored() after the first failure of a session. */
     bool store(QSettings &settings);
-    /** The same as a box, for the end of the session: what the user has changed is lost. */
+    /** Shows the same message in a box, at the end of the session: the changes are lost. */
     void warnNotStored();
 
-    /** Lets the user say how packages are added; false when cancelled. `components`: where they can go. */
+    /** Lets the user choose how packages are added to `components`; false when cancelled. */
     bool editAddSettings(const QStringList &components, AddedFrom origin = AddedFrom::Files);
     /**
-     * The same before packages are added, if the user wants to be asked; false when cancelled, or when packages are to
-     * be signed and the user chooses no key.
+     * The same before packages are added, if the user wants to be asked. False when the user cancels, or chooses no key
+     * although packages are to be signed.
      */
     bool confirmAddSettings(const QStringList &components, AddedFrom origin = AddedFrom::Files);
     /**
-     * Lets the user choose a key where packages that are added are to be signed and no key has been chosen; false when
-     * there is still none.
+     * Lets the user choose a key when added packages are to be signed and no key is chosen. False when there is still
+     * no key.
      */
     bool hasKeyToAdd();
     /** How packages are added now to a repository with these components. */
@@ -50,17 +50,17 @@ public:
     /** The same as editAddSettings() for the current tab's repository. */
     void showAddPkgSettings();
     void showParametersDialog();
-    /** Lets the user choose a signing key where none has been chosen; false when there is still none. */
+    /** Lets the user choose a signing key when none is chosen; false when there is still no key. */
     bool chooseKeyIfNone();
     void editExternalRepos();
     void setDependsRepoType(int type);
 
-    /** The stored list; it does not know what apt knows. */
+    /** The stored list, without the sources that only apt knows. */
     const ExternalRepos &externalRepos() const { return m_externalRepos; }
     /** The user's names for origins. */
     std::function<QString(const QString &origin)> aliases() const;
 
-    /** Hides what makes no sense on this release of the system. */
+    /** False hides the choices about signing. */
     void setSigningOffered(bool offered) { m_signingOffered = offered; }
     bool isSigningOffered() const { return m_signingOffered; }
     /** Whether packages that are added are to be signed. */
@@ -68,14 +68,14 @@ public:
 
 Q_SIGNALS:
     void changed();
-    /** Another list, or other names in it. */
+    /** The list or its names have changed. */
     void externalReposChanged();
     /** A sentence for the user. */
     void notStored(const QString &message);
 
 private:
     void setChoices(const UserChoices &choices);
-    /** Tells the engine what its jobs must know of the choices. */
+    /** Gives the choices to the tab's engine. */
     void applyTo(const RepoWidget &widget) const;
     void applyToAll() const;
     static QString notStoredText();

@@ -104,7 +104,7 @@ void SigningCommands::copyPublicKey(const QString &keyId)
 
 void SigningCommands::savePublicKey(const RepoWidget &widget, const QString &keyId)
 {
-    // There it is served together with the repository.
+    // In the repository the key is served together with the packages.
     const QString name = QStringLiteral("repository-key.asc");
     const QString path
         = m_bench.prompts.saveFile(tr("Save public key"), widget.repoPath(), name, {tr("Keys (*.asc)")}).path;

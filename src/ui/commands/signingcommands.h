@@ -10,18 +10,18 @@
 class RepoWidget;
 struct KeyListing;
 
-/** Signing packages, and handing out the public key of a signed repository. */
+/** The commands that sign packages, and that copy or save the public key of a repository. */
 class SigningCommands : public QObject
 {
     Q_OBJECT
 public:
     SigningCommands(const Workbench &bench, QObject *parent);
 
-    /** Signs the selected packages of the current tab after a question, in which the key is named. */
+    /** Signs the selected packages of the current tab. A question before that names the key. */
     void signPackages();
 
 private:
-    /** What is to be signed, as it was when the command was given. */
+    /** What to sign, as it was at the time of the command. */
     struct Request
     {
         QPointer<RepoWidget> widget;
@@ -35,5 +35,5 @@ private:
     void savePublicKey(const RepoWidget &widget, const QString &keyId);
 
     Workbench m_bench;
-    bool m_isReading = false; ///< the keys
+    bool m_isReading = false; ///< the keys are being read
 };

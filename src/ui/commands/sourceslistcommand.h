@@ -7,12 +7,12 @@ class Prompts;
 class QAction;
 class QMenu;
 
-/** The command that starts the editor of the system's sources lists, which is a program of its own. */
+/** The command that starts the editor of the system's sources lists, a separate program. */
 class SourcesListCommand : public QObject
 {
     Q_OBJECT
 public:
-    /** `menu` holds `action`; whenever it is about to show, the command looks again whether there is an editor. */
+    /** `menu` contains `action`. Each time the menu opens, the command looks for the editor again. */
     SourcesListCommand(QAction *action, QMenu *menu, Prompts &prompts, QObject *parent);
 
 private:

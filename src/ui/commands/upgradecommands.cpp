@@ -24,7 +24,7 @@ UpgradeCommands::UpgradeCommands(QAction *action, const Workbench &bench, QObjec
     connect(&m_bench.tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
         m_prepared.removeAll(widget);
     });
-    // Queued, because a dialog comes: others are told of the tab, and of the dialog that has gone, before.
+    // Queued, because a dialog follows: other receivers of these signals must come first.
     connect(&m_bench.tabs, &RepoTabs::ready, this, &UpgradeCommands::servePrepared, Qt::QueuedConnection);
     connect(&m_bench.prompts, &Prompts::freed, this, &UpgradeCommands::servePrepared, Qt::QueuedConnection);
 }
@@ -33,7 +33,7 @@ void UpgradeCommands::attach(RepoWidget *widget)
 {
     RepoShell *engine = widget->repoShell();
     connect(engine, &RepoShell::finished, engine, &RepoShell::removeCustomSourcesListFile);
-    // The job is still ending then.
+    // At this moment the job has not ended yet.
     connect(engine, &RepoShell::downloadablePackagesReady, this, [this, widget] {
         m_prepared.removeAll(widget);
         m_prepared.append(widget);
@@ -49,7 +49,7 @@ void UpgradeCommands::updateActions()
 void UpgradeCommands::showUpgradeRepoDialog()
 {
     const QPointer<RepoWidget> target = m_bench.tabs.current();
-    // Looking for newer versions takes a while, and nothing would come of it.
+    // The search for newer versions takes a while and is useless without a key.
     if (!m_bench.tabs.isFree(target) || !m_bench.settings.hasKeyToAdd())
         return;
     UpgradeSourcesDialog dialog(m_bench.settings.externalRepos(), m_lastSources, m_bench.prompts.window());
@@ -73,7 +73,7 @@ void UpgradeCommands::servePrepared()
     const auto next = std::find_if(m_prepared.cbegin(), m_prepared.cend(), [this](const RepoWidget *widget) {
         return m_bench.tabs.isFree(widget);
     });
-    // When the dialog has gone, Prompts::freed() calls again for the rest.
+    // After the dialog, Prompts::freed() calls this function for the other tabs.
     if (next != m_prepared.cend())
         choosePackages(m_prepared.takeAt(static_cast<int>(next - m_prepared.cbegin())));
 }

@@ -10,14 +10,14 @@
 class QAction;
 class RepoWidget;
 
-/** Bringing a repository's packages up to the versions that external repositories offer. */
+/** The command that upgrades a repository's packages to the versions in external repositories. */
 class UpgradeCommands : public QObject
 {
     Q_OBJECT
 public:
     UpgradeCommands(QAction *action, const Workbench &bench, QObject *parent);
 
-    /** Shows by the action whether it can be done now. */
+    /** Enables the action when an upgrade is possible now. */
     void updateActions();
 
 private:

@@ -19,7 +19,7 @@
 
 namespace
 {
-/** What tells a row from the others: its text and the texts of the rows above it. */
+/** Identifies a row: its text, after the texts of its parents. */
 QStringList pathOf(const QModelIndex &index)
 {
     QStringList path;
@@ -103,7 +103,7 @@ void DependsView::setUpTree()
     selectionChanged();
 }
 
-// --- what is shown -------------------------------------------------------------------------------------------------
+// --- the package ---------------------------------------------------------------------------------------------------
 
 void DependsView::setPackage(const PackageInfoPtr &package)
 {
@@ -113,7 +113,7 @@ void DependsView::setPackage(const PackageInfoPtr &package)
                         && package->architecture == m_package->architecture
                         && package->type == m_package->type
                         && package->indexComponent == m_package->indexComponent;
-    // An earlier result without entries has no state worth keeping.
+    // A tree without entries has no state to keep.
     const bool keep = isSame && m_proxy->hasChildren(m_proxy->index(0, 0));
     const TreeState state = keep ? treeState() : TreeState();
     m_package = package;
@@ -160,7 +160,7 @@ void DependsView::showEmptyText()
 
 void DependsView::showState(int state, bool shown)
 {
-    // A filter takes rows away and brings them back closed.
+    // Rows that return after a filter are closed.
     const bool hadRows = m_proxy->rowCount() > 0;
     const TreeState before = treeState();
     m_proxy->setStatusShown(state, shown);
@@ -219,7 +219,7 @@ void DependsView::restore(const TreeState &state)
     tree->selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
     tree->selectionModel()->select(selection,
                                    QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    // Before that the bar does not know how far it can go.
+    // Only the layout gives the scroll bar its range.
     tree->doItemsLayout();
     tree->verticalScrollBar()->setValue(state.scroll);
 }
@@ -232,8 +232,7 @@ void DependsView::layOutColumns()
     QTreeView *tree = m_ui->m_dependsTreeView;
     QHeaderView *header = tree->header();
     const int character = tree->fontMetrics().averageCharWidth();
-    constexpr int SourceCharacters
-        = 22; // an origin is longer than that, and its end says as much as its start
+    constexpr int SourceCharacters = 22; // an origin is longer, and its start and end say enough
     constexpr int TextCharacters = 30;
     const QStringList sources = m_model->sources();
     int others = 0;
@@ -243,7 +242,7 @@ void DependsView::layOutColumns()
         header->resizeSection(column, m_arrangement.columnWidths.value(sources.at(column - 1), usual));
         others += header->sectionSize(column);
     }
-    // The text takes what is left; where that is too little, the tree is scrolled sideways.
+    // The text column takes the rest. Where the rest is too narrow, the tree scrolls sideways.
     const int least = character * TextCharacters;
     const bool fits = tree->viewport()->width() - others >= least;
     header->setSectionResizeMode(0, fits ? QHeaderView::Stretch : QHeaderView::Interactive);
@@ -303,7 +302,7 @@ void DependsView::collectLacks(const QModelIndex &index, QVector<Dependency> &la
 void DependsView::copySelected()
 {
     QModelIndexList rows = m_ui->m_dependsTreeView->selectionModel()->selectedRows();
-    // In the order of the tree, not in that of the clicks.
+    // The lines stand in the order of the tree, whatever the order of the clicks.
     std::sort(rows.begin(), rows.end(), [this](const QModelIndex &a, const QModelIndex &b) {
         return m_ui->m_dependsTreeView->visualRect(a).top() < m_ui->m_dependsTreeView->visualRect(b).top();
     });

@@ -31,7 +31,7 @@ public:
     explicit DependsView(QWidget *parent = nullptr);
     ~DependsView() override;
 
-    /** Shows this record; null: none. */
+    /** Shows this record; null shows nothing. */
     void setPackage(const PackageInfoPtr &package);
     PackageInfoPtr package() const { return m_package; }
     void setAliases(const DependsModel::AliasLookup &aliases);
@@ -39,19 +39,19 @@ public:
     void setCheckEnabled(bool enabled);
 
     /**
-     * What the selected rows need and the local repository lacks, one dependency for each entry: of alternatives the
-     * first that a public source offers. A selected package stands for its entries that are shown. An entry that was
-     * never checked is left out.
+     * The dependencies of the selected rows that the local repository lacks, one for each entry. Of alternatives it is
+     * the first that a public source offers. A selected package stands for its shown entries. Entries that were never
+     * checked are left out.
      */
     QVector<Dependency> selectedLacks() const;
-    /** Copies the selected rows as text. */
+    /** The action that copies the selected rows as text. */
     QAction *copyAction() const { return m_copyAction; }
 
     const DependsArrangement &arrangement() const { return m_arrangement; }
     void setArrangement(const DependsArrangement &arrangement);
 
 Q_SIGNALS:
-    /** The user has arranged the tree anew. */
+    /** The user has changed the arrangement of the tree. */
     void arrangementChanged();
     /** The user wants the package to be checked. */
     void checkRequested();
@@ -62,7 +62,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    /** What the tree looks like, by the texts of its rows from the top. */
+    /** The look of the tree; each row is identified by its text and those of its parents. */
     struct TreeState
     {
         QSet<QStringList> expanded;
@@ -78,7 +78,7 @@ private:
     QHash<int, QToolButton *> m_toggles; ///< by state
     PackageInfoPtr m_package;
     DependsArrangement m_arrangement;
-    bool m_layingOut = false; ///< the widths are not the user's doing
+    bool m_layingOut = false; ///< the program, not the user, changes the widths
 
     void setUpToggles();
     void setUpTree();

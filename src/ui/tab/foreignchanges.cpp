@@ -20,7 +20,7 @@ ForeignChanges::ForeignChanges(RepoTabs &tabs, Prompts &prompts, RepoWidget &wid
     m_quiet.setInterval(QuietTime);
     connect(&m_quiet, &QTimer::timeout, this, &ForeignChanges::look);
     connect(&m_folders, &FolderWatch::changed, this, &ForeignChanges::lookSoon);
-    // Between the reading of the repository and this moment nobody has watched.
+    // The repository may have changed between its reading and the beginning of the watch.
     connect(&m_folders, &FolderWatch::watching, this, &ForeignChanges::lookSoon);
     connect(m_widget.repoShell(), &RepoShell::pathChanged, this, &ForeignChanges::watch);
     connect(m_widget.repoShell(), &RepoShell::repoInfoAdded, this, &ForeignChanges::watch);
@@ -78,7 +78,7 @@ void ForeignChanges::look()
         m_isLooking = false;
         if (m_widget.repoPath() != path)
             return;
-        // A job that has begun meanwhile may be what makes the difference.
+        // A job may have begun meanwhile, and then the difference may come from that job.
         if (mustWait())
             m_isDue = true;
         else if (isOther)

@@ -11,8 +11,8 @@ class RepoTabs;
 class RepoWidget;
 
 /**
- * Notices that another program has changed the repository of a tab, and has the repository read again. What jobs of the
- * tab itself do makes no difference between the repository and what is known of it.
+ * Notices when another program changes the repository of a tab, and lets the engine read the repository again. Jobs of
+ * the tab itself cause no reading: the engine knows what they have changed.
  */
 class ForeignChanges : public QObject
 {
@@ -21,14 +21,14 @@ public:
     /** Lives as long as the tab. */
     ForeignChanges(RepoTabs &tabs, Prompts &prompts, RepoWidget &widget);
 
-    /** Time without a change after which a repository is looked at, in milliseconds. */
+    /** The repository is looked at after this time without a change, in milliseconds. */
     static constexpr int QuietTime = 1000;
 
 private:
     void watch();
     void lookSoon();
     void look();
-    /** Whether the tab is at work, or the user is being asked about what the tab shows. */
+    /** Whether the tab is at work, or a dialog is open, which may be about the tab. */
     bool mustWait() const;
 
     RepoTabs &m_tabs;
@@ -37,5 +37,5 @@ private:
     FolderWatch m_folders;
     QTimer m_quiet;
     bool m_isLooking = false;
-    bool m_isDue = false; ///< a look that had to wait
+    bool m_isDue = false; ///< a look had to wait
 };

@@ -29,7 +29,7 @@ namespace
 /** Jobs that take less time, in milliseconds, end without a message on the desktop. */
 constexpr qint64 LongJobTime = 10000;
 
-/** What says more than that there is an error or a warning; empty for most. */
+/** A title that says more than "Error" or "Warning"; empty for most errors. */
 QString titleOf(const QString &error)
 {
     if (error == RepoShell::tr("No packages for upgrading"))
@@ -41,7 +41,7 @@ QString titleOf(const QString &error)
 
 QString withAdvice(const QString &details)
 {
-    // gpg's own words mean nothing to most users, so they come second.
+    // Most users do not understand gpg's own words, so the advice comes first.
     const QString remedy = SigningAdvice::of(details);
     return remedy.isEmpty() ? details : remedy + QLatin1String("\n\n") + details;
 }
@@ -74,12 +74,12 @@ JobFeedback::JobFeedback(
     connect(&m_tabs, &RepoTabs::created, this, &JobFeedback::attach);
     connect(&m_tabs, &RepoTabs::currentChanged, this, &JobFeedback::showCurrent);
     connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
-        // The last word of a tab that closes by itself says why it did; nobody wonders why one that was closed is gone.
+        // A tab that closes by itself leaves its last message, which says why. A tab that the user closes does not.
         const QString word = m_jobs.take(widget).message;
         const QString lastWord = widget->repoPath().isEmpty() ? word : QString();
         if (m_tabs.current() != widget)
             return;
-        // Queued, because the tab that comes to front shows its own message first.
+        // Queued, because the next tab shows its own message first.
         const auto show = [this, lastWord] {
             if (!lastWord.isEmpty() || m_tabs.current() == nullptr)
                 m_message->setFullText(lastWord);
@@ -91,7 +91,7 @@ JobFeedback::JobFeedback(
 
 void JobFeedback::attach(RepoWidget *widget)
 {
-    // In the context of the tab: what arrives after the tab has gone is about nobody.
+    // The tab is the context, so that no signal arrives after the tab was deleted.
     RepoShell *engine = widget->repoShell();
     const auto show = [this, widget](const auto &change) {
         change(m_jobs[widget]);
@@ -138,8 +138,8 @@ void JobFeedback::attach(RepoWidget *widget)
         }
     });
 
-    // The job waits inside these two until the slot returns. They go to the engine that asks, whatever tab is
-    // current by then.
+    // The job waits inside these two signals until the slot returns. The answer goes to the engine that has asked,
+    // although another tab may be current.
     const QPointer<RepoWidget> asking(widget);
     connect(
         engine,
@@ -236,7 +236,7 @@ void JobFeedback::jobError(RepoWidget *widget,
         m_prompts.showError(text, withAdvice(details), type);
         return;
     }
-    // However many files fail, the user has one box to close. The log tells at once.
+    // All errors of a job come in one box at its end. The log has each error at once.
     logError(widget, text, details);
     job.errors.append({text, withAdvice(details), type, titleOf(text)});
 }
@@ -329,7 +329,7 @@ QString JobFeedback::shortlyAbout(const RepoWidget *widget) const
 void JobFeedback::askUser(const QPointer<RepoWidget> &widget, const QString &title, const QString &text)
 {
     const Prompts::Answer answer = m_prompts.askCarefully(title, text, about(widget));
-    // Without an answer the engine keeps the safe one that it has set itself.
+    // Without an answer the engine keeps its own safe answer.
     RepoWidget *asking = widget.data();
     if (asking != nullptr && answer != Prompts::Answer::Dismissed)
         asking->repoShell()->setAnswer(answer == Prompts::Answer::Yes);
@@ -348,7 +348,7 @@ void JobFeedback::packagesReplacementHandler(const QPointer<RepoWidget> &widget,
         collision, *package, singlePackage || newcomer.isLast, m_prompts.window());
     dialog.setRepository(about(widget));
     dialog.setNewcomer(newcomer.fileName, newcomer.version, newcomer.architectures);
-    // The engine waits for us, so the rules are still its own; closed without an answer, the package stays.
+    // The engine waits, so the rules still exist. Without an answer the package stays.
     rules->value = m_prompts.run(dialog) == QDialog::Accepted
                        ? dialog.rule()
                        : static_cast<quint32>(PackageReplacementRules::KeepThis);

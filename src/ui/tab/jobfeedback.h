@@ -20,9 +20,9 @@ class RepoTabs;
 class RepoWidget;
 
 /**
- * Shows what jobs do: progress and messages in the status bar, everything in the log, errors in boxes, and asks what
- * a job must know. The status bar follows the current tab. A long job that ends while the user is elsewhere is told on
- * the desktop.
+ * Shows the jobs to the user: progress and messages in the status bar, everything in the log, errors in boxes. It also
+ * asks the questions of jobs. The status bar shows the current tab. A desktop notification tells of a long job that
+ * ends while the user works in another window.
  */
 class JobFeedback : public QObject
 {
@@ -31,7 +31,7 @@ public:
     JobFeedback(
         RepoTabs &tabs, Prompts &prompts, QStatusBar *statusBar, QPlainTextEdit *log, QObject *parent);
 
-    /** Appends one line to the log, with the time of day. */
+    /** Appends one line with the time of day to the log. */
     void appendLog(const QString &inMessage);
     /** Shows a message in the status bar and puts it into the log. */
     void announce(const QString &message);
@@ -58,13 +58,13 @@ public:
 private:
     struct Job
     {
-        int maximum = 0; ///< 0: not known
+        int maximum = 0; ///< 0: unknown
         int value = 0;
         QString message;
-        bool shown = false; ///< between start and end
+        bool shown = false; ///< the job runs
         bool stopping = false;
         bool stoppable = true;
-        QList<Prompts::Error> errors; ///< of the running job, for one box at its end
+        QList<Prompts::Error> errors; ///< of the running job; one box shows them at its end
         QElapsedTimer runningTime;
     };
 
@@ -84,9 +84,9 @@ private:
                                     PackageReplacementRules *rules,
                                     const PackageInfoPtr &package,
                                     bool singlePackage);
-    /** Which repository a question is about, when there is more than one. */
+    /** The repository of a question; empty when only one repository is open. */
     QString about(const QPointer<RepoWidget> &widget) const;
-    /** The same in a word or two. */
+    /** The same as the title of the tab. */
     QString shortlyAbout(const RepoWidget *widget) const;
 
     RepoTabs &m_tabs;

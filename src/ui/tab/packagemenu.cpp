@@ -17,7 +17,7 @@ PackageMenu::PackageMenu(Commands commands, QWidget *window)
     m_menu->setObjectName(QStringLiteral("m_packageMenu"));
     m_filter->setObjectName(QStringLiteral("m_packetFilterMenu"));
     m_filter->setIcon(QIcon::fromTheme(QStringLiteral("view-filter")));
-    // With everything that it can ever hold, so that the keys of its entries differ.
+    // All possible entries are added first, so that each entry gets a key of its own.
     fill(true, true);
     Mnemonics::mark(m_menu, m_filter);
     setTab(nullptr);

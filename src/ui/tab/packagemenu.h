@@ -10,8 +10,8 @@ class QWidget;
 class RepoWidget;
 
 /**
- * The menu of the package tree and the submenu "Packet Filter" that it shares with the menu bar. The filter is a
- * matter of the tab: the submenu holds the entries of the tab that was set last.
+ * The menu of the package tree, and the submenu "Packet Filter" that it shares with the menu bar. Each tab has its own
+ * filter. The submenu shows the entries of the tab that was set last.
  */
 class PackageMenu : public QObject
 {
@@ -21,9 +21,9 @@ public:
     struct Commands
     {
         QList<QAction *> always;
-        QList<QAction *> packages; ///< where there is an item
+        QList<QAction *> packages; ///< when the tree has a current item
         QList<QAction *> checks;
-        QList<QAction *> repository; ///< on the repository itself, or beside all items
+        QList<QAction *> repository; ///< on the repository, or on no item
     };
 
     PackageMenu(Commands commands, QWidget *window);

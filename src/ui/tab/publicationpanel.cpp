@@ -42,7 +42,7 @@ void PublicationPanel::setUpFields()
     m_ui->m_srvTypeComboBox->setCurrentIndex(-1);
     static const QRegularExpression address(PublicationAddresses::pattern());
     m_ui->m_ipAddrComboBox->setValidator(new QRegularExpressionValidator(address, m_ui->m_ipAddrComboBox));
-    // It would complete an address that is the beginning of another one.
+    // The completer would turn an address into a longer one that begins with it.
     m_ui->m_ipAddrComboBox->setCompleter(nullptr);
     m_ui->m_ipAddrComboBox->addItem(PublicationAddresses::loopback());
     const std::array<QWidget *, 4> turned = {m_ui->m_publishArchComboBox,
@@ -83,14 +83,14 @@ void PublicationPanel::connectFields()
 
 bool PublicationPanel::eventFilter(QObject *watched, QEvent *event)
 {
-    // Who scrolls through the panel does not mean to change the field that comes under the pointer.
+    // The wheel scrolls the panel. It must not change a field that comes under the pointer.
     if (event->type() != QEvent::Wheel || qobject_cast<QWidget *>(watched)->hasFocus())
         return QWidget::eventFilter(watched, event);
     event->ignore();
     return true;
 }
 
-// --- what the fields offer -----------------------------------------------------------------------------------------
+// --- the contents of the fields --------------------------------------------------------------------------------
 
 void PublicationPanel::offerAddresses(const QStringList &addresses, const QString &preferred)
 {
@@ -104,7 +104,7 @@ void PublicationPanel::showArchitectures(const QStringList &architectures)
 {
     QComboBox *field = m_ui->m_publishArchComboBox;
     const QString chosen = field->currentText();
-    // One change for the line, not one for each step.
+    // The line is built once, at the end.
     const QSignalBlocker blocker(field);
     field->clear();
     field->addItems(architectures);
@@ -127,7 +127,7 @@ void PublicationPanel::showRepository()
     showChoice();
 }
 
-// --- what is kept --------------------------------------------------------------------------------------------------
+// --- the stored choices ----------------------------------------------------------------------------------------
 
 void PublicationPanel::restore(const PublicationSettings &settings)
 {
@@ -165,7 +165,7 @@ PublicationSettings PublicationPanel::choice() const
 
 void PublicationPanel::claim(int protocol, int port)
 {
-    // Meanwhile the fields may have gone to another publication of the repository.
+    // The fields may show another publication of the repository by now.
     showPlace(protocol, port);
     m_published = choice();
     QSettings settings;
@@ -181,14 +181,14 @@ void PublicationPanel::saveChoices()
     if (!m_published)
         return;
     QSettings settings;
-    // Meanwhile the port may have been given up, or another repository may have been published on it.
+    // By now the port may be released, or may belong to another repository.
     if (!PublicationSettings::busyPorts(settings).contains(m_published->port)
         || PublicationSettings::load(settings, m_published->port).repoPath != m_published->repoPath)
         return;
     m_published->repoPath = m_shell.canonicalPath();
     m_published->trusted = m_ui->m_trustedCheckBox->isChecked();
     m_published->architectures = m_ui->m_publishArchComboBox->currentText();
-    // What is shown with another port is not the server type of this one.
+    // With another port in the field, the shown server type does not belong to the published port.
     if (m_ui->m_srvTypeComboBox->currentIndex() >= 0 && m_ui->m_httpPortSpinBox->value() == m_published->port)
         m_published->protocol = m_ui->m_srvTypeComboBox->currentData().toInt();
     if (isAddressComplete())
@@ -198,14 +198,14 @@ void PublicationPanel::saveChoices()
 
 void PublicationPanel::followMove(const QString &newPath)
 {
-    // Empty when the repository was opened or closed.
+    // The path is empty when the repository was opened or closed.
     if (newPath.isEmpty())
         return;
     m_repoPath = newPath;
     saveChoices();
 }
 
-// --- the line ------------------------------------------------------------------------------------------------------
+// --- the source line -------------------------------------------------------------------------------------------
 
 bool PublicationPanel::isAddressComplete() const
 {
@@ -269,7 +269,7 @@ void PublicationPanel::copySourceLine()
     Q_EMIT statusLabel(tr("Address is copied to clipboard"));
 }
 
-// --- what the system says ------------------------------------------------------------------------------------------
+// --- the publications ------------------------------------------------------------------------------------------
 
 void PublicationPanel::showPublications(bool known, const QVector<Publication> &publications)
 {
@@ -277,7 +277,7 @@ void PublicationPanel::showPublications(bool known, const QVector<Publication> &
     const bool isFirst = known && std::exchange(m_isUnseen, false);
     m_isPublishingKnown = known;
     m_live = publications;
-    // Only news of this repository: what is being typed must not go because of another one.
+    // Only a change of this repository counts: news of another one must not change what the user is typing.
     if (isNew)
         followLive(isFirst);
     showState();
@@ -288,7 +288,7 @@ void PublicationPanel::followLive(bool isFirst)
     PublicationSettings settings = choice();
     if (!settings.applyLive(m_live))
         return;
-    // The other choices belong to the port. Later they are the user's, who may be about to publish with them.
+    // The other choices belong to the port. Later the user may have changed them to publish again.
     if (isFirst && (!m_published || m_published->port != settings.port)) {
         if (const auto kept
             = PublicationSettings::find(QSettings(), {m_repoPath, m_shell.canonicalPath()}, settings.port)) {
@@ -312,8 +312,8 @@ void PublicationPanel::showState()
     }
     if (lines.isEmpty() && m_isPublishingKnown && !m_repoPath.isEmpty()) {
         lines << tr("Not published");
-        // A tool tip alone is not found by who wonders why nothing can be published. On the same line, so that the
-        // fields below stay where they are while a port is typed.
+        // Few users find a tool tip, so the reason stands here too. It is on the same line, so that the fields below
+        // do not move while the user types a port.
         if (!m_obstacle.isEmpty())
             lines.last() += QStringLiteral(". %1").arg(m_obstacle);
     }

@@ -17,8 +17,8 @@ class PublicationPanel;
 }
 
 /**
- * The tab "Publication" of a repository: how the repository is to be served, and the line with which clients
- * use it. It keeps the choices of a repository that has a place among the published ones.
+ * The tab "Publication" of a repository: how to serve the repository, and the source line for its clients. It stores
+ * the choices of a repository that owns a port in the settings.
  */
 class PublicationPanel : public QWidget
 {
@@ -28,36 +28,36 @@ public:
     explicit PublicationPanel(RepoShell &shell, QWidget *parent = nullptr);
     ~PublicationPanel() override;
 
-    /** Shows the engine's repository; call it when it is another one or its description has changed. */
+    /** Shows the engine's repository. Call it when the repository or its description has changed. */
     void showRepository();
-    /** Keeps the choices for the next time, if the repository has a place among the published ones. */
+    /** Stores the choices for the next time, if the repository owns a port. */
     void saveChoices();
     void copySourceLine();
 
-    /** What the user has chosen, as the publication would be kept; the protocol is -1 as long as none is chosen. */
+    /** The user's choices, in the form in which they are stored. The protocol is -1 while none is chosen. */
     PublicationSettings choice() const;
-    /** The source line that is shown; empty while something is missing for it. */
+    /** The shown source line; empty while the choices are incomplete. */
     QString sourceLine() const;
-    /** Keeps the choices under this port, and shows it: the repository is published so. */
+    /** Stores the choices under this port and shows them: the repository is published there now. */
     void claim(int protocol, int port);
     void setPort(int port);
     /** Opens the choice of the server type. */
     void askServerType();
-    /** Shows what the system says of the repository, which overrides what is kept. `known`: the system was asked. */
+    /** Shows the repository's publications, which override the stored choices. `known`: the system has answered. */
     void showPublications(bool known, const QVector<Publication> &publications);
-    /** Which of the two commands can be given; `reason` says why the repository cannot be published. */
+    /** Enables the two commands. `reason` says why the repository cannot be published. */
     void setCommands(bool canPublish, bool canUnpublish, const QString &reason);
-    /** Whether a line for this machine's apt leads to where the repository is not published. */
+    /** Whether this machine's apt has a line to a port where the repository is not published. */
     void setOrphaned(bool orphaned);
 
 Q_SIGNALS:
     void publishTriggered();
     void unpublishTriggered();
     void serverTypeChanged(int index);
-    /** By the user's hand. */
+    /** The user has chosen another server type. */
     void serverTypeChosen();
     void portEditingFinished();
-    /** The choices may be other ones, and with them the source line. */
+    /** The choices and the source line may have changed. */
     void choiceChanged();
     void statusLabel(const QString &text);
 
@@ -67,16 +67,16 @@ protected:
 private:
     std::unique_ptr<Ui::PublicationPanel> m_ui;
     RepoShell &m_shell;
-    QString m_repoPath; ///< of the repository that is shown; empty: none
+    QString m_repoPath; ///< of the shown repository; empty: none
     std::optional<PublicationSettings>
-        m_published; ///< the repository's place, as it was when last read or kept
-    bool m_addressChosen = false; ///< by the user, or once by them and kept
-    int m_type = -1; ///< row of the server type that the user or the settings chose last
+        m_published; ///< the stored choices of the repository, as last read or written
+    bool m_addressChosen = false; ///< by the user, now or in an earlier session
+    int m_type = -1; ///< row of the server type that the user or the settings have chosen last
     bool m_isPublishingKnown = false;
-    bool m_isOrphaned = false; ///< a line leads to where it is not published
+    bool m_isOrphaned = false; ///< a line leads to a port where it is not published
     QString m_obstacle; ///< why the repository cannot be published
-    bool m_isUnseen = true; ///< nothing is known yet of where the repository is published
-    QVector<Publication> m_live; ///< the repository's, as the system has last said
+    bool m_isUnseen = true; ///< the system has not answered yet
+    QVector<Publication> m_live; ///< the repository's publications, as of the last answer
 
     void setUpFields();
     void connectFields();

@@ -19,7 +19,7 @@ RepositoryPanel::RepositoryPanel(RepoShell &shell, QWidget *parent)
         m_ui->m_copyKeyPushButton, &QPushButton::clicked, this, [this] { Q_EMIT copyKeyTriggered(m_keyId); });
     connect(
         m_ui->m_saveKeyPushButton, &QPushButton::clicked, this, [this] { Q_EMIT saveKeyTriggered(m_keyId); });
-    // Each job can have signed anew, with another key.
+    // Each job may have signed the repository with another key.
     connect(&m_shell, &RepoShell::idle, this, &RepositoryPanel::readKey);
     showKey({});
 }

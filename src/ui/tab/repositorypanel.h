@@ -26,10 +26,10 @@ public:
     explicit RepositoryPanel(RepoShell &shell, QWidget *parent = nullptr);
     ~RepositoryPanel() override;
 
-    /** Shows the engine's repository; call it when it is another one or its description has changed. */
+    /** Shows the engine's repository. Call it when the repository or its description has changed. */
     void showRepository();
 
-    /** File name of a repository's public key; it can stand in a source line whatever the repository is called. */
+    /** File name for a repository's public key. Any repository name gives a name that a source line can contain. */
     static QString keyFileName(const QString &repositoryName);
 
 Q_SIGNALS:
@@ -44,7 +44,7 @@ private:
 
     std::unique_ptr<Ui::RepositoryPanel> m_ui;
     RepoShell &m_shell;
-    QString m_repoPath; ///< of the repository that is shown
-    QString m_keyId; ///< empty: not known
-    int m_reading = 0; ///< number of the last reading; what an earlier one finds is out of date
+    QString m_repoPath; ///< of the shown repository
+    QString m_keyId; ///< empty: unknown
+    int m_reading = 0; ///< number of the last reading; results of earlier readings are ignored
 };

@@ -108,7 +108,7 @@ QStringList RepoTabs::allCanonicalPaths(const RepoWidget *except) const
 
 RepoWidget *RepoTabs::create(const QString &path)
 {
-    // A child of the tab widget from the start, so that it never is a window of its own.
+    // The tab widget is the parent from the start: without a parent the widget would be a window.
     auto *widget = new RepoWidget(m_tabWidget);
     widget->hide();
     m_tabs.append({widget, path, QString(), QString(), false, false});
@@ -149,7 +149,7 @@ void RepoTabs::showTitles()
     const QStringList all = paths();
     const QStringList titles = TabTitles::of(all);
     for (int index = 0; index < all.size(); ++index) {
-        // A single "&" would mark a key.
+        // A single "&" would mark a shortcut key.
         m_tabWidget->setTabText(index,
                                 QString(titles.at(index)).replace(QLatin1Char('&'), QLatin1String("&&")));
         m_tabWidget->setTabToolTip(index, toolTipText(all.at(index)));
@@ -202,7 +202,7 @@ void RepoTabs::discard(RepoWidget *widget)
         remove(widget);
         return;
     }
-    // The tab stays in sight until its job has ended, so that nobody opens the same directory a second time.
+    // The tab stays visible until its job has ended, so that the user does not open the same directory again.
     widget->repoShell()->setClosing();
     widget->setEnabled(false);
 }
@@ -265,7 +265,7 @@ void RepoTabs::setWaiting(RepoWidget *widget, bool waiting)
         return;
     tab->waiting = waiting;
     Q_EMIT runningChanged(widget);
-    // What was put off meanwhile has its turn, as after a job.
+    // Work that had to wait starts now, as after a job.
     if (!waiting && !runsJob(widget) && !widget->repoPath().isEmpty())
         Q_EMIT ready(widget);
 }

@@ -9,8 +9,8 @@ class QTabWidget;
 class RepoWidget;
 
 /**
- * The open repositories and their tabs: makes a tab's widget, shows it, and takes it away when its engine's last job
- * has ended. A tab whose engine ends a job without a repository (the opening failed) goes by itself.
+ * The open repositories and their tabs. It makes a tab's widget, shows the tab, and removes it after the last job of
+ * its engine. A tab closes by itself when its engine ends a job without a repository, which means that opening failed.
  */
 class RepoTabs : public QObject
 {
@@ -18,66 +18,66 @@ class RepoTabs : public QObject
 public:
     RepoTabs(QTabWidget *tabWidget, QObject *parent);
 
-    /** The tab in front; null when there is none. */
+    /** The tab in front; may be null. */
     RepoWidget *current() const;
     RepoWidget *at(int index) const;
     /** All tabs, from left to right. */
     QList<RepoWidget *> shown() const;
     /**
-     * The tab of the repository in this directory; null when there is none. Touches no file: of a path with links in
-     * it, only the spelling that the repository was opened by is known.
+     * The tab of the repository in this directory; may be null. Reads no file: of a path with links, it knows only the
+     * spelling with which the repository was opened.
      */
     RepoWidget *find(const QString &path) const;
-    /** The tab's directory with links resolved as far as that is known; see setCanonicalPath(). */
+    /** The tab's directory with links resolved, or as it was opened before setCanonicalPath(). */
     QString canonicalPathOf(const RepoWidget *widget) const;
-    /** Says what the path of a repository that is about to be opened is when links are resolved. */
+    /** Sets the path with links resolved, of a repository that is about to be opened. */
     void setCanonicalPath(const RepoWidget *widget, const QString &canonicalPath);
-    /** Directory of a tab's repository; also while it is still being opened. */
+    /** Directory of a tab's repository, also while the repository is being opened. */
     QString pathOf(const RepoWidget *widget) const;
     /** Directories of all tabs, from left to right. */
     QStringList paths() const;
-    /** What canonicalPathOf() is for all, those of repositories that are still being made too, but for one tab. */
+    /** canonicalPathOf() of all tabs except one, also of repositories that are being created. */
     QStringList allCanonicalPaths(const RepoWidget *except = nullptr) const;
 
-    /** A widget for the repository in this directory, which need not be there yet; no tab shows it. */
+    /** Makes a widget for the repository in this directory, which may not exist yet. The widget has no tab yet. */
     RepoWidget *create(const QString &path);
     /** Gives `widget` a tab and brings it to the front. */
     void show(RepoWidget *widget);
     void bringToFront(RepoWidget *widget);
-    /** Takes the tab away, at once or, when a job runs, stopping it first, when that has ended. */
+    /** Removes the tab. When a job runs, it is stopped, and the tab is removed after its end. */
     void discard(RepoWidget *widget);
 
-    /** Whether the tab is at work: its engine runs a job, or setWaiting() says that it waits for the system. */
+    /** Whether the tab is at work: its engine runs a job, or it waits for the system (setWaiting()). */
     bool isRunning(const RepoWidget *widget) const;
-    /** Whether a command can be given to the tab: it has a repository and is not at work. False for no tab. */
+    /** Whether the tab can take a command: it has a repository and is not at work. False for null. */
     bool isFree(const RepoWidget *widget) const;
-    /** The same for a command that changes the repository: the user needs the right to write. */
+    /** The same for a command that changes the repository, which needs the right to write. */
     bool isChangeable(const RepoWidget *widget) const;
-    /** Marks the tab of a repository that is published. */
+    /** Marks the tab as that of a published repository. */
     void setPublished(RepoWidget *widget, bool published);
-    /** Between these two calls the system does something for the tab. Unlike a job, it keeps nobody from closing. */
+    /** Whether the tab waits for the system. Unlike a job, the waiting does not delay the closing of the tab. */
     void setWaiting(RepoWidget *widget, bool waiting);
     /** Whether the engine of any tab, shown or not, runs a job. */
     bool isAnyRunning() const;
-    /** Start messages of the running jobs, each once. */
+    /** The start messages of the running jobs, each once. */
     QStringList runningJobs() const;
     QString runningJob(const RepoWidget *widget) const;
     /** Stops all jobs and answers their questions with the safe answer. */
     void setClosing();
 
 Q_SIGNALS:
-    /** A widget was made; connect it to what serves it. */
+    /** A widget was made. Its users connect to it now. */
     void created(RepoWidget *widget);
     void currentChanged(RepoWidget *widget);
-    /** The repository of a tab lies somewhere else now. */
+    /** The repository of a tab has moved. */
     void moved(RepoWidget *widget, const QString &newPath, const QString &oldPath);
-    /** A job of this tab, or a time of waiting, has begun or ended. */
+    /** A job or a waiting of this tab has begun or ended. */
     void runningChanged(RepoWidget *widget);
-    /** The last job of this tab, or its waiting, has ended and it has a repository. */
+    /** The last job or the waiting of this tab has ended, and the tab has a repository. */
     void ready(RepoWidget *widget);
-    /** This tab will be gone when control returns to the event loop. */
+    /** This tab is deleted when control returns to the event loop. */
     void leaving(RepoWidget *widget);
-    /** A tab has come or gone, stands elsewhere, or has another repository. */
+    /** A tab was added, removed or moved, or its repository has another path. */
     void listChanged();
     /** The last running job of all has ended. */
     void allIdle();
@@ -87,10 +87,10 @@ private:
     {
         RepoWidget *widget = nullptr;
         QString path;
-        QString canonicalPath; ///< the path with links resolved; empty while that is not known
+        QString canonicalPath; ///< the path with links resolved; empty while unknown
         QString job; ///< start message of the last job
         bool discarded = false;
-        bool waiting = false; ///< for the system
+        bool waiting = false; ///< the tab waits for the system
     };
 
     Tab *tabOf(const RepoWidget *widget);

@@ -51,7 +51,7 @@ RepoWidget::~RepoWidget() = default;
 
 void RepoWidget::focusInEvent(QFocusEvent *event)
 {
-    // In the search line the keys of the commands would edit text. A focus proxy would make Tab leave that line out.
+    // The search line would take the keys of the commands. With a focus proxy, the Tab key would skip that line.
     m_ui->m_repoTreeView->setFocus(event->reason());
 }
 
@@ -82,7 +82,7 @@ void RepoWidget::buildPages()
 
 bool RepoWidget::eventFilter(QObject *watched, QEvent *event)
 {
-    // From the search line into what it has found.
+    // These keys lead from the search line to the first match.
     if (watched == m_ui->m_searchLine->lineEdit() && event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
         const bool isPlain = (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
@@ -108,12 +108,12 @@ void RepoWidget::setUpTree()
         currentItemChanged(current);
     });
     connect(selection, &QItemSelectionModel::selectionChanged, this, &RepoWidget::updateActions);
-    // A reset and a new filter can take the current item away without a word from the selection.
+    // A reset or a new filter can remove the current item without a signal of the selection.
     connect(m_ui->m_repoTreeView, &RepoTreeView::stateRestored, this, [this] {
         currentItemChanged(m_ui->m_repoTreeView->currentIndex());
         updateActions();
     });
-    // A new record of the package that is shown.
+    // The shown package may have got a new record.
     connect(m_proxy,
             &RepoProxyModel::dataChanged,
             this,
@@ -146,7 +146,7 @@ void RepoWidget::setUpSearch()
         RepoProxyModel::State state;
         QString text;
     };
-    // Without icons, which many styles draw in place of the check mark: nobody would see what is chosen.
+    // The entries have no icons: many styles would draw the icon in place of the check mark.
     const std::array<Choice, 3> choices = {{
         {RepoProxyModel::ShowUndefined, tr("Show depends undefined")},
         {RepoProxyModel::ShowError, tr("Show depends error")},
@@ -173,7 +173,7 @@ void RepoWidget::setUpSearch()
 
 void RepoWidget::connectShell()
 {
-    // Before the other connections to the engine's jobs, so that the packages are there when finished() arrives.
+    // The feed connects first, so that the packages are there when finished() arrives.
     m_feed->watch(*m_shell);
     connect(m_shell, &RepoShell::pathChanged, this, &RepoWidget::repoPathChanged);
     connect(m_shell, &RepoShell::repoInfoAdded, this, &RepoWidget::repoInfoAdded);
@@ -183,7 +183,7 @@ void RepoWidget::connectShell()
         Q_EMIT progressBarSetValue(m_shell->progress());
     });
     connect(m_shell, &RepoShell::idle, this, [this] { setRunning(false); });
-    // Not every job tells each of its items.
+    // Some jobs do not emit a signal for each item, so a timer asks for the progress.
     m_progressTimer.setInterval(ProgressInterval);
     connect(&m_progressTimer, &QTimer::timeout, this, [this] {
         Q_EMIT progressBarSetValue(m_shell->progress());
@@ -398,7 +398,7 @@ void RepoWidget::collectPackages(const QModelIndex &index, QList<int> &ids) cons
 
 void RepoWidget::rowsInserted(const QModelIndex &parent, int first, int last)
 {
-    // The first component and the first section show themselves; further ones leave the tree as the user has it.
+    // The first component and the first section are expanded. Later ones leave the tree as it is.
     const bool holdsContainers = parent.isValid() && !parent.parent().parent().isValid();
     if (holdsContainers && m_proxy->rowCount(parent) == last - first + 1)
         m_ui->m_repoTreeView->expand(parent);

@@ -28,8 +28,8 @@ class RepoWidget;
 }
 
 /**
- * One tab of the main window: one repository. The packages are a tree on the left; on the right stands what the
- * current item of the tree is. It owns the repository's engine.
+ * One tab of the main window: one repository. The left side shows the packages as a tree, the right side shows the
+ * current item of the tree. The tab owns the repository's engine.
  *
  * Whoever serves the jobs connects to the engine, and whoever serves a panel connects to that panel: so do JobFeedback
  * and the commands. The tab repeats those signals under names of its own (repeatSignals()) for users that know the tab
@@ -46,23 +46,23 @@ public:
 
     RepoShell *repoShell() const { return m_shell; }
     void openRepo(const QString &path);
-    /** Directory of the open repository; empty as long as none is open. */
+    /** Directory of the open repository; empty while no repository is open. */
     QString repoPath() const;
 
     /**
-     * The selected packages, each once. A selected container stands for all packages in it that are shown, but not the
-     * repository itself, which is selected after opening and has commands of its own.
+     * The selected packages, each once. A selected component or section stands for all its shown packages. The
+     * repository itself does not: it is selected after opening and has its own commands.
      */
     QList<PackageInfoPtr> selectedPackages() const;
     enum class CurrentItem { None, Repository, InRepository };
-    /** What the current item of the tree is; a current item that is not selected counts as none. */
+    /** The kind of the current item of the tree. An item that is not selected counts as none. */
     CurrentItem currentItem() const;
 
-    /** Keeps what the user has chosen for this repository; call it before the tab goes. */
+    /** Stores the user's choices for this repository. Call it before the tab is deleted. */
     void saveChoices();
     void setShowPackageVersions(bool show);
     void setStatusLineVisible(bool visible);
-    /** Widths of the tree and of what is beside it, in pixels. */
+    /** Widths of the left and the right side, in pixels. */
     QList<int> splitterSizes() const;
     void setSplitterSizes(const QList<int> &sizes);
     /** The tab "Common" of the repository's page. */
@@ -71,17 +71,17 @@ public:
     DependsView *dependsView() const { return m_depends; }
     /** The tab "Publication" of the repository's page. */
     PublicationPanel *publicationPanel() const { return m_publication; }
-    /** Brings the tab "Publication" to sight. */
+    /** Brings the tab "Publication" to the front. */
     void showPublication();
-    /** How many packages the last checks found in error. */
+    /** The number of packages in which the last checks found errors. */
     int packagesInError() const;
-    /** Selects all packages that are shown. */
+    /** Selects all shown packages. */
     void selectAllPackages();
-    /** Gives the focus to the packages, also while the window is not the active one. */
+    /** Gives the focus to the package tree, also in a window that is not active. */
     void focusTree();
-    /** Whether dependencies of any package have been checked. */
+    /** Whether the dependencies of any package were checked. */
     bool hasCheckResults() const;
-    /** "Packet Filter": which dependency states the tree shows. */
+    /** The menu "Packet Filter", which chooses the dependency states that the tree shows. */
     QMenu *packetFilterMenu() const { return m_filterMenu; }
 
 public Q_SLOTS:
@@ -102,25 +102,25 @@ Q_SIGNALS:
     void repoShellStarted(const QString &startMsg);
     void repoShellFinished(RepoEnums::JobId jobId, const QString &finishMsg);
     /**
-     * What a job asks. Nothing sends it: whoever answers must hold the job up, which only the engine's own question
-     * does.
+     * The question of a job. It is never emitted: a job must wait for the answer, and only the engine's own question()
+     * can do that.
      */
     void repoShellQuestion(const QString &dialogTitle, const QString &text);
     void needImportRepo();
-    /** Number of items of the job; 0 = not known. */
+    /** Number of items of the job; 0 = unknown. */
     void progressBarSetMaximum(int maximum);
     void progressStepChanged(int step);
-    /** Another repository, or none: then `isEmpty` is true. */
+    /** The tab has another repository, or none when `isEmpty`. */
     void newRepoPath(bool isEmpty);
-    /** Something, or nothing, is the current item of the tree. */
+    /** The tree has a current item, or none when `isEnabled` is false. */
     void itemChanged(bool isEnabled);
-    /** Number of items the job has done; told while it runs. */
+    /** Number of finished items of the running job. */
     void progressBarSetValue(int val);
     void newTabTitle(const QString &repoPath);
     void downloadablePackagesReady();
     void publishRepoTriggered();
     void unpublishRepoTriggered();
-    /** The repository holds no package any more. */
+    /** The last package was removed from the repository. */
     void childCountIsZero();
     void enableRemovePackagesAction(bool isEnabled);
     void enableCheckDependsAction(bool isEnabled);
@@ -140,18 +140,18 @@ Q_SIGNALS:
     void portEditingFinished();
     void checkDependsToolButtonClicked();
     /**
-     * Whether the commands for the local sources list are to be seen. Nothing sends it: like all commands they stay
-     * where they are and are disabled while they cannot be used, see PublicationCommands.
+     * Whether the commands for the local sources list are visible. It is never emitted: PublicationCommands disables
+     * these commands while they cannot be used, and they stay visible.
      */
     void srcListActionSetVisible(bool visible);
     void statusLabel(const QString &text);
     void needCloseRepo();
 
-    /** Package files, or what may be folders with packages, were dropped on the tree: absolute paths. */
+    /** Package files or folders were dropped on the tree; the paths are absolute. */
     void filesDropped(const QStringList &files);
-    /** Packages, or their states, are others now. */
+    /** Packages or their states have changed. */
     void packagesChanged();
-    /** The user has divided the tab anew. */
+    /** The user has moved the splitter. */
     void splitterMoved();
 
 protected:
@@ -160,7 +160,7 @@ protected:
 
 private:
     enum Page { NothingPage, RepositoryPage, PackagePage, ErrorPage };
-    /** Milliseconds between two looks at the progress of a job. */
+    /** Time between two looks at the progress of a job, in milliseconds. */
     static constexpr int ProgressInterval = 100;
 
     std::unique_ptr<Ui::RepoWidget> m_ui;
@@ -174,7 +174,7 @@ private:
     PackagePanel *m_package = nullptr;
     QMenu *m_filterMenu = nullptr;
     QTimer m_progressTimer;
-    int m_shownPackages = 0; ///< packages there were at the last count
+    int m_shownPackages = 0; ///< number of packages at the last count
     bool m_running = false;
 
     void setUpSearch();

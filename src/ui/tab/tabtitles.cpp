@@ -5,7 +5,7 @@
 
 namespace
 {
-/** The last `count` parts of a path; the whole path when it has no more than these. */
+/** The last `count` parts of a path, or the whole path when it has fewer. */
 QString tail(const QString &path, int count)
 {
     const QString parts = path.section(QLatin1Char('/'), -count);

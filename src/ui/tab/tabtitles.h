@@ -6,8 +6,8 @@
 namespace TabTitles
 {
 /**
- * What to call the repositories in these directories: each by the name of its folder, and where that is not
- * different for all, with as much of the path before it as tells those apart.
+ * Titles for the repositories in these directories: the name of the folder. Equal names get as much of the path as
+ * makes them different.
  */
 QStringList of(const QStringList &paths);
 } // namespace TabTitles

@@ -24,7 +24,7 @@ ClosingSequence::ClosingSequence(RepoTabs &tabs,
             this,
             &ClosingSequence::finishWhenIdle,
             Qt::QueuedConnection);
-    // However the event loop is left, no job may wait for an answer after it.
+    // After the event loop nobody answers a job. This also covers an end that the window did not start.
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &ClosingSequence::begin);
 }
 
@@ -37,7 +37,7 @@ bool ClosingSequence::requestClose()
 {
     if (m_closing)
         return !isBusy();
-    // The question can only be asked once at a time, however often closing is requested.
+    // A second request must not open a second question.
     if (m_asking)
         return false;
     const QStringList jobs = m_tabs.runningJobs();
@@ -67,7 +67,7 @@ void ClosingSequence::begin()
         return;
     m_closing = true;
     Q_EMIT began();
-    // Engines first: a box that is dismissed lets its job go on, and the job must find the flag.
+    // The engines come first: dismissing a box lets its job go on, and the job must then see the flag.
     m_tabs.setClosing();
     m_prompts.dismissAll();
 }

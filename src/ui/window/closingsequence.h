@@ -9,8 +9,8 @@ class RepoTabs;
 class RepoWidget;
 
 /**
- * Closes tabs and the window without ever waiting: asks once when a job runs, tells the engines to stop, and reports
- * when the last of them has.
+ * Closes tabs and the window without blocking. It asks once when a job runs, tells the engines to stop, and emits
+ * finished() after the last job.
  */
 class ClosingSequence : public QObject
 {
@@ -18,11 +18,11 @@ class ClosingSequence : public QObject
 public:
     ClosingSequence(RepoTabs &tabs, Prompts &prompts, RepositoryCommands &repositories, QObject *parent);
 
-    /** Whether the window may close now. If not, it either stays open or finished() comes later. */
+    /** Whether the window may close now. If not, the window stays open, or finished() comes later. */
     bool requestClose();
-    /** Begins to close whatever runs and whatever box is open. */
+    /** Begins to close although jobs run or a box is open. */
     void closeWithoutAsking();
-    /** Closes one tab, after a question when its job runs. */
+    /** Closes one tab. Asks first when its job runs. */
     void closeTab(RepoWidget *widget);
 
     bool isClosing() const { return m_closing; }

@@ -124,7 +124,7 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
     connect(m_settings, &SettingsCommands::notStored, m_feedback, &JobFeedback::announce);
     connect(m_closing, &ClosingSequence::began, this, &MainWindow::beginClosing);
     connect(m_closing, &ClosingSequence::finished, this, &MainWindow::close);
-    // The default at the end of a session closes windows and takes an ignored close for a refusal.
+    // By default Qt closes the windows at the end of a session, and takes an ignored close for a refusal.
     QGuiApplication::setFallbackSessionManagementEnabled(false);
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &MainWindow::closeWithoutAsking);
 
@@ -144,7 +144,7 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
 
 MainWindow::~MainWindow()
 {
-    // A window that goes while it is shown: its dock is hidden on the way, when the window is none any more.
+    // A shown window hides its dock during destruction. The signal must not reach an object that is half destroyed.
     m_logDock->disconnect(this);
 }
 
@@ -251,7 +251,7 @@ void MainWindow::updateTitle()
 {
     const RepoWidget *widget = m_tabs->current();
     QString path = m_tabs->pathOf(widget);
-    // Single, it stands for the mark of unsaved work.
+    // Qt takes a single "[*]" for the mark of unsaved work.
     path.replace(QLatin1String("[*]"), QLatin1String("[*][*]"));
     setWindowTitle(widget == nullptr ? windowName() : windowName() + QLatin1String(": ") + path);
 }
@@ -305,7 +305,7 @@ void MainWindow::onMessageReceived(const QString &message)
     QStringList files;
     const QStringList parts = message.split(QLatin1Char('&'));
     for (const QString &part : parts) {
-        // What is no absolute path is the rest of one that has an "&" in it.
+        // A part that is no absolute path continues a path with an "&" in it.
         if (!files.isEmpty() && !part.startsWith(QLatin1Char('/')))
             files.last() += QLatin1Char('&') + part;
         else
@@ -335,7 +335,7 @@ void MainWindow::logNotAdded(const QStringList &files)
 
 void MainWindow::serveArrivals()
 {
-    // Each may open a dialog, which ends with another call of this. And a tab that may go is none to add to.
+    // An open dialog calls this function again at its end. While tabs are reopened, a tab may still close.
     if (m_arrivals.isEmpty() || m_prompts->isOpen() || m_repositories->isReopening())
         return;
     const Arrival arrival = m_arrivals.takeFirst();
@@ -358,7 +358,7 @@ void MainWindow::dropEvent(QDropEvent *event)
     const QStringList paths = PackageDrop::paths(event->mimeData());
     event->acceptProposedAction();
     const auto add = [this](const QStringList &files) { addPackagesFromOutside(files, true); };
-    // Queued: the drag's source waits until this returns, and a dialog may come.
+    // Queued: the source of the drag waits until this function returns, and a dialog may follow.
     if (!paths.isEmpty())
         QMetaObject::invokeMethod(
             this, [this, paths, add] { m_packages->takeDropped(paths, add); }, Qt::QueuedConnection);
@@ -368,7 +368,7 @@ void MainWindow::dropEvent(QDropEvent *event)
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
-    // While somebody is still there to read it.
+    // At this moment the user can still read the message.
     if (!m_closing->isClosing() && !m_prompts->isOpen() && !saveState())
         m_settings->warnNotStored();
     event->setAccepted(m_closing->requestClose());
@@ -406,7 +406,7 @@ void MainWindow::reopen()
 
 void MainWindow::saveOpenRepositories()
 {
-    // Also before the end, which the program may not live to see.
+    // The list is stored at each change, because the program may be killed.
     if (m_reopening || m_closing->isClosing())
         return;
     QSettings settings;
@@ -426,7 +426,7 @@ void MainWindow::beginClosing()
     const QList<QAction *> actions = findChildren<QAction *>();
     for (QAction *action : actions)
         action->setEnabled(false);
-    // Before jobs are stopped: a repository whose opening is interrupted is to be opened the next time.
+    // The state is saved before jobs stop: a repository whose opening is interrupted is opened the next time.
     saveState();
 }
 

@@ -36,26 +36,26 @@ namespace Ui
 class MainWindow;
 }
 
-/** The program's window: owns actions, tabs and log, and hands each command to the controller of its group. */
+/** The program's window. It owns actions, tabs and log, and gives each command to the class of its group. */
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    /** `monitor` knows what is published; null: one for this system. */
+    /** `monitor` knows the publications; null makes a monitor for this system. */
     explicit MainWindow(PublicationMonitor *monitor = nullptr);
     ~MainWindow() override;
 
-    /** Adds package files that were named at a start of the program; queued while that cannot be. */
+    /** Adds package files that were named at a start of the program, now or as soon as possible. */
     void addPackagesFromOutside(const QStringList &files, bool fromAnotherInstance);
 
 Q_SIGNALS:
-    /** From now on nothing is added any more, and the window closes when the last job has ended. */
+    /** Nothing is added from now on. The window closes after the last job. */
     void closingBegan();
 
 public Q_SLOTS:
-    /** What a second start says: "raise", or the absolute paths of its package files joined with "&". */
+    /** The message of a second start: "raise", or the absolute paths of its package files joined with "&". */
     void onMessageReceived(const QString &message);
-    /** Closes in the orderly way without asking about running jobs, for signals and the end of the session. */
+    /** Closes in order, but without a question about running jobs. For signals and the end of the session. */
     void closeWithoutAsking();
 
 protected:
@@ -91,18 +91,18 @@ private:
     void beginClosing();
     void closeOtherTabs(int index);
     void saveOpenRepositories();
-    /** False when it could not be stored. */
+    /** False when the state could not be stored. */
     bool saveState();
 
     std::unique_ptr<Ui::MainWindow> m_ui;
-    EmptyPage *m_emptyPage; ///< in place of the tabs while there is none
+    EmptyPage *m_emptyPage; ///< shown while there are no tabs
     QDockWidget *m_logDock;
     QPlainTextEdit *m_log;
     QAction *m_showLogAction;
     DependsModes *m_dependsModes = nullptr;
     PackageMenu *m_packageMenu = nullptr;
     WindowState m_state;
-    bool m_reopening = true; ///< the stored list of tabs is being worked off
+    bool m_reopening = true; ///< the tabs of the last session are being opened
 
     Prompts *m_prompts;
     RepoTabs *m_tabs;
@@ -120,5 +120,5 @@ private:
     ClosingSequence *m_closing;
 
     QMap<const RepoWidget *, bool> m_canRemovePackages;
-    QList<Arrival> m_arrivals; ///< package files that came while they could not be served
+    QList<Arrival> m_arrivals; ///< package files that wait for an open dialog or for reopening
 };

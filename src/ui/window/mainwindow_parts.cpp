@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The parts of the main window that its form does not have.
+// The parts of the main window that are not in its form.
 #include "engine/repository/systemrelease.h"
 #include "ui/commands/dependsreportcommands.h"
 #include "ui/commands/settingscommands.h"
@@ -20,7 +20,7 @@
 
 void MainWindow::buildLogDock()
 {
-    // A small screen with large fonts has only a few hundred pixels for all parts of the window.
+    // On a small screen with large fonts, the whole window has only a few hundred pixels.
     const int minimumHeight = qBound(50, screen()->availableGeometry().height() / 6, 100);
     constexpr int MaximumHeight = 150;
     constexpr int MaximumLines = 10000;
@@ -33,7 +33,7 @@ void MainWindow::buildLogDock()
     m_log->setAccessibleName(m_logDock->windowTitle());
     m_log->setReadOnly(true);
     m_log->setMaximumBlockCount(MaximumLines);
-    // Its own wish grows with the font and would outdo the limits of the dock.
+    // The size hint grows with the font and would exceed the limits of the dock.
     m_log->setMinimumHeight(1);
     m_logDock->setWidget(m_log);
     addDockWidget(Qt::BottomDockWidgetArea, m_logDock);
@@ -45,7 +45,7 @@ void MainWindow::buildLogDock()
     m_ui->m_menuView->addAction(m_showLogAction);
     m_ui->m_menuView->addAction(m_ui->m_hideStatusLineAction);
     connect(m_showLogAction, &QAction::toggled, this, &MainWindow::onExtendedLogChanged);
-    // The dock can also be closed by its own button. Minimising the window hides it too, but only for the eye.
+    // The dock has a close button of its own. A minimised window only makes the dock invisible, not hidden.
     connect(m_logDock, &QDockWidget::visibilityChanged, this, [this] {
         m_showLogAction->setChecked(!m_logDock->isHidden());
     });

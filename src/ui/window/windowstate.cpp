@@ -30,7 +30,7 @@ QList<int> sizesFrom(const QStringList &texts)
     }
     return sizes.size() == Sides ? sizes : QList<int>();
 }
-/** Columns are kept as texts of width and source. */
+/** A column is stored as a text of its width and its source. */
 DependsArrangement dependsArrangementFrom(const QStringList &states, const QStringList &columns)
 {
     constexpr int MaximumColumns = 100;

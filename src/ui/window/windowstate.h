@@ -8,12 +8,12 @@
 
 class QSettings;
 
-/** How the user has arranged the window, beside its geometry. A stored value that makes no sense counts as absent. */
+/** The user's arrangement of the window, without its geometry. An invalid stored value counts as absent. */
 struct WindowState
 {
     bool extendedLog = false; ///< the log is shown
     bool statusLineHidden = false;
-    QList<int> splitterSizes; ///< widths of tree and details in pixels; empty: the form's own
+    QList<int> splitterSizes; ///< widths of the tree and the details in pixels; empty: those of the form
     DependsArrangement depends;
     QString currentRepository; ///< directory of the tab in front
 
