@@ -2,6 +2,7 @@
 #include "ui/tab/packagemenu.h"
 
 #include "ui/tab/repowidget.h"
+#include "ui/tab/treefilter.h"
 #include "ui/widgets/mnemonics.h"
 
 #include <QMenu>
@@ -12,7 +13,7 @@ PackageMenu::PackageMenu(Commands commands, QWidget *window)
     : QObject(window)
     , m_commands(std::move(commands))
     , m_menu(new QMenu(window))
-    , m_filter(new QMenu(RepoWidget::tr("Packet Filter"), window))
+    , m_filter(new QMenu(TreeFilter::tr("Packet Filter"), window))
 {
     m_menu->setObjectName(QStringLiteral("m_packageMenu"));
     m_filter->setObjectName(QStringLiteral("m_packetFilterMenu"));

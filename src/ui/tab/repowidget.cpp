@@ -3,26 +3,19 @@
 
 #include "engine/reposhell.h"
 #include "ui/packages/packagefeed.h"
+#include "ui/packages/packageselection.h"
 #include "ui/packages/repomodel.h"
 #include "ui/packages/repoproxymodel.h"
 #include "ui/tab/dependsview.h"
 #include "ui/tab/packagepanel.h"
 #include "ui/tab/publicationpanel.h"
 #include "ui/tab/repositorypanel.h"
-#include "ui/widgets/mnemonics.h"
+#include "ui/tab/treefilter.h"
 
 #include "ui_repowidget.h"
 
-#include <QAction>
 #include <QFocusEvent>
 #include <QItemSelectionModel>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QMenu>
-#include <QSet>
-
-#include <algorithm>
-#include <array>
 
 RepoWidget::RepoWidget(QWidget *parent)
     : QWidget(parent)
@@ -31,7 +24,6 @@ RepoWidget::RepoWidget(QWidget *parent)
     , m_feed(new PackageFeed(this))
     , m_model(new RepoModel(this))
     , m_proxy(new RepoProxyModel(this))
-    , m_filterMenu(new QMenu(tr("Packet Filter"), this))
 {
     m_ui->setupUi(this);
     m_ui->m_splitter->setStretchFactor(0, 2);
@@ -42,7 +34,7 @@ RepoWidget::RepoWidget(QWidget *parent)
     connect(m_ui->m_splitter, &QSplitter::splitterMoved, this, &RepoWidget::splitterMoved);
     buildPages();
     setUpTree();
-    setUpSearch();
+    m_filter = new TreeFilter(*m_ui->m_searchLine, *m_ui->m_repoTreeView, *m_proxy, this);
     connectShell();
     repeatSignals();
 }
@@ -80,21 +72,6 @@ void RepoWidget::buildPages()
     package->addTab(m_depends, tr("Dependences"));
 }
 
-bool RepoWidget::eventFilter(QObject *watched, QEvent *event)
-{
-    // These keys lead from the search line to the first match.
-    if (watched == m_ui->m_searchLine->lineEdit() && event->type() == QEvent::KeyPress) {
-        const auto *key = static_cast<QKeyEvent *>(event);
-        const bool isPlain = (key->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-        if (isPlain
-            && (key->key() == Qt::Key_Down || key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
-            m_ui->m_repoTreeView->enterFromSearch();
-            return true;
-        }
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
 void RepoWidget::setUpTree()
 {
     m_proxy->setSourceModel(m_model);
@@ -128,47 +105,6 @@ void RepoWidget::setUpTree()
             this,
             &RepoWidget::customContextMenuRequested);
     connect(m_ui->m_repoTreeView, &RepoTreeView::filesDropped, this, &RepoWidget::filesDropped);
-}
-
-void RepoWidget::setUpSearch()
-{
-    QLineEdit *line = m_ui->m_searchLine->lineEdit();
-    line->setPlaceholderText(tr("Packages search"));
-    line->setAccessibleName(tr("Packages search"));
-    line->setClearButtonEnabled(true);
-    m_ui->m_searchLine->setFocusProxy(line);
-    setTabOrder(line, m_ui->m_repoTreeView);
-    connect(line, &QLineEdit::textChanged, this, &RepoWidget::search);
-    line->installEventFilter(this);
-
-    struct Choice
-    {
-        RepoProxyModel::State state;
-        QString text;
-    };
-    // The entries have no icons: many styles would draw the icon in place of the check mark.
-    const std::array<Choice, 3> choices = {{
-        {RepoProxyModel::ShowUndefined, tr("Show depends undefined")},
-        {RepoProxyModel::ShowError, tr("Show depends error")},
-        {RepoProxyModel::ShowSuccess, tr("Show depends success")},
-    }};
-    for (const Choice &choice : choices) {
-        QAction *action = m_filterMenu->addAction(choice.text);
-        action->setCheckable(true);
-        action->setChecked(true);
-        action->setData(static_cast<int>(choice.state));
-        connect(action, &QAction::toggled, this, &RepoWidget::applyPacketFilter);
-    }
-    Mnemonics::mark(m_filterMenu, nullptr);
-    QAction *filter
-        = line->addAction(QIcon::fromTheme(QStringLiteral("view-filter")), QLineEdit::LeadingPosition);
-    filter->setText(m_filterMenu->title());
-    filter->setToolTip(m_filterMenu->title());
-    filter->setShortcut(QKeySequence(QStringLiteral("Alt+Down")));
-    filter->setShortcutContext(Qt::WidgetShortcut);
-    connect(filter, &QAction::triggered, this, [this, line] {
-        m_filterMenu->popup(line->mapToGlobal(line->rect().bottomLeft()));
-    });
 }
 
 void RepoWidget::connectShell()
@@ -277,9 +213,7 @@ void RepoWidget::updateCounters()
 void RepoWidget::updateActions()
 {
     const QModelIndexList selected = m_ui->m_repoTreeView->selectionModel()->selectedIndexes();
-    const bool anyPackage = std::any_of(selected.cbegin(), selected.cend(), [this](const QModelIndex &index) {
-        return !isRepository(index) && m_proxy->shownPackages(index) > 0;
-    });
+    const bool anyPackage = PackageSelection::hasPackages(selected, *m_proxy);
     Q_EMIT enableRemovePackagesAction(anyPackage && !m_running);
     Q_EMIT enableCheckDependsAction(m_model->packageCount() > 0 && !m_running);
     m_depends->setCheckEnabled(m_depends->package() && !m_running);
@@ -328,31 +262,6 @@ void RepoWidget::setSplitterSizes(const QList<int> &sizes)
 
 // --- the tree ------------------------------------------------------------------------------------------------------
 
-void RepoWidget::search()
-{
-    const QString text = m_ui->m_searchLine->lineEdit()->text().trimmed();
-    if (!text.isEmpty())
-        m_ui->m_repoTreeView->setSearching(true);
-    m_proxy->setFilterFixedString(text);
-    if (text.isEmpty())
-        m_ui->m_repoTreeView->setSearching(false);
-    else
-        m_ui->m_repoTreeView->showFirstMatch();
-}
-
-void RepoWidget::applyPacketFilter()
-{
-    RepoProxyModel::States states;
-    const QList<QAction *> actions = m_filterMenu->actions();
-    for (const QAction *action : actions) {
-        if (action->isChecked())
-            states |= static_cast<RepoProxyModel::State>(action->data().toInt());
-    }
-    m_proxy->setShownStates(states);
-    if (states != RepoProxyModel::ShowAll)
-        m_ui->m_repoTreeView->showFirstMatch();
-}
-
 RepoWidget::CurrentItem RepoWidget::currentItem() const
 {
     const QItemSelectionModel *selection = m_ui->m_repoTreeView->selectionModel();
@@ -364,36 +273,13 @@ RepoWidget::CurrentItem RepoWidget::currentItem() const
 
 QList<PackageInfoPtr> RepoWidget::selectedPackages() const
 {
-    QList<int> ids;
-    const QModelIndexList selected = m_ui->m_repoTreeView->selectionModel()->selectedIndexes();
-    for (const QModelIndex &index : selected) {
-        if (!isRepository(index))
-            collectPackages(index, ids);
-    }
-    QSet<int> known;
-    QList<PackageInfoPtr> packages;
-    for (const int id : qAsConst(ids)) {
-        if (known.contains(id))
-            continue;
-        known.insert(id);
-        packages.append(m_model->tree().item(id).package);
-    }
-    return packages;
+    return PackageSelection::packages(
+        m_ui->m_repoTreeView->selectionModel()->selectedIndexes(), *m_proxy, *m_model);
 }
 
-bool RepoWidget::isRepository(const QModelIndex &index) const
+QMenu *RepoWidget::packetFilterMenu() const
 {
-    return !m_proxy->mapToSource(index).parent().isValid();
-}
-
-void RepoWidget::collectPackages(const QModelIndex &index, QList<int> &ids) const
-{
-    if (m_model->package(m_proxy->mapToSource(index))) {
-        ids.append(RepoModel::itemId(index));
-        return;
-    }
-    for (int row = 0; row < m_proxy->rowCount(index); ++row)
-        collectPackages(m_proxy->index(row, 0, index), ids);
+    return m_filter->menu();
 }
 
 void RepoWidget::rowsInserted(const QModelIndex &parent, int first, int last)

@@ -21,6 +21,7 @@ class QMenu;
 class RepoModel;
 class RepoProxyModel;
 class RepoShell;
+class TreeFilter;
 
 namespace Ui
 {
@@ -82,7 +83,7 @@ public:
     /** Whether the dependencies of any package were checked. */
     bool hasCheckResults() const;
     /** The menu "Packet Filter", which chooses the dependency states that the tree shows. */
-    QMenu *packetFilterMenu() const { return m_filterMenu; }
+    QMenu *packetFilterMenu() const;
 
 public Q_SLOTS:
     /** Shows the details of the package at this index of the tree. */
@@ -155,7 +156,6 @@ Q_SIGNALS:
     void splitterMoved();
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
 
 private:
@@ -172,23 +172,18 @@ private:
     PublicationPanel *m_publication = nullptr;
     RepositoryPanel *m_repository = nullptr;
     PackagePanel *m_package = nullptr;
-    QMenu *m_filterMenu = nullptr;
+    TreeFilter *m_filter = nullptr;
     QTimer m_progressTimer;
     int m_shownPackages = 0; ///< number of packages at the last count
     bool m_running = false;
 
-    void setUpSearch();
     void setUpTree();
     void buildPages();
     void connectShell();
     void repeatSignals();
     void setRunning(bool running);
-    void search();
-    void applyPacketFilter();
     void updateCounters();
     void updateActions();
     void showPackage(const PackageInfoPtr &record);
     void showPackageError(const QString &text);
-    bool isRepository(const QModelIndex &index) const;
-    void collectPackages(const QModelIndex &index, QList<int> &ids) const;
 };

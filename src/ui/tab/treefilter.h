@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QObject>
+
+class KFilterProxySearchLine;
+class QMenu;
+class QWidget;
+class RepoProxyModel;
+class RepoTreeView;
+
+/** The search line above the package tree, and the menu "Packet Filter", which chooses the shown dependency states. */
+class TreeFilter : public QObject
+{
+    Q_OBJECT
+public:
+    /** `search` and `tree` outlive the filter. `window` is the parent of the menu and the filter. */
+    TreeFilter(KFilterProxySearchLine &search, RepoTreeView &tree, RepoProxyModel &proxy, QWidget *window);
+
+    QMenu *menu() const { return m_menu; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void setUpMenu();
+    void search(const QString &text);
+    void applyStates();
+
+    RepoTreeView &m_tree;
+    RepoProxyModel &m_proxy;
+    QMenu *m_menu;
+};
