@@ -30,12 +30,16 @@ namespace
 constexpr qint64 LongJobTime = 10000;
 
 /** A title that says more than "Error" or "Warning"; empty for most errors. */
-QString titleOf(const QString &error)
+QString titleOf(RepoEnums::ErrorCause cause)
 {
-    if (error == RepoShell::tr("No packages for upgrading"))
+    switch (cause) {
+    case RepoEnums::NOTHING_TO_UPGRADE:
         return RepoShell::tr("Nothing to upgrade");
-    if (error == RepoShell::tr("Failed to create file with selected sources"))
+    case RepoEnums::SOURCES_NOT_WRITTEN:
         return RepoShell::tr("Create source.list file error");
+    case RepoEnums::OTHER_CAUSE:
+        break;
+    }
     return {};
 }
 
@@ -97,10 +101,6 @@ void JobFeedback::attach(RepoWidget *widget)
         change(m_jobs[widget]);
         showCurrent();
     };
-    const auto showError
-        = [this, widget](const QString &text, const QString &details, RepoEnums::ErrorType type) {
-              jobError(widget, text, details, type);
-          };
     connect(engine, &RepoShell::started, widget, [this, widget](const QString &message) {
         jobStarted(widget, message);
     });
@@ -120,11 +120,21 @@ void JobFeedback::attach(RepoWidget *widget)
     connect(widget->publicationPanel(), &PublicationPanel::statusLabel, widget, [show](const QString &text) {
         show([text](Job &job) { job.message = text; });
     });
-    connect(engine, &RepoShell::critical, widget, showError);
-    connect(
-        engine, &RepoShell::criticalVelt, widget, [showError](const QString &text, const QString &details) {
-            showError(text, details, RepoEnums::CRITICAL);
-        });
+    connect(engine,
+            &RepoShell::critical,
+            widget,
+            [this, widget](const QString &text,
+                           const QString &details,
+                           RepoEnums::ErrorType type,
+                           RepoEnums::ErrorCause cause) {
+                jobError(widget, {text, withAdvice(details), type, titleOf(cause)}, details);
+            });
+    connect(engine,
+            &RepoShell::criticalVelt,
+            widget,
+            [this, widget](const QString &text, const QString &details) {
+                jobError(widget, {text, withAdvice(details), RepoEnums::CRITICAL, {}}, details);
+            });
     connect(
         engine, &RepoShell::noted, widget, [this, widget](const QString &text) { appendLog(widget, text); });
     connect(engine, &RepoShell::dependsSummary, widget, [this, widget](const QStringList &lines) {
@@ -225,20 +235,15 @@ void JobFeedback::endWaiting(RepoWidget *widget, const QString &message, const T
         announce(message);
 }
 
-void JobFeedback::jobError(RepoWidget *widget,
-                           const QString &text,
-                           const QString &details,
-                           RepoEnums::ErrorType type)
+void JobFeedback::jobError(RepoWidget *widget, const Prompts::Error &error, const QString &details)
 {
+    logError(widget, error.text, details);
     Job &job = m_jobs[widget];
-    if (!job.shown) {
-        logError(widget, text, details);
-        m_prompts.showError(text, withAdvice(details), type);
-        return;
-    }
     // All errors of a job come in one box at its end. The log has each error at once.
-    logError(widget, text, details);
-    job.errors.append({text, withAdvice(details), type, titleOf(text)});
+    if (job.shown)
+        job.errors.append(error);
+    else
+        m_prompts.showErrors({error});
 }
 
 void JobFeedback::logError(const RepoWidget *widget, const QString &text, const QString &details)

@@ -71,7 +71,8 @@ private:
     void attach(RepoWidget *widget);
     void jobStarted(RepoWidget *widget, const QString &message);
     void jobFinished(RepoWidget *widget, const QString &message);
-    void jobError(RepoWidget *widget, const QString &text, const QString &details, RepoEnums::ErrorType type);
+    /** `details` are those for the log. */
+    void jobError(RepoWidget *widget, const Prompts::Error &error, const QString &details);
     void logError(const RepoWidget *widget, const QString &text, const QString &details);
     void notifyDesktop(const RepoWidget *widget, const Job &job) const;
     void showCurrent();
