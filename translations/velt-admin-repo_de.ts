@@ -389,6 +389,26 @@
         <source>The package has no dependencies that can be checked.</source>
         <translation>Das Paket hat keine Abhängigkeiten, die geprüft werden können.</translation>
     </message>
+    <message>
+        <source>Check dependences</source>
+        <translation>Abhängigkeiten prüfen</translation>
+    </message>
+    <message>
+        <source>Show depends undefined</source>
+        <translation>Nicht geprüfte Abhängigkeiten anzeigen</translation>
+    </message>
+    <message>
+        <source>Show depends error</source>
+        <translation>Nicht erfüllte Abhängigkeiten anzeigen</translation>
+    </message>
+    <message>
+        <source>Show depends success</source>
+        <translation>Erfüllte Abhängigkeiten anzeigen</translation>
+    </message>
+    <message>
+        <source>Dependences</source>
+        <translation>Abhängigkeiten</translation>
+    </message>
 </context>
 <context>
     <name>DpkgUtils</name>
@@ -702,6 +722,10 @@
     <message>
         <source>The repository is not unpublished!</source>
         <translation>Die Veröffentlichung des Repositorys wurde nicht beendet!</translation>
+    </message>
+    <message>
+        <source>The directory &quot;%1&quot; is not there.</source>
+        <translation>Das Verzeichnis „%1“ gibt es nicht.</translation>
     </message>
 </context>
 <context>
@@ -1438,6 +1462,49 @@ Ein oder mehrere Werte</translation>
     </message>
 </context>
 <context>
+    <name>PackagePanel</name>
+    <message>
+        <source>Package:</source>
+        <translation>Paket:</translation>
+    </message>
+    <message>
+        <source>Version:</source>
+        <translation>Version:</translation>
+    </message>
+    <message>
+        <source>Architecture:</source>
+        <translation>Architektur:</translation>
+    </message>
+    <message>
+        <source>Component:</source>
+        <translation>Komponente:</translation>
+    </message>
+    <message>
+        <source>Section:</source>
+        <translation>Sektion:</translation>
+    </message>
+    <message>
+        <source>Maintainer:</source>
+        <translation>Betreuer:</translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <translation>Beschreibung:</translation>
+    </message>
+    <message>
+        <source>Signature:</source>
+        <translation>Signatur:</translation>
+    </message>
+    <message>
+        <source>%1 (listed for %2)</source>
+        <translation>%1 (verzeichnet für %2)</translation>
+    </message>
+    <message>
+        <source>Unsigned</source>
+        <translation>Nicht signiert</translation>
+    </message>
+</context>
+<context>
     <name>PackageReplacementDialog</name>
     <message>
         <source>The repository already contains a package %1 (%2) of a newer version. Do you want to replace it?</source>
@@ -1631,6 +1698,48 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>The local sources list of this machine has a line for it that leads to a port where nothing is published. Publish it there, or choose &quot;Remove src list&quot;.</source>
         <translation>Die lokale Paketquellenliste dieses Rechners enthält dafür eine Zeile, die zu einem Port führt, auf dem nichts veröffentlicht ist. Veröffentlichen Sie es dort oder wählen Sie „Paketquelle austragen“.</translation>
+    </message>
+    <message>
+        <source>Trusted repository</source>
+        <translation>Vertrauenswürdiges Repository</translation>
+    </message>
+    <message>
+        <source>Architecture:</source>
+        <translation>Architektur:</translation>
+    </message>
+    <message>
+        <source>Server type:</source>
+        <translation>Serverart:</translation>
+    </message>
+    <message>
+        <source>IP address:</source>
+        <translation>IP-Adresse:</translation>
+    </message>
+    <message>
+        <source>Port number:</source>
+        <translation>Portnummer:</translation>
+    </message>
+    <message>
+        <source>Source line</source>
+        <translation>Quellzeile</translation>
+    </message>
+    <message>
+        <source>Copy to clipboard</source>
+        <translation>In die Zwischenablage kopieren</translation>
+    </message>
+    <message>
+        <source>Publish</source>
+        <translation>Veröffentlichen</translation>
+    </message>
+    <message>
+        <source>Unpublish</source>
+        <translation>Veröffentlichung beenden</translation>
+    </message>
+    <message>
+        <source>apt on Debian 12 uses FTP only when a file in the client&apos;s /etc/apt/apt.conf.d holds this line:
+Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
+        <translation>apt verwendet FTP unter Debian 12 nur, wenn eine Datei in /etc/apt/apt.conf.d auf dem Client diese Zeile enthält:
+Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
 </context>
 <context>
@@ -2365,14 +2474,6 @@ Ein oder mehrere Werte</translation>
         <translation>Nicht aktualisiert: Keine Paketquelle bietet %1 %2 noch an.</translation>
     </message>
     <message>
-        <source>The repository is not published!</source>
-        <translation>Das Repository wurde nicht veröffentlicht!</translation>
-    </message>
-    <message>
-        <source>The directory &quot;%1&quot; is not there.</source>
-        <translation>Das Verzeichnis „%1“ gibt es nicht.</translation>
-    </message>
-    <message>
         <source>The database of the repository could not be copied, so nothing was changed. Is there room on the disk?</source>
         <translation>Die Datenbank des Repositorys konnte nicht kopiert werden, deshalb wurde nichts geändert. Ist auf dem Datenträger noch Platz?</translation>
     </message>
@@ -2716,150 +2817,12 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         <translation>Allgemein</translation>
     </message>
     <message>
-        <source>Components:</source>
-        <translation>Komponenten:</translation>
-    </message>
-    <message>
-        <source>Code name:</source>
-        <translation>Codename:</translation>
-    </message>
-    <message>
-        <source>Suite:</source>
-        <translation>Suite:</translation>
-    </message>
-    <message>
-        <source>Version:</source>
-        <translation>Version:</translation>
-    </message>
-    <message>
-        <source>Architectures:</source>
-        <translation>Architekturen:</translation>
-    </message>
-    <message>
-        <source>Signature (apt):</source>
-        <translation>Signatur (apt):</translation>
-    </message>
-    <message>
-        <source>Signing key:</source>
-        <translation>Signierschlüssel:</translation>
-    </message>
-    <message>
-        <source>Key for clients:</source>
-        <translation>Schlüssel für Clients:</translation>
-    </message>
-    <message>
-        <source>Copy public key</source>
-        <translation>Öffentlichen Schlüssel kopieren</translation>
-    </message>
-    <message>
-        <source>Save public key...</source>
-        <translation>Öffentlichen Schlüssel speichern...</translation>
-    </message>
-    <message>
         <source>Publication</source>
         <translation>Veröffentlichung</translation>
     </message>
     <message>
-        <source>Trusted repository</source>
-        <translation>Vertrauenswürdiges Repository</translation>
-    </message>
-    <message>
-        <source>Architecture:</source>
-        <translation>Architektur:</translation>
-    </message>
-    <message>
-        <source>Server type:</source>
-        <translation>Serverart:</translation>
-    </message>
-    <message>
-        <source>IP address:</source>
-        <translation>IP-Adresse:</translation>
-    </message>
-    <message>
-        <source>Port number:</source>
-        <translation>Portnummer:</translation>
-    </message>
-    <message>
-        <source>Source line</source>
-        <translation>Quellzeile</translation>
-    </message>
-    <message>
-        <source>Copy to clipboard</source>
-        <translation>In die Zwischenablage kopieren</translation>
-    </message>
-    <message>
-        <source>apt on Debian 12 uses FTP only when a file in the client&apos;s /etc/apt/apt.conf.d holds this line:
-Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
-        <translation>apt verwendet FTP unter Debian 12 nur, wenn eine Datei in /etc/apt/apt.conf.d auf dem Client diese Zeile enthält:
-Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
-    </message>
-    <message>
-        <source>Publish</source>
-        <translation>Veröffentlichen</translation>
-    </message>
-    <message>
-        <source>Unpublish</source>
-        <translation>Veröffentlichung beenden</translation>
-    </message>
-    <message>
-        <source>Package:</source>
-        <translation>Paket:</translation>
-    </message>
-    <message>
-        <source>Component:</source>
-        <translation>Komponente:</translation>
-    </message>
-    <message>
-        <source>Section:</source>
-        <translation>Sektion:</translation>
-    </message>
-    <message>
-        <source>Maintainer:</source>
-        <translation>Betreuer:</translation>
-    </message>
-    <message>
-        <source>Description:</source>
-        <translation>Beschreibung:</translation>
-    </message>
-    <message>
-        <source>Signature:</source>
-        <translation>Signatur:</translation>
-    </message>
-    <message>
         <source>Dependences</source>
         <translation>Abhängigkeiten</translation>
-    </message>
-    <message>
-        <source>Check dependences</source>
-        <translation>Abhängigkeiten prüfen</translation>
-    </message>
-    <message>
-        <source>Show depends undefined</source>
-        <translation>Nicht geprüfte Abhängigkeiten anzeigen</translation>
-    </message>
-    <message>
-        <source>Show depends error</source>
-        <translation>Nicht erfüllte Abhängigkeiten anzeigen</translation>
-    </message>
-    <message>
-        <source>Show depends success</source>
-        <translation>Erfüllte Abhängigkeiten anzeigen</translation>
-    </message>
-    <message>
-        <source>Packet Filter</source>
-        <translation>Paketfilter</translation>
-    </message>
-    <message>
-        <source>Packages search</source>
-        <translation>Paketsuche</translation>
-    </message>
-    <message>
-        <source>Signed</source>
-        <translation>Signiert</translation>
-    </message>
-    <message>
-        <source>Unsigned</source>
-        <translation>Nicht signiert</translation>
     </message>
     <message>
         <source>The indices of the repository hold no record of %1.</source>
@@ -2868,14 +2831,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>&lt;b&gt;Failed to get package information&lt;/b&gt;&lt;br&gt; %1</source>
         <translation>&lt;b&gt;Die Angaben zum Paket konnten nicht ermittelt werden&lt;/b&gt;&lt;br&gt; %1</translation>
-    </message>
-    <message>
-        <source>You cannot change this repository: its files belong to another user, or its disk is read-only.</source>
-        <translation>Sie können dieses Repository nicht ändern: Seine Dateien gehören einem anderen Benutzer, oder sein Datenträger ist schreibgeschützt.</translation>
-    </message>
-    <message>
-        <source>%1 (listed for %2)</source>
-        <translation>%1 (verzeichnet für %2)</translation>
     </message>
 </context>
 <context>
@@ -2977,7 +2932,59 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
 </context>
 <context>
-    <name>RepositoryKeyPanel</name>
+    <name>RepositoryPanel</name>
+    <message>
+        <source>Components:</source>
+        <translation>Komponenten:</translation>
+    </message>
+    <message>
+        <source>Code name:</source>
+        <translation>Codename:</translation>
+    </message>
+    <message>
+        <source>Suite:</source>
+        <translation>Suite:</translation>
+    </message>
+    <message>
+        <source>Version:</source>
+        <translation>Version:</translation>
+    </message>
+    <message>
+        <source>Architectures:</source>
+        <translation>Architekturen:</translation>
+    </message>
+    <message>
+        <source>Signature (apt):</source>
+        <translation>Signatur (apt):</translation>
+    </message>
+    <message>
+        <source>Signing key:</source>
+        <translation>Signierschlüssel:</translation>
+    </message>
+    <message>
+        <source>Key for clients:</source>
+        <translation>Schlüssel für Clients:</translation>
+    </message>
+    <message>
+        <source>Copy public key</source>
+        <translation>Öffentlichen Schlüssel kopieren</translation>
+    </message>
+    <message>
+        <source>Save public key...</source>
+        <translation>Öffentlichen Schlüssel speichern...</translation>
+    </message>
+    <message>
+        <source>You cannot change this repository: its files belong to another user, or its disk is read-only.</source>
+        <translation>Sie können dieses Repository nicht ändern: Seine Dateien gehören einem anderen Benutzer, oder sein Datenträger ist schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>Signed</source>
+        <translation>Signiert</translation>
+    </message>
+    <message>
+        <source>Unsigned</source>
+        <translation>Nicht signiert</translation>
+    </message>
     <message>
         <source>%1 (%2)</source>
         <translation>%1 (%2)</translation>
@@ -3606,6 +3613,29 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>The archive is damaged: its end is missing.</source>
         <translation>Das Archiv ist beschädigt: Sein Ende fehlt.</translation>
+    </message>
+</context>
+<context>
+    <name>TreeFilter</name>
+    <message>
+        <source>Packet Filter</source>
+        <translation>Paketfilter</translation>
+    </message>
+    <message>
+        <source>Packages search</source>
+        <translation>Paketsuche</translation>
+    </message>
+    <message>
+        <source>Show depends undefined</source>
+        <translation>Nicht geprüfte Abhängigkeiten anzeigen</translation>
+    </message>
+    <message>
+        <source>Show depends error</source>
+        <translation>Nicht erfüllte Abhängigkeiten anzeigen</translation>
+    </message>
+    <message>
+        <source>Show depends success</source>
+        <translation>Erfüllte Abhängigkeiten anzeigen</translation>
     </message>
 </context>
 <context>

@@ -390,6 +390,26 @@
         <source>The package has no dependencies that can be checked.</source>
         <translation>У пакета нет зависимостей, которые можно проверить.</translation>
     </message>
+    <message>
+        <source>Check dependences</source>
+        <translation>Проверить зависимости</translation>
+    </message>
+    <message>
+        <source>Show depends undefined</source>
+        <translation>Показывать непроверенные зависимости</translation>
+    </message>
+    <message>
+        <source>Show depends error</source>
+        <translation>Показывать неудовлетворённые зависимости</translation>
+    </message>
+    <message>
+        <source>Show depends success</source>
+        <translation>Показывать удовлетворённые зависимости</translation>
+    </message>
+    <message>
+        <source>Dependences</source>
+        <translation>Зависимости</translation>
+    </message>
 </context>
 <context>
     <name>DpkgUtils</name>
@@ -703,6 +723,10 @@
     <message>
         <source>The repository is not unpublished!</source>
         <translation>Репозиторий не снят с публикации!</translation>
+    </message>
+    <message>
+        <source>The directory &quot;%1&quot; is not there.</source>
+        <translation>Каталог «%1» отсутствует.</translation>
     </message>
 </context>
 <context>
@@ -1445,6 +1469,49 @@ One or more values</source>
     </message>
 </context>
 <context>
+    <name>PackagePanel</name>
+    <message>
+        <source>Package:</source>
+        <translation>Пакет:</translation>
+    </message>
+    <message>
+        <source>Version:</source>
+        <translation>Версия:</translation>
+    </message>
+    <message>
+        <source>Architecture:</source>
+        <translation>Архитектура:</translation>
+    </message>
+    <message>
+        <source>Component:</source>
+        <translation>Компонент:</translation>
+    </message>
+    <message>
+        <source>Section:</source>
+        <translation>Раздел:</translation>
+    </message>
+    <message>
+        <source>Maintainer:</source>
+        <translation>Сопровождающий:</translation>
+    </message>
+    <message>
+        <source>Description:</source>
+        <translation>Описание:</translation>
+    </message>
+    <message>
+        <source>Signature:</source>
+        <translation>Подпись:</translation>
+    </message>
+    <message>
+        <source>%1 (listed for %2)</source>
+        <translation>%1 (в списке для %2)</translation>
+    </message>
+    <message>
+        <source>Unsigned</source>
+        <translation>Не подписан</translation>
+    </message>
+</context>
+<context>
     <name>PackageReplacementDialog</name>
     <message>
         <source>The repository already contains a package %1 (%2) of a newer version. Do you want to replace it?</source>
@@ -1639,6 +1706,48 @@ One or more values</source>
     <message>
         <source>The local sources list of this machine has a line for it that leads to a port where nothing is published. Publish it there, or choose &quot;Remove src list&quot;.</source>
         <translation>В локальном списке источников этого компьютера есть его строка, ведущая к порту, на котором ничего не опубликовано. Опубликуйте его там или выберите «Удалить из списка источников».</translation>
+    </message>
+    <message>
+        <source>Trusted repository</source>
+        <translation>Доверенный репозиторий</translation>
+    </message>
+    <message>
+        <source>Architecture:</source>
+        <translation>Архитектура:</translation>
+    </message>
+    <message>
+        <source>Server type:</source>
+        <translation>Тип сервера:</translation>
+    </message>
+    <message>
+        <source>IP address:</source>
+        <translation>IP-адрес:</translation>
+    </message>
+    <message>
+        <source>Port number:</source>
+        <translation>Номер порта:</translation>
+    </message>
+    <message>
+        <source>Source line</source>
+        <translation>Строка источника</translation>
+    </message>
+    <message>
+        <source>Copy to clipboard</source>
+        <translation>Скопировать в буфер обмена</translation>
+    </message>
+    <message>
+        <source>Publish</source>
+        <translation>Опубликовать</translation>
+    </message>
+    <message>
+        <source>Unpublish</source>
+        <translation>Снять с публикации</translation>
+    </message>
+    <message>
+        <source>apt on Debian 12 uses FTP only when a file in the client&apos;s /etc/apt/apt.conf.d holds this line:
+Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
+        <translation>В Debian 12 apt использует FTP, только если в одном из файлов каталога /etc/apt/apt.conf.d на клиенте есть строка:
+Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
 </context>
 <context>
@@ -2385,14 +2494,6 @@ One or more values</source>
         <translation>Не обновлено: ни один источник больше не предлагает %1 %2.</translation>
     </message>
     <message>
-        <source>The repository is not published!</source>
-        <translation>Репозиторий не опубликован!</translation>
-    </message>
-    <message>
-        <source>The directory &quot;%1&quot; is not there.</source>
-        <translation>Каталог «%1» отсутствует.</translation>
-    </message>
-    <message>
         <source>The database of the repository could not be copied, so nothing was changed. Is there room on the disk?</source>
         <translation>Не удалось скопировать базу данных репозитория, поэтому ничего не изменено. Есть ли место на диске?</translation>
     </message>
@@ -2744,150 +2845,12 @@ The file with them is kept as %2.</source>
         <translation>Общие</translation>
     </message>
     <message>
-        <source>Components:</source>
-        <translation>Компоненты:</translation>
-    </message>
-    <message>
-        <source>Code name:</source>
-        <translation>Кодовое имя:</translation>
-    </message>
-    <message>
-        <source>Suite:</source>
-        <translation>Выпуск:</translation>
-    </message>
-    <message>
-        <source>Version:</source>
-        <translation>Версия:</translation>
-    </message>
-    <message>
-        <source>Architectures:</source>
-        <translation>Архитектуры:</translation>
-    </message>
-    <message>
-        <source>Signature (apt):</source>
-        <translation>Подпись (apt):</translation>
-    </message>
-    <message>
-        <source>Signing key:</source>
-        <translation>Ключ подписи:</translation>
-    </message>
-    <message>
-        <source>Key for clients:</source>
-        <translation>Ключ для клиентов:</translation>
-    </message>
-    <message>
-        <source>Copy public key</source>
-        <translation>Скопировать открытый ключ</translation>
-    </message>
-    <message>
-        <source>Save public key...</source>
-        <translation>Сохранить открытый ключ...</translation>
-    </message>
-    <message>
         <source>Publication</source>
         <translation>Публикация</translation>
     </message>
     <message>
-        <source>Trusted repository</source>
-        <translation>Доверенный репозиторий</translation>
-    </message>
-    <message>
-        <source>Architecture:</source>
-        <translation>Архитектура:</translation>
-    </message>
-    <message>
-        <source>Server type:</source>
-        <translation>Тип сервера:</translation>
-    </message>
-    <message>
-        <source>IP address:</source>
-        <translation>IP-адрес:</translation>
-    </message>
-    <message>
-        <source>Port number:</source>
-        <translation>Номер порта:</translation>
-    </message>
-    <message>
-        <source>Source line</source>
-        <translation>Строка источника</translation>
-    </message>
-    <message>
-        <source>Copy to clipboard</source>
-        <translation>Скопировать в буфер обмена</translation>
-    </message>
-    <message>
-        <source>apt on Debian 12 uses FTP only when a file in the client&apos;s /etc/apt/apt.conf.d holds this line:
-Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
-        <translation>В Debian 12 apt использует FTP, только если в одном из файлов каталога /etc/apt/apt.conf.d на клиенте есть строка:
-Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
-    </message>
-    <message>
-        <source>Publish</source>
-        <translation>Опубликовать</translation>
-    </message>
-    <message>
-        <source>Unpublish</source>
-        <translation>Снять с публикации</translation>
-    </message>
-    <message>
-        <source>Package:</source>
-        <translation>Пакет:</translation>
-    </message>
-    <message>
-        <source>Component:</source>
-        <translation>Компонент:</translation>
-    </message>
-    <message>
-        <source>Section:</source>
-        <translation>Раздел:</translation>
-    </message>
-    <message>
-        <source>Maintainer:</source>
-        <translation>Сопровождающий:</translation>
-    </message>
-    <message>
-        <source>Description:</source>
-        <translation>Описание:</translation>
-    </message>
-    <message>
-        <source>Signature:</source>
-        <translation>Подпись:</translation>
-    </message>
-    <message>
         <source>Dependences</source>
         <translation>Зависимости</translation>
-    </message>
-    <message>
-        <source>Check dependences</source>
-        <translation>Проверить зависимости</translation>
-    </message>
-    <message>
-        <source>Show depends undefined</source>
-        <translation>Показывать непроверенные зависимости</translation>
-    </message>
-    <message>
-        <source>Show depends error</source>
-        <translation>Показывать неудовлетворённые зависимости</translation>
-    </message>
-    <message>
-        <source>Show depends success</source>
-        <translation>Показывать удовлетворённые зависимости</translation>
-    </message>
-    <message>
-        <source>Packet Filter</source>
-        <translation>Фильтр пакетов</translation>
-    </message>
-    <message>
-        <source>Packages search</source>
-        <translation>Поиск пакетов</translation>
-    </message>
-    <message>
-        <source>Signed</source>
-        <translation>Подписан</translation>
-    </message>
-    <message>
-        <source>Unsigned</source>
-        <translation>Не подписан</translation>
     </message>
     <message>
         <source>The indices of the repository hold no record of %1.</source>
@@ -2896,14 +2859,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>&lt;b&gt;Failed to get package information&lt;/b&gt;&lt;br&gt; %1</source>
         <translation>&lt;b&gt;Не удалось получить сведения о пакете&lt;/b&gt;&lt;br&gt; %1</translation>
-    </message>
-    <message>
-        <source>You cannot change this repository: its files belong to another user, or its disk is read-only.</source>
-        <translation>Вы не можете изменить этот репозиторий: его файлы принадлежат другому пользователю или его диск доступен только для чтения.</translation>
-    </message>
-    <message>
-        <source>%1 (listed for %2)</source>
-        <translation>%1 (в списке для %2)</translation>
     </message>
 </context>
 <context>
@@ -3005,7 +2960,59 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
 </context>
 <context>
-    <name>RepositoryKeyPanel</name>
+    <name>RepositoryPanel</name>
+    <message>
+        <source>Components:</source>
+        <translation>Компоненты:</translation>
+    </message>
+    <message>
+        <source>Code name:</source>
+        <translation>Кодовое имя:</translation>
+    </message>
+    <message>
+        <source>Suite:</source>
+        <translation>Выпуск:</translation>
+    </message>
+    <message>
+        <source>Version:</source>
+        <translation>Версия:</translation>
+    </message>
+    <message>
+        <source>Architectures:</source>
+        <translation>Архитектуры:</translation>
+    </message>
+    <message>
+        <source>Signature (apt):</source>
+        <translation>Подпись (apt):</translation>
+    </message>
+    <message>
+        <source>Signing key:</source>
+        <translation>Ключ подписи:</translation>
+    </message>
+    <message>
+        <source>Key for clients:</source>
+        <translation>Ключ для клиентов:</translation>
+    </message>
+    <message>
+        <source>Copy public key</source>
+        <translation>Скопировать открытый ключ</translation>
+    </message>
+    <message>
+        <source>Save public key...</source>
+        <translation>Сохранить открытый ключ...</translation>
+    </message>
+    <message>
+        <source>You cannot change this repository: its files belong to another user, or its disk is read-only.</source>
+        <translation>Вы не можете изменить этот репозиторий: его файлы принадлежат другому пользователю или его диск доступен только для чтения.</translation>
+    </message>
+    <message>
+        <source>Signed</source>
+        <translation>Подписан</translation>
+    </message>
+    <message>
+        <source>Unsigned</source>
+        <translation>Не подписан</translation>
+    </message>
     <message>
         <source>%1 (%2)</source>
         <translation>%1 (%2)</translation>
@@ -3636,6 +3643,29 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>The archive is damaged: its end is missing.</source>
         <translation>Архив повреждён: отсутствует его конец.</translation>
+    </message>
+</context>
+<context>
+    <name>TreeFilter</name>
+    <message>
+        <source>Packet Filter</source>
+        <translation>Фильтр пакетов</translation>
+    </message>
+    <message>
+        <source>Packages search</source>
+        <translation>Поиск пакетов</translation>
+    </message>
+    <message>
+        <source>Show depends undefined</source>
+        <translation>Показывать непроверенные зависимости</translation>
+    </message>
+    <message>
+        <source>Show depends error</source>
+        <translation>Показывать неудовлетворённые зависимости</translation>
+    </message>
+    <message>
+        <source>Show depends success</source>
+        <translation>Показывать удовлетворённые зависимости</translation>
     </message>
 </context>
 <context>
