@@ -57,7 +57,7 @@ private Q_SLOTS:
         QCOMPARE(m_driver->message(), "Not added: "_s + package("added"_s));
         // Neither a look for newer versions nor a repository for an import comes first.
         QVERIFY(declines([this] { action("m_upgradeRepoAction")->trigger(); }));
-        QVERIFY(declines([this] { Q_EMIT m_driver->tab()->needImportRepo(); }));
+        QVERIFY(declines([this] { Q_EMIT m_driver->tab()->repoShell()->needImportRepo(); }));
         QCOMPARE(m_driver->message(), "Not imported: "_s + path("r"_s));
         QVERIFY(m_driver->isIdle() && openDialogs<QDialog>().isEmpty());
         QCOMPARE(m_driver->packageCount(), 1);
