@@ -33,7 +33,7 @@ class UpgradeSources;
  * A job emits started(), then its progress and item signals, and exactly one finished(). Connect everything with
  * the default connection type except question() and requestForReplacementHandlingByUser(), which need
  * Qt::BlockingQueuedConnection: the job waits inside the emission for the answer. The engine does not refuse a
- * second job while one runs; whoever calls it starts one at a time.
+ * second job while one runs: the caller starts one at a time.
  */
 class RepoShell : public JobSignals, public RepoEnums
 {
@@ -46,13 +46,13 @@ public:
     // --- jobs: return at once, do nothing when the path or the list is empty -------------------------------------
 
     void openRepo(const QString &path);
-    /** Reads the open repository again: what another program has changed in it goes out as the signals of packages. */
+    /** Reads the open repository again. Changes by another program go out as the signals of packages. */
     void reloadRepo();
     /**
-     * Rewrites the description and, when `newPath` is another one, moves the repository there. What the new description
-     * cannot keep of the old one is lost after a question only. `given` is the text of conf/distributions that `info`
-     * was made from: when the file holds another one by now, nothing is done. Packages for which the new description
-     * has no place are deleted; under a new code name those are all, unless `carriesPackages`.
+     * Rewrites the description and, when `newPath` is another one, moves the repository there. Fields that the new
+     * description cannot keep are lost only after a question. `info` was made from `given`, the text of
+     * conf/distributions: when the file has another text now, nothing is done. Packages for which the new description
+     * has no place are deleted; under a new code name these are all packages, unless `carriesPackages`.
      */
     void changeRepo(const QString &newPath,
                     const RepoInfo &info,
@@ -68,23 +68,23 @@ public:
     /** Fetches the packages from apt's sources and adds them; each is known by name, version and architecture. */
     void downloadPackages(const QList<PackageInfo> &packages, const AddOptions &options = {});
     /**
-     * Fetches and adds for each dependency the best package that apt's sources offer for it, and checks those anew
-     * that lacked them. The dependencies come from the results of a check.
+     * For each dependency, fetches and adds the best package that apt's sources offer, and checks the packages again
+     * that lacked it. The dependencies come from the results of a check.
      */
     void addDependencies(const QVector<Dependency> &dependencies, const AddOptions &options = {});
     /**
      * Checks whether the packages' dependencies can be met; the records with the results go out as packageChanged().
-     * A package that is in the repository no longer is passed over.
+     * Packages that are not in the repository any more are skipped.
      */
     void checkDepends(const QList<PackageInfoPtr> &packages);
     /**
-     * Writes the whole repository to the .tgz archive `target`. The archive takes its place when it is complete; after
-     * a failure or a stop, what lay there before still does. The target cannot lie in the repository.
+     * Writes the whole repository to the .tgz archive `target`. The archive replaces an existing file only when it is
+     * complete, and not after a failure or a stop. The target cannot lie in the repository.
      */
     void exportRepo(const QString &target);
     /**
-     * Writes the packages' files to the .tgz archive `target`, `withDepends` also those that the repository has for
-     * their dependencies. Like exportRepo(), but a stopped job leaves an archive of the files that were added before.
+     * Writes the packages' files to the .tgz archive `target`; `withDepends` adds the packages of the repository on
+     * which they depend. Like exportRepo(), but after a stop the archive has the files that were added before it.
      */
     void exportPackages(const QList<PackageInfoPtr> &packages, const QString &target, bool withDepends);
     /** Adds the packages in an archive, or those below a folder, without checking their dependencies. */
@@ -94,7 +94,7 @@ public:
      * and emits downloadablePackagesReady() when upgradablePackages() has found some.
      */
     void prepareUpgrade(const QStringList &sources);
-    /** Replaces the packages with the versions that prepareUpgrade() has found; also runs, and says so, for none. */
+    /** Replaces the packages with the versions that prepareUpgrade() has found. Without packages it says so. */
     void upgradeRepo(const QVector<UpgradablePackage> &packages, const AddOptions &options = {});
 
     // --- creating and closing --------------------------------------------------------------------------------------

@@ -19,9 +19,9 @@ struct AddedFile
     QString source = {}; ///< what reprepro gets: the file, or its signed copy; empty until that is known
     std::unique_ptr<ScratchFolder> signedFolder = nullptr;
     QHash<PackageKey, RepoEnums::ErrorCode> results
-        = {}; ///< of what is in, which can be more than was asked for
+        = {}; ///< of the places that have the file; they can be more than were asked for
 
-    /** What a program says of the file, with the name that the user knows. */
+    /** The output of a program about the file, with the name that the user knows. */
     QString shownText(QString text) const
     {
         return (source.isEmpty() ? text : text.replace(source, path)).replace(path, shownName);

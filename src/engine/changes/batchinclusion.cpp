@@ -18,7 +18,7 @@ void BatchInclusion::include(const QVector<Candidate> &candidates)
     QMap<QString, QVector<Candidate>> groups;
     for (const Candidate &candidate : candidates) {
         const PackageKey key = PackageKey::of(candidate.record);
-        // Of two files for one place the second is a collision.
+        // When two files are for the same place, the second one is a collision.
         if (taken.contains(key) || !isPlain(candidate))
             continue;
         taken.insert(key);
@@ -36,7 +36,7 @@ void BatchInclusion::include(const QVector<Candidate> &candidates)
 
 bool BatchInclusion::isPlain(const Candidate &candidate) const
 {
-    // Without a priority reprepro refuses the file, and the one that it can be given would hold for all.
+    // reprepro refuses a file without a priority, and a priority on the command line would apply to all files.
     return candidate.record.architecture != QLatin1String("all")
            && !candidate.record.control.field("Priority").isEmpty()
            && m_context.packages.find(PackageKey::of(candidate.record)).isNull();

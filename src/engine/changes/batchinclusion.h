@@ -11,13 +11,13 @@ class PackageInclusion;
 
 /**
  * Puts several files into the repository with one run of reprepro, whose start takes longer than the inclusion itself.
- * It only takes files that nothing speaks against; whatever goes wrong with one of them is left to PackageInclusion,
- * which tries the file alone and finds out what to tell.
+ * It takes only plain files that collide with nothing. When a file fails, PackageInclusion tries it alone later and
+ * tells the reason.
  */
 class BatchInclusion
 {
 public:
-    /** A file, and how it is to stand in the repository for one architecture. */
+    /** A file and its future record in the repository, for one architecture. */
     struct Candidate
     {
         QString path;
@@ -43,6 +43,6 @@ private:
 
     bool isPlain(const Candidate &candidate) const;
     void includeGroup(const QVector<Candidate> &group);
-    /** Paths in the pool of those packages that the database has. */
+    /** The absolute pool paths of those packages of the group that the database has. */
     QStringList filesInDatabase(const QVector<Candidate> &group);
 };

@@ -56,7 +56,7 @@ ProcessResult ExportSession::keep()
 {
     if (const auto refusal = keepDatabase())
         return *refusal;
-    // With another description it could not be asked. Not all that such a change sets free can be told before.
+    // Asked now, because reprepro cannot list these files while the description is another one.
     const ProcessResult unused = run(ReproCommand::dumpUnreferenced());
     if (unused.succeeded())
         m_strangers = unused.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
@@ -84,7 +84,7 @@ ProcessResult ExportSession::changeUnder(const QByteArray &description, const QS
 
 ProcessResult ExportSession::changeSilently(const QString &arguments, const QByteArray &description)
 {
-    // Anew each time, because the description may have changed.
+    // A new configuration each time, because the description may have changed.
     auto silent = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Keep, description);
     m_silentConfig = silent->isValid() ? std::move(silent) : nullptr;
     if (!m_silentConfig && !description.isEmpty()) {
@@ -100,7 +100,7 @@ ProcessResult ExportSession::changeSilently(const QString &arguments, const QByt
 
 void ExportSession::recordAtRisk(const QString &poolFile)
 {
-    // A job that is refused leaves no marker, and that of another one alone.
+    // A job that is refused writes no marker and does not touch the marker of another job.
     if (keepDatabase())
         return;
     if (!poolFile.startsWith(m_repoPath + QLatin1Char('/')))
@@ -122,7 +122,7 @@ bool ExportSession::dropUnreferencedFiles()
 {
     if (keepsUnreferencedFiles())
         return false;
-    // First the indices, since those on disk may still name the files that go.
+    // The indices are written first, because the old ones may still name the files.
     if (m_disturbed || (m_exportOwed && !writeIndices().succeeded()))
         return false;
     return dropUnused().succeeded();
@@ -152,14 +152,14 @@ ProcessResult ExportSession::finish()
         return result;
     if (m_exportOwed)
         result = writeIndices();
-    // Whoever removes packages from a full disk wants their room more than old indices that are whole for a moment.
+    // On a full disk the room of the removed packages matters more than old indices that stay valid for a moment.
     if (m_exportOwed && m_removed && !m_disturbed && !keepsUnreferencedFiles()
         && ReproAnswer::diskFull(result.errorOutput) && dropUnused().succeeded())
         result = writeIndices();
-    // References that could not be written make files look as if nobody needed them.
+    // When references could not be written, files that packages need look unused.
     if (m_disturbed)
         return result;
-    // As long as the indices on disk are old, clients may still fetch what they name.
+    // While the indices on the disk are old, clients may still fetch the files that they name.
     if (m_removed && !m_exportOwed && !keepsUnreferencedFiles())
         m_removed = dropUnused().crashed();
     if (!m_exportOwed && !m_removed)
@@ -215,16 +215,16 @@ std::optional<ProcessResult> ExportSession::keepDatabase()
         refuse(RepoLock::busyText(m_repoPath));
         return m_refusal;
     }
-    // The copy is all that is good, and the end of a job drops it.
+    // Only the copy is good, and the end of a job would delete it.
     if (DatabaseCopy::isCondemned(m_repoPath)) {
         refuse(tr("The database of the repository is damaged and could not be put back. Make room "
                   "on the disk, and open the repository again."));
         return m_refusal;
     }
     DatabaseCopy::Outcome outcome = copyDatabase();
-    // Programs that work on the repository now and then can come between twice, but hardly more often.
+    // Another program that works on the repository now and then can interfere twice, but hardly more often.
     for (int attempt = 0; attempt < 3 && outcome == DatabaseCopy::Outcome::Locked; ++attempt) {
-        // A run finds out whether the lock is of any worth, waits for it, or has the user asked to take it away.
+        // A run finds out whether the lock is stale, waits for it, or asks the user to remove it.
         const ProcessResult result = run(ReproCommand::dumpUnreferenced());
         if (!result.started || ReproAnswer::databaseLocked(result.errorOutput))
             return result;
@@ -283,7 +283,7 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
     setMarker(m_repoPath);
     ProcessResult result = run(arguments, config != nullptr ? config->environment() : QStringList());
     if (config != nullptr && ReproAnswer::signingFailed(result.errorOutput)) {
-        // Such a run has nothing to sign: it misses something that its lean environment does not have.
+        // This run signs nothing, so it fails because its small environment lacks a variable.
         config->useWholeEnvironment();
         result = run(arguments, config->environment());
     }
@@ -292,7 +292,7 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
         if (config != nullptr) {
             m_exportOwed = true;
         } else if (!m_silentConfig && !PrivateConfig::exportsNever(m_tools.configFolder())) {
-            // An administrator who has the indices left alone writes them himself.
+            // Where the options say "never export", the administrator writes the indices himself.
             auto silent = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Keep);
             if (silent->isValid())
                 m_silentConfig = std::move(silent);
@@ -314,7 +314,7 @@ ProcessResult ExportSession::writeIndices()
 void ExportSession::setMarker(const QString &repoPath)
 {
     QFile marker(markerFile(repoPath));
-    // A folder that cannot be written makes the run itself fail, with a better message than ours would be.
+    // When the folder cannot be written, the run fails, and its message is better than ours.
     if (!marker.exists())
         marker.open(QIODevice::WriteOnly);
 }

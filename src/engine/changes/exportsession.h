@@ -17,12 +17,12 @@ class PrivateConfig;
 
 /**
  * The reprepro runs of one job that change a repository. The first run writes the indices, so that a signing failure
- * shows at once; when it went well, the further ones leave them alone and finish() writes them once. Writing them
- * each time makes a job's time grow with the square of its packages.
+ * shows at once. After a successful first run, the further runs do not write the indices, and finish() writes them
+ * once: writing them in each run makes the time of a job grow with the square of its packages.
  *
- * From the first change to the end of the job a marker lies in the repository's db folder, so that whoever opens the
- * repository after a crash writes them first. It names the files that the job was about. Before the first change the
- * repository is locked against other jobs, and the database is copied.
+ * From the first change to the end of the job a marker lies in the repository's db folder. After a crash, the next
+ * opening finds the marker and writes the indices first. The marker names the files that the job has worked on. Before
+ * the first change the repository is locked against other jobs, and the database is copied.
  */
 class ExportSession
 {
@@ -32,8 +32,8 @@ public:
     using Run = std::function<ProcessResult(const QString &arguments, const QStringList &environment)>;
 
     /**
-     * Locks the repository for the whole job, which may have several sessions, or finds that it has the lock. False,
-     * which it tells, when another job has it.
+     * Locks the repository for the whole job, which can have several sessions; true also when the job has the lock
+     * already. False, after an error, when another job has it.
      */
     using Lock = std::function<bool()>;
 
@@ -42,13 +42,13 @@ public:
         Run run;
         Lock lock;
         std::function<QString()> configFolder; ///< what reprepro reads as the configuration of the repository
-        /** For a job that makes room on the disk: whether the copy of the database may be in memory, when no disk has
-         *  room for it. Without this function it must be beside the database. */
+        /** For a job that makes room on the disk: whether the copy of the database may lie in memory when no disk has
+         *  room for it. Without this function the copy must lie beside the database. */
         std::function<bool()> mayCopyToMemory = {};
     };
 
     ExportSession(const QString &repoPath, Tools tools);
-    /** Does not export: without finish() the marker stays for the next one who opens the repository. */
+    /** Does not write the indices: without finish() the marker stays for the next opening. */
     ~ExportSession();
     ExportSession(const ExportSession &) = delete;
     ExportSession &operator=(const ExportSession &) = delete;
@@ -57,52 +57,54 @@ public:
     ProcessResult modify(const QString &arguments);
     /**
      * Like modify(), for a command that takes a package out of the repository. Its pool file stays until finish(),
-     * because the old indices name it; with `makesRoom` it goes at once, for another file of the same name.
+     * because the old indices name it. With `makesRoom` the file is deleted at once, so that another file can have
+     * the name.
      */
     ProcessResult remove(const QString &arguments, bool makesRoom = false);
     /**
-     * Copies the database before something else than a run changes the repository. A result that failed says why that
-     * may not be.
+     * Copies the database before a change that is not made by a run. A failed result says why the repository must not
+     * be changed.
      */
     ProcessResult keep();
     enum Vanished { OnlyEmpty, WithPackages };
-    /** Takes out what the description has no place for any more; after keep(). The pool files stay until finish(). */
+    /** Takes out packages for which the description has no place any more. Call it after keep(). The pool files stay
+     *  until finish(). */
     ProcessResult clearVanished(Vanished parts);
-    /** Runs a command under another description than the one in force; after keep(). */
+    /** Runs a command with another description than the one on the disk. Call it after keep(). */
     ProcessResult changeUnder(const QByteArray &description, const QString &arguments);
-    /** Makes the database forget which files belonged to which source; after keep(), with the pool files as above. */
+    /** Makes the database forget which files belong to which source. Call it after keep(). The pool files stay until
+     *  finish(). */
     ProcessResult dropTracks(const QString &codename);
-    /** Whether nothing may be changed, which the first try has said. */
+    /** Whether the repository must not be changed, which the result of the first try has said. */
     bool isRefused() const { return m_refusal.has_value(); }
     /** Whether further runs leave the indices alone. */
     bool isSilent() const { return m_silentConfig != nullptr; }
-    /** Tells, before the run, of a file that would lie in the pool without use if the run were cut short. */
+    /** Records, before the run, a file that would lie in the pool without use if the run were killed. */
     void recordAtRisk(const QString &poolFile);
-    /** For when the indices turned out not to tell what is in the database. */
+    /** Has finish() write the indices, because they differ from the database. */
     void requireExport();
-    /** Makes room for a file that an earlier, interrupted run has left in the pool without use, and that recordAtRisk() was
-     *  told of. False when the repository's own options ask to keep such files, or when the indices may still name
-     *  them. */
+    /** Deletes files without use that an earlier, interrupted run has left in the pool and that recordAtRisk() was
+     *  told of. False when the repository's own options keep such files, or when the indices may still name them. */
     bool dropUnreferencedFiles();
 
-    /** Writes what is owed and drops the files that no index names any more. A result that failed leaves the
-     *  marker; nothing owed is a success. */
+    /** Writes the indices if they are owed, and deletes the files that no index names any more. After a failure the
+     *  marker stays. When nothing is owed, that is a success. */
     ProcessResult finish();
     /** Whether a run died or could not write the database. Then the marker stays, and JobRecovery has work to do. */
     bool isDisturbed() const { return m_disturbed; }
     /** Whether it may have changed anything. */
     bool isBegun() const { return m_isKept; }
-    /** Whether the database could not be read or written. From then on nothing is run any more, and the copy of it
-     *  from before the session (DatabaseCopy) is the one to use. */
+    /** Whether the database could not be read or written. From then on the session runs nothing more, and the copy
+     *  from before the session (DatabaseCopy) replaces the database. */
     bool isDamaged() const { return m_trouble.has_value(); }
 
     /** Whether the repository's indices may be behind its database. */
     static bool isExportOwed(const QString &repoPath);
-    /** The files that jobs which were cut short may have left in the pool, as paths below the repository. */
+    /** The files that killed jobs may have left in the pool, as paths below the repository. */
     static QStringList filesLeft(const QString &repoPath);
-    /** Says for whoever opens the repository next that its indices may be behind. */
+    /** Tells the next opening that the indices may be behind the database. */
     static void setMarker(const QString &repoPath);
-    /** Takes the marker away, after an export that went well. */
+    /** Deletes the marker, after the indices have been written. */
     static void clearMarker(const QString &repoPath);
 
 private:
@@ -111,9 +113,9 @@ private:
     std::unique_ptr<PrivateConfig> m_silentConfig; ///< set once the first run has gone well
     std::unique_ptr<PrivateConfig> m_deletingConfig; ///< made when a removal has to make room
     bool m_exportOwed;
-    bool m_removed = false; ///< files may lie in the pool that nothing needs any more
+    bool m_removed = false; ///< the pool may have files that no package needs any more
     bool m_disturbed = false;
-    QSet<QString> m_atRisk; ///< what recordAtRisk() was told: on a full disk the marker does not hold it
+    QSet<QString> m_atRisk; ///< the files of recordAtRisk(): on a full disk the marker lacks them
     std::optional<QStringList>
         m_strangers; ///< files that were without use when the database was kept by keep()
     bool m_isKept = false; ///< the database has been copied

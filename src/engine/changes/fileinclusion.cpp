@@ -57,7 +57,7 @@ bool FileInclusion::isIncluded(const ProcessResult &result, const PackageInfo &r
     const bool isSure = !result.crashed() && !ReproAnswer::databaseTroubled(result.errorOutput);
     if (isSure && result.succeeded())
         return !ReproAnswer::inclusionSkipped(result.errorOutput);
-    // What a run did that died, or that could not write its database, only the database knows.
+    // After a run that died or could not write the database, only the database knows the result.
     if (!isSure)
         return m_context.reprepro.packageFilePath(record.name, record.indexComponent, record.architecture)
                == record.filePath();

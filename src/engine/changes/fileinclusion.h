@@ -28,7 +28,7 @@ public:
 
     /** Puts `file` in as `record` says. Failures are the caller's to tell. */
     Outcome include(const PackageInfo &record, const QString &file);
-    /** Puts the file of a package back in that the job, or an interrupted one, has taken out. */
+    /** Puts back the file of a package that this job, or an interrupted one, has taken out. */
     Outcome putBack(const PackageInfo &record, const QString &file);
     /** Why a file was not included: in our own words where the user can do something about it, else reprepro's. */
     QString reason(const QString &errorOutput, const PackageInfo &record) const;

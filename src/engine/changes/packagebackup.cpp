@@ -14,7 +14,7 @@
 
 namespace
 {
-/** Name of the file that describes the packages, one a line, with tabulators between what recordLine() lists. */
+/** Name of the file that describes the packages: one on each line, with tabs between the fields of recordLine(). */
 const QString PackagesFile = QStringLiteral("packages");
 constexpr int FieldCount = 8;
 
@@ -88,7 +88,7 @@ QList<PackageInfo> PackageBackup::packagesIn(const QString &folder, const QStrin
     const QStringList lines = QString::fromUtf8(*description).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (const QString &line : lines) {
         const QStringList fields = line.split(QLatin1Char('\t'));
-        // The file gets written to, and anybody may have described it.
+        // Anybody may have written the description, and the repository is written by it.
         if (fields.size() != FieldCount || !fields[6].startsWith(QLatin1String("pool/"))
             || QDir::cleanPath(fields[6]) != fields[6])
             return {};

@@ -11,14 +11,14 @@
 class QTemporaryDir;
 
 /**
- * Keeps the file of a package that is about to be replaced, so that it can be put back when the new one is refused.
- * The copy lies in the repository's own folder, as a link where the file system has links, and goes with the object:
- * at the end of the job, since the whole job is undone when the database breaks.
+ * Keeps the file of a package that a job replaces, so that it can be put back when the new file is refused. The kept
+ * file is a hard link in the repository's folder, or a copy where the file system has no links. It is deleted with the
+ * object at the end of the job, because a damaged database undoes the whole job.
  */
 class PackageBackup
 {
 public:
-    /** `removed` are the packages that go for the new file; their descriptions are kept with the file of `package`. */
+    /** `removed` are the packages that the new file replaces. Their records are kept with the file of `package`. */
     PackageBackup(const QString &repoPath, const PackageInfo &package, const QList<PackageInfoPtr> &removed);
     ~PackageBackup();
     PackageBackup(PackageBackup &&other) noexcept;
@@ -27,14 +27,14 @@ public:
 
     /** The kept file, under the name it has in the pool; empty when it could not be kept. */
     QString file() const { return m_file; }
-    /** Leaves the file where it is when the object goes. */
+    /** The object no longer deletes the file. */
     void keep();
 
     /** Folders of jobs that were killed. */
     static QStringList leftovers(const QString &repoPath);
-    /** The packages whose file such a folder keeps; none when they had not been removed yet, or it says nothing. */
+    /** The packages whose file the folder keeps; none when nothing was removed yet, or the folder names none. */
     static QList<PackageInfo> packagesIn(const QString &folder, const QString &repoPath);
-    /** The file that such a folder keeps; empty when it has none. */
+    /** The file that the folder keeps; empty when it has none. */
     static QString fileIn(const QString &folder);
 
 private:

@@ -24,7 +24,7 @@ RepoEnums::ErrorCode PackageInclusion::include(AddedFile *file, const PackageInf
     if (present && !replace)
         return collisionOf(file->shownName, record, *present);
 
-    // Signed before anything is removed: a key that fails must not cost the package that is there.
+    // The file is signed before anything is removed: a bad key must not cost the package that is there.
     if (!m_signer.sign(file, record.name))
         return PACKAGE_UNSIGNED;
 
@@ -63,7 +63,7 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
     QList<PackageInfoPtr> removed;
     for (const PackageInfoPtr &package : inTheWay) {
         const bool isRemoved = removal.remove(package, makesRoom);
-        // A run that died may have come further than anybody could find out.
+        // A run that died may have removed the file, although the database still lists it.
         if (isRemoved || !QFile::exists(package->filePath()))
             removed.append(package);
         if (!isRemoved) {
@@ -74,11 +74,11 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
             return ERROR;
         }
     }
-    // They had one file, and either all get the new one or all keep the old one.
+    // The packages share one file: either all get the new file, or all keep the old one.
     for (const PackageInfoPtr &package : inTheWay) {
         PackageInfo successor = record;
         successor.architecture = package->architecture;
-        // The results of a check belong to the architecture; a new file has none yet.
+        // The results of a check belong to one architecture. A new file has no results yet.
         if (successor.hasDependsInfo())
             successor.dependsInfo = package->dependsInfo;
         if (includeFile(file, successor, true) != ERROR)
@@ -122,8 +122,8 @@ QList<PackageInfoPtr> PackageInclusion::packagesInTheWay(const PackageInfo &pres
     QList<PackageInfoPtr> packages{m_context.packages.find(PackageKey::of(present))};
     if (present.filePath() != record.filePath())
         return packages;
-    // An architecture-independent package has one file for all architectures, and as long as one of them uses the
-    // old file, reprepro takes no other contents under its name.
+    // An architecture-independent package has one file for all architectures. While one of them uses the old file,
+    // reprepro accepts no other contents under the name of the file.
     const QStringList architectures = m_context.repository.info().binaryArchitectures();
     for (const QString &architecture : architectures) {
         PackageKey key = PackageKey::of(present);

@@ -38,13 +38,13 @@ public:
      */
     ErrorCode include(AddedFile *file, const PackageInfo &record, bool replace);
 
-    /** A run for several files has put this one into this place before its turn; include() has still to be called. */
+    /** A run for several files has put this file into this place before its turn. include() must still be called. */
     void setAhead(const QString &path, const PackageKey &place) { m_ahead.insert(path, place); }
     bool isAhead(const QString &path) const { return m_ahead.contains(path); }
 
     /** The packages that went in, once for each architecture. */
     const QList<PackageInfoPtr> &included() const { return m_included; }
-    /** The end of the job, when the database is known to be whole and the replaced files are needed no more. */
+    /** For the end of the job: the database is known to be whole, so the replaced files are needed no more. */
     void dropBackups() { m_backups.clear(); }
     /** What went in has been undone. */
     void forgetIncluded() { m_included.clear(); }

@@ -38,7 +38,7 @@ void PackageRemoval::removeTogether(const QList<PackageInfoPtr> &packages)
                                                      first.indexComponent,
                                                      first.architecture,
                                                      kindToName(first)));
-        // What is out already when such a run fails, a run of its own will find to be no fault.
+        // When the run fails, each package is tried alone. Removing a package that is out already is no error.
         if (!result.succeeded() || ReproAnswer::databaseTroubled(result.errorOutput))
             continue;
         if (ReproAnswer::nothingRemoved(result.errorOutput))
@@ -75,8 +75,8 @@ bool PackageRemoval::removeFromDatabase(const PackageInfo &package, bool makesRo
                                                                         package.architecture,
                                                                         kindToName(package)),
                                                    makesRoom);
-    // When only the indices could not be written, the package has left the database all the same, and the end of the
-    // job tells of the indices.
+    // When only the indices could not be written, the package has left the database nevertheless. The end of the job
+    // tells of the indices.
     const bool removed
         = result.succeeded() || ReproAnswer::indicesOutdated(result.errorOutput)
           || ReproAnswer::signingFailed(result.errorOutput)

@@ -21,8 +21,8 @@ public:
     { }
 
     /**
-     * Takes those of the packages that can share a run out of the database, without telling; remove() is still to be
-     * called for each. What a run did not do is left to it. A stop waits for the end of a run.
+     * Takes packages that can share a run out of the database. It reports nothing, and remove() must still be called
+     * for each package: it also tries again what a shared run did not do. A stop waits for the end of a run.
      */
     void removeTogether(const QList<PackageInfoPtr> &packages);
     /** Whether removeTogether() has taken it out of the database. */

@@ -24,7 +24,7 @@ void warn(JobContext *context)
 void SignatureRecord::remember(JobContext *context, const PackageInfo &package)
 {
     const SignedPackages record(file(*context));
-    // The entry of a package that was removed without this program's help is not that of the next one.
+    // Another program may have removed a signed package of this name. Its entry must not count for the new package.
     const bool isStale = !package.isSigned() && !record.keyInfo(package).isEmpty();
     if ((package.isSigned() && !record.saveKeyInfo(package)) || (isStale && !record.removeKeyInfo(package)))
         warn(context);

@@ -14,10 +14,10 @@ class SignatureRecord
 {
     Q_DECLARE_TR_FUNCTIONS(RepoShell)
 public:
-    /** Enters the package when it is signed, and takes out what is said of it when not. */
+    /** Enters the package when it is signed, and deletes its entry when it is not. */
     static void remember(JobContext *context, const PackageInfo &package);
-    /** Takes the package out when it was signed. */
+    /** Deletes the entry of a signed package. */
     static void forget(JobContext *context, const PackageInfo &package);
-    /** Takes out whatever is not among all packages that the repository has. */
+    /** Deletes all entries but those of `packages`, which are all packages of the repository. */
     static void forgetOthers(JobContext *context, const QList<PackageInfoPtr> &packages);
 };

@@ -25,14 +25,14 @@ Q_SIGNALS:
                   const QString &detailedtext = QString(),
                   RepoEnums::ErrorType error = RepoEnums::CRITICAL,
                   RepoEnums::ErrorCause cause = RepoEnums::OTHER_CAUSE);
-    /** A word for the log about a file that a job has passed over; nobody needs to do anything. */
+    /** A line for the log, for example about a file that was not added. The user need not do anything. */
     void noted(const QString &text);
-    /** What a dependency check has found, in words, one line each. */
+    /** The summary of a dependency check, in words, one string for each line. */
     void dependsSummary(const QStringList &lines);
     void downloadablePackagesReady();
     void started(const QString &startMsg);
-    /** The job that was asked to stop goes on, and can be asked again: the user has taken the stop back, or it was for
-     *  what has ended. */
+    /** The job goes on after a stop and can be stopped again: the user has taken the stop back, or the stop was for a
+     *  part of the job that has ended. */
     void goingOn();
     void finished(RepoEnums::JobId jobId, const QString &finishMsg);
     /** The number of items of the job; 0 = not known. */

@@ -18,13 +18,13 @@
 
 namespace
 {
-/** Path below the repository, which can have moved. */
+/** The path of the file below its repository, which can have moved. */
 QString fileInRepository(const PackageInfo &package)
 {
     return package.filePath().mid(package.root.size());
 }
 
-/** Those of which no file is left. */
+/** The packages of `before` whose files are gone. One record for each file. */
 QList<PackageInfoPtr> gone(const QList<PackageInfoPtr> &before, const QList<PackageInfoPtr> &after)
 {
     QSet<QString> files;
@@ -73,7 +73,7 @@ int ChangeJob::run(const Wish &wish)
     ExportSession::setMarker(wish.path);
     const RepoChange change{oldInfo, wish.info, wish.carriesPackages};
     const QList<PackageInfoPtr> packages = m_context.packages.all();
-    // What lies under the new code name already is nothing of ours.
+    // Indices that lie under the new code name already belong to somebody else.
     const bool isPlaceFree = !change.isRenaming() || !hasIndices(wish.path, wish.info.codename);
     DescriptionChange description(m_context, change, *text);
     if (description.run()) {
@@ -104,7 +104,7 @@ int ChangeJob::run(const Wish &wish)
 
 void ChangeJob::tellOfGone(const RepoChange &change, const QList<PackageInfoPtr> &before)
 {
-    // Where the indices could not be written, they do not tell what is left.
+    // Indices that could not be written do not list the packages that are left.
     const QList<PackageInfoPtr> lost = ExportSession::isExportOwed(m_context.path())
                                            ? change.lost(before)
                                            : gone(before, m_context.packages.all());

@@ -76,7 +76,7 @@ int CheckJob::checkRecords(const QList<PackageInfoPtr> &records, const std::func
                                 },
                                 [this] { return mustStop(); });
     tellAptFailure(&apt);
-    // Who only adds packages need not close a box each time; the summary, which goes into the log, says as much.
+    // A user who only adds packages must not close a box each time. The summary in the log says the same.
     if (itemDone)
         tellUnknownArchitectures(DependsReport::summary(results).unknownArchitectures);
     if (!results.isEmpty())

@@ -22,9 +22,9 @@ public:
     { }
 
     int run(const QList<PackageInfoPtr> &packages);
-    /** The step of other jobs that checks what is there of these packages. */
+    /** Checks those of the packages that are in the repository, as a step of another job. */
     void checkPresent(const QList<PackageInfoPtr> &packages);
-    /** Tells that apt could not be asked, or has nothing to answer from. */
+    /** Tells that apt could not be asked, or has no sources. */
     void tellAptFailure(AptCandidates *apt);
     /** Tells that apt could not be asked about these architectures, if there are any. */
     void tellUnknownArchitectures(const QStringList &architectures);

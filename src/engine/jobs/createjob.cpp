@@ -18,7 +18,7 @@
 
 int CreateJob::run(const QString &path, const RepoInfo &info)
 {
-    // Of a link the directory that it names is meant.
+    // A link stands for the directory that it names.
     const QString wanted = QDir::cleanPath(QDir(path).absolutePath());
     const QString repoPath = QFileInfo(wanted).isSymLink() ? PathGuard::resolved(wanted) : wanted;
     if (!mayWipe(repoPath))

@@ -99,7 +99,7 @@ bool DescriptionChange::takeOutVanished()
     const QStringList components = m_change.before.componentList();
     const QStringList architectures = m_change.before.architectureList();
     QStringList unexplained;
-    // What was carried over stands for a moment in all places that there were.
+    // Packages that were carried over are in their old and new places for a moment.
     const QStringList filled = ReproAnswer::vanishedParts(result.output + result.errorOutput);
     for (const QString &part : filled) {
         // CODENAME|COMPONENT|ARCHITECTURE, of .udeb files with u| in front

@@ -25,7 +25,7 @@
 
 namespace
 {
-/** A folder to fetch into. Run by root, apt fetches as a user of its own, who may write there and nowhere else. */
+/** A folder for fetched files. When root runs apt, apt fetches as a user of its own, who can write only there. */
 QString downloadFolder(const ScratchFolder &scratch)
 {
     QString folder = scratch.filePath(QStringLiteral("download"));
@@ -37,7 +37,7 @@ QString downloadFolder(const ScratchFolder &scratch)
         || ::getpwnam_r("_apt", &user, buffer.data(), static_cast<size_t>(buffer.size()), &found) != 0
         || found == nullptr)
         return folder;
-    // Where this fails apt fetches as root, and says so in its output.
+    // When this fails, apt fetches as root and says so in its output.
     constexpr mode_t PassableFolder = 0711;
     if (::chown(QFile::encodeName(folder).constData(), user.pw_uid, user.pw_gid) == 0)
         ::chmod(QFile::encodeName(scratch.path()).constData(), PassableFolder);
@@ -49,7 +49,7 @@ QString startText(int count)
     return count == 1 ? DownloadJob::tr("Downloading package") : DownloadJob::tr("Downloading packages");
 }
 
-/** Whether the package names one of these, or what one provides, for something that its repository does not meet. */
+/** Whether the package depends on one of these, or on a name that one provides, and its repository does not have it. */
 bool lacks(const PackageInfo &package, const QVector<Dependency> &dependencies)
 {
     if (!package.hasDependsInfo())
@@ -108,7 +108,7 @@ int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
 
 void DownloadJob::tellMissing(const QStringList &missing)
 {
-    // A box has no room for hundreds of names; its details have.
+    // A box has no room for hundreds of names, but its details have.
     constexpr int NamesShown = 5;
     QStringList names = missing.mid(0, NamesShown);
     const bool isShortened = missing.size() > NamesShown;

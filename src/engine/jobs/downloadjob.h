@@ -26,9 +26,9 @@ public:
         , m_options(options)
     { }
 
-    /** Each package is known by name, version and architecture. */
+    /** `packages` have a name, a version and an architecture. */
     int download(const QList<PackageInfo> &packages);
-    /** Takes the best package for each dependency, and checks those anew that lacked them. */
+    /** Takes the best package for each dependency, and checks the packages again that lacked it. */
     int addDependencies(const QVector<Dependency> &dependencies);
 
 private:

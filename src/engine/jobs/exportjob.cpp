@@ -17,7 +17,7 @@
 
 namespace
 {
-/** In the archive of packages; no name of a package. */
+/** The name of a file in the archive. No package file can have it. */
 const QString MissingList = QStringLiteral("missing-dependencies.txt");
 
 QString missingLine(const UnmetEntry &entry)
@@ -81,7 +81,7 @@ int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDe
     for (const PackageInfoPtr &package : packages + needed) {
         const QString file = files.value(PackageKey::of(*package));
         QString member = QFileInfo(file).fileName();
-        // Components can hold different packages under one file name.
+        // Two components can have different packages with the same file name.
         if (members.value(member, file) != file)
             member.prepend(package->indexComponent + QLatin1Char('/'));
         if (m_context.control.isCanceled())
@@ -235,7 +235,7 @@ QString ExportJob::poolFile(const QString &file) const
 
 QHash<PackageKey, QString> ExportJob::poolFiles(const QList<PackageInfoPtr> &packages)
 {
-    // A question for each takes longer than copying most packages; all at once can be asked in one run.
+    // A run for each package takes longer than copying most packages. One run can list all.
     constexpr int FewPackages = 4;
     const QString folder = m_context.path() + QLatin1Char('/');
     const QString codename = m_context.repository.info().codename;

@@ -34,7 +34,7 @@ private:
 
     bool mayExport();
     int failed(JobFrame *frame, const QString &reason);
-    /** Adds a file of the pool, or its name to `leftOut` when it leads to where others want it to lead. */
+    /** Adds a file of the pool. A link that other people control is not followed; its name goes to `leftOut`. */
     ArchiveWriter::Result
     add(ArchiveWriter *writer, const QString &file, const QString &member, QStringList *leftOut);
     static QString leftOutText(const QStringList &names);
@@ -42,10 +42,10 @@ private:
     void noteLeftOut(const QStringList &names);
     /** Tells of the links that were not followed; nothing when there were none. */
     void warnOfLeftOut(const QStringList &names);
-    /** Adds the list of what the archive lacks of the dependencies of its packages; nothing when it lacks nothing. */
+    /** Adds the list of dependencies that the archive lacks; nothing when it lacks none. */
     static ArchiveWriter::Result addMissing(ArchiveWriter *writer, const QVector<UnmetEntry> &missing);
     void warnOfMissing(const QVector<UnmetEntry> &missing);
-    /** Its path in the repository. */
+    /** The path of the file below the repository. */
     QString poolFile(const QString &file) const;
     QHash<PackageKey, QString> poolFiles(const QList<PackageInfoPtr> &packages);
 };

@@ -83,7 +83,7 @@ RepoEnums::ErrorCode ImportJob::unpackPackages(const QString &archive, QStringLi
                      &ProcessUtils::error,
                      &mounted,
                      [this, &isMounting](const QString &text, const QString &details) {
-                         // A mount that was stopped has failed as wished.
+                         // After a stop the mount fails on purpose.
                          if (!isMounting || !m_context.control.isCanceled())
                              m_context.errors.critical(text, details);
                      });
@@ -94,7 +94,7 @@ RepoEnums::ErrorCode ImportJob::unpackPackages(const QString &archive, QStringLi
     const QStringList listed = ArchiveContents::packagesBelow(mounted.mountPoint(), QString(), stopped);
     if (!makeFolder(sizeOf(listed)))
         return ERROR;
-    // Every file that is opened below the mount point reads the archive from its start, so all are taken in one pass.
+    // Opening a file below the mount point reads the archive from its start, so one pass reads all files.
     PackageExtractor extractor(m_folder->path(), stopped);
     extractor.setConsent(
         [this, &archive](qint64 unpacked, qint64 size) { return mayUnpack(archive, unpacked, size); });
@@ -105,7 +105,7 @@ RepoEnums::ErrorCode ImportJob::unpackPackages(const QString &archive, QStringLi
     mounted.umount();
     if (result == PackageExtractor::Result::Damaged)
         m_context.errors.critical(tr("Can't open archive for import!"), extractor.error());
-    // What is mounted looks empty when its links cannot be followed.
+    // A mounted archive looks empty when its links cannot be followed.
     if (!isTar && listed.isEmpty() && !m_context.control.isCanceled())
         m_context.errors.critical(
             tr("Can't open archive for import!"),

@@ -18,7 +18,7 @@ class ImportJob : public RepoEnums
 {
     Q_DECLARE_TR_FUNCTIONS(RepoShell)
 public:
-    /** What is unpacked lies in `folder`, which is empty again when the job ends. */
+    /** The archive is unpacked into `folder`, which is empty again when the job ends. */
     ImportJob(JobContext &context, std::unique_ptr<ScratchFolder> &folder)
         : m_context(context)
         , m_folder(folder)
@@ -30,7 +30,7 @@ public:
 private:
     JobContext &m_context;
     std::unique_ptr<ScratchFolder> &m_folder;
-    QHash<QString, QString> m_members; ///< their names in the archive by the paths of what was unpacked
+    QHash<QString, QString> m_members; ///< names in the archive, by the paths of the unpacked files
 
     ErrorCode collectPackages(const QString &source, QStringList *files);
     ErrorCode unpackPackages(const QString &archive, QStringList *files);

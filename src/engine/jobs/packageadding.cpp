@@ -61,7 +61,7 @@ RepoEnums::ErrorCode PackageAdding::replace(AddedFile *file, const PackageInfo &
 
 RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame *frame)
 {
-    // A stop waits for the end of a run, so what takes no second is added file by file.
+    // A stop waits for the end of a run. A job of a few files takes less than a second, so it has a run for each file.
     constexpr int ManyFiles = 50;
     constexpr int FilesTogether = 25;
     auto reader = std::make_unique<PackageFileReader>(
@@ -79,7 +79,7 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
             includeTogether(read);
         for (const PackageFile &file : read) {
             ++done;
-            // What has gone in already is told of, also after a stop.
+            // Files that are in already are reported, also after a stop.
             stopped = stopped || mustEnd();
             if (stopped && !m_inclusion.isAhead(file.path)) {
                 isComplete = false;
@@ -91,7 +91,7 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
     }
     reader.reset();
     finish();
-    // A stop that came when everything was in has stopped nothing.
+    // A stop that came after the last file has stopped nothing.
     return isComplete && done == files.size() ? SUCCESS : CANCEL;
 }
 
@@ -153,7 +153,7 @@ QVector<PackageInfo> PackageAdding::recordsOf(const PackageInfo &package) const
     if (package.architecture != QLatin1String("all")) {
         const bool isThere = architectures.contains(package.architecture);
         architectures.clear();
-        // What the description says in ways that are not read here, reprepro knows.
+        // reprepro understands descriptions that this program does not read fully.
         if (isThere || !isDescriptionRead(m_context.path()))
             architectures.append(package.architecture);
     }
@@ -174,7 +174,7 @@ QVector<PackageInfo> PackageAdding::recordsOf(const PackageInfo &package) const
 RepoEnums::ErrorCode PackageAdding::addFile(AddedFile *file, const QVector<PackageInfo> &records)
 {
     ErrorCode result = ERROR;
-    // One file that serves several architectures is replaced in all of them or in none.
+    // A file that serves several architectures is replaced in all of them or in none.
     QHash<QString, bool> answers;
     for (int i = 0; i < records.size(); ++i) {
         const PackageInfo &record = records.at(i);

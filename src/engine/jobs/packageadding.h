@@ -17,7 +17,7 @@ struct JobContext;
 class JobFrame;
 struct PackageFile;
 
-/** The part that all jobs have in common that add packages. */
+/** The common part of all jobs that add packages. */
 class PackageAdding : public RepoEnums
 {
     Q_DECLARE_TR_FUNCTIONS(RepoShell)
@@ -28,9 +28,9 @@ public:
                   bool singlePackage,
                   bool checksDepends = true);
 
-    /** What the user knows files by, where it is not their paths. */
+    /** Names that the user knows, for files whose paths he does not know. */
     void setShownNames(const QHash<QString, QString> &names) { m_shownNames = names; }
-    /** Packages that are checked anew at the end, when something went in. */
+    /** Packages whose dependencies are checked again at the end, when a package went in. */
     void setWanting(const QList<PackageInfoPtr> &packages) { m_wanting = packages; }
 
     /** Adds the files one by one and finishes; CANCEL after a stop. */
@@ -41,8 +41,8 @@ public:
     AddedFile fileAt(const QString &path, bool isLast = false) const;
     /** Puts a file in the place of the package that is there; see PackageInclusion::include(). */
     ErrorCode replace(AddedFile *file, const PackageInfo &record);
-    /** Writes the indices, checks what went in and has the results stored. False when all that was done is undone,
-     *  which has been told. */
+    /** Writes the indices, checks the added packages and has the results stored. False, after an error, when all
+     *  changes have been undone. */
     bool finish();
 
     /** Whether no further file may be added: after a stop, and when the repository must not be changed. */
@@ -73,17 +73,17 @@ private:
     QList<PackageInfoPtr> m_wanting;
     QStringList m_added; ///< names of the files that are in
 
-    /** Puts those of the files into the repository for which that can be done with few runs. */
+    /** Puts those of the files into the repository that can share a run. */
     void includeTogether(const QVector<PackageFile> &files);
-    /** How the package of a file is to stand in the repository, once for each architecture that it is for. */
+    /** The future records of a package in the repository, one for each architecture. */
     QVector<PackageInfo> recordsOf(const PackageInfo &package) const;
     ErrorCode addFile(AddedFile *file, const QVector<PackageInfo> &records);
-    /** What the first of these records collides with, and which of the others do. */
+    /** The file with which the first of these records collides, and which of the other records collide with it. */
     PresentFile presentFile(const QVector<PackageInfo> &records) const;
-    /** Why a file that collided stayed out. */
+    /** Says why a file that collided was not added. */
     static QString keptText(ErrorCode collision, const QString &file, const PresentFile &present);
     void askToKeepUnsigned(const AddedFile &file, const PackageInfo &record);
-    /** Whether the file takes the place of what is present: the user's choice, for this file or for all. */
+    /** Whether the file replaces the present one: the user's choice, for this file or for all. */
     bool mustReplace(ErrorCode collision,
                      const AddedFile &file,
                      const QString &version,

@@ -40,7 +40,7 @@ int ReloadJob::run()
     if (difference.isEmpty())
         return frame.finish(SUCCESS, tr("Repository is unchanged"));
     Q_EMIT m_context.listener.requestForSavingPackages(m_context.packages.all());
-    // Each number has a form of its own.
+    // Each number has its own plural form.
     const QStringList changes{tr("%n package(s) added", nullptr, difference.added.size()),
                               tr("%n package(s) replaced", nullptr, difference.changed.size()),
                               tr("%n package(s) removed", nullptr, difference.removed.size())};

@@ -10,7 +10,7 @@
 
 namespace
 {
-// A stop waits for the end of a run, so what takes no second is removed one by one.
+// A stop waits for the end of a run. A job of a few packages takes less than a second, so it has a run for each.
 constexpr int ManyPackages = 50;
 constexpr int PackagesTogether = 25;
 } // namespace
@@ -37,7 +37,7 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
             removal.removeTogether(next);
         for (const PackageInfoPtr &package : next) {
             ++done;
-            // What is out already is told of, also after a stop.
+            // Packages that are out already are reported, also after a stop.
             stopped = stopped || m_context.control.mustEnd() || session.isRefused();
             const bool isLeft = stopped && together && !removal.isOut(*package);
             isComplete = isComplete && !isLeft;
@@ -50,12 +50,12 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
     }
     if (!SessionEnd::end(m_context, &session))
         removed.clear();
-    // A list that was empty from the start may only be one that could not be read.
+    // A list that was empty from the start may be one that could not be read.
     if (m_context.packages.count() == 0 && !removed.isEmpty())
         Q_EMIT m_context.listener.requestForClearingStoredInformation();
     else
         Q_EMIT m_context.listener.requestForSavingPackages(m_context.packages.all());
-    // A stop that came when all was done has stopped nothing.
+    // A stop that came after the last package has stopped nothing.
     if (stopped && (!isComplete || done < packages.size()))
         return frame.finish(
             CANCEL,

@@ -20,7 +20,7 @@
 
 namespace
 {
-/** A link in the repository's upper folders that leads out of it by a relative path; empty when there is none. */
+/** A relative link in the repository's upper folders whose target is outside of it; empty when there is none. */
 QString outwardLink(const QString &repoPath)
 {
     for (const char *folder : {"", "/dists", "/pool", "/conf", "/db"}) {
@@ -42,7 +42,7 @@ QString outwardLink(const QString &repoPath)
     return {};
 }
 
-/** Whether a rename cannot lead from the one to the other; asked of the system with a folder that nobody needs. */
+/** Whether a rename between the two is impossible. The system is asked with an empty folder. */
 bool isOnOtherFileSystem(const QString &repoPath, const QString &newPath)
 {
     const QTemporaryDir probe(repoPath + QLatin1String("/db/velt-admin-repo.move-XXXXXX"));

@@ -24,7 +24,7 @@ class Reason
     Q_DECLARE_TR_FUNCTIONS(RepositoryRemoval)
 };
 
-/** The directory, opened for reading; not when its place has been taken by a link or another one meanwhile. */
+/** Opens the directory. Not open when a link or another directory has taken its place meanwhile. */
 Descriptor openDirectory(const QString &directory)
 {
     const QByteArray path = QFile::encodeName(directory);
@@ -32,7 +32,7 @@ Descriptor openDirectory(const QString &directory)
     return folder.isOpen() && TrustedPath::pathOf(folder) == path ? std::move(folder) : Descriptor();
 }
 
-/** As long as anything else is left, the directory stays what can be opened and deleted: a repository. */
+/** Deletes the description last: until then the directory is a repository, which can be opened and deleted. */
 bool removeDescriptionLast(const QString &directory)
 {
     constexpr const char *Conf = "conf";

@@ -6,7 +6,7 @@
 /** Whether a repository can be read and written. */
 namespace RepositoryAccess
 {
-/** What is wrong with a file that each run of reprepro reads; empty when nothing is. It would wait for a pipe for ever. */
+/** Why a file that each run of reprepro reads must not be read, for example a pipe; empty when all can be read. */
 QString refusal(const QString &repoPath);
 /** Whether reprepro can write where it writes for any change. */
 bool mayWrite(const QString &repoPath);

@@ -107,7 +107,7 @@ RepoEnums::ErrorCode UpgradeJob::askAgain(const QVector<QVector<UpgradablePackag
     for (const auto &group : groups)
         names.append(group.first().name + QLatin1Char(':') + group.first().fetchArchitecture);
     names.removeDuplicates();
-    // Whoever asked for a stop and then thinks better of it begins anew; what is fetched already stays.
+    // A user who takes the stop back has the question begin again. Lists that were fetched stay.
     while (true) {
         run->records.clear();
         const bool asked = run->offers.fetchLists() && run->offers.askRecords(names, &run->records);
@@ -154,7 +154,7 @@ void UpgradeJob::upgradeFrom(const QVector<UpgradablePackage> &group, Run *run)
         record.root = m_context.path();
         record.poolFile = PackageNames::poolFile(record, file.package->architecture);
         const ErrorCode result = run->adding.replace(&added, record);
-        // The package is in when only the repository's signature failed; the end of the job tells of that.
+        // When only the signature of the repository failed, the package is in. The end of the job tells of that.
         ++(result == SUCCESS || result == PACKAGE_GPGERROR ? run->upgraded : run->failed);
     }
     QFile::remove(file.path);
@@ -164,7 +164,7 @@ PackageFile UpgradeJob::fetch(const UpgradablePackage &wanted, const Run &run)
 {
     AptUtils apt;
     apt.setEnvironment(run.offers.environment());
-    // A stop waits for the file; only the end of the program does not, for a server may never answer.
+    // A stop waits for the file. The end of the program does not wait, because a server may never answer.
     apt.setStopRequest([this] { return m_context.control.isClosing(); });
     PackageFile file;
     const QString arrived
@@ -199,7 +199,7 @@ QList<PackageInfoPtr> UpgradeJob::replacedBy(const PackageFile &file,
         add(present);
         if (!present || file.package->architecture != QLatin1String("all"))
             continue;
-        // One file served several architectures, and one file takes its place.
+        // The old file served several architectures, and the new file replaces it in all of them.
         for (const QString &architecture : architectures) {
             key.architecture = architecture;
             const PackageInfoPtr twin = m_context.packages.find(key);

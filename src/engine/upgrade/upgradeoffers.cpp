@@ -40,7 +40,7 @@ bool UpgradeOffers::fetchLists()
     };
     const auto outcome = m_apt->fetch([this] { return m_context.control.isCanceled(); }, showPercent);
     if (m_context.progress.step() != 0) {
-        // What follows has another measure.
+        // The next part of the job counts packages and not percents.
         m_context.progress.setStep(0);
         m_context.progress.setRange(0);
         m_context.progress.show();
@@ -63,7 +63,7 @@ bool UpgradeOffers::askRecords(const QStringList &names, QVector<AptPackageRecor
     utils.setEnvironment(environment());
     utils.setStopRequest(stopped);
     QObject::connect(&utils, &ProcessUtils::error, &utils, [&](const QString &text, const QString &details) {
-        // That the sources know none of the names is an answer.
+        // "No packages found" is an answer: the sources know none of the names.
         if (details.contains(QLatin1String("No packages found")) || stopped())
             return;
         failed = true;

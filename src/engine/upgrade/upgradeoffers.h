@@ -20,13 +20,13 @@ class UpgradeOffers
 public:
     UpgradeOffers(JobContext &context, UpgradeSources &sources);
 
-    /** False, after critical(), when nothing can be asked. */
+    /** False, after an error, when the sources cannot be asked. */
     bool isValid() const { return m_apt != nullptr; }
-    /** Makes apt's lists those of now; false when that was stopped, or after critical() when it failed. */
+    /** Fetches apt's lists. False after a stop, or after an error. */
     bool fetchLists();
-    /** What is on offer under these names; false like fetchLists(). */
+    /** The offers for these names. False like fetchLists(). */
     bool askRecords(const QStringList &names, QVector<AptPackageRecord> *records);
-    /** For further questions about the same lists. */
+    /** The environment for further questions about the same lists. */
     QStringList environment() const;
 
 private:

@@ -18,9 +18,8 @@ struct UpgradablePackage
     QString oldVersion;
     QString newVersion;
     QString source; ///< origin text: URI, suite and architecture
-    QString fetchArchitecture; ///< with which apt is asked for the file
-    QString ownArchitecture
-        = {}; ///< that the old version was built for, which is "all" for many; to be shown
+    QString fetchArchitecture; ///< of the question to apt for the file
+    QString ownArchitecture = {}; ///< for which the old version was built, "all" for many; for the user
 
     friend bool operator==(const UpgradablePackage &a, const UpgradablePackage &b)
     {
@@ -30,7 +29,7 @@ struct UpgradablePackage
     }
 };
 
-/** What an upgrade asks apt for, and which of the versions on offer it takes. */
+/** The questions of an upgrade to apt, and the choice among the versions on offer. */
 namespace UpgradeRules
 {
 /**

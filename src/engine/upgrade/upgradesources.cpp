@@ -34,7 +34,7 @@ std::shared_ptr<PrivateApt> UpgradeSources::apt(const QStringList &architectures
             return m_apt;
         sources = m_sources;
     }
-    // Outside the lock, since it runs a program.
+    // Outside the lock, because it runs a program.
     auto apt = std::make_shared<PrivateApt>(sources, architectures);
     if (!apt->isValid())
         return {};

@@ -11,15 +11,15 @@
 
 class PrivateApt;
 
-/** The sources that the repository is upgraded from, and what was found in them. All of it for any thread. */
+/** The sources from which the repository is upgraded, and the packages that were found in them. Thread-safe. */
 class UpgradeSources
 {
 public:
-    /** Forgets what was found elsewhere. */
+    /** Sets the sources, and forgets the packages of the previous ones. */
     void choose(const QStringList &sources);
     QVector<UpgradablePackage> found() const;
     void setFound(const QVector<UpgradablePackage> &packages);
-    /** The apt that knows only these sources; runs a program when it has to be made, null when it cannot be. */
+    /** An apt that knows only these sources. Making it runs a program; null when it cannot be made. */
     std::shared_ptr<PrivateApt> apt(const QStringList &architectures);
     /** Deletes its files as soon as no job uses them. */
     void dropApt();
