@@ -8,6 +8,7 @@
 #include "engine/reprepro/joblock.h"
 #include "engine/reprepro/privateconfig.h"
 #include "engine/reprepro/repreprocommands.h"
+#include "engine/reprepro/reprolisting.h"
 #include "files/pathguard.h"
 #include "files/scratchfolder.h"
 #include "support/testenvironment.h"
@@ -22,6 +23,33 @@ class TestEngineRules : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    /** The texts are those of reprepro 5.3.1. */
+    void listings()
+    {
+        const auto packages
+            = ReproListing::packages("main amd64 tool pool/main/t/tool/tool_1.0_all.deb\n"
+                                     "main amd64 core pool/main/c/core/core_2_amd64.udeb\n"
+                                     "contrib amd64 lib++ pool/contrib/lib+/lib++/lib ++_1_amd64.deb\n"
+                                     "torn amd64\n"_s);
+        QCOMPARE(packages.size(), 3);
+        QCOMPARE(packages.at(2).file, "pool/contrib/lib+/lib++/lib ++_1_amd64.deb"_s);
+        const QString references = "stable|contrib|amd64 pool/contrib/lib+/lib++/lib ++_1_amd64.deb\n"
+                                   "u|stable|main|amd64 pool/main/c/core/core_2_amd64.udeb\n"
+                                   "stable|main|amd64 pool/main/t/tool/tool_1.0_all.deb\n"_s;
+        for (const ReproListing::Package &package : packages)
+            QVERIFY(ReproListing::files(references).contains(ReproListing::reference("stable"_s, package)));
+
+        const auto sums = ReproListing::checksums(
+            "pool/main/c/core/core_2_amd64.udeb :1:1523b8c25c9218101c83f5f6a409a476bb0b733f "
+            ":2:40160e336366fc01f0"
+            "7f9d4f5ea808914d16b703475ddafaf14bd0fd9b400c6d 5e35ff936e35a02bc2d18ec388f6b0de 668\n"
+            "pool/main/t/tool/tool_1.0_all.deb 3e3a59f911f62ac914512d599ecdf08f 652\n"_s);
+        QCOMPARE(sums.value("pool/main/c/core/core_2_amd64.udeb"_s),
+                 QByteArray("40160e336366fc01f07f9d4f5ea808914d16b703475ddafaf14bd0fd9b400c6d"));
+        QVERIFY(sums.contains("pool/main/t/tool/tool_1.0_all.deb"_s));
+        QVERIFY(sums.value("pool/main/t/tool/tool_1.0_all.deb"_s).isEmpty());
+    }
+
     void descriptions()
     {
         RepoInfo info = Distributions::repoInfoForCodename("dogwood"_s);
