@@ -42,27 +42,45 @@ bool BatchInclusion::isPlain(const Candidate &candidate) const
            && m_context.packages.find(PackageKey::of(candidate.record)).isNull();
 }
 
-void BatchInclusion::includeGroup(const QVector<Candidate> &group)
+void BatchInclusion::includeGroup(QVector<Candidate> group)
+{
+    // Each refused file costs a run and a listing. A group of many refused files is tried file by file.
+    constexpr int MostRefused = 8;
+    for (int refused = 0; group.size() > 1 && refused < MostRefused && !m_session.isDamaged(); ++refused) {
+        const ProcessResult result = runWith(group);
+        const bool areAllIn = result.succeeded() && !ReproAnswer::inclusionSkipped(result.errorOutput)
+                              && !ReproAnswer::databaseTroubled(result.errorOutput);
+        if (m_session.isDamaged())
+            return;
+        const QSet<QString> present = areAllIn ? QSet<QString>() : filesInDatabase(group);
+        QVector<Candidate> left;
+        for (const Candidate &candidate : qAsConst(group)) {
+            if (areAllIn || present.contains(candidate.record.filePath()))
+                m_inclusion.setAhead(candidate.path, PackageKey::of(candidate.record));
+            else
+                left.append(candidate);
+        }
+        if (left.isEmpty() || result.succeeded() || result.crashed() || !result.started
+            || m_context.control.mustEnd())
+            return;
+        // reprepro ends at the first file that it refuses.
+        left.removeFirst();
+        group = left;
+    }
+}
+
+ProcessResult BatchInclusion::runWith(const QVector<Candidate> &group)
 {
     QStringList paths;
     for (const Candidate &candidate : group) {
         m_session.recordAtRisk(candidate.record.filePath());
         paths.append(candidate.path);
     }
-    const ProcessResult result = m_session.modify(
+    return m_session.modify(
         ReproCommand::include(m_context.repository.info().codename, group.first().record, paths));
-    const bool areAllIn = result.succeeded() && !ReproAnswer::inclusionSkipped(result.errorOutput)
-                          && !ReproAnswer::databaseTroubled(result.errorOutput);
-    if (m_session.isDamaged())
-        return;
-    const QStringList present = areAllIn ? QStringList() : filesInDatabase(group);
-    for (const Candidate &candidate : group) {
-        if (areAllIn || present.contains(candidate.record.filePath()))
-            m_inclusion.setAhead(candidate.path, PackageKey::of(candidate.record));
-    }
 }
 
-QStringList BatchInclusion::filesInDatabase(const QVector<Candidate> &group)
+QSet<QString> BatchInclusion::filesInDatabase(const QVector<Candidate> &group)
 {
     QStringList names;
     for (const Candidate &candidate : group)
@@ -70,8 +88,8 @@ QStringList BatchInclusion::filesInDatabase(const QVector<Candidate> &group)
     const PackageInfo &first = group.first().record;
     const ProcessResult listed = m_context.reprepro.run(ReproCommand::listFiles(
         m_context.repository.info().codename, names, first.indexComponent, first.architecture));
-    QStringList files = ReproListing::files(listed.output);
-    for (QString &file : files)
-        file.prepend(m_context.path() + QLatin1Char('/'));
+    QSet<QString> files;
+    for (const QString &file : ReproListing::files(listed.output))
+        files.insert(m_context.path() + QLatin1Char('/') + file);
     return files;
 }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "core/processutils.h"
 
+#include <QSet>
 #include <QVector>
 
 class ExportSession;
@@ -42,7 +44,8 @@ private:
     PackageInclusion &m_inclusion;
 
     bool isPlain(const Candidate &candidate) const;
-    void includeGroup(const QVector<Candidate> &group);
+    void includeGroup(QVector<Candidate> group);
+    ProcessResult runWith(const QVector<Candidate> &group);
     /** The absolute pool paths of those packages of the group that the database has. */
-    QStringList filesInDatabase(const QVector<Candidate> &group);
+    QSet<QString> filesInDatabase(const QVector<Candidate> &group);
 };

@@ -8,6 +8,7 @@
 #include "engine/changes/jobframe.h"
 #include "engine/changes/jobsession.h"
 #include "engine/changes/packageremoval.h"
+#include "engine/changes/runsize.h"
 #include "engine/jobs/checkjob.h"
 #include "engine/recovery/sessionend.h"
 #include "engine/repository/distributions.h"
@@ -63,9 +64,9 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
 {
     // A stop waits for the end of a run. A job of a few files takes less than a second, so it has a run for each file.
     constexpr int ManyFiles = 50;
-    constexpr int FilesTogether = 25;
+    RunSize size;
     auto reader = std::make_unique<PackageFileReader>(
-        files, 2 * FilesTogether, [this] { return m_context.control.isCanceled(); });
+        files, RunSize::Largest, [this] { return m_context.control.isCanceled(); });
     bool stopped = false;
     bool isComplete = true;
     int done = 0;
@@ -74,9 +75,12 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
         if (stopped)
             break;
         const bool together = files.size() > ManyFiles && !m_inclusion.isSigning() && m_session.isSilent();
-        const QVector<PackageFile> read = reader->next(together ? FilesTogether : 1);
-        if (together)
+        const QVector<PackageFile> read = reader->next(together ? size.packages() : 1);
+        if (together) {
+            size.start();
             includeTogether(read);
+            size.adapt();
+        }
         for (const PackageFile &file : read) {
             ++done;
             // Files that are in already are reported, also after a stop.

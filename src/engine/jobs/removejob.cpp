@@ -6,13 +6,13 @@
 #include "engine/changes/jobpreconditions.h"
 #include "engine/changes/jobsession.h"
 #include "engine/changes/packageremoval.h"
+#include "engine/changes/runsize.h"
 #include "engine/recovery/sessionend.h"
 
 namespace
 {
 // A stop waits for the end of a run. A job of a few packages takes less than a second, so it has a run for each.
 constexpr int ManyPackages = 50;
-constexpr int PackagesTogether = 25;
 } // namespace
 
 int RemoveJob::run(const QList<PackageInfoPtr> &packages)
@@ -22,6 +22,7 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
         return frame.finish(ERROR, tr("%n packages removed: %1", nullptr, 0).arg(QString()));
     ExportSession session = JobSession::begin(m_context, JobSession::RoomMaking);
     PackageRemoval removal(m_context, &session);
+    RunSize size;
     QStringList removed;
     bool stopped = false;
     bool isComplete = true;
@@ -32,9 +33,12 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
             break;
         // The first run of a job writes the indices.
         const bool together = packages.size() > ManyPackages && session.isSilent();
-        const auto next = packages.mid(done, together ? PackagesTogether : 1);
-        if (together)
+        const auto next = packages.mid(done, together ? size.packages() : 1);
+        if (together) {
+            size.start();
             removal.removeTogether(next);
+            size.adapt();
+        }
         for (const PackageInfoPtr &package : next) {
             ++done;
             // Packages that are out already are reported, also after a stop.

@@ -119,10 +119,11 @@ QString ReproCommand::include(const QString &codename, const PackageInfo &record
     QString arguments = QStringLiteral("-C %1 ").arg(quoted(record.indexComponent));
     if (!record.architecture.isEmpty())
         arguments += QStringLiteral("-A %1 ").arg(quoted(record.architecture));
-    arguments += QStringLiteral("-S %1 include%2 %3")
-                     .arg(quoted(section),
-                          PackageNames::suffix(PackageNames::typeOfFile(files.first())),
-                          quoted(codename));
+    // A section on the command line applies to all files of the run, so the files' own sections are left to them.
+    if (section != record.control.field("Section"))
+        arguments += QStringLiteral("-S %1 ").arg(quoted(section));
+    arguments += QStringLiteral("include%1 %2")
+                     .arg(PackageNames::suffix(PackageNames::typeOfFile(files.first())), quoted(codename));
     for (const QString &file : files)
         arguments += QLatin1String(" \"") + escaped(file) + QLatin1Char('"');
     return arguments;

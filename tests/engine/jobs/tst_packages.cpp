@@ -82,6 +82,48 @@ private Q_SLOTS:
         QVERIFY(other.lastMessage().startsWith("55 packages removed: "_s) && other.settled());
     }
 
+    /** Runs for many files leave what a run for each leaves: indices byte for byte, the listing, the words. */
+    void sharedRunsAreEqualToSingleOnes()
+    {
+        RepoHarness many("amd64 i386"_s);
+        RepoHarness single("amd64 i386"_s);
+        QStringList files;
+        const QStringList sections{
+            "net"_s, "contrib/net"_s, "libs"_s, " text "_s, "non-free/x11"_s, QString(), "main/games"_s};
+        for (int i = 10; i < 90; ++i) {
+            DebBuilder deb("p%1"_s.arg(i));
+            deb.architecture(i % 3 == 0 ? "all"_s : i % 3 == 1 ? "amd64"_s : "i386"_s);
+            deb.field("Section"_s, sections.at(i % sections.size()));
+            if (i % 11 == 0)
+                deb.field("Priority"_s, {});
+            if (i % 13 == 0)
+                deb.field("Source"_s, "No_source"_s);
+            if (i % 17 == 0)
+                deb.udeb();
+            files += many.deb(deb);
+        }
+        files.insert(40, many.deb(DebBuilder("p20"_s).version("2.0"_s).architecture("i386"_s)));
+        files.insert(41, many.deb(DebBuilder("p12"_s).version("0.5"_s).architecture("all"_s)));
+        files.insert(42, many.deb(DebBuilder("strange"_s).architecture("armhf"_s)));
+        many.choice = single.choice = Rules::PreferHigher;
+        many.add(files);
+        QStringList words;
+        QStringList events;
+        for (const QString &file : files) {
+            single.add({file});
+            words += single.criticals;
+            events += single.events;
+        }
+        QCOMPARE(many.criticals, words);
+        QCOMPARE(many.events, events);
+        QCOMPARE(many.inDatabase(), single.inDatabase());
+        const QString indices = "find dists -name Packages -size +0 | sort | xargs tail -n +1"_s;
+        const QString expected = runShell(indices, single.repoPath());
+        QVERIFY(expected.count("Package: "_s) > 80);
+        QCOMPARE(runShell(indices, many.repoPath()), expected);
+        QVERIFY(many.settled() && single.settled());
+    }
+
     void everyArchitectureOfAll()
     {
         RepoHarness h("source amd64 i386"_s);
