@@ -80,7 +80,6 @@ std::optional<PackageInfo> packageInfo(const QString &information, PackageType t
 QString printed(const QByteArray &control)
 {
     // The output of programs is decoded in the same way.
-    return QLatin1Char(' ')
-           + QString::fromLocal8Bit(control).replace(QLatin1Char('\n'), QLatin1String("\n "));
+    return QString::fromLocal8Bit(' ' + QByteArray(control).replace('\n', "\n "));
 }
 } // namespace DpkgOutput

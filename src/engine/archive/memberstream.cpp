@@ -64,13 +64,19 @@ public:
             ::close(ends[1]);
         else
             m_feeder = std::thread([this, target = ends[1]] {
+                // A reader that ends early causes a SIGPIPE, which would end the program. It stays blocked until the
+                // thread ends: the signal is still pending then.
+                sigset_t pipeSignal;
+                sigemptyset(&pipeSignal);
+                sigaddset(&pipeSignal, SIGPIPE);
+                ::pthread_sigmask(SIG_BLOCK, &pipeSignal, nullptr);
                 feed(target, 0);
                 ::close(target);
             });
     }
     ~FilePart()
     {
-        // Whoever still writes is told that nobody reads.
+        // The thread that still writes gets an error, because nobody reads.
         if (m_end >= 0)
             ::close(m_end);
         if (m_feeder.joinable())
@@ -92,11 +98,6 @@ private:
     /** Returns false when the pipe is full before the end of the part. */
     bool feed(int target, unsigned flags)
     {
-        sigset_t pipeSignal;
-        sigset_t before;
-        sigemptyset(&pipeSignal);
-        sigaddset(&pipeSignal, SIGPIPE);
-        ::pthread_sigmask(SIG_BLOCK, &pipeSignal, &before);
         bool isFull = false;
         while (m_left > 0 && !isFull) {
             const auto most = static_cast<size_t>(qMin<qint64>(m_left, 1 << 20));
@@ -108,7 +109,6 @@ private:
                 break;
             m_left -= moved;
         }
-        ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
         return !isFull;
     }
 };

@@ -97,6 +97,8 @@ public:
     /** Whether the database could not be read or written. From then on the session runs nothing more, and the copy
      *  from before the session (DatabaseCopy) replaces the database. */
     bool isDamaged() const { return m_trouble.has_value(); }
+    /** What reprepro has said about the damage; empty without damage. */
+    QString trouble() const { return m_trouble ? m_trouble->errorOutput : QString(); }
 
     /** Whether the repository's indices may be behind its database. */
     static bool isExportOwed(const QString &repoPath);

@@ -16,7 +16,7 @@ class JobFrame
 public:
     enum Subject {
         Packages, ///< an error can mean that another program has changed the packages, and then the user is told
-        Repository ///< the job reads the packages anew
+        Repository ///< the job compares the repository itself, or reads the packages anew
     };
 
     JobFrame(JobContext &context, const QString &startMessage, Subject subject = Packages);

@@ -125,9 +125,12 @@ bool DescriptionChange::exportOrGiveUpSigning()
 {
     ProcessResult result = m_session.finish();
     m_details = result.errorOutput;
-    if (!ReproAnswer::signingFailed(result.errorOutput))
+    if (!ReproAnswer::signingFailed(result.errorOutput)) {
+        if (m_session.isDamaged() && m_details.isEmpty())
+            m_details = m_session.trouble();
         // Any other failure leaves the new description in force, and the marker that indices are owed.
         return !m_session.isDamaged();
+    }
     m_context.errors.critical(tr("Failed to sign repository!"), result.errorOutput, CRITICAL);
     RepoInfo unsignedInfo = m_change.after;
     unsignedInfo.signWith = false;

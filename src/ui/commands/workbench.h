@@ -6,7 +6,8 @@ class Prompts;
 class RepoTabs;
 class SettingsCommands;
 
-/** What all commands work with. Each class of commands keeps a copy; the objects outlive the commands. */
+/** What all commands work with. Each class of commands keeps a copy. No destructor may use it: the window deletes these
+ *  objects first. */
 struct Workbench
 {
     RepoTabs &tabs;

@@ -10,9 +10,10 @@
 
 namespace
 {
-bool isRepository(const QModelIndex &index)
+bool isRepository(const QModelIndex &index, const RepoProxyModel &proxy)
 {
-    return !index.parent().isValid();
+    // The repository's own row can be hidden in the proxy.
+    return !proxy.mapToSource(index).parent().isValid();
 }
 
 void collect(const QModelIndex &index, const RepoProxyModel &proxy, const RepoModel &model, QList<int> &ids)
@@ -32,7 +33,7 @@ QList<PackageInfoPtr> PackageSelection::packages(const QModelIndexList &selected
 {
     QList<int> ids;
     for (const QModelIndex &index : selected) {
-        if (!isRepository(index))
+        if (!isRepository(index, proxy))
             collect(index, proxy, model, ids);
     }
     QSet<int> known;
@@ -49,6 +50,6 @@ QList<PackageInfoPtr> PackageSelection::packages(const QModelIndexList &selected
 bool PackageSelection::hasPackages(const QModelIndexList &selected, const RepoProxyModel &proxy)
 {
     return std::any_of(selected.cbegin(), selected.cend(), [&proxy](const QModelIndex &index) {
-        return !isRepository(index) && proxy.shownPackages(index) > 0;
+        return !isRepository(index, proxy) && proxy.shownPackages(index) > 0;
     });
 }

@@ -24,7 +24,7 @@ class PublicationPanel : public QWidget
 {
     Q_OBJECT
 public:
-    /** `shell` outlives the panel. */
+    /** The tab owns both. The destructor may not use `shell`, which the tab deletes first. */
     explicit PublicationPanel(RepoShell &shell, QWidget *parent = nullptr);
     ~PublicationPanel() override;
 

@@ -22,7 +22,7 @@ class RepositoryPanel : public QWidget
 {
     Q_OBJECT
 public:
-    /** `shell` outlives the panel. */
+    /** The tab owns both. The destructor may not use `shell`, which the tab deletes first. */
     explicit RepositoryPanel(RepoShell &shell, QWidget *parent = nullptr);
     ~RepositoryPanel() override;
 

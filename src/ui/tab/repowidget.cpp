@@ -28,9 +28,11 @@ RepoWidget::RepoWidget(QWidget *parent)
     m_ui->setupUi(this);
     m_ui->m_splitter->setStretchFactor(0, 2);
     m_ui->m_splitter->setStretchFactor(1, 3);
-    // Only the ratio counts: twice the size hint of a list, and three times that of a list with the frame of a page.
-    // Without this the splitter would take the hints of the pages, which change with their texts.
-    m_ui->m_splitter->setSizes({2 * 256, 3 * 264});
+    // Only the ratio counts: two parts of a tree's width, three parts of that width with the frame of a tab widget.
+    // Without this the splitter would use the size hints of the pages, which depend on their texts.
+    constexpr int TreeWidth = 256;
+    constexpr int TabFrame = 4;
+    m_ui->m_splitter->setSizes({2 * TreeWidth, 3 * (TreeWidth + TabFrame)});
     connect(m_ui->m_splitter, &QSplitter::splitterMoved, this, &RepoWidget::splitterMoved);
     buildPages();
     setUpTree();

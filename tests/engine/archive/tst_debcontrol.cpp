@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "apt/dpkgoutput.h"
 #include "apt/dpkgutils.h"
+#include "engine/archive/debcontents.h"
 #include "engine/archive/debcontrol.h"
 #include "engine/archive/packagefile.h"
+#include "support/debbuilder.h"
 #include "support/literals.h"
 #include "support/testenvironment.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <csignal>
 
 namespace
 {
@@ -117,6 +121,11 @@ private Q_SLOTS:
         row("empty", Read, ": >control; tar cf c control; deb control.tar c");
         row("one end block", Read, "head -c 1536 c >d; deb control.tar d");
 
+        row("byte order mark",
+            Read,
+            "{ printf '\\xef\\xbb\\xbf'; cat control; } >d; mv d control; tar cf c control; deb control.tar "
+            "c");
+
         row("NUL", Left, "printf 'Homepage: \\0x\\n' >>control; tar cf c control; deb control.tar c");
         row("large control",
             Left,
@@ -212,6 +221,20 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         runShell(Tools + script, folder.path());
         agrees(folder.filePath("x.deb"_s));
+    }
+
+    /** A reader that stops early must not end a program that has started no other program yet. */
+    void earlyEnd()
+    {
+        const QTemporaryDir folder;
+        const QString file = DebBuilder("big"_s).contents(noise(4 << 20)).build(folder.path());
+        DebMember data;
+        QCOMPARE(debArchiveState(file, &data), DebArchiveState::Whole);
+        // The first process that Qt starts has the signal ignored.
+        const auto before = std::signal(SIGPIPE, SIG_DFL);
+        const auto state = debContentsState(file, data, [] { return true; });
+        std::signal(SIGPIPE, before);
+        QCOMPARE(state, DebContentsState::Unknown);
     }
 
     /** Packages in the cache of apt, or in the folder VELT_TEST_PACKAGES. */
