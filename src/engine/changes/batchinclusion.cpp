@@ -6,27 +6,41 @@
 #include "engine/changes/packageinclusion.h"
 #include "engine/reprepro/repreproanswers.h"
 #include "engine/reprepro/repreprocommands.h"
-#include "engine/reprepro/reprolisting.h"
 
 #include <QFileInfo>
 #include <QMap>
 #include <QSet>
+
+#include <algorithm>
+
+namespace
+{
+/** The arguments of a run that takes a file for all of its architectures. Files with the same can share the run. */
+QString runArguments(const QString &codename, const PackageInfo &record, const QStringList &paths)
+{
+    PackageInfo everywhere = record;
+    everywhere.architecture.clear();
+    return ReproCommand::include(codename, everywhere, paths);
+}
+} // namespace
 
 void BatchInclusion::include(const QVector<Candidate> &candidates)
 {
     QSet<PackageKey> taken;
     QMap<QString, QVector<Candidate>> groups;
     for (const Candidate &candidate : candidates) {
-        const PackageKey key = PackageKey::of(candidate.record);
         // When two files are for the same place, the second one is a collision.
-        if (taken.contains(key) || !isPlain(candidate))
+        const auto isFree = [&](const PackageInfo &record) {
+            return !taken.contains(PackageKey::of(record)) && isPlain(record);
+        };
+        const QVector<PackageInfo> &records = candidate.records;
+        if (records.isEmpty() || !std::all_of(records.cbegin(), records.cend(), isFree))
             continue;
-        taken.insert(key);
-        const QString sameArguments
-            = ReproCommand::include(m_context.repository.info().codename,
-                                    candidate.record,
-                                    {QLatin1Char('.') + QFileInfo(candidate.path).suffix()});
-        groups[sameArguments].append(candidate);
+        for (const PackageInfo &record : records)
+            taken.insert(PackageKey::of(record));
+        const QString suffix = QLatin1Char('.') + QFileInfo(candidate.path).suffix();
+        groups[runArguments(m_context.repository.info().codename, records.first(), {suffix})].append(
+            candidate);
     }
     for (const QVector<Candidate> &group : qAsConst(groups)) {
         if (group.size() > 1)
@@ -34,32 +48,33 @@ void BatchInclusion::include(const QVector<Candidate> &candidates)
     }
 }
 
-bool BatchInclusion::isPlain(const Candidate &candidate) const
+bool BatchInclusion::isPlain(const PackageInfo &record) const
 {
     // reprepro refuses a file without a priority, and a priority on the command line would apply to all files.
-    return candidate.record.architecture != QLatin1String("all")
-           && !candidate.record.control.field("Priority").isEmpty()
-           && m_context.packages.find(PackageKey::of(candidate.record)).isNull();
+    return record.architecture != QLatin1String("all") && !record.control.field("Priority").isEmpty()
+           && m_context.packages.find(PackageKey::of(record)).isNull();
 }
 
 void BatchInclusion::includeGroup(QVector<Candidate> group)
 {
     // Each refused file costs a run and a listing. A group of many refused files is tried file by file.
     constexpr int MostRefused = 8;
-    for (int refused = 0; group.size() > 1 && refused < MostRefused && !m_session.isDamaged(); ++refused) {
+    for (int refused = 0; group.size() > 1 && refused < MostRefused; ++refused) {
         const ProcessResult result = runWith(group);
-        const bool areAllIn = result.succeeded() && !ReproAnswer::inclusionSkipped(result.errorOutput)
-                              && !ReproAnswer::databaseTroubled(result.errorOutput);
-        if (m_session.isDamaged())
+        if (m_session.isDamaged() || m_session.isRefused())
             return;
-        const QSet<QString> present = areAllIn ? QSet<QString>() : filesInDatabase(group);
-        QVector<Candidate> left;
-        for (const Candidate &candidate : qAsConst(group)) {
-            if (areAllIn || present.contains(candidate.record.filePath()))
-                m_inclusion.setAhead(candidate.path, PackageKey::of(candidate.record));
-            else
-                left.append(candidate);
+        if (result.succeeded() && !ReproAnswer::inclusionSkipped(result.errorOutput)
+            && !ReproAnswer::databaseTroubled(result.errorOutput)) {
+            for (const Candidate &candidate : qAsConst(group))
+                for (const PackageInfo &record : candidate.records)
+                    m_inclusion.setAhead(candidate.path, PackageKey::of(record));
+            return;
         }
+        const QSet<ReproListing::Package> present = packagesInDatabase(group);
+        QVector<Candidate> left;
+        for (const Candidate &candidate : qAsConst(group))
+            if (!note(candidate, present))
+                left.append(candidate);
         if (left.isEmpty() || result.succeeded() || result.crashed() || !result.started
             || m_context.control.mustEnd())
             return;
@@ -73,23 +88,33 @@ ProcessResult BatchInclusion::runWith(const QVector<Candidate> &group)
 {
     QStringList paths;
     for (const Candidate &candidate : group) {
-        m_session.recordAtRisk(candidate.record.filePath());
+        m_session.recordAtRisk(candidate.records.first().filePath());
         paths.append(candidate.path);
     }
     return m_session.modify(
-        ReproCommand::include(m_context.repository.info().codename, group.first().record, paths));
+        runArguments(m_context.repository.info().codename, group.first().records.first(), paths));
 }
 
-QSet<QString> BatchInclusion::filesInDatabase(const QVector<Candidate> &group)
+QSet<ReproListing::Package> BatchInclusion::packagesInDatabase(const QVector<Candidate> &group)
 {
     QStringList names;
     for (const Candidate &candidate : group)
-        names.append(candidate.record.name);
-    const PackageInfo &first = group.first().record;
-    const ProcessResult listed = m_context.reprepro.run(ReproCommand::listFiles(
-        m_context.repository.info().codename, names, first.indexComponent, first.architecture));
-    QSet<QString> files;
-    for (const QString &file : ReproListing::files(listed.output))
-        files.insert(m_context.path() + QLatin1Char('/') + file);
-    return files;
+        names.append(candidate.records.first().name);
+    const ProcessResult result = m_context.reprepro.run(ReproCommand::listPackages(
+        m_context.repository.info().codename, names, group.first().records.first().indexComponent));
+    const auto listed = ReproListing::packages(result.output);
+    return {listed.cbegin(), listed.cend()};
+}
+
+bool BatchInclusion::note(const Candidate &candidate, const QSet<ReproListing::Package> &present)
+{
+    bool areAllIn = true;
+    for (const PackageInfo &record : candidate.records) {
+        const QString file = record.filePath().mid(m_context.path().size() + 1);
+        if (present.contains({record.indexComponent, record.architecture, record.name, file}))
+            m_inclusion.setAhead(candidate.path, PackageKey::of(record));
+        else
+            areAllIn = false;
+    }
+    return areAllIn;
 }

@@ -3,6 +3,7 @@
 
 #include "core/packageinfo.h"
 #include "core/processutils.h"
+#include "engine/reprepro/reprolisting.h"
 
 #include <QSet>
 #include <QVector>
@@ -19,11 +20,11 @@ class PackageInclusion;
 class BatchInclusion
 {
 public:
-    /** A file and its future record in the repository, for one architecture. */
+    /** A file and its future records in the repository, one for each architecture. */
     struct Candidate
     {
         QString path;
-        PackageInfo record;
+        QVector<PackageInfo> records;
     };
 
     BatchInclusion(JobContext &context, ExportSession &session, PackageInclusion &inclusion)
@@ -43,9 +44,11 @@ private:
     ExportSession &m_session;
     PackageInclusion &m_inclusion;
 
-    bool isPlain(const Candidate &candidate) const;
+    bool isPlain(const PackageInfo &record) const;
     void includeGroup(QVector<Candidate> group);
     ProcessResult runWith(const QVector<Candidate> &group);
-    /** The absolute pool paths of those packages of the group that the database has. */
-    QSet<QString> filesInDatabase(const QVector<Candidate> &group);
+    /** Those packages of the group that the database has. */
+    QSet<ReproListing::Package> packagesInDatabase(const QVector<Candidate> &group);
+    /** Tells the inclusion of the records that are in; true when these are all of the candidate. */
+    bool note(const Candidate &candidate, const QSet<ReproListing::Package> &present);
 };

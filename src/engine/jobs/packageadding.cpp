@@ -143,10 +143,13 @@ bool PackageAdding::finish()
 void PackageAdding::includeTogether(const QVector<PackageFile> &files)
 {
     QVector<BatchInclusion::Candidate> candidates;
+    // In a description that is not read fully there may be more architectures, and a run for several files takes all.
+    const bool knowsArchitectures = isDescriptionRead(m_context.path());
     for (const PackageFile &file : files) {
+        if (file.package && file.package->architecture == QLatin1String("all") && !knowsArchitectures)
+            continue;
         const QVector<PackageInfo> records = file.package ? recordsOf(*file.package) : QVector<PackageInfo>();
-        for (const PackageInfo &record : records)
-            candidates.append({file.path, record});
+        candidates.append({file.path, records});
     }
     BatchInclusion(m_context, m_session, m_inclusion).include(candidates);
 }

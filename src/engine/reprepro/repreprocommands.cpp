@@ -12,6 +12,21 @@ QString escaped(const QString &text)
 {
     return QString(text).replace(QLatin1Char('"'), QLatin1String("\"\"\""));
 }
+
+/** What ReproListing::packages() reads. */
+const QString PackageFormat
+    = QStringLiteral("--list-format \"${$component} ${$architecture} ${package} ${filename}\n\"");
+
+QString named(const QString &name)
+{
+    return QStringLiteral("Package (% %1)").arg(name);
+}
+
+QString filtered(const QString &codename, const QString &filter)
+{
+    return QLatin1String(" listfilter ") + ReproCommand::quoted(codename) + QLatin1String(" \"")
+           + escaped(filter) + QLatin1Char('"');
+}
 } // namespace
 
 QString ReproCommand::quoted(const QString &word)
@@ -140,32 +155,28 @@ QString ReproCommand::listFiles(const QString &codename,
                                 const QString &component,
                                 const QString &architecture)
 {
-    return listFiles(codename, QStringList{name}, component, architecture);
-}
-
-QString ReproCommand::listFiles(const QString &codename,
-                                const QStringList &names,
-                                const QString &component,
-                                const QString &architecture)
-{
-    QStringList choices;
-    for (const QString &name : names)
-        choices.append(QStringLiteral("Package (% %1)").arg(name));
-    QString filter = choices.join(QLatin1String(" | "));
-    if (names.size() > 1)
-        filter = QLatin1Char('(') + filter + QLatin1Char(')');
+    QString filter = named(name);
     if (!component.isEmpty())
         filter += QStringLiteral(", $Component (% %1)").arg(component);
     if (!architecture.isEmpty())
         filter += QStringLiteral(", $Architecture (% %1)").arg(architecture);
-    return QLatin1String("--list-format \"${filename}\n\" listfilter ") + quoted(codename)
-           + QLatin1String(" \"") + escaped(filter) + QLatin1Char('"');
+    return QLatin1String("--list-format \"${filename}\n\"") + filtered(codename, filter);
+}
+
+QString
+ReproCommand::listPackages(const QString &codename, const QStringList &names, const QString &component)
+{
+    QStringList choices;
+    for (const QString &name : names)
+        choices.append(named(name));
+    const QString filter
+        = QStringLiteral("(%1), $Component (% %2)").arg(choices.join(QLatin1String(" | ")), component);
+    return PackageFormat + filtered(codename, filter);
 }
 
 QString ReproCommand::listAllFiles(const QString &codename)
 {
-    return QLatin1String("--list-format \"${$component} ${$architecture} ${package} ${filename}\n\" list ")
-           + quoted(codename);
+    return PackageFormat + QLatin1String(" list ") + quoted(codename);
 }
 
 QString ReproCommand::listAllFilesIn(const QString &databaseFolder, const QString &codename)

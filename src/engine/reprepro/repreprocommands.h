@@ -67,11 +67,8 @@ QString listFiles(const QString &codename,
                   const QString &component,
                   const QString &architecture);
 
-/** The same for several packages. */
-QString listFiles(const QString &codename,
-                  const QStringList &names,
-                  const QString &component,
-                  const QString &architecture);
+/** Lists the packages with these names in a component, in the form of listAllFiles(). */
+QString listPackages(const QString &codename, const QStringList &names, const QString &component);
 
 /** Lists all packages as "component architecture name file", one on each line. */
 QString listAllFiles(const QString &codename);

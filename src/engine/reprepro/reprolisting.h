@@ -32,7 +32,7 @@ struct Package
 };
 uint qHash(const Package &package, uint seed = 0);
 
-/** Of listAllFiles(), in the order of the listing. */
+/** Of listAllFiles() and listPackages(), in the order of the listing. */
 QVector<Package> packages(const QString &output);
 /** Of listFiles() and dumpUnreferenced(): paths below the repository. */
 QStringList files(const QString &output);
