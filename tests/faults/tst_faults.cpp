@@ -282,12 +282,13 @@ private Q_SLOTS:
         cutShort(job);
     }
 
-    /** With many files, most are added in one run of reprepro. */
+    /** With many files, most are added in one run of reprepro, and so are those that replace older versions. */
     void addingMany()
     {
         QStringList files;
-        for (int i = 10; i < 65; ++i)
-            files += DebBuilder("p%1"_s.arg(i))
+        for (int i = 10; i < 95; ++i)
+            files += DebBuilder("p%1"_s.arg(i < 65 ? i : i - 50))
+                         .version(i < 65 ? "1.0"_s : "2.0"_s)
                          .field("Section"_s, i % 2 == 0 ? "contrib/admin"_s : "admin"_s)
                          .build(m_folder->filePath("many"_s));
         Job job{"add"_s, files};

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/changes/batchinclusion.h"
 
+#include "apt/versionorder.h"
 #include "engine/changes/exportsession.h"
 #include "engine/changes/jobcontext.h"
 #include "engine/changes/packageinclusion.h"
@@ -24,20 +25,22 @@ QString runArguments(const QString &codename, const PackageInfo &record, const Q
 }
 } // namespace
 
-void BatchInclusion::include(const QVector<Candidate> &candidates)
+void BatchInclusion::include(const QVector<Candidate> &candidates, bool replacesOlder)
 {
     QSet<PackageKey> taken;
     QMap<QString, QVector<Candidate>> groups;
     for (const Candidate &candidate : candidates) {
-        // When two files are for the same place, the second one is a collision.
-        const auto isFree = [&](const PackageInfo &record) {
-            return !taken.contains(PackageKey::of(record)) && isPlain(record);
-        };
         const QVector<PackageInfo> &records = candidate.records;
-        if (records.isEmpty() || !std::all_of(records.cbegin(), records.cend(), isFree))
-            continue;
+        const bool isShared
+            = !records.isEmpty()
+              && std::all_of(records.cbegin(), records.cend(), [&](const PackageInfo &record) {
+                     return !taken.contains(PackageKey::of(record)) && isPlain(record, replacesOlder);
+                 });
+        // Of several files for one place, also of those that go in alone, the later ones must not go in first.
         for (const PackageInfo &record : records)
             taken.insert(PackageKey::of(record));
+        if (!isShared)
+            continue;
         const QString suffix = QLatin1Char('.') + QFileInfo(candidate.path).suffix();
         groups[runArguments(m_context.repository.info().codename, records.first(), {suffix})].append(
             candidate);
@@ -48,11 +51,22 @@ void BatchInclusion::include(const QVector<Candidate> &candidates)
     }
 }
 
-bool BatchInclusion::isPlain(const PackageInfo &record) const
+bool BatchInclusion::isPlain(const PackageInfo &record, bool replacesOlder) const
 {
     // reprepro refuses a file without a priority, and a priority on the command line would apply to all files.
-    return record.architecture != QLatin1String("all") && !record.control.field("Priority").isEmpty()
-           && m_context.packages.find(PackageKey::of(record)).isNull();
+    if (record.architecture == QLatin1String("all") || record.control.field("Priority").isEmpty())
+        return false;
+    const PackageInfoPtr present = m_context.packages.find(PackageKey::of(record));
+    return !present || (replacesOlder && isPlainSuccessor(record, *present));
+}
+
+bool BatchInclusion::isPlainSuccessor(const PackageInfo &record, const PackageInfo &present)
+{
+    // One file for several architectures is replaced in all of them or in none, which a shared run does not see to.
+    const QLatin1String all("all");
+    return record.ownArchitecture() != all && present.ownArchitecture() != all
+           && record.filePath() != present.filePath()
+           && VersionOrder::holds(record.version, QStringLiteral(">>"), present.version);
 }
 
 void BatchInclusion::includeGroup(QVector<Candidate> group)
@@ -90,6 +104,9 @@ ProcessResult BatchInclusion::runWith(const QVector<Candidate> &group)
     for (const Candidate &candidate : group) {
         m_session.recordAtRisk(candidate.records.first().filePath());
         paths.append(candidate.path);
+        for (const PackageInfo &record : candidate.records)
+            if (const PackageInfoPtr replaced = m_context.packages.find(PackageKey::of(record)))
+                m_session.recordFreed(replaced->filePath());
     }
     return m_session.modify(
         runArguments(m_context.repository.info().codename, group.first().records.first(), paths));

@@ -35,16 +35,19 @@ public:
 
     /**
      * Tells the inclusion which candidates are in. Not for files that are to be signed, nor with the first file of a
-     * job, whose run writes the indices and shows whether they can be signed.
+     * job, whose run writes the indices and shows whether they can be signed. With `replacesOlder`, which needs the
+     * user's choice for the whole job, files replace older versions too.
      */
-    void include(const QVector<Candidate> &candidates);
+    void include(const QVector<Candidate> &candidates, bool replacesOlder);
 
 private:
     JobContext &m_context;
     ExportSession &m_session;
     PackageInclusion &m_inclusion;
 
-    bool isPlain(const PackageInfo &record) const;
+    bool isPlain(const PackageInfo &record, bool replacesOlder) const;
+    /** Whether reprepro puts the file into the place of the present one by itself, and both have files of their own. */
+    static bool isPlainSuccessor(const PackageInfo &record, const PackageInfo &present);
     void includeGroup(QVector<Candidate> group);
     ProcessResult runWith(const QVector<Candidate> &group);
     /** Those packages of the group that the database has. */

@@ -112,6 +112,12 @@ void ExportSession::recordAtRisk(const QString &poolFile)
         marker.write((file + QLatin1Char('\n')).toUtf8());
 }
 
+void ExportSession::recordFreed(const QString &poolFile)
+{
+    recordAtRisk(poolFile);
+    m_removed = true;
+}
+
 void ExportSession::requireExport()
 {
     m_exportOwed = true;

@@ -81,6 +81,8 @@ public:
     bool isSilent() const { return m_silentConfig != nullptr; }
     /** Records, before the run, a file that would lie in the pool without use if the run were killed. */
     void recordAtRisk(const QString &poolFile);
+    /** Records, before the run, the file of a package that the run replaces. The file stays until finish(). */
+    void recordFreed(const QString &poolFile);
     /** Has finish() write the indices, because they differ from the database. */
     void requireExport();
     /** Deletes files without use that an earlier, interrupted run has left in the pool and that recordAtRisk() was

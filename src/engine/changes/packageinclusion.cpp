@@ -2,6 +2,7 @@
 #include "engine/changes/packageinclusion.h"
 
 #include "apt/dpkgutils.h"
+#include "apt/versionorder.h"
 #include "engine/changes/addedfile.h"
 #include "engine/changes/exportsession.h"
 #include "engine/changes/jobcontext.h"
@@ -21,6 +22,8 @@ RepoEnums::ErrorCode PackageInclusion::include(AddedFile *file, const PackageInf
     if (file->results.contains(key))
         return file->results.value(key);
     const PackageInfoPtr present = m_context.packages.find(key);
+    if (present && m_ahead.contains(file->path, key))
+        return takePlace(file, record, present);
     if (present && !replace)
         return collisionOf(file->shownName, record, *present);
 
@@ -34,13 +37,15 @@ RepoEnums::ErrorCode PackageInclusion::include(AddedFile *file, const PackageInf
 RepoEnums::ErrorCode
 PackageInclusion::collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present)
 {
-    DpkgUtils dpkg;
-    if (dpkg.compareVersions(package.version, QStringLiteral("="), present.version))
+    if (VersionOrder::holds(package.version, QStringLiteral("="), present.version))
         return PACKAGE_EXISTS;
-    if (dpkg.compareVersions(package.version, QStringLiteral(">"), present.version))
+    if (VersionOrder::holds(package.version, QStringLiteral(">>"), present.version))
         return PACKAGE_EXISTS_OLD_VERSION;
-    if (dpkg.compareVersions(package.version, QStringLiteral("<"), present.version))
+    if (VersionOrder::holds(package.version, QStringLiteral("<<"), present.version))
         return PACKAGE_EXISTS_NEW_VERSION;
+    // dpkg refuses one of the versions, and says why.
+    DpkgUtils dpkg;
+    dpkg.compareVersions(package.version, QStringLiteral("="), present.version);
     m_context.errors.critical(tr("Error adding package %1!").arg(file), dpkg.errorText());
     return ERROR;
 }
@@ -92,6 +97,15 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
         return ERROR;
     }
     return file->results.value(PackageKey::of(record), ERROR);
+}
+
+RepoEnums::ErrorCode
+PackageInclusion::takePlace(AddedFile *file, const PackageInfo &record, const PackageInfoPtr &replaced)
+{
+    m_context.packages.take(PackageKey::of(*replaced));
+    SignatureRecord::forget(&m_context, *replaced);
+    Q_EMIT m_context.listener.packageRemoved(replaced);
+    return includeFile(file, record, true);
 }
 
 RepoEnums::ErrorCode PackageInclusion::includeFile(AddedFile *file, const PackageInfo &record, bool replaces)

@@ -61,6 +61,8 @@ private:
     ErrorCode collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present);
     ErrorCode replacePackage(AddedFile *file, const PackageInfo &record, const PackageInfo &present);
     ErrorCode includeFile(AddedFile *file, const PackageInfo &record, bool replaces);
+    /** The record of a file that a shared run has put into the place of an older version. */
+    ErrorCode takePlace(AddedFile *file, const PackageInfo &record, const PackageInfoPtr &replaced);
     QList<PackageInfoPtr> packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const;
     PackageInfoPtr packageIncluded(const PackageInfo &record, bool replaced);
     void restorePackages(const QList<PackageInfoPtr> &packages, PackageBackup *backup);

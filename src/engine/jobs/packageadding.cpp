@@ -151,7 +151,8 @@ void PackageAdding::includeTogether(const QVector<PackageFile> &files)
         const QVector<PackageInfo> records = file.package ? recordsOf(*file.package) : QVector<PackageInfo>();
         candidates.append({file.path, records});
     }
-    BatchInclusion(m_context, m_session, m_inclusion).include(candidates);
+    BatchInclusion(m_context, m_session, m_inclusion)
+        .include(candidates, !m_rules.mustAsk() && m_rules.replaces(PACKAGE_EXISTS_OLD_VERSION));
 }
 
 QVector<PackageInfo> PackageAdding::recordsOf(const PackageInfo &package) const

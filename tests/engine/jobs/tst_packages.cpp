@@ -105,17 +105,34 @@ private Q_SLOTS:
         files.insert(40, many.deb(DebBuilder("p20"_s).version("2.0"_s).architecture("i386"_s)));
         files.insert(41, many.deb(DebBuilder("p12"_s).version("0.5"_s).architecture("all"_s)));
         files.insert(42, many.deb(DebBuilder("strange"_s).architecture("armhf"_s)));
+        QStringList newer;
+        for (int i = 10; i < 90; ++i)
+            newer += many.deb(DebBuilder("p%1"_s.arg(i))
+                                  .version(i % 9 == 0 ? "1.0"_s : "3.0"_s)
+                                  .architecture(i % 5 == 0   ? "all"_s
+                                                : i % 3 == 1 ? "amd64"_s
+                                                             : "i386"_s)
+                                  .contents("newer"));
+        newer.insert(60,
+                     many.deb(DebBuilder("p51"_s)
+                                  .version("3.0"_s)
+                                  .field("Priority"_s, {})
+                                  .architecture("i386"_s)
+                                  .contents("other")));
+        newer.insert(61, many.deb(DebBuilder("p51"_s).version("4.0"_s).architecture("i386"_s)));
         many.choice = single.choice = Rules::PreferHigher;
-        many.add(files);
-        QStringList words;
-        QStringList events;
-        for (const QString &file : files) {
-            single.add({file});
-            words += single.criticals;
-            events += single.events;
+        for (const QStringList &round : {files, newer}) {
+            many.add(round);
+            QStringList words;
+            QStringList events;
+            for (const QString &file : round) {
+                single.add({file});
+                words += single.criticals;
+                events += single.events;
+            }
+            QCOMPARE(many.criticals, words);
+            QCOMPARE(many.events, events);
         }
-        QCOMPARE(many.criticals, words);
-        QCOMPARE(many.events, events);
         QCOMPARE(many.inDatabase(), single.inDatabase());
         const QString indices = "find dists -name Packages -size +0 | sort | xargs tail -n +1"_s;
         const QString expected = runShell(indices, single.repoPath());
