@@ -16,7 +16,7 @@ class TestPackages : public QObject
 private Q_SLOTS:
     void initTestCase() { VELT_NEED_TOOL("reprepro"); }
 
-    /** Of a large job most files go in together; what is wrong with one of them is told as if it had come alone. */
+    /** Of a large job most files go in together, also behind a file that is refused, and go out together. */
     void manyFilesTogether()
     {
         RepoHarness h;
@@ -24,32 +24,19 @@ private Q_SLOTS:
         const StandIn recorder(h.at("bin"), "reprepro", "echo >>" + log.toLocal8Bit());
         h.add(h.debs("present"));
         QStringList files;
-        for (int i = 10; i < 60; ++i)
+        for (int i = 10; i < 70; ++i)
             files += h.debs(qPrintable("p%1"_s.arg(i)));
-        const QString broken = h.at("broken.deb");
-        writeFile(broken, "no archive");
         // A name that reprepro refuses, which dpkg does not mind.
-        const QString refused = h.deb(DebBuilder("pp"_s).field("Source"_s, "No_source"_s));
-        files.insert(10, h.deb(DebBuilder("twice"_s).version("1.0"_s)));
-        files.insert(12, broken);
-        files.insert(20, refused);
-        files.insert(22, h.deb(DebBuilder("twice"_s).version("2.0"_s)));
+        files.insert(20, h.deb(DebBuilder("pp"_s).field("Source"_s, "No_source"_s)));
         files.insert(30, h.debs("present", "2.0").first());
-        files.insert(33, h.deb(DebBuilder("quoted"_s).fileName("a \"b\"  c.deb"_s)));
-        files.insert(35, h.deb(DebBuilder("installer"_s).udeb()));
-        files.insert(41, h.deb(DebBuilder("nopriority"_s).field("Priority"_s, {})));
         h.choice = PackageReplacementRules::PreferHigher;
         QFile::remove(log);
         QCOMPARE(h.add(files), RepoEnums::SUCCESS);
-        QCOMPARE(h.criticals.size(), 2);
-        QVERIFY(h.trouble().contains("No_source"_s));
-        QCOMPARE(h.listed().size(), 50 + 5);
+        QVERIFY(h.complains("No_source"_s));
+        QCOMPARE(h.listed().size(), 60 + 1);
         QCOMPARE(h.ranges, (QVector<int>{0, files.size()}));
-        QCOMPARE(h.events.filter(QRegularExpression("[+~](p11|twice|p19|present|p38|installer) "_s)),
-                 "+p11 1.0 amd64|+p19 1.0 amd64|+twice 1.0 amd64|~twice 2.0 amd64|~present 2.0 amd64|"
-                 "+p38 1.0 amd64|+installer 1.0 amd64"_list);
-        QVERIFY(h.listed().contains("twice 2.0 main amd64"_s) && h.settled());
-        QVERIFY2(readFile(log).count('\n') < files.size() / 2, "few runs");
+        QVERIFY(h.settled());
+        QVERIFY2(readFile(log).count('\n') < files.size() / 3, "few runs");
 
         // So with removing, also of what somebody else has removed already.
         h.reprepro({"--export=never"_s, "remove"_s, "dogwood"_s, "p11"_s, "p33"_s});
@@ -75,11 +62,11 @@ private Q_SLOTS:
         const QStringList plain = files.filter(QRegularExpression("/p\\d\\d_"_s)) + h.debs("q r s t u");
         const auto adding = other.cancelAt(&RepoShell::packageAdded, plain.size() - 1);
         QCOMPARE(other.add(plain), RepoEnums::SUCCESS);
-        QVERIFY(other.lastMessage().startsWith("55 package(s) added: "_s));
+        QVERIFY(other.lastMessage().startsWith("65 package(s) added: "_s));
         disconnect(adding);
         other.cancelAt(&RepoShell::packageRemoved, plain.size() - 1);
         QCOMPARE(other.remove(other.shell.packages()), RepoEnums::SUCCESS);
-        QVERIFY(other.lastMessage().startsWith("55 packages removed: "_s) && other.settled());
+        QVERIFY(other.lastMessage().startsWith("65 packages removed: "_s) && other.settled());
     }
 
     /** Runs for many files leave what a run for each leaves: indices byte for byte, the listing, the words. */
@@ -105,6 +92,9 @@ private Q_SLOTS:
         files.insert(40, many.deb(DebBuilder("p20"_s).version("2.0"_s).architecture("i386"_s)));
         files.insert(41, many.deb(DebBuilder("p12"_s).version("0.5"_s).architecture("all"_s)));
         files.insert(42, many.deb(DebBuilder("strange"_s).architecture("armhf"_s)));
+        files.insert(43, many.deb(DebBuilder("quoted"_s).fileName("a \"b\"  c.deb"_s)));
+        files.insert(44, many.at("broken.deb"));
+        writeFile(files.at(44), "no archive");
         QStringList newer;
         for (int i = 10; i < 90; ++i)
             newer += many.deb(DebBuilder("p%1"_s.arg(i))
