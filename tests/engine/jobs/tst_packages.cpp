@@ -27,7 +27,7 @@ private Q_SLOTS:
         for (int i = 10; i < 70; ++i)
             files += h.debs(qPrintable("p%1"_s.arg(i)));
         // A name that reprepro refuses, which dpkg does not mind.
-        files.insert(20, h.deb(DebBuilder("pp"_s).field("Source"_s, "No_source"_s)));
+        files.insert(3, h.deb(DebBuilder("pp"_s).field("Source"_s, "No_source"_s)));
         files.insert(30, h.debs("present", "2.0").first());
         h.choice = PackageReplacementRules::PreferHigher;
         QFile::remove(log);
@@ -103,13 +103,10 @@ private Q_SLOTS:
                                                 : i % 3 == 1 ? "amd64"_s
                                                              : "i386"_s)
                                   .contents("newer"));
-        newer.insert(60,
-                     many.deb(DebBuilder("p51"_s)
-                                  .version("3.0"_s)
-                                  .field("Priority"_s, {})
-                                  .architecture("i386"_s)
-                                  .contents("other")));
-        newer.insert(61, many.deb(DebBuilder("p51"_s).version("4.0"_s).architecture("i386"_s)));
+        // The first of the two goes in alone, and the other must not go in before it.
+        files += many.deb(DebBuilder("order"_s));
+        newer.insert(60, many.deb(DebBuilder("order"_s).version("1.5"_s).field("Priority"_s, {})));
+        newer.insert(61, many.deb(DebBuilder("order"_s).version("4.0"_s)));
         many.choice = single.choice = Rules::PreferHigher;
         for (const QStringList &round : {files, newer}) {
             many.add(round);
