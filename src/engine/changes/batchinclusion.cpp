@@ -92,7 +92,7 @@ void BatchInclusion::includeGroup(QVector<Candidate> group)
         if (left.isEmpty() || result.succeeded() || result.crashed() || !result.started
             || m_context.control.mustEnd())
             return;
-        // reprepro skips some refused files and ends at others. In both cases the first file that is not in was refused.
+        // reprepro skips some refused files and ends at others. Either way the first file that is not in was refused.
         left.removeFirst();
         group = left;
     }
