@@ -62,10 +62,7 @@ bool BatchInclusion::isPlain(const PackageInfo &record, bool replacesOlder) cons
 
 bool BatchInclusion::isPlainSuccessor(const PackageInfo &record, const PackageInfo &present)
 {
-    // One file for several architectures is replaced in all of them or in none, which a shared run does not see to.
-    const QLatin1String all("all");
-    return record.ownArchitecture() != all && present.ownArchitecture() != all
-           && record.filePath() != present.filePath()
+    return record.filePath() != present.filePath()
            && VersionOrder::holds(record.version, QStringLiteral(">>"), present.version);
 }
 
@@ -101,13 +98,17 @@ void BatchInclusion::includeGroup(QVector<Candidate> group)
 ProcessResult BatchInclusion::runWith(const QVector<Candidate> &group)
 {
     QStringList paths;
+    QStringList coming;
+    QStringList going;
     for (const Candidate &candidate : group) {
-        m_session.recordAtRisk(candidate.records.first().filePath());
         paths.append(candidate.path);
+        coming.append(candidate.records.first().filePath());
         for (const PackageInfo &record : candidate.records)
             if (const PackageInfoPtr replaced = m_context.packages.find(PackageKey::of(record)))
-                m_session.recordFreed(replaced->filePath());
+                going.append(replaced->filePath());
     }
+    m_session.recordAtRisk(coming);
+    m_session.recordFreed(going);
     return m_session.modify(
         runArguments(m_context.repository.info().codename, group.first().records.first(), paths));
 }

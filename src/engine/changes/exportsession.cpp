@@ -32,6 +32,12 @@ ExportSession::ExportSession(const QString &repoPath, Tools tools)
 
 ExportSession::~ExportSession() = default;
 
+void ExportSession::startSilently()
+{
+    if (!config().signs())
+        beSilent();
+}
+
 ProcessResult ExportSession::modify(const QString &arguments)
 {
     return change(arguments, m_silentConfig.get());
@@ -45,10 +51,10 @@ ProcessResult ExportSession::remove(const QString &arguments, bool makesRoom)
         m_removed = m_removed || m_silentConfig || m_exportOwed;
         return result;
     }
-    if (!m_silentConfig && !keepsUnreferencedFiles())
+    if (!m_silentConfig && !config().keepsUnreferencedFiles())
         return change(arguments, nullptr);
     if (!m_deletingConfig)
-        m_deletingConfig = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Delete);
+        m_deletingConfig = std::make_unique<PrivateConfig>(config(), PrivateConfig::Delete);
     return change(arguments, m_deletingConfig->isValid() ? m_deletingConfig.get() : nullptr);
 }
 
@@ -85,7 +91,7 @@ ProcessResult ExportSession::changeUnder(const QByteArray &description, const QS
 ProcessResult ExportSession::changeSilently(const QString &arguments, const QByteArray &description)
 {
     // A new configuration each time, because the description may have changed.
-    auto silent = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Keep, description);
+    auto silent = std::make_unique<PrivateConfig>(config(), PrivateConfig::Keep, description);
     m_silentConfig = silent->isValid() ? std::move(silent) : nullptr;
     if (!m_silentConfig && !description.isEmpty()) {
         ProcessResult failed;
@@ -98,24 +104,29 @@ ProcessResult ExportSession::changeSilently(const QString &arguments, const QByt
     return change(arguments, m_silentConfig.get());
 }
 
-void ExportSession::recordAtRisk(const QString &poolFile)
+void ExportSession::recordAtRisk(const QStringList &poolFiles)
 {
     // A job that is refused writes no marker and does not touch the marker of another job.
     if (keepDatabase())
         return;
-    if (!poolFile.startsWith(m_repoPath + QLatin1Char('/')))
-        return;
-    const QString file = poolFile.mid(m_repoPath.size() + 1);
-    m_atRisk.insert(file);
+    const QString inside = m_repoPath + QLatin1Char('/');
+    QByteArray lines;
+    for (const QString &poolFile : poolFiles) {
+        const QString file = poolFile.startsWith(inside) ? poolFile.mid(inside.size()) : QString();
+        if (file.isEmpty() || m_atRisk.contains(file))
+            continue;
+        m_atRisk.insert(file);
+        lines += file.toUtf8() + '\n';
+    }
     RegularFile marker(markerFile(m_repoPath));
-    if (marker.open(QIODevice::Append))
-        marker.write((file + QLatin1Char('\n')).toUtf8());
+    if (!lines.isEmpty() && marker.open(QIODevice::Append))
+        marker.write(lines);
 }
 
-void ExportSession::recordFreed(const QString &poolFile)
+void ExportSession::recordFreed(const QStringList &poolFiles)
 {
-    recordAtRisk(poolFile);
-    m_removed = true;
+    recordAtRisk(poolFiles);
+    m_removed = m_removed || !poolFiles.isEmpty();
 }
 
 void ExportSession::requireExport()
@@ -126,7 +137,7 @@ void ExportSession::requireExport()
 
 bool ExportSession::dropUnreferencedFiles()
 {
-    if (keepsUnreferencedFiles())
+    if (config().keepsUnreferencedFiles())
         return false;
     // The indices are written first, because the old ones may still name the files.
     if (m_disturbed || (m_exportOwed && !writeIndices().succeeded()))
@@ -143,8 +154,9 @@ ProcessResult ExportSession::dropUnused()
         return named.contains(file) || m_atRisk.contains(file)
                || (m_strangers && !m_strangers->contains(file));
     };
-    return PoolFiles::dropUnused(
-        m_repoPath, areOurs, [this](const QString &arguments) { return run(arguments); });
+    return PoolFiles::dropUnused(m_repoPath, areOurs, [this](const QString &arguments) {
+        return run(arguments, environmentForIndices());
+    });
 }
 
 ProcessResult ExportSession::finish()
@@ -159,14 +171,14 @@ ProcessResult ExportSession::finish()
     if (m_exportOwed)
         result = writeIndices();
     // On a full disk the room of the removed packages matters more than old indices that stay valid for a moment.
-    if (m_exportOwed && m_removed && !m_disturbed && !keepsUnreferencedFiles()
+    if (m_exportOwed && m_removed && !m_disturbed && !config().keepsUnreferencedFiles()
         && ReproAnswer::diskFull(result.errorOutput) && dropUnused().succeeded())
         result = writeIndices();
     // When references could not be written, files that packages need look unused.
     if (m_disturbed)
         return result;
     // While the indices on the disk are old, clients may still fetch the files that they name.
-    if (m_removed && !m_exportOwed && !keepsUnreferencedFiles())
+    if (m_removed && !m_exportOwed && !config().keepsUnreferencedFiles())
         m_removed = dropUnused().crashed();
     if (!m_exportOwed && !m_removed)
         clearMarker(m_repoPath);
@@ -269,9 +281,15 @@ QString ExportSession::noCopyText() const
                                    : text + QLatin1Char(' ') + tr("Packages can be removed all the same.");
 }
 
-bool ExportSession::keepsUnreferencedFiles() const
+QStringList ExportSession::environmentForIndices()
 {
-    return PrivateConfig::keepsUnreferencedFiles(m_tools.configFolder());
+    // Asked each time: the job may have the repository signed from now on.
+    const ConfigFolder config = this->config();
+    if (config.signs() || config.runsProgramsForIndices())
+        return {};
+    if (!m_lean)
+        m_lean.emplace();
+    return m_lean->variables();
 }
 
 void ExportSession::refuse(const QString &reason)
@@ -282,12 +300,23 @@ void ExportSession::refuse(const QString &reason)
     m_refusal->errorOutput = reason;
 }
 
+void ExportSession::beSilent()
+{
+    // Where the options say "never export", the administrator writes the indices himself.
+    if (config().exportsNever())
+        return;
+    auto silent = std::make_unique<PrivateConfig>(config(), PrivateConfig::Keep);
+    if (silent->isValid())
+        m_silentConfig = std::move(silent);
+}
+
 ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *config)
 {
     if (const auto refusal = keepDatabase())
         return *refusal;
     setMarker(m_repoPath);
-    ProcessResult result = run(arguments, config != nullptr ? config->environment() : QStringList());
+    ProcessResult result
+        = run(arguments, config != nullptr ? config->environment() : environmentForIndices());
     if (config != nullptr && ReproAnswer::signingFailed(result.errorOutput)) {
         // This run signs nothing, so it fails because its small environment lacks a variable.
         config->useWholeEnvironment();
@@ -297,11 +326,8 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
     if (result.succeeded()) {
         if (config != nullptr) {
             m_exportOwed = true;
-        } else if (!m_silentConfig && !PrivateConfig::exportsNever(m_tools.configFolder())) {
-            // Where the options say "never export", the administrator writes the indices himself.
-            auto silent = std::make_unique<PrivateConfig>(m_tools.configFolder(), PrivateConfig::Keep);
-            if (silent->isValid())
-                m_silentConfig = std::move(silent);
+        } else if (!m_silentConfig) {
+            beSilent();
         }
     } else if (result.crashed() || ReproAnswer::indicesOutdated(result.errorOutput)
                || ReproAnswer::signingFailed(result.errorOutput)) {
@@ -312,7 +338,7 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
 
 ProcessResult ExportSession::writeIndices()
 {
-    ProcessResult result = run(ReproCommand::exportIndices());
+    ProcessResult result = run(ReproCommand::exportIndices(), environmentForIndices());
     m_exportOwed = !result.succeeded();
     return result;
 }

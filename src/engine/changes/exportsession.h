@@ -2,7 +2,9 @@
 #pragma once
 
 #include "core/processutils.h"
+#include "engine/reprepro/configfolder.h"
 #include "engine/reprepro/databasecopy.h"
+#include "engine/reprepro/leanenvironment.h"
 
 #include <QCoreApplication>
 #include <QSet>
@@ -18,7 +20,8 @@ class PrivateConfig;
 /**
  * The reprepro runs of one job that change a repository. The first run writes the indices, so that a signing failure
  * shows at once. After a successful first run, the further runs do not write the indices, and finish() writes them
- * once: writing them in each run makes the time of a job grow with the square of its packages.
+ * once: writing them in each run makes the time of a job grow with the square of its packages. A job of many runs on a
+ * repository that is not signed begins with startSilently().
  *
  * From the first change to the end of the job a marker lies in the repository's db folder. After a crash, the next
  * opening finds the marker and writes the indices first. The marker names the files that the job has worked on. Before
@@ -53,6 +56,8 @@ public:
     ExportSession(const ExportSession &) = delete;
     ExportSession &operator=(const ExportSession &) = delete;
 
+    /** Has the first run leave the indices alone too, unless it may show that the repository cannot be signed. */
+    void startSilently();
     /** Runs one changing command. */
     ProcessResult modify(const QString &arguments);
     /**
@@ -79,10 +84,10 @@ public:
     bool isRefused() const { return m_refusal.has_value(); }
     /** Whether further runs leave the indices alone. */
     bool isSilent() const { return m_silentConfig != nullptr; }
-    /** Records, before the run, a file that would lie in the pool without use if the run were killed. */
-    void recordAtRisk(const QString &poolFile);
-    /** Records, before the run, the file of a package that the run replaces. The file stays until finish(). */
-    void recordFreed(const QString &poolFile);
+    /** Records, before the run, files that would lie in the pool without use if the run were killed. */
+    void recordAtRisk(const QStringList &poolFiles);
+    /** Records, before the run, the files of packages that the run replaces. The files stay until finish(). */
+    void recordFreed(const QStringList &poolFiles);
     /** Has finish() write the indices, because they differ from the database. */
     void requireExport();
     /** Deletes files without use that an earlier, interrupted run has left in the pool and that recordAtRisk() was
@@ -114,7 +119,8 @@ public:
 private:
     QString m_repoPath;
     Tools m_tools;
-    std::unique_ptr<PrivateConfig> m_silentConfig; ///< set once the first run has gone well
+    std::optional<LeanEnvironment> m_lean; ///< made when the indices are first written
+    std::unique_ptr<PrivateConfig> m_silentConfig; ///< set when the runs leave the indices alone
     std::unique_ptr<PrivateConfig> m_deletingConfig; ///< made when a removal has to make room
     bool m_exportOwed;
     bool m_removed = false; ///< the pool may have files that no package needs any more
@@ -131,8 +137,11 @@ private:
     DatabaseCopy::Outcome copyDatabase();
     QString noCopyText() const;
     void refuse(const QString &reason);
-    bool keepsUnreferencedFiles() const;
+    ConfigFolder config() const { return ConfigFolder(m_tools.configFolder()); }
+    /** For runs that write the indices and have no configuration of their own. */
+    QStringList environmentForIndices();
     ProcessResult dropUnused();
+    void beSilent();
     ProcessResult change(const QString &arguments, PrivateConfig *config);
     ProcessResult changeSilently(const QString &arguments, const QByteArray &description = {});
     ProcessResult writeIndices();

@@ -112,7 +112,7 @@ RepoEnums::ErrorCode PackageInclusion::includeFile(AddedFile *file, const Packag
 {
     ProcessResult result;
     if (m_ahead.remove(file->path, PackageKey::of(record)) == 0) {
-        m_session.recordAtRisk(record.filePath());
+        m_session.recordAtRisk({record.filePath()});
         const FileInclusion::Outcome outcome = m_inclusion.include(record, file->source);
         result = outcome.result;
         if (!outcome.isIncluded) {

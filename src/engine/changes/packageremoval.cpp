@@ -9,43 +9,51 @@
 #include "engine/reprepro/reprolisting.h"
 
 #include <QMap>
+#include <QVector>
 
 #include <algorithm>
 
 void PackageRemoval::removeTogether(const QList<PackageInfoPtr> &packages)
 {
-    QMap<QString, QList<PackageInfoPtr>> groups;
+    // One run takes several names, and out of several architectures, when these are the same for all names.
+    QMap<QString, QList<PackageInfoPtr>> places;
     for (const PackageInfoPtr &package : packages) {
-        const QString sameArguments = ReproCommand::remove(m_context.repository.info().codename,
-                                                           QStringList{QStringLiteral("name")},
-                                                           package->indexComponent,
-                                                           package->architecture,
-                                                           kindToName(*package));
-        groups[sameArguments].append(package);
+        const bool isInOne
+            = !package->architecture.isEmpty() && package->architecture != QLatin1String("all");
+        if (isInOne)
+            places[arguments({package->name}, *package, QString())].append(package);
     }
-    for (const QList<PackageInfoPtr> &group : qAsConst(groups)) {
-        if (group.size() == 1 || m_session->isDamaged())
-            continue;
-        QStringList names;
-        for (const PackageInfoPtr &package : group) {
-            m_session->recordAtRisk(package->filePath());
-            names.append(package->name);
-        }
-        const PackageInfo &first = *group.first();
-        const ProcessResult result
-            = m_session->remove(ReproCommand::remove(m_context.repository.info().codename,
-                                                     names,
-                                                     first.indexComponent,
-                                                     first.architecture,
-                                                     kindToName(first)));
-        // When the run fails, each package is tried alone. Removing a package that is out already is no error.
-        if (!result.succeeded() || ReproAnswer::databaseTroubled(result.errorOutput))
-            continue;
-        if (ReproAnswer::nothingRemoved(result.errorOutput))
-            m_session->requireExport();
-        for (const PackageInfoPtr &package : group)
+    QMap<QString, QVector<QList<PackageInfoPtr>>> runs;
+    for (const QList<PackageInfoPtr> &place : qAsConst(places))
+        runs[arguments({}, *place.first(), architectures(place))].append(place);
+    if (runs.size() > 1)
+        m_session->startSilently();
+    for (const QVector<QList<PackageInfoPtr>> &run : qAsConst(runs)) {
+        if (!m_context.control.mustEnd() && !m_session->isDamaged() && !m_session->isRefused())
+            removeInOneRun(run);
+    }
+}
+
+void PackageRemoval::removeInOneRun(const QVector<QList<PackageInfoPtr>> &places)
+{
+    QStringList names;
+    QStringList files;
+    for (const QList<PackageInfoPtr> &place : places) {
+        names.append(place.first()->name);
+        for (const PackageInfoPtr &package : place)
+            files.append(package->filePath());
+    }
+    m_session->recordAtRisk(files);
+    const ProcessResult result
+        = m_session->remove(arguments(names, *places.first().first(), architectures(places.first())));
+    // When the run fails, each package is tried alone. Removing a package that is out already is no error.
+    if (!hasWorked(result) || ReproAnswer::databaseTroubled(result.errorOutput))
+        return;
+    if (ReproAnswer::nothingRemoved(result.errorOutput))
+        m_session->requireExport();
+    for (const QList<PackageInfoPtr> &place : places)
+        for (const PackageInfoPtr &package : place)
             m_gone.insert(PackageKey::of(*package));
-    }
 }
 
 bool PackageRemoval::remove(const PackageInfoPtr &package, bool makesRoom)
@@ -66,20 +74,41 @@ const PackageType *PackageRemoval::kindToName(const PackageInfo &package) const
     return m_context.packages.find(twin) ? &package.type : nullptr;
 }
 
+QString PackageRemoval::arguments(const QStringList &names,
+                                  const PackageInfo &package,
+                                  const QString &architectures) const
+{
+    return ReproCommand::remove(m_context.repository.info().codename,
+                                names,
+                                package.indexComponent,
+                                architectures,
+                                kindToName(package));
+}
+
+QString PackageRemoval::architectures(const QList<PackageInfoPtr> &place)
+{
+    QStringList architectures;
+    for (const PackageInfoPtr &package : place)
+        architectures.append(package->architecture);
+    architectures.sort();
+    return architectures.join(QLatin1Char('|'));
+}
+
+bool PackageRemoval::hasWorked(const ProcessResult &result)
+{
+    // When only the indices could not be written, the packages have left the database nevertheless. The end of the job
+    // tells of the indices.
+    return result.succeeded() || ReproAnswer::indicesOutdated(result.errorOutput)
+           || ReproAnswer::signingFailed(result.errorOutput);
+}
+
 bool PackageRemoval::removeFromDatabase(const PackageInfo &package, bool makesRoom)
 {
-    m_session->recordAtRisk(package.filePath());
-    const ProcessResult result = m_session->remove(ReproCommand::remove(m_context.repository.info().codename,
-                                                                        QStringList{package.name},
-                                                                        package.indexComponent,
-                                                                        package.architecture,
-                                                                        kindToName(package)),
-                                                   makesRoom);
-    // When only the indices could not be written, the package has left the database nevertheless. The end of the job
-    // tells of the indices.
+    m_session->recordAtRisk({package.filePath()});
+    const ProcessResult result
+        = m_session->remove(arguments({package.name}, package, package.architecture), makesRoom);
     const bool removed
-        = result.succeeded() || ReproAnswer::indicesOutdated(result.errorOutput)
-          || ReproAnswer::signingFailed(result.errorOutput)
+        = hasWorked(result)
           || ((result.crashed() || ReproAnswer::databaseTroubled(result.errorOutput)) && isGone(package));
     if (!removed && result.started && !result.crashed())
         m_context.errors.runFailed(tr("Error removing package %1!").arg(package.name), result.errorOutput);

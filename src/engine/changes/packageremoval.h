@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "core/processutils.h"
 #include "engine/repository/packagelist.h"
 
 #include <QCoreApplication>
@@ -37,6 +38,13 @@ private:
     QSet<PackageKey> m_gone; ///< out of the database, by a run for several
 
     const PackageType *kindToName(const PackageInfo &package) const;
+    /** Of a run that takes the names out of architectures that are separated by bars. */
+    QString
+    arguments(const QStringList &names, const PackageInfo &package, const QString &architectures) const;
+    static QString architectures(const QList<PackageInfoPtr> &place);
+    /** Each of the lists has a name's packages, and all have the same architectures. */
+    void removeInOneRun(const QVector<QList<PackageInfoPtr>> &places);
+    static bool hasWorked(const ProcessResult &result);
     bool removeFromDatabase(const PackageInfo &package, bool makesRoom);
     bool isGone(const PackageInfo &package);
 };

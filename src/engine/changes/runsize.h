@@ -12,6 +12,10 @@
 class RunSize
 {
 public:
+    explicit RunSize(int packages = Smallest)
+        : m_packages(packages)
+    { }
+
     int packages() const { return m_packages; }
     /** The runs of packages() begin. */
     void start() { m_timer.start(); }
@@ -29,6 +33,6 @@ public:
     static constexpr int Largest = 400;
 
 private:
-    int m_packages = Smallest;
+    int m_packages;
     QElapsedTimer m_timer;
 };

@@ -53,9 +53,11 @@ ProcessResult DescriptionChange::prepare(const QList<PackageInfoPtr> &packages)
 {
     ProcessResult result = m_session.keep();
     // The repository can have moved since its packages were listed.
+    QStringList moving;
     for (const PackageInfoPtr &package : packages)
         if (!m_change.keepsPlace(*package))
-            m_session.recordAtRisk(m_context.path() + package->filePath().mid(package->root.size()));
+            moving.append(m_context.path() + package->filePath().mid(package->root.size()));
+    m_session.recordAtRisk(moving);
     // Without the field that asks for them, the tracks of the packages would make every later run fail.
     if (result.succeeded()
         && Distributions::losesField(QString::fromLocal8Bit(m_text), QStringLiteral("Tracking")))

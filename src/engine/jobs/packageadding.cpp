@@ -65,6 +65,8 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
     // A stop waits for the end of a run. A job of a few files takes less than a second, so it has a run for each file.
     constexpr int ManyFiles = 50;
     RunSize size;
+    if (files.size() > 1)
+        m_session.startSilently();
     auto reader = std::make_unique<PackageFileReader>(
         files, RunSize::Largest, [this] { return m_context.control.isCanceled(); });
     bool stopped = false;
@@ -76,12 +78,18 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
             break;
         const bool together = files.size() > ManyFiles && !m_inclusion.isSigning() && m_session.isSilent();
         const QVector<PackageFile> read = reader->next(together ? size.packages() : 1);
+        bool isAskedFor = m_rules.mustAsk();
         if (together) {
             size.start();
             includeTogether(read);
             size.adapt();
         }
-        for (const PackageFile &file : read) {
+        for (int i = 0; i < read.size(); ++i) {
+            const PackageFile &file = read.at(i);
+            // The answer about the first collision can be for all: so the others can share a run too.
+            if (together && isAskedFor && !m_rules.mustAsk())
+                includeTogether(read.mid(i));
+            isAskedFor = m_rules.mustAsk();
             ++done;
             // Files that are in already are reported, also after a stop.
             stopped = stopped || mustEnd();
@@ -146,7 +154,9 @@ void PackageAdding::includeTogether(const QVector<PackageFile> &files)
     // In a description that is not read fully there may be more architectures, and a run for several files takes all.
     const bool knowsArchitectures = isDescriptionRead(m_context.path());
     for (const PackageFile &file : files) {
-        if (file.package && file.package->architecture == QLatin1String("all") && !knowsArchitectures)
+        const bool isForUnknown
+            = file.package && file.package->architecture == QLatin1String("all") && !knowsArchitectures;
+        if (isForUnknown || m_inclusion.isAhead(file.path))
             continue;
         const QVector<PackageInfo> records = file.package ? recordsOf(*file.package) : QVector<PackageInfo>();
         candidates.append({file.path, records});

@@ -6,13 +6,12 @@
 #include "engine/changes/jobpreconditions.h"
 #include "engine/changes/jobsession.h"
 #include "engine/changes/packageremoval.h"
-#include "engine/changes/runsize.h"
 #include "engine/recovery/sessionend.h"
 
 namespace
 {
-// A stop waits for the end of a run. A job of a few packages takes less than a second, so it has a run for each.
-constexpr int ManyPackages = 50;
+/** A stop waits for the end of a run, which takes less than a second for so many. */
+constexpr int PackagesInARun = 2000;
 } // namespace
 
 int RemoveJob::run(const QList<PackageInfoPtr> &packages)
@@ -22,7 +21,8 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
         return frame.finish(ERROR, tr("%n packages removed: %1", nullptr, 0).arg(QString()));
     ExportSession session = JobSession::begin(m_context, JobSession::RoomMaking);
     PackageRemoval removal(m_context, &session);
-    RunSize size;
+    if (packages.size() > PackagesInARun)
+        session.startSilently();
     QStringList removed;
     bool stopped = false;
     bool isComplete = true;
@@ -31,24 +31,21 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
         stopped = m_context.control.mustEnd() || session.isRefused();
         if (stopped)
             break;
-        // The first run of a job writes the indices.
-        const bool together = packages.size() > ManyPackages && session.isSilent();
-        const auto next = packages.mid(done, together ? size.packages() : 1);
-        if (together) {
-            size.start();
+        const auto next = packages.mid(done, PackagesInARun);
+        if (next.size() > 1)
             removal.removeTogether(next);
-            size.adapt();
-        }
         for (const PackageInfoPtr &package : next) {
             ++done;
             // Packages that are out already are reported, also after a stop.
-            stopped = stopped || m_context.control.mustEnd() || session.isRefused();
-            const bool isLeft = stopped && together && !removal.isOut(*package);
+            stopped = stopped || m_context.control.mustEnd();
+            const bool isLeft = stopped && !removal.isOut(*package);
             isComplete = isComplete && !isLeft;
             if (session.isDamaged() || isLeft)
                 continue;
             if (removal.remove(package))
                 removed.append(displayFileName(*package));
+            // The first package has told of a refusal.
+            stopped = stopped || session.isRefused();
             frame.itemDone(packages.size());
         }
     }

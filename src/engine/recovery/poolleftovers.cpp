@@ -3,8 +3,8 @@
 
 #include "engine/changes/jobcontext.h"
 #include "engine/recovery/databaserestore.h"
+#include "engine/reprepro/configfolder.h"
 #include "engine/reprepro/poolfiles.h"
-#include "engine/reprepro/privateconfig.h"
 #include "engine/reprepro/repreprocommands.h"
 #include "engine/reprepro/reprolisting.h"
 
@@ -38,7 +38,7 @@ void PoolLeftovers::removeMissing(const QStringList &files)
 void PoolLeftovers::drop(const QStringList &files)
 {
     const QString path = m_context.path();
-    if (files.isEmpty() || PrivateConfig::keepsUnreferencedFiles(m_context.gate.admit(path).configFolder()))
+    if (files.isEmpty() || ConfigFolder(m_context.gate.admit(path).configFolder()).keepsUnreferencedFiles())
         return;
     const auto areOurs
         = [&](const QString &file) { return files.contains(file) && PoolFiles::isInside(path, file); };

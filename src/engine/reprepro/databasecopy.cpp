@@ -16,9 +16,12 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QVector>
+#include <QtConcurrent>
 
 #include <algorithm>
 #include <cerrno>
+#include <functional>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -146,11 +149,12 @@ bool copyFiles(const QString &repoPath)
     removeTree(target);
     if (!QDir().mkdir(target))
         return false;
-    const QStringList files = filesToCopy(repoPath);
-    const bool copied = std::all_of(files.cbegin(), files.cend(), [&](const QString &file) {
+    // The disk takes one file while another is read.
+    const std::function<bool(const QString &)> copyFile = [&](const QString &file) {
         return copyWhole(inDatabase(repoPath, file), target + QLatin1Char('/') + file);
-    });
-    if (copied && copySignatures(repoPath, target) && renamePath(target, place(repoPath)))
+    };
+    const auto copied = QtConcurrent::blockingMapped<QVector<bool>>(filesToCopy(repoPath), copyFile);
+    if (!copied.contains(false) && copySignatures(repoPath, target) && renamePath(target, place(repoPath)))
         return true;
     removeTree(target);
     return false;

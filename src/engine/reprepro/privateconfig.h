@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/reprepro/leanenvironment.h"
 #include "files/scratchfolder.h"
 
 #include <QStringList>
+
+#include <optional>
+
+class ConfigFolder;
 
 /**
  * A private configuration folder with which reprepro changes the database and the pool, but does not write the indices
@@ -16,11 +21,8 @@ public:
     /** What happens to a pool file that the database no longer needs while old indices may still name it. */
     enum Unreferenced { Keep, Delete };
 
-    /**
-     * `configFolder` is the repository's own folder, or its admitted copy. A `description` replaces the one in that
-     * folder.
-     */
-    PrivateConfig(const QString &configFolder, Unreferenced unreferenced, const QByteArray &description = {});
+    /** `own` is the repository's. A `description` replaces the one in that folder. */
+    PrivateConfig(const ConfigFolder &own, Unreferenced unreferenced, const QByteArray &description = {});
 
     /** False when the folder could not be made; then reprepro must export in each run. */
     bool isValid() const { return m_valid; }
@@ -28,11 +30,6 @@ public:
     QStringList environment() const { return m_environment; }
     /** Makes further runs use the user's own PATH and keys. This is slower, but no program is missing. */
     void useWholeEnvironment();
-    /** True when the repository's own options keep files that no index names. */
-    static bool keepsUnreferencedFiles(const QString &configFolder);
-    /** True when the repository's own options never export the indices. */
-    static bool exportsNever(const QString &configFolder);
-
     /**
      * Text of the private options file: the repository's own lines without those that we replace, and then our lines.
      */
@@ -40,6 +37,7 @@ public:
 
 private:
     ScratchFolder m_folder;
+    std::optional<LeanEnvironment> m_lean;
     QStringList m_environment; ///< the configuration folder is the first entry
     bool m_valid = false;
 };

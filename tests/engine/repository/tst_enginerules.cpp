@@ -5,6 +5,7 @@
 #include "engine/repository/distributionsfile.h"
 #include "engine/repository/packagesfile.h"
 #include "engine/repository/systemrelease.h"
+#include "engine/reprepro/configfolder.h"
 #include "engine/reprepro/joblock.h"
 #include "engine/reprepro/privateconfig.h"
 #include "engine/reprepro/repreprocommands.h"
@@ -153,13 +154,13 @@ private Q_SLOTS:
         QCOMPARE(PrivateConfig::optionsText(QString(), PrivateConfig::Delete), "export silent-never\n"_s);
 
         const QTemporaryDir folder;
-        const QString conf = folder.path();
-        const QString distributions = conf + "/distributions"_s;
-        const QString options = conf + "/options"_s;
+        const ConfigFolder conf(folder.path());
+        const QString distributions = folder.path() + "/distributions"_s;
+        const QString options = folder.path() + "/options"_s;
         writeFile(distributions, "Codename: dog\n");
-        QVERIFY(!PrivateConfig::keepsUnreferencedFiles(conf));
+        QVERIFY(!conf.keepsUnreferencedFiles());
         writeFile(options, own);
-        QVERIFY(PrivateConfig::keepsUnreferencedFiles(conf));
+        QVERIFY(conf.keepsUnreferencedFiles());
         PrivateConfig config(conf, PrivateConfig::Keep);
         QVERIFY(config.isValid());
         const QString silent = config.environment().first().section(u'=', 1);

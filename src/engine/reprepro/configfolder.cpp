@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/reprepro/configfolder.h"
+
+#include "engine/repository/distributions.h"
+#include "files/regularfile.h"
+
+#include <QFile>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <utility>
+
+ConfigFolder::ConfigFolder(QString path)
+    : m_path(std::move(path))
+{ }
+
+QString ConfigFolder::options() const
+{
+    RegularFile file(m_path + QLatin1String("/options"));
+    if (!file.exists())
+        return QStringLiteral("");
+    return file.open(QIODevice::ReadOnly) ? QString::fromLocal8Bit(file.readAll()) + QLatin1Char('\n')
+                                          : QString();
+}
+
+QString ConfigFolder::optionName(const QString &line)
+{
+    static const QRegularExpression separator(QStringLiteral("[\\s=]"));
+    QString name = line.trimmed().section(separator, 0, 0);
+    while (name.startsWith(QLatin1Char('-')))
+        name.remove(0, 1);
+    return name;
+}
+
+bool ConfigFolder::keepsUnreferencedFiles() const
+{
+    const QStringList lines = optionLines();
+    return std::any_of(lines.cbegin(), lines.cend(), [](const QString &line) {
+        return optionName(line) == QLatin1String("keepunreferencedfiles");
+    });
+}
+
+bool ConfigFolder::exportsNever() const
+{
+    const QStringList lines = optionLines();
+    return std::any_of(lines.cbegin(), lines.cend(), [](const QString &line) {
+        return optionName(line) == QLatin1String("export") && line.contains(QLatin1String("never"));
+    });
+}
+
+bool ConfigFolder::signs() const
+{
+    return hasField(QStringLiteral("SignWith"));
+}
+
+bool ConfigFolder::runsPrograms() const
+{
+    const QStringList lines = optionLines();
+    return hasField(QStringLiteral("Log"))
+           || std::any_of(lines.cbegin(), lines.cend(), [](const QString &line) {
+                  return optionName(line).endsWith(QLatin1String("hook"));
+              });
+}
+
+bool ConfigFolder::runsProgramsForIndices() const
+{
+    return runsPrograms() || hasField(QStringLiteral("DebIndices")) || hasField(QStringLiteral("UDebIndices"))
+           || hasField(QStringLiteral("DscIndices"));
+}
+
+QStringList ConfigFolder::optionLines() const
+{
+    return options().split(QLatin1Char('\n'));
+}
+
+bool ConfigFolder::hasField(const QString &field) const
+{
+    QFile description(m_path + QLatin1String("/distributions"));
+    if (!description.open(QIODevice::ReadOnly))
+        return true;
+    const QStringList lines = QString::fromLocal8Bit(description.readAll()).split(QLatin1Char('\n'));
+    return !Distributions::fieldValue(lines, field).isEmpty();
+}
