@@ -6,6 +6,7 @@
 #include "files/saveleftovers.h"
 #include "files/scratchfolder.h"
 #include "platform/desktopintegration.h"
+#include "platform/ui/desktopsetup.h"
 #include "ui/widgets/iconstyle.h"
 #include "ui/window/mainwindow.h"
 
@@ -98,6 +99,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     const QApplication application(argc, argv);
     init();
+    veltSetUpDesktop();
     QApplication::setStyle(new IconStyle);
     CommandLine commandLine;
     commandLine.process(application);

@@ -5,21 +5,12 @@
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QGuiApplication>
-#include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
-#include <QPalette>
 #include <QStandardPaths>
 #include <QTranslator>
 
 #include <memory>
-
-// Not in a namespace: the macro declares a function of the resource compiler.
-static void initIconResource()
-{
-    Q_INIT_RESOURCE(velticons);
-}
 
 namespace
 {
@@ -66,11 +57,6 @@ QString &shownName()
     static QString name;
     return name;
 }
-
-bool isDark(const QPalette &palette)
-{
-    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-}
 } // namespace
 
 void veltInit(const QString &version, const QString &displayName)
@@ -84,11 +70,6 @@ void veltInit(const QString &version, const QString &displayName)
     const QString translations = veltDataFile(applicationId + QStringLiteral("/translations"));
     if (!translations.isEmpty())
         installTranslations(translations);
-
-    if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()) == nullptr)
-        return;
-    QGuiApplication::setDesktopFileName(applicationId);
-    veltSetUpIconThemes();
 }
 
 QString veltLanguage()
@@ -104,30 +85,6 @@ QString veltDisplayName()
 QString veltAppDescription()
 {
     return QCoreApplication::translate("main", "Velt admin repo tool");
-}
-
-void veltSetUpIconThemes()
-{
-    initIconResource();
-    // A platform without a desktop (offscreen) has no theme folders and no theme name.
-    QStringList paths = QIcon::themeSearchPaths();
-    const QStringList installed = QStandardPaths::locateAll(
-        QStandardPaths::GenericDataLocation, QStringLiteral("icons"), QStandardPaths::LocateDirectory);
-    for (const QString &path : installed) {
-        if (!paths.contains(path))
-            paths.append(path);
-    }
-    // Our folder is the last, so that our icons never hide the desktop's icons.
-    const QString own = QStringLiteral(":/icons");
-    paths.removeAll(own);
-    paths.append(own);
-    QIcon::setThemeSearchPaths(paths);
-
-    const QString fallback
-        = isDark(QGuiApplication::palette()) ? QStringLiteral("breeze-dark") : QStringLiteral("breeze");
-    QIcon::setFallbackThemeName(fallback);
-    if (QIcon::themeName().isEmpty())
-        QIcon::setThemeName(fallback);
 }
 
 QString veltDataFile(const QString &relativePath)

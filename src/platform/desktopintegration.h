@@ -6,8 +6,7 @@
 /**
  * Sets the names, version and organisation of the application, so that its settings are in
  * ~/.config/corvana/velt-admin-repo.conf. Installs our translation for the user's language, and Qt's translation for
- * the same language. In a graphical application it also sets up the icon themes. Call it once, directly after creating
- * the application object.
+ * the same language. Call it once, directly after creating the application object.
  */
 void veltInit(const QString &version, const QString &displayName);
 
@@ -19,12 +18,6 @@ QString veltLanguage();
 
 /** A translated one-line description of the program. */
 QString veltAppDescription();
-
-/**
- * Makes all icon names of the program available. The desktop's theme comes first, then breeze (or breeze-dark with a
- * dark palette), and then our own icons for names that no theme has. Needs a graphical application.
- */
-void veltSetUpIconThemes();
 
 /**
  * Absolute path of an installed file. The argument is relative to the data folder (for example "velt-admin-repo/x").

@@ -4,6 +4,7 @@
 #include "core/settingskeys.h"
 #include "e2e/windowdriver.h"
 #include "platform/desktopintegration.h"
+#include "platform/ui/desktopsetup.h"
 #include "support/debbuilder.h"
 #include "support/testenvironment.h"
 
@@ -97,6 +98,7 @@ private Q_SLOTS:
     {
         VELT_NEED_TOOL("reprepro");
         veltInit("0"_s, "Velt admin repo"_s);
+        veltSetUpDesktop();
         // The window quits the application when it closes; here the tests go on.
         QApplication::setQuitOnLastWindowClosed(false);
         prepare();

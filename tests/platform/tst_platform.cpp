@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktopintegration.h"
-#include "platform/desktopnotification.h"
+#include "platform/ui/desktopsetup.h"
+#include "platform/ui/desktopnotification.h"
 #include "platform/packagemanager.h"
 #include "platform/ui/windowgeometry.h"
 #include "support/privatebus.h"
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void initTestCase()
     {
         veltInit("1.2.3+x"_s, "Display name"_s);
+        veltSetUpDesktop();
         QCOMPARE(QSettings().fileName(),
                  qEnvironmentVariable("XDG_CONFIG_HOME") + "/corvana/velt-admin-repo.conf"_s);
     }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packages/repomodel.h"
 
-#include "platform/velticon.h"
+#include "platform/ui/velticon.h"
 #include "ui/widgets/tooltiptext.h"
 
 #include <QApplication>

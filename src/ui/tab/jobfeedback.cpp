@@ -2,7 +2,7 @@
 #include "ui/tab/jobfeedback.h"
 
 #include "engine/reposhell.h"
-#include "platform/desktopnotification.h"
+#include "platform/ui/desktopnotification.h"
 #include "signing/signingadvice.h"
 #include "ui/dialogs/packagereplacementdialog.h"
 #include "ui/dialogs/prompts.h"

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "e2e/windowdriver.h"
 #include "platform/desktopintegration.h"
+#include "platform/ui/desktopsetup.h"
 #include "publication/publicationmonitor.h"
 #include "publication/publicationsettings.h"
 #include "publication/veltadminrepointerface.h"
@@ -154,6 +155,7 @@ private Q_SLOTS:
         if (PublicationPath::isTemporary(m_folder.path()))
             QSKIP("Run it elsewhere than below /tmp.");
         veltInit("0"_s, "Velt admin repo"_s);
+        veltSetUpDesktop();
         QApplication::setQuitOnLastWindowClosed(false);
         writeScript(
             m_temporary.filePath("dpkg"_s),

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reposhell.h"
 #include "platform/desktopintegration.h"
+#include "platform/ui/desktopsetup.h"
 #include "platform/ui/veltaboutdialog.h"
 #include "support/children.h"
 #include "support/fulldisk.h"
@@ -142,6 +143,7 @@ private Q_SLOTS:
     void initTestCase()
     {
         veltInit("0"_s, "Velt admin repo"_s);
+        veltSetUpDesktop();
         QApplication::setQuitOnLastWindowClosed(false);
         // A command whose program is missing says so in its tool tip.
         writeScript(m_folder.filePath("bin/velt-admin-sourcelist"_s), "#!/bin/sh\n");

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/velticon.h"
+#include "platform/ui/velticon.h"
 
 #include <QHash>
 #include <QIconEngine>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/desktopnotification.h"
+#include "platform/ui/desktopnotification.h"
 
 #include "platform/desktopintegration.h"
 
