@@ -32,7 +32,8 @@ public:
     enum ErrorCause {
         OTHER_CAUSE = 0,
         NOTHING_TO_UPGRADE = 1, ///< the sources offer no newer version
-        SOURCES_NOT_WRITTEN = 2 ///< the private list of sources could not be written
+        SOURCES_NOT_WRITTEN = 2, ///< the private list of sources could not be written
+        REPOSITORY_BUSY = 3 ///< another job or program works on the repository
     };
     Q_ENUM(ErrorCause)
 

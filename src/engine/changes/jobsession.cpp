@@ -13,7 +13,10 @@ ExportSession JobSession::begin(JobContext &context, Kind kind)
         const bool isLocked = context.lock.take(context.path());
         if (!isLocked && !context.control.isLockedOut()) {
             context.control.setLockedOut(true);
-            context.errors.critical(RepoLock::busyText(context.path()));
+            context.errors.critical(RepoLock::busyText(context.path()),
+                                    QString(),
+                                    RepoEnums::CRITICAL,
+                                    RepoEnums::REPOSITORY_BUSY);
         }
         return isLocked;
     };

@@ -216,7 +216,8 @@ bool ExportJob::mayExport()
     }
     const RepoLock::State state = RepoLock::state(repoPath);
     if (state != RepoLock::State::Free && state != RepoLock::State::Stale) {
-        m_context.errors.critical(RepoLock::busyText(repoPath));
+        m_context.errors.critical(
+            RepoLock::busyText(repoPath), QString(), RepoEnums::CRITICAL, RepoEnums::REPOSITORY_BUSY);
         return false;
     }
     return true;

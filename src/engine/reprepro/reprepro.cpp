@@ -69,7 +69,8 @@ bool Reprepro::waitForLock(const QString &repoPath, QElapsedTimer *waited)
         }
         wasStale = state == RepoLock::State::Stale;
         if (!wasStale && waited->hasExpired(Patience)) {
-            m_errors.critical(RepoLock::busyText(repoPath));
+            m_errors.critical(
+                RepoLock::busyText(repoPath), QString(), RepoEnums::CRITICAL, RepoEnums::REPOSITORY_BUSY);
             break;
         }
         if (state == RepoLock::State::Free)

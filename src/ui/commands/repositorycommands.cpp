@@ -8,7 +8,7 @@
 #include "files/pathguard.h"
 #include "publication/publicationsettings.h"
 #include "ui/commands/recentrepositories.h"
-#include "ui/dialogs/newreporules.h"
+#include "engine/repository/newreporules.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/tab/jobfeedback.h"
 #include "ui/tab/repotabs.h"

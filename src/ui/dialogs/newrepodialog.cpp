@@ -6,7 +6,7 @@
 #include "files/pathguard.h"
 #include "signing/keymanager.h"
 #include "ui/dialogs/missingpackage.h"
-#include "ui/dialogs/newreporules.h"
+#include "engine/repository/newreporules.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/dialogs/signingswitch.h"
 #include "ui/packages/packagedetails.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "ui/dialogs/newreporules.h"
+#include "engine/repository/newreporules.h"
 
 #include <QDir>
 #include <QRegularExpression>

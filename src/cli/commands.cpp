@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands.h"
+
+#include "cli/invocation.h"
+
+#include <QHash>
+
+ExitCode Commands::run(const Invocation &invocation, Console &console)
+{
+    using Command = ExitCode (*)(const Invocation &, Console &);
+    static const QHash<QString, Command> commands{
+        {QStringLiteral("create"), create},
+        {QStringLiteral("show"), show},
+        {QStringLiteral("list"), list},
+        {QStringLiteral("add"), add},
+        {QStringLiteral("remove"), remove},
+    };
+    return commands.value(QLatin1String(invocation.command->name))(invocation, console);
+}

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commandtable.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int Any = -1;
+constexpr const char *Component = QT_TRANSLATE_NOOP("cli", "Only packages of this component");
+constexpr const char *Architecture = QT_TRANSLATE_NOOP("cli", "Only packages of this architecture");
+
+const CommandOption OnCollision{
+    "on-collision",
+    "WHICH",
+    QT_TRANSLATE_NOOP("cli",
+                      "What becomes of a package that is there already: fail (the default) refuses the file, "
+                      "newer and older replace by version, all replaces, none keeps"),
+    "fail|newer|older|all|none"};
+const CommandOption Into{
+    "component", "NAME", QT_TRANSLATE_NOOP("cli", "The component for all packages, instead of their own")};
+const CommandOption SignPackages{
+    "sign-packages", "KEY", QT_TRANSLATE_NOOP("cli", "Sign a copy of each file with this key, and add that")};
+const QVector<CommandOption> Description{
+    {"codename", "NAME", QT_TRANSLATE_NOOP("cli", "The code name of the distribution")},
+    {"architectures", "LIST", QT_TRANSLATE_NOOP("cli", "Architectures, separated by commas")},
+    {"components", "LIST", QT_TRANSLATE_NOOP("cli", "Components, separated by commas")},
+    {"suite", "NAME", QT_TRANSLATE_NOOP("cli", "The suite, such as stable")},
+    {"version", "TEXT", QT_TRANSLATE_NOOP("cli", "The version of the distribution")},
+    {"origin", "TEXT", QT_TRANSLATE_NOOP("cli", "Who makes the packages")},
+    {"label", "TEXT", QT_TRANSLATE_NOOP("cli", "What clients can select the repository by")},
+    {"sign", nullptr, QT_TRANSLATE_NOOP("cli", "Sign the repository with the default key")}};
+} // namespace
+
+QString CommandDescription::synopsis() const
+{
+    QString text = QLatin1String(name);
+    if (*operands != '\0')
+        text += QLatin1Char(' ') + QLatin1String(operands);
+    for (const CommandOption &option : options) {
+        const QString value
+            = option.value == nullptr ? QString() : QLatin1Char(' ') + QLatin1String(option.value);
+        text += QStringLiteral(" [--%1%2]").arg(QLatin1String(option.name), value);
+    }
+    return text;
+}
+
+const QVector<CommandDescription> &CommandTable::commands()
+{
+    static const QVector<CommandDescription> all{
+        {"create",
+         "PATH",
+         1,
+         1,
+         Operand::Repository,
+         Operand::None,
+         QT_TRANSLATE_NOOP("cli", "Make a repository in a new or empty folder"),
+         Description},
+        {"show",
+         "REPO",
+         1,
+         1,
+         Operand::Repository,
+         Operand::None,
+         QT_TRANSLATE_NOOP("cli", "Show the description of a repository, and how much it holds"),
+         {}},
+        {"list",
+         "REPO [GLOB...]",
+         1,
+         Any,
+         Operand::Repository,
+         Operand::PackageName,
+         QT_TRANSLATE_NOOP("cli", "List the packages, or those whose names match one of the patterns"),
+         {{"arch", "NAME", Architecture}, {"component", "NAME", Component}}},
+        {"add",
+         "REPO FILE|FOLDER...",
+         2,
+         Any,
+         Operand::Repository,
+         Operand::File,
+         QT_TRANSLATE_NOOP(
+             "cli", "Add package files, and those below folders; - reads their names from standard input"),
+         {Into, OnCollision, SignPackages}},
+        {"remove",
+         "REPO NAME[=VERSION]...",
+         2,
+         Any,
+         Operand::Repository,
+         Operand::PackageName,
+         QT_TRANSLATE_NOOP("cli", "Remove packages"),
+         {{"arch", "NAME", Architecture}, {"component", "NAME", Component}}},
+    };
+    return all;
+}
+
+const QVector<CommandOption> &CommandTable::commonOptions()
+{
+    static const QVector<CommandOption> all{
+        {"json",
+         nullptr,
+         QT_TRANSLATE_NOOP("cli", "Print the result as JSON, and errors as JSON on standard error")},
+        {"yes", nullptr, QT_TRANSLATE_NOOP("cli", "Answer every question with yes")},
+        {"quiet", nullptr, QT_TRANSLATE_NOOP("cli", "Print nothing but results and errors")},
+        {"wait",
+         "SECONDS",
+         QT_TRANSLATE_NOOP("cli", "Wait so long for another job that works on the repository")},
+    };
+    return all;
+}
+
+const CommandDescription *CommandTable::find(const QString &name)
+{
+    const auto found
+        = std::find_if(commands().cbegin(), commands().cend(), [&name](const CommandDescription &command) {
+              return name == QLatin1String(command.name);
+          });
+    return found == commands().cend() ? nullptr : &*found;
+}
+
+QString CommandTable::translated(const char *text)
+{
+    return QCoreApplication::translate("cli", text);
+}

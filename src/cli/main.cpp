@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/invocation.h"
+#include "cli/usage.h"
+#include "platform/desktopintegration.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+int main(int argc, char *argv[])
+{
+    const QCoreApplication application(argc, argv);
+    // The settings, the stored results and the translations are those of the window.
+    veltInit(QStringLiteral(VELT_VERSION), QStringLiteral("Velt admin repo"));
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    // Installed with the program, and no command of the user.
+    if (arguments.value(0) == QLatin1String("--print-completion")) {
+        QTextStream(stdout) << Usage::completion(arguments.value(1));
+        return 0;
+    }
+    const Invocation invocation = Invocation::parse(arguments);
+    if (invocation.wantsVersion) {
+        QTextStream(stdout) << QStringLiteral("velt-admin-repo-cli %1\n").arg(QLatin1String(VELT_VERSION));
+        return 0;
+    }
+    if (invocation.wantsHelp) {
+        QTextStream(stdout) << (invocation.command == nullptr ? Usage::ofProgram()
+                                                              : Usage::ofCommand(*invocation.command));
+        return 0;
+    }
+    Console console(
+        {arguments.contains(QLatin1String("--json")), invocation.has("quiet"), invocation.has("yes")});
+    if (!invocation.error.isEmpty()) {
+        console.error(QStringLiteral("usage"), invocation.error);
+        console.remark(QCoreApplication::translate("cli", "velt-admin-repo-cli --help shows all commands."));
+        return static_cast<int>(ExitCode::Usage);
+    }
+    return static_cast<int>(Commands::run(invocation, console));
+}

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/invocation.h"
+#include "cli/packagejson.h"
+#include "cli/repositoryreading.h"
+#include "cli/repositorysession.h"
+#include "cli/stopsignal.h"
+#include "engine/archive/archivecontents.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
+
+namespace
+{
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("cli", text);
+}
+
+QString shownPackage(const PackageInfo &package)
+{
+    return QStringLiteral("%1 %2 %3 %4")
+        .arg(package.name, package.version, package.architecture, package.indexComponent);
+}
+
+/** The names on standard input, one a line, or separated by null characters when there is one. */
+QStringList namesFromInput()
+{
+    QFile input;
+    if (!input.open(stdin, QIODevice::ReadOnly))
+        return {};
+    const QByteArray bytes = input.readAll();
+    QStringList names;
+    const auto parts = bytes.split(bytes.contains('\0') ? '\0' : '\n');
+    for (const QByteArray &part : parts) {
+        if (!part.isEmpty())
+            names.append(QFile::decodeName(part));
+    }
+    return names;
+}
+
+/** The package files that are meant: folders stand for those below them. */
+QStringList packageFiles(const QStringList &operands, const QString &repository)
+{
+    QStringList words;
+    for (const QString &operand : operands)
+        words += operand == QLatin1String("-") ? namesFromInput() : QStringList{operand};
+    QStringList files;
+    for (const QString &word : qAsConst(words)) {
+        const QString path = QDir::cleanPath(QDir::current().absoluteFilePath(word));
+        if (QFileInfo(path).isDir())
+            files += ArchiveContents::packagesBelow(path, repository, &StopSignal::isRaised);
+        else
+            files.append(path);
+    }
+    files.removeDuplicates();
+    return files;
+}
+
+std::optional<PackageReplacementRules::Rule> ruleOf(const QString &word)
+{
+    using Rules = PackageReplacementRules;
+    static const QHash<QString, Rules::Rule> rules{{QStringLiteral("newer"), Rules::PreferHigher},
+                                                   {QStringLiteral("older"), Rules::PreferLower},
+                                                   {QStringLiteral("all"), Rules::ReplaceAll},
+                                                   {QStringLiteral("none"), Rules::ReplaceNone}};
+    const auto found = rules.constFind(word);
+    return found == rules.cend() ? std::nullopt : std::optional(*found);
+}
+
+/** The lines and the object of what a job has changed. */
+void tellChanges(const RepositorySession &session, Console &console)
+{
+    QJsonObject result;
+    const auto tell = [&](const char *key, const char *text, const QList<PackageInfoPtr> &packages) {
+        for (const PackageInfoPtr &package : packages)
+            console.line(tr(text).arg(shownPackage(*package)));
+        result.insert(QLatin1String(key), PackageJson::array(packages));
+    };
+    tell("added", QT_TRANSLATE_NOOP("cli", "Added: %1"), session.added());
+    tell("replaced", QT_TRANSLATE_NOOP("cli", "Replaced: %1"), session.changed());
+    tell("removed", QT_TRANSLATE_NOOP("cli", "Removed: %1"), session.removed());
+    console.object(result);
+}
+} // namespace
+
+ExitCode Commands::list(const Invocation &invocation, Console &console)
+{
+    const auto reading = RepositoryReading::of(invocation.repository(), console);
+    if (!reading)
+        return ExitCode::Failed;
+    const auto packages = PackageSelection(invocation.others(), invocation).of(reading->packages);
+    if (console.isJson()) {
+        console.write(PackageJson::text(packages));
+        return ExitCode::Done;
+    }
+    QByteArray lines;
+    for (const PackageInfoPtr &package : packages)
+        lines += shownPackage(*package).toLocal8Bit() + '\n';
+    console.write(lines);
+    return ExitCode::Done;
+}
+
+ExitCode Commands::add(const Invocation &invocation, Console &console)
+{
+    const QStringList files = packageFiles(invocation.others(), invocation.repository());
+    if (files.isEmpty()) {
+        console.error(QStringLiteral("nothing"), tr(QT_TRANSLATE_NOOP("cli", "There are no package files.")));
+        return ExitCode::Failed;
+    }
+    RepositorySession session(invocation, console);
+    if (!session.open())
+        return session.exitCode();
+    const auto rule = ruleOf(invocation.value("on-collision"));
+    session.setRemarksAreFindings(!rule);
+    if (rule)
+        session.setReplacementRule(*rule);
+    AddOptions options;
+    options.component = invocation.value("component");
+    options.sign = invocation.has("sign-packages");
+    options.signKeyId = invocation.value("sign-packages");
+    session.run([&] { session.shell().addPackages(files, options); });
+    tellChanges(session, console);
+    return session.exitCode();
+}
+
+ExitCode Commands::remove(const Invocation &invocation, Console &console)
+{
+    RepositorySession session(invocation, console);
+    if (!session.open())
+        return session.exitCode();
+    const PackageSelection selection(invocation.others(), invocation);
+    const auto all = session.shell().packages();
+    const auto packages = selection.of(all);
+    const QStringList unmatched = selection.unmatched(all);
+    for (const QString &word : unmatched)
+        console.error(QStringLiteral("unknown"),
+                      tr(QT_TRANSLATE_NOOP("cli", "The repository has no package %1.")).arg(word));
+    if (packages.isEmpty())
+        return ExitCode::Failed;
+    session.run([&] { session.shell().removePackages(packages); });
+    tellChanges(session, console);
+    const ExitCode code = session.exitCode();
+    return code == ExitCode::Done && !unmatched.isEmpty() ? ExitCode::Findings : code;
+}

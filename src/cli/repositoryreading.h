@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "core/repoinfo.h"
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+class Console;
+struct Invocation;
+
+/** A repository for the commands that only read: without a job, and whatever another job does. */
+struct RepositoryReading
+{
+    QString path;
+    RepoInfo info;
+    QList<PackageInfoPtr> packages;
+
+    /** Nothing when it cannot be read, which has been told. */
+    static std::optional<RepositoryReading> of(const QString &path, Console &console);
+};
+
+/** The packages with these names, patterns as in a shell or NAME=VERSION, and the options --arch and --component. */
+class PackageSelection
+{
+public:
+    PackageSelection(const QStringList &words, const Invocation &invocation);
+
+    /** Without words every package matches. */
+    QList<PackageInfoPtr> of(const QList<PackageInfoPtr> &packages) const;
+    /** The words that match none of the packages. */
+    QStringList unmatched(const QList<PackageInfoPtr> &packages) const;
+
+private:
+    QStringList m_words;
+    QString m_architecture;
+    QString m_component;
+
+    bool isInPlace(const PackageInfo &package) const;
+    static bool matches(const QString &word, const PackageInfo &package);
+};
