@@ -17,6 +17,11 @@ struct FoundVersion
 {
     QString version;
     DependStatus status = DependUndefined; ///< whether this version satisfies the constraints
+
+    friend bool operator==(const FoundVersion &a, const FoundVersion &b)
+    {
+        return a.version == b.version && a.status == b.status;
+    }
 };
 
 /** One alternative of an entry, with the result of the last check. */
@@ -31,6 +36,13 @@ struct Dependency
     DependStatus status = DependUndefined;
     QMap<QString, FoundVersion> foundVersions; ///< by source label
     QMap<QString, Dependency> providers; ///< by package name; only when no package has the wanted name
+
+    friend bool operator==(const Dependency &a, const Dependency &b)
+    {
+        return a.name == b.name && a.architecture == b.architecture && a.op == b.op && a.version == b.version
+               && a.secondOp == b.secondOp && a.secondVersion == b.secondVersion && a.status == b.status
+               && a.foundVersions == b.foundVersions && a.providers == b.providers;
+    }
 };
 
 /** One entry of Depends or Pre-Depends: its alternatives in the written order, and the best of their states. */

@@ -6,6 +6,7 @@
 #include "depends/localcandidates.h"
 #include "depends/stringpool.h"
 
+#include <QSet>
 #include <QStringList>
 
 #include <string>
@@ -34,9 +35,27 @@ void setArchitecture(Dependency &dependency, const QString &architecture)
 {
     if (dependency.architecture.isEmpty())
         dependency.architecture = architecture;
+    // A loop over an empty map would allocate memory for it.
+    if (dependency.providers.isEmpty())
+        return;
     for (Dependency &provider : dependency.providers)
         setArchitecture(provider, dependency.architecture);
 }
+
+/** A list of alternatives that can be a member of a set. */
+struct Alternatives
+{
+    QVector<Dependency> list;
+
+    friend bool operator==(const Alternatives &a, const Alternatives &b) { return a.list == b.list; }
+    /** Hashes only the most distinctive fields; operator== compares the others. */
+    friend uint qHash(const Alternatives &alternatives, uint seed)
+    {
+        for (const Dependency &dependency : alternatives.list)
+            seed = qHash(dependency.name, seed) ^ (qHash(dependency.version, seed) * 31U);
+        return seed;
+    }
+};
 
 /** Handles the events of the parser and builds the results of the wanted repository. */
 class ResultsHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, ResultsHandler>
@@ -91,6 +110,8 @@ private:
     const std::string m_repository;
     StoredPackages *m_stored;
     StringPool m_pool;
+    /** One list for all equal lists: a few dependencies are those of thousands of packages. */
+    QSet<Alternatives> m_alternatives;
     std::vector<Place> m_places{Place::Outside};
     std::string m_key;
     bool m_hasRoot = false;
@@ -204,9 +225,11 @@ void ResultsHandler::startPackage()
 void ResultsHandler::endPackage(Place place)
 {
     // Usually the architecture is not stored: dependencies are looked up for the architecture of their package.
-    for (DependencyGroup &group : m_info.groups)
+    for (DependencyGroup &group : m_info.groups) {
         for (::Dependency &dependency : group.alternatives)
             setArchitecture(dependency, m_package.architecture);
+        group.alternatives = m_alternatives.insert({group.alternatives})->list;
+    }
     m_package.info = QSharedPointer<DependsInfo>::create(std::exchange(m_info, {}));
     if (place == Place::OtherPackage) {
         m_others.append(m_package);
