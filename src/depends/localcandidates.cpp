@@ -62,8 +62,9 @@ bool LocalCandidates::prefetchProviders(const QVector<PackageQuestion> &question
     if (m_providersRead || questions.isEmpty())
         return true;
     m_providersRead = true;
+    DependsParser parser;
     for (const PackageInfoPtr &package : qAsConst(m_packages))
-        addProvided(package);
+        addProvided(package, parser);
     return true;
 }
 
@@ -79,14 +80,14 @@ QVector<Provider> LocalCandidates::providers(const PackageQuestion &question) co
     return result;
 }
 
-void LocalCandidates::addProvided(const PackageInfoPtr &package)
+void LocalCandidates::addProvided(const PackageInfoPtr &package, DependsParser &parser)
 {
     std::string buffer;
     const auto field = unfoldedField(package->control.text(), "Provides", buffer);
     if (field.empty())
         return;
     // A Provides field has the form of a Depends field without alternatives.
-    const auto provided = DependsParser().entries(field, package->architecture);
+    const auto provided = parser.entries(field, package->architecture);
     for (const DependencyGroup &entry : provided)
         m_providers.insert(entry.alternatives.first().name, {package, entry.alternatives.first().version});
 }

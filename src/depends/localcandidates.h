@@ -6,6 +6,8 @@
 #include <QCoreApplication>
 #include <QMultiHash>
 
+class DependsParser;
+
 /**
  * The packages of a repository as candidates, read from their records. A name can have several versions, one in each
  * component. The Provides fields are read at the first question about providers.
@@ -36,7 +38,7 @@ private:
         QString version; ///< version of the provided name
     };
 
-    void addProvided(const PackageInfoPtr &package);
+    void addProvided(const PackageInfoPtr &package, DependsParser &parser);
 
     QMultiHash<QString, PackageInfoPtr> m_packages;
     QMultiHash<QString, Provision> m_providers; ///< by provided name
