@@ -75,12 +75,6 @@ QSharedPointer<const DependsInfo> resultsFor(const QString &architecture, const 
             moveTo(dependency, architecture, stored.architecture);
     return info;
 }
-
-/** The record that loadData() would read after savePackages(). */
-StoredDepends storedOf(const PackageInfo &package)
-{
-    return {package.version, package.architecture, package.indexComponent, package.type, package.dependsInfo};
-}
 } // namespace
 
 DependsData::DependsData(QString fileName, QString repoPath, QObject *parent)
@@ -135,12 +129,13 @@ void DependsData::removeRepoData()
 
 void DependsData::mergeStoredPackages(const QList<PackageInfoPtr> &origin)
 {
+    const StoredPackages results = std::exchange(m_stored, {});
     QList<PackageInfoPtr> packages;
     packages.reserve(origin.size());
     bool changed = false;
     for (const PackageInfoPtr &package : origin) {
-        const auto named = m_stored.constFind(package->name);
-        const StoredDepends stored = named == m_stored.cend() ? StoredDepends() : storedFor(*package, *named);
+        const auto named = results.constFind(package->name);
+        const StoredDepends stored = named == results.cend() ? StoredDepends() : storedFor(*package, *named);
         if (!stored.info || stored.info == package->dependsInfo) {
             packages.append(package);
             continue;
@@ -159,20 +154,13 @@ void DependsData::savePackages(const QList<PackageInfoPtr> &packages)
     if (m_repoPath.isEmpty() || packages.isEmpty())
         return;
     // Records never change, so the same records have the same results.
-    if (packages == m_saved && QFile::exists(m_fileName))
+    if (std::equal(packages.cbegin(), packages.cend(), m_saved.cbegin(), m_saved.cend())
+        && QFile::exists(m_fileName))
         return;
-    const bool saved = rewrite({m_repoPath, QString(), packages});
-    m_saved = saved ? packages : QList<PackageInfoPtr>();
     m_stored.clear();
-    const DependsJson::NamedPackages byName = DependsJson::packagesByName(packages);
-    for (const PackageInfoPtr &package : byName.first) {
-        if (!package->hasDependsInfo())
-            continue;
-        QVector<StoredDepends> &stored = m_stored[package->name];
-        stored.append(storedOf(*package));
-        for (const PackageInfoPtr &other : byName.others.value(package->name))
-            stored.append(storedOf(*other));
-    }
+    m_saved.clear();
+    if (rewrite({m_repoPath, QString(), packages}))
+        m_saved = {packages.cbegin(), packages.cend()};
 }
 
 bool DependsData::hasMember(const QStringList &repositories) const

@@ -7,6 +7,9 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <QWeakPointer>
+
+#include <vector>
 
 /**
  * Stores the results of dependency checks between runs of the program, in one file for all repositories of a user. An
@@ -32,10 +35,10 @@ public Q_SLOTS:
     /** Deletes the results of the current repository. */
     void removeRepoData();
     /**
-     * Emits packagesMerged() with the list `origin` and the stored results. Results are found by package name; of
-     * several records with the same name, the most similar one is used. The version is ignored. Results for another
-     * architecture are changed to that of the package. Packages with results become new records, because published
-     * records never change. Emits nothing when there are no results to merge.
+     * Emits packagesMerged() with the list `origin` and the results that loadData() has read, and forgets these.
+     * Results are found by package name; of several records with the same name, the most similar one is used. The
+     * version is ignored. Results for another architecture are changed to that of the package. Packages with results
+     * become new records, because published records never change. Emits nothing when there are no results to merge.
      */
     void mergeStoredPackages(const QList<PackageInfoPtr> &origin);
     /** Stores the results of these packages, which must be the whole repository. An empty list is ignored. */
@@ -50,8 +53,10 @@ Q_SIGNALS:
 private:
     const QString m_fileName;
     QString m_repoPath;
-    StoredPackages m_stored;
-    QList<PackageInfoPtr> m_saved; ///< the records whose results the file holds; empty when this is not known
+    StoredPackages
+        m_stored; ///< from loading to merging; from then on the records of the packages hold the results
+    /** The records whose results the file holds; empty when this is not known. Weak, to free results that changed. */
+    std::vector<QWeakPointer<const PackageInfo>> m_saved;
 
     QString brokenName() const { return m_fileName + QLatin1String(".broken"); }
     bool hasMember(const QStringList &repositories) const;

@@ -322,6 +322,29 @@ private Q_SLOTS:
         QVERIFY(QFileInfo::exists(m_file));
     }
 
+    void resultsTakeNoMoreMemoryThanNeeded()
+    {
+        Cache cache(m_file, "/r"_s);
+        PackageInfoPtr record = package("foo"_s, "1.5"_s);
+        cache.data.savePackages({record, package("bar"_s, "1.5"_s), package("baz"_s, "2.5"_s)});
+        const QWeakPointer<const DependsInfo> saved(record->dependsInfo);
+        record.reset();
+        QVERIFY2(saved.isNull(), "a saved result that has changed must be freed");
+
+        cache.data.loadData("/r"_s);
+        QList<PackageInfoPtr> merged
+            = cache.merge({unchecked("foo"_s), unchecked("bar"_s), unchecked("baz"_s)});
+        const auto alternatives
+            = [&merged](int i) { return merged.at(i)->dependsInfo->groups.first().alternatives; };
+        QCOMPARE(text(merged.at(2)).count("2.5"), 2);
+        QVERIFY2(alternatives(0).constData() == alternatives(1).constData(), "equal lists are one");
+        QVERIFY(alternatives(0).constData() != alternatives(2).constData());
+        const QWeakPointer<const DependsInfo> read(merged.first()->dependsInfo);
+        merged = {};
+        cache.merged = {};
+        QVERIFY2(read.isNull(), "only the packages hold what was read");
+    }
+
     void readsWhatItCan()
     {
         struct Row
