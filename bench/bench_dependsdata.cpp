@@ -35,17 +35,18 @@ QList<PackageInfoPtr> checkedPackages()
     }
     QList<PackageInfoPtr> packages;
     for (int i = 0; i < packageCount; ++i) {
-        DependsInfo info{DependSuccess, {}};
+        QMap<QString, DependencyGroup> groups;
         for (int j = 0; j < dependencyCount; ++j) {
             Dependency dependency = dependencies.at((i * 7 + j * j * 31) % (packageCount / (j + 1)));
             dependency.foundVersions.insert(archive, {dependency.version, DependSuccess});
-            info.groups.insert(dependency.name, {DependSuccess, {dependency}});
+            groups.insert(dependency.name, {DependSuccess, {dependency}});
         }
         PackageInfo package;
         package.name = QStringLiteral("library-package%1").arg(i);
         package.version = QStringLiteral("2.%1-1").arg(i % 100);
         package.architecture = QStringLiteral("amd64");
-        package.dependsInfo = QSharedPointer<DependsInfo>::create(info);
+        package.dependsInfo
+            = QSharedPointer<DependsInfo>::create(DependsInfo{DependSuccess, sortedGroups(groups)});
         packages.append(QSharedPointer<PackageInfo>::create(package));
     }
     return packages;

@@ -51,12 +51,25 @@ struct DependencyGroup
     DependStatus status = DependUndefined;
     QVector<Dependency> alternatives;
     bool isPreDepends = false;
+    QString key = {}; ///< differs within a package: the name of the first alternative, or another free text
 };
+
+/** The entries with their keys, in the order of the keys. Packages keep this list, which is far smaller than a map. */
+inline QVector<DependencyGroup> sortedGroups(const QMap<QString, DependencyGroup> &byKey)
+{
+    QVector<DependencyGroup> result;
+    result.reserve(byKey.size());
+    for (auto group = byKey.cbegin(); group != byKey.cend(); ++group) {
+        result.append(*group);
+        result.last().key = group.key();
+    }
+    return result;
+}
 
 /** The result of a package's dependency check. */
 struct DependsInfo
 {
     DependStatus status = DependUndefined;
-    QMap<QString, DependencyGroup> groups; ///< by the name of the first alternative, or another free key
+    QVector<DependencyGroup> groups; ///< in the order of their keys
     int selection = 0; ///< the DependsRepoType of the check; 0 when it is not known
 };

@@ -118,9 +118,11 @@ private:
 
     QString m_packageName;
     StoredDepends m_package; ///< the package that is being read
-    DependsInfo m_info; ///< results for m_package
+    DependsInfo m_info; ///< results for m_package, without the groups
+    QMap<QString, DependencyGroup> m_groups; ///< of m_info
     StoredDepends m_first; ///< the first package of the name, while one of the others is being read
     DependsInfo m_firstInfo;
+    QMap<QString, DependencyGroup> m_firstGroups;
     QVector<StoredDepends> m_others;
     QString m_groupName;
     DependencyGroup m_group;
@@ -160,13 +162,14 @@ ResultsHandler::Place ResultsHandler::objectIn(Place outer)
     case Place::Others:
         m_first = std::exchange(m_package, {});
         m_firstInfo = std::exchange(m_info, {});
+        m_firstGroups = std::exchange(m_groups, {});
         startPackage();
         return Place::OtherPackage;
     case Place::Package:
     case Place::OtherPackage:
         if (m_key != Key::dependMap)
             return Place::Ignored;
-        m_info.groups.clear();
+        m_groups.clear();
         return Place::Groups;
     case Place::Groups:
         m_groupName = m_pool.string(m_key);
@@ -220,21 +223,24 @@ void ResultsHandler::startPackage()
 {
     m_package = {};
     m_info = {DependError, {}};
+    m_groups.clear();
 }
 
 void ResultsHandler::endPackage(Place place)
 {
     // Usually the architecture is not stored: dependencies are looked up for the architecture of their package.
-    for (DependencyGroup &group : m_info.groups) {
+    for (DependencyGroup &group : m_groups) {
         for (::Dependency &dependency : group.alternatives)
             setArchitecture(dependency, m_package.architecture);
         group.alternatives = m_alternatives.insert({group.alternatives})->list;
     }
+    m_info.groups = sortedGroups(m_groups);
     m_package.info = QSharedPointer<DependsInfo>::create(std::exchange(m_info, {}));
     if (place == Place::OtherPackage) {
         m_others.append(m_package);
         m_package = std::exchange(m_first, {});
         m_info = std::exchange(m_firstInfo, {});
+        m_groups = std::exchange(m_firstGroups, {});
         return;
     }
     QVector<StoredDepends> packages;
@@ -251,7 +257,7 @@ bool ResultsHandler::EndObject(Size /*count*/)
     if (isPackage(left)) {
         endPackage(left);
     } else if (left == Place::Group) {
-        m_info.groups.insert(m_groupName, std::exchange(m_group, {}));
+        m_groups.insert(m_groupName, std::exchange(m_group, {}));
     } else if (left == Place::Dependency) {
         const ::Dependency dependency = std::move(m_dependencies.back());
         m_dependencies.pop_back();

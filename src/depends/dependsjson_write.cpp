@@ -120,10 +120,9 @@ void ResultsWriter::package(const PackageInfo &package, bool isOnlyOne)
     key(Key::dependMap);
     m_writer.StartObject();
     if (package.dependsInfo) {
-        const auto &groups = package.dependsInfo->groups;
-        for (auto it = groups.cbegin(); it != groups.cend(); ++it) {
-            key(it.key());
-            group(it.value(), package.architecture);
+        for (const DependencyGroup &entry : package.dependsInfo->groups) {
+            key(entry.key);
+            group(entry, package.architecture);
         }
     }
     m_writer.EndObject();

@@ -5,7 +5,6 @@
 
 #include <QStringList>
 
-#include <algorithm>
 #include <array>
 
 namespace
@@ -112,20 +111,6 @@ bool repeatsName(const DependencyGroup &entry, const DependencyGroup &other)
            && entry.alternatives.first().architecture == other.alternatives.first().architecture;
 }
 
-/** Whether the two entries are equal. */
-bool asksTheSame(const DependencyGroup &entry, const DependencyGroup &other)
-{
-    return std::equal(entry.alternatives.cbegin(),
-                      entry.alternatives.cend(),
-                      other.alternatives.cbegin(),
-                      other.alternatives.cend(),
-                      [](const Dependency &a, const Dependency &b) {
-                          return a.name == b.name && a.architecture == b.architecture && a.op == b.op
-                                 && a.version == b.version && a.secondOp == b.secondOp
-                                 && a.secondVersion == b.secondVersion;
-                      });
-}
-
 /** Adds the constraint of `from` to `into`; false when `into` has no free place. */
 bool mergeConstraint(Dependency &into, const Dependency &from)
 {
@@ -163,7 +148,12 @@ QVector<DependencyGroup> DependsParser::entries(std::string_view field, const QS
     return result;
 }
 
-QMap<QString, DependencyGroup> DependsParser::groups(std::string_view field, const QString &architecture)
+QVector<DependencyGroup> DependsParser::groups(std::string_view field, const QString &architecture)
+{
+    return sortedGroups(groupsByKey(field, architecture));
+}
+
+QMap<QString, DependencyGroup> DependsParser::groupsByKey(std::string_view field, const QString &architecture)
 {
     QMap<QString, DependencyGroup> result;
     const auto parsed = entries(field, architecture);
@@ -175,8 +165,9 @@ QMap<QString, DependencyGroup> DependsParser::groups(std::string_view field, con
         } else if (!repeatsName(entry, *known)
                    || !mergeConstraint(known->alternatives.first(), entry.alternatives.first())) {
             const QString text = dependencyText(entry, architecture);
-            const bool isRepeated = asksTheSame(*known, entry)
-                                    || (result.contains(text) && asksTheSame(result.value(text), entry));
+            const bool isRepeated
+                = known->alternatives == entry.alternatives
+                  || (result.contains(text) && result.value(text).alternatives == entry.alternatives);
             if (isRepeated)
                 continue;
             // The name is used again: one entry has alternatives and another has none.
@@ -195,11 +186,11 @@ QVector<DependencyGroup> DependsParser::entries(const PackageInfo &package)
     return result + entries(unfoldedField(text, DependsField, m_unfolded), package.architecture);
 }
 
-QMap<QString, DependencyGroup> DependsParser::groups(const PackageInfo &package)
+QVector<DependencyGroup> DependsParser::groups(const PackageInfo &package)
 {
     const std::string_view text = package.control.text();
-    auto result = groups(unfoldedField(text, DependsField, m_unfolded), package.architecture);
-    const auto first = groups(unfoldedField(text, PreDependsField, m_unfolded), package.architecture);
+    auto result = groupsByKey(unfoldedField(text, DependsField, m_unfolded), package.architecture);
+    const auto first = groupsByKey(unfoldedField(text, PreDependsField, m_unfolded), package.architecture);
     for (auto entry = first.cbegin(); entry != first.cend(); ++entry) {
         // This key sorts after the other entry of that name.
         const QString key
@@ -207,7 +198,7 @@ QMap<QString, DependencyGroup> DependsParser::groups(const PackageInfo &package)
         result.insert(key, *entry);
         result[key].isPreDepends = true;
     }
-    return result;
+    return sortedGroups(result);
 }
 
 bool DependsParser::readAlternative(std::string_view text,

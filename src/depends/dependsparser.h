@@ -23,18 +23,19 @@ public:
     QVector<DependencyGroup> entries(std::string_view field, const QString &architecture);
 
     /**
-     * The entries in the form of a package's result: by the name of the first alternative. An entry that only repeats
-     * the name of another entry becomes the second constraint of that entry. If this is not possible, it stays an entry
-     * of its own with its whole text as the key.
+     * The entries in the form of a package's result: the key is the name of the first alternative. An entry that only
+     * repeats the name of another entry becomes the second constraint of that entry. If this is not possible, it stays
+     * an entry of its own with its whole text as the key.
      */
-    QMap<QString, DependencyGroup> groups(std::string_view field, const QString &architecture);
+    QVector<DependencyGroup> groups(std::string_view field, const QString &architecture);
 
     /** The entries of Pre-Depends and of Depends. Both must be met. */
     QVector<DependencyGroup> entries(const PackageInfo &package);
     /** The same in the form of a result. Entries of Pre-Depends and Depends with the same name stay separate. */
-    QMap<QString, DependencyGroup> groups(const PackageInfo &package);
+    QVector<DependencyGroup> groups(const PackageInfo &package);
 
 private:
+    QMap<QString, DependencyGroup> groupsByKey(std::string_view field, const QString &architecture);
     bool readAlternative(std::string_view text, const QString &architecture, Dependency &dependency);
 
     std::string m_unfolded; ///< the unfolded field that is being read, if it was folded

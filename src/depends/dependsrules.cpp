@@ -80,7 +80,7 @@ DependStatus groupStatus(const DependencyGroup &group)
     return status;
 }
 
-DependStatus packageStatus(const QMap<QString, DependencyGroup> &groups)
+DependStatus packageStatus(const QVector<DependencyGroup> &groups)
 {
     DependStatus status = DependSuccess;
     for (const DependencyGroup &group : groups) {

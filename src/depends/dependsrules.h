@@ -30,5 +30,5 @@ DependStatus dependencyStatus(const QMap<QString, FoundVersion> &found);
 DependStatus groupStatus(const DependencyGroup &group);
 
 /** Error when at least one entry is in error; else undefined when at least one is undefined; else success. */
-DependStatus packageStatus(const QMap<QString, DependencyGroup> &groups);
+DependStatus packageStatus(const QVector<DependencyGroup> &groups);
 } // namespace DependsRules

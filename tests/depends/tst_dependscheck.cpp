@@ -108,13 +108,13 @@ QString printed(const Dependency &dependency)
 QString printed(const DependsInfo &info)
 {
     QStringList entries;
-    for (auto group = info.groups.cbegin(); group != info.groups.cend(); ++group) {
+    for (const DependencyGroup &group : info.groups) {
         QStringList alternatives;
-        for (const Dependency &dependency : group->alternatives)
+        for (const Dependency &dependency : group.alternatives)
             alternatives.append(printed(dependency));
-        const bool usual = group.key() == group->alternatives.first().name;
-        entries.append((usual ? QString() : u'"' + group.key() + "\" "_s)
-                       + (group->isPreDepends ? "! "_s : QString()) + alternatives.join(" | "_s));
+        const bool usual = group.key == group.alternatives.first().name;
+        entries.append((usual ? QString() : u'"' + group.key + "\" "_s)
+                       + (group.isPreDepends ? "! "_s : QString()) + alternatives.join(" | "_s));
     }
     return entries.join(", "_s) + " => "_s + QString::number(info.status);
 }
@@ -443,9 +443,12 @@ private Q_SLOTS:
                  keep);
         packages.append(needing("foo"_s));
         const auto reason = [&packages](int index, const char *key) {
-            return DependsReport::explanation(
-                packages.at(index)->dependsInfo->groups.value(QLatin1String(key)),
-                packages.at(index)->dependsInfo->selection);
+            const DependsInfo &info = *packages.at(index)->dependsInfo;
+            for (const DependencyGroup &group : info.groups) {
+                if (group.key == QLatin1String(key))
+                    return DependsReport::explanation(group, info.selection);
+            }
+            return QString();
         };
         QCOMPARE(reason(0, "foo"), "foo (>= 2.0, << 3): needs >= 2.0, << 3, Local offers 1.5"_s);
         QCOMPARE(reason(0, "bar"), "bar: provided by foo"_s);

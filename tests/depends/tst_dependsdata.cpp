@@ -25,12 +25,13 @@ PackageInfoPtr package(const QString &name, const QString &mark, DependStatus st
     DependsInfo info;
     info.status = status;
     info.selection = 2;
-    info.groups["none"_s].isPreDepends = true;
-    DependencyGroup &group = info.groups[virtualName];
+    DependencyGroup group;
+    group.key = virtualName;
     group.status = DependSuccess;
     group.alternatives
         << Dependency{virtualName, {}, ">="_s, "1.0"_s, "<<"_s, "2.0"_s, DependError, found, providers}
         << other;
+    info.groups = {group, {DependUndefined, {}, true, "none"_s}};
 
     PackageInfo record;
     record.name = name;
@@ -201,7 +202,7 @@ private Q_SLOTS:
                 "mail"_s, architecture, {}, {}, {}, {}, DependSuccess, offers, {{"exim"_s, provider}}};
             const Dependency wine{"wine"_s, "armhf"_s, {}, {}, {}, {}, DependError, offers, {}};
             DependsInfo info{DependError, {}};
-            info.groups = {{"mail"_s, {DependSuccess, {mail}}}, {"wine"_s, {DependError, {wine}}}};
+            info.groups = {{DependSuccess, {mail}, false, "mail"_s}, {DependError, {wine}, false, "wine"_s}};
             PackageInfo record = *unchecked("foo"_s);
             record.architecture = architecture;
             record.indexComponent = "main"_s;

@@ -28,7 +28,7 @@ inline QList<PackageInfoPtr> results(int number)
     dependency.name = "needed"_s;
     dependency.version = QString::number(number);
     dependency.status = DependError;
-    info->groups.insert(dependency.name, {DependError, {dependency}});
+    info->groups.append({DependError, {dependency}, false, dependency.name});
     QList<PackageInfoPtr> packages;
     for (int i = 0; i < PackageCount; ++i) {
         PackageInfo package;
@@ -84,11 +84,11 @@ inline int resultsNumber()
         &data, &DependsData::packagesMerged, &context, [&number](const QList<PackageInfoPtr> &packages) {
             number = packages.size() == PackageCount ? 0 : -1;
             for (const PackageInfoPtr &package : packages) {
-                const auto groups = package->hasDependsInfo() ? package->dependsInfo->groups
-                                                              : QMap<QString, DependencyGroup>();
-                const int own = groups.value("needed"_s).alternatives.isEmpty()
+                const auto groups
+                    = package->hasDependsInfo() ? package->dependsInfo->groups : QVector<DependencyGroup>();
+                const int own = groups.size() != 1 || groups.first().key != "needed"_s
                                     ? -1
-                                    : groups["needed"_s].alternatives.first().version.toInt();
+                                    : groups.first().alternatives.first().version.toInt();
                 number = number == 0 || number == own ? own : -1;
             }
         });

@@ -33,7 +33,11 @@ PackageInfo wanted(const char *name, const char *version)
 
 Dependency lacking(const PackageInfoPtr &package, const char *name)
 {
-    return package->dependsInfo->groups.value(QLatin1String(name)).alternatives.value(0);
+    for (const DependencyGroup &group : package->dependsInfo->groups) {
+        if (group.key == QLatin1String(name))
+            return group.alternatives.first();
+    }
+    return {};
 }
 } // namespace
 

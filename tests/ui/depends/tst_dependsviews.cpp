@@ -38,8 +38,10 @@ package(const char *name, DependStatus status, const QVector<DependencyGroup> &e
     result.architecture = "amd64"_s;
     if (checked) {
         DependsInfo info{status, {}};
+        QMap<QString, DependencyGroup> groups;
         for (const DependencyGroup &entry : entries)
-            info.groups.insert(entry.alternatives.first().name, entry);
+            groups.insert(entry.alternatives.first().name, entry);
+        info.groups = sortedGroups(groups);
         result.dependsInfo = QSharedPointer<DependsInfo>::create(info);
     }
     return PackageInfoPtr::create(result);
