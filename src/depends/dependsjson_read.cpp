@@ -9,6 +9,7 @@
 #include <QSet>
 #include <QStringList>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -40,6 +41,22 @@ void setArchitecture(Dependency &dependency, const QString &architecture)
         return;
     for (Dependency &provider : dependency.providers)
         setArchitecture(provider, dependency.architecture);
+}
+
+/** Sorts the groups by their keys and frees spare memory. Of several groups with one key, the last one counts. */
+void sortGroups(QVector<DependencyGroup> &groups)
+{
+    const auto isOutOfOrder
+        = [](const DependencyGroup &a, const DependencyGroup &b) { return !(a.key < b.key); };
+    // We write them in their order.
+    if (std::adjacent_find(groups.cbegin(), groups.cend(), isOutOfOrder) == groups.cend()) {
+        groups.squeeze();
+        return;
+    }
+    QMap<QString, DependencyGroup> byKey;
+    for (const DependencyGroup &group : qAsConst(groups))
+        byKey.insert(group.key, group);
+    groups = sortedGroups(byKey);
 }
 
 /** A list of alternatives that can be a member of a set. */
@@ -118,13 +135,10 @@ private:
 
     QString m_packageName;
     StoredDepends m_package; ///< the package that is being read
-    DependsInfo m_info; ///< results for m_package, without the groups
-    QMap<QString, DependencyGroup> m_groups; ///< of m_info
+    DependsInfo m_info; ///< results for m_package; its groups are sorted at the end
     StoredDepends m_first; ///< the first package of the name, while one of the others is being read
     DependsInfo m_firstInfo;
-    QMap<QString, DependencyGroup> m_firstGroups;
     QVector<StoredDepends> m_others;
-    QString m_groupName;
     DependencyGroup m_group;
     std::vector<::Dependency>
         m_dependencies; ///< the present alternative, followed by the present nested providers
@@ -162,18 +176,16 @@ ResultsHandler::Place ResultsHandler::objectIn(Place outer)
     case Place::Others:
         m_first = std::exchange(m_package, {});
         m_firstInfo = std::exchange(m_info, {});
-        m_firstGroups = std::exchange(m_groups, {});
         startPackage();
         return Place::OtherPackage;
     case Place::Package:
     case Place::OtherPackage:
         if (m_key != Key::dependMap)
             return Place::Ignored;
-        m_groups.clear();
+        m_info.groups.clear();
         return Place::Groups;
     case Place::Groups:
-        m_groupName = m_pool.string(m_key);
-        m_group = {DependError, {}};
+        m_group = {DependError, {}, false, m_pool.string(m_key)};
         return Place::Group;
     case Place::Alternatives:
     case Place::Providers:
@@ -223,24 +235,22 @@ void ResultsHandler::startPackage()
 {
     m_package = {};
     m_info = {DependError, {}};
-    m_groups.clear();
 }
 
 void ResultsHandler::endPackage(Place place)
 {
     // Usually the architecture is not stored: dependencies are looked up for the architecture of their package.
-    for (DependencyGroup &group : m_groups) {
+    for (DependencyGroup &group : m_info.groups) {
         for (::Dependency &dependency : group.alternatives)
             setArchitecture(dependency, m_package.architecture);
         group.alternatives = m_alternatives.insert({group.alternatives})->list;
     }
-    m_info.groups = sortedGroups(m_groups);
+    sortGroups(m_info.groups);
     m_package.info = QSharedPointer<DependsInfo>::create(std::exchange(m_info, {}));
     if (place == Place::OtherPackage) {
         m_others.append(m_package);
         m_package = std::exchange(m_first, {});
         m_info = std::exchange(m_firstInfo, {});
-        m_groups = std::exchange(m_firstGroups, {});
         return;
     }
     QVector<StoredDepends> packages;
@@ -257,7 +267,7 @@ bool ResultsHandler::EndObject(Size /*count*/)
     if (isPackage(left)) {
         endPackage(left);
     } else if (left == Place::Group) {
-        m_groups.insert(m_groupName, std::exchange(m_group, {}));
+        m_info.groups.append(std::exchange(m_group, {}));
     } else if (left == Place::Dependency) {
         const ::Dependency dependency = std::move(m_dependencies.back());
         m_dependencies.pop_back();

@@ -369,7 +369,11 @@ private Q_SLOTS:
             {"{'dependMap': {'g': {'packages': [{'foundedVersions': {'a': 1, 'b': {'status': [1], "
              "'version': 3}}, 'providers': {}}]}}}",
              0,
-             " 0 b=0"_s}};
+             " 0 b=0"_s},
+            {"{'dependMap': {'z': {}, 'g': {'packages': [{'name': 'old'}]}, 'g': {'packages': [{'name': 'n', "
+             "'status': 1}]}}}",
+             0,
+             "n 1 "_s}};
         for (const Row &row : rows) {
             writeFile(m_file, json("{'/r': {'foo':") + json(row.entry) + "}}");
             Cache cache(m_file, "/r"_s);
