@@ -3,6 +3,7 @@
 #include "app/singleinstance.h"
 #include "depends/dependsdata.h"
 #include "engine/archive/archiveutils.h"
+#include "engine/storedresults.h"
 #include "files/saveleftovers.h"
 #include "files/scratchfolder.h"
 #include "platform/desktopintegration.h"
@@ -16,6 +17,7 @@
 #include <QDir>
 #include <QIcon>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTextStream>
@@ -117,6 +119,7 @@ int main(int argc, char *argv[])
     }
 
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("server-database")));
+    const auto written = qScopeGuard(&StoredResults::waitForAll);
     MainWindow window;
     KSignalHandler *const signalHandler = KSignalHandler::self();
     for (const int signal : {SIGTERM, SIGINT, SIGHUP})

@@ -3,6 +3,7 @@
 #include "cli/console.h"
 #include "cli/invocation.h"
 #include "cli/usage.h"
+#include "engine/storedresults.h"
 #include "platform/desktopintegration.h"
 
 #include <QCoreApplication>
@@ -36,5 +37,7 @@ int main(int argc, char *argv[])
         console.remark(QCoreApplication::translate("cli", "velt-admin-repo-cli --help shows all commands."));
         return static_cast<int>(ExitCode::Usage);
     }
-    return static_cast<int>(Commands::run(invocation, console));
+    const ExitCode code = Commands::run(invocation, console);
+    StoredResults::waitForAll();
+    return static_cast<int>(code);
 }

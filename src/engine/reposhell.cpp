@@ -42,7 +42,7 @@ RepoShell::RepoShell(QObject *parent)
         });
     // The interface asks for this one, and its thread waits for nothing.
     connect(this, &RepoShell::requestForRemovingStoredInformation, this, [this] {
-        StoredResults::removeInBackground(path());
+        m_storedResults->removeLater();
     });
 }
 
@@ -50,8 +50,13 @@ RepoShell::~RepoShell()
 {
     setClosing();
     m_future.waitForFinished();
-    // While the thread of the results ends, nothing else of the engine may have gone.
+    // Its thread reaches nothing else of the engine from now on.
     m_storedResults.reset();
+}
+
+void RepoShell::waitForStoring()
+{
+    m_storedResults->waitUntilWritten();
 }
 
 RepoInfo RepoShell::defaultRepoInfo()

@@ -171,6 +171,8 @@ public:
     bool isRunning() const { return m_runningJobs > 0; }
     /** Blocks until the job has ended; for programs without an interface. */
     void waitForFinished() { m_future.waitForFinished(); }
+    /** Blocks until the results of its checks are stored too. */
+    void waitForStoring();
     /** Blocks until the job has ended and returns its ErrorCode; ERROR when there was none. */
     int result() const { return m_future.isCanceled() ? ERROR : m_future.result(); }
 

@@ -4,38 +4,99 @@
 #include "depends/dependsdata.h"
 #include "engine/control/jobsignals.h"
 
-#include <QtConcurrent>
+#include <QCoreApplication>
+#include <QThread>
+
+#include <algorithm>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace
+{
+/** The threads of engines that are gone. */
+class EndingThreads
+{
+public:
+    void add(std::unique_ptr<QThread> thread)
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        const auto ended = [](const std::unique_ptr<QThread> &other) { return other->isFinished(); };
+        m_threads.erase(std::remove_if(m_threads.begin(), m_threads.end(), ended), m_threads.end());
+        m_threads.push_back(std::move(thread));
+    }
+    void waitForAll()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        for (const auto &thread : m_threads)
+            thread->wait();
+        m_threads.clear();
+    }
+
+private:
+    std::mutex m_mutex;
+    std::vector<std::unique_ptr<QThread>> m_threads;
+};
+
+EndingThreads &endingThreads()
+{
+    static EndingThreads threads;
+    // Without the application object no thread can end its event loop.
+    static const bool isRegistered = [] {
+        qAddPostRoutine([] { threads.waitForAll(); });
+        return true;
+    }();
+    Q_UNUSED(isRegistered)
+    return threads;
+}
+} // namespace
 
 StoredResults::StoredResults(JobSignals &engineSignals,
                              const std::function<void(const QList<PackageInfoPtr> &packages)> &merged,
                              const std::function<void(const QString &keptAs)> &broken)
-    : m_store(std::make_unique<DependsData>(DependsData::userFileName()))
+    : m_thread(std::make_unique<QThread>())
+    , m_store(new DependsData(DependsData::userFileName()))
 {
-    DependsData *const store = m_store.get();
-    store->moveToThread(&m_thread);
-    const auto serve = [&engineSignals, store](auto request, auto answer) {
-        QObject::connect(&engineSignals, request, store, answer, Qt::BlockingQueuedConnection);
+    DependsData *const store = m_store;
+    store->moveToThread(m_thread.get());
+    const auto serve = [&engineSignals, store](auto request, auto answer, Qt::ConnectionType type) {
+        QObject::connect(&engineSignals, request, store, answer, type);
     };
-    serve(&JobSignals::requestForStoredInformation, &DependsData::loadData);
-    serve(&JobSignals::requestForMergingInformation, &DependsData::mergeStoredPackages);
-    serve(&JobSignals::requestForMovingStoredInformation, &DependsData::changePath);
-    serve(&JobSignals::requestForSavingPackages, &DependsData::savePackages);
-    serve(&JobSignals::requestForClearingStoredInformation, &DependsData::removeRepoData);
+    constexpr auto Waiting = Qt::BlockingQueuedConnection;
+    serve(&JobSignals::requestForStoredInformation, &DependsData::loadData, Waiting);
+    serve(&JobSignals::requestForMergingInformation, &DependsData::mergeStoredPackages, Waiting);
+    serve(&JobSignals::requestForMovingStoredInformation, &DependsData::changePath, Waiting);
+    serve(&JobSignals::requestForSavingPackages, &DependsData::savePackages, Qt::QueuedConnection);
+    serve(&JobSignals::requestForClearingStoredInformation, &DependsData::removeRepoData, Waiting);
     // On the store's thread, while the job waits that asked: so the list of packages is the job's to write.
     QObject::connect(store, &DependsData::packagesMerged, &engineSignals, merged, Qt::DirectConnection);
     QObject::connect(store, &DependsData::fileBroken, &engineSignals, broken);
-    m_thread.start();
+    m_thread->start();
 }
 
 StoredResults::~StoredResults()
 {
-    // Without a job nothing is queued in the store's thread, so this does not wait for a file.
-    m_thread.quit();
-    m_thread.wait();
+    // Behind the results that are still to be written.
+    const auto end = [store = m_store, thread = m_thread.get()] {
+        store->deleteLater();
+        thread->quit();
+    };
+    QMetaObject::invokeMethod(m_store, end, Qt::QueuedConnection);
+    endingThreads().add(std::move(m_thread));
 }
 
-void StoredResults::removeInBackground(const QString &repoPath)
+void StoredResults::waitUntilWritten() const
 {
-    QtConcurrent::run(
-        [file = DependsData::userFileName(), repoPath] { DependsData(file, repoPath).removeRepoData(); });
+    QMetaObject::invokeMethod(
+        m_store, [] {}, Qt::BlockingQueuedConnection);
+}
+
+void StoredResults::waitForAll()
+{
+    endingThreads().waitForAll();
+}
+
+void StoredResults::removeLater()
+{
+    QMetaObject::invokeMethod(m_store, &DependsData::removeRepoData, Qt::QueuedConnection);
 }

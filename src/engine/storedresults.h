@@ -5,17 +5,18 @@
 
 #include <QList>
 #include <QString>
-#include <QThread>
 
 #include <functional>
 #include <memory>
 
 class DependsData;
 class JobSignals;
+class QThread;
 
 /**
  * The stored results of the dependency checks, on a thread of their own. A job that asks for them waits until they are
- * read or written, so what it emits next, idle() among it, comes after that.
+ * read. It does not wait until they are written, which takes seconds where the file holds the results of many packages;
+ * what is asked for later is read after that.
  */
 class StoredResults
 {
@@ -28,14 +29,19 @@ public:
     StoredResults(JobSignals &engineSignals,
                   const std::function<void(const QList<PackageInfoPtr> &packages)> &merged,
                   const std::function<void(const QString &keptAs)> &broken);
+    /** Returns at once: what is still to be written is written without the engine. */
     ~StoredResults();
     StoredResults(const StoredResults &) = delete;
     StoredResults &operator=(const StoredResults &) = delete;
 
-    /** Deletes the results of the repository on the thread pool. The engine, and the program, may be gone before. */
-    static void removeInBackground(const QString &repoPath);
+    /** Blocks until this engine's results are written; for programs without an interface. */
+    void waitUntilWritten() const;
+    /** Blocks until those of engines that are gone are written: for the end of the program. */
+    static void waitForAll();
+    /** Deletes the results of the repository, behind those that are still to be written. Returns at once. */
+    void removeLater();
 
 private:
-    QThread m_thread; ///< of m_store; free whenever no job runs
-    std::unique_ptr<DependsData> m_store;
+    std::unique_ptr<QThread> m_thread;
+    DependsData *m_store; ///< lives in m_thread, and is deleted with it
 };

@@ -68,6 +68,7 @@ EngineHarness::Code EngineHarness::run(const std::function<void()> &start)
     start();
     if (!idle.wait(120000))
         qFatal("the job did not end");
+    shell.waitForStoring();
     return static_cast<Code>(shell.result());
 }
 

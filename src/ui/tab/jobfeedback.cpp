@@ -37,6 +37,7 @@ QString titleOf(RepoEnums::ErrorCause cause)
         return RepoShell::tr("Nothing to upgrade");
     case RepoEnums::SOURCES_NOT_WRITTEN:
         return RepoShell::tr("Create source.list file error");
+    case RepoEnums::REPOSITORY_BUSY:
     case RepoEnums::OTHER_CAUSE:
         break;
     }
