@@ -3,6 +3,8 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace
 {
 const QString SourceListKey = QStringLiteral("Dir::Etc::sourcelist");
@@ -53,6 +55,19 @@ QStringList downloadArguments(const QString &name, const QString &version, const
     return {QStringLiteral("download"), QStringLiteral("%1:%2=%3").arg(name, architecture, version)};
 }
 
+QStringList downloadArguments(const QVector<AptDownload> &packages)
+{
+    QStringList arguments{QStringLiteral("-q"), QStringLiteral("download")};
+    for (const AptDownload &package : packages)
+        arguments.append(QStringLiteral("%1:%2=%3").arg(package.name, package.architecture, package.version));
+    return arguments;
+}
+
+QStringList downloadHashesArguments(const QVector<AptDownload> &packages)
+{
+    return QStringList{QStringLiteral("--print-uris")} + downloadArguments(packages);
+}
+
 QStringList searchArguments(const QString &prefix)
 {
     // apt reads the text as an extended regular expression, where a plus repeats. For grep a plus is an ordinary
@@ -82,16 +97,20 @@ bool isSearchPrefix(const QString &text)
     return expression.match(text).hasMatch();
 }
 
-bool isDownloadOf(const QString &fileName,
-                  const QString &name,
-                  const QString &version,
-                  const QString &architecture)
+QString fileOf(const AptDownload &package, const QStringList &files)
 {
     // apt writes the colon after an epoch as "%3a".
-    QString fileVersion = version;
-    fileVersion.replace(QLatin1Char(':'), QLatin1String("%3a"));
-    // From the start of the name to the dot of the suffix; otherwise libfoo_1_amd64.deb would match foo.
-    return fileName.startsWith(QStringLiteral("%1_%2_%3.").arg(name, fileVersion, architecture))
-           || fileName.startsWith(QStringLiteral("%1_%2_all.").arg(name, fileVersion));
+    QString version = package.version;
+    version.replace(QLatin1Char(':'), QLatin1String("%3a"));
+    // The file for "all" can be that of a package with the same name and another architecture.
+    for (const QString &architecture : {package.architecture, QStringLiteral("all")}) {
+        // From the start of the name to the dot of the suffix; otherwise libfoo_1_amd64.deb would match foo.
+        const QString start = QStringLiteral("%1_%2_%3.").arg(package.name, version, architecture);
+        const auto file = std::find_if(
+            files.cbegin(), files.cend(), [&start](const QString &name) { return name.startsWith(start); });
+        if (file != files.cend())
+            return *file;
+    }
+    return {};
 }
 } // namespace AptCommands

@@ -3,6 +3,15 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVector>
+
+/** A package to download. */
+struct AptDownload
+{
+    QString name;
+    QString version;
+    QString architecture; ///< of the question; the file can be for "all"
+};
 
 /**
  * Arguments for apt and apt-cache, and the names of the files that apt downloads. Names and architectures come from
@@ -12,6 +21,7 @@
 namespace AptCommands
 {
 inline const QString Apt = QStringLiteral("apt");
+inline const QString AptGet = QStringLiteral("apt-get");
 inline const QString AptCache = QStringLiteral("apt-cache");
 inline const QString AptConfig = QStringLiteral("apt-config");
 inline const QString Bash = QStringLiteral("bash");
@@ -31,6 +41,10 @@ QStringList recordsArguments(const QString &name, const QString &listFile);
 QStringList recordsArguments(const QStringList &names, const QString &listFile);
 /** For apt. */
 QStringList downloadArguments(const QString &name, const QString &version, const QString &architecture);
+/** For apt-get: many packages in one run. */
+QStringList downloadArguments(const QVector<AptDownload> &packages);
+/** For apt-get: the names and hashes of the files of such a run, see AptOutput::downloadHashes(). */
+QStringList downloadHashesArguments(const QVector<AptDownload> &packages);
 /** For bash: a search for names that begin with `prefix`. `prefix` must pass isSearchPrefix(). */
 QStringList searchArguments(const QString &prefix);
 
@@ -42,11 +56,8 @@ bool isArchitecture(const QString &architecture);
 bool isSearchPrefix(const QString &text);
 
 /**
- * True when `fileName` is the name that apt gives to the download of this package. The file may be for this
+ * The one of the files that apt has made for this package; empty when there is none. The file may be for the
  * architecture or for "all", because the command line of apt is the same for both.
  */
-bool isDownloadOf(const QString &fileName,
-                  const QString &name,
-                  const QString &version,
-                  const QString &architecture);
+QString fileOf(const AptDownload &package, const QStringList &files);
 } // namespace AptCommands

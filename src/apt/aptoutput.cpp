@@ -243,6 +243,20 @@ QStringList fieldValues(const QStringList &lines, const QString &field)
     return values;
 }
 
+QHash<QString, QString> downloadHashes(const QString &uris)
+{
+    static const QRegularExpression expression(
+        QStringLiteral("^'[^']*' (?P<file>[^ /]+) [0-9]+ (?P<hash>[A-Za-z0-9]+:[0-9a-f]+)$"),
+        QRegularExpression::MultilineOption);
+    QHash<QString, QString> hashes;
+    auto matches = expression.globalMatch(uris);
+    while (matches.hasNext()) {
+        const auto match = matches.next();
+        hashes.insert(match.captured(QStringLiteral("file")), match.captured(QStringLiteral("hash")));
+    }
+    return hashes;
+}
+
 QString shellValue(const QString &shell, const QString &name)
 {
     const QRegularExpression line(QStringLiteral("^%1='(.*)'$").arg(name),

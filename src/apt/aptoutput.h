@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QHash>
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -55,6 +56,9 @@ QString origin(const QString &line);
 
 /** The values of all lines with the field, in their order, without surrounding white space. */
 QStringList fieldValues(const QStringList &lines, const QString &field);
+
+/** The hashes of the files in the output of "apt-get --print-uris download": TYPE:HEX by the files' names. */
+QHash<QString, QString> downloadHashes(const QString &uris);
 
 /** The value of a line NAME='VALUE' of "apt-config shell"; empty when there is none. */
 QString shellValue(const QString &shell, const QString &name);

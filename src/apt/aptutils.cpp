@@ -2,9 +2,12 @@
 #include "apt/aptutils.h"
 
 #include "apt/aptcommands.h"
+#include "files/regularfile.h"
 #include "files/wholefile.h"
 
+#include <QCryptographicHash>
 #include <QDir>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <iterator>
@@ -17,6 +20,20 @@ bool isPackageWord(const QString &word)
     const int colon = word.indexOf(QLatin1Char(':'));
     return AptCommands::isPackageName(word.left(colon))
            && (colon < 0 || AptCommands::isArchitecture(word.mid(colon + 1)));
+}
+
+/** Whether the file's hash is this one, in apt's words. Only hashes that apt trusts count. */
+bool hasHash(const QString &path, const QString &expected)
+{
+    const QString type = expected.section(QLatin1Char(':'), 0, 0);
+    const auto algorithm
+        = type == QLatin1String("SHA512") ? QCryptographicHash::Sha512 : QCryptographicHash::Sha256;
+    if (algorithm == QCryptographicHash::Sha256 && type != QLatin1String("SHA256"))
+        return false;
+    QCryptographicHash hash(algorithm);
+    RegularFile file(path);
+    return file.open(QIODevice::ReadOnly) && hash.addData(&file)
+           && QString::fromLatin1(hash.result().toHex()) == expected.section(QLatin1Char(':'), 1);
 }
 } // namespace
 
@@ -140,6 +157,43 @@ QStringList AptUtils::searchByPrefix(const QString &prefix)
     return AptOutput::searchedNames(output(), prefix);
 }
 
+QStringList AptUtils::downloadTogether(const QVector<AptDownload> &packages, const QString &folder)
+{
+    QVector<AptDownload> accepted;
+    std::copy_if(packages.cbegin(), packages.cend(), std::back_inserter(accepted), [](const auto &package) {
+        return AptCommands::isPackageName(package.name) && AptCommands::isArchitecture(package.architecture);
+    });
+    const bool succeeded
+        = !accepted.isEmpty() && run(AptCommands::AptGet, AptCommands::downloadArguments(accepted), folder);
+    const QDir target(folder);
+    QStringList files = target.entryList(QDir::Files);
+    if (!succeeded && !files.isEmpty())
+        files = wholeFiles(files, accepted, folder);
+    QStringList paths;
+    for (const AptDownload &package : packages) {
+        const QString file = AptCommands::fileOf(package, files);
+        files.removeOne(file);
+        paths.append(file.isEmpty() ? QString() : target.absoluteFilePath(file));
+    }
+    return paths;
+}
+
+QStringList
+AptUtils::wholeFiles(const QStringList &files, const QVector<AptDownload> &packages, const QString &folder)
+{
+    // apt does not name the files that are there.
+    const QTemporaryDir empty;
+    if (!empty.isValid()
+        || !run(AptCommands::AptGet, AptCommands::downloadHashesArguments(packages), empty.path()))
+        return {};
+    const auto hashes = AptOutput::downloadHashes(output());
+    QStringList whole;
+    std::copy_if(files.cbegin(), files.cend(), std::back_inserter(whole), [&](const QString &name) {
+        return hasHash(folder + QLatin1Char('/') + name, hashes.value(name));
+    });
+    return whole;
+}
+
 QString AptUtils::download(const QString &name,
                            const QString &version,
                            const QString &architecture,
@@ -151,12 +205,8 @@ QString AptUtils::download(const QString &name,
             AptCommands::Apt, AptCommands::downloadArguments(name, version, architecture), folder, failure))
         return {};
     const QDir target(folder);
-    const QStringList files = target.entryList(QDir::Files);
-    for (const QString &file : files) {
-        if (AptCommands::isDownloadOf(file, name, version, architecture))
-            return target.absoluteFilePath(file);
-    }
-    return {};
+    const QString file = AptCommands::fileOf({name, version, architecture}, target.entryList(QDir::Files));
+    return file.isEmpty() ? QString() : target.absoluteFilePath(file);
 }
 
 bool AptUtils::ask(const QString &program,

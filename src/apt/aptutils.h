@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "apt/aptcommands.h"
 #include "apt/aptoutput.h"
 #include "core/processutils.h"
 
@@ -55,11 +56,20 @@ public:
     /** The packages whose names begin with `prefix`; takes seconds, and never emits an error. */
     QStringList searchByPrefix(const QString &prefix);
 
+    /**
+     * Downloads packages into `folder`, which is empty, with one run. The paths are in the order of the packages, and
+     * empty for those that have not come. There is no error for them: download() tells the reason for each.
+     */
+    QStringList downloadTogether(const QVector<AptDownload> &packages, const QString &folder);
+
     /** Downloads a package into `folder`. Returns the absolute path of the file; empty when the download failed. */
     QString
     download(const QString &name, const QString &version, const QString &architecture, const QString &folder);
 
 private:
+    /** Those of these files of a failed run that are whole: apt leaves the others where they are. */
+    QStringList
+    wholeFiles(const QStringList &files, const QVector<AptDownload> &packages, const QString &folder);
     /** Calls run() and reports a failure with the text `failure`. */
     bool ask(const QString &program,
              const QStringList &arguments,

@@ -25,7 +25,6 @@ namespace
 constexpr int LockInterval = 100; // milliseconds
 constexpr int KeptDays = 7;
 
-const QString AptGet = QStringLiteral("apt-get");
 const QString LockName = QStringLiteral("fetch.lock");
 const QString StampName = QStringLiteral("fetched");
 
@@ -180,7 +179,7 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
     QFile stamp(m_folder + QLatin1Char('/') + StampName);
     const QDateTime fetched = stamp.fileTime(QFileDevice::FileModificationTime);
     if (!AptFetch::isFresh(fetched, QDateTime::currentDateTime(), m_sources)) {
-        ProcessCall call{AptGet,
+        ProcessCall call{AptCommands::AptGet,
                          {QStringLiteral("-q"),
                           QStringLiteral("update"),
                           QStringLiteral("-o"),
@@ -212,7 +211,7 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
 
 bool PrivateApt::hasLists(const StopRequest &stopped) const
 {
-    ProcessCall call{AptGet,
+    ProcessCall call{AptCommands::AptGet,
                      {QStringLiteral("indextargets"),
                       QStringLiteral("--format"),
                       QStringLiteral("$(FILENAME)"),

@@ -63,9 +63,11 @@ private Q_SLOTS:
 
     void downloadNames()
     {
-        const auto accepted = [](const QString &name) {
-            return AptCommands::isDownloadOf(name + ".deb"_s, "foo"_s, "1:2.0-1"_s, "amd64"_s);
-        };
+        const AptDownload foo{"foo"_s, "1:2.0-1"_s, "amd64"_s};
+        const auto accepted
+            = [&foo](const QString &name) { return !AptCommands::fileOf(foo, {name + ".deb"_s}).isEmpty(); };
+        const QStringList files = "foo_1%3a2.0-1_all.deb foo_1%3a2.0-1_amd64.deb"_s.split(u' ');
+        QCOMPARE(AptCommands::fileOf(foo, files), files.last());
         QVERIFY(accepted("foo_1%3a2.0-1_amd64"_s) && accepted("foo_1%3a2.0-1_all"_s));
         const QStringList others = "foo_2.0-1_amd64 libfoo_1%3a2.0-1_amd64 foo_1%3a2.0-1_amd64v2 "
                                    "foo_1%3a2.0-1_i386 foo_1%3a2.0-10_amd64"_s.split(u' ');

@@ -15,7 +15,9 @@
 #include "engine/repository/distributionsfile.h"
 
 #include <QFileInfo>
+#include <QSet>
 
+#include <algorithm>
 #include <memory>
 
 namespace
@@ -58,6 +60,43 @@ AddedFile PackageAdding::fileAt(const QString &path, bool isLast) const
 RepoEnums::ErrorCode PackageAdding::replace(AddedFile *file, const PackageInfo &record)
 {
     return m_inclusion.include(file, record, true);
+}
+
+void PackageAdding::replaceTogether(const QVector<BatchInclusion::Candidate> &files)
+{
+    const bool knowsArchitectures = isDescriptionRead(m_context.path());
+    QVector<BatchInclusion::Candidate> shared;
+    QSet<PackageKey> taken;
+    for (const BatchInclusion::Candidate &file : files) {
+        const bool isFree
+            = std::none_of(file.records.cbegin(), file.records.cend(), [&taken](const PackageInfo &record) {
+                  return taken.contains(PackageKey::of(record));
+              });
+        if (isFree && areAllPlaces(file.records, knowsArchitectures))
+            shared.append(file);
+        // Of several files for one place, also of those that go in alone, the later ones must not go in first.
+        for (const PackageInfo &record : file.records)
+            taken.insert(PackageKey::of(record));
+    }
+    BatchInclusion(m_context, m_session, m_inclusion).include(shared, true);
+}
+
+bool PackageAdding::areAllPlaces(const QVector<PackageInfo> &records, bool knowsArchitectures) const
+{
+    if (records.isEmpty())
+        return false;
+    QStringList architectures{records.first().ownArchitecture()};
+    if (architectures.first() == QLatin1String("all")) {
+        if (!knowsArchitectures)
+            return false;
+        architectures = m_context.repository.info().binaryArchitectures();
+    }
+    for (const PackageInfo &record : records) {
+        if (record.indexComponent != records.first().indexComponent
+            || !architectures.removeOne(record.architecture))
+            return false;
+    }
+    return architectures.isEmpty();
 }
 
 RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame *frame)

@@ -5,6 +5,7 @@
 #include "core/packagereplacementrules.h"
 #include "core/repoenums.h"
 #include "engine/changes/addoptions.h"
+#include "engine/changes/batchinclusion.h"
 #include "engine/changes/exportsession.h"
 #include "engine/changes/packageinclusion.h"
 
@@ -39,6 +40,15 @@ public:
     void addReadFile(const PackageFile &read, bool isLast);
     /** The file at this path on its way into the repository, for the jobs that include files themselves. */
     AddedFile fileAt(const QString &path, bool isLast = false) const;
+    /** For a job of many runs: see ExportSession. */
+    void startSilently() { m_session.startSilently(); }
+    /** Whether several files can go in with one run: none is signed, and the indices wait for the end. */
+    bool canShareRuns() const { return !m_inclusion.isSigning() && m_session.isSilent(); }
+    /** Puts those of the files that can share a run into the places of older packages. A replace() for each place of
+     *  each file must follow, in the order of the files. */
+    void replaceTogether(const QVector<BatchInclusion::Candidate> &files);
+    /** Whether replaceTogether() has put the file in, and no replace() has followed. */
+    bool isAhead(const QString &path) const { return m_inclusion.isAhead(path); }
     /** Puts a file in the place of the package that is there; see PackageInclusion::include(). */
     ErrorCode replace(AddedFile *file, const PackageInfo &record);
     /** Writes the indices, checks the added packages and has the results stored. False, after an error, when all
@@ -77,6 +87,8 @@ private:
     void includeTogether(const QVector<PackageFile> &files);
     /** The future records of a package in the repository, one for each architecture. */
     QVector<PackageInfo> recordsOf(const PackageInfo &package) const;
+    /** Whether reprepro, when it is told no architecture, puts the file into these places and no others. */
+    bool areAllPlaces(const QVector<PackageInfo> &records, bool knowsArchitectures) const;
     ErrorCode addFile(AddedFile *file, const QVector<PackageInfo> &records);
     /** The file with which the first of these records collides, and which of the other records collide with it. */
     PresentFile presentFile(const QVector<PackageInfo> &records) const;

@@ -8,37 +8,50 @@
 #include "engine/changes/addedfile.h"
 #include "engine/changes/jobframe.h"
 #include "engine/changes/jobpreconditions.h"
+#include "engine/changes/runsize.h"
 #include "engine/jobs/packageadding.h"
 #include "engine/upgrade/upgradeoffers.h"
 #include "files/scratchfolder.h"
 
 #include <QDir>
+#include <QHash>
 
 namespace
 {
-/** Why a file is not what was asked for; empty when it is. */
-QString mismatch(const PackageFile &file, const UpgradablePackage &wanted)
+/** The file, without its package when that is not what was asked for. */
+PackageFile checked(const PackageFile &file, const UpgradablePackage &wanted)
 {
     if (!file.package)
-        return file.reason;
+        return file;
     const PackageInfo &package = *file.package;
     if (package.name == wanted.name && package.version == wanted.newVersion
         && (package.architecture == wanted.fetchArchitecture || package.architecture == QLatin1String("all")))
-        return {};
-    return UpgradeJob::tr("The file that has come is of another package: %1 %2 (%3).")
-        .arg(package.name, package.version, package.architecture);
+        return file;
+    return {file.path,
+            {},
+            UpgradeJob::tr("The file that has come is of another package: %1 %2 (%3).")
+                .arg(package.name, package.version, package.architecture)};
 }
 } // namespace
 
 /** What the job keeps from one package to the next. */
 struct UpgradeJob::Run
 {
+    JobFrame &frame;
+    const int count; ///< of the files
     PackageAdding &adding;
     UpgradeOffers &offers;
-    QString folder; ///< where the files are fetched to
-    QVector<AptPackageRecord> records = {}; ///< what the sources offer now
+    const QString folder; ///< where the files are fetched to
+    QHash<QString, QVector<AptPackageRecord>> records = {}; ///< what the sources offer now, by names
+    int folders = 0; ///< that were made in the folder
+    bool stopped = false;
     int upgraded = 0;
     int failed = 0;
+
+    bool isOffered(const UpgradablePackage &package) const
+    {
+        return UpgradeRules::isOffered(package, records.value(package.name));
+    }
 };
 
 int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions &options)
@@ -64,22 +77,26 @@ int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions
         return end(ERROR, failure);
 
     PackageAdding adding(m_context, options, groups.size() == 1);
-    Run run{adding, offers, folder.path()};
+    Run run{frame, groups.size(), adding, offers, folder.path()};
     const ErrorCode ready = askAgain(groups, &run);
     if (ready == ERROR)
         return end(ERROR, failure);
-    bool stopped = ready == CANCEL;
-    for (int done = 0; done < groups.size() && !stopped; ++done) {
-        stopped = mustStop();
-        if (stopped || adding.isDamaged())
-            break;
-        upgradeFrom(groups.at(done), &run);
-        frame.itemDone(groups.size());
+    run.stopped = ready == CANCEL;
+    // From a slow server the files come one by one, and the progress moves with each.
+    RunSize size(RunSize::Smallest, 1);
+    if (groups.size() > 1)
+        adding.startSilently();
+    for (int first = 0; first < groups.size() && !run.stopped && !adding.isDamaged();) {
+        const auto next = groups.mid(first, size.packages());
+        size.start();
+        upgradeTogether(next, &run);
+        size.adapt();
+        first += next.size();
     }
     const bool stands = adding.finish();
-    if (stopped && !m_context.control.isLockedOut())
+    if (run.stopped && !m_context.control.isLockedOut())
         return end(CANCEL, tr("Canceled by user"));
-    if (stopped || !stands || (run.upgraded == 0 && run.failed > 0))
+    if (run.stopped || !stands || (run.upgraded == 0 && run.failed > 0))
         return end(ERROR, failure);
     return end(SUCCESS, tr("Repo upgraded"));
 }
@@ -109,10 +126,13 @@ RepoEnums::ErrorCode UpgradeJob::askAgain(const QVector<QVector<UpgradablePackag
     names.removeDuplicates();
     // A user who takes the stop back has the question begin again. Lists that were fetched stay.
     while (true) {
-        run->records.clear();
-        const bool asked = run->offers.fetchLists() && run->offers.askRecords(names, &run->records);
-        if (!m_context.control.isCanceled())
+        QVector<AptPackageRecord> records;
+        const bool asked = run->offers.fetchLists() && run->offers.askRecords(names, &records);
+        if (!m_context.control.isCanceled()) {
+            for (const AptPackageRecord &record : qAsConst(records))
+                run->records[record.name].append(record);
             return asked ? SUCCESS : ERROR;
+        }
         if (mustStop())
             return CANCEL;
     }
@@ -130,10 +150,81 @@ bool UpgradeJob::mustStop()
     return m_context.control.isClosing();
 }
 
-void UpgradeJob::upgradeFrom(const QVector<UpgradablePackage> &group, Run *run)
+void UpgradeJob::upgradeTogether(const QVector<QVector<UpgradablePackage>> &groups, Run *run)
+{
+    run->stopped = mustStop();
+    if (run->stopped)
+        return;
+    const QVector<PackageFile> files = fetchTogether(groups, run);
+    if (run->stopped)
+        return;
+    bool areIncluded = false;
+    for (int i = 0; i < groups.size() && !run->adding.isDamaged(); ++i) {
+        // Files that are in already are reported, also after a stop.
+        const bool isAhead = run->adding.isAhead(files.at(i).path);
+        run->stopped = run->stopped || (!isAhead && mustStop());
+        if (run->stopped && !isAhead)
+            continue;
+        if (!areIncluded && run->adding.canShareRuns()) {
+            includeTogether(groups.mid(i), files.mid(i), run);
+            areIncluded = true;
+        }
+        upgradeFrom(groups.at(i), files.at(i), run);
+        run->frame.itemDone(run->count);
+    }
+}
+
+QVector<PackageFile> UpgradeJob::fetchTogether(const QVector<QVector<UpgradablePackage>> &groups, Run *run)
+{
+    QVector<PackageFile> files(groups.size());
+    QVector<int> places;
+    QVector<AptDownload> wanted;
+    for (int i = 0; i < groups.size(); ++i) {
+        const UpgradablePackage &package = groups.at(i).first();
+        if (!run->isOffered(package))
+            continue;
+        places.append(i);
+        wanted.append({package.name, package.newVersion, package.fetchArchitecture});
+    }
+    const QString folder = run->folder + QLatin1Char('/') + QString::number(++run->folders);
+    if (wanted.size() < 2 || !QDir().mkdir(folder))
+        return files;
+    AptUtils apt;
+    apt.setEnvironment(run->offers.environment());
+    // apt goes on while the user thinks about the stop.
+    apt.setStopRequest([this, run] {
+        run->stopped = run->stopped || mustStop();
+        return run->stopped;
+    });
+    const QStringList paths = apt.downloadTogether(wanted, folder);
+    QStringList arrived;
+    for (int i = 0; i < paths.size(); ++i) {
+        files[places.at(i)].path = paths.at(i);
+        if (!paths.at(i).isEmpty())
+            arrived.append(paths.at(i));
+    }
+    PackageFileReader reader(arrived, RunSize::Largest, [this] { return m_context.control.isClosing(); });
+    for (int i = 0; i < files.size(); ++i)
+        if (!files.at(i).path.isEmpty())
+            files[i] = checked(reader.next(1).first(), groups.at(i).first());
+    return files;
+}
+
+void UpgradeJob::includeTogether(const QVector<QVector<UpgradablePackage>> &groups,
+                                 const QVector<PackageFile> &files,
+                                 Run *run)
+{
+    QVector<BatchInclusion::Candidate> candidates;
+    for (int i = 0; i < groups.size(); ++i)
+        if (files.at(i).package)
+            candidates.append({files.at(i).path, recordsOf(files.at(i), groups.at(i))});
+    run->adding.replaceTogether(candidates);
+}
+
+void UpgradeJob::upgradeFrom(const QVector<UpgradablePackage> &group, const PackageFile &fetched, Run *run)
 {
     const UpgradablePackage &wanted = group.first();
-    if (!UpgradeRules::isOffered(wanted, run->records)) {
+    if (!run->isOffered(wanted)) {
         ++run->failed;
         m_context.errors.critical(
             tr("Not upgraded: no source offers %1 %2 any more.").arg(wanted.name, wanted.newVersion),
@@ -141,18 +232,16 @@ void UpgradeJob::upgradeFrom(const QVector<UpgradablePackage> &group, Run *run)
             WARNING);
         return;
     }
-    const PackageFile file = fetch(wanted, *run);
+    const PackageFile file = fetched.path.isEmpty() ? fetch(wanted, *run) : fetched;
     if (!file.package) {
         ++run->failed;
+        if (!m_context.control.isClosing())
+            m_context.errors.critical(AptUtils::tr("Apt: download package %1 error").arg(wanted.name),
+                                      file.reason);
         return;
     }
     AddedFile added{file.path, QFileInfo(file.path).fileName()};
-    for (const PackageInfoPtr &present : replacedBy(file, group)) {
-        PackageInfo record = *file.package;
-        record.architecture = present->architecture;
-        record.component = record.indexComponent = present->indexComponent;
-        record.root = m_context.path();
-        record.poolFile = PackageNames::poolFile(record, file.package->architecture);
+    for (const PackageInfo &record : recordsOf(file, group)) {
         const ErrorCode result = run->adding.replace(&added, record);
         // When only the signature of the repository failed, the package is in. The end of the job tells of that.
         ++(result == SUCCESS || result == PACKAGE_GPGERROR ? run->upgraded : run->failed);
@@ -165,22 +254,28 @@ PackageFile UpgradeJob::fetch(const UpgradablePackage &wanted, const Run &run)
     AptUtils apt;
     apt.setEnvironment(run.offers.environment());
     // A stop waits for the file. The end of the program does not wait, because a server may never answer.
-    apt.setStopRequest([this] { return m_context.control.isClosing(); });
-    PackageFile file;
-    const QString arrived
-        = apt.download(wanted.name, wanted.newVersion, wanted.fetchArchitecture, run.folder);
-    QString reason = apt.lastErrorDetails();
-    if (!arrived.isEmpty()) {
-        file = PackageFile::read(arrived, [this] { return m_context.control.isClosing(); });
-        reason = mismatch(file, wanted);
-        if (reason.isEmpty())
-            return file;
-    } else if (reason.isEmpty()) {
-        reason = tr("apt has left no file of that version.");
+    const auto stopped = [this] { return m_context.control.isClosing(); };
+    apt.setStopRequest(stopped);
+    const QString file = apt.download(wanted.name, wanted.newVersion, wanted.fetchArchitecture, run.folder);
+    if (!file.isEmpty())
+        return checked(PackageFile::read(file, stopped), wanted);
+    const QString reason = apt.lastErrorDetails();
+    return {{}, {}, reason.isEmpty() ? tr("apt has left no file of that version.") : reason};
+}
+
+QVector<PackageInfo> UpgradeJob::recordsOf(const PackageFile &file,
+                                           const QVector<UpgradablePackage> &group) const
+{
+    QVector<PackageInfo> records;
+    for (const PackageInfoPtr &present : replacedBy(file, group)) {
+        PackageInfo record = *file.package;
+        record.architecture = present->architecture;
+        record.component = record.indexComponent = present->indexComponent;
+        record.root = m_context.path();
+        record.poolFile = PackageNames::poolFile(record, file.package->architecture);
+        records.append(record);
     }
-    if (!m_context.control.isClosing())
-        m_context.errors.critical(AptUtils::tr("Apt: download package %1 error").arg(wanted.name), reason);
-    return {arrived, {}, reason};
+    return records;
 }
 
 QList<PackageInfoPtr> UpgradeJob::replacedBy(const PackageFile &file,

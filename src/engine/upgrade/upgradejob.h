@@ -33,7 +33,14 @@ private:
     QVector<UpgradablePackage> packagesToUpgrade(const QVector<UpgradablePackage> &kept);
     ErrorCode askAgain(const QVector<QVector<UpgradablePackage>> &groups, Run *run);
     bool mustStop();
-    void upgradeFrom(const QVector<UpgradablePackage> &group, Run *run);
+    void upgradeTogether(const QVector<QVector<UpgradablePackage>> &groups, Run *run);
+    QVector<PackageFile> fetchTogether(const QVector<QVector<UpgradablePackage>> &groups, Run *run);
+    void includeTogether(const QVector<QVector<UpgradablePackage>> &groups,
+                         const QVector<PackageFile> &files,
+                         Run *run);
+    void upgradeFrom(const QVector<UpgradablePackage> &group, const PackageFile &fetched, Run *run);
     PackageFile fetch(const UpgradablePackage &wanted, const Run &run);
+    /** The file's future records in the repository, one for each package that it replaces. */
+    QVector<PackageInfo> recordsOf(const PackageFile &file, const QVector<UpgradablePackage> &group) const;
     QList<PackageInfoPtr> replacedBy(const PackageFile &file, const QVector<UpgradablePackage> &group) const;
 };
