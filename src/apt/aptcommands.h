@@ -33,6 +33,8 @@ QStringList privateListOptions(const QString &listFile);
 QStringList policyArguments(const QString &listFile);
 /** For apt-cache. */
 QStringList providersArguments(const QString &name, const QString &listFile);
+/** For apt-cache. */
+QStringList namesArguments();
 /** For apt. */
 QStringList versionsArguments(const QString &name, const QString &architecture, const QString &listFile);
 /** For apt. */

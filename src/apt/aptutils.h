@@ -5,8 +5,11 @@
 #include "apt/aptoutput.h"
 #include "core/processutils.h"
 
+#include <QSet>
 #include <QSharedPointer>
 #include <QTemporaryFile>
+
+#include <optional>
 
 /**
  * Asks apt about the packages of public repositories, from the system's sources or from a private list. Every call runs
@@ -49,6 +52,10 @@ public:
      * skipped. An error is reported only when nothing could be read. One run can take some hundreds of names.
      */
     QVector<AptPackageRecord> packageRecords(const QStringList &names);
+
+    /** The names of all packages on offer; nothing, without an error, when they cannot be read. For apt's own sources:
+     *  a private list is not used. */
+    std::optional<QSet<QString>> packageNames();
 
     /** The packages that provide a name, in any of their versions. */
     QStringList providers(const QString &name);

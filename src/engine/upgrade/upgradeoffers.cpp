@@ -6,10 +6,26 @@
 #include "engine/changes/jobcontext.h"
 #include "engine/upgrade/upgradesources.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace
 {
 constexpr int NamesPerRun = 500;
 constexpr int Percents = 100;
+
+/** Without the names that no source has: with hundreds of them apt takes long. */
+QStringList namesOnOffer(const QStringList &names, AptUtils *apt)
+{
+    const auto known = apt->packageNames();
+    if (!known)
+        return names;
+    QStringList offered;
+    std::copy_if(names.cbegin(), names.cend(), std::back_inserter(offered), [&known](const QString &name) {
+        return known->contains(name.section(QLatin1Char(':'), 0, 0));
+    });
+    return offered;
+}
 } // namespace
 
 UpgradeOffers::UpgradeOffers(JobContext &context, UpgradeSources &sources)
@@ -69,7 +85,8 @@ bool UpgradeOffers::askRecords(const QStringList &names, QVector<AptPackageRecor
         failed = true;
         m_context.errors.critical(text, details);
     });
-    for (int first = 0; first < names.size() && !failed && !stopped(); first += NamesPerRun)
-        *records += utils.packageRecords(names.mid(first, NamesPerRun));
+    const QStringList asked = names.size() > NamesPerRun ? namesOnOffer(names, &utils) : names;
+    for (int first = 0; first < asked.size() && !failed && !stopped(); first += NamesPerRun)
+        *records += utils.packageRecords(asked.mid(first, NamesPerRun));
     return !failed && !stopped();
 }

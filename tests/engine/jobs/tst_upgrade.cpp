@@ -176,6 +176,22 @@ private Q_SLOTS:
         QVERIFY(!written.hasNext());
     }
 
+    void onlyNamesOnOfferAreAskedFor()
+    {
+        OldRepo h("foo");
+        QByteArray index = "Package: foo\nVersion: 1\nArchitecture: amd64\nFilename: pool/x\n\n";
+        for (int i = 0; i < 600; ++i)
+            index += "Package: lib.+" + QByteArray::number(i)
+                     + "\nVersion: 1\nArchitecture: amd64\nFilename: pool/x\n\n";
+        writeFile(h.repoPath() + "/dists/dogwood/main/binary-amd64/Packages"_s, index);
+        h.open(h.repoPath());
+        QCOMPARE(h.shell.packages().size(), 601);
+        const StandIn apt(h.at("bin"), "apt", "echo \"$*\" >>'" + h.at("calls").toUtf8() + "'");
+        QCOMPARE(prepare(h, {h.line}), RepoEnums::SUCCESS);
+        QCOMPARE(h.shell.upgradablePackages().size(), 1);
+        QCOMPARE(readFile(h.at("calls")), QByteArray("show foo:amd64 -a\n"));
+    }
+
     void oneFileForAllArchitectures()
     {
         RepoHarness source("amd64 i386"_s);
