@@ -11,10 +11,13 @@
 #include "engine/changes/runsize.h"
 #include "engine/jobs/packageadding.h"
 #include "engine/upgrade/upgradeoffers.h"
+#include "files/freespace.h"
 #include "files/scratchfolder.h"
 
 #include <QDir>
 #include <QHash>
+
+#include <algorithm>
 
 namespace
 {
@@ -204,9 +207,25 @@ QVector<PackageFile> UpgradeJob::fetchTogether(const QVector<QVector<UpgradableP
             arrived.append(paths.at(i));
     }
     PackageFileReader reader(arrived, RunSize::Largest, [this] { return m_context.control.isClosing(); });
-    for (int i = 0; i < files.size(); ++i)
-        if (!files.at(i).path.isEmpty())
-            files[i] = checked(reader.next(1).first(), groups.at(i).first());
+    qint64 bytes = 0;
+    for (const int i : qAsConst(places)) {
+        if (files.at(i).path.isEmpty())
+            continue;
+        files[i] = checked(reader.next(1).first(), groups.at(i).first());
+        bytes += QFileInfo(files.at(i).path).size();
+        // It is fetched again, alone.
+        if (!files.at(i).package) {
+            QFile::remove(files.at(i).path);
+            files[i] = {};
+        }
+    }
+    const bool isIncomplete
+        = std::any_of(places.cbegin(), places.cend(), [&files](int i) { return files.at(i).path.isEmpty(); });
+    // A disk that is too small for all of them may have room for each.
+    if (isIncomplete && freeSpace(folder) < bytes) {
+        QDir(folder).removeRecursively();
+        files.fill({});
+    }
     return files;
 }
 
