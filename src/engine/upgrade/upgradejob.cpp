@@ -171,6 +171,8 @@ void UpgradeJob::upgradeTogether(const QVector<QVector<UpgradablePackage>> &grou
         if (!areIncluded && run->adding.canShareRuns()) {
             includeTogether(groups.mid(i), files.mid(i), run);
             areIncluded = true;
+            if (run->adding.isDamaged())
+                return;
         }
         upgradeFrom(groups.at(i), files.at(i), run);
         run->frame.itemDone(run->count);

@@ -198,10 +198,13 @@ private Q_SLOTS:
         const QString line
             = makeSource(source,
                          {source.deb(DebBuilder(Foo).architecture("all"_s).version("2"_s)),
+                          source.deb(DebBuilder("here"_s).architecture("all"_s).version("2"_s)),
                           source.deb(DebBuilder("bar"_s).architecture("i386"_s).version("2"_s))});
         RepoHarness h("amd64 i386"_s);
         h.add(
             {h.deb(DebBuilder(Foo).architecture("all"_s)), h.deb(DebBuilder("bar"_s).architecture("all"_s))});
+        // What one architecture does not have does not come to it with the others'.
+        h.add(h.debs("here"));
         prepare(h, {line});
         QCOMPARE(h.trouble(), QString());
         // Only one architecture of foo is chosen, but one file stands for both.
@@ -209,10 +212,11 @@ private Q_SLOTS:
         for (const UpgradablePackage &package : h.shell.upgradablePackages())
             if (package.name != Foo || package.architecture != "i386"_s)
                 chosen.append(package);
-        QCOMPARE(chosen.size(), 2);
+        QCOMPARE(chosen.size(), 3);
         h.run([&] { h.shell.upgradeRepo(chosen); });
         QCOMPARE(h.trouble(), QString());
-        QVERIFY(h.holds("bar 1.0 main amd64,bar 2 main i386,foo 2 main amd64,foo 2 main i386"_s));
+        QVERIFY(h.holds("bar 1.0 main amd64,bar 2 main i386,foo 2 main amd64,foo 2 main i386,"
+                        "here 2 main amd64"_s));
     }
 
     void databaseThatBreaksEndsTheJob()
