@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsdata.h"
 #include "engine/engineharness.h"
+#include "engine/storedresults.h"
 
 #include <memory>
 
@@ -102,7 +103,7 @@ private Q_SLOTS:
         DependsData(DependsData::userFileName(), "/many"_s).savePackages(many);
         h->shell.closeAndForgetRepo();
         h.reset();
-        QThreadPool::globalInstance()->waitForDone();
+        StoredResults::waitForAll();
         const QString left = inFile();
         QVERIFY(left.count(u',') == 10000 && left.endsWith(",other x 0"_s));
     }

@@ -16,12 +16,11 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QVector>
-#include <QtConcurrent>
 
 #include <algorithm>
 #include <cerrno>
-#include <functional>
+#include <future>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -150,11 +149,15 @@ bool copyFiles(const QString &repoPath)
     if (!QDir().mkdir(target))
         return false;
     // The disk takes one file while another is read.
-    const std::function<bool(const QString &)> copyFile = [&](const QString &file) {
-        return copyWhole(inDatabase(repoPath, file), target + QLatin1Char('/') + file);
-    };
-    const auto copied = QtConcurrent::blockingMapped<QVector<bool>>(filesToCopy(repoPath), copyFile);
-    if (!copied.contains(false) && copySignatures(repoPath, target) && renamePath(target, place(repoPath)))
+    std::vector<std::future<bool>> copies;
+    const QStringList files = filesToCopy(repoPath);
+    for (const QString &file : files)
+        copies.push_back(std::async(std::launch::async | std::launch::deferred,
+                                    [source = inDatabase(repoPath, file), target, file] {
+                                        return copyWhole(source, target + QLatin1Char('/') + file);
+                                    }));
+    const auto failed = std::count_if(copies.begin(), copies.end(), [](auto &copy) { return !copy.get(); });
+    if (failed == 0 && copySignatures(repoPath, target) && renamePath(target, place(repoPath)))
         return true;
     removeTree(target);
     return false;
