@@ -38,11 +38,10 @@ void endWithParent()
 class ChildProcess : public QProcess
 {
 public:
-    ChildProcess(const ProcessCall &call, bool ownGroup, QObject *parent = nullptr)
+    explicit ChildProcess(const ProcessCall &call, QObject *parent = nullptr)
         : QProcess(parent)
         , m_mask(call.umask)
         , m_fileLimit(call.fileLimit)
-        , m_ownGroup(ownGroup)
     { }
     ~ChildProcess() override
     {
@@ -56,7 +55,7 @@ public:
 
     void killAll()
     {
-        if (m_ownGroup && processId() > 0)
+        if (processId() > 0)
             ::kill(-static_cast<pid_t>(processId()), SIGKILL);
         kill();
     }
@@ -75,8 +74,9 @@ protected:
         ::prctl(PR_SET_PDEATHSIG, 0);
         if (m_mask >= 0)
             ::umask(static_cast<mode_t>(m_mask));
-        if (m_ownGroup)
-            ::setpgid(0, 0);
+        // A shell can be killed together with its pipeline. Ctrl+C in our terminal does not reach the program: we
+        // decide where a job can stop. Without a terminal the program cannot wait for one either.
+        ::setsid();
         const rlimit limit{static_cast<rlim_t>(m_fileLimit), static_cast<rlim_t>(m_fileLimit)};
         if (m_fileLimit > 0)
             ::setrlimit(RLIMIT_FSIZE, &limit);
@@ -85,7 +85,6 @@ protected:
 private:
     int m_mask;
     qint64 m_fileLimit;
-    bool m_ownGroup; ///< a group of its own, so that a shell can be killed together with its pipeline
     QString m_reason;
 };
 
@@ -167,7 +166,7 @@ ProcessResult resultOf(ChildProcess *process, const QByteArray &output)
 
 ProcessResult runProcess(const ProcessCall &call)
 {
-    ChildProcess process(call, call.stopped || call.outputLimit > 0);
+    ChildProcess process(call);
     start(&process, call);
     if (!process.waitForStarted(-1))
         return notStarted(process);
@@ -182,8 +181,7 @@ void followProcess(const ProcessCall &call,
                    QObject *context,
                    const std::function<void(const ProcessResult &result)> &answer)
 {
-    constexpr bool OwnGroup = true;
-    auto *process = new ChildProcess(call, OwnGroup, context);
+    auto *process = new ChildProcess(call, context);
     const auto give = [process, answer](const ProcessResult &result) {
         process->disconnect();
         process->deleteLater();

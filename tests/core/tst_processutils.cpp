@@ -73,6 +73,17 @@ private Q_SLOTS:
         QVERIFY(runProcess(pipeline.call).crashed() && pipeline.isGone());
     }
 
+    /** Ctrl+C in our terminal goes to its whole foreground group; whether the program stops is our decision. */
+    void signalsOfTheTerminalPassBy()
+    {
+        const auto sessionOf
+            = [](const QString &stat) { return stat.section(u')', -1).split(u' ').value(4); };
+        const QString program = runProcess({"cat"_s, {"/proc/self/stat"_s}, {}, {}, -1}).output;
+        const QString own = QString::fromLatin1(readFile("/proc/self/stat"_s));
+        QVERIFY(!program.isEmpty() && sessionOf(program) != sessionOf(own));
+        QCOMPARE(sessionOf(program), program.section(u' ', 0, 0));
+    }
+
     void limits()
     {
         ProcessCall call = shell("yes & yes");
