@@ -5,9 +5,11 @@
 #include "files/renamepath.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QLoggingCategory>
 #include <QMutex>
 #include <QMutexLocker>
@@ -23,12 +25,41 @@ using DependsJson::Outcome;
 
 Q_LOGGING_CATEGORY(log, "velt.depends", QtInfoMsg)
 
-/** Locked while the file is read, changed and written, so that a save of one tab does not overwrite that of another. */
-QMutex &fileMutex()
+/**
+ * Held while the file is read, changed and written, so that a save of one tab or of another process does not overwrite
+ * that of another. A process that was killed holds nothing.
+ */
+class FileLock
 {
-    static QMutex mutex;
-    return mutex;
-}
+public:
+    explicit FileLock(const QString &fileName)
+        : m_threads(&mutex())
+        , m_processes(fileName + QLatin1String(".lock"))
+    {
+        constexpr int Patience = 10000; // milliseconds; a large file takes one or two seconds
+        // Only the death of its owner makes the lock free, and not its age.
+        m_processes.setStaleLockTime(0);
+        QDir().mkpath(QFileInfo(fileName).path());
+        // A longer attempt would try again ever more seldom.
+        constexpr int Attempt = 50; // milliseconds
+        const QDeadlineTimer end(Patience);
+        do
+            m_isHeld = m_processes.tryLock(Attempt);
+        while (!m_isHeld && m_processes.error() == QLockFile::LockFailedError && !end.hasExpired());
+    }
+    bool isHeld() const { return m_isHeld; }
+
+private:
+    const QMutexLocker m_threads;
+    QLockFile m_processes;
+    bool m_isHeld = false;
+
+    static QMutex &mutex()
+    {
+        static QMutex mutex;
+        return mutex;
+    }
+};
 
 Outcome readFile(const QString &fileName, const QString &repoPath, StoredPackages *stored)
 {
@@ -101,9 +132,9 @@ void DependsData::loadData(const QString &repoPath)
     bool keptAside = false;
     if (outcome == Outcome::Broken) {
         // Another program may have replaced the file with a good one meanwhile.
-        const QMutexLocker lock(&fileMutex());
+        const FileLock lock(m_fileName);
         outcome = readFile(m_fileName, m_repoPath, &stored);
-        keptAside = outcome == Outcome::Broken && moveAside();
+        keptAside = outcome == Outcome::Broken && lock.isHeld() && moveAside();
     }
     m_stored = outcome == Outcome::Done ? stored : StoredPackages();
     if (keptAside)
@@ -175,8 +206,9 @@ bool DependsData::rewrite(const DependsJson::Change &change)
     bool keptAside = false;
     Outcome outcome = Outcome::Failed;
     {
-        const QMutexLocker lock(&fileMutex());
-        outcome = rewriteOnce(change);
+        const FileLock lock(m_fileName);
+        if (lock.isHeld())
+            outcome = rewriteOnce(change);
         if (outcome == Outcome::Broken) {
             keptAside = moveAside();
             if (keptAside)
@@ -197,7 +229,6 @@ Outcome DependsData::rewriteOnce(const DependsJson::Change &change)
     // A file that cannot be read may hold results of other repositories, so it must not be overwritten.
     if (isThere && !old.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return Outcome::Failed;
-    QDir().mkpath(QFileInfo(m_fileName).path());
     QSaveFile file(m_fileName);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return Outcome::Failed;

@@ -8,6 +8,9 @@
 #include <thread>
 #include <vector>
 
+#include <sys/wait.h>
+#include <unistd.h>
+
 namespace
 {
 /** A record with everything that the file can say: `mark` tells one from another. */
@@ -452,20 +455,28 @@ private Q_SLOTS:
         QVERIFY(readFile(m_file) == "{" && cache.broken.isEmpty());
     }
 
-    void tabsShareTheFile()
+    void tabsAndProcessesShareTheFile()
     {
+        const auto work = [this](int tab) {
+            Cache cache(m_file, "/r%1"_s.arg(tab));
+            for (int round = 0; round < 20; ++round) {
+                cache.data.savePackages(many(QString::number(round), 1 + round));
+                cache.data.changePath("/r%1-%2"_s.arg(tab).arg(round));
+            }
+        };
+        const pid_t other = ::fork();
+        if (other == 0) {
+            work(3);
+            ::_exit(0);
+        }
         std::vector<std::thread> threads;
-        threads.reserve(4);
-        for (int tab = 0; tab < 4; ++tab)
-            threads.emplace_back([this, tab] {
-                Cache cache(m_file, "/r%1"_s.arg(tab));
-                for (int round = 0; round < 20; ++round) {
-                    cache.data.savePackages(many(QString::number(round), 1 + round));
-                    cache.data.changePath("/r%1-%2"_s.arg(tab).arg(round));
-                }
-            });
+        threads.reserve(3);
+        for (int tab = 0; tab < 3; ++tab)
+            threads.emplace_back(work, tab);
         for (std::thread &thread : threads)
             thread.join();
+        int status = -1;
+        QVERIFY(::waitpid(other, &status, 0) == other && status == 0);
         const QJsonObject root = document();
         QCOMPARE(root.keys(), "/r0-19|/r1-19|/r2-19|/r3-19"_list);
         for (const QJsonValue &repository : root)
