@@ -16,7 +16,8 @@ QStringList RepoInfo::binaryArchitectures() const
 
 bool RepoInfo::operator==(const RepoInfo &other) const
 {
-    return std::tie(name, codename, suite, version, architectures, components, signWith, contents)
+    return std::tie(
+               name, codename, suite, version, architectures, components, signWith, contents, origin, label)
            == std::tie(other.name,
                        other.codename,
                        other.suite,
@@ -24,5 +25,7 @@ bool RepoInfo::operator==(const RepoInfo &other) const
                        other.architectures,
                        other.components,
                        other.signWith,
-                       other.contents);
+                       other.contents,
+                       other.origin,
+                       other.label);
 }

@@ -7,6 +7,8 @@
 /** Names of the fields of reprepro's conf/distributions, see reprepro(1). */
 namespace DistributionField
 {
+inline const QString Origin = QStringLiteral("Origin");
+inline const QString Label = QStringLiteral("Label");
 inline const QString Codename = QStringLiteral("Codename");
 inline const QString Suite = QStringLiteral("Suite");
 inline const QString Version = QStringLiteral("Version");
@@ -16,6 +18,7 @@ inline const QString SignWith = QStringLiteral("SignWith");
 inline const QString Contents = QStringLiteral("Contents");
 } // namespace DistributionField
 
+inline const QString DefaultOrigin = QStringLiteral("Debian");
 inline const QString DefaultArchitecture = QStringLiteral("amd64");
 inline const QString DefaultCodename = QStringLiteral("dogwood");
 inline const QString DefaultComponent = QStringLiteral("main");
@@ -32,6 +35,8 @@ struct RepoInfo
     QString components; ///< separated by blanks
     bool signWith = false; ///< Release files are signed with the user's default key
     bool contents = false; ///< Contents indices are generated, compressed with gzip
+    QString origin = DefaultOrigin; ///< who makes the packages; clients can select by it; never empty
+    QString label = {}; ///< clients can select by it; empty: none
 
     QStringList architectureList() const { return architectures.split(QLatin1Char(' '), Qt::SkipEmptyParts); }
     /** The architectures of binary packages: without "source" and "all", and without the text after a comment sign. */

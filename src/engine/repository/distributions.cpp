@@ -9,7 +9,6 @@
 
 namespace
 {
-const QString Origin = QStringLiteral("Origin: Debian");
 const QString UDebComponents = QStringLiteral("UDebComponents");
 
 QString line(const QString &name, const QString &value)
@@ -52,7 +51,9 @@ RepoInfo Distributions::repoInfoForCodename(const QString &codename)
 
 QString Distributions::text(const RepoInfo &info)
 {
-    QString text = Origin + QLatin1Char('\n');
+    QString text = line(DistributionField::Origin, info.origin);
+    if (!info.label.isEmpty())
+        text += line(DistributionField::Label, info.label);
     text += line(DistributionField::Codename, info.codename);
     text += line(DistributionField::Suite, info.suite);
     text += line(DistributionField::Version, info.version);
@@ -71,6 +72,9 @@ RepoInfo Distributions::parse(const QString &text, const QString &name)
     const QStringList lines = text.split(QLatin1Char('\n'));
     RepoInfo info;
     info.name = name;
+    const QString origin = fieldValue(lines, DistributionField::Origin);
+    info.origin = origin.isEmpty() ? DefaultOrigin : origin;
+    info.label = fieldValue(lines, DistributionField::Label);
     info.codename = fieldValue(lines, DistributionField::Codename);
     info.suite = fieldValue(lines, DistributionField::Suite);
     info.version = fieldValue(lines, DistributionField::Version);
@@ -107,7 +111,7 @@ QStringList Distributions::foreignLines(const QString &text)
                                     QStringLiteral("version"),
                                     QStringLiteral("architectures"),
                                     QStringLiteral("components")};
-    const QString components = parse(text, {}).components;
+    const RepoInfo info = parse(text, {});
     QSet<QString> seen;
     QStringList foreign;
     const QStringList lines = text.split(QLatin1Char('\n'));
@@ -117,8 +121,9 @@ QStringList Distributions::foreignLines(const QString &text)
             continue;
         const QString name = nameOf(entry);
         const QString value = entry.section(QLatin1Char(':'), 1).trimmed();
-        const bool known = ours.contains(name) || entry == Origin
-                           || (name == UDebComponents.toLower() && value == components)
+        const bool known = ours.contains(name) || (name == QLatin1String("origin") && value == info.origin)
+                           || (name == QLatin1String("label") && value == info.label)
+                           || (name == UDebComponents.toLower() && value == info.components)
                            || (name == QLatin1String("signwith") && value == QLatin1String("yes"))
                            || (name == QLatin1String("contents") && value == QLatin1String(".gz"));
         // A repeated name belongs to a second distribution. A leading blank marks a value that continues.

@@ -3,10 +3,10 @@
 
 #include "core/runinbackground.h"
 #include "engine/repository/changerules.h"
+#include "engine/repository/newreporules.h"
 #include "files/pathguard.h"
 #include "signing/keymanager.h"
 #include "ui/dialogs/missingpackage.h"
-#include "engine/repository/newreporules.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/dialogs/signingswitch.h"
 #include "ui/packages/packagedetails.h"
@@ -214,7 +214,8 @@ QString NewRepoDialog::repositoryPath() const
 
 RepoInfo NewRepoDialog::repoInfo() const
 {
-    RepoInfo info;
+    // What the form does not show stays.
+    RepoInfo info = m_info;
     info.name = m_ui->m_nameLineEdit->text();
     info.codename = m_ui->m_codeNameComboBox->currentText();
     info.suite = m_ui->m_suiteComboBox->currentText();

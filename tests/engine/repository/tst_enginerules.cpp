@@ -67,6 +67,10 @@ private Q_SLOTS:
         QCOMPARE(foreign.codename + foreign.components, "amain contrib"_s);
         QCOMPARE(parsed("UDebComponents: x\nComponents: y\n").components, "y"_s);
         QVERIFY(!parsed("SignWith: Yes\n").signWith);
+        QVERIFY(parsed("Codename: a\n").origin == "Debian"_s && parsed("Codename: a\n").label.isEmpty());
+        const QString named = "Origin: Us: all\nLabel: Our own\nCodename: a\n"_s;
+        QVERIFY(Distributions::text(Distributions::parse(named, {})).startsWith(named));
+        QVERIFY(Distributions::foreignLines(named).isEmpty());
         QVERIFY(!parsed("SignWith: default\nContents: .gz .bz2\n").contents);
         QCOMPARE(Distributions::fieldValue({"Description: first"_s, " second"_s}, "Description"_s),
                  "first\n second"_s);
@@ -88,7 +92,8 @@ private Q_SLOTS:
             {"Codename", "# mine\nCodename", "# mine"},
             {"SignWith: yes", "signwith: ABCD", "signwith: ABCD"},
             {"Contents: .gz", "Contents: .gz .bz2", "Contents: .gz .bz2"},
-            {"Origin: Debian", "Origin: Us", "Origin: Us"},
+            {"Origin: Debian", "Origin: Us\n and them", " and them"},
+            {"Origin: Debian", "Origin:", "Origin:"},
             {"UDebComponents: main contrib non-free", "UDebComponents: main", "UDebComponents: main"}};
         for (const auto &[from, to, lost] : cases) {
             const QString text = QString(own).replace(QLatin1String(from), QLatin1String(to));

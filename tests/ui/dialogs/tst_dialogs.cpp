@@ -175,9 +175,11 @@ private Q_SLOTS:
         RepoDialog f(NewRepoDialog::Mode::Change);
         const QString path = f.folder.filePath("r"_s);
         QDir().mkpath(path);
-        f.dialog.setRepository(path, birch());
+        RepoInfo before = birch();
+        before.origin = before.label = "Us"_s;
+        f.dialog.setRepository(path, before);
         QCOMPARE(f.dialog.repositoryPath(), path);
-        QCOMPARE(f.dialog.repoInfo(), birch());
+        QCOMPARE(f.dialog.repoInfo(), before);
         BoxAnswers answers({QMessageBox::No, QMessageBox::Yes});
         type(f.dialog, "m_versionLineEdit", "2.0"_s);
         QVERIFY(f.accept());
