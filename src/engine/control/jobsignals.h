@@ -25,6 +25,8 @@ Q_SIGNALS:
                   const QString &detailedtext = QString(),
                   RepoEnums::ErrorType error = RepoEnums::CRITICAL,
                   RepoEnums::ErrorCause cause = RepoEnums::OTHER_CAUSE);
+    /** What critical() and noted() tell next is about this file; empty: about the job. */
+    void fileBegun(const QString &file);
     /** A line for the log, for example about a file that was not added. The user need not do anything. */
     void noted(const QString &text);
     /** The summary of a dependency check, in words, one string for each line. */

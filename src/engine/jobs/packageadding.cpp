@@ -151,6 +151,7 @@ void PackageAdding::addReadFile(const PackageFile &read, bool isLast)
     if (isDamaged())
         return;
     AddedFile file = fileAt(read.path, isLast);
+    Q_EMIT m_context.listener.fileBegun(file.shownName);
     const auto records = read.package ? recordsOf(*read.package) : QVector<PackageInfo>();
     QString reason = read.reason;
     if (read.package && records.isEmpty())
@@ -162,6 +163,7 @@ void PackageAdding::addReadFile(const PackageFile &read, bool isLast)
                                   file.shownName + QLatin1String(":\n") + file.shownText(reason));
     else if (addFile(&file, records) == SUCCESS)
         m_added.append(QFileInfo(read.path).fileName());
+    Q_EMIT m_context.listener.fileBegun({});
 }
 
 bool PackageAdding::finish()
