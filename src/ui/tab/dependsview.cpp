@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/tab/dependsview.h"
 
-#include "depends/localcandidates.h"
+#include "depends/dependencylacks.h"
 #include "ui/depends/dependsproxymodel.h"
 #include "ui/widgets/itemmenukeys.h"
 
@@ -26,15 +26,6 @@ QStringList pathOf(const QModelIndex &index)
     for (QModelIndex row = index.siblingAtColumn(0); row.isValid(); row = row.parent())
         path.prepend(row.data().toString());
     return path;
-}
-
-bool isOfferedElsewhere(const Dependency &dependency)
-{
-    for (auto found = dependency.foundVersions.cbegin(); found != dependency.foundVersions.cend(); ++found) {
-        if (found.key() != LocalCandidates::label() && found->status == DependSuccess)
-            return true;
-    }
-    return std::any_of(dependency.providers.cbegin(), dependency.providers.cend(), isOfferedElsewhere);
 }
 } // namespace
 
@@ -287,16 +278,8 @@ void DependsView::collectLacks(const QModelIndex &index, QVector<Dependency> &la
             collectLacks(m_proxy->index(row, 0, index), lacks);
         return;
     }
-    const bool isChecked = index.data(DependsModel::StatusRole).toInt() != DependUndefined;
-    if (!isChecked || std::any_of(alternatives.cbegin(), alternatives.cend(), LocalCandidates::meets))
-        return;
-    const auto best = std::find_if(alternatives.cbegin(), alternatives.cend(), isOfferedElsewhere);
-    const Dependency &wanted = best == alternatives.cend() ? alternatives.first() : *best;
-    const bool isKnown = std::any_of(lacks.cbegin(), lacks.cend(), [&wanted](const Dependency &lack) {
-        return lack.name == wanted.name && lack.architecture == wanted.architecture;
-    });
-    if (!isKnown)
-        lacks.append(wanted);
+    const auto status = static_cast<DependStatus>(index.data(DependsModel::StatusRole).toInt());
+    DependencyLacks::collect({status, alternatives}, &lacks);
 }
 
 void DependsView::copySelected()
