@@ -14,6 +14,14 @@ ExitCode Commands::run(const Invocation &invocation, Console &console)
         {QStringLiteral("list"), list},
         {QStringLiteral("add"), add},
         {QStringLiteral("remove"), remove},
+        {QStringLiteral("fetch"), fetch},
+        {QStringLiteral("check"), check},
+        {QStringLiteral("upgrade"), upgrade},
+        {QStringLiteral("export"), exportPackages},
+        {QStringLiteral("import"), import},
+        {QStringLiteral("sign"), sign},
+        {QStringLiteral("keys"), keys},
+        {QStringLiteral("change"), change},
     };
     return commands.value(QLatin1String(invocation.command->name))(invocation, console);
 }

@@ -14,6 +14,14 @@ ExitCode show(const Invocation &invocation, Console &console);
 ExitCode list(const Invocation &invocation, Console &console);
 ExitCode add(const Invocation &invocation, Console &console);
 ExitCode remove(const Invocation &invocation, Console &console);
+ExitCode fetch(const Invocation &invocation, Console &console);
+ExitCode check(const Invocation &invocation, Console &console);
+ExitCode upgrade(const Invocation &invocation, Console &console);
+ExitCode exportPackages(const Invocation &invocation, Console &console);
+ExitCode import(const Invocation &invocation, Console &console);
+ExitCode sign(const Invocation &invocation, Console &console);
+ExitCode keys(const Invocation &invocation, Console &console);
+ExitCode change(const Invocation &invocation, Console &console);
 
 /** Runs the command of the invocation. */
 ExitCode run(const Invocation &invocation, Console &console);

@@ -22,6 +22,34 @@ const CommandOption Into{
     "component", "NAME", QT_TRANSLATE_NOOP("cli", "The component for all packages, instead of their own")};
 const CommandOption SignPackages{
     "sign-packages", "KEY", QT_TRANSLATE_NOOP("cli", "Sign a copy of each file with this key, and add that")};
+const CommandOption WithDepends{
+    "with-depends", nullptr, QT_TRANSLATE_NOOP("cli", "Also the packages on which they depend")};
+const CommandOption Against{
+    "against",
+    "WHERE",
+    QT_TRANSLATE_NOOP(
+        "cli",
+        "Where dependencies are looked for: local (the default) is the repository itself, public "
+        "are apt's sources"),
+    "local|public|both"};
+const CommandOption From{
+    "from",
+    "SOURCE",
+    QT_TRANSLATE_NOOP(
+        "cli",
+        "Look in this source, written as after deb in a sources list; can be repeated; without it, "
+        "in all that apt and the settings have")};
+const CommandOption ListOnly{"list", nullptr, QT_TRANSLATE_NOOP("cli", "Only list the newer versions")};
+const CommandOption Packages{
+    "packages",
+    "NAME",
+    QT_TRANSLATE_NOOP("cli", "Only these packages, separated by commas; can be repeated")};
+const CommandOption Key{
+    "key", "KEY", QT_TRANSLATE_NOOP("cli", "The key to sign with, instead of that in the settings")};
+const CommandOption WithoutPackages{
+    "without-packages",
+    nullptr,
+    QT_TRANSLATE_NOOP("cli", "Delete the packages under a new code name, instead of carrying them over")};
 const QVector<CommandOption> Description{
     {"codename", "NAME", QT_TRANSLATE_NOOP("cli", "The code name of the distribution")},
     {"architectures", "LIST", QT_TRANSLATE_NOOP("cli", "Architectures, separated by commas")},
@@ -90,6 +118,72 @@ const QVector<CommandDescription> &CommandTable::commands()
          Operand::PackageName,
          QT_TRANSLATE_NOOP("cli", "Remove packages"),
          {{"arch", "NAME", Architecture}, {"component", "NAME", Component}}},
+        {"fetch",
+         "REPO NAME[=VERSION]...",
+         2,
+         Any,
+         Operand::Repository,
+         Operand::PackageName,
+         QT_TRANSLATE_NOOP("cli", "Fetch packages from apt's sources, and add them"),
+         {WithDepends, Into, OnCollision, SignPackages}},
+        {"check",
+         "REPO [NAME...]",
+         1,
+         Any,
+         Operand::Repository,
+         Operand::PackageName,
+         QT_TRANSLATE_NOOP("cli", "Check whether the dependencies of the packages can be met"),
+         {Against, {"arch", "NAME", Architecture}, {"component", "NAME", Component}}},
+        {"upgrade",
+         "REPO",
+         1,
+         1,
+         Operand::Repository,
+         Operand::None,
+         QT_TRANSLATE_NOOP("cli", "Replace packages with newer versions from apt's sources"),
+         {From, ListOnly, SignPackages}},
+        {"export",
+         "REPO FILE",
+         2,
+         2,
+         Operand::Repository,
+         Operand::File,
+         QT_TRANSLATE_NOOP("cli", "Write the repository, or some of its packages, to a .tgz archive"),
+         {Packages, WithDepends}},
+        {"import",
+         "REPO FILE|FOLDER",
+         2,
+         2,
+         Operand::Repository,
+         Operand::File,
+         QT_TRANSLATE_NOOP("cli", "Add the packages in an archive, or those below a folder"),
+         {Into, OnCollision, SignPackages}},
+        {"sign",
+         "REPO NAME[=VERSION]...",
+         2,
+         Any,
+         Operand::Repository,
+         Operand::PackageName,
+         QT_TRANSLATE_NOOP("cli", "Sign packages"),
+         {Key, {"arch", "NAME", Architecture}, {"component", "NAME", Component}}},
+        {"keys",
+         "",
+         0,
+         0,
+         Operand::None,
+         Operand::None,
+         QT_TRANSLATE_NOOP("cli", "List the keys that can sign, and those that no longer can"),
+         {}},
+        {"change",
+         "REPO FIELD=VALUE...",
+         2,
+         Any,
+         Operand::Repository,
+         Operand::None,
+         QT_TRANSLATE_NOOP("cli",
+                           "Change the description of a repository: codename, suite, version, architectures, "
+                           "components, origin, label, sign=yes|no, or path, which moves it"),
+         {WithoutPackages}},
     };
     return all;
 }

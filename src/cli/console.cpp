@@ -106,6 +106,10 @@ bool Console::ask(const QString &title,
 {
     if (m_style.saysYes)
         return true;
+    if (m_style.isJson) {
+        error(QStringLiteral("question"), text);
+        return safeAnswer;
+    }
     say(title.isEmpty() ? text : title + QLatin1Char('\n') + text);
     if (!m_isTerminal) {
         const QString answer

@@ -48,8 +48,8 @@ public:
     void endProgress();
 
     /**
-     * Asks on the terminal, where --yes has not answered already. Without one, and when `isStopped` becomes true, the
-     * answer is `safeAnswer`.
+     * Asks on the terminal, where --yes has not answered already. Without one, with --json, and when `isStopped` becomes
+     * true, the answer is `safeAnswer`.
      */
     bool
     ask(const QString &title, const QString &text, bool safeAnswer, const std::function<bool()> &isStopped);

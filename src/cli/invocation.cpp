@@ -25,6 +25,11 @@ QString refusal(const CommandOption &option, const QStringList &values)
     const QStringList choices
         = QString::fromLatin1(option.choices).split(QLatin1Char('|'), Qt::SkipEmptyParts);
     for (const QString &value : values) {
+        bool isNumber = false;
+        value.toUInt(&isNumber);
+        if (QLatin1String(option.value) == QLatin1String("SECONDS") && !isNumber)
+            return tr(QT_TRANSLATE_NOOP("cli", "--%1 needs a number of seconds, and not %2"))
+                .arg(QLatin1String(option.name), value);
         if (!choices.isEmpty() && !choices.contains(value))
             return tr(QT_TRANSLATE_NOOP("cli", "--%1 cannot be %2; it can be: %3"))
                 .arg(QLatin1String(option.name), value, choices.join(QLatin1String(", ")));

@@ -22,7 +22,12 @@ struct Invocation
 
     bool has(const char *option) const { return options.contains(QLatin1String(option)); }
     /** The last value that was given; empty without one. */
-    QString value(const char *option) const { return options.value(QLatin1String(option)).value(0); }
+    QString value(const char *option) const
+    {
+        return values(option).isEmpty() ? QString() : values(option).last();
+    }
+    /** All values in the order of the command line. */
+    QStringList values(const char *option) const { return options.value(QLatin1String(option)); }
     /** The repository as an absolute path without superfluous parts. */
     QString repository() const;
     /** The operands after the repository. */

@@ -22,12 +22,6 @@ QString tr(const char *text)
     return QCoreApplication::translate("cli", text);
 }
 
-QString shownPackage(const PackageInfo &package)
-{
-    return QStringLiteral("%1 %2 %3 %4")
-        .arg(package.name, package.version, package.architecture, package.indexComponent);
-}
-
 /** The names on standard input, one a line, or separated by null characters when there is one. */
 QStringList namesFromInput()
 {
@@ -61,32 +55,6 @@ QStringList packageFiles(const QStringList &operands, const QString &repository)
     files.removeDuplicates();
     return files;
 }
-
-std::optional<PackageReplacementRules::Rule> ruleOf(const QString &word)
-{
-    using Rules = PackageReplacementRules;
-    static const QHash<QString, Rules::Rule> rules{{QStringLiteral("newer"), Rules::PreferHigher},
-                                                   {QStringLiteral("older"), Rules::PreferLower},
-                                                   {QStringLiteral("all"), Rules::ReplaceAll},
-                                                   {QStringLiteral("none"), Rules::ReplaceNone}};
-    const auto found = rules.constFind(word);
-    return found == rules.cend() ? std::nullopt : std::optional(*found);
-}
-
-/** The lines and the object of what a job has changed. */
-void tellChanges(const RepositorySession &session, Console &console)
-{
-    QJsonObject result;
-    const auto tell = [&](const char *key, const char *text, const QList<PackageInfoPtr> &packages) {
-        for (const PackageInfoPtr &package : packages)
-            console.line(tr(text).arg(shownPackage(*package)));
-        result.insert(QLatin1String(key), PackageJson::array(packages));
-    };
-    tell("added", QT_TRANSLATE_NOOP("cli", "Added: %1"), session.added());
-    tell("replaced", QT_TRANSLATE_NOOP("cli", "Replaced: %1"), session.changed());
-    tell("removed", QT_TRANSLATE_NOOP("cli", "Removed: %1"), session.removed());
-    console.object(result);
-}
 } // namespace
 
 ExitCode Commands::list(const Invocation &invocation, Console &console)
@@ -116,16 +84,8 @@ ExitCode Commands::add(const Invocation &invocation, Console &console)
     RepositorySession session(invocation, console);
     if (!session.open())
         return session.exitCode();
-    const auto rule = ruleOf(invocation.value("on-collision"));
-    session.setRemarksAreFindings(!rule);
-    if (rule)
-        session.setReplacementRule(*rule);
-    AddOptions options;
-    options.component = invocation.value("component");
-    options.sign = invocation.has("sign-packages");
-    options.signKeyId = invocation.value("sign-packages");
-    session.run([&] { session.shell().addPackages(files, options); });
-    tellChanges(session, console);
+    session.run([&] { session.shell().addPackages(files, session.addOptions()); });
+    session.tellChanges();
     return session.exitCode();
 }
 
@@ -137,14 +97,11 @@ ExitCode Commands::remove(const Invocation &invocation, Console &console)
     const PackageSelection selection(invocation.others(), invocation);
     const auto all = session.shell().packages();
     const auto packages = selection.of(all);
-    const QStringList unmatched = selection.unmatched(all);
-    for (const QString &word : unmatched)
-        console.error(QStringLiteral("unknown"),
-                      tr(QT_TRANSLATE_NOOP("cli", "The repository has no package %1.")).arg(word));
+    const QStringList unmatched = selection.tellUnmatched(all, console);
     if (packages.isEmpty())
         return ExitCode::Failed;
     session.run([&] { session.shell().removePackages(packages); });
-    tellChanges(session, console);
+    session.tellChanges();
     const ExitCode code = session.exitCode();
     return code == ExitCode::Done && !unmatched.isEmpty() ? ExitCode::Findings : code;
 }

@@ -23,6 +23,12 @@ void eachMember(const PackageInfo &package, const Take &take)
 }
 } // namespace
 
+QString shownPackage(const PackageInfo &package)
+{
+    return QStringLiteral("%1 %2 %3 %4")
+        .arg(package.name, package.version, package.architecture, package.indexComponent);
+}
+
 QJsonArray PackageJson::array(const QList<PackageInfoPtr> &packages)
 {
     QJsonArray array;

@@ -7,6 +7,9 @@
 #include <QJsonArray>
 #include <QList>
 
+/** A package in a line for people: its name, version, architecture and component. */
+QString shownPackage(const PackageInfo &package);
+
 /** Packages for other programs: package, version, architecture, component, section, filename and sha256 of each. */
 namespace PackageJson
 {

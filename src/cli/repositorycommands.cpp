@@ -1,57 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands.h"
 #include "cli/console.h"
+#include "cli/descriptionrules.h"
 #include "cli/invocation.h"
 #include "cli/repositoryreading.h"
 #include "cli/repositorysession.h"
 #include "cli/stopsignal.h"
-#include "engine/repository/newreporules.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QMap>
-#include <QRegularExpression>
 
 namespace
 {
 QString tr(const char *text)
 {
     return QCoreApplication::translate("cli", text);
-}
-
-/** "a,b c" as "a b c", which is the form of the description. */
-QString listOf(const QString &text)
-{
-    return QString(text).replace(QLatin1Char(','), QLatin1Char(' ')).simplified();
-}
-
-/** Why the description cannot be one; empty when it can. */
-QString refusal(const QString &path, const RepoInfo &info)
-{
-    using NewRepoRules::Refusal;
-    switch (NewRepoRules::check(QFileInfo(path).path(), info)) {
-    case Refusal::None:
-        break;
-    case Refusal::MissingField:
-        return tr(QT_TRANSLATE_NOOP("cli", "A code name, architectures and components are needed."));
-    case Refusal::ArchitectureAll:
-        return tr(QT_TRANSLATE_NOOP(
-            "cli", "A repository cannot have the architecture all: packages for all go to each of its own."));
-    case Refusal::BadPath:
-    case Refusal::BadName:
-        return tr(QT_TRANSLATE_NOOP("cli", "The path or the code name is not valid."));
-    }
-    static const QRegularExpression name(QStringLiteral("^[a-z0-9._-]*$"));
-    static const QRegularExpression list(QStringLiteral("^[a-z0-9 -]+$"));
-    const bool isPlain = name.match(info.codename).hasMatch() && name.match(info.suite).hasMatch()
-                         && list.match(info.architectures).hasMatch()
-                         && list.match(info.components).hasMatch();
-    return isPlain
-               ? QString()
-               : tr(QT_TRANSLATE_NOOP(
-                   "cli", "Names have small letters, digits, hyphens and, for code names and suites, dots."));
 }
 } // namespace
 
@@ -60,13 +26,20 @@ ExitCode Commands::create(const Invocation &invocation, Console &console)
     const QString path = invocation.repository();
     RepoInfo info;
     info.name = QFileInfo(path).fileName();
-    info.codename = invocation.value("codename");
-    info.architectures = listOf(invocation.value("architectures"));
-    info.components = listOf(invocation.value("components"));
-    info.suite = invocation.has("suite") ? invocation.value("suite") : QStringLiteral("stable");
-    info.version = invocation.value("version");
+    info.suite = QStringLiteral("stable");
     info.signWith = invocation.has("sign");
-    const QString reason = refusal(path, info);
+    QString reason;
+    for (const QString &field : DescriptionRules::fields()) {
+        // Signing is a switch here.
+        const QByteArray option = field.toLatin1();
+        if (!reason.isEmpty() || field == QLatin1String("sign") || !invocation.has(option.constData()))
+            continue;
+        const QString value = invocation.value(option.constData());
+        reason = DescriptionRules::refusal(field, value);
+        DescriptionRules::set(&info, field, value);
+    }
+    if (reason.isEmpty())
+        reason = DescriptionRules::refusal(path, info);
     if (!reason.isEmpty()) {
         console.error(QStringLiteral("usage"), reason);
         return ExitCode::Usage;
@@ -110,6 +83,8 @@ ExitCode Commands::show(const Invocation &invocation, Console &console)
     field(QT_TRANSLATE_NOOP("cli", "Code name: %1"), info.codename);
     field(QT_TRANSLATE_NOOP("cli", "Suite: %1"), info.suite);
     field(QT_TRANSLATE_NOOP("cli", "Version: %1"), info.version);
+    field(QT_TRANSLATE_NOOP("cli", "Origin: %1"), info.origin);
+    field(QT_TRANSLATE_NOOP("cli", "Label: %1"), info.label);
     field(QT_TRANSLATE_NOOP("cli", "Architectures: %1"), info.architectures);
     field(QT_TRANSLATE_NOOP("cli", "Components: %1"), info.components);
     console.line(info.signWith ? tr(QT_TRANSLATE_NOOP("cli", "Signed with the default key"))
@@ -123,6 +98,8 @@ ExitCode Commands::show(const Invocation &invocation, Console &console)
                     {QStringLiteral("codename"), info.codename},
                     {QStringLiteral("suite"), info.suite},
                     {QStringLiteral("version"), info.version},
+                    {QStringLiteral("origin"), info.origin},
+                    {QStringLiteral("label"), info.label},
                     {QStringLiteral("architectures"), QJsonArray::fromStringList(info.architectureList())},
                     {QStringLiteral("components"), QJsonArray::fromStringList(info.componentList())},
                     {QStringLiteral("signed"), info.signWith},

@@ -67,6 +67,15 @@ QStringList PackageSelection::unmatched(const QList<PackageInfoPtr> &packages) c
     return words;
 }
 
+QStringList PackageSelection::tellUnmatched(const QList<PackageInfoPtr> &packages, Console &console) const
+{
+    const QStringList words = unmatched(packages);
+    for (const QString &word : words)
+        console.error(QStringLiteral("unknown"),
+                      QCoreApplication::translate("cli", "The repository has no package %1.").arg(word));
+    return words;
+}
+
 bool PackageSelection::isInPlace(const PackageInfo &package) const
 {
     return (m_architecture.isEmpty() || package.architecture == m_architecture)

@@ -33,6 +33,8 @@ public:
     QList<PackageInfoPtr> of(const QList<PackageInfoPtr> &packages) const;
     /** The words that match none of the packages. */
     QStringList unmatched(const QList<PackageInfoPtr> &packages) const;
+    /** The same, which are told as errors. */
+    QStringList tellUnmatched(const QList<PackageInfoPtr> &packages, Console &console) const;
 
 private:
     QStringList m_words;

@@ -3,19 +3,48 @@
 
 #include "cli/console.h"
 #include "cli/invocation.h"
+#include "cli/packagejson.h"
 #include "engine/reprepro/joblock.h"
+#include "engine/reprepro/repolock.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
+#include <QFile>
+#include <QHash>
+#include <QJsonObject>
 #include <QSet>
 #include <QSettings>
 #include <QTimer>
 
 #include <algorithm>
 
+namespace
+{
+std::optional<PackageReplacementRules::Rule> ruleOf(const QString &word)
+{
+    using Rules = PackageReplacementRules;
+    static const QHash<QString, Rules::Rule> rules{{QStringLiteral("newer"), Rules::PreferHigher},
+                                                   {QStringLiteral("older"), Rules::PreferLower},
+                                                   {QStringLiteral("all"), Rules::ReplaceAll},
+                                                   {QStringLiteral("none"), Rules::ReplaceNone}};
+    const auto found = rules.constFind(word);
+    return found == rules.cend() ? std::nullopt : std::optional(*found);
+}
+
+QSet<PackageKey> keysOf(const QList<PackageInfoPtr> &packages)
+{
+    QSet<PackageKey> keys;
+    for (const PackageInfoPtr &package : packages)
+        keys.insert(PackageKey::of(*package));
+    return keys;
+}
+} // namespace
+
 RepositorySession::RepositorySession(const Invocation &invocation, Console &console)
     : m_invocation(invocation)
     , m_console(console)
-    , m_stop([this] { m_shell.cancel(); })
+    // What a job asks then gets its safe answer, which for the question whether to stop is yes.
+    , m_stop([this] { m_shell.setClosing(); })
 {
     // Checks are asked for by a command of their own.
     m_shell.setCheckDependsOnAdd(false);
@@ -39,10 +68,11 @@ void RepositorySession::connectShell()
         m_removed.append(package);
     });
     connect(&m_shell, &RepoShell::critical, this, &RepositorySession::tell);
+    connect(&m_shell, &RepoShell::fileBegun, this, [this](const QString &file) { m_file = file; });
     connect(&m_shell, &RepoShell::noted, this, [this](const QString &text) {
         m_findings += m_remarksAreFindings ? 1 : 0;
         if (m_remarksAreFindings)
-            m_console.error(QStringLiteral("refused"), text);
+            m_console.error(QStringLiteral("refused"), text, {}, m_file);
         else
             m_console.remark(text);
     });
@@ -50,16 +80,14 @@ void RepositorySession::connectShell()
     connect(&m_shell, &RepoShell::progressStepChanged, this, [this] {
         m_console.progress(m_job, m_shell.progress());
     });
-    connect(&m_shell, &RepoShell::finished, this, [this](RepoEnums::JobId, const QString &message) {
-        m_console.endProgress();
-        m_message = message;
-    });
+    connect(&m_shell, &RepoShell::finished, this, [this] { m_console.endProgress(); });
     connect(
         &m_shell,
         &RepoShell::question,
         this,
         [this](const QString &title, const QString &text) {
-            m_shell.setAnswer(m_console.ask(title, text, false, &StopSignal::isRaised));
+            m_shell.setAnswer(
+                isWithoutDescription() ? false : m_console.ask(title, text, false, &StopSignal::isRaised));
         },
         Qt::BlockingQueuedConnection);
     connect(
@@ -81,11 +109,26 @@ void RepositorySession::tell(const QString &text,
     // Told only when the waiting is over.
     if (cause == RepoEnums::REPOSITORY_BUSY && m_invocation.has("wait"))
         return;
+    if (cause == RepoEnums::NOTHING_TO_UPGRADE) {
+        m_console.remark(text);
+        return;
+    }
     ++m_findings;
     const QString code = cause == RepoEnums::REPOSITORY_BUSY ? QStringLiteral("locked")
                          : type == RepoEnums::WARNING        ? QStringLiteral("warning")
                                                              : QStringLiteral("error");
-    m_console.error(code, text, details);
+    m_console.error(code, text, details, m_file);
+}
+
+AddOptions RepositorySession::addOptions()
+{
+    m_rule = ruleOf(m_invocation.value("on-collision"));
+    m_remarksAreFindings = !m_rule;
+    AddOptions options;
+    options.component = m_invocation.value("component");
+    options.sign = m_invocation.has("sign-packages");
+    options.signKeyId = m_invocation.value("sign-packages");
+    return options;
 }
 
 bool RepositorySession::open()
@@ -94,6 +137,20 @@ bool RepositorySession::open()
     const int result = run([this] { m_shell.openRepo(m_invocation.repository()); });
     m_isOpening = false;
     return result == RepoEnums::SUCCESS;
+}
+
+bool RepositorySession::isWithoutDescription()
+{
+    const QString file = m_invocation.repository() + QLatin1String("/conf/distributions");
+    if (!m_isOpening || QFile::exists(file))
+        return false;
+    // The window offers to import such a folder, for which there is a command of its own here.
+    m_console.error(
+        QStringLiteral("repository"),
+        QCoreApplication::translate("cli", "The folder %1 is no repository.").arg(m_invocation.repository()),
+        {},
+        file);
+    return true;
 }
 
 int RepositorySession::run(const std::function<void()> &start)
@@ -105,7 +162,8 @@ int RepositorySession::run(const std::function<void()> &start)
     while (m_isLocked && waitForOther(waited));
     if (m_isLocked && m_invocation.has("wait"))
         m_console.error(QStringLiteral("locked"),
-                        tr("Another job still works on the repository %1.").arg(m_invocation.repository()));
+                        QCoreApplication::translate("cli", "Another job still works on the repository %1.")
+                            .arg(m_invocation.repository()));
     return m_result;
 }
 
@@ -113,11 +171,12 @@ int RepositorySession::runOnce(const std::function<void()> &start)
 {
     m_isLocked = false;
     m_findings = 0;
+    m_file.clear();
     QEventLoop loop;
     connect(&m_shell, &RepoShell::idle, &loop, &QEventLoop::quit);
     start();
     if (StopSignal::isRaised())
-        m_shell.cancel();
+        m_shell.setClosing();
     if (m_shell.isRunning())
         loop.exec();
     return m_shell.result();
@@ -127,14 +186,16 @@ bool RepositorySession::waitForOther(const QElapsedTimer &waited)
 {
     constexpr int Interval = 100; // milliseconds
     const qint64 patience = m_invocation.value("wait").toLongLong() * 1000;
-    // A reprepro that was called by hand does not have the lock that is looked at here.
+    // What is free for a moment only must not keep us beyond the time.
     if (waited.elapsed() >= patience)
         return false;
     QEventLoop loop;
     QTimer timer;
     bool isFree = false;
     connect(&timer, &QTimer::timeout, &loop, [&] {
-        isFree = JobLock().take(m_invocation.repository());
+        const RepoLock::State lock = RepoLock::state(m_invocation.repository());
+        isFree = (lock == RepoLock::State::Free || lock == RepoLock::State::Stale)
+                 && JobLock().take(m_invocation.repository());
         if (isFree || StopSignal::isRaised() || waited.elapsed() >= patience)
             loop.quit();
     });
@@ -143,26 +204,77 @@ bool RepositorySession::waitForOther(const QElapsedTimer &waited)
     return isFree && !StopSignal::isRaised();
 }
 
+QList<PackageInfoPtr> RepositorySession::added() const
+{
+    // A package that could not be replaced was put back.
+    const QSet<PackageInfoPtr> back(m_removed.cbegin(), m_removed.cend());
+    QList<PackageInfoPtr> added;
+    std::copy_if(m_added.cbegin(), m_added.cend(), std::back_inserter(added), [&back](const auto &package) {
+        return !back.contains(package);
+    });
+    return added;
+}
+
+QList<PackageInfoPtr> RepositorySession::replaced() const
+{
+    // The others have only new results of a check.
+    const QSet<PackageKey> removed = keysOf(m_removed);
+    QList<PackageInfoPtr> replaced;
+    std::copy_if(m_changed.cbegin(),
+                 m_changed.cend(),
+                 std::back_inserter(replaced),
+                 [&](const auto &package) { return removed.contains(PackageKey::of(*package)); });
+    return replaced;
+}
+
+QList<PackageInfoPtr> RepositorySession::checked() const
+{
+    const QSet<PackageInfoPtr> records(m_changed.cbegin(), m_changed.cend());
+    QList<PackageInfoPtr> checked;
+    const auto packages = m_shell.packages();
+    std::copy_if(packages.cbegin(), packages.cend(), std::back_inserter(checked), [&](const auto &package) {
+        return package->hasDependsInfo() && records.contains(package);
+    });
+    return checked;
+}
+
 QList<PackageInfoPtr> RepositorySession::removed() const
 {
-    QSet<PackageKey> replaced;
-    for (const PackageInfoPtr &package : m_changed)
-        replaced.insert(PackageKey::of(*package));
+    const QSet<PackageKey> back = keysOf(m_added + m_changed);
     QList<PackageInfoPtr> removed;
     std::copy_if(m_removed.cbegin(), m_removed.cend(), std::back_inserter(removed), [&](const auto &package) {
-        return !replaced.contains(PackageKey::of(*package));
+        return !back.contains(PackageKey::of(*package));
     });
     return removed;
 }
 
 ExitCode RepositorySession::exitCode() const
 {
-    const bool isAnyChanged = !m_added.isEmpty() || !m_changed.isEmpty() || !m_removed.isEmpty();
+    return exitCode(!m_added.isEmpty() || !m_changed.isEmpty() || !m_removed.isEmpty());
+}
+
+ExitCode RepositorySession::exitCode(bool isAnyChanged) const
+{
     if (m_isLocked)
         return ExitCode::Locked;
-    if (m_result == RepoEnums::CANCEL)
+    // A job also ends with CANCEL after a question whose answer was no.
+    if (m_result != RepoEnums::SUCCESS && StopSignal::isRaised())
         return ExitCode::Stopped;
     if (m_result == RepoEnums::SUCCESS && m_findings == 0)
         return ExitCode::Done;
     return isAnyChanged ? ExitCode::Findings : ExitCode::Failed;
+}
+
+void RepositorySession::tellChanges()
+{
+    QJsonObject result;
+    const auto tell = [&](const char *key, const QString &text, const QList<PackageInfoPtr> &packages) {
+        for (const PackageInfoPtr &package : packages)
+            m_console.line(text.arg(shownPackage(*package)));
+        result.insert(QLatin1String(key), PackageJson::array(packages));
+    };
+    tell("added", QCoreApplication::translate("cli", "Added: %1"), added());
+    tell("replaced", QCoreApplication::translate("cli", "Replaced: %1"), replaced());
+    tell("removed", QCoreApplication::translate("cli", "Removed: %1"), removed());
+    m_console.object(result);
 }

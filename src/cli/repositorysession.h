@@ -33,21 +33,28 @@ public:
     bool open();
     /** Runs a job to its end, and returns its result. */
     int run(const std::function<void()> &start);
-    /** What becomes of packages that are there already; without it the file is refused. */
-    void setReplacementRule(PackageReplacementRules::Rule rule) { m_rule = rule; }
-    /** Has the engine's remarks, such as those of files that were kept out, count as findings. */
-    void setRemarksAreFindings(bool areFindings) { m_remarksAreFindings = areFindings; }
+    /**
+     * The component and the key for packages that are added, and from now on the rule for those that are there already.
+     * Without a rule they are refused: then the engine's remarks, such as those of files that were kept out, count as
+     * findings.
+     */
+    AddOptions addOptions();
 
+    /** How many errors, and where they count remarks, the last run() has told. */
+    int findings() const { return m_findings; }
     /** The exit code after the last run(). */
     ExitCode exitCode() const;
-    const QList<PackageInfoPtr> &added() const { return m_added; }
-    const QList<PackageInfoPtr> &changed() const { return m_changed; }
+    QList<PackageInfoPtr> added() const;
+    /** Those that came in for a package that was removed for them. */
+    QList<PackageInfoPtr> replaced() const;
+    /** The present records of those with new results of a check. */
+    QList<PackageInfoPtr> checked() const;
     /** Without those that were replaced. */
     QList<PackageInfoPtr> removed() const;
-    /** Errors and, where they count, remarks of the last run(). */
-    int findings() const { return m_findings; }
-    /** The sentence with which the last job has ended. */
-    QString lastMessage() const { return m_message; }
+    /** The exit code after a job that changes no packages, or whose changes the caller knows better. */
+    ExitCode exitCode(bool isAnyChanged) const;
+    /** The lines and the object of what the jobs have added, replaced and removed. */
+    void tellChanges();
 
 private:
     const Invocation &m_invocation;
@@ -64,9 +71,11 @@ private:
     QList<PackageInfoPtr> m_changed;
     QList<PackageInfoPtr> m_removed;
     QString m_job;
-    QString m_message;
+    QString m_file; ///< what the job's remarks and errors are about; empty: the job
 
     void connectShell();
+    /** Whether the folder that is being opened is no repository, which is told. */
+    bool isWithoutDescription();
     void
     tell(const QString &text, const QString &details, RepoEnums::ErrorType type, RepoEnums::ErrorCause cause);
     int runOnce(const std::function<void()> &start);

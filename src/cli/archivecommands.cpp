@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Archives out of a repository, and packages out of archives and folders.
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/invocation.h"
+#include "cli/repositoryreading.h"
+#include "cli/repositorysession.h"
+#include "cli/stopsignal.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+namespace
+{
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("cli", text);
+}
+
+QString absolute(const QString &path)
+{
+    return QDir::cleanPath(QDir::current().absoluteFilePath(path));
+}
+
+/** The values of an option that can be repeated and be a list with commas. */
+QStringList listed(const QStringList &values)
+{
+    return values.join(QLatin1Char(',')).split(QLatin1Char(','), Qt::SkipEmptyParts);
+}
+} // namespace
+
+ExitCode Commands::exportPackages(const Invocation &invocation, Console &console)
+{
+    const QString target = absolute(invocation.others().first());
+    const QStringList names = listed(invocation.values("packages"));
+    if (names.isEmpty() && (invocation.has("packages") || invocation.has("with-depends"))) {
+        console.error(QStringLiteral("usage"),
+                      tr(QT_TRANSLATE_NOOP("cli", "--packages names the packages to export.")));
+        return ExitCode::Usage;
+    }
+    RepositorySession session(invocation, console);
+    if (!session.open())
+        return session.exitCode();
+    const PackageSelection selection(names, invocation);
+    const auto all = session.shell().packages();
+    const QStringList unmatched = selection.tellUnmatched(all, console);
+    const auto packages = selection.of(all);
+    if (!names.isEmpty() && packages.isEmpty())
+        return ExitCode::Failed;
+    if (QFileInfo(target).isFile()
+        && !console.ask(QString(),
+                        tr(QT_TRANSLATE_NOOP("cli", "%1 exists. Is it to be replaced?")).arg(target),
+                        false,
+                        &StopSignal::isRaised)) {
+        console.error(QStringLiteral("exists"),
+                      tr(QT_TRANSLATE_NOOP("cli", "The archive was not written.")),
+                      {},
+                      target);
+        return ExitCode::Failed;
+    }
+    const int result = session.run([&] {
+        if (names.isEmpty())
+            session.shell().exportRepo(target);
+        else
+            session.shell().exportPackages(packages, target, invocation.has("with-depends"));
+    });
+    const bool isWritten = result == RepoEnums::SUCCESS;
+    const ExitCode code = session.exitCode(isWritten);
+    if (!isWritten)
+        return code;
+    console.line(tr(QT_TRANSLATE_NOOP("cli", "Wrote %1.")).arg(target));
+    console.object({{QStringLiteral("file"), target}, {QStringLiteral("bytes"), QFileInfo(target).size()}});
+    return unmatched.isEmpty() ? code : ExitCode::Findings;
+}
+
+ExitCode Commands::import(const Invocation &invocation, Console &console)
+{
+    const QString source = absolute(invocation.others().first());
+    if (!QFileInfo::exists(source)) {
+        console.error(QStringLiteral("missing"),
+                      tr(QT_TRANSLATE_NOOP("cli", "There is no file or folder %1.")).arg(source),
+                      {},
+                      source);
+        return ExitCode::Failed;
+    }
+    RepositorySession session(invocation, console);
+    if (!session.open())
+        return session.exitCode();
+    const int result = session.run([&] { session.shell().importRepo(source, session.addOptions()); });
+    session.tellChanges();
+    const ExitCode code = session.exitCode();
+    if (code == ExitCode::Failed && result == RepoEnums::ERROR && session.findings() == 0)
+        console.error(QStringLiteral("nothing"),
+                      tr(QT_TRANSLATE_NOOP("cli", "There are no packages in %1.")).arg(source),
+                      {},
+                      source);
+    return code;
+}

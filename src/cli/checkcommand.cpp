@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/invocation.h"
+#include "cli/packagejson.h"
+#include "cli/repositoryreading.h"
+#include "cli/repositorysession.h"
+#include "core/settingskeys.h"
+#include "depends/dependsparser.h"
+
+#include <QCoreApplication>
+#include <QJsonArray>
+
+namespace
+{
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("cli", text);
+}
+
+DependsRepoType selectionOf(const QString &word)
+{
+    if (word == QLatin1String("public"))
+        return DependsPublic;
+    return word == QLatin1String("both") ? DependsEverywhere : DependsLocal;
+}
+
+/** The entries that nobody meets, as they stand in the package. */
+QStringList missingOf(const PackageInfo &package)
+{
+    QStringList missing;
+    for (const DependencyGroup &group : package.dependsInfo->groups) {
+        if (group.status == DependError)
+            missing.append(dependencyText(group, package.architecture));
+    }
+    return missing;
+}
+} // namespace
+
+ExitCode Commands::check(const Invocation &invocation, Console &console)
+{
+    RepositorySession session(invocation, console);
+    if (!session.open())
+        return session.exitCode();
+    RepoShell &shell = session.shell();
+    const PackageSelection selection(invocation.others(), invocation);
+    const QStringList unmatched = selection.tellUnmatched(shell.packages(), console);
+    const auto packages = selection.of(shell.packages());
+    if (packages.isEmpty() && !unmatched.isEmpty())
+        return ExitCode::Failed;
+    shell.setDependsRepoType(selectionOf(invocation.value("against")));
+    if (!packages.isEmpty())
+        session.run([&] { shell.checkDepends(packages); });
+    const ExitCode code = session.exitCode(true);
+    const auto checked = session.checked();
+    QJsonArray broken;
+    for (const PackageInfoPtr &package : checked) {
+        if (package->dependStatus() != DependError)
+            continue;
+        const QStringList missing = missingOf(*package);
+        console.line(tr(QT_TRANSLATE_NOOP("cli", "%1 lacks: %2"))
+                         .arg(shownPackage(*package), missing.join(QLatin1String(", "))));
+        broken.append(QJsonObject{{QStringLiteral("package"), package->name},
+                                  {QStringLiteral("version"), package->version},
+                                  {QStringLiteral("architecture"), package->architecture},
+                                  {QStringLiteral("missing"), QJsonArray::fromStringList(missing)}});
+    }
+    console.line(
+        tr(QT_TRANSLATE_NOOP("cli", "Checked: %1, broken: %2")).arg(checked.size()).arg(broken.size()));
+    console.object({{QStringLiteral("checked"), checked.size()}, {QStringLiteral("broken"), broken}});
+    return code == ExitCode::Done && !(broken.isEmpty() && unmatched.isEmpty()) ? ExitCode::Findings : code;
+}

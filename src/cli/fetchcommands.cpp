@@ -1,0 +1,269 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Packages that come from apt's sources.
+#include "apt/aptcommands.h"
+#include "apt/aptutils.h"
+#include "apt/versionorder.h"
+#include "cli/commands.h"
+#include "cli/console.h"
+#include "cli/invocation.h"
+#include "cli/repositorysession.h"
+#include "cli/stopsignal.h"
+#include "core/settingskeys.h"
+#include "depends/dependencylacks.h"
+
+#include <QCoreApplication>
+#include <QJsonArray>
+#include <QSet>
+#include <QSettings>
+
+#include <algorithm>
+
+namespace
+{
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("cli", text);
+}
+
+/** NAME or NAME=VERSION. */
+struct Wish
+{
+    QString word;
+    QString name; ///< empty when the word names no package
+    QString version; ///< empty: the greatest
+
+    explicit Wish(const QString &given)
+        : word(given)
+        , version(given.section(QLatin1Char('='), 1))
+    {
+        if (AptCommands::isPackageName(given.section(QLatin1Char('='), 0, 0)))
+            name = given.section(QLatin1Char('='), 0, 0);
+    }
+};
+
+/** What apt's sources offer of the wanted packages. */
+class Offers
+{
+public:
+    Offers(const QVector<Wish> &wishes, const QStringList &architectures, Console &console)
+    {
+        QSettings settings;
+        m_repos = ExternalRepos::load(settings);
+        QStringList names;
+        for (const Wish &wish : wishes) {
+            if (wish.name.isEmpty())
+                continue;
+            // Under its name alone apt knows what is for all architectures.
+            names.append(wish.name);
+            for (const QString &architecture : architectures)
+                names.append(wish.name + QLatin1Char(':') + architecture);
+        }
+        names.removeDuplicates();
+        AptUtils apt;
+        apt.setStopRequest(&StopSignal::isRaised);
+        constexpr int NamesPerRun = 250;
+        for (int first = 0; first < names.size() && !StopSignal::isRaised(); first += NamesPerRun)
+            m_records += apt.packageRecords(names.mid(first, NamesPerRun));
+        if (m_records.isEmpty() && !apt.lastErrorText().isEmpty() && !StopSignal::isRaised())
+            console.error(QStringLiteral("apt"), apt.lastErrorText(), apt.lastErrorDetails());
+    }
+
+    /** Nothing when no source has it. */
+    std::optional<PackageInfo> best(const Wish &wish, const QString &architecture) const
+    {
+        std::optional<PackageInfo> best;
+        for (const AptPackageRecord &record : m_records) {
+            if (record.name != wish.name || record.architecture != architecture
+                || (!wish.version.isEmpty() && record.version != wish.version)
+                || !m_repos.isOriginAsked(record.repository)
+                || (best && VersionOrder::compare(record.version, best->version) <= 0))
+                continue;
+            best = PackageInfo();
+            best->name = record.name;
+            best->version = record.version;
+            best->architecture = architecture;
+        }
+        return best;
+    }
+
+private:
+    ExternalRepos m_repos;
+    QVector<AptPackageRecord> m_records;
+};
+
+bool holds(const QList<PackageInfoPtr> &packages, const PackageInfo &wanted)
+{
+    return std::any_of(packages.cbegin(), packages.cend(), [&wanted](const PackageInfoPtr &package) {
+        return package->name == wanted.name && package->architecture == wanted.architecture
+               && package->version == wanted.version;
+    });
+}
+
+/** Fetches what the packages depend on and the repository lacks, and what that depends on. */
+ExitCode fetchDependencies(const QList<PackageInfoPtr> &first, RepositorySession *session)
+{
+    RepoShell &shell = session->shell();
+    shell.setDependsRepoType(DependsEverywhere);
+    QSet<QString> asked;
+    QList<PackageInfoPtr> packages = first;
+    ExitCode worst = ExitCode::Done;
+    while (!packages.isEmpty() && worst <= ExitCode::Findings) {
+        session->run([&] { shell.checkDepends(packages); });
+        worst = std::max(worst, session->exitCode(true));
+        QVector<Dependency> lacks;
+        for (const Dependency &lack : DependencyLacks::of(session->checked())) {
+            const QString key = lack.name + QLatin1Char(':') + lack.architecture;
+            if (!asked.contains(key))
+                lacks.append(lack);
+            asked.insert(key);
+        }
+        if (lacks.isEmpty() || worst > ExitCode::Findings)
+            break;
+        const auto before = shell.packages();
+        const QSet<PackageInfoPtr> known(before.cbegin(), before.cend());
+        const int added = session->added().size();
+        session->run([&] { shell.addDependencies(lacks, session->addOptions()); });
+        worst = std::max(worst, session->exitCode(true));
+        packages = session->added().mid(added);
+    }
+    return worst;
+}
+
+/** The sources in which newer versions are looked for; empty when the command line names a bad one, which is told. */
+QStringList sourcesToAsk(const Invocation &invocation, Console &console)
+{
+    QStringList sources;
+    for (const QString &word : invocation.values("from")) {
+        const QString source = ExternalRepos::normalised(word);
+        const QString refusal = ExternalRepos::refusal(source);
+        if (!refusal.isEmpty()) {
+            console.error(QStringLiteral("usage"), refusal, word);
+            return {};
+        }
+        sources.append(source);
+    }
+    if (invocation.has("from"))
+        return sources;
+    QSettings settings;
+    ExternalRepos repos = ExternalRepos::load(settings);
+    AptUtils apt;
+    apt.setStopRequest(&StopSignal::isRaised);
+    repos.merge(apt.sourcesFromPolicy());
+    for (const ExternalRepos::Entry &entry : repos.entries()) {
+        if (entry.isAsked())
+            sources.append(entry.source);
+    }
+    if (sources.isEmpty() && !StopSignal::isRaised())
+        console.error(QStringLiteral("apt"), AptUtils::noSourcesText(), apt.lastErrorDetails());
+    return sources;
+}
+
+void tellOffers(const QVector<UpgradablePackage> &packages, Console &console)
+{
+    QJsonArray array;
+    for (const UpgradablePackage &package : packages) {
+        console.line(tr(QT_TRANSLATE_NOOP("cli", "%1 %2: %3 instead of %4, from %5"))
+                         .arg(package.name,
+                              package.architecture,
+                              package.newVersion,
+                              package.oldVersion,
+                              package.source));
+        array.append(QJsonObject{{QStringLiteral("package"), package.name},
+                                 {QStringLiteral("architecture"), package.architecture},
+                                 {QStringLiteral("component"), package.component},
+                                 {QStringLiteral("version"), package.oldVersion},
+                                 {QStringLiteral("newVersion"), package.newVersion},
+                                 {QStringLiteral("source"), package.source}});
+    }
+    console.object({{QStringLiteral("upgradable"), array}});
+}
+} // namespace
+
+ExitCode Commands::fetch(const Invocation &invocation, Console &console)
+{
+    RepositorySession session(invocation, console);
+    if (!session.open())
+        return session.exitCode();
+    QVector<Wish> wishes;
+    for (const QString &word : invocation.others())
+        wishes.append(Wish(word));
+    const QStringList architectures = session.shell().repoInfo().binaryArchitectures();
+    const Offers offers(wishes, architectures, console);
+    if (StopSignal::isRaised())
+        return ExitCode::Stopped;
+    int unknown = 0;
+    for (const Wish &wish : wishes) {
+        const bool isOffered
+            = std::any_of(architectures.cbegin(), architectures.cend(), [&](const QString &architecture) {
+                  return offers.best(wish, architecture).has_value();
+              });
+        if (isOffered)
+            continue;
+        ++unknown;
+        console.error(QStringLiteral("unknown"),
+                      tr(QT_TRANSLATE_NOOP("cli", "No source of apt offers %1.")).arg(wish.word));
+    }
+    if (unknown == wishes.size())
+        return ExitCode::Failed;
+    ExitCode worst = unknown > 0 ? ExitCode::Findings : ExitCode::Done;
+    const AddOptions options = session.addOptions();
+    QList<PackageInfo> wanted;
+    for (const QString &architecture : architectures) {
+        // A file for all architectures is in for this one, too, since it was fetched for another.
+        QList<PackageInfo> missing;
+        for (const Wish &wish : wishes) {
+            const auto best = offers.best(wish, architecture);
+            if (!best)
+                continue;
+            wanted.append(*best);
+            if (!holds(session.shell().packages(), *best))
+                missing.append(*best);
+        }
+        if (missing.isEmpty() || worst >= ExitCode::Locked)
+            continue;
+        session.run([&] { session.shell().downloadPackages(missing, options); });
+        worst = std::max(worst, session.exitCode());
+    }
+    if (invocation.has("with-depends") && worst < ExitCode::Locked) {
+        QList<PackageInfoPtr> present;
+        for (const PackageInfoPtr &package : session.shell().packages()) {
+            if (std::any_of(wanted.cbegin(), wanted.cend(), [&](const PackageInfo &other) {
+                    return holds({package}, other);
+                }))
+                present.append(package);
+        }
+        worst = std::max(worst, fetchDependencies(present, &session));
+    }
+    session.tellChanges();
+    const bool isAnyIn = !session.added().isEmpty() || !session.replaced().isEmpty();
+    return worst == ExitCode::Failed && isAnyIn ? ExitCode::Findings : worst;
+}
+
+ExitCode Commands::upgrade(const Invocation &invocation, Console &console)
+{
+    RepositorySession session(invocation, console);
+    if (!session.open())
+        return session.exitCode();
+    const QStringList sources = sourcesToAsk(invocation, console);
+    if (sources.isEmpty())
+        return StopSignal::isRaised()   ? ExitCode::Stopped
+               : invocation.has("from") ? ExitCode::Usage
+                                        : ExitCode::Failed;
+    RepoShell &shell = session.shell();
+    const bool isAsked = session.run([&] { shell.prepareUpgrade(sources); }) == RepoEnums::SUCCESS;
+    const ExitCode prepared = session.exitCode(isAsked);
+    if (!isAsked)
+        return prepared;
+    const auto packages = shell.upgradablePackages();
+    if (invocation.has("list")) {
+        tellOffers(packages, console);
+        return prepared;
+    }
+    ExitCode code = prepared;
+    if (!packages.isEmpty()) {
+        session.run([&] { shell.upgradeRepo(packages, session.addOptions()); });
+        code = std::max(prepared, session.exitCode());
+    }
+    session.tellChanges();
+    return code;
+}

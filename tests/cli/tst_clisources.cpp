@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "cli/cliharness.h"
+#include "support/localapt.h"
+
+/** The commands that bring packages from elsewhere, take them elsewhere, and check them. */
+class TestCliSources : public QObject
+{
+    Q_OBJECT
+private:
+    static QString depending(const char *name, const char *on, const char *version, const QString &folder)
+    {
+        return DebBuilder(QLatin1String(name))
+            .version(QLatin1String(version))
+            .field("Depends"_s, QLatin1String(on))
+            .build(folder);
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        VELT_NEED_TOOL("reprepro");
+        VELT_NEED_TOOL("apt-get");
+        VELT_NEED_TOOL("archivemount");
+    }
+
+    void fetchedCheckedAndUpgraded()
+    {
+        CliHarness h;
+        h.create("--architectures|amd64,i386"_list);
+        const QString pool = h.at("source/pool"_s);
+        depending("top", "middle (>= 1.0)", "1.0", pool);
+        depending("top", "middle (>= 1.0)", "2.0", pool);
+        depending("middle", "gone | bottom", "1.0", pool);
+        depending("lone", "nowhere", "1.0", pool);
+        DebBuilder("bottom"_s).architecture("all"_s).build(pool);
+        const LocalApt apt(h.folder.path(), {"source"_s});
+
+        const CliResult plain = h.json("fetch", {"top=1.0"_s, "none"_s, "top=9"_s});
+        QVERIFY2(plain.code == 1 && plain.errorCodes() == "unknown unknown"_s, plain.said());
+        QCOMPARE(listed(plain.json()["added"_s]), "top 1.0 amd64"_s);
+        QCOMPARE(h.json("fetch", {"none"_s}).code, 3);
+        // A finding is an exit code of its own; the same check against the sources has none.
+        const CliResult broken = h.json("check", {});
+        QCOMPARE(broken.code, 1);
+        QCOMPARE(
+            QJsonDocument(broken.json()).toJson(QJsonDocument::Compact),
+            QByteArray("{'broken':[{'architecture':'amd64','missing':['middle (>= 1.0)'],'package':'top',"
+                       "'version':'1.0'}],'checked':1}")
+                .replace('\'', '"'));
+        // The window shows the same results.
+        const QString results = "/corvana/velt-admin-repo-dependencies.json"_s;
+        QVERIFY(readFile(qEnvironmentVariable("XDG_CONFIG_HOME") + results).contains(h.repo().toUtf8()));
+        for (const char *where : {"public", "both"})
+            QCOMPARE(h.json("check", {"t*"_s, "--against"_s, QLatin1String(where)}).code, 0);
+        QCOMPARE(h.json("check", {"x*"_s}).code, 3);
+
+        // What is there is no obstacle to what it needs.
+        const CliResult with = h.json("fetch", {"top=1.0"_s, "--with-depends"_s});
+        QVERIFY2(with.code == 0 && with.errors.isEmpty(), with.said());
+        const QString rest = "bottom 1.0 amd64,bottom 1.0 i386,middle 1.0 amd64"_s;
+        QCOMPARE(listed(with.json()["added"_s]), rest);
+        QCOMPARE(h.json("check", {}).code, 0);
+        const CliResult lone = h.json("fetch", {"lone"_s, "--with-depends"_s});
+        QVERIFY2(lone.code == 1 && lone.errors.contains("nowhere"), lone.said());
+        QVERIFY(h.holds("bottom 1.0 amd64,bottom 1.0 i386,lone 1.0 amd64,middle 1.0 amd64,top 1.0 amd64"_s));
+
+        const QString source = "[trusted=yes arch=amd64] file:%1 dogwood main"_s.arg(h.at("source"_s));
+        const CliResult offers = h.json("upgrade", {"--list"_s, "--from"_s, source});
+        const QJsonObject offer = offers.json()["upgradable"_s].toArray().at(0).toObject();
+        QVERIFY2(offers.code == 0 && offers.json()["upgradable"_s].toArray().size() == 1, offers.said());
+        QCOMPARE(offer["package"_s].toString() + offer["version"_s].toString()
+                     + offer["newVersion"_s].toString(),
+                 "top1.02.0"_s);
+        QCOMPARE(h.json("upgrade", {"--from"_s, "nonsense"_s}).code, 2);
+        // Without an option these are the sources that apt has, whose options it does not tell.
+        writeFile(h.at("source/dists/dogwood/main/binary-i386/Packages"_s), {});
+        writeFile(h.at("etc/apt.conf.d/unsigned"_s),
+                  "Acquire::AllowInsecureRepositories \"true\";\nAPT::Get::AllowUnauthenticated \"true\";\n");
+        const CliResult upgraded = h.json("upgrade", {});
+        QVERIFY2(upgraded.code == 0, upgraded.said());
+        QCOMPARE(listed(upgraded.json()["replaced"_s]), "top 2.0 amd64"_s);
+        const CliResult again = h.json("upgrade", {});
+        QVERIFY2(again.code == 0 && again.errors.isEmpty(), again.said());
+        QVERIFY(h.holds("bottom 1.0 amd64,bottom 1.0 i386,lone 1.0 amd64,middle 1.0 amd64,top 2.0 amd64"_s));
+    }
+
+    void outAndIn()
+    {
+        CliHarness h;
+        h.create();
+        const QString needs = depending("needs", "needed", "1.0", h.at("debs"_s));
+        QCOMPARE(h.run({"add"_s, h.repo(), needs, h.deb("needed"), h.deb("other")}).code, 0);
+        const QString all = "needed 1.0 amd64,needs 1.0 amd64,other 1.0 amd64"_s;
+        const auto members = [&h](const char *archive) {
+            QString names = runShell(
+                "tar tzf '%1' | grep -o '[a-z]*_1.0_amd64' | sort -u"_s.arg(h.at(QLatin1String(archive))));
+            return names.remove("_1.0_amd64"_s).trimmed().replace(u'\n', u' ');
+        };
+        const CliResult written = h.json("export", {"all.tgz"_s});
+        QVERIFY2(written.code == 0, written.said());
+        QCOMPARE(written.json()["file"_s].toString(), h.at("all.tgz"_s));
+        QCOMPARE(written.json()["bytes"_s].toInt(), static_cast<int>(QFileInfo(h.at("all.tgz"_s)).size()));
+        QCOMPARE(h.json("export", {"all.tgz"_s}).code, 3); // nobody says that it can be replaced
+        QCOMPARE(h.json("export", {"some.tgz"_s, "--packages"_s, "needs"_s, "--with-depends"_s}).code, 0);
+        QCOMPARE(members("some.tgz"), "needed needs"_s);
+        const QStringList listed2 = "two.tgz|--packages|other,needs|--packages|none"_list;
+        const CliResult two = h.json("export", listed2);
+        QVERIFY2(two.code == 1 && two.errorCodes().contains("unknown"_s), two.said());
+        QCOMPARE(members("two.tgz"), "needs other"_s);
+        for (const QStringList &bad : {"x.tgz|--with-depends"_list, "x.tgz|--packages|,"_list})
+            QCOMPARE(h.json("export", bad).code, 2);
+        QCOMPARE(h.json("export", {"/no/such/place/x.tgz"_s}).code, 3);
+        QCOMPARE(h.json("export", {"my repo/x.tgz"_s}).code, 3);
+        QVERIFY(h.holds(all));
+
+        CliHarness other;
+        other.create();
+        const CliResult in = other.json("import", {h.at("some.tgz"_s)});
+        QVERIFY2(in.code == 0, in.said());
+        QCOMPARE(listed(in.json()["added"_s]), "needed 1.0 amd64,needs 1.0 amd64"_s);
+        QCOMPARE(other.json("import", {h.repo(), "--on-collision"_s, "none"_s}).code, 0);
+        QVERIFY(other.holds(all));
+        writeFile(other.at("torn.tgz"_s), "torn");
+        QDir().mkpath(other.at("empty"_s));
+        for (const char *bad : {"torn.tgz", "empty", "none.tgz"}) {
+            const CliResult refused = other.json("import", {QLatin1String(bad)});
+            QVERIFY2(refused.code == 3 && !refused.errors.isEmpty(), bad);
+        }
+        QVERIFY(other.holds(all));
+    }
+};
+
+VELT_TEST_MAIN(TestCliSources, QCoreApplication)
+#include "tst_clisources.moc"
