@@ -22,6 +22,10 @@ ExitCode Commands::run(const Invocation &invocation, Console &console)
         {QStringLiteral("sign"), sign},
         {QStringLiteral("keys"), keys},
         {QStringLiteral("change"), change},
+        {QStringLiteral("publish"), publish},
+        {QStringLiteral("unpublish"), unpublish},
+        {QStringLiteral("published"), published},
+        {QStringLiteral("source-line"), sourceLine},
     };
     return commands.value(QLatin1String(invocation.command->name))(invocation, console);
 }

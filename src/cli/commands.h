@@ -22,6 +22,10 @@ ExitCode import(const Invocation &invocation, Console &console);
 ExitCode sign(const Invocation &invocation, Console &console);
 ExitCode keys(const Invocation &invocation, Console &console);
 ExitCode change(const Invocation &invocation, Console &console);
+ExitCode publish(const Invocation &invocation, Console &console);
+ExitCode unpublish(const Invocation &invocation, Console &console);
+ExitCode published(const Invocation &invocation, Console &console);
+ExitCode sourceLine(const Invocation &invocation, Console &console);
 
 /** Runs the command of the invocation. */
 ExitCode run(const Invocation &invocation, Console &console);

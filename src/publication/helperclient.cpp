@@ -29,6 +29,25 @@ bool HelperClient::isReachable()
     return QDBusConnection::systemBus().isConnected();
 }
 
+QString HelperClient::advice(QDBusError::ErrorType error)
+{
+    switch (error) {
+    case QDBusError::AccessDenied:
+        return tr(
+            "This takes the rights of an administrator. If no password was asked for, no authentication "
+            "agent runs in this session, or a rule of this machine refuses.");
+    case QDBusError::ServiceUnknown:
+        return tr("The helper that does this with the rights of an administrator is not installed. Install "
+                  "the package of this program once more.");
+    case QDBusError::Disconnected:
+        return tr(
+            "The system bus cannot be reached. Without it, nothing in the system can be changed. Start the "
+            "service dbus, then this program once more.");
+    default:
+        return {};
+    }
+}
+
 void HelperClient::addLocalSource(const QString &entry, const QByteArray &key, const Answer &answer)
 {
     follow(key.isEmpty() ? m_helper.AddLocalSource(entry)

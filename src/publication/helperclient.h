@@ -28,6 +28,8 @@ public:
     explicit HelperClient(QObject *parent = nullptr);
     /** Whether there is a system bus. Without a bus, the system's state can be neither read nor changed. */
     static bool isReachable();
+    /** What the administrator can do about this error of the bus; empty: nothing. */
+    static QString advice(QDBusError::ErrorType error);
 
     /** `key` is the key that the entry names, in ASCII armor; empty when the entry names no key. */
     void addLocalSource(const QString &entry, const QByteArray &key, const Answer &answer);

@@ -37,8 +37,9 @@ QString stateOf(const PublishedRepo &repo, int protocol)
         = protocol == FtpProtocol ? QString(ftpService) : PublicationUnit::serviceName(repo.port);
     return VeltAdmin::SystemdService(service).activeState();
 }
+} // namespace
 
-PublicationMonitor::Snapshot read(const RepoServers &servers)
+PublicationMonitor::Snapshot PublicationMonitor::read(const RepoServers &servers)
 {
     PublicationMonitor::Snapshot snapshot;
     for (const int protocol : {int(HttpProtocol), int(FtpProtocol)}) {
@@ -60,7 +61,6 @@ PublicationMonitor::Snapshot read(const RepoServers &servers)
     snapshot.listeningPorts = ListeningPorts::read();
     return snapshot;
 }
-} // namespace
 
 bool PublicationMonitor::Snapshot::operator==(const Snapshot &other) const
 {

@@ -36,6 +36,9 @@ public:
     /** Called on the thread pool, one call at a time. A call may end after the monitor was deleted. */
     using Reader = std::function<Snapshot()>;
 
+    /** One reading, which asks the service manager and waits for it. */
+    static Snapshot read(const RepoServers &servers);
+
     explicit PublicationMonitor(QObject *parent = nullptr);
     PublicationMonitor(const std::shared_ptr<const RepoServers> &servers, QObject *parent);
     /** A change of one of the files and folders in `watched` causes a reading. */

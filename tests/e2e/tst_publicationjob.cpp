@@ -269,6 +269,42 @@ private Q_SLOTS:
                  QString("inactive\n"_s + added));
     }
 
+    void worksOnTheCommandLine()
+    {
+        const auto call = [this](const QString &arguments) {
+            return asUser("velt-admin-repo-cli "_s + arguments + " 2>&1"_s, {closedRepo, openRepo});
+        };
+        QCOMPARE(call("published --json"_s), "{\"published\":[]}"_s);
+        QVERIFY(call("source-line \"$1\""_s).contains("is not published"_s));
+        QVERIFY(m_system.allow(false).isEmpty());
+        const QString denied = call("publish \"$1\" --http 8085 --json"_s);
+        QVERIFY2(denied.startsWith("{\"error\":{\"code\":\"denied\""_s) && denied.contains("[3:"_s),
+                 qPrintable(denied));
+        QVERIFY(m_system.allow(true).isEmpty());
+
+        QVERIFY(call("publish \"$1\" --http 8085"_s).endsWith("is published over HTTP on the port 8085."_s));
+        QVERIFY(call("publish \"$1\" --http 8085"_s).contains("is published already"_s));
+        QVERIFY(call("publish \"$2\" --http 8085"_s).contains("[3:"_s));
+        const QString line = call("source-line \"$1\" --host 127.0.0.1 --trusted"_s);
+        QCOMPARE(line, "deb [trusted=yes] http://127.0.0.1:8085/ birch main"_s);
+        const QString update = m_system.apt(line, "update"_s);
+        QVERIFY2(update.contains("Get:"_s) && !update.contains("W:"_s), qPrintable(update));
+        // Nobody is there to agree to another configuration of the FTP server.
+        QVERIFY(call("publish \"$2\" --ftp 2121"_s).contains("[3:"_s));
+        QVERIFY(call("publish \"$2\" --ftp 2121 --yes"_s).endsWith("over FTP on the port 2121."_s));
+        QCOMPARE(call("published"_s), "HTTP 8085 active %1\nFTP 2121 active %2"_s.arg(closedRepo, openRepo));
+
+        QVERIFY(call("unpublish 8085"_s).contains("no longer published over HTTP"_s));
+        QVERIFY(call("unpublish \"$2\""_s).contains("no longer published over FTP"_s));
+        QVERIFY(call("unpublish \"$2\""_s).contains("[3:"_s));
+        QCOMPARE(box("systemctl is-active vsftpd public-repo-8085 || true"_s), "inactive\ninactive"_s);
+        // Without a bus the reason is told at once.
+        const QString unreachable
+            = asUser("DBUS_SYSTEM_BUS_ADDRESS=unix:path=/none velt-admin-repo-cli publish \"$1\" 2>&1"_s,
+                     {closedRepo});
+        QVERIFY2(unreachable.contains("The system bus cannot be reached"_s), qPrintable(unreachable));
+    }
+
     void leavesTheUnitOfAServiceThatGoesOn_data()
     {
         QTest::addColumn<QString>("service");

@@ -4,6 +4,7 @@
 #include "core/runinbackground.h"
 #include "engine/reposhell.h"
 #include "platform/packagemanager.h"
+#include "publication/publicationconsent.h"
 #include "server/httpserver.h"
 #include "server/publicationpath.h"
 #include "ui/dialogs/missingpackage.h"
@@ -18,14 +19,6 @@
 #include <QSettings>
 
 #include <algorithm>
-
-namespace
-{
-QString serviceOf(int protocol, int port)
-{
-    return protocol == FtpProtocol ? QStringLiteral("vsftpd") : QStringLiteral("public-repo-%1").arg(port);
-}
-} // namespace
 
 PublishCommand::PublishCommand(const Workbench &bench,
                                PublicationMonitor &monitor,
@@ -99,8 +92,7 @@ void PublishCommand::afterReading(const std::function<void()> &next)
 
 void PublishCommand::checkPackage(const Request &request)
 {
-    const QString package
-        = request.wanted.protocol == FtpProtocol ? QStringLiteral("vsftpd") : QStringLiteral("lighttpd");
+    const QString package = ServerText::package(request.wanted.protocol);
     VeltAdmin::PackageManager::isPackageInstalled(package, this, [this, request, package](bool isInstalled) {
         if (!goesOn(request))
             return;
@@ -141,11 +133,7 @@ void PublishCommand::checkAccess(const Request &request)
         if (found.isPublishable)
             judgeAccess(request, found.access);
         else
-            refuse(
-                request,
-                tr("The path %1 cannot be served. It must be the directory of a repository, and its name may "
-                   "consist of letters, digits, blanks between them and the characters %2.")
-                    .arg(request.wanted.path, QStringLiteral(". _ + ~ @ : -")));
+            refuse(request, ServerText::unservable(request.wanted.path));
     });
 }
 
@@ -155,17 +143,8 @@ void PublishCommand::judgeAccess(const Request &request, const PublicationAccess
         confirm(request);
         return;
     }
-    QStringList closed = access.unreadable;
-    if (!access.isEntered)
-        closed.prepend(request.wanted.path);
-    const int further = access.unreadableCount - access.unreadable.size();
-    if (further > 0)
-        closed << tr("and %n further file(s)", nullptr, further);
-    const Prompts::Answer answer = m_bench.prompts.ask(
-        tr("Access rights"),
-        tr("The server cannot read everything in the repository. Do you want to let all "
-           "users of this machine read it?"),
-        closed.join(QLatin1Char('\n')));
+    const auto consent = PublicationConsent::access(request.wanted.path, access);
+    const Prompts::Answer answer = m_bench.prompts.ask(consent.title, consent.text, consent.details);
     if (answer == Prompts::Answer::Yes && goesOn(request))
         openUp(request);
     else
@@ -187,25 +166,9 @@ void PublishCommand::openUp(const Request &request)
 
 bool PublishCommand::agreesToReplace(const Request &request)
 {
-    const std::optional<Publication> &replaced = request.rules.replaced;
-    if (request.wanted.protocol == FtpProtocol) {
-        const QString about
-            = replaced && replaced->isRunning()
-                  ? tr("The repository %1 is published over FTP now and will not be any more.")
-                        .arg(replaced->repo.path)
-                  : tr("The first file that is not the program's own is kept beside it.");
-        return m_bench.prompts.askCarefully(
-                   tr("Rewrite confirmation"),
-                   tr("File /etc/vsftpd.conf will be rewrite. Do you want to continue?"),
-                   about)
-               == Prompts::Answer::Yes;
-    }
-    return !replaced
-           || m_bench.prompts.askCarefully(
-                  tr("Publication confirmation"),
-                  tr("The port %1 belongs to the service of the repository %2, which does "
-                     "not run. Do you want to replace it?")
-                      .arg(QString::number(request.wanted.port), replaced->repo.path))
+    const auto consent = PublicationConsent::replacement(request.wanted, request.rules);
+    return !consent
+           || m_bench.prompts.askCarefully(consent->title, consent->text, consent->details)
                   == Prompts::Answer::Yes;
 }
 
@@ -213,10 +176,8 @@ void PublishCommand::confirm(const Request &request)
 {
     const auto agrees = [this, &request] {
         const bool isEmpty = request.widget->repoShell()->packageCount() == 0;
-        if (isEmpty
-            && m_bench.prompts.ask(tr("Publication confirmation"),
-                                   tr("Do you want to publish an empty repository?"))
-                   != Prompts::Answer::Yes)
+        const auto consent = PublicationConsent::emptyRepository();
+        if (isEmpty && m_bench.prompts.ask(consent.title, consent.text) != Prompts::Answer::Yes)
             return false;
         return goesOn(request) && agreesToReplace(request);
     };
@@ -245,9 +206,12 @@ void PublishCommand::makeRoom(const Request &request)
                 else if (!isListed(*request.rules.own))
                     askSystem(request);
                 else if (goesOn(request))
-                    endWaiting(request.widget,
-                               QString(),
-                               {tr("The repository is not published!"), whyListed(*request.rules.own), {}});
+                    endWaiting(
+                        request.widget,
+                        QString(),
+                        {tr("The repository is not published!"),
+                         ServerText::whyNotStopped(request.rules.own->protocol, request.rules.own->repo.port),
+                         {}});
             });
         });
 }
@@ -312,9 +276,7 @@ void PublishCommand::explainFailure(const Request &request)
         const QStringList lines = text.trimmed().split(QLatin1Char('\n'));
         const QString details
             = text.trimmed().isEmpty()
-                  ? tr("The service did not start, or ended at once. The administrator finds the reason in "
-                       "the system's journal: journalctl -u %1 -u velt-admin-repo-helper")
-                        .arg(serviceOf(request.wanted.protocol, request.wanted.port))
+                  ? ServerText::whyNotStarted(request.wanted.protocol, request.wanted.port)
                   : tr("The end of the server's log %1:").arg(log) + QLatin1Char('\n')
                         + lines.mid(qMax(0, lines.size() - MostLines)).join(QLatin1Char('\n'));
         endWaiting(request.widget, wordOfFailure(), {tr("The repository is not published!"), details, {}});
@@ -365,7 +327,8 @@ void PublishCommand::endUnpublishing(const Publication &publication,
         endWaiting(tab,
                    QString(),
                    {tr("The repository is not unpublished!"),
-                    result.done ? whyListed(publication) : whereReasonsAre(),
+                    result.done ? ServerText::whyNotStopped(publication.protocol, publication.repo.port)
+                                : ServerText::whyRefused(),
                     {}});
     if (answer)
         answer(isOver);
@@ -383,16 +346,4 @@ bool PublishCommand::isListed(const Publication &publication) const
     return std::any_of(all.cbegin(), all.cend(), [&publication](const Publication &one) {
         return one.protocol == publication.protocol && one.repo.port == publication.repo.port;
     });
-}
-
-QString PublishCommand::whyListed(const Publication &publication)
-{
-    return tr("The service %1 could not be stopped. \"systemctl status %1\" tells more.")
-        .arg(serviceOf(publication.protocol, publication.repo.port));
-}
-
-QString PublishCommand::whereReasonsAre()
-{
-    return tr("The system refused. The administrator finds the reason in its journal: "
-              "journalctl -u velt-admin-repo-helper");
 }

@@ -79,8 +79,6 @@ private:
                          const Answer &answer);
     /** Whether the system still has the publication, as of the last reading. */
     bool isListed(const Publication &publication) const;
-    static QString whyListed(const Publication &publication);
-    static QString whereReasonsAre();
     static QString wordOfFailure();
 
     Workbench m_bench;

@@ -44,23 +44,3 @@ QString PublicationText::state(const QString &serviceState)
         return Word::tr("Failed");
     return Word::tr("Unknown");
 }
-
-QString PublicationText::advice(QDBusError::ErrorType error)
-{
-    switch (error) {
-    case QDBusError::AccessDenied:
-        return Word::tr(
-            "This takes the rights of an administrator. If no password was asked for, no authentication "
-            "agent runs in this session, or a rule of this machine refuses.");
-    case QDBusError::ServiceUnknown:
-        return Word::tr(
-            "The helper that does this with the rights of an administrator is not installed. Install "
-            "the package of this program once more.");
-    case QDBusError::Disconnected:
-        return Word::tr(
-            "The system bus cannot be reached. Without it, nothing in the system can be changed. Start the "
-            "service dbus, then this program once more.");
-    default:
-        return {};
-    }
-}

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QDBusError>
 #include <QString>
 
 /** Texts about publications. */
@@ -13,6 +12,4 @@ QString serverType(int protocol);
 QString address(int protocol, const QString &host, int port);
 /** Text for the state of a service that serves a repository. */
 QString state(const QString &serviceState);
-/** What the administrator can do about this error of the bus; empty: nothing. */
-QString advice(QDBusError::ErrorType error);
 } // namespace PublicationText

@@ -6,7 +6,6 @@
 #include "signing/signingadvice.h"
 #include "ui/dialogs/packagereplacementdialog.h"
 #include "ui/dialogs/prompts.h"
-#include "ui/dialogs/publicationtext.h"
 #include "ui/tab/publicationpanel.h"
 #include "ui/tab/repotabs.h"
 #include "ui/tab/repowidget.h"
@@ -200,7 +199,7 @@ void JobFeedback::jobFinished(RepoWidget *widget, const QString &message)
 
 JobFeedback::Trouble JobFeedback::troubleOf(const HelperClient::Result &result)
 {
-    return {result.errorText, result.details, PublicationText::advice(result.error)};
+    return {result.errorText, result.details, HelperClient::advice(result.error)};
 }
 
 void JobFeedback::showWaiting(RepoWidget *widget, const QString &message)
