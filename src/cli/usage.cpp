@@ -40,36 +40,57 @@ QString words(const QVector<CommandOption> &options)
     return words.join(QLatin1Char(' '));
 }
 
-/** Whether the operand at this place is a file or a folder, for bash. */
+/** The word for what an operand is, in the script for bash. */
+QLatin1String bashKind(Operand operand)
+{
+    switch (operand) {
+    case Operand::None:
+        break;
+    case Operand::Repository:
+        return QLatin1String("folder");
+    case Operand::File:
+        return QLatin1String("file");
+    case Operand::PackageName:
+        return QLatin1String("package");
+    case Operand::Port:
+        return QLatin1String("port");
+    }
+    return {};
+}
+
 QString bashCase(const CommandDescription &command)
 {
     const QVector<CommandOption> options = command.options + CommandTable::commonOptions();
-    QString text = QStringLiteral("    %1) options='%2'").arg(QLatin1String(command.name), words(options));
-    const bool takesFolder = command.first == Operand::Repository;
-    const bool takesFiles = command.others == Operand::File || command.first == Operand::File;
-    text += QStringLiteral(" first=%1 others=%2")
-                .arg(takesFolder ? QStringLiteral("-d") : QString(),
-                     takesFiles ? QStringLiteral("-f") : QString());
-    return text + QLatin1String(" ;;\n");
+    return QStringLiteral("    %1) options='%2' first='%3' others='%4' ;;\n")
+        .arg(QLatin1String(command.name), words(options), bashKind(command.first), bashKind(command.others));
 }
 
+/** What follows an option that has a value: one of its choices, or a word that only the user knows. */
 QString bashValues()
 {
     QString text;
+    QStringList unknown;
     QStringList seen;
-    for (const CommandDescription &command : CommandTable::commands()) {
-        for (const CommandOption &option : command.options) {
-            const QString name = QLatin1String(option.name);
-            if (option.choices == nullptr || seen.contains(name))
+    const auto addValues = [&](const QVector<CommandOption> &options) {
+        for (const CommandOption &option : options) {
+            const QString word = QLatin1String("--") + QLatin1String(option.name);
+            if (option.value == nullptr || seen.contains(word))
                 continue;
-            seen.append(name);
-            text += QStringLiteral(
-                        "    --%1) mapfile -t COMPREPLY < <(compgen -W '%2' -- \"$word\"); return ;;\n")
-                        .arg(name,
-                             QString::fromLatin1(option.choices).replace(QLatin1Char('|'), QLatin1Char(' ')));
+            seen.append(word);
+            if (option.choices == nullptr)
+                unknown.append(word);
+            else
+                text += QStringLiteral(
+                            "    %1) mapfile -t COMPREPLY < <(compgen -W '%2' -- \"$word\"); return ;;\n")
+                            .arg(word,
+                                 QString::fromLatin1(option.choices)
+                                     .replace(QLatin1Char('|'), QLatin1Char(' ')));
         }
-    }
-    return text;
+    };
+    for (const CommandDescription &command : CommandTable::commands())
+        addValues(command.options);
+    addValues(CommandTable::commonOptions());
+    return text + QStringLiteral("    %1) return ;;\n").arg(unknown.join(QLatin1Char('|')));
 }
 
 QString bash()
@@ -80,9 +101,10 @@ QString bash()
         names.append(QLatin1String(command.name));
         cases += bashCase(command);
     }
+    // The names of packages come from others: nothing may expand them.
     return QStringLiteral(R"(# bash completion of velt-admin-repo-cli
 _velt_admin_repo_cli() {
-    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} options first others
+    local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD-1]} options first others kind repository
     if [ "$COMP_CWORD" -eq 1 ]; then
         mapfile -t COMPREPLY < <(compgen -W '%1 --help --version' -- "$word")
         return
@@ -92,15 +114,27 @@ _velt_admin_repo_cli() {
     case ${COMP_WORDS[1]} in
 %3    *) return ;;
     esac
-    compopt -o filenames
     if [[ $word == -* ]]; then
-        compopt +o filenames
         mapfile -t COMPREPLY < <(compgen -W "$options --help" -- "$word")
-    elif [ "$COMP_CWORD" -eq 2 ]; then
-        [ -z "$first" ] || mapfile -t COMPREPLY < <(compgen "$first" -- "$word")
-    elif [ -n "$others" ]; then
-        mapfile -t COMPREPLY < <(compgen "$others" -- "$word")
+        return
     fi
+    if [ "$COMP_CWORD" -eq 2 ]; then kind=$first; else kind=$others; fi
+    case $kind in
+    folder)
+        compopt -o filenames
+        mapfile -t COMPREPLY < <(compgen -d -- "$word") ;;
+    file)
+        compopt -o filenames
+        mapfile -t COMPREPLY < <(compgen -f -- "$word") ;;
+    port)
+        compopt -o filenames
+        mapfile -t COMPREPLY < <(compgen -d -- "$word"
+            velt-admin-repo-cli published 2>/dev/null | cut -d ' ' -f 2 | grep "^${word//[!0-9]/x}") ;;
+    package)
+        repository=${COMP_WORDS[2]//[\\\"\']/}
+        mapfile -t COMPREPLY < <(velt-admin-repo-cli list "${repository/#~\//$HOME/}" "$word*" 2>/dev/null |
+            cut -d ' ' -f 1 | LC_ALL=C sort -u) ;;
+    esac
 }
 complete -F _velt_admin_repo_cli velt-admin-repo-cli
 )")
@@ -144,11 +178,27 @@ QString zsh()
         cases += zshOptions(command.options + CommandTable::commonOptions());
         if (command.first == Operand::Repository)
             cases += QLatin1String(" \\\n            '1:repository:_files -/'");
+        else if (command.first == Operand::Port)
+            cases += QLatin1String(" \\\n            '1:publication:_velt_admin_repo_cli_publications'");
         if (command.others == Operand::File)
             cases += QLatin1String(" \\\n            '*:file:_files'");
+        else if (command.others == Operand::PackageName)
+            cases += QLatin1String(" \\\n            '*:package:_velt_admin_repo_cli_packages'");
         cases += QLatin1String("\n        ;;\n");
     }
-    return QStringLiteral(R"(#compdef velt-admin-repo-cli
+    return QStringLiteral(R"zsh(#compdef velt-admin-repo-cli
+_velt_admin_repo_cli_packages() {
+    local -a names
+    local repository=${(Q)words[2]}
+    names=(${(uf)"$(velt-admin-repo-cli list ${repository/#\~\//$HOME/} "$PREFIX*" 2>/dev/null | cut -d ' ' -f 1)"})
+    compadd -a names
+}
+_velt_admin_repo_cli_publications() {
+    local -a ports
+    ports=(${(uf)"$(velt-admin-repo-cli published 2>/dev/null | cut -d ' ' -f 2)"})
+    compadd -a ports
+    _files -/
+}
 local -a commands
 commands=(
 %1)
@@ -161,7 +211,7 @@ shift words
 ((CURRENT--))
 case $command in
 %2esac
-)")
+)zsh")
         .arg(names, cases);
 }
 } // namespace
