@@ -13,11 +13,6 @@
 
 namespace
 {
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("cli", text);
-}
-
 QString absolute(const QString &path)
 {
     return QDir::cleanPath(QDir::current().absoluteFilePath(path));
@@ -36,7 +31,7 @@ ExitCode Commands::exportPackages(const Invocation &invocation, Console &console
     const QStringList names = listed(invocation.values("packages"));
     if (names.isEmpty() && (invocation.has("packages") || invocation.has("with-depends"))) {
         console.error(QStringLiteral("usage"),
-                      tr(QT_TRANSLATE_NOOP("cli", "--packages names the packages to export.")));
+                      QCoreApplication::translate("cli", "--packages names the packages to export."));
         return ExitCode::Usage;
     }
     RepositorySession session(invocation, console);
@@ -50,11 +45,11 @@ ExitCode Commands::exportPackages(const Invocation &invocation, Console &console
         return ExitCode::Failed;
     if (QFileInfo(target).isFile()
         && !console.ask(QString(),
-                        tr(QT_TRANSLATE_NOOP("cli", "%1 exists. Is it to be replaced?")).arg(target),
+                        QCoreApplication::translate("cli", "%1 exists. Is it to be replaced?").arg(target),
                         false,
                         &StopSignal::isRaised)) {
         console.error(QStringLiteral("exists"),
-                      tr(QT_TRANSLATE_NOOP("cli", "The archive was not written.")),
+                      QCoreApplication::translate("cli", "The archive was not written."),
                       {},
                       target);
         return ExitCode::Failed;
@@ -69,7 +64,7 @@ ExitCode Commands::exportPackages(const Invocation &invocation, Console &console
     const ExitCode code = session.exitCode(isWritten);
     if (!isWritten)
         return code;
-    console.line(tr(QT_TRANSLATE_NOOP("cli", "Wrote %1.")).arg(target));
+    console.line(QCoreApplication::translate("cli", "Wrote %1.").arg(target));
     console.object({{QStringLiteral("file"), target}, {QStringLiteral("bytes"), QFileInfo(target).size()}});
     return unmatched.isEmpty() ? code : ExitCode::Findings;
 }
@@ -79,7 +74,7 @@ ExitCode Commands::import(const Invocation &invocation, Console &console)
     const QString source = absolute(invocation.others().first());
     if (!QFileInfo::exists(source)) {
         console.error(QStringLiteral("missing"),
-                      tr(QT_TRANSLATE_NOOP("cli", "There is no file or folder %1.")).arg(source),
+                      QCoreApplication::translate("cli", "There is no file or folder %1.").arg(source),
                       {},
                       source);
         return ExitCode::Failed;
@@ -92,7 +87,7 @@ ExitCode Commands::import(const Invocation &invocation, Console &console)
     const ExitCode code = session.exitCode();
     if (code == ExitCode::Failed && result == RepoEnums::ERROR && session.findings() == 0)
         console.error(QStringLiteral("nothing"),
-                      tr(QT_TRANSLATE_NOOP("cli", "There are no packages in %1.")).arg(source),
+                      QCoreApplication::translate("cli", "There are no packages in %1.").arg(source),
                       {},
                       source);
     return code;

@@ -21,11 +21,6 @@ namespace
 {
 const QString Path = QStringLiteral("path");
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("cli", text);
-}
-
 /** The wanted values by their fields. */
 struct Wish
 {
@@ -39,15 +34,15 @@ struct Wish
             const int equals = word.indexOf(QLatin1Char('='));
             const QString field = word.left(equals);
             if (equals < 0 || !known.contains(field) || values.contains(field)) {
-                refusal = tr(QT_TRANSLATE_NOOP(
-                                 "cli", "%1 is not FIELD=VALUE with one of these fields, each once: %2"))
+                refusal = QCoreApplication::translate(
+                              "cli", "%1 is not FIELD=VALUE with one of these fields, each once: %2")
                               .arg(word, known.join(QLatin1String(", ")));
                 return;
             }
             const QString value = word.mid(equals + 1);
             values.insert(field, value);
             refusal = field == Path && value.isEmpty()
-                          ? tr(QT_TRANSLATE_NOOP("cli", "The path cannot be empty."))
+                          ? QCoreApplication::translate("cli", "The path cannot be empty.")
                           : DescriptionRules::refusal(field, value);
             if (!refusal.isEmpty())
                 return;
@@ -97,11 +92,12 @@ bool agreesToLosses(const QList<PackageInfoPtr> &lost, Console &console)
         names.append(displayFileName(*package));
     if (lost.size() > MostNamed)
         names.append(QString(QChar(0x2026)));
-    return console.ask(QString(),
-                       tr(QT_TRANSLATE_NOOP("cli", "The change deletes %1 packages: %2. Is that right?"))
-                           .arg(QString::number(lost.size()), names.join(QLatin1String(", "))),
-                       false,
-                       &StopSignal::isRaised);
+    return console.ask(
+        QString(),
+        QCoreApplication::translate("cli", "The change deletes %1 packages: %2. Is that right?")
+            .arg(QString::number(lost.size()), names.join(QLatin1String(", "))),
+        false,
+        &StopSignal::isRaised);
 }
 } // namespace
 
@@ -123,7 +119,7 @@ ExitCode Commands::change(const Invocation &invocation, Console &console)
     const auto text = file.readBytes();
     if (!text)
         return fail("repository",
-                    tr(QT_TRANSLATE_NOOP("cli", "The description of the repository cannot be read.")),
+                    QCoreApplication::translate("cli", "The description of the repository cannot be read."),
                     ExitCode::Failed,
                     file.fileName());
     const QString path = wish.path(shell.path());
@@ -136,23 +132,23 @@ ExitCode Commands::change(const Invocation &invocation, Console &console)
     if (path != shell.path() && !isEmptyPlace(path))
         return fail(
             "exists",
-            tr(QT_TRANSLATE_NOOP("cli", "%1 is not empty, so the repository was not moved.")).arg(path),
+            QCoreApplication::translate("cli", "%1 is not empty, so the repository was not moved.").arg(path),
             ExitCode::Failed,
             path);
     if (isPublished(shell))
         return fail("published",
-                    tr(QT_TRANSLATE_NOOP("cli", "The repository is published. Unpublish it first.")),
+                    QCoreApplication::translate("cli", "The repository is published. Unpublish it first."),
                     ExitCode::Failed);
     const auto lost = change.lost(shell.packages());
     if (!agreesToLosses(lost, console))
         return fail("refused",
-                    tr(QT_TRANSLATE_NOOP("cli", "The repository was not changed.")),
+                    QCoreApplication::translate("cli", "The repository was not changed."),
                     StopSignal::isRaised() ? ExitCode::Stopped : ExitCode::Failed);
     const bool isChanged = session.run([&] { shell.changeRepo(path, change.after, *text, change.carries); })
                            == RepoEnums::SUCCESS;
     if (!isChanged)
         return session.exitCode(false);
-    console.line(tr(QT_TRANSLATE_NOOP("cli", "Changed the repository %1.")).arg(shell.path()));
+    console.line(QCoreApplication::translate("cli", "Changed the repository %1.").arg(shell.path()));
     console.object({{QStringLiteral("path"), shell.path()},
                     {QStringLiteral("codename"), shell.repoInfo().codename},
                     {QStringLiteral("removed"), PackageJson::array(lost)}});

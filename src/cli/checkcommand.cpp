@@ -13,11 +13,6 @@
 
 namespace
 {
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("cli", text);
-}
-
 DependsRepoType selectionOf(const QString &word)
 {
     if (word == QLatin1String("public"))
@@ -58,7 +53,7 @@ ExitCode Commands::check(const Invocation &invocation, Console &console)
         if (package->dependStatus() != DependError)
             continue;
         const QStringList missing = missingOf(*package);
-        console.line(tr(QT_TRANSLATE_NOOP("cli", "%1 lacks: %2"))
+        console.line(QCoreApplication::translate("cli", "%1 lacks: %2")
                          .arg(shownPackage(*package), missing.join(QLatin1String(", "))));
         broken.append(QJsonObject{{QStringLiteral("package"), package->name},
                                   {QStringLiteral("version"), package->version},
@@ -66,7 +61,7 @@ ExitCode Commands::check(const Invocation &invocation, Console &console)
                                   {QStringLiteral("missing"), QJsonArray::fromStringList(missing)}});
     }
     console.line(
-        tr(QT_TRANSLATE_NOOP("cli", "Checked: %1, broken: %2")).arg(checked.size()).arg(broken.size()));
+        QCoreApplication::translate("cli", "Checked: %1, broken: %2").arg(checked.size()).arg(broken.size()));
     console.object({{QStringLiteral("checked"), checked.size()}, {QStringLiteral("broken"), broken}});
     return code == ExitCode::Done && !(broken.isEmpty() && unmatched.isEmpty()) ? ExitCode::Findings : code;
 }

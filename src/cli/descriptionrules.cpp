@@ -14,11 +14,6 @@ namespace
 {
 const QString Sign = QStringLiteral("sign");
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("cli", text);
-}
-
 /** "a,b c" as "a b c", which is the form of the description. */
 QString listOf(const QString &text)
 {
@@ -73,14 +68,14 @@ QString DescriptionRules::refusal(const QString &field, const QString &value)
     const bool isName = field == QLatin1String("codename") || field == QLatin1String("suite");
     if ((isName && !isWhole("[a-z0-9._-]*", value))
         || (lists().contains(field) && !isWhole("[a-z0-9 -]*", listOf(value))))
-        return tr(QT_TRANSLATE_NOOP(
-            "cli", "Names have small letters, digits, hyphens and, for code names and suites, dots."));
+        return QCoreApplication::translate(
+            "cli", "Names have small letters, digits, hyphens and, for code names and suites, dots.");
     if (!isOneLine(value))
-        return tr(QT_TRANSLATE_NOOP("cli", "The value of %1 is one line without #.")).arg(field);
+        return QCoreApplication::translate("cli", "The value of %1 is one line without #.").arg(field);
     if (field == QLatin1String("origin") && value.trimmed().isEmpty())
-        return tr(QT_TRANSLATE_NOOP("cli", "The origin cannot be empty."));
+        return QCoreApplication::translate("cli", "The origin cannot be empty.");
     if (field == Sign && value != QLatin1String("yes") && value != QLatin1String("no"))
-        return tr(QT_TRANSLATE_NOOP("cli", "The value of %1 is yes or no.")).arg(field);
+        return QCoreApplication::translate("cli", "The value of %1 is yes or no.").arg(field);
     return {};
 }
 
@@ -91,13 +86,13 @@ QString DescriptionRules::refusal(const QString &path, const RepoInfo &info)
     case Refusal::None:
         break;
     case Refusal::MissingField:
-        return tr(QT_TRANSLATE_NOOP("cli", "A code name, architectures and components are needed."));
+        return QCoreApplication::translate("cli", "A code name, architectures and components are needed.");
     case Refusal::ArchitectureAll:
-        return tr(QT_TRANSLATE_NOOP(
-            "cli", "A repository cannot have the architecture all: packages for all go to each of its own."));
+        return QCoreApplication::translate(
+            "cli", "A repository cannot have the architecture all: packages for all go to each of its own.");
     case Refusal::BadPath:
     case Refusal::BadName:
-        return tr(QT_TRANSLATE_NOOP("cli", "The path or the code name is not valid."));
+        return QCoreApplication::translate("cli", "The path or the code name is not valid.");
     }
     return {};
 }

@@ -20,11 +20,6 @@
 
 namespace
 {
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("cli", text);
-}
-
 /** NAME or NAME=VERSION. */
 struct Wish
 {
@@ -162,7 +157,7 @@ void tellOffers(const QVector<UpgradablePackage> &packages, Console &console)
 {
     QJsonArray array;
     for (const UpgradablePackage &package : packages) {
-        console.line(tr(QT_TRANSLATE_NOOP("cli", "%1 %2: %3 instead of %4, from %5"))
+        console.line(QCoreApplication::translate("cli", "%1 %2: %3 instead of %4, from %5")
                          .arg(package.name,
                               package.architecture,
                               package.newVersion,
@@ -201,7 +196,7 @@ ExitCode Commands::fetch(const Invocation &invocation, Console &console)
             continue;
         ++unknown;
         console.error(QStringLiteral("unknown"),
-                      tr(QT_TRANSLATE_NOOP("cli", "No source of apt offers %1.")).arg(wish.word));
+                      QCoreApplication::translate("cli", "No source of apt offers %1.").arg(wish.word));
     }
     if (unknown == wishes.size())
         return ExitCode::Failed;

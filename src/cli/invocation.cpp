@@ -7,11 +7,6 @@
 
 namespace
 {
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("cli", text);
-}
-
 void addOptions(QCommandLineParser *parser, const QVector<CommandOption> &options)
 {
     for (const CommandOption &option : options)
@@ -28,10 +23,10 @@ QString refusal(const CommandOption &option, const QStringList &values)
         bool isNumber = false;
         value.toUInt(&isNumber);
         if (QLatin1String(option.value) == QLatin1String("SECONDS") && !isNumber)
-            return tr(QT_TRANSLATE_NOOP("cli", "--%1 needs a number of seconds, and not %2"))
+            return QCoreApplication::translate("cli", "--%1 needs a number of seconds, and not %2")
                 .arg(QLatin1String(option.name), value);
         if (!choices.isEmpty() && !choices.contains(value))
-            return tr(QT_TRANSLATE_NOOP("cli", "--%1 cannot be %2; it can be: %3"))
+            return QCoreApplication::translate("cli", "--%1 cannot be %2; it can be: %3")
                 .arg(QLatin1String(option.name), value, choices.join(QLatin1String(", ")));
     }
     return {};
@@ -52,8 +47,9 @@ Invocation Invocation::parse(const QStringList &arguments)
         return result;
     result.command = CommandTable::find(name);
     if (result.command == nullptr) {
-        result.error = name.isEmpty() ? tr(QT_TRANSLATE_NOOP("cli", "A command is missing."))
-                                      : tr(QT_TRANSLATE_NOOP("cli", "There is no command %1.")).arg(name);
+        result.error = name.isEmpty()
+                           ? QCoreApplication::translate("cli", "A command is missing.")
+                           : QCoreApplication::translate("cli", "There is no command %1.").arg(name);
         return result;
     }
     if (result.wantsHelp)
@@ -81,7 +77,8 @@ Invocation Invocation::parse(const QStringList &arguments)
         result.error = parser.errorText();
     else if (count < result.command->fewest || (result.command->most >= 0 && count > result.command->most)
              || result.operands.contains(QString()))
-        result.error = tr(QT_TRANSLATE_NOOP("cli", "The command is: %1")).arg(result.command->synopsis());
+        result.error
+            = QCoreApplication::translate("cli", "The command is: %1").arg(result.command->synopsis());
     return result;
 }
 

@@ -17,11 +17,6 @@
 
 namespace
 {
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("cli", text);
-}
-
 /** The names on standard input, one a line, or separated by null characters when there is one. */
 QStringList namesFromInput()
 {
@@ -78,7 +73,8 @@ ExitCode Commands::add(const Invocation &invocation, Console &console)
 {
     const QStringList files = packageFiles(invocation.others(), invocation.repository());
     if (files.isEmpty()) {
-        console.error(QStringLiteral("nothing"), tr(QT_TRANSLATE_NOOP("cli", "There are no package files.")));
+        console.error(QStringLiteral("nothing"),
+                      QCoreApplication::translate("cli", "There are no package files."));
         return ExitCode::Failed;
     }
     RepositorySession session(invocation, console);

@@ -27,11 +27,6 @@
 
 namespace
 {
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("cli", text);
-}
-
 /** Asks the helper, and waits for its answers. One object a command. */
 class HelperCalls
 {
@@ -84,7 +79,8 @@ std::optional<int> portOf(const QString &text, Console &console)
     const int port = text.toInt(&isNumber);
     if (isNumber && PortRange::contains(port))
         return port;
-    console.error(QStringLiteral("usage"), tr(QT_TRANSLATE_NOOP("cli", "There is no port %1.")).arg(text));
+    console.error(QStringLiteral("usage"),
+                  QCoreApplication::translate("cli", "There is no port %1.").arg(text));
     return std::nullopt;
 }
 
@@ -107,7 +103,7 @@ ExitCode judge(const std::optional<HelperClient::Result> &result,
     if (!result) {
         console.error(
             QStringLiteral("stopped"),
-            tr(QT_TRANSLATE_NOOP("cli", "Stopped. The system may still do what it was asked for.")));
+            QCoreApplication::translate("cli", "Stopped. The system may still do what it was asked for."));
         return ExitCode::Stopped;
     }
     if (result->errorText.isEmpty())
@@ -134,14 +130,15 @@ public:
     ExitCode run()
     {
         if (!VeltAdmin::PackageManager::isPackageInstalled(ServerText::package(m_request.protocol)))
-            return fail(
-                "server",
-                tr(QT_TRANSLATE_NOOP("cli", "The package %1, which serves the repository, is not installed."))
-                    .arg(ServerText::package(m_request.protocol)));
+            return fail("server",
+                        QCoreApplication::translate(
+                            "cli", "The package %1, which serves the repository, is not installed.")
+                            .arg(ServerText::package(m_request.protocol)));
         const PublicationMonitor::Snapshot system = readSystem();
         const auto rules = PublicationRules::judge(m_request, system.publications, system.listeningPorts);
         if (rules.obstacle == PublicationRules::Obstacle::OwnPublication && rules.own)
-            return tell(tr(QT_TRANSLATE_NOOP("cli", "%1 is published already, over %2 on the port %3.")));
+            return tell(
+                QCoreApplication::translate("cli", "%1 is published already, over %2 on the port %3."));
         if (!rules.mayPublish())
             return fail("port", rules.reason);
         if (!PublicationPath::isPublishable(m_request.path))
@@ -179,7 +176,8 @@ private:
     /** The end after a no, or after a stop while the question was open. */
     ExitCode refused(const char *code)
     {
-        const ExitCode end = fail(code, tr(QT_TRANSLATE_NOOP("cli", "The repository is not published.")));
+        const ExitCode end
+            = fail(code, QCoreApplication::translate("cli", "The repository is not published."));
         return StopSignal::isRaised() ? ExitCode::Stopped : end;
     }
 
@@ -192,7 +190,7 @@ private:
 
     ExitCode askSystem(const PublicationRules &rules)
     {
-        const QString notPublished = tr(QT_TRANSLATE_NOOP("cli", "The repository is not published."));
+        const QString notPublished = QCoreApplication::translate("cli", "The repository is not published.");
         // A running service would go on serving its old directory.
         if (rules.stopsFirst) {
             const auto ended = m_calls.ask([this](HelperClient &helper, const HelperClient::Answer &answer) {
@@ -219,7 +217,7 @@ private:
         if (code != ExitCode::Done)
             return code;
         keep(publications);
-        return tell(tr(QT_TRANSLATE_NOOP("cli", "%1 is published over %2 on the port %3.")));
+        return tell(QCoreApplication::translate("cli", "%1 is published over %2 on the port %3."));
     }
 
     /** Stores the choices where the window finds them. */
@@ -289,7 +287,7 @@ ExitCode Commands::publish(const Invocation &invocation, Console &console)
 {
     if (invocation.has("http") && invocation.has("ftp")) {
         console.error(QStringLiteral("usage"),
-                      tr(QT_TRANSLATE_NOOP("cli", "--http and --ftp cannot stand together.")));
+                      QCoreApplication::translate("cli", "--http and --ftp cannot stand together."));
         return ExitCode::Usage;
     }
     PublicationRequest request;
@@ -314,10 +312,13 @@ ExitCode Commands::unpublish(const Invocation &invocation, Console &console)
 {
     const QString word = invocation.operands.first();
     const QVector<Publication> meant = meantBy(word, invocation.repository());
-    const QString notEnded = tr(QT_TRANSLATE_NOOP("cli", "The repository is not unpublished."));
+    const QString notEnded = QCoreApplication::translate("cli", "The repository is not unpublished.");
     if (meant.isEmpty())
-        return fail(
-            console, "unpublished", tr(QT_TRANSLATE_NOOP("cli", "%1 is not published.")).arg(word), {}, {});
+        return fail(console,
+                    "unpublished",
+                    QCoreApplication::translate("cli", "%1 is not published.").arg(word),
+                    {},
+                    {});
     HelperCalls calls;
     QJsonArray ended;
     ExitCode worst = ExitCode::Done;
@@ -326,7 +327,7 @@ ExitCode Commands::unpublish(const Invocation &invocation, Console &console)
             worst = fail(console,
                          "foreign",
                          notEnded,
-                         tr(QT_TRANSLATE_NOOP("cli", "Somebody else has set up its server.")),
+                         QCoreApplication::translate("cli", "Somebody else has set up its server."),
                          publication.repo.path);
             continue;
         }
@@ -347,7 +348,7 @@ ExitCode Commands::unpublish(const Invocation &invocation, Console &console)
                 break;
             continue;
         }
-        console.line(tr(QT_TRANSLATE_NOOP("cli", "%1 is no longer published over %2 on the port %3."))
+        console.line(QCoreApplication::translate("cli", "%1 is no longer published over %2 on the port %3.")
                          .arg(publication.repo.path,
                               nameOf(publication.protocol).toUpper(),
                               QString::number(publication.port())));
@@ -365,7 +366,7 @@ ExitCode Commands::published(const Invocation &, Console &console)
         console.line(QStringLiteral("%1 %2 %3 %4")
                          .arg(nameOf(publication.protocol).toUpper(),
                               QString::number(publication.port()),
-                              publication.state.isEmpty() ? tr(QT_TRANSLATE_NOOP("cli", "unknown"))
+                              publication.state.isEmpty() ? QCoreApplication::translate("cli", "unknown")
                                                           : publication.state,
                               publication.repo.path));
         array.append(objectOf(publication));
@@ -381,7 +382,7 @@ ExitCode Commands::sourceLine(const Invocation &invocation, Console &console)
     if (invocation.has("host") && !hostName.match(invocation.value("host")).hasMatch()) {
         console.error(
             QStringLiteral("usage"),
-            tr(QT_TRANSLATE_NOOP("cli", "%1 is no name or address.")).arg(invocation.value("host")));
+            QCoreApplication::translate("cli", "%1 is no name or address.").arg(invocation.value("host")));
         return ExitCode::Usage;
     }
     std::optional<int> port;
@@ -405,14 +406,16 @@ ExitCode Commands::sourceLine(const Invocation &invocation, Console &console)
                                        [&](const auto &a, const auto &b) { return rank(a) < rank(b); });
     const bool isPublished = best != publications.cend() && rank(*best) > 0;
     if (!isPublished && !port)
-        return fail(console,
-                    "unpublished",
-                    tr(QT_TRANSLATE_NOOP("cli", "%1 is not published.")).arg(path),
-                    tr(QT_TRANSLATE_NOOP("cli", "With --port the line is that of a publication over HTTP.")),
-                    path);
+        return fail(
+            console,
+            "unpublished",
+            QCoreApplication::translate("cli", "%1 is not published.").arg(path),
+            QCoreApplication::translate("cli", "With --port the line is that of a publication over HTTP."),
+            path);
     if (!isPublished)
-        console.remark(
-            tr(QT_TRANSLATE_NOOP("cli", "%1 is not published on the port %2 now.")).arg(path).arg(*port));
+        console.remark(QCoreApplication::translate("cli", "%1 is not published on the port %2 now.")
+                           .arg(path)
+                           .arg(*port));
     SourceLine line;
     line.protocol = isPublished ? best->protocol : int(HttpProtocol);
     line.port = isPublished ? best->port() : *port;

@@ -13,14 +13,6 @@
 #include <QJsonArray>
 #include <QMap>
 
-namespace
-{
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("cli", text);
-}
-} // namespace
-
 ExitCode Commands::create(const Invocation &invocation, Console &console)
 {
     const QString path = invocation.repository();
@@ -52,17 +44,20 @@ ExitCode Commands::create(const Invocation &invocation, Console &console)
     if (!isEmpty
         && !console.ask(
             QString(),
-            tr(QT_TRANSLATE_NOOP("cli", "%1 is not empty. Is everything in it to be deleted?")).arg(path),
+            QCoreApplication::translate("cli", "%1 is not empty. Is everything in it to be deleted?")
+                .arg(path),
             false,
             &StopSignal::isRaised)) {
-        console.error(
-            QStringLiteral("exists"), tr(QT_TRANSLATE_NOOP("cli", "No repository was made.")), {}, path);
+        console.error(QStringLiteral("exists"),
+                      QCoreApplication::translate("cli", "No repository was made."),
+                      {},
+                      path);
         return ExitCode::Failed;
     }
     RepositorySession session(invocation, console);
     if (session.run([&] { session.shell().createRepoAside(path, info); }) != RepoEnums::SUCCESS)
         return session.exitCode();
-    console.line(tr(QT_TRANSLATE_NOOP("cli", "Made the repository %1.")).arg(path));
+    console.line(QCoreApplication::translate("cli", "Made the repository %1.").arg(path));
     console.object({{QStringLiteral("path"), path}, {QStringLiteral("codename"), info.codename}});
     return ExitCode::Done;
 }
@@ -78,7 +73,9 @@ ExitCode Commands::show(const Invocation &invocation, Console &console)
         counts.insert(architecture, 0);
     for (const PackageInfoPtr &package : reading->packages)
         ++counts[package->architecture];
-    const auto field = [&](const char *name, const QString &value) { console.line(tr(name).arg(value)); };
+    const auto field = [&](const char *name, const QString &value) {
+        console.line(CommandTable::translated(name).arg(value));
+    };
     field(QT_TRANSLATE_NOOP("cli", "Path: %1"), reading->path);
     field(QT_TRANSLATE_NOOP("cli", "Code name: %1"), info.codename);
     field(QT_TRANSLATE_NOOP("cli", "Suite: %1"), info.suite);
@@ -87,11 +84,11 @@ ExitCode Commands::show(const Invocation &invocation, Console &console)
     field(QT_TRANSLATE_NOOP("cli", "Label: %1"), info.label);
     field(QT_TRANSLATE_NOOP("cli", "Architectures: %1"), info.architectures);
     field(QT_TRANSLATE_NOOP("cli", "Components: %1"), info.components);
-    console.line(info.signWith ? tr(QT_TRANSLATE_NOOP("cli", "Signed with the default key"))
-                               : tr(QT_TRANSLATE_NOOP("cli", "Not signed with the default key")));
+    console.line(info.signWith ? QCoreApplication::translate("cli", "Signed with the default key")
+                               : QCoreApplication::translate("cli", "Not signed with the default key"));
     QJsonObject packages;
     for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
-        console.line(tr(QT_TRANSLATE_NOOP("cli", "Packages for %1: %2")).arg(it.key()).arg(it.value()));
+        console.line(QCoreApplication::translate("cli", "Packages for %1: %2").arg(it.key()).arg(it.value()));
         packages.insert(it.key(), it.value());
     }
     console.object({{QStringLiteral("path"), reading->path},

@@ -17,11 +17,6 @@ namespace
 {
 constexpr int ShortId = 8; ///< digits
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("cli", text);
-}
-
 /** A word for programs that never changes. */
 const char *wordOf(SigningKey::State state)
 {
@@ -59,14 +54,14 @@ bool isUsable(const QString &keyId, Console &console)
         return false;
     };
     if (keyId.isEmpty())
-        return fail(
-            tr(QT_TRANSLATE_NOOP("cli", "No key is chosen to sign packages with. Name one with --key.")));
+        return fail(QCoreApplication::translate(
+            "cli", "No key is chosen to sign packages with. Name one with --key."));
     const KeyListing listing = KeyListing::read();
     const QString key = SignProcess::keyText(listing.keys, keyId);
-    const QString obstacle
-        = key.isEmpty() ? tr(QT_TRANSLATE_NOOP("cli", "not in the key ring")) : listing.unusable.value(key);
+    const QString obstacle = key.isEmpty() ? QCoreApplication::translate("cli", "not in the key ring")
+                                           : listing.unusable.value(key);
     if (!obstacle.isEmpty())
-        return fail(tr(QT_TRANSLATE_NOOP("cli", "The key %1 cannot sign: %2"))
+        return fail(QCoreApplication::translate("cli", "The key %1 cannot sign: %2")
                         .arg(key.isEmpty() ? keyId : key, obstacle));
     if (listing.warnings.contains(key))
         console.remark(listing.warnings.value(key));
@@ -89,7 +84,7 @@ ExitCode Commands::sign(const Invocation &invocation, Console &console)
     session.run([&] { session.shell().signPackages(packages, keyId); });
     const auto done = session.replaced();
     for (const PackageInfoPtr &package : done)
-        console.line(tr(QT_TRANSLATE_NOOP("cli", "Signed: %1")).arg(shownPackage(*package)));
+        console.line(QCoreApplication::translate("cli", "Signed: %1").arg(shownPackage(*package)));
     console.object({{QStringLiteral("signed"), PackageJson::array(done)}});
     const ExitCode code = session.exitCode();
     return code == ExitCode::Done && !unmatched.isEmpty() ? ExitCode::Findings : code;
@@ -99,7 +94,8 @@ ExitCode Commands::keys(const Invocation &, Console &console)
 {
     const auto known = readSecretKeys();
     if (!known) {
-        console.error(QStringLiteral("key"), tr(QT_TRANSLATE_NOOP("cli", "gpg does not list its keys.")));
+        console.error(QStringLiteral("key"),
+                      QCoreApplication::translate("cli", "gpg does not list its keys."));
         return ExitCode::Failed;
     }
     const QStringList texts = known->isEmpty() ? QStringList() : SignProcess::keys();
@@ -117,7 +113,7 @@ ExitCode Commands::keys(const Invocation &, Console &console)
         if (!remark.isEmpty())
             line += QStringLiteral(" (%1)").arg(remark);
         if (isChosen)
-            line += QStringLiteral(" [%1]").arg(tr(QT_TRANSLATE_NOOP("cli", "chosen")));
+            line += QStringLiteral(" [%1]").arg(QCoreApplication::translate("cli", "chosen"));
         console.line(line);
         array.append(QJsonObject{
             {QStringLiteral("fingerprint"), key.fingerprint},

@@ -9,11 +9,6 @@ namespace
 {
 const QLatin1String Program("velt-admin-repo-cli");
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("cli", text);
-}
-
 QString optionLine(const CommandOption &option)
 {
     constexpr int Width = 26;
@@ -219,29 +214,30 @@ case $command in
 QString Usage::ofProgram()
 {
     constexpr int Width = 14;
-    QString text = tr(QT_TRANSLATE_NOOP("cli", "Administers local repositories of Debian packages."))
+    QString text = QCoreApplication::translate("cli", "Administers local repositories of Debian packages.")
                    + QLatin1String("\n\n");
-    text += tr(QT_TRANSLATE_NOOP("cli", "Usage: %1 COMMAND ...")).arg(Program) + QLatin1String("\n\n");
+    text += QCoreApplication::translate("cli", "Usage: %1 COMMAND ...").arg(Program) + QLatin1String("\n\n");
     for (const CommandDescription &command : CommandTable::commands())
         text += QStringLiteral("  %1 %2\n")
                     .arg(QString::fromLatin1(command.name).leftJustified(Width),
                          CommandTable::translated(command.summary));
-    text += QLatin1Char('\n') + tr(QT_TRANSLATE_NOOP("cli", "Options of all commands:")) + QLatin1Char('\n');
+    text += QLatin1Char('\n') + QCoreApplication::translate("cli", "Options of all commands:")
+            + QLatin1Char('\n');
     text += optionLines(CommandTable::commonOptions());
     return text + QLatin1Char('\n')
-           + tr(QT_TRANSLATE_NOOP("cli", "%1 COMMAND --help explains a command.")).arg(Program)
+           + QCoreApplication::translate("cli", "%1 COMMAND --help explains a command.").arg(Program)
            + QLatin1Char('\n');
 }
 
 QString Usage::ofCommand(const CommandDescription &command)
 {
-    QString text
-        = tr(QT_TRANSLATE_NOOP("cli", "Usage: %1")).arg(Program + QLatin1Char(' ') + command.synopsis());
+    QString text = QCoreApplication::translate("cli", "Usage: %1")
+                       .arg(Program + QLatin1Char(' ') + command.synopsis());
     text += QLatin1String("\n\n") + CommandTable::translated(command.summary) + QLatin1String("\n\n");
     if (!command.options.isEmpty())
-        text += tr(QT_TRANSLATE_NOOP("cli", "Options:")) + QLatin1Char('\n') + optionLines(command.options)
-                + QLatin1Char('\n');
-    return text + tr(QT_TRANSLATE_NOOP("cli", "Options of all commands:")) + QLatin1Char('\n')
+        text += QCoreApplication::translate("cli", "Options:") + QLatin1Char('\n')
+                + optionLines(command.options) + QLatin1Char('\n');
+    return text + QCoreApplication::translate("cli", "Options of all commands:") + QLatin1Char('\n')
            + optionLines(CommandTable::commonOptions());
 }
 
