@@ -727,6 +727,18 @@
         <source>The directory &quot;%1&quot; is not there.</source>
         <translation>Das Verzeichnis „%1“ gibt es nicht.</translation>
     </message>
+    <message>
+        <source>This takes the rights of an administrator. If no password was asked for, no authentication agent runs in this session, or a rule of this machine refuses.</source>
+        <translation>Dafür sind die Rechte eines Administrators nötig. Wurde kein Passwort verlangt, so läuft in dieser Sitzung kein Authentifizierungsagent, oder eine Regel dieses Rechners lehnt ab.</translation>
+    </message>
+    <message>
+        <source>The helper that does this with the rights of an administrator is not installed. Install the package of this program once more.</source>
+        <translation>Das Hilfsprogramm, das dies mit den Rechten eines Administrators ausführt, ist nicht installiert. Installieren Sie das Paket dieses Programms erneut.</translation>
+    </message>
+    <message>
+        <source>The system bus cannot be reached. Without it, nothing in the system can be changed. Start the service dbus, then this program once more.</source>
+        <translation>Der Systembus ist nicht erreichbar. Ohne ihn lässt sich im System nichts ändern. Starten Sie den Dienst dbus, danach dieses Programm erneut.</translation>
+    </message>
 </context>
 <context>
     <name>JobFeedback</name>
@@ -1670,6 +1682,52 @@ Ein oder mehrere Werte</translation>
     </message>
 </context>
 <context>
+    <name>PublicationConsent</name>
+    <message numerus="yes">
+        <source>and %n further file(s)</source>
+        <translation>
+            <numerusform>und %n weitere Datei</numerusform>
+            <numerusform>und %n weitere Dateien</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Access rights</source>
+        <translation>Zugriffsrechte</translation>
+    </message>
+    <message>
+        <source>The server cannot read everything in the repository. Do you want to let all users of this machine read it?</source>
+        <translation>Der Server kann nicht alles im Repository lesen. Möchten Sie allen Benutzern dieses Rechners erlauben, es zu lesen?</translation>
+    </message>
+    <message>
+        <source>Publication confirmation</source>
+        <translation>Veröffentlichung bestätigen</translation>
+    </message>
+    <message>
+        <source>Do you want to publish an empty repository?</source>
+        <translation>Möchten Sie ein leeres Repository veröffentlichen?</translation>
+    </message>
+    <message>
+        <source>The repository %1 is published over FTP now and will not be any more.</source>
+        <translation>Das Repository %1 ist jetzt über FTP veröffentlicht und wird es danach nicht mehr sein.</translation>
+    </message>
+    <message>
+        <source>The first file that is not the program&apos;s own is kept beside it.</source>
+        <translation>Die erste Datei, die nicht vom Programm stammt, wird daneben aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>Rewrite confirmation</source>
+        <translation>Überschreiben bestätigen</translation>
+    </message>
+    <message>
+        <source>File /etc/vsftpd.conf will be rewrite. Do you want to continue?</source>
+        <translation>Die Datei /etc/vsftpd.conf wird überschrieben. Möchten Sie fortfahren?</translation>
+    </message>
+    <message>
+        <source>The port %1 belongs to the service of the repository %2, which does not run. Do you want to replace it?</source>
+        <translation>Der Port %1 gehört zum Dienst des Repositorys %2, der nicht läuft. Möchten Sie ihn ersetzen?</translation>
+    </message>
+</context>
+<context>
     <name>PublicationPanel</name>
     <message>
         <source>Choose a server type</source>
@@ -1807,18 +1865,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
         <source>Unknown</source>
         <translation>Unbekannt</translation>
     </message>
-    <message>
-        <source>This takes the rights of an administrator. If no password was asked for, no authentication agent runs in this session, or a rule of this machine refuses.</source>
-        <translation>Dafür sind die Rechte eines Administrators nötig. Wurde kein Passwort verlangt, so läuft in dieser Sitzung kein Authentifizierungsagent, oder eine Regel dieses Rechners lehnt ab.</translation>
-    </message>
-    <message>
-        <source>The helper that does this with the rights of an administrator is not installed. Install the package of this program once more.</source>
-        <translation>Das Hilfsprogramm, das dies mit den Rechten eines Administrators ausführt, ist nicht installiert. Installieren Sie das Paket dieses Programms erneut.</translation>
-    </message>
-    <message>
-        <source>The system bus cannot be reached. Without it, nothing in the system can be changed. Start the service dbus, then this program once more.</source>
-        <translation>Der Systembus ist nicht erreichbar. Ohne ihn lässt sich im System nichts ändern. Starten Sie den Dienst dbus, danach dieses Programm erneut.</translation>
-    </message>
 </context>
 <context>
     <name>PublishCommand</name>
@@ -1829,45 +1875,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>The repository is not published!</source>
         <translation>Das Repository wurde nicht veröffentlicht!</translation>
-    </message>
-    <message>
-        <source>The path %1 cannot be served. It must be the directory of a repository, and its name may consist of letters, digits, blanks between them and the characters %2.</source>
-        <translation>Der Pfad %1 kann nicht veröffentlicht werden. Er muss das Verzeichnis eines Repositorys sein, und sein Name darf aus Buchstaben, Ziffern, Leerzeichen dazwischen und den Zeichen %2 bestehen.</translation>
-    </message>
-    <message numerus="yes">
-        <source>and %n further file(s)</source>
-        <translation>
-            <numerusform>und %n weitere Datei</numerusform>
-            <numerusform>und %n weitere Dateien</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Access rights</source>
-        <translation>Zugriffsrechte</translation>
-    </message>
-    <message>
-        <source>The server cannot read everything in the repository. Do you want to let all users of this machine read it?</source>
-        <translation>Der Server kann nicht alles im Repository lesen. Möchten Sie allen Benutzern dieses Rechners erlauben, es zu lesen?</translation>
-    </message>
-    <message>
-        <source>Publication confirmation</source>
-        <translation>Veröffentlichung bestätigen</translation>
-    </message>
-    <message>
-        <source>Do you want to publish an empty repository?</source>
-        <translation>Möchten Sie ein leeres Repository veröffentlichen?</translation>
-    </message>
-    <message>
-        <source>The repository %1 is published over FTP now and will not be any more.</source>
-        <translation>Das Repository %1 ist jetzt über FTP veröffentlicht und wird es danach nicht mehr sein.</translation>
-    </message>
-    <message>
-        <source>Rewrite confirmation</source>
-        <translation>Überschreiben bestätigen</translation>
-    </message>
-    <message>
-        <source>File /etc/vsftpd.conf will be rewrite. Do you want to continue?</source>
-        <translation>Die Datei /etc/vsftpd.conf wird überschrieben. Möchten Sie fortfahren?</translation>
     </message>
     <message>
         <source>Waiting for the system to publish %1</source>
@@ -1896,26 +1903,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>The repository is not unpublished!</source>
         <translation>Die Veröffentlichung des Repositorys wurde nicht beendet!</translation>
-    </message>
-    <message>
-        <source>The first file that is not the program&apos;s own is kept beside it.</source>
-        <translation>Die erste Datei, die nicht vom Programm stammt, wird daneben aufbewahrt.</translation>
-    </message>
-    <message>
-        <source>The port %1 belongs to the service of the repository %2, which does not run. Do you want to replace it?</source>
-        <translation>Der Port %1 gehört zum Dienst des Repositorys %2, der nicht läuft. Möchten Sie ihn ersetzen?</translation>
-    </message>
-    <message>
-        <source>The service %1 could not be stopped. &quot;systemctl status %1&quot; tells more.</source>
-        <translation>Der Dienst %1 konnte nicht beendet werden. „systemctl status %1“ sagt mehr.</translation>
-    </message>
-    <message>
-        <source>The service did not start, or ended at once. The administrator finds the reason in the system&apos;s journal: journalctl -u %1 -u velt-admin-repo-helper</source>
-        <translation>Der Dienst wurde nicht gestartet oder endete sofort. Der Administrator findet den Grund im Journal des Systems: journalctl -u %1 -u velt-admin-repo-helper</translation>
-    </message>
-    <message>
-        <source>The system refused. The administrator finds the reason in its journal: journalctl -u velt-admin-repo-helper</source>
-        <translation>Das System hat abgelehnt. Der Administrator findet den Grund in dessen Journal: journalctl -u velt-admin-repo-helper</translation>
     </message>
 </context>
 <context>
@@ -3334,6 +3321,25 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     </message>
 </context>
 <context>
+    <name>ServerText</name>
+    <message>
+        <source>The path %1 cannot be served. It must be the directory of a repository, and its name may consist of letters, digits, blanks between them and the characters %2.</source>
+        <translation>Der Pfad %1 kann nicht veröffentlicht werden. Er muss das Verzeichnis eines Repositorys sein, und sein Name darf aus Buchstaben, Ziffern, Leerzeichen dazwischen und den Zeichen %2 bestehen.</translation>
+    </message>
+    <message>
+        <source>The service did not start, or ended at once. The administrator finds the reason in the system&apos;s journal: journalctl -u %1 -u velt-admin-repo-helper</source>
+        <translation>Der Dienst wurde nicht gestartet oder endete sofort. Der Administrator findet den Grund im Journal des Systems: journalctl -u %1 -u velt-admin-repo-helper</translation>
+    </message>
+    <message>
+        <source>The service %1 could not be stopped. &quot;systemctl status %1&quot; tells more.</source>
+        <translation>Der Dienst %1 konnte nicht beendet werden. „systemctl status %1“ sagt mehr.</translation>
+    </message>
+    <message>
+        <source>The system refused. The administrator finds the reason in its journal: journalctl -u velt-admin-repo-helper</source>
+        <translation>Das System hat abgelehnt. Der Administrator findet den Grund in dessen Journal: journalctl -u velt-admin-repo-helper</translation>
+    </message>
+</context>
+<context>
     <name>SettingsCommands</name>
     <message>
         <source>Package signing</source>
@@ -3831,6 +3837,542 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>Unknown error.</source>
         <translation>Unbekannter Fehler.</translation>
+    </message>
+</context>
+<context>
+    <name>cli</name>
+    <message>
+        <source>--packages names the packages to export.</source>
+        <translation>--packages nennt die Pakete, die exportiert werden sollen.</translation>
+    </message>
+    <message>
+        <source>%1 exists. Is it to be replaced?</source>
+        <translation>%1 gibt es schon. Soll es ersetzt werden?</translation>
+    </message>
+    <message>
+        <source>The archive was not written.</source>
+        <translation>Das Archiv wurde nicht geschrieben.</translation>
+    </message>
+    <message>
+        <source>Wrote %1.</source>
+        <translation>%1 wurde geschrieben.</translation>
+    </message>
+    <message>
+        <source>There is no file or folder %1.</source>
+        <translation>Es gibt keine Datei und keinen Ordner %1.</translation>
+    </message>
+    <message>
+        <source>There are no packages in %1.</source>
+        <translation>In %1 gibt es keine Pakete.</translation>
+    </message>
+    <message>
+        <source>%1 is not FIELD=VALUE with one of these fields, each once: %2</source>
+        <translation>%1 ist nicht FELD=WERT mit einem dieser Felder, jedes einmal: %2</translation>
+    </message>
+    <message>
+        <source>The path cannot be empty.</source>
+        <translation>Der Pfad kann nicht leer sein.</translation>
+    </message>
+    <message>
+        <source>The change deletes %1 packages: %2. Is that right?</source>
+        <translation>Die Änderung löscht %1 Pakete: %2. Ist das richtig?</translation>
+    </message>
+    <message>
+        <source>The description of the repository cannot be read.</source>
+        <translation>Die Beschreibung des Repositorys kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>%1 is not empty, so the repository was not moved.</source>
+        <translation>%1 ist nicht leer, daher wurde das Repository nicht verschoben.</translation>
+    </message>
+    <message>
+        <source>The repository is published. Unpublish it first.</source>
+        <translation>Das Repository ist veröffentlicht. Beenden Sie erst die Veröffentlichung.</translation>
+    </message>
+    <message>
+        <source>The repository was not changed.</source>
+        <translation>Das Repository wurde nicht geändert.</translation>
+    </message>
+    <message>
+        <source>Changed the repository %1.</source>
+        <translation>Das Repository %1 wurde geändert.</translation>
+    </message>
+    <message>
+        <source>%1 lacks: %2</source>
+        <translation>%1 fehlt: %2</translation>
+    </message>
+    <message>
+        <source>Checked: %1, broken: %2</source>
+        <translation>Geprüft: %1, unerfüllt: %2</translation>
+    </message>
+    <message>
+        <source>Only packages of this component</source>
+        <translation>Nur Pakete dieser Komponente</translation>
+    </message>
+    <message>
+        <source>Only packages of this architecture</source>
+        <translation>Nur Pakete dieser Architektur</translation>
+    </message>
+    <message>
+        <source>What becomes of a package that is there already: fail (the default) refuses the file, newer and older replace by version, all replaces, none keeps</source>
+        <translation>Was aus einem Paket wird, das schon da ist: fail (Vorgabe) weist die Datei ab, newer und older ersetzen nach der Version, all ersetzt, none behält</translation>
+    </message>
+    <message>
+        <source>The component for all packages, instead of their own</source>
+        <translation>Die Komponente für alle Pakete, statt ihrer eigenen</translation>
+    </message>
+    <message>
+        <source>Sign a copy of each file with this key, and add that</source>
+        <translation>Eine Kopie jeder Datei mit diesem Schlüssel signieren und diese hinzufügen</translation>
+    </message>
+    <message>
+        <source>Also the packages on which they depend</source>
+        <translation>Auch die Pakete, von denen sie abhängen</translation>
+    </message>
+    <message>
+        <source>Where dependencies are looked for: local (the default) is the repository itself, public are apt&apos;s sources</source>
+        <translation>Wo Abhängigkeiten gesucht werden: local (Vorgabe) ist das Repository selbst, public sind die Quellen von apt</translation>
+    </message>
+    <message>
+        <source>Look in this source, written as after deb in a sources list; can be repeated; without it, in all that apt and the settings have</source>
+        <translation>In dieser Quelle suchen, geschrieben wie hinter deb in einer Quellenliste; wiederholbar; ohne sie in allen, die apt und die Einstellungen haben</translation>
+    </message>
+    <message>
+        <source>Only list the newer versions</source>
+        <translation>Die neueren Versionen nur auflisten</translation>
+    </message>
+    <message>
+        <source>Only these packages, separated by commas; can be repeated</source>
+        <translation>Nur diese Pakete, durch Kommas getrennt; wiederholbar</translation>
+    </message>
+    <message>
+        <source>The key to sign with, instead of that in the settings</source>
+        <translation>Der Schlüssel zum Signieren, statt dessen in den Einstellungen</translation>
+    </message>
+    <message>
+        <source>Delete the packages under a new code name, instead of carrying them over</source>
+        <translation>Die Pakete bei einem neuen Codenamen löschen, statt sie zu übertragen</translation>
+    </message>
+    <message>
+        <source>The code name of the distribution</source>
+        <translation>Der Codename der Distribution</translation>
+    </message>
+    <message>
+        <source>Architectures, separated by commas</source>
+        <translation>Architekturen, durch Kommas getrennt</translation>
+    </message>
+    <message>
+        <source>Components, separated by commas</source>
+        <translation>Komponenten, durch Kommas getrennt</translation>
+    </message>
+    <message>
+        <source>The suite, such as stable</source>
+        <translation>Die Suite, zum Beispiel stable</translation>
+    </message>
+    <message>
+        <source>The version of the distribution</source>
+        <translation>Die Version der Distribution</translation>
+    </message>
+    <message>
+        <source>Who makes the packages</source>
+        <translation>Wer die Pakete macht</translation>
+    </message>
+    <message>
+        <source>What clients can select the repository by</source>
+        <translation>Woran Clients das Repository auswählen können</translation>
+    </message>
+    <message>
+        <source>Sign the repository with the default key</source>
+        <translation>Das Repository mit dem Standardschlüssel signieren</translation>
+    </message>
+    <message>
+        <source>Make a repository in a new or empty folder</source>
+        <translation>Ein Repository in einem neuen oder leeren Ordner anlegen</translation>
+    </message>
+    <message>
+        <source>Show the description of a repository, and how much it holds</source>
+        <translation>Die Beschreibung eines Repositorys zeigen, und wie viel es enthält</translation>
+    </message>
+    <message>
+        <source>List the packages, or those whose names match one of the patterns</source>
+        <translation>Die Pakete auflisten, oder die, deren Namen zu einem der Muster passen</translation>
+    </message>
+    <message>
+        <source>Add package files, and those below folders; - reads their names from standard input</source>
+        <translation>Paketdateien hinzufügen, und die unterhalb von Ordnern; - liest ihre Namen von der Standardeingabe</translation>
+    </message>
+    <message>
+        <source>Remove packages</source>
+        <translation>Pakete entfernen</translation>
+    </message>
+    <message>
+        <source>Fetch packages from apt&apos;s sources, and add them</source>
+        <translation>Pakete aus den Quellen von apt holen und hinzufügen</translation>
+    </message>
+    <message>
+        <source>Check whether the dependencies of the packages can be met</source>
+        <translation>Prüfen, ob die Abhängigkeiten der Pakete erfüllt werden können</translation>
+    </message>
+    <message>
+        <source>Replace packages with newer versions from apt&apos;s sources</source>
+        <translation>Pakete durch neuere Versionen aus den Quellen von apt ersetzen</translation>
+    </message>
+    <message>
+        <source>Write the repository, or some of its packages, to a .tgz archive</source>
+        <translation>Das Repository oder einige seiner Pakete in ein .tgz-Archiv schreiben</translation>
+    </message>
+    <message>
+        <source>Add the packages in an archive, or those below a folder</source>
+        <translation>Die Pakete in einem Archiv oder unterhalb eines Ordners hinzufügen</translation>
+    </message>
+    <message>
+        <source>Sign packages</source>
+        <translation>Pakete signieren</translation>
+    </message>
+    <message>
+        <source>List the keys that can sign, and those that no longer can</source>
+        <translation>Die Schlüssel auflisten, die signieren können, und die, die es nicht mehr können</translation>
+    </message>
+    <message>
+        <source>Change the description of a repository: codename, suite, version, architectures, components, origin, label, sign=yes|no, or path, which moves it</source>
+        <translation>Die Beschreibung eines Repositorys ändern: codename, suite, version, architectures, components, origin, label, sign=yes|no, oder path, was es verschiebt</translation>
+    </message>
+    <message>
+        <source>Publish a repository to other machines, over HTTP on the port 8000 if nothing else is said</source>
+        <translation>Ein Repository für andere Rechner veröffentlichen, über HTTP auf Port 8000, wenn nichts anderes gesagt ist</translation>
+    </message>
+    <message>
+        <source>Over HTTP on this port</source>
+        <translation>Über HTTP auf diesem Port</translation>
+    </message>
+    <message>
+        <source>Over FTP on this port</source>
+        <translation>Über FTP auf diesem Port</translation>
+    </message>
+    <message>
+        <source>End the publications of a repository, or those on a port</source>
+        <translation>Die Veröffentlichungen eines Repositorys oder die auf einem Port beenden</translation>
+    </message>
+    <message>
+        <source>List what this machine publishes</source>
+        <translation>Auflisten, was dieser Rechner veröffentlicht</translation>
+    </message>
+    <message>
+        <source>Print the line with which other machines use a published repository</source>
+        <translation>Die Zeile ausgeben, mit der andere Rechner ein veröffentlichtes Repository nutzen</translation>
+    </message>
+    <message>
+        <source>The name or address of this machine for them</source>
+        <translation>Der Name oder die Adresse dieses Rechners für sie</translation>
+    </message>
+    <message>
+        <source>The publication on this port</source>
+        <translation>Die Veröffentlichung auf diesem Port</translation>
+    </message>
+    <message>
+        <source>Accept the repository without a valid signature</source>
+        <translation>Das Repository ohne gültige Signatur annehmen</translation>
+    </message>
+    <message>
+        <source>Print the result as JSON, and errors as JSON on standard error</source>
+        <translation>Das Ergebnis als JSON ausgeben, Fehler als JSON auf der Standardfehlerausgabe</translation>
+    </message>
+    <message>
+        <source>Answer every question with yes</source>
+        <translation>Jede Frage mit Ja beantworten</translation>
+    </message>
+    <message>
+        <source>Print nothing but results and errors</source>
+        <translation>Nur Ergebnisse und Fehler ausgeben</translation>
+    </message>
+    <message>
+        <source>Wait so long for another job that works on the repository</source>
+        <translation>So lange auf einen anderen Auftrag warten, der am Repository arbeitet</translation>
+    </message>
+    <message>
+        <source>The answer is yes, since nobody is there to ask.</source>
+        <translation>Die Antwort ist Ja, da niemand gefragt werden kann.</translation>
+    </message>
+    <message>
+        <source>The answer is no, since nobody is there to ask. The option --yes answers with yes.</source>
+        <translation>Die Antwort ist Nein, da niemand gefragt werden kann. Die Option --yes antwortet mit Ja.</translation>
+    </message>
+    <message>
+        <source>Yes or no? [y/N]</source>
+        <translation>Ja oder nein? [j/N]</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <comment>answer to a question</comment>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>Names have small letters, digits, hyphens and, for code names and suites, dots.</source>
+        <translation>Namen haben Kleinbuchstaben, Ziffern, Bindestriche und, bei Codenamen und Suites, Punkte.</translation>
+    </message>
+    <message>
+        <source>The value of %1 is one line without #.</source>
+        <translation>Der Wert von %1 ist eine Zeile ohne #.</translation>
+    </message>
+    <message>
+        <source>The origin cannot be empty.</source>
+        <translation>Die Herkunft kann nicht leer sein.</translation>
+    </message>
+    <message>
+        <source>The value of %1 is yes or no.</source>
+        <translation>Der Wert von %1 ist yes oder no.</translation>
+    </message>
+    <message>
+        <source>A code name, architectures and components are needed.</source>
+        <translation>Ein Codename, Architekturen und Komponenten sind nötig.</translation>
+    </message>
+    <message>
+        <source>A repository cannot have the architecture all: packages for all go to each of its own.</source>
+        <translation>Ein Repository kann nicht die Architektur all haben: Pakete für all kommen in jede seiner eigenen.</translation>
+    </message>
+    <message>
+        <source>The path or the code name is not valid.</source>
+        <translation>Der Pfad oder der Codename ist ungültig.</translation>
+    </message>
+    <message>
+        <source>%1 %2: %3 instead of %4, from %5</source>
+        <translation>%1 %2: %3 statt %4, aus %5</translation>
+    </message>
+    <message>
+        <source>No source of apt offers %1.</source>
+        <translation>Keine Quelle von apt bietet %1 an.</translation>
+    </message>
+    <message>
+        <source>--%1 needs a number of seconds, and not %2</source>
+        <translation>--%1 braucht eine Zahl von Sekunden und nicht %2</translation>
+    </message>
+    <message>
+        <source>--%1 cannot be %2; it can be: %3</source>
+        <translation>--%1 kann nicht %2 sein, sondern: %3</translation>
+    </message>
+    <message>
+        <source>A command is missing.</source>
+        <translation>Es fehlt ein Befehl.</translation>
+    </message>
+    <message>
+        <source>There is no command %1.</source>
+        <translation>Es gibt keinen Befehl %1.</translation>
+    </message>
+    <message>
+        <source>The command is: %1</source>
+        <translation>Der Befehl ist: %1</translation>
+    </message>
+    <message>
+        <source>velt-admin-repo-cli --help shows all commands.</source>
+        <translation>velt-admin-repo-cli --help zeigt alle Befehle.</translation>
+    </message>
+    <message>
+        <source>There are no package files.</source>
+        <translation>Es gibt keine Paketdateien.</translation>
+    </message>
+    <message>
+        <source>There is no port %1.</source>
+        <translation>Es gibt keinen Port %1.</translation>
+    </message>
+    <message>
+        <source>Stopped. The system may still do what it was asked for.</source>
+        <translation>Angehalten. Das System tut vielleicht noch, worum es gebeten wurde.</translation>
+    </message>
+    <message>
+        <source>The package %1, which serves the repository, is not installed.</source>
+        <translation>Das Paket %1, das das Repository anbietet, ist nicht installiert.</translation>
+    </message>
+    <message>
+        <source>%1 is published already, over %2 on the port %3.</source>
+        <translation>%1 ist schon veröffentlicht, über %2 auf Port %3.</translation>
+    </message>
+    <message>
+        <source>The repository is not published.</source>
+        <translation>Das Repository ist nicht veröffentlicht.</translation>
+    </message>
+    <message>
+        <source>%1 is published over %2 on the port %3.</source>
+        <translation>%1 ist über %2 auf Port %3 veröffentlicht.</translation>
+    </message>
+    <message>
+        <source>--http and --ftp cannot stand together.</source>
+        <translation>--http und --ftp können nicht zusammen stehen.</translation>
+    </message>
+    <message>
+        <source>The repository is not unpublished.</source>
+        <translation>Die Veröffentlichung des Repositorys wurde nicht beendet.</translation>
+    </message>
+    <message>
+        <source>%1 is not published.</source>
+        <translation>%1 ist nicht veröffentlicht.</translation>
+    </message>
+    <message>
+        <source>Somebody else has set up its server.</source>
+        <translation>Seinen Server hat jemand anderes eingerichtet.</translation>
+    </message>
+    <message>
+        <source>%1 is no longer published over %2 on the port %3.</source>
+        <translation>%1 ist nicht mehr über %2 auf Port %3 veröffentlicht.</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>unbekannt</translation>
+    </message>
+    <message>
+        <source>%1 is no name or address.</source>
+        <translation>%1 ist kein Name und keine Adresse.</translation>
+    </message>
+    <message>
+        <source>With --port the line is that of a publication over HTTP.</source>
+        <translation>Mit --port ist die Zeile die einer Veröffentlichung über HTTP.</translation>
+    </message>
+    <message>
+        <source>%1 is not published on the port %2 now.</source>
+        <translation>%1 ist zurzeit nicht auf Port %2 veröffentlicht.</translation>
+    </message>
+    <message>
+        <source>%1 is not empty. Is everything in it to be deleted?</source>
+        <translation>%1 ist nicht leer. Soll alles darin gelöscht werden?</translation>
+    </message>
+    <message>
+        <source>No repository was made.</source>
+        <translation>Es wurde kein Repository angelegt.</translation>
+    </message>
+    <message>
+        <source>Made the repository %1.</source>
+        <translation>Das Repository %1 wurde angelegt.</translation>
+    </message>
+    <message>
+        <source>Path: %1</source>
+        <translation>Pfad: %1</translation>
+    </message>
+    <message>
+        <source>Code name: %1</source>
+        <translation>Codename: %1</translation>
+    </message>
+    <message>
+        <source>Suite: %1</source>
+        <translation>Suite: %1</translation>
+    </message>
+    <message>
+        <source>Version: %1</source>
+        <translation>Version: %1</translation>
+    </message>
+    <message>
+        <source>Origin: %1</source>
+        <translation>Herkunft: %1</translation>
+    </message>
+    <message>
+        <source>Label: %1</source>
+        <translation>Bezeichnung: %1</translation>
+    </message>
+    <message>
+        <source>Architectures: %1</source>
+        <translation>Architekturen: %1</translation>
+    </message>
+    <message>
+        <source>Components: %1</source>
+        <translation>Komponenten: %1</translation>
+    </message>
+    <message>
+        <source>Signed with the default key</source>
+        <translation>Mit dem Standardschlüssel signiert</translation>
+    </message>
+    <message>
+        <source>Not signed with the default key</source>
+        <translation>Nicht mit dem Standardschlüssel signiert</translation>
+    </message>
+    <message>
+        <source>Packages for %1: %2</source>
+        <translation>Pakete für %1: %2</translation>
+    </message>
+    <message>
+        <source>The repository %1 cannot be read.</source>
+        <translation>Das Repository %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>It has no file conf/distributions.</source>
+        <translation>Es hat keine Datei conf/distributions.</translation>
+    </message>
+    <message>
+        <source>Its file conf/distributions names no distribution.</source>
+        <translation>Seine Datei conf/distributions nennt keine Distribution.</translation>
+    </message>
+    <message>
+        <source>Its indices are missing.</source>
+        <translation>Seine Indizes fehlen.</translation>
+    </message>
+    <message>
+        <source>The repository has no package %1.</source>
+        <translation>Das Repository hat kein Paket %1.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is no repository.</source>
+        <translation>Der Ordner %1 ist kein Repository.</translation>
+    </message>
+    <message>
+        <source>Another job still works on the repository %1.</source>
+        <translation>Ein anderer Auftrag arbeitet noch am Repository %1.</translation>
+    </message>
+    <message>
+        <source>Added: %1</source>
+        <translation>Hinzugefügt: %1</translation>
+    </message>
+    <message>
+        <source>Replaced: %1</source>
+        <translation>Ersetzt: %1</translation>
+    </message>
+    <message>
+        <source>Removed: %1</source>
+        <translation>Entfernt: %1</translation>
+    </message>
+    <message>
+        <source>No key is chosen to sign packages with. Name one with --key.</source>
+        <translation>Es ist kein Schlüssel zum Signieren von Paketen gewählt. Nennen Sie einen mit --key.</translation>
+    </message>
+    <message>
+        <source>not in the key ring</source>
+        <translation>nicht im Schlüsselbund</translation>
+    </message>
+    <message>
+        <source>The key %1 cannot sign: %2</source>
+        <translation>Der Schlüssel %1 kann nicht signieren: %2</translation>
+    </message>
+    <message>
+        <source>Signed: %1</source>
+        <translation>Signiert: %1</translation>
+    </message>
+    <message>
+        <source>gpg does not list its keys.</source>
+        <translation>gpg listet seine Schlüssel nicht auf.</translation>
+    </message>
+    <message>
+        <source>chosen</source>
+        <translation>gewählt</translation>
+    </message>
+    <message>
+        <source>Administers local repositories of Debian packages.</source>
+        <translation>Verwaltet lokale Repositorys mit Debian-Paketen.</translation>
+    </message>
+    <message>
+        <source>Usage: %1 COMMAND ...</source>
+        <translation>Aufruf: %1 BEFEHL ...</translation>
+    </message>
+    <message>
+        <source>Options of all commands:</source>
+        <translation>Optionen aller Befehle:</translation>
+    </message>
+    <message>
+        <source>%1 COMMAND --help explains a command.</source>
+        <translation>%1 BEFEHL --help erklärt einen Befehl.</translation>
+    </message>
+    <message>
+        <source>Usage: %1</source>
+        <translation>Aufruf: %1</translation>
+    </message>
+    <message>
+        <source>Options:</source>
+        <translation>Optionen:</translation>
     </message>
 </context>
 <context>

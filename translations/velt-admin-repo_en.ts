@@ -76,7 +76,7 @@
     </message>
 </context>
 <context>
-    <name>PublishCommand</name>
+    <name>PublicationConsent</name>
     <message numerus="yes">
         <source>and %n further file(s)</source>
         <translation>

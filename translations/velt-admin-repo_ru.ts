@@ -728,6 +728,18 @@
         <source>The directory &quot;%1&quot; is not there.</source>
         <translation>Каталог «%1» отсутствует.</translation>
     </message>
+    <message>
+        <source>This takes the rights of an administrator. If no password was asked for, no authentication agent runs in this session, or a rule of this machine refuses.</source>
+        <translation>Для этого нужны права администратора. Если пароль не был запрошен, в этом сеансе не запущен агент аутентификации или правило этого компьютера запрещает действие.</translation>
+    </message>
+    <message>
+        <source>The helper that does this with the rights of an administrator is not installed. Install the package of this program once more.</source>
+        <translation>Вспомогательная программа, которая выполняет это с правами администратора, не установлена. Установите пакет этой программы ещё раз.</translation>
+    </message>
+    <message>
+        <source>The system bus cannot be reached. Without it, nothing in the system can be changed. Start the service dbus, then this program once more.</source>
+        <translation>Системная шина недоступна. Без неё в системе ничего нельзя изменить. Запустите службу dbus, затем эту программу ещё раз.</translation>
+    </message>
 </context>
 <context>
     <name>JobFeedback</name>
@@ -1678,6 +1690,53 @@ One or more values</source>
     </message>
 </context>
 <context>
+    <name>PublicationConsent</name>
+    <message numerus="yes">
+        <source>and %n further file(s)</source>
+        <translation>
+            <numerusform>и ещё %n файл</numerusform>
+            <numerusform>и ещё %n файла</numerusform>
+            <numerusform>и ещё %n файлов</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Access rights</source>
+        <translation>Права доступа</translation>
+    </message>
+    <message>
+        <source>The server cannot read everything in the repository. Do you want to let all users of this machine read it?</source>
+        <translation>Сервер не может прочитать всё содержимое репозитория. Разрешить его чтение всем пользователям этого компьютера?</translation>
+    </message>
+    <message>
+        <source>Publication confirmation</source>
+        <translation>Подтверждение публикации</translation>
+    </message>
+    <message>
+        <source>Do you want to publish an empty repository?</source>
+        <translation>Опубликовать пустой репозиторий?</translation>
+    </message>
+    <message>
+        <source>The repository %1 is published over FTP now and will not be any more.</source>
+        <translation>Репозиторий %1 сейчас опубликован по FTP; его публикация прекратится.</translation>
+    </message>
+    <message>
+        <source>The first file that is not the program&apos;s own is kept beside it.</source>
+        <translation>Первый файл, созданный не этой программой, сохраняется рядом.</translation>
+    </message>
+    <message>
+        <source>Rewrite confirmation</source>
+        <translation>Подтверждение перезаписи</translation>
+    </message>
+    <message>
+        <source>File /etc/vsftpd.conf will be rewrite. Do you want to continue?</source>
+        <translation>Файл /etc/vsftpd.conf будет перезаписан. Продолжить?</translation>
+    </message>
+    <message>
+        <source>The port %1 belongs to the service of the repository %2, which does not run. Do you want to replace it?</source>
+        <translation>Порт %1 принадлежит службе репозитория %2, которая не запущена. Заменить её?</translation>
+    </message>
+</context>
+<context>
     <name>PublicationPanel</name>
     <message>
         <source>Choose a server type</source>
@@ -1815,18 +1874,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
         <source>Unknown</source>
         <translation>Неизвестно</translation>
     </message>
-    <message>
-        <source>This takes the rights of an administrator. If no password was asked for, no authentication agent runs in this session, or a rule of this machine refuses.</source>
-        <translation>Для этого нужны права администратора. Если пароль не был запрошен, в этом сеансе не запущен агент аутентификации или правило этого компьютера запрещает действие.</translation>
-    </message>
-    <message>
-        <source>The helper that does this with the rights of an administrator is not installed. Install the package of this program once more.</source>
-        <translation>Вспомогательная программа, которая выполняет это с правами администратора, не установлена. Установите пакет этой программы ещё раз.</translation>
-    </message>
-    <message>
-        <source>The system bus cannot be reached. Without it, nothing in the system can be changed. Start the service dbus, then this program once more.</source>
-        <translation>Системная шина недоступна. Без неё в системе ничего нельзя изменить. Запустите службу dbus, затем эту программу ещё раз.</translation>
-    </message>
 </context>
 <context>
     <name>PublishCommand</name>
@@ -1837,46 +1884,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>The repository is not published!</source>
         <translation>Репозиторий не опубликован!</translation>
-    </message>
-    <message>
-        <source>The path %1 cannot be served. It must be the directory of a repository, and its name may consist of letters, digits, blanks between them and the characters %2.</source>
-        <translation>Путь %1 нельзя опубликовать. Это должен быть каталог репозитория, а его имя может состоять из букв, цифр, пробелов между ними и символов %2.</translation>
-    </message>
-    <message numerus="yes">
-        <source>and %n further file(s)</source>
-        <translation>
-            <numerusform>и ещё %n файл</numerusform>
-            <numerusform>и ещё %n файла</numerusform>
-            <numerusform>и ещё %n файлов</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Access rights</source>
-        <translation>Права доступа</translation>
-    </message>
-    <message>
-        <source>The server cannot read everything in the repository. Do you want to let all users of this machine read it?</source>
-        <translation>Сервер не может прочитать всё содержимое репозитория. Разрешить его чтение всем пользователям этого компьютера?</translation>
-    </message>
-    <message>
-        <source>Publication confirmation</source>
-        <translation>Подтверждение публикации</translation>
-    </message>
-    <message>
-        <source>Do you want to publish an empty repository?</source>
-        <translation>Опубликовать пустой репозиторий?</translation>
-    </message>
-    <message>
-        <source>The repository %1 is published over FTP now and will not be any more.</source>
-        <translation>Репозиторий %1 сейчас опубликован по FTP; его публикация прекратится.</translation>
-    </message>
-    <message>
-        <source>Rewrite confirmation</source>
-        <translation>Подтверждение перезаписи</translation>
-    </message>
-    <message>
-        <source>File /etc/vsftpd.conf will be rewrite. Do you want to continue?</source>
-        <translation>Файл /etc/vsftpd.conf будет перезаписан. Продолжить?</translation>
     </message>
     <message>
         <source>Waiting for the system to publish %1</source>
@@ -1905,26 +1912,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>The repository is not unpublished!</source>
         <translation>Репозиторий не снят с публикации!</translation>
-    </message>
-    <message>
-        <source>The first file that is not the program&apos;s own is kept beside it.</source>
-        <translation>Первый файл, созданный не этой программой, сохраняется рядом.</translation>
-    </message>
-    <message>
-        <source>The port %1 belongs to the service of the repository %2, which does not run. Do you want to replace it?</source>
-        <translation>Порт %1 принадлежит службе репозитория %2, которая не запущена. Заменить её?</translation>
-    </message>
-    <message>
-        <source>The service %1 could not be stopped. &quot;systemctl status %1&quot; tells more.</source>
-        <translation>Не удалось остановить службу %1. Подробности покажет «systemctl status %1».</translation>
-    </message>
-    <message>
-        <source>The service did not start, or ended at once. The administrator finds the reason in the system&apos;s journal: journalctl -u %1 -u velt-admin-repo-helper</source>
-        <translation>Служба не запустилась или сразу завершилась. Администратор найдёт причину в журнале системы: journalctl -u %1 -u velt-admin-repo-helper</translation>
-    </message>
-    <message>
-        <source>The system refused. The administrator finds the reason in its journal: journalctl -u velt-admin-repo-helper</source>
-        <translation>Система отказала. Администратор найдёт причину в её журнале: journalctl -u velt-admin-repo-helper</translation>
     </message>
 </context>
 <context>
@@ -3364,6 +3351,25 @@ The file with them is kept as %2.</source>
     </message>
 </context>
 <context>
+    <name>ServerText</name>
+    <message>
+        <source>The path %1 cannot be served. It must be the directory of a repository, and its name may consist of letters, digits, blanks between them and the characters %2.</source>
+        <translation>Путь %1 нельзя опубликовать. Это должен быть каталог репозитория, а его имя может состоять из букв, цифр, пробелов между ними и символов %2.</translation>
+    </message>
+    <message>
+        <source>The service did not start, or ended at once. The administrator finds the reason in the system&apos;s journal: journalctl -u %1 -u velt-admin-repo-helper</source>
+        <translation>Служба не запустилась или сразу завершилась. Администратор найдёт причину в журнале системы: journalctl -u %1 -u velt-admin-repo-helper</translation>
+    </message>
+    <message>
+        <source>The service %1 could not be stopped. &quot;systemctl status %1&quot; tells more.</source>
+        <translation>Не удалось остановить службу %1. Подробности покажет «systemctl status %1».</translation>
+    </message>
+    <message>
+        <source>The system refused. The administrator finds the reason in its journal: journalctl -u velt-admin-repo-helper</source>
+        <translation>Система отказала. Администратор найдёт причину в её журнале: journalctl -u velt-admin-repo-helper</translation>
+    </message>
+</context>
+<context>
     <name>SettingsCommands</name>
     <message>
         <source>Package signing</source>
@@ -3861,6 +3867,542 @@ The file with them is kept as %2.</source>
     <message>
         <source>Unknown error.</source>
         <translation>Неизвестная ошибка.</translation>
+    </message>
+</context>
+<context>
+    <name>cli</name>
+    <message>
+        <source>--packages names the packages to export.</source>
+        <translation>--packages называет пакеты для экспорта.</translation>
+    </message>
+    <message>
+        <source>%1 exists. Is it to be replaced?</source>
+        <translation>%1 уже существует. Заменить?</translation>
+    </message>
+    <message>
+        <source>The archive was not written.</source>
+        <translation>Архив не записан.</translation>
+    </message>
+    <message>
+        <source>Wrote %1.</source>
+        <translation>Записан %1.</translation>
+    </message>
+    <message>
+        <source>There is no file or folder %1.</source>
+        <translation>Нет файла или папки %1.</translation>
+    </message>
+    <message>
+        <source>There are no packages in %1.</source>
+        <translation>В %1 нет пакетов.</translation>
+    </message>
+    <message>
+        <source>%1 is not FIELD=VALUE with one of these fields, each once: %2</source>
+        <translation>%1 — не ПОЛЕ=ЗНАЧЕНИЕ с одним из этих полей, каждое один раз: %2</translation>
+    </message>
+    <message>
+        <source>The path cannot be empty.</source>
+        <translation>Путь не может быть пустым.</translation>
+    </message>
+    <message>
+        <source>The change deletes %1 packages: %2. Is that right?</source>
+        <translation>Изменение удалит пакеты (%1): %2. Всё верно?</translation>
+    </message>
+    <message>
+        <source>The description of the repository cannot be read.</source>
+        <translation>Описание репозитория не читается.</translation>
+    </message>
+    <message>
+        <source>%1 is not empty, so the repository was not moved.</source>
+        <translation>%1 не пуста, поэтому репозиторий не перемещён.</translation>
+    </message>
+    <message>
+        <source>The repository is published. Unpublish it first.</source>
+        <translation>Репозиторий опубликован. Сначала прекратите публикацию.</translation>
+    </message>
+    <message>
+        <source>The repository was not changed.</source>
+        <translation>Репозиторий не изменён.</translation>
+    </message>
+    <message>
+        <source>Changed the repository %1.</source>
+        <translation>Репозиторий %1 изменён.</translation>
+    </message>
+    <message>
+        <source>%1 lacks: %2</source>
+        <translation>%1 не хватает: %2</translation>
+    </message>
+    <message>
+        <source>Checked: %1, broken: %2</source>
+        <translation>Проверено: %1, с нарушениями: %2</translation>
+    </message>
+    <message>
+        <source>Only packages of this component</source>
+        <translation>Только пакеты этого компонента</translation>
+    </message>
+    <message>
+        <source>Only packages of this architecture</source>
+        <translation>Только пакеты этой архитектуры</translation>
+    </message>
+    <message>
+        <source>What becomes of a package that is there already: fail (the default) refuses the file, newer and older replace by version, all replaces, none keeps</source>
+        <translation>Что делать с уже имеющимся пакетом: fail (по умолчанию) отклоняет файл, newer и older заменяют по версии, all заменяет, none оставляет</translation>
+    </message>
+    <message>
+        <source>The component for all packages, instead of their own</source>
+        <translation>Компонент для всех пакетов вместо их собственного</translation>
+    </message>
+    <message>
+        <source>Sign a copy of each file with this key, and add that</source>
+        <translation>Подписать копию каждого файла этим ключом и добавить её</translation>
+    </message>
+    <message>
+        <source>Also the packages on which they depend</source>
+        <translation>Также пакеты, от которых они зависят</translation>
+    </message>
+    <message>
+        <source>Where dependencies are looked for: local (the default) is the repository itself, public are apt&apos;s sources</source>
+        <translation>Где искать зависимости: local (по умолчанию) — сам репозиторий, public — источники apt</translation>
+    </message>
+    <message>
+        <source>Look in this source, written as after deb in a sources list; can be repeated; without it, in all that apt and the settings have</source>
+        <translation>Искать в этом источнике, записанном как после deb в списке источников; можно повторять; без него — во всех, что есть у apt и в настройках</translation>
+    </message>
+    <message>
+        <source>Only list the newer versions</source>
+        <translation>Только перечислить более новые версии</translation>
+    </message>
+    <message>
+        <source>Only these packages, separated by commas; can be repeated</source>
+        <translation>Только эти пакеты, через запятую; можно повторять</translation>
+    </message>
+    <message>
+        <source>The key to sign with, instead of that in the settings</source>
+        <translation>Ключ для подписи вместо указанного в настройках</translation>
+    </message>
+    <message>
+        <source>Delete the packages under a new code name, instead of carrying them over</source>
+        <translation>При новом кодовом имени удалить пакеты, а не переносить их</translation>
+    </message>
+    <message>
+        <source>The code name of the distribution</source>
+        <translation>Кодовое имя дистрибутива</translation>
+    </message>
+    <message>
+        <source>Architectures, separated by commas</source>
+        <translation>Архитектуры через запятую</translation>
+    </message>
+    <message>
+        <source>Components, separated by commas</source>
+        <translation>Компоненты через запятую</translation>
+    </message>
+    <message>
+        <source>The suite, such as stable</source>
+        <translation>Выпуск (suite), например stable</translation>
+    </message>
+    <message>
+        <source>The version of the distribution</source>
+        <translation>Версия дистрибутива</translation>
+    </message>
+    <message>
+        <source>Who makes the packages</source>
+        <translation>Кто делает пакеты</translation>
+    </message>
+    <message>
+        <source>What clients can select the repository by</source>
+        <translation>По чему клиенты могут выбирать репозиторий</translation>
+    </message>
+    <message>
+        <source>Sign the repository with the default key</source>
+        <translation>Подписывать репозиторий ключом по умолчанию</translation>
+    </message>
+    <message>
+        <source>Make a repository in a new or empty folder</source>
+        <translation>Создать репозиторий в новой или пустой папке</translation>
+    </message>
+    <message>
+        <source>Show the description of a repository, and how much it holds</source>
+        <translation>Показать описание репозитория и сколько в нём пакетов</translation>
+    </message>
+    <message>
+        <source>List the packages, or those whose names match one of the patterns</source>
+        <translation>Перечислить пакеты или те, чьи имена подходят под один из шаблонов</translation>
+    </message>
+    <message>
+        <source>Add package files, and those below folders; - reads their names from standard input</source>
+        <translation>Добавить файлы пакетов и файлы в папках; - читает их имена со стандартного ввода</translation>
+    </message>
+    <message>
+        <source>Remove packages</source>
+        <translation>Удалить пакеты</translation>
+    </message>
+    <message>
+        <source>Fetch packages from apt&apos;s sources, and add them</source>
+        <translation>Получить пакеты из источников apt и добавить их</translation>
+    </message>
+    <message>
+        <source>Check whether the dependencies of the packages can be met</source>
+        <translation>Проверить, выполнимы ли зависимости пакетов</translation>
+    </message>
+    <message>
+        <source>Replace packages with newer versions from apt&apos;s sources</source>
+        <translation>Заменить пакеты более новыми версиями из источников apt</translation>
+    </message>
+    <message>
+        <source>Write the repository, or some of its packages, to a .tgz archive</source>
+        <translation>Записать репозиторий или часть его пакетов в архив .tgz</translation>
+    </message>
+    <message>
+        <source>Add the packages in an archive, or those below a folder</source>
+        <translation>Добавить пакеты из архива или из папки</translation>
+    </message>
+    <message>
+        <source>Sign packages</source>
+        <translation>Подписать пакеты</translation>
+    </message>
+    <message>
+        <source>List the keys that can sign, and those that no longer can</source>
+        <translation>Перечислить ключи, которыми можно подписывать, и те, которыми уже нельзя</translation>
+    </message>
+    <message>
+        <source>Change the description of a repository: codename, suite, version, architectures, components, origin, label, sign=yes|no, or path, which moves it</source>
+        <translation>Изменить описание репозитория: codename, suite, version, architectures, components, origin, label, sign=yes|no или path, что перемещает его</translation>
+    </message>
+    <message>
+        <source>Publish a repository to other machines, over HTTP on the port 8000 if nothing else is said</source>
+        <translation>Опубликовать репозиторий для других машин: по HTTP на порту 8000, если не сказано иное</translation>
+    </message>
+    <message>
+        <source>Over HTTP on this port</source>
+        <translation>По HTTP на этом порту</translation>
+    </message>
+    <message>
+        <source>Over FTP on this port</source>
+        <translation>По FTP на этом порту</translation>
+    </message>
+    <message>
+        <source>End the publications of a repository, or those on a port</source>
+        <translation>Прекратить публикации репозитория или публикации на порту</translation>
+    </message>
+    <message>
+        <source>List what this machine publishes</source>
+        <translation>Перечислить, что публикует эта машина</translation>
+    </message>
+    <message>
+        <source>Print the line with which other machines use a published repository</source>
+        <translation>Вывести строку, с которой другие машины используют опубликованный репозиторий</translation>
+    </message>
+    <message>
+        <source>The name or address of this machine for them</source>
+        <translation>Имя или адрес этой машины для них</translation>
+    </message>
+    <message>
+        <source>The publication on this port</source>
+        <translation>Публикация на этом порту</translation>
+    </message>
+    <message>
+        <source>Accept the repository without a valid signature</source>
+        <translation>Принимать репозиторий без действительной подписи</translation>
+    </message>
+    <message>
+        <source>Print the result as JSON, and errors as JSON on standard error</source>
+        <translation>Вывести результат как JSON, а ошибки как JSON в стандартный поток ошибок</translation>
+    </message>
+    <message>
+        <source>Answer every question with yes</source>
+        <translation>Отвечать «да» на каждый вопрос</translation>
+    </message>
+    <message>
+        <source>Print nothing but results and errors</source>
+        <translation>Выводить только результаты и ошибки</translation>
+    </message>
+    <message>
+        <source>Wait so long for another job that works on the repository</source>
+        <translation>Столько ждать другое задание, которое работает с репозиторием</translation>
+    </message>
+    <message>
+        <source>The answer is yes, since nobody is there to ask.</source>
+        <translation>Ответ «да», так как спросить некого.</translation>
+    </message>
+    <message>
+        <source>The answer is no, since nobody is there to ask. The option --yes answers with yes.</source>
+        <translation>Ответ «нет», так как спросить некого. Параметр --yes отвечает «да».</translation>
+    </message>
+    <message>
+        <source>Yes or no? [y/N]</source>
+        <translation>Да или нет? [д/Н]</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <comment>answer to a question</comment>
+        <translation>да</translation>
+    </message>
+    <message>
+        <source>Names have small letters, digits, hyphens and, for code names and suites, dots.</source>
+        <translation>Имена состоят из строчных букв, цифр, дефисов, а кодовые имена и выпуски — также из точек.</translation>
+    </message>
+    <message>
+        <source>The value of %1 is one line without #.</source>
+        <translation>Значение %1 — одна строка без #.</translation>
+    </message>
+    <message>
+        <source>The origin cannot be empty.</source>
+        <translation>Происхождение не может быть пустым.</translation>
+    </message>
+    <message>
+        <source>The value of %1 is yes or no.</source>
+        <translation>Значение %1 — yes или no.</translation>
+    </message>
+    <message>
+        <source>A code name, architectures and components are needed.</source>
+        <translation>Нужны кодовое имя, архитектуры и компоненты.</translation>
+    </message>
+    <message>
+        <source>A repository cannot have the architecture all: packages for all go to each of its own.</source>
+        <translation>У репозитория не может быть архитектуры all: такие пакеты попадают в каждую из его архитектур.</translation>
+    </message>
+    <message>
+        <source>The path or the code name is not valid.</source>
+        <translation>Путь или кодовое имя недопустимы.</translation>
+    </message>
+    <message>
+        <source>%1 %2: %3 instead of %4, from %5</source>
+        <translation>%1 %2: %3 вместо %4, из %5</translation>
+    </message>
+    <message>
+        <source>No source of apt offers %1.</source>
+        <translation>Ни один источник apt не предлагает %1.</translation>
+    </message>
+    <message>
+        <source>--%1 needs a number of seconds, and not %2</source>
+        <translation>--%1 требует число секунд, а не %2</translation>
+    </message>
+    <message>
+        <source>--%1 cannot be %2; it can be: %3</source>
+        <translation>--%1 не может быть %2; возможные значения: %3</translation>
+    </message>
+    <message>
+        <source>A command is missing.</source>
+        <translation>Не указана команда.</translation>
+    </message>
+    <message>
+        <source>There is no command %1.</source>
+        <translation>Команды %1 нет.</translation>
+    </message>
+    <message>
+        <source>The command is: %1</source>
+        <translation>Команда такая: %1</translation>
+    </message>
+    <message>
+        <source>velt-admin-repo-cli --help shows all commands.</source>
+        <translation>velt-admin-repo-cli --help показывает все команды.</translation>
+    </message>
+    <message>
+        <source>There are no package files.</source>
+        <translation>Файлов пакетов нет.</translation>
+    </message>
+    <message>
+        <source>There is no port %1.</source>
+        <translation>Порта %1 не существует.</translation>
+    </message>
+    <message>
+        <source>Stopped. The system may still do what it was asked for.</source>
+        <translation>Остановлено. Система ещё может выполнить то, о чём её просили.</translation>
+    </message>
+    <message>
+        <source>The package %1, which serves the repository, is not installed.</source>
+        <translation>Пакет %1, который отдаёт репозиторий, не установлен.</translation>
+    </message>
+    <message>
+        <source>%1 is published already, over %2 on the port %3.</source>
+        <translation>%1 уже опубликован: %2, порт %3.</translation>
+    </message>
+    <message>
+        <source>The repository is not published.</source>
+        <translation>Репозиторий не опубликован.</translation>
+    </message>
+    <message>
+        <source>%1 is published over %2 on the port %3.</source>
+        <translation>%1 опубликован: %2, порт %3.</translation>
+    </message>
+    <message>
+        <source>--http and --ftp cannot stand together.</source>
+        <translation>--http и --ftp нельзя указать вместе.</translation>
+    </message>
+    <message>
+        <source>The repository is not unpublished.</source>
+        <translation>Репозиторий не снят с публикации.</translation>
+    </message>
+    <message>
+        <source>%1 is not published.</source>
+        <translation>%1 не опубликован.</translation>
+    </message>
+    <message>
+        <source>Somebody else has set up its server.</source>
+        <translation>Его сервер настроил кто-то другой.</translation>
+    </message>
+    <message>
+        <source>%1 is no longer published over %2 on the port %3.</source>
+        <translation>%1 больше не опубликован: %2, порт %3.</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>неизвестно</translation>
+    </message>
+    <message>
+        <source>%1 is no name or address.</source>
+        <translation>%1 — не имя и не адрес.</translation>
+    </message>
+    <message>
+        <source>With --port the line is that of a publication over HTTP.</source>
+        <translation>С --port выводится строка публикации по HTTP.</translation>
+    </message>
+    <message>
+        <source>%1 is not published on the port %2 now.</source>
+        <translation>%1 сейчас не опубликован на порту %2.</translation>
+    </message>
+    <message>
+        <source>%1 is not empty. Is everything in it to be deleted?</source>
+        <translation>%1 не пуста. Удалить всё её содержимое?</translation>
+    </message>
+    <message>
+        <source>No repository was made.</source>
+        <translation>Репозиторий не создан.</translation>
+    </message>
+    <message>
+        <source>Made the repository %1.</source>
+        <translation>Репозиторий %1 создан.</translation>
+    </message>
+    <message>
+        <source>Path: %1</source>
+        <translation>Путь: %1</translation>
+    </message>
+    <message>
+        <source>Code name: %1</source>
+        <translation>Кодовое имя: %1</translation>
+    </message>
+    <message>
+        <source>Suite: %1</source>
+        <translation>Выпуск (suite): %1</translation>
+    </message>
+    <message>
+        <source>Version: %1</source>
+        <translation>Версия: %1</translation>
+    </message>
+    <message>
+        <source>Origin: %1</source>
+        <translation>Происхождение: %1</translation>
+    </message>
+    <message>
+        <source>Label: %1</source>
+        <translation>Метка: %1</translation>
+    </message>
+    <message>
+        <source>Architectures: %1</source>
+        <translation>Архитектуры: %1</translation>
+    </message>
+    <message>
+        <source>Components: %1</source>
+        <translation>Компоненты: %1</translation>
+    </message>
+    <message>
+        <source>Signed with the default key</source>
+        <translation>Подписан ключом по умолчанию</translation>
+    </message>
+    <message>
+        <source>Not signed with the default key</source>
+        <translation>Не подписан ключом по умолчанию</translation>
+    </message>
+    <message>
+        <source>Packages for %1: %2</source>
+        <translation>Пакеты для %1: %2</translation>
+    </message>
+    <message>
+        <source>The repository %1 cannot be read.</source>
+        <translation>Не удалось прочитать репозиторий %1.</translation>
+    </message>
+    <message>
+        <source>It has no file conf/distributions.</source>
+        <translation>В нём нет файла conf/distributions.</translation>
+    </message>
+    <message>
+        <source>Its file conf/distributions names no distribution.</source>
+        <translation>Его файл conf/distributions не называет дистрибутив.</translation>
+    </message>
+    <message>
+        <source>Its indices are missing.</source>
+        <translation>Его индексы отсутствуют.</translation>
+    </message>
+    <message>
+        <source>The repository has no package %1.</source>
+        <translation>В репозитории нет пакета %1.</translation>
+    </message>
+    <message>
+        <source>The folder %1 is no repository.</source>
+        <translation>Папка %1 — не репозиторий.</translation>
+    </message>
+    <message>
+        <source>Another job still works on the repository %1.</source>
+        <translation>Другое задание всё ещё работает с репозиторием %1.</translation>
+    </message>
+    <message>
+        <source>Added: %1</source>
+        <translation>Добавлен: %1</translation>
+    </message>
+    <message>
+        <source>Replaced: %1</source>
+        <translation>Заменён: %1</translation>
+    </message>
+    <message>
+        <source>Removed: %1</source>
+        <translation>Удалён: %1</translation>
+    </message>
+    <message>
+        <source>No key is chosen to sign packages with. Name one with --key.</source>
+        <translation>Ключ для подписи пакетов не выбран. Укажите его с --key.</translation>
+    </message>
+    <message>
+        <source>not in the key ring</source>
+        <translation>отсутствует в связке ключей</translation>
+    </message>
+    <message>
+        <source>The key %1 cannot sign: %2</source>
+        <translation>Ключ %1 не может подписывать: %2</translation>
+    </message>
+    <message>
+        <source>Signed: %1</source>
+        <translation>Подписан: %1</translation>
+    </message>
+    <message>
+        <source>gpg does not list its keys.</source>
+        <translation>gpg не показывает свои ключи.</translation>
+    </message>
+    <message>
+        <source>chosen</source>
+        <translation>выбран</translation>
+    </message>
+    <message>
+        <source>Administers local repositories of Debian packages.</source>
+        <translation>Управляет локальными репозиториями пакетов Debian.</translation>
+    </message>
+    <message>
+        <source>Usage: %1 COMMAND ...</source>
+        <translation>Использование: %1 КОМАНДА ...</translation>
+    </message>
+    <message>
+        <source>Options of all commands:</source>
+        <translation>Параметры всех команд:</translation>
+    </message>
+    <message>
+        <source>%1 COMMAND --help explains a command.</source>
+        <translation>%1 КОМАНДА --help объясняет команду.</translation>
+    </message>
+    <message>
+        <source>Usage: %1</source>
+        <translation>Использование: %1</translation>
+    </message>
+    <message>
+        <source>Options:</source>
+        <translation>Параметры:</translation>
     </message>
 </context>
 <context>
