@@ -43,8 +43,8 @@ struct ProcessCall
 
 /**
  * Runs a program and waits for its end without a time limit: never call it on the interface thread. The messages of the
- * program are not translated (LC_ALL=C.UTF-8, no LANGUAGE), because we parse them. The program has a session of its own,
- * so that a signal of our terminal, such as Ctrl+C, reaches us alone.
+ * program are not translated (LC_ALL=C.UTF-8, no LANGUAGE), because we parse them. The program has a session of its
+ * own, so that a signal of our terminal, such as Ctrl+C, reaches us alone.
  */
 ProcessResult runProcess(const ProcessCall &call);
 

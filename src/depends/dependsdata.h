@@ -14,8 +14,8 @@
 /**
  * Stores the results of dependency checks between runs of the program, in one file for all repositories of a user. An
  * object handles one repository at a time, the last one loaded. It lives in a thread of its own in the engine, because
- * all its slots may take seconds. Several objects in any threads and processes may use the same file. If the file cannot
- * be written, or another process works on it for more than ten seconds, only the results of this save are lost.
+ * all its slots may take seconds. Several objects in any threads and processes may use the same file. If the file
+ * cannot be written, or another process works on it for more than ten seconds, only the results of this save are lost.
  */
 class DependsData : public QObject
 {

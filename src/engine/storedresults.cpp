@@ -8,12 +8,47 @@
 #include <QThread>
 
 #include <algorithm>
+#include <atomic>
+#include <condition_variable>
 #include <mutex>
 #include <utility>
 #include <vector>
 
 namespace
 {
+/** What all engines have still to write. */
+class PendingWrites
+{
+public:
+    void begin()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        ++m_count;
+    }
+    void end()
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        --m_count;
+        m_written.notify_all();
+    }
+    void wait()
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_written.wait(lock, [this] { return m_count == 0; });
+    }
+
+private:
+    std::mutex m_mutex;
+    std::condition_variable m_written;
+    int m_count = 0;
+};
+
+PendingWrites &pendingWrites()
+{
+    static PendingWrites writes;
+    return writes;
+}
+
 /** The threads of engines that are gone. */
 class EndingThreads
 {
@@ -63,10 +98,23 @@ StoredResults::StoredResults(JobSignals &engineSignals,
         QObject::connect(&engineSignals, request, store, answer, type);
     };
     constexpr auto Waiting = Qt::BlockingQueuedConnection;
-    serve(&JobSignals::requestForStoredInformation, &DependsData::loadData, Waiting);
+    // An engine that is gone may have left results of the same repository to be written.
+    const auto load = [store](const QString &repoPath) {
+        pendingWrites().wait();
+        store->loadData(repoPath);
+    };
+    serve(&JobSignals::requestForStoredInformation, load, Waiting);
     serve(&JobSignals::requestForMergingInformation, &DependsData::mergeStoredPackages, Waiting);
     serve(&JobSignals::requestForMovingStoredInformation, &DependsData::changePath, Waiting);
-    serve(&JobSignals::requestForSavingPackages, &DependsData::savePackages, Qt::QueuedConnection);
+    const auto save
+        = [this, newest = std::make_shared<std::atomic<int>>(0)](const QList<PackageInfoPtr> &packages) {
+              // Each has the results of the whole repository, so the last one is enough.
+              write([newest, number = ++*newest, packages](DependsData &data) {
+                  if (*newest == number)
+                      data.savePackages(packages);
+              });
+          };
+    serve(&JobSignals::requestForSavingPackages, save, Qt::DirectConnection);
     serve(&JobSignals::requestForClearingStoredInformation, &DependsData::removeRepoData, Waiting);
     // On the store's thread, while the job waits that asked: so the list of packages is the job's to write.
     QObject::connect(store, &DependsData::packagesMerged, &engineSignals, merged, Qt::DirectConnection);
@@ -98,5 +146,15 @@ void StoredResults::waitForAll()
 
 void StoredResults::removeLater()
 {
-    QMetaObject::invokeMethod(m_store, &DependsData::removeRepoData, Qt::QueuedConnection);
+    write([](DependsData &data) { data.removeRepoData(); });
+}
+
+void StoredResults::write(const std::function<void(DependsData &data)> &work)
+{
+    pendingWrites().begin();
+    const auto writeNow = [store = m_store, work] {
+        work(*store);
+        pendingWrites().end();
+    };
+    QMetaObject::invokeMethod(m_store, writeNow, Qt::QueuedConnection);
 }

@@ -16,7 +16,7 @@ class QThread;
 /**
  * The stored results of the dependency checks, on a thread of their own. A job that asks for them waits until they are
  * read. It does not wait until they are written, which takes seconds where the file holds the results of many packages;
- * what is asked for later is read after that.
+ * what any engine asks for later is read after that.
  */
 class StoredResults
 {
@@ -44,4 +44,7 @@ public:
 private:
     std::unique_ptr<QThread> m_thread;
     DependsData *m_store; ///< lives in m_thread, and is deleted with it
+
+    /** Has the store's thread do it, without waiting. Any thread. */
+    void write(const std::function<void(DependsData &data)> &work);
 };

@@ -35,8 +35,8 @@ public:
 
     /**
      * Tells the inclusion which candidates are in. Not for files that are to be signed, nor for the first file of a job
-     * on a signed repository, whose run writes the indices and shows whether they can be signed. With `replacesOlder`, which needs the
-     * user's choice for the whole job, files replace older versions too.
+     * on a signed repository, whose run writes the indices and shows whether they can be signed. With `replacesOlder`,
+     * which needs the user's choice for the whole job, files replace older versions too.
      */
     void include(const QVector<Candidate> &candidates, bool replacesOlder);
 
@@ -46,7 +46,7 @@ private:
     PackageInclusion &m_inclusion;
 
     bool isPlain(const PackageInfo &record, bool replacesOlder) const;
-    /** Whether reprepro puts the file into the place of the present one by itself: it is newer, and has another name. */
+    /** Whether reprepro puts the file into the place of the present one by itself: it is newer and has another name. */
     static bool isPlainSuccessor(const PackageInfo &record, const PackageInfo &present);
     void includeGroup(QVector<Candidate> group);
     ProcessResult runWith(const QVector<Candidate> &group);

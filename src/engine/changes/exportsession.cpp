@@ -316,7 +316,7 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
         return *refusal;
     setMarker(m_repoPath);
     ProcessResult result
-        = run(arguments, config != nullptr ? config->environment() : environmentForIndices());
+        = config != nullptr ? run(arguments, config->environment()) : runWritingIndices(arguments);
     if (config != nullptr && ReproAnswer::signingFailed(result.errorOutput)) {
         // This run signs nothing, so it fails because its small environment lacks a variable.
         config->useWholeEnvironment();
@@ -336,9 +336,25 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
     return result;
 }
 
+ProcessResult ExportSession::runWritingIndices(const QString &arguments)
+{
+    const QStringList environment = environmentForIndices();
+    ProcessResult result = run(arguments, environment);
+    const bool lacksIndices = ReproAnswer::signingFailed(result.errorOutput)
+                              || ReproAnswer::indicesOutdated(result.errorOutput);
+    // The small environment may lack what the configuration asks for in a way that is not known here. The change itself
+    // must not be tried twice.
+    if (!environment.isEmpty() && lacksIndices && !m_trouble) {
+        const ProcessResult whole = run(ReproCommand::exportIndices());
+        if (whole.succeeded())
+            return whole;
+    }
+    return result;
+}
+
 ProcessResult ExportSession::writeIndices()
 {
-    ProcessResult result = run(ReproCommand::exportIndices(), environmentForIndices());
+    ProcessResult result = runWritingIndices(ReproCommand::exportIndices());
     m_exportOwed = !result.succeeded();
     return result;
 }

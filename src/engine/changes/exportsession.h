@@ -18,10 +18,10 @@
 class PrivateConfig;
 
 /**
- * The reprepro runs of one job that change a repository. The first run writes the indices, so that a signing failure
- * shows at once. After a successful first run, the further runs do not write the indices, and finish() writes them
- * once: writing them in each run makes the time of a job grow with the square of its packages. A job of many runs on a
- * repository that is not signed begins with startSilently().
+ * The reprepro runs of one job that change a repository. Writing the indices in each run makes the time of a job grow
+ * with the square of its packages: so the first run writes them, which shows at once whether they can be signed, the
+ * further runs do not, and finish() writes them once. A job of many runs begins with startSilently(): where nothing is
+ * signed, its first run leaves them alone too.
  *
  * From the first change to the end of the job a marker lies in the repository's db folder. After a crash, the next
  * opening finds the marker and writes the indices first. The marker names the files that the job has worked on. Before
@@ -144,5 +144,7 @@ private:
     void beSilent();
     ProcessResult change(const QString &arguments, PrivateConfig *config);
     ProcessResult changeSilently(const QString &arguments, const QByteArray &description = {});
+    /** A run that writes the indices, in the small environment where that has all that it needs. */
+    ProcessResult runWritingIndices(const QString &arguments);
     ProcessResult writeIndices();
 };

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reprepro/configfolder.h"
 
-#include "engine/repository/distributions.h"
 #include "files/regularfile.h"
 
-#include <QFile>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -75,9 +73,13 @@ QStringList ConfigFolder::optionLines() const
 
 bool ConfigFolder::hasField(const QString &field) const
 {
-    QFile description(m_path + QLatin1String("/distributions"));
+    RegularFile description(m_path + QLatin1String("/distributions"));
     if (!description.open(QIODevice::ReadOnly))
         return true;
     const QStringList lines = QString::fromLocal8Bit(description.readAll()).split(QLatin1Char('\n'));
-    return !Distributions::fieldValue(lines, field).isEmpty();
+    // reprepro does not mind the case of a name, nor where the value begins, and reads further files.
+    return std::any_of(lines.cbegin(), lines.cend(), [&field](const QString &line) {
+        return line.startsWith(QLatin1Char('!'))
+               || line.section(QLatin1Char(':'), 0, 0).trimmed().compare(field, Qt::CaseInsensitive) == 0;
+    });
 }

@@ -224,7 +224,8 @@ QVector<PackageFile> UpgradeJob::fetchTogether(const QVector<QVector<UpgradableP
     const bool isIncomplete
         = std::any_of(places.cbegin(), places.cend(), [&files](int i) { return files.at(i).path.isEmpty(); });
     // A disk that is too small for all of them may have room for each.
-    if (isIncomplete && freeSpace(folder) < bytes) {
+    const qint64 free = freeSpace(folder);
+    if (isIncomplete && free >= 0 && free < bytes) {
         QDir(folder).removeRecursively();
         files.fill({});
     }

@@ -182,6 +182,15 @@ private Q_SLOTS:
         QVERIFY(!whole());
         writeFile(options, "endhook tell.sh\n");
         QVERIFY(whole());
+        writeFile(options, "");
+        // As reprepro reads it: in any case, with the value on the next line, or in another file.
+        QVERIFY(!conf.signs() && !conf.runsProgramsForIndices());
+        for (const char *line : {"SignWith: yes", "Signwith:\n yes", "SIGNWITH : AB12", "!include: more"}) {
+            writeFile(distributions, "Codename: dog\n" + QByteArray(line) + '\n');
+            QVERIFY2(conf.signs(), line);
+        }
+        writeFile(distributions, "Codename: dog\nDEBINDICES:\n Packages Release . .gz tell.sh\n");
+        QVERIFY(conf.runsProgramsForIndices() && !conf.runsPrograms());
     }
 
     void pathGuard()
