@@ -22,7 +22,7 @@ public:
     ForeignChanges(RepoTabs &tabs, Prompts &prompts, RepoWidget &widget);
 
     /** The repository is looked at after this time without a change, in milliseconds. */
-    static constexpr int QuietTime = 1000;
+    static constexpr int QuietTime = 500;
 
 private:
     void watch();
