@@ -38,11 +38,10 @@ ExitCode Commands::exportPackages(const Invocation &invocation, Console &console
     if (!session.open())
         return session.exitCode();
     const PackageSelection selection(names, invocation);
-    const auto all = session.shell().packages();
-    const QStringList unmatched = selection.tellUnmatched(all, console);
-    const auto packages = selection.of(all);
-    if (!names.isEmpty() && packages.isEmpty())
+    if (!names.isEmpty() && selection.of(session.shell().packages()).isEmpty()) {
+        selection.tellUnmatched(session.shell().packages(), console);
         return ExitCode::Failed;
+    }
     if (QFileInfo(target).isFile()
         && !console.ask(QString(),
                         QCoreApplication::translate("cli", "%1 exists. Is it to be replaced?").arg(target),
@@ -54,12 +53,19 @@ ExitCode Commands::exportPackages(const Invocation &invocation, Console &console
                       target);
         return ExitCode::Failed;
     }
-    const int result = session.run([&] {
-        if (names.isEmpty())
-            session.shell().exportRepo(target);
-        else
+    int result = RepoEnums::ERROR;
+    QStringList unmatched;
+    if (names.isEmpty()) {
+        result = session.run([&] { session.shell().exportRepo(target); });
+    } else {
+        const auto selected = session.runFor(selection, [&](const QList<PackageInfoPtr> &packages) {
             session.shell().exportPackages(packages, target, invocation.has("with-depends"));
-    });
+        });
+        unmatched = selected.unmatched;
+        if (selected.packages.isEmpty())
+            return ExitCode::Failed;
+        result = session.result();
+    }
     const bool isWritten = result == RepoEnums::SUCCESS;
     const ExitCode code = session.exitCode(isWritten);
     if (!isWritten)

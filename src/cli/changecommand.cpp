@@ -139,14 +139,20 @@ ExitCode Commands::change(const Invocation &invocation, Console &console)
         return fail("published",
                     QCoreApplication::translate("cli", "The repository is published. Unpublish it first."),
                     ExitCode::Failed);
-    const auto lost = change.lost(shell.packages());
-    if (!agreesToLosses(lost, console))
+    QList<PackageInfoPtr> lost;
+    bool isAgreed = false;
+    const int result = session.run([&] {
+        // After another job it can be other packages that are lost.
+        lost = change.lost(shell.packages());
+        isAgreed = agreesToLosses(lost, console);
+        if (isAgreed)
+            shell.changeRepo(path, change.after, *text, change.carries);
+    });
+    if (!isAgreed)
         return fail("refused",
                     QCoreApplication::translate("cli", "The repository was not changed."),
                     StopSignal::isRaised() ? ExitCode::Stopped : ExitCode::Failed);
-    const bool isChanged = session.run([&] { shell.changeRepo(path, change.after, *text, change.carries); })
-                           == RepoEnums::SUCCESS;
-    if (!isChanged)
+    if (result != RepoEnums::SUCCESS)
         return session.exitCode(false);
     console.line(QCoreApplication::translate("cli", "Changed the repository %1.").arg(shell.path()));
     console.object({{QStringLiteral("path"), shell.path()},

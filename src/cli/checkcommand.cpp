@@ -38,14 +38,12 @@ ExitCode Commands::check(const Invocation &invocation, Console &console)
     if (!session.open())
         return session.exitCode();
     RepoShell &shell = session.shell();
-    const PackageSelection selection(invocation.others(), invocation);
-    const QStringList unmatched = selection.tellUnmatched(shell.packages(), console);
-    const auto packages = selection.of(shell.packages());
-    if (packages.isEmpty() && !unmatched.isEmpty())
-        return ExitCode::Failed;
     shell.setDependsRepoType(selectionOf(invocation.value("against")));
-    if (!packages.isEmpty())
-        session.run([&] { shell.checkDepends(packages); });
+    const auto selected
+        = session.runFor(PackageSelection(invocation.others(), invocation),
+                         [&](const QList<PackageInfoPtr> &packages) { shell.checkDepends(packages); });
+    if (selected.packages.isEmpty() && !selected.unmatched.isEmpty())
+        return ExitCode::Failed;
     const ExitCode code = session.exitCode(true);
     const auto checked = session.checked();
     QJsonArray broken;
@@ -63,5 +61,6 @@ ExitCode Commands::check(const Invocation &invocation, Console &console)
     console.line(
         QCoreApplication::translate("cli", "Checked: %1, broken: %2").arg(checked.size()).arg(broken.size()));
     console.object({{QStringLiteral("checked"), checked.size()}, {QStringLiteral("broken"), broken}});
-    return code == ExitCode::Done && !(broken.isEmpty() && unmatched.isEmpty()) ? ExitCode::Findings : code;
+    return code == ExitCode::Done && !(broken.isEmpty() && selected.unmatched.isEmpty()) ? ExitCode::Findings
+                                                                                         : code;
 }

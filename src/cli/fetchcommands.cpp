@@ -86,6 +86,25 @@ private:
     QVector<AptPackageRecord> m_records;
 };
 
+/** Those whose old versions are still there. */
+QVector<UpgradablePackage> stillThere(const QVector<UpgradablePackage> &offers, const RepoShell &shell)
+{
+    QSet<QString> present;
+    const auto place
+        = [](const auto &name, const auto &architecture, const auto &component, const auto &version) {
+              return QStringList{name, architecture, component, version}.join(QLatin1Char(' '));
+          };
+    for (const PackageInfoPtr &package : shell.packages())
+        present.insert(
+            place(package->name, package->architecture, package->indexComponent, package->version));
+    QVector<UpgradablePackage> rest;
+    std::copy_if(
+        offers.cbegin(), offers.cend(), std::back_inserter(rest), [&](const UpgradablePackage &offer) {
+            return present.contains(place(offer.name, offer.architecture, offer.component, offer.oldVersion));
+        });
+    return rest;
+}
+
 bool holds(const QList<PackageInfoPtr> &packages, const PackageInfo &wanted)
 {
     return std::any_of(packages.cbegin(), packages.cend(), [&wanted](const PackageInfoPtr &package) {
@@ -256,7 +275,7 @@ ExitCode Commands::upgrade(const Invocation &invocation, Console &console)
     }
     ExitCode code = prepared;
     if (!packages.isEmpty()) {
-        session.run([&] { shell.upgradeRepo(packages, session.addOptions()); });
+        session.run([&] { shell.upgradeRepo(stillThere(packages, shell), session.addOptions()); });
         code = std::max(prepared, session.exitCode());
     }
     session.tellChanges();

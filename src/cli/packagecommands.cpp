@@ -90,14 +90,12 @@ ExitCode Commands::remove(const Invocation &invocation, Console &console)
     RepositorySession session(invocation, console);
     if (!session.open())
         return session.exitCode();
-    const PackageSelection selection(invocation.others(), invocation);
-    const auto all = session.shell().packages();
-    const auto packages = selection.of(all);
-    const QStringList unmatched = selection.tellUnmatched(all, console);
-    if (packages.isEmpty())
+    const auto selected = session.runFor(
+        PackageSelection(invocation.others(), invocation),
+        [&](const QList<PackageInfoPtr> &packages) { session.shell().removePackages(packages); });
+    if (selected.packages.isEmpty())
         return ExitCode::Failed;
-    session.run([&] { session.shell().removePackages(packages); });
     session.tellChanges();
     const ExitCode code = session.exitCode();
-    return code == ExitCode::Done && !unmatched.isEmpty() ? ExitCode::Findings : code;
+    return code == ExitCode::Done && !selected.unmatched.isEmpty() ? ExitCode::Findings : code;
 }

@@ -4,6 +4,7 @@
 #include "cli/console.h"
 #include "cli/invocation.h"
 #include "cli/packagejson.h"
+#include "cli/repositoryreading.h"
 #include "engine/reprepro/joblock.h"
 #include "engine/reprepro/repolock.h"
 
@@ -134,9 +135,16 @@ AddOptions RepositorySession::addOptions()
 bool RepositorySession::open()
 {
     m_isOpening = true;
-    const int result = run([this] { m_shell.openRepo(m_invocation.repository()); });
+    m_isOpen = run([this] { m_shell.openRepo(m_invocation.repository()); }) == RepoEnums::SUCCESS;
     m_isOpening = false;
-    return result == RepoEnums::SUCCESS;
+    return m_isOpen;
+}
+
+void RepositorySession::openOnce()
+{
+    m_isOpening = true;
+    m_result = runOnce([this] { m_shell.openRepo(m_invocation.repository()); });
+    m_isOpening = false;
 }
 
 bool RepositorySession::isWithoutDescription()
@@ -157,14 +165,38 @@ int RepositorySession::run(const std::function<void()> &start)
 {
     QElapsedTimer waited;
     waited.start();
-    do
-        m_result = runOnce(start);
-    while (m_isLocked && waitForOther(waited));
+    m_result = runOnce(start);
+    while (m_isLocked && waitForOther(waited)) {
+        // What the other job has changed must not be taken for what was there before.
+        if (m_isOpen)
+            openOnce();
+        if (!m_isLocked && (!m_isOpen || m_result == RepoEnums::SUCCESS))
+            m_result = runOnce(start);
+    }
     if (m_isLocked && m_invocation.has("wait"))
         m_console.error(QStringLiteral("locked"),
                         QCoreApplication::translate("cli", "Another job still works on the repository %1.")
                             .arg(m_invocation.repository()));
     return m_result;
+}
+
+RepositorySession::Selected
+RepositorySession::runFor(const PackageSelection &selection,
+                          const std::function<void(const QList<PackageInfoPtr> &)> &start)
+{
+    Selected selected;
+    run([&] {
+        const auto all = m_shell.packages();
+        selected.packages = selection.of(all);
+        const QStringList unmatched = selection.unmatched(all);
+        // Told once, although the job may be run again.
+        if (unmatched != selected.unmatched)
+            selection.tellUnmatched(all, m_console);
+        selected.unmatched = unmatched;
+        if (!selected.packages.isEmpty())
+            start(selected.packages);
+    });
+    return selected;
 }
 
 int RepositorySession::runOnce(const std::function<void()> &start)

@@ -15,11 +15,13 @@
 #include <optional>
 
 class Console;
+class PackageSelection;
 struct Invocation;
 
 /**
  * The engine for the commands: runs its jobs one after the other, shows what they say, answers their questions, and
- * keeps what they have changed. A job that finds the repository locked is run again until --wait is over.
+ * keeps what they have changed. A job that finds the repository locked is run again until --wait is over; before that
+ * the repository is opened again, since the other job may have changed it.
  */
 class RepositorySession : public QObject
 {
@@ -31,8 +33,16 @@ public:
     RepoShell &shell() { return m_shell; }
     /** Opens the repository of the command line. False when it cannot be opened, which has been told. */
     bool open();
-    /** Runs a job to its end, and returns its result. */
+    /** Runs a job to its end, and returns its result. `start` may be called again, for the repository as it is then. */
     int run(const std::function<void()> &start);
+    struct Selected
+    {
+        QList<PackageInfoPtr> packages;
+        QStringList unmatched; ///< the words without a package, which has been told
+    };
+    /** Runs the job that `start` begins for the selected packages; none when there are no such packages. */
+    Selected runFor(const PackageSelection &selection,
+                    const std::function<void(const QList<PackageInfoPtr> &packages)> &start);
     /**
      * The component and the key for packages that are added, and from now on the rule for those that are there already.
      * Without a rule they are refused: then the engine's remarks, such as those of files that were kept out, count as
@@ -40,6 +50,8 @@ public:
      */
     AddOptions addOptions();
 
+    /** The result of the last run(). */
+    int result() const { return m_result; }
     /** How many errors, and where they count remarks, the last run() has told. */
     int findings() const { return m_findings; }
     /** The exit code after the last run(). */
@@ -63,6 +75,7 @@ private:
     StopSignal m_stop;
     std::optional<PackageReplacementRules::Rule> m_rule;
     bool m_remarksAreFindings = false;
+    bool m_isOpen = false;
     bool m_isOpening = false; ///< the signals of packages tell of those that are there
     int m_result = RepoEnums::ERROR;
     bool m_isLocked = false;
@@ -78,6 +91,7 @@ private:
     bool isWithoutDescription();
     void
     tell(const QString &text, const QString &details, RepoEnums::ErrorType type, RepoEnums::ErrorCause cause);
+    void openOnce();
     int runOnce(const std::function<void()> &start);
     /** Waits until the other job may have ended; false when the time is over. */
     bool waitForOther(const QElapsedTimer &waited);

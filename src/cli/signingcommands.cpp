@@ -74,20 +74,22 @@ ExitCode Commands::sign(const Invocation &invocation, Console &console)
     RepositorySession session(invocation, console);
     if (!session.open())
         return session.exitCode();
-    const PackageSelection selection(invocation.others(), invocation);
-    const auto all = session.shell().packages();
-    const QStringList unmatched = selection.tellUnmatched(all, console);
-    const auto packages = selection.of(all);
     const QString keyId = keyToUse(invocation);
-    if (packages.isEmpty() || !isUsable(keyId, console))
+    const PackageSelection selection(invocation.others(), invocation);
+    const bool isAnyMeant = !selection.of(session.shell().packages()).isEmpty();
+    if (isAnyMeant && !isUsable(keyId, console))
         return ExitCode::Failed;
-    session.run([&] { session.shell().signPackages(packages, keyId); });
+    const auto selected = session.runFor(selection, [&](const QList<PackageInfoPtr> &packages) {
+        session.shell().signPackages(packages, keyId);
+    });
+    if (selected.packages.isEmpty())
+        return ExitCode::Failed;
     const auto done = session.replaced();
     for (const PackageInfoPtr &package : done)
         console.line(QCoreApplication::translate("cli", "Signed: %1").arg(shownPackage(*package)));
     console.object({{QStringLiteral("signed"), PackageJson::array(done)}});
     const ExitCode code = session.exitCode();
-    return code == ExitCode::Done && !unmatched.isEmpty() ? ExitCode::Findings : code;
+    return code == ExitCode::Done && !selected.unmatched.isEmpty() ? ExitCode::Findings : code;
 }
 
 ExitCode Commands::keys(const Invocation &, Console &console)

@@ -129,6 +129,34 @@ private Q_SLOTS:
         QVERIFY(h.holds("foo 1.0 amd64"_s));
     }
 
+    /** What is selected for removal is what the user has named, whatever comes into its place meanwhile. */
+    void replacedMeanwhile()
+    {
+        CliHarness h;
+        h.create();
+        QCOMPARE(h.json("add", {h.deb("foo"), h.deb("bar")}).code, 0);
+        const QString newer = h.deb("foo", "2.0");
+        QProcess holder;
+        holder.start("flock"_s, {"-F"_s, h.repo() + "/db"_s, "sh"_s, "-c"_s, "echo held; exec sleep 600"_s});
+        QVERIFY(holder.waitForReadyRead());
+        QProcess waiting;
+        h.start(&waiting, {"remove"_s, "--json"_s, "--wait"_s, "60"_s, h.repo(), "foo=1.0"_s, "bar"_s});
+        QVERIFY(!waiting.waitForFinished(1000));
+        QCOMPARE(h.reprepro({"includedeb"_s, "dogwood"_s, newer}).left(6), "Export"_s);
+        holder.kill();
+        QVERIFY(holder.waitForFinished());
+        const CliResult removed = CliHarness::resultOf(&waiting);
+        QVERIFY2(removed.code == 1 && removed.errorCodes() == "unknown"_s, removed.said());
+        QVERIFY(h.holds("foo 2.0 amd64"_s));
+
+        // The indices lack what has come since, and reprepro would remove by the name alone.
+        writeFile(h.repo() + "/conf/options"_s, "export never\n");
+        h.reprepro({"includedeb"_s, "dogwood"_s, h.deb("foo", "3.0")});
+        const CliResult stale = h.json("remove", {"foo=2.0"_s});
+        QVERIFY2(stale.code == 3 && stale.errorCodes().contains("error"_s), stale.said());
+        QVERIFY(h.reprepro({"list"_s, "dogwood"_s}).contains("foo 3.0"_s));
+    }
+
     /** The terminal sends SIGINT to the whole foreground group: no run of reprepro may be torn by it. */
     void stoppedByTheTerminal()
     {

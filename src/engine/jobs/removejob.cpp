@@ -7,18 +7,32 @@
 #include "engine/changes/jobsession.h"
 #include "engine/changes/packageremoval.h"
 #include "engine/recovery/sessionend.h"
+#include "engine/reprepro/repreprocommands.h"
+#include "engine/reprepro/reprolisting.h"
+
+#include <QHash>
+
+#include <algorithm>
 
 namespace
 {
 /** A stop waits for the end of a run, which takes less than a second for so many. */
 constexpr int PackagesInARun = 2000;
+
+/** Where reprepro knows no more than one package of a type. */
+QString placeOf(const QString &component, const QString &architecture, const QString &name, PackageType type)
+{
+    return QStringLiteral("%1 %2 %3 %4")
+        .arg(QString::number(static_cast<int>(type)), component, architecture, name);
+}
 } // namespace
 
-int RemoveJob::run(const QList<PackageInfoPtr> &packages)
+int RemoveJob::run(const QList<PackageInfoPtr> &wanted)
 {
-    JobFrame frame(m_context, packages.size() == 1 ? tr("Removing package") : tr("Removing packages"));
+    JobFrame frame(m_context, wanted.size() == 1 ? tr("Removing package") : tr("Removing packages"));
     if (!JobPreconditions::mayChange(m_context))
         return frame.finish(ERROR, tr("%n packages removed: %1", nullptr, 0).arg(QString()));
+    const QList<PackageInfoPtr> packages = withoutReplaced(wanted);
     ExportSession session = JobSession::begin(m_context, JobSession::RoomMaking);
     PackageRemoval removal(m_context, &session);
     if (packages.size() > PackagesInARun)
@@ -65,4 +79,45 @@ int RemoveJob::run(const QList<PackageInfoPtr> &packages)
     return frame.finish(
         SUCCESS,
         tr("%n packages removed: %1", nullptr, removed.size()).arg(removed.join(QLatin1String(", "))));
+}
+
+QList<PackageInfoPtr> RemoveJob::withoutReplaced(const QList<PackageInfoPtr> &packages)
+{
+    // reprepro removes by name, and another job may have brought another version since the packages were read. Where
+    // that job still runs, or the database cannot be read, the session tells of it and removes nothing.
+    if (packages.isEmpty() || !m_context.lock.take(m_context.path()))
+        return packages;
+    constexpr int MostNamed = 20;
+    const QString codename = m_context.repository.info().codename;
+    const QString component = packages.first()->indexComponent;
+    QStringList names;
+    for (const PackageInfoPtr &package : packages.mid(0, MostNamed))
+        names.append(package->name);
+    const bool areNamed
+        = packages.size() <= MostNamed
+          && std::all_of(packages.cbegin(), packages.cend(), [&component](const PackageInfoPtr &package) {
+                 return package->indexComponent == component;
+             });
+    const ProcessResult listed
+        = m_context.reprepro.run(areNamed ? ReproCommand::listPackages(codename, names, component)
+                                          : ReproCommand::listAllFiles(codename));
+    if (!listed.succeeded())
+        return packages;
+    QHash<QString, QString> files;
+    const auto present = ReproListing::packages(listed.output);
+    for (const ReproListing::Package &package : present)
+        files.insert(placeOf(package.component, package.architecture, package.name, package.type()),
+                     m_context.path() + QLatin1Char('/') + package.file);
+    QList<PackageInfoPtr> same;
+    for (const PackageInfoPtr &package : packages) {
+        const QString file = files.value(
+            placeOf(package->indexComponent, package->architecture, package->name, package->type));
+        if (file.isEmpty() || file == package->filePath())
+            same.append(package);
+        else
+            m_context.errors.critical(tr("%1 was not removed: the repository holds another version by now.")
+                                          .arg(displayFileName(*package)),
+                                      file);
+    }
+    return same;
 }

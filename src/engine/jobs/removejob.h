@@ -22,4 +22,6 @@ public:
 
 private:
     JobContext &m_context;
+
+    QList<PackageInfoPtr> withoutReplaced(const QList<PackageInfoPtr> &packages);
 };
