@@ -135,7 +135,9 @@ AddOptions RepositorySession::addOptions()
 bool RepositorySession::open()
 {
     m_isOpening = true;
-    m_isOpen = run([this] { m_shell.openRepo(m_invocation.repository()); }) == RepoEnums::SUCCESS;
+    // The listing of a repository in the middle of a job is none to work with.
+    m_isOpen
+        = run([this] { m_shell.openRepo(m_invocation.repository()); }) == RepoEnums::SUCCESS && !m_isLocked;
     m_isOpening = false;
     return m_isOpen;
 }
@@ -173,7 +175,7 @@ int RepositorySession::run(const std::function<void()> &start)
         if (!m_isLocked && (!m_isOpen || m_result == RepoEnums::SUCCESS))
             m_result = runOnce(start);
     }
-    if (m_isLocked && m_invocation.has("wait"))
+    if (m_isLocked && m_invocation.has("wait") && !StopSignal::isRaised())
         m_console.error(QStringLiteral("locked"),
                         QCoreApplication::translate("cli", "Another job still works on the repository %1.")
                             .arg(m_invocation.repository()));
@@ -287,11 +289,11 @@ ExitCode RepositorySession::exitCode() const
 
 ExitCode RepositorySession::exitCode(bool isAnyChanged) const
 {
+    // A job also ends with CANCEL after a question whose answer was no.
+    if (StopSignal::isRaised() && (m_isLocked || m_result != RepoEnums::SUCCESS))
+        return ExitCode::Stopped;
     if (m_isLocked)
         return ExitCode::Locked;
-    // A job also ends with CANCEL after a question whose answer was no.
-    if (m_result != RepoEnums::SUCCESS && StopSignal::isRaised())
-        return ExitCode::Stopped;
     if (m_result == RepoEnums::SUCCESS && m_findings == 0)
         return ExitCode::Done;
     return isAnyChanged ? ExitCode::Findings : ExitCode::Failed;

@@ -117,6 +117,12 @@ private Q_SLOTS:
         const CliResult refused = h.json("add", {file});
         QVERIFY2(refused.code == 4 && refused.errorCodes() == "locked"_s, refused.said());
         QCOMPARE(h.json("list", {}).code, 0);
+        // In the middle of a job the indices are no basis for anything.
+        writeFile(h.repo() + "/db/velt-admin-repo.export-owed"_s, {});
+        for (const char *command : {"remove", "check"}) {
+            const CliResult early = h.json(command, {"foo"_s});
+            QVERIFY2(early.code == 4 && early.errorCodes() == "locked"_s, early.said());
+        }
         clock.restart();
         const CliResult late = h.json("add", {"--wait"_s, "1"_s, file});
         QVERIFY(late.code == 4 && clock.elapsed() >= 1000 && late.errorCodes() == "locked"_s);

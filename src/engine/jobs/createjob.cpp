@@ -27,7 +27,9 @@ int CreateJob::run(const QString &path, const RepoInfo &info)
     JobLock lock;
     if (!lock.take(repoPath)) {
         m_context.errors.critical(tr("Impossible to delete directory %1!").arg(repoPath),
-                                  RepoLock::busyText(repoPath));
+                                  RepoLock::busyText(repoPath),
+                                  CRITICAL,
+                                  REPOSITORY_BUSY);
         return ERROR;
     }
     AsideDirectory aside(repoPath);

@@ -35,7 +35,8 @@ bool JobRecovery::mayRun(const QString &repoPath)
     if (!isUnfinished(repoPath) && !DatabaseCopy::isUnfinished(repoPath))
         return false;
     if (!m_context.lock.take(repoPath)) {
-        m_context.errors.critical(RepoLock::busyText(repoPath), QString(), RepoEnums::WARNING);
+        m_context.errors.critical(
+            RepoLock::busyText(repoPath), QString(), RepoEnums::WARNING, RepoEnums::REPOSITORY_BUSY);
         return false;
     }
     const bool isOwn = RepositoryInspection::belongsToUser(repoPath);
