@@ -43,10 +43,9 @@ ExitCode Commands::exportPackages(const Invocation &invocation, Console &console
         return ExitCode::Failed;
     }
     if (QFileInfo(target).isFile()
-        && !console.ask(QString(),
-                        QCoreApplication::translate("cli", "%1 exists. Is it to be replaced?").arg(target),
-                        false,
-                        &StopSignal::isRaised)) {
+        && !console.ask(
+            {QString(), QCoreApplication::translate("cli", "%1 exists. Is it to be replaced?").arg(target)},
+            &StopSignal::isRaised)) {
         console.error(QStringLiteral("exists"),
                       QCoreApplication::translate("cli", "The archive was not written."),
                       {},

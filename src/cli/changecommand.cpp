@@ -93,10 +93,9 @@ bool agreesToLosses(const QList<PackageInfoPtr> &lost, Console &console)
     if (lost.size() > MostNamed)
         names.append(QString(QChar(0x2026)));
     return console.ask(
-        QString(),
-        QCoreApplication::translate("cli", "The change deletes %1 packages: %2. Is that right?")
-            .arg(QString::number(lost.size()), names.join(QLatin1String(", "))),
-        false,
+        {QString(),
+         QCoreApplication::translate("cli", "The change deletes %1 packages: %2. Is that right?")
+             .arg(QString::number(lost.size()), names.join(QLatin1String(", ")))},
         &StopSignal::isRaised);
 }
 } // namespace

@@ -50,6 +50,10 @@ const CommandOption WithoutPackages{
     "without-packages",
     nullptr,
     QT_TRANSLATE_NOOP("cli", "Delete the packages under a new code name, instead of carrying them over")};
+const CommandOption DeleteContents{
+    "delete-contents",
+    nullptr,
+    QT_TRANSLATE_NOOP("cli", "Delete what is in the folder; --yes does not do that")};
 const QVector<CommandOption> Description{
     {"codename", "NAME", QT_TRANSLATE_NOOP("cli", "The code name of the distribution")},
     {"architectures", "LIST", QT_TRANSLATE_NOOP("cli", "Architectures, separated by commas")},
@@ -84,7 +88,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          Operand::Repository,
          Operand::None,
          QT_TRANSLATE_NOOP("cli", "Make a repository in a new or empty folder"),
-         Description},
+         Description + QVector<CommandOption>{DeleteContents}},
         {"show",
          "REPO",
          1,
@@ -231,7 +235,14 @@ const QVector<CommandOption> &CommandTable::commonOptions()
         {"json",
          nullptr,
          QT_TRANSLATE_NOOP("cli", "Print the result as JSON, and errors as JSON on standard error")},
-        {"yes", nullptr, QT_TRANSLATE_NOOP("cli", "Answer every question with yes")},
+        {"yes",
+         nullptr,
+         QT_TRANSLATE_NOOP(
+             "cli",
+             "Answer questions with yes, but not to delete a folder, give up a package or trust programs")},
+        {"trust-settings",
+         nullptr,
+         QT_TRANSLATE_NOOP("cli", "Trust programs that the settings of the repository name")},
         {"quiet", nullptr, QT_TRANSLATE_NOOP("cli", "Print nothing but results and errors")},
         {"wait",
          "SECONDS",

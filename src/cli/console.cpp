@@ -99,27 +99,29 @@ void Console::endProgress()
     m_shown = -1;
 }
 
-bool Console::ask(const QString &title,
-                  const QString &text,
-                  bool safeAnswer,
-                  const std::function<bool()> &isStopped)
+bool Console::ask(const Question &question, const std::function<bool()> &isStopped)
 {
-    if (m_style.saysYes)
+    const QString option = QLatin1String(question.option);
+    if (isStopped())
+        return question.safeAnswer;
+    if (!option.isEmpty() && m_style.answered.contains(option))
         return true;
     if (m_style.isJson) {
-        error(QStringLiteral("question"), text);
-        return safeAnswer;
+        error(QStringLiteral("question"), question.text);
+        return question.safeAnswer;
     }
-    say(title.isEmpty() ? text : title + QLatin1Char('\n') + text);
+    say(question.title.isEmpty() ? question.text : question.title + QLatin1Char('\n') + question.text);
     if (!m_isTerminal) {
-        const QString answer
-            = safeAnswer
+        QString answer
+            = question.safeAnswer
                   ? QCoreApplication::translate("cli", "The answer is yes, since nobody is there to ask.")
-                  : QCoreApplication::translate("cli",
-                                                "The answer is no, since nobody is there to ask. "
-                                                "The option --yes answers with yes.");
+                  : QCoreApplication::translate("cli", "The answer is no, since nobody is there to ask.");
+        if (!question.safeAnswer && !option.isEmpty())
+            answer += QLatin1Char(' ')
+                      + QCoreApplication::translate("cli", "The option %1 answers with yes.")
+                            .arg(QLatin1String("--") + option);
         say(answer);
-        return safeAnswer;
+        return question.safeAnswer;
     }
     print(stderr, shown(QCoreApplication::translate("cli", "Yes or no? [y/N]")) + ' ');
     std::fflush(stderr);
@@ -131,13 +133,13 @@ bool Console::ask(const QString &title,
         QByteArray answer(64, '\0');
         const ssize_t length = ::read(STDIN_FILENO, answer.data(), static_cast<std::size_t>(answer.size()));
         if (length <= 0)
-            return safeAnswer;
+            return question.safeAnswer;
         const QString word
             = QString::fromLocal8Bit(answer.left(static_cast<int>(length))).trimmed().toLower();
         const QString yes = QCoreApplication::translate("cli", "yes", "answer to a question");
         return !word.isEmpty() && (yes.startsWith(word) || QLatin1String("yes").startsWith(word));
     }
-    return safeAnswer;
+    return question.safeAnswer;
 }
 
 void Console::say(const QString &text)

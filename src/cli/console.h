@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QJsonObject>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -18,7 +19,7 @@ public:
     {
         bool isJson = false;
         bool isQuiet = false; ///< neither progress nor remarks
-        bool saysYes = false; ///< to every question
+        QStringList answered; ///< the options that were given and answer questions with yes
     };
     explicit Console(const Style &style);
     ~Console();
@@ -47,12 +48,18 @@ public:
     /** The job has ended: its progress is not shown any more. */
     void endProgress();
 
+    struct Question
+    {
+        QString title; ///< can be empty
+        QString text;
+        bool safeAnswer = false;
+        const char *option = "yes"; ///< the option that answers with yes; null: only a person does
+    };
     /**
-     * Asks on the terminal, where --yes has not answered already. Without one, with --json, and when `isStopped` becomes
-     * true, the answer is `safeAnswer`.
+     * Asks on the terminal, where no option has answered already. Without one, with --json, and when `isStopped` is or
+     * becomes true, the answer is the safe one.
      */
-    bool
-    ask(const QString &title, const QString &text, bool safeAnswer, const std::function<bool()> &isStopped);
+    bool ask(const Question &question, const std::function<bool()> &isStopped);
 
 private:
     const Style m_style;

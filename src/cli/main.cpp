@@ -31,7 +31,7 @@ int main(int argc, char *argv[])
         return 0;
     }
     Console console(
-        {arguments.contains(QLatin1String("--json")), invocation.has("quiet"), invocation.has("yes")});
+        {arguments.contains(QLatin1String("--json")), invocation.has("quiet"), invocation.options.keys()});
     if (!invocation.error.isEmpty()) {
         console.error(QStringLiteral("usage"), invocation.error);
         console.remark(QCoreApplication::translate("cli", "velt-admin-repo-cli --help shows all commands."));

@@ -185,7 +185,7 @@ private:
     {
         const QString text
             = consent.details.isEmpty() ? consent.text : consent.text + QLatin1Char('\n') + consent.details;
-        return m_console.ask(consent.title, text, false, &StopSignal::isRaised);
+        return m_console.ask({consent.title, text}, &StopSignal::isRaised);
     }
 
     ExitCode askSystem(const PublicationRules &rules)

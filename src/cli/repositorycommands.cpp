@@ -43,10 +43,11 @@ ExitCode Commands::create(const Invocation &invocation, Console &console)
               && QDir(path).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot));
     if (!isEmpty
         && !console.ask(
-            QString(),
-            QCoreApplication::translate("cli", "%1 is not empty. Is everything in it to be deleted?")
-                .arg(path),
-            false,
+            {QString(),
+             QCoreApplication::translate("cli", "%1 is not empty. Is everything in it to be deleted?")
+                 .arg(path),
+             false,
+             "delete-contents"},
             &StopSignal::isRaised)) {
         console.error(QStringLiteral("exists"),
                       QCoreApplication::translate("cli", "No repository was made."),

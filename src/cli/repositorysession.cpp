@@ -21,6 +21,20 @@
 
 namespace
 {
+/** The option that answers a question of this kind with yes. */
+const char *optionFor(QuestionKind kind)
+{
+    switch (kind) {
+    case QuestionKind::GoOn:
+        return "yes";
+    case QuestionKind::TrustPrograms:
+        return "trust-settings";
+    case QuestionKind::GiveUp:
+        break;
+    }
+    return nullptr;
+}
+
 std::optional<PackageReplacementRules::Rule> ruleOf(const QString &word)
 {
     using Rules = PackageReplacementRules;
@@ -87,8 +101,10 @@ void RepositorySession::connectShell()
         &RepoShell::question,
         this,
         [this](const QString &title, const QString &text) {
-            m_shell.setAnswer(
-                isWithoutDescription() ? false : m_console.ask(title, text, false, &StopSignal::isRaised));
+            const QuestionTraits traits = m_shell.questionTraits();
+            m_shell.setAnswer(!isWithoutDescription()
+                              && m_console.ask({title, text, traits.safeAnswer, optionFor(traits.kind)},
+                                               &StopSignal::isRaised));
         },
         Qt::BlockingQueuedConnection);
     connect(

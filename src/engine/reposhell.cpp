@@ -179,6 +179,11 @@ CollidingFile RepoShell::collidingFile() const
     return m_context->control.collidingFile();
 }
 
+QuestionTraits RepoShell::questionTraits() const
+{
+    return m_context->control.questionTraits();
+}
+
 void RepoShell::setAnswer(bool answer)
 {
     m_context->control.setAnswer(answer);

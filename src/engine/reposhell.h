@@ -9,6 +9,7 @@
 #include "engine/changes/addoptions.h"
 #include "engine/control/collidingfile.h"
 #include "engine/control/jobsignals.h"
+#include "engine/control/question.h"
 #include "engine/upgrade/upgraderules.h"
 #include "server/reposerver.h"
 
@@ -161,6 +162,8 @@ public:
     int progress() const;
     /** The file that collides with the package of requestForReplacementHandlingByUser(), while that waits. */
     CollidingFile collidingFile() const;
+    /** The safe answer and the kind of the pending question(). */
+    QuestionTraits questionTraits() const;
     /** Stores the answer to the pending question(); call it from the slot that question() is connected to. */
     void setAnswer(bool answer);
     /** Asks the running job to stop after the item it is at. */

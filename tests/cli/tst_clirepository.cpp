@@ -74,13 +74,33 @@ private Q_SLOTS:
         const CliResult refused = h.run(whole + "--json"_list);
         QVERIFY(refused.code == 3 && refused.errorCodes() == "question exists"_s);
         QCOMPARE(readFile(other + "/letter"_s), QByteArray("dear"));
-        QCOMPARE(h.run(whole + "--yes"_list).code, 0);
+        QCOMPARE(h.run(whole + "--yes"_list).code, 3);
+        QCOMPARE(readFile(other + "/letter"_s), QByteArray("dear"));
+        QCOMPARE(h.run(whole + "--delete-contents"_list).code, 0);
         QVERIFY(!QFileInfo::exists(other + "/letter"_s));
         for (const char *command : {"show", "list", "check", "add"}) {
             const CliResult none = h.run({QLatin1String(command), "--json"_s, h.at("none"_s), "x.deb"_s});
             QVERIFY2(none.code == (QByteArray(command) == "show" ? 2 : 3), none.said());
             QVERIFY(!none.errorCodes().isEmpty() && !none.errorCodes().contains("no JSON"_s));
         }
+    }
+
+    /** A script that says yes to everything runs nobody's programs. */
+    void programsOfTheRepository()
+    {
+        CliHarness h;
+        h.create();
+        const QString conf = h.repo() + "/conf/distributions"_s;
+        writeFile(conf, readFile(conf).trimmed() + "\nLog: log\n ./run.sh\n");
+        writeFile(h.repo() + "/conf/run.sh"_s, "#!/bin/sh\ntouch '" + h.at("ran"_s).toUtf8() + "'\n");
+        QFile::setPermissions(h.repo() + "/conf/run.sh"_s,
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        const QString file = h.deb("foo");
+        const CliResult refused = h.json("add", {"--yes"_s, file});
+        QVERIFY2(refused.code == 3 && refused.errorCodes().startsWith("question"_s), refused.said());
+        QVERIFY(!QFileInfo::exists(h.at("ran"_s)));
+        const CliResult trusted = h.json("add", {"--trust-settings"_s, file});
+        QVERIFY2(trusted.code == 0 && QFileInfo::exists(h.at("ran"_s)), trusted.said());
     }
 
     void changed()

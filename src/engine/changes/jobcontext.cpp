@@ -6,6 +6,8 @@ JobContext::JobContext(JobSignals &engineSignals)
     , control(engineSignals)
     , errors(engineSignals, control)
     , progress(engineSignals)
-    , gate([this](const QString &title, const QString &text) { return control.ask(title, text, false); })
+    , gate([this](const QString &title, const QString &text) {
+        return control.ask(title, text, false, QuestionKind::TrustPrograms);
+    })
     , reprepro(repository, gate, control, errors)
 { }

@@ -64,15 +64,25 @@ bool JobControl::canAsk() const
     return !m_closing && QThread::currentThread() != m_signals.thread();
 }
 
-bool JobControl::ask(const QString &title, const QString &text, bool safeAnswer)
+bool JobControl::ask(const QString &title, const QString &text, bool safeAnswer, QuestionKind kind)
 {
     if (!canAsk())
         return safeAnswer;
     // When the receiver goes away while we wait, the emission returns without an answer.
     m_answer = safeAnswer;
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_traits = {safeAnswer, kind};
+    }
     const LentThread lent;
     Q_EMIT m_signals.question(title, text);
     return m_answer;
+}
+
+QuestionTraits JobControl::questionTraits() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_traits;
 }
 
 void JobControl::askForReplacement(const CollidingFile &file,

@@ -5,6 +5,7 @@
 #include "core/packagereplacementrules.h"
 #include "core/repoenums.h"
 #include "engine/control/collidingfile.h"
+#include "engine/control/question.h"
 
 #include <QMutex>
 #include <QString>
@@ -51,7 +52,10 @@ public:
     // --- questions -------------------------------------------------------------------------------------------------
 
     /** Asks and waits for the answer; `safeAnswer` when nobody can be asked or nobody answers. */
-    bool ask(const QString &title, const QString &text, bool safeAnswer);
+    bool
+    ask(const QString &title, const QString &text, bool safeAnswer, QuestionKind kind = QuestionKind::GoOn);
+    /** Those of the pending question; any thread. */
+    QuestionTraits questionTraits() const;
     void setAnswer(bool answer) { m_answer = answer; } ///< any thread
     /** Asks what becomes of the collision of `file` with `package`. Without an answer the rules stay as they are. */
     void askForReplacement(const CollidingFile &file,
@@ -70,8 +74,9 @@ private:
     std::atomic<bool> m_lockedOut{false};
     std::mutex m_waiting;
     std::condition_variable m_stopWish; ///< with m_waiting: m_canceled has become true
-    mutable QMutex m_mutex; ///< guards m_collidingFile
+    mutable QMutex m_mutex; ///< guards m_collidingFile and m_traits
     CollidingFile m_collidingFile;
+    QuestionTraits m_traits;
 
     bool canAsk() const;
 };

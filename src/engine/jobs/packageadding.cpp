@@ -280,8 +280,10 @@ QString PackageAdding::keptText(ErrorCode collision, const QString &file, const 
 
 void PackageAdding::askToKeepUnsigned(const AddedFile &file, const PackageInfo &record)
 {
-    const bool remove = m_context.control.ask(
-        tr("Package is unsigned"), tr("Package is added, but unsigned. Do you want to remove it?"), false);
+    const bool remove = m_context.control.ask(tr("Package is unsigned"),
+                                              tr("Package is added, but unsigned. Do you want to remove it?"),
+                                              false,
+                                              QuestionKind::GiveUp);
     if (remove
         && PackageRemoval(m_context, &m_session).remove(m_context.packages.find(PackageKey::of(record))))
         Q_EMIT m_context.listener.noted(

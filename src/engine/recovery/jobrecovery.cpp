@@ -105,7 +105,8 @@ bool JobRecovery::mayGiveUpLostCopy()
     // As long as the name of the copy stands there, a user who has the copy can bring the repository in order.
     if (m_context.control.ask(tr("Opening repository"),
                               loss + QLatin1Char(' ') + tr("Do you want to give the copy up?"),
-                              false))
+                              false,
+                              QuestionKind::GiveUp))
         return true;
     tellOfOldIndices(loss);
     return false;
