@@ -37,7 +37,7 @@ ExitCode Commands::exportPackages(const Invocation &invocation, Console &console
     RepositorySession session(invocation, console);
     if (!session.open())
         return session.exitCode();
-    const PackageSelection selection(names, invocation);
+    const PackageSelection selection(names, PackageSelection::Patterns, invocation);
     if (!names.isEmpty() && selection.of(session.shell().packages()).isEmpty()) {
         selection.tellUnmatched(session.shell().packages(), console);
         return ExitCode::Failed;

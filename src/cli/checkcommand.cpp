@@ -40,7 +40,7 @@ ExitCode Commands::check(const Invocation &invocation, Console &console)
     RepoShell &shell = session.shell();
     shell.setDependsRepoType(selectionOf(invocation.value("against")));
     const auto selected
-        = session.runFor(PackageSelection(invocation.others(), invocation),
+        = session.runFor(PackageSelection(invocation.others(), PackageSelection::Patterns, invocation),
                          [&](const QList<PackageInfoPtr> &packages) { shell.checkDepends(packages); });
     if (selected.packages.isEmpty() && !selected.unmatched.isEmpty())
         return ExitCode::Failed;

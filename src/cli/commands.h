@@ -26,7 +26,4 @@ ExitCode publish(const Invocation &invocation, Console &console);
 ExitCode unpublish(const Invocation &invocation, Console &console);
 ExitCode published(const Invocation &invocation, Console &console);
 ExitCode sourceLine(const Invocation &invocation, Console &console);
-
-/** Runs the command of the invocation. */
-ExitCode run(const Invocation &invocation, Console &console);
 } // namespace Commands

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commandtable.h"
 
+#include "cli/commands.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -42,7 +44,7 @@ const CommandOption From{
 const CommandOption ListOnly{"list", nullptr, QT_TRANSLATE_NOOP("cli", "Only list the newer versions")};
 const CommandOption Packages{
     "packages",
-    "NAME",
+    "GLOB",
     QT_TRANSLATE_NOOP("cli", "Only these packages, separated by commas; can be repeated")};
 const CommandOption Key{
     "key", "KEY", QT_TRANSLATE_NOOP("cli", "The key to sign with, instead of that in the settings")};
@@ -82,6 +84,7 @@ const QVector<CommandDescription> &CommandTable::commands()
 {
     static const QVector<CommandDescription> all{
         {"create",
+         Commands::create,
          "PATH",
          1,
          1,
@@ -90,6 +93,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "Make a repository in a new or empty folder"),
          Description + QVector<CommandOption>{DeleteContents}},
         {"show",
+         Commands::show,
          "REPO",
          1,
          1,
@@ -98,6 +102,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "Show the description of a repository, and how much it holds"),
          {}},
         {"list",
+         Commands::list,
          "REPO [GLOB...]",
          1,
          Any,
@@ -106,6 +111,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "List the packages, or those whose names match one of the patterns"),
          {{"arch", "NAME", Architecture}, {"component", "NAME", Component}}},
         {"add",
+         Commands::add,
          "REPO FILE|FOLDER...",
          2,
          Any,
@@ -115,6 +121,7 @@ const QVector<CommandDescription> &CommandTable::commands()
              "cli", "Add package files, and those below folders; - reads their names from standard input"),
          {Into, OnCollision, SignPackages}},
         {"remove",
+         Commands::remove,
          "REPO NAME[=VERSION]...",
          2,
          Any,
@@ -123,6 +130,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "Remove packages"),
          {{"arch", "NAME", Architecture}, {"component", "NAME", Component}}},
         {"fetch",
+         Commands::fetch,
          "REPO NAME[=VERSION]...",
          2,
          Any,
@@ -131,7 +139,8 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "Fetch packages from apt's sources, and add them"),
          {WithDepends, Into, OnCollision, SignPackages}},
         {"check",
-         "REPO [NAME...]",
+         Commands::check,
+         "REPO [GLOB...]",
          1,
          Any,
          Operand::Repository,
@@ -139,6 +148,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "Check whether the dependencies of the packages can be met"),
          {Against, {"arch", "NAME", Architecture}, {"component", "NAME", Component}}},
         {"upgrade",
+         Commands::upgrade,
          "REPO",
          1,
          1,
@@ -147,6 +157,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "Replace packages with newer versions from apt's sources"),
          {From, ListOnly, SignPackages}},
         {"export",
+         Commands::exportPackages,
          "REPO FILE",
          2,
          2,
@@ -155,6 +166,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "Write the repository, or some of its packages, to a .tgz archive"),
          {Packages, WithDepends}},
         {"import",
+         Commands::import,
          "REPO FILE|FOLDER",
          2,
          2,
@@ -163,6 +175,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "Add the packages in an archive, or those below a folder"),
          {Into, OnCollision, SignPackages}},
         {"sign",
+         Commands::sign,
          "REPO NAME[=VERSION]...",
          2,
          Any,
@@ -171,6 +184,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "Sign packages"),
          {Key, {"arch", "NAME", Architecture}, {"component", "NAME", Component}}},
         {"keys",
+         Commands::keys,
          "",
          0,
          0,
@@ -179,6 +193,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "List the keys that can sign, and those that no longer can"),
          {}},
         {"change",
+         Commands::change,
          "REPO FIELD=VALUE...",
          2,
          Any,
@@ -189,6 +204,7 @@ const QVector<CommandDescription> &CommandTable::commands()
                            "components, origin, label, sign=yes|no, or path, which moves it"),
          {WithoutPackages}},
         {"publish",
+         Commands::publish,
          "REPO",
          1,
          1,
@@ -200,6 +216,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          {{"http", "PORT", QT_TRANSLATE_NOOP("cli", "Over HTTP on this port")},
           {"ftp", "PORT", QT_TRANSLATE_NOOP("cli", "Over FTP on this port")}}},
         {"unpublish",
+         Commands::unpublish,
          "REPO|PORT",
          1,
          1,
@@ -208,6 +225,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "End the publications of a repository, or those on a port"),
          {}},
         {"published",
+         Commands::published,
          "",
          0,
          0,
@@ -216,6 +234,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          QT_TRANSLATE_NOOP("cli", "List what this machine publishes"),
          {}},
         {"source-line",
+         Commands::sourceLine,
          "REPO",
          1,
          1,

@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "cli/exitcode.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVector>
+
+class Console;
+struct Invocation;
 
 /** An option of a command. */
 struct CommandOption
@@ -21,6 +26,7 @@ enum class Operand { None, Repository, File, PackageName, Port };
 struct CommandDescription
 {
     const char *name;
+    ExitCode (*run)(const Invocation &invocation, Console &console);
     const char *operands; ///< as the usage shows them
     int fewest; ///< operands
     int most; ///< operands; -1: any number

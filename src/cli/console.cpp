@@ -5,7 +5,9 @@
 #include <QJsonDocument>
 #include <QTextStream>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include <poll.h>
 #include <unistd.h>
@@ -61,6 +63,18 @@ void Console::object(const QJsonObject &result)
 void Console::write(const QByteArray &bytes)
 {
     print(stdout, bytes);
+}
+
+bool Console::flush()
+{
+    const bool isFlushed = std::fflush(stdout) == 0;
+    const int reason = errno;
+    if (isFlushed && std::ferror(stdout) == 0)
+        return true;
+    error(QStringLiteral("output"),
+          QCoreApplication::translate("cli", "The result could not be written."),
+          isFlushed ? QString() : QString::fromLocal8Bit(std::strerror(reason)));
+    return false;
 }
 
 void Console::remark(const QString &text)

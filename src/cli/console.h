@@ -35,6 +35,9 @@ public:
     /** Output that is made piece by piece, for both. */
     void write(const QByteArray &bytes);
 
+    /** Whether all output has been written so far; if not, that is told. */
+    bool flush();
+
     /** Something to know that is no error. */
     void remark(const QString &text);
     /**

@@ -7,7 +7,7 @@ enum class ExitCode {
     Findings
     = 1, ///< done, with findings: a check that found something, or files that were refused while others went in
     Usage = 2, ///< the arguments are wrong
-    Failed = 3, ///< nothing was changed
+    Failed = 3, ///< nothing was changed, as far as the program knows
     Locked = 4, ///< another job works on the repository
     Stopped = 5 ///< by the user; what was done before stays
 };

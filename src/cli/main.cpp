@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/commands.h"
 #include "cli/console.h"
 #include "cli/invocation.h"
 #include "cli/usage.h"
@@ -8,6 +7,21 @@
 
 #include <QCoreApplication>
 #include <QTextStream>
+
+#include <algorithm>
+
+namespace
+{
+/** Whether errors are told as JSON. */
+bool wantsJson(const Invocation &invocation, const QStringList &arguments)
+{
+    if (invocation.error.isEmpty())
+        return invocation.has("json");
+    // Words that could not be parsed; after these dashes there are no options.
+    const QStringList words = arguments.mid(0, arguments.indexOf(QStringLiteral("--")));
+    return words.contains(QLatin1String("--json"));
+}
+} // namespace
 
 int main(int argc, char *argv[])
 {
@@ -30,14 +44,13 @@ int main(int argc, char *argv[])
                                                               : Usage::ofCommand(*invocation.command));
         return 0;
     }
-    Console console(
-        {arguments.contains(QLatin1String("--json")), invocation.has("quiet"), invocation.options.keys()});
+    Console console({wantsJson(invocation, arguments), invocation.has("quiet"), invocation.options.keys()});
     if (!invocation.error.isEmpty()) {
         console.error(QStringLiteral("usage"), invocation.error);
         console.remark(QCoreApplication::translate("cli", "velt-admin-repo-cli --help shows all commands."));
         return static_cast<int>(ExitCode::Usage);
     }
-    const ExitCode code = Commands::run(invocation, console);
+    const ExitCode code = invocation.command->run(invocation, console);
     StoredResults::waitForAll();
-    return static_cast<int>(code);
+    return static_cast<int>(console.flush() ? code : std::max(code, ExitCode::Failed));
 }

@@ -34,13 +34,10 @@ QStringList namesFromInput()
 }
 
 /** The package files that are meant: folders stand for those below them. */
-QStringList packageFiles(const QStringList &operands, const QString &repository)
+QStringList packageFiles(const QStringList &words, const QString &repository)
 {
-    QStringList words;
-    for (const QString &operand : operands)
-        words += operand == QLatin1String("-") ? namesFromInput() : QStringList{operand};
     QStringList files;
-    for (const QString &word : qAsConst(words)) {
+    for (const QString &word : words) {
         const QString path = QDir::cleanPath(QDir::current().absoluteFilePath(word));
         if (QFileInfo(path).isDir())
             files += ArchiveContents::packagesBelow(path, repository, &StopSignal::isRaised);
@@ -57,7 +54,8 @@ ExitCode Commands::list(const Invocation &invocation, Console &console)
     const auto reading = RepositoryReading::of(invocation.repository(), console);
     if (!reading)
         return ExitCode::Failed;
-    const auto packages = PackageSelection(invocation.others(), invocation).of(reading->packages);
+    const auto packages
+        = PackageSelection(invocation.others(), PackageSelection::Patterns, invocation).of(reading->packages);
     if (console.isJson()) {
         console.write(PackageJson::text(packages));
         return ExitCode::Done;
@@ -71,13 +69,19 @@ ExitCode Commands::list(const Invocation &invocation, Console &console)
 
 ExitCode Commands::add(const Invocation &invocation, Console &console)
 {
-    const QStringList files = packageFiles(invocation.others(), invocation.repository());
+    QStringList words;
+    for (const QString &operand : invocation.others())
+        words += operand == QLatin1String("-") ? namesFromInput() : QStringList{operand};
+    // From now on a stop ends the command in order; before, nothing would see it while the input is awaited.
+    RepositorySession session(invocation, console);
+    const QStringList files = packageFiles(words, invocation.repository());
+    if (StopSignal::isRaised())
+        return ExitCode::Stopped;
     if (files.isEmpty()) {
         console.error(QStringLiteral("nothing"),
                       QCoreApplication::translate("cli", "There are no package files."));
         return ExitCode::Failed;
     }
-    RepositorySession session(invocation, console);
     if (!session.open())
         return session.exitCode();
     session.run([&] { session.shell().addPackages(files, session.addOptions()); });
@@ -91,7 +95,7 @@ ExitCode Commands::remove(const Invocation &invocation, Console &console)
     if (!session.open())
         return session.exitCode();
     const auto selected = session.runFor(
-        PackageSelection(invocation.others(), invocation),
+        PackageSelection(invocation.others(), PackageSelection::Names, invocation),
         [&](const QList<PackageInfoPtr> &packages) { session.shell().removePackages(packages); });
     if (selected.packages.isEmpty())
         return ExitCode::Failed;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/packagejson.h"
 
+#include <QCryptographicHash>
+#include <QFile>
 #include <QJsonObject>
 
 #include <rapidjson/stringbuffer.h>
@@ -8,6 +10,17 @@
 
 namespace
 {
+/** The record of a package that was added just now comes from its file, which has no sum of itself. */
+QString sha256Of(const PackageInfo &package)
+{
+    const QString listed = package.control.field("SHA256");
+    QFile file(package.filePath());
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    if (!listed.isEmpty() || !file.open(QIODevice::ReadOnly) || !hash.addData(&file))
+        return listed;
+    return QString::fromLatin1(hash.result().toHex());
+}
+
 /** Calls `take` with the name and the value of each member. */
 template <typename Take>
 void eachMember(const PackageInfo &package, const Take &take)
@@ -19,7 +32,7 @@ void eachMember(const PackageInfo &package, const Take &take)
     take("section", package.section);
     take("filename",
          package.root.isEmpty() ? package.fileName() : package.filePath().mid(package.root.size() + 1));
-    take("sha256", package.control.field("SHA256"));
+    take("sha256", sha256Of(package));
 }
 } // namespace
 

@@ -3,9 +3,11 @@
 
 #include "cli/console.h"
 #include "cli/invocation.h"
+#include "engine/changes/exportsession.h"
 #include "engine/repository/distributionsfile.h"
 #include "engine/repository/packagelisting.h"
 #include "engine/repository/repositoryaccess.h"
+#include "engine/reprepro/configfolder.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -33,11 +35,24 @@ std::optional<RepositoryReading> RepositoryReading::of(const QString &path, Cons
     auto packages = readListing(path, *info);
     if (!packages)
         return fail(QCoreApplication::translate("cli", "Its indices are missing."));
+    tellOfOldIndices(path, console);
     return RepositoryReading{path, *info, std::move(*packages)};
 }
 
-PackageSelection::PackageSelection(const QStringList &words, const Invocation &invocation)
+void RepositoryReading::tellOfOldIndices(const QString &path, Console &console)
+{
+    if (ExportSession::isExportOwed(path) || ConfigFolder(path + QLatin1String("/conf")).exportsNever())
+        console.error(QStringLiteral("outdated"),
+                      QCoreApplication::translate("cli",
+                                                  "The indices of the repository may be older than its "
+                                                  "database, so they may not name all that it holds."),
+                      {},
+                      path);
+}
+
+PackageSelection::PackageSelection(const QStringList &words, Words kind, const Invocation &invocation)
     : m_words(words)
+    , m_kind(kind)
     , m_architecture(invocation.value("arch"))
     , m_component(invocation.value("component"))
 { }
@@ -82,7 +97,7 @@ bool PackageSelection::isInPlace(const PackageInfo &package) const
            && (m_component.isEmpty() || package.indexComponent == m_component);
 }
 
-bool PackageSelection::matches(const QString &word, const PackageInfo &package)
+bool PackageSelection::matches(const QString &word, const PackageInfo &package) const
 {
     // Neither a name nor a pattern for names has this character.
     const int equals = word.indexOf(QLatin1Char('='));
@@ -90,6 +105,8 @@ bool PackageSelection::matches(const QString &word, const PackageInfo &package)
         return false;
     const QString name = word.left(equals);
     return name == package.name
-           || ::fnmatch(QFile::encodeName(name).constData(), QFile::encodeName(package.name).constData(), 0)
-                  == 0;
+           || (m_kind == Patterns
+               && ::fnmatch(
+                      QFile::encodeName(name).constData(), QFile::encodeName(package.name).constData(), 0)
+                      == 0);
 }

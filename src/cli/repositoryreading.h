@@ -21,13 +21,19 @@ struct RepositoryReading
 
     /** Nothing when it cannot be read, which has been told. */
     static std::optional<RepositoryReading> of(const QString &path, Console &console);
+    /** Says so when what is listed may not be what the database holds. */
+    static void tellOfOldIndices(const QString &path, Console &console);
 };
 
-/** The packages with these names, patterns as in a shell or NAME=VERSION, and the options --arch and --component. */
+/** The packages with these names or NAME=VERSION, and the options --arch and --component. */
 class PackageSelection
 {
 public:
-    PackageSelection(const QStringList &words, const Invocation &invocation);
+    enum Words {
+        Names, ///< for commands that change packages
+        Patterns ///< as in a shell
+    };
+    PackageSelection(const QStringList &words, Words kind, const Invocation &invocation);
 
     /** Without words every package matches. */
     QList<PackageInfoPtr> of(const QList<PackageInfoPtr> &packages) const;
@@ -38,9 +44,10 @@ public:
 
 private:
     QStringList m_words;
+    Words m_kind;
     QString m_architecture;
     QString m_component;
 
     bool isInPlace(const PackageInfo &package) const;
-    static bool matches(const QString &word, const PackageInfo &package);
+    bool matches(const QString &word, const PackageInfo &package) const;
 };

@@ -155,6 +155,8 @@ bool RepositorySession::open()
     m_isOpen
         = run([this] { m_shell.openRepo(m_invocation.repository()); }) == RepoEnums::SUCCESS && !m_isLocked;
     m_isOpening = false;
+    if (m_isOpen)
+        RepositoryReading::tellOfOldIndices(m_invocation.repository(), m_console);
     return m_isOpen;
 }
 
@@ -188,7 +190,7 @@ int RepositorySession::run(const std::function<void()> &start)
         // What the other job has changed must not be taken for what was there before.
         if (m_isOpen)
             openOnce();
-        if (!m_isLocked && (!m_isOpen || m_result == RepoEnums::SUCCESS))
+        if (!m_isOpen || (!m_isLocked && m_result == RepoEnums::SUCCESS))
             m_result = runOnce(start);
     }
     if (m_isLocked && m_invocation.has("wait") && !StopSignal::isRaised())

@@ -75,7 +75,7 @@ ExitCode Commands::sign(const Invocation &invocation, Console &console)
     if (!session.open())
         return session.exitCode();
     const QString keyId = keyToUse(invocation);
-    const PackageSelection selection(invocation.others(), invocation);
+    const PackageSelection selection(invocation.others(), PackageSelection::Names, invocation);
     const bool isAnyMeant = !selection.of(session.shell().packages()).isEmpty();
     if (isAnyMeant && !isUsable(keyId, console))
         return ExitCode::Failed;

@@ -85,6 +85,25 @@ private Q_SLOTS:
         }
     }
 
+    void output()
+    {
+        CliHarness h;
+        h.create();
+        QCOMPARE(h.run({"add"_s, h.repo(), h.deb("foo")}).code, 0);
+        for (const QString &option : "--json|--quiet"_list) {
+            QProcess process;
+            process.setStandardOutputFile("/dev/full"_s);
+            h.start(&process, {"list"_s, option, h.repo()});
+            const CliResult full = CliHarness::resultOf(&process);
+            QVERIFY2(full.code == 3 && !full.errors.isEmpty(), full.said());
+        }
+        // An operand is no option, and an option counts although another one is wrong.
+        const CliResult named = h.run({"add"_s, h.repo(), "--"_s, "--json"_s, "x.deb"_s});
+        QVERIFY2(named.code == 3 && !named.errors.startsWith('{'), named.said());
+        QCOMPARE(h.run({"list"_s, h.repo(), "--none"_s, "--json"_s}).errorCodes(), "usage"_s);
+        QVERIFY(!h.run({"list"_s, h.repo(), "--none"_s, "--"_s, "--json"_s}).errors.startsWith('{'));
+    }
+
     /** A script that says yes to everything runs nobody's programs. */
     void programsOfTheRepository()
     {

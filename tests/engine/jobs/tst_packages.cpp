@@ -62,7 +62,9 @@ private Q_SLOTS:
         both += twins.deb(DebBuilder("d"_s));
         twins.add(both);
         const QString begun = twins.at("begun");
-        const StandIn slow(twins.at("bin"), "reprepro", "touch " + begun.toLocal8Bit() + "; sleep 0.5");
+        const StandIn slow(twins.at("bin"),
+                           "reprepro",
+                           "case \"$*\" in *remove*) touch " + begun.toLocal8Bit() + ";; esac; sleep 0.5");
         QTimer watch;
         connect(&watch, &QTimer::timeout, &twins.shell, [&] {
             if (QFile::exists(begun))
