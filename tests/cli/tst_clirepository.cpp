@@ -110,10 +110,9 @@ private Q_SLOTS:
         CliHarness h;
         h.create();
         const QString conf = h.repo() + "/conf/distributions"_s;
-        writeFile(conf, readFile(conf).trimmed() + "\nLog: log\n ./run.sh\n");
-        writeFile(h.repo() + "/conf/run.sh"_s, "#!/bin/sh\ntouch '" + h.at("ran"_s).toUtf8() + "'\n");
-        QFile::setPermissions(h.repo() + "/conf/run.sh"_s,
-                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        writeFile(conf, readFile(conf).trimmed() + "\nLog: log\n " + h.at("run.sh"_s).toUtf8() + "\n");
+        writeFile(h.at("run.sh"_s), "#!/bin/sh\ntouch '" + h.at("ran"_s).toUtf8() + "'\n");
+        QFile::setPermissions(h.at("run.sh"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         const QString file = h.deb("foo");
         const CliResult refused = h.json("add", {"--yes"_s, file});
         QVERIFY2(refused.code == 3 && refused.errorCodes().startsWith("question"_s), refused.said());
