@@ -2792,6 +2792,10 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         <source>The link %1 leads out of the repository by a relative path, and would lead elsewhere from the new place. Make it absolute first.</source>
         <translation>Die Verknüpfung %1 führt über einen relativen Pfad aus dem Repository hinaus und würde vom neuen Ort aus woandershin führen. Machen Sie sie zuerst absolut.</translation>
     </message>
+    <message>
+        <source>%1 was not removed: the repository holds another version by now.</source>
+        <translation>%1 wurde nicht entfernt: Das Repository enthält inzwischen eine andere Version.</translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>
@@ -4078,10 +4082,6 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         <translation>Das Ergebnis als JSON ausgeben, Fehler als JSON auf der Standardfehlerausgabe</translation>
     </message>
     <message>
-        <source>Answer every question with yes</source>
-        <translation>Jede Frage mit Ja beantworten</translation>
-    </message>
-    <message>
         <source>Print nothing but results and errors</source>
         <translation>Nur Ergebnisse und Fehler ausgeben</translation>
     </message>
@@ -4092,10 +4092,6 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>The answer is yes, since nobody is there to ask.</source>
         <translation>Die Antwort ist Ja, da niemand gefragt werden kann.</translation>
-    </message>
-    <message>
-        <source>The answer is no, since nobody is there to ask. The option --yes answers with yes.</source>
-        <translation>Die Antwort ist Nein, da niemand gefragt werden kann. Die Option --yes antwortet mit Ja.</translation>
     </message>
     <message>
         <source>Yes or no? [y/N]</source>
@@ -4373,6 +4369,34 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>Options:</source>
         <translation>Optionen:</translation>
+    </message>
+    <message>
+        <source>Delete what is in the folder; --yes does not do that</source>
+        <translation>Löschen, was in dem Ordner ist; --yes tut das nicht</translation>
+    </message>
+    <message>
+        <source>Answer questions with yes, but not to delete a folder, give up a package or trust programs</source>
+        <translation>Fragen mit Ja beantworten, aber nicht, um einen Ordner zu löschen, ein Paket aufzugeben oder Programmen zu vertrauen</translation>
+    </message>
+    <message>
+        <source>Trust programs that the settings of the repository name</source>
+        <translation>Programmen vertrauen, die die Einstellungen des Repositorys nennen</translation>
+    </message>
+    <message>
+        <source>The result could not be written.</source>
+        <translation>Das Ergebnis konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>The answer is no, since nobody is there to ask.</source>
+        <translation>Die Antwort ist Nein, da niemand gefragt werden kann.</translation>
+    </message>
+    <message>
+        <source>The option %1 answers with yes.</source>
+        <translation>Die Option %1 antwortet mit Ja.</translation>
+    </message>
+    <message>
+        <source>The indices of the repository may be older than its database, so they may not name all that it holds.</source>
+        <translation>Die Indizes des Repositorys sind vielleicht älter als seine Datenbank und nennen dann nicht alles, was es enthält.</translation>
     </message>
 </context>
 <context>

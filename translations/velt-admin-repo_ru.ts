@@ -2820,6 +2820,10 @@ The file with them is kept as %2.</source>
         <source>The link %1 leads out of the repository by a relative path, and would lead elsewhere from the new place. Make it absolute first.</source>
         <translation>Ссылка %1 ведёт за пределы репозитория по относительному пути и с нового места вела бы в другое место. Сначала сделайте её абсолютной.</translation>
     </message>
+    <message>
+        <source>%1 was not removed: the repository holds another version by now.</source>
+        <translation>%1 не удалён: в репозитории теперь другая версия.</translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>
@@ -4108,10 +4112,6 @@ The file with them is kept as %2.</source>
         <translation>Вывести результат как JSON, а ошибки как JSON в стандартный поток ошибок</translation>
     </message>
     <message>
-        <source>Answer every question with yes</source>
-        <translation>Отвечать «да» на каждый вопрос</translation>
-    </message>
-    <message>
         <source>Print nothing but results and errors</source>
         <translation>Выводить только результаты и ошибки</translation>
     </message>
@@ -4122,10 +4122,6 @@ The file with them is kept as %2.</source>
     <message>
         <source>The answer is yes, since nobody is there to ask.</source>
         <translation>Ответ «да», так как спросить некого.</translation>
-    </message>
-    <message>
-        <source>The answer is no, since nobody is there to ask. The option --yes answers with yes.</source>
-        <translation>Ответ «нет», так как спросить некого. Параметр --yes отвечает «да».</translation>
     </message>
     <message>
         <source>Yes or no? [y/N]</source>
@@ -4403,6 +4399,34 @@ The file with them is kept as %2.</source>
     <message>
         <source>Options:</source>
         <translation>Параметры:</translation>
+    </message>
+    <message>
+        <source>Delete what is in the folder; --yes does not do that</source>
+        <translation>Удалить содержимое папки; --yes этого не делает</translation>
+    </message>
+    <message>
+        <source>Answer questions with yes, but not to delete a folder, give up a package or trust programs</source>
+        <translation>Отвечать на вопросы «да», но не для того, чтобы удалить папку, отказаться от пакета или доверять программам</translation>
+    </message>
+    <message>
+        <source>Trust programs that the settings of the repository name</source>
+        <translation>Доверять программам, которые названы в настройках репозитория</translation>
+    </message>
+    <message>
+        <source>The result could not be written.</source>
+        <translation>Не удалось записать результат.</translation>
+    </message>
+    <message>
+        <source>The answer is no, since nobody is there to ask.</source>
+        <translation>Ответ «нет», так как спросить некого.</translation>
+    </message>
+    <message>
+        <source>The option %1 answers with yes.</source>
+        <translation>Параметр %1 отвечает «да».</translation>
+    </message>
+    <message>
+        <source>The indices of the repository may be older than its database, so they may not name all that it holds.</source>
+        <translation>Индексы репозитория могут быть старше его базы данных и называть не всё, что в нём есть.</translation>
     </message>
 </context>
 <context>

@@ -6,6 +6,7 @@
 #include "platform/desktopintegration.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QTextStream>
 
 #include <algorithm>
@@ -25,6 +26,8 @@ bool wantsJson(const Invocation &invocation, const QStringList &arguments)
 
 int main(int argc, char *argv[])
 {
+    // Programs read our error output; what Qt remarks on its surroundings does not belong there.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false\nqt.*.warning=false"));
     const QCoreApplication application(argc, argv);
     // The settings, the stored results and the translations are those of the window.
     veltInit(QStringLiteral(VELT_VERSION), QStringLiteral("Velt admin repo"));
