@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktopintegration.h"
-#include "platform/ui/desktopsetup.h"
-#include "platform/ui/desktopnotification.h"
 #include "platform/packagemanager.h"
+#include "platform/ui/desktopnotification.h"
+#include "platform/ui/desktopsetup.h"
 #include "platform/ui/windowgeometry.h"
 #include "support/privatebus.h"
 #include "support/testenvironment.h"

@@ -340,8 +340,8 @@ ProcessResult ExportSession::runWritingIndices(const QString &arguments)
 {
     const QStringList environment = environmentForIndices();
     ProcessResult result = run(arguments, environment);
-    const bool lacksIndices = ReproAnswer::signingFailed(result.errorOutput)
-                              || ReproAnswer::indicesOutdated(result.errorOutput);
+    const bool lacksIndices
+        = ReproAnswer::signingFailed(result.errorOutput) || ReproAnswer::indicesOutdated(result.errorOutput);
     // The small environment may lack what the configuration asks for in a way that is not known here. The change itself
     // must not be tried twice.
     if (!environment.isEmpty() && lacksIndices && !m_trouble) {

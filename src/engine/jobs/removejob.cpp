@@ -7,6 +7,8 @@
 #include "engine/changes/jobsession.h"
 #include "engine/changes/packageremoval.h"
 #include "engine/recovery/sessionend.h"
+#include "engine/reprepro/configfolder.h"
+#include "engine/reprepro/leanenvironment.h"
 #include "engine/reprepro/repreprocommands.h"
 #include "engine/reprepro/reprolisting.h"
 
@@ -98,9 +100,12 @@ QList<PackageInfoPtr> RemoveJob::withoutReplaced(const QList<PackageInfoPtr> &pa
           && std::all_of(packages.cbegin(), packages.cend(), [&component](const PackageInfoPtr &package) {
                  return package->indexComponent == component;
              });
+    const LeanEnvironment lean;
+    const bool isEnough = !ConfigFolder(m_context.gate.admit(m_context.path()).configFolder()).runsPrograms();
     const ProcessResult listed
         = m_context.reprepro.run(areNamed ? ReproCommand::listPackages(codename, names, component)
-                                          : ReproCommand::listAllFiles(codename));
+                                          : ReproCommand::listAllFiles(codename),
+                                 isEnough ? lean.variables() : QStringList());
     if (!listed.succeeded())
         return packages;
     QHash<QString, QString> files;

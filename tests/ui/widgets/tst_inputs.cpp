@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "support/testenvironment.h"
 #include "engine/repository/newreporules.h"
+#include "support/testenvironment.h"
 #include "ui/tab/repotabs.h"
 #include "ui/widgets/checkcombobox.h"
 #include "ui/widgets/singlespacevalidator.h"
