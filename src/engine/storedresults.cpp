@@ -89,7 +89,8 @@ EndingThreads &endingThreads()
 StoredResults::StoredResults(JobSignals &engineSignals,
                              const std::function<void(const QList<PackageInfoPtr> &packages)> &merged,
                              const std::function<void(const QString &keptAs)> &broken)
-    : m_thread(std::make_unique<QThread>())
+    : m_signals(engineSignals)
+    , m_thread(std::make_unique<QThread>())
     , m_store(new DependsData(DependsData::userFileName()))
 {
     DependsData *const store = m_store;
@@ -124,6 +125,9 @@ StoredResults::StoredResults(JobSignals &engineSignals,
 
 StoredResults::~StoredResults()
 {
+    // The store outlives the engine, and must not reach for it when it goes.
+    QObject::disconnect(&m_signals, nullptr, m_store, nullptr);
+    QObject::disconnect(m_store, nullptr, &m_signals, nullptr);
     // Behind the results that are still to be written.
     const auto end = [store = m_store, thread = m_thread.get()] {
         store->deleteLater();

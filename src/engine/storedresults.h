@@ -42,6 +42,7 @@ public:
     void removeLater();
 
 private:
+    JobSignals &m_signals;
     std::unique_ptr<QThread> m_thread;
     DependsData *m_store; ///< lives in m_thread, and is deleted with it
 
