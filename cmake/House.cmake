@@ -32,6 +32,7 @@ house(platform "our own names, languages and files, and the programs of the syst
 house(platform/ui "icons, notifications, the manual, and the places of windows" USES platform)
 house(apt "questions to apt and dpkg, and the sources that they know" USES files)
 house(depends "whether dependencies can be met, and what is stored of it" USES apt)
+house(installability "whether packages can really be installed, and why not" USES apt)
 house(signing "keys, and signed packages" USES platform)
 house(server "serving a folder: all that root needs, and nothing else" USES files service)
 house(publication "what the user knows and asks of publications" USES server)

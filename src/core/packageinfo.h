@@ -3,6 +3,7 @@
 
 #include "core/controltext.h"
 #include "core/dependsinfo.h"
+#include "core/installabilityinfo.h"
 
 #include <QList>
 #include <QMetaType>
@@ -34,6 +35,7 @@ struct PackageInfo
     QString poolFile; ///< path below root, only when the paragraph has no Filename field
     QString signingKey; ///< text of the key that signed the package file; empty when it is unsigned
     QSharedPointer<const DependsInfo> dependsInfo; ///< null as long as no result is stored
+    QSharedPointer<const InstallabilityInfo> installability; ///< null as long as there is no complete check
 
     QString maintainer() const { return control.field("Maintainer"); }
     QString description() const { return control.description(); }
@@ -49,6 +51,10 @@ struct PackageInfo
     bool isSigned() const { return !signingKey.isEmpty(); }
     bool hasDependsInfo() const { return !dependsInfo.isNull(); }
     DependStatus dependStatus() const { return dependsInfo ? dependsInfo->status : DependUndefined; }
+    Installability installabilityState() const
+    {
+        return installability ? installability->state : InstallabilityUnknown;
+    }
 };
 
 using PackageInfoPtr = QSharedPointer<const PackageInfo>;
