@@ -96,40 +96,46 @@ std::string_view view(const QByteArray &bytes)
 
 namespace VersionOrder
 {
-int compare(const QString &versionA, const QString &versionB)
+int compare(std::string_view versionA, std::string_view versionB)
 {
-    const QByteArray a = versionA.toUtf8();
-    const QByteArray b = versionB.toUtf8();
-    const auto parsedA = parse(view(a));
-    const auto parsedB = parse(view(b));
+    const auto parsedA = parse(versionA);
+    const auto parsedB = parse(versionB);
     if (parsedA && parsedB)
         return compareParsed(*parsedA, *parsedB);
     // An invalid version is older than any valid one.
     if (parsedA || parsedB)
         return parsedA ? 1 : -1;
-    return a == b ? 0 : (a < b ? -1 : 1);
+    return versionA.compare(versionB);
+}
+
+bool holds(std::string_view versionA, std::string_view op, std::string_view versionB)
+{
+    // dpkg would read it as an option.
+    if (!versionA.empty() && versionA.front() == '-')
+        return false;
+    const auto parsedA = parse(versionA);
+    const auto parsedB = parse(versionB);
+    if (!parsedA || !parsedB)
+        return false;
+    const int order = compareParsed(*parsedA, *parsedB);
+    if (op == "<<")
+        return order < 0;
+    if (op == "<=" || op == "<")
+        return order <= 0;
+    if (op == "=")
+        return order == 0;
+    if (op == ">=" || op == ">")
+        return order >= 0;
+    return op == ">>" && order > 0;
+}
+
+int compare(const QString &versionA, const QString &versionB)
+{
+    return compare(view(versionA.toUtf8()), view(versionB.toUtf8()));
 }
 
 bool holds(const QString &versionA, const QString &op, const QString &versionB)
 {
-    // dpkg would read it as an option.
-    if (versionA.startsWith(QLatin1Char('-')))
-        return false;
-    const QByteArray a = versionA.toUtf8();
-    const QByteArray b = versionB.toUtf8();
-    const auto parsedA = parse(view(a));
-    const auto parsedB = parse(view(b));
-    if (!parsedA || !parsedB)
-        return false;
-    const int order = compareParsed(*parsedA, *parsedB);
-    if (op == QLatin1String("<<"))
-        return order < 0;
-    if (op == QLatin1String("<=") || op == QLatin1String("<"))
-        return order <= 0;
-    if (op == QLatin1String("="))
-        return order == 0;
-    if (op == QLatin1String(">=") || op == QLatin1String(">"))
-        return order >= 0;
-    return op == QLatin1String(">>") && order > 0;
+    return holds(view(versionA.toUtf8()), view(op.toUtf8()), view(versionB.toUtf8()));
 }
 } // namespace VersionOrder

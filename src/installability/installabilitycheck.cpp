@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "installability/installabilitycheck.h"
+
+#include <algorithm>
+
+namespace
+{
+std::size_t at(int index)
+{
+    return static_cast<std::size_t>(index);
+}
+} // namespace
+
+InstallabilityCheck::InstallabilityCheck(const Universe &universe, const std::vector<int> &gone)
+    : m_universe(universe)
+    , m_index(universe)
+    , m_settled(universe, m_index, gone)
+    , m_rules(universe, &m_settled, m_solver)
+    , m_written(at(universe.count()))
+    , m_states(at(universe.count()), InstallabilityUnknown)
+{ }
+
+bool InstallabilityCheck::run(const QVector<int> &asked, const StopRequest &stopped, const Progress &progress)
+{
+    m_asked = asked;
+    writeEssential();
+    std::vector<Goal> goals;
+    int done = 0;
+    for (const int package : asked) {
+        switch (m_settled.state(package)) {
+        case SettledPackages::Never:
+            m_states[at(package)] = NotInstallable;
+            ++done;
+            break;
+        case SettledPackages::Always:
+            m_states[at(package)] = Installable;
+            ++done;
+            break;
+        case SettledPackages::Open:
+            goals.push_back({package, -1, m_rules.variable(package), InstallabilityUnknown});
+            break;
+        }
+    }
+    std::vector<int> open;
+    for (const Goal &goal : goals)
+        open.push_back(goal.package);
+    writeRules(open);
+    if (progress)
+        progress(done);
+    return search(goals, stopped, [&](const Goal &goal) {
+        // An undecided package can turn out to be installable later, with another one.
+        const bool isNew = state(goal.package) == InstallabilityUnknown;
+        m_states[at(goal.package)] = goal.result;
+        if (isNew && progress)
+            progress(++done);
+    });
+}
+
+bool InstallabilityCheck::runRecommends(const StopRequest &stopped)
+{
+    std::vector<Goal> goals;
+    for (const int package : m_asked) {
+        if (state(package) != Installable)
+            continue;
+        for (const Universe::Entry &entry : m_universe.recommends(package)) {
+            const auto members = m_universe.members(entry.set);
+            const auto is = [&](SettledPackages::State wanted) {
+                return [this, wanted](int member) { return m_settled.state(member) == wanted; };
+            };
+            if (std::any_of(members.begin(), members.end(), is(SettledPackages::Always)))
+                continue;
+            if (std::all_of(members.begin(), members.end(), is(SettledPackages::Never))) {
+                m_unmet.emplace_back(package, entry.set);
+                continue;
+            }
+            // A variable that stands for the package together with the entry.
+            const int both = m_solver.newVariable();
+            if (m_settled.state(package) == SettledPackages::Open)
+                m_solver.addClause({-both, m_rules.variable(package)});
+            m_rules.addNeedOf(both, entry.set);
+            writeRules({members.begin(), members.end()});
+            goals.push_back({package, entry.set, both, InstallabilityUnknown});
+        }
+    }
+    const bool finished = search(goals, stopped, [this](const Goal &goal) {
+        if (goal.result == NotInstallable)
+            m_unmet.emplace_back(goal.package, goal.set);
+    });
+    std::sort(m_unmet.begin(), m_unmet.end());
+    return finished;
+}
+
+int InstallabilityCheck::secondsOf(int package) const
+{
+    for (const auto &[undecided, seconds] : m_seconds) {
+        if (undecided == package)
+            return seconds;
+    }
+    return 0;
+}
+
+QStringList InstallabilityCheck::unmetRecommends(int package) const
+{
+    QStringList result;
+    const auto first = std::lower_bound(m_unmet.begin(), m_unmet.end(), std::make_pair(package, 0));
+    for (auto unmet = first; unmet != m_unmet.end() && unmet->first == package; ++unmet) {
+        const auto text = m_universe.text(unmet->second);
+        result.append(QString::fromUtf8(text.data(), static_cast<int>(text.size())).simplified());
+    }
+    return result;
+}
+
+void InstallabilityCheck::writeEssential()
+{
+    if (m_essentialWritten)
+        return;
+    m_essentialWritten = true;
+    for (int package = 0; package < m_universe.count(); ++package) {
+        if (!m_universe.isEssential(package) || m_settled.state(package) != SettledPackages::Open)
+            continue;
+        m_solver.addClause({m_rules.variable(package)});
+        writeRules({package});
+    }
+}
+
+void InstallabilityCheck::writeRules(std::vector<int> packages)
+{
+    while (!packages.empty()) {
+        const int package = packages.back();
+        packages.pop_back();
+        if (m_written[at(package)] || m_settled.state(package) != SettledPackages::Open)
+            continue;
+        m_written[at(package)] = true;
+        for (const Universe::Entry &need : m_universe.needs(package)) {
+            m_rules.addNeed(package, need.set);
+            const auto members = m_universe.members(need.set);
+            packages.insert(packages.end(), members.begin(), members.end());
+        }
+        for (const Universe::Entry &exclusion : m_universe.excludes(package))
+            m_rules.addExclusion(package, exclusion.set);
+        // Once for a name. The first package writes the rule for all.
+        if (m_universe.namesakes(package).size() > 1) {
+            const auto namesakes = m_universe.namesakes(package);
+            const bool isFirst = std::none_of(namesakes.begin(), namesakes.end(), [&](int other) {
+                return other != package && m_written[at(other)];
+            });
+            if (isFirst)
+                m_rules.addNamesakes(package);
+        }
+    }
+}
+
+bool InstallabilityCheck::search(std::vector<Goal> &goals,
+                                 const StopRequest &stopped,
+                                 const std::function<void(const Goal &goal)> &settled)
+{
+    // The solver tries to install what is not settled yet, and nothing else.
+    for (const Goal &goal : goals)
+        m_solver.prefer(goal.literal);
+    for (Goal &goal : goals) {
+        if (goal.result != InstallabilityUnknown)
+            continue;
+        if (stopped && stopped())
+            return false;
+        switch (m_solver.solve({goal.literal}, LongestSearch, stopped)) {
+        case SatSolver::Possible:
+            readModel(goals, settled);
+            break;
+        case SatSolver::Impossible:
+            goal.result = NotInstallable;
+            m_solver.addClause({-goal.literal});
+            settled(goal);
+            break;
+        case SatSolver::Unknown:
+            if (stopped && stopped())
+                return false;
+            goal.result = InstallabilityUndecided;
+            m_seconds.emplace_back(goal.package, LongestSearch);
+            m_solver.prefer(-goal.literal);
+            settled(goal);
+            break;
+        }
+    }
+    return true;
+}
+
+void InstallabilityCheck::readModel(std::vector<Goal> &goals,
+                                    const std::function<void(const Goal &goal)> &settled)
+{
+    for (Goal &goal : goals) {
+        const bool isOpen = goal.result == InstallabilityUnknown || goal.result == InstallabilityUndecided;
+        if (!isOpen || !m_solver.value(goal.literal))
+            continue;
+        goal.result = Installable;
+        m_solver.prefer(-goal.literal);
+        settled(goal);
+    }
+}

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "apt/candidatesource.h"
+#include "installability/installationrules.h"
+#include "installability/needindex.h"
+#include "installability/satsolver.h"
+#include "installability/settledpackages.h"
+
+#include <QVector>
+
+#include <functional>
+
+/**
+ * Finds out which packages of a universe can be installed, each alone with what it needs. Every installation that the
+ * search finds settles all packages in it, so that a few hundred searches are enough for a whole distribution.
+ */
+class InstallabilityCheck
+{
+public:
+    /** A search for one package gives up after so many seconds. */
+    static constexpr int LongestSearch = 10;
+
+    using Progress = std::function<void(int settled)>;
+
+    /** The universe outlives the check. The packages `gone` count as if they were not there. */
+    explicit InstallabilityCheck(const Universe &universe, const std::vector<int> &gone = {});
+
+    /** Settles these packages; false after a stop, which leaves the rest unknown. */
+    bool run(const QVector<int> &asked, const StopRequest &stopped = {}, const Progress &progress = {});
+    /** Looks which recommendations of the asked packages cannot be followed; false after a stop. After run(). */
+    bool runRecommends(const StopRequest &stopped = {});
+
+    Installability state(int package) const { return m_states[static_cast<std::size_t>(package)]; }
+    /** Of an undecided package: how many seconds were spent. */
+    int secondsOf(int package) const;
+    /** The entries of Recommends that cannot be installed together with the package, as they are written. */
+    QStringList unmetRecommends(int package) const;
+
+    const SettledPackages &settled() const { return m_settled; }
+
+private:
+    /** What is asked: whether a package can be installed, perhaps together with something of a set. */
+    struct Goal
+    {
+        int package = 0;
+        int set = -1; ///< -1: with nothing else
+        int literal = 0;
+        Installability result = InstallabilityUnknown;
+    };
+
+    const Universe &m_universe;
+    NeedIndex m_index;
+    SettledPackages m_settled;
+    SatSolver m_solver;
+    InstallationRules m_rules;
+    std::vector<bool> m_written; ///< packages whose relations the solver has
+    bool m_essentialWritten = false;
+    QVector<int> m_asked;
+    std::vector<Installability> m_states;
+    std::vector<std::pair<int, int>> m_seconds; ///< of undecided packages
+    std::vector<std::pair<int, int>> m_unmet; ///< package and set
+
+    void writeRules(std::vector<int> packages);
+    void writeEssential();
+    bool search(std::vector<Goal> &goals,
+                const StopRequest &stopped,
+                const std::function<void(const Goal &goal)> &settled);
+    void readModel(std::vector<Goal> &goals, const std::function<void(const Goal &goal)> &settled);
+};
