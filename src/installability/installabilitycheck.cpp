@@ -23,7 +23,11 @@ InstallabilityCheck::InstallabilityCheck(const Universe &universe, const std::ve
 bool InstallabilityCheck::run(const QVector<int> &asked, const StopRequest &stopped, const Progress &progress)
 {
     m_asked = asked;
-    writeEssential();
+    if (!writeEssential(stopped)) {
+        for (const int package : asked)
+            m_states[at(package)] = NotInstallable;
+        return true;
+    }
     std::vector<Goal> goals;
     int done = 0;
     for (const int package : asked) {
@@ -110,17 +114,13 @@ QStringList InstallabilityCheck::unmetRecommends(int package) const
     return result;
 }
 
-void InstallabilityCheck::writeEssential()
+bool InstallabilityCheck::writeEssential(const StopRequest &stopped)
 {
-    if (m_essentialWritten)
-        return;
-    m_essentialWritten = true;
-    for (int package = 0; package < m_universe.count(); ++package) {
-        if (!m_universe.isEssential(package) || m_settled.state(package) != SettledPackages::Open)
-            continue;
-        m_solver.addClause({m_rules.variable(package)});
-        writeRules({package});
+    for (const std::vector<int> &versions : m_universe.essential()) {
+        m_rules.addOneOf(versions);
+        writeRules(versions);
     }
+    return m_solver.solve({}, LongestSearch, stopped) != SatSolver::Impossible;
 }
 
 void InstallabilityCheck::writeRules(std::vector<int> packages)

@@ -26,7 +26,7 @@ public:
     /** The universe outlives the check. The packages `gone` count as if they were not there. */
     explicit InstallabilityCheck(const Universe &universe, const std::vector<int> &gone = {});
 
-    /** Settles these packages; false after a stop, which leaves the rest unknown. */
+    /** Settles these packages, once; false after a stop, which leaves the rest unknown. */
     bool run(const QVector<int> &asked, const StopRequest &stopped = {}, const Progress &progress = {});
     /** Looks which recommendations of the asked packages cannot be followed; false after a stop. After run(). */
     bool runRecommends(const StopRequest &stopped = {});
@@ -37,6 +37,8 @@ public:
     /** The entries of Recommends that cannot be installed together with the package, as they are written. */
     QStringList unmetRecommends(int package) const;
 
+    const Universe &universe() const { return m_universe; }
+    const NeedIndex &index() const { return m_index; }
     const SettledPackages &settled() const { return m_settled; }
 
 private:
@@ -55,14 +57,14 @@ private:
     SatSolver m_solver;
     InstallationRules m_rules;
     std::vector<bool> m_written; ///< packages whose relations the solver has
-    bool m_essentialWritten = false;
     QVector<int> m_asked;
     std::vector<Installability> m_states;
     std::vector<std::pair<int, int>> m_seconds; ///< of undecided packages
     std::vector<std::pair<int, int>> m_unmet; ///< package and set
 
     void writeRules(std::vector<int> packages);
-    void writeEssential();
+    /** False when no system is possible, because what is essential cannot be installed. */
+    bool writeEssential(const StopRequest &stopped);
     bool search(std::vector<Goal> &goals,
                 const StopRequest &stopped,
                 const std::function<void(const Goal &goal)> &settled);

@@ -40,15 +40,26 @@ void InstallationRules::addNeed(int package, int set, int unless)
 
 void InstallationRules::addNeedOf(int literal, int set, int unless)
 {
-    const auto members = m_universe.members(set);
-    if (std::any_of(members.begin(), members.end(), [this](int member) {
-            return stateOf(member) == SettledPackages::Always;
+    addAnyOf(m_universe.members(set), -literal, unless);
+}
+
+void InstallationRules::addOneOf(const std::vector<int> &packages, int unless)
+{
+    addAnyOf(packages, 0, unless);
+}
+
+template <typename Packages>
+void InstallationRules::addAnyOf(const Packages &packages, int literal, int unless)
+{
+    if (std::any_of(packages.begin(), packages.end(), [this](int package) {
+            return stateOf(package) == SettledPackages::Always;
         }))
         return;
-    m_solver.addLiteral(-literal);
-    for (const int member : members) {
-        if (const int other = variable(member))
-            m_solver.addLiteral(other);
+    if (literal != 0)
+        m_solver.addLiteral(literal);
+    for (const int package : packages) {
+        if (const int installed = variable(package))
+            m_solver.addLiteral(installed);
     }
     if (unless != 0)
         m_solver.addLiteral(unless);

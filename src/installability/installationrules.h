@@ -23,6 +23,8 @@ public:
     void addNeed(int package, int set, int unless = 0);
     /** The same for anything that a literal stands for. */
     void addNeedOf(int literal, int set, int unless = 0);
+    /** One of these packages must be installed. */
+    void addOneOf(const std::vector<int> &packages, int unless = 0);
     /** With the package, nothing of the set can be installed but packages of its own name. */
     void addExclusion(int package, int set, int unless = 0);
     /** Of the packages with the name of this one, only those that can be beside each other. */
@@ -48,6 +50,9 @@ private:
         return m_settled ? m_settled->state(package) : SettledPackages::Open;
     }
     std::vector<int> openMembers(int set) const;
+    /** A clause of the packages and of the literals that are not 0. */
+    template <typename Packages>
+    void addAnyOf(const Packages &packages, int literal, int unless);
     const Chain &chainOf(int set, std::vector<int> packages);
     void addClause(std::initializer_list<int> literals, int unless);
     void addAtMostOne(const std::vector<int> &literals, int unless);

@@ -16,8 +16,7 @@ bool architectureMeets(int own, int qualifier, const ArchitectureTraits &other)
     case Architecture::Implicit:
         return other.architecture == own || other.multiArch == MultiArch::Foreign;
     case Architecture::Any:
-        return other.multiArch == MultiArch::Allowed || other.architecture == own
-               || other.multiArch == MultiArch::Foreign;
+        return other.multiArch == MultiArch::Allowed;
     default:
         return other.architecture == qualifier;
     }
@@ -25,8 +24,14 @@ bool architectureMeets(int own, int qualifier, const ArchitectureTraits &other)
 
 bool architectureExcludes(int qualifier, const ArchitectureTraits &other)
 {
-    return qualifier == Architecture::Implicit || qualifier == Architecture::Any
-           || other.architecture == qualifier;
+    switch (qualifier) {
+    case Architecture::Implicit:
+        return true;
+    case Architecture::Any:
+        return other.multiArch == MultiArch::Allowed;
+    default:
+        return other.architecture == qualifier;
+    }
 }
 
 bool areCoInstallable(const ArchitectureTraits &a, const ArchitectureTraits &b, bool sameVersion)

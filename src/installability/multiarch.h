@@ -22,9 +22,11 @@ constexpr int Implicit = -3; ///< a relation without a qualifier
 /** What a package's architecture and its field Multi-Arch mean to the relations of other packages. */
 struct ArchitectureTraits
 {
-    int architecture = Architecture::Native;
+    int architecture = Architecture::Native; ///< a number from 0 on
     MultiArch multiArch = MultiArch::No;
 };
+
+// Where apt and dpkg differ in the functions below, they do as apt.
 
 /**
  * Whether a dependency with this qualifier may be met by `other`, as far as architectures are concerned. `own` is the

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace
 {
@@ -87,16 +88,20 @@ int Universe::add(const ControlText &paragraph, Role role)
     if (package.name.empty() || package.traits.architecture == Architecture::Unknown)
         return -1;
     package.traits.multiArch = multiArchOf(fields.multiArch);
-    package.essential = fields.essential == "yes";
+    // A package for all architectures cannot be there twice.
+    if (fields.architecture == "all" && package.traits.multiArch == MultiArch::Same)
+        package.traits.multiArch = MultiArch::No;
+    package.essential = fields.essential == "yes" || fields.essential == "Yes" || fields.essential == "true";
     package.role = role;
     package.nameId = nameOf(package.name);
     for (const Offer &offer : m_offers[static_cast<std::size_t>(package.nameId)]) {
         const Package &known = at(offer.package);
-        if (known.version == package.version && known.architecture == package.architecture)
+        if (known.version == package.version && known.traits.architecture == package.traits.architecture)
             return offer.package;
     }
     const int index = count();
-    m_offers[static_cast<std::size_t>(package.nameId)].push_back({index, false, package.version});
+    m_offers[static_cast<std::size_t>(package.nameId)].push_back(
+        {index, false, package.version, package.traits});
     m_packages.push_back(package);
     m_fields.push_back(fields);
     return index;
@@ -210,6 +215,15 @@ void Universe::groupNamesakes()
     std::vector<int> next = m_nameFirst;
     for (int index = 0; index < count(); ++index)
         m_namesakes[static_cast<std::size_t>(next[static_cast<std::size_t>(nameId(index))]++)] = index;
+    for (std::size_t name = 0; name + 1 < m_nameFirst.size(); ++name) {
+        std::vector<int> versions;
+        std::copy_if(m_namesakes.begin() + m_nameFirst[name],
+                     m_namesakes.begin() + m_nameFirst[name + 1],
+                     std::back_inserter(versions),
+                     [this](int package) { return isEssential(package); });
+        if (!versions.empty())
+            m_essential.push_back(std::move(versions));
+    }
 }
 
 void Universe::readOffers()
@@ -227,8 +241,13 @@ void Universe::readProvided(int package, std::string_view field)
         // dpkg knows "=" only in Provides, and ignores what is provided with another operator.
         if (!provided.op.empty() && provided.op != "=")
             continue;
-        m_offers[static_cast<std::size_t>(nameOf(provided.name))].push_back(
-            {package, true, provided.version});
+        ArchitectureTraits offered = traits(package);
+        // What is provided for another architecture than the package's own is there for that one alone.
+        if (const int qualifier = qualifierOf(provided.qualifier); qualifier != Architecture::Implicit)
+            offered = {qualifier, MultiArch::No};
+        if (offered.architecture >= 0)
+            m_offers[static_cast<std::size_t>(nameOf(provided.name))].push_back(
+                {package, true, provided.version, offered});
     }
 }
 
@@ -267,9 +286,8 @@ void Universe::addMatches(const RelationText &relation, int context, bool exclud
         return;
     const int qualifier = qualifierOf(relation.qualifier);
     for (const Offer &offer : m_offers[static_cast<std::size_t>(name)]) {
-        const ArchitectureTraits &other = traits(offer.package);
-        const bool concerns = excluding ? architectureExcludes(qualifier, other)
-                                        : architectureMeets(context, qualifier, other);
+        const bool concerns = excluding ? architectureExcludes(qualifier, offer.traits)
+                                        : architectureMeets(context, qualifier, offer.traits);
         if (!concerns)
             continue;
         // What is provided without a version meets no constraint on versions.

@@ -76,8 +76,8 @@ public:
 
     /**
      * Adds a package and returns its index; -1 when it is not for this system or has no name. A package of the same
-     * name, version and architecture is known already: its index is returned and the paragraph ignored. Therefore add
-     * the checked packages before the offered ones.
+     * name, version and architecture, "all" and the native one being the same, is known already: its index is returned
+     * and the paragraph ignored. Therefore add the checked packages before the offered ones.
      */
     int add(const ControlText &paragraph, Role role);
     /** Reads the relations, after the last add(). Recommends are read of checked packages only. */
@@ -110,6 +110,8 @@ public:
     /** The number of the package's name. */
     int nameId(int package) const { return at(package).nameId; }
     int nameCount() const { return static_cast<int>(m_names.size()); }
+    /** The essential packages, those of one name together: one of each name is on every system. */
+    const std::vector<std::vector<int>> &essential() const { return m_essential; }
     /** Whether two packages of one name can be installed together. */
     bool areCoInstallable(int a, int b) const;
     /** The packages whose name is the first one of the entry, the newest first, whether they meet it or not. */
@@ -143,6 +145,7 @@ private:
         int package = 0;
         bool provided = false;
         std::string_view version; ///< can be empty when it is provided
+        ArchitectureTraits traits;
     };
     /** An entry with all that decides on its meaning. */
     struct EntryKey
@@ -170,6 +173,7 @@ private:
     std::unordered_map<std::string_view, int> m_names;
     std::vector<int> m_nameFirst; ///< by name: the first of its packages in m_namesakes
     std::vector<int> m_namesakes;
+    std::vector<std::vector<int>> m_essential;
     // Only until the relations are read.
     std::vector<PackageFields> m_fields;
     std::vector<std::vector<Offer>> m_offers; ///< by name
