@@ -151,6 +151,13 @@ Universe::Members Universe::namesakes(int package) const
     return {m_namesakes.data() + m_nameFirst[name], m_namesakes.data() + m_nameFirst[name + 1]};
 }
 
+const std::vector<int> &Universe::essential(int package) const
+{
+    return *std::find_if(m_essential.begin(), m_essential.end(), [&](const std::vector<int> &versions) {
+        return nameId(versions.front()) == nameId(package);
+    });
+}
+
 bool Universe::areCoInstallable(int a, int b) const
 {
     // Versions are compared last, because that takes the longest.

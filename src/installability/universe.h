@@ -112,6 +112,8 @@ public:
     int nameCount() const { return static_cast<int>(m_names.size()); }
     /** The essential packages, those of one name together: one of each name is on every system. */
     const std::vector<std::vector<int>> &essential() const { return m_essential; }
+    /** Of these, those with the name of this package, which is one of them. */
+    const std::vector<int> &essential(int package) const;
     /** Whether two packages of one name can be installed together. */
     bool areCoInstallable(int a, int b) const;
     /** The packages whose name is the first one of the entry, the newest first, whether they meet it or not. */
