@@ -61,7 +61,7 @@ std::optional<Contradiction::Rules>
 Contradiction::blamed(int package, const Groups &groups, bool oneByOne, const StopRequest &stopped) const
 {
     SatSolver solver;
-    InstallationRules written(m_universe, &m_settled, solver);
+    InstallationRules written(m_universe, m_settled, solver);
     std::vector<int> releases; // by group: true releases its rules
     for (const Rules &group : groups) {
         releases.push_back(solver.newVariable());

@@ -15,8 +15,7 @@ InstallabilityCheck::InstallabilityCheck(const Universe &universe, const std::ve
     : m_universe(universe)
     , m_index(universe)
     , m_settled(universe, m_index, gone)
-    , m_rules(universe, &m_settled, m_solver)
-    , m_written(at(universe.count()))
+    , m_rules(universe, m_settled, m_solver)
     , m_states(at(universe.count()), InstallabilityUnknown)
 { }
 
@@ -48,7 +47,7 @@ bool InstallabilityCheck::run(const QVector<int> &asked, const StopRequest &stop
     std::vector<int> open;
     for (const Goal &goal : goals)
         open.push_back(goal.package);
-    writeRules(open);
+    m_rules.addAround(std::move(open));
     if (progress)
         progress(done);
     return search(goals, stopped, [&](const Goal &goal) {
@@ -82,7 +81,7 @@ bool InstallabilityCheck::runRecommends(const StopRequest &stopped)
             if (m_settled.state(package) == SettledPackages::Open)
                 m_solver.addClause({-both, m_rules.variable(package)});
             m_rules.addNeedOf(both, entry.set);
-            writeRules({members.begin(), members.end()});
+            m_rules.addAround({members.begin(), members.end()});
             goals.push_back({package, entry.set, both, InstallabilityUnknown});
         }
     }
@@ -118,36 +117,9 @@ bool InstallabilityCheck::writeEssential(const StopRequest &stopped)
 {
     for (const std::vector<int> &versions : m_universe.essential()) {
         m_rules.addOneOf(versions);
-        writeRules(versions);
+        m_rules.addAround(versions);
     }
     return m_solver.solve({}, LongestSearch, stopped) != SatSolver::Impossible;
-}
-
-void InstallabilityCheck::writeRules(std::vector<int> packages)
-{
-    while (!packages.empty()) {
-        const int package = packages.back();
-        packages.pop_back();
-        if (m_written[at(package)] || m_settled.state(package) != SettledPackages::Open)
-            continue;
-        m_written[at(package)] = true;
-        for (const Universe::Entry &need : m_universe.needs(package)) {
-            m_rules.addNeed(package, need.set);
-            const auto members = m_universe.members(need.set);
-            packages.insert(packages.end(), members.begin(), members.end());
-        }
-        for (const Universe::Entry &exclusion : m_universe.excludes(package))
-            m_rules.addExclusion(package, exclusion.set);
-        // Once for a name. The first package writes the rule for all.
-        if (m_universe.namesakes(package).size() > 1) {
-            const auto namesakes = m_universe.namesakes(package);
-            const bool isFirst = std::none_of(namesakes.begin(), namesakes.end(), [&](int other) {
-                return other != package && m_written[at(other)];
-            });
-            if (isFirst)
-                m_rules.addNamesakes(package);
-        }
-    }
 }
 
 bool InstallabilityCheck::search(std::vector<Goal> &goals,

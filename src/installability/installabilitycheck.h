@@ -56,13 +56,11 @@ private:
     SettledPackages m_settled;
     SatSolver m_solver;
     InstallationRules m_rules;
-    std::vector<bool> m_written; ///< packages whose relations the solver has
     QVector<int> m_asked;
     std::vector<Installability> m_states;
     std::vector<std::pair<int, int>> m_seconds; ///< of undecided packages
     std::vector<std::pair<int, int>> m_unmet; ///< package and set
 
-    void writeRules(std::vector<int> packages);
     /** False when no system is possible, because what is essential cannot be installed. */
     bool writeEssential(const StopRequest &stopped);
     bool search(std::vector<Goal> &goals,

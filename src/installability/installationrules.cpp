@@ -15,12 +15,13 @@ std::size_t at(int index)
 } // namespace
 
 InstallationRules::InstallationRules(const Universe &universe,
-                                     const SettledPackages *settled,
+                                     const SettledPackages &settled,
                                      SatSolver &solver)
     : m_universe(universe)
     , m_settled(settled)
     , m_solver(solver)
     , m_variables(at(universe.count()))
+    , m_added(at(universe.count()))
 { }
 
 int InstallationRules::variable(int package)
@@ -116,6 +117,30 @@ void InstallationRules::addNamesakes(int package, int unless)
         literals.push_back(any);
     }
     addAtMostOne(literals, unless);
+}
+
+void InstallationRules::addAround(std::vector<int> packages)
+{
+    while (!packages.empty()) {
+        const int package = packages.back();
+        packages.pop_back();
+        if (m_added[at(package)] || stateOf(package) != SettledPackages::Open)
+            continue;
+        m_added[at(package)] = true;
+        for (const Universe::Entry &need : m_universe.needs(package)) {
+            addNeed(package, need.set);
+            const auto members = m_universe.members(need.set);
+            packages.insert(packages.end(), members.begin(), members.end());
+        }
+        for (const Universe::Entry &exclusion : m_universe.excludes(package))
+            addExclusion(package, exclusion.set);
+        const auto namesakes = m_universe.namesakes(package);
+        const auto added = std::count_if(
+            namesakes.begin(), namesakes.end(), [this](int other) { return bool(m_added[at(other)]); });
+        // The first package of a name writes the rule for all.
+        if (namesakes.size() > 1 && added == 1)
+            addNamesakes(package);
+    }
 }
 
 std::vector<int> InstallationRules::openMembers(int set) const

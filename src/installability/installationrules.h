@@ -15,10 +15,12 @@
 class InstallationRules
 {
 public:
-    InstallationRules(const Universe &universe, const SettledPackages *settled, SatSolver &solver);
+    InstallationRules(const Universe &universe, const SettledPackages &settled, SatSolver &solver);
 
     /** The variable of the package; 0 for a settled one. */
     int variable(int package);
+    /** Whether a rule names the package. */
+    bool isUsed(int package) const { return m_variables[static_cast<std::size_t>(package)] != 0; }
     /** With the package, something of the set must be installed. */
     void addNeed(int package, int set, int unless = 0);
     /** The same for anything that a literal stands for. */
@@ -29,6 +31,8 @@ public:
     void addExclusion(int package, int set, int unless = 0);
     /** Of the packages with the name of this one, only those that can be beside each other. */
     void addNamesakes(int package, int unless = 0);
+    /** All rules of these packages and of all that they can need. What was added so is not added again. */
+    void addAround(std::vector<int> packages);
 
 private:
     /** A variable for "one of the first" and one for "one of the last", at each place in a long set. */
@@ -40,15 +44,13 @@ private:
     };
 
     const Universe &m_universe;
-    const SettledPackages *m_settled;
+    const SettledPackages &m_settled;
     SatSolver &m_solver;
     std::vector<int> m_variables; ///< by package; 0 as long as there is none
     std::unordered_map<int, Chain> m_chains; ///< by set
+    std::vector<bool> m_added; ///< by package: addAround() was here
 
-    SettledPackages::State stateOf(int package) const
-    {
-        return m_settled ? m_settled->state(package) : SettledPackages::Open;
-    }
+    SettledPackages::State stateOf(int package) const { return m_settled.state(package); }
     std::vector<int> openMembers(int set) const;
     /** A clause of the packages and of the literals that are not 0. */
     template <typename Packages>

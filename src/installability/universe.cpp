@@ -165,6 +165,28 @@ bool Universe::areCoInstallable(int a, int b) const
            && VersionOrder::compare(version(a), version(b)) == 0;
 }
 
+std::vector<int> Universe::byPreference(int set) const
+{
+    std::vector<int> names;
+    std::string_view rest = text(set);
+    while (!rest.empty()) {
+        RelationText relation;
+        if (readRelation(takePiece(rest, '|'), relation))
+            names.push_back(findName(relation.name));
+    }
+    // Packages that only provide a name come behind those that have one of the names.
+    const auto place
+        = [&](int package) { return std::find(names.begin(), names.end(), nameId(package)) - names.begin(); };
+    const auto found = members(set);
+    std::vector<int> result(found.begin(), found.end());
+    std::stable_sort(result.begin(), result.end(), [&](int a, int b) {
+        const auto placeA = place(a);
+        const auto placeB = place(b);
+        return placeA != placeB ? placeA < placeB : VersionOrder::compare(version(a), version(b)) > 0;
+    });
+    return result;
+}
+
 std::vector<int> Universe::namedIn(int set) const
 {
     RelationText relation;

@@ -116,6 +116,8 @@ public:
     const std::vector<int> &essential(int package) const;
     /** Whether two packages of one name can be installed together. */
     bool areCoInstallable(int a, int b) const;
+    /** The members of a needed set, in the order in which apt would take one: as written, and the newest first. */
+    std::vector<int> byPreference(int set) const;
     /** The packages whose name is the first one of the entry, the newest first, whether they meet it or not. */
     std::vector<int> namedIn(int set) const;
 
