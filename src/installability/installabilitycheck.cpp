@@ -40,7 +40,7 @@ bool InstallabilityCheck::run(const QVector<int> &asked, const StopRequest &stop
             ++done;
             break;
         case SettledPackages::Open:
-            goals.push_back({package, -1, m_rules.variable(package), InstallabilityUnknown});
+            goals.push_back({package, -1, m_rules.variable(package), 0, InstallabilityUnknown});
             break;
         }
     }
@@ -82,7 +82,7 @@ bool InstallabilityCheck::runRecommends(const StopRequest &stopped)
                 m_solver.addClause({-both, m_rules.variable(package)});
             m_rules.addNeedOf(both, entry.set);
             m_rules.addAround({members.begin(), members.end()});
-            goals.push_back({package, entry.set, both, InstallabilityUnknown});
+            goals.push_back({package, entry.set, both, 0, InstallabilityUnknown});
         }
     }
     const bool finished = search(goals, stopped, [this](const Goal &goal) {
@@ -126,9 +126,17 @@ bool InstallabilityCheck::search(std::vector<Goal> &goals,
                                  const StopRequest &stopped,
                                  const std::function<void(const Goal &goal)> &settled)
 {
-    // The solver tries to install what is not settled yet, and nothing else.
-    for (const Goal &goal : goals)
-        m_solver.prefer(goal.literal);
+    // Nothing is installed without need, but of the goals as many as can be together. The wish for each goal is a
+    // variable that comes last, because the solver decides on the last variables first.
+    for (int package = 0; package < m_universe.count(); ++package) {
+        if (m_rules.isUsed(package))
+            m_solver.prefer(-m_rules.variable(package));
+    }
+    for (Goal &goal : goals) {
+        goal.wish = m_solver.newVariable();
+        m_solver.addClause({-goal.wish, goal.literal});
+        m_solver.prefer(goal.wish);
+    }
     for (Goal &goal : goals) {
         if (goal.result != InstallabilityUnknown)
             continue;
@@ -148,7 +156,7 @@ bool InstallabilityCheck::search(std::vector<Goal> &goals,
                 return false;
             goal.result = InstallabilityUndecided;
             m_seconds.emplace_back(goal.package, LongestSearch);
-            m_solver.prefer(-goal.literal);
+            m_solver.prefer(-goal.wish);
             settled(goal);
             break;
         }
@@ -164,7 +172,7 @@ void InstallabilityCheck::readModel(std::vector<Goal> &goals,
         if (!isOpen || !m_solver.value(goal.literal))
             continue;
         goal.result = Installable;
-        m_solver.prefer(-goal.literal);
+        m_solver.prefer(-goal.wish);
         settled(goal);
     }
 }

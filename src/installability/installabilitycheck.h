@@ -47,7 +47,8 @@ private:
     {
         int package = 0;
         int set = -1; ///< -1: with nothing else
-        int literal = 0;
+        int literal = 0; ///< true when the goal is reached
+        int wish = 0; ///< a variable that only says that the goal is wanted
         Installability result = InstallabilityUnknown;
     };
 
