@@ -22,15 +22,14 @@ InstallabilityCheck::InstallabilityCheck(const Universe &universe, const std::ve
 bool InstallabilityCheck::run(const QVector<int> &asked, const StopRequest &stopped, const Progress &progress)
 {
     m_asked = asked;
-    if (!writeEssential(stopped)) {
-        for (const int package : asked)
-            m_states[at(package)] = NotInstallable;
-        return true;
-    }
     std::vector<Goal> goals;
+    goals.reserve(at(asked.size()));
     int done = 0;
+    const bool isPossible = writeEssential(stopped);
+    if (stopped && stopped())
+        return false;
     for (const int package : asked) {
-        switch (m_settled.state(package)) {
+        switch (isPossible ? m_settled.state(package) : SettledPackages::Never) {
         case SettledPackages::Never:
             m_states[at(package)] = NotInstallable;
             ++done;
