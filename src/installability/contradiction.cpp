@@ -33,7 +33,7 @@ void write(InstallationRules &rules, const Universe &universe, const Installatio
 }
 } // namespace
 
-Contradiction::Contradiction(const Universe &universe, const SettledPackages &settled)
+Contradiction::Contradiction(const Universe &universe, const SettledPackages *settled)
     : m_universe(universe)
     , m_settled(settled)
 { }
@@ -118,7 +118,7 @@ Contradiction::Rules Contradiction::around(int package, bool essential) const
     std::unordered_set<int> seen;
     std::unordered_set<int> names;
     const auto reach = [&](int other) {
-        if (m_settled.state(other) == SettledPackages::Open && seen.insert(other).second)
+        if (m_settled->state(other) == SettledPackages::Open && seen.insert(other).second)
             queue.push_back(other);
     };
     reach(package);

@@ -29,21 +29,25 @@ class Contradiction
 public:
     using Rules = std::vector<InstallationRule>;
 
-    Contradiction(const Universe &universe, const SettledPackages &settled);
+    /** Without `settled`, also of what is known to lack something only these rules count. */
+    Contradiction(const Universe &universe, const SettledPackages *settled);
 
     /**
      * Of these rules, some that the package cannot be installed with and none of which can be left out; of two that
      * would do, the one in front is kept. Nothing when the rules allow the package, or after a stop or ten seconds.
      */
     std::optional<Rules> smallest(int package, const Rules &rules, const StopRequest &stopped) const;
-    /** All rules that the package can depend on, the nearest first; with those of every system when `essential`. */
+    /**
+     * All rules that the package can depend on, the nearest first; with those of every system when `essential`. Needs
+     * to know what is settled.
+     */
     Rules around(int package, bool essential) const;
 
 private:
     using Groups = std::vector<Rules>;
 
     const Universe &m_universe;
-    const SettledPackages &m_settled;
+    const SettledPackages *m_settled;
 
     std::optional<Rules>
     blamed(int package, const Groups &groups, bool oneByOne, const StopRequest &stopped) const;

@@ -15,7 +15,7 @@ InstallabilityCheck::InstallabilityCheck(const Universe &universe, const std::ve
     : m_universe(universe)
     , m_index(universe)
     , m_settled(universe, m_index, gone)
-    , m_rules(universe, m_settled, m_solver)
+    , m_rules(universe, &m_settled, m_solver)
     , m_states(at(universe.count()), InstallabilityUnknown)
 { }
 
@@ -115,6 +115,10 @@ QStringList InstallabilityCheck::unmetRecommends(int package) const
 bool InstallabilityCheck::writeEssential(const StopRequest &stopped)
 {
     for (const std::vector<int> &versions : m_universe.essential()) {
+        // When all are gone, nothing is essential under this name any more.
+        if (std::all_of(
+                versions.begin(), versions.end(), [this](int version) { return m_settled.isGone(version); }))
+            continue;
         m_rules.addOneOf(versions);
         m_rules.addAround(versions);
     }

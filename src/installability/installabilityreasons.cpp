@@ -46,7 +46,7 @@ InstallabilityReasons::InstallabilityReasons(const InstallabilityCheck &check)
     : m_check(check)
     , m_universe(check.universe())
     , m_settled(check.settled())
-    , m_contradiction(m_universe, m_settled)
+    , m_contradiction(m_universe, &m_settled)
     , m_hopeless(at(m_universe.count()), Universe::Entry{NoSet, Universe::Depends})
 {
     findHopeless();
@@ -112,7 +112,13 @@ QVector<InstallabilityStep> InstallabilityReasons::reason(int package, const Sto
             lacking.insert(lacking.end(), versions.begin(), versions.end());
         }
     }
+    const std::size_t found = rules.size();
     addLacks(rules, std::move(lacking));
+    if (found > 0 && rules.size() > found) {
+        // What lacks something can be excluded already.
+        if (const auto smallest = Contradiction(m_universe, nullptr).smallest(package, rules, stopped))
+            rules = *smallest;
+    }
     return steps(package, rules);
 }
 

@@ -15,7 +15,7 @@ std::size_t at(int index)
 } // namespace
 
 InstallationRules::InstallationRules(const Universe &universe,
-                                     const SettledPackages &settled,
+                                     const SettledPackages *settled,
                                      SatSolver &solver)
     : m_universe(universe)
     , m_settled(settled)

@@ -15,7 +15,8 @@
 class InstallationRules
 {
 public:
-    InstallationRules(const Universe &universe, const SettledPackages &settled, SatSolver &solver);
+    /** Without `settled`, every package has a variable. */
+    InstallationRules(const Universe &universe, const SettledPackages *settled, SatSolver &solver);
 
     /** The variable of the package; 0 for a settled one. */
     int variable(int package);
@@ -44,13 +45,16 @@ private:
     };
 
     const Universe &m_universe;
-    const SettledPackages &m_settled;
+    const SettledPackages *m_settled;
     SatSolver &m_solver;
     std::vector<int> m_variables; ///< by package; 0 as long as there is none
     std::unordered_map<int, Chain> m_chains; ///< by set
     std::vector<bool> m_added; ///< by package: addAround() was here
 
-    SettledPackages::State stateOf(int package) const { return m_settled.state(package); }
+    SettledPackages::State stateOf(int package) const
+    {
+        return m_settled ? m_settled->state(package) : SettledPackages::Open;
+    }
     std::vector<int> openMembers(int set) const;
     /** A clause of the packages and of the literals that are not 0. */
     template <typename Packages>

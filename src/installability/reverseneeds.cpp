@@ -45,6 +45,16 @@ QVector<int> ReverseNeeds::lostWithout(const QVector<int> &gone, const StopReque
     return result;
 }
 
+QVector<int> ReverseNeeds::checkedPackages(const QVector<int> &others) const
+{
+    QVector<int> result;
+    for (int package = 0; package < m_universe.count(); ++package) {
+        if (m_universe.role(package) == Universe::Checked && !others.contains(package))
+            result.append(package);
+    }
+    return result;
+}
+
 QVector<int> ReverseNeeds::possibleUsers(const QVector<int> &packages) const
 {
     std::vector<bool> seen(static_cast<std::size_t>(m_universe.count()));
@@ -55,6 +65,9 @@ QVector<int> ReverseNeeds::possibleUsers(const QVector<int> &packages) const
     while (!queue.empty()) {
         const int package = queue.back();
         queue.pop_back();
+        // What every system has concerns every package.
+        if (m_universe.isEssential(package))
+            return checkedPackages(packages);
         for (const int set : m_index.setsWith(package)) {
             for (const int user : m_index.usersOf(set)) {
                 if (seen[static_cast<std::size_t>(user)])

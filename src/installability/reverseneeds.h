@@ -25,5 +25,7 @@ private:
     const Universe &m_universe;
     NeedIndex m_index;
 
+    /** The checked packages but these. */
+    QVector<int> checkedPackages(const QVector<int> &others) const;
     QVector<int> possibleUsers(const QVector<int> &packages) const;
 };

@@ -21,7 +21,7 @@ QVector<int> SimulatedInstallation::of(int package, const StopRequest &stopped) 
     if (!isPossible(package))
         return {};
     SatSolver solver;
-    InstallationRules rules(m_universe, m_settled, solver);
+    InstallationRules rules(m_universe, &m_settled, solver);
     std::vector<int> around{package};
     for (const std::vector<int> &versions : m_universe.essential()) {
         rules.addOneOf(versions);

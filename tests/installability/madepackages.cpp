@@ -293,6 +293,14 @@ bool MadePackage::offers(const std::string &wanted) const
     return name == wanted || provides(wanted);
 }
 
+std::string MadePackage::textOf(const Entry &entry)
+{
+    std::string text;
+    for (const MadeRelation &relation : entry)
+        text += (text.empty() ? "" : " | ") + relation.text();
+    return text;
+}
+
 QByteArray MadePackage::paragraph() const
 {
     std::string text
@@ -303,11 +311,8 @@ QByteArray MadePackage::paragraph() const
         text += "Essential: yes\n";
     for (std::size_t i = 0; i < fields.size(); ++i) {
         std::string value;
-        for (const Entry &entry : fields[i]) {
-            for (const MadeRelation &relation : entry)
-                value
-                    += (&relation == &entry.front() ? (value.empty() ? "" : ", ") : " | ") + relation.text();
-        }
+        for (const Entry &entry : fields[i])
+            value += (value.empty() ? "" : ", ") + textOf(entry);
         if (!value.empty())
             text += Names[i] + (": " + value) + '\n';
     }

@@ -33,6 +33,7 @@ struct MadePackage
     std::array<std::vector<Entry>, FieldCount> fields;
 
     QByteArray paragraph() const;
+    static std::string textOf(const Entry &entry);
     /** Whether it has the name or provides it. */
     bool offers(const std::string &wanted) const;
     bool provides(const std::string &wanted) const;

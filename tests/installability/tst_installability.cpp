@@ -3,7 +3,10 @@
 #include "installability/checkedindex.h"
 #include "installability/dosedebcheck.h"
 #include "installability/installabilitycheck.h"
+#include "installability/installabilityreasons.h"
 #include "installability/madepackages.h"
+#include "installability/reverseneeds.h"
+#include "installability/simulatedinstallation.h"
 #include "support/testenvironment.h"
 
 namespace
@@ -63,6 +66,78 @@ QString smallestDifference(MadePackages packages, const InstallSystem &system)
     const QByteArray index = indexOf(packages);
     return difference(index, system) + QString::fromUtf8(index);
 }
+
+/**
+ * An index from a short form: "t 1 amd64 Depends: n, m | n 2 i386 foreign" and so on, where a package that ends with
+ * "essential" is one.
+ */
+QByteArray indexFrom(const QString &packages)
+{
+    QString index;
+    const QStringList list = packages.split(" / "_s);
+    for (const QString &package : list) {
+        const int relations = package.indexOf(QRegularExpression(" [A-Z]"_s));
+        const QStringList words = package.left(relations).split(u' ');
+        index += "Package: %1\nVersion: %2\nArchitecture: %3\n"_s.arg(words.at(0), words.at(1), words.at(2));
+        if (words.value(3) == "essential"_s)
+            index += "Essential: yes\n"_s;
+        else if (words.size() > 3)
+            index += "Multi-Arch: %1\n"_s.arg(words.at(3));
+        if (relations >= 0)
+            index += package.mid(relations + 1).replace("; "_s, "\n"_s) + u'\n';
+        index += u'\n';
+    }
+    return index.toUtf8();
+}
+
+std::string nameOf(const MadePackage &package)
+{
+    return package.name + ' ' + package.version + ' ' + package.architecture;
+}
+
+QString nameOf(const NamedPackage &package)
+{
+    return package.name + u' ' + package.version + u' ' + package.architecture;
+}
+
+/** The packages that the steps name, with no more relations than the steps have. */
+MadePackages namedIn(const QVector<InstallabilityStep> &steps, const MadePackages &all)
+{
+    const QStringList fields = "Pre-Depends|Depends|Conflicts|Breaks"_list;
+    MadePackages result;
+    for (MadePackage package : all) {
+        const QString name = QString::fromStdString(nameOf(package));
+        const auto isMeant = [&name](const NamedPackage &named) { return nameOf(named) == name; };
+        bool isNamed = false;
+        package.essential = false;
+        std::array<std::vector<MadePackage::Entry>, MadePackage::FieldCount> kept;
+        kept[MadePackage::Provides] = package.fields[MadePackage::Provides];
+        for (const InstallabilityStep &step : steps) {
+            const bool isTarget = std::any_of(step.targets.begin(), step.targets.end(), isMeant);
+            isNamed = isNamed || isTarget || isMeant(step.package);
+            package.essential = package.essential || (isTarget && step.field == "Essential"_s);
+            const int field = fields.indexOf(step.field);
+            if (field < 0 || !isMeant(step.package))
+                continue;
+            for (const MadePackage::Entry &entry : package.fields[static_cast<std::size_t>(field)]) {
+                if (MadePackage::textOf(entry) == step.relation.toStdString())
+                    kept[static_cast<std::size_t>(field)].push_back(entry);
+            }
+        }
+        package.fields = kept;
+        if (isNamed)
+            result.push_back(package);
+    }
+    return result;
+}
+
+bool isBrokenForJudge(const QString &package, const MadePackages &packages, const InstallSystem &system)
+{
+    const DoseDebcheck::Verdict verdict = DoseDebcheck::judge(indexOf(packages), system);
+    if (!verdict.error.isEmpty())
+        qFatal("%s", qPrintable(verdict.error));
+    return verdict.broken.contains(package);
+}
 } // namespace
 
 /** Verdicts, compared package by package with a complete solver, and with apt where the solver is wrong. */
@@ -90,6 +165,241 @@ private Q_SLOTS:
         }
         // Neither of the verdicts is rare.
         QVERIFY(broken > all / 5 && broken < all * 4 / 5);
+    }
+
+    /**
+     * Hand-made cases, each judged by all. What dose-debcheck decides otherwise is its fault; apt takes only the newest
+     * version of what it was not asked for.
+     */
+    void rules()
+    {
+        VELT_NEED_TOOL("dose-debcheck");
+        VELT_NEED_TOOL("apt-get");
+        enum Judge { Nobody = 0, Dose = 1, Apt = 2 };
+        // The first package is the one that is asked about.
+        const auto row = [](const char *packages, bool isInstallable, int others = Nobody) {
+            const QByteArray index = indexFrom(QString::fromLatin1(packages));
+            const QString asked = QString::fromLatin1(packages).split(u' ').mid(0, 3).join(u' ');
+            const DoseDebcheck::Verdict dose = DoseDebcheck::judge(index, TwoArchitectures);
+            QVERIFY2(dose.error.isEmpty(), qPrintable(dose.error));
+            const bool here = !brokenHere(index, TwoArchitectures).contains(asked);
+            const bool doseAgrees = dose.broken.contains(asked) != isInstallable;
+            const bool aptAgrees = AptSimulation(index, TwoArchitectures).installs({asked}) == isInstallable;
+            QVERIFY2(here == isInstallable, packages);
+            QVERIFY2(doseAgrees == ((others & Dose) == 0), packages);
+            QVERIFY2(aptAgrees == ((others & Apt) == 0), packages);
+        };
+        // What meets a dependency of another architecture.
+        for (const char *multiArch : {"no", "same", "allowed", "foreign"}) {
+            const auto both = [&](const char *packages, bool isInstallable, int others = Nobody) {
+                row(qPrintable(QString::fromLatin1(packages).replace("MA"_s, QString::fromLatin1(multiArch))),
+                    isInstallable,
+                    others);
+            };
+            const bool isForeign = qstrcmp(multiArch, "foreign") == 0;
+            const bool isAllowed = qstrcmp(multiArch, "allowed") == 0;
+            both("t 1 amd64 Depends: n / n 1 i386 MA", isForeign);
+            both("t 1 all Depends: n / n 1 i386 MA", isForeign);
+            both("t 1 i386 Depends: v (= 2) / n 1 amd64 MA Provides: v (= 2)", isForeign);
+            both("t 1 i386 Depends: n / n 1 all MA", isForeign);
+            both("t 1 amd64 Depends: n:any / n 1 i386 MA", isAllowed, isAllowed ? Nobody : Dose);
+            both("t 1 i386 Depends: n:any / n 1 all MA", isAllowed, isAllowed ? Nobody : Dose);
+            both("t 1 amd64 Depends: v:any (>= 2) / n 1 i386 MA Provides: v (= 2)", isAllowed);
+            both("t 1 amd64 Depends: n:any (>= 2) / n 1 amd64 MA", false, Dose);
+            both("t 1 amd64 Depends: n:i386 / n 1 i386 MA", true);
+            both("t 1 amd64 Depends: n:i386 / n 1 amd64 MA", false, isForeign ? Dose : Nobody);
+            both("t 1 i386 Depends: n:native / n 1 all MA", true);
+            both("t 1 i386 Depends: v / n 1 amd64 MA Provides: v:i386", true, isAllowed ? Dose : Nobody);
+            // What a conflict hits.
+            both("t 1 amd64 Depends: a, n:i386 / a 1 amd64 Conflicts: n / n 1 i386 MA", false);
+            both("t 1 amd64 Depends: a, n:i386 / a 1 all Breaks: v (<< 3) / n 1 i386 MA Provides: v (= 2)",
+                 false);
+            both("t 1 amd64 Depends: a, n:i386 / a 1 amd64 Conflicts: n:amd64 / n 1 i386 MA",
+                 true,
+                 isForeign ? Dose : Nobody);
+            both("t 1 amd64 Depends: a, n / a 1 amd64 Conflicts: n:any / n 1 amd64 MA",
+                 !isAllowed,
+                 isAllowed ? Nobody : Dose);
+            both("t 1 amd64 Depends: a, n / a 1 amd64 Conflicts: n:i386 / n 1 all MA",
+                 true,
+                 isForeign ? Dose : Nobody);
+            // The same name twice.
+            for (const char *other : {"no", "same", "allowed", "foreign"}) {
+                const bool areSame = qstrcmp(multiArch, "same") == 0 && qstrcmp(other, "same") == 0;
+                const bool hasForeign = isForeign || qstrcmp(other, "foreign") == 0;
+                both(qPrintable("t 1 amd64 Depends: n:amd64, n:i386 / n 1 amd64 MA / n 1 i386 "_s
+                                + QString::fromLatin1(other)),
+                     areSame,
+                     hasForeign ? Dose : Nobody);
+                both(qPrintable("t 1 amd64 Depends: n:amd64, n:i386 / n 1 amd64 MA / n 2 i386 "_s
+                                + QString::fromLatin1(other)),
+                     false,
+                     hasForeign ? Dose : Nobody);
+            }
+        }
+        row("t 1 amd64 Depends: n:amd64, n:i386 / n 1 all same / n 1 i386 same", false, Dose);
+        row("t 1 amd64 Depends: n:any / n 1 amd64 / m 1 i386 allowed Provides: n", true);
+        // The two names of a compiler's libraries: the qualifiers name other packages.
+        row("t 1 amd64 Depends: a, b / a 1 amd64 Conflicts: a:x32, b:i386 / b 1 amd64 Conflicts: a:x32, "
+            "b:i386",
+            true);
+        // Its own name, and names that it provides itself.
+        row("t 1 amd64 Conflicts: t, v; Provides: v; Breaks: t (<< 2)", true);
+        row("t 1 amd64 Depends: a, b / a 1 amd64 Conflicts: v; Provides: v / b 1 amd64 Conflicts: v; "
+            "Provides: v",
+            false);
+        row("t 1 amd64 Depends: n:amd64, n:i386 / n 1 amd64 same Conflicts: n, n:i386 / n 1 i386 same", true);
+        row("t 1 amd64 Depends: n:amd64, n:i386 / n 1 amd64 same Conflicts: v / n 1 i386 same Provides: v",
+            true,
+            Dose);
+        row("t 1 amd64 Depends: a, n / a 1 amd64 same Breaks: v (<< 3) / n 1 amd64 Provides: v (= 2)",
+            false,
+            Dose);
+        // Provided versions.
+        row("t 1 amd64 Depends: v (>= 1) / n 3 amd64 Provides: v", false);
+        row("t 1 amd64 Depends: v (= 2) / n 3 amd64 Provides: v (= 2)", true);
+        row("t 1 amd64 Depends: n (= 5) / n 3 amd64 Provides: n (= 5)", true);
+        row("t 1 amd64 Depends: a, n / a 1 amd64 Conflicts: v (<< 3) / n 3 amd64 Provides: v", true);
+        row("t 1 amd64 Depends: v:amd64 (>= 1) / n 3 amd64 Provides: v", false);
+        // The old forms of operators mean "or equal".
+        row("t 1 amd64 Depends: n (> 1) / n 1 amd64", true, Dose);
+        row("t 1 amd64 Depends: n (< 1) / n 1 amd64", true, Dose);
+        row("t 1 amd64 Depends: n (= 0:1-0) / n 1 amd64", true);
+        // Versions of one name.
+        row("t 1 amd64 Depends: n (<< 2), m / n 2 amd64 / m 1 amd64 Depends: n (>> 1)", false);
+        row("t 1 amd64 Depends: n (= 1) / n 1 amd64 / n 2 amd64", true, Apt);
+        row("t 1 amd64 Depends: n, n (<< 2) / n 1 amd64 / n 2 all", true, Apt);
+        // Cycles, and a package that needs itself.
+        row("t 1 amd64 Depends: a, t (>= 1) / a 1 amd64 Depends: t", true);
+        row("t 1 amd64 Depends: a, b / a 1 amd64 Depends: t; Conflicts: b / b 1 amd64", false);
+        row("t 1 amd64 Depends: t (>= 2)", false);
+        row("t 1 amd64 Depends: a, b / a 1 amd64 Breaks: b; Replaces: b / b 1 amd64", false);
+        // Essential packages are everywhere, but apt knows only those that are installed.
+        row("t 1 amd64 / e 1 amd64 essential Depends: missing", false, Apt);
+        row("t 1 amd64 Conflicts: e / e 1 amd64 essential", false, Apt);
+        row("t 1 amd64 Breaks: e (<< 2) / e 1 amd64 essential / e 2 amd64 essential", true);
+        row("t 1 amd64 Conflicts: e:i386 / e 1 amd64 essential / e 1 i386 essential", true);
+        row("e 2 amd64 / e 1 amd64 essential", false, Apt);
+    }
+
+    /** The packages of a reason alone are a contradiction, and without any of its steps there is none. */
+    void reasons()
+    {
+        VELT_NEED_TOOL("dose-debcheck");
+        int reasons = 0;
+        int longest = 0;
+        for (unsigned seed = 1; seed <= 30; ++seed) {
+            const InstallSystem &system = seed % 2 == 0 ? OneArchitecture : TwoArchitectures;
+            const MadePackages packages = madeRepository(seed, seed % 2 != 0);
+            Universe universe(system);
+            addIndex(&universe, indexOf(packages));
+            universe.finish();
+            InstallabilityCheck check(universe);
+            check.run(everyPackage(universe));
+            InstallabilityReasons explained(check);
+            int asked = 0;
+            for (int i = 0; i < universe.count() && asked < 6; ++i) {
+                if (check.state(i) != NotInstallable)
+                    continue;
+                ++asked;
+                const QString name = nameOf(universe, i);
+                const QVector<InstallabilityStep> steps = explained.reason(i);
+                const QString where = "seed %1, %2"_s.arg(QString::number(seed), name);
+                QVERIFY2(!steps.isEmpty(), qPrintable(where));
+                QVERIFY2(isBrokenForJudge(name, namedIn(steps, packages), system), qPrintable(where + u'\n' + QString::fromUtf8(indexOf(namedIn(steps, packages)))));
+                for (int left = 0; left < steps.size(); ++left) {
+                    QVector<InstallabilityStep> fewer = steps;
+                    // Versions exclude each other without a relation.
+                    if (steps.at(left).field.isEmpty())
+                        continue;
+                    // The packages stay, only the relation goes.
+                    fewer[left].relation.clear();
+                    if (steps.at(left).field == "Essential"_s)
+                        fewer[left].field.clear();
+                    QVERIFY2(!isBrokenForJudge(name, namedIn(fewer, packages), system),
+                             qPrintable(where + ": step %1 can be left out\n"_s.arg(left)
+                                        + QString::fromUtf8(indexOf(namedIn(steps, packages)))));
+                }
+                ++reasons;
+                longest = std::max(longest, steps.size());
+            }
+        }
+        QVERIFY(reasons > 50 && longest > 3);
+    }
+
+    /** All that comes along can be installed together, with nothing else. */
+    void simulatedInstallations()
+    {
+        VELT_NEED_TOOL("dose-debcheck");
+        int largest = 0;
+        for (unsigned seed = 1; seed <= 60; ++seed) {
+            const InstallSystem &system = seed % 2 == 0 ? OneArchitecture : TwoArchitectures;
+            const MadePackages packages = madeRepository(seed, seed % 2 != 0);
+            const QSet<QString> broken = brokenHere(indexOf(packages), system);
+            Universe universe(system);
+            addIndex(&universe, indexOf(packages));
+            universe.finish();
+            const SimulatedInstallation simulated(universe);
+            for (int i = 0; i < universe.count(); i += 9) {
+                const QVector<int> installed = simulated.of(i);
+                QCOMPARE(installed.isEmpty(), broken.contains(nameOf(universe, i)));
+                if (installed.isEmpty())
+                    continue;
+                QCOMPARE(installed.first(), i);
+                largest = std::max(largest, installed.size());
+                MadePackage all;
+                all.name = "all-of-them";
+                all.version = "1";
+                all.architecture = "all";
+                MadePackages alone;
+                for (const int package : installed) {
+                    const auto made
+                        = std::find_if(packages.begin(), packages.end(), [&](const MadePackage &other) {
+                              return QString::fromStdString(nameOf(other)) == nameOf(universe, package);
+                          });
+                    alone.push_back(*made);
+                    all.fields[MadePackage::Depends].push_back(
+                        {{made->name, made->installedAs(), "=", made->version}});
+                }
+                alone.push_back(all);
+                QVERIFY2(!isBrokenForJudge("all-of-them 1 all"_s, alone, system), indexOf(alone).constData());
+            }
+        }
+        QVERIFY(largest > 5);
+    }
+
+    /** What the judge finds broken only after packages have gone. */
+    void lostWithout()
+    {
+        VELT_NEED_TOOL("dose-debcheck");
+        int lost = 0;
+        for (unsigned seed = 1; seed <= 100; ++seed) {
+            const InstallSystem &system = seed % 2 == 0 ? OneArchitecture : TwoArchitectures;
+            const MadePackages packages = madeRepository(seed, seed % 2 != 0);
+            Universe universe(system);
+            addIndex(&universe, indexOf(packages));
+            universe.finish();
+            QVector<int> gone;
+            MadePackages left = packages;
+            for (std::size_t i = seed % packages.size(); i < left.size() && gone.size() < 3; i += 7) {
+                gone.append(packageOf(universe, QString::fromStdString(nameOf(left[i]))));
+                left.erase(left.begin() + static_cast<std::ptrdiff_t>(i));
+            }
+            const DoseDebcheck::Verdict before = DoseDebcheck::judge(indexOf(packages), system);
+            const DoseDebcheck::Verdict after = DoseDebcheck::judge(indexOf(left), system);
+            QVERIFY2(before.error.isEmpty() && after.error.isEmpty(), qPrintable(before.error + after.error));
+            QSet<QString> found;
+            const QVector<int> without = ReverseNeeds(universe).lostWithout(gone);
+            for (const int package : without)
+                found.insert(nameOf(universe, package));
+            QVERIFY2(found == after.broken - before.broken,
+                     qPrintable("seed %1: %2 instead of %3"_s.arg(
+                         QString::number(seed),
+                         sorted(found).join(", "_s),
+                         sorted(after.broken - before.broken).join(", "_s))));
+            lost += found.size();
+        }
+        QVERIFY(lost > 50);
     }
 };
 
