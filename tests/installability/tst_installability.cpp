@@ -230,6 +230,7 @@ private Q_SLOTS:
             both("t 1 amd64 Depends: a, n / a 1 amd64 Conflicts: n:any / n 1 amd64 MA",
                  !isAllowed,
                  isAllowed ? Nobody : Dose);
+            both("t 1 amd64 Depends: a, n / a 1 amd64 Conflicts: n:any (<< 1) / n 1 amd64 MA", true, Dose);
             both("t 1 amd64 Depends: a, n / a 1 amd64 Conflicts: n:i386 / n 1 all MA",
                  true,
                  isForeign ? Dose : Nobody);
@@ -412,6 +413,93 @@ private Q_SLOTS:
             lost += found.size();
         }
         QVERIFY(lost > 50);
+    }
+
+    /** Sizes that no honest repository has. Each has a plain answer, found without trying every pair. */
+    void hugeRelations()
+    {
+        const auto package = [](const QByteArray &name,
+                                const QByteArray &fields,
+                                const QByteArray &version = "1") -> QByteArray {
+            return "Package: " + name + "\nVersion: " + version + "\nArchitecture: amd64\n" + fields + "\n\n";
+        };
+        const auto number = [](int i) { return QByteArray::number(i); };
+        QByteArray index;
+        QByteArray alternatives;
+        QByteArray lacking;
+        for (int i = 0; i < 10000; ++i) {
+            // All of them provide one name and exclude whoever does so.
+            index += package("one" + number(i), "Provides: only\nConflicts: only");
+            alternatives += (i > 0 ? " | one" : "one") + number(i);
+            lacking += (i > 0 ? " | none" : "none") + number(i);
+        }
+        index += package("choosing", "Depends: " + alternatives);
+        index += package("choosing-nothing", "Depends: " + lacking);
+        index += package("two-of-them", "Depends: one7, " + alternatives + ", one8");
+        index += package("any-of-them", "Depends: only");
+        for (int i = 0; i < 5000; ++i)
+            index += package("cycle" + number(i), "Depends: cycle" + number((i + 1) % 5000));
+        const QByteArray digits(1 << 20, '7');
+        index += package("long-version", {}, digits);
+        index += package("needs-longer", "Depends: long-version (>> " + digits + "1)");
+        index += package("needs-long", "Depends: long-version (>= " + digits + ")");
+        for (int i = 0; i < 500; ++i)
+            index += package("compares" + number(i), "Depends: long-version (>= " + number(i) + ")");
+        Universe universe(OneArchitecture);
+        addIndex(&universe, index);
+        universe.finish();
+        // All the others would be like these, and each needs a search.
+        QVector<int> asked{0, 1, 2, 3, 4, 5};
+        for (int i = 10000; i < universe.count(); ++i)
+            asked.append(i);
+        InstallabilityCheck check(universe);
+        QVERIFY(check.run(asked));
+        QSet<QString> broken;
+        for (const int one : qAsConst(asked)) {
+            if (check.state(one) != Installable)
+                broken.insert(nameOf(universe, one));
+        }
+        QCOMPARE(sorted(broken), "choosing-nothing 1 amd64|needs-longer 1 amd64|two-of-them 1 amd64"_list);
+    }
+
+    /** One nest less than birds: true only for who counts, and beyond every search. */
+    void undecided()
+    {
+        const int nests = 16;
+        QByteArray index = "Package: fine\nVersion: 1\nArchitecture: amd64\nConflicts: nest0\n\n"
+                           "Package: flock\nVersion: 1\nArchitecture: amd64\nDepends: bird0";
+        for (int bird = 1; bird <= nests; ++bird)
+            index += ", bird" + QByteArray::number(bird);
+        for (int bird = 0; bird <= nests; ++bird) {
+            QByteArray places;
+            QByteArray packages;
+            for (int nest = 0; nest < nests; ++nest) {
+                const QByteArray place = "place" + QByteArray::number(bird) + '-' + QByteArray::number(nest);
+                places += (nest > 0 ? " | " : "") + place;
+                packages += "\n\nPackage: " + place + "\nVersion: 1\nArchitecture: amd64\nProvides: nest"
+                            + QByteArray::number(nest) + "\nConflicts: nest" + QByteArray::number(nest);
+            }
+            index += packages + "\n\nPackage: bird" + QByteArray::number(bird)
+                     + "\nVersion: 1\nArchitecture: amd64\nDepends: " + places;
+        }
+        Universe universe(OneArchitecture);
+        addIndex(&universe, index);
+        universe.finish();
+        const int flock = packageOf(universe, "flock 1 amd64"_s);
+        const int fine = packageOf(universe, "fine 1 amd64"_s);
+
+        InstallabilityCheck stopped(universe);
+        int questions = 0;
+        QVERIFY(!stopped.run({flock}, [&questions] { return ++questions > 100; }));
+        // Without the stop it would be undecided.
+        QCOMPARE(stopped.state(flock), InstallabilityUnknown);
+
+        InstallabilityCheck check(universe);
+        QVERIFY(check.run(everyPackage(universe)));
+        QCOMPARE(check.state(flock), InstallabilityUndecided);
+        QVERIFY(check.secondsOf(flock) >= InstallabilityCheck::LongestSearch);
+        QCOMPARE(check.state(fine), Installable);
+        QCOMPARE(check.state(packageOf(universe, "bird0 1 amd64"_s)), Installable);
     }
 };
 
