@@ -1,75 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsdata.h"
 
-#include "files/regularfile.h"
-#include "files/renamepath.h"
-
-#include <QCoreApplication>
-#include <QDeadlineTimer>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
-#include <QLockFile>
-#include <QLoggingCategory>
-#include <QMutex>
-#include <QMutexLocker>
-#include <QSaveFile>
-#include <QStandardPaths>
 
 #include <algorithm>
 #include <utility>
 
 namespace
 {
-using DependsJson::Outcome;
-
-Q_LOGGING_CATEGORY(log, "velt.depends", QtInfoMsg)
-
-/**
- * Held while the file is read, changed and written, so that a save of one tab or of another process does not overwrite
- * that of another. A process that was killed holds nothing.
- */
-class FileLock
-{
-public:
-    explicit FileLock(const QString &fileName)
-        : m_threads(&mutex())
-        , m_processes(fileName + QLatin1String(".lock"))
-    {
-        constexpr int Patience = 10000; // milliseconds; a large file takes one or two seconds
-        // Only the death of its owner makes the lock free, and not its age.
-        m_processes.setStaleLockTime(0);
-        QDir().mkpath(QFileInfo(fileName).path());
-        // A longer attempt would try again ever more seldom.
-        constexpr int Attempt = 50; // milliseconds
-        const QDeadlineTimer end(Patience);
-        do
-            m_isHeld = m_processes.tryLock(Attempt);
-        while (!m_isHeld && m_processes.error() == QLockFile::LockFailedError && !end.hasExpired());
-    }
-    bool isHeld() const { return m_isHeld; }
-
-private:
-    const QMutexLocker m_threads;
-    QLockFile m_processes;
-    bool m_isHeld = false;
-
-    static QMutex &mutex()
-    {
-        static QMutex mutex;
-        return mutex;
-    }
-};
-
-Outcome readFile(const QString &fileName, const QString &repoPath, StoredPackages *stored)
-{
-    RegularFile file(fileName);
-    // An empty file holds no results that could be lost, so it is not reported as broken.
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || file.size() == 0)
-        return Outcome::Failed;
-    return DependsJson::read(&file, repoPath, stored);
-}
-
 /** The stored record that belongs to the package, out of records with its name; the first when none matches. */
 const StoredDepends &storedFor(const PackageInfo &package, const QVector<StoredDepends> &stored)
 {
@@ -108,17 +46,15 @@ QSharedPointer<const DependsInfo> resultsFor(const QString &architecture, const 
 }
 } // namespace
 
-DependsData::DependsData(QString fileName, QString repoPath, QObject *parent)
+DependsData::DependsData(const QString &fileName, QString repoPath, QObject *parent)
     : QObject(parent)
-    , m_fileName(std::move(fileName))
+    , m_file(fileName, DependsJson::indent)
     , m_repoPath(std::move(repoPath))
 { }
 
 QString DependsData::userFileName()
 {
-    return QStringLiteral("%1/corvana/%2-dependencies.json")
-        .arg(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation),
-             QCoreApplication::applicationName());
+    return ResultsFile::userFileName(QStringLiteral("dependencies"));
 }
 
 void DependsData::loadData(const QString &repoPath)
@@ -128,31 +64,25 @@ void DependsData::loadData(const QString &repoPath)
     m_repoPath = repoPath;
     m_saved.clear();
     StoredPackages stored;
-    Outcome outcome = readFile(m_fileName, m_repoPath, &stored);
-    bool keptAside = false;
-    if (outcome == Outcome::Broken) {
-        // Another program may have replaced the file with a good one meanwhile.
-        const FileLock lock(m_fileName);
-        outcome = readFile(m_fileName, m_repoPath, &stored);
-        keptAside = outcome == Outcome::Broken && lock.isHeld() && moveAside();
-    }
-    m_stored = outcome == Outcome::Done ? stored : StoredPackages();
-    if (keptAside)
-        Q_EMIT fileBroken(brokenName());
+    QString keptAs;
+    const auto read = [&](QIODevice *file) { return DependsJson::read(file, m_repoPath, &stored); };
+    m_stored = m_file.read(read, &keptAs) ? stored : StoredPackages();
+    if (!keptAs.isEmpty())
+        Q_EMIT fileBroken(keptAs);
 }
 
 void DependsData::changePath(const QString &newPath)
 {
     if (m_repoPath.isEmpty() || newPath.isEmpty() || newPath == m_repoPath)
         return;
-    if (hasMember({m_repoPath, newPath}) && !rewrite({m_repoPath, newPath, {}}))
+    if (m_file.hasMember({m_repoPath, newPath}) && !rewrite({m_repoPath, newPath, {}}))
         m_saved.clear();
     m_repoPath = newPath;
 }
 
 void DependsData::removeRepoData()
 {
-    if (!m_repoPath.isEmpty() && hasMember({m_repoPath}))
+    if (!m_repoPath.isEmpty() && m_file.hasMember({m_repoPath}))
         rewrite({m_repoPath, QString(), {}});
     m_stored.clear();
     m_saved.clear();
@@ -186,7 +116,7 @@ void DependsData::savePackages(const QList<PackageInfoPtr> &packages)
         return;
     // Records never change, so the same records have the same results.
     if (std::equal(packages.cbegin(), packages.cend(), m_saved.cbegin(), m_saved.cend())
-        && QFile::exists(m_fileName))
+        && QFile::exists(m_file.fileName()))
         return;
     m_stored.clear();
     m_saved.clear();
@@ -194,51 +124,11 @@ void DependsData::savePackages(const QList<PackageInfoPtr> &packages)
         m_saved = {packages.cbegin(), packages.cend()};
 }
 
-bool DependsData::hasMember(const QStringList &repositories) const
-{
-    RegularFile file(m_fileName);
-    return file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)
-           && DependsJson::hasMember(&file, repositories);
-}
-
 bool DependsData::rewrite(const DependsJson::Change &change)
 {
-    bool keptAside = false;
-    Outcome outcome = Outcome::Failed;
-    {
-        const FileLock lock(m_fileName);
-        if (lock.isHeld())
-            outcome = rewriteOnce(change);
-        if (outcome == Outcome::Broken) {
-            keptAside = moveAside();
-            if (keptAside)
-                outcome = rewriteOnce(change);
-        }
-    }
-    if (keptAside)
-        Q_EMIT fileBroken(brokenName());
-    if (outcome != Outcome::Done)
-        qCDebug(log, "%s could not be written", qUtf8Printable(m_fileName));
-    return outcome == Outcome::Done;
-}
-
-Outcome DependsData::rewriteOnce(const DependsJson::Change &change)
-{
-    RegularFile old(m_fileName);
-    const bool isThere = old.exists() && old.size() > 0;
-    // A file that cannot be read may hold results of other repositories, so it must not be overwritten.
-    if (isThere && !old.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
-        return Outcome::Failed;
-    QSaveFile file(m_fileName);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return Outcome::Failed;
-    const Outcome outcome = DependsJson::rewrite(isThere ? &old : nullptr, &file, change);
-    if (outcome != Outcome::Done)
-        return outcome;
-    return file.commit() ? Outcome::Done : Outcome::Failed;
-}
-
-bool DependsData::moveAside()
-{
-    return renamePath(m_fileName, brokenName());
+    QString keptAs;
+    const bool isWritten = m_file.rewrite(DependsJson::documentChange(change), &keptAs);
+    if (!keptAs.isEmpty())
+        Q_EMIT fileBroken(keptAs);
+    return isWritten;
 }

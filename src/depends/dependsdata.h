@@ -3,6 +3,7 @@
 
 #include "core/packageinfo.h"
 #include "depends/dependsjson.h"
+#include "results/resultsfile.h"
 
 #include <QList>
 #include <QObject>
@@ -22,7 +23,7 @@ class DependsData : public QObject
     Q_OBJECT
 public:
     /** `repoPath` makes a repository the current one without loading its results. */
-    explicit DependsData(QString fileName, QString repoPath = QString(), QObject *parent = nullptr);
+    explicit DependsData(const QString &fileName, QString repoPath = QString(), QObject *parent = nullptr);
 
     /** The file of the user, below the configuration folder and named after the application. */
     static QString userFileName();
@@ -51,16 +52,12 @@ Q_SIGNALS:
     void fileBroken(const QString &keptAs);
 
 private:
-    const QString m_fileName;
+    const ResultsFile m_file;
     QString m_repoPath;
     StoredPackages
         m_stored; ///< from loading to merging; from then on the records of the packages hold the results
     /** The records whose results the file holds; empty when this is not known. Weak, to free results that changed. */
     std::vector<QWeakPointer<const PackageInfo>> m_saved;
 
-    QString brokenName() const { return m_fileName + QLatin1String(".broken"); }
-    bool hasMember(const QStringList &repositories) const;
     bool rewrite(const DependsJson::Change &change);
-    DependsJson::Outcome rewriteOnce(const DependsJson::Change &change);
-    bool moveAside();
 };

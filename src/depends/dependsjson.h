@@ -2,13 +2,11 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "results/resultsdocument.h"
 
 #include <QHash>
 #include <QList>
 #include <QSharedPointer>
-#include <QString>
-
-class QIODevice;
 
 /** The stored result of one package's dependency check. */
 struct StoredDepends
@@ -26,19 +24,15 @@ struct StoredDepends
 using StoredPackages = QHash<QString, QVector<StoredDepends>>;
 
 /**
- * The document with the results of dependency checks: an object with one member for each repository, named with the
- * repository's path. The document can have hundreds of megabytes, so it is processed as a stream and never held in
- * memory. When several packages have the same name, for example for several architectures, the first is the member and
- * the others are in its array "others".
+ * The document with the results of dependency checks. When several packages have the same name, for example for several
+ * architectures, the first is the member and the others are in its array "others".
  */
 namespace DependsJson
 {
-/** The result of reading or rewriting. */
-enum class Outcome {
-    Done,
-    Broken, ///< the input is not a document of this form
-    Failed ///< the input could not be read, or the output could not be written
-};
+using ResultsDocument::Outcome;
+
+/** The blanks for each level of the document. */
+inline constexpr int indent = 4;
 
 /** A change to the document. */
 struct Change
@@ -54,8 +48,8 @@ struct Change
  */
 Outcome read(QIODevice *input, const QString &repository, StoredPackages *stored);
 
-/** Whether `input` has a member for one of `repositories`. The text after this member is not checked. */
-bool hasMember(QIODevice *input, const QStringList &repositories);
+/** The change in the terms of the document; valid as long as `change` is. */
+ResultsDocument::Change documentChange(const Change &change);
 
 /** Copies the document `input`, or an empty one when `input` is null, to `output` and applies `change`. */
 Outcome rewrite(QIODevice *input, QIODevice *output, const Change &change);

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the stored results of one repository.
+#include "core/stringpool.h"
 #include "depends/dependsjson.h"
 #include "depends/dependsjsonparts.h"
-#include "depends/jsondevice.h"
 #include "depends/localcandidates.h"
-#include "depends/stringpool.h"
+#include "results/jsondevice.h"
 
 #include <QSet>
-#include <QStringList>
 
 #include <algorithm>
 #include <string>
@@ -149,7 +148,7 @@ private:
     bool enter(Place place)
     {
         m_places.push_back(place);
-        return m_hasRoot && m_places.size() <= DependsJson::maximumDepth;
+        return m_hasRoot && m_places.size() <= ResultsDocument::maximumDepth;
     }
     Place objectIn(Place outer);
     Place arrayIn(Place outer);
@@ -336,43 +335,6 @@ bool ResultsHandler::RawNumber(const char *text, Size size, bool /*copy*/)
         *target = toStatus({text, size});
     return true;
 }
-
-/** Ends the parsing at the first root member with one of the names. */
-class MemberHandler : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, MemberHandler>
-{
-public:
-    explicit MemberHandler(const QStringList &names)
-    {
-        for (const QString &name : names)
-            m_names.push_back(name.toStdString());
-    }
-
-    bool found() const { return m_found; }
-
-    bool Key(const char *text, Size size, bool /*copy*/)
-    {
-        if (m_depth == 1)
-            for (const std::string &name : m_names)
-                m_found = m_found || name == std::string_view(text, size);
-        return !m_found;
-    }
-    bool StartObject() { return enter(); }
-    bool StartArray() { return enter(); }
-    bool EndObject(Size /*count*/) { return leave(); }
-    bool EndArray(Size /*count*/) { return leave(); }
-
-private:
-    std::vector<std::string> m_names;
-    int m_depth = 0;
-    bool m_found = false;
-
-    bool enter() { return ++m_depth < DependsJson::maximumDepth; }
-    bool leave()
-    {
-        --m_depth;
-        return true;
-    }
-};
 } // namespace
 
 Outcome DependsJson::read(QIODevice *input, const QString &repository, StoredPackages *stored)
@@ -381,17 +343,8 @@ Outcome DependsJson::read(QIODevice *input, const QString &repository, StoredPac
     JsonInput stream(input);
     ResultsHandler handler(repository, stored);
     rapidjson::Reader reader;
-    const bool parsed = !reader.Parse<parseFlags>(stream, handler).IsError();
+    const bool parsed = !reader.Parse<jsonParseFlags>(stream, handler).IsError();
     if (stream.hasFailed())
         return Outcome::Failed;
     return parsed && handler.hasRoot() ? Outcome::Done : Outcome::Broken;
-}
-
-bool DependsJson::hasMember(QIODevice *input, const QStringList &repositories)
-{
-    JsonInput stream(input);
-    MemberHandler handler(repositories);
-    rapidjson::Reader reader;
-    reader.Parse<parseFlags>(stream, handler);
-    return handler.found();
 }

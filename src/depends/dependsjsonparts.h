@@ -3,8 +3,6 @@
 
 #include <string_view>
 
-#include <rapidjson/reader.h>
-
 /** The parts that reading and writing the document of dependency results share. */
 namespace DependsJson
 {
@@ -37,13 +35,4 @@ inline constexpr std::string_view preDepends = "Pre-Depends";
 /** The repository itself as a source. Its displayed name depends on the user's language, which may change. */
 inline constexpr std::string_view local = "Local";
 } // namespace Key
-
-/**
- * Far more levels than we ever write. Without a limit, an indented document could grow with the square of its depth.
- */
-inline constexpr int maximumDepth = 1024;
-
-/** Numbers are kept as text, so that numbers in other members are copied unchanged. */
-inline constexpr unsigned parseFlags = rapidjson::kParseIterativeFlag | rapidjson::kParseValidateEncodingFlag
-                                       | rapidjson::kParseNumbersAsStringsFlag;
 } // namespace DependsJson

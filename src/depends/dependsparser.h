@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/packageinfo.h"
-#include "depends/stringpool.h"
+#include "core/stringpool.h"
 
 #include <string>
 #include <string_view>

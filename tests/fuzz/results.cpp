@@ -25,7 +25,7 @@ bool hasMember(QByteArray document, const QString &repository)
 {
     QBuffer buffer(&document);
     buffer.open(QIODevice::ReadOnly);
-    return DependsJson::hasMember(&buffer, {repository});
+    return ResultsDocument::hasMember(&buffer, {repository});
 }
 
 Outcome rewrite(QByteArray document, const DependsJson::Change &change, QByteArray *written)

@@ -126,3 +126,8 @@ inline void PutN(JsonOutput &stream, char c, std::size_t n)
     stream.put(c, n);
 }
 } // namespace rapidjson
+
+/** Numbers are kept as text, so that numbers in members that are copied stay unchanged. */
+inline constexpr unsigned jsonParseFlags = rapidjson::kParseIterativeFlag
+                                           | rapidjson::kParseValidateEncodingFlag
+                                           | rapidjson::kParseNumbersAsStringsFlag;
