@@ -3,7 +3,7 @@
 # The Debian packages that the project needs, and a function that installs them. To be sourced.
 
 # shellcheck disable=SC2034
-packages_build=(g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools libqca-qt5-2-dev libkf5archive-dev libkf5coreaddons-dev libkf5itemviews-dev zlib1g-dev libapt-pkg-dev libcadical-dev libsystemd-dev pkgconf po4a rapidjson-dev)
+packages_build=(g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools libqca-qt5-2-dev libkf5archive-dev libkf5coreaddons-dev libkf5itemviews-dev zlib1g-dev libapt-pkg-dev libcadical-dev libsystemd-dev libxxhash-dev pkgconf po4a rapidjson-dev)
 packages_run=(reprepro archivemount dpkg apt gnupg libqca-qt5-2-plugins lsb-release libqt5svg5 qttranslations5-l10n breeze-icon-theme hicolor-icon-theme)
 packages_test=(dpkg-dev debsig-verify shellcheck xvfb xauth openbox fonts-dejavu-core clang-format dose-distcheck desktop-file-utils appstream man-db libxml2-utils
     lighttpd vsftpd polkitd dbus systemd curl procps iproute2 python3 zstd)
