@@ -47,7 +47,7 @@ house(engine/changes "what changes packages: adding, replacing, removing, signin
 house(engine/recovery "the repository after a job, or a kill in the middle of one" USES engine/changes)
 house(engine/jobs "one class a job" USES engine/recovery)
 house(engine/upgrade "newer versions from chosen sources" USES engine/jobs)
-house(engine "the face of it all: one open repository" USES engine/upgrade publication)
+house(engine "the face of it all: one open repository" USES engine/upgrade installability publication)
 house(cli "everything without a window" USES engine)
 house(ui/widgets "widgets that know no repository" USES platform/ui apt)
 house(ui/packages "the tree of packages" USES ui/widgets engine)

@@ -6,6 +6,7 @@
 #include "engine/storedresults.h"
 #include "files/saveleftovers.h"
 #include "files/scratchfolder.h"
+#include "installability/installabilitystore.h"
 #include "platform/desktopintegration.h"
 #include "platform/ui/desktopsetup.h"
 #include "ui/widgets/iconstyle.h"
@@ -148,6 +149,7 @@ int main(int argc, char *argv[])
         ScratchFolder::removeLeftovers();
         SaveLeftovers::remove(QSettings().fileName());
         SaveLeftovers::remove(DependsData::userFileName());
+        SaveLeftovers::remove(InstallabilityStore::userFileName());
         ArchiveUtils::removeLeftover();
     });
 

@@ -29,17 +29,24 @@ RepoShell::RepoShell(QObject *parent)
     qRegisterMetaType<RepoEnums::ErrorType>();
     qRegisterMetaType<RepoEnums::ErrorCause>();
     qRegisterMetaType<RepoEnums::JobId>();
-    m_storedResults = std::make_unique<StoredResults>(
-        *this,
-        [this](const QList<PackageInfoPtr> &packages) { m_context->packages.assign(packages); },
-        [this](const QString &keptAs) {
-            Q_EMIT critical(
-                tr("The stored results of the dependency checks could not be read. The file is kept "
-                   "as %1; check the dependencies again.")
-                    .arg(keptAs),
-                QString(),
-                WARNING);
-        });
+    StoredResults::Listener listener;
+    listener.merged = [this](const QList<PackageInfoPtr> &packages) { m_context->packages.assign(packages); };
+    listener.checkRead = [](const CompleteCheckRecord & /*record*/) {};
+    listener.dependsBroken = [this](const QString &keptAs) {
+        Q_EMIT critical(tr("The stored results of the dependency checks could not be read. The file is kept "
+                           "as %1; check the dependencies again.")
+                            .arg(keptAs),
+                        QString(),
+                        WARNING);
+    };
+    listener.checksBroken = [this](const QString &keptAs) {
+        Q_EMIT critical(tr("The stored results of the complete checks could not be read. The file is kept as "
+                           "%1; check completely again.")
+                            .arg(keptAs),
+                        QString(),
+                        WARNING);
+    };
+    m_storedResults = std::make_unique<StoredResults>(*this, listener);
     // The interface asks for this one, and its thread waits for nothing.
     connect(this, &RepoShell::requestForRemovingStoredInformation, this, [this] {
         m_storedResults->removeLater();

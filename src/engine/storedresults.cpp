@@ -3,12 +3,12 @@
 
 #include "depends/dependsdata.h"
 #include "engine/control/jobsignals.h"
+#include "engine/storedchecks.h"
 
 #include <QCoreApplication>
 #include <QThread>
 
 #include <algorithm>
-#include <atomic>
 #include <condition_variable>
 #include <mutex>
 #include <utility>
@@ -86,51 +86,87 @@ EndingThreads &endingThreads()
 }
 } // namespace
 
-StoredResults::StoredResults(JobSignals &engineSignals,
-                             const std::function<void(const QList<PackageInfoPtr> &packages)> &merged,
-                             const std::function<void(const QString &keptAs)> &broken)
+StoredResults::StoredResults(JobSignals &engineSignals, const Listener &listener)
     : m_signals(engineSignals)
     , m_thread(std::make_unique<QThread>())
     , m_store(new DependsData(DependsData::userFileName()))
+    , m_checks(new StoredChecks(InstallabilityStore::userFileName()))
+    , m_newestCheck(std::make_shared<std::atomic<int>>(0))
+{
+    m_store->moveToThread(m_thread.get());
+    m_checks->moveToThread(m_thread.get());
+    serveLoading(listener);
+    serveChanges(listener);
+    QObject::connect(m_store, &DependsData::fileBroken, &engineSignals, listener.dependsBroken);
+    QObject::connect(m_checks, &StoredChecks::fileBroken, &engineSignals, listener.checksBroken);
+    m_thread->start();
+}
+
+void StoredResults::serveLoading(const Listener &listener)
 {
     DependsData *const store = m_store;
-    store->moveToThread(m_thread.get());
-    const auto serve = [&engineSignals, store](auto request, auto answer, Qt::ConnectionType type) {
-        QObject::connect(&engineSignals, request, store, answer, type);
-    };
-    constexpr auto Waiting = Qt::BlockingQueuedConnection;
-    // An engine that is gone may have left results of the same repository to be written.
-    const auto load = [store](const QString &repoPath) {
+    StoredChecks *const checks = m_checks;
+    const auto load = [store, checks, listener](const QString &repoPath) {
+        // An engine that is gone may have left results of the same repository to be written.
         pendingWrites().wait();
         store->loadData(repoPath);
+        checks->load(repoPath);
+        listener.checkRead({});
     };
-    serve(&JobSignals::requestForStoredInformation, load, Waiting);
-    serve(&JobSignals::requestForMergingInformation, &DependsData::mergeStoredPackages, Waiting);
-    serve(&JobSignals::requestForMovingStoredInformation, &DependsData::changePath, Waiting);
-    const auto save
-        = [this, newest = std::make_shared<std::atomic<int>>(0)](const QList<PackageInfoPtr> &packages) {
-              // Each has the results of the whole repository, so the last one is enough.
-              write([newest, number = ++*newest, packages](DependsData &data) {
-                  if (*newest == number)
-                      data.savePackages(packages);
-              });
-          };
-    serve(&JobSignals::requestForSavingPackages, save, Qt::DirectConnection);
-    serve(&JobSignals::requestForClearingStoredInformation, &DependsData::removeRepoData, Waiting);
     // On the store's thread, while the job waits that asked: so the list of packages is the job's to write.
-    QObject::connect(store, &DependsData::packagesMerged, &engineSignals, merged, Qt::DirectConnection);
-    QObject::connect(store, &DependsData::fileBroken, &engineSignals, broken);
-    m_thread->start();
+    const auto merge = [store, checks, listener](const QList<PackageInfoPtr> &origin) {
+        QList<PackageInfoPtr> packages = origin;
+        const auto taking = QObject::connect(
+            store, &DependsData::packagesMerged, [&packages](const auto &merged) { packages = merged; });
+        store->mergeStoredPackages(origin);
+        QObject::disconnect(taking);
+        packages = checks->merged(packages);
+        if (packages != origin)
+            listener.merged(packages);
+        listener.checkRead(checks->record());
+    };
+    constexpr auto Waiting = Qt::BlockingQueuedConnection;
+    QObject::connect(&m_signals, &JobSignals::requestForStoredInformation, store, load, Waiting);
+    QObject::connect(&m_signals, &JobSignals::requestForMergingInformation, store, merge, Waiting);
+}
+
+void StoredResults::serveChanges(const Listener &listener)
+{
+    DependsData *const store = m_store;
+    StoredChecks *const checks = m_checks;
+    const auto move = [store, checks](const QString &newPath) {
+        store->changePath(newPath);
+        checks->changePath(newPath);
+    };
+    const auto clear = [store, checks, listener] {
+        store->removeRepoData();
+        checks->remove();
+        listener.checkRead({});
+    };
+    const auto save =
+        [this, store, newest = std::make_shared<std::atomic<int>>(0)](const QList<PackageInfoPtr> &packages) {
+            // Each has the results of the whole repository, so the last one is enough.
+            write([store, newest, number = ++*newest, packages] {
+                if (*newest == number)
+                    store->savePackages(packages);
+            });
+        };
+    constexpr auto Waiting = Qt::BlockingQueuedConnection;
+    QObject::connect(&m_signals, &JobSignals::requestForMovingStoredInformation, store, move, Waiting);
+    QObject::connect(&m_signals, &JobSignals::requestForClearingStoredInformation, store, clear, Waiting);
+    QObject::connect(&m_signals, &JobSignals::requestForSavingPackages, store, save, Qt::DirectConnection);
 }
 
 StoredResults::~StoredResults()
 {
-    // The store outlives the engine, and must not reach for it when it goes.
+    // The stores outlive the engine, and must not reach for it when it goes.
     QObject::disconnect(&m_signals, nullptr, m_store, nullptr);
     QObject::disconnect(m_store, nullptr, &m_signals, nullptr);
+    QObject::disconnect(m_checks, nullptr, &m_signals, nullptr);
     // Behind the results that are still to be written.
-    const auto end = [store = m_store, thread = m_thread.get()] {
+    const auto end = [store = m_store, checks = m_checks, thread = m_thread.get()] {
         store->deleteLater();
+        checks->deleteLater();
         thread->quit();
     };
     QMetaObject::invokeMethod(m_store, end, Qt::QueuedConnection);
@@ -150,14 +186,26 @@ void StoredResults::waitForAll()
 
 void StoredResults::removeLater()
 {
-    write([](DependsData &data) { data.removeRepoData(); });
+    write([store = m_store, checks = m_checks] {
+        store->removeRepoData();
+        checks->remove();
+    });
 }
 
-void StoredResults::write(const std::function<void(DependsData &data)> &work)
+void StoredResults::saveCompleteCheck(const QList<PackageInfoPtr> &packages,
+                                      const CompleteCheckRecord &record)
+{
+    write([checks = m_checks, newest = m_newestCheck, number = ++*m_newestCheck, packages, record] {
+        if (*newest == number)
+            checks->save(packages, record);
+    });
+}
+
+void StoredResults::write(const std::function<void()> &work)
 {
     pendingWrites().begin();
-    const auto writeNow = [store = m_store, work] {
-        work(*store);
+    const auto writeNow = [work] {
+        work();
         pendingWrites().end();
     };
     QMetaObject::invokeMethod(m_store, writeNow, Qt::QueuedConnection);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependsdata.h"
+#include "engine/control/jobsignals.h"
 #include "engine/engineharness.h"
 #include "engine/storedresults.h"
+#include "installability/installabilitystore.h"
 
 #include <memory>
 
@@ -29,6 +31,23 @@ void store(const QString &path, const QString &name, DependStatus status)
     DependsData(DependsData::userFileName(), path)
         .savePackages({QSharedPointer<PackageInfo>::create(package)});
 }
+
+CompleteCheckRecord checkOf(const QByteArray &digest)
+{
+    return {{}, QDateTime({2026, 1, 2}, {3, 4, 5}, Qt::UTC), digest, false};
+}
+
+QList<PackageInfoPtr> withState(const QList<PackageInfoPtr> &packages, Installability state)
+{
+    QList<PackageInfoPtr> result;
+    for (const PackageInfoPtr &package : packages) {
+        PackageInfo copy = *package;
+        copy.installability
+            = QSharedPointer<InstallabilityInfo>::create(InstallabilityInfo{state, {}, {}, 0});
+        result << QSharedPointer<PackageInfo>::create(copy);
+    }
+    return result;
+}
 } // namespace
 
 /** What engines do with the stored results of dependency checks. */
@@ -37,7 +56,11 @@ class TestStoredResults : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase() { VELT_NEED_TOOL("reprepro"); }
-    void init() { QFile::remove(DependsData::userFileName()); }
+    void init()
+    {
+        QFile::remove(DependsData::userFileName());
+        QFile::remove(InstallabilityStore::userFileName());
+    }
 
     void openingShowsThem()
     {
@@ -123,6 +146,67 @@ private Q_SLOTS:
         h.add(h.debs("foo"));
         h.open(h.repoPath());
         QCOMPARE(h.find("foo"_s)->dependStatus(), DependUndefined);
+    }
+
+    void completeChecksGoAlong()
+    {
+        RepoHarness h;
+        h.add(h.debs("foo bar"));
+        const InstallabilityStore store;
+        const auto check = [&](const QByteArray &digest) {
+            return StoredCompleteCheck::of(withState(h.shell.packages(), NotInstallable), checkOf(digest));
+        };
+        QVERIFY(store.save(h.repoPath(), check("1")) && store.save("/other"_s, check("2")));
+        store.save(h.at("target"), check("3"));
+        h.open(h.repoPath());
+        QCOMPARE(h.find("foo"_s)->installabilityState(), NotInstallable);
+        QCOMPARE(h.change(h.at("target")), RepoEnums::SUCCESS);
+        QCOMPARE(store.load(h.at("target")).record, checkOf("1"));
+        QVERIFY(store.load(h.at("repo")).isEmpty());
+        h.add(h.debs("baz"));
+        h.open(h.at("target"));
+        QCOMPARE(h.find("foo"_s)->installabilityState(), NotInstallable);
+        QCOMPARE(h.find("baz"_s)->installabilityState(), InstallabilityUnknown);
+        h.remove(h.shell.packages());
+        QVERIFY(store.load(h.at("target")).isEmpty() && !store.load("/other"_s).isEmpty());
+        h.shell.closeAndForgetRepo();
+        writeFile(InstallabilityStore::userFileName(), "{");
+        h.open(h.at("target"));
+        QVERIFY(h.complains(InstallabilityStore::userFileName() + ".broken"_s));
+    }
+
+    void completeChecksAreWrittenWithoutWaiting()
+    {
+        JobSignals engine;
+        QList<PackageInfoPtr> merged;
+        QVector<CompleteCheckRecord> read;
+        StoredResults::Listener listener;
+        listener.merged = [&merged](const QList<PackageInfoPtr> &packages) { merged = packages; };
+        listener.checkRead = [&read](const CompleteCheckRecord &check) { read << check; };
+        listener.dependsBroken = listener.checksBroken = [](const QString & /*keptAs*/) {};
+        QList<PackageInfoPtr> packages;
+        for (int i = 0; i < 3000; ++i) {
+            PackageInfo package;
+            package.name = QString::number(i);
+            packages << QSharedPointer<PackageInfo>::create(package);
+        }
+        {
+            StoredResults stored(engine, listener);
+            Q_EMIT engine.requestForStoredInformation("/r"_s);
+            for (int save = 0; save < 20; ++save)
+                stored.saveCompleteCheck(withState(packages, save == 19 ? NotInstallable : Installable),
+                                         checkOf(QByteArray::number(save)));
+        }
+        // Another engine reads behind what the first one has left to write.
+        StoredResults stored(engine, listener);
+        Q_EMIT engine.requestForStoredInformation("/r"_s);
+        Q_EMIT engine.requestForMergingInformation(packages);
+        QCOMPARE(read, (QVector<CompleteCheckRecord>{{}, {}, checkOf("19")}));
+        QCOMPARE(merged.size(), packages.size());
+        QCOMPARE(merged.first()->installabilityState(), NotInstallable);
+        stored.removeLater();
+        stored.waitUntilWritten();
+        QVERIFY(InstallabilityStore().load("/r"_s).isEmpty());
     }
 
     void aBrokenFileIsToldOfOnce()

@@ -54,7 +54,7 @@ Q_SIGNALS:
     /** The user wants to import the packages of a folder that is no repository. */
     void needImportRepo();
     void needCloseRepo();
-    /** The requests are for the stored results of dependency checks; connect all of them blocking queued. */
+    /** The requests are for the stored results of checks; connect all of them blocking queued. */
     void requestForStoredInformation(const QString &repoPath);
     void requestForMergingInformation(const QList<PackageInfoPtr> &packages);
     void requestForMovingStoredInformation(const QString &newPath);
