@@ -7,8 +7,6 @@
 
 #include <QHash>
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QStringList>
 
 #include <algorithm>
@@ -213,7 +211,7 @@ QString DependsReport::text(const QList<PackageInfoPtr> &packages, const Heading
     return lines.join(QLatin1Char('\n')) + QLatin1Char('\n');
 }
 
-QByteArray DependsReport::json(const QList<PackageInfoPtr> &packages, const Heading &heading)
+QJsonObject DependsReport::json(const QList<PackageInfoPtr> &packages, const Heading &heading)
 {
     const Summary counts = summary(packages);
     QJsonArray wanted;
@@ -246,7 +244,7 @@ QByteArray DependsReport::json(const QList<PackageInfoPtr> &packages, const Head
         report.insert(QStringLiteral("mode"), heading.mode);
     if (heading.time.isValid())
         report.insert(QStringLiteral("date"), heading.time.toString(Qt::ISODate));
-    return QJsonDocument(report).toJson();
+    return report;
 }
 
 QString DependsReport::offers(const Dependency &dependency, DependStatus status)

@@ -5,6 +5,7 @@
 
 #include <QCoreApplication>
 #include <QDateTime>
+#include <QJsonObject>
 
 /** Texts about the results of dependency checks, for tool tips and for reports. */
 class DependsReport
@@ -51,8 +52,8 @@ public:
 
     /** The summary, followed by every package with errors, sorted by name, with its unmet entries. */
     static QString text(const QList<PackageInfoPtr> &packages, const Heading &heading);
-    /** The same as a JSON document. */
-    static QByteArray json(const QList<PackageInfoPtr> &packages, const Heading &heading);
+    /** The same as JSON. */
+    static QJsonObject json(const QList<PackageInfoPtr> &packages, const Heading &heading);
 
 private:
     static QString line(const DependencyGroup &group, int selection);

@@ -1,9 +1,63 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "installability/installabilityreport.h"
 #include "installability/installabilitytext.h"
 #include "installability/steps.h"
 #include "support/testenvironment.h"
 
 using namespace Steps;
+
+namespace
+{
+PackageInfoPtr checked(const QString &name, const InstallabilityInfo &info)
+{
+    PackageInfo package;
+    package.name = name;
+    package.version = "1"_s;
+    package.architecture = "amd64"_s;
+    package.component = "main"_s;
+    if (info.state != InstallabilityUnknown)
+        package.installability = QSharedPointer<InstallabilityInfo>::create(info);
+    return QSharedPointer<PackageInfo>::create(package);
+}
+
+/** A package of a report, with the members of NamedPackage. */
+NamedPackage readPackage(const QJsonObject &json)
+{
+    return {json["name"_s].toString(),
+            json["version"_s].toString(),
+            json["architecture"_s].toString(),
+            json["local"_s].toBool()};
+}
+
+QVector<InstallabilityStep> readSteps(const QJsonArray &json)
+{
+    QVector<InstallabilityStep> steps;
+    for (const QJsonValue &value : json) {
+        const int kind = "needs|lacks|excludes"_list.indexOf(value["kind"_s].toString());
+        InstallabilityStep read{InstallabilityStep::Kind(kind),
+                                readPackage(value["package"_s].toObject()),
+                                value["field"_s].toString(),
+                                value["relation"_s].toString(),
+                                {}};
+        for (const QJsonValue &target : value["targets"_s].toArray())
+            read.targets.append(readPackage(target.toObject()));
+        steps.append(read);
+    }
+    return steps;
+}
+
+/** The indented lines below the line that begins with `title`. */
+QStringList linesBelow(const QString &text, const QString &title)
+{
+    QStringList lines = text.split(u'\n');
+    while (!lines.isEmpty() && !lines.first().startsWith(title))
+        lines.removeFirst();
+    QStringList result;
+    for (int i = 1; i < lines.size() && lines.at(i).startsWith("  "_s); ++i)
+        result.append(lines.at(i).mid(2));
+    return result;
+}
+} // namespace
 
 /** The words for what a complete check has found. */
 class TestInstallabilityText : public QObject
@@ -108,6 +162,81 @@ private Q_SLOTS:
         info.state = NotInstallable;
         info.reason.clear();
         QCOMPARE(InstallabilityText::summary(info), "cannot be installed"_s);
+    }
+
+    void bothReportsSayTheSame()
+    {
+        const QVector<InstallabilityStep> first{needs("z"_s, "b"_s, {"b"_s, "c 2 i386"_s}),
+                                                lacks("b"_s, "d | e"_s)};
+        const QVector<InstallabilityStep> second{needs("a"_s, "b"_s, {"b"_s}),
+                                                 excludes("b"_s, "Breaks"_s, "d"_s, {"d"_s}),
+                                                 excludes("a"_s, "Breaks"_s, "b"_s, {"b"_s})};
+        const QList<PackageInfoPtr> packages{checked("z"_s, {NotInstallable, first, {}, 0}),
+                                             checked("a"_s, {NotInstallable, second, {}, 0}),
+                                             checked("u"_s, {InstallabilityUndecided, {}, {}, 11}),
+                                             checked("r"_s, {Installable, {}, {"x (>= 1)"_s, "y | z"_s}, 0}),
+                                             checked("fine"_s, {Installable, {}, {}, 0}),
+                                             checked("new"_s, {})};
+        const CompleteCheckRecord check{{CompleteCheckBase::Repository, "/srv/b"_s, {"i386"_s}},
+                                        QDateTime({2026, 3, 4}, {5, 6, 7}, Qt::UTC),
+                                        "x",
+                                        true};
+        QVERIFY(InstallabilityReport::hasResults(packages)
+                && !InstallabilityReport::hasResults({packages.last()}));
+        const QString text = InstallabilityReport::text(packages, check);
+        const QJsonObject json
+            = QJsonDocument::fromJson(QJsonDocument(InstallabilityReport::json(packages, check)).toJson())
+                  .object();
+
+        const QStringList lines = text.split(u'\n');
+        const QString base
+            = "the repository and the repository /srv/b, on a system that also takes packages for i386"_s;
+        QCOMPARE(lines.mid(0, 4),
+                 (QStringList{
+                     "Complete check"_s,
+                     "Checked against: "_s + base,
+                     "Date: "_s + check.time.toLocalTime().toString(Qt::ISODate),
+                     "The packages, or what they were checked against, have changed since: check again."_s}));
+        QCOMPARE(json["base"_s]["words"_s].toString(), base);
+        QCOMPARE(json["base"_s]["kind"_s].toString() + json["base"_s]["repository"_s].toString(),
+                 "repository/srv/b"_s);
+        QCOMPARE(QDateTime::fromString(json["date"_s].toString(), Qt::ISODate), check.time);
+        QVERIFY(json["stale"_s].toBool());
+        const QVector<QPair<QString, QString>> counts{
+            {"installable"_s, "Packages that can be installed: 2"_s},
+            {"notInstallable"_s, "Packages that cannot be installed: 2"_s},
+            {"undecided"_s, "Packages undecided: 1"_s},
+            {"unchecked"_s, "Packages not checked: 1"_s}};
+        for (const auto &count : counts)
+            QVERIFY2(lines.contains(count.second)
+                         && count.second.endsWith(QString::number(json[count.first].toInt())),
+                     qPrintable(count.second));
+        // The package itself is not in its own way.
+        QCOMPARE(linesBelow(text, "Most often"_s),
+                 (QStringList{"d, of 2 package(s)"_s, "b, of 1 package(s)"_s}));
+        QCOMPARE(json["mostInTheWay"_s][0]["name"_s].toString(), "d"_s);
+        QCOMPARE(json["mostInTheWay"_s][0]["packages"_s].toInt(), 2);
+
+        const QJsonArray broken = json["packages"_s].toArray();
+        QCOMPARE(broken.size(), 2);
+        for (int i = 0; i < 2; ++i) {
+            const PackageInfo &package = *packages.at(1 - i);
+            QCOMPARE(broken[i]["name"_s].toString(), package.name);
+            QVERIFY(readSteps(broken[i]["steps"_s].toArray()) == package.installability->reason);
+            QStringList words;
+            for (const QJsonValue &sentence : broken[i]["reasons"_s].toArray())
+                words.append(sentence.toString());
+            QCOMPARE(words, InstallabilityText::sentences(package.installability->reason));
+            QCOMPARE(linesBelow(text, package.name + " 1 (main, amd64)"_s), words);
+        }
+        QCOMPARE(linesBelow(text, "u 1 ("_s), {"undecided after 11 second(s)"_s});
+        QCOMPARE(json["undecidedPackages"_s][0]["seconds"_s].toInt(), 11);
+        QCOMPARE(linesBelow(text, "Recommended"_s),
+                 (QStringList{"r 1 (main, amd64)"_s, "  x (>= 1)"_s, "  y | z"_s}));
+        QCOMPARE(json["unmetRecommends"_s][0]["recommends"_s][1].toString(), "y | z"_s);
+        // What is not known of the check is not said.
+        QVERIFY(InstallabilityReport::text(packages, {}).startsWith("Complete check\n\nPackages"_s));
+        QVERIFY(!InstallabilityReport::json(packages, {}).contains("base"_s));
     }
 
     void hostileTexts()

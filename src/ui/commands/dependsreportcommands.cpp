@@ -4,6 +4,7 @@
 #include "core/runinbackground.h"
 #include "engine/reposhell.h"
 #include "files/wholefile.h"
+#include "installability/installabilityreport.h"
 #include "ui/commands/settingscommands.h"
 #include "ui/depends/dependsmodes.h"
 #include "ui/dialogs/prompts.h"
@@ -16,6 +17,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QJsonDocument>
 
 DependsReportCommands::DependsReportCommands(const Workbench &bench, QObject *parent)
     : QObject(parent)
@@ -84,15 +86,26 @@ void DependsReportCommands::updateActions()
 
 QByteArray DependsReportCommands::report(const Contents &contents, Format format)
 {
-    return format == Format::Json ? DependsReport::json(contents.packages, contents.heading)
-                                  : DependsReport::text(contents.packages, contents.heading).toUtf8();
+    const bool hasCompleteCheck = InstallabilityReport::hasResults(contents.packages);
+    if (format == Format::Json) {
+        QJsonObject json = DependsReport::json(contents.packages, contents.heading);
+        if (hasCompleteCheck)
+            json.insert(QStringLiteral("completeCheck"),
+                        InstallabilityReport::json(contents.packages, contents.completeCheck));
+        return QJsonDocument(json).toJson();
+    }
+    QString text = DependsReport::text(contents.packages, contents.heading);
+    if (hasCompleteCheck)
+        text += QLatin1Char('\n') + InstallabilityReport::text(contents.packages, contents.completeCheck);
+    return text.toUtf8();
 }
 
 DependsReportCommands::Contents DependsReportCommands::contentsOf(const RepoWidget &widget) const
 {
     const Check check = m_checks.value(&widget);
     return {widget.repoShell()->packages(),
-            {widget.repoPath(), check.mode ? DependsModes::about(*check.mode) : QString(), check.time}};
+            {widget.repoPath(), check.mode ? DependsModes::about(*check.mode) : QString(), check.time},
+            {}};
 }
 
 void DependsReportCommands::copy()

@@ -4,6 +4,7 @@
 #include "core/packageinfo.h"
 #include "core/repoenums.h"
 #include "depends/dependsreport.h"
+#include "installability/completecheckrecord.h"
 #include "ui/commands/workbench.h"
 
 #include <QDateTime>
@@ -15,7 +16,10 @@
 class QAction;
 class RepoWidget;
 
-/** Copies or saves a report of the missing dependencies that the last checks found in the current repository. */
+/**
+ * Copies or saves a report of the missing dependencies that the last checks found in the current repository. What a
+ * complete check has found follows as a section of the same report.
+ */
 class DependsReportCommands : public QObject
 {
     Q_OBJECT
@@ -39,6 +43,7 @@ private:
     {
         QList<PackageInfoPtr> packages;
         DependsReport::Heading heading;
+        CompleteCheckRecord completeCheck;
     };
 
     /** The check from which a tab's marks come. */
