@@ -4,9 +4,7 @@
 #include <string_view>
 
 /** The parts that reading and writing the document of dependency results share. */
-namespace DependsJson
-{
-namespace Key
+namespace DependsJson::Key
 {
 inline constexpr std::string_view version = "version";
 inline constexpr std::string_view architecture = "architecture";
@@ -34,5 +32,4 @@ inline constexpr std::string_view udeb = "udeb";
 inline constexpr std::string_view preDepends = "Pre-Depends";
 /** The repository itself as a source. Its displayed name depends on the user's language, which may change. */
 inline constexpr std::string_view local = "Local";
-} // namespace Key
-} // namespace DependsJson
+} // namespace DependsJson::Key

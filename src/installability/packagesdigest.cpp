@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "installability/packagesdigest.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <string_view>
@@ -38,12 +39,10 @@ bool isRelevant(const char *line, const char *end)
     if (line == end || *line < 'A' || *line > 'R')
         return false;
     const std::string_view text(line, static_cast<std::size_t>(end - line));
-    for (const std::string_view field : Fields) {
-        if (text.size() > field.size() && text[0] == field[0] && text[field.size()] == ':'
-            && text.substr(0, field.size()) == field)
-            return true;
-    }
-    return false;
+    return std::any_of(Fields.begin(), Fields.end(), [text](std::string_view field) {
+        return text.size() > field.size() && text[0] == field[0] && text[field.size()] == ':'
+               && text.substr(0, field.size()) == field;
+    });
 }
 
 const char *lineEnd(const char *line, const char *end)
