@@ -9,12 +9,13 @@
  * an index of packages, the output of dpkg -I, conf/distributions and conf/options, arguments and output of reprepro,
  * output of apt and apt-cache, sources of users and files, a Depends field, two versions, the stored results of
  * dependency checks, a tar archive, a package file, its control files, the data written to a compressed archive, source
- * lines and their file, output of gpg, requests to the helper and the servers' files, messages from another instance.
+ * lines and their file, output of gpg, requests to the helper and the servers' files, messages from another instance,
+ * the stored results of complete checks.
  */
 // clang-format off
 #define FUZZ_TARGETS(X) X(packages) X(control) X(distributions) X(reprepro) X(apt) X(externalrepos) \
     X(depends) X(versions) X(results) X(archive) X(deb) X(debcontrol) X(gzip) X(sources) X(signing) X(publication) \
-    X(instance)
+    X(instance) X(checks)
 // clang-format on
 
 namespace FuzzTarget
