@@ -66,10 +66,14 @@ class Names
 public:
     explicit Names(const QVector<InstallabilityStep> &reason)
     {
-        if (!reason.isEmpty() && reason.first().package.architecture != All)
-            m_own = reason.first().package.architecture;
+        // An essential package is needed by no package.
+        const auto first = std::find_if(
+            reason.cbegin(), reason.cend(), [](const auto &step) { return !step.package.name.isEmpty(); });
+        if (first != reason.cend() && first->package.architecture != All)
+            m_own = first->package.architecture;
         for (const InstallabilityStep &step : reason) {
-            add(step.package);
+            if (!step.package.name.isEmpty())
+                add(step.package);
             std::for_each(
                 step.targets.cbegin(), step.targets.cend(), [this](const auto &target) { add(target); });
         }
@@ -168,7 +172,8 @@ public:
     /** Whether the sentence tells nothing but what is needed, so that several of a package can be one. */
     bool isPlain(const InstallabilityStep &step) const
     {
-        return step.kind == InstallabilityStep::Needs && candidates(step, Entry(step.relation)) == Plain;
+        return step.kind == InstallabilityStep::Needs && !isEssential(step)
+               && candidates(step, Entry(step.relation)) == Plain;
     }
     QString needs(const InstallabilityStep &step, const QString &needed) const
     {
@@ -186,6 +191,10 @@ private:
     static bool isPreDepends(const InstallabilityStep &step)
     {
         return step.field == QLatin1String("Pre-Depends");
+    }
+    static bool isEssential(const InstallabilityStep &step)
+    {
+        return step.field == QLatin1String("Essential");
     }
     static Candidates candidates(const InstallabilityStep &step, const Entry &entry);
     QString needs(const InstallabilityStep &step) const;
@@ -214,6 +223,8 @@ Sentences::Candidates Sentences::candidates(const InstallabilityStep &step, cons
 QString Sentences::needs(const InstallabilityStep &step) const
 {
     const QString relation = InstallabilityText::shown(step.relation);
+    if (isEssential(step))
+        return tr("every system has %1, because it is essential").arg(relation);
     const QString name = m_names.of(step.package);
     switch (candidates(step, Entry(step.relation))) {
     case OnlyProviders:

@@ -141,6 +141,16 @@ private Q_SLOTS:
         QCOMPARE(InstallabilityText::summary(info),
                  "a needs b and c; b conflicts with c (<< 3), and c is 2.1"_s);
 
+        // What every system has is needed by no package.
+        info.reason = {step(InstallabilityStep::Needs, {}, "Essential"_s, "dpkg"_s, {"dpkg 2"_s, "dpkg 1"_s}),
+                       step(InstallabilityStep::Needs, {}, "Essential"_s, "tar"_s, {"tar"_s}),
+                       excludes("a"_s, "Conflicts"_s, "tar"_s, {"tar"_s})};
+        info.reason[0].package = info.reason[1].package = {};
+        QCOMPARE(
+            InstallabilityText::summary(info),
+            "every system has dpkg, because it is essential; every system has tar, because it is essential; "
+            "a conflicts with tar"_s);
+
         // Where a name stands for two packages, the words tell which of them is meant.
         info.reason = {needs("a 1 all"_s, "b"_s, {"b 2"_s, "b 1"_s}),
                        lacks("b 2"_s, "c"_s),
