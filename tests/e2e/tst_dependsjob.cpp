@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "e2e/windowtest.h"
+#include "installability/installabilitystore.h"
 #include "support/localapt.h"
 #include "ui/depends/dependsmodel.h"
 #include "ui/packages/packagestatusline.h"
@@ -202,6 +203,57 @@ private Q_SLOTS:
         QTest::keyClick(menu, Qt::Key_Return);
         WAIT_FOR(m_driver->packageCount() == 6 && m_driver->isIdle());
         WAIT_FOR(isHere());
+    }
+
+    void reportHoldsWhatACompleteCheckHasFound()
+    {
+        QVERIFY2(!action("m_copyReportAction")->isEnabled(), "no dependency is missing");
+        QList<PackageInfoPtr> checked;
+        for (const PackageInfoPtr &package : m_driver->tab()->repoShell()->packages()) {
+            InstallabilityInfo info;
+            info.state = package->name == "app"_s ? NotInstallable : Installable;
+            if (info.state == NotInstallable) {
+                InstallabilityStep step;
+                step.kind = InstallabilityStep::Lacks;
+                step.package = {package->name, package->version, package->architecture, true};
+                step.field = "Depends"_s;
+                step.relation = "libc6"_s;
+                info.reason = {step};
+            }
+            const auto record = QSharedPointer<PackageInfo>::create(*package);
+            record->installability = QSharedPointer<InstallabilityInfo>::create(info);
+            checked << record;
+        }
+        const QString repository = m_driver->tab()->repoPath();
+        const CompleteCheckRecord record{{}, QDateTime::currentDateTimeUtc(), "digest", false};
+        QVERIFY(InstallabilityStore().save(repository, StoredCompleteCheck::of(checked, record)));
+        QVERIFY(restart({repository}));
+        WAIT_FOR(action("m_copyReportAction")->isEnabled());
+        QGuiApplication::clipboard()->clear();
+        action("m_copyReportAction")->trigger();
+        const auto text = [] { return QGuiApplication::clipboard()->text(); };
+        WAIT_FOR(!text().isEmpty());
+        QVERIFY2(text().startsWith("Repository: "_s + repository), qPrintable(text()));
+        QVERIFY2(text().contains("\n\nComplete check\n"_s)
+                     && text().contains("Packages that cannot be installed: 1\n"_s)
+                     && text().endsWith(
+                         "\napp 1.0 (main, amd64)\n  app needs libc6; nothing at hand is called libc6\n"_s),
+                 qPrintable(text()));
+
+        const Script naming{inDialog<QFileDialog>("Save report"_s, [&](QFileDialog &dialog) {
+            dialog.setDirectory(path("."_s));
+            dialog.selectNameFilter("JSON (*.json)"_s);
+            Q_EMIT dialog.filterSelected("JSON (*.json)"_s);
+            child<QLineEdit>(dialog, "fileNameEdit")->setText("complete"_s);
+            return QMetaObject::invokeMethod(&dialog, "accept");
+        })};
+        action("m_saveReportAction")->trigger();
+        WAIT_FOR(m_driver->message().startsWith("The report is saved in"_s));
+        const QJsonObject report = QJsonDocument::fromJson(readFile(path("complete.json"_s))).object();
+        QCOMPARE(report["errors"_s].toInt(), 0);
+        QCOMPARE(report["completeCheck"_s]["notInstallable"_s].toInt(), 1);
+        QCOMPARE(report["completeCheck"_s]["packages"_s][0]["steps"_s][0]["relation"_s].toString(),
+                 "libc6"_s);
     }
 };
 

@@ -79,7 +79,9 @@ void DependsReportCommands::endJob(const RepoWidget *widget, RepoEnums::JobId jo
 void DependsReportCommands::updateActions()
 {
     const RepoWidget *widget = m_bench.tabs.current();
-    const bool isThereAny = widget != nullptr && widget->packagesInError() > 0;
+    const bool isThereAny = widget != nullptr
+                            && (widget->packagesInError() > 0
+                                || InstallabilityReport::hasResults(widget->repoShell()->packages()));
     m_copyAction->setEnabled(isThereAny);
     m_saveAction->setEnabled(isThereAny);
 }
