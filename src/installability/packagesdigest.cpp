@@ -89,6 +89,6 @@ QByteArray PackagesDigest::of(const QList<PackageInfoPtr> &packages)
         first += one;
         second += hashed(&one, sizeof(one), 1);
     }
-    return QByteArray::number(packages.size(), 16) + '-' + QByteArray::number(first, 16) + '-'
-           + QByteArray::number(second, 16);
+    const auto digits = [](quint64 number) { return QByteArray::number(number, 16).rightJustified(16, '0'); };
+    return digits(first) + digits(second);
 }

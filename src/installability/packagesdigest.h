@@ -15,6 +15,6 @@ namespace PackagesDigest
 {
 /** A number for the package; stored, so its meaning must not change. */
 quint64 of(const PackageInfo &package);
-/** A text of hexadecimal digits for all packages. Their order does not matter. */
+/** A text of 32 hexadecimal digits for all packages. Their order does not matter. */
 QByteArray of(const QList<PackageInfoPtr> &packages);
 } // namespace PackagesDigest

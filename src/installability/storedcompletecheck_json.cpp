@@ -317,8 +317,11 @@ bool CheckHandler::String(const char *text, Size size, bool /*copy*/)
     } else if (place == Place::Repository && m_key == Key::checked) {
         const QByteArray numbers = QByteArray::fromBase64(bytes());
         m_check->checked.resize(static_cast<std::size_t>(numbers.size()) / sizeof(quint64));
-        qFromLittleEndian<quint64>(
-            numbers.constData(), static_cast<qsizetype>(m_check->checked.size()), m_check->checked.data());
+        // Qt does not take a null pointer, even for no numbers.
+        if (!m_check->checked.empty())
+            qFromLittleEndian<quint64>(numbers.constData(),
+                                       static_cast<qsizetype>(m_check->checked.size()),
+                                       m_check->checked.data());
         std::sort(m_check->checked.begin(), m_check->checked.end());
     }
     return true;
@@ -364,7 +367,8 @@ void StoredCompleteCheck::write(JsonWriter &writer) const
     writer.member(Key::time, record.time.toUTC().toString(Qt::ISODate));
     writer.member(Key::digest, QString::fromUtf8(record.digest));
     QByteArray numbers(static_cast<int>(checked.size() * sizeof(quint64)), '\0');
-    qToLittleEndian<quint64>(checked.data(), static_cast<qsizetype>(checked.size()), numbers.data());
+    if (!checked.empty())
+        qToLittleEndian<quint64>(checked.data(), static_cast<qsizetype>(checked.size()), numbers.data());
     writer.member(Key::checked, QString::fromLatin1(numbers.toBase64()));
     writer.key(Key::findings);
     writer.StartObject();
