@@ -5,6 +5,7 @@
 #include "files/renamepath.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
@@ -41,9 +42,11 @@ public:
         // A longer attempt would try again ever more seldom.
         constexpr int Attempt = 50; // milliseconds
         const QDeadlineTimer end(Patience);
-        do
+        do {
             m_isHeld = m_processes.tryLock(Attempt);
-        while (!m_isHeld && m_processes.error() == QLockFile::LockFailedError && !end.hasExpired());
+            if (!m_isHeld && isLeftWithoutOwner(fileName + QLatin1String(".lock")))
+                m_processes.removeStaleLockFile();
+        } while (!m_isHeld && m_processes.error() == QLockFile::LockFailedError && !end.hasExpired());
     }
     bool isHeld() const { return m_isHeld; }
 
@@ -52,6 +55,14 @@ private:
     QLockFile m_processes;
     bool m_isHeld = false;
 
+    /** Whether a program was killed between making the lock's file and writing its number into it. */
+    static bool isLeftWithoutOwner(const QString &lockName)
+    {
+        constexpr int Second = 1000; // milliseconds; a living program takes some millionths of a second
+        const QFileInfo lock(lockName);
+        return lock.exists() && lock.size() == 0
+               && lock.lastModified().msecsTo(QDateTime::currentDateTime()) > Second;
+    }
     static QMutex &mutex()
     {
         static QMutex mutex;
