@@ -46,8 +46,10 @@ house(engine/reprepro "one program: asked, answered, locked, copied" USES engine
 house(engine/changes "what changes packages: adding, replacing, removing, signing" USES engine/reprepro engine/archive depends)
 house(engine/recovery "the repository after a job, or a kill in the middle of one" USES engine/changes)
 house(engine/jobs "one class a job" USES engine/recovery)
+house(engine/installability "whether packages can be installed: the check, its base, and what would cure it"
+    USES engine/changes installability)
 house(engine/upgrade "newer versions from chosen sources" USES engine/jobs)
-house(engine "the face of it all: one open repository" USES engine/upgrade installability publication)
+house(engine "the face of it all: one open repository" USES engine/upgrade engine/installability publication)
 house(cli "everything without a window" USES engine)
 house(ui/widgets "widgets that know no repository" USES platform/ui apt)
 house(ui/packages "the tree of packages" USES ui/widgets engine)

@@ -115,6 +115,21 @@ int RepoShell::indexOfPackage(const PackageInfoPtr &package) const
     return m_context->packages.indexOf(package);
 }
 
+CompleteCheckRecord RepoShell::completeCheck() const
+{
+    return {};
+}
+
+CheckScope RepoShell::checkScope(const CompleteCheckBase &base) const
+{
+    return {snapshot(), base, m_context->choices.acceptedOrigins(), {}};
+}
+
+RepositorySnapshot RepoShell::snapshot() const
+{
+    return {path(), repoInfo().binaryArchitectures(), packages()};
+}
+
 QVector<UpgradablePackage> RepoShell::upgradablePackages() const
 {
     return m_upgradeSources->found();

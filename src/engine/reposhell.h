@@ -10,7 +10,9 @@
 #include "engine/control/collidingfile.h"
 #include "engine/control/jobsignals.h"
 #include "engine/control/question.h"
+#include "engine/installability/checkscope.h"
 #include "engine/upgrade/upgraderules.h"
+#include "installability/completecheckrecord.h"
 #include "server/reposerver.h"
 
 #include <QFuture>
@@ -79,6 +81,12 @@ public:
      */
     void checkDepends(const QList<PackageInfoPtr> &packages);
     /**
+     * Finds out which of the packages can really be installed, with all packages of the repository and the base at
+     * hand; the records with the results go out as packageChanged(). Packages that are not in the repository any more
+     * are skipped.
+     */
+    void checkCompletely(const QList<PackageInfoPtr> &packages, const CompleteCheckBase &base);
+    /**
      * Writes the whole repository to the .tgz archive `target`. The archive replaces an existing file only when it is
      * complete, and not after a failure or a stop. The target cannot lie in the repository.
      */
@@ -126,6 +134,12 @@ public:
     /** The package at `index`; null when there is none. */
     PackageInfoPtr packageAt(int index) const;
     int indexOfPackage(const PackageInfoPtr &package) const;
+    /** The last complete check of the repository; not valid when there was none. */
+    CompleteCheckRecord completeCheck() const;
+    /** For questions about installing (Cures, RemovalImpact); without other repositories, which the caller adds. */
+    CheckScope checkScope(const CompleteCheckBase &base) const;
+    /** What is open now, for the scope of another repository. */
+    RepositorySnapshot snapshot() const;
     /** What the last prepareUpgrade() has found. */
     QVector<UpgradablePackage> upgradablePackages() const;
     /** Absolute path of the package's file in the pool as reprepro knows it. Runs reprepro: not for the interface. */
@@ -210,6 +224,8 @@ Q_SIGNALS:
 
     /** The job's thread is free again and the engine can be closed; follows finished(). */
     void idle();
+    /** completeCheck() is another one, or its results have become stale. */
+    void completeCheckChanged();
     /** createRepoAside() has ended with this result. */
     void repoCreated(int result);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The engine's jobs: who may start one, and what it is given.
 #include "engine/changes/jobcontext.h"
+#include "engine/installability/completecheckjob.h"
 #include "engine/jobs/addjob.h"
 #include "engine/jobs/changejob.h"
 #include "engine/jobs/checkjob.h"
@@ -105,6 +106,12 @@ void RepoShell::checkDepends(const QList<PackageInfoPtr> &packages)
 {
     if (!packages.isEmpty() && !path().isEmpty())
         startJob([this, packages] { return CheckJob(*m_context).run(packages); });
+}
+
+void RepoShell::checkCompletely(const QList<PackageInfoPtr> &packages, const CompleteCheckBase &base)
+{
+    if (!packages.isEmpty() && !path().isEmpty())
+        startJob([this, packages, base] { return CompleteCheckJob(*m_context).run(packages, base); });
 }
 
 // --- archives ----------------------------------------------------------------------------------------------------
