@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "apt/candidatesource.h"
+#include "core/controltext.h"
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+/** A list of packages that apt has fetched. */
+struct AptList
+{
+    QString origin; ///< of its source: URI, suite and architecture, as AptOutput::origin() tells it
+    QString fileName; ///< absolute path; the file can be compressed
+
+    /** The name, size and time of the file, which change with its contents. */
+    QByteArray stamp() const;
+    /** The paragraphs of the list, which share one block of bytes. Sets `problem` when the file cannot be read. */
+    QVector<ControlText> read(QString *problem) const;
+};
+
+/**
+ * The lists of packages that apt has fetched, from their files: to read all of them takes a fifth of the time in which
+ * apt prints them. Every function reads files or runs apt: not for the interface thread.
+ */
+class AptLists
+{
+public:
+    /** Finds the lists; false when apt could not be asked. Sources that have no list yet are left out. */
+    bool find(const StopRequest &stopped = {});
+
+    const QVector<AptList> &lists() const { return m_lists; }
+    /** The architectures for which apt fetches lists. */
+    QStringList architectures() const { return m_architectures; }
+    QString errorDetail() const { return m_errorDetail; } ///< the error output of apt, after a failure
+
+private:
+    QVector<AptList> m_lists;
+    QStringList m_architectures;
+    QString m_errorDetail;
+
+    bool
+    run(const QString &program, const QStringList &arguments, const StopRequest &stopped, QString &output);
+};
