@@ -73,11 +73,15 @@ std::shared_ptr<const std::string> bytesOf(const QString &fileName, QString *pro
         *problem = said.isEmpty() ? fileName : said;
     return bytes;
 }
-/** The origin in a line of the listing; a source that is one folder has no architecture. */
-QString originIn(const QString &line)
+/** Reads a line of the listing. */
+AptList listIn(const QString &line, const QDir &folder)
 {
-    QString origin = line.section(QLatin1Char('|'), 1).replace(QLatin1Char('|'), QLatin1Char(' '));
-    return origin.remove(QLatin1String("$(ARCHITECTURE)")).trimmed();
+    const QStringList parts = line.split(QLatin1Char('|'));
+    // A source that is one folder has no architecture, and apt leaves the word as it is.
+    const QString architecture = parts.value(3).startsWith(QLatin1Char('$')) ? QString() : parts.value(3);
+    return {QStringLiteral("%1 %2 %3").arg(parts.value(1), parts.value(2), architecture).trimmed(),
+            architecture,
+            keptFile(folder.filePath(QFileInfo(parts.value(0)).fileName()))};
 }
 } // namespace
 
@@ -144,10 +148,9 @@ bool AptLists::find(const StopRequest &stopped)
         return false;
     const QStringList lines = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     for (const QString &line : lines) {
-        const QString file
-            = keptFile(folder.filePath(QFileInfo(line.section(QLatin1Char('|'), 0, 0)).fileName()));
-        if (!file.isEmpty())
-            m_lists.append({originIn(line), file});
+        const AptList list = listIn(line, folder);
+        if (!list.fileName.isEmpty())
+            m_lists.append(list);
     }
     return true;
 }

@@ -12,6 +12,7 @@
 struct AptList
 {
     QString origin; ///< of its source: URI, suite and architecture, as AptOutput::origin() tells it
+    QString architecture; ///< whose packages it lists, those for "all" among them; empty: of any
     QString fileName; ///< absolute path; the file can be compressed
 
     /** The name, size and time of the file, which change with its contents. */

@@ -2,6 +2,8 @@
 #include "engine/reposhell.h"
 
 #include "engine/changes/jobcontext.h"
+#include "engine/installability/baseoffers.h"
+#include "engine/installability/completecheckstate.h"
 #include "engine/jobs/openjob.h"
 #include "engine/repository/distributions.h"
 #include "engine/repository/systemrelease.h"
@@ -19,6 +21,7 @@ RepoShell::RepoShell(QObject *parent)
     : JobSignals(parent)
     , m_context(std::make_unique<JobContext>(*this))
     , m_upgradeSources(std::make_unique<UpgradeSources>())
+    , m_completeCheck(std::make_unique<CompleteCheckState>())
     , m_helper(std::make_unique<HelperClient>())
     , m_servers(std::make_unique<const RepoServers>())
 {
@@ -117,7 +120,7 @@ int RepoShell::indexOfPackage(const PackageInfoPtr &package) const
 
 CompleteCheckRecord RepoShell::completeCheck() const
 {
-    return {};
+    return path().isEmpty() ? CompleteCheckRecord() : m_completeCheck->record();
 }
 
 CheckScope RepoShell::checkScope(const CompleteCheckBase &base) const
@@ -229,12 +232,19 @@ void RepoShell::startJob(std::function<int()> job)
         // The repository may have changed since the last job looked at it.
         m_context->gate.forget();
         const int result = job();
+        compareCompleteCheck();
         m_context->gate.forget();
         m_context->lock.release();
         // finished() comes from inside the job; only a call posted by the very end says that the thread is free.
         QMetaObject::invokeMethod(this, &RepoShell::jobEnded, Qt::QueuedConnection);
         return result;
     });
+}
+
+void RepoShell::compareCompleteCheck()
+{
+    if (m_completeCheck->comparePackages(packages()))
+        Q_EMIT completeCheckChanged();
 }
 
 void RepoShell::jobEnded()

@@ -22,6 +22,7 @@
 #include <memory>
 #include <optional>
 
+class CompleteCheckState;
 class HelperClient;
 struct JobContext;
 class RepoServers;
@@ -233,6 +234,7 @@ private:
     std::unique_ptr<JobContext> m_context; ///< with the open repository and the package list
     std::unique_ptr<UpgradeSources> m_upgradeSources;
     std::unique_ptr<StoredResults> m_storedResults;
+    std::unique_ptr<CompleteCheckState> m_completeCheck;
     QFuture<int> m_future;
     int m_runningJobs = 0; ///< of the interface thread alone
     std::unique_ptr<ScratchFolder> m_tempDir; ///< what an import has unpacked
@@ -240,5 +242,7 @@ private:
     std::unique_ptr<const RepoServers> m_servers;
 
     void startJob(std::function<int()> job);
+    /** Looks whether the results of the complete check still hold. On the thread of the job that has ended. */
+    void compareCompleteCheck();
     void jobEnded();
 };

@@ -2,6 +2,7 @@
 // The engine's jobs: who may start one, and what it is given.
 #include "engine/changes/jobcontext.h"
 #include "engine/installability/completecheckjob.h"
+#include "engine/installability/completecheckstate.h"
 #include "engine/jobs/addjob.h"
 #include "engine/jobs/changejob.h"
 #include "engine/jobs/checkjob.h"
@@ -111,7 +112,13 @@ void RepoShell::checkDepends(const QList<PackageInfoPtr> &packages)
 void RepoShell::checkCompletely(const QList<PackageInfoPtr> &packages, const CompleteCheckBase &base)
 {
     if (!packages.isEmpty() && !path().isEmpty())
-        startJob([this, packages, base] { return CompleteCheckJob(*m_context).run(packages, base); });
+        startJob([this, packages, base] {
+            const auto keep = [this](const CompleteCheckRecord &record) {
+                m_completeCheck->set(record);
+                Q_EMIT completeCheckChanged();
+            };
+            return CompleteCheckJob(*m_context, m_completeCheck->record(), keep).run(packages, base);
+        });
 }
 
 // --- archives ----------------------------------------------------------------------------------------------------

@@ -19,7 +19,7 @@ class CompanionSizes
 public:
     explicit CompanionSizes(CheckScope scope);
 
-    /** The package itself first, then the others by name; none when it cannot be installed, or after a stop. */
+    /** The package itself first, then the nearest of the others; none when it cannot be installed, or after a stop. */
     QVector<Companion> of(const PackageInfoPtr &package, const StopRequest &stopped) const;
 
 private:

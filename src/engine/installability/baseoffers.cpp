@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/installability/baseoffers.h"
+
+#include "apt/aptlists.h"
+#include "apt/aptutils.h"
+#include "engine/repository/distributionsfile.h"
+#include "engine/repository/packagelisting.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QDirIterator>
+#include <QFileInfo>
+#include <QHash>
+
+#include <algorithm>
+
+namespace
+{
+struct BaseOffersText
+{
+    Q_DECLARE_TR_FUNCTIONS(RepoShell)
+};
+
+QByteArray digestOfStamps(QList<QByteArray> stamps)
+{
+    std::sort(stamps.begin(), stamps.end());
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    for (const QByteArray &stamp : qAsConst(stamps))
+        hash.addData(stamp + '\n');
+    return hash.result().toHex();
+}
+
+bool accepts(const CheckScope &scope, const AptList &list)
+{
+    return !scope.acceptsOrigin || scope.acceptsOrigin(list.origin);
+}
+
+/** The lists of the sources that count. */
+QVector<AptList> acceptedLists(const CheckScope &scope, const AptLists &apt)
+{
+    QVector<AptList> lists;
+    std::copy_if(apt.lists().cbegin(),
+                 apt.lists().cend(),
+                 std::back_inserter(lists),
+                 [&](const AptList &list) { return accepts(scope, list); });
+    return lists;
+}
+
+QByteArray digestOfLists(const QVector<AptList> &lists)
+{
+    QList<QByteArray> stamps;
+    for (const AptList &list : lists)
+        stamps.append(list.stamp());
+    return digestOfStamps(stamps);
+}
+
+/** Of the indices of a repository, and of its description, by which some of them count. */
+QByteArray digestOfRepository(const QString &path, const RepoInfo &info)
+{
+    QList<QByteArray> stamps{(info.codename + info.architectures + info.components).toUtf8()};
+    const QString folder = QStringLiteral("%1/dists/%2").arg(path, info.codename);
+    QDirIterator walk(folder, {QStringLiteral("Packages")}, QDir::Files, QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        const QFileInfo file(walk.next());
+        stamps.append(QStringLiteral("%1 %2 %3")
+                          .arg(file.filePath())
+                          .arg(file.size())
+                          .arg(file.lastModified().toMSecsSinceEpoch())
+                          .toUtf8());
+    }
+    return digestOfStamps(stamps);
+}
+
+BaseOffers readPublic(const CheckScope &scope, const QStringList &architectures, const StopRequest &stopped)
+{
+    BaseOffers offers;
+    AptLists apt;
+    if (!apt.find(stopped)) {
+        offers.problem = AptUtils::tr("Apt error");
+        offers.problemDetails = apt.errorDetail();
+        return offers;
+    }
+    const QVector<AptList> lists = acceptedLists(scope, apt);
+    offers.digest = digestOfLists(lists);
+    if (apt.lists().isEmpty()) {
+        offers.problem = AptUtils::tr("Apt error");
+        offers.problemDetails = AptUtils::noSourcesText();
+    }
+    for (const QString &architecture : architectures) {
+        if (!apt.architectures().contains(architecture))
+            offers.unknownArchitectures.append(architecture);
+    }
+    for (const AptList &list : lists) {
+        if (stopped && stopped())
+            break;
+        QString problem;
+        offers.lists.append({list.origin, list.architecture, PackageType::Deb, list.read(&problem)});
+        if (!problem.isEmpty()) {
+            offers.problem = AptUtils::tr("Apt error");
+            offers.problemDetails += problem + QLatin1Char('\n');
+        }
+    }
+    return offers;
+}
+
+BaseOffers readRepository(const CheckScope &scope)
+{
+    BaseOffers offers;
+    const QString path = scope.base.repository;
+    const auto info = DistributionsFile(path).read();
+    const auto listing = info ? readListing(path, *info) : std::nullopt;
+    if (!listing) {
+        offers.problem = BaseOffersText::tr("The packages of the repository %1 could not be read.").arg(path);
+        return offers;
+    }
+    offers.digest = digestOfRepository(path, *info);
+    QHash<QString, int> lists;
+    for (const PackageInfoPtr &package : *listing) {
+        const QString key = package->architecture + QString::number(static_cast<int>(package->type));
+        auto list = lists.find(key);
+        if (list == lists.end()) {
+            list = lists.insert(key, offers.lists.size());
+            offers.lists.append({QString(), package->architecture, package->type, {}});
+        }
+        offers.lists[*list].packages.append(package->control);
+    }
+    return offers;
+}
+} // namespace
+
+BaseOffers
+BaseOffers::read(const CheckScope &scope, const QStringList &architectures, const StopRequest &stopped)
+{
+    if (isOfPublicSources(scope.base))
+        return readPublic(scope, architectures, stopped);
+    return scope.base.kind == CompleteCheckBase::Repository ? readRepository(scope) : BaseOffers();
+}
+
+QByteArray BaseOffers::digestOf(const CheckScope &scope, const StopRequest &stopped)
+{
+    if (isOfPublicSources(scope.base)) {
+        AptLists apt;
+        return apt.find(stopped) ? digestOfLists(acceptedLists(scope, apt)) : QByteArray();
+    }
+    if (scope.base.kind != CompleteCheckBase::Repository)
+        return {};
+    const auto info = DistributionsFile(scope.base.repository).read();
+    return info ? digestOfRepository(scope.base.repository, *info) : QByteArray();
+}

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/installability/completecheckstate.h"
+
+#include "installability/packagesdigest.h"
+
+#include <QMutexLocker>
+
+namespace
+{
+constexpr char Separator = '-';
+
+QByteArray packagesPart(const QByteArray &digest)
+{
+    return digest.left(digest.indexOf(Separator));
+}
+
+QByteArray basePart(const QByteArray &digest)
+{
+    return digest.mid(digest.indexOf(Separator) + 1);
+}
+} // namespace
+
+CompleteCheckRecord CompleteCheckState::record() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_record;
+}
+
+void CompleteCheckState::set(const CompleteCheckRecord &record)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_record = record;
+    m_arePackagesOther = false;
+    m_isBaseOther = false;
+}
+
+bool CompleteCheckState::comparePackages(const QList<PackageInfoPtr> &packages)
+{
+    const QByteArray known = record().digest;
+    const QByteArray now = known.isEmpty() ? QByteArray() : PackagesDigest::of(packages);
+    const QMutexLocker lock(&m_mutex);
+    // Another check may have ended in between; its own record holds.
+    if (m_record.digest != known)
+        return false;
+    m_arePackagesOther = packagesPart(known) != now;
+    return update();
+}
+
+bool CompleteCheckState::compareBase(const QByteArray &baseDigest)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_isBaseOther = basePart(m_record.digest) != baseDigest;
+    return update();
+}
+
+QByteArray CompleteCheckState::digestOf(const QList<PackageInfoPtr> &packages, const QByteArray &baseDigest)
+{
+    return PackagesDigest::of(packages) + Separator + baseDigest;
+}
+
+bool CompleteCheckState::update()
+{
+    const bool isStale = m_record.isValid() && (m_arePackagesOther || m_isBaseOther);
+    const bool isOther = isStale != m_record.isStale;
+    m_record.isStale = isStale;
+    return isOther;
+}
