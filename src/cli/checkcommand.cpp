@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands.h"
+#include "cli/completecheck.h"
 #include "cli/console.h"
 #include "cli/invocation.h"
 #include "cli/packagejson.h"
@@ -34,6 +35,13 @@ QStringList missingOf(const PackageInfo &package)
 
 ExitCode Commands::check(const Invocation &invocation, Console &console)
 {
+    const QString refusal = CompleteCheck::refusal(invocation);
+    if (!refusal.isEmpty()) {
+        console.error(QStringLiteral("usage"), refusal);
+        return ExitCode::Usage;
+    }
+    if (invocation.has("complete"))
+        return CompleteCheck::run(invocation, console);
     RepositorySession session(invocation, console);
     if (!session.open())
         return session.exitCode();

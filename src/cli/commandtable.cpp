@@ -34,6 +34,25 @@ const CommandOption Against{
         "Where dependencies are looked for: local (the default) is the repository itself, public "
         "are apt's sources"),
     "local|public|both"};
+const CommandOption Complete{
+    "complete",
+    nullptr,
+    QT_TRANSLATE_NOOP("cli",
+                      "Check whether the packages can really be installed, with all that they need, and say "
+                      "why the others cannot")};
+const CommandOption Base{
+    "base",
+    "WHAT",
+    QT_TRANSLATE_NOOP(
+        "cli",
+        "With --complete, what else there is: public (the default) are apt's sources, essential "
+        "is what every system has, nothing is the repository alone; or another REPOSITORY")};
+const CommandOption ForeignArchitecture{
+    "foreign-architecture",
+    "NAME",
+    QT_TRANSLATE_NOOP("cli",
+                      "With --complete, a further architecture of the system, as dpkg knows foreign "
+                      "architectures; can be repeated")};
 const CommandOption From{
     "from",
     "SOURCE",
@@ -146,7 +165,12 @@ const QVector<CommandDescription> &CommandTable::commands()
          Operand::Repository,
          Operand::PackageName,
          QT_TRANSLATE_NOOP("cli", "Check whether the dependencies of the packages can be met"),
-         {Against, {"arch", "NAME", Architecture}, {"component", "NAME", Component}}},
+         {Against,
+          Complete,
+          Base,
+          ForeignArchitecture,
+          {"arch", "NAME", Architecture},
+          {"component", "NAME", Component}}},
         {"upgrade",
          Commands::upgrade,
          "REPO",

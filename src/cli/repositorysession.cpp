@@ -281,13 +281,24 @@ QList<PackageInfoPtr> RepositorySession::replaced() const
 
 QList<PackageInfoPtr> RepositorySession::checked() const
 {
+    return changed([](const PackageInfo &package) { return package.hasDependsInfo(); });
+}
+
+QList<PackageInfoPtr> RepositorySession::completelyChecked() const
+{
+    return changed(
+        [](const PackageInfo &package) { return package.installabilityState() != InstallabilityUnknown; });
+}
+
+QList<PackageInfoPtr> RepositorySession::changed(bool (*isWanted)(const PackageInfo &package)) const
+{
     const QSet<PackageInfoPtr> records(m_changed.cbegin(), m_changed.cend());
-    QList<PackageInfoPtr> checked;
+    QList<PackageInfoPtr> found;
     const auto packages = m_shell.packages();
-    std::copy_if(packages.cbegin(), packages.cend(), std::back_inserter(checked), [&](const auto &package) {
-        return package->hasDependsInfo() && records.contains(package);
+    std::copy_if(packages.cbegin(), packages.cend(), std::back_inserter(found), [&](const auto &package) {
+        return isWanted(*package) && records.contains(package);
     });
-    return checked;
+    return found;
 }
 
 QList<PackageInfoPtr> RepositorySession::removed() const

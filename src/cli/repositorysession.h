@@ -61,6 +61,8 @@ public:
     QList<PackageInfoPtr> replaced() const;
     /** The present records of those with new results of a check. */
     QList<PackageInfoPtr> checked() const;
+    /** The same for a complete check. */
+    QList<PackageInfoPtr> completelyChecked() const;
     /** Without those that were replaced. */
     QList<PackageInfoPtr> removed() const;
     /** The exit code after a job that changes no packages, or whose changes the caller knows better. */
@@ -87,6 +89,8 @@ private:
     QString m_file; ///< what the job's remarks and errors are about; empty: the job
 
     void connectShell();
+    /** The present records of changed packages that this is true for. */
+    QList<PackageInfoPtr> changed(bool (*isWanted)(const PackageInfo &package)) const;
     /** Whether the folder that is being opened is no repository, which is told. */
     bool isWithoutDescription();
     void
