@@ -78,8 +78,10 @@ void CheckedSystem::addOffers(const QVector<OfferList> &lists)
             if (index < 0)
                 continue;
             m_lists.resize(static_cast<std::size_t>(m_universe.count()), -1);
+            // What the repository or the base has is not offered by a list that is not at hand.
             int &known = m_lists[static_cast<std::size_t>(index)];
-            known = known < 0 ? number : known;
+            if (known < 0 && index >= m_firstFurther)
+                known = number;
         }
     }
 }

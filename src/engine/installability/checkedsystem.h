@@ -50,6 +50,8 @@ public:
     bool isOffered(int package) const { return m_lists[static_cast<std::size_t>(package)] >= 0; }
     /** Whether only the further lists offer the package. */
     bool isFurther(int package) const { return package >= m_firstFurther; }
+    /** From this one on, all packages are further ones. */
+    int firstFurther() const { return m_firstFurther; }
     /** The public source that offers the package; empty when there is none. */
     QString originOf(int package) const;
 

@@ -49,16 +49,19 @@ int CompleteCheckJob::run(const QList<PackageInfoPtr> &packages, const CompleteC
             checkSystem(system, system.nativeAmong(records), isComplete);
         }
     }
-    const QByteArray digest = CompleteCheckState::digestOf(all, offers.digest);
-    publish(m_previous.base == base && m_previous.digest == digest);
+    // A stop before the first result has checked nothing: then the last check is still the last one.
+    if (!m_results.isEmpty() || !mustStop()) {
+        const QByteArray digest = CompleteCheckState::digestOf(all, offers.digest);
+        publish(m_previous.base == base && m_previous.digest == digest);
+        m_keep({base, QDateTime::currentDateTimeUtc(), digest, false});
+    }
     m_context.progress.show();
-    m_keep({base, QDateTime::currentDateTimeUtc(), digest, false});
     if (m_leftOut > 0)
-        Q_EMIT m_context.listener.noted(tr("Complete check: %n installer package(s) need what the repository "
-                                           "does not hold, and apt fetches no "
-                                           "lists of installer packages. Nothing can be said of these.",
-                                           nullptr,
-                                           m_leftOut));
+        Q_EMIT m_context.listener.noted(
+            tr("%n installer package(s) need what the repository does not hold, and apt fetches no lists of "
+               "installer packages: whether they can be installed is not known.",
+               nullptr,
+               m_leftOut));
     if (mustStop())
         return frame.finish(
             CANCEL,

@@ -7,12 +7,14 @@
 
 #include <QCoreApplication>
 
+class CureTrial;
+
 /** A change of the repository that removes the reason why a package cannot be installed. */
 struct Cure
 {
     enum Kind {
         Fetch, ///< bring in a version that a public source offers
-        Remove, ///< remove a package of the repository that excludes what is needed
+        Remove, ///< remove an essential package of the repository, which every system would have to install
         Upgrade ///< replace a package of the repository with a version that a public source offers
     };
 
@@ -46,11 +48,14 @@ class Cures
 public:
     explicit Cures(CheckScope scope);
 
-    /** Complete ones first. None without a reason, and after a stop. */
+    /** Complete ones first. Each has been tried. None for a package that can be installed, and after a stop. */
     QVector<Cure> of(const PackageInfoPtr &package, const StopRequest &stopped) const;
     /** What `cure`, which of() has found for the same scope, would change. */
     CureEffect effectOf(const Cure &cure, const StopRequest &stopped) const;
 
 private:
     CheckScope m_scope;
+
+    static Cure
+    cureOf(const CureTrial &trial, Cure::Kind kind, int package, const QString &index, bool isComplete);
 };
