@@ -34,7 +34,7 @@ RepoShell::RepoShell(QObject *parent)
     qRegisterMetaType<RepoEnums::JobId>();
     StoredResults::Listener listener;
     listener.merged = [this](const QList<PackageInfoPtr> &packages) { m_context->packages.assign(packages); };
-    listener.checkRead = [](const CompleteCheckRecord & /*record*/) {};
+    listener.checkRead = [this](const CompleteCheckRecord &record) { m_completeCheck->setStored(record); };
     listener.dependsBroken = [this](const QString &keptAs) {
         Q_EMIT critical(tr("The stored results of the dependency checks could not be read. The file is kept "
                            "as %1; check the dependencies again.")
@@ -243,7 +243,15 @@ void RepoShell::startJob(std::function<int()> job)
 
 void RepoShell::compareCompleteCheck()
 {
-    if (m_completeCheck->comparePackages(packages()))
+    const CompleteCheckRecord before = m_completeCheck->record();
+    if (m_completeCheck->isBaseOpen()) {
+        const auto stopped = [this] { return m_context->control.isClosing(); };
+        const QByteArray digest = BaseOffers::digestOf(checkScope(before.base), stopped);
+        if (!stopped())
+            m_completeCheck->compareBase(digest);
+    }
+    m_completeCheck->comparePackages(packages());
+    if (m_completeCheck->record() != before)
         Q_EMIT completeCheckChanged();
 }
 

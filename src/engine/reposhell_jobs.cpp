@@ -15,6 +15,7 @@
 #include "engine/jobs/removejob.h"
 #include "engine/jobs/signjob.h"
 #include "engine/reposhell.h"
+#include "engine/storedresults.h"
 #include "engine/upgrade/prepareupgradejob.h"
 #include "engine/upgrade/upgradejob.h"
 #include "engine/upgrade/upgradesources.h"
@@ -55,7 +56,10 @@ void RepoShell::openRepo(const QString &path)
 void RepoShell::reloadRepo()
 {
     if (!path().isEmpty())
-        startJob([this] { return ReloadJob(*m_context).run(); });
+        startJob([this] {
+            m_completeCheck->forgetBase();
+            return ReloadJob(*m_context).run();
+        });
 }
 
 void RepoShell::changeRepo(const QString &newPath,
@@ -115,6 +119,7 @@ void RepoShell::checkCompletely(const QList<PackageInfoPtr> &packages, const Com
         startJob([this, packages, base] {
             const auto keep = [this](const CompleteCheckRecord &record) {
                 m_completeCheck->set(record);
+                m_storedResults->saveCompleteCheck(this->packages(), record);
                 Q_EMIT completeCheckChanged();
             };
             return CompleteCheckJob(*m_context, m_completeCheck->record(), keep).run(packages, base);

@@ -32,25 +32,45 @@ void CompleteCheckState::set(const CompleteCheckRecord &record)
     m_record = record;
     m_arePackagesOther = false;
     m_isBaseOther = false;
+    m_isBaseOpen = false;
 }
 
-bool CompleteCheckState::comparePackages(const QList<PackageInfoPtr> &packages)
+void CompleteCheckState::setStored(const CompleteCheckRecord &record)
+{
+    set(record);
+    forgetBase();
+}
+
+bool CompleteCheckState::isBaseOpen() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_isBaseOpen && m_record.isValid();
+}
+
+void CompleteCheckState::forgetBase()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_isBaseOpen = true;
+}
+
+void CompleteCheckState::comparePackages(const QList<PackageInfoPtr> &packages)
 {
     const QByteArray known = record().digest;
     const QByteArray now = known.isEmpty() ? QByteArray() : PackagesDigest::of(packages);
     const QMutexLocker lock(&m_mutex);
     // Another check may have ended in between; its own record holds.
     if (m_record.digest != known)
-        return false;
+        return;
     m_arePackagesOther = packagesPart(known) != now;
-    return update();
+    update();
 }
 
-bool CompleteCheckState::compareBase(const QByteArray &baseDigest)
+void CompleteCheckState::compareBase(const QByteArray &baseDigest)
 {
     const QMutexLocker lock(&m_mutex);
+    m_isBaseOpen = false;
     m_isBaseOther = basePart(m_record.digest) != baseDigest;
-    return update();
+    update();
 }
 
 QByteArray CompleteCheckState::digestOf(const QList<PackageInfoPtr> &packages, const QByteArray &baseDigest)
@@ -58,10 +78,7 @@ QByteArray CompleteCheckState::digestOf(const QList<PackageInfoPtr> &packages, c
     return PackagesDigest::of(packages) + Separator + baseDigest;
 }
 
-bool CompleteCheckState::update()
+void CompleteCheckState::update()
 {
-    const bool isStale = m_record.isValid() && (m_arePackagesOther || m_isBaseOther);
-    const bool isOther = isStale != m_record.isStale;
-    m_record.isStale = isStale;
-    return isOther;
+    m_record.isStale = m_record.isValid() && (m_arePackagesOther || m_isBaseOther);
 }

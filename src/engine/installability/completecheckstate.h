@@ -12,12 +12,18 @@ class CompleteCheckState
 {
 public:
     CompleteCheckRecord record() const;
-    /** A check has ended, or its results were read, or there is none. */
+    /** A check has ended. */
     void set(const CompleteCheckRecord &record);
-    /** Compares with the packages as they are now; true when the results have become stale, or hold again. */
-    bool comparePackages(const QList<PackageInfoPtr> &packages);
+    /** Stored results were read: whether they hold is still to be compared. */
+    void setStored(const CompleteCheckRecord &record);
+    /** Whether the base was not compared since the results were read, or since forgetBase(). */
+    bool isBaseOpen() const;
+    /** What the base offers may have changed. */
+    void forgetBase();
+    /** Compares with the packages as they are now: the results have become stale, or hold again. */
+    void comparePackages(const QList<PackageInfoPtr> &packages);
     /** Compares with what the base offers now; the same. */
-    bool compareBase(const QByteArray &baseDigest);
+    void compareBase(const QByteArray &baseDigest);
 
     /** The digest of a check of these packages. */
     static QByteArray digestOf(const QList<PackageInfoPtr> &packages, const QByteArray &baseDigest);
@@ -27,6 +33,7 @@ private:
     CompleteCheckRecord m_record;
     bool m_arePackagesOther = false;
     bool m_isBaseOther = false;
+    bool m_isBaseOpen = false;
 
-    bool update();
+    void update();
 };
