@@ -183,9 +183,11 @@ ExitCode CompleteCheck::run(const Invocation &invocation, Console &console)
         [&](const QList<PackageInfoPtr> &packages) { session.shell().checkCompletely(packages, base); });
     if (selected.packages.isEmpty() && !selected.unmatched.isEmpty())
         return ExitCode::Failed;
-    const ExitCode code = session.exitCode(true);
-    Findings findings(console);
     const auto checked = session.completelyChecked();
+    const ExitCode code = session.exitCode(!checked.isEmpty());
+    if (code == ExitCode::Failed)
+        return code;
+    Findings findings(console);
     for (const PackageInfoPtr &package : checked)
         findings.add(*package);
     findings.finish();

@@ -124,6 +124,11 @@ Contradiction::Rules Contradiction::around(int package, bool essential) const
     reach(package);
     if (essential) {
         for (const std::vector<int> &versions : m_universe.essential()) {
+            // When all are gone, nothing is essential under this name any more.
+            if (std::all_of(versions.begin(), versions.end(), [this](int version) {
+                    return m_settled->isGone(version);
+                }))
+                continue;
             rules.push_back({InstallationRule::Essential, versions.front(), 0, Universe::Depends});
             for (const int version : versions)
                 reach(version);

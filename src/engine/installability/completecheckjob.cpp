@@ -53,7 +53,9 @@ int CompleteCheckJob::run(const QList<PackageInfoPtr> &packages, const CompleteC
     if (!m_results.isEmpty() || !mustStop()) {
         const QByteArray digest = CompleteCheckState::digestOf(all, offers.digest);
         publish(m_previous.base == base && m_previous.digest == digest);
-        m_keep({base, QDateTime::currentDateTimeUtc(), digest, false});
+        // What is stored knows whole seconds.
+        const auto now = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch(), Qt::UTC);
+        m_keep({base, now, digest, false});
     }
     m_context.progress.show();
     if (m_leftOut > 0)

@@ -11,12 +11,12 @@ constexpr char Separator = '-';
 
 QByteArray packagesPart(const QByteArray &digest)
 {
-    return digest.left(digest.indexOf(Separator));
+    return digest.left(digest.lastIndexOf(Separator));
 }
 
 QByteArray basePart(const QByteArray &digest)
 {
-    return digest.mid(digest.indexOf(Separator) + 1);
+    return digest.mid(digest.lastIndexOf(Separator) + 1);
 }
 } // namespace
 

@@ -50,6 +50,7 @@ public:
             if (package->installabilityState() == state)
                 names.append(package->name);
         }
+        names.sort();
         return names.join(u' ');
     }
     QString broken() const { return named(NotInstallable); }
