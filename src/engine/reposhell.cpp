@@ -180,6 +180,7 @@ void RepoShell::setDependsRepoType(int type)
 void RepoShell::setExternalRepos(const ExternalRepos &repos)
 {
     m_context->choices.setExternalRepos(repos);
+    m_completeCheck->forgetBase();
 }
 
 void RepoShell::setOpenRepositories(const QStringList &paths)
