@@ -27,7 +27,7 @@ constexpr unsigned long long LargestList = 2ULL << 30;
 QString keptFile(const QString &path)
 {
     for (const auto *const suffix : {"", ".lz4", ".zst", ".gz", ".xz", ".bz2", ".lzma"}) {
-        const QString file = path + QLatin1String(suffix);
+        QString file = path + QLatin1String(suffix);
         if (QFileInfo(file).isFile())
             return file;
     }

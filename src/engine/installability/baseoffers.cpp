@@ -94,6 +94,10 @@ BaseOffers readPublic(const CheckScope &scope, const QStringList &architectures,
     for (const AptList &list : lists) {
         if (stopped && stopped())
             break;
+        // A list without an architecture, or for "all", counts on every system.
+        if (!list.architecture.isEmpty() && list.architecture != QLatin1String("all")
+            && !architectures.contains(list.architecture))
+            continue;
         QString problem;
         offers.lists.append({list.origin, list.architecture, PackageType::Deb, list.read(&problem)});
         if (!problem.isEmpty()) {

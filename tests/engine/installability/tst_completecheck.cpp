@@ -89,6 +89,15 @@ private Q_SLOTS:
         QCOMPARE(h.named(Installable), "all all lib lib own user"_s);
         QCOMPARE(h.broken(), "needy"_s);
         QVERIFY2(h.complains("arm64"_s), qPrintable(h.trouble()));
+        // apt can keep its lists compressed.
+        const QString pack = "cd lists; for list in *_Packages; do %1 <$list >$list.%2; mv $list ..; done"_s;
+        const QString unpack = "cd lists; rm *_Packages.*; mv ../*_Packages ."_s;
+        for (const auto &[tool, suffix] : {std::pair("gzip"_s, "gz"_s), std::pair("xz"_s, "xz"_s)}) {
+            runShell(pack.arg(tool, suffix), h.folder.path());
+            h.check(CompleteCheckBase::Public);
+            QCOMPARE(h.broken(), "needy"_s);
+            runShell(unpack, h.folder.path());
+        }
         runShell("rm -r lists; mkdir lists"_s, h.folder.path());
         h.check(CompleteCheckBase::Public);
         QVERIFY2(h.complains("apt update"_s), qPrintable(h.trouble()));
