@@ -34,7 +34,10 @@ RepoShell::RepoShell(QObject *parent)
     qRegisterMetaType<RepoEnums::JobId>();
     StoredResults::Listener listener;
     listener.merged = [this](const QList<PackageInfoPtr> &packages) { m_context->packages.assign(packages); };
-    listener.checkRead = [this](const CompleteCheckRecord &record) { m_completeCheck->setStored(record); };
+    listener.checkRead = [this](const CompleteCheckRecord &record) {
+        m_completeCheck->setStored(record);
+        Q_EMIT completeCheckChanged();
+    };
     listener.dependsBroken = [this](const QString &keptAs) {
         Q_EMIT critical(tr("The stored results of the dependency checks could not be read. The file is kept "
                            "as %1; check the dependencies again.")
