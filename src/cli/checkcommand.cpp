@@ -39,11 +39,6 @@ QStringList missingOf(const PackageInfo &package)
 
 namespace
 {
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("cli", text);
-}
-
 CompleteCheckBase baseOf(const Invocation &invocation)
 {
     CompleteCheckBase base;
@@ -136,7 +131,7 @@ public:
 
     void finish()
     {
-        m_console.line(translated("Checked: %1, not installable: %2, undecided: %3")
+        m_console.line(QCoreApplication::translate("cli", "Checked: %1, not installable: %2, undecided: %3")
                            .arg(m_packages)
                            .arg(m_broken.size())
                            .arg(m_undecided.size()));
@@ -170,8 +165,9 @@ private:
         QJsonObject object = packageObject(package);
         object.insert(QStringLiteral("recommends"), QJsonArray::fromStringList(entries));
         m_recommends.append(object);
-        m_console.line(translated("%1 recommends what cannot be installed with it: %2")
-                           .arg(shownPackage(package), entries.join(QLatin1String(", "))));
+        m_console.line(
+            QCoreApplication::translate("cli", "%1 recommends what cannot be installed with it: %2")
+                .arg(shownPackage(package), entries.join(QLatin1String(", "))));
     }
 };
 
@@ -181,16 +177,18 @@ QString refusalOf(const Invocation &invocation)
     if (!invocation.has("complete")) {
         for (const char *option : {"base", "foreign-architecture"}) {
             if (invocation.has(option))
-                return translated("--%1 is an option of --complete.").arg(QLatin1String(option));
+                return QCoreApplication::translate("cli", "--%1 is an option of --complete.")
+                    .arg(QLatin1String(option));
         }
         return {};
     }
     if (invocation.has("against"))
-        return translated("--against is for the check of names; --complete has --base.");
+        return QCoreApplication::translate("cli",
+                                           "--against is for the check of names; --complete has --base.");
     const QStringList architectures = invocation.values("foreign-architecture");
     for (const QString &architecture : architectures) {
         if (!AptCommands::isArchitecture(architecture) || architecture == QLatin1String("all"))
-            return translated("\"%1\" is not an architecture.").arg(architecture);
+            return QCoreApplication::translate("cli", "\"%1\" is not an architecture.").arg(architecture);
     }
     return {};
 }
