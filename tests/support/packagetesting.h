@@ -33,6 +33,11 @@ public:
         m_info.dependsInfo = info;
         return *this;
     }
+    PackageBuilder &installability(const InstallabilityInfo &info)
+    {
+        m_info.installability = QSharedPointer<InstallabilityInfo>::create(info);
+        return *this;
+    }
     PackageInfoPtr build() const { return PackageInfoPtr::create(m_info); }
 
 private:

@@ -6,9 +6,9 @@
 #include <QImage>
 #include <QPaintDevice>
 #include <QPainter>
-#include <QPair>
 #include <QPixmap>
 #include <QPixmapCache>
+#include <QStringList>
 
 namespace
 {
@@ -73,13 +73,37 @@ QImage overlayImage(const QIcon &overlay, const QSize &size, QIcon::Mode mode, Q
     return shape.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
+/** Makes a gap around `image`, which separates it from what lies below it, and paints it there. */
+void paintApart(QPainter &painter, const QPoint &place, const QImage &image, int gap, qreal opacity = 1)
+{
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.drawImage(place - QPoint(gap, gap), emboldened(image, 2 * gap));
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setOpacity(opacity);
+    painter.drawImage(place, image);
+    painter.setOpacity(1);
+}
+
+/** The emblem for an icon of `size`. It leaves the overlay in the other corner as it is. */
+QImage emblemImage(const QIcon &emblem, const QSize &size, QIcon::Mode mode, QIcon::State state)
+{
+    constexpr qreal Share = 0.44;
+    QImage image(size * Share, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    emblem.paint(&painter, image.rect(), Qt::AlignCenter, mode, state);
+    return image;
+}
+
 /** Composes the icon at the requested size, so that it is sharp at every size and pixel ratio. */
 class OverlayEngine : public QIconEngine
 {
 public:
-    OverlayEngine(QIcon base, QIcon overlay)
+    OverlayEngine(QIcon base, QIcon overlay, QIcon emblem, bool isFaded)
         : m_base(std::move(base))
         , m_overlay(std::move(overlay))
+        , m_emblem(std::move(emblem))
+        , m_isFaded(isFaded)
     { }
 
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override
@@ -92,9 +116,11 @@ public:
 
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
     {
-        const QString key = QStringLiteral("veltoverlay/%1/%2/%3x%4/%5/%6")
+        const QString key = QStringLiteral("veltoverlay/%1/%2/%3/%4/%5x%6/%7/%8")
                                 .arg(m_base.cacheKey())
                                 .arg(m_overlay.cacheKey())
+                                .arg(m_emblem.cacheKey())
+                                .arg(m_isFaded)
                                 .arg(size.width())
                                 .arg(size.height())
                                 .arg(mode)
@@ -106,14 +132,17 @@ public:
         composed.fill(Qt::transparent);
         QPainter painter(&composed);
         m_base.paint(&painter, QRect(QPoint(0, 0), size), Qt::AlignCenter, mode, state);
-        const QImage overlay = overlayImage(m_overlay, size, mode, state);
-        const QPoint corner(size.width() - overlay.width(), size.height() - overlay.height());
-        // A gap around the overlay separates it from the base, whatever their colours.
         const int gap = qMax(1, size.width() / 16);
-        painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
-        painter.drawImage(corner - QPoint(gap, gap), emboldened(overlay, 2 * gap));
-        painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-        painter.drawImage(corner, overlay);
+        if (!m_emblem.isNull()) {
+            constexpr qreal Faded = 0.45;
+            paintApart(
+                painter, QPoint(0, 0), emblemImage(m_emblem, size, mode, state), gap, m_isFaded ? Faded : 1);
+        }
+        if (!m_overlay.isNull()) {
+            const QImage overlay = overlayImage(m_overlay, size, mode, state);
+            const QPoint corner(size.width() - overlay.width(), size.height() - overlay.height());
+            paintApart(painter, corner, overlay, gap);
+        }
         painter.end();
         QPixmapCache::insert(key, composed);
         return composed;
@@ -129,7 +158,7 @@ public:
         return m_base.availableSizes(mode, state);
     }
 
-    bool isNull() const { return m_base.isNull() && m_overlay.isNull(); }
+    bool isNull() const { return m_base.isNull() && m_overlay.isNull() && m_emblem.isNull(); }
 
     void virtual_hook(int id, void *data) override
     {
@@ -139,29 +168,33 @@ public:
             QIconEngine::virtual_hook(id, data);
     }
 
-    QIconEngine *clone() const override { return new OverlayEngine(m_base, m_overlay); }
+    QIconEngine *clone() const override { return new OverlayEngine(m_base, m_overlay, m_emblem, m_isFaded); }
 
 private:
     QIcon m_base;
     QIcon m_overlay;
+    QIcon m_emblem;
+    bool m_isFaded;
 };
 } // namespace
 
-QIcon VeltIcon::withOverlay(const QString &base, const QString &overlay)
+QIcon VeltIcon::withOverlay(const QString &base, const QString &overlay, const Emblem &emblem)
 {
-    static QHash<QPair<QString, QString>, QIcon> cache;
+    static QHash<QStringList, QIcon> cache;
     static QString cachedTheme;
     // After a change of the desktop's theme, all cached icons belong to the old theme.
     if (cachedTheme != QIcon::themeName()) {
         cachedTheme = QIcon::themeName();
         cache.clear();
     }
-    const QPair<QString, QString> key(base, overlay);
+    const QStringList key{base, overlay, emblem.name, emblem.isFaded ? QStringLiteral("faded") : QString()};
     const auto known = cache.constFind(key);
     if (known != cache.constEnd())
         return *known;
-    const QIcon baseIcon = QIcon::fromTheme(base);
-    QIcon icon = overlay.isEmpty() ? baseIcon : QIcon(new OverlayEngine(baseIcon, QIcon::fromTheme(overlay)));
+    const auto themed = [](const QString &name) { return name.isEmpty() ? QIcon() : QIcon::fromTheme(name); };
+    QIcon icon = themed(base);
+    if (!overlay.isEmpty() || !emblem.name.isEmpty())
+        icon = QIcon(new OverlayEngine(icon, themed(overlay), themed(emblem.name), emblem.isFaded));
     cache.insert(key, icon);
     return icon;
 }

@@ -70,6 +70,7 @@ void PackageTree::build(const QList<PackageInfoPtr> &packages)
     m_items.clear();
     m_freeIds.clear();
     m_byKey.clear();
+    m_breaking.clear();
     m_items.reserve(static_cast<std::size_t>(packages.size()) + 128);
     m_byKey.reserve(packages.size());
 
@@ -256,8 +257,10 @@ void PackageTree::take(int id)
 
 void PackageTree::replace(int id, const PackageInfoPtr &package)
 {
+    count(item(id), -1);
     at(id).package = package;
-    setState(id, package->dependStatus());
+    at(id).state = package->dependStatus();
+    count(item(id), 1);
 }
 
 bool PackageTree::updateDistinction(int id)
@@ -291,9 +294,15 @@ void PackageTree::setState(int id, int state)
 void PackageTree::count(const RepoItem &package, int difference)
 {
     const int slot = package.state - DependUndefined;
+    const Installability installability = package.installability();
+    m_breaking.count(*package.package, difference);
     for (int id = package.parent; id >= 0; id = item(id).parent) {
         RepoItem &container = at(id);
         container.packageCount += difference;
+        if (installability == NotInstallable)
+            container.notInstallable += difference;
+        else if (installability == InstallabilityUndecided)
+            container.undecided += difference;
         if (slot >= 0 && slot < static_cast<int>(container.stateCounts.size()))
             container.stateCounts[static_cast<std::size_t>(slot)] += difference;
     }

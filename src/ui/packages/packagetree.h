@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/repository/packagelist.h"
+#include "ui/packages/breakingpackages.h"
 #include "ui/packages/repoitem.h"
 
 #include <QHash>
@@ -28,6 +29,8 @@ public:
     const RepoItem &item(int id) const { return m_items[static_cast<std::size_t>(id)]; }
     const RepoItem &root() const { return item(RootId); }
     QList<PackageInfoPtr> packages() const;
+    /** The packages that keep others from being installed. */
+    const BreakingPackages &breaking() const { return m_breaking; }
     /** The id of the package; -1 when it is not in the tree. */
     int packageId(const PackageKey &key) const { return m_byKey.value(key, -1); }
     /** The id of the component or section with this code; -1 when there is none. */
@@ -59,6 +62,7 @@ private:
     std::vector<RepoItem> m_items;
     std::vector<int> m_freeIds;
     QHash<PackageKey, int> m_byKey; ///< ids of the packages
+    BreakingPackages m_breaking;
 
     RepoItem &at(int id) { return m_items[static_cast<std::size_t>(id)]; }
     int append(RepoItem item, int parent);

@@ -23,6 +23,8 @@ struct RepoItem
     QVector<int> children;
     std::array<int, 3> stateCounts{}; ///< number of packages below a container, by dependency state
     int packageCount = 0; ///< number of packages below a container, in any state
+    int notInstallable = 0; ///< number of packages below a container that cannot be installed
+    int undecided = 0; ///< number of packages below a container on which the complete check took too long
     QString code; ///< of a component or section
     QString title; ///< of a container
     PackageInfoPtr package;
@@ -41,5 +43,15 @@ struct RepoItem
         if (stateCounts[0] > 0)
             return DependUndefined;
         return stateCounts[DependSuccess - DependUndefined] > 0 ? int(DependSuccess) : NoDependState;
+    }
+
+    /** What the complete check says; of a container the worst, and nothing when there is nothing bad. */
+    Installability installability() const
+    {
+        if (!isContainer())
+            return package ? package->installabilityState() : InstallabilityUnknown;
+        if (notInstallable > 0)
+            return NotInstallable;
+        return undecided > 0 ? InstallabilityUndecided : InstallabilityUnknown;
     }
 };

@@ -12,20 +12,34 @@
 
 namespace
 {
-QIcon itemIcon(const RepoItem &item)
+/** Packages that can be installed have no sign: they are what a user expects. */
+VeltIcon::Emblem emblemOf(Installability installability, bool isStale)
 {
+    switch (installability) {
+    case NotInstallable:
+        return {QStringLiteral("velt-not-installable"), isStale};
+    case InstallabilityUndecided:
+        return {QStringLiteral("velt-install-undecided"), isStale};
+    default:
+        return {};
+    }
+}
+
+QIcon itemIcon(const RepoItem &item, bool isStale)
+{
+    const VeltIcon::Emblem emblem = emblemOf(item.installability(), isStale);
     QString base = QStringLiteral("folder");
     if (!item.isContainer())
         base = item.package->isSigned() ? QStringLiteral("signed-package") : QStringLiteral("synaptic");
     switch (item.dependState()) {
     case DependUndefined:
-        return VeltIcon::withOverlay(base, QStringLiteral("dialog-question"));
+        return VeltIcon::withOverlay(base, QStringLiteral("dialog-question"), emblem);
     case DependError:
-        return VeltIcon::withOverlay(base, QStringLiteral("dialog-close"));
+        return VeltIcon::withOverlay(base, QStringLiteral("dialog-close"), emblem);
     case DependSuccess:
-        return VeltIcon::withOverlay(base, QStringLiteral("dialog-ok-apply"));
+        return VeltIcon::withOverlay(base, QStringLiteral("dialog-ok-apply"), emblem);
     default:
-        return VeltIcon::withOverlay(base, QString());
+        return VeltIcon::withOverlay(base, QString(), emblem);
     }
 }
 
@@ -77,6 +91,7 @@ void RepoModel::setPackages(const QList<PackageInfoPtr> &packages)
     beginResetModel();
     m_tree.build(packages);
     endResetModel();
+    announceBreaking();
 }
 
 // --- changes of the package list -----------------------------------------------------------------------------------
@@ -242,7 +257,7 @@ void RepoModel::remove(int id, Touched &touched)
         beginRemoveRows(indexOfId(container), row, row);
         m_tree.take(id);
         endRemoveRows();
-        touched.states.remove(id);
+        touched.marks.remove(id);
         touched.rows.remove(id);
         id = container;
     }
@@ -266,8 +281,8 @@ int RepoModel::ensureContainer(int parentId, RepoItem::Kind kind, const QString 
 void RepoModel::touchContainers(int section, Touched &touched) const
 {
     for (int id = section; id >= 0; id = m_tree.item(id).parent) {
-        if (!touched.states.contains(id))
-            touched.states.insert(id, m_tree.item(id).dependState());
+        if (!touched.marks.contains(id))
+            touched.marks.insert(id, marksOf(m_tree.item(id)));
     }
 }
 
@@ -298,11 +313,20 @@ void RepoModel::announce(const Touched &touched)
         const QModelIndex section = indexOfId(it.key());
         Q_EMIT dataChanged(index(it->first, 0, section), index(it->second, 0, section));
     }
-    for (auto it = touched.states.cbegin(); it != touched.states.cend(); ++it) {
+    for (auto it = touched.marks.cbegin(); it != touched.marks.cend(); ++it) {
         const QModelIndex container = indexOfId(it.key());
-        if (m_tree.item(it.key()).dependState() != it.value())
-            Q_EMIT dataChanged(container, container, {Qt::DecorationRole, StateRole});
+        if (marksOf(m_tree.item(it.key())) != it.value())
+            Q_EMIT dataChanged(container, container, {Qt::DecorationRole, StateRole, InstallabilityRole});
     }
+    announceBreaking();
+}
+
+void RepoModel::announceBreaking()
+{
+    if (m_breakingRevision == m_tree.breaking().revision())
+        return;
+    m_breakingRevision = m_tree.breaking().revision();
+    Q_EMIT breakingChanged();
 }
 
 void RepoModel::announcePackages(const QVector<int> &roles)
@@ -324,6 +348,26 @@ void RepoModel::setShowVersions(bool show)
     m_showVersions = show;
     if (m_hasRepository)
         announcePackages({Qt::DisplayRole, TextRole});
+}
+
+void RepoModel::setInstallabilityStale(bool isStale)
+{
+    if (m_isStale == isStale)
+        return;
+    m_isStale = isStale;
+    if (!m_hasRepository)
+        return;
+    const QVector<int> roles{Qt::DecorationRole, Qt::ToolTipRole, Qt::AccessibleDescriptionRole};
+    const QModelIndex top = indexOfId(PackageTree::RootId);
+    Q_EMIT dataChanged(top, top, roles);
+    const auto announceRows = [&](const QModelIndex &container) {
+        if (rowCount(container) > 0)
+            Q_EMIT dataChanged(index(0, 0, container), index(rowCount(container) - 1, 0, container), roles);
+    };
+    announceRows(top);
+    for (int row = 0; row < rowCount(top); ++row)
+        announceRows(index(row, 0, top));
+    announcePackages(roles);
 }
 
 int RepoModel::dependState(const QModelIndex &index) const
@@ -380,10 +424,44 @@ QString RepoModel::distinctText(const RepoItem &item) const
 
 QString RepoModel::toolTip(const RepoItem &item) const
 {
+    QStringList lines;
     // A repository with one architecture needs no such hint.
-    if (item.isContainer() || m_info.binaryArchitectures().size() < 2)
-        return {};
-    return tr("Architecture: %1").arg(item.package->architecture);
+    if (!item.isContainer() && m_info.binaryArchitectures().size() > 1)
+        lines << tr("Architecture: %1").arg(item.package->architecture);
+    const QString installability = installabilityText(item);
+    if (!installability.isEmpty())
+        lines << installability;
+    return lines.join(QLatin1Char('\n'));
+}
+
+QString RepoModel::installabilityText(const RepoItem &item) const
+{
+    QStringList texts;
+    if (item.isContainer()) {
+        if (item.notInstallable > 0)
+            texts << tr("%n package(s) cannot be installed.", nullptr, item.notInstallable);
+        if (item.undecided > 0)
+            texts << tr("%n package(s) undecided: the search took too long.", nullptr, item.undecided);
+    } else {
+        switch (item.installability()) {
+        case NotInstallable:
+            texts << tr("Cannot be installed.");
+            break;
+        case Installable:
+            texts << tr("Can be installed.");
+            break;
+        case InstallabilityUndecided:
+            texts << tr("Undecided: the search took too long.");
+            break;
+        default:
+            break;
+        }
+        if (m_tree.breaking().contains(*item.package))
+            texts << tr("Breaks other packages.");
+    }
+    if (!texts.isEmpty() && m_isStale)
+        texts << tr("Packages have changed since the check.");
+    return texts.join(QLatin1Char(' '));
 }
 
 // --- the model's face ----------------------------------------------------------------------------------------------
@@ -426,7 +504,7 @@ QVariant RepoModel::data(const QModelIndex &index, int role) const
     case TextRole:
         return displayText(item);
     case Qt::DecorationRole:
-        return itemIcon(item);
+        return itemIcon(item, m_isStale);
     case Qt::FontRole:
         return item.kind == RepoItem::Repository ? QVariant(topFont()) : QVariant();
     case Qt::ToolTipRole:
@@ -435,6 +513,8 @@ QVariant RepoModel::data(const QModelIndex &index, int role) const
         return toolTip(item);
     case StateRole:
         return item.dependState();
+    case InstallabilityRole:
+        return item.installability();
     default:
         return {};
     }

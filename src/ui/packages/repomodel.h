@@ -19,7 +19,8 @@ class RepoModel : public QAbstractItemModel
 public:
     enum Role {
         TextRole = Qt::UserRole + 1, ///< the text that is used by the text filter and for sorting
-        StateRole = Qt::UserRole + 2 ///< dependency state (int): a DependStatus or NoDependState
+        StateRole = Qt::UserRole + 2, ///< dependency state (int): a DependStatus or NoDependState
+        InstallabilityRole = Qt::UserRole + 3 ///< what the complete check says (int): an Installability
     };
     /** A batch that adds and removes more rows than this resets the model. */
     static constexpr int ResetThreshold = 100;
@@ -40,6 +41,9 @@ public:
     /** Adds the versions to the displayed names. */
     void setShowVersions(bool show);
 
+    /** Shows the results of complete checks as old ones: something has changed since. */
+    void setInstallabilityStale(bool isStale);
+
     /** Remembers the item whose details are shown, also over a reset; an invalid index means no item. */
     void setCurrentItem(const QModelIndex &index) { m_currentKey = itemKey(index); }
     /** The remembered item; invalid when it does not exist any more. */
@@ -52,6 +56,8 @@ public:
     int packageCount() const { return m_tree.root().packageCount; }
     /** Number of packages in this dependency state. */
     int packageCount(DependStatus status) const;
+    /** Number of packages that the last complete checks found not installable. */
+    int notInstallable() const { return m_tree.root().notInstallable; }
 
     /** A key for the item that stays valid over resets; empty for an invalid index. */
     QString itemKey(const QModelIndex &index) const;
@@ -77,18 +83,27 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
+Q_SIGNALS:
+    /** Other packages than before break others; see PackageTree::breaking(). */
+    void breakingChanged();
+
 private:
+    /** What the icon of an item says. */
+    using Marks = QPair<int, Installability>;
+
     /** The changes of a batch to items that stay. They are announced together. */
     struct Touched
     {
         QHash<int, QPair<int, int>> rows; ///< first and last changed row, by section
-        QHash<int, int> states; ///< earlier state of a container, by id
+        QHash<int, Marks> marks; ///< earlier marks of a container, by id
     };
 
     PackageTree m_tree;
     RepoInfo m_info;
     bool m_hasRepository = false;
     bool m_showVersions = false;
+    bool m_isStale = false; ///< the results of complete checks are old
+    int m_breakingRevision = 0; ///< of the last breakingChanged()
     QString m_currentKey;
 
     /** Applies a batch of records, either of present packages or of many new ones. Returns false for other batches. */
@@ -105,5 +120,8 @@ private:
     void updateBeside(int section, int row);
     void announce(const Touched &touched);
     void announcePackages(const QVector<int> &roles);
+    void announceBreaking();
     QString toolTip(const RepoItem &item) const;
+    QString installabilityText(const RepoItem &item) const;
+    static Marks marksOf(const RepoItem &item) { return {item.dependState(), item.installability()}; }
 };

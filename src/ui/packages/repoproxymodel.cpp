@@ -34,6 +34,7 @@ void RepoProxyModel::setSourceModel(QAbstractItemModel *sourceModel)
         connect(m_model, &RepoModel::rowsAboutToBeRemoved, this, &RepoProxyModel::sourceRowsAboutToBeRemoved);
         connect(m_model, &RepoModel::rowsRemoved, this, &RepoProxyModel::endRemoval);
         connect(m_model, &RepoModel::dataChanged, this, &RepoProxyModel::sourceDataChanged);
+        connect(m_model, &RepoModel::breakingChanged, this, &RepoProxyModel::breakingChanged);
         connect(m_model, &QObject::destroyed, this, [this] { m_model = nullptr; });
     }
     rebuild();
@@ -56,6 +57,21 @@ void RepoProxyModel::setShownStates(States states)
         return;
     m_states = states;
     relayout();
+}
+
+void RepoProxyModel::setShownFaults(Faults faults)
+{
+    if (m_faults == faults)
+        return;
+    m_faults = faults;
+    relayout();
+}
+
+void RepoProxyModel::breakingChanged()
+{
+    // Rows without a change of their own come and go with the reasons of other rows.
+    if (m_faults.testFlag(BreaksOthers))
+        relayout();
 }
 
 void RepoProxyModel::setRepositoryItemHidden(bool hidden)
@@ -95,12 +111,20 @@ void RepoProxyModel::relayout()
     Q_EMIT layoutChanged();
 }
 
+bool RepoProxyModel::hasFault(const RepoItem &item) const
+{
+    return (m_faults.testFlag(CannotBeInstalled) && item.installability() == NotInstallable)
+           || (m_faults.testFlag(BreaksOthers) && m_model->tree().breaking().contains(*item.package));
+}
+
 bool RepoProxyModel::accepts(const RepoItem &item) const
 {
     if (item.isContainer())
         return true;
     if (item.state >= DependUndefined && item.state <= DependSuccess
         && (m_states & (1U << (item.state - DependUndefined))) == 0)
+        return false;
+    if (m_faults != 0 && !hasFault(item))
         return false;
     return m_text.isEmpty() || m_model->displayText(item).contains(m_text, Qt::CaseInsensitive);
 }

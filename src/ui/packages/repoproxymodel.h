@@ -25,6 +25,9 @@ class RepoProxyModel : public QAbstractProxyModel
 public:
     enum State { ShowUndefined = 1, ShowError = 2, ShowSuccess = 4, ShowAll = 7 };
     Q_DECLARE_FLAGS(States, State)
+    /** Packages that the complete checks found to have a fault. */
+    enum Fault { CannotBeInstalled = 1, BreaksOthers = 2 };
+    Q_DECLARE_FLAGS(Faults, Fault)
 
     explicit RepoProxyModel(QObject *parent = nullptr);
 
@@ -36,6 +39,8 @@ public:
     void setFilterFixedString(const QString &text);
     /** Shows packages in these dependency states. Packages without a check result are always shown. */
     void setShownStates(States states);
+    /** Shows only packages with one of these faults; no fault shows all packages. */
+    void setShownFaults(Faults faults);
     void setRepositoryItemHidden(bool hidden);
     bool isRepositoryItemHidden() const { return m_rootHidden; }
 
@@ -65,13 +70,17 @@ private:
     QHash<int, Ids> m_shown; ///< ids of the visible children in source order, by container
     QString m_text;
     States m_states = ShowAll;
+    Faults m_faults;
     bool m_rootHidden = false;
     Qt::SortOrder m_order = Qt::AscendingOrder;
     int m_removeFirst = 0; ///< rows of m_shown[m_removeFrom] that the present removal takes
     int m_removeCount = 0;
     int m_removeFrom = TopId;
 
-    bool isFiltering() const { return !m_text.isEmpty() || m_states != ShowAll; }
+    bool isFiltering() const { return !m_text.isEmpty() || m_states != ShowAll || m_faults != 0; }
+    bool hasFault(const RepoItem &item) const;
+    /** Other packages break others now. */
+    void breakingChanged();
     bool accepts(const RepoItem &item) const;
     void rebuild();
     void rebuildBelow(int id);
@@ -96,3 +105,4 @@ private:
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(RepoProxyModel::States)
+Q_DECLARE_OPERATORS_FOR_FLAGS(RepoProxyModel::Faults)

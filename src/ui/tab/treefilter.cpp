@@ -47,7 +47,7 @@ void TreeFilter::setUpMenu()
 {
     struct Choice
     {
-        RepoProxyModel::State state;
+        int value;
         QString text;
     };
     // The entries have no icons: many styles would draw the icon in place of the check mark.
@@ -60,8 +60,21 @@ void TreeFilter::setUpMenu()
         QAction *action = m_menu->addAction(choice.text);
         action->setCheckable(true);
         action->setChecked(true);
-        action->setData(static_cast<int>(choice.state));
+        action->setData(choice.value);
         connect(action, &QAction::toggled, this, &TreeFilter::applyStates);
+        m_states.append(action);
+    }
+    m_menu->addSeparator();
+    const std::array<Choice, 2> faults = {{
+        {RepoProxyModel::CannotBeInstalled, tr("Only packages that cannot be installed")},
+        {RepoProxyModel::BreaksOthers, tr("Only packages that break others")},
+    }};
+    for (const Choice &choice : faults) {
+        QAction *action = m_menu->addAction(choice.text);
+        action->setCheckable(true);
+        action->setData(choice.value);
+        connect(action, &QAction::toggled, this, &TreeFilter::applyFaults);
+        m_faults.append(action);
     }
     Mnemonics::mark(m_menu, nullptr);
 }
@@ -96,12 +109,23 @@ void TreeFilter::search(const QString &text)
 void TreeFilter::applyStates()
 {
     RepoProxyModel::States states;
-    const QList<QAction *> actions = m_menu->actions();
-    for (const QAction *action : actions) {
+    for (const QAction *action : qAsConst(m_states)) {
         if (action->isChecked())
             states |= static_cast<RepoProxyModel::State>(action->data().toInt());
     }
     m_proxy.setShownStates(states);
     if (states != RepoProxyModel::ShowAll)
+        m_tree.showFirstMatch();
+}
+
+void TreeFilter::applyFaults()
+{
+    RepoProxyModel::Faults faults;
+    for (const QAction *action : qAsConst(m_faults)) {
+        if (action->isChecked())
+            faults |= static_cast<RepoProxyModel::Fault>(action->data().toInt());
+    }
+    m_proxy.setShownFaults(faults);
+    if (faults != 0)
         m_tree.showFirstMatch();
 }

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QList>
 #include <QObject>
 
 class KFilterProxySearchLine;
+class QAction;
 class QMenu;
 class QWidget;
 class RepoProxyModel;
 class RepoTreeView;
 
-/** The search line above the package tree, and the menu "Packet Filter", which chooses the shown dependency states. */
+/** The search line above the package tree, and the menu "Packet Filter", which chooses the shown packages by what checks said. */
 class TreeFilter : public QObject
 {
     Q_OBJECT
@@ -26,8 +28,11 @@ private:
     void setUpMenu();
     void search(const QString &text);
     void applyStates();
+    void applyFaults();
 
     RepoTreeView &m_tree;
     RepoProxyModel &m_proxy;
     QMenu *m_menu;
+    QList<QAction *> m_states;
+    QList<QAction *> m_faults;
 };

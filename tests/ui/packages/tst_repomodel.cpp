@@ -182,21 +182,96 @@ private Q_SLOTS:
         QCOMPARE(f.proxy.shownPackages(), 3);
     }
 
+    void completeChecks()
+    {
+        // a needs b, which excludes c; d lacks what nobody has.
+        const NamedPackage a{"a"_s, "1.0"_s, "amd64"_s, true};
+        const NamedPackage b{"b"_s, "1.0"_s, "amd64"_s, true};
+        const NamedPackage c{"c"_s, "1.0"_s, "all"_s, true};
+        const NamedPackage d{"d"_s, "1.0"_s, "amd64"_s, true};
+        const NamedPackage foreign{"b"_s, "1.0"_s, "amd64"_s, false};
+        const auto needs = [](const NamedPackage &package, const QVector<NamedPackage> &targets) {
+            return InstallabilityStep{
+                InstallabilityStep::Needs, package, "Depends"_s, targets.first().name, targets};
+        };
+        InstallabilityInfo broken{NotInstallable, {needs(a, {b}), needs(a, {c})}, {}, 0};
+        broken.reason.append({InstallabilityStep::Excludes, b, "Conflicts"_s, "c"_s, {c}});
+        const InstallabilityInfo lacking{
+            NotInstallable, {{InstallabilityStep::Lacks, d, "Depends"_s, "x"_s, {}}}, {}, 0};
+        PackageBuilder all = named("c").section("net"_s).control("Package: c\nArchitecture: all\n");
+
+        Fixture f({stored(named("a").installability(broken)),
+                   stored(named("b").installability({Installable, {}, {}, 0})),
+                   stored(all.installability({InstallabilityUndecided, {}, {}, 10})),
+                   stored(named("d")),
+                   stored(named("z").section("shells"_s).state(DependError))});
+        const auto sign = [&](const char *item) {
+            return find(f.model, item).data(RepoModel::InstallabilityRole).toInt();
+        };
+        QCOMPARE(sign("repo"), int(NotInstallable));
+        QCOMPARE(sign("Networking"), int(InstallabilityUndecided));
+        QCOMPARE(sign("Shells"), int(InstallabilityUnknown));
+        // The state of the dependencies stays what it was.
+        QCOMPARE(find(f.model, "Shells").data(RepoModel::StateRole).toInt(), int(DependError));
+        QCOMPARE(find(f.model, "repo").data(Qt::AccessibleDescriptionRole).toString(),
+                 "1 package(s) cannot be installed. 1 package(s) undecided: the search took too long."_s);
+        QCOMPARE(find(f.model, "c").data(Qt::ToolTipRole).toString(),
+                 "Undecided: the search took too long. Breaks other packages."_s);
+        f.model.setInstallabilityStale(true);
+        QCOMPARE(find(f.model, "a").data(Qt::ToolTipRole).toString(),
+                 "Cannot be installed. Packages have changed since the check."_s);
+
+        const auto shown = [&] {
+            QStringList names;
+            for (const char *name : {"a", "b", "c", "d", "z"}) {
+                if (find(f.proxy, name).isValid())
+                    names << QLatin1String(name);
+            }
+            return names.join(QString());
+        };
+        f.proxy.setShownFaults(RepoProxyModel::BreaksOthers);
+        QCOMPARE(shown(), "bc"_s);
+        f.proxy.setShownFaults(RepoProxyModel::BreaksOthers | RepoProxyModel::CannotBeInstalled);
+        QCOMPARE(shown(), "abc"_s);
+        f.model.apply({stored(named("d").installability(lacking))});
+        QCOMPARE(shown(), "abcd"_s);
+        f.proxy.setShownStates(RepoProxyModel::ShowError);
+        QCOMPARE(shown(), ""_s);
+        f.proxy.setShownStates(RepoProxyModel::ShowAll);
+        f.proxy.setShownFaults(RepoProxyModel::BreaksOthers);
+        // Only the record of a changes, and the rows of b and c go with it. A stranger's b is not the one here.
+        broken.reason.last() = {InstallabilityStep::Lacks, foreign, "Depends"_s, "x"_s, {}};
+        f.model.apply({stored(named("a").installability(broken))});
+        QCOMPARE(shown(), ""_s);
+        broken.reason.last().package = b;
+        f.model.apply({stored(named("a").installability(broken))});
+        QCOMPARE(shown(), "b"_s);
+        f.model.apply({removed(named("a")), removed(named("d"))});
+        QCOMPARE(shown(), ""_s);
+        QCOMPARE(sign("repo"), int(InstallabilityUndecided));
+        QCOMPARE(f.resets.count(), 0);
+    }
+
     void randomChangesAgreeWithARebuild_data()
     {
         QTest::addColumn<bool>("hidden");
+        QTest::addColumn<bool>("faulty");
         for (const char *filter : {"", "1", "2"})
-            QTest::newRow(filter) << (*filter == '2');
+            QTest::newRow(filter) << (*filter == '2') << false;
+        QTest::newRow("") << true << true;
     }
 
     void randomChangesAgreeWithARebuild()
     {
         QFETCH(const bool, hidden);
+        QFETCH(const bool, faulty);
         const QString filter = QLatin1String(QTest::currentDataTag());
         const auto setUp = [&](RepoProxyModel &proxy) {
             proxy.setRepositoryItemHidden(hidden);
             proxy.setFilterFixedString(filter);
             proxy.setShownStates(RepoProxyModel::ShowError | RepoProxyModel::ShowUndefined);
+            if (faulty)
+                proxy.setShownFaults(RepoProxyModel::BreaksOthers | RepoProxyModel::CannotBeInstalled);
         };
         Fixture f;
         setUp(f.proxy);
@@ -211,6 +286,13 @@ private Q_SLOTS:
                 package.component(components.at(random.bounded(2))).section(sections.at(random.bounded(3)));
                 package.architecture(random.bounded(4) == 0 ? "arm64"_s : "amd64"_s);
                 package.state(static_cast<DependStatus>(random.bounded(3) - 1));
+                const auto verdict = static_cast<Installability>(random.bounded(4) - 1);
+                const NamedPackage other{"p%1"_s.arg(random.bounded(30)),
+                                         "1.0"_s,
+                                         random.bounded(4) == 0 ? "arm64"_s : "amd64"_s,
+                                         true};
+                package.installability(
+                    {verdict, {{InstallabilityStep::Excludes, other, "Breaks"_s, "x"_s, {}}}, {}, 0});
                 changes.append(random.bounded(5) < 2 ? removed(package) : stored(package));
             }
             const int resets = f.resets.count();
@@ -226,6 +308,7 @@ private Q_SLOTS:
             QCOMPARE(treeText(f.model), treeText(fresh.model));
             QCOMPARE(treeText(f.proxy), treeText(fresh.proxy));
             QCOMPARE(f.proxy.shownPackages(), fresh.proxy.shownPackages());
+            QCOMPARE(f.model.notInstallable(), fresh.model.notInstallable());
         }
     }
 };
