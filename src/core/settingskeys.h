@@ -16,6 +16,10 @@ inline const QString ShowAddPkgSettings = QStringLiteral("showAddPkgSettings");
 inline const QString ShowPkgVersion = QStringLiteral("showPkgVersion");
 inline const QString AddPkgCheckDepends = QStringLiteral("addPkgCheckDepends");
 inline const QString DependsRepoType = QStringLiteral("dependsRepoType"); ///< see DependsRepoType
+inline const QString CompleteCheckBase = QStringLiteral("completeCheckBase"); ///< see CompleteCheckBase::Kind
+inline const QString CompleteCheckRepository = QStringLiteral("completeCheckRepository"); ///< path
+inline const QString CompleteCheckArchitectures
+    = QStringLiteral("completeCheckArchitectures"); ///< foreign ones
 inline const QString ApprovedRepositories
     = QStringLiteral("ApprovedRepositories"); ///< a group, see RepositoryApprovals
 inline const QString BusyHttpPorts = QStringLiteral("busyHttpPorts"); ///< decimal texts

@@ -110,6 +110,7 @@ private Q_SLOTS:
         const Script confirm(
             {answer("Remove confirmation"_s, "No"_s), answer("Remove confirmation"_s, "Yes"_s)});
         remove->trigger();
+        WAIT_FOR(confirm.stepsLeft() == 1 && openDialogs<QDialog>().isEmpty());
         QVERIFY(m_driver->isIdle());
         remove->trigger();
         WAIT_FOR(m_driver->packageCount() == 1 && m_driver->isIdle());

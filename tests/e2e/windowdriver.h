@@ -60,6 +60,7 @@ public:
         m_timer.start(10);
     }
     bool isDone() const { return m_steps.isEmpty(); }
+    int stepsLeft() const { return m_steps.size(); }
 
 private:
     QTimer m_timer;

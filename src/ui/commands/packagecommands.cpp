@@ -7,6 +7,8 @@
 #include "ui/commands/settingscommands.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/dialogs/startselectactiondialog.h"
+#include "ui/installability/removalimpactsearch.h"
+#include "ui/installability/removalquestion.h"
 #include "ui/packages/packagedetails.h"
 #include "ui/packages/packagedrop.h"
 #include "ui/tab/jobfeedback.h"
@@ -234,14 +236,38 @@ void PackageCommands::removePackages()
     RepoWidget *widget = m_bench.tabs.current();
     if (widget == nullptr || m_bench.tabs.isRunning(widget))
         return;
-    const QList<PackageInfoPtr> selected = widget->selectedPackages();
-    if (selected.isEmpty())
+    removePackages(widget, widget->selectedPackages());
+}
+
+void PackageCommands::removePackages(RepoWidget *widget, const QList<PackageInfoPtr> &packages)
+{
+    if (packages.isEmpty() || !m_impact.isNull() || m_bench.tabs.isRunning(widget))
         return;
-    const QPointer<RepoWidget> guard(widget);
-    if (m_bench.prompts.askCarefully(tr("Remove confirmation"),
-                                     tr("Do you want to remove selected packages?"),
-                                     PackageDetails::summary(selected, widget->repoShell()->repoInfo()))
-            == Prompts::Answer::Yes
-        && !guard.isNull() && !m_bench.tabs.isRunning(widget))
-        widget->repoShell()->removePackages(selected);
+    // Without a complete check, the repository alone is looked at, which takes no time.
+    const CompleteCheckRecord check = widget->repoShell()->completeCheck();
+    const CompleteCheckBase alone{CompleteCheckBase::Nothing, {}, {}};
+    const CheckScope scope = m_bench.tabs.checkScope(widget, check.isValid() ? check.base : alone);
+    m_impact = new RemovalImpactSearch(scope, packages, this);
+    m_bench.prompts.window()->setCursor(Qt::BusyCursor);
+    connect(
+        m_impact, &RemovalImpactSearch::due, this, [this, guard = QPointer<RepoWidget>(widget), packages] {
+            m_bench.prompts.window()->unsetCursor();
+            if (!guard.isNull() && !m_bench.tabs.isRunning(guard))
+                askToRemove(guard, packages);
+            m_impact->deleteLater();
+            m_impact.clear();
+        });
+}
+
+void PackageCommands::askToRemove(const QPointer<RepoWidget> &widget, const QList<PackageInfoPtr> &packages)
+{
+    RemovalQuestion question(tr("Remove confirmation"),
+                             tr("Do you want to remove selected packages?"),
+                             PackageDetails::summary(packages, widget->repoShell()->repoInfo()),
+                             *m_impact,
+                             widget->repoPath(),
+                             m_bench.prompts.window());
+    if (m_bench.prompts.run(question) == QMessageBox::Yes && !m_bench.prompts.isDismissed()
+        && !widget.isNull() && !m_bench.tabs.isRunning(widget))
+        widget->repoShell()->removePackages(packages);
 }

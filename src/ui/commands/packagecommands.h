@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/packageinfo.h"
 #include "ui/commands/workbench.h"
 
 #include <QHash>
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 
 #include <functional>
 
 class RepositoryCommands;
+class RemovalImpactSearch;
 class RepoWidget;
 
 /** The commands on packages: adding files from all ways in, and removing packages. */
@@ -34,6 +37,11 @@ public:
     void takeDropped(const QStringList &paths, const std::function<void(const QStringList &files)> &add);
     /** Removes the selected packages of the current tab after a question. */
     void removePackages();
+    /**
+     * Removes these packages after a question, which names the packages that could no longer be installed then. The
+     * question waits for that up to a second.
+     */
+    void removePackages(RepoWidget *widget, const QList<PackageInfoPtr> &packages);
 
 private:
     RepoWidget *chooseTarget();
@@ -43,10 +51,12 @@ private:
     QStringList packagesAmong(const QStringList &files);
     /** Keeps the files until the tab is free. */
     void keep(RepoWidget *widget, const QStringList &files);
+    void askToRemove(const QPointer<RepoWidget> &widget, const QList<PackageInfoPtr> &packages);
     void startAdding(RepoWidget *widget, const QStringList &files);
 
     Workbench m_bench;
     RepositoryCommands &m_repositories;
     QHash<RepoWidget *, QStringList> m_waiting; ///< files for tabs whose engine is busy
     QString m_lastFolder;
+    QPointer<RemovalImpactSearch> m_impact; ///< of the packages whose removal is asked for
 };

@@ -181,3 +181,26 @@ void SettingsCommands::setDependsRepoType(int type)
     choices.dependsRepoType = type;
     setChoices(choices);
 }
+
+CompleteCheckBase SettingsCommands::checkBase() const
+{
+    CompleteCheckBase base;
+    base.kind = static_cast<CompleteCheckBase::Kind>(m_choices.completeCheckBase);
+    base.repository = m_choices.completeCheckRepository;
+    base.foreignArchitectures = m_choices.completeCheckArchitectures;
+    // Without a path nothing can be looked into.
+    if (base.kind == CompleteCheckBase::Repository && base.repository.isEmpty())
+        base.kind = CompleteCheckBase().kind;
+    if (base.kind != CompleteCheckBase::Repository)
+        base.repository.clear();
+    return base;
+}
+
+void SettingsCommands::setCheckBase(const CompleteCheckBase &base)
+{
+    UserChoices choices = m_choices;
+    choices.completeCheckBase = base.kind;
+    choices.completeCheckRepository = base.repository;
+    choices.completeCheckArchitectures = base.foreignArchitectures;
+    setChoices(choices);
+}

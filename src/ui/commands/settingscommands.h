@@ -3,6 +3,7 @@
 
 #include "apt/externalrepos.h"
 #include "engine/changes/addoptions.h"
+#include "installability/completecheckbase.h"
 #include "ui/widgets/userchoices.h"
 
 #include <QObject>
@@ -54,6 +55,9 @@ public:
     bool chooseKeyIfNone();
     void editExternalRepos();
     void setDependsRepoType(int type);
+    /** What complete checks are made against. */
+    CompleteCheckBase checkBase() const;
+    void setCheckBase(const CompleteCheckBase &base);
 
     /** The stored list, without the sources that only apt knows. */
     const ExternalRepos &externalRepos() const { return m_externalRepos; }

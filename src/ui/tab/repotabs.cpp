@@ -106,6 +106,16 @@ QStringList RepoTabs::allCanonicalPaths(const RepoWidget *except) const
     return canonicalPaths;
 }
 
+CheckScope RepoTabs::checkScope(const RepoWidget *widget, const CompleteCheckBase &base) const
+{
+    CheckScope scope = widget->repoShell()->checkScope(base);
+    for (const Tab &tab : m_tabs) {
+        if (tab.widget != widget && !tab.widget->repoPath().isEmpty())
+            scope.others.append(tab.widget->repoShell()->snapshot());
+    }
+    return scope;
+}
+
 RepoWidget *RepoTabs::create(const QString &path)
 {
     // The tab widget is the parent from the start: without a parent the widget would be a window.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "engine/installability/checkscope.h"
+
 #include <QList>
 #include <QObject>
 #include <QStringList>
@@ -38,6 +40,9 @@ public:
     QStringList paths() const;
     /** canonicalPathOf() of all tabs except one, also of repositories that are being created. */
     QStringList allCanonicalPaths(const RepoWidget *except = nullptr) const;
+
+    /** For questions about installing: the packages of the tab's repository now, with all other open repositories. */
+    CheckScope checkScope(const RepoWidget *widget, const CompleteCheckBase &base) const;
 
     /** Makes a widget for the repository in this directory, which may not exist yet. The widget has no tab yet. */
     RepoWidget *create(const QString &path);

@@ -2,6 +2,7 @@
 #include "ui/tab/repowidget.h"
 
 #include "engine/reposhell.h"
+#include "ui/installability/installabilityview.h"
 #include "ui/packages/packagefeed.h"
 #include "ui/packages/packageselection.h"
 #include "ui/packages/repomodel.h"
@@ -16,6 +17,8 @@
 
 #include <QFocusEvent>
 #include <QItemSelectionModel>
+
+#include <algorithm>
 
 RepoWidget::RepoWidget(QWidget *parent)
     : QWidget(parent)
@@ -71,7 +74,9 @@ void RepoWidget::buildPages()
     m_package = new PackagePanel(package);
     m_depends = new DependsView(package);
     package->addTab(m_package, tr("Common"));
+    m_installability = new InstallabilityView(package);
     package->addTab(m_depends, tr("Dependences"));
+    package->addTab(m_installability, tr("Installability"));
 }
 
 void RepoWidget::setUpTree()
@@ -115,6 +120,7 @@ void RepoWidget::connectShell()
     m_feed->watch(*m_shell);
     connect(m_shell, &RepoShell::pathChanged, this, &RepoWidget::repoPathChanged);
     connect(m_shell, &RepoShell::repoInfoAdded, this, &RepoWidget::repoInfoAdded);
+    connect(m_shell, &RepoShell::completeCheckChanged, this, &RepoWidget::updateCompleteCheck);
     connect(m_shell, &RepoShell::started, this, [this] { setRunning(true); });
     connect(m_shell, &RepoShell::finished, this, [this] {
         m_progressTimer.stop();
@@ -173,6 +179,7 @@ void RepoWidget::repoPathChanged()
         repoInfoAdded();
     }
     updateCounters();
+    updateCompleteCheck();
     Q_EMIT newTabTitle(path);
     Q_EMIT newRepoPath(path.isEmpty());
     Q_EMIT enableDependsCheckMenu(!path.isEmpty());
@@ -219,6 +226,15 @@ void RepoWidget::updateActions()
     Q_EMIT enableRemovePackagesAction(anyPackage && !m_running);
     Q_EMIT enableCheckDependsAction(m_model->packageCount() > 0 && !m_running);
     m_depends->setCheckEnabled(m_depends->package() && !m_running);
+    m_installability->setCheckEnabled(m_installability->package() && !m_running);
+    m_installability->setCuresEnabled(!m_running && m_shell->isWritable());
+}
+
+void RepoWidget::updateCompleteCheck()
+{
+    const CompleteCheckRecord check = m_shell->completeCheck();
+    m_model->setInstallabilityStale(check.isStale);
+    m_installability->setCheck(check);
 }
 
 void RepoWidget::showPublication()
@@ -277,6 +293,27 @@ QList<PackageInfoPtr> RepoWidget::selectedPackages() const
 {
     return PackageSelection::packages(
         m_ui->m_repoTreeView->selectionModel()->selectedIndexes(), *m_proxy, *m_model);
+}
+
+bool RepoWidget::selectPackage(const NamedPackage &package)
+{
+    const QList<PackageInfoPtr> packages = m_shell->packages();
+    const auto found
+        = std::find_if(packages.cbegin(), packages.cend(), [&package](const PackageInfoPtr &other) {
+              return other->name == package.name && other->version == package.version
+                     && (other->architecture == package.architecture
+                         || other->ownArchitecture() == package.architecture);
+          });
+    if (found == packages.cend())
+        return false;
+    const QModelIndex source = m_model->indexOfPackage(**found);
+    if (source.isValid() && !m_proxy->mapFromSource(source).isValid())
+        m_filter->showAll();
+    const QModelIndex index = m_proxy->mapFromSource(source);
+    if (!index.isValid())
+        return false;
+    setCurrentItem(index);
+    return true;
 }
 
 QMenu *RepoWidget::packetFilterMenu() const
@@ -339,6 +376,8 @@ void RepoWidget::showPackage(const PackageInfoPtr &record)
     m_package->showPackage(*record);
     m_depends->setPackage(record);
     m_depends->setCheckEnabled(!m_running);
+    m_installability->setPackage(record);
+    m_installability->setCheckEnabled(!m_running);
     m_ui->m_stackedWidget->setCurrentIndex(PackagePage);
 }
 

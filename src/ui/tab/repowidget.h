@@ -13,6 +13,7 @@
 #include <memory>
 
 class DependsView;
+class InstallabilityView;
 class PackageFeed;
 class PackagePanel;
 class PublicationPanel;
@@ -70,6 +71,10 @@ public:
     RepositoryPanel *repositoryPanel() const { return m_repository; }
     /** The tab "Dependences" of the package that is shown. */
     DependsView *dependsView() const { return m_depends; }
+    /** The tab "Installability" of the package that is shown. */
+    InstallabilityView *installabilityView() const { return m_installability; }
+    /** Makes the package current, and drops filters that hide it. False when the repository does not have it. */
+    bool selectPackage(const NamedPackage &package);
     /** The tab "Publication" of the repository's page. */
     PublicationPanel *publicationPanel() const { return m_publication; }
     /** Brings the tab "Publication" to the front. */
@@ -169,6 +174,7 @@ private:
     RepoModel *m_model = nullptr;
     RepoProxyModel *m_proxy = nullptr;
     DependsView *m_depends = nullptr;
+    InstallabilityView *m_installability = nullptr;
     PublicationPanel *m_publication = nullptr;
     RepositoryPanel *m_repository = nullptr;
     PackagePanel *m_package = nullptr;
@@ -184,6 +190,7 @@ private:
     void setRunning(bool running);
     void updateCounters();
     void updateActions();
+    void updateCompleteCheck();
     void showPackage(const PackageInfoPtr &record);
     void showPackageError(const QString &text);
 };

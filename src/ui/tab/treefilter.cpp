@@ -19,6 +19,7 @@ TreeFilter::TreeFilter(KFilterProxySearchLine &search,
                        RepoProxyModel &proxy,
                        QWidget *window)
     : QObject(window)
+    , m_search(search)
     , m_tree(tree)
     , m_proxy(proxy)
     , m_menu(new QMenu(tr("Packet Filter"), window))
@@ -104,6 +105,15 @@ void TreeFilter::search(const QString &text)
         m_tree.setSearching(false);
     else
         m_tree.showFirstMatch();
+}
+
+void TreeFilter::showAll()
+{
+    for (QAction *action : qAsConst(m_states))
+        action->setChecked(true);
+    for (QAction *action : qAsConst(m_faults))
+        action->setChecked(false);
+    m_search.lineEdit()->clear();
 }
 
 void TreeFilter::applyStates()

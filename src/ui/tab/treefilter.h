@@ -20,6 +20,8 @@ public:
     TreeFilter(KFilterProxySearchLine &search, RepoTreeView &tree, RepoProxyModel &proxy, QWidget *window);
 
     QMenu *menu() const { return m_menu; }
+    /** Empties the search line, and takes back all choices of the menu. */
+    void showAll();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -30,6 +32,7 @@ private:
     void applyStates();
     void applyFaults();
 
+    KFilterProxySearchLine &m_search;
     RepoTreeView &m_tree;
     RepoProxyModel &m_proxy;
     QMenu *m_menu;

@@ -20,6 +20,12 @@ UserChoices UserChoices::load(const QSettings &settings)
     const int type = settings.value(SettingsKey::DependsRepoType).toInt(&isNumber);
     if (isNumber && type >= DependsNowhere && type <= DependsEverywhere)
         choices.dependsRepoType = type;
+    constexpr int BaseKinds = 4;
+    const int base = settings.value(SettingsKey::CompleteCheckBase).toInt(&isNumber);
+    if (isNumber && base >= 0 && base < BaseKinds)
+        choices.completeCheckBase = base;
+    choices.completeCheckRepository = settings.value(SettingsKey::CompleteCheckRepository).toString();
+    choices.completeCheckArchitectures = storedPaths(settings, SettingsKey::CompleteCheckArchitectures);
     return choices;
 }
 
@@ -32,6 +38,9 @@ void UserChoices::save(QSettings &settings) const
     settings.setValue(SettingsKey::ShowPkgVersion, showPkgVersion);
     settings.setValue(SettingsKey::AddPkgCheckDepends, addPkgCheckDepends);
     settings.setValue(SettingsKey::DependsRepoType, dependsRepoType);
+    settings.setValue(SettingsKey::CompleteCheckBase, completeCheckBase);
+    settings.setValue(SettingsKey::CompleteCheckRepository, completeCheckRepository);
+    settings.setValue(SettingsKey::CompleteCheckArchitectures, completeCheckArchitectures);
 }
 
 QStringList withRecentRepository(QStringList list, const QString &path)

@@ -19,6 +19,9 @@ struct UserChoices
     bool showPkgVersion = true; ///< show versions in the package tree
     bool addPkgCheckDepends = true;
     int dependsRepoType = DependsEverywhere;
+    int completeCheckBase = 2; ///< the number of a CompleteCheckBase::Kind: the public sources
+    QString completeCheckRepository; ///< path of the repository that a complete check looks into
+    QStringList completeCheckArchitectures; ///< foreign architectures of a complete check
 
     static UserChoices load(const QSettings &settings);
     void save(QSettings &settings) const;

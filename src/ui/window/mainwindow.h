@@ -15,6 +15,7 @@ class DependsCommands;
 class DependsModes;
 class DependsReportCommands;
 class EmptyPage;
+class InstallabilityCommands;
 class JobFeedback;
 class PackageCommands;
 class PackageMenu;
@@ -113,6 +114,7 @@ private:
     PackageCommands *m_packages;
     DependsCommands *m_depends;
     DependsReportCommands *m_reports;
+    InstallabilityCommands *m_installability;
     SigningCommands *m_signing;
     ArchiveCommands *m_archives;
     UpgradeCommands *m_upgrade;

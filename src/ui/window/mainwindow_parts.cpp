@@ -2,6 +2,7 @@
 // The parts of the main window that are not in its form.
 #include "engine/repository/systemrelease.h"
 #include "ui/commands/dependsreportcommands.h"
+#include "ui/commands/installabilitycommands.h"
 #include "ui/commands/settingscommands.h"
 #include "ui/depends/dependsmodes.h"
 #include "ui/tab/packagemenu.h"
@@ -64,15 +65,20 @@ void MainWindow::buildDependsMenu()
 
 void MainWindow::buildPackageMenu()
 {
-    m_packageMenu = new PackageMenu({{m_ui->m_addPackagesAction},
-                                     {m_ui->m_removePackagesAction,
-                                      m_ui->m_signPackagesAction,
-                                      m_ui->m_exportSelectedPackagesAction,
-                                      m_ui->m_exportWithDependsAction},
-                                     QList<QAction *>{m_ui->m_checkDependStartAction} + m_reports->actions(),
-                                     {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
-                                    this);
-    m_ui->m_editMenu->insertActions(m_ui->m_changeRepoAction, m_reports->actions());
+    m_packageMenu
+        = new PackageMenu({{m_ui->m_addPackagesAction},
+                           {m_ui->m_removePackagesAction,
+                            m_ui->m_signPackagesAction,
+                            m_ui->m_exportSelectedPackagesAction,
+                            m_ui->m_exportWithDependsAction},
+                           QList<QAction *>{m_ui->m_checkDependStartAction, m_installability->checkAction()}
+                               + m_reports->actions(),
+                           {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
+                          this);
+    m_ui->m_editMenu->insertActions(
+        m_ui->m_changeRepoAction,
+        QList<QAction *>{m_installability->checkAction(), m_installability->baseAction()}
+            + m_reports->actions());
     m_ui->m_menuView->addMenu(m_packageMenu->packetFilterMenu());
 }
 

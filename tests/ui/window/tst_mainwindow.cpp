@@ -233,6 +233,7 @@ private Q_SLOTS:
     {
         QSettings().setValue("recentOpennedRepos"_s, QStringList{makeRepository("r"_s)});
         MainWindow window;
+        window.move(0, 0); // the screen is hardly higher than the longest menu
         window.show();
         QVERIFY(waitForTabs(window, 1));
         // The menu of an item comes to it by its key, also when it has been scrolled away.
