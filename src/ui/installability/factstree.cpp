@@ -227,7 +227,7 @@ void FactsTree::addLink(QTreeWidgetItem *parent, const NamedPackage &package, co
     QFont underlined = font();
     underlined.setUnderline(true);
     item->setFont(0, underlined);
-    item->setForeground(0, palette().brush(QPalette::Link));
+    item->setForeground(0, linkColour());
 }
 
 void FactsTree::choose(const QTreeWidgetItem *item)
@@ -235,6 +235,17 @@ void FactsTree::choose(const QTreeWidgetItem *item)
     const QVariant package = item->data(0, PackageRole);
     if (package.isValid())
         Q_EMIT packageChosen(item->data(0, RepositoryRole).toString(), package.value<NamedPackage>());
+}
+
+QColor FactsTree::linkColour() const
+{
+    constexpr int Middle = 128;
+    constexpr int Readable = 180;
+    QColor colour = palette().color(QPalette::Link);
+    // Many dark styles leave the dark blue of light ones.
+    if (palette().color(QPalette::Base).lightness() < Middle && colour.lightness() < Readable)
+        colour.setHsl(colour.hslHue(), colour.hslSaturation(), Readable);
+    return colour;
 }
 
 QStringList FactsTree::pathOf(const QTreeWidgetItem *item)
@@ -252,7 +263,7 @@ void FactsTree::changeEvent(QEvent *event)
         return;
     for (QTreeWidgetItemIterator item(this); *item != nullptr; ++item) {
         if ((*item)->data(0, PackageRole).isValid())
-            (*item)->setForeground(0, palette().brush(QPalette::Link));
+            (*item)->setForeground(0, linkColour());
     }
 }
 

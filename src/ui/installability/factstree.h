@@ -45,6 +45,7 @@ private:
     QTreeWidgetItem *addGroup(QTreeWidgetItem *parent, const QString &title);
     void addLink(QTreeWidgetItem *parent, const NamedPackage &package, const QString &repository);
     void choose(const QTreeWidgetItem *item);
+    QColor linkColour() const;
     static void addText(QTreeWidgetItem *parent, const QString &text);
     static QStringList pathOf(const QTreeWidgetItem *item);
 };
