@@ -193,8 +193,7 @@ void InstallabilityCommands::carryOut(RepoWidget *widget, const Cure &cure)
                    || package->architecture != cure.architecture;
         };
         gone.erase(std::remove_if(gone.begin(), gone.end(), isOther), gone.end());
-        m_cured.insert(widget, names);
-        m_packages.removePackages(widget, gone);
+        m_packages.removePackages(widget, gone, [this, widget, names] { m_cured.insert(widget, names); });
         return;
     }
     const QPointer<RepoWidget> guard(widget);

@@ -239,7 +239,9 @@ void PackageCommands::removePackages()
     removePackages(widget, widget->selectedPackages());
 }
 
-void PackageCommands::removePackages(RepoWidget *widget, const QList<PackageInfoPtr> &packages)
+void PackageCommands::removePackages(RepoWidget *widget,
+                                     const QList<PackageInfoPtr> &packages,
+                                     const std::function<void()> &agreed)
 {
     if (packages.isEmpty() || !m_impact.isNull() || m_bench.tabs.isRunning(widget))
         return;
@@ -249,17 +251,20 @@ void PackageCommands::removePackages(RepoWidget *widget, const QList<PackageInfo
     const CheckScope scope = m_bench.tabs.checkScope(widget, check.isValid() ? check.base : alone);
     m_impact = new RemovalImpactSearch(scope, packages, this);
     m_bench.prompts.window()->setCursor(Qt::BusyCursor);
-    connect(
-        m_impact, &RemovalImpactSearch::due, this, [this, guard = QPointer<RepoWidget>(widget), packages] {
-            m_bench.prompts.window()->unsetCursor();
-            if (!guard.isNull() && !m_bench.tabs.isRunning(guard))
-                askToRemove(guard, packages);
-            m_impact->deleteLater();
-            m_impact.clear();
-        });
+    const auto ask = [this, guard = QPointer<RepoWidget>(widget), packages, agreed] {
+        m_bench.prompts.window()->unsetCursor();
+        if (!guard.isNull() && !m_bench.tabs.isRunning(guard) && askToRemove(guard, packages)) {
+            if (agreed)
+                agreed();
+            guard->repoShell()->removePackages(packages);
+        }
+        m_impact->deleteLater();
+        m_impact.clear();
+    };
+    connect(m_impact, &RemovalImpactSearch::due, this, ask);
 }
 
-void PackageCommands::askToRemove(const QPointer<RepoWidget> &widget, const QList<PackageInfoPtr> &packages)
+bool PackageCommands::askToRemove(const QPointer<RepoWidget> &widget, const QList<PackageInfoPtr> &packages)
 {
     RemovalQuestion question(tr("Remove confirmation"),
                              tr("Do you want to remove selected packages?"),
@@ -267,7 +272,6 @@ void PackageCommands::askToRemove(const QPointer<RepoWidget> &widget, const QLis
                              *m_impact,
                              widget->repoPath(),
                              m_bench.prompts.window());
-    if (m_bench.prompts.run(question) == QMessageBox::Yes && !m_bench.prompts.isDismissed()
-        && !widget.isNull() && !m_bench.tabs.isRunning(widget))
-        widget->repoShell()->removePackages(packages);
+    return m_bench.prompts.run(question) == QMessageBox::Yes && !m_bench.prompts.isDismissed()
+           && !widget.isNull() && !m_bench.tabs.isRunning(widget);
 }

@@ -39,9 +39,11 @@ public:
     void removePackages();
     /**
      * Removes these packages after a question, which names the packages that could no longer be installed then. The
-     * question waits for that up to a second.
+     * question waits for that up to a second. `agreed` is called when the user agrees, before the job begins.
      */
-    void removePackages(RepoWidget *widget, const QList<PackageInfoPtr> &packages);
+    void removePackages(RepoWidget *widget,
+                        const QList<PackageInfoPtr> &packages,
+                        const std::function<void()> &agreed = {});
 
 private:
     RepoWidget *chooseTarget();
@@ -51,7 +53,7 @@ private:
     QStringList packagesAmong(const QStringList &files);
     /** Keeps the files until the tab is free. */
     void keep(RepoWidget *widget, const QStringList &files);
-    void askToRemove(const QPointer<RepoWidget> &widget, const QList<PackageInfoPtr> &packages);
+    bool askToRemove(const QPointer<RepoWidget> &widget, const QList<PackageInfoPtr> &packages);
     void startAdding(RepoWidget *widget, const QStringList &files);
 
     Workbench m_bench;

@@ -12,6 +12,7 @@ const QList<HelpTopics::Topic> &HelpTopics::all()
         {"AddPackageDialog", "external.html#add"},
         {"AddPkgSettingsDialog", "packages.html#settings"},
         {"CheckTableDialog", "upgrade.html"},
+        {"CureDialog", "dependencies.html"},
         {"ExternalRepoSourceDialog", "external.html#line"},
         {"ExternalReposDialog", "external.html#list"},
         {"NewRepoDialog", "repositories.html#fields"},
