@@ -1,60 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packages/repomodel.h"
 
-#include "platform/ui/velticon.h"
+#include "ui/packages/repoitemlook.h"
 #include "ui/widgets/tooltiptext.h"
 
-#include <QApplication>
-#include <QFont>
 #include <QSet>
 
 #include <algorithm>
-
-namespace
-{
-/** Packages that can be installed have no sign: they are what a user expects. */
-VeltIcon::Emblem emblemOf(Installability installability, bool isStale)
-{
-    switch (installability) {
-    case NotInstallable:
-        return {QStringLiteral("velt-not-installable"), isStale};
-    case InstallabilityUndecided:
-        return {QStringLiteral("velt-install-undecided"), isStale};
-    default:
-        return {};
-    }
-}
-
-QIcon itemIcon(const RepoItem &item, bool isStale)
-{
-    const VeltIcon::Emblem emblem = emblemOf(item.installability(), isStale);
-    QString base = QStringLiteral("folder");
-    if (!item.isContainer())
-        base = item.package->isSigned() ? QStringLiteral("signed-package") : QStringLiteral("synaptic");
-    switch (item.dependState()) {
-    case DependUndefined:
-        return VeltIcon::withOverlay(base, QStringLiteral("dialog-question"), emblem);
-    case DependError:
-        return VeltIcon::withOverlay(base, QStringLiteral("dialog-close"), emblem);
-    case DependSuccess:
-        return VeltIcon::withOverlay(base, QStringLiteral("dialog-ok-apply"), emblem);
-    default:
-        return VeltIcon::withOverlay(base, QString(), emblem);
-    }
-}
-
-/** The font of the top item: bold and one point larger than the font of the tree. */
-QFont topFont()
-{
-    QFont font = QApplication::font("QTreeView");
-    font.setWeight(QFont::Bold);
-    if (font.pointSizeF() > 0)
-        font.setPointSizeF(font.pointSizeF() + 1);
-    else
-        font.setPixelSize(font.pixelSize() + 1);
-    return font;
-}
-} // namespace
 
 RepoModel::RepoModel(QObject *parent)
     : QAbstractItemModel(parent)
@@ -428,40 +380,11 @@ QString RepoModel::toolTip(const RepoItem &item) const
     // A repository with one architecture needs no such hint.
     if (!item.isContainer() && m_info.binaryArchitectures().size() > 1)
         lines << tr("Architecture: %1").arg(item.package->architecture);
-    const QString installability = installabilityText(item);
+    const bool breaksOthers = !item.isContainer() && m_tree.breaking().contains(*item.package);
+    const QString installability = RepoItemLook::installability(item, breaksOthers, m_isStale);
     if (!installability.isEmpty())
         lines << installability;
     return lines.join(QLatin1Char('\n'));
-}
-
-QString RepoModel::installabilityText(const RepoItem &item) const
-{
-    QStringList texts;
-    if (item.isContainer()) {
-        if (item.notInstallable > 0)
-            texts << tr("%n package(s) cannot be installed.", nullptr, item.notInstallable);
-        if (item.undecided > 0)
-            texts << tr("%n package(s) undecided: the search took too long.", nullptr, item.undecided);
-    } else {
-        switch (item.installability()) {
-        case NotInstallable:
-            texts << tr("Cannot be installed.");
-            break;
-        case Installable:
-            texts << tr("Can be installed.");
-            break;
-        case InstallabilityUndecided:
-            texts << tr("Undecided: the search took too long.");
-            break;
-        default:
-            break;
-        }
-        if (m_tree.breaking().contains(*item.package))
-            texts << tr("Breaks other packages.");
-    }
-    if (!texts.isEmpty() && m_isStale)
-        texts << tr("Packages have changed since the check.");
-    return texts.join(QLatin1Char(' '));
 }
 
 // --- the model's face ----------------------------------------------------------------------------------------------
@@ -504,9 +427,9 @@ QVariant RepoModel::data(const QModelIndex &index, int role) const
     case TextRole:
         return displayText(item);
     case Qt::DecorationRole:
-        return itemIcon(item, m_isStale);
+        return RepoItemLook::icon(item, m_isStale);
     case Qt::FontRole:
-        return item.kind == RepoItem::Repository ? QVariant(topFont()) : QVariant();
+        return item.kind == RepoItem::Repository ? QVariant(RepoItemLook::topFont()) : QVariant();
     case Qt::ToolTipRole:
         return toolTipText(toolTip(item));
     case Qt::AccessibleDescriptionRole:

@@ -122,6 +122,5 @@ private:
     void announcePackages(const QVector<int> &roles);
     void announceBreaking();
     QString toolTip(const RepoItem &item) const;
-    QString installabilityText(const RepoItem &item) const;
     static Marks marksOf(const RepoItem &item) { return {item.dependState(), item.installability()}; }
 };
