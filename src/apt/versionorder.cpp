@@ -45,7 +45,10 @@ std::optional<ParsedVersion> parse(std::string_view text)
     if (text.empty() || text == "<unknown>")
         return ParsedVersion();
     text = trimmed(text, Blanks);
-    if (text.find_first_of(Blanks) != std::string_view::npos)
+    // One after the other: in a version of a megabyte, a search for one of several characters takes ten times as long.
+    if (std::any_of(Blanks.begin(), Blanks.end(), [text](char blank) {
+            return text.find(blank) != std::string_view::npos;
+        }))
         return std::nullopt;
     ParsedVersion version;
     if (const auto colon = text.find(':'); colon != std::string_view::npos) {

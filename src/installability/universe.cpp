@@ -107,11 +107,13 @@ int Universe::add(const ControlText &paragraph, Role role)
     return index;
 }
 
-void Universe::finish()
+bool Universe::finish(const StopRequest &stopped)
 {
     groupNamesakes();
     readOffers();
     for (int index = 0; index < count(); ++index) {
+        if (stopped && stopped())
+            return false;
         Package &package = m_packages[static_cast<std::size_t>(index)];
         const PackageFields &fields = m_fields[static_cast<std::size_t>(index)];
         const int own = package.traits.architecture;
@@ -129,6 +131,7 @@ void Universe::finish()
     m_fields = {};
     m_offers = {};
     m_known = {};
+    return true;
 }
 
 NamedPackage Universe::named(int package) const

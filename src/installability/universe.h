@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "apt/candidatesource.h"
 #include "core/controltext.h"
 #include "core/installabilityinfo.h"
 #include "installability/installsystem.h"
@@ -80,8 +81,11 @@ public:
      * and the paragraph ignored. Therefore add the checked packages before the offered ones.
      */
     int add(const ControlText &paragraph, Role role);
-    /** Reads the relations, after the last add(). Recommends are read of checked packages only. */
-    void finish();
+    /**
+     * Reads the relations, after the last add(). Recommends are read of checked packages only. False after a stop: the
+     * universe is not complete then, and must not be used.
+     */
+    bool finish(const StopRequest &stopped = {});
 
     int count() const { return static_cast<int>(m_packages.size()); }
     std::string_view name(int package) const { return at(package).name; }

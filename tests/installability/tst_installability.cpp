@@ -484,10 +484,13 @@ private Q_SLOTS:
         }
         Universe universe(OneArchitecture);
         addIndex(&universe, index);
-        universe.finish();
+        QVERIFY(universe.finish([] { return false; }));
         const int flock = packageOf(universe, "flock 1 amd64"_s);
         const int fine = packageOf(universe, "fine 1 amd64"_s);
 
+        Universe unfinished(OneArchitecture);
+        addIndex(&unfinished, index);
+        QVERIFY(!unfinished.finish([] { return true; }));
         InstallabilityCheck stopped(universe);
         int questions = 0;
         QVERIFY(!stopped.run({flock}, [&questions] { return ++questions > 100; }));
