@@ -78,6 +78,12 @@ void InstallationRules::addExclusion(int package, int set, int unless)
         }
         return;
     }
+    // Most packages are not in what they exclude, nor is another version of them.
+    if (std::none_of(
+            members.begin(), members.end(), [&](int member) { return m_universe.nameId(member) == name; })) {
+        addClause({-variable(package), -anyOf(set, members)}, unless);
+        return;
+    }
     const Chain &chain = chainOf(set, std::move(members));
     const auto byName = [this](int member, int wanted) { return m_universe.nameId(member) < wanted; };
     const auto first = std::lower_bound(chain.packages.begin(), chain.packages.end(), name, byName);
@@ -151,6 +157,17 @@ std::vector<int> InstallationRules::openMembers(int set) const
             result.push_back(member);
     }
     return result;
+}
+
+int InstallationRules::anyOf(int set, const std::vector<int> &packages)
+{
+    int &any = m_any[set];
+    if (any == 0) {
+        any = m_solver.newVariable();
+        for (const int package : packages)
+            m_solver.addClause({-variable(package), any});
+    }
+    return any;
 }
 
 const InstallationRules::Chain &InstallationRules::chainOf(int set, std::vector<int> packages)

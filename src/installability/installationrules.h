@@ -48,6 +48,7 @@ private:
     const SettledPackages *m_settled;
     SatSolver &m_solver;
     std::vector<int> m_variables; ///< by package; 0 as long as there is none
+    std::unordered_map<int, int> m_any; ///< by set: the variable of anyOf()
     std::unordered_map<int, Chain> m_chains; ///< by set
     std::vector<bool> m_added; ///< by package: addAround() was here
 
@@ -59,6 +60,8 @@ private:
     /** A clause of the packages and of the literals that are not 0. */
     template <typename Packages>
     void addAnyOf(const Packages &packages, int literal, int unless);
+    /** The variable that is true when a package of the set is installed; these are its open ones. */
+    int anyOf(int set, const std::vector<int> &packages);
     const Chain &chainOf(int set, std::vector<int> packages);
     void addClause(std::initializer_list<int> literals, int unless);
     void addAtMostOne(const std::vector<int> &literals, int unless);
