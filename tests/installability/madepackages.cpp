@@ -186,8 +186,8 @@ private:
     }
 
     /**
-     * When a package that is Multi-Arch: same excludes a provided name, dose-debcheck takes all versions of the providers
-     * as excluded, or, when the relation has a version, the wrong ones.
+     * When a package that is Multi-Arch: same excludes a provided name, dose-debcheck takes all versions of the
+     * providers as excluded, or, when the relation has a version, the wrong ones.
      */
     bool excludesMisjudgedNames(const MadePackage &package) const
     {

@@ -48,7 +48,7 @@ QByteArray indexOf(const MadePackages &packages);
 
 /**
  * A repository of 5 to 60 packages, the same for the same seed everywhere: relations of every kind, cycles, groups that
- * exclude each other, versions of one name, provided names, and essential packages in some. Cases in which dose-debcheck
- * decides otherwise than apt do not occur.
+ * exclude each other, versions of one name, provided names, and essential packages in some. Cases in which
+ * dose-debcheck decides otherwise than apt do not occur.
  */
 MadePackages madeRepository(unsigned seed, bool twoArchitectures);
