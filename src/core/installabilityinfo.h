@@ -10,7 +10,7 @@ enum Installability : qint32 {
     InstallabilityUnknown = -1, ///< not checked
     NotInstallable = 0, ///< on no system can the package be installed with all that it needs
     Installable = 1,
-    InstallabilityUndecided = 2 ///< the search took too long
+    InstallabilityUndecided = 2 ///< the search took too long, or the relations are too many for a search
 };
 
 /** A package as a reason names it. */
@@ -61,7 +61,7 @@ struct InstallabilityInfo
     QVector<InstallabilityStep> reason;
     /** Entries of Recommends that cannot be installed together with the package. */
     QStringList unmetRecommends;
-    int seconds = 0; ///< of an undecided package: how long was searched
+    int seconds = 0; ///< of an undecided package: how long was searched; 0: the relations are too many
 
     friend bool operator==(const InstallabilityInfo &a, const InstallabilityInfo &b)
     {

@@ -22,6 +22,11 @@ InstallabilityCheck::InstallabilityCheck(const Universe &universe, const std::ve
 bool InstallabilityCheck::run(const QVector<int> &asked, const StopRequest &stopped, const Progress &progress)
 {
     m_asked = asked;
+    if (m_universe.isTooLarge()) {
+        for (const int package : asked)
+            m_states[at(package)] = InstallabilityUndecided;
+        return true;
+    }
     std::vector<Goal> goals;
     goals.reserve(at(asked.size()));
     int done = 0;
@@ -46,7 +51,9 @@ bool InstallabilityCheck::run(const QVector<int> &asked, const StopRequest &stop
     std::vector<int> open;
     for (const Goal &goal : goals)
         open.push_back(goal.package);
-    m_rules.addAround(std::move(open));
+    m_rules.addAround(std::move(open), stopped);
+    if (stopped && stopped())
+        return false;
     if (progress)
         progress(done);
     return search(goals, stopped, [&](const Goal &goal) {
@@ -80,7 +87,7 @@ bool InstallabilityCheck::runRecommends(const StopRequest &stopped)
             if (m_settled.state(package) == SettledPackages::Open)
                 m_solver.addClause({-both, m_rules.variable(package)});
             m_rules.addNeedOf(both, entry.set);
-            m_rules.addAround({members.begin(), members.end()});
+            m_rules.addAround({members.begin(), members.end()}, stopped);
             goals.push_back({package, entry.set, both, 0, InstallabilityUnknown});
         }
     }
@@ -120,7 +127,7 @@ bool InstallabilityCheck::writeEssential(const StopRequest &stopped)
                 versions.begin(), versions.end(), [this](int version) { return m_settled.isGone(version); }))
             continue;
         m_rules.addOneOf(versions);
-        m_rules.addAround(versions);
+        m_rules.addAround(versions, stopped);
     }
     return m_solver.solve({}, LongestSearch, stopped) != SatSolver::Impossible;
 }
@@ -129,6 +136,13 @@ bool InstallabilityCheck::search(std::vector<Goal> &goals,
                                  const StopRequest &stopped,
                                  const std::function<void(const Goal &goal)> &settled)
 {
+    if (m_rules.isTooLarge()) {
+        for (Goal &goal : goals) {
+            goal.result = InstallabilityUndecided;
+            settled(goal);
+        }
+        return true;
+    }
     // Nothing is installed without need, but of the goals as many as can be together. The wish for each goal is a
     // variable that comes last, because the solver decides on the last variables first.
     for (int package = 0; package < m_universe.count(); ++package) {

@@ -32,7 +32,7 @@ public:
     bool runRecommends(const StopRequest &stopped = {});
 
     Installability state(int package) const { return m_states[static_cast<std::size_t>(package)]; }
-    /** Of an undecided package: how many seconds were spent. */
+    /** Of an undecided package: how many seconds were spent; 0 when the relations are too many for a search. */
     int secondsOf(int package) const;
     /** The entries of Recommends that cannot be installed together with the package, as they are written. */
     QStringList unmetRecommends(int package) const;

@@ -375,6 +375,8 @@ QString InstallabilityText::state(const InstallabilityInfo &info)
     case NotInstallable:
         return tr("cannot be installed");
     case InstallabilityUndecided:
+        if (info.seconds == 0)
+            return tr("undecided: there are too many relations between packages");
         return tr("undecided after %n second(s)", "", info.seconds);
     case InstallabilityUnknown:
         break;

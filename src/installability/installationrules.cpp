@@ -8,6 +8,9 @@ namespace
 /** Up to this number of packages, each pair gets a clause. Above it, clauses grow with the number and not its square. */
 constexpr std::size_t FewPackages = 24;
 
+/** A distribution has some thousands. Each takes some hundred bytes. */
+constexpr std::size_t MostInLargeSets = 4'000'000;
+
 std::size_t at(int index)
 {
     return static_cast<std::size_t>(index);
@@ -78,6 +81,11 @@ void InstallationRules::addExclusion(int package, int set, int unless)
         }
         return;
     }
+    m_largeSets += m_any.count(set) == 0 && m_chains.count(set) == 0 ? members.size() : 0;
+    if (m_largeSets > MostInLargeSets) {
+        m_isTooLarge = true;
+        return;
+    }
     // Most packages are not in what they exclude, nor is another version of them.
     if (std::none_of(
             members.begin(), members.end(), [&](int member) { return m_universe.nameId(member) == name; })) {
@@ -125,9 +133,9 @@ void InstallationRules::addNamesakes(int package, int unless)
     addAtMostOne(literals, unless);
 }
 
-void InstallationRules::addAround(std::vector<int> packages)
+void InstallationRules::addAround(std::vector<int> packages, const StopRequest &stopped)
 {
-    while (!packages.empty()) {
+    while (!packages.empty() && !(stopped && stopped())) {
         const int package = packages.back();
         packages.pop_back();
         if (m_added[at(package)] || stateOf(package) != SettledPackages::Open)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "apt/candidatesource.h"
 #include "installability/satsolver.h"
 #include "installability/settledpackages.h"
 
@@ -33,7 +34,12 @@ public:
     /** Of the packages with the name of this one, only those that can be beside each other. */
     void addNamesakes(int package, int unless = 0);
     /** All rules of these packages and of all that they can need. What was added so is not added again. */
-    void addAround(std::vector<int> packages);
+    void addAround(std::vector<int> packages, const StopRequest &stopped = {});
+    /**
+     * Whether rules were left out because all of them would take gigabytes, as hostile packages can want. Then a search
+     * says nothing.
+     */
+    bool isTooLarge() const { return m_isTooLarge; }
 
 private:
     /** A variable for "one of the first" and one for "one of the last", at each place in a long set. */
@@ -51,6 +57,8 @@ private:
     std::unordered_map<int, int> m_any; ///< by set: the variable of anyOf()
     std::unordered_map<int, Chain> m_chains; ///< by set
     std::vector<bool> m_added; ///< by package: addAround() was here
+    std::size_t m_largeSets = 0; ///< members of the large sets that are written
+    bool m_isTooLarge = false;
 
     SettledPackages::State stateOf(int package) const
     {

@@ -27,7 +27,9 @@ QVector<int> SimulatedInstallation::of(int package, const StopRequest &stopped) 
         rules.addOneOf(versions);
         around.insert(around.end(), versions.begin(), versions.end());
     }
-    rules.addAround(around);
+    rules.addAround(around, stopped);
+    if (rules.isTooLarge() || (stopped && stopped()))
+        return {};
     // Nothing is installed without need.
     for (int other = 0; other < m_universe.count(); ++other) {
         if (m_settled.state(other) == SettledPackages::Open && rules.isUsed(other))

@@ -11,6 +11,9 @@
 
 namespace
 {
+/** In all sets. A distribution has some hundred thousand. */
+constexpr std::size_t MostMembers = 50'000'000;
+
 /** The context of an entry that excludes: it means the same in packages of every architecture. */
 constexpr int Excluding = -1;
 
@@ -298,8 +301,9 @@ int Universe::setOf(std::string_view text, int context)
     if (!isNew)
         return known->second;
     const auto begin = m_members.size();
+    m_isTooLarge = m_isTooLarge || begin > MostMembers;
     std::string_view rest = text;
-    while (!rest.empty()) {
+    while (!rest.empty() && !m_isTooLarge) {
         RelationText relation;
         if (readRelation(takePiece(rest, '|'), relation))
             addMatches(relation, context, context == Excluding);

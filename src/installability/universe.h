@@ -87,6 +87,9 @@ public:
      */
     bool finish(const StopRequest &stopped = {});
 
+    /** Whether sets were left empty because all of them would take gigabytes, as hostile packages can want. */
+    bool isTooLarge() const { return m_isTooLarge; }
+
     int count() const { return static_cast<int>(m_packages.size()); }
     std::string_view name(int package) const { return at(package).name; }
     std::string_view version(int package) const { return at(package).version; }
@@ -178,6 +181,7 @@ private:
     std::vector<Entry> m_entries;
     std::vector<Set> m_sets;
     std::vector<int> m_members;
+    bool m_isTooLarge = false;
     std::unordered_map<std::string_view, int> m_names;
     std::vector<int> m_nameFirst; ///< by name: the first of its packages in m_namesakes
     std::vector<int> m_namesakes;

@@ -462,6 +462,31 @@ private Q_SLOTS:
         QCOMPARE(sorted(broken), "choosing-nothing 1 amd64|needs-longer 1 amd64|two-of-them 1 amd64"_list);
     }
 
+    /** Packages that all exclude others by version would take gigabytes of rules: that is said, and not tried. */
+    void tooManyRelations()
+    {
+        QByteArray index = "Package: fine\nVersion: 1\nArchitecture: amd64\n\n";
+        for (int i = 1; i <= 4000; ++i) {
+            const QByteArray number = QByteArray::number(i);
+            index += "Package: p" + number + "\nVersion: 1\nArchitecture: amd64\nProvides: only (= " + number
+                     + ")\nConflicts: only (<< " + number + ")\n\n";
+        }
+        Universe universe(OneArchitecture);
+        addIndex(&universe, index);
+        universe.finish();
+        const int last = packageOf(universe, "p4000 1 amd64"_s);
+        const int fine = packageOf(universe, "fine 1 amd64"_s);
+        InstallabilityCheck check(universe);
+        QVERIFY(check.run({fine, last}));
+        QCOMPARE(check.state(fine), Installable);
+        QCOMPARE(check.state(last), Installable);
+        InstallabilityCheck ofAll(universe);
+        QVERIFY(ofAll.run(everyPackage(universe)));
+        QCOMPARE(ofAll.state(fine), Installable);
+        QCOMPARE(ofAll.state(last), InstallabilityUndecided);
+        QCOMPARE(ofAll.secondsOf(last), 0);
+    }
+
     /** One nest less than birds: true only for who counts, and beyond every search. */
     void undecided()
     {

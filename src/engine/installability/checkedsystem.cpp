@@ -23,6 +23,7 @@ CheckedSystem::CheckedSystem(const CheckScope &scope,
                              const BaseOffers &offers,
                              const QString &native,
                              PackageType type,
+                             const StopRequest &stopped,
                              const QVector<OfferList> &further,
                              const RepositorySnapshot *neighbour)
     : m_system(systemOf(native, scope.base))
@@ -32,11 +33,12 @@ CheckedSystem::CheckedSystem(const CheckScope &scope,
     addPackages(scope.repository.packages, Universe::Checked);
     if (neighbour != nullptr)
         addPackages(neighbour->packages, Universe::Offered);
-    addOffers(scope.base.kind == CompleteCheckBase::Essential ? essentialOffers(offers.lists, m_system)
-                                                              : offers.lists);
+    addOffers(scope.base.kind == CompleteCheckBase::Essential
+                  ? essentialOffers(offers.lists, m_system, stopped)
+                  : offers.lists);
     m_firstFurther = m_universe.count();
     addOffers(further);
-    m_universe.finish();
+    m_universe.finish(stopped);
 }
 
 bool CheckedSystem::isAnyRead(const QList<PackageInfoPtr> &records,

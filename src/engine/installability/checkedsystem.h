@@ -22,12 +22,13 @@ public:
     /**
      * A system of the architecture `native`, with the foreign ones of the base. What the `further` lists offer is in
      * the universe too, but not at hand: isFurther() tells it from the rest. The packages of a `neighbour` are offered
-     * as if the base had them, and their records are known too.
+     * as if the base had them, and their records are known too. After a stop, relations are missing.
      */
     CheckedSystem(const CheckScope &scope,
                   const BaseOffers &offers,
                   const QString &native,
                   PackageType type,
+                  const StopRequest &stopped = {},
                   const QVector<OfferList> &further = {},
                   const RepositorySnapshot *neighbour = nullptr);
 

@@ -34,7 +34,7 @@ QVector<Companion> CompanionSizes::of(const PackageInfoPtr &package, const StopR
 {
     const BaseOffers offers = BaseOffers::read(
         m_scope, QStringList{package->architecture} + m_scope.base.foreignArchitectures, stopped);
-    const CheckedSystem system(m_scope, offers, package->architecture, package->type);
+    const CheckedSystem system(m_scope, offers, package->architecture, package->type, stopped);
     const int index = system.indexOf(package);
     QVector<Companion> companions;
     if (index < 0 || (stopped && stopped()))

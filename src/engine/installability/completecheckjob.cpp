@@ -43,7 +43,7 @@ int CompleteCheckJob::run(const QList<PackageInfoPtr> &packages, const CompleteC
                   });
             if (!isAny || mustStop())
                 continue;
-            const CheckedSystem system(scope, offers, architecture, type);
+            const CheckedSystem system(scope, offers, architecture, type, stopped);
             // apt fetches no lists of installer packages, so that one of them may need what only seems to be missing.
             const bool isComplete = type == PackageType::Deb || !BaseOffers::isOfPublicSources(base);
             checkSystem(system, system.nativeAmong(records), isComplete);

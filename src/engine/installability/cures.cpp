@@ -143,7 +143,8 @@ QVector<Cure> Cures::of(const PackageInfoPtr &package, const StopRequest &stoppe
 {
     const Offers offers = Offers::read(
         m_scope, QStringList{package->architecture} + m_scope.base.foreignArchitectures, stopped);
-    const CureTrial trial(m_scope, offers.base, offers.further, package->architecture, package->type);
+    const CureTrial trial(
+        m_scope, offers.base, offers.further, package->architecture, package->type, stopped);
     const int index = trial.system().indexOf(package);
     if (index < 0 || (stopped && stopped()))
         return {};
@@ -187,7 +188,7 @@ CureEffect Cures::effectOf(const Cure &cure, const StopRequest &stopped) const
     const Offers offers = Offers::read(
         m_scope, m_scope.repository.architectures + m_scope.base.foreignArchitectures, stopped);
     for (const QString &architecture : m_scope.repository.architectures) {
-        const CureTrial trial(m_scope, offers.base, offers.further, architecture, PackageType::Deb);
+        const CureTrial trial(m_scope, offers.base, offers.further, architecture, PackageType::Deb, stopped);
         const int package = trial.find(cure.package, cure.version, cure.architecture);
         if (package < 0 || (stopped && stopped()))
             continue;

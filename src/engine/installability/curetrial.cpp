@@ -7,8 +7,9 @@ CureTrial::CureTrial(const CheckScope &scope,
                      const BaseOffers &offers,
                      const QVector<OfferList> &further,
                      const QString &architecture,
-                     PackageType type)
-    : m_system(scope, offers, architecture, type, further)
+                     PackageType type,
+                     const StopRequest &stopped)
+    : m_system(scope, offers, architecture, type, stopped, further)
 { }
 
 int CureTrial::find(const QString &name, const QString &version, const QString &architecture) const

@@ -26,7 +26,8 @@ public:
               const BaseOffers &offers,
               const QVector<OfferList> &further,
               const QString &architecture,
-              PackageType type);
+              PackageType type,
+              const StopRequest &stopped);
 
     const CheckedSystem &system() const { return m_system; }
     const Universe &universe() const { return m_system.universe(); }

@@ -50,7 +50,8 @@ std::vector<bool> essentialAmong(const Universe &universe)
 }
 } // namespace
 
-QVector<OfferList> essentialOffers(const QVector<OfferList> &lists, const InstallSystem &system)
+QVector<OfferList>
+essentialOffers(const QVector<OfferList> &lists, const InstallSystem &system, const StopRequest &stopped)
 {
     Universe universe(system);
     std::vector<std::pair<int, int>> places; // by package: its list, and the place there
@@ -65,7 +66,7 @@ QVector<OfferList> essentialOffers(const QVector<OfferList> &lists, const Instal
                 places.emplace_back(list, i);
         }
     }
-    universe.finish();
+    universe.finish(stopped);
     const auto isChosen = essentialAmong(universe);
     QVector<OfferList> essential;
     for (const OfferList &list : lists)

@@ -8,4 +8,5 @@
  * Of what the lists offer to a system, the packages that every system has: the essential ones, and what these need. Of
  * alternatives the first one is taken, and of versions the newest.
  */
-QVector<OfferList> essentialOffers(const QVector<OfferList> &lists, const InstallSystem &system);
+QVector<OfferList>
+essentialOffers(const QVector<OfferList> &lists, const InstallSystem &system, const StopRequest &stopped);

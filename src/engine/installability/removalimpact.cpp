@@ -53,7 +53,7 @@ RepositoryImpact impactOn(const CheckScope &scope,
         for (const QString &architecture : scope.repository.architectures) {
             if (!CheckedSystem::isAnyRead(ofType, architecture, scope.base) || (stopped && stopped()))
                 continue;
-            const CheckedSystem system(scope, offers, architecture, type, {}, source);
+            const CheckedSystem system(scope, offers, architecture, type, stopped, {}, source);
             const QVector<int> packages = system.withoutRecords(ofType);
             if (packages.isEmpty())
                 continue;
