@@ -191,6 +191,33 @@
     </message>
 </context>
 <context>
+    <name>CheckBaseMenu</name>
+    <message>
+        <source>Complete check against</source>
+        <translation>Vollständig prüfen gegen</translation>
+    </message>
+    <message>
+        <source>Foreign architectures</source>
+        <translation>Fremde Architekturen</translation>
+    </message>
+    <message>
+        <source>The repository alone</source>
+        <translation>Das Repository allein</translation>
+    </message>
+    <message>
+        <source>Debian&apos;s essential packages</source>
+        <translation>Die essenziellen Pakete von Debian</translation>
+    </message>
+    <message>
+        <source>What the public sources offer</source>
+        <translation>Was die öffentlichen Paketquellen anbieten</translation>
+    </message>
+    <message>
+        <source>Another repository...</source>
+        <translation>Anderes Repository...</translation>
+    </message>
+</context>
+<context>
     <name>CheckTableDialog</name>
     <message>
         <source>&amp;Select all</source>
@@ -214,6 +241,111 @@
     <message>
         <source>%1 is in progress, do you really want to close the repository?</source>
         <translation>Es läuft noch: %1. Möchten Sie das Repository wirklich schließen?</translation>
+    </message>
+</context>
+<context>
+    <name>CompanionsTree</name>
+    <message>
+        <source>Package</source>
+        <translation>Paket</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Download</translation>
+    </message>
+    <message>
+        <source>Installed</source>
+        <translation>Installiert</translation>
+    </message>
+    <message>
+        <source>public sources</source>
+        <translation>öffentliche Paketquellen</translation>
+    </message>
+    <message>
+        <source>this repository</source>
+        <translation>dieses Repository</translation>
+    </message>
+    <message numerus="yes">
+        <source>On a bare system %n package(s) come in: %1 to download, %2 on the disk</source>
+        <translation>
+            <numerusform>Auf ein leeres System kommt %n Paket: %1 Download, %2 auf der Platte</numerusform>
+            <numerusform>Auf ein leeres System kommen %n Pakete: %1 Download, %2 auf der Platte</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CureDialog</name>
+    <message>
+        <source>What this would change</source>
+        <translation>Was das ändern würde</translation>
+    </message>
+    <message>
+        <source>Working out what this would change...</source>
+        <translation>Ermitteln, was das ändern würde...</translation>
+    </message>
+    <message>
+        <source>Fetch</source>
+        <translation>Holen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Upgrade</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>What can be installed stays the same.</source>
+        <translation>Was installierbar ist, bleibt gleich.</translation>
+    </message>
+    <message>
+        <source>For the packages of this repository:</source>
+        <translation>Für die Pakete dieses Repositorys:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could be installed then</source>
+        <translation>
+            <numerusform>%n Paket wäre dann installierbar</numerusform>
+            <numerusform>%n Pakete wären dann installierbar</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could no longer be installed</source>
+        <translation>
+            <numerusform>%n Paket wäre nicht mehr installierbar</numerusform>
+            <numerusform>%n Pakete wären nicht mehr installierbar</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiteres</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>Cures</name>
+    <message>
+        <source>Remove %1 %2</source>
+        <translation>%1 %2 entfernen</translation>
+    </message>
+    <message>
+        <source>Fetch %1 %2 from %3</source>
+        <translation>%1 %2 von %3 holen</translation>
+    </message>
+    <message>
+        <source>Take the newer %1 %2 from %3</source>
+        <translation>Das neuere %1 %2 von %3 nehmen</translation>
     </message>
 </context>
 <context>
@@ -601,6 +733,62 @@
     </message>
 </context>
 <context>
+    <name>FactsTree</name>
+    <message>
+        <source>Why it cannot be installed</source>
+        <translation>Warum es nicht installierbar ist</translation>
+    </message>
+    <message>
+        <source>The reason was not found.</source>
+        <translation>Der Grund wurde nicht gefunden.</translation>
+    </message>
+    <message>
+        <source>Recommended, but cannot be installed together with it</source>
+        <translation>Empfohlen, aber nicht zusammen damit installierbar</translation>
+    </message>
+    <message>
+        <source>Needed by</source>
+        <translation>Benötigt von</translation>
+    </message>
+    <message>
+        <source>Looking for packages that need it...</source>
+        <translation>Suche nach Paketen, die es benötigen...</translation>
+    </message>
+    <message>
+        <source>In the repository %1</source>
+        <translation>Im Repository %1</translation>
+    </message>
+    <message>
+        <source>No package of the open repositories needs it.</source>
+        <translation>Kein Paket der offenen Repositorys benötigt es.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) directly</source>
+        <translation>
+            <numerusform>%n Paket direkt</numerusform>
+            <numerusform>%n Pakete direkt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could no longer be installed without it</source>
+        <translation>
+            <numerusform>%n Paket wäre ohne es nicht mehr installierbar</numerusform>
+            <numerusform>%n Pakete wären ohne es nicht mehr installierbar</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiteres</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show this package</source>
+        <translation>Dieses Paket zeigen</translation>
+    </message>
+</context>
+<context>
     <name>FoundPackagesModel</name>
     <message>
         <source>Package</source>
@@ -738,6 +926,307 @@
     <message>
         <source>The system bus cannot be reached. Without it, nothing in the system can be changed. Start the service dbus, then this program once more.</source>
         <translation>Der Systembus ist nicht erreichbar. Ohne ihn lässt sich im System nichts ändern. Starten Sie den Dienst dbus, danach dieses Programm erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>InstallabilityCommands</name>
+    <message>
+        <source>Complete check</source>
+        <translation>Vollständige Prüfung</translation>
+    </message>
+    <message>
+        <source>Complete check, against %1</source>
+        <translation>Vollständige Prüfung, gegen: %1</translation>
+    </message>
+    <message>
+        <source>Complete checks are made against %1.</source>
+        <translation>Vollständig geprüft wird gegen: %1.</translation>
+    </message>
+    <message>
+        <source>Repository to check against</source>
+        <translation>Repository, gegen das geprüft wird</translation>
+    </message>
+    <message>
+        <source>%1 is not in the repository any more.</source>
+        <translation>%1 ist nicht mehr im Repository.</translation>
+    </message>
+</context>
+<context>
+    <name>InstallabilityReport</name>
+    <message>
+        <source>Complete check</source>
+        <translation>Vollständige Prüfung</translation>
+    </message>
+    <message>
+        <source>Checked against: %1</source>
+        <translation>Geprüft gegen: %1</translation>
+    </message>
+    <message>
+        <source>Date: %1</source>
+        <translation>Datum: %1</translation>
+    </message>
+    <message>
+        <source>The packages, or what they were checked against, have changed since: check again.</source>
+        <translation>Die Pakete oder das, wogegen sie geprüft wurden, haben sich seither geändert: Prüfen Sie erneut.</translation>
+    </message>
+    <message>
+        <source>Packages that can be installed: %1</source>
+        <translation>Installierbare Pakete: %1</translation>
+    </message>
+    <message>
+        <source>Packages that cannot be installed: %1</source>
+        <translation>Nicht installierbare Pakete: %1</translation>
+    </message>
+    <message>
+        <source>Packages undecided: %1</source>
+        <translation>Unentschiedene Pakete: %1</translation>
+    </message>
+    <message>
+        <source>Packages not checked: %1</source>
+        <translation>Nicht geprüfte Pakete: %1</translation>
+    </message>
+    <message>
+        <source>Most often in the way:</source>
+        <translation>Am häufigsten im Weg:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, of %n package(s)</source>
+        <translation>
+            <numerusform>%1, bei %n Paket</numerusform>
+            <numerusform>%1, bei %n Paketen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Recommended, but cannot be installed together with the package:</source>
+        <translation>Empfohlen, aber nicht zusammen mit dem Paket installierbar:</translation>
+    </message>
+</context>
+<context>
+    <name>InstallabilityText</name>
+    <message>
+        <source>%1 needs %2 before it can be unpacked</source>
+        <translation>%1 benötigt %2 schon vor dem Entpacken</translation>
+    </message>
+    <message>
+        <source>%1 needs %2</source>
+        <translation>%1 benötigt %2</translation>
+    </message>
+    <message>
+        <source>every system has %1, because it is essential</source>
+        <translation>jedes System hat %1, denn es ist essenziell</translation>
+    </message>
+    <message>
+        <source>%1 needs %2, provided by %3, before it can be unpacked</source>
+        <translation>%1 benötigt %2, bereitgestellt von %3, schon vor dem Entpacken</translation>
+    </message>
+    <message>
+        <source>%1 needs %2, provided by %3</source>
+        <translation>%1 benötigt %2, bereitgestellt von %3</translation>
+    </message>
+    <message>
+        <source>%1 needs %2 before it can be unpacked; only %3 could meet this</source>
+        <translation>%1 benötigt %2 schon vor dem Entpacken; nur %3 käme dafür in Frage</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; only %3 could meet this</source>
+        <translation>%1 benötigt %2; nur %3 käme dafür in Frage</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; none of these is at hand as it is needed</source>
+        <translation>%1 benötigt %2; nichts davon ist passend vorhanden</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; the newest %3 at hand is %4, and nothing meets the other alternatives</source>
+        <translation>%1 benötigt %2; die neueste vorhandene Version von %3 ist %4, und nichts erfüllt die anderen Alternativen</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; nothing at hand is called %3</source>
+        <translation>%1 benötigt %2; nichts Vorhandenes heißt %3</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; what is provided by %3 does not meet this</source>
+        <translation>%1 benötigt %2; was %3 bereitstellt, genügt nicht</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; the newest %3 at hand is %4</source>
+        <translation>%1 benötigt %2; die neueste vorhandene Version von %3 ist %4</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; the oldest %3 at hand is %4</source>
+        <translation>%1 benötigt %2; die älteste vorhandene Version von %3 ist %4</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; all that is at hand is %3</source>
+        <translation>%1 benötigt %2; vorhanden ist nur %3</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; %3 is at hand only for %4</source>
+        <translation>%1 benötigt %2; %3 ist nur für %4 vorhanden</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; the field Multi-Arch of %3 does not allow this</source>
+        <translation>%1 benötigt %2; das Feld Multi-Arch von %3 erlaubt das nicht</translation>
+    </message>
+    <message>
+        <source>%1 cannot be installed together with %2</source>
+        <translation>%1 kann nicht zusammen mit %2 installiert werden</translation>
+    </message>
+    <message>
+        <source>%1 conflicts with %2, provided by %3</source>
+        <translation>%1 steht in Konflikt mit %2, bereitgestellt von %3</translation>
+    </message>
+    <message>
+        <source>%1 breaks %2, provided by %3</source>
+        <translation>%1 beschädigt %2, bereitgestellt von %3</translation>
+    </message>
+    <message>
+        <source>%1 conflicts with %2, which is true of %3</source>
+        <translation>%1 steht in Konflikt mit %2, und das trifft auf %3 zu</translation>
+    </message>
+    <message>
+        <source>%1 breaks %2, which is true of %3</source>
+        <translation>%1 beschädigt %2, und das trifft auf %3 zu</translation>
+    </message>
+    <message>
+        <source>%1 conflicts with %2</source>
+        <translation>%1 steht in Konflikt mit %2</translation>
+    </message>
+    <message>
+        <source>%1 breaks %2</source>
+        <translation>%1 beschädigt %2</translation>
+    </message>
+    <message>
+        <source>%1 conflicts with %2, and %3 is %4</source>
+        <translation>%1 steht in Konflikt mit %2, und %3 hat die Version %4</translation>
+    </message>
+    <message>
+        <source>%1 breaks %2, and %3 is %4</source>
+        <translation>%1 beschädigt %2, und %3 hat die Version %4</translation>
+    </message>
+    <message>
+        <source>only one version of %1 can be installed: %2 exclude each other</source>
+        <translation>von %1 kann nur eine Version installiert werden: %2 schließen einander aus</translation>
+    </message>
+    <message>
+        <source>%1 cannot be installed for %2 at the same time</source>
+        <translation>%1 kann nicht gleichzeitig für %2 installiert werden</translation>
+    </message>
+    <message>
+        <source>%1 cannot be installed at the same time</source>
+        <translation>%1 können nicht gleichzeitig installiert werden</translation>
+    </message>
+    <message>
+        <source>can be installed</source>
+        <translation>kann installiert werden</translation>
+    </message>
+    <message>
+        <source>cannot be installed</source>
+        <translation>kann nicht installiert werden</translation>
+    </message>
+    <message numerus="yes">
+        <source>undecided after %n second(s)</source>
+        <translation>
+            <numerusform>nach %n Sekunde unentschieden</numerusform>
+            <numerusform>nach %n Sekunden unentschieden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>not checked</source>
+        <translation>nicht geprüft</translation>
+    </message>
+    <message>
+        <source>the repository alone</source>
+        <translation>das Repository allein</translation>
+    </message>
+    <message>
+        <source>the repository and the essential packages of the public sources</source>
+        <translation>das Repository und die essenziellen Pakete der öffentlichen Paketquellen</translation>
+    </message>
+    <message>
+        <source>the repository and the public sources</source>
+        <translation>das Repository und die öffentlichen Paketquellen</translation>
+    </message>
+    <message>
+        <source>the repository and the repository %1</source>
+        <translation>das Repository und das Repository %1</translation>
+    </message>
+    <message>
+        <source>%1, on a system that also takes packages for %2</source>
+        <translation>%1, auf einem System, das auch Pakete für %2 annimmt</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 und %n weiteres</numerusform>
+            <numerusform>%1 und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <translation>%1 und %2</translation>
+    </message>
+    <message>
+        <source>undecided: there are too many relations between packages</source>
+        <translation>unentschieden: Zwischen den Paketen gibt es zu viele Beziehungen</translation>
+    </message>
+</context>
+<context>
+    <name>InstallabilityView</name>
+    <message>
+        <source>What comes along</source>
+        <translation>Was mitkommt</translation>
+    </message>
+    <message>
+        <source>Reasons and needs</source>
+        <translation>Gründe und Bedarf</translation>
+    </message>
+    <message>
+        <source>Check again</source>
+        <translation>Erneut prüfen</translation>
+    </message>
+    <message>
+        <source>Complete check</source>
+        <translation>Vollständige Prüfung</translation>
+    </message>
+    <message>
+        <source>Not checked yet: press &quot;%1&quot;. This finds out whether the package can really be installed, with all that it needs.</source>
+        <translation>Noch nicht geprüft: Drücken Sie „%1“. Das ermittelt, ob sich das Paket mit allem, was es benötigt, wirklich installieren lässt.</translation>
+    </message>
+    <message>
+        <source>Checked: %1, against %2</source>
+        <translation>Geprüft: %1, gegen: %2</translation>
+    </message>
+    <message>
+        <source>Packages have changed since: press &quot;%1&quot;.</source>
+        <translation>Seither haben sich Pakete geändert: Drücken Sie „%1“.</translation>
+    </message>
+    <message>
+        <source>Looking for cures...</source>
+        <translation>Suche nach Abhilfe...</translation>
+    </message>
+    <message>
+        <source>Working out what comes along...</source>
+        <translation>Ermitteln, was mitkommt...</translation>
+    </message>
+    <message>
+        <source>What comes along is not known any more: check again.</source>
+        <translation>Was mitkommt, ist nicht mehr bekannt: Prüfen Sie erneut.</translation>
+    </message>
+    <message>
+        <source>No single change of the repository would cure this.</source>
+        <translation>Keine einzelne Änderung des Repositorys würde abhelfen.</translation>
+    </message>
+    <message>
+        <source>What would cure it:</source>
+        <translation>Was abhelfen würde:</translation>
+    </message>
+    <message>
+        <source>A first step to cure it:</source>
+        <translation>Ein erster Schritt zur Abhilfe:</translation>
+    </message>
+    <message>
+        <source>%1 (another contradiction is left then)</source>
+        <translation>%1 (ein anderer Widerspruch bleibt dann)</translation>
     </message>
 </context>
 <context>
@@ -1987,6 +2476,72 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
 </context>
 <context>
+    <name>RemovalQuestion</name>
+    <message>
+        <source>Looking for packages that could no longer be installed...</source>
+        <translation>Suche nach Paketen, die nicht mehr installierbar wären...</translation>
+    </message>
+    <message>
+        <source>Whether other packages need them could not be found out in time.</source>
+        <translation>Ob andere Pakete sie benötigen, ließ sich nicht rechtzeitig ermitteln.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could no longer be installed without this: %1</source>
+        <translation>
+            <numerusform>%n Paket wäre ohne dies nicht mehr installierbar: %1</numerusform>
+            <numerusform>%n Pakete wären ohne dies nicht mehr installierbar: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) of the repository %1 could no longer be installed without this: %2</source>
+        <translation>
+            <numerusform>%n Paket des Repositorys %1 wäre ohne dies nicht mehr installierbar: %2</numerusform>
+            <numerusform>%n Pakete des Repositorys %1 wären ohne dies nicht mehr installierbar: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All other packages stay as they are.</source>
+        <translation>Alle anderen Pakete bleiben, wie sie sind.</translation>
+    </message>
+</context>
+<context>
+    <name>RepoItemLook</name>
+    <message numerus="yes">
+        <source>%n package(s) cannot be installed.</source>
+        <translation>
+            <numerusform>%n Paket ist nicht installierbar.</numerusform>
+            <numerusform>%n Pakete sind nicht installierbar.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) undecided: the search took too long.</source>
+        <translation>
+            <numerusform>%n Paket unentschieden: Die Suche dauerte zu lange.</numerusform>
+            <numerusform>%n Pakete unentschieden: Die Suche dauerte zu lange.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cannot be installed.</source>
+        <translation>Nicht installierbar.</translation>
+    </message>
+    <message>
+        <source>Can be installed.</source>
+        <translation>Installierbar.</translation>
+    </message>
+    <message>
+        <source>Undecided: the search took too long.</source>
+        <translation>Unentschieden: Die Suche dauerte zu lange.</translation>
+    </message>
+    <message>
+        <source>Breaks other packages.</source>
+        <translation>Stört andere Pakete.</translation>
+    </message>
+    <message>
+        <source>Packages have changed since the check.</source>
+        <translation>Seit der Prüfung haben sich Pakete geändert.</translation>
+    </message>
+</context>
+<context>
     <name>RepoModel</name>
     <message>
         <source>Architecture: %1</source>
@@ -2796,6 +3351,40 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         <source>%1 was not removed: the repository holds another version by now.</source>
         <translation>%1 wurde nicht entfernt: Das Repository enthält inzwischen eine andere Version.</translation>
     </message>
+    <message>
+        <source>The packages of the repository %1 could not be read.</source>
+        <translation>Die Pakete des Repositorys %1 konnten nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Complete check</source>
+        <translation>Vollständige Prüfung</translation>
+    </message>
+    <message>
+        <source>Complete check: nothing was checked</source>
+        <translation>Vollständige Prüfung: Nichts wurde geprüft</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n installer package(s) need what the repository does not hold, and apt fetches no lists of installer packages: whether they can be installed is not known.</source>
+        <translation>
+            <numerusform>%n Installer-Paket braucht, was das Repository nicht enthält, und apt holt keine Listen von Installer-Paketen: Ob es installierbar ist, ist nicht bekannt.</numerusform>
+            <numerusform>%n Installer-Pakete brauchen, was das Repository nicht enthält, und apt holt keine Listen von Installer-Paketen: Ob sie installierbar sind, ist nicht bekannt.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) checked completely</source>
+        <translation>
+            <numerusform>Vorgang angehalten. %1 von %n Paket vollständig geprüft</numerusform>
+            <numerusform>Vorgang angehalten. %1 von %n Paketen vollständig geprüft</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Complete check done. Installable: %1, not installable: %2, undecided: %3</source>
+        <translation>Vollständige Prüfung beendet. Installierbar: %1, nicht installierbar: %2, unentschieden: %3</translation>
+    </message>
+    <message>
+        <source>The stored results of the complete checks could not be read. The file is kept as %1; check completely again.</source>
+        <translation>Die gespeicherten Ergebnisse der vollständigen Prüfungen konnten nicht gelesen werden. Die Datei bleibt als %1 erhalten; prüfen Sie erneut vollständig.</translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>
@@ -2822,6 +3411,10 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>&lt;b&gt;Failed to get package information&lt;/b&gt;&lt;br&gt; %1</source>
         <translation>&lt;b&gt;Die Angaben zum Paket konnten nicht ermittelt werden&lt;/b&gt;&lt;br&gt; %1</translation>
+    </message>
+    <message>
+        <source>Installability</source>
+        <translation>Installierbarkeit</translation>
     </message>
 </context>
 <context>
@@ -3647,6 +4240,14 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         <source>Show depends success</source>
         <translation>Erfüllte Abhängigkeiten anzeigen</translation>
     </message>
+    <message>
+        <source>Only packages that cannot be installed</source>
+        <translation>Nur nicht installierbare Pakete</translation>
+    </message>
+    <message>
+        <source>Only packages that break others</source>
+        <translation>Nur Pakete, die andere stören</translation>
+    </message>
 </context>
 <context>
     <name>UpgradeCommands</name>
@@ -4397,6 +4998,38 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>The indices of the repository may be older than its database, so they may not name all that it holds.</source>
         <translation>Die Indizes des Repositorys sind vielleicht älter als seine Datenbank und nennen dann nicht alles, was es enthält.</translation>
+    </message>
+    <message>
+        <source>Checked: %1, not installable: %2, undecided: %3</source>
+        <translation>Geprüft: %1, nicht installierbar: %2, unentschieden: %3</translation>
+    </message>
+    <message>
+        <source>%1 recommends what cannot be installed with it: %2</source>
+        <translation>%1 empfiehlt, was sich nicht mit ihm installieren lässt: %2</translation>
+    </message>
+    <message>
+        <source>--%1 is an option of --complete.</source>
+        <translation>--%1 gehört zu --complete.</translation>
+    </message>
+    <message>
+        <source>--against is for the check of names; --complete has --base.</source>
+        <translation>--against gehört zur Prüfung der Namen; --complete hat --base.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not an architecture.</source>
+        <translation>„%1“ ist keine Architektur.</translation>
+    </message>
+    <message>
+        <source>Check whether the packages can really be installed, with all that they need, and say why the others cannot</source>
+        <translation>Prüfen, ob sich die Pakete mit allem, was sie brauchen, wirklich installieren lassen, und sagen, warum nicht</translation>
+    </message>
+    <message>
+        <source>With --complete, what else there is: public (the default) are apt&apos;s sources, essential is what every system has, nothing is the repository alone; or another REPOSITORY</source>
+        <translation>Mit --complete: was es sonst gibt: public (Vorgabe) sind die Quellen von apt, essential ist, was jedes System hat, nothing das Repository allein; oder ein anderes REPOSITORY</translation>
+    </message>
+    <message>
+        <source>With --complete, a further architecture of the system, as dpkg knows foreign architectures; can be repeated</source>
+        <translation>Mit --complete: eine weitere Architektur des Systems, wie dpkg fremde Architekturen kennt; wiederholbar</translation>
     </message>
 </context>
 <context>

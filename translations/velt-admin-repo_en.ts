@@ -2,12 +2,97 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>CompanionsTree</name>
+    <message numerus="yes">
+        <source>On a bare system %n package(s) come in: %1 to download, %2 on the disk</source>
+        <translation>
+            <numerusform>On a bare system %n package comes in: %1 to download, %2 on the disk</numerusform>
+            <numerusform>On a bare system %n packages come in: %1 to download, %2 on the disk</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CureDialog</name>
+    <message numerus="yes">
+        <source>%n package(s) could be installed then</source>
+        <translation>
+            <numerusform>%n package could be installed then</numerusform>
+            <numerusform>%n packages could be installed then</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could no longer be installed</source>
+        <translation>
+            <numerusform>%n package could no longer be installed</numerusform>
+            <numerusform>%n packages could no longer be installed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>DependsReport</name>
     <message numerus="yes">
         <source>%1, by %n package(s)</source>
         <translation>
             <numerusform>%1, by %n package</numerusform>
             <numerusform>%1, by %n packages</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>FactsTree</name>
+    <message numerus="yes">
+        <source>%n package(s) directly</source>
+        <translation>
+            <numerusform>%n package directly</numerusform>
+            <numerusform>%n packages directly</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could no longer be installed without it</source>
+        <translation>
+            <numerusform>%n package could no longer be installed without it</numerusform>
+            <numerusform>%n packages could no longer be installed without it</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>InstallabilityReport</name>
+    <message numerus="yes">
+        <source>%1, of %n package(s)</source>
+        <translation>
+            <numerusform>%1, of %n package</numerusform>
+            <numerusform>%1, of %n packages</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>InstallabilityText</name>
+    <message numerus="yes">
+        <source>undecided after %n second(s)</source>
+        <translation>
+            <numerusform>undecided after %n second</numerusform>
+            <numerusform>undecided after %n seconds</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 and %n more</numerusform>
+            <numerusform>%1 and %n more</numerusform>
         </translation>
     </message>
 </context>
@@ -82,6 +167,40 @@
         <translation>
             <numerusform>and %n further file</numerusform>
             <numerusform>and %n further files</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>RemovalQuestion</name>
+    <message numerus="yes">
+        <source>%n package(s) could no longer be installed without this: %1</source>
+        <translation>
+            <numerusform>%n package could no longer be installed without this: %1</numerusform>
+            <numerusform>%n packages could no longer be installed without this: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) of the repository %1 could no longer be installed without this: %2</source>
+        <translation>
+            <numerusform>%n package of the repository %1 could no longer be installed without this: %2</numerusform>
+            <numerusform>%n packages of the repository %1 could no longer be installed without this: %2</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>RepoItemLook</name>
+    <message numerus="yes">
+        <source>%n package(s) cannot be installed.</source>
+        <translation>
+            <numerusform>%n package cannot be installed.</numerusform>
+            <numerusform>%n packages cannot be installed.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) undecided: the search took too long.</source>
+        <translation>
+            <numerusform>%n package is undecided: the search took too long.</numerusform>
+            <numerusform>%n packages are undecided: the search took too long.</numerusform>
         </translation>
     </message>
 </context>
@@ -218,6 +337,20 @@
         <translation>
             <numerusform>%n package removed</numerusform>
             <numerusform>%n packages removed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n installer package(s) need what the repository does not hold, and apt fetches no lists of installer packages: whether they can be installed is not known.</source>
+        <translation>
+            <numerusform>%n installer package needs what the repository does not hold, and apt fetches no lists of installer packages: whether it can be installed is not known.</numerusform>
+            <numerusform>%n installer packages need what the repository does not hold, and apt fetches no lists of installer packages: whether they can be installed is not known.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) checked completely</source>
+        <translation>
+            <numerusform>Operation stopped. %1 of %n package checked completely</numerusform>
+            <numerusform>Operation stopped. %1 of %n packages checked completely</numerusform>
         </translation>
     </message>
 </context>

@@ -191,6 +191,33 @@
     </message>
 </context>
 <context>
+    <name>CheckBaseMenu</name>
+    <message>
+        <source>Complete check against</source>
+        <translation>Полная проверка относительно</translation>
+    </message>
+    <message>
+        <source>Foreign architectures</source>
+        <translation>Сторонние архитектуры</translation>
+    </message>
+    <message>
+        <source>The repository alone</source>
+        <translation>Только репозиторий</translation>
+    </message>
+    <message>
+        <source>Debian&apos;s essential packages</source>
+        <translation>Необходимые пакеты Debian</translation>
+    </message>
+    <message>
+        <source>What the public sources offer</source>
+        <translation>Всё, что предлагают общедоступные источники</translation>
+    </message>
+    <message>
+        <source>Another repository...</source>
+        <translation>Другой репозиторий...</translation>
+    </message>
+</context>
+<context>
     <name>CheckTableDialog</name>
     <message>
         <source>&amp;Select all</source>
@@ -214,6 +241,115 @@
     <message>
         <source>%1 is in progress, do you really want to close the repository?</source>
         <translation>Выполняется: %1. Вы действительно хотите закрыть репозиторий?</translation>
+    </message>
+</context>
+<context>
+    <name>CompanionsTree</name>
+    <message>
+        <source>Package</source>
+        <translation>Пакет</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Версия</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Откуда</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Загрузка</translation>
+    </message>
+    <message>
+        <source>Installed</source>
+        <translation>На диске</translation>
+    </message>
+    <message>
+        <source>public sources</source>
+        <translation>общедоступные источники</translation>
+    </message>
+    <message>
+        <source>this repository</source>
+        <translation>этот репозиторий</translation>
+    </message>
+    <message numerus="yes">
+        <source>On a bare system %n package(s) come in: %1 to download, %2 on the disk</source>
+        <translation>
+            <numerusform>В пустую систему устанавливается %n пакет: загрузка %1, на диске %2</numerusform>
+            <numerusform>В пустую систему устанавливаются %n пакета: загрузка %1, на диске %2</numerusform>
+            <numerusform>В пустую систему устанавливаются %n пакетов: загрузка %1, на диске %2</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CureDialog</name>
+    <message>
+        <source>What this would change</source>
+        <translation>Что это изменит</translation>
+    </message>
+    <message>
+        <source>Working out what this would change...</source>
+        <translation>Определяется, что это изменит...</translation>
+    </message>
+    <message>
+        <source>Fetch</source>
+        <translation>Загрузить</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Удалить</translation>
+    </message>
+    <message>
+        <source>Upgrade</source>
+        <translation>Обновить</translation>
+    </message>
+    <message>
+        <source>What can be installed stays the same.</source>
+        <translation>Набор устанавливаемых пакетов не изменится.</translation>
+    </message>
+    <message>
+        <source>For the packages of this repository:</source>
+        <translation>Для пакетов этого репозитория:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could be installed then</source>
+        <translation>
+            <numerusform>%n пакет можно будет установить</numerusform>
+            <numerusform>%n пакета можно будет установить</numerusform>
+            <numerusform>%n пакетов можно будет установить</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could no longer be installed</source>
+        <translation>
+            <numerusform>%n пакет больше нельзя будет установить</numerusform>
+            <numerusform>%n пакета больше нельзя будет установить</numerusform>
+            <numerusform>%n пакетов больше нельзя будет установить</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>и ещё %n</numerusform>
+            <numerusform>и ещё %n</numerusform>
+            <numerusform>и ещё %n</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>Cures</name>
+    <message>
+        <source>Remove %1 %2</source>
+        <translation>Удалить %1 %2</translation>
+    </message>
+    <message>
+        <source>Fetch %1 %2 from %3</source>
+        <translation>Загрузить %1 %2 из %3</translation>
+    </message>
+    <message>
+        <source>Take the newer %1 %2 from %3</source>
+        <translation>Взять более новый %1 %2 из %3</translation>
     </message>
 </context>
 <context>
@@ -602,6 +738,65 @@
     </message>
 </context>
 <context>
+    <name>FactsTree</name>
+    <message>
+        <source>Why it cannot be installed</source>
+        <translation>Почему пакет нельзя установить</translation>
+    </message>
+    <message>
+        <source>The reason was not found.</source>
+        <translation>Причина не найдена.</translation>
+    </message>
+    <message>
+        <source>Recommended, but cannot be installed together with it</source>
+        <translation>Рекомендуется, но нельзя установить вместе с ним</translation>
+    </message>
+    <message>
+        <source>Needed by</source>
+        <translation>Нужен пакетам</translation>
+    </message>
+    <message>
+        <source>Looking for packages that need it...</source>
+        <translation>Поиск пакетов, которым он нужен...</translation>
+    </message>
+    <message>
+        <source>In the repository %1</source>
+        <translation>В репозитории %1</translation>
+    </message>
+    <message>
+        <source>No package of the open repositories needs it.</source>
+        <translation>Он не нужен ни одному пакету открытых репозиториев.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) directly</source>
+        <translation>
+            <numerusform>%n пакет напрямую</numerusform>
+            <numerusform>%n пакета напрямую</numerusform>
+            <numerusform>%n пакетов напрямую</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could no longer be installed without it</source>
+        <translation>
+            <numerusform>%n пакет без него нельзя будет установить</numerusform>
+            <numerusform>%n пакета без него нельзя будет установить</numerusform>
+            <numerusform>%n пакетов без него нельзя будет установить</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>и ещё %n</numerusform>
+            <numerusform>и ещё %n</numerusform>
+            <numerusform>и ещё %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show this package</source>
+        <translation>Показать этот пакет</translation>
+    </message>
+</context>
+<context>
     <name>FoundPackagesModel</name>
     <message>
         <source>Package</source>
@@ -739,6 +934,310 @@
     <message>
         <source>The system bus cannot be reached. Without it, nothing in the system can be changed. Start the service dbus, then this program once more.</source>
         <translation>Системная шина недоступна. Без неё в системе ничего нельзя изменить. Запустите службу dbus, затем эту программу ещё раз.</translation>
+    </message>
+</context>
+<context>
+    <name>InstallabilityCommands</name>
+    <message>
+        <source>Complete check</source>
+        <translation>Полная проверка</translation>
+    </message>
+    <message>
+        <source>Complete check, against %1</source>
+        <translation>Полная проверка, относительно: %1</translation>
+    </message>
+    <message>
+        <source>Complete checks are made against %1.</source>
+        <translation>Полные проверки выполняются относительно: %1.</translation>
+    </message>
+    <message>
+        <source>Repository to check against</source>
+        <translation>Репозиторий для проверки</translation>
+    </message>
+    <message>
+        <source>%1 is not in the repository any more.</source>
+        <translation>%1 больше нет в репозитории.</translation>
+    </message>
+</context>
+<context>
+    <name>InstallabilityReport</name>
+    <message>
+        <source>Complete check</source>
+        <translation>Полная проверка</translation>
+    </message>
+    <message>
+        <source>Checked against: %1</source>
+        <translation>Основа проверки: %1</translation>
+    </message>
+    <message>
+        <source>Date: %1</source>
+        <translation>Дата: %1</translation>
+    </message>
+    <message>
+        <source>The packages, or what they were checked against, have changed since: check again.</source>
+        <translation>С тех пор изменились пакеты или основа проверки: проверьте ещё раз.</translation>
+    </message>
+    <message>
+        <source>Packages that can be installed: %1</source>
+        <translation>Пакетов, которые можно установить: %1</translation>
+    </message>
+    <message>
+        <source>Packages that cannot be installed: %1</source>
+        <translation>Пакетов, которые нельзя установить: %1</translation>
+    </message>
+    <message>
+        <source>Packages undecided: %1</source>
+        <translation>Пакетов без решения: %1</translation>
+    </message>
+    <message>
+        <source>Packages not checked: %1</source>
+        <translation>Непроверенные пакеты: %1</translation>
+    </message>
+    <message>
+        <source>Most often in the way:</source>
+        <translation>Чаще всего мешают:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, of %n package(s)</source>
+        <translation>
+            <numerusform>%1, у %n пакета</numerusform>
+            <numerusform>%1, у %n пакетов</numerusform>
+            <numerusform>%1, у %n пакетов</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Recommended, but cannot be installed together with the package:</source>
+        <translation>Рекомендуются, но не могут быть установлены вместе с пакетом:</translation>
+    </message>
+</context>
+<context>
+    <name>InstallabilityText</name>
+    <message>
+        <source>%1 needs %2 before it can be unpacked</source>
+        <translation>%1 требует %2 ещё до распаковки</translation>
+    </message>
+    <message>
+        <source>%1 needs %2</source>
+        <translation>%1 требует %2</translation>
+    </message>
+    <message>
+        <source>every system has %1, because it is essential</source>
+        <translation>%1 есть в каждой системе, так как это необходимый пакет</translation>
+    </message>
+    <message>
+        <source>%1 needs %2, provided by %3, before it can be unpacked</source>
+        <translation>%1 требует %2 (предоставляет %3) ещё до распаковки</translation>
+    </message>
+    <message>
+        <source>%1 needs %2, provided by %3</source>
+        <translation>%1 требует %2 (предоставляет %3)</translation>
+    </message>
+    <message>
+        <source>%1 needs %2 before it can be unpacked; only %3 could meet this</source>
+        <translation>%1 требует %2 ещё до распаковки; подойти может только %3</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; only %3 could meet this</source>
+        <translation>%1 требует %2; подойти может только %3</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; none of these is at hand as it is needed</source>
+        <translation>%1 требует %2; ничего подходящего из этого нет</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; the newest %3 at hand is %4, and nothing meets the other alternatives</source>
+        <translation>%1 требует %2; самая новая имеющаяся версия %3 — %4, а остальным вариантам ничего не соответствует</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; nothing at hand is called %3</source>
+        <translation>%1 требует %2; пакета с именем %3 нет</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; what is provided by %3 does not meet this</source>
+        <translation>%1 требует %2; того, что предоставляет %3, недостаточно</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; the newest %3 at hand is %4</source>
+        <translation>%1 требует %2; самая новая имеющаяся версия %3 — %4</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; the oldest %3 at hand is %4</source>
+        <translation>%1 требует %2; самая старая имеющаяся версия %3 — %4</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; all that is at hand is %3</source>
+        <translation>%1 требует %2; имеется только %3</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; %3 is at hand only for %4</source>
+        <translation>%1 требует %2; %3 имеется только для %4</translation>
+    </message>
+    <message>
+        <source>%1 needs %2; the field Multi-Arch of %3 does not allow this</source>
+        <translation>%1 требует %2; поле Multi-Arch пакета %3 этого не позволяет</translation>
+    </message>
+    <message>
+        <source>%1 cannot be installed together with %2</source>
+        <translation>%1 нельзя установить вместе с %2</translation>
+    </message>
+    <message>
+        <source>%1 conflicts with %2, provided by %3</source>
+        <translation>%1 конфликтует с %2 (предоставляет %3)</translation>
+    </message>
+    <message>
+        <source>%1 breaks %2, provided by %3</source>
+        <translation>%1 ломает %2 (предоставляет %3)</translation>
+    </message>
+    <message>
+        <source>%1 conflicts with %2, which is true of %3</source>
+        <translation>%1 конфликтует с %2, под это подпадает %3</translation>
+    </message>
+    <message>
+        <source>%1 breaks %2, which is true of %3</source>
+        <translation>%1 ломает %2, под это подпадает %3</translation>
+    </message>
+    <message>
+        <source>%1 conflicts with %2</source>
+        <translation>%1 конфликтует с %2</translation>
+    </message>
+    <message>
+        <source>%1 breaks %2</source>
+        <translation>%1 ломает %2</translation>
+    </message>
+    <message>
+        <source>%1 conflicts with %2, and %3 is %4</source>
+        <translation>%1 конфликтует с %2, а версия %3 — %4</translation>
+    </message>
+    <message>
+        <source>%1 breaks %2, and %3 is %4</source>
+        <translation>%1 ломает %2, а версия %3 — %4</translation>
+    </message>
+    <message>
+        <source>only one version of %1 can be installed: %2 exclude each other</source>
+        <translation>можно установить только одну версию %1: %2 исключают друг друга</translation>
+    </message>
+    <message>
+        <source>%1 cannot be installed for %2 at the same time</source>
+        <translation>%1 нельзя установить одновременно для %2</translation>
+    </message>
+    <message>
+        <source>%1 cannot be installed at the same time</source>
+        <translation>%1 нельзя установить одновременно</translation>
+    </message>
+    <message>
+        <source>can be installed</source>
+        <translation>можно установить</translation>
+    </message>
+    <message>
+        <source>cannot be installed</source>
+        <translation>нельзя установить</translation>
+    </message>
+    <message numerus="yes">
+        <source>undecided after %n second(s)</source>
+        <translation>
+            <numerusform>не решено за %n секунду</numerusform>
+            <numerusform>не решено за %n секунды</numerusform>
+            <numerusform>не решено за %n секунд</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>not checked</source>
+        <translation>не проверено</translation>
+    </message>
+    <message>
+        <source>the repository alone</source>
+        <translation>только репозиторий</translation>
+    </message>
+    <message>
+        <source>the repository and the essential packages of the public sources</source>
+        <translation>репозиторий и необходимые пакеты общедоступных источников</translation>
+    </message>
+    <message>
+        <source>the repository and the public sources</source>
+        <translation>репозиторий и общедоступные источники</translation>
+    </message>
+    <message>
+        <source>the repository and the repository %1</source>
+        <translation>репозиторий и репозиторий %1</translation>
+    </message>
+    <message>
+        <source>%1, on a system that also takes packages for %2</source>
+        <translation>%1, в системе, которая принимает и пакеты для %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 и ещё %n</numerusform>
+            <numerusform>%1 и ещё %n</numerusform>
+            <numerusform>%1 и ещё %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 and %2</source>
+        <translation>%1 и %2</translation>
+    </message>
+    <message>
+        <source>undecided: there are too many relations between packages</source>
+        <translation>не решено: между пакетами слишком много связей</translation>
+    </message>
+</context>
+<context>
+    <name>InstallabilityView</name>
+    <message>
+        <source>What comes along</source>
+        <translation>Что устанавливается вместе</translation>
+    </message>
+    <message>
+        <source>Reasons and needs</source>
+        <translation>Причины и потребности</translation>
+    </message>
+    <message>
+        <source>Check again</source>
+        <translation>Проверить снова</translation>
+    </message>
+    <message>
+        <source>Complete check</source>
+        <translation>Полная проверка</translation>
+    </message>
+    <message>
+        <source>Not checked yet: press &quot;%1&quot;. This finds out whether the package can really be installed, with all that it needs.</source>
+        <translation>Ещё не проверено: нажмите «%1». Проверка покажет, можно ли действительно установить пакет со всем, что ему нужно.</translation>
+    </message>
+    <message>
+        <source>Checked: %1, against %2</source>
+        <translation>Проверено: %1, относительно: %2</translation>
+    </message>
+    <message>
+        <source>Packages have changed since: press &quot;%1&quot;.</source>
+        <translation>С тех пор пакеты изменились: нажмите «%1».</translation>
+    </message>
+    <message>
+        <source>Looking for cures...</source>
+        <translation>Поиск способов исправления...</translation>
+    </message>
+    <message>
+        <source>Working out what comes along...</source>
+        <translation>Определяется, что устанавливается вместе...</translation>
+    </message>
+    <message>
+        <source>What comes along is not known any more: check again.</source>
+        <translation>Что устанавливается вместе, больше не известно: проверьте снова.</translation>
+    </message>
+    <message>
+        <source>No single change of the repository would cure this.</source>
+        <translation>Ни одно изменение репозитория само по себе не поможет.</translation>
+    </message>
+    <message>
+        <source>What would cure it:</source>
+        <translation>Что поможет:</translation>
+    </message>
+    <message>
+        <source>A first step to cure it:</source>
+        <translation>Первый шаг к исправлению:</translation>
+    </message>
+    <message>
+        <source>%1 (another contradiction is left then)</source>
+        <translation>%1 (останется другое противоречие)</translation>
     </message>
 </context>
 <context>
@@ -1996,6 +2495,76 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
 </context>
 <context>
+    <name>RemovalQuestion</name>
+    <message>
+        <source>Looking for packages that could no longer be installed...</source>
+        <translation>Поиск пакетов, которые больше нельзя будет установить...</translation>
+    </message>
+    <message>
+        <source>Whether other packages need them could not be found out in time.</source>
+        <translation>Не удалось вовремя определить, нужны ли они другим пакетам.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could no longer be installed without this: %1</source>
+        <translation>
+            <numerusform>Без этого нельзя будет установить %n пакет: %1</numerusform>
+            <numerusform>Без этого нельзя будет установить %n пакета: %1</numerusform>
+            <numerusform>Без этого нельзя будет установить %n пакетов: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) of the repository %1 could no longer be installed without this: %2</source>
+        <translation>
+            <numerusform>Без этого нельзя будет установить %n пакет репозитория %1: %2</numerusform>
+            <numerusform>Без этого нельзя будет установить %n пакета репозитория %1: %2</numerusform>
+            <numerusform>Без этого нельзя будет установить %n пакетов репозитория %1: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>All other packages stay as they are.</source>
+        <translation>На остальные пакеты это не повлияет.</translation>
+    </message>
+</context>
+<context>
+    <name>RepoItemLook</name>
+    <message numerus="yes">
+        <source>%n package(s) cannot be installed.</source>
+        <translation>
+            <numerusform>Нельзя установить %n пакет.</numerusform>
+            <numerusform>Нельзя установить %n пакета.</numerusform>
+            <numerusform>Нельзя установить %n пакетов.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) undecided: the search took too long.</source>
+        <translation>
+            <numerusform>Не решено для %n пакета: поиск занял слишком много времени.</numerusform>
+            <numerusform>Не решено для %n пакетов: поиск занял слишком много времени.</numerusform>
+            <numerusform>Не решено для %n пакетов: поиск занял слишком много времени.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cannot be installed.</source>
+        <translation>Нельзя установить.</translation>
+    </message>
+    <message>
+        <source>Can be installed.</source>
+        <translation>Можно установить.</translation>
+    </message>
+    <message>
+        <source>Undecided: the search took too long.</source>
+        <translation>Не решено: поиск занял слишком много времени.</translation>
+    </message>
+    <message>
+        <source>Breaks other packages.</source>
+        <translation>Мешает другим пакетам.</translation>
+    </message>
+    <message>
+        <source>Packages have changed since the check.</source>
+        <translation>После проверки пакеты изменились.</translation>
+    </message>
+</context>
+<context>
     <name>RepoModel</name>
     <message>
         <source>Architecture: %1</source>
@@ -2824,6 +3393,42 @@ The file with them is kept as %2.</source>
         <source>%1 was not removed: the repository holds another version by now.</source>
         <translation>%1 не удалён: в репозитории теперь другая версия.</translation>
     </message>
+    <message>
+        <source>The packages of the repository %1 could not be read.</source>
+        <translation>Не удалось прочитать пакеты репозитория %1.</translation>
+    </message>
+    <message>
+        <source>Complete check</source>
+        <translation>Полная проверка</translation>
+    </message>
+    <message>
+        <source>Complete check: nothing was checked</source>
+        <translation>Полная проверка: ничего не проверено</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n installer package(s) need what the repository does not hold, and apt fetches no lists of installer packages: whether they can be installed is not known.</source>
+        <translation>
+            <numerusform>%n пакету установщика нужно то, чего нет в репозитории, а списков пакетов установщика apt не получает: можно ли его установить, не известно.</numerusform>
+            <numerusform>%n пакетам установщика нужно то, чего нет в репозитории, а списков пакетов установщика apt не получает: можно ли их установить, не известно.</numerusform>
+            <numerusform>%n пакетам установщика нужно то, чего нет в репозитории, а списков пакетов установщика apt не получает: можно ли их установить, не известно.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) checked completely</source>
+        <translation>
+            <numerusform>Операция остановлена. Полностью проверено %1 из %n пакета</numerusform>
+            <numerusform>Операция остановлена. Полностью проверено %1 из %n пакетов</numerusform>
+            <numerusform>Операция остановлена. Полностью проверено %1 из %n пакетов</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Complete check done. Installable: %1, not installable: %2, undecided: %3</source>
+        <translation>Полная проверка завершена. Можно установить: %1, нельзя: %2, не решено: %3</translation>
+    </message>
+    <message>
+        <source>The stored results of the complete checks could not be read. The file is kept as %1; check completely again.</source>
+        <translation>Не удалось прочитать сохранённые результаты полных проверок. Файл сохранён как %1; выполните полную проверку ещё раз.</translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>
@@ -2850,6 +3455,10 @@ The file with them is kept as %2.</source>
     <message>
         <source>&lt;b&gt;Failed to get package information&lt;/b&gt;&lt;br&gt; %1</source>
         <translation>&lt;b&gt;Не удалось получить сведения о пакете&lt;/b&gt;&lt;br&gt; %1</translation>
+    </message>
+    <message>
+        <source>Installability</source>
+        <translation>Возможность установки</translation>
     </message>
 </context>
 <context>
@@ -3677,6 +4286,14 @@ The file with them is kept as %2.</source>
         <source>Show depends success</source>
         <translation>Показывать удовлетворённые зависимости</translation>
     </message>
+    <message>
+        <source>Only packages that cannot be installed</source>
+        <translation>Только пакеты, которые нельзя установить</translation>
+    </message>
+    <message>
+        <source>Only packages that break others</source>
+        <translation>Только пакеты, мешающие другим</translation>
+    </message>
 </context>
 <context>
     <name>UpgradeCommands</name>
@@ -4427,6 +5044,38 @@ The file with them is kept as %2.</source>
     <message>
         <source>The indices of the repository may be older than its database, so they may not name all that it holds.</source>
         <translation>Индексы репозитория могут быть старше его базы данных и называть не всё, что в нём есть.</translation>
+    </message>
+    <message>
+        <source>Checked: %1, not installable: %2, undecided: %3</source>
+        <translation>Проверено: %1, нельзя установить: %2, не решено: %3</translation>
+    </message>
+    <message>
+        <source>%1 recommends what cannot be installed with it: %2</source>
+        <translation>%1 рекомендует то, что нельзя установить вместе с ним: %2</translation>
+    </message>
+    <message>
+        <source>--%1 is an option of --complete.</source>
+        <translation>--%1 относится к --complete.</translation>
+    </message>
+    <message>
+        <source>--against is for the check of names; --complete has --base.</source>
+        <translation>--against относится к проверке имён; у --complete есть --base.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not an architecture.</source>
+        <translation>«%1» — не архитектура.</translation>
+    </message>
+    <message>
+        <source>Check whether the packages can really be installed, with all that they need, and say why the others cannot</source>
+        <translation>Проверить, можно ли действительно установить пакеты со всем, что им нужно, и сказать, почему нельзя остальные</translation>
+    </message>
+    <message>
+        <source>With --complete, what else there is: public (the default) are apt&apos;s sources, essential is what every system has, nothing is the repository alone; or another REPOSITORY</source>
+        <translation>С --complete: что есть ещё: public (по умолчанию) — источники apt, essential — то, что есть в каждой системе, nothing — только репозиторий; или другой РЕПОЗИТОРИЙ</translation>
+    </message>
+    <message>
+        <source>With --complete, a further architecture of the system, as dpkg knows foreign architectures; can be repeated</source>
+        <translation>С --complete: ещё одна архитектура системы, как чужие архитектуры у dpkg; можно повторять</translation>
     </message>
 </context>
 <context>
