@@ -63,6 +63,7 @@ RepoShell::~RepoShell()
 {
     setClosing();
     m_future.waitForFinished();
+    m_comparison.waitForFinished();
     // Its thread reaches nothing else of the engine from now on.
     m_storedResults.reset();
 }
@@ -183,7 +184,19 @@ void RepoShell::setDependsRepoType(int type)
 void RepoShell::setExternalRepos(const ExternalRepos &repos)
 {
     m_context->choices.setExternalRepos(repos);
+    compareBase();
+}
+
+void RepoShell::compareBase()
+{
     m_completeCheck->forgetBase();
+    // A running job compares at its end.
+    if (isRunning() || !m_comparison.isFinished() || !m_completeCheck->isBaseOpen())
+        return;
+    m_comparison = QtConcurrent::run([this] {
+        if (compareOpenBase())
+            Q_EMIT completeCheckChanged();
+    });
 }
 
 void RepoShell::setOpenRepositories(const QStringList &paths)
@@ -248,15 +261,22 @@ void RepoShell::startJob(std::function<int()> job)
 void RepoShell::compareCompleteCheck()
 {
     const CompleteCheckRecord before = m_completeCheck->record();
-    if (m_completeCheck->isBaseOpen()) {
-        const auto stopped = [this] { return m_context->control.isClosing(); };
-        const QByteArray digest = BaseOffers::digestOf(checkScope(before.base), stopped);
-        if (!stopped())
-            m_completeCheck->compareBase(digest);
-    }
+    compareOpenBase();
     m_completeCheck->comparePackages(packages());
     if (m_completeCheck->record() != before)
         Q_EMIT completeCheckChanged();
+}
+
+bool RepoShell::compareOpenBase()
+{
+    if (!m_completeCheck->isBaseOpen())
+        return false;
+    const CompleteCheckRecord before = m_completeCheck->record();
+    const auto stopped = [this] { return m_context->control.isClosing(); };
+    const QByteArray digest = BaseOffers::digestOf(checkScope(before.base), stopped);
+    if (!stopped())
+        m_completeCheck->compareBase(before, digest);
+    return m_completeCheck->record() != before;
 }
 
 void RepoShell::jobEnded()

@@ -137,6 +137,11 @@ public:
     int indexOfPackage(const PackageInfoPtr &package) const;
     /** The last complete check of the repository; not valid when there was none. */
     CompleteCheckRecord completeCheck() const;
+    /**
+     * Looks whether what the last complete check was made against has changed since; completeCheckChanged() tells.
+     * Returns at once. While a job runs, nothing is done before its end.
+     */
+    void compareBase();
     /** For questions about installing (Cures, RemovalImpact); without other repositories, which the caller adds. */
     CheckScope checkScope(const CompleteCheckBase &base) const;
     /** What is open now, for the scope of another repository. */
@@ -236,6 +241,7 @@ private:
     std::unique_ptr<StoredResults> m_storedResults;
     std::unique_ptr<CompleteCheckState> m_completeCheck;
     QFuture<int> m_future;
+    QFuture<void> m_comparison; ///< of compareBase()
     int m_runningJobs = 0; ///< of the interface thread alone
     std::unique_ptr<ScratchFolder> m_tempDir; ///< what an import has unpacked
     std::unique_ptr<HelperClient> m_helper;
@@ -244,5 +250,7 @@ private:
     void startJob(std::function<int()> job);
     /** Looks whether the results of the complete check still hold. On the thread of the job that has ended. */
     void compareCompleteCheck();
+    /** Compares what the check was made against, where that is open; true when its results became stale or hold again. */
+    bool compareOpenBase();
     void jobEnded();
 };

@@ -75,7 +75,7 @@ Contradiction::blamed(int package, const Groups &groups, bool oneByOne, const St
     const auto narrow = [&](std::size_t left) {
         std::vector<int> assumptions;
         // A package that is settled has no variable, and stands for what every system needs.
-        if (const int wanted = written.variable(package))
+        if (const int wanted = package == NoPackage ? 0 : written.variable(package))
             assumptions.push_back(wanted);
         for (const std::size_t group : kept) {
             if (group != left)
@@ -121,7 +121,8 @@ Contradiction::Rules Contradiction::around(int package, bool essential) const
         if (m_settled->state(other) == SettledPackages::Open && seen.insert(other).second)
             queue.push_back(other);
     };
-    reach(package);
+    if (package != NoPackage)
+        reach(package);
     if (essential) {
         for (const std::vector<int> &versions : m_universe.essential()) {
             // When all are gone, nothing is essential under this name any more.

@@ -28,6 +28,8 @@ class Contradiction
 {
 public:
     using Rules = std::vector<InstallationRule>;
+    /** Stands for no package at all: what contradicts it contradicts every system. */
+    static constexpr int NoPackage = -1;
 
     /** Without `settled`, also of what is known to lack something only these rules count. */
     Contradiction(const Universe &universe, const SettledPackages *settled);

@@ -30,11 +30,11 @@ bool InstallabilityCheck::run(const QVector<int> &asked, const StopRequest &stop
     std::vector<Goal> goals;
     goals.reserve(at(asked.size()));
     int done = 0;
-    const bool isPossible = writeEssential(stopped);
+    m_isSystemPossible = writeEssential(stopped);
     if (stopped && stopped())
         return false;
     for (const int package : asked) {
-        switch (isPossible ? m_settled.state(package) : SettledPackages::Never) {
+        switch (m_isSystemPossible ? m_settled.state(package) : SettledPackages::Never) {
         case SettledPackages::Never:
             m_states[at(package)] = NotInstallable;
             ++done;

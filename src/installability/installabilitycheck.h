@@ -31,6 +31,8 @@ public:
     /** Looks which recommendations of the asked packages cannot be followed; false after a stop. After run(). */
     bool runRecommends(const StopRequest &stopped = {});
 
+    /** False when nothing can be installed, because what is essential cannot. After run(). */
+    bool isSystemPossible() const { return m_isSystemPossible; }
     Installability state(int package) const { return m_states[static_cast<std::size_t>(package)]; }
     /** Of an undecided package: how many seconds were spent; 0 when the relations are too many for a search. */
     int secondsOf(int package) const;
@@ -58,6 +60,7 @@ private:
     SatSolver m_solver;
     InstallationRules m_rules;
     QVector<int> m_asked;
+    bool m_isSystemPossible = true;
     std::vector<Installability> m_states;
     std::vector<std::pair<int, int>> m_seconds; ///< of undecided packages
     std::vector<std::pair<int, int>> m_unmet; ///< package and set

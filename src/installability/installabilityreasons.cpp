@@ -7,8 +7,10 @@
 
 namespace
 {
-/** A reason of more steps is cut: nobody reads so many, and a hostile package can have any number. */
+/** Of a reason with more steps, those in the middle are left out: nobody reads so many. */
 constexpr int MostSteps = 200;
+/** A hostile package can lack something at the end of any way. */
+constexpr std::size_t MostRules = 5000;
 /** Packages that a step names. */
 constexpr int MostTargets = 50;
 
@@ -99,7 +101,7 @@ void InstallabilityReasons::findHopeless()
 
 QVector<InstallabilityStep> InstallabilityReasons::reason(int package, const StopRequest &stopped)
 {
-    if (!isBroken(package))
+    if (!isBroken(package) || (stopped && stopped()))
         return {};
     Rules rules = rulesFor(package, stopped);
     std::vector<int> lacking{package};
@@ -119,13 +121,17 @@ QVector<InstallabilityStep> InstallabilityReasons::reason(int package, const Sto
         if (const auto smallest = Contradiction(m_universe, nullptr).smallest(package, rules, stopped))
             rules = *smallest;
     }
-    return steps(package, rules);
+    // After a stop, rules can be missing: half a reason would be none.
+    return stopped && stopped() ? QVector<InstallabilityStep>() : steps(package, rules);
 }
 
 InstallabilityReasons::Rules InstallabilityReasons::rulesFor(int package, const StopRequest &stopped)
 {
     if (m_settled.state(package) == SettledPackages::Never)
         return {};
+    // Where no system is possible, all packages have the same reason.
+    if (!m_check.isSystemPossible())
+        return search(Contradiction::NoPackage, stopped);
     Rules rules;
     std::unordered_set<int> seen{package};
     std::deque<int> queue{package};
@@ -159,7 +165,9 @@ InstallabilityReasons::Rules InstallabilityReasons::search(int package, const St
     const auto known = m_found.find(package);
     if (known != m_found.end())
         return known->second;
-    auto rules = m_contradiction.smallest(package, m_contradiction.around(package, false), stopped);
+    auto rules = package == Contradiction::NoPackage
+                     ? std::nullopt
+                     : m_contradiction.smallest(package, m_contradiction.around(package, false), stopped);
     if (!rules && !(stopped && stopped()))
         rules = m_contradiction.smallest(package, m_contradiction.around(package, true), stopped);
     if (!rules)
@@ -171,7 +179,7 @@ void InstallabilityReasons::addLacks(Rules &rules, std::vector<int> packages) co
 {
     std::unordered_set<int> seen;
     std::deque<int> queue(packages.begin(), packages.end());
-    for (; !queue.empty() && rules.size() < at(MostSteps); queue.pop_front()) {
+    for (; !queue.empty() && rules.size() < MostRules; queue.pop_front()) {
         const int package = queue.front();
         if (m_settled.state(package) != SettledPackages::Never || m_settled.isGone(package)
             || !seen.insert(package).second)
@@ -240,7 +248,9 @@ QVector<InstallabilityStep> InstallabilityReasons::steps(int package, const Rule
             append(
                 rule, m_universe.namesakes(rule.package), [&](int other) { return other != rule.package; });
     }
-    return result.mid(0, MostSteps);
+    if (result.size() > MostSteps)
+        result.remove(MostSteps / 2, result.size() - MostSteps);
+    return result;
 }
 
 InstallabilityStep InstallabilityReasons::needStep(const InstallationRule &rule) const

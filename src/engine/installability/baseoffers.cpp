@@ -108,12 +108,30 @@ BaseOffers readPublic(const CheckScope &scope, const QStringList &architectures,
     return offers;
 }
 
+/** Whether the indices can be read. An index that cannot be read would seem to be empty. */
+bool isReadable(const QString &path, const QString &codename)
+{
+    const QFileInfo folder(QStringLiteral("%1/dists/%2").arg(path, codename));
+    if (!folder.isDir() || !folder.isReadable())
+        return false;
+    QDirIterator walk(folder.filePath(),
+                      QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot,
+                      QDirIterator::Subdirectories);
+    while (walk.hasNext()) {
+        const QFileInfo entry(walk.next());
+        const bool isWanted = entry.isDir() || entry.fileName() == QLatin1String("Packages");
+        if (isWanted && !(entry.isReadable() && (entry.isDir() || entry.isFile())))
+            return false;
+    }
+    return true;
+}
+
 BaseOffers readRepository(const CheckScope &scope)
 {
     BaseOffers offers;
     const QString path = scope.base.repository;
     const auto info = DistributionsFile(path).read();
-    const auto listing = info ? readListing(path, *info) : std::nullopt;
+    const auto listing = info && isReadable(path, info->codename) ? readListing(path, *info) : std::nullopt;
     if (!listing) {
         offers.problem = BaseOffersText::tr("The packages of the repository %1 could not be read.").arg(path);
         return offers;

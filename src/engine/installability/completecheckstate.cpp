@@ -65,9 +65,11 @@ void CompleteCheckState::comparePackages(const QList<PackageInfoPtr> &packages)
     update();
 }
 
-void CompleteCheckState::compareBase(const QByteArray &baseDigest)
+void CompleteCheckState::compareBase(const CompleteCheckRecord &record, const QByteArray &baseDigest)
 {
     const QMutexLocker lock(&m_mutex);
+    if (m_record.base != record.base || m_record.digest != record.digest)
+        return;
     m_isBaseOpen = false;
     m_isBaseOther = basePart(m_record.digest) != baseDigest;
     update();

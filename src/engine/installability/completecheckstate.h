@@ -22,8 +22,8 @@ public:
     void forgetBase();
     /** Compares with the packages as they are now: the results have become stale, or hold again. */
     void comparePackages(const QList<PackageInfoPtr> &packages);
-    /** Compares with what the base offers now; the same. */
-    void compareBase(const QByteArray &baseDigest);
+    /** Compares with what the base of `record` offers now; the same. Nothing when there is another record by now. */
+    void compareBase(const CompleteCheckRecord &record, const QByteArray &baseDigest);
 
     /** The digest of a check of these packages. */
     static QByteArray digestOf(const QList<PackageInfoPtr> &packages, const QByteArray &baseDigest);

@@ -74,8 +74,11 @@ void CheckBaseMenu::show(const CompleteCheckBase &base,
     const QList<QAction *> actions = m_group->actions();
     for (QAction *action : actions)
         action->setChecked(action->data().isValid() && action->data().toInt() == base.kind);
-    for (QAction *action : qAsConst(m_repositories))
+    for (QAction *action : qAsConst(m_repositories)) {
+        // At once, because the menu is about to open.
+        m_menu->removeAction(action);
         action->deleteLater();
+    }
     m_repositories.clear();
     for (const QString &path : repositories)
         addRepository(path);

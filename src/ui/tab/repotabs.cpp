@@ -17,7 +17,12 @@ RepoTabs::RepoTabs(QTabWidget *tabWidget, QObject *parent)
     : QObject(parent)
     , m_tabWidget(tabWidget)
 {
-    connect(m_tabWidget, &QTabWidget::currentChanged, this, [this] { Q_EMIT currentChanged(current()); });
+    connect(m_tabWidget, &QTabWidget::currentChanged, this, [this] {
+        // Another tab may have changed the repository that this one was checked against.
+        if (const RepoWidget *widget = current())
+            widget->repoShell()->compareBase();
+        Q_EMIT currentChanged(current());
+    });
     connect(m_tabWidget->tabBar(), &QTabBar::tabMoved, this, &RepoTabs::listChanged);
 }
 
