@@ -111,6 +111,7 @@ focus() {
 click() { xdotool mousemove --window "$main" "$1" "$2" click "${3-1}" && sleep 0.3; }
 # Shows the next tab of the page on the right with the wheel, because this does not depend on the names of the tabs.
 next_page() { click 360 119 5; }
+previous_page() { click 360 119 4; }
 # picture NAME TITLE: takes a picture of the window with this title; moves the pointer away first.
 picture() {
     xdotool mousemove 1270 890
@@ -193,6 +194,14 @@ take() {
     say "Dependencies"
     next_page
     picture dependences velt-admin-repo
+
+    say "Complete check"
+    menu 1 6
+    sleep 6
+    next_page
+    sleep 4
+    picture installability velt-admin-repo
+    previous_page
 
     say "Replacing"
     velt-admin-repo /srv/packages/first/{report-client,report-server,vpn-config}*.deb || true
