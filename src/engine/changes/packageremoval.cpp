@@ -13,45 +13,77 @@
 
 #include <algorithm>
 
+void PackageRemoval::setPresent(const QVector<ReproListing::Package> &present)
+{
+    m_present.emplace();
+    for (const ReproListing::Package &package : present)
+        (*m_present)[package.name].append(
+            {package.name, package.component, package.architecture, package.type()});
+}
+
 void PackageRemoval::removeTogether(const QList<PackageInfoPtr> &packages)
 {
     // One run takes several names, and out of several architectures, when these are the same for all names.
-    QMap<QString, QList<PackageInfoPtr>> places;
+    QMap<QString, Place> places;
     for (const PackageInfoPtr &package : packages) {
         const bool isInOne
             = !package->architecture.isEmpty() && package->architecture != QLatin1String("all");
         if (isInOne)
-            places[arguments({package->name}, *package, QString())].append(package);
+            places[arguments({package->name}, *package, {})].append(package);
     }
-    QMap<QString, QVector<QList<PackageInfoPtr>>> runs;
-    for (const QList<PackageInfoPtr> &place : qAsConst(places))
-        runs[arguments({}, *place.first(), architectures(place))].append(place);
+    QMap<QString, QVector<Place>> kinds;
+    for (const Place &place : qAsConst(places))
+        kinds[arguments({}, *place.first(), {})].append(place);
+    QMap<QString, Run> runs;
+    for (const QVector<Place> &kind : qAsConst(kinds)) {
+        const QStringList all = architectures(kind);
+        for (const Place &place : kind) {
+            const QStringList own = isAllThere(place, all) ? all : architectures({place});
+            Run &run = runs[arguments({}, *place.first(), own)];
+            run.architectures = own;
+            run.places.append(place);
+        }
+    }
     if (runs.size() > 1)
         m_session->startSilently();
-    for (const QVector<QList<PackageInfoPtr>> &run : qAsConst(runs)) {
+    for (const Run &run : qAsConst(runs)) {
         if (!m_context.control.mustEnd() && !m_session->isDamaged() && !m_session->isRefused())
             removeInOneRun(run);
     }
 }
 
-void PackageRemoval::removeInOneRun(const QVector<QList<PackageInfoPtr>> &places)
+bool PackageRemoval::isAllThere(const Place &place, const QStringList &architectures) const
+{
+    if (!m_present)
+        return false;
+    const PackageInfo &first = *place.first();
+    const QVector<PackageKey> present = m_present->value(first.name);
+    return std::all_of(present.cbegin(), present.cend(), [&](const PackageKey &key) {
+        return key.component != first.indexComponent || !architectures.contains(key.architecture)
+               || std::any_of(place.cbegin(), place.cend(), [&key](const PackageInfoPtr &package) {
+                      return PackageKey::of(*package) == key;
+                  });
+    });
+}
+
+void PackageRemoval::removeInOneRun(const Run &run)
 {
     QStringList names;
     QStringList files;
-    for (const QList<PackageInfoPtr> &place : places) {
+    for (const Place &place : run.places) {
         names.append(place.first()->name);
         for (const PackageInfoPtr &package : place)
             files.append(package->filePath());
     }
     m_session->recordAtRisk(files);
     const ProcessResult result
-        = m_session->remove(arguments(names, *places.first().first(), architectures(places.first())));
+        = m_session->remove(arguments(names, *run.places.first().first(), run.architectures));
     // When the run fails, each package is tried alone. Removing a package that is out already is no error.
     if (!hasWorked(result) || ReproAnswer::databaseTroubled(result.errorOutput))
         return;
     if (ReproAnswer::nothingRemoved(result.errorOutput))
         m_session->requireExport();
-    for (const QList<PackageInfoPtr> &place : places)
+    for (const Place &place : run.places)
         for (const PackageInfoPtr &package : place)
             m_gone.insert(PackageKey::of(*package));
 }
@@ -76,22 +108,24 @@ const PackageType *PackageRemoval::kindToName(const PackageInfo &package) const
 
 QString PackageRemoval::arguments(const QStringList &names,
                                   const PackageInfo &package,
-                                  const QString &architectures) const
+                                  const QStringList &architectures) const
 {
     return ReproCommand::remove(m_context.repository.info().codename,
                                 names,
                                 package.indexComponent,
-                                architectures,
+                                architectures.join(QLatin1Char('|')),
                                 kindToName(package));
 }
 
-QString PackageRemoval::architectures(const QList<PackageInfoPtr> &place)
+QStringList PackageRemoval::architectures(const QVector<Place> &places)
 {
     QStringList architectures;
-    for (const PackageInfoPtr &package : place)
-        architectures.append(package->architecture);
+    for (const Place &place : places)
+        for (const PackageInfoPtr &package : place)
+            if (!architectures.contains(package->architecture))
+                architectures.append(package->architecture);
     architectures.sort();
-    return architectures.join(QLatin1Char('|'));
+    return architectures;
 }
 
 bool PackageRemoval::hasWorked(const ProcessResult &result)
@@ -106,7 +140,7 @@ bool PackageRemoval::removeFromDatabase(const PackageInfo &package, bool makesRo
 {
     m_session->recordAtRisk({package.filePath()});
     const ProcessResult result
-        = m_session->remove(arguments({package.name}, package, package.architecture), makesRoom);
+        = m_session->remove(arguments({package.name}, package, {package.architecture}), makesRoom);
     const bool removed
         = hasWorked(result)
           || ((result.crashed() || ReproAnswer::databaseTroubled(result.errorOutput)) && isGone(package));

@@ -34,9 +34,12 @@ int RemoveJob::run(const QList<PackageInfoPtr> &wanted)
     JobFrame frame(m_context, wanted.size() == 1 ? tr("Removing package") : tr("Removing packages"));
     if (!JobPreconditions::mayChange(m_context))
         return frame.finish(ERROR, tr("%n packages removed: %1", nullptr, 0).arg(QString()));
-    const QList<PackageInfoPtr> packages = withoutReplaced(wanted);
+    const auto present = this->present(wanted);
+    const QList<PackageInfoPtr> packages = present ? withoutReplaced(wanted, *present) : wanted;
     ExportSession session = JobSession::begin(m_context, JobSession::RoomMaking);
     PackageRemoval removal(m_context, &session);
+    if (present)
+        removal.setPresent(*present);
     if (packages.size() > PackagesInARun)
         session.startSilently();
     QStringList removed;
@@ -83,12 +86,11 @@ int RemoveJob::run(const QList<PackageInfoPtr> &wanted)
         tr("%n packages removed: %1", nullptr, removed.size()).arg(removed.join(QLatin1String(", "))));
 }
 
-QList<PackageInfoPtr> RemoveJob::withoutReplaced(const QList<PackageInfoPtr> &packages)
+std::optional<QVector<ReproListing::Package>> RemoveJob::present(const QList<PackageInfoPtr> &packages)
 {
-    // reprepro removes by name, and another job may have brought another version since the packages were read. Where
-    // that job still runs, or the database cannot be read, the session tells of it and removes nothing.
+    // Where another job still runs, or the database cannot be read, the session tells of it and removes nothing.
     if (packages.isEmpty() || !m_context.lock.take(m_context.path()))
-        return packages;
+        return std::nullopt;
     constexpr int MostNamed = 20;
     const QString codename = m_context.repository.info().codename;
     const QString component = packages.first()->indexComponent;
@@ -107,9 +109,15 @@ QList<PackageInfoPtr> RemoveJob::withoutReplaced(const QList<PackageInfoPtr> &pa
                                           : ReproCommand::listAllFiles(codename),
                                  isEnough ? lean.variables() : QStringList());
     if (!listed.succeeded())
-        return packages;
+        return std::nullopt;
+    return ReproListing::packages(listed.output);
+}
+
+QList<PackageInfoPtr> RemoveJob::withoutReplaced(const QList<PackageInfoPtr> &packages,
+                                                 const QVector<ReproListing::Package> &present)
+{
+    // reprepro removes by name, and another program may have brought another version since the packages were read.
     QHash<QString, QString> files;
-    const auto present = ReproListing::packages(listed.output);
     for (const ReproListing::Package &package : present)
         files.insert(placeOf(package.component, package.architecture, package.name, package.type()),
                      m_context.path() + QLatin1Char('/') + package.file);

@@ -3,9 +3,13 @@
 
 #include "core/packageinfo.h"
 #include "core/repoenums.h"
+#include "engine/reprepro/reprolisting.h"
 
 #include <QCoreApplication>
 #include <QList>
+#include <QVector>
+
+#include <optional>
 
 struct JobContext;
 
@@ -23,5 +27,9 @@ public:
 private:
     JobContext &m_context;
 
-    QList<PackageInfoPtr> withoutReplaced(const QList<PackageInfoPtr> &packages);
+    /** What the database has of these packages' names, and perhaps more; nothing when it cannot be read. */
+    std::optional<QVector<ReproListing::Package>> present(const QList<PackageInfoPtr> &packages);
+    /** The packages without those of which the database has another file; an error tells of these. */
+    QList<PackageInfoPtr> withoutReplaced(const QList<PackageInfoPtr> &packages,
+                                          const QVector<ReproListing::Package> &present);
 };

@@ -160,6 +160,62 @@ private Q_SLOTS:
         QVERIFY(many.settled() && single.settled());
     }
 
+    /** Removing is by name, and takes out nothing that another program has brought under a name meanwhile. */
+    void foreignChangeBeforeRemoving()
+    {
+        RepoHarness h("amd64 i386"_s);
+        QStringList names;
+        for (int i = 10; i < 40; ++i)
+            names += "p%1"_s.arg(i);
+        const auto file = [&h](const QString &name, const char *architecture, const char *version = "1.0") {
+            return h.deb(
+                DebBuilder(name).architecture(QLatin1String(architecture)).version(QLatin1String(version)));
+        };
+        const auto addAll = [&] {
+            QStringList files;
+            for (const QString &name : names)
+                files += file(name, name < "p20"_s ? "amd64" : name < "p30"_s ? "i386" : "all");
+            h.add(files);
+            QCOMPARE(h.listed().size(), 40);
+        };
+        addAll();
+        {
+            // Undisturbed, one run takes out all of them.
+            const QString log = h.at("runs");
+            const StandIn recorder(h.at("bin"), "reprepro", "echo \"$*\" >>" + log.toLocal8Bit());
+            h.remove(h.shell.packages());
+            QCOMPARE(readFile(log).count(" remove dogwood "), 1);
+            QVERIFY(h.holds({}));
+        }
+        // A few packages are asked for by name, many with a listing of all.
+        for (const int count : {4, 30}) {
+            addAll();
+            const auto foreign = [&h](const QString &newer) {
+                const ProcessResult result = h.reprepro({"includedeb"_s, "dogwood"_s, newer});
+                QVERIFY2(result.succeeded(), qPrintable(result.errorOutput));
+            };
+            foreign(file("p10"_s, "amd64", "2.0")); // a newer version
+            foreign(file("p20"_s, "amd64")); // another architecture of the name
+            foreign(file("p30"_s, "i386", "2.0")); // a newer version in one of two architectures
+            QList<PackageInfoPtr> going;
+            for (const PackageInfoPtr &package : h.shell.packages())
+                if (count == 30 || QStringList{"p10"_s, "p11"_s, "p20"_s, "p30"_s}.contains(package->name))
+                    going.append(package);
+            h.remove(going);
+            const QString told = ".deb was not removed: the repository holds another version by now."_s;
+            QVERIFY(h.complains("p10_1.0_amd64"_s + told, 3) && h.complains("p30_1.0_all"_s + told, 3));
+            QVERIFY(h.complains("Another program has changed the repository"_s, 3));
+            const QStringList left{"dogwood|main|amd64: p10 2.0"_s,
+                                   "dogwood|main|amd64: p20 1.0"_s,
+                                   "dogwood|main|i386: p30 2.0"_s};
+            QCOMPARE(h.inDatabase().filter(QRegularExpression(" p(10|11|20|30) "_s)), left);
+            h.run([&] { h.shell.reloadRepo(); });
+            QVERIFY(h.settled());
+            h.remove(h.shell.packages());
+            QVERIFY(h.holds({}));
+        }
+    }
+
     void everyArchitectureOfAll()
     {
         RepoHarness h("source amd64 i386"_s);
