@@ -15,6 +15,12 @@
 
 namespace
 {
+/**
+ * Bytes. A run of reprepro that needs the checksums reads the file twice more than an inclusion does, so that they save
+ * time for small files only.
+ */
+constexpr qint64 LargestForIndex = 1 << 20;
+
 /** Why a file is refused before it is read; empty when it is not. */
 QString refusal(const QString &path)
 {
@@ -30,13 +36,14 @@ QString refusal(const QString &path)
 }
 } // namespace
 
-PackageFile PackageFile::read(const QString &path, const std::function<bool()> &stopped)
+PackageFile PackageFile::read(const QString &path, const std::function<bool()> &stopped, Purpose purpose)
 {
     const QString reason = refusal(path);
     if (!reason.isEmpty())
         return {path, {}, reason};
     QString information;
-    if (const auto control = debControl(path, stopped)) {
+    const auto control = debControl(path, stopped);
+    if (control) {
         information = DpkgOutput::printed(*control);
     } else {
         DpkgUtils dpkg;
@@ -51,14 +58,24 @@ PackageFile PackageFile::read(const QString &path, const std::function<bool()> &
     if (debContentsState(path, data, stopped) == DebContentsState::Damaged)
         return {path, {}, tr("The file is damaged: what it contains cannot be unpacked.")};
     const auto type = path.endsWith(QLatin1String(".udeb")) ? PackageType::Udeb : PackageType::Deb;
-    if (const auto package = DpkgOutput::packageInfo(information, type))
-        return {path, QSharedPointer<PackageInfo>::create(*package), QString()};
-    return {path, {}, tr("Its control data lack the package's name, version or architecture.")};
+    const auto package = DpkgOutput::packageInfo(information, type);
+    if (!package)
+        return {path, {}, tr("Its control data lack the package's name, version or architecture.")};
+    PackageFile file{path, QSharedPointer<PackageInfo>::create(*package), QString()};
+    if (purpose == ForIndex && control && QFileInfo(path).size() <= LargestForIndex) {
+        file.control = *control;
+        file.checksums = FileChecksums::of(path, stopped);
+    }
+    return file;
 }
 
-PackageFileReader::PackageFileReader(QStringList paths, int ahead, std::function<bool()> stopped)
+PackageFileReader::PackageFileReader(QStringList paths,
+                                     int ahead,
+                                     std::function<bool()> stopped,
+                                     PackageFile::Purpose purpose)
     : m_paths(std::move(paths))
     , m_ahead(ahead)
+    , m_purpose(purpose)
     , m_stopped([stopped = std::move(stopped), abandoned = m_abandoned] { return *abandoned || stopped(); })
 {
     startNext();
@@ -86,6 +103,9 @@ QVector<PackageFile> PackageFileReader::next(int most)
 void PackageFileReader::startNext()
 {
     while (!m_paths.isEmpty() && m_reading.size() < m_ahead)
-        m_reading.enqueue(QtConcurrent::run(
-            &m_pool, &PackageFile::read, QFileInfo(m_paths.takeFirst()).absoluteFilePath(), m_stopped));
+        m_reading.enqueue(QtConcurrent::run(&m_pool,
+                                            &PackageFile::read,
+                                            QFileInfo(m_paths.takeFirst()).absoluteFilePath(),
+                                            m_stopped,
+                                            m_purpose));
 }

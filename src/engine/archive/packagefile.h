@@ -2,7 +2,9 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "engine/archive/filechecksums.h"
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QFuture>
 #include <QQueue>
@@ -22,12 +24,20 @@ public:
     QString path;
     PackageInfoPtr package; ///< null when the file cannot be added to a repository
     QString reason; ///< text for the user about a null package
+    QByteArray control = {}; ///< the bytes of its control file; see ForIndex
+    FileChecksums checksums = {}; ///< see ForIndex
+
+    enum Purpose {
+        ForRecord,
+        ForIndex ///< control and checksums too, unless the file is large or unusual
+    };
 
     /**
      * Reads the whole file, until `stopped` answers true, and runs dpkg where its control data are unusual: not for
      * the interface thread.
      */
-    static PackageFile read(const QString &path, const std::function<bool()> &stopped = {});
+    static PackageFile
+    read(const QString &path, const std::function<bool()> &stopped = {}, Purpose purpose = ForRecord);
 };
 
 /** Reads package files ahead of their use, on all processors, while reprepro takes in those before. */
@@ -35,7 +45,10 @@ class PackageFileReader
 {
 public:
     /** `stopped` is called from several threads. */
-    PackageFileReader(QStringList paths, int ahead, std::function<bool()> stopped);
+    PackageFileReader(QStringList paths,
+                      int ahead,
+                      std::function<bool()> stopped,
+                      PackageFile::Purpose purpose = PackageFile::ForRecord);
     /** Waits until all programs of the job have ended. */
     ~PackageFileReader();
     PackageFileReader(const PackageFileReader &) = delete;
@@ -47,6 +60,7 @@ public:
 private:
     QStringList m_paths;
     int m_ahead;
+    PackageFile::Purpose m_purpose;
     std::shared_ptr<std::atomic<bool>> m_abandoned = std::make_shared<std::atomic<bool>>(false);
     std::function<bool()> m_stopped;
     QThreadPool m_pool; ///< own pool, because reading waits for the disk and for dpkg

@@ -5,6 +5,7 @@
 #include "engine/changes/exportsession.h"
 #include "engine/changes/jobcontext.h"
 #include "engine/changes/packageinclusion.h"
+#include "engine/reprepro/configfolder.h"
 #include "engine/reprepro/repreproanswers.h"
 #include "engine/reprepro/repreprocommands.h"
 
@@ -28,7 +29,7 @@ QString runArguments(const QString &codename, const PackageInfo &record, const Q
 void BatchInclusion::include(const QVector<Candidate> &candidates, bool replacesOlder)
 {
     QSet<PackageKey> taken;
-    QMap<QString, QVector<Candidate>> groups;
+    QVector<Candidate> shared;
     for (const Candidate &candidate : candidates) {
         const QVector<PackageInfo> &records = candidate.records;
         const bool isShared
@@ -39,11 +40,19 @@ void BatchInclusion::include(const QVector<Candidate> &candidates, bool replaces
         // Of several files for one place, also of those that go in alone, the later ones must not go in first.
         for (const PackageInfo &record : records)
             taken.insert(PackageKey::of(record));
-        if (!isShared)
+        if (isShared)
+            shared.append(candidate);
+    }
+    includeFromSource(shared);
+    if (m_session.isDamaged() || m_session.isRefused() || m_context.control.mustEnd())
+        return;
+    QMap<QString, QVector<Candidate>> groups;
+    for (const Candidate &candidate : qAsConst(shared)) {
+        if (m_inclusion.isAhead(candidate.path))
             continue;
         const QString suffix = QLatin1Char('.') + QFileInfo(candidate.path).suffix();
-        groups[runArguments(m_context.repository.info().codename, records.first(), {suffix})].append(
-            candidate);
+        groups[runArguments(m_context.repository.info().codename, candidate.records.first(), {suffix})]
+            .append(candidate);
     }
     for (const QVector<Candidate> &group : qAsConst(groups)) {
         if (group.size() > 1)
@@ -64,6 +73,48 @@ bool BatchInclusion::isPlainSuccessor(const PackageInfo &record, const PackageIn
 {
     return record.filePath() != present.filePath()
            && VersionOrder::holds(record.version, QStringLiteral(">>"), present.version);
+}
+
+bool BatchInclusion::readsForIndex()
+{
+    if (!m_usesSource)
+        m_usesSource
+            = PackageSource::suits(ConfigFolder(m_context.gate.admit(m_context.path()).configFolder()),
+                                   m_context.repository.info().codename);
+    return *m_usesSource;
+}
+
+void BatchInclusion::includeFromSource(const QVector<Candidate> &candidates)
+{
+    // The run starts more programs than an inclusion does.
+    constexpr int FewestFiles = 4;
+    constexpr int MostFailures = 3;
+    QVector<Candidate> suitable;
+    for (const Candidate &candidate : candidates)
+        if (candidate.checksums.isValid() && PackageSource::suits(candidate))
+            suitable.append(candidate);
+    if (suitable.size() < FewestFiles || m_failures >= MostFailures || !readsForIndex())
+        return;
+    PackageSource source(ConfigFolder(m_context.gate.admit(m_context.path()).configFolder()),
+                         m_context.repository.info().codename,
+                         suitable);
+    if (!source.isValid())
+        return;
+    recordFiles(suitable);
+    const ProcessResult result = m_session.modifyWith(&source.config(), source.arguments());
+    // One file that is refused ends the run for all. They are included, which tells of what is in already.
+    if (!result.succeeded() || ReproAnswer::databaseTroubled(result.errorOutput)) {
+        ++m_failures;
+        return;
+    }
+    const QSet<QString> added = ReproAnswer::addedPlaces(result.output);
+    for (const Candidate &candidate : qAsConst(suitable))
+        for (const PackageInfo &record : candidate.records)
+            if (added.contains(ReproAnswer::place(m_context.repository.info().codename,
+                                                  record.indexComponent,
+                                                  record.architecture,
+                                                  record.name)))
+                m_inclusion.setAhead(candidate.path, PackageKey::of(record));
 }
 
 void BatchInclusion::includeGroup(QVector<Candidate> group)
@@ -98,10 +149,18 @@ void BatchInclusion::includeGroup(QVector<Candidate> group)
 ProcessResult BatchInclusion::runWith(const QVector<Candidate> &group)
 {
     QStringList paths;
+    for (const Candidate &candidate : group)
+        paths.append(candidate.path);
+    recordFiles(group);
+    return m_session.modify(
+        runArguments(m_context.repository.info().codename, group.first().records.first(), paths));
+}
+
+void BatchInclusion::recordFiles(const QVector<Candidate> &group)
+{
     QStringList coming;
     QStringList going;
     for (const Candidate &candidate : group) {
-        paths.append(candidate.path);
         coming.append(candidate.records.first().filePath());
         for (const PackageInfo &record : candidate.records)
             if (const PackageInfoPtr replaced = m_context.packages.find(PackageKey::of(record)))
@@ -109,8 +168,6 @@ ProcessResult BatchInclusion::runWith(const QVector<Candidate> &group)
     }
     m_session.recordAtRisk(coming);
     m_session.recordFreed(going);
-    return m_session.modify(
-        runArguments(m_context.repository.info().codename, group.first().records.first(), paths));
 }
 
 QSet<ReproListing::Package> BatchInclusion::packagesInDatabase(const QVector<Candidate> &group)

@@ -60,6 +60,11 @@ public:
     void startSilently();
     /** Runs one changing command. */
     ProcessResult modify(const QString &arguments);
+    /** Like modify(), with a configuration of the caller. For a session that isSilent(). */
+    ProcessResult modifyWith(PrivateConfig *config, const QString &arguments)
+    {
+        return change(arguments, config);
+    }
     /**
      * Like modify(), for a command that takes a package out of the repository. Its pool file stays until finish(),
      * because the old indices name it. With `makesRoom` the file is deleted at once, so that another file can have

@@ -45,6 +45,7 @@ PackageAdding::PackageAdding(JobContext &context,
     , m_checksDepends(checksDepends)
     , m_session(JobSession::begin(context))
     , m_inclusion(context, m_session, options)
+    , m_batch(context, m_session, m_inclusion)
 { }
 
 bool PackageAdding::mustEnd() const
@@ -78,7 +79,7 @@ void PackageAdding::replaceTogether(const QVector<BatchInclusion::Candidate> &fi
         for (const PackageInfo &record : file.records)
             taken.insert(PackageKey::of(record));
     }
-    BatchInclusion(m_context, m_session, m_inclusion).include(shared, true);
+    m_batch.include(shared, true);
 }
 
 bool PackageAdding::areAllPlaces(const QVector<PackageInfo> &records, bool knowsArchitectures) const
@@ -106,8 +107,12 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
     RunSize size;
     if (files.size() > 1)
         m_session.startSilently();
+    const bool isLarge = files.size() > ManyFiles && !m_inclusion.isSigning();
     auto reader = std::make_unique<PackageFileReader>(
-        files, RunSize::Largest, [this] { return m_context.control.isCanceled(); });
+        files,
+        RunSize::Largest,
+        [this] { return m_context.control.isCanceled(); },
+        isLarge && m_batch.readsForIndex() ? PackageFile::ForIndex : PackageFile::ForRecord);
     bool stopped = false;
     bool isComplete = true;
     int done = 0;
@@ -115,7 +120,7 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
         stopped = mustEnd();
         if (stopped)
             break;
-        const bool together = files.size() > ManyFiles && !m_inclusion.isSigning() && m_session.isSilent();
+        const bool together = isLarge && m_session.isSilent();
         const QVector<PackageFile> read = reader->next(together ? size.packages() : 1);
         bool isAskedFor = m_rules.mustAsk();
         if (together) {
@@ -200,10 +205,9 @@ void PackageAdding::includeTogether(const QVector<PackageFile> &files)
         if (isForUnknown || m_inclusion.isAhead(file.path))
             continue;
         const QVector<PackageInfo> records = file.package ? recordsOf(*file.package) : QVector<PackageInfo>();
-        candidates.append({file.path, records});
+        candidates.append({file.path, records, file.control, file.checksums});
     }
-    BatchInclusion(m_context, m_session, m_inclusion)
-        .include(candidates, !m_rules.mustAsk() && m_rules.replaces(PACKAGE_EXISTS_OLD_VERSION));
+    m_batch.include(candidates, !m_rules.mustAsk() && m_rules.replaces(PACKAGE_EXISTS_OLD_VERSION));
 }
 
 QVector<PackageInfo> PackageAdding::recordsOf(const PackageInfo &package) const

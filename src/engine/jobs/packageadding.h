@@ -44,6 +44,8 @@ public:
     void startSilently() { m_session.startSilently(); }
     /** Whether several files can go in with one run: none is signed, and the indices wait for the end. */
     bool canShareRuns() const { return !m_inclusion.isSigning() && m_session.isSilent(); }
+    /** Whether replaceTogether() is faster with files that were read for an index. */
+    bool readsForIndex() { return m_batch.readsForIndex(); }
     /** Puts those of the files that can share a run into the places of older packages. A replace() for each place of
      *  each file must follow, in the order of the files. */
     void replaceTogether(const QVector<BatchInclusion::Candidate> &files);
@@ -78,6 +80,7 @@ private:
     const bool m_checksDepends;
     ExportSession m_session;
     PackageInclusion m_inclusion;
+    BatchInclusion m_batch;
     PackageReplacementRules m_rules;
     QHash<QString, QString> m_shownNames;
     QList<PackageInfoPtr> m_wanting;

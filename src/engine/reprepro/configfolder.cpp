@@ -21,6 +21,12 @@ QString ConfigFolder::options() const
                                           : QString();
 }
 
+std::optional<QByteArray> ConfigFolder::description() const
+{
+    RegularFile file(m_path + QLatin1String("/distributions"));
+    return file.open(QIODevice::ReadOnly) ? std::make_optional(file.readAll()) : std::nullopt;
+}
+
 QString ConfigFolder::optionName(const QString &line)
 {
     static const QRegularExpression separator(QStringLiteral("[\\s=]"));
@@ -73,10 +79,10 @@ QStringList ConfigFolder::optionLines() const
 
 bool ConfigFolder::hasField(const QString &field) const
 {
-    RegularFile description(m_path + QLatin1String("/distributions"));
-    if (!description.open(QIODevice::ReadOnly))
+    const auto text = description();
+    if (!text)
         return true;
-    const QStringList lines = QString::fromLocal8Bit(description.readAll()).split(QLatin1Char('\n'));
+    const QStringList lines = QString::fromLocal8Bit(*text).split(QLatin1Char('\n'));
     // reprepro does not mind the case of a name, nor where the value begins, and reads further files.
     return std::any_of(lines.cbegin(), lines.cend(), [&field](const QString &line) {
         return line.startsWith(QLatin1Char('!'))

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
+
+#include <optional>
 
 /**
  * What the files of a repository's configuration folder have reprepro do besides the work that it is asked for. They
@@ -17,6 +20,8 @@ public:
     QString path() const { return m_path; }
     /** The text of the file "options", with a line feed at its end; null when the file exists but cannot be read. */
     QString options() const;
+    /** The bytes of the description (distributions); nothing when they cannot be read. */
+    std::optional<QByteArray> description() const;
     /** The name of the option in a line of that file, without dashes. */
     static QString optionName(const QString &line);
 

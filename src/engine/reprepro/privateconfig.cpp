@@ -14,18 +14,23 @@ const QString KeepFiles = QStringLiteral("keepunreferencedfiles");
 
 PrivateConfig::PrivateConfig(const ConfigFolder &own,
                              Unreferenced unreferenced,
-                             const QByteArray &description)
+                             const QByteArray &description,
+                             const QByteArray &updates)
 {
     const QDir conf(own.path());
     if (!m_folder.isValid())
         return;
     QStringList ownFiles{QStringLiteral("options")};
-    if (!description.isEmpty()) {
-        ownFiles.append(QStringLiteral("distributions"));
-        QFile file(m_folder.filePath(ownFiles.last()));
-        if (!file.open(QIODevice::WriteOnly) || !WholeFile::writeOut(file, description))
-            return;
-    }
+    const auto replace = [&](const QString &name, const QByteArray &text) {
+        if (text.isEmpty())
+            return true;
+        ownFiles.append(name);
+        QFile file(m_folder.filePath(name));
+        return file.open(QIODevice::WriteOnly) && WholeFile::writeOut(file, text);
+    };
+    if (!replace(QStringLiteral("distributions"), description)
+        || !replace(QStringLiteral("updates"), updates))
+        return;
     const QStringList entries = conf.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     for (const QString &entry : entries) {
         if (!ownFiles.contains(entry) && !QFile::link(conf.absoluteFilePath(entry), m_folder.filePath(entry)))

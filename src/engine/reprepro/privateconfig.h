@@ -21,8 +21,11 @@ public:
     /** What happens to a pool file that the database no longer needs while old indices may still name it. */
     enum Unreferenced { Keep, Delete };
 
-    /** `own` is the repository's. A `description` replaces the one in that folder. */
-    PrivateConfig(const ConfigFolder &own, Unreferenced unreferenced, const QByteArray &description = {});
+    /** `own` is the repository's. A `description` and `updates` (updates) replace the ones in that folder. */
+    PrivateConfig(const ConfigFolder &own,
+                  Unreferenced unreferenced,
+                  const QByteArray &description = {},
+                  const QByteArray &updates = {});
 
     /** False when the folder could not be made; then reprepro must export in each run. */
     bool isValid() const { return m_valid; }

@@ -79,6 +79,28 @@ bool ReproAnswer::nothingRemoved(const QString &errorOutput)
     return errorOutput.contains(QLatin1String("Not removed as not found"));
 }
 
+QSet<QString> ReproAnswer::addedPlaces(const QString &output)
+{
+    static const QRegularExpression report(
+        QStringLiteral("^db: '([^']*)' added to packages\\.db\\(([^)]*)\\)\\.$"),
+        QRegularExpression::MultilineOption);
+    QSet<QString> places;
+    auto reports = report.globalMatch(output);
+    while (reports.hasNext()) {
+        const QRegularExpressionMatch match = reports.next();
+        places.insert(match.captured(2) + QLatin1Char(' ') + match.captured(1));
+    }
+    return places;
+}
+
+QString ReproAnswer::place(const QString &codename,
+                           const QString &component,
+                           const QString &architecture,
+                           const QString &name)
+{
+    return QStringLiteral("%1|%2|%3 %4").arg(codename, component, architecture, name);
+}
+
 bool ReproAnswer::otherFileInPool(const QString &errorOutput)
 {
     return errorOutput.contains(QLatin1String("Already existing files can only be included again"))

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -34,4 +35,9 @@ QStringList vanishedParts(const QString &output);
 bool nothingRemoved(const QString &errorOutput);
 /** The pool already has a file of this name with other contents. */
 bool otherFileInPool(const QString &errorOutput);
+/** The packages that a run has added, as place() names them. The run must have had the option --verbosedb. */
+QSet<QString> addedPlaces(const QString &output);
+/** A name for the package in its place of the database. */
+QString
+place(const QString &codename, const QString &component, const QString &architecture, const QString &name);
 } // namespace ReproAnswer

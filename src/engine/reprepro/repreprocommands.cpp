@@ -91,6 +91,11 @@ QString ReproCommand::dumpReferences()
     return QStringLiteral(" dumpreferences");
 }
 
+QString ReproCommand::update(const QString &codename, const QString &listsFolder)
+{
+    return QStringLiteral("--verbosedb --listdir %1 update %2").arg(quoted(listsFolder), quoted(codename));
+}
+
 QString ReproCommand::rereference()
 {
     return QStringLiteral(" rereference");

@@ -49,6 +49,12 @@ QString remove(const QString &codename,
 /** Adds files of one type, which their suffix decides, to the place of `record` and with its section. */
 QString include(const QString &codename, const PackageInfo &record, const QStringList &files);
 
+/**
+ * Takes in what the sources in conf/updates offer. Their indices are read anew into an empty folder. The run prints what
+ * it changes, see ReproAnswer::addedPlaces().
+ */
+QString update(const QString &codename, const QString &listsFolder);
+
 /** Computes again which files the packages need. */
 QString rereference();
 

@@ -208,7 +208,11 @@ QVector<PackageFile> UpgradeJob::fetchTogether(const QVector<QVector<UpgradableP
         if (!paths.at(i).isEmpty())
             arrived.append(paths.at(i));
     }
-    PackageFileReader reader(arrived, RunSize::Largest, [this] { return m_context.control.isClosing(); });
+    PackageFileReader reader(
+        arrived,
+        RunSize::Largest,
+        [this] { return m_context.control.isClosing(); },
+        run->adding.readsForIndex() ? PackageFile::ForIndex : PackageFile::ForRecord);
     qint64 bytes = 0;
     for (const int i : qAsConst(places)) {
         if (files.at(i).path.isEmpty())
@@ -239,7 +243,10 @@ void UpgradeJob::includeTogether(const QVector<QVector<UpgradablePackage>> &grou
     QVector<BatchInclusion::Candidate> candidates;
     for (int i = 0; i < groups.size(); ++i)
         if (files.at(i).package)
-            candidates.append({files.at(i).path, recordsOf(files.at(i), groups.at(i))});
+            candidates.append({files.at(i).path,
+                               recordsOf(files.at(i), groups.at(i)),
+                               files.at(i).control,
+                               files.at(i).checksums});
     run->adding.replaceTogether(candidates);
 }
 

@@ -160,6 +160,79 @@ private Q_SLOTS:
         QVERIFY(many.settled() && single.settled());
     }
 
+    /** Files that `reprepro update` takes from our own source leave what an inclusion of each leaves, byte for byte. */
+    void updatesAreEqualToInclusions()
+    {
+        RepoHarness h("amd64 i386"_s);
+        const QString conf = h.repoPath() + "/conf/"_s;
+        // The administrator's own sources are not asked, and not forgotten.
+        writeFile(conf + "updates"_s, "Name: own\nMethod: file:/nowhere\nSuite: x\nIgnoreRelease: yes\n");
+        runShell("echo 'Update: own\n - ' >>conf/distributions; mkdir lists; echo kept >lists/kept"_s,
+                 h.repoPath());
+        const QString other = h.at("other");
+        QDir().mkdir(other);
+        runShell("cp -r repo/conf other"_s, h.folder.path());
+        h.open(h.repoPath());
+        const QStringList odd{"Depends: a (>= 1~),  b|c"_s,
+                              "Depends: a,\n b,\n\tc"_s,
+                              "Source: origin (1:2.0-1)"_s,
+                              "Source: Bad"_s,
+                              "Description: long\n one\n .\n  two \n ."_s,
+                              "Maintainer: J\u00f6rg <j@example.org>"_s,
+                              "XB-Own: x: y"_s,
+                              "priority: extra"_s,
+                              "Version: 1:2.0~rc1-1+b1"_s,
+                              "Size: 7"_s,
+                              "Filename: ./x.deb"_s,
+                              "Tag: a::b,\n c::d"_s,
+                              "Homepage: https://example.org/ #x"_s,
+                              "Description-md5: 0123456789abcdef0123456789abcdef"_s,
+                              "SHA256: 00"_s};
+        QStringList files;
+        QStringList newer;
+        for (int i = 0; i < 70; ++i) {
+            DebBuilder deb("p%1"_s.arg(i));
+            deb.architecture(i % 3 == 0 ? "all"_s : i % 3 == 1 ? "amd64"_s : "i386"_s);
+            const QString field = odd.value(i);
+            if (field.startsWith("priority"_s))
+                deb.field("Priority"_s, {});
+            deb.field(field.section(": "_s, 0, 0), field.section(": "_s, 1)).contents(QByteArray::number(i));
+            files += h.deb(deb);
+            if (i > 15)
+                newer += h.deb(deb.version("9"_s));
+        }
+        const QString log = h.at("runs");
+        QByteArray runs;
+        h.choice = Rules::PreferHigher;
+        for (const QStringList &round : {files, newer}) {
+            {
+                const StandIn recorder(h.at("bin"), "reprepro", "echo \"$*\" >>" + log.toLocal8Bit());
+                h.add(round);
+            }
+            runs = readFile(log);
+            const int last = h.criticals.size();
+            for (const QString &file : round)
+                h.reprepro({"-b"_s, other, "-C"_s, "main"_s, "includedeb"_s, "dogwood"_s, file});
+            QCOMPARE(h.listed().size(),
+                     runProcess({"reprepro"_s, {"-b"_s, other, "list"_s, "dogwood"_s}, {}, {}, -1})
+                         .output.count(u'\n'));
+            QVERIFY(last <= 4);
+            for (const char *script : {"find dists -name Packages | sort | xargs tail -n +1",
+                                       "reprepro -b . _listchecksums | sort",
+                                       "reprepro -b . dumpreferences | sort",
+                                       "find pool -type f | sort | xargs sha256sum",
+                                       "find pool -printf '%p %m %n\n' | sort"}) {
+                const QString expected = runShell(QLatin1String(script), other);
+                QVERIFY(expected.size() > 1000);
+                QCOMPARE(runShell(QLatin1String(script), h.repoPath()), expected);
+            }
+        }
+        QVERIFY(runs.count(" update dogwood") >= 3 && runs.count(" includedeb ") < 50);
+        QVERIFY(h.settled());
+        QCOMPARE(readFile(conf + "updates"_s), readFile(other + "/conf/updates"_s));
+        QCOMPARE(runShell("ls lists"_s, h.repoPath()), "kept\n"_s);
+    }
+
     /** Removing is by name, and takes out nothing that another program has brought under a name meanwhile. */
     void foreignChangeBeforeRemoving()
     {

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "core/packageinfo.h"
+#include "engine/archive/filechecksums.h"
+#include "engine/reprepro/privateconfig.h"
+#include "files/scratchfolder.h"
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <optional>
+
+class ConfigFolder;
+
+/**
+ * A source of packages in a private folder, from which `reprepro update` takes files into the repository. Unlike an
+ * inclusion of many files, that run writes its database to the disk at its end and not after each file. It copies the
+ * files, and refuses those whose checksums have changed.
+ */
+class PackageSource
+{
+public:
+    /** A file and its future records in the repository, one for each architecture. */
+    struct Package
+    {
+        QString path;
+        QVector<PackageInfo> records;
+        QByteArray control
+            = {}; ///< the bytes of its control file, and the checksums: see PackageFile::ForIndex
+        FileChecksums checksums = {};
+    };
+
+    /** Whether the source leaves what inclusions leave, on a repository with this configuration. */
+    static bool suits(const ConfigFolder &own, const QString &codename);
+    /** Whether the source leaves what an inclusion leaves, with this file. */
+    static bool suits(const Package &package);
+
+    /** All of the packages must suit. */
+    PackageSource(const ConfigFolder &own, const QString &codename, const QVector<Package> &packages);
+
+    /** False when the folder could not be made. */
+    bool isValid() const { return m_config && m_config->isValid(); }
+    /** For the run, which gets the arguments. */
+    PrivateConfig &config() { return *m_config; }
+    QString arguments() const;
+
+private:
+    ScratchFolder m_folder;
+    QString m_codename;
+    std::optional<PrivateConfig> m_config;
+
+    bool
+    write(const QVector<Package> &packages, const QStringList &components, const QStringList &architectures);
+};
