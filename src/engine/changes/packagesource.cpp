@@ -26,7 +26,9 @@ std::optional<QByteArray> describe(const ConfigFolder &own, const QString &coden
 
 bool PackageSource::suits(const ConfigFolder &own, const QString &codename)
 {
-    return !own.runsPrograms() && describe(own, codename);
+    const QString options = own.options();
+    return !own.runsPrograms() && !options.isNull() && PackageSourceRules::areOptionsPlain(options)
+           && describe(own, codename);
 }
 
 bool PackageSource::suits(const Package &package)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/changes/packagesourcerules.h"
 
+#include "engine/reprepro/configfolder.h"
+
 #include <QHash>
 #include <QRegularExpression>
 #include <QStringList>
@@ -147,6 +149,38 @@ std::optional<QByteArray> PackageSourceRules::description(const QByteArray &own,
             text += line + '\n';
     }
     return isFound && isKnown() ? std::make_optional(text) : std::nullopt;
+}
+
+bool PackageSourceRules::areOptionsPlain(const QString &options)
+{
+    // Others choose what is taken in, or give it a section or a priority.
+    static const QStringList known{QStringLiteral("ask-passphrase"),
+                                   QStringLiteral("checkspace"),
+                                   QStringLiteral("dbdir"),
+                                   QStringLiteral("dbsafetymargin"),
+                                   QStringLiteral("deleteunreferenced"),
+                                   QStringLiteral("distdir"),
+                                   QStringLiteral("export"),
+                                   QStringLiteral("gnupghome"),
+                                   QStringLiteral("keepdirectories"),
+                                   QStringLiteral("keepunreferencedfiles"),
+                                   QStringLiteral("keepunusednewfiles"),
+                                   QStringLiteral("listdir"),
+                                   QStringLiteral("logdir"),
+                                   QStringLiteral("noask-passphrase"),
+                                   QStringLiteral("noguessgpgtty"),
+                                   QStringLiteral("outdir"),
+                                   QStringLiteral("safetymargin"),
+                                   QStringLiteral("silent"),
+                                   QStringLiteral("spacecheck"),
+                                   QStringLiteral("verbose"),
+                                   QStringLiteral("waitforlock")};
+    const QStringList lines = options.split(QLatin1Char('\n'));
+    return std::all_of(lines.cbegin(), lines.cend(), [](const QString &line) {
+        const QString text = line.trimmed();
+        return text.isEmpty() || text.startsWith(QLatin1Char('#'))
+               || known.contains(ConfigFolder::optionName(text));
+    });
 }
 
 QByteArray PackageSourceRules::updates(const QString &folder,

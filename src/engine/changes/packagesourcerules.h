@@ -9,8 +9,8 @@
 #include <optional>
 
 /**
- * What `reprepro update` reads to take in package files as `reprepro includedeb` would: the same records, byte for byte,
- * and the same places in the pool. What could come out differently is left to includedeb.
+ * What `reprepro update` reads to take in package files as `reprepro includedeb` would: with the same records, byte for
+ * byte, and the same places in the pool. What could come out differently is left to includedeb.
  */
 namespace PackageSourceRules
 {
@@ -27,6 +27,9 @@ record(const QByteArray &control, const FileChecksums &checksums, const QByteArr
  * Nothing when the distribution has settings by which updates differ from inclusions, or that are not known here.
  */
 std::optional<QByteArray> description(const QByteArray &own, const QString &codename);
+
+/** Whether the options in the text of conf/options are the same for updates and inclusions. */
+bool areOptionsPlain(const QString &options);
 
 /** The text of conf/updates for our source in a folder, whose path must be a plain one. */
 QByteArray updates(const QString &folder, const QStringList &components, const QStringList &architectures);

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/changes/packagesourcerules.h"
 #include "engine/engineharness.h"
 #include "support/standin.h"
 
@@ -231,6 +232,79 @@ private Q_SLOTS:
         QVERIFY(h.settled());
         QCOMPARE(readFile(conf + "updates"_s), readFile(other + "/conf/updates"_s));
         QCOMPARE(runShell("ls lists"_s, h.repoPath()), "kept\n"_s);
+    }
+
+    void whatOnlyInclusionsTake()
+    {
+        using namespace PackageSourceRules;
+        const FileChecksums sums{7, "m", "1", "2"};
+        const QByteArray usual
+            = "Package: foo\nVersion: 1\nArchitecture: all\nSection: net\nPriority: extra\n"
+              "Description: d\n l\nTag: t\n";
+        QCOMPARE(record(usual, sums, "f/0.deb").value_or(QByteArray()),
+                 QByteArray("Package: foo\nVersion: 1\nArchitecture: all\nPriority: extra\nSection: net\n"
+                            "Filename: f/0.deb\nSize: 7\nSHA256: 2\nSHA1: 1\nMD5sum: m\n"
+                            "Description: d\n l\nTag: t\n\n"));
+        QVERIFY(!record(usual, {}, "f"));
+        for (const char *field : {"Size: 7",
+                                  "sha256: 0",
+                                  "package: bar",
+                                  "Empty:",
+                                  "Spaced : x",
+                                  "Own: x ",
+                                  "\tx",
+                                  "# x",
+                                  "",
+                                  "Own: x\r",
+                                  "Source: a_b",
+                                  "Own: x\n\n\nPackage: y"})
+            QVERIFY2(!record(usual + field + '\n', sums, "f"), field);
+        for (const char *change : {"Section: net|Section: a/net",
+                                   "Priority: extra\n|",
+                                   "Description: d\n l\n|",
+                                   "Version: 1|Version: a 1",
+                                   "foo|Foo"}) {
+            const QList<QByteArray> words = QByteArray(change).split('|');
+            QVERIFY2(!record(QByteArray(usual).replace(words.at(0), words.at(1)), sums, "f"), change);
+        }
+
+        const QByteArray two
+            = "Codename: other\nUpdate: a\n b\nLog: x\n\n# mine\nSuite: s\nCodename: own\nUpdate: a\n";
+        QCOMPARE(
+            description(two, "own"_s).value_or(QByteArray()),
+            QByteArray(
+                "Codename: other\nLog: x\n\n# mine\nSuite: s\nUpdate: velt-admin-repo\nCodename: own\n\n"));
+        QVERIFY(!description(two, "other"_s) && !description(two, "s"_s)
+                && !description("!include: x\n" + two, "own"_s));
+        for (const char *field :
+             {"DebOverride", "Tracking", "Contents", "Log", "deboverride ", "Codename", "New"})
+            QVERIFY2(!description(two + field + ": own\n", "own"_s), field);
+
+        QVERIFY(areOptionsPlain("# priority x\n\n--silent\noutdir +b/www\nexport=never\n"_s));
+        for (const QString &option :
+             {"priority x"_s, "--section=x"_s, "architecture i386"_s, "restrict a"_s, "methoddir /x"_s})
+            QVERIFY(!areOptionsPlain("verbose\n"_s + option));
+        QVERIFY(isPlain("/tmp/velt-1_2.x"_s) && !isPlain("/tmp/a b"_s) && !isPlain("a>b"_s) && !isPlain({}));
+    }
+
+    /** A file that changes after it was read fails the run for all. They go in nevertheless. */
+    void changedAfterReading()
+    {
+        RepoHarness h;
+        QStringList files;
+        for (int i = 10; i < 70; ++i)
+            files += h.deb(DebBuilder("p%1"_s.arg(i)));
+        const QString later = DebBuilder("p15"_s).contents("later").build(h.at("later"));
+        const QString log = h.at("runs");
+        const StandIn changer(h.at("bin"),
+                              "reprepro",
+                              "case \"$*\" in *' update '*) cp '" + later.toLocal8Bit() + "' '"
+                                  + files.at(5).toLocal8Bit() + "'; echo >>" + log.toLocal8Bit() + ";; esac");
+        QCOMPARE(h.add(files), RepoEnums::SUCCESS);
+        QCOMPARE(h.trouble(), QString());
+        QVERIFY(readFile(log).size() > 1);
+        QCOMPARE(h.inPool("p15"_s), readFile(later));
+        QVERIFY(h.listed().size() == 60 && h.settled());
     }
 
     /** Removing is by name, and takes out nothing that another program has brought under a name meanwhile. */
