@@ -10,6 +10,7 @@
 #include "engine/changes/jobpreconditions.h"
 #include "engine/changes/runsize.h"
 #include "engine/jobs/packageadding.h"
+#include "engine/upgrade/packagefetch.h"
 #include "engine/upgrade/upgradeoffers.h"
 #include "files/freespace.h"
 #include "files/scratchfolder.h"
@@ -18,6 +19,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <memory>
 
 namespace
 {
@@ -57,6 +59,14 @@ struct UpgradeJob::Run
     }
 };
 
+/** Groups whose files are fetched with one run of apt. */
+struct UpgradeJob::Block
+{
+    QVector<QVector<UpgradablePackage>> groups;
+    QVector<int> places = {}; ///< of the fetched files' groups
+    std::unique_ptr<PackageFetch> fetch = nullptr; ///< null when each file is fetched alone
+};
+
 int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions &options)
 {
     JobFrame frame(m_context, tr("Upgrading repo"));
@@ -89,13 +99,22 @@ int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions
     RunSize size(RunSize::Smallest, 1);
     if (groups.size() > 1)
         adding.startSilently();
-    for (int first = 0; first < groups.size() && !run.stopped && !adding.isDamaged();) {
-        const auto next = groups.mid(first, size.packages());
+    Block block = run.stopped ? Block() : begin(groups.mid(0, size.packages()), &run);
+    for (int first = 0; !block.groups.isEmpty() && !run.stopped && !adding.isDamaged();) {
+        first += block.groups.size();
         size.start();
-        upgradeTogether(next, &run);
+        run.stopped = mustStop();
+        const QVector<PackageFile> files = filesOf(block, &run);
+        if (run.stopped)
+            break;
+        // The next files come while these go in.
+        Block next = begin(groups.mid(first, size.packages()), &run);
+        upgradeTogether(block.groups, files, &run);
         size.adapt();
-        first += next.size();
+        block = std::move(next);
     }
+    // After a stop nobody waits for its files.
+    block = Block();
     const bool stands = adding.finish();
     if (run.stopped && !m_context.control.isLockedOut())
         return end(CANCEL, tr("Canceled by user"));
@@ -153,14 +172,10 @@ bool UpgradeJob::mustStop()
     return m_context.control.isClosing();
 }
 
-void UpgradeJob::upgradeTogether(const QVector<QVector<UpgradablePackage>> &groups, Run *run)
+void UpgradeJob::upgradeTogether(const QVector<QVector<UpgradablePackage>> &groups,
+                                 const QVector<PackageFile> &files,
+                                 Run *run)
 {
-    run->stopped = mustStop();
-    if (run->stopped)
-        return;
-    const QVector<PackageFile> files = fetchTogether(groups, run);
-    if (run->stopped)
-        return;
     bool areIncluded = false;
     for (int i = 0; i < groups.size() && !run->adding.isDamaged(); ++i) {
         // Files that are in already are reported, also after a stop.
@@ -179,29 +194,33 @@ void UpgradeJob::upgradeTogether(const QVector<QVector<UpgradablePackage>> &grou
     }
 }
 
-QVector<PackageFile> UpgradeJob::fetchTogether(const QVector<QVector<UpgradablePackage>> &groups, Run *run)
+UpgradeJob::Block UpgradeJob::begin(const QVector<QVector<UpgradablePackage>> &groups, Run *run)
 {
-    QVector<PackageFile> files(groups.size());
-    QVector<int> places;
+    Block block{groups};
     QVector<AptDownload> wanted;
     for (int i = 0; i < groups.size(); ++i) {
         const UpgradablePackage &package = groups.at(i).first();
         if (!run->isOffered(package))
             continue;
-        places.append(i);
+        block.places.append(i);
         wanted.append({package.name, package.newVersion, package.fetchArchitecture});
     }
     const QString folder = run->folder + QLatin1Char('/') + QString::number(++run->folders);
-    if (wanted.size() < 2 || !QDir().mkdir(folder))
+    if (wanted.size() > 1 && QDir().mkdir(folder))
+        block.fetch = std::make_unique<PackageFetch>(run->offers.environment(), wanted, folder);
+    return block;
+}
+
+QVector<PackageFile> UpgradeJob::filesOf(const Block &block, Run *run)
+{
+    QVector<PackageFile> files(block.groups.size());
+    if (!block.fetch || run->stopped)
         return files;
-    AptUtils apt;
-    apt.setEnvironment(run->offers.environment());
-    // apt goes on while the user thinks about the stop.
-    apt.setStopRequest([this, run] {
+    const QVector<int> &places = block.places;
+    const QStringList paths = block.fetch->wait([this, run] {
         run->stopped = run->stopped || mustStop();
         return run->stopped;
     });
-    const QStringList paths = apt.downloadTogether(wanted, folder);
     QStringList arrived;
     for (int i = 0; i < paths.size(); ++i) {
         files[places.at(i)].path = paths.at(i);
@@ -217,7 +236,7 @@ QVector<PackageFile> UpgradeJob::fetchTogether(const QVector<QVector<UpgradableP
     for (const int i : qAsConst(places)) {
         if (files.at(i).path.isEmpty())
             continue;
-        files[i] = checked(reader.next(1).first(), groups.at(i).first());
+        files[i] = checked(reader.next(1).first(), block.groups.at(i).first());
         bytes += QFileInfo(files.at(i).path).size();
         // It is fetched again, alone.
         if (!files.at(i).package) {
@@ -228,9 +247,9 @@ QVector<PackageFile> UpgradeJob::fetchTogether(const QVector<QVector<UpgradableP
     const bool isIncomplete
         = std::any_of(places.cbegin(), places.cend(), [&files](int i) { return files.at(i).path.isEmpty(); });
     // A disk that is too small for all of them may have room for each.
-    const qint64 free = freeSpace(folder);
+    const qint64 free = freeSpace(block.fetch->folder());
     if (isIncomplete && free >= 0 && free < bytes) {
-        QDir(folder).removeRecursively();
+        QDir(block.fetch->folder()).removeRecursively();
         files.fill({});
     }
     return files;

@@ -26,6 +26,7 @@ public:
 
 private:
     struct Run;
+    struct Block;
 
     JobContext &m_context;
     UpgradeSources &m_sources;
@@ -33,8 +34,13 @@ private:
     QVector<UpgradablePackage> packagesToUpgrade(const QVector<UpgradablePackage> &kept);
     ErrorCode askAgain(const QVector<QVector<UpgradablePackage>> &groups, Run *run);
     bool mustStop();
-    void upgradeTogether(const QVector<QVector<UpgradablePackage>> &groups, Run *run);
-    QVector<PackageFile> fetchTogether(const QVector<QVector<UpgradablePackage>> &groups, Run *run);
+    /** Starts to fetch the files of some of the groups. */
+    Block begin(const QVector<QVector<UpgradablePackage>> &groups, Run *run);
+    /** The files of a block; those that have not come are empty. */
+    QVector<PackageFile> filesOf(const Block &block, Run *run);
+    void upgradeTogether(const QVector<QVector<UpgradablePackage>> &groups,
+                         const QVector<PackageFile> &files,
+                         Run *run);
     void includeTogether(const QVector<QVector<UpgradablePackage>> &groups,
                          const QVector<PackageFile> &files,
                          Run *run);

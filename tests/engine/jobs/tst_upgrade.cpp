@@ -327,6 +327,8 @@ private Q_SLOTS:
         QCOMPARE(goingOn.count(), 1);
         QCOMPARE(h.listed().filter("2.0"_s).size(), Many);
         QVERIFY(h.settled());
+        for (const PackageInfoPtr &package : h.shell.packages())
+            QCOMPARE(h.inPool(package->name), h.source.inPool(package->name));
         disconnect(seen);
         // The preparation stops without a question.
         h.cancelAt(&RepoShell::started);
