@@ -102,12 +102,14 @@ void BatchInclusion::includeFromSource(const QVector<Candidate> &candidates)
         return;
     recordFiles(suitable);
     const ProcessResult result = m_session.modifyWith(&source.config(), source.arguments());
-    // One file that is refused ends the run for all. They are included, which tells of what is in already.
+    const QSet<QString> added = ReproAnswer::addedPlaces(result.output);
+    // One file that is refused ends the run for all, mostly before it has changed anything.
     if (!result.succeeded() || ReproAnswer::databaseTroubled(result.errorOutput)) {
         ++m_failures;
+        if (!added.isEmpty() && !m_session.isDamaged())
+            noteAll(suitable);
         return;
     }
-    const QSet<QString> added = ReproAnswer::addedPlaces(result.output);
     for (const Candidate &candidate : qAsConst(suitable))
         for (const PackageInfo &record : candidate.records)
             if (added.contains(ReproAnswer::place(m_context.repository.info().codename,
@@ -179,6 +181,19 @@ QSet<ReproListing::Package> BatchInclusion::packagesInDatabase(const QVector<Can
         m_context.repository.info().codename, names, group.first().records.first().indexComponent));
     const auto listed = ReproListing::packages(result.output);
     return {listed.cbegin(), listed.cend()};
+}
+
+void BatchInclusion::noteAll(const QVector<Candidate> &candidates)
+{
+    m_session.requireExport();
+    QMap<QString, QVector<Candidate>> components;
+    for (const Candidate &candidate : candidates)
+        components[candidate.records.first().indexComponent].append(candidate);
+    for (const QVector<Candidate> &component : qAsConst(components)) {
+        const QSet<ReproListing::Package> present = packagesInDatabase(component);
+        for (const Candidate &candidate : component)
+            note(candidate, present);
+    }
 }
 
 bool BatchInclusion::note(const Candidate &candidate, const QSet<ReproListing::Package> &present)

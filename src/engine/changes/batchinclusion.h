@@ -17,9 +17,8 @@ class PackageInclusion;
 
 /**
  * Puts several files into the repository with one run of reprepro, whose start takes longer than the inclusion itself:
- * files of the usual form from a source of our own (PackageSource), and the others by inclusion.
- * It takes only plain files that collide with nothing. When a file fails, PackageInclusion tries it alone later and
- * tells the reason.
+ * files of the usual form from a source of our own (PackageSource), and the others by inclusion. It takes only plain
+ * files that collide with nothing. When a file fails, PackageInclusion tries it alone later and tells the reason.
  */
 class BatchInclusion
 {
@@ -58,6 +57,8 @@ private:
     ProcessResult runWith(const QVector<Candidate> &group);
     /** Those packages of the group that the database has. */
     QSet<ReproListing::Package> packagesInDatabase(const QVector<Candidate> &group);
+    /** The same as note() for files whose run has failed after it had changed the database. */
+    void noteAll(const QVector<Candidate> &candidates);
     /** Tells the inclusion of the records that are in; true when these are all of the candidate. */
     bool note(const Candidate &candidate, const QSet<ReproListing::Package> &present);
 };

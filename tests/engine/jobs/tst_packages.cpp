@@ -305,6 +305,16 @@ private Q_SLOTS:
         QVERIFY(readFile(log).size() > 1);
         QCOMPARE(h.inPool("p15"_s), readFile(later));
         QVERIFY(h.listed().size() == 60 && h.settled());
+        // A run that fails after it has put the files in.
+        RepoHarness other;
+        changer.set("case \"$*\" in *' update '*) PATH=$given \"$real\" \"$@\"; exit 254;; esac");
+        const auto stopping = other.cancelAt(&RepoShell::packageAdded);
+        QCOMPARE(other.add(files), RepoEnums::CANCEL);
+        QVERIFY(other.listed().size() >= 25 && other.listed().size() < 60 && other.settled());
+        disconnect(stopping);
+        other.choice = Rules::PreferHigher;
+        QCOMPARE(other.add(files), RepoEnums::SUCCESS);
+        QVERIFY(other.trouble().isEmpty() && other.listed().size() == 60 && other.settled());
     }
 
     /** Removing is by name, and takes out nothing that another program has brought under a name meanwhile. */
