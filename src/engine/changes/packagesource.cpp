@@ -33,7 +33,7 @@ bool PackageSource::suits(const ConfigFolder &own, const QString &codename)
 
 bool PackageSource::suits(const Package &package)
 {
-    const auto fits = [&package](const PackageInfo &record) {
+    const auto fits = [](const PackageInfo &record) {
         // Else the section would stand on the command line.
         return record.type == PackageType::Deb && record.component == record.indexComponent
                && record.section == record.control.field("Section")

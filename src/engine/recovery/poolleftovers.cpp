@@ -8,10 +8,30 @@
 #include "engine/reprepro/repreprocommands.h"
 #include "engine/reprepro/reprolisting.h"
 
+#include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QSet>
 
 #include <algorithm>
+
+namespace
+{
+/** What apt calls a file of the pool while it writes it: the name, a dot, and six letters or digits. */
+QStringList unfinishedCopies(const QString &repoPath, const QString &file)
+{
+    static const QRegularExpression ending(QStringLiteral("\\A\\.[A-Za-z0-9]{6}\\z"));
+    const QString folder = file.section(QLatin1Char('/'), 0, -2);
+    const QString name = file.section(QLatin1Char('/'), -1);
+    QStringList copies;
+    const QStringList entries
+        = QDir(repoPath + QLatin1Char('/') + folder).entryList(QDir::Files | QDir::Hidden);
+    for (const QString &entry : entries)
+        if (entry.startsWith(name) && ending.match(entry.mid(name.size())).hasMatch())
+            copies.append(folder + QLatin1Char('/') + entry);
+    return copies;
+}
+} // namespace
 
 void PoolLeftovers::removeMissing(const QStringList &files)
 {
@@ -63,7 +83,14 @@ void PoolLeftovers::drop(const QStringList &files)
             m_context.reprepro.run(ReproCommand::detect(package.file));
         needed.insert(package.file);
     }
-    for (const QString &file : files)
-        if (!checksums.contains(file) && !needed.contains(file) && PoolFiles::isInside(path, file))
+    for (const QString &file : files) {
+        if (!PoolFiles::isInside(path, file))
+            continue;
+        const QStringList unfinished = unfinishedCopies(path, file);
+        for (const QString &copy : unfinished)
+            if (!checksums.contains(copy) && !needed.contains(copy))
+                PoolFiles::remove(path, copy);
+        if (!checksums.contains(file) && !needed.contains(file))
             PoolFiles::remove(path, file);
+    }
 }

@@ -198,9 +198,16 @@ private Q_SLOTS:
         h.add(h.debs("taken", "1.0", "other contents"));
         QVERIFY(h.trouble().isEmpty() && h.listed().contains("taken 1.0 main amd64"_s));
         QVERIFY(QFile::exists(stranger));
-        // Neither does an interrupted job's end take it along.
+        // Neither does an interrupted job's end take it along, nor what only looks like a copy that apt was writing.
+        const QString cut = "pool/main/k/k/k_1.0_amd64.deb"_s;
+        const QString ours = h.repoPath() + u'/' + cut;
+        for (const char *ending : {".aB3xyZ", ".orig"})
+            writeFile(ours + QLatin1String(ending), "half");
         ExportSession::setMarker(h.repoPath());
+        writeFile(h.repoPath() + "/db/velt-admin-repo.export-owed"_s, cut.toUtf8() + '\n');
         h.open(h.repoPath());
+        QVERIFY(!QFile::exists(ours + ".aB3xyZ"_s) && QFile::remove(ours + ".orig"_s));
+        QVERIFY(QDir().rmpath(QFileInfo(ours).path()));
         QVERIFY(h.trouble().isEmpty() && QFile::exists(stranger));
         QCOMPARE(h.reprepro({"dumpunreferenced"_s}).output.trimmed(), stranger.mid(h.repoPath().size() + 1));
         QFile::remove(stranger);
