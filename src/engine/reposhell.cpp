@@ -194,7 +194,12 @@ void RepoShell::compareBase()
     if (isRunning() || !m_comparison.isFinished() || !m_completeCheck->isBaseOpen())
         return;
     m_comparison = QtConcurrent::run([this] {
-        if (compareOpenBase())
+        // What changes meanwhile is compared again.
+        bool isChanged = false;
+        do
+            isChanged = compareOpenBase() || isChanged;
+        while (m_completeCheck->isBaseOpen() && !m_context->control.isClosing());
+        if (isChanged)
             Q_EMIT completeCheckChanged();
     });
 }
@@ -272,10 +277,11 @@ bool RepoShell::compareOpenBase()
     if (!m_completeCheck->isBaseOpen())
         return false;
     const CompleteCheckRecord before = m_completeCheck->record();
+    const int changes = m_completeCheck->baseChanges();
     const auto stopped = [this] { return m_context->control.isClosing(); };
     const QByteArray digest = BaseOffers::digestOf(checkScope(before.base), stopped);
     if (!stopped())
-        m_completeCheck->compareBase(before, digest);
+        m_completeCheck->compareBase(before, changes, digest);
     return m_completeCheck->record() != before;
 }
 

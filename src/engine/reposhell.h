@@ -250,7 +250,7 @@ private:
     void startJob(std::function<int()> job);
     /** Looks whether the results of the complete check still hold. On the thread of the job that has ended. */
     void compareCompleteCheck();
-    /** Compares what the check was made against, where that is open; true when its results became stale or hold again. */
+    /** Compares the base of the check, where that is open; true when its results became stale, or hold again. */
     bool compareOpenBase();
     void jobEnded();
 };

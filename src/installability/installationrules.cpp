@@ -5,7 +5,7 @@
 
 namespace
 {
-/** Up to this number of packages, each pair gets a clause. Above it, clauses grow with the number and not its square. */
+/** Up to this number of packages, each pair gets a clause. Above it, clauses grow with the number, not its square. */
 constexpr std::size_t FewPackages = 24;
 
 /** A distribution has some thousands. Each takes some hundred bytes. */

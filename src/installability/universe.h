@@ -106,7 +106,7 @@ public:
     Entries recommends(int package) const { return entriesOf(at(package).recommends, at(package).excludes); }
     /** What must not be installed beside the package: the entries of Conflicts and Breaks. */
     Entries excludes(int package) const { return entriesOf(at(package).excludes, at(package).end); }
-    /** The packages of a set, by rising index. The set of an exclusion can hold packages of the excluding one's name. */
+    /** The packages of a set, by rising index. That of an exclusion can hold packages of the excluding one's name. */
     Members members(int set) const;
     int setCount() const { return static_cast<int>(m_sets.size()); }
     /** The entry as it is written. */

@@ -31,6 +31,14 @@ QByteArray digestOfStamps(QList<QByteArray> stamps)
     return hash.result().toHex();
 }
 
+/** A repository that is checked against itself is checked alone. */
+bool isOtherRepository(const CheckScope &scope)
+{
+    return scope.base.kind == CompleteCheckBase::Repository
+           && QFileInfo(scope.base.repository).canonicalFilePath()
+                  != QFileInfo(scope.repository.path).canonicalFilePath();
+}
+
 bool accepts(const CheckScope &scope, const AptList &list)
 {
     return !scope.acceptsOrigin || scope.acceptsOrigin(list.origin);
@@ -156,7 +164,7 @@ BaseOffers::read(const CheckScope &scope, const QStringList &architectures, cons
 {
     if (isOfPublicSources(scope.base))
         return readPublic(scope, architectures, stopped);
-    return scope.base.kind == CompleteCheckBase::Repository ? readRepository(scope) : BaseOffers();
+    return isOtherRepository(scope) ? readRepository(scope) : BaseOffers();
 }
 
 QByteArray BaseOffers::digestOf(const CheckScope &scope, const StopRequest &stopped)
@@ -165,7 +173,7 @@ QByteArray BaseOffers::digestOf(const CheckScope &scope, const StopRequest &stop
         AptLists apt;
         return apt.find(stopped) ? digestOfLists(acceptedLists(scope, apt)) : QByteArray();
     }
-    if (scope.base.kind != CompleteCheckBase::Repository)
+    if (!isOtherRepository(scope))
         return {};
     const auto info = DistributionsFile(scope.base.repository).read();
     return info ? digestOfRepository(scope.base.repository, *info) : QByteArray();

@@ -29,12 +29,12 @@ int CompleteCheckJob::run(const QList<PackageInfoPtr> &packages, const CompleteC
     const QStringList architectures = m_context.repository.info().binaryArchitectures();
     const auto stopped = [this] { return mustStop(); };
     const BaseOffers offers = BaseOffers::read(scope, architectures + base.foreignArchitectures, stopped);
-    // Against a repository that is not there, every package would seem to lack what it needs.
-    if (base.kind == CompleteCheckBase::Repository && !offers.problem.isEmpty() && !mustStop()) {
+    // Against a base that is not there, or only in part, packages would seem to lack what they need.
+    if (!offers.problem.isEmpty() && !mustStop()) {
         m_context.errors.critical(offers.problem, offers.problemDetails);
         return frame.finish(ERROR, tr("Complete check: nothing was checked"), CHECK_DEPENDS_JOB);
     }
-    tellProblems(offers);
+    tellUnknownArchitectures(offers);
     for (const PackageType type : {PackageType::Deb, PackageType::Udeb}) {
         for (const QString &architecture : architectures) {
             const bool isAny
@@ -160,13 +160,9 @@ void CompleteCheckJob::publish(bool keepsOthers)
     }
 }
 
-void CompleteCheckJob::tellProblems(const BaseOffers &offers)
+void CompleteCheckJob::tellUnknownArchitectures(const BaseOffers &offers)
 {
-    if (mustStop())
-        return;
-    if (!offers.problem.isEmpty())
-        m_context.errors.critical(offers.problem, offers.problemDetails, WARNING);
-    else if (!offers.unknownArchitectures.isEmpty())
+    if (!mustStop() && !offers.unknownArchitectures.isEmpty())
         m_context.errors.critical(
             AptUtils::unknownArchitecturesText(offers.unknownArchitectures), QString(), WARNING);
 }

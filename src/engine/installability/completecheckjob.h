@@ -48,6 +48,6 @@ private:
                      bool isComplete,
                      InstallabilityCheck &check);
     void publish(bool keepsOthers);
-    void tellProblems(const BaseOffers &offers);
+    void tellUnknownArchitectures(const BaseOffers &offers);
     bool mustStop() const;
 };

@@ -51,6 +51,13 @@ void CompleteCheckState::forgetBase()
 {
     const QMutexLocker lock(&m_mutex);
     m_isBaseOpen = true;
+    ++m_baseChanges;
+}
+
+int CompleteCheckState::baseChanges() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_baseChanges;
 }
 
 void CompleteCheckState::comparePackages(const QList<PackageInfoPtr> &packages)
@@ -65,10 +72,12 @@ void CompleteCheckState::comparePackages(const QList<PackageInfoPtr> &packages)
     update();
 }
 
-void CompleteCheckState::compareBase(const CompleteCheckRecord &record, const QByteArray &baseDigest)
+void CompleteCheckState::compareBase(const CompleteCheckRecord &record,
+                                     int changes,
+                                     const QByteArray &baseDigest)
 {
     const QMutexLocker lock(&m_mutex);
-    if (m_record.base != record.base || m_record.digest != record.digest)
+    if (m_record.base != record.base || m_record.digest != record.digest || m_baseChanges != changes)
         return;
     m_isBaseOpen = false;
     m_isBaseOther = basePart(m_record.digest) != baseDigest;

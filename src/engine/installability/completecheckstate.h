@@ -7,7 +7,9 @@
 #include <QList>
 #include <QMutex>
 
-/** What an engine knows of the last complete check of its repository, and whether its results still hold. Thread-safe. */
+/**
+ * What an engine knows of the last complete check of its repository, and whether its results still hold. Thread-safe.
+ */
 class CompleteCheckState
 {
 public:
@@ -20,10 +22,15 @@ public:
     bool isBaseOpen() const;
     /** What the base offers may have changed. */
     void forgetBase();
+    /** How often that was so: a comparison that began before the last time says nothing. */
+    int baseChanges() const;
     /** Compares with the packages as they are now: the results have become stale, or hold again. */
     void comparePackages(const QList<PackageInfoPtr> &packages);
-    /** Compares with what the base of `record` offers now; the same. Nothing when there is another record by now. */
-    void compareBase(const CompleteCheckRecord &record, const QByteArray &baseDigest);
+    /**
+     * Compares with what the base of `record` offered after so many changes; the same. Nothing when there is another
+     * record by now, or another change.
+     */
+    void compareBase(const CompleteCheckRecord &record, int changes, const QByteArray &baseDigest);
 
     /** The digest of a check of these packages. */
     static QByteArray digestOf(const QList<PackageInfoPtr> &packages, const QByteArray &baseDigest);
@@ -34,6 +41,7 @@ private:
     bool m_arePackagesOther = false;
     bool m_isBaseOther = false;
     bool m_isBaseOpen = false;
+    int m_baseChanges = 0;
 
     void update();
 };

@@ -50,8 +50,8 @@ QString remove(const QString &codename,
 QString include(const QString &codename, const PackageInfo &record, const QStringList &files);
 
 /**
- * Takes in what the sources in conf/updates offer. Their indices are read anew into an empty folder. The run prints what
- * it changes, see ReproAnswer::addedPlaces().
+ * Takes in what the sources in conf/updates offer. Their indices are read anew into an empty folder. The run prints
+ * what it changes, see ReproAnswer::addedPlaces().
  */
 QString update(const QString &codename, const QString &listsFolder);
 

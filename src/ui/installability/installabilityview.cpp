@@ -71,6 +71,12 @@ void InstallabilityView::setCheck(const CompleteCheckRecord &check)
     startOver();
 }
 
+void InstallabilityView::repositoryChanged()
+{
+    if (m_isAsked)
+        startOver();
+}
+
 void InstallabilityView::setCheckEnabled(bool enabled)
 {
     m_ui->m_checkToolButton->setEnabled(enabled);

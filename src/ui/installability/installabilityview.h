@@ -41,6 +41,8 @@ public:
     PackageInfoPtr package() const { return m_facts.package; }
     /** The last complete check of the repository. */
     void setCheck(const CompleteCheckRecord &check);
+    /** A job has ended: what the page has found out about other packages may be old. */
+    void repositoryChanged();
     /** Whether the package can be checked now. */
     void setCheckEnabled(bool enabled);
     /** Whether the repository can be changed now. */

@@ -126,7 +126,10 @@ void RepoWidget::connectShell()
         m_progressTimer.stop();
         Q_EMIT progressBarSetValue(m_shell->progress());
     });
-    connect(m_shell, &RepoShell::idle, this, [this] { setRunning(false); });
+    connect(m_shell, &RepoShell::idle, this, [this] {
+        setRunning(false);
+        m_installability->repositoryChanged();
+    });
     // Some jobs do not emit a signal for each item, so a timer asks for the progress.
     m_progressTimer.setInterval(ProgressInterval);
     connect(&m_progressTimer, &QTimer::timeout, this, [this] {

@@ -11,7 +11,7 @@ class QWidget;
 class RepoProxyModel;
 class RepoTreeView;
 
-/** The search line above the package tree, and the menu "Packet Filter", which chooses the shown packages by what checks said. */
+/** The search line above the package tree, and the menu "Packet Filter", which chooses by what checks have said. */
 class TreeFilter : public QObject
 {
     Q_OBJECT
