@@ -108,14 +108,14 @@ private Q_SLOTS:
     void installerPackages()
     {
         RelatedPackages h({"deb 1.0"_s}, Offered);
-        h.add({h.deb(described("part 1.0; Depends: piece"_s).udeb()),
+        h.add({h.deb(described("bit 1.0; Depends: piece"_s).udeb()),
                h.deb(described("piece 1.0"_s).udeb()),
                h.deb(described("lost 1.0; Depends: deb"_s).udeb())});
         h.check(CompleteCheckBase::Nothing);
-        QCOMPARE(h.named(Installable) + u'|' + h.broken(), "deb part piece|lost"_s);
+        QCOMPARE(h.named(Installable) + u'|' + h.broken(), "bit deb piece|lost"_s);
         // The base may offer what is missing, in a list that apt does not fetch.
         h.check(CompleteCheckBase::Public);
-        QCOMPARE(h.named(Installable) + u'|' + h.named(InstallabilityUnknown), "deb part piece|lost"_s);
+        QCOMPARE(h.named(Installable) + u'|' + h.named(InstallabilityUnknown), "bit deb piece|lost"_s);
         QVERIFY(h.notes.join(u' ').contains("1 installer package"_s));
     }
 
