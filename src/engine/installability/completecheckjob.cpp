@@ -4,11 +4,11 @@
 #include "apt/aptutils.h"
 #include "engine/installability/checkedsystem.h"
 #include "engine/installability/completecheckstate.h"
+#include "engine/repository/presentrecords.h"
 #include "installability/installabilitycheck.h"
 #include "installability/installabilityreasons.h"
 
 #include <QElapsedTimer>
-#include <QSet>
 
 #include <algorithm>
 #include <utility>
@@ -22,7 +22,7 @@ CompleteCheckJob::CompleteCheckJob(JobContext &context, CompleteCheckRecord prev
 int CompleteCheckJob::run(const QList<PackageInfoPtr> &packages, const CompleteCheckBase &base)
 {
     JobFrame frame(m_context, tr("Complete check"));
-    const auto records = presentRecords(packages);
+    const auto records = presentRecords(m_context.packages, packages);
     const auto all = m_context.packages.all();
     m_context.progress.setRange(records.size());
     const CheckScope scope{{m_context.path(), {}, all}, base, m_context.choices.acceptedOrigins(), {}};
@@ -76,20 +76,6 @@ int CompleteCheckJob::run(const QList<PackageInfoPtr> &packages, const CompleteC
                             .arg(m_counts.value(NotInstallable))
                             .arg(m_counts.value(InstallabilityUndecided)),
                         CHECK_DEPENDS_JOB);
-}
-
-QList<PackageInfoPtr> CompleteCheckJob::presentRecords(const QList<PackageInfoPtr> &packages) const
-{
-    QList<PackageInfoPtr> records;
-    QSet<PackageInfoPtr> seen;
-    for (const PackageInfoPtr &package : packages) {
-        const PackageInfoPtr record = m_context.packages.find(PackageKey::of(*package));
-        if (!record || seen.contains(record))
-            continue;
-        seen.insert(record);
-        records.append(record);
-    }
-    return records;
 }
 
 void CompleteCheckJob::checkSystem(const CheckedSystem &system, const QVector<int> &asked, bool isComplete)

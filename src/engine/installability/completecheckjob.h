@@ -41,7 +41,6 @@ private:
     QHash<int, int> m_counts; ///< by Installability
     int m_leftOut = 0; ///< installer packages of which nothing can be said
 
-    QList<PackageInfoPtr> presentRecords(const QList<PackageInfoPtr> &packages) const;
     void checkSystem(const CheckedSystem &system, const QVector<int> &asked, bool isComplete);
     void takeResults(const CheckedSystem &system,
                      const QVector<int> &asked,

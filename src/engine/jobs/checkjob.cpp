@@ -8,13 +8,12 @@
 #include "depends/dependsreport.h"
 #include "depends/localcandidates.h"
 #include "engine/changes/jobframe.h"
-
-#include <QSet>
+#include "engine/repository/presentrecords.h"
 
 int CheckJob::run(const QList<PackageInfoPtr> &packages)
 {
     JobFrame frame(m_context, tr("Checking depends"));
-    const auto records = presentRecords(packages);
+    const auto records = presentRecords(m_context.packages, packages);
     m_context.progress.setRange(records.size());
     const bool isOn = m_context.choices.dependsRepoType() != DependsNowhere;
     const int checked = checkRecords(records, [&frame] { frame.quickItemDone(); });
@@ -32,26 +31,12 @@ int CheckJob::run(const QList<PackageInfoPtr> &packages)
 
 void CheckJob::checkPresent(const QList<PackageInfoPtr> &packages)
 {
-    const auto records = presentRecords(packages);
+    const auto records = presentRecords(m_context.packages, packages);
     const int checked = checkRecords(records);
     if (m_context.choices.dependsRepoType() != DependsNowhere && checked < records.size() && mustStop())
         Q_EMIT m_context.listener.noted(
             tr("Operation stopped. %1 of %n package(s) depends checked", nullptr, records.size())
                 .arg(checked));
-}
-
-QList<PackageInfoPtr> CheckJob::presentRecords(const QList<PackageInfoPtr> &packages) const
-{
-    QList<PackageInfoPtr> records;
-    QSet<PackageInfoPtr> seen;
-    for (const PackageInfoPtr &package : packages) {
-        const PackageInfoPtr record = m_context.packages.find(PackageKey::of(*package));
-        if (!record || seen.contains(record))
-            continue;
-        seen.insert(record);
-        records.append(record);
-    }
-    return records;
 }
 
 int CheckJob::checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone)

@@ -32,7 +32,6 @@ public:
 private:
     JobContext &m_context;
 
-    QList<PackageInfoPtr> presentRecords(const QList<PackageInfoPtr> &packages) const;
     int checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone = {});
     bool mustStop() const;
 };
