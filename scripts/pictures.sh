@@ -72,7 +72,7 @@ prepare() {
     systemctl restart polkit
     # apt has the lists of this machine; only its usual sources are shown.
     find /etc/apt/sources.list.d -type f ! -name 'debian.sources' -delete
-    mkdir -p /srv/packages/{first,newer} /srv/repos
+    mkdir -p /srv/packages/{first,newer,changed} /srv/repos
     cd /srv/packages
     package first backup-agent 2.4.1-1 amd64 admin 'rsync, report-client (>= 1.8), cloud-uploader' 'backs up a workstation every night
  Files that have changed are copied to the server of the department,
@@ -84,8 +84,9 @@ prepare() {
     package first scanner-firmware 1.12-1 amd64 contrib/utils '' 'firmware for the scanners in the offices'
     package first vpn-config 3.0-1 amd64 net 'openvpn' 'settings for the network from outside'
     package first letter-templates 2026.1 amd64 text 'libreoffice-writer' 'templates for letters and faxes'
-    package newer backup-agent 2.5.0-1 amd64 admin 'rsync' 'backs up a workstation every night'
+    package newer backup-agent 2.5.0-1 amd64 admin 'rsync, cloud-uploader' 'backs up a workstation every night'
     package newer report-client 1.9-1 amd64 net 'curl' 'sends reports to the report server'
+    package changed vpn-config 3.0-1 amd64 net 'openvpn, resolvconf' 'settings for the network from outside'
     (cd newer && dpkg-scanpackages . 2>/dev/null >Packages)
     chown -R anna: /srv/packages /srv/repos
     mkdir -p /run/user/anna && chown anna: /run/user/anna && chmod 700 /run/user/anna
@@ -249,6 +250,54 @@ take() {
     focus "Choose packages to upgrade"
     picture upgrade-packages "Choose packages to upgrade"
     keys Escape
+
+    say "Preview"
+    velt-admin-repo /srv/packages/{newer,changed}/*.deb || true
+    focus "Package add settings"
+    keys Return
+    focus "Preview"
+    sleep 8
+    # The manual takes no wider pictures.
+    xdotool windowsize --sync "$(window_of "Preview")" 836 620 || true
+    sleep 1
+    picture preview "Preview"
+    # The last row has another file of the same version; the button is before the rows.
+    keys End
+    keys shift+Tab
+    keys space
+    focus "Difference"
+    sleep 2
+    picture difference "Difference"
+    keys Escape
+    focus "Preview"
+    keys Return
+    until_true 60 grep -q "Version: 2.5.0-1" "$index" || die "not replaced"
+    sleep 3
+
+    say "History"
+    focus velt-admin-repo
+    xdotool windowsize --sync "$main" 840 640 || true
+    keys ctrl+h
+    sleep 2
+    keys Home
+    keys Right
+    sleep 1
+    picture history velt-admin-repo
+    menu 3 last
+    focus "History"
+    picture history-settings "History"
+    keys Escape
+    focus velt-admin-repo
+    keys ctrl+z
+    focus "Preview"
+    sleep 8
+    keys Return
+    until_true 60 grep -q "Version: 2.4.1-1" "$index" || die "not undone"
+    sleep 3
+    focus velt-admin-repo
+    keys ctrl+h
+    xdotool windowsize --sync "$main" 840 548 || true
+    sleep 1
 
     say "Publishing"
     focus velt-admin-repo

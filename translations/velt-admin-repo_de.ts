@@ -46,6 +46,33 @@
         <source>(each package&apos;s own component)</source>
         <translation>(eigene Komponente jedes Pakets)</translation>
     </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Vorschau...</translation>
+    </message>
+</context>
+<context>
+    <name>ApplyJob</name>
+    <message>
+        <source>Nothing was done: there is no preview of this repository.</source>
+        <translation>Es wurde nichts getan: Es gibt keine Vorschau für dieses Repository.</translation>
+    </message>
+    <message>
+        <source>Applying the preview</source>
+        <translation>Vorschau wird angewendet</translation>
+    </message>
+    <message>
+        <source>Nothing was done.</source>
+        <translation>Es wurde nichts getan.</translation>
+    </message>
+    <message>
+        <source>Nothing was done: the repository or a file has changed since the preview was made.</source>
+        <translation>Es wurde nichts getan: Das Repository oder eine Datei hat sich seit der Vorschau geändert.</translation>
+    </message>
+    <message>
+        <source>Nothing was to be changed.</source>
+        <translation>Es war nichts zu ändern.</translation>
+    </message>
 </context>
 <context>
     <name>AptFetch</name>
@@ -191,6 +218,33 @@
     </message>
 </context>
 <context>
+    <name>ChangesModel</name>
+    <message>
+        <source>Package</source>
+        <translation>Paket</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>Architecture</source>
+        <translation>Architektur</translation>
+    </message>
+    <message>
+        <source>Component</source>
+        <translation>Komponente</translation>
+    </message>
+    <message>
+        <source>Old version</source>
+        <translation>Alte Version</translation>
+    </message>
+    <message>
+        <source>New version</source>
+        <translation>Neue Version</translation>
+    </message>
+</context>
+<context>
     <name>CheckBaseMenu</name>
     <message>
         <source>Complete check against</source>
@@ -244,6 +298,13 @@
     </message>
 </context>
 <context>
+    <name>ColumnChoice</name>
+    <message>
+        <source>Columns</source>
+        <translation>Spalten</translation>
+    </message>
+</context>
+<context>
     <name>CompanionsTree</name>
     <message>
         <source>Package</source>
@@ -279,6 +340,96 @@
             <numerusform>Auf ein leeres System kommt %n Paket: %1 Download, %2 auf der Platte</numerusform>
             <numerusform>Auf ein leeres System kommen %n Pakete: %1 Download, %2 auf der Platte</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>CopyCommands</name>
+    <message>
+        <source>Copy to repository...</source>
+        <translation>In Repository kopieren...</translation>
+    </message>
+    <message>
+        <source>Move to repository...</source>
+        <translation>In Repository verschieben...</translation>
+    </message>
+    <message>
+        <source>Not copied: %1</source>
+        <translation>Nicht kopiert: %1</translation>
+    </message>
+    <message>
+        <source>You cannot change the repository %1: its files belong to another user, or its disk is read-only.</source>
+        <translation>Sie können das Repository %1 nicht ändern: Seine Dateien gehören einem anderen Benutzer, oder sein Datenträger ist schreibgeschützt.</translation>
+    </message>
+    <message>
+        <source>The packages are in this component already.</source>
+        <translation>Die Pakete sind schon in dieser Komponente.</translation>
+    </message>
+    <message>
+        <source>Move confirmation</source>
+        <translation>Verschieben bestätigen</translation>
+    </message>
+    <message>
+        <source>Do you want to move the selected packages to %1?</source>
+        <translation>Möchten Sie die ausgewählten Pakete nach %1 verschieben?</translation>
+    </message>
+    <message>
+        <source>Will be copied next: %1</source>
+        <translation>Wird als Nächstes kopiert: %1</translation>
+    </message>
+    <message>
+        <source>The packages were copied, and stay in %1 too.</source>
+        <translation>Die Pakete wurden kopiert und bleiben auch in %1.</translation>
+    </message>
+</context>
+<context>
+    <name>CopyDialog</name>
+    <message>
+        <source>With what they depend on</source>
+        <translation>Mit ihren Abhängigkeiten</translation>
+    </message>
+    <message>
+        <source>Move packages</source>
+        <translation>Pakete verschieben</translation>
+    </message>
+    <message>
+        <source>Copy packages</source>
+        <translation>Pakete kopieren</translation>
+    </message>
+    <message>
+        <source>%1 (another component)</source>
+        <translation>%1 (andere Komponente)</translation>
+    </message>
+    <message>
+        <source>Open another...</source>
+        <translation>Anderes öffnen...</translation>
+    </message>
+    <message>
+        <source>Also those packages that they need and that the other repository does not have. These are always copied.</source>
+        <translation>Auch die Pakete, die sie brauchen und die das andere Repository nicht hat. Diese werden immer kopiert.</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Vorschau...</translation>
+    </message>
+    <message>
+        <source>Repository:</source>
+        <translation>Repository:</translation>
+    </message>
+    <message>
+        <source>Component:</source>
+        <translation>Komponente:</translation>
+    </message>
+    <message>
+        <source>as it is</source>
+        <translation>wie sie ist</translation>
     </message>
 </context>
 <context>
@@ -543,6 +694,161 @@
     </message>
 </context>
 <context>
+    <name>DescriptionEffect</name>
+    <message>
+        <source>The repository moves from %1 to %2.</source>
+        <translation>Das Repository zieht von %1 nach %2 um.</translation>
+    </message>
+    <message>
+        <source>The indices are written below dists/%1, and dists/%2 is deleted.</source>
+        <translation>Die Indexdateien werden unter dists/%1 geschrieben, und dists/%2 wird gelöscht.</translation>
+    </message>
+    <message>
+        <source>All indices below dists/%1 are written anew.</source>
+        <translation>Alle Indexdateien unter dists/%1 werden neu geschrieben.</translation>
+    </message>
+    <message>
+        <source>The indices of these components are deleted: %1.</source>
+        <translation>Die Indexdateien dieser Komponenten werden gelöscht: %1.</translation>
+    </message>
+    <message>
+        <source>Indices of these components are added: %1.</source>
+        <translation>Indexdateien dieser Komponenten kommen hinzu: %1.</translation>
+    </message>
+    <message>
+        <source>The indices of these architectures are deleted: %1.</source>
+        <translation>Die Indexdateien dieser Architekturen werden gelöscht: %1.</translation>
+    </message>
+    <message>
+        <source>Indices of these architectures are added: %1.</source>
+        <translation>Indexdateien dieser Architekturen kommen hinzu: %1.</translation>
+    </message>
+    <message>
+        <source>The lists of the packages&apos; files (Contents) are added.</source>
+        <translation>Die Listen der Dateien der Pakete (Contents) kommen hinzu.</translation>
+    </message>
+    <message>
+        <source>The lists of the packages&apos; files (Contents) are deleted.</source>
+        <translation>Die Listen der Dateien der Pakete (Contents) werden gelöscht.</translation>
+    </message>
+    <message>
+        <source>These lines of the description are lost, and the file with them is kept as %1: %2</source>
+        <translation>Diese Zeilen der Beschreibung gehen verloren; die Datei mit ihnen wird als %1 aufbewahrt: %2</translation>
+    </message>
+    <message>
+        <source>In the line of the source on each client, %1 must be replaced with %2.</source>
+        <translation>In der Quellzeile jedes Clients muss %1 durch %2 ersetzt werden.</translation>
+    </message>
+    <message>
+        <source>apt on the clients refuses to update until the change of %1 is accepted. This command accepts it: %2</source>
+        <translation>apt auf den Clients verweigert das Aktualisieren der Paketlisten, bis die Änderung von %1 angenommen ist. Dieser Befehl nimmt sie an: %2</translation>
+    </message>
+    <message>
+        <source>apt on the clients tells of the change of Suite from %1 to %2, and old versions of apt refuse it. This command accepts it: %3</source>
+        <translation>apt auf den Clients meldet die Änderung von Suite von %1 zu %2, und alte Versionen von apt verweigern sie. Dieser Befehl nimmt sie an: %3</translation>
+    </message>
+    <message>
+        <source>Clients that use the folder itself need the new path in the line of the source.</source>
+        <translation>Clients, die den Ordner selbst benutzen, brauchen den neuen Pfad in der Quellzeile.</translation>
+    </message>
+    <message>
+        <source>Clients must take these components out of the line of the source: %1.</source>
+        <translation>Clients müssen diese Komponenten aus der Quellzeile nehmen: %1.</translation>
+    </message>
+    <message>
+        <source>Clients of these architectures get nothing from the repository any more: %1.</source>
+        <translation>Clients dieser Architekturen bekommen nichts mehr aus dem Repository: %1.</translation>
+    </message>
+    <message>
+        <source>The repository is not signed any more: apt refuses it unless the line of the source has [trusted=yes].</source>
+        <translation>Das Repository ist nicht mehr signiert: apt lehnt es ab, wenn die Quellzeile nicht [trusted=yes] enthält.</translation>
+    </message>
+    <message>
+        <source>The repository is signed from then on: clients need the public key to check that.</source>
+        <translation>Das Repository ist von da an signiert: Clients brauchen den öffentlichen Schlüssel, um das zu prüfen.</translation>
+    </message>
+    <message>
+        <source>The lists of the packages&apos; files (Contents) are written in another form.</source>
+        <translation>Die Listen der Dateien der Pakete (Contents) werden in anderer Form geschrieben.</translation>
+    </message>
+    <message numerus="yes">
+        <source>apt on the clients refuses indices that are older than %n day(s), so the repository must be exported again before that.</source>
+        <translation>
+            <numerusform>apt lehnt auf den Clients Indexdateien ab, die älter als %n Tag sind, deshalb muss das Repository vorher neu exportiert werden.</numerusform>
+            <numerusform>apt lehnt auf den Clients Indexdateien ab, die älter als %n Tage sind, deshalb muss das Repository vorher neu exportiert werden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The repository is signed with another key from then on: apt on the clients refuses it until they have the public part of that key.</source>
+        <translation>Das Repository wird von da an mit einem anderen Schlüssel signiert: apt lehnt es auf den Clients ab, bis sie den öffentlichen Teil dieses Schlüssels haben.</translation>
+    </message>
+</context>
+<context>
+    <name>DifferenceDialog</name>
+    <message>
+        <source>Difference</source>
+        <translation>Unterschied</translation>
+    </message>
+    <message>
+        <source>Present file: %1</source>
+        <translation>Vorhandene Datei: %1</translation>
+    </message>
+    <message>
+        <source>New file: %1</source>
+        <translation>Neue Datei: %1</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>apt takes packages of one version for the same, so clients that have the present one would not get the new one. Build it with the version %1, which sorts after %2 and before the next version of its maker.</source>
+        <translation>apt hält Pakete einer Version für dasselbe Paket. Clients, die das vorhandene haben, bekämen das neue also nicht. Bauen Sie es mit der Version %1, die nach %2 und vor der nächsten Version des Herstellers einsortiert wird.</translation>
+    </message>
+    <message>
+        <source>Comparing the files...</source>
+        <translation>Die Dateien werden verglichen...</translation>
+    </message>
+    <message>
+        <source>The packages are too large to compare their files. This is what else differs:</source>
+        <translation>Die Pakete sind zu groß, um ihre Dateien zu vergleichen. Sonst unterscheiden sie sich darin:</translation>
+    </message>
+    <message>
+        <source>Both packages hold the same. Only the way in which they were packed differs, such as times or the compression.</source>
+        <translation>Beide Pakete haben denselben Inhalt. Nur die Art, wie sie gepackt sind, unterscheidet sich, zum Beispiel Zeiten oder die Kompression.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n difference(s):</source>
+        <translation>
+            <numerusform>%n Unterschied:</numerusform>
+            <numerusform>%n Unterschiede:</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>DifferenceModel</name>
+    <message>
+        <source>Part</source>
+        <translation>Teil</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Present file</source>
+        <translation>Vorhandene Datei</translation>
+    </message>
+    <message>
+        <source>New file</source>
+        <translation>Neue Datei</translation>
+    </message>
+    <message>
+        <source>(not there)</source>
+        <translation>(nicht vorhanden)</translation>
+    </message>
+</context>
+<context>
     <name>DpkgUtils</name>
     <message>
         <source>&quot;%1&quot; is not a version</source>
@@ -789,6 +1095,44 @@
     </message>
 </context>
 <context>
+    <name>FileListModel</name>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Permissions</source>
+        <translation>Rechte</translation>
+    </message>
+    <message>
+        <source>%1 bytes</source>
+        <translation>%1 Byte</translation>
+    </message>
+</context>
+<context>
+    <name>FilterLine</name>
+    <message>
+        <source>Remove the filter %1</source>
+        <translation>Den Filter %1 entfernen</translation>
+    </message>
+    <message>
+        <source>Show all</source>
+        <translation>Alle zeigen</translation>
+    </message>
+    <message>
+        <source>Remove all filters</source>
+        <translation>Alle Filter entfernen</translation>
+    </message>
+    <message>
+        <source>%1 of %2 packages shown</source>
+        <translation>%1 von %2 Paketen werden gezeigt</translation>
+    </message>
+</context>
+<context>
     <name>FoundPackagesModel</name>
     <message>
         <source>Package</source>
@@ -805,6 +1149,97 @@
     <message>
         <source>Repository</source>
         <translation>Repository</translation>
+    </message>
+</context>
+<context>
+    <name>FurtherFields</name>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>Show the rarer fields of the description</source>
+        <translation>Die selteneren Felder der Beschreibung zeigen</translation>
+    </message>
+    <message>
+        <source>Origin</source>
+        <translation>Ursprung</translation>
+    </message>
+    <message>
+        <source>This required field.
+Who makes the packages. Clients can select by it.</source>
+        <translation>Dieses Feld ist erforderlich.
+Wer die Pakete macht. Clients können danach auswählen.</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Bezeichnung</translation>
+    </message>
+    <message>
+        <source>This optional field.
+Clients can select the repository by it.</source>
+        <translation>Dieses Feld ist optional.
+Clients können das Repository danach auswählen.</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>This optional field.
+One line that tells what is in the repository.</source>
+        <translation>Dieses Feld ist optional.
+Eine Zeile, die sagt, was im Repository ist.</translation>
+    </message>
+    <message>
+        <source>Signing key</source>
+        <translation>Signierschlüssel</translation>
+    </message>
+    <message>
+        <source>The key that signs the repository (apt). Clients need its public part.</source>
+        <translation>Der Schlüssel, der das Repository signiert (apt). Clients brauchen seinen öffentlichen Teil.</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Inhalt</translation>
+    </message>
+    <message>
+        <source>How the lists of the packages&apos; files are compressed, and what they list.
+Without a choice, .gz.</source>
+        <translation>Wie die Listen der Dateien der Pakete komprimiert werden und was sie nennen.
+Ohne Auswahl .gz.</translation>
+    </message>
+    <message>
+        <source>Valid for (days)</source>
+        <translation>Gültig (Tage)</translation>
+    </message>
+    <message>
+        <source>Clients refuse the repository when its indices have not been written for so many days.</source>
+        <translation>Clients lehnen das Repository ab, wenn seine Indexdateien so viele Tage nicht geschrieben wurden.</translation>
+    </message>
+    <message>
+        <source>Other fields</source>
+        <translation>Weitere Felder</translation>
+    </message>
+    <message>
+        <source>What else is in the description. It stays as it is.</source>
+        <translation>Was sonst in der Beschreibung steht. Es bleibt, wie es ist.</translation>
+    </message>
+    <message>
+        <source>no limit</source>
+        <translation>keine Grenze</translation>
+    </message>
+    <message>
+        <source>Default key of gpg</source>
+        <translation>Standardschlüssel von gpg</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 (not listed)</source>
+        <translation>%1 (nicht vorhanden)</translation>
     </message>
 </context>
 <context>
@@ -926,6 +1361,422 @@
     <message>
         <source>The system bus cannot be reached. Without it, nothing in the system can be changed. Start the service dbus, then this program once more.</source>
         <translation>Der Systembus ist nicht erreichbar. Ohne ihn lässt sich im System nichts ändern. Starten Sie den Dienst dbus, danach dieses Programm erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryCommands</name>
+    <message>
+        <source>Undo last change</source>
+        <translation>Letzte Änderung rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Go back to this point</source>
+        <translation>Zu diesem Punkt zurückkehren</translation>
+    </message>
+    <message>
+        <source>Bring back this package</source>
+        <translation>Dieses Paket zurückholen</translation>
+    </message>
+    <message>
+        <source>Show difference</source>
+        <translation>Unterschied anzeigen</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Show history</source>
+        <translation>Verlauf anzeigen</translation>
+    </message>
+    <message>
+        <source>The history is switched off: no more states are kept.</source>
+        <translation>Der Verlauf ist ausgeschaltet: Es werden keine Stände mehr aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>No repository is open.</source>
+        <translation>Kein Repository ist geöffnet.</translation>
+    </message>
+    <message>
+        <source>The history is being read...</source>
+        <translation>Der Verlauf wird gelesen...</translation>
+    </message>
+    <message>
+        <source>Wait until the running job has ended.</source>
+        <translation>Warten Sie, bis die laufende Aufgabe beendet ist.</translation>
+    </message>
+    <message>
+        <source>You may not write to this repository.</source>
+        <translation>Sie dürfen in diesem Repository nichts ändern.</translation>
+    </message>
+    <message>
+        <source>There is no change to undo.</source>
+        <translation>Es gibt keine Änderung, die rückgängig gemacht werden kann.</translation>
+    </message>
+    <message>
+        <source>No state was kept to go back to.</source>
+        <translation>Es wurde kein Stand für eine Rückkehr aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>Show the history to choose a point.</source>
+        <translation>Zeigen Sie den Verlauf an, um einen Punkt zu wählen.</translation>
+    </message>
+    <message>
+        <source>Select one point.</source>
+        <translation>Wählen Sie einen Punkt aus.</translation>
+    </message>
+    <message>
+        <source>The state before this point: %1</source>
+        <translation>Der Stand vor diesem Punkt: %1</translation>
+    </message>
+    <message>
+        <source>Show the history to choose a package.</source>
+        <translation>Zeigen Sie den Verlauf an, um ein Paket zu wählen.</translation>
+    </message>
+    <message>
+        <source>Select one package below a point.</source>
+        <translation>Wählen Sie ein Paket unter einem Punkt aus.</translation>
+    </message>
+    <message>
+        <source>The package has no old version here.</source>
+        <translation>Das Paket hat hier keine alte Version.</translation>
+    </message>
+    <message>
+        <source>Select one point or two.</source>
+        <translation>Wählen Sie einen oder zwei Punkte aus.</translation>
+    </message>
+    <message numerus="yes">
+        <source>No state was kept between this change and now, so %n change(s) will be undone.</source>
+        <translation>
+            <numerusform>Seit dieser Änderung wurde kein Stand aufbewahrt, daher wird %n Änderung rückgängig gemacht.</numerusform>
+            <numerusform>Seit dieser Änderung wurde kein Stand aufbewahrt, daher werden %n Änderungen rückgängig gemacht.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) will be undone: this one and all later ones.</source>
+        <translation>
+            <numerusform>%n Änderung wird rückgängig gemacht: diese und alle späteren.</numerusform>
+            <numerusform>%n Änderungen werden rückgängig gemacht: diese und alle späteren.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What will change: %1.</source>
+        <translation>Was sich ändern wird: %1.</translation>
+    </message>
+    <message>
+        <source>What will change is not known, because a record is missing or damaged.</source>
+        <translation>Was sich ändern wird, ist nicht bekannt, weil ein Eintrag fehlt oder beschädigt ist.</translation>
+    </message>
+    <message>
+        <source>The description of the repository becomes the old one.</source>
+        <translation>Die Beschreibung des Repositorys wird wieder die alte.</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Do you want to undo this change?
+%1</source>
+        <translation>Möchten Sie diese Änderung rückgängig machen?
+%1</translation>
+    </message>
+    <message>
+        <source>Do you want to go back to the state before this change?
+%1</source>
+        <translation>Möchten Sie zum Stand vor dieser Änderung zurückkehren?
+%1</translation>
+    </message>
+    <message>
+        <source>Do you want to bring back %1 %2 (%3)?</source>
+        <translation>Möchten Sie %1 %2 (%3) zurückholen?</translation>
+    </message>
+    <message>
+        <source>The file is added to component %1. A present version of the package is replaced.</source>
+        <translation>Die Datei wird zur Komponente %1 hinzugefügt. Eine vorhandene Version des Pakets wird ersetzt.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do you want to delete %n restore point(s) of this repository?</source>
+        <translation>
+            <numerusform>Möchten Sie %n Wiederherstellungspunkt dieses Repositorys löschen?</numerusform>
+            <numerusform>Möchten Sie %n Wiederherstellungspunkte dieses Repositorys löschen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The way back to the states before them is lost. These limits are stored too.</source>
+        <translation>Die Rückkehr zu den Ständen davor ist dann nicht mehr möglich. Auch diese Grenzen werden gespeichert.</translation>
+    </message>
+    <message>
+        <source>History settings...</source>
+        <translation>Einstellungen des Verlaufs...</translation>
+    </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Vorschau...</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryModel</name>
+    <message>
+        <source>Time, package</source>
+        <translation>Zeit, Paket</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Änderung</translation>
+    </message>
+    <message>
+        <source>Architecture</source>
+        <translation>Architektur</translation>
+    </message>
+    <message>
+        <source>Old version</source>
+        <translation>Alte Version</translation>
+    </message>
+    <message>
+        <source>New version</source>
+        <translation>Neue Version</translation>
+    </message>
+    <message>
+        <source>User, origin</source>
+        <translation>Benutzer, Herkunft</translation>
+    </message>
+    <message>
+        <source>State before</source>
+        <translation>Stand davor</translation>
+    </message>
+</context>
+<context>
+    <name>HistorySettingsDialog</name>
+    <message>
+        <source>Keep states to go back to</source>
+        <translation>Stände für eine Rückkehr aufbewahren</translation>
+    </message>
+    <message>
+        <source>Prune now</source>
+        <translation>Jetzt aufräumen</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message>
+        <source>Before each change of a repository, its state is kept for a way back.</source>
+        <translation>Vor jeder Änderung eines Repositorys wird sein Stand für eine Rückkehr aufbewahrt.</translation>
+    </message>
+    <message>
+        <source>any age</source>
+        <translation>beliebig alt</translation>
+    </message>
+    <message>
+        <source> MiB</source>
+        <translation> MiB</translation>
+    </message>
+    <message>
+        <source>Restore points at most</source>
+        <translation>Höchstens Wiederherstellungspunkte</translation>
+    </message>
+    <message>
+        <source>Days at most</source>
+        <translation>Höchstens Tage</translation>
+    </message>
+    <message>
+        <source>Size at most</source>
+        <translation>Höchstens Größe</translation>
+    </message>
+    <message>
+        <source>This repository:</source>
+        <translation>Dieses Repository:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n restore point(s), %1</source>
+        <translation>
+            <numerusform>%n Wiederherstellungspunkt, %1</numerusform>
+            <numerusform>%n Wiederherstellungspunkte, %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>nicht bekannt</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>nichts</translation>
+    </message>
+    <message>
+        <source>Nothing is more than the limits allow.</source>
+        <translation>Nichts überschreitet die Grenzen.</translation>
+    </message>
+    <message>
+        <source>Deletes the oldest restore points of this repository.</source>
+        <translation>Löscht die ältesten Wiederherstellungspunkte dieses Repositorys.</translation>
+    </message>
+    <message>
+        <source>Pruning frees:</source>
+        <translation>Aufräumen gibt frei:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 (%n restore point(s))</source>
+        <translation>
+            <numerusform>%1 (%n Wiederherstellungspunkt)</numerusform>
+            <numerusform>%1 (%n Wiederherstellungspunkte)</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HistoryText</name>
+    <message numerus="yes">
+        <source>%n added</source>
+        <translation>
+            <numerusform>%n hinzugefügt</numerusform>
+            <numerusform>%n hinzugefügt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n replaced</source>
+        <translation>
+            <numerusform>%n ersetzt</numerusform>
+            <numerusform>%n ersetzt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n removed</source>
+        <translation>
+            <numerusform>%n entfernt</numerusform>
+            <numerusform>%n entfernt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>no package changed</source>
+        <translation>kein Paket geändert</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>Hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Replaced</source>
+        <translation>Ersetzt</translation>
+    </message>
+    <message>
+        <source>Removed</source>
+        <translation>Entfernt</translation>
+    </message>
+    <message>
+        <source>Unknown time</source>
+        <translation>Unbekannte Zeit</translation>
+    </message>
+    <message>
+        <source>The record is damaged</source>
+        <translation>Der Eintrag ist beschädigt</translation>
+    </message>
+    <message>
+        <source>Changed by another program</source>
+        <translation>Von einem anderen Programm geändert</translation>
+    </message>
+    <message>
+        <source>Gone back</source>
+        <translation>Zurückgekehrt</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>Geändert</translation>
+    </message>
+    <message>
+        <source>description changed</source>
+        <translation>Beschreibung geändert</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Kept (%1)</source>
+        <translation>Aufbewahrt (%1)</translation>
+    </message>
+    <message>
+        <source>Not kept</source>
+        <translation>Nicht aufbewahrt</translation>
+    </message>
+    <message>
+        <source>Not kept: %1</source>
+        <translation>Nicht aufbewahrt: %1</translation>
+    </message>
+    <message>
+        <source>Before %1: %2</source>
+        <translation>Vor %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1: added, version %2</source>
+        <translation>%1: hinzugefügt, Version %2</translation>
+    </message>
+    <message>
+        <source>%1: %2 becomes %3</source>
+        <translation>%1: aus %2 wird %3</translation>
+    </message>
+    <message>
+        <source>%1: removed, version %2</source>
+        <translation>%1: entfernt, Version %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiteres</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HistoryView</name>
+    <message>
+        <source>Changes of package</source>
+        <translation>Änderungen des Pakets</translation>
+    </message>
+    <message>
+        <source>Shows only changes of packages whose name contains this text.</source>
+        <translation>Zeigt nur Änderungen von Paketen, deren Name diesen Text enthält.</translation>
+    </message>
+    <message>
+        <source>Restore points</source>
+        <translation>Wiederherstellungspunkte</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n restore point(s), %1</source>
+        <translation>
+            <numerusform>%n Wiederherstellungspunkt, %1</numerusform>
+            <numerusform>%n Wiederherstellungspunkte, %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1. %2</source>
+        <translation>%1. %2</translation>
+    </message>
+    <message>
+        <source>No point has changed such a package.</source>
+        <translation>Kein Punkt hat ein solches Paket geändert.</translation>
+    </message>
+    <message>
+        <source>Each change of this repository will appear here.</source>
+        <translation>Hier erscheint jede Änderung dieses Repositorys.</translation>
+    </message>
+</context>
+<context>
+    <name>InclusionPreview</name>
+    <message>
+        <source>Its version %1 cannot be compared with the present version %2.</source>
+        <translation>Seine Version %1 lässt sich nicht mit der vorhandenen Version %2 vergleichen.</translation>
+    </message>
+    <message>
+        <source>The repository has another file of this name, which further packages use: %1</source>
+        <translation>Das Repository hat eine andere Datei dieses Namens, die weitere Pakete benutzen: %1</translation>
+    </message>
+    <message>
+        <source>Several of the files are for the same place; only one of them can be there.</source>
+        <translation>Mehrere der Dateien sind für denselben Platz; nur eine von ihnen kann dort sein.</translation>
     </message>
 </context>
 <context>
@@ -1764,6 +2615,10 @@ Ein oder mehrere Werte</translation>
         <source>&amp;Carry the packages over to the new code name</source>
         <translation>Die Pakete auf den neuen Codenamen ü&amp;bertragen</translation>
     </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Vorschau...</translation>
+    </message>
 </context>
 <context>
     <name>OrphanedLines</name>
@@ -1778,6 +2633,61 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>&amp;Remove line</source>
         <translation>&amp;Zeile entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>PackageColumns</name>
+    <message>
+        <source>not checked</source>
+        <translation>nicht geprüft</translation>
+    </message>
+    <message>
+        <source>not satisfied</source>
+        <translation>nicht erfüllt</translation>
+    </message>
+    <message>
+        <source>satisfied</source>
+        <translation>erfüllt</translation>
+    </message>
+    <message>
+        <source>cannot be installed</source>
+        <translation>kann nicht installiert werden</translation>
+    </message>
+    <message>
+        <source>undecided</source>
+        <translation>unentschieden</translation>
+    </message>
+    <message>
+        <source>Packages</source>
+        <translation>Pakete</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>Architecture</source>
+        <translation>Architektur</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Signature</source>
+        <translation>Signatur</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>Hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Unsigned</source>
+        <translation>Nicht signiert</translation>
     </message>
 </context>
 <context>
@@ -1858,6 +2768,72 @@ Ein oder mehrere Werte</translation>
     </message>
 </context>
 <context>
+    <name>PackageContentsDialog</name>
+    <message>
+        <source>Changelog</source>
+        <translation>Änderungsprotokoll</translation>
+    </message>
+    <message>
+        <source>Copyright</source>
+        <translation>Urheberrecht</translation>
+    </message>
+    <message>
+        <source>Control files</source>
+        <translation>Steuerdateien</translation>
+    </message>
+    <message>
+        <source>Contents of %1</source>
+        <translation>Inhalt von %1</translation>
+    </message>
+    <message>
+        <source>Search in this page</source>
+        <translation>Auf dieser Seite suchen</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Dateien</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Reading %1...</source>
+        <translation>%1 wird gelesen...</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read, or it is damaged.</source>
+        <translation>Die Datei %1 lässt sich nicht lesen oder ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The documentation of this package is in the package %1.</source>
+        <translation>Die Dokumentation dieses Pakets ist im Paket %1.</translation>
+    </message>
+    <message>
+        <source>The package has no changelog.</source>
+        <translation>Das Paket hat kein Änderungsprotokoll.</translation>
+    </message>
+    <message>
+        <source>The package has no file about its copyright.</source>
+        <translation>Das Paket hat keine Datei über sein Urheberrecht.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Found %n time(s)</source>
+        <translation>
+            <numerusform>%n Mal gefunden</numerusform>
+            <numerusform>%n Mal gefunden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>%1 von %2 Dateien</translation>
+    </message>
+    <message>
+        <source>The package is very large. Not all of it was read.</source>
+        <translation>Das Paket ist sehr groß. Es wurde nicht ganz gelesen.</translation>
+    </message>
+</context>
+<context>
     <name>PackageDependItem</name>
     <message>
         <source>%1 Provided by ...</source>
@@ -1895,10 +2871,52 @@ Ein oder mehrere Werte</translation>
     </message>
 </context>
 <context>
+    <name>PackageDifference</name>
+    <message>
+        <source>%1 bytes, mode %2, SHA-256 %3</source>
+        <translation>%1 Bytes, Rechte %2, SHA-256 %3</translation>
+    </message>
+    <message>
+        <source>link to %1</source>
+        <translation>Verknüpfung mit %1</translation>
+    </message>
+    <message>
+        <source>folder, mode %1</source>
+        <translation>Ordner, Rechte %1</translation>
+    </message>
+    <message>
+        <source>special file, mode %1</source>
+        <translation>besondere Datei, Rechte %1</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read.</source>
+        <translation>Die Datei %1 kann nicht gelesen werden.</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>Feld</translation>
+    </message>
+    <message>
+        <source>Control file</source>
+        <translation>Steuerdatei</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+</context>
+<context>
     <name>PackageExtractor</name>
     <message>
         <source>The packages in the archive need more room than there is: unpacking was given up at %1. %2 are left in %3, and %4 have to stay free.</source>
         <translation>Die Pakete im Archiv brauchen mehr Platz, als vorhanden ist: Das Entpacken wurde bei %1 aufgegeben. In %3 sind noch %2 frei, und %4 müssen frei bleiben.</translation>
+    </message>
+</context>
+<context>
+    <name>PackageFacts</name>
+    <message>
+        <source>%1 (%2 bytes)</source>
+        <translation>%1 (%2 Byte)</translation>
     </message>
 </context>
 <context>
@@ -1933,6 +2951,97 @@ Ein oder mehrere Werte</translation>
     </message>
 </context>
 <context>
+    <name>PackageFileCommands</name>
+    <message>
+        <source>Package file</source>
+        <translation>Paketdatei</translation>
+    </message>
+    <message>
+        <source>Contents...</source>
+        <translation>Inhalt...</translation>
+    </message>
+    <message>
+        <source>Save package as...</source>
+        <translation>Paket speichern unter...</translation>
+    </message>
+    <message>
+        <source>Open folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>Copy name</source>
+        <translation>Namen kopieren</translation>
+    </message>
+    <message>
+        <source>Copy as apt command</source>
+        <translation>Als apt-Befehl kopieren</translation>
+    </message>
+    <message>
+        <source>Save packages into a folder</source>
+        <translation>Pakete in einen Ordner speichern</translation>
+    </message>
+    <message>
+        <source>Save package as</source>
+        <translation>Paket speichern unter</translation>
+    </message>
+    <message>
+        <source>Packages (%1)</source>
+        <translation>Pakete (%1)</translation>
+    </message>
+    <message>
+        <source>These packages are left out: a file of the same name is saved.</source>
+        <translation>Diese Pakete werden ausgelassen: Eine Datei desselben Namens wird gespeichert.</translation>
+    </message>
+    <message>
+        <source>Save packages</source>
+        <translation>Pakete speichern</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do you want to replace %n file(s) in %1?</source>
+        <translation>
+            <numerusform>Möchten Sie %n Datei in %1 ersetzen?</numerusform>
+            <numerusform>Möchten Sie %n Dateien in %1 ersetzen?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Saving %n package(s)...</source>
+        <translation>
+            <numerusform>%n Paket wird gespeichert...</numerusform>
+            <numerusform>%n Pakete werden gespeichert...</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Gespeichert: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) saved.</source>
+        <translation>
+            <numerusform>%n Paket gespeichert.</numerusform>
+            <numerusform>%n Pakete gespeichert.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could not be saved.</source>
+        <translation>
+            <numerusform>%n Paket konnte nicht gespeichert werden.</numerusform>
+            <numerusform>%n Pakete konnten nicht gespeichert werden.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No program opens the folder %1.</source>
+        <translation>Kein Programm öffnet den Ordner %1.</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>Kopiert.</translation>
+    </message>
+    <message>
+        <source>Copied: %1</source>
+        <translation>Kopiert: %1</translation>
+    </message>
+</context>
+<context>
     <name>PackageItem</name>
     <message>
         <source>Dependencies not checked yet</source>
@@ -1960,6 +3069,53 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>Some dependencies could not be looked for</source>
         <translation>Einige Abhängigkeiten konnten nicht gesucht werden</translation>
+    </message>
+</context>
+<context>
+    <name>PackageMore</name>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>Size, source, place and checksum of the package file</source>
+        <translation>Größe, Quelle, Ort und Prüfsumme der Paketdatei</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Größe:</translation>
+    </message>
+    <message>
+        <source>Installed size:</source>
+        <translation>Installierte Größe:</translation>
+    </message>
+    <message>
+        <source>Source package:</source>
+        <translation>Quellpaket:</translation>
+    </message>
+    <message>
+        <source>Homepage:</source>
+        <translation>Homepage:</translation>
+    </message>
+    <message>
+        <source>Added:</source>
+        <translation>Hinzugefügt:</translation>
+    </message>
+    <message>
+        <source>Pool file:</source>
+        <translation>Datei im Pool:</translation>
+    </message>
+    <message>
+        <source>SHA-256:</source>
+        <translation>SHA-256:</translation>
+    </message>
+    <message>
+        <source>The file is missing.</source>
+        <translation>Die Datei fehlt.</translation>
+    </message>
+    <message>
+        <source>The file has another size: %1</source>
+        <translation>Die Datei hat eine andere Größe: %1</translation>
     </message>
 </context>
 <context>
@@ -2087,6 +3243,14 @@ Ein oder mehrere Werte</translation>
         <source>It is one file for several architectures, so the answer is for all of them: %1</source>
         <translation>Es ist eine Datei für mehrere Architekturen, daher gilt die Antwort für alle: %1</translation>
     </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Vorschau...</translation>
+    </message>
+    <message>
+        <source>Stops here, and shows what is left in one window</source>
+        <translation>Hält hier an und zeigt den Rest in einem Fenster</translation>
+    </message>
 </context>
 <context>
     <name>PackageStatusLine</name>
@@ -2116,6 +3280,534 @@ Ein oder mehrere Werte</translation>
     <message>
         <source>Parametrs</source>
         <translation>Parameter</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewCommands</name>
+    <message>
+        <source>Preview of changes</source>
+        <translation>Vorschau von Änderungen</translation>
+    </message>
+    <message>
+        <source>Always</source>
+        <translation>Immer</translation>
+    </message>
+    <message>
+        <source>When something would break</source>
+        <translation>Wenn etwas nicht mehr ginge</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+    <message>
+        <source>Text (*.txt)</source>
+        <translation>Text (*.txt)</translation>
+    </message>
+    <message>
+        <source>JSON (*.json)</source>
+        <translation>JSON (*.json)</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>Bericht speichern</translation>
+    </message>
+    <message>
+        <source>The report cannot be saved in %1.</source>
+        <translation>Der Bericht kann nicht in %1 gespeichert werden.</translation>
+    </message>
+    <message>
+        <source>The report is saved in %1.</source>
+        <translation>Der Bericht ist in %1 gespeichert.</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewDialog</name>
+    <message>
+        <source>Replace all of this kind</source>
+        <translation>Alle dieser Art ersetzen</translation>
+    </message>
+    <message>
+        <source>Keep all of this kind</source>
+        <translation>Alle dieser Art behalten</translation>
+    </message>
+    <message>
+        <source>Difference...</source>
+        <translation>Unterschied...</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>Save as report...</source>
+        <translation>Als Bericht speichern...</translation>
+    </message>
+    <message>
+        <source>as chosen in the rows</source>
+        <translation>wie in den Zeilen gewählt</translation>
+    </message>
+    <message>
+        <source>Packages that are already there:</source>
+        <translation>Schon vorhandene Pakete:</translation>
+    </message>
+    <message>
+        <source>Name, or what happens</source>
+        <translation>Name, oder was geschieht</translation>
+    </message>
+    <message>
+        <source>Compare the present file with the new one</source>
+        <translation>Vergleicht die vorhandene Datei mit der neuen</translation>
+    </message>
+    <message>
+        <source>Filter:</source>
+        <translation>Filter:</translation>
+    </message>
+    <message>
+        <source>Packages that the change concerns</source>
+        <translation>Pakete, die die Änderung betrifft</translation>
+    </message>
+    <message>
+        <source>Effect</source>
+        <translation>Wirkung</translation>
+    </message>
+    <message>
+        <source>What adding these packages would change in %1. Nothing has been changed yet.</source>
+        <translation>Was das Hinzufügen dieser Pakete in %1 ändern würde. Noch ist nichts geändert.</translation>
+    </message>
+    <message>
+        <source>What removing these packages would change in %1. Nothing has been changed yet.</source>
+        <translation>Was das Entfernen dieser Pakete in %1 ändern würde. Noch ist nichts geändert.</translation>
+    </message>
+    <message>
+        <source>What fetching these packages would change in %1. Nothing has been changed yet.</source>
+        <translation>Was das Holen dieser Pakete in %1 ändern würde. Noch ist nichts geändert.</translation>
+    </message>
+    <message>
+        <source>What this import would change in %1. Nothing has been changed yet.</source>
+        <translation>Was dieser Import in %1 ändern würde. Noch ist nichts geändert.</translation>
+    </message>
+    <message>
+        <source>What this upgrade would change in %1. Nothing has been changed yet.</source>
+        <translation>Was diese Aktualisierung in %1 ändern würde. Noch ist nichts geändert.</translation>
+    </message>
+    <message>
+        <source>What the new description would change in %1. Nothing has been changed yet.</source>
+        <translation>Was die neue Beschreibung in %1 ändern würde. Noch ist nichts geändert.</translation>
+    </message>
+    <message>
+        <source>What going back would change in %1. Nothing has been changed yet.</source>
+        <translation>Was das Zurückkehren in %1 ändern würde. Noch ist nichts geändert.</translation>
+    </message>
+    <message>
+        <source>The repository has changed meanwhile, so nothing was done. This is what the change would do now.</source>
+        <translation>Das Repository hat sich inzwischen geändert, deshalb wurde nichts getan. Das würde die Änderung jetzt bewirken.</translation>
+    </message>
+    <message>
+        <source>Effect: something would break.</source>
+        <translation>Wirkung: Etwas ginge nicht mehr.</translation>
+    </message>
+    <message>
+        <source>Effect: nothing would break.</source>
+        <translation>Wirkung: Alles ginge weiter.</translation>
+    </message>
+    <message>
+        <source>Effect: is being worked out...</source>
+        <translation>Wirkung: wird ermittelt...</translation>
+    </message>
+    <message>
+        <source>Effect: not known, because the search was stopped.</source>
+        <translation>Wirkung: nicht bekannt, weil die Suche angehalten wurde.</translation>
+    </message>
+    <message>
+        <source>shown: %1 of %2</source>
+        <translation>gezeigt: %1 von %2</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewEffectView</name>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>The description</source>
+        <translation>Die Beschreibung</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>Clients</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could be installed then</source>
+        <translation>
+            <numerusform>%n Paket wäre dann installierbar</numerusform>
+            <numerusform>%n Pakete wären dann installierbar</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What can be installed stays the same.</source>
+        <translation>Was installierbar ist, bleibt gleich.</translation>
+    </message>
+    <message>
+        <source>Checked against: %1</source>
+        <translation>Geprüft gegen: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could no longer be installed</source>
+        <translation>
+            <numerusform>%n Paket wäre nicht mehr installierbar</numerusform>
+            <numerusform>%n Pakete wären nicht mehr installierbar</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) that come in cannot be installed</source>
+        <translation>
+            <numerusform>%n hinzukommendes Paket kann nicht installiert werden</numerusform>
+            <numerusform>%n hinzukommende Pakete können nicht installiert werden</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 in the repository %2</source>
+        <translation>%1 im Repository %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiteres</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PreviewJob</name>
+    <message>
+        <source>Finding out what would change</source>
+        <translation>Änderungen werden ermittelt</translation>
+    </message>
+    <message>
+        <source>There is no preview.</source>
+        <translation>Es gibt keine Vorschau.</translation>
+    </message>
+    <message>
+        <source>The preview was stopped.</source>
+        <translation>Die Vorschau wurde angehalten.</translation>
+    </message>
+    <message>
+        <source>No source offers this version any more.</source>
+        <translation>Keine Paketquelle bietet diese Version noch an.</translation>
+    </message>
+    <message>
+        <source>The history has damaged records, so it is not known what going back would change.</source>
+        <translation>Der Verlauf hat beschädigte Aufzeichnungen; daher ist nicht bekannt, was das Zurückkehren ändern würde.</translation>
+    </message>
+    <message>
+        <source>Its file is missing, so there is no way back: %1</source>
+        <translation>Seine Datei fehlt, daher gibt es keinen Weg zurück: %1</translation>
+    </message>
+    <message>
+        <source>The preview is ready.</source>
+        <translation>Die Vorschau ist fertig.</translation>
+    </message>
+    <message>
+        <source>Finding out which packages can be installed then</source>
+        <translation>Ermitteln, welche Pakete sich dann installieren lassen</translation>
+    </message>
+    <message>
+        <source>It is not the file that its repository lists. Reload that repository.</source>
+        <translation>Es ist nicht die Datei, die ihr Repository nennt. Laden Sie jenes Repository neu.</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewModel</name>
+    <message>
+        <source>What happens</source>
+        <translation>Was geschieht</translation>
+    </message>
+    <message>
+        <source>Newer version</source>
+        <translation>Höhere Version</translation>
+    </message>
+    <message>
+        <source>Older version</source>
+        <translation>Niedrigere Version</translation>
+    </message>
+    <message>
+        <source>Same version, other content</source>
+        <translation>Gleiche Version, anderer Inhalt</translation>
+    </message>
+    <message>
+        <source>Same file</source>
+        <translation>Dieselbe Datei</translation>
+    </message>
+    <message>
+        <source>Refused: %1</source>
+        <translation>Abgelehnt: %1</translation>
+    </message>
+    <message>
+        <source>%1: replace</source>
+        <translation>%1: ersetzen</translation>
+    </message>
+    <message>
+        <source>%1: do not replace</source>
+        <translation>%1: nicht ersetzen</translation>
+    </message>
+    <message>
+        <source>Is added</source>
+        <translation>Wird hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Is not added</source>
+        <translation>Wird nicht hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Is removed</source>
+        <translation>Wird entfernt</translation>
+    </message>
+    <message>
+        <source>Stays</source>
+        <translation>Bleibt</translation>
+    </message>
+    <message>
+        <source>Is replaced</source>
+        <translation>Wird ersetzt</translation>
+    </message>
+    <message>
+        <source>Is replaced: %1</source>
+        <translation>Wird ersetzt: %1</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Component: %1</source>
+        <translation>Komponente: %1</translation>
+    </message>
+    <message>
+        <source>It is one file for several rows, which are switched together.</source>
+        <translation>Es ist eine Datei für mehrere Zeilen, die gemeinsam umgeschaltet werden.</translation>
+    </message>
+    <message>
+        <source>Package</source>
+        <translation>Paket</translation>
+    </message>
+    <message>
+        <source>Architecture</source>
+        <translation>Architektur</translation>
+    </message>
+    <message>
+        <source>Old version</source>
+        <translation>Alte Version</translation>
+    </message>
+    <message>
+        <source>New version</source>
+        <translation>Neue Version</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Aus</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewReport</name>
+    <message>
+        <source>Packages</source>
+        <translation>Pakete</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Beschreibung</translation>
+    </message>
+    <message>
+        <source>Can no longer be installed</source>
+        <translation>Nicht mehr installierbar</translation>
+    </message>
+    <message>
+        <source>Can be installed from then on</source>
+        <translation>Von da an installierbar</translation>
+    </message>
+    <message>
+        <source>Come in, and cannot be installed</source>
+        <translation>Kommen hinzu und sind nicht installierbar</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>Clients</translation>
+    </message>
+    <message>
+        <source>Disk</source>
+        <translation>Datenträger</translation>
+    </message>
+    <message>
+        <source>Signature</source>
+        <translation>Signatur</translation>
+    </message>
+    <message>
+        <source>Which packages can be installed then has not been found out.</source>
+        <translation>Welche Pakete sich dann installieren lassen, wurde nicht ermittelt.</translation>
+    </message>
+    <message>
+        <source>Whether packages can be installed was checked with: %1</source>
+        <translation>Ob sich Pakete installieren lassen, wurde geprüft mit: %1</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewRows</name>
+    <message>
+        <source>It is in the repository no longer.</source>
+        <translation>Es ist nicht mehr im Repository.</translation>
+    </message>
+    <message>
+        <source>The repository holds another version by now: %1</source>
+        <translation>Das Repository enthält inzwischen eine andere Version: %1</translation>
+    </message>
+    <message>
+        <source>The repository holds the version %1 by now.</source>
+        <translation>Das Repository enthält inzwischen die Version %1.</translation>
+    </message>
+    <message>
+        <source>No source offers this version any more.</source>
+        <translation>Keine Paketquelle bietet diese Version noch an.</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewText</name>
+    <message>
+        <source>Adding packages</source>
+        <translation>Pakete werden hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Removing packages</source>
+        <translation>Pakete werden entfernt</translation>
+    </message>
+    <message>
+        <source>Fetching packages</source>
+        <translation>Pakete holen</translation>
+    </message>
+    <message>
+        <source>Importing packages</source>
+        <translation>Pakete importieren</translation>
+    </message>
+    <message>
+        <source>Upgrading packages</source>
+        <translation>Pakete aktualisieren</translation>
+    </message>
+    <message>
+        <source>Changing the description</source>
+        <translation>Beschreibung ändern</translation>
+    </message>
+    <message>
+        <source>Going back</source>
+        <translation>Zurückkehren</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>abgelehnt</translation>
+    </message>
+    <message>
+        <source>kept</source>
+        <translation>bleibt</translation>
+    </message>
+    <message>
+        <source>left out</source>
+        <translation>ausgelassen</translation>
+    </message>
+    <message>
+        <source>added</source>
+        <translation>hinzugefügt</translation>
+    </message>
+    <message>
+        <source>removed</source>
+        <translation>entfernt</translation>
+    </message>
+    <message>
+        <source>replaced with a newer version</source>
+        <translation>durch eine neuere Version ersetzt</translation>
+    </message>
+    <message>
+        <source>replaced with an older version</source>
+        <translation>durch eine ältere Version ersetzt</translation>
+    </message>
+    <message>
+        <source>replaced with the same file</source>
+        <translation>durch dieselbe Datei ersetzt</translation>
+    </message>
+    <message>
+        <source>replaced with the same version</source>
+        <translation>durch dieselbe Version ersetzt</translation>
+    </message>
+    <message>
+        <source>replaced</source>
+        <translation>ersetzt</translation>
+    </message>
+    <message>
+        <source>newer</source>
+        <translation>neuer</translation>
+    </message>
+    <message>
+        <source>older</source>
+        <translation>älter</translation>
+    </message>
+    <message>
+        <source>the same file</source>
+        <translation>dieselbe Datei</translation>
+    </message>
+    <message>
+        <source>same version, other contents</source>
+        <translation>dieselbe Version, anderer Inhalt</translation>
+    </message>
+    <message>
+        <source>Added: %1, replaced: %2, removed: %3, refused: %4, left as they are: %5</source>
+        <translation>Hinzugefügt: %1, ersetzt: %2, entfernt: %3, abgelehnt: %4, unverändert: %5</translation>
+    </message>
+    <message numerus="yes">
+        <source>Clients that have them installed upgrade %n package(s).</source>
+        <translation>
+            <numerusform>Clients, die es installiert haben, aktualisieren %n Paket.</numerusform>
+            <numerusform>Clients, die sie installiert haben, aktualisieren %n Pakete.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Of %n package(s), clients keep the newer version that they have installed.</source>
+        <translation>
+            <numerusform>Von %n Paket behalten Clients die neuere Version, die sie installiert haben.</numerusform>
+            <numerusform>Von %n Paketen behalten Clients die neuere Version, die sie installiert haben.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n removed package(s) stay installed where they are, without updates.</source>
+        <translation>
+            <numerusform>%n entferntes Paket bleibt dort installiert, wo es ist, ohne Aktualisierungen.</numerusform>
+            <numerusform>%n entfernte Pakete bleiben dort installiert, wo sie sind, ohne Aktualisierungen.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Clients that have it installed do not get the other contents of %n package(s) of the same version.</source>
+        <translation>
+            <numerusform>Clients, die es installiert haben, bekommen den anderen Inhalt von %n Paket derselben Version nicht.</numerusform>
+            <numerusform>Clients, die sie installiert haben, bekommen den anderen Inhalt von %n Paketen derselben Version nicht.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Comes into the pool: %1. Leaves it: %2.</source>
+        <translation>Kommt in den Pool: %1. Verlässt ihn: %2.</translation>
+    </message>
+    <message>
+        <source>Free on the disk: %1.</source>
+        <translation>Frei auf dem Datenträger: %1.</translation>
+    </message>
+    <message>
+        <source>Until now: %1</source>
+        <translation>Bisher: %1</translation>
     </message>
 </context>
 <context>
@@ -2503,6 +4195,10 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
         <source>All other packages stay as they are.</source>
         <translation>Alle anderen Pakete bleiben, wie sie sind.</translation>
     </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Vorschau...</translation>
+    </message>
 </context>
 <context>
     <name>RepoItemLook</name>
@@ -2546,10 +4242,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>Architecture: %1</source>
         <translation>Architektur: %1</translation>
-    </message>
-    <message>
-        <source>Packages</source>
-        <translation>Pakete</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
@@ -2890,10 +4582,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>The replaced package %1 could not be put back: its file was missing already.</source>
         <translation>Das ersetzte Paket %1 konnte nicht zurückgelegt werden: Seine Datei fehlte bereits.</translation>
-    </message>
-    <message>
-        <source>The replaced package %1 could not be put back. Its file is kept as %2.</source>
-        <translation>Das ersetzte Paket %1 konnte nicht zurückgelegt werden. Seine Datei wird als %2 aufbewahrt.</translation>
     </message>
     <message>
         <source>Removing package</source>
@@ -3385,6 +5073,243 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         <source>The stored results of the complete checks could not be read. The file is kept as %1; check completely again.</source>
         <translation>Die gespeicherten Ergebnisse der vollständigen Prüfungen konnten nicht gelesen werden. Die Datei bleibt als %1 erhalten; prüfen Sie erneut vollständig.</translation>
     </message>
+    <message>
+        <source>A repository takes only names of small letters, digits and the characters + - . This name has others: %1</source>
+        <translation>Ein Repository nimmt nur Namen aus Kleinbuchstaben, Ziffern und den Zeichen + - . an. Dieser Name enthält andere: %1</translation>
+    </message>
+    <message>
+        <source>Its version is no valid one: %1</source>
+        <translation>Seine Version ist nicht gültig: %1</translation>
+    </message>
+    <message>
+        <source>There is too little room on the disk of the repository for a restore point, so that this change could not be undone later. The copy of the database that every change needs would lie on another disk meanwhile. Do you want to go on without a restore point?</source>
+        <translation>Auf dem Datenträger des Repositorys ist zu wenig Platz für einen Wiederherstellungspunkt, sodass sich diese Änderung später nicht rückgängig machen ließe. Die Kopie der Datenbank, die jede Änderung braucht, läge solange auf einem anderen Datenträger. Möchten Sie ohne Wiederherstellungspunkt fortfahren?</translation>
+    </message>
+    <message>
+        <source>The replaced package %1 could not be put back.</source>
+        <translation>Das ersetzte Paket %1 konnte nicht zurückgestellt werden.</translation>
+    </message>
+    <message>
+        <source>There was too little room on the disk.</source>
+        <translation>Auf dem Datenträger war zu wenig Platz.</translation>
+    </message>
+    <message>
+        <source>The repository had no database yet.</source>
+        <translation>Das Repository hatte noch keine Datenbank.</translation>
+    </message>
+    <message>
+        <source>The history was switched off.</source>
+        <translation>Der Verlauf war ausgeschaltet.</translation>
+    </message>
+    <message>
+        <source>The files of the pool could not be kept as hard links.</source>
+        <translation>Die Dateien des Pools konnten nicht als Hardlinks aufbewahrt werden.</translation>
+    </message>
+    <message>
+        <source>Bringing back package</source>
+        <translation>Zurückholen des Pakets</translation>
+    </message>
+    <message>
+        <source>%1 was not brought back</source>
+        <translation>%1 wurde nicht zurückgeholt</translation>
+    </message>
+    <message>
+        <source>The file %1 is missing in the history, or has been changed.</source>
+        <translation>Die Datei %1 fehlt im Verlauf oder wurde geändert.</translation>
+    </message>
+    <message>
+        <source>%1 was brought back</source>
+        <translation>%1 wurde zurückgeholt</translation>
+    </message>
+    <message>
+        <source>It is not the package that the preview showed, so it was not added.</source>
+        <translation>Es ist nicht das Paket, das die Vorschau gezeigt hat, und wurde daher nicht hinzugefügt.</translation>
+    </message>
+    <message>
+        <source>Deleting old restore points</source>
+        <translation>Alte Wiederherstellungspunkte werden gelöscht</translation>
+    </message>
+    <message>
+        <source>No restore points deleted</source>
+        <translation>Keine Wiederherstellungspunkte gelöscht</translation>
+    </message>
+    <message>
+        <source>Not all of the old restore points could be deleted. May you write to the folder %1?</source>
+        <translation>Nicht alle alten Wiederherstellungspunkte konnten gelöscht werden. Dürfen Sie in den Ordner %1 schreiben?</translation>
+    </message>
+    <message>
+        <source>Not all restore points deleted</source>
+        <translation>Nicht alle Wiederherstellungspunkte gelöscht</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n restore point(s) deleted, %1 freed</source>
+        <translation>
+            <numerusform>%n Wiederherstellungspunkt gelöscht, %1 freigegeben</numerusform>
+            <numerusform>%n Wiederherstellungspunkte gelöscht, %1 freigegeben</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Going back to an earlier state</source>
+        <translation>Rückkehr zu einem früheren Stand</translation>
+    </message>
+    <message>
+        <source>The repository could not go back to the earlier state.</source>
+        <translation>Das Repository konnte nicht zum früheren Stand zurückkehren.</translation>
+    </message>
+    <message>
+        <source>The history does not keep the state before this change.</source>
+        <translation>Der Verlauf enthält den Stand vor dieser Änderung nicht.</translation>
+    </message>
+    <message>
+        <source>The state before this change cannot be read.</source>
+        <translation>Der Stand vor dieser Änderung kann nicht gelesen werden.</translation>
+    </message>
+    <message numerus="yes">
+        <source>The repository cannot go back: %n file(s) of the earlier state are missing or have been changed.</source>
+        <translation>
+            <numerusform>Das Repository kann nicht zurückkehren: %n Datei des früheren Stands fehlt oder wurde geändert.</numerusform>
+            <numerusform>Das Repository kann nicht zurückkehren: %n Dateien des früheren Stands fehlen oder wurden geändert.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Packages that another program has added after the interruption could not be taken in again. Their files are in the repository; add them once more.</source>
+        <translation>Pakete, die ein anderes Programm nach der Unterbrechung hinzugefügt hat, konnten nicht wieder aufgenommen werden. Ihre Dateien liegen im Repository; fügen Sie sie noch einmal hinzu.</translation>
+    </message>
+    <message>
+        <source>The job could not be brought to an end. What it had done is undone. Do it again if it is still wanted.</source>
+        <translation>Der Auftrag konnte nicht zu Ende geführt werden. Was er getan hatte, ist rückgängig gemacht. Führen Sie ihn erneut aus, wenn er noch gewünscht ist.</translation>
+    </message>
+    <message>
+        <source>Files that an interrupted job had taken out could not be put back.</source>
+        <translation>Dateien, die ein unterbrochener Auftrag herausgenommen hatte, konnten nicht zurückgelegt werden.</translation>
+    </message>
+    <message>
+        <source>Files could not be put back into the pool.</source>
+        <translation>Dateien konnten nicht in den Pool zurückgelegt werden.</translation>
+    </message>
+    <message>
+        <source>The database could not be copied. Is there room on the disk?</source>
+        <translation>Die Datenbank konnte nicht kopiert werden. Ist Platz auf dem Datenträger?</translation>
+    </message>
+    <message>
+        <source>You may not write to this repository.</source>
+        <translation>Sie dürfen in diesem Repository nichts ändern.</translation>
+    </message>
+    <message>
+        <source>Its folder cannot be written: %1</source>
+        <translation>In seinen Ordner kann nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>Moving package</source>
+        <translation>Paket wird verschoben</translation>
+    </message>
+    <message>
+        <source>Moving packages</source>
+        <translation>Pakete werden verschoben</translation>
+    </message>
+    <message>
+        <source>Copying package</source>
+        <translation>Paket wird kopiert</translation>
+    </message>
+    <message>
+        <source>Copying packages</source>
+        <translation>Pakete werden kopiert</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) moved: %1</source>
+        <translation>
+            <numerusform>%n Paket verschoben: %1</numerusform>
+            <numerusform>%n Pakete verschoben: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) copied: %1</source>
+        <translation>
+            <numerusform>%n Paket kopiert: %1</numerusform>
+            <numerusform>%n Pakete kopiert: %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Already there: %1</source>
+        <translation>Schon da: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) moved: %2</source>
+        <translation>
+            <numerusform>Vorgang angehalten. %1 von %n Paket verschoben: %2</numerusform>
+            <numerusform>Vorgang angehalten. %1 von %n Paketen verschoben: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) copied: %2</source>
+        <translation>
+            <numerusform>Vorgang angehalten. %1 von %n Paket kopiert: %2</numerusform>
+            <numerusform>Vorgang angehalten. %1 von %n Paketen kopiert: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the repository %1</source>
+        <translation>das Repository %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) stay(s) here, since the repository %1 does not have the same.</source>
+        <translation>
+            <numerusform>%n Paket bleibt hier, denn das Repository %1 hat nicht dasselbe.</numerusform>
+            <numerusform>%n Pakete bleiben hier, denn das Repository %1 hat nicht dieselben.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The repository will be signed with the key %1 instead.</source>
+        <translation>Das Repository wird stattdessen mit dem Schlüssel %1 signiert.</translation>
+    </message>
+    <message>
+        <source>It is not the file that its repository lists. Reload that repository.</source>
+        <translation>Es ist nicht die Datei, die ihr Repository nennt. Laden Sie jenes Repository neu.</translation>
+    </message>
+    <message>
+        <source>The database of the repository cannot be read, so nothing was removed.</source>
+        <translation>Die Datenbank des Repositorys lässt sich nicht lesen, deshalb wurde nichts entfernt.</translation>
+    </message>
+    <message>
+        <source>The repository is as it was before restore point %1</source>
+        <translation>Das Repository ist, wie es vor dem Wiederherstellungspunkt %1 war</translation>
+    </message>
+    <message>
+        <source>The change is done, but the history could not note it. It cannot be undone, and earlier states may lack its files.</source>
+        <translation>Die Änderung ist ausgeführt, aber der Verlauf konnte sie nicht festhalten. Sie lässt sich nicht rückgängig machen, und früheren Ständen können ihre Dateien fehlen.</translation>
+    </message>
+    <message>
+        <source>Contents cannot have the word %1, only these: %2</source>
+        <translation>Contents kann das Wort %1 nicht haben, nur diese: %2</translation>
+    </message>
+    <message>
+        <source>Contents cannot have allcomponents together with compatsymlink or nocompatsymlink.</source>
+        <translation>Contents kann allcomponents nicht zusammen mit compatsymlink oder nocompatsymlink haben.</translation>
+    </message>
+    <message>
+        <source>The value of %1 is one line without #.</source>
+        <translation>Der Wert von %1 ist eine Zeile ohne #.</translation>
+    </message>
+    <message>
+        <source>The value of %1 cannot begin with an exclamation mark.</source>
+        <translation>Der Wert von %1 kann nicht mit einem Ausrufezeichen beginnen.</translation>
+    </message>
+    <message>
+        <source>The origin cannot be empty.</source>
+        <translation>Die Herkunft kann nicht leer sein.</translation>
+    </message>
+    <message>
+        <source>A signing key is named by 8 to 40 hexadecimal digits: its fingerprint, or the end of it.</source>
+        <translation>Ein Signierschlüssel wird durch 8 bis 40 hexadezimale Ziffern benannt: seinen Fingerabdruck oder dessen Ende.</translation>
+    </message>
+    <message>
+        <source>Indices are valid for 1 to %1 days; 0 stands for no limit.</source>
+        <translation>Indexdateien gelten 1 bis %1 Tage; 0 steht für keine Grenze.</translation>
+    </message>
+    <message>
+        <source>The repository cannot be signed with the key %1: %2.</source>
+        <translation>Das Repository kann mit dem Schlüssel %1 nicht signiert werden: %2.</translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>
@@ -3502,6 +5427,29 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>The directory %1 is deleted with everything in it, and cannot be brought back.</source>
         <translation>Das Verzeichnis %1 wird mit allem, was darin ist, gelöscht und kann nicht zurückgeholt werden.</translation>
+    </message>
+</context>
+<context>
+    <name>RepositoryHistory</name>
+    <message>
+        <source>The record of this point is damaged.</source>
+        <translation>Die Aufzeichnung dieses Punktes ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The folders db and pool of the repository lie on different file systems.</source>
+        <translation>Die Ordner db und pool des Repositorys liegen auf verschiedenen Dateisystemen.</translation>
+    </message>
+    <message>
+        <source>The file system of the repository has no hard links.</source>
+        <translation>Das Dateisystem des Repositorys kennt keine harten Links.</translation>
+    </message>
+    <message>
+        <source>the state before restore point %1</source>
+        <translation>der Stand vor dem Wiederherstellungspunkt %1</translation>
+    </message>
+    <message>
+        <source>The folder of the history is a link or a file, or belongs to another user: %1</source>
+        <translation>Der Ordner des Verlaufs ist eine Verknüpfung oder eine Datei oder gehört einem anderen Benutzer: %1</translation>
     </message>
 </context>
 <context>
@@ -3960,6 +5908,29 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     </message>
 </context>
 <context>
+    <name>SignatureEffect</name>
+    <message>
+        <source>The repository is not signed.</source>
+        <translation>Das Repository ist nicht signiert.</translation>
+    </message>
+    <message>
+        <source>Signed with: %1</source>
+        <translation>Signiert mit: %1</translation>
+    </message>
+    <message>
+        <source>Signed with the default key: %1</source>
+        <translation>Signiert mit dem Standardschlüssel: %1</translation>
+    </message>
+    <message>
+        <source>Signed with the default key, which could not be found out.</source>
+        <translation>Signiert mit dem Standardschlüssel, der nicht ermittelt werden konnte.</translation>
+    </message>
+    <message>
+        <source>The repository is to be signed, but there is no key that can sign.</source>
+        <translation>Das Repository soll signiert werden, aber es gibt keinen Schlüssel, der signieren kann.</translation>
+    </message>
+</context>
+<context>
     <name>SigningAdvice</name>
     <message>
         <source>The passphrase of the key was not given.</source>
@@ -4119,6 +6090,45 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     </message>
 </context>
 <context>
+    <name>StateDifferenceDialog</name>
+    <message>
+        <source>Difference</source>
+        <translation>Unterschied</translation>
+    </message>
+    <message>
+        <source>From the state</source>
+        <translation>Vom Stand</translation>
+    </message>
+    <message>
+        <source>To the state</source>
+        <translation>Zum Stand</translation>
+    </message>
+    <message>
+        <source>Package name</source>
+        <translation>Paketname</translation>
+    </message>
+    <message>
+        <source>Changes between the states</source>
+        <translation>Änderungen zwischen den Ständen</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>Jetzt</translation>
+    </message>
+    <message>
+        <source>Comparing...</source>
+        <translation>Es wird verglichen...</translation>
+    </message>
+    <message>
+        <source>A record between these states is missing or damaged.</source>
+        <translation>Ein Eintrag zwischen diesen Ständen fehlt oder ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>The packages are the same.</source>
+        <translation>Die Pakete sind dieselben.</translation>
+    </message>
+</context>
+<context>
     <name>SystemFile</name>
     <message>
         <source>it is a link or no regular file</source>
@@ -4219,6 +6229,17 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     </message>
 </context>
 <context>
+    <name>TextPage</name>
+    <message>
+        <source>%1 is a program and no text.</source>
+        <translation>%1 ist ein Programm und kein Text.</translation>
+    </message>
+    <message>
+        <source>%1, of which this is the beginning. The whole text is in the package.</source>
+        <translation>%1, davon ist dies der Anfang. Der ganze Text ist im Paket.</translation>
+    </message>
+</context>
+<context>
     <name>TreeFilter</name>
     <message>
         <source>Packet Filter</source>
@@ -4247,6 +6268,82 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>Only packages that break others</source>
         <translation>Nur Pakete, die andere stören</translation>
+    </message>
+    <message>
+        <source>Architecture</source>
+        <translation>Architektur</translation>
+    </message>
+    <message>
+        <source>Component</source>
+        <translation>Komponente</translation>
+    </message>
+    <message>
+        <source>Section</source>
+        <translation>Sektion</translation>
+    </message>
+    <message>
+        <source>Signature</source>
+        <translation>Signatur</translation>
+    </message>
+    <message>
+        <source>Signed</source>
+        <translation>Signiert</translation>
+    </message>
+    <message>
+        <source>Unsigned</source>
+        <translation>Nicht signiert</translation>
+    </message>
+    <message>
+        <source>not checked</source>
+        <translation>nicht geprüft</translation>
+    </message>
+    <message>
+        <source>not satisfied</source>
+        <translation>nicht erfüllt</translation>
+    </message>
+    <message>
+        <source>satisfied</source>
+        <translation>erfüllt</translation>
+    </message>
+    <message>
+        <source>Dependences: %1</source>
+        <translation>Abhängigkeiten: %1</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>Cannot be installed</source>
+        <translation>Nicht installierbar</translation>
+    </message>
+    <message>
+        <source>Breaks others</source>
+        <translation>Verhindert andere</translation>
+    </message>
+    <message>
+        <source>Architecture: %1</source>
+        <translation>Architektur: %1</translation>
+    </message>
+    <message>
+        <source>Component: %1</source>
+        <translation>Komponente: %1</translation>
+    </message>
+    <message>
+        <source>Section: %1</source>
+        <translation>Sektion: %1</translation>
+    </message>
+    <message>
+        <source>Signature: %1</source>
+        <translation>Signatur: %1</translation>
+    </message>
+    <message>
+        <source>signed</source>
+        <translation>signiert</translation>
+    </message>
+    <message>
+        <source>unsigned</source>
+        <translation>unsigniert</translation>
     </message>
 </context>
 <context>
@@ -4293,6 +6390,10 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>%1 (%2)</source>
         <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Vorschau...</translation>
     </message>
 </context>
 <context>
@@ -4639,10 +6740,6 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         <translation>Die Schlüssel auflisten, die signieren können, und die, die es nicht mehr können</translation>
     </message>
     <message>
-        <source>Change the description of a repository: codename, suite, version, architectures, components, origin, label, sign=yes|no, or path, which moves it</source>
-        <translation>Die Beschreibung eines Repositorys ändern: codename, suite, version, architectures, components, origin, label, sign=yes|no, oder path, was es verschiebt</translation>
-    </message>
-    <message>
         <source>Publish a repository to other machines, over HTTP on the port 8000 if nothing else is said</source>
         <translation>Ein Repository für andere Rechner veröffentlichen, über HTTP auf Port 8000, wenn nichts anderes gesagt ist</translation>
     </message>
@@ -4710,10 +6807,6 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>The value of %1 is one line without #.</source>
         <translation>Der Wert von %1 ist eine Zeile ohne #.</translation>
-    </message>
-    <message>
-        <source>The origin cannot be empty.</source>
-        <translation>Die Herkunft kann nicht leer sein.</translation>
     </message>
     <message>
         <source>The value of %1 is yes or no.</source>
@@ -5030,6 +7123,209 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>With --complete, a further architecture of the system, as dpkg knows foreign architectures; can be repeated</source>
         <translation>Mit --complete: eine weitere Architektur des Systems, wie dpkg fremde Architekturen kennt; wiederholbar</translation>
+    </message>
+    <message>
+        <source>Only show what would change, and what could not be installed then</source>
+        <translation>Nur zeigen, was sich ändern würde und was sich dann nicht mehr installieren ließe</translation>
+    </message>
+    <message>
+        <source>List the restore points of a repository, or those that have changed a package, with their changes</source>
+        <translation>Die Wiederherstellungspunkte eines Repositorys mit ihren Änderungen auflisten, oder nur die, die ein Paket geändert haben</translation>
+    </message>
+    <message>
+        <source>Only so many of the newest</source>
+        <translation>Nur so viele der neuesten</translation>
+    </message>
+    <message>
+        <source>First delete the oldest restore points that are more than the settings allow</source>
+        <translation>Zuerst die ältesten Wiederherstellungspunkte löschen, die mehr sind, als die Einstellungen erlauben</translation>
+    </message>
+    <message>
+        <source>Show what has changed from the state before a restore point until now, or until the state before another one</source>
+        <translation>Zeigen, was sich vom Stand vor einem Wiederherstellungspunkt bis jetzt oder bis zum Stand vor einem anderen geändert hat</translation>
+    </message>
+    <message>
+        <source>Go back to the state before a restore point, or bring back a package</source>
+        <translation>Zum Stand vor einem Wiederherstellungspunkt zurückkehren oder ein Paket zurückholen</translation>
+    </message>
+    <message>
+        <source>Only bring back this package, as it was before the restore point</source>
+        <translation>Nur dieses Paket zurückholen, wie es vor dem Wiederherstellungspunkt war</translation>
+    </message>
+    <message>
+        <source>The preview is without the packages on which these depend.</source>
+        <translation>Die Vorschau enthält die Pakete nicht, von denen diese abhängen.</translation>
+    </message>
+    <message>
+        <source>The history has no restore point %1.</source>
+        <translation>Der Verlauf hat keinen Wiederherstellungspunkt %1.</translation>
+    </message>
+    <message>
+        <source>The history has damaged records, so it is not known what has changed since.</source>
+        <translation>Der Verlauf hat beschädigte Aufzeichnungen; darum ist nicht bekannt, was sich seither geändert hat.</translation>
+    </message>
+    <message>
+        <source>Changed by another program</source>
+        <translation>Von einem anderen Programm geändert</translation>
+    </message>
+    <message>
+        <source>%1 (no way back: %2)</source>
+        <translation>%1 (kein Weg zurück: %2)</translation>
+    </message>
+    <message>
+        <source>The description was changed</source>
+        <translation>Die Beschreibung wurde geändert</translation>
+    </message>
+    <message>
+        <source>And %1 more changes.</source>
+        <translation>Und %1 weitere Änderungen.</translation>
+    </message>
+    <message>
+        <source>The description of the repository changes too.</source>
+        <translation>Auch die Beschreibung des Repositorys ändert sich.</translation>
+    </message>
+    <message>
+        <source>Do you want to go back to the state before the restore point %1 (%2)?</source>
+        <translation>Möchten Sie zum Stand vor dem Wiederherstellungspunkt %1 (%2) zurückkehren?</translation>
+    </message>
+    <message>
+        <source>Before the restore point %1 the repository had no other version of %2 than now.</source>
+        <translation>Vor dem Wiederherstellungspunkt %1 hatte das Repository keine andere Version von %2 als jetzt.</translation>
+    </message>
+    <message>
+        <source>Do you want to bring back %1?</source>
+        <translation>Möchten Sie %1 zurückholen?</translation>
+    </message>
+    <message>
+        <source>--limit needs a number greater than 0, and not %1</source>
+        <translation>--limit braucht eine Zahl größer als 0 und nicht %1</translation>
+    </message>
+    <message>
+        <source>No states are kept: %1</source>
+        <translation>Es werden keine Stände aufbewahrt: %1</translation>
+    </message>
+    <message>
+        <source>The history takes %1.</source>
+        <translation>Der Verlauf belegt %1.</translation>
+    </message>
+    <message>
+        <source>Freed: %1</source>
+        <translation>Freigegeben: %1</translation>
+    </message>
+    <message>
+        <source>The state before the newest change is not kept, so this goes back further.</source>
+        <translation>Der Stand vor der neuesten Änderung ist nicht aufbewahrt; darum geht es weiter zurück.</translation>
+    </message>
+    <message>
+        <source>The history has no state to go back to.</source>
+        <translation>Der Verlauf hat keinen Stand, zu dem man zurückkehren kann.</translation>
+    </message>
+    <message>
+        <source>%1, from %2</source>
+        <translation>%1, aus %2</translation>
+    </message>
+    <message>
+        <source>The state before the newest change is not kept. Name a point to go back further.</source>
+        <translation>Der Stand vor der neuesten Änderung wurde nicht aufbewahrt. Nennen Sie einen Punkt, um weiter zurückzukehren.</translation>
+    </message>
+    <message>
+        <source>What is in the repository, in one line</source>
+        <translation>Was im Repository ist, in einer Zeile</translation>
+    </message>
+    <message>
+        <source>Sign the repository with this key: its fingerprint, or the end of it</source>
+        <translation>Das Repository mit diesem Schlüssel signieren: sein Fingerabdruck oder dessen Ende</translation>
+    </message>
+    <message>
+        <source>Write lists of the packages&apos; files: yes, or words of reprepro separated by commas, such as .xz,udebs</source>
+        <translation>Listen der Dateien der Pakete schreiben: yes oder Wörter von reprepro, durch Kommas getrennt, etwa .xz,udebs</translation>
+    </message>
+    <message>
+        <source>Clients refuse indices that have not been written for so many days</source>
+        <translation>Clients lehnen Indexdateien ab, die so viele Tage nicht geschrieben wurden</translation>
+    </message>
+    <message>
+        <source>Copy packages from a repository to another one, or to another component of the same</source>
+        <translation>Pakete aus einem Repository in ein anderes oder in eine andere Komponente desselben kopieren</translation>
+    </message>
+    <message>
+        <source>The component into which the packages go</source>
+        <translation>Die Komponente, in die die Pakete kommen</translation>
+    </message>
+    <message>
+        <source>Remove the packages where they were, once they are there</source>
+        <translation>Die Pakete entfernen, wo sie waren, sobald sie dort sind</translation>
+    </message>
+    <message>
+        <source>Change the description of a repository: codename, suite, version, architectures, components, origin, label, description, sign=yes|no, sign-key=KEY|default, contents=yes|no|LIST, valid-for=DAYS, or path, which moves it</source>
+        <translation>Die Beschreibung eines Repositorys ändern: codename, suite, version, architectures, components, origin, label, description, sign=yes|no, sign-key=SCHLÜSSEL|default, contents=yes|no|LISTE, valid-for=TAGE oder path, was es verschiebt</translation>
+    </message>
+    <message>
+        <source>Go back to the state before the newest restore point, so that a second time undoes the first; restore goes further back</source>
+        <translation>Zum Stand vor dem neuesten Wiederherstellungspunkt zurückkehren, sodass ein zweites Mal das erste rückgängig macht; restore kehrt weiter zurück</translation>
+    </message>
+    <message>
+        <source>Would be removed from %1: %2</source>
+        <translation>Würde aus %1 entfernt: %2</translation>
+    </message>
+    <message>
+        <source>Removed from %1: %2</source>
+        <translation>Aus %1 entfernt: %2</translation>
+    </message>
+    <message>
+        <source>Within one repository, --component must name another component.</source>
+        <translation>Innerhalb eines Repositorys muss --component eine andere Komponente nennen.</translation>
+    </message>
+    <message>
+        <source>You cannot change the repository %1.</source>
+        <translation>Sie können das Repository %1 nicht ändern.</translation>
+    </message>
+    <message>
+        <source>The packages are in this component already.</source>
+        <translation>Die Pakete sind schon in dieser Komponente.</translation>
+    </message>
+    <message>
+        <source>The value of %1 is a number of days, such as 30, of %2 at most; 0 stands for no limit.</source>
+        <translation>Der Wert von %1 ist eine Zahl von Tagen, zum Beispiel 30, höchstens %2; 0 steht für keine Grenze.</translation>
+    </message>
+    <message>
+        <source>The value of %1 is a key, or default.</source>
+        <translation>Der Wert von %1 ist ein Schlüssel oder default.</translation>
+    </message>
+    <message>
+        <source>The repository is as it was before restore point %1.</source>
+        <translation>Das Repository ist, wie es vor dem Wiederherstellungspunkt %1 war.</translation>
+    </message>
+    <message>
+        <source>No packages differ.</source>
+        <translation>Keine Pakete unterscheiden sich.</translation>
+    </message>
+    <message>
+        <source>Description: %1</source>
+        <translation>Beschreibung: %1</translation>
+    </message>
+    <message>
+        <source>Contents: %1</source>
+        <translation>Contents: %1</translation>
+    </message>
+    <message>
+        <source>Valid for days: %1</source>
+        <translation>Gültig, in Tagen: %1</translation>
+    </message>
+    <message>
+        <source>Signed with the key %1</source>
+        <translation>Signiert mit dem Schlüssel %1</translation>
+    </message>
+    <message>
+        <source>Other field: %1</source>
+        <translation>Weiteres Feld: %1</translation>
+    </message>
+</context>
+<context>
+    <name>copyFile</name>
+    <message>
+        <source>This is the file itself.</source>
+        <translation>Das ist die Datei selbst.</translation>
     </message>
 </context>
 <context>

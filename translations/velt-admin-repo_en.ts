@@ -46,6 +46,26 @@
     </message>
 </context>
 <context>
+    <name>DescriptionEffect</name>
+    <message numerus="yes">
+        <source>apt on the clients refuses indices that are older than %n day(s), so the repository must be exported again before that.</source>
+        <translation>
+            <numerusform>apt on the clients refuses indices that are older than %n day, so the repository must be exported again before that.</numerusform>
+            <numerusform>apt on the clients refuses indices that are older than %n days, so the repository must be exported again before that.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>DifferenceDialog</name>
+    <message numerus="yes">
+        <source>%n difference(s):</source>
+        <translation>
+            <numerusform>%n difference:</numerusform>
+            <numerusform>%n differences:</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>FactsTree</name>
     <message numerus="yes">
         <source>%n package(s) directly</source>
@@ -66,6 +86,88 @@
         <translation>
             <numerusform>and %n more</numerusform>
             <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HistoryCommands</name>
+    <message numerus="yes">
+        <source>No state was kept between this change and now, so %n change(s) will be undone.</source>
+        <translation>
+            <numerusform>No state was kept between this change and now, so %n change will be undone.</numerusform>
+            <numerusform>No state was kept between this change and now, so %n changes will be undone.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) will be undone: this one and all later ones.</source>
+        <translation>
+            <numerusform>%n change will be undone.</numerusform>
+            <numerusform>%n changes will be undone: this one and all later ones.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Do you want to delete %n restore point(s) of this repository?</source>
+        <translation>
+            <numerusform>Do you want to delete %n restore point of this repository?</numerusform>
+            <numerusform>Do you want to delete %n restore points of this repository?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HistorySettingsDialog</name>
+    <message numerus="yes">
+        <source>%n restore point(s), %1</source>
+        <translation>
+            <numerusform>%n restore point, %1</numerusform>
+            <numerusform>%n restore points, %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 (%n restore point(s))</source>
+        <translation>
+            <numerusform>%1 (%n restore point)</numerusform>
+            <numerusform>%1 (%n restore points)</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HistoryText</name>
+    <message numerus="yes">
+        <source>%n added</source>
+        <translation>
+            <numerusform>%n added</numerusform>
+            <numerusform>%n added</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n replaced</source>
+        <translation>
+            <numerusform>%n replaced</numerusform>
+            <numerusform>%n replaced</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n removed</source>
+        <translation>
+            <numerusform>%n removed</numerusform>
+            <numerusform>%n removed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HistoryView</name>
+    <message numerus="yes">
+        <source>%n restore point(s), %1</source>
+        <translation>
+            <numerusform>%n restore point, %1</numerusform>
+            <numerusform>%n restore points, %1</numerusform>
         </translation>
     </message>
 </context>
@@ -131,6 +233,16 @@
     </message>
 </context>
 <context>
+    <name>PackageContentsDialog</name>
+    <message numerus="yes">
+        <source>Found %n time(s)</source>
+        <translation>
+            <numerusform>Found %n time</numerusform>
+            <numerusform>Found %n times</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PackageDetails</name>
     <message numerus="yes">
         <source>%n package(s): %1</source>
@@ -141,12 +253,105 @@
     </message>
 </context>
 <context>
+    <name>PackageFileCommands</name>
+    <message numerus="yes">
+        <source>Do you want to replace %n file(s) in %1?</source>
+        <translation>
+            <numerusform>Do you want to replace %n file in %1?</numerusform>
+            <numerusform>Do you want to replace %n files in %1?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Saving %n package(s)...</source>
+        <translation>
+            <numerusform>Saving %n package...</numerusform>
+            <numerusform>Saving %n packages...</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) saved.</source>
+        <translation>
+            <numerusform>%n package saved.</numerusform>
+            <numerusform>%n packages saved.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could not be saved.</source>
+        <translation>
+            <numerusform>%n package could not be saved.</numerusform>
+            <numerusform>%n packages could not be saved.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>PackageItem</name>
     <message numerus="yes">
         <source>%1 satisfies %2 of %n dependency(ies)</source>
         <translation>
             <numerusform>%1 satisfies %2 of %n dependency</numerusform>
             <numerusform>%1 satisfies %2 of %n dependencies</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PreviewEffectView</name>
+    <message numerus="yes">
+        <source>%n package(s) could be installed then</source>
+        <translation>
+            <numerusform>%n package could be installed then</numerusform>
+            <numerusform>%n packages could be installed then</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could no longer be installed</source>
+        <translation>
+            <numerusform>%n package could no longer be installed</numerusform>
+            <numerusform>%n packages could no longer be installed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) that come in cannot be installed</source>
+        <translation>
+            <numerusform>%n package that comes in cannot be installed</numerusform>
+            <numerusform>%n packages that come in cannot be installed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PreviewText</name>
+    <message numerus="yes">
+        <source>Clients that have them installed upgrade %n package(s).</source>
+        <translation>
+            <numerusform>Clients that have it installed upgrade %n package.</numerusform>
+            <numerusform>Clients that have them installed upgrade %n packages.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Of %n package(s), clients keep the newer version that they have installed.</source>
+        <translation>
+            <numerusform>Of %n package, clients keep the newer version that they have installed.</numerusform>
+            <numerusform>Of %n packages, clients keep the newer version that they have installed.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n removed package(s) stay installed where they are, without updates.</source>
+        <translation>
+            <numerusform>%n removed package stays installed where it is, without updates.</numerusform>
+            <numerusform>%n removed packages stay installed where they are, without updates.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Clients that have it installed do not get the other contents of %n package(s) of the same version.</source>
+        <translation>
+            <numerusform>Clients that have it installed do not get the other contents of %n package of the same version.</numerusform>
+            <numerusform>Clients that have them installed do not get the other contents of %n packages of the same version.</numerusform>
         </translation>
     </message>
 </context>
@@ -351,6 +556,55 @@
         <translation>
             <numerusform>Operation stopped. %1 of %n package checked completely</numerusform>
             <numerusform>Operation stopped. %1 of %n packages checked completely</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n restore point(s) deleted, %1 freed</source>
+        <translation>
+            <numerusform>%n restore point deleted, %1 freed</numerusform>
+            <numerusform>%n restore points deleted, %1 freed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>The repository cannot go back: %n file(s) of the earlier state are missing or have been changed.</source>
+        <translation>
+            <numerusform>The repository cannot go back: %n file of the earlier state is missing or has been changed.</numerusform>
+            <numerusform>The repository cannot go back: %n files of the earlier state are missing or have been changed.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) moved: %1</source>
+        <translation>
+            <numerusform>%n package moved: %1</numerusform>
+            <numerusform>%n packages moved: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) copied: %1</source>
+        <translation>
+            <numerusform>%n package copied: %1</numerusform>
+            <numerusform>%n packages copied: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) moved: %2</source>
+        <translation>
+            <numerusform>Operation stopped. %1 of %n package moved: %2</numerusform>
+            <numerusform>Operation stopped. %1 of %n packages moved: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) copied: %2</source>
+        <translation>
+            <numerusform>Operation stopped. %1 of %n package copied: %2</numerusform>
+            <numerusform>Operation stopped. %1 of %n packages copied: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) stay(s) here, since the repository %1 does not have the same.</source>
+        <translation>
+            <numerusform>%n package stays here, since the repository %1 does not have the same.</numerusform>
+            <numerusform>%n packages stay here, since the repository %1 does not have the same.</numerusform>
         </translation>
     </message>
 </context>

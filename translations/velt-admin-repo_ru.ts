@@ -46,6 +46,33 @@
         <source>(each package&apos;s own component)</source>
         <translation>(собственный компонент каждого пакета)</translation>
     </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Предпросмотр...</translation>
+    </message>
+</context>
+<context>
+    <name>ApplyJob</name>
+    <message>
+        <source>Nothing was done: there is no preview of this repository.</source>
+        <translation>Ничего не сделано: для этого репозитория нет предпросмотра.</translation>
+    </message>
+    <message>
+        <source>Applying the preview</source>
+        <translation>Применение предпросмотра</translation>
+    </message>
+    <message>
+        <source>Nothing was done.</source>
+        <translation>Ничего не сделано.</translation>
+    </message>
+    <message>
+        <source>Nothing was done: the repository or a file has changed since the preview was made.</source>
+        <translation>Ничего не сделано: репозиторий или файл изменился после предпросмотра.</translation>
+    </message>
+    <message>
+        <source>Nothing was to be changed.</source>
+        <translation>Изменять было нечего.</translation>
+    </message>
 </context>
 <context>
     <name>AptFetch</name>
@@ -191,6 +218,33 @@
     </message>
 </context>
 <context>
+    <name>ChangesModel</name>
+    <message>
+        <source>Package</source>
+        <translation>Пакет</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Изменение</translation>
+    </message>
+    <message>
+        <source>Architecture</source>
+        <translation>Архитектура</translation>
+    </message>
+    <message>
+        <source>Component</source>
+        <translation>Компонент</translation>
+    </message>
+    <message>
+        <source>Old version</source>
+        <translation>Старая версия</translation>
+    </message>
+    <message>
+        <source>New version</source>
+        <translation>Новая версия</translation>
+    </message>
+</context>
+<context>
     <name>CheckBaseMenu</name>
     <message>
         <source>Complete check against</source>
@@ -244,6 +298,13 @@
     </message>
 </context>
 <context>
+    <name>ColumnChoice</name>
+    <message>
+        <source>Columns</source>
+        <translation>Столбцы</translation>
+    </message>
+</context>
+<context>
     <name>CompanionsTree</name>
     <message>
         <source>Package</source>
@@ -280,6 +341,96 @@
             <numerusform>В пустую систему устанавливаются %n пакета: загрузка %1, на диске %2</numerusform>
             <numerusform>В пустую систему устанавливаются %n пакетов: загрузка %1, на диске %2</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>CopyCommands</name>
+    <message>
+        <source>Copy to repository...</source>
+        <translation>Копировать в репозиторий...</translation>
+    </message>
+    <message>
+        <source>Move to repository...</source>
+        <translation>Переместить в репозиторий...</translation>
+    </message>
+    <message>
+        <source>Not copied: %1</source>
+        <translation>Не скопировано: %1</translation>
+    </message>
+    <message>
+        <source>You cannot change the repository %1: its files belong to another user, or its disk is read-only.</source>
+        <translation>Вы не можете изменить репозиторий %1: его файлы принадлежат другому пользователю или его диск доступен только для чтения.</translation>
+    </message>
+    <message>
+        <source>The packages are in this component already.</source>
+        <translation>Пакеты уже находятся в этом компоненте.</translation>
+    </message>
+    <message>
+        <source>Move confirmation</source>
+        <translation>Подтверждение перемещения</translation>
+    </message>
+    <message>
+        <source>Do you want to move the selected packages to %1?</source>
+        <translation>Переместить выбранные пакеты в %1?</translation>
+    </message>
+    <message>
+        <source>Will be copied next: %1</source>
+        <translation>Далее будет скопировано: %1</translation>
+    </message>
+    <message>
+        <source>The packages were copied, and stay in %1 too.</source>
+        <translation>Пакеты скопированы и остаются также в %1.</translation>
+    </message>
+</context>
+<context>
+    <name>CopyDialog</name>
+    <message>
+        <source>With what they depend on</source>
+        <translation>Вместе с зависимостями</translation>
+    </message>
+    <message>
+        <source>Move packages</source>
+        <translation>Перемещение пакетов</translation>
+    </message>
+    <message>
+        <source>Copy packages</source>
+        <translation>Копирование пакетов</translation>
+    </message>
+    <message>
+        <source>%1 (another component)</source>
+        <translation>%1 (другой компонент)</translation>
+    </message>
+    <message>
+        <source>Open another...</source>
+        <translation>Открыть другой...</translation>
+    </message>
+    <message>
+        <source>Also those packages that they need and that the other repository does not have. These are always copied.</source>
+        <translation>Также пакеты, которые им нужны и которых нет в другом репозитории. Они всегда копируются.</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Переместить</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Копировать</translation>
+    </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Предпросмотр...</translation>
+    </message>
+    <message>
+        <source>Repository:</source>
+        <translation>Репозиторий:</translation>
+    </message>
+    <message>
+        <source>Component:</source>
+        <translation>Компонент:</translation>
+    </message>
+    <message>
+        <source>as it is</source>
+        <translation>как есть</translation>
     </message>
 </context>
 <context>
@@ -548,6 +699,163 @@
     </message>
 </context>
 <context>
+    <name>DescriptionEffect</name>
+    <message>
+        <source>The repository moves from %1 to %2.</source>
+        <translation>Репозиторий переносится из %1 в %2.</translation>
+    </message>
+    <message>
+        <source>The indices are written below dists/%1, and dists/%2 is deleted.</source>
+        <translation>Индексы записываются в dists/%1, а dists/%2 удаляется.</translation>
+    </message>
+    <message>
+        <source>All indices below dists/%1 are written anew.</source>
+        <translation>Все индексы в dists/%1 записываются заново.</translation>
+    </message>
+    <message>
+        <source>The indices of these components are deleted: %1.</source>
+        <translation>Индексы этих компонентов удаляются: %1.</translation>
+    </message>
+    <message>
+        <source>Indices of these components are added: %1.</source>
+        <translation>Добавляются индексы этих компонентов: %1.</translation>
+    </message>
+    <message>
+        <source>The indices of these architectures are deleted: %1.</source>
+        <translation>Индексы этих архитектур удаляются: %1.</translation>
+    </message>
+    <message>
+        <source>Indices of these architectures are added: %1.</source>
+        <translation>Добавляются индексы этих архитектур: %1.</translation>
+    </message>
+    <message>
+        <source>The lists of the packages&apos; files (Contents) are added.</source>
+        <translation>Добавляются списки файлов пакетов (Contents).</translation>
+    </message>
+    <message>
+        <source>The lists of the packages&apos; files (Contents) are deleted.</source>
+        <translation>Списки файлов пакетов (Contents) удаляются.</translation>
+    </message>
+    <message>
+        <source>These lines of the description are lost, and the file with them is kept as %1: %2</source>
+        <translation>Эти строки описания теряются, файл с ними сохраняется как %1: %2</translation>
+    </message>
+    <message>
+        <source>In the line of the source on each client, %1 must be replaced with %2.</source>
+        <translation>В строке источника на каждом клиенте нужно заменить %1 на %2.</translation>
+    </message>
+    <message>
+        <source>apt on the clients refuses to update until the change of %1 is accepted. This command accepts it: %2</source>
+        <translation>apt на клиентах отказывается обновлять списки, пока изменение %1 не принято. Эта команда принимает его: %2</translation>
+    </message>
+    <message>
+        <source>apt on the clients tells of the change of Suite from %1 to %2, and old versions of apt refuse it. This command accepts it: %3</source>
+        <translation>apt на клиентах сообщает об изменении Suite с %1 на %2, а старые версии apt отвергают его. Эта команда принимает его: %3</translation>
+    </message>
+    <message>
+        <source>Clients that use the folder itself need the new path in the line of the source.</source>
+        <translation>Клиентам, которые используют сам каталог, нужен новый путь в строке источника.</translation>
+    </message>
+    <message>
+        <source>Clients must take these components out of the line of the source: %1.</source>
+        <translation>Клиенты должны убрать эти компоненты из строки источника: %1.</translation>
+    </message>
+    <message>
+        <source>Clients of these architectures get nothing from the repository any more: %1.</source>
+        <translation>Клиенты этих архитектур больше ничего не получат из репозитория: %1.</translation>
+    </message>
+    <message>
+        <source>The repository is not signed any more: apt refuses it unless the line of the source has [trusted=yes].</source>
+        <translation>Репозиторий больше не подписан: apt отвергает его, если в строке источника нет [trusted=yes].</translation>
+    </message>
+    <message>
+        <source>The repository is signed from then on: clients need the public key to check that.</source>
+        <translation>С этого момента репозиторий подписан: для проверки клиентам нужен открытый ключ.</translation>
+    </message>
+    <message>
+        <source>The lists of the packages&apos; files (Contents) are written in another form.</source>
+        <translation>Списки файлов пакетов (Contents) записываются в другом виде.</translation>
+    </message>
+    <message numerus="yes">
+        <source>apt on the clients refuses indices that are older than %n day(s), so the repository must be exported again before that.</source>
+        <translation>
+            <numerusform>apt на клиентах отвергает индексы старше %n дня, поэтому до этого репозиторий нужно экспортировать снова.</numerusform>
+            <numerusform>apt на клиентах отвергает индексы старше %n дней, поэтому до этого репозиторий нужно экспортировать снова.</numerusform>
+            <numerusform>apt на клиентах отвергает индексы старше %n дней, поэтому до этого репозиторий нужно экспортировать снова.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The repository is signed with another key from then on: apt on the clients refuses it until they have the public part of that key.</source>
+        <translation>С этого времени репозиторий подписан другим ключом: apt на клиентах отвергает его, пока у них нет открытой части этого ключа.</translation>
+    </message>
+</context>
+<context>
+    <name>DifferenceDialog</name>
+    <message>
+        <source>Difference</source>
+        <translation>Различия</translation>
+    </message>
+    <message>
+        <source>Present file: %1</source>
+        <translation>Имеющийся файл: %1</translation>
+    </message>
+    <message>
+        <source>New file: %1</source>
+        <translation>Новый файл: %1</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Копировать</translation>
+    </message>
+    <message>
+        <source>apt takes packages of one version for the same, so clients that have the present one would not get the new one. Build it with the version %1, which sorts after %2 and before the next version of its maker.</source>
+        <translation>apt считает пакеты одной версии одним и тем же пакетом, поэтому клиенты, у которых есть имеющийся пакет, не получат новый. Соберите его с версией %1: она идёт после %2 и перед следующей версией изготовителя.</translation>
+    </message>
+    <message>
+        <source>Comparing the files...</source>
+        <translation>Сравнение файлов...</translation>
+    </message>
+    <message>
+        <source>The packages are too large to compare their files. This is what else differs:</source>
+        <translation>Пакеты слишком велики, чтобы сравнить их файлы. Прочие различия:</translation>
+    </message>
+    <message>
+        <source>Both packages hold the same. Only the way in which they were packed differs, such as times or the compression.</source>
+        <translation>Содержимое обоих пакетов одинаково. Различается только упаковка, например время или сжатие.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n difference(s):</source>
+        <translation>
+            <numerusform>%n различие:</numerusform>
+            <numerusform>%n различия:</numerusform>
+            <numerusform>%n различий:</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>DifferenceModel</name>
+    <message>
+        <source>Part</source>
+        <translation>Часть</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Имя</translation>
+    </message>
+    <message>
+        <source>Present file</source>
+        <translation>Имеющийся файл</translation>
+    </message>
+    <message>
+        <source>New file</source>
+        <translation>Новый файл</translation>
+    </message>
+    <message>
+        <source>(not there)</source>
+        <translation>(отсутствует)</translation>
+    </message>
+</context>
+<context>
     <name>DpkgUtils</name>
     <message>
         <source>&quot;%1&quot; is not a version</source>
@@ -797,6 +1105,44 @@
     </message>
 </context>
 <context>
+    <name>FileListModel</name>
+    <message>
+        <source>File</source>
+        <translation>Файл</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Размер</translation>
+    </message>
+    <message>
+        <source>Permissions</source>
+        <translation>Права</translation>
+    </message>
+    <message>
+        <source>%1 bytes</source>
+        <translation>%1 байт</translation>
+    </message>
+</context>
+<context>
+    <name>FilterLine</name>
+    <message>
+        <source>Remove the filter %1</source>
+        <translation>Убрать фильтр %1</translation>
+    </message>
+    <message>
+        <source>Show all</source>
+        <translation>Показать все</translation>
+    </message>
+    <message>
+        <source>Remove all filters</source>
+        <translation>Убрать все фильтры</translation>
+    </message>
+    <message>
+        <source>%1 of %2 packages shown</source>
+        <translation>Показано пакетов: %1 из %2</translation>
+    </message>
+</context>
+<context>
     <name>FoundPackagesModel</name>
     <message>
         <source>Package</source>
@@ -813,6 +1159,97 @@
     <message>
         <source>Repository</source>
         <translation>Репозиторий</translation>
+    </message>
+</context>
+<context>
+    <name>FurtherFields</name>
+    <message>
+        <source>More</source>
+        <translation>Ещё</translation>
+    </message>
+    <message>
+        <source>Show the rarer fields of the description</source>
+        <translation>Показать более редкие поля описания</translation>
+    </message>
+    <message>
+        <source>Origin</source>
+        <translation>Происхождение</translation>
+    </message>
+    <message>
+        <source>This required field.
+Who makes the packages. Clients can select by it.</source>
+        <translation>Это обязательное поле.
+Кто делает пакеты. По нему клиенты могут выбирать.</translation>
+    </message>
+    <message>
+        <source>Label</source>
+        <translation>Метка</translation>
+    </message>
+    <message>
+        <source>This optional field.
+Clients can select the repository by it.</source>
+        <translation>Это необязательное поле.
+По нему клиенты могут выбирать репозиторий.</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Описание</translation>
+    </message>
+    <message>
+        <source>This optional field.
+One line that tells what is in the repository.</source>
+        <translation>Это необязательное поле.
+Строка о том, что находится в репозитории.</translation>
+    </message>
+    <message>
+        <source>Signing key</source>
+        <translation>Ключ подписи</translation>
+    </message>
+    <message>
+        <source>The key that signs the repository (apt). Clients need its public part.</source>
+        <translation>Ключ, которым подписывается репозиторий (apt). Клиентам нужна его открытая часть.</translation>
+    </message>
+    <message>
+        <source>Contents</source>
+        <translation>Содержание</translation>
+    </message>
+    <message>
+        <source>How the lists of the packages&apos; files are compressed, and what they list.
+Without a choice, .gz.</source>
+        <translation>Как сжимаются списки файлов пакетов и что в них перечислено.
+Без выбора — .gz.</translation>
+    </message>
+    <message>
+        <source>Valid for (days)</source>
+        <translation>Действителен (дней)</translation>
+    </message>
+    <message>
+        <source>Clients refuse the repository when its indices have not been written for so many days.</source>
+        <translation>Клиенты отвергают репозиторий, если его индексы не записывались столько дней.</translation>
+    </message>
+    <message>
+        <source>Other fields</source>
+        <translation>Другие поля</translation>
+    </message>
+    <message>
+        <source>What else is in the description. It stays as it is.</source>
+        <translation>Что ещё есть в описании. Это остаётся как есть.</translation>
+    </message>
+    <message>
+        <source>no limit</source>
+        <translation>без ограничения</translation>
+    </message>
+    <message>
+        <source>Default key of gpg</source>
+        <translation>Ключ gpg по умолчанию</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1 (not listed)</source>
+        <translation>%1 (нет в списке)</translation>
     </message>
 </context>
 <context>
@@ -934,6 +1371,432 @@
     <message>
         <source>The system bus cannot be reached. Without it, nothing in the system can be changed. Start the service dbus, then this program once more.</source>
         <translation>Системная шина недоступна. Без неё в системе ничего нельзя изменить. Запустите службу dbus, затем эту программу ещё раз.</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryCommands</name>
+    <message>
+        <source>Undo last change</source>
+        <translation>Отменить последнее изменение</translation>
+    </message>
+    <message>
+        <source>Go back to this point</source>
+        <translation>Вернуться к этой точке</translation>
+    </message>
+    <message>
+        <source>Bring back this package</source>
+        <translation>Вернуть этот пакет</translation>
+    </message>
+    <message>
+        <source>Show difference</source>
+        <translation>Показать различия</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>История</translation>
+    </message>
+    <message>
+        <source>Show history</source>
+        <translation>Показать историю</translation>
+    </message>
+    <message>
+        <source>The history is switched off: no more states are kept.</source>
+        <translation>История выключена: состояния больше не сохраняются.</translation>
+    </message>
+    <message>
+        <source>No repository is open.</source>
+        <translation>Ни один репозиторий не открыт.</translation>
+    </message>
+    <message>
+        <source>The history is being read...</source>
+        <translation>Чтение истории...</translation>
+    </message>
+    <message>
+        <source>Wait until the running job has ended.</source>
+        <translation>Подождите, пока закончится текущая задача.</translation>
+    </message>
+    <message>
+        <source>You may not write to this repository.</source>
+        <translation>У вас нет права изменять этот репозиторий.</translation>
+    </message>
+    <message>
+        <source>There is no change to undo.</source>
+        <translation>Нет изменений, которые можно отменить.</translation>
+    </message>
+    <message>
+        <source>No state was kept to go back to.</source>
+        <translation>Нет сохранённого состояния для возврата.</translation>
+    </message>
+    <message>
+        <source>Show the history to choose a point.</source>
+        <translation>Покажите историю, чтобы выбрать точку.</translation>
+    </message>
+    <message>
+        <source>Select one point.</source>
+        <translation>Выберите одну точку.</translation>
+    </message>
+    <message>
+        <source>The state before this point: %1</source>
+        <translation>Состояние до этой точки: %1</translation>
+    </message>
+    <message>
+        <source>Show the history to choose a package.</source>
+        <translation>Покажите историю, чтобы выбрать пакет.</translation>
+    </message>
+    <message>
+        <source>Select one package below a point.</source>
+        <translation>Выберите один пакет под точкой.</translation>
+    </message>
+    <message>
+        <source>The package has no old version here.</source>
+        <translation>У пакета здесь нет старой версии.</translation>
+    </message>
+    <message>
+        <source>Select one point or two.</source>
+        <translation>Выберите одну или две точки.</translation>
+    </message>
+    <message numerus="yes">
+        <source>No state was kept between this change and now, so %n change(s) will be undone.</source>
+        <translation>
+            <numerusform>После этого изменения состояния не сохранялись, поэтому будет отменено %n изменение.</numerusform>
+            <numerusform>После этого изменения состояния не сохранялись, поэтому будет отменено %n изменения.</numerusform>
+            <numerusform>После этого изменения состояния не сохранялись, поэтому будет отменено %n изменений.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n change(s) will be undone: this one and all later ones.</source>
+        <translation>
+            <numerusform>Будет отменено %n изменение: это и все более поздние.</numerusform>
+            <numerusform>Будет отменено %n изменения: это и все более поздние.</numerusform>
+            <numerusform>Будет отменено %n изменений: это и все более поздние.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What will change: %1.</source>
+        <translation>Что изменится: %1.</translation>
+    </message>
+    <message>
+        <source>What will change is not known, because a record is missing or damaged.</source>
+        <translation>Что изменится, неизвестно: запись отсутствует или повреждена.</translation>
+    </message>
+    <message>
+        <source>The description of the repository becomes the old one.</source>
+        <translation>Описание репозитория станет прежним.</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Do you want to undo this change?
+%1</source>
+        <translation>Отменить это изменение?
+%1</translation>
+    </message>
+    <message>
+        <source>Do you want to go back to the state before this change?
+%1</source>
+        <translation>Вернуться к состоянию до этого изменения?
+%1</translation>
+    </message>
+    <message>
+        <source>Do you want to bring back %1 %2 (%3)?</source>
+        <translation>Вернуть %1 %2 (%3)?</translation>
+    </message>
+    <message>
+        <source>The file is added to component %1. A present version of the package is replaced.</source>
+        <translation>Файл будет добавлен в компонент %1. Имеющаяся версия пакета будет заменена.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do you want to delete %n restore point(s) of this repository?</source>
+        <translation>
+            <numerusform>Удалить %n точку восстановления этого репозитория?</numerusform>
+            <numerusform>Удалить %n точки восстановления этого репозитория?</numerusform>
+            <numerusform>Удалить %n точек восстановления этого репозитория?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The way back to the states before them is lost. These limits are stored too.</source>
+        <translation>Вернуться к состояниям до них будет нельзя. Эти ограничения тоже будут сохранены.</translation>
+    </message>
+    <message>
+        <source>History settings...</source>
+        <translation>Настройки истории...</translation>
+    </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Предпросмотр...</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryModel</name>
+    <message>
+        <source>Time, package</source>
+        <translation>Время, пакет</translation>
+    </message>
+    <message>
+        <source>Change</source>
+        <translation>Изменение</translation>
+    </message>
+    <message>
+        <source>Architecture</source>
+        <translation>Архитектура</translation>
+    </message>
+    <message>
+        <source>Old version</source>
+        <translation>Старая версия</translation>
+    </message>
+    <message>
+        <source>New version</source>
+        <translation>Новая версия</translation>
+    </message>
+    <message>
+        <source>User, origin</source>
+        <translation>Пользователь, источник</translation>
+    </message>
+    <message>
+        <source>State before</source>
+        <translation>Состояние до</translation>
+    </message>
+</context>
+<context>
+    <name>HistorySettingsDialog</name>
+    <message>
+        <source>Keep states to go back to</source>
+        <translation>Сохранять состояния для возврата</translation>
+    </message>
+    <message>
+        <source>Prune now</source>
+        <translation>Очистить сейчас</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>История</translation>
+    </message>
+    <message>
+        <source>Before each change of a repository, its state is kept for a way back.</source>
+        <translation>Перед каждым изменением репозитория его состояние сохраняется для возврата.</translation>
+    </message>
+    <message>
+        <source>any age</source>
+        <translation>любой возраст</translation>
+    </message>
+    <message>
+        <source> MiB</source>
+        <translation> МиБ</translation>
+    </message>
+    <message>
+        <source>Restore points at most</source>
+        <translation>Не более точек восстановления</translation>
+    </message>
+    <message>
+        <source>Days at most</source>
+        <translation>Не более дней</translation>
+    </message>
+    <message>
+        <source>Size at most</source>
+        <translation>Не более места</translation>
+    </message>
+    <message>
+        <source>This repository:</source>
+        <translation>Этот репозиторий:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n restore point(s), %1</source>
+        <translation>
+            <numerusform>%n точка восстановления, %1</numerusform>
+            <numerusform>%n точки восстановления, %1</numerusform>
+            <numerusform>%n точек восстановления, %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>not known</source>
+        <translation>неизвестно</translation>
+    </message>
+    <message>
+        <source>nothing</source>
+        <translation>ничего</translation>
+    </message>
+    <message>
+        <source>Nothing is more than the limits allow.</source>
+        <translation>Ничто не превышает ограничений.</translation>
+    </message>
+    <message>
+        <source>Deletes the oldest restore points of this repository.</source>
+        <translation>Удаляет самые старые точки восстановления этого репозитория.</translation>
+    </message>
+    <message>
+        <source>Pruning frees:</source>
+        <translation>Очистка освободит:</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 (%n restore point(s))</source>
+        <translation>
+            <numerusform>%1 (%n точка восстановления)</numerusform>
+            <numerusform>%1 (%n точки восстановления)</numerusform>
+            <numerusform>%1 (%n точек восстановления)</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HistoryText</name>
+    <message numerus="yes">
+        <source>%n added</source>
+        <translation>
+            <numerusform>%n добавлен</numerusform>
+            <numerusform>%n добавлено</numerusform>
+            <numerusform>%n добавлено</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n replaced</source>
+        <translation>
+            <numerusform>%n заменён</numerusform>
+            <numerusform>%n заменено</numerusform>
+            <numerusform>%n заменено</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n removed</source>
+        <translation>
+            <numerusform>%n удалён</numerusform>
+            <numerusform>%n удалено</numerusform>
+            <numerusform>%n удалено</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>no package changed</source>
+        <translation>пакеты не изменены</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>Добавлен</translation>
+    </message>
+    <message>
+        <source>Replaced</source>
+        <translation>Заменён</translation>
+    </message>
+    <message>
+        <source>Removed</source>
+        <translation>Удалён</translation>
+    </message>
+    <message>
+        <source>Unknown time</source>
+        <translation>Время неизвестно</translation>
+    </message>
+    <message>
+        <source>The record is damaged</source>
+        <translation>Запись повреждена</translation>
+    </message>
+    <message>
+        <source>Changed by another program</source>
+        <translation>Изменено другой программой</translation>
+    </message>
+    <message>
+        <source>Gone back</source>
+        <translation>Выполнен возврат</translation>
+    </message>
+    <message>
+        <source>Changed</source>
+        <translation>Изменено</translation>
+    </message>
+    <message>
+        <source>description changed</source>
+        <translation>описание изменено</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Kept (%1)</source>
+        <translation>Сохранено (%1)</translation>
+    </message>
+    <message>
+        <source>Not kept</source>
+        <translation>Не сохранено</translation>
+    </message>
+    <message>
+        <source>Not kept: %1</source>
+        <translation>Не сохранено: %1</translation>
+    </message>
+    <message>
+        <source>Before %1: %2</source>
+        <translation>До %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>%1: added, version %2</source>
+        <translation>%1: добавится, версия %2</translation>
+    </message>
+    <message>
+        <source>%1: %2 becomes %3</source>
+        <translation>%1: %2 станет %3</translation>
+    </message>
+    <message>
+        <source>%1: removed, version %2</source>
+        <translation>%1: удалится, версия %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>и ещё %n</numerusform>
+            <numerusform>и ещё %n</numerusform>
+            <numerusform>и ещё %n</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>HistoryView</name>
+    <message>
+        <source>Changes of package</source>
+        <translation>Изменения пакета</translation>
+    </message>
+    <message>
+        <source>Shows only changes of packages whose name contains this text.</source>
+        <translation>Показывает только изменения пакетов, имя которых содержит этот текст.</translation>
+    </message>
+    <message>
+        <source>Restore points</source>
+        <translation>Точки восстановления</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n restore point(s), %1</source>
+        <translation>
+            <numerusform>%n точка восстановления, %1</numerusform>
+            <numerusform>%n точки восстановления, %1</numerusform>
+            <numerusform>%n точек восстановления, %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1. %2</source>
+        <translation>%1. %2</translation>
+    </message>
+    <message>
+        <source>No point has changed such a package.</source>
+        <translation>Ни одна точка не изменила такой пакет.</translation>
+    </message>
+    <message>
+        <source>Each change of this repository will appear here.</source>
+        <translation>Здесь появится каждое изменение этого репозитория.</translation>
+    </message>
+</context>
+<context>
+    <name>InclusionPreview</name>
+    <message>
+        <source>Its version %1 cannot be compared with the present version %2.</source>
+        <translation>Его версию %1 нельзя сравнить с имеющейся версией %2.</translation>
+    </message>
+    <message>
+        <source>The repository has another file of this name, which further packages use: %1</source>
+        <translation>В репозитории есть другой файл с этим именем, который используют другие пакеты: %1</translation>
+    </message>
+    <message>
+        <source>Several of the files are for the same place; only one of them can be there.</source>
+        <translation>Несколько файлов предназначены для одного места; там может быть только один из них.</translation>
     </message>
 </context>
 <context>
@@ -1777,6 +2640,10 @@ One or more values</source>
         <source>&amp;Carry the packages over to the new code name</source>
         <translation>&amp;Перенести пакеты на новое кодовое имя</translation>
     </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Предпросмотр...</translation>
+    </message>
 </context>
 <context>
     <name>OrphanedLines</name>
@@ -1791,6 +2658,61 @@ One or more values</source>
     <message>
         <source>&amp;Remove line</source>
         <translation>&amp;Удалить строку</translation>
+    </message>
+</context>
+<context>
+    <name>PackageColumns</name>
+    <message>
+        <source>not checked</source>
+        <translation>не проверено</translation>
+    </message>
+    <message>
+        <source>not satisfied</source>
+        <translation>не удовлетворены</translation>
+    </message>
+    <message>
+        <source>satisfied</source>
+        <translation>удовлетворены</translation>
+    </message>
+    <message>
+        <source>cannot be installed</source>
+        <translation>нельзя установить</translation>
+    </message>
+    <message>
+        <source>undecided</source>
+        <translation>не решено</translation>
+    </message>
+    <message>
+        <source>Packages</source>
+        <translation>Пакеты</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Версия</translation>
+    </message>
+    <message>
+        <source>Architecture</source>
+        <translation>Архитектура</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Размер</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Состояние</translation>
+    </message>
+    <message>
+        <source>Signature</source>
+        <translation>Подпись</translation>
+    </message>
+    <message>
+        <source>Added</source>
+        <translation>Добавлен</translation>
+    </message>
+    <message>
+        <source>Unsigned</source>
+        <translation>Не подписан</translation>
     </message>
 </context>
 <context>
@@ -1873,6 +2795,73 @@ One or more values</source>
     </message>
 </context>
 <context>
+    <name>PackageContentsDialog</name>
+    <message>
+        <source>Changelog</source>
+        <translation>Журнал изменений</translation>
+    </message>
+    <message>
+        <source>Copyright</source>
+        <translation>Авторские права</translation>
+    </message>
+    <message>
+        <source>Control files</source>
+        <translation>Управляющие файлы</translation>
+    </message>
+    <message>
+        <source>Contents of %1</source>
+        <translation>Содержимое %1</translation>
+    </message>
+    <message>
+        <source>Search in this page</source>
+        <translation>Поиск на этой странице</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>Файлы</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Копировать</translation>
+    </message>
+    <message>
+        <source>Reading %1...</source>
+        <translation>Чтение %1...</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read, or it is damaged.</source>
+        <translation>Файл %1 нельзя прочитать, или он повреждён.</translation>
+    </message>
+    <message>
+        <source>The documentation of this package is in the package %1.</source>
+        <translation>Документация этого пакета находится в пакете %1.</translation>
+    </message>
+    <message>
+        <source>The package has no changelog.</source>
+        <translation>В пакете нет журнала изменений.</translation>
+    </message>
+    <message>
+        <source>The package has no file about its copyright.</source>
+        <translation>В пакете нет файла об авторских правах.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Found %n time(s)</source>
+        <translation>
+            <numerusform>Найдено %n раз</numerusform>
+            <numerusform>Найдено %n раза</numerusform>
+            <numerusform>Найдено %n раз</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 files</source>
+        <translation>Файлов: %1 из %2</translation>
+    </message>
+    <message>
+        <source>The package is very large. Not all of it was read.</source>
+        <translation>Пакет очень большой. Он прочитан не полностью.</translation>
+    </message>
+</context>
+<context>
     <name>PackageDependItem</name>
     <message>
         <source>%1 Provided by ...</source>
@@ -1911,10 +2900,52 @@ One or more values</source>
     </message>
 </context>
 <context>
+    <name>PackageDifference</name>
+    <message>
+        <source>%1 bytes, mode %2, SHA-256 %3</source>
+        <translation>%1 байт, права %2, SHA-256 %3</translation>
+    </message>
+    <message>
+        <source>link to %1</source>
+        <translation>ссылка на %1</translation>
+    </message>
+    <message>
+        <source>folder, mode %1</source>
+        <translation>папка, права %1</translation>
+    </message>
+    <message>
+        <source>special file, mode %1</source>
+        <translation>специальный файл, права %1</translation>
+    </message>
+    <message>
+        <source>The file %1 cannot be read.</source>
+        <translation>Не удаётся прочитать файл %1.</translation>
+    </message>
+    <message>
+        <source>Field</source>
+        <translation>Поле</translation>
+    </message>
+    <message>
+        <source>Control file</source>
+        <translation>Управляющий файл</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>Файл</translation>
+    </message>
+</context>
+<context>
     <name>PackageExtractor</name>
     <message>
         <source>The packages in the archive need more room than there is: unpacking was given up at %1. %2 are left in %3, and %4 have to stay free.</source>
         <translation>Пакетам в архиве нужно больше места, чем есть: распаковка прекращена на %1. В %3 осталось %2, а %4 должно оставаться свободным.</translation>
+    </message>
+</context>
+<context>
+    <name>PackageFacts</name>
+    <message>
+        <source>%1 (%2 bytes)</source>
+        <translation>%1 (%2 байт)</translation>
     </message>
 </context>
 <context>
@@ -1949,6 +2980,101 @@ One or more values</source>
     </message>
 </context>
 <context>
+    <name>PackageFileCommands</name>
+    <message>
+        <source>Package file</source>
+        <translation>Файл пакета</translation>
+    </message>
+    <message>
+        <source>Contents...</source>
+        <translation>Содержимое...</translation>
+    </message>
+    <message>
+        <source>Save package as...</source>
+        <translation>Сохранить пакет как...</translation>
+    </message>
+    <message>
+        <source>Open folder</source>
+        <translation>Открыть папку</translation>
+    </message>
+    <message>
+        <source>Copy name</source>
+        <translation>Копировать имя</translation>
+    </message>
+    <message>
+        <source>Copy as apt command</source>
+        <translation>Копировать как команду apt</translation>
+    </message>
+    <message>
+        <source>Save packages into a folder</source>
+        <translation>Сохранение пакетов в папку</translation>
+    </message>
+    <message>
+        <source>Save package as</source>
+        <translation>Сохранение пакета</translation>
+    </message>
+    <message>
+        <source>Packages (%1)</source>
+        <translation>Пакеты (%1)</translation>
+    </message>
+    <message>
+        <source>These packages are left out: a file of the same name is saved.</source>
+        <translation>Эти пакеты пропускаются: сохраняется файл с тем же именем.</translation>
+    </message>
+    <message>
+        <source>Save packages</source>
+        <translation>Сохранение пакетов</translation>
+    </message>
+    <message numerus="yes">
+        <source>Do you want to replace %n file(s) in %1?</source>
+        <translation>
+            <numerusform>Заменить %n файл в %1?</numerusform>
+            <numerusform>Заменить %n файла в %1?</numerusform>
+            <numerusform>Заменить %n файлов в %1?</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Saving %n package(s)...</source>
+        <translation>
+            <numerusform>Сохранение %n пакета...</numerusform>
+            <numerusform>Сохранение %n пакетов...</numerusform>
+            <numerusform>Сохранение %n пакетов...</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Saved: %1</source>
+        <translation>Сохранено: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) saved.</source>
+        <translation>
+            <numerusform>%n пакет сохранён.</numerusform>
+            <numerusform>%n пакета сохранено.</numerusform>
+            <numerusform>%n пакетов сохранено.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could not be saved.</source>
+        <translation>
+            <numerusform>%n пакет не удалось сохранить.</numerusform>
+            <numerusform>%n пакета не удалось сохранить.</numerusform>
+            <numerusform>%n пакетов не удалось сохранить.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>No program opens the folder %1.</source>
+        <translation>Нет программы, открывающей папку %1.</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>Скопировано.</translation>
+    </message>
+    <message>
+        <source>Copied: %1</source>
+        <translation>Скопировано: %1</translation>
+    </message>
+</context>
+<context>
     <name>PackageItem</name>
     <message>
         <source>Dependencies not checked yet</source>
@@ -1977,6 +3103,53 @@ One or more values</source>
     <message>
         <source>Some dependencies could not be looked for</source>
         <translation>Поиск некоторых зависимостей выполнить не удалось</translation>
+    </message>
+</context>
+<context>
+    <name>PackageMore</name>
+    <message>
+        <source>More</source>
+        <translation>Ещё</translation>
+    </message>
+    <message>
+        <source>Size, source, place and checksum of the package file</source>
+        <translation>Размер, источник, место и контрольная сумма файла пакета</translation>
+    </message>
+    <message>
+        <source>Size:</source>
+        <translation>Размер:</translation>
+    </message>
+    <message>
+        <source>Installed size:</source>
+        <translation>Размер после установки:</translation>
+    </message>
+    <message>
+        <source>Source package:</source>
+        <translation>Исходный пакет:</translation>
+    </message>
+    <message>
+        <source>Homepage:</source>
+        <translation>Домашняя страница:</translation>
+    </message>
+    <message>
+        <source>Added:</source>
+        <translation>Добавлен:</translation>
+    </message>
+    <message>
+        <source>Pool file:</source>
+        <translation>Файл в пуле:</translation>
+    </message>
+    <message>
+        <source>SHA-256:</source>
+        <translation>SHA-256:</translation>
+    </message>
+    <message>
+        <source>The file is missing.</source>
+        <translation>Файла нет.</translation>
+    </message>
+    <message>
+        <source>The file has another size: %1</source>
+        <translation>У файла другой размер: %1</translation>
     </message>
 </context>
 <context>
@@ -2104,6 +3277,14 @@ One or more values</source>
         <source>It is one file for several architectures, so the answer is for all of them: %1</source>
         <translation>Это один файл для нескольких архитектур, поэтому ответ относится ко всем: %1</translation>
     </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Предпросмотр...</translation>
+    </message>
+    <message>
+        <source>Stops here, and shows what is left in one window</source>
+        <translation>Останавливает здесь и показывает остальное в одном окне</translation>
+    </message>
 </context>
 <context>
     <name>PackageStatusLine</name>
@@ -2133,6 +3314,542 @@ One or more values</source>
     <message>
         <source>Parametrs</source>
         <translation>Параметры</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewCommands</name>
+    <message>
+        <source>Preview of changes</source>
+        <translation>Предпросмотр изменений</translation>
+    </message>
+    <message>
+        <source>Always</source>
+        <translation>Всегда</translation>
+    </message>
+    <message>
+        <source>When something would break</source>
+        <translation>Если что-то перестанет работать</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>Никогда</translation>
+    </message>
+    <message>
+        <source>Text (*.txt)</source>
+        <translation>Текст (*.txt)</translation>
+    </message>
+    <message>
+        <source>JSON (*.json)</source>
+        <translation>JSON (*.json)</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>Сохранение отчёта</translation>
+    </message>
+    <message>
+        <source>The report cannot be saved in %1.</source>
+        <translation>Не удалось сохранить отчёт в %1.</translation>
+    </message>
+    <message>
+        <source>The report is saved in %1.</source>
+        <translation>Отчёт сохранён в %1.</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewDialog</name>
+    <message>
+        <source>Replace all of this kind</source>
+        <translation>Заменить все такие</translation>
+    </message>
+    <message>
+        <source>Keep all of this kind</source>
+        <translation>Оставить все такие</translation>
+    </message>
+    <message>
+        <source>Difference...</source>
+        <translation>Различия...</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Остановить</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Предпросмотр</translation>
+    </message>
+    <message>
+        <source>Save as report...</source>
+        <translation>Сохранить как отчёт...</translation>
+    </message>
+    <message>
+        <source>as chosen in the rows</source>
+        <translation>как выбрано в строках</translation>
+    </message>
+    <message>
+        <source>Packages that are already there:</source>
+        <translation>Уже имеющиеся пакеты:</translation>
+    </message>
+    <message>
+        <source>Name, or what happens</source>
+        <translation>Имя или что произойдёт</translation>
+    </message>
+    <message>
+        <source>Compare the present file with the new one</source>
+        <translation>Сравнить имеющийся файл с новым</translation>
+    </message>
+    <message>
+        <source>Filter:</source>
+        <translation>Фильтр:</translation>
+    </message>
+    <message>
+        <source>Packages that the change concerns</source>
+        <translation>Пакеты, которых касается изменение</translation>
+    </message>
+    <message>
+        <source>Effect</source>
+        <translation>Последствия</translation>
+    </message>
+    <message>
+        <source>What adding these packages would change in %1. Nothing has been changed yet.</source>
+        <translation>Что изменит в %1 добавление этих пакетов. Пока ничего не изменено.</translation>
+    </message>
+    <message>
+        <source>What removing these packages would change in %1. Nothing has been changed yet.</source>
+        <translation>Что изменит в %1 удаление этих пакетов. Пока ничего не изменено.</translation>
+    </message>
+    <message>
+        <source>What fetching these packages would change in %1. Nothing has been changed yet.</source>
+        <translation>Что изменит в %1 загрузка этих пакетов. Пока ничего не изменено.</translation>
+    </message>
+    <message>
+        <source>What this import would change in %1. Nothing has been changed yet.</source>
+        <translation>Что изменит в %1 этот импорт. Пока ничего не изменено.</translation>
+    </message>
+    <message>
+        <source>What this upgrade would change in %1. Nothing has been changed yet.</source>
+        <translation>Что изменит в %1 это обновление. Пока ничего не изменено.</translation>
+    </message>
+    <message>
+        <source>What the new description would change in %1. Nothing has been changed yet.</source>
+        <translation>Что изменит в %1 новое описание. Пока ничего не изменено.</translation>
+    </message>
+    <message>
+        <source>What going back would change in %1. Nothing has been changed yet.</source>
+        <translation>Что изменит в %1 возврат. Пока ничего не изменено.</translation>
+    </message>
+    <message>
+        <source>The repository has changed meanwhile, so nothing was done. This is what the change would do now.</source>
+        <translation>Репозиторий тем временем изменился, поэтому ничего не сделано. Вот что изменение сделает теперь.</translation>
+    </message>
+    <message>
+        <source>Effect: something would break.</source>
+        <translation>Последствия: что-то перестанет работать.</translation>
+    </message>
+    <message>
+        <source>Effect: nothing would break.</source>
+        <translation>Последствия: ничего не сломается.</translation>
+    </message>
+    <message>
+        <source>Effect: is being worked out...</source>
+        <translation>Последствия: выясняются...</translation>
+    </message>
+    <message>
+        <source>Effect: not known, because the search was stopped.</source>
+        <translation>Последствия: неизвестны, так как поиск остановлен.</translation>
+    </message>
+    <message>
+        <source>shown: %1 of %2</source>
+        <translation>показано: %1 из %2</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewEffectView</name>
+    <message>
+        <source>Copy</source>
+        <translation>Копировать</translation>
+    </message>
+    <message>
+        <source>The description</source>
+        <translation>Описание</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>Клиенты</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could be installed then</source>
+        <translation>
+            <numerusform>%n пакет можно будет установить</numerusform>
+            <numerusform>%n пакета можно будет установить</numerusform>
+            <numerusform>%n пакетов можно будет установить</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>What can be installed stays the same.</source>
+        <translation>Набор устанавливаемых пакетов не изменится.</translation>
+    </message>
+    <message>
+        <source>Checked against: %1</source>
+        <translation>Основа проверки: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) could no longer be installed</source>
+        <translation>
+            <numerusform>%n пакет больше нельзя будет установить</numerusform>
+            <numerusform>%n пакета больше нельзя будет установить</numerusform>
+            <numerusform>%n пакетов больше нельзя будет установить</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) that come in cannot be installed</source>
+        <translation>
+            <numerusform>%n добавляемый пакет нельзя установить</numerusform>
+            <numerusform>%n добавляемых пакета нельзя установить</numerusform>
+            <numerusform>%n добавляемых пакетов нельзя установить</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 in the repository %2</source>
+        <translation>%1 в репозитории %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>и ещё %n</numerusform>
+            <numerusform>и ещё %n</numerusform>
+            <numerusform>и ещё %n</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>PreviewJob</name>
+    <message>
+        <source>Finding out what would change</source>
+        <translation>Определение изменений</translation>
+    </message>
+    <message>
+        <source>There is no preview.</source>
+        <translation>Предпросмотра нет.</translation>
+    </message>
+    <message>
+        <source>The preview was stopped.</source>
+        <translation>Предпросмотр остановлен.</translation>
+    </message>
+    <message>
+        <source>No source offers this version any more.</source>
+        <translation>Ни один источник больше не предлагает эту версию.</translation>
+    </message>
+    <message>
+        <source>The history has damaged records, so it is not known what going back would change.</source>
+        <translation>В истории есть повреждённые записи, поэтому неизвестно, что изменит возврат.</translation>
+    </message>
+    <message>
+        <source>Its file is missing, so there is no way back: %1</source>
+        <translation>Файл отсутствует, поэтому вернуться нельзя: %1</translation>
+    </message>
+    <message>
+        <source>The preview is ready.</source>
+        <translation>Предпросмотр готов.</translation>
+    </message>
+    <message>
+        <source>Finding out which packages can be installed then</source>
+        <translation>Определение пакетов, которые можно будет установить</translation>
+    </message>
+    <message>
+        <source>It is not the file that its repository lists. Reload that repository.</source>
+        <translation>Это не тот файл, который указан в его репозитории. Перечитайте тот репозиторий.</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewModel</name>
+    <message>
+        <source>What happens</source>
+        <translation>Что произойдёт</translation>
+    </message>
+    <message>
+        <source>Newer version</source>
+        <translation>Более новая версия</translation>
+    </message>
+    <message>
+        <source>Older version</source>
+        <translation>Более старая версия</translation>
+    </message>
+    <message>
+        <source>Same version, other content</source>
+        <translation>Та же версия, другое содержимое</translation>
+    </message>
+    <message>
+        <source>Same file</source>
+        <translation>Тот же файл</translation>
+    </message>
+    <message>
+        <source>Refused: %1</source>
+        <translation>Отклонён: %1</translation>
+    </message>
+    <message>
+        <source>%1: replace</source>
+        <translation>%1: заменить</translation>
+    </message>
+    <message>
+        <source>%1: do not replace</source>
+        <translation>%1: не заменять</translation>
+    </message>
+    <message>
+        <source>Is added</source>
+        <translation>Будет добавлен</translation>
+    </message>
+    <message>
+        <source>Is not added</source>
+        <translation>Не будет добавлен</translation>
+    </message>
+    <message>
+        <source>Is removed</source>
+        <translation>Будет удалён</translation>
+    </message>
+    <message>
+        <source>Stays</source>
+        <translation>Останется</translation>
+    </message>
+    <message>
+        <source>Is replaced</source>
+        <translation>Будет заменён</translation>
+    </message>
+    <message>
+        <source>Is replaced: %1</source>
+        <translation>Будет заменён: %1</translation>
+    </message>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Component: %1</source>
+        <translation>Компонент: %1</translation>
+    </message>
+    <message>
+        <source>It is one file for several rows, which are switched together.</source>
+        <translation>Это один файл для нескольких строк, они переключаются вместе.</translation>
+    </message>
+    <message>
+        <source>Package</source>
+        <translation>Пакет</translation>
+    </message>
+    <message>
+        <source>Architecture</source>
+        <translation>Архитектура</translation>
+    </message>
+    <message>
+        <source>Old version</source>
+        <translation>Старая версия</translation>
+    </message>
+    <message>
+        <source>New version</source>
+        <translation>Новая версия</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Размер</translation>
+    </message>
+    <message>
+        <source>From</source>
+        <translation>Откуда</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewReport</name>
+    <message>
+        <source>Packages</source>
+        <translation>Пакеты</translation>
+    </message>
+    <message>
+        <source>Description</source>
+        <translation>Описание</translation>
+    </message>
+    <message>
+        <source>Can no longer be installed</source>
+        <translation>Больше нельзя установить</translation>
+    </message>
+    <message>
+        <source>Can be installed from then on</source>
+        <translation>Можно будет установить</translation>
+    </message>
+    <message>
+        <source>Come in, and cannot be installed</source>
+        <translation>Добавляются, но установить их нельзя</translation>
+    </message>
+    <message>
+        <source>Clients</source>
+        <translation>Клиенты</translation>
+    </message>
+    <message>
+        <source>Disk</source>
+        <translation>Диск</translation>
+    </message>
+    <message>
+        <source>Signature</source>
+        <translation>Подпись</translation>
+    </message>
+    <message>
+        <source>Which packages can be installed then has not been found out.</source>
+        <translation>Какие пакеты можно будет установить, не выяснено.</translation>
+    </message>
+    <message>
+        <source>Whether packages can be installed was checked with: %1</source>
+        <translation>Возможность установки проверена с учётом: %1</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewRows</name>
+    <message>
+        <source>It is in the repository no longer.</source>
+        <translation>Его больше нет в репозитории.</translation>
+    </message>
+    <message>
+        <source>The repository holds another version by now: %1</source>
+        <translation>В репозитории теперь другая версия: %1</translation>
+    </message>
+    <message>
+        <source>The repository holds the version %1 by now.</source>
+        <translation>В репозитории теперь версия %1.</translation>
+    </message>
+    <message>
+        <source>No source offers this version any more.</source>
+        <translation>Ни один источник больше не предлагает эту версию.</translation>
+    </message>
+</context>
+<context>
+    <name>PreviewText</name>
+    <message>
+        <source>Adding packages</source>
+        <translation>Добавление пакетов</translation>
+    </message>
+    <message>
+        <source>Removing packages</source>
+        <translation>Удаление пакетов</translation>
+    </message>
+    <message>
+        <source>Fetching packages</source>
+        <translation>Загрузка пакетов</translation>
+    </message>
+    <message>
+        <source>Importing packages</source>
+        <translation>Импорт пакетов</translation>
+    </message>
+    <message>
+        <source>Upgrading packages</source>
+        <translation>Обновление пакетов</translation>
+    </message>
+    <message>
+        <source>Changing the description</source>
+        <translation>Изменение описания</translation>
+    </message>
+    <message>
+        <source>Going back</source>
+        <translation>Возврат</translation>
+    </message>
+    <message>
+        <source>refused</source>
+        <translation>отклонён</translation>
+    </message>
+    <message>
+        <source>kept</source>
+        <translation>остаётся</translation>
+    </message>
+    <message>
+        <source>left out</source>
+        <translation>пропущен</translation>
+    </message>
+    <message>
+        <source>added</source>
+        <translation>добавлен</translation>
+    </message>
+    <message>
+        <source>removed</source>
+        <translation>удалён</translation>
+    </message>
+    <message>
+        <source>replaced with a newer version</source>
+        <translation>заменён более новой версией</translation>
+    </message>
+    <message>
+        <source>replaced with an older version</source>
+        <translation>заменён более старой версией</translation>
+    </message>
+    <message>
+        <source>replaced with the same file</source>
+        <translation>заменён тем же файлом</translation>
+    </message>
+    <message>
+        <source>replaced with the same version</source>
+        <translation>заменён той же версией</translation>
+    </message>
+    <message>
+        <source>replaced</source>
+        <translation>заменён</translation>
+    </message>
+    <message>
+        <source>newer</source>
+        <translation>новее</translation>
+    </message>
+    <message>
+        <source>older</source>
+        <translation>старее</translation>
+    </message>
+    <message>
+        <source>the same file</source>
+        <translation>тот же файл</translation>
+    </message>
+    <message>
+        <source>same version, other contents</source>
+        <translation>та же версия, другое содержимое</translation>
+    </message>
+    <message>
+        <source>Added: %1, replaced: %2, removed: %3, refused: %4, left as they are: %5</source>
+        <translation>Добавлено: %1, заменено: %2, удалено: %3, отклонено: %4, без изменений: %5</translation>
+    </message>
+    <message numerus="yes">
+        <source>Clients that have them installed upgrade %n package(s).</source>
+        <translation>
+            <numerusform>Клиенты, у которых он установлен, обновят %n пакет.</numerusform>
+            <numerusform>Клиенты, у которых они установлены, обновят %n пакета.</numerusform>
+            <numerusform>Клиенты, у которых они установлены, обновят %n пакетов.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Of %n package(s), clients keep the newer version that they have installed.</source>
+        <translation>
+            <numerusform>У %n пакета клиенты сохранят установленную более новую версию.</numerusform>
+            <numerusform>У %n пакетов клиенты сохранят установленную более новую версию.</numerusform>
+            <numerusform>У %n пакетов клиенты сохранят установленную более новую версию.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n removed package(s) stay installed where they are, without updates.</source>
+        <translation>
+            <numerusform>%n удалённый пакет останется там, где установлен, без обновлений.</numerusform>
+            <numerusform>%n удалённых пакета останутся там, где установлены, без обновлений.</numerusform>
+            <numerusform>%n удалённых пакетов останутся там, где установлены, без обновлений.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Clients that have it installed do not get the other contents of %n package(s) of the same version.</source>
+        <translation>
+            <numerusform>Клиенты, у которых он установлен, не получат другого содержимого %n пакета той же версии.</numerusform>
+            <numerusform>Клиенты, у которых они установлены, не получат другого содержимого %n пакетов той же версии.</numerusform>
+            <numerusform>Клиенты, у которых они установлены, не получат другого содержимого %n пакетов той же версии.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Comes into the pool: %1. Leaves it: %2.</source>
+        <translation>Добавится в пул: %1. Уйдёт из него: %2.</translation>
+    </message>
+    <message>
+        <source>Free on the disk: %1.</source>
+        <translation>Свободно на диске: %1.</translation>
+    </message>
+    <message>
+        <source>Until now: %1</source>
+        <translation>До сих пор: %1</translation>
     </message>
 </context>
 <context>
@@ -2524,6 +4241,10 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
         <source>All other packages stay as they are.</source>
         <translation>На остальные пакеты это не повлияет.</translation>
     </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Предпросмотр...</translation>
+    </message>
 </context>
 <context>
     <name>RepoItemLook</name>
@@ -2569,10 +4290,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>Architecture: %1</source>
         <translation>Архитектура: %1</translation>
-    </message>
-    <message>
-        <source>Packages</source>
-        <translation>Пакеты</translation>
     </message>
     <message>
         <source>%1 (%2)</source>
@@ -2920,10 +4637,6 @@ Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     <message>
         <source>The replaced package %1 could not be put back: its file was missing already.</source>
         <translation>Заменённый пакет %1 не удалось вернуть: его файл уже отсутствовал.</translation>
-    </message>
-    <message>
-        <source>The replaced package %1 could not be put back. Its file is kept as %2.</source>
-        <translation>Заменённый пакет %1 не удалось вернуть. Его файл сохранён как %2.</translation>
     </message>
     <message>
         <source>Removing package</source>
@@ -3429,6 +5142,250 @@ The file with them is kept as %2.</source>
         <source>The stored results of the complete checks could not be read. The file is kept as %1; check completely again.</source>
         <translation>Не удалось прочитать сохранённые результаты полных проверок. Файл сохранён как %1; выполните полную проверку ещё раз.</translation>
     </message>
+    <message>
+        <source>A repository takes only names of small letters, digits and the characters + - . This name has others: %1</source>
+        <translation>Репозиторий принимает только имена из строчных букв, цифр и знаков + - . Это имя содержит другие: %1</translation>
+    </message>
+    <message>
+        <source>Its version is no valid one: %1</source>
+        <translation>Недопустимая версия: %1</translation>
+    </message>
+    <message>
+        <source>There is too little room on the disk of the repository for a restore point, so that this change could not be undone later. The copy of the database that every change needs would lie on another disk meanwhile. Do you want to go on without a restore point?</source>
+        <translation>На диске репозитория слишком мало места для точки восстановления, поэтому это изменение нельзя будет потом отменить. Копия базы данных, нужная при каждом изменении, будет тем временем на другом диске. Продолжить без точки восстановления?</translation>
+    </message>
+    <message>
+        <source>The replaced package %1 could not be put back.</source>
+        <translation>Заменённый пакет %1 не удалось вернуть на место.</translation>
+    </message>
+    <message>
+        <source>There was too little room on the disk.</source>
+        <translation>На диске было слишком мало места.</translation>
+    </message>
+    <message>
+        <source>The repository had no database yet.</source>
+        <translation>У репозитория ещё не было базы данных.</translation>
+    </message>
+    <message>
+        <source>The history was switched off.</source>
+        <translation>История была отключена.</translation>
+    </message>
+    <message>
+        <source>The files of the pool could not be kept as hard links.</source>
+        <translation>Файлы пула не удалось сохранить как жёсткие ссылки.</translation>
+    </message>
+    <message>
+        <source>Bringing back package</source>
+        <translation>Возвращение пакета</translation>
+    </message>
+    <message>
+        <source>%1 was not brought back</source>
+        <translation>%1 не возвращён</translation>
+    </message>
+    <message>
+        <source>The file %1 is missing in the history, or has been changed.</source>
+        <translation>Файл %1 отсутствует в истории или изменён.</translation>
+    </message>
+    <message>
+        <source>%1 was brought back</source>
+        <translation>%1 возвращён</translation>
+    </message>
+    <message>
+        <source>It is not the package that the preview showed, so it was not added.</source>
+        <translation>Это не тот пакет, который показал предпросмотр, поэтому он не добавлен.</translation>
+    </message>
+    <message>
+        <source>Deleting old restore points</source>
+        <translation>Удаление старых точек восстановления</translation>
+    </message>
+    <message>
+        <source>No restore points deleted</source>
+        <translation>Точки восстановления не удалены</translation>
+    </message>
+    <message>
+        <source>Not all of the old restore points could be deleted. May you write to the folder %1?</source>
+        <translation>Не все старые точки восстановления удалось удалить. Есть ли у вас право записи в каталог %1?</translation>
+    </message>
+    <message>
+        <source>Not all restore points deleted</source>
+        <translation>Удалены не все точки восстановления</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n restore point(s) deleted, %1 freed</source>
+        <translation>
+            <numerusform>%n точка восстановления удалена, освобождено %1</numerusform>
+            <numerusform>%n точки восстановления удалены, освобождено %1</numerusform>
+            <numerusform>%n точек восстановления удалено, освобождено %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Going back to an earlier state</source>
+        <translation>Возврат к прежнему состоянию</translation>
+    </message>
+    <message>
+        <source>The repository could not go back to the earlier state.</source>
+        <translation>Не удалось вернуть репозиторий к прежнему состоянию.</translation>
+    </message>
+    <message>
+        <source>The history does not keep the state before this change.</source>
+        <translation>История не хранит состояние до этого изменения.</translation>
+    </message>
+    <message>
+        <source>The state before this change cannot be read.</source>
+        <translation>Состояние до этого изменения не читается.</translation>
+    </message>
+    <message numerus="yes">
+        <source>The repository cannot go back: %n file(s) of the earlier state are missing or have been changed.</source>
+        <translation>
+            <numerusform>Вернуться нельзя: %n файл прежнего состояния отсутствует или изменён.</numerusform>
+            <numerusform>Вернуться нельзя: %n файла прежнего состояния отсутствуют или изменены.</numerusform>
+            <numerusform>Вернуться нельзя: %n файлов прежнего состояния отсутствуют или изменены.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Packages that another program has added after the interruption could not be taken in again. Their files are in the repository; add them once more.</source>
+        <translation>Не удалось снова включить пакеты, которые другая программа добавила после прерывания. Их файлы находятся в репозитории; добавьте их ещё раз.</translation>
+    </message>
+    <message>
+        <source>The job could not be brought to an end. What it had done is undone. Do it again if it is still wanted.</source>
+        <translation>Задание не удалось довести до конца. То, что было сделано, отменено. Выполните его снова, если оно ещё нужно.</translation>
+    </message>
+    <message>
+        <source>Files that an interrupted job had taken out could not be put back.</source>
+        <translation>Не удалось вернуть файлы, которые изъяло прерванное задание.</translation>
+    </message>
+    <message>
+        <source>Files could not be put back into the pool.</source>
+        <translation>Не удалось вернуть файлы в пул.</translation>
+    </message>
+    <message>
+        <source>The database could not be copied. Is there room on the disk?</source>
+        <translation>Не удалось скопировать базу данных. Есть ли место на диске?</translation>
+    </message>
+    <message>
+        <source>You may not write to this repository.</source>
+        <translation>У вас нет права изменять этот репозиторий.</translation>
+    </message>
+    <message>
+        <source>Its folder cannot be written: %1</source>
+        <translation>В её папку нельзя записать: %1</translation>
+    </message>
+    <message>
+        <source>Moving package</source>
+        <translation>Перемещение пакета</translation>
+    </message>
+    <message>
+        <source>Moving packages</source>
+        <translation>Перемещение пакетов</translation>
+    </message>
+    <message>
+        <source>Copying package</source>
+        <translation>Копирование пакета</translation>
+    </message>
+    <message>
+        <source>Copying packages</source>
+        <translation>Копирование пакетов</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) moved: %1</source>
+        <translation>
+            <numerusform>%n пакет перемещён: %1</numerusform>
+            <numerusform>%n пакета перемещено: %1</numerusform>
+            <numerusform>%n пакетов перемещено: %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) copied: %1</source>
+        <translation>
+            <numerusform>%n пакет скопирован: %1</numerusform>
+            <numerusform>%n пакета скопировано: %1</numerusform>
+            <numerusform>%n пакетов скопировано: %1</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Already there: %1</source>
+        <translation>Уже есть: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) moved: %2</source>
+        <translation>
+            <numerusform>Операция остановлена. Перемещено %1 из %n пакета: %2</numerusform>
+            <numerusform>Операция остановлена. Перемещено %1 из %n пакетов: %2</numerusform>
+            <numerusform>Операция остановлена. Перемещено %1 из %n пакетов: %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Operation stopped. %1 of %n package(s) copied: %2</source>
+        <translation>
+            <numerusform>Операция остановлена. Скопировано %1 из %n пакета: %2</numerusform>
+            <numerusform>Операция остановлена. Скопировано %1 из %n пакетов: %2</numerusform>
+            <numerusform>Операция остановлена. Скопировано %1 из %n пакетов: %2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the repository %1</source>
+        <translation>репозиторий %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) stay(s) here, since the repository %1 does not have the same.</source>
+        <translation>
+            <numerusform>%n пакет остаётся здесь: в репозитории %1 нет такого же.</numerusform>
+            <numerusform>%n пакета остаются здесь: в репозитории %1 нет таких же.</numerusform>
+            <numerusform>%n пакетов остаются здесь: в репозитории %1 нет таких же.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The repository will be signed with the key %1 instead.</source>
+        <translation>Вместо этого репозиторий будет подписываться ключом %1.</translation>
+    </message>
+    <message>
+        <source>It is not the file that its repository lists. Reload that repository.</source>
+        <translation>Это не тот файл, который указан в его репозитории. Перечитайте тот репозиторий.</translation>
+    </message>
+    <message>
+        <source>The database of the repository cannot be read, so nothing was removed.</source>
+        <translation>Базу данных репозитория нельзя прочитать, поэтому ничего не удалено.</translation>
+    </message>
+    <message>
+        <source>The repository is as it was before restore point %1</source>
+        <translation>Репозиторий такой, каким был до точки восстановления %1</translation>
+    </message>
+    <message>
+        <source>The change is done, but the history could not note it. It cannot be undone, and earlier states may lack its files.</source>
+        <translation>Изменение выполнено, но записать его в историю не удалось. Отменить его нельзя, а прежним состояниям может не хватать файлов.</translation>
+    </message>
+    <message>
+        <source>Contents cannot have the word %1, only these: %2</source>
+        <translation>В Contents не может быть слова %1, только эти: %2</translation>
+    </message>
+    <message>
+        <source>Contents cannot have allcomponents together with compatsymlink or nocompatsymlink.</source>
+        <translation>В Contents не может быть allcomponents вместе с compatsymlink или nocompatsymlink.</translation>
+    </message>
+    <message>
+        <source>The value of %1 is one line without #.</source>
+        <translation>Значение %1 — одна строка без #.</translation>
+    </message>
+    <message>
+        <source>The value of %1 cannot begin with an exclamation mark.</source>
+        <translation>Значение %1 не может начинаться с восклицательного знака.</translation>
+    </message>
+    <message>
+        <source>The origin cannot be empty.</source>
+        <translation>Происхождение не может быть пустым.</translation>
+    </message>
+    <message>
+        <source>A signing key is named by 8 to 40 hexadecimal digits: its fingerprint, or the end of it.</source>
+        <translation>Ключ подписи задаётся 8–40 шестнадцатеричными цифрами: отпечатком или его концом.</translation>
+    </message>
+    <message>
+        <source>Indices are valid for 1 to %1 days; 0 stands for no limit.</source>
+        <translation>Индексы действительны от 1 до %1 дней; 0 — без ограничения.</translation>
+    </message>
+    <message>
+        <source>The repository cannot be signed with the key %1: %2.</source>
+        <translation>Репозиторий нельзя подписать ключом %1: %2.</translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>
@@ -3546,6 +5503,29 @@ The file with them is kept as %2.</source>
     <message>
         <source>The directory %1 is deleted with everything in it, and cannot be brought back.</source>
         <translation>Каталог %1 будет удалён со всем содержимым, вернуть его будет нельзя.</translation>
+    </message>
+</context>
+<context>
+    <name>RepositoryHistory</name>
+    <message>
+        <source>The record of this point is damaged.</source>
+        <translation>Запись этой точки повреждена.</translation>
+    </message>
+    <message>
+        <source>The folders db and pool of the repository lie on different file systems.</source>
+        <translation>Каталоги db и pool репозитория находятся на разных файловых системах.</translation>
+    </message>
+    <message>
+        <source>The file system of the repository has no hard links.</source>
+        <translation>Файловая система репозитория не поддерживает жёсткие ссылки.</translation>
+    </message>
+    <message>
+        <source>the state before restore point %1</source>
+        <translation>состояние до точки восстановления %1</translation>
+    </message>
+    <message>
+        <source>The folder of the history is a link or a file, or belongs to another user: %1</source>
+        <translation>Папка истории — ссылка или файл либо принадлежит другому пользователю: %1</translation>
     </message>
 </context>
 <context>
@@ -4006,6 +5986,29 @@ The file with them is kept as %2.</source>
     </message>
 </context>
 <context>
+    <name>SignatureEffect</name>
+    <message>
+        <source>The repository is not signed.</source>
+        <translation>Репозиторий не подписан.</translation>
+    </message>
+    <message>
+        <source>Signed with: %1</source>
+        <translation>Подписан ключом: %1</translation>
+    </message>
+    <message>
+        <source>Signed with the default key: %1</source>
+        <translation>Подписан ключом по умолчанию: %1</translation>
+    </message>
+    <message>
+        <source>Signed with the default key, which could not be found out.</source>
+        <translation>Подписан ключом по умолчанию, который не удалось определить.</translation>
+    </message>
+    <message>
+        <source>The repository is to be signed, but there is no key that can sign.</source>
+        <translation>Репозиторий должен быть подписан, но нет ключа, который может подписывать.</translation>
+    </message>
+</context>
+<context>
     <name>SigningAdvice</name>
     <message>
         <source>The passphrase of the key was not given.</source>
@@ -4165,6 +6168,45 @@ The file with them is kept as %2.</source>
     </message>
 </context>
 <context>
+    <name>StateDifferenceDialog</name>
+    <message>
+        <source>Difference</source>
+        <translation>Различия</translation>
+    </message>
+    <message>
+        <source>From the state</source>
+        <translation>От состояния</translation>
+    </message>
+    <message>
+        <source>To the state</source>
+        <translation>До состояния</translation>
+    </message>
+    <message>
+        <source>Package name</source>
+        <translation>Имя пакета</translation>
+    </message>
+    <message>
+        <source>Changes between the states</source>
+        <translation>Изменения между состояниями</translation>
+    </message>
+    <message>
+        <source>Now</source>
+        <translation>Сейчас</translation>
+    </message>
+    <message>
+        <source>Comparing...</source>
+        <translation>Сравнение...</translation>
+    </message>
+    <message>
+        <source>A record between these states is missing or damaged.</source>
+        <translation>Запись между этими состояниями отсутствует или повреждена.</translation>
+    </message>
+    <message>
+        <source>The packages are the same.</source>
+        <translation>Пакеты одинаковы.</translation>
+    </message>
+</context>
+<context>
     <name>SystemFile</name>
     <message>
         <source>it is a link or no regular file</source>
@@ -4265,6 +6307,17 @@ The file with them is kept as %2.</source>
     </message>
 </context>
 <context>
+    <name>TextPage</name>
+    <message>
+        <source>%1 is a program and no text.</source>
+        <translation>%1 — программа, а не текст.</translation>
+    </message>
+    <message>
+        <source>%1, of which this is the beginning. The whole text is in the package.</source>
+        <translation>%1; здесь показано начало. Весь текст находится в пакете.</translation>
+    </message>
+</context>
+<context>
     <name>TreeFilter</name>
     <message>
         <source>Packet Filter</source>
@@ -4293,6 +6346,82 @@ The file with them is kept as %2.</source>
     <message>
         <source>Only packages that break others</source>
         <translation>Только пакеты, мешающие другим</translation>
+    </message>
+    <message>
+        <source>Architecture</source>
+        <translation>Архитектура</translation>
+    </message>
+    <message>
+        <source>Component</source>
+        <translation>Компонент</translation>
+    </message>
+    <message>
+        <source>Section</source>
+        <translation>Раздел</translation>
+    </message>
+    <message>
+        <source>Signature</source>
+        <translation>Подпись</translation>
+    </message>
+    <message>
+        <source>Signed</source>
+        <translation>Подписан</translation>
+    </message>
+    <message>
+        <source>Unsigned</source>
+        <translation>Не подписан</translation>
+    </message>
+    <message>
+        <source>not checked</source>
+        <translation>не проверено</translation>
+    </message>
+    <message>
+        <source>not satisfied</source>
+        <translation>не удовлетворены</translation>
+    </message>
+    <message>
+        <source>satisfied</source>
+        <translation>удовлетворены</translation>
+    </message>
+    <message>
+        <source>Dependences: %1</source>
+        <translation>Зависимости: %1</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>нет</translation>
+    </message>
+    <message>
+        <source>Cannot be installed</source>
+        <translation>Нельзя установить</translation>
+    </message>
+    <message>
+        <source>Breaks others</source>
+        <translation>Мешает другим</translation>
+    </message>
+    <message>
+        <source>Architecture: %1</source>
+        <translation>Архитектура: %1</translation>
+    </message>
+    <message>
+        <source>Component: %1</source>
+        <translation>Компонент: %1</translation>
+    </message>
+    <message>
+        <source>Section: %1</source>
+        <translation>Раздел: %1</translation>
+    </message>
+    <message>
+        <source>Signature: %1</source>
+        <translation>Подпись: %1</translation>
+    </message>
+    <message>
+        <source>signed</source>
+        <translation>подписан</translation>
+    </message>
+    <message>
+        <source>unsigned</source>
+        <translation>не подписан</translation>
     </message>
 </context>
 <context>
@@ -4339,6 +6468,10 @@ The file with them is kept as %2.</source>
     <message>
         <source>%1 (%2)</source>
         <translation>%1 (%2)</translation>
+    </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Предпросмотр...</translation>
     </message>
 </context>
 <context>
@@ -4685,10 +6818,6 @@ The file with them is kept as %2.</source>
         <translation>Перечислить ключи, которыми можно подписывать, и те, которыми уже нельзя</translation>
     </message>
     <message>
-        <source>Change the description of a repository: codename, suite, version, architectures, components, origin, label, sign=yes|no, or path, which moves it</source>
-        <translation>Изменить описание репозитория: codename, suite, version, architectures, components, origin, label, sign=yes|no или path, что перемещает его</translation>
-    </message>
-    <message>
         <source>Publish a repository to other machines, over HTTP on the port 8000 if nothing else is said</source>
         <translation>Опубликовать репозиторий для других машин: по HTTP на порту 8000, если не сказано иное</translation>
     </message>
@@ -4756,10 +6885,6 @@ The file with them is kept as %2.</source>
     <message>
         <source>The value of %1 is one line without #.</source>
         <translation>Значение %1 — одна строка без #.</translation>
-    </message>
-    <message>
-        <source>The origin cannot be empty.</source>
-        <translation>Происхождение не может быть пустым.</translation>
     </message>
     <message>
         <source>The value of %1 is yes or no.</source>
@@ -5076,6 +7201,209 @@ The file with them is kept as %2.</source>
     <message>
         <source>With --complete, a further architecture of the system, as dpkg knows foreign architectures; can be repeated</source>
         <translation>С --complete: ещё одна архитектура системы, как чужие архитектуры у dpkg; можно повторять</translation>
+    </message>
+    <message>
+        <source>Only show what would change, and what could not be installed then</source>
+        <translation>Только показать, что изменилось бы и что нельзя было бы установить</translation>
+    </message>
+    <message>
+        <source>List the restore points of a repository, or those that have changed a package, with their changes</source>
+        <translation>Показать точки восстановления репозитория с их изменениями или только те, что изменили пакет</translation>
+    </message>
+    <message>
+        <source>Only so many of the newest</source>
+        <translation>Только столько самых новых</translation>
+    </message>
+    <message>
+        <source>First delete the oldest restore points that are more than the settings allow</source>
+        <translation>Сначала удалить самые старые точки восстановления сверх разрешённых настройками</translation>
+    </message>
+    <message>
+        <source>Show what has changed from the state before a restore point until now, or until the state before another one</source>
+        <translation>Показать, что изменилось от состояния перед точкой восстановления до настоящего момента или до состояния перед другой точкой</translation>
+    </message>
+    <message>
+        <source>Go back to the state before a restore point, or bring back a package</source>
+        <translation>Вернуться к состоянию перед точкой восстановления или вернуть пакет</translation>
+    </message>
+    <message>
+        <source>Only bring back this package, as it was before the restore point</source>
+        <translation>Вернуть только этот пакет, каким он был перед точкой восстановления</translation>
+    </message>
+    <message>
+        <source>The preview is without the packages on which these depend.</source>
+        <translation>Предпросмотр не включает пакеты, от которых эти зависят.</translation>
+    </message>
+    <message>
+        <source>The history has no restore point %1.</source>
+        <translation>В истории нет точки восстановления %1.</translation>
+    </message>
+    <message>
+        <source>The history has damaged records, so it is not known what has changed since.</source>
+        <translation>В истории есть повреждённые записи, поэтому неизвестно, что изменилось с тех пор.</translation>
+    </message>
+    <message>
+        <source>Changed by another program</source>
+        <translation>Изменено другой программой</translation>
+    </message>
+    <message>
+        <source>%1 (no way back: %2)</source>
+        <translation>%1 (вернуться нельзя: %2)</translation>
+    </message>
+    <message>
+        <source>The description was changed</source>
+        <translation>Описание было изменено</translation>
+    </message>
+    <message>
+        <source>And %1 more changes.</source>
+        <translation>И ещё изменений: %1.</translation>
+    </message>
+    <message>
+        <source>The description of the repository changes too.</source>
+        <translation>Изменится и описание репозитория.</translation>
+    </message>
+    <message>
+        <source>Do you want to go back to the state before the restore point %1 (%2)?</source>
+        <translation>Вернуться к состоянию перед точкой восстановления %1 (%2)?</translation>
+    </message>
+    <message>
+        <source>Before the restore point %1 the repository had no other version of %2 than now.</source>
+        <translation>Перед точкой восстановления %1 в репозитории не было другой версии %2, чем сейчас.</translation>
+    </message>
+    <message>
+        <source>Do you want to bring back %1?</source>
+        <translation>Вернуть %1?</translation>
+    </message>
+    <message>
+        <source>--limit needs a number greater than 0, and not %1</source>
+        <translation>Для --limit нужно число больше 0, а не %1</translation>
+    </message>
+    <message>
+        <source>No states are kept: %1</source>
+        <translation>Состояния не сохраняются: %1</translation>
+    </message>
+    <message>
+        <source>The history takes %1.</source>
+        <translation>История занимает %1.</translation>
+    </message>
+    <message>
+        <source>Freed: %1</source>
+        <translation>Освобождено: %1</translation>
+    </message>
+    <message>
+        <source>The state before the newest change is not kept, so this goes back further.</source>
+        <translation>Состояние перед самым новым изменением не сохранено, поэтому возврат идёт дальше.</translation>
+    </message>
+    <message>
+        <source>The history has no state to go back to.</source>
+        <translation>В истории нет состояния, к которому можно вернуться.</translation>
+    </message>
+    <message>
+        <source>%1, from %2</source>
+        <translation>%1, из %2</translation>
+    </message>
+    <message>
+        <source>The state before the newest change is not kept. Name a point to go back further.</source>
+        <translation>Состояние до последнего изменения не сохранено. Укажите точку, чтобы вернуться дальше.</translation>
+    </message>
+    <message>
+        <source>What is in the repository, in one line</source>
+        <translation>Что находится в репозитории, одной строкой</translation>
+    </message>
+    <message>
+        <source>Sign the repository with this key: its fingerprint, or the end of it</source>
+        <translation>Подписывать репозиторий этим ключом: отпечаток или его конец</translation>
+    </message>
+    <message>
+        <source>Write lists of the packages&apos; files: yes, or words of reprepro separated by commas, such as .xz,udebs</source>
+        <translation>Записывать списки файлов пакетов: yes или слова reprepro через запятую, например .xz,udebs</translation>
+    </message>
+    <message>
+        <source>Clients refuse indices that have not been written for so many days</source>
+        <translation>Клиенты отвергают индексы, которые не записывались столько дней</translation>
+    </message>
+    <message>
+        <source>Copy packages from a repository to another one, or to another component of the same</source>
+        <translation>Копировать пакеты из одного репозитория в другой или в другой компонент того же</translation>
+    </message>
+    <message>
+        <source>The component into which the packages go</source>
+        <translation>Компонент, в который попадают пакеты</translation>
+    </message>
+    <message>
+        <source>Remove the packages where they were, once they are there</source>
+        <translation>Удалить пакеты с прежнего места, когда они окажутся на новом</translation>
+    </message>
+    <message>
+        <source>Change the description of a repository: codename, suite, version, architectures, components, origin, label, description, sign=yes|no, sign-key=KEY|default, contents=yes|no|LIST, valid-for=DAYS, or path, which moves it</source>
+        <translation>Изменить описание репозитория: codename, suite, version, architectures, components, origin, label, description, sign=yes|no, sign-key=КЛЮЧ|default, contents=yes|no|СПИСОК, valid-for=ДНИ или path, что перемещает его</translation>
+    </message>
+    <message>
+        <source>Go back to the state before the newest restore point, so that a second time undoes the first; restore goes further back</source>
+        <translation>Вернуть состояние до новейшей точки восстановления: второй раз отменяет первый; дальше возвращает restore</translation>
+    </message>
+    <message>
+        <source>Would be removed from %1: %2</source>
+        <translation>Было бы удалено из %1: %2</translation>
+    </message>
+    <message>
+        <source>Removed from %1: %2</source>
+        <translation>Удалено из %1: %2</translation>
+    </message>
+    <message>
+        <source>Within one repository, --component must name another component.</source>
+        <translation>В пределах одного репозитория --component должен указывать другой компонент.</translation>
+    </message>
+    <message>
+        <source>You cannot change the repository %1.</source>
+        <translation>Вы не можете изменять репозиторий %1.</translation>
+    </message>
+    <message>
+        <source>The packages are in this component already.</source>
+        <translation>Пакеты уже находятся в этом компоненте.</translation>
+    </message>
+    <message>
+        <source>The value of %1 is a number of days, such as 30, of %2 at most; 0 stands for no limit.</source>
+        <translation>Значение %1 — число дней, например 30, не больше %2; 0 — без ограничения.</translation>
+    </message>
+    <message>
+        <source>The value of %1 is a key, or default.</source>
+        <translation>Значение %1 — ключ или default.</translation>
+    </message>
+    <message>
+        <source>The repository is as it was before restore point %1.</source>
+        <translation>Репозиторий такой, каким был до точки восстановления %1.</translation>
+    </message>
+    <message>
+        <source>No packages differ.</source>
+        <translation>Различий в пакетах нет.</translation>
+    </message>
+    <message>
+        <source>Description: %1</source>
+        <translation>Описание: %1</translation>
+    </message>
+    <message>
+        <source>Contents: %1</source>
+        <translation>Contents: %1</translation>
+    </message>
+    <message>
+        <source>Valid for days: %1</source>
+        <translation>Действителен, дней: %1</translation>
+    </message>
+    <message>
+        <source>Signed with the key %1</source>
+        <translation>Подписан ключом %1</translation>
+    </message>
+    <message>
+        <source>Other field: %1</source>
+        <translation>Другое поле: %1</translation>
+    </message>
+</context>
+<context>
+    <name>copyFile</name>
+    <message>
+        <source>This is the file itself.</source>
+        <translation>Это сам файл.</translation>
     </message>
 </context>
 <context>

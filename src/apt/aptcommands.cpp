@@ -55,6 +55,11 @@ QStringList recordsArguments(const QStringList &names, const QString &listFile)
            + privateListOptions(listFile);
 }
 
+QStringList paragraphsArguments(const QStringList &names)
+{
+    return QStringList{QStringLiteral("show")} + names;
+}
+
 QStringList downloadArguments(const QString &name, const QString &version, const QString &architecture)
 {
     return {QStringLiteral("download"), QStringLiteral("%1:%2=%3").arg(name, architecture, version)};
@@ -102,15 +107,22 @@ bool isSearchPrefix(const QString &text)
     return expression.match(text).hasMatch();
 }
 
-QString fileOf(const AptDownload &package, const QStringList &files)
+QString fileName(const QString &name, const QString &version, const QString &architecture)
 {
     // apt writes the colon after an epoch as "%3a".
-    QString version = package.version;
-    version.replace(QLatin1Char(':'), QLatin1String("%3a"));
+    QString escaped = version;
+    escaped.replace(QLatin1Char(':'), QLatin1String("%3a"));
+    return QStringLiteral("%1_%2_%3.deb").arg(name, escaped, architecture);
+}
+
+QString fileOf(const AptDownload &package, const QStringList &files)
+{
     // The file for "all" can be that of a package with the same name and another architecture.
     for (const QString &architecture : {package.architecture, QStringLiteral("all")}) {
         // From the start of the name to the dot of the suffix; otherwise libfoo_1_amd64.deb would match foo.
-        const QString start = QStringLiteral("%1_%2_%3.").arg(package.name, version, architecture);
+        const QString start
+            = fileName(package.name, package.version, architecture).section(QLatin1Char('.'), 0, -2)
+              + QLatin1Char('.');
         const auto file = std::find_if(
             files.cbegin(), files.cend(), [&start](const QString &name) { return name.startsWith(start); });
         if (file != files.cend())

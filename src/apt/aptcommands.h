@@ -41,6 +41,8 @@ QStringList versionsArguments(const QString &name, const QString &architecture, 
 QStringList recordsArguments(const QString &name, const QString &listFile);
 /** For apt: many packages in one run. */
 QStringList recordsArguments(const QStringList &names, const QString &listFile);
+/** For apt-cache: the whole paragraphs of many packages in one run. */
+QStringList paragraphsArguments(const QStringList &names);
 /** For apt. */
 QStringList downloadArguments(const QString &name, const QString &version, const QString &architecture);
 /** For apt-get: many packages in one run. */
@@ -56,6 +58,9 @@ bool isPackageName(const QString &name);
 bool isArchitecture(const QString &architecture);
 /** True when a package name can begin with `text`. No other text may reach the shell. */
 bool isSearchPrefix(const QString &text);
+
+/** The name that apt gives to the file of a package. `architecture` is the package's own. */
+QString fileName(const QString &name, const QString &version, const QString &architecture);
 
 /**
  * The one of the files that apt has made for this package; empty when there is none. The file may be for the

@@ -144,12 +144,8 @@ QStringList AptFetch::problems(const QString &errorOutput)
     return found.isEmpty() ? others : found;
 }
 
-bool AptFetch::isFresh(const QDateTime &fetched, const QDateTime &now, const QStringList &sources)
+bool AptFetch::isFresh(const QDateTime &fetched, const QDateTime &now)
 {
-    static const QRegularExpression local(QStringLiteral("(?:^|\\s)(?:file|copy|cdrom):"));
     const qint64 age = fetched.isValid() ? fetched.secsTo(now) : -1;
-    return age >= 0 && age < FreshSeconds
-           && std::none_of(sources.cbegin(), sources.cend(), [](const QString &source) {
-                  return source.contains(local);
-              });
+    return age >= 0 && age < FreshSeconds;
 }

@@ -34,6 +34,6 @@ public:
     /** Why sources could not be read, one line for the user each; empty when there was no problem. */
     static QStringList problems(const QString &errorOutput);
 
-    /** Whether lists fetched at `fetched` (may be invalid) are recent enough. Local sources can change at any time. */
-    static bool isFresh(const QDateTime &fetched, const QDateTime &now, const QStringList &sources);
+    /** Whether lists fetched at `fetched` (may be invalid) are recent enough. */
+    static bool isFresh(const QDateTime &fetched, const QDateTime &now);
 };

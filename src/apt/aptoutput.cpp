@@ -4,6 +4,7 @@
 #include "core/packagefields.h"
 
 #include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 
@@ -96,6 +97,7 @@ struct ShownVersion
     QString version;
     QVector<Source> sources;
     QString file;
+    QString sha256;
 };
 
 /** The sources of a record. apt 2.6 names only the first source; sources on continuation lines are read too. */
@@ -127,7 +129,8 @@ QVector<ShownVersion> shownVersions(const QString &show)
         result.append({name.section(QLatin1Char(':'), 0, 0),
                        version,
                        recordSources(record),
-                       AptOutput::fieldValues(record, PackageField::Filename).value(0)});
+                       AptOutput::fieldValues(record, PackageField::Filename).value(0),
+                       AptOutput::fieldValues(record, QStringLiteral("SHA256")).value(0)});
     }
     return result;
 }
@@ -178,20 +181,20 @@ QMap<QString, QStringList> versions(const QString &show)
 QVector<AptPackageRecord> records(const QString &show)
 {
     QVector<AptPackageRecord> result;
+    QSet<QString> known;
     const auto shown = shownVersions(show);
     for (const ShownVersion &version : shown) {
         for (const Source &source : version.sources) {
             const QString architecture
                 = source.architecture.isEmpty() ? fileArchitecture(version.file) : source.architecture;
             const AptPackageRecord record{
-                version.name, version.version, architecture, source.origin(), version.file};
+                version.name, version.version, architecture, source.origin(), version.file, version.sha256};
             // Another component of the source can offer the same version with different contents.
-            const bool known = std::any_of(result.cbegin(), result.cend(), [&record](const auto &other) {
-                return other.name == record.name && other.version == record.version
-                       && other.repository == record.repository;
-            });
-            if (!known)
+            const QString key
+                = QStringList{record.name, record.version, record.repository}.join(QLatin1Char('\n'));
+            if (!known.contains(key))
                 result.append(record);
+            known.insert(key);
         }
     }
     return result;

@@ -15,6 +15,7 @@ struct AptPackageRecord
     QString architecture; ///< architecture of the index that lists the package, so never "all"
     QString repository; ///< origin text: URI, suite and architecture
     QString file; ///< path of the package file below the URI; empty unless apt shows whole records
+    QString sha256 = {}; ///< of the package file; likewise
 };
 
 /** Whether one source line is for all architectures of a repository, or there is a line for each architecture. */

@@ -122,6 +122,18 @@ QVector<AptPackageRecord> AptUtils::packageRecords(const QString &name)
     return AptOutput::records(output());
 }
 
+QString AptUtils::packageParagraphs(const QStringList &names)
+{
+    QStringList accepted;
+    std::copy_if(names.cbegin(), names.cend(), std::back_inserter(accepted), isPackageWord);
+    // An unknown name is no error, as long as another one is known.
+    if (!accepted.isEmpty()
+        && !run(AptCommands::AptCache, AptCommands::paragraphsArguments(accepted), m_workingDirectory)
+        && output().isEmpty())
+        return {};
+    return accepted.isEmpty() ? QString() : output();
+}
+
 QVector<AptPackageRecord> AptUtils::packageRecords(const QStringList &names)
 {
     QStringList accepted;

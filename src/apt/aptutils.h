@@ -53,6 +53,12 @@ public:
      */
     QVector<AptPackageRecord> packageRecords(const QStringList &names);
 
+    /**
+     * The paragraphs of many packages as the sources' indices have them, one behind the other, each with an empty line
+     * behind it. Each name is a name or name:architecture; all versions come, also that of the installed package.
+     */
+    QString packageParagraphs(const QStringList &names);
+
     /** The names of all packages on offer; nothing, without an error, when they cannot be read. For apt's own sources:
      *  a private list is not used. */
     std::optional<QSet<QString>> packageNames();

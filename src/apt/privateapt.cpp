@@ -4,6 +4,7 @@
 #include "apt/aptcommands.h"
 #include "apt/aptfetch.h"
 #include "apt/aptoutput.h"
+#include "apt/localreleases.h"
 #include "apt/sourceoptions.h"
 #include "core/processutils.h"
 #include "files/regularfile.h"
@@ -15,6 +16,7 @@
 #include <QFileInfo>
 #include <QLockFile>
 #include <QStandardPaths>
+#include <QUuid>
 
 #include <algorithm>
 #include <iterator>
@@ -177,35 +179,46 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
     }
     Outcome outcome;
     QFile stamp(m_folder + QLatin1Char('/') + StampName);
+    // Before apt looks at the sources: what changes meanwhile is new next time.
+    const auto releases = LocalReleases::digest(m_sources);
     const QDateTime fetched = stamp.fileTime(QFileDevice::FileModificationTime);
-    if (!AptFetch::isFresh(fetched, QDateTime::currentDateTime(), m_sources)) {
-        ProcessCall call{AptCommands::AptGet,
-                         {QStringLiteral("-q"),
-                          QStringLiteral("update"),
-                          QStringLiteral("-o"),
-                          QStringLiteral("APT::Status-Fd=1")},
-                         {},
-                         environment(),
-                         -1};
-        call.stopped = isStopped;
-        call.printed = [&progress](const QByteArray &output) {
-            const int percent = AptFetch::percent(output);
-            if (percent >= 0 && progress)
-                progress(percent);
-        };
-        const ProcessResult result = runProcess(call);
-        if (isStopped())
-            return {};
-        outcome.problems = AptFetch::problems(result.errorOutput);
-        outcome.details = result.errorOutput;
-        if (!result.succeeded() && outcome.problems.isEmpty())
-            outcome.problems.append(AptFetch::tr("apt could not fetch the lists of packages."));
-        if (outcome.problems.isEmpty())
-            stamp.open(QIODevice::WriteOnly | QIODevice::Truncate);
-        else
+    if (releases && AptFetch::isFresh(fetched, QDateTime::currentDateTime())
+        && stamp.open(QIODevice::ReadOnly)) {
+        outcome.lists = stamp.readAll();
+        stamp.close();
+        outcome.usable = outcome.lists.endsWith(' ' + *releases);
+        if (outcome.usable)
+            return isStopped() ? Outcome() : outcome;
+        outcome.lists.clear();
+    }
+    ProcessCall call{AptCommands::AptGet,
+                     {QStringLiteral("-q"),
+                      QStringLiteral("update"),
+                      QStringLiteral("-o"),
+                      QStringLiteral("APT::Status-Fd=1")},
+                     {},
+                     environment(),
+                     -1};
+    call.stopped = isStopped;
+    call.printed = [&progress](const QByteArray &output) {
+        const int percent = AptFetch::percent(output);
+        if (percent >= 0 && progress)
+            progress(percent);
+    };
+    const ProcessResult result = runProcess(call);
+    if (isStopped())
+        return {};
+    outcome.problems = AptFetch::problems(result.errorOutput);
+    outcome.details = result.errorOutput;
+    if (!result.succeeded() && outcome.problems.isEmpty())
+        outcome.problems.append(AptFetch::tr("apt could not fetch the lists of packages."));
+    outcome.usable = hasLists(stopped);
+    stamp.remove();
+    if (outcome.problems.isEmpty() && outcome.usable && stamp.open(QIODevice::WriteOnly)) {
+        outcome.lists = QUuid::createUuid().toByteArray() + ' ' + releases.value_or(QByteArray());
+        if (!WholeFile::writeOut(stamp, outcome.lists))
             stamp.remove();
     }
-    outcome.usable = hasLists(stopped);
     return outcome;
 }
 

@@ -37,9 +37,11 @@ public:
         bool usable = false; ///< there are lists, perhaps not of all sources
         QStringList problems; ///< texts for the user about sources that could not be read; one line each
         QString details; ///< the error output of apt
+        QByteArray lists = {}; ///< names these lists: others have another name; empty when some are missing
     };
     /**
-     * Fetches the lists, unless they were fetched within the last hour. `progress` receives percentages. After a stop
+     * Fetches the lists, unless they were fetched within the last hour and no source on this computer has changed.
+     * `progress` receives percentages. After a stop
      * it returns soon, with nothing usable and no problems.
      */
     Outcome fetch(const StopRequest &stopped, const std::function<void(int percent)> &progress);

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Archives out of a repository, and packages out of archives and folders.
 #include "cli/commands.h"
-#include "cli/console.h"
+#include "cli/dryrun.h"
 #include "cli/invocation.h"
 #include "cli/repositoryreading.h"
 #include "cli/repositorysession.h"
-#include "cli/stopsignal.h"
+#include "cli/terminal/console.h"
+#include "cli/terminal/stopsignal.h"
+#include "engine/preview/previewrequest.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -87,6 +89,13 @@ ExitCode Commands::import(const Invocation &invocation, Console &console)
     RepositorySession session(invocation, console);
     if (!session.open())
         return session.exitCode();
+    if (invocation.has("dry-run")) {
+        PreviewRequest request;
+        request.kind = ChangePreview::Import;
+        request.archive = source;
+        request.options = session.addOptions();
+        return DryRun::show(session, console, request);
+    }
     const int result = session.run([&] { session.shell().importRepo(source, session.addOptions()); });
     session.tellChanges();
     const ExitCode code = session.exitCode();

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands.h"
-#include "cli/console.h"
 #include "cli/descriptionrules.h"
+#include "cli/dryrun.h"
 #include "cli/invocation.h"
-#include "cli/packagejson.h"
 #include "cli/repositorysession.h"
-#include "cli/stopsignal.h"
+#include "cli/terminal/console.h"
+#include "cli/terminal/packagejson.h"
+#include "cli/terminal/stopsignal.h"
+#include "engine/preview/previewrequest.h"
 #include "engine/repository/changerules.h"
 #include "engine/repository/distributionsfile.h"
 
@@ -138,6 +140,15 @@ ExitCode Commands::change(const Invocation &invocation, Console &console)
         return fail("published",
                     QCoreApplication::translate("cli", "The repository is published. Unpublish it first."),
                     ExitCode::Failed);
+    if (invocation.has("dry-run")) {
+        PreviewRequest request;
+        request.kind = ChangePreview::Describe;
+        request.newPath = path;
+        request.info = change.after;
+        request.given = *text;
+        request.carriesPackages = change.carries;
+        return DryRun::show(session, console, request);
+    }
     QList<PackageInfoPtr> lost;
     bool isAgreed = false;
     const int result = session.run([&] {

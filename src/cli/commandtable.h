@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cli/exitcode.h"
+#include "cli/terminal/exitcode.h"
 
 #include <QString>
 #include <QStringList>
@@ -20,7 +20,14 @@ struct CommandOption
 };
 
 /** What a word of the command line stands for, so that a shell can complete it. */
-enum class Operand { None, Repository, File, PackageName, Port };
+enum class Operand {
+    None,
+    Repository,
+    File,
+    PackageName,
+    RepositoryAndNames, ///< a second repository, and then names of packages of the first one
+    Port
+};
 
 /** A command of the program: what the user may write, and the words that explain it. */
 struct CommandDescription

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/descriptionrules.h"
 
+#include "engine/repository/descriptionfields.h"
+#include "engine/repository/distributions.h"
 #include "engine/repository/newreporules.h"
 
 #include <QCoreApplication>
@@ -8,11 +10,14 @@
 #include <QMap>
 #include <QRegularExpression>
 
-#include <algorithm>
-
 namespace
 {
 const QString Sign = QStringLiteral("sign");
+const QString SignKey = QStringLiteral("sign-key");
+const QString Contents = QStringLiteral("contents");
+const QString ValidFor = QStringLiteral("valid-for");
+const QString Yes = QStringLiteral("yes");
+const QString No = QStringLiteral("no");
 
 /** "a,b c" as "a b c", which is the form of the description. */
 QString listOf(const QString &text)
@@ -28,6 +33,7 @@ const QMap<QString, QString RepoInfo::*> &texts()
         {QStringLiteral("version"), &RepoInfo::version},
         {QStringLiteral("origin"), &RepoInfo::origin},
         {QStringLiteral("label"), &RepoInfo::label},
+        {QStringLiteral("description"), &RepoInfo::description},
     };
     return members;
 }
@@ -41,15 +47,6 @@ const QMap<QString, QString RepoInfo::*> &lists()
     return members;
 }
 
-/** Whether the text can be a value in one line of the description, where # begins a comment. */
-bool isOneLine(const QString &text)
-{
-    return std::none_of(text.cbegin(), text.cend(), [](QChar c) {
-        return c == QLatin1Char('#') || c.category() == QChar::Other_Control
-               || c.category() == QChar::Separator_Line || c.category() == QChar::Separator_Paragraph;
-    });
-}
-
 bool isWhole(const char *pattern, const QString &text)
 {
     return QRegularExpression(QRegularExpression::anchoredPattern(QLatin1String(pattern)))
@@ -60,7 +57,7 @@ bool isWhole(const char *pattern, const QString &text)
 
 QStringList DescriptionRules::fields()
 {
-    return texts().keys() + lists().keys() + QStringList{Sign};
+    return texts().keys() + lists().keys() + QStringList{Sign, SignKey, Contents, ValidFor};
 }
 
 QString DescriptionRules::refusal(const QString &field, const QString &value)
@@ -70,13 +67,24 @@ QString DescriptionRules::refusal(const QString &field, const QString &value)
         || (lists().contains(field) && !isWhole("[a-z0-9 -]*", listOf(value))))
         return QCoreApplication::translate(
             "cli", "Names have small letters, digits, hyphens and, for code names and suites, dots.");
-    if (!isOneLine(value))
-        return QCoreApplication::translate("cli", "The value of %1 is one line without #.").arg(field);
-    if (field == QLatin1String("origin") && value.trimmed().isEmpty())
-        return QCoreApplication::translate("cli", "The origin cannot be empty.");
-    if (field == Sign && value != QLatin1String("yes") && value != QLatin1String("no"))
+    if (field == Sign && value != Yes && value != No)
         return QCoreApplication::translate("cli", "The value of %1 is yes or no.").arg(field);
-    return {};
+    if (field == ValidFor && value != QLatin1String("0") && DescriptionFields::days(value) == 0)
+        return QCoreApplication::translate(
+                   "cli",
+                   "The value of %1 is a number of days, such as 30, of %2 at most; 0 stands for no limit.")
+            .arg(field)
+            .arg(DescriptionFields::MostDays);
+    // The path is no field of the description.
+    if (!fields().contains(field))
+        return DescriptionFields::isOneLine(value)
+                   ? QString()
+                   : QCoreApplication::translate("cli", "The value of %1 is one line without #.").arg(field);
+    if (field == SignKey && value.isEmpty())
+        return QCoreApplication::translate("cli", "The value of %1 is a key, or default.").arg(field);
+    RepoInfo info;
+    set(&info, field, value);
+    return DescriptionFields::refusal(info);
 }
 
 QString DescriptionRules::refusal(const QString &path, const RepoInfo &info)
@@ -99,10 +107,21 @@ QString DescriptionRules::refusal(const QString &path, const RepoInfo &info)
 
 void DescriptionRules::set(RepoInfo *info, const QString &field, const QString &value)
 {
-    if (field == Sign)
-        info->signWith = value == QLatin1String("yes");
-    else if (lists().contains(field))
+    if (field == Sign && value == No) {
+        *info = Distributions::unsignedInfo(*info);
+    } else if (field == Sign || field == SignKey) {
+        info->signWith = true;
+        if (field == SignKey)
+            info->signKey = value == QLatin1String("default") ? QString() : value;
+    } else if (field == Contents) {
+        const QString choices = listOf(value);
+        info->contents = !choices.isEmpty() && choices != No;
+        info->contentsChoices = choices == No || choices == Yes ? QString() : choices;
+    } else if (field == ValidFor) {
+        info->validFor = DescriptionFields::days(value);
+    } else if (lists().contains(field)) {
         info->*lists().value(field) = listOf(value);
-    else
+    } else {
         info->*texts().value(field) = value.trimmed();
+    }
 }

@@ -4,12 +4,14 @@
 #include "apt/aptutils.h"
 #include "apt/versionorder.h"
 #include "cli/commands.h"
-#include "cli/console.h"
+#include "cli/dryrun.h"
 #include "cli/invocation.h"
 #include "cli/repositorysession.h"
-#include "cli/stopsignal.h"
+#include "cli/terminal/console.h"
+#include "cli/terminal/stopsignal.h"
 #include "core/settingskeys.h"
 #include "depends/dependencylacks.h"
+#include "engine/preview/previewrequest.h"
 
 #include <QCoreApplication>
 #include <QJsonArray>
@@ -77,6 +79,7 @@ public:
             best->name = record.name;
             best->version = record.version;
             best->architecture = architecture;
+            best->repository = record.repository;
         }
         return best;
     }
@@ -221,6 +224,9 @@ ExitCode Commands::fetch(const Invocation &invocation, Console &console)
         return ExitCode::Failed;
     ExitCode worst = unknown > 0 ? ExitCode::Findings : ExitCode::Done;
     const AddOptions options = session.addOptions();
+    PreviewRequest request;
+    request.kind = ChangePreview::Fetch;
+    request.options = options;
     QList<PackageInfo> wanted;
     for (const QString &architecture : architectures) {
         // A file for all architectures is in for this one, too, since it was fetched for another.
@@ -233,10 +239,17 @@ ExitCode Commands::fetch(const Invocation &invocation, Console &console)
             if (!holds(session.shell().packages(), *best))
                 missing.append(*best);
         }
-        if (missing.isEmpty() || worst >= ExitCode::Locked)
+        request.wanted += missing;
+        if (missing.isEmpty() || worst >= ExitCode::Locked || invocation.has("dry-run"))
             continue;
         session.run([&] { session.shell().downloadPackages(missing, options); });
         worst = std::max(worst, session.exitCode());
+    }
+    if (invocation.has("dry-run")) {
+        if (invocation.has("with-depends"))
+            console.remark(QCoreApplication::translate(
+                "cli", "The preview is without the packages on which these depend."));
+        return std::max(worst, DryRun::show(session, console, request));
     }
     if (invocation.has("with-depends") && worst < ExitCode::Locked) {
         QList<PackageInfoPtr> present;
@@ -272,6 +285,13 @@ ExitCode Commands::upgrade(const Invocation &invocation, Console &console)
     if (invocation.has("list")) {
         tellOffers(packages, console);
         return prepared;
+    }
+    if (invocation.has("dry-run")) {
+        PreviewRequest request;
+        request.kind = ChangePreview::Upgrade;
+        request.upgrades = stillThere(packages, shell);
+        request.options = session.addOptions();
+        return std::max(prepared, DryRun::show(session, console, request));
     }
     ExitCode code = prepared;
     if (!packages.isEmpty()) {

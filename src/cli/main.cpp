@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "cli/console.h"
 #include "cli/invocation.h"
+#include "cli/terminal/console.h"
 #include "cli/usage.h"
 #include "engine/storedresults.h"
 #include "platform/desktopintegration.h"

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands.h"
-#include "cli/console.h"
+#include "cli/dryrun.h"
 #include "cli/invocation.h"
-#include "cli/packagejson.h"
 #include "cli/repositoryreading.h"
 #include "cli/repositorysession.h"
-#include "cli/stopsignal.h"
+#include "cli/terminal/console.h"
+#include "cli/terminal/packagejson.h"
+#include "cli/terminal/stopsignal.h"
 #include "engine/archive/archivecontents.h"
+#include "engine/preview/previewrequest.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -84,6 +86,12 @@ ExitCode Commands::add(const Invocation &invocation, Console &console)
     }
     if (!session.open())
         return session.exitCode();
+    if (invocation.has("dry-run")) {
+        PreviewRequest request;
+        request.files = files;
+        request.options = session.addOptions();
+        return DryRun::show(session, console, request);
+    }
     session.run([&] { session.shell().addPackages(files, session.addOptions()); });
     session.tellChanges();
     return session.exitCode();
@@ -94,9 +102,20 @@ ExitCode Commands::remove(const Invocation &invocation, Console &console)
     RepositorySession session(invocation, console);
     if (!session.open())
         return session.exitCode();
+    const PackageSelection selection(invocation.others(), PackageSelection::Names, invocation);
+    if (invocation.has("dry-run")) {
+        const auto all = session.shell().packages();
+        selection.tellUnmatched(all, console);
+        PreviewRequest request;
+        request.kind = ChangePreview::Remove;
+        request.packages = selection.of(all);
+        if (request.packages.isEmpty())
+            return ExitCode::Failed;
+        const ExitCode code = DryRun::show(session, console, request);
+        return code == ExitCode::Done && !selection.unmatched(all).isEmpty() ? ExitCode::Findings : code;
+    }
     const auto selected = session.runFor(
-        PackageSelection(invocation.others(), PackageSelection::Names, invocation),
-        [&](const QList<PackageInfoPtr> &packages) { session.shell().removePackages(packages); });
+        selection, [&](const QList<PackageInfoPtr> &packages) { session.shell().removePackages(packages); });
     if (selected.packages.isEmpty())
         return ExitCode::Failed;
     session.tellChanges();

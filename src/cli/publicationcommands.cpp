@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What this machine publishes. The checks and their questions are those of the window.
 #include "cli/commands.h"
-#include "cli/console.h"
 #include "cli/invocation.h"
 #include "cli/repositoryreading.h"
-#include "cli/stopsignal.h"
+#include "cli/terminal/console.h"
+#include "cli/terminal/stopsignal.h"
 #include "platform/packagemanager.h"
 #include "publication/helperclient.h"
 #include "publication/publicationaddresses.h"

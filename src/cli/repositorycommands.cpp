@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands.h"
-#include "cli/console.h"
 #include "cli/descriptionrules.h"
 #include "cli/invocation.h"
 #include "cli/repositoryreading.h"
 #include "cli/repositorysession.h"
-#include "cli/stopsignal.h"
+#include "cli/terminal/console.h"
+#include "cli/terminal/stopsignal.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -85,8 +85,21 @@ ExitCode Commands::show(const Invocation &invocation, Console &console)
     field(QT_TRANSLATE_NOOP("cli", "Label: %1"), info.label);
     field(QT_TRANSLATE_NOOP("cli", "Architectures: %1"), info.architectures);
     field(QT_TRANSLATE_NOOP("cli", "Components: %1"), info.components);
-    console.line(info.signWith ? QCoreApplication::translate("cli", "Signed with the default key")
-                               : QCoreApplication::translate("cli", "Not signed with the default key"));
+    field(QT_TRANSLATE_NOOP("cli", "Description: %1"), info.description);
+    const QString contents = !info.contents                   ? QString()
+                             : info.contentsChoices.isEmpty() ? QStringLiteral(".gz")
+                                                              : info.contentsChoices;
+    if (info.contents)
+        field(QT_TRANSLATE_NOOP("cli", "Contents: %1"), contents);
+    if (info.validFor > 0)
+        field(QT_TRANSLATE_NOOP("cli", "Valid for days: %1"), QString::number(info.validFor));
+    if (info.signWith && !info.signKey.isEmpty())
+        field(QT_TRANSLATE_NOOP("cli", "Signed with the key %1"), info.signKey);
+    else
+        console.line(info.signWith ? QCoreApplication::translate("cli", "Signed with the default key")
+                                   : QCoreApplication::translate("cli", "Not signed with the default key"));
+    for (const QString &line : info.otherLines)
+        field(QT_TRANSLATE_NOOP("cli", "Other field: %1"), line);
     QJsonObject packages;
     for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
         console.line(QCoreApplication::translate("cli", "Packages for %1: %2").arg(it.key()).arg(it.value()));
@@ -100,7 +113,13 @@ ExitCode Commands::show(const Invocation &invocation, Console &console)
                     {QStringLiteral("label"), info.label},
                     {QStringLiteral("architectures"), QJsonArray::fromStringList(info.architectureList())},
                     {QStringLiteral("components"), QJsonArray::fromStringList(info.componentList())},
+                    {QStringLiteral("description"), info.description},
                     {QStringLiteral("signed"), info.signWith},
+                    {QStringLiteral("signKey"), info.signKey},
+                    {QStringLiteral("contents"),
+                     QJsonArray::fromStringList(contents.split(QLatin1Char(' '), Qt::SkipEmptyParts))},
+                    {QStringLiteral("validFor"), info.validFor},
+                    {QStringLiteral("otherLines"), QJsonArray::fromStringList(info.otherLines)},
                     {QStringLiteral("packages"), packages}});
     return ExitCode::Done;
 }

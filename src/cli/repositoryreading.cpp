@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/repositoryreading.h"
 
-#include "cli/console.h"
 #include "cli/invocation.h"
+#include "cli/terminal/console.h"
 #include "engine/changes/exportsession.h"
 #include "engine/repository/distributionsfile.h"
 #include "engine/repository/packagelisting.h"

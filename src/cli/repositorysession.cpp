@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/repositorysession.h"
 
-#include "cli/console.h"
 #include "cli/invocation.h"
-#include "cli/packagejson.h"
 #include "cli/repositoryreading.h"
+#include "cli/terminal/console.h"
+#include "cli/terminal/packagejson.h"
 #include "engine/reprepro/joblock.h"
 #include "engine/reprepro/repolock.h"
 
@@ -63,8 +63,10 @@ RepositorySession::RepositorySession(const Invocation &invocation, Console &cons
 {
     // Checks are asked for by a command of their own.
     m_shell.setCheckDependsOnAdd(false);
+    m_shell.setOnlyLooking(invocation.has("dry-run"));
     QSettings settings;
     m_shell.setExternalRepos(ExternalRepos::load(settings));
+    m_shell.setHistoryLimits(HistoryLimits::load(settings));
     connectShell();
 }
 
@@ -111,9 +113,7 @@ void RepositorySession::connectShell()
         &m_shell,
         &RepoShell::requestForReplacementHandlingByUser,
         this,
-        [this](RepoEnums::ErrorCode, PackageReplacementRules *rule) {
-            rule->value = m_rule.value_or(PackageReplacementRules::ReplaceNone);
-        },
+        [this](RepoEnums::ErrorCode, PackageReplacementRules *rule) { *rule = collisionRule(); },
         Qt::BlockingQueuedConnection);
 }
 
@@ -146,6 +146,11 @@ AddOptions RepositorySession::addOptions()
     options.sign = m_invocation.has("sign-packages");
     options.signKeyId = m_invocation.value("sign-packages");
     return options;
+}
+
+PackageReplacementRules RepositorySession::collisionRule() const
+{
+    return {m_rule.value_or(PackageReplacementRules::ReplaceNone)};
 }
 
 bool RepositorySession::open()
@@ -328,9 +333,8 @@ ExitCode RepositorySession::exitCode(bool isAnyChanged) const
     return isAnyChanged ? ExitCode::Findings : ExitCode::Failed;
 }
 
-void RepositorySession::tellChanges()
+QJsonObject RepositorySession::changes(QJsonObject result)
 {
-    QJsonObject result;
     const auto tell = [&](const char *key, const QString &text, const QList<PackageInfoPtr> &packages) {
         for (const PackageInfoPtr &package : packages)
             m_console.line(text.arg(shownPackage(*package)));
@@ -339,5 +343,10 @@ void RepositorySession::tellChanges()
     tell("added", QCoreApplication::translate("cli", "Added: %1"), added());
     tell("replaced", QCoreApplication::translate("cli", "Replaced: %1"), replaced());
     tell("removed", QCoreApplication::translate("cli", "Removed: %1"), removed());
-    m_console.object(result);
+    return result;
+}
+
+void RepositorySession::tellChanges(const QJsonObject &result)
+{
+    m_console.object(changes(result));
 }

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "cli/exitcode.h"
-#include "cli/stopsignal.h"
+#include "cli/terminal/exitcode.h"
+#include "cli/terminal/stopsignal.h"
 #include "core/packageinfo.h"
 #include "core/packagereplacementrules.h"
 #include "engine/reposhell.h"
 #include "engine/repository/packagelist.h"
 
 #include <QElapsedTimer>
+#include <QJsonObject>
 #include <QStringList>
 
 #include <functional>
@@ -49,6 +50,10 @@ public:
      * findings.
      */
     AddOptions addOptions();
+    /** What becomes of collisions, after addOptions(). */
+    PackageReplacementRules collisionRule() const;
+    /** Whether a package that is there already is refused rather than kept; after addOptions(). */
+    bool refusesCollisions() const { return m_remarksAreFindings; }
 
     /** The result of the last run(). */
     int result() const { return m_result; }
@@ -67,8 +72,10 @@ public:
     QList<PackageInfoPtr> removed() const;
     /** The exit code after a job that changes no packages, or whose changes the caller knows better. */
     ExitCode exitCode(bool isAnyChanged) const;
-    /** The lines and the object of what the jobs have added, replaced and removed. */
-    void tellChanges();
+    /** The lines of what the jobs have added, replaced and removed. Returns `result` with the object of it. */
+    QJsonObject changes(QJsonObject result = {});
+    /** The same, and prints the object. */
+    void tellChanges(const QJsonObject &result = {});
 
 private:
     const Invocation &m_invocation;

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/commands.h"
-#include "cli/console.h"
 #include "cli/invocation.h"
-#include "cli/packagejson.h"
 #include "cli/repositoryreading.h"
 #include "cli/repositorysession.h"
+#include "cli/terminal/console.h"
+#include "cli/terminal/packagejson.h"
 #include "core/settingskeys.h"
 #include "signing/keylisting.h"
 #include "signing/signprocess.h"

@@ -47,6 +47,8 @@ QLatin1String bashKind(Operand operand)
         return QLatin1String("file");
     case Operand::PackageName:
         return QLatin1String("package");
+    case Operand::RepositoryAndNames:
+        return QLatin1String("copied");
     case Operand::Port:
         return QLatin1String("port");
     }
@@ -114,6 +116,9 @@ _velt_admin_repo_cli() {
         return
     fi
     if [ "$COMP_CWORD" -eq 2 ]; then kind=$first; else kind=$others; fi
+    if [ "$kind" = copied ]; then
+        if [ "$COMP_CWORD" -eq 3 ]; then kind=folder; else kind=package; fi
+    fi
     case $kind in
     folder)
         compopt -o filenames
@@ -175,9 +180,11 @@ QString zsh()
             cases += QLatin1String(" \\\n            '1:repository:_files -/'");
         else if (command.first == Operand::Port)
             cases += QLatin1String(" \\\n            '1:publication:_velt_admin_repo_cli_publications'");
+        if (command.others == Operand::RepositoryAndNames)
+            cases += QLatin1String(" \\\n            '2:repository:_files -/'");
         if (command.others == Operand::File)
             cases += QLatin1String(" \\\n            '*:file:_files'");
-        else if (command.others == Operand::PackageName)
+        else if (command.others == Operand::PackageName || command.others == Operand::RepositoryAndNames)
             cases += QLatin1String(" \\\n            '*:package:_velt_admin_repo_cli_packages'");
         cases += QLatin1String("\n        ;;\n");
     }

@@ -21,6 +21,19 @@ bool PackageNames::isPackageFile(const QString &fileName)
     return fileName.endsWith(QLatin1String(".deb")) || fileName.endsWith(QLatin1String(".udeb"));
 }
 
+bool PackageNames::isInRestorePoint(const QString &path)
+{
+    const QStringList folders = path.split(QLatin1Char('/'));
+    for (int i = 1; i < folders.size(); ++i) {
+        static const QStringList names{QStringLiteral("velt-admin-repo.history"),
+                                       QStringLiteral("velt-admin-repo.before"),
+                                       QStringLiteral("velt-admin-repo.kept")};
+        if (folders.at(i - 1) == QLatin1String("db") && names.contains(folders.at(i)))
+            return true;
+    }
+    return false;
+}
+
 QString PackageNames::poolFile(const PackageInfo &package, const QString &controlArchitecture)
 {
     // "Source: name (version)" is present only when the source name or version differs from the package.

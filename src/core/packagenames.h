@@ -17,6 +17,11 @@ PackageType typeOfFile(const QString &fileName);
 /** Whether a file of this name is a package. Capital letters do not count: reprepro does not take them either. */
 bool isPackageFile(const QString &fileName);
 /**
+ * Whether the path leads into the restore points of a repository. They keep old versions of packages, which nobody
+ * wants who takes in all packages of a folder.
+ */
+bool isInRestorePoint(const QString &path);
+/**
  * The path below the repository's directory that reprepro gives the file of a package. `controlArchitecture` is the
  * one that the package was built for, which is "all" for many.
  */

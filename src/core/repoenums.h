@@ -43,7 +43,8 @@ public:
         DOWNLOAD_JOB = 1,
         UPGRADE_JOB = 2,
         CHECK_DEPENDS_JOB = 3,
-        CHANGE_REPO_JOB = 4
+        CHANGE_REPO_JOB = 4,
+        PREVIEW_JOB = 5 ///< has changed nothing
     };
     Q_ENUM(JobId)
 };

@@ -16,16 +16,22 @@ QStringList RepoInfo::binaryArchitectures() const
 
 bool RepoInfo::operator==(const RepoInfo &other) const
 {
-    return std::tie(
-               name, codename, suite, version, architectures, components, signWith, contents, origin, label)
-           == std::tie(other.name,
-                       other.codename,
-                       other.suite,
-                       other.version,
-                       other.architectures,
-                       other.components,
-                       other.signWith,
-                       other.contents,
-                       other.origin,
-                       other.label);
+    const auto members = [](const RepoInfo &info) {
+        return std::tie(info.name,
+                        info.codename,
+                        info.suite,
+                        info.version,
+                        info.architectures,
+                        info.components,
+                        info.signWith,
+                        info.contents,
+                        info.origin,
+                        info.label,
+                        info.description,
+                        info.signKey,
+                        info.contentsChoices,
+                        info.validFor,
+                        info.otherLines);
+    };
+    return members(*this) == members(other);
 }

@@ -16,6 +16,8 @@ inline const QString Architectures = QStringLiteral("Architectures");
 inline const QString Components = QStringLiteral("Components");
 inline const QString SignWith = QStringLiteral("SignWith");
 inline const QString Contents = QStringLiteral("Contents");
+inline const QString Description = QStringLiteral("Description");
+inline const QString ValidFor = QStringLiteral("ValidFor");
 } // namespace DistributionField
 
 inline const QString DefaultOrigin = QStringLiteral("Debian");
@@ -33,10 +35,15 @@ struct RepoInfo
     QString version;
     QString architectures; ///< separated by blanks, as in the file
     QString components; ///< separated by blanks
-    bool signWith = false; ///< Release files are signed with the user's default key
-    bool contents = false; ///< Contents indices are generated, compressed with gzip
+    bool signWith = false; ///< Release files are signed, with signKey
+    bool contents = false; ///< Contents indices are generated, as contentsChoices tells
     QString origin = DefaultOrigin; ///< who makes the packages; clients can select by it; never empty
     QString label = {}; ///< clients can select by it; empty: none
+    QString description = {}; ///< one line; empty: none
+    QString signKey = {}; ///< fingerprint or key id; empty: the user's default key
+    QString contentsChoices = {}; ///< words of reprepro, separated by blanks; empty: compressed with gzip
+    int validFor = 0; ///< days until clients refuse indices that are not written anew; 0: they never do
+    QStringList otherLines = {}; ///< what the members cannot hold: fields, their further lines, and comments
 
     QStringList architectureList() const { return architectures.split(QLatin1Char(' '), Qt::SkipEmptyParts); }
     /** The architectures of binary packages: without "source" and "all", and without the text after a comment sign. */

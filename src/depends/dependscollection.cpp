@@ -9,6 +9,40 @@
 
 #include <algorithm>
 
+namespace
+{
+/** The results of the packages' entries when these packages are all that there is. */
+using Results = QHash<PackageInfoPtr, QSharedPointer<const DependsInfo>>;
+
+Results
+resultsAmong(LocalCandidates *candidates, const QList<PackageInfoPtr> &packages, const StopRequest &stopped)
+{
+    Results results;
+    const auto note
+        = [&results](const PackageInfoPtr &package, const QSharedPointer<const DependsInfo> &result) {
+              results.insert(package, result);
+          };
+    DependsCheck(DependsLocal, candidates, nullptr).run(packages, note, stopped);
+    return results;
+}
+
+/** The package that meets the dependency, according to a check among the candidates; null when none does. */
+PackageInfoPtr meeting(const Dependency &dependency, PackageType type, const LocalCandidates &candidates)
+{
+    const FoundVersion found = dependency.foundVersions.value(LocalCandidates::label());
+    if (found.status == DependSuccess) {
+        for (const PackageInfoPtr &package :
+             candidates.find({dependency.name, dependency.architecture, type}))
+            if (package->version == found.version)
+                return package;
+    }
+    for (const Dependency &provider : dependency.providers)
+        if (provider.status == DependSuccess)
+            return meeting(provider, type, candidates);
+    return {};
+}
+} // namespace
+
 QList<PackageInfoPtr> localDependencies(const QList<PackageInfoPtr> &packages, const LocalCandidates &local)
 {
     DependsParser parser;
@@ -53,4 +87,44 @@ QVector<UnmetEntry> unmetEntries(const QList<PackageInfoPtr> &packages, const St
         unmet.append({it.key(), names});
     }
     return unmet;
+}
+
+QList<PackageInfoPtr> missingDependencies(const QList<PackageInfoPtr> &packages,
+                                          const QList<PackageInfoPtr> &present,
+                                          const QList<PackageInfoPtr> &offered,
+                                          const StopRequest &stopped)
+{
+    LocalCandidates source(offered);
+    QList<PackageInfoPtr> missing;
+    QSet<PackageInfoPtr> known(packages.cbegin(), packages.cend());
+    for (QList<PackageInfoPtr> open = packages; !open.isEmpty() && !(stopped && stopped());) {
+        LocalCandidates target(present + packages + missing);
+        const Results inTarget = resultsAmong(&target, open, stopped);
+        const Results inSource = resultsAmong(&source, open, stopped);
+        const QList<PackageInfoPtr> asked = open;
+        open.clear();
+        for (const PackageInfoPtr &package : asked) {
+            const auto unmet = inTarget.value(package);
+            const auto offers = inSource.value(package);
+            if (!unmet || !offers)
+                continue;
+            // The same entries of the same package, in the same order.
+            for (int i = 0; i < unmet->groups.size(); ++i) {
+                if (unmet->groups.at(i).status == DependSuccess || i >= offers->groups.size())
+                    continue;
+                for (const Dependency &alternative : offers->groups.at(i).alternatives) {
+                    if (alternative.status != DependSuccess)
+                        continue;
+                    const PackageInfoPtr found = meeting(alternative, package->type, source);
+                    if (found && !known.contains(found)) {
+                        known.insert(found);
+                        open.append(found);
+                    }
+                    break;
+                }
+            }
+        }
+        missing += open;
+    }
+    return missing;
 }

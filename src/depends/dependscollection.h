@@ -19,3 +19,12 @@ struct UnmetEntry
 
 /** The dependencies that none of these packages meets or provides, sorted. After a stop the result is empty. */
 QVector<UnmetEntry> unmetEntries(const QList<PackageInfoPtr> &packages, const StopRequest &stopped = {});
+
+/**
+ * The packages among `offered` that must be added to `present`, beside `packages` themselves, to meet what these depend
+ * on, and what those need in turn; each once. What nobody has is skipped, and so is all the rest after a stop.
+ */
+QList<PackageInfoPtr> missingDependencies(const QList<PackageInfoPtr> &packages,
+                                          const QList<PackageInfoPtr> &present,
+                                          const QList<PackageInfoPtr> &offered,
+                                          const StopRequest &stopped);

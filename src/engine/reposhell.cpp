@@ -32,6 +32,7 @@ RepoShell::RepoShell(QObject *parent)
     qRegisterMetaType<RepoEnums::ErrorType>();
     qRegisterMetaType<RepoEnums::ErrorCause>();
     qRegisterMetaType<RepoEnums::JobId>();
+    qRegisterMetaType<ChangePreview>();
     StoredResults::Listener listener;
     listener.merged = [this](const QList<PackageInfoPtr> &packages) { m_context->packages.assign(packages); };
     listener.checkRead = [this](const CompleteCheckRecord &record) {
@@ -64,6 +65,7 @@ RepoShell::~RepoShell()
     setClosing();
     m_future.waitForFinished();
     m_comparison.waitForFinished();
+    m_historyReading.waitForFinished();
     // Its thread reaches nothing else of the engine from now on.
     m_storedResults.reset();
 }
@@ -255,6 +257,7 @@ void RepoShell::startJob(std::function<int()> job)
         m_context->gate.forget();
         const int result = job();
         compareCompleteCheck();
+        readHistory();
         m_context->gate.forget();
         m_context->lock.release();
         // finished() comes from inside the job; only a call posted by the very end says that the thread is free.

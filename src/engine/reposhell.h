@@ -10,21 +10,27 @@
 #include "engine/control/collidingfile.h"
 #include "engine/control/jobsignals.h"
 #include "engine/control/question.h"
+#include "engine/history/repositoryhistory.h"
 #include "engine/installability/checkscope.h"
+#include "engine/preview/changepreview.h"
 #include "engine/upgrade/upgraderules.h"
 #include "installability/completecheckrecord.h"
 #include "server/reposerver.h"
 
 #include <QFuture>
+#include <QMutex>
 #include <QStringList>
 
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
 
 class CompleteCheckState;
+struct CopySource;
 class HelperClient;
 struct JobContext;
+struct PreviewRequest;
 class RepoServers;
 class ScratchFolder;
 class StoredResults;
@@ -64,6 +70,16 @@ public:
                     bool carriesPackages = false);
     void addPackages(const QStringList &files, const AddOptions &options = {});
     void removePackages(const QList<PackageInfoPtr> &packages);
+    /**
+     * Adds packages of another repository, with what is known of their signatures. Collisions are those of adding. Of
+     * the options only the component counts. A source that is this repository and moves gives its packages another
+     * component, in one job.
+     */
+    void copyPackages(const CopySource &source, const AddOptions &options = {});
+    /**
+     * Ends a move: removes those of the packages that the repository in the directory `target` has now, byte for byte.
+     */
+    void removeMoved(const QList<PackageInfoPtr> &packages, const QString &target);
     /**
      * Puts signed copies of the packages' files into their places. `keyId` is a key's fingerprint or its last 16 or 8
      * digits. A file that several architectures share is signed for all of them.
@@ -107,6 +123,21 @@ public:
     /** Replaces the packages with the versions that prepareUpgrade() has found. Without packages it says so. */
     void upgradeRepo(const QVector<UpgradablePackage> &packages, const AddOptions &options = {});
 
+    // --- preview: see before -----------------------------------------------------------------------------------------
+
+    /**
+     * Finds out what a job would do, without touching the repository. previewReady() comes with the rows, and once more
+     * with the effect, unless the job was stopped between.
+     */
+    void preview(const PreviewRequest &request);
+    /** Finds out the effect of a preview anew, of which rows were switched; previewReady() tells it. */
+    void updatePreview(const ChangePreview &preview);
+    /**
+     * Runs the job that the preview was made of, which does what the rows say and asks about no collision. When the
+     * repository or a file has changed since, nothing is done, and previewOutdated() comes before finished().
+     */
+    void apply(const ChangePreview &preview);
+
     // --- creating and closing --------------------------------------------------------------------------------------
 
     /**
@@ -120,6 +151,15 @@ public:
     void closeRepo();
     /** Closes a repository that is about to be deleted, and deletes the stored results of its packages. */
     void closeAndForgetRepo();
+
+    // --- history: jobs, which return at once ----------------------------------------------------------------------
+
+    /** Makes the repository what it was before this point, as a job that can be undone itself. */
+    void goBack(int point);
+    /** Adds the package again that the point has removed or replaced, with the version from before. */
+    void bringBack(int point, const PackageChange &change);
+    /** Deletes the oldest points that are more than the limits allow. */
+    void pruneHistory();
 
     // --- what is open: callable from any thread --------------------------------------------------------------------
 
@@ -150,6 +190,9 @@ public:
     QVector<UpgradablePackage> upgradablePackages() const;
     /** Absolute path of the package's file in the pool as reprepro knows it. Runs reprepro: not for the interface. */
     QString packageFilePath(const QString &name, const QString &component, const QString &architecture);
+
+    /** The history as it was read last, see watchHistory(). A cheap copy. */
+    RepositoryHistory history() const;
 
     /** The line with which apt on a client uses the open repository; see SourceLine for the arguments. */
     QString
@@ -204,6 +247,8 @@ public:
 
     // --- what jobs use ---------------------------------------------------------------------------------------------
 
+    /** Whether opening a repository leaves every byte of it, unless it has to be repaired: for previews alone. */
+    void setOnlyLooking(bool isOnlyLooking);
     /** Whether packages that are added get their dependencies checked within the same job. */
     void setCheckDependsOnAdd(bool check);
     /** Where dependencies are looked for, see DependsRepoType; with DependsNowhere nothing is checked. */
@@ -212,6 +257,12 @@ public:
     void setExternalRepos(const ExternalRepos &repos);
     /** Directories of the repositories that are open elsewhere; creating or moving never wipes one of them. */
     void setOpenRepositories(const QStringList &paths);
+
+    /** How much of a history the next jobs keep. */
+    void setHistoryLimits(const HistoryLimits &limits);
+    HistoryLimits historyLimits() const;
+    /** Reads the history now and after each job, aside; historyChanged() tells. Without this nothing is read. */
+    void watchHistory();
 
     /** Output and error output of the last reprepro run; only meaningful between jobs. */
     QString lastOutput() const;
@@ -232,6 +283,11 @@ Q_SIGNALS:
     void idle();
     /** completeCheck() is another one, or its results have become stale. */
     void completeCheckChanged();
+    /** history() is another one. */
+    void historyChanged();
+    void previewReady(const ChangePreview &preview);
+    /** apply() has done nothing: the preview must be made anew. */
+    void previewOutdated();
     /** createRepoAside() has ended with this result. */
     void repoCreated(int result);
 
@@ -242,6 +298,10 @@ private:
     std::unique_ptr<CompleteCheckState> m_completeCheck;
     QFuture<int> m_future;
     QFuture<void> m_comparison; ///< of compareBase()
+    QFuture<void> m_historyReading; ///< of watchHistory()
+    mutable QMutex m_historyMutex; ///< guards the member below
+    RepositoryHistory m_history;
+    std::atomic<bool> m_watchesHistory{false};
     int m_runningJobs = 0; ///< of the interface thread alone
     std::unique_ptr<ScratchFolder> m_tempDir; ///< what an import has unpacked
     std::unique_ptr<HelperClient> m_helper;
@@ -253,4 +313,6 @@ private:
     /** Compares the base of the check, where that is open; true when its results became stale, or hold again. */
     bool compareOpenBase();
     void jobEnded();
+    /** Reads the history where it is watched. For any thread but the interface's. */
+    void readHistory();
 };

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The engine's jobs: who may start one, and what it is given.
 #include "engine/changes/jobcontext.h"
+#include "engine/copying/copyjob.h"
+#include "engine/copying/leavejob.h"
 #include "engine/installability/completecheckjob.h"
 #include "engine/installability/completecheckstate.h"
 #include "engine/jobs/addjob.h"
@@ -99,6 +101,18 @@ void RepoShell::removePackages(const QList<PackageInfoPtr> &packages)
 {
     if (!packages.isEmpty() && !path().isEmpty())
         startJob([this, packages] { return RemoveJob(*m_context).run(packages); });
+}
+
+void RepoShell::copyPackages(const CopySource &source, const AddOptions &options)
+{
+    if (!source.packages.isEmpty() && !path().isEmpty())
+        startJob([this, source, options] { return CopyJob(*m_context).run(source, options); });
+}
+
+void RepoShell::removeMoved(const QList<PackageInfoPtr> &packages, const QString &target)
+{
+    if (!packages.isEmpty() && !path().isEmpty())
+        startJob([this, packages, target] { return LeaveJob(*m_context).run(packages, target); });
 }
 
 void RepoShell::signPackages(const QList<PackageInfoPtr> &packages, const QString &keyId)

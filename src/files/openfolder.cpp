@@ -17,6 +17,8 @@ constexpr int FolderFlags = O_RDONLY | O_DIRECTORY | O_NONBLOCK | O_CLOEXEC;
 /** Opening does not wait for the other end of a pipe, and does not make a terminal our controlling terminal. */
 constexpr int FileFlags = O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC;
 
+constexpr qint64 SmallestPart = 4096; // bytes
+
 int flagOf(OpenFolder::Links links)
 {
     return links == OpenFolder::Follow ? 0 : O_NOFOLLOW;
@@ -26,13 +28,20 @@ std::optional<OpenFolder::File> readOpened(const Descriptor &descriptor, qint64 
 {
     OpenFolder::File result;
     if (!descriptor.isOpen() || ::fstat(descriptor.number(), &result.status) != 0
-        || !S_ISREG(result.status.st_mode))
+        || !S_ISREG(result.status.st_mode) || result.status.st_size > limit)
         return std::nullopt;
     QFile file;
     if (!file.open(descriptor.number(), QIODevice::ReadOnly | QIODevice::Unbuffered))
         return std::nullopt;
-    // The file may have grown since fstat().
-    result.contents = file.read(limit + 1);
+    // QIODevice::read() allocates all that it may read, and the limits are far above the usual sizes. The size is 0 for
+    // files of the kernel, and the file may have grown since fstat().
+    const qint64 expected = std::max<qint64>(result.status.st_size + 1, SmallestPart);
+    while (result.contents.size() <= limit) {
+        const QByteArray part = file.read(std::min(expected, limit + 1 - result.contents.size()));
+        if (part.isEmpty())
+            break;
+        result.contents += part;
+    }
     if (result.contents.size() > limit || file.error() != QFileDevice::NoError)
         return std::nullopt;
     return result;

@@ -32,6 +32,8 @@ public:
     explicit OpenFolder(const QString &path);
 
     bool isOpen() const { return m_descriptor.isOpen(); }
+    /** For calls of the system; open for reading, and closed with this object. */
+    int descriptor() const { return m_descriptor.number(); }
     /** The folder `name` in this folder; not open when there is no such folder. */
     OpenFolder folder(const QByteArray &name, Links links = FollowNone) const;
     /** Status of the folder itself, or of one entry. A link is not followed. Nothing on failure. */

@@ -2,6 +2,7 @@
 #include "files/trustedpath.h"
 
 #include <QByteArrayList>
+#include <QFile>
 
 #include <array>
 #include <cerrno>
@@ -58,6 +59,14 @@ Descriptor walk(int folder, const QByteArray &path, int *linksLeft)
     return current;
 }
 } // namespace
+
+std::optional<FileId> FileId::of(const QString &path)
+{
+    struct stat status = {};
+    if (::lstat(QFile::encodeName(path).constData(), &status) != 0)
+        return std::nullopt;
+    return FileId{status.st_dev, status.st_ino};
+}
 
 Descriptor TrustedPath::open(int folder, const QByteArray &path)
 {

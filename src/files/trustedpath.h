@@ -4,6 +4,9 @@
 #include "files/descriptor.h"
 
 #include <QByteArray>
+#include <QString>
+
+#include <optional>
 
 #include <sys/types.h>
 
@@ -12,6 +15,9 @@ struct FileId
 {
     dev_t device = 0;
     ino_t number = 0;
+
+    /** Of what has this path; a link is not followed. Nothing when there is nothing. */
+    static std::optional<FileId> of(const QString &path);
 
     bool operator==(const FileId &other) const { return device == other.device && number == other.number; }
     bool operator!=(const FileId &other) const { return !(*this == other); }

@@ -20,6 +20,8 @@ public:
      * Incomplete after a stop.
      */
     QVector<int> lostWithout(const QVector<int> &gone, const StopRequest &stopped = {}) const;
+    /** The checked packages that need one of these, directly or over others, by rising index; without these. */
+    QVector<int> possibleUsers(const QVector<int> &packages) const;
 
 private:
     const Universe &m_universe;
@@ -27,5 +29,4 @@ private:
 
     /** The checked packages but these. */
     QVector<int> checkedPackages(const QVector<int> &others) const;
-    QVector<int> possibleUsers(const QVector<int> &packages) const;
 };

@@ -27,6 +27,8 @@ KeyListing KeyListing::judge(const QStringList &keys, const QVector<SigningKey> 
         const SigningKey key = SigningKey::find(known, text.mid(bracket + 1, text.size() - bracket - 2));
         const QString obstacle = key.obstacle();
         const QString warning = key.warning(now);
+        if (!key.fingerprint.isEmpty())
+            listing.fingerprints.insert(text, key.fingerprint);
         if (!obstacle.isEmpty())
             listing.unusable.insert(text, obstacle);
         if (!warning.isEmpty())

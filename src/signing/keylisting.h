@@ -19,6 +19,7 @@ struct KeyListing
     using Receiver = std::function<void(const KeyListing &listing)>;
 
     QStringList keys; ///< "user id [short id]", in the order of the key store
+    QHash<QString, QString> fingerprints; ///< of the keys that are in the key ring with their secret part
     QHash<QString, QString> unusable; ///< for each key that cannot sign, the reason
     QHash<QString, QString> warnings; ///< for usable keys that expire soon, a warning
 

@@ -92,6 +92,8 @@ private Q_SLOTS:
         const QString typed = QString(repository).replace(u' ', "\\ "_s);
         QCOMPARE(completed({"remove"_s, typed, "fizz"_s}), QStringList({"fizz"_s, "fizz-data"_s}));
         QCOMPARE(completed({"remove"_s, folder.path(), "fizz"_s}), QStringList());
+        QCOMPARE(completed({"copy"_s, typed, folder.path(), "fizz"_s}),
+                 QStringList({"fizz"_s, "fizz-data"_s}));
         QVERIFY(completed({"publish"_s, repository, "--"_s}).contains("--http"_s));
     }
 };

@@ -100,6 +100,33 @@ private Q_SLOTS:
         }
         QVERIFY(updates() >= 3);
     }
+
+    void listsOfAFolderServeUntilItChanges()
+    {
+        VELT_NEED_TOOL("apt-config");
+        const QTemporaryDir folder;
+        const QString log = folder.filePath("runs"_s);
+        writeScript(folder.filePath("bin/apt-get"_s),
+                    "#!/bin/sh\necho \"$*\" >>" + log.toLocal8Bit() + "\necho x\n");
+        const ScopedVariable behind("PATH", ScopedVariable::pathBehind(folder.filePath("bin"_s)));
+        const QString release = folder.filePath("dists/x/InRelease"_s);
+        for (const char *form : {"[trusted=yes] file:%1 x main", "copy://%1/ x main", "file:%1 dists/x/"}) {
+            PrivateApt apt({QString::fromLatin1(form).arg(folder.path()), "http://h x main"_s}, {"amd64"_s});
+            const auto updates = [&] {
+                QFile::remove(log);
+                const auto outcome = apt.fetch({}, {});
+                return outcome.usable ? readFile(log).count("update") : -1;
+            };
+            QFile::remove(release);
+            QVERIFY(updates() == 1 && updates() == 1);
+            writeFile(release, "a");
+            QVERIFY(updates() == 1 && updates() == 0);
+            const QByteArray lists = apt.fetch({}, {}).lists;
+            QCOMPARE(apt.fetch({}, {}).lists, lists);
+            writeFile(release, "b");
+            QVERIFY(updates() == 1 && updates() == 0 && apt.fetch({}, {}).lists != lists);
+        }
+    }
 };
 
 VELT_TEST_MAIN(TestPrivateApt, QCoreApplication)

@@ -72,6 +72,93 @@ private Q_SLOTS:
         QVERIFY(h.holds("option 1.0 amd64,plain 1.0 amd64"_s));
     }
 
+    /** What --dry-run prints is what the command then does; it changes no byte itself. */
+    void dryRunsTellAndChangeNothing()
+    {
+        CliHarness h;
+        h.create();
+        const QString old = h.deb("foo", "1.0");
+        const QString newer = h.deb("foo", "2.0");
+        const QString other = h.deb("bar");
+        const QString torn = h.at("torn.deb"_s);
+        writeFile(torn, "torn");
+        QCOMPARE(h.json("add", {old}).code, 0);
+        // "exit code: package-action" of each row, with + when it is on, and whether anything has changed on the disk.
+        const auto dry = [&h](const char *command, const QStringList &words) -> QString {
+            const QByteArray before = treeOf(h.repo());
+            const CliResult result = h.json(command, QStringList{"--dry-run"_s} + words);
+            QString text = QString::number(result.code) + u':';
+            const QJsonArray rows = result.json()["rows"_s].toArray();
+            for (const QJsonValue &row : rows)
+                text += u' ' + row["package"_s].toString() + u'-' + row["action"_s].toString()
+                        + (row["selected"_s].toBool() ? "+"_s : QString());
+            return text + (treeOf(h.repo()) == before ? QString() : " CHANGED"_s) + result.errorCodes();
+        };
+        QCOMPARE(dry("add", {other}), "0: bar-add+"_s);
+        QCOMPARE(dry("add", {other, newer, torn}), "1: bar-add+ foo-replace torn.deb-refuse"_s);
+        QCOMPARE(dry("add", {newer}), "3: foo-replace"_s);
+        QCOMPARE(dry("add", {"--on-collision"_s, "newer"_s, newer}), "0: foo-replace+"_s);
+        QCOMPARE(dry("add", {"--on-collision"_s, "older"_s, newer}), "0: foo-replace"_s);
+        QCOMPARE(dry("import", {QFileInfo(newer).path(), "--on-collision"_s, "all"_s}), "0: foo-replace+"_s);
+        QCOMPARE(dry("remove", {"foo"_s, "nothing"_s}), "1: foo-remove+unknown"_s);
+        QCOMPARE(dry("change", {"label=New"_s}), "0:"_s);
+        QCOMPARE(dry("change", {"codename=elm"_s, "--without-packages"_s}), "0: foo-remove+"_s);
+        const CliResult change = h.run({"change"_s, h.repo(), "label=New"_s, "--dry-run"_s});
+        QVERIFY2(change.code == 0 && change.output.contains("apt-get update --allow-releaseinfo-change"),
+                 change.output.constData());
+        // What would be older for clients is a finding.
+        QCOMPARE(h.json("add", {"--on-collision"_s, "newer"_s, newer}).code, 0);
+        QCOMPARE(dry("add", {"--on-collision"_s, "all"_s, old}), "1: foo-replace+"_s);
+        QVERIFY(h.holds("foo 2.0 amd64"_s));
+    }
+
+    void copiedAndMoved()
+    {
+        CliHarness from;
+        CliHarness to;
+        from.create("--architectures|amd64,i386"_list);
+        to.create("--architectures|amd64,i386"_list);
+        const QStringList files{from.deb(DebBuilder("app"_s).field("Depends"_s, "lib"_s)),
+                                from.deb("lib"),
+                                from.deb(DebBuilder("both"_s).architecture("all"_s))};
+        QCOMPARE(from.json("add", files).code, 0);
+        const QByteArray before = treeOf(from.repo()) + treeOf(to.repo());
+        const CliResult dry = from.json("copy", {to.repo(), "app"_s, "--with-depends"_s, "--dry-run"_s});
+        QVERIFY2(dry.code == 0, dry.said());
+        QCOMPARE(dry.json()["rows"_s].toArray().size(), 2);
+        QCOMPARE(treeOf(from.repo()) + treeOf(to.repo()), before);
+
+        const CliResult copied = from.json("copy", {to.repo(), "app"_s, "--with-depends"_s});
+        QVERIFY2(copied.code == 0, copied.said());
+        QCOMPARE(listed(copied.json()["added"_s]), "app 1.0 amd64,lib 1.0 amd64"_s);
+        QVERIFY(to.holds("app 1.0 amd64,lib 1.0 amd64"_s));
+        // What is there already is no collision, another version is.
+        QCOMPARE(from.json("copy", {to.repo(), "app"_s}).code, 0);
+        QCOMPARE(from.json("copy", {to.repo(), "app"_s, "--dry-run"_s}).code, 0);
+        QCOMPARE(from.json("add", {"--on-collision"_s, "newer"_s, from.deb("app", "2.0")}).code, 0);
+        const CliResult refused = from.json("copy", {to.repo(), "app"_s, "--move"_s});
+        QVERIFY2(refused.code == 3 && refused.errorCodes() == "refused warning"_s, refused.said());
+        const CliResult moved = from.json(
+            "copy", {to.repo(), "app=2.0"_s, "both"_s, "none"_s, "--move"_s, "--on-collision"_s, "newer"_s});
+        QVERIFY2(moved.code == 1 && moved.errorCodes() == "unknown"_s, moved.said());
+        QCOMPARE(listed(moved.json()["replaced"_s]), "app 2.0 amd64"_s);
+        QCOMPARE(listed(moved.json()["moved"_s]), "app 2.0 amd64,both 1.0 amd64,both 1.0 i386"_s);
+        QVERIFY(from.holds("lib 1.0 amd64"_s));
+        QVERIFY(to.holds("app 2.0 amd64,both 1.0 amd64,both 1.0 i386,lib 1.0 amd64"_s));
+
+        // Within one repository it is a job of one restore point.
+        QCOMPARE(to.json("copy", {to.repo(), "lib"_s}).code, 2);
+        QCOMPARE(
+            to.json("copy", {to.repo(), "lib"_s, "both"_s, "--move"_s, "--component"_s, "contrib"_s}).code,
+            0);
+        QCOMPARE(
+            to.reprepro({"-C"_s, "contrib"_s, "--list-format"_s, "${package} "_s, "list"_s, "dogwood"_s}),
+            "both lib both "_s);
+        QVERIFY(to.holds("app 2.0 amd64,both 1.0 amd64,both 1.0 i386,lib 1.0 amd64"_s));
+        QCOMPARE(to.json("undo", {"--yes"_s}).code, 0);
+        QCOMPARE(to.json("copy", {to.repo(), "lib"_s, "--component"_s, "main"_s}).errorCodes(), "nothing"_s);
+    }
+
     void whatIsThereAlready()
     {
         CliHarness h;

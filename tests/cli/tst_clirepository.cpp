@@ -37,7 +37,8 @@ private Q_SLOTS:
     void made()
     {
         CliHarness h;
-        h.create("--architectures|amd64,i386|--origin|Us: all|--label|Our own|--version|1.6"_list);
+        h.create(
+            "--architectures|amd64,i386|--origin|Us: all|--label|Our own|--version|1.6|--description|Of ours|--contents|.xz,udebs|--valid-for|2m"_list);
         QVERIFY(h.holds(QString()));
         const QJsonObject shown = h.json("show", {}).json();
         QCOMPARE(shown["path"_s].toString(), h.repo());
@@ -45,10 +46,13 @@ private Q_SLOTS:
                                            {"suite", "stable"},
                                            {"version", "1.6"},
                                            {"origin", "Us: all"},
-                                           {"label", "Our own"}})
+                                           {"label", "Our own"},
+                                           {"description", "Of ours"}})
             QCOMPARE(shown[QLatin1String(field)].toString(), QLatin1String(value));
         QCOMPARE(shown["components"_s].toArray(), QJsonArray({"main"_s, "contrib"_s}));
         QCOMPARE(shown["signed"_s], QJsonValue(false));
+        QCOMPARE(shown["contents"_s].toArray(), QJsonArray({".xz"_s, "udebs"_s}));
+        QCOMPARE(shown["validFor"_s].toInt(), 62);
         QCOMPARE(shown["packages"_s].toObject().keys(), "amd64|i386"_list);
         const QByteArray release = readFile(h.repo() + "/dists/dogwood/Release"_s);
         QVERIFY(release.contains("Origin: Us: all\n") && release.contains("Label: Our own\n"));
@@ -63,6 +67,8 @@ private Q_SLOTS:
                                        whole + "--suite|stable\n"_list,
                                        whole + "--version|1\nLog: x\n ./x.sh"_list,
                                        whole + "--label|mine # or not"_list,
+                                       whole + "--sign-key|!x"_list,
+                                       whole + "--contents|.gz,x"_list,
                                        whole + "--origin|"_list}) {
             const CliResult refused = h.run(bad + "--json"_list);
             QCOMPARE(refused.code, 2);
@@ -138,6 +144,9 @@ private Q_SLOTS:
                                        "sign=perhaps"_list,
                                        "label=a\nb"_list,
                                        "version=1#2"_list,
+                                       "description=!x"_list,
+                                       "sign-key="_list,
+                                       "valid-for=soon"_list,
                                        "path="_list,
                                        "architectures=all"_list,
                                        "components=a/b"_list}) {
@@ -152,8 +161,13 @@ private Q_SLOTS:
         QCOMPARE(readFile(conf), before);
         QVERIFY(h.holds(all));
 
-        const CliResult described = h.json("change", {"suite=testing"_s, "label=Ours"_s, "origin=Us"_s});
+        writeFile(conf, before + "SignWith: default\nNotAutomatic: yes\n");
+        QVERIFY2(h.json("change", {"sign=no"_s}).code == 3, "a line that goes is told");
+        writeFile(conf, before + "NotAutomatic: yes\n");
+        const CliResult described
+            = h.json("change", {"suite=testing"_s, "label=Ours"_s, "origin=Us"_s, "contents=yes"_s});
         QVERIFY2(described.code == 0, described.said());
+        QCOMPARE(h.json("show", {}).json()["otherLines"_s].toArray(), QJsonArray({"NotAutomatic: yes"_s}));
         QCOMPARE(described.json()["codename"_s].toString(), "dogwood"_s);
         QVERIFY(readFile(h.repo() + "/dists/dogwood/Release"_s).contains("Label: Ours\nSuite: testing\n"));
         // The packages go along to a new name, and so do the fields that were not given.

@@ -35,6 +35,17 @@ private Q_SLOTS:
         DebBuilder("bottom"_s).architecture("all"_s).build(pool);
         const LocalApt apt(h.folder.path(), {"source"_s});
 
+        const auto dryRun = [&h](const char *command, const QStringList &words) {
+            const QByteArray before = treeOf(h.repo());
+            const CliResult result = h.json(command, QStringList{"--dry-run"_s} + words);
+            QString text = QString::number(result.code);
+            for (const QJsonValue &row : result.json()["rows"_s].toArray())
+                text += u' ' + row["package"_s].toString() + u'-' + row["architecture"_s].toString() + u'-'
+                        + row["after"_s]["version"_s].toString();
+            return treeOf(h.repo()) == before ? text : "changed"_s;
+        };
+        QCOMPARE(dryRun("fetch", {"top=1.0"_s, "none"_s, "bottom"_s}),
+                 "1 top-amd64-1.0 bottom-amd64-1.0 bottom-i386-1.0"_s);
         const CliResult plain = h.json("fetch", {"top=1.0"_s, "none"_s, "top=9"_s});
         QVERIFY2(plain.code == 1 && plain.errorCodes() == "unknown unknown"_s, plain.said());
         QCOMPARE(listed(plain.json()["added"_s]), "top 1.0 amd64"_s);
@@ -76,6 +87,7 @@ private Q_SLOTS:
         writeFile(h.at("source/dists/dogwood/main/binary-i386/Packages"_s), {});
         writeFile(h.at("etc/apt.conf.d/unsigned"_s),
                   "Acquire::AllowInsecureRepositories \"true\";\nAPT::Get::AllowUnauthenticated \"true\";\n");
+        QCOMPARE(dryRun("upgrade", {}), "0 top-amd64-2.0"_s);
         const CliResult upgraded = h.json("upgrade", {});
         QVERIFY2(upgraded.code == 0, upgraded.said());
         QCOMPARE(listed(upgraded.json()["replaced"_s]), "top 2.0 amd64"_s);

@@ -86,10 +86,11 @@ private Q_SLOTS:
             QCOMPARE(box(preparation), QString());
             int time = QRandomGenerator::global()->bounded(1500);
             const QString told = callAndKill(publish, time);
-            const bool isPublished = told == "b true"_s;
-            QVERIFY2(m_system.state() == (isPublished ? published : before),
-                     qPrintable("published, killed after %1 ms\n"_s.arg(time) + m_system.state()));
-            if (!isPublished)
+            // The helper can be killed when all is done and only the answer is missing.
+            const QString state = m_system.state();
+            QVERIFY2(state == published || (state == before && told != "b true"_s),
+                     qPrintable("published, killed after %1 ms\n"_s.arg(time) + state));
+            if (state != published)
                 QCOMPARE(call(publish), "b true"_s);
             time = QRandomGenerator::global()->bounded(400);
             callAndKill(unpublish, time);

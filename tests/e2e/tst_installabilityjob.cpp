@@ -62,13 +62,17 @@ private Q_SLOTS:
         QCOMPARE(sign("plug_1"), int(Installable));
 
         // The packages that the reason of clash names break others.
-        auto *filter = child<QMenu>(m_driver->window(), "m_packetFilterMenu");
-        filter->actions().last()->trigger();
+        const QList<QAction *> filters = child<QMenu>(m_driver->window(), "m_packetFilterMenu")->actions();
+        const auto breakers = std::find_if(filters.cbegin(), filters.cend(), [](const QAction *filter) {
+            return filter->text().remove(u'&') == "Only packages that break others"_s;
+        });
+        QVERIFY(breakers != filters.cend());
+        (*breakers)->trigger();
         WAIT_FOR(!find(*tree()->model(), "app_1").isValid());
         QVERIFY(find(*tree()->model(), "foe_1").isValid() && find(*tree()->model(), "plug_1").isValid());
         // A link leads to a package that the filter hides.
         m_driver->select("foe_1");
-        filter->actions().last()->trigger();
+        (*breakers)->trigger();
         m_driver->select("clash_1");
         WAIT_FOR(
             facts().contains("clash needs plug and foe\nfoe conflicts with plug (<< 2), and plug is 1"_s));
@@ -97,11 +101,24 @@ private Q_SLOTS:
 
     void questionBeforeRemoving()
     {
+        const auto setPreview = [&](PreviewWhen when) {
+            child<QMenu>(m_driver->window(), "m_previewMenu")->actions().at(when)->trigger();
+        };
         m_driver->select("lib_2.0");
+        // What others need is shown in the preview, which takes the place of the question.
+        const Script look{inDialog<QDialog>("Preview"_s, [](const QDialog &dialog) {
+            const auto *effect = child<QTreeWidget>(dialog, "m_effectTree");
+            const QString lost = "2 package(s) could no longer be installed"_s;
+            return !effect->findItems(lost, Qt::MatchExactly).isEmpty() && press(dialog, "Cancel"_s);
+        })};
+        action("m_removePackagesAction")->trigger();
+        WAIT_FOR(look.isDone() && m_driver->isIdle() && m_driver->packageCount() == 5);
+        setPreview(PreviewNever);
         const Script confirm{
             answer("Remove confirmation"_s, "No"_s, "2 package(s) could no longer be installed"_s)};
         action("m_removePackagesAction")->trigger();
         WAIT_FOR(confirm.isDone() && m_driver->isIdle());
+        setPreview(PreviewWhenBreaking);
         // A change makes the results old.
         m_driver->select("foe_1");
         const Script agree{answer("Remove confirmation"_s, "Yes"_s)};

@@ -85,9 +85,9 @@ private Q_SLOTS:
 
     void servesManyAtOnceOverHttp()
     {
-        QCOMPARE(box(R"(for i in {1..300}; do
-                    curl -s -o /dev/null -w '%{http_code}\n' http://127.0.0.1:8080/pool/main/f/fizz/fizz_1.0_amd64.deb &
-                done | sort | uniq -c | xargs)"_s),
+        // Half of what one address may have at the same time.
+        QCOMPARE(box(R"(seq 300 | xargs -P 50 -I {} curl -s -o /dev/null -w '%{http_code}\n' \
+                    http://127.0.0.1:8080/pool/main/f/fizz/fizz_1.0_amd64.deb | sort | uniq -c | xargs)"_s),
                  "300 200"_s);
     }
 

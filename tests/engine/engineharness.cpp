@@ -101,7 +101,10 @@ bool EngineHarness::settled() const
     QDirIterator files(shell.path() + "/pool"_s, QDir::Files, QDirIterator::Subdirectories);
     while (files.hasNext())
         pool.insert(files.next());
-    const QStringList kept = QDir(shell.path()).entryList({".replaced-*"_s}, QDir::Dirs | QDir::Hidden);
+    QStringList ofJob;
+    for (const auto *name : {"before", "copying", "put-back", "kept", "link"})
+        ofJob.append("velt-admin-repo."_s + QLatin1String(name));
+    const QStringList kept = QDir(shell.path() + "/db"_s).entryList(ofJob, QDir::AllEntries);
     const QStringList records = listed();
     // What its own jobs have done is no change of another program.
     const auto listing = readListing(shell.path(), shell.repoInfo());

@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The program that the fault tests kill. It runs one job of the engine on a repository, or saves settings in an endless
-// loop. It prints "begun" when the job begins, and "done" when it has ended.
+// The program that the fault tests kill. It runs one job of the engine on a repository, opens one as after a fault, or
+// saves settings in an endless loop. It prints "begun" when the job begins, and "done" when it has ended.
+#include "engine/history/repositoryhistory.h"
 #include "engine/reposhell.h"
+#include "faultboard.h"
 #include "files/settingsformat.h"
 #include "savedstate.h"
-#include "support/fulldisk.h"
 #include "support/testapplication.h"
 
 #include <QTextStream>
 
 #include <cstdio>
-#include <optional>
 #include <utility>
+
+#include <dlfcn.h>
 
 namespace
 {
@@ -21,19 +23,17 @@ void say(const QString &word)
     std::fflush(stdout);
 }
 
-/** Simulates a full disk from now on, if the environment asks for it. */
-void limitFiles()
+/** From now on the program can be killed, and the disk can be full. */
+void begin()
 {
-    static std::optional<FullDisk> disk;
-    const int size = qEnvironmentVariableIntValue("FAULTS_FILE_SIZE");
-    if (size > 0)
-        disk.emplace(size);
+    say("begun"_s);
+    if (auto *const count = reinterpret_cast<decltype(&beginFaults)>(::dlsym(RTLD_DEFAULT, "beginFaults")))
+        count();
 }
 
 [[noreturn]] void saveForEver(int first)
 {
-    limitFiles();
-    say("begun"_s);
+    begin();
     for (int number = first;; ++number) {
         SavedState::save(number);
         say(QString::number(number));
@@ -59,6 +59,14 @@ std::function<void()> jobOf(RepoShell *shell, const QString &job, const QStringL
             shell->changeRepo(shell->path(), info, {}, true);
         };
     }
+    if (job == "back"_s)
+        return [=] { shell->goBack(arguments.first().toInt()); };
+    if (job == "undo"_s)
+        return [=] { shell->goBack(RepositoryHistory::newestKept(shell->path())); };
+    if (job == "prune"_s)
+        return [=] { shell->pruneHistory(); };
+    if (job == "sign"_s)
+        return [=] { shell->signPackages(shell->packages(), arguments.first()); };
     if (job == "move"_s)
         return [=] { shell->changeRepo(arguments.first(), shell->repoInfo()); };
     if (job != "remove"_s)
@@ -88,7 +96,14 @@ int main(int argc, char *argv[])
 
     RepoShell shell;
     shell.setDependsRepoType(DependsNowhere);
-    const auto agree = [&shell] { shell.setAnswer(true); };
+    HistoryLimits limits;
+    limits.points = qMax(1, qEnvironmentVariable("FAULTS_POINTS", "20"_s).toInt());
+    shell.setHistoryLimits(limits);
+    const bool answer = qEnvironmentVariable("FAULTS_ANSWER") != "no"_s;
+    const auto agree = [&shell, answer](const QString &, const QString &text) {
+        say("question: "_s + text);
+        shell.setAnswer(answer);
+    };
     QObject::connect(&shell, &RepoShell::question, &application, agree, Qt::BlockingQueuedConnection);
     const auto replace = [](RepoEnums::ErrorCode, PackageReplacementRules *rules) {
         rules->value = PackageReplacementRules::ReplaceAll;
@@ -102,15 +117,16 @@ int main(int argc, char *argv[])
         &shell, &RepoShell::critical, &application, [](const QString &text, const QString &more) {
             say("critical: "_s + text + u'|' + more);
         });
-    bool isOpen = false;
+    bool isOpen = job == "open"_s;
+    if (isOpen)
+        begin();
     QObject::connect(&shell, &RepoShell::idle, &application, [&] {
         if (std::exchange(isOpen, true)) {
             say("done"_s);
             QCoreApplication::quit();
             return;
         }
-        limitFiles();
-        say("begun"_s);
+        begin();
         jobOf(&shell, job, words.mid(3))();
     });
     shell.openRepo(words.value(2));

@@ -61,10 +61,10 @@ void Victim::adoptOrphans()
     ::prctl(PR_SET_CHILD_SUBREAPER, 1);
 }
 
-Victim::Victim(const QString &program, const QStringList &arguments, int fileSize, bool says)
+Victim::Victim(const QString &program, const QStringList &arguments, bool says)
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("FAULTS_FILE_SIZE"_s, QString::number(fileSize));
+    environment.insert("LD_PRELOAD"_s, QStringLiteral(FAULT_STEPS));
     m_process.setProcessEnvironment(environment);
     m_process.setProcessChannelMode(QProcess::MergedChannels);
     m_process.start(program, arguments);
@@ -108,18 +108,6 @@ void Victim::kill(bool withChildren)
         ::kill(child.id, SIGKILL);
 }
 
-bool Victim::killChild(const QByteArray &name)
-{
-    while (m_process.state() != QProcess::NotRunning) {
-        const QVector<Process> children = descendants(static_cast<pid_t>(m_process.processId()));
-        for (const Process &child : children)
-            if (child.name == name)
-                return ::kill(child.id, SIGKILL) == 0;
-        m_process.waitForFinished(1);
-    }
-    return false;
-}
-
 void Victim::waitForOrphans()
 {
     const QVector<Process> all = processes();
@@ -135,7 +123,7 @@ void Victim::waitForOrphans()
         left.clear();
         for (const Process &process : processes()) {
             if (process.parent != ::getpid() || process.id == m_process.processId()
-                || process.name == mountName || process.name == "dbus-daemon")
+                || process.name == mountName || process.name == "dbus-daemon" || process.name == "gpg-agent")
                 continue;
             if (::waitpid(process.id, nullptr, WNOHANG) == 0)
                 left += process.name + " in " + readFile("/proc/%1/syscall"_s.arg(process.id)) + ' ';

@@ -15,7 +15,7 @@ public:
     static void adoptOrphans();
 
     /** Starts the program. With `says` it waits until the program prints "begun". */
-    Victim(const QString &program, const QStringList &arguments, int fileSize = 0, bool says = true);
+    Victim(const QString &program, const QStringList &arguments, bool says = true);
     ~Victim();
     Q_DISABLE_COPY(Victim)
 
@@ -25,8 +25,6 @@ public:
      * Kills the program. With `withChildren` it also kills the programs that it has started; otherwise they continue.
      */
     void kill(bool withChildren);
-    /** Kills a child with this name; false when the program ended without such a child. */
-    bool killChild(const QByteArray &name);
     void terminate() { m_process.terminate(); }
     /** Waits until all programs that it has started have ended, except mounts. */
     void waitForOrphans();

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "files/filecopy.h"
 #include "files/settingsformat.h"
 #include "files/wholefile.h"
 #include "support/fulldisk.h"
@@ -69,6 +70,28 @@ private Q_SLOTS:
     }
 
     /** Settings of either format are read as the other one's, whatever the values are. */
+    void copiesAreWhole()
+    {
+        const QTemporaryDir folder;
+        const QString from = folder.filePath("from"_s);
+        const QString to = folder.filePath("to"_s);
+        const auto never = [] { return false; };
+        writeFile(from, noise(3 << 20));
+        writeFile(to, "before");
+        // What is stopped, or has no source, leaves what is there.
+        QCOMPARE(copyFile(from, to, [reads = 0]() mutable { return ++reads > 2; }), QString());
+        QVERIFY(!copyFile(folder.filePath("gone"_s), to, never).isEmpty());
+        QVERIFY(!copyFile("/dev/zero"_s, to, never).isEmpty());
+        QCOMPARE(readFile(to), QByteArray("before"));
+        QCOMPARE(copyFile(from, to, never), QString());
+        QCOMPARE(readFile(to), readFile(from));
+        // A file is not replaced by itself: it would lose its other names.
+        const QString link = folder.filePath("link"_s);
+        QVERIFY(QFile::link(from, link));
+        QVERIFY(!copyFile(from, link, never).isEmpty());
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 3);
+    }
+
     void settingsAreQtsOwn()
     {
         const QString ours = filePath("ours.conf");

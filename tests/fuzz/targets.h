@@ -10,12 +10,12 @@
  * output of apt and apt-cache, sources of users and files, a Depends field, two versions, the stored results of
  * dependency checks, a tar archive, a package file, its control files, the data written to a compressed archive, source
  * lines and their file, output of gpg, requests to the helper and the servers' files, messages from another instance,
- * the stored results of complete checks.
+ * the stored results of complete checks, the record of a restore point.
  */
 // clang-format off
 #define FUZZ_TARGETS(X) X(packages) X(control) X(distributions) X(reprepro) X(apt) X(externalrepos) \
     X(depends) X(versions) X(results) X(archive) X(deb) X(debcontrol) X(gzip) X(sources) X(signing) X(publication) \
-    X(instance) X(checks)
+    X(instance) X(checks) X(history)
 // clang-format on
 
 namespace FuzzTarget

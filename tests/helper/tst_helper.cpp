@@ -31,8 +31,12 @@ const QString line = QStringLiteral("deb http://10.0.0.1:8000/ dog main");
 
 QDBusConnection connectTo(const char *name)
 {
-    return QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS"),
-                                         QString::fromLatin1(name));
+    const QDBusConnection bus = QDBusConnection::connectToBus(qEnvironmentVariable("DBUS_SYSTEM_BUS_ADDRESS"),
+                                                              QString::fromLatin1(name));
+    // The names of a new connection still arrive in Qt's own thread while the first call looks at them without a lock.
+    const QString daemon = "org.freedesktop.DBus"_s;
+    bus.call(QDBusMessage::createMethodCall(daemon, "/"_s, daemon, "GetId"_s));
+    return bus;
 }
 
 Reply call(const QDBusConnection &bus, const char *method, const QVariantList &arguments)

@@ -3,11 +3,15 @@
 
 #include "support/literals.h"
 
+#include <QCryptographicHash>
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
+
+#include <algorithm>
 
 TestEnvironment::TestEnvironment()
     // Short, because the path of gpg-agent's socket has a limited length.
@@ -56,6 +60,21 @@ QByteArray readFile(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray treeOf(const QString &folder)
+{
+    QByteArrayList lines;
+    QDirIterator files(
+        folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString path = files.next();
+        const QByteArray bytes = files.fileInfo().isFile() ? readFile(path) : QByteArray();
+        lines.append(path.toUtf8() + ' '
+                     + QCryptographicHash::hash(bytes, QCryptographicHash::Sha256).toHex());
+    }
+    std::sort(lines.begin(), lines.end());
+    return lines.join('\n');
 }
 
 void writeScript(const QString &path, const QByteArray &text)

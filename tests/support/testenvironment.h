@@ -29,6 +29,8 @@ bool haveTool(const char *program);
 /** Writes `text` to `path` and creates missing folders. A failure ends the test program. */
 void writeFile(const QString &path, const QByteArray &text);
 QByteArray readFile(const QString &path);
+/** Every path below the folder, with a checksum of what is in it: two equal ones are the same tree, byte for byte. */
+QByteArray treeOf(const QString &folder);
 /** Writes an executable script, for example a stand-in for a tool that records its calls or fails. */
 void writeScript(const QString &path, const QByteArray &text);
 /** The output of a bash script. When one of its commands fails, the test program ends. */

@@ -121,9 +121,10 @@ private:
 
     void take(int folder, const QByteArray &name, const QString &path, const QString &member)
     {
-        // A restored lock file would lock the new repository for ever.
+        // A restored lock file would lock the new repository for ever. The history can be many times as large as the
+        // repository, and is of use for who has made it alone.
         struct stat status = {};
-        if (member == QLatin1String("db/lockfile")
+        if (member == QLatin1String("db/lockfile") || member == QLatin1String("db/velt-admin-repo.history")
             || ::fstatat(folder, name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0)
             return;
         if (S_ISLNK(status.st_mode))
@@ -169,7 +170,8 @@ void findPackages(const QString &folder,
                   const std::function<bool()> &stopped,
                   QStringList *found)
 {
-    if (isWithin(folder, skipped) || isKernelFolder(folder) || (stopped && stopped()))
+    if (isWithin(folder, skipped) || isKernelFolder(folder)
+        || PackageNames::isInRestorePoint(folder.mid(root.size())) || (stopped && stopped()))
         return;
     const QFileInfoList present = QDir(folder).entryInfoList(Everything, QDir::Name);
     for (const QFileInfo &info : present) {

@@ -33,7 +33,7 @@ struct Listing
  * All files of a repository, including hidden files. Links within the repository are kept. The target of a link to
  * outside is part of the repository and is stored in place of the link, if the link and its target have the same owner,
  * who is the user or root. Somebody else's link could lead to a file that only the user may read. The lock file of
- * reprepro is left out.
+ * reprepro and the restore points are left out.
  */
 Listing ofRepository(const QString &path);
 
@@ -41,8 +41,9 @@ Listing ofRepository(const QString &path);
 std::optional<Entry> fileOfRepository(const QString &path, const QString &file, const QString &member);
 
 /**
- * The packages below `folder`, sorted. Links to outside are not followed. File systems of the kernel and the folder
- * `without` are not entered. When `stopped` returns true, it ends early with the packages found so far.
+ * The packages below `folder`, sorted, without those of restore points. Links to outside are not followed. File systems
+ * of the kernel and the folder `without` are not entered. When `stopped` returns true, it ends early with the packages
+ * found so far.
  */
 QStringList
 packagesBelow(const QString &folder, const QString &without, const std::function<bool()> &stopped);

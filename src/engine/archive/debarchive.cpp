@@ -12,7 +12,7 @@ constexpr int SizeOffset = 48;
 constexpr int SizeLength = 10;
 } // namespace
 
-DebArchiveState debArchiveState(const QString &fileName, DebMember *data)
+DebArchiveState debArchiveState(const QString &fileName, DebMember *data, DebMember *control)
 {
     RegularFile file(fileName);
     if (!file.open(QIODevice::ReadOnly) || file.read(MagicSize) != "!<arch>\n")
@@ -34,14 +34,16 @@ DebArchiveState debArchiveState(const QString &fileName, DebMember *data)
         const qint64 size = header.mid(SizeOffset, SizeLength).trimmed().toLongLong(&isNumber);
         if (!isNumber || size < 0)
             return DebArchiveState::NoArchive;
-        if (!hasData && header.startsWith("data.tar")) {
+        // Some tools add a slash to the end of names.
+        QByteArray name = header.left(NameLength).trimmed();
+        if (name.endsWith('/'))
+            name.chop(1);
+        if (!hasData && name.startsWith("data.tar")) {
             hasData = true;
-            // Some tools add a slash to the end of names.
-            QByteArray name = header.left(NameLength).trimmed();
-            if (name.endsWith('/'))
-                name.chop(1);
             if (data != nullptr)
                 *data = {name, position + HeaderSize, size};
+        } else if (control != nullptr && control->name.isEmpty() && name.startsWith("control.tar")) {
+            *control = {name, position + HeaderSize, size};
         }
         const qint64 end = position + HeaderSize + size;
         if (end > file.size())

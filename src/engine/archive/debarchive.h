@@ -22,6 +22,7 @@ struct DebMember
 /**
  * Checks the members of a .deb or .udeb (an ar archive, deb(5)) without unpacking them. The packaging tools read only
  * the control member, so they do not notice a download that ended within the data member. When the package is whole,
- * `data` receives its member with the files.
+ * `data` receives its member with the files, and `control` the one with the control files.
  */
-DebArchiveState debArchiveState(const QString &fileName, DebMember *data = nullptr);
+DebArchiveState
+debArchiveState(const QString &fileName, DebMember *data = nullptr, DebMember *control = nullptr);

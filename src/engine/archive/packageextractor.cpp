@@ -55,7 +55,8 @@ PackageExtractor::Result PackageExtractor::extract(const QString &archive)
         if (header.kind == TarHeader::Kind::Invalid)
             return first && reader.error().isEmpty() ? Result::NoTar : damaged(reader.error());
         const QByteArray member = normalized(header.name);
-        if (header.name.endsWith('/') || !PackageNames::isPackageFile(QFile::decodeName(member)))
+        if (header.name.endsWith('/') || !PackageNames::isPackageFile(QFile::decodeName(member))
+            || PackageNames::isInRestorePoint(QFile::decodeName(member)))
             continue;
         if (header.kind != TarHeader::Kind::File) {
             m_passedOver.append(QFile::decodeName(member));

@@ -15,12 +15,6 @@
 
 namespace
 {
-/**
- * Bytes. A run of reprepro that needs the checksums reads the file twice more than an inclusion does, so that they save
- * time for small files only.
- */
-constexpr qint64 LargestForIndex = 1 << 20;
-
 /** Why a file is refused before it is read; empty when it is not. */
 QString refusal(const QString &path)
 {
@@ -62,10 +56,11 @@ PackageFile PackageFile::read(const QString &path, const std::function<bool()> &
     if (!package)
         return {path, {}, tr("Its control data lack the package's name, version or architecture.")};
     PackageFile file{path, QSharedPointer<PackageInfo>::create(*package), QString()};
-    if (purpose == ForIndex && control && QFileInfo(path).size() <= LargestForIndex) {
+    const bool isForIndex = purpose != ForRecord && control && QFileInfo(path).size() <= LargestForIndex;
+    if (isForIndex)
         file.control = *control;
+    if (isForIndex || purpose == ForComparison)
         file.checksums = FileChecksums::of(path, stopped);
-    }
     return file;
 }
 

@@ -27,9 +27,16 @@ public:
     QByteArray control = {}; ///< the bytes of its control file; see ForIndex
     FileChecksums checksums = {}; ///< see ForIndex
 
+    /**
+     * Bytes. A run of reprepro that needs the checksums reads the file twice more than an inclusion does, so that they
+     * save time for small files only.
+     */
+    static constexpr qint64 LargestForIndex = 1 << 20;
+
     enum Purpose {
         ForRecord,
-        ForIndex ///< control and checksums too, unless the file is large or unusual
+        ForIndex, ///< control and checksums too, unless the file is large or unusual
+        ForComparison ///< the same, with the checksums of all files
     };
 
     /**

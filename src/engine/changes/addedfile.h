@@ -17,6 +17,8 @@ struct AddedFile
     QString shownName; ///< what the user knows the file by: its path, unless it was unpacked or fetched
     bool isLast = false; ///< of the job's files
     QString source = {}; ///< what reprepro gets: the file, or its signed copy; empty until that is known
+    QString origin = {}; ///< what the history says of where it came from; can be empty
+    QString signingKey = {}; ///< text of the key that had signed the file before; mostly empty
     std::unique_ptr<ScratchFolder> signedFolder = nullptr;
     QHash<PackageKey, RepoEnums::ErrorCode> results
         = {}; ///< of the places that have the file; they can be more than were asked for

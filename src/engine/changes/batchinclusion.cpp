@@ -48,7 +48,7 @@ void BatchInclusion::include(const QVector<Candidate> &candidates, bool replaces
         return;
     QMap<QString, QVector<Candidate>> groups;
     for (const Candidate &candidate : qAsConst(shared)) {
-        if (m_inclusion.isAhead(candidate.path))
+        if (candidate.isForeign || m_inclusion.isAhead(candidate.path))
             continue;
         const QString suffix = QLatin1Char('.') + QFileInfo(candidate.path).suffix();
         groups[runArguments(m_context.repository.info().codename, candidate.records.first(), {suffix})]

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/changes/exportsession.h"
 
+#include "engine/history/keptfiles.h"
 #include "engine/reprepro/poolfiles.h"
 #include "engine/reprepro/privateconfig.h"
-#include "engine/reprepro/repolock.h"
 #include "engine/reprepro/repreproanswers.h"
 #include "engine/reprepro/repreprocommands.h"
-#include "files/freespace.h"
 #include "files/openfolder.h"
 #include "files/regularfile.h"
 
 #include <QFile>
-#include <QLocale>
 
+#include <algorithm>
 #include <cstdlib>
+#include <iterator>
 #include <utility>
 
 namespace
@@ -28,6 +28,7 @@ ExportSession::ExportSession(const QString &repoPath, Tools tools)
     : m_repoPath(repoPath)
     , m_tools(std::move(tools))
     , m_exportOwed(isExportOwed(repoPath))
+    , m_point(repoPath, m_tools.point)
 { }
 
 ExportSession::~ExportSession() = default;
@@ -40,13 +41,18 @@ void ExportSession::startSilently()
 
 ProcessResult ExportSession::modify(const QString &arguments)
 {
-    return change(arguments, m_silentConfig.get());
+    if (m_silentConfig || keepDatabase())
+        return change(arguments, m_silentConfig.get());
+    // This run deletes the files that it takes out. Where they cannot be kept as links, they stay until the commit.
+    const bool areLinked = link(m_next);
+    m_removed = m_removed || !areLinked;
+    return change((areLinked ? QString() : ReproCommand::keepingUnreferenced()) + arguments, nullptr);
 }
 
 ProcessResult ExportSession::remove(const QString &arguments, bool makesRoom)
 {
     if (!makesRoom) {
-        ProcessResult result = change(arguments, m_silentConfig.get());
+        ProcessResult result = modify(arguments);
         // A run that could not write the indices has left the files that they name.
         m_removed = m_removed || m_silentConfig || m_exportOwed;
         return result;
@@ -113,9 +119,14 @@ void ExportSession::recordAtRisk(const QStringList &poolFiles)
     QByteArray lines;
     for (const QString &poolFile : poolFiles) {
         const QString file = poolFile.startsWith(inside) ? poolFile.mid(inside.size()) : QString();
-        if (file.isEmpty() || m_atRisk.contains(file))
+        if (file.isEmpty())
+            continue;
+        m_next.append(file);
+        if (m_atRisk.contains(file))
             continue;
         m_atRisk.insert(file);
+        if (!QFile::exists(poolFile))
+            m_own.insert(file);
         lines += file.toUtf8() + '\n';
     }
     RegularFile marker(markerFile(m_repoPath));
@@ -142,21 +153,48 @@ bool ExportSession::dropUnreferencedFiles()
     // The indices are written first, because the old ones may still name the files.
     if (m_disturbed || (m_exportOwed && !writeIndices().succeeded()))
         return false;
-    return dropUnused().succeeded();
+    return dropUnused(Copy).succeeded();
 }
 
-ProcessResult ExportSession::dropUnused()
+ProcessResult ExportSession::dropUnused(Unused fate)
 {
     m_removed = false;
     const QStringList left = filesLeft(m_repoPath);
     const QSet<QString> named(left.cbegin(), left.cend());
-    const auto areOurs = [&](const QString &file) {
+    PoolFiles::Dropping dropping;
+    dropping.areOurs = [&](const QString &file) {
         return named.contains(file) || m_atRisk.contains(file)
                || (m_strangers && !m_strangers->contains(file));
     };
-    return PoolFiles::dropUnused(m_repoPath, areOurs, [this](const QString &arguments) {
-        return run(arguments, environmentForIndices());
-    });
+    dropping.run = [this](const QString &arguments) { return run(arguments, environmentForIndices()); };
+    if (fate == Keep)
+        dropping.keep = [this](const QString &file) { return link({file}); };
+    if (fate == Copy)
+        dropping.keep = [this](const QString &file) { return !keepAside(file).isEmpty(); };
+    return PoolFiles::dropUnused(m_repoPath, dropping);
+}
+
+QString ExportSession::keepAside(const QString &poolFile)
+{
+    return KeptFiles::keep(m_repoPath, poolFile, m_own.contains(poolFile));
+}
+
+bool ExportSession::link(const QStringList &poolFiles)
+{
+    // The state before the job has no file that came with it.
+    QStringList earlier;
+    std::copy_if(poolFiles.cbegin(),
+                 poolFiles.cend(),
+                 std::back_inserter(earlier),
+                 [this](const QString &file) { return !m_own.contains(file); });
+    return m_point.link(earlier);
+}
+
+bool ExportSession::mustDropUnused() const
+{
+    // While the indices on the disk are old, clients may still fetch the files that they name. When references could
+    // not be written, files that packages need look unused.
+    return m_removed && !m_exportOwed && !m_disturbed && !config().keepsUnreferencedFiles();
 }
 
 ProcessResult ExportSession::finish()
@@ -166,23 +204,37 @@ ProcessResult ExportSession::finish()
     if (m_trouble)
         return *m_trouble;
     // Without a change nothing is owed; another job may be at work.
-    if (!m_isKept)
+    if (!isBegun())
         return result;
     if (m_exportOwed)
         result = writeIndices();
-    // On a full disk the room of the removed packages matters more than old indices that stay valid for a moment.
+    // On a full disk the room of the removed packages matters more than old indices that stay valid for a moment, and
+    // more than the way back.
     if (m_exportOwed && m_removed && !m_disturbed && !config().keepsUnreferencedFiles()
-        && ReproAnswer::diskFull(result.errorOutput) && dropUnused().succeeded())
-        result = writeIndices();
-    // When references could not be written, files that packages need look unused.
-    if (m_disturbed)
-        return result;
-    // While the indices on the disk are old, clients may still fetch the files that they name.
-    if (m_removed && !m_exportOwed && !config().keepsUnreferencedFiles())
-        m_removed = dropUnused().crashed();
-    if (!m_exportOwed && !m_removed)
-        clearMarker(m_repoPath);
+        && ReproAnswer::diskFull(result.errorOutput)) {
+        m_point.giveUp();
+        if (dropUnused(Delete).succeeded())
+            result = writeIndices();
+    }
+    if (mustDropUnused() && m_point.keepsFiles()) {
+        // What could not be kept is deleted after the commit, and what cannot be deleted at the next opening.
+        m_removed = !dropUnused(Keep).succeeded();
+    }
     return result;
+}
+
+QString ExportSession::commit(const RestorePoint &record)
+{
+    if (!isBegun())
+        return {};
+    const QString trouble = m_point.commit(record, [this](bool isKept) {
+        if (mustDropUnused())
+            m_removed = !dropUnused(isKept ? Keep : Delete).succeeded();
+    });
+    if (!m_exportOwed && !mustDropUnused() && !m_disturbed)
+        clearMarker(m_repoPath);
+    m_point.settle(!m_exportOwed);
+    return trouble;
 }
 
 bool ExportSession::isExportOwed(const QString &repoPath)
@@ -211,74 +263,20 @@ ProcessResult ExportSession::run(const QString &arguments, const QStringList &en
     if (m_trouble)
         return *m_trouble;
     ProcessResult result = m_tools.run(arguments, environment);
+    // Nobody knows what it has done, not even of one that was to list or to forget files.
+    m_disturbed = m_disturbed || result.crashed();
     if (ReproAnswer::databaseTroubled(result.errorOutput)) {
         m_disturbed = true;
         m_trouble = result;
         m_trouble->exitCode = EXIT_FAILURE; // that of a run which did not take place
-        DatabaseCopy::condemn(m_repoPath);
+        RunningPoint::condemn(m_repoPath);
     }
     return result;
 }
 
 std::optional<ProcessResult> ExportSession::keepDatabase()
 {
-    if (m_refusal || m_isKept)
-        return m_refusal;
-    if (DatabaseCopy::isLost(m_repoPath)) {
-        refuse(tr("An earlier job was interrupted. Its copy of the database lay on another disk, and is not "
-                  "there or belongs to another user. Look whether all packages are there."));
-        return m_refusal;
-    }
-    if (!m_tools.lock()) {
-        refuse(RepoLock::busyText(m_repoPath));
-        return m_refusal;
-    }
-    // Only the copy is good, and the end of a job would delete it.
-    if (DatabaseCopy::isCondemned(m_repoPath)) {
-        refuse(tr("The database of the repository is damaged and could not be put back. Make room "
-                  "on the disk, and open the repository again."));
-        return m_refusal;
-    }
-    DatabaseCopy::Outcome outcome = copyDatabase();
-    // Another program that works on the repository now and then can interfere twice, but hardly more often.
-    for (int attempt = 0; attempt < 3 && outcome == DatabaseCopy::Outcome::Locked; ++attempt) {
-        // A run finds out whether the lock is stale, waits for it, or asks the user to remove it.
-        const ProcessResult result = run(ReproCommand::dumpUnreferenced());
-        if (!result.started || ReproAnswer::databaseLocked(result.errorOutput))
-            return result;
-        outcome = copyDatabase();
-    }
-    m_isKept = outcome == DatabaseCopy::Outcome::Made;
-    if (!m_isKept)
-        refuse(noCopyText());
-    return m_refusal;
-}
-
-DatabaseCopy::Outcome ExportSession::copyDatabase()
-{
-    using DatabaseCopy::Outcome;
-    using DatabaseCopy::Place;
-    if (!m_tools.mayCopyToMemory)
-        return DatabaseCopy::make(m_repoPath);
-    const Outcome outcome = DatabaseCopy::make(m_repoPath, Place::OtherDisk);
-    const bool isFull
-        = outcome == Outcome::Failed && freeSpace(m_repoPath) < DatabaseCopy::roomNeeded(m_repoPath);
-    return isFull && m_tools.mayCopyToMemory() ? DatabaseCopy::make(m_repoPath, Place::Memory) : outcome;
-}
-
-QString ExportSession::noCopyText() const
-{
-    const qint64 needed = DatabaseCopy::roomNeeded(m_repoPath);
-    const qint64 free = freeSpace(m_repoPath);
-    if (free < 0 || free >= needed)
-        return tr("The database of the repository could not be copied, so nothing was changed. "
-                  "Is there room on the disk?");
-    const QLocale locale;
-    const QString text = tr("There is too little room on the disk of the repository for a copy of its "
-                            "database, so nothing was changed. At least %1 must be free, and %2 are.")
-                             .arg(locale.formattedDataSize(needed), locale.formattedDataSize(free));
-    return m_tools.mayCopyToMemory ? text
-                                   : text + QLatin1Char(' ') + tr("Packages can be removed all the same.");
+    return m_point.begin([this](const QString &arguments) { return run(arguments); });
 }
 
 QStringList ExportSession::environmentForIndices()
@@ -290,14 +288,6 @@ QStringList ExportSession::environmentForIndices()
     if (!m_lean)
         m_lean.emplace();
     return m_lean->variables();
-}
-
-void ExportSession::refuse(const QString &reason)
-{
-    m_refusal.emplace();
-    m_refusal->started = true;
-    m_refusal->exitCode = EXIT_FAILURE;
-    m_refusal->errorOutput = reason;
 }
 
 void ExportSession::beSilent()
@@ -314,6 +304,7 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
 {
     if (const auto refusal = keepDatabase())
         return *refusal;
+    m_next.clear();
     setMarker(m_repoPath);
     ProcessResult result
         = config != nullptr ? run(arguments, config->environment()) : runWritingIndices(arguments);
@@ -322,7 +313,6 @@ ProcessResult ExportSession::change(const QString &arguments, PrivateConfig *con
         config->useWholeEnvironment();
         result = run(arguments, config->environment());
     }
-    m_disturbed = m_disturbed || result.crashed();
     if (result.succeeded()) {
         if (config != nullptr) {
             m_exportOwed = true;
@@ -345,7 +335,7 @@ ProcessResult ExportSession::runWritingIndices(const QString &arguments)
     // The small environment may lack what the configuration asks for in a way that is not known here. The change itself
     // must not be tried twice.
     if (!environment.isEmpty() && lacksIndices && !m_trouble) {
-        const ProcessResult whole = run(ReproCommand::exportIndices());
+        ProcessResult whole = run(ReproCommand::exportIndices());
         if (whole.succeeded())
             return whole;
     }

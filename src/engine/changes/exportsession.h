@@ -2,8 +2,8 @@
 #pragma once
 
 #include "core/processutils.h"
+#include "engine/changes/sessionpoint.h"
 #include "engine/reprepro/configfolder.h"
-#include "engine/reprepro/databasecopy.h"
 #include "engine/reprepro/leanenvironment.h"
 
 #include <QCoreApplication>
@@ -34,20 +34,11 @@ public:
     /** Runs reprepro with these arguments and additional environment. */
     using Run = std::function<ProcessResult(const QString &arguments, const QStringList &environment)>;
 
-    /**
-     * Locks the repository for the whole job, which can have several sessions; true also when the job has the lock
-     * already. False, after an error, when another job has it.
-     */
-    using Lock = std::function<bool()>;
-
     struct Tools
     {
         Run run;
-        Lock lock;
         std::function<QString()> configFolder; ///< what reprepro reads as the configuration of the repository
-        /** For a job that makes room on the disk: whether the copy of the database may lie in memory when no disk has
-         *  room for it. Without this function the copy must lie beside the database. */
-        std::function<bool()> mayCopyToMemory = {};
+        SessionPoint::Tools point;
     };
 
     ExportSession(const QString &repoPath, Tools tools);
@@ -68,7 +59,7 @@ public:
     /**
      * Like modify(), for a command that takes a package out of the repository. Its pool file stays until finish(),
      * because the old indices name it. With `makesRoom` the file is deleted at once, so that another file can have
-     * the name.
+     * the name; the caller keeps it before (KeptFiles::keep()).
      */
     ProcessResult remove(const QString &arguments, bool makesRoom = false);
     /**
@@ -86,28 +77,36 @@ public:
      *  finish(). */
     ProcessResult dropTracks(const QString &codename);
     /** Whether the repository must not be changed, which the result of the first try has said. */
-    bool isRefused() const { return m_refusal.has_value(); }
+    bool isRefused() const { return m_point.isRefused(); }
     /** Whether further runs leave the indices alone. */
     bool isSilent() const { return m_silentConfig != nullptr; }
     /** Records, before the run, files that would lie in the pool without use if the run were killed. */
     void recordAtRisk(const QStringList &poolFiles);
     /** Records, before the run, the files of packages that the run replaces. The files stay until finish(). */
     void recordFreed(const QStringList &poolFiles);
+    /** KeptFiles::keep() for a file that a replacement takes away, a path below the repository. */
+    QString keepAside(const QString &poolFile);
     /** Has finish() write the indices, because they differ from the database. */
     void requireExport();
     /** Deletes files without use that an earlier, interrupted run has left in the pool and that recordAtRisk() was
      *  told of. False when the repository's own options keep such files, or when the indices may still name them. */
     bool dropUnreferencedFiles();
 
-    /** Writes the indices if they are owed, and deletes the files that no index names any more. After a failure the
-     *  marker stays. When nothing is owed, that is a success. */
+    /** Writes the indices if they are owed, and moves the files that no index names any more out of the pool. When
+     *  nothing is owed, that is a success. The job must still be committed. */
     ProcessResult finish();
+    /** After finish(): makes a point of the history with this record, and takes the marker away unless the indices are
+     *  still owed. A killed job is undone before, and stands after this call. Returns the words of
+     *  SessionPoint::commit(). */
+    QString commit(const RestorePoint &record);
+    /** A package was lost that the job was not to take out: the end of the job undoes all of it. */
+    void setDisturbed() { m_disturbed = true; }
     /** Whether a run died or could not write the database. Then the marker stays, and JobRecovery has work to do. */
     bool isDisturbed() const { return m_disturbed; }
     /** Whether it may have changed anything. */
-    bool isBegun() const { return m_isKept; }
+    bool isBegun() const { return m_point.isBegun(); }
     /** Whether the database could not be read or written. From then on the session runs nothing more, and the copy
-     *  from before the session (DatabaseCopy) replaces the database. */
+     *  from before the session (RunningPoint) replaces the database. */
     bool isDamaged() const { return m_trouble.has_value(); }
     /** What reprepro has said about the damage; empty without damage. */
     QString trouble() const { return m_trouble ? m_trouble->errorOutput : QString(); }
@@ -131,21 +130,26 @@ private:
     bool m_removed = false; ///< the pool may have files that no package needs any more
     bool m_disturbed = false;
     QSet<QString> m_atRisk; ///< the files of recordAtRisk(): on a full disk the marker lacks them
+    QSet<QString> m_own; ///< those of m_atRisk that were not there before the job
     std::optional<QStringList>
         m_strangers; ///< files that were without use when the database was kept by keep()
-    bool m_isKept = false; ///< the database has been copied
+    QStringList m_next; ///< the files that were recorded since the last run
+    SessionPoint m_point;
     std::optional<ProcessResult> m_trouble; ///< of the run that met a damaged database
-    std::optional<ProcessResult> m_refusal; ///< why nothing may be changed
 
     ProcessResult run(const QString &arguments, const QStringList &environment = {});
     std::optional<ProcessResult> keepDatabase();
-    DatabaseCopy::Outcome copyDatabase();
-    QString noCopyText() const;
-    void refuse(const QString &reason);
     ConfigFolder config() const { return ConfigFolder(m_tools.configFolder()); }
     /** For runs that write the indices and have no configuration of their own. */
     QStringList environmentForIndices();
-    ProcessResult dropUnused();
+    enum Unused { Delete, Keep, Copy };
+    /** Takes the unused files that are ours out of the pool. Keep and Copy keep them for the history and for undoing
+     *  the job, Copy also where the file system has no links. */
+    ProcessResult dropUnused(Unused fate);
+    /** SessionPoint::link() for the files that are older than the job. */
+    bool link(const QStringList &poolFiles);
+    /** Whether finish() or commit() has files to take out of the pool, and may do it. */
+    bool mustDropUnused() const;
     void beSilent();
     ProcessResult change(const QString &arguments, PrivateConfig *config);
     ProcessResult changeSilently(const QString &arguments, const QByteArray &description = {});

@@ -2,6 +2,7 @@
 #include "engine/changes/fileinclusion.h"
 
 #include "engine/changes/exportsession.h"
+#include "engine/changes/inclusionrules.h"
 #include "engine/changes/jobcontext.h"
 #include "engine/changes/signaturerecord.h"
 #include "engine/reprepro/repreproanswers.h"
@@ -23,18 +24,11 @@ FileInclusion::Outcome FileInclusion::putBack(const PackageInfo &record, const Q
 
 QString FileInclusion::reason(const QString &errorOutput, const PackageInfo &record) const
 {
-    const QString advice
-        = QLatin1Char(' ')
-          + tr("Choose another component when you add the package, or change the repository.");
     const QString component = record.indexComponent;
     if (ReproAnswer::componentMissing(errorOutput))
-        return tr("The package is for the component %1, and the repository has these: %2.")
-                   .arg(component, m_context.repository.info().componentList().join(QLatin1String(", ")))
-               + advice;
+        return InclusionRules::componentRefusal(component, m_context.repository.info());
     if (ReproAnswer::componentWithoutUdebs(errorOutput))
-        return tr("The component %1 of the repository takes no packages for the installer (.udeb).")
-                   .arg(component)
-               + advice;
+        return InclusionRules::installerRefusal(component);
     return errorOutput;
 }
 

@@ -6,6 +6,7 @@
 #include "engine/control/joberrors.h"
 #include "engine/control/jobprogress.h"
 #include "engine/control/jobsignals.h"
+#include "engine/history/jobhistory.h"
 #include "engine/repository/openrepository.h"
 #include "engine/repository/packagelist.h"
 #include "engine/repository/repositorygate.h"
@@ -28,6 +29,7 @@ struct JobContext
     RepositoryGate gate;
     Reprepro reprepro;
     JobLock lock; ///< of the running job
+    JobHistory history; ///< what the record of the running job needs
 
     QString path() const { return repository.path(); } ///< any thread
 };

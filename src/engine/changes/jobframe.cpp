@@ -10,6 +10,7 @@ JobFrame::JobFrame(JobContext &context, const QString &startMessage, Subject sub
 {
     m_context.errors.prepare();
     m_context.progress.start(startMessage);
+    m_context.history.begin(m_context.packages.all(), startMessage);
 }
 
 JobFrame::~JobFrame()

@@ -20,11 +20,27 @@ ExportSession JobSession::begin(JobContext &context, Kind kind)
         }
         return isLocked;
     };
+    SessionPoint::Tools point;
+    point.lock = lock;
+    point.limits = [&context] { return context.choices.historyLimits(); };
+    point.areIndicesOwed = [&context] { return ExportSession::isExportOwed(context.path()); };
+    if (kind == RoomMaking)
+        point.mayCopyToMemory = [&context] { return agreesToCopyInMemory(context); };
+    else
+        point.mayGoOnWithoutPoint = [&context] { return agreesToLackOfPoint(context); };
     const auto configFolder = [&context] { return context.gate.admit(context.path()).configFolder(); };
-    if (kind == Usual)
-        return ExportSession(context.path(), {run, lock, configFolder});
-    return ExportSession(context.path(),
-                         {run, lock, configFolder, [&context] { return agreesToCopyInMemory(context); }});
+    return ExportSession(context.path(), {run, configFolder, point});
+}
+
+bool JobSession::agreesToLackOfPoint(JobContext &context)
+{
+    return context.control.ask(
+        tr("Disk is full"),
+        tr("There is too little room on the disk of the repository for a restore point, so that this change "
+           "could not be undone later. The copy of the database that every change needs would lie on "
+           "another disk meanwhile. Do you want to go on without a restore point?"),
+        false,
+        QuestionKind::GiveUp);
 }
 
 bool JobSession::agreesToCopyInMemory(JobContext &context)

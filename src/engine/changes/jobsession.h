@@ -20,5 +20,6 @@ public:
     static ExportSession begin(JobContext &context, Kind kind = Usual);
 
 private:
+    static bool agreesToLackOfPoint(JobContext &context);
     static bool agreesToCopyInMemory(JobContext &context);
 };

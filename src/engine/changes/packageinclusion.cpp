@@ -2,15 +2,24 @@
 #include "engine/changes/packageinclusion.h"
 
 #include "apt/dpkgutils.h"
-#include "apt/versionorder.h"
 #include "engine/changes/addedfile.h"
 #include "engine/changes/exportsession.h"
+#include "engine/changes/inclusionrules.h"
 #include "engine/changes/jobcontext.h"
 #include "engine/changes/packageremoval.h"
 #include "engine/changes/signaturerecord.h"
+#include "engine/history/keptfiles.h"
 #include "engine/reprepro/repreproanswers.h"
 
 #include <QFile>
+
+namespace
+{
+QString poolFileOf(const PackageInfo &package)
+{
+    return package.filePath().mid(package.root.size() + 1);
+}
+} // namespace
 
 RepoEnums::ErrorCode PackageInclusion::include(AddedFile *file, const PackageInfo &record, bool replace)
 {
@@ -37,12 +46,8 @@ RepoEnums::ErrorCode PackageInclusion::include(AddedFile *file, const PackageInf
 RepoEnums::ErrorCode
 PackageInclusion::collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present)
 {
-    if (VersionOrder::holds(package.version, QStringLiteral("="), present.version))
-        return PACKAGE_EXISTS;
-    if (VersionOrder::holds(package.version, QStringLiteral(">>"), present.version))
-        return PACKAGE_EXISTS_OLD_VERSION;
-    if (VersionOrder::holds(package.version, QStringLiteral("<<"), present.version))
-        return PACKAGE_EXISTS_NEW_VERSION;
+    if (const auto collision = InclusionRules::collision(package.version, present.version))
+        return *collision;
     // dpkg refuses one of the versions, and says why.
     DpkgUtils dpkg;
     dpkg.compareVersions(package.version, QStringLiteral("="), present.version);
@@ -55,9 +60,9 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
 {
     PackageRemoval removal(m_context, &m_session);
     const auto inTheWay = packagesInTheWay(present, record);
-    m_backups.emplace_back(m_context.path(), present, inTheWay);
-    PackageBackup &backup = m_backups.back();
-    if (backup.file().isEmpty() && QFile::exists(present.filePath())) {
+    const bool isRefused = !m_session.keep().succeeded();
+    const QString kept = isRefused ? QString() : m_session.keepAside(poolFileOf(present));
+    if (!isRefused && kept.isEmpty() && QFile::exists(present.filePath())) {
         m_context.errors.critical(
             tr("Error adding package %1!").arg(file->shownName),
             tr("The present package could not be kept aside, so it was not replaced: %1")
@@ -75,7 +80,7 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
             m_context.errors.runFailed(
                 tr("Error adding package %1!").arg(file->shownName),
                 tr("The present package could not be removed, so it was not replaced."));
-            restorePackages(removed, &backup);
+            restorePackages(removed, kept);
             return ERROR;
         }
     }
@@ -93,7 +98,7 @@ PackageInclusion::replacePackage(AddedFile *file, const PackageInfo &record, con
             if (file->results.remove(PackageKey::of(*other)) > 0 && included)
                 removal.remove(included, makesRoom);
         }
-        restorePackages(removed, &backup);
+        restorePackages(removed, kept);
         return ERROR;
     }
     return file->results.value(PackageKey::of(record), ERROR);
@@ -122,9 +127,10 @@ RepoEnums::ErrorCode PackageInclusion::includeFile(AddedFile *file, const Packag
         }
     }
     PackageInfo included = record;
-    included.signingKey = m_signer.key();
+    included.signingKey = isSigning() ? m_signer.key() : file->signingKey;
     SignatureRecord::remember(&m_context, included);
     m_included.append(packageIncluded(included, replaces));
+    m_context.history.setOrigin(included, file->origin);
     const ErrorCode code = ReproAnswer::signingFailed(result.errorOutput) ? PACKAGE_GPGERROR : SUCCESS;
     file->results.insert(PackageKey::of(record), code);
     return code;
@@ -133,20 +139,10 @@ RepoEnums::ErrorCode PackageInclusion::includeFile(AddedFile *file, const Packag
 QList<PackageInfoPtr> PackageInclusion::packagesInTheWay(const PackageInfo &present,
                                                          const PackageInfo &record) const
 {
-    QList<PackageInfoPtr> packages{m_context.packages.find(PackageKey::of(present))};
-    if (present.filePath() != record.filePath())
-        return packages;
-    // An architecture-independent package has one file for all architectures. While one of them uses the old file,
-    // reprepro accepts no other contents under the name of the file.
-    const QStringList architectures = m_context.repository.info().binaryArchitectures();
-    for (const QString &architecture : architectures) {
-        PackageKey key = PackageKey::of(present);
-        key.architecture = architecture;
-        const PackageInfoPtr twin = m_context.packages.find(key);
-        if (twin && architecture != present.architecture && twin->filePath() == present.filePath())
-            packages.append(twin);
-    }
-    return packages;
+    return InclusionRules::inTheWay(present,
+                                    record,
+                                    m_context.repository.info().binaryArchitectures(),
+                                    [this](const PackageKey &key) { return m_context.packages.find(key); });
 }
 
 PackageInfoPtr PackageInclusion::packageIncluded(const PackageInfo &record, bool replaced)
@@ -160,27 +156,27 @@ PackageInfoPtr PackageInclusion::packageIncluded(const PackageInfo &record, bool
     return package;
 }
 
-void PackageInclusion::restorePackages(const QList<PackageInfoPtr> &packages, PackageBackup *backup)
+void PackageInclusion::restorePackages(const QList<PackageInfoPtr> &packages, const QString &keptFile)
 {
     // The end of the job puts back everything.
     if (m_session.isDamaged())
         return;
     for (const PackageInfoPtr &package : packages) {
-        if (backup->file().isEmpty()) {
+        if (keptFile.isEmpty()) {
             m_context.errors.critical(
                 tr("The replaced package %1 could not be put back: its file was missing already.")
                     .arg(package->name));
             continue;
         }
-        const FileInclusion::Outcome outcome = m_inclusion.putBack(*package, backup->file());
+        const FileInclusion::Outcome outcome = m_inclusion.putBack(*package, keptFile);
         if (outcome.isIncluded) {
             m_context.packages.append(package);
             Q_EMIT m_context.listener.packageAdded(package);
             continue;
         }
-        backup->keep();
-        m_context.errors.critical(tr("The replaced package %1 could not be put back. Its file is kept as %2.")
-                                      .arg(package->name, backup->file()),
+        // Mostly the disk is full. The running point needs no room to be put back.
+        m_session.setDisturbed();
+        m_context.errors.critical(tr("The replaced package %1 could not be put back.").arg(package->name),
                                   outcome.result.errorOutput);
     }
 }

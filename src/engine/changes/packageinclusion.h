@@ -5,15 +5,12 @@
 #include "core/repoenums.h"
 #include "engine/changes/addoptions.h"
 #include "engine/changes/fileinclusion.h"
-#include "engine/changes/packagebackup.h"
 #include "engine/changes/packagesigner.h"
 #include "engine/repository/packagelist.h"
 
 #include <QCoreApplication>
 #include <QList>
 #include <QMultiHash>
-
-#include <vector>
 
 struct AddedFile;
 class ExportSession;
@@ -41,11 +38,10 @@ public:
     /** A run for several files has put this file into this place before its turn. include() must still be called. */
     void setAhead(const QString &path, const PackageKey &place) { m_ahead.insert(path, place); }
     bool isAhead(const QString &path) const { return m_ahead.contains(path); }
+    bool isAhead(const QString &path, const PackageKey &place) const { return m_ahead.contains(path, place); }
 
     /** The packages that went in, once for each architecture. */
     const QList<PackageInfoPtr> &included() const { return m_included; }
-    /** For the end of the job: the database is known to be whole, so the replaced files are needed no more. */
-    void dropBackups() { m_backups.clear(); }
     /** What went in has been undone. */
     void forgetIncluded() { m_included.clear(); }
 
@@ -56,7 +52,6 @@ private:
     FileInclusion m_inclusion;
     QMultiHash<QString, PackageKey> m_ahead; ///< places by the files' paths
     QList<PackageInfoPtr> m_included;
-    std::vector<PackageBackup> m_backups; ///< of what was replaced
 
     ErrorCode collisionOf(const QString &file, const PackageInfo &package, const PackageInfo &present);
     ErrorCode replacePackage(AddedFile *file, const PackageInfo &record, const PackageInfo &present);
@@ -65,5 +60,6 @@ private:
     ErrorCode takePlace(AddedFile *file, const PackageInfo &record, const PackageInfoPtr &replaced);
     QList<PackageInfoPtr> packagesInTheWay(const PackageInfo &present, const PackageInfo &record) const;
     PackageInfoPtr packageIncluded(const PackageInfo &record, bool replaced);
-    void restorePackages(const QList<PackageInfoPtr> &packages, PackageBackup *backup);
+    /** Puts packages back whose file is kept there. */
+    void restorePackages(const QList<PackageInfoPtr> &packages, const QString &keptFile);
 };

@@ -86,12 +86,10 @@ bool PackageSource::write(const QVector<Package> &packages,
     for (const QString &component : components)
         for (const QString &architecture : architectures)
             indices.insert(PackageSourceRules::index(component, architecture), QByteArray());
-    for (int i = 0; i < packages.size(); ++i) {
-        const Package &package = packages.at(i);
-        // Its own name could be any text.
-        const QString name = QStringLiteral("files/%1.deb").arg(i);
+    for (const Package &package : packages) {
+        const QString name = link(package.path);
         const auto record = PackageSourceRules::record(package.control, package.checksums, name.toLatin1());
-        if (!record || !QFile::link(package.path, folder.filePath(name)))
+        if (!record || name.isEmpty())
             return false;
         for (const PackageInfo &place : package.records)
             indices[PackageSourceRules::index(place.indexComponent, place.architecture)] += *record;
@@ -103,4 +101,21 @@ bool PackageSource::write(const QVector<Package> &packages,
             return false;
     }
     return true;
+}
+
+QString PackageSource::link(const QString &path)
+{
+    const QFileInfo file(path);
+    // A link to each file takes the disk as long as a copy of a small file. Its own name could be any text.
+    const bool isPlain = PackageSourceRules::isPlainFile(file.fileName());
+    const QString target = isPlain ? file.absolutePath() : file.absoluteFilePath();
+    QString &name = m_links[target];
+    if (name.isEmpty()) {
+        name = QStringLiteral("files/%1").arg(m_links.size());
+        if (!isPlain)
+            name += QLatin1String(".deb");
+        if (!QFile::link(target, m_folder.filePath(name)))
+            return {};
+    }
+    return isPlain ? name + QLatin1Char('/') + file.fileName() : name;
 }

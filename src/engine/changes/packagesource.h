@@ -7,6 +7,7 @@
 #include "files/scratchfolder.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -31,6 +32,7 @@ public:
         QByteArray control
             = {}; ///< the bytes of its control file, and the checksums: see PackageFile::ForIndex
         FileChecksums checksums = {};
+        bool isForeign = false; ///< others can change it: only a run that compares checksums takes it
     };
 
     /** Whether the source leaves what inclusions leave, on a repository with this configuration. */
@@ -51,7 +53,10 @@ private:
     ScratchFolder m_folder;
     QString m_codename;
     std::optional<PrivateConfig> m_config;
+    QHash<QString, QString> m_links; ///< names of the links in the folder, by their targets
 
     bool
     write(const QVector<Package> &packages, const QStringList &components, const QStringList &architectures);
+    /** The path by which the source has the file; empty when it could not be made. */
+    QString link(const QString &path);
 };

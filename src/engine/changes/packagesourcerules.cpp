@@ -202,6 +202,14 @@ bool PackageSourceRules::isPlain(const QString &word)
     return plain.match(word).hasMatch();
 }
 
+bool PackageSourceRules::isPlainFile(const QString &name)
+{
+    // The method that copies the files reads a percent sign as the start of a number.
+    static const QRegularExpression plain(
+        QRegularExpression::anchoredPattern(QStringLiteral("[A-Za-z0-9][A-Za-z0-9._+~-]*\\.deb")));
+    return plain.match(name).hasMatch();
+}
+
 QString PackageSourceRules::index(const QString &component, const QString &architecture)
 {
     return QStringLiteral("dists/x/%1/binary-%2/Packages").arg(component, architecture);

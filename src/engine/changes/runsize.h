@@ -26,7 +26,7 @@ public:
         constexpr qint64 Wanted = 500; // milliseconds
         const qint64 wanted = m_packages * Wanted / std::max<qint64>(1, m_timer.elapsed());
         // A slow run can be an accident, and so can a fast one: the size changes by small steps.
-        m_packages = static_cast<int>(std::clamp<qint64>(wanted, m_packages / 4, m_packages * 4));
+        m_packages = static_cast<int>(std::clamp<qint64>(wanted, m_packages / 4, qint64(m_packages) * 4));
         m_packages = std::clamp(m_packages, m_smallest, Largest);
     }
 

@@ -32,3 +32,15 @@ void JobChoices::setOpenRepositories(const QStringList &paths)
     const QMutexLocker lock(&m_mutex);
     m_openRepositories = paths;
 }
+
+HistoryLimits JobChoices::historyLimits() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_historyLimits;
+}
+
+void JobChoices::setHistoryLimits(const HistoryLimits &limits)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_historyLimits = limits;
+}

@@ -4,15 +4,15 @@
 #include "engine/changes/jobframe.h"
 #include "engine/changes/jobpreconditions.h"
 #include "engine/changes/jobsession.h"
+#include "engine/history/runningpoint.h"
 #include "engine/jobs/descriptionchange.h"
 #include "engine/jobs/openjob.h"
 #include "engine/jobs/repositorymove.h"
 #include "engine/recovery/jobrecovery.h"
 #include "engine/repository/changerules.h"
+#include "engine/repository/descriptionfields.h"
 #include "engine/repository/distributions.h"
 #include "engine/repository/distributionsfile.h"
-#include "engine/repository/vanishedindices.h"
-#include "engine/reprepro/databasecopy.h"
 
 #include <QSet>
 
@@ -53,7 +53,7 @@ int ChangeJob::run(const Wish &wish)
         m_context.errors.critical(tr("Failed to change repository!"),
                                   tr("File %1/conf/distributions not found!").arg(oldPath));
     RepositoryMove move(m_context, wish.path);
-    if (!text || !JobPreconditions::mayChange(m_context) || !isUnderstood(*text, wish.given)
+    if (!text || !JobPreconditions::mayChange(m_context) || !isPossible(*text, wish.given, wish.info)
         || !move.isPossible())
         return frame.finish(ERROR, tr("Repository not changed"));
     if (!userAgreesToLosses(*text, wish))
@@ -65,7 +65,7 @@ int ChangeJob::run(const Wish &wish)
         return frame.finish(ERROR, tr("Repository is not changed."), CHANGE_REPO_JOB);
     const ErrorCode moved = move.isNeeded() ? move.run(&frame) : SUCCESS;
     if (moved != SUCCESS) {
-        DatabaseCopy::drop(oldPath);
+        RunningPoint::drop(oldPath);
         return frame.finish(moved, tr("Repository not changed"));
     }
 
@@ -73,11 +73,9 @@ int ChangeJob::run(const Wish &wish)
     ExportSession::setMarker(wish.path);
     const RepoChange change{oldInfo, wish.info, wish.carriesPackages};
     const QList<PackageInfoPtr> packages = m_context.packages.all();
-    // Indices that lie under the new code name already belong to somebody else.
-    const bool isPlaceFree = !change.isRenaming() || !hasIndices(wish.path, wish.info.codename);
     DescriptionChange description(m_context, change, *text);
     if (description.run()) {
-        DatabaseCopy::drop(wish.path);
+        description.commit();
         move.removeOriginal();
         Q_EMIT m_context.listener.pathChanged(wish.path);
         // A stop during the change came too late, and must not stop the opening.
@@ -89,12 +87,10 @@ int ChangeJob::run(const Wish &wish)
     }
     // Back to where we were, so that "not changed" is true.
     m_context.repository.set(wish.path, oldInfo);
-    if (isPlaceFree || !hasIndices(wish.path, oldInfo.codename))
-        removeVanishedIndices(wish.path, wish.info, oldInfo);
     if (move.isCopied())
-        DatabaseCopy::drop(oldPath);
-    else if (JobRecovery(m_context).undoChange())
-        DatabaseCopy::drop(wish.path);
+        RunningPoint::drop(oldPath);
+    else
+        JobRecovery(m_context).undoChange();
     move.undo();
     m_context.errors.critical(tr("Failed to change repository!"), description.details(), CRITICAL);
     if (m_context.path() != oldPath)
@@ -124,15 +120,30 @@ bool ChangeJob::keepForUndoing(const QByteArray &text)
 {
     const QString repoPath = m_context.path();
     const ProcessResult kept = JobSession::begin(m_context).keep();
-    if (kept.succeeded() && DatabaseCopy::keepDescription(repoPath, text))
+    if (kept.succeeded() && RunningPoint::setChangesDescription(repoPath, text))
         return true;
     QString details = kept.errorOutput;
     if (kept.succeeded()) {
         details = tr("No copy of the description can be kept in %1.").arg(repoPath + QLatin1String("/db"));
-        DatabaseCopy::drop(repoPath);
+        RunningPoint::drop(repoPath);
     }
     m_context.errors.runFailed(tr("Failed to change repository!"), details);
     return false;
+}
+
+bool ChangeJob::isPossible(const QByteArray &text,
+                           const std::optional<QByteArray> &given,
+                           const RepoInfo &after)
+{
+    if (!isUnderstood(text, given))
+        return false;
+    const RepoInfo before = DistributionsFile(m_context.path()).parsed(text);
+    QString refusal = DescriptionFields::refusal(after, before);
+    if (refusal.isEmpty())
+        refusal = DescriptionFields::keyRefusal(after, before);
+    if (!refusal.isEmpty())
+        m_context.errors.critical(tr("Failed to change repository!"), refusal);
+    return refusal.isEmpty();
 }
 
 bool ChangeJob::isUnderstood(const QByteArray &text, const std::optional<QByteArray> &given)
@@ -144,7 +155,7 @@ bool ChangeJob::isUnderstood(const QByteArray &text, const std::optional<QByteAr
                                   fileName);
         return false;
     }
-    const QString description = QString::fromLocal8Bit(text);
+    const QString description = QString::fromUtf8(text);
     if (Distributions::distributionCount(description) > 1) {
         m_context.errors.critical(
             tr("The repository holds several distributions. A change would delete all but the first, so "
@@ -167,9 +178,9 @@ bool ChangeJob::userAgreesToLosses(const QByteArray &text, const Wish &wish)
 {
     constexpr int MostLines = 12;
     constexpr int MostCharacters = 100;
-    const QString description = QString::fromLocal8Bit(text);
-    const QStringList lost = Distributions::foreignLines(description);
-    if (lost.isEmpty())
+    const QString description = QString::fromUtf8(text);
+    const QStringList lost = Distributions::lostLines(description, wish.info);
+    if (lost.isEmpty() || wish.knowsLosses)
         return true;
     QStringList lines;
     for (const QString &line : lost.mid(0, MostLines))
@@ -182,11 +193,15 @@ bool ChangeJob::userAgreesToLosses(const QByteArray &text, const Wish &wish)
              "The file with them is kept as %2.")
               .arg(lines.join(QLatin1Char('\n')),
                    wish.path + QLatin1String("/conf/") + DistributionsFile(m_context.path()).keptAs(text));
-    if (Distributions::losesField(description, DistributionField::SignWith))
-        question += QLatin1Char(' ')
-                    + (wish.info.signWith ? tr("The repository will be signed with the default key instead.")
-                                          : tr("The repository will no longer be signed, so that clients may "
-                                               "refuse it."));
+    if (Distributions::losesField(description, wish.info, DistributionField::SignWith)) {
+        const QString signing
+            = !wish.info.signWith
+                  ? tr("The repository will no longer be signed, so that clients may refuse it.")
+              : wish.info.signKey.isEmpty()
+                  ? tr("The repository will be signed with the default key instead.")
+                  : tr("The repository will be signed with the key %1 instead.").arg(wish.info.signKey);
+        question += QLatin1Char(' ') + signing;
+    }
     return m_context.control.ask(
         tr("Repository change"), question + QLatin1Char(' ') + tr("Want to continue?"), false);
 }

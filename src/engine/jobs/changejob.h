@@ -27,6 +27,7 @@ public:
         RepoInfo info;
         std::optional<QByteArray> given = {};
         bool carriesPackages = false;
+        bool knowsLosses = false; ///< a preview has shown the lines that the description loses
     };
 
     explicit ChangeJob(JobContext &context)
@@ -34,6 +35,11 @@ public:
     { }
 
     int run(const Wish &wish);
+    /**
+     * Whether the description `text` can be changed to `after`. Tells why it cannot: for example because it is not the
+     * one from which the wish was `given`. Can run gpg.
+     */
+    bool isPossible(const QByteArray &text, const std::optional<QByteArray> &given, const RepoInfo &after);
 
 private:
     JobContext &m_context;

@@ -2,6 +2,7 @@
 #include "engine/jobs/createjob.h"
 
 #include "engine/changes/jobcontext.h"
+#include "engine/repository/descriptionfields.h"
 #include "engine/repository/distributionsfile.h"
 #include "engine/reprepro/repolock.h"
 #include "engine/reprepro/repreprocommands.h"
@@ -21,7 +22,12 @@ int CreateJob::run(const QString &path, const RepoInfo &info)
     // A link stands for the directory that it names.
     const QString wanted = QDir::cleanPath(QDir(path).absolutePath());
     const QString repoPath = QFileInfo(wanted).isSymLink() ? PathGuard::resolved(wanted) : wanted;
-    if (!mayWipe(repoPath))
+    QString refusal = DescriptionFields::refusal(info);
+    if (refusal.isEmpty())
+        refusal = DescriptionFields::keyRefusal(info);
+    if (!refusal.isEmpty())
+        m_context.errors.critical(tr("Failed to create repository!"), refusal, CRITICAL);
+    if (!refusal.isEmpty() || !mayWipe(repoPath))
         return ERROR;
     // A job that works on the repository at this path must not lose it.
     JobLock lock;

@@ -6,8 +6,8 @@
 #include "engine/changes/signaturerecord.h"
 #include "engine/repository/distributions.h"
 #include "engine/repository/distributionsfile.h"
+#include "engine/repository/packagelisting.h"
 #include "engine/repository/vanishedindices.h"
-#include "engine/reprepro/databasecopy.h"
 #include "engine/reprepro/repreproanswers.h"
 #include "engine/reprepro/repreprocommands.h"
 #include "engine/reprepro/reprolisting.h"
@@ -41,12 +41,17 @@ bool DescriptionChange::run()
     if (!takeOutVanished())
         return false;
     removeVanishedIndices(path, m_change.before, m_change.after);
-    // After a kill from here on, the next opening has to go on with the change rather than to undo it.
-    DatabaseCopy::setDescriptionDone(path);
     if (!exportOrGiveUpSigning())
         return false;
     keepSignatures(packages);
     return true;
+}
+
+void DescriptionChange::commit()
+{
+    // The engine's list is of the time before the change.
+    const RepoInfo info = m_context.repository.info();
+    m_session.commit(m_context.history.record(listPackages(m_context.path(), info)));
 }
 
 ProcessResult DescriptionChange::prepare(const QList<PackageInfoPtr> &packages)
@@ -58,9 +63,13 @@ ProcessResult DescriptionChange::prepare(const QList<PackageInfoPtr> &packages)
         if (!m_change.keepsPlace(*package))
             moving.append(m_context.path() + package->filePath().mid(package->root.size()));
     m_session.recordAtRisk(moving);
-    // Without the field that asks for them, the tracks of the packages would make every later run fail.
+    // Without the field that asks for them, the tracks of the packages would make every later run fail. So would those
+    // of a code name that vanishes.
+    const QString tracking = QStringLiteral("Tracking");
+    const QString text = QString::fromUtf8(m_text);
     if (result.succeeded()
-        && Distributions::losesField(QString::fromLocal8Bit(m_text), QStringLiteral("Tracking")))
+        && (Distributions::losesField(text, m_change.after, tracking)
+            || (m_change.isRenaming() && !Distributions::wholeValue(text, tracking).isEmpty())))
         result = m_session.dropTracks(m_change.before.codename);
     return result.succeeded() ? carryOver(packages) : result;
 }
@@ -134,8 +143,7 @@ bool DescriptionChange::exportOrGiveUpSigning()
         return !m_session.isDamaged();
     }
     m_context.errors.critical(tr("Failed to sign repository!"), result.errorOutput, CRITICAL);
-    RepoInfo unsignedInfo = m_change.after;
-    unsignedInfo.signWith = false;
+    const RepoInfo unsignedInfo = Distributions::unsignedInfo(m_change.after);
     m_context.repository.set(m_context.path(), unsignedInfo);
     if (const DistributionsFile file(m_context.path()); file.write(unsignedInfo))
         m_context.gate.renew(m_context.path());

@@ -16,7 +16,7 @@ struct JobContext;
 
 /**
  * Writes the description of the open repository anew, and makes database, indices and signatures follow. A failure
- * leaves things half done: the database has been copied before (DatabaseCopy), and the caller undoes all of it.
+ * leaves things half done: the database has been copied before (RunningPoint), and the caller undoes all of it.
  */
 class DescriptionChange : public RepoEnums
 {
@@ -26,6 +26,8 @@ public:
     DescriptionChange(JobContext &context, RepoChange change, QByteArray text);
 
     bool run();
+    /** After run(): the change stands, and becomes a point of the history. */
+    void commit();
     /** Why run() has failed. */
     QString details() const { return m_details; }
 

@@ -73,15 +73,21 @@ bool lacks(const PackageInfo &package, const QVector<Dependency> &dependencies)
 }
 } // namespace
 
-int DownloadJob::download(const QList<PackageInfo> &packages)
+int DownloadJob::download(const QList<PackageInfo> &packages, const QVector<Dependency> &dependencies)
 {
     JobFrame frame(m_context, startText(packages.size()));
-    return fetchAndAdd(packages, {}, &frame);
+    return fetchAndAdd(packages, lacking(dependencies), &frame);
 }
 
 int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
 {
     JobFrame frame(m_context, startText(dependencies.size()));
+    const QList<PackageInfo> packages = packagesFor(dependencies);
+    return fetchAndAdd(packages, lacking(dependencies), &frame);
+}
+
+QList<PackageInfo> DownloadJob::packagesFor(const QVector<Dependency> &dependencies)
+{
     AptCandidates apt(QString(), m_context.choices.acceptedOrigins());
     const DependsOffers offers
         = findOffers(dependencies, &apt, [this] { return m_context.control.isCanceled(); });
@@ -97,13 +103,19 @@ int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
     CheckJob(m_context).tellUnknownArchitectures(unknown);
     if (!missing.isEmpty() && !apt.failed() && !m_context.control.isCanceled())
         tellMissing(missing);
+    return offers.packages;
+}
 
+QList<PackageInfoPtr> DownloadJob::lacking(const QVector<Dependency> &dependencies) const
+{
     QList<PackageInfoPtr> wanting;
+    if (dependencies.isEmpty())
+        return wanting;
     const auto packages = m_context.packages.all();
     std::copy_if(packages.cbegin(), packages.cend(), std::back_inserter(wanting), [&](const auto &package) {
         return lacks(*package, dependencies);
     });
-    return fetchAndAdd(offers.packages, wanting, &frame);
+    return wanting;
 }
 
 void DownloadJob::tellMissing(const QStringList &missing)
@@ -140,6 +152,7 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
                 AptUtils::tr("Apt: download package %1 error").arg(packages.at(done).name), file.reason);
         else {
             adding.setShownNames({{file.path, QFileInfo(file.path).fileName()}});
+            adding.setOrigins({{file.path, packages.at(done).repository}});
             adding.addReadFile(file, done + 1 == packages.size());
         }
         frame->itemDone(packages.size());

@@ -26,8 +26,13 @@ public:
         , m_options(options)
     { }
 
-    /** `packages` have a name, a version and an architecture. */
-    int download(const QList<PackageInfo> &packages);
+    /**
+     * `packages` have a name, a version and an architecture. Packages that lack one of the dependencies are checked
+     * again.
+     */
+    int download(const QList<PackageInfo> &packages, const QVector<Dependency> &dependencies = {});
+    /** The best package for each dependency. Tells of those that no source offers. */
+    QList<PackageInfo> packagesFor(const QVector<Dependency> &dependencies);
     /** Takes the best package for each dependency, and checks the packages again that lacked it. */
     int addDependencies(const QVector<Dependency> &dependencies);
 
@@ -35,6 +40,7 @@ private:
     JobContext &m_context;
     const AddOptions &m_options;
 
+    QList<PackageInfoPtr> lacking(const QVector<Dependency> &dependencies) const;
     void tellMissing(const QStringList &missing);
     int
     fetchAndAdd(const QList<PackageInfo> &packages, const QList<PackageInfoPtr> &wanting, JobFrame *frame);

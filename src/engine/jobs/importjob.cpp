@@ -34,47 +34,64 @@ int ImportJob::run(const QString &source, const AddOptions &options)
     if (!JobPreconditions::mayChange(m_context))
         return frame.finish(ERROR, tr("Import error!"));
     const auto cleanUp = qScopeGuard([this] { m_folder.reset(); });
-    QStringList files;
-    const ErrorCode collected = collectPackages(source, &files);
+    Collection collection;
+    const ErrorCode collected = collect(source, &collection);
     if (m_context.control.isCanceled() || collected == CANCEL)
         return frame.finish(CANCEL, tr("Package(s) not imported"));
     if (collected != SUCCESS)
         return frame.finish(ERROR, tr("Import error!"));
-    if (files.isEmpty())
-        return frame.finish(ERROR, tr("Import failed: there are no packages by selected path"));
+    return add(collection, options, &frame);
+}
 
+int ImportJob::runCollected(const Collection &collection, const AddOptions &options)
+{
+    JobFrame frame(m_context, tr("Start repo import"));
+    if (!JobPreconditions::mayChange(m_context))
+        return frame.finish(ERROR, tr("Import error!"));
+    return add(collection, options, &frame);
+}
+
+int ImportJob::add(const Collection &collection, const AddOptions &options, JobFrame *frame)
+{
+    if (collection.files.isEmpty())
+        return frame->finish(ERROR, tr("Import failed: there are no packages by selected path"));
     constexpr bool WithoutCheck = false;
-    PackageAdding adding(m_context, options, files.size() == 1, WithoutCheck);
-    adding.setShownNames(m_members);
-    if (adding.addFiles(files, &frame) == CANCEL) {
+    PackageAdding adding(m_context, options, collection.files.size() == 1, WithoutCheck);
+    adding.setShownNames(collection.members);
+    QHash<QString, QString> origins = collection.members;
+    for (QString &origin : origins)
+        origin.prepend(collection.folder + QLatin1Char('/'));
+    adding.setOrigins(origins);
+    if (adding.addFiles(collection.files, frame) == CANCEL) {
         if (adding.addedCount() > 0)
             Q_EMIT m_context.listener.noted(
                 tr("%n package(s) had been imported before the stop.", nullptr, adding.addedCount()));
-        return frame.finish(CANCEL, tr("Package(s) not imported"));
+        return frame->finish(CANCEL, tr("Package(s) not imported"));
     }
-    return frame.finish(SUCCESS, tr("%n package(s) imported", nullptr, adding.addedCount()));
+    return frame->finish(SUCCESS, tr("%n package(s) imported", nullptr, adding.addedCount()));
 }
 
-RepoEnums::ErrorCode ImportJob::collectPackages(const QString &source, QStringList *files)
+RepoEnums::ErrorCode ImportJob::collect(const QString &source, Collection *collection)
 {
     const QFileInfo info(source);
+    collection->folder = info.path();
     const QString refusal = info.isDir() ? QString() : RegularFile::refusal(source);
     if (!refusal.isEmpty()) {
         m_context.errors.critical(tr("Can't open archive for import!"), refusal);
         return ERROR;
     }
     if (!info.isDir())
-        return unpackPackages(source, files);
+        return unpackPackages(source, collection);
     if (!info.isReadable()) {
         m_context.errors.critical(tr("Can't open archive for import!"), source);
         return ERROR;
     }
-    *files = ArchiveContents::packagesBelow(
+    collection->files = ArchiveContents::packagesBelow(
         source, m_context.path(), [this] { return m_context.control.isCanceled(); });
     return SUCCESS;
 }
 
-RepoEnums::ErrorCode ImportJob::unpackPackages(const QString &archive, QStringList *files)
+RepoEnums::ErrorCode ImportJob::unpackPackages(const QString &archive, Collection *collection)
 {
     const auto stopped = [this] { return m_context.control.isCanceled(); };
     bool isMounting = true;
@@ -113,10 +130,10 @@ RepoEnums::ErrorCode ImportJob::unpackPackages(const QString &archive, QStringLi
                "that it lacks.")
                 .arg(archive),
             WARNING);
-    *files = extractor.files();
+    collection->files = extractor.files();
     const QString prefix = QFileInfo(archive).fileName() + QLatin1String(": ");
-    m_members = extractor.members();
-    for (QString &member : m_members)
+    collection->members = extractor.members();
+    for (QString &member : collection->members)
         member = prefix + (isTar ? member : QDir(mounted.mountPoint()).relativeFilePath(member));
     const QStringList passedOver = extractor.passedOver();
     for (const QString &member : passedOver)

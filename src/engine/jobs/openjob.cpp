@@ -3,6 +3,7 @@
 
 #include "engine/archive/unpackplace.h"
 #include "engine/changes/jobframe.h"
+#include "engine/changes/outsidechange.h"
 #include "engine/changes/signaturerecord.h"
 #include "engine/recovery/jobrecovery.h"
 #include "engine/repository/distributions.h"
@@ -49,6 +50,7 @@ int OpenJob::run(const QString &path)
     if (recovery.isPutBack())
         readInfo(path);
     readPackages(path, isRecovered);
+    OutsideChange::note(m_context);
     if (!publishPackages()) {
         close(m_context);
         return frame.finish(CANCEL, tr("Repositry is not opened"));
@@ -81,7 +83,7 @@ void OpenJob::readPackages(const QString &path, bool isRecovered)
     // Where the listing may be incomplete, a package that it lacks can be there all the same.
     const auto description = DistributionsFile(path).readBytes();
     if (isRecovered && !packages.isEmpty() && description
-        && Distributions::unreadLine(QString::fromLocal8Bit(*description)).isEmpty())
+        && Distributions::unreadLine(QString::fromUtf8(*description)).isEmpty())
         SignatureRecord::forgetOthers(&m_context, packages);
     SignedPackages(SignedPackages::packagesConfPath(path)).mark(&packages);
     m_context.packages.assign(packages);

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/packageadding.h"
 
-#include "core/packagenames.h"
+#include "engine/archive/filechecksums.h"
 #include "engine/archive/packagefile.h"
 #include "engine/changes/addedfile.h"
 #include "engine/changes/batchinclusion.h"
+#include "engine/changes/decidedplaces.h"
 #include "engine/changes/jobframe.h"
 #include "engine/changes/jobsession.h"
 #include "engine/changes/packageremoval.h"
 #include "engine/changes/runsize.h"
+#include "engine/history/repositoryhistory.h"
 #include "engine/jobs/checkjob.h"
 #include "engine/recovery/sessionend.h"
-#include "engine/repository/distributions.h"
-#include "engine/repository/distributionsfile.h"
 
 #include <QFileInfo>
 #include <QSet>
@@ -26,12 +26,6 @@ bool isCollision(RepoEnums::ErrorCode code)
 {
     return code == RepoEnums::PACKAGE_EXISTS || code == RepoEnums::PACKAGE_EXISTS_NEW_VERSION
            || code == RepoEnums::PACKAGE_EXISTS_OLD_VERSION;
-}
-
-bool isDescriptionRead(const QString &repoPath)
-{
-    const auto bytes = DistributionsFile(repoPath).readBytes();
-    return bytes && Distributions::unreadLine(QString::fromUtf8(*bytes)).isEmpty();
 }
 } // namespace
 
@@ -55,7 +49,15 @@ bool PackageAdding::mustEnd() const
 
 AddedFile PackageAdding::fileAt(const QString &path, bool isLast) const
 {
-    return {path, m_shownNames.value(path, path), isLast};
+    AddedFile file{path, m_shownNames.value(path, path), isLast};
+    const auto origin = m_origins.constFind(path);
+    if (m_options.copied)
+        file.origin = m_options.copied->origin;
+    else
+        file.origin
+            = origin == m_origins.cend() ? RepositoryHistory::originOf(m_context.path(), path) : *origin;
+    file.signingKey = copiedFile(path).signingKey;
+    return file;
 }
 
 RepoEnums::ErrorCode PackageAdding::replace(AddedFile *file, const PackageInfo &record)
@@ -65,7 +67,7 @@ RepoEnums::ErrorCode PackageAdding::replace(AddedFile *file, const PackageInfo &
 
 void PackageAdding::replaceTogether(const QVector<BatchInclusion::Candidate> &files)
 {
-    const bool knowsArchitectures = isDescriptionRead(m_context.path());
+    const bool knowsArchitectures = target().isDescriptionRead;
     QVector<BatchInclusion::Candidate> shared;
     QSet<PackageKey> taken;
     for (const BatchInclusion::Candidate &file : files) {
@@ -108,11 +110,13 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
     if (files.size() > 1)
         m_session.startSilently();
     const bool isLarge = files.size() > ManyFiles && !m_inclusion.isSigning();
+    PackageFile::Purpose purpose = PackageFile::ForRecord;
+    if (m_options.copied)
+        purpose = PackageFile::ForComparison;
+    else if (isLarge && m_batch.readsForIndex())
+        purpose = PackageFile::ForIndex;
     auto reader = std::make_unique<PackageFileReader>(
-        files,
-        RunSize::Largest,
-        [this] { return m_context.control.isCanceled(); },
-        isLarge && m_batch.readsForIndex() ? PackageFile::ForIndex : PackageFile::ForRecord);
+        files, RunSize::Largest, [this] { return m_context.control.isCanceled(); }, purpose);
     bool stopped = false;
     bool isComplete = true;
     int done = 0;
@@ -121,7 +125,8 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
         if (stopped)
             break;
         const bool together = isLarge && m_session.isSilent();
-        const QVector<PackageFile> read = reader->next(together ? size.packages() : 1);
+        QVector<PackageFile> read = reader->next(together ? size.packages() : 1);
+        refuseChanged(&read);
         bool isAskedFor = m_rules.mustAsk();
         if (together) {
             size.start();
@@ -157,28 +162,90 @@ void PackageAdding::addReadFile(const PackageFile &read, bool isLast)
         return;
     AddedFile file = fileAt(read.path, isLast);
     Q_EMIT m_context.listener.fileBegun(file.shownName);
-    const auto records = read.package ? recordsOf(*read.package) : QVector<PackageInfo>();
+    InclusionRules::Target target = this->target();
+    target.component = componentOf(read.path);
+    auto records = read.package ? InclusionRules::records(*read.package, target) : QVector<PackageInfo>();
     QString reason = read.reason;
     if (read.package && records.isEmpty())
-        reason = tr("The package is for the architecture %1, and the repository has these: %2.")
-                     .arg(read.package->architecture,
-                          m_context.repository.info().binaryArchitectures().join(QLatin1String(", ")));
+        reason = InclusionRules::architectureRefusal(*read.package, m_context.repository.info());
+    if (m_options.decided && !records.isEmpty()) {
+        records = m_options.decided->wanted(records, read.path);
+        if (records.isEmpty() || !m_options.decided->isExpected(records, read.path)) {
+            records.clear();
+            reason = otherFileText();
+        }
+    }
     if (records.isEmpty())
         m_context.errors.critical(tr("Error adding package!"),
                                   file.shownName + QLatin1String(":\n") + file.shownText(reason));
     else if (addFile(&file, records) == SUCCESS)
         m_added.append(QFileInfo(read.path).fileName());
+    letLeave(read.path);
     Q_EMIT m_context.listener.fileBegun({});
+}
+
+CopiedFiles::File PackageAdding::copiedFile(const QString &path) const
+{
+    return m_options.copied ? m_options.copied->files.value(path) : CopiedFiles::File();
+}
+
+QString PackageAdding::componentOf(const QString &path) const
+{
+    return m_options.copied ? copiedFile(path).component : m_options.component;
+}
+
+void PackageAdding::refuseChanged(QVector<PackageFile> *files) const
+{
+    for (PackageFile &file : *files) {
+        const QByteArray expected = copiedFile(file.path).sha256;
+        if (!file.package || expected.isEmpty() || file.checksums.sha256 == expected)
+            continue;
+        file.package.clear();
+        file.reason = tr("It is not the file that its repository lists. Reload that repository.");
+    }
+}
+
+void PackageAdding::letLeave(const QString &path)
+{
+    const CopiedFiles::File copied = copiedFile(path);
+    // The user can have kept another package in the new place, for one of the architectures too.
+    QHash<QString, bool> areIn;
+    for (const PackageInfoPtr &package : copied.leaving) {
+        PackageKey place = PackageKey::of(*package);
+        place.component = copied.component;
+        const PackageInfoPtr successor = m_context.packages.find(place);
+        if (!successor || successor->version != package->version)
+            continue;
+        const QString file = successor->filePath();
+        if (!areIn.contains(file)) {
+            const QByteArray wanted
+                = copied.sha256.isEmpty() ? FileChecksums::of(path).sha256 : copied.sha256;
+            areIn.insert(file, !wanted.isEmpty() && FileChecksums::of(file).sha256 == wanted);
+        }
+        if (areIn.value(file))
+            m_leaving.append(package);
+    }
+}
+
+void PackageAdding::removeLeaving()
+{
+    if (m_leaving.isEmpty() || isDamaged() || m_session.isRefused())
+        return;
+    PackageRemoval removal(m_context, &m_session);
+    removal.removeTogether(m_leaving);
+    for (const PackageInfoPtr &package : qAsConst(m_leaving))
+        if (!isDamaged())
+            removal.remove(package);
 }
 
 bool PackageAdding::finish()
 {
+    removeLeaving();
     const bool stands = SessionEnd::end(m_context, &m_session);
     if (!stands) {
         m_added.clear();
         m_inclusion.forgetIncluded();
     }
-    m_inclusion.dropBackups();
     const QList<PackageInfoPtr> included = m_inclusion.included();
     QList<PackageInfoPtr> unchecked;
     if (m_context.choices.checksDependsOnAdd() && m_checksDepends)
@@ -198,50 +265,43 @@ void PackageAdding::includeTogether(const QVector<PackageFile> &files)
 {
     QVector<BatchInclusion::Candidate> candidates;
     // In a description that is not read fully there may be more architectures, and a run for several files takes all.
-    const bool knowsArchitectures = isDescriptionRead(m_context.path());
+    InclusionRules::Target target = this->target();
     for (const PackageFile &file : files) {
         const bool isForUnknown
-            = file.package && file.package->architecture == QLatin1String("all") && !knowsArchitectures;
+            = file.package && file.package->architecture == QLatin1String("all") && !target.isDescriptionRead;
         if (isForUnknown || m_inclusion.isAhead(file.path))
             continue;
-        const QVector<PackageInfo> records = file.package ? recordsOf(*file.package) : QVector<PackageInfo>();
-        candidates.append({file.path, records, file.control, file.checksums});
+        target.component = componentOf(file.path);
+        const auto records
+            = file.package ? InclusionRules::records(*file.package, target) : QVector<PackageInfo>();
+        // A shared run puts a file into all of its places.
+        if (!m_options.decided || m_options.decided->wanted(records, file.path).size() == records.size())
+            candidates.append({file.path, records, file.control, file.checksums});
     }
-    m_batch.include(candidates, !m_rules.mustAsk() && m_rules.replaces(PACKAGE_EXISTS_OLD_VERSION));
+    const bool replacesOlder
+        = m_options.decided || (!m_rules.mustAsk() && m_rules.replaces(PACKAGE_EXISTS_OLD_VERSION));
+    m_batch.include(candidates, replacesOlder);
 }
 
-QVector<PackageInfo> PackageAdding::recordsOf(const PackageInfo &package) const
+InclusionRules::Target PackageAdding::target() const
 {
-    QStringList architectures = m_context.repository.info().binaryArchitectures();
-    if (package.architecture != QLatin1String("all")) {
-        const bool isThere = architectures.contains(package.architecture);
-        architectures.clear();
-        // reprepro understands descriptions that this program does not read fully.
-        if (isThere || !isDescriptionRead(m_context.path()))
-            architectures.append(package.architecture);
-    }
-    QVector<PackageInfo> records;
-    for (const QString &architecture : qAsConst(architectures)) {
-        PackageInfo record = package;
-        record.architecture = architecture;
-        record.root = m_context.path();
-        if (!m_options.component.isEmpty())
-            record.component = m_options.component;
-        record.indexComponent = record.component;
-        record.poolFile = PackageNames::poolFile(record, package.architecture);
-        records.append(record);
-    }
-    return records;
+    return InclusionRules::Target::of(m_context.path(), m_context.repository.info(), m_options.component);
 }
 
-RepoEnums::ErrorCode PackageAdding::addFile(AddedFile *file, const QVector<PackageInfo> &records)
+RepoEnums::ErrorCode PackageAdding::addFile(AddedFile *file, QVector<PackageInfo> records)
 {
     ErrorCode result = ERROR;
+    // The old file leaves the places that have it before another file of its name comes into further ones.
+    if (m_options.decided)
+        std::stable_partition(records.begin(), records.end(), [this](const PackageInfo &record) {
+            const PackageInfoPtr present = m_context.packages.find(PackageKey::of(record));
+            return present && present->filePath() == record.filePath();
+        });
     // A file that serves several architectures is replaced in all of them or in none.
     QHash<QString, bool> answers;
     for (int i = 0; i < records.size(); ++i) {
         const PackageInfo &record = records.at(i);
-        result = m_inclusion.include(file, record, false);
+        result = m_inclusion.include(file, record, m_options.decided != nullptr);
         if (isCollision(result)) {
             const PresentFile present = presentFile(records.mid(i));
             const QString key = present.package->filePath();
@@ -270,6 +330,11 @@ PackageAdding::PresentFile PackageAdding::presentFile(const QVector<PackageInfo>
             present.isAll = false;
     }
     return present;
+}
+
+QString PackageAdding::otherFileText()
+{
+    return tr("It is not the package that the preview showed, so it was not added.");
 }
 
 QString PackageAdding::keptText(ErrorCode collision, const QString &file, const PresentFile &present)

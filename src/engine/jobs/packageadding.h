@@ -7,6 +7,7 @@
 #include "engine/changes/addoptions.h"
 #include "engine/changes/batchinclusion.h"
 #include "engine/changes/exportsession.h"
+#include "engine/changes/inclusionrules.h"
 #include "engine/changes/packageinclusion.h"
 
 #include <QCoreApplication>
@@ -31,8 +32,15 @@ public:
 
     /** Names that the user knows, for files whose paths he does not know. */
     void setShownNames(const QHash<QString, QString> &names) { m_shownNames = names; }
+    /** Has the files replace whatever is there, without a question. */
+    void replaceAll() { m_rules.value = PackageReplacementRules::ReplaceAll; }
     /** Packages whose dependencies are checked again at the end, when a package went in. */
     void setWanting(const QList<PackageInfoPtr> &packages) { m_wanting = packages; }
+    /** Where files came from that the user did not give: an archive, or a source of apt. */
+    void setOrigins(const QHash<QString, QString> &origins) { m_origins = origins; }
+
+    /** Has the packages removed at the end that leave their places for the file at this path, where it is in. */
+    void letLeave(const QString &path);
 
     /** Adds the files one by one and finishes; CANCEL after a stop. */
     ErrorCode addFiles(const QStringList &files, JobFrame *frame);
@@ -51,6 +59,11 @@ public:
     void replaceTogether(const QVector<BatchInclusion::Candidate> &files);
     /** Whether replaceTogether() has put the file in, and no replace() has followed. */
     bool isAhead(const QString &path) const { return m_inclusion.isAhead(path); }
+    /** The same for one place of the file. */
+    bool isAhead(const QString &path, const PackageInfo &record) const
+    {
+        return m_inclusion.isAhead(path, PackageKey::of(record));
+    }
     /** Puts a file in the place of the package that is there; see PackageInclusion::include(). */
     ErrorCode replace(AddedFile *file, const PackageInfo &record);
     /** Writes the indices, checks the added packages and has the results stored. False, after an error, when all
@@ -83,18 +96,27 @@ private:
     BatchInclusion m_batch;
     PackageReplacementRules m_rules;
     QHash<QString, QString> m_shownNames;
+    QHash<QString, QString> m_origins;
     QList<PackageInfoPtr> m_wanting;
     QStringList m_added; ///< names of the files that are in
+    QList<PackageInfoPtr> m_leaving;
 
     /** Puts those of the files into the repository that can share a run. */
     void includeTogether(const QVector<PackageFile> &files);
-    /** The future records of a package in the repository, one for each architecture. */
-    QVector<PackageInfo> recordsOf(const PackageInfo &package) const;
+    InclusionRules::Target target() const;
+    /** What is said of a copied file; nothing of any other. */
+    CopiedFiles::File copiedFile(const QString &path) const;
+    /** The component into which the file goes; empty: its own. */
+    QString componentOf(const QString &path) const;
+    /** Takes the packages out of files that are not those which their repository lists. */
+    void refuseChanged(QVector<PackageFile> *files) const;
+    void removeLeaving();
     /** Whether reprepro, when it is told no architecture, puts the file into these places and no others. */
     bool areAllPlaces(const QVector<PackageInfo> &records, bool knowsArchitectures) const;
-    ErrorCode addFile(AddedFile *file, const QVector<PackageInfo> &records);
+    ErrorCode addFile(AddedFile *file, QVector<PackageInfo> records);
     /** The file with which the first of these records collides, and which of the other records collide with it. */
     PresentFile presentFile(const QVector<PackageInfo> &records) const;
+    static QString otherFileText();
     /** Says why a file that collided was not added. */
     static QString keptText(ErrorCode collision, const QString &file, const PresentFile &present);
     void askToKeepUnsigned(const AddedFile &file, const PackageInfo &record);

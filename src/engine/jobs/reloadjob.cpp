@@ -2,6 +2,8 @@
 #include "engine/jobs/reloadjob.h"
 
 #include "engine/changes/jobframe.h"
+#include "engine/changes/outsidechange.h"
+#include "engine/recovery/packagerefresh.h"
 #include "engine/repository/distributionsfile.h"
 #include "engine/repository/packagelisting.h"
 #include "engine/repository/repositoryaccess.h"
@@ -29,14 +31,8 @@ int ReloadJob::run()
         m_context.repository.setWritable(isWritable);
         Q_EMIT m_context.listener.repoInfoAdded();
     }
-    const ListingDifference difference = compareListings(m_context.packages.all(), *listed);
-    m_context.packages.assign(difference.packages);
-    for (const PackageInfoPtr &package : difference.removed)
-        Q_EMIT m_context.listener.packageRemoved(package);
-    for (const PackageInfoPtr &package : difference.added)
-        Q_EMIT m_context.listener.packageAdded(package);
-    for (const PackageInfoPtr &package : difference.changed)
-        Q_EMIT m_context.listener.packageChanged(package);
+    const ListingDifference difference = PackageRefresh::show(m_context, *listed, {});
+    OutsideChange::note(m_context);
     if (difference.isEmpty())
         return frame.finish(SUCCESS, tr("Repository is unchanged"));
     Q_EMIT m_context.listener.requestForSavingPackages(m_context.packages.all());

@@ -9,6 +9,7 @@
 #include "engine/recovery/sessionend.h"
 #include "engine/reprepro/configfolder.h"
 #include "engine/reprepro/leanenvironment.h"
+#include "engine/reprepro/repolock.h"
 #include "engine/reprepro/repreprocommands.h"
 #include "engine/reprepro/reprolisting.h"
 
@@ -29,13 +30,19 @@ QString placeOf(const QString &component, const QString &architecture, const QSt
 }
 } // namespace
 
-int RemoveJob::run(const QList<PackageInfoPtr> &wanted)
+int RemoveJob::run(const QList<PackageInfoPtr> &wanted, const Choice &choice)
 {
     JobFrame frame(m_context, wanted.size() == 1 ? tr("Removing package") : tr("Removing packages"));
     if (!JobPreconditions::mayChange(m_context))
         return frame.finish(ERROR, tr("%n packages removed: %1", nullptr, 0).arg(QString()));
     const auto present = this->present(wanted);
-    const QList<PackageInfoPtr> packages = present ? withoutReplaced(wanted, *present) : wanted;
+    if (choice && !present) {
+        tellUnread();
+        return frame.finish(ERROR, tr("%n packages removed: %1", nullptr, 0).arg(QString()));
+    }
+    QList<PackageInfoPtr> packages = present ? withoutReplaced(wanted, *present) : wanted;
+    if (choice)
+        packages = choice(packages);
     ExportSession session = JobSession::begin(m_context, JobSession::RoomMaking);
     PackageRemoval removal(m_context, &session);
     if (present)
@@ -111,6 +118,19 @@ std::optional<QVector<ReproListing::Package>> RemoveJob::present(const QList<Pac
     if (!listed.succeeded())
         return std::nullopt;
     return ReproListing::packages(listed.output);
+}
+
+void RemoveJob::tellUnread()
+{
+    if (m_context.lock.take(m_context.path())) {
+        m_context.errors.critical(
+            tr("The database of the repository cannot be read, so nothing was removed."),
+            m_context.reprepro.lastResult().errorOutput);
+        return;
+    }
+    m_context.control.setLockedOut(true);
+    m_context.errors.critical(
+        RepoLock::busyText(m_context.path()), QString(), RepoEnums::CRITICAL, RepoEnums::REPOSITORY_BUSY);
 }
 
 QList<PackageInfoPtr> RemoveJob::withoutReplaced(const QList<PackageInfoPtr> &packages,

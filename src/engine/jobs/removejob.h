@@ -9,6 +9,7 @@
 #include <QList>
 #include <QVector>
 
+#include <functional>
 #include <optional>
 
 struct JobContext;
@@ -22,13 +23,17 @@ public:
         : m_context(context)
     { }
 
-    int run(const QList<PackageInfoPtr> &packages);
+    using Choice = std::function<QList<PackageInfoPtr>(const QList<PackageInfoPtr> &packages)>;
+    /** `choice` says, when no other job can change the repository any more, which of the packages really go. */
+    int run(const QList<PackageInfoPtr> &wanted, const Choice &choice = {});
 
 private:
     JobContext &m_context;
 
     /** What the database has of these packages' names, and perhaps more; nothing when it cannot be read. */
     std::optional<QVector<ReproListing::Package>> present(const QList<PackageInfoPtr> &packages);
+    /** Tells why present() has found out nothing. */
+    void tellUnread();
     /** The packages without those of which the database has another file; an error tells of these. */
     QList<PackageInfoPtr> withoutReplaced(const QList<PackageInfoPtr> &packages,
                                           const QVector<ReproListing::Package> &present);

@@ -41,12 +41,13 @@ int SignJob::run(const QList<PackageInfoPtr> &packages, const QString &keyId)
                         tr("%n package(s) is signed: %1", nullptr, names.size()).arg(joined));
 }
 
-bool SignJob::signPackage(const PackageInfoPtr &package, PackageAdding *adding)
+bool SignJob::signPackage(const PackageInfoPtr &package, PackageAdding *adding) const
 {
     const PackageInfoPtr present = m_context.packages.find(PackageKey::of(*package));
     if (!present)
         return false;
     AddedFile file = adding->fileAt(present->filePath());
+    file.origin.clear();
     const ErrorCode result = adding->replace(&file, *present);
     return result == SUCCESS || result == PACKAGE_GPGERROR;
 }

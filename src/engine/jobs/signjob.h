@@ -24,5 +24,5 @@ public:
 private:
     JobContext &m_context;
 
-    bool signPackage(const PackageInfoPtr &package, PackageAdding *adding);
+    bool signPackage(const PackageInfoPtr &package, PackageAdding *adding) const;
 };

@@ -3,36 +3,46 @@
 
 #include "engine/changes/exportsession.h"
 #include "engine/changes/jobcontext.h"
-#include "engine/changes/packagebackup.h"
+#include "engine/history/pointcommit.h"
+#include "engine/history/runningpoint.h"
+#include "engine/recovery/databaseview.h"
+#include "engine/recovery/earlierbackups.h"
+#include "engine/recovery/packagerefresh.h"
+#include "engine/recovery/pointrestore.h"
 #include "engine/recovery/poolleftovers.h"
-#include "engine/recovery/replacedpackages.h"
-#include "engine/repository/packagelisting.h"
+#include "engine/repository/distributionsfile.h"
 #include "engine/repository/repositoryinspection.h"
-#include "engine/reprepro/databasecopy.h"
 #include "engine/reprepro/repolock.h"
 #include "engine/reprepro/repreproanswers.h"
 #include "engine/reprepro/repreprocommands.h"
-#include "files/removetree.h"
-#include "signing/signedpackages.h"
+#include "files/renamepath.h"
 
 #include <QFile>
 #include <QScopeGuard>
-#include <QSet>
-
-#include <optional>
 
 namespace
 {
 bool isUnfinished(const QString &repoPath)
 {
-    return DatabaseCopy::exists(repoPath) || ExportSession::isExportOwed(repoPath)
-           || !PackageBackup::leftovers(repoPath).isEmpty();
+    return RunningPoint::exists(repoPath) || ExportSession::isExportOwed(repoPath)
+           || !EarlierBackups::folders(repoPath).isEmpty();
+}
+
+/** Earlier versions of this program kept the description only when a job changed it, and never index files. */
+void adoptEarlierDescription(const QString &repoPath)
+{
+    const QString file = RunningPoint::folder(repoPath) + QLatin1String("/distributions");
+    renamePath(file + QLatin1String(".done"), file);
+    const auto kept = RunningPoint::description(repoPath);
+    if (kept && RunningPoint::indicesFolder(repoPath).isEmpty() && !RunningPoint::isElsewhere(repoPath))
+        RunningPoint::setChangesDescription(repoPath, *kept);
 }
 } // namespace
 
 bool JobRecovery::mayRun(const QString &repoPath)
 {
-    if (!isUnfinished(repoPath) && !DatabaseCopy::isUnfinished(repoPath))
+    if (!isUnfinished(repoPath) && !RunningPoint::isUnfinished(repoPath)
+        && !DatabaseView::hasLeftovers(repoPath))
         return false;
     if (!m_context.lock.take(repoPath)) {
         m_context.errors.critical(
@@ -42,13 +52,15 @@ bool JobRecovery::mayRun(const QString &repoPath)
     const bool isOwn = RepositoryInspection::belongsToUser(repoPath);
     // The job that had the lock may have finished meanwhile.
     if (!isUnfinished(repoPath)) {
-        if (isOwn)
-            DatabaseCopy::drop(repoPath);
+        if (isOwn) {
+            RunningPoint::drop(repoPath);
+            DatabaseView::removeLeftovers(repoPath);
+        }
         return false;
     }
     // A job that ends takes all three away, also when it could not write the indices.
-    m_isInterrupted = DatabaseCopy::exists(repoPath) || DatabaseCopy::isLost(repoPath)
-                      || !PackageBackup::leftovers(repoPath).isEmpty();
+    m_isInterrupted = RunningPoint::exists(repoPath) || RunningPoint::isLost(repoPath)
+                      || !EarlierBackups::folders(repoPath).isEmpty();
     const QString question
         = m_isInterrupted
               ? tr("A job on the repository %1 was interrupted. It belongs to another user. "
@@ -84,10 +96,12 @@ void JobRecovery::begin(const QString &repoPath)
         m_context.lock.release();
         return;
     }
-    if (!DatabaseCopy::description(repoPath) || RepoLock::state(repoPath) == RepoLock::State::Held)
+    if (!RunningPoint::exists(repoPath) || PointCommit::isPending(repoPath))
         return;
-    DatabaseCopy::condemn(repoPath);
-    DatabaseCopy::putDescriptionBack(repoPath);
+    adoptEarlierDescription(repoPath);
+    if (!RunningPoint::changesDescription(repoPath) || RepoLock::state(repoPath) == RepoLock::State::Held)
+        return;
+    PointRestore::putDescriptionBack(repoPath);
     m_context.gate.forget();
     const Admission &admission = m_context.gate.admit(repoPath);
     m_mayRun = admission.isGranted();
@@ -118,11 +132,10 @@ bool JobRecovery::run()
         return false;
     const auto unlocked = qScopeGuard([this] { m_context.lock.release(); });
     const QString path = m_context.path();
-    const bool hasCopy = DatabaseCopy::exists(path);
-    if (DatabaseCopy::isLost(path)) {
+    if (RunningPoint::isLost(path)) {
         if (!mayGiveUpLostCopy())
             return false;
-        DatabaseCopy::drop(path);
+        RunningPoint::drop(path);
     }
     // A large repository takes seconds. After a stop the interface shows no new message.
     const QString words = m_isInterrupted ? tr("Recovering repository after an interrupted job")
@@ -131,50 +144,67 @@ bool JobRecovery::run()
         Q_EMIT m_context.listener.noted(words);
     else
         m_context.progress.announce(words);
-    const bool undoesChange = DatabaseCopy::description(path).has_value();
-    // The restoring below ends with indices that are right, and that takes the marker away.
-    const QStringList files = ExportSession::filesLeft(path);
-    if (hasCopy && m_database.isDamaged(files)) {
-        if (!m_database.putBack())
+    DatabaseView::removeLeftovers(path);
+    PointCommit::finish(path);
+    if (RunningPoint::exists(path)) {
+        if (!rollBack())
             return false;
-        if (undoesChange)
-            m_context.errors.critical(
-                tr("An earlier change of the repository was interrupted and has been undone. "
-                   "Do it again if it is still wanted."),
-                QString(),
-                RepoEnums::WARNING);
-        else
-            m_database.tellOfDamage();
+    } else {
+        PointCommit::giveUp(path);
     }
-    const QStringList kept = ReplacedPackages(m_context).putBack();
-    std::optional<ProcessResult> repair;
-    if (ExportSession::isExportOwed(path))
-        repair = repairPutBack(files);
-    if (repair && !repair->succeeded() && hasCopy && ReproAnswer::databaseTroubled(repair->errorOutput)
-        && m_database.putBack()) {
-        m_database.tellOfDamage();
-        repair = repairPutBack(files);
-    }
-    const bool isRepaired = !repair || repair->succeeded();
-    if (isRepaired)
-        DatabaseCopy::drop(path);
-    else
-        tellOfOldIndices(repair->errorOutput);
-    if (!kept.isEmpty())
+    const QStringList backups = EarlierBackups::putBack(m_context);
+    if (!backups.isEmpty())
         m_context.errors.critical(
             tr("An earlier job was interrupted while it replaced a package. The replaced files are kept "
                "in %1; add them again if they are missing.")
-                .arg(kept.first()),
+                .arg(backups.first()),
             QString(),
             RepoEnums::WARNING);
-    return isRepaired;
+    if (!ExportSession::isExportOwed(path))
+        return true;
+    const ProcessResult repaired = repair();
+    if (!repaired.succeeded())
+        tellOfOldIndices(repaired.errorOutput);
+    return repaired.succeeded();
 }
 
-ProcessResult JobRecovery::repair(const QStringList &filesLeft)
+bool JobRecovery::rollBack()
+{
+    const bool undoesChange = RunningPoint::changesDescription(m_context.path());
+    PointRestore restore(m_context);
+    m_isPutBack = true;
+    if (!restore.run())
+        return false;
+    if (restore.wasDamaged() && !undoesChange)
+        tellOfDamage();
+    else
+        m_context.errors.critical(
+            tr("An earlier change of the repository was interrupted and has been undone. "
+               "Do it again if it is still wanted."),
+            QString(),
+            RepoEnums::WARNING);
+    return true;
+}
+
+void JobRecovery::tellOfDamage()
+{
+    // The damaged database is kept aside only where the disk has room for both.
+    const QString aside = RunningPoint::asideFolder(m_context.path());
+    m_context.errors.critical(
+        tr("The database of the repository was damaged while a job changed it. It was put back "
+           "as it was before, and what the job had done is undone. Make room on the disk, and "
+           "do it again."),
+        QFile::exists(aside) ? aside : QString());
+}
+
+ProcessResult JobRecovery::repair()
 {
     const QString path = m_context.path();
+    const QStringList files = ExportSession::filesLeft(path);
+    if (RepoLock::state(path) != RepoLock::State::Held)
+        RepoLock::removeUnfinishedFiles(path);
     PoolLeftovers leftovers(m_context);
-    leftovers.removeMissing(filesLeft + ExportSession::filesLeft(path));
+    leftovers.removeMissing(files);
     // A file that has lost its reference would be deleted with the files that no package needs.
     ProcessResult result = m_context.reprepro.run(ReproCommand::rereference());
     if (!result.succeeded())
@@ -182,76 +212,42 @@ ProcessResult JobRecovery::repair(const QStringList &filesLeft)
     result = m_context.reprepro.run(ReproCommand::exportIndices());
     // Where the disk has no room for the indices, the files of packages that the job has taken out make room.
     if (!result.succeeded() && ReproAnswer::diskFull(result.errorOutput)) {
-        leftovers.drop(filesLeft + ExportSession::filesLeft(path));
+        leftovers.drop(files);
         result = m_context.reprepro.run(ReproCommand::exportIndices());
     }
     if (!result.succeeded())
         return result;
     // Not earlier: the old indices may have named these files.
-    leftovers.drop(filesLeft + ExportSession::filesLeft(path));
-    ExportSession::clearMarker(path);
-    return result;
-}
-
-ProcessResult JobRecovery::repairPutBack(const QStringList &filesLeft)
-{
-    const QStringList files = filesLeft + m_database.goneFiles();
-    ProcessResult result = repair(files);
-    // On a full disk the database that was replaced takes the room.
-    const QString aside = DatabaseCopy::asideFolder(m_context.path());
-    if (!result.succeeded() && m_database.isPutBack() && QFile::exists(aside) && removeTree(aside))
-        result = repair(files);
+    const bool areDropped = leftovers.drop(files, PoolLeftovers::Keep);
+    if (!RunningPoint::exists(path))
+        PointCommit::giveUp(path);
+    // On a full disk files can stay, and the marker names them.
+    if (areDropped)
+        ExportSession::clearMarker(path);
     return result;
 }
 
 bool JobRecovery::undoJob()
 {
     const QString path = m_context.path();
-    const QStringList files = ExportSession::filesLeft(path);
-    if (!DatabaseCopy::exists(path) || !m_database.isDamaged(files))
+    if (!RunningPoint::exists(path) || PointCommit::isPending(path))
         return false;
-    if (m_database.putBack()) {
-        m_database.tellOfDamage();
-        ReplacedPackages(m_context).putBack();
-        if (repairPutBack(files).succeeded())
-            DatabaseCopy::drop(path);
-        showAnew(files);
-    }
+    const QStringList files = ExportSession::filesLeft(path);
+    PointRestore restore(m_context);
+    if (!restore.run())
+        return true;
+    if (restore.wasDamaged())
+        tellOfDamage();
+    else
+        m_context.errors.critical(tr("The job could not be brought to an end. What it had done is undone. "
+                                     "Do it again if it is still wanted."));
+    PackageRefresh::show(m_context, files);
     return true;
 }
 
-bool JobRecovery::undoChange()
+void JobRecovery::undoChange()
 {
-    const QString path = m_context.path();
-    const bool wasDamaged = DatabaseCopy::isCondemned(path);
-    DatabaseCopy::setDescriptionDue(path);
-    if (!m_database.putBack())
-        return false;
-    if (wasDamaged)
-        m_database.tellOfDamage();
-    return repairPutBack({}).succeeded();
-}
-
-void JobRecovery::showAnew(const QStringList &filesLeft)
-{
-    PackageList &shown = m_context.packages;
-    const QList<PackageInfoPtr> old = shown.all();
-    QList<PackageInfoPtr> now = listPackages(m_context.path(), m_context.repository.info());
-    sortPackages(&now);
-    SignedPackages(SignedPackages::packagesConfPath(m_context.path())).mark(&now);
-    QSet<PackageKey> unchanged;
-    for (const PackageInfoPtr &package : old) {
-        if (!filesLeft.contains(package->filePath().mid(m_context.path().size() + 1))) {
-            unchanged.insert(PackageKey::of(*package));
-            continue;
-        }
-        shown.take(PackageKey::of(*package));
-        Q_EMIT m_context.listener.packageRemoved(package);
-    }
-    for (const PackageInfoPtr &package : qAsConst(now)) {
-        if (unchanged.contains(PackageKey::of(*package)))
-            continue;
-        shown.append(package);
-        Q_EMIT m_context.listener.packageAdded(package);
-    }
+    PointRestore restore(m_context);
+    if (restore.run() && restore.wasDamaged())
+        tellOfDamage();
 }

@@ -2,7 +2,8 @@
 #include "engine/recovery/poolleftovers.h"
 
 #include "engine/changes/jobcontext.h"
-#include "engine/recovery/databaserestore.h"
+#include "engine/history/keptfiles.h"
+#include "engine/repository/distributionsfile.h"
 #include "engine/reprepro/configfolder.h"
 #include "engine/reprepro/poolfiles.h"
 #include "engine/reprepro/repreprocommands.h"
@@ -17,6 +18,13 @@
 
 namespace
 {
+/** The code name of the description on the disk, which can be an older one than the engine knows. */
+QString codenameOf(const JobContext &context)
+{
+    const auto info = DistributionsFile(context.path()).read();
+    return info ? info->codename : context.repository.info().codename;
+}
+
 /** What apt calls a file of the pool while it writes it: the name, a dot, and six letters or digits. */
 QStringList unfinishedCopies(const QString &repoPath, const QString &file)
 {
@@ -41,7 +49,7 @@ void PoolLeftovers::removeMissing(const QStringList &files)
         files.cbegin(), files.cend(), [&](const QString &file) { return !QFile::exists(path + file); });
     if (!isMissing)
         return;
-    const QString distribution = DatabaseRestore::codename(m_context);
+    const QString distribution = codenameOf(m_context);
     const ProcessResult listed = m_context.reprepro.run(ReproCommand::listAllFiles(distribution));
     if (!listed.succeeded())
         return;
@@ -55,32 +63,34 @@ void PoolLeftovers::removeMissing(const QStringList &files)
     }
 }
 
-void PoolLeftovers::drop(const QStringList &files)
+bool PoolLeftovers::drop(const QStringList &files, Fate fate)
 {
     const QString path = m_context.path();
     if (files.isEmpty() || ConfigFolder(m_context.gate.admit(path).configFolder()).keepsUnreferencedFiles())
-        return;
+        return true;
     const auto areOurs
         = [&](const QString &file) { return files.contains(file) && PoolFiles::isInside(path, file); };
     const auto run = [this](const QString &arguments) { return m_context.reprepro.run(arguments); };
-    if (!PoolFiles::dropUnused(path, areOurs, run).succeeded())
-        return;
+    PoolFiles::Dropping dropping{run, areOurs};
+    if (fate == Keep && KeptFiles::areLinksPossible(path))
+        dropping.keep = [&](const QString &file) { return KeptFiles::link(path, file); };
+    if (!PoolFiles::dropUnused(path, dropping).succeeded())
+        return false;
 
     // A copy that was cut short is in no database.
     const ProcessResult known = m_context.reprepro.run(ReproCommand::listChecksums());
     if (!known.succeeded())
-        return;
-    const ProcessResult listed
-        = m_context.reprepro.run(ReproCommand::listAllFiles(DatabaseRestore::codename(m_context)));
+        return false;
+    const ProcessResult listed = m_context.reprepro.run(ReproCommand::listAllFiles(codenameOf(m_context)));
     if (!listed.succeeded())
-        return;
+        return false;
     const QHash<QString, QByteArray> checksums = ReproListing::checksums(known.output);
     QSet<QString> needed;
     for (const ReproListing::Package &package : ReproListing::packages(listed.output)) {
         // A run that died can have written its packages without their checksums.
         if (!checksums.contains(package.file) && !needed.contains(package.file)
             && QFile::exists(path + QLatin1Char('/') + package.file))
-            m_context.reprepro.run(ReproCommand::detect(package.file));
+            m_context.reprepro.run(ReproCommand::detect({package.file}));
         needed.insert(package.file);
     }
     for (const QString &file : files) {
@@ -93,4 +103,5 @@ void PoolLeftovers::drop(const QStringList &files)
         if (!checksums.contains(file) && !needed.contains(file))
             PoolFiles::remove(path, file);
     }
+    return true;
 }

@@ -4,7 +4,6 @@
 #include "engine/changes/exportsession.h"
 #include "engine/changes/jobcontext.h"
 #include "engine/recovery/jobrecovery.h"
-#include "engine/reprepro/databasecopy.h"
 #include "engine/reprepro/repreproanswers.h"
 
 #include <QScopeGuard>
@@ -20,12 +19,20 @@ bool SessionEnd::end(JobContext &context, ExportSession *session)
     if (session->isDisturbed() && recovery.undoJob())
         return false;
     const ProcessResult result = session->finish();
-    if (session->isDamaged() && recovery.undoJob())
+    if ((session->isDisturbed() || session->isDamaged()) && recovery.undoJob())
         return false;
     if (session->isDisturbed() && result.succeeded())
         recovery.repair();
-    if (session->isBegun())
-        DatabaseCopy::drop(context.path());
+    if (session->isBegun()) {
+        const QString trouble = session->commit(context.history.record(context.packages.all()));
+        if (!trouble.isEmpty())
+            context.errors.critical(tr("The change is done, but the history could not note it. It cannot be "
+                                       "undone, and earlier states may lack its files."),
+                                    trouble,
+                                    RepoEnums::WARNING);
+        // A further session of the job has a record of its own.
+        context.history.begin(context.packages.all(), context.progress.startMessage());
+    }
     // Reprepro has told already of a run that could not start or crashed.
     if (result.succeeded() || !result.started || result.crashed())
         return true;

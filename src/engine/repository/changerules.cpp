@@ -83,6 +83,6 @@ QByteArray RepoChange::bridge(const QByteArray &old) const
     RepoInfo both = after;
     both.architectures = united(before.architectures, after.architectures);
     both.components = united(before.components, after.components);
-    const QByteArray text = Distributions::text(both).toLocal8Bit();
+    const QByteArray text = Distributions::text(both).toUtf8();
     return isRenaming() ? old + "\n\n" + text : text;
 }

@@ -12,10 +12,11 @@ namespace Distributions
 /** The initial description of a new repository for this release; the code name may be empty. */
 RepoInfo repoInfoForCodename(const QString &codename);
 
-/** The text of conf/distributions for a description. */
+/** The text of conf/distributions for a description. Of its other lines, those that reprepro accepts with it. */
 QString text(const RepoInfo &info);
 
-/** Parses a description; `name` is the display name of the repository. Missing fields stay empty. */
+/** Parses a description; `name` is the display name of the repository. Missing fields stay empty or at their
+ *  default. */
 RepoInfo parse(const QString &text, const QString &name);
 
 /**
@@ -24,11 +25,20 @@ RepoInfo parse(const QString &text, const QString &name);
  */
 QString fieldValue(const QStringList &lines, const QString &fieldName);
 
-/** The lines that RepoInfo cannot hold. Rewriting the file loses them. */
-QStringList foreignLines(const QString &text);
+/**
+ * The lines of `text` that the new description does not have any more: reprepro would not accept them together with it,
+ * or they are not in its otherLines.
+ */
+QStringList lostLines(const QString &text, const RepoInfo &after);
 
-/** Whether rewriting the file loses the value of this field. */
-bool losesField(const QString &text, const QString &fieldName);
+/** Whether the new description lacks a line of `text` with this field. */
+bool losesField(const QString &text, const RepoInfo &after, const QString &fieldName);
+
+/** The value of this field, which may continue on further lines. The case of the name does not matter. */
+QString wholeValue(const QString &text, const QString &fieldName);
+
+/** The description without its signature, also without one that RepoInfo cannot hold. */
+RepoInfo unsignedInfo(RepoInfo info);
 
 /**
  * The first line that affects the components or architectures and that parse() does not read: a continuation line of a

@@ -31,16 +31,15 @@ std::optional<QByteArray> DistributionsFile::readBytes() const
 
 RepoInfo DistributionsFile::parsed(const QByteArray &bytes) const
 {
-    return Distributions::parse(QString::fromLocal8Bit(bytes),
-                                QFileInfo(QDir::cleanPath(m_repoPath)).fileName());
+    return Distributions::parse(QString::fromUtf8(bytes), QFileInfo(QDir::cleanPath(m_repoPath)).fileName());
 }
 
 bool DistributionsFile::write(const RepoInfo &info) const
 {
     const auto old = readBytes();
-    if (old && !Distributions::foreignLines(QString::fromLocal8Bit(*old)).isEmpty() && !keep(*old))
+    if (old && !Distributions::lostLines(QString::fromUtf8(*old), info).isEmpty() && !keep(*old))
         return false;
-    return restore(Distributions::text(info).toLocal8Bit());
+    return restore(Distributions::text(info).toUtf8());
 }
 
 QString DistributionsFile::keptAs(const QByteArray &bytes) const

@@ -23,7 +23,7 @@ public:
     /** Name of the file in which write() keeps these bytes, in the same folder. */
     QString keptAs(const QByteArray &bytes) const;
     /**
-     * Replaces the file atomically. If the old text contains more than our own fields, it is kept in the same folder as
+     * Replaces the file atomically. If lines of the old text are lost, it is kept in the same folder as
      * distributions.orig, or with a number after this name. False when the file cannot be written; then the old file
      * stays.
      */

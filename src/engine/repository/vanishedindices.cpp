@@ -48,12 +48,14 @@ void relinkSuites(const QString &repoPath, const QString &from, const QString &t
 /** Deletes the Contents files of all architectures or of one; `folder` is below dists. */
 void removeContents(const QString &repoPath, const QString &folder, const QString &architecture = {})
 {
-    const QString ending
-        = (architecture.isEmpty() ? QStringLiteral("*") : architecture) + QLatin1String(".gz");
+    const QString of = architecture.isEmpty() ? QStringLiteral("*") : architecture;
+    QStringList names;
+    // The last start is that of links that reprepro makes to the first component.
+    for (const char *start : {"Contents-", "Contents-udeb-", "sContents-"})
+        for (const char *compression : {"", ".gz", ".bz2", ".xz"})
+            names.append(QLatin1String(start) + of + QLatin1String(compression));
     const QStringList files
-        = QDir(repoPath + QLatin1String("/dists/") + folder)
-              .entryList({QLatin1String("Contents-") + ending, QLatin1String("Contents-udeb-") + ending},
-                         QDir::Files | QDir::System);
+        = QDir(repoPath + QLatin1String("/dists/") + folder).entryList(names, QDir::Files | QDir::System);
     for (const QString &file : files)
         removeIndices(repoPath, folder, file);
 }
@@ -78,9 +80,13 @@ void removeVanishedIndices(const QString &repoPath, const RepoInfo &before, cons
     const QString distribution = before.codename + QLatin1Char('/');
     const QStringList oldComponents = before.componentList();
     const QStringList oldArchitectures = before.architectureList();
-    // Depending on its options, reprepro writes them to this folder too.
-    if (!after.contents)
+    // What is still wanted is written anew. Depending on its options, reprepro writes them to this folder too.
+    const bool dropsContents = !after.contents || before.contentsChoices != after.contentsChoices;
+    if (dropsContents)
         removeContents(repoPath, distribution);
+    for (const QString &architecture : oldArchitectures)
+        if (!architectures.contains(architecture))
+            removeContents(repoPath, distribution, architecture);
     for (const QString &component : oldComponents) {
         if (!components.contains(component)) {
             removeIndices(repoPath, distribution, component);
@@ -89,7 +95,7 @@ void removeVanishedIndices(const QString &repoPath, const RepoInfo &before, cons
         if (!isChildName(component))
             continue;
         const QString folder = distribution + component + QLatin1Char('/');
-        if (!after.contents)
+        if (dropsContents)
             removeContents(repoPath, folder);
         for (const QString &architecture : oldArchitectures) {
             if (architectures.contains(architecture))

@@ -82,7 +82,7 @@ bool ConfigFolder::hasField(const QString &field) const
     const auto text = description();
     if (!text)
         return true;
-    const QStringList lines = QString::fromLocal8Bit(*text).split(QLatin1Char('\n'));
+    const QStringList lines = QString::fromUtf8(*text).split(QLatin1Char('\n'));
     // reprepro does not mind the case of a name, nor where the value begins, and reads further files.
     return std::any_of(lines.cbegin(), lines.cend(), [&field](const QString &line) {
         return line.startsWith(QLatin1Char('!'))

@@ -4,7 +4,7 @@
 #include <QString>
 
 /**
- * A folder on another disk for the copy of a database (DatabaseCopy), used when the repository's own disk is too full.
+ * A folder on another disk for the copy of a database (RunningPoint), used when the repository's own disk is too full.
  * The number of the folder is in the name of an empty file in the database. So a program that opens the repository
  * after a kill finds the folder. A record in the folder names its database. Only the user can access the folder.
  */

@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cerrno>
 
 #include <fcntl.h>
@@ -23,23 +24,27 @@ bool isNameInPool(const QString &file)
 }
 } // namespace
 
-ProcessResult PoolFiles::dropUnused(const QString &repoPath,
-                                    const std::function<bool(const QString &)> &areOurs,
-                                    const std::function<ProcessResult(const QString &)> &run)
+ProcessResult PoolFiles::dropUnused(const QString &repoPath, const Dropping &dropping)
 {
-    ProcessResult result = run(ReproCommand::dumpUnreferenced());
+    ProcessResult result = dropping.run(ReproCommand::dumpUnreferenced());
     if (!result.succeeded())
         return result;
     const QStringList unused = result.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     QStringList toDelete;
     for (const QString &file : unused)
-        if (areOurs(file))
+        if (dropping.areOurs(file))
             toDelete.append(file);
+    // A run that was cut short has deleted files that the database still knows.
+    const auto isKeptOrGone = [&](const QString &file) {
+        return !QFileInfo::exists(repoPath + QLatin1Char('/') + file) || dropping.keep(file);
+    };
+    if (dropping.keep && !std::all_of(toDelete.cbegin(), toDelete.cend(), isKeptOrGone))
+        return {};
     if (!toDelete.isEmpty() && toDelete.size() == unused.size())
-        return run(ReproCommand::deleteUnreferenced());
+        return dropping.run(ReproCommand::deleteUnreferenced());
     for (int first = 0; first < toDelete.size() && result.succeeded(); first += FilesInARun) {
         const QStringList some = toDelete.mid(first, FilesInARun);
-        result = run(ReproCommand::forget(some));
+        result = dropping.run(ReproCommand::forget(some));
         // Deletes the files only after reprepro has forgotten them.
         for (const QString &file : some)
             if (result.succeeded())

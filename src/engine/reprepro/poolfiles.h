@@ -10,14 +10,22 @@
 /** Deletes files from the pool of a repository. */
 namespace PoolFiles
 {
+/** What dropUnused() works with. The functions receive paths below the repository. */
+struct Dropping
+{
+    std::function<ProcessResult(const QString &arguments)> run; ///< runs reprepro
+    std::function<bool(const QString &file)> areOurs; ///< whether an unused file may be deleted
+    /** Called for each file that exists before any is deleted. When it returns false, nothing is deleted. May be
+     *  missing. */
+    std::function<bool(const QString &file)> keep = {};
+};
+
 /**
- * Deletes the files that no package needs and for which `areOurs` returns true; it receives paths below the repository.
- * Other unused files in the pool belong to somebody else. Returns the last run of reprepro; after a failed run, files
- * are left.
+ * Deletes the files that no package needs and that are ours. Other unused files in the pool belong to somebody else.
+ * Returns the last run of reprepro; after a failed run, files are left. The result says that it has not started, when
+ * a file could not be kept.
  */
-ProcessResult dropUnused(const QString &repoPath,
-                         const std::function<bool(const QString &file)> &areOurs,
-                         const std::function<ProcessResult(const QString &arguments)> &run);
+ProcessResult dropUnused(const QString &repoPath, const Dropping &dropping);
 
 /**
  * Whether `file`, a path below the repository, is in the pool, and no existing folder between the pool and the file is

@@ -1,12 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/reprepro/repolock.h"
 
+#include "files/descriptor.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include <algorithm>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace
 {
@@ -48,9 +53,28 @@ RepoLock::State RepoLock::state(const QString &repoPath)
     return QFile::exists(lockFile(repoPath)) ? state : State::Free;
 }
 
+bool RepoLock::take(const QString &repoPath)
+{
+    return Descriptor(::open(QFile::encodeName(lockFile(repoPath)).constData(),
+                             O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                             S_IRUSR | S_IWUSR))
+        .isOpen();
+}
+
 bool RepoLock::remove(const QString &repoPath)
 {
     return QFile::remove(lockFile(repoPath));
+}
+
+void RepoLock::removeUnfinishedFiles(const QString &repoPath)
+{
+    // Berkeley DB creates a file as "__db.NAME" and renames it when its first page is written. The others are ours.
+    QDir database(repoPath + QLatin1String("/db"));
+    const QStringList files = database.entryList(
+        {QStringLiteral("__db.*"), QStringLiteral("*.velt-new"), QStringLiteral("velt-admin-repo.link")},
+        QDir::Files | QDir::System | QDir::Hidden);
+    for (const QString &file : files)
+        database.remove(file);
 }
 
 QString RepoLock::busyText(const QString &repoPath)

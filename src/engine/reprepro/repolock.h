@@ -18,6 +18,11 @@ enum class State {
 State state(const QString &repoPath);
 /** The error of a job that cannot work on the repository, because another program does. */
 QString busyText(const QString &repoPath);
-/** Deletes the lock. Call it only after state() was Stale and the user has agreed. */
+/** Creates the lock, as reprepro does. False when somebody has it. remove() gives it back. */
+bool take(const QString &repoPath);
+/** Deletes the lock. Otherwise than after take(), call it only after state() was Stale and the user has agreed. */
 bool remove(const QString &repoPath);
+/** Deletes files that a killed program was just creating in the database: the next reprepro would wait for its own for
+ *  ever. Call it only while no program has the database open. */
+void removeUnfinishedFiles(const QString &repoPath);
 } // namespace RepoLock

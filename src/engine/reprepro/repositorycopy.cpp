@@ -18,6 +18,21 @@
 #include <sys/file.h>
 #include <unistd.h>
 
+namespace
+{
+/** Whether two names can stand for one file in this folder, as they do in the restore points. */
+bool hasLinks(const QString &folder)
+{
+    const QByteArray file = QFile::encodeName(folder + QLatin1String("/file"));
+    const QByteArray link = QFile::encodeName(folder + QLatin1String("/link"));
+    const bool isLinked = QFile(QFile::decodeName(file)).open(QIODevice::WriteOnly)
+                          && ::link(file.constData(), link.constData()) == 0;
+    ::unlink(file.constData());
+    ::unlink(link.constData());
+    return isLinked;
+}
+} // namespace
+
 RepositoryCopy::RepositoryCopy(QString from, const QString &to)
     : m_from(std::move(from))
     , m_to(to)
@@ -54,10 +69,14 @@ bool RepositoryCopy::make(const std::function<bool()> &stopped, const std::funct
     m_database = databaseState();
     const auto printed
         = [&stepsDone](const QByteArray &output) { stepsDone(static_cast<int>(output.count('\n'))); };
-    // Keeps links and times, and also owners if permitted.
+    // Keeps links and times, and also owners if permitted. Where there are no hard links, files with several names are
+    // copied several times.
     ProcessCall copy;
     copy.program = QStringLiteral("cp");
-    copy.arguments = QStringList{QStringLiteral("-avT"), QStringLiteral("--"), m_from, m_partial};
+    copy.arguments = QStringList{QStringLiteral("-avT")};
+    if (!hasLinks(m_partial))
+        copy.arguments << QStringLiteral("--no-preserve=links");
+    copy.arguments << QStringLiteral("--") << m_from << m_partial;
     copy.stopped = stopped;
     copy.printed = printed;
     ProcessCall sync;

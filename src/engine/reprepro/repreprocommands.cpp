@@ -27,6 +27,21 @@ QString filtered(const QString &codename, const QString &filter)
     return QLatin1String(" listfilter ") + ReproCommand::quoted(codename) + QLatin1String(" \"")
            + escaped(filter) + QLatin1Char('"');
 }
+/** Each of them after a blank. */
+QString words(const QStringList &files)
+{
+    QString text;
+    for (const QString &file : files)
+        text += QLatin1Char(' ') + ReproCommand::quoted(file);
+    return text;
+}
+
+QString inDatabase(const QString &folder, const QString &arguments)
+{
+    // The database can be older than the description of the repository.
+    return QStringLiteral("--ignore=undefinedtarget --dbdir %1 %2")
+        .arg(ReproCommand::quoted(folder), arguments);
+}
 } // namespace
 
 QString ReproCommand::quoted(const QString &word)
@@ -80,15 +95,17 @@ QString ReproCommand::dumpUnreferenced()
 
 QString ReproCommand::forget(const QStringList &poolFiles)
 {
-    QString arguments = QStringLiteral(" _forget");
-    for (const QString &file : poolFiles)
-        arguments += QLatin1Char(' ') + quoted(file);
-    return arguments;
+    return QStringLiteral(" _forget") + words(poolFiles);
 }
 
 QString ReproCommand::dumpReferences()
 {
     return QStringLiteral(" dumpreferences");
+}
+
+QString ReproCommand::dumpReferencesIn(const QString &databaseFolder)
+{
+    return inDatabase(databaseFolder, dumpReferences());
 }
 
 QString ReproCommand::update(const QString &codename, const QString &listsFolder)
@@ -101,14 +118,19 @@ QString ReproCommand::rereference()
     return QStringLiteral(" rereference");
 }
 
-QString ReproCommand::detect(const QString &poolFile)
+QString ReproCommand::detect(const QStringList &poolFiles)
 {
-    return QStringLiteral(" _detect %1").arg(quoted(poolFile));
+    return QStringLiteral(" _detect") + words(poolFiles);
 }
 
 QString ReproCommand::listChecksums()
 {
     return QStringLiteral(" _listchecksums");
+}
+
+QString ReproCommand::listChecksumsIn(const QString &databaseFolder)
+{
+    return inDatabase(databaseFolder, listChecksums());
 }
 
 QString ReproCommand::remove(const QString &codename,
@@ -149,6 +171,11 @@ QString ReproCommand::include(const QString &codename, const PackageInfo &record
     return arguments;
 }
 
+QString ReproCommand::keepingUnreferenced()
+{
+    return QStringLiteral("--keepunreferencedfiles ");
+}
+
 QString ReproCommand::defaultPriority()
 {
     // Verbose, so that the log shows the priority. The option -P takes the next word, whatever it is.
@@ -186,7 +213,5 @@ QString ReproCommand::listAllFiles(const QString &codename)
 
 QString ReproCommand::listAllFilesIn(const QString &databaseFolder, const QString &codename)
 {
-    // The database can be older than the description of the repository.
-    return QStringLiteral("--ignore=undefinedtarget --dbdir %1 %2")
-        .arg(quoted(databaseFolder), listAllFiles(codename));
+    return inDatabase(databaseFolder, listAllFiles(codename));
 }

@@ -35,6 +35,8 @@ QString dumpUnreferenced();
 QString forget(const QStringList &poolFiles);
 /** Lists the files that packages need, as "distribution|component|architecture file". */
 QString dumpReferences();
+/** The same for a database in another folder, which must be whole. */
+QString dumpReferencesIn(const QString &databaseFolder);
 
 /**
  * Removes packages. `type` restricts the removal to packages of this type. Set it only when the repository has the
@@ -58,11 +60,17 @@ QString update(const QString &codename, const QString &listsFolder);
 /** Computes again which files the packages need. */
 QString rereference();
 
-/** Adds a file that is in the pool to the database. */
-QString detect(const QString &poolFile);
+/** Adds files that are in the pool to the database. */
+QString detect(const QStringList &poolFiles);
 
 /** Lists all files in the database with their checksums, one on each line. */
 QString listChecksums();
+
+/** Prefix for a change that leaves the pool files that it takes out. */
+QString keepingUnreferenced();
+
+/** The same for a database in another folder, which must be whole. */
+QString listChecksumsIn(const QString &databaseFolder);
 
 /** Prefix for an include of a package without a priority of its own. */
 QString defaultPriority();

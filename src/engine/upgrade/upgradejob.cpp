@@ -1,15 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/upgrade/upgradejob.h"
 
+#include "apt/aptcommands.h"
 #include "apt/aptutils.h"
 #include "apt/privateapt.h"
 #include "apt/versionorder.h"
 #include "core/packagenames.h"
 #include "engine/changes/addedfile.h"
+#include "engine/changes/decidedplaces.h"
 #include "engine/changes/jobframe.h"
 #include "engine/changes/jobpreconditions.h"
 #include "engine/changes/runsize.h"
 #include "engine/jobs/packageadding.h"
+#include "engine/upgrade/localfiles.h"
 #include "engine/upgrade/packagefetch.h"
 #include "engine/upgrade/upgradeoffers.h"
 #include "files/freespace.h"
@@ -57,6 +60,19 @@ struct UpgradeJob::Run
     {
         return UpgradeRules::isOffered(package, records.value(package.name));
     }
+    /** The package's file, when it can be read in its source; else nothing. */
+    LocalFile localFile(const UpgradablePackage &package) const
+    {
+        if (!adding.canShareRuns() || !adding.readsForIndex())
+            return {};
+        const LocalFile file = UpgradeRules::localFile(package, records.value(package.name));
+        return LocalFiles::suits(file) ? file : LocalFile();
+    }
+    /** Whether the file lies in its source, and is not in our folder. */
+    bool isInPlace(const PackageFile &file) const
+    {
+        return !file.path.isEmpty() && !file.path.startsWith(folder + QLatin1Char('/'));
+    }
 };
 
 /** Groups whose files are fetched with one run of apt. */
@@ -65,11 +81,14 @@ struct UpgradeJob::Block
     QVector<QVector<UpgradablePackage>> groups;
     QVector<int> places = {}; ///< of the fetched files' groups
     std::unique_ptr<PackageFetch> fetch = nullptr; ///< null when each file is fetched alone
+    QVector<int> localPlaces = {}; ///< of the groups of the files that are read in place
+    std::unique_ptr<LocalFiles> local = nullptr; ///< these files
 };
 
 int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions &options)
 {
     JobFrame frame(m_context, tr("Upgrading repo"));
+    m_decided = options.decided;
     const auto end
         = [&frame](int result, const QString &message) { return frame.finish(result, message, UPGRADE_JOB); };
     const auto groups = UpgradeRules::byFile(packagesToUpgrade(packages));
@@ -95,10 +114,12 @@ int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions
     if (ready == ERROR)
         return end(ERROR, failure);
     run.stopped = ready == CANCEL;
-    // From a slow server the files come one by one, and the progress moves with each.
-    RunSize size(RunSize::Smallest, 1);
     if (groups.size() > 1)
         adding.startSilently();
+    // From a slow server the files come one by one, and the progress moves with each. Small files that are here already
+    // need no such care.
+    const bool isNear = !run.localFile(groups.first().first()).path.isEmpty();
+    RunSize size(isNear ? 4 * RunSize::Smallest : RunSize::Smallest, 1);
     Block block = run.stopped ? Block() : begin(groups.mid(0, size.packages()), &run);
     for (int first = 0; !block.groups.isEmpty() && !run.stopped && !adding.isDamaged();) {
         first += block.groups.size();
@@ -173,7 +194,7 @@ bool UpgradeJob::mustStop()
 }
 
 void UpgradeJob::upgradeTogether(const QVector<QVector<UpgradablePackage>> &groups,
-                                 const QVector<PackageFile> &files,
+                                 QVector<PackageFile> files,
                                  Run *run)
 {
     bool areIncluded = false;
@@ -184,7 +205,7 @@ void UpgradeJob::upgradeTogether(const QVector<QVector<UpgradablePackage>> &grou
         if (run->stopped && !isAhead)
             continue;
         if (!areIncluded && run->adding.canShareRuns()) {
-            includeTogether(groups.mid(i), files.mid(i), run);
+            includeTogether(groups, i, &files, run);
             areIncluded = true;
             if (run->adding.isDamaged())
                 return;
@@ -198,13 +219,22 @@ UpgradeJob::Block UpgradeJob::begin(const QVector<QVector<UpgradablePackage>> &g
 {
     Block block{groups};
     QVector<AptDownload> wanted;
+    QVector<LocalFile> local;
     for (int i = 0; i < groups.size(); ++i) {
         const UpgradablePackage &package = groups.at(i).first();
         if (!run->isOffered(package))
             continue;
+        const LocalFile file = run->localFile(package);
+        if (!file.path.isEmpty()) {
+            block.localPlaces.append(i);
+            local.append(file);
+            continue;
+        }
         block.places.append(i);
         wanted.append({package.name, package.newVersion, package.fetchArchitecture});
     }
+    if (!local.isEmpty())
+        block.local = std::make_unique<LocalFiles>(local, [this] { return m_context.control.isClosing(); });
     const QString folder = run->folder + QLatin1Char('/') + QString::number(++run->folders);
     if (wanted.size() > 1 && QDir().mkdir(folder))
         block.fetch = std::make_unique<PackageFetch>(run->offers.environment(), wanted, folder);
@@ -214,8 +244,24 @@ UpgradeJob::Block UpgradeJob::begin(const QVector<QVector<UpgradablePackage>> &g
 QVector<PackageFile> UpgradeJob::filesOf(const Block &block, Run *run)
 {
     QVector<PackageFile> files(block.groups.size());
-    if (!block.fetch || run->stopped)
-        return files;
+    if (block.local && !run->stopped) {
+        const QVector<PackageFile> local = block.local->wait();
+        for (int i = 0; i < local.size(); ++i) {
+            const int place = block.localPlaces.at(i);
+            const PackageFile file = checked(local.at(i), block.groups.at(place).first());
+            // apt says what is wrong with any other one.
+            if (file.package)
+                files[place] = file;
+        }
+    }
+    if (block.fetch && !run->stopped)
+        takeFetched(block, &files, run);
+    return files;
+}
+
+void UpgradeJob::takeFetched(const Block &block, QVector<PackageFile> *taken, Run *run)
+{
+    QVector<PackageFile> &files = *taken;
     const QVector<int> &places = block.places;
     const QStringList paths = block.fetch->wait([this, run] {
         run->stopped = run->stopped || mustStop();
@@ -250,23 +296,40 @@ QVector<PackageFile> UpgradeJob::filesOf(const Block &block, Run *run)
     const qint64 free = freeSpace(block.fetch->folder());
     if (isIncomplete && free >= 0 && free < bytes) {
         QDir(block.fetch->folder()).removeRecursively();
-        files.fill({});
+        for (const int i : qAsConst(places))
+            files[i] = {};
     }
-    return files;
 }
 
 void UpgradeJob::includeTogether(const QVector<QVector<UpgradablePackage>> &groups,
-                                 const QVector<PackageFile> &files,
+                                 int first,
+                                 QVector<PackageFile> *files,
                                  Run *run)
 {
-    QVector<BatchInclusion::Candidate> candidates;
-    for (int i = 0; i < groups.size(); ++i)
-        if (files.at(i).package)
-            candidates.append({files.at(i).path,
-                               recordsOf(files.at(i), groups.at(i)),
-                               files.at(i).control,
-                               files.at(i).checksums});
-    run->adding.replaceTogether(candidates);
+    const auto include = [&] {
+        QVector<BatchInclusion::Candidate> candidates;
+        for (int i = first; i < groups.size(); ++i) {
+            const PackageFile &file = files->at(i);
+            if (file.package && !run->adding.isAhead(file.path))
+                candidates.append({file.path,
+                                   recordsOf(file, groups.at(i)),
+                                   file.control,
+                                   file.checksums,
+                                   run->isInPlace(file)});
+        }
+        run->adding.replaceTogether(candidates);
+    };
+    include();
+    bool areCopied = false;
+    for (int i = first; i < groups.size() && !run->adding.isDamaged(); ++i) {
+        PackageFile &file = (*files)[i];
+        if (!run->isInPlace(file) || run->adding.isAhead(file.path))
+            continue;
+        file = LocalFiles::copy(file, run->folder);
+        areCopied = areCopied || file.package;
+    }
+    if (areCopied)
+        include();
 }
 
 void UpgradeJob::upgradeFrom(const QVector<UpgradablePackage> &group, const PackageFile &fetched, Run *run)
@@ -288,13 +351,30 @@ void UpgradeJob::upgradeFrom(const QVector<UpgradablePackage> &group, const Pack
                                       file.reason);
         return;
     }
-    AddedFile added{file.path, QFileInfo(file.path).fileName()};
-    for (const PackageInfo &record : recordsOf(file, group)) {
-        const ErrorCode result = run->adding.replace(&added, record);
+    // The user knows the file by the name that apt gives it.
+    const QString name = AptCommands::fileName(wanted.name, wanted.newVersion, file.package->architecture);
+    AddedFile added{file.path, name};
+    AddedFile copied{{}, name};
+    added.origin = copied.origin = wanted.source;
+    const auto records = recordsOf(file, group);
+    if (records.isEmpty() && m_decided) {
+        ++run->failed;
+        m_context.errors.critical(AptUtils::tr("Apt: download package %1 error").arg(wanted.name),
+                                  tr("It is not the package that the preview showed, so it was not added."));
+    }
+    for (const PackageInfo &record : records) {
+        // A shared run may have left some of the places.
+        const bool isLeft = run->isInPlace(file) && !run->adding.isAhead(file.path, record);
+        if (isLeft && copied.path.isEmpty())
+            copied.path = LocalFiles::copy(file, run->folder).path;
+        const ErrorCode result = run->adding.replace(isLeft ? &copied : &added, record);
         // When only the signature of the repository failed, the package is in. The end of the job tells of that.
         ++(result == SUCCESS || result == PACKAGE_GPGERROR ? run->upgraded : run->failed);
     }
-    QFile::remove(file.path);
+    if (!run->isInPlace(file))
+        QFile::remove(file.path);
+    if (!copied.path.isEmpty())
+        QFile::remove(copied.path);
 }
 
 PackageFile UpgradeJob::fetch(const UpgradablePackage &wanted, const Run &run)
@@ -323,7 +403,10 @@ QVector<PackageInfo> UpgradeJob::recordsOf(const PackageFile &file,
         record.poolFile = PackageNames::poolFile(record, file.package->architecture);
         records.append(record);
     }
-    return records;
+    if (!m_decided)
+        return records;
+    records = m_decided->wanted(records, file.path);
+    return m_decided->isExpected(records, file.path) ? records : QVector<PackageInfo>();
 }
 
 QList<PackageInfoPtr> UpgradeJob::replacedBy(const PackageFile &file,

@@ -9,6 +9,8 @@
 #include <QCoreApplication>
 #include <QVector>
 
+#include <memory>
+
 struct JobContext;
 class UpgradeSources;
 
@@ -30,6 +32,7 @@ private:
 
     JobContext &m_context;
     UpgradeSources &m_sources;
+    std::shared_ptr<const DecidedPlaces> m_decided; ///< see AddOptions
 
     QVector<UpgradablePackage> packagesToUpgrade(const QVector<UpgradablePackage> &kept);
     ErrorCode askAgain(const QVector<QVector<UpgradablePackage>> &groups, Run *run);
@@ -38,11 +41,13 @@ private:
     Block begin(const QVector<QVector<UpgradablePackage>> &groups, Run *run);
     /** The files of a block; those that have not come are empty. */
     QVector<PackageFile> filesOf(const Block &block, Run *run);
-    void upgradeTogether(const QVector<QVector<UpgradablePackage>> &groups,
-                         const QVector<PackageFile> &files,
-                         Run *run);
+    void takeFetched(const Block &block, QVector<PackageFile> *taken, Run *run);
+    void
+    upgradeTogether(const QVector<QVector<UpgradablePackage>> &groups, QVector<PackageFile> files, Run *run);
+    /** Files in place that a shared run has not put in become copies of our own. */
     void includeTogether(const QVector<QVector<UpgradablePackage>> &groups,
-                         const QVector<PackageFile> &files,
+                         int first,
+                         QVector<PackageFile> *files,
                          Run *run);
     void upgradeFrom(const QVector<UpgradablePackage> &group, const PackageFile &fetched, Run *run);
     PackageFile fetch(const UpgradablePackage &wanted, const Run &run);

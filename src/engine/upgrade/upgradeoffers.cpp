@@ -11,7 +11,8 @@
 
 namespace
 {
-constexpr int NamesPerRun = 500;
+constexpr int NamesPerRun = 2000;
+constexpr int ManyNames = 500;
 constexpr int Percents = 100;
 
 /** Without the names that no source has: with hundreds of them apt takes long. */
@@ -30,6 +31,7 @@ QStringList namesOnOffer(const QStringList &names, AptUtils *apt)
 
 UpgradeOffers::UpgradeOffers(JobContext &context, UpgradeSources &sources)
     : m_context(context)
+    , m_sources(sources)
     , m_apt(sources.apt(context.repository.info().binaryArchitectures()))
 {
     if (!m_apt)
@@ -55,6 +57,7 @@ bool UpgradeOffers::fetchLists()
         }
     };
     const auto outcome = m_apt->fetch([this] { return m_context.control.isCanceled(); }, showPercent);
+    m_lists = outcome.lists;
     if (m_context.progress.step() != 0) {
         // The next part of the job counts packages and not percents.
         m_context.progress.setStep(0);
@@ -73,6 +76,10 @@ bool UpgradeOffers::fetchLists()
 
 bool UpgradeOffers::askRecords(const QStringList &names, QVector<AptPackageRecord> *records)
 {
+    if (const auto known = m_sources.offered(names, m_lists)) {
+        *records = *known;
+        return true;
+    }
     const auto stopped = [this] { return m_context.control.isCanceled(); };
     bool failed = false;
     AptUtils utils;
@@ -85,8 +92,11 @@ bool UpgradeOffers::askRecords(const QStringList &names, QVector<AptPackageRecor
         failed = true;
         m_context.errors.critical(text, details);
     });
-    const QStringList asked = names.size() > NamesPerRun ? namesOnOffer(names, &utils) : names;
+    const QStringList asked = names.size() > ManyNames ? namesOnOffer(names, &utils) : names;
     for (int first = 0; first < asked.size() && !failed && !stopped(); first += NamesPerRun)
         *records += utils.packageRecords(asked.mid(first, NamesPerRun));
-    return !failed && !stopped();
+    if (failed || stopped())
+        return false;
+    m_sources.setOffered(names, m_lists, *records);
+    return true;
 }

@@ -24,12 +24,14 @@ public:
     bool isValid() const { return m_apt != nullptr; }
     /** Fetches apt's lists. False after a stop, or after an error. */
     bool fetchLists();
-    /** The offers for these names. False like fetchLists(). */
+    /** The offers for these names, and maybe for others. False like fetchLists(). */
     bool askRecords(const QStringList &names, QVector<AptPackageRecord> *records);
     /** The environment for further questions about the same lists. */
     QStringList environment() const;
 
 private:
     JobContext &m_context;
+    UpgradeSources &m_sources;
+    QByteArray m_lists; ///< see PrivateApt::Outcome
     std::shared_ptr<PrivateApt> m_apt;
 };

@@ -34,6 +34,13 @@ const AptPackageRecord *successor(const PackageInfo &package,
     }
     return best;
 }
+
+bool isRecordOf(const AptPackageRecord &record, const UpgradablePackage &package)
+{
+    return record.name == package.name && record.version == package.newVersion
+           && record.architecture == package.fetchArchitecture
+           && (isForAll(record) || record.architecture == package.architecture);
+}
 } // namespace
 
 namespace UpgradeRules
@@ -83,10 +90,22 @@ QVector<UpgradablePackage> upgradable(const QList<PackageInfoPtr> &packages,
 bool isOffered(const UpgradablePackage &package, const QVector<AptPackageRecord> &records)
 {
     return std::any_of(records.cbegin(), records.cend(), [&package](const AptPackageRecord &record) {
-        return record.name == package.name && record.version == package.newVersion
-               && record.architecture == package.fetchArchitecture
-               && (isForAll(record) || record.architecture == package.architecture);
+        return isRecordOf(record, package);
     });
+}
+
+LocalFile localFile(const UpgradablePackage &package, const QVector<AptPackageRecord> &records)
+{
+    const QLatin1String scheme("file:");
+    for (const AptPackageRecord &record : records) {
+        const QString folder = record.repository.section(QLatin1Char(' '), 0, 0);
+        // Such an address stands for another path.
+        const bool isPlain = folder.startsWith(scheme) && !folder.contains(QLatin1Char('%'));
+        if (isPlain && isRecordOf(record, package)
+            && !record.file.split(QLatin1Char('/')).contains(QLatin1String("..")))
+            return {folder.mid(scheme.size()) + QLatin1Char('/') + record.file, record.sha256.toLatin1()};
+    }
+    return {};
 }
 
 QVector<QVector<UpgradablePackage>> byFile(const QVector<UpgradablePackage> &packages)

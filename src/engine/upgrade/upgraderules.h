@@ -3,6 +3,7 @@
 
 #include "apt/aptoutput.h"
 #include "core/packageinfo.h"
+#include "engine/upgrade/localfiles.h"
 
 #include <QMetaType>
 #include <QString>
@@ -47,6 +48,9 @@ QVector<UpgradablePackage> upgradable(const QList<PackageInfoPtr> &packages,
 
 /** Whether the version that was chosen is among the records. */
 bool isOffered(const UpgradablePackage &package, const QVector<AptPackageRecord> &records);
+
+/** The file of the chosen version, when its source is on this computer; else nothing. */
+LocalFile localFile(const UpgradablePackage &package, const QVector<AptPackageRecord> &records);
 
 /** Groups what one file serves: the same version of a package, fetched for the same architecture. */
 QVector<QVector<UpgradablePackage>> byFile(const QVector<UpgradablePackage> &packages);

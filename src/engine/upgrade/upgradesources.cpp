@@ -5,6 +5,8 @@
 
 #include <QMutexLocker>
 
+#include <algorithm>
+
 void UpgradeSources::choose(const QStringList &sources)
 {
     const QMutexLocker lock(&m_mutex);
@@ -23,6 +25,27 @@ void UpgradeSources::setFound(const QVector<UpgradablePackage> &packages)
 {
     const QMutexLocker lock(&m_mutex);
     m_found = packages;
+}
+
+std::optional<QVector<AptPackageRecord>> UpgradeSources::offered(const QStringList &names,
+                                                                 const QByteArray &lists) const
+{
+    const QMutexLocker lock(&m_mutex);
+    const bool areKnown = !lists.isEmpty() && lists == m_lists
+                          && std::all_of(names.cbegin(), names.cend(), [this](const QString &name) {
+                                 return m_names.contains(name);
+                             });
+    return areKnown ? std::make_optional(m_records) : std::nullopt;
+}
+
+void UpgradeSources::setOffered(const QStringList &names,
+                                const QByteArray &lists,
+                                const QVector<AptPackageRecord> &records)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_lists = lists;
+    m_names = {names.cbegin(), names.cend()};
+    m_records = records;
 }
 
 std::shared_ptr<PrivateApt> UpgradeSources::apt(const QStringList &architectures)

@@ -3,7 +3,6 @@
 
 #include "engine/reposhell.h"
 #include "ui/commands/repositorycommands.h"
-#include "ui/commands/settingscommands.h"
 #include "ui/dialogs/missingpackage.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/tab/jobfeedback.h"
@@ -188,7 +187,13 @@ void ArchiveCommands::importWaiting(RepoWidget *widget)
     if (!m_waiting.contains(widget) || m_bench.tabs.isRunning(widget))
         return;
     // Each package keeps its component: the chosen component belongs to another repository.
-    widget->repoShell()->importRepo(m_waiting.take(widget), m_bench.settings.addOptions({}));
+    const QString source = m_waiting.take(widget);
+    const AddOptions options = m_bench.settings.addOptions({});
+    // Nobody uses a new repository yet, so nothing can break in it.
+    if (m_bench.previews.when() == PreviewAlways)
+        import(widget, source, options, PreviewCommands::Wish::Now);
+    else
+        widget->repoShell()->importRepo(source, options);
 }
 
 void ArchiveCommands::importPackages(const std::function<QString()> &chooseSource)
@@ -200,9 +205,24 @@ void ArchiveCommands::importPackages(const std::function<QString()> &chooseSourc
     if (source.isEmpty() || target.isNull())
         return;
     const QStringList components = target->repoShell()->repoInfo().componentList();
-    if (m_bench.settings.confirmAddSettings(components, SettingsCommands::AddedFrom::Archive)
-        && m_bench.tabs.isFree(target))
-        target->repoShell()->importRepo(source, m_bench.settings.addOptions(components));
+    const SettingsCommands::Confirmed confirmed
+        = m_bench.settings.confirmAddSettings(components, SettingsCommands::AddedFrom::Archive);
+    if (confirmed != SettingsCommands::Confirmed::No && m_bench.tabs.isFree(target))
+        import(target, source, m_bench.settings.addOptions(components), PreviewCommands::wishOf(confirmed));
     else
         m_bench.feedback.announce(tr("Not imported: %1").arg(source));
+}
+
+void ArchiveCommands::import(RepoWidget *widget,
+                             const QString &source,
+                             const AddOptions &options,
+                             PreviewCommands::Wish wish)
+{
+    PreviewCommands::Change change;
+    change.request.kind = ChangePreview::Import;
+    change.request.archive = source;
+    change.request.options = options;
+    change.start = [widget, source, options] { widget->repoShell()->importRepo(source, options); };
+    change.givenUp = [this, source] { m_bench.feedback.announce(tr("Not imported: %1").arg(source)); };
+    m_bench.previews.run(widget, change, wish);
 }

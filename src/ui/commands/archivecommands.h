@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "ui/commands/previewcommands.h"
 #include "ui/commands/workbench.h"
 
 #include <QHash>
@@ -45,6 +46,8 @@ private:
     QString chooseArchive();
     void importRepo();
     void importIntoNew(const QString &source, const QString &folder);
+    void
+    import(RepoWidget *widget, const QString &source, const AddOptions &options, PreviewCommands::Wish wish);
     void importPackages(const std::function<QString()> &chooseSource);
     void importWaiting(RepoWidget *widget);
 

@@ -2,7 +2,7 @@
 #include "ui/commands/dependscommands.h"
 
 #include "engine/reposhell.h"
-#include "ui/commands/settingscommands.h"
+#include "ui/commands/previewcommands.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/search/addpackagedialog.h"
 #include "ui/tab/dependsview.h"
@@ -151,10 +151,19 @@ void DependsCommands::addPackageToLocalRepo()
     const QPointer<RepoWidget> target = m_menuTab;
     const QVector<Dependency> lacks = target->dependsView()->selectedLacks();
     const QStringList components = target->repoShell()->repoInfo().componentList();
-    if (lacks.isEmpty() || !m_bench.settings.confirmAddSettings(components))
+    if (lacks.isEmpty())
         return;
-    if (!target.isNull() && !m_bench.tabs.isRunning(target))
-        target->repoShell()->addDependencies(lacks, m_bench.settings.addOptions(components));
+    const SettingsCommands::Confirmed confirmed = m_bench.settings.confirmAddSettings(components);
+    if (confirmed == SettingsCommands::Confirmed::No || target.isNull() || m_bench.tabs.isRunning(target))
+        return;
+    PreviewCommands::Change change;
+    change.request.kind = ChangePreview::Fetch;
+    change.request.dependencies = lacks;
+    change.request.options = m_bench.settings.addOptions(components);
+    change.start = [widget = target.data(), request = change.request] {
+        widget->repoShell()->addDependencies(request.dependencies, request.options);
+    };
+    m_bench.previews.run(target, change, PreviewCommands::wishOf(confirmed));
 }
 
 void DependsCommands::addPackageFromInternet()
@@ -174,14 +183,16 @@ void DependsCommands::addPackageFromInternet()
     const QList<PackageInfo> packages = dialog.selectedPackages();
     if (packages.isEmpty())
         return;
-    if (m_bench.settings.confirmAddSettings(info.componentList()) && !target.isNull()
-        && !m_bench.tabs.isRunning(target)) {
-        target->repoShell()->downloadPackages(packages, m_bench.settings.addOptions(info.componentList()));
-        return;
-    }
     // The user learns which packages were not added, whatever the reason.
-    QStringList names;
-    for (const PackageInfo &package : packages)
-        names << package.name;
-    m_bench.feedback.announce(tr("Not added: %1").arg(names.join(QLatin1String(", "))));
+    const auto tellNotAdded = [this, packages] {
+        QStringList names;
+        for (const PackageInfo &package : packages)
+            names << package.name;
+        m_bench.feedback.announce(tr("Not added: %1").arg(names.join(QLatin1String(", "))));
+    };
+    const SettingsCommands::Confirmed confirmed = m_bench.settings.confirmAddSettings(info.componentList());
+    if (confirmed == SettingsCommands::Confirmed::No || target.isNull() || m_bench.tabs.isRunning(target))
+        tellNotAdded();
+    else
+        m_bench.previews.fetch(target, packages, confirmed, tellNotAdded);
 }

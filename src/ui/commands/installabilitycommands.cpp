@@ -6,7 +6,7 @@
 #include "installability/installabilitytext.h"
 #include "ui/commands/checkbasemenu.h"
 #include "ui/commands/packagecommands.h"
-#include "ui/commands/settingscommands.h"
+#include "ui/commands/previewcommands.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/installability/curedialog.h"
 #include "ui/installability/installabilityview.h"
@@ -198,15 +198,16 @@ void InstallabilityCommands::carryOut(RepoWidget *widget, const Cure &cure)
     }
     const QPointer<RepoWidget> guard(widget);
     const QStringList components = widget->repoShell()->repoInfo().componentList();
-    if (!m_bench.settings.confirmAddSettings(components) || guard.isNull() || m_bench.tabs.isRunning(widget))
+    const SettingsCommands::Confirmed confirmed = m_bench.settings.confirmAddSettings(components);
+    if (confirmed == SettingsCommands::Confirmed::No || guard.isNull() || m_bench.tabs.isRunning(widget))
         return;
     PackageInfo wanted;
     wanted.name = cure.package;
     wanted.version = cure.version;
     wanted.architecture = cure.architecture;
     wanted.repository = cure.source;
-    m_cured.insert(widget, names);
-    widget->repoShell()->downloadPackages({wanted}, m_bench.settings.addOptions(components));
+    m_bench.previews.fetch(
+        widget, {wanted}, confirmed, {}, [this, widget, names] { m_cured.insert(widget, names); });
 }
 
 void InstallabilityCommands::checkCured(RepoWidget *widget)

@@ -4,7 +4,6 @@
 #include "core/runinbackground.h"
 #include "engine/reposhell.h"
 #include "ui/commands/repositorycommands.h"
-#include "ui/commands/settingscommands.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/dialogs/startselectactiondialog.h"
 #include "ui/installability/removalimpactsearch.h"
@@ -219,7 +218,8 @@ void PackageCommands::startAdding(RepoWidget *widget, const QStringList &files)
     }
     const QPointer<RepoWidget> guard(widget);
     const QStringList components = widget->repoShell()->repoInfo().componentList();
-    if (!m_bench.settings.confirmAddSettings(components) || guard.isNull()) {
+    const SettingsCommands::Confirmed confirmed = m_bench.settings.confirmAddSettings(components);
+    if (confirmed == SettingsCommands::Confirmed::No || guard.isNull()) {
         tellNotAdded(files);
         return;
     }
@@ -228,7 +228,15 @@ void PackageCommands::startAdding(RepoWidget *widget, const QStringList &files)
         keep(widget, files);
         return;
     }
-    widget->repoShell()->addPackages(files, m_bench.settings.addOptions(components));
+    PreviewCommands::Change change;
+    change.request.kind = ChangePreview::Add;
+    change.request.files = files;
+    change.request.options = m_bench.settings.addOptions(components);
+    change.start = [widget, request = change.request] {
+        widget->repoShell()->addPackages(request.files, request.options);
+    };
+    change.givenUp = [this, files] { tellNotAdded(files); };
+    m_bench.previews.run(widget, change, PreviewCommands::wishOf(confirmed));
 }
 
 void PackageCommands::removePackages()
@@ -247,31 +255,54 @@ void PackageCommands::removePackages(RepoWidget *widget,
         return;
     // Without a complete check, the repository alone is looked at, which takes no time.
     const CompleteCheckRecord check = widget->repoShell()->completeCheck();
-    const CompleteCheckBase alone{CompleteCheckBase::Nothing, {}, {}};
-    const CheckScope scope = m_bench.tabs.checkScope(widget, check.isValid() ? check.base : alone);
+    const CompleteCheckBase base
+        = check.isValid() ? check.base : CompleteCheckBase{CompleteCheckBase::Nothing, {}, {}};
+    PreviewCommands::Change change;
+    change.request.kind = ChangePreview::Remove;
+    change.request.packages = packages;
+    change.request.base = base;
+    change.start = [widget, packages] { widget->repoShell()->removePackages(packages); };
+    change.begun = agreed;
+    if (m_bench.previews.when() == PreviewAlways) {
+        m_bench.previews.run(widget, change, PreviewCommands::Wish::Now);
+        return;
+    }
+    const CheckScope scope = m_bench.tabs.checkScope(widget, base);
     m_impact = new RemovalImpactSearch(scope, packages, this);
     m_bench.prompts.window()->setCursor(Qt::BusyCursor);
-    const auto ask = [this, guard = QPointer<RepoWidget>(widget), packages, agreed] {
+    const auto ask = [this, guard = QPointer<RepoWidget>(widget), change] {
         m_bench.prompts.window()->unsetCursor();
-        if (!guard.isNull() && !m_bench.tabs.isRunning(guard) && askToRemove(guard, packages)) {
-            if (agreed)
-                agreed();
-            guard->repoShell()->removePackages(packages);
-        }
+        if (!guard.isNull() && !m_bench.tabs.isRunning(guard))
+            removeOnceAgreed(guard, change);
         m_impact->deleteLater();
         m_impact.clear();
     };
     connect(m_impact, &RemovalImpactSearch::due, this, ask);
 }
 
-bool PackageCommands::askToRemove(const QPointer<RepoWidget> &widget, const QList<PackageInfoPtr> &packages)
+void PackageCommands::removeOnceAgreed(const QPointer<RepoWidget> &widget,
+                                       const PreviewCommands::Change &change)
 {
-    RemovalQuestion question(tr("Remove confirmation"),
-                             tr("Do you want to remove selected packages?"),
-                             PackageDetails::summary(packages, widget->repoShell()->repoInfo()),
-                             *m_impact,
-                             widget->repoPath(),
-                             m_bench.prompts.window());
-    return m_bench.prompts.run(question) == QMessageBox::Yes && !m_bench.prompts.isDismissed()
-           && !widget.isNull() && !m_bench.tabs.isRunning(widget);
+    // The search has found what the preview would show, so the question need not come first.
+    if (m_bench.previews.when() == PreviewWhenBreaking && m_impact->losesSomething()) {
+        m_bench.previews.run(widget, change, PreviewCommands::Wish::Now);
+        return;
+    }
+    RemovalQuestion question(
+        tr("Remove confirmation"),
+        tr("Do you want to remove selected packages?"),
+        PackageDetails::summary(change.request.packages, widget->repoShell()->repoInfo()),
+        *m_impact,
+        widget->repoPath(),
+        m_bench.prompts.window());
+    const bool agrees = m_bench.prompts.run(question) == QMessageBox::Yes;
+    if (m_bench.prompts.isDismissed() || widget.isNull() || m_bench.tabs.isRunning(widget))
+        return;
+    if (question.wantsPreview()) {
+        m_bench.previews.run(widget, change, PreviewCommands::Wish::Now);
+    } else if (agrees) {
+        if (change.begun)
+            change.begun();
+        change.start();
+    }
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "ui/commands/previewcommands.h"
 #include "ui/commands/workbench.h"
 
 #include <QHash>
@@ -53,7 +54,8 @@ private:
     QStringList packagesAmong(const QStringList &files);
     /** Keeps the files until the tab is free. */
     void keep(RepoWidget *widget, const QStringList &files);
-    bool askToRemove(const QPointer<RepoWidget> &widget, const QList<PackageInfoPtr> &packages);
+    /** Asks, unless a preview is due, which replaces the question. */
+    void removeOnceAgreed(const QPointer<RepoWidget> &widget, const PreviewCommands::Change &change);
     void startAdding(RepoWidget *widget, const QStringList &files);
 
     Workbench m_bench;

@@ -8,6 +8,7 @@
 #include "engine/repository/newreporules.h"
 #include "files/pathguard.h"
 #include "publication/publicationsettings.h"
+#include "ui/commands/previewcommands.h"
 #include "ui/commands/recentrepositories.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/tab/jobfeedback.h"
@@ -327,10 +328,38 @@ void RepositoryCommands::change(RepoWidget *widget, const QByteArray &descriptio
     dialog.setRepository(path, DistributionsFile(path).parsed(description), widget->repoShell()->packages());
     dialog.setPublishedCheck(m_publishing.isPublished);
     dialog.setRemembered(remembered());
-    if (m_bench.prompts.run(dialog) != QDialog::Accepted || guard.isNull() || m_bench.tabs.isRunning(widget))
+    dialog.setPreviewCheck([&](bool isWished, const NewRepoDialog::Answer &answer) {
+        if (guard.isNull() || (m_bench.tabs.isRunning(widget) && !m_bench.previews.isDecided(widget))) {
+            answer(NewRepoDialog::Previewed::Failed);
+            return;
+        }
+        PreviewCommands::Change change;
+        PreviewRequest &request = change.request;
+        request.kind = ChangePreview::Describe;
+        request.newPath = dialog.repositoryPath();
+        request.info = dialog.repoInfo();
+        request.given = description;
+        change.offersCarrying = request.info.codename != widget->repoShell()->repoInfo().codename
+                                && widget->repoShell()->packageCount() > 0;
+        request.carriesPackages = change.offersCarrying;
+        change.decided = [answer](bool isDue) {
+            answer(isDue ? NewRepoDialog::Previewed::Due : NewRepoDialog::Previewed::NotDue);
+        };
+        change.givenUp = [answer] { answer(NewRepoDialog::Previewed::Failed); };
+        change.start = [widget, request, carries = &dialog] {
+            widget->repoShell()->changeRepo(
+                request.newPath, request.info, request.given, carries->carriesPackages());
+        };
+        m_bench.previews.run(
+            widget, change, isWished ? PreviewCommands::Wish::Now : PreviewCommands::Wish::AsSet);
+    });
+    const bool isAccepted = m_bench.prompts.run(dialog) == QDialog::Accepted;
+    if (guard.isNull())
         return;
-    widget->repoShell()->changeRepo(
-        dialog.repositoryPath(), dialog.repoInfo(), description, dialog.carriesPackages());
+    if (isAccepted)
+        m_bench.previews.proceed(widget);
+    else
+        m_bench.previews.giveUp(widget);
 }
 
 // --- remove ------------------------------------------------------------------------------------------------------

@@ -84,22 +84,26 @@ void SettingsCommands::setChoices(const UserChoices &choices)
     Q_EMIT changed();
 }
 
-bool SettingsCommands::editAddSettings(const QStringList &components, AddedFrom origin)
+SettingsCommands::Confirmed
+SettingsCommands::editAddSettings(const QStringList &components, AddedFrom origin, bool before)
 {
     AddPkgSettingsDialog dialog(components, m_choices, m_prompts, m_prompts.window());
     dialog.setSigningVisible(m_signingOffered);
     dialog.setDependsCheckVisible(origin == AddedFrom::Files);
+    if (before)
+        dialog.offerPreview();
     if (m_prompts.run(dialog) != QDialog::Accepted)
-        return false;
+        return Confirmed::No;
     setChoices(dialog.choices());
-    return true;
+    return dialog.wantsPreview() ? Confirmed::WithPreview : Confirmed::Yes;
 }
 
-bool SettingsCommands::confirmAddSettings(const QStringList &components, AddedFrom origin)
+SettingsCommands::Confirmed SettingsCommands::confirmAddSettings(const QStringList &components,
+                                                                 AddedFrom origin)
 {
-    if (m_choices.showAddPkgSettings && !editAddSettings(components, origin))
-        return false;
-    return hasKeyToAdd();
+    const Confirmed confirmed
+        = m_choices.showAddPkgSettings ? editAddSettings(components, origin, true) : Confirmed::Yes;
+    return confirmed != Confirmed::No && hasKeyToAdd() ? confirmed : Confirmed::No;
 }
 
 bool SettingsCommands::hasKeyToAdd()
@@ -123,7 +127,7 @@ void SettingsCommands::showAddPkgSettings()
     const RepoWidget *widget = m_tabs.current();
     const QStringList components
         = widget == nullptr ? QStringList() : widget->repoShell()->repoInfo().componentList();
-    if (editAddSettings(components))
+    if (editAddSettings(components, AddedFrom::Files, false) != Confirmed::No)
         hasKeyToAdd();
 }
 
@@ -179,6 +183,13 @@ void SettingsCommands::setDependsRepoType(int type)
 {
     UserChoices choices = m_choices;
     choices.dependsRepoType = type;
+    setChoices(choices);
+}
+
+void SettingsCommands::setPreviewWhen(int when)
+{
+    UserChoices choices = m_choices;
+    choices.previewWhen = when;
     setChoices(choices);
 }
 

@@ -34,13 +34,12 @@ public:
     /** Shows the same message in a box, at the end of the session: the changes are lost. */
     void warnNotStored();
 
-    /** Lets the user choose how packages are added to `components`; false when cancelled. */
-    bool editAddSettings(const QStringList &components, AddedFrom origin = AddedFrom::Files);
+    enum class Confirmed { No, Yes, WithPreview };
     /**
-     * The same before packages are added, if the user wants to be asked. False when the user cancels, or chooses no key
+     * The same before packages are added, if the user wants to be asked. No when the user cancels, or chooses no key
      * although packages are to be signed.
      */
-    bool confirmAddSettings(const QStringList &components, AddedFrom origin = AddedFrom::Files);
+    Confirmed confirmAddSettings(const QStringList &components, AddedFrom origin = AddedFrom::Files);
     /**
      * Lets the user choose a key when added packages are to be signed and no key is chosen. False when there is still
      * no key.
@@ -48,13 +47,15 @@ public:
     bool hasKeyToAdd();
     /** How packages are added now to a repository with these components. */
     AddOptions addOptions(const QStringList &components) const;
-    /** The same as editAddSettings() for the current tab's repository. */
+    /** Lets the user choose how packages are added to the current tab's repository. */
     void showAddPkgSettings();
     void showParametersDialog();
     /** Lets the user choose a signing key when none is chosen; false when there is still no key. */
     bool chooseKeyIfNone();
     void editExternalRepos();
     void setDependsRepoType(int type);
+    /** When a preview is shown before a change: a PreviewWhen. */
+    void setPreviewWhen(int when);
     /** What complete checks are made against. */
     CompleteCheckBase checkBase() const;
     void setCheckBase(const CompleteCheckBase &base);
@@ -83,6 +84,8 @@ private:
     void applyTo(const RepoWidget &widget) const;
     void applyToAll() const;
     static QString notStoredText();
+    /** Lets the user choose how packages are added to `components`; `before` says that they are about to be added. */
+    Confirmed editAddSettings(const QStringList &components, AddedFrom origin, bool before);
 
     RepoTabs &m_tabs;
     Prompts &m_prompts;

@@ -2,7 +2,6 @@
 #include "ui/commands/upgradecommands.h"
 
 #include "engine/reposhell.h"
-#include "ui/commands/settingscommands.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/dialogs/upgradepackagesdialog.h"
 #include "ui/sources/upgradesourcesdialog.h"
@@ -82,15 +81,33 @@ void UpgradeCommands::choosePackages(RepoWidget *widget)
 {
     const QPointer<RepoWidget> target(widget);
     m_bench.tabs.bringToFront(widget);
-    UpgradePackagesDialog dialog(
-        widget->repoShell()->upgradablePackages(), m_bench.settings.aliases(), m_bench.prompts.window());
-    const bool isChosen = m_bench.prompts.run(dialog) == QDialog::Accepted && m_bench.settings.hasKeyToAdd();
+    const QVector<UpgradablePackage> packages = widget->repoShell()->upgradablePackages();
+    // The rows of the preview can be switched off too, so the choice need not come before.
+    const bool isPreviewDue = m_bench.previews.when() == PreviewAlways;
+    UpgradePackagesDialog dialog(packages, m_bench.settings.aliases(), m_bench.prompts.window());
+    const bool isChosen = (isPreviewDue || m_bench.prompts.run(dialog) == QDialog::Accepted)
+                          && m_bench.settings.hasKeyToAdd();
     if (target.isNull())
         return;
-    RepoShell *engine = target->repoShell();
     if (isChosen && m_bench.tabs.isFree(target))
-        engine->upgradeRepo(dialog.packages(),
-                            m_bench.settings.addOptions(engine->repoInfo().componentList()));
+        upgrade(widget,
+                isPreviewDue ? packages : dialog.packages(),
+                dialog.wantsPreview() ? PreviewCommands::Wish::Now : PreviewCommands::Wish::AsSet);
     else
-        engine->removeCustomSourcesListFile(RepoEnums::UPGRADE_JOB);
+        target->repoShell()->removeCustomSourcesListFile(RepoEnums::UPGRADE_JOB);
+}
+
+void UpgradeCommands::upgrade(RepoWidget *widget,
+                              const QVector<UpgradablePackage> &packages,
+                              PreviewCommands::Wish wish)
+{
+    RepoShell *engine = widget->repoShell();
+    PreviewCommands::Change change;
+    change.request.kind = ChangePreview::Upgrade;
+    change.request.upgrades = packages;
+    change.request.options = m_bench.settings.addOptions(engine->repoInfo().componentList());
+    change.start
+        = [engine, request = change.request] { engine->upgradeRepo(request.upgrades, request.options); };
+    change.givenUp = [engine] { engine->removeCustomSourcesListFile(RepoEnums::UPGRADE_JOB); };
+    m_bench.previews.run(widget, change, wish);
 }

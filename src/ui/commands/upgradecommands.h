@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ui/commands/previewcommands.h"
 #include "ui/commands/workbench.h"
 
 #include <QList>
@@ -25,6 +26,7 @@ private:
     void showUpgradeRepoDialog();
     void servePrepared();
     void choosePackages(RepoWidget *widget);
+    void upgrade(RepoWidget *widget, const QVector<UpgradablePackage> &packages, PreviewCommands::Wish wish);
 
     QAction *m_action;
     Workbench m_bench;

@@ -2,6 +2,7 @@
 #pragma once
 
 class JobFeedback;
+class PreviewCommands;
 class Prompts;
 class RepoTabs;
 class SettingsCommands;
@@ -14,4 +15,5 @@ struct Workbench
     Prompts &prompts; ///< asks the user
     JobFeedback &feedback; ///< tells the user
     SettingsCommands &settings; ///< the user's choices
+    PreviewCommands &previews; ///< shows before what a change would do
 };

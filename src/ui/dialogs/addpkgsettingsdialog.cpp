@@ -6,6 +6,7 @@
 
 #include "ui_addpkgsettingsdialog.h"
 
+#include <QEvent>
 #include <QPushButton>
 
 AddPkgSettingsDialog::AddPkgSettingsDialog(const QStringList &components,
@@ -45,6 +46,30 @@ void AddPkgSettingsDialog::setSigningVisible(bool visible)
 void AddPkgSettingsDialog::setDependsCheckVisible(bool visible)
 {
     m_ui->m_checkDependsCheckBox->setVisible(visible);
+}
+
+void AddPkgSettingsDialog::offerPreview()
+{
+    QPushButton *preview = m_ui->buttonBox->addButton(tr("Preview..."), QDialogButtonBox::ActionRole);
+    preview->setObjectName(QStringLiteral("m_previewButton"));
+    preview->setAutoDefault(false);
+    Mnemonics::markForm(this);
+    connect(preview, &QPushButton::clicked, this, [this] {
+        m_wantsPreview = true;
+        accept();
+    });
+    // What cannot be confirmed cannot be looked at either.
+    QPushButton *ok = m_ui->buttonBox->button(QDialogButtonBox::Ok);
+    preview->setEnabled(ok->isEnabled());
+    ok->installEventFilter(this);
+}
+
+bool AddPkgSettingsDialog::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::EnabledChange)
+        m_ui->buttonBox->findChild<QPushButton *>(QStringLiteral("m_previewButton"))
+            ->setEnabled(static_cast<QWidget *>(watched)->isEnabled());
+    return QDialog::eventFilter(watched, event);
 }
 
 UserChoices AddPkgSettingsDialog::choices() const

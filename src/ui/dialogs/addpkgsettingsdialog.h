@@ -29,12 +29,20 @@ public:
     void setSigningVisible(bool visible);
     /** Hide it for a job that never checks dependencies. */
     void setDependsCheckVisible(bool visible);
+    /** Offers a preview of what would be added with these settings. */
+    void offerPreview();
 
     /** The initial choices with the user's changes. */
     UserChoices choices() const;
+    /** Whether the user has confirmed with the button for the preview. */
+    bool wantsPreview() const { return m_wantsPreview; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     std::unique_ptr<Ui::AddPkgSettingsDialog> m_ui;
     UserChoices m_choices;
     int m_componentAtFirst = 0; ///< row of the initial component
+    bool m_wantsPreview = false;
 };

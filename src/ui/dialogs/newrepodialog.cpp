@@ -3,9 +3,11 @@
 
 #include "core/runinbackground.h"
 #include "engine/repository/changerules.h"
+#include "engine/repository/descriptionfields.h"
 #include "engine/repository/newreporules.h"
 #include "files/pathguard.h"
 #include "signing/keymanager.h"
+#include "ui/dialogs/furtherfields.h"
 #include "ui/dialogs/missingpackage.h"
 #include "ui/dialogs/prompts.h"
 #include "ui/dialogs/signingswitch.h"
@@ -20,6 +22,7 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QLayout>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QSet>
@@ -83,6 +86,8 @@ NewRepoDialog::NewRepoDialog(Mode mode, Prompts &prompts, QWidget *parent)
         setWindowTitle(tr("Repository change"));
     else if (mode == Mode::Import)
         setWindowTitle(tr("Repository import"));
+    m_further = new FurtherFields(m_ui->m_infoGroupBox);
+    m_ui->m_infoLayout->addWidget(m_further);
     Mnemonics::markForm(this);
     setUpFields();
     showPublished(false);
@@ -129,6 +134,15 @@ void NewRepoDialog::setUpFields()
         box->setCompleter(nullptr);
         box->setCurrentIndex(-1);
     }
+    QWidget *last = m_ui->m_startKGpgToolButton;
+    const QWidgetList further = m_further->tabOrder();
+    for (QWidget *field : further) {
+        setTabOrder(last, field);
+        last = field;
+    }
+    connect(m_ui->m_signWithCheckBox, &QCheckBox::toggled, m_further, &FurtherFields::setSigned);
+    connect(m_ui->m_createContentsFileCheckBox, &QCheckBox::toggled, m_further, &FurtherFields::setContents);
+    connect(m_further, &FurtherFields::folded, this, &NewRepoDialog::fitHeight);
 }
 
 void NewRepoDialog::setRepository(const QString &path,
@@ -153,6 +167,7 @@ void NewRepoDialog::setEntries(const QString &path, const RepoInfo &info)
     m_ui->m_componentsComboBox->setEditText(info.components);
     m_ui->m_signWithCheckBox->setChecked(info.signWith);
     m_ui->m_createContentsFileCheckBox->setChecked(info.contents);
+    m_further->setInfo(info);
 }
 
 void NewRepoDialog::propose(const QString &folder, const QString &name)
@@ -186,12 +201,22 @@ void NewRepoDialog::showPublished(bool published)
     m_ui->m_pathLineEdit->setEnabled(!published);
     m_ui->m_pathToolButton->setEnabled(!published);
     m_ui->buttonBox->button(QDialogButtonBox::Ok)->setEnabled(!published);
+    if (auto *preview = findChild<QPushButton *>(QStringLiteral("m_previewButton")))
+        preview->setEnabled(!published);
     if (published) {
         m_ui->m_messageIcon->setPixmap(QIcon::fromTheme(QStringLiteral("dialog-warning")).pixmap(32, 32));
         m_ui->m_messageLabel->setText(
             tr("It looks like you are trying to edit a published repository. Please "
                "unpublish the repository first."));
     }
+    fitHeight();
+}
+
+void NewRepoDialog::fitHeight()
+{
+    // The layouts notice only later that something has been folded.
+    m_further->layout()->activate();
+    m_ui->m_infoLayout->activate();
     adjustSize();
     // adjustSize() is too small for wrapped texts in large fonts.
     resize(width(),
@@ -224,6 +249,7 @@ RepoInfo NewRepoDialog::repoInfo() const
     info.components = m_ui->m_componentsComboBox->currentText().trimmed();
     info.signWith = m_ui->m_signWithCheckBox->isChecked();
     info.contents = m_ui->m_createContentsFileCheckBox->isChecked();
+    m_further->apply(&info);
     return info;
 }
 
@@ -233,22 +259,64 @@ void NewRepoDialog::accept()
         return;
     const QString path = repositoryPath();
     const RepoInfo info = repoInfo();
-    m_isLooking = true;
-    setCursor(Qt::BusyCursor);
+    setBusy(true);
     runInBackground(
         this,
         [path, remembered = m_remembered] { return stateOf(path, remembered); },
         [this, path, info](const FolderState &state) {
-            m_isLooking = false;
-            unsetCursor();
+            setBusy(false);
             // Meanwhile the user may have changed the fields or closed the dialog.
             if (!isVisible() || !m_ui->buttonBox->button(QDialogButtonBox::Ok)->isEnabled())
                 return;
             if (path != repositoryPath() || info != repoInfo())
                 accept();
-            else if (userAgreesToLosses(state))
+            else if (m_checkPreview)
+                checkPreview(state);
+            else if (userAgreesToLosses(state, false))
                 QDialog::accept();
         });
+}
+
+void NewRepoDialog::setPreviewCheck(PreviewCheck check)
+{
+    m_checkPreview = std::move(check);
+    QPushButton *preview = m_ui->buttonBox->addButton(tr("Preview..."), QDialogButtonBox::ActionRole);
+    preview->setObjectName(QStringLiteral("m_previewButton"));
+    preview->setAutoDefault(false);
+    preview->setEnabled(m_ui->buttonBox->button(QDialogButtonBox::Ok)->isEnabled());
+    Mnemonics::markForm(this);
+    connect(preview, &QPushButton::clicked, this, [this] {
+        m_wantsPreview = true;
+        accept();
+    });
+}
+
+void NewRepoDialog::setBusy(bool busy)
+{
+    m_isLooking = busy;
+    if (busy)
+        setCursor(Qt::BusyCursor);
+    else
+        unsetCursor();
+}
+
+void NewRepoDialog::checkPreview(const FolderState &state)
+{
+    setBusy(true);
+    // What is looked at stays; the user can only cancel.
+    const QWidgetList fields{m_ui->m_infoGroupBox, m_ui->m_pathLineEdit, m_ui->m_pathToolButton};
+    for (QWidget *field : fields)
+        field->setEnabled(false);
+    const auto answer = [this, fields, state, dialog = QPointer<NewRepoDialog>(this)](Previewed previewed) {
+        if (dialog.isNull() || !isVisible())
+            return;
+        for (QWidget *field : fields)
+            field->setEnabled(true);
+        setBusy(false);
+        if (previewed != Previewed::Failed && userAgreesToLosses(state, previewed == Previewed::Due))
+            QDialog::accept();
+    };
+    m_checkPreview(std::exchange(m_wantsPreview, false), answer);
 }
 
 NewRepoDialog::FolderState NewRepoDialog::stateOf(const QString &path, const QStringList &remembered)
@@ -287,7 +355,7 @@ bool NewRepoDialog::fieldsAreValid()
 {
     switch (NewRepoRules::check(m_ui->m_pathLineEdit->text(), repoInfo())) {
     case NewRepoRules::Refusal::None:
-        return pathIsFree();
+        return furtherFieldsAreValid() && pathIsFree();
     case NewRepoRules::Refusal::MissingField:
         m_prompts.warn(windowTitle(), tr("Please fill all required fields!"), this);
         focusMissingField();
@@ -310,6 +378,16 @@ bool NewRepoDialog::fieldsAreValid()
     return false;
 }
 
+bool NewRepoDialog::furtherFieldsAreValid()
+{
+    const QString refusal = DescriptionFields::refusal(repoInfo(), m_info);
+    if (refusal.isEmpty())
+        return true;
+    m_further->setOpen(true);
+    m_prompts.warn(windowTitle(), refusal, this);
+    return false;
+}
+
 bool NewRepoDialog::pathIsFree()
 {
     const QString refusal = m_pathRefusal ? m_pathRefusal(repositoryPath()) : QString();
@@ -320,17 +398,20 @@ bool NewRepoDialog::pathIsFree()
     return false;
 }
 
-bool NewRepoDialog::userAgreesToLosses(const FolderState &state)
+bool NewRepoDialog::userAgreesToLosses(const FolderState &state, bool isPreviewed)
 {
     const auto agrees = [this](const QString &title, const QString &question, const QString &about = {}) {
         return m_prompts.askCarefully(title, question, about, this) == Prompts::Answer::Yes;
     };
-    if (m_mode == Mode::Change && !userAgreesToChange())
+    // The preview offers to carry the packages over too.
+    if (isPreviewed)
+        m_carriesPackages = RepoChange{m_info, repoInfo()}.isRenaming() && !m_packages.isEmpty();
+    else if (m_mode == Mode::Change && !userAgreesToChange())
         return false;
     if (stays())
         return true;
     const QString path = repositoryPath();
-    if (m_mode == Mode::Change
+    if (m_mode == Mode::Change && !isPreviewed
         && !agrees(windowTitle(), tr("Do you want to move the repository from %1 to %2?").arg(m_path, path)))
         return false;
     return !state.exists || mayBeReplaced(path, state);

@@ -10,6 +10,7 @@
 #include <functional>
 #include <memory>
 
+class FurtherFields;
 class Prompts;
 
 namespace Ui
@@ -37,6 +38,17 @@ public:
     void setPathCheck(PathCheck check) { m_pathRefusal = std::move(check); }
     /** Paths of repositories that the program knows: a directory that contains one is not replaced. */
     void setRemembered(const QStringList &paths) { m_remembered = paths; }
+    /** What a preview of the change has told. */
+    enum class Previewed {
+        Due, ///< it is shown next, and replaces the questions about the change
+        NotDue,
+        Failed ///< or was stopped; the dialog stays open
+    };
+    using Answer = std::function<void(Previewed previewed)>;
+    /** Finds out whether a preview of the change is due; `isWished`: the user wants to see it. */
+    using PreviewCheck = std::function<void(bool isWished, const Answer &answer)>;
+    /** Offers a preview of a change. The check comes before the questions. */
+    void setPreviewCheck(PreviewCheck check);
     /** Fills all fields with earlier input. */
     void setEntries(const QString &path, const RepoInfo &info);
     /** Proposes the directory of a new repository. */
@@ -61,7 +73,10 @@ private:
     void selectFolder();
     bool isPublished(const QString &path) const { return m_isPublished && m_isPublished(path); }
     void showPublished(bool published);
+    /** Makes the dialog as high as its contents, on a small screen less high. */
+    void fitHeight();
     bool fieldsAreValid();
+    bool furtherFieldsAreValid();
     bool pathIsFree();
     void focusMissingField();
     bool stays() const;
@@ -73,11 +88,14 @@ private:
         QStringList repositories; ///< repositories below it
     };
     static FolderState stateOf(const QString &path, const QStringList &remembered);
-    bool userAgreesToLosses(const FolderState &state);
+    void checkPreview(const FolderState &state);
+    void setBusy(bool busy);
+    bool userAgreesToLosses(const FolderState &state, bool isPreviewed);
     bool userAgreesToChange();
     bool mayBeReplaced(const QString &path, const FolderState &state);
 
     std::unique_ptr<Ui::NewRepoDialog> m_ui;
+    FurtherFields *m_further;
     Prompts &m_prompts;
     Mode m_mode;
     PublishedCheck m_isPublished;
@@ -88,4 +106,6 @@ private:
     RepoInfo m_info; ///< of the repository that is being changed
     QList<PackageInfoPtr> m_packages; ///< of the repository that is being changed
     bool m_carriesPackages = false;
+    PreviewCheck m_checkPreview;
+    bool m_wantsPreview = false;
 };

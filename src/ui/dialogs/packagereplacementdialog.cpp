@@ -108,6 +108,22 @@ void PackageReplacementDialog::fitHeight()
     resize(width, layout()->totalHeightForWidth(width));
 }
 
+void PackageReplacementDialog::offerPreview()
+{
+    auto *buttons = findChild<QDialogButtonBox *>(QStringLiteral("buttonBox"));
+    QPushButton *preview = buttons->addButton(tr("Preview..."), QDialogButtonBox::ActionRole);
+    preview->setObjectName(QStringLiteral("m_previewButton"));
+    preview->setAutoDefault(false);
+    preview->setToolTip(tr("Stops here, and shows what is left in one window"));
+    connect(preview, &QPushButton::clicked, this, [this] {
+        m_wantsPreview = true;
+        m_wantsStop = true;
+        finish(PackageReplacementRules::KeepThis);
+    });
+    Mnemonics::markForm(this);
+    fitHeight();
+}
+
 void PackageReplacementDialog::setRepository(const QString &path)
 {
     m_repositoryLabel->setText(path);

@@ -32,10 +32,15 @@ public:
      */
     void setNewcomer(const QString &fileName, const QString &version, const QStringList &architectures = {});
 
+    /** Offers to stop here, and to decide what is left in a preview. */
+    void offerPreview();
+
     /** The user's decision. Closing the dialog without an answer keeps the present package. */
     PackageReplacementRules::Rule rule() const { return m_rule; }
     /** Whether the user wants to stop the whole job. The present package is kept then. */
     bool wantsStop() const { return m_wantsStop; }
+    /** Whether the user wants to stop and see a preview of what is left. */
+    bool wantsPreview() const { return m_wantsPreview; }
 
 private:
     void addOptions(QVBoxLayout *rows);
@@ -48,4 +53,5 @@ private:
     QString m_presentVersion; ///< with its architecture
     PackageReplacementRules::Rule m_rule = PackageReplacementRules::KeepThis;
     bool m_wantsStop = false;
+    bool m_wantsPreview = false;
 };

@@ -2,8 +2,10 @@
 #include "ui/dialogs/upgradepackagesdialog.h"
 
 #include "ui/widgets/checktablemodel.h"
+#include "ui/widgets/mnemonics.h"
 
 #include <QHash>
+#include <QPushButton>
 
 #include <algorithm>
 #include <utility>
@@ -42,6 +44,12 @@ UpgradePackagesDialog::UpgradePackagesDialog(QVector<UpgradablePackage> packages
     model()->setRows(rows);
     fitColumns();
     setEmptyChoiceAllowed(false);
+    const QPushButton *preview = addConfirmation(tr("Preview..."), QStringLiteral("m_previewButton"));
+    connect(preview, &QPushButton::clicked, this, [this] {
+        m_wantsPreview = true;
+        accept();
+    });
+    Mnemonics::markForm(this);
 }
 
 QVector<UpgradablePackage> UpgradePackagesDialog::packages() const

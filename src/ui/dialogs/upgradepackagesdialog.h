@@ -18,7 +18,10 @@ public:
 
     /** The chosen packages. */
     QVector<UpgradablePackage> packages() const;
+    /** Whether the user has confirmed with the button for the preview. */
+    bool wantsPreview() const { return m_wantsPreview; }
 
 private:
     QVector<UpgradablePackage> m_packages;
+    bool m_wantsPreview = false;
 };

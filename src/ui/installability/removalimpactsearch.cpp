@@ -3,6 +3,8 @@
 
 #include "ui/installability/presentrecords.h"
 
+#include <algorithm>
+
 RemovalImpactSearch::RemovalImpactSearch(const CheckScope &scope,
                                          const QList<PackageInfoPtr> &gone,
                                          QObject *parent)
@@ -24,6 +26,13 @@ RemovalImpactSearch::RemovalImpactSearch(const CheckScope &scope,
         m_impact = impact;
         finish();
     });
+}
+
+bool RemovalImpactSearch::losesSomething() const
+{
+    return m_impact && std::any_of(m_impact->cbegin(), m_impact->cend(), [](const RepositoryImpact &impact) {
+               return !impact.lost.isEmpty();
+           });
 }
 
 void RemovalImpactSearch::finish()

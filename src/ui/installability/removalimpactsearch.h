@@ -25,6 +25,8 @@ public:
     bool isFinished() const { return m_isFinished; }
     /** Of each repository that loses something. Nothing when the search was given up, or is not finished. */
     const std::optional<QVector<RepositoryImpact>> &impact() const { return m_impact; }
+    /** Whether it is known by now that something is lost. */
+    bool losesSomething() const;
 
 Q_SIGNALS:
     /** The question can be asked: the search is finished or takes longer than the patience. Emitted once. */

@@ -3,6 +3,7 @@
 
 #include "installability/installabilitytext.h"
 #include "ui/installability/removalimpactsearch.h"
+#include "ui/widgets/mnemonics.h"
 
 #include <QLabel>
 #include <QTextEdit>
@@ -40,13 +41,23 @@ RemovalQuestion::RemovalQuestion(const QString &title,
     , m_search(search)
     , m_about(about)
     , m_repository(repository)
+    , m_preview(addButton(tr("Preview..."), ActionRole))
 {
     setTextFormat(Qt::PlainText);
+    m_preview->setObjectName(QStringLiteral("m_previewButton"));
     setDefaultButton(No);
     setEscapeButton(No);
+    Mnemonics::markForm(this);
     m_wasSearching = !m_search.isFinished();
     showImpact();
     connect(&m_search, &RemovalImpactSearch::finished, this, &RemovalQuestion::showImpact);
+}
+
+void RemovalQuestion::withoutPreview()
+{
+    removeButton(m_preview);
+    m_preview->deleteLater();
+    m_preview = nullptr;
 }
 
 void RemovalQuestion::showImpact()

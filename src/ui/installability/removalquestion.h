@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMessageBox>
+#include <QPushButton>
 
 class RemovalImpactSearch;
 
@@ -21,10 +22,16 @@ public:
                     const QString &repository,
                     QWidget *parent);
 
+    /** For a removal that a preview cannot show alone. */
+    void withoutPreview();
+    /** Whether the question was closed with the button for the preview. */
+    bool wantsPreview() const { return clickedButton() != nullptr && clickedButton() == m_preview; }
+
 private:
     const RemovalImpactSearch &m_search;
     QString m_about;
     QString m_repository;
+    QPushButton *m_preview;
     bool m_wasSearching = false;
 
     void showImpact();

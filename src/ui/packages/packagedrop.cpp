@@ -46,8 +46,11 @@ PackageDrop::Packages PackageDrop::packagesAt(const QStringList &paths)
                           {QStringLiteral("*.deb"), QStringLiteral("*.udeb")},
                           QDir::Files | QDir::CaseSensitive,
                           QDirIterator::Subdirectories);
-        while (walk.hasNext())
-            found.append(walk.next());
+        while (walk.hasNext()) {
+            const QString file = walk.next();
+            if (!PackageNames::isInRestorePoint(file.mid(path.size())))
+                found.append(file);
+        }
         // The order of a folder's entries depends on the file system.
         found.sort();
         packages.files += found;

@@ -16,8 +16,8 @@ PackageFeed::PackageFeed(QObject *parent)
 
 void PackageFeed::watch(const RepoShell &shell)
 {
-    const auto stored = [this](const PackageInfoPtr &package) { push({PackageChange::Stored, package}); };
-    const auto removed = [this](const PackageInfoPtr &package) { push({PackageChange::Removed, package}); };
+    const auto stored = [this](const PackageInfoPtr &package) { push({ListChange::Stored, package}); };
+    const auto removed = [this](const PackageInfoPtr &package) { push({ListChange::Removed, package}); };
     connect(&shell, &RepoShell::packageAdded, this, stored, Qt::DirectConnection);
     connect(&shell, &RepoShell::packageChanged, this, stored, Qt::DirectConnection);
     connect(&shell, &RepoShell::packageRemoved, this, removed, Qt::DirectConnection);
@@ -28,7 +28,7 @@ void PackageFeed::watch(const RepoShell &shell)
         &RepoShell::pathChanged,
         this,
         [this] {
-            push({PackageChange::Cleared, {}});
+            push({ListChange::Cleared, {}});
         },
         Qt::DirectConnection);
     connect(
@@ -37,11 +37,11 @@ void PackageFeed::watch(const RepoShell &shell)
         &shell, &RepoShell::repoCreated, this, [this] { endBurst(); }, Qt::DirectConnection);
 }
 
-void PackageFeed::push(PackageChange change)
+void PackageFeed::push(ListChange change)
 {
     {
         const QMutexLocker lock(&m_mutex);
-        if (change.kind == PackageChange::Cleared)
+        if (change.kind == ListChange::Cleared)
             m_pending.clear();
         m_pending.append(std::move(change));
         if (m_awake)
@@ -66,7 +66,7 @@ void PackageFeed::wake()
 
 void PackageFeed::flush()
 {
-    PackageChanges changes;
+    ListChanges changes;
     {
         const QMutexLocker lock(&m_mutex);
         changes.swap(m_pending);

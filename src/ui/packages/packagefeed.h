@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include "ui/packages/packagechange.h"
+#include "ui/packages/listchange.h"
 
 #include <QElapsedTimer>
 #include <QMutex>
@@ -28,7 +28,7 @@ public:
     void watch(const RepoShell &shell);
 
     /** Adds a change. Thread-safe. */
-    void push(PackageChange change);
+    void push(ListChange change);
     /** All changes so far arrive before anything that the calling thread posts afterwards. Thread-safe. */
     void endBurst();
     /** Delivers the collected changes at once. Interface thread only. */
@@ -39,11 +39,11 @@ public:
 
 Q_SIGNALS:
     /** A batch of changes in the engine's order. */
-    void changesReady(const PackageChanges &changes);
+    void changesReady(const ListChanges &changes);
 
 private:
     QMutex m_mutex;
-    PackageChanges m_pending;
+    ListChanges m_pending;
     bool m_awake = false; ///< a wake-up is queued, or the timer runs
     QTimer m_timer;
     QElapsedTimer m_sinceDelivery;

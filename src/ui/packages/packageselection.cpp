@@ -33,7 +33,7 @@ QList<PackageInfoPtr> PackageSelection::packages(const QModelIndexList &selected
 {
     QList<int> ids;
     for (const QModelIndex &index : selected) {
-        if (!isRepository(index, proxy))
+        if (index.column() == 0 && !isRepository(index, proxy))
             collect(index, proxy, model, ids);
     }
     QSet<int> known;

@@ -8,7 +8,8 @@
 class RepoModel;
 class RepoProxyModel;
 
-/** The packages behind the selected items of the package tree. The indexes are those of the proxy model. */
+/** The packages behind the selected items of the package tree. The indexes are those of the proxy model; only those of
+ *  the first column count. */
 namespace PackageSelection
 {
 /**

@@ -258,6 +258,9 @@ void PackageTree::take(int id)
 void PackageTree::replace(int id, const PackageInfoPtr &package)
 {
     count(item(id), -1);
+    // Another version has another file.
+    if (item(id).package->version != package->version)
+        at(id).added = 0;
     at(id).package = package;
     at(id).state = package->dependStatus();
     count(item(id), 1);

@@ -54,6 +54,7 @@ public:
     /** Replaces the record of a package; its position does not change. */
     void replace(int id, const PackageInfoPtr &package);
     void setState(int id, int state);
+    void setAdded(int id, qint64 time) { at(id).added = time; }
     /** Computes again how a package differs from its neighbours; true when the result has changed. */
     bool updateDistinction(int id);
     void setRootTitle(const QString &title) { at(RootId).title = title; }

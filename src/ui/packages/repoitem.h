@@ -28,6 +28,8 @@ struct RepoItem
     QString code; ///< of a component or section
     QString title; ///< of a container
     PackageInfoPtr package;
+    qint64 added
+        = 0; ///< when its file came into the pool, in seconds since the epoch; 0: not known, -1: no file
     bool differsInArchitecture = false; ///< an adjacent package has the same name and another architecture
     bool differsInType = false; ///< an adjacent package has the same name and another type
 

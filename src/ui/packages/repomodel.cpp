@@ -48,14 +48,14 @@ void RepoModel::setPackages(const QList<PackageInfoPtr> &packages)
 
 // --- changes of the package list -----------------------------------------------------------------------------------
 
-void RepoModel::apply(const PackageChanges &changes)
+void RepoModel::apply(const ListChanges &changes)
 {
-    const auto isCleared = [](const PackageChange &change) { return change.kind == PackageChange::Cleared; };
+    const auto isCleared = [](const ListChange &change) { return change.kind == ListChange::Cleared; };
     const auto listing = std::find_if(changes.crbegin(), changes.crend(), isCleared).base();
     if (packageCount() == 0 || listing != changes.cbegin()) {
         // A repository is being opened: the changes are all its packages in their order.
-        const bool removed = std::any_of(listing, changes.cend(), [](const PackageChange &change) {
-            return change.kind == PackageChange::Removed;
+        const bool removed = std::any_of(listing, changes.cend(), [](const ListChange &change) {
+            return change.kind == ListChange::Removed;
         });
         if (!removed && changes.cend() - listing > ResetThreshold) {
             setListing(listing, changes.cend());
@@ -65,10 +65,10 @@ void RepoModel::apply(const PackageChanges &changes)
     if (m_hasRepository && applyRecords(changes))
         return;
     bool cleared = false;
-    QHash<PackageKey, PackageChange> last; // only the last change of each package counts
+    QHash<PackageKey, ListChange> last; // only the last change of each package counts
     last.reserve(changes.size());
-    for (const PackageChange &change : changes) {
-        if (change.kind == PackageChange::Cleared) {
+    for (const ListChange &change : changes) {
+        if (change.kind == ListChange::Cleared) {
             cleared = true;
             last.clear();
         } else {
@@ -83,7 +83,7 @@ void RepoModel::apply(const PackageChanges &changes)
     QVector<QPair<int, PackageInfoPtr>> replaced;
     for (auto it = last.cbegin(); it != last.cend(); ++it) {
         const int id = m_tree.packageId(it.key());
-        const bool stored = it->kind == PackageChange::Stored;
+        const bool stored = it->kind == ListChange::Stored;
         if (id >= 0 && stored && m_tree.isInPlace(id, *it->package)) {
             replaced.append({id, it->package});
             continue;
@@ -102,8 +102,7 @@ void RepoModel::apply(const PackageChanges &changes)
     announce(touched);
 }
 
-void RepoModel::setListing(const PackageChanges::const_iterator &begin,
-                           const PackageChanges::const_iterator &end)
+void RepoModel::setListing(const ListChanges::const_iterator &begin, const ListChanges::const_iterator &end)
 {
     QList<PackageInfoPtr> packages;
     packages.reserve(static_cast<int>(end - begin));
@@ -112,13 +111,13 @@ void RepoModel::setListing(const PackageChanges::const_iterator &begin,
     setPackages(packages);
 }
 
-bool RepoModel::applyRecords(const PackageChanges &changes)
+bool RepoModel::applyRecords(const ListChanges &changes)
 {
     QSet<PackageKey> rows;
     QVector<int> ids;
     ids.reserve(changes.size());
-    for (const PackageChange &change : changes) {
-        if (change.kind != PackageChange::Stored)
+    for (const ListChange &change : changes) {
+        if (change.kind != ListChange::Stored)
             return false;
         // More need not be counted.
         if (rows.size() > ResetThreshold)
@@ -134,7 +133,7 @@ bool RepoModel::applyRecords(const PackageChanges &changes)
     if (rows.size() > ResetThreshold) {
         QList<PackageInfoPtr> packages = m_tree.packages();
         packages.reserve(packages.size() + changes.size());
-        for (const PackageChange &change : changes)
+        for (const ListChange &change : changes)
             packages.append(change.package);
         setPackages(packages);
         return true;
@@ -155,19 +154,19 @@ bool RepoModel::applyRecords(const PackageChanges &changes)
     return true;
 }
 
-int RepoModel::newRows(const QHash<PackageKey, PackageChange> &changes) const
+int RepoModel::newRows(const QHash<PackageKey, ListChange> &changes) const
 {
     int rows = 0;
     for (auto it = changes.cbegin(); it != changes.cend(); ++it) {
         const int id = m_tree.packageId(it.key());
-        const bool stored = it->kind == PackageChange::Stored;
+        const bool stored = it->kind == ListChange::Stored;
         if (id < 0 ? stored : !stored || !m_tree.isInPlace(id, *it->package))
             ++rows;
     }
     return rows;
 }
 
-void RepoModel::rebuild(const QHash<PackageKey, PackageChange> &changes, bool cleared)
+void RepoModel::rebuild(const QHash<PackageKey, ListChange> &changes, bool cleared)
 {
     QList<PackageInfoPtr> packages;
     if (!cleared) {
@@ -177,8 +176,8 @@ void RepoModel::rebuild(const QHash<PackageKey, PackageChange> &changes, bool cl
                 packages.append(package);
         }
     }
-    for (const PackageChange &change : changes) {
-        if (change.kind == PackageChange::Stored)
+    for (const ListChange &change : changes) {
+        if (change.kind == ListChange::Stored)
             packages.append(change.package);
     }
     setPackages(packages);
@@ -302,6 +301,26 @@ void RepoModel::setShowVersions(bool show)
         announcePackages({Qt::DisplayRole, TextRole});
 }
 
+void RepoModel::setColumns(const PackageColumns::Columns &columns)
+{
+    if (columns == m_columns)
+        return;
+    beginResetModel();
+    m_columns = columns;
+    endResetModel();
+}
+
+void RepoModel::setAdded(const QVector<QPair<PackageInfoPtr, qint64>> &times)
+{
+    for (const auto &[package, time] : times) {
+        const int id = m_tree.packageId(PackageKey::of(*package));
+        if (id >= 0 && m_tree.item(id).package->version == package->version)
+            m_tree.setAdded(id, time);
+    }
+    if (m_hasRepository)
+        announcePackages({Qt::DisplayRole});
+}
+
 void RepoModel::setInstallabilityStale(bool isStale)
 {
     if (m_isStale == isStale)
@@ -394,7 +413,7 @@ QModelIndex RepoModel::index(int row, int column, const QModelIndex &parent) con
     if (!hasIndex(row, column, parent))
         return {};
     if (!parent.isValid())
-        return indexOfId(PackageTree::RootId);
+        return createIndex(0, column, static_cast<quintptr>(PackageTree::RootId));
     return createIndex(row, column, static_cast<quintptr>(m_tree.item(itemId(parent)).children.at(row)));
 }
 
@@ -407,13 +426,14 @@ int RepoModel::rowCount(const QModelIndex &parent) const
 {
     if (!parent.isValid())
         return m_hasRepository ? 1 : 0;
+    if (parent.column() > 0)
+        return 0;
     return m_tree.item(itemId(parent)).children.size();
 }
 
 int RepoModel::columnCount(const QModelIndex &parent) const
 {
-    Q_UNUSED(parent)
-    return 1;
+    return parent.column() > 0 ? 0 : m_columns.size();
 }
 
 QVariant RepoModel::data(const QModelIndex &index, int role) const
@@ -421,6 +441,8 @@ QVariant RepoModel::data(const QModelIndex &index, int role) const
     if (!index.isValid())
         return {};
     const RepoItem &item = m_tree.item(itemId(index));
+    if (index.column() > 0)
+        return PackageColumns::data(m_columns.at(index.column()), item, role);
     switch (role) {
     case Qt::DisplayRole:
         return distinctText(item);
@@ -461,13 +483,13 @@ Qt::ItemFlags RepoModel::flags(const QModelIndex &index) const
 {
     if (!index.isValid())
         return Qt::NoItemFlags;
-    const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDragEnabled;
     return package(index) ? flags | Qt::ItemNeverHasChildren : flags;
 }
 
 QVariant RepoModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (section != 0 || orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (section < 0 || section >= m_columns.size() || orientation != Qt::Horizontal)
         return {};
-    return tr("Packages");
+    return PackageColumns::headerData(m_columns.at(section), role);
 }

@@ -2,14 +2,16 @@
 #pragma once
 
 #include "core/repoinfo.h"
-#include "ui/packages/packagechange.h"
+#include "ui/packages/listchange.h"
+#include "ui/packages/packagecolumns.h"
 #include "ui/packages/packagetree.h"
 
 #include <QAbstractItemModel>
 #include <QHash>
 
 /**
- * The packages of one repository as a tree with one column: repository, components, sections, packages. It receives the
+ * The packages of one repository as a tree: repository, components, sections, packages. The first column has the names,
+ * and the user can choose more, which are filled for packages only. It receives the
  * engine's changes in batches. A large batch is one reset; a small one is announced row by row. The internal id of an
  * index is the item's id in the tree.
  */
@@ -36,10 +38,17 @@ public:
     /** Replaces all packages. */
     void setPackages(const QList<PackageInfoPtr> &packages);
     /** Applies changes of the engine in their order. */
-    void apply(const PackageChanges &changes);
+    void apply(const ListChanges &changes);
 
     /** Adds the versions to the displayed names. */
     void setShowVersions(bool show);
+
+    /** The columns, of which the first one is always that of the names. A change resets the model. */
+    void setColumns(const PackageColumns::Columns &columns);
+    const PackageColumns::Columns &columns() const { return m_columns; }
+
+    /** Keeps when the files of these packages came into the pool; see PoolDates. */
+    void setAdded(const QVector<QPair<PackageInfoPtr, qint64>> &times);
 
     /** Shows the results of complete checks as old ones: something has changed since. */
     void setInstallabilityStale(bool isStale);
@@ -102,15 +111,16 @@ private:
     RepoInfo m_info;
     bool m_hasRepository = false;
     bool m_showVersions = false;
+    PackageColumns::Columns m_columns{PackageColumns::Name};
     bool m_isStale = false; ///< the results of complete checks are old
     int m_breakingRevision = 0; ///< of the last breakingChanged()
     QString m_currentKey;
 
     /** Applies a batch of records, either of present packages or of many new ones. Returns false for other batches. */
-    bool applyRecords(const PackageChanges &changes);
-    int newRows(const QHash<PackageKey, PackageChange> &changes) const;
-    void setListing(const PackageChanges::const_iterator &begin, const PackageChanges::const_iterator &end);
-    void rebuild(const QHash<PackageKey, PackageChange> &changes, bool cleared);
+    bool applyRecords(const ListChanges &changes);
+    int newRows(const QHash<PackageKey, ListChange> &changes) const;
+    void setListing(const ListChanges::const_iterator &begin, const ListChanges::const_iterator &end);
+    void rebuild(const QHash<PackageKey, ListChange> &changes, bool cleared);
     void store(const PackageInfoPtr &package, Touched &touched);
     void remove(int id, Touched &touched);
     int ensureContainer(int parent, RepoItem::Kind kind, const QString &code);

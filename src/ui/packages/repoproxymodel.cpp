@@ -15,7 +15,16 @@ int sizeOf(const std::vector<int> &ids)
 
 RepoProxyModel::RepoProxyModel(QObject *parent)
     : QAbstractProxyModel(parent)
-{ }
+{
+    constexpr int SortDelay = 500; // milliseconds
+    m_sortTimer.setSingleShot(true);
+    m_sortTimer.setInterval(SortDelay);
+    connect(&m_sortTimer, &QTimer::timeout, this, [this] {
+        if (m_model != nullptr)
+            m_sorting.rank(m_model->tree(), m_sorting.column());
+        relayout();
+    });
+}
 
 void RepoProxyModel::setSourceModel(QAbstractItemModel *sourceModel)
 {
@@ -27,6 +36,8 @@ void RepoProxyModel::setSourceModel(QAbstractItemModel *sourceModel)
     if (m_model != nullptr) {
         connect(m_model, &RepoModel::modelAboutToBeReset, this, &RepoProxyModel::beginResetModel);
         connect(m_model, &RepoModel::modelReset, this, [this] {
+            const bool isThere = m_model->columns().contains(m_sorting.column());
+            m_sorting.rank(m_model->tree(), isThere ? m_sorting.column() : PackageColumns::Name);
             rebuild();
             endResetModel();
         });
@@ -37,6 +48,7 @@ void RepoProxyModel::setSourceModel(QAbstractItemModel *sourceModel)
         connect(m_model, &RepoModel::breakingChanged, this, &RepoProxyModel::breakingChanged);
         connect(m_model, &QObject::destroyed, this, [this] { m_model = nullptr; });
     }
+    m_sorting = {};
     rebuild();
     endResetModel();
 }
@@ -67,11 +79,25 @@ void RepoProxyModel::setShownFaults(Faults faults)
     relayout();
 }
 
+void RepoProxyModel::setChoice(const PackageChoice &choice)
+{
+    if (m_choice == choice)
+        return;
+    m_choice = choice;
+    relayout();
+}
+
 void RepoProxyModel::breakingChanged()
 {
     // Rows without a change of their own come and go with the reasons of other rows.
     if (m_faults.testFlag(BreaksOthers))
         relayout();
+}
+
+void RepoProxyModel::setColumns(const PackageColumns::Columns &columns)
+{
+    if (m_model != nullptr)
+        m_model->setColumns(columns);
 }
 
 void RepoProxyModel::setRepositoryItemHidden(bool hidden)
@@ -83,32 +109,41 @@ void RepoProxyModel::setRepositoryItemHidden(bool hidden)
     endResetModel();
 }
 
-void RepoProxyModel::sort(int column, Qt::SortOrder order)
-{
-    if (column > 0 || m_order == order)
-        return;
-    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
-    const QModelIndexList before = persistentIndexList();
-    m_order = order;
-    QModelIndexList after;
-    after.reserve(before.size());
-    for (const QModelIndex &index : before)
-        after.append(indexOfId(RepoModel::itemId(index)));
-    changePersistentIndexList(before, after);
-    Q_EMIT layoutChanged({}, VerticalSortHint);
-}
-
 void RepoProxyModel::relayout()
 {
     Q_EMIT layoutAboutToBeChanged();
     const QModelIndexList before = persistentIndexList();
     rebuild();
-    QModelIndexList after;
-    after.reserve(before.size());
-    for (const QModelIndex &index : before)
-        after.append(indexOfId(RepoModel::itemId(index)));
-    changePersistentIndexList(before, after);
+    restore(before);
     Q_EMIT layoutChanged();
+}
+
+void RepoProxyModel::restore(const QModelIndexList &persistent)
+{
+    QModelIndexList after;
+    after.reserve(persistent.size());
+    for (const QModelIndex &index : persistent)
+        after.append(indexOfId(RepoModel::itemId(index), index.column()));
+    changePersistentIndexList(persistent, after);
+}
+
+void RepoProxyModel::sort(int column, Qt::SortOrder order)
+{
+    const int columns = m_model == nullptr ? 1 : m_model->columns().size();
+    if (column < 0 || column >= columns)
+        return;
+    const PackageColumns::Column wanted = column == 0 ? PackageColumns::Name : m_model->columns().at(column);
+    if (m_sorting.column() == wanted && m_order == order)
+        return;
+    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+    const QModelIndexList before = persistentIndexList();
+    m_order = order;
+    if (m_sorting.column() != wanted) {
+        m_sorting.rank(m_model->tree(), wanted);
+        rebuild();
+    }
+    restore(before);
+    Q_EMIT layoutChanged({}, VerticalSortHint);
 }
 
 bool RepoProxyModel::hasFault(const RepoItem &item) const
@@ -124,7 +159,7 @@ bool RepoProxyModel::accepts(const RepoItem &item) const
     if (item.state >= DependUndefined && item.state <= DependSuccess
         && (m_states & (1U << (item.state - DependUndefined))) == 0)
         return false;
-    if (m_faults != 0 && !hasFault(item))
+    if ((m_faults != 0 && !hasFault(item)) || !m_choice.accepts(*item.package))
         return false;
     return m_text.isEmpty() || m_model->displayText(item).contains(m_text, Qt::CaseInsensitive);
 }
@@ -145,11 +180,13 @@ void RepoProxyModel::rebuildBelow(int id)
             if (accepts(m_model->tree().item(child)))
                 shown.push_back(child);
         }
+    } else {
+        shown.assign(container.children.cbegin(), container.children.cend());
+    }
+    if (container.kind == RepoItem::Section) {
+        m_sorting.sort(shown);
         return;
     }
-    shown.assign(container.children.cbegin(), container.children.cend());
-    if (container.kind == RepoItem::Section)
-        return;
     for (const int child : container.children)
         rebuildBelow(child);
 }
@@ -181,6 +218,8 @@ void RepoProxyModel::sourceRowsInserted(const QModelIndex &parent, int first, in
         const RepoItem &item = m_model->tree().item(id);
         if (item.isContainer())
             rebuildBelow(id);
+        else if (!m_sorting.isByName())
+            appendSorted(id);
         if (accepts(item))
             shown.push_back(id);
     }
@@ -193,7 +232,7 @@ void RepoProxyModel::insertShown(int container, const Ids &ids)
         return;
     Ids &shown = m_shown[container];
     const int place = placeOf(shown, ids.front());
-    const int row = m_order == Qt::AscendingOrder ? place : sizeOf(shown) - place;
+    const int row = isReversed(container) ? sizeOf(shown) - place : place;
     beginInsertRows(indexOfId(container), row, row + sizeOf(ids) - 1);
     shown.insert(shown.begin() + place, ids.begin(), ids.end());
     endInsertRows();
@@ -203,10 +242,23 @@ void RepoProxyModel::sourceRowsAboutToBeRemoved(const QModelIndex &parent, int f
 {
     const int container = RepoModel::itemId(parent);
     const Ids &shown = shownIn(container);
+    if (!m_sorting.isByName()) {
+        // The model removes one row at a time, unless all its rows go.
+        Q_ASSERT(first == last);
+        const int id = m_model->tree().item(container).children.at(first);
+        beginRemoval(container, placeOf(shown, id), isShown(container, id) ? 1 : 0);
+        return;
+    }
     const auto sourceRowLess = [this](int id, int row) { return m_model->tree().item(id).row < row; };
     const auto begin = std::lower_bound(shown.cbegin(), shown.cend(), first, sourceRowLess);
     const auto end = std::lower_bound(begin, shown.cend(), last + 1, sourceRowLess);
     beginRemoval(container, static_cast<int>(begin - shown.cbegin()), static_cast<int>(end - begin));
+}
+
+void RepoProxyModel::appendSorted(int id)
+{
+    m_sorting.append(m_model->tree(), id);
+    m_sortTimer.start();
 }
 
 void RepoProxyModel::beginRemoval(int container, int first, int count)
@@ -216,7 +268,7 @@ void RepoProxyModel::beginRemoval(int container, int first, int count)
     m_removeCount = count;
     if (count == 0)
         return;
-    const int row = m_order == Qt::AscendingOrder ? first : sizeOf(shownIn(container)) - first - count;
+    const int row = isReversed(container) ? sizeOf(shownIn(container)) - first - count : first;
     beginRemoveRows(indexOfId(container), row, row + count - 1);
 }
 
@@ -272,8 +324,10 @@ void RepoProxyModel::sourceDataChanged(const QModelIndex &topLeft,
         if (!last.isValid() || shown.row() > last.row())
             last = shown;
     }
+    if (!m_sorting.isByName() && !m_sortTimer.isActive())
+        m_sortTimer.start();
     if (first.isValid())
-        Q_EMIT dataChanged(first, last, roles);
+        Q_EMIT dataChanged(first, last.siblingAtColumn(columnCount() - 1), roles);
 }
 
 // --- mapping -------------------------------------------------------------------------------------------------------
@@ -299,43 +353,55 @@ bool RepoProxyModel::isShown(int container, int id) const
     return place < sizeOf(shown) && shown[static_cast<std::size_t>(place)] == id;
 }
 
-int RepoProxyModel::mirrored(int place, const Ids &shown) const
+bool RepoProxyModel::isReversed(int container) const
 {
-    return m_order == Qt::AscendingOrder ? place : sizeOf(shown) - 1 - place;
+    // Only packages are sorted by another column than the first.
+    const bool isSorted
+        = m_sorting.isByName()
+          || (container != TopId && m_model->tree().item(container).kind == RepoItem::Section);
+    return isSorted && m_order == Qt::DescendingOrder;
+}
+
+int RepoProxyModel::mirrored(int place, int container) const
+{
+    return isReversed(container) ? sizeOf(shownIn(container)) - 1 - place : place;
 }
 
 int RepoProxyModel::placeOf(const Ids &shown, int id) const
 {
-    const int row = m_model->tree().item(id).row;
-    const auto place = std::lower_bound(shown.cbegin(), shown.cend(), row, [this](int other, int wanted) {
-        return m_model->tree().item(other).row < wanted;
+    const PackageTree &tree = m_model->tree();
+    const int wanted = m_sorting.place(tree, id);
+    const auto place = std::lower_bound(shown.cbegin(), shown.cend(), wanted, [&](int other, int number) {
+        return m_sorting.place(tree, other) < number;
     });
     return static_cast<int>(place - shown.cbegin());
 }
 
-QModelIndex RepoProxyModel::indexOfId(int id) const
+QModelIndex RepoProxyModel::indexOfId(int id, int column) const
 {
     if (m_model == nullptr || !m_model->hasRepository() || id < 0)
         return {};
     if (id == PackageTree::RootId)
-        return m_rootHidden ? QModelIndex() : createIndex(0, 0, static_cast<quintptr>(id));
+        return m_rootHidden ? QModelIndex() : createIndex(0, column, static_cast<quintptr>(id));
     const int container = m_model->tree().item(id).parent;
     if (!isShown(container, id))
         return {};
     const Ids &shown = shownIn(container);
-    return createIndex(mirrored(placeOf(shown, id), shown), 0, static_cast<quintptr>(id));
+    return createIndex(mirrored(placeOf(shown, id), container), column, static_cast<quintptr>(id));
 }
 
 QModelIndex RepoProxyModel::mapToSource(const QModelIndex &proxyIndex) const
 {
     if (!proxyIndex.isValid() || m_model == nullptr)
         return {};
-    return m_model->indexOfId(RepoModel::itemId(proxyIndex));
+    const QModelIndex index = m_model->indexOfId(RepoModel::itemId(proxyIndex));
+    return proxyIndex.column() == 0 ? index : index.siblingAtColumn(proxyIndex.column());
 }
 
 QModelIndex RepoProxyModel::mapFromSource(const QModelIndex &sourceIndex) const
 {
-    return sourceIndex.isValid() ? indexOfId(RepoModel::itemId(sourceIndex)) : QModelIndex();
+    return sourceIndex.isValid() ? indexOfId(RepoModel::itemId(sourceIndex), sourceIndex.column())
+                                 : QModelIndex();
 }
 
 QModelIndex RepoProxyModel::index(int row, int column, const QModelIndex &parent) const
@@ -344,9 +410,8 @@ QModelIndex RepoProxyModel::index(int row, int column, const QModelIndex &parent
         return {};
     const int container = containerId(parent);
     if (container == TopId)
-        return indexOfId(PackageTree::RootId);
-    const Ids &shown = shownIn(container);
-    const int id = shown[static_cast<std::size_t>(mirrored(row, shown))];
+        return indexOfId(PackageTree::RootId, column);
+    const int id = shownIn(container)[static_cast<std::size_t>(mirrored(row, container))];
     return createIndex(row, column, static_cast<quintptr>(id));
 }
 
@@ -364,7 +429,7 @@ QModelIndex RepoProxyModel::sibling(int row, int column, const QModelIndex &inde
 
 int RepoProxyModel::rowCount(const QModelIndex &parent) const
 {
-    if (m_model == nullptr || !m_model->hasRepository())
+    if (m_model == nullptr || !m_model->hasRepository() || parent.column() > 0)
         return 0;
     const int container = containerId(parent);
     return container == TopId ? 1 : sizeOf(shownIn(container));
@@ -372,8 +437,9 @@ int RepoProxyModel::rowCount(const QModelIndex &parent) const
 
 int RepoProxyModel::columnCount(const QModelIndex &parent) const
 {
-    Q_UNUSED(parent)
-    return 1;
+    return m_model == nullptr
+               ? 1
+               : m_model->columnCount(parent.column() > 0 ? mapToSource(parent) : QModelIndex());
 }
 
 bool RepoProxyModel::hasChildren(const QModelIndex &parent) const

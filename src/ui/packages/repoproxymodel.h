@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "ui/packages/packagechoice.h"
+#include "ui/packages/packageorder.h"
+
 #include <QAbstractProxyModel>
 #include <QFlags>
 #include <QHash>
+#include <QTimer>
 
 #include <vector>
 
@@ -41,8 +45,19 @@ public:
     void setShownStates(States states);
     /** Shows only packages with one of these faults; no fault shows all packages. */
     void setShownFaults(Faults faults);
+    /** Shows only the packages of this choice. */
+    void setChoice(const PackageChoice &choice);
+    /** Whether a text or another filter can hide packages. */
+    bool isFiltering() const
+    {
+        return !m_text.isEmpty() || m_states != ShowAll || m_faults != 0 || !m_choice.isEmpty();
+    }
+    /** See RepoModel::setColumns(). */
+    void setColumns(const PackageColumns::Columns &columns);
     void setRepositoryItemHidden(bool hidden);
     bool isRepositoryItemHidden() const { return m_rootHidden; }
+
+    PackageColumns::Column sortedColumn() const { return m_sorting.column(); }
 
     /** Number of packages below the container that the filters show. */
     int shownPackages(const QModelIndex &container = QModelIndex()) const;
@@ -55,6 +70,10 @@ public:
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
     bool hasChildren(const QModelIndex &parent = QModelIndex()) const override;
+    /**
+     * By the first column all items are sorted, by another one only the packages within their sections. The order is
+     * mended a moment after packages have changed, so that rows do not jump while a job runs.
+     */
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
     QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
@@ -71,13 +90,15 @@ private:
     QString m_text;
     States m_states = ShowAll;
     Faults m_faults;
+    PackageChoice m_choice;
     bool m_rootHidden = false;
     Qt::SortOrder m_order = Qt::AscendingOrder;
+    PackageOrder m_sorting;
+    QTimer m_sortTimer; ///< runs when packages have changed that are not sorted by name
     int m_removeFirst = 0; ///< rows of m_shown[m_removeFrom] that the present removal takes
     int m_removeCount = 0;
     int m_removeFrom = TopId;
 
-    bool isFiltering() const { return !m_text.isEmpty() || m_states != ShowAll || m_faults != 0; }
     bool hasFault(const RepoItem &item) const;
     /** Other packages break others now. */
     void breakingChanged();
@@ -85,15 +106,20 @@ private:
     void rebuild();
     void rebuildBelow(int id);
     void relayout();
+    /** Leads the persistent indexes of before to the same items. */
+    void restore(const QModelIndexList &persistent);
+    /** A new package stands last until all are sorted again. */
+    void appendSorted(int id);
 
     int containerId(const QModelIndex &proxyIndex) const;
-    QModelIndex indexOfId(int id) const;
+    QModelIndex indexOfId(int id, int column = 0) const;
     /** Index of an item in the visible children of its container, or the index where it would be inserted. */
     int placeOf(const Ids &shown, int id) const;
     const Ids &shownIn(int container) const;
     bool isShown(int container, int id) const;
-    /** Converts an index in `shown` to a row, or a row to an index. */
-    int mirrored(int place, const Ids &shown) const;
+    bool isReversed(int container) const;
+    /** Converts an index in the visible children of a container to a row, or a row to an index. */
+    int mirrored(int place, int container) const;
     void insertShown(int container, const Ids &ids);
     void beginRemoval(int container, int first, int count);
     void endRemoval();

@@ -1,17 +1,25 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packages/repotreeview.h"
 
+#include "ui/packages/columnchoice.h"
 #include "ui/packages/packagedrop.h"
+#include "ui/packages/packageselection.h"
 #include "ui/packages/repomodel.h"
 #include "ui/packages/repoproxymodel.h"
 #include "ui/widgets/itemmenukeys.h"
 
+#include <QDrag>
 #include <QDragEnterEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
 #include <QScrollBar>
 #include <QSet>
+#include <QUrl>
 
 RepoTreeView::RepoTreeView(QWidget *parent)
     : QTreeView(parent)
@@ -26,7 +34,7 @@ RepoTreeView::RepoTreeView(QWidget *parent)
     const int iconSide = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) * 11 / 8;
     setIconSize(QSize(iconSide, iconSide));
     new ItemMenuKeys(this);
-    setDragDropMode(DropOnly);
+    setDragDropMode(DragDrop);
     setDropIndicatorShown(false);
     header()->setSectionResizeMode(QHeaderView::Interactive);
     header()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -62,6 +70,42 @@ void RepoTreeView::setModel(QAbstractItemModel *model)
     }
 }
 
+// --- columns -------------------------------------------------------------------------------------------------------
+
+void RepoTreeView::setColumnChoice(ColumnChoice &choice)
+{
+    header()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header(), &QWidget::customContextMenuRequested, this, [this, &choice](const QPoint &pos) {
+        choice.menu()->popup(header()->mapToGlobal(pos));
+    });
+    connect(&choice, &ColumnChoice::changed, this, [this, &choice] { showColumns(choice); });
+    connect(header(), &QHeaderView::sectionResized, this, [this, &choice](int section, int, int size) {
+        const PackageColumns::Columns columns = m_proxy->repoModel()->columns();
+        // The last column follows the width of the window. Only what the user sets is kept.
+        const bool isByUser = (QGuiApplication::mouseButtons() & Qt::LeftButton) != 0;
+        if (isByUser && section + 1 < columns.size() && size > 0)
+            choice.setWidth(columns.at(section), size);
+    });
+    showColumns(choice);
+}
+
+void RepoTreeView::showColumns(const ColumnChoice &choice)
+{
+    const PackageColumns::Columns columns = choice.columns();
+    m_proxy->setColumns(columns);
+    // A cell of another column than the first stands for its row.
+    setSelectionBehavior(columns.size() > 1 ? SelectRows : SelectItems);
+    const int sorted = columns.indexOf(m_proxy->sortedColumn());
+    sortByColumn(qMax(0, sorted), sorted < 0 ? Qt::AscendingOrder : header()->sortIndicatorOrder());
+    constexpr int NameCharacters = 34;
+    constexpr int OtherCharacters = 14;
+    for (int i = 0; i + 1 < columns.size(); ++i) {
+        const int characters = i == 0 ? NameCharacters : OtherCharacters;
+        const int width = choice.width(columns.at(i));
+        header()->resizeSection(i, width > 0 ? width : characters * fontMetrics().averageCharWidth());
+    }
+}
+
 // --- keys and mouse ------------------------------------------------------------------------------------------------
 
 void RepoTreeView::keyPressEvent(QKeyEvent *event)
@@ -85,7 +129,11 @@ void RepoTreeView::dragEnterEvent(QDragEnterEvent *event)
 
 void RepoTreeView::dragMoveEvent(QDragMoveEvent *event)
 {
-    if (!PackageDrop::accepts(event->mimeData())) {
+    const auto *source = qobject_cast<const RepoTreeView *>(event->source());
+    const QModelIndex place = source == nullptr ? QModelIndex() : placeAt(event->pos());
+    setDropRow(place);
+    // Within one repository packages can only get another component.
+    if (source == this ? !place.isValid() : !PackageDrop::accepts(event->mimeData())) {
         event->ignore();
         return;
     }
@@ -93,16 +141,90 @@ void RepoTreeView::dragMoveEvent(QDragMoveEvent *event)
     event->accept();
 }
 
+void RepoTreeView::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    setDropRow({});
+    QTreeView::dragLeaveEvent(event);
+}
+
 void RepoTreeView::dropEvent(QDropEvent *event)
 {
+    setDropRow({});
+    auto *source = qobject_cast<RepoTreeView *>(event->source());
     const QStringList files = PackageDrop::paths(event->mimeData());
-    if (files.isEmpty()) {
+    const QModelIndex place = placeAt(event->pos());
+    if (files.isEmpty() || (source == this && !place.isValid())) {
         event->ignore();
         return;
     }
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    Q_EMIT filesDropped(files);
+    if (source == nullptr)
+        Q_EMIT filesDropped(files);
+    else
+        Q_EMIT packagesDropped(
+            source, componentOf(place), event->keyboardModifiers().testFlag(Qt::ShiftModifier));
+}
+
+void RepoTreeView::startDrag(Qt::DropActions /*supported*/)
+{
+    // Another program gets no more files than a person drags on purpose.
+    constexpr int MostFiles = 1000;
+    if (m_proxy == nullptr || m_proxy->repoModel() == nullptr)
+        return;
+    const auto packages
+        = PackageSelection::packages(selectionModel()->selectedIndexes(), *m_proxy, *m_proxy->repoModel());
+    QList<QUrl> files;
+    for (const PackageInfoPtr &package : packages) {
+        const QUrl file = QUrl::fromLocalFile(package->filePath());
+        if (files.size() < MostFiles && (files.isEmpty() || files.last() != file))
+            files.append(file);
+    }
+    if (files.isEmpty())
+        return;
+    auto *dragged = new QMimeData;
+    dragged->setUrls(files);
+    auto *drag = new QDrag(this);
+    drag->setMimeData(dragged);
+    // A file manager that was offered to move would take the files out of the pool.
+    drag->exec(Qt::CopyAction);
+}
+
+QModelIndex RepoTreeView::placeAt(const QPoint &position) const
+{
+    const QModelIndex index = m_proxy == nullptr ? QModelIndex() : indexAt(position);
+    if (!index.isValid())
+        return {};
+    const RepoItem &item = m_proxy->repoModel()->tree().item(RepoModel::itemId(index));
+    return item.kind == RepoItem::Component || item.kind == RepoItem::Section ? index : QModelIndex();
+}
+
+QString RepoTreeView::componentOf(const QModelIndex &place) const
+{
+    if (!place.isValid())
+        return {};
+    const PackageTree &tree = m_proxy->repoModel()->tree();
+    const RepoItem &item = tree.item(RepoModel::itemId(place));
+    return item.kind == RepoItem::Section ? tree.item(item.parent).code : item.code;
+}
+
+void RepoTreeView::setDropRow(const QModelIndex &index)
+{
+    if (m_dropRow == index)
+        return;
+    m_dropRow = index;
+    viewport()->update();
+}
+
+void RepoTreeView::drawRow(QPainter *painter,
+                           const QStyleOptionViewItem &option,
+                           const QModelIndex &index) const
+{
+    QTreeView::drawRow(painter, option, index);
+    if (!m_dropRow.isValid() || index != m_dropRow)
+        return;
+    painter->setPen(palette().color(QPalette::Highlight));
+    painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
 }
 
 // --- what survives the replacement of a package ---------------------------------------------------------------------
@@ -115,7 +237,7 @@ void RepoTreeView::rowsAboutToBeRemoved(const QModelIndex &parent, int first, in
             continue;
         if (selectionModel()->isSelected(index))
             m_lostSelected.insert(keyOf(index));
-        if (index == currentIndex())
+        if (index == currentIndex().siblingAtColumn(0))
             m_lostCurrent = keyOf(index);
     }
     QTreeView::rowsAboutToBeRemoved(parent, first, last);
@@ -139,7 +261,7 @@ void RepoTreeView::takeUpLost(const QModelIndex &parent, int first, int last)
         }
         const QString key = keyOf(index);
         if (m_lostSelected.remove(key))
-            selectionModel()->select(index, QItemSelectionModel::Select);
+            selectionModel()->select(index, QItemSelectionModel::Select | QItemSelectionModel::Rows);
         if (key == m_lostCurrent) {
             m_lostCurrent.clear();
             selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
@@ -221,8 +343,10 @@ void RepoTreeView::saveState()
     m_current = keyOf(currentIndex());
     m_selected.clear();
     const QModelIndexList selected = selectionModel()->selectedIndexes();
-    for (const QModelIndex &index : selected)
-        m_selected.append(keyOf(index));
+    for (const QModelIndex &index : selected) {
+        if (index.column() == 0)
+            m_selected.append(keyOf(index));
+    }
 }
 
 void RepoTreeView::restoreState()
@@ -248,10 +372,11 @@ void RepoTreeView::restoreState()
         else
             selection.append(QItemSelectionRange(index));
     }
-    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     // In a repository that was just opened, nothing is chosen yet: the repository item becomes current.
     if (m_current.isEmpty())
-        selectionModel()->setCurrentIndex(m_proxy->index(0, 0), QItemSelectionModel::ClearAndSelect);
+        selectionModel()->setCurrentIndex(m_proxy->index(0, 0),
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     else
         selectionModel()->setCurrentIndex(indexOfKey(m_current), QItemSelectionModel::NoUpdate);
     restoreScroll();
@@ -318,7 +443,8 @@ void RepoTreeView::enterFromSearch()
     if (match.isValid() && !(current.isValid() && isPackage(current))) {
         for (QModelIndex parent = match.parent(); parent.isValid(); parent = parent.parent())
             expand(parent);
-        selectionModel()->setCurrentIndex(match, QItemSelectionModel::ClearAndSelect);
+        selectionModel()->setCurrentIndex(match,
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
         scrollTo(match);
     }
     setFocus(Qt::TabFocusReason);

@@ -5,10 +5,12 @@
 #include <QStringList>
 #include <QTreeView>
 
+class ColumnChoice;
 class RepoProxyModel;
 
 /**
- * The tree of a repository's packages. It accepts drops of package files. It keeps the expanded items, the selection
+ * The tree of a repository's packages. It accepts drops of package files and of packages of such a tree, and its
+ * packages can be dragged. It keeps the expanded items, the selection
  * and the scroll position when its model is filtered or reset, and the selection when a package is replaced.
  */
 class RepoTreeView : public QTreeView
@@ -20,6 +22,8 @@ public:
     /** A RepoProxyModel has item keys that stay valid over a reset. With another model, a reset loses the state. */
     void setModel(QAbstractItemModel *model) override;
 
+    /** Shows the chosen columns and keeps their widths. The header offers the choice. `choice` outlives the view. */
+    void setColumnChoice(ColumnChoice &choice);
     /**
      * Call with true before the first search text is set: from then on, groups with matches are expanded. Call with
      * false after the text was removed: the earlier expansion is restored.
@@ -37,6 +41,11 @@ public:
 Q_SIGNALS:
     /** Package files or folders were dropped: absolute paths. */
     void filesDropped(const QStringList &files);
+    /**
+     * Packages of `source`, which is such a tree, were dropped on this one: those that are selected there. `component`
+     * is that of the row; empty when it was none of a component or section. `moves` says that they are to leave.
+     */
+    void packagesDropped(QWidget *source, const QString &component, bool moves);
     /** After a reset or a new filter, the view has restored its earlier state as far as possible. */
     void stateRestored();
 
@@ -45,6 +54,10 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last) override;
     void rowsInserted(const QModelIndex &parent, int first, int last) override;
+    void startDrag(Qt::DropActions supported) override;
+    void
+    drawRow(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
@@ -59,7 +72,13 @@ private:
     QStringList m_expandedBeforeSearch;
     QSet<QString> m_lostSelected; ///< keys of packages that were selected when they were removed
     QString m_lostCurrent;
+    QPersistentModelIndex m_dropRow; ///< a component or section on which packages would be dropped now
 
+    void showColumns(const ColumnChoice &choice);
+    /** The component or section at this place; invalid when there is none. */
+    QModelIndex placeAt(const QPoint &position) const;
+    QString componentOf(const QModelIndex &place) const;
+    void setDropRow(const QModelIndex &index);
     void forgetLost();
     void takeUpLost(const QModelIndex &parent, int first, int last);
     bool isPackage(const QModelIndex &index) const;

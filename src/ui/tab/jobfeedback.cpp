@@ -352,6 +352,8 @@ void JobFeedback::packagesReplacementHandler(const QPointer<RepoWidget> &widget,
     PackageReplacementDialog dialog(
         collision, *package, singlePackage || newcomer.isLast, m_prompts.window());
     dialog.setRepository(about(widget));
+    if (m_offersPreview && m_offersPreview(widget))
+        dialog.offerPreview();
     dialog.setNewcomer(newcomer.fileName, newcomer.version, newcomer.architectures);
     // The engine waits, so the rules still exist. Without an answer the package stays.
     rules->value = m_prompts.run(dialog) == QDialog::Accepted
@@ -359,4 +361,6 @@ void JobFeedback::packagesReplacementHandler(const QPointer<RepoWidget> &widget,
                        : static_cast<quint32>(PackageReplacementRules::KeepThis);
     if (dialog.wantsStop() && !widget.isNull())
         stopJobOf(widget);
+    if (dialog.wantsPreview() && !widget.isNull())
+        Q_EMIT previewWanted(widget);
 }

@@ -11,6 +11,8 @@
 #include <QObject>
 #include <QPointer>
 
+#include <functional>
+
 class ElidedLabel;
 class QPlainTextEdit;
 class QProgressBar;
@@ -51,9 +53,18 @@ public:
     void showWaiting(RepoWidget *widget, const QString &message);
     /** Ends the waiting with a last word, which goes into the log too, and shows the error if there is one. */
     void endWaiting(RepoWidget *widget, const QString &message, const Trouble &trouble = {});
+    /** Tells whether the running job of a tab can be stopped for a preview of what is left; see previewWanted(). */
+    void setPreviewOffer(std::function<bool(RepoWidget *widget)> offer)
+    {
+        m_offersPreview = std::move(offer);
+    }
     /** Shows an error box and puts the error into the log. */
     void
     error(const QString &text, const QString &details = {}, RepoEnums::ErrorType type = RepoEnums::CRITICAL);
+
+Q_SIGNALS:
+    /** The user has stopped the tab's job at a question, to see a preview of what is left. */
+    void previewWanted(RepoWidget *widget);
 
 private:
     struct Job
@@ -97,4 +108,5 @@ private:
     QProgressBar *m_progressBar;
     QToolButton *m_stopButton;
     QHash<const RepoWidget *, Job> m_jobs;
+    std::function<bool(RepoWidget *widget)> m_offersPreview;
 };

@@ -19,17 +19,19 @@ PackageMenu::PackageMenu(Commands commands, QWidget *window)
     m_filter->setObjectName(QStringLiteral("m_packetFilterMenu"));
     m_filter->setIcon(QIcon::fromTheme(QStringLiteral("view-filter")));
     // All possible entries are added first, so that each entry gets a key of its own.
-    fill(true, true);
+    fill(true, true, true);
     Mnemonics::mark(m_menu, m_filter);
     setTab(nullptr);
 }
 
-void PackageMenu::fill(bool onItem, bool onRepository)
+void PackageMenu::fill(bool onItem, bool inRepository, bool onRepository)
 {
     m_menu->clear();
     m_menu->addActions(m_commands.always);
     if (onItem)
         m_menu->addActions(m_commands.packages);
+    if (inRepository)
+        m_menu->addActions(m_commands.files);
     m_menu->addSeparator();
     m_menu->addActions(m_commands.checks);
     m_menu->addMenu(m_filter);
@@ -50,6 +52,7 @@ void PackageMenu::setTab(const RepoWidget *widget)
 void PackageMenu::popup(const RepoWidget &widget, const QPoint &globalPos)
 {
     const RepoWidget::CurrentItem item = widget.currentItem();
-    fill(item != RepoWidget::CurrentItem::None, item != RepoWidget::CurrentItem::InRepository);
+    const bool inRepository = item == RepoWidget::CurrentItem::InRepository;
+    fill(item != RepoWidget::CurrentItem::None, inRepository, !inRepository);
     m_menu->popup(globalPos);
 }

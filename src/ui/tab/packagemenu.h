@@ -22,6 +22,7 @@ public:
     {
         QList<QAction *> always;
         QList<QAction *> packages; ///< when the tree has a current item
+        QList<QAction *> files; ///< when that is below the repository
         QList<QAction *> checks;
         QList<QAction *> repository; ///< on the repository, or on no item
     };
@@ -34,7 +35,7 @@ public:
     void popup(const RepoWidget &widget, const QPoint &globalPos);
 
 private:
-    void fill(bool onItem, bool onRepository);
+    void fill(bool onItem, bool inRepository, bool onRepository);
 
     Commands m_commands;
     QMenu *m_menu;

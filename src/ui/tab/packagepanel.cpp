@@ -3,6 +3,7 @@
 
 #include "core/packageinfo.h"
 #include "ui/packages/packagedetails.h"
+#include "ui/tab/packagemore.h"
 #include "ui/widgets/sections.h"
 
 #include "ui_packagepanel.h"
@@ -12,6 +13,8 @@ PackagePanel::PackagePanel(QWidget *parent)
     , m_ui(std::make_unique<Ui::PackagePanel>())
 {
     m_ui->setupUi(this);
+    m_more = new PackageMore(m_ui->m_commonWidget);
+    m_ui->formLayout_3->addRow(m_more);
 }
 
 PackagePanel::~PackagePanel() = default;
@@ -28,4 +31,10 @@ void PackagePanel::showPackage(const PackageInfo &package)
     m_ui->m_maintainerLabel->setText(package.maintainer());
     m_ui->m_decriptionLabel->setText(PackageDetails::descriptionHtml(package.description()));
     m_ui->m_packageSignLabel->setText(package.isSigned() ? package.signingKey : tr("Unsigned"));
+    m_more->showPackage(package);
+}
+
+void PackagePanel::setCommands(const QList<QAction *> &commands)
+{
+    m_more->setCommands(commands);
 }

@@ -228,10 +228,11 @@ void RepoTabs::engineIdle(RepoWidget *widget)
     if (tab == nullptr)
         return;
     const bool gone = tab->discarded || widget->repoShell()->path().isEmpty();
+    const bool isWaiting = tab->waiting;
     Q_EMIT runningChanged(widget);
     if (gone)
         remove(widget);
-    else
+    else if (!isWaiting)
         Q_EMIT ready(widget);
     if (!isAnyRunning())
         Q_EMIT allIdle();

@@ -5,9 +5,11 @@
 #include "ui/installability/installabilityview.h"
 #include "ui/packages/packagefeed.h"
 #include "ui/packages/packageselection.h"
+#include "ui/packages/pooldates.h"
 #include "ui/packages/repomodel.h"
 #include "ui/packages/repoproxymodel.h"
 #include "ui/tab/dependsview.h"
+#include "ui/tab/filterline.h"
 #include "ui/tab/packagepanel.h"
 #include "ui/tab/publicationpanel.h"
 #include "ui/tab/repositorypanel.h"
@@ -40,6 +42,7 @@ RepoWidget::RepoWidget(QWidget *parent)
     buildPages();
     setUpTree();
     m_filter = new TreeFilter(*m_ui->m_searchLine, *m_ui->m_repoTreeView, *m_proxy, this);
+    m_ui->verticalLayout_10->insertWidget(1, m_filter->line());
     connectShell();
     repeatSignals();
 }
@@ -50,6 +53,14 @@ void RepoWidget::focusInEvent(QFocusEvent *event)
 {
     // The search line would take the keys of the commands. With a focus proxy, the Tab key would skip that line.
     m_ui->m_repoTreeView->setFocus(event->reason());
+}
+
+RepoWidget *RepoWidget::of(QWidget *part)
+{
+    RepoWidget *tab = nullptr;
+    for (QWidget *widget = part; widget != nullptr && tab == nullptr; widget = widget->parentWidget())
+        tab = qobject_cast<RepoWidget *>(widget);
+    return tab;
 }
 
 void RepoWidget::focusTree()
@@ -81,6 +92,7 @@ void RepoWidget::buildPages()
 
 void RepoWidget::setUpTree()
 {
+    new PoolDates(m_model);
     m_proxy->setSourceModel(m_model);
     m_ui->m_repoTreeView->setModel(m_proxy);
     connect(m_feed, &PackageFeed::changesReady, m_model, &RepoModel::apply);
@@ -112,6 +124,12 @@ void RepoWidget::setUpTree()
             this,
             &RepoWidget::customContextMenuRequested);
     connect(m_ui->m_repoTreeView, &RepoTreeView::filesDropped, this, &RepoWidget::filesDropped);
+    connect(m_ui->m_repoTreeView,
+            &RepoTreeView::packagesDropped,
+            this,
+            [this](QWidget *source, const QString &component, bool moves) {
+                Q_EMIT packagesDropped(of(source), component, moves);
+            });
 }
 
 void RepoWidget::connectShell()
@@ -224,9 +242,7 @@ void RepoWidget::updateCounters()
 
 void RepoWidget::updateActions()
 {
-    const QModelIndexList selected = m_ui->m_repoTreeView->selectionModel()->selectedIndexes();
-    const bool anyPackage = PackageSelection::hasPackages(selected, *m_proxy);
-    Q_EMIT enableRemovePackagesAction(anyPackage && !m_running);
+    Q_EMIT enableRemovePackagesAction(hasSelectedPackages() && !m_running);
     Q_EMIT enableCheckDependsAction(m_model->packageCount() > 0 && !m_running);
     m_depends->setCheckEnabled(m_depends->package() && !m_running);
     m_installability->setCheckEnabled(m_installability->package() && !m_running);
@@ -266,6 +282,11 @@ void RepoWidget::setShowPackageVersions(bool show)
     m_model->setShowVersions(show);
 }
 
+void RepoWidget::setColumnChoice(ColumnChoice &choice)
+{
+    m_ui->m_repoTreeView->setColumnChoice(choice);
+}
+
 void RepoWidget::setStatusLineVisible(bool visible)
 {
     m_ui->m_packageStatusLine->setVisible(visible);
@@ -290,6 +311,16 @@ RepoWidget::CurrentItem RepoWidget::currentItem() const
     if (!current.isValid() || !selection->isSelected(current))
         return CurrentItem::None;
     return current.parent().isValid() ? CurrentItem::InRepository : CurrentItem::Repository;
+}
+
+bool RepoWidget::hasSelectedPackages() const
+{
+    return PackageSelection::hasPackages(m_ui->m_repoTreeView->selectionModel()->selectedIndexes(), *m_proxy);
+}
+
+PackageInfoPtr RepoWidget::currentPackage() const
+{
+    return m_model->package(m_proxy->mapToSource(m_ui->m_repoTreeView->currentIndex()));
 }
 
 QList<PackageInfoPtr> RepoWidget::selectedPackages() const
@@ -334,7 +365,8 @@ void RepoWidget::rowsInserted(const QModelIndex &parent, int first, int last)
 
 void RepoWidget::setCurrentItem(const QModelIndex &index)
 {
-    m_ui->m_repoTreeView->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    m_ui->m_repoTreeView->selectionModel()->setCurrentIndex(
+        index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
     m_ui->m_repoTreeView->scrollTo(index);
 }
 

@@ -12,6 +12,7 @@
 
 #include <memory>
 
+class ColumnChoice;
 class DependsView;
 class InstallabilityView;
 class PackageFeed;
@@ -51,11 +52,16 @@ public:
     /** Directory of the open repository; empty while no repository is open. */
     QString repoPath() const;
 
+    /** The tab that this part belongs to; null when it is no part of a tab. */
+    static RepoWidget *of(QWidget *part);
     /**
      * The selected packages, each once. A selected component or section stands for all its shown packages. The
      * repository itself does not: it is selected after opening and has its own commands.
      */
     QList<PackageInfoPtr> selectedPackages() const;
+    bool hasSelectedPackages() const;
+    /** The current package of the tree, whose page is shown; null when something else is current. */
+    PackageInfoPtr currentPackage() const;
     enum class CurrentItem { None, Repository, InRepository };
     /** The kind of the current item of the tree. An item that is not selected counts as none. */
     CurrentItem currentItem() const;
@@ -63,12 +69,16 @@ public:
     /** Stores the user's choices for this repository. Call it before the tab is deleted. */
     void saveChoices();
     void setShowPackageVersions(bool show);
+    /** The columns of the tree follow this choice, which outlives the tab. */
+    void setColumnChoice(ColumnChoice &choice);
     void setStatusLineVisible(bool visible);
     /** Widths of the left and the right side, in pixels. */
     QList<int> splitterSizes() const;
     void setSplitterSizes(const QList<int> &sizes);
     /** The tab "Common" of the repository's page. */
     RepositoryPanel *repositoryPanel() const { return m_repository; }
+    /** The tab "Common" of the package that is shown. */
+    PackagePanel *packagePanel() const { return m_package; }
     /** The tab "Dependences" of the package that is shown. */
     DependsView *dependsView() const { return m_depends; }
     /** The tab "Installability" of the package that is shown. */
@@ -155,6 +165,8 @@ Q_SIGNALS:
 
     /** Package files or folders were dropped on the tree; the paths are absolute. */
     void filesDropped(const QStringList &files);
+    /** Packages that are selected in the tab `source` were dropped here; see RepoTreeView::packagesDropped(). */
+    void packagesDropped(RepoWidget *source, const QString &component, bool moves);
     /** Packages or their states have changed. */
     void packagesChanged();
     /** The user has moved the splitter. */

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/tab/treefilter.h"
 
+#include "ui/packages/repomodel.h"
 #include "ui/packages/repoproxymodel.h"
 #include "ui/packages/repotreeview.h"
+#include "ui/tab/filterline.h"
 #include "ui/widgets/mnemonics.h"
+#include "ui/widgets/sections.h"
 
 #include <kfilterproxysearchline.h>
 
@@ -14,6 +17,20 @@
 
 #include <array>
 
+namespace
+{
+/** The filters in the line above the tree. */
+enum FilterId {
+    StateFilter,
+    NotInstallableFilter,
+    BreakingFilter,
+    ArchitectureFilter,
+    ComponentFilter,
+    SectionFilter,
+    SignatureFilter
+};
+} // namespace
+
 TreeFilter::TreeFilter(KFilterProxySearchLine &search,
                        RepoTreeView &tree,
                        RepoProxyModel &proxy,
@@ -23,6 +40,7 @@ TreeFilter::TreeFilter(KFilterProxySearchLine &search,
     , m_tree(tree)
     , m_proxy(proxy)
     , m_menu(new QMenu(tr("Packet Filter"), window))
+    , m_line(new FilterLine(window))
 {
     setUpMenu();
     QLineEdit *line = search.lineEdit();
@@ -30,7 +48,7 @@ TreeFilter::TreeFilter(KFilterProxySearchLine &search,
     line->setAccessibleName(tr("Packages search"));
     line->setClearButtonEnabled(true);
     search.setFocusProxy(line);
-    QWidget::setTabOrder(line, &tree);
+    setUpLine();
     connect(line, &QLineEdit::textChanged, this, &TreeFilter::search);
     line->installEventFilter(this);
     QAction *filter
@@ -77,7 +95,157 @@ void TreeFilter::setUpMenu()
         connect(action, &QAction::toggled, this, &TreeFilter::applyFaults);
         m_faults.append(action);
     }
+    m_menu->addSeparator();
+    addValues(tr("Architecture"), &PackageChoice::architectures, [](const QString &value) { return value; });
+    addValues(tr("Component"), &PackageChoice::components, [](const QString &value) { return value; });
+    addValues(tr("Section"), &PackageChoice::sections, &Sections::nameWithCode);
+    addSignatures();
     Mnemonics::mark(m_menu, nullptr);
+}
+
+void TreeFilter::addValues(const QString &title,
+                           QStringList PackageChoice::*values,
+                           const std::function<QString(const QString &value)> &text)
+{
+    QMenu *menu = m_menu->addMenu(title);
+    connect(menu, &QMenu::aboutToShow, this, [this, menu, values, text] {
+        menu->clear();
+        QStringList present = PackageChoice::valuesOf(m_proxy.repoModel()->tree()).*values;
+        // A value that no package has any more can be taken back too.
+        for (const QString &chosen : qAsConst(m_choice.*values)) {
+            if (!present.contains(chosen))
+                present << chosen;
+        }
+        for (const QString &value : qAsConst(present)) {
+            QAction *action = menu->addAction(text(value).replace(QLatin1Char('&'), QLatin1String("&&")));
+            action->setCheckable(true);
+            action->setChecked((m_choice.*values).contains(value));
+            connect(action, &QAction::toggled, this, [this, values, value](bool isChosen) {
+                (m_choice.*values).removeAll(value);
+                if (isChosen)
+                    (m_choice.*values).append(value);
+                applyChoice();
+            });
+        }
+    });
+}
+
+void TreeFilter::addSignatures()
+{
+    QMenu *menu = m_menu->addMenu(tr("Signature"));
+    connect(menu, &QMenu::aboutToShow, this, [this, menu] {
+        menu->clear();
+        for (const auto signature : {PackageChoice::Signed, PackageChoice::Unsigned}) {
+            QAction *action
+                = menu->addAction(signature == PackageChoice::Signed ? tr("Signed") : tr("Unsigned"));
+            action->setCheckable(true);
+            action->setChecked(m_choice.signature == signature);
+            connect(action, &QAction::toggled, this, [this, signature](bool isChosen) {
+                m_choice.signature = isChosen ? signature : PackageChoice::AnySignature;
+                applyChoice();
+            });
+        }
+    });
+}
+
+// --- the line above the tree ---------------------------------------------------------------------------------------
+
+void TreeFilter::setUpLine()
+{
+    constexpr int CountDelay = 50; // milliseconds
+    m_line->setObjectName(QStringLiteral("m_filterLine"));
+    m_line->setNeighbours(m_search.lineEdit(), &m_tree);
+    connect(m_line, &FilterLine::removed, this, &TreeFilter::removeFilter);
+    connect(m_line, &FilterLine::allRemoved, this, &TreeFilter::showAll);
+    m_countTimer.setSingleShot(true);
+    m_countTimer.setInterval(CountDelay);
+    connect(&m_countTimer, &QTimer::timeout, this, &TreeFilter::count);
+    const auto countLater = [this] { m_countTimer.start(); };
+    connect(&m_proxy, &RepoProxyModel::layoutChanged, this, countLater);
+    connect(&m_proxy, &RepoProxyModel::modelReset, this, countLater);
+    connect(&m_proxy, &RepoProxyModel::rowsInserted, this, countLater);
+    connect(&m_proxy, &RepoProxyModel::rowsRemoved, this, countLater);
+}
+
+void TreeFilter::count()
+{
+    const RepoModel *model = m_proxy.repoModel();
+    if (m_proxy.isFiltering() && model->hasRepository())
+        m_line->setCount(m_proxy.shownPackages(), model->packageCount());
+    else
+        m_line->setCount(-1, 0);
+}
+
+void TreeFilter::showFilters()
+{
+    QVector<FilterLine::Filter> filters;
+    QStringList states;
+    const QStringList names{tr("not checked"), tr("not satisfied"), tr("satisfied")};
+    for (int i = 0; i < m_states.size(); ++i) {
+        if (m_states.at(i)->isChecked())
+            states << names.at(i);
+    }
+    if (states.size() < m_states.size())
+        filters.append(
+            {StateFilter,
+             tr("Dependences: %1").arg(states.isEmpty() ? tr("none") : states.join(QLatin1String(", ")))});
+    const QStringList faults{tr("Cannot be installed"), tr("Breaks others")};
+    for (int i = 0; i < m_faults.size(); ++i) {
+        if (m_faults.at(i)->isChecked())
+            filters.append({NotInstallableFilter + i, faults.at(i)});
+    }
+    const auto add = [&filters](FilterId id, const QString &text, const QStringList &values) {
+        if (!values.isEmpty())
+            filters.append({id, text.arg(values.join(QLatin1String(", ")))});
+    };
+    add(ArchitectureFilter, tr("Architecture: %1"), m_choice.architectures);
+    add(ComponentFilter, tr("Component: %1"), m_choice.components);
+    QStringList sections;
+    for (const QString &code : qAsConst(m_choice.sections))
+        sections << Sections::displayName(code);
+    add(SectionFilter, tr("Section: %1"), sections);
+    if (m_choice.signature != PackageChoice::AnySignature)
+        filters.append(
+            {SignatureFilter,
+             tr("Signature: %1")
+                 .arg(m_choice.signature == PackageChoice::Signed ? tr("signed") : tr("unsigned"))});
+    m_line->setFilters(filters);
+    m_countTimer.start();
+}
+
+void TreeFilter::removeFilter(int id)
+{
+    switch (id) {
+    case StateFilter:
+        for (QAction *action : qAsConst(m_states))
+            action->setChecked(true);
+        break;
+    case NotInstallableFilter:
+    case BreakingFilter:
+        m_faults.at(id - NotInstallableFilter)->setChecked(false);
+        break;
+    case ArchitectureFilter:
+        m_choice.architectures.clear();
+        break;
+    case ComponentFilter:
+        m_choice.components.clear();
+        break;
+    case SectionFilter:
+        m_choice.sections.clear();
+        break;
+    default:
+        m_choice.signature = PackageChoice::AnySignature;
+        break;
+    }
+    applyChoice();
+}
+
+void TreeFilter::applyChoice()
+{
+    m_proxy.setChoice(m_choice);
+    showFilters();
+    if (!m_choice.isEmpty())
+        m_tree.showFirstMatch();
 }
 
 bool TreeFilter::eventFilter(QObject *watched, QEvent *event)
@@ -114,6 +282,8 @@ void TreeFilter::showAll()
     for (QAction *action : qAsConst(m_faults))
         action->setChecked(false);
     m_search.lineEdit()->clear();
+    m_choice = {};
+    applyChoice();
 }
 
 void TreeFilter::applyStates()
@@ -124,6 +294,7 @@ void TreeFilter::applyStates()
             states |= static_cast<RepoProxyModel::State>(action->data().toInt());
     }
     m_proxy.setShownStates(states);
+    showFilters();
     if (states != RepoProxyModel::ShowAll)
         m_tree.showFirstMatch();
 }
@@ -136,6 +307,7 @@ void TreeFilter::applyFaults()
             faults |= static_cast<RepoProxyModel::Fault>(action->data().toInt());
     }
     m_proxy.setShownFaults(faults);
+    showFilters();
     if (faults != 0)
         m_tree.showFirstMatch();
 }

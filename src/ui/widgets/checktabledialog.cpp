@@ -53,8 +53,9 @@ CheckTableDialog::CheckTableDialog(const QString &title,
     m_stateLabel->setObjectName(QStringLiteral("m_stateLabel"));
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->setObjectName(QStringLiteral("buttonBox"));
-    m_okButton = buttons->button(QDialogButtonBox::Ok);
-    m_okButton->setDefault(true);
+    m_buttons = buttons;
+    m_confirmations << buttons->button(QDialogButtonBox::Ok);
+    m_confirmations.first()->setDefault(true);
     buildView();
 
     auto *layout = new QVBoxLayout(this);
@@ -117,6 +118,16 @@ void CheckTableDialog::setEmptyChoiceAllowed(bool allowed)
     updateWidgets();
 }
 
+QPushButton *CheckTableDialog::addConfirmation(const QString &text, const QString &name)
+{
+    QPushButton *button = m_buttons->addButton(text, QDialogButtonBox::ActionRole);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    m_confirmations << button;
+    updateWidgets();
+    return button;
+}
+
 void CheckTableDialog::fitColumns()
 {
     constexpr int MaximumCharacters = 70;
@@ -149,5 +160,6 @@ void CheckTableDialog::updateWidgets()
                                        : m_model->areAllChecked() ? Qt::Checked
                                                                   : Qt::PartiallyChecked);
     m_stateLabel->setFullText(m_state.isEmpty() ? tr("Selected: %1 of %2").arg(checked).arg(all) : m_state);
-    m_okButton->setEnabled(m_emptyChoiceAllowed || checked > 0);
+    for (QPushButton *button : qAsConst(m_confirmations))
+        button->setEnabled(m_emptyChoiceAllowed || checked > 0);
 }

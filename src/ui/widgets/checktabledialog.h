@@ -8,6 +8,7 @@
 class CheckTableModel;
 class ElidedLabel;
 class QCheckBox;
+class QDialogButtonBox;
 class QPushButton;
 class QTreeView;
 
@@ -26,6 +27,8 @@ protected:
     void setVersionColumns(const QSet<int> &columns);
     /** Whether the user can confirm without choosing a row. The default is yes. */
     void setEmptyChoiceAllowed(bool allowed);
+    /** Adds a button that, like OK, needs a choice where an empty one is not allowed. */
+    QPushButton *addConfirmation(const QString &text, const QString &name);
     /** Makes each column as wide as its texts; the last column gets the rest. */
     void fitColumns();
 
@@ -41,7 +44,8 @@ private:
     QTreeView *m_view;
     QCheckBox *m_selectAllCheckBox;
     ElidedLabel *m_stateLabel;
-    QPushButton *m_okButton = nullptr;
+    QDialogButtonBox *m_buttons = nullptr;
+    QList<QPushButton *> m_confirmations;
     QString m_state;
     bool m_emptyChoiceAllowed = true;
 };

@@ -12,15 +12,21 @@ const QList<HelpTopics::Topic> &HelpTopics::all()
         {"AddPackageDialog", "external.html#add"},
         {"AddPkgSettingsDialog", "packages.html#settings"},
         {"CheckTableDialog", "upgrade.html"},
+        {"CopyDialog", "copying.html"},
         {"CureDialog", "dependencies.html"},
+        {"DifferenceDialog", "preview.html#difference"},
         {"ExternalRepoSourceDialog", "external.html#line"},
         {"ExternalReposDialog", "external.html#list"},
+        {"HistorySettingsDialog", "history.html#space"},
         {"NewRepoDialog", "repositories.html#fields"},
+        {"PackageContentsDialog", "packages.html#closer"},
         {"PackageReplacementDialog", "packages.html#replace"},
         {"ParametersDialog", "signing.html#parameters"},
+        {"PreviewDialog", "preview.html"},
         {"PublishedReposDialog", "publishing.html#list"},
         {"QMessageBox", "troubles.html"},
         {"StartSelectActionDialog", "packages.html#add"},
+        {"StateDifferenceDialog", "history.html#undo"},
     };
     return topics;
 }

@@ -108,6 +108,10 @@ void Mnemonics::markForm(QWidget *form)
         texts.append(text);
     }
     const QStringList results = marked(texts);
-    for (int i = 0; i < captions.size(); ++i)
+    for (int i = 0; i < captions.size(); ++i) {
         captions.at(i)->setProperty("text", results.at(i));
+        // A marked letter is painted by itself, so the text can be wider than the label knows ("To").
+        if (auto *label = qobject_cast<QLabel *>(captions.at(i)); label != nullptr && !label->wordWrap())
+            label->setMinimumWidth(label->sizeHint().width() + label->fontMetrics().averageCharWidth());
+    }
 }

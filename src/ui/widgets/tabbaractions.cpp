@@ -4,7 +4,10 @@
 #include "ui/widgets/mnemonics.h"
 
 #include <QContextMenuEvent>
+#include <QCoreApplication>
+#include <QDropEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QTabBar>
 #include <QTabWidget>
@@ -30,6 +33,8 @@ TabBarActions::TabBarActions(QTabWidget *tabs, QObject *parent)
     m_menu->addSeparator();
     add("edit-copy", tr("Copy path"), &TabBarActions::copyPathRequested);
     Mnemonics::mark(m_menu, nullptr);
+    m_tabs->tabBar()->setAcceptDrops(true);
+    m_tabs->tabBar()->setChangeCurrentOnDrag(true);
     m_tabs->tabBar()->installEventFilter(this);
 }
 
@@ -45,6 +50,8 @@ bool TabBarActions::eventFilter(QObject *watched, QEvent *event)
             showMenu(index, bar->mapToGlobal(pos));
         return true;
     }
+    if (event->type() == QEvent::DragMove || event->type() == QEvent::Drop)
+        return takeDrag(watched, static_cast<QDropEvent *>(event));
     if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease) {
         const auto *click = static_cast<QMouseEvent *>(event);
         if (click->button() == Qt::MiddleButton) {
@@ -59,6 +66,32 @@ bool TabBarActions::eventFilter(QObject *watched, QEvent *event)
         }
     }
     return QObject::eventFilter(watched, event);
+}
+
+bool TabBarActions::takeDrag(QObject *bar, QDropEvent *event)
+{
+    const bool isOwn = event->source() != nullptr;
+    if (event->type() == QEvent::DragMove) {
+        // The bar waits for its moment, and says that nothing can be dropped on it.
+        bar->event(event);
+        event->setDropAction(Qt::CopyAction);
+        event->setAccepted(isOwn ? m_tabs->tabBar()->tabAt(event->pos()) >= 0 : event->mimeData()->hasUrls());
+        return true;
+    }
+    QDragLeaveEvent leaving;
+    bar->event(&leaving);
+    const int index = m_tabs->tabBar()->tabAt(event->pos());
+    if (!isOwn) {
+        // Files from outside are the window's, wherever they are dropped.
+        QCoreApplication::sendEvent(m_tabs->window(), event);
+    } else if (index >= 0) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
+        Q_EMIT partDropped(index,
+                           qobject_cast<QWidget *>(event->source()),
+                           event->keyboardModifiers().testFlag(Qt::ShiftModifier));
+    }
+    return true;
 }
 
 void TabBarActions::showMenu(int index, const QPoint &globalPos)

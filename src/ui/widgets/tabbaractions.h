@@ -4,13 +4,14 @@
 #include <QObject>
 #include <QPointer>
 
+class QDropEvent;
 class QMenu;
 class QPoint;
 class QTabWidget;
 
 /**
- * Actions of the tab bar for the tab under the pointer: a context menu, and closing with the middle button. An action
- * applies to the tab on which it began, even if tabs are opened, closed or moved meanwhile.
+ * Actions of the tab bar for the tab under the pointer: a context menu, closing with the middle button, and dragging
+ * onto a tab, which comes to the front when the pointer stays there. An action applies to the tab on which it began, even if tabs are opened, closed or moved meanwhile.
  */
 class TabBarActions : public QObject
 {
@@ -24,8 +25,12 @@ Q_SIGNALS:
     void closeRequested(int index);
     void closeOthersRequested(int index);
     void copyPathRequested(int index);
+    /** Something of `source`, a part of this program, was dropped on a tab. */
+    void partDropped(int index, QWidget *source, bool moves);
 
 private:
+    /** Whether the event is dealt with. */
+    bool takeDrag(QObject *bar, QDropEvent *event);
     void showMenu(int index, const QPoint &globalPos);
 
     QTabWidget *m_tabs;

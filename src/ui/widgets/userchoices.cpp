@@ -26,6 +26,9 @@ UserChoices UserChoices::load(const QSettings &settings)
         choices.completeCheckBase = base;
     choices.completeCheckRepository = settings.value(SettingsKey::CompleteCheckRepository).toString();
     choices.completeCheckArchitectures = storedPaths(settings, SettingsKey::CompleteCheckArchitectures);
+    const int when = settings.value(SettingsKey::PreviewWhen).toInt(&isNumber);
+    if (isNumber && when >= PreviewAlways && when <= PreviewNever)
+        choices.previewWhen = when;
     return choices;
 }
 
@@ -41,6 +44,7 @@ void UserChoices::save(QSettings &settings) const
     settings.setValue(SettingsKey::CompleteCheckBase, completeCheckBase);
     settings.setValue(SettingsKey::CompleteCheckRepository, completeCheckRepository);
     settings.setValue(SettingsKey::CompleteCheckArchitectures, completeCheckArchitectures);
+    settings.setValue(SettingsKey::PreviewWhen, previewWhen);
 }
 
 QStringList withRecentRepository(QStringList list, const QString &path)

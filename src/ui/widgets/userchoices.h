@@ -22,6 +22,7 @@ struct UserChoices
     int completeCheckBase = 2; ///< the number of a CompleteCheckBase::Kind: the public sources
     QString completeCheckRepository; ///< path of the repository that a complete check looks into
     QStringList completeCheckArchitectures; ///< foreign architectures of a complete check
+    int previewWhen = PreviewWhenBreaking; ///< when a preview is shown before a change: a PreviewWhen
 
     static UserChoices load(const QSettings &settings);
     void save(QSettings &settings) const;

@@ -6,10 +6,14 @@
 #include "platform/ui/veltaboutdialog.h"
 #include "platform/ui/windowgeometry.h"
 #include "ui/commands/archivecommands.h"
+#include "ui/commands/copycommands.h"
 #include "ui/commands/dependscommands.h"
 #include "ui/commands/dependsreportcommands.h"
+#include "ui/commands/historycommands.h"
 #include "ui/commands/installabilitycommands.h"
 #include "ui/commands/packagecommands.h"
+#include "ui/commands/packagefilecommands.h"
+#include "ui/commands/previewcommands.h"
 #include "ui/commands/publicationcommands.h"
 #include "ui/commands/recentrepositories.h"
 #include "ui/commands/repositorycommands.h"
@@ -70,9 +74,12 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
     m_feedback = new JobFeedback(*m_tabs, *m_prompts, m_ui->m_statusBar, m_log, this);
     m_recent = new RecentRepositories(m_ui->m_recentReposMenu, this);
     m_settings = new SettingsCommands(*m_tabs, *m_prompts, this);
-    const Workbench bench{*m_tabs, *m_prompts, *m_feedback, *m_settings};
+    auto *previews = new PreviewCommands(*m_tabs, *m_prompts, *m_feedback, *m_settings, this);
+    previews->fillMenu(m_ui->menuSettings);
+    const Workbench bench{*m_tabs, *m_prompts, *m_feedback, *m_settings, *previews};
     m_repositories = new RepositoryCommands(bench, *m_recent, this);
     m_packages = new PackageCommands(bench, *m_repositories, this);
+    m_packageFiles = new PackageFileCommands(bench, this);
     new SourcesListCommand(m_ui->m_sourceListAction, m_ui->m_publicationMenu, *m_prompts, this);
     m_depends = new DependsCommands(*m_ui, bench, this);
     m_reports = new DependsReportCommands(bench, this);
@@ -82,7 +89,9 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
     m_upgrade = new UpgradeCommands(m_ui->m_upgradeRepoAction, bench, this);
     m_publication = new PublicationCommands(
         *m_ui, bench, *m_repositories, monitor == nullptr ? *new PublicationMonitor(this) : *monitor, this);
+    m_copying = new CopyCommands(bench, *m_repositories, this);
     buildPackageMenu();
+    m_history = new HistoryCommands(*m_ui, bench, this);
     Mnemonics::mark(m_ui->menuBar, m_ui->m_recentReposMenu);
     m_closing = new ClosingSequence(*m_tabs, *m_prompts, *m_repositories, this);
 
@@ -137,6 +146,7 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
     onExtendedLogChanged(m_state.extendedLog);
     m_ui->m_hideStatusLineAction->setChecked(m_state.statusLineHidden);
     m_depends->setArrangement(m_state.depends);
+    m_history->loadColumns(settings);
     showChoices();
     updateTitle();
     updateActions();
@@ -146,8 +156,9 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
 
 MainWindow::~MainWindow()
 {
-    // A shown window hides its dock during destruction. The signal must not reach an object that is half destroyed.
+    // A shown window hides its docks during destruction. The signals must not reach an object that is half destroyed.
     m_logDock->disconnect(this);
+    m_history->stop();
 }
 
 // --- building ----------------------------------------------------------------------------------------------------
@@ -205,6 +216,7 @@ void MainWindow::connectActions()
 void MainWindow::connectTab(RepoWidget *widget)
 {
     widget->setShowPackageVersions(m_settings->choices().showPkgVersion);
+    widget->setColumnChoice(*m_columns);
     widget->setStatusLineVisible(!m_ui->m_hideStatusLineAction->isChecked());
     connect(widget, &RepoWidget::enableRemovePackagesAction, this, [this, widget](bool isEnabled) {
         m_canRemovePackages[widget] = isEnabled;
@@ -244,8 +256,11 @@ void MainWindow::updateActions()
     m_reports->updateActions();
     m_installability->updateActions();
     m_archives->updateActions(m_canRemovePackages.value(widget));
+    m_packageFiles->updateActions();
     m_upgrade->updateActions();
     m_publication->updateActions();
+    m_history->updateActions();
+    m_copying->updateActions(m_canRemovePackages.value(widget));
     m_ui->m_removePackagesAction->setEnabled(changeable && m_canRemovePackages.value(widget));
     m_ui->m_signPackagesAction->setEnabled(changeable && m_canRemovePackages.value(widget));
 }
@@ -352,7 +367,8 @@ void MainWindow::serveArrivals()
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (PackageDrop::accepts(event->mimeData()))
+    // What is dragged from a tree of packages belongs on a tree or on a tab.
+    if (event->source() == nullptr && PackageDrop::accepts(event->mimeData()))
         event->acceptProposedAction();
 }
 
@@ -423,6 +439,7 @@ void MainWindow::beginClosing()
         logNotAdded(arrival.files);
     m_arrivals.clear();
     Q_EMIT closingBegan();
+    m_history->stop();
     m_ui->menuBar->setEnabled(false);
     m_ui->mainToolBar->setEnabled(false);
     m_ui->centralWidget->setEnabled(false);
@@ -442,6 +459,7 @@ bool MainWindow::saveState()
     m_state.extendedLog = m_showLogAction->isChecked();
     m_state.statusLineHidden = m_ui->m_hideStatusLineAction->isChecked();
     m_state.depends = m_depends->arrangement();
+    m_history->saveColumns(settings);
     const RepoWidget *front = m_tabs->current();
     m_state.currentRepository = front == nullptr ? QString() : m_tabs->pathOf(front);
     m_state.save(settings);

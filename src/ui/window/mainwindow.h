@@ -11,13 +11,17 @@
 
 class ArchiveCommands;
 class ClosingSequence;
+class ColumnChoice;
 class DependsCommands;
 class DependsModes;
 class DependsReportCommands;
 class EmptyPage;
+class HistoryCommands;
 class InstallabilityCommands;
 class JobFeedback;
+class CopyCommands;
 class PackageCommands;
+class PackageFileCommands;
 class PackageMenu;
 class Prompts;
 class PublicationCommands;
@@ -102,6 +106,7 @@ private:
     QAction *m_showLogAction;
     DependsModes *m_dependsModes = nullptr;
     PackageMenu *m_packageMenu = nullptr;
+    ColumnChoice *m_columns = nullptr;
     WindowState m_state;
     bool m_reopening = true; ///< the tabs of the last session are being opened
 
@@ -112,6 +117,8 @@ private:
     SettingsCommands *m_settings;
     RepositoryCommands *m_repositories;
     PackageCommands *m_packages;
+    PackageFileCommands *m_packageFiles;
+    CopyCommands *m_copying;
     DependsCommands *m_depends;
     DependsReportCommands *m_reports;
     InstallabilityCommands *m_installability;
@@ -119,6 +126,7 @@ private:
     ArchiveCommands *m_archives;
     UpgradeCommands *m_upgrade;
     PublicationCommands *m_publication;
+    HistoryCommands *m_history;
     ClosingSequence *m_closing;
 
     QMap<const RepoWidget *, bool> m_canRemovePackages;

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The parts of the main window that are not in its form.
 #include "engine/repository/systemrelease.h"
+#include "ui/commands/copycommands.h"
 #include "ui/commands/dependsreportcommands.h"
 #include "ui/commands/installabilitycommands.h"
+#include "ui/commands/packagefilecommands.h"
 #include "ui/commands/settingscommands.h"
 #include "ui/depends/dependsmodes.h"
+#include "ui/packages/columnchoice.h"
 #include "ui/tab/packagemenu.h"
 #include "ui/tab/repotabs.h"
+#include "ui/tab/repowidget.h"
 #include "ui/widgets/tabbaractions.h"
 #include "ui/widgets/toolbuttonicon.h"
 #include "ui/window/mainwindow.h"
@@ -16,6 +20,7 @@
 #include <QClipboard>
 #include <QDockWidget>
 #include <QGuiApplication>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QScreen>
 
@@ -67,10 +72,12 @@ void MainWindow::buildPackageMenu()
 {
     m_packageMenu
         = new PackageMenu({{m_ui->m_addPackagesAction},
-                           {m_ui->m_removePackagesAction,
-                            m_ui->m_signPackagesAction,
-                            m_ui->m_exportSelectedPackagesAction,
-                            m_ui->m_exportWithDependsAction},
+                           QList<QAction *>{m_ui->m_removePackagesAction,
+                                            m_ui->m_signPackagesAction,
+                                            m_ui->m_exportSelectedPackagesAction,
+                                            m_ui->m_exportWithDependsAction}
+                               + m_copying->actions(),
+                           {m_packageFiles->menu()->menuAction()},
                            QList<QAction *>{m_ui->m_checkDependStartAction, m_installability->checkAction()}
                                + m_reports->actions(),
                            {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
@@ -79,7 +86,11 @@ void MainWindow::buildPackageMenu()
         m_ui->m_changeRepoAction,
         QList<QAction *>{m_installability->checkAction(), m_installability->baseAction()}
             + m_reports->actions());
+    m_ui->m_editMenu->addSeparator();
+    m_ui->m_editMenu->addActions(m_copying->actions());
     m_ui->m_menuView->addMenu(m_packageMenu->packetFilterMenu());
+    m_columns = new ColumnChoice(this);
+    m_ui->m_menuView->addMenu(m_columns->menu());
 }
 
 void MainWindow::buildTabBar()
@@ -87,6 +98,9 @@ void MainWindow::buildTabBar()
     const auto *bar = new TabBarActions(m_ui->tabWidget, this);
     connect(bar, &TabBarActions::closeRequested, m_ui->tabWidget, &QTabWidget::tabCloseRequested);
     connect(bar, &TabBarActions::closeOthersRequested, this, &MainWindow::closeOtherTabs);
+    connect(bar, &TabBarActions::partDropped, this, [this](int index, QWidget *source, bool moves) {
+        m_copying->takeDropped(RepoWidget::of(source), m_tabs->at(index), QString(), moves);
+    });
     connect(bar, &TabBarActions::copyPathRequested, this, [this](int index) {
         if (const RepoWidget *widget = m_tabs->at(index))
             QGuiApplication::clipboard()->setText(m_tabs->pathOf(widget));

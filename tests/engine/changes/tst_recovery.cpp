@@ -36,14 +36,18 @@ private Q_SLOTS:
                                     PutBack,
                                     "/db/velt-admin-repo.copying"_s,
                                     "/db/velt-admin-repo.damaged"_s,
-                                    "/.replaced-abcdef"_s}) {
+                                    "/db/velt-admin-repo.kept"_s,
+                                    "/db/velt-admin-repo.history"_s}) {
             const QString place = h.repoPath() + name;
+            QDir(place).removeRecursively();
             QVERIFY(QFile::link(victim, place));
             ExportSession::setMarker(h.repoPath());
             h.open(h.repoPath());
             h.add(h.debs("bar"));
             h.remove({h.find("bar"_s)});
-            QVERIFY2(QFile::exists(precious), qPrintable(place));
+            QVERIFY2(QFile::exists(precious)
+                         && QDir(victim).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).size() == 1,
+                     qPrintable(place));
             QFile::remove(place);
         }
         QVERIFY(h.holds("foo 1.0 main amd64"_s));
@@ -70,7 +74,7 @@ private Q_SLOTS:
         reprepro({"-A"_s, "i386"_s, "remove"_s, "dogwood"_s, "all"_s});
         reprepro({"--keepunreferencedfiles"_s, "remove"_s, "dogwood"_s, "kept"_s});
         h.open(h.repoPath());
-        QCOMPARE(h.trouble(), QString());
+        QVERIFY(h.complains("interrupted and has been undone"_s));
         const QString now = "all 1.0 main amd64,foo 2.0 main amd64,new 1.0 main amd64"_s;
         QCOMPARE(h.listed().join(u','), now);
         reprepro({"deleteunreferenced"_s});
@@ -83,10 +87,43 @@ private Q_SLOTS:
         leaveJob(h);
         writeFile(database, older);
         h.open(h.repoPath());
-        const QString aside = h.repoPath() + "/db/velt-admin-repo.damaged"_s;
-        QVERIFY(h.complains("put back as it was before"_s) && h.trouble().endsWith(aside));
-        QCOMPARE(readFile(aside + "/packages.db"_s), older);
+        QVERIFY(h.complains("interrupted and has been undone"_s));
         QVERIFY(h.listed().contains("last 1.0 main amd64"_s) && h.settled());
+    }
+
+    /** Their copies have no index files, the description only while it changes, and replaced files in folders. */
+    void jobsOfEarlierVersionsAreUndone()
+    {
+        RepoHarness h("amd64 i386"_s);
+        h.add(h.debs("foo"));
+        const QString file = "pool/main/f/foo/foo_1.0_amd64.deb"_s;
+        const QByteArray bytes = h.inPool("foo"_s);
+        const QByteArray description = readFile(h.repoPath() + "/conf/distributions"_s);
+        QDir(h.repoPath() + "/db/velt-admin-repo.history"_s).removeRecursively();
+        const QString kept = h.repoPath() + "/.replaced-abcdef"_s;
+        writeFile(kept + "/packages"_s, "foo\tdeb\tamd64\tmain\tmain\tadmin\t" + file.toUtf8() + "\t\n");
+        writeFile(kept + "/foo_1.0_amd64.deb"_s, bytes);
+        leaveJob(h);
+        writeFile(h.repoPath() + "/db/velt-admin-repo.export-owed"_s, file.toUtf8() + '\n');
+        QVERIFY(h.reprepro({"remove"_s, "dogwood"_s, "foo"_s}).succeeded());
+        QVERIFY(h.reprepro("includedeb|dogwood"_list + h.debs("foo", "1.0", "longer contents")).succeeded());
+        h.open(h.repoPath());
+        QVERIFY(h.complains("interrupted and has been undone"_s) && h.holds("foo 1.0 main amd64"_s));
+        QVERIFY(h.inPool("foo"_s) == bytes && !QFile::exists(kept));
+
+        leaveJob(h);
+        writeFile(h.repoPath() + Before + "/distributions.done"_s, description);
+        runShell(
+            "sed -i '/^Architectures/s/ i386//; s/dogwood/elm/' conf/distributions; "_s
+            "reprepro -b . --keepunreferencedfiles --delete clearvanished; reprepro -b . export; rm -r dists/dogwood"_s,
+            h.repoPath());
+        h.open(h.repoPath());
+        QVERIFY(h.holds("foo 1.0 main amd64"_s) && !QFile::exists(h.repoPath() + "/dists/elm"_s));
+        QCOMPARE(readFile(h.repoPath() + "/conf/distributions"_s), description);
+        // What nobody can put into its place is not passed over in silence.
+        writeFile(kept + "/old.deb"_s, "x");
+        h.open(h.repoPath());
+        QVERIFY(h.complains(kept) && QFile::exists(kept + "/old.deb"_s));
     }
 
     void jobAtWorkIsLeftAlone()
@@ -134,10 +171,12 @@ private Q_SLOTS:
         QVERIFY(h.complains("put back as it was before"_s) && h.holds("foo 1.0 main amd64"_s));
 
         // Half a copy is none, and goes when nobody is at it.
-        const QString half = h.repoPath() + "/db/velt-admin-repo.copying"_s;
-        writeFile(half + "/packages.db"_s, "half");
-        h.open(h.repoPath());
-        QVERIFY(h.trouble().isEmpty() && !QFile::exists(half) && h.settled());
+        for (const QString &name : {"copying"_s, "reading"_s}) {
+            const QString half = h.repoPath() + "/db/velt-admin-repo."_s + name;
+            writeFile(half + "/packages.db"_s, "half");
+            h.open(h.repoPath());
+            QVERIFY(h.trouble().isEmpty() && !QFile::exists(half) && h.settled());
+        }
     }
 
     void namesAreNoTrouble()

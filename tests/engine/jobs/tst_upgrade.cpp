@@ -59,6 +59,14 @@ public:
         add(debs(names));
     }
 
+    /** The same source under an address from which apt fetches the files. */
+    QString distantLine() const
+    {
+        const QString link = source.at("far%");
+        QFile::link(source.repoPath(), link);
+        return QString(line).replace(source.repoPath(), link + "25"_s);
+    }
+
     RepoHarness source;
     const QString line;
 };
@@ -236,7 +244,7 @@ private Q_SLOTS:
     void whatCannotBeFetchedStays()
     {
         OldRepo h("good foo bar baz other");
-        prepare(h, {h.line});
+        prepare(h, {h.distantLine()});
         QCOMPARE(h.shell.upgradablePackages().size(), 5);
         // One file breaks off, one is offered no longer.
         QFile half(h.source.find(Foo)->filePath());
@@ -286,11 +294,49 @@ private Q_SLOTS:
         QVERIFY(h.listed().contains("foo 1.0 main amd64"_s) && h.settled());
 
         // The whole source is gone.
-        prepare(h, {h.line});
+        prepare(h, {h.distantLine()});
         QDir(h.source.repoPath()).removeRecursively();
         QCOMPARE(upgrade(h), RepoEnums::ERROR);
         QCOMPARE(h.lastMessage(), "Repo is not upgraded"_s);
         QVERIFY(!h.criticals.isEmpty() && h.settled());
+    }
+
+    /** Files of a source on this computer are taken from there, and only as apt's lists describe them. */
+    void filesInPlace()
+    {
+        OldRepo h("bad foo good late more other");
+        prepare(h, {h.line});
+        QFile half(h.source.find("bad"_s)->filePath());
+        QVERIFY(half.resize(half.size() / 2));
+        const QString late = h.source.find("late"_s)->filePath();
+        const QByteArray wanted = readFile(late);
+        const QString changed
+            = DebBuilder("late"_s).version("2.0"_s).contents("later").build(h.at("changed"));
+        const QByteArray record = "echo \"$*\" >>'" + h.at("calls").toUtf8() + "'\n";
+        const StandIn get(h.at("bin"), "apt-get", record);
+        const StandIn apt(h.at("bin2"), "apt", record);
+        {
+            // The file that changes before the run for all of them fails it.
+            const StandIn changer(h.at("bin3"),
+                                  "reprepro",
+                                  "case \"$*\" in *' update '*) cp '" + changed.toLocal8Bit() + "' '"
+                                      + late.toLocal8Bit() + "';; esac");
+            QCOMPARE(upgrade(h), RepoEnums::SUCCESS);
+        }
+        const QByteArray calls = readFile(h.at("calls"));
+        QCOMPARE(calls, QByteArray("download bad:amd64=2.0\ndownload late:amd64=2.0\n"));
+        QCOMPARE(h.criticals.size(), 2);
+        QVERIFY(h.trouble().contains("Apt: download package late error|"_s));
+        QVERIFY(h.holds("bad 1.0 main amd64,foo 2.0 main amd64,good 2.0 main amd64,late 1.0 main amd64,"
+                        "more 2.0 main amd64,other 2.0 main amd64"_s));
+        QVERIFY(QFile::exists(late) && h.settled());
+        for (const QString &name : "foo good more other"_s.split(u' '))
+            QCOMPARE(h.inPool(name), h.source.inPool(name));
+
+        writeFile(late, wanted);
+        QCOMPARE(upgrade(h), RepoEnums::SUCCESS);
+        QVERIFY(h.listed().contains("late 2.0 main amd64"_s));
+        QCOMPARE(h.inPool("late"_s), wanted);
     }
 
     void stopAsks()
@@ -300,7 +346,7 @@ private Q_SLOTS:
         for (int i = 1; i < Many; ++i)
             names += " p" + QByteArray::number(i).rightJustified(2, '0');
         OldRepo h(names.constData());
-        prepare(h, {h.line});
+        prepare(h, {h.distantLine()});
         const auto stopAt = h.cancelAt(&RepoShell::packageChanged);
         h.reply = true;
         QCOMPARE(upgrade(h), RepoEnums::CANCEL);
@@ -309,7 +355,7 @@ private Q_SLOTS:
         const int upgraded = h.listed().filter("2.0"_s).size();
         QVERIFY2(upgraded > 0 && upgraded < Many, qPrintable(QString::number(upgraded)));
         QVERIFY(h.settled());
-        prepare(h, {h.line});
+        prepare(h, {h.distantLine()});
         // A no takes the stop back, and another one can be asked for.
         QSignalSpy goingOn(&h.shell, &RepoShell::goingOn);
         h.reply = false;
@@ -339,7 +385,7 @@ private Q_SLOTS:
     void stopWhileServerIsSilent()
     {
         OldRepo h("foo bar");
-        prepare(h, {h.line});
+        prepare(h, {h.distantLine()});
         const QString waiting = h.at("waiting");
         const StandIn apt(
             h.at("bin"), "apt-get", "case $* in *download*) : >'" + waiting.toUtf8() + "'; sleep 600;; esac");

@@ -320,7 +320,8 @@ private Q_SLOTS:
         const QString copy = h.repoPath() + "/db/velt-admin-repo.before"_s;
         const QByteArray text = readFile(h.conf + "/distributions"_s);
         runShell("mkdir %1 && cp db/*.db db/version %1"_s.arg(copy), h.repoPath());
-        writeFile(copy + "/packages.conf"_s, "");
+        for (const char *name : {"/packages.conf", "/description-changes"})
+            writeFile(copy + QLatin1String(name), "");
         writeFile(copy + "/distributions"_s, text + "DebIndices: Packages Release . .gz hook.sh\n");
         QCOMPARE(h.open(h.repoPath()), RepoEnums::SUCCESS);
         QVERIFY(h.asked(1, "hook.sh"_s) && h.complains("could not be brought up to date"_s));

@@ -2,6 +2,7 @@
 #include "support/children.h"
 #include "support/packagetesting.h"
 #include "support/testenvironment.h"
+#include "support/testkeys.h"
 #include "ui/dialogs/addpkgsettingsdialog.h"
 #include "ui/dialogs/gpgkeyswidget.h"
 #include "ui/dialogs/newrepodialog.h"
@@ -563,6 +564,71 @@ private Q_SLOTS:
             QTRY_COMPARE(f.dialog.repoInfo().signWith, isOn);
         }
         QVERIFY(box->toolTip().contains("no key"_s));
+    }
+
+    void furtherFieldsFoldOut()
+    {
+        VELT_NEED_TOOL("gpg");
+        const QString key = TestKeys::make("Ann <ann@example.org>"_s);
+        RepoDialog f(NewRepoDialog::Mode::Change);
+        const QString path = f.folder.filePath("r"_s);
+        const auto *area = child<QScrollArea>(f.dialog, "m_furtherScrollArea");
+        f.dialog.setRepository(path, birch());
+        QVERIFY(area->isHidden());
+        QCOMPARE(f.dialog.repoInfo(), birch());
+        RepoInfo whole = birch();
+        whole.origin = "Us: all"_s;
+        whole.label = whole.description = "Ours"_s;
+        whole.signKey = key.right(16).toLower();
+        whole.contents = true;
+        whole.contentsChoices = ".xz udebs"_s;
+        whole.validFor = 42;
+        whole.otherLines = "# mine|Log: x| y.sh"_list;
+        f.dialog.setRepository(path, whole);
+        QVERIFY(area->isVisible());
+        QCOMPARE(child<QPlainTextEdit>(f.dialog, "m_otherFieldsTextEdit")->toPlainText(),
+                 "# mine\nLog: x\n y.sh"_s);
+        constexpr int SmallScreen = 600;
+        QVERIFY(f.dialog.minimumSizeHint().height() < SmallScreen * 9 / 10);
+        auto *keys = child<QComboBox>(f.dialog, "m_signKeyComboBox");
+        QVERIFY2(keys->currentText().contains("not listed"_s), "a key that is not known yet stays");
+        QTRY_COMPARE(keys->currentText(), TestKeys::text("Ann <ann@example.org>"_s, key));
+        QCOMPARE(f.dialog.repoInfo(), whole);
+
+        // The keyboard reaches them where they stand, and no letter stands for two.
+        auto *more = child<QToolButton>(f.dialog, "m_moreToolButton");
+        child<QToolButton>(f.dialog, "m_startKGpgToolButton")->setFocus();
+        QTest::keyClick(&f.dialog, Qt::Key_Tab);
+        QVERIFY(more->hasFocus());
+        QTest::keyClick(more, Qt::Key_Tab);
+        QVERIFY(child<QLineEdit>(f.dialog, "m_originLineEdit")->hasFocus());
+        QStringList letters;
+        for (const auto *label : f.dialog.findChildren<QLabel *>())
+            if (label->buddy() != nullptr)
+                letters << QKeySequence::mnemonic(label->text()).toString();
+        for (const auto *other : f.dialog.findChildren<QAbstractButton *>())
+            letters << QKeySequence::mnemonic(other->text()).toString();
+        letters.removeAll(QString());
+        QCOMPARE(letters.removeDuplicates(), 0);
+        QTest::keyClick(more, Qt::Key_Space);
+        QVERIFY(area->isHidden());
+
+        // What is refused is shown. What is switched off has no choices.
+        BoxAnswers answers({QMessageBox::Ok});
+        child<QLineEdit>(f.dialog, "m_descriptionLineEdit")->setText("a # b"_s);
+        QVERIFY(!f.accept());
+        QVERIFY(answers.texts.value(0).contains("Description"_s) && area->isVisible());
+        type(f.dialog, "m_descriptionLineEdit", "Other"_s);
+        keys->setCurrentIndex(0);
+        whole.description = "Other"_s;
+        whole.signKey.clear();
+        QCOMPARE(f.dialog.repoInfo(), whole);
+        child<QCheckBox>(f.dialog, "m_createContentsFileCheckBox")->click();
+        QVERIFY(!child<QWidget>(f.dialog, "m_contentsComboBox")->isEnabled());
+        whole.contents = false;
+        whole.contentsChoices.clear();
+        QCOMPARE(f.dialog.repoInfo(), whole);
+        QVERIFY(f.accept());
     }
 
     void namesAreNoMarkup()

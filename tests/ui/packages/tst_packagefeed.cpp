@@ -16,14 +16,14 @@ class PackageFeedTest : public QObject
     {
         RepoShell shell;
         PackageFeed feed;
-        PackageChanges received;
+        ListChanges received;
         int batches = 0;
         QThread *deliveredOn = nullptr;
 
         Fixture()
         {
             feed.watch(shell);
-            connect(&feed, &PackageFeed::changesReady, &feed, [this](const PackageChanges &changes) {
+            connect(&feed, &PackageFeed::changesReady, &feed, [this](const ListChanges &changes) {
                 received += changes;
                 ++batches;
                 deliveredOn = QThread::currentThread();
@@ -56,8 +56,8 @@ private Q_SLOTS:
         QVERIFY2(f.batches < 100, qPrintable(QString::number(f.batches)));
         for (int i = 0; i < 63000; ++i)
             QCOMPARE(f.received.at(i).package->name, "p%1"_s.arg(i));
-        QCOMPARE(f.received.at(63000).kind, PackageChange::Stored);
-        QCOMPARE(f.received.at(63001).kind, PackageChange::Removed);
+        QCOMPARE(f.received.at(63000).kind, ListChange::Stored);
+        QCOMPARE(f.received.at(63001).kind, ListChange::Removed);
     }
 
     void arrivesBeforeFinished()
@@ -94,19 +94,19 @@ private Q_SLOTS:
         });
         QVERIFY(thread->wait());
         QTRY_COMPARE(f.received.size(), 2);
-        QCOMPARE(f.received.at(0).kind, PackageChange::Cleared);
+        QCOMPARE(f.received.at(0).kind, ListChange::Cleared);
         QCOMPARE(f.received.at(1).package->name, "p2"_s);
     }
 
     void flushDeliversAtOnce()
     {
         Fixture f;
-        f.feed.push({PackageChange::Stored, package(1)});
+        f.feed.push({ListChange::Stored, package(1)});
         QCOMPARE(f.batches, 0);
         f.feed.flush();
         QCOMPARE(f.batches, 1);
         // Nothing is lost or told twice when the wake-up that was posted first arrives after the flush.
-        f.feed.push({PackageChange::Stored, package(2)});
+        f.feed.push({ListChange::Stored, package(2)});
         QTRY_COMPARE(f.batches, 2);
         f.feed.flush();
         QCOMPARE(f.batches, 2);

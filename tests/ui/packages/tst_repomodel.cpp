@@ -9,14 +9,14 @@
 
 namespace
 {
-PackageChange stored(const PackageBuilder &package)
+ListChange stored(const PackageBuilder &package)
 {
-    return {PackageChange::Stored, package.build()};
+    return {ListChange::Stored, package.build()};
 }
 
-PackageChange removed(const PackageBuilder &package)
+ListChange removed(const PackageBuilder &package)
 {
-    return {PackageChange::Removed, package.build()};
+    return {ListChange::Removed, package.build()};
 }
 
 PackageBuilder named(const char *name)
@@ -41,7 +41,7 @@ struct Fixture
     QSignalSpy removals{&proxy, &RepoProxyModel::rowsRemoved};
     QSignalSpy changed{&proxy, &RepoProxyModel::dataChanged};
 
-    explicit Fixture(const PackageChanges &changes = {})
+    explicit Fixture(const ListChanges &changes = {})
     {
         proxy.setSourceModel(&model);
         model.apply(changes);
@@ -99,7 +99,7 @@ private Q_SLOTS:
     {
         Fixture f({stored(named("old")), stored(numbered(1).version("0"_s))});
         f.model.setCurrentItem(find(f.model, "p1"));
-        PackageChanges changes{removed(named("old"))};
+        ListChanges changes{removed(named("old"))};
         for (int i = 0; i < 500; ++i)
             changes.append(stored(numbered(i)));
         changes.append(removed(numbered(7)));
@@ -113,7 +113,7 @@ private Q_SLOTS:
         f.model.apply(changes);
         QCOMPARE(f.resets.count(), 1);
         // Nothing but records, most of them of new packages: of several records of one package the last one counts.
-        PackageChanges more{stored(numbered(600).version("0"_s))};
+        ListChanges more{stored(numbered(600).version("0"_s))};
         for (int i = 450; i < 900; ++i)
             more.append(stored(numbered(i)));
         more.append(stored(numbered(1).version("9"_s).section("net"_s)));
@@ -124,7 +124,7 @@ private Q_SLOTS:
         QCOMPARE(f.model.package(find(f.model, "p1"))->version, "9"_s);
         QCOMPARE(f.model.package(find(f.model, "p600"))->version, "8"_s);
         // Another repository: what belongs to the one before is gone.
-        f.model.apply({{PackageChange::Cleared, {}}, stored(named("new"))});
+        f.model.apply({{ListChange::Cleared, {}}, stored(named("new"))});
         QCOMPARE(f.model.packageCount(), 1);
         QVERIFY(!f.model.currentItem().isValid());
     }
@@ -180,6 +180,41 @@ private Q_SLOTS:
         QCOMPARE(f.proxy.shownPackages(), 0);
         f.model.setShowVersions(true);
         QCOMPARE(f.proxy.shownPackages(), 3);
+    }
+
+    void columns()
+    {
+        using Column = PackageColumns::Column;
+        const auto sized = [](const char *name, const char *version, int size) {
+            return stored(named(name)
+                              .version(QString::fromLatin1(version))
+                              .control("Size: " + QByteArray::number(size)));
+        };
+        Fixture f({sized("a", "1:0.1", 900), sized("b", "1.0", 20), sized("c", "1.0~rc1", 100)});
+        const auto names = [&f] {
+            return treeText(f.proxy)
+                .section(QLatin1Char('{'), 3)
+                .remove(QLatin1Char('}'))
+                .remove(QLatin1Char(' '));
+        };
+        f.model.setColumns({Column::Name, Column::Version, Column::Size});
+        const QPersistentModelIndex version = find(f.proxy, "b").siblingAtColumn(1);
+        QCOMPARE(version.data().toString(), "1.0"_s);
+        QCOMPARE(names(), "a,b,c"_s); // as long as nobody asks for another order
+        f.proxy.sort(1);
+        QCOMPARE(names(), "c,b,a"_s);
+        f.proxy.sort(2);
+        QCOMPARE(names(), "b,c,a"_s); // not as texts
+        f.proxy.sort(2, Qt::DescendingOrder);
+        QCOMPARE(names(), "a,c,b"_s);
+        QVERIFY(version.isValid() && version.row() == 2 && version.column() == 1);
+        // A changed package keeps its row while the user may look at it, and gets its place afterwards.
+        f.model.apply({sized("b", "1.0", 500)});
+        QCOMPARE(names(), "a,c,b"_s);
+        QTRY_COMPARE(names(), "a,b,c"_s);
+        f.model.setColumns({Column::Name});
+        QCOMPARE(f.proxy.columnCount(), 1);
+        QCOMPARE(f.proxy.sortedColumn(), Column::Name);
     }
 
     void completeChecks()
@@ -256,17 +291,21 @@ private Q_SLOTS:
     {
         QTest::addColumn<bool>("hidden");
         QTest::addColumn<bool>("faulty");
+        QTest::addColumn<int>("column");
         for (const char *filter : {"", "1", "2"})
-            QTest::newRow(filter) << (*filter == '2') << false;
-        QTest::newRow("") << true << true;
+            QTest::newRow(filter) << (*filter == '2') << false << (*filter == '1' ? 1 : 0);
+        QTest::newRow("") << true << true << 4;
     }
 
     void randomChangesAgreeWithARebuild()
     {
         QFETCH(const bool, hidden);
         QFETCH(const bool, faulty);
+        QFETCH(const int, column);
         const QString filter = QLatin1String(QTest::currentDataTag());
         const auto setUp = [&](RepoProxyModel &proxy) {
+            proxy.setColumns(column == 0 ? PackageColumns::Columns{PackageColumns::Name}
+                                         : PackageColumns::all());
             proxy.setRepositoryItemHidden(hidden);
             proxy.setFilterFixedString(filter);
             proxy.setShownStates(RepoProxyModel::ShowError | RepoProxyModel::ShowUndefined);
@@ -279,7 +318,7 @@ private Q_SLOTS:
         const QStringList sections{"net"_s, "admin"_s, "own"_s};
         const QStringList components{"main"_s, "contrib"_s};
         for (int batch = 0; batch < 60; ++batch) {
-            PackageChanges changes;
+            ListChanges changes;
             // Now and then so many that the tree is built anew.
             for (int i = batch % 15 == 7 ? 500 : 8; i > 0; --i) {
                 PackageBuilder package("p%1"_s.arg(random.bounded(batch % 15 == 7 ? 400 : 30)));
@@ -299,12 +338,17 @@ private Q_SLOTS:
             f.model.apply(changes);
             QVERIFY(batch % 15 == 7 || f.resets.count() == resets);
             const auto order = batch / 10 % 2 == 0 ? Qt::AscendingOrder : Qt::DescendingOrder;
-            f.proxy.sort(0, order);
+            // Between these two the order is only mended.
+            if (batch % 3 == 0)
+                f.proxy.sort(0, order);
+            f.proxy.sort(column, order);
+            if (column > 0 && batch % 3 != 0)
+                continue;
 
             Fixture fresh;
             fresh.model.setPackages(f.model.tree().packages());
             setUp(fresh.proxy);
-            fresh.proxy.sort(0, order);
+            fresh.proxy.sort(column, order);
             QCOMPARE(treeText(f.model), treeText(fresh.model));
             QCOMPARE(treeText(f.proxy), treeText(fresh.proxy));
             QCOMPARE(f.proxy.shownPackages(), fresh.proxy.shownPackages());

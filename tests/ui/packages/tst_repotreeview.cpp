@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "support/packagetesting.h"
 #include "support/testenvironment.h"
+#include "ui/packages/columnchoice.h"
 #include "ui/packages/packagedrop.h"
+#include "ui/packages/packageselection.h"
+#include "ui/packages/pooldates.h"
 #include "ui/packages/repomodel.h"
 #include "ui/packages/repoproxymodel.h"
 #include "ui/packages/repotreeview.h"
@@ -32,13 +35,13 @@ class RepoTreeViewTest : public QObject
             model.apply(all(300));
         }
 
-        static PackageChanges all(int packages)
+        static ListChanges all(int packages)
         {
-            PackageChanges changes{{PackageChange::Cleared, {}}};
+            ListChanges changes{{ListChange::Cleared, {}}};
             for (int i = 0; i < packages; ++i) {
                 PackageBuilder package("p%1"_s.arg(i, 3, 10, QLatin1Char('0')));
                 changes.append(
-                    {PackageChange::Stored, package.section(i % 2 == 0 ? "net"_s : "utils"_s).build()});
+                    {ListChange::Stored, package.section(i % 2 == 0 ? "net"_s : "utils"_s).build()});
             }
             return changes;
         }
@@ -57,7 +60,7 @@ class RepoTreeViewTest : public QObject
         QString selected() const
         {
             QStringList names;
-            for (const QModelIndex &index : view.selectionModel()->selectedIndexes())
+            for (const QModelIndex &index : view.selectionModel()->selectedRows())
                 names.append(index.data().toString());
             names.sort();
             return names.join(" "_s);
@@ -104,26 +107,80 @@ private Q_SLOTS:
     void replacedPackagesStaySelected()
     {
         Fixture f;
-        const auto change = [&f](const char *name, PackageChange::Kind kind, const char *section) {
+        const auto change = [&f](const char *name, ListChange::Kind kind, const char *section) {
             PackageBuilder package(QString::fromLatin1(name));
             const PackageInfoPtr record = package.section(QString::fromLatin1(section)).build();
-            f.model.apply({PackageChange{kind, record}});
+            f.model.apply({ListChange{kind, record}});
         };
-        change("lone", PackageChange::Stored, "editors");
+        change("lone", ListChange::Stored, "editors");
         f.select({"p100", "p102", "lone"});
         for (const char *name : {"p100", "lone"}) {
             const char *section = name[0] == 'p' ? "net" : "editors";
-            change(name, PackageChange::Removed, section);
-            change(name, PackageChange::Stored, section);
+            change(name, ListChange::Removed, section);
+            change(name, ListChange::Stored, section);
         }
         QCOMPARE(f.selected(), "lone p100 p102"_s);
         QCOMPARE(f.view.currentIndex(), f.item("lone"));
 
         // Who has gone on meanwhile is left alone.
-        change("lone", PackageChange::Removed, "editors");
+        change("lone", ListChange::Removed, "editors");
         QTest::keyClick(&f.view, Qt::Key_Home);
-        change("lone", PackageChange::Stored, "editors");
+        change("lone", ListChange::Stored, "editors");
         QCOMPARE(f.selected(), "repo"_s);
+    }
+
+    void columnsOfAllTrees()
+    {
+        QSettings().clear();
+        const QTemporaryDir pool;
+        writeFile(pool.filePath("p.deb"_s), "x");
+        QWidget window;
+        ColumnChoice choice(&window);
+        Fixture one;
+        Fixture other;
+        new PoolDates(&other.model);
+        PackageInfo info = *PackageBuilder("p007"_s).section("utils"_s).build();
+        info.root = pool.path();
+        info.poolFile = "p.deb"_s;
+        other.model.apply({{ListChange::Stored, PackageInfoPtr::create(info)}});
+        for (Fixture *fixture : {&one, &other}) {
+            fixture->view.setColumnChoice(choice);
+            fixture->view.expandAll();
+            fixture->select({"p004", "p007"});
+        }
+        QCOMPARE(other.proxy.columnCount(), 1);
+        for (const char *title : {"Added", "Version"}) {
+            for (QAction *action : choice.menu()->actions()) {
+                if (action->text() == QLatin1String(title))
+                    action->trigger();
+            }
+        }
+        QCOMPARE(one.proxy.columnCount(), 3);
+        QVERIFY(other.isExpanded("Utilities"));
+        QCOMPARE(other.selected(), one.selected());
+        QVERIFY(other.selected().contains("p007"_s));
+        // A row is one item, in whatever column somebody clicks, and stands for one package.
+        const QModelIndex version = other.item("p008").siblingAtColumn(1);
+        QCOMPARE(version.data().toString(), "1.0"_s);
+        other.view.scrollTo(version);
+        QTest::mouseClick(other.view.viewport(), Qt::LeftButton, {}, other.view.visualRect(version).center());
+        const QModelIndexList clicked = other.view.selectionModel()->selectedIndexes();
+        QCOMPARE(clicked.size(), 3);
+        QCOMPARE(PackageSelection::packages(clicked, other.proxy, other.model).size(), 1);
+        // The dates come from the files, aside.
+        const auto added
+            = [&](const char *name) { return other.item(name).siblingAtColumn(2).data().toString(); };
+        QTRY_COMPARE(
+            added("p007"),
+            QLocale().toString(QFileInfo(pool.filePath("p.deb"_s)).lastModified(), QLocale::ShortFormat));
+        QCOMPARE(added("p008"), QString());
+        // The choice is kept, and damaged settings are no choice.
+        QCOMPARE(ColumnChoice(&window).columns().size(), 3);
+        QSettings().setValue("packageColumns"_s, QStringList{"name"_s, "none"_s, "size"_s});
+        QSettings().setValue("packageColumnWidths"_s, QStringList{"name"_s, "size -1"_s, "size x"_s});
+        QCOMPARE(ColumnChoice(&window).columns().size(), 2);
+        QCOMPARE(ColumnChoice(&window).width(PackageColumns::Size), 0);
+        QSettings().clear();
     }
 
     void drops()

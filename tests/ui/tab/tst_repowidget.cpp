@@ -4,6 +4,7 @@
 #include "support/children.h"
 #include "support/packagetesting.h"
 #include "support/testenvironment.h"
+#include "ui/packages/packagefacts.h"
 #include "ui/packages/packagestatusline.h"
 #include "ui/packages/repotreeview.h"
 #include "ui/tab/repowidget.h"
@@ -115,6 +116,123 @@ private Q_SLOTS:
         f.tab.setCurrentItem(f.item("lost"));
         QCOMPARE(f.page(), ErrorPage);
         QVERIFY(f.labels("packageError").startsWith("<b>Failed to get package information</b><br> "_s));
+    }
+
+    void moreAboutAPackage()
+    {
+        QSettings().clear();
+        Fixture f;
+        const QByteArray more
+            = "Size: 1536\nInstalled-Size: 2048\nHomepage: https://x.example/?a='&b=2\nSHA256: ab12\n";
+        f.open("Package: odd\n" + more + f.record("odd", "net").mid(13) + f.record("bash", "shells"));
+        f.tab.show();
+        f.tab.setCurrentItem(f.item("odd"));
+        auto *button = child<QToolButton>(f.tab, "m_moreButton");
+        const auto *size = child<QLabel>(f.tab, "m_sizeLabel");
+        QVERIFY(!size->isVisible());
+        button->click();
+        QVERIFY(size->isVisible());
+        QCOMPARE(f.labels("size installedSize source homepage poolFile sha256"),
+                 "1.5 KiB (1,536 bytes)|2.0 MiB|odd|<a href=\"https://x.example/?a='&amp;b=2\">"
+                 "https://x.example/?a='&amp;b=2</a>|pool/main/odd_1.0-1_amd64.deb|ab12"_s);
+        QTRY_COMPARE(f.labels("added"), "The file is missing."_s);
+        QCOMPARE(PackageFacts::linkTo("javascript:a(<b>)"_s), "javascript:a(&lt;b&gt;)"_s);
+        const QString file = f.path + "/pool/main/bash_1.0-1_amd64.deb"_s;
+        writeFile(file, "x");
+        f.tab.setCurrentItem(f.item("bash"));
+        QVERIFY(!size->isVisible()); // the record has no such field
+        QTRY_COMPARE(f.labels("added"),
+                     QLocale().toString(QFileInfo(file).lastModified(), QLocale::ShortFormat));
+        // The choice is kept, also for the tabs that come.
+        Fixture other;
+        other.open(f.record("bash", "shells"));
+        other.tab.show();
+        other.tab.setCurrentItem(other.item("bash"));
+        QVERIFY(child<QLabel>(other.tab, "m_sourceLabel")->isVisible());
+        QSettings().clear();
+    }
+
+    void commandForApt()
+    {
+        const auto named = [](const char *name, const char *version) {
+            return PackageBuilder(QString::fromLatin1(name)).version(QString::fromLatin1(version));
+        };
+        QList<PackageInfoPtr> packages;
+        packages << named("libc6", "2.36-9+deb12u4").build();
+        packages << named("libc6", "2.36-9+deb12u4").architecture("arm64"_s).build();
+        packages << named("g++", "4:12.2.0~rc1").build() << named("evil", "1'$(touch x);*").build();
+        packages << named("-o", "APT::x").build();
+        QCOMPARE(PackageFacts::names(packages), "libc6\ng++\nevil\n-o"_s);
+        const QString command = PackageFacts::aptCommand(packages);
+        QVERIFY(command.startsWith("apt install libc6:amd64=2.36-9+deb12u4 libc6:arm64="_s));
+        // A real shell takes it apart into one word a package.
+        const QString words = runShell("set -- %1; printf '<%s>' \"$@\""_s.arg(command), QDir::tempPath());
+        QCOMPARE(words,
+                 "<apt><install><libc6:amd64=2.36-9+deb12u4><libc6:arm64=2.36-9+deb12u4><g++=4:12.2.0~rc1>"
+                 "<evil=1'$(touch x);*>"_s);
+        QCOMPARE(PackageFacts::aptCommand(packages.mid(4)), QString());
+    }
+
+    void filtersInALine()
+    {
+        Fixture f;
+        f.open(f.record("bash", "shells") + f.record("zsh", "shells") + f.record("apt", "admin"));
+        f.tab.show();
+        const QMenu *menu = f.tab.packetFilterMenu();
+        const auto choose = [menu](const char *title, const char *value) {
+            for (QAction *entry : menu->actions()) {
+                if (entry->menu() == nullptr
+                    || entry->text().remove(QLatin1Char('&')) != QLatin1String(title))
+                    continue;
+                Q_EMIT entry->menu()->aboutToShow();
+                for (QAction *action : entry->menu()->actions()) {
+                    if (action->text() == QLatin1String(value))
+                        action->trigger();
+                }
+            }
+        };
+        const auto chips = [&f] {
+            QList<QToolButton *> buttons;
+            for (QToolButton *button : f.tab.findChildren<QToolButton *>("m_filterChip"_s)) {
+                if (button->isVisible())
+                    buttons << button;
+            }
+            return buttons;
+        };
+        const auto *line = child<QWidget>(f.tab, "m_filterLine");
+        const auto *count = child<QLabel>(f.tab, "m_shownPackagesLabel");
+        QVERIFY(!line->isVisible());
+        choose("Section", "Shells (shells)");
+        choose("Signature", "Unsigned");
+        QVERIFY(f.shows("zsh") && !f.shows("apt"));
+        QTRY_COMPARE(count->text(), "2 of 3 packages shown"_s);
+        QCOMPARE(chips().size(), 2);
+        QCOMPARE(chips().first()->toolTip(), "Remove the filter Section: Shells"_s);
+        choose("Architecture", "amd64");
+        choose("Component", "main");
+        choose("Signature", "Signed");
+        QTRY_COMPARE(count->text(), "0 of 3 packages shown"_s);
+        // Chips go one after the other by the keyboard alone, and only they: Delete removes packages elsewhere.
+        QAction removal;
+        removal.setShortcut(Qt::Key_Delete);
+        f.tab.addAction(&removal);
+        QSignalSpy removals(&removal, &QAction::triggered);
+        f.tab.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&f.tab));
+        chips().first()->setFocus();
+        for (int left = 3; left >= 0; --left) {
+            QTest::keyClick(QApplication::focusWidget(), left % 2 == 0 ? Qt::Key_Delete : Qt::Key_Space);
+            QCOMPARE(chips().size(), left);
+        }
+        QCOMPARE(removals.count(), 0);
+        QTRY_VERIFY(f.shows("apt") && !line->isVisible());
+        QVERIFY(qobject_cast<QLineEdit *>(QApplication::focusWidget()) != nullptr);
+        // All that hides packages shows in the line, and is taken back at once.
+        menu->actions().first()->trigger();
+        choose("Section", "Shells (shells)");
+        QCOMPARE(chips().first()->toolTip(), "Remove the filter Dependences: not satisfied, satisfied"_s);
+        child<QToolButton>(f.tab, "m_removeFiltersButton")->click();
+        QVERIFY(chips().isEmpty() && f.shows("apt"));
     }
 
     void selectionAndSearch()

@@ -7,7 +7,9 @@
 #include "support/fulldisk.h"
 #include "support/packagetesting.h"
 #include "support/testenvironment.h"
+#include "ui/contents/packagecontentsdialog.h"
 #include "ui/dialogs/addpkgsettingsdialog.h"
+#include "ui/dialogs/copydialog.h"
 #include "ui/dialogs/newrepodialog.h"
 #include "ui/dialogs/packagereplacementdialog.h"
 #include "ui/dialogs/parametersdialog.h"
@@ -15,6 +17,8 @@
 #include "ui/dialogs/publishedreposdialog.h"
 #include "ui/dialogs/startselectactiondialog.h"
 #include "ui/dialogs/upgradepackagesdialog.h"
+#include "ui/history/historysettingsdialog.h"
+#include "ui/history/statedifferencedialog.h"
 #include "ui/search/addpackagedialog.h"
 #include "ui/sources/externalreposdialog.h"
 #include "ui/sources/externalreposourcedialog.h"
@@ -173,6 +177,7 @@ private Q_SLOTS:
         QSettings().setValue("recentOpennedRepos"_s, QStringList{makeRepository("r"_s)});
         MainWindow window;
         window.show();
+        child<QAction>(window, "m_showHistoryAction")->trigger();
         QVERIFY(waitForTabs(window, 1));
         QStringList faults = faultsOf(window);
         noteDoublesInMenus(*child<QMenuBar>(window, "menuBar"), &faults);
@@ -205,9 +210,15 @@ private Q_SLOTS:
             {}, [](const QString &) { return QString(); }, &window);
         auto *monitor = new PublicationMonitor(&window);
         const PublishedReposDialog published(*monitor, prompts, &window);
+        const HistorySettingsDialog history({}, &window);
+        const StateDifferenceDialog difference({}, 0, 0, &window);
         const auto note = [&faults](const auto &...dialogs) { ((faults << faultsOf(dialogs)), ...); };
+        const CopyDialog copy(CopyDialog::Kind::Copy, {}, {{"/r"_s, {"main"_s}}}, 0);
+        note(copy);
         note(create, change, settings, parameters, replacement, start);
         note(about, search, repos, source, sources, packages, published);
+        const PackageContentsDialog contents(*PackageBuilder("foo"_s).build(), &window);
+        note(history, difference, contents);
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
     }
 
@@ -233,7 +244,9 @@ private Q_SLOTS:
     {
         QSettings().setValue("recentOpennedRepos"_s, QStringList{makeRepository("r"_s)});
         MainWindow window;
-        window.move(0, 0); // the screen is hardly higher than the longest menu
+        // The screen is hardly higher than the longest menu.
+        window.move(0, 0);
+        child<QToolBar>(window, "mainToolBar")->hide();
         window.show();
         QVERIFY(waitForTabs(window, 1));
         // The menu of an item comes to it by its key, also when it has been scrolled away.
