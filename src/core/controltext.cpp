@@ -3,6 +3,8 @@
 
 #include "core/trimmed.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace
@@ -74,6 +76,23 @@ QString ControlText::description() const
         return text;
     }
     return {};
+}
+
+ControlText ControlText::withoutFileFields() const
+{
+    constexpr std::string_view FileFields[] = {"Filename", "Size", "MD5sum", "SHA1", "SHA256", "SHA512"};
+    QByteArray text;
+    bool isKept = true;
+    for (std::string_view rest = m_text; !rest.empty();) {
+        const auto line = takeLine(rest);
+        if (line.empty() || (line.front() != ' ' && line.front() != '\t'))
+            isKept = std::none_of(std::begin(FileFields),
+                                  std::end(FileFields),
+                                  [line](std::string_view name) { return isField(line, name); });
+        if (isKept)
+            text.append(line.data(), static_cast<int>(line.size())).append('\n');
+    }
+    return ControlText(text);
 }
 
 std::string_view controlFieldValue(std::string_view text, std::string_view name)

@@ -32,6 +32,8 @@ public:
     QString field(std::string_view name) const;
     /** The value of Description with its continuation lines, each after a newline. */
     QString description() const;
+    /** The paragraph of an index without the fields that describe the package file, which the file itself lacks. */
+    ControlText withoutFileFields() const;
 
 private:
     Owner m_owner;

@@ -32,8 +32,7 @@ IndexedFiles::Entry entryOfFile(const QString &path)
 }
 
 /**
- * Puts in the checksums. The records cannot tell them: that of an added package comes from its file, and that of a
- * signed one has the text of the unsigned file.
+ * Puts in the checksums. The records cannot tell them: those of added and signed packages come from their files.
  */
 void complete(QVector<PackageChange> *changes,
               PackageChange::State PackageChange::*side,

@@ -48,6 +48,10 @@ bool SignJob::signPackage(const PackageInfoPtr &package, PackageAdding *adding) 
         return false;
     AddedFile file = adding->fileAt(present->filePath());
     file.origin.clear();
-    const ErrorCode result = adding->replace(&file, *present);
+    // The index describes the unsigned file. A record with that would look like the change of another program.
+    PackageInfo record = *present;
+    record.poolFile = present->filePath().mid(present->root.size() + 1);
+    record.control = present->control.withoutFileFields();
+    const ErrorCode result = adding->replace(&file, record);
     return result == SUCCESS || result == PACKAGE_GPGERROR;
 }

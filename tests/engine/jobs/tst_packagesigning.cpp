@@ -122,6 +122,8 @@ private Q_SLOTS:
         h.cancelAt(&RepoShell::packageChanged);
         QCOMPARE(sign({h.find("bar"_s), h.find("foo"_s)}, m_key), RepoEnums::CANCEL);
         QCOMPARE(h.lastMessage(), "Operation stopped. 1 of 2 package(s) is signed: bar_1.0_amd64.deb"_s);
+        // What the opening had listed and the job has signed does not look like the work of another program.
+        QVERIFY(h.settled());
     }
 
     void refusedCopyIsTakenBack()
