@@ -105,6 +105,8 @@ public:
     bool isDisturbed() const { return m_disturbed; }
     /** Whether it may have changed anything. */
     bool isBegun() const { return m_point.isBegun(); }
+    /** Whether the indices are behind the database. After finish(): they could not be written. */
+    bool owesIndices() const { return m_exportOwed; }
     /** Whether the database could not be read or written. From then on the session runs nothing more, and the copy
      *  from before the session (RunningPoint) replaces the database. */
     bool isDamaged() const { return m_trouble.has_value(); }

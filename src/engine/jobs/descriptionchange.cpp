@@ -43,15 +43,17 @@ bool DescriptionChange::run()
     removeVanishedIndices(path, m_change.before, m_change.after);
     if (!exportOrGiveUpSigning())
         return false;
-    keepSignatures(packages);
+    keepSignatures();
     return true;
 }
 
 void DescriptionChange::commit()
 {
-    // The engine's list is of the time before the change.
-    const RepoInfo info = m_context.repository.info();
-    m_session.commit(m_context.history.record(listPackages(m_context.path(), info)));
+    // The engine's list is of the time before the change. Indices that are still owed may list nothing.
+    const bool isOwed = m_session.owesIndices();
+    m_session.commit(
+        m_context.history.record(isOwed ? m_change.left(m_context.packages.all())
+                                        : listPackages(m_context.path(), m_context.repository.info())));
 }
 
 ProcessResult DescriptionChange::prepare(const QList<PackageInfoPtr> &packages)
@@ -154,21 +156,11 @@ bool DescriptionChange::exportOrGiveUpSigning()
     return result.succeeded();
 }
 
-void DescriptionChange::keepSignatures(const QList<PackageInfoPtr> &packages)
+void DescriptionChange::keepSignatures()
 {
-    QList<PackageInfoPtr> staying;
-    const QStringList flooded = m_change.floodedArchitectures(packages);
-    for (const PackageInfoPtr &package : packages) {
-        if (m_change.keepsPlace(*package))
-            staying.append(package);
-        if (!package->isSigned() || package->ownArchitecture() != QLatin1String("all"))
-            continue;
-        for (const QString &architecture : flooded) {
-            const auto copy = QSharedPointer<PackageInfo>::create(*package);
-            copy->architecture = architecture;
-            SignatureRecord::remember(&m_context, *copy);
-            staying.append(copy);
-        }
-    }
-    SignatureRecord::forgetOthers(&m_context, staying);
+    const QList<PackageInfoPtr> left = m_change.left(m_context.packages.all());
+    for (const PackageInfoPtr &package : left)
+        if (package->isSigned() && !m_change.before.architectureList().contains(package->architecture))
+            SignatureRecord::remember(&m_context, *package);
+    SignatureRecord::forgetOthers(&m_context, left);
 }

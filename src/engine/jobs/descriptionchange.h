@@ -42,5 +42,5 @@ private:
     ProcessResult carryOver(const QList<PackageInfoPtr> &packages);
     bool takeOutVanished();
     bool exportOrGiveUpSigning();
-    void keepSignatures(const QList<PackageInfoPtr> &packages);
+    void keepSignatures();
 };

@@ -78,6 +78,29 @@ QStringList RepoChange::floodedArchitectures(const QList<PackageInfoPtr> &packag
     return isWanted ? without(after.binaryArchitectures(), before.binaryArchitectures()) : QStringList();
 }
 
+QList<PackageInfoPtr> RepoChange::left(const QList<PackageInfoPtr> &packages) const
+{
+    const QStringList flooded = floodedArchitectures(packages);
+    const QStringList components = after.componentList();
+    QSet<QString> copied;
+    QList<PackageInfoPtr> left;
+    for (const PackageInfoPtr &package : packages) {
+        if (keepsPlace(*package))
+            left.append(package);
+        // A package for all architectures has a record for each of them.
+        const QString place = package->indexComponent + QLatin1Char('/') + package->filePath();
+        if (!isForAll(*package) || !components.contains(package->indexComponent) || copied.contains(place))
+            continue;
+        copied.insert(place);
+        for (const QString &architecture : flooded) {
+            const auto copy = QSharedPointer<PackageInfo>::create(*package);
+            copy->architecture = architecture;
+            left.append(copy);
+        }
+    }
+    return left;
+}
+
 QByteArray RepoChange::bridge(const QByteArray &old) const
 {
     RepoInfo both = after;

@@ -25,6 +25,8 @@ struct RepoChange
 
     /** The new architectures that receive the architecture-independent packages of the others. */
     QStringList floodedArchitectures(const QList<PackageInfoPtr> &packages) const;
+    /** What the repository holds after the change: the packages that keep their places, and the copies of flooding. */
+    QList<PackageInfoPtr> left(const QList<PackageInfoPtr> &packages) const;
     /**
      * The temporary description with which reprepro can copy packages: it contains the old and the new components and
      * architectures. `old` is the text of the present description.
