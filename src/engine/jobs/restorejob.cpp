@@ -35,12 +35,6 @@ int RestoreJob::run(int point)
             RepoLock::busyText(m_context.path()), QString(), RepoEnums::CRITICAL, RepoEnums::REPOSITORY_BUSY);
         return frame.finish(ERROR, failed);
     }
-    const QString folder = PointFiles(m_context.path()).folderOf(point);
-    PointReturn state(m_context, point, folder);
-    const ErrorCode found = find(folder, &state);
-    if (found != SUCCESS)
-        return frame.finish(found, failed);
-
     ExportSession session = JobSession::begin(m_context);
     const ProcessResult kept = session.keep();
     if (!kept.succeeded()) {
@@ -48,16 +42,20 @@ int RestoreJob::run(int point)
                                    kept.errorOutput);
         return frame.finish(ERROR, failed);
     }
+    // Not earlier: what another program does before the copy is made must not be taken for what this job finds.
+    const QString folder = PointFiles(m_context.path()).folderOf(point);
+    PointReturn state(m_context, point, folder);
+    const ErrorCode found = find(folder, &state);
+    if (found != SUCCESS) {
+        SessionEnd::end(m_context, &session);
+        return frame.finish(found, failed);
+    }
     // What others have done since the list was read is a change of theirs, and no row of this job.
     PackageRefresh::takeOver(m_context);
     m_context.history.begin(m_context.packages.all(), m_context.progress.startMessage());
     m_context.history.setKind(RestorePoint::Return);
     const RepoInfo before = m_context.repository.info();
     QString details;
-    if (m_context.control.isCanceled()) {
-        SessionEnd::end(m_context, &session);
-        return frame.finish(CANCEL, failed);
-    }
     if (!write(&session, &state, &details)) {
         m_context.repository.setInfo(before);
         JobRecovery(m_context).undoChange();

@@ -8,6 +8,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <algorithm>
 
 #include <unistd.h>
 
@@ -20,26 +23,33 @@ QString place(const QString &repoPath)
 } // namespace
 
 DatabaseView::DatabaseView(const QString &repoPath, const QString &database)
+    : m_path(place(repoPath))
 {
     removeLeftovers(repoPath);
-    const QDir source(database);
-    const QString folder = place(repoPath);
-    if (!QDir().mkdir(folder))
+    m_isMade = QDir().mkdir(m_path) && fill(m_path, database);
+    if (m_isMade)
         return;
-    m_path = folder;
-    const QStringList files = PointFolders::databaseFiles(database);
-    for (const QString &file : files) {
-        const QString link = folder + QLatin1Char('/') + file;
-        if (::link(QFile::encodeName(source.filePath(file)).constData(), QFile::encodeName(link).constData())
-            != 0)
-            RegularFile(source.filePath(file)).copy(link);
-    }
+    removeTree(m_path);
+    m_elsewhere = std::make_unique<QTemporaryDir>();
+    m_path = m_elsewhere->path();
+    m_isMade = m_elsewhere->isValid() && fill(m_path, database);
 }
 
 DatabaseView::~DatabaseView()
 {
-    if (!m_path.isEmpty())
+    if (!m_elsewhere)
         removeTree(m_path);
+}
+
+bool DatabaseView::fill(const QString &folder, const QString &database)
+{
+    const QStringList files = PointFolders::databaseFiles(database);
+    return std::all_of(files.cbegin(), files.cend(), [&](const QString &file) {
+        const QString source = database + QLatin1Char('/') + file;
+        const QString target = folder + QLatin1Char('/') + file;
+        return ::link(QFile::encodeName(source).constData(), QFile::encodeName(target).constData()) == 0
+               || RegularFile(source).copy(target);
+    });
 }
 
 bool DatabaseView::hasLeftovers(const QString &repoPath)

@@ -3,10 +3,15 @@
 
 #include <QString>
 
+#include <memory>
+
+class QTemporaryDir;
+
 /**
  * A folder with links to the files of a database, for reprepro's --dbdir while it only reads. reprepro makes a lock and
  * caches in its folder, and a run that dies leaves them: so it reads neither a restore point nor a database that may be
- * damaged in its own place. Only one view of a repository can exist at a time.
+ * damaged in its own place. On a full disk the view is a copy among the system's temporary files. Only one view of a
+ * repository can exist at a time.
  */
 class DatabaseView
 {
@@ -17,7 +22,8 @@ public:
     DatabaseView(const DatabaseView &) = delete;
     DatabaseView &operator=(const DatabaseView &) = delete;
 
-    /** Empty when the view could not be made. */
+    /** False when the view lacks a file, mostly because the disk is full: reprepro would make an empty one. */
+    bool isMade() const { return m_isMade; }
     QString path() const { return m_path; }
 
     /** Whether a killed program has left its view; another program at work can have one too. */
@@ -26,5 +32,10 @@ public:
     static void removeLeftovers(const QString &repoPath);
 
 private:
+    /** Whether `folder` has a link or a copy of each file now. */
+    static bool fill(const QString &folder, const QString &database);
+
+    std::unique_ptr<QTemporaryDir> m_elsewhere; ///< null as long as the view lies in the repository
     QString m_path;
+    bool m_isMade = false;
 };

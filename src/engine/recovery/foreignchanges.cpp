@@ -61,12 +61,16 @@ std::optional<ForeignChanges> ForeignChanges::find(JobContext &context, const QS
     const QString path = context.path();
     if (RunningPoint::isCondemned(path))
         return std::nullopt;
-    const auto list
-        = [&context](const DatabaseView &view) { return run(context, listing(context, view.path())); };
+    const auto list = [&context](const DatabaseView &view) {
+        return view.isMade() ? run(context, listing(context, view.path())) : ProcessResult();
+    };
     const ProcessResult earlier = list(DatabaseView(path, RunningPoint::folder(path)));
     if (!earlier.succeeded())
         return changes;
     const DatabaseView view(path, databaseOf(context));
+    // No room for a look is no damage.
+    if (!view.isMade())
+        return changes;
     const ProcessResult now = list(view);
     if (!now.succeeded())
         return std::nullopt;

@@ -153,7 +153,8 @@ void PointRestore::forgetContents()
     };
     const ProcessResult now = list(ReproCommand::listChecksums());
     const DatabaseView view(path, RunningPoint::folder(path));
-    const ProcessResult before = list(ReproCommand::listChecksumsIn(view.path()));
+    const ProcessResult before
+        = view.isMade() ? list(ReproCommand::listChecksumsIn(view.path())) : ProcessResult();
     if (!now.succeeded() || !before.succeeded()) {
         QFile::remove(cache);
         return;

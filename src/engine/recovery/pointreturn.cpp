@@ -53,9 +53,17 @@ QString PointReturn::inRepository(const QString &path) const
     return m_context.path() + QLatin1Char('/') + path;
 }
 
+QString PointReturn::noRoomText()
+{
+    return tr("The database could not be copied. Is there room on the disk?");
+}
+
 bool PointReturn::readFiles(const QString &database, Files *files)
 {
     const DatabaseView view(m_context.path(), database);
+    m_details = noRoomText();
+    if (!view.isMade())
+        return false;
     const ProcessResult known = m_context.reprepro.run(ReproCommand::listChecksumsIn(view.path()));
     m_details = known.errorOutput;
     if (!known.succeeded())
@@ -163,7 +171,7 @@ bool PointReturn::putDatabase()
 {
     const QString database = inRepository(QStringLiteral("db/"));
     const QStringList files = PointFolders::databaseFiles(m_folder);
-    m_details = tr("The database could not be copied. Is there room on the disk?");
+    m_details = noRoomText();
     for (const QString &file : files) {
         const QString source = m_folder + QLatin1Char('/') + file;
         const QString fresh = database + file + FreshSuffix;
@@ -206,7 +214,15 @@ bool PointReturn::matchPool()
     for (auto file = m_earlier.checksums.cbegin(); file != m_earlier.checksums.cend(); ++file)
         if (!m_earlier.needed.contains(file.key()) && !QFileInfo::exists(inRepository(file.key())))
             gone.append(file.key());
-    return runForFiles(ReproCommand::detect, unknown) && runForFiles(ReproCommand::forget, gone);
+    if (!runForFiles(ReproCommand::detect, unknown) || !runForFiles(ReproCommand::forget, gone))
+        return false;
+    // Another program can have deleted files that nobody needed until the database came back.
+    QStringList lost;
+    for (const QString &file : qAsConst(m_earlier.needed))
+        if (!QFileInfo(inRepository(file)).isFile())
+            lost.append(file);
+    m_details = lost.join(QLatin1Char('\n'));
+    return lost.isEmpty();
 }
 
 bool PointReturn::runForFiles(QString (*command)(const QStringList &), const QStringList &files)

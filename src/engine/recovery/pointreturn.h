@@ -56,6 +56,7 @@ private:
     QStringList m_leaving; ///< the files that no package will need
     QByteArray m_replaced; ///< the present description
 
+    static QString noRoomText();
     bool readFiles(const QString &database, Files *files);
     bool putFiles(ExportSession *session);
     bool putDescription();
