@@ -6,7 +6,10 @@
 #include "engine/repository/distributionsfile.h"
 #include "signing/signedpackages.h"
 
+#include <QHash>
 #include <QSet>
+
+#include <utility>
 
 void PackageRefresh::show(JobContext &context, const QStringList &changedFiles)
 {
@@ -32,14 +35,20 @@ ListingDifference PackageRefresh::show(JobContext &context,
     const QSet<QString> changed(changedFiles.cbegin(), changedFiles.cend());
     const int prefix = context.path().size() + 1;
     QList<PackageInfoPtr> known;
+    QHash<PackageKey, PackageInfoPtr> otherFile;
     const QList<PackageInfoPtr> shown = context.packages.all();
     for (const PackageInfoPtr &package : shown) {
         if (!changed.contains(package->filePath().mid(prefix)))
             known.append(package);
         else
-            Q_EMIT context.listener.packageRemoved(package);
+            otherFile.insert(PackageKey::of(*package), package);
     }
     ListingDifference difference = compareListings(known, listed);
+    const QList<PackageInfoPtr> coming = std::exchange(difference.added, {});
+    for (const PackageInfoPtr &package : coming)
+        (otherFile.remove(PackageKey::of(*package)) > 0 ? difference.changed : difference.added)
+            .append(package);
+    difference.removed += otherFile.values();
     context.packages.assign(difference.packages);
     for (const PackageInfoPtr &package : qAsConst(difference.removed))
         Q_EMIT context.listener.packageRemoved(package);
