@@ -37,6 +37,7 @@ constexpr int BlockSize = 1 << 20;
 constexpr mode_t NewFileMode = S_IRUSR | S_IWUSR | S_IRGRP | S_IROTH;
 /** Bytes for the growth of the database, and for small files beside it. */
 constexpr qint64 SpareRoom = 1 << 20;
+constexpr qint64 LargestDescription = 16 << 20; // bytes
 
 const QString PackagesFile = QStringLiteral("packages.db");
 /** reprepro's cache of the index files that it has written. It is wrong after a restore. */
@@ -45,7 +46,7 @@ const QString ReleaseCache = QStringLiteral("release.caches.db");
 /** The record of the signed packages; an empty file in the copy when there was no record. */
 const QString SignatureFile = QStringLiteral("packages.conf");
 const QString DescriptionFile = QStringLiteral("/distributions");
-/** An empty file that says that the job replaces the description. */
+/** It says that the job replaces the description, and holds the new one. */
 const QString DescriptionChangesFile = QStringLiteral("/description-changes");
 const QString IndicesFolder = QStringLiteral("/dists");
 
@@ -330,20 +331,31 @@ QString RunningPoint::indicesFolder(const QString &repoPath)
 
 std::optional<QByteArray> RunningPoint::description(const QString &repoPath)
 {
-    constexpr qint64 LargestDescription = 16 << 20;
     if (!isOurs(repoPath, folder(repoPath)))
         return std::nullopt;
     return OpenFolder::readFile(folder(repoPath) + DescriptionFile, LargestDescription);
 }
 
-bool RunningPoint::setChangesDescription(const QString &repoPath, const QByteArray &present)
+bool RunningPoint::setChangesDescription(const QString &repoPath,
+                                         const QByteArray &present,
+                                         const QByteArray &wanted)
 {
     const QDir database(inDatabase(repoPath, {}));
     const bool isThere
         = exists(repoPath) || (database.mkpath(database.path()) && database.mkdir(place(repoPath)));
     // Another program may have edited the description since the copy was made, and a change starts from it.
     return isThere && WholeFile::replace(folder(repoPath) + DescriptionFile, present).isEmpty()
-           && QFile(folder(repoPath) + DescriptionChangesFile).open(QIODevice::WriteOnly);
+           && WholeFile::replace(folder(repoPath) + DescriptionChangesFile, wanted).isEmpty();
+}
+
+std::optional<QByteArray> RunningPoint::wantedDescription(const QString &repoPath)
+{
+    const auto wanted
+        = changesDescription(repoPath)
+              ? OpenFolder::readFile(folder(repoPath) + DescriptionChangesFile, LargestDescription)
+              : std::nullopt;
+    // The points of earlier versions of this program do not say it.
+    return wanted && wanted->isEmpty() ? std::nullopt : wanted;
 }
 
 bool RunningPoint::changesDescription(const QString &repoPath)

@@ -71,7 +71,9 @@ std::optional<QByteArray> description(const QString &repoPath);
  * Records that the job replaces the description, which this program otherwise leaves to others. Makes a folder for the
  * copy when there is no database. False when it cannot be written.
  */
-bool setChangesDescription(const QString &repoPath, const QByteArray &present);
+bool setChangesDescription(const QString &repoPath, const QByteArray &present, const QByteArray &wanted);
+/** The description that the job wants, as far as it has one. */
+std::optional<QByteArray> wantedDescription(const QString &repoPath);
 /** Whether setChangesDescription() was called. */
 bool changesDescription(const QString &repoPath);
 /** Replaces the description of a job that changes it with the kept one. True also when the job changes none. */

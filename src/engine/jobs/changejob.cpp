@@ -61,7 +61,7 @@ int ChangeJob::run(const Wish &wish)
     // Another program may have edited the file since it was opened.
     const RepoInfo oldInfo = file.parsed(*text);
     m_context.repository.set(oldPath, oldInfo);
-    if (!keepForUndoing(*text))
+    if (!keepForUndoing(*text, wish.info))
         return frame.finish(ERROR, tr("Repository is not changed."), CHANGE_REPO_JOB);
     const ErrorCode moved = move.isNeeded() ? move.run(&frame) : SUCCESS;
     if (moved != SUCCESS) {
@@ -116,11 +116,12 @@ void ChangeJob::tellOfGone(const RepoChange &change, const QList<PackageInfoPtr>
         tr("%n package(s) deleted: %1", nullptr, lost.size()).arg(names.join(QLatin1String(", "))));
 }
 
-bool ChangeJob::keepForUndoing(const QByteArray &text)
+bool ChangeJob::keepForUndoing(const QByteArray &text, const RepoInfo &wanted)
 {
     const QString repoPath = m_context.path();
     const ProcessResult kept = JobSession::begin(m_context).keep();
-    if (kept.succeeded() && RunningPoint::setChangesDescription(repoPath, text))
+    if (kept.succeeded()
+        && RunningPoint::setChangesDescription(repoPath, text, Distributions::text(wanted).toUtf8()))
         return true;
     QString details = kept.errorOutput;
     if (kept.succeeded()) {

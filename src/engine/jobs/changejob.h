@@ -46,6 +46,6 @@ private:
 
     bool isUnderstood(const QByteArray &text, const std::optional<QByteArray> &given);
     bool userAgreesToLosses(const QByteArray &text, const Wish &wish);
-    bool keepForUndoing(const QByteArray &text);
+    bool keepForUndoing(const QByteArray &text, const RepoInfo &wanted);
     void tellOfGone(const RepoChange &change, const QList<PackageInfoPtr> &before);
 };

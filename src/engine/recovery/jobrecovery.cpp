@@ -35,7 +35,8 @@ void adoptEarlierDescription(const QString &repoPath)
     renamePath(file + QLatin1String(".done"), file);
     const auto kept = RunningPoint::description(repoPath);
     if (kept && RunningPoint::indicesFolder(repoPath).isEmpty() && !RunningPoint::isElsewhere(repoPath))
-        RunningPoint::setChangesDescription(repoPath, *kept);
+        RunningPoint::setChangesDescription(
+            repoPath, *kept, DistributionsFile(repoPath).readBytes().value_or(QByteArray()));
 }
 } // namespace
 

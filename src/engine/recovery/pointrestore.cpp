@@ -184,7 +184,10 @@ bool PointRestore::putIndicesBack()
 {
     const QString path = m_context.path();
     const DistributionsFile description(path);
-    const auto bytes = OpenFolder::readFile(replacedFile(path), LargestPlan);
+    auto bytes = OpenFolder::readFile(replacedFile(path), LargestPlan);
+    // A full disk may have had no room for the replaced one.
+    if (!bytes)
+        bytes = RunningPoint::wantedDescription(path);
     const auto inForce = description.read();
     const RepoInfo replaced = bytes ? description.parsed(*bytes) : inForce.value_or(RepoInfo());
     if (IndicesRestore::putBack(path, replaced.codename))

@@ -130,7 +130,8 @@ bool PointReturn::putDescription()
     if (!bytes || *bytes == m_replaced)
         return true;
     m_details = tr("Impossible to create file %1!").arg(description.fileName());
-    if (!RunningPoint::setChangesDescription(m_context.path(), m_replaced) || !description.restore(*bytes))
+    if (!RunningPoint::setChangesDescription(m_context.path(), m_replaced, *bytes)
+        || !description.restore(*bytes))
         return false;
     // An earlier description can name programs to which the user has not agreed.
     m_context.gate.forget();
