@@ -173,6 +173,16 @@ bool PublicationCommands::isPublished(const QString &path) const
 
 // --- publishing --------------------------------------------------------------------------------------------------
 
+QString PublicationCommands::publishUnlessRefused(RepoWidget *widget)
+{
+    if (m_publish->requestOf(*widget).protocol < 0)
+        return tr("No server type is chosen on its page.");
+    const PublicationRules rules = judge(*widget);
+    if (rules.mayPublish())
+        m_publish->publish(widget);
+    return rules.reason;
+}
+
 void PublicationCommands::publish(RepoWidget *widget)
 {
     if (m_bench.tabs.isFree(widget))

@@ -40,6 +40,8 @@ public:
 
     /** Enables the actions, and the commands of the current tab's panel, that are possible now. */
     void updateActions();
+    /** Publishes the free tab's repository as chosen in its panel, or returns at once why it cannot be. */
+    QString publishUnlessRefused(RepoWidget *widget);
 
 private:
     void attach(RepoWidget *widget);

@@ -75,8 +75,9 @@ void PublishCommand::giveUp(const Request &request)
 
 void PublishCommand::refuse(const Request &request, const QString &reason)
 {
+    m_bench.feedback.errorOf(
+        request.widget, tr("The repository is not published!"), reason, RepoEnums::WARNING);
     giveUp(request);
-    m_bench.feedback.error(tr("The repository is not published!"), reason, RepoEnums::WARNING);
 }
 
 void PublishCommand::afterReading(const std::function<void()> &next)

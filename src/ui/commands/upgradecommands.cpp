@@ -22,6 +22,7 @@ UpgradeCommands::UpgradeCommands(QAction *action, const Workbench &bench, QObjec
     connect(&m_bench.tabs, &RepoTabs::created, this, &UpgradeCommands::attach);
     connect(&m_bench.tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
         m_prepared.removeAll(widget);
+        m_searches.remove(widget);
     });
     // Queued, because a dialog follows: other receivers of these signals must come first.
     connect(&m_bench.tabs, &RepoTabs::ready, this, &UpgradeCommands::servePrepared, Qt::QueuedConnection);
@@ -34,6 +35,10 @@ void UpgradeCommands::attach(RepoWidget *widget)
     connect(engine, &RepoShell::finished, engine, &RepoShell::removeCustomSourcesListFile);
     // At this moment the job has not ended yet.
     connect(engine, &RepoShell::downloadablePackagesReady, this, [this, widget] {
+        if (m_searches.contains(widget)) {
+            m_searches[widget] = true;
+            return;
+        }
         m_prepared.removeAll(widget);
         m_prepared.append(widget);
     });
@@ -51,18 +56,44 @@ void UpgradeCommands::showUpgradeRepoDialog()
     // The search for newer versions takes a while and is useless without a key.
     if (!m_bench.tabs.isFree(target) || !m_bench.settings.hasKeyToAdd())
         return;
+    const QStringList sources = chooseSources();
+    if (!sources.isEmpty() && m_bench.tabs.isFree(target))
+        target->repoShell()->prepareUpgrade(sources);
+}
+
+QStringList UpgradeCommands::chooseSources()
+{
     UpgradeSourcesDialog dialog(m_bench.settings.externalRepos(), m_lastSources, m_bench.prompts.window());
     if (m_bench.prompts.run(dialog) != QDialog::Accepted)
-        return;
+        return {};
     const QStringList sources = dialog.sources();
-    if (sources.isEmpty()) {
+    if (sources.isEmpty())
         m_bench.prompts.inform(tr("No source selected"),
                                tr("Since you have not selected any source, the update will be canceled"));
-        return;
-    }
-    m_lastSources = sources;
-    if (m_bench.tabs.isFree(target))
-        target->repoShell()->prepareUpgrade(sources);
+    else
+        m_lastSources = sources;
+    return sources;
+}
+
+void UpgradeCommands::search(RepoWidget *widget, const QStringList &sources)
+{
+    m_searches.insert(widget, false);
+    widget->repoShell()->prepareUpgrade(sources);
+}
+
+bool UpgradeCommands::upgradeAll(RepoWidget *widget)
+{
+    if (!m_searches.take(widget))
+        return false;
+    upgrade(widget, widget->repoShell()->upgradablePackages(), PreviewCommands::Wish::AsSet);
+    return true;
+}
+
+void UpgradeCommands::forgetSearches()
+{
+    for (auto search = m_searches.cbegin(); search != m_searches.cend(); ++search)
+        search.key()->repoShell()->removeCustomSourcesListFile(RepoEnums::UPGRADE_JOB);
+    m_searches.clear();
 }
 
 void UpgradeCommands::servePrepared()

@@ -78,6 +78,7 @@ JobFeedback::JobFeedback(
     connect(&m_tabs, &RepoTabs::created, this, &JobFeedback::attach);
     connect(&m_tabs, &RepoTabs::currentChanged, this, &JobFeedback::showCurrent);
     connect(&m_tabs, &RepoTabs::leaving, this, [this](RepoWidget *widget) {
+        m_quiet.remove(widget);
         // A tab that closes by itself leaves its last message, which says why. A tab that the user closes does not.
         const QString word = m_jobs.take(widget).message;
         const QString lastWord = widget->repoPath().isEmpty() ? word : QString();
@@ -127,7 +128,11 @@ void JobFeedback::attach(RepoWidget *widget)
                            const QString &details,
                            RepoEnums::ErrorType type,
                            RepoEnums::ErrorCause cause) {
-                jobError(widget, {text, withAdvice(details), type, titleOf(cause)}, details);
+                // For a report it is a result like others.
+                if (cause == RepoEnums::NOTHING_TO_UPGRADE && m_quiet.contains(widget))
+                    Q_EMIT told(widget, text);
+                else
+                    jobError(widget, {text, withAdvice(details), type, titleOf(cause)}, details);
             });
     connect(engine,
             &RepoShell::criticalVelt,
@@ -195,6 +200,28 @@ void JobFeedback::jobFinished(RepoWidget *widget, const QString &message)
     const QList<Prompts::Error> errors = std::exchange(job.errors, {});
     if (!errors.isEmpty())
         m_prompts.showErrors(errors);
+    if (!message.isEmpty())
+        Q_EMIT told(widget, message);
+}
+
+void JobFeedback::setQuiet(RepoWidget *widget, bool quiet)
+{
+    if (quiet)
+        m_quiet.insert(widget);
+    else
+        m_quiet.remove(widget);
+}
+
+void JobFeedback::errorOf(RepoWidget *widget,
+                          const QString &text,
+                          const QString &details,
+                          RepoEnums::ErrorType type)
+{
+    logError(widget, text, details);
+    if (!m_quiet.contains(widget))
+        m_prompts.showError(text, details, type);
+    if (widget != nullptr)
+        Q_EMIT troubled(widget, text, details);
 }
 
 JobFeedback::Trouble JobFeedback::troubleOf(const HelperClient::Result &result)
@@ -226,8 +253,10 @@ void JobFeedback::endWaiting(RepoWidget *widget, const QString &message, const T
         const Prompts::Error error{trouble.text, trouble.details + advice, RepoEnums::CRITICAL, {}};
         if (widget == nullptr)
             m_prompts.showErrors({error});
-        else
+        else if (!m_quiet.contains(widget))
             m_jobs[widget].errors.append(error);
+        if (widget != nullptr)
+            Q_EMIT troubled(widget, error.text, error.details);
     }
     if (widget != nullptr)
         jobFinished(widget, message);
@@ -238,6 +267,9 @@ void JobFeedback::endWaiting(RepoWidget *widget, const QString &message, const T
 void JobFeedback::jobError(RepoWidget *widget, const Prompts::Error &error, const QString &details)
 {
     logError(widget, error.text, details);
+    Q_EMIT troubled(widget, error.text, error.details);
+    if (m_quiet.contains(widget))
+        return;
     Job &job = m_jobs[widget];
     // All errors of a job come in one box at its end. The log has each error at once.
     if (job.shown)

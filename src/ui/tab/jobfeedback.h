@@ -10,6 +10,7 @@
 #include <QHash>
 #include <QObject>
 #include <QPointer>
+#include <QSet>
 
 #include <functional>
 
@@ -58,6 +59,12 @@ public:
     {
         m_offersPreview = std::move(offer);
     }
+    /** From now on errors of the tab come into the log, and to troubled(), but in no box. */
+    void setQuiet(RepoWidget *widget, bool quiet);
+    /** Asks the tab's job to stop. */
+    void stopJobOf(RepoWidget *widget);
+    /** Shows an error of what the tab wanted, in a box unless it is quiet. */
+    void errorOf(RepoWidget *widget, const QString &text, const QString &details, RepoEnums::ErrorType type);
     /** Shows an error box and puts the error into the log. */
     void
     error(const QString &text, const QString &details = {}, RepoEnums::ErrorType type = RepoEnums::CRITICAL);
@@ -65,6 +72,10 @@ public:
 Q_SIGNALS:
     /** The user has stopped the tab's job at a question, to see a preview of what is left. */
     void previewWanted(RepoWidget *widget);
+    /** The last word of a job or a waiting. */
+    void told(RepoWidget *widget, const QString &message);
+    /** An error of a job or a waiting. */
+    void troubled(RepoWidget *widget, const QString &text, const QString &details);
 
 private:
     struct Job
@@ -88,7 +99,6 @@ private:
     void notifyDesktop(const RepoWidget *widget, const Job &job) const;
     void showCurrent();
     void stop();
-    void stopJobOf(RepoWidget *widget);
     void appendLog(const RepoWidget *widget, const QString &message);
     void askUser(const QPointer<RepoWidget> &widget, const QString &title, const QString &text);
     void packagesReplacementHandler(const QPointer<RepoWidget> &widget,
@@ -108,5 +118,6 @@ private:
     QProgressBar *m_progressBar;
     QToolButton *m_stopButton;
     QHash<const RepoWidget *, Job> m_jobs;
+    QSet<const RepoWidget *> m_quiet;
     std::function<bool(RepoWidget *widget)> m_offersPreview;
 };

@@ -5,6 +5,7 @@
 #include "platform/ui/help.h"
 #include "platform/ui/veltaboutdialog.h"
 #include "platform/ui/windowgeometry.h"
+#include "ui/batch/batchcommands.h"
 #include "ui/commands/archivecommands.h"
 #include "ui/commands/copycommands.h"
 #include "ui/commands/dependscommands.h"
@@ -92,6 +93,7 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
     m_copying = new CopyCommands(bench, *m_repositories, this);
     buildPackageMenu();
     m_history = new HistoryCommands(*m_ui, bench, this);
+    m_batch = new BatchCommands(*m_ui, bench, *m_repositories, *m_upgrade, *m_publication, this);
     Mnemonics::mark(m_ui->menuBar, m_ui->m_recentReposMenu);
     m_closing = new ClosingSequence(*m_tabs, *m_prompts, *m_repositories, this);
 
@@ -260,6 +262,7 @@ void MainWindow::updateActions()
     m_upgrade->updateActions();
     m_publication->updateActions();
     m_history->updateActions();
+    m_batch->updateActions();
     m_copying->updateActions(m_canRemovePackages.value(widget));
     m_ui->m_removePackagesAction->setEnabled(changeable && m_canRemovePackages.value(widget));
     m_ui->m_signPackagesAction->setEnabled(changeable && m_canRemovePackages.value(widget));
@@ -440,6 +443,7 @@ void MainWindow::beginClosing()
     m_arrivals.clear();
     Q_EMIT closingBegan();
     m_history->stop();
+    m_batch->stop();
     m_ui->menuBar->setEnabled(false);
     m_ui->mainToolBar->setEnabled(false);
     m_ui->centralWidget->setEnabled(false);

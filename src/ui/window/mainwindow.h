@@ -10,6 +10,7 @@
 #include <memory>
 
 class ArchiveCommands;
+class BatchCommands;
 class ClosingSequence;
 class ColumnChoice;
 class DependsCommands;
@@ -127,6 +128,7 @@ private:
     UpgradeCommands *m_upgrade;
     PublicationCommands *m_publication;
     HistoryCommands *m_history;
+    BatchCommands *m_batch;
     ClosingSequence *m_closing;
 
     QMap<const RepoWidget *, bool> m_canRemovePackages;
