@@ -31,6 +31,7 @@ inline const QString HistoryIsOn = QStringLiteral("historyIsOn");
 inline const QString HistoryPoints = QStringLiteral("historyPoints");
 inline const QString HistoryDays = QStringLiteral("historyDays");
 inline const QString HistorySize = QStringLiteral("historySize"); ///< bytes
+inline const QString SearchDescriptions = QStringLiteral("searchDescriptions");
 inline const QString PreviewWhen = QStringLiteral("previewWhen"); ///< see PreviewWhen
 inline const QString ApprovedRepositories
     = QStringLiteral("ApprovedRepositories"); ///< a group, see RepositoryApprovals

@@ -177,7 +177,18 @@ void DependsCommands::addPackageFromInternet()
     PackageFilter filter;
     filter.architectures = QSet<QString>(architectures.cbegin(), architectures.cend());
     filter.isAsked = [repos](const QString &origin) { return repos.isOriginAsked(origin); };
-    AddPackageDialog dialog(filter, m_bench.settings.aliases(), m_bench.prompts.window());
+    QHash<QString, QString> versions;
+    const auto keyOf
+        = [](const PackageInfo &package) { return package.name + QLatin1Char('/') + package.architecture; };
+    const QList<PackageInfoPtr> present = target->repoShell()->packages();
+    for (const PackageInfoPtr &package : present)
+        if (package->type == PackageType::Deb)
+            versions.insert(keyOf(*package), package->version);
+    AddPackageDialog dialog(
+        filter,
+        m_bench.settings.aliases(),
+        [versions, keyOf](const PackageInfo &package) { return versions.value(keyOf(package)); },
+        m_bench.prompts.window());
     if (m_bench.prompts.run(dialog) != QDialog::Accepted)
         return;
     const QList<PackageInfo> packages = dialog.selectedPackages();

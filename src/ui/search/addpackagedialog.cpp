@@ -11,9 +11,10 @@
 
 AddPackageDialog::AddPackageDialog(const PackageFilter &filter,
                                    const FoundPackagesModel::AliasLookup &aliases,
+                                   const FoundPackagesModel::PresentLookup &present,
                                    QWidget *parent)
     : QDialog(parent)
-    , m_searchWidget(new SearchPackageWidget(filter, aliases, this))
+    , m_searchWidget(new SearchPackageWidget(filter, aliases, present, this))
 {
     setWindowTitle(tr("Add package from external repo"));
     auto *prompt = new QLabel(tr("Enter package name:"), this);

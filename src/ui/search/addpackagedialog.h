@@ -13,9 +13,13 @@ class AddPackageDialog : public QDialog
 {
     Q_OBJECT
 public:
-    /** `filter` limits the offered packages; `aliases` returns the user's names for repositories. */
+    /**
+     * `filter` limits the offered packages; `aliases` returns the user's names for repositories, and `present` the
+     * versions that the repository has.
+     */
     AddPackageDialog(const PackageFilter &filter,
                      const FoundPackagesModel::AliasLookup &aliases,
+                     const FoundPackagesModel::PresentLookup &present,
                      QWidget *parent = nullptr);
 
     /** The packages to download: name, version and architecture; `repository` is the origin text. */

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/search/foundpackagesmodel.h"
 
+#include "apt/versionorder.h"
 #include "ui/widgets/tooltiptext.h"
 
 #include <utility>
 
-FoundPackagesModel::FoundPackagesModel(AliasLookup aliases, QObject *parent)
+FoundPackagesModel::FoundPackagesModel(AliasLookup aliases, PresentLookup present, QObject *parent)
     : QAbstractTableModel(parent)
     , m_aliases(std::move(aliases))
+    , m_present(std::move(present))
 { }
 
 void FoundPackagesModel::setPackages(const QList<PackageInfo> &packages)
@@ -73,6 +75,8 @@ QVariant FoundPackagesModel::headerData(int section, Qt::Orientation orientation
         return tr("Version");
     case RepositoryColumn:
         return tr("Repository");
+    case PresentColumn:
+        return tr("Here already");
     default:
         return {};
     }
@@ -89,7 +93,20 @@ QString FoundPackagesModel::text(const PackageInfo &package, int column) const
         return package.version;
     case RepositoryColumn:
         return m_shownSources.value(package.repository);
+    case PresentColumn:
+        return presentText(package);
     default:
         return {};
     }
+}
+
+QString FoundPackagesModel::presentText(const PackageInfo &package) const
+{
+    const QString version = m_present ? m_present(package) : QString();
+    if (version.isEmpty())
+        return {};
+    const int order = VersionOrder::compare(version, package.version);
+    if (order == 0)
+        return tr("%1, the same version").arg(version);
+    return order < 0 ? tr("%1, older").arg(version) : tr("%1, newer").arg(version);
 }

@@ -14,9 +14,18 @@ class FoundPackagesModel : public QAbstractTableModel
 public:
     /** The user's name for an origin; the origin itself or an empty text when there is none. */
     using AliasLookup = std::function<QString(const QString &origin)>;
-    enum Column { PackageColumn, ArchitectureColumn, VersionColumn, RepositoryColumn, ColumnCount };
+    /** The version that the repository has of a package; empty when it has none. */
+    using PresentLookup = std::function<QString(const PackageInfo &package)>;
+    enum Column {
+        PackageColumn,
+        ArchitectureColumn,
+        VersionColumn,
+        RepositoryColumn,
+        PresentColumn, ///< what the repository has already
+        ColumnCount
+    };
 
-    FoundPackagesModel(AliasLookup aliases, QObject *parent);
+    FoundPackagesModel(AliasLookup aliases, PresentLookup present, QObject *parent);
 
     void setPackages(const QList<PackageInfo> &packages);
     const PackageInfo &packageAt(int row) const { return m_packages.at(row); }
@@ -30,8 +39,10 @@ public:
 
 private:
     QString text(const PackageInfo &package, int column) const;
+    QString presentText(const PackageInfo &package) const;
 
     QList<PackageInfo> m_packages;
     QHash<QString, QString> m_shownSources; ///< by origin
     AliasLookup m_aliases;
+    PresentLookup m_present;
 };

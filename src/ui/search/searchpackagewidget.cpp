@@ -2,32 +2,37 @@
 #include "ui/search/searchpackagewidget.h"
 
 #include "apt/aptcommands.h"
+#include "core/settingskeys.h"
 #include "ui/search/foundpackagesproxy.h"
 #include "ui/search/packagesearcher.h"
 #include "ui/widgets/delayedlineedit.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
+#include <QSettings>
 #include <QTableView>
 
 #include <algorithm>
 
 SearchPackageWidget::SearchPackageWidget(const PackageFilter &filter,
                                          const FoundPackagesModel::AliasLookup &aliases,
+                                         const FoundPackagesModel::PresentLookup &present,
                                          QWidget *parent)
     : QWidget(parent)
     , m_searcher(std::make_unique<PackageSearcher>(filter))
     , m_searchEdit(new DelayedLineEdit(this))
+    , m_descriptionsCheckBox(new QCheckBox(tr("Search &descriptions too"), this))
     , m_busyBar(new QProgressBar(this))
     , m_statusLabel(new QLabel(this))
     , m_architectureComboBox(new QComboBox(this))
     , m_repositoryComboBox(new QComboBox(this))
     , m_packagesTable(new QTableView(this))
-    , m_model(new FoundPackagesModel(aliases, this))
+    , m_model(new FoundPackagesModel(aliases, present, this))
     , m_proxy(new FoundPackagesProxy(this))
 {
     layOut();
@@ -58,6 +63,12 @@ void SearchPackageWidget::layOut()
     QSizePolicy policy = m_busyBar->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     m_busyBar->setSizePolicy(policy);
+
+    m_descriptionsCheckBox->setObjectName(QStringLiteral("m_descriptionsCheckBox"));
+    m_descriptionsCheckBox->setToolTip(
+        tr("Finds the packages with each of the words in the name or in the short description"));
+    m_descriptionsCheckBox->setChecked(QSettings().value(SettingsKey::SearchDescriptions).toBool());
+    m_searcher->setInDescriptions(m_descriptionsCheckBox->isChecked());
 
     m_statusLabel->setObjectName(QStringLiteral("m_statusLabel"));
     m_statusLabel->setTextFormat(Qt::PlainText);
@@ -102,10 +113,11 @@ void SearchPackageWidget::layOut()
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_searchEdit, 0, 0, 1, 2);
-    layout->addLayout(filters, 1, 0, 1, 2);
-    layout->addWidget(m_packagesTable, 2, 0, 1, 2);
-    layout->addWidget(m_statusLabel, 3, 0);
-    layout->addWidget(m_busyBar, 3, 1, Qt::AlignTop);
+    layout->addWidget(m_descriptionsCheckBox, 1, 0, 1, 2);
+    layout->addLayout(filters, 2, 0, 1, 2);
+    layout->addWidget(m_packagesTable, 3, 0, 1, 2);
+    layout->addWidget(m_statusLabel, 4, 0);
+    layout->addWidget(m_busyBar, 4, 1, Qt::AlignTop);
     layout->setColumnStretch(0, 1);
     setFocusProxy(m_searchEdit);
 }
@@ -114,15 +126,15 @@ void SearchPackageWidget::connectParts()
 {
     connect(m_searchEdit, &QLineEdit::textEdited, this, &SearchPackageWidget::textEdited);
     connect(m_searchEdit, &DelayedLineEdit::textEditingStoped, this, &SearchPackageWidget::search);
-    connect(m_searcher.get(),
-            &PackageSearcher::namesFound,
-            this,
-            [this](const QString &pattern, int found, int lookedAt) {
-                m_foundPattern = pattern;
-                m_namesFound = found;
-                m_namesLookedAt = lookedAt;
-                m_failure.clear();
-            });
+    connect(m_descriptionsCheckBox, &QCheckBox::toggled, this, [this](bool isOn) {
+        QSettings().setValue(SettingsKey::SearchDescriptions, isOn);
+        m_searcher->setInDescriptions(isOn);
+        search(m_searchEdit->text());
+    });
+    connect(m_searcher.get(), &PackageSearcher::answered, this, [this](const QString &pattern) {
+        m_foundPattern = pattern;
+        m_failure.clear();
+    });
     connect(m_searcher.get(),
             &PackageSearcher::searchFailed,
             this,
@@ -163,8 +175,9 @@ void SearchPackageWidget::textEdited()
 void SearchPackageWidget::search(const QString &text)
 {
     // Names have no capital letters, and a pasted text often has blanks around it.
-    const QString pattern = text.trimmed().toLower();
-    const bool possible = AptCommands::isSearchPrefix(pattern);
+    const QString pattern = text.simplified().toLower();
+    const bool possible
+        = m_descriptionsCheckBox->isChecked() ? !pattern.isEmpty() : AptCommands::isSearchPrefix(pattern);
     m_wantedPattern = possible ? pattern : QString();
     setBusy(possible);
     if (possible) {
@@ -173,7 +186,6 @@ void SearchPackageWidget::search(const QString &text)
         return;
     }
     m_searcher->cancel();
-    m_namesFound = m_namesLookedAt = 0;
     updateTableWidget({});
     m_statusLabel->setText(
         pattern.isEmpty() ? QString() : tr("The name of a package cannot begin with \"%1\"").arg(text));
@@ -220,19 +232,17 @@ void SearchPackageWidget::setBusy(bool busy)
 
 void SearchPackageWidget::showCount()
 {
-    if (!m_failure.isEmpty()) {
+    const int all = m_model->rowCount();
+    if (!m_failure.isEmpty() && all == 0) {
         m_statusLabel->setText(m_failure);
         return;
     }
-    const int all = m_model->rowCount();
     const int shown = m_proxy->rowCount();
     QString text = all == 0 ? tr("No packages found") : tr("%n package(s)", nullptr, all);
     if (shown != all)
         text = tr("%1 of %n package(s)", nullptr, all).arg(shown);
-    if (m_namesLookedAt < m_namesFound)
-        text += QLatin1String(". ")
-                + tr("Only the first %1 of %2 names are shown: type more of the name")
-                      .arg(QString::number(m_namesLookedAt), QString::number(m_namesFound));
+    if (!m_failure.isEmpty())
+        text += QLatin1String(". ") + m_failure;
     m_statusLabel->setText(text);
 }
 

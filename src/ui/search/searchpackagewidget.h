@@ -11,6 +11,7 @@
 class DelayedLineEdit;
 class FoundPackagesProxy;
 class PackageSearcher;
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QProgressBar;
@@ -26,6 +27,7 @@ class SearchPackageWidget : public QWidget
 public:
     SearchPackageWidget(const PackageFilter &filter,
                         const FoundPackagesModel::AliasLookup &aliases,
+                        const FoundPackagesModel::PresentLookup &present,
                         QWidget *parent = nullptr);
     ~SearchPackageWidget() override;
 
@@ -59,6 +61,7 @@ private:
 
     std::unique_ptr<PackageSearcher> m_searcher;
     DelayedLineEdit *m_searchEdit;
+    QCheckBox *m_descriptionsCheckBox;
     QProgressBar *m_busyBar;
     QLabel *m_statusLabel;
     QComboBox *m_architectureComboBox;
@@ -68,7 +71,5 @@ private:
     FoundPackagesProxy *m_proxy;
     QString m_wantedPattern; ///< pattern of the present search; empty when no result is expected
     QString m_foundPattern; ///< pattern of the next result
-    QString m_failure; ///< why the next result is empty
-    int m_namesFound = 0;
-    int m_namesLookedAt = 0;
+    QString m_failure; ///< why the next result is empty, or not whole
 };
