@@ -52,8 +52,9 @@ house(engine/installability "whether packages can be installed: the check, its b
     USES engine/changes installability)
 house(engine/copying "packages of other repositories" USES engine/jobs)
 house(engine/upgrade "newer versions from chosen sources" USES engine/jobs)
+house(engine/gathering "all that packages lack, in one go" USES engine/jobs engine/installability)
 house(engine/preview "what a change would do, found out without touching the repository"
-    USES engine/upgrade engine/copying engine/installability)
+    USES engine/upgrade engine/copying engine/gathering)
 house(engine "the face of it all: one open repository" USES engine/preview publication)
 house(cli/terminal "what the command line writes, and how it is stopped" USES engine)
 house(cli "everything without a window" USES cli/terminal)

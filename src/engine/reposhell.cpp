@@ -33,6 +33,7 @@ RepoShell::RepoShell(QObject *parent)
     qRegisterMetaType<RepoEnums::ErrorCause>();
     qRegisterMetaType<RepoEnums::JobId>();
     qRegisterMetaType<ChangePreview>();
+    qRegisterMetaType<GatherPlan>();
     StoredResults::Listener listener;
     listener.merged = [this](const QList<PackageInfoPtr> &packages) { m_context->packages.assign(packages); };
     listener.checkRead = [this](const CompleteCheckRecord &record) {

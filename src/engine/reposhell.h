@@ -10,6 +10,7 @@
 #include "engine/control/collidingfile.h"
 #include "engine/control/jobsignals.h"
 #include "engine/control/question.h"
+#include "engine/gathering/gatherplan.h"
 #include "engine/history/repositoryhistory.h"
 #include "engine/installability/checkscope.h"
 #include "engine/preview/changepreview.h"
@@ -92,6 +93,10 @@ public:
      * that lacked it. The dependencies come from the results of a check.
      */
     void addDependencies(const QVector<Dependency> &dependencies, const AddOptions &options = {});
+    /** Finds out what the packages lack and the sources offer, with what that needs in turn; gatherPlanReady() tells. */
+    void findMissing(const QList<PackageInfoPtr> &packages);
+    /** Fetches and adds what the plan has on, checks the packages again that it was made for, and tells what is left. */
+    void gather(const GatherPlan &plan, const AddOptions &options = {});
     /**
      * Checks whether the packages' dependencies can be met; the records with the results go out as packageChanged().
      * Packages that are not in the repository any more are skipped.
@@ -285,6 +290,7 @@ Q_SIGNALS:
     void completeCheckChanged();
     /** history() is another one. */
     void historyChanged();
+    void gatherPlanReady(const GatherPlan &plan);
     void previewReady(const ChangePreview &preview);
     /** apply() has done nothing: the preview must be made anew. */
     void previewOutdated();

@@ -3,6 +3,7 @@
 #include "engine/changes/jobcontext.h"
 #include "engine/copying/copyjob.h"
 #include "engine/copying/leavejob.h"
+#include "engine/gathering/gatherjob.h"
 #include "engine/installability/completecheckjob.h"
 #include "engine/installability/completecheckstate.h"
 #include "engine/jobs/addjob.h"
@@ -95,6 +96,23 @@ void RepoShell::addDependencies(const QVector<Dependency> &dependencies, const A
         startJob([this, dependencies, options] {
             return DownloadJob(*m_context, options).addDependencies(dependencies);
         });
+}
+
+void RepoShell::findMissing(const QList<PackageInfoPtr> &packages)
+{
+    if (!packages.isEmpty() && !path().isEmpty())
+        startJob([this, packages] {
+            return GatherJob(*m_context).find(packages, [this](const GatherPlan &plan) {
+                Q_EMIT gatherPlanReady(plan);
+            });
+        });
+}
+
+void RepoShell::gather(const GatherPlan &plan, const AddOptions &options)
+{
+    if (!plan.packages().isEmpty() && !path().isEmpty())
+        startJob(
+            [this, plan, options] { return GatherJob(*m_context).fetch(plan, plan.packages(), options); });
 }
 
 void RepoShell::removePackages(const QList<PackageInfoPtr> &packages)

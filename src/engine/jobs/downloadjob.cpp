@@ -79,6 +79,14 @@ int DownloadJob::download(const QList<PackageInfo> &packages, const QVector<Depe
     return fetchAndAdd(packages, lacking(dependencies), &frame);
 }
 
+int DownloadJob::gather(const QList<PackageInfo> &packages,
+                        const QList<PackageInfoPtr> &wanting,
+                        const std::function<void()> &atEnd)
+{
+    JobFrame frame(m_context, startText(packages.size()));
+    return fetchAndAdd(packages, wanting, &frame, atEnd);
+}
+
 int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
 {
     JobFrame frame(m_context, startText(dependencies.size()));
@@ -133,32 +141,47 @@ void DownloadJob::tellMissing(const QStringList &missing)
 
 int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
                              const QList<PackageInfoPtr> &wanting,
-                             JobFrame *frame)
+                             JobFrame *frame,
+                             const std::function<void()> &atEnd)
 {
+    // One run of apt takes a second to begin. A stop waits for the files of the run.
+    constexpr int FilesPerRun = 12;
     if (!JobPreconditions::mayChange(m_context))
         return frame->finish(
             ERROR, tr("Added %n package(s) to local repo: %1", nullptr, 0).arg(QString()), DOWNLOAD_JOB);
     PackageAdding adding(m_context, m_options, packages.size() == 1);
     adding.setWanting(wanting);
     bool stopped = m_context.control.isCanceled();
-    for (int done = 0; done < packages.size() && !stopped; ++done) {
-        const ScratchFolder folder;
-        const PackageFile file = fetch(packages.at(done), folder);
-        stopped = m_context.control.isCanceled() && file.path.isEmpty();
-        if (stopped)
-            break;
-        if (file.path.isEmpty())
-            m_context.errors.critical(
-                AptUtils::tr("Apt: download package %1 error").arg(packages.at(done).name), file.reason);
-        else {
-            adding.setShownNames({{file.path, QFileInfo(file.path).fileName()}});
-            adding.setOrigins({{file.path, packages.at(done).repository}});
-            adding.addReadFile(file, done + 1 == packages.size());
+    for (int first = 0; first < packages.size() && !stopped; first += FilesPerRun) {
+        const QList<PackageInfo> block = packages.mid(first, FilesPerRun);
+        const ScratchFolder together;
+        const QStringList paths = fetchTogether(block, together);
+        for (int i = 0; i < block.size() && !stopped; ++i) {
+            const ScratchFolder folder;
+            const PackageFile file
+                = paths.value(i).isEmpty()
+                      ? fetch(block.at(i), folder)
+                      : PackageFile::read(paths.at(i), [this] { return m_context.control.isCanceled(); });
+            stopped = m_context.control.isCanceled() && !file.package;
+            if (stopped)
+                break;
+            const bool isLast = first + i + 1 == packages.size();
+            if (file.path.isEmpty()) {
+                m_context.errors.critical(
+                    AptUtils::tr("Apt: download package %1 error").arg(block.at(i).name), file.reason);
+            } else {
+                adding.setShownNames({{file.path, QFileInfo(file.path).fileName()}});
+                adding.setOrigins({{file.path, block.at(i).repository}});
+                adding.addReadFile(file, isLast);
+                QFile::remove(file.path);
+            }
+            frame->itemDone(packages.size());
+            stopped = m_context.control.mustEnd() && !isLast;
         }
-        frame->itemDone(packages.size());
-        stopped = m_context.control.mustEnd() && done + 1 < packages.size();
     }
     adding.finish();
+    if (atEnd)
+        atEnd();
     const QString added = adding.addedNames();
     if (stopped)
         return frame->finish(
@@ -169,6 +192,19 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
     return frame->finish(SUCCESS,
                          tr("Added %n package(s) to local repo: %1", nullptr, adding.addedCount()).arg(added),
                          DOWNLOAD_JOB);
+}
+
+QStringList DownloadJob::fetchTogether(const QList<PackageInfo> &packages, const ScratchFolder &folder) const
+{
+    // What has come alone is known by its name and version, so a single file gains nothing from this.
+    if (packages.size() < 2 || !folder.isValid())
+        return {};
+    QVector<AptDownload> wanted;
+    for (const PackageInfo &package : packages)
+        wanted.append({package.name, package.version, package.architecture});
+    AptUtils apt;
+    apt.setStopRequest([this] { return m_context.control.isCanceled(); });
+    return apt.downloadTogether(wanted, downloadFolder(folder));
 }
 
 PackageFile DownloadJob::fetch(const PackageInfo &package, const ScratchFolder &folder) const

@@ -9,7 +9,10 @@
 
 #include <QCoreApplication>
 #include <QList>
+#include <QStringList>
 #include <QVector>
+
+#include <functional>
 
 struct JobContext;
 class JobFrame;
@@ -31,6 +34,13 @@ public:
      * again.
      */
     int download(const QList<PackageInfo> &packages, const QVector<Dependency> &dependencies = {});
+    /**
+     * Like download(), and checks the packages `wanting` again when something went in. `atEnd` is called when all is
+     * done, before the end of the job.
+     */
+    int gather(const QList<PackageInfo> &packages,
+               const QList<PackageInfoPtr> &wanting,
+               const std::function<void()> &atEnd);
     /** The best package for each dependency. Tells of those that no source offers. */
     QList<PackageInfo> packagesFor(const QVector<Dependency> &dependencies);
     /** Takes the best package for each dependency, and checks the packages again that lacked it. */
@@ -42,7 +52,11 @@ private:
 
     QList<PackageInfoPtr> lacking(const QVector<Dependency> &dependencies) const;
     void tellMissing(const QStringList &missing);
-    int
-    fetchAndAdd(const QList<PackageInfo> &packages, const QList<PackageInfoPtr> &wanting, JobFrame *frame);
+    int fetchAndAdd(const QList<PackageInfo> &packages,
+                    const QList<PackageInfoPtr> &wanting,
+                    JobFrame *frame,
+                    const std::function<void()> &atEnd = {});
+    /** Fetches the files with one run of apt; those that have not come are empty. */
+    QStringList fetchTogether(const QList<PackageInfo> &packages, const ScratchFolder &folder) const;
     PackageFile fetch(const PackageInfo &package, const ScratchFolder &folder) const;
 };

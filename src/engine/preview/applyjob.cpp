@@ -4,6 +4,7 @@
 #include "engine/changes/decidedplaces.h"
 #include "engine/changes/jobframe.h"
 #include "engine/copying/copyjob.h"
+#include "engine/gathering/gatherjob.h"
 #include "engine/jobs/addjob.h"
 #include "engine/jobs/changejob.h"
 #include "engine/jobs/downloadjob.h"
@@ -104,6 +105,8 @@ int ApplyJob::runJob(const ChangePreview &preview)
                                         && (own == wanted.architecture || own == QLatin1String("all"));
                              });
                      });
+        if (request.gathered)
+            return GatherJob(m_context).fetch(*request.gathered, packages, options);
         return DownloadJob(m_context, options).download(packages, request.dependencies);
     }
     case ChangePreview::Upgrade: {

@@ -7,6 +7,7 @@
 #include "core/repoinfo.h"
 #include "engine/changes/addoptions.h"
 #include "engine/copying/copyplan.h"
+#include "engine/gathering/gatherplan.h"
 #include "engine/installability/checkscope.h"
 #include "engine/preview/changepreview.h"
 #include "engine/upgrade/upgraderules.h"
@@ -17,6 +18,7 @@
 #include <QStringList>
 #include <QVector>
 
+#include <memory>
 #include <optional>
 
 /** The job that a preview is wanted of: what it would be started with. Only the members of its kind count. */
@@ -30,6 +32,7 @@ struct PreviewRequest
     QList<PackageInfoPtr> packages; ///< Remove
     QList<PackageInfo> wanted; ///< Fetch: name, version and architecture
     QVector<Dependency> dependencies; ///< Fetch: the best package for each
+    std::shared_ptr<const GatherPlan> gathered; ///< Fetch: the plan that `wanted` comes from; null: there is none
     QVector<UpgradablePackage> upgrades; ///< Upgrade
     AddOptions options; ///< Add, Fetch, Import, Upgrade
     /** Add, Fetch, Import: which collisions are switched on at first. */
