@@ -16,6 +16,8 @@ ExitCode add(const Invocation &invocation, Console &console);
 ExitCode remove(const Invocation &invocation, Console &console);
 ExitCode copy(const Invocation &invocation, Console &console);
 ExitCode fetch(const Invocation &invocation, Console &console);
+/** fetch with the option --missing. */
+ExitCode fetchMissing(const Invocation &invocation, Console &console);
 ExitCode check(const Invocation &invocation, Console &console);
 ExitCode upgrade(const Invocation &invocation, Console &console);
 ExitCode exportPackages(const Invocation &invocation, Console &console);

@@ -26,6 +26,13 @@ const CommandOption SignPackages{
     "sign-packages", "KEY", QT_TRANSLATE_NOOP("cli", "Sign a copy of each file with this key, and add that")};
 const CommandOption WithDepends{
     "with-depends", nullptr, QT_TRANSLATE_NOOP("cli", "Also the packages on which they depend")};
+const CommandOption Missing{
+    "missing",
+    nullptr,
+    QT_TRANSLATE_NOOP(
+        "cli",
+        "All that packages of the repository lack, with what that needs; NAMEs are then patterns for "
+        "those packages")};
 const CommandOption Against{
     "against",
     "WHERE",
@@ -184,13 +191,13 @@ const QVector<CommandDescription> &CommandTable::commands()
           DryRun}},
         {"fetch",
          Commands::fetch,
-         "REPO NAME[=VERSION]...",
-         2,
+         "REPO [NAME[=VERSION]...]",
+         1,
          Any,
          Operand::Repository,
          Operand::PackageName,
          QT_TRANSLATE_NOOP("cli", "Fetch packages from apt's sources, and add them"),
-         {WithDepends, Into, OnCollision, SignPackages, DryRun}},
+         {WithDepends, Missing, Into, OnCollision, SignPackages, DryRun}},
         {"check",
          Commands::check,
          "REPO [GLOB...]",

@@ -198,6 +198,13 @@ void tellOffers(const QVector<UpgradablePackage> &packages, Console &console)
 
 ExitCode Commands::fetch(const Invocation &invocation, Console &console)
 {
+    if (invocation.has("missing"))
+        return fetchMissing(invocation, console);
+    if (invocation.others().isEmpty()) {
+        console.error(QStringLiteral("usage"),
+                      QCoreApplication::translate("cli", "Name the packages to fetch, or give --missing."));
+        return ExitCode::Usage;
+    }
     RepositorySession session(invocation, console);
     if (!session.open())
         return session.exitCode();
