@@ -70,6 +70,7 @@ house(ui/history "the restore points of a repository on the screen" USES ui/pack
 house(ui/preview "what a change would do, on the screen" USES ui/installability)
 house(ui/tab "one repository on the screen" USES ui/depends ui/installability ui/dialogs ui/preview)
 house(ui/commands "what a command does" USES ui/tab ui/contents ui/history ui/search ui/sources)
+house(ui/commands/gathering "fetching all that packages lack" USES ui/commands)
 house(ui/batch "one command for all open repositories, and its report" USES ui/commands)
-house(ui/window "the window, which puts all of it together" USES ui/batch)
+house(ui/window "the window, which puts all of it together" USES ui/batch ui/commands/gathering)
 house(app "the start of the program, and its one instance" USES ui/window)

@@ -103,8 +103,11 @@ ExitCode Commands::fetchMissing(const Invocation &invocation, Console &console)
     std::optional<GatherPlan> plan;
     QObject::connect(
         &shell, &RepoShell::gatherPlanReady, &session, [&plan](const GatherPlan &found) { plan = found; });
+    // The component is that of the packages to add.
+    Invocation chosen = invocation;
+    chosen.options.remove(QStringLiteral("component"));
     const auto selected
-        = session.runFor(PackageSelection(invocation.others(), PackageSelection::Patterns, invocation),
+        = session.runFor(PackageSelection(chosen.others(), PackageSelection::Patterns, chosen),
                          [&shell](const QList<PackageInfoPtr> &packages) { shell.findMissing(packages); });
     if (selected.packages.isEmpty() && !selected.unmatched.isEmpty())
         return ExitCode::Failed;

@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QHash>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -24,10 +25,14 @@ public:
     using QSortFilterProxyModel::QSortFilterProxyModel;
 
     QSet<int> versionColumns;
+    QHash<int, QVector<qint64>> numbers; ///< by column; by row of the source
 
 protected:
     bool lessThan(const QModelIndex &left, const QModelIndex &right) const override
     {
+        const auto known = numbers.constFind(left.column());
+        if (known != numbers.constEnd())
+            return known->value(left.row()) < known->value(right.row());
         if (!versionColumns.contains(left.column()))
             return QSortFilterProxyModel::lessThan(left, right);
         return VersionOrder::compare(left.data().toString(), right.data().toString()) < 0;
@@ -110,6 +115,17 @@ void CheckTableDialog::setState(const QString &text)
 void CheckTableDialog::setVersionColumns(const QSet<int> &columns)
 {
     m_sorted->versionColumns = columns;
+}
+
+void CheckTableDialog::setNumbers(int column, const QVector<qint64> &numbers)
+{
+    m_sorted->numbers.insert(column, numbers);
+}
+
+void CheckTableDialog::addBelow(QWidget *widget)
+{
+    auto *box = qobject_cast<QBoxLayout *>(layout());
+    box->insertWidget(box->indexOf(m_buttons), widget);
 }
 
 void CheckTableDialog::setEmptyChoiceAllowed(bool allowed)

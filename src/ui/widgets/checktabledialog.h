@@ -4,6 +4,7 @@
 #include <QDialog>
 #include <QSet>
 #include <QStringList>
+#include <QVector>
 
 class CheckTableModel;
 class ElidedLabel;
@@ -25,6 +26,10 @@ protected:
     void setState(const QString &text);
     /** The columns that contain package versions, for sorting. */
     void setVersionColumns(const QSet<int> &columns);
+    /** Sorts a column by these numbers, one for each row, instead of by its texts. */
+    void setNumbers(int column, const QVector<qint64> &numbers);
+    /** Adds a widget above the buttons. */
+    void addBelow(QWidget *widget);
     /** Whether the user can confirm without choosing a row. The default is yes. */
     void setEmptyChoiceAllowed(bool allowed);
     /** Adds a button that, like OK, needs a choice where an empty one is not allowed. */

@@ -10,6 +10,7 @@
 #include "ui/commands/copycommands.h"
 #include "ui/commands/dependscommands.h"
 #include "ui/commands/dependsreportcommands.h"
+#include "ui/commands/gathering/gathercommands.h"
 #include "ui/commands/historycommands.h"
 #include "ui/commands/installabilitycommands.h"
 #include "ui/commands/packagecommands.h"
@@ -84,6 +85,7 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
     new SourcesListCommand(m_ui->m_sourceListAction, m_ui->m_publicationMenu, *m_prompts, this);
     m_depends = new DependsCommands(*m_ui, bench, this);
     m_reports = new DependsReportCommands(bench, this);
+    m_gathering = new GatherCommands(bench, this);
     m_installability = new InstallabilityCommands(bench, *m_packages, this);
     m_signing = new SigningCommands(bench, this);
     m_archives = new ArchiveCommands(*m_ui, bench, *m_repositories, this);
@@ -256,6 +258,7 @@ void MainWindow::updateActions()
     m_ui->m_selectAllAction->setEnabled(widget != nullptr && widget->repoShell()->packageCount() > 0);
     m_depends->updateActions();
     m_reports->updateActions();
+    m_gathering->updateActions();
     m_installability->updateActions();
     m_archives->updateActions(m_canRemovePackages.value(widget));
     m_packageFiles->updateActions();

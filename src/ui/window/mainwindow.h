@@ -17,6 +17,7 @@ class DependsCommands;
 class DependsModes;
 class DependsReportCommands;
 class EmptyPage;
+class GatherCommands;
 class HistoryCommands;
 class InstallabilityCommands;
 class JobFeedback;
@@ -122,6 +123,7 @@ private:
     CopyCommands *m_copying;
     DependsCommands *m_depends;
     DependsReportCommands *m_reports;
+    GatherCommands *m_gathering;
     InstallabilityCommands *m_installability;
     SigningCommands *m_signing;
     ArchiveCommands *m_archives;

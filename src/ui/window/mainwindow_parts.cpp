@@ -3,6 +3,7 @@
 #include "engine/repository/systemrelease.h"
 #include "ui/commands/copycommands.h"
 #include "ui/commands/dependsreportcommands.h"
+#include "ui/commands/gathering/gathercommands.h"
 #include "ui/commands/installabilitycommands.h"
 #include "ui/commands/packagefilecommands.h"
 #include "ui/commands/settingscommands.h"
@@ -70,22 +71,26 @@ void MainWindow::buildDependsMenu()
 
 void MainWindow::buildPackageMenu()
 {
-    m_packageMenu
-        = new PackageMenu({{m_ui->m_addPackagesAction},
-                           QList<QAction *>{m_ui->m_removePackagesAction,
-                                            m_ui->m_signPackagesAction,
-                                            m_ui->m_exportSelectedPackagesAction,
-                                            m_ui->m_exportWithDependsAction}
-                               + m_copying->actions(),
-                           {m_packageFiles->menu()->menuAction()},
-                           QList<QAction *>{m_ui->m_checkDependStartAction, m_installability->checkAction()}
-                               + m_reports->actions(),
-                           {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
-                          this);
-    m_ui->m_editMenu->insertActions(
-        m_ui->m_changeRepoAction,
-        QList<QAction *>{m_installability->checkAction(), m_installability->baseAction()}
-            + m_reports->actions());
+    m_packageMenu = new PackageMenu({{m_ui->m_addPackagesAction},
+                                     QList<QAction *>{m_ui->m_removePackagesAction,
+                                                      m_ui->m_signPackagesAction,
+                                                      m_ui->m_exportSelectedPackagesAction,
+                                                      m_ui->m_exportWithDependsAction}
+                                         + m_copying->actions(),
+                                     {m_packageFiles->menu()->menuAction()},
+                                     QList<QAction *>{m_ui->m_checkDependStartAction,
+                                                      m_gathering->action(),
+                                                      m_installability->checkAction()}
+                                         + m_reports->actions(),
+                                     {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
+                                    this);
+    m_ui->m_editMenu->insertActions(m_ui->m_changeRepoAction,
+                                    QList<QAction *>{m_gathering->action(),
+                                                     m_installability->checkAction(),
+                                                     m_installability->baseAction()}
+                                        + m_reports->actions());
+    m_ui->m_dependsCheckMenu->insertAction(m_ui->m_dependsCheckMenu->actions().value(1),
+                                           m_gathering->action());
     m_ui->m_editMenu->addSeparator();
     m_ui->m_editMenu->addActions(m_copying->actions());
     m_ui->m_menuView->addMenu(m_packageMenu->packetFilterMenu());
