@@ -96,6 +96,66 @@ private Q_SLOTS:
         QVERIFY(h.holds("bottom 1.0 amd64,bottom 1.0 i386,lone 1.0 amd64,middle 1.0 amd64,top 2.0 amd64"_s));
     }
 
+    void allThatIsMissing()
+    {
+        CliHarness h;
+        h.create();
+        const QString pool = h.at("source/pool"_s);
+        depending("middle", "gone | bottom, middle-data (= 2.0)", "2.0", pool);
+        depending("bottom", "middle", "1.0", pool);
+        depending("half", "nowhere", "1.0", pool);
+        DebBuilder("middle-data"_s).version("2.0"_s).architecture("all"_s).build(pool);
+        const LocalApt apt(h.folder.path(), {"source"_s});
+        const QString own = h.at("own"_s);
+        const QString top = depending("top", "middle (>= 1.0)", "1.0", own);
+        const QString broken = depending("broken", "half, never", "1.0", own);
+        QCOMPARE(h.run({"add"_s, h.repo(), top, broken}).code, 0);
+        QCOMPARE(h.run({"fetch"_s, h.repo()}).code, 2);
+        QCOMPARE(h.json("fetch", {"--missing"_s, "x*"_s}).code, 3);
+
+        const auto fetched = [](const CliResult &result) {
+            QStringList texts;
+            for (const QJsonValue &row : result.json()["fetched"_s].toArray())
+                texts.append(row["package"_s].toString() + u' ' + row["architecture"_s].toString() + u'<'
+                             + row["neededBy"_s][0].toString());
+            texts.sort();
+            return texts.join(u',');
+        };
+        const QByteArray before = treeOf(h.repo());
+        const CliResult shown = h.json("fetch", {"--missing"_s, "--dry-run"_s, "top"_s});
+        QVERIFY2(shown.code == 0 && treeOf(h.repo()) == before, shown.said());
+        QCOMPARE(fetched(shown), "bottom amd64<middle,middle amd64<top,middle-data all<middle"_s);
+        QVERIFY(shown.json()["missing"_s].toArray().isEmpty()
+                && shown.json()["rows"_s].toArray().size() == 3);
+        const auto sizeOf = [](const QJsonValue &row) { return row["bytes"_s].toInt(); };
+        QVERIFY(sizeOf(shown.json()["fetched"_s].toArray().at(0)) > 0);
+
+        // For a part, after which its check is green; one job, which is undone in one go.
+        const CliResult part = h.json("fetch", {"--missing"_s, "top"_s});
+        QVERIFY2(part.code == 0 && part.errors.isEmpty(), part.said());
+        const QString rest = "bottom 1.0 amd64,middle 2.0 amd64,middle-data 2.0 amd64"_s;
+        QCOMPARE(listed(part.json()["added"_s]), rest);
+        QCOMPARE(h.json("check", {"top"_s, "middle*"_s, "bottom"_s}).code, 0);
+        QCOMPARE(h.json("undo", {"--yes"_s}).code, 0);
+        QVERIFY(h.holds("broken 1.0 amd64,top 1.0 amd64"_s));
+
+        // For all: what cannot be had is told, and why.
+        const CliResult all = h.json("fetch", {"--missing"_s});
+        QVERIFY2(all.code == 1 && all.errors.contains("never") && all.errors.contains("nowhere"), all.said());
+        QStringList left;
+        for (const QJsonValue &entry : all.json()["missing"_s].toArray())
+            left.append(entry["package"_s].toString() + u' ' + entry["needs"_s].toString());
+        left.sort();
+        QCOMPARE(left, QStringList({"broken never"_s, "half nowhere"_s}));
+        QVERIFY(h.holds("broken 1.0 amd64,half 1.0 amd64,"_s + rest + ",top 1.0 amd64"_s));
+        // Nothing more is to be had.
+        const CliResult again = h.json("fetch", {"--missing"_s});
+        QVERIFY2(again.code == 1 && again.errorCodes() == "missing"_s, again.said());
+        QVERIFY(again.json()["added"_s].toArray().isEmpty()
+                && again.json()["missing"_s].toArray().size() == 2);
+        QCOMPARE(h.json("fetch", {"--missing"_s, "top"_s, "--dry-run"_s}).code, 0);
+    }
+
     void outAndIn()
     {
         CliHarness h;
