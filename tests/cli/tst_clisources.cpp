@@ -147,7 +147,9 @@ private Q_SLOTS:
             left.append(entry["package"_s].toString() + u' ' + entry["needs"_s].toString());
         left.sort();
         QCOMPARE(left, QStringList({"broken never"_s, "half nowhere"_s}));
-        QVERIFY(h.holds("broken 1.0 amd64,half 1.0 amd64,"_s + rest + ",top 1.0 amd64"_s));
+        QVERIFY(
+            h.holds("bottom 1.0 amd64,broken 1.0 amd64,half 1.0 amd64,middle 2.0 amd64,middle-data 2.0 amd64,"
+                    "top 1.0 amd64"_s));
         // Nothing more is to be had.
         const CliResult again = h.json("fetch", {"--missing"_s});
         QVERIFY2(again.code == 1 && again.errorCodes() == "missing"_s, again.said());

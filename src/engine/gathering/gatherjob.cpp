@@ -50,7 +50,7 @@ int GatherJob::find(const QList<PackageInfoPtr> &packages,
 
 int GatherJob::fetch(const GatherPlan &plan, const QList<PackageInfo> &packages, const AddOptions &options)
 {
-    return DownloadJob(m_context, options).gather(packages, unsettled(plan), [&] { tellLeft(plan); });
+    return DownloadJob(m_context, options).gather(packages, unsettled(plan), [&] { return tellLeft(plan); });
 }
 
 QList<PackageInfoPtr> GatherJob::unsettled(const GatherPlan &plan) const
@@ -69,12 +69,11 @@ QList<PackageInfoPtr> GatherJob::unsettled(const GatherPlan &plan) const
     return packages;
 }
 
-void GatherJob::tellLeft(const GatherPlan &plan)
+QString GatherJob::tellLeft(const GatherPlan &plan)
 {
     const auto left = plan.after(m_context.packages.all()).left();
-    if (left.isEmpty())
-        Q_EMIT m_context.listener.noted(GatherText::summary(left));
-    else
+    if (!left.isEmpty())
         m_context.errors.critical(
             GatherText::summary(left), GatherText::lines(left).join(QLatin1Char('\n')), WARNING);
+    return GatherText::summary(left);
 }

@@ -33,5 +33,6 @@ private:
     JobContext &m_context;
 
     QList<PackageInfoPtr> unsettled(const GatherPlan &plan) const;
-    void tellLeft(const GatherPlan &plan);
+    /** Tells what is left, and returns the short form of it. */
+    QString tellLeft(const GatherPlan &plan);
 };

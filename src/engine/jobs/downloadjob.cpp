@@ -81,7 +81,7 @@ int DownloadJob::download(const QList<PackageInfo> &packages, const QVector<Depe
 
 int DownloadJob::gather(const QList<PackageInfo> &packages,
                         const QList<PackageInfoPtr> &wanting,
-                        const std::function<void()> &atEnd)
+                        const std::function<QString()> &atEnd)
 {
     JobFrame frame(m_context, startText(packages.size()));
     return fetchAndAdd(packages, wanting, &frame, atEnd);
@@ -142,7 +142,7 @@ void DownloadJob::tellMissing(const QStringList &missing)
 int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
                              const QList<PackageInfoPtr> &wanting,
                              JobFrame *frame,
-                             const std::function<void()> &atEnd)
+                             const std::function<QString()> &atEnd)
 {
     // One run of apt takes a second to begin. A stop waits for the files of the run.
     constexpr int FilesPerRun = 12;
@@ -180,17 +180,18 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
         }
     }
     adding.finish();
-    if (atEnd)
-        atEnd();
+    const QString end = atEnd ? QLatin1Char(' ') + atEnd() : QString();
     const QString added = adding.addedNames();
     if (stopped)
         return frame->finish(
             CANCEL,
             tr("Operation stopped. %1 of %n package(s) added to local repo: %2", nullptr, packages.size())
-                .arg(QString::number(adding.addedCount()), added),
+                    .arg(QString::number(adding.addedCount()), added)
+                + end,
             DOWNLOAD_JOB);
     return frame->finish(SUCCESS,
-                         tr("Added %n package(s) to local repo: %1", nullptr, adding.addedCount()).arg(added),
+                         tr("Added %n package(s) to local repo: %1", nullptr, adding.addedCount()).arg(added)
+                             + end,
                          DOWNLOAD_JOB);
 }
 

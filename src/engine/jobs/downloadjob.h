@@ -36,11 +36,11 @@ public:
     int download(const QList<PackageInfo> &packages, const QVector<Dependency> &dependencies = {});
     /**
      * Like download(), and checks the packages `wanting` again when something went in. `atEnd` is called when all is
-     * done, before the end of the job.
+     * done, and what it returns stands behind the last words of the job.
      */
     int gather(const QList<PackageInfo> &packages,
                const QList<PackageInfoPtr> &wanting,
-               const std::function<void()> &atEnd);
+               const std::function<QString()> &atEnd);
     /** The best package for each dependency. Tells of those that no source offers. */
     QList<PackageInfo> packagesFor(const QVector<Dependency> &dependencies);
     /** Takes the best package for each dependency, and checks the packages again that lacked it. */
@@ -55,7 +55,7 @@ private:
     int fetchAndAdd(const QList<PackageInfo> &packages,
                     const QList<PackageInfoPtr> &wanting,
                     JobFrame *frame,
-                    const std::function<void()> &atEnd = {});
+                    const std::function<QString()> &atEnd = {});
     /** Fetches the files with one run of apt; those that have not come are empty. */
     QStringList fetchTogether(const QList<PackageInfo> &packages, const ScratchFolder &folder) const;
     PackageFile fetch(const PackageInfo &package, const ScratchFolder &folder) const;

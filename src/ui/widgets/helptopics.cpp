@@ -17,7 +17,7 @@ const QList<HelpTopics::Topic> &HelpTopics::all()
         {"DifferenceDialog", "preview.html#difference"},
         {"ExternalRepoSourceDialog", "external.html#line"},
         {"ExternalReposDialog", "external.html#list"},
-        {"GatherDialog", "dependencies.html#missing"},
+        {"GatherDialog", "dependencies.html#gather"},
         {"HistorySettingsDialog", "history.html#space"},
         {"NewRepoDialog", "repositories.html#fields"},
         {"PackageContentsDialog", "packages.html#closer"},
