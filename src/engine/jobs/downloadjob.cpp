@@ -144,7 +144,7 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
                              JobFrame *frame,
                              const std::function<QString()> &atEnd)
 {
-    // One run of apt takes a second to begin. A stop waits for the files of the run.
+    // One run of apt takes a second to begin. A stop ends the run, and drops what it has fetched.
     constexpr int FilesPerRun = 12;
     if (!JobPreconditions::mayChange(m_context))
         return frame->finish(
@@ -156,6 +156,7 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
         const QList<PackageInfo> block = packages.mid(first, FilesPerRun);
         const ScratchFolder together;
         const QStringList paths = fetchTogether(block, together);
+        stopped = m_context.control.isCanceled();
         for (int i = 0; i < block.size() && !stopped; ++i) {
             const ScratchFolder folder;
             const PackageFile file

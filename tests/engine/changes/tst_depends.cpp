@@ -212,7 +212,7 @@ private Q_SLOTS:
     {
         RepoHarness h;
         const QString running = h.at("running");
-        const StandIn apt(h.at("bin"), "apt", ": >" + running.toLocal8Bit() + "\nsleep 60 & wait");
+        const StandIn apt(h.at("bin"), "apt-get", ": >" + running.toLocal8Bit() + "\nsleep 60 & wait");
         QTimer waiting;
         connect(&waiting, &QTimer::timeout, this, [&] {
             if (QFile::exists(running))
