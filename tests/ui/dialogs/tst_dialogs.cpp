@@ -3,6 +3,7 @@
 #include "support/packagetesting.h"
 #include "support/testenvironment.h"
 #include "support/testkeys.h"
+#include "ui/commands/gathering/gatherdialog.h"
 #include "ui/dialogs/addpkgsettingsdialog.h"
 #include "ui/dialogs/gpgkeyswidget.h"
 #include "ui/dialogs/newrepodialog.h"
@@ -388,6 +389,39 @@ private Q_SLOTS:
         QCOMPARE(column(0), "b|d|d|a|c"_s);
         view->sortByColumn(0, Qt::DescendingOrder);
         QCOMPARE(column(0), "d|d|c|b|a"_s);
+    }
+
+    void missingPackagesAreSwitchedOff()
+    {
+        GatherPlan plan;
+        for (const char *name : {"small", "large"}) {
+            GatherPlan::Row row;
+            row.package.name = QLatin1String(name);
+            row.size = plan.rows.isEmpty() ? 3000 : 20000;
+            plan.rows.append(row);
+        }
+        GatherPlan::Need need;
+        need.owner.name = "app"_s;
+        need.entry = "small"_s;
+        need.rows = {0};
+        plan.needs.append(need);
+        need.owner.name = "small"_s;
+        need.entry = "large"_s;
+        need.ownerRow = 0;
+        need.rows = {1};
+        plan.needs.append(need);
+        QWidget window;
+        GatherDialog dialog(
+            plan, [](const QString &) { return QString(); }, &window);
+        auto *view = child<QTreeView>(dialog, "m_tableView");
+        const auto *left = child<QPlainTextEdit>(dialog, "m_leftText");
+        view->sortByColumn(3, Qt::DescendingOrder);
+        QCOMPARE(view->model()->index(0, 0).data().toString(), "large"_s);
+        QVERIFY(!left->toPlainText().contains(u'\n'));
+        QVERIFY(view->model()->setData(view->model()->index(1, 0), Qt::Unchecked, Qt::CheckStateRole));
+        QVERIFY2(left->toPlainText().contains(": large\napp"_s), qPrintable(left->toPlainText()));
+        QCOMPARE(dialog.plan().packages().size(), 1);
+        QCOMPARE(dialog.plan().size(), qint64(20000));
     }
 
     void equalNamesAreToldApart()

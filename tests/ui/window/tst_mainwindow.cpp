@@ -7,6 +7,7 @@
 #include "support/fulldisk.h"
 #include "support/packagetesting.h"
 #include "support/testenvironment.h"
+#include "ui/commands/gathering/gatherdialog.h"
 #include "ui/contents/packagecontentsdialog.h"
 #include "ui/dialogs/addpkgsettingsdialog.h"
 #include "ui/dialogs/copydialog.h"
@@ -208,6 +209,8 @@ private Q_SLOTS:
         const UpgradeSourcesDialog sources(ExternalRepos(), {}, &window);
         const UpgradePackagesDialog packages(
             {}, [](const QString &) { return QString(); }, &window);
+        const GatherDialog missing(
+            {}, [](const QString &) { return QString(); }, &window);
         auto *monitor = new PublicationMonitor(&window);
         const PublishedReposDialog published(*monitor, prompts, &window);
         const HistorySettingsDialog history({}, &window);
@@ -216,7 +219,7 @@ private Q_SLOTS:
         const CopyDialog copy(CopyDialog::Kind::Copy, {}, {{"/r"_s, {"main"_s}}}, 0);
         note(copy);
         note(create, change, settings, parameters, replacement, start);
-        note(about, search, repos, source, sources, packages, published);
+        note(about, search, repos, source, sources, packages, missing, published);
         const PackageContentsDialog contents(*PackageBuilder("foo"_s).build(), &window);
         note(history, difference, contents);
         QVERIFY2(faults.isEmpty(), qPrintable(faults.join("\n"_s)));
