@@ -26,13 +26,11 @@ const CommandOption SignPackages{
     "sign-packages", "KEY", QT_TRANSLATE_NOOP("cli", "Sign a copy of each file with this key, and add that")};
 const CommandOption WithDepends{
     "with-depends", nullptr, QT_TRANSLATE_NOOP("cli", "Also the packages on which they depend")};
-const CommandOption Missing{
-    "missing",
-    nullptr,
-    QT_TRANSLATE_NOOP(
-        "cli",
-        "All that packages of the repository lack, with what that needs; NAMEs are then patterns for "
-        "those packages")};
+const CommandOption Missing{"missing",
+                            nullptr,
+                            QT_TRANSLATE_NOOP("cli",
+                                              "All that the packages of the repository lack, or those that "
+                                              "are named, with what that needs in turn")};
 const CommandOption Against{
     "against",
     "WHERE",

@@ -107,7 +107,7 @@ ExitCode Commands::fetchMissing(const Invocation &invocation, Console &console)
     Invocation chosen = invocation;
     chosen.options.remove(QStringLiteral("component"));
     const auto selected
-        = session.runFor(PackageSelection(chosen.others(), PackageSelection::Patterns, chosen),
+        = session.runFor(PackageSelection(chosen.others(), PackageSelection::Names, chosen),
                          [&shell](const QList<PackageInfoPtr> &packages) { shell.findMissing(packages); });
     if (selected.packages.isEmpty() && !selected.unmatched.isEmpty())
         return ExitCode::Failed;

@@ -145,7 +145,7 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
                              const std::function<QString()> &atEnd)
 {
     // One run of apt takes a second to begin. A stop ends the run, and drops what it has fetched.
-    constexpr int FilesPerRun = 12;
+    constexpr int FilesPerRun = 6;
     if (!JobPreconditions::mayChange(m_context))
         return frame->finish(
             ERROR, tr("Added %n package(s) to local repo: %1", nullptr, 0).arg(QString()), DOWNLOAD_JOB);
@@ -198,7 +198,7 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
 
 QStringList DownloadJob::fetchTogether(const QList<PackageInfo> &packages, const ScratchFolder &folder) const
 {
-    // What has come alone is known by its name and version, so a single file gains nothing from this.
+    // A single file gains nothing from this, and the plain way tells why it has not come.
     if (packages.size() < 2 || !folder.isValid())
         return {};
     QVector<AptDownload> wanted;
