@@ -217,17 +217,22 @@ bool GatherSearch::choose(const Place &owner, int set, bool mayChooseAnew, std::
     System &system = *m_systems[at(owner.system)];
     const Universe &universe = system.universe;
     const auto members = universe.members(set);
-    const bool isMet
-        = std::any_of(members.begin(), members.end(), [&](int member) { return system.isThere(member); });
-    const std::vector<int> candidates = universe.byPreference(set);
-    if (isMet) {
-        const auto there = std::find_if(
-            candidates.begin(), candidates.end(), [&](int member) { return system.isThere(member); });
-        if (system.isChosen[at(*there)])
-            system.served[*there].append(set);
-        queue->push_back({owner.system, *there});
+    const auto isThere = [&system](int member) { return system.isThere(member); };
+    const auto there = std::find_if(members.begin(), members.end(), isThere);
+    if (there != members.end()) {
+        int taken = *there;
+        // The order costs a moment, and of most entries there is one package alone.
+        if (std::any_of(there + 1, members.end(), isThere)) {
+            const auto ordered = universe.byPreference(set);
+            taken = *std::find_if(ordered.begin(), ordered.end(), isThere);
+        }
+        if (system.isChosen[at(taken)])
+            system.served[taken].append(set);
+        if (!system.isVisited[at(taken)])
+            queue->push_back({owner.system, taken});
         return true;
     }
+    const std::vector<int> candidates = universe.byPreference(set);
     std::vector<int> possible;
     std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(possible), [&](int package) {
         return !system.isOwn(package) && !system.isForbidden[at(package)] && !system.isOlderThanOwn(package);
@@ -252,11 +257,15 @@ bool GatherSearch::choose(const Place &owner, int set, bool mayChooseAnew, std::
         bool isAnyLeaving = false;
         for (const Place &twin : twins({owner.system, package})) {
             System &other = *m_systems[at(twin.system)];
+            // The repository can have it for another architecture.
+            if (other.isOwn(twin.package))
+                continue;
             other.isChosen[at(twin.package)] = true;
             other.order.push_back(twin.package);
             queue->push_back(twin);
-            const int leaving = other.ownNamesake(twin.package);
-            if (leaving >= 0 && !other.isLeaving[at(leaving)]) {
+            for (const int leaving : other.universe.namesakes(twin.package)) {
+                if (!other.isOwn(leaving) || other.isLeaving[at(leaving)])
+                    continue;
                 other.isLeaving[at(leaving)] = true;
                 isAnyLeaving = true;
             }

@@ -184,6 +184,11 @@ private Q_SLOTS:
             "data 1 all; Depends: lib / lib 1 / lib 2 i386",
             "data 1 all, lib 1, lib 2 i386",
             "");
+        add("the newer one for all architectures replaces on each",
+            "app 1; Depends: data (>= 2) / data 1 all / game 1 i386; Depends: data (= 1)",
+            "data 2 all",
+            "data 2 all for 1",
+            "game: data (= 1) leaving on i386");
         add("and cannot have it on each",
             "app 1; Depends: data",
             "data 1 all; Depends: lib / lib 1",
