@@ -62,7 +62,8 @@ QVector<int> GatherPlan::idleRows() const
     for (int before = -1; before != used.size();) {
         before = used.size();
         for (const Need &need : needs) {
-            if (!isPresent(need) || (need.ownerRow >= 0 && !used.contains(need.ownerRow)))
+            if (!isPresent(need) || !need.keptWithout.isEmpty()
+                || (need.ownerRow >= 0 && !used.contains(need.ownerRow)))
                 continue;
             for (const int row : need.rows)
                 used.insert(row);
