@@ -93,9 +93,9 @@ public:
      * that lacked it. The dependencies come from the results of a check.
      */
     void addDependencies(const QVector<Dependency> &dependencies, const AddOptions &options = {});
-    /** Finds out what the packages lack and the sources offer, with what that needs in turn; gatherPlanReady() tells. */
+    /** Finds out what the packages lack and sources offer, with what that needs in turn; gatherPlanReady() tells. */
     void findMissing(const QList<PackageInfoPtr> &packages);
-    /** Fetches and adds what the plan has on, checks the packages again that it was made for, and tells what is left. */
+    /** Fetches and adds what the plan has on, checks again what it was made for, and tells what is left. */
     void gather(const GatherPlan &plan, const AddOptions &options = {});
     /**
      * Checks whether the packages' dependencies can be met; the records with the results go out as packageChanged().

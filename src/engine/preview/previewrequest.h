@@ -32,7 +32,7 @@ struct PreviewRequest
     QList<PackageInfoPtr> packages; ///< Remove
     QList<PackageInfo> wanted; ///< Fetch: name, version and architecture
     QVector<Dependency> dependencies; ///< Fetch: the best package for each
-    std::shared_ptr<const GatherPlan> gathered; ///< Fetch: the plan that `wanted` comes from; null: there is none
+    std::shared_ptr<const GatherPlan> gathered; ///< Fetch: the plan that `wanted` comes from
     QVector<UpgradablePackage> upgrades; ///< Upgrade
     AddOptions options; ///< Add, Fetch, Import, Upgrade
     /** Add, Fetch, Import: which collisions are switched on at first. */

@@ -8,7 +8,7 @@
 
 class QPlainTextEdit;
 
-/** Lets the user choose which missing packages are fetched, and tells what stays missing then. At first all are chosen. */
+/** Lets the user choose which missing packages are fetched, and tells what stays missing. At first all are chosen. */
 class GatherDialog : public CheckTableDialog
 {
     Q_OBJECT
