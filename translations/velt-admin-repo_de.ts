@@ -218,6 +218,207 @@
     </message>
 </context>
 <context>
+    <name>BatchCommands</name>
+    <message>
+        <source>All open repositories</source>
+        <translation>Alle geöffneten Repositorys</translation>
+    </message>
+    <message>
+        <source>Check depends</source>
+        <translation>Abhängigkeiten prüfen</translation>
+    </message>
+    <message>
+        <source>Complete check</source>
+        <translation>Vollständige Prüfung</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Exportieren...</translation>
+    </message>
+    <message>
+        <source>Upgrade...</source>
+        <translation>Aktualisieren...</translation>
+    </message>
+    <message>
+        <source>Publish</source>
+        <translation>Veröffentlichen</translation>
+    </message>
+    <message>
+        <source>Open repositories below a folder...</source>
+        <translation>Repositorys unterhalb eines Ordners öffnen...</translation>
+    </message>
+    <message>
+        <source>Folder with repositories</source>
+        <translation>Ordner mit Repositorys</translation>
+    </message>
+    <message>
+        <source>Open repositories</source>
+        <translation>Repositorys öffnen</translation>
+    </message>
+    <message>
+        <source>There is no repository in %1 and in the folders directly below it.</source>
+        <translation>In %1 und in den Ordnern direkt darunter gibt es kein Repository.</translation>
+    </message>
+    <message>
+        <source>Warning!</source>
+        <translation>Warnung!</translation>
+    </message>
+    <message>
+        <source>Dependences checking is disabled.</source>
+        <translation>Die Abhängigkeitsprüfung ist ausgeschaltet.</translation>
+    </message>
+    <message>
+        <source>Checking the dependences of all open repositories</source>
+        <translation>Prüfung der Abhängigkeiten aller geöffneten Repositorys</translation>
+    </message>
+    <message>
+        <source>Complete check of all open repositories</source>
+        <translation>Vollständige Prüfung aller geöffneten Repositorys</translation>
+    </message>
+    <message>
+        <source>Folder for the archives</source>
+        <translation>Ordner für die Archive</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Exportieren</translation>
+    </message>
+    <message>
+        <source>Do you want to replace the archives that are there?</source>
+        <translation>Möchten Sie die vorhandenen Archive ersetzen?</translation>
+    </message>
+    <message>
+        <source>The repository has moved.</source>
+        <translation>Das Repository wurde verschoben.</translation>
+    </message>
+    <message>
+        <source>Export of all open repositories</source>
+        <translation>Export aller geöffneten Repositorys</translation>
+    </message>
+    <message>
+        <source>You may not write to this repository.</source>
+        <translation>Sie dürfen in diesem Repository nichts ändern.</translation>
+    </message>
+    <message>
+        <source>The repository is empty.</source>
+        <translation>Das Repository ist leer.</translation>
+    </message>
+    <message>
+        <source>There are no newer packages.</source>
+        <translation>Es gibt keine neueren Pakete.</translation>
+    </message>
+    <message>
+        <source>Upgrade of all open repositories</source>
+        <translation>Aktualisierung aller geöffneten Repositorys</translation>
+    </message>
+    <message>
+        <source>Publication of all open repositories</source>
+        <translation>Veröffentlichung aller geöffneten Repositorys</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Text (*.txt)</source>
+        <translation>Text (*.txt)</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>Bericht speichern</translation>
+    </message>
+    <message>
+        <source>The report is saved in %1.</source>
+        <translation>Der Bericht ist in %1 gespeichert.</translation>
+    </message>
+    <message>
+        <source>The report cannot be saved in %1.</source>
+        <translation>Der Bericht kann nicht in %1 gespeichert werden.</translation>
+    </message>
+</context>
+<context>
+    <name>BatchDialog</name>
+    <message>
+        <source>One repository after the other. You can go on working meanwhile.</source>
+        <translation>Ein Repository nach dem anderen. Sie können währenddessen weiterarbeiten.</translation>
+    </message>
+    <message>
+        <source>Repository</source>
+        <translation>Repository</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Zustand</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Save as report...</source>
+        <translation>Als Bericht speichern...</translation>
+    </message>
+</context>
+<context>
+    <name>BatchReport</name>
+    <message>
+        <source>Waiting</source>
+        <translation>Wartet</translation>
+    </message>
+    <message>
+        <source>At work</source>
+        <translation>In Arbeit</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>Ausgelassen</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n repository(ies) done</source>
+        <translation>
+            <numerusform>%n Repository fertig</numerusform>
+            <numerusform>%n Repositorys fertig</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n with errors</source>
+        <translation>
+            <numerusform>%n mit Fehlern</numerusform>
+            <numerusform>%n mit Fehlern</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out</source>
+        <translation>
+            <numerusform>%n ausgelassen</numerusform>
+            <numerusform>%n ausgelassen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>BatchRun</name>
+    <message>
+        <source>The tab was closed.</source>
+        <translation>Der Reiter wurde geschlossen.</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Abgebrochen</translation>
+    </message>
+</context>
+<context>
     <name>ChangesModel</name>
     <message>
         <source>Package</source>
@@ -1150,6 +1351,22 @@
         <source>Repository</source>
         <translation>Repository</translation>
     </message>
+    <message>
+        <source>Here already</source>
+        <translation>Schon vorhanden</translation>
+    </message>
+    <message>
+        <source>%1, the same version</source>
+        <translation>%1, dieselbe Version</translation>
+    </message>
+    <message>
+        <source>%1, older</source>
+        <translation>%1, älter</translation>
+    </message>
+    <message>
+        <source>%1, newer</source>
+        <translation>%1, neuer</translation>
+    </message>
 </context>
 <context>
     <name>FurtherFields</name>
@@ -1240,6 +1457,152 @@ Ohne Auswahl .gz.</translation>
     <message>
         <source>%1 (not listed)</source>
         <translation>%1 (nicht vorhanden)</translation>
+    </message>
+</context>
+<context>
+    <name>GatherCommands</name>
+    <message>
+        <source>Fetch missing packages...</source>
+        <translation>Fehlende Pakete holen...</translation>
+    </message>
+    <message>
+        <source>Fetch missing packages</source>
+        <translation>Fehlende Pakete holen</translation>
+    </message>
+    <message>
+        <source>Nothing is missing.</source>
+        <translation>Es fehlt nichts.</translation>
+    </message>
+    <message>
+        <source>Nothing can be fetched. %1</source>
+        <translation>Nichts kann geholt werden. %1</translation>
+    </message>
+</context>
+<context>
+    <name>GatherDialog</name>
+    <message>
+        <source>Fetch missing packages</source>
+        <translation>Fehlende Pakete holen</translation>
+    </message>
+    <message>
+        <source>The chosen packages are fetched and added, so that what needs them finds them in the repository.</source>
+        <translation>Die gewählten Pakete werden geholt und hinzugefügt, damit die Pakete, die sie brauchen, sie im Repository finden.</translation>
+    </message>
+    <message>
+        <source>Package</source>
+        <translation>Paket</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Version</translation>
+    </message>
+    <message>
+        <source>Architecture</source>
+        <translation>Architektur</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Größe</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Paketquelle</translation>
+    </message>
+    <message>
+        <source>Needed by</source>
+        <translation>Benötigt von</translation>
+    </message>
+    <message>
+        <source>%1 instead of %2</source>
+        <translation>%1 statt %2</translation>
+    </message>
+    <message>
+        <source>What stays missing</source>
+        <translation>Was weiterhin fehlt</translation>
+    </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Vorschau...</translation>
+    </message>
+    <message>
+        <source>Selected: %1 of %2, %3</source>
+        <translation>Ausgewählt: %1 von %2, %3</translation>
+    </message>
+    <message>
+        <source>Not needed any more: %1</source>
+        <translation>Nicht mehr benötigt: %1</translation>
+    </message>
+</context>
+<context>
+    <name>GatherJob</name>
+    <message>
+        <source>Looking for missing packages</source>
+        <translation>Fehlende Pakete werden gesucht</translation>
+    </message>
+    <message>
+        <source>It is not known what is missing.</source>
+        <translation>Es ist nicht bekannt, was fehlt.</translation>
+    </message>
+    <message>
+        <source>The search for missing packages was stopped.</source>
+        <translation>Die Suche nach fehlenden Paketen wurde angehalten.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) to be fetched</source>
+        <translation>
+            <numerusform>%n Paket zu holen</numerusform>
+            <numerusform>%n Pakete zu holen</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>GatherText</name>
+    <message>
+        <source>No source offers it.</source>
+        <translation>Keine Paketquelle bietet es an.</translation>
+    </message>
+    <message>
+        <source>No source offers a version that meets it, but only: %1.</source>
+        <translation>Keine Paketquelle bietet eine passende Version an, sondern nur: %1.</translation>
+    </message>
+    <message>
+        <source>What would meet it is older than %1 in the repository.</source>
+        <translation>Was passen würde, ist älter als %1 im Repository.</translation>
+    </message>
+    <message>
+        <source>It needs another version than %1, which another package needs.</source>
+        <translation>Es braucht eine andere Version als %1, die ein anderes Paket braucht.</translation>
+    </message>
+    <message>
+        <source>apt fetches no lists for the architecture %1.</source>
+        <translation>apt holt keine Listen für die Architektur %1.</translation>
+    </message>
+    <message>
+        <source>apt&apos;s sources offer no installer packages.</source>
+        <translation>Die Paketquellen von apt bieten keine Installer-Pakete an.</translation>
+    </message>
+    <message>
+        <source>What would meet it is not fetched.</source>
+        <translation>Was passen würde, wird nicht geholt.</translation>
+    </message>
+    <message>
+        <source>What meets it now is replaced by a newer version.</source>
+        <translation>Was jetzt passt, wird durch eine neuere Version ersetzt.</translation>
+    </message>
+    <message>
+        <source>%1 %2 (%3) needs %4. %5</source>
+        <translation>%1 %2 (%3) braucht %4. %5</translation>
+    </message>
+    <message>
+        <source>Nothing is missing any more.</source>
+        <translation>Es fehlt nichts mehr.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n dependency(ies) stay unmet.</source>
+        <translation>
+            <numerusform>%n Abhängigkeit bleibt unerfüllt.</numerusform>
+            <numerusform>%n Abhängigkeiten bleiben unerfüllt.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -3861,6 +4224,10 @@ Ein oder mehrere Werte</translation>
         <source>The file /etc/vsftpd.conf was written by somebody else, or lets other users in, too. The FTP server may serve more than the repository and is not stopped. The administrator can stop it: systemctl disable --now vsftpd</source>
         <translation>Die Datei /etc/vsftpd.conf stammt von jemand anderem oder lässt auch andere Benutzer ein. Der FTP-Server bietet vielleicht mehr an als das Repository und wird nicht angehalten. Der Administrator kann ihn anhalten: systemctl disable --now vsftpd</translation>
     </message>
+    <message>
+        <source>No server type is chosen on its page.</source>
+        <translation>Auf seiner Seite ist keine Art des Servers gewählt.</translation>
+    </message>
 </context>
 <context>
     <name>PublicationConsent</name>
@@ -5606,8 +5973,12 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         </translation>
     </message>
     <message>
-        <source>Only the first %1 of %2 names are shown: type more of the name</source>
-        <translation>Nur die ersten %1 von %2 Namen werden angezeigt: Geben Sie mehr vom Namen ein</translation>
+        <source>Search &amp;descriptions too</source>
+        <translation>Auch &amp;Beschreibungen durchsuchen</translation>
+    </message>
+    <message>
+        <source>Finds the packages with each of the words in the name or in the short description</source>
+        <translation>Findet die Pakete, die jedes der Wörter im Namen oder in der Kurzbeschreibung haben</translation>
     </message>
 </context>
 <context>
@@ -7319,6 +7690,22 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>Other field: %1</source>
         <translation>Weiteres Feld: %1</translation>
+    </message>
+    <message>
+        <source>All that the packages of the repository lack, or those that are named, with what that needs in turn</source>
+        <translation>Alles, was den Paketen des Repositorys oder den genannten fehlt, samt dem, was dieses wiederum braucht</translation>
+    </message>
+    <message>
+        <source>Name the packages to fetch, or give --missing.</source>
+        <translation>Nennen Sie die Pakete, die geholt werden sollen, oder geben Sie --missing an.</translation>
+    </message>
+    <message>
+        <source>%1 %2 %3, %4, from %5, needed by %6</source>
+        <translation>%1 %2 %3, %4, aus %5, benötigt von %6</translation>
+    </message>
+    <message>
+        <source>To be fetched: %1, %2</source>
+        <translation>Zu holen: %1, %2</translation>
     </message>
 </context>
 <context>

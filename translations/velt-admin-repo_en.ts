@@ -2,6 +2,30 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>BatchReport</name>
+    <message numerus="yes">
+        <source>%n repository(ies) done</source>
+        <translation>
+            <numerusform>%n repository done</numerusform>
+            <numerusform>%n repositories done</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n with errors</source>
+        <translation>
+            <numerusform>%n with errors</numerusform>
+            <numerusform>%n with errors</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out</source>
+        <translation>
+            <numerusform>%n left out</numerusform>
+            <numerusform>%n left out</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>CompanionsTree</name>
     <message numerus="yes">
         <source>On a bare system %n package(s) come in: %1 to download, %2 on the disk</source>
@@ -86,6 +110,26 @@
         <translation>
             <numerusform>and %n more</numerusform>
             <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>GatherJob</name>
+    <message numerus="yes">
+        <source>%n package(s) to be fetched</source>
+        <translation>
+            <numerusform>%n package to be fetched</numerusform>
+            <numerusform>%n packages to be fetched</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>GatherText</name>
+    <message numerus="yes">
+        <source>%n dependency(ies) stay unmet.</source>
+        <translation>
+            <numerusform>%n dependency stays unmet.</numerusform>
+            <numerusform>%n dependencies stay unmet.</numerusform>
         </translation>
     </message>
 </context>

@@ -218,6 +218,210 @@
     </message>
 </context>
 <context>
+    <name>BatchCommands</name>
+    <message>
+        <source>All open repositories</source>
+        <translation>Все открытые репозитории</translation>
+    </message>
+    <message>
+        <source>Check depends</source>
+        <translation>Проверять зависимости</translation>
+    </message>
+    <message>
+        <source>Complete check</source>
+        <translation>Полная проверка</translation>
+    </message>
+    <message>
+        <source>Export...</source>
+        <translation>Экспорт...</translation>
+    </message>
+    <message>
+        <source>Upgrade...</source>
+        <translation>Обновить...</translation>
+    </message>
+    <message>
+        <source>Publish</source>
+        <translation>Опубликовать</translation>
+    </message>
+    <message>
+        <source>Open repositories below a folder...</source>
+        <translation>Открыть репозитории в папке...</translation>
+    </message>
+    <message>
+        <source>Folder with repositories</source>
+        <translation>Папка с репозиториями</translation>
+    </message>
+    <message>
+        <source>Open repositories</source>
+        <translation>Открытие репозиториев</translation>
+    </message>
+    <message>
+        <source>There is no repository in %1 and in the folders directly below it.</source>
+        <translation>В %1 и в папках непосредственно под ней нет репозиториев.</translation>
+    </message>
+    <message>
+        <source>Warning!</source>
+        <translation>Внимание!</translation>
+    </message>
+    <message>
+        <source>Dependences checking is disabled.</source>
+        <translation>Проверка зависимостей отключена.</translation>
+    </message>
+    <message>
+        <source>Checking the dependences of all open repositories</source>
+        <translation>Проверка зависимостей всех открытых репозиториев</translation>
+    </message>
+    <message>
+        <source>Complete check of all open repositories</source>
+        <translation>Полная проверка всех открытых репозиториев</translation>
+    </message>
+    <message>
+        <source>Folder for the archives</source>
+        <translation>Папка для архивов</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>Экспорт</translation>
+    </message>
+    <message>
+        <source>Do you want to replace the archives that are there?</source>
+        <translation>Заменить имеющиеся архивы?</translation>
+    </message>
+    <message>
+        <source>The repository has moved.</source>
+        <translation>Репозиторий перемещён.</translation>
+    </message>
+    <message>
+        <source>Export of all open repositories</source>
+        <translation>Экспорт всех открытых репозиториев</translation>
+    </message>
+    <message>
+        <source>You may not write to this repository.</source>
+        <translation>У вас нет права изменять этот репозиторий.</translation>
+    </message>
+    <message>
+        <source>The repository is empty.</source>
+        <translation>Репозиторий пуст.</translation>
+    </message>
+    <message>
+        <source>There are no newer packages.</source>
+        <translation>Более новых пакетов нет.</translation>
+    </message>
+    <message>
+        <source>Upgrade of all open repositories</source>
+        <translation>Обновление всех открытых репозиториев</translation>
+    </message>
+    <message>
+        <source>Publication of all open repositories</source>
+        <translation>Публикация всех открытых репозиториев</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>Text (*.txt)</source>
+        <translation>Текст (*.txt)</translation>
+    </message>
+    <message>
+        <source>Save report</source>
+        <translation>Сохранение отчёта</translation>
+    </message>
+    <message>
+        <source>The report is saved in %1.</source>
+        <translation>Отчёт сохранён в %1.</translation>
+    </message>
+    <message>
+        <source>The report cannot be saved in %1.</source>
+        <translation>Не удалось сохранить отчёт в %1.</translation>
+    </message>
+</context>
+<context>
+    <name>BatchDialog</name>
+    <message>
+        <source>One repository after the other. You can go on working meanwhile.</source>
+        <translation>Репозитории обрабатываются по очереди. Тем временем можно продолжать работу.</translation>
+    </message>
+    <message>
+        <source>Repository</source>
+        <translation>Репозиторий</translation>
+    </message>
+    <message>
+        <source>State</source>
+        <translation>Состояние</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>Результат</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Остановить</translation>
+    </message>
+    <message>
+        <source>Save as report...</source>
+        <translation>Сохранить как отчёт...</translation>
+    </message>
+</context>
+<context>
+    <name>BatchReport</name>
+    <message>
+        <source>Waiting</source>
+        <translation>Ожидание</translation>
+    </message>
+    <message>
+        <source>At work</source>
+        <translation>В работе</translation>
+    </message>
+    <message>
+        <source>Done</source>
+        <translation>Готово</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>Ошибки</translation>
+    </message>
+    <message>
+        <source>Left out</source>
+        <translation>Пропущено</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n repository(ies) done</source>
+        <translation>
+            <numerusform>%n репозиторий готов</numerusform>
+            <numerusform>%n репозитория готовы</numerusform>
+            <numerusform>%n репозиториев готово</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n with errors</source>
+        <translation>
+            <numerusform>%n с ошибками</numerusform>
+            <numerusform>%n с ошибками</numerusform>
+            <numerusform>%n с ошибками</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n left out</source>
+        <translation>
+            <numerusform>%n пропущен</numerusform>
+            <numerusform>%n пропущено</numerusform>
+            <numerusform>%n пропущено</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>BatchRun</name>
+    <message>
+        <source>The tab was closed.</source>
+        <translation>Вкладка была закрыта.</translation>
+    </message>
+    <message>
+        <source>Stopped</source>
+        <translation>Остановлено</translation>
+    </message>
+</context>
+<context>
     <name>ChangesModel</name>
     <message>
         <source>Package</source>
@@ -1160,6 +1364,22 @@
         <source>Repository</source>
         <translation>Репозиторий</translation>
     </message>
+    <message>
+        <source>Here already</source>
+        <translation>Уже имеется</translation>
+    </message>
+    <message>
+        <source>%1, the same version</source>
+        <translation>%1, та же версия</translation>
+    </message>
+    <message>
+        <source>%1, older</source>
+        <translation>%1, старее</translation>
+    </message>
+    <message>
+        <source>%1, newer</source>
+        <translation>%1, новее</translation>
+    </message>
 </context>
 <context>
     <name>FurtherFields</name>
@@ -1250,6 +1470,154 @@ Without a choice, .gz.</source>
     <message>
         <source>%1 (not listed)</source>
         <translation>%1 (нет в списке)</translation>
+    </message>
+</context>
+<context>
+    <name>GatherCommands</name>
+    <message>
+        <source>Fetch missing packages...</source>
+        <translation>Загрузить недостающие пакеты...</translation>
+    </message>
+    <message>
+        <source>Fetch missing packages</source>
+        <translation>Загрузить недостающие пакеты</translation>
+    </message>
+    <message>
+        <source>Nothing is missing.</source>
+        <translation>Всего хватает.</translation>
+    </message>
+    <message>
+        <source>Nothing can be fetched. %1</source>
+        <translation>Загрузить ничего нельзя. %1</translation>
+    </message>
+</context>
+<context>
+    <name>GatherDialog</name>
+    <message>
+        <source>Fetch missing packages</source>
+        <translation>Загрузить недостающие пакеты</translation>
+    </message>
+    <message>
+        <source>The chosen packages are fetched and added, so that what needs them finds them in the repository.</source>
+        <translation>Выбранные пакеты будут загружены и добавлены, чтобы нужное другим пакетам нашлось в репозитории.</translation>
+    </message>
+    <message>
+        <source>Package</source>
+        <translation>Пакет</translation>
+    </message>
+    <message>
+        <source>Version</source>
+        <translation>Версия</translation>
+    </message>
+    <message>
+        <source>Architecture</source>
+        <translation>Архитектура</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>Размер</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>Источник</translation>
+    </message>
+    <message>
+        <source>Needed by</source>
+        <translation>Нужен пакетам</translation>
+    </message>
+    <message>
+        <source>%1 instead of %2</source>
+        <translation>%1 вместо %2</translation>
+    </message>
+    <message>
+        <source>What stays missing</source>
+        <translation>Чего по-прежнему не хватает</translation>
+    </message>
+    <message>
+        <source>Preview...</source>
+        <translation>Предпросмотр...</translation>
+    </message>
+    <message>
+        <source>Selected: %1 of %2, %3</source>
+        <translation>Выбрано: %1 из %2, %3</translation>
+    </message>
+    <message>
+        <source>Not needed any more: %1</source>
+        <translation>Больше не нужны: %1</translation>
+    </message>
+</context>
+<context>
+    <name>GatherJob</name>
+    <message>
+        <source>Looking for missing packages</source>
+        <translation>Поиск недостающих пакетов</translation>
+    </message>
+    <message>
+        <source>It is not known what is missing.</source>
+        <translation>Не известно, чего не хватает.</translation>
+    </message>
+    <message>
+        <source>The search for missing packages was stopped.</source>
+        <translation>Поиск недостающих пакетов остановлен.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package(s) to be fetched</source>
+        <translation>
+            <numerusform>Нужно загрузить %n пакет</numerusform>
+            <numerusform>Нужно загрузить %n пакета</numerusform>
+            <numerusform>Нужно загрузить %n пакетов</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>GatherText</name>
+    <message>
+        <source>No source offers it.</source>
+        <translation>Ни один источник этого не предлагает.</translation>
+    </message>
+    <message>
+        <source>No source offers a version that meets it, but only: %1.</source>
+        <translation>Ни один источник не предлагает подходящей версии, есть только: %1.</translation>
+    </message>
+    <message>
+        <source>What would meet it is older than %1 in the repository.</source>
+        <translation>Подходящее старше, чем %1 в репозитории.</translation>
+    </message>
+    <message>
+        <source>It needs another version than %1, which another package needs.</source>
+        <translation>Нужна не та версия, что %1, которая нужна другому пакету.</translation>
+    </message>
+    <message>
+        <source>apt fetches no lists for the architecture %1.</source>
+        <translation>apt не получает списков для архитектуры %1.</translation>
+    </message>
+    <message>
+        <source>apt&apos;s sources offer no installer packages.</source>
+        <translation>Источники apt не предлагают пакетов установщика.</translation>
+    </message>
+    <message>
+        <source>What would meet it is not fetched.</source>
+        <translation>Подходящее не загружается.</translation>
+    </message>
+    <message>
+        <source>What meets it now is replaced by a newer version.</source>
+        <translation>То, что подходит сейчас, заменяется более новой версией.</translation>
+    </message>
+    <message>
+        <source>%1 %2 (%3) needs %4. %5</source>
+        <translation>Пакету %1 %2 (%3) нужно: %4. %5</translation>
+    </message>
+    <message>
+        <source>Nothing is missing any more.</source>
+        <translation>Теперь всего хватает.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n dependency(ies) stay unmet.</source>
+        <translation>
+            <numerusform>Остаётся неудовлетворённой %n зависимость.</numerusform>
+            <numerusform>Остаются неудовлетворёнными %n зависимости.</numerusform>
+            <numerusform>Остаются неудовлетворёнными %n зависимостей.</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -3904,6 +4272,10 @@ One or more values</source>
         <source>The file /etc/vsftpd.conf was written by somebody else, or lets other users in, too. The FTP server may serve more than the repository and is not stopped. The administrator can stop it: systemctl disable --now vsftpd</source>
         <translation>Файл /etc/vsftpd.conf создан кем-то другим или допускает и других пользователей. FTP-сервер, возможно, отдаёт не только репозиторий и поэтому не остановлен. Администратор может остановить его: systemctl disable --now vsftpd</translation>
     </message>
+    <message>
+        <source>No server type is chosen on its page.</source>
+        <translation>На его странице не выбран тип сервера.</translation>
+    </message>
 </context>
 <context>
     <name>PublicationConsent</name>
@@ -5684,8 +6056,12 @@ The file with them is kept as %2.</source>
         </translation>
     </message>
     <message>
-        <source>Only the first %1 of %2 names are shown: type more of the name</source>
-        <translation>Показаны только первые %1 из %2 имён: введите имя подробнее</translation>
+        <source>Search &amp;descriptions too</source>
+        <translation>Искать и в &amp;описаниях</translation>
+    </message>
+    <message>
+        <source>Finds the packages with each of the words in the name or in the short description</source>
+        <translation>Находит пакеты, в имени или кратком описании которых есть каждое из слов</translation>
     </message>
 </context>
 <context>
@@ -7397,6 +7773,22 @@ The file with them is kept as %2.</source>
     <message>
         <source>Other field: %1</source>
         <translation>Другое поле: %1</translation>
+    </message>
+    <message>
+        <source>All that the packages of the repository lack, or those that are named, with what that needs in turn</source>
+        <translation>Всё, чего не хватает пакетам репозитория или названным из них, вместе с тем, что, в свою очередь, нужно найденному</translation>
+    </message>
+    <message>
+        <source>Name the packages to fetch, or give --missing.</source>
+        <translation>Назовите пакеты, которые нужно загрузить, или укажите --missing.</translation>
+    </message>
+    <message>
+        <source>%1 %2 %3, %4, from %5, needed by %6</source>
+        <translation>%1 %2 %3, %4, источник: %5, нужен пакетам: %6</translation>
+    </message>
+    <message>
+        <source>To be fetched: %1, %2</source>
+        <translation>Будет загружено: %1, %2</translation>
     </message>
 </context>
 <context>
