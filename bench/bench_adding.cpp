@@ -132,16 +132,36 @@ run publish repo -skip-signing -skip-contents -architectures=amd64,arm64 measure
 }
 BENCHMARK(AddWithAptly)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
-void AddJob(benchmark::State &state)
+/** Without a history the database is copied all the same, for the case of a kill. */
+HistoryLimits noHistory()
+{
+    HistoryLimits limits;
+    limits.isOn = false;
+    return limits;
+}
+
+void addAll(benchmark::State &state, const HistoryLimits &history)
 {
     const QStringList files = BenchData::packages(BenchData::newPackages());
     const QString path = BenchData::changeableRepository(oldOnes());
     RepoShell shell;
+    shell.setHistoryLimits(history);
     open(shell, path);
     measure(state, files.size(), [&] { runJob(shell, [&] { shell.addPackages(files); }); });
     require(state, areNewOnesThere(path, files.size()));
 }
+
+void AddJob(benchmark::State &state)
+{
+    addAll(state, HistoryLimits());
+}
 BENCHMARK(AddJob)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
+
+void AddWithoutHistory(benchmark::State &state)
+{
+    addAll(state, noHistory());
+}
+BENCHMARK(AddWithoutHistory)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
 // --- one more in a large repository ---------------------------------------------------------------------------------
 
@@ -156,15 +176,27 @@ void addToMany(benchmark::State &state,
     BenchData::shell(QStringLiteral("reprepro -s -b \"$1\" remove dogwood new1; sync -f \"$1\""), {path});
 }
 
-void AddOneToMany(benchmark::State &state)
+void addOneToMany(benchmark::State &state, const HistoryLimits &history)
 {
     RepoShell shell;
+    shell.setHistoryLimits(history);
     open(shell, BenchData::madeRepository({many()}));
     addToMany(state, [&](const QString &, const QString &file) {
         runJob(shell, [&] { shell.addPackages({file}); });
     });
 }
+
+void AddOneToMany(benchmark::State &state)
+{
+    addOneToMany(state, HistoryLimits());
+}
 BENCHMARK(AddOneToMany)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
+
+void AddOneWithoutHistory(benchmark::State &state)
+{
+    addOneToMany(state, noHistory());
+}
+BENCHMARK(AddOneWithoutHistory)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
 void IncludeOneInMany(benchmark::State &state)
 {
