@@ -426,9 +426,10 @@ private Q_SLOTS:
 
     void equalNamesAreToldApart()
     {
-        const QList<PackageInfoPtr> packages{PackageBuilder("foo"_s).architecture("amd64"_s).build(),
-                                             PackageBuilder("bar"_s).architecture("amd64"_s).build(),
-                                             PackageBuilder("foo"_s).architecture("i386"_s).build()};
+        QList<PackageInfoPtr> packages;
+        for (const QString &package : {"foo amd64"_s, "bar amd64"_s, "foo i386"_s})
+            packages
+                += PackageBuilder(package.section(u' ', 0, 0)).architecture(package.section(u' ', 1)).build();
         // Also when one of them is chosen alone.
         QVERIFY(PackageDetails::summary(packages.mid(0, 2), {{}, {}, {}, {}, "i386 amd64"_s, {}})
                     .endsWith(": foo (amd64), bar (amd64)"_s));
