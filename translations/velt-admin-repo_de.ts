@@ -335,6 +335,14 @@
         <source>The report cannot be saved in %1.</source>
         <translation>Der Bericht kann nicht in %1 gespeichert werden.</translation>
     </message>
+    <message>
+        <source>Packages with missing dependencies: %1, not checked: %2</source>
+        <translation>Pakete mit fehlenden Abhängigkeiten: %1, nicht geprüft: %2</translation>
+    </message>
+    <message>
+        <source>Packages that cannot be installed: %1, not known: %2</source>
+        <translation>Nicht installierbare Pakete: %1, nicht bekannt: %2</translation>
+    </message>
 </context>
 <context>
     <name>BatchDialog</name>

@@ -335,6 +335,14 @@
         <source>The report cannot be saved in %1.</source>
         <translation>Не удалось сохранить отчёт в %1.</translation>
     </message>
+    <message>
+        <source>Packages with missing dependencies: %1, not checked: %2</source>
+        <translation>Пакетов с недостающими зависимостями: %1, не проверено: %2</translation>
+    </message>
+    <message>
+        <source>Packages that cannot be installed: %1, not known: %2</source>
+        <translation>Пакетов, которые нельзя установить: %1, неизвестно: %2</translation>
+    </message>
 </context>
 <context>
     <name>BatchDialog</name>

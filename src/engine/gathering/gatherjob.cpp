@@ -55,8 +55,9 @@ int GatherJob::fetch(const GatherPlan &plan, const QList<PackageInfo> &packages,
 
 QList<PackageInfoPtr> GatherJob::unsettled(const GatherPlan &plan) const
 {
-    const auto keyOf
-        = [](const PackageInfo &package) { return package.name + QLatin1Char(' ') + package.architecture; };
+    const auto keyOf = [](const PackageInfo &package) -> QString {
+        return package.name + QLatin1Char(' ') + package.architecture;
+    };
     QSet<QString> lacking;
     for (const GatherPlan::Need &need : plan.needs)
         lacking.insert(keyOf(need.owner));

@@ -62,11 +62,13 @@ QVector<int> GatherPlan::idleRows() const
     for (int before = -1; before != used.size();) {
         before = used.size();
         for (const Need &need : needs) {
-            if (!isPresent(need) || !need.keptWithout.isEmpty()
-                || (need.ownerRow >= 0 && !used.contains(need.ownerRow)))
+            const auto isOn = [this](int row) { return rows.at(row).isOn; };
+            if (!isPresent(need) || (need.ownerRow >= 0 && !used.contains(need.ownerRow))
+                || !std::all_of(need.keptWithout.cbegin(), need.keptWithout.cend(), isOn))
                 continue;
             for (const int row : need.rows)
-                used.insert(row);
+                if (!need.keptWithout.contains(row))
+                    used.insert(row);
         }
     }
     QVector<int> idle;

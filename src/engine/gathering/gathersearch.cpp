@@ -352,11 +352,10 @@ void GatherSearch::fillNeeds(int number, const QVector<int> &rowOf, GatherPlan *
             need.leavesWith = leavesWith.value(owner);
             if (need.rows.isEmpty())
                 explain(system, owner, entry.set, &need);
-            // What only takes the place of something is not needed for that.
-            const QVector<int> needed = need.keptWithout.isEmpty() ? need.rows : QVector<int>();
-            for (const int row : needed) {
+            for (const int row : qAsConst(need.rows)) {
                 QStringList &names = plan->rows[row].neededBy;
-                if (!names.contains(need.owner.name))
+                // What only takes the place of something is not needed for that.
+                if (!need.keptWithout.contains(row) && !names.contains(need.owner.name))
                     names.append(need.owner.name);
             }
             plan->needs.append(need);

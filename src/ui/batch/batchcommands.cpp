@@ -22,7 +22,7 @@
 #include <QIcon>
 #include <QMenu>
 
-#include <utility>
+#include <algorithm>
 
 namespace
 {
@@ -114,6 +114,11 @@ BatchCommands::add(QMenu *menu, const QString &text, const char *icon, void (Bat
     return action;
 }
 
+QString BatchCommands::emptyText()
+{
+    return tr("The repository is empty.");
+}
+
 void BatchCommands::updateActions()
 {
     const bool isFree = m_run == nullptr || m_run->isOver();
@@ -158,18 +163,40 @@ void BatchCommands::check()
     }
     const auto start = [](RepoWidget *widget) {
         widget->repoShell()->checkDepends(widget->repoShell()->packages());
-        return QString();
+        return widget->repoShell()->packageCount() == 0 ? emptyText() : QString();
     };
-    run(tr("Checking the dependences of all open repositories"), openRepositories(), {start});
+    const auto tell = [](const RepoWidget *widget) {
+        const QList<PackageInfoPtr> packages = widget->repoShell()->packages();
+        const auto count = [&packages](DependStatus status) {
+            return std::count_if(packages.cbegin(), packages.cend(), [status](const PackageInfoPtr &package) {
+                return package->dependStatus() == status;
+            });
+        };
+        return tr("Packages with missing dependencies: %1, not checked: %2")
+            .arg(count(DependError))
+            .arg(count(DependUndefined));
+    };
+    run(tr("Checking the dependences of all open repositories"), openRepositories(), {start, tell});
 }
 
 void BatchCommands::checkCompletely()
 {
     const auto start = [base = m_bench.settings.checkBase()](RepoWidget *widget) {
         widget->repoShell()->checkCompletely(widget->repoShell()->packages(), base);
-        return QString();
+        return widget->repoShell()->packageCount() == 0 ? emptyText() : QString();
     };
-    run(tr("Complete check of all open repositories"), openRepositories(), {start});
+    const auto tell = [](const RepoWidget *widget) {
+        const QList<PackageInfoPtr> packages = widget->repoShell()->packages();
+        const auto count = [&packages](Installability state) {
+            return std::count_if(packages.cbegin(), packages.cend(), [state](const PackageInfoPtr &package) {
+                return package->installabilityState() == state;
+            });
+        };
+        return tr("Packages that cannot be installed: %1, not known: %2")
+            .arg(count(NotInstallable))
+            .arg(count(InstallabilityUnknown) + count(InstallabilityUndecided));
+    };
+    run(tr("Complete check of all open repositories"), openRepositories(), {start, tell});
 }
 
 void BatchCommands::exportAll()
@@ -214,7 +241,7 @@ void BatchCommands::upgrade()
         if (!m_bench.tabs.isChangeable(widget))
             return tr("You may not write to this repository.");
         if (widget->repoShell()->packageCount() == 0)
-            return tr("The repository is empty.");
+            return emptyText();
         m_upgrades.search(widget, sources);
         return QString();
     };

@@ -41,6 +41,7 @@ public:
 private:
     using Stages = QVector<BatchRun::Stage>;
 
+    static QString emptyText();
     QAction *add(QMenu *menu, const QString &text, const char *icon, void (BatchCommands::*command)());
     void openBelow();
     void check();

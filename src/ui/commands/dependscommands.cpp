@@ -178,8 +178,9 @@ void DependsCommands::addPackageFromInternet()
     filter.architectures = QSet<QString>(architectures.cbegin(), architectures.cend());
     filter.isAsked = [repos](const QString &origin) { return repos.isOriginAsked(origin); };
     QHash<QString, QString> versions;
-    const auto keyOf
-        = [](const PackageInfo &package) { return package.name + QLatin1Char('/') + package.architecture; };
+    const auto keyOf = [](const PackageInfo &package) -> QString {
+        return package.name + QLatin1Char('/') + package.architecture;
+    };
     const QList<PackageInfoPtr> present = target->repoShell()->packages();
     for (const PackageInfoPtr &package : present)
         if (package->type == PackageType::Deb)

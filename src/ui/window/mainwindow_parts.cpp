@@ -71,19 +71,18 @@ void MainWindow::buildDependsMenu()
 
 void MainWindow::buildPackageMenu()
 {
-    m_packageMenu = new PackageMenu({{m_ui->m_addPackagesAction},
-                                     QList<QAction *>{m_ui->m_removePackagesAction,
-                                                      m_ui->m_signPackagesAction,
-                                                      m_ui->m_exportSelectedPackagesAction,
-                                                      m_ui->m_exportWithDependsAction}
-                                         + m_copying->actions(),
-                                     {m_packageFiles->menu()->menuAction()},
-                                     QList<QAction *>{m_ui->m_checkDependStartAction,
-                                                      m_gathering->action(),
-                                                      m_installability->checkAction()}
-                                         + m_reports->actions(),
-                                     {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
-                                    this);
+    m_packageMenu
+        = new PackageMenu({{m_ui->m_addPackagesAction},
+                           QList<QAction *>{m_ui->m_removePackagesAction,
+                                            m_ui->m_signPackagesAction,
+                                            m_ui->m_exportSelectedPackagesAction,
+                                            m_ui->m_exportWithDependsAction}
+                               + m_copying->actions(),
+                           {m_packageFiles->menu()->menuAction()},
+                           QList<QAction *>{m_ui->m_checkDependStartAction, m_installability->checkAction()}
+                               + m_reports->actions(),
+                           {m_ui->m_changeRepoAction, m_ui->m_removeRepoAction}},
+                          this);
     m_ui->m_editMenu->insertActions(m_ui->m_changeRepoAction,
                                     QList<QAction *>{m_gathering->action(),
                                                      m_installability->checkAction(),
