@@ -103,8 +103,9 @@ private Q_SLOTS:
         QCOMPARE(packagesOf(path("r"_s)), "old 2"_s);
         QCOMPARE(packagesOf(path("other/r"_s)), "same 1"_s);
         const QString nothing = "|Done|Packages with missing dependencies: 0, not checked: 0"_s;
-        QCOMPARE(rowsOf("m_batchCheckAction"),
-                 (QStringList{"r"_s + nothing, "r"_s + nothing, "empty|Left out|The repository is empty."_s}));
+        QCOMPARE(
+            rowsOf("m_batchCheckAction"),
+            (QStringList{"r"_s + nothing, "r"_s + nothing, "empty|Left out|The repository is empty."_s}));
     }
 
     void whatCannotBeDoneIsSaid()

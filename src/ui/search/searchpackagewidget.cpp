@@ -78,6 +78,9 @@ void SearchPackageWidget::layOut()
     m_packagesTable->setObjectName(QStringLiteral("m_packagesTable"));
     m_packagesTable->setAccessibleName(tr("Packages found"));
     m_packagesTable->setModel(m_proxy);
+    // The names of sources are long.
+    m_packagesTable->horizontalHeader()->moveSection(FoundPackagesModel::PresentColumn,
+                                                     FoundPackagesModel::RepositoryColumn);
     m_packagesTable->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_packagesTable->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_packagesTable->setEditTriggers(QAbstractItemView::NoEditTriggers);
