@@ -353,6 +353,16 @@ private Q_SLOTS:
         cutShort({"add"_s, files, false});
     }
 
+    /** The description gets an architecture and a component in the middle of the job. */
+    void extending()
+    {
+        const QString folder = m_folder->filePath("further"_s);
+        cutShort({"add"_s,
+                  {m_new.first(),
+                   DebBuilder("far"_s).architecture("arm64"_s).build(folder),
+                   DebBuilder("beside"_s).field("Section"_s, "extra/net"_s).build(folder)},
+                  false});
+    }
     void replacing() { cutShort({"add"_s, m_other, false}); }
     void replacingAndPruning() { cutShort({"add"_s, m_other, false, false, 0, 2}); }
     void removing() { cutShort({"remove"_s, {"one"_s, "every"_s, "side"_s}, false}); }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "engine/repository/repositoryextension.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -35,4 +36,5 @@ struct AddOptions
     QString signKeyId; ///< the key to sign with
     std::shared_ptr<const DecidedPlaces> decided = {}; ///< null: what goes in is decided on the way
     std::shared_ptr<const CopiedFiles> copied = {}; ///< null: no file comes from a repository
+    RepositoryExtension extension = {}; ///< what the repository gets first; further things are asked for
 };

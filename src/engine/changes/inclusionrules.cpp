@@ -8,6 +8,8 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace
 {
 QString advice()
@@ -53,6 +55,32 @@ QVector<PackageInfo> InclusionRules::records(const PackageInfo &package, const T
         records.append(record);
     }
     return records;
+}
+
+RepositoryExtension InclusionRules::lacking(const PackageInfo &package, const Target &target)
+{
+    RepositoryExtension lacking;
+    if (!target.isDescriptionRead)
+        return lacking;
+    const QString &architecture = package.architecture;
+    if (architecture != QLatin1String("all") && !target.info.binaryArchitectures().contains(architecture))
+        lacking.architectures.append(architecture);
+    const QString &component = target.component.isEmpty() ? package.component : target.component;
+    if (!target.info.componentList().contains(component))
+        lacking.components.append(component);
+    if (lacking.isEmpty())
+        return lacking;
+    const auto can = [](const QStringList &names, bool (*isGood)(const QString &)) {
+        return std::all_of(names.cbegin(), names.cend(), isGood);
+    };
+    if (!can(lacking.architectures, &RepositoryExtension::canBeArchitecture)
+        || !can(lacking.components, &RepositoryExtension::canBeComponent))
+        return {};
+    Target extended = target;
+    extended.info = lacking.appliedTo(target.info);
+    const auto records = InclusionRules::records(package, extended);
+    return !records.isEmpty() && refusal(records.first(), extended).isEmpty() ? lacking
+                                                                              : RepositoryExtension();
 }
 
 std::optional<RepoEnums::ErrorCode> InclusionRules::collision(const QString &version, const QString &present)

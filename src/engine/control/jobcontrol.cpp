@@ -66,13 +66,18 @@ bool JobControl::canAsk() const
 
 bool JobControl::ask(const QString &title, const QString &text, bool safeAnswer, QuestionKind kind)
 {
+    return ask(title, text, {safeAnswer, kind});
+}
+
+bool JobControl::ask(const QString &title, const QString &text, const QuestionTraits &traits)
+{
     if (!canAsk())
-        return safeAnswer;
+        return traits.safeAnswer;
     // When the receiver goes away while we wait, the emission returns without an answer.
-    m_answer = safeAnswer;
+    m_answer = traits.safeAnswer;
     {
         const QMutexLocker lock(&m_mutex);
-        m_traits = {safeAnswer, kind};
+        m_traits = traits;
     }
     const LentThread lent;
     Q_EMIT m_signals.question(title, text);

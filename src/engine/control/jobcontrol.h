@@ -54,6 +54,7 @@ public:
     /** Asks and waits for the answer; `safeAnswer` when nobody can be asked or nobody answers. */
     bool
     ask(const QString &title, const QString &text, bool safeAnswer, QuestionKind kind = QuestionKind::GoOn);
+    bool ask(const QString &title, const QString &text, const QuestionTraits &traits);
     /** Those of the pending question; any thread. */
     QuestionTraits questionTraits() const;
     void setAnswer(bool answer) { m_answer = answer; } ///< any thread

@@ -73,7 +73,8 @@ int ChangeJob::run(const Wish &wish)
     ExportSession::setMarker(wish.path);
     const RepoChange change{oldInfo, wish.info, wish.carriesPackages};
     const QList<PackageInfoPtr> packages = m_context.packages.all();
-    DescriptionChange description(m_context, change, *text);
+    ExportSession session = JobSession::begin(m_context);
+    DescriptionChange description(m_context, session, change, *text);
     if (description.run()) {
         description.commit();
         move.removeOriginal();

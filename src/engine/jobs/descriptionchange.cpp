@@ -2,7 +2,6 @@
 #include "engine/jobs/descriptionchange.h"
 
 #include "engine/changes/jobcontext.h"
-#include "engine/changes/jobsession.h"
 #include "engine/changes/signaturerecord.h"
 #include "engine/repository/distributions.h"
 #include "engine/repository/distributionsfile.h"
@@ -17,14 +16,37 @@
 #include <cstdlib>
 #include <utility>
 
-DescriptionChange::DescriptionChange(JobContext &context, RepoChange change, QByteArray text)
+DescriptionChange::DescriptionChange(JobContext &context,
+                                     ExportSession &session,
+                                     RepoChange change,
+                                     QByteArray text)
     : m_context(context)
     , m_change(std::move(change))
     , m_text(std::move(text))
-    , m_session(JobSession::begin(context))
+    , m_session(session)
 { }
 
 bool DescriptionChange::run()
+{
+    if (!write() || !takeOutVanished())
+        return false;
+    removeVanishedIndices(m_context.path(), m_change.before, m_change.after);
+    if (!exportOrGiveUpSigning())
+        return false;
+    keepSignatures();
+    return true;
+}
+
+bool DescriptionChange::extend()
+{
+    if (!write())
+        return false;
+    m_session.requireExport();
+    keepSignatures();
+    return true;
+}
+
+bool DescriptionChange::write()
 {
     const QString path = m_context.path();
     const QList<PackageInfoPtr> packages = m_context.packages.all();
@@ -38,12 +60,6 @@ bool DescriptionChange::run()
         return false;
     }
     m_context.gate.renew(path);
-    if (!takeOutVanished())
-        return false;
-    removeVanishedIndices(path, m_change.before, m_change.after);
-    if (!exportOrGiveUpSigning())
-        return false;
-    keepSignatures();
     return true;
 }
 

@@ -16,16 +16,19 @@ struct JobContext;
 
 /**
  * Writes the description of the open repository anew, and makes database, indices and signatures follow. A failure
- * leaves things half done: the database has been copied before (RunningPoint), and the caller undoes all of it.
+ * leaves things half done: the database has been copied before (RunningPoint), and the caller undoes all of it. The
+ * session is that of the job, and outlives the object.
  */
 class DescriptionChange : public RepoEnums
 {
     Q_DECLARE_TR_FUNCTIONS(RepoShell)
 public:
     /** `text` is the description that is in force, as it stands in its file. */
-    DescriptionChange(JobContext &context, RepoChange change, QByteArray text);
+    DescriptionChange(JobContext &context, ExportSession &session, RepoChange change, QByteArray text);
 
     bool run();
+    /** The same for a description that only gets more places. The indices are left to the end of the session. */
+    bool extend();
     /** After run(): the change stands, and becomes a point of the history. */
     void commit();
     /** Why run() has failed. */
@@ -35,9 +38,10 @@ private:
     JobContext &m_context;
     const RepoChange m_change;
     const QByteArray m_text;
-    ExportSession m_session;
+    ExportSession &m_session;
     QString m_details;
 
+    bool write();
     ProcessResult prepare(const QList<PackageInfoPtr> &packages);
     ProcessResult carryOver(const QList<PackageInfoPtr> &packages);
     bool takeOutVanished();

@@ -151,6 +151,7 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
             ERROR, tr("Added %n package(s) to local repo: %1", nullptr, 0).arg(QString()), DOWNLOAD_JOB);
     PackageAdding adding(m_context, m_options, packages.size() == 1);
     adding.setWanting(wanting);
+    adding.offerExtension(packages);
     bool stopped = m_context.control.isCanceled();
     for (int first = 0; first < packages.size() && !stopped; first += FilesPerRun) {
         const QList<PackageInfo> block = packages.mid(first, FilesPerRun);

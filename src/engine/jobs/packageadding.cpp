@@ -12,13 +12,16 @@
 #include "engine/changes/runsize.h"
 #include "engine/history/repositoryhistory.h"
 #include "engine/jobs/checkjob.h"
+#include "engine/jobs/repositoryextending.h"
 #include "engine/recovery/sessionend.h"
 
 #include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -117,43 +120,128 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
         purpose = PackageFile::ForIndex;
     auto reader = std::make_unique<PackageFileReader>(
         files, RunSize::Largest, [this] { return m_context.control.isCanceled(); }, purpose);
-    bool stopped = false;
-    bool isComplete = true;
-    int done = 0;
-    while (done < files.size() && !stopped) {
-        stopped = mustEnd();
-        if (stopped)
+    Course course{frame, files.size()};
+    const bool mayGoOn = extend(m_options.extension);
+    for (int taken = 0; mayGoOn && taken < files.size() && !course.isStopped;) {
+        course.isStopped = mustEnd();
+        if (course.isStopped)
             break;
         const bool together = isLarge && m_session.isSilent();
         QVector<PackageFile> read = reader->next(together ? size.packages() : 1);
+        taken += read.size();
         refuseChanged(&read);
-        bool isAskedFor = m_rules.mustAsk();
-        if (together) {
-            size.start();
-            includeTogether(read);
-            size.adapt();
-        }
-        for (int i = 0; i < read.size(); ++i) {
-            const PackageFile &file = read.at(i);
-            // The answer about the first collision can be for all: so the others can share a run too.
-            if (together && isAskedFor && !m_rules.mustAsk())
-                includeTogether(read.mid(i));
-            isAskedFor = m_rules.mustAsk();
-            ++done;
-            // Files that are in already are reported, also after a stop.
-            stopped = stopped || mustEnd();
-            if (stopped && !m_inclusion.isAhead(file.path)) {
-                isComplete = false;
-                continue;
-            }
-            addReadFile(file, done == files.size());
-            frame->itemDone(files.size());
-        }
+        letWait(&read);
+        addRead(read, together ? &size : nullptr, &course);
     }
     reader.reset();
+    addWaiting(isLarge, &course);
     finish();
     // A stop that came after the last file has stopped nothing.
-    return isComplete && done == files.size() ? SUCCESS : CANCEL;
+    return !mayGoOn || (course.isComplete && course.done == files.size()) ? SUCCESS : CANCEL;
+}
+
+void PackageAdding::addRead(const QVector<PackageFile> &files, RunSize *shared, Course *course)
+{
+    bool isAskedFor = m_rules.mustAsk();
+    if (shared != nullptr && !files.isEmpty()) {
+        shared->start();
+        includeTogether(files);
+        shared->adapt();
+    }
+    for (int i = 0; i < files.size(); ++i) {
+        const PackageFile &file = files.at(i);
+        // The answer about the first collision can be for all: so the others can share a run too.
+        if (shared != nullptr && isAskedFor && !m_rules.mustAsk())
+            includeTogether(files.mid(i));
+        isAskedFor = m_rules.mustAsk();
+        ++course->done;
+        // Files that are in already are reported, also after a stop.
+        course->isStopped = course->isStopped || mustEnd();
+        if (course->isStopped && !m_inclusion.isAhead(file.path)) {
+            course->isComplete = false;
+            continue;
+        }
+        addReadFile(file, course->done == course->files);
+        course->frame->itemDone(course->files);
+    }
+}
+
+RepositoryExtension PackageAdding::lackingFor(const QVector<PackageFile> &files) const
+{
+    RepositoryExtension lacking;
+    InclusionRules::Target target = this->target();
+    for (const PackageFile &file : files) {
+        target.component = componentOf(file.path);
+        if (file.package)
+            lacking.unite(InclusionRules::lacking(*file.package, target));
+    }
+    return lacking;
+}
+
+void PackageAdding::letWait(QVector<PackageFile> *files)
+{
+    // What a preview has decided was decided for all files.
+    if (m_options.decided || lackingFor(*files).isEmpty())
+        return;
+    const auto waiting = std::stable_partition(files->begin(), files->end(), [this](const PackageFile &file) {
+        return lackingFor({file}).isEmpty();
+    });
+    std::move(waiting, files->end(), std::back_inserter(m_waiting));
+    files->erase(waiting, files->end());
+}
+
+void PackageAdding::addWaiting(bool isLarge, Course *course)
+{
+    const QVector<PackageFile> files = std::exchange(m_waiting, {});
+    if (files.isEmpty() || course->isStopped || mustEnd())
+        return;
+    const RepositoryExtension extension = lackingFor(files);
+    if (isDamaged()
+        || (RepositoryExtending(m_context, m_session).isWanted(extension, files.size())
+            && !extend(extension))) {
+        course->done += files.size();
+        return;
+    }
+    RunSize size;
+    for (int i = 0; i < files.size();) {
+        const bool together = isLarge && m_session.isSilent();
+        const QVector<PackageFile> next = files.mid(i, together ? size.packages() : 1);
+        i += next.size();
+        addRead(next, together ? &size : nullptr, course);
+    }
+}
+
+void PackageAdding::offerExtension(const QList<PackageInfo> &packages)
+{
+    // What a preview has shown needs no question.
+    if (m_options.decided) {
+        extend(m_options.extension);
+        return;
+    }
+    RepositoryExtension lacking;
+    int files = 0;
+    const InclusionRules::Target target = this->target();
+    for (PackageInfo package : packages) {
+        // The component of what has still to be fetched can be unknown.
+        if (package.component.isEmpty())
+            package.component = target.info.componentList().value(0);
+        const RepositoryExtension extension = InclusionRules::lacking(package, target);
+        files += extension.isEmpty() ? 0 : 1;
+        lacking.unite(extension);
+    }
+    if (!lacking.isEmpty() && RepositoryExtending(m_context, m_session).isWanted(lacking, files))
+        extend(lacking);
+}
+
+bool PackageAdding::extend(const RepositoryExtension &extension)
+{
+    if (extension.isEmpty())
+        return true;
+    const bool isSilent = m_session.isSilent();
+    m_isGivenUp = !RepositoryExtending(m_context, m_session).run(extension);
+    if (isSilent)
+        m_session.startSilently();
+    return !m_isGivenUp;
 }
 
 void PackageAdding::addReadFile(const PackageFile &read, bool isLast)

@@ -4,6 +4,7 @@
 #include "core/packageinfo.h"
 #include "core/packagereplacementrules.h"
 #include "core/repoenums.h"
+#include "engine/archive/packagefile.h"
 #include "engine/changes/addoptions.h"
 #include "engine/changes/batchinclusion.h"
 #include "engine/changes/exportsession.h"
@@ -17,7 +18,7 @@
 
 struct JobContext;
 class JobFrame;
-struct PackageFile;
+class RunSize;
 
 /** The common part of all jobs that add packages. */
 class PackageAdding : public RepoEnums
@@ -42,8 +43,13 @@ public:
     /** Has the packages removed at the end that leave their places for the file at this path, where it is in. */
     void letLeave(const QString &path);
 
-    /** Adds the files one by one and finishes; CANCEL after a stop. */
+    /**
+     * Adds the files one by one and finishes; CANCEL after a stop. Files for an architecture or a component that the
+     * repository lacks come last, after one question whether it is to get these.
+     */
     ErrorCode addFiles(const QStringList &files, JobFrame *frame);
+    /** Offers to give the repository what it lacks for these packages. Call it before the first addition. */
+    void offerExtension(const QList<PackageInfo> &packages);
     /** Adds a file for the architectures that it serves. */
     void addReadFile(const PackageFile &read, bool isLast);
     /** The file at this path on its way into the repository, for the jobs that include files themselves. */
@@ -72,8 +78,8 @@ public:
 
     /** Whether no further file may be added: after a stop, and when the repository must not be changed. */
     bool mustEnd() const;
-    /** Whether the database is damaged, so that nothing more can be done. */
-    bool isDamaged() const { return m_session.isDamaged(); }
+    /** Whether nothing more can be done, because the database is damaged or the end of the job undoes all of it. */
+    bool isDamaged() const { return m_session.isDamaged() || m_isGivenUp; }
     int addedCount() const { return m_added.size(); }
     /** The files that are in. */
     QString addedNames() const { return m_added.join(QLatin1String(", ")); }
@@ -98,9 +104,29 @@ private:
     QHash<QString, QString> m_shownNames;
     QHash<QString, QString> m_origins;
     QList<PackageInfoPtr> m_wanting;
+    bool m_isGivenUp = false;
+    QVector<PackageFile> m_waiting; ///< for what the repository lacks
     QStringList m_added; ///< names of the files that are in
     QList<PackageInfoPtr> m_leaving;
 
+    /** The course of addFiles(). */
+    struct Course
+    {
+        JobFrame *frame;
+        int files;
+        int done = 0;
+        bool isStopped = false;
+        bool isComplete = true; ///< no file was left out because of a stop
+    };
+
+    void addRead(const QVector<PackageFile> &files, RunSize *shared, Course *course);
+    /** Takes the files out that wait until it is known whether the repository gets what they need. */
+    void letWait(QVector<PackageFile> *files);
+    void addWaiting(bool isLarge, Course *course);
+    /** False when the job must not go on. */
+    bool extend(const RepositoryExtension &extension);
+    /** What the repository would need for the files; those for which that would not do need nothing. */
+    RepositoryExtension lackingFor(const QVector<PackageFile> &files) const;
     /** Puts those of the files into the repository that can share a run. */
     void includeTogether(const QVector<PackageFile> &files);
     InclusionRules::Target target() const;

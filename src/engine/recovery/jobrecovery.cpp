@@ -234,9 +234,14 @@ bool JobRecovery::undoJob()
     if (!RunningPoint::exists(path) || PointCommit::isPending(path))
         return false;
     const QStringList files = ExportSession::filesLeft(path);
+    const bool changesDescription = RunningPoint::changesDescription(path);
     PointRestore restore(m_context);
     if (!restore.run())
         return true;
+    if (const auto info = DistributionsFile(path).read(); info && changesDescription) {
+        m_context.repository.setInfo(*info);
+        Q_EMIT m_context.listener.repoInfoAdded();
+    }
     if (restore.wasDamaged())
         tellOfDamage();
     else

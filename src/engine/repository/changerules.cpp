@@ -9,10 +9,10 @@
 
 namespace
 {
-/** The words of the list, separated by any white space. */
+/** The words of the list, separated by any white space, up to a comment. */
 QStringList words(const QString &list)
 {
-    return list.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    return list.section(QLatin1Char('#'), 0, 0).simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
 QStringList without(const QStringList &list, const QStringList &others)

@@ -86,6 +86,9 @@ private Q_SLOTS:
     void everyJobCanBeUndone()
     {
         HistoryHarness h("amd64 i386"_s);
+        HistoryLimits limits;
+        limits.points = 50;
+        h.shell.setHistoryLimits(limits);
         h.info.contents = true;
         h.choice = PackageReplacementRules::ReplaceThis;
         const QString all = h.deb(DebBuilder("all"_s).architecture("all"_s));
@@ -107,8 +110,12 @@ private Q_SLOTS:
         h.info.contents = false;
         QVERIFY(h.step([&] { h.shell.changeRepo(h.repoPath(), h.info, {}, true); }));
         QVERIFY(add(h.debs("foo", "1.0")));
+        h.reply = true; // to what the repository lacks
+        QVERIFY(add({h.deb(DebBuilder("foo"_s).architecture("arm64"_s).field("Section"_s, "extra/net"_s)),
+                     h.deb(DebBuilder("all"_s).version("2.0"_s).architecture("all"_s))}));
+        QCOMPARE(h.shell.repoInfo().architectures + h.shell.repoInfo().components, "amd64 arm64main extra"_s);
         const QList<int> points = h.states.keys();
-        QCOMPARE(points.size(), 10);
+        QCOMPARE(points.size(), 11);
         // One after the other, then from one end to the other and back; each way back is a job with a point of its own.
         QList<int> way;
         for (int i = points.size() - 1; i >= 0; --i)

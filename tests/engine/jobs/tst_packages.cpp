@@ -540,10 +540,10 @@ private Q_SLOTS:
             text + ":\nIts name does not end in .deb or .udeb."_s,
             pipe + ":\nIt is no regular file."_s,
             empty + ":\nThe file is empty."_s,
+            large + ":\nThe control data of the package are too large."_s,
             arm
                 + ":\nThe package is for the architecture arm64, and the repository has "
-                  "these: amd64, i386."_s,
-            large + ":\nThe control data of the package are too large."_s};
+                  "these: amd64, i386."_s};
         QCOMPARE(
             h.criticals,
             QStringList(reasons).replaceInStrings(QRegularExpression("^"_s), "Error adding package!|"_s));
@@ -553,6 +553,56 @@ private Q_SLOTS:
         runShell("sed -i '/^Architectures/s/$/\\n arm64/' conf/distributions"_s, h.repoPath());
         h.add({arm});
         QCOMPARE(h.trouble(), QString());
+    }
+
+    /** One question for all files; then reprepro has them all, and what serves all architectures serves the new ones. */
+    void whatTheRepositoryLacks()
+    {
+        RepoHarness h;
+        const QString conf = h.repoPath() + "/conf/distributions"_s;
+        runShell("sed -i '/^Architectures/s/$/ # ours/' conf/distributions"_s, h.repoPath());
+        writeFile(conf, readFile(conf) + "# by hand\nNotAutomatic: yes\n");
+        QCOMPARE(h.open(h.repoPath()), RepoEnums::SUCCESS);
+        h.add(QStringList{h.deb(DebBuilder("every"_s).architecture("all"_s))});
+        const auto file = [&h](const QString &name, const QString &architecture, const QString &section) {
+            return h.deb(DebBuilder(name).architecture(architecture).field("Section"_s, section));
+        };
+        QStringList files{file("arm"_s, "arm64"_s, "net"_s),
+                          file("side"_s, "amd64"_s, "extra/net"_s),
+                          h.deb(DebBuilder("boot"_s).architecture("arm64"_s).udeb()),
+                          file("odd"_s, "any"_s, "net"_s),
+                          file("out"_s, "amd64"_s, "../net"_s),
+                          h.debs("plain").first()};
+        for (int i = 0; i < 60; ++i)
+            files += file("many%1"_s.arg(i), i % 2 == 0 ? "arm64"_s : "armhf"_s, "net"_s);
+        const QByteArray before = readFile(conf);
+        h.add(files);
+        QCOMPARE(h.questions.size(), 1);
+        QVERIFY(h.questions.first().contains("arm64"_s) && h.questions.first().contains("extra"_s));
+        QVERIFY(readFile(conf) == before && h.holds("every 1.0 main amd64,plain 1.0 main amd64"_s));
+
+        h.reply = true;
+        h.add(files);
+        QCOMPARE(h.questions.size(), 1);
+        QVERIFY2(h.criticals.size() == 2, qPrintable(h.trouble())); // what no description could take
+        const QStringList listed = h.inDatabase();
+        QCOMPARE(h.shell.repoInfo().binaryArchitectures().join(u' '), "amd64 arm64 armhf"_s);
+        QVERIFY(readFile(conf).contains("# by hand\nNotAutomatic: yes\n"));
+        QCOMPARE(h.listed().filter("many"_s).size(), 60);
+        QCOMPARE(h.listed().filter("every"_s).join(u','),
+                 "every 1.0 main amd64,every 1.0 main arm64,every 1.0 main armhf"_s);
+        QCOMPARE(h.listed().filter("side"_s).join(u','), "side 1.0 extra amd64"_s);
+        QVERIFY2(h.settled() && h.reprepro({"check"_s}).succeeded()
+                     && h.reprepro({"checkpool"_s}).succeeded(),
+                 qPrintable(listed.join(u'\n')));
+        // What the opening reads is what the job has shown.
+        const QStringList shown = h.listed();
+        QCOMPARE(h.open(h.repoPath()), RepoEnums::SUCCESS);
+        QCOMPARE(h.listed(), shown);
+        // Nobody is asked about a description that this program must not write anew.
+        writeFile(conf, readFile(conf) + "\nCodename: other\nArchitectures: amd64\nComponents: main\n");
+        h.add({file("late"_s, "mips"_s, "net"_s)});
+        QVERIFY(h.questions.isEmpty() && h.complains("mips"_s));
     }
 
     void refusedReplacementPutsTheOldOneBack()
