@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/history/packagechange.h"
+#include "engine/repository/repositoryextension.h"
 
 #include <QMetaType>
 #include <QString>
@@ -77,6 +78,7 @@ struct ChangePreview
     QString repository; ///< path
     QByteArray stamp; ///< of the state of the repository that the preview is made from
     QVector<PreviewRow> rows;
+    RepositoryExtension lacking; ///< what the repository would need for all of the packages
     PreviewEffect effect;
     std::shared_ptr<const PreviewRequest> request; ///< what it was made for
     std::shared_ptr<const PreviewSource>

@@ -71,6 +71,15 @@ QVector<PackageInfo> InclusionPreview::recordsOf(const OfferedPackage &offered) 
                            : QVector<PackageInfo>();
 }
 
+RepositoryExtension InclusionPreview::lacking(const QVector<OfferedPackage> &offered) const
+{
+    RepositoryExtension lacking;
+    for (const OfferedPackage &package : offered)
+        if (package.package && package.reason.isEmpty())
+            lacking.unite(InclusionRules::lacking(*package.package, targetOf(package)));
+    return lacking;
+}
+
 QSet<QString> InclusionPreview::contestedFiles(const QVector<OfferedPackage> &offered) const
 {
     QHash<QString, QString> checksums;

@@ -39,6 +39,8 @@ public:
                      PackageReplacementRules collisions,
                      bool isSigning);
 
+    /** What the repository would need so that further packages could go in; see InclusionRules. */
+    RepositoryExtension lacking(const QVector<OfferedPackage> &offered) const;
     /** The rows in the order of the packages. */
     QVector<PreviewRow> rows(const QVector<OfferedPackage> &offered);
 

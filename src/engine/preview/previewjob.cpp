@@ -67,6 +67,11 @@ int PreviewJob::run(const PreviewRequest &request)
     if (found != SUCCESS)
         return frame.finish(ERROR, failure, PREVIEW_JOB);
     preview.source = m_source;
+    if (preview.request->extends) {
+        PreviewRequest complete = *preview.request;
+        complete.options.extension = preview.lacking;
+        preview.request = std::make_shared<const PreviewRequest>(complete);
+    }
     fillEffect(&preview);
     return finish(std::move(preview), &frame);
 }
@@ -140,13 +145,38 @@ PreviewJob::findRows(const PreviewRequest &request, ChangePreview *preview, JobF
     return ERROR;
 }
 
-QVector<PreviewRow> PreviewJob::inclusionRows(const PreviewRequest &request,
-                                              const QVector<OfferedPackage> &offered)
+void PreviewJob::addInclusionRows(const PreviewRequest &request,
+                                  const QVector<OfferedPackage> &offered,
+                                  ChangePreview *preview)
 {
-    const auto target = InclusionRules::Target::of(
-        m_context.path(), m_context.repository.info(), request.options.component);
-    InclusionPreview rows(target, m_context.packages.all(), request.collisions, request.options.sign);
-    return rows.rows(offered);
+    const QString path = m_context.path();
+    auto target = InclusionRules::Target::of(path, m_context.repository.info(), request.options.component);
+    auto present = m_context.packages.all();
+    const InclusionPreview asItIs(target, present, request.collisions, request.options.sign);
+    preview->lacking = asItIs.lacking(offered);
+    QVector<PreviewRow> further;
+    if (request.extends && !preview->lacking.isEmpty()) {
+        const DistributionsFile file(path);
+        const QByteArray text = file.readBytes().value_or(QByteArray());
+        const RepoInfo before = file.parsed(text);
+        const RepoChange change{before, preview->lacking.appliedTo(before), false};
+        further = PreviewRows::description(change, present);
+        for (PreviewRow &row : further)
+            row.change.after = InclusionPreview::presentState(*row.offered, true);
+        DescriptionEffect::fill(&preview->effect, {change, QString::fromUtf8(text), path, path, {}});
+        target.info = change.after;
+        present = change.left(present);
+    }
+    InclusionPreview rows(target, present, request.collisions, request.options.sign);
+    preview->rows = rows.rows(offered);
+    // A package that comes into a new architecture and is replaced there at once has one row.
+    QSet<PackageKey> places;
+    for (const PreviewRow &row : qAsConst(preview->rows))
+        if (row.offered && row.verdict != PreviewRow::Refused)
+            places.insert(PackageKey::of(*row.offered));
+    for (const PreviewRow &row : qAsConst(further))
+        if (!places.contains(PackageKey::of(*row.offered)))
+            preview->rows.append(row);
 }
 
 RepoEnums::ErrorCode PreviewJob::addFileRows(const PreviewRequest &request,
@@ -185,7 +215,7 @@ RepoEnums::ErrorCode PreviewJob::addFileRows(const PreviewRequest &request,
     }
     if (isStopped())
         return CANCEL;
-    preview->rows = inclusionRows(request, offered);
+    addInclusionRows(request, offered, preview);
     if (request.options.copied)
         PreviewRows::addLeaving(&preview->rows, *request.options.copied);
     return SUCCESS;
@@ -234,7 +264,7 @@ RepoEnums::ErrorCode PreviewJob::addFetchRows(const PreviewRequest &request, Cha
     }
     if (isStopped())
         return CANCEL;
-    preview->rows = inclusionRows(request, offered);
+    addInclusionRows(request, offered, preview);
     return SUCCESS;
 }
 
@@ -383,13 +413,14 @@ int PreviewJob::finish(ChangePreview preview, JobFrame *frame)
     const auto present = m_context.packages.all();
     const QStringList architectures = m_context.repository.info().binaryArchitectures();
     const bool isDescription = preview.kind == ChangePreview::Describe;
+    const RepoInfo extended = request.options.extension.appliedTo(m_context.repository.info());
     InstallabilityEffect::States states;
     states.before = {{m_context.path(), architectures, present},
                      request.base.value_or(CompleteCheckBase()),
                      m_context.choices.acceptedOrigins(),
                      request.others};
     states.after = {m_context.path(),
-                    isDescription ? request.info.binaryArchitectures() : architectures,
+                    (isDescription ? request.info : extended).binaryArchitectures(),
                     PreviewSizes::after(preview.rows, present)};
     states.rows = preview.rows;
     if (!InstallabilityEffect(std::move(states), [this] { return isStopped(); }).find(&preview.effect))

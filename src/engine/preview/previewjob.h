@@ -53,7 +53,9 @@ private:
     ErrorCode addUpgradeRows(const PreviewRequest &request, ChangePreview *preview);
     ErrorCode addReturnRows(const PreviewRequest &request, ChangePreview *preview, JobFrame *frame);
     ErrorCode addDescriptionRows(const PreviewRequest &request, ChangePreview *preview);
-    QVector<PreviewRow> inclusionRows(const PreviewRequest &request, const QVector<OfferedPackage> &offered);
+    void addInclusionRows(const PreviewRequest &request,
+                          const QVector<OfferedPackage> &offered,
+                          ChangePreview *preview);
     /** What can be said of the rows without a search. */
     void fillEffect(ChangePreview *preview);
     /** The last step: searches for the effect and ends the job. */

@@ -35,6 +35,7 @@ struct PreviewRequest
     std::shared_ptr<const GatherPlan> gathered; ///< Fetch: the plan that `wanted` comes from
     QVector<UpgradablePackage> upgrades; ///< Upgrade
     AddOptions options; ///< Add, Fetch, Import, Upgrade
+    bool extends = false; ///< Add, Fetch, Import: the repository gets first what it lacks for the packages
     /** Add, Fetch, Import: which collisions are switched on at first. */
     PackageReplacementRules collisions{PackageReplacementRules::PreferHigher};
 

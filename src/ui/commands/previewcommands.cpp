@@ -336,6 +336,8 @@ void PreviewCommands::show(RepoWidget *widget)
     connectDialog(&dialog, widget);
     if (flow.change.offersCarrying)
         dialog.offerCarrying(flow.change.request.carriesPackages);
+    if (!flow.preview.lacking.isEmpty())
+        dialog.offerExtending(flow.change.request.extends);
     if (!widget->repoShell()->isRunning()) {
         if (flow.wantsEffect)
             findEffect(widget);
@@ -368,13 +370,20 @@ void PreviewCommands::connectDialog(PreviewDialog *dialog, RepoWidget *widget)
             findEffect(widget);
         }
     });
-    connect(dialog, &PreviewDialog::carryingChosen, widget, [this, widget](bool carries) {
-        m_flows[widget].change.request.carriesPackages = carries;
-        m_flows[widget].wantsAnew = true;
+    const auto choose = [this, widget](bool PreviewRequest::*choice, bool isWanted) {
+        Flow &flow = m_flows[widget];
+        flow.change.request.*choice = isWanted;
+        flow.wantsAnew = true;
         if (widget->repoShell()->isRunning())
             widget->repoShell()->cancel();
         else
             findAnew(widget);
+    };
+    connect(dialog, &PreviewDialog::carryingChosen, widget, [choose](bool carries) {
+        choose(&PreviewRequest::carriesPackages, carries);
+    });
+    connect(dialog, &PreviewDialog::extendingChosen, widget, [choose](bool extends) {
+        choose(&PreviewRequest::extends, extends);
     });
     connect(dialog, &PreviewDialog::stopWanted, widget, [widget] { widget->repoShell()->cancel(); });
     connect(dialog, &PreviewDialog::reportWanted, this, [this, dialog] { saveReport(dialog->preview()); });

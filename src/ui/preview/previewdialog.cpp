@@ -71,6 +71,7 @@ PreviewDialog::PreviewDialog(const ChangePreview &preview,
     , m_carrying(new QCheckBox(
           QCoreApplication::translate("NewRepoDialog", "&Carry the packages over to the new code name"),
           this))
+    , m_extending(new QCheckBox(this))
     , m_collisions(new QWidget(this))
     , m_ruleBox(new QComboBox(m_collisions))
     , m_replaceKind(new QPushButton(tr("Replace all of this kind"), m_collisions))
@@ -94,6 +95,8 @@ PreviewDialog::PreviewDialog(const ChangePreview &preview,
     m_notice->hide();
     m_carrying->setObjectName(QStringLiteral("m_carryCheckBox"));
     m_carrying->hide();
+    m_extending->setObjectName(QStringLiteral("m_extendCheckBox"));
+    m_extending->hide();
 
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Apply | QDialogButtonBox::Cancel, this);
     buttons->setObjectName(QStringLiteral("buttonBox"));
@@ -115,6 +118,7 @@ PreviewDialog::PreviewDialog(const ChangePreview &preview,
     layout->addWidget(m_heading);
     layout->addWidget(m_notice);
     layout->addWidget(m_carrying);
+    layout->addWidget(m_extending);
     layout->addWidget(m_splitter, 1);
     layout->addWidget(buttons);
     // Only the default button answers Enter; the others would take it when they have the focus of a click.
@@ -330,13 +334,24 @@ void PreviewDialog::tellRepositoryChanged()
 
 void PreviewDialog::offerCarrying(bool carries)
 {
-    m_carrying->setChecked(carries);
-    m_carrying->show();
-    connect(m_carrying, &QCheckBox::toggled, this, [this](bool isTicked) {
+    offer(m_carrying, carries, &PreviewDialog::carryingChosen);
+}
+
+void PreviewDialog::offerExtending(bool extends)
+{
+    m_extending->setText(tr("&Add %1 to the repository").arg(m_model->preview().lacking.names()));
+    offer(m_extending, extends, &PreviewDialog::extendingChosen);
+}
+
+void PreviewDialog::offer(QCheckBox *box, bool isTicked, void (PreviewDialog::*chosen)(bool))
+{
+    box->setChecked(isTicked);
+    box->show();
+    connect(box, &QCheckBox::toggled, this, [this, chosen](bool isWanted) {
         m_isPending = true;
         m_pause->stop();
         showWorking();
-        Q_EMIT carryingChosen(isTicked);
+        Q_EMIT(this->*chosen)(isWanted);
     });
 }
 

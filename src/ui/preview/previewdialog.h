@@ -38,6 +38,8 @@ public:
     void tellRepositoryChanged();
     /** Offers to carry the packages over to a new code name. Another choice makes another preview. */
     void offerCarrying(bool carries);
+    /** Offers to give the repository what it lacks for the packages. Another choice makes another preview. */
+    void offerExtending(bool extends);
     /** The effect is being found in this many steps; 0: not known. */
     void setSteps(int steps);
     void showProgress(int step);
@@ -53,6 +55,7 @@ Q_SIGNALS:
     void stopWanted();
     /** Another preview is wanted, and nothing can be applied before it comes. */
     void carryingChosen(bool carries);
+    void extendingChosen(bool extends); ///< likewise
     void reportWanted();
     /** The files of a row are to be compared. */
     void differenceWanted(const PreviewRow &row);
@@ -67,6 +70,8 @@ private:
     void showCounts();
     void showCurrent();
     void showWorking();
+    /** Ticks or unticks a choice that makes another preview. */
+    void offer(QCheckBox *box, bool isTicked, void (PreviewDialog::*chosen)(bool));
     void rowsSwitched();
     void toggleSelected();
     void switchKind(bool on);
@@ -78,6 +83,7 @@ private:
     QLabel *m_heading;
     QLabel *m_notice;
     QCheckBox *m_carrying;
+    QCheckBox *m_extending;
     QWidget *m_collisions;
     QComboBox *m_ruleBox;
     QPushButton *m_replaceKind;
