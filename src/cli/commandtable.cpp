@@ -22,6 +22,10 @@ const CommandOption OnCollision{
     "fail|newer|older|all|none"};
 const CommandOption Into{
     "component", "NAME", QT_TRANSLATE_NOOP("cli", "The component for all packages, instead of their own")};
+const CommandOption Extend{
+    "extend",
+    nullptr,
+    QT_TRANSLATE_NOOP("cli", "Give the repository the architectures and components that it lacks for them")};
 const CommandOption SignPackages{
     "sign-packages", "KEY", QT_TRANSLATE_NOOP("cli", "Sign a copy of each file with this key, and add that")};
 const CommandOption WithDepends{
@@ -160,7 +164,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          Operand::File,
          QT_TRANSLATE_NOOP(
              "cli", "Add package files, and those below folders; - reads their names from standard input"),
-         {Into, OnCollision, SignPackages, DryRun}},
+         {Into, Extend, OnCollision, SignPackages, DryRun}},
         {"remove",
          Commands::remove,
          "REPO NAME[=VERSION]...",
@@ -185,6 +189,7 @@ const QVector<CommandDescription> &CommandTable::commands()
            nullptr,
            QT_TRANSLATE_NOOP("cli", "Remove the packages where they were, once they are there")},
           {"arch", "NAME", Architecture},
+          Extend,
           OnCollision,
           DryRun}},
         {"fetch",
@@ -195,7 +200,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          Operand::Repository,
          Operand::PackageName,
          QT_TRANSLATE_NOOP("cli", "Fetch packages from apt's sources, and add them"),
-         {WithDepends, Missing, Into, OnCollision, SignPackages, DryRun}},
+         {WithDepends, Missing, Into, Extend, OnCollision, SignPackages, DryRun}},
         {"check",
          Commands::check,
          "REPO [GLOB...]",
@@ -236,7 +241,7 @@ const QVector<CommandDescription> &CommandTable::commands()
          Operand::Repository,
          Operand::File,
          QT_TRANSLATE_NOOP("cli", "Add the packages in an archive, or those below a folder"),
-         {Into, OnCollision, SignPackages, DryRun}},
+         {Into, Extend, OnCollision, SignPackages, DryRun}},
         {"sign",
          Commands::sign,
          "REPO NAME[=VERSION]...",

@@ -31,6 +31,7 @@ ExitCode DryRun::show(RepositorySession &session,
                       const QJsonObject &more)
 {
     PreviewRequest complete = request;
+    complete.extends = session.extends();
     complete.collisions = rule.value_or(session.collisionRule());
     std::optional<ChangePreview> shown;
     RepoShell &shell = session.shell();

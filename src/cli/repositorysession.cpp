@@ -29,6 +29,8 @@ const char *optionFor(QuestionKind kind)
         return "yes";
     case QuestionKind::TrustPrograms:
         return "trust-settings";
+    case QuestionKind::Extend:
+        return "extend";
     case QuestionKind::GiveUp:
         break;
     }
@@ -151,6 +153,11 @@ AddOptions RepositorySession::addOptions()
 PackageReplacementRules RepositorySession::collisionRule() const
 {
     return {m_rule.value_or(PackageReplacementRules::ReplaceNone)};
+}
+
+bool RepositorySession::extends() const
+{
+    return m_invocation.has("extend");
 }
 
 bool RepositorySession::open()

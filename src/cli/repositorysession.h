@@ -55,6 +55,9 @@ public:
     /** Whether a package that is there already is refused rather than kept; after addOptions(). */
     bool refusesCollisions() const { return m_remarksAreFindings; }
 
+    /** Whether the repository is to get what it lacks for the packages. */
+    bool extends() const;
+
     /** The result of the last run(). */
     int result() const { return m_result; }
     /** How many errors, and where they count remarks, the last run() has told. */

@@ -100,6 +100,9 @@ private Q_SLOTS:
         QCOMPARE(dry("add", {"--on-collision"_s, "newer"_s, newer}), "0: foo-replace+"_s);
         QCOMPARE(dry("add", {"--on-collision"_s, "older"_s, newer}), "0: foo-replace"_s);
         QCOMPARE(dry("import", {QFileInfo(newer).path(), "--on-collision"_s, "all"_s}), "0: foo-replace+"_s);
+        const QString arm = h.deb(DebBuilder("arm"_s).architecture("arm64"_s));
+        QCOMPARE(dry("add", {arm}), "3: arm-refuse"_s);
+        QCOMPARE(dry("add", {arm, "--extend"_s}), "0: arm-add+"_s);
         QCOMPARE(dry("remove", {"foo"_s, "nothing"_s}), "1: foo-remove+unknown"_s);
         QCOMPARE(dry("change", {"label=New"_s}), "0:"_s);
         QCOMPARE(dry("change", {"codename=elm"_s, "--without-packages"_s}), "0: foo-remove+"_s);
@@ -110,6 +113,10 @@ private Q_SLOTS:
         QCOMPARE(h.json("add", {"--on-collision"_s, "newer"_s, newer}).code, 0);
         QCOMPARE(dry("add", {"--on-collision"_s, "all"_s, old}), "1: foo-replace+"_s);
         QVERIFY(h.holds("foo 2.0 amd64"_s));
+        // A general yes does not change the description.
+        QCOMPARE(h.run({"add"_s, h.repo(), arm, "--yes"_s}).code, 3);
+        QCOMPARE(h.json("add", {"--extend"_s, arm}).code, 0);
+        QVERIFY(h.holds("arm 1.0 arm64,foo 2.0 amd64"_s));
     }
 
     void copiedAndMoved()

@@ -74,6 +74,15 @@ Prompts::askCarefully(const QString &title, const QString &text, const QString &
     return askIn(box, about);
 }
 
+Prompts::Answer
+Prompts::offer(const QString &title, const QString &text, const QString &yes, const QString &about)
+{
+    QMessageBox box(QMessageBox::Question, title, text, QMessageBox::Yes | QMessageBox::No, m_window);
+    box.button(QMessageBox::Yes)->setText(QString(yes).replace(QLatin1Char('&'), QLatin1String("&&")));
+    box.setDefaultButton(QMessageBox::No);
+    return askIn(box, about);
+}
+
 Prompts::Answer Prompts::askCarefully(
     const QString &title, const QString &text, const QString &about, Option *option, QWidget *parent)
 {

@@ -51,6 +51,8 @@ public:
                         const QString &text,
                         const QString &about = {},
                         QWidget *parent = nullptr);
+    /** Like askCarefully(), with a text of its own on the button for yes. */
+    Answer offer(const QString &title, const QString &text, const QString &yes, const QString &about = {});
     /** A check box below a question. */
     struct Option
     {

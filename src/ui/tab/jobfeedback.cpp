@@ -365,7 +365,9 @@ QString JobFeedback::shortlyAbout(const RepoWidget *widget) const
 
 void JobFeedback::askUser(const QPointer<RepoWidget> &widget, const QString &title, const QString &text)
 {
-    const Prompts::Answer answer = m_prompts.askCarefully(title, text, about(widget));
+    const QString yes = widget.isNull() ? QString() : widget->repoShell()->questionTraits().yes;
+    const Prompts::Answer answer = yes.isEmpty() ? m_prompts.askCarefully(title, text, about(widget))
+                                                 : m_prompts.offer(title, text, yes, about(widget));
     // Without an answer the engine keeps its own safe answer.
     RepoWidget *asking = widget.data();
     if (asking != nullptr && answer != Prompts::Answer::Dismissed)
