@@ -32,6 +32,8 @@ class TestCopyJob : public WindowTest
                          "birch"_s});
     }
 
+    void prepare() override { checkAgainstNothing(); }
+
 private Q_SLOTS:
     void fromTestingToStable()
     {

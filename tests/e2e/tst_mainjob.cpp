@@ -45,6 +45,7 @@ private Q_SLOTS:
                         + "/hold' ]; do sleep 0.02; done\nexec /usr/bin/reprepro \"$@\"\n");
         qputenv("PATH", folder + "/bin:" + m_realPath);
         QSettings().clear();
+        checkAgainstNothing();
         QVERIFY(restart({}));
     }
 

@@ -3,6 +3,7 @@
 
 #include "core/settingskeys.h"
 #include "e2e/windowdriver.h"
+#include "installability/completecheckbase.h"
 #include "platform/desktopintegration.h"
 #include "platform/ui/desktopsetup.h"
 #include "support/debbuilder.h"
@@ -72,6 +73,12 @@ protected:
             child<QLineEdit>(dialog, "fileNameEdit")->setText(QFileInfo(file).fileName());
             return QMetaObject::invokeMethod(&dialog, "accept");
         });
+    }
+
+    /** For tests that are not about the public sources: with sanitizers, reading all that they offer takes long. */
+    static void checkAgainstNothing()
+    {
+        QSettings().setValue(SettingsKey::CompleteCheckBase, int(CompleteCheckBase::Nothing));
     }
 
     /** Starts the window anew, which opens what was open when the last one closed. */
