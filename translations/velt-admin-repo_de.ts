@@ -3798,6 +3798,10 @@ Ein oder mehrere Werte</translation>
         <source>shown: %1 of %2</source>
         <translation>gezeigt: %1 von %2</translation>
     </message>
+    <message>
+        <source>&amp;Add %1 to the repository</source>
+        <translation>%1 zum Repository &amp;hinzufügen</translation>
+    </message>
 </context>
 <context>
     <name>PreviewEffectView</name>
@@ -5684,6 +5688,37 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>The repository cannot be signed with the key %1: %2.</source>
         <translation>Das Repository kann mit dem Schlüssel %1 nicht signiert werden: %2.</translation>
+    </message>
+    <message>
+        <source>architectures %1</source>
+        <translation>Architekturen %1</translation>
+    </message>
+    <message>
+        <source>components %1</source>
+        <translation>Komponenten %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package file(s) cannot be added, because the repository lacks: %1.</source>
+        <translation>
+            <numerusform>%n Paketdatei kann nicht hinzugefügt werden, weil dem Repository dies fehlt: %1.</numerusform>
+            <numerusform>%n Paketdateien können nicht hinzugefügt werden, weil dem Repository dies fehlt: %1.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The repository can get what it lacks, and then the files. This changes its description.</source>
+        <translation>Das Repository kann das Fehlende erhalten, und danach die Dateien. Das ändert seine Beschreibung.</translation>
+    </message>
+    <message>
+        <source>Its architecture-independent packages will serve the new architectures too.</source>
+        <translation>Seine Pakete für alle Architekturen dienen dann auch den neuen Architekturen.</translation>
+    </message>
+    <message>
+        <source>Add %1 to the repository and go on</source>
+        <translation>%1 zum Repository hinzufügen und fortfahren</translation>
+    </message>
+    <message>
+        <source>Adding %1 to the repository</source>
+        <translation>%1 wird zum Repository hinzugefügt</translation>
     </message>
 </context>
 <context>
@@ -7714,6 +7749,10 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>To be fetched: %1, %2</source>
         <translation>Zu holen: %1, %2</translation>
+    </message>
+    <message>
+        <source>Give the repository the architectures and components that it lacks for them</source>
+        <translation>Dem Repository die Architekturen und Komponenten geben, die ihm dafür fehlen</translation>
     </message>
 </context>
 <context>

@@ -651,6 +651,13 @@
             <numerusform>%n packages stay here, since the repository %1 does not have the same.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n package file(s) cannot be added, because the repository lacks: %1.</source>
+        <translation>
+            <numerusform>%n package file cannot be added, because the repository lacks: %1.</numerusform>
+            <numerusform>%n package files cannot be added, because the repository lacks: %1.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>SearchPackageWidget</name>

@@ -3837,6 +3837,10 @@ One or more values</source>
         <source>shown: %1 of %2</source>
         <translation>показано: %1 из %2</translation>
     </message>
+    <message>
+        <source>&amp;Add %1 to the repository</source>
+        <translation>&amp;Добавить %1 в репозиторий</translation>
+    </message>
 </context>
 <context>
     <name>PreviewEffectView</name>
@@ -5765,6 +5769,38 @@ The file with them is kept as %2.</source>
     <message>
         <source>The repository cannot be signed with the key %1: %2.</source>
         <translation>Репозиторий нельзя подписать ключом %1: %2.</translation>
+    </message>
+    <message>
+        <source>architectures %1</source>
+        <translation>архитектуры %1</translation>
+    </message>
+    <message>
+        <source>components %1</source>
+        <translation>компоненты %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package file(s) cannot be added, because the repository lacks: %1.</source>
+        <translation>
+            <numerusform>Нельзя добавить %n файл пакета, потому что в репозитории нет: %1.</numerusform>
+            <numerusform>Нельзя добавить %n файла пакетов, потому что в репозитории нет: %1.</numerusform>
+            <numerusform>Нельзя добавить %n файлов пакетов, потому что в репозитории нет: %1.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The repository can get what it lacks, and then the files. This changes its description.</source>
+        <translation>Недостающее можно добавить в репозиторий, а затем и файлы. При этом изменится его описание.</translation>
+    </message>
+    <message>
+        <source>Its architecture-independent packages will serve the new architectures too.</source>
+        <translation>Его пакеты для всех архитектур будут служить и новым архитектурам.</translation>
+    </message>
+    <message>
+        <source>Add %1 to the repository and go on</source>
+        <translation>Добавить %1 в репозиторий и продолжить</translation>
+    </message>
+    <message>
+        <source>Adding %1 to the repository</source>
+        <translation>Добавление %1 в репозиторий</translation>
     </message>
 </context>
 <context>
@@ -7797,6 +7833,10 @@ The file with them is kept as %2.</source>
     <message>
         <source>To be fetched: %1, %2</source>
         <translation>Будет загружено: %1, %2</translation>
+    </message>
+    <message>
+        <source>Give the repository the architectures and components that it lacks for them</source>
+        <translation>Добавить в репозиторий архитектуры и компоненты, которых для них не хватает</translation>
     </message>
 </context>
 <context>
