@@ -29,9 +29,10 @@ QSet<QString> dumpedValues(const QString &output)
 }
 } // namespace
 
-AptCandidates::AptCandidates(QString sourceList, OriginFilter accepts)
+AptCandidates::AptCandidates(QString sourceList, OriginFilter accepts, QStringList environment)
     : m_sourceList(std::move(sourceList))
     , m_accepts(std::move(accepts))
+    , m_environment(std::move(environment))
 { }
 
 bool AptCandidates::prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped)
@@ -195,7 +196,7 @@ bool AptCandidates::run(const QString &program,
                         const StopRequest &stopped,
                         QString &output)
 {
-    ProcessCall call{program, arguments, {}, {}, -1};
+    ProcessCall call{program, arguments, {}, m_environment, -1};
     call.stopped = stopped;
     const ProcessResult result = runProcess(call);
     if (!result.succeeded()) {

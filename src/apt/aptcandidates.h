@@ -23,8 +23,11 @@ public:
 
     /**
      * apt reads `sourceList` instead of its main list, see AptUtils::privateSourcesFile(); empty: the system's list.
+     * `environment` is for apt, see PrivateApt::environment().
      */
-    explicit AptCandidates(QString sourceList = QString(), OriginFilter accepts = OriginFilter());
+    explicit AptCandidates(QString sourceList = QString(),
+                           OriginFilter accepts = OriginFilter(),
+                           QStringList environment = {});
 
     bool prefetch(const QVector<PackageQuestion> &questions, const StopRequest &stopped) override;
     /** apt reads no lists for architectures that are not configured. */
@@ -65,6 +68,7 @@ private:
 
     QString m_sourceList;
     OriginFilter m_accepts;
+    QStringList m_environment;
     bool m_prepared = false;
     bool m_failed = false;
     bool m_hasSources = false; ///< at least one answer named a source

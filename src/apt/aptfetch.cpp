@@ -11,6 +11,15 @@
 namespace
 {
 constexpr qint64 FreshSeconds = 3600;
+constexpr qint64 DaySeconds = 24 * FreshSeconds;
+constexpr qint64 RetrySeconds = 600;
+
+/** Whether the time has come, and lies less than this back. A clock that was set back has stopped counting. */
+bool isWithin(const QDateTime &time, qint64 seconds, const QDateTime &now)
+{
+    const qint64 age = time.isValid() ? time.secsTo(now) : -1;
+    return age >= 0 && age < seconds;
+}
 
 QString setting(const QString &key, const QString &value)
 {
@@ -146,6 +155,10 @@ QStringList AptFetch::problems(const QString &errorOutput)
 
 bool AptFetch::isFresh(const QDateTime &fetched, const QDateTime &now)
 {
-    const qint64 age = fetched.isValid() ? fetched.secsTo(now) : -1;
-    return age >= 0 && age < FreshSeconds;
+    return isWithin(fetched, FreshSeconds, now);
+}
+
+bool AptFetch::isDue(const QDateTime &fetched, const QDateTime &tried, const QDateTime &now)
+{
+    return !isWithin(fetched, DaySeconds, now) && !isWithin(tried, RetrySeconds, now);
 }

@@ -36,4 +36,10 @@ public:
 
     /** Whether lists fetched at `fetched` (may be invalid) are recent enough. */
     static bool isFresh(const QDateTime &fetched, const QDateTime &now);
+    /**
+     * Whether it is time to fetch lists for somebody who can do with those of yesterday. `fetched` is the time of the
+     * lists, invalid when some are missing, and `tried` that of the last try: a source that could not be reached is not
+     * tried again at once.
+     */
+    static bool isDue(const QDateTime &fetched, const QDateTime &tried, const QDateTime &now);
 };

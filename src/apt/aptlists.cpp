@@ -78,10 +78,13 @@ AptList listIn(const QString &line, const QDir &folder)
 {
     const QStringList parts = line.split(QLatin1Char('|'));
     // A source that is one folder has no architecture, and apt leaves the word as it is.
-    const QString architecture = parts.value(3).startsWith(QLatin1Char('$')) ? QString() : parts.value(3);
-    return {QStringLiteral("%1 %2 %3").arg(parts.value(1), parts.value(2), architecture).trimmed(),
+    const bool isOneFolder = parts.value(3).startsWith(QLatin1Char('$'));
+    const QString architecture = isOneFolder ? QString() : parts.value(3);
+    const QString place = QStringLiteral("%1 %2").arg(parts.value(1), parts.value(2));
+    return {QStringLiteral("%1 %2").arg(place, architecture).trimmed(),
             architecture,
-            keptFile(folder.filePath(QFileInfo(parts.value(0)).fileName()))};
+            keptFile(folder.filePath(QFileInfo(parts.value(0)).fileName())),
+            isOneFolder ? place : QStringLiteral("[arch=%1] %2 %3").arg(architecture, place, parts.value(4))};
 }
 } // namespace
 
@@ -141,7 +144,7 @@ bool AptLists::find(const StopRequest &stopped)
               QStringLiteral("indextargets"),
               QStringLiteral("--no-release-info"),
               QStringLiteral("--format"),
-              QStringLiteral("$(FILENAME)|$(SITE)|$(RELEASE)|$(ARCHITECTURE)"),
+              QStringLiteral("$(FILENAME)|$(SITE)|$(RELEASE)|$(ARCHITECTURE)|$(COMPONENT)"),
               QStringLiteral("Created-By: Packages")},
              stopped,
              output))
@@ -160,7 +163,7 @@ bool AptLists::run(const QString &program,
                    const StopRequest &stopped,
                    QString &output)
 {
-    ProcessCall call{program, arguments, {}, {}, -1};
+    ProcessCall call{program, arguments, {}, m_environment, -1};
     call.stopped = stopped;
     const ProcessResult result = runProcess(call);
     m_errorDetail = result.errorOutput;

@@ -8,12 +8,16 @@
 #include <QStringList>
 #include <QVector>
 
+#include <utility>
+
 /** A list of packages that apt has fetched. */
 struct AptList
 {
     QString origin; ///< of its source: URI, suite and architecture, as AptOutput::origin() tells it
     QString architecture; ///< whose packages it lists, those for "all" among them; empty: of any
     QString fileName; ///< absolute path; the file can be compressed
+    QString source
+        = {}; ///< its part of the source: URI, suite and component, with the architecture as an option
 
     /** The name, size and time of the file, which change with its contents. */
     QByteArray stamp() const;
@@ -28,6 +32,11 @@ struct AptList
 class AptLists
 {
 public:
+    /** `environment` is for apt, see PrivateApt::environment(); empty: the lists of the system. */
+    explicit AptLists(QStringList environment = {})
+        : m_environment(std::move(environment))
+    { }
+
     /** Finds the lists; false when apt could not be asked. Sources that have no list yet are left out. */
     bool find(const StopRequest &stopped = {});
 
@@ -37,6 +46,7 @@ public:
     QString errorDetail() const { return m_errorDetail; } ///< the error output of apt, after a failure
 
 private:
+    QStringList m_environment;
     QVector<AptList> m_lists;
     QStringList m_architectures;
     QString m_errorDetail;

@@ -96,11 +96,84 @@ int fit(const Parts &source, const QStringList &origin)
     for (const QString &option : source.options) {
         if (!option.startsWith(prefix))
             continue;
-        if (!option.mid(prefix.size()).split(QLatin1Char(',')).contains(origin.value(2)))
+        // The origin of a source that is one folder has no architecture.
+        if (origin.size() > 2 && !option.mid(prefix.size()).split(QLatin1Char(',')).contains(origin.at(2)))
             return 0;
         points += 1;
     }
     return points;
+}
+
+/** The architectures to which the options limit the source; none: there is no limit. */
+QStringList namedArchitectures(const Parts &source)
+{
+    const QString prefix = QStringLiteral("arch=");
+    for (const QString &option : source.options) {
+        if (option.startsWith(prefix))
+            return option.mid(prefix.size()).split(QLatin1Char(','), Qt::SkipEmptyParts);
+    }
+    return {};
+}
+
+/** Whether one of the lists is of the source's component for the architecture; an empty one stands for any. */
+bool isListed(const Parts &source,
+              const QString &component,
+              const QString &architecture,
+              const QVector<Parts> &lists)
+{
+    return std::any_of(lists.cbegin(), lists.cend(), [&](const Parts &list) {
+        const QStringList named = namedArchitectures(list);
+        const bool isComponent
+            = component.isEmpty() ? list.components.isEmpty() : list.components.contains(component);
+        return isComponent && list.suite == source.suite && shownUri(list.uri) == shownUri(source.uri)
+               && (named.isEmpty() || architecture.isEmpty() || named.contains(architecture));
+    });
+}
+
+/** The source without what the lists have; empty when they have all of it. */
+QString
+unlistedPart(const Parts &source, const QVector<Parts> &lists, const QStringList &repositoryArchitectures)
+{
+    const QStringList named = namedArchitectures(source);
+    QStringList wanted = named;
+    if (!repositoryArchitectures.isEmpty()) {
+        wanted.clear();
+        for (const QString &architecture : repositoryArchitectures) {
+            if (named.isEmpty() || named.contains(architecture))
+                wanted.append(architecture);
+        }
+        if (wanted.isEmpty())
+            return {};
+    }
+    const QStringList any{QString()};
+    const QStringList components = source.components.isEmpty() ? any : source.components;
+    const QStringList architectures = wanted.isEmpty() ? any : wanted;
+    QStringList lackedComponents;
+    QStringList lackedArchitectures;
+    for (const QString &architecture : architectures) {
+        for (const QString &component : components) {
+            if (isListed(source, component, architecture, lists))
+                continue;
+            lackedComponents.append(component);
+            lackedArchitectures.append(architecture);
+        }
+    }
+    if (lackedComponents.isEmpty())
+        return {};
+    lackedComponents.removeDuplicates();
+    lackedArchitectures.removeDuplicates();
+    QStringList options = source.options;
+    if (lackedArchitectures.size() < architectures.size()) {
+        const auto isLimit = [](const QString &option) { return option.startsWith(QLatin1String("arch=")); };
+        options.erase(std::remove_if(options.begin(), options.end(), isLimit), options.end());
+        options.append(QLatin1String("arch=") + lackedArchitectures.join(QLatin1Char(',')));
+    }
+    QStringList words{source.uri, source.suite};
+    if (!options.isEmpty())
+        words.prepend(QStringLiteral("[%1]").arg(options.join(QLatin1Char(' '))));
+    if (!source.components.isEmpty())
+        words += lackedComponents;
+    return words.join(QLatin1Char(' '));
 }
 
 bool isInvisible(QChar character)
@@ -303,6 +376,34 @@ bool ExternalRepos::isOriginAsked(const QString &origin) const
         isHeld = true;
     }
     return !isHeld;
+}
+
+bool ExternalRepos::isOf(const QString &source, const QString &origin)
+{
+    return fit(partsOf(source), origin.split(QLatin1Char(' '), Qt::SkipEmptyParts)) > 0;
+}
+
+bool ExternalRepos::isAnyAdded() const
+{
+    return std::any_of(m_entries.cbegin(), m_entries.cend(), [](const Entry &entry) {
+        return entry.enabled && entry.added;
+    });
+}
+
+QStringList ExternalRepos::beyond(const QStringList &known, const QStringList &architectures) const
+{
+    QVector<Parts> lists;
+    for (const QString &list : known)
+        lists.append(partsOf(list));
+    QStringList sources;
+    for (const Entry &entry : m_entries) {
+        if (!entry.enabled || !entry.added)
+            continue;
+        const QString source = unlistedPart(partsOf(entry.source), lists, architectures);
+        if (!source.isEmpty())
+            sources.append(source);
+    }
+    return sources;
 }
 
 bool ExternalRepos::setSource(const QString &source, int row)

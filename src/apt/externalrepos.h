@@ -53,6 +53,16 @@ public:
     QString aliasOf(const QString &origin) const;
     /** False when all matching sources in the list are disabled. An origin without a matching source is used. */
     bool isOriginAsked(const QString &origin) const;
+    /** Whether packages of this origin can come from the source. */
+    static bool isOf(const QString &source, const QString &origin);
+
+    /** Whether there are sources that the user wants even if apt does not know them. */
+    bool isAnyAdded() const;
+    /**
+     * What apt lacks of the sources that the user added, for repositories of these architectures: a source can come
+     * with fewer components and architectures than it has. `known` are the lists that apt has, each as a source.
+     */
+    QStringList beyond(const QStringList &known, const QStringList &architectures) const;
 
     /** The stored form of a source: single blanks, without a leading "deb". */
     static QString normalised(const QString &source);

@@ -26,8 +26,10 @@ bool OfferedPackages::refresh(const StopRequest &stopped)
     if (!isAsked)
         return false;
     m_errorDetail.clear();
+    m_added.settle(apt);
+    const QVector<AptList> found = apt.lists() + m_added.lists(stopped, &m_errorDetail);
     QVector<List> lists;
-    for (const AptList &list : apt.lists()) {
+    for (const AptList &list : found) {
         if (mustStop(stopped))
             return false;
         const QByteArray stamp = list.stamp();

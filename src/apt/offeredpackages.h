@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "apt/addedsources.h"
 #include "apt/aptlists.h"
 #include "core/packageinfo.h"
 
@@ -9,6 +10,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <utility>
+
 /**
  * The packages in all lists that apt has fetched, searched in this process: a search among 63,000 packages takes some
  * milliseconds, and apt itself many seconds for a short text. Not for the interface thread.
@@ -16,12 +19,18 @@
 class OfferedPackages
 {
 public:
+    OfferedPackages() = default;
+    /** Also the packages in the lists of these sources that have been fetched; it fetches none. */
+    explicit OfferedPackages(AddedSources added)
+        : m_added(std::move(added))
+    { }
+
     /**
      * Reads the lists that are new or have changed since the last call. False when apt could not be asked, or after a
      * stop. Lists that cannot be read are left out.
      */
     bool refresh(const StopRequest &stopped = {});
-    /** Whether apt has fetched no list at all. */
+    /** Whether no list at all was fetched. */
     bool isEmpty() const { return m_lists.isEmpty(); }
     /** Why refresh() has failed, or which lists it could not read; empty when all is well. */
     QString errorDetail() const { return m_errorDetail; }
@@ -42,6 +51,7 @@ private:
         QVector<ControlText> paragraphs;
     };
 
+    AddedSources m_added;
     QVector<List> m_lists;
     QString m_errorDetail;
 

@@ -29,6 +29,7 @@ constexpr int KeptDays = 7;
 
 const QString LockName = QStringLiteral("fetch.lock");
 const QString StampName = QStringLiteral("fetched");
+const QString TriedName = QStringLiteral("tried");
 
 QString statesFolder()
 {
@@ -168,7 +169,7 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
 {
     removeOldStates();
     const auto isStopped = [&stopped] { return stopped && stopped(); };
-    QLockFile lock(m_folder + QLatin1Char('/') + LockName);
+    QLockFile lock(filePath(LockName));
     // A fetch can take any time; only a lock of a dead process is stale.
     lock.setStaleLockTime(0);
     while (!lock.tryLock(LockInterval)) {
@@ -178,7 +179,7 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
             return {false, {}, m_folder};
     }
     Outcome outcome;
-    QFile stamp(m_folder + QLatin1Char('/') + StampName);
+    QFile stamp(filePath(StampName));
     // Before apt looks at the sources: what changes meanwhile is new next time.
     const auto releases = LocalReleases::digest(m_sources);
     const QDateTime fetched = stamp.fileTime(QFileDevice::FileModificationTime);
@@ -213,6 +214,9 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
     if (!result.succeeded() && outcome.problems.isEmpty())
         outcome.problems.append(AptFetch::tr("apt could not fetch the lists of packages."));
     outcome.usable = hasLists(stopped);
+    QFile tried(filePath(TriedName));
+    if (tried.open(QIODevice::WriteOnly))
+        tried.write(releases.value_or(QByteArray()));
     stamp.remove();
     if (outcome.problems.isEmpty() && outcome.usable && stamp.open(QIODevice::WriteOnly)) {
         outcome.lists = QUuid::createUuid().toByteArray() + ' ' + releases.value_or(QByteArray());
@@ -220,6 +224,31 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
             stamp.remove();
     }
     return outcome;
+}
+
+bool PrivateApt::isDue() const
+{
+    QFile tried(filePath(TriedName));
+    if (!tried.open(QIODevice::ReadOnly))
+        return true;
+    return tried.readAll() != LocalReleases::digest(m_sources).value_or(QByteArray())
+           || AptFetch::isDue(
+               fetchedAt(), tried.fileTime(QFileDevice::FileModificationTime), QDateTime::currentDateTime());
+}
+
+bool PrivateApt::isNew() const
+{
+    return !QFile::exists(filePath(TriedName));
+}
+
+QDateTime PrivateApt::fetchedAt() const
+{
+    return QFileInfo(filePath(StampName)).lastModified();
+}
+
+void PrivateApt::expire() const
+{
+    QFile::remove(filePath(StampName));
 }
 
 bool PrivateApt::hasLists(const StopRequest &stopped) const

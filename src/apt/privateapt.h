@@ -3,6 +3,7 @@
 
 #include "apt/candidatesource.h"
 
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryFile>
@@ -46,6 +47,18 @@ public:
      */
     Outcome fetch(const StopRequest &stopped, const std::function<void(int percent)> &progress);
 
+    /**
+     * Whether it is time to fetch the lists for somebody who can do with those of yesterday, see AptFetch::isDue(), or
+     * a source on this computer has changed since the last try.
+     */
+    bool isDue() const;
+    /** Whether the lists were never fetched, and nobody has tried to. */
+    bool isNew() const;
+    /** When the lists were fetched; invalid when some of them are missing. */
+    QDateTime fetchedAt() const;
+    /** Makes the next fetch() fetch the lists however new they are. */
+    void expire() const;
+
     /** The folder below the user's cache folder for data that can be fetched or computed again. */
     static QString cacheFolder();
 
@@ -56,6 +69,7 @@ private:
     QTemporaryFile m_config;
     bool m_valid = false;
 
+    QString filePath(const QString &name) const { return m_folder + QLatin1Char('/') + name; }
     bool makeFolders() const;
     bool writeFiles(const QStringList &architectures);
     bool hasLists(const StopRequest &stopped) const;

@@ -132,7 +132,7 @@ CompleteCheckRecord RepoShell::completeCheck() const
 
 CheckScope RepoShell::checkScope(const CompleteCheckBase &base) const
 {
-    return {snapshot(), base, m_context->choices.acceptedOrigins(), {}};
+    return {snapshot(), base, m_context->choices.acceptedOrigins(), {}, m_context->choices.externalRepos()};
 }
 
 RepositorySnapshot RepoShell::snapshot() const

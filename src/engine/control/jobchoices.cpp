@@ -4,6 +4,12 @@
 #include <QHash>
 #include <QMutexLocker>
 
+ExternalRepos JobChoices::externalRepos() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_externalRepos;
+}
+
 void JobChoices::setExternalRepos(const ExternalRepos &repos)
 {
     const QMutexLocker lock(&m_mutex);

@@ -25,6 +25,7 @@ public:
     /** Where dependencies are looked for: a DependsRepoType. */
     int dependsRepoType() const { return m_dependsRepoType; }
     void setDependsRepoType(int type) { m_dependsRepoType = type; }
+    ExternalRepos externalRepos() const;
     void setExternalRepos(const ExternalRepos &repos);
     /** Tells whether packages of an origin that apt names count. One thread may call the function. */
     std::function<bool(const QString &origin)> acceptedOrigins() const;

@@ -2,6 +2,7 @@
 #include "engine/gathering/gatherjob.h"
 
 #include "engine/changes/jobframe.h"
+#include "engine/control/listsfetch.h"
 #include "engine/gathering/gathersearch.h"
 #include "engine/gathering/gathertext.h"
 #include "engine/jobs/downloadjob.h"
@@ -24,7 +25,10 @@ int GatherJob::find(const QList<PackageInfoPtr> &packages,
     const CheckScope scope{{m_context.path(), architectures, m_context.packages.all()},
                            {CompleteCheckBase::Public, {}, {}},
                            m_context.choices.acceptedOrigins(),
-                           {}};
+                           {},
+                           m_context.choices.externalRepos()};
+    AddedSources added = scope.addedSources();
+    ListsFetch(m_context.control, m_context.errors, m_context.progress).refresh(&added, ListsFetch::WhenOld);
     const BaseOffers offers = BaseOffers::read(scope, architectures, stopped);
     // What stands in a list that cannot be read would seem not to be offered.
     if (!offers.problem.isEmpty() && !stopped()) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/installability/baseoffers.h"
 
+#include "apt/addedsources.h"
 #include "apt/aptlists.h"
 #include "apt/aptutils.h"
 #include "engine/repository/distributionsfile.h"
@@ -45,13 +46,16 @@ bool accepts(const CheckScope &scope, const AptList &list)
 }
 
 /** The lists of the sources that count. */
-QVector<AptList> acceptedLists(const CheckScope &scope, const AptLists &apt)
+QVector<AptList>
+acceptedLists(const CheckScope &scope, const AptLists &apt, const StopRequest &stopped, QString *problem)
 {
+    AddedSources added = scope.addedSources();
+    added.settle(apt);
+    const QVector<AptList> all = apt.lists() + added.lists(stopped, problem);
     QVector<AptList> lists;
-    std::copy_if(apt.lists().cbegin(),
-                 apt.lists().cend(),
-                 std::back_inserter(lists),
-                 [&](const AptList &list) { return accepts(scope, list); });
+    std::copy_if(all.cbegin(), all.cend(), std::back_inserter(lists), [&](const AptList &list) {
+        return accepts(scope, list);
+    });
     return lists;
 }
 
@@ -89,9 +93,11 @@ BaseOffers readPublic(const CheckScope &scope, const QStringList &architectures,
         offers.problemDetails = apt.errorDetail();
         return offers;
     }
-    const QVector<AptList> lists = acceptedLists(scope, apt);
+    const QVector<AptList> lists = acceptedLists(scope, apt, stopped, &offers.problemDetails);
     offers.digest = digestOfLists(lists);
-    if (apt.lists().isEmpty()) {
+    if (!offers.problemDetails.isEmpty())
+        offers.problem = AptUtils::tr("Apt error");
+    if (apt.lists().isEmpty() && lists.isEmpty()) {
         offers.problem = AptUtils::tr("Apt error");
         offers.problemDetails = AptUtils::noSourcesText();
     }
@@ -171,7 +177,8 @@ QByteArray BaseOffers::digestOf(const CheckScope &scope, const StopRequest &stop
 {
     if (isOfPublicSources(scope.base)) {
         AptLists apt;
-        return apt.find(stopped) ? digestOfLists(acceptedLists(scope, apt)) : QByteArray();
+        QString problem;
+        return apt.find(stopped) ? digestOfLists(acceptedLists(scope, apt, stopped, &problem)) : QByteArray();
     }
     if (!isOtherRepository(scope))
         return {};

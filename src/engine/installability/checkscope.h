@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "apt/addedsources.h"
 #include "core/packageinfo.h"
 #include "installability/completecheckbase.h"
 
@@ -28,4 +29,12 @@ struct CheckScope
     std::function<bool(const QString &origin)> acceptsOrigin;
     /** Further open repositories whose packages can need those of `repository`. */
     QVector<RepositorySnapshot> others;
+    /** Of these the sources that the user added count like apt's, as far as their lists were fetched. */
+    ExternalRepos externalRepos = {};
+
+    /** All questions about a repository find the same lists, for whichever of its architectures they are. */
+    AddedSources addedSources() const
+    {
+        return {externalRepos, repository.architectures + base.foreignArchitectures};
+    }
 };

@@ -2,6 +2,7 @@
 #include "engine/installability/completecheckjob.h"
 
 #include "apt/aptutils.h"
+#include "engine/control/listsfetch.h"
 #include "engine/installability/checkedsystem.h"
 #include "engine/installability/completecheckstate.h"
 #include "engine/repository/presentrecords.h"
@@ -24,10 +25,19 @@ int CompleteCheckJob::run(const QList<PackageInfoPtr> &packages, const CompleteC
     JobFrame frame(m_context, tr("Complete check"));
     const auto records = presentRecords(m_context.packages, packages);
     const auto all = m_context.packages.all();
-    m_context.progress.setRange(records.size());
-    const CheckScope scope{{m_context.path(), {}, all}, base, m_context.choices.acceptedOrigins(), {}};
     const QStringList architectures = m_context.repository.info().binaryArchitectures();
+    const CheckScope scope{{m_context.path(), architectures, all},
+                           base,
+                           m_context.choices.acceptedOrigins(),
+                           {},
+                           m_context.choices.externalRepos()};
     const auto stopped = [this] { return mustStop(); };
+    if (BaseOffers::isOfPublicSources(base)) {
+        AddedSources added = scope.addedSources();
+        ListsFetch(m_context.control, m_context.errors, m_context.progress)
+            .refresh(&added, ListsFetch::WhenOld);
+    }
+    m_context.progress.setRange(records.size());
     const BaseOffers offers = BaseOffers::read(scope, architectures + base.foreignArchitectures, stopped);
     // Against a base that is not there, or only in part, packages would seem to lack what they need.
     if (!offers.problem.isEmpty() && !mustStop()) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/checkjob.h"
 
-#include "apt/aptcandidates.h"
 #include "apt/aptutils.h"
+#include "apt/publiccandidates.h"
 #include "core/settingskeys.h"
 #include "depends/dependscheck.h"
 #include "depends/dependsreport.h"
@@ -14,9 +14,10 @@ int CheckJob::run(const QList<PackageInfoPtr> &packages)
 {
     JobFrame frame(m_context, tr("Checking depends"));
     const auto records = presentRecords(m_context.packages, packages);
-    m_context.progress.setRange(records.size());
     const bool isOn = m_context.choices.dependsRepoType() != DependsNowhere;
-    const int checked = checkRecords(records, [&frame] { frame.quickItemDone(); });
+    const AddedSources added = isOn ? addedSources(ListsFetch::WhenOld) : AddedSources();
+    m_context.progress.setRange(records.size());
+    const int checked = checkRecords(records, added, [&frame] { frame.quickItemDone(); });
     m_context.progress.show();
     if (checked > 0)
         Q_EMIT m_context.listener.requestForSavingPackages(m_context.packages.all());
@@ -32,20 +33,35 @@ int CheckJob::run(const QList<PackageInfoPtr> &packages)
 void CheckJob::checkPresent(const QList<PackageInfoPtr> &packages)
 {
     const auto records = presentRecords(m_context.packages, packages);
-    const int checked = checkRecords(records);
-    if (m_context.choices.dependsRepoType() != DependsNowhere && checked < records.size() && mustStop())
+    if (m_context.choices.dependsRepoType() == DependsNowhere)
+        return;
+    const int checked = checkRecords(records, addedSources(ListsFetch::WhenNew));
+    if (checked < records.size() && mustStop())
         Q_EMIT m_context.listener.noted(
             tr("Operation stopped. %1 of %n package(s) depends checked", nullptr, records.size())
                 .arg(checked));
 }
 
-int CheckJob::checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone)
+AddedSources CheckJob::addedSources(ListsFetch::When when)
+{
+    AddedSources sources(m_context.choices.externalRepos(),
+                         m_context.repository.info().binaryArchitectures());
+    // Of the repository alone apt is only asked what could take a missing package's place.
+    const bool isAsked = (m_context.choices.dependsRepoType() & DependsPublic) != 0;
+    ListsFetch(m_context.control, m_context.errors, m_context.progress)
+        .refresh(&sources, isAsked ? when : ListsFetch::WhenNew);
+    return sources;
+}
+
+int CheckJob::checkRecords(const QList<PackageInfoPtr> &records,
+                           const AddedSources &added,
+                           const std::function<void()> &itemDone)
 {
     const int selection = m_context.choices.dependsRepoType();
     if (selection == DependsNowhere || records.isEmpty())
         return 0;
     LocalCandidates local(m_context.packages.all());
-    AptCandidates apt(QString(), m_context.choices.acceptedOrigins());
+    PublicCandidates apt(m_context.choices.acceptedOrigins(), added.environment());
     QList<PackageInfoPtr> results;
     const int checked = DependsCheck(selection, &local, &apt)
                             .run(
@@ -69,11 +85,11 @@ int CheckJob::checkRecords(const QList<PackageInfoPtr> &records, const std::func
     return checked;
 }
 
-void CheckJob::tellAptFailure(AptCandidates *apt)
+void CheckJob::tellAptFailure(PublicCandidates *sources)
 {
-    if (apt->failed())
-        m_context.errors.critical(apt->errorText(), apt->errorDetail(), WARNING);
-    else if (!mustStop() && apt->lacksSources())
+    if (sources->failed())
+        m_context.errors.critical(sources->errorText(), sources->errorDetail(), WARNING);
+    else if (!mustStop() && sources->lacksSources())
         m_context.errors.critical(AptUtils::tr("Apt error"), AptUtils::noSourcesText(), WARNING);
 }
 

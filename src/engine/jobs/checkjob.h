@@ -3,13 +3,15 @@
 
 #include "core/packageinfo.h"
 #include "core/repoenums.h"
+#include "engine/control/listsfetch.h"
 
 #include <QCoreApplication>
 #include <QList>
 
 #include <functional>
 
-class AptCandidates;
+class AddedSources;
+class PublicCandidates;
 struct JobContext;
 
 /** Checks whether the dependencies of packages can be met; the records with the results go out as changed packages. */
@@ -24,14 +26,18 @@ public:
     int run(const QList<PackageInfoPtr> &packages);
     /** Checks those of the packages that are in the repository, as a step of another job. */
     void checkPresent(const QList<PackageInfoPtr> &packages);
+    /** The sources that the user added, with lists as new as wanted, as far as the sources can be reached. */
+    AddedSources addedSources(ListsFetch::When when);
     /** Tells that apt could not be asked, or has no sources. */
-    void tellAptFailure(AptCandidates *apt);
+    void tellAptFailure(PublicCandidates *sources);
     /** Tells that apt could not be asked about these architectures, if there are any. */
     void tellUnknownArchitectures(const QStringList &architectures);
 
 private:
     JobContext &m_context;
 
-    int checkRecords(const QList<PackageInfoPtr> &records, const std::function<void()> &itemDone = {});
+    int checkRecords(const QList<PackageInfoPtr> &records,
+                     const AddedSources &added,
+                     const std::function<void()> &itemDone = {});
     bool mustStop() const;
 };

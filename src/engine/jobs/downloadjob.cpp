@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/downloadjob.h"
 
-#include "apt/aptcandidates.h"
+#include "apt/addedsources.h"
 #include "apt/aptutils.h"
+#include "apt/publiccandidates.h"
 #include "depends/dependsoffers.h"
 #include "depends/dependsparser.h"
 #include "depends/localcandidates.h"
@@ -96,7 +97,8 @@ int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
 
 QList<PackageInfo> DownloadJob::packagesFor(const QVector<Dependency> &dependencies)
 {
-    AptCandidates apt(QString(), m_context.choices.acceptedOrigins());
+    const AddedSources added = CheckJob(m_context).addedSources(ListsFetch::WhenNew);
+    PublicCandidates apt(m_context.choices.acceptedOrigins(), added.environment());
     const DependsOffers offers
         = findOffers(dependencies, &apt, [this] { return m_context.control.isCanceled(); });
     QStringList missing;
@@ -152,6 +154,8 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
     PackageAdding adding(m_context, m_options, packages.size() == 1);
     adding.setWanting(wanting);
     adding.offerExtension(packages);
+    m_added = {m_context.choices.externalRepos(), m_context.repository.info().binaryArchitectures()};
+    m_added.settle([this] { return m_context.control.isCanceled(); });
     bool stopped = m_context.control.isCanceled();
     for (int first = 0; first < packages.size() && !stopped; first += FilesPerRun) {
         const QList<PackageInfo> block = packages.mid(first, FilesPerRun);
@@ -202,26 +206,58 @@ QStringList DownloadJob::fetchTogether(const QList<PackageInfo> &packages, const
     // A single file gains nothing from this, and the plain way tells why it has not come.
     if (packages.size() < 2 || !folder.isValid())
         return {};
-    QVector<AptDownload> wanted;
-    for (const PackageInfo &package : packages)
-        wanted.append({package.name, package.version, package.architecture});
-    AptUtils apt;
-    apt.setStopRequest([this] { return m_context.control.isCanceled(); });
-    return apt.downloadTogether(wanted, downloadFolder(folder));
+    QVector<QStringList> environments;
+    QStringList paths;
+    for (const PackageInfo &package : packages) {
+        environments.append(m_added.environments(package.repository).first());
+        paths.append(QString());
+    }
+    const QString target = downloadFolder(folder);
+    for (int first = 0; first < packages.size(); ++first) {
+        const QStringList environment = environments.at(first);
+        if (environments.indexOf(environment) < first)
+            continue;
+        QVector<int> places;
+        QVector<AptDownload> wanted;
+        for (int i = first; i < packages.size(); ++i) {
+            const PackageInfo &package = packages.at(i);
+            if (environments.at(i) != environment)
+                continue;
+            places.append(i);
+            wanted.append({package.name, package.version, package.architecture});
+        }
+        // Files of two sources can have the same name.
+        const QString own = first == 0 ? target : target + QLatin1Char('/') + QString::number(first);
+        if (!QDir().mkpath(own))
+            continue;
+        AptUtils apt;
+        apt.setEnvironment(environment);
+        apt.setStopRequest([this] { return m_context.control.isCanceled(); });
+        const QStringList arrived = apt.downloadTogether(wanted, own);
+        for (int i = 0; i < arrived.size(); ++i)
+            paths[places.at(i)] = arrived.at(i);
+    }
+    return paths;
 }
 
 PackageFile DownloadJob::fetch(const PackageInfo &package, const ScratchFolder &folder) const
 {
     if (!folder.isValid())
         return {{}, {}, tr("No temporary folder could be made to fetch it into.")};
-    AptUtils apt;
-    apt.setStopRequest([this] { return m_context.control.isCanceled(); });
-    const QString file
-        = apt.download(package.name, package.version, package.architecture, downloadFolder(folder));
-    if (file.isEmpty())
-        return {{},
-                {},
-                apt.lastErrorDetails().isEmpty() ? tr("apt has left no file of that version.")
-                                                 : apt.lastErrorDetails()};
-    return PackageFile::read(file, [this] { return m_context.control.isCanceled(); });
+    const auto stopped = [this] { return m_context.control.isCanceled(); };
+    const QString target = downloadFolder(folder);
+    QString reason;
+    const auto environments = m_added.environments(package.repository);
+    for (const QStringList &environment : environments) {
+        AptUtils apt;
+        apt.setEnvironment(environment);
+        apt.setStopRequest(stopped);
+        const QString file = apt.download(package.name, package.version, package.architecture, target);
+        if (!file.isEmpty())
+            return PackageFile::read(file, stopped);
+        reason = apt.lastErrorDetails();
+        if (stopped())
+            break;
+    }
+    return {{}, {}, reason.isEmpty() ? tr("apt has left no file of that version.") : reason};
 }

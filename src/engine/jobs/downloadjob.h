@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "apt/addedsources.h"
 #include "core/dependsinfo.h"
 #include "core/packageinfo.h"
 #include "core/repoenums.h"
@@ -49,6 +50,7 @@ public:
 private:
     JobContext &m_context;
     const AddOptions &m_options;
+    AddedSources m_added;
 
     QList<PackageInfoPtr> lacking(const QVector<Dependency> &dependencies) const;
     void tellMissing(const QStringList &missing);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/preview/previewjob.h"
 
+#include "apt/addedsources.h"
 #include "apt/aptutils.h"
 #include "apt/dpkgoutput.h"
 #include "engine/archive/packagefile.h"
@@ -35,6 +36,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <optional>
 #include <tuple>
 #include <utility>
 
@@ -240,14 +242,29 @@ RepoEnums::ErrorCode PreviewJob::addFetchRows(const PreviewRequest &request, Cha
     if (!request.dependencies.isEmpty())
         wanted += DownloadJob(m_context, request.options).packagesFor(request.dependencies);
     m_source->fetched = wanted;
+    AddedSources added(m_context.choices.externalRepos(), m_context.repository.info().binaryArchitectures());
+    added.settle([this] { return isStopped(); });
     QStringList names;
-    for (const PackageInfo &package : qAsConst(wanted))
-        names.append(package.name + QLatin1Char(':') + package.architecture);
+    QStringList addedNames;
+    for (const PackageInfo &package : qAsConst(wanted)) {
+        const QString name = package.name + QLatin1Char(':') + package.architecture;
+        const auto environments = added.environments(package.repository);
+        if (environments.contains(QStringList()))
+            names.append(name);
+        if (!environments.last().isEmpty())
+            addedNames.append(name);
+    }
     const PublicPackages packages(names, {}, [this] { return isStopped(); });
+    const PublicPackages addedPackages(addedNames, added.environment(), [this] { return isStopped(); });
     QVector<OfferedPackage> offered;
     for (const PackageInfo &package : qAsConst(wanted)) {
-        OfferedPackage offer
-            = packages.find(package.name, package.version, package.architecture).value_or(OfferedPackage());
+        // In the order in which they are fetched.
+        std::optional<OfferedPackage> found;
+        const auto environments = added.environments(package.repository);
+        for (auto place = environments.cbegin(); place != environments.cend() && !found; ++place)
+            found = (place->isEmpty() ? packages : addedPackages)
+                        .find(package.name, package.version, package.architecture);
+        OfferedPackage offer = found.value_or(OfferedPackage());
         // A package for all architectures is the same for each of them.
         const bool isKnown
             = offer.package && std::any_of(offered.cbegin(), offered.cend(), [&offer](const auto &other) {
@@ -418,7 +435,8 @@ int PreviewJob::finish(ChangePreview preview, JobFrame *frame)
     states.before = {{m_context.path(), architectures, present},
                      request.base.value_or(CompleteCheckBase()),
                      m_context.choices.acceptedOrigins(),
-                     request.others};
+                     request.others,
+                     m_context.choices.externalRepos()};
     states.after = {m_context.path(),
                     (isDescription ? request.info : extended).binaryArchitectures(),
                     PreviewSizes::after(preview.rows, present)};

@@ -4,6 +4,7 @@
 #include "apt/aptutils.h"
 #include "apt/privateapt.h"
 #include "engine/changes/jobcontext.h"
+#include "engine/control/listsfetch.h"
 #include "engine/upgrade/upgradesources.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@ namespace
 {
 constexpr int NamesPerRun = 2000;
 constexpr int ManyNames = 500;
-constexpr int Percents = 100;
 
 /** Without the names that no source has: with hundreds of them apt takes long. */
 QStringList namesOnOffer(const QStringList &names, AptUtils *apt)
@@ -48,27 +48,13 @@ QStringList UpgradeOffers::environment() const
 
 bool UpgradeOffers::fetchLists()
 {
-    const auto showPercent = [this](int percent) {
-        if (m_context.progress.step() == 0)
-            m_context.progress.setRange(Percents);
-        if (percent > m_context.progress.step()) {
-            m_context.progress.setStep(percent);
-            m_context.progress.show();
-        }
-    };
-    const auto outcome = m_apt->fetch([this] { return m_context.control.isCanceled(); }, showPercent);
+    const auto outcome = ListsFetch(m_context.control, m_context.errors, m_context.progress).fetch(*m_apt);
     m_lists = outcome.lists;
-    if (m_context.progress.step() != 0) {
-        // The next part of the job counts packages and not percents.
-        m_context.progress.setStep(0);
-        m_context.progress.setRange(0);
-        m_context.progress.show();
-    }
     if (!outcome.problems.isEmpty())
         m_context.errors.critical(outcome.problems.join(QLatin1Char('\n')),
                                   outcome.details,
                                   outcome.usable ? RepoEnums::WARNING : RepoEnums::CRITICAL);
-    else if (!outcome.usable && !m_context.control.isCanceled())
+    else if (!outcome.usable && !m_context.control.isCanceled() && !m_context.control.isClosing())
         m_context.errors.critical(tr("The chosen sources offer no packages for this repository."),
                                   outcome.details);
     return outcome.usable;

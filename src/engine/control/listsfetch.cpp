@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "engine/control/listsfetch.h"
+
+#include "engine/control/jobcontrol.h"
+#include "engine/control/joberrors.h"
+#include "engine/control/jobprogress.h"
+
+namespace
+{
+constexpr int Percents = 100;
+}
+
+PrivateApt::Outcome ListsFetch::fetch(PrivateApt &apt) const
+{
+    const auto showPercent = [this](int percent) {
+        if (m_progress.step() == 0)
+            m_progress.setRange(Percents);
+        if (percent > m_progress.step()) {
+            m_progress.setStep(percent);
+            m_progress.show();
+        }
+    };
+    const auto outcome
+        = apt.fetch([this] { return m_control.isCanceled() || m_control.isClosing(); }, showPercent);
+    if (m_progress.step() != 0) {
+        // The next part of the job counts packages and not percents.
+        m_progress.setStep(0);
+        m_progress.setRange(0);
+        m_progress.show();
+    }
+    return outcome;
+}
+
+void ListsFetch::refresh(AddedSources *sources, When when) const
+{
+    const auto stopped = [this] { return m_control.isCanceled() || m_control.isClosing(); };
+    sources->settle(stopped);
+    if (sources->isEmpty() || stopped())
+        return;
+    if (sources->apt() == nullptr) {
+        m_errors.critical(tr("Failed to create file with selected sources"),
+                          PrivateApt::cacheFolder(),
+                          RepoEnums::WARNING,
+                          RepoEnums::SOURCES_NOT_WRITTEN);
+        return;
+    }
+    if (when == WhenNew ? !sources->apt()->isNew() : !sources->apt()->isDue())
+        return;
+    const auto outcome = fetch(*sources->apt());
+    if (!outcome.problems.isEmpty())
+        m_errors.critical(outcome.problems.join(QLatin1Char('\n')), outcome.details, RepoEnums::WARNING);
+}
