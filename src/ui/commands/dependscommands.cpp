@@ -189,8 +189,13 @@ void DependsCommands::addPackageFromInternet()
         filter,
         m_bench.settings.aliases(),
         [versions, keyOf](const PackageInfo &package) { return versions.value(keyOf(package)); },
+        {repos, architectures},
         m_bench.prompts.window());
-    if (m_bench.prompts.run(dialog) != QDialog::Accepted)
+    const bool isAccepted = m_bench.prompts.run(dialog) == QDialog::Accepted;
+    // The dialog may have fetched lists that a complete check has not seen.
+    if (!target.isNull() && repos.isAnyAdded())
+        target->repoShell()->compareBase();
+    if (!isAccepted)
         return;
     const QList<PackageInfo> packages = dialog.selectedPackages();
     if (packages.isEmpty())

@@ -12,9 +12,10 @@
 AddPackageDialog::AddPackageDialog(const PackageFilter &filter,
                                    const FoundPackagesModel::AliasLookup &aliases,
                                    const FoundPackagesModel::PresentLookup &present,
+                                   const AddedSources &added,
                                    QWidget *parent)
     : QDialog(parent)
-    , m_searchWidget(new SearchPackageWidget(filter, aliases, present, this))
+    , m_searchWidget(new SearchPackageWidget(filter, aliases, present, added, this))
 {
     setWindowTitle(tr("Add package from external repo"));
     auto *prompt = new QLabel(tr("Enter package name:"), this);

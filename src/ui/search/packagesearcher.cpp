@@ -8,8 +8,9 @@
 
 #include <utility>
 
-PackageSearcher::PackageSearcher(PackageFilter filter)
+PackageSearcher::PackageSearcher(PackageFilter filter, AddedSources added)
     : m_filter(std::move(filter))
+    , m_offered(std::move(added))
 {
     qRegisterMetaType<QList<PackageInfo>>("QList<PackageInfo>");
     m_thread.setObjectName(QStringLiteral("PackageSearcher"));

@@ -10,7 +10,7 @@
 #include <atomic>
 
 /**
- * Searches the public repositories that apt knows, in a thread of its own. Only the newest search is answered. An older
+ * Searches the public repositories that apt knows, and those that the user added, in a thread of its own. Only the newest search is answered. An older
  * search ends early, and its programs are killed. The destructor does the same, so it returns quickly. Create and
  * destroy it in the thread of its user.
  */
@@ -18,7 +18,8 @@ class PackageSearcher : public QObject
 {
     Q_OBJECT
 public:
-    explicit PackageSearcher(PackageFilter filter);
+    /** The lists of the sources that the user added are searched as they are. */
+    explicit PackageSearcher(PackageFilter filter, AddedSources added = {});
     ~PackageSearcher() override;
 
     /** Whether a search is running or waiting. */

@@ -3,6 +3,7 @@
 
 #include "apt/aptcommands.h"
 #include "core/settingskeys.h"
+#include "ui/search/addedsourcesbar.h"
 #include "ui/search/foundpackagesproxy.h"
 #include "ui/search/packagesearcher.h"
 #include "ui/widgets/delayedlineedit.h"
@@ -14,6 +15,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
+#include <QSet>
 #include <QSettings>
 #include <QTableView>
 
@@ -22,9 +24,10 @@
 SearchPackageWidget::SearchPackageWidget(const PackageFilter &filter,
                                          const FoundPackagesModel::AliasLookup &aliases,
                                          const FoundPackagesModel::PresentLookup &present,
+                                         const AddedSources &added,
                                          QWidget *parent)
     : QWidget(parent)
-    , m_searcher(std::make_unique<PackageSearcher>(filter))
+    , m_searcher(std::make_unique<PackageSearcher>(filter, added))
     , m_searchEdit(new DelayedLineEdit(this))
     , m_descriptionsCheckBox(new QCheckBox(tr("Search &descriptions too"), this))
     , m_busyBar(new QProgressBar(this))
@@ -32,6 +35,7 @@ SearchPackageWidget::SearchPackageWidget(const PackageFilter &filter,
     , m_architectureComboBox(new QComboBox(this))
     , m_repositoryComboBox(new QComboBox(this))
     , m_packagesTable(new QTableView(this))
+    , m_addedSources(new AddedSourcesBar(added, this))
     , m_model(new FoundPackagesModel(aliases, present, this))
     , m_proxy(new FoundPackagesProxy(this))
 {
@@ -121,6 +125,7 @@ void SearchPackageWidget::layOut()
     layout->addWidget(m_packagesTable, 3, 0, 1, 2);
     layout->addWidget(m_statusLabel, 4, 0);
     layout->addWidget(m_busyBar, 4, 1, Qt::AlignTop);
+    layout->addWidget(m_addedSources, 5, 0, 1, 2);
     layout->setColumnStretch(0, 1);
     setFocusProxy(m_searchEdit);
 }
@@ -146,6 +151,8 @@ void SearchPackageWidget::connectParts()
             });
     connect(m_searcher.get(), &PackageSearcher::newPackageFound, this, &SearchPackageWidget::showResult);
 
+    connect(m_addedSources, &AddedSourcesBar::listsChanged, this, &SearchPackageWidget::repeat);
+
     const auto filterBy = [this](QComboBox *filter, FoundPackagesModel::Column column) {
         connect(filter, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this, filter, column] {
             m_proxy->setWanted(column, filter->currentData().toString());
@@ -170,6 +177,7 @@ void SearchPackageWidget::textEdited()
 {
     m_searcher->cancel();
     m_wantedPattern.clear();
+    m_shownPattern.clear();
     m_failure.clear();
     setBusy(false);
     m_statusLabel->clear();
@@ -182,6 +190,7 @@ void SearchPackageWidget::search(const QString &text)
     const bool possible
         = m_descriptionsCheckBox->isChecked() ? !pattern.isEmpty() : AptCommands::isSearchPrefix(pattern);
     m_wantedPattern = possible ? pattern : QString();
+    m_keepsSelection = false;
     setBusy(possible);
     if (possible) {
         m_statusLabel->setText(tr("Searching..."));
@@ -199,9 +208,53 @@ void SearchPackageWidget::showResult(const QList<PackageInfo> &packages)
     // The result may be of an earlier text.
     if (m_wantedPattern.isEmpty() || m_foundPattern != m_wantedPattern)
         return;
+    m_shownPattern = m_wantedPattern;
     m_wantedPattern.clear();
     setBusy(false);
+    const auto selected = m_keepsSelection ? selectedPackages() : QList<PackageInfo>();
     updateTableWidget(packages);
+    select(selected);
+}
+
+void SearchPackageWidget::repeat()
+{
+    // A text that is being typed is searched when the typing has ended.
+    if (m_wantedPattern.isEmpty() && m_shownPattern.isEmpty())
+        return;
+    const bool keepsSelection = !m_shownPattern.isEmpty() && (m_wantedPattern.isEmpty() || m_keepsSelection);
+    search(m_searchEdit->text());
+    m_keepsSelection = keepsSelection;
+}
+
+void SearchPackageWidget::select(const QList<PackageInfo> &packages)
+{
+    const auto keyOf = [](const PackageInfo &package) -> QString {
+        return QStringList{package.name, package.version, package.architecture, package.repository}.join(
+            QLatin1Char('\n'));
+    };
+    QSet<QString> wanted;
+    for (const PackageInfo &package : packages)
+        wanted.insert(keyOf(package));
+    QItemSelection selection;
+    int begin = -1; // of the rows that are selected one below the other
+    for (int row = 0; row <= m_proxy->rowCount() && !wanted.isEmpty(); ++row) {
+        const bool isWanted = row < m_proxy->rowCount()
+                              && wanted.contains(keyOf(
+                                  m_model->packageAt(m_proxy->mapToSource(m_proxy->index(row, 0)).row())));
+        if (isWanted && begin < 0)
+            begin = row;
+        if (isWanted || begin < 0)
+            continue;
+        selection.select(m_proxy->index(begin, 0), m_proxy->index(row - 1, 0));
+        begin = -1;
+    }
+    if (selection.isEmpty())
+        return;
+    QItemSelectionModel *model = m_packagesTable->selectionModel();
+    model->select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    const QModelIndex first = selection.constFirst().topLeft();
+    model->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    m_packagesTable->scrollTo(first);
 }
 
 void SearchPackageWidget::updateTableWidget(const QList<PackageInfo> &packages)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "apt/addedsources.h"
 #include "ui/search/foundpackagesmodel.h"
 #include "ui/search/packagefilter.h"
 
@@ -8,6 +9,7 @@
 
 #include <memory>
 
+class AddedSourcesBar;
 class DelayedLineEdit;
 class FoundPackagesProxy;
 class PackageSearcher;
@@ -28,6 +30,7 @@ public:
     SearchPackageWidget(const PackageFilter &filter,
                         const FoundPackagesModel::AliasLookup &aliases,
                         const FoundPackagesModel::PresentLookup &present,
+                        const AddedSources &added = {},
                         QWidget *parent = nullptr);
     ~SearchPackageWidget() override;
 
@@ -54,7 +57,10 @@ private:
     /** Cancels the search; the present rows belong to an earlier text from now on. */
     void textEdited();
     void search(const QString &text);
+    /** Searches once more for the text whose result is shown or expected, because there are new lists. */
+    void repeat();
     void showResult(const QList<PackageInfo> &packages);
+    void select(const QList<PackageInfo> &packages);
     void refill(QComboBox *filter, FoundPackagesModel::Column column);
     void setBusy(bool busy);
     void showCount();
@@ -67,9 +73,12 @@ private:
     QComboBox *m_architectureComboBox;
     QComboBox *m_repositoryComboBox;
     QTableView *m_packagesTable;
+    AddedSourcesBar *m_addedSources;
     FoundPackagesModel *m_model;
     FoundPackagesProxy *m_proxy;
     QString m_wantedPattern; ///< pattern of the present search; empty when no result is expected
+    QString m_shownPattern; ///< pattern of the rows; empty when they belong to an earlier text
+    bool m_keepsSelection = false; ///< the next result takes the place of one for the same text
     QString m_foundPattern; ///< pattern of the next result
     QString m_failure; ///< why the next result is empty, or not whole
 };

@@ -203,7 +203,7 @@ private Q_SLOTS:
             RepoEnums::PACKAGE_EXISTS, *PackageBuilder("foo"_s).build(), false);
         const StartSelectActionDialog start;
         const VeltAboutDialog about(&window);
-        const AddPackageDialog search(PackageFilter(), {}, {}, &window);
+        const AddPackageDialog search(PackageFilter(), {}, {}, {}, &window);
         const ExternalReposDialog repos(ExternalRepos(), prompts);
         const ExternalRepoSourceDialog source({}, {}, [](const QString &) { return QString(); });
         const UpgradeSourcesDialog sources(ExternalRepos(), {}, &window);
