@@ -216,7 +216,9 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
     outcome.usable = hasLists(stopped);
     QFile tried(filePath(TriedName));
     if (tried.open(QIODevice::WriteOnly))
-        tried.write(releases.value_or(QByteArray()));
+        tried.write(releases.value_or(QByteArray()) + '\n'
+                    + outcome.problems.join(QLatin1Char('\n')).toUtf8());
+    tried.close();
     stamp.remove();
     if (outcome.problems.isEmpty() && outcome.usable && stamp.open(QIODevice::WriteOnly)) {
         outcome.lists = QUuid::createUuid().toByteArray() + ' ' + releases.value_or(QByteArray());
@@ -231,7 +233,7 @@ bool PrivateApt::isDue() const
     QFile tried(filePath(TriedName));
     if (!tried.open(QIODevice::ReadOnly))
         return true;
-    return tried.readAll() != LocalReleases::digest(m_sources).value_or(QByteArray())
+    return tried.readLine().trimmed() != LocalReleases::digest(m_sources).value_or(QByteArray())
            || AptFetch::isDue(
                fetchedAt(), tried.fileTime(QFileDevice::FileModificationTime), QDateTime::currentDateTime());
 }
@@ -239,6 +241,15 @@ bool PrivateApt::isDue() const
 bool PrivateApt::isNew() const
 {
     return !QFile::exists(filePath(TriedName));
+}
+
+QStringList PrivateApt::lastProblems() const
+{
+    QFile tried(filePath(TriedName));
+    if (!tried.open(QIODevice::ReadOnly))
+        return {};
+    tried.readLine();
+    return QString::fromUtf8(tried.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
 QDateTime PrivateApt::fetchedAt() const

@@ -54,6 +54,8 @@ public:
     bool isDue() const;
     /** Whether the lists were never fetched, and nobody has tried to. */
     bool isNew() const;
+    /** Outcome::problems of the last try. */
+    QStringList lastProblems() const;
     /** When the lists were fetched; invalid when some of them are missing. */
     QDateTime fetchedAt() const;
     /** Makes the next fetch() fetch the lists however new they are. */

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Packages that come from apt's sources.
+#include "apt/addedsources.h"
 #include "apt/aptcommands.h"
 #include "apt/aptutils.h"
 #include "apt/versionorder.h"
@@ -38,7 +39,21 @@ struct Wish
     }
 };
 
-/** What apt's sources offer of the wanted packages. */
+/** Fetches the lists of the sources that the user added, when it is time. */
+void refresh(AddedSources *sources, Console &console)
+{
+    sources->settle(&StopSignal::isRaised);
+    if (sources->apt() == nullptr || !sources->apt()->isDue())
+        return;
+    const QString job = QCoreApplication::translate("cli", "Fetching the lists of your own sources");
+    const auto outcome
+        = sources->apt()->fetch(&StopSignal::isRaised, [&](int percent) { console.progress(job, percent); });
+    console.endProgress();
+    for (const QString &problem : outcome.problems)
+        console.error(QStringLiteral("warning"), problem, outcome.details);
+}
+
+/** What apt's sources, and those that the user added, offer of the wanted packages. */
 class Offers
 {
 public:
@@ -57,10 +72,14 @@ public:
         }
         names.removeDuplicates();
         AptUtils apt;
-        apt.setStopRequest(&StopSignal::isRaised);
-        constexpr int NamesPerRun = 250;
-        for (int first = 0; first < names.size() && !StopSignal::isRaised(); first += NamesPerRun)
-            m_records += apt.packageRecords(names.mid(first, NamesPerRun));
+        ask(names, &apt);
+        AddedSources added(m_repos, architectures);
+        refresh(&added, console);
+        if (!added.environment().isEmpty()) {
+            AptUtils further;
+            further.setEnvironment(added.environment());
+            ask(names, &further);
+        }
         if (m_records.isEmpty() && !apt.lastErrorText().isEmpty() && !StopSignal::isRaised())
             console.error(QStringLiteral("apt"), apt.lastErrorText(), apt.lastErrorDetails());
     }
@@ -87,6 +106,14 @@ public:
 private:
     ExternalRepos m_repos;
     QVector<AptPackageRecord> m_records;
+
+    void ask(const QStringList &names, AptUtils *apt)
+    {
+        constexpr int NamesPerRun = 250;
+        apt->setStopRequest(&StopSignal::isRaised);
+        for (int first = 0; first < names.size() && !StopSignal::isRaised(); first += NamesPerRun)
+            m_records += apt->packageRecords(names.mid(first, NamesPerRun));
+    }
 };
 
 /** Those whose old versions are still there. */

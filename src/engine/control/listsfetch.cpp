@@ -44,9 +44,12 @@ void ListsFetch::refresh(AddedSources *sources, When when) const
                           RepoEnums::SOURCES_NOT_WRITTEN);
         return;
     }
-    if (when == WhenNew ? !sources->apt()->isNew() : !sources->apt()->isDue())
-        return;
-    const auto outcome = fetch(*sources->apt());
+    PrivateApt &apt = *sources->apt();
+    PrivateApt::Outcome outcome;
+    if (when == WhenNew ? apt.isNew() : apt.isDue())
+        outcome = fetch(apt);
+    else if (when == WhenOld)
+        outcome.problems = apt.lastProblems();
     if (!outcome.problems.isEmpty())
         m_errors.critical(outcome.problems.join(QLatin1Char('\n')), outcome.details, RepoEnums::WARNING);
 }

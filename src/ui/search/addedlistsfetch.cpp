@@ -65,6 +65,8 @@ AddedListsFetch::run(AddedSources sources, Wish wish, const std::shared_ptr<Shar
         result.isFetched = !result.isStopped;
         result.problems = outcome.problems;
         result.details = outcome.details;
+    } else {
+        result.problems = apt->lastProblems();
     }
     result.fetchedAt = apt->fetchedAt();
     return result;
