@@ -43,12 +43,16 @@ struct Wish
 void refresh(AddedSources *sources, Console &console)
 {
     sources->settle(&StopSignal::isRaised);
-    if (sources->apt() == nullptr || !sources->apt()->isDue())
+    PrivateApt *apt = sources->apt();
+    if (apt == nullptr)
         return;
-    const QString job = QCoreApplication::translate("cli", "Fetching the lists of your own sources");
-    const auto outcome
-        = sources->apt()->fetch(&StopSignal::isRaised, [&](int percent) { console.progress(job, percent); });
-    console.endProgress();
+    PrivateApt::Outcome outcome;
+    outcome.problems = apt->lastProblems();
+    if (apt->isDue()) {
+        const QString job = QCoreApplication::translate("cli", "Fetching the lists of your own sources");
+        outcome = apt->fetch(&StopSignal::isRaised, [&](int percent) { console.progress(job, percent); });
+        console.endProgress();
+    }
     for (const QString &problem : outcome.problems)
         console.error(QStringLiteral("warning"), problem, outcome.details);
 }
