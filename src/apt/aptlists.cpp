@@ -80,8 +80,11 @@ AptList listIn(const QString &line, const QDir &folder)
     // A source that is one folder has no architecture, and apt leaves the word as it is.
     const bool isOneFolder = parts.value(3).startsWith(QLatin1Char('$'));
     const QString architecture = isOneFolder ? QString() : parts.value(3);
-    const QString place = QStringLiteral("%1 %2").arg(parts.value(1), parts.value(2));
-    return {QStringLiteral("%1 %2").arg(place, architecture).trimmed(),
+    QString uri = parts.value(1);
+    const QString origin = QStringLiteral("%1 %2 %3").arg(uri, parts.value(2), architecture);
+    const QString place
+        = uri.replace(QLatin1Char(' '), QLatin1String("%20")) + QLatin1Char(' ') + parts.value(2);
+    return {origin.trimmed(),
             architecture,
             keptFile(folder.filePath(QFileInfo(parts.value(0)).fileName())),
             isOneFolder ? place : QStringLiteral("[arch=%1] %2 %3").arg(architecture, place, parts.value(4))};

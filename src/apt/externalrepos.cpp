@@ -44,6 +44,23 @@ QString shownUri(QString uri)
     return uri;
 }
 
+/** Where apt shows an address, the characters stand for themselves that a sources list has with percent signs. */
+bool isSameUri(const QString &a, const QString &b)
+{
+    const auto decoded = [](const QString &uri) { return QUrl::fromPercentEncoding(shownUri(uri).toUtf8()); };
+    return shownUri(a) == shownUri(b) || decoded(a) == decoded(b);
+}
+
+/** URI, suite and architecture; a source that is one folder has no architecture. An address can hold blanks. */
+QStringList originWords(const QString &origin)
+{
+    QStringList words = origin.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const bool isOneFolder = origin.endsWith(QLatin1Char('/'));
+    while (words.size() > (isOneFolder ? 2 : 3))
+        words.first() += QLatin1Char(' ') + words.takeAt(1);
+    return words;
+}
+
 /** Identity of a source without its components. */
 QString placeOf(const Parts &parts)
 {
@@ -78,7 +95,7 @@ bool hasGrownFrom(const Parts &source, const Parts &earlier)
 /** How well a source matches an origin; 0: not at all. */
 int fit(const Parts &source, const QStringList &origin)
 {
-    if (shownUri(source.uri) != shownUri(origin.value(0)))
+    if (!isSameUri(source.uri, origin.value(0)))
         return 0;
     int points = 1;
     const QString suite = origin.value(1);
@@ -125,7 +142,7 @@ bool isListed(const Parts &source,
         const QStringList named = namedArchitectures(list);
         const bool isComponent
             = component.isEmpty() ? list.components.isEmpty() : list.components.contains(component);
-        return isComponent && list.suite == source.suite && shownUri(list.uri) == shownUri(source.uri)
+        return isComponent && list.suite == source.suite && isSameUri(list.uri, source.uri)
                && (named.isEmpty() || architecture.isEmpty() || named.contains(architecture));
     });
 }
@@ -350,7 +367,7 @@ void ExternalRepos::merge(const QStringList &knownSources)
 
 QString ExternalRepos::aliasOf(const QString &origin) const
 {
-    const QStringList words = origin.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringList words = originWords(origin);
     QString alias = origin;
     int best = 0;
     for (const Entry &entry : m_entries) {
@@ -365,7 +382,7 @@ QString ExternalRepos::aliasOf(const QString &origin) const
 
 bool ExternalRepos::isOriginAsked(const QString &origin) const
 {
-    const QStringList words = origin.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    const QStringList words = originWords(origin);
     bool isHeld = false;
     for (const Entry &entry : m_entries) {
         if (fit(partsOf(entry.source), words) == 0)
@@ -380,7 +397,7 @@ bool ExternalRepos::isOriginAsked(const QString &origin) const
 
 bool ExternalRepos::isOf(const QString &source, const QString &origin)
 {
-    return fit(partsOf(source), origin.split(QLatin1Char(' '), Qt::SkipEmptyParts)) > 0;
+    return fit(partsOf(source), originWords(origin)) > 0;
 }
 
 bool ExternalRepos::isAnyAdded() const
