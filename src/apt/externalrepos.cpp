@@ -47,8 +47,12 @@ QString shownUri(QString uri)
 /** Where apt shows an address, the characters stand for themselves that a sources list has with percent signs. */
 bool isSameUri(const QString &a, const QString &b)
 {
-    const auto decoded = [](const QString &uri) { return QUrl::fromPercentEncoding(shownUri(uri).toUtf8()); };
-    return shownUri(a) == shownUri(b) || decoded(a) == decoded(b);
+    const QString shownA = shownUri(a);
+    const QString shownB = shownUri(b);
+    const QLatin1Char percent('%');
+    return shownA == shownB
+           || ((shownA.contains(percent) || shownB.contains(percent))
+               && QUrl::fromPercentEncoding(shownA.toUtf8()) == QUrl::fromPercentEncoding(shownB.toUtf8()));
 }
 
 /** URI, suite and architecture; a source that is one folder has no architecture. An address can hold blanks. */
@@ -56,8 +60,10 @@ QStringList originWords(const QString &origin)
 {
     QStringList words = origin.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     const bool isOneFolder = origin.endsWith(QLatin1Char('/'));
-    while (words.size() > (isOneFolder ? 2 : 3))
-        words.first() += QLatin1Char(' ') + words.takeAt(1);
+    while (words.size() > (isOneFolder ? 2 : 3)) {
+        const QString part = words.takeAt(1);
+        words.first() += QLatin1Char(' ') + part;
+    }
     return words;
 }
 
