@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "apt/externalrepos.h"
 
+#include "apt/sourceparts.h"
 #include "core/settingskeys.h"
 
 #include <QRegularExpression>
@@ -12,193 +13,6 @@
 
 namespace
 {
-/** The parts of a source. */
-struct Parts
-{
-    QStringList options;
-    QString uri;
-    QString suite;
-    QStringList components;
-};
-
-Parts partsOf(const QString &normalised)
-{
-    static const QRegularExpression expression(
-        QStringLiteral("^(?:\\[([^\\]]*)\\](?: |$))?(\\S*)(?: (\\S+))?(?: (.*))?$"));
-    const auto match = expression.match(normalised);
-    return {match.captured(1).split(QLatin1Char(' '), Qt::SkipEmptyParts),
-            match.captured(2),
-            match.captured(3),
-            match.captured(4).split(QLatin1Char(' '), Qt::SkipEmptyParts)};
-}
-
-/** The address as apt shows it: without user and password, and without redundant slashes. */
-QString shownUri(QString uri)
-{
-    static const QRegularExpression account(QStringLiteral("^([a-z0-9+]+://)[^/@]*@"));
-    static const QRegularExpression emptyHost(QStringLiteral("^([a-z0-9+]+:)/{2,}(?=/)"));
-    uri.replace(account, QStringLiteral("\\1"));
-    uri.replace(emptyHost, QStringLiteral("\\1"));
-    while (uri.size() > 1 && uri.endsWith(QLatin1Char('/')))
-        uri.chop(1);
-    return uri;
-}
-
-/** Where apt shows an address, the characters stand for themselves that a sources list has with percent signs. */
-bool isSameUri(const QString &a, const QString &b)
-{
-    const QString shownA = shownUri(a);
-    const QString shownB = shownUri(b);
-    const QLatin1Char percent('%');
-    return shownA == shownB
-           || ((shownA.contains(percent) || shownB.contains(percent))
-               && QUrl::fromPercentEncoding(shownA.toUtf8()) == QUrl::fromPercentEncoding(shownB.toUtf8()));
-}
-
-/** URI, suite and architecture; a source that is one folder has no architecture. An address can hold blanks. */
-QStringList originWords(const QString &origin)
-{
-    QStringList words = origin.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    const bool isOneFolder = origin.endsWith(QLatin1Char('/'));
-    while (words.size() > (isOneFolder ? 2 : 3)) {
-        const QString part = words.takeAt(1);
-        words.first() += QLatin1Char(' ') + part;
-    }
-    return words;
-}
-
-/** Identity of a source without its components. */
-QString placeOf(const Parts &parts)
-{
-    QStringList options = parts.options;
-    options.sort();
-    return QStringLiteral("[%1] %2 %3").arg(options.join(QLatin1Char(' ')), shownUri(parts.uri), parts.suite);
-}
-
-QStringList sortedComponents(const Parts &parts)
-{
-    QStringList components = parts.components;
-    components.sort();
-    components.removeDuplicates();
-    return components;
-}
-
-QString identityOf(const QString &source)
-{
-    const Parts parts = partsOf(source);
-    return placeOf(parts) + QLatin1Char(' ') + sortedComponents(parts).join(QLatin1Char(' '));
-}
-
-/** Whether `source` is `earlier` with additional components. */
-bool hasGrownFrom(const Parts &source, const Parts &earlier)
-{
-    const QStringList components = sortedComponents(source);
-    const QStringList earlierComponents = sortedComponents(earlier);
-    return std::includes(
-        components.cbegin(), components.cend(), earlierComponents.cbegin(), earlierComponents.cend());
-}
-
-/** How well a source matches an origin; 0: not at all. */
-int fit(const Parts &source, const QStringList &origin)
-{
-    if (!isSameUri(source.uri, origin.value(0)))
-        return 0;
-    int points = 1;
-    const QString suite = origin.value(1);
-    if (suite == source.suite) {
-        points += 2;
-    } else {
-        const bool ofComponent = std::any_of(
-            source.components.cbegin(), source.components.cend(), [&](const QString &component) {
-                return suite == source.suite + QLatin1Char('/') + component;
-            });
-        if (!ofComponent)
-            return 0;
-    }
-    const QString prefix = QStringLiteral("arch=");
-    for (const QString &option : source.options) {
-        if (!option.startsWith(prefix))
-            continue;
-        // The origin of a source that is one folder has no architecture.
-        if (origin.size() > 2 && !option.mid(prefix.size()).split(QLatin1Char(',')).contains(origin.at(2)))
-            return 0;
-        points += 1;
-    }
-    return points;
-}
-
-/** The architectures to which the options limit the source; none: there is no limit. */
-QStringList namedArchitectures(const Parts &source)
-{
-    const QString prefix = QStringLiteral("arch=");
-    for (const QString &option : source.options) {
-        if (option.startsWith(prefix))
-            return option.mid(prefix.size()).split(QLatin1Char(','), Qt::SkipEmptyParts);
-    }
-    return {};
-}
-
-/** Whether one of the lists is of the source's component for the architecture; an empty one stands for any. */
-bool isListed(const Parts &source,
-              const QString &component,
-              const QString &architecture,
-              const QVector<Parts> &lists)
-{
-    return std::any_of(lists.cbegin(), lists.cend(), [&](const Parts &list) {
-        const QStringList named = namedArchitectures(list);
-        const bool isComponent
-            = component.isEmpty() ? list.components.isEmpty() : list.components.contains(component);
-        return isComponent && list.suite == source.suite && isSameUri(list.uri, source.uri)
-               && (named.isEmpty() || architecture.isEmpty() || named.contains(architecture));
-    });
-}
-
-/** The source without what the lists have; empty when they have all of it. */
-QString
-unlistedPart(const Parts &source, const QVector<Parts> &lists, const QStringList &repositoryArchitectures)
-{
-    const QStringList named = namedArchitectures(source);
-    QStringList wanted = named;
-    if (!repositoryArchitectures.isEmpty()) {
-        wanted.clear();
-        for (const QString &architecture : repositoryArchitectures) {
-            if (named.isEmpty() || named.contains(architecture))
-                wanted.append(architecture);
-        }
-        if (wanted.isEmpty())
-            return {};
-    }
-    const QStringList any{QString()};
-    const QStringList components = source.components.isEmpty() ? any : source.components;
-    const QStringList architectures = wanted.isEmpty() ? any : wanted;
-    QStringList lackedComponents;
-    QStringList lackedArchitectures;
-    for (const QString &architecture : architectures) {
-        for (const QString &component : components) {
-            if (isListed(source, component, architecture, lists))
-                continue;
-            lackedComponents.append(component);
-            lackedArchitectures.append(architecture);
-        }
-    }
-    if (lackedComponents.isEmpty())
-        return {};
-    lackedComponents.removeDuplicates();
-    lackedArchitectures.removeDuplicates();
-    QStringList options = source.options;
-    if (lackedArchitectures.size() < architectures.size()) {
-        const auto isLimit = [](const QString &option) { return option.startsWith(QLatin1String("arch=")); };
-        options.erase(std::remove_if(options.begin(), options.end(), isLimit), options.end());
-        options.append(QLatin1String("arch=") + lackedArchitectures.join(QLatin1Char(',')));
-    }
-    QStringList words{source.uri, source.suite};
-    if (!options.isEmpty())
-        words.prepend(QStringLiteral("[%1]").arg(options.join(QLatin1Char(' '))));
-    if (!source.components.isEmpty())
-        words += lackedComponents;
-    return words.join(QLatin1Char(' '));
-}
-
 bool isInvisible(QChar character)
 {
     const auto category = character.category();
@@ -305,7 +119,7 @@ bool ExternalRepos::save(QSettings &settings) const
 
 ExternalRepos::Entry &ExternalRepos::storedEntry(const QString &source)
 {
-    const auto row = m_rows.constFind(identityOf(source));
+    const auto row = m_rows.constFind(SourceParts::identity(source));
     if (row != m_rows.constEnd())
         return m_entries[*row];
     Entry entry;
@@ -316,7 +130,7 @@ ExternalRepos::Entry &ExternalRepos::storedEntry(const QString &source)
 
 void ExternalRepos::append(const Entry &entry)
 {
-    m_rows.insert(identityOf(entry.source), m_entries.size());
+    m_rows.insert(SourceParts::identity(entry.source), m_entries.size());
     m_entries.append(entry);
 }
 
@@ -324,7 +138,7 @@ void ExternalRepos::findRows()
 {
     m_rows.clear();
     for (int row = 0; row < m_entries.size(); ++row)
-        m_rows.insert(identityOf(m_entries.at(row).source), row);
+        m_rows.insert(SourceParts::identity(m_entries.at(row).source), row);
 }
 
 // --- the list ----------------------------------------------------------------------------------------------------
@@ -335,21 +149,21 @@ void ExternalRepos::merge(const QStringList &knownSources)
     QHash<QString, QVector<int>> inPlace; // rows that may have got more components
     for (int row = 0; row < m_entries.size(); ++row) {
         if (!m_entries.at(row).added)
-            inPlace[placeOf(partsOf(m_entries.at(row).source))].append(row);
+            inPlace[SourceParts::of(m_entries.at(row).source).place()].append(row);
     }
     QVector<bool> isTaken(m_entries.size(), false);
     for (const QString &known : knownSources) {
         const QString source = normalised(known);
-        const QString identity = identityOf(source);
+        const QString identity = SourceParts::identity(source);
         if (merged.m_rows.contains(identity))
             continue;
         int stored = m_rows.value(identity, -1);
         // A disabled source of the system stays disabled when the administrator adds a component to it.
         if (stored < 0 || isTaken.at(stored)) {
-            const Parts parts = partsOf(source);
-            const auto rows = inPlace.value(placeOf(parts));
+            const SourceParts parts = SourceParts::of(source);
+            const auto rows = inPlace.value(parts.place());
             const auto grown = std::find_if(rows.cbegin(), rows.cend(), [&](int row) {
-                return !isTaken.at(row) && hasGrownFrom(parts, partsOf(m_entries.at(row).source));
+                return !isTaken.at(row) && parts.hasGrownFrom(SourceParts::of(m_entries.at(row).source));
             });
             stored = grown == rows.cend() ? -1 : *grown;
         }
@@ -373,11 +187,11 @@ void ExternalRepos::merge(const QStringList &knownSources)
 
 QString ExternalRepos::aliasOf(const QString &origin) const
 {
-    const QStringList words = originWords(origin);
+    const QStringList words = SourceParts::originWords(origin);
     QString alias = origin;
     int best = 0;
     for (const Entry &entry : m_entries) {
-        const int points = entry.alias.isEmpty() ? 0 : fit(partsOf(entry.source), words);
+        const int points = entry.alias.isEmpty() ? 0 : SourceParts::of(entry.source).fit(words);
         if (points > best) {
             best = points;
             alias = entry.alias;
@@ -388,10 +202,10 @@ QString ExternalRepos::aliasOf(const QString &origin) const
 
 bool ExternalRepos::isOriginAsked(const QString &origin) const
 {
-    const QStringList words = originWords(origin);
+    const QStringList words = SourceParts::originWords(origin);
     bool isHeld = false;
     for (const Entry &entry : m_entries) {
-        if (fit(partsOf(entry.source), words) == 0)
+        if (SourceParts::of(entry.source).fit(words) == 0)
             continue;
         // An origin does not contain its component, so one enabled entry is enough.
         if (entry.enabled)
@@ -403,7 +217,7 @@ bool ExternalRepos::isOriginAsked(const QString &origin) const
 
 bool ExternalRepos::isOf(const QString &source, const QString &origin)
 {
-    return fit(partsOf(source), originWords(origin)) > 0;
+    return SourceParts::of(source).fit(SourceParts::originWords(origin)) > 0;
 }
 
 bool ExternalRepos::isAnyAdded() const
@@ -415,14 +229,14 @@ bool ExternalRepos::isAnyAdded() const
 
 QStringList ExternalRepos::beyond(const QStringList &known, const QStringList &architectures) const
 {
-    QVector<Parts> lists;
+    QVector<SourceParts> lists;
     for (const QString &list : known)
-        lists.append(partsOf(list));
+        lists.append(SourceParts::of(list));
     QStringList sources;
     for (const Entry &entry : m_entries) {
         if (!entry.enabled || !entry.added)
             continue;
-        const QString source = unlistedPart(partsOf(entry.source), lists, architectures);
+        const QString source = SourceParts::of(entry.source).unlisted(lists, architectures);
         if (!source.isEmpty())
             sources.append(source);
     }
@@ -436,14 +250,14 @@ bool ExternalRepos::setSource(const QString &source, int row)
     Entry entry;
     if (row >= 0)
         entry = m_entries.at(row);
-    const QString earlier = identityOf(entry.source);
+    const QString earlier = SourceParts::identity(entry.source);
     entry.source = normalised(source);
     entry.added = true;
     if (row < 0) {
         append(entry);
     } else {
         m_rows.remove(earlier);
-        m_rows.insert(identityOf(entry.source), row);
+        m_rows.insert(SourceParts::identity(entry.source), row);
         m_entries[row] = entry;
     }
     return true;
@@ -542,7 +356,7 @@ QString ExternalRepos::refusal(const QString &source)
         if (line.contains(special))
             return tr("The character %1 cannot stand in a source line.").arg(special);
     }
-    const Parts parts = partsOf(line);
+    const SourceParts parts = SourceParts::of(line);
     static const QRegularExpression option(QStringLiteral("^[A-Za-z-]+[+-]?=[^\\[\\]]+$"));
     const bool optionsFit = std::all_of(parts.options.cbegin(),
                                         parts.options.cend(),
@@ -570,7 +384,7 @@ QString ExternalRepos::refusalInList(const QString &source, int row) const
     QString reason = refusal(source);
     if (!reason.isEmpty())
         return reason;
-    const auto other = m_rows.constFind(identityOf(normalised(source)));
+    const auto other = m_rows.constFind(SourceParts::identity(normalised(source)));
     if (other != m_rows.constEnd() && *other != row)
         return tr("The list has this repository already.");
     return {};
