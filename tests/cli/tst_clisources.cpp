@@ -158,6 +158,77 @@ private Q_SLOTS:
         QCOMPARE(h.json("fetch", {"--missing"_s, "top"_s, "--dry-run"_s}).code, 0);
     }
 
+    /** A repository of reprepro's own, of which only the program has been told, beside a source of apt. */
+    void sourcesThatAptDoesNotKnow()
+    {
+        CliHarness far;
+        far.create();
+        const QString debs = far.at("debs"_s);
+        QStringList offered{DebBuilder("lib-data"_s).architecture("all"_s).build(debs),
+                            depending("lib", "lib-data", "2.0", debs)};
+        for (const char *name : {"both", "lone"})
+            offered.append(DebBuilder(QLatin1String(name)).version("2.0"_s).build(debs));
+        QCOMPARE(far.run(QStringList{"add"_s, far.repo()} + offered).code, 0);
+        QVERIFY(QFile::link(far.repo(), far.at("far"_s)));
+
+        CliHarness h;
+        h.create();
+        DebBuilder("both"_s).build(h.at("source/pool"_s));
+        DebBuilder("plain"_s).build(h.at("source/pool"_s));
+        const LocalApt apt(h.folder.path(), {"source"_s});
+        const QString needy = depending("needy", "lib (>= 2)", "1.0", h.at("own"_s));
+        QCOMPARE(h.run({"add"_s, h.repo(), needy}).code, 0);
+        const auto checked
+            = [&h](const char *how) { return h.json("check", QString::fromLatin1(how).split(u' ')); };
+        QCOMPARE(checked("--against public").code, 1);
+        QCOMPARE(checked("--complete").code, 1);
+        const QDir cache(qEnvironmentVariable("XDG_CACHE_HOME") + "/velt-admin-repo/apt"_s);
+        const int states = static_cast<int>(cache.entryList(QDir::Dirs | QDir::NoDotAndDotDot).size());
+
+        QSettings settings(qEnvironmentVariable("XDG_CONFIG_HOME") + "/corvana/velt-admin-repo.conf"_s,
+                           QSettings::IniFormat);
+        const auto restored = qScopeGuard([&settings] { settings.remove("EnabledRepos"_s); });
+        const QString source = "[trusted=yes] file:%1 dogwood main contrib"_s.arg(far.at("far"_s));
+        settings.setValue("EnabledRepos/repo1"_s, source);
+        settings.sync();
+        for (const char *how : {"--complete", "--against public", "--against both"}) {
+            const CliResult good = checked(how);
+            QVERIFY2(good.code == 0 && good.errors.isEmpty(), good.said());
+        }
+        // All of them have shared the lists.
+        QCOMPARE(cache.entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), states + 1);
+
+        // From both places in one job, and what each lacks. The preview refuses what it does not find.
+        const CliResult shown = h.json("fetch", {"--dry-run"_s, "lone"_s, "plain"_s});
+        QVERIFY2(shown.code == 0 && shown.json()["rows"_s].toArray().size() == 2, shown.said());
+        const CliResult fetched = h.json("fetch", {"plain"_s, "lone"_s, "both"_s});
+        QVERIFY2(fetched.code == 0 && fetched.errors.isEmpty(), fetched.said());
+        QCOMPARE(listed(fetched.json()["added"_s]), "both 2.0 amd64,lone 2.0 amd64,plain 1.0 amd64"_s);
+        const CliResult missing = h.json("fetch", {"--missing"_s});
+        QVERIFY2(missing.code == 0 && missing.errors.isEmpty(), missing.said());
+        QCOMPARE(listed(missing.json()["added"_s]), "lib 2.0 amd64,lib-data 1.0 amd64"_s);
+        QCOMPARE(checked("--against local").code, 0);
+
+        // What lies on this computer counts as soon as it is there.
+        QCOMPARE(far.run({"add"_s, far.repo(), far.deb("late")}).code, 0);
+        QCOMPARE(listed(h.json("fetch", {"late"_s}).json()["added"_s]), "late 1.0 amd64"_s);
+
+        // A server that is away is told of each time, and hides nothing of the others.
+        const ScopedVariable direct("no_proxy", "127.0.0.1"_s);
+        settings.setValue("EnabledRepos/repo2"_s, "[trusted=yes] http://127.0.0.1:1/r x main"_s);
+        settings.sync();
+        for (int i = 0; i < 2; ++i) {
+            const CliResult away = checked("--against public needy");
+            QVERIFY2(away.errors.contains("could not be reached"), away.said());
+            QVERIFY(away.json()["broken"_s].toArray().isEmpty());
+        }
+        // Switched off, it is nobody's business.
+        settings.remove("EnabledRepos"_s);
+        settings.sync();
+        QCOMPARE(checked("--against public needy").code, 1);
+        QCOMPARE(h.json("fetch", {"lone"_s}).code, 3);
+    }
+
     void outAndIn()
     {
         CliHarness h;

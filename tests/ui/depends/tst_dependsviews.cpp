@@ -290,6 +290,49 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(status->text().contains("apt-config"_s), 30000);
     }
 
+    /** Sources that apt was not told of: their lists come by themselves, and what is chosen stays chosen. */
+    void sourcesOfTheUser()
+    {
+        VELT_NEED_TOOL("dpkg-scanpackages");
+        DebBuilder("plain"_s).build(path("known/pool"_s));
+        DebBuilder("plainer"_s).build(path("own/pool"_s));
+        runShell("mkdir -p dists/dogwood/main/binary-amd64\n"
+                 "dpkg-scanpackages -m pool 2>/dev/null >dists/dogwood/main/binary-amd64/Packages"_s,
+                 path("own"_s));
+        const LocalApt apt(m_root.path(), {"known"_s});
+        ExternalRepos repos;
+        QVERIFY(repos.setSource("[trusted=yes] file:%1 dogwood main"_s.arg(path("own"_s))));
+        repos.setAlias(0, "Ours"_s);
+        const auto alias = [&repos](const QString &origin) { return repos.aliasOf(origin); };
+        AddPackageDialog dialog({{"amd64"_s}, {}}, alias, {}, {repos, {"amd64"_s}});
+        dialog.show();
+        auto *table = child<QTableView>(dialog, "m_packagesTable");
+        auto *label = child<QLabel>(dialog, "m_addedSourcesLabel");
+        auto *button = child<QAbstractButton>(dialog, "m_addedSourcesButton");
+        const auto again = [&] {
+            label->clear();
+            button->click();
+            QTRY_COMPARE_WITH_TIMEOUT(button->text(), "&Fetch again"_s, 30000);
+        };
+        QTest::keyClicks(child<DelayedLineEdit>(dialog, "m_searchEdit"), "plain"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(table->model()->rowCount(), 2, 30000);
+        QTRY_VERIFY_WITH_TIMEOUT(label->isVisible() && label->text().startsWith("Lists of"_s), 30000);
+        table->selectRow(1);
+        QCOMPARE(dialog.selectedPackages().value(0).name, "plainer"_s);
+        QCOMPARE(table->model()->index(1, FoundPackagesModel::RepositoryColumn).data().toString(), "Ours"_s);
+
+        DebBuilder("plainest"_s).build(path("own/pool"_s));
+        runShell("dpkg-scanpackages -m pool 2>/dev/null >dists/dogwood/main/binary-amd64/Packages"_s,
+                 path("own"_s));
+        again();
+        QTRY_COMPARE_WITH_TIMEOUT(table->model()->rowCount(), 3, 30000);
+        QCOMPARE(dialog.selectedPackages().value(0).name, "plainer"_s);
+
+        QVERIFY(QDir(path("own"_s)).removeRecursively());
+        again();
+        QVERIFY2(label->text().startsWith("Your own sources: "_s), qPrintable(label->text()));
+    }
+
     void othersTextsAreNoMarkup()
     {
         FoundPackagesModel model({}, {}, nullptr);
