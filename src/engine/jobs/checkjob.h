@@ -10,7 +10,6 @@
 
 #include <functional>
 
-class AddedSources;
 class PublicCandidates;
 struct JobContext;
 

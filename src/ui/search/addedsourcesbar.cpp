@@ -24,6 +24,7 @@ AddedSourcesBar::AddedSourcesBar(const AddedSources &sources, QWidget *parent)
     constexpr int ProgressWidth = 20; // in characters
     m_progressBar->setMaximumWidth(fontMetrics().averageCharWidth() * ProgressWidth);
     m_button->setObjectName(QStringLiteral("m_addedSourcesButton"));
+    m_button->setText(tr("&Fetch again"));
     // Enter in the dialog means its own button.
     m_button->setAutoDefault(false);
     auto *layout = new QHBoxLayout(this);
