@@ -35,7 +35,7 @@ void ListsFetch::refresh(AddedSources *sources, When when) const
 {
     const auto stopped = [this] { return m_control.isCanceled() || m_control.isClosing(); };
     sources->settle(stopped);
-    if (sources->isEmpty() || stopped())
+    if (sources->isEmpty() || when == Never || stopped())
         return;
     if (sources->apt() == nullptr) {
         m_errors.critical(tr("Failed to create file with selected sources"),
@@ -46,10 +46,14 @@ void ListsFetch::refresh(AddedSources *sources, When when) const
     }
     PrivateApt &apt = *sources->apt();
     PrivateApt::Outcome outcome;
-    if (when == WhenNew ? apt.isNew() : apt.isDue())
+    if (when == WhenNew ? apt.isNew() : apt.isDue()) {
+        const QString message = m_progress.startMessage();
+        m_progress.announce(tr("Fetching the lists of your own sources"));
         outcome = fetch(apt);
-    else if (when == WhenOld)
+        m_progress.announce(message);
+    } else if (when == WhenOld) {
         outcome.problems = apt.lastProblems();
+    }
     if (!outcome.problems.isEmpty())
         m_errors.critical(outcome.problems.join(QLatin1Char('\n')), outcome.details, RepoEnums::WARNING);
 }

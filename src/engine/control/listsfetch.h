@@ -27,7 +27,8 @@ public:
 
     enum When {
         WhenOld, ///< see PrivateApt::isDue()
-        WhenNew ///< only when nobody has tried yet: for jobs in which nobody expects to wait for a server
+        WhenNew, ///< only when nobody has tried yet: for jobs in which nobody expects to wait for a server
+        Never
     };
     /**
      * Finds out what apt does not know, and fetches the lists when it is time. A source that cannot be reached gets a

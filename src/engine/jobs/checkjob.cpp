@@ -15,7 +15,7 @@ int CheckJob::run(const QList<PackageInfoPtr> &packages)
     JobFrame frame(m_context, tr("Checking depends"));
     const auto records = presentRecords(m_context.packages, packages);
     const bool isOn = m_context.choices.dependsRepoType() != DependsNowhere;
-    const AddedSources added = isOn ? addedSources(ListsFetch::WhenOld) : AddedSources();
+    const AddedSources added = isOn ? addedSources(ifPublic(ListsFetch::WhenOld)) : AddedSources();
     m_context.progress.setRange(records.size());
     const int checked = checkRecords(records, added, [&frame] { frame.quickItemDone(); });
     m_context.progress.show();
@@ -35,21 +35,24 @@ void CheckJob::checkPresent(const QList<PackageInfoPtr> &packages)
     const auto records = presentRecords(m_context.packages, packages);
     if (m_context.choices.dependsRepoType() == DependsNowhere)
         return;
-    const int checked = checkRecords(records, addedSources(ListsFetch::WhenNew));
+    const int checked = checkRecords(records, addedSources(ifPublic(ListsFetch::WhenNew)));
     if (checked < records.size() && mustStop())
         Q_EMIT m_context.listener.noted(
             tr("Operation stopped. %1 of %n package(s) depends checked", nullptr, records.size())
                 .arg(checked));
 }
 
+ListsFetch::When CheckJob::ifPublic(ListsFetch::When when) const
+{
+    // Where the repository alone counts, apt is only asked what could take the place of something missing.
+    return (m_context.choices.dependsRepoType() & DependsPublic) != 0 ? when : ListsFetch::Never;
+}
+
 AddedSources CheckJob::addedSources(ListsFetch::When when)
 {
     AddedSources sources(m_context.choices.externalRepos(),
                          m_context.repository.info().binaryArchitectures());
-    // Of the repository alone apt is only asked what could take a missing package's place.
-    const bool isAsked = (m_context.choices.dependsRepoType() & DependsPublic) != 0;
-    ListsFetch(m_context.control, m_context.errors, m_context.progress)
-        .refresh(&sources, isAsked ? when : ListsFetch::WhenNew);
+    ListsFetch(m_context.control, m_context.errors, m_context.progress).refresh(&sources, when);
     return sources;
 }
 

@@ -35,6 +35,8 @@ public:
 private:
     JobContext &m_context;
 
+    /** When lists are fetched for a check against what the user has chosen. */
+    ListsFetch::When ifPublic(ListsFetch::When when) const;
     int checkRecords(const QList<PackageInfoPtr> &records,
                      const AddedSources &added,
                      const std::function<void()> &itemDone = {});

@@ -10,9 +10,9 @@
 #include <atomic>
 
 /**
- * Searches the public repositories that apt knows, and those that the user added, in a thread of its own. Only the newest search is answered. An older
- * search ends early, and its programs are killed. The destructor does the same, so it returns quickly. Create and
- * destroy it in the thread of its user.
+ * Searches the public repositories that apt knows, and those that the user added, in a thread of its own. Only the
+ * newest search is answered. An older search ends early, and its programs are killed. The destructor does the same, so
+ * it returns quickly. Create and destroy it in the thread of its user.
  */
 class PackageSearcher : public QObject
 {
