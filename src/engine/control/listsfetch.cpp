@@ -12,17 +12,19 @@ constexpr int Percents = 100;
 
 PrivateApt::Outcome ListsFetch::fetch(PrivateApt &apt) const
 {
-    const auto showPercent = [this](int percent) {
-        if (m_progress.step() == 0)
+    // A job that has counted packages already counts on.
+    const bool showsPercents = m_progress.step() == 0;
+    const auto showPercent = [this, showsPercents](int percent) {
+        if (showsPercents && m_progress.step() == 0)
             m_progress.setRange(Percents);
-        if (percent > m_progress.step()) {
+        if (showsPercents && percent > m_progress.step()) {
             m_progress.setStep(percent);
             m_progress.show();
         }
     };
     const auto outcome
         = apt.fetch([this] { return m_control.isCanceled() || m_control.isClosing(); }, showPercent);
-    if (m_progress.step() != 0) {
+    if (showsPercents && m_progress.step() != 0) {
         // The next part of the job counts packages and not percents.
         m_progress.setStep(0);
         m_progress.setRange(0);

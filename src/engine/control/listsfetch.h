@@ -22,7 +22,7 @@ public:
         , m_progress(progress)
     { }
 
-    /** Shows the progress of PrivateApt::fetch(), and leaves the range of the job unknown. */
+    /** Shows the progress of PrivateApt::fetch() in a job that has not counted yet, and leaves its range unknown. */
     PrivateApt::Outcome fetch(PrivateApt &apt) const;
 
     enum When {
