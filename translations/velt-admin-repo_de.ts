@@ -52,6 +52,44 @@
     </message>
 </context>
 <context>
+    <name>AddedListsFetch</name>
+    <message>
+        <source>No files could be written in %1.</source>
+        <translation>In %1 konnten keine Dateien geschrieben werden.</translation>
+    </message>
+</context>
+<context>
+    <name>AddedSourcesBar</name>
+    <message>
+        <source>Fetching the lists of your own sources</source>
+        <translation>Die Listen Ihrer eigenen Paketquellen werden geholt</translation>
+    </message>
+    <message>
+        <source>&amp;Fetch again</source>
+        <translation>&amp;Erneut holen</translation>
+    </message>
+    <message>
+        <source>Fetching the lists of your own sources...</source>
+        <translation>Die Listen Ihrer eigenen Paketquellen werden geholt...</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>A&amp;nhalten</translation>
+    </message>
+    <message>
+        <source>The lists of your own sources were not fetched.</source>
+        <translation>Die Listen Ihrer eigenen Paketquellen wurden nicht geholt.</translation>
+    </message>
+    <message>
+        <source>Your own sources: %1</source>
+        <translation>Ihre eigenen Paketquellen: %1</translation>
+    </message>
+    <message>
+        <source>Lists of your own sources: %1</source>
+        <translation>Listen Ihrer eigenen Paketquellen: %1</translation>
+    </message>
+</context>
+<context>
     <name>ApplyJob</name>
     <message>
         <source>Nothing was done: there is no preview of this repository.</source>
@@ -5720,6 +5758,10 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         <source>Adding %1 to the repository</source>
         <translation>%1 wird zum Repository hinzugefügt</translation>
     </message>
+    <message>
+        <source>Fetching the lists of your own sources</source>
+        <translation>Die Listen Ihrer eigenen Paketquellen werden geholt</translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>
@@ -7753,6 +7795,10 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>Give the repository the architectures and components that it lacks for them</source>
         <translation>Dem Repository die Architekturen und Komponenten geben, die ihm dafür fehlen</translation>
+    </message>
+    <message>
+        <source>Fetching the lists of your own sources</source>
+        <translation>Die Listen Ihrer eigenen Paketquellen werden geholt</translation>
     </message>
 </context>
 <context>

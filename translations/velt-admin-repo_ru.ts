@@ -52,6 +52,44 @@
     </message>
 </context>
 <context>
+    <name>AddedListsFetch</name>
+    <message>
+        <source>No files could be written in %1.</source>
+        <translation>Не удалось записать файлы в %1.</translation>
+    </message>
+</context>
+<context>
+    <name>AddedSourcesBar</name>
+    <message>
+        <source>Fetching the lists of your own sources</source>
+        <translation>Загрузка списков ваших источников</translation>
+    </message>
+    <message>
+        <source>&amp;Fetch again</source>
+        <translation>&amp;Загрузить снова</translation>
+    </message>
+    <message>
+        <source>Fetching the lists of your own sources...</source>
+        <translation>Загрузка списков ваших источников...</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>О&amp;становить</translation>
+    </message>
+    <message>
+        <source>The lists of your own sources were not fetched.</source>
+        <translation>Списки ваших источников не загружены.</translation>
+    </message>
+    <message>
+        <source>Your own sources: %1</source>
+        <translation>Ваши источники: %1</translation>
+    </message>
+    <message>
+        <source>Lists of your own sources: %1</source>
+        <translation>Списки ваших источников: %1</translation>
+    </message>
+</context>
+<context>
     <name>ApplyJob</name>
     <message>
         <source>Nothing was done: there is no preview of this repository.</source>
@@ -5802,6 +5840,10 @@ The file with them is kept as %2.</source>
         <source>Adding %1 to the repository</source>
         <translation>Добавление %1 в репозиторий</translation>
     </message>
+    <message>
+        <source>Fetching the lists of your own sources</source>
+        <translation>Загрузка списков ваших источников</translation>
+    </message>
 </context>
 <context>
     <name>RepoWidget</name>
@@ -7837,6 +7879,10 @@ The file with them is kept as %2.</source>
     <message>
         <source>Give the repository the architectures and components that it lacks for them</source>
         <translation>Добавить в репозиторий архитектуры и компоненты, которых для них не хватает</translation>
+    </message>
+    <message>
+        <source>Fetching the lists of your own sources</source>
+        <translation>Загрузка списков ваших источников</translation>
     </message>
 </context>
 <context>

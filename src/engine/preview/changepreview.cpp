@@ -87,7 +87,7 @@ void ChangePreview::setOn(const QVector<int> &wanted, bool on)
             continue;
         for (const int i : switched)
             for (const int rival : places.like(rows.at(i)))
-                if (rows.at(rival).isOn && !switched.contains(rival))
+                if (rows.at(rival).isOn && rows.at(rival).isSwitchable && !switched.contains(rival))
                     switchGroup(rival, false);
     }
 }

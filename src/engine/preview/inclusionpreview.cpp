@@ -57,9 +57,9 @@ PackageChange::State InclusionPreview::presentState(const PackageInfo &package, 
     return state;
 }
 
-InclusionRules::Target InclusionPreview::targetOf(const OfferedPackage &offered) const
+InclusionRules::Target InclusionPreview::targetOf(InclusionRules::Target target,
+                                                  const OfferedPackage &offered)
 {
-    InclusionRules::Target target = m_target;
     if (!offered.component.isEmpty())
         target.component = offered.component;
     return target;
@@ -71,12 +71,13 @@ QVector<PackageInfo> InclusionPreview::recordsOf(const OfferedPackage &offered) 
                            : QVector<PackageInfo>();
 }
 
-RepositoryExtension InclusionPreview::lacking(const QVector<OfferedPackage> &offered) const
+RepositoryExtension InclusionPreview::lacking(const InclusionRules::Target &target,
+                                              const QVector<OfferedPackage> &offered)
 {
     RepositoryExtension lacking;
     for (const OfferedPackage &package : offered)
         if (package.package && package.reason.isEmpty())
-            lacking.unite(InclusionRules::lacking(*package.package, targetOf(package)));
+            lacking.unite(InclusionRules::lacking(*package.package, targetOf(target, package)));
     return lacking;
 }
 

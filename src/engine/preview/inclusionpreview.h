@@ -40,7 +40,8 @@ public:
                      bool isSigning);
 
     /** What the repository would need so that further packages could go in; see InclusionRules. */
-    RepositoryExtension lacking(const QVector<OfferedPackage> &offered) const;
+    static RepositoryExtension lacking(const InclusionRules::Target &target,
+                                       const QVector<OfferedPackage> &offered);
     /** The rows in the order of the packages. */
     QVector<PreviewRow> rows(const QVector<OfferedPackage> &offered);
 
@@ -56,7 +57,11 @@ private:
     QVector<PreviewRow> m_rows;
     int m_groups = 0;
 
-    InclusionRules::Target targetOf(const OfferedPackage &offered) const;
+    InclusionRules::Target targetOf(const OfferedPackage &offered) const
+    {
+        return targetOf(m_target, offered);
+    }
+    static InclusionRules::Target targetOf(InclusionRules::Target target, const OfferedPackage &offered);
     /** The future records of the package; none when it cannot be read, or has no place. */
     QVector<PackageInfo> recordsOf(const OfferedPackage &offered) const;
     /** The paths in the pool that packages of different contents want. */

@@ -154,31 +154,23 @@ void PreviewJob::addInclusionRows(const PreviewRequest &request,
     const QString path = m_context.path();
     auto target = InclusionRules::Target::of(path, m_context.repository.info(), request.options.component);
     auto present = m_context.packages.all();
-    const InclusionPreview asItIs(target, present, request.collisions, request.options.sign);
-    preview->lacking = asItIs.lacking(offered);
-    QVector<PreviewRow> further;
+    preview->lacking = InclusionPreview::lacking(target, offered);
+    preview->rows.clear();
     if (request.extends && !preview->lacking.isEmpty()) {
         const DistributionsFile file(path);
         const QByteArray text = file.readBytes().value_or(QByteArray());
         const RepoInfo before = file.parsed(text);
         const RepoChange change{before, preview->lacking.appliedTo(before), false};
-        further = PreviewRows::description(change, present);
-        for (PreviewRow &row : further)
+        preview->rows = PreviewRows::description(change, present);
+        for (PreviewRow &row : preview->rows) {
             row.change.after = InclusionPreview::presentState(*row.offered, true);
+            present.append(row.offered);
+        }
         DescriptionEffect::fill(&preview->effect, {change, QString::fromUtf8(text), path, path, {}});
         target.info = change.after;
-        present = change.left(present);
     }
     InclusionPreview rows(target, present, request.collisions, request.options.sign);
-    preview->rows = rows.rows(offered);
-    // A package that comes into a new architecture and is replaced there at once has one row.
-    QSet<PackageKey> places;
-    for (const PreviewRow &row : qAsConst(preview->rows))
-        if (row.offered && row.verdict != PreviewRow::Refused)
-            places.insert(PackageKey::of(*row.offered));
-    for (const PreviewRow &row : qAsConst(further))
-        if (!places.contains(PackageKey::of(*row.offered)))
-            preview->rows.append(row);
+    preview->rows += rows.rows(offered);
 }
 
 RepoEnums::ErrorCode PreviewJob::addFileRows(const PreviewRequest &request,

@@ -185,32 +185,13 @@ QVector<PreviewRow> PreviewRows::description(const RepoChange &change, const QLi
     for (const PackageInfoPtr &package : present)
         if (!change.keepsPlace(*package))
             rows.append(removedRow(package));
-    const QStringList flooded = change.floodedArchitectures(present);
-    // Each of these packages comes once into a new architecture; of several versions the newest.
-    Places newest;
-    QVector<PackageKey> order;
-    const QStringList components = change.after.componentList();
-    for (const PackageInfoPtr &package : present) {
-        if (package->ownArchitecture() != QLatin1String("all")
-            || !components.contains(package->indexComponent))
-            continue;
-        PackageKey key = PackageKey::of(*package);
-        key.architecture.clear();
-        const PackageInfoPtr known = newest.value(key);
-        if (!known)
-            order.append(key);
-        if (!known || VersionOrder::compare(package->version, known->version) > 0)
-            newest.insert(key, package);
+    const auto flooded = change.flooded(present);
+    for (const PackageInfoPtr &record : flooded) {
+        PreviewRow row = rowFor(*record, PackageChange::Added);
+        row.change.after = PackageChange::stateOf(*record);
+        row.offered = record;
+        rows.append(row);
     }
-    for (const QString &architecture : flooded)
-        for (const PackageKey &key : qAsConst(order)) {
-            const auto record = QSharedPointer<PackageInfo>::create(*newest.value(key));
-            record->architecture = architecture;
-            PreviewRow row = rowFor(*record, PackageChange::Added);
-            row.change.after = PackageChange::stateOf(*record);
-            row.offered = record;
-            rows.append(row);
-        }
     for (PreviewRow &row : rows)
         row.isSwitchable = false;
     return rows;

@@ -24,6 +24,9 @@ void PreviewSizes::fill(PreviewEffect *effect,
         const PackageChange &change = row.change;
         if (row.relation == PreviewRow::SameFile)
             continue;
+        // A package that comes into a further architecture can be replaced there at once.
+        if (change.kind == PackageChange::Added && uses.contains(change.after.file))
+            ++uses[change.after.file];
         // A package for all architectures is one for the client.
         const QString one = change.name + QLatin1Char(' ') + change.after.file;
         if (row.relation == PreviewRow::Newer)
@@ -65,5 +68,8 @@ QList<PackageInfoPtr> PreviewSizes::after(const QVector<PreviewRow> &rows,
     for (const PackageInfoPtr &package : present)
         if (!gone.contains(package))
             packages.append(package);
-    return packages + coming;
+    for (const PackageInfoPtr &package : qAsConst(coming))
+        if (!gone.contains(package))
+            packages.append(package);
+    return packages;
 }

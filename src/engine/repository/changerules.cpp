@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/repository/changerules.h"
 
+#include "apt/versionorder.h"
 #include "engine/repository/distributions.h"
+#include "engine/repository/packagelist.h"
 
+#include <QHash>
 #include <QSet>
 
 #include <algorithm>
+#include <iterator>
 
 namespace
 {
@@ -78,27 +82,43 @@ QStringList RepoChange::floodedArchitectures(const QList<PackageInfoPtr> &packag
     return isWanted ? without(after.binaryArchitectures(), before.binaryArchitectures()) : QStringList();
 }
 
+QList<PackageInfoPtr> RepoChange::flooded(const QList<PackageInfoPtr> &packages) const
+{
+    const QStringList architectures = floodedArchitectures(packages);
+    if (architectures.isEmpty())
+        return {};
+    const QStringList components = after.componentList();
+    QHash<PackageKey, PackageInfoPtr> newest;
+    QVector<PackageKey> order;
+    for (const PackageInfoPtr &package : packages) {
+        if (!isForAll(*package) || !components.contains(package->indexComponent))
+            continue;
+        PackageKey key = PackageKey::of(*package);
+        key.architecture.clear();
+        const PackageInfoPtr known = newest.value(key);
+        if (!known)
+            order.append(key);
+        if (!known || VersionOrder::compare(package->version, known->version) > 0)
+            newest.insert(key, package);
+    }
+    QList<PackageInfoPtr> copies;
+    for (const QString &architecture : architectures)
+        for (const PackageKey &key : qAsConst(order)) {
+            const auto copy = QSharedPointer<PackageInfo>::create(*newest.value(key));
+            copy->architecture = architecture;
+            copies.append(copy);
+        }
+    return copies;
+}
+
 QList<PackageInfoPtr> RepoChange::left(const QList<PackageInfoPtr> &packages) const
 {
-    const QStringList flooded = floodedArchitectures(packages);
-    const QStringList components = after.componentList();
-    QSet<QString> copied;
     QList<PackageInfoPtr> left;
-    for (const PackageInfoPtr &package : packages) {
-        if (keepsPlace(*package))
-            left.append(package);
-        // A package for all architectures has a record for each of them.
-        const QString place = package->indexComponent + QLatin1Char('/') + package->filePath();
-        if (!isForAll(*package) || !components.contains(package->indexComponent) || copied.contains(place))
-            continue;
-        copied.insert(place);
-        for (const QString &architecture : flooded) {
-            const auto copy = QSharedPointer<PackageInfo>::create(*package);
-            copy->architecture = architecture;
-            left.append(copy);
-        }
-    }
-    return left;
+    std::copy_if(packages.cbegin(),
+                 packages.cend(),
+                 std::back_inserter(left),
+                 [this](const PackageInfoPtr &package) { return keepsPlace(*package); });
+    return left + flooded(packages);
 }
 
 QByteArray RepoChange::bridge(const QByteArray &old) const

@@ -25,6 +25,8 @@ struct RepoChange
 
     /** The new architectures that receive the architecture-independent packages of the others. */
     QStringList floodedArchitectures(const QList<PackageInfoPtr> &packages) const;
+    /** Their records there: of several versions of a package in one component, reprepro takes the newest. */
+    QList<PackageInfoPtr> flooded(const QList<PackageInfoPtr> &packages) const;
     /** What the repository holds after the change: the packages that keep their places, and the copies of flooding. */
     QList<PackageInfoPtr> left(const QList<PackageInfoPtr> &packages) const;
     /**

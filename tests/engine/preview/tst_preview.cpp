@@ -189,7 +189,7 @@ private Q_SLOTS:
             const QVector<quint32> rules{
                 Rules::PreferHigher, Rules::PreferLower, Rules::ReplaceAll, Rules::ReplaceNone};
             request.collisions.value = rules.at(random.bounded(rules.size()));
-            request.extends = round > 6 && random.bounded(3) == 0;
+            request.extends = round > 4 && random.bounded(2) == 0;
             ChangePreview preview = previews.of(request);
             QVERIFY2(!preview.rows.isEmpty(), qPrintable(h.words()));
             for (int i = random.bounded(4); i > 0; --i)
