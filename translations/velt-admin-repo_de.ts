@@ -5728,21 +5728,6 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
         <translation>Das Repository kann mit dem Schlüssel %1 nicht signiert werden: %2.</translation>
     </message>
     <message>
-        <source>architectures %1</source>
-        <translation>Architekturen %1</translation>
-    </message>
-    <message>
-        <source>components %1</source>
-        <translation>Komponenten %1</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n package file(s) cannot be added, because the repository lacks: %1.</source>
-        <translation>
-            <numerusform>%n Paketdatei kann nicht hinzugefügt werden, weil dem Repository dies fehlt: %1.</numerusform>
-            <numerusform>%n Paketdateien können nicht hinzugefügt werden, weil dem Repository dies fehlt: %1.</numerusform>
-        </translation>
-    </message>
-    <message>
         <source>The repository can get what it lacks, and then the files. This changes its description.</source>
         <translation>Das Repository kann das Fehlende erhalten, und danach die Dateien. Das ändert seine Beschreibung.</translation>
     </message>
@@ -5761,6 +5746,27 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>Fetching the lists of your own sources</source>
         <translation>Die Listen Ihrer eigenen Paketquellen werden geholt</translation>
+    </message>
+    <message numerus="yes">
+        <source>the architecture(s) %1</source>
+        <translation>
+            <numerusform>die Architektur %1</numerusform>
+            <numerusform>die Architekturen %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the component(s) %1</source>
+        <translation>
+            <numerusform>die Komponente %1</numerusform>
+            <numerusform>die Komponenten %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package file(s) cannot be added, because the repository lacks %1.</source>
+        <translation>
+            <numerusform>%n Paketdatei kann nicht hinzugefügt werden, weil das Repository dies nicht hat: %1.</numerusform>
+            <numerusform>%n Paketdateien können nicht hinzugefügt werden, weil das Repository dies nicht hat: %1.</numerusform>
+        </translation>
     </message>
 </context>
 <context>

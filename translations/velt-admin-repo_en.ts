@@ -652,10 +652,24 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n package file(s) cannot be added, because the repository lacks: %1.</source>
+        <source>the architecture(s) %1</source>
         <translation>
-            <numerusform>%n package file cannot be added, because the repository lacks: %1.</numerusform>
-            <numerusform>%n package files cannot be added, because the repository lacks: %1.</numerusform>
+            <numerusform>the architecture %1</numerusform>
+            <numerusform>the architectures %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the component(s) %1</source>
+        <translation>
+            <numerusform>the component %1</numerusform>
+            <numerusform>the components %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package file(s) cannot be added, because the repository lacks %1.</source>
+        <translation>
+            <numerusform>%n package file cannot be added, because the repository lacks %1.</numerusform>
+            <numerusform>%n package files cannot be added, because the repository lacks %1.</numerusform>
         </translation>
     </message>
 </context>

@@ -5809,22 +5809,6 @@ The file with them is kept as %2.</source>
         <translation>Репозиторий нельзя подписать ключом %1: %2.</translation>
     </message>
     <message>
-        <source>architectures %1</source>
-        <translation>архитектуры %1</translation>
-    </message>
-    <message>
-        <source>components %1</source>
-        <translation>компоненты %1</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n package file(s) cannot be added, because the repository lacks: %1.</source>
-        <translation>
-            <numerusform>Нельзя добавить %n файл пакета, потому что в репозитории нет: %1.</numerusform>
-            <numerusform>Нельзя добавить %n файла пакетов, потому что в репозитории нет: %1.</numerusform>
-            <numerusform>Нельзя добавить %n файлов пакетов, потому что в репозитории нет: %1.</numerusform>
-        </translation>
-    </message>
-    <message>
         <source>The repository can get what it lacks, and then the files. This changes its description.</source>
         <translation>Недостающее можно добавить в репозиторий, а затем и файлы. При этом изменится его описание.</translation>
     </message>
@@ -5843,6 +5827,30 @@ The file with them is kept as %2.</source>
     <message>
         <source>Fetching the lists of your own sources</source>
         <translation>Загрузка списков ваших источников</translation>
+    </message>
+    <message numerus="yes">
+        <source>the architecture(s) %1</source>
+        <translation>
+            <numerusform>архитектуры %1</numerusform>
+            <numerusform>архитектур %1</numerusform>
+            <numerusform>архитектур %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>the component(s) %1</source>
+        <translation>
+            <numerusform>компонента %1</numerusform>
+            <numerusform>компонентов %1</numerusform>
+            <numerusform>компонентов %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n package file(s) cannot be added, because the repository lacks %1.</source>
+        <translation>
+            <numerusform>Нельзя добавить %n файл пакета, потому что в репозитории нет: %1.</numerusform>
+            <numerusform>Нельзя добавить %n файла пакетов, потому что в репозитории нет: %1.</numerusform>
+            <numerusform>Нельзя добавить %n файлов пакетов, потому что в репозитории нет: %1.</numerusform>
+        </translation>
     </message>
 </context>
 <context>

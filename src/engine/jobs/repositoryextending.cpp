@@ -22,11 +22,13 @@ bool RepositoryExtending::isWanted(const RepositoryExtension &extension, int fil
         return false;
     QStringList lacks;
     if (!extension.architectures.isEmpty())
-        lacks << tr("architectures %1").arg(extension.architectures.join(QLatin1String(", ")));
+        lacks << tr("the architecture(s) %1", nullptr, extension.architectures.size())
+                     .arg(extension.architectures.join(QLatin1String(", ")));
     if (!extension.components.isEmpty())
-        lacks << tr("components %1").arg(extension.components.join(QLatin1String(", ")));
+        lacks << tr("the component(s) %1", nullptr, extension.components.size())
+                     .arg(extension.components.join(QLatin1String(", ")));
     QString question
-        = tr("%n package file(s) cannot be added, because the repository lacks: %1.", nullptr, files)
+        = tr("%n package file(s) cannot be added, because the repository lacks %1.", nullptr, files)
               .arg(lacks.join(QLatin1String("; ")));
     question
         += QLatin1Char(' ')
