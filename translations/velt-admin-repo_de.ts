@@ -3837,8 +3837,8 @@ Ein oder mehrere Werte</translation>
         <translation>gezeigt: %1 von %2</translation>
     </message>
     <message>
-        <source>&amp;Add %1 to the repository</source>
-        <translation>%1 zum Repository &amp;hinzufügen</translation>
+        <source>Add %1 to the repository</source>
+        <translation>%1 zum Repository hinzufügen</translation>
     </message>
 </context>
 <context>

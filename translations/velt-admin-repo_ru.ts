@@ -3876,8 +3876,8 @@ One or more values</source>
         <translation>показано: %1 из %2</translation>
     </message>
     <message>
-        <source>&amp;Add %1 to the repository</source>
-        <translation>&amp;Добавить %1 в репозиторий</translation>
+        <source>Add %1 to the repository</source>
+        <translation>Добавить %1 в репозиторий</translation>
     </message>
 </context>
 <context>

@@ -339,7 +339,8 @@ void PreviewDialog::offerCarrying(bool carries)
 
 void PreviewDialog::offerExtending(bool extends)
 {
-    m_extending->setText(tr("&Add %1 to the repository").arg(m_model->preview().lacking.names()));
+    m_extending->setText(tr("Add %1 to the repository").arg(m_model->preview().lacking.names()));
+    Mnemonics::markForm(this);
     offer(m_extending, extends, &PreviewDialog::extendingChosen);
 }
 
