@@ -1650,6 +1650,13 @@ Ohne Auswahl .gz.</translation>
             <numerusform>%n Abhängigkeiten bleiben unerfüllt.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 und %n weiteres</numerusform>
+            <numerusform>%1 und %n weitere</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>GpgKeysWidget</name>
@@ -7805,6 +7812,10 @@ Die Datei mit ihnen wird als %2 aufbewahrt.</translation>
     <message>
         <source>Fetching the lists of your own sources</source>
         <translation>Die Listen Ihrer eigenen Paketquellen werden geholt</translation>
+    </message>
+    <message>
+        <source>--missing brings all that is needed, without --with-depends.</source>
+        <translation>--missing bringt alles Nötige mit, ohne --with-depends.</translation>
     </message>
 </context>
 <context>

@@ -1665,6 +1665,14 @@ Without a choice, .gz.</source>
             <numerusform>Остаются неудовлетворёнными %n зависимостей.</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%1 and %n more</source>
+        <translation>
+            <numerusform>%1 и ещё %n</numerusform>
+            <numerusform>%1 и ещё %n</numerusform>
+            <numerusform>%1 и ещё %n</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>GpgKeysWidget</name>
@@ -7891,6 +7899,10 @@ The file with them is kept as %2.</source>
     <message>
         <source>Fetching the lists of your own sources</source>
         <translation>Загрузка списков ваших источников</translation>
+    </message>
+    <message>
+        <source>--missing brings all that is needed, without --with-depends.</source>
+        <translation>--missing берёт всё необходимое, без --with-depends.</translation>
     </message>
 </context>
 <context>

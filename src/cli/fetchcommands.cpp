@@ -229,6 +229,12 @@ void tellOffers(const QVector<UpgradablePackage> &packages, Console &console)
 
 ExitCode Commands::fetch(const Invocation &invocation, Console &console)
 {
+    if (invocation.has("missing") && invocation.has("with-depends")) {
+        console.error(QStringLiteral("usage"),
+                      QCoreApplication::translate(
+                          "cli", "--missing brings all that is needed, without --with-depends."));
+        return ExitCode::Usage;
+    }
     if (invocation.has("missing"))
         return fetchMissing(invocation, console);
     if (invocation.others().isEmpty()) {

@@ -56,7 +56,7 @@ void tellRows(const GatherPlan &plan, Console &console)
                               row.ownArchitecture,
                               locale.formattedDataSize(row.size, 1),
                               row.package.repository,
-                              row.neededBy.join(QLatin1String(", "))));
+                              GatherText::neededBy(row)));
     console.line(QCoreApplication::translate("cli", "To be fetched: %1, %2")
                      .arg(plan.rows.size())
                      .arg(locale.formattedDataSize(plan.size(), 1)));
@@ -106,9 +106,10 @@ ExitCode Commands::fetchMissing(const Invocation &invocation, Console &console)
     // The component is that of the packages to add.
     Invocation chosen = invocation;
     chosen.options.remove(QStringLiteral("component"));
-    const auto selected
-        = session.runFor(PackageSelection(chosen.others(), PackageSelection::Names, chosen),
-                         [&shell](const QList<PackageInfoPtr> &packages) { shell.findMissing(packages); });
+    const auto selected = session.runFor(PackageSelection(chosen.others(), PackageSelection::Names, chosen),
+                                         [&](const QList<PackageInfoPtr> &packages) {
+                                             shell.findMissing(packages, invocation.value("component"));
+                                         });
     if (selected.packages.isEmpty() && !selected.unmatched.isEmpty())
         return ExitCode::Failed;
     ExitCode code = session.exitCode(plan.has_value() || selected.packages.isEmpty());
@@ -125,7 +126,7 @@ ExitCode Commands::fetchMissing(const Invocation &invocation, Console &console)
     } else if (code <= ExitCode::Findings) {
         const AddOptions options = session.addOptions();
         session.run([&] { shell.gather(found, options); });
-        code = std::max(code, session.exitCode(true));
+        code = std::max(code, session.exitCode());
     }
     const auto left = found.after(shell.packages()).left();
     if (!left.isEmpty())

@@ -93,8 +93,11 @@ public:
      * that lacked it. The dependencies come from the results of a check.
      */
     void addDependencies(const QVector<Dependency> &dependencies, const AddOptions &options = {});
-    /** Finds out what the packages lack and sources offer, with what that needs in turn; gatherPlanReady() tells. */
-    void findMissing(const QList<PackageInfoPtr> &packages);
+    /**
+     * Finds out what the packages lack and sources offer, with what that needs in turn; gatherPlanReady() tells. It is
+     * to go into this component; empty: each package into its own.
+     */
+    void findMissing(const QList<PackageInfoPtr> &packages, const QString &component = {});
     /** Fetches and adds what the plan has on, checks again what it was made for, and tells what is left. */
     void gather(const GatherPlan &plan, const AddOptions &options = {});
     /**

@@ -98,11 +98,11 @@ void RepoShell::addDependencies(const QVector<Dependency> &dependencies, const A
         });
 }
 
-void RepoShell::findMissing(const QList<PackageInfoPtr> &packages)
+void RepoShell::findMissing(const QList<PackageInfoPtr> &packages, const QString &component)
 {
     if (!packages.isEmpty() && !path().isEmpty())
-        startJob([this, packages] {
-            return GatherJob(*m_context).find(packages, [this](const GatherPlan &plan) {
+        startJob([this, packages, component] {
+            return GatherJob(*m_context).find(packages, component, [this](const GatherPlan &plan) {
                 Q_EMIT gatherPlanReady(plan);
             });
         });

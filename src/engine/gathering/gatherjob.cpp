@@ -15,6 +15,7 @@
 #include <iterator>
 
 int GatherJob::find(const QList<PackageInfoPtr> &packages,
+                    const QString &component,
                     const std::function<void(const GatherPlan &plan)> &publish)
 {
     constexpr int StepInterval = 50; // milliseconds
@@ -38,7 +39,7 @@ int GatherJob::find(const QList<PackageInfoPtr> &packages,
     m_context.progress.setRange(wanted.size());
     QElapsedTimer sinceStep;
     sinceStep.start();
-    GatherSearch search(scope, offers, stopped);
+    GatherSearch search(scope, offers, stopped, component);
     const GatherPlan plan = search.find(wanted, [&](int visited) {
         if (!sinceStep.hasExpired(StepInterval))
             return;

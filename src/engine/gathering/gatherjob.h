@@ -22,6 +22,7 @@ public:
 
     /** Finds out what the packages lack, in the sources that count. Nothing is published after a stop or an error. */
     int find(const QList<PackageInfoPtr> &packages,
+             const QString &component,
              const std::function<void(const GatherPlan &plan)> &publish);
     /**
      * Fetches and adds these packages of the plan, checks the dependencies anew of those that were asked about and that

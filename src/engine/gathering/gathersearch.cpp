@@ -2,6 +2,7 @@
 #include "engine/gathering/gathersearch.h"
 
 #include "apt/versionorder.h"
+#include "core/packagefields.h"
 #include "engine/installability/checkedsystem.h"
 #include "installability/needindex.h"
 #include "installability/settledpackages.h"
@@ -44,6 +45,7 @@ public:
            const BaseOffers &offers,
            const QString &native,
            PackageType packageType,
+           const QString &component,
            const StopRequest &stopped)
         : architecture(native)
         , type(packageType)
@@ -51,6 +53,7 @@ public:
         , universe(checked.universe())
         , isForbidden(at(universe.count()))
         , isLeaving(at(universe.count()))
+        , m_component(component)
     {
         startAnew();
         // After a stop, relations are missing, and nothing is asked.
@@ -92,25 +95,34 @@ public:
 
     /** Whether one of them names the other in Conflicts or Breaks. */
     bool areEnemies(int a, int b) const { return excludes(a, b) || excludes(b, a); }
-    /** The package of this name that would leave for the other one; -1 when there is none. */
-    int ownNamesake(int package) const
+    /** The packages of the repository that leave when the file of this one goes in. */
+    QVector<int> leavingFor(int package) const
     {
-        return namesake(package, [this](int other) { return isOwn(other); });
+        QVector<int> leaving;
+        for (const int other : universe.namesakes(package))
+            if (other != package && isOwn(other) && isInItsPlace(other, package))
+                leaving.append(other);
+        return leaving;
     }
     int chosenNamesake(int package) const
     {
-        return namesake(package, [this](int other) { return bool(isChosen[at(other)]); });
-    }
-    bool isOlderThanOwn(int package) const
-    {
         const auto names = universe.namesakes(package);
-        return std::any_of(names.begin(), names.end(), [&](int other) {
-            return isOwn(other)
-                   && VersionOrder::compare(universe.version(other), universe.version(package)) > 0;
+        const auto found = std::find_if(
+            names.begin(), names.end(), [&](int other) { return other != package && isChosen[at(other)]; });
+        return found == names.end() ? -1 : *found;
+    }
+    /** The package of the repository in the same place that is newer; -1 when there is none. */
+    int newerThan(int package) const
+    {
+        const auto leaving = leavingFor(package);
+        const auto found = std::find_if(leaving.cbegin(), leaving.cend(), [&](int other) {
+            return VersionOrder::compare(universe.version(other), universe.version(package)) > 0;
         });
+        return found == leaving.cend() ? -1 : *found;
     }
 
 private:
+    const QString m_component;
     std::optional<NeedIndex> m_index;
     std::optional<SettledPackages> m_settled;
     QHash<QString, int> m_forAll;
@@ -123,18 +135,25 @@ private:
                       return holds(universe.members(entry.set), other);
                   });
     }
-    template <typename Accepts>
-    int namesake(int package, const Accepts &accepts) const
+    bool isInItsPlace(int own, int offered) const
     {
-        const auto names = universe.namesakes(package);
-        const auto found = std::find_if(
-            names.begin(), names.end(), [&](int other) { return other != package && accepts(other); });
-        return found == names.end() ? -1 : *found;
+        const auto records = checked.recordsOf(own);
+        const QString component
+            = m_component.isEmpty()
+                  ? PackageField::splitSection(universe.paragraph(offered).field("Section"), {}).component
+                  : m_component;
+        // What another component has as well does not leave.
+        return std::all_of(records.cbegin(), records.cend(), [&component](const PackageInfoPtr &record) {
+            return record->indexComponent.isEmpty() || record->indexComponent == component;
+        });
     }
 };
 
-GatherSearch::GatherSearch(const CheckScope &scope, const BaseOffers &offers, StopRequest stopped)
-    : m_stopped(std::move(stopped))
+GatherSearch::GatherSearch(const CheckScope &scope,
+                           const BaseOffers &offers,
+                           const StopRequest &stopped,
+                           const QString &component)
+    : m_stopped(stopped)
     , m_unknownArchitectures(offers.unknownArchitectures)
     , m_packages(scope.repository.packages)
 {
@@ -146,7 +165,8 @@ GatherSearch::GatherSearch(const CheckScope &scope, const BaseOffers &offers, St
                   });
             // What comes for all architectures needs something on those without a package, too.
             if ((isAny || type == PackageType::Deb) && !isStopped())
-                m_systems.push_back(std::make_unique<System>(scope, offers, architecture, type, m_stopped));
+                m_systems.push_back(
+                    std::make_unique<System>(scope, offers, architecture, type, component, m_stopped));
         }
     }
 }
@@ -159,10 +179,9 @@ GatherPlan GatherSearch::find(const QList<PackageInfoPtr> &wanted, const Progres
     GatherPlan plan;
     plan.wanted = wanted;
     for (int walks = 1; !isStopped() && !walk(wanted, walks < MostWalks, progress); ++walks) { }
+    if (!isStopped())
+        plan = planned();
     plan.isComplete = !isStopped();
-    if (!plan.isComplete)
-        return plan;
-    plan = planned();
     plan.wanted = wanted;
     return plan;
 }
@@ -183,8 +202,74 @@ std::vector<GatherSearch::Place> GatherSearch::twins(const Place &place) const
     return places;
 }
 
+bool GatherSearch::mayCome(const Place &place) const
+{
+    const auto places = twins(place);
+    return std::all_of(places.cbegin(), places.cend(), [this](const Place &twin) {
+        const System &system = *m_systems[at(twin.system)];
+        return system.isOwn(twin.package)
+               || (!system.isForbidden[at(twin.package)] && system.newerThan(twin.package) < 0);
+    });
+}
+
+std::optional<GatherSearch::Place> GatherSearch::rivalOf(const Place &place) const
+{
+    const auto places = twins(place);
+    for (const Place &twin : places) {
+        const int rival = m_systems[at(twin.system)]->chosenNamesake(twin.package);
+        if (rival >= 0)
+            return Place{twin.system, rival};
+    }
+    return std::nullopt;
+}
+
+bool GatherSearch::servesFor(const Place &rival, const Place &place) const
+{
+    const auto ours = twins(place);
+    const auto theirs = twins(rival);
+    return std::all_of(theirs.cbegin(), theirs.cend(), [&](const Place &twin) {
+        const System &system = *m_systems[at(twin.system)];
+        const QVector<int> sets = system.served.value(twin.package);
+        const auto here = std::find_if(
+            ours.cbegin(), ours.cend(), [&twin](const Place &other) { return other.system == twin.system; });
+        return std::all_of(sets.cbegin(), sets.cend(), [&](int set) {
+            return here != ours.cend() && holds(system.universe.members(set), here->package);
+        });
+    });
+}
+
+void GatherSearch::take(const Place &place, std::vector<Place> *queue)
+{
+    const auto places = twins(place);
+    for (const Place &twin : places) {
+        System &system = *m_systems[at(twin.system)];
+        // The repository can have it for another architecture.
+        if (system.isOwn(twin.package))
+            continue;
+        system.isChosen[at(twin.package)] = true;
+        system.order.push_back(twin.package);
+        queue->push_back(twin);
+        const auto leaving = system.leavingFor(twin.package);
+        for (const int package : leaving) {
+            // What counted on the version that leaves must look for something else.
+            m_mustWalkAnew = m_mustWalkAnew || !system.isLeaving[at(package)];
+            system.isLeaving[at(package)] = true;
+        }
+    }
+}
+
+void GatherSearch::forbid(const Place &place)
+{
+    const auto places = twins(place);
+    for (const Place &twin : places)
+        m_systems[at(twin.system)]->isForbidden[at(twin.package)] = true;
+    for (const auto &system : m_systems)
+        std::fill(system->isLeaving.begin(), system->isLeaving.end(), false);
+}
+
 bool GatherSearch::walk(const QList<PackageInfoPtr> &wanted, bool mayChooseAnew, const Progress &progress)
 {
+    m_mustWalkAnew = false;
     std::vector<Place> queue;
     for (int number = 0; number < static_cast<int>(m_systems.size()); ++number) {
         System &system = *m_systems[at(number)];
@@ -209,7 +294,7 @@ bool GatherSearch::walk(const QList<PackageInfoPtr> &wanted, bool mayChooseAnew,
         if (progress)
             progress(static_cast<int>(next + 1));
     }
-    return true;
+    return !m_mustWalkAnew || !mayChooseAnew;
 }
 
 bool GatherSearch::choose(const Place &owner, int set, bool mayChooseAnew, std::vector<Place> *queue)
@@ -235,44 +320,24 @@ bool GatherSearch::choose(const Place &owner, int set, bool mayChooseAnew, std::
     const std::vector<int> candidates = universe.byPreference(set);
     std::vector<int> possible;
     std::copy_if(candidates.begin(), candidates.end(), std::back_inserter(possible), [&](int package) {
-        return !system.isOwn(package) && !system.isForbidden[at(package)] && !system.isOlderThanOwn(package);
+        return !system.isOwn(package) && mayCome({owner.system, package});
     });
     // What lacks something itself still meets the entry, when there is nothing better.
     std::stable_partition(possible.begin(), possible.end(), [&](int package) {
         return system.canEverBeInstalled(package) && !system.areEnemies(owner.package, package);
     });
     for (const int package : possible) {
-        const int rival = system.chosenNamesake(package);
-        if (rival >= 0) {
-            const QVector<int> sets = system.served.value(rival);
-            const bool servesAll = std::all_of(sets.cbegin(), sets.cend(), [&](int served) {
-                return holds(universe.members(served), package);
-            });
-            if (!servesAll || !mayChooseAnew)
+        const Place place{owner.system, package};
+        const auto rival = rivalOf(place);
+        if (rival) {
+            if (!servesFor(*rival, place) || !mayChooseAnew)
                 continue;
-            for (const Place &twin : twins({owner.system, rival}))
-                m_systems[at(twin.system)]->isForbidden[at(twin.package)] = true;
+            forbid(*rival);
             return false;
         }
-        bool isAnyLeaving = false;
-        for (const Place &twin : twins({owner.system, package})) {
-            System &other = *m_systems[at(twin.system)];
-            // The repository can have it for another architecture.
-            if (other.isOwn(twin.package))
-                continue;
-            other.isChosen[at(twin.package)] = true;
-            other.order.push_back(twin.package);
-            queue->push_back(twin);
-            for (const int leaving : other.universe.namesakes(twin.package)) {
-                if (!other.isOwn(leaving) || other.isLeaving[at(leaving)])
-                    continue;
-                other.isLeaving[at(leaving)] = true;
-                isAnyLeaving = true;
-            }
-        }
+        take(place, queue);
         system.served[package].append(set);
-        // What counted on the version that leaves must look for something else.
-        return !isAnyLeaving || !mayChooseAnew;
+        break;
     }
     return true;
 }
@@ -301,31 +366,33 @@ GatherPlan GatherSearch::planned() const
                 plan.rows.append(added);
             }
             rowOf[package] = *row;
-            const int leaving = system->ownNamesake(package);
-            if (leaving >= 0)
-                plan.rows[*row].replaced = text(universe.version(leaving));
+            const auto leaving = system->leavingFor(package);
+            if (!leaving.isEmpty())
+                plan.rows[*row].replaced = text(universe.version(leaving.first()));
         }
         rowsOf.push_back(rowOf);
     }
+    std::vector<QSet<QString>> named(at(plan.rows.size()));
     for (int number = 0; number < static_cast<int>(m_systems.size()); ++number)
-        fillNeeds(number, rowsOf[at(number)], &plan);
+        fillNeeds(number, rowsOf[at(number)], &named, &plan);
     return plan;
 }
 
-void GatherSearch::fillNeeds(int number, const QVector<int> &rowOf, GatherPlan *plan) const
+void GatherSearch::fillNeeds(int number,
+                             const QVector<int> &rowOf,
+                             std::vector<QSet<QString>> *named,
+                             GatherPlan *plan) const
 {
     const System &system = *m_systems[at(number)];
     const Universe &universe = system.universe;
     // The rows for which a package of the repository leaves.
     QHash<int, QVector<int>> leavesWith;
     for (const int package : system.order) {
-        const auto names = universe.namesakes(package);
-        for (const int other : names) {
-            if (other != package && system.isOwn(other))
-                leavesWith[other].append(rowOf.at(package));
-        }
+        const auto leaving = system.leavingFor(package);
+        for (const int other : leaving)
+            leavesWith[other].append(rowOf.at(package));
     }
-    for (int owner = 0; owner < universe.count(); ++owner) {
+    for (int owner = 0; owner < universe.count() && !isStopped(); ++owner) {
         const bool isOwn = system.isOwn(owner);
         // A package of the repository that nobody asked for can lose what it has.
         if (!isOwn && rowOf.at(owner) < 0)
@@ -351,20 +418,23 @@ void GatherSearch::fillNeeds(int number, const QVector<int> &rowOf, GatherPlan *
             need.ownerRow = rowOf.at(owner);
             need.leavesWith = leavesWith.value(owner);
             if (need.rows.isEmpty())
-                explain(system, owner, entry.set, &need);
+                explain(number, owner, entry.set, &need);
             for (const int row : qAsConst(need.rows)) {
-                QStringList &names = plan->rows[row].neededBy;
+                QSet<QString> &names = (*named)[at(row)];
                 // What only takes the place of something is not needed for that.
-                if (!need.keptWithout.contains(row) && !names.contains(need.owner.name))
-                    names.append(need.owner.name);
+                if (need.keptWithout.contains(row) || names.contains(need.owner.name))
+                    continue;
+                names.insert(need.owner.name);
+                plan->rows[row].neededBy.append(need.owner.name);
             }
             plan->needs.append(need);
         }
     }
 }
 
-void GatherSearch::explain(const System &system, int owner, int set, GatherPlan::Need *need) const
+void GatherSearch::explain(int number, int owner, int set, GatherPlan::Need *need) const
 {
+    const System &system = *m_systems[at(number)];
     const Universe &universe = system.universe;
     const auto candidates = universe.byPreference(set);
     const auto tell = [need](GatherPlan::Why why, const QString &details = {}) {
@@ -372,13 +442,18 @@ void GatherSearch::explain(const System &system, int owner, int set, GatherPlan:
         need->details = details;
     };
     for (const int package : candidates) {
-        const int rival = system.chosenNamesake(package);
         if (system.isOwn(package))
             return tell(GatherPlan::Why::Leaving);
-        if (rival >= 0)
-            return tell(GatherPlan::Why::Clash, keyOf(universe, rival));
-        if (system.isOlderThanOwn(package))
-            return tell(GatherPlan::Why::Newer, keyOf(universe, system.ownNamesake(package)));
+        const auto places = twins({number, package});
+        for (const Place &twin : places) {
+            const System &other = *m_systems[at(twin.system)];
+            const int rival = other.chosenNamesake(twin.package);
+            const int newer = other.newerThan(twin.package);
+            if (rival >= 0)
+                return tell(GatherPlan::Why::Clash, keyOf(other.universe, rival));
+            if (newer >= 0)
+                return tell(GatherPlan::Why::Newer, keyOf(other.universe, newer));
+        }
     }
     QStringList versions;
     for (const int package : universe.namedIn(set)) {

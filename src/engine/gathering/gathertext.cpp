@@ -24,6 +24,14 @@ QString GatherText::reason(const GatherPlan::Left &left)
     return {};
 }
 
+QString GatherText::neededBy(const GatherPlan::Row &row)
+{
+    constexpr int MostNames = 8;
+    const QString names = row.neededBy.mid(0, MostNames).join(QLatin1String(", "));
+    const int further = row.neededBy.size() - MostNames;
+    return further <= 0 ? names : tr("%1 and %n more", nullptr, further).arg(names);
+}
+
 QString GatherText::line(const GatherPlan::Left &left)
 {
     return tr("%1 %2 (%3) needs %4. %5")

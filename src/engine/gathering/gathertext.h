@@ -10,6 +10,8 @@ class GatherText
 {
     Q_DECLARE_TR_FUNCTIONS(GatherText)
 public:
+    /** The names of those that need the row's package; of many, the first and how many more. */
+    static QString neededBy(const GatherPlan::Row &row);
     /** Why the entry is not met, as a sentence. */
     static QString reason(const GatherPlan::Left &left);
     /** Whose entry it is, the entry, and the reason. */

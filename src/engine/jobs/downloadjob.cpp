@@ -16,6 +16,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QVector>
 
 #include <algorithm>
@@ -157,7 +158,7 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
     m_added = {m_context.choices.externalRepos(), m_context.repository.info().binaryArchitectures()};
     m_added.settle([this] { return m_context.control.isCanceled(); });
     bool stopped = m_context.control.isCanceled();
-    for (int first = 0; first < packages.size() && !stopped; first += FilesPerRun) {
+    for (int first = 0; first < packages.size() && !stopped && !adding.isDamaged(); first += FilesPerRun) {
         const QList<PackageInfo> block = packages.mid(first, FilesPerRun);
         const ScratchFolder together;
         const QStringList paths = fetchTogether(block, together);
@@ -185,20 +186,26 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
             stopped = m_context.control.mustEnd() && !isLast;
         }
     }
-    adding.finish();
-    const QString end = atEnd ? QLatin1Char(' ') + atEnd() : QString();
+    const bool stands = adding.finish();
     const QString added = adding.addedNames();
+    const auto withEnd = [&](QString text) {
+        if (!atEnd)
+            return text;
+        if (added.isEmpty())
+            text.remove(QRegularExpression(QStringLiteral(":?\\s*\\z")));
+        return QString(text + QLatin1String(". ") + atEnd());
+    };
     if (stopped)
         return frame->finish(
             CANCEL,
-            tr("Operation stopped. %1 of %n package(s) added to local repo: %2", nullptr, packages.size())
-                    .arg(QString::number(adding.addedCount()), added)
-                + end,
+            withEnd(
+                tr("Operation stopped. %1 of %n package(s) added to local repo: %2", nullptr, packages.size())
+                    .arg(QString::number(adding.addedCount()), added)),
             DOWNLOAD_JOB);
-    return frame->finish(SUCCESS,
-                         tr("Added %n package(s) to local repo: %1", nullptr, adding.addedCount()).arg(added)
-                             + end,
-                         DOWNLOAD_JOB);
+    return frame->finish(
+        stands ? SUCCESS : ERROR,
+        withEnd(tr("Added %n package(s) to local repo: %1", nullptr, adding.addedCount()).arg(added)),
+        DOWNLOAD_JOB);
 }
 
 QStringList DownloadJob::fetchTogether(const QList<PackageInfo> &packages, const ScratchFolder &folder) const

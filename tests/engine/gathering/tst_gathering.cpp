@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/packagefields.h"
 #include "engine/gathering/gathersearch.h"
 #include "engine/gathering/gathertext.h"
 #include "support/testenvironment.h"
@@ -37,6 +38,9 @@ public:
                 record.version = control.field("Version");
                 record.architecture = index;
                 record.control = control;
+                if (!control.field("Section").isEmpty())
+                    record.indexComponent
+                        = PackageField::splitSection(control.field("Section"), {}).component;
                 m_scope.repository.packages.append(QSharedPointer<PackageInfo>::create(record));
             }
         }
@@ -122,6 +126,21 @@ private Q_SLOTS:
             "app 1; Depends: a; Pre-Depends: p",
             "a 1; Depends: b / b 1; Depends: a / p 1 / c 1",
             "p 1, a 1, b 1",
+            "");
+        add("what a choice replaced stays when the choice is taken back",
+            "app 1; Depends: x, y / p 1; Depends: z",
+            "x 2; Depends: p (>= 2) / x 1 / p 2 / y 1; Depends: w / w 1; Depends: x (= 1)",
+            "x 1, y 1, w 1",
+            "p: z unknown");
+        add("a newer one for another architecture",
+            "app 1; Depends: foo / foo 2 i386",
+            "foo 1 all",
+            "",
+            "app: foo newer foo 2");
+        add("one in another component",
+            "app 1; Depends: foo (>= 2) / old 1; Depends: foo (= 1) / foo 1; Section: contrib/net",
+            "foo 2; Section: net",
+            "foo 2",
             "");
         add("the first alternative", "app 1; Depends: a | b", "a 1 / b 1", "a 1", "");
         add("an alternative that is offered", "app 1; Depends: a | b", "b 1", "b 1", "");

@@ -56,7 +56,9 @@ void GatherCommands::search()
     if (target.isNull() || !m_bench.tabs.isFree(target))
         return;
     const QList<PackageInfoPtr> selected = target->selectedPackages();
-    target->repoShell()->findMissing(selected.isEmpty() ? target->repoShell()->packages() : selected);
+    RepoShell *engine = target->repoShell();
+    engine->findMissing(selected.isEmpty() ? engine->packages() : selected,
+                        m_bench.settings.addOptions(engine->repoInfo().componentList()).component);
 }
 
 void GatherCommands::forget(const RepoWidget *widget)

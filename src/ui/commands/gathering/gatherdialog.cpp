@@ -46,7 +46,7 @@ GatherDialog::GatherDialog(GatherPlan plan,
                       row.ownArchitecture,
                       sizeText(row.size),
                       alias(row.package.repository),
-                      row.neededBy.join(QLatin1String(", "))},
+                      GatherText::neededBy(row)},
                      row.isOn});
         sizes.append(row.size);
     }
