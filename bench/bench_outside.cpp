@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The search in the lists that apt has fetched, compared with apt's own.
 #include "apt/offeredpackages.h"
+#include "benchdata.h"
 #include "enginejob.h"
 
 #include <benchmark/benchmark.h>
