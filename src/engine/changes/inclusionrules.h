@@ -36,7 +36,7 @@ public:
 
     /** The future records of a package, one for each architecture of the repository; none: architectureRefusal(). */
     static QVector<PackageInfo> records(const PackageInfo &package, const Target &target);
-    /** What the repository must get so that the package can go in; empty when it needs nothing, or that would not do. */
+    /** What the repository must get so that the package can go in; empty when that is nothing, or would not do. */
     static RepositoryExtension lacking(const PackageInfo &package, const Target &target);
     /** How the version of an added package compares with the present one; nothing when dpkg refuses one of them. */
     static std::optional<RepoEnums::ErrorCode> collision(const QString &version, const QString &present);

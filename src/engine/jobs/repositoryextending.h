@@ -22,8 +22,8 @@ public:
     /** Whether the user wants it for this many files. He is not asked where the description must not be changed. */
     bool isWanted(const RepositoryExtension &extension, int files);
     /**
-     * Changes the description, unless it has all of it. Architecture-independent packages come into the new architectures. False after an error;
-     * when something was done already, the end of the job undoes all of it.
+     * Changes the description, unless it has all of it. Architecture-independent packages come into the new
+     * architectures. False after an error; when something was done already, the end of the job undoes all of it.
      */
     bool run(const RepositoryExtension &extension);
 

@@ -17,8 +17,8 @@ struct LocalFile
 };
 
 /**
- * Reads files of sources on this computer where they lie, while the job puts in others. Somebody else can change them at
- * any time: so only a run that compares them with their checksums may use them in place.
+ * Reads files of sources on this computer where they lie, while the job puts in others. Somebody else can change them
+ * at any time: so only a run that compares them with their checksums may use them in place.
  */
 class LocalFiles
 {

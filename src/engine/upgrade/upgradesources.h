@@ -24,8 +24,8 @@ public:
     QVector<UpgradablePackage> found() const;
     void setFound(const QVector<UpgradablePackage> &packages);
     /**
-     * What the sources were found to offer for these names, and maybe for others; nothing when they were not asked about
-     * all of them in these lists, see PrivateApt::Outcome.
+     * What the sources were found to offer for these names, and maybe for others; nothing when they were not asked
+     * about all of them in these lists, see PrivateApt::Outcome.
      */
     std::optional<QVector<AptPackageRecord>> offered(const QStringList &names, const QByteArray &lists) const;
     void

@@ -18,8 +18,8 @@ class RepoProxyModel;
 class RepoTreeView;
 
 /**
- * The search line above the package tree, the menu "Packet Filter", which chooses by what checks and records say, and the
- * line that shows these choices.
+ * The search line above the package tree, the menu "Packet Filter", which chooses by what checks and records say, and
+ * the line that shows these choices.
  */
 class TreeFilter : public QObject
 {
