@@ -7,9 +7,9 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 
-void SaveLeftovers::remove(const QString &fileName)
+void SaveLeftovers::remove(const QString &fileName, Age age)
 {
-    constexpr int Untouched = 60; // seconds
+    constexpr int Minute = 60; // seconds
     const QFileInfo info(fileName);
     // QSaveFile appends letters in random case. A suffix that could be a word, such as "broken" or "Backup", may be the
     // user's.
@@ -18,7 +18,8 @@ void SaveLeftovers::remove(const QString &fileName)
     const QFileInfoList files = info.dir().entryInfoList({info.fileName() + QLatin1String(".??????")},
                                                          QDir::Files | QDir::Hidden | QDir::NoSymLinks);
     for (const QFileInfo &file : files) {
-        const bool isOld = file.lastModified().secsTo(QDateTime::currentDateTime()) > Untouched;
+        const bool isOld
+            = age == Any || file.lastModified().secsTo(QDateTime::currentDateTime()) > Minute;
         if (isOld && form.match(file.fileName()).hasMatch())
             QFile::remove(file.filePath());
     }

@@ -16,6 +16,7 @@
 #include "engine/reprepro/repreproanswers.h"
 #include "engine/reprepro/repreprocommands.h"
 #include "files/renamepath.h"
+#include "files/saveleftovers.h"
 
 #include <QFile>
 #include <QScopeGuard>
@@ -146,6 +147,7 @@ bool JobRecovery::run()
     else
         m_context.progress.announce(words);
     DatabaseView::removeLeftovers(path);
+    SaveLeftovers::remove(DistributionsFile(path).fileName(), SaveLeftovers::Any);
     PointCommit::finish(path);
     if (RunningPoint::exists(path)) {
         if (!rollBack())
