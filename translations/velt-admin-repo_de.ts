@@ -381,6 +381,10 @@
         <source>Packages that cannot be installed: %1, not known: %2</source>
         <translation>Nicht installierbare Pakete: %1, nicht bekannt: %2</translation>
     </message>
+    <message>
+        <source>It is not known what is newer.</source>
+        <translation>Es ist nicht bekannt, was neuer ist.</translation>
+    </message>
 </context>
 <context>
     <name>BatchDialog</name>
@@ -462,6 +466,10 @@
     <message>
         <source>Stopped</source>
         <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Nothing was done.</source>
+        <translation>Es wurde nichts getan.</translation>
     </message>
 </context>
 <context>

@@ -381,6 +381,10 @@
         <source>Packages that cannot be installed: %1, not known: %2</source>
         <translation>Пакетов, которые нельзя установить: %1, неизвестно: %2</translation>
     </message>
+    <message>
+        <source>It is not known what is newer.</source>
+        <translation>Неизвестно, что новее.</translation>
+    </message>
 </context>
 <context>
     <name>BatchDialog</name>
@@ -465,6 +469,10 @@
     <message>
         <source>Stopped</source>
         <translation>Остановлено</translation>
+    </message>
+    <message>
+        <source>Nothing was done.</source>
+        <translation>Ничего не сделано.</translation>
     </message>
 </context>
 <context>

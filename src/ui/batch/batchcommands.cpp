@@ -246,7 +246,10 @@ void BatchCommands::upgrade()
         return QString();
     };
     const auto replace = [this](RepoWidget *widget) {
-        return m_upgrades.upgradeAll(widget) ? QString() : tr("There are no newer packages.");
+        if (m_upgrades.upgradeAll(widget))
+            return QString();
+        return widget->repoShell()->result() == RepoEnums::SUCCESS ? tr("There are no newer packages.")
+                                                                   : tr("It is not known what is newer.");
     };
     run(tr("Upgrade of all open repositories"), openRepositories(), {search, replace});
 }
@@ -300,8 +303,11 @@ void BatchCommands::runOver()
     m_upgrades.forgetSearches();
     const BatchReport &report = m_run->report();
     m_bench.feedback.announce(tr("%1: %2").arg(report.title, report.summary()));
-    if (!m_dialog.isNull())
+    if (!m_dialog.isNull()) {
         m_dialog->setOver(report);
+        // Errors stand nowhere else.
+        m_dialog->show();
+    }
     updateActions();
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/batch/batchdialog.h"
 
+#include "ui/widgets/tooltiptext.h"
+
 #include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QHeaderView>
@@ -22,7 +24,6 @@ BatchDialog::BatchDialog(const BatchReport &report, QWidget *parent)
 {
     setObjectName(QStringLiteral("BatchDialog"));
     setWindowTitle(report.title);
-    setAttribute(Qt::WA_DeleteOnClose);
     m_summary->setObjectName(QStringLiteral("m_summaryLabel"));
     m_summary->setText(tr("One repository after the other. You can go on working meanwhile."));
     m_summary->setWordWrap(true);
@@ -38,7 +39,8 @@ BatchDialog::BatchDialog(const BatchReport &report, QWidget *parent)
     for (const BatchReport::Entry &entry : report.entries) {
         auto *item = new QTreeWidgetItem(m_list);
         item->setText(Repository, QFileInfo(entry.path).fileName());
-        item->setToolTip(Repository, entry.path);
+        item->setToolTip(Repository, toolTipText(entry.path));
+        item->setData(Repository, Qt::UserRole, entry.path);
         item->setText(State, entry.stateText());
     }
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
@@ -59,7 +61,7 @@ BatchDialog::BatchDialog(const BatchReport &report, QWidget *parent)
     connect(m_saveButton, &QPushButton::clicked, this, &BatchDialog::savingWanted);
     connect(m_list, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem *item) {
         const QTreeWidgetItem *top = item->parent() == nullptr ? item : item->parent();
-        Q_EMIT repositoryWanted(top->toolTip(Repository));
+        Q_EMIT repositoryWanted(top->data(Repository, Qt::UserRole).toString());
     });
     resize(PreferredSize);
 }
@@ -71,12 +73,12 @@ void BatchDialog::setEntry(int index, const BatchReport::Entry &entry)
         return;
     item->setText(State, entry.stateText());
     item->setText(Result, entry.message);
-    item->setToolTip(Result, entry.message);
+    item->setToolTip(Result, toolTipText(entry.message));
     qDeleteAll(item->takeChildren());
     for (const QString &trouble : entry.troubles) {
         auto *line = new QTreeWidgetItem(item);
         line->setText(Result, trouble);
-        line->setToolTip(Result, trouble);
+        line->setToolTip(Result, toolTipText(trouble));
     }
     item->setExpanded(!entry.troubles.isEmpty());
     m_list->scrollToItem(item);

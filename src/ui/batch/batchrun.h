@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/repoenums.h"
 #include "ui/batch/batchreport.h"
 
 #include <QObject>
@@ -8,6 +9,7 @@
 #include <QVector>
 
 #include <functional>
+#include <optional>
 
 class JobFeedback;
 class RepoTabs;
@@ -53,6 +55,10 @@ Q_SIGNALS:
 private:
     void next();
     void goOn();
+    /** From now on the tab works for the run, and tells nobody else of its errors. */
+    void begin();
+    /** What has become of the item, by what its tab has told. */
+    void endByResult();
     void endItem(BatchReport::State state);
     BatchReport::Entry &entry() { return m_report.entries[m_current]; }
     bool isPresent(const RepoWidget *widget) const;
@@ -65,6 +71,8 @@ private:
     QPointer<RepoWidget> m_widget; ///< of the present item
     int m_current = -1;
     int m_stage = 0;
+    bool m_isBegun = false; ///< the work on the present item
+    std::optional<RepoEnums::JobId> m_lastJob; ///< that has ended since then
     bool m_isStopped = false;
     bool m_isOver = false;
 };

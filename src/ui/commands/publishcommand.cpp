@@ -101,8 +101,9 @@ void PublishCommand::checkPackage(const Request &request)
             afterReading([this, request] { checkPort(request); });
             return;
         }
-        giveUp(request);
+        // First, so that nobody else takes the tab for free while the question is open.
         offerMissingPackage(m_bench.prompts, package);
+        giveUp(request);
     });
 }
 
