@@ -17,6 +17,9 @@
 
 namespace
 {
+/** A name without a known suffix keeps a file out of every index until it is whole. */
+const QString PartialSuffix = QStringLiteral(".velt-new");
+
 /** The folder for files that came and went in the same job. No state before or after the job has them. */
 const QString LaterFolder = QStringLiteral("/later/");
 
@@ -115,6 +118,13 @@ void KeptFiles::releaseThosePresent(const QString &repoPath)
     }
 }
 
+void KeptFiles::removePartial(const QString &repoPath, const QStringList &poolFiles)
+{
+    for (const QString &file : poolFiles)
+        if (PoolFiles::isInside(repoPath, file))
+            QFile::remove(repoPath + QLatin1Char('/') + file + PartialSuffix);
+}
+
 bool KeptFiles::putIntoPool(const QString &repoPath, const QString &source, const QString &poolFile)
 {
     if (!PoolFiles::isInside(repoPath, poolFile))
@@ -124,8 +134,7 @@ bool KeptFiles::putIntoPool(const QString &repoPath, const QString &source, cons
     // Renaming a file to another name of itself would leave both.
     if (wanted && wanted == FileId::of(target))
         return true;
-    // The name without a known suffix keeps the file out of every index until it is whole.
-    const QString partial = target + QLatin1String(".velt-new");
+    const QString partial = target + PartialSuffix;
     QFile::remove(partial);
     if (wanted && QDir().mkpath(QFileInfo(target).path())
         && (makeLink(source, partial) || RegularFile(source).copy(partial)) && renamePath(partial, target))

@@ -28,6 +28,8 @@ QString keep(const QString &repoPath, const QString &poolFile, bool isOwn);
 bool link(const QString &repoPath, const QString &poolFile);
 /** Forgets those kept files that are still, or again, in the pool as the same file. */
 void releaseThosePresent(const QString &repoPath);
+/** Deletes what a killed putIntoPool() of these files has left. */
+void removePartial(const QString &repoPath, const QStringList &poolFiles);
 /**
  * Puts a kept file into its place in the pool, where another file is replaced, and leaves the kept one. `source` is a
  * kept file or a file of a restore point. By hard link, or a copy without links, and never half a file.

@@ -3,6 +3,7 @@
 
 #include "engine/changes/exportsession.h"
 #include "engine/changes/jobcontext.h"
+#include "engine/history/keptfiles.h"
 #include "engine/history/pointcommit.h"
 #include "engine/history/runningpoint.h"
 #include "engine/recovery/databaseview.h"
@@ -18,6 +19,7 @@
 #include "files/renamepath.h"
 #include "files/saveleftovers.h"
 
+#include <QDir>
 #include <QFile>
 #include <QScopeGuard>
 
@@ -208,8 +210,9 @@ ProcessResult JobRecovery::repair()
         RepoLock::removeUnfinishedFiles(path);
     PoolLeftovers leftovers(m_context);
     leftovers.removeMissing(files);
+    KeptFiles::removePartial(path, files);
     // A file that has lost its reference would be deleted with the files that no package needs.
-    ProcessResult result = m_context.reprepro.run(ReproCommand::rereference());
+    ProcessResult result = rereference();
     if (!result.succeeded())
         return result;
     result = m_context.reprepro.run(ReproCommand::exportIndices());
@@ -227,6 +230,23 @@ ProcessResult JobRecovery::repair()
     // On a full disk files can stay, and the marker names them.
     if (areDropped)
         ExportSession::clearMarker(path);
+    return result;
+}
+
+ProcessResult JobRecovery::rereference()
+{
+    const QString path = m_context.path();
+    ProcessResult result = m_context.reprepro.run(ReproCommand::rereference());
+    // A run that was killed right here can have torn the references, and of a job that stands there is no copy. reprepro
+    // makes them anew from the packages, which that run has only read.
+    const QString references = QStringLiteral("references.db");
+    if (result.succeeded() || RunningPoint::exists(path) || !ReproAnswer::databaseTroubled(result.errorOutput)
+        || !result.errorOutput.contains(references))
+        return result;
+    const QString aside = RunningPoint::asideFolder(path);
+    if (QDir().mkpath(aside)
+        && renamePath(path + QLatin1String("/db/") + references, aside + QLatin1Char('/') + references))
+        result = m_context.reprepro.run(ReproCommand::rereference());
     return result;
 }
 

@@ -60,4 +60,5 @@ private:
     bool rollBack();
     void tellOfOldIndices(const QString &details);
     void tellOfDamage();
+    ProcessResult rereference();
 };

@@ -84,6 +84,7 @@ bool PointRestore::run()
     // A database whose packages lack their files would lose them. The next opening tries again.
     if (!putFilesBack())
         return false;
+    KeptFiles::removePartial(path, files);
     removeNewDatabaseFiles();
     if (!RunningPoint::putDatabaseBack(path))
         return fail();
