@@ -39,12 +39,13 @@ bool OfferedPackages::refresh(const StopRequest &stopped)
         });
         if (known != m_lists.cend()) {
             lists.append(*known);
-            continue;
+        } else {
+            List added{list, stamp, {}, {}};
+            added.paragraphs = list.read(&added.problem);
+            lists.append(added);
         }
-        QString problem;
-        lists.append({list, stamp, list.read(&problem)});
-        if (!problem.isEmpty())
-            m_errorDetail += problem + QLatin1Char('\n');
+        if (!lists.last().problem.isEmpty())
+            m_errorDetail += lists.last().problem + QLatin1Char('\n');
     }
     m_lists = lists;
     return true;
@@ -53,12 +54,16 @@ bool OfferedPackages::refresh(const StopRequest &stopped)
 template <typename Fits>
 QList<PackageInfo> OfferedPackages::find(const Fits &fits, const StopRequest &stopped) const
 {
+    constexpr int Interval = 1000; // packages
     QList<PackageInfo> found;
     QSet<QString> known;
     for (const List &list : m_lists) {
         if (mustStop(stopped))
             return {};
+        int looked = 0;
         for (const ControlText &paragraph : list.paragraphs) {
+            if (++looked % Interval == 0 && mustStop(stopped))
+                return {};
             const std::string_view name = controlFieldValue(paragraph.text(), "Package");
             if (name.empty() || !fits(name, paragraph))
                 continue;
@@ -70,7 +75,8 @@ QList<PackageInfo> OfferedPackages::find(const Fits &fits, const StopRequest &st
             package.repository = list.list.origin;
             // Another component of the source can have the same version.
             const QString key
-                = QStringList{package.name, package.version, package.repository}.join(QLatin1Char('\n'));
+                = QStringList{package.name, package.version, package.architecture, package.repository}.join(
+                    QLatin1Char('\n'));
             if (known.contains(key))
                 continue;
             known.insert(key);

@@ -49,6 +49,7 @@ private:
         AptList list;
         QByteArray stamp;
         QVector<ControlText> paragraphs;
+        QString problem; ///< why it could not be read whole; empty when it could
     };
 
     AddedSources m_added;

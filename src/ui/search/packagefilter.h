@@ -17,10 +17,12 @@ struct PackageFilter
     /** An additional check of origins, called from any thread; may be empty. */
     std::function<bool(const QString &origin)> isAsked = {};
 
-    bool accepts(const PackageInfo &package) const
+    bool acceptsArchitecture(const QString &architecture) const
     {
-        return (architectures.isEmpty() || architectures.contains(package.architecture))
-               && (repositories.isEmpty() || repositories.contains(package.repository))
-               && (!isAsked || isAsked(package.repository));
+        return architectures.isEmpty() || architectures.contains(architecture);
+    }
+    bool acceptsOrigin(const QString &origin) const
+    {
+        return (repositories.isEmpty() || repositories.contains(origin)) && (!isAsked || isAsked(origin));
     }
 };

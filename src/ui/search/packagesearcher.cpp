@@ -3,8 +3,8 @@
 
 #include "apt/aptutils.h"
 
+#include <QHash>
 #include <QScopeGuard>
-#include <QtConcurrent>
 
 #include <utility>
 
@@ -40,6 +40,31 @@ void PackageSearcher::startSearch(const QString &packagePattern)
         this, [this, packagePattern, number] { search(packagePattern, number); }, Qt::QueuedConnection);
 }
 
+QList<PackageInfo> PackageSearcher::accepted(const QList<PackageInfo> &offered) const
+{
+    // Which sources count is found out by the text of each entry in the settings.
+    QHash<QString, bool> origins;
+    QList<PackageInfo> packages;
+    for (const PackageInfo &package : offered) {
+        auto origin = origins.find(package.repository);
+        if (origin == origins.end())
+            origin = origins.insert(package.repository, m_filter.acceptsOrigin(package.repository));
+        if (!*origin)
+            continue;
+        // The list of a source that is one folder is for all architectures, and so are some of its packages.
+        if (package.architecture != QLatin1String("all") || m_filter.architectures.isEmpty()) {
+            if (m_filter.acceptsArchitecture(package.architecture))
+                packages.append(package);
+            continue;
+        }
+        for (const QString &architecture : m_filter.architectures) {
+            packages.append(package);
+            packages.last().architecture = architecture;
+        }
+    }
+    return packages;
+}
+
 void PackageSearcher::search(const QString &pattern, int number)
 {
     const auto ended = qScopeGuard([this] { --m_pending; });
@@ -53,9 +78,7 @@ void PackageSearcher::search(const QString &pattern, int number)
         return;
     const QList<PackageInfo> offered
         = m_inDescriptions ? m_offered.withWords(pattern, stopped) : m_offered.withPrefix(pattern, stopped);
-    // The blocking function also works in this thread: all threads of the pool may be busy with waiting jobs.
-    const QList<PackageInfo> packages = QtConcurrent::blockingFiltered(
-        offered, [this](const PackageInfo &package) { return m_filter.accepts(package); });
+    const QList<PackageInfo> packages = accepted(offered);
     if (stopped())
         return;
     Q_EMIT answered(pattern);

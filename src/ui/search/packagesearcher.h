@@ -47,6 +47,7 @@ Q_SIGNALS:
 
 private:
     void search(const QString &pattern, int number);
+    QList<PackageInfo> accepted(const QList<PackageInfo> &offered) const;
     bool isSuperseded(int number) const { return m_newest != number; }
 
     QThread m_thread;
