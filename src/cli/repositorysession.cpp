@@ -167,6 +167,7 @@ bool RepositorySession::open()
     m_isOpen
         = run([this] { m_shell.openRepo(m_invocation.repository()); }) == RepoEnums::SUCCESS && !m_isLocked;
     m_isOpening = false;
+    m_opened = m_shell.packages();
     if (m_isOpen)
         RepositoryReading::tellOfOldIndices(m_invocation.repository(), m_console);
     return m_isOpen;
@@ -283,11 +284,18 @@ QList<PackageInfoPtr> RepositorySession::replaced() const
 {
     // The others have only new results of a check.
     const QSet<PackageKey> removed = keysOf(m_removed);
+    QHash<PackageKey, PackageInfoPtr> before;
+    for (const PackageInfoPtr &package : m_opened)
+        before.insert(PackageKey::of(*package), package);
+    const auto isOther = [&before](const PackageInfo &package) {
+        const PackageInfoPtr earlier = before.value(PackageKey::of(package));
+        return earlier && earlier->control.text() != package.control.text();
+    };
     QList<PackageInfoPtr> replaced;
-    std::copy_if(m_changed.cbegin(),
-                 m_changed.cend(),
-                 std::back_inserter(replaced),
-                 [&](const auto &package) { return removed.contains(PackageKey::of(*package)); });
+    std::copy_if(
+        m_changed.cbegin(), m_changed.cend(), std::back_inserter(replaced), [&](const auto &package) {
+            return removed.contains(PackageKey::of(*package)) || isOther(*package);
+        });
     return replaced;
 }
 

@@ -95,6 +95,7 @@ private:
     QList<PackageInfoPtr> m_added;
     QList<PackageInfoPtr> m_changed;
     QList<PackageInfoPtr> m_removed;
+    QList<PackageInfoPtr> m_opened; ///< what the repository held when it was opened
     QString m_job;
     QString m_file; ///< what the job's remarks and errors are about; empty: the job
 

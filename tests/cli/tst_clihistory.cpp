@@ -100,7 +100,8 @@ private Q_SLOTS:
         result = h.json("restore", "3|--yes"_list);
         QVERIFY2(result.code == 0 && listed(result.json()["added"_s]) == "foo 2 amd64"_s, result.said());
         QVERIFY(index(h) == second && h.holds("bar 1.0 amd64,foo 2 amd64"_s));
-        QCOMPARE(h.json("restore", "2|--yes"_list).code, 0);
+        result = h.json("restore", "2|--yes"_list);
+        QVERIFY2(result.code == 0 && listed(result.json()["replaced"_s]) == "foo 1 amd64"_s, result.said());
         QVERIFY(index(h) == first && h.holds("foo 1 amd64"_s));
         // And forth.
         QCOMPARE(h.json("undo", {"--yes"_s}).code, 0);

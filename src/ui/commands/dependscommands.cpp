@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/commands/dependscommands.h"
 
+#include "apt/versionorder.h"
 #include "engine/reposhell.h"
 #include "ui/commands/previewcommands.h"
 #include "ui/dialogs/prompts.h"
@@ -182,9 +183,14 @@ void DependsCommands::addPackageFromInternet()
         return package.name + QLatin1Char('/') + package.architecture;
     };
     const QList<PackageInfoPtr> present = target->repoShell()->packages();
-    for (const PackageInfoPtr &package : present)
-        if (package->type == PackageType::Deb)
-            versions.insert(keyOf(*package), package->version);
+    for (const PackageInfoPtr &package : present) {
+        if (package->type != PackageType::Deb)
+            continue;
+        // Several components can have it.
+        QString &known = versions[keyOf(*package)];
+        if (known.isEmpty() || VersionOrder::compare(package->version, known) > 0)
+            known = package->version;
+    }
     AddPackageDialog dialog(
         filter,
         m_bench.settings.aliases(),
