@@ -18,8 +18,7 @@ void SaveLeftovers::remove(const QString &fileName, Age age)
     const QFileInfoList files = info.dir().entryInfoList({info.fileName() + QLatin1String(".??????")},
                                                          QDir::Files | QDir::Hidden | QDir::NoSymLinks);
     for (const QFileInfo &file : files) {
-        const bool isOld
-            = age == Any || file.lastModified().secsTo(QDateTime::currentDateTime()) > Minute;
+        const bool isOld = age == Any || file.lastModified().secsTo(QDateTime::currentDateTime()) > Minute;
         if (isOld && form.match(file.fileName()).hasMatch())
             QFile::remove(file.filePath());
     }
