@@ -11,12 +11,12 @@ namespace
 constexpr int VersionColumn = 5;
 
 /** Removes the first line from the front of `rest` and returns it without its newline. */
-QStringRef takeLine(QStringRef &rest)
+QStringView takeLine(QStringView &rest)
 {
-    int end = rest.indexOf(QLatin1Char('\n'));
+    auto end = rest.indexOf(QLatin1Char('\n'));
     if (end < 0)
         end = rest.size();
-    QStringRef line = rest.left(end);
+    const QStringView line = rest.left(end);
     rest = rest.mid(end + 1);
     return line;
 }
@@ -42,7 +42,7 @@ QVector<Provider> providersIn(const QString &part)
     return result;
 }
 
-bool startsWithBlank(const QStringRef &text)
+bool startsWithBlank(QStringView text)
 {
     return text.startsWith(QLatin1Char(' '));
 }
@@ -55,23 +55,23 @@ QVector<ListedVersion> versions(const QString &policy)
     QVector<ListedVersion> result;
     // Cached, because a few sources appear again and again.
     QHash<QString, QString> origins;
-    QStringRef rest(&policy);
+    QStringView rest(policy);
     QString package;
     bool inTable = false;
     while (!rest.isEmpty()) {
-        const QStringRef line = takeLine(rest);
+        const QStringView line = takeLine(rest);
         if (!startsWithBlank(line) && line.endsWith(QLatin1Char(':'))) {
             package = line.chopped(1).toString();
             inTable = false;
         } else if (line.startsWith(QLatin1String("  ")) && line.endsWith(QLatin1String("table:"))) {
             inTable = true;
         } else if (inTable && line.size() > VersionColumn) {
-            const QStringRef text = line.mid(VersionColumn);
+            const QStringView text = line.mid(VersionColumn);
             if (!startsWithBlank(text)) {
                 result.append({package, text.left(text.indexOf(QLatin1Char(' '))).toString(), {}});
             } else if (!result.isEmpty()) {
                 // The line begins with the priority, which differs for pinned sources.
-                const QStringRef source = text.trimmed();
+                const QStringView source = text.trimmed();
                 const QString key = source.mid(source.indexOf(QLatin1Char(' ')) + 1).toString();
                 auto origin = origins.find(key);
                 if (origin == origins.end())

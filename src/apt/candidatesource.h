@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "core/qtversions.h"
 
 #include <QVector>
 
@@ -18,7 +19,7 @@ struct PackageQuestion
     {
         return a.name == b.name && a.architecture == b.architecture && a.type == b.type;
     }
-    friend uint qHash(const PackageQuestion &question, uint seed = 0)
+    friend QtVersions::HashValue qHash(const PackageQuestion &question, QtVersions::HashValue seed = 0)
     {
         return qHash(question.name, seed) ^ (qHash(question.architecture, seed) * 31U)
                ^ static_cast<uint>(question.type);

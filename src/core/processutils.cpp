@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "core/processutils.h"
 
+#include "core/qtversions.h"
+
 #include <QProcessEnvironment>
 #include <QTimer>
 
@@ -34,15 +36,15 @@ void endWithParent()
         ::_exit(EXIT_FAILURE);
 }
 
-/** QProcess with its only hook between fork and exec in Qt 5. */
-class ChildProcess : public QProcess
+/** A process that ends with this object, together with all that it has started. */
+class ChildProcess : public QtVersions::Process
 {
 public:
     explicit ChildProcess(const ProcessCall &call, QObject *parent = nullptr)
-        : QProcess(parent)
-        , m_mask(call.umask)
-        , m_fileLimit(call.fileLimit)
-    { }
+        : QtVersions::Process(parent)
+    {
+        setChildProcessModifier([mask = call.umask, fileLimit = call.fileLimit] { setUp(mask, fileLimit); });
+    }
     ~ChildProcess() override
     {
         if (state() == NotRunning)
@@ -68,23 +70,21 @@ public:
     /** Why the program was given up; else empty. */
     QString reason() const { return m_reason; }
 
-protected:
-    void setupChildProcess() override
+private:
+    /** In the child, between fork and exec. */
+    static void setUp(int mask, qint64 fileLimit)
     {
         ::prctl(PR_SET_PDEATHSIG, 0);
-        if (m_mask >= 0)
-            ::umask(static_cast<mode_t>(m_mask));
+        if (mask >= 0)
+            ::umask(static_cast<mode_t>(mask));
         // A shell can be killed together with its pipeline. Ctrl+C in our terminal does not reach the program: we
         // decide where a job can stop. Without a terminal the program cannot wait for one either.
         ::setsid();
-        const rlimit limit{static_cast<rlim_t>(m_fileLimit), static_cast<rlim_t>(m_fileLimit)};
-        if (m_fileLimit > 0)
+        const rlimit limit{static_cast<rlim_t>(fileLimit), static_cast<rlim_t>(fileLimit)};
+        if (fileLimit > 0)
             ::setrlimit(RLIMIT_FSIZE, &limit);
     }
 
-private:
-    int m_mask;
-    qint64 m_fileLimit;
     QString m_reason;
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "apt/candidatesource.h"
+#include "core/qtversions.h"
 #include "depends/dependsparser.h"
 
 #include <QHash>
@@ -49,7 +50,7 @@ private:
                    && a.wanted.secondVersion == b.wanted.secondVersion && a.type == b.type;
         }
         /** Hashes only the most distinctive fields; operator== compares the others. */
-        friend uint qHash(const Key &key, uint seed)
+        friend QtVersions::HashValue qHash(const Key &key, QtVersions::HashValue seed)
         {
             return qHash(key.wanted.name, seed) ^ (qHash(key.wanted.version, seed) * 31U)
                    ^ (qHash(key.wanted.secondVersion, seed) * 127U);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the stored results of one repository.
+#include "core/qtversions.h"
 #include "core/stringpool.h"
 #include "depends/dependsjson.h"
 #include "depends/dependsjsonparts.h"
@@ -65,7 +66,7 @@ struct Alternatives
 
     friend bool operator==(const Alternatives &a, const Alternatives &b) { return a.list == b.list; }
     /** Hashes only the most distinctive fields; operator== compares the others. */
-    friend uint qHash(const Alternatives &alternatives, uint seed)
+    friend QtVersions::HashValue qHash(const Alternatives &alternatives, QtVersions::HashValue seed)
     {
         for (const Dependency &dependency : alternatives.list)
             seed = qHash(dependency.name, seed) ^ (qHash(dependency.version, seed) * 31U);

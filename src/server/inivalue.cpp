@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "server/inivalue.h"
 
-#include <QVector>
+#include "core/textviews.h"
 
 namespace IniValue
 {
@@ -9,9 +9,8 @@ QString find(const QString &text, const QString &section, const QString &key)
 {
     QString value;
     bool isHere = section.isEmpty();
-    const QVector<QStringRef> lines = text.splitRef(QLatin1Char('\n'));
-    for (const QStringRef &untrimmed : lines) {
-        const QStringRef line = untrimmed.trimmed();
+    for (const QStringView untrimmed : splitView(text, QLatin1Char('\n'))) {
+        const QStringView line = untrimmed.trimmed();
         if (line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']'))) {
             isHere = line.mid(1, line.size() - 2) == section;
             continue;

@@ -22,13 +22,13 @@ QString text(const QString &unitTemplate, const QString &path, int port)
     QString filled;
     filled.reserve(unitTemplate.size() + 4 * path.size());
     for (int i = 0; i < unitTemplate.size(); ++i) {
-        const QStringRef pair = unitTemplate.midRef(i, 2);
+        const QStringView pair = QStringView(unitTemplate).mid(i, 2);
         if (pair == QLatin1String("%1"))
             filled += path;
         else if (pair == QLatin1String("%2"))
             filled += QString::number(port);
         else if (pair == QLatin1String("%%")) // an escaped "%" of the unit file
-            filled += pair;
+            filled += QLatin1String("%%");
         else {
             filled += unitTemplate.at(i);
             continue;

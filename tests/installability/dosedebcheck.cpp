@@ -2,6 +2,7 @@
 #include "installability/dosedebcheck.h"
 
 #include "core/processutils.h"
+#include "core/textviews.h"
 
 #include <QTemporaryFile>
 
@@ -11,8 +12,7 @@ QSet<QString> DoseDebcheck::brokenIn(const QString &report)
     QString package;
     QString version;
     QString architecture;
-    const QVector<QStringRef> lines = report.splitRef(QLatin1Char('\n'));
-    for (const QStringRef &line : lines) {
+    for (const QStringView line : splitView(report, QLatin1Char('\n'))) {
         // What stands farther right belongs to the reasons.
         if (!line.startsWith(QLatin1String("  ")) || line.startsWith(QLatin1String("   ")))
             continue;

@@ -19,16 +19,16 @@ TestEnvironment::TestEnvironment()
 {
     const QByteArray home = m_home.path().toLocal8Bit();
     qputenv("HOME", home);
-    qputenv("XDG_CONFIG_HOME", home + "/.config");
-    qputenv("XDG_CACHE_HOME", home + "/.cache");
-    qputenv("XDG_DATA_HOME", home + "/.local/share");
-    qputenv("XDG_RUNTIME_DIR", home + "/run");
-    qputenv("GNUPGHOME", home + "/gnupg");
+    qputenv("XDG_CONFIG_HOME", QByteArray(home + "/.config"));
+    qputenv("XDG_CACHE_HOME", QByteArray(home + "/.cache"));
+    qputenv("XDG_DATA_HOME", QByteArray(home + "/.local/share"));
+    qputenv("XDG_RUNTIME_DIR", QByteArray(home + "/run"));
+    qputenv("GNUPGHOME", QByteArray(home + "/gnupg"));
     // A test that looks for temporary files must not find files of other programs.
-    qputenv("TMPDIR", home + "/tmp");
+    qputenv("TMPDIR", QByteArray(home + "/tmp"));
     // A test must not call services of this machine, so there is no bus unless a test names one.
     if (qEnvironmentVariableIsEmpty("DBUS_SYSTEM_BUS_ADDRESS"))
-        qputenv("DBUS_SYSTEM_BUS_ADDRESS", "unix:path=" + home + "/bus");
+        qputenv("DBUS_SYSTEM_BUS_ADDRESS", QByteArray("unix:path=" + home + "/bus"));
     for (const char *folder : {"/.config", "/.cache", "/run", "/gnupg", "/tmp"}) {
         const QString path = m_home.path() + QLatin1String(folder);
         QDir().mkpath(path);

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/archive/packagecontents.h"
 
+#include "core/qtversions.h"
+
 #include <QElapsedTimer>
-#include <QTextCodec>
 
 #include <algorithm>
 
@@ -35,11 +36,10 @@ QByteArray unpacked(const QByteArray &bytes, int most)
 
 QString decoded(const QByteArray &bytes)
 {
-    QTextCodec::ConverterState state;
-    const QString text
-        = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
-    // A character that is cut off at the end does not count as invalid. Old changelogs are in Latin-1.
-    return state.invalidChars == 0 ? text : QString::fromLatin1(bytes);
+    bool hasError = false;
+    const QString text = QtVersions::decodeUtf8(bytes, &hasError);
+    // Old changelogs are in Latin-1.
+    return hasError ? QString::fromLatin1(bytes) : text;
 }
 
 /** Marks and overrides of the direction of writing (Unicode, UAX 9), which could show a script as another one. */

@@ -2,6 +2,7 @@
 #include "engine/history/pointrecord.h"
 
 #include "core/stringpool.h"
+#include "core/textviews.h"
 #include "results/jsonwriter.h"
 
 #include <QBuffer>
@@ -337,9 +338,9 @@ std::optional<RestorePoint> PointRecord::fromJson(const QByteArray &json, Part p
 
 bool PointRecord::isPoolPath(const QString &path)
 {
-    const QVector<QStringRef> parts = path.splitRef(QLatin1Char('/'));
+    const QVector<QStringView> parts = splitView(path, QLatin1Char('/'));
     return isPlain(path) && parts.size() > 1 && parts.first() == QLatin1String("pool")
-           && std::none_of(parts.cbegin(), parts.cend(), [](const QStringRef &part) {
+           && std::none_of(parts.cbegin(), parts.cend(), [](QStringView part) {
                   return part.isEmpty() || part == QLatin1String(".") || part == QLatin1String("..");
               });
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "core/qtversions.h"
 
 #include <QHash>
 #include <QList>
@@ -26,7 +27,7 @@ struct PackageKey
     }
 };
 
-inline uint qHash(const PackageKey &key, uint seed = 0)
+inline QtVersions::HashValue qHash(const PackageKey &key, QtVersions::HashValue seed = 0)
 {
     return ::qHash(key.name, seed) ^ (::qHash(key.architecture, seed) * 31U)
            ^ (static_cast<uint>(key.type) << 7U);

@@ -2,13 +2,14 @@
 #include "engine/reprepro/reprolisting.h"
 
 #include "core/packagenames.h"
+#include "core/textviews.h"
 
 PackageType ReproListing::Package::type() const
 {
     return PackageNames::typeOfFile(file);
 }
 
-uint ReproListing::qHash(const Package &package, uint seed)
+QtVersions::HashValue ReproListing::qHash(const Package &package, QtVersions::HashValue seed)
 {
     return ::qHash(package.file, seed) ^ (::qHash(package.architecture, seed) * 31U);
 }
@@ -16,13 +17,13 @@ uint ReproListing::qHash(const Package &package, uint seed)
 QVector<ReproListing::Package> ReproListing::packages(const QString &output)
 {
     QVector<Package> packages;
-    const auto lines = output.splitRef(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const auto lines = splitView(output, QLatin1Char('\n'), Qt::SkipEmptyParts);
     packages.reserve(lines.size());
-    for (const QStringRef &line : lines) {
+    for (const QStringView line : lines) {
         // A blank can stand in the name of the file, and in none of the words before it.
-        const int component = line.indexOf(QLatin1Char(' '));
-        const int architecture = component < 0 ? -1 : line.indexOf(QLatin1Char(' '), component + 1);
-        const int name = architecture < 0 ? -1 : line.indexOf(QLatin1Char(' '), architecture + 1);
+        const auto component = line.indexOf(QLatin1Char(' '));
+        const auto architecture = component < 0 ? -1 : line.indexOf(QLatin1Char(' '), component + 1);
+        const auto name = architecture < 0 ? -1 : line.indexOf(QLatin1Char(' '), architecture + 1);
         if (name < 0)
             continue;
         packages.append({line.left(component).toString(),
@@ -43,11 +44,11 @@ QHash<QString, QByteArray> ReproListing::checksums(const QString &output)
     // FILE :1:SHA1 :2:SHA256 MD5 SIZE, with more or fewer of the marked words
     const QLatin1String mark(" :2:");
     QHash<QString, QByteArray> checksums;
-    const auto lines = output.splitRef(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const auto lines = splitView(output, QLatin1Char('\n'), Qt::SkipEmptyParts);
     checksums.reserve(lines.size());
-    for (const QStringRef &line : lines) {
+    for (const QStringView line : lines) {
         QByteArray sum;
-        if (const int begin = line.indexOf(mark); begin >= 0)
+        if (const auto begin = line.indexOf(mark); begin >= 0)
             sum = line.mid(begin + mark.size()).toLatin1();
         sum.truncate(sum.contains(' ') ? sum.indexOf(' ') : sum.size());
         checksums.insert(line.left(line.indexOf(QLatin1Char(' '))).toString(), sum);

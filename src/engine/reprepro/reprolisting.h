@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/packageinfo.h"
+#include "core/qtversions.h"
 
 #include <QByteArray>
 #include <QHash>
@@ -30,7 +31,7 @@ struct Package
                && a.file == b.file;
     }
 };
-uint qHash(const Package &package, uint seed = 0);
+QtVersions::HashValue qHash(const Package &package, QtVersions::HashValue seed = 0);
 
 /** Of listAllFiles() and listPackages(), in the order of the listing. */
 QVector<Package> packages(const QString &output);
