@@ -42,3 +42,5 @@ foreach(component IN LISTS kf_components)
 endforeach()
 set(QCA qca-qt${qt})
 find_package(Qca-qt${qt} REQUIRED)
+# For those who package the program.
+set(VELT_QT_FOUND ${qt} CACHE INTERNAL "Major version of Qt that is built with")

@@ -1,14 +1,26 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# shellcheck shell=bash
+# shellcheck shell=bash disable=SC2034
 # The Debian packages that the project needs, and a function that installs them. To be sourced.
 
-# shellcheck disable=SC2034
-packages_build=(g++ cmake ninja-build qtbase5-dev qttools5-dev qttools5-dev-tools libqca-qt5-2-dev libkf5archive-dev libkf5coreaddons-dev libkf5itemviews-dev zlib1g-dev libapt-pkg-dev libcadical-dev libsystemd-dev libxxhash-dev pkgconf po4a rapidjson-dev)
-packages_run=(reprepro archivemount dpkg apt gnupg libqca-qt5-2-plugins lsb-release libqt5svg5 qttranslations5-l10n breeze-icon-theme hicolor-icon-theme)
-packages_test=(dpkg-dev debsig-verify shellcheck xvfb xauth openbox fonts-dejavu-core clang-format dose-distcheck desktop-file-utils appstream man-db libxml2-utils
+# Debian 12 has Qt 5 with KDE Frameworks 5. Later releases have all parts of Qt 6 with KDE Frameworks 6.
+# shellcheck source=/dev/null
+if [ "$(. /etc/os-release && echo "${VERSION_CODENAME-}")" = bookworm ]; then
+    packages_qt=(qtbase5-dev qttools5-dev qttools5-dev-tools libqca-qt5-2-dev libkf5archive-dev libkf5coreaddons-dev libkf5itemviews-dev)
+    packages_release=(libqca-qt5-2-plugins libqt5svg5 qttranslations5-l10n)
+    # Other versions of clang-format format otherwise.
+    packages_format=(clang-format-14)
+else
+    packages_qt=(qt6-base-dev qt6-tools-dev qt6-l10n-tools libqca-qt6-dev libkf6archive-dev libkf6coreaddons-dev libkf6itemviews-dev)
+    # Here archivemount does not bring the program that unmounts.
+    packages_release=(libqca-qt6-plugins qt6-svg-plugins qt6-translations-l10n fuse3)
+    packages_format=()
+fi
+packages_build=(g++ cmake ninja-build "${packages_qt[@]}" zlib1g-dev libapt-pkg-dev libcadical-dev libsystemd-dev libxxhash-dev pkgconf po4a rapidjson-dev)
+packages_run=(reprepro archivemount dpkg apt gnupg lsb-release "${packages_release[@]}" breeze-icon-theme hicolor-icon-theme)
+packages_test=(dpkg-dev debsig-verify gpgv shellcheck xvfb xauth openbox fonts-dejavu-core "${packages_format[@]}" dose-distcheck desktop-file-utils appstream man-db libxml2-utils
     lighttpd vsftpd polkitd dbus systemd curl procps iproute2 python3 zstd)
 packages_bench=(libbenchmark-dev dose-distcheck jq wrk)
-packages_fuzz=(clang-14 libclang-rt-14-dev)
+packages_fuzz=(clang libclang-rt-dev)
 packages_package=(dpkg-dev debhelper lintian mmdebstrap man-db desktop-file-utils appstream fonts-dejavu-core
     lighttpd vsftpd polkitd dbus systemd curl procps iproute2)
 

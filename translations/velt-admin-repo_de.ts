@@ -4407,9 +4407,9 @@ Ein oder mehrere Werte</translation>
         <translation>Veröffentlichung beenden</translation>
     </message>
     <message>
-        <source>apt on Debian 12 uses FTP only when a file in the client&apos;s /etc/apt/apt.conf.d holds this line:
+        <source>apt uses FTP only when a file in the client&apos;s /etc/apt/apt.conf.d holds this line:
 Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
-        <translation>apt verwendet FTP unter Debian 12 nur, wenn eine Datei in /etc/apt/apt.conf.d auf dem Client diese Zeile enthält:
+        <translation>apt verwendet FTP nur, wenn eine Datei in /etc/apt/apt.conf.d auf dem Client diese Zeile enthält:
 Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
 </context>

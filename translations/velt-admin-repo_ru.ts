@@ -4457,9 +4457,9 @@ One or more values</source>
         <translation>Снять с публикации</translation>
     </message>
     <message>
-        <source>apt on Debian 12 uses FTP only when a file in the client&apos;s /etc/apt/apt.conf.d holds this line:
+        <source>apt uses FTP only when a file in the client&apos;s /etc/apt/apt.conf.d holds this line:
 Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
-        <translation>В Debian 12 apt использует FTP, только если в одном из файлов каталога /etc/apt/apt.conf.d на клиенте есть строка:
+        <translation>apt использует FTP, только если в одном из файлов каталога /etc/apt/apt.conf.d на клиенте есть строка:
 Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
     </message>
 </context>
