@@ -4,6 +4,8 @@
 #include "engine/archive/packagefile.h"
 #include "enginejob.h"
 
+#include <utility>
+
 #include <benchmark/benchmark.h>
 
 namespace
@@ -17,7 +19,7 @@ void ReadFiles(benchmark::State &state)
         PackageFileReader reader(files, Ahead, [] { return false; });
         read = 0;
         for (auto some = reader.next(Ahead / 2); !some.isEmpty(); some = reader.next(Ahead / 2)) {
-            for (const PackageFile &file : qAsConst(some))
+            for (const PackageFile &file : std::as_const(some))
                 read += file.package ? 1 : 0;
         }
     }

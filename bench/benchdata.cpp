@@ -15,6 +15,7 @@
 #include <cmath>
 #include <numeric>
 #include <random>
+#include <utility>
 
 #include <sys/resource.h>
 #include <unistd.h>
@@ -160,7 +161,7 @@ QStringList BenchData::packages(const PackageSet &set)
         ::sync();
     }
     QStringList files;
-    for (const int number : qAsConst(numbers))
+    for (const int number : std::as_const(numbers))
         files.append(dir.filePath(fileName(set, number)));
     return files;
 }

@@ -10,8 +10,11 @@ if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "Build type" FORCE)
 endif()
 
+# The macros of Qt 6 that try something again convert times to int wherever they stand.
+define_property(TARGET PROPERTY VELT_TRIES_AGAIN INITIALIZE_FROM_VARIABLE VELT_TRIES_AGAIN
+    BRIEF_DOCS "Built without warnings about conversions")
 target_compile_options(project_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast -Wcast-qual -Wnon-virtual-dtor
+    -Wall -Wextra -Wpedantic -Wshadow $<$<NOT:$<BOOL:$<TARGET_PROPERTY:VELT_TRIES_AGAIN>>>:-Wconversion> -Wold-style-cast -Wcast-qual -Wnon-virtual-dtor
     -Woverloaded-virtual -Wformat=2 -Wundef -Wsuggest-override -Wnull-dereference -Wextra-semi
     $<$<CXX_COMPILER_ID:GNU>:-Wlogical-op -Wduplicated-cond>
     $<$<BOOL:${VELT_WERROR}>:-Werror>)

@@ -3,7 +3,7 @@
 # Qt's own targets are the same for both (Qt::Core); those of KDE are named with ${KF}, QCA's with ${QCA}.
 set(VELT_QT "" CACHE STRING "Major version of Qt to build with (5 or 6); empty: 6 where all parts of it are installed")
 set(qt_components Core Gui Widgets Network DBus Concurrent LinguistTools)
-set(kf_components Archive CoreAddons ItemViews)
+set(kf_components Archive CoreAddons)
 
 set(minimum_5 5.15)
 set(minimum_6 6.8)
@@ -40,6 +40,15 @@ set(KF KF${qt})
 foreach(component IN LISTS kf_components)
     find_package(${KF}${component} ${minimum_kf_${qt}} REQUIRED)
 endforeach()
+add_library(search_line INTERFACE)
+if(qt EQUAL 5)
+    find_package(KF5ItemViews REQUIRED)
+    target_link_libraries(search_line INTERFACE KF5::ItemViews)
+else()
+    # KDE Frameworks 6 has no KFilterProxySearchLine.
+    target_include_directories(search_line INTERFACE ${CMAKE_CURRENT_LIST_DIR}/kf6)
+    target_link_libraries(search_line INTERFACE Qt::Widgets)
+endif()
 set(QCA qca-qt${qt})
 find_package(Qca-qt${qt} REQUIRED)
 # For those who package the program.

@@ -10,7 +10,7 @@ if [ "$(. /etc/os-release && echo "${VERSION_CODENAME-}")" = bookworm ]; then
     # Other versions of clang-format format otherwise.
     packages_format=(clang-format-14)
 else
-    packages_qt=(qt6-base-dev qt6-tools-dev qt6-l10n-tools libqca-qt6-dev libkf6archive-dev libkf6coreaddons-dev libkf6itemviews-dev)
+    packages_qt=(qt6-base-dev qt6-tools-dev qt6-l10n-tools libqca-qt6-dev libkf6archive-dev libkf6coreaddons-dev)
     # Here archivemount does not bring the program that unmounts.
     packages_release=(libqca-qt6-plugins qt6-svg-plugins qt6-translations-l10n fuse3)
     packages_format=()

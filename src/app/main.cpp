@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/commandline.h"
 #include "app/singleinstance.h"
+#include "core/qtversions.h"
 #include "depends/dependsdata.h"
 #include "engine/archive/archiveutils.h"
 #include "engine/storedresults.h"
@@ -96,10 +97,9 @@ int main(int argc, char *argv[])
         CommandLine().process(application);
     }
 
-    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QtVersions::enableHighDpi();
     // With rounding, a scale factor of 1.5 would become 2.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
-    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     const QApplication application(argc, argv);
     init();
     veltSetUpDesktop();

@@ -2,6 +2,7 @@
 #include "app/singleinstance.h"
 
 #include "app/instanceframes.h"
+#include "core/countof.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -112,7 +113,7 @@ void SingleInstance::readMessages(QLocalSocket *socket)
 {
     // Acknowledged only after reading: writing to a sender that has left closes the socket and discards unread data.
     const InstanceFrames::Taken taken = InstanceFrames::take(*socket);
-    const int accepted = taken.messages.size();
+    const int accepted = countOf(taken.messages);
     m_pending += taken.messages;
     if (!taken.fault.isEmpty()) {
         qCWarning(log, "refused %s", qPrintable(taken.fault));

@@ -5,6 +5,7 @@
 #include "apt/aptoutput.h"
 #include "apt/aptpolicy.h"
 #include "apt/aptutils.h"
+#include "core/countof.h"
 
 #include <QFileInfo>
 
@@ -181,7 +182,7 @@ bool AptCandidates::ask(const QString &command,
         QStringList arguments{command};
         for (int length = 0; word != words.cend() && length < BatchLength; ++word) {
             arguments.append(*word);
-            length += word->size() + 1;
+            length += countOf(*word) + 1;
         }
         QString output;
         if (!run(AptCommands::AptCache, arguments + settings, stopped, output))

@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -161,7 +162,7 @@ QStringList sourceLines(const QString &policy, SourceGrouping grouping)
     }
     QStringList result;
     result.reserve(keys.size());
-    for (const QString &key : qAsConst(keys))
+    for (const QString &key : std::as_const(keys))
         result.append(key + QLatin1Char(' ') + components.value(key).join(QLatin1Char(' ')));
     return result;
 }

@@ -2,6 +2,7 @@
 #include "apt/aptpolicy.h"
 
 #include "apt/aptoutput.h"
+#include "core/countof.h"
 
 namespace
 {
@@ -30,7 +31,7 @@ QVector<Provider> providersIn(const QString &part)
         return result;
     const QStringList lines = part.split(QLatin1Char('\n'));
     QHash<QString, QVector<int>> linesOf;
-    for (int i = lines.size() - 1; i >= 0; --i)
+    for (int i = countOf(lines) - 1; i >= 0; --i)
         linesOf[lines.at(i).section(QLatin1Char(' '), 0, 0)].append(i);
     for (const QString &name : names) {
         for (const int i : linesOf.value(name)) {
@@ -89,9 +90,9 @@ QHash<QString, QVector<Provider>> providers(const QString &showpkg)
 {
     const QString heading = QStringLiteral("Package: ");
     QHash<QString, QVector<Provider>> result;
-    int begin = showpkg.startsWith(heading) ? 0 : -1;
+    decltype(showpkg.size()) begin = showpkg.startsWith(heading) ? 0 : -1;
     while (begin >= 0) {
-        const int next = showpkg.indexOf(QLatin1Char('\n') + heading, begin);
+        const auto next = showpkg.indexOf(QLatin1Char('\n') + heading, begin);
         const QString part = showpkg.mid(begin, next < 0 ? -1 : next + 1 - begin);
         const QString name = part.section(QLatin1Char('\n'), 0, 0).mid(heading.size());
         result[name.section(QLatin1Char(':'), 0, 0)] += providersIn(part);

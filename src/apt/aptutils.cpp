@@ -17,7 +17,7 @@ namespace
 /** Whether the word is a package name, or a name and an architecture with a colon between them. */
 bool isPackageWord(const QString &word)
 {
-    const int colon = word.indexOf(QLatin1Char(':'));
+    const auto colon = word.indexOf(QLatin1Char(':'));
     return AptCommands::isPackageName(word.left(colon))
            && (colon < 0 || AptCommands::isArchitecture(word.mid(colon + 1)));
 }

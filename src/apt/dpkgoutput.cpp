@@ -3,6 +3,8 @@
 
 #include "core/packagefields.h"
 
+#include <utility>
+
 namespace
 {
 /**
@@ -51,7 +53,7 @@ QString controlParagraph(const QString &information)
     while (!lines.isEmpty() && lines.last().trimmed().isEmpty())
         lines.removeLast();
     QString paragraph;
-    for (const QString &line : qAsConst(lines))
+    for (const QString &line : std::as_const(lines))
         paragraph += line + QLatin1Char('\n');
     return paragraph;
 }

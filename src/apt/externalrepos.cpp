@@ -2,6 +2,7 @@
 #include "apt/externalrepos.h"
 
 #include "apt/sourceparts.h"
+#include "core/countof.h"
 #include "core/settingskeys.h"
 
 #include <QRegularExpression>
@@ -130,7 +131,7 @@ ExternalRepos::Entry &ExternalRepos::storedEntry(const QString &source)
 
 void ExternalRepos::append(const Entry &entry)
 {
-    m_rows.insert(SourceParts::identity(entry.source), m_entries.size());
+    m_rows.insert(SourceParts::identity(entry.source), countOf(m_entries));
     m_entries.append(entry);
 }
 

@@ -41,8 +41,7 @@ std::optional<QByteArray> LocalReleases::digest(const QStringList &sources)
                                                          OpenFolder::Follow);
             isFound = isFound || text;
             const QByteArray content = text.value_or(QByteArray());
-            hash.addData(name);
-            hash.addData(QByteArray::number(content.size()) + ' ' + content);
+            hash.addData(QByteArray(name + QByteArray::number(content.size()) + ' ' + content));
         }
         if (!isFound)
             return std::nullopt;

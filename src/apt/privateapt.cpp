@@ -154,7 +154,7 @@ bool PrivateApt::writeFiles(const QStringList &architectures)
     const SystemConfig system = systemConfig();
     const SourceOptions options = systemOptions(system.sourceFiles);
     QString list;
-    for (const QString &source : qAsConst(m_sources))
+    for (const QString &source : std::as_const(m_sources))
         list += QStringLiteral("deb %1\n").arg(options.completed(source));
     m_sourceList.setFileTemplate(m_folder + QLatin1String("/XXXXXX.list"));
     m_config.setFileTemplate(m_folder + QLatin1String("/XXXXXX.conf"));
@@ -187,7 +187,7 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
         && stamp.open(QIODevice::ReadOnly)) {
         outcome.lists = stamp.readAll();
         stamp.close();
-        outcome.usable = outcome.lists.endsWith(' ' + *releases);
+        outcome.usable = outcome.lists.endsWith(QByteArray(' ' + *releases));
         if (outcome.usable)
             return isStopped() ? Outcome() : outcome;
         outcome.lists.clear();

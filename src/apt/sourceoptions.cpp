@@ -67,7 +67,7 @@ void SourceOptions::addStanzas(const QString &text)
     const char *const end = start + stanzas.size();
     for (; start < end && stanza.Scan(start, end - start); start += stanza.size()) {
         const auto field = [&stanza](const char *name) {
-            const APT::StringView value = stanza.Find(name);
+            const auto value = stanza.Find(name);
             return words(QString::fromUtf8(value.data(), static_cast<int>(value.size())));
         };
         const QStringList keys = field("Signed-By");

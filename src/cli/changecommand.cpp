@@ -33,7 +33,7 @@ struct Wish
     {
         const QStringList known = QStringList{Path} + DescriptionRules::fields();
         for (const QString &word : words) {
-            const int equals = word.indexOf(QLatin1Char('='));
+            const auto equals = word.indexOf(QLatin1Char('='));
             const QString field = word.left(equals);
             if (equals < 0 || !known.contains(field) || values.contains(field)) {
                 refusal = QCoreApplication::translate(

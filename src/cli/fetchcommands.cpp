@@ -10,6 +10,7 @@
 #include "cli/repositorysession.h"
 #include "cli/terminal/console.h"
 #include "cli/terminal/stopsignal.h"
+#include "core/countof.h"
 #include "core/settingskeys.h"
 #include "depends/dependencylacks.h"
 #include "engine/preview/previewrequest.h"
@@ -169,7 +170,7 @@ ExitCode fetchDependencies(const QList<PackageInfoPtr> &first, RepositorySession
             break;
         const auto before = shell.packages();
         const QSet<PackageInfoPtr> known(before.cbegin(), before.cend());
-        const int added = session->added().size();
+        const int added = countOf(session->added());
         session->run([&] { shell.addDependencies(lacks, session->addOptions()); });
         worst = std::max(worst, session->exitCode(true));
         packages = session->added().mid(added);

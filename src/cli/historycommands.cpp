@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace
 {
@@ -212,7 +213,7 @@ ExitCode bringBack(const Invocation &invocation, RepositorySession *session, int
         return refused(console);
     ExitCode worst = ExitCode::Done;
     QSet<QString> files;
-    for (const PackageChange &row : qAsConst(rows)) {
+    for (const PackageChange &row : std::as_const(rows)) {
         // A file can serve several architectures.
         if (files.contains(row.before.file))
             continue;
@@ -255,7 +256,7 @@ ExitCode Commands::history(const Invocation &invocation, Console &console)
     if (limit > 0 && limit < points.size())
         points.resize(limit);
     QJsonArray shown;
-    for (const RestorePoint &point : qAsConst(points)) {
+    for (const RestorePoint &point : std::as_const(points)) {
         tellPoint(point, console);
         if (console.isJson())
             shown.append(ChangeJson::object(point));

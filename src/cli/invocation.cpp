@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cli/invocation.h"
 
+#include "core/countof.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
@@ -72,7 +74,7 @@ Invocation Invocation::parse(const QStringList &arguments)
         if (result.error.isEmpty())
             result.error = refusal(option, parser.values(word));
     }
-    const int count = result.operands.size();
+    const int count = countOf(result.operands);
     if (!isRead)
         result.error = parser.errorText();
     else if (count < result.command->fewest || (result.command->most >= 0 && count > result.command->most)

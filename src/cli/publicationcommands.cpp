@@ -5,6 +5,7 @@
 #include "cli/repositoryreading.h"
 #include "cli/terminal/console.h"
 #include "cli/terminal/stopsignal.h"
+#include "core/countof.h"
 #include "platform/packagemanager.h"
 #include "publication/helperclient.h"
 #include "publication/publicationaddresses.h"
@@ -305,7 +306,7 @@ ExitCode Commands::publish(const Invocation &invocation, Console &console)
     request.path = Publication::canonicalPathOf(reading->path);
     const QString kept = PublicationSettings::keptPaths(QSettings()).value(request.port);
     request.registeredPath = kept == reading->path ? request.path : kept;
-    return Publishing(request, reading->packages.size(), console).run();
+    return Publishing(request, countOf(reading->packages), console).run();
 }
 
 ExitCode Commands::unpublish(const Invocation &invocation, Console &console)

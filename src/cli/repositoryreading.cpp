@@ -100,7 +100,7 @@ bool PackageSelection::isInPlace(const PackageInfo &package) const
 bool PackageSelection::matches(const QString &word, const PackageInfo &package) const
 {
     // Neither a name nor a pattern for names has this character.
-    const int equals = word.indexOf(QLatin1Char('='));
+    const auto equals = word.indexOf(QLatin1Char('='));
     if (equals >= 0 && word.mid(equals + 1) != package.version)
         return false;
     const QString name = word.left(equals);

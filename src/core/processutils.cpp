@@ -124,7 +124,7 @@ QProcessEnvironment environmentWith(const QStringList &entries)
     // LANGUAGE selects the language of messages even when LC_ALL is set.
     environment.remove(QStringLiteral("LANGUAGE"));
     for (const QString &entry : entries) {
-        const int equals = entry.indexOf(QLatin1Char('='));
+        const auto equals = entry.indexOf(QLatin1Char('='));
         environment.insert(entry.left(equals), entry.mid(equals + 1));
     }
     return environment;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QCoreApplication>
+#include <QLibraryInfo>
 #include <QProcess>
 #include <QString>
 
@@ -48,9 +50,66 @@ inline QString decodeUtf8(const QByteArray &bytes, bool *hasError)
     return text;
 }
 
+/** Before the application is made: draws in the screen's own resolution, as Qt 6 always does. */
+inline void enableHighDpi()
+{
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+}
+
+/** Keeps Qt 5 from closing the windows at the end of a session and taking an ignored close for a refusal. */
+template <typename Application>
+void disableFallbackSessionManagement()
+{
+    Application::setFallbackSessionManagementEnabled(false);
+}
+
+/** The folder of Qt's own translations. */
+inline QString translationsFolder()
+{
+    return QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+}
+
+/** Where a mouse or drop event happened, in the widget. */
+template <typename Event>
+auto positionOf(const Event &event)
+{
+    return event.pos();
+}
+
+/** The keys that were held down when something was dropped. */
+template <typename Event>
+auto modifiersOf(const Event &event)
+{
+    return event.keyboardModifiers();
+}
+
 #else
 
 using Process = QProcess;
+
+inline void enableHighDpi() { }
+
+template <typename Application>
+void disableFallbackSessionManagement()
+{ }
+
+inline QString translationsFolder()
+{
+    return QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+}
+
+template <typename Event>
+auto positionOf(const Event &event)
+{
+    return event.position().toPoint();
+}
+
+template <typename Event>
+auto modifiersOf(const Event &event)
+{
+    return event.modifiers();
+}
 
 inline QString decodeUtf8(const QByteArray &bytes, bool *hasError)
 {

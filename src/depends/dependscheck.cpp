@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "depends/dependscheck.h"
 
+#include "core/countof.h"
 #include "core/settingskeys.h"
 #include "depends/dependsrules.h"
 
@@ -66,7 +67,7 @@ int DependsCheck::run(const QList<PackageInfoPtr> &packages, const Sink &sink, c
         m_aptIsReady = std::async(std::launch::async,
                                   [&] { m_apt->getReady([&] { return hasEnded || isStopped(stopped); }); });
     // The repository answers at once. With one block for everything, apt is asked in the fewest runs.
-    int size = asksLocalOnly() ? packages.size() : FirstBlock;
+    int size = asksLocalOnly() ? countOf(packages) : FirstBlock;
     for (int first = 0; first < packages.size(); first += size, size = std::min(size * 2, LargestBlock)) {
         if (!checkBlock(packages.mid(first, size), count, stopped))
             break;
@@ -89,8 +90,8 @@ bool DependsCheck::checkBlock(const QList<PackageInfoPtr> &packages,
         auto some = keys.mid(asked, QuestionsAtOnce);
         if (!checkByName(some, stopped))
             return false;
-        asked += some.size();
-        for (const Key &key : qAsConst(some)) {
+        asked += countOf(some);
+        for (const Key &key : std::as_const(some)) {
             if (key.wanted.status == DependSuccess)
                 m_known.insert(key, {key.wanted});
             else
@@ -104,12 +105,12 @@ bool DependsCheck::checkBlock(const QList<PackageInfoPtr> &packages,
         }
     }
     // Each run of apt costs its start.
-    const int together = asksLocalOnly() ? unmet.size() : QuestionsAtOnce;
+    const int together = asksLocalOnly() ? countOf(unmet) : QuestionsAtOnce;
     for (int asked = 0; asked < unmet.size(); asked += together) {
         auto some = unmet.mid(asked, together);
         if (!checkProviders(some, stopped))
             return false;
-        for (const Key &key : qAsConst(some))
+        for (const Key &key : std::as_const(some))
             m_known.insert(key, {key.wanted});
         const auto asking = std::exchange(waiting, {});
         for (const Entry &entry : asking) {
@@ -136,7 +137,7 @@ DependsCheck::read(const QList<PackageInfoPtr> &packages, QVector<Key> *keys, co
         result->groups = m_parser.groups(*package);
         for (DependencyGroup &group : result->groups) {
             const bool isSingle = group.alternatives.size() == 1;
-            for (const Dependency &dependency : qAsConst(group.alternatives)) {
+            for (const Dependency &dependency : std::as_const(group.alternatives)) {
                 const Key key{dependency, package->type};
                 if (m_known.contains(key))
                     continue;
@@ -151,7 +152,7 @@ DependsCheck::read(const QList<PackageInfoPtr> &packages, QVector<Key> *keys, co
                 }
             }
         }
-        entries.append({package, result, keys->size()});
+        entries.append({package, result, countOf(*keys)});
     }
     return entries;
 }
@@ -160,7 +161,7 @@ bool DependsCheck::checkByName(QVector<Key> &keys, const StopRequest &stopped) c
 {
     QVector<PackageQuestion> questions;
     QSet<PackageQuestion> asked;
-    for (const Key &key : qAsConst(keys)) {
+    for (const Key &key : std::as_const(keys)) {
         const PackageQuestion question = questionFor(key.wanted, key.type);
         if (asked.contains(question))
             continue;
@@ -196,7 +197,7 @@ bool DependsCheck::checkProviders(QVector<Key> &keys, const StopRequest &stopped
         if (keys.at(i).wanted.status != DependSuccess)
             wanting.append(i);
     }
-    for (CandidateSource *const source : qAsConst(m_providerSources)) {
+    for (CandidateSource *const source : std::as_const(m_providerSources)) {
         if (source == m_apt && m_aptIsReady.valid())
             m_aptIsReady.get();
         if (!checkProviders(keys, wanting, *source, stopped))

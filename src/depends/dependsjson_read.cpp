@@ -54,7 +54,7 @@ void sortGroups(QVector<DependencyGroup> &groups)
         return;
     }
     QMap<QString, DependencyGroup> byKey;
-    for (const DependencyGroup &group : qAsConst(groups))
+    for (const DependencyGroup &group : std::as_const(groups))
         byKey.insert(group.key, group);
     groups = sortedGroups(byKey);
 }

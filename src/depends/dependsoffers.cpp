@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace
 {
@@ -55,7 +56,7 @@ findOffers(const QVector<Dependency> &dependencies, CandidateSource *source, con
         return DependsRules::providerDependencies(dependency, source->providers(questionFor(dependency)));
     };
     QVector<PackageQuestion> questions;
-    for (const Dependency &dependency : qAsConst(unknown))
+    for (const Dependency &dependency : std::as_const(unknown))
         questions += questionsFor(standIns(dependency));
     source->prefetch(questions, stopped);
 

@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -164,7 +165,7 @@ DependsReport::Summary DependsReport::summary(const QList<PackageInfoPtr> &packa
             names.append(group.alternatives.first().name);
         // Several entries of one package can need the same name.
         names.removeDuplicates();
-        for (const QString &name : qAsConst(names))
+        for (const QString &name : std::as_const(names))
             ++wanted[name];
     }
     for (auto it = wanted.cbegin(); it != wanted.cend(); ++it)

@@ -4,6 +4,7 @@
 #include "depends/dependsparser.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -63,7 +64,7 @@ bool LocalCandidates::prefetchProviders(const QVector<PackageQuestion> &question
         return true;
     m_providersRead = true;
     DependsParser parser;
-    for (const PackageInfoPtr &package : qAsConst(m_packages))
+    for (const PackageInfoPtr &package : std::as_const(m_packages))
         addProvided(package, parser);
     return true;
 }

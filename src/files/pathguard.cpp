@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace
 {
@@ -52,7 +53,7 @@ QString PathGuard::resolved(const QString &path)
     QString existing = QDir::cleanPath(QDir(path).absolutePath());
     QString rest;
     while (!QFileInfo::exists(existing) && existing != QLatin1String("/")) {
-        const int slash = existing.lastIndexOf(QLatin1Char('/'));
+        const auto slash = existing.lastIndexOf(QLatin1Char('/'));
         rest.prepend(existing.mid(slash));
         existing = slash == 0 ? QStringLiteral("/") : existing.left(slash);
     }
@@ -85,7 +86,7 @@ QStringList PathGuard::repositoriesBelow(const QString &path, const QStringList 
     int folders = 0;
     for (int depth = 0; depth < Levels; ++depth) {
         QStringList below;
-        for (const QString &parent : qAsConst(level)) {
+        for (const QString &parent : std::as_const(level)) {
             // The target of a link is not deleted with the folder.
             QDirIterator children(parent,
                                   QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks);

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include <dirent.h>
@@ -203,7 +204,7 @@ bool isEntryName(const QByteArray &name)
 bool removeTree(const QString &path)
 {
     const QByteArray clean = QFile::encodeName(QDir::cleanPath(path));
-    const int slash = clean.lastIndexOf('/');
+    const auto slash = clean.lastIndexOf('/');
     const QByteArray name = clean.mid(slash + 1);
     if (!isEntryName(name))
         return false;
@@ -221,7 +222,7 @@ bool removeBelow(const QString &folder, const QString &relative)
     if (!isEntryName(name))
         return false;
     Descriptor parent(::open(QFile::encodeName(folder).constData(), WayFlags));
-    for (const QByteArray &part : qAsConst(parts)) {
+    for (const QByteArray &part : std::as_const(parts)) {
         if (!isEntryName(part) || !parent.isOpen())
             return isNothingThere(parent) && isEntryName(part);
         parent = Descriptor(::openat(parent.number(), part.constData(), WayFlags | O_NOFOLLOW));

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "installability/installabilitycheck.h"
 
+#include "core/countof.h"
+
 #include <algorithm>
 
 namespace
@@ -28,7 +30,7 @@ bool InstallabilityCheck::run(const QVector<int> &asked, const StopRequest &stop
         return true;
     }
     std::vector<Goal> goals;
-    goals.reserve(at(asked.size()));
+    goals.reserve(at(countOf(asked)));
     int done = 0;
     m_isSystemPossible = writeEssential(stopped);
     if (stopped && stopped())

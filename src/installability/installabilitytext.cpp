@@ -2,6 +2,7 @@
 #include "installability/installabilitytext.h"
 
 #include "apt/versionorder.h"
+#include "core/countof.h"
 #include "core/relationtext.h"
 
 #include <QHash>
@@ -459,7 +460,7 @@ QString InstallabilityText::listed(const QStringList &texts)
     QStringList parts;
     for (const QString &text : texts.mid(0, ListedTexts))
         parts.append(shown(text));
-    const int more = texts.size() - parts.size();
+    const int more = countOf(texts) - countOf(parts);
     const QString separator = QStringLiteral(", ");
     if (more > 0)
         return tr("%1 and %n more", "", more).arg(parts.join(separator));
@@ -474,7 +475,7 @@ QString InstallabilityText::shown(const QString &text, int length)
     QString line = text.simplified();
     if (line.size() > length) {
         int head = length / 2;
-        int tail = line.size() - (length - head - 1);
+        int tail = countOf(line) - (length - head - 1);
         // Half of a character would be shown as a wrong one.
         head -= static_cast<int>(line.at(head - 1).isHighSurrogate());
         tail += static_cast<int>(line.at(tail).isLowSurrogate());

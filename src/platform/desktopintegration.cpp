@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/desktopintegration.h"
 
+#include "core/qtversions.h"
 #include "files/settingsformat.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QStandardPaths>
 #include <QTranslator>
@@ -43,10 +43,7 @@ void installTranslations(const QString &folder)
     const QLocale spoken(own->language());
     shownLanguage() = spoken.name().section(between, 0, 0);
     auto toolkit = std::make_unique<QTranslator>();
-    if (toolkit->load(spoken,
-                      QStringLiteral("qtbase"),
-                      between,
-                      QLibraryInfo::location(QLibraryInfo::TranslationsPath)))
+    if (toolkit->load(spoken, QStringLiteral("qtbase"), between, QtVersions::translationsFolder()))
         install(std::move(toolkit));
     install(std::move(own));
 }

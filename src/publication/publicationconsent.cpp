@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "publication/publicationconsent.h"
 
+#include "core/countof.h"
+
 #include <QStringList>
 
 PublicationConsent PublicationConsent::access(const QString &path, const PublicationAccess &finding)
@@ -8,7 +10,7 @@ PublicationConsent PublicationConsent::access(const QString &path, const Publica
     QStringList closed = finding.unreadable;
     if (!finding.isEntered)
         closed.prepend(path);
-    const int further = finding.unreadableCount - finding.unreadable.size();
+    const int further = finding.unreadableCount - countOf(finding.unreadable);
     if (further > 0)
         closed << tr("and %n further file(s)", nullptr, further);
     return {tr("Access rights"),

@@ -113,7 +113,7 @@ QVector<Publication> PublicationMonitor::publicationsOf(const QString &canonical
 void PublicationMonitor::watchFiles()
 {
     // The watcher loses a file that is replaced or deleted. The watch on the folder sees the new file.
-    for (const QString &path : qAsConst(m_watched)) {
+    for (const QString &path : std::as_const(m_watched)) {
         for (const QString &wanted : {path, QFileInfo(path).path()}) {
             if (!isWatched(wanted) && QFileInfo::exists(wanted))
                 m_files.addPath(wanted);

@@ -12,10 +12,10 @@
 #include <QLockFile>
 #include <QLoggingCategory>
 #include <QMutex>
-#include <QMutexLocker>
 #include <QSaveFile>
 #include <QStandardPaths>
 
+#include <mutex>
 #include <utility>
 
 namespace
@@ -32,7 +32,7 @@ class FileLock
 {
 public:
     explicit FileLock(const QString &fileName)
-        : m_threads(&mutex())
+        : m_threads(mutex())
         , m_processes(fileName + QLatin1String(".lock"))
     {
         constexpr int Patience = 10000; // milliseconds; a large file takes one or two seconds
@@ -51,7 +51,7 @@ public:
     bool isHeld() const { return m_isHeld; }
 
 private:
-    const QMutexLocker m_threads;
+    const std::lock_guard<QMutex> m_threads;
     QLockFile m_processes;
     bool m_isHeld = false;
 

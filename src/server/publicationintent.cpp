@@ -29,7 +29,10 @@ public:
         : m_lines(text.split('\n'))
     { }
 
-    bool isNext(const QByteArray &name) const { return m_lines.value(m_next).startsWith(name + ' '); }
+    bool isNext(const QByteArray &name) const
+    {
+        return m_lines.value(m_next).startsWith(QByteArray(name + ' '));
+    }
     QByteArray value(const QByteArray &name)
     {
         m_isBroken = m_isBroken || !isNext(name);
@@ -54,7 +57,7 @@ SystemFile::State fileOf(const QByteArray &text)
 {
     if (text == absent)
         return {};
-    const int blank = text.indexOf(' ');
+    const auto blank = text.indexOf(' ');
     return {
         true, QByteArray::fromBase64(text.mid(blank + 1)), text.left(blank).toUInt(nullptr, 8) & AllModes};
 }
@@ -72,7 +75,7 @@ QByteArray PublicationIntent::text() const
 
 std::optional<PublicationIntent> PublicationIntent::read(const QByteArray &text)
 {
-    Lines lines(text.startsWith(header + '\n') ? text.mid(header.size() + 1) : QByteArray());
+    Lines lines(text.startsWith(QByteArray(header + '\n')) ? text.mid(header.size() + 1) : QByteArray());
     PublicationIntent intent;
     intent.kind = lines.value("kind") == word(Publish) ? Publish : Unpublish;
     intent.protocol = lines.number("protocol");

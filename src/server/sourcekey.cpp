@@ -131,8 +131,8 @@ QString fingerprintOfVersion4(const QByteArray &body)
     QByteArray hashed("\x99");
     hashed += static_cast<char>(body.size() >> 8);
     hashed += static_cast<char>(body.size() & 0xFF);
-    return QString::fromLatin1(
-        QCryptographicHash::hash(hashed + body, QCryptographicHash::Sha1).toHex().toUpper());
+    hashed += body;
+    return QString::fromLatin1(QCryptographicHash::hash(hashed, QCryptographicHash::Sha1).toHex().toUpper());
 }
 } // namespace
 

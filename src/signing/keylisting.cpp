@@ -23,7 +23,7 @@ KeyListing KeyListing::judge(const QStringList &keys, const QVector<SigningKey> 
     KeyListing listing;
     listing.keys = keys;
     for (const QString &text : keys) {
-        const int bracket = text.lastIndexOf(QLatin1Char('['));
+        const auto bracket = text.lastIndexOf(QLatin1Char('['));
         const SigningKey key = SigningKey::find(known, text.mid(bracket + 1, text.size() - bracket - 2));
         const QString obstacle = key.obstacle();
         const QString warning = key.warning(now);

@@ -48,7 +48,7 @@ private:
     bool lists(const char *name) const
     {
         return readFile(m_repository + "/dists/dogwood/main/binary-amd64/Packages"_s)
-            .contains(QByteArray("Package: ") + name + '\n');
+            .contains(QByteArray(QByteArray("Package: ") + name + '\n'));
     }
 
 private Q_SLOTS:

@@ -78,7 +78,7 @@ private Q_SLOTS:
         QCOMPARE(shown(h.json("history", "bar"_list).json()), "2 job added bar 1.0"_s);
         QCOMPARE(shown(h.json("history", "foo|--limit|1"_list).json()), "3 job removed foo 2"_s);
         const QByteArray text = h.run({"history"_s, h.repo(), "foo"_s}).output;
-        QVERIFY2(text.contains("foo 1 -> 2 amd64 main") && text.contains("from " + one.toUtf8()),
+        QVERIFY2(text.contains("foo 1 -> 2 amd64 main") && text.contains(QByteArray("from " + one.toUtf8())),
                  text.constData());
 
         QCOMPARE(h.json("diff", "2"_list).json()["changes"_s].toArray().size(), 3);

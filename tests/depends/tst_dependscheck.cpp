@@ -12,6 +12,8 @@
 
 #include <QSemaphore>
 
+#include <utility>
+
 namespace
 {
 /** A package from the lines of its control data, which are separated by semicolons here. */
@@ -388,7 +390,7 @@ private Q_SLOTS:
             AptCandidates filtered({}, [source](const QString &origin) { return origin.contains(source); });
             filtered.prefetch(questions, {});
             QCOMPARE(filtered.candidates(shared).size(), 1);
-            for (const PackageQuestion &question : qAsConst(questions)) {
+            for (const PackageQuestion &question : std::as_const(questions)) {
                 for (const Candidate &candidate : filtered.candidates(question))
                     QVERIFY(candidate.source.contains(source));
             }
@@ -396,7 +398,7 @@ private Q_SLOTS:
         // An unknown name is no pattern that fits others.
         AptCandidates hostile;
         hostile.prefetch({{"b."_s, "amd64"_s, PackageType::Deb}, {"a.+"_s, "amd64"_s, PackageType::Deb}}, {});
-        for (const PackageQuestion &question : qAsConst(questions))
+        for (const PackageQuestion &question : std::as_const(questions))
             QVERIFY(hostile.candidates(question).isEmpty());
 
         // Sources that apt cannot read are one error for the whole job, and a dependency in error.

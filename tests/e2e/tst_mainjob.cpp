@@ -5,7 +5,7 @@
 #include "ui/dialogs/packagereplacementdialog.h"
 #include "ui/tab/foreignchanges.h"
 
-#include <QtConcurrent>
+#include <QThreadPool>
 
 /** The main job of the program, through its window and with the real tools. */
 class TestMainJob : public WindowTest
@@ -43,7 +43,7 @@ private Q_SLOTS:
         writeScript(path("bin/reprepro"_s),
                     "#!/bin/sh\nwhile [ -e '" + folder
                         + "/hold' ]; do sleep 0.02; done\nexec /usr/bin/reprepro \"$@\"\n");
-        qputenv("PATH", folder + "/bin:" + m_realPath);
+        qputenv("PATH", QByteArray(folder + "/bin:" + m_realPath));
         QSettings().clear();
         checkAgainstNothing();
         QVERIFY(restart({}));
@@ -586,7 +586,7 @@ private Q_SLOTS:
             gate->release();
         });
         pool.setMaxThreadCount(1);
-        QtConcurrent::run([gate] {
+        QThreadPool::globalInstance()->start([gate] {
             gate->acquire();
             gate->release();
         });

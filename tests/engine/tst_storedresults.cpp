@@ -34,7 +34,7 @@ void store(const QString &path, const QString &name, DependStatus status)
 
 CompleteCheckRecord checkOf(const QByteArray &digest)
 {
-    return {{}, QDateTime({2026, 1, 2}, {3, 4, 5}, Qt::UTC), digest, false};
+    return {{}, QDateTime({2026, 1, 2}, {3, 4, 5}, QTimeZone::utc()), digest, false};
 }
 
 QList<PackageInfoPtr> withState(const QList<PackageInfoPtr> &packages, Installability state)
@@ -223,3 +223,5 @@ private Q_SLOTS:
 
 VELT_TEST_MAIN(TestStoredResults, QCoreApplication)
 #include "tst_storedresults.moc"
+
+#include <QTimeZone>

@@ -4,6 +4,8 @@
 #include "engine/engineharness.h"
 #include "engine/history/repositoryhistory.h"
 
+#include <utility>
+
 namespace
 {
 QByteArray sumOf(const QByteArray &bytes)
@@ -113,7 +115,7 @@ QString RepoSnapshot::differences(const RepoSnapshot &wanted) const
     QString text = m_faults;
     QStringList names = m_parts.keys() + wanted.m_parts.keys();
     names.removeDuplicates();
-    for (const QString &name : qAsConst(names)) {
+    for (const QString &name : std::as_const(names)) {
         if (m_parts.value(name) == wanted.m_parts.value(name))
             continue;
         const QString is = m_parts.contains(name) ? "another"_s : "missing"_s;

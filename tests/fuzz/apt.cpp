@@ -5,6 +5,8 @@
 #include "fuzz/fuzzing.h"
 #include "fuzz/targets.h"
 
+#include <utility>
+
 namespace
 {
 bool isWord(const QString &text)
@@ -61,7 +63,7 @@ void FuzzTarget::apt(std::string_view input)
     const QString text = Fuzzing::expandedText(input);
     for (const auto grouping : {SourceGrouping::BySuite, SourceGrouping::BySuiteAndArchitecture}) {
         QStringList lines = AptOutput::sourceLines(text, grouping);
-        for (const QString &line : qAsConst(lines))
+        for (const QString &line : std::as_const(lines))
             FUZZ_RULE(line == line.simplified() && line.contains(QLatin1String(":/")));
         FUZZ_RULE(lines.removeDuplicates() == 0);
     }

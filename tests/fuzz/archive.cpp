@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+#include <utility>
+
 #include <zlib.h>
 
 namespace
@@ -49,7 +51,7 @@ Extracted extract(const Fuzzing::MemoryFile &file, int largest)
     }
     FUZZ_RULE(size <= largest);
     QStringList told = extractor.files();
-    for (const QString &path : qAsConst(told)) {
+    for (const QString &path : std::as_const(told)) {
         QFile package(path);
         if (package.open(QIODevice::ReadOnly))
             extracted.contents.append(QFileInfo(path).fileName() + QLatin1Char(' ')

@@ -8,6 +8,7 @@
 #include <QBuffer>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -46,7 +47,7 @@ void FuzzTarget::checks(std::string_view input)
     StoredCompleteCheck check;
     if (read(Fuzzing::expanded(input), &check) != Outcome::Done)
         return;
-    for (const auto &finding : qAsConst(check.findings)) {
+    for (const auto &finding : std::as_const(check.findings)) {
         const QStringList sentences = InstallabilityText::sentences(finding->reason);
         FUZZ_RULE(sentences.size() <= finding->reason.size());
         FUZZ_RULE(std::all_of(sentences.cbegin(), sentences.cend(), [](const QString &sentence) {

@@ -61,7 +61,7 @@ QByteArray withRightSums(QByteArray archive)
         for (int i = 0; i < BlockSize; ++i)
             sum += static_cast<uchar>(archive.at(block + i));
         const QByteArray digits = QByteArray::number(sum, 8).rightJustified(SumLength - 2, '0');
-        archive.replace(block + SumOffset, SumLength, digits + QByteArray("\0 ", 2));
+        archive.replace(block + SumOffset, SumLength, QByteArray(digits + QByteArray("\0 ", 2)));
     }
     return archive;
 }

@@ -6,6 +6,7 @@
 #include "fuzz/targets.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -88,7 +89,7 @@ void FuzzTarget::packages(std::string_view input)
     QList<PackageInfoPtr> records
         = parsePackages(bytes, view, {QStringLiteral("contrib"), QStringLiteral("amd64")}, root);
     std::size_t covered = 0;
-    for (const PackageInfoPtr &record : qAsConst(records)) {
+    for (const PackageInfoPtr &record : std::as_const(records)) {
         covered += record->control.text().size();
         FUZZ_RULE(!record->component.isEmpty() && !record->section.isEmpty());
         for (const QString &value : {record->name, record->version, record->maintainer(), record->fileName()})

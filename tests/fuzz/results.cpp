@@ -7,6 +7,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <utility>
+
 namespace
 {
 using DependsJson::Outcome;
@@ -43,7 +45,7 @@ QList<PackageInfoPtr> packagesOf(const StoredPackages &stored)
     QList<PackageInfoPtr> packages;
     QStringList names = stored.keys();
     names.sort();
-    for (const QString &name : qAsConst(names)) {
+    for (const QString &name : std::as_const(names)) {
         // The package that is checked last comes first.
         const QVector<StoredDepends> &named = stored[name];
         for (auto entry = named.crbegin(); entry != named.crend(); ++entry) {

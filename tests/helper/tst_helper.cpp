@@ -18,6 +18,7 @@
 #include <QDBusReply>
 
 #include <csignal>
+#include <utility>
 
 #include <unistd.h>
 
@@ -192,7 +193,7 @@ private Q_SLOTS:
         }
         QCOMPARE(words.size(), 4);
         static const QRegularExpression variable("\\$\\((\\w+)\\)"_s);
-        for (const PolkitPeer::Question &question : qAsConst(polkit.questions)) {
+        for (const PolkitPeer::Question &question : std::as_const(polkit.questions)) {
             auto match = variable.globalMatch(words.value(question.action));
             QVERIFY2(match.hasNext(), qPrintable(question.action));
             while (match.hasNext()) {
@@ -327,7 +328,7 @@ private Q_SLOTS:
         bad += armored(packets.left(2) + '\x03' + packets.mid(3));
         bad += armored(packets.chopped(1));
         bad += armored(packets.mid(2 + bodySize));
-        for (const QByteArray &text : qAsConst(bad))
+        for (const QByteArray &text : std::as_const(bad))
             QVERIFY2(SourceKey::fingerprint(text).isEmpty(), text.constData());
 
         // A key file comes and goes with the lines that name it.
@@ -453,7 +454,7 @@ private Q_SLOTS:
             callers.identified(name(i), uid_t(i + 1));
         callers.identified("root", 0);
         int places = 0;
-        for (const auto &[i, size] : qAsConst(taken))
+        for (const auto &[i, size] : std::as_const(taken))
             places += callers.takePlace(name(i), size) ? 1 : 0;
         QCOMPARE(places, 256);
         QVERIFY(callers.takePlace("root", large));

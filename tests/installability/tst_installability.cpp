@@ -10,6 +10,7 @@
 #include "support/testenvironment.h"
 
 #include <set>
+#include <utility>
 
 namespace
 {
@@ -334,7 +335,7 @@ private Q_SLOTS:
                                         + QString::fromUtf8(indexOf(namedIn(steps, name, packages)))));
                 }
                 ++reasons;
-                longest = std::max(longest, steps.size());
+                longest = std::max(longest, static_cast<int>(steps.size()));
             }
         }
         QVERIFY(reasons > 50 && longest > 3);
@@ -359,7 +360,7 @@ private Q_SLOTS:
                 if (installed.isEmpty())
                     continue;
                 QCOMPARE(installed.first(), i);
-                largest = std::max(largest, installed.size());
+                largest = std::max(largest, static_cast<int>(installed.size()));
                 MadePackage all;
                 all.name = "all-of-them";
                 all.version = "1";
@@ -455,7 +456,7 @@ private Q_SLOTS:
         InstallabilityCheck check(universe);
         QVERIFY(check.run(asked));
         QSet<QString> broken;
-        for (const int one : qAsConst(asked)) {
+        for (const int one : std::as_const(asked)) {
             if (check.state(one) != Installable)
                 broken.insert(nameOf(universe, one));
         }

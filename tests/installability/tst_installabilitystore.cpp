@@ -64,7 +64,7 @@ QList<PackageInfoPtr> bare(QList<PackageInfoPtr> packages)
 CompleteCheckRecord recordOf(const QByteArray &digest)
 {
     return {{CompleteCheckBase::Repository, "/srv/other"_s, {"i386"_s, "arm64"_s}},
-            QDateTime({2026, 3, 4}, {5, 6, 7}, Qt::UTC),
+            QDateTime({2026, 3, 4}, {5, 6, 7}, QTimeZone::utc()),
             digest,
             false};
 }
@@ -207,10 +207,13 @@ private Q_SLOTS:
                 if (!text.contains(field))
                     continue;
                 ++changes;
-                QVERIFY2(digestWith(QByteArray(text).replace(field, QByteArray(field) + "x, ")) != own,
+                QVERIFY2(digestWith(QByteArray(text).replace(field, QByteArray(QByteArray(field) + "x, ")))
+                             != own,
                          field);
-                QVERIFY2(digestWith(QByteArray(text).replace(field, QByteArray(field) + "x,\n y, ")) != own,
-                         field);
+                QVERIFY2(
+                    digestWith(QByteArray(text).replace(field, QByteArray(QByteArray(field) + "x,\n y, ")))
+                        != own,
+                    field);
                 QVERIFY2(digestWith(QByteArray(text).replace(field, "\nX-Old: ")) != own, field);
             }
         }
@@ -335,3 +338,5 @@ private Q_SLOTS:
 
 VELT_TEST_MAIN(TestInstallabilityStore, QCoreApplication)
 #include "tst_installabilitystore.moc"
+
+#include <QTimeZone>

@@ -188,7 +188,7 @@ private Q_SLOTS:
                                              checked("fine"_s, {Installable, {}, {}, 0}),
                                              checked("new"_s, {})};
         const CompleteCheckRecord check{{CompleteCheckBase::Repository, "/srv/b"_s, {"i386"_s}},
-                                        QDateTime({2026, 3, 4}, {5, 6, 7}, Qt::UTC),
+                                        QDateTime({2026, 3, 4}, {5, 6, 7}, QTimeZone::utc()),
                                         "x",
                                         true};
         QVERIFY(InstallabilityReport::hasResults(packages)
@@ -285,3 +285,5 @@ private Q_SLOTS:
 
 VELT_TEST_MAIN(TestInstallabilityText, QCoreApplication)
 #include "tst_installabilitytext.moc"
+
+#include <QTimeZone>

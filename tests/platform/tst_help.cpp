@@ -83,7 +83,8 @@ private Q_SLOTS:
             const QString anchor = target.section(u'#', 1);
             const QString path = folder.filePath(file.isEmpty() ? page : file);
             QVERIFY2(QFileInfo(path).isFile(), qPrintable(target));
-            QVERIFY2(anchor.isEmpty() || readFile(path).count("id=\"" + anchor.toUtf8() + "\"") == 1,
+            QVERIFY2(anchor.isEmpty()
+                         || readFile(path).count(QByteArray("id=\"" + anchor.toUtf8() + "\"")) == 1,
                      qPrintable(target));
             if (target.endsWith(".png"_s)) {
                 const QImage picture(path);
@@ -96,7 +97,8 @@ private Q_SLOTS:
         // Every page can be left and reached, and every picture can be heard.
         QVERIFY(page == "index.html"_s
                 || (html.contains("<a href=\"index.html\">"_s)
-                    && readFile(folder.filePath("index.html"_s)).contains("\"" + page.toUtf8() + "\"")));
+                    && readFile(folder.filePath("index.html"_s))
+                           .contains(QByteArray("\"" + page.toUtf8() + "\""))));
         QCOMPARE(html.count("<img "_s), captured(html, "<img [^>]*alt=\"([^\"]+)\""_s).size());
     }
 

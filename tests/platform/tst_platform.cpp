@@ -10,6 +10,8 @@
 #include <QDBusConnection>
 #include <QtWidgets>
 
+#include <utility>
+
 class TestPlatform : public QObject
 {
     Q_OBJECT
@@ -59,7 +61,7 @@ private Q_SLOTS:
         }
         for (const char *known : {"server-database", "view-list-details", "archive-insert"})
             QVERIFY2(names.contains(QLatin1String(known)), "the search finds no names any more");
-        for (const QString &name : qAsConst(names)) {
+        for (const QString &name : std::as_const(names)) {
             for (const int size : {16, 22, 48})
                 QVERIFY2(!QIcon::fromTheme(name).pixmap(size, size).isNull(), qPrintable(name));
         }

@@ -111,7 +111,7 @@ private:
         while (const dirent *entry = ::readdir(stream))
             names.append(entry->d_name);
         std::sort(names.begin(), names.end());
-        for (const QByteArray &name : qAsConst(names)) {
+        for (const QByteArray &name : std::as_const(names)) {
             const QString text = QFile::decodeName(name);
             // A file name that cannot be converted to QString and back could not be opened later.
             if (name != "." && name != ".." && QFile::encodeName(text) == name)

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
+#include <QTimeZone>
 
 #include <array>
 #include <cerrno>
@@ -54,7 +55,7 @@ bool isCompressed(const QString &name)
 
 QDateTime time(const timespec &value)
 {
-    return QDateTime::fromSecsSinceEpoch(value.tv_sec, Qt::UTC);
+    return QDateTime::fromSecsSinceEpoch(value.tv_sec, QTimeZone::utc());
 }
 
 /** The name from getpwuid_r(3) or getgrgid_r(3); empty when there is none. */

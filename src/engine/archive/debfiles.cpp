@@ -57,7 +57,7 @@ protected:
     }
     void contents(const char *data, qint64 size) override
     {
-        m_hash.addData(data, static_cast<int>(size));
+        m_hash.addData(QByteArray::fromRawData(data, static_cast<int>(size)));
         if (!m_isKept)
             return;
         QByteArray &kept = files.last().contents;

@@ -19,7 +19,7 @@ namespace
 {
 std::optional<FileFd::CompressMode> compressionOf(const QByteArray &member)
 {
-    const int tar = member.indexOf(".tar");
+    const auto tar = member.indexOf(".tar");
     const QByteArray suffix = member.mid(tar + 4);
     if (tar < 0)
         return std::nullopt;

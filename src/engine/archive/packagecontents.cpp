@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <utility>
 
 #include <zlib.h>
 
@@ -66,7 +67,7 @@ documentOf(const QVector<DebFile> &files, const QByteArray &package, const QList
     for (const bool isOwn : {true, false}) {
         for (const QByteArray &name : names) {
             const auto found = std::find_if(files.cbegin(), files.cend(), [&](const DebFile &file) {
-                return !file.contents.isEmpty() && file.path.endsWith('/' + name)
+                return !file.contents.isEmpty() && file.path.endsWith(QByteArray('/' + name))
                        && (!isOwn || folderOf(file.path) == Documentation + package);
             });
             if (found != files.cend())
@@ -117,7 +118,7 @@ PackageContents::of(const QString &fileName, const QString &package, const std::
     PackageContents contents;
     contents.isCut = found.isTooLarge || (!found.isWhole && time.elapsed() > MostTime);
     contents.isRead = found.isWhole || contents.isCut;
-    for (const DebFile &file : qAsConst(found.control)) {
+    for (const DebFile &file : std::as_const(found.control)) {
         if (file.type != '0')
             continue;
         Text text = readable(QString::fromUtf8(file.path), file.contents);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/archive/packageextractor.h"
 
+#include "core/countof.h"
 #include "core/packagenames.h"
 #include "engine/archive/tarreader.h"
 #include "files/freespace.h"
@@ -103,7 +104,7 @@ PackageExtractor::Result PackageExtractor::write(const QByteArray &member,
     for (;;) {
         if (m_stopped())
             return Result::Stopped;
-        const int size = read(buffer.data(), buffer.size());
+        const int size = read(buffer.data(), countOf(buffer));
         if (size == 0)
             return Result::Done;
         if (size < 0)

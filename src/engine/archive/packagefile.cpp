@@ -3,6 +3,7 @@
 
 #include "apt/dpkgoutput.h"
 #include "apt/dpkgutils.h"
+#include "core/countof.h"
 #include "core/packagenames.h"
 #include "engine/archive/debarchive.h"
 #include "engine/archive/debcontents.h"
@@ -87,7 +88,7 @@ QVector<PackageFile> PackageFileReader::next(int most)
 {
     QVector<PackageFile> files;
     // While the first files are awaited, reading of the next ones begins.
-    const int count = qMin(most, m_reading.size());
+    const int count = qMin(most, countOf(m_reading));
     for (int i = 0; i < count; ++i) {
         files.append(m_reading.dequeue().result());
         startNext();

@@ -104,14 +104,14 @@ bool TarHeader::overrule(const QByteArray &records)
     // The form is "length key=value\n", with the length of the whole record.
     int position = 0;
     while (position < records.size()) {
-        const int blank = records.indexOf(' ', position);
+        const auto blank = records.indexOf(' ', position);
         bool isNumber = false;
         const int length = blank < 0 ? 0 : records.mid(position, blank - position).toInt(&isNumber);
         const int end = position + length;
         if (!isNumber || length <= 0 || end > records.size() || end <= blank + 1)
             return false;
         const QByteArray record = records.mid(blank + 1, end - blank - 2);
-        const int equals = record.indexOf('=');
+        const auto equals = record.indexOf('=');
         const QByteArray key = record.left(equals);
         const QByteArray value = record.mid(equals + 1);
         if (equals < 0)

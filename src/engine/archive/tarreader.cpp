@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/archive/tarreader.h"
 
+#include "core/countof.h"
+
 #include <array>
 #include <utility>
 
@@ -101,7 +103,7 @@ bool TarReader::readContents(QByteArray *contents)
     }
     contents->resize(static_cast<int>(m_left));
     m_left = 0;
-    return readFully(contents->data(), contents->size());
+    return readFully(contents->data(), countOf(*contents));
 }
 
 bool TarReader::skip(qint64 size)

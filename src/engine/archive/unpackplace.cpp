@@ -9,6 +9,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <utility>
 
 QStringList UnpackPlace::besideRepository(const QString &repoPath)
 {
@@ -21,7 +22,7 @@ QVector<UnpackPlace::Candidate> UnpackPlace::candidates(const QString &repoPath)
     QVector<Candidate> found;
     QStringList folders = QStringList{QDir::tempPath()} + besideRepository(repoPath);
     folders.removeDuplicates();
-    for (const QString &folder : qAsConst(folders))
+    for (const QString &folder : std::as_const(folders))
         if (QFileInfo(folder).isWritable() && ScratchFolder::isSafePlace(folder))
             found.append({folder, freeSpace(folder)});
     return found;

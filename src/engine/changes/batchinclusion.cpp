@@ -14,6 +14,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -47,14 +48,14 @@ void BatchInclusion::include(const QVector<Candidate> &candidates, bool replaces
     if (m_session.isDamaged() || m_session.isRefused() || m_context.control.mustEnd())
         return;
     QMap<QString, QVector<Candidate>> groups;
-    for (const Candidate &candidate : qAsConst(shared)) {
+    for (const Candidate &candidate : std::as_const(shared)) {
         if (candidate.isForeign || m_inclusion.isAhead(candidate.path))
             continue;
         const QString suffix = QLatin1Char('.') + QFileInfo(candidate.path).suffix();
         groups[runArguments(m_context.repository.info().codename, candidate.records.first(), {suffix})]
             .append(candidate);
     }
-    for (const QVector<Candidate> &group : qAsConst(groups)) {
+    for (const QVector<Candidate> &group : std::as_const(groups)) {
         if (group.size() > 1)
             includeGroup(group);
     }
@@ -110,7 +111,7 @@ void BatchInclusion::includeFromSource(const QVector<Candidate> &candidates)
             noteAll(suitable);
         return;
     }
-    for (const Candidate &candidate : qAsConst(suitable))
+    for (const Candidate &candidate : std::as_const(suitable))
         for (const PackageInfo &record : candidate.records)
             if (added.contains(ReproAnswer::place(m_context.repository.info().codename,
                                                   record.indexComponent,
@@ -129,14 +130,14 @@ void BatchInclusion::includeGroup(QVector<Candidate> group)
             return;
         if (result.succeeded() && !ReproAnswer::inclusionSkipped(result.errorOutput)
             && !ReproAnswer::databaseTroubled(result.errorOutput)) {
-            for (const Candidate &candidate : qAsConst(group))
+            for (const Candidate &candidate : std::as_const(group))
                 for (const PackageInfo &record : candidate.records)
                     m_inclusion.setAhead(candidate.path, PackageKey::of(record));
             return;
         }
         const QSet<ReproListing::Package> present = packagesInDatabase(group);
         QVector<Candidate> left;
-        for (const Candidate &candidate : qAsConst(group))
+        for (const Candidate &candidate : std::as_const(group))
             if (!note(candidate, present))
                 left.append(candidate);
         if (left.isEmpty() || result.succeeded() || result.crashed() || !result.started
@@ -189,7 +190,7 @@ void BatchInclusion::noteAll(const QVector<Candidate> &candidates)
     QMap<QString, QVector<Candidate>> components;
     for (const Candidate &candidate : candidates)
         components[candidate.records.first().indexComponent].append(candidate);
-    for (const QVector<Candidate> &component : qAsConst(components)) {
+    for (const QVector<Candidate> &component : std::as_const(components)) {
         const QSet<ReproListing::Package> present = packagesInDatabase(component);
         for (const Candidate &candidate : component)
             note(candidate, present);

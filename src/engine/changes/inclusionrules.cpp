@@ -9,6 +9,7 @@
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -44,7 +45,7 @@ QVector<PackageInfo> InclusionRules::records(const PackageInfo &package, const T
             architectures.append(package.architecture);
     }
     QVector<PackageInfo> records;
-    for (const QString &architecture : qAsConst(architectures)) {
+    for (const QString &architecture : std::as_const(architectures)) {
         PackageInfo record = package;
         record.architecture = architecture;
         record.root = target.path;

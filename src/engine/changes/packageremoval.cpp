@@ -12,6 +12,7 @@
 #include <QVector>
 
 #include <algorithm>
+#include <utility>
 
 void PackageRemoval::setPresent(const QVector<ReproListing::Package> &present)
 {
@@ -32,10 +33,10 @@ void PackageRemoval::removeTogether(const QList<PackageInfoPtr> &packages)
             places[arguments({package->name}, *package, {})].append(package);
     }
     QMap<QString, QVector<Place>> kinds;
-    for (const Place &place : qAsConst(places))
+    for (const Place &place : std::as_const(places))
         kinds[arguments({}, *place.first(), {})].append(place);
     QMap<QString, Run> runs;
-    for (const QVector<Place> &kind : qAsConst(kinds)) {
+    for (const QVector<Place> &kind : std::as_const(kinds)) {
         const QStringList all = architectures(kind);
         for (const Place &place : kind) {
             const QStringList own = isAllThere(place, all) ? all : architectures({place});
@@ -46,7 +47,7 @@ void PackageRemoval::removeTogether(const QList<PackageInfoPtr> &packages)
     }
     if (runs.size() > 1)
         m_session->startSilently();
-    for (const Run &run : qAsConst(runs)) {
+    for (const Run &run : std::as_const(runs)) {
         if (!m_context.control.mustEnd() && !m_session->isDamaged() && !m_session->isRefused())
             removeInOneRun(run);
     }

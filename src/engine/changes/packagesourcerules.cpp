@@ -9,6 +9,7 @@
 #include <QVector>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -32,7 +33,7 @@ std::optional<QVector<Field>> fieldsOf(const QByteArray &control)
     QVector<Field> fields;
     QList<QByteArray> lines = control.split('\n');
     lines.removeLast();
-    for (const QByteArray &line : qAsConst(lines)) {
+    for (const QByteArray &line : std::as_const(lines)) {
         // Each byte is one character here.
         const QString text = QString::fromLatin1(line);
         if (const auto first = firstLine.match(text); first.hasMatch()) {
@@ -45,7 +46,7 @@ std::optional<QVector<Field>> fieldsOf(const QByteArray &control)
         }
     }
     QStringList names;
-    for (const Field &field : qAsConst(fields))
+    for (const Field &field : std::as_const(fields))
         names.append(QString::fromLatin1(field.name));
     return names.removeDuplicates() == 0 ? std::make_optional(fields) : std::nullopt;
 }
@@ -135,7 +136,7 @@ std::optional<QByteArray> PackageSourceRules::description(const QByteArray &own,
         }
         const bool isFurther = line.startsWith(' ') || line.startsWith('\t') || line.startsWith('#');
         if (!isFurther && !line.isEmpty()) {
-            const int colon = line.indexOf(':');
+            const auto colon = line.indexOf(':');
             names.append(line.left(colon).trimmed().toLower());
             isDropped = names.last() == "update";
             if (names.last() == "codename" && line.mid(colon + 1).trimmed() == codename.toUtf8()) {

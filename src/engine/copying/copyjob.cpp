@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/copying/copyjob.h"
 
+#include "core/countof.h"
 #include "engine/archive/filechecksums.h"
 #include "engine/changes/inclusionrules.h"
 #include "engine/changes/jobframe.h"
@@ -81,9 +82,9 @@ int CopyJob::add(const QStringList &files,
     if (adding.addFiles(files, frame) != CANCEL)
         return frame->finish(SUCCESS,
                              endText(moves, adding.addedCount(), adding.addedNames()) + thereText(same));
-    const QString text = moves
-                             ? tr("Operation stopped. %1 of %n package(s) moved: %2", nullptr, files.size())
-                             : tr("Operation stopped. %1 of %n package(s) copied: %2", nullptr, files.size());
+    const QString text
+        = moves ? tr("Operation stopped. %1 of %n package(s) moved: %2", nullptr, countOf(files))
+                : tr("Operation stopped. %1 of %n package(s) copied: %2", nullptr, countOf(files));
     return frame->finish(CANCEL, text.arg(QString::number(adding.addedCount()), adding.addedNames()));
 }
 

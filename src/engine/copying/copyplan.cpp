@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace
 {
@@ -45,7 +46,7 @@ CopyPlan CopyPlan::of(const CopySource &source,
     if (source.withDepends)
         packages += missingDependencies(source.packages, present, source.all, stopped);
     QSet<QString> unknown; // paths below the repository
-    for (const PackageInfoPtr &package : qAsConst(packages))
+    for (const PackageInfoPtr &package : std::as_const(packages))
         if (listedChecksum(*package, {}).isEmpty())
             unknown.insert(PackageChange::stateOf(*package).file);
     const auto listed = unknown.isEmpty()
@@ -59,7 +60,7 @@ CopyPlan CopyPlan::of(const CopySource &source,
     const auto copied = std::make_shared<CopiedFiles>();
     copied->origin = tr("the repository %1").arg(QFileInfo(source.path).fileName());
     CopyPlan plan;
-    for (const PackageInfoPtr &chosenPackage : qAsConst(packages)) {
+    for (const PackageInfoPtr &chosenPackage : std::as_const(packages)) {
         const PackageInfo &package = *chosenPackage;
         const QString path = package.filePath();
         if (path.isEmpty() || copied->files.contains(path))

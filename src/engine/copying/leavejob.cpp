@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/copying/leavejob.h"
 
+#include "core/countof.h"
 #include "engine/archive/filechecksums.h"
 #include "engine/changes/exportsession.h"
 #include "engine/changes/jobcontext.h"
@@ -52,7 +53,7 @@ QList<PackageInfoPtr> LeaveJob::arrived(const QList<PackageInfoPtr> &packages, c
         m_context.errors.critical(
             tr("%n package(s) stay(s) here, since the repository %1 does not have the same.",
                nullptr,
-               staying.size())
+               countOf(staying))
                 .arg(target),
             staying.join(QLatin1Char('\n')),
             WARNING);

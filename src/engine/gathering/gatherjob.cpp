@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/gathering/gatherjob.h"
 
+#include "core/countof.h"
 #include "engine/changes/jobframe.h"
 #include "engine/control/listsfetch.h"
 #include "engine/gathering/gathersearch.h"
@@ -36,7 +37,7 @@ int GatherJob::find(const QList<PackageInfoPtr> &packages,
         m_context.errors.critical(offers.problem, offers.problemDetails);
         return frame.finish(ERROR, tr("It is not known what is missing."), PREVIEW_JOB);
     }
-    m_context.progress.setRange(wanted.size());
+    m_context.progress.setRange(countOf(wanted));
     QElapsedTimer sinceStep;
     sinceStep.start();
     GatherSearch search(scope, offers, stopped, component);
@@ -44,13 +45,13 @@ int GatherJob::find(const QList<PackageInfoPtr> &packages,
         if (!sinceStep.hasExpired(StepInterval))
             return;
         sinceStep.start();
-        m_context.progress.setStep(std::min(visited, wanted.size()));
+        m_context.progress.setStep(std::min(visited, static_cast<int>(wanted.size())));
         m_context.progress.show();
     });
     if (!plan.isComplete)
         return frame.finish(CANCEL, tr("The search for missing packages was stopped."), PREVIEW_JOB);
     publish(plan);
-    return frame.finish(SUCCESS, tr("%n package(s) to be fetched", nullptr, plan.rows.size()), PREVIEW_JOB);
+    return frame.finish(SUCCESS, tr("%n package(s) to be fetched", nullptr, countOf(plan.rows)), PREVIEW_JOB);
 }
 
 int GatherJob::fetch(const GatherPlan &plan, const QList<PackageInfo> &packages, const AddOptions &options)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/gathering/gatherplan.h"
 
+#include "core/countof.h"
+
 #include <QSet>
 
 #include <algorithm>
@@ -60,7 +62,7 @@ QVector<int> GatherPlan::idleRows() const
     // From what the repository has: rows that need nothing but each other are idle together.
     QSet<int> used;
     for (int before = -1; before != used.size();) {
-        before = used.size();
+        before = countOf(used);
         for (const Need &need : needs) {
             const auto isOn = [this](int row) { return rows.at(row).isOn; };
             if (!isPresent(need) || (need.ownerRow >= 0 && !used.contains(need.ownerRow))

@@ -2,6 +2,7 @@
 #include "engine/gathering/gathersearch.h"
 
 #include "apt/versionorder.h"
+#include "core/countof.h"
 #include "core/packagefields.h"
 #include "engine/installability/checkedsystem.h"
 #include "installability/needindex.h"
@@ -355,7 +356,7 @@ GatherPlan GatherSearch::planned() const
             const QString key = keyOf(universe, package) + QLatin1Char(' ') + own;
             auto row = files.find(key);
             if (row == files.end()) {
-                row = files.insert(key, plan.rows.size());
+                row = files.insert(key, countOf(plan.rows));
                 GatherPlan::Row added;
                 added.package.name = text(universe.name(package));
                 added.package.version = text(universe.version(package));
@@ -372,7 +373,7 @@ GatherPlan GatherSearch::planned() const
         }
         rowsOf.push_back(rowOf);
     }
-    std::vector<QSet<QString>> named(at(plan.rows.size()));
+    std::vector<QSet<QString>> named(at(countOf(plan.rows)));
     for (int number = 0; number < static_cast<int>(m_systems.size()); ++number)
         fillNeeds(number, rowsOf[at(number)], &named, &plan);
     return plan;
@@ -419,7 +420,7 @@ void GatherSearch::fillNeeds(int number,
             need.leavesWith = leavesWith.value(owner);
             if (need.rows.isEmpty())
                 explain(number, owner, entry.set, &need);
-            for (const int row : qAsConst(need.rows)) {
+            for (const int row : std::as_const(need.rows)) {
                 QSet<QString> &names = (*named)[at(row)];
                 // What only takes the place of something is not needed for that.
                 if (need.keptWithout.contains(row) || names.contains(need.owner.name))

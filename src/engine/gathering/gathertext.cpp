@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/gathering/gathertext.h"
 
+#include "core/countof.h"
+
 QString GatherText::reason(const GatherPlan::Left &left)
 {
     switch (left.why) {
@@ -28,7 +30,7 @@ QString GatherText::neededBy(const GatherPlan::Row &row)
 {
     constexpr int MostNames = 8;
     const QString names = row.neededBy.mid(0, MostNames).join(QLatin1String(", "));
-    const int further = row.neededBy.size() - MostNames;
+    const int further = countOf(row.neededBy) - MostNames;
     return further <= 0 ? names : tr("%1 and %n more", nullptr, further).arg(names);
 }
 
@@ -49,5 +51,5 @@ QStringList GatherText::lines(const QVector<GatherPlan::Left> &left)
 QString GatherText::summary(const QVector<GatherPlan::Left> &left)
 {
     return left.isEmpty() ? tr("Nothing is missing any more.")
-                          : tr("%n dependency(ies) stay unmet.", nullptr, left.size());
+                          : tr("%n dependency(ies) stay unmet.", nullptr, countOf(left));
 }

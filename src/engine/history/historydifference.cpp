@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/history/historydifference.h"
 
+#include "core/countof.h"
 #include "engine/repository/packagelist.h"
 
 #include <QHash>
@@ -23,7 +24,7 @@ public:
         const PackageKey key = keyOf(change);
         const auto known = m_rows.constFind(key);
         if (known == m_rows.cend()) {
-            m_rows.insert(key, m_changes.size());
+            m_rows.insert(key, countOf(m_changes));
             m_changes.append(change);
             return;
         }

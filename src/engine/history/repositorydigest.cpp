@@ -22,6 +22,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -97,7 +98,7 @@ Traces tracesOf(const QString &repoPath)
     while (releases.hasNext())
         files.append(releases.next().mid(repoPath.size() + 1));
     Traces traces;
-    for (const QString &file : qAsConst(files))
+    for (const QString &file : std::as_const(files))
         if (const auto trace = traceOf(repoPath, file))
             traces.insert(file, *trace);
     return traces;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/history/repositoryhistory.h"
 
+#include "core/countof.h"
 #include "engine/history/pointfolders.h"
 #include "engine/history/pointrecord.h"
 #include "engine/history/repositorydigest.h"
@@ -13,6 +14,7 @@
 #include <QDir>
 #include <QFile>
 #include <QSet>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <memory>
@@ -77,7 +79,7 @@ QList<QByteArray> leftoversIn(const OpenFolder &history)
 {
     QList<QByteArray> leftovers;
     const QList<QByteArray> names = history.isOpen() ? history.names() : QList<QByteArray>();
-    const int suffix = UnfinishedSuffix.size();
+    const int suffix = countOf(UnfinishedSuffix);
     for (const QByteArray &name : names)
         if (QFile::decodeName(name).endsWith(UnfinishedSuffix) && numberOf(name.chopped(suffix)) > 0)
             leftovers.append(name);
@@ -98,7 +100,7 @@ readPoint(const OpenFolder &history, int number, const struct stat &database, Po
     RestorePoint damaged;
     damaged.number = number;
     damaged.isReadable = false;
-    damaged.time = QDateTime::fromSecsSinceEpoch(status ? status->st_mtim.tv_sec : 0, Qt::UTC);
+    damaged.time = QDateTime::fromSecsSinceEpoch(status ? status->st_mtim.tv_sec : 0, QTimeZone::utc());
     return damaged;
 }
 } // namespace
@@ -174,7 +176,7 @@ void RepositoryHistory::count(int descriptor,
         } else {
             const QPair<quint64, quint64> inode(status.st_dev, status.st_ino);
             const auto place = shared->constFind(inode);
-            const int index = place == shared->cend() ? m_shared.size() : *place;
+            const int index = place == shared->cend() ? countOf(m_shared) : *place;
             if (place == shared->cend()) {
                 shared->insert(inode, index);
                 m_shared.append({status.st_blocks * S_BLKSIZE, status.st_nlink, {}});

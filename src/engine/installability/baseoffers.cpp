@@ -4,6 +4,7 @@
 #include "apt/addedsources.h"
 #include "apt/aptlists.h"
 #include "apt/aptutils.h"
+#include "core/countof.h"
 #include "engine/repository/distributionsfile.h"
 #include "engine/repository/packagelisting.h"
 
@@ -15,6 +16,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -27,8 +29,8 @@ QByteArray digestOfStamps(QList<QByteArray> stamps)
 {
     std::sort(stamps.begin(), stamps.end());
     QCryptographicHash hash(QCryptographicHash::Sha1);
-    for (const QByteArray &stamp : qAsConst(stamps))
-        hash.addData(stamp + '\n');
+    for (const QByteArray &stamp : std::as_const(stamps))
+        hash.addData(QByteArray(stamp + '\n'));
     return hash.result().toHex();
 }
 
@@ -156,7 +158,7 @@ BaseOffers readRepository(const CheckScope &scope)
         const QString key = package->architecture + QString::number(static_cast<int>(package->type));
         auto list = lists.find(key);
         if (list == lists.end()) {
-            list = lists.insert(key, offers.lists.size());
+            list = lists.insert(key, countOf(offers.lists));
             offers.lists.append({QString(), package->architecture, package->type, {}});
         }
         offers.lists[*list].packages.append(package->control);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/installability/checkedsystem.h"
 
+#include "core/countof.h"
 #include "engine/installability/essentialpackages.h"
 
 #include <QSet>
@@ -73,7 +74,7 @@ void CheckedSystem::addOffers(const QVector<OfferList> &lists)
     for (const OfferList &list : lists) {
         if (list.type != m_type || !(list.architecture.isEmpty() || reads(list.architecture)))
             continue;
-        const int number = m_origins.size();
+        const int number = countOf(m_origins);
         m_origins.append(list.origin);
         for (const ControlText &paragraph : list.packages) {
             const int index = m_universe.add(paragraph, Universe::Offered);

@@ -2,6 +2,7 @@
 #include "engine/installability/completecheckjob.h"
 
 #include "apt/aptutils.h"
+#include "core/countof.h"
 #include "engine/control/listsfetch.h"
 #include "engine/installability/checkedsystem.h"
 #include "engine/installability/completecheckstate.h"
@@ -10,6 +11,7 @@
 #include "installability/installabilityreasons.h"
 
 #include <QElapsedTimer>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <utility>
@@ -37,7 +39,7 @@ int CompleteCheckJob::run(const QList<PackageInfoPtr> &packages, const CompleteC
         ListsFetch(m_context.control, m_context.errors, m_context.progress)
             .refresh(&added, ListsFetch::WhenOld);
     }
-    m_context.progress.setRange(records.size());
+    m_context.progress.setRange(countOf(records));
     const BaseOffers offers = BaseOffers::read(scope, architectures + base.foreignArchitectures, stopped);
     // Against a base that is not there, or only in part, packages would seem to lack what they need.
     if (!offers.problem.isEmpty() && !mustStop()) {
@@ -64,7 +66,7 @@ int CompleteCheckJob::run(const QList<PackageInfoPtr> &packages, const CompleteC
         const QByteArray digest = CompleteCheckState::digestOf(all, offers.digest);
         publish(m_previous.base == base && m_previous.digest == digest);
         // What is stored knows whole seconds.
-        const auto now = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch(), Qt::UTC);
+        const auto now = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch(), QTimeZone::utc());
         m_keep({base, now, digest, false});
     }
     m_context.progress.show();
@@ -77,7 +79,7 @@ int CompleteCheckJob::run(const QList<PackageInfoPtr> &packages, const CompleteC
     if (mustStop())
         return frame.finish(
             CANCEL,
-            tr("Operation stopped. %1 of %n package(s) checked completely", nullptr, records.size())
+            tr("Operation stopped. %1 of %n package(s) checked completely", nullptr, countOf(records))
                 .arg(m_results.size()),
             CHECK_DEPENDS_JOB);
     return frame.finish(SUCCESS,
@@ -106,7 +108,7 @@ void CompleteCheckJob::checkSystem(const CheckedSystem &system, const QVector<in
     // After a stop, the packages that are settled already keep their results.
     if (check.run(asked, stopped, progress))
         check.runRecommends(stopped);
-    m_context.progress.setStep(before + asked.size());
+    m_context.progress.setStep(before + countOf(asked));
     takeResults(system, asked, isComplete, check);
 }
 
@@ -122,7 +124,7 @@ void CompleteCheckJob::takeResults(const CheckedSystem &system,
         const auto records = system.recordsOf(QVector<int>{package});
         if (info->state != Installable && info->state != InstallabilityUnknown && !isComplete) {
             info->state = InstallabilityUnknown;
-            m_leftOut += records.size();
+            m_leftOut += countOf(records);
         }
         if (info->state == InstallabilityUnknown)
             continue;
@@ -134,7 +136,7 @@ void CompleteCheckJob::takeResults(const CheckedSystem &system,
             info->reason = reasons.reason(package, [this] { return mustStop(); });
         if (info->state == NotInstallable && info->reason.isEmpty() && mustStop())
             continue;
-        m_counts[info->state] += records.size();
+        m_counts[info->state] += countOf(records);
         for (const PackageInfoPtr &record : records)
             m_results.insert(record, info);
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/changejob.h"
 
+#include "core/countof.h"
 #include "engine/changes/jobframe.h"
 #include "engine/changes/jobpreconditions.h"
 #include "engine/changes/jobsession.h"
@@ -114,7 +115,7 @@ void ChangeJob::tellOfGone(const RepoChange &change, const QList<PackageInfoPtr>
     for (const PackageInfoPtr &package : lost)
         names.append(displayFileName(*package));
     Q_EMIT m_context.listener.noted(
-        tr("%n package(s) deleted: %1", nullptr, lost.size()).arg(names.join(QLatin1String(", "))));
+        tr("%n package(s) deleted: %1", nullptr, countOf(lost)).arg(names.join(QLatin1String(", "))));
 }
 
 bool ChangeJob::keepForUndoing(const QByteArray &text, const RepoInfo &wanted)

@@ -3,6 +3,7 @@
 
 #include "apt/aptutils.h"
 #include "apt/publiccandidates.h"
+#include "core/countof.h"
 #include "core/settingskeys.h"
 #include "depends/dependscheck.h"
 #include "depends/dependsreport.h"
@@ -16,7 +17,7 @@ int CheckJob::run(const QList<PackageInfoPtr> &packages)
     const auto records = presentRecords(m_context.packages, packages);
     const bool isOn = m_context.choices.dependsRepoType() != DependsNowhere;
     const AddedSources added = isOn ? addedSources(ifPublic(ListsFetch::WhenOld)) : AddedSources();
-    m_context.progress.setRange(records.size());
+    m_context.progress.setRange(countOf(records));
     const int checked = checkRecords(records, added, [&frame] { frame.quickItemDone(); });
     m_context.progress.show();
     if (checked > 0)
@@ -24,7 +25,7 @@ int CheckJob::run(const QList<PackageInfoPtr> &packages)
     if (isOn && checked < records.size())
         return frame.finish(
             CANCEL,
-            tr("Operation stopped. %1 of %n package(s) depends checked", nullptr, records.size())
+            tr("Operation stopped. %1 of %n package(s) depends checked", nullptr, countOf(records))
                 .arg(checked),
             CHECK_DEPENDS_JOB);
     return frame.finish(SUCCESS, tr("Depends checked"), CHECK_DEPENDS_JOB);
@@ -38,7 +39,7 @@ void CheckJob::checkPresent(const QList<PackageInfoPtr> &packages)
     const int checked = checkRecords(records, addedSources(ifPublic(ListsFetch::WhenNew)));
     if (checked < records.size() && mustStop())
         Q_EMIT m_context.listener.noted(
-            tr("Operation stopped. %1 of %n package(s) depends checked", nullptr, records.size())
+            tr("Operation stopped. %1 of %n package(s) depends checked", nullptr, countOf(records))
                 .arg(checked));
 }
 

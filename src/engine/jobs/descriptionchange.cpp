@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/descriptionchange.h"
 
+#include "core/countof.h"
 #include "engine/changes/jobcontext.h"
 #include "engine/changes/signaturerecord.h"
 #include "engine/repository/distributions.h"
@@ -112,7 +113,7 @@ ProcessResult DescriptionChange::carryOver(const QList<PackageInfoPtr> &packages
         if (result.succeeded() && !missing.isEmpty()) {
             result.exitCode = EXIT_FAILURE;
             result.errorOutput
-                = tr("%n package(s) did not arrive under the new code name.", nullptr, missing.size());
+                = tr("%n package(s) did not arrive under the new code name.", nullptr, countOf(missing));
         }
     }
     for (const QString &architecture : m_change.floodedArchitectures(packages))

@@ -4,6 +4,7 @@
 #include "apt/addedsources.h"
 #include "apt/aptutils.h"
 #include "apt/publiccandidates.h"
+#include "core/countof.h"
 #include "depends/dependsoffers.h"
 #include "depends/dependsparser.h"
 #include "depends/localcandidates.h"
@@ -77,7 +78,7 @@ bool lacks(const PackageInfo &package, const QVector<Dependency> &dependencies)
 
 int DownloadJob::download(const QList<PackageInfo> &packages, const QVector<Dependency> &dependencies)
 {
-    JobFrame frame(m_context, startText(packages.size()));
+    JobFrame frame(m_context, startText(countOf(packages)));
     return fetchAndAdd(packages, lacking(dependencies), &frame);
 }
 
@@ -85,13 +86,13 @@ int DownloadJob::gather(const QList<PackageInfo> &packages,
                         const QList<PackageInfoPtr> &wanting,
                         const std::function<QString()> &atEnd)
 {
-    JobFrame frame(m_context, startText(packages.size()));
+    JobFrame frame(m_context, startText(countOf(packages)));
     return fetchAndAdd(packages, wanting, &frame, atEnd);
 }
 
 int DownloadJob::addDependencies(const QVector<Dependency> &dependencies)
 {
-    JobFrame frame(m_context, startText(dependencies.size()));
+    JobFrame frame(m_context, startText(countOf(dependencies)));
     const QList<PackageInfo> packages = packagesFor(dependencies);
     return fetchAndAdd(packages, lacking(dependencies), &frame);
 }
@@ -182,7 +183,7 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
                 adding.addReadFile(file, isLast);
                 QFile::remove(file.path);
             }
-            frame->itemDone(packages.size());
+            frame->itemDone(countOf(packages));
             stopped = m_context.control.mustEnd() && !isLast;
         }
     }
@@ -196,12 +197,12 @@ int DownloadJob::fetchAndAdd(const QList<PackageInfo> &packages,
         return QString(text + QLatin1String(". ") + atEnd());
     };
     if (stopped)
-        return frame->finish(
-            CANCEL,
-            withEnd(
-                tr("Operation stopped. %1 of %n package(s) added to local repo: %2", nullptr, packages.size())
-                    .arg(QString::number(adding.addedCount()), added)),
-            DOWNLOAD_JOB);
+        return frame->finish(CANCEL,
+                             withEnd(tr("Operation stopped. %1 of %n package(s) added to local repo: %2",
+                                        nullptr,
+                                        countOf(packages))
+                                         .arg(QString::number(adding.addedCount()), added)),
+                             DOWNLOAD_JOB);
     return frame->finish(
         stands ? SUCCESS : ERROR,
         withEnd(tr("Added %n package(s) to local repo: %1", nullptr, adding.addedCount()).arg(added)),

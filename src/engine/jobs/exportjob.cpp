@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/exportjob.h"
 
+#include "core/countof.h"
 #include "core/packagenames.h"
 #include "engine/archive/archivecontents.h"
 #include "engine/changes/jobframe.h"
@@ -45,7 +46,7 @@ int ExportJob::exportRepo()
     if (!writer.open())
         return failed(&frame, writer.error());
     noteLeftOut(listing.leftOut);
-    m_context.progress.setRange(listing.entries.size());
+    m_context.progress.setRange(countOf(listing.entries));
     for (const auto &entry : listing.entries) {
         const auto result = m_context.control.isCanceled() ? ArchiveWriter::Result::Stopped
                                                            : writer.add(entry.path, entry.member, entry.id);
@@ -95,7 +96,7 @@ int ExportJob::exportPackages(const QList<PackageInfoPtr> &packages, bool withDe
         if (result == ArchiveWriter::Result::Stopped)
             break;
         members.insert(member, file);
-        frame.itemDone(packages.size() + needed.size());
+        frame.itemDone(countOf(packages) + countOf(needed));
     }
     QVector<UnmetEntry> missing;
     if (withDepends && result == ArchiveWriter::Result::Added) {
@@ -142,7 +143,7 @@ QString ExportJob::leftOutText(const QStringList &names)
     return tr("%n link(s) of the repository lead to places outside of it and were left out. Such a link is "
               "followed only when it belongs to you or to root, and what it leads to has the same owner.",
               nullptr,
-              names.size());
+              countOf(names));
 }
 
 void ExportJob::noteLeftOut(const QStringList &names)
@@ -194,7 +195,7 @@ void ExportJob::warnOfMissing(const QVector<UnmetEntry> &missing)
         tr("%n dependency(ies) of the exported packages are not in the archive %1. The file %2 in it "
            "lists them all.",
            nullptr,
-           missing.size())
+           countOf(missing))
             .arg(m_target, MissingList),
         lines.join(QLatin1Char('\n')),
         WARNING);

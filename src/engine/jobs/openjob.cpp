@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/openjob.h"
 
+#include "core/countof.h"
 #include "engine/archive/unpackplace.h"
 #include "engine/changes/jobframe.h"
 #include "engine/changes/outsidechange.h"
@@ -95,7 +96,7 @@ bool OpenJob::publishPackages()
 {
     const QList<PackageInfoPtr> packages = m_context.packages.all();
     if (!packages.isEmpty())
-        m_context.progress.setRange(packages.size());
+        m_context.progress.setRange(countOf(packages));
     for (const PackageInfoPtr &package : packages) {
         if (m_context.control.isCanceled())
             return false;

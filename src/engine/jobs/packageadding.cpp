@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/packageadding.h"
 
+#include "core/countof.h"
 #include "engine/archive/filechecksums.h"
 #include "engine/archive/packagefile.h"
 #include "engine/changes/addedfile.h"
@@ -120,7 +121,7 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
         purpose = PackageFile::ForIndex;
     auto reader = std::make_unique<PackageFileReader>(
         files, RunSize::Largest, [this] { return m_context.control.isCanceled(); }, purpose);
-    Course course{frame, files.size()};
+    Course course{frame, countOf(files)};
     const bool mayGoOn = extend(m_options.extension);
     for (int taken = 0; mayGoOn && taken < files.size() && !course.isStopped;) {
         course.isStopped = mustEnd();
@@ -128,7 +129,7 @@ RepoEnums::ErrorCode PackageAdding::addFiles(const QStringList &files, JobFrame 
             break;
         const bool together = isLarge && m_session.isSilent();
         QVector<PackageFile> read = reader->next(together ? size.packages() : 1);
-        taken += read.size();
+        taken += countOf(read);
         refuseChanged(&read);
         letWait(&read);
         addRead(read, together ? &size : nullptr, &course);
@@ -197,16 +198,16 @@ void PackageAdding::addWaiting(bool isLarge, Course *course)
         return;
     const RepositoryExtension extension = lackingFor(files);
     if (isDamaged()
-        || (RepositoryExtending(m_context, m_session).isWanted(extension, files.size())
+        || (RepositoryExtending(m_context, m_session).isWanted(extension, countOf(files))
             && !extend(extension))) {
-        course->done += files.size();
+        course->done += countOf(files);
         return;
     }
     RunSize size;
     for (int i = 0; i < files.size();) {
         const bool together = isLarge && m_session.isSilent();
         const QVector<PackageFile> next = files.mid(i, together ? size.packages() : 1);
-        i += next.size();
+        i += countOf(next);
         addRead(next, together ? &size : nullptr, course);
     }
 }
@@ -321,7 +322,7 @@ void PackageAdding::removeLeaving()
         return;
     PackageRemoval removal(m_context, &m_session);
     removal.removeTogether(m_leaving);
-    for (const PackageInfoPtr &package : qAsConst(m_leaving))
+    for (const PackageInfoPtr &package : std::as_const(m_leaving))
         if (!isDamaged())
             removal.remove(package);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "core/countof.h"
 #include "core/packageinfo.h"
 #include "core/packagereplacementrules.h"
 #include "core/repoenums.h"
@@ -80,7 +81,7 @@ public:
     bool mustEnd() const;
     /** Whether nothing more can be done, because the database is damaged or the end of the job undoes all of it. */
     bool isDamaged() const { return m_session.isDamaged() || m_isGivenUp; }
-    int addedCount() const { return m_added.size(); }
+    int addedCount() const { return countOf(m_added); }
     /** The files that are in. */
     QString addedNames() const { return m_added.join(QLatin1String(", ")); }
 

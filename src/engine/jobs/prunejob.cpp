@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/prunejob.h"
 
+#include "core/countof.h"
 #include "engine/changes/jobframe.h"
 #include "engine/history/repositoryhistory.h"
 #include "engine/reprepro/repolock.h"
@@ -25,6 +26,6 @@ int PruneJob::run()
         return frame.finish(ERROR, tr("Not all restore points deleted"));
     }
     return frame.finish(SUCCESS,
-                        tr("%n restore point(s) deleted, %1 freed", nullptr, pruning.points.size())
+                        tr("%n restore point(s) deleted, %1 freed", nullptr, countOf(pruning.points))
                             .arg(QLocale().formattedDataSize(pruning.freed)));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/reloadjob.h"
 
+#include "core/countof.h"
 #include "engine/changes/jobframe.h"
 #include "engine/changes/outsidechange.h"
 #include "engine/recovery/packagerefresh.h"
@@ -37,9 +38,9 @@ int ReloadJob::run()
         return frame.finish(SUCCESS, tr("Repository is unchanged"));
     Q_EMIT m_context.listener.requestForSavingPackages(m_context.packages.all());
     // Each number has its own plural form.
-    const QStringList changes{tr("%n package(s) added", nullptr, difference.added.size()),
-                              tr("%n package(s) replaced", nullptr, difference.changed.size()),
-                              tr("%n package(s) removed", nullptr, difference.removed.size())};
+    const QStringList changes{tr("%n package(s) added", nullptr, countOf(difference.added)),
+                              tr("%n package(s) replaced", nullptr, countOf(difference.changed)),
+                              tr("%n package(s) removed", nullptr, countOf(difference.removed))};
     return frame.finish(
         SUCCESS, tr("Another program has changed the repository: %1").arg(changes.join(QLatin1String(", "))));
 }

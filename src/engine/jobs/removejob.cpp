@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/removejob.h"
 
+#include "core/countof.h"
 #include "engine/changes/exportsession.h"
 #include "engine/changes/jobframe.h"
 #include "engine/changes/jobpreconditions.h"
@@ -72,7 +73,7 @@ int RemoveJob::run(const QList<PackageInfoPtr> &wanted, const Choice &choice)
                 removed.append(displayFileName(*package));
             // The first package has told of a refusal.
             stopped = stopped || session.isRefused();
-            frame.itemDone(packages.size());
+            frame.itemDone(countOf(packages));
         }
     }
     if (!SessionEnd::end(m_context, &session))
@@ -86,11 +87,11 @@ int RemoveJob::run(const QList<PackageInfoPtr> &wanted, const Choice &choice)
     if (stopped && (!isComplete || done < packages.size()))
         return frame.finish(
             CANCEL,
-            tr("Operation stopped. %1 of %n packages(s) removed: %2", nullptr, packages.size())
+            tr("Operation stopped. %1 of %n packages(s) removed: %2", nullptr, countOf(packages))
                 .arg(QString::number(removed.size()), removed.join(QLatin1String(", "))));
     return frame.finish(
         SUCCESS,
-        tr("%n packages removed: %1", nullptr, removed.size()).arg(removed.join(QLatin1String(", "))));
+        tr("%n packages removed: %1", nullptr, countOf(removed)).arg(removed.join(QLatin1String(", "))));
 }
 
 std::optional<QVector<ReproListing::Package>> RemoveJob::present(const QList<PackageInfoPtr> &packages)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/repositoryextending.h"
 
+#include "core/countof.h"
 #include "engine/changes/exportsession.h"
 #include "engine/changes/jobcontext.h"
 #include "engine/history/runningpoint.h"
@@ -22,10 +23,10 @@ bool RepositoryExtending::isWanted(const RepositoryExtension &extension, int fil
         return false;
     QStringList lacks;
     if (!extension.architectures.isEmpty())
-        lacks << tr("the architecture(s) %1", nullptr, extension.architectures.size())
+        lacks << tr("the architecture(s) %1", nullptr, countOf(extension.architectures))
                      .arg(extension.architectures.join(QLatin1String(", ")));
     if (!extension.components.isEmpty())
-        lacks << tr("the component(s) %1", nullptr, extension.components.size())
+        lacks << tr("the component(s) %1", nullptr, countOf(extension.components))
                      .arg(extension.components.join(QLatin1String(", ")));
     QString question
         = tr("%n package file(s) cannot be added, because the repository lacks %1.", nullptr, files)

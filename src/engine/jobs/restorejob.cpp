@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/restorejob.h"
 
+#include "core/countof.h"
 #include "engine/changes/jobframe.h"
 #include "engine/changes/jobpreconditions.h"
 #include "engine/changes/jobsession.h"
@@ -94,7 +95,7 @@ RepoEnums::ErrorCode RestoreJob::find(const QString &folder, PointReturn *state)
             tr("The repository cannot go back: %n file(s) of the earlier state are missing or have been "
                "changed.",
                nullptr,
-               missing.size()),
+               countOf(missing)),
             missing.join(QLatin1Char('\n')));
         return ERROR;
     }

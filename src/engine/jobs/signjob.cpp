@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/jobs/signjob.h"
 
+#include "core/countof.h"
 #include "engine/changes/addedfile.h"
 #include "engine/changes/jobframe.h"
 #include "engine/changes/jobpreconditions.h"
@@ -27,7 +28,7 @@ int SignJob::run(const QList<PackageInfoPtr> &packages, const QString &keyId)
             files.insert(file, signPackage(package, &adding));
         if (files.value(file))
             names.append(displayFileName(*package));
-        frame.itemDone(packages.size());
+        frame.itemDone(countOf(packages));
     }
     if (!adding.finish())
         names.clear();
@@ -35,10 +36,10 @@ int SignJob::run(const QList<PackageInfoPtr> &packages, const QString &keyId)
     if (stopped)
         return frame.finish(
             CANCEL,
-            tr("Operation stopped. %1 of %n package(s) is signed: %2", nullptr, packages.size())
+            tr("Operation stopped. %1 of %n package(s) is signed: %2", nullptr, countOf(packages))
                 .arg(QString::number(names.size()), joined));
     return frame.finish(names.size() == packages.size() ? SUCCESS : PACKAGE_UNSIGNED,
-                        tr("%n package(s) is signed: %1", nullptr, names.size()).arg(joined));
+                        tr("%n package(s) is signed: %1", nullptr, countOf(names)).arg(joined));
 }
 
 bool SignJob::signPackage(const PackageInfoPtr &package, PackageAdding *adding) const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/preview/changepreview.h"
 
+#include "core/qtversions.h"
 #include "engine/repository/packagelist.h"
 
 #include <QHash>
@@ -16,13 +17,13 @@ class RowsByPlace
 public:
     explicit RowsByPlace(const QVector<PreviewRow> &rows)
     {
-        QVector<uint> hashes;
+        QVector<QtVersions::HashValue> hashes;
         hashes.reserve(rows.size());
         for (const PreviewRow &row : rows)
             hashes.append(row.verdict == PreviewRow::Refused ? 0 : qHash(placeOf(row.change)));
-        QVector<uint> sorted = hashes;
+        QVector<QtVersions::HashValue> sorted = hashes;
         std::sort(sorted.begin(), sorted.end());
-        QSet<uint> shared;
+        QSet<QtVersions::HashValue> shared;
         for (int i = 1; i < sorted.size(); ++i)
             if (sorted.at(i) == sorted.at(i - 1))
                 shared.insert(sorted.at(i));

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/preview/inclusionpreview.h"
 
+#include "core/countof.h"
 #include "core/packagenames.h"
 #include "engine/archive/filechecksums.h"
 
@@ -192,7 +193,7 @@ void InclusionPreview::addRows(const OfferedPackage &offered, bool mustStayToget
         addRefused(offered, refusal);
         return;
     }
-    const int first = m_rows.size();
+    const int first = countOf(m_rows);
     for (const PackageInfo &record : records)
         m_rows.append(rowOf(offered, record));
     // Under one name the pool has one file. Another file of the name can come only when nothing uses the old one.

@@ -82,7 +82,7 @@ InstallabilityEffect::InstallabilityEffect(States states, StopRequest stopped)
     : m_states(std::move(states))
     , m_stopped(std::move(stopped))
 {
-    for (const PreviewRow &row : qAsConst(m_states.rows)) {
+    for (const PreviewRow &row : std::as_const(m_states.rows)) {
         if (!row.takesPart() || row.relation == PreviewRow::SameFile)
             continue;
         if (row.present)
@@ -103,7 +103,7 @@ bool InstallabilityEffect::find(PreviewEffect *effect)
     QStringList architectures = m_states.before.repository.architectures + m_states.after.architectures;
     architectures.removeDuplicates();
     QStringList read = architectures + m_states.before.base.foreignArchitectures;
-    for (const RepositorySnapshot &other : qAsConst(m_states.before.others))
+    for (const RepositorySnapshot &other : std::as_const(m_states.before.others))
         read += other.architectures;
     read.removeDuplicates();
     if (m_gone.isEmpty() && m_coming.isEmpty())
@@ -112,9 +112,9 @@ bool InstallabilityEffect::find(PreviewEffect *effect)
     if (!m_offers.problem.isEmpty())
         effect->base += QLatin1String(" (") + m_offers.problem + QLatin1Char(')');
     for (const PackageType type : {PackageType::Deb, PackageType::Udeb}) {
-        for (const QString &architecture : qAsConst(architectures))
+        for (const QString &architecture : std::as_const(architectures))
             ask({m_states.before, after, nullptr, nullptr, architecture, type}, effect);
-        for (const RepositorySnapshot &other : qAsConst(m_states.before.others)) {
+        for (const RepositorySnapshot &other : std::as_const(m_states.before.others)) {
             CheckScope scope = m_states.before;
             scope.repository = other;
             for (const QString &architecture : other.architectures)
@@ -155,7 +155,7 @@ void InstallabilityEffect::ask(const Question &question, PreviewEffect *effect) 
         return;
     const QString &path = question.before.repository.path;
     const QSet<PackageInfoPtr> arrived(coming.cbegin(), coming.cend());
-    for (const PackageInfoPtr &record : qAsConst(kept)) {
+    for (const PackageInfoPtr &record : std::as_const(kept)) {
         if (before.of(record) == Installable && after.of(record) == NotInstallable)
             effect->lost.append(after.loss(path, record));
         else if (before.of(record) == NotInstallable && after.of(record) == Installable)
@@ -163,7 +163,7 @@ void InstallabilityEffect::ask(const Question &question, PreviewEffect *effect) 
     }
     if (!isOwn)
         return;
-    for (const PreviewRow &row : qAsConst(m_states.rows)) {
+    for (const PreviewRow &row : std::as_const(m_states.rows)) {
         if (!row.takesPart() || !arrived.contains(row.offered)
             || row.change.architecture != question.architecture)
             continue;

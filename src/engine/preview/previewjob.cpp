@@ -238,7 +238,7 @@ RepoEnums::ErrorCode PreviewJob::addFetchRows(const PreviewRequest &request, Cha
     added.settle([this] { return isStopped(); });
     QStringList names;
     QStringList addedNames;
-    for (const PackageInfo &package : qAsConst(wanted)) {
+    for (const PackageInfo &package : std::as_const(wanted)) {
         const QString name = package.name + QLatin1Char(':') + package.architecture;
         const auto environments = added.environments(package.repository);
         if (environments.contains(QStringList()))
@@ -249,7 +249,7 @@ RepoEnums::ErrorCode PreviewJob::addFetchRows(const PreviewRequest &request, Cha
     const PublicPackages packages(names, {}, [this] { return isStopped(); });
     const PublicPackages addedPackages(addedNames, added.environment(), [this] { return isStopped(); });
     QVector<OfferedPackage> offered;
-    for (const PackageInfo &package : qAsConst(wanted)) {
+    for (const PackageInfo &package : std::as_const(wanted)) {
         // In the order in which they are fetched.
         std::optional<OfferedPackage> found;
         const auto environments = added.environments(package.repository);
@@ -344,7 +344,7 @@ PreviewJob::addReturnRows(const PreviewRequest &request, ChangePreview *preview,
     found.removeDuplicates();
     PackageFileReader reader(found, RunSize::Largest, [this] { return isStopped(); });
     QHash<QString, PackageInfoPtr> packages;
-    for (const QString &file : qAsConst(found)) {
+    for (const QString &file : std::as_const(found)) {
         if (isStopped())
             return CANCEL;
         packages.insert(file, reader.next(1).value(0).package);

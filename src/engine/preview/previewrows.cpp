@@ -9,6 +9,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -83,7 +84,7 @@ void PreviewRows::addLeaving(QVector<PreviewRow> *rows, const CopiedFiles &copie
         const int together = group < 0 ? groups++ : group;
         const bool isOn
             = std::all_of(own.cbegin(), own.cend(), [&added](int row) { return added.at(row).isOn; });
-        for (const int row : qAsConst(own)) {
+        for (const int row : std::as_const(own)) {
             (*rows)[row].group = together;
             (*rows)[row].isOn = isOn;
         }

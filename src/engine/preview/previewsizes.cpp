@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/preview/previewsizes.h"
 
+#include "core/countof.h"
 #include "engine/preview/inclusionpreview.h"
 
 #include <QHash>
 #include <QSet>
+
+#include <utility>
 
 void PreviewSizes::fill(PreviewEffect *effect,
                         const QVector<PreviewRow> &rows,
@@ -42,8 +45,8 @@ void PreviewSizes::fill(PreviewEffect *effect,
         if (change.kind != PackageChange::Removed)
             coming.insert(change.after.file, change.after);
     }
-    effect->upgrades = upgrades.size();
-    effect->downgrades = downgrades.size();
+    effect->upgrades = countOf(upgrades);
+    effect->downgrades = countOf(downgrades);
     for (auto file = coming.cbegin(); file != coming.cend(); ++file)
         // What other packages of the repository use is there already.
         if (uses.value(file.key()) <= 0)
@@ -68,7 +71,7 @@ QList<PackageInfoPtr> PreviewSizes::after(const QVector<PreviewRow> &rows,
     for (const PackageInfoPtr &package : present)
         if (!gone.contains(package))
             packages.append(package);
-    for (const PackageInfoPtr &package : qAsConst(coming))
+    for (const PackageInfoPtr &package : std::as_const(coming))
         if (!gone.contains(package))
             packages.append(package);
     return packages;

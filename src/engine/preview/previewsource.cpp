@@ -4,7 +4,7 @@
 #include "engine/archive/filechecksums.h"
 
 #include <QFile>
-#include <QtConcurrent>
+#include <QThreadPool>
 
 #include <algorithm>
 
@@ -36,7 +36,7 @@ void PreviewSource::keepFolder(std::unique_ptr<ScratchFolder> unpacked)
 {
     // The last copy can be that of the interface, which must not wait for a disk.
     folder = std::shared_ptr<ScratchFolder>(unpacked.release(), [](ScratchFolder *last) {
-        QtConcurrent::run([last] { const std::unique_ptr<ScratchFolder> owned(last); });
+        QThreadPool::globalInstance()->start([last] { const std::unique_ptr<ScratchFolder> owned(last); });
     });
 }
 

@@ -7,6 +7,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <utility>
+
 #include <sys/stat.h>
 
 QByteArray RepositoryStamp::of(const QString &path, const QList<PackageInfoPtr> &packages)
@@ -17,7 +19,7 @@ QByteArray RepositoryStamp::of(const QString &path, const QList<PackageInfoPtr> 
     for (const QString &name : databases)
         files.append(QLatin1String("/db/") + name);
     files << QStringLiteral("/packages.conf") << QStringLiteral("/conf/options");
-    for (const QString &file : qAsConst(files)) {
+    for (const QString &file : std::as_const(files)) {
         struct stat status = {};
         const bool isThere = ::stat(QFile::encodeName(path + file).constData(), &status) == 0;
         hash.addData(QStringLiteral("%1 %2 %3 %4\n")

@@ -12,6 +12,8 @@
 #include <QFile>
 #include <QSet>
 
+#include <utility>
+
 namespace
 {
 using Packages = QVector<ReproListing::Package>;
@@ -96,7 +98,7 @@ std::optional<ForeignChanges> ForeignChanges::find(JobContext &context, const QS
     const QSet<QString> referenced(references.cbegin(), references.cend());
     const QString codename = codenameOf(context);
     Packages removed;
-    for (const ReproListing::Package &package : qAsConst(changes.m_removed))
+    for (const ReproListing::Package &package : std::as_const(changes.m_removed))
         if (dumped.succeeded() && !referenced.contains(ReproListing::reference(codename, package)))
             removed.append(package);
     changes.m_removed = removed;

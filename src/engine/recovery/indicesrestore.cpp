@@ -13,6 +13,8 @@
 #include <QFileInfo>
 #include <QSet>
 
+#include <utility>
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -117,7 +119,7 @@ bool IndicesRestore::putBack(const QString &repoPath, const QString &codename)
         if (isFolder(info))
             for (const QString &path : pathsBelow(info.filePath()))
                 paths.append(top + QLatin1Char('/') + path);
-        for (const QString &path : qAsConst(paths))
+        for (const QString &path : std::as_const(paths))
             if (!known.contains(path))
                 isDone = removeBelow(repoPath, QLatin1String("dists/") + path) && isDone;
     }

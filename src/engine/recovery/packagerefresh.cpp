@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/recovery/packagerefresh.h"
 
+#include "core/countof.h"
 #include "engine/changes/exportsession.h"
 #include "engine/changes/jobcontext.h"
 #include "engine/repository/distributionsfile.h"
@@ -33,7 +34,7 @@ ListingDifference PackageRefresh::show(JobContext &context,
                                        const QStringList &changedFiles)
 {
     const QSet<QString> changed(changedFiles.cbegin(), changedFiles.cend());
-    const int prefix = context.path().size() + 1;
+    const int prefix = countOf(context.path()) + 1;
     QList<PackageInfoPtr> known;
     QHash<PackageKey, PackageInfoPtr> otherFile;
     const QList<PackageInfoPtr> shown = context.packages.all();
@@ -50,11 +51,11 @@ ListingDifference PackageRefresh::show(JobContext &context,
             .append(package);
     difference.removed += otherFile.values();
     context.packages.assign(difference.packages);
-    for (const PackageInfoPtr &package : qAsConst(difference.removed))
+    for (const PackageInfoPtr &package : std::as_const(difference.removed))
         Q_EMIT context.listener.packageRemoved(package);
-    for (const PackageInfoPtr &package : qAsConst(difference.added))
+    for (const PackageInfoPtr &package : std::as_const(difference.added))
         Q_EMIT context.listener.packageAdded(package);
-    for (const PackageInfoPtr &package : qAsConst(difference.changed))
+    for (const PackageInfoPtr &package : std::as_const(difference.changed))
         Q_EMIT context.listener.packageChanged(package);
     return difference;
 }

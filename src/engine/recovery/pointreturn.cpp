@@ -92,7 +92,7 @@ bool PointReturn::read()
     if (!readFiles(m_folder, &m_earlier) || !readFiles(inRepository(QStringLiteral("db")), &m_present))
         return false;
     // What nobody needs now, and what was without use then, belongs to others.
-    for (const QString &file : qAsConst(m_present.needed))
+    for (const QString &file : std::as_const(m_present.needed))
         if (!m_earlier.checksums.contains(file))
             m_leaving.append(file);
     return true;
@@ -102,7 +102,7 @@ QStringList PointReturn::findFiles()
 {
     QStringList missing;
     const PointFiles files(m_context.path());
-    for (const QString &file : qAsConst(m_earlier.needed)) {
+    for (const QString &file : std::as_const(m_earlier.needed)) {
         if (m_context.control.isCanceled())
             return {};
         const QByteArray sha256 = m_earlier.checksums.value(file);
@@ -150,7 +150,7 @@ bool PointReturn::putFiles(ExportSession *session)
             replaced.append(source.key());
     }
     QStringList going;
-    for (const QString &file : qAsConst(m_leaving))
+    for (const QString &file : std::as_const(m_leaving))
         going.append(inRepository(file));
     session->recordAtRisk(coming);
     session->recordFreed(going);
@@ -219,7 +219,7 @@ bool PointReturn::matchPool()
         return false;
     // Another program can have deleted files that nobody needed until the database came back.
     QStringList lost;
-    for (const QString &file : qAsConst(m_earlier.needed))
+    for (const QString &file : std::as_const(m_earlier.needed))
         if (!QFileInfo(inRepository(file)).isFile())
             lost.append(file);
     m_details = lost.join(QLatin1Char('\n'));

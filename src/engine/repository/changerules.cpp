@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace
 {
@@ -103,7 +104,7 @@ QList<PackageInfoPtr> RepoChange::flooded(const QList<PackageInfoPtr> &packages)
     }
     QList<PackageInfoPtr> copies;
     for (const QString &architecture : architectures)
-        for (const PackageKey &key : qAsConst(order)) {
+        for (const PackageKey &key : std::as_const(order)) {
             const auto copy = QSharedPointer<PackageInfo>::create(*newest.value(key));
             copy->architecture = architecture;
             copies.append(copy);

@@ -136,7 +136,7 @@ void ConfiguredPrograms::readDistributions(const QByteArray &text)
         finish();
         if (line.trimmed().isEmpty())
             continue;
-        const int colon = line.indexOf(':');
+        const auto colon = line.indexOf(':');
         if (colon < 0) {
             addLine("distributions", line);
             continue;

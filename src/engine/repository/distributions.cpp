@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/repository/distributions.h"
 
+#include "core/countof.h"
 #include "engine/repository/descriptionfields.h"
 
 #include <QHash>
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace
 {
@@ -70,7 +72,7 @@ QList<Field> fieldsOf(const QStringList &lines)
         } else if (isContinued && current >= 0) {
             fields[current].lines.append(line);
         } else {
-            current = isContinued ? -1 : fields.size();
+            current = isContinued ? -1 : countOf(fields);
             fields.append({isContinued ? nothing : nameOf(line), {line}});
         }
     }
@@ -144,7 +146,7 @@ QSet<QString> ownNames(const RepoInfo &info)
     if (info.validFor > 0)
         names << DistributionField::ValidFor;
     QSet<QString> lower;
-    for (const QString &name : qAsConst(names))
+    for (const QString &name : std::as_const(names))
         lower.insert(name.toLower());
     return lower;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/repository/packagelist.h"
 
+#include "core/countof.h"
+
 #include <QMutexLocker>
 
 #include <algorithm>
@@ -19,7 +21,7 @@ void PackageList::append(const PackageInfoPtr &package)
     const QMutexLocker lock(&m_mutex);
     m_packages.append(package);
     if (m_indexed)
-        m_places.insert(PackageKey::of(*package), {package, m_packages.size() - 1 + m_taken});
+        m_places.insert(PackageKey::of(*package), {package, countOf(m_packages) - 1 + m_taken});
 }
 
 PackageInfoPtr PackageList::take(const PackageKey &key)
@@ -55,7 +57,7 @@ QList<PackageInfoPtr> PackageList::all() const
 int PackageList::count() const
 {
     const QMutexLocker lock(&m_mutex);
-    return m_packages.size();
+    return countOf(m_packages);
 }
 
 PackageInfoPtr PackageList::at(int index) const
@@ -67,7 +69,7 @@ PackageInfoPtr PackageList::at(int index) const
 int PackageList::indexOf(const PackageInfoPtr &package) const
 {
     const QMutexLocker lock(&m_mutex);
-    return m_packages.indexOf(package);
+    return static_cast<int>(m_packages.indexOf(package));
 }
 
 PackageInfoPtr PackageList::find(const PackageKey &key) const

@@ -10,6 +10,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -35,7 +36,7 @@ QList<PackageInfoPtr> listPackages(const QString &root, const RepoInfo &info)
     files.sort();
 
     QList<PackageInfoPtr> packages;
-    for (const QString &file : qAsConst(files)) {
+    for (const QString &file : std::as_const(files)) {
         const auto place = indexPlace(file);
         if (place && info.architectures.contains(place->architecture)
             && info.components.contains(place->component))

@@ -15,7 +15,7 @@ void appendMissing(QStringList *list, const QStringList &others)
 /** `list` is the value of a line, which can end with a comment. */
 QString extended(const QString &list, const QStringList &present, const QStringList &further)
 {
-    const int comment = list.indexOf(QLatin1Char('#'));
+    const auto comment = list.indexOf(QLatin1Char('#'));
     QStringList words{list.left(comment).trimmed()};
     for (const QString &word : further)
         if (!present.contains(word))

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/repository/repositorygate.h"
 
+#include "core/countof.h"
 #include "engine/repository/repositoryapprovals.h"
 #include "engine/repository/repositoryinspection.h"
 
@@ -105,7 +106,7 @@ QString RepositoryGate::question(const QString &repoPath, const RepositoryInspec
     for (const QString &line : found.named.mid(0, MostLines))
         lines << shortened(line);
     if (found.named.size() > MostLines)
-        lines << tr("... and %n more", nullptr, found.named.size() - MostLines);
+        lines << tr("... and %n more", nullptr, countOf(found.named) - MostLines);
     QString text
         = tr("The settings of the repository %1 name programs, which would be run with your rights, or "
              "lead out of its folder:\n\n%2\n\n")

@@ -130,7 +130,7 @@ private:
     void digest(const QByteArray &bytes)
     {
         // With the length in front, the border between two texts cannot be moved.
-        m_digest.addData(QByteArray::number(bytes.size()) + ' ');
+        m_digest.addData(QByteArray(QByteArray::number(bytes.size()) + ' '));
         m_digest.addData(bytes);
     }
 

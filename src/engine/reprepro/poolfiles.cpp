@@ -73,7 +73,7 @@ void PoolFiles::remove(const QString &repoPath, const QString &file)
         ::open(QFile::encodeName(repoPath).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     QByteArray path = QFile::encodeName(file);
     for (int flags = 0; path.contains('/'); flags = AT_REMOVEDIR) {
-        const int slash = path.lastIndexOf('/');
+        const auto slash = path.lastIndexOf('/');
         // The pool may be a link of the administrator to another disk, but other users' links are not followed.
         const Descriptor folder = TrustedPath::open(repository.number(), path.left(slash));
         const bool isGone

@@ -2,6 +2,7 @@
 #include "engine/upgrade/localfiles.h"
 
 #include "apt/aptcommands.h"
+#include "core/countof.h"
 #include "files/regularfile.h"
 
 #include <QFile>
@@ -22,7 +23,7 @@ QStringList pathsOf(const QVector<LocalFile> &files)
 
 LocalFiles::LocalFiles(QVector<LocalFile> files, const std::function<bool()> &stopped)
     : m_files(std::move(files))
-    , m_reader(pathsOf(m_files), m_files.size(), stopped, PackageFile::ForIndex)
+    , m_reader(pathsOf(m_files), countOf(m_files), stopped, PackageFile::ForIndex)
 { }
 
 bool LocalFiles::suits(const LocalFile &file)
@@ -33,7 +34,7 @@ bool LocalFiles::suits(const LocalFile &file)
 
 QVector<PackageFile> LocalFiles::wait()
 {
-    QVector<PackageFile> files = m_reader.next(m_files.size());
+    QVector<PackageFile> files = m_reader.next(countOf(m_files));
     for (int i = 0; i < files.size(); ++i)
         if (files.at(i).checksums.sha256 != m_files.at(i).sha256)
             files[i].package.reset();

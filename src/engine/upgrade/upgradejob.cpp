@@ -5,6 +5,7 @@
 #include "apt/aptutils.h"
 #include "apt/privateapt.h"
 #include "apt/versionorder.h"
+#include "core/countof.h"
 #include "core/packagenames.h"
 #include "engine/changes/addedfile.h"
 #include "engine/changes/decidedplaces.h"
@@ -23,6 +24,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace
 {
@@ -109,7 +111,7 @@ int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions
         return end(ERROR, failure);
 
     PackageAdding adding(m_context, options, groups.size() == 1);
-    Run run{frame, groups.size(), adding, offers, folder.path()};
+    Run run{frame, countOf(groups), adding, offers, folder.path()};
     const ErrorCode ready = askAgain(groups, &run);
     if (ready == ERROR)
         return end(ERROR, failure);
@@ -122,7 +124,7 @@ int UpgradeJob::run(const QVector<UpgradablePackage> &packages, const AddOptions
     RunSize size(isNear ? 4 * RunSize::Smallest : RunSize::Smallest, 1);
     Block block = run.stopped ? Block() : begin(groups.mid(0, size.packages()), &run);
     for (int first = 0; !block.groups.isEmpty() && !run.stopped && !adding.isDamaged();) {
-        first += block.groups.size();
+        first += countOf(block.groups);
         size.start();
         run.stopped = mustStop();
         const QVector<PackageFile> files = filesOf(block, &run);
@@ -172,7 +174,7 @@ RepoEnums::ErrorCode UpgradeJob::askAgain(const QVector<QVector<UpgradablePackag
         QVector<AptPackageRecord> records;
         const bool asked = run->offers.fetchLists() && run->offers.askRecords(names, &records);
         if (!m_context.control.isCanceled()) {
-            for (const AptPackageRecord &record : qAsConst(records))
+            for (const AptPackageRecord &record : std::as_const(records))
                 run->records[record.name].append(record);
             return asked ? SUCCESS : ERROR;
         }
@@ -279,7 +281,7 @@ void UpgradeJob::takeFetched(const Block &block, QVector<PackageFile> *taken, Ru
         [this] { return m_context.control.isClosing(); },
         run->adding.readsForIndex() ? PackageFile::ForIndex : PackageFile::ForRecord);
     qint64 bytes = 0;
-    for (const int i : qAsConst(places)) {
+    for (const int i : std::as_const(places)) {
         if (files.at(i).path.isEmpty())
             continue;
         files[i] = checked(reader.next(1).first(), block.groups.at(i).first());
@@ -296,7 +298,7 @@ void UpgradeJob::takeFetched(const Block &block, QVector<PackageFile> *taken, Ru
     const qint64 free = freeSpace(block.fetch->folder());
     if (isIncomplete && free >= 0 && free < bytes) {
         QDir(block.fetch->folder()).removeRecursively();
-        for (const int i : qAsConst(places))
+        for (const int i : std::as_const(places))
             files[i] = {};
     }
 }

@@ -3,6 +3,7 @@
 
 #include "apt/aptcommands.h"
 #include "apt/versionorder.h"
+#include "core/countof.h"
 
 #include <QHash>
 #include <QSet>
@@ -120,7 +121,7 @@ QVector<QVector<UpgradablePackage>> byFile(const QVector<UpgradablePackage> &pac
             groups[*place].append(package);
             continue;
         }
-        places.insert(key, groups.size());
+        places.insert(key, countOf(groups));
         groups.append({package});
     }
     return groups;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/ui/helpwindow.h"
 
+#include "core/countof.h"
+
 #include <QAction>
 #include <QDir>
 #include <QFile>
@@ -162,8 +164,8 @@ QUrl HelpWindow::nextPageWithText(Direction direction) const
     const QUrl current = m_browser->source().adjusted(QUrl::RemoveFragment);
     const QDir folder(QFileInfo(m_contents.toLocalFile()).path());
     const QStringList names = folder.entryList({QStringLiteral("*.html")}, QDir::Files, QDir::Name);
-    const int count = names.size();
-    const int start = names.indexOf(current.fileName());
+    const int count = countOf(names);
+    const auto start = names.indexOf(current.fileName());
     for (int step = 1; step <= count; ++step) {
         const int offset = direction == Direction::Forward ? step : count - step;
         const QString path = folder.filePath(names.at((start + offset + count) % count));

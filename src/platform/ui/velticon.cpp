@@ -153,17 +153,12 @@ public:
         return m_base.actualSize(size, mode, state);
     }
 
-    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) const override
-    {
-        return m_base.availableSizes(mode, state);
-    }
-
-    bool isNull() const { return m_base.isNull() && m_overlay.isNull() && m_emblem.isNull(); }
+    bool isEmpty() const { return m_base.isNull() && m_overlay.isNull() && m_emblem.isNull(); }
 
     void virtual_hook(int id, void *data) override
     {
         if (id == QIconEngine::IsNullHook)
-            *static_cast<bool *>(data) = isNull();
+            *static_cast<bool *>(data) = isEmpty();
         else
             QIconEngine::virtual_hook(id, data);
     }

@@ -4,6 +4,8 @@
 #include <QActionGroup>
 #include <QMenu>
 
+#include <utility>
+
 CheckBaseMenu::CheckBaseMenu(QWidget *window)
     : QObject(window)
     , m_menu(new QMenu(tr("Complete check against"), window))
@@ -74,7 +76,7 @@ void CheckBaseMenu::show(const CompleteCheckBase &base,
     const QList<QAction *> actions = m_group->actions();
     for (QAction *action : actions)
         action->setChecked(action->data().isValid() && action->data().toInt() == base.kind);
-    for (QAction *action : qAsConst(m_repositories)) {
+    for (QAction *action : std::as_const(m_repositories)) {
         // At once, because the menu is about to open.
         m_menu->removeAction(action);
         action->deleteLater();

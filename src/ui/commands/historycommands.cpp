@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/commands/historycommands.h"
 
+#include "core/countof.h"
 #include "core/runinbackground.h"
 #include "engine/history/historydifference.h"
 #include "engine/reposhell.h"
@@ -462,7 +463,7 @@ void HistoryCommands::prune(HistorySettingsDialog &dialog, const RepositoryHisto
             dialog.windowTitle(),
             tr("Do you want to delete %n restore point(s) of this repository?",
                nullptr,
-               pruning.points.size()),
+               countOf(pruning.points)),
             tr("The way back to the states before them is lost. These limits are stored too."),
             &dialog)
             != Prompts::Answer::Yes

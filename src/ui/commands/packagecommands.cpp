@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/commands/packagecommands.h"
 
+#include "core/countof.h"
 #include "core/runinbackground.h"
 #include "engine/reposhell.h"
 #include "ui/commands/repositorycommands.h"
@@ -91,7 +92,7 @@ RepoWidget *PackageCommands::chooseTarget()
     const int index = m_bench.prompts.choose(tr("Choose repository"),
                                              tr("Select the repository to add the package(s) to:"),
                                              paths,
-                                             tabs.indexOf(m_bench.tabs.current()));
+                                             static_cast<int>(tabs.indexOf(m_bench.tabs.current())));
     // The tab may have been closed while the user was choosing.
     RepoWidget *target
         = index < 0 || !m_bench.tabs.shown().contains(tabs.at(index)) ? nullptr : tabs.at(index);
@@ -185,7 +186,7 @@ void PackageCommands::takeDropped(const QStringList &paths,
         else if (packages.inFolders <= Many
                  || m_bench.prompts.ask(
                         tr("Adding packages"),
-                        tr("Do you want to add %n package(s)?", nullptr, packages.files.size()),
+                        tr("Do you want to add %n package(s)?", nullptr, countOf(packages.files)),
                         tr("%n of them from %1", nullptr, packages.inFolders).arg(folders))
                         == Prompts::Answer::Yes)
             add(packages.files);

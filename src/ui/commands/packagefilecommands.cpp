@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/commands/packagefilecommands.h"
 
+#include "core/countof.h"
 #include "core/packagenames.h"
 #include "files/filecopy.h"
 #include "platform/ui/filemanager.h"
@@ -178,7 +179,7 @@ void PackageFileCommands::copy(const QList<Copy> &copies)
 {
     m_isSaving = true;
     m_save->setEnabled(false);
-    m_bench.feedback.announce(tr("Saving %n package(s)...", nullptr, copies.size()));
+    m_bench.feedback.announce(tr("Saving %n package(s)...", nullptr, countOf(copies)));
     m_query.ask(
         this,
         [copies](const StopRequest &stopped) {
@@ -200,10 +201,10 @@ void PackageFileCommands::copy(const QList<Copy> &copies)
             if (outcome.saved.size() == 1)
                 m_bench.feedback.announce(tr("Saved: %1").arg(outcome.saved.first()));
             else
-                m_bench.feedback.announce(tr("%n package(s) saved.", nullptr, outcome.saved.size()));
+                m_bench.feedback.announce(tr("%n package(s) saved.", nullptr, countOf(outcome.saved)));
             if (!outcome.failures.isEmpty())
                 m_bench.feedback.error(
-                    tr("%n package(s) could not be saved.", nullptr, outcome.failures.size()),
+                    tr("%n package(s) could not be saved.", nullptr, countOf(outcome.failures)),
                     outcome.failures.join(QLatin1Char('\n')));
         });
 }

@@ -99,7 +99,7 @@ bool RepositoryCommands::create(Creation creation)
     if (m_bench.prompts.run(dialog) != QDialog::Accepted)
         return false;
     const QString path = dialog.repositoryPath();
-    for (const QString &removed : qAsConst(m_removing)) {
+    for (const QString &removed : std::as_const(m_removing)) {
         if (PathGuard::overlap(path, removed)) {
             m_bench.feedback.error(
                 tr("The repository %1 is being deleted.").arg(removed), {}, RepoEnums::WARNING);

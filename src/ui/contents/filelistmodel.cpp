@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/contents/filelistmodel.h"
 
+#include "core/countof.h"
 #include "ui/widgets/tooltiptext.h"
 
 #include <QLocale>
@@ -78,7 +79,7 @@ QString FileListModel::pathsOf(const QModelIndexList &rows) const
 
 int FileListModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : m_shown.size();
+    return parent.isValid() ? 0 : countOf(m_shown);
 }
 
 int FileListModel::columnCount(const QModelIndex &parent) const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/depends/dependsmodel.h"
 
+#include "core/countof.h"
 #include "ui/depends/packagedependitem.h"
 #include "ui/depends/packageitem.h"
 #include "ui/widgets/tooltiptext.h"
@@ -78,7 +79,7 @@ void DependsModel::setAliases(const AliasLookup &aliases)
 {
     m_aliases = aliases;
     if (!m_sources.isEmpty())
-        Q_EMIT headerDataChanged(Qt::Horizontal, 1, m_sources.size());
+        Q_EMIT headerDataChanged(Qt::Horizontal, 1, countOf(m_sources));
 }
 
 void DependsModel::setPackages(const QList<PackageInfoPtr> &packages)
@@ -138,7 +139,7 @@ void DependsModel::replace(PackageItem &item, const PackageInfoPtr &package)
         item.setPackage(PackageInfoPtr::create(bare));
         endRemoveRows();
     }
-    const int entries = package->dependsInfo ? package->dependsInfo->groups.size() : 0;
+    const int entries = package->dependsInfo ? countOf(package->dependsInfo->groups) : 0;
     if (entries > 0)
         beginInsertRows(first, 0, entries - 1);
     item.setPackage(package);
@@ -179,7 +180,7 @@ int DependsModel::rowCount(const QModelIndex &parent) const
 
 int DependsModel::columnCount(const QModelIndex & /*parent*/) const
 {
-    return 1 + m_sources.size();
+    return 1 + countOf(m_sources);
 }
 
 QVariant DependsModel::data(const QModelIndex &index, int role) const

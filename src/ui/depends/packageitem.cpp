@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/depends/packageitem.h"
 
+#include "core/countof.h"
 #include "ui/depends/packagedependitem.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ void PackageItem::setPackage(const PackageInfoPtr &package)
 
 int PackageItem::entryCount() const
 {
-    return m_package->dependsInfo ? m_package->dependsInfo->groups.size() : 0;
+    return m_package->dependsInfo ? countOf(m_package->dependsInfo->groups) : 0;
 }
 
 int PackageItem::countSatisfiedBy(const QString &source) const

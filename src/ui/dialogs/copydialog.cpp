@@ -28,7 +28,7 @@ CopyDialog::CopyDialog(Kind kind, const QString &about, QVector<Target> targets,
     m_target->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     constexpr int Letters = 40;
     m_target->setMinimumContentsLength(Letters);
-    for (const Target &target : qAsConst(m_targets))
+    for (const Target &target : std::as_const(m_targets))
         m_target->addItem(target.isSource ? tr("%1 (another component)").arg(target.path) : target.path);
     m_target->addItem(tr("Open another..."));
     m_target->setCurrentIndex(current);

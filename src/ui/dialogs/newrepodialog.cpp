@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs/newrepodialog.h"
 
+#include "core/countof.h"
 #include "core/runinbackground.h"
 #include "engine/repository/changerules.h"
 #include "engine/repository/descriptionfields.h"
@@ -61,8 +62,8 @@ QString lossesText(const RepoChange &change, const QList<PackageInfoPtr> &packag
         files.insert(package->filePath());
     const QString text
         = lost.size() == files.size()
-              ? NewRepoDialog::tr("All %n package(s) will be deleted: %1", nullptr, lost.size())
-              : NewRepoDialog::tr("%n package(s) will be deleted: %1", nullptr, lost.size());
+              ? NewRepoDialog::tr("All %n package(s) will be deleted: %1", nullptr, countOf(lost))
+              : NewRepoDialog::tr("%n package(s) will be deleted: %1", nullptr, countOf(lost));
     return text.arg(PackageDetails::names(lost, change.before, PackageDetails::Meant::Files));
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs/orphanedlines.h"
 
+#include "core/countof.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -60,6 +62,6 @@ void OrphanedLines::setLines(const QStringList &lines)
     const int row = m_list->currentRow();
     m_list->clear();
     m_list->addItems(lines);
-    m_list->setCurrentRow(qMax(0, qMin(row, lines.size() - 1)));
+    m_list->setCurrentRow(qMax(0, qMin(row, countOf(lines) - 1)));
     setVisible(!lines.isEmpty());
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs/prompts.h"
 
+#include "core/countof.h"
 #include "ui/widgets/helptopics.h"
 
 #include <QAbstractButton>
@@ -168,7 +169,7 @@ QString Prompts::named(const QList<Error> &errors)
         lines << (line.size() > MostCharacters ? line.left(MostCharacters) + QStringLiteral("...") : line);
     }
     if (errors.size() > MostNamed)
-        lines << QString() << tr("%n further message(s) below.", nullptr, errors.size() - MostNamed);
+        lines << QString() << tr("%n further message(s) below.", nullptr, countOf(errors) - MostNamed);
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -205,7 +206,8 @@ void Prompts::showNextError()
         if (auto *view = box->findChild<QTextEdit *>()) {
             // Qt shows five lines, and the user cannot enlarge the box.
             constexpr int MostLines = 20;
-            const int lines = qMin<int>(details.trimmed().count(QLatin1Char('\n')) + 3, MostLines);
+            const int lines
+                = qMin(static_cast<int>(details.trimmed().count(QLatin1Char('\n'))) + 3, MostLines);
             view->setFixedHeight(qMin(qMax(view->minimumHeight(), lines * view->fontMetrics().lineSpacing()),
                                       m_window->screen()->availableSize().height() / 3));
             // Its default width would break every path.
@@ -318,7 +320,7 @@ int Prompts::choose(const QString &title, const QString &label, const QStringLis
     dialog.setComboBoxItems(items);
     dialog.setComboBoxEditable(false);
     dialog.setTextValue(items.value(current));
-    return run(dialog) == QDialog::Accepted ? items.indexOf(dialog.textValue()) : -1;
+    return run(dialog) == QDialog::Accepted ? static_cast<int>(items.indexOf(dialog.textValue())) : -1;
 }
 
 bool Prompts::isOpen() const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs/publishedreposmodel.h"
 
+#include "core/countof.h"
 #include "ui/dialogs/publicationtext.h"
 #include "ui/widgets/tooltiptext.h"
 
@@ -30,7 +31,7 @@ void PublishedReposModel::setPublications(const QVector<Publication> &publicatio
         return found == rows.cend() ? -1 : static_cast<int>(found - rows.cbegin());
     };
     // Changed row by row, because a reset would lose the selection.
-    for (int row = m_rows.size() - 1; row >= 0; --row) {
+    for (int row = countOf(m_rows) - 1; row >= 0; --row) {
         if (rowOf(publications, m_rows.at(row)) >= 0)
             continue;
         beginRemoveRows({}, row, row);
@@ -40,7 +41,7 @@ void PublishedReposModel::setPublications(const QVector<Publication> &publicatio
     for (const Publication &publication : publications) {
         const int row = rowOf(m_rows, publication);
         if (row < 0) {
-            beginInsertRows({}, m_rows.size(), m_rows.size());
+            beginInsertRows({}, countOf(m_rows), countOf(m_rows));
             m_rows.append(publication);
             endInsertRows();
         } else if (!(m_rows.at(row) == publication)) {
@@ -55,7 +56,7 @@ void PublishedReposModel::setHosts(const QString &usual, const QHash<int, QStrin
     m_host = usual;
     m_hostsOfPorts = ofPorts;
     if (!m_rows.isEmpty())
-        Q_EMIT dataChanged(index(0, AddressColumn), index(m_rows.size() - 1, AddressColumn));
+        Q_EMIT dataChanged(index(0, AddressColumn), index(countOf(m_rows) - 1, AddressColumn));
 }
 
 QString PublishedReposModel::address(int row) const
@@ -69,7 +70,7 @@ QString PublishedReposModel::address(int row) const
 
 int PublishedReposModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : m_rows.size();
+    return parent.isValid() ? 0 : countOf(m_rows);
 }
 
 int PublishedReposModel::columnCount(const QModelIndex &parent) const

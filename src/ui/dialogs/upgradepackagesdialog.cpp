@@ -25,11 +25,11 @@ UpgradePackagesDialog::UpgradePackagesDialog(QVector<UpgradablePackage> packages
         return left.name < right.name;
     });
     QHash<QString, int> counts;
-    for (const UpgradablePackage &package : qAsConst(m_packages))
+    for (const UpgradablePackage &package : std::as_const(m_packages))
         ++counts[package.name];
     QVector<CheckTableModel::Row> rows;
     rows.reserve(m_packages.size());
-    for (const UpgradablePackage &package : qAsConst(m_packages)) {
+    for (const UpgradablePackage &package : std::as_const(m_packages)) {
         QString architecture
             = package.ownArchitecture.isEmpty() ? package.architecture : package.ownArchitecture;
         if (architecture != package.architecture && counts.value(package.name) > 1)

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/history/changesmodel.h"
 
+#include "core/countof.h"
 #include "ui/history/historytext.h"
+
+#include <utility>
 
 ChangesModel::ChangesModel(QObject *parent)
     : QAbstractTableModel(parent)
@@ -28,14 +31,14 @@ void ChangesModel::show()
 {
     m_rows.clear();
     for (int row = 0; row < m_changes.size(); ++row) {
-        if (qAsConst(m_changes)[row].name.contains(m_filter))
+        if (std::as_const(m_changes)[row].name.contains(m_filter))
             m_rows.append(row);
     }
 }
 
 int ChangesModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : m_rows.size();
+    return parent.isValid() ? 0 : countOf(m_rows);
 }
 
 int ChangesModel::columnCount(const QModelIndex &parent) const

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/history/historymodel.h"
 
+#include "core/countof.h"
 #include "ui/widgets/tooltiptext.h"
 
 #include <QIcon>
 
 #include <algorithm>
+#include <utility>
 
 HistoryModel::HistoryModel(QObject *parent)
     : QAbstractItemModel(parent)
@@ -48,7 +50,7 @@ void HistoryModel::show()
 {
     m_shown.clear();
     for (int place = 0; place < m_points.size(); ++place) {
-        const QVector<PackageChange> &changes = qAsConst(m_points)[place].changes;
+        const QVector<PackageChange> &changes = std::as_const(m_points)[place].changes;
         Shown shown;
         shown.point = place;
         for (int row = 0; row < changes.size(); ++row) {
@@ -108,11 +110,11 @@ QModelIndex HistoryModel::parent(const QModelIndex &index) const
 int HistoryModel::rowCount(const QModelIndex &parent) const
 {
     if (!parent.isValid())
-        return m_shown.size();
+        return countOf(m_shown);
     if (parent.internalId() != 0 || parent.column() != 0)
         return 0;
     const Shown &shown = m_shown.at(parent.row());
-    return isFiltered() ? shown.rows.size() : m_points.at(shown.point).changes.size();
+    return isFiltered() ? countOf(shown.rows) : countOf(m_points.at(shown.point).changes);
 }
 
 int HistoryModel::columnCount(const QModelIndex &parent) const

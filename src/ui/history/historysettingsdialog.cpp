@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/history/historysettingsdialog.h"
 
+#include "core/countof.h"
 #include "ui/widgets/mnemonics.h"
 
 #include <QBoxLayout>
@@ -111,13 +112,14 @@ void HistorySettingsDialog::update()
     const QLocale locale;
     m_pruning = m_history ? RepositoryHistory::toPrune(*m_history, limits(), QDateTime::currentDateTimeUtc())
                           : RepositoryHistory::Pruning();
-    m_taken->setText(m_history ? tr("%n restore point(s), %1", nullptr, m_history->points.size())
+    m_taken->setText(m_history ? tr("%n restore point(s), %1", nullptr, countOf(m_history->points))
                                      .arg(locale.formattedDataSize(m_history->size))
                                : tr("not known"));
-    m_freed->setText(!m_history            ? tr("not known")
-                     : m_pruning.isEmpty() ? tr("nothing")
-                                           : tr("%1 (%n restore point(s))", nullptr, m_pruning.points.size())
-                                                 .arg(locale.formattedDataSize(m_pruning.freed)));
+    m_freed->setText(!m_history ? tr("not known")
+                     : m_pruning.isEmpty()
+                         ? tr("nothing")
+                         : tr("%1 (%n restore point(s))", nullptr, countOf(m_pruning.points))
+                               .arg(locale.formattedDataSize(m_pruning.freed)));
     m_prune->setEnabled(m_obstacle.isEmpty() && !m_pruning.isEmpty());
     m_prune->setToolTip(!m_obstacle.isEmpty() ? m_obstacle
                         : m_pruning.isEmpty() ? tr("Nothing is more than the limits allow.")

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/history/historytext.h"
 
+#include "core/countof.h"
+
 #include <QLocale>
 #include <QStringList>
 
@@ -112,6 +114,6 @@ QString HistoryText::firstRows(const QVector<PackageChange> &changes)
         }
     }
     if (changes.size() > Most)
-        lines << tr("and %n more", nullptr, changes.size() - Most);
+        lines << tr("and %n more", nullptr, countOf(changes) - Most);
     return lines.join(QLatin1Char('\n'));
 }

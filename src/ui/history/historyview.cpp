@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/history/historyview.h"
 
+#include "core/countof.h"
 #include "ui/history/historymodel.h"
 #include "ui/widgets/delayedlineedit.h"
 #include "ui/widgets/itemmenukeys.h"
@@ -18,6 +19,7 @@
 #include <QTreeView>
 
 #include <algorithm>
+#include <utility>
 
 HistoryView::HistoryView(const QList<QAction *> &actions, QWidget *parent)
     : QWidget(parent)
@@ -98,7 +100,7 @@ void HistoryView::setHistory(const RepositoryHistory &history, const QString &no
     // Many jobs change nothing; the user keeps the place.
     if (!m_model->hasPoints(history.points))
         showPoints(history.points);
-    const QString size = tr("%n restore point(s), %1", nullptr, history.points.size())
+    const QString size = tr("%n restore point(s), %1", nullptr, countOf(history.points))
                              .arg(QLocale().formattedDataSize(history.size));
     m_note->setText(note.isEmpty() ? size : tr("%1. %2").arg(size, note));
     m_note->show();
@@ -118,7 +120,7 @@ void HistoryView::showPoints(const QVector<RestorePoint> &points)
     {
         const QSignalBlocker blocker(this);
         m_model->setPoints(points);
-        for (const int number : qAsConst(opened))
+        for (const int number : std::as_const(opened))
             m_tree->expand(m_model->indexOf(number));
         for (const int number : selected)
             m_tree->selectionModel()->select(m_model->indexOf(number),

@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 StateDifferenceDialog::StateDifferenceDialog(const QVector<RestorePoint> &points,
                                              int from,
@@ -82,7 +83,7 @@ QComboBox *StateDifferenceDialog::stateBox(const QString &name, int state)
     box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     box->setMinimumContentsLength(LeastCharacters);
     box->addItem(tr("Now"), HistoryDifference::Now);
-    for (const RestorePoint &point : qAsConst(m_points))
+    for (const RestorePoint &point : std::as_const(m_points))
         box->addItem(HistoryText::before(point), point.number);
     box->setCurrentIndex(qMax(0, box->findData(state)));
     return box;

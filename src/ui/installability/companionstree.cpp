@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/installability/companionstree.h"
 
+#include "core/countof.h"
 #include "installability/installabilitytext.h"
 #include "ui/widgets/tooltiptext.h"
 
@@ -29,7 +30,7 @@ public:
     {
         setText(column, QLocale().formattedDataSize(bytes));
         setData(column, Qt::UserRole, bytes);
-        setTextAlignment(column, int(Qt::AlignRight | Qt::AlignVCenter));
+        setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     }
 };
 } // namespace
@@ -53,7 +54,7 @@ CompanionsTree::CompanionsTree(QWidget *parent)
     for (int column = 0; column < Columns; ++column)
         header()->resizeSection(column, character * (column == Package ? PackageCharacters : Characters));
     for (const Column column : {Download, Installed})
-        headerItem()->setTextAlignment(column, int(Qt::AlignRight | Qt::AlignVCenter));
+        headerItem()->setTextAlignment(column, Qt::AlignRight | Qt::AlignVCenter);
     sortByColumn(Package, Qt::AscendingOrder);
 }
 
@@ -91,6 +92,6 @@ QString CompanionsTree::totals(const QVector<Companion> &companions)
     }
     return tr("On a bare system %n package(s) come in: %1 to download, %2 on the disk",
               nullptr,
-              companions.size())
+              countOf(companions))
         .arg(QLocale().formattedDataSize(download), QLocale().formattedDataSize(installed));
 }

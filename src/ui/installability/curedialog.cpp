@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/installability/curedialog.h"
 
+#include "core/countof.h"
 #include "installability/installabilitytext.h"
 #include "ui/widgets/mnemonics.h"
 
@@ -75,8 +76,8 @@ void CureDialog::showEffect(const CureEffect &effect)
     m_doIt->setEnabled(true);
     m_state->setText(m_tree->isHidden() ? tr("What can be installed stays the same.")
                                         : tr("For the packages of this repository:"));
-    addPackages(tr("%n package(s) could be installed then", nullptr, effect.gained.size()), effect.gained);
-    addPackages(tr("%n package(s) could no longer be installed", nullptr, effect.lost.size()), effect.lost);
+    addPackages(tr("%n package(s) could be installed then", nullptr, countOf(effect.gained)), effect.gained);
+    addPackages(tr("%n package(s) could no longer be installed", nullptr, countOf(effect.lost)), effect.lost);
 }
 
 void CureDialog::addPackages(const QString &title, const QList<PackageInfoPtr> &packages)
@@ -91,6 +92,6 @@ void CureDialog::addPackages(const QString &title, const QList<PackageInfoPtr> &
             {InstallabilityText::name(
                 {package->name, package->version, package->ownArchitecture(), true}, true, true)});
     if (packages.size() > MostRows)
-        new QTreeWidgetItem(group, {tr("and %n more", nullptr, packages.size() - MostRows)});
+        new QTreeWidgetItem(group, {tr("and %n more", nullptr, countOf(packages) - MostRows)});
     group->setExpanded(true);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/installability/factstree.h"
 
+#include "core/countof.h"
 #include "installability/installabilitytext.h"
 #include "ui/widgets/tooltiptext.h"
 
@@ -172,9 +173,9 @@ void FactsTree::addNeeds(const InstallabilityFacts &facts)
 void FactsTree::addImpact(QTreeWidgetItem *parent, const RepositoryImpact &impact, const QString &repository)
 {
     addPackages(
-        parent, tr("%n package(s) directly", nullptr, impact.direct.size()), impact.direct, repository);
+        parent, tr("%n package(s) directly", nullptr, countOf(impact.direct)), impact.direct, repository);
     addPackages(parent,
-                tr("%n package(s) could no longer be installed without it", nullptr, impact.lost.size()),
+                tr("%n package(s) could no longer be installed without it", nullptr, countOf(impact.lost)),
                 impact.lost,
                 repository);
 }
@@ -190,7 +191,7 @@ void FactsTree::addPackages(QTreeWidgetItem *parent,
     for (const PackageInfoPtr &package : packages.mid(0, MostRows))
         addLink(group, named(*package), repository);
     if (packages.size() > MostRows)
-        addText(group, tr("and %n more", nullptr, packages.size() - MostRows));
+        addText(group, tr("and %n more", nullptr, countOf(packages) - MostRows));
 }
 
 // --- rows ----------------------------------------------------------------------------------------------------------

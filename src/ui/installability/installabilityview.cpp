@@ -12,6 +12,8 @@
 #include <QLocale>
 #include <QPushButton>
 
+#include <utility>
+
 namespace
 {
 /** How long a package must be shown before anything is worked out for it, in milliseconds. */
@@ -85,7 +87,7 @@ void InstallabilityView::setCheckEnabled(bool enabled)
 void InstallabilityView::setCuresEnabled(bool enabled)
 {
     m_canCure = enabled;
-    for (QAbstractButton *button : qAsConst(m_cureButtons))
+    for (QAbstractButton *button : std::as_const(m_cureButtons))
         button->setEnabled(enabled);
 }
 
@@ -128,7 +130,7 @@ void InstallabilityView::showIcon()
     else if (state() == InstallabilityUndecided)
         name = QStringLiteral("velt-install-undecided");
     const int side = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
-    m_ui->m_iconLabel->setPixmap(QIcon::fromTheme(name).pixmap(window()->windowHandle(), QSize(side, side)));
+    m_ui->m_iconLabel->setPixmap(QIcon::fromTheme(name).pixmap(QSize(side, side)));
 }
 
 void InstallabilityView::startOver()

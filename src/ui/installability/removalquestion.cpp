@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/installability/removalquestion.h"
 
+#include "core/countof.h"
 #include "installability/installabilitytext.h"
 #include "ui/installability/removalimpactsearch.h"
 #include "ui/widgets/mnemonics.h"
@@ -72,7 +73,7 @@ void RemovalQuestion::showImpact()
         for (const RepositoryImpact &impact : *m_search.impact()) {
             if (impact.lost.isEmpty())
                 continue;
-            const int count = impact.lost.size();
+            const int count = countOf(impact.lost);
             const QString list = firstNames(impact.lost);
             lines << (impact.path == m_repository
                           ? tr("%n package(s) could no longer be installed without this: %1", nullptr, count)

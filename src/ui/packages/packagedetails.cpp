@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packages/packagedetails.h"
 
+#include "core/countof.h"
+
 #include <QStringList>
 
 QString PackageDetails::descriptionHtml(const QString &description)
@@ -14,7 +16,7 @@ QString PackageDetails::descriptionHtml(const QString &description)
 
 QString PackageDetails::summary(const QList<PackageInfoPtr> &packages, const RepoInfo &info)
 {
-    return tr("%n package(s): %1", nullptr, packages.size()).arg(names(packages, info));
+    return tr("%n package(s): %1", nullptr, countOf(packages)).arg(names(packages, info));
 }
 
 QString PackageDetails::names(const QList<PackageInfoPtr> &packages, const RepoInfo &info, Meant meant)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packages/packagedrop.h"
 
+#include "core/countof.h"
 #include "core/packagenames.h"
 
 #include <QDirIterator>
@@ -54,7 +55,7 @@ PackageDrop::Packages PackageDrop::packagesAt(const QStringList &paths)
         // The order of a folder's entries depends on the file system.
         found.sort();
         packages.files += found;
-        packages.inFolders += found.size();
+        packages.inFolders += countOf(found);
         if (!found.isEmpty())
             packages.folders.append(path);
     }

@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -38,7 +39,7 @@ QList<PackageInfoPtr> PackageSelection::packages(const QModelIndexList &selected
     }
     QSet<int> known;
     QList<PackageInfoPtr> packages;
-    for (const int id : qAsConst(ids)) {
+    for (const int id : std::as_const(ids)) {
         if (known.contains(id))
             continue;
         known.insert(id);

@@ -93,7 +93,7 @@ void PackageStatusLine::updateIcons()
         QStringLiteral("dialog-question"), QStringLiteral("dialog-close"), QStringLiteral("dialog-ok-apply")};
     const int size = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
     for (std::size_t i = 0; i < States; ++i)
-        m_icons[i]->setPixmap(QIcon::fromTheme(names[i]).pixmap(window()->windowHandle(), QSize(size, size)));
+        m_icons[i]->setPixmap(QIcon::fromTheme(names[i]).pixmap(QSize(size, size)));
 }
 
 void PackageStatusLine::showCounters()

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packages/packagetree.h"
 
+#include "core/countof.h"
 #include "ui/widgets/sections.h"
 
 #include <QPair>
@@ -211,7 +212,7 @@ int PackageTree::append(RepoItem newItem, int parent)
 {
     const int id = static_cast<int>(m_items.size());
     newItem.parent = parent;
-    newItem.row = item(parent).children.size();
+    newItem.row = countOf(item(parent).children);
     m_items.push_back(std::move(newItem));
     at(parent).children.append(id);
     return id;

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packages/repomodel.h"
 
+#include "core/countof.h"
 #include "ui/packages/repoitemlook.h"
 #include "ui/widgets/tooltiptext.h"
 
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 RepoModel::RepoModel(QObject *parent)
     : QAbstractItemModel(parent)
@@ -94,7 +96,7 @@ void RepoModel::apply(const ListChanges &changes)
             store(it->package, touched);
     }
     // The rows stay valid until they are announced, because nothing is inserted or removed any more.
-    for (const auto &[id, package] : qAsConst(replaced)) {
+    for (const auto &[id, package] : std::as_const(replaced)) {
         touchContainers(m_tree.item(id).parent, touched);
         m_tree.replace(id, package);
         touchRow(id, touched);
@@ -428,12 +430,12 @@ int RepoModel::rowCount(const QModelIndex &parent) const
         return m_hasRepository ? 1 : 0;
     if (parent.column() > 0)
         return 0;
-    return m_tree.item(itemId(parent)).children.size();
+    return countOf(m_tree.item(itemId(parent)).children);
 }
 
 int RepoModel::columnCount(const QModelIndex &parent) const
 {
-    return parent.column() > 0 ? 0 : m_columns.size();
+    return parent.column() > 0 ? 0 : countOf(m_columns);
 }
 
 QVariant RepoModel::data(const QModelIndex &index, int role) const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packages/repoproxymodel.h"
 
+#include "core/countof.h"
 #include "ui/packages/repomodel.h"
 
 #include <algorithm>
@@ -129,7 +130,7 @@ void RepoProxyModel::restore(const QModelIndexList &persistent)
 
 void RepoProxyModel::sort(int column, Qt::SortOrder order)
 {
-    const int columns = m_model == nullptr ? 1 : m_model->columns().size();
+    const int columns = m_model == nullptr ? 1 : countOf(m_model->columns());
     if (column < 0 || column >= columns)
         return;
     const PackageColumns::Column wanted = column == 0 ? PackageColumns::Name : m_model->columns().at(column);

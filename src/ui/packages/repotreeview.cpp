@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/packages/repotreeview.h"
 
+#include "core/qtversions.h"
 #include "ui/packages/columnchoice.h"
 #include "ui/packages/packagedrop.h"
 #include "ui/packages/packageselection.h"
@@ -20,6 +21,8 @@
 #include <QScrollBar>
 #include <QSet>
 #include <QUrl>
+
+#include <utility>
 
 RepoTreeView::RepoTreeView(QWidget *parent)
     : QTreeView(parent)
@@ -95,7 +98,7 @@ void RepoTreeView::showColumns(const ColumnChoice &choice)
     m_proxy->setColumns(columns);
     // A cell of another column than the first stands for its row.
     setSelectionBehavior(columns.size() > 1 ? SelectRows : SelectItems);
-    const int sorted = columns.indexOf(m_proxy->sortedColumn());
+    const auto sorted = static_cast<int>(columns.indexOf(m_proxy->sortedColumn()));
     sortByColumn(qMax(0, sorted), sorted < 0 ? Qt::AscendingOrder : header()->sortIndicatorOrder());
     constexpr int NameCharacters = 34;
     constexpr int OtherCharacters = 14;
@@ -130,7 +133,7 @@ void RepoTreeView::dragEnterEvent(QDragEnterEvent *event)
 void RepoTreeView::dragMoveEvent(QDragMoveEvent *event)
 {
     const auto *source = qobject_cast<const RepoTreeView *>(event->source());
-    const QModelIndex place = source == nullptr ? QModelIndex() : placeAt(event->pos());
+    const QModelIndex place = source == nullptr ? QModelIndex() : placeAt(QtVersions::positionOf(*event));
     setDropRow(place);
     // Within one repository packages can only get another component.
     if (source == this ? !place.isValid() : !PackageDrop::accepts(event->mimeData())) {
@@ -152,7 +155,7 @@ void RepoTreeView::dropEvent(QDropEvent *event)
     setDropRow({});
     auto *source = qobject_cast<RepoTreeView *>(event->source());
     const QStringList files = PackageDrop::paths(event->mimeData());
-    const QModelIndex place = placeAt(event->pos());
+    const QModelIndex place = placeAt(QtVersions::positionOf(*event));
     if (files.isEmpty() || (source == this && !place.isValid())) {
         event->ignore();
         return;
@@ -163,7 +166,7 @@ void RepoTreeView::dropEvent(QDropEvent *event)
         Q_EMIT filesDropped(files);
     else
         Q_EMIT packagesDropped(
-            source, componentOf(place), event->keyboardModifiers().testFlag(Qt::ShiftModifier));
+            source, componentOf(place), QtVersions::modifiersOf(*event).testFlag(Qt::ShiftModifier));
 }
 
 void RepoTreeView::startDrag(Qt::DropActions /*supported*/)
@@ -323,7 +326,7 @@ void RepoTreeView::saveScroll()
 
 void RepoTreeView::restoreScroll()
 {
-    for (const QString &key : qAsConst(m_visible)) {
+    for (const QString &key : std::as_const(m_visible)) {
         const QModelIndex index = indexOfKey(key);
         if (index.isValid()) {
             scrollTo(index, PositionAtTop);
@@ -353,7 +356,7 @@ void RepoTreeView::restoreState()
 {
     if (m_proxy->repoModel() == nullptr)
         return;
-    for (const QString &key : qAsConst(m_expanded)) {
+    for (const QString &key : std::as_const(m_expanded)) {
         const QModelIndex index = indexOfKey(key);
         if (index.isValid())
             expand(index);
@@ -361,7 +364,7 @@ void RepoTreeView::restoreState()
     if (m_expanded.isEmpty())
         expandToDepth(1);
     QItemSelection selection;
-    for (const QString &key : qAsConst(m_selected)) {
+    for (const QString &key : std::as_const(m_selected)) {
         const QModelIndex index = indexOfKey(key);
         if (!index.isValid())
             continue;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/preview/differencedialog.h"
 
+#include "core/countof.h"
 #include "platform/ui/windowgeometry.h"
 #include "ui/preview/differencemodel.h"
 #include "ui/widgets/mnemonics.h"
@@ -122,5 +123,5 @@ void DifferenceDialog::showDifference(const PackageDifference &difference)
             tr("Both packages hold the same. Only the way in which they were packed differs, such as "
                "times or the compression."));
     else
-        m_state->setText(tr("%n difference(s):", nullptr, difference.lines.size()));
+        m_state->setText(tr("%n difference(s):", nullptr, countOf(difference.lines)));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/preview/differencemodel.h"
 
+#include "core/countof.h"
 #include "ui/widgets/tooltiptext.h"
 
 void DifferenceModel::setLines(const QVector<PackageDifference::Line> &lines)
@@ -24,7 +25,7 @@ QString DifferenceModel::textOf(const QModelIndexList &rows) const
 
 int DifferenceModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : m_lines.size();
+    return parent.isValid() ? 0 : countOf(m_lines);
 }
 
 int DifferenceModel::columnCount(const QModelIndex &parent) const

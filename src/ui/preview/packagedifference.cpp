@@ -23,7 +23,7 @@ Values fieldsOf(const QByteArray &control)
     QString name;
     const QList<QByteArray> lines = control.split('\n');
     for (const QByteArray &line : lines) {
-        const int colon = line.indexOf(':');
+        const auto colon = line.indexOf(':');
         if (line.startsWith(' ') || line.startsWith('\t')) {
             if (!name.isEmpty())
                 fields[name] += QLatin1Char('\n') + QString::fromUtf8(line.trimmed());

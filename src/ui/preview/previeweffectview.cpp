@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/preview/previeweffectview.h"
 
+#include "core/countof.h"
 #include "engine/preview/previewtext.h"
 #include "installability/installabilitytext.h"
 
@@ -39,7 +40,7 @@ void PreviewEffectView::showEffect(const ChangePreview &preview)
     addLines(tr("Clients"), PreviewText::clients(preview));
     if (!effect.isKnown)
         return;
-    addPackages(tr("%n package(s) could be installed then", nullptr, effect.gained.size()),
+    addPackages(tr("%n package(s) could be installed then", nullptr, countOf(effect.gained)),
                 PreviewText::gained(effect),
                 preview.repository,
                 nullptr);
@@ -56,11 +57,11 @@ void PreviewEffectView::showEffect(const ChangePreview &preview)
 void PreviewEffectView::addBroken(const ChangePreview &preview)
 {
     const PreviewEffect &effect = preview.effect;
-    addPackages(tr("%n package(s) could no longer be installed", nullptr, effect.lost.size()),
+    addPackages(tr("%n package(s) could no longer be installed", nullptr, countOf(effect.lost)),
                 effect.lost,
                 preview.repository,
                 "dialog-warning");
-    addPackages(tr("%n package(s) that come in cannot be installed", nullptr, effect.uninstallable.size()),
+    addPackages(tr("%n package(s) that come in cannot be installed", nullptr, countOf(effect.uninstallable)),
                 effect.uninstallable,
                 preview.repository,
                 "dialog-warning");
@@ -86,7 +87,7 @@ void PreviewEffectView::addPackages(const QString &title,
         item->setExpanded(true);
     }
     if (packages.size() > MostRows)
-        new QTreeWidgetItem(group, {tr("and %n more", nullptr, packages.size() - MostRows)});
+        new QTreeWidgetItem(group, {tr("and %n more", nullptr, countOf(packages) - MostRows)});
     group->setExpanded(true);
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/preview/previewmodel.h"
 
+#include "core/countof.h"
 #include "ui/widgets/tooltiptext.h"
 
 #include <QFileInfo>
@@ -228,7 +229,7 @@ QString PreviewModel::toolTip(const PreviewRow &row, int column) const
 
 int PreviewModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : m_preview.rows.size();
+    return parent.isValid() ? 0 : countOf(m_preview.rows);
 }
 
 int PreviewModel::columnCount(const QModelIndex &parent) const

@@ -2,6 +2,7 @@
 #include "ui/search/foundpackagesmodel.h"
 
 #include "apt/versionorder.h"
+#include "core/countof.h"
 #include "ui/widgets/tooltiptext.h"
 
 #include <utility>
@@ -40,7 +41,7 @@ QStringList FoundPackagesModel::values(Column column) const
 
 int FoundPackagesModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : m_packages.size();
+    return parent.isValid() ? 0 : countOf(m_packages);
 }
 
 int FoundPackagesModel::columnCount(const QModelIndex &parent) const

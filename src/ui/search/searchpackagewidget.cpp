@@ -20,6 +20,7 @@
 #include <QTableView>
 
 #include <algorithm>
+#include <utility>
 
 SearchPackageWidget::SearchPackageWidget(const PackageFilter &filter,
                                          const FoundPackagesModel::AliasLookup &aliases,
@@ -309,7 +310,7 @@ QList<PackageInfo> SearchPackageWidget::selectedPackages() const
     QModelIndexList rows = m_packagesTable->selectionModel()->selectedRows();
     std::sort(rows.begin(), rows.end());
     QList<PackageInfo> packages;
-    for (const QModelIndex &row : qAsConst(rows))
+    for (const QModelIndex &row : std::as_const(rows))
         packages.append(m_model->packageAt(m_proxy->mapToSource(row).row()));
     return packages;
 }

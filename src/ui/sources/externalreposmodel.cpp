@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/sources/externalreposmodel.h"
 
+#include "core/countof.h"
+
 #include <QFont>
 
 #include <algorithm>
@@ -37,13 +39,13 @@ void ExternalReposModel::merge(const QStringList &knownSources)
         }
     }
     if (m_rows.size() > merged.size()) {
-        beginRemoveRows({}, merged.size(), m_rows.size() - 1);
+        beginRemoveRows({}, countOf(merged), countOf(m_rows) - 1);
         m_rows.resize(merged.size());
         endRemoveRows();
     }
     m_rows = merged;
     if (!m_rows.isEmpty())
-        Q_EMIT dataChanged(index(0, 0), index(m_rows.size() - 1, ColumnCount - 1));
+        Q_EMIT dataChanged(index(0, 0), index(countOf(m_rows) - 1, ColumnCount - 1));
 }
 
 int ExternalReposModel::setSource(const QString &source, int row)
@@ -51,7 +53,7 @@ int ExternalReposModel::setSource(const QString &source, int row)
     if (!m_repos.setSource(source, row))
         return -1;
     if (row < 0) {
-        row = m_rows.size();
+        row = countOf(m_rows);
         beginInsertRows({}, row, row);
         m_rows = m_repos.entries();
         endInsertRows();
@@ -82,7 +84,7 @@ bool ExternalReposModel::removeOwn(int row)
 
 int ExternalReposModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : m_rows.size();
+    return parent.isValid() ? 0 : countOf(m_rows);
 }
 
 int ExternalReposModel::columnCount(const QModelIndex &parent) const

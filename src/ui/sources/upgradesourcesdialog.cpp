@@ -37,7 +37,7 @@ void UpgradeSourcesDialog::takeAnswer(const QStringList &known, const QString &f
 {
     // Keeps the user's choices so far. Sources of the last choice may only appear now.
     QStringList chosen = sources();
-    for (const QString &source : qAsConst(m_wanted)) {
+    for (const QString &source : std::as_const(m_wanted)) {
         if (!m_shown.contains(source))
             chosen << source;
     }

@@ -16,6 +16,7 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -290,7 +291,7 @@ void DependsView::copySelected()
         return m_ui->m_dependsTreeView->visualRect(a).top() < m_ui->m_dependsTreeView->visualRect(b).top();
     });
     QStringList lines;
-    for (const QModelIndex &row : qAsConst(rows))
+    for (const QModelIndex &row : std::as_const(rows))
         lines.append(row.data().toString());
     if (!lines.isEmpty())
         QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));

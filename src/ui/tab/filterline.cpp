@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/tab/filterline.h"
 
+#include "core/countof.h"
 #include "ui/widgets/tooltiptext.h"
 
 #include <QHBoxLayout>
@@ -11,6 +12,8 @@
 #include <QStyle>
 #include <QToolButton>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace
 {
@@ -122,7 +125,7 @@ void FilterLine::setFilters(const QVector<Filter> &filters)
     for (const Filter &filter : filters) {
         auto *chip = new Chip(filter.text, this);
         connect(chip, &QToolButton::clicked, this, [this, id = filter.id] { Q_EMIT removed(id); });
-        m_layout->insertWidget(m_chips.size(), chip);
+        m_layout->insertWidget(countOf(m_chips), chip);
         chip->show(); // a hidden one could not take the focus
         m_chips.append(chip);
     }
@@ -158,7 +161,7 @@ void FilterLine::updateTabOrder()
     if (m_before == nullptr || m_after == nullptr)
         return;
     QWidget *last = m_before;
-    for (QToolButton *chip : qAsConst(m_chips)) {
+    for (QToolButton *chip : std::as_const(m_chips)) {
         setTabOrder(last, chip);
         last = chip;
     }

@@ -170,7 +170,7 @@ void PublicationPanel::claim(int protocol, int port)
     m_published = choice();
     QSettings settings;
     QList<int> served{m_published->port};
-    for (const Publication &publication : qAsConst(m_live))
+    for (const Publication &publication : std::as_const(m_live))
         served << publication.port();
     PublicationSettings::release(settings, {m_repoPath, m_shell.canonicalPath()}, served);
     m_published->claim(settings);
@@ -303,7 +303,7 @@ void PublicationPanel::showState()
 {
     const QString host = m_ui->m_ipAddrComboBox->currentText();
     QStringList lines;
-    for (const Publication &publication : qAsConst(m_live)) {
+    for (const Publication &publication : std::as_const(m_live)) {
         const QString address = PublicationText::address(publication.protocol, host, publication.repo.port);
         lines << (publication.state == QLatin1String("active")
                       ? tr("Published at %1").arg(address)

@@ -12,6 +12,7 @@
 #include <QTabWidget>
 
 #include <algorithm>
+#include <utility>
 
 RepoTabs::RepoTabs(QTabWidget *tabWidget, QObject *parent)
     : QObject(parent)
@@ -195,7 +196,7 @@ void RepoTabs::setPath(RepoWidget *widget, const QString &path)
 
 void RepoTabs::tellOpenRepositories()
 {
-    for (const Tab &tab : qAsConst(m_tabs))
+    for (const Tab &tab : std::as_const(m_tabs))
         tab.widget->repoShell()->setOpenRepositories(allCanonicalPaths(tab.widget));
 }
 
@@ -309,6 +310,6 @@ QStringList RepoTabs::runningJobs() const
 
 void RepoTabs::setClosing()
 {
-    for (const Tab &tab : qAsConst(m_tabs))
+    for (const Tab &tab : std::as_const(m_tabs))
         tab.widget->repoShell()->setClosing();
 }

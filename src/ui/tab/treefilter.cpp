@@ -16,6 +16,7 @@
 #include <QMenu>
 
 #include <array>
+#include <utility>
 
 namespace
 {
@@ -112,11 +113,11 @@ void TreeFilter::addValues(const QString &title,
         menu->clear();
         QStringList present = PackageChoice::valuesOf(m_proxy.repoModel()->tree()).*values;
         // A value that no package has any more can be taken back too.
-        for (const QString &chosen : qAsConst(m_choice.*values)) {
+        for (const QString &chosen : std::as_const(m_choice.*values)) {
             if (!present.contains(chosen))
                 present << chosen;
         }
-        for (const QString &value : qAsConst(present)) {
+        for (const QString &value : std::as_const(present)) {
             QAction *action = menu->addAction(text(value).replace(QLatin1Char('&'), QLatin1String("&&")));
             action->setCheckable(true);
             action->setChecked((m_choice.*values).contains(value));
@@ -201,7 +202,7 @@ void TreeFilter::showFilters()
     add(ArchitectureFilter, tr("Architecture: %1"), m_choice.architectures);
     add(ComponentFilter, tr("Component: %1"), m_choice.components);
     QStringList sections;
-    for (const QString &code : qAsConst(m_choice.sections))
+    for (const QString &code : std::as_const(m_choice.sections))
         sections << Sections::displayName(code);
     add(SectionFilter, tr("Section: %1"), sections);
     if (m_choice.signature != PackageChoice::AnySignature)
@@ -217,7 +218,7 @@ void TreeFilter::removeFilter(int id)
 {
     switch (id) {
     case StateFilter:
-        for (QAction *action : qAsConst(m_states))
+        for (QAction *action : std::as_const(m_states))
             action->setChecked(true);
         break;
     case NotInstallableFilter:
@@ -277,9 +278,9 @@ void TreeFilter::search(const QString &text)
 
 void TreeFilter::showAll()
 {
-    for (QAction *action : qAsConst(m_states))
+    for (QAction *action : std::as_const(m_states))
         action->setChecked(true);
-    for (QAction *action : qAsConst(m_faults))
+    for (QAction *action : std::as_const(m_faults))
         action->setChecked(false);
     m_search.lineEdit()->clear();
     m_choice = {};
@@ -289,7 +290,7 @@ void TreeFilter::showAll()
 void TreeFilter::applyStates()
 {
     RepoProxyModel::States states;
-    for (const QAction *action : qAsConst(m_states)) {
+    for (const QAction *action : std::as_const(m_states)) {
         if (action->isChecked())
             states |= static_cast<RepoProxyModel::State>(action->data().toInt());
     }
@@ -302,7 +303,7 @@ void TreeFilter::applyStates()
 void TreeFilter::applyFaults()
 {
     RepoProxyModel::Faults faults;
-    for (const QAction *action : qAsConst(m_faults)) {
+    for (const QAction *action : std::as_const(m_faults)) {
         if (action->isChecked())
             faults |= static_cast<RepoProxyModel::Fault>(action->data().toInt());
     }

@@ -18,6 +18,8 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
+#include <utility>
+
 /** Sorts texts alphabetically, and versions as dpkg does: "10.0" comes after "9.0". */
 class CheckTableDialog::SortedTable : public QSortFilterProxyModel
 {
@@ -176,6 +178,6 @@ void CheckTableDialog::updateWidgets()
                                        : m_model->areAllChecked() ? Qt::Checked
                                                                   : Qt::PartiallyChecked);
     m_stateLabel->setFullText(m_state.isEmpty() ? tr("Selected: %1 of %2").arg(checked).arg(all) : m_state);
-    for (QPushButton *button : qAsConst(m_confirmations))
+    for (QPushButton *button : std::as_const(m_confirmations))
         button->setEnabled(m_emptyChoiceAllowed || checked > 0);
 }

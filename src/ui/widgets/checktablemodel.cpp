@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/widgets/checktablemodel.h"
 
+#include "core/countof.h"
 #include "ui/widgets/tooltiptext.h"
 
 #include <algorithm>
@@ -38,18 +39,18 @@ void CheckTableModel::showChecks()
     m_checkedCount = static_cast<int>(
         std::count_if(m_rows.cbegin(), m_rows.cend(), [](const Row &row) { return row.isChecked; }));
     if (!m_rows.isEmpty())
-        Q_EMIT dataChanged(index(0, 0), index(m_rows.size() - 1, 0), {Qt::CheckStateRole});
+        Q_EMIT dataChanged(index(0, 0), index(countOf(m_rows) - 1, 0), {Qt::CheckStateRole});
     Q_EMIT checksChanged();
 }
 
 int CheckTableModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : m_rows.size();
+    return parent.isValid() ? 0 : countOf(m_rows);
 }
 
 int CheckTableModel::columnCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : m_headers.size();
+    return parent.isValid() ? 0 : countOf(m_headers);
 }
 
 QVariant CheckTableModel::headerData(int section, Qt::Orientation orientation, int role) const

@@ -15,8 +15,8 @@ void IconStyle::drawPrimitive(PrimitiveElement element,
     }
     constexpr qreal Thickness = 1.5;
     constexpr qreal Arm = 3.5; // from the middle
-    constexpr qreal Pointed = 0.15;
-    constexpr qreal Pressed = 0.3;
+    constexpr float Pointed = 0.15F;
+    constexpr float Pressed = 0.3F;
     const bool isEnabled = option->state.testFlag(State_Enabled);
     QColor colour
         = option->palette.color(isEnabled ? QPalette::Active : QPalette::Disabled, QPalette::WindowText);

@@ -8,6 +8,8 @@
 #include <QMenu>
 #include <QSet>
 
+#include <utility>
+
 namespace
 {
 constexpr QChar Mark = QLatin1Char('&');
@@ -53,7 +55,7 @@ QStringList Mnemonics::marked(const QStringList &texts)
     // Letters at the start of words are assigned first, so that no text takes such a letter from another.
     for (const bool atWordStart : {true, false}) {
         QList<int> left;
-        for (const int i : qAsConst(open)) {
+        for (const int i : std::as_const(open)) {
             const int letter = freeLetter(texts.at(i), taken, atWordStart);
             if (letter < 0) {
                 left.append(i);

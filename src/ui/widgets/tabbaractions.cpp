@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/widgets/tabbaractions.h"
 
+#include "core/qtversions.h"
 #include "ui/widgets/mnemonics.h"
 
 #include <QContextMenuEvent>
@@ -75,12 +76,13 @@ bool TabBarActions::takeDrag(QObject *bar, QDropEvent *event)
         // The bar waits for its moment, and says that nothing can be dropped on it.
         bar->event(event);
         event->setDropAction(Qt::CopyAction);
-        event->setAccepted(isOwn ? m_tabs->tabBar()->tabAt(event->pos()) >= 0 : event->mimeData()->hasUrls());
+        event->setAccepted(isOwn ? m_tabs->tabBar()->tabAt(QtVersions::positionOf(*event)) >= 0
+                                 : event->mimeData()->hasUrls());
         return true;
     }
     QDragLeaveEvent leaving;
     bar->event(&leaving);
-    const int index = m_tabs->tabBar()->tabAt(event->pos());
+    const int index = m_tabs->tabBar()->tabAt(QtVersions::positionOf(*event));
     if (!isOwn) {
         // Files from outside are the window's, wherever they are dropped.
         QCoreApplication::sendEvent(m_tabs->window(), event);
@@ -89,7 +91,7 @@ bool TabBarActions::takeDrag(QObject *bar, QDropEvent *event)
         event->accept();
         Q_EMIT partDropped(index,
                            qobject_cast<QWidget *>(event->source()),
-                           event->keyboardModifiers().testFlag(Qt::ShiftModifier));
+                           QtVersions::modifiersOf(*event).testFlag(Qt::ShiftModifier));
     }
     return true;
 }

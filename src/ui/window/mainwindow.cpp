@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/window/mainwindow.h"
 
+#include "core/qtversions.h"
 #include "engine/reposhell.h"
 #include "platform/ui/help.h"
 #include "platform/ui/veltaboutdialog.h"
@@ -47,6 +48,8 @@
 #include <QSettings>
 #include <QShortcut>
 #include <QTabBar>
+
+#include <utility>
 
 namespace
 {
@@ -139,8 +142,7 @@ MainWindow::MainWindow(PublicationMonitor *monitor)
     connect(m_settings, &SettingsCommands::notStored, m_feedback, &JobFeedback::announce);
     connect(m_closing, &ClosingSequence::began, this, &MainWindow::beginClosing);
     connect(m_closing, &ClosingSequence::finished, this, &MainWindow::close);
-    // By default Qt closes the windows at the end of a session, and takes an ignored close for a refusal.
-    QGuiApplication::setFallbackSessionManagementEnabled(false);
+    QtVersions::disableFallbackSessionManagement<QGuiApplication>();
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &MainWindow::closeWithoutAsking);
 
     QSettings settings;
@@ -413,7 +415,7 @@ void MainWindow::closeOtherTabs(int index)
         if (widget != kept)
             others.append(widget);
     }
-    for (const QPointer<RepoWidget> &other : qAsConst(others)) {
+    for (const QPointer<RepoWidget> &other : std::as_const(others)) {
         if (!other.isNull())
             m_closing->closeTab(other);
     }
@@ -441,7 +443,7 @@ void MainWindow::saveOpenRepositories()
 
 void MainWindow::beginClosing()
 {
-    for (const Arrival &arrival : qAsConst(m_arrivals))
+    for (const Arrival &arrival : std::as_const(m_arrivals))
         logNotAdded(arrival.files);
     m_arrivals.clear();
     Q_EMIT closingBegan();

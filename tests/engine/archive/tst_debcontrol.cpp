@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "apt/dpkgoutput.h"
 #include "apt/dpkgutils.h"
+#include "core/countof.h"
 #include "engine/archive/debcontents.h"
 #include "engine/archive/debcontrol.h"
 #include "engine/archive/packagefile.h"
@@ -251,7 +252,7 @@ private Q_SLOTS:
                 QFAIL(qPrintable(files.at(i)));
             read += debControl(folder.filePath(files.at(i))) ? 1 : 0;
         }
-        qInfo("%d of %d read in this process", read, (files.size() + step - 1) / step);
+        qInfo("%d of %d read in this process", read, (countOf(files) + step - 1) / step);
     }
 
     /** The order of the files is kept, also when the reading ends early. */

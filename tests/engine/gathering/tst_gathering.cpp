@@ -5,6 +5,7 @@
 #include "support/testenvironment.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -30,7 +31,7 @@ public:
         for (const QString &line : lines(own)) {
             const ControlText control = paragraph(line);
             const QString architecture = control.field("Architecture");
-            for (const QString &index : qAsConst(m_scope.repository.architectures)) {
+            for (const QString &index : std::as_const(m_scope.repository.architectures)) {
                 if (architecture != index && architecture != u"all")
                     continue;
                 PackageInfo record;
@@ -44,7 +45,7 @@ public:
                 m_scope.repository.packages.append(QSharedPointer<PackageInfo>::create(record));
             }
         }
-        for (const QString &index : qAsConst(m_scope.repository.architectures)) {
+        for (const QString &index : std::as_const(m_scope.repository.architectures)) {
             OfferList list{"somewhere "_s + index, index, PackageType::Deb, {}};
             for (const QString &line : lines(offered)) {
                 const ControlText control = paragraph(line);

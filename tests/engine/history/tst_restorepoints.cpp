@@ -10,6 +10,7 @@
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
+#include <QTimeZone>
 
 #include <csignal>
 
@@ -37,7 +38,7 @@ RestorePoint pointOf(int number, const QVector<PackageChange> &changes = {})
 {
     RestorePoint point;
     point.number = number;
-    point.time = QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5, 678), Qt::UTC);
+    point.time = QDateTime(QDate(2026, 1, 2), QTime(3, 4, 5, 678), QTimeZone::utc());
     point.changes = changes;
     point.isKept = true;
     return point;

@@ -98,7 +98,7 @@ private Q_SLOTS:
                  }),
                  qPrintable(h.words()));
         QVERIFY2(h.holds("bar 1.0 main amd64,foo 1.0 main amd64"_s), qPrintable(h.listed().join(u'\n')));
-        QVERIFY(readFile(conf).endsWith("Contents: .gz\n" + others));
+        QVERIFY(readFile(conf).endsWith(QByteArray("Contents: .gz\n" + others)));
         QVERIFY(isSignedBy(m_second) && update(m_second).isEmpty());
         QVERIFY(!QFile::exists(conf + ".orig"_s));
     }

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/countof.h"
 #include "engine/changes/packagesourcerules.h"
 #include "engine/engineharness.h"
 #include "support/standin.h"
@@ -37,7 +38,7 @@ private Q_SLOTS:
         QCOMPARE(h.add(files), RepoEnums::SUCCESS);
         QVERIFY(h.complains("No_source"_s));
         QCOMPARE(h.listed().size(), 60 + 1);
-        QCOMPARE(h.ranges, (QVector<int>{0, files.size()}));
+        QCOMPARE(h.ranges, (QVector<int>{0, countOf(files)}));
         QVERIFY(h.settled());
         QVERIFY2(readFile(log).count('\n') < files.size() / 3, "few runs");
 

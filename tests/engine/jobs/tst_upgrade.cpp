@@ -107,7 +107,7 @@ private Q_SLOTS:
             const QString present = words.takeFirst();
             const QString expected = words.takeLast();
             QVector<AptPackageRecord> records;
-            for (const QString &offered : qAsConst(words))
+            for (const QString &offered : std::as_const(words))
                 records.append(record(offered));
             QStringList found;
             for (const UpgradablePackage &upgradable :
@@ -155,7 +155,7 @@ private Q_SLOTS:
         auto upgradable = h.shell.upgradablePackages();
         QCOMPARE(upgradable.size(), 2);
         QVERIFY(h.ranges.contains(100) && h.steps.last() == 0);
-        for (const UpgradablePackage &package : qAsConst(upgradable)) {
+        for (const UpgradablePackage &package : std::as_const(upgradable)) {
             QCOMPARE(package.component, package.name == Foo ? "contrib"_s : "main"_s);
             QCOMPARE(package.source, "file:%1 dogwood amd64"_s.arg(source.repoPath()));
         }
@@ -493,3 +493,5 @@ private Q_SLOTS:
 
 VELT_TEST_MAIN(TestUpgrade, QCoreApplication)
 #include "tst_upgrade.moc"
+
+#include <utility>

@@ -160,7 +160,7 @@ private Q_SLOTS:
         writeScript(
             m_temporary.filePath("dpkg"_s),
             "#!/bin/sh\n[ \"$2\" = \"$(cat $0.missing 2>/dev/null)\" ] || echo \"ii  $2  1  all  x\"\n");
-        qputenv("PATH", m_temporary.path().toLocal8Bit() + ":" + qgetenv("PATH"));
+        qputenv("PATH", QByteArray(m_temporary.path().toLocal8Bit() + ":" + qgetenv("PATH")));
     }
 
     void init()

@@ -335,7 +335,8 @@ private Q_SLOTS:
         for (const HelpTopics::Topic &topic : HelpTopics::all()) {
             const QStringList page = QString::fromLatin1(topic.page).split(u'#');
             const QByteArray html = readFile(QStringLiteral(HELP_FOLDER "/") + page.first());
-            QVERIFY2(page.size() == 1 || html.contains("id=\"" + page.last().toUtf8() + "\""), topic.page);
+            QVERIFY2(page.size() == 1 || html.contains(QByteArray("id=\"" + page.last().toUtf8() + "\"")),
+                     topic.page);
         }
     }
 

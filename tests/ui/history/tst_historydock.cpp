@@ -15,6 +15,7 @@
 #include "ui/window/mainwindow.h"
 
 #include <QAbstractItemModelTester>
+#include <QTimeZone>
 #include <QtWidgets>
 
 namespace
@@ -39,7 +40,7 @@ RestorePoint point(int number, const QVector<PackageChange> &changes)
     point.number = number;
     point.user = "anna"_s;
     point.summary = "Job %1"_s.arg(number);
-    point.time = QDateTime(QDate(2026, 1, number), QTime(12, 0), Qt::UTC);
+    point.time = QDateTime(QDate(2026, 1, number), QTime(12, 0), QTimeZone::utc());
     point.changes = changes;
     point.isKept = true;
     return point;
@@ -242,7 +243,8 @@ private Q_SLOTS:
         // The dock is hidden. The command shows it, reads the history, and asks.
         auto *dock = child<QDockWidget>(window, "historyDockWidget");
         QVERIFY(dock->isHidden());
-        QApplication::setActiveWindow(&window);
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
         QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
         QTRY_COMPARE_WITH_TIMEOUT(answers.asked.size(), 1, 20000);
         QVERIFY2(answers.asked.first().contains("bar (amd64): removed, version 1"_s),

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "core/qtversions.h"
 #include "engine/reposhell.h"
 #include "platform/desktopintegration.h"
 #include "platform/ui/desktopsetup.h"
@@ -152,7 +153,7 @@ private Q_SLOTS:
         QApplication::setQuitOnLastWindowClosed(false);
         // A command whose program is missing says so in its tool tip.
         writeScript(m_folder.filePath("bin/velt-admin-sourcelist"_s), "#!/bin/sh\n");
-        qputenv("PATH", m_folder.filePath("bin:"_s).toLocal8Bit() + qgetenv("PATH"));
+        qputenv("PATH", QByteArray(m_folder.filePath("bin:"_s).toLocal8Bit() + qgetenv("PATH")));
     }
 
     void init() { QSettings().clear(); }
@@ -170,7 +171,7 @@ private Q_SLOTS:
         QFETCH(QString, language);
         QTranslator own;
         QTranslator toolkit;
-        const QString toolkitFolder = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+        const QString toolkitFolder = QtVersions::translationsFolder();
         QVERIFY(own.load("velt-admin-repo_"_s + language, QStringLiteral(TRANSLATIONS)));
         QVERIFY(toolkit.load("qtbase_"_s + language, toolkitFolder));
         QCoreApplication::installTranslator(&toolkit);
@@ -342,7 +343,7 @@ private Q_SLOTS:
         tabs->tabBar()->moveTab(0, 1);
         child<QMenu>(*tabs, "m_tabMenu")->actions().last()->trigger();
         QCOMPARE(QGuiApplication::clipboard()->text(), paths.at(2));
-        QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {});
+        QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, {});
         QApplication::sendEvent(tabs->tabBar(), &byKey);
         auto *menu = child<QMenu>(*tabs, "m_tabMenu");
         menu->actions().last()->trigger();

@@ -37,7 +37,7 @@ GatherDialog::GatherDialog(GatherPlan plan,
     QVector<CheckTableModel::Row> rows;
     QVector<qint64> sizes;
     rows.reserve(m_plan.rows.size());
-    for (const GatherPlan::Row &row : qAsConst(m_plan.rows)) {
+    for (const GatherPlan::Row &row : std::as_const(m_plan.rows)) {
         const QString version = row.replaced.isEmpty()
                                     ? row.package.version
                                     : tr("%1 instead of %2").arg(row.package.version, row.replaced);
