@@ -10,7 +10,7 @@ if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "Build type" FORCE)
 endif()
 
-# The macros of Qt 6 that try something again convert times to int wherever they stand.
+# In tests with Qt 6: the macros that try something again convert times to int wherever they stand.
 define_property(TARGET PROPERTY VELT_TRIES_AGAIN INITIALIZE_FROM_VARIABLE VELT_TRIES_AGAIN
     BRIEF_DOCS "Built without warnings about conversions")
 target_compile_options(project_options INTERFACE

@@ -5,9 +5,11 @@
 
 namespace
 {
+/** An answer of the tools of the row's release. */
 QString captured(const char *file)
 {
-    const QString path = QStringLiteral(VELT_TEST_DATA "/") + QLatin1String(file);
+    const QString path = QStringLiteral(VELT_TEST_DATA "/") + QLatin1String(QTest::currentDataTag()) + u'/'
+                         + QLatin1String(file);
     const QByteArray text = readFile(path);
     if (text.isEmpty())
         qFatal("%s is missing or empty", qPrintable(path));
@@ -19,10 +21,20 @@ class TestAptOutput : public QObject
 {
     Q_OBJECT
 
+private:
+    /** A row for each release whose tools were asked (tests/data/capture). */
+    static void releases()
+    {
+        QTest::addColumn<bool>("isThere");
+        QTest::newRow("bookworm") << true;
+        QTest::newRow("trixie") << true;
+    }
+
 private Q_SLOTS:
+    void policy_data() { releases(); }
     void policy()
     {
-        const QString policy = captured("apt-2.6.2/policy.txt");
+        const QString policy = captured("policy.txt");
         QCOMPARE(AptOutput::sourceLines(policy),
                  "file:/tmp/sample/two dogwood main|file:/tmp/sample/one dogwood contrib main"_list);
         QCOMPARE(AptOutput::sourceLines(policy, SourceGrouping::BySuiteAndArchitecture),
@@ -63,9 +75,21 @@ private Q_SLOTS:
         QCOMPARE(AptOutput::providers("Package: x\nsome 1 (= )\nother 2 (= )\n"_s), "some|other"_list);
     }
 
+    void shown_data() { releases(); }
+    void shown()
+    {
+        const QMap<QString, QStringList> versions = AptOutput::versions(captured("show.txt"));
+        QCOMPARE(versions.keys().join(u' '), "0.9 1.0-1 1.5 1:2.0-1"_s);
+        QCOMPARE(versions.value("1:2.0-1"_s).join(u'|'), "file:/tmp/sample/one dogwood amd64"_s);
+        QCOMPARE(versions.value("1.5"_s).join(u'|'), "file:/tmp/sample/two dogwood amd64"_s);
+        QCOMPARE(AptOutput::providers(captured("showpkg.txt").section("Package: foot"_s, 0, 0)).join(u' '),
+                 "foot food"_s);
+    }
+
+    void packageInformation_data() { releases(); }
     void packageInformation()
     {
-        const auto package = DpkgOutput::packageInfo(captured("dpkg-1.21.23/information.txt"));
+        const auto package = DpkgOutput::packageInfo(captured("information.txt"));
         QVERIFY(package.has_value());
         QCOMPARE(QStringList({package->name, package->version, package->architecture}).join(u' '),
                  "conf-demo 1:2.3-4~rc1 all"_s);
@@ -77,21 +101,22 @@ private Q_SLOTS:
                  " Version: 9.9 is no field\n  * indented item\n\tand a tab\n"
                  "    12 bytes,     1 lines      control"_s);
 
-        const auto udeb = DpkgOutput::packageInfo(captured("dpkg-1.21.23/udeb.txt"), PackageType::Udeb);
+        const auto udeb = DpkgOutput::packageInfo(captured("udeb.txt"), PackageType::Udeb);
         QVERIFY(udeb.has_value() && udeb->type == PackageType::Udeb);
         QCOMPARE(udeb->component + u'/' + udeb->section, "main/misc"_s);
     }
 
+    void incompleteInformation_data() { releases(); }
     void incompleteInformation()
     {
         for (const char *field : {"Package", "Version", "Architecture"}) {
-            QString without = captured("dpkg-1.21.23/information.txt");
+            QString without = captured("information.txt");
             without.remove(QRegularExpression("\n %1: .*"_s.arg(QLatin1String(field))));
             QVERIFY2(!DpkgOutput::packageInfo(without).has_value(), field);
         }
         QVERIFY(!DpkgOutput::packageInfo(QString()).has_value());
         // Its fields come out of a file's name.
-        QVERIFY(!DpkgOutput::packageInfo(captured("dpkg-1.21.23/member-name-with-newline.txt")).has_value());
+        QVERIFY(!DpkgOutput::packageInfo(captured("member-name-with-newline.txt")).has_value());
     }
 };
 

@@ -30,7 +30,7 @@ QStringList asked(const ExternalRepos &repos)
 QStringList knownSources()
 {
     return AptOutput::sourceLines(
-        QString::fromUtf8(readFile(QStringLiteral(VELT_TEST_DATA "/apt-2.6.2/policy.txt"))));
+        QString::fromUtf8(readFile(QStringLiteral(VELT_TEST_DATA "/bookworm/policy.txt"))));
 }
 
 const QString One = QStringLiteral("file:/tmp/sample/one dogwood contrib main");

@@ -7,7 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
-#include <QTimeZone>
 
 #include <array>
 #include <cerrno>
@@ -55,7 +54,7 @@ bool isCompressed(const QString &name)
 
 QDateTime time(const timespec &value)
 {
-    return QDateTime::fromSecsSinceEpoch(value.tv_sec, QTimeZone::utc());
+    return QDateTime::fromSecsSinceEpoch(value.tv_sec).toUTC();
 }
 
 /** The name from getpwuid_r(3) or getgrgid_r(3); empty when there is none. */

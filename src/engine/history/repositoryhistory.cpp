@@ -14,7 +14,6 @@
 #include <QDir>
 #include <QFile>
 #include <QSet>
-#include <QTimeZone>
 
 #include <algorithm>
 #include <memory>
@@ -100,7 +99,7 @@ readPoint(const OpenFolder &history, int number, const struct stat &database, Po
     RestorePoint damaged;
     damaged.number = number;
     damaged.isReadable = false;
-    damaged.time = QDateTime::fromSecsSinceEpoch(status ? status->st_mtim.tv_sec : 0, QTimeZone::utc());
+    damaged.time = QDateTime::fromSecsSinceEpoch(status ? status->st_mtim.tv_sec : 0).toUTC();
     return damaged;
 }
 } // namespace

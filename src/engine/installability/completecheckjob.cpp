@@ -11,7 +11,6 @@
 #include "installability/installabilityreasons.h"
 
 #include <QElapsedTimer>
-#include <QTimeZone>
 
 #include <algorithm>
 #include <utility>
@@ -66,7 +65,7 @@ int CompleteCheckJob::run(const QList<PackageInfoPtr> &packages, const CompleteC
         const QByteArray digest = CompleteCheckState::digestOf(all, offers.digest);
         publish(m_previous.base == base && m_previous.digest == digest);
         // What is stored knows whole seconds.
-        const auto now = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch(), QTimeZone::utc());
+        const auto now = QDateTime::fromSecsSinceEpoch(QDateTime::currentSecsSinceEpoch()).toUTC();
         m_keep({base, now, digest, false});
     }
     m_context.progress.show();
