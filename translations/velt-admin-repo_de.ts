@@ -142,6 +142,10 @@
         <source>apt could not fetch the lists of packages.</source>
         <translation>apt konnte die Paketlisten nicht abrufen.</translation>
     </message>
+    <message>
+        <source>The source %1 has expired: it is no longer updated, or the clock of this machine is wrong.</source>
+        <translation>Die Paketquelle %1 ist abgelaufen: Sie wird nicht mehr aktualisiert, oder die Uhr dieses Rechners geht falsch.</translation>
+    </message>
 </context>
 <context>
     <name>AptUtils</name>

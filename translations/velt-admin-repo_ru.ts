@@ -142,6 +142,10 @@
         <source>apt could not fetch the lists of packages.</source>
         <translation>apt не удалось получить списки пакетов.</translation>
     </message>
+    <message>
+        <source>The source %1 has expired: it is no longer updated, or the clock of this machine is wrong.</source>
+        <translation>Срок действия источника %1 истёк: он больше не обновляется, или часы этого компьютера идут неверно.</translation>
+    </message>
 </context>
 <context>
     <name>AptUtils</name>

@@ -33,20 +33,25 @@ struct Failure
     const char *text; ///< %1 is the source
 };
 
-const std::array<Failure, 6> &failures()
+const std::array<Failure, 7> &failures()
 {
     // The first match is used, so the general ones come last.
-    static const std::array<Failure, 6> all{{
+    static const std::array<Failure, 7> all{{
         {QRegularExpression(
              QStringLiteral("Skipping acquire of configured file .* as repository '(?<source>.+?)'"
                             " doesn't have the component")),
          QT_TRANSLATE_NOOP("AptFetch", "The source %1 does not have one of its components.")},
         {QRegularExpression(
              QStringLiteral("^E: (?:The repository '(?<source>.+?)' is (?:not|no longer) signed"
-                            "|GPG error: (?<source2>.+?): "
+                            "|(?:GPG error|OpenPGP signature verification failed): (?<source2>.+?): "
                             "|Failed to fetch (?<source3>\\S+)  .*(?:NO_PUBKEY|signature))")),
          QT_TRANSLATE_NOOP("AptFetch",
                            "The source %1 is not trusted: its signature is missing or cannot be checked.")},
+        {QRegularExpression(QStringLiteral("^E: Release file for (?<source>.+?) is expired ")),
+         QT_TRANSLATE_NOOP(
+             "AptFetch",
+             "The source %1 has expired: it is no longer updated, or the clock of this machine is "
+             "wrong.")},
         {QRegularExpression(
              QStringLiteral("The repository '(?<source>.+?)' does(?: not|n't) (?:no longer )?have "
                             "a Release file")),

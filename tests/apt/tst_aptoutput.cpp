@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "apt/aptfetch.h"
 #include "apt/aptoutput.h"
 #include "apt/dpkgoutput.h"
 #include "support/testenvironment.h"
@@ -31,6 +32,51 @@ private:
     }
 
 private Q_SLOTS:
+    void complaints_data() { releases(); }
+    /** Whatever its words, a release's apt complains of the same. */
+    void complaints()
+    {
+        QStringList found;
+        const QStringList parts = captured("update.txt").split("== "_s, Qt::SkipEmptyParts);
+        for (const QString &part : parts) {
+            const QString name = part.section(u'\n', 0, 0);
+            found += name + ": "_s + AptFetch::problems(part.section(u'\n', 1)).join(u'|');
+        }
+        const auto untrusted = [](const QString &source) -> QString {
+            return "The source "_s + source
+                   + " is not trusted: its signature is missing or cannot be checked."_s;
+        };
+        const QString place = "file:/tmp/sample/"_s;
+        const QString server = "http://127.0.0.1:18080/"_s;
+        const QString list = "/dists/dogwood/main/binary-amd64/Packages"_s;
+        QCOMPARE(
+            found,
+            (QStringList{
+                "good: "_s,
+                "good-before: "_s + untrusted(place + "good/dists/dogwood/InRelease"_s),
+                "unsigned: "_s + untrusted(place + "one dogwood Release"_s),
+                "no-key: "_s + untrusted(place + "good dogwood InRelease"_s),
+                "other-key: "_s + untrusted(place + "good dogwood InRelease"_s),
+                "manipulated: "_s + untrusted(place + "manipulated dogwood InRelease"_s),
+                "expired: The source "_s + place
+                    + "expired/dists/dogwood/InRelease has expired: it is no longer updated, or the clock of "
+                      "this machine is wrong."_s,
+                "changed: The source could not be fetched: "_s + server + "changed"_s + list + u'.',
+                "lacking: A part of the source is missing: "_s + place + "lacking"_s + list + u'.',
+                "http-lacking: A part of the source is missing: "_s + server + "lacking"_s + list + u'.',
+                "component: The source "_s + place
+                    + "good dogwood InRelease does not have one of its components."_s,
+                "nothing: The source "_s + place + "nothing dogwood Release does not exist there."_s,
+                "http-nothing: The source "_s + server + "nothing dogwood Release does not exist there."_s,
+                "refused: The server could not be reached: "
+                "http://127.0.0.1:18081/x/dists/dogwood/InRelease."_s,
+                "unresolved: The server could not be reached: "
+                "http://nowhere.invalid/x/dists/dogwood/InRelease."_s,
+                "malformed: Malformed entry 1 in list file /tmp/sample/T/etc/sources.list (Suite)|"
+                "The list of sources could not be read."_s,
+            }));
+    }
+
     void policy_data() { releases(); }
     void policy()
     {

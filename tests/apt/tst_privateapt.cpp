@@ -16,21 +16,15 @@ private Q_SLOTS:
         };
         row("W: Target Packages (main/binary-amd64/Packages) is configured multiple times\nN: Skipping\n",
             "");
-        row("W: Failed to fetch http://h/dists/x/InRelease  Temporary failure resolving 'h'\n"
-            "W: Some index files failed to download. They have been ignored, or old ones used instead.\n",
-            "The server could not be reached: http://h/dists/x/InRelease.");
-        row("W: GPG error: http://h x InRelease: The following signatures couldn't be verified because the "
-            "public "
-            "key is not available: NO_PUBKEY 12\nE: The repository 'http://h x InRelease' is not signed.\n",
-            "The source http://h x InRelease is not trusted: its signature is missing or cannot be checked.");
-        row("E: Failed to fetch http://h/InRelease  The following signatures were invalid: EXPKEYSIG 12\n",
-            "The source http://h/InRelease is not trusted: its signature is missing or cannot be checked.");
-        row("E: Failed to fetch http://h/a  Connection timed out\nE: Failed to fetch http://h/a  Connection "
+        row("E: OpenPGP signature verification failed: http://h x InRelease: no\nE: GPG error: http://i x "
+            "InRelease: "
+            "The following signatures were invalid: EXPKEYSIG 12\n",
+            "The source http://h x InRelease is not trusted: its signature is missing or cannot be checked.|"
+            "The source http://i x InRelease is not trusted: its signature is missing or cannot be checked.");
+        row("W: Failed to fetch http://h/a  Connection timed out\nW: Failed to fetch http://h/a  Connection "
             "timed "
             "out\nE: Failed to fetch http://h/b  404  Not Found\n",
             "The server could not be reached: http://h/a.|A part of the source is missing: http://h/b.");
-        row("E: Malformed entry 1 in list file x.list (URI)\n",
-            "Malformed entry 1 in list file x.list (URI)");
     }
 
     void trustOfTheSystem()

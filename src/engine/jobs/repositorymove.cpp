@@ -67,7 +67,8 @@ bool RepositoryMove::isPossible()
     if (!isNeeded())
         return true;
     QString refusal;
-    if (QStorageInfo(m_to).rootPath() == m_to)
+    // Newer Qt takes a folder that is not there for a root.
+    if (QFileInfo::exists(m_to) && QStorageInfo(m_to).rootPath() == m_to)
         refusal = tr("%1 is the root of a disk. Choose a folder in it.").arg(m_to);
     else if (const QString link = outwardLink(m_from); !link.isEmpty())
         refusal
