@@ -4,6 +4,7 @@
 #include "core/countof.h"
 #include "ui/widgets/sections.h"
 
+#include <QHash>
 #include <QPair>
 
 #include <algorithm>
@@ -73,7 +74,7 @@ void PackageTree::build(const QList<PackageInfoPtr> &packages)
     m_byKey.clear();
     m_breaking.clear();
     m_items.reserve(static_cast<std::size_t>(packages.size()) + 128);
-    m_byKey.reserve(packages.size());
+    m_byKey.reserve(static_cast<std::size_t>(packages.size()));
 
     RepoItem rootItem;
     rootItem.kind = RepoItem::Repository;
@@ -130,12 +131,18 @@ void PackageTree::build(const QList<PackageInfoPtr> &packages)
 QList<PackageInfoPtr> PackageTree::packages() const
 {
     QList<PackageInfoPtr> result;
-    result.reserve(m_byKey.size());
+    result.reserve(countOf(m_byKey));
     for (const RepoItem &entry : m_items) {
         if (entry.package)
             result.append(entry.package);
     }
     return result;
+}
+
+int PackageTree::packageId(const PackageKey &key) const
+{
+    const auto known = m_byKey.find(key);
+    return known == m_byKey.end() ? -1 : known->second;
 }
 
 int PackageTree::containerId(int parent, const QString &code) const
@@ -234,7 +241,7 @@ int PackageTree::insert(RepoItem newItem, int parent, int row)
     for (int i = row; i < children.size(); ++i)
         at(children.at(i)).row = i;
     if (item(id).package) {
-        m_byKey.insert(PackageKey::of(*item(id).package), id);
+        m_byKey.insert_or_assign(PackageKey::of(*item(id).package), id);
         count(item(id), 1);
         updateDistinction(id);
     }
@@ -246,7 +253,7 @@ void PackageTree::take(int id)
     const RepoItem taken = item(id);
     if (taken.package) {
         count(taken, -1);
-        m_byKey.remove(PackageKey::of(*taken.package));
+        m_byKey.erase(PackageKey::of(*taken.package));
     }
     QVector<int> &siblings = at(taken.parent).children;
     siblings.remove(taken.row);

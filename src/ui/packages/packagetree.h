@@ -5,9 +5,9 @@
 #include "ui/packages/breakingpackages.h"
 #include "ui/packages/repoitem.h"
 
-#include <QHash>
 #include <QList>
 
+#include <unordered_map>
 #include <vector>
 
 /**
@@ -32,7 +32,7 @@ public:
     /** The packages that keep others from being installed. */
     const BreakingPackages &breaking() const { return m_breaking; }
     /** The id of the package; -1 when it is not in the tree. */
-    int packageId(const PackageKey &key) const { return m_byKey.value(key, -1); }
+    int packageId(const PackageKey &key) const;
     /** The id of the component or section with this code; -1 when there is none. */
     int containerId(int parent, const QString &code) const;
     /** Whether a new record belongs to the same section and component as the present item. */
@@ -60,9 +60,14 @@ public:
     void setRootTitle(const QString &title) { at(RootId).title = title; }
 
 private:
+    struct KeyHash
+    {
+        std::size_t operator()(const PackageKey &key) const { return qHash(key); }
+    };
+
     std::vector<RepoItem> m_items;
     std::vector<int> m_freeIds;
-    QHash<PackageKey, int> m_byKey; ///< ids of the packages
+    std::unordered_map<PackageKey, int, KeyHash> m_byKey; ///< ids of the packages, which build() points to
     BreakingPackages m_breaking;
 
     RepoItem &at(int id) { return m_items[static_cast<std::size_t>(id)]; }

@@ -167,7 +167,7 @@ QString PreviewModel::happens(const PreviewRow &row)
     return kind.isEmpty() ? tr("Is replaced") : tr("Is replaced: %1").arg(kind);
 }
 
-const QString &PreviewModel::usualFate(const PreviewRow &row) const
+QString PreviewModel::usualFate(const PreviewRow &row) const
 {
     constexpr int RelationCount = PreviewRow::SameVersion + 1;
     constexpr int KindCount = PackageChange::Removed + 1;

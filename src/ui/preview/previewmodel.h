@@ -74,7 +74,7 @@ Q_SIGNALS:
 
 private:
     void showSwitched();
-    const QString &usualFate(const PreviewRow &row) const;
+    QString usualFate(const PreviewRow &row) const;
     QString origin(const PreviewRow &row) const;
     QString toolTip(const PreviewRow &row, int column) const;
     static QString happens(const PreviewRow &row);
