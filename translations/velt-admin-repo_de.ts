@@ -146,6 +146,10 @@
         <source>The source %1 has expired: it is no longer updated, or the clock of this machine is wrong.</source>
         <translation>Die Paketquelle %1 ist abgelaufen: Sie wird nicht mehr aktualisiert, oder die Uhr dieses Rechners geht falsch.</translation>
     </message>
+    <message>
+        <source>apt of this machine cannot use addresses with &quot;%1:&quot;.</source>
+        <translation>apt auf diesem Rechner kann Adressen mit „%1:“ nicht verwenden.</translation>
+    </message>
 </context>
 <context>
     <name>AptUtils</name>
@@ -2580,6 +2584,10 @@ Ohne Auswahl .gz.</translation>
         <source>If the line stays, apt reports an error at each update, and with trusted=yes whoever takes the port decides what is installed with the rights of root.</source>
         <translation>Bleibt die Zeile stehen, meldet apt bei jeder Aktualisierung einen Fehler, und bei trusted=yes entscheidet, wer den Port belegt, was mit den Rechten von root installiert wird.</translation>
     </message>
+    <message>
+        <source>Choose HTTP as the server type, then add the repository once more: apt of this machine has no FTP.</source>
+        <translation>Wählen Sie HTTP als Servertyp und fügen Sie das Repository noch einmal hinzu: apt auf diesem Rechner kann kein FTP.</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -4412,9 +4420,11 @@ Ein oder mehrere Werte</translation>
     </message>
     <message>
         <source>apt uses FTP only when a file in the client&apos;s /etc/apt/apt.conf.d holds this line:
-Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
+Dir::Bin::Methods::ftp &quot;ftp&quot;;
+From Debian 13 on it has no FTP at all.</source>
         <translation>apt verwendet FTP nur, wenn eine Datei in /etc/apt/apt.conf.d auf dem Client diese Zeile enthält:
-Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
+Dir::Bin::Methods::ftp &quot;ftp&quot;;
+Ab Debian 13 kann es gar kein FTP.</translation>
     </message>
 </context>
 <context>

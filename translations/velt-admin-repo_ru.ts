@@ -146,6 +146,10 @@
         <source>The source %1 has expired: it is no longer updated, or the clock of this machine is wrong.</source>
         <translation>Срок действия источника %1 истёк: он больше не обновляется, или часы этого компьютера идут неверно.</translation>
     </message>
+    <message>
+        <source>apt of this machine cannot use addresses with &quot;%1:&quot;.</source>
+        <translation>apt на этом компьютере не может использовать адреса с «%1:».</translation>
+    </message>
 </context>
 <context>
     <name>AptUtils</name>
@@ -2609,6 +2613,10 @@ Without a choice, .gz.</source>
         <source>If the line stays, apt reports an error at each update, and with trusted=yes whoever takes the port decides what is installed with the rights of root.</source>
         <translation>Если строка останется, apt будет сообщать об ошибке при каждом обновлении, а при trusted=yes занявший порт решает, что устанавливается с правами root.</translation>
     </message>
+    <message>
+        <source>Choose HTTP as the server type, then add the repository once more: apt of this machine has no FTP.</source>
+        <translation>Выберите тип сервера HTTP и добавьте репозиторий ещё раз: apt на этом компьютере не умеет работать по FTP.</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -4462,9 +4470,11 @@ One or more values</source>
     </message>
     <message>
         <source>apt uses FTP only when a file in the client&apos;s /etc/apt/apt.conf.d holds this line:
-Dir::Bin::Methods::ftp &quot;ftp&quot;;</source>
-        <translation>apt использует FTP, только если в одном из файлов каталога /etc/apt/apt.conf.d на клиенте есть строка:
-Dir::Bin::Methods::ftp &quot;ftp&quot;;</translation>
+Dir::Bin::Methods::ftp &quot;ftp&quot;;
+From Debian 13 on it has no FTP at all.</source>
+        <translation>apt использует FTP, только если файл в /etc/apt/apt.conf.d клиента содержит такую строку:
+Dir::Bin::Methods::ftp &quot;ftp&quot;;
+Начиная с Debian 13 он вовсе не умеет работать по FTP.</translation>
     </message>
 </context>
 <context>

@@ -33,10 +33,10 @@ struct Failure
     const char *text; ///< %1 is the source
 };
 
-const std::array<Failure, 7> &failures()
+const std::array<Failure, 8> &failures()
 {
     // The first match is used, so the general ones come last.
-    static const std::array<Failure, 7> all{{
+    static const std::array<Failure, 8> all{{
         {QRegularExpression(
              QStringLiteral("Skipping acquire of configured file .* as repository '(?<source>.+?)'"
                             " doesn't have the component")),
@@ -61,6 +61,8 @@ const std::array<Failure, 7> &failures()
         {QRegularExpression(QStringLiteral(
              "Failed to fetch (?<source>\\S+)  .*(?:[Cc]onnect|[Rr]esolv|[Tt]imed out|[Uu]nreachable)")),
          QT_TRANSLATE_NOOP("AptFetch", "The server could not be reached: %1.")},
+        {QRegularExpression(QStringLiteral("^E: The method driver .*/(?<source>[a-z+]+) could not be found")),
+         QT_TRANSLATE_NOOP("AptFetch", "apt of this machine cannot use addresses with \"%1:\".")},
         {QRegularExpression(QStringLiteral("Failed to fetch (?<source>\\S+)")),
          QT_TRANSLATE_NOOP("AptFetch", "The source could not be fetched: %1.")},
     }};

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Shows the public part of a repository at a mount point and starts the server there. The server has a mount namespace
 // of its own, so its end also ends the mounts. Needs CAP_SYS_ADMIN, and CAP_DAC_READ_SEARCH to reach the directory.
+#include "requestlog.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -30,7 +32,8 @@ constexpr const char *Usage
 Shows in MOUNTPOINT/public what clients may see of the repository DIRECTORY, read-only, and runs COMMAND there.
 With --shut-in, COMMAND sees programs and MOUNTPOINT alone. No link is followed in the repository, which is
 MOUNTPOINT/repository. The numbers READER and READER_GROUP tell COMMAND with whose rights to read: with those of
-the owner of DIRECTORY, or with those of the owner of RUNTIME_DIRECTORY.
+the owner of DIRECTORY, or with those of the owner of RUNTIME_DIRECTORY. What COMMAND writes to /dev/requests comes
+to the standard error output, and the first 64 MiB of both get there.
 All paths are absolute.)";
 
 /** The parts that clients may see. Everything else in the repository's directory is private to its owner. */
@@ -181,6 +184,8 @@ void shutIn(const std::string &mountPoint)
         const Descriptor empty(::open(inside(file).c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644));
         place(copied(AT_FDCWD, file), AT_FDCWD, inside(file));
     }
+    if (!RequestLog::make(inside(RequestLog::Path).c_str()))
+        throw Failure(RequestLog::Path);
     makeFolder(inside(mountPoint));
     if (::syscall(SYS_pivot_root, ".", ".") != 0 || ::umount2(".", MNT_DETACH) != 0 || ::chdir("/") != 0)
         throw Failure(root);
@@ -278,16 +283,26 @@ void follow(const Folders &folders)
         throw Failure("The repository cannot be watched");
 }
 
-/** Tells the command whose rights to read with; these are never root's. */
-void tellReader(const Repository &repository)
+/** With whose rights the server reads; these are never root's. */
+struct Reader
+{
+    uid_t user;
+    gid_t group;
+};
+
+Reader readerOf(const Repository &repository)
 {
     const char *const own = ::getenv("RUNTIME_DIRECTORY");
     struct stat status = {};
     if (own == nullptr || ::stat(own, &status) != 0 || status.st_uid == 0)
         throw std::runtime_error("RUNTIME_DIRECTORY has to be a folder of the service's own user.");
-    const uid_t reader = repository.isLent ? repository.owner : status.st_uid;
-    if (::setenv("READER", std::to_string(reader).c_str(), 1) != 0
-        || ::setenv("READER_GROUP", std::to_string(status.st_gid).c_str(), 1) != 0)
+    return {repository.isLent ? repository.owner : status.st_uid, status.st_gid};
+}
+
+void tell(const Reader &reader)
+{
+    if (::setenv("READER", std::to_string(reader.user).c_str(), 1) != 0
+        || ::setenv("READER_GROUP", std::to_string(reader.group).c_str(), 1) != 0)
         throw Failure("READER");
 }
 
@@ -316,9 +331,12 @@ void run(int count, char **words)
         throw Failure("The repository cannot be mounted");
     restrict(tree, isShutIn ? MOUNT_ATTR_NOSYMFOLLOW : 0);
     if (isShutIn) {
-        tellReader(repository);
+        const Reader reader = readerOf(repository);
+        tell(reader);
         shutIn(mountPoint);
         link(mountRepository(tree, mountPoint));
+        if (!RequestLog::start(reader.user, reader.group))
+            throw Failure("The log of the requests cannot be written");
     } else {
         follow(mountRepository(tree, mountPoint));
     }

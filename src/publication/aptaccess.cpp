@@ -101,3 +101,8 @@ AptAccess AptAccess::examine(const QString &directory)
         return {ByAnybody, finding.isGuarded};
     return {isForeign(directory) ? NoWay : ByRoot, finding.isGuarded};
 }
+
+bool AptAccess::hasFtp()
+{
+    return QFileInfo::exists(QStringLiteral("/usr/lib/apt/methods/ftp"));
+}

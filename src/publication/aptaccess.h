@@ -21,4 +21,6 @@ struct AptAccess
 
     /** Looks at every served file in this directory, whose path is canonical. Slow: not for the interface thread. */
     static AptAccess examine(const QString &directory);
+    /** Whether this machine's apt has what fetches over FTP, even if it must be told to use it; newer ones have not. */
+    static bool hasFtp();
 };

@@ -41,7 +41,7 @@ std::optional<LocalSourceChoice> LocalSourceChoice::of(const LocalSourceFacts &f
         // Another machine may have any other address one day.
         line.host = PublicationAddresses::loopback();
     }
-    if (line.protocol < 0)
+    if (line.protocol < 0 || (line.protocol == FtpProtocol && !facts.hasFtp))
         return std::nullopt;
     choice.risk = line.trusted ? OthersServe : NoRisk;
     return choice;

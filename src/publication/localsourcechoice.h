@@ -14,6 +14,8 @@ struct LocalSourceFacts
     AptAccess access;
     QString fingerprint; ///< of the key that has signed the repository, if it can be handed out; else empty
     QVector<Publication> publications; ///< the repository's
+    bool hasFtp
+        = true; ///< whether this machine's apt can use FTP: a source that it cannot use stops every update
 };
 
 /**
@@ -31,6 +33,6 @@ struct LocalSourceChoice
     SourceLine line;
     Risk risk = NoRisk;
 
-    /** Nothing when only the network is possible and the user has not chosen a server type yet. */
+    /** Nothing when only the network is possible and the user has not chosen a server type that apt can use. */
     static std::optional<LocalSourceChoice> of(const LocalSourceFacts &facts);
 };

@@ -57,6 +57,8 @@ bool FtpServer::publish(const QString &path, int port)
           && SystemFile::write(
               m_configPath, newConfig(path, port, *before), 0644, SystemFile::Existing::Replaced, &errorText);
     warn(errorText);
+    // Requests in a row are no restart loop.
+    m_service->resetFailed();
     if (!isWritten || !(before->isActive ? m_service->restart() : m_service->start())
         || !m_service->staysActive(WatchTime) || !isPublished(port)) {
         warn(m_service->errorText());

@@ -75,6 +75,8 @@ bool HttpServer::publish(const QString &path, int port)
     if (!before)
         return false;
     VeltAdmin::SystemdService service(PublicationUnit::serviceName(port));
+    // Requests in a row are no restart loop.
+    service.resetFailed();
     if (!install(unit, port) || !service.start() || !service.staysActive(WatchTime) || !isPublished(port)) {
         if (!service.errorText().isEmpty())
             qCWarning(category, "%ls", qUtf16Printable(service.errorText()));

@@ -28,7 +28,10 @@ public:
     /** Decides whether the service starts with the system. The running service does not change. */
     bool enable();
     bool disable();
-    /** Resets the "failed" state of the service in the manager. */
+    /**
+     * Resets the "failed" state of the service in the manager, and its count of starts: it refuses the sixth within ten
+     * seconds.
+     */
     bool resetFailed();
 
     bool isActive() const;

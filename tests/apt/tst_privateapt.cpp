@@ -25,6 +25,10 @@ private Q_SLOTS:
             "timed "
             "out\nE: Failed to fetch http://h/b  404  Not Found\n",
             "The server could not be reached: http://h/a.|A part of the source is missing: http://h/b.");
+        row("E: The method driver /usr/lib/apt/methods/ftp could not be found.\n"
+            "E: Failed to fetch ftp://h/dists/x/InRelease  \n",
+            "apt of this machine cannot use addresses with \"ftp:\".|"
+            "The source could not be fetched: ftp://h/dists/x/InRelease.");
     }
 
     void trustOfTheSystem()

@@ -64,4 +64,4 @@ while asked < count and not others:
                 break
 os.kill(child, signal.SIGKILL)
 os.wait()
-print("own" if own > count // 10 else own, *sorted(others))
+print("own" if own > count // 100 else own, *sorted(others))

@@ -37,7 +37,7 @@ private Q_SLOTS:
         QCOMPARE(box(R"(process=$(pgrep -x lighttpd); cd /proc/$process
             grep -E '^(Uid|CapPrm|CapEff):' status | xargs; ls root root/dev root/srv | xargs)"_s),
                  "Uid: %1 %1 %1 %1 CapPrm: 0000000000000400 CapEff: 0000000000000400\n"
-                 "root: bin dev etc %2 sbin srv usr root/dev: null root/srv: =repository"_s.arg(
+                 "root: bin dev etc %2 sbin srv usr root/dev: null requests root/srv: =repository"_s.arg(
                      box("id -u tester"_s), box("cd /; ls -d lib* | xargs"_s)));
         QCOMPARE(asUser("python3 /shared/exchange.py \"$1\" 8080 /run/vault 200000"_s, {closedRepo}),
                  "own"_s);
@@ -60,7 +60,7 @@ private Q_SLOTS:
                  QString());
         QCOMPARE(m_system.publish(place, 8081, 0), "b true"_s);
         const QString look
-            = "systemctl restart public-repo-8081; sleep 0.5; "
+            = "systemctl reset-failed public-repo-8081; systemctl restart public-repo-8081; sleep 0.5; "
               "curl -s -o /dev/null -w '%{http_code}' http://127.0.0.1:8081/dists/birch/Release || true"_s;
         QCOMPARE(box(look), "200"_s);
         QCOMPARE(asUser("cd /srv/both; mv repo aside; mv bobs repo"_s), QString());
@@ -157,12 +157,23 @@ print(*[seen("RETR dists/" + suite + "/Release").split(" Date")[0] for suite in 
         box("systemctl stop flood"_s);
     }
 
+    void endsTheLogAtItsMaximum()
+    {
+        QCOMPARE(
+            box("curl -s -Z -o /dev/null -w '%{http_code}\n' \"http://127.0.0.1:8080/dists/birch/Release?$("
+                "printf '%8000s' | tr ' ' x)[1-9000]\" | sort | uniq -c | xargs"_s),
+            "9000 200"_s);
+        const QString size = "stat -L -c %s /tmp/http8080.log"_s;
+        QTRY_COMPARE_WITH_TIMEOUT(box(size), QString::number(64 * 1024 * 1024), 15000);
+        QCOMPARE(httpCode("/dists/birch/Release"_s), "200"_s);
+    }
+
     void leavesNothingMounted()
     {
         const QString look = "grep -c -e velt -e repo /proc/self/mountinfo || true; pgrep -c -f "
                              "velt-admin-repo-moun[t] || true; "
                              "ls /run | grep -e velt-admin -e public-repo || true"_s;
-        QCOMPARE(box(look), "0\n1\npublic-repo-8080\nvelt-admin-repo-ftp"_s);
+        QCOMPARE(box(look), "0\n2\npublic-repo-8080\nvelt-admin-repo-ftp"_s);
         QCOMPARE(
             box("systemctl kill -s KILL public-repo-8080 vsftpd; systemctl stop public-repo-8080; sleep 0.5; "_s
                 + look),

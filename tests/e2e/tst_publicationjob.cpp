@@ -170,12 +170,18 @@ private Q_SLOTS:
         QCOMPARE(publish(openRepo, 2121, 1), "b true"_s);
         QCOMPARE(box("systemctl is-active vsftpd; systemctl is-enabled vsftpd"_s), "active\nenabled"_s);
         QCOMPARE(box("cat /etc/vsftpd.conf.velt-admin-repo.orig"_s), byHand);
-        const QString source = "deb [trusted=yes] ftp://127.0.0.1:2121/ birch main"_s;
-        const QString update = m_system.apt(source, "update"_s);
-        QVERIFY2(update.contains("Get:"_s) && !update.contains("W:"_s), qPrintable(update));
-        QCOMPARE(asUser("rm -f ~/fizz*.deb"_s), QString());
-        const QString download = m_system.apt(source, "download fizz"_s);
-        QVERIFY2(asUser("ls ~"_s).contains("fizz_1.0_amd64.deb"_s), qPrintable(download));
+        const QString package = "pool/main/f/fizz/fizz_1.0_amd64.deb"_s;
+        QCOMPARE(box("curl -s ftp://127.0.0.1:2121/%1 | cmp - \"$1\"/%1"_s.arg(package), {openRepo}),
+                 QString());
+        // Newer versions of apt cannot be clients.
+        if (QFile::exists("/usr/lib/apt/methods/ftp"_s)) {
+            const QString source = "deb [trusted=yes] ftp://127.0.0.1:2121/ birch main"_s;
+            const QString update = m_system.apt(source, "update"_s);
+            QVERIFY2(update.contains("Get:"_s) && !update.contains("W:"_s), qPrintable(update));
+            QCOMPARE(asUser("rm -f ~/fizz*.deb"_s), QString());
+            const QString download = m_system.apt(source, "download fizz"_s);
+            QVERIFY2(asUser("ls ~"_s).contains("fizz_1.0_amd64.deb"_s), qPrintable(download));
+        }
         // Nobody writes.
         QVERIFY(box("curl -s -T /etc/hostname ftp://127.0.0.1:2121/pool/x"_s).contains("[25:"_s));
 

@@ -117,6 +117,7 @@ private Q_SLOTS:
             LocalSourceChoice::OthersServe);
         row("foreign published", "http://127.0.0.1:8000/");
         row("foreign trusted", "");
+        row("foreign ftp", "");
     }
 
     void localSourceChoice()
@@ -136,6 +137,11 @@ private Q_SLOTS:
         if (is("published"))
             facts.publications = {{{21, "FTP"_s, "/r"_s}, FtpProtocol, "active"_s},
                                   {{8000, "HTTP"_s, "/r"_s}, HttpProtocol, "active"_s}};
+        if (is("ftp")) {
+            facts.publications = {{{21, "FTP"_s, "/r"_s}, FtpProtocol, "active"_s}};
+            QCOMPARE(LocalSourceChoice::of(facts)->line.protocol, int(FtpProtocol));
+            facts.hasFtp = false;
+        }
         const std::optional<LocalSourceChoice> choice = LocalSourceChoice::of(facts);
         QCOMPARE(choice.has_value(), !line.isEmpty());
         if (!choice)

@@ -91,6 +91,7 @@ void LocalSourceCommand::add(RepoWidget *widget)
 LocalSourceCommand::Finding LocalSourceCommand::look(LocalSourceFacts facts, const QString &codename)
 {
     facts.access = AptAccess::examine(facts.directory);
+    facts.hasFtp = AptAccess::hasFtp();
     const RepositoryKey key = RepositoryKey::read(facts.directory, codename);
     if (!key.isGood)
         return {facts, {}};
@@ -115,7 +116,11 @@ void LocalSourceCommand::choose(RepoWidget *widget, const Finding &finding)
     if (!choice) {
         giveUp();
         widget->showPublication();
-        m_bench.feedback.announce(tr("Choose a server type, then add the repository once more."));
+        m_bench.feedback.announce(
+            finding.facts.hasFtp
+                ? tr("Choose a server type, then add the repository once more.")
+                : tr("Choose HTTP as the server type, then add the repository once more: apt of this machine "
+                     "has no FTP."));
         widget->publicationPanel()->askServerType();
         return;
     }
