@@ -9,11 +9,14 @@ if [ "$(. /etc/os-release && echo "${VERSION_CODENAME-}")" = bookworm ]; then
     packages_release=(libqca-qt5-2-plugins libqt5svg5 qttranslations5-l10n)
     # Other versions of clang-format format otherwise.
     packages_format=(clang-format-14)
+    packages_units=()
 else
     packages_qt=(qt6-base-dev qt6-tools-dev qt6-l10n-tools libqca-qt6-dev libkf6archive-dev libkf6coreaddons-dev)
     # Here archivemount does not bring the program that unmounts.
     packages_release=(libqca-qt6-plugins qt6-svg-plugins qt6-translations-l10n fuse3)
     packages_format=()
+    # Where units belong.
+    packages_units=(systemd-dev)
 fi
 packages_build=(g++ cmake ninja-build "${packages_qt[@]}" zlib1g-dev libapt-pkg-dev libcadical-dev libsystemd-dev libxxhash-dev pkgconf po4a rapidjson-dev)
 packages_run=(reprepro archivemount dpkg apt gnupg lsb-release "${packages_release[@]}" breeze-icon-theme hicolor-icon-theme)
@@ -21,7 +24,7 @@ packages_test=(dpkg-dev debsig-verify gpgv shellcheck xvfb xauth openbox fonts-d
     lighttpd vsftpd polkitd dbus systemd curl procps iproute2 python3 zstd)
 packages_bench=(libbenchmark-dev dose-distcheck jq wrk)
 packages_fuzz=(clang libclang-rt-dev)
-packages_package=(dpkg-dev debhelper lintian mmdebstrap man-db desktop-file-utils appstream fonts-dejavu-core
+packages_package=(build-essential "${packages_units[@]}" dpkg-dev debhelper lintian mmdebstrap man-db desktop-file-utils appstream fonts-dejavu-core
     lighttpd vsftpd polkitd dbus systemd curl procps iproute2)
 
 # need PACKAGE...: installs the missing packages. When none is missing, it only asks dpkg.
