@@ -2586,7 +2586,7 @@ Ohne Auswahl .gz.</translation>
     </message>
     <message>
         <source>Choose HTTP as the server type, then add the repository once more: apt of this machine has no FTP.</source>
-        <translation>Wählen Sie HTTP als Servertyp und fügen Sie das Repository noch einmal hinzu: apt auf diesem Rechner kann kein FTP.</translation>
+        <translation>Wählen Sie HTTP als Serverart und fügen Sie das Repository noch einmal hinzu: apt auf diesem Rechner kann kein FTP.</translation>
     </message>
 </context>
 <context>
