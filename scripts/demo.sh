@@ -135,14 +135,12 @@ until_true 20 indexed hello 1.1 || die "the newer package is not in the index"
 sleep 1
 
 say "Removing a package"
-# Clicks at the search line, and then at the top of the tree, where typing a name jumps to its row.
+# From the tree to the search line, and on to the package that it has found.
 focus "velt-admin-repo"
-window=$(xdotool search --onlyvisible --name "velt-admin-repo" | head -n 1)
-click() { xdotool mousemove --window "$window" "$1" "$2" click 1; }
-click 200 125
+keys shift+Tab
 write "goodbye"
 sleep 1
-click 120 175
+keys Down
 write "goodbye"
 sleep 0.5
 picture 4-package-selected
@@ -151,8 +149,7 @@ picture 5-remove-confirmation
 keys alt+y
 until_true 20 unindexed goodbye || die "the package is still in the index"
 focus "velt-admin-repo"
-click 200 125
-keys ctrl+a BackSpace
+keys shift+Tab ctrl+a BackSpace
 sleep 1
 picture 6-package-removed
 
