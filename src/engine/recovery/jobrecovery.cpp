@@ -237,8 +237,8 @@ ProcessResult JobRecovery::rereference()
 {
     const QString path = m_context.path();
     ProcessResult result = m_context.reprepro.run(ReproCommand::rereference());
-    // A run that was killed right here can have torn the references, and of a job that stands there is no copy. reprepro
-    // makes them anew from the packages, which that run has only read.
+    // A run that was killed right here can have torn the references, and of a job that stands there is no copy.
+    // reprepro makes them anew from the packages, which that run has only read.
     const QString references = QStringLiteral("references.db");
     if (result.succeeded() || RunningPoint::exists(path) || !ReproAnswer::databaseTroubled(result.errorOutput)
         || !result.errorOutput.contains(references))

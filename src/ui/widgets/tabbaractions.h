@@ -11,7 +11,8 @@ class QTabWidget;
 
 /**
  * Actions of the tab bar for the tab under the pointer: a context menu, closing with the middle button, and dragging
- * onto a tab, which comes to the front when the pointer stays there. An action applies to the tab on which it began, even if tabs are opened, closed or moved meanwhile.
+ * onto a tab, which comes to the front when the pointer stays there. An action applies to the tab on which it began,
+ * even if tabs are opened, closed or moved meanwhile.
  */
 class TabBarActions : public QObject
 {
