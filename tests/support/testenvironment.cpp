@@ -29,6 +29,9 @@ TestEnvironment::TestEnvironment()
     // A test must not call services of this machine, so there is no bus unless a test names one.
     if (qEnvironmentVariableIsEmpty("DBUS_SYSTEM_BUS_ADDRESS"))
         qputenv("DBUS_SYSTEM_BUS_ADDRESS", QByteArray("unix:path=" + home + "/bus"));
+    // Without an address libdbus starts a bus, from a process that it forks beside our threads: it can hang there.
+    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS"))
+        qputenv("DBUS_SESSION_BUS_ADDRESS", QByteArray("unix:path=" + home + "/session-bus"));
     for (const char *folder : {"/.config", "/.cache", "/run", "/gnupg", "/tmp"}) {
         const QString path = m_home.path() + QLatin1String(folder);
         QDir().mkpath(path);
