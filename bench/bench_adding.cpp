@@ -2,6 +2,7 @@
 // Adding, replacing and removing packages with the engine's jobs. Compared with aptly, and with reprepro called by
 // hand, which writes all indices at the end of every run. All times are for one package.
 #include "benchdata.h"
+#include "core/countof.h"
 #include "enginejob.h"
 
 #include <QDir>
@@ -47,7 +48,7 @@ void measure(benchmark::State &state, int packages, const Work &work)
 void runScript(benchmark::State &state, const char *script, const QString &path, const QStringList &files)
 {
     const QStringList arguments = QStringList{path} + files;
-    measure(state, files.size(), [&] { BenchData::shell(QLatin1String(script), arguments); });
+    measure(state, countOf(files), [&] { BenchData::shell(QLatin1String(script), arguments); });
 }
 
 constexpr const char *IncludeAll = R"(reprepro -s -b "$1" includedeb dogwood "${@:2}")";
@@ -92,7 +93,7 @@ void AddInOneRun(benchmark::State &state)
     const QStringList files = BenchData::packages(BenchData::newPackages());
     const QString path = BenchData::changeableRepository(oldOnes());
     runScript(state, IncludeAll, path, files);
-    require(state, areNewOnesThere(path, files.size()));
+    require(state, areNewOnesThere(path, countOf(files)));
 }
 BENCHMARK(AddInOneRun)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
@@ -122,7 +123,7 @@ run publish repo -skip-signing -skip-contents -architectures=amd64,arm64 measure
                                     "cp -al \"$1/pool\" \"$1/public\" \"$2\"; rm -r \"$2/public/dists\"\n"
                                     "cp -a \"$1/public/dists\" \"$2/public\"; sync -f \"$2\""),
                      {made, path});
-    measure(state, files.size(), [&] {
+    measure(state, countOf(files), [&] {
         aptly(QStringLiteral("run repo add measured \"$2\"\nrun publish update -skip-signing dogwood"),
               BenchData::newPackages());
     });
@@ -147,8 +148,8 @@ void addAll(benchmark::State &state, const HistoryLimits &history)
     RepoShell shell;
     shell.setHistoryLimits(history);
     open(shell, path);
-    measure(state, files.size(), [&] { runJob(shell, [&] { shell.addPackages(files); }); });
-    require(state, areNewOnesThere(path, files.size()));
+    measure(state, countOf(files), [&] { runJob(shell, [&] { shell.addPackages(files); }); });
+    require(state, areNewOnesThere(path, countOf(files)));
 }
 
 void AddJob(benchmark::State &state)
@@ -229,7 +230,7 @@ void ReplaceJob(benchmark::State &state)
             rules->value = PackageReplacementRules::PreferHigher;
         },
         Qt::BlockingQueuedConnection);
-    measure(state, files.size(), [&] { runJob(shell, [&] { shell.addPackages(files); }); });
+    measure(state, countOf(files), [&] { runJob(shell, [&] { shell.addPackages(files); }); });
     require(state, areReplaced(path));
 }
 BENCHMARK(ReplaceJob)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();

@@ -2,6 +2,7 @@
 // The complete check of a repository of 5,000 packages with what apt's sources offer behind it, and the questions that
 // the window asks about one of its packages.
 #include "benchdata.h"
+#include "core/countof.h"
 #include "engine/installability/companionsizes.h"
 #include "engine/installability/cures.h"
 #include "engine/installability/removalimpact.h"
@@ -108,7 +109,7 @@ void CuresOfPackage(benchmark::State &state)
     const CheckScope scope = repository.shell.checkScope(repository.base);
     const auto package = repository.inState(NotInstallable);
     for (auto _ : state)
-        state.counters["cures"] = Cures(scope).of(package, {}).size();
+        state.counters["cures"] = countOf(Cures(scope).of(package, {}));
 }
 BENCHMARK(CuresOfPackage)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 
@@ -119,7 +120,7 @@ void EffectOfCure(benchmark::State &state)
     const auto cures = Cures(scope).of(repository.inState(NotInstallable), {});
     require(state, !cures.isEmpty());
     for (auto _ : state)
-        state.counters["gained"] = Cures(scope).effectOf(cures.value(0), {}).gained.size();
+        state.counters["gained"] = countOf(Cures(scope).effectOf(cures.value(0), {}).gained);
 }
 BENCHMARK(EffectOfCure)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 
@@ -129,7 +130,7 @@ void Companions(benchmark::State &state)
     const CheckScope scope = repository.shell.checkScope(repository.base);
     const auto package = repository.inState(Installable);
     for (auto _ : state)
-        state.counters["companions"] = CompanionSizes(scope).of(package, {}).size();
+        state.counters["companions"] = countOf(CompanionSizes(scope).of(package, {}));
 }
 BENCHMARK(Companions)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(1);
 } // namespace

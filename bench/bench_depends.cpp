@@ -4,6 +4,7 @@
 // tab.
 #include "apt/aptcandidates.h"
 #include "benchdata.h"
+#include "core/countof.h"
 #include "core/processutils.h"
 #include "core/settingskeys.h"
 #include "depends/dependscheck.h"
@@ -59,7 +60,7 @@ void CheckAgainstPublic(benchmark::State &state)
         if (apt.failed())
             qFatal("%s", qPrintable(apt.errorDetail()));
     }
-    state.counters["packages"] = checked.size();
+    state.counters["packages"] = countOf(checked);
     state.counters["errors"] = DependsReport::summary(checked).errors;
     state.counters["peak_MB"] = BenchData::peakMegabytes();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Reading an index of 63,000 records: a plain pass over its lines, compared with the engine.
 #include "benchdata.h"
+#include "core/countof.h"
 #include "engine/repository/packagelisting.h"
 #include "engine/repository/packagesfile.h"
 
@@ -61,7 +62,7 @@ void ReadIndex(benchmark::State &state)
     for (auto _ : state) {
         auto packages = readPackagesFile(
             file, {QStringLiteral("main"), QStringLiteral("amd64"), PackageType::Deb}, QString());
-        records = packages.size();
+        records = countOf(packages);
         // Deleting the records is not part of reading.
         state.PauseTiming();
         packages.clear();
@@ -81,7 +82,7 @@ void CompareIndices(benchmark::State &state)
     listed.removeLast();
     int removed = 0;
     for (auto _ : state)
-        removed = compareListings(known, listed).removed.size();
+        removed = countOf(compareListings(known, listed).removed);
     state.counters["removed"] = removed;
 }
 BENCHMARK(CompareIndices)->Unit(benchmark::kMillisecond)->MinTime(1);

@@ -2,6 +2,7 @@
 // The search in the lists that apt has fetched, compared with apt's own.
 #include "apt/offeredpackages.h"
 #include "benchdata.h"
+#include "core/countof.h"
 #include "enginejob.h"
 
 #include <benchmark/benchmark.h>
@@ -15,7 +16,7 @@ void SearchOutside(benchmark::State &state)
     for (auto _ : state) {
         OfferedPackages offered;
         require(state, offered.refresh());
-        found = offered.withPrefix(QStringLiteral("lib")).size();
+        found = countOf(offered.withPrefix(QStringLiteral("lib")));
     }
     state.counters["found"] = found;
 }

@@ -2,6 +2,7 @@
 // The preview of adding many packages: from the files that are read to the rows. Compared with reading the files alone,
 // which the preview does first.
 #include "benchdata.h"
+#include "core/countof.h"
 #include "engine/archive/packagefile.h"
 #include "engine/changes/runsize.h"
 #include "engine/preview/previewrequest.h"
@@ -21,7 +22,7 @@ void ReadForPreview(benchmark::State &state)
             files, RunSize::Largest, [] { return false; }, PackageFile::ForComparison);
         int read = 0;
         for (int next = 1; next > 0; read += next)
-            next = reader.next(RunSize::Largest).size();
+            next = countOf(reader.next(RunSize::Largest));
         require(state, read == files.size());
     }
 }
@@ -38,7 +39,7 @@ void PreviewOfAdding(benchmark::State &state)
     request.findsEffect = false;
     int rows = 0;
     QObject::connect(&shell, &RepoShell::previewReady, &shell, [&rows](const ChangePreview &preview) {
-        rows = preview.rows.size();
+        rows = countOf(preview.rows);
     });
     for (auto _ : state)
         runJob(shell, [&] { shell.preview(request); });

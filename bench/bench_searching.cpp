@@ -3,6 +3,7 @@
 // result, with all groups expanded and with all collapsed; expanding everything; scrolling by a page. The counters have
 // the slowest time, and the longest time without response of the interface.
 #include "benchdata.h"
+#include "core/countof.h"
 #include "enginejob.h"
 #include "stallmeter.h"
 #include "ui/tab/repowidget.h"
@@ -71,7 +72,7 @@ void Keystroke(benchmark::State &state)
     std::size_t next = 0;
     for (auto _ : state) {
         const char key = keys[next];
-        next = (next + 1) % keys.size();
+        next = (next + 1) % countOf(keys);
         state.SetIterationTime(tab.secondsToPainted([&] {
             if (key == 0)
                 OpenTab::press(tab.line, Qt::Key_Backspace);

@@ -2,6 +2,7 @@
 // What is done with the results of a complete check of 63,000 packages beside the check itself: the digest that tells
 // whether they still hold, which every job ends with, and storing and reading them when nothing can be installed.
 #include "benchdata.h"
+#include "core/countof.h"
 #include "engine/repository/packagesfile.h"
 #include "installability/installabilitystore.h"
 #include "installability/packagesdigest.h"
@@ -53,7 +54,7 @@ void DigestPackages(benchmark::State &state)
     const QList<PackageInfoPtr> packages = listed();
     for (auto _ : state)
         benchmark::DoNotOptimize(PackagesDigest::of(packages));
-    state.counters["packages"] = packages.size();
+    state.counters["packages"] = countOf(packages);
 }
 BENCHMARK(DigestPackages)->Unit(benchmark::kMillisecond)->MinTime(1);
 

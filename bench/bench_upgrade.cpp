@@ -4,6 +4,7 @@
 #include "apt/aptutils.h"
 #include "apt/privateapt.h"
 #include "benchdata.h"
+#include "core/countof.h"
 #include "engine/repository/packagesfile.h"
 #include "engine/upgrade/upgraderules.h"
 #include "enginejob.h"
@@ -105,7 +106,7 @@ void AskForThousand(benchmark::State &state)
         AptUtils utils;
         utils.setEnvironment(apt.environment());
         const auto records = utils.packageRecords(UpgradeRules::questions(packages, architecture()));
-        found = UpgradeRules::upgradable(packages, records).size();
+        found = countOf(UpgradeRules::upgradable(packages, records));
     }
     require(state, found == PackageCount);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "benchdata.h"
 
+#include "core/countof.h"
 #include "core/processutils.h"
 
 #include <KCompressionDevice>
@@ -226,8 +227,8 @@ QString BenchData::changeableRepository(const QVector<PackageSet> &sets)
 
 int BenchData::poolFiles(const QString &repository, const QString &pattern)
 {
-    return shell(QStringLiteral("find \"$1/pool\" -name \"$2\""), {repository, pattern})
-        .count(QLatin1Char('\n'));
+    const QString found = shell(QStringLiteral("find \"$1/pool\" -name \"$2\""), {repository, pattern});
+    return countOf(found.split(QLatin1Char('\n'), Qt::SkipEmptyParts));
 }
 
 void BenchData::write(const QString &path, const QByteArray &bytes)

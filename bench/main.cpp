@@ -10,8 +10,8 @@ int main(int argc, char *argv[])
 {
     // The measurements use neither the user's stored data nor the user's display.
     const QByteArray home = BenchData::folder().toLocal8Bit();
-    qputenv("XDG_CACHE_HOME", home + "/cache");
-    qputenv("XDG_CONFIG_HOME", home + "/config");
+    qputenv("XDG_CACHE_HOME", QByteArray(home + "/cache"));
+    qputenv("XDG_CONFIG_HOME", QByteArray(home + "/config"));
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
