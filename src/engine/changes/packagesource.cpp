@@ -87,7 +87,7 @@ bool PackageSource::write(const QVector<Package> &packages,
         for (const QString &architecture : architectures)
             indices.insert(PackageSourceRules::index(component, architecture), QByteArray());
     for (const Package &package : packages) {
-        const QString name = link(package.path);
+        const QString name = link(QFileInfo(package.path).absoluteFilePath());
         const auto record = PackageSourceRules::record(package.control, package.checksums, name.toLatin1());
         if (!record || name.isEmpty())
             return false;
@@ -105,17 +105,16 @@ bool PackageSource::write(const QVector<Package> &packages,
 
 QString PackageSource::link(const QString &path)
 {
-    const QFileInfo file(path);
-    // A link to each file takes the disk as long as a copy of a small file. Its own name could be any text.
-    const bool isPlain = PackageSourceRules::isPlainFile(file.fileName());
-    const QString target = isPlain ? file.absolutePath() : file.absoluteFilePath();
+    // A link to each folder takes the disk as long as a copy of a small file, so most sources have a single one.
+    const QString end = PackageSourceRules::plainEnd(path);
+    const QString target = path.chopped(end.size());
     QString &name = m_links[target];
     if (name.isEmpty()) {
         name = QStringLiteral("files/%1").arg(m_links.size());
-        if (!isPlain)
+        if (end.isEmpty())
             name += QLatin1String(".deb");
         if (!QFile::link(target, m_folder.filePath(name)))
             return {};
     }
-    return isPlain ? name + QLatin1Char('/') + file.fileName() : name;
+    return end.isEmpty() ? name : name + QLatin1Char('/') + end;
 }

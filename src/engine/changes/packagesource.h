@@ -57,6 +57,6 @@ private:
 
     bool
     write(const QVector<Package> &packages, const QStringList &components, const QStringList &architectures);
-    /** The path by which the source has the file; empty when it could not be made. */
+    /** The path by which the source has the file of an absolute path; empty when it could not be made. */
     QString link(const QString &path);
 };

@@ -203,12 +203,12 @@ bool PackageSourceRules::isPlain(const QString &word)
     return plain.match(word).hasMatch();
 }
 
-bool PackageSourceRules::isPlainFile(const QString &name)
+QString PackageSourceRules::plainEnd(const QString &path)
 {
     // The method that copies the files reads a percent sign as the start of a number.
     static const QRegularExpression plain(
-        QRegularExpression::anchoredPattern(QStringLiteral("[A-Za-z0-9][A-Za-z0-9._+~-]*\\.deb")));
-    return plain.match(name).hasMatch();
+        QStringLiteral("(?<=/)(?:[A-Za-z0-9][A-Za-z0-9._+~-]*+/)*+[A-Za-z0-9][A-Za-z0-9._+~-]*\\.deb\\z"));
+    return plain.match(path).captured();
 }
 
 QString PackageSourceRules::index(const QString &component, const QString &architecture)

@@ -35,8 +35,8 @@ bool areOptionsPlain(const QString &options);
 QByteArray updates(const QString &folder, const QStringList &components, const QStringList &architectures);
 /** Whether a path, component or architecture can stand in updates(). */
 bool isPlain(const QString &word);
-/** Whether the source can have a file under its own name. */
-bool isPlainFile(const QString &name);
+/** The end of a file's absolute path that the source can have as it is; empty when not even the name of the file. */
+QString plainEnd(const QString &path);
 /** The index of a component and an architecture, as a path below the folder of updates(). */
 QString index(const QString &component, const QString &architecture);
 } // namespace PackageSourceRules
