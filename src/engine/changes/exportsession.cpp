@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <future>
 #include <iterator>
 #include <utility>
 
@@ -190,6 +191,17 @@ bool ExportSession::link(const QStringList &poolFiles)
     return m_point.link(earlier);
 }
 
+QStringList ExportSession::filesBefore()
+{
+    if (!m_removed || m_disturbed || config().keepsUnreferencedFiles() || !m_point.keepsFiles())
+        return {};
+    const QSet<QString> earlier = m_atRisk - m_own;
+    QStringList files(earlier.cbegin(), earlier.cend());
+    // Neighbours lie together on the disk.
+    files.sort();
+    return files;
+}
+
 bool ExportSession::mustDropUnused() const
 {
     // While the indices on the disk are old, clients may still fetch the files that they name. When references could
@@ -206,8 +218,16 @@ ProcessResult ExportSession::finish()
     // Without a change nothing is owed; another job may be at work.
     if (!isBegun())
         return result;
-    if (m_exportOwed)
+    if (m_exportOwed) {
+        // Many links take as long as the indices. Those of files that stay in use are released at the commit.
+        const auto links
+            = std::async(std::launch::async | std::launch::deferred, [this, files = filesBefore()] {
+                  for (const QString &file : files)
+                      KeptFiles::link(m_repoPath, file);
+              });
         result = writeIndices();
+        links.wait();
+    }
     // On a full disk the room of the removed packages matters more than old indices that stay valid for a moment, and
     // more than the way back.
     if (m_exportOwed && m_removed && !m_disturbed && !config().keepsUnreferencedFiles()

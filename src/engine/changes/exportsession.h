@@ -144,6 +144,8 @@ private:
     ConfigFolder config() const { return ConfigFolder(m_tools.configFolder()); }
     /** For runs that write the indices and have no configuration of their own. */
     QStringList environmentForIndices();
+    /** The files of the job that were there before it, and may be without use now. Empty when none are kept. */
+    QStringList filesBefore();
     enum Unused { Delete, Keep, Copy };
     /** Takes the unused files that are ours out of the pool. Keep and Copy keep them for the history and for undoing
      *  the job, Copy also where the file system has no links. */
