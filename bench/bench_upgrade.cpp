@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Finding newer versions of 1,000 packages in a source of Debian's size, compared with a script that runs apt and dpkg.
 // Upgrading 500 packages from a source, compared with "reprepro update".
-#include "apt/aptutils.h"
 #include "apt/privateapt.h"
 #include "benchdata.h"
 #include "core/countof.h"
 #include "engine/repository/packagesfile.h"
+#include "engine/upgrade/listedrecords.h"
 #include "engine/upgrade/upgraderules.h"
 #include "enginejob.h"
 
@@ -103,9 +103,10 @@ void AskForThousand(benchmark::State &state)
     const auto packages = shell.packages();
     int found = 0;
     for (auto _ : state) {
-        AptUtils utils;
-        utils.setEnvironment(apt.environment());
-        const auto records = utils.packageRecords(UpgradeRules::questions(packages, architecture()));
+        QString problem;
+        const auto lists = apt.lists({}).value_or(QVector<AptList>());
+        const auto records
+            = ListedRecords::find(lists, UpgradeRules::questions(packages, architecture()), {}, &problem);
         found = countOf(UpgradeRules::upgradable(packages, records));
     }
     require(state, found == PackageCount);

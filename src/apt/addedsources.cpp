@@ -50,14 +50,7 @@ void AddedSources::settle(const StopRequest &stopped)
 
 QVector<AptList> AddedSources::lists(const StopRequest &stopped, QString *problem) const
 {
-    if (!m_apt)
-        return {};
-    AptLists apt(m_apt->environment());
-    if (apt.find(stopped))
-        return apt.lists();
-    if (problem != nullptr && !(stopped && stopped()))
-        *problem = apt.errorDetail();
-    return {};
+    return m_apt ? m_apt->lists(stopped, problem).value_or(QVector<AptList>()) : QVector<AptList>();
 }
 
 QVector<QStringList> AddedSources::environments(const QString &origin) const

@@ -34,11 +34,6 @@ QStringList providersArguments(const QString &name, const QString &listFile)
     return QStringList{QStringLiteral("showpkg"), name} + privateListOptions(listFile);
 }
 
-QStringList namesArguments()
-{
-    return {QStringLiteral("pkgnames")};
-}
-
 QStringList versionsArguments(const QString &name, const QString &architecture, const QString &listFile)
 {
     return recordsArguments(QStringLiteral("%1:%2").arg(name, architecture), listFile);

@@ -33,8 +33,6 @@ QStringList privateListOptions(const QString &listFile);
 QStringList policyArguments(const QString &listFile);
 /** For apt-cache. */
 QStringList providersArguments(const QString &name, const QString &listFile);
-/** For apt-cache. */
-QStringList namesArguments();
 /** For apt. */
 QStringList versionsArguments(const QString &name, const QString &architecture, const QString &listFile);
 /** For apt. */

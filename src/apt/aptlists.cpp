@@ -118,7 +118,23 @@ QVector<ControlText> AptList::read(QString *problem) const
 
 bool AptLists::find(const StopRequest &stopped)
 {
+    const bool isPrivate = !m_environment.isEmpty();
     m_lists.clear();
+    if (!isPrivate && !findFolder(stopped))
+        return false;
+    if ((!isPrivate || m_targets.isEmpty()) && !findTargets(stopped))
+        return false;
+    const QDir folder(m_folder);
+    for (const QString &target : std::as_const(m_targets)) {
+        const AptList list = listIn(target, folder);
+        if (!list.fileName.isEmpty())
+            m_lists.append(list);
+    }
+    return true;
+}
+
+bool AptLists::findFolder(const StopRequest &stopped)
+{
     QString output;
     const QString folderKey = QStringLiteral("Dir::State::lists/d");
     if (!run(AptCommands::AptConfig,
@@ -126,7 +142,7 @@ bool AptLists::find(const StopRequest &stopped)
              stopped,
              output))
         return false;
-    const QDir folder(AptOutput::shellValue(output, QStringLiteral("LISTS")));
+    m_folder = AptOutput::shellValue(output, QStringLiteral("LISTS"));
     QString known;
     if (!run(AptCommands::AptConfig,
              {QStringLiteral("dump"),
@@ -137,8 +153,14 @@ bool AptLists::find(const StopRequest &stopped)
              known))
         return false;
     m_architectures = known.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return true;
+}
+
+bool AptLists::findTargets(const StopRequest &stopped)
+{
     // With the real folder apt reads all lists before it answers, wherever it has no cache file of them.
     const ScratchFolder empty;
+    QString output;
     if (!run(AptCommands::AptGet,
              {QStringLiteral("-o"),
               QStringLiteral("Dir::State::lists=") + empty.path(),
@@ -152,12 +174,7 @@ bool AptLists::find(const StopRequest &stopped)
              stopped,
              output))
         return false;
-    const QStringList lines = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    for (const QString &line : lines) {
-        const AptList list = listIn(line, folder);
-        if (!list.fileName.isEmpty())
-            m_lists.append(list);
-    }
+    m_targets = output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     return true;
 }
 

@@ -32,25 +32,33 @@ struct AptList
 class AptLists
 {
 public:
-    /** `environment` is for apt, see PrivateApt::environment(); empty: the lists of the system. */
-    explicit AptLists(QStringList environment = {})
+    /** The lists of the system. */
+    AptLists() = default;
+    /** The lists of an apt with this environment, in a folder; its sources do not change. See PrivateApt::lists(). */
+    AptLists(QStringList environment, QString folder)
         : m_environment(std::move(environment))
+        , m_folder(std::move(folder))
     { }
 
     /** Finds the lists; false when apt could not be asked. Sources that have no list yet are left out. */
     bool find(const StopRequest &stopped = {});
 
     const QVector<AptList> &lists() const { return m_lists; }
-    /** The architectures for which apt fetches lists. */
+    /** The architectures for which the apt of the system fetches lists. */
     QStringList architectures() const { return m_architectures; }
     QString errorDetail() const { return m_errorDetail; } ///< the error output of apt, after a failure
 
 private:
     QStringList m_environment;
+    QString m_folder; ///< empty: apt has to be asked
+    QStringList m_targets; ///< lines about the lists that the sources can have
     QVector<AptList> m_lists;
     QStringList m_architectures;
     QString m_errorDetail;
 
+    /** Asks for what is known of a private apt. */
+    bool findFolder(const StopRequest &stopped);
+    bool findTargets(const StopRequest &stopped);
     bool
     run(const QString &program, const QStringList &arguments, const StopRequest &stopped, QString &output);
 };

@@ -148,14 +148,6 @@ QVector<AptPackageRecord> AptUtils::packageRecords(const QStringList &names)
     return AptOutput::records(output());
 }
 
-std::optional<QSet<QString>> AptUtils::packageNames()
-{
-    if (!run(AptCommands::AptCache, AptCommands::namesArguments(), m_workingDirectory))
-        return {};
-    const QStringList names = output().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-    return QSet<QString>{names.cbegin(), names.cend()};
-}
-
 QStringList AptUtils::providers(const QString &name)
 {
     const QString failure = tr("apt-cache: error showing package %1 info").arg(name);

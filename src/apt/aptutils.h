@@ -5,11 +5,8 @@
 #include "apt/aptoutput.h"
 #include "core/processutils.h"
 
-#include <QSet>
 #include <QSharedPointer>
 #include <QTemporaryFile>
-
-#include <optional>
 
 /**
  * Asks apt about the packages of public repositories, from the system's sources or from a private list. Every call runs
@@ -58,10 +55,6 @@ public:
      * behind it. Each name is a name or name:architecture; all versions come, also that of the installed package.
      */
     QString packageParagraphs(const QStringList &names);
-
-    /** The names of all packages on offer; nothing, without an error, when they cannot be read. For apt's own sources:
-     *  a private list is not used. */
-    std::optional<QSet<QString>> packageNames();
 
     /** The packages that provide a name, in any of their versions. */
     QStringList providers(const QString &name);

@@ -124,6 +124,7 @@ PrivateApt::PrivateApt(QStringList sources, const QStringList &architectures)
                                                               QCryptographicHash::Sha1)
                                          .toHex());
     m_valid = makeFolders() && writeFiles(named);
+    m_lists = AptLists(environment(), filePath(QStringLiteral("lists")));
 }
 
 QStringList PrivateApt::environment() const
@@ -213,7 +214,8 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
     outcome.details = result.errorOutput;
     if (!result.succeeded() && outcome.problems.isEmpty())
         outcome.problems.append(AptFetch::tr("apt could not fetch the lists of packages."));
-    outcome.usable = hasLists(stopped);
+    const auto found = lists(stopped);
+    outcome.usable = found && !found->isEmpty();
     QFile tried(filePath(TriedName));
     if (tried.open(QIODevice::WriteOnly))
         tried.write(releases.value_or(QByteArray()) + '\n'
@@ -226,6 +228,15 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
             stamp.remove();
     }
     return outcome;
+}
+
+std::optional<QVector<AptList>> PrivateApt::lists(const StopRequest &stopped, QString *problem)
+{
+    if (m_lists.find(stopped))
+        return m_lists.lists();
+    if (problem != nullptr && !(stopped && stopped()))
+        *problem = m_lists.errorDetail();
+    return std::nullopt;
 }
 
 bool PrivateApt::isDue() const
@@ -260,21 +271,6 @@ QDateTime PrivateApt::fetchedAt() const
 void PrivateApt::expire() const
 {
     QFile::remove(filePath(StampName));
-}
-
-bool PrivateApt::hasLists(const StopRequest &stopped) const
-{
-    ProcessCall call{AptCommands::AptGet,
-                     {QStringLiteral("indextargets"),
-                      QStringLiteral("--format"),
-                      QStringLiteral("$(FILENAME)"),
-                      QStringLiteral("Created-By: Packages")},
-                     {},
-                     environment(),
-                     -1};
-    call.stopped = stopped;
-    const ProcessResult result = runProcess(call);
-    return result.succeeded() && !result.output.trimmed().isEmpty();
 }
 
 void PrivateApt::removeOldStates() const

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "apt/aptlists.h"
 #include "apt/candidatesource.h"
 
 #include <QDateTime>
@@ -9,6 +10,7 @@
 #include <QTemporaryFile>
 
 #include <functional>
+#include <optional>
 
 /**
  * A private state of apt for some sources only: lists, cache and settings below the user's cache folder. Programs use
@@ -48,6 +50,12 @@ public:
     Outcome fetch(const StopRequest &stopped, const std::function<void(int percent)> &progress);
 
     /**
+     * The lists that are there, whoever has fetched them. Nothing, with apt's words in `problem`, when apt cannot be
+     * asked, and nothing after a stop.
+     */
+    std::optional<QVector<AptList>> lists(const StopRequest &stopped, QString *problem = nullptr);
+
+    /**
      * Whether it is time to fetch the lists for somebody who can do with those of yesterday, see AptFetch::isDue(), or
      * a source on this computer has changed since the last try.
      */
@@ -70,10 +78,10 @@ private:
     QTemporaryFile m_sourceList;
     QTemporaryFile m_config;
     bool m_valid = false;
+    AptLists m_lists;
 
     QString filePath(const QString &name) const { return m_folder + QLatin1Char('/') + name; }
     bool makeFolders() const;
     bool writeFiles(const QStringList &architectures);
-    bool hasLists(const StopRequest &stopped) const;
     void removeOldStates() const;
 };

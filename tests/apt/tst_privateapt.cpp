@@ -4,6 +4,13 @@
 #include "apt/sourceoptions.h"
 #include "support/testenvironment.h"
 
+namespace
+{
+/** A stand-in fetches one list, and knows of no other. */
+const QByteArray Answers = "case $* in *update*) : >\"${APT_CONFIG%/*}\"/lists/x;; esac\n"
+                           "echo 'x|http://h|x|amd64|main'\n";
+} // namespace
+
 /** apt's state of our own for chosen sources; the program apt-get is a stand-in here. */
 class TestPrivateApt : public QObject
 {
@@ -70,9 +77,8 @@ private Q_SLOTS:
         const QString log = folder.filePath("runs"_s);
         writeScript(
             folder.filePath("bin/apt-get"_s),
-            "#!/bin/sh\necho \"$*\" >>" + log.toLocal8Bit()
-                + "\necho dlstatus:1:42.0:x\n"
-                  "grep -q '^deb http://h x main$' \"$(dirname \"$APT_CONFIG\")\"/*.list || exit 1\n");
+            "#!/bin/sh\necho \"$*\" >>" + log.toLocal8Bit() + "\necho dlstatus:1:42.0:x\n" + Answers
+                + "grep -q '^deb http://h x main$' \"$(dirname \"$APT_CONFIG\")\"/*.list || exit 1\n");
         const ScopedVariable behind("PATH", ScopedVariable::pathBehind(folder.filePath("bin"_s)));
         const auto updates = [&log] { return readFile(log).count("update"); };
         int percent = 0;
@@ -105,7 +111,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QString log = folder.filePath("runs"_s);
         writeScript(folder.filePath("bin/apt-get"_s),
-                    "#!/bin/sh\necho \"$*\" >>" + log.toLocal8Bit() + "\necho x\n");
+                    "#!/bin/sh\necho \"$*\" >>" + log.toLocal8Bit() + '\n' + Answers);
         const ScopedVariable behind("PATH", ScopedVariable::pathBehind(folder.filePath("bin"_s)));
         const QString release = folder.filePath("dists/x/InRelease"_s);
         for (const char *form : {"[trusted=yes] file:%1 x main", "copy://%1/ x main", "file:%1 dists/x/"}) {

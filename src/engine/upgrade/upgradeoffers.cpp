@@ -5,29 +5,8 @@
 #include "apt/privateapt.h"
 #include "engine/changes/jobcontext.h"
 #include "engine/control/listsfetch.h"
+#include "engine/upgrade/listedrecords.h"
 #include "engine/upgrade/upgradesources.h"
-
-#include <algorithm>
-#include <iterator>
-
-namespace
-{
-constexpr int NamesPerRun = 2000;
-constexpr int ManyNames = 500;
-
-/** Without the names that no source has: with hundreds of them apt takes long. */
-QStringList namesOnOffer(const QStringList &names, AptUtils *apt)
-{
-    const auto known = apt->packageNames();
-    if (!known)
-        return names;
-    QStringList offered;
-    std::copy_if(names.cbegin(), names.cend(), std::back_inserter(offered), [&known](const QString &name) {
-        return known->contains(name.section(QLatin1Char(':'), 0, 0));
-    });
-    return offered;
-}
-} // namespace
 
 UpgradeOffers::UpgradeOffers(JobContext &context, UpgradeSources &sources)
     : m_context(context)
@@ -67,22 +46,16 @@ bool UpgradeOffers::askRecords(const QStringList &names, QVector<AptPackageRecor
         return true;
     }
     const auto stopped = [this] { return m_context.control.isCanceled(); };
-    bool failed = false;
-    AptUtils utils;
-    utils.setEnvironment(environment());
-    utils.setStopRequest(stopped);
-    QObject::connect(&utils, &ProcessUtils::error, &utils, [&](const QString &text, const QString &details) {
-        // "No packages found" is an answer: the sources know none of the names.
-        if (details.contains(QLatin1String("No packages found")) || stopped())
-            return;
-        failed = true;
-        m_context.errors.critical(text, details);
-    });
-    const QStringList asked = names.size() > ManyNames ? namesOnOffer(names, &utils) : names;
-    for (int first = 0; first < asked.size() && !failed && !stopped(); first += NamesPerRun)
-        *records += utils.packageRecords(asked.mid(first, NamesPerRun));
-    if (failed || stopped())
+    QString problem;
+    const auto lists = m_apt->lists(stopped, &problem);
+    if (lists)
+        *records = ListedRecords::find(*lists, names, stopped, &problem);
+    if (stopped())
         return false;
+    if (!lists || !problem.isEmpty()) {
+        m_context.errors.critical(AptUtils::tr("Apt error"), problem);
+        return false;
+    }
     m_sources.setOffered(names, m_lists, *records);
     return true;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "apt/aptutils.h"
 #include "apt/privateapt.h"
 #include "engine/engineharness.h"
+#include "engine/upgrade/listedrecords.h"
 #include "support/standin.h"
 #include "support/testkeys.h"
 
@@ -184,20 +186,55 @@ private Q_SLOTS:
         QVERIFY(!written.hasNext());
     }
 
-    void onlyNamesOnOfferAreAskedFor()
+    void listsAnswerAsAptDoes()
     {
-        OldRepo h("foo");
-        QByteArray index = "Package: foo\nVersion: 1\nArchitecture: amd64\nFilename: pool/x\n\n";
+        const QTemporaryDir folder;
+        const auto list = [&folder](const char *path, const QString &packages) {
+            QByteArray text;
+            for (const QString &package : packages.split(u',', Qt::SkipEmptyParts)) {
+                const QStringList words = package.split(u' ');
+                text += "Package: %1\nVersion: %2\nArchitecture: %3\nMaintainer: x\nFilename: "
+                        "pool/%1_%2_%3.deb\n"
+                        "Size: 1\nSHA256: %4\nDescription: x\n SHA256: 0\n\n"_s
+                            .arg(words.at(0), words.at(1), words.at(2), QString(64, words.at(3).front()))
+                            .toLatin1();
+            }
+            writeFile(folder.filePath(QString::fromLatin1(path)), text);
+        };
+        list("s/dists/x/main/binary-amd64/Packages",
+             "foo 1 amd64 a,foo 1:2 amd64 b,g++-1.2 3 amd64 c,every 1 all d,here 1 all e,fo 1 amd64 f"_s);
+        list("s/dists/x/main/binary-i386/Packages", "foo 1 i386 1,every 1 all d,there 1 i386 2"_s);
+        list("s/dists/x/contrib/binary-amd64/Packages", "foo 1 amd64 3,foo 4 amd64 4"_s);
+        list("s/dists/x/contrib/binary-i386/Packages", {});
+        list("flat/Packages", "foo 5 i386 5,every 2 all 6"_s);
+        PrivateApt apt(
+            "[trusted=yes] file:%1/s x main contrib|[trusted=yes] file:%1/flat ./"_s.arg(folder.path())
+                .split(u'|'),
+            "amd64 i386"_s.split(u' '));
+        QVERIFY(apt.fetch({}, {}).usable);
+        QStringList words
+            = "foo:amd64 foo:i386 g++-1.2:amd64 every:amd64 every:i386 here:amd64 there:amd64 there:i386"_s
+                  .split(u' ');
         for (int i = 0; i < 600; ++i)
-            index += "Package: lib.+" + QByteArray::number(i)
-                     + "\nVersion: 1\nArchitecture: amd64\nFilename: pool/x\n\n";
-        writeFile(h.repoPath() + "/dists/dogwood/main/binary-amd64/Packages"_s, index);
-        h.open(h.repoPath());
-        QCOMPARE(h.shell.packages().size(), 601);
-        const StandIn apt(h.at("bin"), "apt", "echo \"$*\" >>'" + h.at("calls").toUtf8() + "'");
-        QCOMPARE(prepare(h, {h.line}), RepoEnums::SUCCESS);
-        QCOMPARE(h.shell.upgradablePackages().size(), 1);
-        QCOMPARE(readFile(h.at("calls")), QByteArray("show foo:amd64 -a\n"));
+            words.append("lib.+%1:amd64"_s.arg(i));
+        const auto sorted = [](const QVector<AptPackageRecord> &records) {
+            QStringList lines;
+            for (const AptPackageRecord &r : records)
+                lines.append(
+                    QStringList{r.name, r.version, r.architecture, r.repository, r.file, r.sha256}.join(
+                        u' '));
+            lines.sort();
+            return lines;
+        };
+        AptUtils judge;
+        judge.setEnvironment(apt.environment());
+        QStringList expected = sorted(judge.packageRecords(words));
+        QCOMPARE(expected.size(), 10);
+        // apt tells one source of each version.
+        expected.insert(1, QString(expected.first()).replace("amd64"_s, "i386"_s));
+        QString problem;
+        QCOMPARE(sorted(ListedRecords::find(apt.lists({}).value(), words, {}, &problem)), expected);
+        QCOMPARE(problem, QString());
     }
 
     void oneFileForAllArchitectures()
