@@ -119,7 +119,8 @@ run publish repo -skip-signing -skip-contents -architectures=amd64,arm64 measure
         BenchData::shell(QStringLiteral("mv \"$1\" \"$2\""), {path, made});
     }
     // Published files are links to files in the pool, so both are linked again.
-    BenchData::shell(QStringLiteral("rm -rf \"$2\"; mkdir \"$2\"; cp -a \"$1/db\" \"$2\"\n"
+    BenchData::setAside(path);
+    BenchData::shell(QStringLiteral("mkdir \"$2\"; cp -a \"$1/db\" \"$2\"\n"
                                     "cp -al \"$1/pool\" \"$1/public\" \"$2\"; rm -r \"$2/public/dists\"\n"
                                     "cp -a \"$1/public/dists\" \"$2/public\"; sync -f \"$2\""),
                      {made, path});

@@ -167,9 +167,15 @@ QStringList BenchData::packages(const PackageSet &set)
     return files;
 }
 
+void BenchData::setAside(const QString &path)
+{
+    shell(QStringLiteral("[ ! -e \"$1\" ] || { mkdir -p \"$2\"; mv \"$1\" \"$2/$(date +%s%N)\"; }"),
+          {path, folder() + QLatin1String("/aside")});
+}
+
 void BenchData::describeRepository(const QString &path)
 {
-    QDir(path).removeRecursively();
+    setAside(path);
     write(
         path + QLatin1String("/conf/distributions"),
         "Codename: dogwood\nSuite: stable\nArchitectures: amd64 arm64\nComponents: main contrib non-free\n");
@@ -177,7 +183,8 @@ void BenchData::describeRepository(const QString &path)
 
 void BenchData::copyRepository(const QString &from, const QString &to)
 {
-    shell(QStringLiteral("rm -rf \"$2\"; mkdir \"$2\"; cd \"$1\"\n"
+    setAside(to);
+    shell(QStringLiteral("mkdir \"$2\"; cd \"$1\"\n"
                          "cp -a conf db dists \"$2\"; [ ! -e pool ] || cp -al pool \"$2\"; sync -f \"$2\""),
           {from, to});
 }
