@@ -96,12 +96,13 @@ void BatchInclusion::includeFromSource(const QVector<Candidate> &candidates)
             suitable.append(candidate);
     if (suitable.size() < FewestFiles || m_failures >= MostFailures || !readsForIndex())
         return;
-    PackageSource source(ConfigFolder(m_context.gate.admit(m_context.path()).configFolder()),
+    recordFiles(suitable);
+    PackageSource source(m_context.path(),
+                         ConfigFolder(m_context.gate.admit(m_context.path()).configFolder()),
                          m_context.repository.info().codename,
                          suitable);
     if (!source.isValid())
         return;
-    recordFiles(suitable);
     const ProcessResult result = m_session.modifyWith(&source.config(), source.arguments());
     const QSet<QString> added = ReproAnswer::addedPlaces(result.output);
     // One file that is refused ends the run for all, mostly before it has changed anything.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/changes/packagesource.h"
 
+#include "engine/archive/packagefile.h"
 #include "engine/changes/packagesourcerules.h"
 #include "engine/reprepro/configfolder.h"
 #include "engine/reprepro/repreprocommands.h"
@@ -44,10 +45,12 @@ bool PackageSource::suits(const Package &package)
            && PackageSourceRules::record(package.control, package.checksums, "x");
 }
 
-PackageSource::PackageSource(const ConfigFolder &own,
+PackageSource::PackageSource(const QString &repoPath,
+                             const ConfigFolder &own,
                              const QString &codename,
                              const QVector<Package> &packages)
     : m_codename(codename)
+    , m_copies(std::in_place, repoPath)
 {
     const auto description = describe(own, codename);
     if (!description || !m_folder.isValid() || !PackageSourceRules::isPlain(m_folder.path()))
@@ -63,10 +66,14 @@ PackageSource::PackageSource(const ConfigFolder &own,
     components.removeDuplicates();
     architectures.removeDuplicates();
     if (write(packages, components, architectures))
-        m_config.emplace(own,
-                         PrivateConfig::Keep,
-                         *description,
-                         PackageSourceRules::updates(m_folder.path(), components, architectures));
+        m_config.emplace(
+            own,
+            PrivateConfig::Keep,
+            *description,
+            PackageSourceRules::updates(m_folder.path(),
+                                        components,
+                                        architectures,
+                                        m_copies ? PackageSourceRules::Linked : PackageSourceRules::Copied));
 }
 
 QString PackageSource::arguments() const
@@ -86,8 +93,11 @@ bool PackageSource::write(const QVector<Package> &packages,
     for (const QString &component : components)
         for (const QString &architecture : architectures)
             indices.insert(PackageSourceRules::index(component, architecture), QByteArray());
-    for (const Package &package : packages) {
-        const QString name = link(QFileInfo(package.path).absoluteFilePath());
+    const QStringList copies = copy(packages);
+    for (int i = 0; i < packages.size(); ++i) {
+        const Package &package = packages.at(i);
+        const QString name
+            = copies.isEmpty() ? link(QFileInfo(package.path).absoluteFilePath()) : copies.at(i);
         const auto record = PackageSourceRules::record(package.control, package.checksums, name.toLatin1());
         if (!record || name.isEmpty())
             return false;
@@ -101,6 +111,22 @@ bool PackageSource::write(const QVector<Package> &packages,
             return false;
     }
     return true;
+}
+
+QStringList PackageSource::copy(const QVector<Package> &packages)
+{
+    const QString folder = QStringLiteral("copies");
+    QStringList paths;
+    bool areCopied = QFile::link(m_copies->folder(), m_folder.filePath(folder));
+    for (auto package = packages.cbegin(); areCopied && package != packages.cend(); ++package) {
+        const QString name = m_copies->add(package->path, PackageFile::LargestForIndex);
+        areCopied = !name.isEmpty();
+        paths.append(folder + QLatin1Char('/') + name);
+    }
+    if (areCopied)
+        return paths;
+    m_copies.reset();
+    return {};
 }
 
 QString PackageSource::link(const QString &path)

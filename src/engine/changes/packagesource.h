@@ -3,6 +3,7 @@
 
 #include "core/packageinfo.h"
 #include "engine/archive/filechecksums.h"
+#include "engine/history/incomingfiles.h"
 #include "engine/reprepro/privateconfig.h"
 #include "files/scratchfolder.h"
 
@@ -18,8 +19,8 @@ class ConfigFolder;
 
 /**
  * A source of packages in a private folder, from which `reprepro update` takes files into the repository. Unlike an
- * inclusion of many files, that run writes its database to the disk at its end and not after each file. It copies the
- * files, and refuses those whose checksums have changed.
+ * inclusion of many files, that run writes its database to the disk at its end and not after each file. It refuses files
+ * whose checksums have changed. The pool gets copies: links to copies made by us, which are cheap, or such of the run.
  */
 class PackageSource
 {
@@ -40,8 +41,11 @@ public:
     /** Whether the source leaves what an inclusion leaves, with this file. */
     static bool suits(const Package &package);
 
-    /** All of the packages must suit. */
-    PackageSource(const ConfigFolder &own, const QString &codename, const QVector<Package> &packages);
+    /** All of the packages must suit. The running job has a restore point, see IncomingFiles. */
+    PackageSource(const QString &repoPath,
+                  const ConfigFolder &own,
+                  const QString &codename,
+                  const QVector<Package> &packages);
 
     /** False when the folder could not be made. */
     bool isValid() const { return m_config && m_config->isValid(); }
@@ -53,10 +57,13 @@ private:
     ScratchFolder m_folder;
     QString m_codename;
     std::optional<PrivateConfig> m_config;
+    std::optional<IncomingFiles> m_copies;
     QHash<QString, QString> m_links; ///< names of the links in the folder, by their targets
 
     bool
     write(const QVector<Package> &packages, const QStringList &components, const QStringList &architectures);
+    /** The paths by which the source has copies of the files; empty when one could not be made. */
+    QStringList copy(const QVector<Package> &packages);
     /** The path by which the source has the file of an absolute path; empty when it could not be made. */
     QString link(const QString &path);
 };

@@ -186,13 +186,15 @@ bool PackageSourceRules::areOptionsPlain(const QString &options)
 
 QByteArray PackageSourceRules::updates(const QString &folder,
                                        const QStringList &components,
-                                       const QStringList &architectures)
+                                       const QStringList &architectures,
+                                       Way way)
 {
-    // The run copies the files: a link would let a later change of the file change the pool.
     return "Name: " + RuleName
-           + QStringLiteral(
-                 "\nMethod: copy:%1\nSuite: x\nComponents: %2\nUDebComponents:\nArchitectures: %3\n")
-                 .arg(folder, components.join(QLatin1Char(' ')), architectures.join(QLatin1Char(' ')))
+           + QStringLiteral("\nMethod: %1:%2\nSuite: x\nComponents: %3\nUDebComponents:\nArchitectures: %4\n")
+                 .arg(way == Linked ? QStringLiteral("file") : QStringLiteral("copy"),
+                      folder,
+                      components.join(QLatin1Char(' ')),
+                      architectures.join(QLatin1Char(' ')))
                  .toLatin1()
            + "IgnoreRelease: yes\nDownloadListsAs: .\n";
 }

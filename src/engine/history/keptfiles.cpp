@@ -31,11 +31,7 @@ bool makeLink(const QString &from, const QString &to)
 /** Makes the folder above the file, below a folder of ours. */
 bool makeFolderFor(const QString &repoPath, const QString &file)
 {
-    const QString folder = KeptFiles::folder(repoPath);
-    if (QFileInfo(folder).isSymLink())
-        QFile::remove(folder);
-    QDir().mkdir(folder);
-    return PointFolders::isOurs(repoPath, folder) && QDir().mkpath(QFileInfo(file).path());
+    return KeptFiles::makeFolder(repoPath) && QDir().mkpath(QFileInfo(file).path());
 }
 
 /** The place of a file that a job has added itself and takes out again. */
@@ -52,6 +48,15 @@ QString laterPlace(const QString &repoPath, const QString &poolFile)
 QString KeptFiles::folder(const QString &repoPath)
 {
     return PointFolders::kept(repoPath);
+}
+
+bool KeptFiles::makeFolder(const QString &repoPath)
+{
+    const QString path = folder(repoPath);
+    if (QFileInfo(path).isSymLink())
+        QFile::remove(path);
+    QDir().mkdir(path);
+    return PointFolders::isOurs(repoPath, path);
 }
 
 QStringList KeptFiles::list(const QString &repoPath)

@@ -13,6 +13,8 @@ namespace KeptFiles
 {
 /** The folder that has the paths below the repository. */
 QString folder(const QString &repoPath);
+/** Makes the folder where it is missing. False when that fails, or when what is there is not ours. */
+bool makeFolder(const QString &repoPath);
 /** The paths of all kept files, below the repository. Names that do not stay in the pool are left out. */
 QStringList list(const QString &repoPath);
 /** Whether pool and database are on one file system that has hard links. Tries it with a file of the pool. */

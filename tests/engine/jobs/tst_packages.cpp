@@ -302,27 +302,39 @@ private Q_SLOTS:
             QVERIFY(plainEnd("/home/x/"_s + file).isEmpty());
     }
 
-    /** A file that changes after it was read fails the run for all. They go in nevertheless. */
+    /** A copy that changes after the file was read fails the run for all. They go in nevertheless. */
     void changedAfterReading()
     {
         RepoHarness h;
         QStringList files;
         for (int i = 10; i < 70; ++i)
             files += h.deb(DebBuilder("p%1"_s.arg(i)));
+        const QByteArray wanted = readFile(files.at(5));
         const QString later = DebBuilder("p15"_s).contents("later").build(h.at("later"));
         const QString log = h.at("runs");
-        const StandIn changer(h.at("bin"),
-                              "reprepro",
-                              "case \"$*\" in *' update '*) cp '" + later.toLocal8Bit() + "' '"
-                                  + files.at(5).toLocal8Bit() + "'; echo >>" + log.toLocal8Bit() + ";; esac");
+        const StandIn changer(
+            h.at("bin"),
+            "reprepro",
+            "case \"$*\" in *' update '*) cp '" + later.toLocal8Bit() + "' '" + h.repoPath().toLocal8Bit()
+                + "/db/velt-admin-repo.kept/incoming/5.deb' && echo >>" + log.toLocal8Bit() + ";; esac");
         QCOMPARE(h.add(files), RepoEnums::SUCCESS);
         QCOMPARE(h.trouble(), QString());
         QVERIFY(readFile(log).size() > 1);
-        QCOMPARE(h.inPool("p15"_s), readFile(later));
+        QCOMPARE(h.inPool("p15"_s), wanted);
+        QCOMPARE(runShell("find pool -type f -links +1; find db -name incoming"_s, h.repoPath()), QString());
         QVERIFY(h.listed().size() == 60 && h.settled());
         // Their folder, to which the runs had a link, is as it was.
         QVERIFY(std::all_of(
             files.cbegin(), files.cend(), [](const QString &file) { return QFile::exists(file); }));
+        // Where the database lies on another disk, the run makes no links.
+        RepoHarness apart;
+        const QTemporaryDir far("/dev/shm/veXXXXXX"_s);
+        runShell("mv db/* '%1'; rmdir db; ln -s '%1' db"_s.arg(far.path()), apart.repoPath());
+        apart.reply = true;
+        apart.open(apart.repoPath());
+        QCOMPARE(apart.add(files), RepoEnums::SUCCESS);
+        QCOMPARE(apart.trouble(), QString());
+        QVERIFY(apart.listed().size() == 60 && apart.settled());
         // A run that fails after it has put the files in.
         RepoHarness other;
         changer.set("case \"$*\" in *' update '*) PATH=$given \"$real\" \"$@\"; exit 254;; esac");

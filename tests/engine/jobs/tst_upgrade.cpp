@@ -353,11 +353,12 @@ private Q_SLOTS:
         const StandIn get(h.at("bin"), "apt-get", record);
         const StandIn apt(h.at("bin2"), "apt", record);
         {
-            // The file that changes before the run for all of them fails it.
+            // Copies that change before the run for all of them fail it, and then the file is another one.
             const StandIn changer(h.at("bin3"),
                                   "reprepro",
-                                  "case \"$*\" in *' update '*) cp '" + changed.toLocal8Bit() + "' '"
-                                      + late.toLocal8Bit() + "';; esac");
+                                  "case \"$*\" in *' update '*) for copy in '" + h.repoPath().toLocal8Bit()
+                                      + "'/db/velt-admin-repo.kept/incoming/* '" + late.toLocal8Bit()
+                                      + "'; do cp '" + changed.toLocal8Bit() + "' \"$copy\"; done;; esac");
             QCOMPARE(upgrade(h), RepoEnums::SUCCESS);
         }
         const QByteArray calls = readFile(h.at("calls"));
