@@ -19,8 +19,8 @@ class ConfigFolder;
 
 /**
  * A source of packages in a private folder, from which `reprepro update` takes files into the repository. Unlike an
- * inclusion of many files, that run writes its database to the disk at its end and not after each file. It refuses files
- * whose checksums have changed. The pool gets copies: links to copies made by us, which are cheap, or such of the run.
+ * inclusion of many files, that run writes its database to the disk at its end and not after each file. It refuses
+ * files whose checksums have changed. The pool gets copies: links to those that we make, which is cheap, or the run's.
  */
 class PackageSource
 {
