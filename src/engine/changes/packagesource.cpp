@@ -50,7 +50,7 @@ PackageSource::PackageSource(const QString &repoPath,
                              const QString &codename,
                              const QVector<Package> &packages)
     : m_codename(codename)
-    , m_copies(std::in_place, repoPath)
+    , m_copies(repoPath)
 {
     const auto description = describe(own, codename);
     if (!description || !m_folder.isValid() || !PackageSourceRules::isPlain(m_folder.path()))
@@ -66,14 +66,10 @@ PackageSource::PackageSource(const QString &repoPath,
     components.removeDuplicates();
     architectures.removeDuplicates();
     if (write(packages, components, architectures))
-        m_config.emplace(
-            own,
-            PrivateConfig::Keep,
-            *description,
-            PackageSourceRules::updates(m_folder.path(),
-                                        components,
-                                        architectures,
-                                        m_copies ? PackageSourceRules::Linked : PackageSourceRules::Copied));
+        m_config.emplace(own,
+                         PrivateConfig::Keep,
+                         *description,
+                         PackageSourceRules::updates(m_folder.path(), components, architectures));
 }
 
 QString PackageSource::arguments() const
@@ -86,19 +82,18 @@ bool PackageSource::write(const QVector<Package> &packages,
                           const QStringList &architectures)
 {
     const QDir folder(m_folder.path());
-    if (!folder.mkdir(Lists) || !folder.mkdir(QStringLiteral("files")))
+    const QString files = QStringLiteral("files");
+    if (!folder.mkdir(Lists) || !QFile::link(m_copies.folder(), folder.filePath(files)))
         return false;
     // The run looks for the index of each component and architecture.
     QMap<QString, QByteArray> indices;
     for (const QString &component : components)
         for (const QString &architecture : architectures)
             indices.insert(PackageSourceRules::index(component, architecture), QByteArray());
-    const QStringList copies = copy(packages);
-    for (int i = 0; i < packages.size(); ++i) {
-        const Package &package = packages.at(i);
-        const QString name
-            = copies.isEmpty() ? link(QFileInfo(package.path).absoluteFilePath()) : copies.at(i);
-        const auto record = PackageSourceRules::record(package.control, package.checksums, name.toLatin1());
+    for (const Package &package : packages) {
+        const QString name = m_copies.add(package.path, PackageFile::LargestForIndex);
+        const QString path = files + QLatin1Char('/') + name;
+        const auto record = PackageSourceRules::record(package.control, package.checksums, path.toLatin1());
         if (!record || name.isEmpty())
             return false;
         for (const PackageInfo &place : package.records)
@@ -111,36 +106,4 @@ bool PackageSource::write(const QVector<Package> &packages,
             return false;
     }
     return true;
-}
-
-QStringList PackageSource::copy(const QVector<Package> &packages)
-{
-    const QString folder = QStringLiteral("copies");
-    QStringList paths;
-    bool areCopied = QFile::link(m_copies->folder(), m_folder.filePath(folder));
-    for (auto package = packages.cbegin(); areCopied && package != packages.cend(); ++package) {
-        const QString name = m_copies->add(package->path, PackageFile::LargestForIndex);
-        areCopied = !name.isEmpty();
-        paths.append(folder + QLatin1Char('/') + name);
-    }
-    if (areCopied)
-        return paths;
-    m_copies.reset();
-    return {};
-}
-
-QString PackageSource::link(const QString &path)
-{
-    // A link to each folder takes the disk as long as a copy of a small file, so most sources have a single one.
-    const QString end = PackageSourceRules::plainEnd(path);
-    const QString target = path.chopped(end.size());
-    QString &name = m_links[target];
-    if (name.isEmpty()) {
-        name = QStringLiteral("files/%1").arg(m_links.size());
-        if (end.isEmpty())
-            name += QLatin1String(".deb");
-        if (!QFile::link(target, m_folder.filePath(name)))
-            return {};
-    }
-    return end.isEmpty() ? name : name + QLatin1Char('/') + end;
 }

@@ -8,7 +8,6 @@
 #include "files/scratchfolder.h"
 
 #include <QByteArray>
-#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -20,7 +19,8 @@ class ConfigFolder;
 /**
  * A source of packages in a private folder, from which `reprepro update` takes files into the repository. Unlike an
  * inclusion of many files, that run writes its database to the disk at its end and not after each file. It refuses
- * files whose checksums have changed. The pool gets copies: links to those that we make, which is cheap, or the run's.
+ * files whose checksums have changed. The run links to copies that are made here: a link to the user's file would let a
+ * later change of the file change the pool.
  */
 class PackageSource
 {
@@ -47,7 +47,7 @@ public:
                   const QString &codename,
                   const QVector<Package> &packages);
 
-    /** False when the folder could not be made. */
+    /** False when the folder or a copy could not be made. */
     bool isValid() const { return m_config && m_config->isValid(); }
     /** For the run, which gets the arguments. */
     PrivateConfig &config() { return *m_config; }
@@ -57,13 +57,8 @@ private:
     ScratchFolder m_folder;
     QString m_codename;
     std::optional<PrivateConfig> m_config;
-    std::optional<IncomingFiles> m_copies;
-    QHash<QString, QString> m_links; ///< names of the links in the folder, by their targets
+    IncomingFiles m_copies;
 
     bool
     write(const QVector<Package> &packages, const QStringList &components, const QStringList &architectures);
-    /** The paths by which the source has copies of the files; empty when one could not be made. */
-    QStringList copy(const QVector<Package> &packages);
-    /** The path by which the source has the file of an absolute path; empty when it could not be made. */
-    QString link(const QString &path);
 };

@@ -186,15 +186,12 @@ bool PackageSourceRules::areOptionsPlain(const QString &options)
 
 QByteArray PackageSourceRules::updates(const QString &folder,
                                        const QStringList &components,
-                                       const QStringList &architectures,
-                                       Way way)
+                                       const QStringList &architectures)
 {
     return "Name: " + RuleName
-           + QStringLiteral("\nMethod: %1:%2\nSuite: x\nComponents: %3\nUDebComponents:\nArchitectures: %4\n")
-                 .arg(way == Linked ? QStringLiteral("file") : QStringLiteral("copy"),
-                      folder,
-                      components.join(QLatin1Char(' ')),
-                      architectures.join(QLatin1Char(' ')))
+           + QStringLiteral(
+                 "\nMethod: file:%1\nSuite: x\nComponents: %2\nUDebComponents:\nArchitectures: %3\n")
+                 .arg(folder, components.join(QLatin1Char(' ')), architectures.join(QLatin1Char(' ')))
                  .toLatin1()
            + "IgnoreRelease: yes\nDownloadListsAs: .\n";
 }
@@ -203,14 +200,6 @@ bool PackageSourceRules::isPlain(const QString &word)
 {
     static const QRegularExpression plain(QStringLiteral("^[A-Za-z0-9/][A-Za-z0-9/._-]*$"));
     return plain.match(word).hasMatch();
-}
-
-QString PackageSourceRules::plainEnd(const QString &path)
-{
-    // The method that copies the files reads a percent sign as the start of a number.
-    static const QRegularExpression plain(
-        QStringLiteral("(?<=/)(?:[A-Za-z0-9][A-Za-z0-9._+~-]*+/)*+[A-Za-z0-9][A-Za-z0-9._+~-]*\\.deb\\z"));
-    return plain.match(path).captured();
 }
 
 QString PackageSourceRules::index(const QString &component, const QString &architecture)

@@ -31,15 +31,10 @@ std::optional<QByteArray> description(const QByteArray &own, const QString &code
 /** Whether the options in the text of conf/options are the same for updates and inclusions. */
 bool areOptionsPlain(const QString &options);
 
-/** How the pool gets the files of the source. A link would let a later change of a user's file change the pool. */
-enum Way : quint8 { Copied, Linked };
 /** The text of conf/updates for our source in a folder, whose path must be a plain one. */
-QByteArray
-updates(const QString &folder, const QStringList &components, const QStringList &architectures, Way way);
+QByteArray updates(const QString &folder, const QStringList &components, const QStringList &architectures);
 /** Whether a path, component or architecture can stand in updates(). */
 bool isPlain(const QString &word);
-/** The end of a file's absolute path that the source can have as it is; empty when not even the name of the file. */
-QString plainEnd(const QString &path);
 /** The index of a component and an architecture, as a path below the folder of updates(). */
 QString index(const QString &component, const QString &architecture);
 } // namespace PackageSourceRules

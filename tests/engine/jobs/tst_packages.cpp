@@ -295,11 +295,6 @@ private Q_SLOTS:
              {"priority x"_s, "--section=x"_s, "architecture i386"_s, "restrict a"_s, "methoddir /x"_s})
             QVERIFY(!areOptionsPlain("verbose\n"_s + option));
         QVERIFY(isPlain("/tmp/velt-1_2.x"_s) && !isPlain("/tmp/a b"_s) && !isPlain("a>b"_s) && !isPlain({}));
-        QCOMPARE(plainEnd("/home/a/x/a_1+b~c-1_all.deb"_s), "home/a/x/a_1+b~c-1_all.deb"_s);
-        QCOMPARE(plainEnd("/home/a b/x.y/z/a.deb"_s), "x.y/z/a.deb"_s);
-        QCOMPARE(plainEnd("/home/../.cache/a.deb"_s), "a.deb"_s);
-        for (const QString &file : {"a_1%3a2.deb"_s, "a b.deb"_s, "a.deb\n"_s, ".deb"_s, "a.udeb/"_s})
-            QVERIFY(plainEnd("/home/x/"_s + file).isEmpty());
     }
 
     /** A copy that changes after the file was read fails the run for all. They go in nevertheless. */
@@ -323,9 +318,6 @@ private Q_SLOTS:
         QCOMPARE(h.inPool("p15"_s), wanted);
         QCOMPARE(runShell("find pool -type f -links +1; find db -name incoming"_s, h.repoPath()), QString());
         QVERIFY(h.listed().size() == 60 && h.settled());
-        // Their folder, to which the runs had a link, is as it was.
-        QVERIFY(std::all_of(
-            files.cbegin(), files.cend(), [](const QString &file) { return QFile::exists(file); }));
         // Where the database lies on another disk, the run makes no links.
         RepoHarness apart;
         const QTemporaryDir far("/dev/shm/veXXXXXX"_s);
