@@ -97,6 +97,9 @@ void BatchInclusion::includeFromSource(const QVector<Candidate> &candidates)
     if (suitable.size() < FewestFiles || m_failures >= MostFailures || !readsForIndex())
         return;
     recordFiles(suitable);
+    // The folder of the copies can be that of a job of another program.
+    if (m_session.isRefused())
+        return;
     PackageSource source(m_context.path(),
                          ConfigFolder(m_context.gate.admit(m_context.path()).configFolder()),
                          m_context.repository.info().codename,

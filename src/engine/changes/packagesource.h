@@ -41,7 +41,7 @@ public:
     /** Whether the source leaves what an inclusion leaves, with this file. */
     static bool suits(const Package &package);
 
-    /** All of the packages must suit. The running job has a restore point, see IncomingFiles. */
+    /** All of the packages must suit. Only for a job that has begun: it has the lock, see IncomingFiles. */
     PackageSource(const QString &repoPath,
                   const ConfigFolder &own,
                   const QString &codename,
