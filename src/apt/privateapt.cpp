@@ -232,6 +232,7 @@ PrivateApt::Outcome PrivateApt::fetch(const StopRequest &stopped,
 
 std::optional<QVector<AptList>> PrivateApt::lists(const StopRequest &stopped, QString *problem)
 {
+    const QMutexLocker lock(&m_mutex);
     if (m_lists.find(stopped))
         return m_lists.lists();
     if (problem != nullptr && !(stopped && stopped()))

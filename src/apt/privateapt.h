@@ -5,6 +5,7 @@
 #include "apt/candidatesource.h"
 
 #include <QDateTime>
+#include <QMutex>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryFile>
@@ -51,7 +52,7 @@ public:
 
     /**
      * The lists that are there, whoever has fetched them. Nothing, with apt's words in `problem`, when apt cannot be
-     * asked, and nothing after a stop.
+     * asked, and nothing after a stop. Thread-safe: copies of AddedSources have one apt.
      */
     std::optional<QVector<AptList>> lists(const StopRequest &stopped, QString *problem = nullptr);
 
@@ -78,7 +79,8 @@ private:
     QTemporaryFile m_sourceList;
     QTemporaryFile m_config;
     bool m_valid = false;
-    AptLists m_lists;
+    QMutex m_mutex;
+    AptLists m_lists; ///< guarded by the mutex
 
     QString filePath(const QString &name) const { return m_folder + QLatin1Char('/') + name; }
     bool makeFolders() const;

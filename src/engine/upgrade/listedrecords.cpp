@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/upgrade/listedrecords.h"
 
-#include <QHash>
 #include <QSet>
 
 #include <string>
